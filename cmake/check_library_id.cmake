@@ -1,0 +1,31 @@
+# Script: fails unless the type library TLB holds the id that IDL gives its library block.
+# widl can write a wrong last byte without a word when a dispinterface comes first in it.
+file(READ ${IDL} text)
+string(REGEX MATCH "uuid\\(([0-9A-Fa-f-]+)\\)[^]]*\\][ \t\r\n]*library[ \t\r\n]" found "${text}")
+if(NOT found)
+  message(FATAL_ERROR "${IDL}: no library block with a uuid")
+endif()
+string(TOLOWER "${CMAKE_MATCH_1}" id)
+string(REPLACE "-" ";" parts "${id}")
+list(GET parts 0 first)
+list(GET parts 1 second)
+list(GET parts 2 third)
+list(GET parts 3 fourth)
+list(GET parts 4 fifth)
+
+# A GUID is stored with its first three fields little-endian.
+function(reverse_bytes hex result)
+  string(REGEX MATCHALL ".." bytes ${hex})
+  list(REVERSE bytes)
+  string(JOIN "" reversed ${bytes})
+  set(${result} ${reversed} PARENT_SCOPE)
+endfunction()
+reverse_bytes(${first} first)
+reverse_bytes(${second} second)
+reverse_bytes(${third} third)
+
+file(READ ${TLB} content HEX)
+string(FIND "${content}" "${first}${second}${third}${fourth}${fifth}" position)
+if(position EQUAL -1)
+  message(FATAL_ERROR "${TLB}: the library id ${id} of ${IDL} is not in it")
+endif()

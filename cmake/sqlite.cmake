@@ -1,0 +1,17 @@
+# sqlite3: the pinned amalgamation, the same version natively and on Windows.
+set(sqlite_dir ${PROJECT_SOURCE_DIR}/build/third_party/sqlite3)
+execute_process(
+  COMMAND ${PROJECT_SOURCE_DIR}/scripts/fetch-sqlite ${sqlite_dir}
+  COMMAND_ERROR_IS_FATAL ANY)
+
+add_library(sqlite3 STATIC EXCLUDE_FROM_ALL ${sqlite_dir}/sqlite3.c)
+target_include_directories(sqlite3 SYSTEM INTERFACE ${sqlite_dir})
+target_compile_definitions(sqlite3 PRIVATE
+  SQLITE_THREADSAFE=1
+  SQLITE_DEFAULT_MEMSTATUS=0
+  SQLITE_OMIT_LOAD_EXTENSION)
+# Not ours: neither our warnings nor warnings as errors.
+target_compile_options(sqlite3 PRIVATE -w)
+if(NOT WIN32)
+  target_link_libraries(sqlite3 INTERFACE m pthread)
+endif()

@@ -1,0 +1,39 @@
+# add_type_library: widl turns an .idl file into NAME.h, NAME_i.c (its GUIDs) and NAME.tlb
+# under generated/windows/idl, so that sources include "windows/idl/NAME.h" and resource
+# scripts name "windows/idl/NAME.tlb".
+
+find_path(WINE_IDL_DIR oaidl.idl
+  PATHS /usr/include/wine/wine/windows /usr/include/wine/windows
+  NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+# The type library format does not depend on the target; the 64-bit Wine's copy serves both.
+find_path(STDOLE2_DIR stdole2.tlb
+  PATHS /usr/lib/x86_64-linux-gnu/wine/x86_64-windows /usr/lib/wine/x86_64-windows
+  NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+
+# add_type_library(TARGET IDL_FILE...): an INTERFACE library that carries the include folder
+# and the build order.
+function(add_type_library target)
+  set(root ${PROJECT_BINARY_DIR}/generated)
+  set(folder ${root}/windows/idl)
+  file(MAKE_DIRECTORY ${folder})
+  set(outputs)
+  foreach(idl IN LISTS ARGN)
+    cmake_path(GET idl STEM name)
+    add_custom_command(
+      OUTPUT ${folder}/${name}.h ${folder}/${name}_i.c ${folder}/${name}.tlb
+      COMMAND ${PRICEDOWN_WIDL} -I ${WINE_IDL_DIR} -L ${STDOLE2_DIR}
+        -h -H ${folder}/${name}.h -u -U ${folder}/${name}_i.c ${idl}
+      COMMAND ${PRICEDOWN_WIDL} -I ${WINE_IDL_DIR} -L ${STDOLE2_DIR}
+        -t -T ${folder}/${name}.tlb ${idl}
+      COMMAND ${CMAKE_COMMAND} -D IDL=${idl} -D TLB=${folder}/${name}.tlb
+        -P ${PROJECT_SOURCE_DIR}/cmake/check_library_id.cmake
+      DEPENDS ${idl} ${PROJECT_SOURCE_DIR}/cmake/check_library_id.cmake
+      VERBATIM)
+    list(APPEND outputs ${folder}/${name}.h ${folder}/${name}_i.c ${folder}/${name}.tlb)
+  endforeach()
+  add_custom_target(${target}_files DEPENDS ${outputs})
+  add_library(${target} INTERFACE)
+  # SYSTEM: generated code does not meet our warnings.
+  target_include_directories(${target} SYSTEM INTERFACE ${root})
+  add_dependencies(${target} ${target}_files)
+endfunction()

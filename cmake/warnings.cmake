@@ -1,0 +1,45 @@
+# project_options: how every target of ours is compiled and linked. Third-party code
+# (SQLite, GoogleTest) does not link it and keeps its own warnings.
+add_library(project_options INTERFACE)
+
+target_compile_features(project_options INTERFACE cxx_std_20)
+
+target_compile_options(project_options INTERFACE
+  -Wall -Wextra -Wpedantic -Werror
+  -Wshadow
+  -Wconversion -Wsign-conversion -Wdouble-promotion
+  -Wold-style-cast
+  -Wcast-align
+  -Woverloaded-virtual
+  -Wformat=2
+  -Wimplicit-fallthrough
+  -Wduplicated-cond -Wlogical-op
+  -Wextra-semi
+  -Wredundant-decls
+  -fstack-protector-strong)
+target_compile_definitions(project_options INTERFACE _GLIBCXX_ASSERTIONS)
+
+if(WIN32)
+  target_compile_definitions(project_options INTERFACE
+    UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX
+    _WIN32_WINNT=0x0601 WINVER=0x0601 _WIN32_IE=0x0800)
+  # The runtime goes into the binary: the suite's machines have no mingw libraries.
+  target_link_options(project_options INTERFACE
+    -static -Wl,--dynamicbase -Wl,--nxcompat)
+  if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+    target_link_options(project_options INTERFACE -Wl,--high-entropy-va)
+  endif()
+else()
+  # Not on Windows: COM interfaces have no virtual destructor by their binary contract.
+  target_compile_options(project_options INTERFACE -Wnon-virtual-dtor)
+  target_link_options(project_options INTERFACE -Wl,-z,relro -Wl,-z,now)
+endif()
+
+if(PRICEDOWN_SANITIZE)
+  set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_compile_options(project_options INTERFACE ${sanitizers})
+  target_link_options(project_options INTERFACE ${sanitizers})
+else()
+  # Sanitizers intercept what fortify would check, and the two do not mix.
+  target_compile_definitions(project_options INTERFACE _FORTIFY_SOURCE=2)
+endif()
