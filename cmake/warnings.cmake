@@ -24,8 +24,9 @@ if(WIN32)
     UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX
     _WIN32_WINNT=0x0601 WINVER=0x0601 _WIN32_IE=0x0800)
   # The runtime goes into the binary: the suite's machines have no mingw libraries.
+  # -fstack-protector-strong again: at link time it brings in libssp.
   target_link_options(project_options INTERFACE
-    -static -Wl,--dynamicbase -Wl,--nxcompat)
+    -static -fstack-protector-strong -Wl,--dynamicbase -Wl,--nxcompat)
   if(CMAKE_SIZEOF_VOID_P EQUAL 8)
     target_link_options(project_options INTERFACE -Wl,--high-entropy-va)
   endif()
