@@ -1,0 +1,58 @@
+// The one font that tree, grid, measuring label and print control share, and how it is kept.
+// The print control's font is the master copy; printing itself is not here.
+#pragma once
+
+#include <string_view>
+
+#include "browser/font.h"
+#include "browser/sheet.h"
+#include "env/environment.h"
+
+namespace pricedown {
+
+inline constexpr std::u16string_view kGridFontKey = u"GridFont";
+inline constexpr std::u16string_view kReportFontSizeKey = u"RptFontSize";
+
+// What the display font needs of the window.
+class FontView {
+ public:
+  virtual ~FontView() = default;
+  virtual void SetTreeFont(const Font& font) = 0;
+  // Gives the measuring label the font and answers the label's height in twips.
+  virtual std::int32_t MeasureLabel(const Font& font) = 0;
+};
+
+// Font and row height of the print control.
+struct LedgerAppearance {
+  Font font;
+  std::int32_t rowHeight = 285;  // twips
+};
+
+class DisplayFont {
+ public:
+  DisplayFont(Environment& environment, LedgerAppearance& ledger, Sheet& sheet, FontView& view)
+      : environment_(environment), ledger_(ledger), sheet_(sheet), view_(view) {}
+
+  // Applies the size of "RptFontSize" unless the user has chosen a font or the size is the one
+  // applied last or outside 9 to 18. Errors end it silently.
+  void Refresh();
+
+  // Takes the font from a kept "GridFont" text and applies it; entries that are absent or bad
+  // leave that part of the font as it is.
+  void Restore(std::u16string_view settings);
+
+  // Copies the print control's font to tree, label and grid and sets the grid's row heights.
+  void Apply();
+
+  // Keeps the print control's font under "GridFont". Throws AutomationError.
+  void Save();
+
+ private:
+  Environment& environment_;
+  LedgerAppearance& ledger_;
+  Sheet& sheet_;
+  FontView& view_;
+  double lastAppliedSize_ = 0;
+};
+
+}  // namespace pricedown

@@ -1,0 +1,58 @@
+// Fills the item grid for a node of the class tree and locks what may not be edited.
+// The cells are in sheet.h; which node is meant is decided by the class tree.
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include "browser/browser_state.h"
+#include "browser/sheet.h"
+#include "browser/sheet_object.h"
+#include "env/environment.h"
+
+namespace pricedown {
+
+// Columns of the item grid.
+namespace grid_columns {
+inline constexpr std::int32_t kCode = 1;
+inline constexpr std::int32_t kName = 2;
+inline constexpr std::int32_t kModel = 3;
+inline constexpr std::int32_t kPrice = 4;
+inline constexpr std::int32_t kCount = 4;
+}  // namespace grid_columns
+
+inline constexpr double kPriceUpperBound = 99999999999.99;
+
+class ItemGrid {
+ public:
+  ItemGrid(Environment& environment, BrowserState& state);
+  ~ItemGrid();
+
+  // Titles, widths and the first block; part of the control's creation.
+  void Prepare();
+
+  // Lists the items of the node with that key. A failure is shown to the user in a message and
+  // leaves what was filled so far; it is not thrown.
+  void LoadItemGrid(std::u16string_view nodeKey);
+
+  // Locks all cells when the user's data scope is 0. Throws nothing of its own.
+  void ApplyScopeLock();
+
+  // Drops rows and the kept recordset.
+  void Release();
+
+  Sheet& Cells() { return sheet_; }
+  // The grid as hosts see it.
+  ObjectPtr Object() const { return object_; }
+
+ private:
+  void Fill(std::u16string_view nodeKey);
+  void LockRange(const CellRange& range);
+
+  Environment& environment_;
+  BrowserState& state_;
+  Sheet sheet_;
+  std::shared_ptr<SheetObject> object_;
+};
+
+}  // namespace pricedown

@@ -1,0 +1,59 @@
+// The layout of the control: sizes in, named rectangles out, all in twips.
+// It is arithmetic only; the window converts to pixels and moves its children.
+#pragma once
+
+#include <cstdint>
+
+namespace pricedown {
+
+struct Rectangle {
+  std::int32_t left = 0;
+  std::int32_t top = 0;
+  std::int32_t width = 0;
+  std::int32_t height = 0;
+  bool operator==(const Rectangle&) const = default;
+};
+
+struct Size {
+  std::int32_t width = 0;
+  std::int32_t height = 0;
+};
+
+// The least width of either pane while the splitter is dragged.
+inline constexpr std::int32_t kLeastPaneWidth = 1680;
+inline constexpr std::int32_t kSplitterWidth = 75;
+// What the grid's width is less than its pane's.
+inline constexpr std::int32_t kGridMargin = 50;
+inline constexpr std::int32_t kDefaultSplitter = 3600;
+
+struct LayoutInput {
+  Size control;
+  std::int32_t splitter = kDefaultSplitter;  // width of the tree pane
+  bool toolStripVisible = true;
+  bool statusBarVisible = true;
+};
+
+// Every child of the control. A hidden one has height 0. Nothing has a negative size.
+struct Layout {
+  Rectangle title;           // lbl_Title
+  Rectangle period;          // lblPeriod
+  Rectangle upperLine;       // Line1
+  Rectangle toolStrip;       // tbToolBar
+  Rectangle lowerLine;       // Line3
+  Rectangle classHeading;    // SSPTitleClass
+  Rectangle tree;            // tvwBase
+  Rectangle splitter;        // imgSplitVer
+  Rectangle itemHeading;     // SSPTitleItem
+  Rectangle gridPane;        // pic
+  Rectangle grid;            // vaList, inside the grid pane
+  Rectangle statusBar;       // sbStatusBar
+  Rectangle progressBar;     // pbar, over the status bar's last panel
+  bool operator==(const Layout&) const = default;
+};
+
+Layout ComputeLayout(const LayoutInput& input);
+
+// A proposed splitter position inside its limits for that control width.
+std::int32_t ClampSplitter(std::int32_t proposed, std::int32_t controlWidth);
+
+}  // namespace pricedown

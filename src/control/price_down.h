@@ -1,0 +1,114 @@
+// The control `PriceDown` without its windows: creation, showing, host events, layout, commands.
+// The Windows layer owns one per control, forwards COM calls and window events, and shows.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "browser/class_tree.h"
+#include "browser/display_font.h"
+#include "browser/item_grid.h"
+#include "control/command_bar.h"
+#include "control/splitter.h"
+#include "control/views.h"
+#include "env/environment.h"
+
+namespace pricedown {
+
+// Everything that a control needs from outside; all must outlive it.
+struct PriceDownPorts {
+  ObjectFactory& factory;
+  ProcessState& state;
+  UserQuestions& questions;
+  Screen& screen;
+  ContainerWindow& container;
+  PriceDownView& view;
+  ClassTreeView& treeView;
+  FontView& fontView;
+  std::u16string application;  // the host program's name
+  // The control as the suite's form resources see it: its captions by name.
+  ObjectPtr form;
+};
+
+class PriceDown {
+ public:
+  explicit PriceDown(PriceDownPorts ports);
+  ~PriceDown();
+  PriceDown(const PriceDown&) = delete;
+  PriceDown& operator=(const PriceDown&) = delete;
+
+  // Creation. Every step runs even when an earlier one failed, so that the control is whole; the
+  // first failure is thrown at the end as AutomationError.
+  void Initialize();
+  // Keeps the selected node and releases everything of the suite and the host. Failing steps are
+  // skipped; harmless when called again.
+  void Terminate();
+
+  // The public members, in the order of the control's interface.
+  void NotifyMessage(std::u16string_view message);
+  void RefreshToolbar();
+  bool Show(const Value& parentWindow);
+  void SetShowMode(std::int16_t mode) { showMode_ = mode; }
+  void ParentWindow_ToolBarClick(const ObjectPtr& tool);
+  void SelBlock(const ObjectPtr& grid, const Value& column, const Value& column2,
+                const Value& row, const Value& row2);
+  Value PreviewPara();
+  Value PrintPara();
+  Value ModelCurrent();
+  Value addRecord();
+  Value editRecord();
+  Value delRecord();
+
+  // Events of the control's own windows. Errors of commands are thrown as AutomationError.
+  void Resized();
+  void SplitterDown();
+  void SplitterMoved(std::int32_t offset);  // twips from the splitter's left edge
+  void SplitterUp();
+  // Moves the splitter from the keyboard, by twips.
+  void MoveSplitter(std::int32_t distance);
+  void NodeClicked(NodeIndex node);
+  void StripButtonClicked(std::u16string_view key);
+
+  // What the windows show and what hosts reach.
+  Sheet& ItemSheet() { return grid_.Cells(); }
+  ObjectPtr GridObject() const { return grid_.Object(); }
+  const std::shared_ptr<CommandBar>& Bar() const { return bar_; }
+  const NodeCollection& Nodes() const { return tree_.Nodes(); }
+  const BrowserState& Browser() const { return browser_; }
+  const std::u16string& Title() const { return title_; }
+  bool MaintenanceMode() const { return maintenanceMode_; }
+
+ private:
+  void DisableClassCommands();
+  void SetPeriodLabel();
+  void SetTitleFont();
+  void TakeCaption();
+  void RestoreSelection();
+  void RestoreFont();
+  void MergeToolbar();
+  void LayOut();
+  void LayOutByCheckedTools();  // layout mode 5
+  void BarToolClicked(const ObjectPtr& tool);
+  void RunStripCommand(std::u16string_view key);
+  void ToggleTool(const ObjectPtr& tool, std::u16string_view name);
+
+  PriceDownPorts ports_;
+  Environment environment_;
+  BrowserState browser_;
+  LedgerAppearance ledger_;
+  ItemGrid grid_;
+  ClassTree tree_;
+  DisplayFont font_;
+  std::shared_ptr<CommandBar> bar_;
+  Splitter splitter_;
+  ObjectPtr parentWindow_;
+  std::u16string title_;
+  bool maintenanceMode_ = false;
+  std::int16_t showMode_ = 0;
+  bool toolStripVisible_ = true;
+  bool statusBarVisible_ = true;
+  bool terminated_ = false;
+};
+
+}  // namespace pricedown

@@ -1,0 +1,39 @@
+// What the control needs of its window and of the window that contains it.
+// Tree, grid and font have their own ports in browser/.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "control/layout.h"
+
+namespace pricedown {
+
+class PriceDownView {
+ public:
+  virtual ~PriceDownView() = default;
+  virtual void SetTitle(std::u16string_view text) = 0;
+  // An empty name leaves the font's name and character set as they are.
+  virtual void SetTitleFont(std::u16string_view name, std::int32_t charset, double points) = 0;
+  virtual void SetPeriod(std::u16string_view text) = 0;
+  // Position from 1.
+  virtual void SetStripButtonEnabled(std::size_t position, bool enabled) = 0;
+  // The inner size of the control in twips.
+  virtual Size ControlSize() const = 0;
+  virtual void Place(const Layout& layout) = 0;
+  // The drag bar at a splitter position, inside the given rectangle; hidden by HideDragBar.
+  virtual void ShowDragBar(const Rectangle& bar) = 0;
+  virtual void HideDragBar() = 0;
+};
+
+class ContainerWindow {
+ public:
+  virtual ~ContainerWindow() = default;
+  // Throws AutomationError when the control has no container.
+  virtual std::u16string Caption() const = 0;
+  // Sends WM_CLOSE to the window. Throws AutomationError when the control has no container.
+  virtual void Close() = 0;
+};
+
+}  // namespace pricedown

@@ -1,0 +1,28 @@
+// Texts and fonts of other languages, from the suite's form resources.
+// For the built-in language the texts stay as they are and no object is made for them.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "platform/automation.h"
+
+namespace pricedown {
+
+// Lets the suite replace the captions of the control `form`. Nothing happens for "chs".
+// Throws AutomationError.
+void LoadControlTexts(ObjectFactory& factory, const ObjectPtr& form);
+
+// The same for a form whose texts are kept under `key`, multi-language column headers included.
+void LoadFormTexts(ObjectFactory& factory, const ObjectPtr& form, std::u16string_view key);
+
+struct FontProperties {
+  std::u16string name;  // empty when the suite gives none
+  std::int32_t charset = 1;
+};
+
+// The suite's font for titles in its language. Throws AutomationError.
+FontProperties ReadFontProperties(ObjectFactory& factory);
+
+}  // namespace pricedown

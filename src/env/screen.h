@@ -1,0 +1,21 @@
+// The port to the screen and the message queue, as far as the core needs them.
+// Windows and their contents are ports of the rooms that own them.
+#pragma once
+
+#include <cstdint>
+
+namespace pricedown {
+
+enum class MousePointer : std::int32_t { Default = 0, Hourglass = 11 };
+
+class Screen {
+ public:
+  virtual ~Screen() = default;
+  virtual void SetMousePointer(MousePointer pointer) = 0;
+  // Lets pending window messages run, and returns when there are none.
+  virtual void RunPendingMessages() = 0;
+  // Twips per pixel, vertically; 15 at 96 dpi.
+  virtual double TwipsPerPixelY() const = 0;
+};
+
+}  // namespace pricedown

@@ -1,0 +1,54 @@
+// The port to late-bound objects: the suite's, the host's, and our own that others call by name.
+// It carries calls only; conversions are in convert.h, the Windows side is src/windows/com.
+#pragma once
+
+#include <initializer_list>
+#include <span>
+#include <string_view>
+
+#include "platform/value.h"
+
+namespace pricedown {
+
+// Identifies a member of one object after its name has been looked up.
+using MemberId = std::int32_t;
+inline constexpr MemberId kDefaultMember = 0;
+
+// How a member is used. `Call` is a method call or the reading of a property, as a late-bound
+// client that wants the result sends it.
+enum class Access { Call, Put, PutReference };
+
+class AutomationObject {
+ public:
+  virtual ~AutomationObject() = default;
+
+  // The id of a member, looked up without regard to case; the empty name is the default member.
+  // Throws AutomationError (UnknownName) when there is none.
+  virtual MemberId Find(std::u16string_view name) = 0;
+
+  // Runs a member. For a put the new value is the last argument. Arguments made by
+  // Value::ByReference are written back. Throws AutomationError when the object fails.
+  virtual Value Invoke(MemberId member, Access access, std::span<Value> arguments) = 0;
+
+  // Name look-up and call in one step.
+  Value Call(std::u16string_view name, std::initializer_list<Value> arguments = {});
+  Value Get(std::u16string_view name) { return Call(name); }
+  void Put(std::u16string_view name, Value value);
+  // obj.name(index) = value; the empty name is the default member.
+  void PutIndexed(std::u16string_view name, Value index, Value value);
+  // Set obj.name = object.
+  void PutReference(std::u16string_view name, ObjectPtr object);
+};
+
+// Creates objects by ProgID.
+class ObjectFactory {
+ public:
+  virtual ~ObjectFactory() = default;
+  // Never null. Throws AutomationError (CannotCreateObject) naming the ProgID.
+  virtual ObjectPtr Create(std::u16string_view progId) = 0;
+};
+
+// The object in `value`. Throws AutomationError (ObjectNotSet) naming `what` when there is none.
+ObjectPtr RequireObject(const Value& value, std::u16string_view what);
+
+}  // namespace pricedown

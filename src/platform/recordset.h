@@ -1,0 +1,72 @@
+// A recordset reached late-bound: named wrappers over the members that the library uses.
+// It owns one reference to the object and no data; the reading of many rows is in row_reader.h.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "platform/automation.h"
+
+namespace pricedown {
+
+// One column as it is declared when a recordset is made.
+struct FieldDefinition {
+  std::u16string name;
+  std::int32_t type = 0;         // ADO DataTypeEnum
+  std::int32_t definedSize = 0;  // characters for texts, 0 where the type has its own size
+  std::int32_t attributes = 0;   // ADO FieldAttributeEnum
+  std::int32_t precision = 0;    // digits, for numeric only
+  std::int32_t scale = 0;        // digits behind the point, for numeric only
+};
+
+// ADO DataTypeEnum and FieldAttributeEnum values that the library uses.
+namespace ado {
+inline constexpr std::int32_t kInteger = 3;
+inline constexpr std::int32_t kDouble = 5;
+inline constexpr std::int32_t kNumeric = 131;
+inline constexpr std::int32_t kVarWChar = 202;
+inline constexpr std::int32_t kFieldIsNullable = 0x20;
+inline constexpr std::int32_t kUseClient = 3;
+}  // namespace ado
+
+// Every method throws AutomationError when the object fails; a default-made one has no object
+// and fails with ObjectNotSet.
+class Recordset {
+ public:
+  Recordset() = default;
+  explicit Recordset(ObjectPtr object) : object_(std::move(object)) {}
+  // A new client-side ADODB.Recordset without fields, not open.
+  static Recordset Create(ObjectFactory& factory);
+
+  explicit operator bool() const { return object_ != nullptr; }
+  const ObjectPtr& Object() const { return object_; }
+  void Release() { object_.reset(); }
+
+  std::int32_t RecordCount() const;
+  bool AtEnd() const;
+  void MoveFirst() const;
+  void MoveNext() const;
+
+  // The value of a field of the current row; the name's case does not matter.
+  Value Field(std::u16string_view name) const;
+  void SetField(std::u16string_view name, const Value& value) const;
+
+  std::vector<FieldDefinition> Fields() const;
+  void AppendField(const FieldDefinition& field) const;
+  void Open() const;
+  void Close() const;
+
+  void AddNew() const;
+  void Update() const;
+  void UpdateBatch() const;
+  void Delete() const;
+  void SetFilter(std::u16string_view filter) const;
+
+ private:
+  AutomationObject& Required() const;
+
+  ObjectPtr object_;
+};
+
+}  // namespace pricedown

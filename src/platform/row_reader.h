@@ -1,0 +1,39 @@
+// Walks the rows of a recordset from its current one to the end, a block at a time.
+// It reads only; where the recordset has no GetRows it reads field by field.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+#include "platform/cell_block.h"
+#include "platform/recordset.h"
+
+namespace pricedown {
+
+class RowReader {
+ public:
+  // Columns are answered in the order of `fields`, whose texts must outlive the reader.
+  RowReader(const Recordset& recordset, std::vector<std::u16string_view> fields);
+
+  // Moves to the next row; false at the end. Throws AutomationError when the recordset fails;
+  // a further call after a failure answers false, so that a caller who skips errors ends.
+  bool Next();
+
+  // A field of the current row, borrowed until the next call of Next. A value that is neither
+  // text, number nor null is given as its default text. Requires: Next answered true.
+  CellView Field(std::size_t index) const;
+
+ private:
+  bool LoadBlock();
+
+  const Recordset& recordset_;
+  std::vector<std::u16string_view> fields_;
+  CellBlockPtr block_;
+  std::size_t row_ = 0;
+  bool finished_ = false;
+  bool hasBlocks_ = true;
+  mutable std::u16string converted_;
+};
+
+}  // namespace pricedown

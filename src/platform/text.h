@@ -1,0 +1,30 @@
+// Small helpers on UTF-16 text as the suite counts it.
+// Conversions between text and numbers are in convert.h.
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+namespace pricedown {
+
+inline constexpr std::u16string_view kLineBreak = u"\r\n";
+
+// The pieces joined without anything between them.
+std::u16string Concatenate(std::initializer_list<std::u16string_view> pieces);
+
+// Without leading and trailing blanks (U+0020 only).
+std::u16string_view Trim(std::u16string_view text);
+
+// ASCII letters compare equal in either case; for names of members, columns and settings.
+bool EqualsIgnoringCase(std::u16string_view left, std::u16string_view right);
+
+// Letters of the ASCII, Latin-1, Greek, Cyrillic and full-width ranges in upper case, one code
+// unit for one; everything else stays.
+std::u16string UpperCase(std::u16string_view text);
+
+// Lossless for well-formed text; a lone surrogate or bad byte becomes U+FFFD.
+std::string ToUtf8(std::u16string_view text);
+std::u16string FromUtf8(std::string_view text);
+
+}  // namespace pricedown

@@ -1,0 +1,117 @@
+// The one value type of the core: what a late-bound call takes and answers.
+// It is not a database type and knows nothing of COM; src/windows/com converts it to VARIANT.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace pricedown {
+
+class AutomationObject;
+class CellBlock;
+class Value;
+
+using ObjectPtr = std::shared_ptr<AutomationObject>;
+using CellBlockPtr = std::shared_ptr<const CellBlock>;
+using ValueListPtr = std::shared_ptr<const std::vector<Value>>;
+
+// A database null: there is a field, it holds nothing.
+struct Null {
+  bool operator==(const Null&) const = default;
+};
+
+// An optional argument that the caller left out.
+struct Missing {
+  bool operator==(const Missing&) const = default;
+};
+
+// A point in time: days since 1899-12-30, the fraction is the time of day.
+struct Date {
+  double days = 0;
+  bool operator==(const Date&) const = default;
+};
+
+// Copyable; objects, blocks and lists are shared, everything else is copied.
+class Value {
+ public:
+  // In the order of the alternatives of the storage.
+  enum class Kind {
+    Empty,
+    Null,
+    Missing,
+    Boolean,
+    Int16,
+    Int32,
+    Double,
+    Date,
+    Text,
+    Object,
+    Block,
+    List,
+    Reference
+  };
+
+  Value() = default;
+  Value(Null null) : storage_(null) {}
+  Value(Missing missing) : storage_(missing) {}
+  Value(bool boolean) : storage_(boolean) {}
+  Value(std::int16_t number) : storage_(number) {}
+  Value(std::int32_t number) : storage_(number) {}
+  Value(double number) : storage_(number) {}
+  Value(Date date) : storage_(date) {}
+  Value(std::u16string text) : storage_(std::move(text)) {}
+  Value(std::u16string_view text) : storage_(std::u16string(text)) {}
+  Value(const char16_t* text) : storage_(std::u16string(text)) {}
+  // A null pointer is the object "nothing".
+  Value(ObjectPtr object) : storage_(std::move(object)) {}
+  Value(std::nullptr_t) : storage_(ObjectPtr()) {}
+  Value(CellBlockPtr block) : storage_(std::move(block)) {}
+  Value(std::vector<Value> list)
+      : storage_(ValueListPtr(std::make_shared<const std::vector<Value>>(std::move(list)))) {}
+  // Without this an unrelated pointer would silently become a boolean.
+  Value(const void*) = delete;
+
+  // An argument by reference: the callee's answer is written to `target`, which must outlive
+  // the call.
+  static Value ByReference(Value& target);
+
+  Kind GetKind() const { return static_cast<Kind>(storage_.index()); }
+  bool Is(Kind kind) const { return GetKind() == kind; }
+  // True for Empty, Null and Missing.
+  bool IsNothing() const { return storage_.index() <= static_cast<std::size_t>(Kind::Missing); }
+
+  // The alternative itself; throws AutomationError (type mismatch) when it is another one.
+  bool Boolean() const;
+  std::int16_t Int16() const;
+  std::int32_t Int32() const;
+  double Double() const;
+  Date DateValue() const;
+  const std::u16string& Text() const;
+  const ObjectPtr& Object() const;
+  const CellBlockPtr& Block() const;
+  const std::vector<Value>& List() const;
+  Value& Target() const;
+
+  // The value behind a reference, or this value.
+  const Value& Resolved() const;
+
+  // Same kind and same content; objects, blocks, lists and references by identity.
+  bool operator==(const Value&) const = default;
+
+ private:
+  using Storage = std::variant<std::monostate, Null, Missing, bool, std::int16_t, std::int32_t,
+                               double, Date, std::u16string, ObjectPtr, CellBlockPtr, ValueListPtr,
+                               Value*>;
+
+  template <typename T>
+  const T& As() const;
+
+  Storage storage_;
+};
+
+}  // namespace pricedown

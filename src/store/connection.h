@@ -1,0 +1,25 @@
+// The way to the company database: one suite connection object for one command.
+// It holds no statement texts (statements.h) and no connection between commands.
+#pragma once
+
+#include <string_view>
+
+#include "platform/recordset.h"
+
+namespace pricedown {
+
+// Creates a `ZEPConnection.AppConnection`, and releases it at its end.
+class Connection {
+ public:
+  // Throws AutomationError when the suite cannot make the object.
+  explicit Connection(ObjectFactory& factory);
+
+  // Sends the text whole. The answer of a statement without rows may be no recordset at all.
+  // Throws AutomationError with the database's own words.
+  Recordset Execute(std::u16string_view statement);
+
+ private:
+  ObjectPtr object_;
+};
+
+}  // namespace pricedown
