@@ -57,8 +57,6 @@ function(add_test_room room)
   cmake_parse_arguments(PARSE_ARGV 1 test "" "" "LINK")
   add_program(${room}_tests FOLDERS ${room} LINK test_support ${test_LINK} GTest::gmock_main)
   if(TARGET ${room}_tests)
-    set_target_properties(${room}_tests PROPERTIES
-      RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
     add_test(NAME ${room}_tests COMMAND ${room}_tests)
   endif()
 endfunction()
