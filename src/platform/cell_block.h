@@ -29,4 +29,8 @@ class CellBlock {
   virtual Value CellValue(std::size_t column, std::size_t row) const = 0;
 };
 
+// The view of a value that is kept elsewhere, followed through references. Empty and Missing are
+// shown as null.
+CellView ViewOf(const Value& value);
+
 }  // namespace pricedown

@@ -2,6 +2,7 @@
 // The only place with such rules; no locale is consulted, the decimal point is ".".
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -12,29 +13,44 @@ namespace pricedown {
 
 // The default text of a number: the shortest decimal text that keeps 15 significant digits,
 // "." as decimal point, no leading zero dropped (0.5), exponents as 1E+15 from 1E+15 up and
-// below 1E-4 where the plain form would be longer.
+// below 1E-4, where the plain form would be longer. Zero has no sign. Infinities and
+// not-a-number give "1.#INF", "-1.#INF" and "1.#QNAN", which no statement accepts.
 std::u16string NumberText(double number);
 std::u16string NumberText(std::int32_t number);
 
 // The default text of a value: Empty, Null and Missing are "", booleans "True" and "False",
 // dates "yyyy-MM-dd" with " HH:mm:ss" unless the time is midnight. Follows references.
-// Throws AutomationError (TypeMismatch) for objects, blocks and lists.
+// Throws AutomationError: TypeMismatch for objects, blocks and lists, Overflow for dates outside
+// the years 100 to 9999.
 std::u16string ToText(const Value& value);
 
 // The leading number of a text: blanks (also tabs and line breaks) are skipped everywhere,
 // an optional sign, digits, ".", an exponent with E or D, or a prefix &H or &O; reading stops at
 // the first character that does not belong. 0 when the text does not begin with a number.
+// &H and &O numbers up to 16 and up to 32 bits are signed (&HFFFF is -1), a mark "&" behind them
+// makes the narrow ones 32 bits wide. Throws AutomationError (Overflow) beyond a double.
 double LeadingNumber(std::u16string_view text);
 
 // The leading number of a value's default text; numbers as they are; Empty and Null give 0.
 double LeadingNumber(const Value& value);
 
-// Whether a whole text is a number: blanks around it, one sign before or behind, digits with
-// thousands separators ",", one ".", an exponent, &H and &O prefixes. Empty is not a number.
+// For texts that are convertible both to a view and to a value.
+template <std::convertible_to<std::u16string_view> Text>
+double LeadingNumber(const Text& text) {
+  return LeadingNumber(std::u16string_view(text));
+}
+
+// Whether a whole text is a number. Accepted: blanks, tabs and line breaks around it and between
+// sign and digits; one sign "+" or "-", before or behind; digits, with single commas between
+// digits of the whole part, wherever they stand (1,234 and 1,2); one "." with a digit on at least
+// one side; an exponent E or D with an optional sign and digits; or, unsigned, &H or &O and
+// digits of that base. Refused: empty text, anything else, and what no double can hold.
+// Parentheses and currency signs are not accepted.
 bool IsNumeric(std::u16string_view text);
 
-// The number of a value. Texts must be numeric as a whole (IsNumeric); Empty gives 0.
-// Throws AutomationError: TypeMismatch for anything else, Null included.
+// The number of a value. Texts must be numeric as a whole (IsNumeric); Empty gives 0, booleans
+// -1 and 0, dates their days. Throws AutomationError: Overflow for a text that is a number beyond
+// a double, TypeMismatch for anything else, Null and Missing included.
 double ToDouble(const Value& value);
 
 // ToDouble, rounded half to even. Throws AutomationError (Overflow) outside the range.
@@ -43,8 +59,8 @@ std::int32_t ToInt32(const Value& value);
 std::int16_t RoundToInt16(double number);
 std::int32_t RoundToInt32(double number);
 
-// Booleans as they are, numbers unequal 0, the texts "True"/"False" in any case, numeric texts.
-// Empty gives false. Throws AutomationError (TypeMismatch) for anything else.
+// Booleans as they are, the texts "True" and "False" in any case; of everything else whether its
+// number (ToDouble) is unequal 0, so Empty gives false. Throws as ToDouble does.
 bool ToBoolean(const Value& value);
 
 // A number compared with a text: as numbers when the text is numeric, else unequal.

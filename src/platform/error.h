@@ -12,6 +12,7 @@ namespace pricedown {
 // Error numbers as automation reports them (HRESULT, 32 bits, written as signed).
 enum class ErrorNumber : std::int32_t {
   Unspecified = static_cast<std::int32_t>(0x80004005),
+  NotImplemented = static_cast<std::int32_t>(0x80004001),
   OutOfMemory = static_cast<std::int32_t>(0x8007000E),
   InvalidArgument = static_cast<std::int32_t>(0x80070057),
   UnknownName = static_cast<std::int32_t>(0x80020006),

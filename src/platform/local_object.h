@@ -57,9 +57,9 @@ Value LocalObject<T>::Invoke(MemberId id, Access access, std::span<Value> argume
   const Member<T>& member = members[static_cast<std::size_t>(id) - 1];
   const bool put = access != Access::Call;
   const auto kind = static_cast<unsigned>(member.kind);
-  const auto allowed = put ? static_cast<unsigned>(MemberKind::Put)
-                           : static_cast<unsigned>(MemberKind::Method) |
-                                 static_cast<unsigned>(MemberKind::Get);
+  const auto allowed =
+      put ? static_cast<unsigned>(MemberKind::Put)
+          : static_cast<unsigned>(MemberKind::Method) | static_cast<unsigned>(MemberKind::Get);
   if ((kind & allowed) == 0) ThrowMemberNotFound(member.name);
   const std::size_t values = put ? 1 : 0;
   CheckArgumentCount(member.name, arguments.size(), member.least + values, member.most + values);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -25,15 +26,29 @@ class RowReader {
   CellView Field(std::size_t index) const;
 
  private:
-  bool LoadBlock();
+  struct Column {
+    ObjectPtr field;
+    MemberId value;  // the id of the field's Value
+  };
 
-  const Recordset& recordset_;
+  bool NextOfBlock();
+  CellBlockPtr ReadBlock() const;
+  void FindColumns();
+  bool NextByField();
+  void ReadRow();
+
+  Recordset recordset_;
   std::vector<std::u16string_view> fields_;
-  CellBlockPtr block_;
-  std::size_t row_ = 0;
   bool finished_ = false;
   bool hasBlocks_ = true;
-  mutable std::u16string converted_;
+  // By blocks.
+  CellBlockPtr block_;
+  std::size_t row_ = 0;
+  // Field by field.
+  std::vector<Column> columns_;
+  std::vector<Value> values_;
+  // One text per column, for values that are neither text nor number.
+  mutable std::vector<std::u16string> converted_;
 };
 
 }  // namespace pricedown

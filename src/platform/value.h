@@ -104,9 +104,9 @@ class Value {
   bool operator==(const Value&) const = default;
 
  private:
-  using Storage = std::variant<std::monostate, Null, Missing, bool, std::int16_t, std::int32_t,
-                               double, Date, std::u16string, ObjectPtr, CellBlockPtr, ValueListPtr,
-                               Value*>;
+  using Storage =
+      std::variant<std::monostate, Null, Missing, bool, std::int16_t, std::int32_t, double, Date,
+                   std::u16string, ObjectPtr, CellBlockPtr, ValueListPtr, Value*>;
 
   template <typename T>
   const T& As() const;

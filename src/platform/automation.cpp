@@ -1,0 +1,40 @@
+// Calls by member name in terms of look-up and invocation.
+// How an object finds and runs its members is the object's own business.
+#include "platform/automation.h"
+
+#include <array>
+#include <utility>
+#include <vector>
+
+#include "platform/error.h"
+#include "platform/text.h"
+
+namespace pricedown {
+
+Value AutomationObject::Call(std::u16string_view name, std::initializer_list<Value> arguments) {
+  std::vector<Value> copies(arguments);
+  return Invoke(Find(name), Access::Call, copies);
+}
+
+void AutomationObject::Put(std::u16string_view name, Value value) {
+  std::array<Value, 1> arguments{std::move(value)};
+  Invoke(Find(name), Access::Put, arguments);
+}
+
+void AutomationObject::PutIndexed(std::u16string_view name, Value index, Value value) {
+  std::array<Value, 2> arguments{std::move(index), std::move(value)};
+  Invoke(Find(name), Access::Put, arguments);
+}
+
+void AutomationObject::PutReference(std::u16string_view name, ObjectPtr object) {
+  std::array<Value, 1> arguments{Value(std::move(object))};
+  Invoke(Find(name), Access::PutReference, arguments);
+}
+
+ObjectPtr RequireObject(const Value& value, std::u16string_view what) {
+  const Value& resolved = value.Resolved();
+  if (resolved.Is(Value::Kind::Object) && resolved.Object() != nullptr) return resolved.Object();
+  throw AutomationError(ErrorNumber::ObjectNotSet, Concatenate({u"未设置对象: ", what}));
+}
+
+}  // namespace pricedown

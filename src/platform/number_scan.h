@@ -1,0 +1,21 @@
+// Reads numbers out of text: as far as one goes, or a text that is one as a whole.
+// Private to convert.cpp, which documents the accepted forms.
+#pragma once
+
+#include <string_view>
+
+namespace pricedown {
+
+struct ScannedNumber {
+  enum class Outcome { None, Number, Overflow };
+  Outcome outcome = Outcome::None;
+  double number = 0;  // Outcome::Number
+};
+
+// The number that the text begins with, blanks skipped everywhere.
+ScannedNumber ScanLeadingNumber(std::u16string_view text);
+
+// The number that the whole text is.
+ScannedNumber ScanWholeNumber(std::u16string_view text);
+
+}  // namespace pricedown

@@ -1,0 +1,94 @@
+// The walk over a recordset's rows, by blocks where it offers them, else by fields.
+// The recordset's position is the reader's business while it walks.
+#include "platform/row_reader.h"
+
+#include <utility>
+
+#include "platform/convert.h"
+#include "platform/error.h"
+
+namespace pricedown {
+namespace {
+
+// Large enough that the calls per block do not count, small enough to stay in the caches.
+constexpr std::int32_t kRowsPerBlock = 4096;
+
+bool SaysThatMemberIsLacking(const AutomationError& error) {
+  return error.Number() == static_cast<std::int32_t>(ErrorNumber::UnknownName) ||
+         error.Number() == static_cast<std::int32_t>(ErrorNumber::MemberNotFound) ||
+         error.Number() == static_cast<std::int32_t>(ErrorNumber::NotImplemented);
+}
+
+}  // namespace
+
+RowReader::RowReader(const Recordset& recordset, std::vector<std::u16string_view> fields)
+    : recordset_(recordset), fields_(std::move(fields)), converted_(fields_.size()) {}
+
+bool RowReader::Next() {
+  if (finished_) return false;
+  finished_ = true;  // so that a failure below ends the walk
+  const bool found = hasBlocks_ ? NextOfBlock() : NextByField();
+  finished_ = !found;
+  return found;
+}
+
+bool RowReader::NextOfBlock() {
+  if (block_ != nullptr && ++row_ < block_->RowCount()) return true;
+  block_.reset();
+  row_ = 0;
+  // GetRows fails at the end, so ask first.
+  if (recordset_.AtEnd()) return false;
+  try {
+    block_ = ReadBlock();
+  } catch (const AutomationError& error) {
+    if (!SaysThatMemberIsLacking(error)) throw;
+    hasBlocks_ = false;
+    FindColumns();
+    ReadRow();
+    return true;
+  }
+  return block_->RowCount() > 0;
+}
+
+CellBlockPtr RowReader::ReadBlock() const {
+  std::vector<Value> names(fields_.begin(), fields_.end());
+  const Value answer =
+      recordset_.Object()->Call(u"GetRows", {kRowsPerBlock, Missing{}, Value(std::move(names))});
+  CellBlockPtr block = answer.Block();
+  if (block == nullptr || block->ColumnCount() < fields_.size()) {
+    throw AutomationError(ErrorNumber::TypeMismatch, u"GetRows 没有返回所要求的列");
+  }
+  return block;
+}
+
+void RowReader::FindColumns() {
+  const ObjectPtr fields = RequireObject(recordset_.Object()->Get(u"Fields"), u"Fields");
+  for (std::u16string_view name : fields_) {
+    ObjectPtr field = RequireObject(fields->Call(u"", {name}), name);
+    const MemberId value = field->Find(u"Value");
+    columns_.push_back({std::move(field), value});
+  }
+  values_.resize(columns_.size());
+}
+
+bool RowReader::NextByField() {
+  recordset_.MoveNext();
+  if (recordset_.AtEnd()) return false;
+  ReadRow();
+  return true;
+}
+
+void RowReader::ReadRow() {
+  for (std::size_t index = 0; index < columns_.size(); ++index) {
+    values_[index] = columns_[index].field->Invoke(columns_[index].value, Access::Call, {});
+  }
+}
+
+CellView RowReader::Field(std::size_t index) const {
+  const CellView view = hasBlocks_ ? block_->Cell(index, row_) : ViewOf(values_[index]);
+  if (view.kind != CellView::Kind::Other) return view;
+  converted_[index] = ToText(hasBlocks_ ? block_->CellValue(index, row_) : values_[index]);
+  return {CellView::Kind::Text, 0, converted_[index]};
+}
+
+}  // namespace pricedown
