@@ -1,0 +1,47 @@
+// The suite's form resources: captions and fonts of other languages.
+// Which captions a form has is the suite's and the form's business.
+#include "env/language.h"
+
+#include "env/suite_properties.h"
+#include "platform/convert.h"
+#include "platform/text.h"
+
+namespace pricedown {
+namespace {
+
+constexpr std::u16string_view kResources = u"ZEPFrmRes.FrmResLoader";
+constexpr std::u16string_view kColumnHeaders = u"NeedMLColumnHeaders";
+constexpr std::u16string_view kLoadTexts = u"LoadFrmResStrings";
+
+bool HasBuiltInLanguage(ObjectFactory& factory) {
+  return EqualsIgnoringCase(SuiteLanguage(factory), kBuiltInLanguage);
+}
+
+}  // namespace
+
+void LoadControlTexts(ObjectFactory& factory, const ObjectPtr& form) {
+  if (HasBuiltInLanguage(factory)) return;
+  const ObjectPtr resources = factory.Create(kResources);
+  resources->Get(kColumnHeaders);
+  resources->Call(kLoadTexts, {form});
+}
+
+void LoadFormTexts(ObjectFactory& factory, const ObjectPtr& form, std::u16string_view key) {
+  if (HasBuiltInLanguage(factory)) return;
+  const ObjectPtr resources = factory.Create(kResources);
+  resources->Put(kColumnHeaders, true);
+  resources->Call(kLoadTexts, {form, key});
+}
+
+FontProperties ReadFontProperties(ObjectFactory& factory) {
+  const ObjectPtr resources = factory.Create(kResources);
+  const ObjectPtr font = RequireObject(resources->Call(u"GetQ7FontProps", {SuiteLanguage(factory)}),
+                                       u"GetQ7FontProps");
+  FontProperties properties;
+  properties.name = ToText(font->Call(u"", {u"Font.Name"}));
+  const Value charset = font->Call(u"", {u"Font.Charset"});
+  if (!charset.IsNothing()) properties.charset = ToInt32(charset);
+  return properties;
+}
+
+}  // namespace pricedown

@@ -1,0 +1,44 @@
+// The rights check through the suite's ledger-data object.
+// What a right allows is decided by the caller; here is only the question and its refusal.
+#include "env/rights.h"
+
+#include <array>
+
+#include "env/translation.h"
+#include "platform/convert.h"
+
+namespace pricedown {
+namespace {
+
+constexpr std::int32_t kDataScopeNumber = 151;
+
+struct ScopeMask {
+  std::int32_t mask;
+  std::int32_t scope;
+};
+// The widest scope first.
+constexpr std::array<ScopeMask, 3> kScopeMasks{{{0x400000, 2}, {0x200000, 1}, {0x100000, 0}}};
+
+}  // namespace
+
+bool Rights::Check(std::int32_t objectType, std::int32_t objectNumber, std::int32_t accessMask) {
+  if (IsGranted(objectType, objectNumber, accessMask)) return true;
+  messages_.Inform(Translate(u"没有权限,请与系统管理员联系"));
+  return false;
+}
+
+void Rights::ReadDataScope() {
+  for (const ScopeMask& candidate : kScopeMasks) {
+    if (!IsGranted(state_.objectType, kDataScopeNumber, candidate.mask)) continue;
+    state_.dataScope = candidate.scope;
+    return;
+  }
+}
+
+bool Rights::IsGranted(std::int32_t objectType, std::int32_t objectNumber,
+                       std::int32_t accessMask) {
+  if (state_.ledgerData == nullptr) state_.ledgerData = factory_.Create(u"ZEPEBCGLView.GLData");
+  return ToBoolean(state_.ledgerData->Call(u"AccessCheck", {objectType, objectNumber, accessMask}));
+}
+
+}  // namespace pricedown
