@@ -1,0 +1,40 @@
+// What the control's children tell the control's window.
+// A child reports as the last step of its message, because the report may end the control.
+#pragma once
+
+#include <windows.h>
+
+#include <cstddef>
+#include <cstdint>
+
+#include "browser/node_collection.h"
+
+namespace pricedown::windows {
+
+enum class SplitterAction {
+  Press,    // the mouse went down
+  Drag,     // to `pixels` from the splitter's left edge
+  Release,  // the mouse went up
+  Step,     // from the keyboard, by `pixels`
+};
+
+class ChildEvents {
+ public:
+  // The user clicked a node, or selected it by keyboard.
+  virtual void NodeClicked(NodeIndex node) = 0;
+  // Position from 1.
+  virtual void StripButtonClicked(std::size_t position) = 0;
+  virtual void SplitterEvent(SplitterAction action, std::int32_t pixels) = 0;
+  // Tab, which the host did not use.
+  virtual void TabPressed(bool backwards) = 0;
+  // A child has the focus now; `from` lost it and may be null.
+  virtual void FocusEntered(HWND from) = 0;
+  // The sheet shows other rows.
+  virtual void ItemsChanged() = 0;
+  virtual bool Waiting() const = 0;
+
+ protected:
+  ~ChildEvents() = default;
+};
+
+}  // namespace pricedown::windows
