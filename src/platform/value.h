@@ -59,7 +59,7 @@ class Value {
   Value() = default;
   Value(Null null) : storage_(null) {}
   Value(Missing missing) : storage_(missing) {}
-  Value(bool boolean) : storage_(boolean) {}
+  Value(bool truth) : storage_(truth) {}
   Value(std::int16_t number) : storage_(number) {}
   Value(std::int32_t number) : storage_(number) {}
   Value(double number) : storage_(number) {}

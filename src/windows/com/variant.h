@@ -27,6 +27,8 @@ class Variant {
     VariantClear(&variant_);
     return &variant_;
   }
+  // For a function that may replace the content in place.
+  VARIANT* share() { return &variant_; }
   // Takes over what the caller's variant owns and clears the present content.
   void attach(const VARIANT& variant) {
     VARIANT old = std::exchange(variant_, variant);

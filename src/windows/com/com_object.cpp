@@ -1,0 +1,125 @@
+// Name look-up and calls through IDispatch.
+// The conversion of arguments is outgoing_arguments.cpp.
+#include "windows/com/com_object.h"
+
+#include <limits>
+#include <utility>
+
+#include "platform/error.h"
+#include "platform/text.h"
+#include "windows/com/bstr.h"
+#include "windows/com/failure.h"
+#include "windows/com/outgoing_arguments.h"
+#include "windows/com/variant_value.h"
+
+namespace pricedown::windows {
+namespace {
+
+// The texts of a failed call; frees them.
+class CallFailure {
+ public:
+  CallFailure() = default;
+  CallFailure(const CallFailure&) = delete;
+  CallFailure& operator=(const CallFailure&) = delete;
+  ~CallFailure() {
+    SysFreeString(info_.bstrSource);
+    SysFreeString(info_.bstrDescription);
+    SysFreeString(info_.bstrHelpFile);
+  }
+
+  EXCEPINFO* put() { return &info_; }
+
+  [[noreturn]] void Throw(HRESULT code, IDispatch* object) {
+    if (code != DISP_E_EXCEPTION) ThrowErrorInfo(code, object);
+    if (info_.pfnDeferredFillIn != nullptr) info_.pfnDeferredFillIn(&info_);
+    if (info_.wCode != 0) {
+      // A number of the callee's own, in the facility that automation reserves for them.
+      code = MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, info_.wCode);
+    } else if (FAILED(info_.scode)) {
+      code = info_.scode;
+    }
+    ThrowTexts(code, FromBstr(info_.bstrDescription), FromBstr(info_.bstrSource));
+  }
+
+ private:
+  [[noreturn]] static void ThrowTexts(HRESULT code, std::u16string description,
+                                      std::u16string source) {
+    if (description.empty()) description = SystemText(code);
+    throw AutomationError(code, std::move(description), std::move(source));
+  }
+
+  // Some servers answer a plain code and leave the words in the thread's error info.
+  [[noreturn]] static void ThrowErrorInfo(HRESULT code, IDispatch* object) {
+    Bstr description;
+    Bstr source;
+    const auto support = ComPtr<IDispatch>::Share(object).As<ISupportErrorInfo>();
+    ComPtr<IErrorInfo> info;
+    if (support && support->InterfaceSupportsErrorInfo(IID_IDispatch) == S_OK &&
+        GetErrorInfo(0, info.put()) == S_OK) {
+      info->GetDescription(description.put());
+      info->GetSource(source.put());
+    }
+    ThrowTexts(code, description.Text(), source.Text());
+  }
+
+  EXCEPINFO info_{};
+};
+
+WORD FlagsOf(Access access) {
+  switch (access) {
+    case Access::Put:
+      return DISPATCH_PROPERTYPUT;
+    case Access::PutReference:
+      return DISPATCH_PROPERTYPUTREF;
+    case Access::Call:
+      break;
+  }
+  return DISPATCH_METHOD | DISPATCH_PROPERTYGET;
+}
+
+}  // namespace
+
+MemberId ComObject::Find(std::u16string_view name) {
+  if (name.empty()) return kDefaultMember;
+  std::u16string key(name);
+  if (const auto found = members_.find(key); found != members_.end()) return found->second;
+  std::wstring wide = ToWide(name);
+  LPOLESTR names[] = {wide.data()};
+  DISPID id = DISPID_UNKNOWN;
+  const auto object = object_.Copy();
+  const HRESULT code = object->GetIDsOfNames(IID{}, names, 1, LOCALE_USER_DEFAULT, &id);
+  if (code == DISP_E_UNKNOWNNAME) {
+    throw AutomationError(ErrorNumber::UnknownName,
+                          Concatenate({u"对象不支持此属性或方法: ", name}));
+  }
+  ThrowIfFailed(code);
+  members_.emplace(std::move(key), id);
+  return id;
+}
+
+Value ComObject::Invoke(MemberId member, Access access, std::span<Value> arguments) {
+  OutgoingArguments outgoing(arguments);
+  const std::span<VARIANT> reversed = outgoing.Reversed();
+  const bool put = access != Access::Call;
+  DISPID putId = DISPID_PROPERTYPUT;
+  DISPPARAMS parameters{};
+  parameters.rgvarg = reversed.data();
+  parameters.cArgs = static_cast<UINT>(reversed.size());
+  if (put) {
+    parameters.rgdispidNamedArgs = &putId;
+    parameters.cNamedArgs = 1;
+  }
+  Variant result;
+  CallFailure failure;
+  UINT badArgument = 0;
+  // The call may release this object.
+  const auto object = object_.Copy();
+  const HRESULT code =
+      object->Invoke(member, IID{}, LOCALE_USER_DEFAULT, FlagsOf(access), &parameters,
+                     put ? nullptr : result.put(), failure.put(), &badArgument);
+  if (FAILED(code)) failure.Throw(code, object.get());
+  outgoing.WriteBack();
+  return TakeVariant(std::move(result));
+}
+
+}  // namespace pricedown::windows

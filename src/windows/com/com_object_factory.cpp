@@ -1,0 +1,32 @@
+// The creation of an object by its ProgID.
+// Registration of our own classes is registration.cpp.
+#include "windows/com/com_object_factory.h"
+
+#include <objbase.h>
+
+#include "platform/error.h"
+#include "platform/text.h"
+#include "windows/com/com_ptr.h"
+#include "windows/com/failure.h"
+#include "windows/com/variant_value.h"
+#include "windows/com/wide_text.h"
+
+namespace pricedown::windows {
+
+ObjectPtr ComObjectFactory::Create(std::u16string_view progId) {
+  CLSID classId{};
+  ComPtr<IDispatch> object;
+  HRESULT code = CLSIDFromProgID(ToWide(progId).c_str(), &classId);
+  if (SUCCEEDED(code)) {
+    code = CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
+                            IID_IDispatch, object.putVoid());
+  }
+  if (FAILED(code) || !object) {
+    throw AutomationError(ErrorNumber::CannotCreateObject,
+                          Concatenate({u"不能创建对象: ", progId, u" (", SystemText(code), u")"}),
+                          std::u16string(progId));
+  }
+  return FromDispatch(object.get());
+}
+
+}  // namespace pricedown::windows

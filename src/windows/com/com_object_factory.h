@@ -1,0 +1,15 @@
+// Objects by ProgID from COM.
+// What is done with them is the core's.
+#pragma once
+
+#include "platform/automation.h"
+
+namespace pricedown::windows {
+
+// Requires: COM is initialised on the thread.
+class ComObjectFactory final : public ObjectFactory {
+ public:
+  ObjectPtr Create(std::u16string_view progId) override;
+};
+
+}  // namespace pricedown::windows

@@ -1,0 +1,77 @@
+// Calls from COM to an automation object.
+// Arguments are incoming_arguments.cpp, failures call_result.cpp.
+#include "windows/com/dispatch_object.h"
+
+#include "platform/error.h"
+#include "windows/com/call_result.h"
+#include "windows/com/incoming_arguments.h"
+#include "windows/com/variant_value.h"
+#include "windows/com/wide_text.h"
+
+namespace pricedown::windows {
+namespace {
+
+Access AccessOf(WORD flags) {
+  if ((flags & DISPATCH_PROPERTYPUTREF) != 0) return Access::PutReference;
+  if ((flags & DISPATCH_PROPERTYPUT) != 0) return Access::Put;
+  return Access::Call;
+}
+
+}  // namespace
+
+ObjectPtr DispatchObject::TargetOf(IUnknown* object) {
+  const auto own = ComPtr<IUnknown>::Share(object).As<OwnObject>();
+  if (!own || own->Module() != &Counts()) return nullptr;
+  return *own->Target();
+}
+
+const void* STDMETHODCALLTYPE DispatchObject::Module() noexcept { return &Counts(); }
+
+STDMETHODIMP DispatchObject::GetTypeInfoCount(UINT* count) noexcept {
+  if (count == nullptr) return E_POINTER;
+  *count = 0;
+  return S_OK;
+}
+
+STDMETHODIMP DispatchObject::GetTypeInfo(UINT, LCID, ITypeInfo** result) noexcept {
+  if (result != nullptr) *result = nullptr;
+  return E_NOTIMPL;
+}
+
+STDMETHODIMP DispatchObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
+                                           DISPID* ids) noexcept {
+  if (names == nullptr || ids == nullptr || count == 0) return E_INVALIDARG;
+  for (UINT i = 0; i < count; ++i) ids[i] = DISPID_UNKNOWN;
+  const ObjectPtr target = target_;
+  const HRESULT code =
+      AtBoundary([&] { ids[0] = target->Find(FromWide(names[0])); }, IID_IDispatch);
+  // Parameters have no names here.
+  return SUCCEEDED(code) && count > 1 ? DISP_E_UNKNOWNNAME : code;
+}
+
+STDMETHODIMP DispatchObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters,
+                                    VARIANT* result, EXCEPINFO* record,
+                                    UINT* badArgument) noexcept {
+  if (parameters == nullptr) return E_INVALIDARG;
+  if (result != nullptr) VariantInit(result);
+  // The call may release this object.
+  const ObjectPtr target = target_;
+  try {
+    const Access access = AccessOf(flags);
+    IncomingArguments arguments(*parameters, access != Access::Call, badArgument);
+    Variant answer = ToVariant(target->Invoke(id, access, arguments.Values()));
+    arguments.WriteBack();
+    if (result != nullptr) *result = answer.release();
+    return S_OK;
+  } catch (...) {
+    const Failure failure = CurrentFailure();
+    if (!IsDispatchRefusal(failure.code)) return ReportException(failure, record);
+    return PublishFailure(failure, IID_IDispatch);
+  }
+}
+
+STDMETHODIMP DispatchObject::InterfaceSupportsErrorInfo(REFIID id) noexcept {
+  return id == IID_IDispatch ? S_OK : S_FALSE;
+}
+
+}  // namespace pricedown::windows

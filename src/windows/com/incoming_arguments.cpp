@@ -1,0 +1,74 @@
+// The order, names and references of a call's arguments.
+// Single values are variant_value.cpp and by_reference.cpp.
+#include "windows/com/incoming_arguments.h"
+
+#include "platform/error.h"
+#include "windows/com/by_reference.h"
+#include "windows/com/variant_value.h"
+
+namespace pricedown::windows {
+namespace {
+
+// More positions than any member has parameters.
+constexpr DISPID kMostPositions = 64;
+
+}  // namespace
+
+IncomingArguments::IncomingArguments(const DISPPARAMS& parameters, bool put, UINT* badArgument)
+    : parameters_(parameters) {
+  const UINT count = parameters.cArgs;
+  UINT named = parameters.cNamedArgs;
+  if (named > count) {
+    throw AutomationError(ErrorNumber::BadParameterCount, u"命名参数多于参数");
+  }
+  references_.reserve(count);
+  UINT index = count;
+  try {
+    // Positional arguments stand behind the named ones, the first one last.
+    const bool namedValue =
+        put && named > 0 && parameters.rgdispidNamedArgs[0] == DISPID_PROPERTYPUT;
+    while (index > named) {
+      --index;
+      Place(values_.size(), index);
+    }
+    for (UINT name = namedValue ? 1 : 0; name < named; ++name) {
+      const DISPID position = parameters.rgdispidNamedArgs[name];
+      if (position < 0 || position >= kMostPositions) {
+        throw AutomationError(DISP_E_PARAMNOTFOUND, u"没有此名称的参数");
+      }
+      index = name;
+      Place(static_cast<std::size_t>(position), index);
+    }
+    if (namedValue) {
+      index = 0;
+      Place(values_.size(), index);
+    }
+  } catch (...) {
+    if (badArgument != nullptr) *badArgument = index;
+    throw;
+  }
+}
+
+void IncomingArguments::Place(std::size_t position, UINT index) {
+  while (values_.size() <= position) {
+    indexes_.push_back(static_cast<UINT>(values_.size()));
+    values_.push_back(Missing{});
+  }
+  indexes_[position] = index;
+  const VARIANT& argument = parameters_.rgvarg[index];
+  Value value = FromVariant(argument);
+  if ((argument.vt & VT_BYREF) == 0) {
+    values_[position] = std::move(value);
+    return;
+  }
+  references_.push_back({&argument, value, std::move(value)});
+  values_[position] = Value::ByReference(references_.back().now);
+}
+
+void IncomingArguments::WriteBack() {
+  for (const Reference& reference : references_) {
+    if (reference.now != reference.before) StoreByReference(*reference.argument, reference.now);
+  }
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,50 @@
+// The arguments of a call in: from DISPPARAMS to values in the order of the parameters.
+// Arguments of a call out are outgoing_arguments.h.
+#pragma once
+
+#include <oaidl.h>
+
+#include <span>
+#include <vector>
+
+#include "platform/value.h"
+
+namespace pricedown::windows {
+
+class IncomingArguments {
+ public:
+  // With `put` the last value is the property's new one, whether its argument is named or not.
+  // Other named arguments are positions, 0 for the first parameter; parameters skipped by them are
+  // Missing. `badArgument` gets the index of an argument that cannot be converted; it may be
+  // null. Throws AutomationError.
+  IncomingArguments(const DISPPARAMS& parameters, bool put, UINT* badArgument);
+  IncomingArguments(const IncomingArguments&) = delete;
+  IncomingArguments& operator=(const IncomingArguments&) = delete;
+
+  // By-reference arguments are references.
+  std::span<Value> Values() { return values_; }
+
+  // The index in rgvarg of the argument for a parameter; the parameter's own number for one that
+  // was skipped.
+  UINT IndexOf(std::size_t parameter) const { return indexes_[parameter]; }
+
+  // Stores by-reference arguments that were changed where the caller wants them, in the type that
+  // the caller has there. Throws AutomationError.
+  void WriteBack();
+
+ private:
+  struct Reference {
+    const VARIANT* argument = nullptr;
+    Value before;
+    Value now;
+  };
+
+  void Place(std::size_t position, UINT index);
+
+  const DISPPARAMS& parameters_;
+  std::vector<Value> values_;
+  std::vector<UINT> indexes_;
+  std::vector<Reference> references_;  // never grows beyond its reserve: values point into it
+};
+
+}  // namespace pricedown::windows

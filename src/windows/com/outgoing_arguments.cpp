@@ -1,0 +1,34 @@
+// The conversion of a call's arguments on their way out and back.
+// Single values are variant_value.cpp.
+#include "windows/com/outgoing_arguments.h"
+
+#include <utility>
+
+#include "windows/com/variant_value.h"
+
+namespace pricedown::windows {
+
+OutgoingArguments::OutgoingArguments(std::span<Value> values)
+    : values_(values), reversed_(values.size()) {
+  contents_.reserve(values.size());
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    contents_.push_back(ToVariant(values[i]));
+    VARIANT& argument = reversed_[values.size() - 1 - i];
+    argument = contents_.back().get();
+    if (values[i].Is(Value::Kind::Reference)) {
+      // What a script or a late-bound Basic client sends for a variable.
+      argument.vt = VT_BYREF | VT_VARIANT;
+      argument.pvarVal = contents_.back().share();
+    }
+  }
+}
+
+void OutgoingArguments::WriteBack() {
+  for (std::size_t i = 0; i < values_.size(); ++i) {
+    if (values_[i].Is(Value::Kind::Reference)) {
+      values_[i].Target() = TakeVariant(std::move(contents_[i]));
+    }
+  }
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,288 @@
+// The conversions between values and variants.
+// Arrays as blocks are safe_array_block.cpp, references are by_reference.cpp.
+#include "windows/com/variant_value.h"
+
+#include <cstdint>
+#include <limits>
+#include <utility>
+
+#include "platform/error.h"
+#include "windows/com/bstr.h"
+#include "windows/com/by_reference.h"
+#include "windows/com/com_object.h"
+#include "windows/com/dispatch_object.h"
+#include "windows/com/failure.h"
+#include "windows/com/safe_array_block.h"
+
+namespace pricedown::windows {
+namespace {
+
+[[noreturn]] void ThrowTypeMismatch() {
+  throw AutomationError(ErrorNumber::TypeMismatch, u"类型不匹配");
+}
+
+template <typename Integer>
+Value WholeNumber(Integer number) {
+  if (std::in_range<std::int32_t>(number)) return static_cast<std::int32_t>(number);
+  return static_cast<double>(number);
+}
+
+double FromCurrency(const CY& currency) {
+  double number = 0;
+  ThrowIfFailed(VarR8FromCy(currency, &number));
+  return number;
+}
+
+double FromDecimal(DECIMAL decimal) {
+  double number = 0;
+  ThrowIfFailed(VarR8FromDec(&decimal, &number));
+  return number;
+}
+
+Value FromUnknown(IUnknown* object) {
+  if (object == nullptr) return nullptr;
+  const auto dispatch = ComPtr<IUnknown>::Share(object).As<IDispatch>();
+  if (!dispatch) ThrowTypeMismatch();
+  return FromDispatch(dispatch.get());
+}
+
+Value FromVector(SAFEARRAY* array) {
+  LONG lower = 0;
+  LONG upper = -1;
+  VARTYPE type = VT_EMPTY;
+  ThrowIfFailed(SafeArrayGetLBound(array, 1, &lower));
+  ThrowIfFailed(SafeArrayGetUBound(array, 1, &upper));
+  ThrowIfFailed(SafeArrayGetVartype(array, &type));
+  std::vector<Value> list;
+  for (LONG index = lower; index <= upper; ++index) {
+    VARIANT element;
+    VariantInit(&element);
+    ThrowIfFailed(SafeArrayPtrOfIndex(array, &index, &element.byref));
+    element.vt = static_cast<VARTYPE>(type | VT_BYREF);
+    list.push_back(FromVariant(element));
+  }
+  return list;
+}
+
+Value FromBlock(SafeArray array) {
+  return CellBlockPtr(std::make_shared<const SafeArrayBlock>(std::move(array)));
+}
+
+Value FromArray(SAFEARRAY* array) {
+  if (array == nullptr) return std::vector<Value>();
+  if (SafeArrayGetDim(array) == 1) return FromVector(array);
+  if (SafeArrayGetDim(array) != 2) ThrowTypeMismatch();
+  SafeArray copy;
+  ThrowIfFailed(SafeArrayCopy(array, copy.put()));
+  return FromBlock(std::move(copy));
+}
+
+SafeArray ToVector(const std::vector<Value>& list) {
+  SafeArray array;
+  array.attach(SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(list.size())));
+  if (!array) throw std::bad_alloc();
+  LONG index = 0;
+  for (const Value& value : list) {
+    VARIANT* element = nullptr;
+    ThrowIfFailed(SafeArrayPtrOfIndex(array.get(), &index, reinterpret_cast<void**>(&element)));
+    *element = ToVariant(value).release();
+    ++index;
+  }
+  return array;
+}
+
+SafeArray CopyOf(const CellBlock& block) {
+  const auto* theirs = dynamic_cast<const SafeArrayBlock*>(&block);
+  if (theirs == nullptr) return ToSafeArray(block);
+  SafeArray copy;
+  ThrowIfFailed(SafeArrayCopy(theirs->Array(), copy.put()));
+  return copy;
+}
+
+VARTYPE ArrayType(SAFEARRAY* array) {
+  VARTYPE type = VT_EMPTY;
+  ThrowIfFailed(SafeArrayGetVartype(array, &type));
+  return static_cast<VARTYPE>(type | VT_ARRAY);
+}
+
+}  // namespace
+
+Value FromVariant(const VARIANT& variant) {
+  if ((variant.vt & VT_BYREF) != 0) return FromVariant(Dereferenced(variant));
+  if ((variant.vt & VT_ARRAY) != 0) return FromArray(variant.parray);
+  switch (variant.vt) {
+    case VT_EMPTY:
+      return {};
+    case VT_NULL:
+      return Null{};
+    case VT_ERROR:
+      if (variant.scode != DISP_E_PARAMNOTFOUND) ThrowTypeMismatch();
+      return Missing{};
+    case VT_BOOL:
+      return variant.boolVal != VARIANT_FALSE;
+    case VT_I1:
+      return static_cast<std::int16_t>(variant.cVal);
+    case VT_UI1:
+      return static_cast<std::int16_t>(variant.bVal);
+    case VT_I2:
+      return static_cast<std::int16_t>(variant.iVal);
+    case VT_UI2:
+      return static_cast<std::int32_t>(variant.uiVal);
+    case VT_I4:
+    case VT_INT:
+      return static_cast<std::int32_t>(variant.lVal);
+    case VT_UI4:
+    case VT_UINT:
+      return WholeNumber(variant.ulVal);
+    case VT_I8:
+      return WholeNumber(variant.llVal);
+    case VT_UI8:
+      return WholeNumber(variant.ullVal);
+    case VT_R4:
+      return static_cast<double>(variant.fltVal);
+    case VT_R8:
+      return variant.dblVal;
+    case VT_CY:
+      return FromCurrency(variant.cyVal);
+    case VT_DECIMAL:
+      return FromDecimal(variant.decVal);
+    case VT_DATE:
+      return Date{variant.date};
+    case VT_BSTR:
+      return FromBstr(variant.bstrVal);
+    case VT_DISPATCH:
+      return FromDispatch(variant.pdispVal);
+    case VT_UNKNOWN:
+      return FromUnknown(variant.punkVal);
+    default:
+      ThrowTypeMismatch();
+  }
+}
+
+Value TakeVariant(Variant variant) {
+  const VARIANT& content = variant.get();
+  const bool block = (content.vt & VT_ARRAY) != 0 && (content.vt & VT_BYREF) == 0 &&
+                     content.parray != nullptr && SafeArrayGetDim(content.parray) == 2;
+  if (!block) return FromVariant(content);
+  SafeArray array;
+  array.attach(variant.release().parray);
+  return FromBlock(std::move(array));
+}
+
+Variant ToVariant(const Value& value) {
+  VARIANT variant;
+  VariantInit(&variant);
+  switch (value.GetKind()) {
+    case Value::Kind::Empty:
+      break;
+    case Value::Kind::Null:
+      variant.vt = VT_NULL;
+      break;
+    case Value::Kind::Missing:
+      variant.scode = DISP_E_PARAMNOTFOUND;
+      variant.vt = VT_ERROR;
+      break;
+    case Value::Kind::Boolean:
+      variant.boolVal = value.Boolean() ? VARIANT_TRUE : VARIANT_FALSE;
+      variant.vt = VT_BOOL;
+      break;
+    case Value::Kind::Int16:
+      variant.iVal = value.Int16();
+      variant.vt = VT_I2;
+      break;
+    case Value::Kind::Int32:
+      variant.lVal = value.Int32();
+      variant.vt = VT_I4;
+      break;
+    case Value::Kind::Double:
+      variant.dblVal = value.Double();
+      variant.vt = VT_R8;
+      break;
+    case Value::Kind::Date:
+      variant.date = value.DateValue().days;
+      variant.vt = VT_DATE;
+      break;
+    case Value::Kind::Text:
+      variant.bstrVal = Bstr(value.Text()).release();
+      variant.vt = VT_BSTR;
+      break;
+    case Value::Kind::Object:
+      variant.pdispVal = ToDispatch(value.Object()).release();
+      variant.vt = VT_DISPATCH;
+      break;
+    case Value::Kind::Block:
+      variant.parray = CopyOf(*value.Block()).release();
+      variant.vt = ArrayType(variant.parray);
+      break;
+    case Value::Kind::List:
+      variant.parray = ToVector(value.List()).release();
+      variant.vt = VT_ARRAY | VT_VARIANT;
+      break;
+    case Value::Kind::Reference:
+      return ToVariant(value.Resolved());
+  }
+  Variant owner;
+  owner.attach(variant);
+  return owner;
+}
+
+CellView ViewOf(const VARIANT& variant) {
+  if ((variant.vt & VT_BYREF) != 0) return ViewOf(Dereferenced(variant));
+  switch (variant.vt) {
+    case VT_EMPTY:
+    case VT_NULL:
+      return {};
+    case VT_BSTR:
+      return {CellView::Kind::Text, 0, BorrowText(variant.bstrVal, SysStringLen(variant.bstrVal))};
+    case VT_I4:
+      return {CellView::Kind::Number, static_cast<double>(variant.lVal)};
+    case VT_R8:
+      return {CellView::Kind::Number, variant.dblVal};
+    case VT_I1:
+    case VT_UI1:
+    case VT_I2:
+    case VT_UI2:
+    case VT_INT:
+    case VT_UI4:
+    case VT_UINT:
+    case VT_I8:
+    case VT_UI8:
+    case VT_R4:
+    case VT_CY:
+    case VT_DECIMAL:
+      return pricedown::ViewOf(FromVariant(variant));
+    case VT_ERROR:
+      if (variant.scode == DISP_E_PARAMNOTFOUND) return {};
+      return {CellView::Kind::Other};
+    default:
+      return {CellView::Kind::Other};
+  }
+}
+
+Variant CellToVariant(const CellBlock& block, std::size_t column, std::size_t row) {
+  const CellView view = block.Cell(column, row);
+  if (view.kind != CellView::Kind::Text) return ToVariant(block.CellValue(column, row));
+  VARIANT variant;
+  VariantInit(&variant);
+  variant.bstrVal = Bstr(view.text).release();
+  variant.vt = VT_BSTR;
+  Variant owner;
+  owner.attach(variant);
+  return owner;
+}
+
+ObjectPtr FromDispatch(IDispatch* object) {
+  if (object == nullptr) return nullptr;
+  if (ObjectPtr ours = DispatchObject::TargetOf(object)) return ours;
+  return std::make_shared<ComObject>(ComPtr<IDispatch>::Share(object));
+}
+
+ComPtr<IDispatch> ToDispatch(const ObjectPtr& object) {
+  if (object == nullptr) return {};
+  if (const auto* theirs = dynamic_cast<const ComObject*>(object.get())) {
+    return theirs->Dispatch();
+  }
+  return ComPtr<IDispatch>::Take(MakeCom<DispatchObject>(object).release());
+}
+
+}  // namespace pricedown::windows
