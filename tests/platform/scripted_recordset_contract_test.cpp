@@ -1,0 +1,23 @@
+// Runs the contract of recordsets on the scripted one that the tests of all rooms use.
+// The workbench's recordset runs it in its own tests.
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "tests/support/recordset_contract.h"
+#include "tests/support/scripted_recordset.h"
+
+namespace pricedown::testing {
+namespace {
+
+std::shared_ptr<ObjectFactory> MakeScriptedFactory() {
+  auto factory = std::make_shared<RecordingFactory>(CallLog());
+  AllowRecordsets(*factory);
+  return factory;
+}
+
+INSTANTIATE_TEST_SUITE_P(Scripted, RecordsetContract,
+                         ::testing::Values(RecordsetSource("Scripted", MakeScriptedFactory)));
+
+}  // namespace
+}  // namespace pricedown::testing

@@ -1,0 +1,55 @@
+// The log lines of messages and questions.
+// No window is shown.
+#include "tests/support/recording_questions.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/support/utf8.h"
+
+namespace pricedown::testing {
+namespace {
+
+std::string IconName(MessageIcon icon) {
+  switch (icon) {
+    case MessageIcon::None:
+      return "no icon";
+    case MessageIcon::Information:
+      return "information";
+    case MessageIcon::Question:
+      return "question";
+  }
+  return "unknown icon";
+}
+
+std::string Shown(std::u16string_view text, std::u16string_view title, MessageIcon icon) {
+  return IconName(icon) + " " + Quoted(title) + ": " + Quoted(text);
+}
+
+}  // namespace
+
+void RecordingQuestions::WillAnswer(std::initializer_list<bool> answers) {
+  answers_.insert(answers_.end(), answers);
+}
+
+void RecordingQuestions::Tell(std::u16string_view text, std::u16string_view title,
+                              MessageIcon icon) {
+  log_.Add("tell " + Shown(text, title, icon));
+}
+
+bool RecordingQuestions::Confirm(std::u16string_view text, std::u16string_view title,
+                                 MessageIcon icon) {
+  const std::string line = "ask " + Shown(text, title, icon);
+  if (answers_.empty()) {
+    log_.Add(line);
+    ADD_FAILURE() << "no answer scripted: " << line;
+    return false;
+  }
+  const bool answer = answers_.front();
+  answers_.pop_front();
+  log_.Add(line + (answer ? " -> yes" : " -> no"));
+  return answer;
+}
+
+}  // namespace pricedown::testing

@@ -1,0 +1,29 @@
+// The user's part in a test: logs what is shown and gives scripted answers.
+// A question without a scripted answer fails the test and counts as No.
+#pragma once
+
+#include <deque>
+#include <initializer_list>
+
+#include "platform/questions.h"
+#include "tests/support/call_log.h"
+
+namespace pricedown::testing {
+
+// Log lines: tell information "title": "text", and ask question "title": "text" -> yes.
+class RecordingQuestions : public UserQuestions {
+ public:
+  explicit RecordingQuestions(CallLog log) : log_(std::move(log)) {}
+
+  // The answers to the next questions, in turn; true is Yes.
+  void WillAnswer(std::initializer_list<bool> answers);
+
+  void Tell(std::u16string_view text, std::u16string_view title, MessageIcon icon) override;
+  bool Confirm(std::u16string_view text, std::u16string_view title, MessageIcon icon) override;
+
+ private:
+  CallLog log_;
+  std::deque<bool> answers_;
+};
+
+}  // namespace pricedown::testing
