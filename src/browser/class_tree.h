@@ -29,10 +29,15 @@ class ClassTree {
   // Nothing happens for kNoNode.
   void NodeClick(NodeIndex node);
 
-  // Selects the node with that key and handles it as clicked; false when there is none.
-  bool SelectAndClick(std::u16string_view key);
+  // Selects the node with that key and handles it as clicked. Throws AutomationError when there is
+  // none or it cannot be selected.
+  void SelectAndClick(std::u16string_view key);
 
-  // Fills the grid again for the current node, if there is one.
+  // The same with failing steps skipped; nothing happens when there is no such node.
+  void RestoreSelection(std::u16string_view key);
+
+  // Fills the grid again for the node that was clicked last, if there was one; the tree need not
+  // hold it any more.
   void RefreshCurrentNode();
 
   // The key of the node selected in the view; empty when none is.
@@ -41,8 +46,10 @@ class ClassTree {
   const NodeCollection& Nodes() const { return nodes_; }
 
  private:
+  void LoadClasses();
   void AddClassNodes(NodeIndex root);
-  void AddNode(NodeIndex parent, std::u16string_view key, std::u16string_view text);
+  // kNoNode when the key is taken. Throws when the view fails; then nothing is added.
+  NodeIndex AddNode(NodeIndex parent, std::u16string_view key, std::u16string_view text);
 
   Environment& environment_;
   BrowserState& state_;

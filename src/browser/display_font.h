@@ -42,9 +42,10 @@ class DisplayFont {
   void Restore(std::u16string_view settings);
 
   // Copies the print control's font to tree, label and grid and sets the grid's row heights.
+  // Errors end it silently.
   void Apply();
 
-  // Keeps the print control's font under "GridFont". Throws AutomationError.
+  // Keeps the print control's font under "GridFont". Errors end it silently.
   void Save();
 
  private:

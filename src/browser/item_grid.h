@@ -38,7 +38,8 @@ class ItemGrid {
   // Locks all cells when the user's data scope is 0. Throws nothing of its own.
   void ApplyScopeLock();
 
-  // Drops rows and the kept recordset.
+  // Drops rows and the kept recordset, and detaches the object that hosts may still hold. The grid
+  // cannot be filled afterwards.
   void Release();
 
   Sheet& Cells() { return sheet_; }
@@ -47,7 +48,10 @@ class ItemGrid {
 
  private:
   void Fill(std::u16string_view nodeKey);
-  void LockRange(const CellRange& range);
+  // Requires: the recordset stands on its first row, or has none.
+  void FillRows(const Recordset& items);
+  // Locks columns 1 to `lastColumn` of all rows and gives them the tooltip colour.
+  void LockRange(std::int32_t lastColumn);
 
   Environment& environment_;
   BrowserState& state_;

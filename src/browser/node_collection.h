@@ -26,6 +26,8 @@ class NodeCollection {
   // The new node's index, or kNoNode when a node has that key already (compared exactly).
   // Requires: `parent` is kNoNode or the index of a node.
   NodeIndex Add(NodeIndex parent, std::u16string_view key, std::u16string_view text);
+  // Takes back the node that was added last. Requires: Count() > 0.
+  void RemoveLast();
   void Clear();
 
   std::size_t Count() const { return nodes_.size(); }

@@ -21,6 +21,7 @@ inline constexpr std::int32_t kAll = -1;
 inline constexpr std::int32_t kTitleRow = 0;
 // A column width of 1 in twips, on screen and on paper.
 inline constexpr std::int32_t kTwipsPerWidthUnit = 150;
+inline constexpr double kDefaultColumnWidth = 8;
 
 // Rows and columns from 1, both ends included.
 struct CellRange {
@@ -53,7 +54,8 @@ class Sheet {
 
   std::int32_t MaxRows() const { return maxRows_; }
   std::int32_t MaxColumns() const { return maxColumns_; }
-  // Rows taken away lose their contents; 0 empties the sheet.
+  // Rows taken away lose their contents; 0 and less empties the sheet. Throws std::length_error or
+  // std::bad_alloc when there is no memory for so many, and then nothing changes.
   void SetMaxRows(std::int32_t rows);
 
   // Cells outside the sheet have no text, and setting them is ignored. Row 0 holds the titles.
@@ -79,6 +81,8 @@ class Sheet {
 
   bool Redraw() const { return redraw_; }
   void SetRedraw(bool redraw);
+  // Tells the view that the cells are to be painted again, although none has changed.
+  void Repaint() { TellChanged(); }
 
   // In width units.
   double ColumnWidth(std::int32_t column) const;
@@ -108,10 +112,14 @@ class Sheet {
   };
 
   bool Inside(std::int32_t column, std::int32_t row) const;
+  // Requires: the cell is inside.
+  std::size_t CellIndex(std::int32_t column, std::int32_t row) const;
+  // The cells that attributes go to; empty when the block holds none of the sheet.
   CellRange Target() const;
   void AddAttribute(Attribute attribute);
   void TellChanged();
   void TellMetricsChanged();
+  void TellPending();
 
   SheetView* view_ = nullptr;
   std::int32_t maxColumns_;

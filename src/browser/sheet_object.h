@@ -23,7 +23,7 @@ class SheetObject : public LocalObject<SheetObject> {
 
 // Selects a block of a grid by its members Col, Col2, Row and Row2, in this order. Missing ends
 // are 1 and the grid's MaxCols and MaxRows. Failing steps are skipped.
-void SelectBlock(const ObjectPtr& grid, const Value& column, const Value& column2,
-                 const Value& row, const Value& row2);
+void SelectBlock(const ObjectPtr& grid, const Value& column, const Value& column2, const Value& row,
+                 const Value& row2);
 
 }  // namespace pricedown

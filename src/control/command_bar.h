@@ -1,9 +1,9 @@
 // The command bar `BarList` as an automation object that a host merges into its own toolbar.
-// Its keys and what they do are dispatch.h; it shows nothing itself.
+// What its keys do is decided by the control's dispatch; it shows nothing itself.
 //
 // Members for hosts: Bands (Count, Item(index or name): Name, Tools), Tools (Count, Item(index or
 // name), Add(name, caption, category)), Click(name). A tool has Name, Caption, Description,
-// Category, Enabled, Checked, Visible; the first four are read-only.
+// Category, Enabled, Checked, Visible; the first four are read-only. Indexes count from 1.
 #pragma once
 
 #include <functional>
@@ -17,6 +17,10 @@
 namespace pricedown {
 
 inline constexpr std::u16string_view kMenuBand = u"MnuBand1";
+inline constexpr std::u16string_view kEditMenu = u"mnuEdit";
+inline constexpr std::u16string_view kInsertTool = u"iInsert";
+inline constexpr std::u16string_view kEditTool = u"iEdit";
+inline constexpr std::u16string_view kCutTool = u"iCut";
 
 class BarTool : public LocalObject<BarTool> {
  public:
@@ -29,36 +33,62 @@ class BarTool : public LocalObject<BarTool> {
   explicit BarTool(Definition definition) : definition_(std::move(definition)) {}
 
   const Definition& Fixed() const { return definition_; }
-  bool enabled = true;
-  bool checked = false;
-  bool visible = true;
+  bool Enabled() const { return enabled_; }
+  bool Checked() const { return checked_; }
+  bool Visible() const { return visible_; }
+  void SetEnabled(bool enabled) { Change(enabled_, enabled); }
+  void SetChecked(bool checked) { Change(checked_, checked); }
+  void SetVisible(bool visible) { Change(visible_, visible); }
+
+  // Called after each change of Enabled, Checked or Visible; null for none.
+  using ChangeHandler = std::function<void(const BarTool& tool)>;
+  void OnChange(ChangeHandler handler) { change_ = std::move(handler); }
 
   static std::span<const Member<BarTool>> Members();
 
  private:
+  void Change(bool& state, bool value);
+
   Definition definition_;
+  bool enabled_ = true;
+  bool checked_ = false;
+  bool visible_ = true;
+  ChangeHandler change_;
 };
 
 class CommandBar : public LocalObject<CommandBar> {
  public:
-  // With the designed contents: the menu "mnuEdit" and the tools "iInsert", "iEdit", "iCut".
+  // With the designed contents: the menu "mnuEdit" and the tools "iInsert", "iEdit", "iCut", all
+  // in the one band.
   CommandBar();
 
   // Null when the bar has no tool of that name (compared exactly).
   std::shared_ptr<BarTool> Tool(std::u16string_view name) const;
   const std::vector<std::shared_ptr<BarTool>>& Tools() const { return tools_; }
+  // How many of them, from the first on, the designed band holds.
+  std::size_t DesignedCount() const { return designedCount_; }
+  // The bar's tool of that name: a new one, or the one that is there already, unchanged.
   std::shared_ptr<BarTool> Add(BarTool::Definition definition);
 
-  // Called when a client clicks a tool; null after Detach.
-  void OnClick(std::function<void(const ObjectPtr& tool)> handler) { click_ = std::move(handler); }
-  void Detach() { click_ = nullptr; }
+  // Called when a client clicks a tool; null for none.
+  using ClickHandler = std::function<void(const ObjectPtr& tool)>;
+  void OnClick(ClickHandler handler) { click_ = std::move(handler); }
+  // Called after a change of any tool; null for none.
+  void OnChange(BarTool::ChangeHandler handler);
+  // Drops all handlers; clicks do nothing afterwards.
+  void Detach();
+
+  // What a click of a client does; nothing for a disabled tool. Throws AutomationError when there
+  // is no such tool, or when its command does.
   void Click(std::u16string_view name);
 
   static std::span<const Member<CommandBar>> Members();
 
  private:
   std::vector<std::shared_ptr<BarTool>> tools_;
-  std::function<void(const ObjectPtr& tool)> click_;
+  std::size_t designedCount_ = 0;
+  ClickHandler click_;
+  BarTool::ChangeHandler change_;
 };
 
 }  // namespace pricedown

@@ -25,6 +25,8 @@ inline constexpr std::int32_t kSplitterWidth = 75;
 // What the grid's width is less than its pane's.
 inline constexpr std::int32_t kGridMargin = 50;
 inline constexpr std::int32_t kDefaultSplitter = 3600;
+// The status bar's last panel, "wait"; the progress bar lies over it.
+inline constexpr std::int32_t kWaitPanelWidth = 2100;
 
 struct LayoutInput {
   Size control;
@@ -33,27 +35,31 @@ struct LayoutInput {
   bool statusBarVisible = true;
 };
 
-// Every child of the control. A hidden one has height 0. Nothing has a negative size.
+// Every child of the control, all in the control's coordinates. A hidden one has height 0, and the
+// lower line is hidden together with the tool strip. Nothing has a negative size; only the grid
+// and the progress bar lie inside another one.
 struct Layout {
-  Rectangle title;           // lbl_Title
-  Rectangle period;          // lblPeriod
-  Rectangle upperLine;       // Line1
-  Rectangle toolStrip;       // tbToolBar
-  Rectangle lowerLine;       // Line3
-  Rectangle classHeading;    // SSPTitleClass
-  Rectangle tree;            // tvwBase
-  Rectangle splitter;        // imgSplitVer
-  Rectangle itemHeading;     // SSPTitleItem
-  Rectangle gridPane;        // pic
-  Rectangle grid;            // vaList, inside the grid pane
-  Rectangle statusBar;       // sbStatusBar
-  Rectangle progressBar;     // pbar, over the status bar's last panel
+  Rectangle title;         // lbl_Title
+  Rectangle period;        // lblPeriod
+  Rectangle upperLine;     // Line1
+  Rectangle toolStrip;     // tbToolBar
+  Rectangle lowerLine;     // Line3
+  Rectangle classHeading;  // SSPTitleClass
+  Rectangle tree;          // tvwBase
+  Rectangle splitter;      // imgSplitVer
+  Rectangle itemHeading;   // SSPTitleItem
+  Rectangle gridPane;      // pic
+  Rectangle grid;          // vaList, inside the grid pane
+  Rectangle statusBar;     // sbStatusBar
+  Rectangle progressBar;   // pbar, over the status bar's last panel
   bool operator==(const Layout&) const = default;
 };
 
 Layout ComputeLayout(const LayoutInput& input);
 
-// A proposed splitter position inside its limits for that control width.
+// A proposed splitter position inside its limits for that control width: at least kLeastPaneWidth,
+// then at most the width less kLeastPaneWidth. So a control narrower than both panes' least widths
+// keeps the right pane's as long as it can; the answer is never negative.
 std::int32_t ClampSplitter(std::int32_t proposed, std::int32_t controlWidth);
 
 }  // namespace pricedown

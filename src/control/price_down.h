@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "browser/class_commands.h"
 #include "browser/class_tree.h"
 #include "browser/display_font.h"
 #include "browser/item_grid.h"
@@ -39,20 +40,21 @@ class PriceDown {
   PriceDown& operator=(const PriceDown&) = delete;
 
   // Creation. Every step runs even when an earlier one failed, so that the control is whole; the
-  // first failure is thrown at the end as AutomationError.
+  // first failure is thrown at the end.
   void Initialize();
   // Keeps the selected node and releases everything of the suite and the host. Failing steps are
-  // skipped; harmless when called again.
+  // skipped; harmless when called again. Requires: the tree's window is still alive.
   void Terminate();
 
-  // The public members, in the order of the control's interface.
+  // The public members, in the order of the control's interface. After Terminate none of them and
+  // none of the events below does anything.
   void NotifyMessage(std::u16string_view message);
   void RefreshToolbar();
   bool Show(const Value& parentWindow);
   void SetShowMode(std::int16_t mode) { showMode_ = mode; }
   void ParentWindow_ToolBarClick(const ObjectPtr& tool);
-  void SelBlock(const ObjectPtr& grid, const Value& column, const Value& column2,
-                const Value& row, const Value& row2);
+  void SelBlock(const ObjectPtr& grid, const Value& column, const Value& column2, const Value& row,
+                const Value& row2);
   Value PreviewPara();
   Value PrintPara();
   Value ModelCurrent();
@@ -63,7 +65,7 @@ class PriceDown {
   // Events of the control's own windows. Errors of commands are thrown as AutomationError.
   void Resized();
   void SplitterDown();
-  void SplitterMoved(std::int32_t offset);  // twips from the splitter's left edge
+  void SplitterMoved(std::int32_t offset);  // twips from the splitter's resting left edge
   void SplitterUp();
   // Moves the splitter from the keyboard, by twips.
   void MoveSplitter(std::int32_t distance);
@@ -80,18 +82,28 @@ class PriceDown {
   bool MaintenanceMode() const { return maintenanceMode_; }
 
  private:
+  // Steps of Initialize.
+  void ReadFullNumber();
   void DisableClassCommands();
   void SetPeriodLabel();
   void SetTitleFont();
+  // Steps of Show.
   void TakeCaption();
+  void TakeParent(const Value& parentWindow);
   void RestoreSelection();
   void RestoreFont();
-  void MergeToolbar();
+  // Steps of Terminate.
+  void SaveSelection();
+  void ReleaseLedger();
+
   void LayOut();
-  void LayOutByCheckedTools();  // layout mode 5
+  bool IsShown(std::u16string_view checkTool) const;
+  Rectangle DragBar() const;
   void BarToolClicked(const ObjectPtr& tool);
   void RunStripCommand(std::u16string_view key);
-  void ToggleTool(const ObjectPtr& tool, std::u16string_view name);
+  void CloseContainer();
+  void ToggleToolStrip(const ObjectPtr& tool);
+  void TakeCheckedState(const ObjectPtr& tool, std::u16string_view name);
 
   PriceDownPorts ports_;
   Environment environment_;
@@ -99,15 +111,15 @@ class PriceDown {
   LedgerAppearance ledger_;
   ItemGrid grid_;
   ClassTree tree_;
+  ClassCommands commands_;
   DisplayFont font_;
   std::shared_ptr<CommandBar> bar_;
   Splitter splitter_;
+  Layout layout_;  // the last one placed
   ObjectPtr parentWindow_;
   std::u16string title_;
   bool maintenanceMode_ = false;
   std::int16_t showMode_ = 0;
-  bool toolStripVisible_ = true;
-  bool statusBarVisible_ = true;
   bool terminated_ = false;
 };
 

@@ -1,0 +1,22 @@
+// The text of a cell of a query's answer, as tree and grid show it.
+// Other conversions are platform/convert.h.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/cell_block.h"
+#include "platform/convert.h"
+
+namespace pricedown {
+
+// Texts as they are, numbers in their default text, nothing as the empty text. The answer is
+// valid as long as the cell and `scratch` are.
+inline std::u16string_view CellText(const CellView& cell, std::u16string& scratch) {
+  if (cell.kind == CellView::Kind::Text) return cell.text;
+  if (cell.kind != CellView::Kind::Number) return {};
+  scratch = NumberText(cell.number);
+  return scratch;
+}
+
+}  // namespace pricedown

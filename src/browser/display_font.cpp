@@ -1,0 +1,88 @@
+// The display font: where it comes from and what it is applied to.
+// Each routine ends silently where a step fails.
+#include "browser/display_font.h"
+
+#include <algorithm>
+#include <string>
+
+#include "env/settings_text.h"
+#include "env/user_settings.h"
+#include "platform/convert.h"
+#include "platform/skip.h"
+
+namespace pricedown {
+namespace {
+
+constexpr std::u16string_view kSeparator = u"|";
+constexpr std::int32_t kDefaultReportSize = 9;
+constexpr double kLeastReportSize = 9;
+constexpr double kGreatestReportSize = 18;
+constexpr std::int32_t kLeastRowHeight = 285;   // twips
+constexpr std::int32_t kLedgerRowMargin = 30;   // twips above and below the label together
+constexpr std::int32_t kGridRowMargin = 20;     // twips
+constexpr double kTitleRowFactor = 1.6;         // title row to label
+constexpr double kGreatestPossibleSize = 1638;  // points; what a font can be made of
+
+}  // namespace
+
+void DisplayFont::Refresh() {
+  SkipFailing([&] {
+    const Value chosen =
+        ReadUserSetting(environment_.factory, environment_.application, kGridFontKey, u"");
+    if (!ToText(chosen).empty()) return;
+    const double size = ToDouble(ReadUserSetting(environment_.factory, environment_.application,
+                                                 kReportFontSizeKey, kDefaultReportSize));
+    if (size == lastAppliedSize_) return;
+    if (size < kLeastReportSize || size > kGreatestReportSize) return;
+    lastAppliedSize_ = size;
+    Font labelFont = ledger_.font;
+    labelFont.size = size;
+    const std::int32_t rowHeight =
+        std::max(view_.MeasureLabel(labelFont) + kLedgerRowMargin, kLeastRowHeight);
+    ledger_.font.size = size;
+    ledger_.rowHeight = std::max(ledger_.rowHeight, rowHeight);
+    Apply();
+  });
+}
+
+void DisplayFont::Restore(std::u16string_view settings) {
+  const auto entry = [&](std::u16string_view name) {
+    return SettingsEntry(settings, name, kSeparator);
+  };
+  Font& font = ledger_.font;
+  SkipFailing([&] {
+    if (std::u16string name = entry(u"FontName"); !name.empty()) font.name = std::move(name);
+  });
+  SkipFailing([&] {
+    const double size = ToDouble(entry(u"FontSize"));
+    if (size > 0 && size <= kGreatestPossibleSize) font.size = size;
+  });
+  SkipFailing([&] { font.bold = ToBoolean(entry(u"FontBold")); });
+  SkipFailing([&] { font.italic = ToBoolean(entry(u"FontItalic")); });
+  Apply();
+}
+
+void DisplayFont::Apply() {
+  SkipFailing([&] {
+    view_.SetTreeFont(ledger_.font);
+    const std::int32_t label = view_.MeasureLabel(ledger_.font);
+    sheet_.SetFont(ledger_.font);
+    const double twipsPerPixel = environment_.screen.TwipsPerPixelY();
+    sheet_.SetRowHeight(kAll, (label + kGridRowMargin) / twipsPerPixel);
+    sheet_.SetRowHeight(kTitleRow, label * kTitleRowFactor / twipsPerPixel);
+  });
+}
+
+void DisplayFont::Save() {
+  SkipFailing([&] {
+    const Font& font = ledger_.font;
+    const std::u16string settings = BuildSettings({{u"FontName", font.name},
+                                                   {u"FontSize", NumberText(font.size)},
+                                                   {u"FontBold", ToText(font.bold)},
+                                                   {u"FontItalic", ToText(font.italic)}},
+                                                  kSeparator);
+    SaveUserSetting(environment_.factory, environment_.application, kGridFontKey, settings);
+  });
+}
+
+}  // namespace pricedown

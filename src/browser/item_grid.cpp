@@ -1,0 +1,121 @@
+// The load of the item grid and its locks.
+// A failure ends the load where it stands; only the message tells of it.
+#include "browser/item_grid.h"
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "browser/cell_text.h"
+#include "browser/class_tree.h"
+#include "env/translation.h"
+#include "platform/error.h"
+#include "platform/row_reader.h"
+#include "platform/text.h"
+#include "store/connection.h"
+#include "store/statements.h"
+#include "store/tables.h"
+
+namespace pricedown {
+namespace {
+
+struct ColumnDesign {
+  std::u16string_view title;
+  double width;  // in width units
+};
+
+constexpr std::array<ColumnDesign, grid_columns::kCount> kColumns{{
+    {u"物料代码", 12},
+    {u"物料名称", 20},
+    {u"规格型号", 18},
+    {u"标准单价", 12},
+}};
+
+}  // namespace
+
+ItemGrid::ItemGrid(Environment& environment, BrowserState& state)
+    : environment_(environment),
+      state_(state),
+      sheet_(grid_columns::kCount),
+      object_(std::make_shared<SheetObject>(sheet_)) {}
+
+ItemGrid::~ItemGrid() { object_->Detach(); }
+
+void ItemGrid::Prepare() {
+  sheet_.SetMaxRows(0);
+  for (std::int32_t column = 1; column <= grid_columns::kCount; ++column) {
+    const ColumnDesign& design = kColumns[static_cast<std::size_t>(column - 1)];
+    sheet_.SetText(column, kTitleRow, Translate(design.title));
+    sheet_.SetColumnWidth(column, design.width);
+  }
+  LockRange(grid_columns::kModel);
+}
+
+void ItemGrid::LoadItemGrid(std::u16string_view nodeKey) {
+  std::u16string description;
+  try {
+    Fill(nodeKey);
+    return;
+  } catch (const AutomationError& error) {
+    description = error.Description();
+  } catch (const std::exception& error) {
+    description = FromUtf8(error.what());
+  }
+  environment_.state.loading = false;
+  environment_.messages.Inform(description);
+}
+
+void ItemGrid::Fill(std::u16string_view nodeKey) {
+  environment_.state.loading = true;
+  state_.itemRecordset.Release();
+  const std::u16string statement = state_.ByItemClass()
+                                       ? statements::ItemsOfClass(ClassNumberOfKey(nodeKey))
+                                       : statements::AllItems();
+  state_.itemRecordset = Connection(environment_.factory).Execute(statement);
+  sheet_.SetMaxRows(0);
+  sheet_.SetRedraw(false);
+  const Recordset items = state_.itemRecordset;
+  sheet_.SetMaxRows(items.RecordCount());
+  // An empty recordset refuses to move.
+  if (sheet_.MaxRows() > 0) items.MoveFirst();
+  FillRows(items);
+  sheet_.SetRedraw(true);
+  LockRange(grid_columns::kModel);
+  ApplyScopeLock();
+}
+
+void ItemGrid::FillRows(const Recordset& items) {
+  RowReader rows(items, {state_.fullNumber ? columns::kNumber : columns::kShortNumber,
+                         columns::kName, columns::kModel});
+  std::u16string scratch;
+  for (std::int32_t row = 1; row <= sheet_.MaxRows(); ++row) {
+    if (!rows.Next()) {
+      throw AutomationError(ErrorNumber::NoCurrentRecord, u"物料记录少于记录集报告的行数",
+                            u"vaList");
+    }
+    sheet_.SetText(grid_columns::kCode, row, CellText(rows.Field(0), scratch));
+    sheet_.SetText(grid_columns::kName, row, CellText(rows.Field(1), scratch));
+    sheet_.SetText(grid_columns::kModel, row, CellText(rows.Field(2), scratch));
+    sheet_.SetUpperBound(grid_columns::kPrice, row, kPriceUpperBound);
+  }
+}
+
+void ItemGrid::ApplyScopeLock() {
+  if (environment_.state.dataScope == 0) LockRange(sheet_.MaxColumns());
+}
+
+void ItemGrid::LockRange(std::int32_t lastColumn) {
+  sheet_.SetBlockMode(true);
+  SelectBlock(object_, std::int32_t{1}, lastColumn, std::int32_t{1}, sheet_.MaxRows());
+  sheet_.LockBlock(true);
+  sheet_.ColourBlock(kTooltipBackground);
+  sheet_.SetBlockMode(false);
+}
+
+void ItemGrid::Release() {
+  state_.itemRecordset.Release();
+  object_->Detach();
+  sheet_.SetMaxRows(0);
+}
+
+}  // namespace pricedown

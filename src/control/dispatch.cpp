@@ -1,0 +1,107 @@
+// What the keys of the command bar and of the tool strip do, and the right that each one needs.
+// Nothing is trapped here: a failing command reaches whoever clicked.
+#include <array>
+
+#include "control/price_down.h"
+#include "platform/convert.h"
+#include "platform/error.h"
+
+namespace pricedown {
+namespace {
+
+// All rights are checked on this object.
+constexpr std::int32_t kRightsObjectType = 1002;
+constexpr std::int32_t kRightsObjectNumber = 35;
+
+constexpr std::u16string_view kToolStripTool = u"iToolBar";
+constexpr std::u16string_view kStatusBarTool = u"mnuViewStatusBar";
+
+struct StripCommand {
+  std::u16string_view key;
+  std::int32_t accessMask;
+  Value (PriceDown::*run)();
+};
+
+constexpr std::array<StripCommand, 5> kStripCommands{{
+    {u"Print", 0x8000, &PriceDown::PrintPara},
+    {u"PrintView", 0x8000, &PriceDown::PreviewPara},
+    {u"Add", 0x20000, &PriceDown::addRecord},
+    {u"Edit", 0x400000, &PriceDown::editRecord},
+    {u"Del", 0x10000, &PriceDown::delRecord},
+}};
+
+}  // namespace
+
+void PriceDown::ParentWindow_ToolBarClick(const ObjectPtr& tool) { BarToolClicked(tool); }
+
+void PriceDown::BarToolClicked(const ObjectPtr& tool) {
+  if (terminated_) return;
+  const ObjectPtr clicked = RequireObject(Value(tool), u"Tool");
+  const std::u16string key = ToText(clicked->Get(u"Name"));
+  if (key == u"iPrint") {
+    PrintPara();
+  } else if (key == u"iPrintPreView") {
+    PreviewPara();
+  } else if (key == u"iExit") {
+    CloseContainer();
+  } else if (key == kToolStripTool) {
+    ToggleToolStrip(clicked);
+  } else if (key == u"iRefresh") {
+    tree_.RefreshCurrentNode();
+  } else if (key == kInsertTool) {
+    StripButtonClicked(u"Add");
+  } else if (key == kEditTool) {
+    StripButtonClicked(u"Edit");
+  } else if (key == kCutTool) {
+    StripButtonClicked(u"Del");
+  } else if (key == kStatusBarTool) {
+    // The host has changed its state; the control only follows it.
+    TakeCheckedState(clicked, kStatusBarTool);
+    LayOut();
+  }
+}
+
+void PriceDown::StripButtonClicked(std::u16string_view key) {
+  if (terminated_) return;
+  RunStripCommand(key);
+  // The command may have ended the control.
+  if (terminated_) return;
+  // On purpose also after a refused right and for keys without a command.
+  tree_.LoadClassTree();
+  grid_.Cells().Repaint();
+}
+
+void PriceDown::RunStripCommand(std::u16string_view key) {
+  if (key == u"Exit") {
+    CloseContainer();
+    return;
+  }
+  for (const StripCommand& command : kStripCommands) {
+    if (key != command.key) continue;
+    if (environment_.rights.Check(kRightsObjectType, kRightsObjectNumber, command.accessMask)) {
+      (this->*command.run)();
+    }
+    return;
+  }
+}
+
+void PriceDown::CloseContainer() { ports_.container.Close(); }
+
+void PriceDown::ToggleToolStrip(const ObjectPtr& tool) {
+  tool->Put(u"Checked", !ToBoolean(tool->Get(u"Checked")));
+  TakeCheckedState(tool, kToolStripTool);
+  LayOut();
+}
+
+// The clicked tool may be the host's own of that name; the layout reads the bar's.
+void PriceDown::TakeCheckedState(const ObjectPtr& tool, std::u16string_view name) {
+  const bool checked = ToBoolean(tool->Get(u"Checked"));
+  bar_->Add({std::u16string(name), {}, {}, {}})->SetChecked(checked);
+}
+
+Value PriceDown::delRecord() {
+  if (!terminated_) commands_.Delete();
+  return {};
+}
+
+}  // namespace pricedown

@@ -1,0 +1,60 @@
+// Placing the control's panes: on a resize, for a splitter position, after a check tool changed.
+// The arithmetic is layout.h.
+#include "control/price_down.h"
+
+namespace pricedown {
+
+// Every layout reads the check tools anew, so a resize, a new splitter position and a changed
+// check tool are laid out alike.
+void PriceDown::LayOut() {
+  layout_ = ComputeLayout({ports_.view.ControlSize(), splitter_.Position(), IsShown(u"iToolBar"),
+                           IsShown(u"mnuViewStatusBar")});
+  ports_.view.Place(layout_);
+}
+
+bool PriceDown::IsShown(std::u16string_view checkTool) const {
+  const auto tool = bar_->Tool(checkTool);
+  return tool == nullptr || tool->Checked();
+}
+
+void PriceDown::Resized() {
+  if (!terminated_) LayOut();
+}
+
+Rectangle PriceDown::DragBar() const {
+  Rectangle bar = layout_.splitter;
+  bar.left = splitter_.BarPosition();
+  return bar;
+}
+
+void PriceDown::SplitterDown() {
+  if (terminated_) return;
+  // In a narrow control the splitter stands left of its position; the drag begins where it stands.
+  splitter_.SetPosition(layout_.splitter.left);
+  splitter_.Begin();
+  ports_.view.ShowDragBar(DragBar());
+}
+
+void PriceDown::SplitterMoved(std::int32_t offset) {
+  if (terminated_ || !splitter_.Dragging()) return;
+  splitter_.MoveTo(offset, ports_.view.ControlSize().width);
+  ports_.view.ShowDragBar(DragBar());
+}
+
+void PriceDown::SplitterUp() {
+  if (terminated_ || !splitter_.Dragging()) return;
+  splitter_.End();
+  LayOut();
+  ports_.view.HideDragBar();
+}
+
+void PriceDown::MoveSplitter(std::int32_t distance) {
+  if (terminated_) return;
+  splitter_.SetPosition(layout_.splitter.left);
+  splitter_.Begin();
+  splitter_.MoveTo(distance, ports_.view.ControlSize().width);
+  splitter_.End();
+  LayOut();
+}
+
+}  // namespace pricedown

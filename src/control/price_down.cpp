@@ -1,0 +1,129 @@
+// The control's creation and end.
+// Showing is in showing.cpp, placing in placing.cpp, commands in dispatch.cpp.
+#include "control/price_down.h"
+
+#include <utility>
+
+#include "control/first_failure.h"
+#include "control/tool_strip.h"
+#include "control/update_price.h"
+#include "env/language.h"
+#include "env/system_profile.h"
+#include "env/translation.h"
+#include "env/user_settings.h"
+#include "env/wait_cursor.h"
+#include "platform/convert.h"
+#include "platform/skip.h"
+#include "platform/text.h"
+
+namespace pricedown {
+namespace {
+
+constexpr double kTitlePoints = 18;
+
+}  // namespace
+
+PriceDown::PriceDown(PriceDownPorts ports)
+    : ports_(std::move(ports)),
+      environment_(ports_.factory, ports_.state, ports_.questions, ports_.screen,
+                   ports_.application),
+      grid_(environment_, browser_),
+      tree_(environment_, browser_, ports_.treeView, grid_),
+      commands_(environment_, browser_, tree_),
+      font_(environment_, ledger_, grid_.Cells(), ports_.fontView),
+      bar_(std::make_shared<CommandBar>()) {
+  bar_->OnClick([this](const ObjectPtr& tool) { BarToolClicked(tool); });
+  ++ports_.state.controls;
+}
+
+PriceDown::~PriceDown() { Terminate(); }
+
+void PriceDown::Initialize() {
+  FirstFailure steps;
+  steps.Run([&] { LoadControlTexts(ports_.factory, ports_.form); });
+  steps.Run([&] { ReadFullNumber(); });
+  {
+    std::optional<WaitCursor> wait;
+    steps.Run([&] { wait.emplace(ports_.screen); });
+    steps.Run([&] { ReadCurrentPeriod(ports_.factory, ports_.state); });
+    steps.Run([&] { grid_.Prepare(); });
+    steps.Run([&] { ModelCurrent(); });
+    steps.Run([&] { DisableClassCommands(); });
+    steps.Run([&] { LayOut(); });
+    steps.Run([&] { SetPeriodLabel(); });
+    steps.Run([&] { SetTitleFont(); });
+  }
+  steps.Rethrow();
+}
+
+// The flag says that short numbers are not in use.
+void PriceDown::ReadFullNumber() {
+  browser_.fullNumber = true;
+  const Value useShortNumber = SystemSetting(ports_.factory, u"IC", u"UseShortNumber");
+  browser_.fullNumber = LeadingNumber(useShortNumber) == 0;
+}
+
+void PriceDown::DisableClassCommands() {
+  if (browser_.ByItemClass()) return;
+  FirstFailure steps;
+  for (const std::size_t position : kClassCommandButtons) {
+    steps.Run([&] { ports_.view.SetStripButtonEnabled(position, false); });
+  }
+  for (const std::u16string_view name : {kInsertTool, kEditTool, kCutTool}) {
+    steps.Run([&] { bar_->Tool(name)->SetEnabled(false); });
+  }
+  steps.Rethrow();
+}
+
+void PriceDown::SetPeriodLabel() {
+  const ProcessState& state = ports_.state;
+  std::u16string text;
+  if (state.currentYear != 0 && state.currentPeriod != 0) {
+    text = Concatenate({NumberText(state.currentYear), Translate(u"年第"),
+                        NumberText(state.currentPeriod), Translate(u"期")});
+  }
+  ports_.view.SetPeriod(text);
+}
+
+void PriceDown::SetTitleFont() {
+  FirstFailure steps;
+  FontProperties font;
+  steps.Run([&] { font = ReadFontProperties(ports_.factory); });
+  steps.Run([&] { ports_.view.SetTitleFont(font.name, font.charset, kTitlePoints); });
+  steps.Rethrow();
+}
+
+Value PriceDown::ModelCurrent() {
+  if (terminated_) return {};
+  UpdatePrice price(ports_.factory);
+  price.ReadItemClassType();
+  browser_.itemClassType = price.ItemClassType();
+  return {};
+}
+
+void PriceDown::Terminate() {
+  if (terminated_) return;
+  terminated_ = true;
+  SkipFailing([&] { SaveSelection(); });
+  // Moved out first: releasing the last reference may call back into the control.
+  const ObjectPtr parent = std::exchange(parentWindow_, nullptr);
+  const ObjectPtr form = std::exchange(ports_.form, nullptr);
+  browser_.classRecordset.Release();
+  ReleaseLedger();
+  bar_->Detach();
+  SkipFailing([&] { grid_.Release(); });
+}
+
+void PriceDown::SaveSelection() {
+  const std::u16string key = tree_.SelectedKey();
+  if (key.empty()) return;
+  SaveUserSetting(ports_.factory, ports_.application, ports_.state.treeSelectionKey, key);
+}
+
+void PriceDown::ReleaseLedger() {
+  if (--ports_.state.controls > 0) return;
+  ports_.state.ledgerData.reset();
+  ports_.state.ledgerView.reset();
+}
+
+}  // namespace pricedown

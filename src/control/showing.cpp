@@ -1,0 +1,97 @@
+// The control's first display and what the host tells it afterwards.
+// Each step of the display is on its own: one that fails is skipped and the next one runs.
+#include "control/price_down.h"
+#include "env/translation.h"
+#include "env/user_settings.h"
+#include "platform/convert.h"
+#include "platform/skip.h"
+#include "platform/text.h"
+
+namespace pricedown {
+namespace {
+
+constexpr std::u16string_view kMaintenanceTitle = u"物料类别维护";
+constexpr std::u16string_view kMergeOperation = u"MergeToolBar";
+
+struct ShowMode {
+  std::u16string_view filterAppended;
+  std::u16string_view filterAlone;
+  std::int32_t objectType;
+  std::u16string_view treeSelectionKey;
+};
+
+constexpr ShowMode kMaintenance{u" and FErpClsID not in(6,8)", u" FErpClsID not in(6,8)", 10,
+                                u"NodeSel1"};
+constexpr ShowMode kOther{u" and FErpClsID in(2,7)", u" FErpClsID in(2,7)", 11, u"NodeSel2"};
+
+}  // namespace
+
+bool PriceDown::Show(const Value& parentWindow) {
+  // Pending messages may close the host's window, and with it the control.
+  const auto step = [&](auto&& run) {
+    if (!terminated_) SkipFailing(run);
+  };
+  step([&] { TakeCaption(); });
+  step([&] { TakeParent(parentWindow); });
+  step([&] { tree_.LoadClassTree(); });
+  step([&] { environment_.rights.ReadDataScope(); });
+  step([&] { grid_.ApplyScopeLock(); });
+  step([&] { ports_.screen.RunPendingMessages(); });
+  step([&] { RestoreSelection(); });
+  step([&] { RestoreFont(); });
+  return true;
+}
+
+void PriceDown::TakeCaption() {
+  SkipFailing([&] { title_ = Translate(Trim(ports_.container.Caption())); });
+  maintenanceMode_ = title_ == Translate(kMaintenanceTitle);
+  const ShowMode& mode = maintenanceMode_ ? kMaintenance : kOther;
+  ProcessState& state = ports_.state;
+  state.itemFilterAppended = mode.filterAppended;
+  state.itemFilterAlone = mode.filterAlone;
+  state.objectType = mode.objectType;
+  state.treeSelectionKey = mode.treeSelectionKey;
+  ports_.view.SetTitle(title_);
+}
+
+void PriceDown::TakeParent(const Value& parentWindow) {
+  const Value& parent = parentWindow.Resolved();
+  if (!parent.Is(Value::Kind::Object) || parent.Object() == nullptr) return;
+  parentWindow_ = parent.Object();
+  SkipFailing([&] { RefreshToolbar(); });
+  ports_.screen.RunPendingMessages();
+}
+
+void PriceDown::RestoreSelection() {
+  const Value key =
+      ReadUserSetting(ports_.factory, ports_.application, ports_.state.treeSelectionKey, kRootKey);
+  tree_.RestoreSelection(ToText(key));
+}
+
+void PriceDown::RestoreFont() {
+  const std::u16string settings =
+      ToText(ReadUserSetting(ports_.factory, ports_.application, kGridFontKey, u""));
+  if (settings.empty()) {
+    font_.Refresh();
+  } else {
+    font_.Restore(settings);
+  }
+}
+
+void PriceDown::NotifyMessage(std::u16string_view message) {
+  // "QueryUnload" and "FirstShow" ask for nothing.
+  if (!terminated_ && message == u"Activate") font_.Refresh();
+}
+
+void PriceDown::RefreshToolbar() {
+  // A reference of its own: merging may end the control.
+  const ObjectPtr parent = parentWindow_;
+  if (parent != nullptr) parent->Call(kMergeOperation, {Value(ObjectPtr(bar_))});
+}
+
+void PriceDown::SelBlock(const ObjectPtr& grid, const Value& column, const Value& column2,
+                         const Value& row, const Value& row2) {
+  SelectBlock(grid, column, column2, row, row2);
+}
+
+}  // namespace pricedown

@@ -1,0 +1,21 @@
+// Reading the provision mode from the company's profile.
+// What the mode means for the view is decided by the control.
+#include "control/update_price.h"
+
+#include "platform/convert.h"
+#include "platform/skip.h"
+#include "store/connection.h"
+#include "store/statements.h"
+#include "store/tables.h"
+
+namespace pricedown {
+
+void UpdatePrice::ReadItemClassType() {
+  SkipFailing([&] {
+    const Recordset answer = Connection(factory_).Execute(statements::ProvisionMode());
+    if (answer.AtEnd()) return;
+    itemClassType_ = RoundToInt16(LeadingNumber(answer.Field(columns::kValue)));
+  });
+}
+
+}  // namespace pricedown
