@@ -3,6 +3,7 @@
 #pragma once
 
 #include "env/screen.h"
+#include "platform/skip.h"
 
 namespace pricedown {
 
@@ -11,7 +12,10 @@ class WaitCursor {
   explicit WaitCursor(Screen& screen) : screen_(screen) {
     screen_.SetMousePointer(MousePointer::Hourglass);
   }
-  ~WaitCursor() { screen_.SetMousePointer(MousePointer::Default); }
+  // A screen that fails here must not end the process.
+  ~WaitCursor() {
+    SkipFailing([this] { screen_.SetMousePointer(MousePointer::Default); });
+  }
   WaitCursor(const WaitCursor&) = delete;
   WaitCursor& operator=(const WaitCursor&) = delete;
 
