@@ -1,0 +1,69 @@
+// The hourglass and its end on every way out.
+#include "env/wait_cursor.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "tests/env/recording_screen.h"
+
+namespace pricedown {
+namespace {
+
+using namespace pricedown::testing;
+
+class WaitCursorTest : public ::testing::Test {
+ protected:
+  int LeaveEarly(bool early) {
+    WaitCursor wait(screen);
+    if (early) return 1;
+    log.Add("work");
+    return 2;
+  }
+
+  CallLog log;
+  RecordingScreen screen{log};
+};
+
+TEST_F(WaitCursorTest, ShowsTheHourglassForItsLifetime) {
+  EXPECT_EQ(LeaveEarly(false), 2);
+  EXPECT_EQ(log.Text(), Lines(R"(
+      pointer 11
+      work
+      pointer 0
+      )"));
+}
+
+TEST_F(WaitCursorTest, RestoresThePointerOnAnEarlyReturn) {
+  EXPECT_EQ(LeaveEarly(true), 1);
+  EXPECT_EQ(log.Text(), Lines(R"(
+      pointer 11
+      pointer 0
+      )"));
+}
+
+TEST_F(WaitCursorTest, RestoresThePointerWhenAnErrorIsThrown) {
+  EXPECT_THROW(
+      {
+        WaitCursor wait(screen);
+        throw std::runtime_error("lost");
+      },
+      std::runtime_error);
+  EXPECT_EQ(log.Text(), Lines(R"(
+      pointer 11
+      pointer 0
+      )"));
+}
+
+TEST_F(WaitCursorTest, DoesNotNest) {
+  WaitCursor outer(screen);
+  { WaitCursor inner(screen); }
+  EXPECT_EQ(log.Text(), Lines(R"(
+      pointer 11
+      pointer 11
+      pointer 0
+      )"));
+}
+
+}  // namespace
+}  // namespace pricedown
