@@ -1,0 +1,14 @@
+// Simple case folding of single characters, the same on every platform and in every locale.
+// It is not the case conversion of displayed text: it only makes two cases of a letter equal.
+#pragma once
+
+namespace workbench {
+
+constexpr char FoldAscii(char character) {
+  return character >= 'A' && character <= 'Z' ? static_cast<char>(character + 32) : character;
+}
+
+// The character itself where Unicode gives it no simple folding.
+char32_t FoldCase(char32_t point) noexcept;
+
+}  // namespace workbench

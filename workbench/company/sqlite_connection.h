@@ -1,0 +1,53 @@
+// The embedded company: an SQLite file that understands the dialect of dialect.h.
+// It creates neither the file nor its tables.
+#pragma once
+
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "workbench/company/connection.h"
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace workbench {
+
+struct StatementRun;
+struct StatementShape;
+struct TranslatedText;
+
+// Other connections and processes may use the file at the same time; a lock of theirs is waited
+// for, up to five seconds. All statements of a text are compiled before the first runs.
+class SqliteConnection final : public Connection {
+ public:
+  // `path` in UTF-8. Throws DatabaseError where there is no such company file.
+  explicit SqliteConnection(std::string_view path);
+  ~SqliteConnection() override;
+
+  ResultSet Execute(std::u16string_view text) override;
+
+  // The open file, for what the dialect has no words for; the connection stays its owner.
+  sqlite3* Database() const noexcept { return database_.get(); }
+
+ private:
+  struct Close {
+    void operator()(sqlite3* database) const noexcept;
+  };
+  struct Finalize {
+    void operator()(sqlite3_stmt* statement) const noexcept;
+  };
+  using Statement = std::unique_ptr<sqlite3_stmt, Finalize>;
+
+  std::vector<Statement> PrepareAll(const std::vector<StatementShape>& shapes) const;
+  ResultSet RunAll(const TranslatedText& text, const std::vector<Statement>& statements) const;
+  void Bind(sqlite3_stmt* statement, const TranslatedText& text, const StatementRun& run) const;
+  void RunChange(sqlite3_stmt* statement) const;
+  ResultSet Fetch(sqlite3_stmt* statement, const StatementShape& shape) const;
+  void Command(const char* sql) const;
+  [[noreturn]] void ThrowFailure() const;
+
+  std::unique_ptr<sqlite3, Close> database_;
+};
+
+}  // namespace workbench

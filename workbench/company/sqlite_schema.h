@@ -1,0 +1,23 @@
+// The tables and columns of an open SQLite file, as the dialect layer asks for them.
+// It reads SQLite's own schema and remembers nothing, so that it is never out of date.
+#pragma once
+
+#include "workbench/company/schema_view.h"
+
+struct sqlite3;
+
+namespace workbench {
+
+class SqliteSchema final : public SchemaView {
+ public:
+  // The database stays the caller's and outlives the schema.
+  explicit SqliteSchema(sqlite3* database) : database_(database) {}
+
+  bool HasTable(std::string_view table) override;
+  std::optional<std::string> DeclaredType(std::string_view table, std::string_view column) override;
+
+ private:
+  sqlite3* database_;
+};
+
+}  // namespace workbench
