@@ -1,0 +1,292 @@
+// The frame: menus, toolbar, status line, MDI client. Children report their merges to it.
+#include "workbench/host/frame_window.h"
+
+#include <commctrl.h>
+#include <commdlg.h>
+
+#include "platform/convert.h"
+#include "platform/text.h"
+#include "windows/com/failure.h"
+#include "windows/com/wide_text.h"
+#include "workbench/host/messages.h"
+#include "workbench/host/resource_ids.h"
+#include "workbench/host/settings_dialog.h"
+
+namespace workbench {
+
+using pricedown::ObjectPtr;
+using pricedown::ToText;
+using pricedown::windows::FromWide;
+using pricedown::windows::ToWide;
+
+namespace {
+
+constexpr const wchar_t* kClassName = L"WorkbenchFrame";
+constexpr const wchar_t* kTitle = L"岚禾工作台";
+constexpr int kWindowMenuPosition = 3;
+
+}  // namespace
+
+FrameWindow::FrameWindow(HINSTANCE module, ObjectPtr settings)
+    : module_(module), settings_(std::move(settings)) {
+  WNDCLASSEXW description{};
+  description.cbSize = sizeof(description);
+  description.lpfnWndProc = Procedure;
+  description.hInstance = module;
+  description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  description.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
+  description.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_APPWORKSPACE + 1);
+  description.lpszMenuName = MAKEINTRESOURCEW(IDR_FRAME);
+  description.lpszClassName = kClassName;
+  RegisterClassExW(&description);
+  ChildWindow::RegisterClass(module);
+  accelerators_ = LoadAcceleratorsW(module, MAKEINTRESOURCEW(IDR_FRAME));
+  if (CreateWindowExW(0, kClassName, kTitle, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
+                      0, 1100, 720, nullptr, nullptr, module, this) == nullptr) {
+    pricedown::windows::ThrowLastError();
+  }
+}
+
+FrameWindow::~FrameWindow() {
+  if (window_ != nullptr) DestroyWindow(window_);
+}
+
+void FrameWindow::Show(int command) {
+  ShowWindow(window_, command);
+  UpdateWindow(window_);
+}
+
+int FrameWindow::Run() {
+  MSG message;
+  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+    ChildWindow* child = ActiveChild();
+    const bool key = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
+    if (TranslateMDISysAccel(client_, &message)) continue;
+    if (TranslateAcceleratorW(window_, accelerators_, &message) != 0) continue;
+    if (key && child != nullptr && child->TranslateKey(message)) continue;
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+  return static_cast<int>(message.wParam);
+}
+
+void FrameWindow::OpenCompany(const std::wstring& location) {
+  CloseChildren();
+  settings_->Call(u"Open", {FromWide(location)});
+  ShowStatus();
+}
+
+ChildWindow* FrameWindow::ActiveChild() const {
+  return ChildWindow::Of(reinterpret_cast<HWND>(SendMessageW(client_, WM_MDIGETACTIVE, 0, 0)));
+}
+
+ChildWindow* FrameWindow::OpenChild(const wchar_t* caption) {
+  for (HWND window = GetWindow(client_, GW_CHILD); window != nullptr;
+       window = GetWindow(window, GW_HWNDNEXT)) {
+    ChildWindow* child = ChildWindow::Of(window);
+    if (child != nullptr && child->Caption() == caption) {
+      SendMessageW(client_, WM_MDIACTIVATE, reinterpret_cast<WPARAM>(window), 0);
+      return child;
+    }
+  }
+  try {
+    ChildWindow* child = ChildWindow::Open(*this, module_, client_, caption);
+    if (GetWindow(child->Handle(), GW_HWNDNEXT) == nullptr) {
+      SendMessageW(client_, WM_MDIMAXIMIZE, reinterpret_cast<WPARAM>(child->Handle()), 0);
+    }
+    return child;
+  } catch (...) {
+    ShowFailure(window_, pricedown::windows::CurrentFailure());
+    return nullptr;
+  }
+}
+
+void FrameWindow::CloseChildren() {
+  while (ChildWindow* child = ActiveChild()) {
+    SendMessageW(client_, WM_MDIDESTROY, reinterpret_cast<WPARAM>(child->Handle()), 0);
+  }
+}
+
+void FrameWindow::ClickTool(ChildWindow& child, std::u16string_view name) {
+  const ObjectPtr tool = toolbar_->ToolNamed(name);
+  if (tool == nullptr) return;
+  child.ClickTool(tool);
+  if (merged_ != nullptr) toolbar_->RefreshStates();
+}
+
+void FrameWindow::ChildActivated(ChildWindow* child) {
+  merged_ = child;
+  toolbar_->Merge(child == nullptr ? nullptr : child->Bar());
+  LayOut();
+  DrawMenuBar(window_);
+}
+
+void FrameWindow::ChildMerged(ChildWindow& child) {
+  if (merged_ == nullptr || merged_ == &child) ChildActivated(&child);
+}
+
+void FrameWindow::ChildClosed(ChildWindow& child) {
+  if (merged_ == &child) ChildActivated(nullptr);
+}
+
+LRESULT CALLBACK FrameWindow::Procedure(HWND window, UINT message, WPARAM wParam,
+                                        LPARAM lParam) noexcept {
+  auto* frame = reinterpret_cast<FrameWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (message == WM_NCCREATE) {
+    frame = static_cast<FrameWindow*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
+    frame->window_ = window;
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(frame));
+  }
+  if (frame == nullptr) return DefWindowProcW(window, message, wParam, lParam);
+  try {
+    return frame->OnMessage(message, wParam, lParam);
+  } catch (...) {
+    ShowFailure(window, pricedown::windows::CurrentFailure());
+    return message == WM_CREATE ? -1 : 0;
+  }
+}
+
+LRESULT FrameWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_CREATE:
+      OnCreate();
+      return 0;
+    case WM_SIZE:
+      LayOut();
+      return 0;
+    case WM_COMMAND:
+      OnCommand(LOWORD(wParam), wParam, lParam);
+      return 0;
+    case WM_INITMENUPOPUP:
+      RebuildEditMenu(reinterpret_cast<HMENU>(wParam));
+      break;
+    case WM_NOTIFY:
+      if (reinterpret_cast<NMHDR*>(lParam)->code == TTN_GETDISPINFOW) OnToolTip(lParam);
+      break;
+    case WM_CLOSE:
+      CloseChildren();
+      break;
+    case WM_DESTROY:
+      PostQuitMessage(0);
+      return 0;
+    case WM_NCDESTROY:
+      SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+      window_ = nullptr;
+      return 0;
+    default:
+      break;
+  }
+  return DefFrameProcW(window_, client_, message, wParam, lParam);
+}
+
+void FrameWindow::OnCreate() {
+  toolbar_ = std::make_unique<MergedToolbar>(module_, window_);
+  status_ = CreateWindowExW(0, STATUSCLASSNAMEW, L"", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0, 0,
+                            0, 0, window_, nullptr, module_, nullptr);
+  CLIENTCREATESTRUCT creation{};
+  creation.hWindowMenu = GetSubMenu(GetMenu(window_), kWindowMenuPosition);
+  creation.idFirstChild = IDM_FIRST_CHILD;
+  client_ =
+      CreateWindowExW(WS_EX_CLIENTEDGE, L"MDICLIENT", L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN,
+                      0, 0, 0, 0, window_, nullptr, module_, &creation);
+  if (client_ == nullptr || status_ == nullptr) pricedown::windows::ThrowLastError();
+}
+
+void FrameWindow::LayOut() {
+  if (client_ == nullptr) return;
+  SendMessageW(toolbar_->Handle(), TB_AUTOSIZE, 0, 0);
+  SendMessageW(status_, WM_SIZE, 0, 0);
+  RECT area, bar, line;
+  GetClientRect(window_, &area);
+  GetWindowRect(toolbar_->Handle(), &bar);
+  GetWindowRect(status_, &line);
+  const LONG top = bar.bottom - bar.top;
+  const LONG bottom = line.bottom - line.top;
+  MoveWindow(client_, 0, top, area.right, area.bottom - top - bottom, TRUE);
+}
+
+void FrameWindow::OnCommand(int id, WPARAM wParam, LPARAM lParam) {
+  switch (id) {
+    case IDM_FILE_OPEN:
+      return ChooseCompany();
+    case IDM_FILE_EXIT:
+      PostMessageW(window_, WM_CLOSE, 0, 0);
+      return;
+    case IDM_ITEM_CLASSES:
+      OpenChild(kItemClassesCaption);
+      return;
+    case IDM_PRICE_DOWN:
+      OpenChild(kPriceDownCaption);
+      return;
+    case IDM_SETTINGS:
+      return ChangeSettings();
+    case IDM_WINDOW_CASCADE:
+      SendMessageW(client_, WM_MDICASCADE, 0, 0);
+      return;
+    case IDM_WINDOW_TILE:
+      SendMessageW(client_, WM_MDITILE, MDITILE_VERTICAL, 0);
+      return;
+    default:
+      break;
+  }
+  const ObjectPtr tool = toolbar_->ToolOf(id);
+  if (tool == nullptr) {
+    DefFrameProcW(window_, client_, WM_COMMAND, wParam, lParam);
+    return;
+  }
+  if (ChildWindow* child = ActiveChild()) child->ClickTool(tool);
+  if (merged_ != nullptr) toolbar_->RefreshStates();
+}
+
+void FrameWindow::OnToolTip(LPARAM lParam) const {
+  auto* info = reinterpret_cast<NMTTDISPINFOW*>(lParam);
+  const std::wstring tip = toolbar_->TipOf(static_cast<int>(info->hdr.idFrom));
+  lstrcpynW(info->szText, tip.c_str(), static_cast<int>(std::size(info->szText)));
+}
+
+void FrameWindow::RebuildEditMenu(HMENU menu) {
+  // The business menu ends with the tools of the active child.
+  if (menu != GetSubMenu(GetMenu(window_), 1)) return;
+  constexpr int kOwnItems = 2;
+  while (GetMenuItemCount(menu) > kOwnItems) DeleteMenu(menu, kOwnItems, MF_BYPOSITION);
+  if (merged_ == nullptr) return;
+  AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
+  toolbar_->AppendTo(menu);
+}
+
+void FrameWindow::ChooseCompany() {
+  wchar_t path[MAX_PATH] = {};
+  OPENFILENAMEW dialog{};
+  dialog.lStructSize = sizeof(dialog);
+  dialog.hwndOwner = window_;
+  dialog.lpstrFilter = L"公司数据库 (*.db)\0*.db\0所有文件 (*.*)\0*.*\0";
+  dialog.lpstrFile = path;
+  dialog.nMaxFile = MAX_PATH;
+  dialog.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+  if (GetOpenFileNameW(&dialog)) OpenCompany(path);
+}
+
+void FrameWindow::ChangeSettings() {
+  if (!ShowSettings(module_, window_, settings_)) return;
+  // A control reads its settings when it is made: what is open is opened anew.
+  std::vector<std::wstring> captions;
+  for (HWND window = GetWindow(client_, GW_CHILD); window != nullptr;
+       window = GetWindow(window, GW_HWNDNEXT)) {
+    if (const ChildWindow* child = ChildWindow::Of(window)) captions.push_back(child->Caption());
+  }
+  CloseChildren();
+  for (auto caption = captions.rbegin(); caption != captions.rend(); ++caption) {
+    OpenChild(caption->c_str());
+  }
+  ShowStatus();
+}
+
+void FrameWindow::ShowStatus() {
+  const std::u16string text =
+      pricedown::Concatenate({u"公司：", ToText(settings_->Get(u"Location")), u"    当前期间：",
+                              ToText(settings_->Get(u"CurrentYear")), u"年第",
+                              ToText(settings_->Get(u"CurrentPeriod")), u"期"});
+  SetWindowTextW(status_, ToWide(text).c_str());
+}
+
+}  // namespace workbench

@@ -1,0 +1,72 @@
+// The host's main window: menus, merged toolbar, status line, and the child windows.
+// What happens inside a child window is child_window.h.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <string>
+
+#include "platform/automation.h"
+#include "workbench/host/child_window.h"
+#include "workbench/host/merged_toolbar.h"
+
+namespace workbench {
+
+inline constexpr const wchar_t* kItemClassesCaption = L"物料类别维护";
+inline constexpr const wchar_t* kPriceDownCaption = L"存货跌价准备";
+
+class FrameWindow {
+ public:
+  // `settings` is the suite's settings object. Throws AutomationError.
+  FrameWindow(HINSTANCE module, pricedown::ObjectPtr settings);
+  ~FrameWindow();
+  FrameWindow(const FrameWindow&) = delete;
+  FrameWindow& operator=(const FrameWindow&) = delete;
+
+  void Show(int command);
+  // Runs messages until the window is closed; the answer is the exit code.
+  int Run();
+
+  HWND Handle() const { return window_; }
+  const pricedown::ObjectPtr& Settings() const { return settings_; }
+
+  // Opens a company file or connection string and closes the children of the one before. Throws
+  // AutomationError.
+  void OpenCompany(const std::wstring& location);
+  // Opens a child window, or brings it to the front. Null, and a message, when that fails.
+  ChildWindow* OpenChild(const wchar_t* caption);
+  ChildWindow* ActiveChild() const;
+  void CloseChildren();
+  // Chooses the merged tool of that name, as a click on it would; nothing when there is none.
+  void ClickTool(ChildWindow& child, std::u16string_view name);
+
+  // Called by the children.
+  void ChildActivated(ChildWindow* child);
+  void ChildMerged(ChildWindow& child);
+  void ChildClosed(ChildWindow& child);
+
+ private:
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam,
+                                    LPARAM lParam) noexcept;
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+  void OnCreate();
+  void OnCommand(int id, WPARAM wParam, LPARAM lParam);
+  void OnToolTip(LPARAM lParam) const;
+  void LayOut();
+  void ChooseCompany();
+  void ChangeSettings();
+  void ShowStatus();
+  void RebuildEditMenu(HMENU menu);
+
+  HINSTANCE module_;
+  pricedown::ObjectPtr settings_;
+  HWND window_ = nullptr;
+  HWND client_ = nullptr;
+  HWND status_ = nullptr;
+  HACCEL accelerators_ = nullptr;
+  std::unique_ptr<MergedToolbar> toolbar_;
+  ChildWindow* merged_ = nullptr;
+};
+
+}  // namespace workbench

@@ -1,0 +1,52 @@
+// The host's toolbar with the tools of the active child's command bar merged into it.
+// It shows the tools' states and says which tool was chosen; what a tool does is the control's.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/automation.h"
+
+namespace workbench {
+
+// Adds the host's standard tools that a command bar expects after merging ("iPrint",
+// "iPrintPreView", "iRefresh", "iToolBar", "mnuViewStatusBar", "iExit"); those that are there
+// already stay as they are.
+void AddStandardTools(const pricedown::ObjectPtr& bar);
+
+class MergedToolbar {
+ public:
+  // Makes the toolbar at the top of `frame`. Throws AutomationError.
+  MergedToolbar(HINSTANCE module, HWND frame);
+
+  HWND Handle() const { return window_; }
+
+  // Shows the tools of `bar` in place of those before; null shows none.
+  void Merge(const pricedown::ObjectPtr& bar);
+  // Takes over the tools' enabled, checked and visible states.
+  void RefreshStates();
+  // The tool of a command id, or null.
+  pricedown::ObjectPtr ToolOf(int commandId) const;
+  // The tool of that name, or null.
+  pricedown::ObjectPtr ToolNamed(std::u16string_view name) const;
+  // Appends the tools as a menu.
+  void AppendTo(HMENU menu) const;
+  // The tip text of a tool.
+  std::wstring TipOf(int commandId) const;
+
+ private:
+  struct Tool {
+    pricedown::ObjectPtr object;
+    std::u16string name;
+    std::wstring caption;
+    std::wstring description;
+    bool check = false;
+  };
+
+  HWND window_ = nullptr;
+  std::vector<Tool> tools_;
+};
+
+}  // namespace workbench

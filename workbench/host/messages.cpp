@@ -1,0 +1,18 @@
+// The host's one message box.
+#include "workbench/host/messages.h"
+
+#include "windows/com/wide_text.h"
+
+namespace workbench {
+
+void ShowFailure(HWND owner, const pricedown::windows::Failure& failure) noexcept {
+  try {
+    std::wstring text = pricedown::windows::ToWide(failure.description);
+    if (text.empty()) text = L"操作没有完成。";
+    MessageBoxW(owner, text.c_str(), L"工作台", MB_OK | MB_ICONWARNING);
+  } catch (const std::exception&) {
+    MessageBoxW(owner, L"内存不足。", L"工作台", MB_OK | MB_ICONWARNING);
+  }
+}
+
+}  // namespace workbench

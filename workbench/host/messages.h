@@ -1,0 +1,14 @@
+// Message boxes of the host itself.
+// Those of the control are its own.
+#pragma once
+
+#include <windows.h>
+
+#include "windows/com/failure.h"
+
+namespace workbench {
+
+// What went wrong, in a message box over `owner`.
+void ShowFailure(HWND owner, const pricedown::windows::Failure& failure) noexcept;
+
+}  // namespace workbench

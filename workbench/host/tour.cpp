@@ -1,0 +1,148 @@
+// The steps of the tour. Each acts through the control's windows and the host's commands, then
+// the next tick takes the picture, so that everything has been painted.
+#include "workbench/host/tour.h"
+
+#include <commctrl.h>
+
+#include "platform/error.h"
+#include "windows/com/failure.h"
+#include "windows/ui/control_ids.h"
+#include "workbench/host/messages.h"
+#include "workbench/host/resource_ids.h"
+#include "workbench/host/screenshot.h"
+
+namespace workbench {
+
+namespace ids = pricedown::windows::control_ids;
+
+namespace {
+
+constexpr UINT kStepMilliseconds = 600;
+Tour* runningTour = nullptr;
+
+}  // namespace
+
+Tour::Tour(FrameWindow& frame, std::wstring folder) : frame_(frame), folder_(std::move(folder)) {
+  AddBrowsing();
+  AddSplitter();
+  AddOtherMode();
+  runningTour = this;
+  timer_ = SetTimer(nullptr, 0, kStepMilliseconds, OnTimer);
+}
+
+Tour::~Tour() {
+  KillTimer(nullptr, timer_);
+  runningTour = nullptr;
+}
+
+void CALLBACK Tour::OnTimer(HWND, UINT, UINT_PTR, DWORD) noexcept {
+  Tour* tour = runningTour;
+  if (tour == nullptr) return;
+  try {
+    tour->Advance();
+  } catch (...) {
+    tour->failed_ = true;
+    KillTimer(nullptr, tour->timer_);
+    // Nobody is there to press OK.
+    OutputDebugStringW(L"tour: a step failed");
+    PostMessageW(tour->frame_.Handle(), WM_CLOSE, 0, 0);
+  }
+}
+
+void Tour::Advance() {
+  if (pictureDue_) {
+    pictureDue_ = false;
+    SaveScreenshot(frame_.Handle(), folder_ + L"\\" + steps_[next_].picture + L".png");
+    ++next_;
+    return;
+  }
+  if (next_ == steps_.size()) {
+    KillTimer(nullptr, timer_);
+    PostMessageW(frame_.Handle(), WM_CLOSE, 0, 0);
+    return;
+  }
+  const Step& step = steps_[next_];
+  step.action();
+  if (step.picture == nullptr) {
+    ++next_;
+  } else {
+    pictureDue_ = true;
+  }
+}
+
+HWND Tour::Child(int controlId) const {
+  const ChildWindow* child = frame_.ActiveChild();
+  const HWND control = child == nullptr ? nullptr : child->ControlHandle();
+  const HWND window = control == nullptr ? nullptr : GetDlgItem(control, controlId);
+  if (window == nullptr) {
+    throw pricedown::AutomationError(pricedown::ErrorNumber::Unspecified, u"控件没有所需的子窗口。",
+                                     u"Tour");
+  }
+  return window;
+}
+
+void Tour::SelectClass(int position) {
+  const HWND tree = Child(ids::kTree);
+  HTREEITEM item = TreeView_GetChild(tree, TreeView_GetRoot(tree));
+  for (int i = 1; i < position && item != nullptr; ++i) item = TreeView_GetNextSibling(tree, item);
+  TreeView_EnsureVisible(tree, item);
+  RECT area;
+  if (item == nullptr || !TreeView_GetItemRect(tree, item, &area, TRUE)) {
+    throw pricedown::AutomationError(pricedown::ErrorNumber::Unspecified, u"没有这个类别。",
+                                     u"Tour");
+  }
+  const LPARAM point = MAKELPARAM(area.left + 4, (area.top + area.bottom) / 2);
+  PostMessageW(tree, WM_LBUTTONDOWN, MK_LBUTTON, point);
+  PostMessageW(tree, WM_LBUTTONUP, 0, point);
+}
+
+void Tour::Drag(HWND window, int distance) {
+  PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(1, 40));
+  PostMessageW(window, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(distance / 2, 40));
+  PostMessageW(window, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(distance, 40));
+  PostMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(distance, 40));
+}
+
+void Tour::ClickTool(std::u16string_view name) {
+  ChildWindow* child = frame_.ActiveChild();
+  if (child != nullptr) frame_.ClickTool(*child, name);
+}
+
+void Tour::AddBrowsing() {
+  steps_.push_back({L"01-opened", [this] { frame_.OpenChild(kItemClassesCaption); }});
+  steps_.push_back({L"02-class-selected", [this] { SelectClass(1); }});
+  steps_.push_back({L"03-another-class", [this] { SelectClass(5); }});
+  steps_.push_back({L"04-grid-by-keyboard", [this] {
+                      const HWND grid = Child(ids::kGridPane);
+                      const HWND sheet = GetDlgItem(grid, ids::kGrid);
+                      SetFocus(sheet != nullptr ? sheet : grid);
+                      for (int i = 0; i < 3; ++i) {
+                        PostMessageW(GetFocus(), WM_KEYDOWN, VK_DOWN, 0);
+                      }
+                      PostMessageW(GetFocus(), WM_KEYDOWN, VK_RIGHT, 0);
+                    }});
+}
+
+void Tour::AddSplitter() {
+  steps_.push_back({L"05-splitter-dragged", [this] { Drag(Child(ids::kSplitter), 120); }});
+  steps_.push_back({L"06-splitter-at-its-limit", [this] { Drag(Child(ids::kSplitter), -900); }});
+  steps_.push_back({L"07-strip-hidden", [this] { ClickTool(u"iToolBar"); }});
+  steps_.push_back({L"08-strip-shown-again", [this] { ClickTool(u"iToolBar"); }});
+}
+
+void Tour::AddOtherMode() {
+  steps_.push_back({L"09-other-mode", [this] { frame_.OpenChild(kPriceDownCaption); }});
+  steps_.push_back(
+      {L"10-tiled", [this] { SendMessageW(frame_.Handle(), WM_COMMAND, IDM_WINDOW_TILE, 0); }});
+  steps_.push_back({L"11-by-item", [this] {
+                      frame_.CloseChildren();
+                      frame_.Settings()->Put(u"ItemClassType", u"2");
+                      frame_.OpenChild(kItemClassesCaption);
+                    }});
+  steps_.push_back({L"12-closed", [this] {
+                      frame_.Settings()->Put(u"ItemClassType", u"1");
+                      frame_.CloseChildren();
+                    }});
+}
+
+}  // namespace workbench

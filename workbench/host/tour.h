@@ -1,0 +1,53 @@
+// A guided tour: drives the host by real messages, one step at a time, and keeps pictures.
+// It is for people who want to see the program without a screen; it checks little by itself.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "workbench/host/frame_window.h"
+
+namespace workbench {
+
+class Tour {
+ public:
+  // Starts with the message loop and closes the frame at its end. Pictures go to `folder`.
+  Tour(FrameWindow& frame, std::wstring folder);
+  ~Tour();
+  Tour(const Tour&) = delete;
+  Tour& operator=(const Tour&) = delete;
+
+  // Every step ran and every picture was written.
+  bool Finished() const { return next_ == steps_.size() && !failed_; }
+
+ private:
+  struct Step {
+    // Empty: no picture of this step.
+    const wchar_t* picture;
+    std::function<void()> action;
+  };
+
+  static void CALLBACK OnTimer(HWND window, UINT message, UINT_PTR id, DWORD time) noexcept;
+  void Advance();
+  void AddBrowsing();
+  void AddSplitter();
+  void AddOtherMode();
+
+  HWND Child(int controlId) const;
+  void SelectClass(int position);
+  void Drag(HWND window, int distance);
+  void ClickTool(std::u16string_view name);
+
+  FrameWindow& frame_;
+  std::wstring folder_;
+  std::vector<Step> steps_;
+  std::size_t next_ = 0;
+  bool pictureDue_ = false;
+  bool failed_ = false;
+  UINT_PTR timer_ = 0;
+};
+
+}  // namespace workbench

@@ -1,0 +1,91 @@
+// WorkbenchSuite.dll: the suite's objects behind class ids, for hosts and scripts on Windows.
+// It has no registration of its own; a manifest or a test's registry names the classes.
+#include <windows.h>
+
+#include <iterator>
+#include <string>
+
+#include "windows/com/boundary.h"
+#include "windows/com/com_class.h"
+#include "windows/com/dispatch_object.h"
+#include "windows/com/wide_text.h"
+#include "workbench/suite/com/class_ids.h"
+#include "workbench/suite/suite_factory.h"
+
+namespace workbench {
+namespace {
+
+using pricedown::windows::AtBoundary;
+using pricedown::windows::ComClass;
+using pricedown::windows::ComPtr;
+using pricedown::windows::Counts;
+using pricedown::windows::DispatchObject;
+using pricedown::windows::MakeCom;
+
+// What the DLL owns: the suite that all its objects share.
+struct Server {
+  SuiteStatePtr suite;
+
+  // Programs without a host name the company in the environment.
+  const SuiteStatePtr& Suite() {
+    if (suite == nullptr) {
+      suite = std::make_shared<SuiteState>();
+      const DWORD size = GetEnvironmentVariableW(L"WORKBENCH_COMPANY", nullptr, 0);
+      if (size > 1) {
+        std::wstring location(size - 1, L'\0');
+        GetEnvironmentVariableW(L"WORKBENCH_COMPANY", location.data(), size);
+        suite->OpenCompany(pricedown::windows::FromWide(location));
+      }
+    }
+    return suite;
+  }
+};
+
+Server& TheServer() {
+  static Server server;
+  return server;
+}
+
+class SuiteClassFactory final : public ComClass<IClassFactory> {
+ public:
+  explicit SuiteClassFactory(const SuiteClass& suiteClass) : class_(suiteClass) {}
+
+  STDMETHODIMP CreateInstance(IUnknown* outer, REFIID id, void** result) noexcept override {
+    if (result == nullptr) return E_POINTER;
+    *result = nullptr;
+    if (outer != nullptr) return CLASS_E_NOAGGREGATION;
+    return AtBoundary([&] {
+      const auto object = MakeCom<DispatchObject>(class_.create(TheServer().Suite()));
+      return object->QueryInterface(id, result);
+    });
+  }
+
+  STDMETHODIMP LockServer(BOOL lock) noexcept override {
+    Counts().locks += lock ? 1 : -1;
+    return S_OK;
+  }
+
+ private:
+  const SuiteClass& class_;
+};
+
+}  // namespace
+}  // namespace workbench
+
+STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** result) {
+  using namespace workbench;
+  if (result == nullptr) return E_POINTER;
+  *result = nullptr;
+  const auto classes = SuiteClasses();
+  for (std::size_t i = 0; i < std::size(kSuiteClassIds) && i < classes.size(); ++i) {
+    if (kSuiteClassIds[i] != classId) continue;
+    return pricedown::windows::AtBoundary([&] {
+      return pricedown::windows::MakeCom<SuiteClassFactory>(classes[i])->QueryInterface(id, result);
+    });
+  }
+  return CLASS_E_CLASSNOTAVAILABLE;
+}
+
+// The suite's state lives between its objects (a recordset outlives its connection, a command
+// makes its connection anew), so the DLL stays until the process ends.
+STDAPI DllCanUnloadNow() { return S_FALSE; }

@@ -1,0 +1,315 @@
+// Position, filter and editing of the in-memory recordset, in ADO's manner.
+// Its automation members are recordset_members.cpp.
+#include "workbench/suite/recordset.h"
+
+#include <algorithm>
+
+#include "platform/convert.h"
+#include "platform/error.h"
+#include "platform/text.h"
+
+namespace workbench {
+
+using pricedown::AutomationError;
+using pricedown::CellBlock;
+using pricedown::CellBlockPtr;
+using pricedown::CellView;
+using pricedown::ErrorNumber;
+using pricedown::Value;
+
+namespace {
+
+constexpr std::u16string_view kSource = u"ADODB.Recordset";
+
+[[noreturn]] void ThrowNoCurrentRecord() {
+  throw AutomationError(ErrorNumber::NoCurrentRecord,
+                        u"BOF 或 EOF 中有一个为“真”，或者当前的记录已被删除，"
+                        u"所需的操作要求有一个当前的记录。",
+                        std::u16string(kSource));
+}
+
+// Rows of a store picked out by GetRows. It keeps the recordset alive, and is read before the
+// recordset changes, as clients of GetRows do; texts are therefore not copied.
+class PickedRows : public CellBlock {
+ public:
+  PickedRows(std::shared_ptr<Recordset> owner, std::vector<std::size_t> columns,
+             std::vector<std::size_t> rows)
+      : owner_(std::move(owner)), columns_(std::move(columns)), rows_(std::move(rows)) {}
+
+  std::size_t ColumnCount() const override { return columns_.size(); }
+  std::size_t RowCount() const override { return rows_.size(); }
+  CellView Cell(std::size_t column, std::size_t row) const override {
+    return Live(row) ? owner_->Rows().View(rows_[row], columns_[column]) : CellView{};
+  }
+  Value CellValue(std::size_t column, std::size_t row) const override {
+    return Live(row) ? owner_->Rows().Get(rows_[row], columns_[column]) : Value();
+  }
+
+ private:
+  // A row deleted since reads as empty.
+  bool Live(std::size_t row) const { return owner_->Rows().IsLive(rows_[row]); }
+
+  std::shared_ptr<Recordset> owner_;
+  std::vector<std::size_t> columns_;
+  std::vector<std::size_t> rows_;
+};
+
+std::u16string FilterKey(const Value& value) {
+  return value.IsNothing() ? std::u16string() : pricedown::UpperCase(pricedown::ToText(value));
+}
+
+struct Comparison {
+  std::u16string_view name;
+  std::u16string value;
+};
+
+// name = 'value' with '' for a quote inside the value.
+std::optional<Comparison> ParseComparison(std::u16string_view text) {
+  const auto equals = text.find(u'=');
+  if (equals == std::u16string_view::npos) return std::nullopt;
+  Comparison comparison;
+  comparison.name = pricedown::Trim(text.substr(0, equals));
+  std::u16string_view rest = pricedown::Trim(text.substr(equals + 1));
+  if (comparison.name.empty() || rest.size() < 2 || rest.front() != u'\'') return std::nullopt;
+  std::size_t at = 1;
+  while (at < rest.size()) {
+    if (rest[at] == u'\'') {
+      if (at + 1 == rest.size()) return comparison;
+      if (rest[at + 1] != u'\'') return std::nullopt;
+      ++at;
+    }
+    comparison.value += rest[at++];
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+Recordset::Recordset() : rows_(std::make_unique<EditableRows>()) {}
+
+Recordset::Recordset(std::unique_ptr<RowStore> rows) : rows_(std::move(rows)) { Open(); }
+
+std::shared_ptr<Recordset> Recordset::Closed() { return std::make_shared<Recordset>(); }
+
+void Recordset::RequireOpen() const {
+  if (!open_) {
+    throw AutomationError(ErrorNumber::ObjectClosed, u"对象关闭时，不允许操作。",
+                          std::u16string(kSource));
+  }
+}
+
+void Recordset::Open() {
+  if (open_) {
+    throw AutomationError(static_cast<std::int32_t>(0x800A0E79), u"对象打开时，不允许操作。",
+                          std::u16string(kSource));
+  }
+  open_ = true;
+  if (rows_->LiveCount() > 0) {
+    MoveFirst();
+  } else {
+    position_ = Position::End;
+  }
+}
+
+void Recordset::Close() {
+  RequireOpen();
+  if (added_) CancelUpdate();
+  open_ = false;
+  filterText_.clear();
+  filterColumn_.reset();
+}
+
+const std::vector<std::size_t>* Recordset::Matching() const {
+  const auto found = index_.find(filterValue_);
+  return found == index_.end() ? nullptr : &found->second;
+}
+
+bool Recordset::Passes(std::size_t row) const { return rows_->IsLive(row); }
+
+std::optional<std::size_t> Recordset::NextFrom(std::size_t row) const {
+  if (filterColumn_) {
+    const auto* matching = Matching();
+    if (matching == nullptr) return std::nullopt;
+    auto at = std::lower_bound(matching->begin(), matching->end(), row);
+    while (at != matching->end() && !Passes(*at)) ++at;
+    return at == matching->end() ? std::nullopt : std::optional(*at);
+  }
+  while (row < rows_->RowCount() && !Passes(row)) ++row;
+  return row < rows_->RowCount() ? std::optional(row) : std::nullopt;
+}
+
+std::optional<std::size_t> Recordset::PreviousFrom(std::size_t end) const {
+  if (filterColumn_) {
+    const auto* matching = Matching();
+    if (matching == nullptr) return std::nullopt;
+    auto at = std::lower_bound(matching->begin(), matching->end(), end);
+    while (at != matching->begin()) {
+      if (Passes(*--at)) return *at;
+    }
+    return std::nullopt;
+  }
+  while (end > 0) {
+    if (Passes(--end)) return end;
+  }
+  return std::nullopt;
+}
+
+std::int32_t Recordset::RecordCount() {
+  RequireOpen();
+  if (!filterColumn_) return static_cast<std::int32_t>(rows_->LiveCount());
+  const auto* matching = Matching();
+  if (matching == nullptr) return 0;
+  return static_cast<std::int32_t>(std::count_if(matching->begin(), matching->end(),
+                                                 [&](std::size_t row) { return Passes(row); }));
+}
+
+bool Recordset::AtBeginning() {
+  RequireOpen();
+  return position_ == Position::Beginning || (position_ == Position::End && !NextFrom(0));
+}
+
+bool Recordset::AtEnd() {
+  RequireOpen();
+  return position_ == Position::End || (position_ == Position::Beginning && !NextFrom(0));
+}
+
+void Recordset::MoveFirst() {
+  RequireOpen();
+  if (added_) Update();
+  const auto first = NextFrom(0);
+  if (!first) ThrowNoCurrentRecord();
+  row_ = *first;
+  position_ = Position::Row;
+}
+
+void Recordset::MoveLast() {
+  RequireOpen();
+  if (added_) Update();
+  const auto last = PreviousFrom(rows_->RowCount());
+  if (!last) ThrowNoCurrentRecord();
+  row_ = *last;
+  position_ = Position::Row;
+}
+
+void Recordset::MoveNext() {
+  RequireOpen();
+  if (added_) Update();
+  if (position_ == Position::End) ThrowNoCurrentRecord();
+  const auto next = NextFrom(position_ == Position::Beginning ? 0 : row_ + 1);
+  position_ = next ? Position::Row : Position::End;
+  if (next) row_ = *next;
+}
+
+void Recordset::MovePrevious() {
+  RequireOpen();
+  if (added_) Update();
+  if (position_ == Position::Beginning) ThrowNoCurrentRecord();
+  const auto previous = PreviousFrom(position_ == Position::End ? rows_->RowCount() : row_);
+  position_ = previous ? Position::Row : Position::Beginning;
+  if (previous) row_ = *previous;
+}
+
+void Recordset::AddNew() {
+  RequireOpen();
+  if (added_) Update();
+  added_ = rows_->AddRow();
+  row_ = *added_;
+  position_ = Position::Row;
+  indexColumn_.reset();
+}
+
+void Recordset::Update() {
+  RequireOpen();
+  added_.reset();
+  if (filterColumn_ && indexColumn_ != filterColumn_) BuildFilterIndex(*filterColumn_);
+}
+
+void Recordset::CancelUpdate() {
+  RequireOpen();
+  if (!added_) return;
+  rows_->Delete(*added_);
+  added_.reset();
+}
+
+void Recordset::Delete() {
+  RequireOpen();
+  const std::size_t row = CurrentRow();
+  rows_->Delete(row);
+  added_.reset();
+}
+
+void Recordset::SetFilter(std::u16string_view filter) {
+  RequireOpen();
+  if (added_) Update();
+  filterColumn_.reset();
+  if (!pricedown::Trim(filter).empty()) {
+    const auto comparison = ParseComparison(filter);
+    if (!comparison) {
+      throw AutomationError(static_cast<std::int32_t>(0x800A0BB9),
+                            u"参数类型不正确，或不在可以接受的范围之内，或与其他参数冲突。",
+                            std::u16string(kSource));
+    }
+    const std::size_t column = ColumnOf(Value(std::u16string(comparison->name)));
+    if (indexColumn_ != column) BuildFilterIndex(column);
+    filterColumn_ = column;
+    filterValue_ = pricedown::UpperCase(comparison->value);
+  }
+  filterText_ = filter;
+  const auto first = NextFrom(0);
+  position_ = first ? Position::Row : Position::End;
+  if (first) row_ = *first;
+}
+
+void Recordset::BuildFilterIndex(std::size_t column) {
+  index_.clear();
+  for (std::size_t row = 0; row < rows_->RowCount(); ++row) {
+    if (rows_->IsLive(row)) index_[FilterKey(rows_->Get(row, column))].push_back(row);
+  }
+  indexColumn_ = column;
+}
+
+CellBlockPtr Recordset::GetRows(std::int32_t count, const std::vector<std::size_t>& columns) {
+  RequireOpen();
+  if (position_ != Position::Row) ThrowNoCurrentRecord();
+  if (added_) Update();
+  std::vector<std::size_t> picked;
+  std::optional<std::size_t> row = NextFrom(row_);
+  while (row && (count < 0 || picked.size() < static_cast<std::size_t>(count))) {
+    picked.push_back(*row);
+    row = NextFrom(*row + 1);
+  }
+  position_ = row ? Position::Row : Position::End;
+  if (row) row_ = *row;
+  return std::make_shared<PickedRows>(shared_from_this(), columns, std::move(picked));
+}
+
+std::size_t Recordset::ColumnOf(const Value& nameOrNumber) const {
+  const auto& fields = rows_->Fields();
+  const Value& key = nameOrNumber.Resolved();
+  if (key.Is(Value::Kind::Text)) {
+    for (std::size_t column = 0; column < fields.size(); ++column) {
+      if (pricedown::EqualsIgnoringCase(fields[column].name, key.Text())) return column;
+    }
+  } else {
+    const std::int32_t number = pricedown::ToInt32(key);
+    if (number >= 0 && static_cast<std::size_t>(number) < fields.size()) {
+      return static_cast<std::size_t>(number);
+    }
+  }
+  throw AutomationError(ErrorNumber::ItemNotFound, u"在对应所需名称或序数的集合中，未找到项目。",
+                        std::u16string(kSource));
+}
+
+std::size_t Recordset::CurrentRow() const {
+  RequireOpen();
+  if (position_ != Position::Row || !rows_->IsLive(row_)) ThrowNoCurrentRecord();
+  return row_;
+}
+
+void Recordset::NoteWritten(std::size_t column) {
+  if (indexColumn_ != column) return;
+  indexColumn_.reset();
+  if (filterColumn_ == column && !added_) BuildFilterIndex(column);
+}
+
+}  // namespace workbench

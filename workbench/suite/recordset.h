@@ -1,0 +1,91 @@
+// The workbench's in-memory `ADODB.Recordset`: position, filter and members over a row store.
+// It covers what automation clients of the suite use; it speaks to no database.
+//
+// Members: ActiveConnection, AddNew, BOF, CancelUpdate, Close, CursorLocation, Delete, EOF,
+// Fields, Filter, GetRows, LockType, CursorType, MoveFirst, MoveLast, MoveNext, MovePrevious,
+// Open, RecordCount, State, Update, UpdateBatch; the default member is Fields(name).
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/local_object.h"
+#include "workbench/suite/row_store.h"
+
+namespace workbench {
+
+class Recordset : public pricedown::LocalObject<Recordset> {
+ public:
+  // A new one for a client to append fields to; not open.
+  Recordset();
+  // The open answer of a query, on its first row.
+  explicit Recordset(std::unique_ptr<RowStore> rows);
+  // The closed answer of a statement without rows.
+  static std::shared_ptr<Recordset> Closed();
+
+  static std::span<const pricedown::Member<Recordset>> Members();
+
+  bool IsOpen() const { return open_; }
+  void Open();
+  void Close();
+
+  // Rows that the filter lets through.
+  std::int32_t RecordCount();
+  bool AtBeginning();
+  bool AtEnd();
+  void MoveFirst();
+  void MoveLast();
+  void MoveNext();
+  void MovePrevious();
+  void AddNew();
+  void Update();
+  void CancelUpdate();
+  void Delete();
+  const std::u16string& Filter() const { return filterText_; }
+  // One comparison name = 'value' or an empty text. Throws AutomationError for anything else.
+  void SetFilter(std::u16string_view filter);
+
+  // Up to `count` rows (all for a negative count) from the current one on; moves behind them.
+  pricedown::CellBlockPtr GetRows(std::int32_t count, const std::vector<std::size_t>& columns);
+
+  const RowStore& Rows() const { return *rows_; }
+  RowStore& Rows() { return *rows_; }
+  // Throws AutomationError when there is none of that name or number.
+  std::size_t ColumnOf(const pricedown::Value& nameOrNumber) const;
+  // The row that fields read and write. Throws AutomationError when there is none.
+  std::size_t CurrentRow() const;
+  // A cell of the current row was written.
+  void NoteWritten(std::size_t column);
+
+  std::int32_t cursorLocation = 2;
+  std::int32_t cursorType = 3;
+  std::int32_t lockType = 4;
+
+ private:
+  enum class Position { Row, Beginning, End };
+  using FilterIndex = std::unordered_map<std::u16string, std::vector<std::size_t>>;
+
+  void RequireOpen() const;
+  bool Passes(std::size_t row) const;
+  std::optional<std::size_t> NextFrom(std::size_t row) const;
+  std::optional<std::size_t> PreviousFrom(std::size_t end) const;
+  const std::vector<std::size_t>* Matching() const;
+  void BuildFilterIndex(std::size_t column);
+
+  std::unique_ptr<RowStore> rows_;
+  bool open_ = false;
+  Position position_ = Position::Beginning;
+  std::size_t row_ = 0;
+  std::optional<std::size_t> added_;  // a row of AddNew that is not yet committed
+  std::u16string filterText_;
+  std::optional<std::size_t> filterColumn_;
+  std::u16string filterValue_;  // in upper case
+  // Rows by the filter column's text, so that filtering for each of many values stays linear.
+  std::optional<std::size_t> indexColumn_;
+  FilterIndex index_;
+};
+
+}  // namespace workbench

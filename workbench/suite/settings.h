@@ -1,0 +1,33 @@
+// `ZEPWorkbench.Settings`: what a person, a host or a script sets in the stand-in suite.
+// It is no object of the suite's; the library never asks for it.
+#pragma once
+
+#include "workbench/suite/services.h"
+
+namespace workbench {
+
+// Members: Open(location), Close, Location, UserID, Language, Profile(category, key) get and put,
+// ItemClassType, UseShortNumber, CurrentYear, CurrentPeriod (short for profiles),
+// Rights(objectType, objectNumber) get and put, VoucherPresent get and put (of the current
+// period), QueueAccount(number), QueueItems(ids separated by ","), Query(text) answers the first
+// cell, Users answers "id=name" entries separated by ";".
+class Settings : public pricedown::LocalObject<Settings> {
+ public:
+  explicit Settings(SuiteStatePtr suite) : suite_(std::move(suite)) {}
+  SuiteState& Suite() { return *suite_; }
+
+  bool VoucherPresent();
+  void SetVoucherPresent(bool present);
+  // Throws AutomationError when the pickers are dialogs.
+  QueuedPickers& Queue();
+  std::u16string Users();
+  pricedown::Value Query(std::u16string_view statement);
+
+  std::u16string location;
+  static std::span<const pricedown::Member<Settings>> Members();
+
+ private:
+  SuiteStatePtr suite_;
+};
+
+}  // namespace workbench

@@ -1,0 +1,31 @@
+// Creates the stand-in suite's objects by ProgID, all on one shared state.
+// The same table serves native programs and the COM server of com/.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "platform/automation.h"
+#include "workbench/suite/services.h"
+
+namespace workbench {
+
+// One object class of the suite.
+struct SuiteClass {
+  std::u16string_view progId;
+  pricedown::ObjectPtr (*create)(const SuiteStatePtr& suite);
+};
+
+// In a fixed order; the COM server's class ids belong to the positions.
+std::span<const SuiteClass> SuiteClasses();
+
+class SuiteFactory : public pricedown::ObjectFactory {
+ public:
+  explicit SuiteFactory(SuiteStatePtr suite) : suite_(std::move(suite)) {}
+  pricedown::ObjectPtr Create(std::u16string_view progId) override;
+
+ private:
+  SuiteStatePtr suite_;
+};
+
+}  // namespace workbench

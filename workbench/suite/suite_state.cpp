@@ -1,0 +1,97 @@
+// The stand-in suite's state and its own statements on the company.
+// They go through the same connection as the library's, so that a real server serves both.
+#include "workbench/suite/suite_state.h"
+
+#include "platform/convert.h"
+#include "platform/error.h"
+#include "platform/text.h"
+#include "workbench/company/database_error.h"
+
+namespace workbench {
+
+using pricedown::AutomationError;
+using pricedown::Concatenate;
+using pricedown::NumberText;
+using pricedown::Value;
+
+namespace {
+
+constexpr std::u16string_view kConnectionSource = u"ZEPConnection.AppConnection";
+
+std::optional<std::int64_t> FirstInteger(const ResultSet& result) {
+  if (result.RowCount() == 0 || result.ColumnCount() == 0) return std::nullopt;
+  const Cell& cell = result.At(0, 0);
+  if (cell.Kind() != CellKind::Integer) return std::nullopt;
+  return cell.Integer();
+}
+
+}  // namespace
+
+void SuiteState::OpenCompany(std::u16string_view location) {
+  try {
+    company = OpenConnection(pricedown::ToUtf8(location));
+  } catch (const DatabaseError& error) {
+    throw AutomationError(pricedown::ErrorNumber::Unspecified, error.Message(),
+                          std::u16string(kConnectionSource));
+  }
+}
+
+ResultSet SuiteState::Execute(std::u16string_view statement) {
+  if (company == nullptr) {
+    throw AutomationError(pricedown::ErrorNumber::Unspecified, u"没有打开公司数据库。",
+                          std::u16string(kConnectionSource));
+  }
+  try {
+    return company->Execute(statement);
+  } catch (const DatabaseError& error) {
+    throw AutomationError(pricedown::ErrorNumber::Unspecified, error.Message(),
+                          std::u16string(kConnectionSource));
+  }
+}
+
+std::u16string SuiteState::Literal(std::u16string_view text) {
+  std::u16string literal = u"'";
+  for (const char16_t unit : text) {
+    literal += unit;
+    if (unit == u'\'') literal += unit;
+  }
+  return literal += u'\'';
+}
+
+Value SuiteState::Profile(std::u16string_view category, std::u16string_view key) {
+  const ResultSet result =
+      Execute(Concatenate({u"SELECT FValue FROM t_systemprofile WHERE FCategory=",
+                           Literal(category), u" AND FKey=", Literal(key)}));
+  if (result.RowCount() == 0 || result.At(0, 0).IsNull()) return pricedown::Null{};
+  return result.At(0, 0).Text();
+}
+
+void SuiteState::SetProfile(std::u16string_view category, std::u16string_view key,
+                            std::u16string_view value) {
+  Execute(Concatenate({u"DELETE FROM t_systemprofile WHERE FCategory=", Literal(category),
+                       u" AND FKey=", Literal(key),
+                       u" INSERT INTO t_systemprofile(FCategory,FKey,FValue)VALUES(",
+                       Literal(category), u",", Literal(key), u",", Literal(value), u")"}));
+}
+
+std::int32_t SuiteState::RightsMask(std::int32_t objectType, std::int32_t objectNumber) {
+  const ResultSet result =
+      Execute(Concatenate({u"SELECT FAccessMask FROM t_UserRight WHERE FUserID=",
+                           NumberText(userId), u" AND FObjectType=", NumberText(objectType),
+                           u" AND FObjectID=", NumberText(objectNumber)}));
+  return static_cast<std::int32_t>(FirstInteger(result).value_or(0));
+}
+
+void SuiteState::SetRightsMask(std::int32_t objectType, std::int32_t objectNumber,
+                               std::int32_t mask) {
+  const std::u16string user = NumberText(userId);
+  const std::u16string type = NumberText(objectType);
+  const std::u16string number = NumberText(objectNumber);
+  Execute(Concatenate({u"DELETE FROM t_UserRight WHERE FUserID=", user, u" AND FObjectType=", type,
+                       u" AND FObjectID=", number,
+                       u" INSERT INTO t_UserRight(FUserID,FObjectType,FObjectID,FAccessMask)"
+                       u"VALUES(",
+                       user, u",", type, u",", number, u",", NumberText(mask), u")"}));
+}
+
+}  // namespace workbench

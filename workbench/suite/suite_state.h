@@ -1,0 +1,43 @@
+// What the stand-in suite knows while it runs: the open company, the user, the language.
+// The automation objects share one; it has no members of its own that clients call.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/value.h"
+#include "workbench/company/connection.h"
+#include "workbench/suite/pickers.h"
+
+namespace workbench {
+
+struct SuiteState {
+  std::unique_ptr<Connection> company;
+  std::int32_t userId = 1;
+  std::u16string language = u"chs";
+  // Never null.
+  std::unique_ptr<Pickers> pickers = std::make_unique<QueuedPickers>();
+
+  // Opens the company at a path or a connection string in place of the one before. Throws
+  // AutomationError and then keeps the one before.
+  void OpenCompany(std::u16string_view location);
+
+  // Runs a statement on the company. Throws AutomationError when there is none, or when the
+  // database refuses.
+  ResultSet Execute(std::u16string_view statement);
+
+  // A text as a literal of a statement.
+  static std::u16string Literal(std::u16string_view text);
+
+  // The value of a system profile; null when absent.
+  pricedown::Value Profile(std::u16string_view category, std::u16string_view key);
+  void SetProfile(std::u16string_view category, std::u16string_view key, std::u16string_view value);
+
+  // The rights of the user on an object, as a mask.
+  std::int32_t RightsMask(std::int32_t objectType, std::int32_t objectNumber);
+  void SetRightsMask(std::int32_t objectType, std::int32_t objectNumber, std::int32_t mask);
+};
+
+}  // namespace workbench
