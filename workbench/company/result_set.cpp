@@ -81,14 +81,18 @@ void ResultSet::SetNumber(std::size_t column, double value) noexcept {
 }
 
 void ResultSet::SetText(std::size_t column, std::u16string_view text) {
-  char16_t* room = ReserveText(text.size());
-  std::copy(text.begin(), text.end(), room);
-  CommitText(LastCell(column), room, text.size());
+  std::copy(text.begin(), text.end(), ReserveText(text.size()));
+  Assign(LastCell(column), CommitText(text.size()));
 }
 
 void ResultSet::SetUtf8Text(std::size_t column, std::string_view text) {
-  char16_t* room = ReserveText(text.size());
-  CommitText(LastCell(column), room, DecodeUtf8(text, room));
+  StoredColumn& stored = columns_[column];
+  if (text != stored.lastUtf8) {
+    const std::size_t length = DecodeUtf8(text, ReserveText(text.size()));
+    stored.lastUtf8.assign(text);
+    stored.lastText = CommitText(length);
+  }
+  Assign(LastCell(column), stored.lastText);
 }
 
 void ResultSet::SetColumn(std::size_t column, ResultColumn description) {
@@ -110,12 +114,17 @@ char16_t* ResultSet::ReserveText(std::size_t length) {
   return arenaFree_;
 }
 
-void ResultSet::CommitText(Cell& cell, const char16_t* text, std::size_t length) noexcept {
-  cell.text_ = text;
-  cell.length_ = static_cast<std::uint32_t>(length);
-  cell.kind_ = CellKind::Text;
+std::u16string_view ResultSet::CommitText(std::size_t length) noexcept {
+  const std::u16string_view text(arenaFree_, length);
   arenaFree_ += length;
   arenaLeft_ -= length;
+  return text;
+}
+
+void ResultSet::Assign(Cell& cell, std::u16string_view text) noexcept {
+  cell.text_ = text.data();
+  cell.length_ = static_cast<std::uint32_t>(text.size());
+  cell.kind_ = CellKind::Text;
 }
 
 }  // namespace workbench

@@ -106,14 +106,18 @@ class ResultSet {
     ResultColumn described;
     // Blocks instead of one vector: growing never copies what is already there.
     std::vector<std::unique_ptr<Cell[]>> blocks;
+    // The last text that was decoded. Sorted results repeat it row after row; it is kept once.
+    std::string lastUtf8;
+    std::u16string_view lastText;
   };
 
   Cell& LastCell(std::size_t column) noexcept {
     return columns_[column].blocks.back()[(rowCount_ - 1) % kBlockRows];
   }
+  static void Assign(Cell& cell, std::u16string_view text) noexcept;
   // Room for `length` code units at an address that stays; CommitText takes what was used.
   char16_t* ReserveText(std::size_t length);
-  void CommitText(Cell& cell, const char16_t* text, std::size_t length) noexcept;
+  std::u16string_view CommitText(std::size_t length) noexcept;
 
   std::vector<StoredColumn> columns_;
   std::size_t rowCount_ = 0;
