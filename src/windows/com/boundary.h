@@ -2,6 +2,8 @@
 // Window procedures and callbacks use CurrentFailure of failure.h in the same way.
 #pragma once
 
+#include <oleauto.h>
+
 #include <type_traits>
 #include <utility>
 
@@ -22,7 +24,9 @@ HRESULT AtBoundary(Body&& body, const IID& interfaceId = IID{}) noexcept {
       std::forward<Body>(body)();
       return S_OK;
     } else {
-      return std::forward<Body>(body)();
+      const HRESULT code = std::forward<Body>(body)();
+      if (FAILED(code)) SetErrorInfo(0, nullptr);
+      return code;
     }
   } catch (...) {
     return PublishFailure(CurrentFailure(), interfaceId);

@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <atomic>
+#include <utility>
 
 #include "windows/com/com_ptr.h"
 #include "windows/com/module_counts.h"
@@ -23,22 +24,49 @@ struct InterfaceList {
 template <typename Interface>
 struct BasesOf : InterfaceList<> {};
 
-// T derives from ComClass<T, Interfaces...>; the first interface is the object's identity.
-// Objects are made by MakeCom and delete themselves with their last reference.
+// One or more interfaces with one answer to QueryInterface; a base for the parts of an object.
 template <typename... Interfaces>
-class ComClass : public Interfaces... {
+class Implements : public Interfaces... {
  public:
-  ComClass(const ComClass&) = delete;
-  ComClass& operator=(const ComClass&) = delete;
+  // Null when `id` is none of them; adds no reference.
+  void* FindInterface(REFIID id) noexcept {
+    void* found = nullptr;
+    (Answer<Interfaces>(id, found) || ...);
+    return found;
+  }
+
+  // Adds no reference.
+  IUnknown* Identity() noexcept { return IdentityOf<Interfaces...>(); }
+
+ private:
+  template <typename First, typename...>
+  First* IdentityOf() noexcept {
+    return this;
+  }
+
+  template <typename Interface>
+  bool Answer(REFIID id, void*& found) noexcept {
+    const auto matches = [&]<typename Candidate>() { return id == __uuidof(Candidate); };
+    if (!matches.template operator()<Interface>() && !BasesOf<Interface>::AnyOf(matches)) {
+      return false;
+    }
+    found = static_cast<Interface*>(this);
+    return true;
+  }
+};
+
+// A whole object of such parts; the first part is its identity. A class derives from
+// ComClass<Parts...>, is made by MakeCom and deletes itself with its last reference.
+template <typename First, typename... Others>
+class ComClassOf : public First, public Others... {
+ public:
+  ComClassOf(const ComClassOf&) = delete;
+  ComClassOf& operator=(const ComClassOf&) = delete;
 
   STDMETHODIMP QueryInterface(REFIID id, void** result) noexcept override {
     if (result == nullptr) return E_POINTER;
-    *result = nullptr;
-    if (id == __uuidof(IUnknown)) {
-      *result = Identity();
-    } else if (!(Answer<Interfaces>(id, result) || ...)) {
-      return E_NOINTERFACE;
-    }
+    *result = id == __uuidof(IUnknown) ? Identity() : First::FindInterface(id);
+    if (*result == nullptr && !(Ask<Others>(id, result) || ...)) return E_NOINTERFACE;
     AddRef();
     return S_OK;
   }
@@ -55,36 +83,31 @@ class ComClass : public Interfaces... {
     return 0;
   }
 
+  // Adds no reference.
+  IUnknown* Identity() noexcept { return First::Identity(); }
+
  protected:
-  ComClass() noexcept { ++Counts().objects; }
-  virtual ~ComClass() { --Counts().objects; }
+  ComClassOf() noexcept { ++Counts().objects; }
+  virtual ~ComClassOf() { --Counts().objects; }
 
   // Runs before the destructor, while the object is still whole.
   virtual void FinalRelease() noexcept {}
 
-  // Adds no reference.
-  IUnknown* Identity() noexcept { return IdentityOf<Interfaces...>(); }
-
  private:
   static constexpr long kDying = 0x40000000;
 
-  template <typename First, typename...>
-  First* IdentityOf() noexcept {
-    return static_cast<First*>(this);
-  }
-
-  template <typename Interface>
-  bool Answer(REFIID id, void** result) noexcept {
-    const auto matches = [&]<typename Candidate>() { return id == __uuidof(Candidate); };
-    if (!matches.template operator()<Interface>() && !BasesOf<Interface>::AnyOf(matches)) {
-      return false;
-    }
-    *result = static_cast<Interface*>(this);
-    return true;
+  template <typename Part>
+  bool Ask(REFIID id, void** result) noexcept {
+    *result = Part::FindInterface(id);
+    return *result != nullptr;
   }
 
   std::atomic<long> references_ = 1;
 };
+
+// The usual object: interfaces in one part.
+template <typename... Interfaces>
+using ComClass = ComClassOf<Implements<Interfaces...>>;
 
 // A new object with one reference, the owner's.
 template <typename T, typename... Arguments>
