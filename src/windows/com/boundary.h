@@ -2,6 +2,8 @@
 // Window procedures and callbacks use CurrentFailure of failure.h in the same way.
 #pragma once
 
+#include <windows.h>
+
 #include <oleauto.h>
 
 #include <type_traits>
