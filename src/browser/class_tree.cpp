@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <string>
 
-#include "browser/cell_text.h"
+#include "platform/cell_text.h"
 #include "env/translation.h"
 #include "platform/error.h"
 #include "platform/row_reader.h"

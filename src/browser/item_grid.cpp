@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "browser/cell_text.h"
+#include "platform/cell_text.h"
 #include "browser/class_tree.h"
 #include "env/translation.h"
 #include "platform/error.h"

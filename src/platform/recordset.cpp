@@ -80,6 +80,7 @@ void Recordset::Open() const { Required().Call(u"Open"); }
 void Recordset::Close() const { Required().Call(u"Close"); }
 void Recordset::AddNew() const { Required().Call(u"AddNew"); }
 void Recordset::Update() const { Required().Call(u"Update"); }
+void Recordset::CancelUpdate() const { Required().Call(u"CancelUpdate"); }
 void Recordset::UpdateBatch() const { Required().Call(u"UpdateBatch"); }
 void Recordset::Delete() const { Required().Call(u"Delete"); }
 void Recordset::SetFilter(std::u16string_view filter) const { Required().Put(u"Filter", filter); }

@@ -59,6 +59,8 @@ class Recordset {
 
   void AddNew() const;
   void Update() const;
+  // Drops a row that was added and not yet updated.
+  void CancelUpdate() const;
   void UpdateBatch() const;
   void Delete() const;
   void SetFilter(std::u16string_view filter) const;

@@ -1,5 +1,5 @@
-// The text of a cell of a query's answer, as tree and grid show it.
-// Other conversions are platform/convert.h.
+// The text of a cell of a query's answer, as it is shown and put into statements.
+// Other conversions are convert.h.
 #pragma once
 
 #include <string>
