@@ -108,13 +108,10 @@ class ControlWindow final : public PriceDownView,
   void CreateChildren();
   void ListCaptions();
   void MakeFonts();
-  void AppearanceChanged();
-  void DpiChanged();
+  void SystemChanged(UINT message);
   void ShowStatus();
-  void BeginLongWork();
-  void EndLongWork();
+  void ShowProgress(bool show);
   LRESULT OnNotify(NMHDR& header);
-  LRESULT OnCommand(WPARAM wParam, HWND child);
   void OnPaint();
   bool MoveFocus(bool backwards, bool wrap);
 

@@ -1,0 +1,121 @@
+// The two window procedures of the library: one for its own classes, one in front of the
+// system's controls. Both only find the object.
+#include "windows/ui/bound_window.h"
+
+#include <commctrl.h>
+
+#include "windows/com/failure.h"
+
+namespace pricedown::windows {
+namespace {
+
+constexpr UINT_PTR kSubclassId = 1;
+
+HMENU MenuOfId(int id) { return reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)); }
+
+}  // namespace
+
+BoundWindow::~BoundWindow() {
+  Destroy();
+  // The system refuses while other windows of the class live; the last one takes it along, so
+  // that no class outlives the module.
+  if (own_) UnregisterClassW(className_.c_str(), module_);
+}
+
+void BoundWindow::Destroy() noexcept {
+  if (handle_ == nullptr) return;
+  const HWND window = handle_;
+  handle_ = nullptr;
+  if (own_) {
+    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+  } else {
+    RemoveWindowSubclass(window, &ControlProcedure, kSubclassId);
+  }
+  DestroyWindow(window);
+}
+
+void BoundWindow::CreateOwn(const Creation& creation) {
+  own_ = true;
+  className_ = creation.className;
+  module_ = creation.module;
+  WNDCLASSEXW description{};
+  description.cbSize = sizeof description;
+  description.style = creation.classStyle;
+  description.lpfnWndProc = &OwnProcedure;
+  description.hInstance = creation.module;
+  description.hCursor = LoadCursorW(nullptr, creation.cursor);
+  description.lpszClassName = creation.className;
+  // A second try, because a control that ends on another thread may take the class away between
+  // the two calls.
+  for (int attempt = 0; attempt < 2; ++attempt) {
+    if (RegisterClassExW(&description) == 0 && GetLastError() != ERROR_CLASS_ALREADY_EXISTS) break;
+    if (CreateWindowExW(creation.extendedStyle, creation.className, creation.text, creation.style,
+                        0, 0, 0, 0, creation.parent, MenuOfId(creation.id), creation.module,
+                        this) != nullptr) {
+      return;
+    }
+    if (GetLastError() != ERROR_CANNOT_FIND_WND_CLASS) break;
+  }
+  ThrowLastError();
+}
+
+void BoundWindow::CreateControl(const Creation& creation) {
+  const HWND window =
+      CreateWindowExW(creation.extendedStyle, creation.className, creation.text, creation.style, 0,
+                      0, 0, 0, creation.parent, MenuOfId(creation.id), creation.module, nullptr);
+  if (window == nullptr) ThrowLastError();
+  if (SetWindowSubclass(window, &ControlProcedure, kSubclassId,
+                        reinterpret_cast<DWORD_PTR>(this)) == FALSE) {
+    DestroyWindow(window);
+    ThrowIfFailed(E_OUTOFMEMORY);
+  }
+  handle_ = window;
+}
+
+LRESULT BoundWindow::Default(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (handle_ == nullptr) return 0;
+  return own_ ? DefWindowProcW(handle_, message, wParam, lParam)
+              : DefSubclassProc(handle_, message, wParam, lParam);
+}
+
+LRESULT CALLBACK BoundWindow::OwnProcedure(HWND window, UINT message, WPARAM wParam,
+                                           LPARAM lParam) noexcept {
+  auto* object = reinterpret_cast<BoundWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (message == WM_NCCREATE && object == nullptr) {
+    object =
+        static_cast<BoundWindow*>(reinterpret_cast<const CREATESTRUCTW*>(lParam)->lpCreateParams);
+    object->handle_ = window;
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(object));
+  }
+  if (object == nullptr) return DefWindowProcW(window, message, wParam, lParam);
+  if (message == WM_NCDESTROY) {
+    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+    object->handle_ = nullptr;
+    return DefWindowProcW(window, message, wParam, lParam);
+  }
+  try {
+    return object->OnMessage(message, wParam, lParam);
+  } catch (...) {
+    // The object may be gone. The system's handling at least validates a window that could not
+    // be painted.
+    return DefWindowProcW(window, message, wParam, lParam);
+  }
+}
+
+LRESULT CALLBACK BoundWindow::ControlProcedure(HWND window, UINT message, WPARAM wParam,
+                                               LPARAM lParam, UINT_PTR id,
+                                               DWORD_PTR object) noexcept {
+  auto* bound = reinterpret_cast<BoundWindow*>(object);
+  if (message == WM_NCDESTROY) {
+    RemoveWindowSubclass(window, &ControlProcedure, id);
+    bound->handle_ = nullptr;
+    return DefSubclassProc(window, message, wParam, lParam);
+  }
+  try {
+    return bound->OnMessage(message, wParam, lParam);
+  } catch (...) {
+    return 0;
+  }
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,79 @@
+// Everything that the control's window owns: its children, fonts, and what was placed last.
+// Its parts do not know each other; the control's window brings them together.
+#pragma once
+
+#include <windows.h>
+
+#include <chrono>
+#include <memory>
+#include <string>
+
+#include "control/layout.h"
+#include "windows/ui/control_form.h"
+#include "windows/ui/fonts.h"
+#include "windows/ui/frame_windows.h"
+#include "windows/ui/heading_window.h"
+#include "windows/ui/plain_control.h"
+#include "windows/ui/sheet_window.h"
+#include "windows/ui/splitter_window.h"
+#include "windows/ui/status_window.h"
+#include "windows/ui/strip_window.h"
+#include "windows/ui/tree_window.h"
+#include "windows/ui/visual_styles.h"
+
+namespace pricedown::windows {
+
+using Clock = std::chrono::steady_clock;
+
+// Work that takes longer shows the progress bar.
+inline constexpr Clock::duration kLongWork = std::chrono::milliseconds(300);
+
+struct TitleFont {
+  std::u16string name;  // empty for the system's
+  std::int32_t charset = DEFAULT_CHARSET;
+  double points = 18;
+};
+
+struct ControlChildren {
+  ControlChildren(HINSTANCE theModule, ChildEvents& events)
+      : module(theModule),
+        styles(theModule),
+        tree(events),
+        strip(events),
+        splitter(events),
+        sheet(events) {}
+
+  HINSTANCE module;
+  VisualStyles styles;
+  // Before the windows that show them, so that they outlive those.
+  TitleFont titleDescription;
+  FontHandle titleFont;
+  FontHandle textFont;
+  FontHandle labelFont;
+  Font treeFont;
+
+  ParkingWindow parking;
+  PlainControl title;
+  PlainControl period;
+  PlainControl upperLine;
+  PlainControl lowerLine;
+  PlainControl progressBar;
+  PlainControl fontLabel;
+  HeadingWindow classHeading;
+  HeadingWindow itemHeading;
+  TreeWindow tree;
+  StripWindow strip;
+  SplitterWindow splitter;
+  DragBarWindow dragBar;
+  PaneWindow pane;
+  SheetWindow sheet;
+  StatusWindow statusBar;
+
+  std::shared_ptr<ControlForm> form;
+  HWND lastFocus = nullptr;
+  Clock::time_point waitBegan;
+  Clock::duration lastWait{};
+  Clock::time_point fillBegan;
+};
+
+}  // namespace pricedown::windows

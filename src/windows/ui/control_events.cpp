@@ -1,0 +1,216 @@
+// What happens to the control's window and in its children, and who is told.
+// Part of ControlWindow.
+#include <commctrl.h>
+
+#include <chrono>
+#include <string>
+#include <utility>
+
+#include "control/tool_strip.h"
+#include "env/translation.h"
+#include "platform/convert.h"
+#include "platform/text.h"
+#include "windows/com/failure.h"
+#include "windows/ui/control_children.h"
+#include "windows/ui/control_window.h"
+#include "windows/ui/dpi.h"
+#include "windows/ui/gdi.h"
+#include "windows/ui/message_box_questions.h"
+
+namespace pricedown::windows {
+namespace {
+
+// Newer than the headers' lowest supported system.
+constexpr UINT kDpiChanged = 0x02E0;
+constexpr UINT kDpiChangedAfterParent = 0x02E3;
+
+constexpr UINT kMarqueePause = 30;  // milliseconds
+
+// Seconds with two decimals.
+std::u16string Seconds(Clock::duration duration) {
+  const auto hundredths =
+      std::chrono::duration_cast<std::chrono::milliseconds>(duration).count() / 10;
+  return NumberText(static_cast<double>(hundredths) / 100);
+}
+
+}  // namespace
+
+// Runs a command of the core. The control may be gone when this returns.
+template <typename Command>
+void ControlWindow::Fire(Command&& command) {
+  if (control_ == nullptr) return;
+  const std::shared_ptr<void> hold = hold_ ? hold_() : nullptr;
+  const HWND owner = DialogOwner();
+  try {
+    command(*control_);
+  } catch (...) {
+    // The failed command may have taken the owner along.
+    ReportFailure(IsWindow(owner) != FALSE ? owner : nullptr, CurrentFailure());
+  }
+}
+
+void ControlWindow::NodeClicked(NodeIndex node) {
+  Fire([node](PriceDown& control) { control.NodeClicked(node); });
+}
+
+void ControlWindow::StripButtonClicked(std::size_t position) {
+  Fire([position](PriceDown& control) {
+    control.StripButtonClicked(std::u16string(kStripButtons[position - 1].key));
+  });
+}
+
+void ControlWindow::SplitterEvent(SplitterAction action, std::int32_t pixels) {
+  const std::int32_t twips = Dpi::Of(Handle()).ToTwips(pixels);
+  Fire([action, twips](PriceDown& control) {
+    switch (action) {
+      case SplitterAction::Press:
+        control.SplitterDown();
+        break;
+      case SplitterAction::Drag:
+        control.SplitterMoved(twips);
+        break;
+      case SplitterAction::Release:
+        control.SplitterUp();
+        break;
+      case SplitterAction::Step:
+        control.MoveSplitter(twips);
+        break;
+    }
+  });
+}
+
+void ControlWindow::FocusEntered(HWND from) {
+  children_->lastFocus = GetFocus();
+  if (from == Handle() || (from != nullptr && IsChild(Handle(), from) != FALSE)) return;
+  // A copy, because the call may end the control.
+  const std::function<void()> handler = uiActivate_;
+  if (handler) handler();
+}
+
+void ControlWindow::ItemsChanged() { ShowStatus(); }
+
+void ControlWindow::ShowStatus() {
+  if (Handle() == nullptr) return;
+  if (control_ == nullptr) {
+    children_->statusBar.SetPanel(StatusPanel::Status, {});
+    return;
+  }
+  std::u16string text;
+  if (const auto& key = control_->Browser().currentNodeKey) {
+    const NodeIndex node = control_->Nodes().Find(*key);
+    if (node != kNoNode) text = Concatenate({control_->Nodes().At(node).text, u"    "});
+  }
+  const std::u16string count = NumberText(control_->ItemSheet().MaxRows());
+  text += Concatenate({Translate(u"共 "), count, Translate(u" 项物料")});
+  children_->statusBar.SetPanel(StatusPanel::Status, text);
+}
+
+void ControlWindow::SetWaiting(bool waiting) {
+  if (waiting == waiting_) return;
+  waiting_ = waiting;
+  if (waiting) {
+    children_->waitBegan = Clock::now();
+    // Nothing tells how long a load will take; the one before it is the best guess.
+    if (children_->lastWait > kLongWork) ShowProgress(true);
+    return;
+  }
+  children_->lastWait = Clock::now() - children_->waitBegan;
+  ShowProgress(false);
+  if (Handle() == nullptr) return;
+  const std::u16string seconds = Seconds(children_->lastWait);
+  children_->statusBar.SetPanel(StatusPanel::Passtime,
+                                Concatenate({Translate(u"用时 "), seconds, Translate(u" 秒")}));
+  ShowStatus();
+}
+
+void ControlWindow::ShowProgress(bool show) {
+  const HWND bar = children_->progressBar.Handle();
+  if (bar == nullptr || show == ((GetWindowLongPtrW(bar, GWL_STYLE) & WS_VISIBLE) != 0)) return;
+  SendMessageW(bar, PBM_SETMARQUEE, show ? TRUE : FALSE, kMarqueePause);
+  ShowWindow(bar, show ? SW_SHOWNA : SW_HIDE);
+  children_->statusBar.SetPanel(StatusPanel::Wait, show ? Translate(u"请稍候…") : u"");
+  if (show) {
+    UpdateWindow(children_->statusBar.Handle());
+    UpdateWindow(bar);
+  }
+}
+
+void ControlWindow::SystemChanged(UINT message) {
+  if (Handle() == nullptr) return;
+  ControlChildren& c = *children_;
+  if (message == WM_SYSCOLORCHANGE) {
+    for (const BoundWindow* child : std::initializer_list<const BoundWindow*>{
+             &c.tree, &c.strip, &c.statusBar, &c.progressBar}) {
+      if (child->Handle() != nullptr) SendMessageW(child->Handle(), message, 0, 0);
+    }
+  } else {
+    const Dpi dpi = Dpi::Of(Handle());
+    MakeFonts();
+    c.tree.TakeAppearance(dpi);
+    c.strip.TakeAppearance(dpi);
+    c.sheet.TakeAppearance();
+    Fire([](PriceDown& control) { control.Resized(); });
+  }
+  RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+LRESULT ControlWindow::OnNotify(NMHDR& header) {
+  if (header.hwndFrom == children_->tree.Handle()) return children_->tree.OnNotify(header);
+  if (header.code == TTN_GETDISPINFOW) {
+    children_->strip.OnTooltip(reinterpret_cast<NMTTDISPINFOW&>(header));
+  }
+  return 0;
+}
+
+void ControlWindow::OnPaint() {
+  PAINTSTRUCT paint{};
+  const HDC context = BeginPaint(Handle(), &paint);
+  FillArea(context, paint.rcPaint, GetSysColor(COLOR_BTNFACE));
+  EndPaint(Handle(), &paint);
+}
+
+LRESULT ControlWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_ERASEBKGND:
+      return 1;
+    case WM_PAINT:
+      OnPaint();
+      return 0;
+    case WM_SIZE:
+      Fire([](PriceDown& control) { control.Resized(); });
+      return 0;
+    case WM_SETFOCUS:
+      if (children_->lastFocus != nullptr && IsChild(Handle(), children_->lastFocus) != FALSE) {
+        SetFocus(children_->lastFocus);
+      } else {
+        SetFocusFirst(false);
+      }
+      return 0;
+    case WM_SETCURSOR:
+      if (!waiting_) return Default(message, wParam, lParam);
+      SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+      return TRUE;
+    case WM_CTLCOLORSTATIC:
+      SetTextColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_BTNTEXT));
+      SetBkColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_BTNFACE));
+      return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
+    case WM_NOTIFY:
+      return OnNotify(*reinterpret_cast<NMHDR*>(lParam));
+    case WM_COMMAND:
+      if (lParam != 0 && reinterpret_cast<HWND>(lParam) == children_->strip.Handle()) {
+        children_->strip.OnCommand(LOWORD(wParam));
+      }
+      return 0;
+    case WM_SYSCOLORCHANGE:
+    case WM_SETTINGCHANGE:
+    case WM_THEMECHANGED:
+    case kDpiChanged:
+    case kDpiChangedAfterParent:
+      SystemChanged(message);
+      return 0;
+    default:
+      return Default(message, wParam, lParam);
+  }
+}
+
+}  // namespace pricedown::windows

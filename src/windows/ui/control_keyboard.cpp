@@ -1,0 +1,109 @@
+// The keyboard between the children: tab order, and the keys that a host must not take.
+// Part of ControlWindow.
+#include <array>
+
+#include "windows/ui/control_children.h"
+#include "windows/ui/control_window.h"
+
+namespace pricedown::windows {
+namespace {
+
+bool IsKeyDown(const MSG& message, WPARAM key) {
+  return message.message == WM_KEYDOWN && message.wParam == key;
+}
+
+bool IsMoveKey(WPARAM key) {
+  switch (key) {
+    case VK_LEFT:
+    case VK_RIGHT:
+    case VK_UP:
+    case VK_DOWN:
+    case VK_HOME:
+    case VK_END:
+    case VK_PRIOR:
+    case VK_NEXT:
+      return true;
+    default:
+      return false;
+  }
+}
+
+// Tree and grid have two stops in tab order, the strip is the third.
+using Stops = std::array<HWND, 3>;
+
+int StopOf(const Stops& stops, HWND focus) {
+  for (std::size_t i = 0; i < stops.size(); ++i) {
+    if (stops[i] != nullptr && (focus == stops[i] || IsChild(stops[i], focus) != FALSE)) {
+      return static_cast<int>(i);
+    }
+  }
+  return -1;
+}
+
+}  // namespace
+
+// False when there is no further child in that direction and it does not wrap around.
+bool ControlWindow::MoveFocus(bool backwards, bool wrap) {
+  const ControlChildren& c = *children_;
+  const Stops stops{c.tree.Handle(), c.sheet.Handle(),
+                    c.strip.CanTakeFocus() ? c.strip.Handle() : nullptr};
+  const int count = static_cast<int>(stops.size());
+  const int step = backwards ? -1 : 1;
+  int stop = StopOf(stops, GetFocus());
+  if (stop < 0) stop = backwards ? count : -1;
+  for (int tries = 0; tries < count; ++tries) {
+    stop += step;
+    if (stop < 0 || stop >= count) {
+      if (!wrap) return false;
+      stop = (stop + count) % count;
+    }
+    const HWND window = stops[static_cast<std::size_t>(stop)];
+    if (window == nullptr || IsWindowVisible(window) == FALSE) continue;
+    SetFocus(window);
+    return true;
+  }
+  return false;
+}
+
+void ControlWindow::TabPressed(bool backwards) { MoveFocus(backwards, true); }
+
+void ControlWindow::SetFocusFirst(bool last) {
+  if (Handle() == nullptr) return;
+  const ControlChildren& c = *children_;
+  SetFocus(!last ? c.tree.Handle() : c.strip.CanTakeFocus() ? c.strip.Handle() : c.sheet.Handle());
+}
+
+bool ControlWindow::TranslateKey(MSG& message) {
+  if (Handle() == nullptr || message.message < WM_KEYFIRST || message.message > WM_KEYLAST) {
+    return false;
+  }
+  const HWND focus = message.hwnd;
+  if (focus != Handle() && IsChild(Handle(), focus) == FALSE) return false;
+  const bool control = GetKeyState(VK_CONTROL) < 0;
+  if (IsKeyDown(message, VK_TAB) && !control) return MoveFocus(GetKeyState(VK_SHIFT) < 0, false);
+  const ControlChildren& c = *children_;
+  if (IsKeyDown(message, VK_F6) && !control) {
+    SetFocus(focus == c.tree.Handle()       ? c.splitter.Handle()
+             : focus == c.splitter.Handle() ? c.sheet.Handle()
+                                            : c.tree.Handle());
+    return true;
+  }
+  const bool inStrip = focus == c.strip.Handle();
+  const bool inSheet = focus == c.sheet.Handle();
+  const bool inEditor = IsChild(c.sheet.Handle(), focus) != FALSE;
+  bool ours = message.message == WM_KEYDOWN && IsMoveKey(message.wParam);
+  if (inStrip) ours = ours || IsKeyDown(message, VK_RETURN) || IsKeyDown(message, VK_SPACE);
+  if (inSheet) {
+    ours = ours || (control && (IsKeyDown(message, 'C') || IsKeyDown(message, 'A') ||
+                                IsKeyDown(message, VK_INSERT)));
+  }
+  if (inEditor || focus == c.splitter.Handle()) {
+    ours = ours || IsKeyDown(message, VK_RETURN) || IsKeyDown(message, VK_ESCAPE);
+  }
+  if (!ours) return false;
+  TranslateMessage(&message);
+  DispatchMessageW(&message);
+  return true;
+}
+
+}  // namespace pricedown::windows

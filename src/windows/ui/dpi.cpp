@@ -1,0 +1,33 @@
+// Asks the system for the resolution; older systems know one for the whole screen.
+// The arithmetic is in the header.
+#include "windows/ui/dpi.h"
+
+#include <cmath>
+
+#include "windows/ui/system_functions.h"
+
+namespace pricedown::windows {
+
+Dpi Dpi::Of(HWND window) {
+  using GetDpiForWindow = UINT(WINAPI*)(HWND);
+  if (window != nullptr) {
+    if (auto function = SystemFunction<GetDpiForWindow>(L"user32.dll", "GetDpiForWindow")) {
+      if (const UINT dpi = function(window); dpi != 0) return Dpi(static_cast<int>(dpi));
+    }
+  }
+  const HDC screen = GetDC(nullptr);
+  const int dpi = GetDeviceCaps(screen, LOGPIXELSY);
+  ReleaseDC(nullptr, screen);
+  return Dpi(dpi);
+}
+
+RECT Dpi::ToPixels(const Rectangle& twips) const {
+  return {ToPixels(twips.left), ToPixels(twips.top), ToPixels(twips.left + twips.width),
+          ToPixels(twips.top + twips.height)};
+}
+
+int Dpi::FontHeight(double points) const {
+  return -static_cast<int>(std::lround(points * value_ / kPointsPerInch));
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,156 @@
+// The designs, on a grid of 16 units.
+// Straight edges are boxes, so that they stay sharp at every size.
+#include "windows/ui/icon_art.h"
+
+#include <array>
+#include <initializer_list>
+#include <vector>
+
+namespace pricedown::windows {
+namespace {
+
+constexpr IconColour kInk = 0x4A5568;
+constexpr IconColour kPaper = 0xFFFFFF;
+constexpr IconColour kLines = 0x9AA5B4;
+constexpr IconColour kGreen = 0x1F9D55;
+constexpr IconColour kRed = 0xD64545;
+constexpr IconColour kBlue = 0x2B6CB0;
+constexpr IconColour kPaleBlue = 0xCFE4F7;
+constexpr IconColour kAmber = 0xF2B33D;
+constexpr IconColour kDarkAmber = 0xC07F12;
+constexpr IconColour kPaleAmber = 0xFCDD94;
+constexpr IconColour kWood = 0xE8C48A;
+
+void Polygon(IconCanvas& canvas, std::initializer_list<IconPoint> points, IconColour colour) {
+  canvas.Polygon(std::span(points.begin(), points.size()), colour);
+}
+
+// A sheet of paper with lines of text.
+void Page(IconCanvas& canvas, double left, double right) {
+  canvas.Box(left, 1, right, 15, kInk);
+  canvas.Box(left + 1, 2, right - 1, 14, kPaper);
+  for (const double y : {4.0, 7.0, 10.0}) canvas.Box(left + 2, y, right - 2, y + 1, kLines);
+}
+
+void DrawAdd(IconCanvas& canvas) {
+  Page(canvas, 1, 12);
+  canvas.Box(7, 9, 16, 14, kPaper);
+  canvas.Box(9, 7, 14, 16, kPaper);
+  canvas.Box(8, 10, 15, 13, kGreen);
+  canvas.Box(10, 8, 13, 15, kGreen);
+}
+
+void DrawEdit(IconCanvas& canvas) {
+  Page(canvas, 1, 12);
+  canvas.Stroke({5.2, 12.4}, {13.6, 4.0}, 5.4, kPaper);
+  canvas.Stroke({6.9, 10.7}, {12.4, 5.2}, 3.4, kAmber);
+  canvas.Stroke({12.2, 5.4}, {14.0, 3.6}, 3.4, kRed);
+  Polygon(canvas, {{5.7, 9.5}, {8.1, 11.9}, {4.4, 13.2}}, kWood);
+  Polygon(canvas, {{5.0, 11.5}, {6.1, 12.6}, {4.4, 13.2}}, kInk);
+}
+
+void DrawDelete(IconCanvas& canvas) {
+  canvas.Stroke({3, 3}, {13, 13}, 3, kRed);
+  canvas.Stroke({13, 3}, {3, 13}, 3, kRed);
+}
+
+void DrawPrint(IconCanvas& canvas) {
+  canvas.Box(4, 1, 12, 7, kInk);
+  canvas.Box(5, 2, 11, 7, kPaper);
+  canvas.Box(1, 6, 15, 12, kInk);
+  canvas.Box(2, 7, 14, 11, kLines);
+  canvas.Box(11, 8, 13, 9, kGreen);
+  canvas.Box(3, 10, 13, 15, kInk);
+  canvas.Box(4, 11, 12, 14, kPaper);
+  canvas.Box(5, 12, 11, 13, kLines);
+}
+
+void DrawPreview(IconCanvas& canvas) {
+  Page(canvas, 1, 12);
+  canvas.Disc({9.5, 9}, 5.0, kPaper);
+  canvas.Stroke({11.5, 11}, {15, 14.5}, 3.6, kPaper);
+  canvas.Stroke({11.8, 11.3}, {14.9, 14.4}, 2.2, kDarkAmber);
+  canvas.Disc({9.5, 9}, 4.2, kBlue);
+  canvas.Disc({9.5, 9}, 2.8, kPaleBlue);
+}
+
+void DrawExit(IconCanvas& canvas) {
+  canvas.Box(1, 1, 9, 15, kInk);
+  canvas.Box(2, 2, 8, 14, kWood);
+  canvas.Box(6, 7, 7, 9, kInk);
+  canvas.Box(7, 6, 12, 10, kPaper);
+  canvas.Box(8, 7, 12, 9, kRed);
+  Polygon(canvas, {{11, 3.5}, {15.8, 8}, {11, 12.5}}, kRed);
+}
+
+// The back of a folder, with its tab.
+void FolderBack(IconCanvas& canvas, IconColour fill) {
+  canvas.Box(1, 2, 7, 6, kDarkAmber);
+  canvas.Box(1, 4, 15, 14, kDarkAmber);
+  canvas.Box(2, 3, 6, 6, fill);
+  canvas.Box(2, 5, 14, 13, fill);
+}
+
+void DrawFolder(IconCanvas& canvas) {
+  FolderBack(canvas, kAmber);
+  canvas.Box(2, 6, 14, 7, kPaleAmber);
+}
+
+void DrawOpenFolder(IconCanvas& canvas) {
+  FolderBack(canvas, kPaleAmber);
+  Polygon(canvas, {{3.2, 7}, {16, 7}, {13.6, 14}, {0.8, 14}}, kDarkAmber);
+  Polygon(canvas, {{4.0, 8}, {14.6, 8}, {12.9, 13}, {2.2, 13}}, kAmber);
+}
+
+struct Button {
+  std::u16string_view key;
+  Icon icon;
+};
+constexpr std::array<Button, 6> kButtons{{{u"Add", Icon::Add},
+                                          {u"Edit", Icon::Edit},
+                                          {u"Del", Icon::Delete},
+                                          {u"Print", Icon::Print},
+                                          {u"PrintView", Icon::Preview},
+                                          {u"Exit", Icon::Exit}}};
+
+}  // namespace
+
+const Icon* IconOfButton(std::u16string_view key) {
+  for (const Button& button : kButtons) {
+    if (button.key == key) return &button.icon;
+  }
+  return nullptr;
+}
+
+IconCanvas DrawIcon(Icon icon, int size) {
+  IconCanvas canvas(size);
+  switch (icon) {
+    case Icon::Add:
+      DrawAdd(canvas);
+      break;
+    case Icon::Edit:
+      DrawEdit(canvas);
+      break;
+    case Icon::Delete:
+      DrawDelete(canvas);
+      break;
+    case Icon::Print:
+      DrawPrint(canvas);
+      break;
+    case Icon::Preview:
+      DrawPreview(canvas);
+      break;
+    case Icon::Exit:
+      DrawExit(canvas);
+      break;
+    case Icon::Folder:
+      DrawFolder(canvas);
+      break;
+    case Icon::OpenFolder:
+      DrawOpenFolder(canvas);
+      break;
+  }
+  return canvas;
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,20 @@
+// The icons of the control, drawn for it.
+// Turning them into image lists is image_list.h.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+#include "windows/ui/icon_canvas.h"
+
+namespace pricedown::windows {
+
+enum class Icon { Add, Edit, Delete, Print, Preview, Exit, Folder, OpenFolder };
+
+// The icon of a tool-strip button, by the button's key; null when it has none.
+const Icon* IconOfButton(std::u16string_view key);
+
+// The icon, `size` pixels wide and high.
+IconCanvas DrawIcon(Icon icon, int size);
+
+}  // namespace pricedown::windows

@@ -1,0 +1,40 @@
+// Creates plain controls and passes texts and fonts to windows.
+// Texts that are already shown are not set again, so that nothing flickers.
+#include "windows/ui/plain_control.h"
+
+#include "windows/com/wide_text.h"
+
+namespace pricedown::windows {
+
+void PlainControl::Create(HWND parent, HINSTANCE module, const wchar_t* className, int id,
+                          DWORD style, std::u16string_view text) {
+  const std::wstring wide = ToWide(text);
+  Creation creation;
+  creation.className = className;
+  creation.text = wide.c_str();
+  creation.style = WS_CHILD | WS_CLIPSIBLINGS | style;
+  creation.parent = parent;
+  creation.id = id;
+  creation.module = module;
+  CreateControl(creation);
+}
+
+std::u16string WindowText(HWND window) {
+  const int length = window == nullptr ? 0 : GetWindowTextLengthW(window);
+  if (length <= 0) return {};
+  std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
+  text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), length + 1)));
+  return FromWide(text);
+}
+
+void SetWindowText(HWND window, std::u16string_view text) {
+  if (window == nullptr || WindowText(window) == text) return;
+  SetWindowTextW(window, ToWide(text).c_str());
+}
+
+void SetWindowFont(HWND window, HFONT font) {
+  if (window == nullptr) return;
+  SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,33 @@
+// A control of the system that needs nothing but its place, text and font: labels, lines, the
+// status bar, the progress bar. Controls with behaviour have classes of their own.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+
+#include "windows/ui/bound_window.h"
+
+namespace pricedown::windows {
+
+class PlainControl final : public BoundWindow {
+ public:
+  PlainControl() = default;
+
+  // A visible child of `parent`, unless `style` lacks WS_VISIBLE. Throws AutomationError.
+  void Create(HWND parent, HINSTANCE module, const wchar_t* className, int id, DWORD style,
+              std::u16string_view text = {});
+
+ private:
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+    return Default(message, wParam, lParam);
+  }
+};
+
+// Text and font of any window; nothing happens for null.
+std::u16string WindowText(HWND window);
+void SetWindowText(HWND window, std::u16string_view text);
+void SetWindowFont(HWND window, HFONT font);
+
+}  // namespace pricedown::windows

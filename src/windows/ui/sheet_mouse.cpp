@@ -1,0 +1,174 @@
+// The mouse on the sheet: cells are selected, column edges dragged.
+// Part of SheetWindow.
+#include <windowsx.h>
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "windows/com/wide_text.h"
+#include "windows/ui/gdi.h"
+#include "windows/ui/sheet_window.h"
+
+namespace pricedown::windows {
+namespace {
+
+constexpr int kEdgeReach = 4;     // pixels at 96 dpi
+constexpr int kFitMargin = 12;    // beside the widest text
+constexpr int kLeastColumn = 12;  // a column that is dragged does not vanish
+constexpr std::size_t kCandidates = 64;
+
+// A measure without a device: Chinese characters are about twice as wide as Latin ones.
+std::size_t Weight(std::u16string_view text) {
+  std::size_t weight = 0;
+  for (const char16_t unit : text) weight += unit > 0xFF ? 2 : 1;
+  return weight;
+}
+
+}  // namespace
+
+std::int32_t SheetWindow::EdgeUnder(POINT point) const {
+  if (point.y < 0 || point.y >= geometry_.TitleHeight()) return 0;
+  return geometry_.EdgeAt(point.x + scroll_.Left(), dpi_.Scale(kEdgeReach));
+}
+
+// May lie outside the sheet, above or below.
+std::int32_t SheetWindow::RowUnder(POINT point) const {
+  const int below = point.y - geometry_.TitleHeight();
+  if (below < 0) return scroll_.TopRow() - 1;
+  return scroll_.TopRow() + below / geometry_.RowHeight();
+}
+
+void SheetWindow::OnPress(POINT point, bool extend) {
+  editor_.Finish(0);
+  SetFocus(Handle());
+  if (sheet_ == nullptr || Handle() == nullptr) return;
+  if (const std::int32_t column = EdgeUnder(point)) {
+    mouse_ = Mouse::Sizing;
+    sizedColumn_ = column;
+    widthBefore_ = sheet_->ColumnWidth(column);
+    SetCapture(Handle());
+    return;
+  }
+  const std::int32_t column = geometry_.ColumnAt(point.x + scroll_.Left());
+  if (column == 0) return;
+  if (point.y < geometry_.TitleHeight()) {
+    // A title selects its column.
+    selection_ = {column, 1, column, std::max(sheet_->MaxRows(), 1)};
+    Invalidate();
+    return;
+  }
+  if (RowUnder(point) > sheet_->MaxRows()) return;
+  mouse_ = Mouse::Selecting;
+  SetCapture(Handle());
+  MoveTo(column, RowUnder(point), extend);
+}
+
+void SheetWindow::OnDrag(POINT point) {
+  if (sheet_ == nullptr) return;
+  if (mouse_ == Mouse::Sizing) {
+    SizeColumn(sizedColumn_, point.x + scroll_.Left() - geometry_.Left(sizedColumn_));
+  } else if (mouse_ == Mouse::Selecting) {
+    MoveTo(geometry_.NearestColumn(point.x + scroll_.Left()), RowUnder(point), true);
+  }
+}
+
+void SheetWindow::EndMouse(bool keep) {
+  const Mouse mouse = std::exchange(mouse_, Mouse::Idle);
+  if (mouse == Mouse::Idle) return;
+  if (GetCapture() == Handle()) ReleaseCapture();
+  if (mouse == Mouse::Sizing && !keep && sheet_ != nullptr) {
+    sheet_->SetColumnWidth(sizedColumn_, widthBefore_);
+  }
+}
+
+void SheetWindow::SizeColumn(std::int32_t column, int pixels) {
+  const int width = std::max(pixels, dpi_.Scale(kLeastColumn));
+  sheet_->SetColumnWidth(column, ColumnWidthUnits(width, dpi_.Value()));
+}
+
+// Measuring every text of a long sheet would take seconds: only the longest ones are.
+void SheetWindow::FitColumn(std::int32_t column) {
+  struct Candidate {
+    std::size_t weight;
+    std::int32_t row;
+  };
+  std::vector<Candidate> longest;
+  const auto longer = [](const Candidate& a, const Candidate& b) { return a.weight > b.weight; };
+  for (std::int32_t row = kTitleRow; row <= sheet_->MaxRows(); ++row) {
+    const Candidate candidate{Weight(sheet_->Text(column, row)), row};
+    if (longest.size() == kCandidates) {
+      if (candidate.weight <= longest.front().weight) continue;
+      std::pop_heap(longest.begin(), longest.end(), longer);
+      longest.pop_back();
+    }
+    longest.push_back(candidate);
+    std::push_heap(longest.begin(), longest.end(), longer);
+  }
+  const WindowContext context(Handle());
+  int width = TextWidth(context.Get(), font_.Get(), ToWide(sheet_->Text(column, kTitleRow)));
+  for (const Candidate& candidate : longest) {
+    const std::wstring text = ToWide(sheet_->Text(column, candidate.row));
+    width = std::max(width, TextWidth(context.Get(), font_.Get(), text));
+  }
+  SizeColumn(column, width + dpi_.Scale(kFitMargin));
+}
+
+void SheetWindow::OnDoubleClick(POINT point) {
+  if (sheet_ == nullptr) return;
+  if (const std::int32_t column = EdgeUnder(point)) {
+    FitColumn(column);
+    return;
+  }
+  const std::int32_t column = geometry_.ColumnAt(point.x + scroll_.Left());
+  if (column != selection_.column || RowUnder(point) != selection_.row) return;
+  if (point.y >= geometry_.TitleHeight() && CanEdit()) BeginEditing({});
+}
+
+bool SheetWindow::OnSetCursor() {
+  POINT point{};
+  GetCursorPos(&point);
+  ScreenToClient(Handle(), &point);
+  if (EdgeUnder(point) == 0) return false;
+  SetCursor(LoadCursorW(nullptr, IDC_SIZEWE));
+  return true;
+}
+
+LRESULT SheetWindow::OnMouse(UINT message, WPARAM wParam, LPARAM lParam) {
+  const POINT point{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+  switch (message) {
+    case WM_LBUTTONDOWN:
+      OnPress(point, (wParam & MK_SHIFT) != 0);
+      return 0;
+    case WM_LBUTTONDBLCLK:
+      OnDoubleClick(point);
+      return 0;
+    case WM_RBUTTONDOWN: {
+      SetFocus(Handle());
+      if (sheet_ == nullptr) return 0;
+      const std::int32_t column = geometry_.ColumnAt(point.x + scroll_.Left());
+      const std::int32_t row = RowUnder(point);
+      if (column != 0 && row >= 1 && row <= sheet_->MaxRows() &&
+          point.y >= geometry_.TitleHeight() && !selection_.Range().Contains(column, row)) {
+        MoveTo(column, row, false);
+      }
+      return 0;
+    }
+    case WM_MOUSEMOVE:
+      OnDrag(point);
+      return 0;
+    case WM_LBUTTONUP:
+      EndMouse(true);
+      return 0;
+    case WM_CAPTURECHANGED:
+      EndMouse(true);
+      return 0;
+    case WM_SETCURSOR:
+      if (LOWORD(lParam) == HTCLIENT && !events_.Waiting() && OnSetCursor()) return TRUE;
+      return Default(message, wParam, lParam);
+    default:
+      return Default(message, wParam, lParam);
+  }
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,174 @@
+// The sheet's window: its life, painting, metrics and the spreading of messages.
+// Mouse, keyboard and editing are in files of their own.
+#include "windows/ui/sheet_window.h"
+
+#include "windows/com/wide_text.h"
+#include "windows/ui/control_ids.h"
+#include "windows/ui/gdi.h"
+
+namespace pricedown::windows {
+
+SheetWindow::~SheetWindow() {
+  if (sheet_ != nullptr) sheet_->Attach(nullptr);
+  sheet_ = nullptr;
+  // Now, while the editor can still tell of its end.
+  Destroy();
+}
+
+void SheetWindow::Create(HWND parent, HINSTANCE module, std::u16string_view name) {
+  const std::wstring text = ToWide(name);
+  module_ = module;
+  Creation creation;
+  creation.className = L"PriceDown.Sheet";
+  creation.text = text.c_str();
+  creation.style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | WS_TABSTOP |
+                   WS_HSCROLL | WS_VSCROLL;
+  creation.extendedStyle = WS_EX_CLIENTEDGE;
+  creation.parent = parent;
+  creation.id = control_ids::kGrid;
+  creation.module = module;
+  creation.classStyle = CS_DBLCLKS;
+  CreateOwn(creation);
+  TakeAppearance();
+}
+
+void SheetWindow::Show(Sheet* sheet) {
+  if (sheet_ != nullptr) sheet_->Attach(nullptr);
+  editor_.Cancel();
+  sheet_ = sheet;
+  selection_ = {};
+  if (sheet_ != nullptr) sheet_->Attach(this);
+  TakeAppearance();
+}
+
+void SheetWindow::TakeAppearance() {
+  if (Handle() == nullptr) return;
+  dpi_ = Dpi::Of(Handle());
+  UpdateMetrics();
+}
+
+void SheetWindow::UpdateMetrics() {
+  if (Handle() == nullptr) return;
+  editor_.Cancel();
+  font_ = MakeFont(sheet_ == nullptr ? Font{} : sheet_->CellFont(), dpi_);
+  lineHeight_ = LineHeight(Handle(), font_.Get());
+  if (sheet_ != nullptr) geometry_.Update(*sheet_, dpi_.Value(), lineHeight_);
+  scroll_.Update(Handle(), geometry_, sheet_ == nullptr ? 0 : sheet_->MaxRows());
+  Invalidate();
+}
+
+void SheetWindow::Invalidate() {
+  if (Handle() != nullptr) InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+void SheetWindow::SheetChanged() {
+  if (Handle() == nullptr || sheet_ == nullptr) return;
+  if (sheet_->MaxRows() == 0) {
+    editor_.Cancel();
+    selection_ = {};
+  } else if (selection_.row > sheet_->MaxRows() || selection_.anchorRow > sheet_->MaxRows()) {
+    selection_.MoveTo(selection_.column, selection_.row, false, *sheet_);
+  }
+  scroll_.Update(Handle(), geometry_, sheet_->MaxRows());
+  Invalidate();
+  events_.ItemsChanged();
+}
+
+void SheetWindow::SheetMetricsChanged() { UpdateMetrics(); }
+
+SheetScene SheetWindow::Scene() const {
+  RECT client{};
+  GetClientRect(Handle(), &client);
+  SheetScene scene{.geometry = geometry_, .selection = selection_};
+  scene.sheet = sheet_;
+  scene.topRow = scroll_.TopRow();
+  scene.left = scroll_.Left();
+  scene.window = {client.right, client.bottom};
+  scene.font = font_.Get();
+  scene.dpi = dpi_;
+  const HWND focus = GetFocus();
+  scene.focused = focus != nullptr && (focus == Handle() || focus == editor_.Handle());
+  return scene;
+}
+
+void SheetWindow::OnPaint() {
+  PAINTSTRUCT paint{};
+  const HDC context = BeginPaint(Handle(), &paint);
+  if (IsRectEmpty(&paint.rcPaint) == FALSE) {
+    const BufferedPaint buffer(context, paint.rcPaint);
+    PaintSheet(buffer.Context(), Scene(), paint.rcPaint);
+  }
+  EndPaint(Handle(), &paint);
+}
+
+LRESULT SheetWindow::OnFocus(UINT message, WPARAM wParam) {
+  Invalidate();
+  const HWND from = reinterpret_cast<HWND>(wParam);
+  if (message == WM_SETFOCUS) {
+    events_.FocusEntered(from);
+  } else if (mouse_ != Mouse::Idle && from != Handle()) {
+    EndMouse(true);
+  }
+  return 0;
+}
+
+LRESULT SheetWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_ERASEBKGND:
+      return 1;
+    case WM_PAINT:
+      OnPaint();
+      return 0;
+    case WM_PRINTCLIENT: {
+      const SheetScene scene = Scene();
+      PaintSheet(reinterpret_cast<HDC>(wParam), scene, {0, 0, scene.window.cx, scene.window.cy});
+      return 0;
+    }
+    case WM_SIZE:
+      scroll_.Update(Handle(), geometry_, sheet_ == nullptr ? 0 : sheet_->MaxRows());
+      Invalidate();
+      return 0;
+    case WM_VSCROLL:
+    case WM_HSCROLL:
+      editor_.Finish(0);
+      if (scroll_.OnBar(Handle(), message == WM_VSCROLL ? SB_VERT : SB_HORZ, LOWORD(wParam))) {
+        Invalidate();
+      }
+      return 0;
+    case WM_MOUSEWHEEL:
+    case WM_MOUSEHWHEEL: {
+      editor_.Finish(0);
+      const bool across = message == WM_MOUSEHWHEEL || (LOWORD(wParam) & MK_SHIFT) != 0;
+      const int delta = static_cast<SHORT>(HIWORD(wParam));
+      if (scroll_.OnWheel(Handle(), message == WM_MOUSEWHEEL && across ? -delta : delta, across)) {
+        Invalidate();
+      }
+      return 0;
+    }
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS:
+      return OnFocus(message, wParam);
+    case WM_GETDLGCODE:
+      return DLGC_WANTARROWS | DLGC_WANTCHARS;
+    case WM_KEYDOWN:
+    case WM_CHAR:
+    case WM_COPY:
+      return OnKeyboard(message, wParam, lParam);
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+    case WM_RBUTTONDOWN:
+    case WM_MOUSEMOVE:
+    case WM_LBUTTONUP:
+    case WM_CAPTURECHANGED:
+    case WM_SETCURSOR:
+      return OnMouse(message, wParam, lParam);
+    case WM_CTLCOLOREDIT:
+      SetTextColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_WINDOWTEXT));
+      SetBkColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_WINDOW));
+      return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
+    default:
+      return Default(message, wParam, lParam);
+  }
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,93 @@
+// The item grid `vaList` as a window of our own: shows a Sheet and lets the user move, select,
+// copy, type numbers and drag columns. Only what is visible is painted; it loads nothing.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <string_view>
+
+#include "browser/sheet.h"
+#include "windows/ui/bound_window.h"
+#include "windows/ui/child_events.h"
+#include "windows/ui/dpi.h"
+#include "windows/ui/fonts.h"
+#include "windows/ui/sheet_editor.h"
+#include "windows/ui/sheet_geometry.h"
+#include "windows/ui/sheet_painter.h"
+#include "windows/ui/sheet_scroll.h"
+
+namespace pricedown::windows {
+
+class SheetWindow final : public BoundWindow, public SheetView, private EditorEvents {
+ public:
+  explicit SheetWindow(ChildEvents& events) : events_(events) {}
+  ~SheetWindow() override;
+  // Throws AutomationError.
+  void Create(HWND parent, HINSTANCE module, std::u16string_view name);
+
+  // Shows the sheet; null shows an empty grid. The sheet must be detached before it dies.
+  void Show(Sheet* sheet);
+  void TakeAppearance();
+
+  const SheetSelection& Selection() const { return selection_; }
+  const SheetGeometry& Geometry() const { return geometry_; }
+  const SheetScroll& Scroll() const { return scroll_; }
+  bool IsEditing() const { return editor_.IsActive(); }
+
+  // SheetView
+  void SheetChanged() override;
+  void SheetMetricsChanged() override;
+
+ private:
+  enum class Mouse { Idle, Selecting, Sizing };
+
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+  LRESULT OnMouse(UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT OnKeyboard(UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT OnFocus(UINT message, WPARAM wParam);
+
+  void OnPaint();
+  SheetScene Scene() const;
+  void UpdateMetrics();
+  void Invalidate();
+
+  void OnPress(POINT point, bool extend);
+  void OnDoubleClick(POINT point);
+  void OnDrag(POINT point);
+  void EndMouse(bool keep);
+  bool OnSetCursor();
+  std::int32_t EdgeUnder(POINT point) const;
+  std::int32_t RowUnder(POINT point) const;
+  void SizeColumn(std::int32_t column, int pixels);
+  void FitColumn(std::int32_t column);
+
+  bool OnKeyDown(WPARAM key);
+  bool OnControlKey(WPARAM key, bool extend);
+  bool OnMoveKey(WPARAM key, bool extend);
+  void MoveTo(std::int32_t column, std::int32_t row, bool extend);
+  void SelectAll();
+  void Copy();
+
+  bool CanEdit() const;
+  // Starts typing over the current cell; `first` replaces its text when it is given.
+  void BeginEditing(std::u16string_view first);
+  void EditingAccepted(std::u16string_view text, WPARAM key) override;
+  void EditingCancelled() override;
+
+  ChildEvents& events_;
+  Sheet* sheet_ = nullptr;
+  HINSTANCE module_ = nullptr;
+  Dpi dpi_;
+  FontHandle font_;
+  int lineHeight_ = 1;
+  SheetGeometry geometry_;
+  SheetScroll scroll_;
+  SheetSelection selection_;
+  SheetEditor editor_{*this};
+  Mouse mouse_ = Mouse::Idle;
+  std::int32_t sizedColumn_ = 0;
+  double widthBefore_ = 0;
+};
+
+}  // namespace pricedown::windows

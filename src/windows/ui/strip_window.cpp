@@ -1,0 +1,236 @@
+// The tool bar: buttons in, presses out.
+// The keyboard is handled here, because tool bars of older systems know none.
+#include "windows/ui/strip_window.h"
+
+#include <array>
+#include <utility>
+#include <vector>
+
+#include "control/tool_strip.h"
+#include "env/translation.h"
+#include "windows/com/wide_text.h"
+#include "windows/ui/control_ids.h"
+#include "windows/ui/plain_control.h"
+
+namespace pricedown::windows {
+namespace {
+
+constexpr int kSeparatorWidth = 8;  // pixels at 96 dpi
+constexpr int kButtonPadding = 8;
+constexpr int kNoButton = -1;
+
+int IdOf(std::size_t position) { return control_ids::kFirstButton + static_cast<int>(position); }
+
+bool IsPosition(std::size_t position) { return position >= 1 && position <= kStripButtons.size(); }
+
+// The icons in the order of the buttons, separators left out.
+std::vector<Icon> StripIcons() {
+  std::vector<Icon> icons;
+  for (const StripButton& button : kStripButtons) {
+    if (const Icon* icon = IconOfButton(button.key)) icons.push_back(*icon);
+  }
+  return icons;
+}
+
+}  // namespace
+
+void StripWindow::Create(HWND parent, HINSTANCE module, Dpi dpi, std::u16string_view name) {
+  const std::wstring text = ToWide(name);
+  Creation creation;
+  creation.className = TOOLBARCLASSNAMEW;
+  creation.text = text.c_str();
+  creation.style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | TBSTYLE_FLAT |
+                   TBSTYLE_LIST | TBSTYLE_TOOLTIPS | CCS_NODIVIDER | CCS_NORESIZE |
+                   CCS_NOPARENTALIGN;
+  creation.parent = parent;
+  creation.id = control_ids::kToolStrip;
+  creation.module = module;
+  CreateControl(creation);
+  SendMessageW(Handle(), TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
+  SendMessageW(Handle(), TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_DOUBLEBUFFER);
+  TakeAppearance(dpi);
+  AddButtons();
+}
+
+void StripWindow::AddButtons() {
+  int image = 0;
+  for (std::size_t position = 1; position <= kStripButtons.size(); ++position) {
+    const StripButton& button = kStripButtons[position - 1];
+    std::wstring caption = ToWide(Translate(button.caption));
+    TBBUTTON description{};
+    description.idCommand = IdOf(position);
+    if (button.separator) {
+      description.fsStyle = BTNS_SEP;
+      description.iBitmap = Dpi::Of(Handle()).Scale(kSeparatorWidth);
+    } else {
+      description.iBitmap = IconOfButton(button.key) != nullptr ? image++ : I_IMAGENONE;
+      description.fsState = TBSTATE_ENABLED;
+      description.fsStyle = BTNS_BUTTON | BTNS_AUTOSIZE;
+      description.iString = reinterpret_cast<INT_PTR>(caption.c_str());
+    }
+    SendMessageW(Handle(), TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&description));
+  }
+}
+
+void StripWindow::TakeAppearance(Dpi dpi) {
+  if (Handle() == nullptr) return;
+  const std::vector<Icon> icons = StripIcons();
+  ImageList images = MakeImageList(icons, IconLook::Normal, dpi);
+  ImageList disabled = MakeImageList(icons, IconLook::Disabled, dpi);
+  const int size = IconSize(dpi);
+  SendMessageW(Handle(), TB_SETBITMAPSIZE, 0, MAKELPARAM(size, size));
+  SendMessageW(Handle(), TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images.Get()));
+  SendMessageW(Handle(), TB_SETHOTIMAGELIST, 0, reinterpret_cast<LPARAM>(images.Get()));
+  SendMessageW(Handle(), TB_SETDISABLEDIMAGELIST, 0, reinterpret_cast<LPARAM>(disabled.Get()));
+  SendMessageW(Handle(), TB_SETPADDING, 0,
+               MAKELPARAM(dpi.Scale(kButtonPadding), dpi.Scale(kButtonPadding)));
+  images_ = std::move(images);
+  disabledImages_ = std::move(disabled);
+}
+
+void StripWindow::SetFont(HFONT font) {
+  SetWindowFont(Handle(), font);
+  SendMessageW(Handle(), TB_AUTOSIZE, 0, 0);
+}
+
+void StripWindow::SetEnabled(std::size_t position, bool enabled) {
+  if (Handle() == nullptr || !IsPosition(position)) return;
+  SendMessageW(Handle(), TB_ENABLEBUTTON, static_cast<WPARAM>(IdOf(position)),
+               MAKELPARAM(enabled ? TRUE : FALSE, 0));
+}
+
+bool StripWindow::IsEnabled(std::size_t position) const {
+  if (Handle() == nullptr || !IsPosition(position)) return false;
+  return SendMessageW(Handle(), TB_ISBUTTONENABLED, static_cast<WPARAM>(IdOf(position)), 0) != 0;
+}
+
+std::u16string StripWindow::Caption(std::size_t position) const {
+  if (Handle() == nullptr || !IsPosition(position)) return {};
+  std::array<wchar_t, 128> text{};
+  TBBUTTONINFOW info{};
+  info.cbSize = sizeof info;
+  info.dwMask = TBIF_TEXT;
+  info.pszText = text.data();
+  info.cchText = static_cast<int>(text.size());
+  if (SendMessageW(Handle(), TB_GETBUTTONINFOW, static_cast<WPARAM>(IdOf(position)),
+                   reinterpret_cast<LPARAM>(&info)) < 0) {
+    return {};
+  }
+  return FromWide(text.data());
+}
+
+void StripWindow::SetCaption(std::size_t position, std::u16string_view caption) {
+  if (Handle() == nullptr || !IsPosition(position)) return;
+  std::wstring text = ToWide(caption);
+  TBBUTTONINFOW info{};
+  info.cbSize = sizeof info;
+  info.dwMask = TBIF_TEXT;
+  info.pszText = text.data();
+  SendMessageW(Handle(), TB_SETBUTTONINFOW, static_cast<WPARAM>(IdOf(position)),
+               reinterpret_cast<LPARAM>(&info));
+}
+
+void StripWindow::OnCommand(int id) {
+  const int position = id - control_ids::kFirstButton;
+  if (position < 1 || !IsPosition(static_cast<std::size_t>(position))) return;
+  pending_->pressed = static_cast<std::size_t>(position);
+}
+
+void StripWindow::OnTooltip(NMTTDISPINFOW& info) const {
+  const auto position =
+      static_cast<std::size_t>(info.hdr.idFrom) - static_cast<std::size_t>(IdOf(0));
+  if (!IsPosition(position)) return;
+  const std::wstring tip = ToWide(Translate(kStripButtons[position - 1].tooltip));
+  lstrcpynW(info.szText, tip.c_str(), static_cast<int>(std::size(info.szText)));
+  info.lpszText = info.szText;
+}
+
+int StripWindow::NextButton(int from, int step) const {
+  const int count = static_cast<int>(kStripButtons.size());
+  for (int index = from + step; index >= 0 && index < count; index += step) {
+    const auto position = static_cast<std::size_t>(index) + 1;
+    if (!kStripButtons[position - 1].separator && IsEnabled(position)) return index;
+  }
+  return kNoButton;
+}
+
+bool StripWindow::CanTakeFocus() const {
+  return Handle() != nullptr && IsWindowVisible(Handle()) != FALSE &&
+         NextButton(kNoButton, 1) != kNoButton;
+}
+
+int StripWindow::HotButton() const {
+  return static_cast<int>(SendMessageW(Handle(), TB_GETHOTITEM, 0, 0));
+}
+
+void StripWindow::SetHot(int index) {
+  if (index != kNoButton) SendMessageW(Handle(), TB_SETHOTITEM, static_cast<WPARAM>(index), 0);
+}
+
+// True when the key was used up.
+bool StripWindow::OnKeyDown(WPARAM key) {
+  switch (key) {
+    case VK_TAB:
+      events_.TabPressed(GetKeyState(VK_SHIFT) < 0);
+      return true;
+    case VK_LEFT:
+    case VK_UP:
+      SetHot(NextButton(HotButton(), -1));
+      return true;
+    case VK_RIGHT:
+    case VK_DOWN:
+      SetHot(NextButton(HotButton(), 1));
+      return true;
+    case VK_HOME:
+      SetHot(NextButton(kNoButton, 1));
+      return true;
+    case VK_END:
+      SetHot(NextButton(static_cast<int>(kStripButtons.size()), -1));
+      return true;
+    case VK_RETURN:
+    case VK_SPACE: {
+      const int hot = HotButton();
+      const auto position = static_cast<std::size_t>(hot) + 1;
+      if (hot != kNoButton && IsEnabled(position)) events_.StripButtonClicked(position);
+      return true;
+    }
+    default:
+      return false;
+  }
+}
+
+// The system's part of a message, and after it the press that it told of.
+LRESULT StripWindow::OnSystemPart(UINT message, WPARAM wParam, LPARAM lParam) {
+  const std::shared_ptr<Pending> pending = pending_;
+  ++pending->depth;
+  const LRESULT result = Default(message, wParam, lParam);
+  if (--pending->depth > 0 || pending->pressed == 0 || pending.use_count() == 1) return result;
+  events_.StripButtonClicked(std::exchange(pending->pressed, std::size_t{0}));
+  return result;
+}
+
+LRESULT StripWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_GETDLGCODE:
+      return DLGC_WANTARROWS | DLGC_WANTCHARS;
+    case WM_KEYDOWN:
+      if (OnKeyDown(wParam)) return 0;
+      break;
+    case WM_CHAR:
+      return 0;
+    case WM_SETFOCUS: {
+      const LRESULT result = Default(message, wParam, lParam);
+      if (HotButton() == kNoButton) SetHot(NextButton(kNoButton, 1));
+      events_.FocusEntered(reinterpret_cast<HWND>(wParam));
+      return result;
+    }
+    case WM_KILLFOCUS:
+      SendMessageW(Handle(), TB_SETHOTITEM, static_cast<WPARAM>(kNoButton), 0);
+      break;
+    default:
+      break;
+  }
+  return OnSystemPart(message, wParam, lParam);
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,19 @@
+// Functions of the system that older releases do not have, looked up by name.
+// Functions that every supported release has are linked.
+#pragma once
+
+#include <windows.h>
+
+namespace pricedown::windows {
+
+// Null when the system has no such function. Requires: `library` is loaded in every process that
+// has windows.
+template <typename Function>
+Function SystemFunction(const wchar_t* library, const char* name) {
+  const HMODULE module = GetModuleHandleW(library);
+  if (module == nullptr) return nullptr;
+  // By way of a pointer without type: the two function types have nothing in common.
+  return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module, name)));
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,65 @@
+// The class tree `tvwBase` as a tree view of the system.
+// It holds node indexes and texts; keys and what a click means are the core's.
+#pragma once
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "browser/node_collection.h"
+#include "windows/ui/bound_window.h"
+#include "windows/ui/child_events.h"
+#include "windows/ui/dpi.h"
+#include "windows/ui/fonts.h"
+#include "windows/ui/image_list.h"
+
+namespace pricedown::windows {
+
+class TreeWindow final : public BoundWindow {
+ public:
+  explicit TreeWindow(ChildEvents& events) : events_(events) {}
+  // Throws AutomationError.
+  void Create(HWND parent, HINSTANCE module, Dpi dpi, std::u16string_view name);
+
+  void ClearNodes();
+  void InsertNode(NodeIndex index, NodeIndex parent, std::u16string_view text);
+  void SelectNode(NodeIndex index);
+  NodeIndex SelectedNode() const;
+  void SetRedraw(bool redraw);
+
+  void SetFont(FontHandle font);
+  // Sizes of the resolution, colours of the system.
+  void TakeAppearance(Dpi dpi);
+  // A notification that the tree sent to its parent.
+  LRESULT OnNotify(const NMHDR& header);
+
+ private:
+  // What the user did while the tree handles a message. Kept apart from the tree, which may be
+  // gone when the system's part of a message returns.
+  struct Pending {
+    int depth = 0;
+    bool clicked = false;
+  };
+
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+  LRESULT OnFocus(WPARAM wParam, LPARAM lParam);
+  bool OnKeyDown(WPARAM key);
+  HTREEITEM ItemOf(NodeIndex index) const;
+  bool MouseIsOnNode() const;
+
+  ChildEvents& events_;
+  std::vector<HTREEITEM> items_;  // by node index - 1
+  ImageList images_;
+  FontHandle font_;
+  std::shared_ptr<Pending> pending_ = std::make_shared<Pending>();
+  bool selecting_ = false;    // the core selects
+  bool takingFocus_ = false;  // the system would select the first node
+  bool rootCollapsed_ = false;
+  bool redraw_ = true;
+};
+
+}  // namespace pricedown::windows
