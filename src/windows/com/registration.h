@@ -1,0 +1,51 @@
+// The registry entries of a module's classes and type library, for the machine or for one user.
+// What a module registers is its own table; activation itself is the system's.
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace pricedown::windows {
+
+struct InterfaceEntry {
+  IID id;
+  std::wstring name;
+};
+
+struct TypeLibraryEntry {
+  GUID id;
+  std::wstring name;
+  std::wstring version;  // as "1.0"
+  std::vector<InterfaceEntry> interfaces;
+};
+
+struct ClassEntry {
+  CLSID id;
+  std::wstring name;
+  std::wstring progId;  // without version; version 1 is registered beside it
+  bool control = false;
+  DWORD miscStatus = 0;   // OLEMISC flags of a control
+  int toolboxBitmap = 0;  // resource number, 0 for none
+};
+
+struct ServerEntries {
+  std::vector<ClassEntry> classes;
+  std::optional<TypeLibraryEntry> library;
+};
+
+enum class RegistrationScope { Machine, User };
+
+// Writes all entries with `module` as the server's path. Throws AutomationError; what was
+// written before is removed again.
+void Register(const ServerEntries& entries, RegistrationScope scope, const std::wstring& module);
+
+// Removes all entries; those that are not there are no failure. Keys that a build of the other
+// word size shares are left while that one is registered. Throws AutomationError when an entry
+// stays.
+void Unregister(const ServerEntries& entries, RegistrationScope scope);
+
+}  // namespace pricedown::windows
