@@ -283,6 +283,13 @@ CellBlockPtr Recordset::GetRows(std::int32_t count, const std::vector<std::size_
   return std::make_shared<PickedRows>(shared_from_this(), columns, std::move(picked));
 }
 
+bool Recordset::HasColumn(std::u16string_view name) const {
+  const auto& fields = rows_->Fields();
+  return std::any_of(fields.begin(), fields.end(), [&](const auto& field) {
+    return pricedown::EqualsIgnoringCase(field.name, name);
+  });
+}
+
 std::size_t Recordset::ColumnOf(const Value& nameOrNumber) const {
   const auto& fields = rows_->Fields();
   const Value& key = nameOrNumber.Resolved();

@@ -53,6 +53,7 @@ class Recordset : public pricedown::LocalObject<Recordset> {
 
   const RowStore& Rows() const { return *rows_; }
   RowStore& Rows() { return *rows_; }
+  bool HasColumn(std::u16string_view name) const;
   // Throws AutomationError when there is none of that name or number.
   std::size_t ColumnOf(const pricedown::Value& nameOrNumber) const;
   // The row that fields read and write. Throws AutomationError when there is none.

@@ -98,6 +98,12 @@ class Fields : public LocalObject<Fields> {
     }
     FieldDefinition field;
     field.name = pricedown::ToText(arguments[0]);
+    if (owner_->HasColumn(field.name)) {
+      throw pricedown::AutomationError(
+          static_cast<std::int32_t>(0x800A0D27),
+          pricedown::Concatenate({u"集合中已有对象“", field.name, u"”，不能追加。"}),
+          u"ADODB.Fields");
+    }
     field.type = pricedown::ToInt32(arguments[1]);
     if (arguments.size() > 2 && !arguments[2].Resolved().IsNothing()) {
       field.definedSize = pricedown::ToInt32(arguments[2].Resolved());

@@ -1,0 +1,165 @@
+// The suite's services by ProgID and member name, on a company of the test.
+// Recordsets are recordset_test.cpp, lookups lookups_test.cpp.
+#include "workbench/suite/services.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/convert.h"
+#include "platform/error.h"
+#include "tests/suite/suite_fixture.h"
+#include "tests/support/utf8.h"
+#include "workbench/suite/calendar.h"
+
+namespace workbench {
+namespace {
+
+using pricedown::AutomationError;
+using pricedown::ObjectPtr;
+using pricedown::Value;
+using pricedown::testing::Readable;
+using pricedown::testing::Utf8;
+
+class Services : public SuiteFixture {};
+
+TEST_F(Services, FactoryKnowsProgIdsInAnyCaseAndNamesUnknownOnes) {
+  EXPECT_NE(nullptr, Create(u"zepconnection.APPCONNECTION"));
+  try {
+    Create(u"No.Such");
+    FAIL() << "an unknown ProgID was made";
+  } catch (const AutomationError& error) {
+    EXPECT_EQ("无法创建对象“No.Such”。", Utf8(error.Description()));
+  }
+}
+
+TEST_F(Services, ExecuteWithoutACompanyFailsWithAClearText) {
+  suite_->company.reset();
+  try {
+    Create(u"ZEPConnection.AppConnection")
+        ->Call(u"Execute", {u"select FValue from t_systemprofile"});
+    FAIL() << "there is no company";
+  } catch (const AutomationError& error) {
+    EXPECT_EQ("没有打开公司数据库。", Utf8(error.Description()));
+  }
+}
+
+TEST_F(Services, OpeningABadCompanyKeepsTheOneBefore) {
+  suite_->SetProfile(u"IC", u"CurrentYear", u"2008");
+  EXPECT_THROW(suite_->OpenCompany(u"/no/such/company.db"), AutomationError);
+  EXPECT_EQ("\"2008\"", Readable(suite_->Profile(u"IC", u"CurrentYear")));
+}
+
+TEST_F(Services, SystemProfileIgnoresCaseAndAnswersEmptyForWhatIsAbsent) {
+  suite_->SetProfile(u"IC", u"CurrentYear", u"2008");
+  const ObjectPtr profile = Create(u"ZEPEBSBase.SystemProfile");
+  EXPECT_EQ("\"2008\"", Readable(profile->Call(u"GetProfile", {u"", u"ic", u"currentyear"})));
+  EXPECT_EQ("Empty", Readable(profile->Call(u"GetProfile", {u"", u"IC", u"Absent"})));
+}
+
+TEST_F(Services, SharedPropertiesArriveInTheReference) {
+  suite_->userId = 42;
+  suite_->language = u"cht";
+  const ObjectPtr properties = Create(u"ZEPPropsMgr.ShareProps");
+  Value answer;
+  properties->Call(u"GetProperty", {u"UserID", Value::ByReference(answer)});
+  EXPECT_EQ("42", Readable(answer));
+  properties->Call(u"GetProperty", {u"PropsString", Value::ByReference(answer)});
+  EXPECT_EQ("\"ConnectString={Workbench};UserName=workbench;UserID=42;LANGUAGE=cht\"",
+            Readable(answer));
+  properties->Call(u"GetProperty", {u"Absent", Value::ByReference(answer)});
+  EXPECT_EQ("Empty", Readable(answer));
+}
+
+TEST_F(Services, AccessIsGrantedOnlyForEveryBitOfTheMask) {
+  suite_->SetRightsMask(1002, 35, 0x28000);
+  const ObjectPtr data = Create(u"ZEPEBCGLView.GLData");
+  const auto granted = [&](std::int32_t mask) {
+    return Readable(data->Call(u"AccessCheck", {std::int32_t{1002}, std::int32_t{35}, mask}));
+  };
+  EXPECT_EQ("True", granted(0x20000));
+  EXPECT_EQ("True", granted(0x28000));
+  EXPECT_EQ("False", granted(0x30000));
+  suite_->userId = 2;
+  EXPECT_EQ("False", granted(0x20000));
+}
+
+TEST_F(Services, UserProfileKeepsValuesPerUserApplicationAndSection) {
+  const auto save = [&](const char16_t* application, const char16_t* value) {
+    const ObjectPtr profile = Create(u"ZEPEBCBASE.UserProfile");
+    profile->Call(u"Load", {application, u"PriceDown"});
+    profile->Get(u"Dictionary").Object()->PutIndexed({}, u"NodeSel1", value);
+    profile->Call(u"Save", {application, u"PriceDown"});
+  };
+  const auto read = [&](const char16_t* application, const char16_t* section) {
+    const ObjectPtr profile = Create(u"ZEPEBCBASE.UserProfile");
+    profile->Call(u"Load", {application, section});
+    const Value answer =
+        profile->Get(u"Dictionary").Object()->Call(u"GetValue", {u"nodesel1", u"gc0"});
+    return Readable(answer);
+  };
+  save(u"Host", u"gi'01'");
+  save(u"Other", u"gi02");
+  EXPECT_EQ("\"gi'01'\"", read(u"Host", u"PriceDown"));
+  EXPECT_EQ("\"gi02\"", read(u"Other", u"PriceDown"));
+  EXPECT_EQ("\"gc0\"", read(u"Host", u"Elsewhere"));
+  suite_->userId = 2;
+  EXPECT_EQ("\"gc0\"", read(u"Host", u"PriceDown"));
+}
+
+TEST_F(Services, CalendarAnswersTheFirstDayOfAPeriod) {
+  const ObjectPtr info = Create(u"ZEPCBSSystemData.AisInfo");
+  info->Put(u"PropsString", u"LANGUAGE=chs");
+  EXPECT_EQ("12", Readable(info->Get(u"CBGetPeriodCount")));
+  const auto date = [&](std::int32_t year, std::int32_t period) {
+    return Utf8(pricedown::ToText(info->Call(u"GetPeriodDate", {year, period})));
+  };
+  EXPECT_EQ("2008-03-01", date(2008, 3));
+  EXPECT_EQ("2009-01-01", date(2009, 1));
+  EXPECT_THROW(date(2008, 13), AutomationError);
+  EXPECT_THROW(date(2008, 0), AutomationError);
+}
+
+TEST_F(Services, CalendarFollowsTheCompanysNumberOfPeriods) {
+  suite_->SetProfile(u"GL", u"PeriodCount", u"13");
+  const ObjectPtr info = Create(u"ZEPCBSSystemData.AisInfo");
+  EXPECT_EQ("13", Readable(info->Get(u"CBGetPeriodCount")));
+  EXPECT_EQ(
+      "2007-01-29",
+      Utf8(pricedown::ToText(info->Call(u"GetPeriodDate", {std::int32_t{2007}, std::int32_t{2}}))));
+}
+
+TEST_F(Services, TitleFontDependsOnTheLanguage) {
+  const ObjectPtr loader = Create(u"ZEPFrmRes.FrmResLoader");
+  const auto font = [&](const char16_t* language, const char16_t* key) {
+    return Readable(loader->Call(u"GetQ7FontProps", {language}).Object()->Call({}, {key}));
+  };
+  EXPECT_EQ("\"宋体\"", font(u"chs", u"Font.Name"));
+  EXPECT_EQ("134", font(u"chs", u"Font.Charset"));
+  EXPECT_EQ("136", font(u"cht", u"Font.Charset"));
+  EXPECT_EQ("\"Tahoma\"", font(u"en", u"Font.Name"));
+}
+
+TEST_F(Services, SettingsSwitchTheVoucherOfTheCurrentPeriod) {
+  const ObjectPtr settings = Create(u"ZEPWorkbench.Settings");
+  settings->Put(u"CurrentYear", u"2008");
+  settings->Put(u"CurrentPeriod", u"3");
+  EXPECT_EQ("False", Readable(settings->Get(u"VoucherPresent")));
+  settings->Put(u"VoucherPresent", true);
+  settings->Put(u"VoucherPresent", true);
+  EXPECT_EQ("1", Readable(Query(u"select count(*) from t_voucher where FYear='2008'and FPeriod='3'"
+                                u"and FTranType=820 and FInternalInd='Industry'")));
+  settings->Put(u"CurrentPeriod", u"4");
+  EXPECT_EQ("False", Readable(settings->Get(u"VoucherPresent")));
+  settings->Put(u"CurrentPeriod", u"3");
+  settings->Put(u"VoucherPresent", false);
+  EXPECT_EQ("0", Readable(Query(u"select count(*) from t_voucher")));
+}
+
+TEST_F(Services, SettingsListUsers) {
+  suite_->Execute(
+      u"INSERT INTO t_user(FUserID,FName)VALUES(2,'王芳')"
+      u" INSERT INTO t_user(FUserID,FName)VALUES(1,'管理员')");
+  EXPECT_EQ("\"1=管理员;2=王芳\"", Readable(Create(u"ZEPWorkbench.Settings")->Get(u"Users")));
+}
+
+}  // namespace
+}  // namespace workbench
