@@ -1,5 +1,5 @@
 // The rows and their cursor.
-// Changes are kept at once: nobody cancels them, so an edit needs no state of its own.
+// Changes are kept at once; only an added row can be cancelled.
 #include "tests/support/record_table.h"
 
 #include <utility>
@@ -142,6 +142,7 @@ void RecordTable::RequireCurrent() const {
 
 void RecordTable::ShowRows() {
   visible_.clear();
+  previous_.reset();
   position_ = 0;
   currentDeleted_ = false;
   if (filter_.empty()) {
@@ -172,6 +173,7 @@ bool RecordTable::AtEnd() const {
 
 void RecordTable::MoveFirst() {
   RequireOpen();
+  previous_.reset();
   position_ = 0;
   currentDeleted_ = false;
   RequireCurrent();
@@ -179,6 +181,7 @@ void RecordTable::MoveFirst() {
 
 void RecordTable::MoveLast() {
   RequireOpen();
+  previous_.reset();
   position_ = visible_.empty() ? 0 : visible_.size() - 1;
   currentDeleted_ = false;
   RequireCurrent();
@@ -186,6 +189,7 @@ void RecordTable::MoveLast() {
 
 void RecordTable::MoveNext() {
   RequireOpen();
+  previous_.reset();
   if (currentDeleted_) {
     currentDeleted_ = false;
     return;
@@ -206,16 +210,30 @@ void RecordTable::SetValue(std::size_t column, const Value& value) {
 
 void RecordTable::AddRow() {
   RequireOpen();
+  previous_ = position_;
   rows_.emplace_back(columns_.size(), Value(Null{}));
   visible_.push_back(rows_.size() - 1);
   position_ = visible_.size() - 1;
   currentDeleted_ = false;
 }
 
-void RecordTable::CommitRow() { RequireOpen(); }
+void RecordTable::CommitRow() {
+  RequireOpen();
+  previous_.reset();
+}
+
+void RecordTable::CancelRow() {
+  RequireOpen();
+  if (!previous_) return;
+  // The added row is the current one and the last of all: moving would have committed it.
+  rows_.pop_back();
+  visible_.pop_back();
+  position_ = *std::exchange(previous_, std::nullopt);
+}
 
 void RecordTable::DeleteRow() {
   RequireCurrent();
+  previous_.reset();
   const std::size_t row = visible_[position_];
   rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(row));
   visible_.erase(visible_.begin() + static_cast<std::ptrdiff_t>(position_));

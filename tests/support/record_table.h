@@ -44,6 +44,8 @@ class RecordTable {
   void SetValue(std::size_t column, const Value& value);
   void AddRow();
   void CommitRow();
+  // Drops a row that was added and not yet committed; the row before it is current again.
+  void CancelRow();
   void DeleteRow();
   // column = 'text' or column = number; the empty text ends filtering.
   void SetFilter(std::u16string_view filter);
@@ -60,9 +62,10 @@ class RecordTable {
   std::vector<Row> rows_;
   bool open_ = false;
   std::u16string filter_;
-  std::vector<std::size_t> visible_;  // the rows that pass the filter, by index
-  std::size_t position_ = 0;          // in visible_
-  bool currentDeleted_ = false;       // the position is that of the row behind the deleted one
+  std::vector<std::size_t> visible_;     // the rows that pass the filter, by index
+  std::size_t position_ = 0;             // in visible_
+  std::optional<std::size_t> previous_;  // the position before a row that is not yet committed
+  bool currentDeleted_ = false;          // the position is that of the row behind the deleted one
 };
 
 }  // namespace pricedown::testing

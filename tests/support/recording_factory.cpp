@@ -114,7 +114,9 @@ class RecordingObject : public AutomationObject, public NamedObject {
   Value Invoke(MemberId id, Access access, std::span<Value> arguments) override {
     if (id == kDefaultMember) id = Find({});
     const auto index = static_cast<std::size_t>(id) - 1;
-    if (index >= script_->members_.size()) FailUnscripted("member " + std::to_string(id), name_);
+    if (index >= script_->members_.size()) {
+      FailUnscripted(ObjectName() + ".#" + std::to_string(id), name_);
+    }
     ObjectScript::Member& member = script_->members_[index];
     if (access == Access::Call) return RunCall(member, arguments);
     RunPut(member, access, arguments);

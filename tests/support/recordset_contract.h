@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/error.h"
 #include "platform/recordset.h"
 
 namespace pricedown::testing {
@@ -43,6 +44,24 @@ class RecordsetContract : public ::testing::TestWithParam<RecordsetSource> {
   Recordset WithRows(int count);
   // The FItemID values from the first row to the end, read row by row.
   static std::vector<std::int32_t> ItemIds(const Recordset& recordset);
+  // A field of the current row as UTF-8 text.
+  static std::string TextOf(const Recordset& recordset, std::u16string_view field);
+  static FieldDefinition NullableField(std::u16string name, std::int32_t type,
+                                       std::int32_t size = 0);
+
+  // The number of the AutomationError that `action` throws; 0 when it throws none.
+  template <typename Action>
+  static std::int32_t FailureNumberOf(Action action) {
+    try {
+      action();
+    } catch (const AutomationError& error) {
+      return error.Number();
+    }
+    return 0;
+  }
+  static constexpr auto kNoCurrentRecord = static_cast<std::int32_t>(ErrorNumber::NoCurrentRecord);
+  static constexpr auto kItemNotFound = static_cast<std::int32_t>(ErrorNumber::ItemNotFound);
+  static constexpr auto kObjectClosed = static_cast<std::int32_t>(ErrorNumber::ObjectClosed);
 
   std::shared_ptr<ObjectFactory> factory_;
 };

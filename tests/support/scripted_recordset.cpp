@@ -241,6 +241,7 @@ std::span<const Member<ScriptedRecordset>> ScriptedRecordset::Members() {
       M{u"Close", MemberKind::Method, Do<&RecordTable::Close>},
       M{u"AddNew", MemberKind::Method, Do<&RecordTable::AddRow>},
       M{u"Update", MemberKind::Method, Do<&RecordTable::CommitRow>},
+      M{u"CancelUpdate", MemberKind::Method, Do<&RecordTable::CancelRow>},
       M{u"UpdateBatch", MemberKind::Method, Do<&RecordTable::CommitRow>, 0, 1},
       M{u"Delete", MemberKind::Method, Do<&RecordTable::DeleteRow>, 0, 1},
       M{u"Filter", MemberKind::GetPut,
