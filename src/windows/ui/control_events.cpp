@@ -1,5 +1,7 @@
 // What happens to the control's window and in its children, and who is told.
 // Part of ControlWindow.
+#include <windows.h>
+
 #include <commctrl.h>
 
 #include <chrono>

@@ -1,5 +1,7 @@
 // Puts the children where the core's layout says, and draws the control for containers that want
 // a picture of it. Part of ControlWindow.
+#include <windows.h>
+
 #include <commctrl.h>
 
 #include <algorithm>
@@ -45,7 +47,7 @@ void DrawLabel(HDC context, HWND label, RECT area) {
   const Selected font(context, reinterpret_cast<HFONT>(SendMessageW(label, WM_GETFONT, 0, 0)));
   SetBkMode(context, TRANSPARENT);
   SetTextColor(context, GetSysColor(COLOR_BTNTEXT));
-  const std::wstring text = ToWide(WindowText(label));
+  const std::wstring text = ToWide(TextOf(label));
   const UINT side = (style & SS_TYPEMASK) == SS_RIGHT ? DT_RIGHT : DT_LEFT;
   DrawTextW(context, text.c_str(), static_cast<int>(text.size()), &area,
             side | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);

@@ -28,7 +28,7 @@ constexpr std::u16string_view kFontSample = u"物料类别";
 }  // namespace
 
 ControlWindow::ControlWindow(HINSTANCE module)
-    : children_(std::make_unique<ControlChildren>(module, *this)) {
+    : children_(std::make_unique<ControlChildren>(module, static_cast<ChildEvents&>(*this))) {
   const VisualStyles::Scope styles(children_->styles);
   children_->parking.Create(module);
   Creation creation;
@@ -81,9 +81,8 @@ void ControlWindow::CreateChildren() {
 
 void ControlWindow::ListCaptions() {
   const auto ofWindow = [](std::u16string name, BoundWindow& window) {
-    return CaptionAccess{
-        std::move(name), [&window] { return WindowText(window.Handle()); },
-        [&window](std::u16string_view text) { SetWindowText(window.Handle(), text); }};
+    return CaptionAccess{std::move(name), [&window] { return TextOf(window.Handle()); },
+                         [&window](std::u16string_view text) { GiveText(window.Handle(), text); }};
   };
   ControlChildren& c = *children_;
   c.form = std::make_shared<ControlForm>(std::vector<CaptionAccess>{
@@ -99,10 +98,10 @@ void ControlWindow::MakeFonts() {
                              ? MakeMessageFont(title.points, dpi)
                              : MakeFont(title.name, title.charset, title.points, dpi);
   FontHandle textFont = MakeMessageFont(dpi);
-  SetWindowFont(c.title.Handle(), titleFont.Get());
+  GiveFont(c.title.Handle(), titleFont.Get());
   for (const BoundWindow* window : std::initializer_list<const BoundWindow*>{
            &c.period, &c.classHeading, &c.itemHeading, &c.statusBar}) {
-    SetWindowFont(window->Handle(), textFont.Get());
+    GiveFont(window->Handle(), textFont.Get());
   }
   c.strip.SetFont(textFont.Get());
   c.tree.SetFont(MakeFont(c.treeFont, dpi));
@@ -152,7 +151,7 @@ void ControlWindow::Park() {
 ObjectPtr ControlWindow::Form() const { return children_->form; }
 
 void ControlWindow::SetTitle(std::u16string_view text) {
-  SetWindowText(children_->title.Handle(), text);
+  GiveText(children_->title.Handle(), text);
 }
 
 void ControlWindow::SetTitleFont(std::u16string_view name, std::int32_t charset, double points) {
@@ -166,7 +165,7 @@ void ControlWindow::SetTitleFont(std::u16string_view name, std::int32_t charset,
 }
 
 void ControlWindow::SetPeriod(std::u16string_view text) {
-  SetWindowText(children_->period.Handle(), text);
+  GiveText(children_->period.Handle(), text);
 }
 
 void ControlWindow::SetStripButtonEnabled(std::size_t position, bool enabled) {
@@ -219,7 +218,7 @@ std::int32_t ControlWindow::MeasureLabel(const Font& font) {
   const Dpi dpi = Dpi::Of(Handle());
   FontHandle handle = MakeFont(font, dpi);
   const HWND label = children_->fontLabel.Handle();
-  SetWindowFont(label, handle.Get());
+  GiveFont(label, handle.Get());
   children_->labelFont = std::move(handle);
   return dpi.ToTwips(LineHeight(label, children_->labelFont.Get()));
 }

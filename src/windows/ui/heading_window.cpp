@@ -32,7 +32,7 @@ void HeadingWindow::Paint(HDC context, const RECT& area) {
   FillArea(context, panel, GetSysColor(COLOR_BTNFACE));
   DrawEdge(context, &panel, BDR_RAISEDINNER, BF_RECT | BF_ADJUST);
   panel.left += Dpi::Of(Handle()).Scale(kTextMargin);
-  const std::wstring text = ToWide(WindowText(Handle()));
+  const std::wstring text = ToWide(TextOf(Handle()));
   const Selected font(context, font_ != nullptr ? font_ : GetStockObject(DEFAULT_GUI_FONT));
   SetBkMode(context, TRANSPARENT);
   SetTextColor(context, GetSysColor(COLOR_BTNTEXT));

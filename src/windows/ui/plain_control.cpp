@@ -19,7 +19,7 @@ void PlainControl::Create(HWND parent, HINSTANCE module, const wchar_t* classNam
   CreateControl(creation);
 }
 
-std::u16string WindowText(HWND window) {
+std::u16string TextOf(HWND window) {
   const int length = window == nullptr ? 0 : GetWindowTextLengthW(window);
   if (length <= 0) return {};
   std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
@@ -27,12 +27,12 @@ std::u16string WindowText(HWND window) {
   return FromWide(text);
 }
 
-void SetWindowText(HWND window, std::u16string_view text) {
-  if (window == nullptr || WindowText(window) == text) return;
+void GiveText(HWND window, std::u16string_view text) {
+  if (window == nullptr || TextOf(window) == text) return;
   SetWindowTextW(window, ToWide(text).c_str());
 }
 
-void SetWindowFont(HWND window, HFONT font) {
+void GiveFont(HWND window, HFONT font) {
   if (window == nullptr) return;
   SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
 }

@@ -26,8 +26,8 @@ class PlainControl final : public BoundWindow {
 };
 
 // Text and font of any window; nothing happens for null.
-std::u16string WindowText(HWND window);
-void SetWindowText(HWND window, std::u16string_view text);
-void SetWindowFont(HWND window, HFONT font);
+std::u16string TextOf(HWND window);
+void GiveText(HWND window, std::u16string_view text);
+void GiveFont(HWND window, HFONT font);
 
 }  // namespace pricedown::windows

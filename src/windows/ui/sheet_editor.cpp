@@ -26,7 +26,7 @@ void SheetEditor::Begin(HWND parent, HINSTANCE module, const Start& start) {
   creation.id = control_ids::kCellEditor;
   creation.module = module;
   CreateControl(creation);
-  SetWindowFont(Handle(), start.font);
+  GiveFont(Handle(), start.font);
   SendMessageW(Handle(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
   // The text stays where the cell shows it.
   const int height = std::min(start.lineHeight, HeightOf(start.area));
@@ -47,7 +47,7 @@ void SheetEditor::Close() {
 
 void SheetEditor::Finish(WPARAM key) {
   if (!IsActive() || closing_) return;
-  const std::optional<std::u16string> number = CellNumber(WindowText(Handle()), upperBound_);
+  const std::optional<std::u16string> number = CellNumber(TextOf(Handle()), upperBound_);
   Close();
   if (number) {
     events_.EditingAccepted(*number, key);
@@ -64,7 +64,7 @@ void SheetEditor::Cancel() {
 
 // Whether the text may become an allowed number with `inserted` in place of what is selected.
 bool SheetEditor::Allows(std::u16string_view inserted) const {
-  std::u16string text = WindowText(Handle());
+  std::u16string text = TextOf(Handle());
   DWORD from = 0;
   DWORD to = 0;
   SendMessageW(Handle(), EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
@@ -92,7 +92,7 @@ bool SheetEditor::OnKeyDown(WPARAM key) {
       Cancel();
       return true;
     case VK_RETURN:
-      if (!CellNumber(WindowText(Handle()), upperBound_)) {
+      if (!CellNumber(TextOf(Handle()), upperBound_)) {
         MessageBeep(MB_OK);
         return true;
       }

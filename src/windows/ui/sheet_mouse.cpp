@@ -1,5 +1,7 @@
 // The mouse on the sheet: cells are selected, column edges dragged.
 // Part of SheetWindow.
+#include <windows.h>
+
 #include <windowsx.h>
 
 #include <algorithm>

@@ -11,7 +11,10 @@
 namespace pricedown::windows {
 
 struct SheetScene {
-  const Sheet* sheet = nullptr;  // null paints an empty grid
+  SheetScene(const Sheet* shown, const SheetGeometry& theGeometry, const SheetSelection& selected)
+      : sheet(shown), geometry(theGeometry), selection(selected) {}
+
+  const Sheet* sheet;  // null paints an empty grid
   const SheetGeometry& geometry;
   const SheetSelection& selection;
   std::int32_t topRow = 1;

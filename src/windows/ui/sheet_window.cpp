@@ -79,8 +79,7 @@ void SheetWindow::SheetMetricsChanged() { UpdateMetrics(); }
 SheetScene SheetWindow::Scene() const {
   RECT client{};
   GetClientRect(Handle(), &client);
-  SheetScene scene{.geometry = geometry_, .selection = selection_};
-  scene.sheet = sheet_;
+  SheetScene scene{sheet_, geometry_, selection_};
   scene.topRow = scroll_.TopRow();
   scene.left = scroll_.Left();
   scene.window = {client.right, client.bottom};

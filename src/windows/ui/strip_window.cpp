@@ -89,7 +89,7 @@ void StripWindow::TakeAppearance(Dpi dpi) {
 }
 
 void StripWindow::SetFont(HFONT font) {
-  SetWindowFont(Handle(), font);
+  GiveFont(Handle(), font);
   SendMessageW(Handle(), TB_AUTOSIZE, 0, 0);
 }
 

@@ -53,7 +53,7 @@ void TreeWindow::TakeAppearance(Dpi dpi) {
 }
 
 void TreeWindow::SetFont(FontHandle font) {
-  SetWindowFont(Handle(), font.Get());
+  GiveFont(Handle(), font.Get());
   font_ = std::move(font);
 }
 
