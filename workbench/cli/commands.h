@@ -1,0 +1,21 @@
+// What the `workbench` program does, on streams that are given. It sets up no console.
+#pragma once
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace workbench {
+
+enum ExitCode : int {
+  kDone = 0,
+  kBadData = 1,   ///< an import file has bad lines; nothing was added
+  kBadUsage = 2,  ///< the command line makes no sense; nothing was done
+  kFailed = 3,    ///< a file or database could not be used; nothing was changed
+};
+
+/// Runs one command line (UTF-8 words, without the program's name). Results go to `out`,
+/// complaints to `err`, both in UTF-8. Never throws.
+ExitCode RunCommand(const std::vector<std::string>& words, std::ostream& out, std::ostream& err);
+
+}  // namespace workbench

@@ -1,0 +1,113 @@
+// Temporary file, fill, rename. The tables and rows come from the generators.
+#include "workbench/sample/company_file.h"
+
+#include <filesystem>
+#include <random>
+
+#include "workbench/sample/file_path.h"
+#include "workbench/sample/sample_company.h"
+#include "workbench/sample/sqlite_handle.h"
+
+namespace workbench {
+namespace {
+
+namespace fs = std::filesystem;
+
+// What SQLite may keep beside a database of that name.
+constexpr const char* kCompanions[] = {"-journal", "-wal", "-shm"};
+
+/// Removes the unfinished file, unless it was kept under its own name.
+class UnfinishedFile {
+ public:
+  explicit UnfinishedFile(std::string path) : path_(std::move(path)) {}
+  ~UnfinishedFile() {
+    std::error_code ignored;
+    fs::remove(PathFromUtf8(path_), ignored);
+    for (const char* companion : kCompanions) fs::remove(PathFromUtf8(path_ + companion), ignored);
+  }
+  UnfinishedFile(const UnfinishedFile&) = delete;
+  UnfinishedFile& operator=(const UnfinishedFile&) = delete;
+
+  const std::string& path() const { return path_; }
+
+ private:
+  std::string path_;
+};
+
+bool Exists(const std::string& path) {
+  std::error_code ignored;
+  return fs::exists(fs::symlink_status(PathFromUtf8(path), ignored));
+}
+
+std::string NameBeside(const std::string& path) {
+  std::random_device device;
+  return path + ".part-" + std::to_string(device());
+}
+
+void RequireNoFile(const std::string& path) {
+  if (Exists(path)) throw CompanyFileError("文件已存在(使用 --force 覆盖): " + path);
+}
+
+// A log left by a database would be replayed into the file that takes its name. Leaving the
+// write-ahead mode folds the log in, and fails while another program has the database open.
+void SettleOldFile(const std::string& path) {
+  std::error_code ignored;
+  if (!fs::is_regular_file(PathFromUtf8(path), ignored)) {
+    throw CompanyFileError("不是普通文件,不能覆盖: " + path);
+  }
+  try {
+    Database old(path, Database::Mode::ReadWrite);
+    old.Execute("PRAGMA journal_mode=DELETE");
+    old.Execute("BEGIN EXCLUSIVE");
+    old.Execute("ROLLBACK");
+  } catch (const SqliteError& error) {
+    if (error.IsBusy()) throw CompanyFileError("文件正被其他程序使用: " + path);
+    if (error.code() != SQLITE_NOTADB) {
+      throw CompanyFileError("不能覆盖文件 " + path + ": " + error.what());
+    }
+  }
+  for (const char* companion : kCompanions) {
+    if (Exists(path + companion)) {
+      throw CompanyFileError("文件正被其他程序使用或上次没有正常关闭: " + path + companion);
+    }
+  }
+}
+
+void Fill(const std::string& path, const CompanyFilePlan& plan) {
+  Database database(path, Database::Mode::Create);
+  // A failure discards the file, so nothing needs to be rolled back; the one commit still
+  // waits for the disk, because the file is renamed right after it.
+  database.Execute("PRAGMA journal_mode=OFF");
+  database.Execute("PRAGMA synchronous=FULL");
+  database.Execute("PRAGMA cache_size=-262144");
+  if (plan.large) {
+    LargeCompanyPlan large = *plan.large;
+    large.seed = plan.seed;
+    FillLargeCompany(database.get(), large);
+  } else {
+    FillSampleCompany(database.get(), plan.seed);
+  }
+}
+
+}  // namespace
+
+void CreateCompanyFile(const std::string& path, const CompanyFilePlan& plan) {
+  if (!plan.replaces) RequireNoFile(path);
+  if (Exists(path)) SettleOldFile(path);
+  const UnfinishedFile unfinished(NameBeside(path));
+  try {
+    Fill(unfinished.path(), plan);
+  } catch (const SqliteError& error) {
+    throw CompanyFileError("无法建立公司文件 " + path + ": " + error.what());
+  }
+  // Making a large company takes a while: someone may have used the name since.
+  if (!plan.replaces) RequireNoFile(path);
+  if (Exists(path)) SettleOldFile(path);
+  std::error_code error;
+  fs::rename(PathFromUtf8(unfinished.path()), PathFromUtf8(path), error);
+  if (error) {
+    throw CompanyFileError("无法写入文件 " + path + "(错误 " + std::to_string(error.value()) + ")");
+  }
+}
+
+}  // namespace workbench

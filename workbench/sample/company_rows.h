@@ -1,0 +1,117 @@
+// The rows of the company tables as plain values, and the writer that inserts them. It
+// decides nothing about what a company holds.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "workbench/sample/sqlite_handle.h"
+
+namespace workbench {
+
+struct AccountRow {
+  int id = 0;
+  std::string number;
+  std::string name;
+  int level = 1;
+  int parentId = 0;  ///< 0 for an account of the first level
+  bool isDetail = true;
+  bool isDebit = true;
+};
+
+struct ItemRow {
+  int id = 0;
+  std::string number;
+  std::optional<std::string> shortNumber;
+  std::string name;
+  std::optional<std::string> model;
+  int category = 1;  ///< FErpClsID, 1 to 9
+  std::string unit;
+  std::optional<double> planPrice;
+  std::optional<double> salePrice;
+};
+
+/// One member item of an item class.
+struct ClassRow {
+  int itemId = 0;
+  std::string number;
+  std::string name;
+  int lossAccountId = 0;
+  std::string lossAccount;
+  int reserveAccountId = 0;
+  std::string reserveAccount;
+  double percentage = 0;
+};
+
+struct ProvisionRow {
+  int itemId = 0;
+  int year = 0;
+  int period = 0;
+  std::optional<double> haveAdd;
+  std::optional<double> currentAdd;
+};
+
+struct VoucherRow {
+  int id = 0;
+  int year = 0;
+  int period = 0;
+  std::string date;
+  int number = 0;
+  std::optional<int> tranType;
+  std::optional<std::string> internalInd;
+  std::string explanation;
+};
+
+struct ProfileRow {
+  std::string category;
+  std::string key;
+  std::optional<std::string> value;
+};
+
+struct UserRow {
+  int id = 0;
+  std::string name;
+  std::string description;
+};
+
+struct RightRow {
+  int userId = 0;
+  int objectType = 0;
+  int objectNumber = 0;
+  int mask = 0;  ///< the bits granted
+};
+
+struct UserSettingRow {
+  int userId = 0;
+  std::string category;
+  std::string key;
+  std::optional<std::string> value;
+};
+
+/// Inserts rows through statements prepared once. Requires: the company's tables exist and
+/// `database` outlives the writer. Every Add throws SqliteError.
+class CompanyWriter {
+ public:
+  explicit CompanyWriter(sqlite3* database);
+
+  void Add(const AccountRow& row);
+  void Add(const ItemRow& row);
+  void Add(const ClassRow& row);
+  void Add(const ProvisionRow& row);
+  void Add(const VoucherRow& row);
+  void Add(const ProfileRow& row);
+  void Add(const UserRow& row);
+  void Add(const RightRow& row);
+  void Add(const UserSettingRow& row);
+
+  template <class Rows>
+  void AddAll(const Rows& rows) {
+    for (const auto& row : rows) Add(row);
+  }
+
+ private:
+  Statement account_, item_, class_, provision_, voucher_, profile_, user_, right_, setting_;
+};
+
+}  // namespace workbench

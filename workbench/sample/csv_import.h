@@ -1,0 +1,37 @@
+// Takes a user's own items and accounts from CSV files into a company. It adds; existing
+// items and accounts are never changed, except that a parent account ceases to be a detail
+// account.
+#pragma once
+
+#include <sqlite3.h>
+
+#include <optional>
+#include <vector>
+
+#include "workbench/sample/csv_table.h"
+
+namespace workbench {
+
+struct ImportResult {
+  int items = 0;     ///< items added
+  int accounts = 0;  ///< accounts added
+  /// Everything wrong, by file and line. When not empty nothing was added.
+  std::vector<ImportProblem> problems;
+};
+
+/// Checks every line of both files and adds all of them or none, in one transaction.
+/// A code that the company already holds is refused like one that stands twice in the file.
+/// Throws SchemaError when `company` is no company, SqliteError when the database fails;
+/// also then nothing was added.
+/// Requires: RegisterServerText was called on `company`, no transaction is open.
+ImportResult ImportCsv(sqlite3* company, const std::optional<CsvFile>& items,
+                       const std::optional<CsvFile>& accounts);
+
+/// Adds the lines of an items file, the good ones at once; returns how many.
+/// Requires: a transaction, to be rolled back when `problems` has grown.
+int ImportItems(sqlite3* company, const CsvFile& file, std::vector<ImportProblem>* problems);
+
+/// The same for an accounts file. A parent may stand after its sub accounts.
+int ImportAccounts(sqlite3* company, const CsvFile& file, std::vector<ImportProblem>* problems);
+
+}  // namespace workbench

@@ -1,0 +1,44 @@
+// What a field of an import file may hold. Each rule reports its own problem; none looks at
+// the database.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "workbench/sample/csv_table.h"
+
+namespace workbench {
+
+/// Longest texts that the product's record layouts take.
+inline constexpr std::size_t kMostCodeLength = 80;
+inline constexpr std::size_t kMostNameLength = 80;
+inline constexpr std::size_t kMostModelLength = 255;
+
+/// A field and how messages call it.
+struct NamedField {
+  std::size_t column;
+  const char* title;
+  std::size_t mostLength;
+};
+
+/// The code in the field, trimmed; reports and answers the empty text when it is missing, too
+/// long or holds a control character or an apostrophe (statements put codes between
+/// apostrophes).
+std::string ReadCode(CsvTable& table, const NamedField& field);
+
+/// The same for a code that may be missing: then it is nullopt.
+std::optional<std::string> ReadOptionalCode(CsvTable& table, const NamedField& field);
+
+/// The text as it stands, line breaks included; reports a text that is too long, or missing
+/// although required, or has other control characters. Nullopt for an empty field.
+std::optional<std::string> ReadText(CsvTable& table, const NamedField& field, bool isRequired);
+
+/// An amount from 0 to 99999999999.99 with "." as decimal point; reports anything else.
+std::optional<double> ReadPrice(CsvTable& table, const NamedField& field);
+
+/// A whole number from `low` to `high`, `preset` when the field is empty; reports anything else.
+int ReadWholeNumber(CsvTable& table, const NamedField& field, int low, int high, int preset);
+
+}  // namespace workbench
