@@ -9,7 +9,6 @@
 namespace pricedown::windows {
 namespace {
 
-const std::wstring kClasses = L"Software\\Classes\\";
 constexpr const wchar_t* kAutomationProxy = L"{00020424-0000-0000-C000-000000000046}";
 constexpr const wchar_t* kControlCategory = L"{40FC6ED4-2438-11CF-A3DB-080036F12502}";
 constexpr const wchar_t* kPlatform = sizeof(void*) == 8 ? L"win64" : L"win32";
@@ -20,26 +19,28 @@ std::wstring GuidText(const GUID& guid) {
   return std::wstring(text, static_cast<std::size_t>(length > 0 ? length - 1 : 0));
 }
 
+std::wstring UnderClasses(const std::wstring& key) { return L"Software\\Classes\\" + key; }
+
 HKEY RootOf(RegistrationScope scope) {
   return scope == RegistrationScope::Machine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
 }
 
 std::wstring ClassKey(const ClassEntry& entry) {
-  return kClasses + L"CLSID\\" + GuidText(entry.id);
+  return UnderClasses(L"CLSID\\" + GuidText(entry.id));
 }
-std::wstring ProgIdKey(const ClassEntry& entry) { return kClasses + entry.progId; }
+std::wstring ProgIdKey(const ClassEntry& entry) { return UnderClasses(entry.progId); }
 std::wstring VersionedProgId(const ClassEntry& entry) { return entry.progId + L".1"; }
 std::wstring InterfaceKey(const InterfaceEntry& entry) {
-  return kClasses + L"Interface\\" + GuidText(entry.id);
+  return UnderClasses(L"Interface\\" + GuidText(entry.id));
 }
 std::wstring LibraryKey(const TypeLibraryEntry& entry) {
-  return kClasses + L"TypeLib\\" + GuidText(entry.id);
+  return UnderClasses(L"TypeLib\\" + GuidText(entry.id));
 }
 
 void WriteProgIds(HKEY root, const ClassEntry& entry) {
   const std::wstring id = GuidText(entry.id);
   const std::wstring general = ProgIdKey(entry);
-  const std::wstring versioned = kClasses + VersionedProgId(entry);
+  const std::wstring versioned = UnderClasses(VersionedProgId(entry));
   WriteText(root, general, L"", entry.name);
   WriteText(root, general + L"\\CLSID", L"", id);
   WriteText(root, general + L"\\CurVer", L"", VersionedProgId(entry));
@@ -107,7 +108,7 @@ void RemoveClass(HKEY root, const ClassEntry& entry, FirstRemovalFailure& failur
   failure.Note(RemoveTree(root, ClassKey(entry)));
   if (ExistsForOtherWordSize(root, ClassKey(entry))) return;
   failure.Note(RemoveTree(root, ProgIdKey(entry)));
-  failure.Note(RemoveTree(root, kClasses + VersionedProgId(entry)));
+  failure.Note(RemoveTree(root, UnderClasses(VersionedProgId(entry))));
 }
 
 FirstRemovalFailure RemoveAll(const ServerEntries& entries, RegistrationScope scope) {
@@ -117,7 +118,7 @@ FirstRemovalFailure RemoveAll(const ServerEntries& entries, RegistrationScope sc
   if (entries.library) RemoveLibrary(root, *entries.library, failure);
   // A user without entries of his own has none of these.
   for (const wchar_t* shared : {L"CLSID", L"Interface", L"TypeLib"}) {
-    RemoveIfEmpty(root, kClasses + shared);
+    RemoveIfEmpty(root, UnderClasses(shared));
   }
   return failure;
 }

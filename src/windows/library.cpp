@@ -1,0 +1,60 @@
+// The entry points of the DLL.
+// What the module offers is server/public_classes.h; nothing else is exported.
+#include <windows.h>
+
+#include <olectl.h>
+
+#include <memory>
+
+#include "windows/com/boundary.h"
+#include "windows/com/module_counts.h"
+#include "windows/server/module.h"
+#include "windows/server/public_classes.h"
+
+using pricedown::windows::AtBoundary;
+using pricedown::windows::RegistrationScope;
+using pricedown::windows::TheModule;
+
+namespace {
+
+HRESULT SetRegistered(bool registered, RegistrationScope scope) noexcept {
+  return AtBoundary([&] {
+    const auto entries = pricedown::windows::RegistryEntries();
+    if (registered) {
+      Register(entries, scope, pricedown::windows::ModulePath(TheModule().instance));
+    } else {
+      Unregister(entries, scope);
+    }
+  });
+}
+
+}  // namespace
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID processEnds) {
+  if (reason == DLL_PROCESS_ATTACH) {
+    TheModule().instance = instance;
+    DisableThreadLibraryCalls(instance);
+  } else if (reason == DLL_PROCESS_DETACH && processEnds == nullptr) {
+    std::destroy_at(&TheModule());
+  }
+  return TRUE;
+}
+
+STDAPI DllGetClassObject(REFCLSID classId, REFIID interfaceId, LPVOID* result) {
+  return pricedown::windows::GetClassObject(pricedown::windows::PublicClasses(), classId,
+                                            interfaceId, result);
+}
+
+STDAPI DllCanUnloadNow() { return pricedown::windows::Counts().InUse() ? S_FALSE : S_OK; }
+
+STDAPI DllRegisterServer() { return SetRegistered(true, RegistrationScope::Machine); }
+
+STDAPI DllUnregisterServer() { return SetRegistered(false, RegistrationScope::Machine); }
+
+// `commandLine` is "user" for the current user alone and empty for the machine.
+STDAPI DllInstall(BOOL install, LPCWSTR commandLine) {
+  const bool machine = commandLine == nullptr || *commandLine == L'\0';
+  if (!machine && lstrcmpiW(commandLine, L"user") != 0) return E_INVALIDARG;
+  return SetRegistered(install != FALSE,
+                       machine ? RegistrationScope::Machine : RegistrationScope::User);
+}

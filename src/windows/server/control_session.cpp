@@ -1,0 +1,33 @@
+// The putting together and taking apart of a control's life.
+// When that happens is decided by hosted_control.cpp.
+#include "windows/server/control_session.h"
+
+#include "platform/skip.h"
+
+namespace pricedown::windows {
+
+ControlSession::ControlSession(Module& module, ContainerWindow& container)
+    : window_(module.instance), questions_(window_), screen_(window_) {
+  core_.emplace(PriceDownPorts{module.factory, module.state, questions_, screen_, container,
+                               window_, window_, window_, ProgramName(), window_.Form()});
+  window_.Attach(&*core_);
+}
+
+ControlSession::~ControlSession() {
+  Terminate();
+  SkipFailing([&] { window_.Attach(nullptr); });
+}
+
+void ControlSession::Initialize() {
+  if (initialized_ || terminated_) return;
+  initialized_ = true;
+  core_->Initialize();
+}
+
+void ControlSession::Terminate() noexcept {
+  if (terminated_) return;
+  terminated_ = true;
+  SkipFailing([&] { core_->Terminate(); });
+}
+
+}  // namespace pricedown::windows

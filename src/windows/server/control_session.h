@@ -1,0 +1,46 @@
+// One life of the control: its window, its ports and the core's PriceDown, made together.
+// The control object makes a new one when a container takes it up again after its end.
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "control/price_down.h"
+#include "windows/server/module.h"
+#include "windows/ui/control_window.h"
+#include "windows/ui/message_box_questions.h"
+#include "windows/ui/windows_screen.h"
+
+namespace pricedown::windows {
+
+class ControlSession {
+ public:
+  // `container` must outlive the session. Throws AutomationError when there is no window.
+  ControlSession(Module& module, ContainerWindow& container);
+  ~ControlSession();
+  ControlSession(const ControlSession&) = delete;
+  ControlSession& operator=(const ControlSession&) = delete;
+
+  ControlWindow& Window() { return window_; }
+  PriceDown& Core() { return *core_; }
+
+  // Runs the core's creation the first time it is called. Throws what the creation throws; the
+  // session is usable all the same.
+  void Initialize();
+  bool IsInitialized() const { return initialized_; }
+
+  // Runs the core's termination; harmless when called again.
+  void Terminate() noexcept;
+  // Whether the session can still be shown.
+  bool IsUsable() const { return !terminated_ && window_.Handle() != nullptr; }
+
+ private:
+  ControlWindow window_;
+  MessageBoxQuestions questions_;
+  WindowsScreen screen_;
+  std::optional<PriceDown> core_;
+  bool initialized_ = false;
+  bool terminated_ = false;
+};
+
+}  // namespace pricedown::windows

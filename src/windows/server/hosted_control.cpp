@@ -1,0 +1,146 @@
+// When the core is created and ended, and what the container may change.
+// Activation itself is in_place_activation.cpp.
+#include "windows/server/hosted_control.h"
+
+#include <olectl.h>
+
+#include <utility>
+
+#include "platform/error.h"
+#include "platform/skip.h"
+#include "windows/server/ambient.h"
+
+namespace pricedown::windows {
+namespace {
+
+// 210 x 120 mm.
+constexpr SIZEL kFirstExtent{21000, 12000};
+constexpr int kHimetricPerInch = 2540;
+
+}  // namespace
+
+SIZE ToPixels(const SIZEL& himetric) {
+  const HDC screen = GetDC(nullptr);
+  const SIZE pixels{MulDiv(himetric.cx, GetDeviceCaps(screen, LOGPIXELSX), kHimetricPerInch),
+                    MulDiv(himetric.cy, GetDeviceCaps(screen, LOGPIXELSY), kHimetricPerInch)};
+  ReleaseDC(nullptr, screen);
+  return pixels;
+}
+
+HostedControl::HostedControl(IUnknown& self, IOleInPlaceActiveObject& activeObject)
+    : self_(self), activeObject_(activeObject), extent_(kFirstExtent) {
+  NewSession();
+}
+
+void HostedControl::NewSession() {
+  session_ = std::make_shared<ControlSession>(TheModule(), container_);
+  ControlWindow& window = session_->Window();
+  // An event may end with the last reference; the control and this session stay until it is over.
+  window.HoldDuringEvents([this] {
+    struct Held {
+      std::shared_ptr<ControlSession> session;
+      ComPtr<IUnknown> self;
+    };
+    return std::make_shared<Held>(Held{session_, ComPtr<IUnknown>::Share(&self_)});
+  });
+  window.OnUiActivate([this] {
+    if (activation_.IsActive()) activation_.ActivateUi(activeObject_, Window(), false);
+  });
+  FitParkedWindow();
+}
+
+std::shared_ptr<PriceDown> HostedControl::Ready() {
+  if (!userMode_) throw AutomationError(E_UNEXPECTED, u"控件处于设计状态");
+  const auto session = session_;
+  if (!site_) session->Initialize();
+  return {session, &session->Core()};
+}
+
+std::shared_ptr<PriceDown> HostedControl::ReadyOrNull() noexcept {
+  if (!userMode_) return nullptr;
+  const auto session = session_;
+  if (!site_) SkipFailing([&] { session->Initialize(); });
+  return {session, &session->Core()};
+}
+
+void HostedControl::SetSite(IOleClientSite* site) {
+  Deactivate();
+  if (site == nullptr) {
+    if (site_) End();
+    container_.SetSite(nullptr);
+    site_.attach(nullptr);
+    userMode_ = true;
+    return;
+  }
+  site_ = ComPtr<IOleClientSite>::Share(site);
+  container_.SetSite(site);
+  userMode_ = AmbientFlag(site, DISPID_AMBIENT_USERMODE, true);
+  Start();
+}
+
+void HostedControl::AmbientChanged(DISPID property) {
+  if (!site_ || (property != DISPID_UNKNOWN && property != DISPID_AMBIENT_USERMODE)) return;
+  userMode_ = AmbientFlag(site_.Copy().get(), DISPID_AMBIENT_USERMODE, true);
+  Start();
+}
+
+void HostedControl::Start() {
+  if (!session_->IsUsable()) {
+    End();
+    NewSession();
+  }
+  if (userMode_) session_->Initialize();
+}
+
+void HostedControl::End() noexcept {
+  const auto session = session_;
+  session->Terminate();
+}
+
+void HostedControl::Activate(bool ui) {
+  const auto site = site_.Copy();
+  if (!site) throw AutomationError(OLE_E_NOT_INPLACEACTIVE, u"控件没有容器");
+  if (!session_->IsUsable()) {
+    Deactivate();
+    SkipFailing([&] { Start(); });
+  }
+  const auto session = session_;
+  activation_.Activate(*site.get(), session->Window());
+  if (!activation_.IsActive()) return;
+  site->ShowObject();
+  if (ui && activation_.IsActive()) {
+    activation_.ActivateUi(activeObject_, session->Window(), true);
+  }
+}
+
+void HostedControl::Deactivate() {
+  const auto session = session_;
+  activation_.Deactivate(site_.Copy().get(), session->Window());
+}
+
+void HostedControl::SetRects(const RECT& position, const RECT& clip) {
+  const auto session = session_;
+  activation_.SetRects(session->Window(), position, clip);
+}
+
+void HostedControl::Close() {
+  Deactivate();
+  End();
+}
+
+void HostedControl::SetExtent(const SIZEL& himetric) {
+  if (himetric.cx < 0 || himetric.cy < 0) {
+    throw AutomationError(ErrorNumber::InvalidArgument, u"大小不能为负");
+  }
+  extent_ = himetric;
+  FitParkedWindow();
+}
+
+// An inactive control has its size from the extent; an active one is placed by its container.
+void HostedControl::FitParkedWindow() {
+  if (activation_.IsActive()) return;
+  const SIZE size = ToPixels(extent_);
+  Window().MoveTo(RECT{0, 0, size.cx, size.cy});
+}
+
+}  // namespace pricedown::windows

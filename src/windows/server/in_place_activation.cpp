@@ -1,0 +1,110 @@
+// The calls between the control and its container around activation.
+// Any of them may come back into the control, so each state is set before the call that tells it.
+#include "windows/server/in_place_activation.h"
+
+#include <utility>
+
+#include "platform/error.h"
+#include "windows/com/failure.h"
+
+namespace pricedown::windows {
+namespace {
+
+constexpr wchar_t kActiveName[] = L"PriceDown";
+
+void TellFocus(IOleClientSite* site, BOOL focused) {
+  const auto control = ComPtr<IOleClientSite>::Share(site).As<IOleControlSite>();
+  if (control) control->OnFocus(focused);
+}
+
+}  // namespace
+
+void InPlaceActivation::Activate(IOleClientSite& client, ControlWindow& window) {
+  if (IsActive()) {
+    ShowWindow(window.Handle(), SW_SHOW);
+    return;
+  }
+  auto site = ComPtr<IOleClientSite>::Share(&client).As<IOleInPlaceSite>();
+  if (!site) ThrowIfFailed(E_NOINTERFACE);
+  if (site->CanInPlaceActivate() != S_OK) {
+    throw AutomationError(OLE_E_NOT_INPLACEACTIVE, u"容器拒绝激活控件");
+  }
+  HWND parent = nullptr;
+  ThrowIfFailed(site->GetWindow(&parent));
+  RECT position{};
+  RECT clip{};
+  OLEINPLACEFRAMEINFO info{};
+  info.cb = sizeof info;
+  ThrowIfFailed(site->OnInPlaceActivate());
+  site_ = std::move(site);
+  const HRESULT context =
+      site_.Copy()->GetWindowContext(frame_.put(), document_.put(), &position, &clip, &info);
+  if (!IsActive()) return;
+  if (FAILED(context)) {
+    Deactivate(&client, window);
+    ThrowIfFailed(context);
+  }
+  window.MoveInto(parent, position);
+  SetRects(window, position, clip);
+}
+
+void InPlaceActivation::ActivateUi(IOleInPlaceActiveObject& self, ControlWindow& window,
+                                   bool takeFocus) {
+  if (!uiActive_) {
+    uiActive_ = true;
+    const auto site = site_.Copy();
+    if (FAILED(site->OnUIActivate())) {
+      uiActive_ = false;
+      return;
+    }
+    const auto frame = frame_.Copy();
+    const auto document = document_.Copy();
+    if (frame) {
+      frame->SetActiveObject(&self, kActiveName);
+      // No tools of its own around the document.
+      frame->SetBorderSpace(nullptr);
+    }
+    if (document) document->SetActiveObject(&self, kActiveName);
+    TellFocus(site.As<IOleClientSite>().get(), TRUE);
+  }
+  const HWND focus = GetFocus();
+  if (takeFocus && uiActive_ && focus != window.Handle() && !IsChild(window.Handle(), focus)) {
+    window.SetFocusFirst(false);
+  }
+}
+
+void InPlaceActivation::DeactivateUi(IOleClientSite* client) {
+  if (!std::exchange(uiActive_, false)) return;
+  const auto site = site_.Copy();
+  const auto frame = frame_.Copy();
+  const auto document = document_.Copy();
+  TellFocus(client, FALSE);
+  if (frame) frame->SetActiveObject(nullptr, nullptr);
+  if (document) document->SetActiveObject(nullptr, nullptr);
+  if (site) site->OnUIDeactivate(FALSE);
+}
+
+void InPlaceActivation::Deactivate(IOleClientSite* client, ControlWindow& window) {
+  if (!IsActive()) return;
+  DeactivateUi(client);
+  const auto site = std::exchange(site_, {});
+  frame_.put();
+  document_.put();
+  window.Park();
+  if (site) site->OnInPlaceDeactivate();
+}
+
+void InPlaceActivation::SetRects(ControlWindow& window, const RECT& position, const RECT& clip) {
+  window.MoveTo(position);
+  RECT visible{};
+  IntersectRect(&visible, &position, &clip);
+  HRGN region = nullptr;
+  if (!EqualRect(&visible, &position)) {
+    OffsetRect(&visible, -position.left, -position.top);
+    region = CreateRectRgnIndirect(&visible);
+  }
+  // The window owns the region from now on.
+  if (SetWindowRgn(window.Handle(), region, TRUE) == 0 && region != nullptr) DeleteObject(region);
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,38 @@
+// The control's window inside its container: in-place and UI activation and the way back.
+// It does not know the core; sites and lifetime are hosted_control.h.
+#pragma once
+
+#include <ocidl.h>
+#include <ole2.h>
+
+#include "windows/com/com_ptr.h"
+#include "windows/ui/control_window.h"
+
+namespace pricedown::windows {
+
+class InPlaceActivation {
+ public:
+  bool IsActive() const { return site_.get() != nullptr; }
+  bool IsUiActive() const { return uiActive_; }
+
+  // Moves the window into the container. Harmless when it is there already. Throws
+  // AutomationError when the container refuses; nothing is active then.
+  void Activate(IOleClientSite& site, ControlWindow& window);
+  // Makes the control the container's active one. With `takeFocus` its first child gets the
+  // focus unless one has it. Requires: active.
+  void ActivateUi(IOleInPlaceActiveObject& self, ControlWindow& window, bool takeFocus);
+  // Every step runs even when the container refuses one.
+  void DeactivateUi(IOleClientSite* site);
+  void Deactivate(IOleClientSite* site, ControlWindow& window);
+
+  // Moves the window; what lies outside `clip` is cut off.
+  void SetRects(ControlWindow& window, const RECT& position, const RECT& clip);
+
+ private:
+  ComPtr<IOleInPlaceSite> site_;
+  ComPtr<IOleInPlaceFrame> frame_;
+  ComPtr<IOleInPlaceUIWindow> document_;
+  bool uiActive_ = false;
+};
+
+}  // namespace pricedown::windows

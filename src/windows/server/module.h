@@ -1,0 +1,27 @@
+// The one struct that outlives every control: the module's handle and the process-wide values.
+// Living objects are counted in windows/com/module_counts.h.
+#pragma once
+
+#include <windows.h>
+
+#include "env/process_state.h"
+#include "windows/com/com_object_factory.h"
+
+namespace pricedown::windows {
+
+struct Module {
+  HINSTANCE instance = nullptr;
+  ProcessState state;
+  ComObjectFactory factory;
+};
+
+// Requires: called on the user-interface thread, except for the handle.
+Module& TheModule();
+
+// The full path of the module's file. Throws AutomationError.
+std::wstring ModulePath(HINSTANCE instance);
+
+// The name of the program's file without folder and extension. Throws AutomationError.
+std::u16string ProgramName();
+
+}  // namespace pricedown::windows

@@ -1,0 +1,84 @@
+// The look-up of the container's caption and window.
+// Sites are set by hosted_control.cpp.
+#include "windows/server/site_container.h"
+
+#include "platform/convert.h"
+#include "platform/error.h"
+#include "platform/skip.h"
+#include "windows/com/failure.h"
+#include "windows/com/variant_value.h"
+#include "windows/com/wide_text.h"
+
+namespace pricedown::windows {
+namespace {
+
+ObjectPtr ParentOf(IDispatch* extender) {
+  ObjectPtr parent;
+  if (extender == nullptr) return parent;
+  SkipFailing([&] { parent = RequireObject(FromDispatch(extender)->Get(u"Parent"), u"Parent"); });
+  return parent;
+}
+
+std::u16string WindowText(HWND window) {
+  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+  const int length = GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
+  text.resize(static_cast<std::size_t>(length));
+  return FromWide(text);
+}
+
+[[noreturn]] void ThrowNoContainer() {
+  throw AutomationError(ErrorNumber::ObjectNotSet, u"控件不在容器窗口中");
+}
+
+}  // namespace
+
+HWND CaptionedWindow(HWND window) {
+  for (;;) {
+    const LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);
+    if ((style & WS_CAPTION) == WS_CAPTION || (style & WS_CHILD) == 0) return window;
+    const HWND parent = GetAncestor(window, GA_PARENT);
+    if (parent == nullptr || parent == GetDesktopWindow()) return window;
+    window = parent;
+  }
+}
+
+ObjectPtr SiteContainer::Parent() const {
+  if (const auto control = site_.As<IOleControlSite>()) {
+    ComPtr<IDispatch> extender;
+    if (SUCCEEDED(control->GetExtendedControl(extender.put()))) {
+      if (ObjectPtr parent = ParentOf(extender.get())) return parent;
+    }
+  }
+  return ParentOf(site_.As<IDispatch>().get());
+}
+
+HWND SiteContainer::ParentWindow() const {
+  const auto inPlace = site_.As<IOleInPlaceSite>();
+  HWND window = nullptr;
+  if (!inPlace || FAILED(inPlace->GetWindow(&window)) || !IsWindow(window)) return nullptr;
+  return CaptionedWindow(window);
+}
+
+std::u16string SiteContainer::Caption() const {
+  std::u16string caption;
+  const ObjectPtr parent = Parent();
+  if (parent != nullptr && SkipFailing([&] { caption = ToText(parent->Get(u"Caption")); })) {
+    return caption;
+  }
+  const HWND window = ParentWindow();
+  if (window == nullptr) ThrowNoContainer();
+  return WindowText(window);
+}
+
+void SiteContainer::Close() {
+  HWND window = nullptr;
+  if (const ObjectPtr parent = Parent()) {
+    // A window's handle has 32 significant bits everywhere.
+    SkipFailing([&] { window = static_cast<HWND>(LongToHandle(ToInt32(parent->Get(u"hWnd")))); });
+  }
+  if (window == nullptr || !IsWindow(window)) window = ParentWindow();
+  if (window == nullptr) ThrowNoContainer();
+  SendMessageW(window, WM_CLOSE, 0, 0);
+}
+
+}  // namespace pricedown::windows

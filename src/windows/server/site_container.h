@@ -1,0 +1,34 @@
+// The window that contains the control, found through the control's site.
+// Hosts that describe their window by name are asked first, the windows themselves otherwise.
+#pragma once
+
+#include <ocidl.h>
+#include <ole2.h>
+
+#include "control/views.h"
+#include "platform/automation.h"
+#include "windows/com/com_ptr.h"
+
+namespace pricedown::windows {
+
+class SiteContainer final : public ContainerWindow {
+ public:
+  // Adds a reference; null when the control has left its container.
+  void SetSite(IOleClientSite* site) { site_ = ComPtr<IOleClientSite>::Share(site); }
+
+  std::u16string Caption() const override;
+  void Close() override;
+
+ private:
+  // The object that contains the control by the host's own account; null when it gives none.
+  ObjectPtr Parent() const;
+  // Null when there is none.
+  HWND ParentWindow() const;
+
+  ComPtr<IOleClientSite> site_;
+};
+
+// The first window from `window` up that has a caption bar, or the top-level one.
+HWND CaptionedWindow(HWND window);
+
+}  // namespace pricedown::windows
