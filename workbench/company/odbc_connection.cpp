@@ -139,8 +139,9 @@ class Fetcher {
                           &nameLength, &type, &size, &scale, nullptr),
           SQL_HANDLE_STMT, statement_);
     FetchedColumn result = DescribeColumn(type, size, scale);
-    result.described.name =
-        FromOdbc(name.data(), std::min(static_cast<std::size_t>(nameLength), name.size() - 1));
+    // Some drivers count the name in bytes of another encoding: its end is the better sign.
+    const auto end = std::find(name.begin(), name.end() - 1, SQLWCHAR{0});
+    result.described.name.assign(name.begin(), end);
     return result;
   }
 

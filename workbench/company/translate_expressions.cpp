@@ -38,7 +38,7 @@ void Translator::RequireCondition(const Operand& operand) const {
 
 void Translator::RequireValue(const Operand& operand) const {
   if (operand.kind != OperandKind::Condition) return;
-  ThrowSyntaxError(cursor_.Source(), cursor_.Current().offset, cursor_.Current().source);
+  cursor_.Refuse();
 }
 
 Operand Translator::ParseCondition() {

@@ -128,7 +128,7 @@ void Translator::ParseSelectItem(Query& query, bool& hasAggregate,
   hasAggregate = hasAggregate || value.isAggregate;
   if (value.usesColumns) plainColumn = first;
   // Equal texts are equal in DISTINCT, UNION and ORDER BY also when no column says so.
-  if (value.kind == OperandKind::Text && !value.isLiteral) AddCollation(value);
+  if (value.kind == OperandKind::Text) AddCollation(value);
   std::string name;
   if (cursor_.TakeKeyword(u"as") || cursor_.AtName()) {
     name = Utf8FromUtf16(NameOf(cursor_.ExpectName()));

@@ -1,0 +1,166 @@
+#include "workbench/company/odbc_connection.h"
+
+#include <gtest/gtest.h>
+
+#ifdef _WIN32
+#include <windows.h>
+#endif
+#include <sql.h>
+#include <sqlext.h>
+
+#include <array>
+#include <clocale>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "tests/company/company_file.h"
+#include "workbench/company/utf.h"
+
+namespace workbench {
+namespace {
+
+using testing::ColumnsOf;
+using testing::RowsOf;
+
+constexpr const char* kDriver = "SQLite3";
+
+bool HasDriver() {
+  SQLHANDLE environment = SQL_NULL_HANDLE;
+  if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &environment))) return false;
+  SQLSetEnvAttr(environment, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
+  bool found = false;
+  std::array<SQLCHAR, 256> name{};
+  SQLUSMALLINT direction = SQL_FETCH_FIRST;
+  while (!found && SQL_SUCCEEDED(SQLDrivers(environment, direction, name.data(),
+                                            static_cast<SQLSMALLINT>(name.size()), nullptr, nullptr,
+                                            0, nullptr))) {
+    found = std::string_view(reinterpret_cast<const char*>(name.data())) == kDriver;
+    direction = SQL_FETCH_NEXT;
+  }
+  SQLFreeHandle(SQL_HANDLE_ENV, environment);
+  return found;
+}
+
+// A database of the driver's own: what reaches it are the texts as they are, so that they are
+// written in the driver's SQL here.
+class OdbcDatabase : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    if (!HasDriver()) GTEST_SKIP() << "no ODBC driver named " << kDriver << " on this machine";
+    // The driver converts texts by the locale's character set.
+    ASSERT_NE(std::setlocale(LC_ALL, "C.UTF-8"), nullptr);
+    path_ =
+        std::filesystem::temp_directory_path() /
+        ("company-test-odbc-" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()) +
+         ::testing::UnitTest::GetInstance()->current_test_info()->name() + ".db");
+    std::filesystem::remove(path_);
+    connection_ = OpenConnection(Location());
+  }
+
+  void TearDown() override {
+    connection_.reset();
+    std::setlocale(LC_ALL, "C");
+    if (!path_.empty()) std::filesystem::remove(path_);
+  }
+
+  std::string Location() const {
+    return std::string("DRIVER=") + kDriver + ";Database=" + path_.string();
+  }
+
+  ResultSet Execute(std::string_view text) { return connection_->Execute(Utf16FromUtf8(text)); }
+
+  std::filesystem::path path_;
+  std::unique_ptr<Connection> connection_;
+};
+
+TEST_F(OdbcDatabase, IsChosenByTheConnectionString) {
+  EXPECT_NE(dynamic_cast<OdbcConnection*>(connection_.get()), nullptr);
+}
+
+TEST_F(OdbcDatabase, ReturnsChineseTextNumbersAndNulls) {
+  EXPECT_EQ(Execute("create table t_ICItem(FItemID integer,FName varchar(80),FPrice double)")
+                .ColumnCount(),
+            0U);
+  Execute("insert into t_ICItem values(1,'钢板',12.5)");
+  Execute("insert into t_ICItem values(2,'O''Brien',null)");
+  Execute("insert into t_ICItem values(null,null,0)");
+  const ResultSet result =
+      Execute("select FItemID,FName as 名称,FPrice from t_ICItem order by rowid");
+  EXPECT_EQ(RowsOf(result), "1|'钢板'|12.5\n2|'O'Brien'|NULL\nNULL|NULL|0\n");
+  EXPECT_EQ(ColumnsOf(result), "FItemID:3(4) 名称:202(80) FPrice:5(8)");
+}
+
+TEST_F(OdbcDatabase, FindsRowsByChineseLiterals) {
+  Execute("create table t(a varchar(80))");
+  Execute("insert into t values('原料')");
+  EXPECT_EQ(RowsOf(Execute("select a from t where a='原料'")), "'原料'\n");
+  EXPECT_EQ(Execute("select a from t where a='原科'").RowCount(), 0U);
+}
+
+TEST_F(OdbcDatabase, CountsRowsExactly) {
+  Execute("create table t(a integer)");
+  Execute(
+      "insert into t with n(x) as (select 1 union all select x+1 from n where x<5000) "
+      "select x from n");
+  const ResultSet result = Execute("select a from t");
+  EXPECT_EQ(result.RowCount(), 5000U);
+  EXPECT_EQ(result.At(4999, 0).Integer(), 5000);
+  const ResultSet none = Execute("select a from t where a<0");
+  EXPECT_EQ(none.RowCount(), 0U);
+  EXPECT_EQ(none.ColumnCount(), 1U);
+}
+
+TEST_F(OdbcDatabase, ReadsTextsLongerThanItsBuffer) {
+  Execute("create table t(a text)");
+  for (const int length : {1, 1022, 1023, 1024, 1025, 2046, 2047, 5000}) {
+    std::string text;
+    for (int i = 0; i < length; ++i) text += i % 3 == 0 ? "板" : "a";
+    Execute("insert into t values('" + text + "')");
+    EXPECT_EQ(RowsOf(Execute("select a from t")), "'" + text + "'\n") << length;
+    Execute("delete from t");
+  }
+}
+
+TEST_F(OdbcDatabase, TakesAChangeWithoutRowsAsDone) {
+  Execute("create table t(a integer)");
+  EXPECT_EQ(Execute("delete from t where a=1").ColumnCount(), 0U);
+  EXPECT_EQ(Execute("update t set a=2").ColumnCount(), 0U);
+}
+
+TEST_F(OdbcDatabase, SendsTextsUntouched) {
+  // The embedded company would take this text; this database does not know isnull.
+  try {
+    Execute("select isnull(1,2)");
+    FAIL() << "not refused";
+  } catch (const DatabaseError& error) {
+    EXPECT_EQ(Utf8FromUtf16(error.Message()).substr(0, 8), "[HY000] ");
+    EXPECT_NE(std::string(error.what()).find("syntax error"), std::string::npos) << error.what();
+    EXPECT_EQ(error.NativeNumber(), 1);
+  }
+  EXPECT_EQ(RowsOf(Execute("select 1 as a")), "1\n");
+}
+
+TEST(OdbcConnection, ReportsAMissingDriverWithItsState) {
+  try {
+    OpenConnection("Driver=NoSuchDriver;Database=x");
+    FAIL() << "opened";
+  } catch (const DatabaseError& error) {
+    EXPECT_EQ(Utf8FromUtf16(error.Message()).substr(0, 7), "[01000]") << error.what();
+  }
+}
+
+TEST(OdbcConnection, ReportsAMissingDataSourceInAnyCaseOfThePrefix) {
+  for (const char* location : {"dsn=NoSuchSource", "DSN=NoSuchSource"}) {
+    try {
+      OpenConnection(location);
+      FAIL() << "opened " << location;
+    } catch (const DatabaseError& error) {
+      EXPECT_EQ(Utf8FromUtf16(error.Message()).substr(0, 7), "[IM002]") << error.what();
+    }
+  }
+}
+
+}  // namespace
+}  // namespace workbench

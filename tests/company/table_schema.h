@@ -1,0 +1,19 @@
+// The tables that the library's statements name, with a text and a number of each kind.
+// It stands in for a company where texts are only translated.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "workbench/company/schema_view.h"
+
+namespace workbench::testing {
+
+class TableSchema final : public SchemaView {
+ public:
+  bool HasTable(std::string_view table) override;
+  std::optional<std::string> DeclaredType(std::string_view table, std::string_view column) override;
+};
+
+}  // namespace workbench::testing
