@@ -15,6 +15,7 @@
 namespace workbench {
 
 using pricedown::ObjectPtr;
+using pricedown::ToText;
 using pricedown::Value;
 using pricedown::windows::ComPtr;
 
@@ -114,6 +115,10 @@ void ChildWindow::MergeToolBar(const ObjectPtr& bar) {
 }
 
 void ChildWindow::ClickTool(const ObjectPtr& tool) {
+  // The control follows the state of this check tool; the host keeps it.
+  if (ToText(tool->Get(u"Name")) == u"mnuViewStatusBar") {
+    tool->Put(u"Checked", !pricedown::ToBoolean(tool->Get(u"Checked")));
+  }
   Value toolArgument{tool};
   Value used{false};
   // The command may close this window: nothing of it is touched afterwards.

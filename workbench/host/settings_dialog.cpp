@@ -3,6 +3,7 @@
 #include "workbench/host/settings_dialog.h"
 
 #include <iterator>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -158,11 +159,10 @@ class SettingsPage {
     return selected < 0 ? 0 : users_[static_cast<std::size_t>(selected)];
   }
 
-  template <std::size_t Count>
-  static void FillChoices(HWND dialog, int control, const Choice (&choices)[Count],
+  static void FillChoices(HWND dialog, int control, std::span<const Choice> choices,
                           std::u16string_view current) {
     const HWND list = GetDlgItem(dialog, control);
-    for (std::size_t i = 0; i < Count; ++i) {
+    for (std::size_t i = 0; i < choices.size(); ++i) {
       ComboAdd(list, choices[i].text);
       if (pricedown::EqualsIgnoringCase(current, choices[i].value)) {
         SendMessageW(list, CB_SETCURSEL, i, 0);
@@ -170,8 +170,7 @@ class SettingsPage {
     }
   }
 
-  template <std::size_t Count>
-  static Value SelectedChoice(HWND dialog, int control, const Choice (&choices)[Count]) {
+  static Value SelectedChoice(HWND dialog, int control, std::span<const Choice> choices) {
     const LRESULT selected = SendDlgItemMessageW(dialog, control, CB_GETCURSEL, 0, 0);
     return choices[selected < 0 ? 0 : static_cast<std::size_t>(selected)].value;
   }

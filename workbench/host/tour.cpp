@@ -4,6 +4,8 @@
 
 #include <commctrl.h>
 
+#include <cstring>
+
 #include "platform/error.h"
 #include "windows/com/failure.h"
 #include "windows/ui/control_ids.h"
@@ -83,11 +85,17 @@ HWND Tour::Child(int controlId) const {
 
 void Tour::SelectClass(int position) {
   const HWND tree = Child(ids::kTree);
-  HTREEITEM item = TreeView_GetChild(tree, TreeView_GetRoot(tree));
-  for (int i = 1; i < position && item != nullptr; ++i) item = TreeView_GetNextSibling(tree, item);
-  TreeView_EnsureVisible(tree, item);
-  RECT area;
-  if (item == nullptr || !TreeView_GetItemRect(tree, item, &area, TRUE)) {
+  LRESULT item = SendMessageW(tree, TVM_GETNEXTITEM, TVGN_ROOT, 0);
+  item = SendMessageW(tree, TVM_GETNEXTITEM, TVGN_CHILD, item);
+  for (int i = 1; i < position && item != 0; ++i) {
+    item = SendMessageW(tree, TVM_GETNEXTITEM, TVGN_NEXT, item);
+  }
+  SendMessageW(tree, TVM_ENSUREVISIBLE, 0, item);
+  // The message takes the item in the rectangle's first bytes.
+  RECT area{};
+  std::memcpy(&area, &item, sizeof(item));
+  if (item == 0 ||
+      SendMessageW(tree, TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&area)) == 0) {
     throw pricedown::AutomationError(pricedown::ErrorNumber::Unspecified, u"没有这个类别。",
                                      u"Tour");
   }

@@ -1,0 +1,28 @@
+// Where the library is measured: a control on a company, with the platform's suite and views.
+// Natively nothing is drawn; on Windows these are the real windows and COM.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "control/price_down.h"
+
+namespace bench {
+
+class Stage {
+ public:
+  virtual ~Stage() = default;
+  virtual pricedown::ObjectFactory& Factory() = 0;
+  // A control on the open company, initialised and shown.
+  virtual pricedown::PriceDown& Control() = 0;
+  // Nodes into the platform's tree without the library: cleared by each BeginRaw.
+  virtual void BeginRawTree() = 0;
+  virtual void InsertRaw(std::u16string_view text) = 0;
+  virtual void EndRawTree() = 0;
+};
+
+// Opens the company at `path` (UTF-8) in the suite and makes a control on it.
+std::unique_ptr<Stage> MakeStage(const std::string& path);
+
+}  // namespace bench
