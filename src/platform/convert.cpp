@@ -66,7 +66,7 @@ std::u16string DateText(Date date) {
   if (!(day >= kFirstDay && day <= kLastDay)) ThrowOverflow();
 
   const CivilDate civil = CivilDateOf(static_cast<int>(day));
-  const std::u16string text = Concatenate(
+  std::u16string text = Concatenate(
       {Padded(civil.year, 4), u"-", Padded(civil.month, 2), u"-", Padded(civil.day, 2)});
   const int second = static_cast<int>(seconds);
   if (second == 0) return text;

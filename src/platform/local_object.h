@@ -17,8 +17,8 @@ enum class MemberKind : unsigned { Method = 1, Get = 2, Put = 4, GetPut = 6 };
 template <typename T>
 struct Member {
   std::u16string_view name;
-  MemberKind kind;
-  Value (*run)(T& object, Access access, std::span<Value> arguments);
+  MemberKind kind = MemberKind::Method;
+  Value (*run)(T& object, Access access, std::span<Value> arguments) = nullptr;
   std::size_t least = 0;  // fewest arguments, a put's value not counted
   std::size_t most = 0;   // most arguments, a put's value not counted
   bool isDefault = false;
@@ -29,7 +29,7 @@ template <typename T>
 class LocalObject : public AutomationObject, public std::enable_shared_from_this<T> {
  public:
   MemberId Find(std::u16string_view name) override;
-  Value Invoke(MemberId member, Access access, std::span<Value> arguments) override;
+  Value Invoke(MemberId id, Access access, std::span<Value> arguments) override;
 };
 
 // Shared by all tables; throw AutomationError.

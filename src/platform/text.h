@@ -25,6 +25,6 @@ std::u16string UpperCase(std::u16string_view text);
 
 // Lossless for well-formed text; a lone surrogate or bad byte becomes U+FFFD.
 std::string ToUtf8(std::u16string_view text);
-std::u16string FromUtf8(std::string_view text);
+std::u16string FromUtf8(std::string_view bytes);
 
 }  // namespace pricedown
