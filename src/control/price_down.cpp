@@ -106,8 +106,8 @@ void PriceDown::Terminate() {
   terminated_ = true;
   SkipFailing([&] { SaveSelection(); });
   // Moved out first: releasing the last reference may call back into the control.
-  const ObjectPtr parent = std::exchange(parentWindow_, nullptr);
-  const ObjectPtr form = std::exchange(ports_.form, nullptr);
+  std::exchange(parentWindow_, nullptr).reset();
+  std::exchange(ports_.form, nullptr).reset();
   browser_.classRecordset.Release();
   ReleaseLedger();
   bar_->Detach();

@@ -94,4 +94,8 @@ void PriceDown::SelBlock(const ObjectPtr& grid, const Value& column, const Value
   SelectBlock(grid, column, column2, row, row2);
 }
 
+void PriceDown::NodeClicked(NodeIndex node) {
+  if (!terminated_) tree_.NodeClick(node);
+}
+
 }  // namespace pricedown

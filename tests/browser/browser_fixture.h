@@ -1,0 +1,108 @@
+// One browser on a scripted suite: environment, state, grid and tree with recording windows.
+// Tests script the statements that they expect; any other one fails them.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "browser/class_commands.h"
+#include "browser/class_tree.h"
+#include "browser/item_grid.h"
+#include "tests/browser/recording_views.h"
+#include "tests/support/call_log.h"
+#include "tests/support/recording_factory.h"
+#include "tests/support/recording_questions.h"
+#include "tests/support/scripted_recordset.h"
+
+namespace pricedown::testing {
+
+inline constexpr std::u16string_view kTreeStatement =
+    u"Select t1.FitemClassNumber,t1.FitemClassName \r\n"
+    u" FROM icPriceDownClass t1 order by t1.FitemClassNumber asc";
+
+// The items of class 01.
+inline constexpr std::u16string_view kItemsOf01 =
+    u"SELECT isnull(t1.FNumber,'') as FNumber,isnull(t1.FShortNumber,'') as FShortNumber,"
+    u"t1.FName,isnull(t1.FModel,'') as FModel,"
+    u"t2.Fitemid,t2.FItemClassNumber,t2.FItemClassName,t2.FAPAccID,t2.FAPNumber,t2.FARAccID,"
+    u"t2.FARNumber,t2.FPencentPrepare FROM t_ICItem t1,icPriceDownClass t2"
+    u" Where t1.Fitemid=t2.Fitemid and t1.FErpClsID not in(6,8) "
+    u" and t2.FItemClassNumber='01' Order by t1.FNumber asc";
+
+// What the root asks for: the class numbered 0.
+inline constexpr std::u16string_view kItemsOfRoot =
+    u"SELECT isnull(t1.FNumber,'') as FNumber,isnull(t1.FShortNumber,'') as FShortNumber,"
+    u"t1.FName,isnull(t1.FModel,'') as FModel,"
+    u"t2.Fitemid,t2.FItemClassNumber,t2.FItemClassName,t2.FAPAccID,t2.FAPNumber,t2.FARAccID,"
+    u"t2.FARNumber,t2.FPencentPrepare FROM t_ICItem t1,icPriceDownClass t2"
+    u" Where t1.Fitemid=t2.Fitemid and t1.FErpClsID not in(6,8) "
+    u" and t2.FItemClassNumber='0' Order by t1.FNumber asc";
+
+inline constexpr std::u16string_view kAllItems =
+    u"SELECT isnull(t1.FNumber,'') as FNumber,isnull(t1.FShortNumber,'') as FShortNumber,"
+    u"t1.FName,isnull(t1.FModel,'') as FModel FROM t_ICItem t1"
+    u" Where t1.FErpClsID not in(6,8) order by t1.FNumber asc";
+
+// The log line of a statement's execution.
+inline std::string ExecuteLine(std::u16string_view statement) {
+  return "ZEPConnection.AppConnection.Execute(" + Quoted(statement) + ")";
+}
+
+// The rows of a tree query: number, name, number, name...
+inline ScriptedRows ClassRows(std::initializer_list<std::pair<Value, Value>> classes) {
+  std::vector<std::vector<Value>> rows;
+  for (const auto& [number, name] : classes) rows.push_back({number, name});
+  return Rows({u"FitemClassNumber", u"FitemClassName"}, std::move(rows));
+}
+
+struct Item {
+  Value code;
+  Value shortCode;
+  Value name;
+  Value model;
+};
+
+// The rows of a grid query for the class with that number and name.
+inline ScriptedRows ItemRows(std::initializer_list<Item> items, const Value& classNumber = u"01",
+                             const Value& className = u"原料") {
+  std::vector<std::vector<Value>> rows;
+  for (const Item& item : items) {
+    rows.push_back({item.code, item.shortCode, item.name, item.model, classNumber, className});
+  }
+  return Rows(
+      {u"FNumber", u"FShortNumber", u"FName", u"FModel", u"FItemClassNumber", u"FItemClassName"},
+      std::move(rows));
+}
+
+inline const std::initializer_list<Item> kTwoItems{
+    {u"01.001", u"001", u"螺栓", u"M8"},
+    {u"01.002", u"002", u"螺母", u"M10"},
+};
+
+class BrowserFixture : public ::testing::Test {
+ protected:
+  BrowserFixture() {
+    state_.itemClassType = 1;
+    processState_.dataScope = 2;
+  }
+
+  void AttachSheetView() { grid_.Cells().Attach(&sheetView_); }
+  std::string CellOf(std::int32_t column, std::int32_t row) {
+    return Utf8(grid_.Cells().Text(column, row));
+  }
+
+  CallLog log_;
+  RecordingFactory factory_{log_};
+  RecordingQuestions questions_{log_};
+  RecordingScreen screen_{factory_.GetRecorder()};
+  RecordingTreeView treeView_{factory_.GetRecorder()};
+  ProcessState processState_;
+  Environment environment_{factory_, processState_, questions_, screen_, u"Host"};
+  BrowserState state_;
+  ItemGrid grid_{environment_, state_};
+  ClassTree tree_{environment_, state_, treeView_, grid_};
+  RecordingSheetView sheetView_{factory_.GetRecorder(), grid_.Cells()};
+};
+
+}  // namespace pricedown::testing

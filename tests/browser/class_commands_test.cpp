@@ -1,0 +1,241 @@
+// Deleting a class: the question, the guards, the deletes, the reload.
+#include "browser/class_commands.h"
+
+#include "platform/error.h"
+#include "tests/browser/browser_fixture.h"
+
+namespace pricedown::testing {
+namespace {
+
+constexpr std::u16string_view kVoucher =
+    u"select top 1 FVoucherID from t_voucher where FYear='2008'and FPeriod='3'and "
+    u"FTranType=820 and FInternalInd='Industry'\r\n";
+constexpr std::u16string_view kHistory =
+    u"select top 1 a.FItemID from ICPriceDownPrepare a \r\n"
+    u"inner join ICPriceDownClass b on a.FItemID=b.FItemID \r\n"
+    u"where ((a.FYear='2008' and a.FPeriod<'3') \r\n"
+    u"or (a.FYear<'2008')) and (a.FHaveAdd<>0 or a.FCurrentAdd<>0) and b.FItemClassNumber='01'\r\n";
+constexpr std::u16string_view kDeleteProvision =
+    u"delete a from ICPriceDownPrepare a \r\n"
+    u"inner join ICPriceDownClass b on a.FItemID=b.FItemID \r\n"
+    u"where (a.FYear='2008' and a.FPeriod='3') \r\n"
+    u"and b.FItemClassNumber='01'\r\n";
+constexpr std::u16string_view kDeleteClass =
+    u"delete from icPriceDownClass where FItemClassNumber='01'";
+
+constexpr const char* kQuestion =
+    "ask question \"岚禾提示\": \"确定要删除当前记录? 当前的物料类别代码为:01  "
+    "物料类别名称为:原料\" -> ";
+
+class DeleteClass : public BrowserFixture {
+ protected:
+  DeleteClass() {
+    AnswerStatement(factory_, kTreeStatement, ClassRows({{u"01", u"原料"}}));
+    AnswerStatement(factory_, kTreeStatement, ClassRows({}));
+    AnswerStatement(factory_, kItemsOf01, ItemRows(kTwoItems));
+    AnswerStatement(factory_, kItemsOfRoot, ItemRows({}));
+    factory_.Object(u"ZEPPropsMgr.ShareProps").On(u"GetProperty", u"ConnectString={x}");
+    factory_.Object(u"ZEPEBSBase.SystemProfile")
+        .On(u"GetProfile", R"("ConnectString={x}", "IC", "CurrentYear")", u"2008")
+        .On(u"GetProfile", R"("ConnectString={x}", "IC", "CurrentPeriod")",
+            Reply::From([this](auto) { return period_; }));
+    tree_.LoadClassTree();
+    tree_.SelectAndClick(u"gi01");
+    log_.Clear();
+  }
+
+  void ScriptGuards(ScriptedRows voucher, ScriptedRows history) {
+    AnswerStatement(factory_, kVoucher, std::move(voucher));
+    AnswerStatement(factory_, kHistory, std::move(history));
+  }
+  void ScriptDeletes() {
+    AnswerNothing(factory_, kDeleteProvision);
+    AnswerNothing(factory_, kDeleteClass);
+  }
+  static ScriptedRows NoRow() { return Rows({u"FItemID"}, {}); }
+  static ScriptedRows OneRow() { return Rows({u"FItemID"}, {{7}}); }
+
+  // What happens from the answer Yes to the voucher guard.
+  static std::string ReadingThePeriod() {
+    std::string lines = "create ZEPEBSBase.SystemProfile\n";
+    for (const char* key : {"CurrentYear", "CurrentPeriod"}) {
+      lines +=
+          "create ZEPPropsMgr.ShareProps\n"
+          "ZEPPropsMgr.ShareProps.GetProperty(\"PropsString\", ref Empty)\n"
+          "release ZEPPropsMgr.ShareProps\n"
+          "ZEPEBSBase.SystemProfile.GetProfile(\"ConnectString={x}\", \"IC\", \"" +
+          std::string(key) + "\")\n";
+    }
+    return lines +
+           "release ZEPEBSBase.SystemProfile\n"
+           "create ZEPConnection.AppConnection\n";
+  }
+
+  Value period_ = u"3";
+  ClassCommands commands_{environment_, state_, tree_};
+};
+
+TEST_F(DeleteClass, AsksGuardsDeletesAndSelectsTheRoot) {
+  ScriptGuards(NoRow(), NoRow());
+  ScriptDeletes();
+  questions_.WillAnswer({true});
+  commands_.Delete();
+  EXPECT_EQ(log_.Text(),
+            Lines(kQuestion + std::string("yes\n") + ReadingThePeriod() + ExecuteLine(kVoucher) +
+                  "\nrelease result\n" + ExecuteLine(kHistory) + "\nrelease result\n" +
+                  ExecuteLine(kDeleteProvision) + "\n" + ExecuteLine(kDeleteClass) +
+                  "\nrelease ZEPConnection.AppConnection\n"
+                  "tree redraw off\n"
+                  "tree clear\n"
+                  "create ZEPConnection.AppConnection\n" +
+                  ExecuteLine(kTreeStatement) +
+                  "\nrelease ZEPConnection.AppConnection\n"
+                  "release result\n"
+                  "tree insert 1 under 0 \"物料\"\n"
+                  "tree redraw on\n"
+                  "tree select 1\n"
+                  "screen pointer 11\n"
+                  "create ZEPConnection.AppConnection\n" +
+                  ExecuteLine(kItemsOfRoot) +
+                  "\nrelease ZEPConnection.AppConnection\n"
+                  "screen pointer 0\n"
+                  "screen messages\n"
+                  "release result\n"));
+  EXPECT_EQ(Utf8(tree_.SelectedKey()), "gc0");
+  EXPECT_EQ(grid_.Cells().MaxRows(), 0);
+}
+
+TEST_F(DeleteClass, AsksToSelectAClassWhenTheGridHasNoRows) {
+  tree_.SelectAndClick(u"gc0");
+  log_.Clear();
+  commands_.Delete();
+  state_.itemRecordset.Release();
+  commands_.Delete();
+  EXPECT_EQ(log_.Text(), Lines(R"(
+      tell information "岚禾提示": "请选择要删除的物料类别"
+      release result
+      tell information "岚禾提示": "请选择要删除的物料类别"
+      )"));
+}
+
+TEST_F(DeleteClass, ChangesNothingWhenTheAnswerIsNo) {
+  questions_.WillAnswer({false});
+  commands_.Delete();
+  EXPECT_EQ(log_.Text(), Lines(kQuestion + std::string("no\n")));
+}
+
+TEST_F(DeleteClass, NamesTheClassOfTheFirstRow) {
+  AnswerStatement(factory_, kItemsOf01, [] {
+    ScriptedRows rows = ItemRows(kTwoItems);
+    rows.rows[1][5] = u"别名";
+    return rows;
+  }());
+  tree_.RefreshCurrentNode();
+  questions_.WillAnswer({false});
+  commands_.Delete();
+  EXPECT_EQ(log_.Lines().back(), kQuestion + std::string("no"));
+}
+
+TEST_F(DeleteClass, RefusesWhenThePeriodHasItsVoucher) {
+  ScriptGuards(OneRow(), NoRow());
+  questions_.WillAnswer({true});
+  commands_.Delete();
+  EXPECT_EQ(log_.Text(),
+            Lines(kQuestion + std::string("yes\n") + ReadingThePeriod() + ExecuteLine(kVoucher) +
+                  "\nrelease result\n"
+                  "tell information \"岚禾提示\": "
+                  "\"本期跌价准备数据已经生成凭证，不得删除物料类别！\"\n"
+                  "release ZEPConnection.AppConnection\n"));
+}
+
+TEST_F(DeleteClass, RefusesWhenTheClassHasHistory) {
+  ScriptGuards(NoRow(), OneRow());
+  questions_.WillAnswer({true});
+  commands_.Delete();
+  EXPECT_EQ(
+      log_.Text(),
+      Lines(kQuestion + std::string("yes\n") + ReadingThePeriod() + ExecuteLine(kVoucher) +
+            "\nrelease result\n" + ExecuteLine(kHistory) +
+            "\nrelease result\n"
+            "tell information \"岚禾提示\": \"该物料类别在以前期间已有业务发生，不得删除！\"\n"
+            "release ZEPConnection.AppConnection\n"));
+}
+
+TEST_F(DeleteClass, LeavesTheClassWhenItsProvisionRowsAreGoneAndTheSecondDeleteFails) {
+  ScriptGuards(NoRow(), NoRow());
+  AnswerNothing(factory_, kDeleteProvision);
+  FailStatement(factory_, kDeleteClass, -7, u"权限不足");
+  questions_.WillAnswer({true});
+  try {
+    commands_.Delete();
+    ADD_FAILURE() << "not thrown";
+  } catch (const AutomationError& error) {
+    EXPECT_EQ(Utf8(error.Description()), "权限不足");
+  }
+  EXPECT_EQ(log_.Count(ExecuteLine(kDeleteProvision)), 1u);
+  EXPECT_EQ(log_.Count("tree redraw off"), 0u);
+  EXPECT_EQ(grid_.Cells().MaxRows(), 2);
+}
+
+TEST_F(DeleteClass, ReportsAPeriodThatIsNoNumber) {
+  period_ = u"三";
+  questions_.WillAnswer({true});
+  EXPECT_THROW(commands_.Delete(), AutomationError);
+  EXPECT_EQ(log_.Count("create ZEPConnection.AppConnection"), 0u);
+}
+
+TEST_F(DeleteClass, ReportsAGuardThatAnswersNoRecordset) {
+  AnswerNothing(factory_, kVoucher);
+  questions_.WillAnswer({true});
+  EXPECT_THROW(commands_.Delete(), AutomationError);
+}
+
+// Whatever fails before the reload reaches the caller and ends the command there; the reload
+// skips what fails, but for the selection of the root.
+TEST_F(DeleteClass, EndsWhereAStepFailsAndLeavesTheRestUndone) {
+  ScriptGuards(NoRow(), NoRow());
+  ScriptDeletes();
+  factory_.LogRecordsetCalls();
+  FailEachCallInTurn([&](int failingCall) {
+    state_.itemRecordset =
+        Recordset(NewScriptedRecordset(factory_.GetRecorder(), ItemRows(kTwoItems), u"items"));
+    questions_.WillAnswer({true});
+    log_.Clear();
+    const int before = factory_.CallCount();
+    factory_.FailCall(failingCall);
+    std::int32_t thrown = 0;
+    try {
+      commands_.Delete();
+    } catch (const AutomationError& error) {
+      thrown = error.Number();
+    }
+    factory_.FailCall(0);
+    const int calls = factory_.CallCount() - before;
+
+    const std::string log = log_.Text();
+    const bool reloading = log.find("tree redraw off") != std::string::npos;
+    if (failingCall == 0) {
+      EXPECT_EQ(thrown, 0);
+    } else if (!reloading) {
+      EXPECT_EQ(thrown, kInjectedFailure) << log;
+      // Behind the failure objects are released and nothing is called.
+      const std::string behind = log.substr(log.find(" fails\n") + 7);
+      for (const char* call : {"create", "Execute", "GetProfile", "items.", "tell", "ask"}) {
+        EXPECT_EQ(behind.find(call), std::string::npos) << log;
+      }
+    } else if (log_.Count("tree select 1 fails") == 1) {
+      EXPECT_EQ(thrown, kInjectedFailure);
+    } else if (log_.Count("tree insert 1 under 0 \"物料\" fails") == 1) {
+      EXPECT_EQ(thrown, static_cast<std::int32_t>(ErrorNumber::InvalidArgument));
+    } else {
+      EXPECT_EQ(thrown, 0) << log;
+    }
+    state_.itemRecordset.Release();
+    state_.classRecordset.Release();
+    EXPECT_EQ(factory_.LiveObjects(), 0);
+    return calls;
+  });
+}
+
+}  // namespace
+}  // namespace pricedown::testing

@@ -1,0 +1,237 @@
+// Loading the class tree; clicks on its nodes are node_click_test.cpp.
+#include "browser/class_tree.h"
+
+#include "platform/convert.h"
+#include "tests/browser/browser_fixture.h"
+
+namespace pricedown::testing {
+namespace {
+
+class ClassTreeLoad : public BrowserFixture {
+ protected:
+  // Key and text of each node, in order.
+  std::vector<std::string> Nodes() const {
+    std::vector<std::string> nodes;
+    for (std::size_t index = 1; index <= tree_.Nodes().Count(); ++index) {
+      const TreeNode& node = tree_.Nodes().At(static_cast<NodeIndex>(index));
+      nodes.push_back(Utf8(node.key) + " " + Utf8(node.text));
+    }
+    return nodes;
+  }
+  // What the window holds must be what the collection holds.
+  void ExpectWindowInStep() const {
+    std::map<NodeIndex, std::string> texts;
+    for (std::size_t index = 1; index <= tree_.Nodes().Count(); ++index) {
+      const auto node = static_cast<NodeIndex>(index);
+      texts[node] = Utf8(tree_.Nodes().At(node).text);
+    }
+    EXPECT_EQ(treeView_.texts, texts);
+  }
+  using Texts = std::vector<std::string>;
+};
+
+TEST_F(ClassTreeLoad, ListsOneNodePerClassUnderTheRoot) {
+  AnswerStatement(
+      factory_, kTreeStatement,
+      ClassRows({{u"01", u"原料"}, {u"01", u"原料"}, {u"01", u"原料"}, {u"02", u"成品"}}));
+  tree_.LoadClassTree();
+  EXPECT_EQ(log_.Text(), Lines(R"log(
+      tree redraw off
+      create ZEPConnection.AppConnection
+      ZEPConnection.AppConnection.Execute("Select t1.FitemClassNumber,t1.FitemClassName \r\n FROM icPriceDownClass t1 order by t1.FitemClassNumber asc")
+      release ZEPConnection.AppConnection
+      tree insert 1 under 0 "物料"
+      tree insert 2 under 1 "01(原料)"
+      tree insert 3 under 1 "02(成品)"
+      tree redraw on
+      )log"));
+  EXPECT_EQ(Nodes(), (Texts{"gc0 物料", "gi01 01(原料)", "gi02 02(成品)"}));
+  EXPECT_TRUE(processState_.loading);
+}
+
+TEST_F(ClassTreeLoad, ReadsFieldByFieldWhereTheRecordsetHasNoBlocks) {
+  AnswerStatement(
+      factory_, kTreeStatement,
+      ClassRows({{u"01", u"原料"}, {u"01", u"别名"}, {u"02", u"成品"}}).WithoutGetRows());
+  tree_.LoadClassTree();
+  EXPECT_EQ(Nodes(), (Texts{"gc0 物料", "gi01 01(原料)", "gi02 02(成品)"}));
+}
+
+TEST_F(ClassTreeLoad, TakesTheNameOfTheFirstRowOfAClass) {
+  AnswerStatement(factory_, kTreeStatement, ClassRows({{u"01", u"甲"}, {u"01", u"乙"}}));
+  tree_.LoadClassTree();
+  EXPECT_EQ(Nodes(), (Texts{"gc0 物料", "gi01 01(甲)"}));
+}
+
+// A collation that ignores case may mix the rows of 'a' and 'A'.
+TEST_F(ClassTreeLoad, RefusesANumberThatComesBackAfterAnother) {
+  AnswerStatement(factory_, kTreeStatement,
+                  ClassRows({{u"a", u"甲"}, {u"A", u"乙"}, {u"a", u"丙"}, {u"A", u"丁"}}));
+  tree_.LoadClassTree();
+  EXPECT_EQ(Nodes(), (Texts{"gc0 物料", "gia a(甲)", "giA A(乙)"}));
+  ExpectWindowInStep();
+}
+
+TEST_F(ClassTreeLoad, TrimsTheNameAndKeepsTheNumberAsStored) {
+  AnswerStatement(factory_, kTreeStatement, ClassRows({{u" 0 1 ", u"  原 料  "}, {u"02", u"\t"}}));
+  tree_.LoadClassTree();
+  EXPECT_EQ(Nodes(), (Texts{"gc0 物料", "gi 0 1   0 1 (原 料)", "gi02 02(\t)"}));
+}
+
+TEST_F(ClassTreeLoad, ShowsNullsAsEmptyAndNumbersInTheirDefaultText) {
+  AnswerStatement(factory_, kTreeStatement,
+                  ClassRows({{Null{}, Null{}}, {Null{}, u"again"}, {12, u"数"}, {12, u"数"}}));
+  tree_.LoadClassTree();
+  EXPECT_EQ(Nodes(), (Texts{"gc0 物料", "gi ()", "gi12 12(数)"}));
+}
+
+TEST_F(ClassTreeLoad, LeavesTheRootAloneForATableWithoutRows) {
+  AnswerStatement(factory_, kTreeStatement, ClassRows({}));
+  tree_.LoadClassTree();
+  EXPECT_EQ(Nodes(), (Texts{"gc0 物料"}));
+}
+
+TEST_F(ClassTreeLoad, ShowsOnlyTheRootWhenProvisionsAreKeptByItem) {
+  for (const std::int16_t type : std::initializer_list<std::int16_t>{0, 2, -1}) {
+    state_.itemClassType = type;
+    tree_.LoadClassTree();
+    EXPECT_EQ(Nodes(), (Texts{"gc0 物料"})) << type;
+  }
+  EXPECT_EQ(log_.Count("create ZEPConnection.AppConnection"), 0u);
+}
+
+TEST_F(ClassTreeLoad, ClosesAndReleasesTheClassesWhenProvisionsAreKeptByItem) {
+  factory_.LogRecordsetCalls();
+  state_.classRecordset =
+      Recordset(NewScriptedRecordset(factory_.GetRecorder(), ClassRows({{u"01", u"甲"}})));
+  state_.itemClassType = 2;
+  tree_.LoadClassTree();
+  EXPECT_EQ(log_.Text(), Lines(R"log(
+      tree redraw off
+      tree insert 1 under 0 "物料"
+      result.Close()
+      release result
+      tree redraw on
+      )log"));
+  EXPECT_FALSE(state_.classRecordset);
+}
+
+TEST_F(ClassTreeLoad, KeepsTheRecordsetUntilTheNextReload) {
+  AnswerStatement(factory_, kTreeStatement, ClassRows({{u"01", u"甲"}}));
+  tree_.LoadClassTree();
+  EXPECT_TRUE(state_.classRecordset);
+  EXPECT_EQ(log_.Count("release result"), 0u);
+  tree_.LoadClassTree();
+  EXPECT_TRUE(state_.classRecordset);
+  EXPECT_EQ(log_.Count("release result"), 1u);
+}
+
+TEST_F(ClassTreeLoad, GivesTheSameNodesWhenLoadedTwice) {
+  AnswerStatement(factory_, kTreeStatement, ClassRows({{u"01", u"甲"}, {u"02", u"乙"}}));
+  tree_.LoadClassTree();
+  log_.Clear();
+  tree_.LoadClassTree();
+  EXPECT_EQ(log_.Text(), Lines(R"log(
+      tree redraw off
+      tree clear
+      create ZEPConnection.AppConnection
+      ZEPConnection.AppConnection.Execute("Select t1.FitemClassNumber,t1.FitemClassName \r\n FROM icPriceDownClass t1 order by t1.FitemClassNumber asc")
+      release ZEPConnection.AppConnection
+      release result
+      tree insert 1 under 0 "物料"
+      tree insert 2 under 1 "01(甲)"
+      tree insert 3 under 1 "02(乙)"
+      tree redraw on
+      )log"));
+  EXPECT_EQ(Nodes(), (Texts{"gc0 物料", "gi01 01(甲)", "gi02 02(乙)"}));
+  ExpectWindowInStep();
+}
+
+TEST_F(ClassTreeLoad, LeavesTheRootAloneWhenTheQueryFailsEvenAfterAnEarlierLoad) {
+  AnswerStatement(factory_, kTreeStatement, ClassRows({{u"01", u"甲"}}));
+  FailStatement(factory_, kTreeStatement, -5, u"连接已断开");
+  tree_.LoadClassTree();
+  tree_.LoadClassTree();
+  EXPECT_EQ(Nodes(), (Texts{"gc0 物料"}));
+  EXPECT_FALSE(state_.classRecordset);
+  EXPECT_TRUE(treeView_.redraw);
+}
+
+TEST_F(ClassTreeLoad, LeavesTheRootAloneWhenTheConnectionCannotBeMadeOrAnswersNothing) {
+  AnswerNothing(factory_, kTreeStatement);
+  tree_.LoadClassTree();
+  EXPECT_EQ(Nodes(), (Texts{"gc0 物料"}));
+  factory_.Refuses(u"ZEPConnection.AppConnection");
+  tree_.LoadClassTree();
+  EXPECT_EQ(Nodes(), (Texts{"gc0 物料"}));
+}
+
+TEST_F(ClassTreeLoad, LeavesTheRootAloneWhenAColumnIsLacking) {
+  AnswerStatement(factory_, kTreeStatement, Rows({u"FitemClassNumber"}, {{u"01"}}));
+  tree_.LoadClassTree();
+  EXPECT_EQ(Nodes(), (Texts{"gc0 物料"}));
+}
+
+// Whatever fails, the load ends, the window draws again and shows what the collection holds.
+TEST_F(ClassTreeLoad, EndsInStepWithTheWindowWhateverFails) {
+  for (const bool blocks : {true, false}) {
+    FailEachCallInTurn([&](int failingCall) {
+      CallLog log;
+      RecordingFactory factory(log);
+      RecordingQuestions questions(log);
+      RecordingScreen screen(factory.GetRecorder());
+      RecordingTreeView view(factory.GetRecorder());
+      ProcessState processState;
+      Environment environment(factory, processState, questions, screen, u"Host");
+      BrowserState state;
+      state.itemClassType = 1;
+      ItemGrid grid(environment, state);
+      ClassTree tree(environment, state, view, grid);
+      ScriptedRows rows = ClassRows({{u"01", u"甲"}, {u"01", u"甲"}, {u"02", u"乙"}});
+      rows.hasGetRows = blocks;
+      AnswerStatement(factory, kTreeStatement, rows);
+      factory.FailCall(failingCall);
+      tree.LoadClassTree();
+      factory.FailCall(0);
+
+      const std::string& last = log.Lines().back();
+      EXPECT_TRUE(last == "tree redraw on" || last == "tree redraw on fails") << last;
+      EXPECT_EQ(view.texts.size(), tree.Nodes().Count());
+      for (const auto& [index, text] : view.texts) {
+        EXPECT_EQ(text, Utf8(tree.Nodes().At(index).text));
+      }
+      if (tree.Nodes().Count() > 0) {
+        EXPECT_EQ(Utf8(tree.Nodes().At(1).key), "gc0");
+      }
+      const int calls = factory.CallCount();
+      // A later load repairs everything.
+      tree.LoadClassTree();
+      EXPECT_EQ(tree.Nodes().Count(), 3u);
+      EXPECT_TRUE(view.redraw);
+      state.classRecordset.Release();
+      EXPECT_EQ(factory.LiveObjects(), 0);
+      return calls;
+    });
+  }
+}
+
+// A node that the window refused is offered again with the class's next row.
+TEST_F(ClassTreeLoad, GoesOnWithTheNextRowWhenTheWindowRefusesANode) {
+  AnswerStatement(factory_, kTreeStatement,
+                  ClassRows({{u"01", u"甲"}, {u"01", u"乙"}, {u"02", u"丙"}}));
+  treeView_.refusedText = u"01(甲)";
+  tree_.LoadClassTree();
+  EXPECT_EQ(Nodes(), (Texts{"gc0 物料", "gi01 01(乙)", "gi02 02(丙)"}));
+  ExpectWindowInStep();
+}
+
+TEST(ClassNumberOfKey, IsEverythingFromTheThirdCharacterOn) {
+  EXPECT_EQ(Utf8(ClassNumberOfKey(u"gi01")), "01");
+  EXPECT_EQ(Utf8(ClassNumberOfKey(u"gc0")), "0");
+  EXPECT_EQ(Utf8(ClassNumberOfKey(u"gi")), "");
+  EXPECT_EQ(Utf8(ClassNumberOfKey(u"g")), "");
+  EXPECT_EQ(Utf8(ClassNumberOfKey(u"")), "");
+}
+
+}  // namespace
+}  // namespace pricedown::testing

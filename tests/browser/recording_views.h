@@ -1,0 +1,128 @@
+// The windows of the browser and the screen, recorded: each call is one line of the log.
+// They share count and failure switch with the suite's objects; they decide nothing.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <utility>
+
+#include "browser/class_tree_view.h"
+#include "browser/display_font.h"
+#include "browser/sheet.h"
+#include "env/screen.h"
+#include "platform/error.h"
+#include "tests/support/recorder.h"
+#include "tests/support/utf8.h"
+
+namespace pricedown::testing {
+
+inline std::string NumberInLog(double number) { return Readable(Value(number)); }
+
+inline std::string FontInLog(const Font& font) {
+  return Utf8(font.name) + " " + NumberInLog(font.size) + (font.bold ? " bold" : "") +
+         (font.italic ? " italic" : "");
+}
+
+// Log lines: screen pointer 11, screen messages.
+class RecordingScreen : public Screen {
+ public:
+  explicit RecordingScreen(RecorderPtr recorder) : recorder_(std::move(recorder)) {}
+
+  void SetMousePointer(MousePointer shown) override {
+    recorder_->Call("screen pointer " + std::to_string(static_cast<int>(shown)), u"screen");
+    pointer = shown;
+  }
+  void RunPendingMessages() override {
+    recorder_->Call("screen messages", u"screen");
+    if (onMessages) onMessages();
+  }
+  double TwipsPerPixelY() const override {
+    recorder_->QuietCall("screen resolution", u"screen");
+    return twipsPerPixel;
+  }
+
+  MousePointer pointer = MousePointer::Default;
+  double twipsPerPixel = 15;
+  // What the user does while messages run.
+  std::function<void()> onMessages;
+
+ private:
+  RecorderPtr recorder_;
+};
+
+// Log lines: tree clear, tree insert 2 under 1 "01(原料)", tree select 2, tree redraw off.
+class RecordingTreeView : public ClassTreeView {
+ public:
+  explicit RecordingTreeView(RecorderPtr recorder) : recorder_(std::move(recorder)) {}
+
+  void ClearNodes() override {
+    recorder_->Call("tree clear", u"tree");
+    texts.clear();
+    selected = kNoNode;
+  }
+  void InsertNode(NodeIndex index, NodeIndex parent, std::u16string_view text) override {
+    recorder_->Call("tree insert " + std::to_string(index) + " under " + std::to_string(parent) +
+                        " " + Quoted(text),
+                    u"tree");
+    if (text == refusedText) throw AutomationError(kInjectedFailure, u"refused");
+    texts[index] = Utf8(text);
+  }
+  void SelectNode(NodeIndex index) override {
+    recorder_->Call("tree select " + std::to_string(index), u"tree");
+    selected = index;
+  }
+  NodeIndex SelectedNode() const override {
+    recorder_->QuietCall("tree selected", u"tree");
+    return selected;
+  }
+  void SetRedraw(bool on) override {
+    recorder_->Call(on ? "tree redraw on" : "tree redraw off", u"tree");
+    redraw = on;
+  }
+
+  std::map<NodeIndex, std::string> texts;
+  NodeIndex selected = kNoNode;
+  bool redraw = true;
+  std::u16string refusedText;
+
+ private:
+  RecorderPtr recorder_;
+};
+
+// Log lines: sheet changed 3 rows, sheet metrics. Attach it to see them.
+class RecordingSheetView : public SheetView {
+ public:
+  RecordingSheetView(RecorderPtr recorder, const Sheet& sheet)
+      : recorder_(std::move(recorder)), sheet_(sheet) {}
+
+  void SheetChanged() override {
+    recorder_->Add("sheet changed " + std::to_string(sheet_.MaxRows()) + " rows");
+  }
+  void SheetMetricsChanged() override { recorder_->Add("sheet metrics"); }
+
+ private:
+  RecorderPtr recorder_;
+  const Sheet& sheet_;
+};
+
+// Log lines: font tree 宋体 9.0, font label 宋体 9.0. A label is as high as `labelHeight`.
+class RecordingFontView : public FontView {
+ public:
+  explicit RecordingFontView(RecorderPtr recorder) : recorder_(std::move(recorder)) {}
+
+  void SetTreeFont(const Font& font) override {
+    recorder_->Call("font tree " + FontInLog(font), u"font");
+  }
+  std::int32_t MeasureLabel(const Font& font) override {
+    recorder_->Call("font label " + FontInLog(font), u"font");
+    return labelHeight;
+  }
+
+  std::int32_t labelHeight = 240;
+
+ private:
+  RecorderPtr recorder_;
+};
+
+}  // namespace pricedown::testing

@@ -1,0 +1,155 @@
+// The command bar and its collections, as hosts use them.
+#include "control/command_bar.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/error.h"
+#include "tests/support/utf8.h"
+
+namespace pricedown::testing {
+namespace {
+
+class CommandBarTest : public ::testing::Test {
+ protected:
+  // A late-bound path: Bands(1).Tools("mnuEdit") is Of(Of(bar, "Bands", {1}), "Tools", {...}).
+  static ObjectPtr Of(const ObjectPtr& object, std::u16string_view member,
+                      std::initializer_list<Value> arguments = {}) {
+    return RequireObject(object->Call(member, arguments), member);
+  }
+  static std::string TextOf(const ObjectPtr& object, std::u16string_view member) {
+    return Readable(object->Get(member));
+  }
+  static std::string Described(const ObjectPtr& tool) {
+    std::string text;
+    for (const std::u16string_view member : {u"Name", u"Caption", u"Description", u"Category"}) {
+      text += TextOf(tool, member) + " ";
+    }
+    return text;
+  }
+  ObjectPtr Tools() const { return Of(bar_, u"Tools"); }
+
+  std::shared_ptr<CommandBar> bar_ = std::make_shared<CommandBar>();
+};
+
+TEST_F(CommandBarTest, HoldsTheDesignedBandMenuAndTools) {
+  EXPECT_EQ(TextOf(Of(bar_, u"Bands"), u"Count"), "1");
+  const ObjectPtr band = Of(bar_, u"Bands", {1});
+  EXPECT_EQ(TextOf(band, u"Name"), "\"MnuBand1\"");
+  const ObjectPtr tools = Of(band, u"Tools");
+  ASSERT_EQ(TextOf(tools, u"Count"), "4");
+  EXPECT_EQ(Described(Of(tools, u"Item", {1})), R"("mnuEdit" "编辑" "" "Menus" )");
+  EXPECT_EQ(Described(Of(tools, u"Item", {2})), R"("iInsert" "新增" "" "" )");
+  EXPECT_EQ(Described(Of(tools, u"Item", {3})), R"("iEdit" "修改" "修改物料类别属性" "" )");
+  EXPECT_EQ(Described(Of(tools, u"Item", {4})), R"("iCut" "删除" "删除物料类别" "" )");
+}
+
+TEST_F(CommandBarTest, FindsBandsAndToolsByIndexOrName) {
+  EXPECT_EQ(TextOf(Of(bar_, u"bands", {u"MnuBand1"}), u"Name"), "\"MnuBand1\"");
+  EXPECT_EQ(TextOf(Of(Of(bar_, u"Bands"), u"Item", {std::int16_t{1}}), u"Name"), "\"MnuBand1\"");
+  EXPECT_EQ(TextOf(Of(bar_, u"Tools", {u"iCut"}), u"Name"), "\"iCut\"");
+  EXPECT_EQ(TextOf(Of(Tools(), u"", {2.0}), u"Name"), "\"iInsert\"");
+  EXPECT_EQ(TextOf(Of(Of(bar_, u"Bands", {1}), u"Tools", {u"iEdit"}), u""), "\"iEdit\"");
+  Value index(3);
+  EXPECT_EQ(TextOf(Of(Tools(), u"Item", {Value::ByReference(index)}), u"Name"), "\"iEdit\"");
+}
+
+TEST_F(CommandBarTest, TakesALeftOutIndexForTheCollection) {
+  EXPECT_EQ(TextOf(Of(bar_, u"Tools", {Missing{}}), u"Count"), "4");
+}
+
+TEST_F(CommandBarTest, RefusesWhatIsNotThere) {
+  for (const Value& wrong : std::vector<Value>{0, 5, -1, u"", u"icut", u"iPaste"}) {
+    EXPECT_THROW(Tools()->Call(u"Item", {wrong}), AutomationError) << Readable(wrong);
+  }
+  for (const Value& wrong : std::vector<Value>{0, 2, u"mnuband1"}) {
+    EXPECT_THROW(bar_->Call(u"Bands", {wrong}), AutomationError) << Readable(wrong);
+  }
+  EXPECT_THROW(Tools()->Call(u"Item"), AutomationError);
+  EXPECT_THROW(Tools()->Call(u"Item", {Null{}}), AutomationError);
+  EXPECT_THROW(bar_->Get(u"Menus"), AutomationError);
+}
+
+TEST_F(CommandBarTest, TakesToolsOfTheHostWithoutChangingItsBand) {
+  const ObjectPtr added = Of(Tools(), u"Add", {u"iToolBar", u"工具栏", u"查看"});
+  EXPECT_EQ(Described(added), R"("iToolBar" "工具栏" "" "查看" )");
+  EXPECT_EQ(TextOf(Tools(), u"Count"), "5");
+  EXPECT_EQ(TextOf(Of(Of(bar_, u"Bands", {1}), u"Tools"), u"Count"), "4");
+  EXPECT_EQ(Described(Of(Tools(), u"Add", {u"iPrint"})), R"("iPrint" "" "" "" )");
+}
+
+TEST_F(CommandBarTest, KeepsAToolThatIsAddedAgain) {
+  bar_->Tool(u"iCut")->SetEnabled(false);
+  const ObjectPtr again = Of(Tools(), u"Add", {u"iCut", u"别的", u"别处"});
+  EXPECT_EQ(again, ObjectPtr(bar_->Tool(u"iCut")));
+  EXPECT_EQ(TextOf(again, u"Caption"), "\"删除\"");
+  EXPECT_EQ(TextOf(again, u"Enabled"), "False");
+  EXPECT_EQ(TextOf(Tools(), u"Count"), "4");
+}
+
+TEST_F(CommandBarTest, LetsHostsSwitchTheStatesAndNothingElse) {
+  const ObjectPtr tool = Of(bar_, u"Tools", {u"iEdit"});
+  EXPECT_EQ(TextOf(tool, u"Enabled") + TextOf(tool, u"Checked") + TextOf(tool, u"Visible"),
+            "TrueFalseTrue");
+  tool->Put(u"Enabled", 0);
+  tool->Put(u"checked", true);
+  tool->Put(u"VISIBLE", u"False");
+  EXPECT_EQ(TextOf(tool, u"Enabled") + TextOf(tool, u"Checked") + TextOf(tool, u"Visible"),
+            "FalseTrueFalse");
+  for (const std::u16string_view fixed : {u"Name", u"Caption", u"Description", u"Category"}) {
+    EXPECT_THROW(tool->Put(fixed, u"x"), AutomationError) << Utf8(fixed);
+  }
+  EXPECT_THROW(tool->Put(u"Checked", u"maybe"), AutomationError);
+}
+
+TEST_F(CommandBarTest, TellsOfEachChangeOfAnyToolAlsoOfLaterOnes) {
+  std::vector<std::string> changes;
+  bar_->OnChange([&](const BarTool& tool) {
+    changes.push_back(Utf8(tool.Fixed().name) + (tool.Checked() ? " checked" : " unchecked") +
+                      (tool.Enabled() ? " enabled" : " disabled"));
+  });
+  bar_->Tool(u"iCut")->SetEnabled(false);
+  bar_->Tool(u"iCut")->SetEnabled(false);  // no change
+  bar_->Add({u"iToolBar", u"", u"", u""});
+  bar_->Tool(u"iToolBar")->SetChecked(true);
+  EXPECT_EQ(changes,
+            (std::vector<std::string>{"iCut unchecked disabled", "iToolBar checked enabled"}));
+  bar_->Detach();
+  bar_->Tool(u"iCut")->SetEnabled(true);
+  EXPECT_EQ(changes.size(), 2u);
+}
+
+TEST_F(CommandBarTest, HandsAClickedToolToItsHandler) {
+  std::vector<ObjectPtr> clicked;
+  bar_->OnClick([&](const ObjectPtr& tool) { clicked.push_back(tool); });
+  bar_->Call(u"Click", {u"iEdit"});
+  EXPECT_EQ(clicked, std::vector<ObjectPtr>{bar_->Tool(u"iEdit")});
+  EXPECT_THROW(bar_->Call(u"Click", {u"iPaste"}), AutomationError);
+  bar_->Tool(u"iEdit")->SetEnabled(false);
+  bar_->Call(u"Click", {u"iEdit"});
+  EXPECT_EQ(clicked.size(), 1u);
+}
+
+TEST_F(CommandBarTest, MayBeDetachedByTheClickThatItHandles) {
+  int clicks = 0;
+  // The copied state is used behind Detach, so a destroyed handler would show.
+  const auto token = std::make_shared<int>(5);
+  bar_->OnClick([&clicks, token, this](const ObjectPtr&) {
+    bar_->Detach();
+    clicks += *token;
+  });
+  bar_->Click(u"iEdit");
+  bar_->Click(u"iEdit");
+  EXPECT_EQ(clicks, 5);
+  EXPECT_EQ(token.use_count(), 1);
+}
+
+TEST_F(CommandBarTest, LivesAsLongAsItsCollections) {
+  const ObjectPtr band = Of(bar_, u"Bands", {1});
+  const std::weak_ptr<CommandBar> bar = bar_;
+  bar_.reset();
+  EXPECT_EQ(TextOf(Of(band, u"Tools", {u"iCut"}), u"Caption"), "\"删除\"");
+  EXPECT_FALSE(bar.expired());
+}
+
+}  // namespace
+}  // namespace pricedown::testing

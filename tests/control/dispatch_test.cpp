@@ -1,0 +1,327 @@
+// What the keys of the command bar and the tool strip do.
+#include "control/price_down.h"
+#include "control/tool_strip.h"
+#include "platform/error.h"
+#include "tests/control/control_fixture.h"
+
+namespace pricedown::testing {
+namespace {
+
+class Dispatch : public ::testing::Test {
+ protected:
+  void Start() {
+    world_.CreateAndInitialize();
+    world_.control->Show(nullptr);
+    world_.control->ItemSheet().Attach(&sheetView());
+    world_.log.Clear();
+  }
+  RecordingSheetView& sheetView() {
+    if (!sheetView_) {
+      sheetView_ = std::make_unique<RecordingSheetView>(world_.factory.GetRecorder(),
+                                                        world_.control->ItemSheet());
+    }
+    return *sheetView_;
+  }
+  ~Dispatch() override {
+    if (world_.control) world_.control->ItemSheet().Attach(nullptr);
+  }
+
+  PriceDown& Control() { return *world_.control; }
+  // A click on a tool of the host.
+  void Click(std::u16string_view name) {
+    const ObjectPtr tool = world_.NewTool(name);
+    Control().ParentWindow_ToolBarClick(tool);
+  }
+  // What the command throws, or an empty text.
+  template <typename Command>
+  std::string FailureOf(Command command) {
+    try {
+      command();
+      return {};
+    } catch (const AutomationError& error) {
+      return Utf8(error.Description());
+    }
+  }
+  // The reload behind every strip command: the tree, and the grid painted without a query.
+  static std::string Reload() {
+    return "tree redraw off\n"
+           "tree clear\n"
+           "create ZEPConnection.AppConnection\n" +
+           ExecuteLine(kTreeStatement) +
+           "\nrelease ZEPConnection.AppConnection\n"
+           "release result\n"
+           "tree insert 1 under 0 \"物料\"\n"
+           "tree insert 2 under 1 \"01(原料)\"\n"
+           "tree insert 3 under 1 \"02(成品)\"\n"
+           "tree redraw on\n"
+           "sheet changed 2 rows\n";
+  }
+  static constexpr const char* kRefusal =
+      "tell information \"岚禾提示\": \"没有权限,请与系统管理员联系\"\n";
+
+  ControlWorld world_;
+  std::unique_ptr<RecordingSheetView> sheetView_;
+};
+
+struct RightCase {
+  std::u16string_view key;
+  const char* mask;
+};
+
+TEST_F(Dispatch, RefusesACommandWithoutItsRightAndReloadsAllTheSame) {
+  Start();
+  world_.company.grantedMasks = "none";
+  for (const RightCase& right :
+       {RightCase{u"Print", "32768"}, RightCase{u"PrintView", "32768"}, RightCase{u"Add", "131072"},
+        RightCase{u"Edit", "4194304"}, RightCase{u"Del", "65536"}}) {
+    world_.log.Clear();
+    Control().StripButtonClicked(right.key);
+    EXPECT_EQ(world_.log.Text(), std::string("ZEPEBCGLView.GLData.AccessCheck(1002, 35, ") +
+                                     right.mask + ")\n" + kRefusal + Reload())
+        << Utf8(right.key);
+  }
+}
+
+TEST_F(Dispatch, RunsACommandWithItsOwnRightAlone) {
+  Start();
+  const std::string noEditor = "物料类别编辑窗口尚未提供";
+  const std::string noPrinting = "打印和打印预览尚未提供";
+  const auto run = [&](std::u16string_view key, const char* mask) {
+    world_.company.grantedMasks = std::string(" ") + mask + " ";
+    return FailureOf([&] { Control().StripButtonClicked(key); });
+  };
+  EXPECT_EQ(run(u"Print", "32768"), noPrinting);
+  EXPECT_EQ(run(u"PrintView", "32768"), noPrinting);
+  EXPECT_EQ(run(u"Add", "131072"), noEditor);
+  EXPECT_EQ(run(u"Edit", "4194304"), noEditor);
+  world_.questions.WillAnswer({false});
+  EXPECT_EQ(run(u"Del", "65536"), "");
+}
+
+TEST_F(Dispatch, DoesNotReloadBehindACommandThatFails) {
+  Start();
+  EXPECT_NE(FailureOf([&] { Control().StripButtonClicked(u"Add"); }), "");
+  EXPECT_EQ(world_.log.Text(), "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 131072)\n");
+}
+
+TEST_F(Dispatch, LetsAFailingRightsCheckReachTheCaller) {
+  Start();
+  world_.factory.FailCall(1);
+  EXPECT_NE(FailureOf([&] { Control().StripButtonClicked(u"Del"); }), "");
+  EXPECT_EQ(world_.log.Text(), "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 65536) fails\n");
+}
+
+TEST_F(Dispatch, ReloadsForAnUnknownButtonAndAsksForNoRight) {
+  Start();
+  for (const std::u16string_view key : {u"sp2", u"sp3", u"", u"add", u"Copy"}) {
+    world_.log.Clear();
+    Control().StripButtonClicked(key);
+    EXPECT_EQ(world_.log.Text(), Reload()) << Utf8(key);
+  }
+}
+
+TEST_F(Dispatch, ClosesTheContainerOnExitAndReloadsWhenItStays) {
+  Start();
+  Control().StripButtonClicked(u"Exit");
+  EXPECT_EQ(world_.log.Text(), "container close\n" + Reload());
+}
+
+TEST_F(Dispatch, TouchesNothingWhenClosingEndedTheControl) {
+  Start();
+  Control().ItemSheet().Attach(nullptr);
+  world_.container.onClose = [&] {
+    Control().Terminate();
+    world_.log.Clear();
+  };
+  Control().StripButtonClicked(u"Exit");
+  EXPECT_EQ(world_.log.Text(), "");
+}
+
+TEST_F(Dispatch, ReportsAContainerThatCannotBeClosed) {
+  Start();
+  world_.factory.FailCall(1);
+  EXPECT_NE(FailureOf([&] { Control().StripButtonClicked(u"Exit"); }), "");
+  EXPECT_EQ(world_.log.Text(), "container close fails\n");
+}
+
+TEST_F(Dispatch, ClosesTheContainerForTheHostsExitTool) {
+  Start();
+  Click(u"iExit");
+  EXPECT_EQ(world_.log.Text(), "tool.Name()\ncontainer close\nrelease tool\n");
+}
+
+TEST_F(Dispatch, SendsClassToolsThroughTheStripButtons) {
+  Start();
+  world_.company.grantedMasks = "none";
+  for (const RightCase& right : {RightCase{u"iInsert", "131072"}, RightCase{u"iEdit", "4194304"},
+                                 RightCase{u"iCut", "65536"}}) {
+    world_.log.Clear();
+    Click(right.key);
+    EXPECT_EQ(world_.log.Text(), "tool.Name()\nZEPEBCGLView.GLData.AccessCheck(1002, 35, " +
+                                     std::string(right.mask) + ")\n" + kRefusal + Reload() +
+                                     "release tool\n")
+        << Utf8(right.key);
+  }
+}
+
+TEST_F(Dispatch, PrintsFromTheBarWithoutAskingForTheRight) {
+  Start();
+  world_.company.grantedMasks = "none";
+  for (const std::u16string_view key : {u"iPrint", u"iPrintPreView"}) {
+    world_.log.Clear();
+    EXPECT_EQ(FailureOf([&] { Click(key); }), "打印和打印预览尚未提供");
+    EXPECT_EQ(world_.log.Text(), "tool.Name()\nrelease tool\n") << Utf8(key);
+  }
+}
+
+TEST_F(Dispatch, RefreshesTheCurrentNode) {
+  Start();
+  Click(u"iRefresh");
+  EXPECT_EQ(world_.log.Text(),
+            "tool.Name()\n"
+            "release result\n"
+            "create ZEPConnection.AppConnection\n" +
+                ExecuteLine(kItemsOf01) +
+                "\nrelease ZEPConnection.AppConnection\n"
+                "sheet changed 0 rows\n"
+                "sheet changed 2 rows\n"
+                "sheet changed 2 rows\n"
+                "sheet changed 2 rows\n"
+                "release tool\n");
+}
+
+TEST_F(Dispatch, FillsTheGridForAClickedNode) {
+  Start();
+  Control().NodeClicked(1);
+  EXPECT_EQ(world_.log.Count(ExecuteLine(kItemsOfRoot)), 1u);
+  EXPECT_EQ(Control().ItemSheet().MaxRows(), 0);
+}
+
+TEST_F(Dispatch, RefreshesNothingBeforeANodeWasSelected) {
+  world_.company.nodeSetting = u"";
+  Start();
+  Click(u"iRefresh");
+  EXPECT_EQ(world_.log.Text(), "tool.Name()\nrelease tool\n");
+}
+
+TEST_F(Dispatch, DoesNothingForAnyOtherKey) {
+  Start();
+  for (const std::u16string_view key :
+       {u"mnuEdit", u"", u"iexit", u"IINSERT", u"Add", u"Del", u"Exit", u"iPrintPreview"}) {
+    world_.log.Clear();
+    Click(key);
+    EXPECT_EQ(world_.log.Text(), "tool.Name()\nrelease tool\n") << Utf8(key);
+  }
+}
+
+TEST_F(Dispatch, RefusesAClickWithoutATool) {
+  Start();
+  EXPECT_THROW(Control().ParentWindow_ToolBarClick(nullptr), AutomationError);
+}
+
+TEST_F(Dispatch, InvertsTheHostsOwnToolBeforeItLaysOut) {
+  Start();
+  const ObjectPtr tool = world_.NewTool(u"iToolBar", true);
+  Control().ParentWindow_ToolBarClick(tool);
+  EXPECT_EQ(world_.log.Text(), Lines(R"(
+      tool.Name()
+      tool.Checked()
+      put tool.Checked = False
+      tool.Checked()
+      view place
+      )"));
+}
+
+// With a tool that keeps what is put into it.
+TEST_F(Dispatch, TogglesTheToolStripBackAndForth) {
+  Start();
+  const Layout before = world_.view.placed;
+  const auto tool = std::make_shared<BarTool>(BarTool::Definition{u"iToolBar", {}, {}, {}});
+  tool->SetChecked(true);
+  Control().ParentWindow_ToolBarClick(tool);
+  EXPECT_FALSE(tool->Checked());
+  EXPECT_FALSE(Control().Bar()->Tool(u"iToolBar")->Checked());
+  EXPECT_EQ(world_.view.placed.toolStrip.height, 0);
+  Control().ParentWindow_ToolBarClick(tool);
+  EXPECT_TRUE(tool->Checked());
+  EXPECT_EQ(world_.view.placed, before);
+  EXPECT_EQ(Control().Bar()->Tools().size(), 5u);
+}
+
+TEST_F(Dispatch, TogglesTheBarsOwnTool) {
+  Start();
+  const auto own = Control().Bar()->Add({u"iToolBar", {}, {}, {}});
+  own->SetChecked(true);
+  Control().Bar()->Click(u"iToolBar");
+  EXPECT_FALSE(own->Checked());
+  EXPECT_EQ(world_.view.placed.toolStrip.height, 0);
+  Control().Bar()->Click(u"iToolBar");
+  EXPECT_TRUE(own->Checked());
+  EXPECT_GT(world_.view.placed.toolStrip.height, 0);
+}
+
+TEST_F(Dispatch, ShowsTheStatusBarOnlyWhileItsToolIsChecked) {
+  Start();
+  const auto tool = std::make_shared<BarTool>(BarTool::Definition{u"mnuViewStatusBar", {}, {}, {}});
+  tool->SetChecked(false);
+  Control().ParentWindow_ToolBarClick(tool);
+  EXPECT_FALSE(tool->Checked());
+  EXPECT_EQ(world_.view.placed.statusBar.height, 0);
+  tool->SetChecked(true);
+  Control().ParentWindow_ToolBarClick(tool);
+  EXPECT_TRUE(tool->Checked());
+  EXPECT_GT(world_.view.placed.statusBar.height, 0);
+}
+
+TEST_F(Dispatch, KeepsTheLayoutWhenACheckToolCannotBeRead) {
+  Start();
+  world_.factory.Object(u"bare").On(u"Name", u"iToolBar").Lacks(u"Checked");
+  EXPECT_THROW(Control().ParentWindow_ToolBarClick(world_.factory.NewObject(u"bare")),
+               AutomationError);
+  EXPECT_EQ(world_.log.Count("view place"), 0u);
+}
+
+TEST_F(Dispatch, DeletesAClassThroughTheStripAndReloadsTwice) {
+  Start();
+  world_.questions.WillAnswer({false});
+  Control().StripButtonClicked(u"Del");
+  EXPECT_EQ(world_.log.Text(),
+            "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 65536)\n"
+            "ask question \"岚禾提示\": \"确定要删除当前记录? 当前的物料类别代码为:01  "
+            "物料类别名称为:原料\" -> no\n" +
+                Reload());
+}
+
+TEST_F(Dispatch, AsksForAClassBeforeAnEditAndThenReloads) {
+  world_.company.nodeSetting = u"gc0";
+  Start();
+  world_.control->ItemSheet().Attach(nullptr);
+  EXPECT_EQ(Control().editRecord(), Value());
+  EXPECT_EQ(world_.log.Text(), "tell information \"岚禾提示\": \"请选择要修改的物料类别\"\n");
+  world_.log.Clear();
+  EXPECT_EQ(Control().delRecord(), Value());
+  EXPECT_EQ(world_.log.Text(), "tell information \"岚禾提示\": \"请选择要删除的物料类别\"\n");
+}
+
+TEST_F(Dispatch, SaysThatWindowsAndPagesAreStillToCome) {
+  Start();
+  EXPECT_EQ(FailureOf([&] { Control().addRecord(); }), "物料类别编辑窗口尚未提供");
+  EXPECT_EQ(FailureOf([&] { Control().editRecord(); }), "物料类别编辑窗口尚未提供");
+  EXPECT_EQ(FailureOf([&] { Control().PrintPara(); }), "打印和打印预览尚未提供");
+  EXPECT_EQ(FailureOf([&] { Control().PreviewPara(); }), "打印和打印预览尚未提供");
+}
+
+TEST(ToolStrip, HasItsEightButtonsInOrder) {
+  std::vector<std::string> buttons;
+  for (const StripButton& button : kStripButtons) {
+    buttons.push_back(Utf8(button.key) + "|" + Utf8(button.caption) + "|" + Utf8(button.tooltip) +
+                      (button.separator ? "|separator" : ""));
+  }
+  EXPECT_EQ(buttons,
+            (std::vector<std::string>{"sp2|||separator", "Add|新增|新增", "Edit|修改|修改",
+                                      "Del|删除|删除", "Print|打印|打印", "PrintView|预览|预览",
+                                      "sp3|||separator", "Exit|退出|退出系统"}));
+}
+
+}  // namespace
+}  // namespace pricedown::testing

@@ -1,0 +1,77 @@
+// The control's own window and its container, recorded: each call is one line of the log.
+// They share count and failure switch with the suite's objects; they decide nothing.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <utility>
+
+#include "control/views.h"
+#include "platform/error.h"
+#include "tests/support/recorder.h"
+#include "tests/support/utf8.h"
+
+namespace pricedown::testing {
+
+inline std::string InLog(const Rectangle& rectangle) {
+  return std::to_string(rectangle.left) + "," + std::to_string(rectangle.top) + " " +
+         std::to_string(rectangle.width) + "x" + std::to_string(rectangle.height);
+}
+
+// Log lines: view title "物料类别维护", view place 9000x6000, view bar 3600,1140 75x4530...
+class RecordingPriceDownView : public PriceDownView {
+ public:
+  explicit RecordingPriceDownView(RecorderPtr recorder) : recorder_(std::move(recorder)) {}
+
+  void SetTitle(std::u16string_view text) override { Log("view title " + Quoted(text)); }
+  void SetTitleFont(std::u16string_view name, std::int32_t charset, double points) override {
+    Log("view title font " + Quoted(name) + " " + std::to_string(charset) + " " +
+        Readable(Value(points)));
+  }
+  void SetPeriod(std::u16string_view text) override { Log("view period " + Quoted(text)); }
+  void SetStripButtonEnabled(std::size_t position, bool enabled) override {
+    Log("view button " + std::to_string(position) + (enabled ? " on" : " off"));
+  }
+  Size ControlSize() const override {
+    recorder_->QuietCall("view size", u"view");
+    return size;
+  }
+  void Place(const Layout& layout) override {
+    Log("view place");
+    placed = layout;
+  }
+  void ShowDragBar(const Rectangle& bar) override { Log("view bar " + InLog(bar)); }
+  void HideDragBar() override { Log("view bar hidden"); }
+
+  Size size{12000, 8000};
+  Layout placed;
+
+ private:
+  void Log(const std::string& line) { recorder_->Call(line, u"view"); }
+
+  RecorderPtr recorder_;
+};
+
+// Log lines: container caption, container close.
+class RecordingContainer : public ContainerWindow {
+ public:
+  explicit RecordingContainer(RecorderPtr recorder) : recorder_(std::move(recorder)) {}
+
+  std::u16string Caption() const override {
+    recorder_->Call("container caption", u"container");
+    return caption;
+  }
+  void Close() override {
+    recorder_->Call("container close", u"container");
+    if (onClose) onClose();
+  }
+
+  std::u16string caption = u"物料类别维护";
+  // What the host does when its window is told to close.
+  std::function<void()> onClose;
+
+ private:
+  RecorderPtr recorder_;
+};
+
+}  // namespace pricedown::testing
