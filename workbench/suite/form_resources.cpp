@@ -55,7 +55,7 @@ std::u16string_view TextFor(std::u16string_view control, std::u16string_view lan
 void FrmResLoader::LoadFormStrings(const ObjectPtr& form) {
   const ObjectPtr controls = pricedown::RequireObject(form->Get(u"Controls"), u"Controls");
   const std::int32_t count = pricedown::ToInt32(controls->Get(u"Count"));
-  for (std::int32_t i = 1; i <= count; ++i) {
+  for (std::int32_t i = 0; i < count; ++i) {
     const ObjectPtr control = pricedown::RequireObject(controls->Call(u"Item", {i}), u"Item");
     const std::u16string_view text = TextFor(ToText(control->Get(u"Name")), suite_->language);
     if (!text.empty()) control->Put(u"Caption", text);

@@ -11,7 +11,7 @@ class FrmResLoader : public pricedown::LocalObject<FrmResLoader> {
  public:
   explicit FrmResLoader(SuiteStatePtr suite) : suite_(std::move(suite)) {}
 
-  // Replaces the caption of every control that `form` offers in `Controls` (Count, Item(i) from 1
+  // Replaces the caption of every control that `form` offers in `Controls` (Count, Item(i) from 0
   // with Name and Caption) by the text of the suite's language.
   void LoadFormStrings(const pricedown::ObjectPtr& form);
   // A dictionary with "Font.Name" and "Font.Charset".
