@@ -61,6 +61,7 @@ bool CopyToClipboard(HWND owner, std::u16string_view text) {
       return true;
     }
   }
+  // cppcheck-suppress doubleFree ; a failed SetClipboardData leaves it ours
   GlobalFree(memory);
   return false;
 }

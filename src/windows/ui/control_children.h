@@ -55,8 +55,8 @@ struct ControlChildren {
   ParkingWindow parking;
   PlainControl title;
   PlainControl period;
-  PlainControl upperLine;
-  PlainControl lowerLine;
+  LineWindow upperLine;
+  LineWindow lowerLine;
   PlainControl progressBar;
   PlainControl fontLabel;
   HeadingWindow classHeading;

@@ -28,11 +28,10 @@ constexpr UINT kDpiChangedAfterParent = 0x02E3;
 
 constexpr UINT kMarqueePause = 30;  // milliseconds
 
-// Seconds with two decimals.
 std::u16string Seconds(Clock::duration duration) {
-  const auto hundredths =
-      std::chrono::duration_cast<std::chrono::milliseconds>(duration).count() / 10;
-  return NumberText(static_cast<double>(hundredths) / 100);
+  const auto milliseconds = std::chrono::duration_cast<std::chrono::milliseconds>(duration).count();
+  if (milliseconds < 10) return u"0.01";
+  return NumberText(static_cast<double>(milliseconds / 10) / 100);
 }
 
 }  // namespace
@@ -171,10 +170,18 @@ void ControlWindow::OnPaint() {
   EndPaint(Handle(), &paint);
 }
 
+LRESULT ControlWindow::OnErase(HDC context) {
+  RECT area{};
+  if (GetClipBox(context, &area) != ERROR) FillArea(context, area, GetSysColor(COLOR_BTNFACE));
+  return 1;
+}
+
 LRESULT ControlWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_ERASEBKGND:
-      return 1;
+    case WM_PRINTCLIENT:
+      // Also for transparent children, which ask for what is behind them.
+      return OnErase(reinterpret_cast<HDC>(wParam));
     case WM_PAINT:
       OnPaint();
       return 0;

@@ -32,6 +32,14 @@ void PlaceAll(const std::vector<Placement>& placements) {
   if (batch != nullptr) EndDeferWindowPos(batch);
 }
 
+// The middle of `area`, at most `height` high.
+RECT Centred(RECT area, int height) {
+  const int rest = std::max(HeightOf(area) - height, 0);
+  area.top += rest / 2;
+  area.bottom -= rest - rest / 2;
+  return area;
+}
+
 bool IsClass(HWND window, const wchar_t* name) {
   wchar_t text[64] = {};
   GetClassNameW(window, text, 64);
@@ -40,10 +48,6 @@ bool IsClass(HWND window, const wchar_t* name) {
 
 void DrawLabel(HDC context, HWND label, RECT area) {
   const LONG_PTR style = GetWindowLongPtrW(label, GWL_STYLE);
-  if ((style & SS_TYPEMASK) == SS_ETCHEDHORZ) {
-    DrawEdge(context, &area, EDGE_ETCHED, BF_TOP);
-    return;
-  }
   const Selected font(context, reinterpret_cast<HFONT>(SendMessageW(label, WM_GETFONT, 0, 0)));
   SetBkMode(context, TRANSPARENT);
   SetTextColor(context, GetSysColor(COLOR_BTNTEXT));
@@ -104,7 +108,7 @@ void ControlWindow::Place(const Layout& layout) {
   PlaceAll({{c.title.Handle(), dpi.ToPixels(layout.title)},
             {c.period.Handle(), dpi.ToPixels(layout.period)},
             {c.upperLine.Handle(), dpi.ToPixels(layout.upperLine)},
-            {c.strip.Handle(), dpi.ToPixels(layout.toolStrip)},
+            {c.strip.Handle(), Centred(dpi.ToPixels(layout.toolStrip), c.strip.ButtonHeight())},
             {c.lowerLine.Handle(), dpi.ToPixels(layout.lowerLine)},
             {c.classHeading.Handle(), dpi.ToPixels(layout.classHeading)},
             {c.tree.Handle(), dpi.ToPixels(layout.tree)},

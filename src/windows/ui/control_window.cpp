@@ -61,10 +61,9 @@ void ControlWindow::CreateChildren() {
   constexpr DWORD label = WS_VISIBLE | SS_NOPREFIX | SS_CENTERIMAGE | SS_ENDELLIPSIS;
   c.title.Create(parent, c.module, L"STATIC", control_ids::kTitle, label | SS_LEFT);
   c.period.Create(parent, c.module, L"STATIC", control_ids::kPeriod, label | SS_RIGHT);
-  constexpr DWORD line = WS_VISIBLE | SS_ETCHEDHORZ;
-  c.upperLine.Create(parent, c.module, L"STATIC", control_ids::kUpperLine, line);
+  c.upperLine.Create(parent, c.module, control_ids::kUpperLine);
   c.strip.Create(parent, c.module, dpi, Translate(kStripName));
-  c.lowerLine.Create(parent, c.module, L"STATIC", control_ids::kLowerLine, line);
+  c.lowerLine.Create(parent, c.module, control_ids::kLowerLine);
   c.classHeading.Create(parent, c.module, control_ids::kClassHeading, Translate(kTreeName));
   c.tree.Create(parent, c.module, dpi, Translate(kTreeName));
   c.splitter.Create(parent, c.module);

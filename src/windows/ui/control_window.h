@@ -113,6 +113,7 @@ class ControlWindow final : public PriceDownView,
   void ShowProgress(bool show);
   LRESULT OnNotify(NMHDR& header);
   void OnPaint();
+  LRESULT OnErase(HDC context);
   bool MoveFocus(bool backwards, bool wrap);
 
   std::unique_ptr<ControlChildren> children_;

@@ -1,5 +1,5 @@
-// The parking window and the grid pane.
-// Neither takes part in what the user does.
+// The parking window, the grid pane and the lines.
+// None of them takes part in what the user does.
 #include "windows/ui/frame_windows.h"
 
 #include "windows/ui/control_ids.h"
@@ -42,6 +42,43 @@ LRESULT PaneWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   FillArea(context, paint.rcPaint, GetSysColor(COLOR_BTNFACE));
   EndPaint(Handle(), &paint);
   return 0;
+}
+
+void LineWindow::Create(HWND parent, HINSTANCE module, int id) {
+  Creation creation;
+  creation.className = L"PriceDown.Line";
+  creation.style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS;
+  creation.parent = parent;
+  creation.id = id;
+  creation.module = module;
+  creation.classStyle = CS_HREDRAW | CS_VREDRAW;
+  CreateOwn(creation);
+}
+
+void LineWindow::Paint(HDC context) const {
+  RECT area{};
+  GetClientRect(Handle(), &area);
+  const int middle = (area.top + area.bottom) / 2;
+  FillArea(context, {area.left, area.top, area.right, middle}, GetSysColor(COLOR_BTNSHADOW));
+  FillArea(context, {area.left, middle, area.right, area.bottom}, GetSysColor(COLOR_BTNHIGHLIGHT));
+}
+
+LRESULT LineWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_ERASEBKGND:
+      return 1;
+    case WM_PRINTCLIENT:
+      Paint(reinterpret_cast<HDC>(wParam));
+      return 0;
+    case WM_PAINT: {
+      PAINTSTRUCT paint{};
+      Paint(BeginPaint(Handle(), &paint));
+      EndPaint(Handle(), &paint);
+      return 0;
+    }
+    default:
+      return Default(message, wParam, lParam);
+  }
 }
 
 }  // namespace pricedown::windows

@@ -1,5 +1,5 @@
-// Windows that only hold others: the parking window and the grid pane `pic`.
-// They show nothing themselves.
+// Windows without a behaviour: the parking window, the grid pane `pic`, the separating lines
+// `Line1` and `Line3`. They hold others or show an edge.
 #pragma once
 
 #include <windows.h>
@@ -32,6 +32,17 @@ class PaneWindow final : public BoundWindow {
 
  private:
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+};
+
+// An etched line, as thick as the window is high.
+class LineWindow final : public BoundWindow {
+ public:
+  // Throws AutomationError.
+  void Create(HWND parent, HINSTANCE module, int id);
+
+ private:
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+  void Paint(HDC context) const;
 };
 
 }  // namespace pricedown::windows

@@ -1,5 +1,5 @@
-// A control of the system that needs nothing but its place, text and font: labels, lines, the
-// status bar, the progress bar. Controls with behaviour have classes of their own.
+// A control of the system that needs nothing but its place, text and font: labels and the
+// progress bar. Controls with behaviour have classes of their own.
 #pragma once
 
 #include <windows.h>

@@ -2,6 +2,8 @@
 // Mouse, keyboard and editing are in files of their own.
 #include "windows/ui/sheet_window.h"
 
+#include <uxtheme.h>
+
 #include "windows/com/wide_text.h"
 #include "windows/ui/control_ids.h"
 #include "windows/ui/gdi.h"
@@ -100,6 +102,25 @@ void SheetWindow::OnPaint() {
   EndPaint(Handle(), &paint);
 }
 
+// The system draws the frame of a window of ours in the classic way even where visual styles give
+// the tree a plain one.
+LRESULT SheetWindow::OnFramePaint(WPARAM wParam, LPARAM lParam) {
+  const LRESULT result = Default(WM_NCPAINT, wParam, lParam);
+  if (IsAppThemed() == FALSE) return result;
+  const HDC context = GetWindowDC(Handle());
+  RECT frame{};
+  GetWindowRect(Handle(), &frame);
+  OffsetRect(&frame, -frame.left, -frame.top);
+  FrameRect(context, &frame, GetSysColorBrush(COLOR_BTNSHADOW));
+  InflateRect(&frame, -1, -1);
+  for (int edge = 1; edge < GetSystemMetrics(SM_CXEDGE); ++edge) {
+    FrameRect(context, &frame, GetSysColorBrush(COLOR_WINDOW));
+    InflateRect(&frame, -1, -1);
+  }
+  ReleaseDC(Handle(), context);
+  return result;
+}
+
 LRESULT SheetWindow::OnFocus(UINT message, WPARAM wParam) {
   Invalidate();
   const HWND from = reinterpret_cast<HWND>(wParam);
@@ -118,6 +139,8 @@ LRESULT SheetWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_PAINT:
       OnPaint();
       return 0;
+    case WM_NCPAINT:
+      return OnFramePaint(wParam, lParam);
     case WM_PRINTCLIENT: {
       const SheetScene scene = Scene();
       PaintSheet(reinterpret_cast<HDC>(wParam), scene, {0, 0, scene.window.cx, scene.window.cy});

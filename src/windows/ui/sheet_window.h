@@ -48,6 +48,7 @@ class SheetWindow final : public BoundWindow, public SheetView, private EditorEv
   LRESULT OnFocus(UINT message, WPARAM wParam);
 
   void OnPaint();
+  LRESULT OnFramePaint(WPARAM wParam, LPARAM lParam);
   SheetScene Scene() const;
   void UpdateMetrics();
   void Invalidate();

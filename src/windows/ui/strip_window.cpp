@@ -2,6 +2,7 @@
 // The keyboard is handled here, because tool bars of older systems know none.
 #include "windows/ui/strip_window.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 #include <vector>
@@ -10,13 +11,17 @@
 #include "env/translation.h"
 #include "windows/com/wide_text.h"
 #include "windows/ui/control_ids.h"
+#include "windows/ui/fonts.h"
 #include "windows/ui/plain_control.h"
 
 namespace pricedown::windows {
 namespace {
 
-constexpr int kSeparatorWidth = 8;  // pixels at 96 dpi
-constexpr int kButtonPadding = 8;
+// Pixels at 96 dpi.
+constexpr int kSeparatorWidth = 8;
+constexpr int kButtonMargin = 8;  // left and right of picture and caption
+constexpr int kPictureGap = 6;    // between the two
+constexpr int kHeightMargin = 6;  // above and below together
 constexpr int kNoButton = -1;
 
 int IdOf(std::size_t position) { return control_ids::kFirstButton + static_cast<int>(position); }
@@ -61,19 +66,47 @@ void StripWindow::AddButtons() {
     description.idCommand = IdOf(position);
     if (button.separator) {
       description.fsStyle = BTNS_SEP;
-      description.iBitmap = Dpi::Of(Handle()).Scale(kSeparatorWidth);
+      description.iBitmap = dpi_.Scale(kSeparatorWidth);
     } else {
       description.iBitmap = IconOfButton(button.key) != nullptr ? image++ : I_IMAGENONE;
       description.fsState = TBSTATE_ENABLED;
-      description.fsStyle = BTNS_BUTTON | BTNS_AUTOSIZE;
+      description.fsStyle = BTNS_BUTTON;
       description.iString = reinterpret_cast<INT_PTR>(caption.c_str());
     }
     SendMessageW(Handle(), TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&description));
   }
 }
 
+int StripWindow::ButtonHeight() const {
+  if (Handle() == nullptr || font_ == nullptr) return 0;
+  return std::max(IconSize(dpi_), LineHeight(Handle(), font_)) + dpi_.Scale(kHeightMargin);
+}
+
+// As wide as picture and caption need. The system's own sizes differ between its releases and leave
+// no room between the buttons.
+void StripWindow::SizeButtons() {
+  if (Handle() == nullptr || font_ == nullptr) return;
+  const int size = IconSize(dpi_);
+  SendMessageW(Handle(), TB_SETPADDING, 0,
+               MAKELPARAM(2 * dpi_.Scale(kButtonMargin), ButtonHeight() - size));
+  SendMessageW(Handle(), TB_SETBUTTONSIZE, 0, MAKELPARAM(size, ButtonHeight()));
+  const WindowContext context(Handle());
+  for (std::size_t position = 1; position <= kStripButtons.size(); ++position) {
+    if (kStripButtons[position - 1].separator) continue;
+    const int text = TextWidth(context.Get(), font_, ToWide(Caption(position)));
+    TBBUTTONINFOW info{};
+    info.cbSize = sizeof info;
+    info.dwMask = TBIF_SIZE;
+    info.cx = static_cast<WORD>(2 * dpi_.Scale(kButtonMargin) + IconSize(dpi_) +
+                                dpi_.Scale(kPictureGap) + text);
+    SendMessageW(Handle(), TB_SETBUTTONINFOW, static_cast<WPARAM>(IdOf(position)),
+                 reinterpret_cast<LPARAM>(&info));
+  }
+}
+
 void StripWindow::TakeAppearance(Dpi dpi) {
   if (Handle() == nullptr) return;
+  dpi_ = dpi;
   const std::vector<Icon> icons = StripIcons();
   ImageList images = MakeImageList(icons, IconLook::Normal, dpi);
   ImageList disabled = MakeImageList(icons, IconLook::Disabled, dpi);
@@ -82,15 +115,15 @@ void StripWindow::TakeAppearance(Dpi dpi) {
   SendMessageW(Handle(), TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images.Get()));
   SendMessageW(Handle(), TB_SETHOTIMAGELIST, 0, reinterpret_cast<LPARAM>(images.Get()));
   SendMessageW(Handle(), TB_SETDISABLEDIMAGELIST, 0, reinterpret_cast<LPARAM>(disabled.Get()));
-  SendMessageW(Handle(), TB_SETPADDING, 0,
-               MAKELPARAM(dpi.Scale(kButtonPadding), dpi.Scale(kButtonPadding)));
   images_ = std::move(images);
   disabledImages_ = std::move(disabled);
+  SizeButtons();
 }
 
 void StripWindow::SetFont(HFONT font) {
+  font_ = font;
   GiveFont(Handle(), font);
-  SendMessageW(Handle(), TB_AUTOSIZE, 0, 0);
+  SizeButtons();
 }
 
 void StripWindow::SetEnabled(std::size_t position, bool enabled) {
@@ -128,6 +161,7 @@ void StripWindow::SetCaption(std::size_t position, std::u16string_view caption) 
   info.pszText = text.data();
   SendMessageW(Handle(), TB_SETBUTTONINFOW, static_cast<WPARAM>(IdOf(position)),
                reinterpret_cast<LPARAM>(&info));
+  SizeButtons();
 }
 
 void StripWindow::OnCommand(int id) {

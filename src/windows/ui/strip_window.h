@@ -31,6 +31,8 @@ class StripWindow final : public BoundWindow {
   void SetCaption(std::size_t position, std::u16string_view caption);
 
   void SetFont(HFONT font);
+  // What the window should be high; tool bars draw pictures in the middle only then. Pixels.
+  int ButtonHeight() const;
   void TakeAppearance(Dpi dpi);
 
   // What the strip told its parent: a button was pressed; a tooltip is needed.
@@ -54,8 +56,11 @@ class StripWindow final : public BoundWindow {
   int HotButton() const;
   void SetHot(int index);
   void AddButtons();
+  void SizeButtons();
 
   ChildEvents& events_;
+  Dpi dpi_;
+  HFONT font_ = nullptr;  // the control's
   ImageList images_;
   ImageList disabledImages_;
   std::shared_ptr<Pending> pending_ = std::make_shared<Pending>();

@@ -4,6 +4,7 @@
 
 #include <windowsx.h>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -48,13 +49,21 @@ void TreeWindow::TakeAppearance(Dpi dpi) {
   TreeView_SetImageList(Handle(), images.Get(), TVSIL_NORMAL);
   images_ = std::move(images);
   TreeView_SetIndent(Handle(), IconSize(dpi) + dpi.Scale(3));
-  // The height of an item follows the images and the font when it is asked for anew.
-  TreeView_SetItemHeight(Handle(), -1);
+  dpi_ = dpi;
+  SizeItems();
+}
+
+void TreeWindow::SizeItems() {
+  if (Handle() == nullptr || !font_) return;
+  const int height = std::max(IconSize(dpi_), LineHeight(Handle(), font_.Get())) + dpi_.Scale(2);
+  // Trees round odd heights down.
+  TreeView_SetItemHeight(Handle(), (height + 1) / 2 * 2);
 }
 
 void TreeWindow::SetFont(FontHandle font) {
   GiveFont(Handle(), font.Get());
   font_ = std::move(font);
+  SizeItems();
 }
 
 HTREEITEM TreeWindow::ItemOf(NodeIndex index) const {

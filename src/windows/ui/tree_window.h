@@ -50,9 +50,11 @@ class TreeWindow final : public BoundWindow {
   bool OnKeyDown(WPARAM key);
   HTREEITEM ItemOf(NodeIndex index) const;
   bool MouseIsOnNode() const;
+  void SizeItems();
 
   ChildEvents& events_;
   std::vector<HTREEITEM> items_;  // by node index - 1
+  Dpi dpi_;
   ImageList images_;
   FontHandle font_;
   std::shared_ptr<Pending> pending_ = std::make_shared<Pending>();
