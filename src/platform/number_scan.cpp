@@ -54,7 +54,6 @@ Prefix NumberOf(const std::string& plain, std::size_t length) {
   const std::size_t exponent = plain.find('e');
   const std::size_t digit = plain.find_first_of("123456789");
   const std::size_t point = std::min(plain.find('.'), std::min(exponent, plain.size()));
-  if (digit >= std::min(exponent, plain.size())) return prefix;
   const double places = static_cast<double>(point) - static_cast<double>(digit);
   double shift = 0;
   for (std::size_t index = exponent; index < plain.size(); ++index) {

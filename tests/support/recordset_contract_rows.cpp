@@ -177,14 +177,15 @@ TEST_P(RecordsetContract, KeepsChangesOfTheCurrentRowWhenItMovesOn) {
 }
 
 TEST_P(RecordsetContract, DropsAnAddedRowThatIsCancelled) {
-  const Recordset recordset = WithRows(2);
+  const Recordset recordset = WithRows(3);
   recordset.MoveFirst();
+  recordset.MoveNext();
   recordset.AddNew();
-  recordset.SetField(u"FItemID", 3);
+  recordset.SetField(u"FItemID", 4);
   recordset.CancelUpdate();
-  EXPECT_EQ(recordset.RecordCount(), 2);
-  EXPECT_EQ(TextOf(recordset, u"FNumber"), "A01");
-  EXPECT_THAT(ItemIds(recordset), ElementsAre(1, 2));
+  EXPECT_EQ(recordset.RecordCount(), 3);
+  EXPECT_EQ(TextOf(recordset, u"FNumber"), "A02");
+  EXPECT_THAT(ItemIds(recordset), ElementsAre(1, 2, 3));
 }
 
 TEST_P(RecordsetContract, DropsTheFirstRowWhenItIsCancelled) {

@@ -1,0 +1,30 @@
+// Tests of the mark of skipped steps.
+// Which steps are skipped is tested in their rooms.
+#include "platform/skip.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/error.h"
+
+namespace pricedown::testing {
+namespace {
+
+TEST(SkipFailing, RunsAStepThatSucceeds) {
+  int steps = 0;
+  EXPECT_TRUE(SkipFailing([&] { ++steps; }));
+  EXPECT_EQ(steps, 1);
+}
+
+TEST(SkipFailing, GoesOnBehindAStepThatFails) {
+  int steps = 0;
+  const bool done = SkipFailing([&] {
+    ++steps;
+    if (steps > 0) throw AutomationError(ErrorNumber::Unspecified, u"失败");
+    ++steps;
+  });
+  EXPECT_FALSE(done);
+  EXPECT_EQ(steps, 1);
+}
+
+}  // namespace
+}  // namespace pricedown::testing
