@@ -2,8 +2,6 @@
 // Pieces that several statements share are shared here only where the texts are the same.
 #include "store/statements.h"
 
-#include <initializer_list>
-
 #include "platform/convert.h"
 #include "platform/text.h"
 
@@ -142,26 +140,14 @@ std::u16string SaveDelete(std::u16string_view openingNumber) {
 }
 
 void AppendSaveInsert(std::u16string& text, const ClassRow& row) {
-  const std::initializer_list<std::u16string_view> pieces{
+  constexpr std::u16string_view kInsert =
       u" INSERT INTO icPriceDownClass(FItemID,FItemClassNumber,FItemClassName,"
-      u"FAPAccID,FAPNumber,FARAccID,FARNumber,FPencentPrepare)VALUES\r\n( ",
-      row.itemId,
-      u",'",
-      row.classNumber,
-      u"','",
-      row.className,
-      u"',\r\n",
-      row.lossAccountId,
-      u",'",
-      row.lossAccountNumber,
-      u"',",
-      row.reserveAccountId,
-      u",'",
-      row.reserveAccountNumber,
-      u"',",
-      row.percentage,
-      u")\r\n"};
-  for (std::u16string_view piece : pieces) text += piece;
+      u"FAPAccID,FAPNumber,FARAccID,FARNumber,FPencentPrepare)VALUES\r\n( ";
+  const auto append = [&text](auto... pieces) { ((text += pieces), ...); };
+  append(kInsert, row.itemId, u",'", row.classNumber, u"','", row.className, u"',\r\n");
+  append(row.lossAccountId, u",'", row.lossAccountNumber, u"',");
+  append(row.reserveAccountId, u",'", row.reserveAccountNumber, u"',");
+  append(row.percentage, u")\r\n");
 }
 
 }  // namespace pricedown::statements

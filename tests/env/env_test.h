@@ -1,4 +1,5 @@
 // What the tests of the environment share: a log, a factory and the suite's properties string.
+// It scripts nothing that a single test is about.
 #pragma once
 
 #include <gtest/gtest.h>

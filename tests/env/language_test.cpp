@@ -1,4 +1,5 @@
 // The suite's form resources: when they are asked for, and how.
+// What the resources change in a form is the suite's.
 #include "env/language.h"
 
 #include "tests/env/env_test.h"

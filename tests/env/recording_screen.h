@@ -1,4 +1,5 @@
 // The screen in a test: logs what is asked of it.
+// There is no window and no pointer behind it.
 #pragma once
 
 #include <functional>

@@ -1,4 +1,5 @@
 // The rights check and the data scope, call by call.
+// Which command needs which right is not asked here.
 #include "env/rights.h"
 
 #include "tests/env/env_test.h"

@@ -1,4 +1,5 @@
 // The suite's shared properties: how they are asked for, the properties string, the language.
+// What suites put into them is not checked.
 #include "env/suite_properties.h"
 
 #include "tests/env/env_test.h"

@@ -1,4 +1,5 @@
 // The system profile and the dates of the current period, call by call.
+// The calendar is scripted: how long a year is, is the suite's.
 #include "env/system_profile.h"
 
 #include <limits>

@@ -1,4 +1,5 @@
 // The hourglass and its end on every way out.
+// The pointer is a line of the log.
 #include "env/wait_cursor.h"
 
 #include <gtest/gtest.h>

@@ -1,0 +1,40 @@
+// The picking of an account, and the one error handler of the form.
+// Errors of all other commands travel to the window.
+#include "editor/account_lookup.h"
+
+#include <exception>
+
+#include "editor/ledger_view.h"
+#include "platform/convert.h"
+#include "platform/error.h"
+#include "platform/text.h"
+
+namespace pricedown {
+namespace {
+
+void PickAccount(FormParts& form, FormField field) {
+  const std::u16string text = form.view.Text(field);
+  const ObjectPtr result = RequireObject(
+      LedgerView(form.environment).Call(u"AccountLookup", {Trim(text)}), u"AccountLookup");
+  const Value account = result->Get(u"ReturnObject");
+  if (account.IsNothing()) return;
+  form.view.SetText(field, ToText(RequireObject(account, u"ReturnObject")->Get(u"Number")));
+  form.environment.screen.RunPendingMessages();
+}
+
+}  // namespace
+
+void LookUpAccount(FormParts& form, FormField field) {
+  std::u16string description;
+  try {
+    PickAccount(form, field);
+    return;
+  } catch (const AutomationError& error) {
+    description = error.Description();
+  } catch (const std::exception& error) {
+    description = FromUtf8(error.what());
+  }
+  form.environment.messages.Report(Concatenate({kLineBreak, description}));
+}
+
+}  // namespace pricedown

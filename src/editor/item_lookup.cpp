@@ -1,0 +1,146 @@
+// The steps of AddItem: parameters, header, exclusion, lookup, new rows, the grid again.
+// Nothing checks the choice: the exclusion is what keeps an item in one class.
+#include "editor/item_lookup.h"
+
+#include "editor/ledger_view.h"
+#include "editor/member_list.h"
+#include "platform/cell_text.h"
+#include "platform/row_reader.h"
+#include "platform/skip.h"
+#include "platform/text.h"
+#include "store/connection.h"
+#include "store/statements.h"
+#include "store/tables.h"
+
+namespace pricedown {
+namespace {
+
+// The lookup's base-data type of items.
+constexpr std::int32_t kItemType = 4;
+
+ObjectPtr MakeParameters(const Environment& environment) {
+  ObjectPtr parameters = environment.factory.Create(u"ZEPEBCBASE.Dictionary");
+  const auto add = [&parameters](std::u16string_view key, Value value) {
+    parameters->Call(u"Add", {key, std::move(value)});
+  };
+  add(u"BeShortNumber", environment.state.shortNumber);
+  add(u"GetDataType", std::int16_t{1});
+  add(u"Search", u"");
+  add(u"Multislt", std::int16_t{1});
+  add(u"Refresh", true);
+  return parameters;
+}
+
+// The first row's header, so that later edits of the fields do not reach new rows.
+ClassHeader HeaderOfNewRows(const FormParts& form) {
+  const Recordset& members = form.state.memberList;
+  if (members.RecordCount() == 0) return ReadHeader(form.view);
+  members.MoveFirst();
+  return {ToText(members.Field(columns::kItemClassNumber)),
+          ToText(members.Field(columns::kItemClassName)),
+          ToText(members.Field(columns::kLossAccountNumber)),
+          ToText(members.Field(columns::kReserveAccountNumber)),
+          LeadingNumber(members.Field(columns::kPercentage))};
+}
+
+void ReadOtherClasses(FormParts& form) {
+  form.state.otherClasses = Connection(form.environment.factory)
+                                .Execute(statements::ItemsOfOtherClasses(form.state.openingNumber));
+}
+
+void AppendItemIds(std::u16string& list, const Recordset& items) {
+  if (items.RecordCount() == 0) return;
+  items.MoveFirst();
+  RowReader rows(items, {columns::kItemId});
+  std::u16string scratch;
+  while (rows.Next()) {
+    list += CellText(rows.Field(0), scratch);
+    list += u',';
+  }
+}
+
+// The condition on the picker's item table; empty when every item may be chosen.
+std::u16string Condition(const FormState& state) {
+  std::u16string list;
+  AppendItemIds(list, state.otherClasses);
+  AppendItemIds(list, state.memberList);
+  if (list.empty()) return {};
+  list.pop_back();
+  return Concatenate({u"x2.FItemid not in(", list, u")"});
+}
+
+ObjectPtr LookUpItems(FormParts& form, const std::u16string& condition, ObjectPtr parameters) {
+  Value dictionary(std::move(parameters));
+  return RequireObject(
+      LedgerView(form.environment)
+          .Call(u"ItemLookUp", {kItemType, Missing{}, condition, Value::ByReference(dictionary)}),
+      u"ItemLookUp");
+}
+
+void AppendItem(const Recordset& members, const ClassHeader& header, AutomationObject& item) {
+  const auto property = [&item](std::u16string_view name) {
+    return item.Call(u"Properties", {name});
+  };
+  // Read before the row is begun, so that an item that fails leaves none.
+  const Value id = property(columns::kItemId);
+  const Value code = property(columns::kNumber);
+  const Value name = property(columns::kName);
+  const Value model = property(columns::kModel);
+  members.AddNew();
+  try {
+    members.SetField(columns::kItemId, id);
+    members.SetField(columns::kNumber, code);
+    members.SetField(columns::kName, name);
+    members.SetField(columns::kModel, model.Is(Value::Kind::Null) ? Value(u"") : model);
+    members.SetField(columns::kItemClassNumber, header.number);
+    members.SetField(columns::kItemClassName, header.name);
+    members.SetField(columns::kLossAccountNumber, header.lossAccount);
+    members.SetField(columns::kReserveAccountNumber, header.reserveAccount);
+    members.SetField(columns::kPercentage, header.percentage);
+    members.Update();
+  } catch (...) {
+    SkipFailing([&members] { members.CancelUpdate(); });
+    throw;
+  }
+}
+
+// Several when the result names no single value.
+void AppendChosen(FormParts& form, const ClassHeader& header, AutomationObject& result) {
+  const Recordset members = form.state.memberList;
+  const bool several = ToText(result.Get(u"ReturnValue")).empty();
+  const ObjectPtr chosen = RequireObject(result.Get(u"ReturnObject"), u"ReturnObject");
+  if (!several) {
+    AppendItem(members, header, *chosen);
+    return;
+  }
+  const std::int32_t size = ToInt32(chosen->Get(u"Size"));
+  for (std::int32_t number = 1; number <= size; ++number) {
+    AppendItem(members, header, *RequireObject(chosen->Call(u"", {number}), u"ReturnObject"));
+  }
+  form.environment.screen.RunPendingMessages();
+}
+
+void ShowMembers(FormParts& form) {
+  const Recordset& members = form.state.memberList;
+  const std::int32_t count = members.RecordCount();
+  if (count > 0) members.MoveFirst();
+  form.grid.SetRowCount(count + 1);
+  form.grid.Reload();
+}
+
+}  // namespace
+
+void AddItems(FormParts& form) {
+  ObjectPtr parameters = MakeParameters(form.environment);
+  const ClassHeader header = HeaderOfNewRows(form);
+  ReadOtherClasses(form);
+  const std::u16string condition = Condition(form.state);
+  {
+    const ObjectPtr result = LookUpItems(form, condition, std::move(parameters));
+    if (ToBoolean(result->Get(u"ReturnOK"))) AppendChosen(form, header, *result);
+  }
+  // The user may have closed the form while messages were pending.
+  if (form.state.loaded) ShowMembers(form);
+}
+
+}  // namespace pricedown

@@ -1,0 +1,75 @@
+// The fifteen fields, and the access to fields without looking them up for each row.
+// Types and sizes are fixed: the suite's lookups and the save rely on them.
+#include "editor/member_list.h"
+
+#include <array>
+#include <utility>
+
+#include "store/tables.h"
+
+namespace pricedown {
+namespace {
+
+struct MemberField {
+  std::u16string_view name;
+  std::int32_t type;
+  std::int32_t size;
+};
+
+constexpr std::int32_t kModelSize = 255;
+constexpr std::int32_t kTextSize = 80;
+
+constexpr std::array<MemberField, 15> kMemberFields{{
+    {columns::kItemId, ado::kInteger, 0},
+    {columns::kNumber, ado::kVarWChar, kTextSize},
+    {columns::kShortNumber, ado::kVarWChar, kTextSize},
+    {columns::kName, ado::kVarWChar, kTextSize},
+    {columns::kModel, ado::kVarWChar, kModelSize},
+    {columns::kItemClassId, ado::kInteger, 0},
+    {columns::kItemClassNumber, ado::kVarWChar, kTextSize},
+    {columns::kItemClassName, ado::kVarWChar, kTextSize},
+    {columns::kLossAccountId, ado::kInteger, 0},
+    {columns::kLossAccountNumber, ado::kVarWChar, kTextSize},
+    {columns::kReserveAccountId, ado::kInteger, 0},
+    {columns::kReserveAccountNumber, ado::kVarWChar, kTextSize},
+    {columns::kPercentage, ado::kDouble, 0},
+    {columns::kYear, ado::kInteger, 0},
+    {columns::kPeriod, ado::kInteger, 0},
+}};
+
+}  // namespace
+
+void AppendMemberFields(const Recordset& recordset) {
+  for (const MemberField& field : kMemberFields) {
+    // Nullable: an added item leaves most of the columns empty.
+    recordset.AppendField(
+        {std::u16string(field.name), field.type, field.size, ado::kFieldIsNullable, 0, 0});
+  }
+}
+
+std::int32_t RowCountOf(const Recordset& recordset) {
+  return recordset ? recordset.RecordCount() : 0;
+}
+
+BoundFields::BoundFields(const Recordset& recordset,
+                         const std::vector<std::u16string_view>& names) {
+  const ObjectPtr fields =
+      RequireObject(RequireObject(recordset.Object(), u"记录集")->Get(u"Fields"), u"Fields");
+  for (std::u16string_view name : names) {
+    ObjectPtr field = RequireObject(fields->Call(u"", {name}), name);
+    const MemberId value = field->Find(u"Value");
+    fields_.push_back({std::move(field), value});
+  }
+}
+
+Value BoundFields::Get(std::size_t position) const {
+  const Field& field = fields_[position];
+  return field.object->Invoke(field.value, Access::Call, {});
+}
+
+void BoundFields::Set(std::size_t position, Value value) const {
+  const Field& field = fields_[position];
+  field.object->Invoke(field.value, Access::Put, std::span(&value, 1));
+}
+
+}  // namespace pricedown

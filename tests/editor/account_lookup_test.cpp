@@ -1,0 +1,158 @@
+// The account lookup, by button and by key, and its error handler.
+// The picker is the suite's; here it is scripted.
+#include "editor/account_lookup.h"
+
+#include "tests/editor/editor_test.h"
+
+namespace pricedown {
+namespace {
+
+using namespace pricedown::testing;
+
+void PickerAnswers(RecordingFactory& factory, Reply chosen) {
+  factory.Object(kLedgerViewId).On(u"AccountLookup", factory.Answering(u"result"));
+  factory.Object(u"result").On(u"ReturnObject", std::move(chosen));
+  factory.Object(u"account").On(u"Number", Reply(u"1281.10"));
+}
+
+class AccountLookup : public EditorTest {
+ protected:
+  AccountLookup() {
+    PickerAnswers(factory, factory.Answering(u"account"));
+    OpenForEdit();
+  }
+};
+
+TEST_F(AccountLookup, WritesTheChosenNumberIntoTheFieldOfTheButton) {
+  form.LookupClicked(FormField::ReserveAccount);
+  EXPECT_EQ(log.Text(), Lines(R"(
+      create ZEPEBCGLView.GLView
+      ZEPEBCGLView.GLView.AccountLookup("1281.1")
+      result.ReturnObject()
+      account.Number()
+      text txtitem(1) = "1281.10"
+      enable Save
+      run pending messages
+      release account
+      release result
+      )"));
+  EXPECT_EQ(Utf8(view.Text(FormField::LossAccount)), "5711");
+}
+
+TEST_F(AccountLookup, PassesTheTextTrimmed) {
+  view.Type(FormField::LossAccount, u"  57 11 ");
+  form.LookupClicked(FormField::LossAccount);
+  EXPECT_EQ(log.Count(R"(ZEPEBCGLView.GLView.AccountLookup("57 11"))"), 1u);
+}
+
+TEST_F(AccountLookup, OpensOnF7InEitherAccountField) {
+  form.KeyDown(FormField::LossAccount, 118);
+  form.KeyDown(FormField::ReserveAccount, 118);
+  EXPECT_EQ(log.Count(R"(ZEPEBCGLView.GLView.AccountLookup("5711"))"), 1u);
+  EXPECT_EQ(log.Count(R"(ZEPEBCGLView.GLView.AccountLookup("1281.1"))"), 1u);
+}
+
+TEST_F(AccountLookup, OpensOnNoOtherKeyAndInNoOtherField) {
+  for (const FormField field : kFormFields) {
+    for (const std::int32_t key : {13, 117, 119, 0}) form.KeyDown(field, key);
+  }
+  for (const FormField field :
+       {FormField::ClassNumber, FormField::ClassName, FormField::Percentage}) {
+    form.KeyDown(field, 118);
+    form.LookupClicked(field);
+  }
+  EXPECT_EQ(log.Text(), "");
+}
+
+TEST_F(AccountLookup, KeepsTheLedgerViewForTheNextTime) {
+  form.LookupClicked(FormField::LossAccount);
+  form.LookupClicked(FormField::ReserveAccount);
+  EXPECT_EQ(log.Count("create ZEPEBCGLView.GLView"), 1u);
+  EXPECT_NE(state.ledgerView, nullptr);
+}
+
+TEST_F(AccountLookup, LeavesTheTextWhenThePickerIsCancelled) {
+  for (const Value& nothing : {Value(), Value(Null{})}) {
+    EditorWorld world;
+    PickerAnswers(world.factory, Reply(nothing));
+    world.OpenForEdit();
+    world.form.LookupClicked(FormField::LossAccount);
+    EXPECT_EQ(Utf8(world.view.Text(FormField::LossAccount)), "5711");
+    EXPECT_EQ(world.log.Text(), Lines(R"(
+        create ZEPEBCGLView.GLView
+        ZEPEBCGLView.GLView.AccountLookup("5711")
+        result.ReturnObject()
+        release result
+        )"));
+  }
+}
+
+TEST_F(AccountLookup, ShowsAnErrorBehindALineBreakAndLeavesTheText) {
+  EditorWorld world;
+  world.factory.Object(kLedgerViewId)
+      .On(u"AccountLookup", Reply::Failing(-2147217900, u"登录超时"));
+  world.OpenForEdit();
+  world.form.LookupClicked(FormField::LossAccount);
+  EXPECT_EQ(world.log.Text(), Lines(R"(
+      create ZEPEBCGLView.GLView
+      ZEPEBCGLView.GLView.AccountLookup("5711")
+      tell no icon "岚禾提示": "\r\n登录超时"
+      )"));
+  EXPECT_EQ(Utf8(world.view.Text(FormField::LossAccount)), "5711");
+}
+
+TEST_F(AccountLookup, ShowsThatThereIsNoPicker) {
+  EditorWorld world;
+  world.factory.Refuses(kLedgerViewId);
+  world.OpenForEdit();
+  world.form.LookupClicked(FormField::LossAccount);
+  EXPECT_EQ(world.log.Text(), Lines(R"(
+      create ZEPEBCGLView.GLView
+      tell no icon "岚禾提示": "\r\n不能创建对象: ZEPEBCGLView.GLView"
+      )"));
+}
+
+TEST_F(AccountLookup, ShowsErrorsOfAnyKind) {
+  EditorWorld world;
+  PickerAnswers(world.factory, Reply(nullptr));
+  world.OpenForEdit();
+  world.form.LookupClicked(FormField::LossAccount);
+  EXPECT_EQ(world.log.Count(R"(tell no icon "岚禾提示": "\r\n未设置对象: ReturnObject")"), 1u);
+  world.screen.pendingMessages = [] { throw std::runtime_error("out of handles"); };
+  world.factory.Object(u"result").On(u"ReturnObject", world.factory.Answering(u"account"));
+  world.log.Clear();
+  world.form.LookupClicked(FormField::LossAccount);
+  EXPECT_EQ(world.log.Count(R"(tell no icon "岚禾提示": "\r\nout of handles")"), 1u);
+}
+
+TEST_F(AccountLookup, SurvivesAFormThatIsClosedMeanwhile) {
+  screen.pendingMessages = [this] { form.CloseByFrame(); };
+  form.LookupClicked(FormField::LossAccount);
+  EXPECT_EQ(log.Count("unload"), 1u);
+  state.ledgerView.reset();
+  EXPECT_EQ(factory.LiveObjects(), 0);
+}
+
+TEST(AccountLookupFailures, AreShownAndChangeNothing) {
+  FailEachCallInTurn([](int failingCall) {
+    EditorWorld world;
+    PickerAnswers(world.factory, world.factory.Answering(u"account"));
+    world.OpenForEdit();
+    const int before = world.factory.CallCount();
+    world.factory.FailCall(failingCall);
+    world.form.LookupClicked(FormField::LossAccount);
+    const int calls = world.factory.CallCount() - before;
+    const bool whole = failingCall == 0;
+    EXPECT_EQ(Utf8(world.view.Text(FormField::LossAccount)), whole ? "1281.10" : "5711");
+    std::size_t messages = 0;
+    for (const std::string& line : world.log.Lines()) messages += line.rfind("tell", 0) == 0;
+    EXPECT_EQ(messages, whole ? 0u : 1u);
+    world.form.Unload();
+    world.state.ledgerView.reset();
+    EXPECT_EQ(world.factory.LiveObjects(), 0);
+    return calls;
+  });
+}
+
+}  // namespace
+}  // namespace pricedown

@@ -1,0 +1,86 @@
+// A form on recording windows and a scripted suite, for the tests of the editor.
+// The company is a handful of answered statements; a whole one is in the integration tests.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "editor/item_class_form.h"
+#include "platform/error.h"
+#include "tests/editor/recording_form.h"
+#include "tests/env/recording_screen.h"
+#include "tests/support/recording_factory.h"
+#include "tests/support/recording_questions.h"
+#include "tests/support/scripted_recordset.h"
+#include "tests/support/utf8.h"
+
+namespace pricedown::testing {
+
+inline constexpr std::u16string_view kLedgerViewId = u"ZEPEBCGLView.GLView";
+inline constexpr std::u16string_view kConnectionId = u"ZEPConnection.AppConnection";
+
+// A member item; the class columns are those of the class in the test.
+struct MemberItem {
+  std::int32_t id = 0;
+  std::u16string code;
+  std::u16string name;
+  Value model;
+};
+
+// The class "01" of most tests.
+ClassHeader RawMaterials();
+// Bolts and nuts; the nut has no model.
+std::vector<MemberItem> BoltAndNut();
+
+// Everything of one form. It can be made again and again within a test.
+struct EditorWorld {
+  EditorWorld();
+  EditorWorld(const EditorWorld&) = delete;
+  EditorWorld& operator=(const EditorWorld&) = delete;
+
+  // A member list of the fifteen fields, behind its last row.
+  Recordset Members(const ClassHeader& header, const std::vector<MemberItem>& items);
+  // Opens the form for a new class or on a class, paints the grid and empties the log.
+  void OpenForAdd();
+  void OpenForEdit(const ClassHeader& header, const std::vector<MemberItem>& items);
+  void OpenForEdit() { OpenForEdit(RawMaterials(), BoltAndNut()); }
+  void Type(const ClassHeader& header, std::u16string_view percentage);
+
+  // The company's answers to the statements of a save of class "01", or of a new class.
+  void AnswerChecks(bool adding, std::vector<std::u16string> otherNumbers = {});
+  void AnswerAccountIds();
+  // The item ids of the member list, in order.
+  std::vector<std::int32_t> MemberIds();
+  // The values of one column of the member list, as readable texts.
+  std::vector<std::string> Column(std::u16string_view name);
+
+  CallLog log;
+  RecordingFactory factory{log};
+  RecordingQuestions questions{log};
+  RecordingScreen screen{log};
+  ProcessState state;
+  Environment environment{factory, state, questions, screen, u"Host"};
+  RecordingFormView view{log, factory};
+  RecordingGridView grid{log};
+  ItemClassForm form{environment, view, grid};
+};
+
+class EditorTest : public ::testing::Test, protected EditorWorld {};
+
+// The error number that `action` throws; none when it returns.
+template <typename Action>
+std::optional<std::int32_t> ErrorOf(Action&& action) {
+  try {
+    action();
+  } catch (const AutomationError& error) {
+    return error.Number();
+  }
+  return std::nullopt;
+}
+
+inline std::int32_t NumberOf(ErrorNumber number) { return static_cast<std::int32_t>(number); }
+
+}  // namespace pricedown::testing

@@ -1,0 +1,225 @@
+// `Add`, `iExit` and the saving tool: questions, clearing, staying and unloading.
+// The save itself is in save_test, the change check in change_check_test.
+#include <gmock/gmock.h>
+
+#include "tests/editor/editor_test.h"
+
+namespace pricedown {
+namespace {
+
+using namespace pricedown::testing;
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+constexpr const char* kAskSave = R"(ask no icon "岚禾提示": "是否保存当前数据？")";
+constexpr const char* kAskChanged = R"(ask information "岚禾提示": "当前记录已经改变，是否保存?")";
+
+class FormCommands : public EditorTest {
+ protected:
+  FormCommands() { factory.Object(kConnectionId).On(u"Execute", Reply(nullptr)); }
+  void AllowSave(bool adding) {
+    AnswerChecks(adding);
+    AnswerAccountIds();
+  }
+  // A new class with bolts and nuts, not saved.
+  void OpenFilledForAdd() {
+    form.SetMode(kAddMode);
+    form.SetMemberList(Members(RawMaterials(), BoltAndNut()));
+    form.Load();
+    grid.Paint();
+    Type(RawMaterials(), u"12.5");
+  }
+};
+
+TEST_F(FormCommands, AddClearsListAndFieldsWithoutSavingOnNo) {
+  OpenFilledForAdd();
+  questions.WillAnswer({false});
+  form.ToolClicked(u"Add");
+  EXPECT_EQ(log.Text(), std::string(kAskSave) + " -> no\n" + Lines(R"(
+      reload
+      text itemClassNumber = ""
+      enable Save
+      text ItemClassName = ""
+      enable Save
+      text txtitem(0) = ""
+      enable Save
+      text txtitem(1) = ""
+      enable Save
+      text txtPencent = ""
+      enable Save
+      )"));
+  EXPECT_EQ(form.MemberList().RecordCount(), 0);
+  EXPECT_TRUE(form.MemberList().AtEnd());
+}
+
+TEST_F(FormCommands, AddAsksAlsoWhenNothingWasChanged) {
+  OpenForAdd();
+  questions.WillAnswer({false});
+  form.ToolClicked(u"Add");
+  EXPECT_EQ(log.Text(), std::string(kAskSave) + " -> no\n");
+}
+
+TEST_F(FormCommands, AddLeavesTheFieldsOfAnEmptyList) {
+  OpenForAdd();
+  Type(RawMaterials(), u"12.5");
+  questions.WillAnswer({false});
+  form.ToolClicked(u"Add");
+  EXPECT_EQ(Utf8(view.Text(FormField::ClassNumber)), "01");
+  EXPECT_EQ(Utf8(view.Text(FormField::Percentage)), "12.5");
+  EXPECT_EQ(log.Count("reload"), 0u);
+}
+
+TEST_F(FormCommands, AddSavesOnYesAndClearsOnce) {
+  AllowSave(true);
+  OpenFilledForAdd();
+  questions.WillAnswer({true});
+  form.ToolClicked(u"Add");
+  EXPECT_THAT(log.Text(), HasSubstr("INSERT INTO icPriceDownClass"));
+  EXPECT_EQ(log.Count("reload"), 1u);
+  EXPECT_TRUE(form.State().saved);
+  EXPECT_EQ(form.MemberList().RecordCount(), 0);
+}
+
+TEST_F(FormCommands, AddGoesOnAfterARefusedSave) {
+  AllowSave(true);
+  OpenFilledForAdd();
+  view.Type(FormField::ClassName, u"");
+  questions.WillAnswer({true});
+  form.ToolClicked(u"Add");
+  EXPECT_THAT(log.Text(), Not(HasSubstr("INSERT")));
+  EXPECT_EQ(form.MemberList().RecordCount(), 0);
+  EXPECT_EQ(Utf8(view.Text(FormField::ClassNumber)), "");
+}
+
+TEST_F(FormCommands, AddDoesNotAskAfterASave) {
+  AllowSave(false);
+  OpenForEdit();
+  form.Save();
+  log.Clear();
+  form.ToolClicked(u"Add");
+  EXPECT_THAT(log.Text(), Not(HasSubstr("ask")));
+  EXPECT_EQ(form.MemberList().RecordCount(), 0);
+}
+
+TEST_F(FormCommands, AddKeepsModeAndSnapshot) {
+  OpenForEdit();
+  questions.WillAnswer({false});
+  form.Add();
+  EXPECT_EQ(form.State().mode, 0);
+  EXPECT_EQ(form.State().savedValues, RawMaterials());
+  EXPECT_EQ(form.State().openingNumber, u"01");
+}
+
+TEST_F(FormCommands, AddLeavesTheGridsRowCount) {
+  OpenFilledForAdd();
+  questions.WillAnswer({false});
+  form.Add();
+  grid.Paint();
+  EXPECT_EQ(grid.RowTexts(), "物料代码|物料名称|规格型号|\n\n\n");
+}
+
+TEST_F(FormCommands, SavingDisablesItsToolWhateverTheOutcome) {
+  AllowSave(false);
+  OpenForEdit();
+  form.ToolClicked(u"Save");
+  EXPECT_TRUE(form.State().saved);
+  EXPECT_FALSE(view.tools[FormTool::Save]);
+  view.Type(FormField::ClassName, u"");
+  EXPECT_TRUE(view.tools[FormTool::Save]);
+  form.ToolClicked(u"Save");
+  EXPECT_FALSE(form.State().saved);
+  EXPECT_FALSE(view.tools[FormTool::Save]);
+}
+
+TEST_F(FormCommands, ASecondNewClassIsSavedAfterTheFirst) {
+  AllowSave(true);
+  OpenFilledForAdd();
+  form.ToolClicked(u"Save");
+  grid.Paint();
+  EXPECT_FALSE(form.State().saved);
+  form.MemberList().AddNew();
+  form.MemberList().SetField(u"FItemID", 301);
+  form.MemberList().Update();
+  Type({u"02", u"成品", u"5711", u"1281.1", 0}, u"3");
+  form.ToolClicked(u"Save");
+  EXPECT_THAT(log.Text(), HasSubstr("delete from icPriceDownClass where  FItemClassNumber='' "
+                                    "INSERT INTO icPriceDownClass(FItemID,FItemClassNumber,"
+                                    "FItemClassName,FAPAccID,FAPNumber,FARAccID,FARNumber,"
+                                    "FPencentPrepare)VALUES\\r\\n( 301,'02','成品',"));
+}
+
+TEST_F(FormCommands, ExitClosesAnUnchangedFormWithoutAQuestion) {
+  OpenForAdd();
+  form.ToolClicked(u"iExit");
+  EXPECT_EQ(log.Text(), Lines(R"(
+      release ADODB.Recordset
+      unload
+      )"));
+}
+
+TEST_F(FormCommands, ExitClosesAChangedFormOnNoWithoutSaving) {
+  OpenForEdit();
+  view.Type(FormField::ClassName, u"改名");
+  log.Clear();
+  questions.WillAnswer({false});
+  form.ToolClicked(u"iExit");
+  EXPECT_EQ(log.Text(), std::string(kAskChanged) + " -> no\n" + Lines(R"(
+      release ADODB.Recordset
+      unload
+      )"));
+}
+
+TEST_F(FormCommands, ExitSavesOnYesAndUnloadsOnce) {
+  AllowSave(false);
+  OpenForEdit();
+  view.Type(FormField::ClassName, u"改名");
+  log.Clear();
+  questions.WillAnswer({true});
+  form.ToolClicked(u"iExit");
+  EXPECT_THAT(log.Text(), HasSubstr("'01','改名',"));
+  EXPECT_EQ(log.Count("unload"), 1u);
+  EXPECT_EQ(factory.LiveObjects(), 0);
+}
+
+TEST_F(FormCommands, ExitUnloadsANewClassAfterItsSave) {
+  AllowSave(true);
+  OpenFilledForAdd();
+  questions.WillAnswer({true});
+  form.ToolClicked(u"iExit");
+  EXPECT_THAT(log.Text(), HasSubstr("INSERT INTO"));
+  EXPECT_EQ(log.Count("unload"), 1u);
+}
+
+TEST_F(FormCommands, ExitStaysAfterARefusedSave) {
+  OpenForEdit();
+  view.Type(FormField::ClassName, u"");
+  log.Clear();
+  questions.WillAnswer({true});
+  form.ToolClicked(u"iExit");
+  EXPECT_EQ(log.Count("unload"), 0u);
+  EXPECT_TRUE(form.State().loaded);
+  EXPECT_EQ(log.Count("focus ItemClassName"), 1u);
+}
+
+TEST_F(FormCommands, ExitStaysWhenTheSaveFails) {
+  EditorWorld world;
+  world.AnswerChecks(false);
+  world.AnswerAccountIds();
+  world.factory.Object(kConnectionId).On(u"Execute", Reply::Failing(-2147217900, u"超时"));
+  world.OpenForEdit();
+  world.questions.WillAnswer({true});
+  EXPECT_EQ(ErrorOf([&] { world.form.ToolClicked(u"iExit"); }), -2147217900);
+  EXPECT_TRUE(world.form.State().loaded);
+}
+
+TEST_F(FormCommands, ExitAfterASaveAsksNothing) {
+  AllowSave(false);
+  OpenForEdit();
+  form.ToolClicked(u"Save");
+  form.ToolClicked(u"iExit");
+  EXPECT_THAT(log.Text(), Not(HasSubstr("ask")));
+  EXPECT_EQ(log.Count("unload"), 1u);
+}
+
+}  // namespace
+}  // namespace pricedown

@@ -1,0 +1,383 @@
+// The form: loading in both modes, captions, events, dispatch, unloading.
+// Starting a new class and closing are in form_commands_test.
+#include "editor/item_class_form.h"
+
+#include <gmock/gmock.h>
+
+#include "tests/editor/editor_test.h"
+
+namespace pricedown {
+namespace {
+
+using namespace pricedown::testing;
+using ::testing::ElementsAre;
+
+class ItemClassFormTest : public EditorTest {
+ protected:
+  std::string Field(FormField field) const { return Utf8(view.Text(field)); }
+};
+
+TEST_F(ItemClassFormTest, LoadsForANewClassWithEmptyFields) {
+  form.SetMemberList(Members({}, {}));
+  form.SetMode(kAddMode);
+  log.Clear();
+  form.Load();
+  EXPECT_EQ(log.Text(), Lines(R"(
+      caption title = "物料类别维护"
+      caption Frame1 = "对应明细物料："
+      caption FrameAdd = "物料类别："
+      caption Label5 = "计提跌价比例(%)："
+      caption Label4 = "对应存货跌价准备科目："
+      caption Label3 = "对应存货跌价损失科目："
+      caption Label2 = "物料类别名称："
+      caption Label1 = "物料类别代码："
+      tool 1 = "新增", tip ""
+      tool 2 = "保存", tip ""
+      tool 4 = "增加物料", tip ""
+      tool 5 = "删除物料", tip ""
+      tool 7 = "退出", tip "退出"
+      create ZEPPropsMgr.ShareProps
+      ZEPPropsMgr.ShareProps.GetProperty("PropsString", ref Empty)
+      release ZEPPropsMgr.ShareProps
+      release form
+      column 1 width 2000
+      column 2 width 2500
+      column 3 width 2800
+      text itemClassNumber = ""
+      text ItemClassName = ""
+      text txtitem(0) = ""
+      text txtitem(1) = ""
+      text txtPencent = ""
+      rows 1
+      )"));
+  EXPECT_EQ(view.tools.count(FormTool::Add), 0u);
+}
+
+TEST_F(ItemClassFormTest, LoadsAClassFromItsFirstRow) {
+  form.SetMode(0);
+  form.SetOpeningNumber(u"01");
+  form.SetMemberList(Members(RawMaterials(), BoltAndNut()));
+  log.Clear();
+  factory.LogRecordsetCalls();
+  form.Load();
+  const std::string text = log.Text();
+  EXPECT_EQ(text.substr(text.find("column 3")), Lines(R"(
+      column 3 width 2800
+      ADODB.Recordset.MoveFirst()
+      disable Add
+      ADODB.Recordset.Fields()
+      ADODB.Recordset.Fields.Item("FItemClassNumber")
+      ADODB.Recordset.Fields("FItemClassNumber").Value()
+      text itemClassNumber = "01"
+      enable Save
+      ADODB.Recordset.Fields()
+      ADODB.Recordset.Fields.Item("FItemClassName")
+      ADODB.Recordset.Fields("FItemClassName").Value()
+      text ItemClassName = "原材料"
+      enable Save
+      ADODB.Recordset.Fields()
+      ADODB.Recordset.Fields.Item("FAPNumber")
+      ADODB.Recordset.Fields("FAPNumber").Value()
+      text txtitem(0) = "5711"
+      enable Save
+      ADODB.Recordset.Fields()
+      ADODB.Recordset.Fields.Item("FARNumber")
+      ADODB.Recordset.Fields("FARNumber").Value()
+      text txtitem(1) = "1281.1"
+      enable Save
+      ADODB.Recordset.Fields()
+      ADODB.Recordset.Fields.Item("FPencentPrepare")
+      ADODB.Recordset.Fields("FPencentPrepare").Value()
+      text txtPencent = "12.5"
+      enable Save
+      ADODB.Recordset.RecordCount()
+      rows 3
+      )"));
+}
+
+TEST_F(ItemClassFormTest, TakesAnyModeButOneForEditing) {
+  for (const std::int16_t mode : {std::int16_t{0}, std::int16_t{2}, std::int16_t{-1}}) {
+    EditorWorld world;
+    world.form.SetMode(mode);
+    world.form.SetMemberList(world.Members(RawMaterials(), BoltAndNut()));
+    world.form.Load();
+    EXPECT_FALSE(world.view.tools.at(FormTool::Add));
+    EXPECT_EQ(Utf8(world.view.Text(FormField::ClassNumber)), "01");
+  }
+}
+
+TEST_F(ItemClassFormTest, ShowsNullColumnsAsEmptyFields) {
+  const Recordset members = Members({}, {{7, u"01.007", u"垫圈", Null{}}});
+  for (const char16_t* column :
+       {u"FItemClassNumber", u"FItemClassName", u"FAPNumber", u"FARNumber", u"FPencentPrepare"}) {
+    members.SetField(column, Null{});
+  }
+  form.SetMemberList(members);
+  form.Load();
+  for (const FormField field : kFormFields) EXPECT_EQ(Field(field), "") << NameOf(field);
+}
+
+TEST_F(ItemClassFormTest, ShowsThePercentageInItsDefaultText) {
+  struct Case {
+    double percentage;
+    const char* text;
+  };
+  for (const Case& given : {Case{0, "0"}, Case{0.5, "0.5"}, Case{100, "100"},
+                            Case{12.3456, "12.3456"}, Case{33.333333, "33.3333"}}) {
+    EditorWorld world;
+    ClassHeader header = RawMaterials();
+    header.percentage = given.percentage;
+    world.OpenForEdit(header, BoltAndNut());
+    EXPECT_EQ(Utf8(world.view.Text(FormField::Percentage)), given.text);
+  }
+}
+
+TEST_F(ItemClassFormTest, FillsFieldsUpToTheirMaximumLength) {
+  EXPECT_EQ(MaximumLength(FormField::ClassNumber), 40u);
+  EXPECT_EQ(MaximumLength(FormField::ClassName), 40u);
+  EXPECT_EQ(MaximumLength(FormField::Percentage), 7u);
+  EXPECT_EQ(MaximumLength(FormField::LossAccount), 0u);
+  EXPECT_EQ(MaximumLength(FormField::ReserveAccount), 0u);
+  const std::u16string longText(60, u'x');
+  OpenForEdit({longText, longText, longText, longText, 1}, BoltAndNut());
+  EXPECT_EQ(view.Text(FormField::ClassNumber).size(), 40u);
+  EXPECT_EQ(view.Text(FormField::ClassName).size(), 40u);
+  EXPECT_EQ(view.Text(FormField::LossAccount).size(), 60u);
+}
+
+TEST_F(ItemClassFormTest, TakesTheSnapshotAsShown) {
+  OpenForEdit();
+  EXPECT_EQ(form.State().savedValues, RawMaterials());
+  EXPECT_FALSE(form.State().saved);
+  EXPECT_TRUE(form.State().unchanged);
+}
+
+TEST_F(ItemClassFormTest, TakesAnEmptySnapshotForANewClass) {
+  OpenForAdd();
+  EXPECT_EQ(form.State().savedValues, ClassHeader());
+}
+
+TEST_F(ItemClassFormTest, LoadsTheTextsOfOtherLanguagesUnderItsKey) {
+  RecordingFactory other(log);
+  AllowRecordsets(other);
+  other.Object(u"ZEPPropsMgr.ShareProps")
+      .On(u"GetProperty", Reply(Value()).Writing(1, u"LANGUAGE=CHT"));
+  other.Object(u"ZEPFrmRes.FrmResLoader")
+      .AllowPut(u"NeedMLColumnHeaders")
+      .On(u"LoadFrmResStrings", Reply(Value()));
+  Environment foreign(other, state, questions, screen, u"Host");
+  ItemClassForm foreignForm(foreign, view, grid);
+  foreignForm.SetMode(kAddMode);
+  foreignForm.SetMemberList(Members({}, {}));
+  log.Clear();
+  foreignForm.Load();
+  const std::string text = log.Text();
+  EXPECT_THAT(text, ::testing::HasSubstr(Lines(R"(
+      create ZEPFrmRes.FrmResLoader
+      put ZEPFrmRes.FrmResLoader.NeedMLColumnHeaders = True
+      ZEPFrmRes.FrmResLoader.LoadFrmResStrings([form], "Q7INDUSTRY")
+      release ZEPFrmRes.FrmResLoader
+      )")));
+  EXPECT_LT(text.find("caption title"), text.find("LoadFrmResStrings"));
+}
+
+TEST_F(ItemClassFormTest, ListsTheMembersUnderTheirTitles) {
+  OpenForEdit();
+  EXPECT_EQ(grid.RowTexts(), "物料代码|物料名称|规格型号|\n01.001|螺钉|M4|\n01.002|螺母||\n");
+}
+
+TEST_F(ItemClassFormTest, ListsOnlyTheTitlesForANewClass) {
+  OpenForAdd();
+  EXPECT_EQ(grid.RowTexts(), "物料代码|物料名称|规格型号|\n");
+}
+
+TEST_F(ItemClassFormTest, EnablesSavingAndForgetsTheSaveWhenRowsAreRequested) {
+  for (const bool adding : {true, false}) {
+    EditorWorld world;
+    if (adding) {
+      world.OpenForAdd();
+    } else {
+      world.OpenForEdit();
+    }
+    EXPECT_TRUE(world.view.tools.at(FormTool::Save));
+    world.form.RowRequested(1);
+    EXPECT_FALSE(world.form.State().saved);
+    EXPECT_EQ(world.log.Text(), "enable Save\n");
+  }
+}
+
+TEST_F(ItemClassFormTest, MakesTheListSourceAnewForEveryRow) {
+  OpenForEdit();
+  form.RowRequested(1);
+  const ICList* first = form.State().listSource.get();
+  // Kept alive by nothing else, but not at the same place before the new one is made.
+  form.RowRequested(2);
+  EXPECT_NE(form.State().listSource.get(), nullptr);
+  EXPECT_NE(form.State().listSource.get(), first);
+}
+
+TEST_F(ItemClassFormTest, GivesAnyRowNumberTheNextMember) {
+  OpenForEdit();
+  form.MemberList().MoveFirst();
+  EXPECT_EQ(Utf8(form.RowRequested(7)), "01.001|螺钉|M4|");
+  EXPECT_EQ(Utf8(form.RowRequested(7)), "01.002|螺母||");
+  EXPECT_EQ(Utf8(form.RowRequested(2)), "");
+  EXPECT_EQ(Utf8(form.RowRequested(1)), "物料代码|物料名称|规格型号|");
+}
+
+TEST_F(ItemClassFormTest, EnablesSavingWhenAnyFieldChanges) {
+  OpenForEdit();
+  for (const FormField field : kFormFields) {
+    view.tools[FormTool::Save] = false;
+    view.Type(field, u"9");
+    EXPECT_TRUE(view.tools[FormTool::Save]) << NameOf(field);
+  }
+  EXPECT_EQ(log.Count("enable Save"), 5u);
+  EXPECT_EQ(log.Size(), 5u);
+  EXPECT_FALSE(form.State().saved);
+}
+
+TEST_F(ItemClassFormTest, RefusesBlanksAndApostrophesInNumberAndName) {
+  for (const FormField field : kFormFields) {
+    const bool filters = field == FormField::ClassNumber || field == FormField::ClassName;
+    EXPECT_EQ(form.KeyPressed(field, u' '), !filters) << NameOf(field);
+    EXPECT_EQ(form.KeyPressed(field, u'\''), !filters) << NameOf(field);
+    for (const char16_t character : {u'a', u'Z', u'0', u'"', u'\t', u'\b', u'-', u'类', u'　'}) {
+      EXPECT_TRUE(form.KeyPressed(field, character)) << NameOf(field);
+    }
+  }
+}
+
+TEST_F(ItemClassFormTest, IgnoresOtherToolKeys) {
+  OpenForEdit();
+  for (const char16_t* key : {u"", u"sp4", u"save", u"SAVE", u"Exit", u"IEXIT", u"Save "}) {
+    form.ToolClicked(key);
+  }
+  EXPECT_EQ(log.Text(), "");
+}
+
+TEST_F(ItemClassFormTest, ReleasesEverythingWhenItIsUnloaded) {
+  form.SetSecondRecordSet(Members(RawMaterials(), BoltAndNut()));
+  form.SetYearAndPeriod(2008, 3);
+  OpenForEdit();
+  EXPECT_EQ(form.State().year, 2008);
+  EXPECT_EQ(form.State().period, 3);
+  EXPECT_EQ(factory.LiveObjects(), 2);
+  form.Unload();
+  EXPECT_EQ(log.Count("unload"), 1u);
+  EXPECT_EQ(log.Count("release ADODB.Recordset"), 2u);
+  EXPECT_EQ(factory.LiveObjects(), 0);
+  EXPECT_EQ(form.State().openingNumber, u"");
+  EXPECT_EQ(form.State().mode, 0);
+  EXPECT_EQ(form.State().year, 0);
+  EXPECT_EQ(form.State().listSource, nullptr);
+}
+
+TEST_F(ItemClassFormTest, UnloadsOnceHoweverOftenItIsAsked) {
+  OpenForEdit();
+  form.Unload();
+  form.Unload();
+  form.CloseByFrame();
+  EXPECT_EQ(log.Count("unload"), 1u);
+}
+
+TEST_F(ItemClassFormTest, DropsWhatItWasGivenForAShowingThatNeverCame) {
+  form.SetMemberList(Members(RawMaterials(), BoltAndNut()));
+  form.Unload();
+  EXPECT_EQ(factory.LiveObjects(), 0);
+  EXPECT_EQ(log.Count("unload"), 0u);
+}
+
+TEST_F(ItemClassFormTest, AsksNothingWhenItsFrameIsClosed) {
+  OpenForEdit();
+  view.Type(FormField::ClassName, u"changed");
+  log.Clear();
+  form.CloseByFrame();
+  EXPECT_EQ(log.Text(), Lines(R"(
+      release ADODB.Recordset
+      unload
+      )"));
+}
+
+TEST_F(ItemClassFormTest, IgnoresEventsWhileItIsNotLoaded) {
+  for (const char16_t* key : {u"Add", u"Save", u"AddItem", u"DelItem", u"iExit"}) {
+    form.ToolClicked(key);
+  }
+  form.FieldChanged(FormField::ClassNumber);
+  form.KeyDown(FormField::LossAccount, kLookupKey);
+  form.LookupClicked(FormField::ReserveAccount);
+  EXPECT_EQ(form.RowRequested(1), u"");
+  EXPECT_EQ(log.Text(), "");
+}
+
+TEST_F(ItemClassFormTest, OpensAgainAsIfItWereNew) {
+  OpenForEdit();
+  form.Unload();
+  OpenForAdd();
+  EXPECT_EQ(Field(FormField::ClassNumber), "");
+  EXPECT_EQ(form.State().openingNumber, u"");
+  EXPECT_EQ(form.State().savedValues, ClassHeader());
+}
+
+TEST_F(ItemClassFormTest, KeepsCheckRecordSaveHarmless) {
+  OpenForEdit();
+  form.CheckRecordSave();
+  EXPECT_EQ(log.Text(), "");
+}
+
+TEST_F(ItemClassFormTest, FailsToLoadAnEmptyListForEditing) {
+  form.SetMemberList(Members({}, {}));
+  EXPECT_EQ(ErrorOf([&] { form.Load(); }), NumberOf(ErrorNumber::NoCurrentRecord));
+  EXPECT_EQ(log.Count("unload"), 1u);
+  EXPECT_EQ(factory.LiveObjects(), 0);
+}
+
+TEST_F(ItemClassFormTest, FailsToLoadWithoutAList) {
+  form.SetMode(kAddMode);
+  EXPECT_EQ(ErrorOf([&] { form.Load(); }), NumberOf(ErrorNumber::ObjectNotSet));
+  EXPECT_FALSE(form.State().loaded);
+}
+
+TEST(ItemClassFormFailures, UnloadAFormThatCannotBeLoaded) {
+  FailEachCallInTurn([](int failingCall) {
+    EditorWorld world;
+    world.form.SetMode(0);
+    world.form.SetMemberList(world.Members(RawMaterials(), BoltAndNut()));
+    const int before = world.factory.CallCount();
+    world.factory.FailCall(failingCall);
+    const auto error = ErrorOf([&] { world.form.Load(); });
+    const int calls = world.factory.CallCount() - before;
+    // Without a properties string the language is the built-in one, which is no error.
+    if (failingCall == 0 || failingCall <= 2) {
+      EXPECT_EQ(error, std::nullopt);
+      EXPECT_TRUE(world.form.State().loaded);
+      world.form.Unload();
+    } else {
+      EXPECT_EQ(error, kInjectedFailure);
+      EXPECT_FALSE(world.form.State().loaded);
+    }
+    EXPECT_EQ(world.log.Count("unload"), 1u);
+    EXPECT_EQ(world.factory.LiveObjects(), 0);
+    // Another showing is possible.
+    world.OpenForEdit();
+    EXPECT_EQ(world.grid.Rows().size(), 3u);
+    return calls;
+  });
+}
+
+TEST(ItemClassFormFailures, ReachTheCallerOfARowRequest) {
+  FailEachCallInTurn([](int failingCall) {
+    EditorWorld world;
+    world.OpenForEdit();
+    world.form.MemberList().MoveFirst();
+    const int before = world.factory.CallCount();
+    world.factory.FailCall(failingCall);
+    const auto error =
+        ErrorOf([&] { EXPECT_EQ(Utf8(world.form.RowRequested(2)), "01.001|螺钉|M4|"); });
+    EXPECT_EQ(error, failingCall == 0 ? std::nullopt : std::optional(kInjectedFailure));
+    return world.factory.CallCount() - before;
+  });
+}
+
+}  // namespace
+}  // namespace pricedown

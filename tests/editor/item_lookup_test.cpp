@@ -1,0 +1,354 @@
+// `AddItem`: parameters, condition, choices, the header of new rows, the grid afterwards.
+// What the picker does with condition and parameters is the suite's.
+#include "editor/item_lookup.h"
+
+#include <gmock/gmock.h>
+
+#include "tests/editor/editor_test.h"
+
+namespace pricedown {
+namespace {
+
+using namespace pricedown::testing;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+constexpr std::u16string_view kOthersOfNew =
+    u"SELECT  FItemID FROM  icPriceDownClass WHERE FItemClassNumber<>''";
+constexpr std::u16string_view kOthersOf01 =
+    u"SELECT  FItemID FROM  icPriceDownClass WHERE FItemClassNumber<>'01'";
+
+// An item of the picker.
+void ScriptItem(RecordingFactory& factory, std::u16string_view object, std::int32_t id,
+                std::u16string_view code, std::u16string_view name, Value model) {
+  factory.Object(object)
+      .On(u"Properties", R"("FItemID")", Reply(id))
+      .On(u"Properties", R"("FNumber")", Reply(code))
+      .On(u"Properties", R"("FName")", Reply(name))
+      .On(u"Properties", R"("FModel")", Reply(std::move(model)));
+}
+
+// A suite whose picker offers a washer and a rivet; what is chosen is set by the test.
+void ScriptPicker(RecordingFactory& factory, std::vector<std::vector<Value>> otherItems) {
+  factory.Object(u"ZEPEBCBASE.Dictionary").On(u"Add", Reply(Value()));
+  factory.Object(kLedgerViewId).On(u"ItemLookUp", factory.Answering(u"result"));
+  ScriptItem(factory, u"washer", 201, u"02.001", u"垫圈", u"φ4");
+  ScriptItem(factory, u"rivet", 202, u"02.002", u"铆钉", Null{});
+  for (const std::u16string_view statement : {kOthersOfNew, kOthersOf01}) {
+    AnswerStatement(factory, statement, Rows({u"FItemID"}, otherItems));
+  }
+}
+
+void ChooseOne(RecordingFactory& factory, std::u16string_view item) {
+  factory.Object(u"result")
+      .On(u"ReturnOK", Reply(true))
+      .On(u"ReturnValue", Reply(u"02.001"))
+      .On(u"ReturnObject", factory.Answering(item));
+}
+
+void ChooseBoth(RecordingFactory& factory) {
+  factory.Object(u"result")
+      .On(u"ReturnOK", Reply(true))
+      .On(u"ReturnValue", Reply(u""))
+      .On(u"ReturnObject", factory.Answering(u"chosen"));
+  factory.Object(u"chosen")
+      .On(u"Size", Reply(2))
+      .On(u"", "1", factory.Answering(u"washer"))
+      .On(u"", "2", factory.Answering(u"rivet"));
+}
+
+void Cancel(RecordingFactory& factory) { factory.Object(u"result").On(u"ReturnOK", Reply(false)); }
+
+class ItemLookup : public EditorTest {
+ protected:
+  ItemLookup() { ScriptPicker(factory, {}); }
+  // The condition that the picker was given.
+  std::string Condition() const {
+    for (const std::string& line : log.Lines()) {
+      const std::size_t at = line.find("ItemLookUp(4, Missing, ");
+      if (at != std::string::npos) return line.substr(at + 23, line.rfind(", ref") - at - 23);
+    }
+    return "no lookup";
+  }
+};
+
+TEST_F(ItemLookup, AppendsOneItemToAnEmptyListWithTheHeaderOfTheFields) {
+  ChooseOne(factory, u"washer");
+  OpenForAdd();
+  Type(RawMaterials(), u"12.5%");
+  form.ToolClicked(u"AddItem");
+  EXPECT_EQ(log.Text(), Lines(R"(
+      create ZEPEBCBASE.Dictionary
+      ZEPEBCBASE.Dictionary.Add("BeShortNumber", False)
+      ZEPEBCBASE.Dictionary.Add("GetDataType", int16 1)
+      ZEPEBCBASE.Dictionary.Add("Search", "")
+      ZEPEBCBASE.Dictionary.Add("Multislt", int16 1)
+      ZEPEBCBASE.Dictionary.Add("Refresh", True)
+      create ZEPConnection.AppConnection
+      ZEPConnection.AppConnection.Execute("SELECT  FItemID FROM  icPriceDownClass WHERE FItemClassNumber<>''")
+      release ZEPConnection.AppConnection
+      create ZEPEBCGLView.GLView
+      ZEPEBCGLView.GLView.ItemLookUp(4, Missing, "", ref [ZEPEBCBASE.Dictionary])
+      release ZEPEBCBASE.Dictionary
+      result.ReturnOK()
+      result.ReturnValue()
+      result.ReturnObject()
+      washer.Properties("FItemID")
+      washer.Properties("FNumber")
+      washer.Properties("FName")
+      washer.Properties("FModel")
+      release washer
+      release result
+      rows 2
+      reload
+      )"));
+  EXPECT_THAT(Column(u"FItemID"), ElementsAre("201"));
+  EXPECT_THAT(Column(u"FNumber"), ElementsAre("\"02.001\""));
+  EXPECT_THAT(Column(u"FName"), ElementsAre("\"垫圈\""));
+  EXPECT_THAT(Column(u"FModel"), ElementsAre("\"φ4\""));
+  EXPECT_THAT(Column(u"FItemClassNumber"), ElementsAre("\"01\""));
+  EXPECT_THAT(Column(u"FItemClassName"), ElementsAre("\"原材料\""));
+  EXPECT_THAT(Column(u"FAPNumber"), ElementsAre("\"5711\""));
+  EXPECT_THAT(Column(u"FARNumber"), ElementsAre("\"1281.1\""));
+  EXPECT_THAT(Column(u"FPencentPrepare"), ElementsAre("12.5"));
+  for (const char16_t* column :
+       {u"FShortNumber", u"FItemClassID", u"FAPAccID", u"FARAccID", u"FYear", u"FPeriod"}) {
+    EXPECT_THAT(Column(column), ElementsAre("Null"));
+  }
+}
+
+TEST_F(ItemLookup, AppendsSeveralItemsInTheOrderChosen) {
+  ChooseBoth(factory);
+  OpenForEdit();
+  form.ToolClicked(u"AddItem");
+  const std::string text = log.Text();
+  EXPECT_EQ(text.substr(text.find("release ZEPEBCBASE.Dictionary")), Lines(R"(
+      release ZEPEBCBASE.Dictionary
+      result.ReturnOK()
+      result.ReturnValue()
+      result.ReturnObject()
+      chosen.Size()
+      chosen(1)
+      washer.Properties("FItemID")
+      washer.Properties("FNumber")
+      washer.Properties("FName")
+      washer.Properties("FModel")
+      release washer
+      chosen(2)
+      rivet.Properties("FItemID")
+      rivet.Properties("FNumber")
+      rivet.Properties("FName")
+      rivet.Properties("FModel")
+      release rivet
+      run pending messages
+      release chosen
+      release result
+      rows 5
+      reload
+      )"));
+  EXPECT_THAT(MemberIds(), ElementsAre(101, 102, 201, 202));
+  EXPECT_THAT(Column(u"FModel"), ElementsAre("\"M4\"", "Null", "\"φ4\"", "\"\""));
+}
+
+TEST_F(ItemLookup, ShowsTheNewRowsAndEnablesSaving) {
+  ChooseBoth(factory);
+  OpenForEdit();
+  form.ToolClicked(u"AddItem");
+  view.tools[FormTool::Save] = false;
+  grid.Paint();
+  EXPECT_EQ(grid.RowTexts(),
+            "物料代码|物料名称|规格型号|\n01.001|螺钉|M4|\n01.002|螺母||\n"
+            "02.001|垫圈|φ4|\n02.002|铆钉||\n");
+  EXPECT_TRUE(view.tools[FormTool::Save]);
+}
+
+TEST_F(ItemLookup, GivesNewRowsTheFirstRowsHeaderAndNotTheFields) {
+  ChooseOne(factory, u"washer");
+  OpenForEdit();
+  Type({u"99", u"改名", u"5711.02", u"1281.10", 0}, u"99");
+  form.ToolClicked(u"AddItem");
+  EXPECT_THAT(Column(u"FItemClassNumber"), ElementsAre("\"01\"", "\"01\"", "\"01\""));
+  EXPECT_THAT(Column(u"FItemClassName"), ElementsAre("\"原材料\"", "\"原材料\"", "\"原材料\""));
+  EXPECT_THAT(Column(u"FAPNumber"), ElementsAre("\"5711\"", "\"5711\"", "\"5711\""));
+  EXPECT_THAT(Column(u"FARNumber"), ElementsAre("\"1281.1\"", "\"1281.1\"", "\"1281.1\""));
+  EXPECT_THAT(Column(u"FPencentPrepare"), ElementsAre("12.5", "12.5", "12.5"));
+}
+
+TEST_F(ItemLookup, TakesTheHeaderFromTheFirstRowWhateverTheCurrentOne) {
+  ChooseOne(factory, u"washer");
+  OpenForEdit();
+  form.MemberList().MoveFirst();
+  form.MemberList().MoveNext();
+  form.MemberList().SetField(u"FItemClassName", u"other");
+  form.ToolClicked(u"AddItem");
+  EXPECT_EQ(Column(u"FItemClassName").back(), "\"原材料\"");
+}
+
+TEST_F(ItemLookup, GivesTheFirstItemOfANewClassTheLeadingNumberOfThePercentage) {
+  struct Case {
+    std::u16string_view text;
+    const char* expected;
+  };
+  for (const Case& given : {Case{u"", "0.0"}, Case{u"abc", "0.0"}, Case{u" 1 2.5x", "12.5"}}) {
+    EditorWorld world;
+    ScriptPicker(world.factory, {});
+    ChooseOne(world.factory, u"washer");
+    world.OpenForAdd();
+    world.Type(RawMaterials(), given.text);
+    world.form.ToolClicked(u"AddItem");
+    EXPECT_THAT(world.Column(u"FPencentPrepare"), ElementsAre(given.expected));
+  }
+}
+
+TEST_F(ItemLookup, LeavesItemsOfOtherClassesAndOfThisListOut) {
+  EditorWorld world;
+  ScriptPicker(world.factory, {{12}, {15}, {40}, {12}});
+  Cancel(world.factory);
+  world.OpenForEdit();
+  world.form.ToolClicked(u"AddItem");
+  EXPECT_THAT(world.log.Text(),
+              HasSubstr("ItemLookUp(4, Missing, \"x2.FItemid not in(12,15,40,12,101,102)\", ref"));
+}
+
+TEST_F(ItemLookup, LeavesOutTheItemsOfOtherClassesAloneForAnEmptyList) {
+  EditorWorld world;
+  ScriptPicker(world.factory, {{12}, {15}, {40}});
+  Cancel(world.factory);
+  world.OpenForAdd();
+  world.form.ToolClicked(u"AddItem");
+  EXPECT_THAT(world.log.Text(), HasSubstr("\"x2.FItemid not in(12,15,40)\""));
+}
+
+TEST_F(ItemLookup, LeavesOutTheItemsOfThisListAloneWhenThereAreNoOtherClasses) {
+  Cancel(factory);
+  OpenForEdit();
+  form.ToolClicked(u"AddItem");
+  EXPECT_EQ(Condition(), "\"x2.FItemid not in(101,102)\"");
+}
+
+TEST_F(ItemLookup, OffersEveryItemWhenNoneIsInAClass) {
+  Cancel(factory);
+  OpenForAdd();
+  form.ToolClicked(u"AddItem");
+  EXPECT_EQ(Condition(), "\"\"");
+}
+
+TEST_F(ItemLookup, OffersItemsThatWereRemovedFromTheList) {
+  Cancel(factory);
+  OpenForEdit();
+  form.MemberList().MoveFirst();
+  form.MemberList().Delete();
+  form.ToolClicked(u"AddItem");
+  EXPECT_EQ(Condition(), "\"x2.FItemid not in(102)\"");
+}
+
+TEST_F(ItemLookup, AsksForTheOtherClassesEveryTime) {
+  Cancel(factory);
+  OpenForEdit();
+  form.ToolClicked(u"AddItem");
+  form.ToolClicked(u"AddItem");
+  EXPECT_EQ(log.Count("ZEPConnection.AppConnection.Execute(\"SELECT  FItemID FROM  "
+                      "icPriceDownClass WHERE FItemClassNumber<>'01'\")"),
+            2u);
+  EXPECT_EQ(log.Count("release result"), 3u) << "two lookups and one replaced list";
+}
+
+TEST_F(ItemLookup, ReadsListsWithoutGetRowsToo) {
+  EditorWorld world;
+  ScriptPicker(world.factory, {});
+  AnswerStatement(world.factory, kOthersOf01, Rows({u"FItemID"}, {{12}, {15}}).WithoutGetRows());
+  Cancel(world.factory);
+  // The first answer is the one without rows; the second one is read.
+  world.OpenForEdit();
+  world.form.ToolClicked(u"AddItem");
+  world.log.Clear();
+  world.form.ToolClicked(u"AddItem");
+  EXPECT_THAT(world.log.Text(), HasSubstr("not in(12,15,101,102)"));
+}
+
+TEST_F(ItemLookup, LeavesTheListButReloadsTheGridWhenCancelled) {
+  Cancel(factory);
+  OpenForEdit();
+  form.ToolClicked(u"AddItem");
+  const std::string text = log.Text();
+  EXPECT_EQ(text.substr(text.find("result.ReturnOK")), Lines(R"(
+      result.ReturnOK()
+      release result
+      rows 3
+      reload
+      )"));
+  EXPECT_THAT(MemberIds(), ElementsAre(101, 102));
+}
+
+TEST_F(ItemLookup, PassesTheShortNumberFlagOn) {
+  Cancel(factory);
+  state.shortNumber = true;
+  OpenForAdd();
+  form.ToolClicked(u"AddItem");
+  EXPECT_EQ(log.Count("ZEPEBCBASE.Dictionary.Add(\"BeShortNumber\", True)"), 1u);
+}
+
+TEST_F(ItemLookup, SharesTheLedgerViewWithTheAccountLookup) {
+  Cancel(factory);
+  state.ledgerView = factory.NewObject(kLedgerViewId);
+  OpenForAdd();
+  form.ToolClicked(u"AddItem");
+  EXPECT_EQ(log.Count("create ZEPEBCGLView.GLView"), 0u);
+}
+
+TEST_F(ItemLookup, KeepsTheRowsBeforeAnItemThatFails) {
+  // Its name is longer than the column.
+  ScriptItem(factory, u"long", 203, u"02.003", std::u16string(81, u'长'), u"");
+  ChooseBoth(factory);
+  factory.Object(u"chosen")
+      .On(u"", "1", factory.Answering(u"washer"))
+      .On(u"", "2", factory.Answering(u"long"));
+  OpenForEdit();
+  form.ToolClicked(u"AddItem");
+  EXPECT_THAT(MemberIds(), ElementsAre(101, 102, 201, 202));
+  log.Clear();
+  EXPECT_NE(ErrorOf([this] { form.ToolClicked(u"AddItem"); }), std::nullopt);
+  EXPECT_EQ(log.Count("reload"), 0u);
+  // The row begun for the long name is not there.
+  EXPECT_THAT(MemberIds(), ElementsAre(101, 102, 201, 202, 201));
+}
+
+TEST_F(ItemLookup, StopsWhenTheFormIsClosedWhileMessagesArePending) {
+  ChooseBoth(factory);
+  OpenForEdit();
+  screen.pendingMessages = [this] { form.CloseByFrame(); };
+  form.ToolClicked(u"AddItem");
+  EXPECT_EQ(log.Count("reload"), 0u);
+  state.ledgerView.reset();
+  EXPECT_EQ(factory.LiveObjects(), 0);
+}
+
+TEST(ItemLookupFailures, ReachTheCallerAndKeepWholeRows) {
+  FailEachCallInTurn([](int failingCall) {
+    EditorWorld world;
+    ScriptPicker(world.factory, {{12}});
+    ChooseBoth(world.factory);
+    world.OpenForEdit();
+    const int before = world.factory.CallCount();
+    world.factory.FailCall(failingCall);
+    const auto error = ErrorOf([&] { world.form.ToolClicked(u"AddItem"); });
+    const int calls = world.factory.CallCount() - before;
+    EXPECT_EQ(error, failingCall == 0 ? std::nullopt : std::optional(kInjectedFailure));
+    // Every row is a whole one.
+    const std::vector<std::int32_t> ids = world.MemberIds();
+    EXPECT_GE(ids.size(), failingCall == 0 ? 4u : 2u);
+    for (const std::string& percentage : world.Column(u"FPencentPrepare")) {
+      EXPECT_EQ(percentage, "12.5");
+    }
+    // The form works on: the next lookup appends both items.
+    world.form.ToolClicked(u"AddItem");
+    EXPECT_EQ(world.MemberIds().size(), ids.size() + 2);
+    world.form.Unload();
+    world.state.ledgerView.reset();
+    EXPECT_EQ(world.factory.LiveObjects(), 0);
+    return calls;
+  });
+}
+
+}  // namespace
+}  // namespace pricedown

@@ -1,0 +1,347 @@
+// `DelItem`: three statements per item, four decisions, the list and the grid afterwards.
+// Which amounts count is the database's part and is in the integration tests.
+#include "editor/removal_guard.h"
+
+#include <gmock/gmock.h>
+
+#include "platform/text.h"
+#include "tests/editor/editor_test.h"
+
+namespace pricedown {
+namespace {
+
+using namespace pricedown::testing;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+std::u16string HistoryOf(std::u16string_view code) {
+  return Concatenate(
+      {u"select top 1 a.FItemID from ICPriceDownPrepare a \r\ninner join t_ICItem b "
+       u"on a.FItemID=b.FItemID \r\nwhere ((a.FYear='2008' and a.FPeriod<'3') \r\n"
+       u"or (a.FYear<'2008')) and (a.FHaveAdd<>0 or a.FCurrentAdd<>0) and "
+       u"b.FNumber='",
+       code, u"'\r\n"});
+}
+
+constexpr std::u16string_view kVoucher =
+    u"select top 1 FVoucherID from t_voucher where FYear='2008'and FPeriod='3'and FTranType=820 "
+    u"and FInternalInd='Industry'\r\n";
+
+std::u16string AmountsOf(std::u16string_view code) {
+  return Concatenate(
+      {u"select top 1 a.FItemID from ICPriceDownPrepare a \r\ninner join t_ICItem b "
+       u"on a.FItemID=b.FItemID \r\nwhere a.FYear='2008' and a.FPeriod='3'\r\n and "
+       u"(a.FHaveAdd<>0 or a.FCurrentAdd<>0) and b.FNumber='",
+       code, u"'\r\n"});
+}
+
+std::u16string DeleteOf(std::u16string_view beginning, std::u16string_view code) {
+  return Concatenate({beginning,
+                      u" from ICPriceDownPrepare a \r\ninner join t_ICItem b on "
+                      u"a.FItemID=b.FItemID \r\nwhere (a.FYear='2008' and "
+                      u"a.FPeriod='3') \r\nand b.FNumber='",
+                      code, u"'\r\n"});
+}
+
+std::string Executed(std::u16string_view statement) {
+  return "ZEPConnection.AppConnection.Execute(" + Quoted(statement) + ")";
+}
+
+ScriptedRows NoRows() { return Rows({u"FItemID"}, {}); }
+ScriptedRows OneRow() { return Rows({u"FItemID"}, {{101}}); }
+
+// What the company answers for one item.
+struct ItemAnswers {
+  ScriptedRows history = NoRows();
+  ScriptedRows amounts = NoRows();
+};
+
+void InPeriod(RecordingFactory& factory) {
+  factory.Object(u"ZEPEBSBase.SystemProfile")
+      .On(u"GetProfile", R"("LANGUAGE=chs", "IC", "CurrentYear")", Reply(u"2008"))
+      .On(u"GetProfile", R"("LANGUAGE=chs", "IC", "CurrentPeriod")", Reply(u"3"));
+}
+
+void Answer(RecordingFactory& factory, std::u16string_view code, ItemAnswers answers) {
+  AnswerStatement(factory, HistoryOf(code), std::move(answers.history));
+  AnswerStatement(factory, AmountsOf(code), std::move(answers.amounts));
+  AnswerNothing(factory, DeleteOf(u"delete  a", code));
+}
+
+class RemovalGuard : public EditorTest {
+ protected:
+  RemovalGuard() { InPeriod(factory); }
+  void Voucher(bool exists) {
+    AnswerStatement(factory, kVoucher, exists ? Rows({u"FVoucherID"}, {{1}}) : NoRows());
+  }
+  void OpenAndSelect(std::vector<std::int32_t> rows) {
+    OpenForEdit();
+    grid.selected = std::move(rows);
+  }
+  // The lines behind the reading of year and period.
+  std::string TextBehindThePeriod() const {
+    constexpr std::string_view kLast = "release ZEPEBSBase.SystemProfile\n";
+    const std::string text = log.Text();
+    return text.substr(text.find(kLast) + kLast.size());
+  }
+};
+
+TEST_F(RemovalGuard, ReadsThePeriodAfreshAndDeletesCurrentRowsAtOnce) {
+  Voucher(false);
+  Answer(factory, u"01.001", {});
+  OpenAndSelect({2});
+  form.ToolClicked(u"DelItem");
+  EXPECT_EQ(log.Text(), Lines(R"(
+      create ZEPEBSBase.SystemProfile
+      create ZEPPropsMgr.ShareProps
+      ZEPPropsMgr.ShareProps.GetProperty("PropsString", ref Empty)
+      release ZEPPropsMgr.ShareProps
+      ZEPEBSBase.SystemProfile.GetProfile("LANGUAGE=chs", "IC", "CurrentYear")
+      create ZEPPropsMgr.ShareProps
+      ZEPPropsMgr.ShareProps.GetProperty("PropsString", ref Empty)
+      release ZEPPropsMgr.ShareProps
+      ZEPEBSBase.SystemProfile.GetProfile("LANGUAGE=chs", "IC", "CurrentPeriod")
+      release ZEPEBSBase.SystemProfile
+      create ZEPConnection.AppConnection
+      ZEPConnection.AppConnection.Execute("select top 1 a.FItemID from ICPriceDownPrepare a \r\ninner join t_ICItem b on a.FItemID=b.FItemID \r\nwhere ((a.FYear='2008' and a.FPeriod<'3') \r\nor (a.FYear<'2008')) and (a.FHaveAdd<>0 or a.FCurrentAdd<>0) and b.FNumber='01.001'\r\n")
+      ZEPConnection.AppConnection.Execute("select top 1 FVoucherID from t_voucher where FYear='2008'and FPeriod='3'and FTranType=820 and FInternalInd='Industry'\r\n")
+      ZEPConnection.AppConnection.Execute("select top 1 a.FItemID from ICPriceDownPrepare a \r\ninner join t_ICItem b on a.FItemID=b.FItemID \r\nwhere a.FYear='2008' and a.FPeriod='3'\r\n and (a.FHaveAdd<>0 or a.FCurrentAdd<>0) and b.FNumber='01.001'\r\n")
+      ZEPConnection.AppConnection.Execute("delete  a from ICPriceDownPrepare a \r\ninner join t_ICItem b on a.FItemID=b.FItemID \r\nwhere (a.FYear='2008' and a.FPeriod='3') \r\nand b.FNumber='01.001'\r\n")
+      release result
+      release result
+      release result
+      release ZEPConnection.AppConnection
+      rows 2
+      reload
+      )"));
+  EXPECT_THAT(MemberIds(), ElementsAre(102));
+}
+
+TEST_F(RemovalGuard, ShowsTheRemainingRows) {
+  Voucher(false);
+  Answer(factory, u"01.001", {});
+  OpenAndSelect({2});
+  form.ToolClicked(u"DelItem");
+  grid.Paint();
+  EXPECT_EQ(grid.RowTexts(), "物料代码|物料名称|规格型号|\n01.002|螺母||\n");
+}
+
+TEST_F(RemovalGuard, UsesTheUpdatedFilterAndRemovesOnlyTheFilteredRow) {
+  Voucher(false);
+  Answer(factory, u"01.002", {});
+  OpenAndSelect({3});
+  factory.LogRecordsetCalls();
+  form.ToolClicked(u"DelItem");
+  const std::string text = log.Text();
+  EXPECT_THAT(text, HasSubstr("put ADODB.Recordset.Filter = \"fNumber='01.002'\"\n"
+                              "create ZEPConnection.AppConnection\n"));
+  EXPECT_THAT(text, HasSubstr("ADODB.Recordset.Delete()\nADODB.Recordset.Update()\n"));
+  EXPECT_EQ(text.substr(text.find("put ADODB.Recordset.Filter = \"\"")), Lines(R"(
+      put ADODB.Recordset.Filter = ""
+      ADODB.Recordset.RecordCount()
+      rows 2
+      ADODB.Recordset.MoveFirst()
+      reload
+      )"));
+  EXPECT_THAT(MemberIds(), ElementsAre(101));
+}
+
+TEST_F(RemovalGuard, RefusesAnItemWithHistoryWhateverTheVoucher) {
+  Voucher(false);
+  Answer(factory, u"01.001", {.history = OneRow()});
+  OpenAndSelect({2});
+  form.ToolClicked(u"DelItem");
+  EXPECT_EQ(TextBehindThePeriod(), "create ZEPConnection.AppConnection\n" +
+                                       Executed(HistoryOf(u"01.001")) + "\n" + Lines(R"(
+      tell information "岚禾提示": "该物料(01.001)在以前期间已有业务发生，不得删除！"
+      release result
+      release ZEPConnection.AppConnection
+      rows 3
+      reload
+      )"));
+  EXPECT_THAT(MemberIds(), ElementsAre(101, 102));
+}
+
+TEST_F(RemovalGuard, RefusesAnItemWithAmountsOnceTheVoucherExists) {
+  Voucher(true);
+  Answer(factory, u"01.001", {.amounts = OneRow()});
+  OpenAndSelect({2});
+  form.ToolClicked(u"DelItem");
+  EXPECT_EQ(log.Count("tell information \"岚禾提示\": "
+                      "\"该物料(01.001)本期跌价准备数据已经生成凭证，不得删除！\""),
+            1u);
+  EXPECT_THAT(log.Text(), Not(HasSubstr("delete")));
+  EXPECT_THAT(MemberIds(), ElementsAre(101, 102));
+}
+
+TEST_F(RemovalGuard, RemovesAnItemWithoutAmountsUnderAVoucherAndDeletesNothing) {
+  Voucher(true);
+  Answer(factory, u"01.001", {});
+  OpenAndSelect({2});
+  form.ToolClicked(u"DelItem");
+  EXPECT_THAT(log.Text(), Not(HasSubstr("delete")));
+  EXPECT_THAT(log.Text(), Not(HasSubstr("tell")));
+  EXPECT_THAT(MemberIds(), ElementsAre(102));
+}
+
+TEST_F(RemovalGuard, RemovesAnItemUnderAVoucherWhenTheAmountsHaveNoAnswer) {
+  Voucher(true);
+  AnswerStatement(factory, HistoryOf(u"01.001"), NoRows());
+  AnswerNothing(factory, AmountsOf(u"01.001"));
+  OpenAndSelect({2});
+  form.ToolClicked(u"DelItem");
+  EXPECT_THAT(MemberIds(), ElementsAre(102));
+}
+
+TEST_F(RemovalGuard, DeletesAmountsOfTheCurrentPeriodWithoutAVoucher) {
+  Voucher(false);
+  Answer(factory, u"01.001", {.amounts = OneRow()});
+  OpenAndSelect({2});
+  form.ToolClicked(u"DelItem");
+  EXPECT_EQ(log.Count(Executed(DeleteOf(u"delete  a", u"01.001"))), 1u);
+  EXPECT_THAT(MemberIds(), ElementsAre(102));
+}
+
+TEST_F(RemovalGuard, DeletesWithoutAnAliasWhenTheVoucherHasNoAnswer) {
+  AnswerNothing(factory, kVoucher);
+  AnswerStatement(factory, HistoryOf(u"01.001"), NoRows());
+  AnswerStatement(factory, AmountsOf(u"01.001"), OneRow());
+  AnswerNothing(factory, DeleteOf(u"delete", u"01.001"));
+  OpenAndSelect({2});
+  form.ToolClicked(u"DelItem");
+  EXPECT_EQ(log.Count(Executed(DeleteOf(u"delete", u"01.001"))), 1u);
+  EXPECT_THAT(MemberIds(), ElementsAre(102));
+}
+
+TEST_F(RemovalGuard, TakesAHistoryWithoutAnAnswerForNone) {
+  Voucher(false);
+  AnswerNothing(factory, HistoryOf(u"01.001"));
+  AnswerStatement(factory, AmountsOf(u"01.001"), NoRows());
+  AnswerNothing(factory, DeleteOf(u"delete  a", u"01.001"));
+  OpenAndSelect({2});
+  form.ToolClicked(u"DelItem");
+  EXPECT_THAT(MemberIds(), ElementsAre(102));
+}
+
+TEST_F(RemovalGuard, RefusesOneOfThreeAndRemovesTheOthers) {
+  Voucher(false);
+  Answer(factory, u"01.001", {});
+  Answer(factory, u"01.002", {.history = OneRow()});
+  Answer(factory, u"01.003", {});
+  std::vector<MemberItem> items = BoltAndNut();
+  items.push_back({103, u"01.003", u"垫圈", u""});
+  OpenForEdit(RawMaterials(), items);
+  grid.selected = {2, 3, 4};
+  form.ToolClicked(u"DelItem");
+  EXPECT_THAT(MemberIds(), ElementsAre(102));
+  EXPECT_EQ(log.Count("tell information \"岚禾提示\": "
+                      "\"该物料(01.002)在以前期间已有业务发生，不得删除！\""),
+            1u);
+  EXPECT_EQ(log.Count("create ZEPConnection.AppConnection"), 3u) << "one for each row";
+  EXPECT_EQ(log.Count("reload"), 1u);
+}
+
+TEST_F(RemovalGuard, TakesRowsInTheOrderOfTheSelection) {
+  Voucher(false);
+  Answer(factory, u"01.001", {});
+  Answer(factory, u"01.002", {});
+  OpenAndSelect({3, 2});
+  form.ToolClicked(u"DelItem");
+  const std::string text = log.Text();
+  EXPECT_LT(text.find(Executed(HistoryOf(u"01.002"))), text.find(Executed(HistoryOf(u"01.001"))));
+  EXPECT_THAT(MemberIds(), IsEmpty());
+  grid.Paint();
+  EXPECT_EQ(grid.RowTexts(), "物料代码|物料名称|规格型号|\n");
+}
+
+TEST_F(RemovalGuard, OnlyRedrawsWithoutASelection) {
+  OpenAndSelect({});
+  form.ToolClicked(u"DelItem");
+  EXPECT_EQ(TextBehindThePeriod(), Lines(R"(
+      rows 3
+      reload
+      )"));
+}
+
+TEST_F(RemovalGuard, DoesNothingForAnEmptyList) {
+  OpenForAdd();
+  grid.selected = {2};
+  form.ToolClicked(u"DelItem");
+  EXPECT_EQ(TextBehindThePeriod(), "");
+}
+
+TEST_F(RemovalGuard, TellsItemsByTheirCodeAndNotByTheirId) {
+  Voucher(false);
+  Answer(factory, u"01.002", {});
+  // Two items with one code: the first one leaves.
+  OpenForEdit(
+      RawMaterials(),
+      {{101, u"01.001", u"a", u""}, {102, u"01.002", u"b", u""}, {103, u"01.002", u"c", u""}});
+  grid.selected = {4};
+  form.ToolClicked(u"DelItem");
+  EXPECT_THAT(MemberIds(), ElementsAre(101, 103));
+}
+
+TEST_F(RemovalGuard, FailsOnACodeWithAQuoteAndKeepsTheList) {
+  Voucher(false);
+  OpenForEdit(RawMaterials(), {{101, u"o'1", u"a", u""}, {102, u"01.002", u"b", u""}});
+  grid.selected = {2};
+  EXPECT_NE(ErrorOf([this] { form.ToolClicked(u"DelItem"); }), std::nullopt);
+  EXPECT_THAT(MemberIds(), ElementsAre(101, 102));
+  EXPECT_EQ(log.Count("create ZEPConnection.AppConnection"), 0u);
+}
+
+TEST_F(RemovalGuard, KeepsEarlierRowsRemovedWhenALaterOneFailsAndShowsTheRest) {
+  Voucher(false);
+  Answer(factory, u"01.001", {});
+  FailStatement(factory, HistoryOf(u"01.002"), -2147217871, u"超时已过期");
+  OpenAndSelect({2, 3});
+  EXPECT_EQ(ErrorOf([this] { form.ToolClicked(u"DelItem"); }), -2147217871);
+  EXPECT_EQ(form.MemberList().RecordCount(), 1) << "no filter is left";
+  EXPECT_THAT(MemberIds(), ElementsAre(102));
+  form.MemberList().MoveFirst();
+  grid.Paint();
+  EXPECT_EQ(grid.RowTexts(), "物料代码|物料名称|规格型号|\n01.002|螺母||\n");
+}
+
+TEST_F(RemovalGuard, LeavesTheSavedFlagToTheGrid) {
+  Voucher(false);
+  Answer(factory, u"01.001", {});
+  factory.Object(kConnectionId).On(u"Execute", Reply(nullptr));
+  AnswerChecks(false);
+  AnswerAccountIds();
+  OpenAndSelect({2});
+  form.Save();
+  form.DelItem();
+  EXPECT_TRUE(form.State().saved);
+  grid.Paint();
+  EXPECT_FALSE(form.State().saved);
+}
+
+TEST(RemovalGuardFailures, ReachTheCallerAndLeaveNoFilter) {
+  FailEachCallInTurn([](int failingCall) {
+    EditorWorld world;
+    InPeriod(world.factory);
+    AnswerStatement(world.factory, kVoucher, NoRows());
+    Answer(world.factory, u"01.001", {});
+    Answer(world.factory, u"01.002", {.history = OneRow()});
+    world.OpenForEdit();
+    world.grid.selected = {2, 3};
+    const int before = world.factory.CallCount();
+    world.factory.FailCall(failingCall);
+    const auto error = ErrorOf([&] { world.form.ToolClicked(u"DelItem"); });
+    const int calls = world.factory.CallCount() - before;
+    EXPECT_EQ(error, failingCall == 0 ? std::nullopt : std::optional(kInjectedFailure));
+    // The item with history is always there, and shown unless the list itself failed.
+    const std::vector<std::int32_t> ids = world.MemberIds();
+    EXPECT_EQ(ids.empty() ? 0 : ids.back(), 102);
+    world.form.Unload();
+    EXPECT_EQ(world.factory.LiveObjects(), 0);
+    return calls;
+  });
+}
+
+}  // namespace
+}  // namespace pricedown

@@ -1,0 +1,336 @@
+// The save: header walk, kept copy, account ids, the one text, flags.
+// The checks before it are in check_data_test.
+#include "editor/save.h"
+
+#include <gmock/gmock.h>
+
+#include "tests/editor/editor_test.h"
+
+namespace pricedown {
+namespace {
+
+using namespace pricedown::testing;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+// The texts that a save sends for bolts and nuts, each answered by nothing.
+constexpr std::u16string_view kSaveOf01 =
+    u"delete from icPriceDownClass where  FItemClassNumber='01'"
+    u" INSERT INTO icPriceDownClass(FItemID,FItemClassNumber,FItemClassName,FAPAccID,FAPNumber,"
+    u"FARAccID,FARNumber,FPencentPrepare)VALUES\r\n( 101,'01','原材料',\r\n"
+    u"1051,'5711',1023,'1281.1',12.5)\r\n"
+    u" INSERT INTO icPriceDownClass(FItemID,FItemClassNumber,FItemClassName,FAPAccID,FAPNumber,"
+    u"FARAccID,FARNumber,FPencentPrepare)VALUES\r\n( 102,'01','原材料',\r\n"
+    u"1051,'5711',1023,'1281.1',12.5)\r\n";
+
+// Answers any save text with nothing; the checks' statements are answered by their own scripts.
+void AcceptSaves(RecordingFactory& factory) {
+  factory.Object(kConnectionId).On(u"Execute", Reply(nullptr));
+}
+
+class Save : public EditorTest {
+ protected:
+  void Open() {
+    AcceptSaves(factory);
+    AnswerChecks(false);
+    AnswerAccountIds();
+    OpenForEdit();
+  }
+  // The last text that was executed, between quotes as logged.
+  std::string SavedText() const {
+    std::string text;
+    for (const std::string& line : log.Lines()) {
+      const std::size_t at = line.find("Execute(\"delete");
+      if (at != std::string::npos) text = line.substr(at + 8);
+    }
+    return text;
+  }
+};
+
+TEST_F(Save, WritesTheClassWholeInOneText) {
+  AnswerNothing(factory, kSaveOf01);
+  AnswerChecks(false);
+  AnswerAccountIds();
+  OpenForEdit();
+  form.Save();
+  EXPECT_TRUE(form.State().saved);
+  EXPECT_EQ(form.State().lossAccountId, 1051);
+  EXPECT_EQ(form.State().reserveAccountId, 1023);
+  const std::string text = log.Text();
+  EXPECT_EQ(text.substr(text.find("create ADODB")), Lines(R"(
+      create ADODB.Recordset
+      create ZEPConnection.AppConnection
+      ZEPConnection.AppConnection.Execute("SELECT FAccountID FROM t_account WHERE FNumber='5711'")
+      release result
+      release ZEPConnection.AppConnection
+      create ZEPConnection.AppConnection
+      ZEPConnection.AppConnection.Execute("SELECT FAccountID FROM t_account WHERE FNumber='1281.1'")
+      release result
+      release ZEPConnection.AppConnection
+      create ZEPConnection.AppConnection
+      ZEPConnection.AppConnection.Execute("delete from icPriceDownClass where  FItemClassNumber='01' INSERT INTO icPriceDownClass(FItemID,FItemClassNumber,FItemClassName,FAPAccID,FAPNumber,FARAccID,FARNumber,FPencentPrepare)VALUES\r\n( 101,'01','原材料',\r\n1051,'5711',1023,'1281.1',12.5)\r\n INSERT INTO icPriceDownClass(FItemID,FItemClassNumber,FItemClassName,FAPAccID,FAPNumber,FARAccID,FARNumber,FPencentPrepare)VALUES\r\n( 102,'01','原材料',\r\n1051,'5711',1023,'1281.1',12.5)\r\n")
+      release ZEPConnection.AppConnection
+      )"));
+}
+
+TEST_F(Save, WritesNothingWhenTheChecksRefuse) {
+  Open();
+  view.Type(FormField::ClassName, u"");
+  log.Clear();
+  form.Save();
+  EXPECT_FALSE(form.State().saved);
+  EXPECT_FALSE(form.State().keptCopy);
+  EXPECT_EQ(SavedText(), "");
+  EXPECT_THAT(Column(u"FItemClassName"), ElementsAre("\"原材料\"", "\"原材料\""));
+  EXPECT_EQ(form.State().savedValues, RawMaterials());
+}
+
+TEST_F(Save, PutsTheFieldsIntoEveryRowWhenTheHeaderWasChanged) {
+  Open();
+  AnswerStatement(factory, u"SELECT FAccountID FROM t_account WHERE FNumber='5711.02'",
+                  Rows({u"FAccountID"}, {{1052}}));
+  view.Type(FormField::ClassNumber, u"B");
+  view.Type(FormField::ClassName, u"改名");
+  view.Type(FormField::LossAccount, u"5711.02");
+  view.Type(FormField::Percentage, u"5.0");
+  form.Save();
+  EXPECT_THAT(Column(u"FItemClassNumber"), ElementsAre("\"B\"", "\"B\""));
+  EXPECT_THAT(Column(u"FItemClassName"), ElementsAre("\"改名\"", "\"改名\""));
+  EXPECT_THAT(Column(u"FAPNumber"), ElementsAre("\"5711.02\"", "\"5711.02\""));
+  EXPECT_THAT(Column(u"FARNumber"), ElementsAre("\"1281.1\"", "\"1281.1\""));
+  EXPECT_THAT(Column(u"FPencentPrepare"), ElementsAre("5.0", "5.0"));
+  EXPECT_THAT(SavedText(),
+              HasSubstr("delete from icPriceDownClass where  FItemClassNumber='01' INSERT"));
+  EXPECT_THAT(SavedText(),
+              HasSubstr(R"(( 101,'B','改名',\r\n1052,'5711.02',1023,'1281.1',5)\r\n)"));
+  EXPECT_THAT(SavedText(),
+              HasSubstr(R"(( 102,'B','改名',\r\n1052,'5711.02',1023,'1281.1',5)\r\n)"));
+}
+
+TEST_F(Save, LeavesTheRowsWhenTheFirstOneCarriesTheHeader) {
+  Open();
+  // A second row that differs, as rows of an inconsistent class do.
+  form.MemberList().MoveFirst();
+  form.MemberList().MoveNext();
+  form.MemberList().SetField(u"FItemClassName", u"别名");
+  form.Save();
+  EXPECT_THAT(Column(u"FItemClassName"), ElementsAre("\"原材料\"", "\"别名\""));
+  EXPECT_THAT(SavedText(), HasSubstr("( 102,'01','别名',"));
+}
+
+TEST_F(Save, TakesAnotherSpellingOfThePercentageForUnchanged) {
+  Open();
+  view.Type(FormField::Percentage, u"12.50");
+  EXPECT_TRUE(form.Check());
+  form.Save();
+  EXPECT_THAT(SavedText(), HasSubstr(",12.5)"));
+}
+
+TEST_F(Save, KeepsACopyOfTheRowsAsWritten) {
+  Open();
+  view.Type(FormField::ClassName, u"改名");
+  form.Save();
+  const Recordset& copy = form.State().keptCopy;
+  ASSERT_EQ(copy.RecordCount(), 2);
+  EXPECT_EQ(copy.Field(u"FItemClassName"), Value(u"改名"));
+  EXPECT_EQ(copy.Fields().size(), 15u);
+}
+
+TEST_F(Save, KeepsTheSavedValues) {
+  Open();
+  Type({u"02", u"改名", u"5711", u"1281.1", 0}, u" 7.5 ");
+  form.Save();
+  EXPECT_EQ(form.State().savedValues, (ClassHeader{u"02", u"改名", u"5711", u"1281.1", 7.5}));
+  EXPECT_EQ(form.State().openingNumber, u"01") << "a save does not change it";
+}
+
+TEST_F(Save, LooksAccountsUpByTheNumberAndNotByTheText) {
+  struct Case {
+    std::u16string_view text;
+    const char* statement;
+  };
+  for (const Case& given :
+       {Case{u"1281.10", "SELECT FAccountID FROM t_account WHERE FNumber='1281.1'"},
+        Case{u"5711.02", "SELECT FAccountID FROM t_account WHERE FNumber='5711.02'"}}) {
+    EditorWorld world;
+    AcceptSaves(world.factory);
+    world.AnswerChecks(false);
+    world.AnswerAccountIds();
+    AnswerStatement(world.factory, u"SELECT FAccountID FROM t_account WHERE FNumber='5711.02'",
+                    Rows({u"FAccountID"}, {{1052}}));
+    world.OpenForEdit();
+    world.view.Type(FormField::ReserveAccount, given.text);
+    world.form.Save();
+    EXPECT_THAT(world.log.Text(), HasSubstr(given.statement));
+  }
+}
+
+TEST_F(Save, LooksAnAccountOfTwoSeparatorsUpByItsLeadingPart) {
+  AcceptSaves(factory);
+  AnswerStatement(factory, u"select FNumber from t_account",
+                  Rows({u"FNumber"}, {{u"5711"}, {u"1281.01.02"}}));
+  AnswerChecks(false);
+  AnswerAccountIds();
+  AnswerStatement(factory, u"SELECT FAccountID FROM t_account WHERE FNumber='1281.01'",
+                  Rows({u"FAccountID"}, {{77}}));
+  OpenForEdit();
+  view.Type(FormField::ReserveAccount, u"1281.01.02");
+  form.Save();
+  EXPECT_EQ(form.State().reserveAccountId, 77);
+  // The text itself is what is stored.
+  EXPECT_THAT(SavedText(), HasSubstr("1051,'5711',77,'1281.01.02',"));
+}
+
+TEST_F(Save, RoundsAccountIdsToTheNearestWholeNumber) {
+  Open();
+  AnswerStatement(factory, u"SELECT FAccountID FROM t_account WHERE FNumber='5711.02'",
+                  Rows({u"FAccountID"}, {{u"1052.6"}}));
+  view.Type(FormField::LossAccount, u"5711.02");
+  form.Save();
+  EXPECT_EQ(form.State().lossAccountId, 1053);
+}
+
+TEST_F(Save, TakesAnAccountIdOfNothingForZero) {
+  Open();
+  AnswerStatement(factory, u"SELECT FAccountID FROM t_account WHERE FNumber='5711.02'",
+                  Rows({u"FAccountID"}, {{Null{}}}));
+  view.Type(FormField::LossAccount, u"5711.02");
+  form.Save();
+  EXPECT_EQ(form.State().lossAccountId, 0);
+}
+
+TEST_F(Save, StopsAtAnAccountThatIsNotFoundUnderItsNumber) {
+  Open();
+  AnswerStatement(factory, u"SELECT FAccountID FROM t_account WHERE FNumber='5711.02'",
+                  Rows({u"FAccountID"}, {}));
+  view.Type(FormField::LossAccount, u"5711.02");
+  EXPECT_EQ(ErrorOf([this] { form.Save(); }), NumberOf(ErrorNumber::NoCurrentRecord));
+  EXPECT_TRUE(form.State().saved) << "as the passed check left it";
+  EXPECT_EQ(SavedText(), "");
+  EXPECT_THAT(Column(u"FAPNumber"), ElementsAre("\"5711.02\"", "\"5711.02\""));
+  EXPECT_EQ(form.State().keptCopy.RecordCount(), 2);
+  EXPECT_EQ(form.State().savedValues, RawMaterials()) << "not reached";
+}
+
+TEST_F(Save, WritesValuesAsTheyAre) {
+  Open();
+  view.Type(FormField::ClassName, u"it's");
+  form.Save();
+  EXPECT_THAT(SavedText(), HasSubstr("'01','it's',"));
+}
+
+TEST_F(Save, PassesTheDatabasesRefusalOnAndStaysMarkedSaved) {
+  AnswerChecks(false);
+  AnswerAccountIds();
+  factory.Object(kConnectionId)
+      .On(u"Execute", Reply::Failing(-2147217900, u"字符串后的引号不完整"));
+  OpenForEdit();
+  EXPECT_EQ(ErrorOf([this] { form.Save(); }), -2147217900);
+  EXPECT_TRUE(form.State().saved);
+}
+
+TEST_F(Save, WritesDoublesWithTheirShortestText) {
+  struct Case {
+    const char16_t* text;
+    const char* written;
+  };
+  for (const Case& given : {Case{u"0.1", ",0.1)"}, Case{u"100", ",100)"}, Case{u"1e1", ",10)"},
+                            Case{u".25", ",0.25)"}, Case{u"12.3456", ",12.3456)"}}) {
+    EditorWorld world;
+    AcceptSaves(world.factory);
+    world.AnswerChecks(false);
+    world.AnswerAccountIds();
+    world.OpenForEdit();
+    world.view.Type(FormField::Percentage, given.text);
+    world.form.Save();
+    EXPECT_THAT(world.log.Text(), HasSubstr(given.written));
+  }
+}
+
+TEST_F(Save, EmptiesTheFormForTheNextNewClassWithoutAQuestion) {
+  AcceptSaves(factory);
+  AnswerChecks(true);
+  AnswerAccountIds();
+  form.SetMode(kAddMode);
+  form.SetMemberList(Members({}, BoltAndNut()));
+  form.Load();
+  grid.Paint();
+  Type(RawMaterials(), u"12.5");
+  form.Save();
+  const std::string text = log.Text();
+  EXPECT_THAT(text, HasSubstr("delete from icPriceDownClass where  FItemClassNumber='' INSERT"));
+  EXPECT_EQ(text.substr(text.rfind("release ZEP")), Lines(R"(
+      release ZEPConnection.AppConnection
+      reload
+      text itemClassNumber = ""
+      enable Save
+      text ItemClassName = ""
+      enable Save
+      text txtitem(0) = ""
+      enable Save
+      text txtitem(1) = ""
+      enable Save
+      text txtPencent = ""
+      enable Save
+      )"));
+  EXPECT_TRUE(form.State().saved);
+  EXPECT_EQ(form.State().mode, kAddMode);
+  EXPECT_EQ(form.State().savedValues, RawMaterials()) << "what was written";
+  EXPECT_EQ(form.State().keptCopy.RecordCount(), 2);
+  EXPECT_EQ(form.MemberList().RecordCount(), 0);
+}
+
+TEST_F(Save, RefusesASecondSaveUnderANewNumberAsADuplicate) {
+  Open();
+  view.Type(FormField::ClassNumber, u"B");
+  form.Save();
+  // The rows under B are now those of another class than the opening one.
+  AnswerStatement(factory,
+                  u"select FItemClassNumber from icPriceDownClass where FItemClassNumber<>'01'",
+                  Rows({u"FItemClassNumber"}, {{u"B"}, {u"B"}}));
+  log.Clear();
+  form.Save();
+  EXPECT_THAT(log.Text(), HasSubstr("\"已经存在代码为:B的物料类别,请重新输入物料类别代码！\""));
+  EXPECT_EQ(SavedText(), "");
+}
+
+TEST_F(Save, TextOfAnEmptyListIsTheDeleteAlone) {
+  OpenForAdd();
+  EXPECT_EQ(Utf8(SaveText(form.State())),
+            "delete from icPriceDownClass where  FItemClassNumber=''");
+}
+
+TEST(SaveFailures, EndTheSaveAndLeaveTheFormUsable) {
+  FailEachCallInTurn([](int failingCall) {
+    EditorWorld world;
+    AcceptSaves(world.factory);
+    world.AnswerChecks(false);
+    world.AnswerAccountIds();
+    world.OpenForEdit();
+    world.view.Type(FormField::ClassName, u"改名");
+    const int before = world.factory.CallCount();
+    world.factory.FailCall(failingCall);
+    const auto error = ErrorOf([&] { world.form.ToolClicked(u"Save"); });
+    const int calls = world.factory.CallCount() - before;
+    EXPECT_FALSE(world.view.tools.at(FormTool::Save)) << "disabled whatever the outcome";
+    if (failingCall == 0) {
+      EXPECT_EQ(error, std::nullopt);
+      EXPECT_TRUE(world.form.State().saved);
+    } else {
+      // A failing step of the kept copy is skipped; every other one ends the save.
+      EXPECT_TRUE(error == std::nullopt || error == kInjectedFailure);
+    }
+    EXPECT_EQ(world.MemberIds().size(), 2u);
+    // The next save succeeds.
+    world.log.Clear();
+    world.form.ToolClicked(u"Save");
+    EXPECT_TRUE(world.form.State().saved);
+    EXPECT_THAT(world.log.Text(), HasSubstr("( 102,'01','改名',"));
+    world.form.Unload();
+    EXPECT_EQ(world.factory.LiveObjects(), 0);
+    return calls;
+  });
+}
+
+}  // namespace
+}  // namespace pricedown
