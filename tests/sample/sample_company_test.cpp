@@ -127,6 +127,21 @@ TEST_P(SampleCompanyOfSeed, ItemsHaveOneClassButForTheSharedTwo) {
             (std::vector<std::string>{"03", "09", "18"}));
 }
 
+TEST_P(SampleCompanyOfSeed, OnlyTwoClassesHaveMembersThatAreNeverListed) {
+  EXPECT_EQ(Rows(company_,
+                 "SELECT DISTINCT FItemClassNumber FROM icPriceDownClass c JOIN t_ICItem i "
+                 "ON i.FItemID=c.FItemID WHERE i.FErpClsID IN(6,8) ORDER BY 1"),
+            (std::vector<std::string>{"20", "21"}));
+}
+
+TEST_P(SampleCompanyOfSeed, SomeItemsHaveNoClass) {
+  const auto classless = Count(company_,
+                               "SELECT count(*) FROM t_ICItem WHERE FItemID NOT IN"
+                               "(SELECT FItemID FROM icPriceDownClass)");
+  EXPECT_GT(classless, 400);
+  EXPECT_LT(classless, 1200);
+}
+
 TEST_P(SampleCompanyOfSeed, ClassAccountsAreThoseOfTheChart) {
   EXPECT_EQ(Count(company_,
                   "SELECT count(*) FROM icPriceDownClass c WHERE "

@@ -44,10 +44,6 @@ std::string NameBeside(const std::string& path) {
   return path + ".part-" + std::to_string(device());
 }
 
-void RequireNoFile(const std::string& path) {
-  if (Exists(path)) throw CompanyFileError("文件已存在(使用 --force 覆盖): " + path);
-}
-
 // A log left by a database would be replayed into the file that takes its name. Leaving the
 // write-ahead mode folds the log in, and fails while another program has the database open.
 void SettleOldFile(const std::string& path) {
@@ -73,6 +69,12 @@ void SettleOldFile(const std::string& path) {
   }
 }
 
+void RequireFreeName(const std::string& path, bool replaces) {
+  if (!Exists(path)) return;
+  if (!replaces) throw CompanyFileError("文件已存在(使用 --force 覆盖): " + path);
+  SettleOldFile(path);
+}
+
 void Fill(const std::string& path, const CompanyFilePlan& plan) {
   Database database(path, Database::Mode::Create);
   // A failure discards the file, so nothing needs to be rolled back; the one commit still
@@ -92,8 +94,7 @@ void Fill(const std::string& path, const CompanyFilePlan& plan) {
 }  // namespace
 
 void CreateCompanyFile(const std::string& path, const CompanyFilePlan& plan) {
-  if (!plan.replaces) RequireNoFile(path);
-  if (Exists(path)) SettleOldFile(path);
+  RequireFreeName(path, plan.replaces);
   const UnfinishedFile unfinished(NameBeside(path));
   try {
     Fill(unfinished.path(), plan);
@@ -101,8 +102,7 @@ void CreateCompanyFile(const std::string& path, const CompanyFilePlan& plan) {
     throw CompanyFileError("无法建立公司文件 " + path + ": " + error.what());
   }
   // Making a large company takes a while: someone may have used the name since.
-  if (!plan.replaces) RequireNoFile(path);
-  if (Exists(path)) SettleOldFile(path);
+  RequireFreeName(path, plan.replaces);
   std::error_code error;
   fs::rename(PathFromUtf8(unfinished.path()), PathFromUtf8(path), error);
   if (error) {

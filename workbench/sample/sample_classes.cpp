@@ -61,7 +61,7 @@ bool TakesItem(MemberRule rule, const ItemRow& item, Random& random) {
   const int ordinal = (item.id - 1) % kItemsPerFamily;
   switch (rule) {
     case Most:
-      return !IsHiddenCategory(item.category) && random.Chance(3, 4);
+      return random.Chance(3, 4);
     case FirstHalf:
       return ordinal < kItemsPerFamily / 2;
     case SecondHalf:

@@ -25,10 +25,10 @@ enum class ProvisionPattern {
 
 /// Which items of its families a class takes.
 enum class MemberRule {
-  Most,        ///< about three of four listed items
-  All,         ///< every item, hidden categories included
-  FirstHalf,   ///< the first half of each family, hidden categories included
-  SecondHalf,  ///< the rest of each family, hidden categories included
+  Most,  ///< about three of four items
+  All,
+  FirstHalf,   ///< the first half of each family
+  SecondHalf,  ///< the rest of each family
 };
 
 struct SampleClass {

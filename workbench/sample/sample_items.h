@@ -24,7 +24,4 @@ void FillFromKind(const ItemKind& kind, Random& random, ItemRow* item);
 /// The family part of an item's code: "01.02" of "01.02.0007".
 std::string_view FamilyOf(const ItemRow& item);
 
-/// The categories that the product never lists.
-inline bool IsHiddenCategory(int category) { return category == 6 || category == 8; }
-
 }  // namespace workbench
