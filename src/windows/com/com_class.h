@@ -16,9 +16,8 @@ namespace pricedown::windows {
 // any.
 template <typename... Interfaces>
 struct InterfaceList {
-  template <typename Visitor>
-  static bool AnyOf(Visitor&& visitor) {
-    return (visitor.template operator()<Interfaces>() || ...);
+  static bool Holds([[maybe_unused]] REFIID id) noexcept {
+    return ((id == __uuidof(Interfaces)) || ...);
   }
 };
 template <typename Interface>
@@ -46,10 +45,7 @@ class Implements : public Interfaces... {
 
   template <typename Interface>
   bool Answer(REFIID id, void*& found) noexcept {
-    const auto matches = [&]<typename Candidate>() { return id == __uuidof(Candidate); };
-    if (!matches.template operator()<Interface>() && !BasesOf<Interface>::AnyOf(matches)) {
-      return false;
-    }
+    if (id != __uuidof(Interface) && !BasesOf<Interface>::Holds(id)) return false;
     found = static_cast<Interface*>(this);
     return true;
   }
