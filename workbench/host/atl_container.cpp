@@ -12,22 +12,24 @@ namespace {
 
 struct Atl {
   HMODULE library = LoadLibraryW(L"atl.dll");
-  BOOL(WINAPI* initialise)() = nullptr;
+  bool ready = false;
   HRESULT(WINAPI* getControl)(HWND, IUnknown**) = nullptr;
 
   Atl() {
     if (library == nullptr) return;
     // GetProcAddress answers one function type for all.
-    initialise = reinterpret_cast<decltype(initialise)>(
+    const auto initialise = reinterpret_cast<BOOL(WINAPI*)()>(
         reinterpret_cast<void*>(GetProcAddress(library, "AtlAxWinInit")));
     getControl = reinterpret_cast<decltype(getControl)>(
         reinterpret_cast<void*>(GetProcAddress(library, "AtlAxGetControl")));
+    // A second call would fail: the window class is registered already.
+    ready = initialise != nullptr && getControl != nullptr && initialise();
   }
 };
 
 const Atl& LoadedAtl() {
   static const Atl atl;
-  if (atl.initialise == nullptr || atl.getControl == nullptr || !atl.initialise()) {
+  if (!atl.ready) {
     throw pricedown::AutomationError(pricedown::ErrorNumber::Unspecified,
                                      u"系统缺少控件容器 (atl.dll)。", u"WorkbenchHost");
   }

@@ -20,6 +20,8 @@ namespace ids = pricedown::windows::control_ids;
 namespace {
 
 constexpr UINT kStepMilliseconds = 600;
+constexpr int kMostTicksInStep = 40;
+constexpr UINT kFailed = 3;
 Tour* runningTour = nullptr;
 
 }  // namespace
@@ -63,8 +65,15 @@ void Tour::Advance() {
     PostMessageW(frame_.Handle(), WM_CLOSE, 0, 0);
     return;
   }
+  if (ticksInStep_ > 0) {
+    if (++ticksInStep_ < kMostTicksInStep) return;
+    SaveScreenshot(GetDesktopWindow(), folder_ + L"\\failed.png");
+    ExitProcess(kFailed);
+  }
+  ticksInStep_ = 1;
   const Step& step = steps_[next_];
   step.action();
+  ticksInStep_ = 0;
   if (step.picture == nullptr) {
     ++next_;
   } else {

@@ -46,6 +46,7 @@ class Tour {
   std::vector<Step> steps_;
   std::size_t next_ = 0;
   bool pictureDue_ = false;
+  int ticksInStep_ = 0;  // of a step that has not returned, because a message box waits in it
   bool failed_ = false;
   UINT_PTR timer_ = 0;
 };
