@@ -212,6 +212,7 @@ void Recordset::MovePrevious() {
 void Recordset::AddNew() {
   RequireOpen();
   if (added_) Update();
+  beforeAdded_ = {position_, row_};
   added_ = rows_->AddRow();
   row_ = *added_;
   position_ = Position::Row;
@@ -229,6 +230,8 @@ void Recordset::CancelUpdate() {
   if (!added_) return;
   rows_->Delete(*added_);
   added_.reset();
+  position_ = beforeAdded_.position;
+  row_ = beforeAdded_.row;
 }
 
 void Recordset::Delete() {

@@ -67,6 +67,10 @@ class Recordset : public pricedown::LocalObject<Recordset> {
 
  private:
   enum class Position { Row, Beginning, End };
+  struct Place {
+    Position position = Position::Beginning;
+    std::size_t row = 0;
+  };
   using FilterIndex = std::unordered_map<std::u16string, std::vector<std::size_t>>;
 
   void RequireOpen() const;
@@ -81,6 +85,7 @@ class Recordset : public pricedown::LocalObject<Recordset> {
   Position position_ = Position::Beginning;
   std::size_t row_ = 0;
   std::optional<std::size_t> added_;  // a row of AddNew that is not yet committed
+  Place beforeAdded_;                 // what was current before it, and is so when it is cancelled
   std::u16string filterText_;
   std::optional<std::size_t> filterColumn_;
   std::u16string filterValue_;  // in upper case
