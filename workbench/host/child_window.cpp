@@ -32,6 +32,7 @@ void ChildWindow::RegisterClass(HINSTANCE module) {
   description.lpfnWndProc = Procedure;
   description.hInstance = module;
   description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  description.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
   description.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
   description.lpszClassName = kClassName;
   RegisterClassExW(&description);

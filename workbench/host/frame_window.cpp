@@ -35,7 +35,7 @@ FrameWindow::FrameWindow(HINSTANCE module, ObjectPtr settings)
   description.hInstance = module;
   description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   description.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
-  description.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_APPWORKSPACE + 1);
+  description.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
   description.lpszMenuName = MAKEINTRESOURCEW(IDR_FRAME);
   description.lpszClassName = kClassName;
   RegisterClassExW(&description);
