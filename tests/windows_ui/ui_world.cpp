@@ -2,8 +2,6 @@
 // Input is posted to this thread's queue; modifier keys are set in its keyboard state.
 #include "tests/windows_ui/ui_world.h"
 
-#include <commctrl.h>
-
 #include <array>
 #include <cstring>
 #include <utility>
@@ -138,7 +136,7 @@ HWND UiWorld::Tree() const { return Child(ids::kTree); }
 HWND UiWorld::Grid() const { return GetDlgItem(Child(ids::kGridPane), ids::kGrid); }
 HWND UiWorld::Strip() const { return Child(ids::kToolStrip); }
 
-void UiWorld::Press(WPARAM key) {
+void Input::Press(WPARAM key) {
   const HWND focus = GetFocus();
   ASSERT_NE(focus, nullptr);
   PostMessageW(focus, WM_KEYDOWN, key, 1);
@@ -147,7 +145,7 @@ void UiWorld::Press(WPARAM key) {
   RunMessages();
 }
 
-void UiWorld::PressWith(int modifier, WPARAM key) {
+void Input::PressWith(int modifier, WPARAM key) {
   std::array<BYTE, 256> before{};
   GetKeyboardState(before.data());
   std::array<BYTE, 256> state = before;
@@ -157,7 +155,7 @@ void UiWorld::PressWith(int modifier, WPARAM key) {
   SetKeyboardState(before.data());
 }
 
-void UiWorld::Type(std::u16string_view text) {
+void Input::Type(std::u16string_view text) {
   for (const char16_t unit : text) {
     ASSERT_NE(GetFocus(), nullptr);
     PostMessageW(GetFocus(), WM_CHAR, unit, 1);
@@ -165,7 +163,7 @@ void UiWorld::Type(std::u16string_view text) {
   }
 }
 
-void UiWorld::Click(HWND target, POINT point, WPARAM keys) {
+void Input::Click(HWND target, POINT point, WPARAM keys) {
   const LPARAM place = MAKELPARAM(point.x, point.y);
   // The tree asks where the pointer is.
   POINT onScreen = point;
@@ -176,7 +174,7 @@ void UiWorld::Click(HWND target, POINT point, WPARAM keys) {
   RunMessages();
 }
 
-void UiWorld::DoubleClick(HWND target, POINT point) {
+void Input::DoubleClick(HWND target, POINT point) {
   Click(target, point);
   const LPARAM place = MAKELPARAM(point.x, point.y);
   PostMessageW(target, WM_LBUTTONDBLCLK, MK_LBUTTON, place);
@@ -184,7 +182,7 @@ void UiWorld::DoubleClick(HWND target, POINT point) {
   RunMessages();
 }
 
-void UiWorld::Drag(HWND target, POINT from, POINT to) {
+void Input::Drag(HWND target, POINT from, POINT to) {
   PostMessageW(target, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(from.x, from.y));
   RunMessages();
   PostMessageW(target, WM_MOUSEMOVE, MK_LBUTTON,

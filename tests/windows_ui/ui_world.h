@@ -3,6 +3,8 @@
 #pragma once
 
 #include <windows.h>
+
+#include <commctrl.h>
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -36,9 +38,23 @@ class HostWindow {
   HWND handle_ = nullptr;
 };
 
-class UiWorld {
+// Simulated keyboard and mouse: messages are posted and run before a method returns.
+class Input {
  public:
-  // The scripted company with `classes` more classes of a few items each.
+  // To the window that has the focus.
+  void Press(WPARAM key);
+  // With Shift or Control held down.
+  void PressWith(int modifier, WPARAM key);
+  void Type(std::u16string_view text);
+  // In the window's client coordinates.
+  void Click(HWND window, POINT point, WPARAM keys = 0);
+  void DoubleClick(HWND window, POINT point);
+  void Drag(HWND window, POINT from, POINT to);
+};
+
+class UiWorld : public Input {
+ public:
+  // The scripted company has twelve classes; the third one has no items.
   explicit UiWorld(int width = 900, int height = 560);
   ~UiWorld();
 
@@ -52,14 +68,6 @@ class UiWorld {
   HWND Grid() const;
   HWND Strip() const;
 
-  // Posts a key to the window with the focus, as the keyboard would, and lets it run.
-  void Press(WPARAM key);
-  void PressWith(int modifier, WPARAM key);
-  void Type(std::u16string_view text);
-  // Mouse, in the window's client coordinates.
-  void Click(HWND window, POINT point, WPARAM keys = 0);
-  void DoubleClick(HWND window, POINT point);
-  void Drag(HWND window, POINT from, POINT to);
   // The middle of a tree node's text. Requires: the node is visible.
   POINT NodePoint(NodeIndex node) const;
   // The middle of a strip button, position from 1.

@@ -73,7 +73,7 @@ void DrawWindow(HDC context, HWND window) {
   const POINT border{origin.x - outer.left, origin.y - outer.top};
   if (border.x > 0 && border.y > 0) {
     FillArea(context, area, GetSysColor(COLOR_WINDOW));
-    DrawEdge(context, &area, EDGE_SUNKEN, BF_RECT);
+    PaintFrame(context, window, area);
   }
   const int saved = SaveDC(context);
   RECT client{};

@@ -6,7 +6,9 @@
 
 #include <utility>
 
+#include "control/tool_strip.h"
 #include "env/translation.h"
+#include "platform/text.h"
 #include "windows/com/wide_text.h"
 #include "windows/ui/control_children.h"
 #include "windows/ui/control_ids.h"
@@ -84,9 +86,17 @@ void ControlWindow::ListCaptions() {
                          [&window](std::u16string_view text) { GiveText(window.Handle(), text); }};
   };
   ControlChildren& c = *children_;
-  c.form = std::make_shared<ControlForm>(std::vector<CaptionAccess>{
+  std::vector<CaptionAccess> captions{
       ofWindow(u"lbl_Title", c.title), ofWindow(u"lblPeriod", c.period),
-      ofWindow(u"SSPTitleClass", c.classHeading), ofWindow(u"SSPTitleItem", c.itemHeading)});
+      ofWindow(u"SSPTitleClass", c.classHeading), ofWindow(u"SSPTitleItem", c.itemHeading)};
+  for (std::size_t i = 0; i < kStripButtons.size(); ++i) {
+    if (kStripButtons[i].separator) continue;
+    captions.push_back(
+        {Concatenate({u"tbToolBar.", kStripButtons[i].key}),
+         [&strip = c.strip, i] { return strip.Caption(i + 1); },
+         [&strip = c.strip, i](std::u16string_view text) { strip.SetCaption(i + 1, text); }});
+  }
+  c.form = std::make_shared<ControlForm>(std::move(captions));
 }
 
 void ControlWindow::MakeFonts() {

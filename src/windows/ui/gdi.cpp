@@ -2,6 +2,8 @@
 // The owners are in the header.
 #include "windows/ui/gdi.h"
 
+#include <uxtheme.h>
+
 namespace pricedown::windows {
 
 BufferedPaint::BufferedPaint(HDC target, const RECT& area) : target_(target), area_(area) {
@@ -25,6 +27,21 @@ void FillArea(HDC context, const RECT& area, COLORREF colour) {
   const COLORREF previous = SetBkColor(context, colour);
   ExtTextOutW(context, 0, 0, ETO_OPAQUE, &area, nullptr, 0, nullptr);
   SetBkColor(context, previous);
+}
+
+void PaintFrame(HDC context, HWND window, const RECT& frame) {
+  RECT edge = frame;
+  const HTHEME theme = OpenThemeData(window, L"TREEVIEW");
+  if (theme == nullptr) {
+    DrawEdge(context, &edge, EDGE_SUNKEN, BF_RECT);
+    return;
+  }
+  InflateRect(&edge, -GetSystemMetrics(SM_CXEDGE), -GetSystemMetrics(SM_CYEDGE));
+  const int saved = SaveDC(context);
+  ExcludeClipRect(context, edge.left, edge.top, edge.right, edge.bottom);
+  DrawThemeBackground(theme, context, 0, 0, &frame, nullptr);
+  RestoreDC(context, saved);
+  CloseThemeData(theme);
 }
 
 COLORREF Blend(COLORREF from, COLORREF to, int share) {

@@ -79,6 +79,8 @@ class BufferedPaint {
 
 // Fills with a solid colour.
 void FillArea(HDC context, const RECT& area, COLORREF colour);
+// The frame of a pane as the system gives it to a tree: that of the visual style, or a sunken one.
+void PaintFrame(HDC context, HWND window, const RECT& frame);
 // `share` of 255 of the way from one colour to another.
 COLORREF Blend(COLORREF from, COLORREF to, int share);
 

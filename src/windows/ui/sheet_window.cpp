@@ -2,8 +2,6 @@
 // Mouse, keyboard and editing are in files of their own.
 #include "windows/ui/sheet_window.h"
 
-#include <uxtheme.h>
-
 #include "windows/com/wide_text.h"
 #include "windows/ui/control_ids.h"
 #include "windows/ui/gdi.h"
@@ -106,17 +104,11 @@ void SheetWindow::OnPaint() {
 // the tree a plain one.
 LRESULT SheetWindow::OnFramePaint(WPARAM wParam, LPARAM lParam) {
   const LRESULT result = Default(WM_NCPAINT, wParam, lParam);
-  if (IsAppThemed() == FALSE) return result;
   const HDC context = GetWindowDC(Handle());
   RECT frame{};
   GetWindowRect(Handle(), &frame);
   OffsetRect(&frame, -frame.left, -frame.top);
-  FrameRect(context, &frame, GetSysColorBrush(COLOR_BTNSHADOW));
-  InflateRect(&frame, -1, -1);
-  for (int edge = 1; edge < GetSystemMetrics(SM_CXEDGE); ++edge) {
-    FrameRect(context, &frame, GetSysColorBrush(COLOR_WINDOW));
-    InflateRect(&frame, -1, -1);
-  }
+  PaintFrame(context, Handle(), frame);
   ReleaseDC(Handle(), context);
   return result;
 }
