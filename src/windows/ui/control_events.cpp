@@ -82,7 +82,8 @@ void ControlWindow::SplitterEvent(SplitterAction action, std::int32_t pixels) {
 
 void ControlWindow::FocusEntered(HWND from) {
   children_->lastFocus = GetFocus();
-  if (from == Handle() || (from != nullptr && IsChild(Handle(), from) != FALSE)) return;
+  // The control's own window only passes the focus on, so from there it comes from outside.
+  if (from != nullptr && IsChild(Handle(), from) != FALSE) return;
   // A copy, because the call may end the control.
   const std::function<void()> handler = uiActivate_;
   if (handler) handler();

@@ -1,0 +1,41 @@
+// Answers message boxes while a test waits in them, and keeps what they said.
+// Exactly the boxes of this thread are answered; a box without an answer gets its default one.
+#pragma once
+
+#include <windows.h>
+
+#include <deque>
+#include <string>
+#include <vector>
+
+namespace pricedown::testing {
+
+class MessageBoxes {
+ public:
+  MessageBoxes();
+  ~MessageBoxes();
+  MessageBoxes(const MessageBoxes&) = delete;
+  MessageBoxes& operator=(const MessageBoxes&) = delete;
+
+  // The buttons to press in the next boxes: IDYES, IDNO, IDOK.
+  void WillPress(std::deque<int> buttons) { buttons_ = std::move(buttons); }
+
+  struct Shown {
+    std::string title;
+    std::string text;
+    HWND owner;
+  };
+  const std::vector<Shown>& All() const { return shown_; }
+
+ private:
+  static void CALLBACK OnTimer(HWND window, UINT message, UINT_PTR timer, DWORD time);
+  static BOOL CALLBACK OnWindow(HWND window, LPARAM self);
+  void Answer(HWND box);
+
+  UINT_PTR timer_;
+  std::deque<int> buttons_;
+  std::vector<Shown> shown_;
+  std::vector<HWND> answered_;
+};
+
+}  // namespace pricedown::testing
