@@ -1,0 +1,173 @@
+// Tests of arrays between values and variants: lists, and blocks that are read in place.
+// Simple variants are tested in from_variant_test.cpp.
+#include <gtest/gtest.h>
+
+#include "platform/cell_block.h"
+#include "tests/support/failure.h"
+#include "tests/support/memory_block.h"
+#include "tests/windows/raw_call.h"
+#include "windows/com/bstr.h"
+#include "windows/com/safe_array.h"
+#include "windows/com/safe_array_block.h"
+#include "windows/com/variant_value.h"
+
+namespace pricedown::testing {
+namespace {
+
+using windows::Bstr;
+using windows::SafeArray;
+using windows::Variant;
+
+// Two columns and three rows, the lower bounds not zero.
+SafeArray Table(VARTYPE type) {
+  SAFEARRAYBOUND bounds[] = {{2, 1}, {3, 5}};
+  SafeArray array;
+  array.attach(SafeArrayCreate(type, 2, bounds));
+  return array;
+}
+
+void Store(const SafeArray& array, LONG column, LONG row, void* element) {
+  LONG indexes[] = {column, row};
+  ASSERT_EQ(SafeArrayPutElement(array.get(), indexes, element), S_OK);
+}
+
+VARIANT Holding(const SafeArray& array, VARTYPE type) {
+  VARIANT variant = Nothing(static_cast<VARTYPE>(VT_ARRAY | type));
+  variant.parray = array.get();
+  return variant;
+}
+
+Variant Owning(SafeArray array, VARTYPE type) {
+  VARIANT variant = Holding(array, type);
+  array.release();
+  Variant owner;
+  owner.attach(variant);
+  return owner;
+}
+
+TEST(TwoDimensionalArray, IsABlockWithTheFirstDimensionAsColumn) {
+  SafeArray array = Table(VT_VARIANT);
+  VARIANT number = Number(12);
+  const Bstr text(u"物料");
+  VARIANT name = Text(text.get());
+  VARIANT null = Nothing(VT_NULL);
+  Store(array, 1, 5, &number);
+  Store(array, 2, 5, &name);
+  Store(array, 2, 7, &null);
+  const Value value = windows::TakeVariant(Owning(std::move(array), VT_VARIANT));
+  const CellBlock& block = *value.Block();
+  EXPECT_EQ(block.ColumnCount(), 2U);
+  EXPECT_EQ(block.RowCount(), 3U);
+  EXPECT_EQ(block.Cell(0, 0).kind, CellView::Kind::Number);
+  EXPECT_EQ(block.Cell(0, 0).number, 12);
+  EXPECT_EQ(block.Cell(1, 0).kind, CellView::Kind::Text);
+  EXPECT_EQ(Utf8(block.Cell(1, 0).text), "物料");
+  EXPECT_EQ(block.Cell(1, 2).kind, CellView::Kind::Null);
+  EXPECT_EQ(Readable(block.CellValue(1, 0)), R"("物料")");
+  EXPECT_EQ(Readable(block.CellValue(1, 2)), "Null");
+  EXPECT_EQ(Readable(block.CellValue(0, 1)), "Empty");
+}
+
+TEST(TwoDimensionalArray, IsReadInPlace) {
+  SafeArray array = Table(VT_VARIANT);
+  const Bstr text(u"物料");
+  VARIANT name = Text(text.get());
+  Store(array, 1, 5, &name);
+  VARIANT* first = nullptr;
+  ASSERT_EQ(SafeArrayAccessData(array.get(), reinterpret_cast<void**>(&first)), S_OK);
+  const void* characters = first->bstrVal;
+  SafeArrayUnaccessData(array.get());
+  const Value value = windows::TakeVariant(Owning(std::move(array), VT_VARIANT));
+  EXPECT_EQ(value.Block()->Cell(0, 0).text.data(), characters);
+}
+
+TEST(TwoDimensionalArray, OfTheCallersIsCopied) {
+  SafeArray array = Table(VT_I4);
+  LONG number = 4;
+  Store(array, 2, 6, &number);
+  const Value value = windows::FromVariant(Holding(array, VT_I4));
+  number = 5;
+  Store(array, 2, 6, &number);
+  EXPECT_EQ(value.Block()->Cell(1, 1).number, 4);
+  EXPECT_EQ(Readable(value.Block()->CellValue(1, 1)), "4");
+}
+
+TEST(TwoDimensionalArray, OfTextsIsABlockToo) {
+  SafeArray array = Table(VT_BSTR);
+  const Bstr text(u"甲");
+  Store(array, 1, 6, text.get());
+  const Value value = windows::FromVariant(Holding(array, VT_BSTR));
+  EXPECT_EQ(Utf8(value.Block()->Cell(0, 1).text), "甲");
+  EXPECT_EQ(value.Block()->Cell(0, 0).kind, CellView::Kind::Text);
+  EXPECT_EQ(value.Block()->Cell(0, 0).text, u"");
+}
+
+TEST(TwoDimensionalArray, WithoutRowsIsAnEmptyBlock) {
+  SAFEARRAYBOUND bounds[] = {{2, 0}, {0, 0}};
+  SafeArray array;
+  array.attach(SafeArrayCreate(VT_VARIANT, 2, bounds));
+  const Value value = windows::FromVariant(Holding(array, VT_VARIANT));
+  EXPECT_EQ(value.Block()->ColumnCount(), 2U);
+  EXPECT_EQ(value.Block()->RowCount(), 0U);
+}
+
+TEST(OneDimensionalArray, IsAList) {
+  SafeArray array;
+  array.attach(SafeArrayCreateVector(VT_VARIANT, 3, 2));
+  VARIANT number = Number(7);
+  LONG index = 4;
+  ASSERT_EQ(SafeArrayPutElement(array.get(), &index, &number), S_OK);
+  EXPECT_EQ(Readable(windows::FromVariant(Holding(array, VT_VARIANT))), "[Empty, 7]");
+}
+
+TEST(OneDimensionalArray, OfSimpleElementsIsAListToo) {
+  SafeArray array;
+  array.attach(SafeArrayCreateVector(VT_I2, 0, 1));
+  short number = 3;
+  LONG index = 0;
+  ASSERT_EQ(SafeArrayPutElement(array.get(), &index, &number), S_OK);
+  EXPECT_EQ(Readable(windows::FromVariant(Holding(array, VT_I2))), "[int16 3]");
+}
+
+TEST(MissingArray, IsAnEmptyList) {
+  EXPECT_EQ(Readable(windows::FromVariant(Holding(SafeArray(), VT_VARIANT))), "[]");
+}
+
+TEST(ThreeDimensionalArray, IsATypeMismatch) {
+  SAFEARRAYBOUND bounds[] = {{1, 0}, {1, 0}, {1, 0}};
+  SafeArray array;
+  array.attach(SafeArrayCreate(VT_VARIANT, 3, bounds));
+  EXPECT_EQ(FailureOf([&] { windows::FromVariant(Holding(array, VT_VARIANT)); }).substr(0, 8),
+            "80020005");
+}
+
+TEST(BlockOfTheCore, BecomesAnArrayOfVariants) {
+  const auto block = std::make_shared<MemoryBlock>(
+      2, std::vector<std::vector<Value>>{{u"甲", 1}, {Null{}, 2.5}, {true, u""}});
+  const Variant variant = windows::ToVariant(CellBlockPtr(block));
+  EXPECT_EQ(variant.get().vt, VT_ARRAY | VT_VARIANT);
+  const Value back = windows::FromVariant(variant.get());
+  ASSERT_EQ(back.Block()->ColumnCount(), 2U);
+  ASSERT_EQ(back.Block()->RowCount(), 3U);
+  for (std::size_t column = 0; column < 2; ++column) {
+    for (std::size_t row = 0; row < 3; ++row) {
+      EXPECT_EQ(back.Block()->CellValue(column, row), block->CellValue(column, row));
+    }
+  }
+}
+
+TEST(BlockOverAnArray, GoesOutAsACopyOfTheArray) {
+  SafeArray array = Table(VT_I4);
+  LONG number = 4;
+  Store(array, 2, 6, &number);
+  const Value value = windows::TakeVariant(Owning(std::move(array), VT_I4));
+  const Variant variant = windows::ToVariant(value);
+  EXPECT_EQ(variant.get().vt, VT_ARRAY | VT_I4);
+  LONG indexes[] = {2, 6};
+  LONG found = 0;
+  ASSERT_EQ(SafeArrayGetElement(variant.get().parray, indexes, &found), S_OK);
+  EXPECT_EQ(found, 4);
+}
+
+}  // namespace
+}  // namespace pricedown::testing

@@ -1,0 +1,178 @@
+// Tests of calls to late-bound objects of others.
+// Objects of our own that come back are tested in dispatch_object_test.cpp.
+#include "windows/com/com_object.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/support/failure.h"
+#include "tests/windows/com/stub_dispatch.h"
+#include "tests/windows/raw_call.h"
+#include "windows/com/boundary.h"
+#include "windows/com/bstr.h"
+#include "windows/com/variant_value.h"
+
+namespace pricedown::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using windows::Bstr;
+using windows::ComObject;
+using windows::ComPtr;
+using windows::MakeCom;
+
+// A stub and the core's view of it.
+struct Called {
+  explicit Called(StubDispatch::Behaviour behaviour = {})
+      : stub(MakeCom<StubDispatch>(std::move(behaviour))),
+        object(ComPtr<IDispatch>::Share(stub.get())) {}
+  ComPtr<StubDispatch> stub;
+  ComObject object;
+};
+
+TEST(CallingAnObject, SendsMethodAndGetWithAResult) {
+  Called called;
+  called.object.Call(u"Member", {1, u"甲", Missing{}});
+  EXPECT_THAT(called.stub->log,
+              ElementsAre("find Member", R"(7 flags 3 (1, "甲", Missing) result)"));
+}
+
+TEST(CallingAnObject, LooksANameUpOnce) {
+  Called called;
+  called.object.Call(u"Member");
+  called.object.Call(u"Member");
+  EXPECT_THAT(called.stub->log,
+              ElementsAre("find Member", "7 flags 3 () result", "7 flags 3 () result"));
+}
+
+TEST(CallingAnObject, PutsWithTheNamedArgument) {
+  Called called;
+  called.object.Put(u"Member", 5);
+  EXPECT_THAT(called.stub->log, ElementsAre("find Member", "7 flags 4 named -3 (5)"));
+}
+
+TEST(CallingAnObject, PutsAnIndexedDefaultMember) {
+  Called called;
+  called.object.PutIndexed(u"", u"key", u"value");
+  EXPECT_THAT(called.stub->log, ElementsAre(R"(0 flags 4 named -3 ("key", "value"))"));
+}
+
+TEST(CallingAnObject, SetsObjectsByReference) {
+  Called called;
+  called.object.PutReference(u"Member", nullptr);
+  EXPECT_THAT(called.stub->log, ElementsAre("find Member", "7 flags 8 named -3 (Nothing)"));
+}
+
+TEST(CallingAnObject, AnswersItsResult) {
+  Called called([](DISPPARAMS&, VARIANT* result, EXCEPINFO*) {
+    *result = Number(12);
+    return S_OK;
+  });
+  EXPECT_EQ(called.object.Call(u"Member"), Value(12));
+}
+
+TEST(CallingAnObject, PassesReferencesAsVariablesAndTakesThemBack) {
+  Called called([](DISPPARAMS& parameters, VARIANT*, EXCEPINFO*) {
+    EXPECT_EQ(parameters.rgvarg[0].vt, VT_BYREF | VT_VARIANT);
+    *parameters.rgvarg[0].pvarVal = Number(99);
+    return S_OK;
+  });
+  Value answer = u"";
+  called.object.Call(u"Member", {u"PropsString", Value::ByReference(answer)});
+  EXPECT_EQ(called.stub->log.back(), R"(7 flags 3 ("PropsString", variant& "") result)");
+  EXPECT_EQ(answer, Value(99));
+}
+
+TEST(CallingAnObject, NamesTheMemberThatItDoesNotHave) {
+  Called called;
+  EXPECT_EQ(FailureOf([&] { called.object.Call(u"Other"); }),
+            "80020006 对象不支持此属性或方法: Other");
+}
+
+TEST(CallingAnObject, TakesTheWordsOfAnException) {
+  Called called([](DISPPARAMS&, VARIANT*, EXCEPINFO* record) {
+    record->scode = static_cast<SCODE>(0x80040E14);
+    record->bstrDescription = Bstr(u"语法错误").release();
+    record->bstrSource = Bstr(u"ZEPConnection").release();
+    return DISP_E_EXCEPTION;
+  });
+  try {
+    called.object.Call(u"Member");
+    FAIL() << "no exception";
+  } catch (const AutomationError& error) {
+    EXPECT_EQ(Hexadecimal(error.Number()), "80040E14");
+    EXPECT_EQ(Utf8(error.Description()), "语法错误");
+    EXPECT_EQ(Utf8(error.Source()), "ZEPConnection");
+  }
+}
+
+TEST(CallingAnObject, TakesTheErrorNumberOfABasicServer) {
+  Called called([](DISPPARAMS&, VARIANT*, EXCEPINFO* record) {
+    record->wCode = 91;
+    record->bstrDescription = Bstr(u"object not set").release();
+    return DISP_E_EXCEPTION;
+  });
+  EXPECT_EQ(FailureOf([&] { called.object.Call(u"Member"); }), "800A005B object not set");
+}
+
+TEST(CallingAnObject, RunsTheDeferredFillIn) {
+  Called called([](DISPPARAMS&, VARIANT*, EXCEPINFO* record) {
+    record->pfnDeferredFillIn = [](EXCEPINFO* deferred) -> HRESULT {
+      deferred->scode = E_ACCESSDENIED;
+      deferred->bstrDescription = Bstr(u"later").release();
+      return S_OK;
+    };
+    return DISP_E_EXCEPTION;
+  });
+  EXPECT_EQ(FailureOf([&] { called.object.Call(u"Member"); }), "80070005 later");
+}
+
+TEST(CallingAnObject, TakesErrorInfoBesideAPlainCode) {
+  Called called([](DISPPARAMS&, VARIANT*, EXCEPINFO*) {
+    return windows::PublishFailure({E_OUTOFMEMORY, u"太大", u"suite"}, IID_IDispatch);
+  });
+  EXPECT_EQ(FailureOf([&] { called.object.Call(u"Member"); }), "8007000E 太大");
+}
+
+TEST(CallingAnObject, HasTheSystemsWordsWhereTheServerHasNone) {
+  Called called([](DISPPARAMS&, VARIANT*, EXCEPINFO*) { return E_ACCESSDENIED; });
+  const std::string failure = FailureOf([&] { called.object.Call(u"Member"); });
+  EXPECT_EQ(failure.substr(0, 8), "80070005");
+  EXPECT_GT(failure.size(), 10U);
+}
+
+TEST(CallingAnObject, LeavesReferencesAloneWhenTheCallFails) {
+  Called called([](DISPPARAMS& parameters, VARIANT*, EXCEPINFO*) {
+    *parameters.rgvarg[0].pvarVal = Number(99);
+    return E_FAIL;
+  });
+  Value answer = 1;
+  FailureOf([&] { called.object.Call(u"Member", {Value::ByReference(answer)}); });
+  EXPECT_EQ(answer, Value(1));
+}
+
+TEST(CallingAnObject, SurvivesItsOwnReleaseDuringTheCall) {
+  std::shared_ptr<ComObject> object;
+  const auto stub = MakeCom<StubDispatch>([&](DISPPARAMS&, VARIANT* result, EXCEPINFO*) {
+    object.reset();
+    *result = Number(3);
+    return S_OK;
+  });
+  object = std::make_shared<ComObject>(ComPtr<IDispatch>::Share(stub.get()));
+  AutomationObject& called = *object;
+  EXPECT_EQ(called.Invoke(7, Access::Call, {}), Value(3));
+}
+
+TEST(CallingAnObject, KeepsNoReferenceAfterwards) {
+  const auto stub = MakeCom<StubDispatch>([](DISPPARAMS&, VARIANT*, EXCEPINFO*) { return S_OK; });
+  {
+    ComObject object(ComPtr<IDispatch>::Share(stub.get()));
+    Value target = ObjectPtr();
+    object.Call(u"Member", {windows::FromDispatch(stub.get()), Value::ByReference(target)});
+  }
+  stub->AddRef();
+  EXPECT_EQ(stub->Release(), 1U);
+}
+
+}  // namespace
+}  // namespace pricedown::testing

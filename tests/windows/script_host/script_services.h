@@ -1,0 +1,35 @@
+// What scripts may call without a prefix: Print, Check, CheckEqual, HostControl, CloseWindows.
+// Creating objects by ProgID is the script language's own.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/local_object.h"
+
+namespace pricedown::testing {
+
+class ScriptServices : public LocalObject<ScriptServices> {
+ public:
+  ~ScriptServices() override { CloseWindows(); }
+
+  int FailedChecks() const { return failedChecks_; }
+
+  // Prints a line in UTF-8.
+  void Print(std::u16string_view text);
+  // Prints "ok" or "FAILED" and the name.
+  void Check(std::u16string_view name, bool holds);
+  // A control in the system's container, in a visible window with that caption.
+  Value HostControl(std::u16string_view progId, std::u16string_view caption);
+  void CloseWindows();
+
+  static std::span<const Member<ScriptServices>> Members();
+
+ private:
+  int failedChecks_ = 0;
+  std::vector<HWND> windows_;
+};
+
+}  // namespace pricedown::testing
