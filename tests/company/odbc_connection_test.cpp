@@ -7,10 +7,11 @@
 #endif
 #include <sql.h>
 #include <sqlext.h>
+#include <sqlucode.h>
 
+#include <algorithm>
 #include <array>
 #include <clocale>
-#include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -31,12 +32,13 @@ bool HasDriver() {
   if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &environment))) return false;
   SQLSetEnvAttr(environment, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
   bool found = false;
-  std::array<SQLCHAR, 256> name{};
+  std::array<SQLWCHAR, 256> name{};
   SQLUSMALLINT direction = SQL_FETCH_FIRST;
-  while (!found && SQL_SUCCEEDED(SQLDrivers(environment, direction, name.data(),
-                                            static_cast<SQLSMALLINT>(name.size()), nullptr, nullptr,
-                                            0, nullptr))) {
-    found = std::string_view(reinterpret_cast<const char*>(name.data())) == kDriver;
+  while (!found && SQL_SUCCEEDED(SQLDriversW(environment, direction, name.data(),
+                                             static_cast<SQLSMALLINT>(name.size()), nullptr,
+                                             nullptr, 0, nullptr))) {
+    const auto end = std::find(name.begin(), name.end(), SQLWCHAR{0});
+    found = Utf8FromUtf16(std::u16string(name.begin(), end)) == kDriver;
     direction = SQL_FETCH_NEXT;
   }
   SQLFreeHandle(SQL_HANDLE_ENV, environment);
@@ -49,29 +51,21 @@ class OdbcDatabase : public ::testing::Test {
  protected:
   void SetUp() override {
     if (!HasDriver()) GTEST_SKIP() << "no ODBC driver named " << kDriver << " on this machine";
-    // The driver converts texts by the locale's character set.
+#ifndef _WIN32
+    // The driver converts texts by the locale's character set; under Wine that is the
+    // environment's.
     ASSERT_NE(std::setlocale(LC_ALL, "C.UTF-8"), nullptr);
-    path_ =
-        std::filesystem::temp_directory_path() /
-        ("company-test-odbc-" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()) +
-         ::testing::UnitTest::GetInstance()->current_test_info()->name() + ".db");
-    std::filesystem::remove(path_);
-    connection_ = OpenConnection(Location());
+#endif
+    connection_ = OpenConnection(std::string("DRIVER=") + kDriver + ";Database=:memory:");
   }
 
   void TearDown() override {
     connection_.reset();
     std::setlocale(LC_ALL, "C");
-    if (!path_.empty()) std::filesystem::remove(path_);
-  }
-
-  std::string Location() const {
-    return std::string("DRIVER=") + kDriver + ";Database=" + path_.string();
   }
 
   ResultSet Execute(std::string_view text) { return connection_->Execute(Utf16FromUtf8(text)); }
 
-  std::filesystem::path path_;
   std::unique_ptr<Connection> connection_;
 };
 

@@ -52,6 +52,19 @@ TEST(ResultSet, TellsKindsApart) {
   EXPECT_EQ(result.At(1, 1).Number(), 12.5);
 }
 
+TEST(ResultSet, KeepsARepeatedTextOnce) {
+  ResultSet result = TwoColumns();
+  for (const char* text : {"", "a", "", "a", "a", "b", "a"}) {
+    result.AddRow();
+    result.SetUtf8Text(0, text);
+    result.SetUtf8Text(1, "b");
+  }
+  EXPECT_EQ(testing::RowsOf(result),
+            "''|'b'\n'a'|'b'\n''|'b'\n'a'|'b'\n'a'|'b'\n'b'|'b'\n'a'|'b'\n");
+  EXPECT_EQ(result.At(3, 0).Text().data(), result.At(4, 0).Text().data());
+  EXPECT_EQ(result.At(0, 1).Text().data(), result.At(6, 1).Text().data());
+}
+
 TEST(ResultSet, KeepsTextsWhereTheyAre) {
   ResultSet result = TwoColumns();
   std::vector<std::u16string_view> seen;

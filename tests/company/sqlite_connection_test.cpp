@@ -3,10 +3,12 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <memory>
 #include <string>
+#include <thread>
 
 #include "tests/company/company_file.h"
 #include "workbench/company/utf.h"
@@ -171,6 +173,19 @@ TEST_F(SqliteCompany, ReadsWhileAnotherConnectionIsWriting) {
   EXPECT_EQ(company_.RefusalNumber(delete_ + Insert("1", "x")), 1222);
   ASSERT_EQ(sqlite3_exec(other.Database(), "COMMIT", nullptr, nullptr, nullptr), SQLITE_OK);
   EXPECT_EQ(company_.Rows("select FUserID from t_user"), "7\n");
+}
+
+TEST_F(SqliteCompany, WaitsForTheLockOfAnotherConnection) {
+  SqliteConnection other(company_.Path());
+  ASSERT_EQ(sqlite3_exec(other.Database(), "BEGIN IMMEDIATE", nullptr, nullptr, nullptr),
+            SQLITE_OK);
+  std::thread writer([&other] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    sqlite3_exec(other.Database(), "COMMIT", nullptr, nullptr, nullptr);
+  });
+  EXPECT_EQ(company_.Refusal(delete_ + Insert("1", "x")), "");
+  writer.join();
+  EXPECT_EQ(Classes(), "1|'x'\n");
 }
 
 TEST_F(SqliteCompany, LeavesATransactionOfTheCallerOpen) {

@@ -16,8 +16,8 @@ std::size_t CommonStart(std::string_view left, std::string_view right) noexcept 
   const std::size_t size = left.size() < right.size() ? left.size() : right.size();
   std::size_t done = 0;
   while (done + 8 <= size) {
-    std::uint64_t leftWord;
-    std::uint64_t rightWord;
+    std::uint64_t leftWord = 0;
+    std::uint64_t rightWord = 0;
     std::memcpy(&leftWord, left.data() + done, sizeof leftWord);
     std::memcpy(&rightWord, right.data() + done, sizeof rightWord);
     if (leftWord != rightWord) break;

@@ -13,7 +13,7 @@ namespace {
 
 // In code units. Small results stay small, big ones soon reach the biggest chunk.
 constexpr std::size_t kSmallestChunk = 512;
-constexpr std::size_t kBiggestChunk = 512 * 1024;
+constexpr std::size_t kBiggestChunk = 1 << 19;
 
 bool EqualsIgnoringCase(std::u16string_view left, std::u16string_view right) noexcept {
   return std::equal(left.begin(), left.end(), right.begin(), right.end(),

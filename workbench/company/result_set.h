@@ -53,7 +53,7 @@ class Cell {
   friend class ResultSet;
 
   // Left unset until its row is added.
-  Cell() noexcept {}
+  Cell() = default;
 
   union {
     std::int64_t integer_;

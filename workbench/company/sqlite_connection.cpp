@@ -81,8 +81,6 @@ SqliteConnection::SqliteConnection(std::string_view path) {
   }
   sqlite3_extended_result_codes(opened, 1);
   sqlite3_busy_timeout(opened, kLockWaitMilliseconds);
-  // A name in quotes is a name and never silently a text.
-  sqlite3_db_config(opened, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   RegisterServerText(opened);
   // Readers and a writer do not wait for each other; a file that cannot have it works without.
   const int journal = sqlite3_exec(opened, "PRAGMA journal_mode=WAL", nullptr, nullptr, nullptr);

@@ -85,9 +85,11 @@ std::string TextOf(const Token& token) {
   std::u16string_view rest = token.source.substr(quote + 1, token.source.size() - quote - 2);
   std::string text;
   text.reserve(rest.size());
-  for (std::size_t end; (end = rest.find(u'\'')) != std::u16string_view::npos;) {
-    AppendUtf8(text, rest.substr(0, end + 1));
-    rest.remove_prefix(end + 2);
+  std::size_t doubled = rest.find(u'\'');
+  while (doubled != std::u16string_view::npos) {
+    AppendUtf8(text, rest.substr(0, doubled + 1));
+    rest.remove_prefix(doubled + 2);
+    doubled = rest.find(u'\'');
   }
   AppendUtf8(text, rest);
   return text;

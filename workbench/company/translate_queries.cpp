@@ -249,7 +249,7 @@ std::string Translator::ParseOrderBy(const Query& query, bool isCompound) {
 std::string Translator::ParseOrderTerm(const Query& query, bool isCompound) {
   const Token first = cursor_.Current();
   if (first.kind == TokenKind::Number) {
-    const std::string digits = Utf8FromUtf16(cursor_.Take().source);
+    std::string digits = Utf8FromUtf16(cursor_.Take().source);
     std::size_t position = 0;
     const auto [end, error] =
         std::from_chars(digits.data(), digits.data() + digits.size(), position);

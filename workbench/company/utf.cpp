@@ -31,7 +31,7 @@ void AppendCodePoint(std::string& target, char32_t point) {
 std::size_t CopyAsciiRun(const unsigned char* text, std::size_t size, char16_t* target) noexcept {
   std::size_t done = 0;
   while (done + 8 <= size) {
-    std::uint64_t word;
+    std::uint64_t word = 0;
     std::memcpy(&word, text + done, sizeof word);
     if ((word & 0x8080808080808080U) != 0) break;
     for (std::size_t i = 0; i < 8; ++i) target[done + i] = text[done + i];
