@@ -119,7 +119,7 @@ TEST_F(Services, CalendarAnswersTheFirstDayOfAPeriod) {
 }
 
 TEST_F(Services, CalendarFollowsTheCompanysNumberOfPeriods) {
-  suite_->SetProfile(u"GL", u"PeriodCount", u"13");
+  suite_->SetProfile(u"General", u"PeriodCount", u"13");
   const ObjectPtr info = Create(u"ZEPCBSSystemData.AisInfo");
   EXPECT_EQ("13", Readable(info->Get(u"CBGetPeriodCount")));
   EXPECT_EQ(

@@ -56,7 +56,7 @@ std::span<const Member<SystemProfile>> SystemProfile::Members() {
 }
 
 std::int32_t AisInfo::PeriodCount() {
-  const Value count = suite_->Profile(u"GL", u"PeriodCount");
+  const Value count = suite_->Profile(u"General", u"PeriodCount");
   return count.IsNothing() ? 12 : ToInt32(count);
 }
 
