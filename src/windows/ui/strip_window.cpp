@@ -19,9 +19,10 @@ namespace {
 
 // Pixels at 96 dpi.
 constexpr int kSeparatorWidth = 8;
-constexpr int kButtonMargin = 8;  // left and right of picture and caption
+constexpr int kButtonMargin = 6;  // left and right of picture and caption
 constexpr int kPictureGap = 6;    // between the two
-constexpr int kHeightMargin = 6;  // above and below together
+// What tool bars leave above and below a picture together, at every resolution.
+constexpr int kHeightMargin = 6;
 constexpr int kNoButton = -1;
 
 int IdOf(std::size_t position) { return control_ids::kFirstButton + static_cast<int>(position); }
@@ -79,7 +80,7 @@ void StripWindow::AddButtons() {
 
 int StripWindow::ButtonHeight() const {
   if (Handle() == nullptr || font_ == nullptr) return 0;
-  return std::max(IconSize(dpi_), LineHeight(Handle(), font_)) + dpi_.Scale(kHeightMargin);
+  return std::max(IconSize(dpi_), LineHeight(Handle(), font_)) + kHeightMargin;
 }
 
 // As wide as picture and caption need. The system's own sizes differ between its releases and leave
@@ -87,8 +88,7 @@ int StripWindow::ButtonHeight() const {
 void StripWindow::SizeButtons() {
   if (Handle() == nullptr || font_ == nullptr) return;
   const int size = IconSize(dpi_);
-  SendMessageW(Handle(), TB_SETPADDING, 0,
-               MAKELPARAM(2 * dpi_.Scale(kButtonMargin), ButtonHeight() - size));
+  SendMessageW(Handle(), TB_SETLISTGAP, static_cast<WPARAM>(dpi_.Scale(kPictureGap)), 0);
   SendMessageW(Handle(), TB_SETBUTTONSIZE, 0, MAKELPARAM(size, ButtonHeight()));
   const WindowContext context(Handle());
   for (std::size_t position = 1; position <= kStripButtons.size(); ++position) {
