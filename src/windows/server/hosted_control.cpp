@@ -44,7 +44,9 @@ void HostedControl::NewSession() {
     return std::make_shared<Held>(Held{session_, ComPtr<IUnknown>::Share(&self_)});
   });
   window.OnUiActivate([this] {
-    if (activation_.IsActive()) activation_.ActivateUi(activeObject_, Window(), false);
+    const auto hold = ComPtr<IUnknown>::Share(&self_);
+    const auto session = session_;
+    if (activation_.IsActive()) activation_.ActivateUi(activeObject_, session->Window(), false);
   });
   FitParkedWindow();
 }

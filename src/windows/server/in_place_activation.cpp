@@ -24,7 +24,7 @@ void InPlaceActivation::Activate(IOleClientSite& client, ControlWindow& window) 
     ShowWindow(window.Handle(), SW_SHOW);
     return;
   }
-  auto site = ComPtr<IOleClientSite>::Share(&client).As<IOleInPlaceSite>();
+  const auto site = ComPtr<IOleClientSite>::Share(&client).As<IOleInPlaceSite>();
   if (!site) ThrowIfFailed(E_NOINTERFACE);
   if (site->CanInPlaceActivate() != S_OK) {
     throw AutomationError(OLE_E_NOT_INPLACEACTIVE, u"容器拒绝激活控件");
@@ -35,10 +35,14 @@ void InPlaceActivation::Activate(IOleClientSite& client, ControlWindow& window) 
   RECT clip{};
   OLEINPLACEFRAMEINFO info{};
   info.cb = sizeof info;
-  ThrowIfFailed(site->OnInPlaceActivate());
-  site_ = std::move(site);
+  site_ = site.Copy();
+  if (const HRESULT told = site->OnInPlaceActivate(); FAILED(told)) {
+    site_.attach(nullptr);
+    ThrowIfFailed(told);
+  }
+  if (!IsActive()) return;
   const HRESULT context =
-      site_.Copy()->GetWindowContext(frame_.put(), document_.put(), &position, &clip, &info);
+      site->GetWindowContext(frame_.put(), document_.put(), &position, &clip, &info);
   if (!IsActive()) return;
   if (FAILED(context)) {
     Deactivate(&client, window);
