@@ -36,8 +36,8 @@ class ControlWindow final : public PriceDownView,
   ControlWindow(const ControlWindow&) = delete;
   ControlWindow& operator=(const ControlWindow&) = delete;
 
-  // Window events go to `control` and its sheet is shown; null detaches. Requires: detached
-  // before `control` dies.
+  // Window events go to `control` and its sheet is shown; null detaches, which cannot fail.
+  // Requires: detached before `control` dies.
   void Attach(PriceDown* control);
   // Called before an event goes to the core; the answer is held until the event is over. An
   // event may end with the host closing everything, so the answer must keep the control, this

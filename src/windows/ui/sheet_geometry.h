@@ -14,6 +14,9 @@ class SheetGeometry {
   // `lineHeight` is that of the cells' font; no row gets lower than it needs.
   void Update(const Sheet& sheet, int dpi, int lineHeight);
 
+  // No columns.
+  void Clear() { edges_.resize(1); }
+
   std::int32_t Columns() const { return static_cast<std::int32_t>(edges_.size()) - 1; }
   // Requires: 1 <= column <= Columns().
   int Left(std::int32_t column) const { return edges_[static_cast<std::size_t>(column) - 1]; }

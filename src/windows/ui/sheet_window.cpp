@@ -37,8 +37,15 @@ void SheetWindow::Show(Sheet* sheet) {
   editor_.Cancel();
   sheet_ = sheet;
   selection_ = {};
-  if (sheet_ != nullptr) sheet_->Attach(this);
-  TakeAppearance();
+  if (sheet_ != nullptr) {
+    sheet_->Attach(this);
+    TakeAppearance();
+  } else if (Handle() != nullptr) {
+    // Nothing that could fail: this is also how the sheet's owner ends.
+    geometry_.Clear();
+    scroll_.Update(Handle(), geometry_, 0);
+    Invalidate();
+  }
 }
 
 void SheetWindow::TakeAppearance() {
