@@ -1,8 +1,7 @@
-// The windows of the browser and the screen, recorded: each call is one line of the log.
+// The windows of the browser, recorded: each call is one line of the log.
 // They share count and failure switch with the suite's objects; they decide nothing.
 #pragma once
 
-#include <functional>
 #include <map>
 #include <string>
 #include <utility>
@@ -10,8 +9,8 @@
 #include "browser/class_tree_view.h"
 #include "browser/display_font.h"
 #include "browser/sheet.h"
-#include "env/screen.h"
 #include "platform/error.h"
+#include "tests/env/recording_screen.h"
 #include "tests/support/recorder.h"
 #include "tests/support/utf8.h"
 
@@ -23,33 +22,6 @@ inline std::string FontInLog(const Font& font) {
   return Utf8(font.name) + " " + NumberInLog(font.size) + (font.bold ? " bold" : "") +
          (font.italic ? " italic" : "");
 }
-
-// Log lines: screen pointer 11, screen messages.
-class RecordingScreen : public Screen {
- public:
-  explicit RecordingScreen(RecorderPtr recorder) : recorder_(std::move(recorder)) {}
-
-  void SetMousePointer(MousePointer shown) override {
-    recorder_->Call("screen pointer " + std::to_string(static_cast<int>(shown)), u"screen");
-    pointer = shown;
-  }
-  void RunPendingMessages() override {
-    recorder_->Call("screen messages", u"screen");
-    if (onMessages) onMessages();
-  }
-  double TwipsPerPixelY() const override {
-    recorder_->QuietCall("screen resolution", u"screen");
-    return twipsPerPixel;
-  }
-
-  MousePointer pointer = MousePointer::Default;
-  double twipsPerPixel = 15;
-  // What the user does while messages run.
-  std::function<void()> onMessages;
-
- private:
-  RecorderPtr recorder_;
-};
 
 // Log lines: tree clear, tree insert 2 under 1 "01(原料)", tree select 2, tree redraw off.
 class RecordingTreeView : public ClassTreeView {

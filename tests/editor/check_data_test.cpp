@@ -94,7 +94,7 @@ TEST_P(Percentages, AreChecked) {
   world.view.Type(FormField::Percentage, GetParam().text);
   world.log.Clear();
   const bool passes = world.form.CheckData();
-  EXPECT_EQ(passes, GetParam().message == nullptr);
+  ASSERT_EQ(passes, GetParam().message == nullptr);
   EXPECT_EQ(world.form.State().saved, passes);
   if (passes) {
     EXPECT_EQ(world.log.Count("focus txtPencent"), 0u);

@@ -60,10 +60,10 @@ struct EditorWorld {
   CallLog log;
   RecordingFactory factory{log};
   RecordingQuestions questions{log};
-  RecordingScreen screen{log};
+  RecordingScreen screen{factory.GetRecorder()};
   ProcessState state;
   Environment environment{factory, state, questions, screen, u"Host"};
-  RecordingFormView view{log, factory};
+  RecordingFormView view{log};
   RecordingGridView grid{log};
   ItemClassForm form{environment, view, grid};
 };

@@ -39,7 +39,6 @@ TEST_F(ItemClassFormTest, LoadsForANewClassWithEmptyFields) {
       create ZEPPropsMgr.ShareProps
       ZEPPropsMgr.ShareProps.GetProperty("PropsString", ref Empty)
       release ZEPPropsMgr.ShareProps
-      release form
       column 1 width 2000
       column 2 width 2500
       column 3 width 2800
@@ -167,6 +166,7 @@ TEST_F(ItemClassFormTest, LoadsTheTextsOfOtherLanguagesUnderItsKey) {
       .On(u"LoadFrmResStrings", Reply(Value()));
   Environment foreign(other, state, questions, screen, u"Host");
   ItemClassForm foreignForm(foreign, view, grid);
+  view.formObject = other.NewObject(u"form");
   foreignForm.SetMode(kAddMode);
   foreignForm.SetMemberList(Members({}, {}));
   log.Clear();

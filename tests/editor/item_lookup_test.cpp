@@ -140,7 +140,7 @@ TEST_F(ItemLookup, AppendsSeveralItemsInTheOrderChosen) {
       rivet.Properties("FName")
       rivet.Properties("FModel")
       release rivet
-      run pending messages
+      screen messages
       release chosen
       release result
       rows 5
@@ -316,7 +316,7 @@ TEST_F(ItemLookup, KeepsTheRowsBeforeAnItemThatFails) {
 TEST_F(ItemLookup, StopsWhenTheFormIsClosedWhileMessagesArePending) {
   ChooseBoth(factory);
   OpenForEdit();
-  screen.pendingMessages = [this] { form.CloseByFrame(); };
+  screen.onMessages = [this] { form.CloseByFrame(); };
   form.ToolClicked(u"AddItem");
   EXPECT_EQ(log.Count("reload"), 0u);
   state.ledgerView.reset();

@@ -1,33 +1,41 @@
-// The screen in a test: logs what is asked of it.
+// The screen in a test: logs what is asked of it, and can fail.
 // There is no window and no pointer behind it.
 #pragma once
 
 #include <functional>
 #include <string>
+#include <utility>
 
 #include "env/screen.h"
-#include "tests/support/call_log.h"
+#include "tests/support/recorder.h"
 
 namespace pricedown::testing {
 
+// Log lines: screen pointer 11, screen messages.
 class RecordingScreen : public Screen {
  public:
-  explicit RecordingScreen(CallLog log) : log_(std::move(log)) {}
+  explicit RecordingScreen(RecorderPtr recorder) : recorder_(std::move(recorder)) {}
 
-  void SetMousePointer(MousePointer pointer) override {
-    log_.Add("pointer " + std::to_string(static_cast<int>(pointer)));
+  void SetMousePointer(MousePointer shown) override {
+    recorder_->Call("screen pointer " + std::to_string(static_cast<int>(shown)), u"screen");
+    pointer = shown;
   }
   void RunPendingMessages() override {
-    log_.Add("run pending messages");
-    if (pendingMessages) pendingMessages();
+    recorder_->Call("screen messages", u"screen");
+    if (onMessages) onMessages();
   }
-  double TwipsPerPixelY() const override { return 15; }
+  double TwipsPerPixelY() const override {
+    recorder_->QuietCall("screen resolution", u"screen");
+    return twipsPerPixel;
+  }
 
-  // What the user does while pending messages run.
-  std::function<void()> pendingMessages;
+  MousePointer pointer = MousePointer::Default;
+  double twipsPerPixel = 15;
+  // What the user does while messages run.
+  std::function<void()> onMessages;
 
  private:
-  CallLog log_;
+  RecorderPtr recorder_;
 };
 
 }  // namespace pricedown::testing

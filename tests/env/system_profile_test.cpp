@@ -15,8 +15,8 @@ using namespace pricedown::testing;
 constexpr std::u16string_view kProfile = u"ZEPEBSBase.SystemProfile";
 constexpr std::u16string_view kCalendar = u"ZEPCBSSystemData.AisInfo";
 
-// A company in the given period, with twelve periods per year.
-void InPeriod(RecordingFactory& factory, Value year, Value period) {
+// A company in the given period, with twelve periods per year unless told otherwise.
+void InPeriod(RecordingFactory& factory, Value year, Value period, std::int32_t periodCount = 12) {
   SetProperties(factory, u"P=1");
   factory.Object(kProfile)
       .On(u"GetProfile", R"("P=1", "ic", "CurrentYear")", Reply(year))
@@ -25,7 +25,7 @@ void InPeriod(RecordingFactory& factory, Value year, Value period) {
       .On(u"GetProfile", R"("P=1", "IC", "CurrentPeriod")", Reply(std::move(period)));
   factory.Object(kCalendar)
       .AllowPut(u"PropsString")
-      .On(u"CBGetPeriodCount", Reply(12))
+      .On(u"CBGetPeriodCount", Reply(periodCount))
       .On(u"GetPeriodDate", Reply::From([](std::span<Value> arguments) {
             return Value(FromUtf8(Arguments(arguments)));
           }));
@@ -183,6 +183,15 @@ TEST_F(CurrentPeriod, WithoutACalendarKeepsYearAndPeriod) {
             NumberOf(ErrorNumber::CannotCreateObject));
   EXPECT_EQ(state.currentYear, 2008);
   EXPECT_EQ(state.currentPeriod, 3);
+}
+
+TEST_F(CurrentPeriod, EndsAYearWhereTheCalendarSaysSo) {
+  InPeriod(factory, u"2008", u"4", 4);
+  ReadCurrentPeriod(factory, state);
+  EXPECT_EQ(Utf8(state.followingPeriodStart), "2009, 1");
+  InPeriod(factory, u"2008", u"12", 13);
+  ReadCurrentPeriod(factory, state);
+  EXPECT_EQ(Utf8(state.followingPeriodStart), "2008, 13");
 }
 
 }  // namespace

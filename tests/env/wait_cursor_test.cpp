@@ -23,23 +23,23 @@ class WaitCursorTest : public ::testing::Test {
   }
 
   CallLog log;
-  RecordingScreen screen{log};
+  RecordingScreen screen{std::make_shared<Recorder>(log)};
 };
 
 TEST_F(WaitCursorTest, ShowsTheHourglassForItsLifetime) {
   EXPECT_EQ(LeaveEarly(false), 2);
   EXPECT_EQ(log.Text(), Lines(R"(
-      pointer 11
+      screen pointer 11
       work
-      pointer 0
+      screen pointer 0
       )"));
 }
 
 TEST_F(WaitCursorTest, RestoresThePointerOnAnEarlyReturn) {
   EXPECT_EQ(LeaveEarly(true), 1);
   EXPECT_EQ(log.Text(), Lines(R"(
-      pointer 11
-      pointer 0
+      screen pointer 11
+      screen pointer 0
       )"));
 }
 
@@ -51,8 +51,8 @@ TEST_F(WaitCursorTest, RestoresThePointerWhenAnErrorIsThrown) {
       },
       std::runtime_error);
   EXPECT_EQ(log.Text(), Lines(R"(
-      pointer 11
-      pointer 0
+      screen pointer 11
+      screen pointer 0
       )"));
 }
 
@@ -60,9 +60,9 @@ TEST_F(WaitCursorTest, DoesNotNest) {
   WaitCursor outer(screen);
   { WaitCursor inner(screen); }
   EXPECT_EQ(log.Text(), Lines(R"(
-      pointer 11
-      pointer 11
-      pointer 0
+      screen pointer 11
+      screen pointer 11
+      screen pointer 0
       )"));
 }
 
