@@ -184,6 +184,15 @@ TEST_F(Show, LocksTheGridForADataScopeOfZero) {
   EXPECT_TRUE(world_.control->ItemSheet().IsLocked(4, 2));
 }
 
+TEST_F(Show, LocksTheRowsThatTheGridHoldsBeforeANodeIsSelected) {
+  world_.company.grantedMasks = " 1048576 ";
+  world_.company.nodeSetting = u"";
+  Initialize();
+  world_.control->ItemSheet().SetMaxRows(1);
+  world_.control->Show(nullptr);
+  EXPECT_TRUE(world_.control->ItemSheet().IsLocked(4, 1));
+}
+
 TEST_F(Show, ListsAllItemsUnderTheRootWhenProvisionsAreKeptByItem) {
   world_.company.mode = u"2";
   world_.company.nodeSetting = u"gc0";

@@ -43,6 +43,13 @@ TEST(Splitter, StaysInsideItsLimits) {
   EXPECT_EQ(splitter.BarPosition(), 1680);
 }
 
+TEST(Splitter, KeepsAPositionThatWasSetWhenNoDragEnds) {
+  Splitter splitter;
+  splitter.SetPosition(5000);
+  EXPECT_EQ(splitter.End(), 5000);
+  EXPECT_EQ(splitter.Position(), 5000);
+}
+
 TEST(Splitter, IgnoresMovesWithoutADrag) {
   Splitter splitter;
   splitter.MoveTo(500, kWidth);
