@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <string>
 
-#include "platform/cell_text.h"
 #include "env/translation.h"
+#include "platform/cell_text.h"
 #include "platform/error.h"
 #include "platform/row_reader.h"
 #include "platform/skip.h"

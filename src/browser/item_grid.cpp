@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/cell_text.h"
 #include "browser/class_tree.h"
 #include "env/translation.h"
+#include "platform/cell_text.h"
 #include "platform/error.h"
 #include "platform/row_reader.h"
 #include "platform/text.h"
@@ -62,7 +62,7 @@ void ItemGrid::LoadItemGrid(std::u16string_view nodeKey) {
     description = FromUtf8(error.what());
   }
   environment_.state.loading = false;
-  environment_.messages.Inform(description);
+  environment_.messages.Inform(Translate(description));
 }
 
 void ItemGrid::Fill(std::u16string_view nodeKey) {
