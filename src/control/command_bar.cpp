@@ -87,6 +87,10 @@ std::shared_ptr<BarTool> CommandBar::Tool(std::u16string_view name) const {
 std::shared_ptr<BarTool> CommandBar::Add(BarTool::Definition definition) {
   if (auto present = Tool(definition.name)) return present;
   auto tool = std::make_shared<BarTool>(std::move(definition));
+  // What these show is visible until a host says otherwise.
+  if (tool->Fixed().name == kToolStripTool || tool->Fixed().name == kStatusBarTool) {
+    tool->SetChecked(true);
+  }
   tool->OnChange(change_);
   tools_.push_back(tool);
   return tool;

@@ -13,9 +13,6 @@ namespace {
 constexpr std::int32_t kRightsObjectType = 1002;
 constexpr std::int32_t kRightsObjectNumber = 35;
 
-constexpr std::u16string_view kToolStripTool = u"iToolBar";
-constexpr std::u16string_view kStatusBarTool = u"mnuViewStatusBar";
-
 struct StripCommand {
   std::u16string_view key;
   std::int32_t accessMask;
@@ -49,16 +46,21 @@ void PriceDown::BarToolClicked(const ObjectPtr& tool) {
   } else if (key == u"iRefresh") {
     tree_.RefreshCurrentNode();
   } else if (key == kInsertTool) {
-    StripButtonClicked(u"Add");
+    ClassToolClicked(key, u"Add");
   } else if (key == kEditTool) {
-    StripButtonClicked(u"Edit");
+    ClassToolClicked(key, u"Edit");
   } else if (key == kCutTool) {
-    StripButtonClicked(u"Del");
+    ClassToolClicked(key, u"Del");
   } else if (key == kStatusBarTool) {
     // The host has changed its state; the control only follows it.
     TakeCheckedState(clicked, kStatusBarTool);
     LayOut();
   }
+}
+
+// A host may forward a click on a tool that it shows enabled although the bar's is not.
+void PriceDown::ClassToolClicked(std::u16string_view tool, std::u16string_view button) {
+  if (bar_->Tool(tool)->Enabled()) StripButtonClicked(button);
 }
 
 void PriceDown::StripButtonClicked(std::u16string_view key) {

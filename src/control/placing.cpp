@@ -7,8 +7,8 @@ namespace pricedown {
 // Every layout reads the check tools anew, so a resize, a new splitter position and a changed
 // check tool are laid out alike.
 void PriceDown::LayOut() {
-  layout_ = ComputeLayout({ports_.view.ControlSize(), splitter_.Position(), IsShown(u"iToolBar"),
-                           IsShown(u"mnuViewStatusBar")});
+  layout_ = ComputeLayout({ports_.view.ControlSize(), splitter_.Position(), IsShown(kToolStripTool),
+                           IsShown(kStatusBarTool)});
   ports_.view.Place(layout_);
 }
 

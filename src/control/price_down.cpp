@@ -32,7 +32,10 @@ PriceDown::PriceDown(PriceDownPorts ports)
       commands_(environment_, browser_, tree_),
       font_(environment_, ledger_, grid_.Cells(), ports_.fontView),
       bar_(std::make_shared<CommandBar>()) {
-  bar_->OnClick([this](const ObjectPtr& tool) { BarToolClicked(tool); });
+  bar_->OnClick([this](const ObjectPtr& tool) {
+    const std::shared_ptr<void> held = ports_.hold ? ports_.hold() : nullptr;
+    BarToolClicked(tool);
+  });
   ++ports_.state.controls;
 }
 
@@ -116,8 +119,8 @@ void PriceDown::Terminate() {
 
 void PriceDown::SaveSelection() {
   const std::u16string key = tree_.SelectedKey();
-  if (key.empty()) return;
-  SaveUserSetting(ports_.factory, ports_.application, ports_.state.treeSelectionKey, key);
+  if (key.empty() || treeSelectionKey_.empty()) return;
+  SaveUserSetting(ports_.factory, ports_.application, treeSelectionKey_, key);
 }
 
 void PriceDown::ReleaseLedger() {

@@ -2,6 +2,7 @@
 // The Windows layer owns one per control, forwards COM calls and window events, and shows.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -30,6 +31,9 @@ struct PriceDownPorts {
   std::u16string application;  // the host program's name
   // The control as the suite's form resources see it: its captions by name.
   ObjectPtr form;
+  // Keeps the control alive while its answer is held; a click on the bar comes from outside and
+  // may end with the last reference. May be empty.
+  std::function<std::shared_ptr<void>()> hold = {};
 };
 
 class PriceDown {
@@ -46,8 +50,8 @@ class PriceDown {
   // skipped; harmless when called again. Requires: the tree's window is still alive.
   void Terminate();
 
-  // The public members, in the order of the control's interface. After Terminate none of them and
-  // none of the events below does anything.
+  // The public members, in the order of the control's interface. After Terminate none of them
+  // touches suite, host or window, and none of the events below does anything.
   void NotifyMessage(std::u16string_view message);
   void RefreshToolbar();
   bool Show(const Value& parentWindow);
@@ -100,6 +104,7 @@ class PriceDown {
   bool IsShown(std::u16string_view checkTool) const;
   Rectangle DragBar() const;
   void BarToolClicked(const ObjectPtr& tool);
+  void ClassToolClicked(std::u16string_view tool, std::u16string_view button);
   void RunStripCommand(std::u16string_view key);
   void CloseContainer();
   void ToggleToolStrip(const ObjectPtr& tool);
@@ -118,6 +123,8 @@ class PriceDown {
   Layout layout_;  // the last one placed
   ObjectPtr parentWindow_;
   std::u16string title_;
+  // Of this control; another one in the process may have been shown in the other mode since.
+  std::u16string treeSelectionKey_;
   bool maintenanceMode_ = false;
   std::int16_t showMode_ = 0;
   bool terminated_ = false;

@@ -51,6 +51,7 @@ void PriceDown::TakeCaption() {
   state.itemFilterAlone = mode.filterAlone;
   state.objectType = mode.objectType;
   state.treeSelectionKey = mode.treeSelectionKey;
+  treeSelectionKey_ = mode.treeSelectionKey;
   ports_.view.SetTitle(title_);
 }
 
@@ -64,7 +65,7 @@ void PriceDown::TakeParent(const Value& parentWindow) {
 
 void PriceDown::RestoreSelection() {
   const Value key =
-      ReadUserSetting(ports_.factory, ports_.application, ports_.state.treeSelectionKey, kRootKey);
+      ReadUserSetting(ports_.factory, ports_.application, treeSelectionKey_, kRootKey);
   tree_.RestoreSelection(ToText(key));
 }
 

@@ -2,7 +2,6 @@
 // Use it around one step, never around a routine that must report its errors.
 #pragma once
 
-#include <exception>
 #include <utility>
 
 namespace pricedown {
@@ -13,7 +12,7 @@ bool SkipFailing(Step&& step) {
   try {
     std::forward<Step>(step)();
     return true;
-  } catch (const std::exception&) {
+  } catch (...) {
     return false;
   }
 }

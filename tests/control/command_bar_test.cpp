@@ -109,10 +109,10 @@ TEST_F(CommandBarTest, TellsOfEachChangeOfAnyToolAlsoOfLaterOnes) {
   });
   bar_->Tool(u"iCut")->SetEnabled(false);
   bar_->Tool(u"iCut")->SetEnabled(false);  // no change
-  bar_->Add({u"iToolBar", u"", u"", u""});
-  bar_->Tool(u"iToolBar")->SetChecked(true);
+  bar_->Add({u"iRefresh", u"", u"", u""});
+  bar_->Tool(u"iRefresh")->SetChecked(true);
   EXPECT_EQ(changes,
-            (std::vector<std::string>{"iCut unchecked disabled", "iToolBar checked enabled"}));
+            (std::vector<std::string>{"iCut unchecked disabled", "iRefresh checked enabled"}));
   bar_->Detach();
   bar_->Tool(u"iCut")->SetEnabled(true);
   EXPECT_EQ(changes.size(), 2u);
@@ -149,6 +149,13 @@ TEST_F(CommandBarTest, LivesAsLongAsItsCollections) {
   bar_.reset();
   EXPECT_EQ(TextOf(Of(band, u"Tools", {u"iCut"}), u"Caption"), "\"删除\"");
   EXPECT_FALSE(bar.expired());
+}
+
+TEST_F(CommandBarTest, ShowsWhatAnAddedCheckToolSwitchesUntilAHostSaysOtherwise) {
+  for (const std::u16string_view name : {u"iToolBar", u"mnuViewStatusBar"}) {
+    EXPECT_EQ(TextOf(Of(Tools(), u"Add", {name}), u"Checked"), "True");
+  }
+  EXPECT_EQ(TextOf(Of(Tools(), u"Add", {u"iPrint"}), u"Checked"), "False");
 }
 
 }  // namespace

@@ -311,6 +311,13 @@ TEST_F(Dispatch, SaysThatWindowsAndPagesAreStillToCome) {
   EXPECT_EQ(FailureOf([&] { Control().PreviewPara(); }), "打印和打印预览尚未提供");
 }
 
+TEST_F(Dispatch, RunsNoClassCommandForAForwardedClickOnADisabledTool) {
+  world_.company.mode = u"2";
+  Start();
+  for (const std::u16string_view name : {u"iInsert", u"iEdit", u"iCut"}) Click(name);
+  EXPECT_EQ(world_.log.Text().find("AccessCheck"), std::string::npos) << world_.log.Text();
+}
+
 TEST(ToolStrip, HasItsEightButtonsInOrder) {
   std::vector<std::string> buttons;
   for (const StripButton& button : kStripButtons) {

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -160,6 +161,26 @@ TEST_F(BrowserOnSample, ReselectsTheNodeOfTheLastTimePerMode) {
   EXPECT_EQ("02.01", Cell(1, 1).substr(0, 5));
 }
 
+TEST_F(BrowserOnSample, KeepsItsSelectionUnderItsOwnModeWhileAnotherModeIsOpen) {
+  Open();
+  Click(u"gi03");
+  {
+    testing::RecordingContainer container(recorder_);
+    container.caption = u"其他窗口";
+    testing::RecordingTreeView tree(recorder_);
+    testing::RecordingPriceDownView view(recorder_);
+    PriceDown other(PriceDownPorts{factory_, state_, questions_, screen_, container, view, tree,
+                                   fontView_, u"Host", nullptr});
+    other.Initialize();
+    other.Show(nullptr);
+    control_.reset();
+  }
+  Open(u"其他窗口");
+  EXPECT_EQ(Node(u"gc0"), treeView_.selected);
+  Open();
+  EXPECT_EQ(Node(u"gi03"), treeView_.selected);
+}
+
 TEST_F(BrowserOnSample, LocksTheWholeGridForTheLowestDataScope) {
   suite_->SetRightsMask(10, 151, 0x100000);
   Open();
@@ -188,6 +209,39 @@ TEST_F(BrowserOnSample, DeletesAClassAndItsCurrentProvisionAfterYes) {
   EXPECT_EQ(others, Count(u"select FItemID from icPriceDownClass"));
   EXPECT_LT(Count(u"select FItemID from ICPriceDownPrepare"), provisions);
   EXPECT_EQ(kNoNode, Node(u"gi05"));
+  EXPECT_EQ(Node(u"gc0"), treeView_.selected);
+  EXPECT_EQ(0, Rows());
+}
+
+TEST_F(BrowserOnSample, DeletesAClassWhoseEarlierAmountsAreAllZero) {
+  Open();
+  Click(u"gi04");
+  ASSERT_GT(Count(u"select a.FItemID from ICPriceDownPrepare a inner join icPriceDownClass b on "
+                  u"a.FItemID=b.FItemID where a.FYear<'2008' and b.FItemClassNumber='04'"),
+            0);
+  questions_.WillAnswer({true});
+  control_->delRecord();
+  EXPECT_EQ(0, Count(u"select FItemID from icPriceDownClass where FItemClassNumber='04'"));
+}
+
+TEST_F(BrowserOnSample, ListsAnItemOfTwoClassesUnderBoth) {
+  Open();
+  Click(u"gi18");
+  std::set<std::string> codes;
+  for (std::int32_t row = 1; row <= Rows(); ++row) codes.insert(Cell(1, row));
+  Click(u"gi03");
+  std::int32_t both = 0;
+  for (std::int32_t row = 1; row <= Rows(); ++row) both += codes.contains(Cell(1, row));
+  EXPECT_EQ(1, both);
+}
+
+TEST_F(BrowserOnSample, SaysTheDatabasesWordsForAClassNumberWithAnApostrophe) {
+  suite_->Execute(
+      u"INSERT INTO icPriceDownClass(FItemID,FItemClassNumber,FItemClassName)"
+      u"VALUES(1,'it''s','坏')");
+  Open();
+  Click(u"giit's");
+  EXPECT_NE(std::string::npos, log_.Text().find("tell ")) << log_.Text();
   EXPECT_EQ(0, Rows());
 }
 

@@ -119,6 +119,8 @@ TEST(ControlWindow, IsHarmlessAfterItsContainerHasDestroyedIt) {
   world.window->SetTitleFont(u"宋体", 134, 18);
   world.window->SetStripButtonEnabled(2, false);
   world.window->Place(Layout{});
+  // What was selected is still known, so that the control can keep it.
+  EXPECT_NE(world.window->SelectedNode(), kNoNode);
   world.window->ClearNodes();
   world.window->InsertNode(1, kNoNode, u"物料");
   world.window->SelectNode(1);

@@ -2,6 +2,7 @@
 // The control object makes a new one when a container takes it up again after its end.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -15,8 +16,10 @@ namespace pricedown::windows {
 
 class ControlSession {
  public:
-  // `container` must outlive the session. Throws AutomationError when there is no window.
-  ControlSession(Module& module, ContainerWindow& container);
+  // `container` must outlive the session; the answer of `hold` keeps session and container alive.
+  // Throws AutomationError when there is no window.
+  ControlSession(Module& module, ContainerWindow& container,
+                 std::function<std::shared_ptr<void>()> hold);
   ~ControlSession();
   ControlSession(const ControlSession&) = delete;
   ControlSession& operator=(const ControlSession&) = delete;

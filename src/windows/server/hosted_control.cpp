@@ -33,18 +33,21 @@ HostedControl::HostedControl(IUnknown& self, IOleInPlaceActiveObject& activeObje
 }
 
 void HostedControl::NewSession() {
-  session_ = std::make_shared<ControlSession>(TheModule(), container_);
-  ControlWindow& window = session_->Window();
-  // An event may end with the last reference; the control and this session stay until it is over.
-  window.HoldDuringEvents([this] {
+  // An event or a click on the bar may end with the last reference; the control and this session
+  // stay until it is over.
+  const auto hold = [this]() -> std::shared_ptr<void> {
+    // In this order the control goes last.
     struct Held {
-      std::shared_ptr<ControlSession> session;
       ComPtr<IUnknown> self;
+      std::shared_ptr<ControlSession> session;
     };
-    return std::make_shared<Held>(Held{session_, ComPtr<IUnknown>::Share(&self_)});
-  });
-  window.OnUiActivate([this] {
-    const auto hold = ComPtr<IUnknown>::Share(&self_);
+    return std::make_shared<Held>(Held{ComPtr<IUnknown>::Share(&self_), session_});
+  };
+  session_ = std::make_shared<ControlSession>(TheModule(), container_, hold);
+  ControlWindow& window = session_->Window();
+  window.HoldDuringEvents(hold);
+  window.OnUiActivate([this, hold] {
+    const std::shared_ptr<void> held = hold();
     const auto session = session_;
     if (activation_.IsActive()) activation_.ActivateUi(activeObject_, session->Window(), false);
   });

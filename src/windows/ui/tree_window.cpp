@@ -72,6 +72,7 @@ HTREEITEM TreeWindow::ItemOf(NodeIndex index) const {
 }
 
 void TreeWindow::ClearNodes() {
+  lastSelected_ = kNoNode;
   if (Handle() == nullptr) return;
   selecting_ = true;
   if (const HTREEITEM root = ItemOf(1)) {
@@ -110,7 +111,7 @@ void TreeWindow::SelectNode(NodeIndex index) {
 }
 
 NodeIndex TreeWindow::SelectedNode() const {
-  if (Handle() == nullptr) return kNoNode;
+  if (Handle() == nullptr) return lastSelected_;
   TVITEMW item{};
   item.mask = TVIF_PARAM;
   item.hItem = TreeView_GetSelection(Handle());
@@ -180,6 +181,7 @@ bool TreeWindow::OnKeyDown(WPARAM key) {
 }
 
 LRESULT TreeWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_DESTROY) lastSelected_ = SelectedNode();
   if (message == WM_SETFOCUS) return OnFocus(wParam, lParam);
   if (message == WM_KEYDOWN && OnKeyDown(wParam)) return 0;
   if (message == WM_CHAR && wParam == VK_TAB) return 0;

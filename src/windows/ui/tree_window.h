@@ -28,6 +28,7 @@ class TreeWindow final : public BoundWindow {
   void ClearNodes();
   void InsertNode(NodeIndex index, NodeIndex parent, std::u16string_view text);
   void SelectNode(NodeIndex index);
+  // After the window has been destroyed: what was selected then.
   NodeIndex SelectedNode() const;
   void SetRedraw(bool redraw);
 
@@ -58,6 +59,7 @@ class TreeWindow final : public BoundWindow {
   ImageList images_;
   FontHandle font_;
   std::shared_ptr<Pending> pending_ = std::make_shared<Pending>();
+  NodeIndex lastSelected_ = kNoNode;
   bool selecting_ = false;    // the core selects
   bool takingFocus_ = false;  // the system would select the first node
   bool rootCollapsed_ = false;
