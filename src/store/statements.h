@@ -27,8 +27,7 @@ std::u16string AllItems();
 std::u16string ProvisionVoucher(std::int32_t year, std::int32_t period);
 
 // A row when an item of the class has provision amounts before the period.
-std::u16string ClassHistory(std::int32_t year, std::int32_t period,
-                            std::u16string_view classNumber);
+std::u16string ClassHistory(std::int32_t year, std::int32_t period, std::u16string_view classNumber);
 
 // A row when the item has provision amounts before the period.
 std::u16string ItemHistory(std::int32_t year, std::int32_t period, std::u16string_view itemCode);
@@ -68,21 +67,17 @@ std::u16string ItemsOfOtherClasses(std::u16string_view classNumber);
 // The beginning of a save: deletes the rows under the opening number.
 std::u16string SaveDelete(std::u16string_view openingNumber);
 
-// What a save writes into every row of a class, all values in their default text.
-struct ClassValues {
-  std::u16string_view number;
-  std::u16string_view name;
+// One row of a save, all values in their default text; appended to `text`.
+struct ClassRow {
+  std::u16string_view itemId;
+  std::u16string_view classNumber;
+  std::u16string_view className;
   std::u16string_view lossAccountId;
   std::u16string_view lossAccountNumber;
   std::u16string_view reserveAccountId;
   std::u16string_view reserveAccountNumber;
   std::u16string_view percentage;
 };
-
-// The part of a row's insert behind the item id.
-std::u16string SaveInsertEnd(const ClassValues& values);
-
-// One row of a save, appended to `text`; `end` is the answer of SaveInsertEnd.
-void AppendSaveInsert(std::u16string& text, std::u16string_view itemId, std::u16string_view end);
+void AppendSaveInsert(std::u16string& text, const ClassRow& row);
 
 }  // namespace pricedown::statements
