@@ -31,6 +31,8 @@ class CallFailure {
 
   [[noreturn]] void Throw(HRESULT code, IDispatch* object) {
     if (code != DISP_E_EXCEPTION) ThrowErrorInfo(code, object);
+    // The failure goes on as an exception; whoever skips it leaves no error behind.
+    SetErrorInfo(0, nullptr);
     if (info_.pfnDeferredFillIn != nullptr) info_.pfnDeferredFillIn(&info_);
     if (info_.wCode != 0) {
       // A number of the callee's own, in the facility that automation reserves for them.
@@ -59,6 +61,7 @@ class CallFailure {
       info->GetDescription(description.put());
       info->GetSource(source.put());
     }
+    SetErrorInfo(0, nullptr);
     ThrowTexts(code, description.Text(), source.Text());
   }
 
@@ -88,6 +91,7 @@ MemberId ComObject::Find(std::u16string_view name) {
   DISPID id = DISPID_UNKNOWN;
   const auto object = object_.Copy();
   const HRESULT code = object->GetIDsOfNames(IID{}, names, 1, LOCALE_USER_DEFAULT, &id);
+  if (FAILED(code)) SetErrorInfo(0, nullptr);
   if (code == DISP_E_UNKNOWNNAME) {
     throw AutomationError(ErrorNumber::UnknownName,
                           Concatenate({u"对象不支持此属性或方法: ", name}));

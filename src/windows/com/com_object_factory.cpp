@@ -2,7 +2,7 @@
 // Registration of our own classes is registration.cpp.
 #include "windows/com/com_object_factory.h"
 
-#include <objbase.h>
+#include <ole2.h>
 
 #include "platform/error.h"
 #include "platform/text.h"
@@ -22,6 +22,7 @@ ObjectPtr ComObjectFactory::Create(std::u16string_view progId) {
                             IID_IDispatch, object.putVoid());
   }
   if (FAILED(code) || !object) {
+    SetErrorInfo(0, nullptr);
     throw AutomationError(ErrorNumber::CannotCreateObject,
                           Concatenate({u"不能创建对象: ", progId, u" (", SystemText(code), u")"}),
                           std::u16string(progId));

@@ -120,6 +120,7 @@ FirstRemovalFailure RemoveAll(const ServerEntries& entries, RegistrationScope sc
   for (const wchar_t* shared : {L"CLSID", L"Interface", L"TypeLib"}) {
     RemoveIfEmpty(root, UnderClasses(shared));
   }
+  RemoveIfEmpty(root, L"Software\\Classes");
   return failure;
 }
 

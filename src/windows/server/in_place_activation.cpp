@@ -43,7 +43,11 @@ void InPlaceActivation::Activate(IOleClientSite& client, ControlWindow& window) 
   if (!IsActive()) return;
   const HRESULT context =
       site->GetWindowContext(frame_.put(), document_.put(), &position, &clip, &info);
-  if (!IsActive()) return;
+  if (!IsActive()) {
+    frame_.attach(nullptr);
+    document_.attach(nullptr);
+    return;
+  }
   if (FAILED(context)) {
     Deactivate(&client, window);
     ThrowIfFailed(context);

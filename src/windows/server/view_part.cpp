@@ -44,7 +44,8 @@ STDMETHODIMP ViewPart::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC
   if (bounds == nullptr) return E_POINTER;
   return Hosted().Run([&] {
     const SavedContext saved(context);
-    Hosted().Window().Draw(context, ToPixels(context, *bounds));
+    const RECT pixels = ToPixels(context, *bounds);
+    if (IsRectEmpty(&pixels) == FALSE) Hosted().Window().Draw(context, pixels);
   });
 }
 

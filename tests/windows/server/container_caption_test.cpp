@@ -1,0 +1,121 @@
+// Tests of how the control finds the caption and the window of its container.
+// Which mode follows from the caption is told by the object type of the rights check.
+#include <gtest/gtest.h>
+
+#include <array>
+
+#include "platform/local_object.h"
+#include "tests/windows/raw_call.h"
+#include "tests/windows/server/control_host.h"
+#include "windows/com/variant_value.h"
+
+namespace pricedown::testing {
+namespace {
+
+constexpr const char* kMaintenanceCheck = "ZEPEBCGLView.GLData.AccessCheck(10, 151, 4194304)";
+constexpr const char* kOtherCheck = "ZEPEBCGLView.GLData.AccessCheck(11, 151, 4194304)";
+
+// A host's own description of its window: Parent (itself), Caption, hWnd.
+class Described : public LocalObject<Described> {
+ public:
+  static std::span<const Member<Described>> Members() {
+    static const std::array members{
+        Member<Described>{u"Parent", MemberKind::Get,
+                          [](Described& window, Access, std::span<Value>) {
+                            return Value(ObjectPtr(window.shared_from_this()));
+                          }},
+        Member<Described>{
+            u"Caption", MemberKind::Get,
+            [](Described& window, Access, std::span<Value>) { return Value(window.caption); }},
+        Member<Described>{u"hWnd", MemberKind::Get,
+                          [](Described& window, Access, std::span<Value>) {
+                            return Value(static_cast<std::int32_t>(HandleToLong(window.handle)));
+                          }}};
+    return members;
+  }
+
+  std::u16string caption;
+  HWND handle = nullptr;
+};
+
+TEST(ContainerCaption, IsThatOfTheTopWindow) {
+  ControlHost host(u"物料类别维护");
+  host.Open();
+  EXPECT_EQ(host.world.log.Count(kMaintenanceCheck), 1U);
+}
+
+TEST(ContainerCaption, IsTrimmed) {
+  ControlHost host(u"  物料类别维护 ");
+  host.Open();
+  EXPECT_EQ(host.world.log.Count(kMaintenanceCheck), 1U);
+}
+
+TEST(ContainerCaption, OfAnyOtherTextIsTheOtherMode) {
+  ControlHost host(u"物料类别");
+  host.Open();
+  EXPECT_EQ(host.world.log.Count(kOtherCheck), 1U);
+  EXPECT_EQ(host.world.log.Count(R"(dictionary.GetValue("NodeSel2", "gc0"))"), 1U);
+}
+
+// A frame with document windows: the document's caption counts, not the frame's.
+TEST(ContainerCaption, IsThatOfTheFirstWindowWithACaptionBar) {
+  ControlHost host(u"主窗口");
+  const HWND document =
+      CreateWindowExW(0, L"STATIC", L"物料类别维护", WS_CHILD | WS_CAPTION | WS_VISIBLE, 0, 0, 600,
+                      400, host.frame.Handle(), nullptr, nullptr, nullptr);
+  const HWND pane = CreateWindowExW(0, L"STATIC", L"x", WS_CHILD | WS_VISIBLE, 0, 0, 500, 300,
+                                    document, nullptr, nullptr, nullptr);
+  host.site = windows::MakeCom<RecordingSite>(host.world.log, pane, RECT{0, 0, 400, 200});
+  host.Open();
+  EXPECT_EQ(host.world.log.Count(kMaintenanceCheck), 1U);
+}
+
+TEST(ContainerCaption, IsTakenFromTheHostsDescriptionFirst) {
+  ControlHost host(u"另一个窗口");
+  const auto described = std::make_shared<Described>();
+  described->caption = u"物料类别维护";
+  host.site->extender = described;
+  host.Open();
+  EXPECT_EQ(host.world.log.Count(kMaintenanceCheck), 1U);
+  host.site->extender = nullptr;
+}
+
+TEST(ContainerCaption, IsTheWindowsWhereTheDescriptionHasNone) {
+  ControlHost host(u"物料类别维护");
+  host.world.factory.Object(u"parent").Lacks(u"Caption");
+  host.world.factory.Object(u"extender").On(u"Parent", host.world.factory.Answering(u"parent"));
+  host.site->extender = host.world.factory.NewObject(u"extender");
+  host.Open();
+  EXPECT_EQ(host.world.log.Count(kMaintenanceCheck), 1U);
+  host.site->extender = nullptr;
+}
+
+TEST(ClosingTheContainer, GoesToTheDescribedWindow) {
+  ControlHost host;
+  const HostFrame other(host.world.log, u"另一个窗口");
+  const auto described = std::make_shared<Described>();
+  described->caption = u"物料类别维护";
+  described->handle = other.Handle();
+  host.site->extender = described;
+  host.Open();
+  host.frame.Destroy();
+  host.world.log.Clear();
+  const auto tool = windows::ToDispatch(host.world.NewTool(u"iExit"));
+  EXPECT_EQ(Statement(host.control.get(), L"ParentWindow_ToolBarClick",
+                      {ObjectOf(tool.get()), Truth(false)}),
+            "S_OK");
+  EXPECT_EQ(host.world.log.Count("host WM_CLOSE 0 0"), 1U);
+  host.site->extender = nullptr;
+}
+
+TEST(ClosingTheContainer, FailsWhereThereIsNone) {
+  ControlHost host;
+  const auto tool = windows::ToDispatch(host.world.NewTool(u"iExit"));
+  EXPECT_EQ(Statement(host.control.get(), L"ParentWindow_ToolBarClick",
+                      {ObjectOf(tool.get()), Truth(false)})
+                .substr(0, 18),
+            "exception 800A005B");
+}
+
+}  // namespace
+}  // namespace pricedown::testing

@@ -1,0 +1,67 @@
+// Tests that a failing suite never harms the control: each of its calls fails once in turn.
+// What must be shown or kept in each case is tested with the core.
+#include <gtest/gtest.h>
+
+#include "tests/windows/raw_call.h"
+#include "tests/windows/server/control_host.h"
+#include "windows/com/variant_value.h"
+
+namespace pricedown::testing {
+namespace {
+
+// The whole life of a control in its container; checks for leaks as it ends.
+int LiveWith(int failingCall, bool useSite) {
+  ControlHost host;
+  // A failing grid load tells the user in a message box, which nobody would close here.
+  host.world.company.nodeSetting = u"";
+  host.world.factory.FailCall(failingCall);
+  if (useSite) {
+    host.SetSite();
+    EXPECT_EQ(host.DoVerb(OLEIVERB_SHOW), S_OK);
+    EXPECT_NE(host.Window(), nullptr);
+  } else {
+    Statement(host.control.get(), L"RefreshToolbar");
+  }
+  const auto parent = windows::ToDispatch(host.world.NewParent());
+  EXPECT_EQ(Expression(host.control.get(), L"Show", {ObjectOf(parent.get())}), "S_OK True");
+  Statement(host.control.get(), L"ModelCurrent");
+  EXPECT_EQ(host.Close(), S_OK);
+  return host.world.factory.CallCount();
+}
+
+TEST(FailingSuite, NeverHarmsAControlInItsContainer) {
+  FailEachCallInTurn([](int failingCall) { return LiveWith(failingCall, true); });
+}
+
+TEST(FailingSuite, NeverHarmsAControlWithoutAContainer) {
+  FailEachCallInTurn([](int failingCall) { return LiveWith(failingCall, false); });
+}
+
+TEST(FailingCreation, IsTheResultOfGivingTheSite) {
+  ControlHost host;
+  host.world.factory.Refuses(u"ZEPEBSBase.SystemProfile");
+  EXPECT_EQ(Hexadecimal(host.SetSite()), "800A01AD");
+  EXPECT_NE(TakeErrorInfo().find("ZEPEBSBase.SystemProfile"), std::string::npos);
+  windows::ComPtr<IOleClientSite> site;
+  EXPECT_EQ(host.As<IOleObject>()->GetClientSite(site.put()), S_OK);
+  EXPECT_EQ(site.get(), static_cast<IOleClientSite*>(host.site.get()));
+  EXPECT_EQ(host.DoVerb(OLEIVERB_SHOW), S_OK);
+  EXPECT_EQ(Expression(host.control.get(), L"Show", {ObjectOf(nullptr)}), "S_OK True");
+}
+
+TEST(FailingCreation, IsTheResultOfTheFirstMember) {
+  ControlHost host;
+  host.world.factory.Refuses(u"ZEPEBSBase.SystemProfile");
+  EXPECT_EQ(Statement(host.control.get(), L"RefreshToolbar").substr(0, 18), "exception 800A01AD");
+  EXPECT_EQ(Statement(host.control.get(), L"RefreshToolbar"), "S_OK");
+}
+
+TEST(FailingCreation, IsNeverTheResultOfShow) {
+  ControlHost host;
+  host.world.factory.Refuses(u"ZEPEBSBase.SystemProfile");
+  EXPECT_EQ(Expression(host.control.get(), L"Show", {ObjectOf(nullptr)}), "S_OK True");
+  EXPECT_EQ(Statement(host.control.get(), L"RefreshToolbar"), "S_OK");
+}
+
+}  // namespace
+}  // namespace pricedown::testing

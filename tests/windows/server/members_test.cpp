@@ -1,0 +1,237 @@
+// Tests of the control's public members, called early-bound and late-bound.
+// What the commands do is tested with the core; here it is that each reaches it, and how.
+#include <gtest/gtest.h>
+
+#include "tests/browser/recording_views.h"
+#include "tests/windows/raw_call.h"
+#include "tests/windows/server/control_host.h"
+#include "tests/windows/simple_object.h"
+#include "windows/com/bstr.h"
+#include "windows/com/safe_array.h"
+#include "windows/com/variant_value.h"
+
+namespace pricedown::testing {
+namespace {
+
+using windows::Bstr;
+using windows::ComPtr;
+using windows::SafeArray;
+using windows::Variant;
+
+// How often the display font was asked for again.
+std::size_t FontRefreshes(const CallLog& log) {
+  return log.Count(R"(dictionary.GetValue("RptFontSize", 9))");
+}
+
+class Members : public ::testing::Test {
+ protected:
+  Members() {
+    host.Open();
+    host.world.log.Clear();
+  }
+
+  IDispatch* Control() const { return host.control.get(); }
+  ComPtr<_PriceDown> Early() const { return host.As<_PriceDown>(); }
+
+  ControlHost host;
+  const Bstr activate{u"Activate"};
+  const Bstr other{u"QueryUnload"};
+};
+
+TEST_F(Members, HaveNamesInAnyCase) {
+  EXPECT_EQ(IdOf(Control(), L"notifymessage"), "1");
+  EXPECT_EQ(IdOf(Control(), L"REFRESHTOOLBAR"), "2");
+  EXPECT_EQ(IdOf(Control(), L"show"), "3");
+  EXPECT_EQ(IdOf(Control(), L"showmode"), "4");
+  EXPECT_EQ(IdOf(Control(), L"parentwindow_toolbarclick"), "5");
+  EXPECT_EQ(IdOf(Control(), L"selblock"), "6");
+  EXPECT_EQ(IdOf(Control(), L"PREVIEWPARA"), "7");
+  EXPECT_EQ(IdOf(Control(), L"printpara"), "8");
+  EXPECT_EQ(IdOf(Control(), L"modelcurrent"), "9");
+  EXPECT_EQ(IdOf(Control(), L"AddRecord"), "10");
+  EXPECT_EQ(IdOf(Control(), L"EDITRECORD"), "11");
+  EXPECT_EQ(IdOf(Control(), L"delrecord"), "12");
+  EXPECT_EQ(IdOf(Control(), L"LoadClassTree"), "80020006");
+}
+
+TEST_F(Members, NotifyMessageTakesAnArrayByReference) {
+  SafeArray array;
+  array.attach(SafeArrayCreateVector(VT_VARIANT, 0, 2));
+  SAFEARRAY* held = array.get();
+  EXPECT_EQ(Statement(Control(), L"NotifyMessage",
+                      {Text(activate.get()), Reference(VT_ARRAY | VT_VARIANT, &held)}),
+            "S_OK");
+  EXPECT_EQ(FontRefreshes(host.world.log), 1U);
+  EXPECT_EQ(Early()->NotifyMessage(activate.get(), &held), S_OK);
+  EXPECT_EQ(FontRefreshes(host.world.log), 2U);
+}
+
+TEST_F(Members, NotifyMessageTakesAVariable) {
+  VARIANT message = Text(activate.get());
+  VARIANT nothing = Nothing(VT_EMPTY);
+  EXPECT_EQ(Statement(Control(), L"NotifyMessage",
+                      {Reference(VT_VARIANT, &message), Reference(VT_VARIANT, &nothing)}),
+            "S_OK");
+  EXPECT_EQ(FontRefreshes(host.world.log), 1U);
+  EXPECT_EQ(nothing.vt, VT_EMPTY);
+}
+
+TEST_F(Members, NotifyMessageIgnoresOtherMessages) {
+  EXPECT_EQ(Statement(Control(), L"NotifyMessage", {Text(other.get()), Nothing(VT_EMPTY)}), "S_OK");
+  EXPECT_EQ(host.world.log.Text(), "");
+}
+
+TEST_F(Members, RefreshToolbarMergesAgain) {
+  const ObjectPtr parent = host.world.NewParent();
+  const auto window = windows::ToDispatch(parent);
+  EXPECT_EQ(Expression(Control(), L"Show", {ObjectOf(window.get())}), "S_OK True");
+  EXPECT_EQ(host.world.log.Count("parent.MergeToolBar([object])"), 1U);
+  EXPECT_EQ(Statement(Control(), L"RefreshToolbar"), "S_OK");
+  EXPECT_EQ(Early()->RefreshToolbar(), S_OK);
+  EXPECT_EQ(host.world.log.Count("parent.MergeToolBar([object])"), 3U);
+}
+
+TEST_F(Members, ShowTakesItsParentHoweverItIsPassed) {
+  const auto window = windows::ToDispatch(host.world.NewParent());
+  IDispatch* held = window.get();
+  VARIANT variable = ObjectOf(held);
+  EXPECT_EQ(Expression(Control(), L"Show", {Reference(VT_DISPATCH, &held)}), "S_OK True");
+  EXPECT_EQ(Expression(Control(), L"Show", {Reference(VT_VARIANT, &variable)}), "S_OK True");
+  VARIANT_BOOL shown = VARIANT_FALSE;
+  EXPECT_EQ(Early()->Show(&held, &shown), S_OK);
+  EXPECT_EQ(shown, VARIANT_TRUE);
+  EXPECT_EQ(held, window.get());
+  EXPECT_EQ(host.world.log.Count("parent.MergeToolBar([object])"), 3U);
+}
+
+TEST_F(Members, ShowNeedsNoObject) {
+  EXPECT_EQ(Expression(Control(), L"Show", {Nothing(VT_EMPTY)}), "S_OK True");
+  EXPECT_EQ(Expression(Control(), L"Show", {Number(5)}), "S_OK True");
+  EXPECT_EQ(Statement(Control(), L"Show", {ObjectOf(nullptr)}), "S_OK");
+  VARIANT_BOOL shown = VARIANT_FALSE;
+  EXPECT_EQ(Early()->Show(nullptr, &shown), S_OK);
+  EXPECT_EQ(shown, VARIANT_TRUE);
+  EXPECT_EQ(Early()->Show(nullptr, nullptr), E_POINTER);
+}
+
+TEST_F(Members, ShowModeIsWriteOnly) {
+  EXPECT_EQ(Assignment(Control(), L"ShowMode", Number(2)), "S_OK");
+  const Bstr text(u"3");
+  EXPECT_EQ(Assignment(Control(), L"ShowMode", Text(text.get())), "S_OK");
+  EXPECT_EQ(Early()->put_ShowMode(1), S_OK);
+  EXPECT_EQ(Expression(Control(), L"ShowMode").substr(0, 8), "80020003");
+  EXPECT_EQ(Assignment(Control(), L"ShowMode", Number(40000)).substr(0, 19), "8002000A argument 0");
+  EXPECT_EQ(Assignment(Control(), L"ShowMode", ObjectOf(nullptr)).substr(0, 8), "80020005");
+}
+
+TEST_F(Members, ToolClicksReachTheHostsWindow) {
+  const auto tool = windows::ToDispatch(host.world.NewTool(u"iExit"));
+  VARIANT_BOOL use = VARIANT_TRUE;
+  IDispatch* held = tool.get();
+  EXPECT_EQ(Statement(Control(), L"ParentWindow_ToolBarClick",
+                      {Reference(VT_DISPATCH, &held), Reference(VT_BOOL, &use)}),
+            "S_OK");
+  EXPECT_EQ(host.world.log.Count("host WM_CLOSE 0 0"), 1U);
+  EXPECT_EQ(use, VARIANT_TRUE);
+  EXPECT_EQ(Early()->ParentWindow_ToolBarClick(&held, &use), S_OK);
+  EXPECT_EQ(host.world.log.Count("host WM_CLOSE 0 0"), 2U);
+  EXPECT_EQ(
+      Statement(Control(), L"ParentWindow_ToolBarClick", {Number(1), Truth(true)}).substr(0, 19),
+      "80020005 argument 1");
+}
+
+TEST_F(Members, SelBlockSetsTheGridsBlock) {
+  host.world.factory.Object(u"grid")
+      .On(u"MaxCols", 4)
+      .On(u"MaxRows", 9)
+      .AllowPut(u"Col")
+      .AllowPut(u"Col2")
+      .AllowPut(u"Row")
+      .AllowPut(u"Row2");
+  const auto grid = windows::ToDispatch(host.world.factory.NewObject(u"grid"));
+  EXPECT_EQ(
+      Statement(Control(), L"SelBlock", {ObjectOf(grid.get()), Number(2), Omitted(), Number(3)}),
+      "S_OK");
+  EXPECT_EQ(host.world.log.Text(), Lines(R"(
+      put grid.Col = 2
+      grid.MaxCols()
+      put grid.Col2 = 4
+      put grid.Row = 3
+      grid.MaxRows()
+      put grid.Row2 = 9
+      )"));
+  host.world.log.Clear();
+  EXPECT_EQ(Early()->SelBlock(grid.get(), Number(1), Number(2), Number(3), Number(4)), S_OK);
+  EXPECT_EQ(host.world.log.Count("put grid.Row2 = 4"), 1U);
+  EXPECT_EQ(Statement(Control(), L"SelBlock").substr(0, 8), "8002000E");
+  EXPECT_EQ(Statement(Control(), L"SelBlock", {Number(1)}).substr(0, 8), "80020005");
+}
+
+TEST_F(Members, SelBlockTakesNamedArguments) {
+  host.world.factory.Object(u"grid")
+      .On(u"MaxCols", 4)
+      .AllowPut(u"Col")
+      .AllowPut(u"Col2")
+      .AllowPut(u"Row")
+      .AllowPut(u"Row2");
+  const auto grid = windows::ToDispatch(host.world.factory.NewObject(u"grid"));
+  std::wstring member = L"SelBlock";
+  std::wstring last = L"lRow2";
+  std::wstring row = L"lrow";
+  LPOLESTR names[] = {member.data(), last.data(), row.data()};
+  DISPID ids[3] = {};
+  ASSERT_EQ(Control()->GetIDsOfNames(IID{}, names, 3, LOCALE_USER_DEFAULT, ids), S_OK);
+  EXPECT_EQ(Send(Control(), ids[0],
+                 {.arguments = {ObjectOf(grid.get()), Number(5), Number(7)},
+                  .namedIds = {ids[1], ids[2]},
+                  .wantsResult = false}),
+            "S_OK");
+  EXPECT_EQ(host.world.log.Count("put grid.Row = 5"), 1U);
+  EXPECT_EQ(host.world.log.Count("put grid.Row2 = 7"), 1U);
+}
+
+TEST_F(Members, ModelCurrentReadsTheSettingAgain) {
+  Variant result;
+  EXPECT_EQ(Expression(Control(), L"ModelCurrent"), "S_OK Empty");
+  EXPECT_EQ(Early()->ModelCurrent(result.put()), S_OK);
+  EXPECT_EQ(result.get().vt, VT_EMPTY);
+  EXPECT_EQ(host.world.log.Count(ExecuteLine(kModeStatement)), 2U);
+  EXPECT_EQ(Early()->ModelCurrent(nullptr), E_POINTER);
+}
+
+TEST_F(Members, WithoutArgumentsTakeNone) {
+  for (const wchar_t* name : {L"RefreshToolbar", L"PreviewPara", L"PrintPara", L"ModelCurrent",
+                              L"addRecord", L"editRecord", L"delRecord"}) {
+    EXPECT_EQ(Statement(Control(), name, {Number(1)}).substr(0, 8), "8002000E");
+  }
+  EXPECT_EQ(host.world.log.Text(), "");
+}
+
+TEST_F(Members, FailuresArriveOnBothInterfaces) {
+  const auto tool = windows::ToDispatch(host.world.NewTool(u"iExit"));
+  host.world.factory.FailCall(1);
+  EXPECT_EQ(Statement(Control(), L"ParentWindow_ToolBarClick", {ObjectOf(tool.get()), Truth(true)})
+                .substr(0, 18),
+            "exception 8004FA11");
+  host.world.factory.FailCall(1);
+  IDispatch* held = tool.get();
+  VARIANT_BOOL use = VARIANT_TRUE;
+  EXPECT_EQ(Hexadecimal(Early()->ParentWindow_ToolBarClick(&held, &use)), "8004FA11");
+  EXPECT_NE(TakeErrorInfo(), "");
+  const auto support = host.As<ISupportErrorInfo>();
+  EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID__PriceDown), S_OK);
+  EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID_IDispatch), S_OK);
+  EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID_IViewObject), S_FALSE);
+}
+
+TEST(MembersInDesignMode, AreRefusedButShowIsNot) {
+  ControlHost host;
+  host.site->userMode = false;
+  host.SetSite();
+  EXPECT_EQ(Statement(host.control.get(), L"ModelCurrent").substr(0, 18), "exception 8000FFFF");
+  EXPECT_EQ(Expression(host.control.get(), L"Show", {ObjectOf(nullptr)}), "S_OK True");
+  EXPECT_FALSE(host.SuiteWasCalled());
+}
+
+}  // namespace
+}  // namespace pricedown::testing
