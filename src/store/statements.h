@@ -27,7 +27,8 @@ std::u16string AllItems();
 std::u16string ProvisionVoucher(std::int32_t year, std::int32_t period);
 
 // A row when an item of the class has provision amounts before the period.
-std::u16string ClassHistory(std::int32_t year, std::int32_t period, std::u16string_view classNumber);
+std::u16string ClassHistory(std::int32_t year, std::int32_t period,
+                            std::u16string_view classNumber);
 
 // A row when the item has provision amounts before the period.
 std::u16string ItemHistory(std::int32_t year, std::int32_t period, std::u16string_view itemCode);
