@@ -2,11 +2,17 @@
 Option Explicit
 
 Class GridOfTheHost
-  Public Col, Col2, Row, Row2, MaxCols, MaxRows
+  Public Col
+  Public Col2
+  Public Row
+  Public Row2
+  Public MaxCols
+  Public MaxRows
 End Class
 
 Class ParentOfTheHost
-  Public Bar, Merges
+  Public Bar
+  Public Merges
   Public Sub MergeToolBar(commandBar)
     Set Bar = commandBar
     Merges = Merges + 1

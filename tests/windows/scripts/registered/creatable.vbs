@@ -1,0 +1,11 @@
+' The public classes as any client finds them that was given no manifest: by registration.
+Option Explicit
+Dim control, price
+Set price = CreateObject("ZEPPriceDownPrepare.updatePrice")
+CheckEqual "updatePrice is created", CLng(price.ItemClassType), CLng(0)
+CheckEqual "its type is known", TypeName(price), "_updatePrice"
+Set control = CreateObject("ZEPPriceDownPrepare.PriceDown.1")
+CheckEqual "PriceDown is created", TypeName(control), "_PriceDown"
+Set control = HostControl("ZEPPriceDownPrepare.PriceDown", "物料类别维护")
+CheckEqual "PriceDown is created in a container", TypeName(control), "_PriceDown"
+CloseWindows
