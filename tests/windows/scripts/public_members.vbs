@@ -27,7 +27,9 @@ Set control = HostControl("ZEPPriceDownPrepare.PriceDown", "物料类别维护")
 Set parent = New ParentOfTheHost
 parent.Merges = 0
 control.ShowMode = 1
-Check "Show answers True", control.Show(parent)
+Dim answer
+answer = control.Show(parent)
+Check "Show answers True", answer
 CheckEqual "Show merges the command bar once", CLng(parent.Merges), CLng(1)
 control.RefreshToolbar
 CheckEqual "RefreshToolbar merges it again", CLng(parent.Merges), CLng(2)
