@@ -86,11 +86,8 @@ MemberId ComObject::Find(std::u16string_view name) {
   if (name.empty()) return kDefaultMember;
   std::u16string key(name);
   if (const auto found = members_.find(key); found != members_.end()) return found->second;
-  std::wstring wide = ToWide(name);
-  LPOLESTR names[] = {wide.data()};
   DISPID id = DISPID_UNKNOWN;
-  const auto object = object_.Copy();
-  const HRESULT code = object->GetIDsOfNames(IID{}, names, 1, LOCALE_USER_DEFAULT, &id);
+  const HRESULT code = FindId(name, id);
   if (FAILED(code)) SetErrorInfo(0, nullptr);
   if (code == DISP_E_UNKNOWNNAME) {
     throw AutomationError(ErrorNumber::UnknownName,
@@ -99,6 +96,33 @@ MemberId ComObject::Find(std::u16string_view name) {
   ThrowIfFailed(code);
   members_.emplace(std::move(key), id);
   return id;
+}
+
+// Objects of script languages may leave the plain interface unfinished.
+HRESULT ComObject::FindId(std::u16string_view name, DISPID& id) {
+  const auto object = object_.Copy();
+  if (!extended_) {
+    std::wstring wide = ToWide(name);
+    LPOLESTR names[] = {wide.data()};
+    const HRESULT code = object->GetIDsOfNames(IID{}, names, 1, LOCALE_USER_DEFAULT, &id);
+    if (code != E_NOTIMPL) return code;
+    extended_ = object.As<IDispatchEx>();
+    if (!extended_) return code;
+  }
+  const auto extended = extended_.Copy();
+  return extended->GetDispID(Bstr(name).get(), fdexNameCaseInsensitive, &id);
+}
+
+HRESULT ComObject::Send(DISPID member, WORD flags, DISPPARAMS& parameters, VARIANT* result,
+                        EXCEPINFO& record) {
+  if (const auto extended = extended_.Copy()) {
+    return extended->InvokeEx(member, LOCALE_USER_DEFAULT, flags, &parameters, result, &record,
+                              nullptr);
+  }
+  const auto object = object_.Copy();
+  UINT badArgument = 0;
+  return object->Invoke(member, IID{}, LOCALE_USER_DEFAULT, flags, &parameters, result, &record,
+                        &badArgument);
 }
 
 Value ComObject::Invoke(MemberId member, Access access, std::span<Value> arguments) {
@@ -115,12 +139,10 @@ Value ComObject::Invoke(MemberId member, Access access, std::span<Value> argumen
   }
   Variant result;
   CallFailure failure;
-  UINT badArgument = 0;
   // The call may release this object.
   const auto object = object_.Copy();
   const HRESULT code =
-      object->Invoke(member, IID{}, LOCALE_USER_DEFAULT, FlagsOf(access), &parameters,
-                     put ? nullptr : result.put(), failure.put(), &badArgument);
+      Send(member, FlagsOf(access), parameters, put ? nullptr : result.put(), *failure.put());
   if (FAILED(code)) failure.Throw(code, object.get());
   outgoing.WriteBack();
   return TakeVariant(std::move(result));

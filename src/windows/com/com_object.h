@@ -2,6 +2,7 @@
 // Our own objects, called by others, are dispatch_object.h.
 #pragma once
 
+#include <dispex.h>
 #include <oaidl.h>
 
 #include <string>
@@ -24,7 +25,13 @@ class ComObject final : public AutomationObject {
   ComPtr<IDispatch> Dispatch() const { return object_.Copy(); }
 
  private:
+  HRESULT FindId(std::u16string_view name, DISPID& id);
+  HRESULT Send(DISPID member, WORD flags, DISPPARAMS& parameters, VARIANT* result,
+               EXCEPINFO& record);
+
   ComPtr<IDispatch> object_;
+  // Set for objects that answer names and calls through this interface alone.
+  ComPtr<IDispatchEx> extended_;
   // By the spelling that was asked for; the library asks for few names.
   std::unordered_map<std::u16string, MemberId> members_;
 };

@@ -2,6 +2,7 @@
 // Objects of our own that come back are tested in dispatch_object_test.cpp.
 #include "windows/com/com_object.h"
 
+#include <dispex.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -12,11 +13,19 @@
 #include "windows/com/bstr.h"
 #include "windows/com/variant_value.h"
 
+namespace pricedown::windows {
+
+template <>
+struct BasesOf<IDispatchEx> : InterfaceList<IDispatch> {};
+
+}  // namespace pricedown::windows
+
 namespace pricedown::testing {
 namespace {
 
 using ::testing::ElementsAre;
 using windows::Bstr;
+using windows::ComClass;
 using windows::ComObject;
 using windows::ComPtr;
 using windows::MakeCom;
@@ -161,6 +170,49 @@ TEST(CallingAnObject, SurvivesItsOwnReleaseDuringTheCall) {
   object = std::make_shared<ComObject>(ComPtr<IDispatch>::Share(stub.get()));
   AutomationObject& called = *object;
   EXPECT_EQ(called.Invoke(7, Access::Call, {}), Value(3));
+}
+
+// Objects of script languages answer names and calls through IDispatchEx alone.
+class ScriptObject final : public ComClass<IDispatchEx> {
+ public:
+  std::string log;
+
+  STDMETHODIMP GetTypeInfoCount(UINT*) noexcept override { return E_NOTIMPL; }
+  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return E_NOTIMPL; }
+  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override {
+    return E_NOTIMPL;
+  }
+  STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
+                      UINT*) noexcept override {
+    return E_NOTIMPL;
+  }
+  STDMETHODIMP GetDispID(BSTR name, DWORD flags, DISPID* id) noexcept override {
+    EXPECT_EQ(flags, static_cast<DWORD>(fdexNameCaseInsensitive));
+    *id = Utf8(windows::FromBstr(name)) == "Member" ? 4 : DISPID_UNKNOWN;
+    return *id == 4 ? S_OK : DISP_E_UNKNOWNNAME;
+  }
+  STDMETHODIMP InvokeEx(DISPID id, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                        EXCEPINFO*, IServiceProvider*) noexcept override {
+    log += std::to_string(id) + " flags " + std::to_string(flags) + " arguments " +
+           std::to_string(parameters->cArgs) + ";";
+    if (result != nullptr) *result = Number(6);
+    return S_OK;
+  }
+  STDMETHODIMP DeleteMemberByName(BSTR, DWORD) noexcept override { return E_NOTIMPL; }
+  STDMETHODIMP DeleteMemberByDispID(DISPID) noexcept override { return E_NOTIMPL; }
+  STDMETHODIMP GetMemberProperties(DISPID, DWORD, DWORD*) noexcept override { return E_NOTIMPL; }
+  STDMETHODIMP GetMemberName(DISPID, BSTR*) noexcept override { return E_NOTIMPL; }
+  STDMETHODIMP GetNextDispID(DWORD, DISPID, DISPID*) noexcept override { return E_NOTIMPL; }
+  STDMETHODIMP GetNameSpaceParent(IUnknown**) noexcept override { return E_NOTIMPL; }
+};
+
+TEST(CallingAScriptsObject, GoesThroughItsOwnInterface) {
+  const auto script = MakeCom<ScriptObject>();
+  ComObject object(ComPtr<IDispatch>::Share(script.get()));
+  EXPECT_EQ(object.Call(u"Member", {1}), Value(6));
+  object.Put(u"Member", 2);
+  EXPECT_EQ(script->log, "4 flags 3 arguments 1;4 flags 4 arguments 1;");
+  EXPECT_EQ(FailureOf([&] { object.Call(u"Other"); }).substr(0, 8), "80020006");
 }
 
 TEST(CallingAnObject, KeepsNoReferenceAfterwards) {
