@@ -15,7 +15,8 @@ using windows::ComPtr;
 // A frame with the container as its only child; the control is made by ProgID.
 class AtlHost {
  public:
-  AtlHost() {
+  explicit AtlHost(const char16_t* missing = nullptr) {
+    if (missing != nullptr) world.factory.Refuses(missing);
     FunctionOf<BOOL(WINAPI*)()>(L"atl.dll", "AtlAxWinInit")();
     container = CreateWindowExW(0, L"AtlAxWin", L"ZEPPriceDownPrepare.PriceDown",
                                 WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0, 700, 500,
@@ -85,6 +86,13 @@ TEST(InAtlAxWin, TheHostsReferenceMayEndFirst) {
   EXPECT_NE(host.Window(), nullptr);
   host.frame.Destroy();
   EXPECT_EQ(host.world.log.Count(R"(put dictionary("NodeSel1") = "gi01")"), 1U);
+}
+
+TEST(InAtlAxWin, TheControlIsThereEvenIfItsCreationFailed) {
+  AtlHost host(u"ZEPEBSBase.SystemProfile");
+  ASSERT_TRUE(host.control);
+  EXPECT_EQ(host.Show(), "S_OK True");
+  EXPECT_NE(host.Window(), nullptr);
 }
 
 TEST(InAtlAxWin, TheControlIsMadeAgainAndAgain) {

@@ -2,6 +2,7 @@
 // What must be shown or kept in each case is tested with the core.
 #include <gtest/gtest.h>
 
+#include "tests/windows/dialog_closer.h"
 #include "tests/windows/raw_call.h"
 #include "tests/windows/server/control_host.h"
 #include "windows/com/variant_value.h"
@@ -11,9 +12,8 @@ namespace {
 
 // The whole life of a control in its container; checks for leaks as it ends.
 int LiveWith(int failingCall, bool useSite) {
+  const DialogCloser closer;
   ControlHost host;
-  // A failing grid load tells the user in a message box, which nobody would close here.
-  host.world.company.nodeSetting = u"";
   host.world.factory.FailCall(failingCall);
   if (useSite) {
     host.SetSite();
@@ -35,6 +35,17 @@ TEST(FailingSuite, NeverHarmsAControlInItsContainer) {
 
 TEST(FailingSuite, NeverHarmsAControlWithoutAContainer) {
   FailEachCallInTurn([](int failingCall) { return LiveWith(failingCall, false); });
+}
+
+TEST(FailingSuite, IsToldToTheUserByTheGridAlone) {
+  const DialogCloser closer;
+  ControlHost host;
+  host.world.company.nodeSetting = u"gi02";
+  std::u16string statement(kItemsOf01);
+  statement.replace(statement.find(u"01"), 2, u"02");
+  FailStatement(host.world.factory, statement, static_cast<std::int32_t>(0x80040E14), u"坏了");
+  host.Open();
+  EXPECT_EQ(closer.Closed(), 1);
 }
 
 TEST(FailingCreation, IsTheResultOfGivingTheSite) {

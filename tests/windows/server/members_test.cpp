@@ -2,6 +2,10 @@
 // What the commands do is tested with the core; here it is that each reaches it, and how.
 #include <gtest/gtest.h>
 
+#include <array>
+
+#include "platform/convert.h"
+#include "platform/local_object.h"
 #include "tests/browser/recording_views.h"
 #include "tests/windows/raw_call.h"
 #include "tests/windows/server/control_host.h"
@@ -222,6 +226,40 @@ TEST_F(Members, FailuresArriveOnBothInterfaces) {
   EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID__PriceDown), S_OK);
   EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID_IDispatch), S_OK);
   EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID_IViewObject), S_FALSE);
+}
+
+// Keeps the bar that it is given to merge.
+class KeepingParent : public LocalObject<KeepingParent> {
+ public:
+  static std::span<const Member<KeepingParent>> Members() {
+    static const std::array members{
+        Member<KeepingParent>{u"MergeToolBar", MemberKind::Method,
+                              [](KeepingParent& parent, Access, std::span<Value> arguments) {
+                                parent.bar = arguments[0].Resolved().Object();
+                                return Value();
+                              },
+                              1, 1}};
+    return members;
+  }
+
+  ObjectPtr bar;
+};
+
+TEST(TheCommandBar, KeepsTheLibraryLoadedAsLongAsAHostHasIt) {
+  const auto parent = std::make_shared<KeepingParent>();
+  ControlHost host;
+  host.SetSite();
+  EXPECT_EQ(Expression(host.control.get(), L"Show", {ObjectOf(windows::ToDispatch(parent).get())}),
+            "S_OK True");
+  ASSERT_NE(parent->bar, nullptr);
+  host.Close();
+  host.Release();
+  EXPECT_FALSE(host.library.CanUnload());
+  EXPECT_EQ(ToText(parent->bar->Call(u"Tools", {u"iEdit"}).Object()->Get(u"Caption")), u"修改");
+  // Clicks after the control's end reach nobody.
+  parent->bar->Call(u"Click", {u"iInsert"});
+  parent->bar.reset();
+  EXPECT_TRUE(host.library.CanUnload());
 }
 
 TEST(MembersInDesignMode, AreRefusedButShowIsNot) {
