@@ -1,5 +1,6 @@
 // The native stage: the suite's objects called directly, views that keep what they are given.
 #include "bench/stage.h"
+#include "bench/no_editor.h"
 
 #include <vector>
 
@@ -69,8 +70,9 @@ class NativeStage final : public Stage {
   workbench::SuiteFactory factory_{suite_};
   ProcessState state_;
   SilentViews views_;
+  NoEditor editor_;
   PriceDown control_{PriceDownPorts{factory_, state_, views_, views_, views_, views_, views_,
-                                    views_, u"pricedown_bench", nullptr}};
+                                    views_, u"pricedown_bench", nullptr, editor_}};
   std::vector<std::u16string> raw_;
 };
 

@@ -4,6 +4,7 @@
 #include <commctrl.h>
 #include <objbase.h>
 
+#include "bench/no_editor.h"
 #include "bench/stage.h"
 #include "platform/text.h"
 #include "windows/com/com_object_factory.h"
@@ -46,7 +47,7 @@ class WindowsStage final : public Stage {
     factory_.Create(u"ZEPWorkbench.Settings")->Call(u"Open", {FromUtf8(path)});
     control_ = std::make_unique<PriceDown>(PriceDownPorts{factory_, state_, questions_, screen_,
                                                           container_, window_, window_, window_,
-                                                          u"pricedown_bench", nullptr});
+                                                          u"pricedown_bench", nullptr, editor_});
     window_.Attach(control_.get());
     window_.MoveInto(frame_, RECT{0, 0, 800, 600});
     control_->Initialize();
@@ -91,6 +92,7 @@ class WindowsStage final : public Stage {
   NoContainer container_;
   win::ControlWindow window_{GetModuleHandleW(nullptr)};
   win::WindowsScreen screen_{window_};
+  NoEditor editor_;
   std::unique_ptr<PriceDown> control_;
   HWND frame_ = nullptr;
   HWND raw_ = nullptr;

@@ -19,6 +19,8 @@ struct BrowserState {
   // The answers of the last tree query and the last grid query, kept open until the next.
   Recordset classRecordset;
   Recordset itemRecordset;
+  // Rows of the grid when it was last handed to the editor; nothing reads it.
+  std::int32_t editedRowCount = 0;
   // The node that was clicked last, by key, so that a reload of the tree leaves no stale node.
   std::optional<std::u16string> currentNodeKey;
   NodeIndex nodeIndex = kNoNode;

@@ -1,18 +1,79 @@
-// Deleting a class: question, guards, the two deletes, the reload.
+// The preparation of the editor; deleting a class: question, guards, the two deletes, the reload.
 // Nothing is trapped here: a failure ends the command and reaches its caller.
 #include "browser/class_commands.h"
 
 #include <string>
 
+#include "editor/member_list.h"
+#include "editor/record_copy.h"
 #include "env/system_profile.h"
 #include "env/translation.h"
 #include "platform/convert.h"
+#include "platform/skip.h"
 #include "platform/text.h"
 #include "store/connection.h"
 #include "store/statements.h"
 #include "store/tables.h"
 
 namespace pricedown {
+namespace {
+
+constexpr std::int16_t kEditMode = 0;
+
+// The form is shared: a failure must not leave it half prepared for the next command.
+template <typename Preparation>
+void Prepare(ItemClassForm& form, Preparation&& preparation) {
+  try {
+    preparation();
+  } catch (...) {
+    SkipFailing([&] { form.Unload(); });
+    throw;
+  }
+}
+
+}  // namespace
+
+// In both commands the form comes first, because one that is being shown refuses, and nothing of
+// this object is touched once it is shown.
+void ClassCommands::Add() {
+  ItemClassForm& form = editor_.Form();
+  Prepare(form, [&] { PrepareAdd(form); });
+  editor_.ShowModal();
+}
+
+void ClassCommands::PrepareAdd(ItemClassForm& form) {
+  const Recordset members = Recordset::Create(environment_.factory);
+  form.SetMemberList(members);
+  AppendMemberFields(members);
+  const Recordset second = Recordset::Create(environment_.factory);
+  form.SetSecondRecordSet(second);
+  AppendMemberFields(second);
+  form.SetYearAndPeriod(environment_.state.currentYear, environment_.state.currentPeriod);
+  members.Open();
+  second.Open();
+  form.SetMode(kAddMode);
+}
+
+void ClassCommands::Edit() {
+  if (!RequireClass(u"请选择要修改的物料类别")) return;
+  ItemClassForm& form = editor_.Form();
+  Prepare(form, [&] { PrepareEdit(form); });
+  editor_.ShowModal();
+}
+
+void ClassCommands::PrepareEdit(ItemClassForm& form) {
+  {
+    const Recordset items = state_.itemRecordset;
+    state_.editedRowCount = items.RecordCount();
+    form.SetMode(kEditMode);
+    items.MoveFirst();
+    form.SetOpeningNumber(ToText(items.Field(columns::kItemClassNumber)));
+    form.SetMemberList(CopyRecords(environment_.factory, items));
+    state_.itemRecordset.Release();
+  }
+  form.SetSecondRecordSet(CopyRecords(environment_.factory, form.MemberList()));
+  form.SetYearAndPeriod(environment_.state.currentYear, environment_.state.currentPeriod);
+}
 
 bool ClassCommands::RequireClass(std::u16string_view message) {
   const Recordset& items = state_.itemRecordset;

@@ -1,4 +1,4 @@
-// The commands on a class that the grid shows: deleting it, and the refusals of all of them.
+// The commands on classes: adding one, editing or deleting the one that the grid shows.
 // Who may run a command, and what is reloaded after it, is decided by the dispatch of commands.
 #pragma once
 
@@ -6,25 +6,35 @@
 
 #include "browser/browser_state.h"
 #include "browser/class_tree.h"
+#include "editor/class_editor.h"
 #include "env/environment.h"
 
 namespace pricedown {
 
 class ClassCommands {
  public:
-  ClassCommands(Environment& environment, BrowserState& state, ClassTree& tree)
-      : environment_(environment), state_(state), tree_(tree) {}
+  // All must outlive the commands.
+  ClassCommands(Environment& environment, BrowserState& state, ClassTree& tree,
+                ItemClassEditor& editor)
+      : environment_(environment), state_(state), tree_(tree), editor_(editor) {}
+
+  // Open the editor for a new class, or on the class of the rows in the grid, and return when it
+  // has closed; nothing is reloaded. Editing takes the grid's recordset away: until the next node
+  // click the grid has no class. Throw AutomationError, and the form is then unloaded. The
+  // commands may be destroyed while the editor is shown.
+  void Add();
+  void Edit();
 
   // Deletes the class of the rows in the grid after a question, unless its period has a voucher or
   // it has provision history; then selects the root. Throws AutomationError where a step fails;
   // what ran before stays done.
   void Delete();
 
-  // Whether the grid shows rows of a class; when not, the user has been told `message`.
-  // Throws AutomationError.
-  bool RequireClass(std::u16string_view message);
-
  private:
+  // Whether the grid shows rows of a class; when not, the user has been told `message`.
+  bool RequireClass(std::u16string_view message);
+  void PrepareAdd(ItemClassForm& form);
+  void PrepareEdit(ItemClassForm& form);
   bool IsConfirmed(std::u16string_view number, std::u16string_view name);
   // False when a guard refused, and then nothing is deleted.
   bool DeleteGuarded(std::u16string_view number);
@@ -32,6 +42,7 @@ class ClassCommands {
   Environment& environment_;
   BrowserState& state_;
   ClassTree& tree_;
+  ItemClassEditor& editor_;
 };
 
 }  // namespace pricedown

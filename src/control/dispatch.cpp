@@ -65,6 +65,8 @@ void PriceDown::ClassToolClicked(std::u16string_view tool, std::u16string_view b
 
 void PriceDown::StripButtonClicked(std::u16string_view key) {
   if (terminated_) return;
+  // A command may show a window, and the host may close the control's meanwhile.
+  const std::shared_ptr<void> held = ports_.hold ? ports_.hold() : nullptr;
   RunStripCommand(key);
   // The command may have ended the control.
   if (terminated_) return;
@@ -99,6 +101,16 @@ void PriceDown::ToggleToolStrip(const ObjectPtr& tool) {
 void PriceDown::TakeCheckedState(const ObjectPtr& tool, std::u16string_view name) {
   const bool checked = ToBoolean(tool->Get(u"Checked"));
   bar_->Add({std::u16string(name), {}, {}, {}})->SetChecked(checked);
+}
+
+Value PriceDown::addRecord() {
+  if (!terminated_) commands_.Add();
+  return {};
+}
+
+Value PriceDown::editRecord() {
+  if (!terminated_) commands_.Edit();
+  return {};
 }
 
 Value PriceDown::delRecord() {

@@ -29,7 +29,7 @@ PriceDown::PriceDown(PriceDownPorts ports)
                    ports_.application),
       grid_(environment_, browser_),
       tree_(environment_, browser_, ports_.treeView, grid_),
-      commands_(environment_, browser_, tree_),
+      commands_(environment_, browser_, tree_, ports_.editor),
       font_(environment_, ledger_, grid_.Cells(), ports_.fontView),
       bar_(std::make_shared<CommandBar>()) {
   bar_->OnClick([this](const ObjectPtr& tool) {

@@ -31,6 +31,8 @@ struct PriceDownPorts {
   std::u16string application;  // the host program's name
   // The control as the suite's form resources see it: its captions by name.
   ObjectPtr form;
+  // The process's one item class form.
+  ItemClassEditor& editor;
   // Keeps the control alive while its answer is held; a click on the bar comes from outside and
   // may end with the last reference. May be empty.
   std::function<std::shared_ptr<void>()> hold = {};

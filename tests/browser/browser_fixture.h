@@ -9,6 +9,7 @@
 #include "browser/class_commands.h"
 #include "browser/class_tree.h"
 #include "browser/item_grid.h"
+#include "tests/browser/recording_editor.h"
 #include "tests/browser/recording_views.h"
 #include "tests/support/call_log.h"
 #include "tests/support/recording_factory.h"
@@ -67,11 +68,14 @@ struct Item {
 inline ScriptedRows ItemRows(std::initializer_list<Item> items, const Value& classNumber = u"01",
                              const Value& className = u"原料") {
   std::vector<std::vector<Value>> rows;
+  std::int32_t id = 100;
   for (const Item& item : items) {
-    rows.push_back({item.code, item.shortCode, item.name, item.model, classNumber, className});
+    rows.push_back({item.code, item.shortCode, item.name, item.model, ++id, classNumber, className,
+                    1051, u"5711", 1023, u"1281.1", 12.5});
   }
   return Rows(
-      {u"FNumber", u"FShortNumber", u"FName", u"FModel", u"FItemClassNumber", u"FItemClassName"},
+      {u"FNumber", u"FShortNumber", u"FName", u"FModel", u"Fitemid", u"FItemClassNumber",
+       u"FItemClassName", u"FAPAccID", u"FAPNumber", u"FARAccID", u"FARNumber", u"FPencentPrepare"},
       std::move(rows));
 }
 
@@ -102,6 +106,7 @@ class BrowserFixture : public ::testing::Test {
   BrowserState state_;
   ItemGrid grid_{environment_, state_};
   ClassTree tree_{environment_, state_, treeView_, grid_};
+  RecordingEditor editor_{environment_, factory_.GetRecorder(), log_};
   RecordingSheetView sheetView_{factory_.GetRecorder(), grid_.Cells()};
 };
 

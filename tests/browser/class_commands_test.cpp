@@ -72,7 +72,7 @@ class DeleteClass : public BrowserFixture {
   }
 
   Value period_ = u"3";
-  ClassCommands commands_{environment_, state_, tree_};
+  ClassCommands commands_{environment_, state_, tree_, editor_};
 };
 
 TEST_F(DeleteClass, AsksGuardsDeletesAndSelectsTheRoot) {

@@ -37,12 +37,13 @@ class ControlWorld {
     ScriptProfiles();
     ScriptUserSettings();
     ScriptStatements();
+    AllowRecordsets(factory);
   }
 
   void Create() {
-    control = std::make_unique<PriceDown>(PriceDownPorts{factory, state, questions, screen,
-                                                         container, view, treeView, fontView,
-                                                         u"Host", factory.NewObject(u"form")});
+    control = std::make_unique<PriceDown>(
+        PriceDownPorts{factory, state, questions, screen, container, view, treeView, fontView,
+                       u"Host", factory.NewObject(u"form"), editor, hold});
   }
   void CreateAndInitialize() {
     Create();
@@ -79,6 +80,10 @@ class ControlWorld {
   RecordingTreeView treeView{factory.GetRecorder()};
   RecordingFontView fontView{factory.GetRecorder()};
   ProcessState state;
+  // The form is the process's, not the control's.
+  Environment formEnvironment{factory, state, questions, screen, u"Host"};
+  RecordingEditor editor{formEnvironment, factory.GetRecorder(), log};
+  std::function<std::shared_ptr<void>()> hold;
   std::unique_ptr<PriceDown> control;
 
  private:

@@ -84,7 +84,6 @@ TEST_F(Dispatch, RefusesACommandWithoutItsRightAndReloadsAllTheSame) {
 
 TEST_F(Dispatch, RunsACommandWithItsOwnRightAlone) {
   Start();
-  const std::string noEditor = "物料类别编辑窗口尚未提供";
   const std::string noPrinting = "打印和打印预览尚未提供";
   const auto run = [&](std::u16string_view key, const char* mask) {
     world_.company.grantedMasks = std::string(" ") + mask + " ";
@@ -92,16 +91,21 @@ TEST_F(Dispatch, RunsACommandWithItsOwnRightAlone) {
   };
   EXPECT_EQ(run(u"Print", "32768"), noPrinting);
   EXPECT_EQ(run(u"PrintView", "32768"), noPrinting);
-  EXPECT_EQ(run(u"Add", "131072"), noEditor);
-  EXPECT_EQ(run(u"Edit", "4194304"), noEditor);
+  EXPECT_EQ(run(u"Add", "131072"), "");
+  EXPECT_EQ(world_.log.Count("editor show mode 1 \"\" 2008/3"), 1u);
+  EXPECT_EQ(run(u"Edit", "4194304"), "");
+  EXPECT_EQ(world_.log.Count("editor show mode 0 \"01\" 2008/3"), 1u);
+  Control().NodeClicked(2);
   world_.questions.WillAnswer({false});
   EXPECT_EQ(run(u"Del", "65536"), "");
 }
 
 TEST_F(Dispatch, DoesNotReloadBehindACommandThatFails) {
   Start();
+  world_.factory.FailCall(2);
   EXPECT_NE(FailureOf([&] { Control().StripButtonClicked(u"Add"); }), "");
-  EXPECT_EQ(world_.log.Text(), "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 131072)\n");
+  EXPECT_EQ(world_.log.Text(),
+            "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 131072)\neditor form fails\n");
 }
 
 TEST_F(Dispatch, LetsAFailingRightsCheckReachTheCaller) {
@@ -303,10 +307,8 @@ TEST_F(Dispatch, AsksForAClassBeforeAnEditAndThenReloads) {
   EXPECT_EQ(world_.log.Text(), "tell information \"岚禾提示\": \"请选择要删除的物料类别\"\n");
 }
 
-TEST_F(Dispatch, SaysThatWindowsAndPagesAreStillToCome) {
+TEST_F(Dispatch, SaysThatPagesAreStillToCome) {
   Start();
-  EXPECT_EQ(FailureOf([&] { Control().addRecord(); }), "物料类别编辑窗口尚未提供");
-  EXPECT_EQ(FailureOf([&] { Control().editRecord(); }), "物料类别编辑窗口尚未提供");
   EXPECT_EQ(FailureOf([&] { Control().PrintPara(); }), "打印和打印预览尚未提供");
   EXPECT_EQ(FailureOf([&] { Control().PreviewPara(); }), "打印和打印预览尚未提供");
 }

@@ -121,9 +121,9 @@ void UiWorld::ScriptItems(std::u16string_view classNumber, int count) {
 }
 
 void UiWorld::Start() {
-  control = std::make_unique<PriceDown>(PriceDownPorts{suite.factory, suite.state, suite.questions,
-                                                       *screen, suite.container, *window, *window,
-                                                       *window, u"Host", window->Form()});
+  control = std::make_unique<PriceDown>(
+      PriceDownPorts{suite.factory, suite.state, suite.questions, *screen, suite.container, *window,
+                     *window, *window, u"Host", window->Form(), suite.editor});
   window->Attach(control.get());
   control->Initialize();
   window->MoveInto(host.Handle(), host.Inside());

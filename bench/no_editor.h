@@ -1,0 +1,19 @@
+// The place of the item class form in a stage that opens none.
+// The form's own measurements make a form without a control.
+#pragma once
+
+#include "editor/class_editor.h"
+#include "platform/error.h"
+
+namespace bench {
+
+class NoEditor final : public pricedown::ItemClassEditor {
+ public:
+  pricedown::ItemClassForm& Form() override {
+    throw pricedown::AutomationError(pricedown::ErrorNumber::Unspecified, u"没有编辑窗口",
+                                     u"pricedown_bench");
+  }
+  void ShowModal() override {}
+};
+
+}  // namespace bench
