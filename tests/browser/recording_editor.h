@@ -68,7 +68,7 @@ class RecordingEditor : public ItemClassEditor {
   std::function<void()> whileShown;
 
  private:
-  // What the browser has set: mode 0 "01" 2008/3 2+2 rows.
+  // What the browser has set: mode 0 "01" 2008/3.
   std::string Prepared() const {
     const FormState& state = form_.State();
     return "mode " + std::to_string(state.mode) + " " + Quoted(state.openingNumber) + " " +

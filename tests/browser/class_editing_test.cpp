@@ -1,0 +1,322 @@
+// Adding and editing a class: what the editor is given, in which order, and what is left behind.
+#include <array>
+
+#include "browser/class_commands.h"
+#include "platform/error.h"
+#include "tests/browser/browser_fixture.h"
+
+namespace pricedown::testing {
+namespace {
+
+// A column as it stands in the log.
+struct LogColumn {
+  const char* name;
+  int type;
+  int size;
+  // Of the one row of the class, where it has one.
+  const char* value = "";
+};
+
+constexpr std::array<LogColumn, 15> kWorkingRecord{{
+    {"FItemID", 3, 0},
+    {"FNumber", 202, 80},
+    {"FShortNumber", 202, 80},
+    {"FName", 202, 80},
+    {"FModel", 202, 255},
+    {"FItemClassID", 3, 0},
+    {"FItemClassNumber", 202, 80},
+    {"FItemClassName", 202, 80},
+    {"FAPAccID", 3, 0},
+    {"FAPNumber", 202, 80},
+    {"FARAccID", 3, 0},
+    {"FARNumber", 202, 80},
+    {"FPencentPrepare", 5, 0},
+    {"FYear", 3, 0},
+    {"FPeriod", 3, 0},
+}};
+
+constexpr std::array<LogColumn, 12> kGridColumns{{
+    {"FNumber", 202, 255, "\"01.001\""},
+    {"FShortNumber", 202, 255, "\"001\""},
+    {"FName", 202, 255, "\"螺栓\""},
+    {"FModel", 202, 255, "\"M8\""},
+    {"Fitemid", 3, 0, "101"},
+    {"FItemClassNumber", 202, 255, "\"01\""},
+    {"FItemClassName", 202, 255, "\"原料\""},
+    {"FAPAccID", 3, 0, "1051"},
+    {"FAPNumber", 202, 255, "\"5711\""},
+    {"FARAccID", 3, 0, "1023"},
+    {"FARNumber", 202, 255, "\"1281.1\""},
+    {"FPencentPrepare", 5, 0, "12.5"},
+}};
+
+constexpr const char* kCopy = "ADODB.Recordset";
+
+// A new client-side recordset with these fields, not open.
+template <typename Columns>
+std::string Made(const Columns& columns, int attributes) {
+  std::string lines = "create ADODB.Recordset\nput ADODB.Recordset.CursorLocation = 3\n";
+  for (const LogColumn& column : columns) {
+    lines += "ADODB.Recordset.Fields()\nADODB.Recordset.Fields.Append(\"" +
+             std::string(column.name) + "\", " + std::to_string(column.type) + ", " +
+             std::to_string(column.size) + ", " + std::to_string(attributes) + ")\n";
+  }
+  return lines;
+}
+
+// The copy of a recordset with the one row, from the clearing of the filter on.
+std::string Copied(const std::string& source) {
+  const std::string copy = kCopy;
+  std::string lines =
+      "put " + source + ".Filter = \"\"\n" + source + ".Fields()\n" + source + ".Fields.Count()\n";
+  int index = 0;
+  for (const LogColumn& column : kGridColumns) {
+    const std::string field = source + ".Fields(\"" + column.name + "\")";
+    lines += source + ".Fields.Item(" + std::to_string(index++) + ")\n" + field + ".Name()\n" +
+             field + ".Type()\n" + field + ".DefinedSize()\n" + field + ".Attributes()\n";
+  }
+  lines += Made(kGridColumns, 0) + copy + ".Open()\n" + source + ".MoveFirst()\n";
+  for (const LogColumn& column : kGridColumns) {
+    for (const std::string& rows : {source, copy}) {
+      lines += rows + ".Fields()\n" + rows + ".Fields.Item(\"" + column.name + "\")\n";
+    }
+  }
+  lines += source + ".EOF()\n" + copy + ".AddNew()\n";
+  for (const LogColumn& column : kGridColumns) {
+    const std::string value = std::string(".Fields(\"") + column.name + "\").Value";
+    lines += source + value + "()\nput " + copy + value + " = " + column.value + "\n";
+  }
+  return lines + copy + ".UpdateBatch()\n" + source + ".MoveNext()\n" + source + ".EOF()\n" + copy +
+         ".MoveFirst()\n";
+}
+
+constexpr const char* kNoClass = "tell information \"岚禾提示\": \"请选择要修改的物料类别\"\n";
+
+class ClassEditing : public BrowserFixture {
+ protected:
+  ClassEditing() {
+    AnswerStatement(factory_, kTreeStatement, ClassRows({{u"01", u"原料"}}));
+    AnswerStatement(factory_, kItemsOf01, ItemRows({*kTwoItems.begin()}));
+    AnswerStatement(factory_, kItemsOfRoot, ItemRows({}));
+    AllowRecordsets(factory_);
+    factory_.Object(u"ZEPPropsMgr.ShareProps")
+        .On(u"GetProperty", Reply(Value()).Writing(1, u"LANGUAGE=chs"));
+    processState_.currentYear = 2008;
+    processState_.currentPeriod = 3;
+    tree_.LoadClassTree();
+    SelectClass();
+  }
+  void SelectClass() {
+    tree_.SelectAndClick(u"gi01");
+    log_.Clear();
+  }
+  // The log up to the window of the editor, and the log behind its end.
+  std::string BeforeTheWindow() const {
+    const std::string text = log_.Text();
+    return text.substr(0, text.find("editor window\n"));
+  }
+  // What a command throws; none when it returns.
+  template <typename Command>
+  std::int32_t ErrorOf(Command command) {
+    try {
+      command();
+    } catch (const AutomationError& error) {
+      return error.Number();
+    }
+    return 0;
+  }
+  // The command fails at each call in turn; whatever fails, the form is clean, nothing leaks, and
+  // the command works the next time. Answers how often it threw and how often it was shown.
+  template <typename Command>
+  std::pair<int, int> FailEachCall(Command command) {
+    factory_.LogRecordsetCalls();
+    int thrown = 0;
+    int shown = 0;
+    FailEachCallInTurn([&](int failingCall) {
+      SelectClass();
+      const int before = factory_.CallCount();
+      factory_.FailCall(failingCall);
+      const std::int32_t error = ErrorOf([&] { command(); });
+      const int calls = factory_.CallCount() - before;
+      factory_.FailCall(0);
+      const std::string log = log_.Text();
+      const bool ended = log.find("editor closed\n") != std::string::npos;
+      EXPECT_EQ(error == 0, ended) << log;
+      thrown += error != 0;
+      shown += ended;
+      EXPECT_TRUE(editor_.IsClean()) << log;
+      SelectClass();
+      EXPECT_EQ(ErrorOf([&] { command(); }), 0) << log;
+      state_.itemRecordset.Release();
+      state_.classRecordset.Release();
+      EXPECT_EQ(factory_.LiveObjects(), 0) << log;
+      return calls;
+    });
+    return {thrown, shown};
+  }
+
+  ClassCommands commands_{environment_, state_, tree_, editor_};
+};
+
+TEST_F(ClassEditing, GivesTheEditorTwoEmptyWorkingRecordsForANewClass) {
+  factory_.LogRecordsetCalls();
+  editor_.whileShown = [&] {
+    const FormState& form = editor_.Shown().State();
+    EXPECT_EQ(form.memberList.RecordCount(), 0);
+    EXPECT_EQ(form.secondRecordSet.RecordCount(), 0);
+    EXPECT_NE(form.memberList.Object(), form.secondRecordSet.Object());
+  };
+  commands_.Add();
+  EXPECT_EQ(BeforeTheWindow(), "editor form\n" + Made(kWorkingRecord, 32) +
+                                   Made(kWorkingRecord, 32) +
+                                   "ADODB.Recordset.Open()\n"
+                                   "ADODB.Recordset.Open()\n"
+                                   "editor show mode 1 \"\" 2008/3\n");
+  EXPECT_EQ(log_.Lines().back(), "editor closed");
+  EXPECT_TRUE(editor_.IsClean());
+}
+
+TEST_F(ClassEditing, KeepsTheGridsClassWhileAnotherIsAdded) {
+  commands_.Add();
+  EXPECT_EQ(state_.itemRecordset.RecordCount(), 1);
+  EXPECT_EQ(log_.Count("release result"), 0u);
+}
+
+TEST_F(ClassEditing, GivesTheEditorTwoCopiesOfTheGridsRowsAndDropsThem) {
+  factory_.LogRecordsetCalls();
+  commands_.Edit();
+  EXPECT_EQ(BeforeTheWindow(),
+            "result.RecordCount()\n"
+            "editor form\n"
+            "result.RecordCount()\n"
+            "result.MoveFirst()\n"
+            "result.Fields()\n"
+            "result.Fields.Item(\"FItemClassNumber\")\n"
+            "result.Fields(\"FItemClassNumber\").Value()\n" +
+                Copied("result") + "release result\n" + Copied(kCopy) +
+                "editor show mode 0 \"01\" 2008/3\n");
+  EXPECT_EQ(log_.Lines().back(), "editor closed");
+  EXPECT_FALSE(state_.itemRecordset);
+  EXPECT_EQ(state_.editedRowCount, 1);
+  EXPECT_TRUE(editor_.IsClean());
+}
+
+TEST_F(ClassEditing, CopiesEveryRowWhateverRowTheGridStandsOn) {
+  AnswerStatement(factory_, kItemsOf01, ItemRows(kTwoItems));
+  SelectClass();
+  state_.itemRecordset.MoveFirst();
+  state_.itemRecordset.MoveNext();
+  std::string codes;
+  editor_.whileShown = [&] {
+    for (const Recordset& rows :
+         {editor_.Shown().MemberList(), editor_.Shown().State().secondRecordSet}) {
+      for (rows.MoveFirst(); !rows.AtEnd(); rows.MoveNext()) {
+        codes += Readable(rows.Field(u"FNumber")) + Readable(rows.Field(u"FItemID")) + " ";
+      }
+    }
+  };
+  commands_.Edit();
+  EXPECT_EQ(codes, "\"01.001\"101 \"01.002\"102 \"01.001\"101 \"01.002\"102 ");
+  EXPECT_EQ(state_.editedRowCount, 2);
+}
+
+// Both are the values of the control's creation; only the guards read them afresh.
+TEST_F(ClassEditing, HandsOverTheYearAndPeriodThatTheProcessShares) {
+  processState_.currentYear = 2009;
+  processState_.currentPeriod = 12;
+  commands_.Add();
+  EXPECT_EQ(log_.Count("editor show mode 1 \"\" 2009/12"), 1u);
+  commands_.Edit();
+  EXPECT_EQ(log_.Count("editor show mode 0 \"01\" 2009/12"), 1u);
+  EXPECT_EQ(log_.Text().find("SystemProfile"), std::string::npos);
+}
+
+TEST_F(ClassEditing, AsksForAClassWhenTheGridHasNoRows) {
+  tree_.SelectAndClick(u"gc0");
+  log_.Clear();
+  commands_.Edit();
+  EXPECT_EQ(log_.Text(), kNoClass);
+  state_.itemRecordset.Release();
+  log_.Clear();
+  commands_.Edit();
+  EXPECT_EQ(log_.Text(), kNoClass);
+}
+
+TEST_F(ClassEditing, AsksForAClassAfterAnEditUntilANodeIsClicked) {
+  commands_.Edit();
+  log_.Clear();
+  commands_.Edit();
+  commands_.Delete();
+  EXPECT_EQ(log_.Text(),
+            kNoClass + std::string("tell information \"岚禾提示\": \"请选择要删除的物料类别\"\n"));
+  SelectClass();
+  commands_.Edit();
+  EXPECT_EQ(log_.Count("editor closed"), 1u);
+}
+
+TEST_F(ClassEditing, ForgetsAnEditBeforeTheNextAdd) {
+  commands_.Edit();
+  log_.Clear();
+  commands_.Add();
+  EXPECT_EQ(log_.Count("editor show mode 1 \"\" 2008/3"), 1u);
+}
+
+TEST_F(ClassEditing, LeavesAFormAloneThatIsBeingShown) {
+  std::int32_t adding = 0;
+  std::int32_t editing = 0;
+  editor_.whileShown = [&] {
+    const Recordset members = editor_.Shown().MemberList();
+    adding = ErrorOf([&] { commands_.Add(); });
+    tree_.SelectAndClick(u"gi01");
+    editing = ErrorOf([&] { commands_.Edit(); });
+    EXPECT_TRUE(editor_.Shown().State().loaded);
+    EXPECT_EQ(editor_.Shown().MemberList().Object(), members.Object());
+    EXPECT_EQ(Utf8(editor_.Shown().State().openingNumber), "01");
+    // The grid keeps the class, so that it can be edited later.
+    EXPECT_EQ(state_.itemRecordset.RecordCount(), 1);
+  };
+  commands_.Edit();
+  EXPECT_EQ(adding, static_cast<std::int32_t>(ErrorNumber::InvalidArgument));
+  EXPECT_EQ(editing, static_cast<std::int32_t>(ErrorNumber::InvalidArgument));
+}
+
+// A grid in the mode without classes has no such column.
+TEST_F(ClassEditing, FailsOnRowsWithoutAClass) {
+  state_.itemRecordset = Recordset(
+      NewScriptedRecordset(factory_.GetRecorder(), Rows({u"FNumber"}, {{u"01.001"}}), u"items"));
+  log_.Clear();
+  EXPECT_NE(ErrorOf([&] { commands_.Edit(); }), 0);
+  EXPECT_EQ(log_.Text(), "editor form\n");
+  EXPECT_TRUE(editor_.IsClean());
+  EXPECT_EQ(state_.itemRecordset.RecordCount(), 1);
+}
+
+TEST_F(ClassEditing, ReportsWhateverFailsWhileANewClassIsPrepared) {
+  const auto [thrown, shown] = FailEachCall([&] { commands_.Add(); });
+  // The undisturbed run alone comes to its end.
+  // Undisturbed, and twice because a language that cannot be read is the built-in one.
+  EXPECT_EQ(shown, 3);
+  EXPECT_GT(thrown, 60);
+}
+
+// Failures inside a copy are skipped; a copy that could not be made at all fails the load.
+TEST_F(ClassEditing, ReportsWhatFailsBesideTheCopiesOfAnEdit) {
+  const auto [thrown, shown] = FailEachCall([&] { commands_.Edit(); });
+  EXPECT_GT(thrown, 10);
+  EXPECT_GT(shown, 100);
+}
+
+TEST_F(ClassEditing, KeepsTheGridsClassWhenTheEditorCannotBeHad) {
+  factory_.FailCall(1);
+  EXPECT_EQ(ErrorOf([&] { commands_.Add(); }), kInjectedFailure);
+  EXPECT_EQ(log_.Text(), "editor form fails\n");
+  log_.Clear();
+  factory_.LogRecordsetCalls();
+  factory_.FailCall(2);
+  EXPECT_EQ(ErrorOf([&] { commands_.Edit(); }), kInjectedFailure);
+  EXPECT_EQ(log_.Text(), "result.RecordCount()\neditor form fails\n");
+  EXPECT_EQ(state_.itemRecordset.RecordCount(), 1);
+}
+
+}  // namespace
+}  // namespace pricedown::testing

@@ -1,0 +1,69 @@
+// A control that was shown, with its grid's window recorded, ready for clicks on its tools.
+// What a click does is in the tests.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/error.h"
+#include "tests/control/control_fixture.h"
+
+namespace pricedown::testing {
+
+class Dispatch : public ::testing::Test {
+ protected:
+  void Start() {
+    world_.CreateAndInitialize();
+    world_.control->Show(nullptr);
+    world_.control->ItemSheet().Attach(&sheetView());
+    world_.log.Clear();
+  }
+  RecordingSheetView& sheetView() {
+    if (!sheetView_) {
+      sheetView_ = std::make_unique<RecordingSheetView>(world_.factory.GetRecorder(),
+                                                        world_.control->ItemSheet());
+    }
+    return *sheetView_;
+  }
+  ~Dispatch() override {
+    if (world_.control) world_.control->ItemSheet().Attach(nullptr);
+  }
+
+  PriceDown& Control() { return *world_.control; }
+  // A click on a tool of the host.
+  void Click(std::u16string_view name) {
+    const ObjectPtr tool = world_.NewTool(name);
+    Control().ParentWindow_ToolBarClick(tool);
+  }
+  // What the command throws, or an empty text.
+  template <typename Command>
+  std::string FailureOf(Command command) {
+    try {
+      command();
+      return {};
+    } catch (const AutomationError& error) {
+      return Utf8(error.Description());
+    }
+  }
+  // The reload behind every strip command: the tree, and the grid painted without a query.
+  static std::string Reload() {
+    return "tree redraw off\n"
+           "tree clear\n"
+           "create ZEPConnection.AppConnection\n" +
+           ExecuteLine(kTreeStatement) +
+           "\nrelease ZEPConnection.AppConnection\n"
+           "release result\n"
+           "tree insert 1 under 0 \"物料\"\n"
+           "tree insert 2 under 1 \"01(原料)\"\n"
+           "tree insert 3 under 1 \"02(成品)\"\n"
+           "tree redraw on\n"
+           "sheet changed 2 rows\n";
+  }
+  static constexpr const char* kRefusal =
+      "tell information \"岚禾提示\": \"没有权限,请与系统管理员联系\"\n";
+
+  ControlWorld world_;
+  std::unique_ptr<RecordingSheetView> sheetView_;
+};
+
+}  // namespace pricedown::testing

@@ -1,0 +1,123 @@
+// The dispatch around the editor: rights before it, the reload behind it, the control's end
+// while it is shown.
+#include "tests/control/dispatch_fixture.h"
+
+namespace pricedown::testing {
+namespace {
+
+// The loading of the form is written out in the editor's tests.
+TEST_F(Dispatch, ReloadsTheTreeAndRepaintsTheGridBehindTheEditor) {
+  Start();
+  std::size_t atTheEnd = 0;
+  world_.editor.whileShown = [&] { atTheEnd = world_.log.Size(); };
+  const auto behind = [&] {
+    std::string text;
+    for (std::size_t i = atTheEnd; i < world_.log.Size(); ++i) text += world_.log.Lines()[i] + "\n";
+    return text;
+  };
+  const std::string closing =
+      "release ADODB.Recordset\nrelease ADODB.Recordset\nunload\neditor closed\n";
+  Control().StripButtonClicked(u"Add");
+  EXPECT_TRUE(world_.log.Text().starts_with(
+      "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 131072)\neditor form\n"));
+  EXPECT_EQ(behind(), closing + Reload());
+  world_.log.Clear();
+  Control().StripButtonClicked(u"Edit");
+  EXPECT_TRUE(world_.log.Text().starts_with(
+      "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 4194304)\neditor form\n"));
+  // The rows of before the edit are painted again and not queried.
+  EXPECT_EQ(behind(), closing + Reload());
+}
+
+TEST_F(Dispatch, ReloadsNothingItselfForTheHostsOwnCalls) {
+  Start();
+  EXPECT_EQ(Control().addRecord(), Value());
+  EXPECT_EQ(Control().editRecord(), Value());
+  EXPECT_EQ(world_.log.Count("editor closed"), 2u);
+  EXPECT_EQ(world_.log.Lines().back(), "editor closed");
+  EXPECT_EQ(world_.log.Count("tree redraw off"), 0u);
+}
+
+TEST_F(Dispatch, AsksForAClassInASecondEditAndReloadsAllTheSame) {
+  Start();
+  Control().StripButtonClicked(u"Edit");
+  world_.log.Clear();
+  Control().StripButtonClicked(u"Edit");
+  EXPECT_EQ(world_.log.Text(),
+            "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 4194304)\n"
+            "tell information \"岚禾提示\": \"请选择要修改的物料类别\"\n" +
+                Reload());
+  world_.log.Clear();
+  Control().StripButtonClicked(u"Del");
+  EXPECT_EQ(world_.log.Text(),
+            "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 65536)\n"
+            "tell information \"岚禾提示\": \"请选择要删除的物料类别\"\n" +
+                Reload());
+  Control().NodeClicked(2);
+  Control().StripButtonClicked(u"Edit");
+  EXPECT_EQ(world_.log.Count("editor closed"), 1u);
+}
+
+TEST_F(Dispatch, OpensTheEditorForTheHostsToolsThroughTheStrip) {
+  Start();
+  world_.company.grantedMasks = " 4194304 ";
+  Click(u"iInsert");
+  EXPECT_EQ(world_.log.Count("editor closed"), 0u);
+  Click(u"iEdit");
+  EXPECT_EQ(world_.log.Count("editor show mode 0 \"01\" 2008/3"), 1u);
+}
+
+TEST_F(Dispatch, TouchesNothingWhenTheControlEndedBehindTheEditor) {
+  for (const std::u16string_view key : {u"Add", u"Edit"}) {
+    ControlWorld world;
+    world.CreateAndInitialize();
+    world.control->Show(nullptr);
+    world.editor.whileShown = [&] { world.control->Terminate(); };
+    world.control->StripButtonClicked(key);
+    EXPECT_EQ(world.log.Lines().back(), "editor closed") << Utf8(key);
+    EXPECT_EQ(world.factory.LiveObjects(), 0) << Utf8(key);
+  }
+}
+
+// The host drops the control while its editor is open; the click holds it to its end.
+TEST_F(Dispatch, LivesAsLongAsAClickOnItsStrip) {
+  std::shared_ptr<PriceDown> owner;
+  world_.hold = [&]() -> std::shared_ptr<void> { return owner; };
+  Start();
+  Control().ItemSheet().Attach(nullptr);
+  owner = std::move(world_.control);
+  PriceDown& control = *owner;
+  const std::weak_ptr<PriceDown> watch = owner;
+  world_.editor.whileShown = [&] { owner.reset(); };
+  control.StripButtonClicked(u"Add");
+  EXPECT_EQ(world_.log.Count("tree redraw off"), 1u);
+  EXPECT_TRUE(watch.expired());
+  EXPECT_EQ(world_.factory.LiveObjects(), 0);
+}
+
+TEST_F(Dispatch, MayBeDestroyedWhileTheHostsOwnCallShowsTheEditor) {
+  for (const auto command : {&PriceDown::addRecord, &PriceDown::editRecord}) {
+    ControlWorld world;
+    world.CreateAndInitialize();
+    world.control->Show(nullptr);
+    world.editor.whileShown = [&] { world.control.reset(); };
+    PriceDown& control = *world.control;
+    (control.*command)();
+    EXPECT_EQ(world.log.Lines().back(), "editor closed");
+    EXPECT_EQ(world.factory.LiveObjects(), 0);
+  }
+}
+
+TEST_F(Dispatch, DoesNothingAfterItsEnd) {
+  Start();
+  Control().ItemSheet().Attach(nullptr);
+  Control().Terminate();
+  world_.log.Clear();
+  Control().addRecord();
+  Control().editRecord();
+  Control().StripButtonClicked(u"Add");
+  EXPECT_EQ(world_.log.Text(), "");
+}
+
+}  // namespace
+}  // namespace pricedown::testing
