@@ -8,9 +8,9 @@ namespace pricedown::windows {
 
 ControlSession::ControlSession(Module& module, ContainerWindow& container,
                                std::function<std::shared_ptr<void>()> hold)
-    : window_(module.instance), questions_(window_), screen_(window_) {
+    : window_(module.instance), questions_(window_), screen_(window_), editor_(module, window_) {
   core_.emplace(PriceDownPorts{module.factory, module.state, questions_, screen_, container,
-                               window_, window_, window_, ProgramName(), window_.Form(),
+                               window_, window_, window_, ProgramName(), window_.Form(), editor_,
                                std::move(hold)});
   window_.Attach(&*core_);
 }

@@ -8,6 +8,7 @@
 
 #include "control/price_down.h"
 #include "windows/server/module.h"
+#include "windows/server/shared_editor.h"
 #include "windows/ui/control_window.h"
 #include "windows/ui/message_box_questions.h"
 #include "windows/ui/windows_screen.h"
@@ -41,6 +42,7 @@ class ControlSession {
   ControlWindow window_;
   MessageBoxQuestions questions_;
   WindowsScreen screen_;
+  SharedEditor editor_;
   std::optional<PriceDown> core_;
   bool initialized_ = false;
   bool terminated_ = false;

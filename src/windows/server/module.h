@@ -4,8 +4,11 @@
 
 #include <windows.h>
 
+#include <memory>
+
 #include "env/process_state.h"
 #include "windows/com/com_object_factory.h"
+#include "windows/ui/item_class_dialog.h"
 
 namespace pricedown::windows {
 
@@ -13,6 +16,8 @@ struct Module {
   HINSTANCE instance = nullptr;
   ProcessState state;
   ComObjectFactory factory;
+  // Owned by the controls that have used it.
+  std::weak_ptr<ItemClassDialog> editor;
 };
 
 // Requires: called on the user-interface thread, except for the handle.

@@ -18,17 +18,25 @@ enum class SplitterAction {
   Step,     // from the keyboard, by `pixels`
 };
 
-class ChildEvents {
+// What a row of buttons tells the window that it is in.
+class StripEvents {
  public:
-  // The user clicked a node, or selected it by keyboard.
-  virtual void NodeClicked(NodeIndex node) = 0;
   // Position from 1.
   virtual void StripButtonClicked(std::size_t position) = 0;
-  virtual void SplitterEvent(SplitterAction action, std::int32_t pixels) = 0;
   // Tab, which the host did not use.
   virtual void TabPressed(bool backwards) = 0;
   // A child has the focus now; `from` lost it and may be null.
   virtual void FocusEntered(HWND from) = 0;
+
+ protected:
+  ~StripEvents() = default;
+};
+
+class ChildEvents : public StripEvents {
+ public:
+  // The user clicked a node, or selected it by keyboard.
+  virtual void NodeClicked(NodeIndex node) = 0;
+  virtual void SplitterEvent(SplitterAction action, std::int32_t pixels) = 0;
   // The sheet shows other rows.
   virtual void ItemsChanged() = 0;
   virtual bool Waiting() const = 0;

@@ -39,7 +39,7 @@ struct ControlChildren {
       : module(theModule),
         styles(theModule),
         tree(events),
-        strip(events),
+        strip(events, kStripButtons),
         splitter(events),
         sheet(events) {}
 

@@ -10,12 +10,6 @@
 #include "platform/error.h"
 
 namespace pricedown::windows {
-namespace {
-
-constexpr std::u16string_view kFormName = u"PriceDown";
-
-}  // namespace
-
 void FormControl::Detach() {
   access_.read = nullptr;
   access_.write = nullptr;
@@ -81,7 +75,7 @@ std::span<const Member<FormControls>> FormControls::Members() {
 std::span<const Member<ControlForm>> ControlForm::Members() {
   static constexpr std::array<Member<ControlForm>, 2> kMembers{{
       {u"Name", MemberKind::Get,
-       [](ControlForm&, Access, std::span<Value>) -> Value { return kFormName; }, 0, 0, true},
+       [](ControlForm& form, Access, std::span<Value>) -> Value { return form.name_; }, 0, 0, true},
       {u"Controls", MemberKind::Get,
        [](ControlForm& form, Access, std::span<Value> arguments) -> Value {
          if (arguments.empty()) return ObjectPtr(form.controls_);

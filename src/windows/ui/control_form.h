@@ -1,5 +1,5 @@
-// The control as the suite's form resources see it: captions that they may replace, by name.
-// It reaches the windows through functions that the control's window gives and takes away.
+// A control or a form as the suite's form resources see it: captions that they may replace, by
+// name. It reaches the windows through functions that their owner gives and takes away.
 #pragma once
 
 #include <functional>
@@ -45,13 +45,15 @@ class FormControls : public LocalObject<FormControls> {
 
 class ControlForm : public LocalObject<ControlForm> {
  public:
-  explicit ControlForm(std::vector<CaptionAccess> captions)
-      : controls_(std::make_shared<FormControls>(std::move(captions))) {}
+  // `name` is the class of the control or form.
+  ControlForm(std::u16string name, std::vector<CaptionAccess> captions)
+      : name_(std::move(name)), controls_(std::make_shared<FormControls>(std::move(captions))) {}
   void Detach() { controls_->Detach(); }
 
   static std::span<const Member<ControlForm>> Members();
 
  private:
+  std::u16string name_;
   std::shared_ptr<FormControls> controls_;
 };
 

@@ -64,7 +64,7 @@ void ControlWindow::CreateChildren() {
   c.title.Create(parent, c.module, L"STATIC", control_ids::kTitle, label | SS_LEFT);
   c.period.Create(parent, c.module, L"STATIC", control_ids::kPeriod, label | SS_RIGHT);
   c.upperLine.Create(parent, c.module, control_ids::kUpperLine);
-  c.strip.Create(parent, c.module, dpi, Translate(kStripName));
+  c.strip.Create(parent, c.module, control_ids::kToolStrip, dpi, Translate(kStripName));
   c.lowerLine.Create(parent, c.module, control_ids::kLowerLine);
   c.classHeading.Create(parent, c.module, control_ids::kClassHeading, Translate(kTreeName));
   c.tree.Create(parent, c.module, dpi, Translate(kTreeName));
@@ -96,7 +96,7 @@ void ControlWindow::ListCaptions() {
          [&strip = c.strip, i] { return strip.Caption(i + 1); },
          [&strip = c.strip, i](std::u16string_view text) { strip.SetCaption(i + 1, text); }});
   }
-  c.form = std::make_shared<ControlForm>(std::move(captions));
+  c.form = std::make_shared<ControlForm>(u"PriceDown", std::move(captions));
 }
 
 void ControlWindow::MakeFonts() {

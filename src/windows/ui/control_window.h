@@ -16,6 +16,7 @@
 #include "platform/automation.h"
 #include "windows/ui/bound_window.h"
 #include "windows/ui/child_events.h"
+#include "windows/ui/command_window.h"
 
 namespace pricedown::windows {
 
@@ -26,6 +27,7 @@ struct ControlChildren;
 class ControlWindow final : public PriceDownView,
                             public ClassTreeView,
                             public FontView,
+                            public CommandWindow,
                             private BoundWindow,
                             private ChildEvents {
  public:
@@ -47,8 +49,6 @@ class ControlWindow final : public PriceDownView,
   void OnUiActivate(std::function<void()> handler);
 
   HWND Handle() const { return BoundWindow::Handle(); }
-  // The top-level window to own message boxes; null when there is none that is visible.
-  HWND DialogOwner() const;
   // Shows the window at `pixels` of `parent`.
   void MoveInto(HWND parent, const RECT& pixels);
   void MoveTo(const RECT& pixels);
@@ -66,8 +66,11 @@ class ControlWindow final : public PriceDownView,
   void SetFocusFirst(bool last);
   // Draws the control as it is into `pixels`.
   void Draw(HDC context, const RECT& pixels);
-  // While waiting the pointer is the hourglass over every child.
-  void SetWaiting(bool waiting);
+
+  // CommandWindow
+  HWND Window() const override { return Handle(); }
+  HWND DialogOwner() const override;
+  void SetWaiting(bool waiting) override;
 
   // PriceDownView
   void SetTitle(std::u16string_view text) override;

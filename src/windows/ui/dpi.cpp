@@ -30,4 +30,14 @@ int Dpi::FontHeight(double points) const {
   return -static_cast<int>(std::lround(points * value_ / kPointsPerInch));
 }
 
+void AdjustFrame(RECT& area, DWORD style, DWORD extendedStyle, Dpi dpi) {
+  using ForDpi = BOOL(WINAPI*)(LPRECT, DWORD, BOOL, DWORD, UINT);
+  if (auto function = SystemFunction<ForDpi>(L"user32.dll", "AdjustWindowRectExForDpi")) {
+    if (function(&area, style, FALSE, extendedStyle, static_cast<UINT>(dpi.Value())) != FALSE) {
+      return;
+    }
+  }
+  AdjustWindowRectEx(&area, style, FALSE, extendedStyle);
+}
+
 }  // namespace pricedown::windows

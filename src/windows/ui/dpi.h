@@ -41,4 +41,7 @@ class Dpi {
   int value_;
 };
 
+// Grows an inner area to the outer one of a top-level window without a menu.
+void AdjustFrame(RECT& area, DWORD style, DWORD extendedStyle, Dpi dpi);
+
 }  // namespace pricedown::windows

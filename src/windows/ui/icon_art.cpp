@@ -102,16 +102,51 @@ void DrawOpenFolder(IconCanvas& canvas) {
   Polygon(canvas, {{4.0, 8}, {14.6, 8}, {12.9, 13}, {2.2, 13}}, kAmber);
 }
 
+void DrawSave(IconCanvas& canvas) {
+  Polygon(canvas, {{1, 1}, {13, 1}, {15, 3}, {15, 15}, {1, 15}}, kBlue);
+  canvas.Box(4, 2, 12, 6, kPaleBlue);
+  canvas.Box(9, 2, 11, 5, kInk);
+  canvas.Box(3, 8, 13, 14, kPaper);
+  canvas.Box(4, 10, 12, 11, kLines);
+  canvas.Box(4, 12, 12, 13, kLines);
+}
+
+// A parcel.
+void Parcel(IconCanvas& canvas) {
+  canvas.Box(1, 3, 13, 14, kDarkAmber);
+  canvas.Box(2, 4, 12, 13, kAmber);
+  canvas.Box(2, 4, 12, 6, kPaleAmber);
+  canvas.Box(6, 3, 8, 9, kDarkAmber);
+}
+
+void DrawAddItem(IconCanvas& canvas) {
+  Parcel(canvas);
+  canvas.Box(7, 9, 16, 14, kPaper);
+  canvas.Box(9, 7, 14, 16, kPaper);
+  canvas.Box(8, 10, 15, 13, kGreen);
+  canvas.Box(10, 8, 13, 15, kGreen);
+}
+
+void DrawRemoveItem(IconCanvas& canvas) {
+  Parcel(canvas);
+  canvas.Box(7, 9, 16, 14, kPaper);
+  canvas.Box(8, 10, 15, 13, kRed);
+}
+
 struct Button {
   std::u16string_view key;
   Icon icon;
 };
-constexpr std::array<Button, 6> kButtons{{{u"Add", Icon::Add},
-                                          {u"Edit", Icon::Edit},
-                                          {u"Del", Icon::Delete},
-                                          {u"Print", Icon::Print},
-                                          {u"PrintView", Icon::Preview},
-                                          {u"Exit", Icon::Exit}}};
+constexpr std::array<Button, 10> kButtons{{{u"Add", Icon::Add},
+                                           {u"Edit", Icon::Edit},
+                                           {u"Del", Icon::Delete},
+                                           {u"Print", Icon::Print},
+                                           {u"PrintView", Icon::Preview},
+                                           {u"Exit", Icon::Exit},
+                                           {u"Save", Icon::Save},
+                                           {u"AddItem", Icon::AddItem},
+                                           {u"DelItem", Icon::RemoveItem},
+                                           {u"iExit", Icon::Exit}}};
 
 }  // namespace
 
@@ -148,6 +183,15 @@ IconCanvas DrawIcon(Icon icon, int size) {
       break;
     case Icon::OpenFolder:
       DrawOpenFolder(canvas);
+      break;
+    case Icon::Save:
+      DrawSave(canvas);
+      break;
+    case Icon::AddItem:
+      DrawAddItem(canvas);
+      break;
+    case Icon::RemoveItem:
+      DrawRemoveItem(canvas);
       break;
   }
   return canvas;

@@ -9,9 +9,22 @@
 
 namespace pricedown::windows {
 
-enum class Icon { Add, Edit, Delete, Print, Preview, Exit, Folder, OpenFolder };
+enum class Icon {
+  Add,
+  Edit,
+  Delete,
+  Print,
+  Preview,
+  Exit,
+  Folder,
+  OpenFolder,
+  Save,
+  AddItem,
+  RemoveItem
+};
 
-// The icon of a tool-strip button, by the button's key; null when it has none.
+// The icon of a button of the tool strip or of the form, by the button's key; null when it has
+// none.
 const Icon* IconOfButton(std::u16string_view key);
 
 // The icon, `size` pixels wide and high.

@@ -7,7 +7,6 @@
 #include "env/messages.h"
 #include "env/translation.h"
 #include "windows/com/wide_text.h"
-#include "windows/ui/control_window.h"
 
 namespace pricedown::windows {
 namespace {

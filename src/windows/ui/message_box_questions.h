@@ -6,15 +6,14 @@
 
 #include "platform/questions.h"
 #include "windows/com/failure.h"
+#include "windows/ui/command_window.h"
 
 namespace pricedown::windows {
-
-class ControlWindow;
 
 class MessageBoxQuestions final : public UserQuestions {
  public:
   // The boxes belong to the top-level window around `window`, which must outlive this object.
-  explicit MessageBoxQuestions(const ControlWindow& window) : window_(window) {}
+  explicit MessageBoxQuestions(const CommandWindow& window) : window_(window) {}
 
   void Tell(std::u16string_view text, std::u16string_view title, MessageIcon icon) override;
   bool Confirm(std::u16string_view text, std::u16string_view title, MessageIcon icon) override;
@@ -22,7 +21,7 @@ class MessageBoxQuestions final : public UserQuestions {
  private:
   int Show(std::u16string_view text, std::u16string_view title, UINT type) const;
 
-  const ControlWindow& window_;
+  const CommandWindow& window_;
 };
 
 // Shows what went wrong in a command that the control's own windows started and that has no

@@ -7,7 +7,6 @@
 #include <utility>
 #include <vector>
 
-#include "control/tool_strip.h"
 #include "env/translation.h"
 #include "windows/com/wide_text.h"
 #include "windows/ui/control_ids.h"
@@ -27,20 +26,18 @@ constexpr int kNoButton = -1;
 
 int IdOf(std::size_t position) { return control_ids::kFirstButton + static_cast<int>(position); }
 
-bool IsPosition(std::size_t position) { return position >= 1 && position <= kStripButtons.size(); }
+}  // namespace
 
-// The icons in the order of the buttons, separators left out.
-std::vector<Icon> StripIcons() {
+// In the order of the buttons, separators left out.
+std::vector<Icon> StripWindow::Icons() const {
   std::vector<Icon> icons;
-  for (const StripButton& button : kStripButtons) {
+  for (const StripButton& button : buttons_) {
     if (const Icon* icon = IconOfButton(button.key)) icons.push_back(*icon);
   }
   return icons;
 }
 
-}  // namespace
-
-void StripWindow::Create(HWND parent, HINSTANCE module, Dpi dpi, std::u16string_view name) {
+void StripWindow::Create(HWND parent, HINSTANCE module, int id, Dpi dpi, std::u16string_view name) {
   const std::wstring text = ToWide(name);
   Creation creation;
   creation.className = TOOLBARCLASSNAMEW;
@@ -49,19 +46,21 @@ void StripWindow::Create(HWND parent, HINSTANCE module, Dpi dpi, std::u16string_
                    TBSTYLE_LIST | TBSTYLE_TOOLTIPS | CCS_NODIVIDER | CCS_NORESIZE |
                    CCS_NOPARENTALIGN;
   creation.parent = parent;
-  creation.id = control_ids::kToolStrip;
+  creation.id = id;
   creation.module = module;
   CreateControl(creation);
   SendMessageW(Handle(), TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
   SendMessageW(Handle(), TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_DOUBLEBUFFER);
+  tooltips_.clear();
   TakeAppearance(dpi);
   AddButtons();
 }
 
 void StripWindow::AddButtons() {
   int image = 0;
-  for (std::size_t position = 1; position <= kStripButtons.size(); ++position) {
-    const StripButton& button = kStripButtons[position - 1];
+  for (std::size_t position = 1; position <= buttons_.size(); ++position) {
+    const StripButton& button = buttons_[position - 1];
+    tooltips_.push_back(Translate(button.tooltip));
     std::wstring caption = ToWide(Translate(button.caption));
     TBBUTTON description{};
     description.idCommand = IdOf(position);
@@ -91,8 +90,8 @@ void StripWindow::SizeButtons() {
   SendMessageW(Handle(), TB_SETLISTGAP, static_cast<WPARAM>(dpi_.Scale(kPictureGap)), 0);
   SendMessageW(Handle(), TB_SETBUTTONSIZE, 0, MAKELPARAM(size, ButtonHeight()));
   const WindowContext context(Handle());
-  for (std::size_t position = 1; position <= kStripButtons.size(); ++position) {
-    if (kStripButtons[position - 1].separator) continue;
+  for (std::size_t position = 1; position <= buttons_.size(); ++position) {
+    if (buttons_[position - 1].separator) continue;
     const int text = TextWidth(context.Get(), font_, ToWide(Caption(position)));
     TBBUTTONINFOW info{};
     info.cbSize = sizeof info;
@@ -107,7 +106,7 @@ void StripWindow::SizeButtons() {
 void StripWindow::TakeAppearance(Dpi dpi) {
   if (Handle() == nullptr) return;
   dpi_ = dpi;
-  const std::vector<Icon> icons = StripIcons();
+  const std::vector<Icon> icons = Icons();
   ImageList images = MakeImageList(icons, IconLook::Normal, dpi);
   ImageList disabled = MakeImageList(icons, IconLook::Disabled, dpi);
   const int size = IconSize(dpi);
@@ -164,6 +163,10 @@ void StripWindow::SetCaption(std::size_t position, std::u16string_view caption) 
   SizeButtons();
 }
 
+void StripWindow::SetTooltip(std::size_t position, std::u16string_view tooltip) {
+  if (position >= 1 && position <= tooltips_.size()) tooltips_[position - 1] = tooltip;
+}
+
 void StripWindow::OnCommand(int id) {
   const int position = id - control_ids::kFirstButton;
   if (position < 1 || !IsPosition(static_cast<std::size_t>(position))) return;
@@ -174,16 +177,16 @@ void StripWindow::OnTooltip(NMTTDISPINFOW& info) const {
   const auto position =
       static_cast<std::size_t>(info.hdr.idFrom) - static_cast<std::size_t>(IdOf(0));
   if (!IsPosition(position)) return;
-  const std::wstring tip = ToWide(Translate(kStripButtons[position - 1].tooltip));
+  const std::wstring tip = ToWide(tooltips_[position - 1]);
   lstrcpynW(info.szText, tip.c_str(), static_cast<int>(std::size(info.szText)));
   info.lpszText = info.szText;
 }
 
 int StripWindow::NextButton(int from, int step) const {
-  const int count = static_cast<int>(kStripButtons.size());
+  const int count = static_cast<int>(buttons_.size());
   for (int index = from + step; index >= 0 && index < count; index += step) {
     const auto position = static_cast<std::size_t>(index) + 1;
-    if (!kStripButtons[position - 1].separator && IsEnabled(position)) return index;
+    if (!buttons_[position - 1].separator && IsEnabled(position)) return index;
   }
   return kNoButton;
 }
@@ -219,7 +222,7 @@ bool StripWindow::OnKeyDown(WPARAM key) {
       SetHot(NextButton(kNoButton, 1));
       return true;
     case VK_END:
-      SetHot(NextButton(static_cast<int>(kStripButtons.size()), -1));
+      SetHot(NextButton(static_cast<int>(buttons_.size()), -1));
       return true;
     case VK_RETURN:
     case VK_SPACE: {

@@ -1,5 +1,6 @@
-// The tool strip `tbToolBar` as a tool bar of the system, with its image lists `imlHot` and
-// `imlDis`. It knows positions and captions; what a button does is the core's.
+// A row of buttons as a tool bar of the system, with image lists for enabled and disabled ones:
+// the control's tool strip `tbToolBar` and the form's `tlbSPCA`. It knows positions, captions and
+// tips; what a button does is the core's.
 #pragma once
 
 #include <windows.h>
@@ -8,9 +9,12 @@
 
 #include <cstddef>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "control/tool_strip.h"
 #include "windows/ui/bound_window.h"
 #include "windows/ui/child_events.h"
 #include "windows/ui/dpi.h"
@@ -20,15 +24,20 @@ namespace pricedown::windows {
 
 class StripWindow final : public BoundWindow {
  public:
-  explicit StripWindow(ChildEvents& events) : events_(events) {}
-  // Throws AutomationError.
-  void Create(HWND parent, HINSTANCE module, Dpi dpi, std::u16string_view name);
+  // `buttons` must outlive the window.
+  StripWindow(StripEvents& events, std::span<const StripButton> buttons)
+      : events_(events), buttons_(buttons) {}
+  // `id` is the window's; the buttons' command ids follow from their positions. Throws
+  // AutomationError.
+  void Create(HWND parent, HINSTANCE module, int id, Dpi dpi, std::u16string_view name);
 
   // Positions are from 1; others are ignored.
   void SetEnabled(std::size_t position, bool enabled);
   bool IsEnabled(std::size_t position) const;
   std::u16string Caption(std::size_t position) const;
   void SetCaption(std::size_t position, std::u16string_view caption);
+  // An empty tip is none.
+  void SetTooltip(std::size_t position, std::u16string_view tooltip);
 
   void SetFont(HFONT font);
   // What the window should be high; tool bars draw pictures in the middle only then. Pixels.
@@ -49,6 +58,11 @@ class StripWindow final : public BoundWindow {
     std::size_t pressed = 0;
   };
 
+  bool IsPosition(std::size_t position) const {
+    return position >= 1 && position <= buttons_.size();
+  }
+  std::vector<Icon> Icons() const;
+
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   LRESULT OnSystemPart(UINT message, WPARAM wParam, LPARAM lParam);
   bool OnKeyDown(WPARAM key);
@@ -58,7 +72,9 @@ class StripWindow final : public BoundWindow {
   void AddButtons();
   void SizeButtons();
 
-  ChildEvents& events_;
+  StripEvents& events_;
+  std::span<const StripButton> buttons_;
+  std::vector<std::u16string> tooltips_;  // by position from 0
   Dpi dpi_;
   HFONT font_ = nullptr;  // the control's
   ImageList images_;

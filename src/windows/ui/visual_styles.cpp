@@ -21,7 +21,8 @@ VisualStyles::VisualStyles(HINSTANCE module) : context_(INVALID_HANDLE_VALUE) {
   const Scope scope(*this);
   INITCOMMONCONTROLSEX classes{};
   classes.dwSize = sizeof classes;
-  classes.dwICC = ICC_TREEVIEW_CLASSES | ICC_BAR_CLASSES | ICC_PROGRESS_CLASS;
+  classes.dwICC =
+      ICC_TREEVIEW_CLASSES | ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES | ICC_PROGRESS_CLASS;
   InitCommonControlsEx(&classes);
 }
 

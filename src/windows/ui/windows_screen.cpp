@@ -1,8 +1,7 @@
 // The hourglass and the message loop of pending messages.
-// The pointer stays an hourglass over the control's windows as long as it is set.
+// The pointer stays an hourglass over the window as long as it is set.
 #include "windows/ui/windows_screen.h"
 
-#include "windows/ui/control_window.h"
 #include "windows/ui/dpi.h"
 
 namespace pricedown::windows {
@@ -27,7 +26,7 @@ void WindowsScreen::RunPendingMessages() {
 }
 
 double WindowsScreen::TwipsPerPixelY() const {
-  return static_cast<double>(kTwipsPerInch) / Dpi::Of(window_.Handle()).Value();
+  return static_cast<double>(kTwipsPerInch) / Dpi::Of(window_.Window()).Value();
 }
 
 }  // namespace pricedown::windows

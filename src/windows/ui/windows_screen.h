@@ -1,19 +1,18 @@
 // The screen and the message queue of the thread that runs the control.
-// Which windows show the hourglass is the control's window.
+// Which windows show the hourglass is the affair of the window that it is made for.
 #pragma once
 
 #include <windows.h>
 
 #include "env/screen.h"
+#include "windows/ui/command_window.h"
 
 namespace pricedown::windows {
-
-class ControlWindow;
 
 class WindowsScreen final : public Screen {
  public:
   // `window` must outlive this object.
-  explicit WindowsScreen(ControlWindow& window) : window_(window) {}
+  explicit WindowsScreen(CommandWindow& window) : window_(window) {}
 
   void SetMousePointer(MousePointer pointer) override;
   // A quit message is put back, so that the host's own loop ends.
@@ -21,7 +20,7 @@ class WindowsScreen final : public Screen {
   double TwipsPerPixelY() const override;
 
  private:
-  ControlWindow& window_;
+  CommandWindow& window_;
 };
 
 }  // namespace pricedown::windows

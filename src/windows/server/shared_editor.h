@@ -1,0 +1,28 @@
+// The process's one item class form, as one control uses it.
+// It lives as long as a control that has used it; what it shows is windows/ui.
+#pragma once
+
+#include <memory>
+
+#include "editor/class_editor.h"
+#include "windows/server/module.h"
+#include "windows/ui/control_window.h"
+
+namespace pricedown::windows {
+
+class SharedEditor final : public ItemClassEditor {
+ public:
+  // The form is shown over the top-level window around `window`. Both must outlive the object.
+  SharedEditor(Module& module, const ControlWindow& window) : module_(module), window_(window) {}
+
+  // ItemClassEditor
+  ItemClassForm& Form() override;
+  void ShowModal() override;
+
+ private:
+  Module& module_;
+  const ControlWindow& window_;
+  std::shared_ptr<ItemClassDialog> dialog_;
+};
+
+}  // namespace pricedown::windows

@@ -1,0 +1,254 @@
+// What happens to the form's window and in its children, and how the form is told.
+// Part of ItemClassWindow.
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <optional>
+#include <utility>
+
+#include "editor/item_class_form.h"
+#include "platform/skip.h"
+#include "windows/com/failure.h"
+#include "windows/ui/control_ids.h"
+#include "windows/ui/form_children.h"
+#include "windows/ui/form_ids.h"
+#include "windows/ui/gdi.h"
+#include "windows/ui/item_class_window.h"
+#include "windows/ui/message_box_questions.h"
+
+namespace pricedown::windows {
+namespace {
+
+// Newer than the headers' lowest supported system.
+constexpr UINT kDpiChanged = 0x02E0;
+
+std::u16string KeyOf(FormTool tool) {
+  return std::u16string(kFormTools[static_cast<std::size_t>(tool) - 1].key);
+}
+
+struct FieldOfId {
+  int id;
+  FormField field;
+};
+constexpr std::array<FieldOfId, 7> kFieldIds{{
+    {form_ids::kClassNumber, FormField::ClassNumber},
+    {form_ids::kClassName, FormField::ClassName},
+    {form_ids::kLossAccount, FormField::LossAccount},
+    {form_ids::kReserveAccount, FormField::ReserveAccount},
+    {form_ids::kPercentage, FormField::Percentage},
+    {form_ids::kLossLookup, FormField::LossAccount},
+    {form_ids::kReserveLookup, FormField::ReserveAccount},
+}};
+
+std::optional<FormField> FieldWithId(int id) {
+  for (const FieldOfId& entry : kFieldIds) {
+    if (entry.id == id) return entry.field;
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+// Runs a command of the form, shows its rows, and tells the user what went wrong. The window may be
+// gone when this returns; the object is held by whoever shows it.
+template <typename Command>
+void ItemClassWindow::Fire(Command&& command) {
+  if (form_ == nullptr || busy_) return;
+  busy_ = true;
+  SetWaiting(true);
+  std::optional<Failure> failure;
+  try {
+    command(*form_);
+  } catch (...) {
+    failure = CurrentFailure();
+  }
+  try {
+    children_->members.Fill();
+  } catch (...) {
+    if (!failure) failure = CurrentFailure();
+  }
+  SetWaiting(false);
+  busy_ = false;
+  if (failure) ReportFailure(DialogOwner(), *failure);
+  if (std::exchange(closing_, false)) OnClose();
+}
+
+void ItemClassWindow::PressTool(FormTool tool) {
+  if (!children_->strip.IsEnabled(static_cast<std::size_t>(tool))) return;
+  Fire([tool](ItemClassForm& form) { form.ToolClicked(KeyOf(tool)); });
+}
+
+void ItemClassWindow::StripButtonClicked(std::size_t position) {
+  PressTool(static_cast<FormTool>(position));
+}
+
+void ItemClassWindow::TabPressed(bool backwards) {
+  const HWND next = GetNextDlgTabItem(Handle(), GetFocus(), backwards ? TRUE : FALSE);
+  if (next != nullptr) SetFocus(next);
+}
+
+bool ItemClassWindow::FieldKeyPressed(FormField field, char16_t character) {
+  return form_ == nullptr || form_->KeyPressed(field, character);
+}
+
+void ItemClassWindow::FieldKeyDown(FormField field, std::int32_t keyCode) {
+  if (keyCode != kLookupKey) return;
+  Fire([field, keyCode](ItemClassForm& form) { form.KeyDown(field, keyCode); });
+}
+
+std::u16string ItemClassWindow::MemberRow(std::int32_t row) {
+  return form_ == nullptr ? std::u16string() : form_->RowRequested(row);
+}
+
+void ItemClassWindow::MemberKey(WPARAM key) {
+  PressTool(key == VK_INSERT ? FormTool::AddItem : FormTool::DelItem);
+}
+
+LRESULT ItemClassWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
+  const int id = LOWORD(wParam);
+  const auto sender = reinterpret_cast<HWND>(lParam);
+  if (sender == nullptr) {
+    if (id == IDCANCEL) PressTool(FormTool::Exit);
+    if (id == IDOK) OnEnter();
+    return 0;
+  }
+  if (sender == children_->strip.Handle()) {
+    children_->strip.OnCommand(id);
+    return 0;
+  }
+  const auto field = FieldWithId(id);
+  if (!field) return 0;
+  if (sender == children_->Row(*field).text.Handle()) {
+    // Also from inside a command, which may have set the text.
+    if (HIWORD(wParam) == EN_CHANGE && form_ != nullptr) form_->FieldChanged(*field);
+  } else if (HIWORD(wParam) == BN_CLICKED) {
+    Fire([&](ItemClassForm& form) { form.LookupClicked(*field); });
+  }
+  return 0;
+}
+
+LRESULT ItemClassWindow::OnNotify(NMHDR& header) {
+  if (header.hwndFrom == children_->members.Handle()) return children_->members.OnNotify(header);
+  if (header.code == TTN_GETDISPINFOW) {
+    children_->strip.OnTooltip(reinterpret_cast<NMTTDISPINFOW&>(header));
+  }
+  return 0;
+}
+
+// In a field Enter goes on to the next one.
+void ItemClassWindow::OnEnter() {
+  const HWND focus = GetFocus();
+  for (FieldRow& row : children_->rows) {
+    if (row.lookup.Handle() != nullptr && focus == row.lookup.Handle()) {
+      SendMessageW(focus, BM_CLICK, 0, 0);
+      return;
+    }
+  }
+  TabPressed(false);
+}
+
+void ItemClassWindow::OnActivate(bool active) {
+  if (!active) {
+    lastFocus_ = IsChild(Handle(), GetFocus()) != FALSE ? GetFocus() : lastFocus_;
+  } else if (lastFocus_ != nullptr && IsChild(Handle(), lastFocus_) != FALSE) {
+    SetFocus(lastFocus_);
+  }
+}
+
+// Through its frame the form closes without a question; what runs now is finished first.
+void ItemClassWindow::OnClose() {
+  if (busy_) {
+    closing_ = true;
+  } else if (form_ != nullptr) {
+    form_->CloseByFrame();
+  }
+}
+
+// The owner has gone and takes the form along.
+void ItemClassWindow::OnDestroy() {
+  destroying_ = true;
+  if (form_ != nullptr) SkipFailing([this] { form_->Unload(); });
+}
+
+void ItemClassWindow::OnDpiChanged(const RECT& suggested) {
+  const Dpi dpi = Dpi::Of(Handle());
+  MakeFonts();
+  children_->strip.TakeAppearance(dpi);
+  children_->members.TakeAppearance(dpi);
+  SetWindowPos(Handle(), nullptr, suggested.left, suggested.top, WidthOf(suggested),
+               HeightOf(suggested), SWP_NOZORDER | SWP_NOACTIVATE);
+  LayOut();
+}
+
+bool ItemClassWindow::TranslateKey(MSG& message) {
+  if (Handle() == nullptr) return false;
+  const bool ours = message.hwnd == Handle() || IsChild(Handle(), message.hwnd) != FALSE;
+  if (!ours) return false;
+  if (message.message == WM_KEYDOWN) {
+    const bool control = GetKeyState(VK_CONTROL) < 0 && GetKeyState(VK_MENU) >= 0;
+    if (control && (message.wParam == 'S' || message.wParam == 'N')) {
+      PressTool(message.wParam == 'S' ? FormTool::Save : FormTool::Add);
+      return true;
+    }
+    // The tool bar presses its button itself.
+    if (message.wParam == VK_RETURN && message.hwnd == children_->strip.Handle()) return false;
+  }
+  return IsDialogMessageW(Handle(), &message) != FALSE;
+}
+
+LRESULT ItemClassWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_COMMAND:
+      return OnCommand(wParam, lParam);
+    case WM_NOTIFY:
+      return OnNotify(*reinterpret_cast<NMHDR*>(lParam));
+    case WM_SIZE:
+      LayOut();
+      return 0;
+    case WM_GETMINMAXINFO:
+      if (children_->font) {
+        const Dpi dpi = Dpi::Of(Handle());
+        const SIZE least = LeastFormSize(Measures(), dpi);
+        RECT area{0, 0, least.cx, least.cy};
+        AdjustFrame(area, static_cast<DWORD>(GetWindowLongPtrW(Handle(), GWL_STYLE)),
+                    static_cast<DWORD>(GetWindowLongPtrW(Handle(), GWL_EXSTYLE)), dpi);
+        reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {WidthOf(area), HeightOf(area)};
+      }
+      return 0;
+    case WM_ERASEBKGND: {
+      RECT area{};
+      GetClientRect(Handle(), &area);
+      FillArea(reinterpret_cast<HDC>(wParam), area, GetSysColor(COLOR_BTNFACE));
+      return 1;
+    }
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORBTN:
+      SetTextColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_BTNTEXT));
+      SetBkColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_BTNFACE));
+      return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
+    case WM_SETCURSOR:
+      if (!waiting_) return Default(message, wParam, lParam);
+      SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+      return TRUE;
+    case WM_ACTIVATE:
+      OnActivate(LOWORD(wParam) != WA_INACTIVE);
+      return 0;
+    case WM_SETFOCUS:
+      Focus(FormField::ClassNumber);
+      return 0;
+    case WM_CLOSE:
+      OnClose();
+      return 0;
+    case WM_DESTROY:
+      OnDestroy();
+      return 0;
+    case kDpiChanged:
+      OnDpiChanged(*reinterpret_cast<const RECT*>(lParam));
+      return 0;
+    default:
+      return Default(message, wParam, lParam);
+  }
+}
+
+}  // namespace pricedown::windows
