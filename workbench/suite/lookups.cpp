@@ -1,9 +1,13 @@
 // Results of the suite's lookups. They hold copies and stay valid when the company closes.
 #include "workbench/suite/lookups.h"
 
+#include <algorithm>
+#include <unordered_map>
+
 #include "platform/convert.h"
 #include "platform/error.h"
 #include "platform/text.h"
+#include "workbench/company/database_error.h"
 #include "workbench/suite/result_rows.h"
 
 namespace workbench {
@@ -115,16 +119,44 @@ ObjectPtr MakeItem(const ResultRows& rows, std::size_t row) {
 }
 
 // In the order of the ids; ids that the company does not have are left out.
-std::vector<ObjectPtr> ReadItems(SuiteState& suite, const std::vector<std::int32_t>& ids) {
+std::vector<ObjectPtr> ReadItems(SuiteState& suite, std::span<const std::int32_t> ids) {
+  constexpr std::size_t kAtOnce = 500;
   std::vector<ObjectPtr> items;
-  for (const std::int32_t id : ids) {
+  items.reserve(ids.size());
+  while (!ids.empty()) {
+    const auto some = ids.first(std::min(kAtOnce, ids.size()));
+    ids = ids.subspan(some.size());
+    std::u16string list;
+    for (const std::int32_t id : some) {
+      if (!list.empty()) list += u',';
+      list += NumberText(id);
+    }
     const ResultRows rows(suite.Execute(Concatenate(
         {u"SELECT x2.FItemID,x2.FNumber,x2.FShortNumber,x2.FName,x2.FModel FROM t_ICItem x2 "
-         u"WHERE x2.FItemID=",
-         NumberText(id)})));
-    if (rows.RowCount() > 0) items.push_back(MakeItem(rows, 0));
+         u"WHERE x2.FItemID IN(",
+         list, u")"})));
+    std::unordered_map<std::int32_t, std::size_t> rowOfId;
+    for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+      rowOfId[ToInt32(rows.Get(row, 0))] = row;
+    }
+    for (const std::int32_t id : some) {
+      if (const auto row = rowOfId.find(id); row != rowOfId.end()) {
+        items.push_back(MakeItem(rows, row->second));
+      }
+    }
   }
   return items;
+}
+
+// What the database says to a picker reaches the caller as an error of the view.
+template <typename Pick>
+auto AskPickers(Pick&& pick) {
+  try {
+    return pick();
+  } catch (const DatabaseError& error) {
+    throw pricedown::AutomationError(pricedown::ErrorNumber::Unspecified, error.Message(),
+                                     std::u16string(kSource));
+  }
 }
 
 bool AllowsSeveral(const Value& parameters) {
@@ -139,7 +171,8 @@ bool AllowsSeveral(const Value& parameters) {
 Value GLView::AccountLookup(std::u16string_view text) {
   if (suite_->company == nullptr) suite_->Execute({});
   auto result = std::make_shared<LookupResult>();
-  const auto number = suite_->pickers->PickAccount(*suite_->company, text);
+  const auto number =
+      AskPickers([&] { return suite_->pickers->PickAccount(*suite_->company, text); });
   if (number) {
     auto account = std::make_shared<Account>();
     account->number = *number;
@@ -161,8 +194,9 @@ Value GLView::ItemLookUp(std::int32_t type, std::u16string_view condition,
   }
   if (suite_->company == nullptr) suite_->Execute({});
   auto result = std::make_shared<LookupResult>();
+  const bool several = AllowsSeveral(parameters);
   const auto ids =
-      suite_->pickers->PickItems(*suite_->company, condition, AllowsSeveral(parameters));
+      AskPickers([&] { return suite_->pickers->PickItems(*suite_->company, condition, several); });
   if (ids && !ids->empty()) {
     std::vector<ObjectPtr> items = ReadItems(*suite_, *ids);
     result->confirmed = true;

@@ -1,20 +1,25 @@
 // Pickers that answer from a queue, for programs without a user.
+// What they are asked for does not matter to them.
 #include "workbench/suite/pickers.h"
 
 namespace workbench {
 
-std::optional<std::u16string> QueuedPickers::PickAccount(Connection&, std::u16string_view) {
-  if (accounts.empty()) return std::nullopt;
-  std::u16string account = accounts.front();
+std::optional<std::u16string> QueuedPickers::PickAccount(Connection& company,
+                                                         std::u16string_view text) {
+  if (accounts.empty()) return next_ ? next_->PickAccount(company, text) : std::nullopt;
+  std::u16string account = std::move(accounts.front());
   accounts.pop_front();
+  if (account.empty()) return std::nullopt;
   return account;
 }
 
-std::optional<std::vector<std::int32_t>> QueuedPickers::PickItems(Connection&, std::u16string_view,
-                                                                  bool) {
-  if (items.empty()) return std::nullopt;
-  std::vector<std::int32_t> picked = items.front();
+std::optional<std::vector<std::int32_t>> QueuedPickers::PickItems(Connection& company,
+                                                                  std::u16string_view condition,
+                                                                  bool several) {
+  if (items.empty()) return next_ ? next_->PickItems(company, condition, several) : std::nullopt;
+  std::vector<std::int32_t> picked = std::move(items.front());
   items.pop_front();
+  if (picked.empty()) return std::nullopt;
   return picked;
 }
 

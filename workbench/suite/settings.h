@@ -9,8 +9,9 @@ namespace workbench {
 // Members: Open(location), Close, Location, UserID, Language, Profile(category, key) get and put,
 // ItemClassType, UseShortNumber, CurrentYear, CurrentPeriod (short for profiles),
 // Rights(objectType, objectNumber) get and put, VoucherPresent get and put (of the current
-// period), QueueAccount(number), QueueItems(ids separated by ","), Query(text) answers the first
-// cell, Users answers "id=name" entries separated by ";".
+// period), QueueAccount(number), QueueItems(ids separated by ",") answer the next look-up in place
+// of the user, empty texts as if cancelled, Query(text) answers the first cell, Users answers
+// "id=name" entries separated by ";".
 class Settings : public pricedown::LocalObject<Settings> {
  public:
   explicit Settings(SuiteStatePtr suite) : suite_(std::move(suite)) {}
@@ -18,7 +19,7 @@ class Settings : public pricedown::LocalObject<Settings> {
 
   bool VoucherPresent();
   void SetVoucherPresent(bool present);
-  // Throws AutomationError when the pickers are dialogs.
+  // Throws AutomationError when the pickers have no queue.
   QueuedPickers& Queue();
   std::u16string Users();
   pricedown::Value Query(std::u16string_view statement);

@@ -9,6 +9,7 @@
 #include "windows/com/com_class.h"
 #include "windows/com/dispatch_object.h"
 #include "windows/com/wide_text.h"
+#include "workbench/pickers/dialog/dialog_pickers.h"
 #include "workbench/suite/com/class_ids.h"
 #include "workbench/suite/suite_factory.h"
 
@@ -24,12 +25,14 @@ using pricedown::windows::MakeCom;
 
 // What the DLL owns: the suite that all its objects share.
 struct Server {
+  HINSTANCE module = nullptr;
   SuiteStatePtr suite;
 
   // Programs without a host name the company in the environment.
   const SuiteStatePtr& Suite() {
     if (suite == nullptr) {
       suite = std::make_shared<SuiteState>();
+      suite->pickers = std::make_unique<QueuedPickers>(std::make_unique<DialogPickers>(module));
       const DWORD size = GetEnvironmentVariableW(L"WORKBENCH_COMPANY", nullptr, 0);
       if (size > 1) {
         std::wstring location(size - 1, L'\0');
@@ -71,6 +74,14 @@ class SuiteClassFactory final : public ComClass<IClassFactory> {
 
 }  // namespace
 }  // namespace workbench
+
+BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, void*) {
+  if (reason == DLL_PROCESS_ATTACH) {
+    workbench::TheServer().module = module;
+    DisableThreadLibraryCalls(module);
+  }
+  return TRUE;
+}
 
 STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** result) {
   using namespace workbench;
