@@ -1,10 +1,12 @@
 // The suite's lookups, answered from the queue as programs without a user do.
-// The dialogs of a host are not here.
+// The pickers' windows are not here.
 #include "workbench/suite/lookups.h"
 
 #include <gtest/gtest.h>
 
+#include "platform/convert.h"
 #include "platform/error.h"
+#include "platform/text.h"
 #include "tests/suite/suite_fixture.h"
 #include "tests/support/utf8.h"
 
@@ -12,6 +14,7 @@ namespace workbench {
 namespace {
 
 using pricedown::AutomationError;
+using pricedown::Concatenate;
 using pricedown::Missing;
 using pricedown::ObjectPtr;
 using pricedown::Value;
@@ -82,6 +85,106 @@ TEST_F(Lookups, SeveralChosenItemsAreACollectionFromOne) {
 
 TEST_F(Lookups, CancelledItemLookupIsNotConfirmed) {
   EXPECT_EQ("False", Readable(LookUpItems(Parameters())->Get(u"ReturnOK")));
+}
+
+TEST_F(Lookups, QueuedEmptyTextIsACancelledLookup) {
+  settings_->Call(u"QueueAccount", {u""});
+  settings_->Call(u"QueueAccount", {u"1471"});
+  const auto confirmed = [&] {
+    return Readable(view_->Call(u"AccountLookup", {u""}).Object()->Get(u"ReturnOK"));
+  };
+  EXPECT_EQ("False", confirmed());
+  EXPECT_EQ("True", confirmed());
+}
+
+// Hands on what it is asked, and asks the company itself.
+class AskingPickers : public Pickers {
+ public:
+  std::optional<std::u16string> PickAccount(Connection&, std::u16string_view text) override {
+    asked = text;
+    return std::nullopt;
+  }
+  std::optional<std::vector<std::int32_t>> PickItems(Connection& company,
+                                                     std::u16string_view condition,
+                                                     bool several) override {
+    asked = Concatenate({condition, several ? u" several" : u" one"});
+    const ResultSet rows =
+        company.Execute(Concatenate({u"SELECT x2.FItemID FROM t_ICItem x2 WHERE ", condition}));
+    std::vector<std::int32_t> ids;
+    for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+      ids.push_back(static_cast<std::int32_t>(rows.At(row, 0).Integer()));
+    }
+    return ids;
+  }
+
+  std::u16string asked;
+};
+
+class AskedLookups : public Lookups {
+ protected:
+  AskedLookups() {
+    auto pickers = std::make_unique<AskingPickers>();
+    asking_ = pickers.get();
+    suite_->pickers = std::make_unique<QueuedPickers>(std::move(pickers));
+  }
+
+  ObjectPtr LookUpUnder(std::u16string_view condition, Value parameters) {
+    return view_
+        ->Call(u"ItemLookUp",
+               {std::int32_t{4}, Missing{}, condition, Value::ByReference(parameters)})
+        .Object();
+  }
+
+  AskingPickers* asking_;
+};
+
+TEST_F(AskedLookups, PickersBehindAnEmptyQueueAreAsked) {
+  view_->Call(u"AccountLookup", {u"14"});
+  EXPECT_EQ("14", pricedown::ToUtf8(asking_->asked));
+  EXPECT_EQ("True",
+            Readable(LookUpUnder(u"x2.FItemid not in(12)", Parameters())->Get(u"ReturnOK")));
+  EXPECT_EQ("x2.FItemid not in(12) several", pricedown::ToUtf8(asking_->asked));
+}
+
+TEST_F(AskedLookups, QueuedAnswersComeBeforeTheOtherPickers) {
+  settings_->Call(u"QueueItems", {u""});
+  EXPECT_EQ("False", Readable(LookUpUnder(u"x2.FItemid>0", Parameters())->Get(u"ReturnOK")));
+  EXPECT_EQ("", pricedown::ToUtf8(asking_->asked));
+}
+
+TEST_F(AskedLookups, OneItemIsAskedForUnlessSeveralAreAllowed) {
+  LookUpUnder(u"x2.FItemid=12", Value());
+  EXPECT_EQ("x2.FItemid=12 one", pricedown::ToUtf8(asking_->asked));
+}
+
+TEST_F(AskedLookups, RefusedConditionIsAnErrorInTheDatabasesWords) {
+  try {
+    LookUpUnder(u"x2.FNoSuch=1", Parameters());
+    ADD_FAILURE() << "accepted";
+  } catch (const AutomationError& error) {
+    EXPECT_NE(std::string::npos, std::string(error.what()).find("列名 'FNoSuch' 无效"))
+        << error.what();
+    EXPECT_EQ("ZEPEBCGLView.GLView", pricedown::ToUtf8(error.Source()));
+  }
+}
+
+TEST_F(AskedLookups, ManyChosenItemsKeepTheirOrder) {
+  std::u16string inserts;
+  std::vector<std::int32_t> ids;
+  for (std::int32_t id = 2100; id > 100; --id) {
+    const std::u16string number = pricedown::NumberText(id);
+    inserts += Concatenate({u"INSERT INTO t_ICItem(FItemID,FNumber,FErpClsID)VALUES(", number,
+                            u",'", number, u"',1) "});
+    ids.push_back(id);
+  }
+  suite_->Execute(inserts);
+  dynamic_cast<QueuedPickers&>(*suite_->pickers).items.push_back(ids);
+  const ObjectPtr items = LookUpUnder(u"", Parameters())->Get(u"ReturnObject").Object();
+  ASSERT_EQ("2000", Readable(items->Get(u"Size")));
+  for (const std::int32_t number : {1, 500, 501, 2000}) {
+    const ObjectPtr item = items->Call({}, {number}).Object();
+    EXPECT_EQ(Readable(Value(2101 - number)), Readable(item->Call(u"Properties", {u"FItemID"})));
+  }
 }
 
 TEST_F(Lookups, ItemLookupRefusesOtherBaseData) {

@@ -1,0 +1,69 @@
+// A company on disk for pickers, and a connection to it that keeps the statements it is given.
+// Without a plan it is the sample company with a few items of the tests' own.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tests/sample/temporary_folder.h"
+#include "workbench/company/connection.h"
+#include "workbench/company/utf.h"
+#include "workbench/pickers/candidate_list.h"
+#include "workbench/sample/company_file.h"
+
+namespace workbench::testing {
+
+class PickerCompany final : public Connection {
+ public:
+  explicit PickerCompany(const CompanyFilePlan& plan = {}) {
+    CreateCompanyFile(Path(), plan);
+    company_ = OpenConnection(Path());
+  }
+
+  std::string Path() const { return folder_.PathOf("company.db"); }
+
+  ResultSet Execute(std::u16string_view text) override {
+    statements.emplace_back(text);
+    if (fails) throw DatabaseError(u"数据库不可用。", 1);
+    return company_->Execute(text);
+  }
+
+  // An item with that id, code, name and specification, as they stand in a literal.
+  void AddItem(int id, std::u16string_view code, std::u16string_view name,
+               std::u16string_view model) {
+    const std::string number = std::to_string(id);
+    std::u16string statement =
+        u"INSERT INTO t_ICItem(FItemID,FErpClsID,FNumber,FName,FModel)VALUES(";
+    statement.append(number.begin(), number.end()).append(u",1");
+    for (const std::u16string_view text : {code, name, model}) {
+      statement.append(u",'").append(text).append(u"'");
+    }
+    company_->Execute(statement += u")");
+  }
+
+  std::vector<std::u16string> statements;
+  bool fails = false;
+
+ private:
+  TemporaryFolder folder_;
+  std::unique_ptr<Connection> company_;
+};
+
+// Searches to the end.
+inline void SearchAll(CandidateList& list, std::u16string_view text) {
+  list.Search(text);
+  while (list.IsSearching()) list.Advance();
+}
+
+// The codes of the rows found, joined by blanks.
+inline std::string Codes(CandidateList& list) {
+  std::string codes;
+  for (std::size_t row = 0; row < list.Count(); ++row) {
+    if (row > 0) codes += ' ';
+    codes += Utf8FromUtf16(list.Row(row).front());
+  }
+  return codes;
+}
+
+}  // namespace workbench::testing
