@@ -77,11 +77,11 @@ void RemoveSelectedItems(FormParts& form) {
     for (const std::int32_t row : form.grid.SelectedRows()) {
       guard.Remove(form.grid.Text(member_columns::kCode, row));
     }
+    ShowRemaining(form);
   } catch (...) {
     SkipFailing([&form] { ShowRemaining(form); });
     throw;
   }
-  ShowRemaining(form);
 }
 
 }  // namespace pricedown

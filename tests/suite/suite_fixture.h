@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -19,11 +20,12 @@ class SuiteFixture : public ::testing::Test {
  protected:
   SuiteFixture() {
     const auto* test = ::testing::UnitTest::GetInstance()->current_test_info();
-    path_ = std::filesystem::temp_directory_path() /
-            (std::string("suite-") + test->test_suite_name() + "-" + test->name() + ".db");
+    std::string name = std::string("suite-") + test->test_suite_name() + "-" + test->name() + ".db";
+    std::replace(name.begin(), name.end(), '/', '-');  // of parameterized tests
+    path_ = std::filesystem::temp_directory_path() / name;
     std::filesystem::remove(path_);
     sqlite3* database = nullptr;
-    EXPECT_EQ(SQLITE_OK, sqlite3_open(path_.c_str(), &database));
+    EXPECT_EQ(SQLITE_OK, sqlite3_open(path_.string().c_str(), &database));
     RegisterServerText(database);
     sqlite3_exec(database, "PRAGMA synchronous=OFF; BEGIN", nullptr, nullptr, nullptr);
     CreateCompanyTables(database);

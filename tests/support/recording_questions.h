@@ -17,6 +17,8 @@ class RecordingQuestions : public UserQuestions {
 
   // The answers to the next questions, in turn; true is Yes.
   void WillAnswer(std::initializer_list<bool> answers);
+  // Drops the answers that no question has taken.
+  void ForgetAnswers() { answers_.clear(); }
 
   void Tell(std::u16string_view text, std::u16string_view title, MessageIcon icon) override;
   bool Confirm(std::u16string_view text, std::u16string_view title, MessageIcon icon) override;
