@@ -41,7 +41,7 @@ void ItemClassDialog::ShowModal(HWND owner) {
   form_.Load();
   modal.emplace(window_.Window());
   window_.Show([&modal] { modal->End(); });
-  modal->Run([this](MSG& message) { return window_.TranslateKey(message); });
+  modal->Run([this](MSG& message) { return TranslateKey(message); });
 }
 
 }  // namespace pricedown::windows

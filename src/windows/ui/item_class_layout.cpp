@@ -20,6 +20,7 @@ constexpr int kPercentageWidth = 90;
 constexpr int kLookupGap = 3;
 constexpr int kLookupWidth = 28;
 constexpr int kLeastFieldWidth = 160;
+constexpr int kRowMargin = 5;  // of an item row, above and below its text together
 constexpr int kLeastItemRows = 4;
 constexpr int kFirstItemRows = 11;
 // The three columns of the list, a scroll bar and edges.
@@ -52,7 +53,7 @@ int WidthOf(FormField field, int available, Dpi dpi) {
 
 // The height of the form with so many rows in the item list, the title row not counted.
 int HeightWith(int rows, const FormMeasures& measures, Dpi dpi) {
-  const int rowHeight = measures.lineHeight + dpi.Scale(6);
+  const int rowHeight = measures.lineHeight + dpi.Scale(kRowMargin);
   return HeaderTop(measures, dpi) + HeaderHeight(measures, dpi) + dpi.Scale(kMargin) +
          measures.lineHeight + dpi.Scale(kBelowCaption) + (rows + 1) * rowHeight +
          dpi.Scale(kFrameInset) + dpi.Scale(kMargin);
@@ -101,13 +102,15 @@ FormPlaces PlaceForm(SIZE client, const FormMeasures& measures, Dpi dpi) {
 
 SIZE LeastFormSize(const FormMeasures& measures, Dpi dpi) {
   const int frame = 2 * (dpi.Scale(kMargin) + dpi.Scale(kFrameInset));
-  return {frame + measures.labelWidth + dpi.Scale(kLabelGap) + dpi.Scale(kLeastFieldWidth),
+  const int fields =
+      frame + measures.labelWidth + dpi.Scale(kLabelGap) + dpi.Scale(kLeastFieldWidth);
+  return {std::max(fields, measures.stripWidth + 2 * dpi.Scale(kStripMargin)),
           HeightWith(kLeastItemRows, measures, dpi)};
 }
 
 SIZE FirstFormSize(const FormMeasures& measures, Dpi dpi) {
   const SIZE least = LeastFormSize(measures, dpi);
-  return {std::max(least.cx, static_cast<LONG>(dpi.Scale(kFirstWidth))),
+  return {std::max(least.cx, LONG{dpi.Scale(kFirstWidth)}),
           HeightWith(kFirstItemRows, measures, dpi)};
 }
 

@@ -20,6 +20,7 @@ inline constexpr std::array kFormRows{FormField::ClassNumber, FormField::ClassNa
 // What depends on fonts and texts; pixels.
 struct FormMeasures {
   int stripHeight = 0;
+  int stripWidth = 0;  // with all buttons in sight
   int lineHeight = 0;
   int labelWidth = 0;  // of the longest label
 };
@@ -39,7 +40,8 @@ struct FormPlaces {
 
 FormPlaces PlaceForm(SIZE client, const FormMeasures& measures, Dpi dpi);
 
-// Inner sizes: below the least nothing fits; the first shows the item list's columns whole.
+// Inner sizes: the least shows all buttons, labels and some rows; the first shows the item list's
+// columns whole.
 SIZE LeastFormSize(const FormMeasures& measures, Dpi dpi);
 SIZE FirstFormSize(const FormMeasures& measures, Dpi dpi);
 

@@ -159,10 +159,9 @@ void ItemClassWindow::MakeFonts() {
       GiveFont(window->Handle(), font.Get());
     }
   }
-  for (const BoundWindow* window :
-       std::initializer_list<const BoundWindow*>{&c.members, &c.headerFrame, &c.itemFrame}) {
-    GiveFont(window->Handle(), font.Get());
-  }
+  GiveFont(c.headerFrame.Handle(), font.Get());
+  GiveFont(c.itemFrame.Handle(), font.Get());
+  c.members.SetFont(font.Get());
   c.strip.SetFont(font.Get());
   c.font = std::move(font);
 }
@@ -171,6 +170,7 @@ FormMeasures ItemClassWindow::Measures() const {
   FormChildren& c = *children_;
   FormMeasures measures;
   measures.stripHeight = c.strip.ButtonHeight();
+  measures.stripWidth = c.strip.ButtonsWidth();
   const WindowContext context(Handle());
   measures.lineHeight = LineHeight(context.Get(), c.font.Get());
   for (const FieldRow& row : c.rows) {

@@ -8,12 +8,15 @@
 #include "env/translation.h"
 #include "windows/com/wide_text.h"
 #include "windows/ui/clipboard.h"
+#include "windows/ui/fonts.h"
 #include "windows/ui/form_ids.h"
 #include "windows/ui/gdi.h"
+#include "windows/ui/plain_control.h"
 
 namespace pricedown::windows {
 namespace {
 
+constexpr int kRowMargin = 5;  // above and below a row's text together; pixels at 96 dpi
 constexpr std::int32_t kColumns = member_columns::kModel;
 constexpr std::int32_t kTitleRow = 1;
 // Item rows begin behind the title row; the list view counts them from 0.
@@ -52,6 +55,18 @@ void MemberListWindow::Create(HWND parent, HINSTANCE module, Dpi dpi, std::u16st
   }
 }
 
+// The system makes rows as high as their small pictures, which are only high here. The list view
+// destroys the one that it has at its end.
+void MemberListWindow::SetFont(HFONT font) {
+  if (Handle() == nullptr) return;
+  GiveFont(Handle(), font);
+  const int height = LineHeight(Handle(), font) + dpi_.Scale(kRowMargin);
+  const HIMAGELIST spacer = ImageList_Create(1, height, ILC_COLOR, 1, 0);
+  if (const HIMAGELIST before = ListView_SetImageList(Handle(), spacer, LVSIL_SMALL)) {
+    ImageList_Destroy(before);
+  }
+}
+
 void MemberListWindow::TakeAppearance(Dpi dpi) {
   if (Handle() == nullptr) return;
   for (int column = 0; column < kColumns; ++column) {
@@ -79,6 +94,8 @@ void MemberListWindow::Fill() {
     for (std::int32_t row = kTitleRow; row <= rowCount_; ++row) {
       rows_.push_back(events_.MemberRow(row));
     }
+    // A row of an item has its signs at least; one without is counted but not there.
+    while (!rows_.empty() && rows_.back().empty()) rows_.pop_back();
   } catch (...) {
     ShowRows();
     throw;
@@ -219,6 +236,7 @@ LRESULT MemberListWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) 
   if (message == WM_KEYDOWN && OnKeyDown(wParam)) return 0;
   const bool control = GetKeyState(VK_CONTROL) < 0;
   const LRESULT result = Default(message, wParam, lParam);
+  if (message == WM_SIZE && rows_.size() <= 1) InvalidateRect(Handle(), nullptr, TRUE);
   if (message == WM_PAINT && Handle() != nullptr) PaintHint();
   if (message == WM_KEYDOWN && !control && (wParam == VK_INSERT || wParam == VK_DELETE)) {
     events_.MemberKey(wParam);

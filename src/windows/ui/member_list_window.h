@@ -34,6 +34,8 @@ class MemberListWindow final : public BoundWindow, public MemberGridView {
   // Throws AutomationError.
   void Create(HWND parent, HINSTANCE module, Dpi dpi, std::u16string_view name);
 
+  // The font must outlive the window or the next call.
+  void SetFont(HFONT font);
   void TakeAppearance(Dpi dpi);
   // Asks for all rows when they are due. Throws what a row throws; the rows before it are shown.
   void Fill();

@@ -82,6 +82,14 @@ int StripWindow::ButtonHeight() const {
   return std::max(IconSize(dpi_), LineHeight(Handle(), font_)) + kHeightMargin;
 }
 
+int StripWindow::ButtonsWidth() const {
+  RECT last{};
+  if (Handle() != nullptr && !buttons_.empty()) {
+    SendMessageW(Handle(), TB_GETITEMRECT, buttons_.size() - 1, reinterpret_cast<LPARAM>(&last));
+  }
+  return last.right;
+}
+
 // As wide as picture and caption need. The system's own sizes differ between its releases and leave
 // no room between the buttons.
 void StripWindow::SizeButtons() {

@@ -42,6 +42,8 @@ class StripWindow final : public BoundWindow {
   void SetFont(HFONT font);
   // What the window should be high; tool bars draw pictures in the middle only then. Pixels.
   int ButtonHeight() const;
+  // From the window's left edge to the right one of the last button. Pixels.
+  int ButtonsWidth() const;
   void TakeAppearance(Dpi dpi);
 
   // What the strip told its parent: a button was pressed; a tooltip is needed.
