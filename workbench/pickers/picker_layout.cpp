@@ -13,7 +13,8 @@ class Distances {
 
   int Margin() const { return Scale(12); }
   int Gap() const { return Scale(8); }
-  int FieldHeight() const { return measures_.lineHeight + Scale(8); }
+  // An edit control keeps its line at the top: the frame and little more.
+  int FieldHeight() const { return measures_.lineHeight + Scale(1) + 6; }
   int ButtonHeight() const { return measures_.lineHeight + Scale(11); }
   int ButtonWidth() const { return std::max(Scale(80), measures_.buttonWidth + Scale(20)); }
   int Scale(int pixels) const { return pixels * measures_.dpi / 96; }
@@ -59,13 +60,18 @@ PickerLayout LayOutPicker(int clientWidth, int clientHeight, const PickerMeasure
   return layout;
 }
 
+int RowHeight(const PickerMeasures& measures) {
+  return measures.lineHeight + Distances(measures).Scale(5);
+}
+
 Box SmallestPicker(const PickerMeasures& measures) {
   const Distances distances(measures);
   const int buttons = 4 * distances.ButtonWidth() + 5 * distances.Gap();
-  const int rows = 6 * (measures.lineHeight + distances.Scale(4));
+  const int rows = 6 * RowHeight(measures);
   const int others = distances.FieldHeight() + distances.ButtonHeight() + measures.lineHeight +
                      distances.Scale(24);
-  return {0, 0, 2 * distances.Margin() + buttons, 2 * distances.Margin() + others + rows};
+  return {0, 0, 2 * distances.Margin() + std::max(buttons, measures.listWidth),
+          2 * distances.Margin() + others + rows};
 }
 
 }  // namespace workbench

@@ -20,6 +20,7 @@ struct PickerMeasures {
   int lineHeight = 0;   // of the font
   int labelWidth = 0;   // of the search field's label
   int buttonWidth = 0;  // of the widest button's text
+  int listWidth = 0;    // that the columns need at least
 };
 
 struct PickerLayout {
@@ -37,6 +38,9 @@ struct PickerLayout {
 
 // Sizes are never negative, however small the client area.
 PickerLayout LayOutPicker(int clientWidth, int clientHeight, const PickerMeasures& measures);
+
+// The height of a row of the list.
+int RowHeight(const PickerMeasures& measures);
 
 // The smallest client area in which everything can be used.
 Box SmallestPicker(const PickerMeasures& measures);

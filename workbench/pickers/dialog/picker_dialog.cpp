@@ -8,6 +8,7 @@
 #include "windows/com/failure.h"
 #include "windows/com/wide_text.h"
 #include "windows/ui/gdi.h"
+#include "workbench/pickers/dialog/row_images.h"
 #include "workbench/pickers/picker_ids.h"
 
 namespace workbench {
@@ -24,6 +25,7 @@ constexpr wchar_t kClear[] = L"全部清除(&C)";
 constexpr wchar_t kOk[] = L"确定";
 constexpr wchar_t kCancel[] = L"取消";
 constexpr WPARAM kLongestSearch = 80;
+constexpr int kNarrowest = 80;  // last column, pixels at 96 dpi
 
 // An empty dialog; its controls are made for the screen's resolution and font.
 struct Template {
@@ -63,8 +65,7 @@ std::vector<std::int32_t> PickerDialog::Show(HWND owner, std::u16string_view tex
   InitCommonControlsEx(&classes);
 
   Template description;
-  description.head.style =
-      WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MAXIMIZEBOX | WS_CLIPCHILDREN;
+  description.head.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_CLIPCHILDREN;
   description.head.dwExtendedStyle = WS_EX_DLGMODALFRAME;
   const INT_PTR result = DialogBoxIndirectParamW(module_, &description.head, owner, &Procedure,
                                                  reinterpret_cast<LPARAM>(this));
@@ -143,8 +144,8 @@ INT_PTR PickerDialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 
 void PickerDialog::Create() {
   SetWindowTextW(dialog_, ToWide(picking_.Description().title).c_str());
-  CreateControls();
   Measure();
+  CreateControls();
   Place(GetWindow(dialog_, GW_OWNER));
   LayOut();
   const HWND search = Control(ids::kSearch);
@@ -182,6 +183,7 @@ void PickerDialog::CreateControls() {
   // Which rows are ticked is asked for, like their texts.
   if (ticks != 0) ListView_SetCallbackMask(list, LVIS_STATEIMAGEMASK);
   AddColumns();
+  AddRowImages();
 
   const HWND nothing = AddControl(WC_STATICW, ToWide(picking_.Description().nothing).c_str(),
                                   SS_CENTER | SS_NOPREFIX, ids::kNothing);
@@ -216,6 +218,17 @@ void PickerDialog::AddColumns() {
   }
 }
 
+void PickerDialog::AddRowImages() {
+  const HWND list = Control(ids::kList);
+  const int height = RowHeight(measures_);
+  // The list destroys what it has in the end, but not what is replaced.
+  const HIMAGELIST before =
+      picking_.Several()
+          ? ListView_SetImageList(list, MakeTickImages(list, dpi_, height), LVSIL_STATE)
+          : ListView_SetImageList(list, MakeEmptyImages(height), LVSIL_SMALL);
+  if (before != nullptr) ImageList_Destroy(before);
+}
+
 void PickerDialog::Measure() {
   const pricedown::windows::WindowContext context(dialog_);
   const auto width = [&](const wchar_t* text) {
@@ -228,6 +241,11 @@ void PickerDialog::Measure() {
   measures_.lineHeight = pricedown::windows::LineHeight(context.Get(), font_.Get());
   measures_.labelWidth = width(kSearchLabel);
   measures_.buttonWidth = std::max(width(kClear), width(kCancel));
+  measures_.listWidth =
+      dpi_.Scale(kNarrowest) + GetSystemMetrics(SM_CXVSCROLL) + 2 * GetSystemMetrics(SM_CXEDGE);
+  for (const PickerColumn& column : picking_.Description().columns) {
+    measures_.listWidth += dpi_.Scale(column.width);
+  }
 }
 
 void PickerDialog::Place(HWND owner) {
@@ -273,7 +291,7 @@ void PickerDialog::FitLastColumn() {
   GetClientRect(list, &client);
   int rest = client.right;
   for (int column = 0; column < last; ++column) rest -= ListView_GetColumnWidth(list, column);
-  rest = std::max(rest, dpi_.Scale(80));
+  rest = std::max(rest, dpi_.Scale(kNarrowest));
   if (rest != ListView_GetColumnWidth(list, last)) ListView_SetColumnWidth(list, last, rest);
 }
 

@@ -51,12 +51,14 @@ class PickerDialog {
   HWND AddControl(const wchar_t* className, const wchar_t* text, DWORD style, int id,
                   DWORD extendedStyle = 0);
   void AddColumns();
+  void AddRowImages();
   void Measure();
   void Place(HWND owner);
   void LayOut();
   void FitLastColumn();
   INT_PTR OnCommand(int id, int code);
   LRESULT OnNotify(const NMHDR& header, LPARAM lParam);
+  LRESULT OnDrawRow(NMLVCUSTOMDRAW& drawing) const;
   void OnLimits(MINMAXINFO& limits) const;
 
   // True when the message was used up.

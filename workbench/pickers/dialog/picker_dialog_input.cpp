@@ -63,6 +63,8 @@ LRESULT PickerDialog::OnNotify(const NMHDR& header, LPARAM lParam) {
     case LVN_GETDISPINFOW:
       FillItem(reinterpret_cast<NMLVDISPINFOW*>(lParam)->item);
       return 0;
+    case NM_CUSTOMDRAW:
+      return OnDrawRow(*reinterpret_cast<NMLVCUSTOMDRAW*>(lParam));
     case NM_CLICK:
       OnListClick(false);
       return 0;
@@ -72,6 +74,17 @@ LRESULT PickerDialog::OnNotify(const NMHDR& header, LPARAM lParam) {
     default:
       return 0;
   }
+}
+
+LRESULT PickerDialog::OnDrawRow(NMLVCUSTOMDRAW& drawing) const {
+  if (drawing.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+  if (drawing.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
+  // The keys move the current row from the search field, so that it must not look left alone.
+  if (Current() != static_cast<std::size_t>(drawing.nmcd.dwItemSpec)) return CDRF_DODEFAULT;
+  drawing.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED | CDIS_FOCUS);
+  drawing.clrText = GetSysColor(COLOR_HIGHLIGHTTEXT);
+  drawing.clrTextBk = GetSysColor(COLOR_HIGHLIGHT);
+  return CDRF_NEWFONT;
 }
 
 void PickerDialog::FillItem(LVITEMW& item) {
