@@ -71,6 +71,19 @@ TEST_F(ItemPickerWindow, BlankBehindTypedTextIsText) {
   EXPECT_EQ("900004", Pick());
 }
 
+TEST_F(ItemPickerWindow, KeysRightAfterTypingMeanWhatWasTyped) {
+  user_
+      .Then([] {
+        PostMessageW(GetFocus(), WM_CHAR, u'垫', 1);
+        PostMessageW(GetFocus(), WM_KEYDOWN, VK_DOWN, 1);
+        PostMessageW(GetFocus(), WM_KEYDOWN, VK_SPACE, 1);
+      })
+      .Await(ids::kFound, u"找到 2 种物料")
+      .Await(ids::kChosen, u"已选 1 项")
+      .Press(VK_RETURN);
+  EXPECT_EQ("900004", Pick());
+}
+
 TEST_F(ItemPickerWindow, BlankInTheEmptyFieldTicks) {
   user_.Press(VK_SPACE)
       .Await(ids::kChosen, u"已选 1 项")

@@ -6,6 +6,7 @@
 
 #include <commctrl.h>
 #include <gtest/gtest.h>
+#include <objbase.h>
 
 #include <array>
 #include <cstdlib>
@@ -45,11 +46,15 @@ void HoldControl(bool down) {
 
 }  // namespace
 
-PickerUser::PickerUser() : timer_(SetTimer(nullptr, 0, kPeriod, &OnTimer)) { current = this; }
+PickerUser::PickerUser() : timer_(SetTimer(nullptr, 0, kPeriod, &OnTimer)) {
+  current = this;
+  CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+}
 
 PickerUser::~PickerUser() {
   KillTimer(nullptr, timer_);
   current = nullptr;
+  CoUninitialize();
   EXPECT_TRUE(steps_.empty()) << steps_.size() << " steps were not reached";
 }
 

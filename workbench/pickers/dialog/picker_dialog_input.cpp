@@ -24,6 +24,11 @@ constexpr std::chrono::milliseconds kStep{60};
 constexpr WPARAM kControlA = 1;  // as WM_CHAR
 
 bool IsDown(int key) { return GetKeyState(key) < 0; }
+bool IsListKey(WPARAM key) {
+  if (key == VK_HOME || key == VK_END) return IsDown(VK_CONTROL);
+  return key == VK_UP || key == VK_DOWN || key == VK_PRIOR || key == VK_NEXT;
+}
+
 bool HasInput() { return HIWORD(GetQueueStatus(QS_INPUT)) != 0; }
 
 }  // namespace
@@ -128,6 +133,9 @@ void PickerDialog::OnListClick(bool isDouble) {
 }
 
 bool PickerDialog::MovesInList(WPARAM key) {
+  if (!IsListKey(key)) return false;
+  // The keys are meant for what was typed, not for what is still shown.
+  if (textChanged_) SearchOn();
   const auto current = Current();
   const std::size_t count = picking_.List().Count();
   switch (key) {
@@ -142,13 +150,9 @@ bool PickerDialog::MovesInList(WPARAM key) {
         if (!current && count > 0) MoveTo(0);
       }
       return true;
-    case VK_HOME:
-    case VK_END:
-      if (!IsDown(VK_CONTROL)) return false;
+    default:
       if (count > 0) MoveTo(key == VK_HOME ? 0 : count - 1);
       return true;
-    default:
-      return false;
   }
 }
 

@@ -15,14 +15,25 @@ constexpr int kBox = 13;    // pixels at 96 dpi
 constexpr int kWidth = 18;  // with the room on both sides
 
 void DrawBox(HTHEME theme, HDC context, const RECT& box, bool ticked) {
-  if (theme != nullptr) {
-    DrawThemeBackground(theme, context, BP_CHECKBOX,
-                        ticked ? CBS_CHECKEDNORMAL : CBS_UNCHECKEDNORMAL, &box, nullptr);
+  RECT area = box;
+  if (theme == nullptr) {
+    DrawFrameControl(context, &area, DFC_BUTTON,
+                     DFCS_BUTTONCHECK | DFCS_FLAT | (ticked ? DFCS_CHECKED : 0U));
     return;
   }
-  RECT area = box;
-  DrawFrameControl(context, &area, DFC_BUTTON,
-                   DFCS_BUTTONCHECK | DFCS_FLAT | (ticked ? DFCS_CHECKED : 0U));
+  const int state = ticked ? CBS_CHECKEDNORMAL : CBS_UNCHECKEDNORMAL;
+  SIZE own{};
+  if (FAILED(GetThemePartSize(theme, context, BP_CHECKBOX, state, nullptr, TS_TRUE, &own))) {
+    own = {box.right - box.left, box.bottom - box.top};
+  }
+  // A style that has no picture for the resolution draws its small one.
+  const RECT drawn{box.left, box.top, box.left + own.cx, box.top + own.cy};
+  DrawThemeBackground(theme, context, BP_CHECKBOX, state, &drawn, nullptr);
+  const int width = box.right - box.left;
+  if (own.cx >= width) return;
+  SetStretchBltMode(context, HALFTONE);
+  StretchBlt(context, box.left, box.top, width, box.bottom - box.top, context, box.left, box.top,
+             own.cx, own.cy, SRCCOPY);
 }
 
 }  // namespace
@@ -36,7 +47,8 @@ HIMAGELIST MakeTickImages(HWND window, pricedown::windows::Dpi dpi, int rowHeigh
 
   const pricedown::windows::WindowContext screen(window);
   const HDC memory = CreateCompatibleDC(screen.Get());
-  const HTHEME theme = OpenThemeData(window, VSCLASS_BUTTON);
+  // Not for the window: the list's own frame would be drawn by it.
+  const HTHEME theme = OpenThemeData(nullptr, VSCLASS_BUTTON);
   for (const bool ticked : {false, true}) {
     const GdiObject<HBITMAP> picture(CreateCompatibleBitmap(screen.Get(), width, rowHeight));
     const HGDIOBJ before = SelectObject(memory, picture.Get());
