@@ -52,11 +52,12 @@ class BoundWindow {
  private:
   static LRESULT CALLBACK OwnProcedure(HWND window, UINT message, WPARAM wParam,
                                        LPARAM lParam) noexcept;
-  static LRESULT CALLBACK ControlProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                           UINT_PTR id, DWORD_PTR object) noexcept;
+  static LRESULT CALLBACK ControlProcedure(HWND window, UINT message, WPARAM wParam,
+                                           LPARAM lParam) noexcept;
 
   HWND handle_ = nullptr;
   bool own_ = false;
+  WNDPROC controlProcedure_ = nullptr;  // a control's own one
   std::wstring className_;
   HINSTANCE module_ = nullptr;
 };
