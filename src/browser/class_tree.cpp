@@ -58,7 +58,8 @@ void ClassTree::LoadClasses() {
 // One row per member item arrives, in number order: a row that repeats the number before it is
 // passed over here, any other repetition is refused by the node collection.
 void ClassTree::AddClassNodes(NodeIndex root) {
-  RowReader rows(state_.classRecordset, {columns::kItemClassNumber, columns::kItemClassName});
+  RowReader rows(state_.classRecordset, {columns::kItemClassNumber, columns::kItemClassName},
+                 NullCells::AsEmptyText);
   std::u16string numberScratch;
   std::u16string nameScratch;
   std::u16string key;

@@ -85,8 +85,10 @@ void ItemGrid::Fill(std::u16string_view nodeKey) {
 }
 
 void ItemGrid::FillRows(const Recordset& items) {
-  RowReader rows(items, {state_.fullNumber ? columns::kNumber : columns::kShortNumber,
-                         columns::kName, columns::kModel});
+  RowReader rows(items,
+                 {state_.fullNumber ? columns::kNumber : columns::kShortNumber, columns::kName,
+                  columns::kModel},
+                 NullCells::AsEmptyText);
   std::u16string scratch;
   for (std::int32_t row = 1; row <= sheet_.MaxRows(); ++row) {
     if (!rows.Next()) {

@@ -10,9 +10,6 @@
 namespace pricedown {
 namespace {
 
-// Large enough that the calls per block do not count, small enough to stay in the caches.
-constexpr std::int32_t kRowsPerBlock = 4096;
-
 bool SaysThatMemberIsLacking(const AutomationError& error) {
   return error.Number() == static_cast<std::int32_t>(ErrorNumber::UnknownName) ||
          error.Number() == static_cast<std::int32_t>(ErrorNumber::MemberNotFound) ||
@@ -21,8 +18,12 @@ bool SaysThatMemberIsLacking(const AutomationError& error) {
 
 }  // namespace
 
-RowReader::RowReader(const Recordset& recordset, std::vector<std::u16string_view> fields)
-    : recordset_(recordset), fields_(std::move(fields)), converted_(fields_.size()) {}
+RowReader::RowReader(const Recordset& recordset, std::vector<std::u16string_view> fields,
+                     NullCells nullCells)
+    : recordset_(recordset),
+      fields_(std::move(fields)),
+      mayReadTexts_(nullCells == NullCells::AsEmptyText),
+      converted_(fields_.size()) {}
 
 bool RowReader::Next() {
   if (finished_) return false;
@@ -50,7 +51,19 @@ bool RowReader::NextOfBlock() {
   return block_->RowCount() > 0;
 }
 
-CellBlockPtr RowReader::ReadBlock() const {
+CellBlockPtr RowReader::ReadTextBlock() {
+  // Answers of one block, which most are, are not worth the questions about their columns.
+  if (std::exchange(isFirstBlock_, false)) return nullptr;
+  if (mayReadTexts_) texts_ = TextBlocks::Of(recordset_, fields_);
+  mayReadTexts_ = false;
+  if (!texts_) return nullptr;
+  CellBlockPtr block = texts_->Read();
+  if (block == nullptr) texts_.reset();
+  return block;
+}
+
+CellBlockPtr RowReader::ReadBlock() {
+  if (CellBlockPtr texts = ReadTextBlock()) return texts;
   std::vector<Value> names(fields_.begin(), fields_.end());
   const Value answer =
       recordset_.Object()->Call(u"GetRows", {kRowsPerBlock, Missing{}, Value(std::move(names))});

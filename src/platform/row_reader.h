@@ -3,19 +3,27 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "platform/cell_block.h"
 #include "platform/recordset.h"
+#include "platform/text_blocks.h"
 
 namespace pricedown {
 
+// What a reader of rows makes of null cells. Where it shows them as empty texts, columns of texts
+// can be read much faster.
+enum class NullCells { Kept, AsEmptyText };
+
 class RowReader {
  public:
-  // Columns are answered in the order of `fields`, whose texts must outlive the reader.
-  RowReader(const Recordset& recordset, std::vector<std::u16string_view> fields);
+  // Columns are answered in the order of `fields`, whose texts must outlive the reader. With
+  // NullCells::AsEmptyText a null may be answered as null or as the empty text.
+  RowReader(const Recordset& recordset, std::vector<std::u16string_view> fields,
+            NullCells nullCells = NullCells::Kept);
 
   // Moves to the next row; false at the end. Throws AutomationError when the recordset fails;
   // a further call after a failure answers false, so that a caller who skips errors ends.
@@ -32,7 +40,8 @@ class RowReader {
   };
 
   bool NextOfBlock();
-  CellBlockPtr ReadBlock() const;
+  CellBlockPtr ReadBlock();
+  CellBlockPtr ReadTextBlock();
   void FindColumns();
   bool NextByField();
   void ReadRow();
@@ -41,7 +50,10 @@ class RowReader {
   std::vector<std::u16string_view> fields_;
   bool finished_ = false;
   bool hasBlocks_ = true;
-  // By blocks.
+  // By blocks; as texts as long as there are text blocks.
+  bool mayReadTexts_;
+  bool isFirstBlock_ = true;
+  std::optional<TextBlocks> texts_;
   CellBlockPtr block_;
   std::size_t row_ = 0;
   // Field by field.

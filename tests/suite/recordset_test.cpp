@@ -185,6 +185,30 @@ TEST_F(QueryRows, AnswerOutlivesItsConnectionAndTheCompany) {
   EXPECT_EQ("\"2008\"", Readable(rows.Field(u"FValue")));
 }
 
+TEST_F(QueryRows, ManyRowsOfTextsAreReadAsTextsInOrder) {
+  std::u16string text;
+  for (std::int32_t i = 0; i < 9000; ++i) {
+    text +=
+        pricedown::Concatenate({u" INSERT INTO icPriceDownClass(FItemID,FItemClassNumber)"
+                                u"VALUES(1,'K",
+                                pricedown::NumberText(100000 + i), u"')"});
+  }
+  Execute(text);
+  const auto rows = Execute(
+      u"Select t1.FitemClassNumber,t1.FitemClassName \r\n"
+      u" FROM icPriceDownClass t1 order by t1.FitemClassNumber asc");
+  ASSERT_TRUE(pricedown::TextBlocks::Of(rows, {u"FItemClassNumber", u"FItemClassName"}));
+  pricedown::RowReader reader(rows, {u"FItemClassNumber", u"FItemClassName"},
+                              pricedown::NullCells::AsEmptyText);
+  std::int32_t expected = 100000;
+  for (; reader.Next(); ++expected) {
+    ASSERT_EQ(u"K" + pricedown::NumberText(expected), reader.Field(0).text);
+    ASSERT_EQ(u"", reader.Field(1).text);
+  }
+  EXPECT_EQ(109000, expected);
+  EXPECT_TRUE(rows.AtEnd());
+}
+
 TEST_F(QueryRows, RowReaderReadsEveryRowInOrderAcrossItsBlocks) {
   std::u16string text;
   for (std::int32_t i = 0; i < 9000; ++i) {

@@ -2,6 +2,7 @@
 // Changes are kept at once; only an added row can be cancelled.
 #include "tests/support/record_table.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/convert.h"
@@ -196,6 +197,20 @@ void RecordTable::MoveNext() {
   }
   RequireCurrent();
   ++position_;
+}
+
+std::int32_t RecordTable::Place() const {
+  RequireOpen();
+  if (visible_.empty()) return -1;
+  return AtEnd() ? -3 : static_cast<std::int32_t>(position_) + 1;
+}
+
+void RecordTable::MoveTo(std::int32_t place) {
+  RequireOpen();
+  if (place < 1) throw AutomationError(ErrorNumber::InvalidArgument, u"参数类型不正确");
+  previous_.reset();
+  currentDeleted_ = false;
+  position_ = std::min(static_cast<std::size_t>(place) - 1, visible_.size());
 }
 
 const Value& RecordTable::ValueAt(std::size_t column) const {

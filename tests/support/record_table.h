@@ -38,6 +38,10 @@ class RecordTable {
   void MoveFirst();
   void MoveLast();
   void MoveNext();
+  // The current row's place among the visible ones, from 1; -1 without rows, -3 behind the last.
+  std::int32_t Place() const;
+  // Behind the last row for a greater number. Fails with InvalidArgument below 1.
+  void MoveTo(std::int32_t place);
 
   const Value& ValueAt(std::size_t column) const;
   // Converts to the column's type.

@@ -100,6 +100,54 @@ TEST_P(RecordsetContract, HasNoBlockAtItsEnd) {
   EXPECT_EQ(FailureNumberOf([&] { recordset.Object()->Call(u"GetRows"); }), kNoCurrentRecord);
 }
 
+TEST_P(RecordsetContract, AnswersRowsAsOneTextFromTheCurrentRowOn) {
+  const Recordset recordset = WithRows(3);
+  recordset.SetField(u"FNumber", Null{});
+  recordset.Update();
+  recordset.MoveFirst();
+  recordset.MoveNext();
+  const Value answer = recordset.Object()->Call(u"GetString", {2, 10, u"|", u"/", u"nothing"});
+  EXPECT_EQ(Utf8(answer.Text()), "2|A02|2.5/3|nothing|3.5/");
+  EXPECT_TRUE(recordset.AtEnd());
+}
+
+TEST_P(RecordsetContract, StopsATextAtTheAskedNumberOfRows) {
+  const Recordset recordset = WithRows(3);
+  recordset.MoveFirst();
+  EXPECT_EQ(Utf8(recordset.Object()->Call(u"GetString", {2, 1}).Text()), "1\tA01\t1.5\r");
+  EXPECT_EQ(TextOf(recordset, u"FNumber"), "A02");
+}
+
+TEST_P(RecordsetContract, HasNoTextOfRowsAtItsEnd) {
+  const Recordset recordset = WithRows(0);
+  EXPECT_EQ(FailureNumberOf([&] { recordset.Object()->Call(u"GetString"); }), kNoCurrentRecord);
+}
+
+TEST_P(RecordsetContract, KnowsThePlaceOfItsCurrentRowAndMovesToAPlace) {
+  const Recordset recordset = WithRows(3);
+  const auto place = [&] { return recordset.Object()->Get(u"AbsolutePosition"); };
+  EXPECT_EQ(place(), Value(3));
+  recordset.Object()->Put(u"AbsolutePosition", 2);
+  EXPECT_EQ(TextOf(recordset, u"FNumber"), "A02");
+  EXPECT_EQ(place(), Value(2));
+  recordset.MoveNext();
+  recordset.MoveNext();
+  EXPECT_EQ(place(), Value(-3));
+  EXPECT_EQ(WithRows(0).Object()->Get(u"AbsolutePosition"), Value(-1));
+  EXPECT_NE(FailureNumberOf([&] { recordset.Object()->Put(u"AbsolutePosition", 0); }), 0);
+}
+
+TEST_P(RecordsetContract, CountsPlacesAmongTheRowsThatAreThere) {
+  const Recordset recordset = WithRows(3);
+  recordset.MoveFirst();
+  recordset.Delete();
+  recordset.Update();
+  recordset.Object()->Put(u"AbsolutePosition", 2);
+  EXPECT_EQ(TextOf(recordset, u"FNumber"), "A03");
+  recordset.SetFilter(u"FNumber='A03'");
+  EXPECT_EQ(recordset.Object()->Get(u"AbsolutePosition"), Value(1));
+}
+
 TEST_P(RecordsetContract, ReadsTheFilteredRowsByBlocks) {
   const Recordset recordset = WithRows(3);
   recordset.SetFilter(u"FNumber='A03'");

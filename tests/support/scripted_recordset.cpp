@@ -153,6 +153,30 @@ Value GetRows(RecordTable& table, std::span<Value> arguments) {
   return Value(CellBlockPtr(std::make_shared<MemoryBlock>(columns.size(), std::move(rows))));
 }
 
+// All columns of the rows from the current one on.
+Value GetString(RecordTable& table, std::span<Value> arguments) {
+  const std::int32_t most = IsGiven(arguments, 1) ? ToInt32(arguments[1]) : -1;
+  const auto part = [&](std::size_t index, std::u16string_view usual) {
+    return IsGiven(arguments, index) ? ToText(arguments[index]) : std::u16string(usual);
+  };
+  const std::u16string columnEnd = part(2, u"\t");
+  const std::u16string rowEnd = part(3, u"\r");
+  const std::u16string nullText = part(4, u"");
+  std::u16string text;
+  std::int32_t rows = 0;
+  do {
+    for (std::size_t column = 0; column < table.Columns().size(); ++column) {
+      if (column > 0) text += columnEnd;
+      const Value& cell = table.ValueAt(column);
+      text += cell.IsNothing() ? nullText : ToText(cell);
+    }
+    text += rowEnd;
+    ++rows;
+    table.MoveNext();
+  } while (!table.AtEnd() && (most < 0 || rows < most));
+  return text;
+}
+
 template <typename Integer>
 std::int32_t Count(Integer number) {
   return static_cast<std::int32_t>(number);
@@ -237,6 +261,13 @@ std::span<const Member<ScriptedRecordset>> ScriptedRecordset::Members() {
       M{u"MoveNext", MemberKind::Method, Do<&RecordTable::MoveNext>},
       M{u"GetRows", MemberKind::Method,
         [](R& r, Access, std::span<Value> a) { return GetRows(r.Table(), a); }, 0, 3},
+      M{u"GetString", MemberKind::Method,
+        [](R& r, Access, std::span<Value> a) { return GetString(r.Table(), a); }, 0, 5},
+      M{u"AbsolutePosition", MemberKind::GetPut,
+        [](R& r, Access access, std::span<Value> a) {
+          if (access != Access::Call) r.Table().MoveTo(ToInt32(a[0]));
+          return Value(r.Table().Place());
+        }},
       M{u"Open", MemberKind::Method, Do<&RecordTable::Open>, 0, 5},
       M{u"Close", MemberKind::Method, Do<&RecordTable::Close>},
       M{u"AddNew", MemberKind::Method, Do<&RecordTable::AddRow>},

@@ -20,11 +20,19 @@ using pricedown::Value;
 namespace {
 
 constexpr std::u16string_view kSource = u"ADODB.Recordset";
+// With its delimiter, for the first guess at a text's length.
+constexpr std::size_t kUsualCellLength = 16;
 
 [[noreturn]] void ThrowNoCurrentRecord() {
   throw AutomationError(ErrorNumber::NoCurrentRecord,
                         u"BOF 或 EOF 中有一个为“真”，或者当前的记录已被删除，"
                         u"所需的操作要求有一个当前的记录。",
+                        std::u16string(kSource));
+}
+
+[[noreturn]] void ThrowInvalidArgument() {
+  throw AutomationError(static_cast<std::int32_t>(0x800A0BB9),
+                        u"参数类型不正确，或不在可以接受的范围之内，或与其他参数冲突。",
                         std::u16string(kSource));
 }
 
@@ -248,9 +256,7 @@ void Recordset::SetFilter(std::u16string_view filter) {
   if (!pricedown::Trim(filter).empty()) {
     const auto comparison = ParseComparison(filter);
     if (!comparison) {
-      throw AutomationError(static_cast<std::int32_t>(0x800A0BB9),
-                            u"参数类型不正确，或不在可以接受的范围之内，或与其他参数冲突。",
-                            std::u16string(kSource));
+      ThrowInvalidArgument();
     }
     const std::size_t column = ColumnOf(Value(std::u16string(comparison->name)));
     if (indexColumn_ != column) BuildFilterIndex(column);
@@ -271,7 +277,7 @@ void Recordset::BuildFilterIndex(std::size_t column) {
   indexColumn_ = column;
 }
 
-CellBlockPtr Recordset::GetRows(std::int32_t count, const std::vector<std::size_t>& columns) {
+std::vector<std::size_t> Recordset::TakeRows(std::int32_t count) {
   RequireOpen();
   if (position_ != Position::Row) ThrowNoCurrentRecord();
   if (added_) Update();
@@ -283,7 +289,59 @@ CellBlockPtr Recordset::GetRows(std::int32_t count, const std::vector<std::size_
   }
   position_ = row ? Position::Row : Position::End;
   if (row) row_ = *row;
-  return std::make_shared<PickedRows>(shared_from_this(), columns, std::move(picked));
+  return picked;
+}
+
+CellBlockPtr Recordset::GetRows(std::int32_t count, const std::vector<std::size_t>& columns) {
+  return std::make_shared<PickedRows>(shared_from_this(), columns, TakeRows(count));
+}
+
+std::u16string Recordset::GetString(std::int32_t count, const ClipFormat& format) {
+  const std::size_t columns = rows_->Fields().size();
+  const std::vector<std::size_t> taken = TakeRows(count);
+  std::u16string text;
+  text.reserve(taken.size() * columns * kUsualCellLength);
+  for (const std::size_t row : taken) {
+    for (std::size_t column = 0; column < columns; ++column) {
+      if (column > 0) text += format.columnDelimiter;
+      const CellView cell = rows_->View(row, column);
+      switch (cell.kind) {
+        case CellView::Kind::Null:
+          text += format.nullText;
+          break;
+        case CellView::Kind::Text:
+          text += cell.text;
+          break;
+        case CellView::Kind::Number:
+        case CellView::Kind::Other:
+          text += pricedown::ToText(rows_->Get(row, column));
+          break;
+      }
+    }
+    text += format.rowDelimiter;
+  }
+  return text;
+}
+
+std::int32_t Recordset::AbsolutePosition() {
+  if (RecordCount() == 0) return -1;
+  if (position_ != Position::Row) return position_ == Position::Beginning ? -2 : -3;
+  std::size_t before = row_;
+  if (filterColumn_ || rows_->LiveCount() != rows_->RowCount()) {
+    before = 0;
+    for (auto row = NextFrom(0); row && *row < row_; row = NextFrom(*row + 1)) ++before;
+  }
+  return static_cast<std::int32_t>(before) + 1;
+}
+
+void Recordset::SetAbsolutePosition(std::int32_t position) {
+  RequireOpen();
+  if (position < 1) ThrowInvalidArgument();
+  if (added_) Update();
+  std::optional<std::size_t> row = NextFrom(0);
+  for (std::int32_t at = 1; row && at < position; ++at) row = NextFrom(*row + 1);
+  position_ = row ? Position::Row : Position::End;
+  if (row) row_ = *row;
 }
 
 bool Recordset::HasColumn(std::u16string_view name) const {

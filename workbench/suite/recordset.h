@@ -1,9 +1,10 @@
 // The workbench's in-memory `ADODB.Recordset`: position, filter and members over a row store.
 // It covers what automation clients of the suite use; it speaks to no database.
 //
-// Members: ActiveConnection, AddNew, BOF, CancelUpdate, Close, CursorLocation, Delete, EOF,
-// Fields, Filter, GetRows, LockType, CursorType, MoveFirst, MoveLast, MoveNext, MovePrevious,
-// Open, RecordCount, State, Update, UpdateBatch; the default member is Fields(name).
+// Members: AbsolutePosition, ActiveConnection, AddNew, BOF, CancelUpdate, Close, CursorLocation,
+// Delete, EOF, Fields, Filter, GetRows, GetString, LockType, CursorType, MoveFirst, MoveLast,
+// MoveNext, MovePrevious, Open, RecordCount, State, Update, UpdateBatch; the default member is
+// Fields(name).
 #pragma once
 
 #include <memory>
@@ -51,6 +52,20 @@ class Recordset : public pricedown::LocalObject<Recordset> {
   // Up to `count` rows (all for a negative count) from the current one on; moves behind them.
   pricedown::CellBlockPtr GetRows(std::int32_t count, const std::vector<std::size_t>& columns);
 
+  struct ClipFormat {
+    std::u16string columnDelimiter = u"\t";
+    std::u16string rowDelimiter = u"\r";
+    std::u16string nullText;
+  };
+  // The same rows as one text of all columns; each row ends with its delimiter.
+  std::u16string GetString(std::int32_t count, const ClipFormat& format);
+
+  // The current row's place among those that the filter lets through, from 1; ADO's -1 for an
+  // empty recordset, -2 before the first row, -3 behind the last one.
+  std::int32_t AbsolutePosition();
+  // Moves there, behind the last row for a greater number. Throws AutomationError below 1.
+  void SetAbsolutePosition(std::int32_t position);
+
   const RowStore& Rows() const { return *rows_; }
   RowStore& Rows() { return *rows_; }
   bool HasColumn(std::u16string_view name) const;
@@ -74,6 +89,8 @@ class Recordset : public pricedown::LocalObject<Recordset> {
   using FilterIndex = std::unordered_map<std::u16string, std::vector<std::size_t>>;
 
   void RequireOpen() const;
+  // Up to `count` rows from the current one on; moves behind them.
+  std::vector<std::size_t> TakeRows(std::int32_t count);
   bool Passes(std::size_t row) const;
   std::optional<std::size_t> NextFrom(std::size_t row) const;
   std::optional<std::size_t> PreviousFrom(std::size_t end) const;

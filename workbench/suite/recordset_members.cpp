@@ -182,14 +182,42 @@ std::vector<std::size_t> PickColumns(const Recordset& recordset, const Value& fi
   return columns;
 }
 
+Value ArgumentAt(std::span<Value> arguments, std::size_t index) {
+  return index < arguments.size() ? arguments[index].Resolved() : Value(pricedown::Missing{});
+}
+
+// All rows unless a number is given.
+std::int32_t CountAt(std::span<Value> arguments, std::size_t index) {
+  const Value count = ArgumentAt(arguments, index);
+  return count.IsNothing() ? -1 : pricedown::ToInt32(count);
+}
+
 Value ReadRows(Recordset& recordset, Access, std::span<Value> arguments) {
-  const auto argument = [&](std::size_t i) {
-    return i < arguments.size() ? arguments[i].Resolved() : Value(pricedown::Missing{});
+  return recordset.GetRows(CountAt(arguments, 0), PickColumns(recordset, ArgumentAt(arguments, 2)));
+}
+
+Value ReadText(Recordset& recordset, Access, std::span<Value> arguments) {
+  constexpr std::int32_t kClipString = 2;
+  const Value form = ArgumentAt(arguments, 0);
+  if (!form.IsNothing() && pricedown::ToInt32(form) != kClipString) {
+    throw pricedown::AutomationError(pricedown::ErrorNumber::InvalidArgument,
+                                     u"不支持此 StringFormat。", u"ADODB.Recordset");
+  }
+  Recordset::ClipFormat format;
+  const auto take = [&](std::size_t index, std::u16string& text) {
+    const Value given = ArgumentAt(arguments, index);
+    if (!given.IsNothing()) text = pricedown::ToText(given);
   };
-  const Value count = argument(0);
-  const Value fields = argument(2);
-  return recordset.GetRows(count.IsNothing() ? -1 : pricedown::ToInt32(count),
-                           PickColumns(recordset, fields));
+  take(2, format.columnDelimiter);
+  take(3, format.rowDelimiter);
+  take(4, format.nullText);
+  return recordset.GetString(CountAt(arguments, 1), format);
+}
+
+Value GetOrSetPosition(Recordset& recordset, Access access, std::span<Value> arguments) {
+  if (access == Access::Call) return recordset.AbsolutePosition();
+  recordset.SetAbsolutePosition(pricedown::ToInt32(arguments[0].Resolved()));
+  return {};
 }
 
 }  // namespace
@@ -208,6 +236,8 @@ std::span<const Member<Recordset>> Recordset::Members() {
       {u"MoveLast", MemberKind::Method, Run<&Recordset::MoveLast>},
       {u"MovePrevious", MemberKind::Method, Run<&Recordset::MovePrevious>},
       {u"GetRows", MemberKind::Method, ReadRows, 0, 3},
+      {u"GetString", MemberKind::Method, ReadText, 0, 5},
+      {u"AbsolutePosition", MemberKind::GetPut, GetOrSetPosition},
       // Without connection and source: the fields have been appended.
       {u"Open", MemberKind::Method, Run<&Recordset::Open>},
       {u"Close", MemberKind::Method, Run<&Recordset::Close>},

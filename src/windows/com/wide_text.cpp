@@ -2,18 +2,26 @@
 // Where such text comes from and who owns it is its caller's.
 #include "windows/com/wide_text.h"
 
-#include <algorithm>
+#include <cstring>
 
 namespace pricedown::windows {
 
 static_assert(sizeof(wchar_t) == sizeof(char16_t));
 
-std::wstring ToWide(std::u16string_view text) { return std::wstring(text.begin(), text.end()); }
+std::wstring ToWide(std::u16string_view text) {
+  std::wstring wide(text.size(), L'\0');
+  CopyWide(text, wide.data());
+  return wide;
+}
 
-std::u16string FromWide(std::wstring_view text) { return std::u16string(text.begin(), text.end()); }
+std::u16string FromWide(std::wstring_view text) {
+  std::u16string copy(text.size(), u'\0');
+  if (!text.empty()) std::memcpy(copy.data(), text.data(), text.size() * sizeof(wchar_t));
+  return copy;
+}
 
 void CopyWide(std::u16string_view text, wchar_t* target) {
-  std::copy(text.begin(), text.end(), target);
+  if (!text.empty()) std::memcpy(target, text.data(), text.size() * sizeof(char16_t));
 }
 
 // Not a cast from wchar_t: the bytes were written elsewhere, and nobody here reads them as
