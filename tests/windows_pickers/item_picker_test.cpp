@@ -7,6 +7,7 @@
 #include "workbench/company/database_error.h"
 #include "workbench/pickers/dialog/dialog_pickers.h"
 #include "workbench/pickers/picker_ids.h"
+#include "workbench/pickers/picking.h"
 
 namespace workbench::testing {
 namespace {
@@ -217,6 +218,20 @@ TEST_F(ItemPickerWindow, WholeTableIsSearchedAndScrolled) {
       .Then([this] { EXPECT_EQ(0, user_.CurrentRow()); })
       .Press(VK_RETURN);
   EXPECT_EQ("900001", Pick(true, u""));
+}
+
+TEST(ItemPickerOnManyItems, RefusesToChooseMoreThanTheLimitAndSaysSo) {
+  CompanyFilePlan plan;
+  plan.large = LargeCompanyPlan{1, static_cast<int>(kMostChosen) + 1, 20};
+  PickerCompany company(plan);
+  DialogPickers pickers(GetModuleHandleW(nullptr));
+  PickerUser user;
+  user.Await(ids::kFound, u"共 10,001 种物料")
+      .PressWithControl('A')
+      .Await(ids::kFound, u"一次最多选择 10,000 项")
+      .Then([&user] { EXPECT_EQ("已选 0 项", user.Text(ids::kChosen)); })
+      .Press(VK_ESCAPE);
+  EXPECT_EQ(std::nullopt, pickers.PickItems(company, {}, true));
 }
 
 }  // namespace
