@@ -16,7 +16,7 @@
 #include "tests/integration/class_company.h"
 #include "tests/support/utf8.h"
 #include "tests/windows_ui/message_boxes.h"
-#include "tests/windows_ui/modal_steps.h"
+#include "tests/windows_support/modal_steps.h"
 #include "tests/windows_ui/picture.h"
 #include "tests/windows_ui/ui_world.h"
 #include "windows/com/wide_text.h"

@@ -202,15 +202,19 @@ TEST_F(ItemClassFormWindow, ClosingWaitsForARunningCommand) {
 }
 
 TEST_F(ItemClassFormWindow, KeepsItsLeastSizeAndItsLastSize) {
+  SIZE wanted{};
   SIZE shown{};
   ShowForAdd({[&] {
                 SetWindowPos(Form(), nullptr, 0, 0, 50, 50, SWP_NOMOVE | SWP_NOZORDER);
                 RECT area{};
                 GetWindowRect(Form(), &area);
-                EXPECT_GT(area.right - area.left, 250);
-                EXPECT_GT(area.bottom - area.top, 250);
+                const SIZE least{area.right - area.left, area.bottom - area.top};
+                EXPECT_GT(least.cx, 250);
+                EXPECT_GT(least.cy, 250);
                 KeepPicture(Form(), "form at its least size");
-                SetWindowPos(Form(), nullptr, 0, 0, 700, 560, SWP_NOMOVE | SWP_NOZORDER);
+                wanted = {least.cx + 90, least.cy + 40};
+                SetWindowPos(Form(), nullptr, 0, 0, wanted.cx, wanted.cy,
+                             SWP_NOMOVE | SWP_NOZORDER);
               },
               [&] { CloseByFrame(); }});
   ShowForAdd({[&] {
@@ -219,8 +223,8 @@ TEST_F(ItemClassFormWindow, KeepsItsLeastSizeAndItsLastSize) {
                 shown = {area.right - area.left, area.bottom - area.top};
               },
               [&] { CloseByFrame(); }});
-  EXPECT_EQ(shown.cx, 700);
-  EXPECT_EQ(shown.cy, 560);
+  EXPECT_EQ(shown.cx, wanted.cx);
+  EXPECT_EQ(shown.cy, wanted.cy);
 }
 
 TEST(ItemClassLayout, NothingOverlapsAndNothingLeavesTheForm) {

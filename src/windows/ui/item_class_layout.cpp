@@ -12,7 +12,8 @@ constexpr int kStripMargin = 3;
 constexpr int kFrameInset = 10;
 constexpr int kBelowCaption = 6;
 constexpr int kRowGap = 6;
-constexpr int kFieldMargin = 8;  // of a field above and below its text together
+constexpr int kFieldMargin = 2;  // of a field above and below its text together
+constexpr int kFieldEdges = 6;   // of a field, in pixels at every resolution
 constexpr int kLabelGap = 6;
 constexpr int kNumberWidth = 260;
 constexpr int kNameWidth = 520;  // forty Chinese characters
@@ -27,7 +28,7 @@ constexpr int kFirstItemRows = 11;
 constexpr int kFirstWidth = 560;
 
 int FieldHeight(const FormMeasures& measures, Dpi dpi) {
-  return measures.lineHeight + dpi.Scale(kFieldMargin);
+  return measures.lineHeight + kFieldEdges + dpi.Scale(kFieldMargin);
 }
 
 int HeaderTop(const FormMeasures& measures, Dpi dpi) {

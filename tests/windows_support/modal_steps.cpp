@@ -1,6 +1,6 @@
 // The timer behind the steps; a step that waits in a window of its own is not disturbed.
 // The one instance is found by its thread.
-#include "tests/windows_ui/modal_steps.h"
+#include "tests/windows_support/modal_steps.h"
 
 #include <gtest/gtest.h>
 
