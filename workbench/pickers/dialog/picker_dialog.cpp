@@ -179,7 +179,8 @@ void PickerDialog::CreateControls() {
                                    LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER,
                                ids::kList, WS_EX_CLIENTEDGE);
   const DWORD ticks = picking_.Several() ? LVS_EX_CHECKBOXES : 0;
-  ListView_SetExtendedListViewStyle(list, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | ticks);
+  SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, 0,
+               static_cast<LPARAM>(LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | ticks));
   // Which rows are ticked is asked for, like their texts.
   if (ticks != 0) ListView_SetCallbackMask(list, LVIS_STATEIMAGEMASK);
   AddColumns();
