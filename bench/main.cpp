@@ -1,11 +1,13 @@
 // Measures loading the tree and loading the grid, each at growing sizes.
-//   pricedown_bench FOLDER      companies are made in FOLDER once and kept there
+//   pricedown_bench FOLDER          companies are made in FOLDER once and kept there
+//   pricedown_bench FOLDER editor   the item class form alone
 #include <cstdio>
 #include <exception>
 #include <filesystem>
 #include <optional>
 #include <string>
 
+#include "bench/editor_measure.h"
 #include "bench/measure.h"
 #include "bench/raw_company.h"
 #include "bench/stage.h"
@@ -82,12 +84,14 @@ void Run(const std::string& folder) {
 }  // namespace bench
 
 int main(int count, char** words) {
-  if (count != 2) {
-    std::fprintf(stderr, "pricedown_bench FOLDER\n");
+  const bool editorOnly = count == 3 && std::string(words[2]) == "editor";
+  if (count != 2 && !editorOnly) {
+    std::fprintf(stderr, "pricedown_bench FOLDER [editor]\n");
     return 2;
   }
   try {
-    bench::Run(words[1]);
+    if (!editorOnly) bench::Run(words[1]);
+    bench::MeasureEditor(words[1]);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "pricedown_bench: %s\n", error.what());
     return 1;

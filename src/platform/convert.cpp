@@ -15,6 +15,7 @@ namespace pricedown {
 namespace {
 
 constexpr int kSignificantDigits = 15;
+constexpr double kFirstWithExponent = 1e15;
 
 [[noreturn]] void ThrowTypeMismatch() {
   throw AutomationError(ErrorNumber::TypeMismatch, u"类型不匹配");
@@ -23,6 +24,12 @@ constexpr int kSignificantDigits = 15;
 [[noreturn]] void ThrowOverflow() { throw AutomationError(ErrorNumber::Overflow, u"溢出"); }
 
 std::u16string Widened(const char* first, const char* last) { return std::u16string(first, last); }
+
+std::u16string WholeNumberText(std::int64_t number) {
+  std::array<char, 24> buffer{};
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number).ptr;
+  return Widened(buffer.data(), end);
+}
 
 std::u16string Padded(int number, std::size_t width) {
   std::u16string text = NumberText(static_cast<std::int32_t>(number));
@@ -100,7 +107,10 @@ Integer RoundTo(double number) {
 std::u16string NumberText(double number) {
   if (std::isnan(number)) return u"1.#QNAN";
   if (std::isinf(number)) return number < 0 ? u"-1.#INF" : u"1.#INF";
-  if (number == 0) return u"0";
+  // Whole numbers, zeroes of both signs included, are written by their digits.
+  if (std::fabs(number) < kFirstWithExponent && number == std::trunc(number)) {
+    return WholeNumberText(static_cast<std::int64_t>(number));
+  }
   std::array<char, 32> buffer{};
   const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number,
                                  std::chars_format::general, kSignificantDigits)
@@ -111,11 +121,7 @@ std::u16string NumberText(double number) {
   return Widened(buffer.data(), end);
 }
 
-std::u16string NumberText(std::int32_t number) {
-  std::array<char, 16> buffer{};
-  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number).ptr;
-  return Widened(buffer.data(), end);
-}
+std::u16string NumberText(std::int32_t number) { return WholeNumberText(number); }
 
 std::u16string ToText(const Value& value) {
   const Value& resolved = value.Resolved();

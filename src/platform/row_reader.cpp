@@ -97,9 +97,7 @@ void RowReader::ReadRow() {
   }
 }
 
-CellView RowReader::Field(std::size_t index) const {
-  const CellView view = hasBlocks_ ? block_->Cell(index, row_) : ViewOf(values_[index]);
-  if (view.kind != CellView::Kind::Other) return view;
+CellView RowReader::Converted(std::size_t index) const {
   converted_[index] = ToText(hasBlocks_ ? block_->CellValue(index, row_) : values_[index]);
   return {CellView::Kind::Text, 0, converted_[index]};
 }

@@ -31,7 +31,10 @@ class RowReader {
 
   // A field of the current row, borrowed until the next call of Next. A value that is neither
   // text, number nor null is given as its default text. Requires: Next answered true.
-  CellView Field(std::size_t index) const;
+  CellView Field(std::size_t index) const {
+    const CellView view = hasBlocks_ ? block_->Cell(index, row_) : ViewOf(values_[index]);
+    return view.kind != CellView::Kind::Other ? view : Converted(index);
+  }
 
  private:
   struct Column {
@@ -45,6 +48,7 @@ class RowReader {
   void FindColumns();
   bool NextByField();
   void ReadRow();
+  CellView Converted(std::size_t index) const;
 
   Recordset recordset_;
   std::vector<std::u16string_view> fields_;

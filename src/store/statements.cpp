@@ -139,15 +139,18 @@ std::u16string SaveDelete(std::u16string_view openingNumber) {
       {u"delete from icPriceDownClass where  FItemClassNumber='", openingNumber, u"'"});
 }
 
-void AppendSaveInsert(std::u16string& text, const ClassRow& row) {
-  constexpr std::u16string_view kInsert =
+std::u16string SaveInsertEnd(const ClassColumns& columns) {
+  return Concatenate({u",'", columns.classNumber, u"','", columns.className, u"',\r\n",
+                      columns.lossAccountId, u",'", columns.lossAccountNumber, u"',",
+                      columns.reserveAccountId, u",'", columns.reserveAccountNumber, u"',",
+                      columns.percentage, u")\r\n"});
+}
+
+void AppendSaveInsert(std::u16string& text, std::u16string_view itemId, std::u16string_view end) {
+  constexpr std::u16string_view kBegin =
       u" INSERT INTO icPriceDownClass(FItemID,FItemClassNumber,FItemClassName,"
       u"FAPAccID,FAPNumber,FARAccID,FARNumber,FPencentPrepare)VALUES\r\n( ";
-  const auto append = [&text](auto... pieces) { ((text += pieces), ...); };
-  append(kInsert, row.itemId, u",'", row.classNumber, u"','", row.className, u"',\r\n");
-  append(row.lossAccountId, u",'", row.lossAccountNumber, u"',");
-  append(row.reserveAccountId, u",'", row.reserveAccountNumber, u"',");
-  append(row.percentage, u")\r\n");
+  text.append(kBegin).append(itemId).append(end);
 }
 
 }  // namespace pricedown::statements

@@ -68,9 +68,8 @@ std::u16string ItemsOfOtherClasses(std::u16string_view classNumber);
 // The beginning of a save: deletes the rows under the opening number.
 std::u16string SaveDelete(std::u16string_view openingNumber);
 
-// One row of a save, all values in their default text; appended to `text`.
-struct ClassRow {
-  std::u16string_view itemId;
+// The class's columns of a row of a save, all values in their default text.
+struct ClassColumns {
   std::u16string_view classNumber;
   std::u16string_view className;
   std::u16string_view lossAccountId;
@@ -79,6 +78,9 @@ struct ClassRow {
   std::u16string_view reserveAccountNumber;
   std::u16string_view percentage;
 };
-void AppendSaveInsert(std::u16string& text, const ClassRow& row);
+// How a row of a save ends behind the item's id: the same for all rows with these values.
+std::u16string SaveInsertEnd(const ClassColumns& columns);
+// Appends one row of a save.
+void AppendSaveInsert(std::u16string& text, std::u16string_view itemId, std::u16string_view end);
 
 }  // namespace pricedown::statements

@@ -43,8 +43,9 @@ class ClassCompany : public SuiteFixture {
     for (const std::int32_t id : items) {
       std::u16string text;
       pricedown::statements::AppendSaveInsert(
-          text,
-          {pricedown::NumberText(id), number, name, u"1051", u"5711", u"1023", u"1281.1", u"12.5"});
+          text, pricedown::NumberText(id),
+          pricedown::statements::SaveInsertEnd(
+              {number, name, u"1051", u"5711", u"1023", u"1281.1", u"12.5"}));
       Run(text);
     }
   }

@@ -83,6 +83,19 @@ TEST(NumberText, AgreesWithTheCLibraryOnAnyNumber) {
   }
 }
 
+TEST(NumberText, AgreesWithTheCLibraryOnWholeNumbers) {
+  std::mt19937_64 random(12);
+  for (int round = 0; round < 20000; ++round) {
+    // Up to beyond the first that is written with an exponent, each size as often as the others.
+    const double number =
+        static_cast<double>(static_cast<std::int64_t>(random() >> (12 + random() % 52))) *
+        (round % 2 == 0 ? 1 : -1);
+    char expected[40];
+    std::snprintf(expected, sizeof expected, "%.15G", number == 0 ? 0 : number);
+    ASSERT_EQ(Utf8(NumberText(number)), expected);
+  }
+}
+
 TEST(NumberText, IsReadBackAsTheSameDecimalNumber) {
   std::mt19937_64 random(7);
   constexpr double kPowers[] = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10};

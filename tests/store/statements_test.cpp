@@ -109,8 +109,10 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(Save, IsOneTextOfADeleteAndAnInsertPerItem) {
   std::u16string text = SaveDelete(u"01");
-  AppendSaveInsert(text, {u"101", u"02", u"原材料", u"1051", u"5711", u"1023", u"1231.1", u"12.5"});
-  AppendSaveInsert(text, {u"102", u"02", u"原材料", u"1051", u"5711", u"1023", u"1231.1", u"12.5"});
+  const std::u16string end =
+      SaveInsertEnd({u"02", u"原材料", u"1051", u"5711", u"1023", u"1231.1", u"12.5"});
+  AppendSaveInsert(text, u"101", end);
+  AppendSaveInsert(text, u"102", end);
   EXPECT_EQ(ToUtf8(text),
             "delete from icPriceDownClass where  FItemClassNumber='01'"
             " INSERT INTO icPriceDownClass(FItemID,FItemClassNumber,FItemClassName,FAPAccID,"

@@ -1,0 +1,12 @@
+// Measures the item class form on classes of growing size.
+// The form is made on views that show nothing; its window is not measured here.
+#pragma once
+
+#include <string>
+
+namespace bench {
+
+// Prints one line per measurement; companies are made in `folder` once and kept there.
+void MeasureEditor(const std::string& folder);
+
+}  // namespace bench
