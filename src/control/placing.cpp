@@ -43,7 +43,12 @@ void PriceDown::SplitterMoved(std::int32_t offset) {
 
 void PriceDown::SplitterUp() {
   if (terminated_ || !splitter_.Dragging()) return;
-  splitter_.End();
+  // The drag is over only when its bar is gone, and also when something fails before that.
+  struct Ending {
+    Splitter& splitter;
+    ~Ending() { splitter.End(); }
+  } ending{splitter_};
+  splitter_.SetPosition(splitter_.BarPosition());
   LayOut();
   ports_.view.HideDragBar();
 }

@@ -38,6 +38,20 @@ TEST_F(Placing, MovesTheSplitterWhereItsBarWasLeft) {
   EXPECT_EQ(world_.view.placed, ComputeLayout({{12000, 8000}, 4600, true, true}));
 }
 
+TEST_F(Placing, EndsADragOnlyAfterItsBarIsHidden) {
+  Control().SplitterDown();
+  Control().SplitterMoved(500);
+  world_.log.Clear();
+  world_.view.whenBarHides = [&] { Control().SplitterMoved(600); };
+  Control().SplitterUp();
+  Control().SplitterMoved(700);
+  EXPECT_EQ(world_.log.Text(), Lines(R"(
+      view place
+      view bar hidden
+      view bar 4700,1170 75x6500
+      )"));
+}
+
 TEST_F(Placing, KeepsTheSplitterInsideItsLimits) {
   Control().SplitterDown();
   Control().SplitterMoved(100 - kDefaultSplitter);

@@ -41,7 +41,11 @@ class RecordingPriceDownView : public PriceDownView {
     placed = layout;
   }
   void ShowDragBar(const Rectangle& bar) override { Log("view bar " + InLog(bar)); }
-  void HideDragBar() override { Log("view bar hidden"); }
+  void HideDragBar() override {
+    Log("view bar hidden");
+    if (whenBarHides) whenBarHides();
+  }
+  std::function<void()> whenBarHides;
 
   Size size{12000, 8000};
   Layout placed;
