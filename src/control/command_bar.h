@@ -39,7 +39,12 @@ class BarTool : public LocalObject<BarTool> {
   bool Enabled() const { return enabled_; }
   bool Checked() const { return checked_; }
   bool Visible() const { return visible_; }
-  void SetEnabled(bool enabled) { Change(enabled_, enabled); }
+  // Enabling is ignored once the tool is disabled for good.
+  void SetEnabled(bool enabled) { Change(enabled_, enabled && !disabledForGood_); }
+  void DisableForGood() {
+    disabledForGood_ = true;
+    SetEnabled(false);
+  }
   void SetChecked(bool checked) { Change(checked_, checked); }
   void SetVisible(bool visible) { Change(visible_, visible); }
 
@@ -54,6 +59,7 @@ class BarTool : public LocalObject<BarTool> {
 
   Definition definition_;
   bool enabled_ = true;
+  bool disabledForGood_ = false;
   bool checked_ = false;
   bool visible_ = true;
   ChangeHandler change_;

@@ -73,7 +73,7 @@ void PriceDown::DisableClassCommands() {
     steps.Run([&] { ports_.view.SetStripButtonEnabled(position, false); });
   }
   for (const std::u16string_view name : {kInsertTool, kEditTool, kCutTool}) {
-    steps.Run([&] { bar_->Tool(name)->SetEnabled(false); });
+    steps.Run([&] { bar_->Tool(name)->DisableForGood(); });
   }
   steps.Rethrow();
 }

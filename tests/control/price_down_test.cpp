@@ -135,6 +135,22 @@ TEST(Initialize, LeavesTheClassCommandsEnabledWhenProvisionsAreKeptByClass) {
   EXPECT_EQ(world.log.Text().find("view button"), std::string::npos);
 }
 
+TEST(Initialize, LetsNoHostEnableTheClassToolsThatItDisabled) {
+  ControlWorld world;
+  world.company.mode = u"2";
+  world.CreateAndInitialize();
+  const ObjectPtr tools = world.control->Bar()->Get(u"Tools").Object();
+  for (const std::u16string_view name : {u"iInsert", u"iEdit", u"iCut"}) {
+    const ObjectPtr tool = tools->Call(u"Item", {name}).Object();
+    tool->Put(u"Enabled", true);
+    EXPECT_EQ(tool->Get(u"Enabled"), Value(false)) << Utf8(name);
+  }
+  const ObjectPtr menu = tools->Call(u"Item", {u"mnuEdit"}).Object();
+  menu->Put(u"Enabled", false);
+  menu->Put(u"Enabled", true);
+  EXPECT_EQ(menu->Get(u"Enabled"), Value(true));
+}
+
 TEST(Initialize, EnablesNothingAgainWhenTheModeChangesLater) {
   ControlWorld world;
   world.company.mode = u"2";
