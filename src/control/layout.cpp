@@ -57,7 +57,11 @@ Rectangle Span(const Rectangle& area, std::int32_t top, std::int32_t height) {
 void PlaceTitle(Layout& layout, Rectangle area) {
   CutLeft(area, kTitleMargin);
   CutRight(area, kTitleMargin);
-  layout.period = Span(CutRight(area, kPeriodWidth), kPeriodTop, kPeriodHeight);
+  const Rectangle column = CutRight(area, kPeriodWidth);
+  layout.period = Span(column, kPeriodTop, kPeriodHeight);
+  Rectangle labels = Span(column, kTitleTop, kPeriodTop - kTitleTop);
+  layout.firstLabel = CutLeft(labels, labels.width / 2);
+  layout.secondLabel = labels;
   layout.title = Span(area, kTitleTop, kTitleHeight);
 }
 

@@ -52,6 +52,8 @@ struct Layout {
   Rectangle grid;          // vaList, inside the grid pane
   Rectangle statusBar;     // sbStatusBar
   Rectangle progressBar;   // pbar, over the status bar's last panel
+  Rectangle firstLabel;    // Label1, above the period
+  Rectangle secondLabel;   // Label2, right of Label1
   bool operator==(const Layout&) const = default;
 };
 

@@ -24,6 +24,8 @@ TEST(Layout, PlacesTheWholeViewOfAnOrdinaryWindow) {
   const Layout layout = ComputeLayout({{12000, 8000}, 3600, true, true});
   EXPECT_EQ(layout.title, (Rectangle{120, 75, 9360, 510}));
   EXPECT_EQ(layout.period, (Rectangle{9480, 330, 2400, 255}));
+  EXPECT_EQ(layout.firstLabel, (Rectangle{9480, 75, 1200, 255}));
+  EXPECT_EQ(layout.secondLabel, (Rectangle{10680, 75, 1200, 255}));
   EXPECT_EQ(layout.upperLine, (Rectangle{0, 660, 12000, 30}));
   EXPECT_EQ(layout.toolStrip, (Rectangle{0, 690, 12000, 450}));
   EXPECT_EQ(layout.lowerLine, (Rectangle{0, 1140, 12000, 30}));
@@ -106,10 +108,11 @@ TEST(Layout, KeepsEveryRectangleInsideAndApartAtEverySize) {
       for (const int visible : {0, 1, 2, 3}) {
         const Layout layout = ComputeLayout(
             {{size.width, size.height}, splitter, (visible & 1) != 0, (visible & 2) != 0});
-        const std::vector<Rectangle> apart{layout.title,     layout.period,    layout.upperLine,
-                                           layout.toolStrip, layout.lowerLine, layout.classHeading,
-                                           layout.tree,      layout.splitter,  layout.itemHeading,
-                                           layout.gridPane,  layout.statusBar};
+        const std::vector<Rectangle> apart{layout.title,      layout.period,    layout.upperLine,
+                                           layout.toolStrip,  layout.lowerLine, layout.classHeading,
+                                           layout.tree,       layout.splitter,  layout.itemHeading,
+                                           layout.gridPane,   layout.statusBar, layout.firstLabel,
+                                           layout.secondLabel};
         const Rectangle control{0, 0, std::max(size.width, 0), std::max(size.height, 0)};
         SCOPED_TRACE(::testing::Message() << size.width << "x" << size.height << " splitter "
                                           << splitter << " visible " << visible);

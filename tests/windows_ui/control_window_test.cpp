@@ -175,10 +175,16 @@ TEST(ControlWindow, LetsTheSuiteReplaceCaptions) {
     names += Utf8(controls->Call(u"Item", {i}).Object()->Get(u"Name").Text()) + " ";
   }
   EXPECT_EQ(names,
-            "lbl_Title lblPeriod SSPTitleClass SSPTitleItem tbToolBar.Add tbToolBar.Edit "
-            "tbToolBar.Del tbToolBar.Print tbToolBar.PrintView tbToolBar.Exit ");
+            "lbl_Title lblPeriod SSPTitleClass SSPTitleItem Label1 Label2 tbToolBar.Add "
+            "tbToolBar.Edit tbToolBar.Del tbToolBar.Print tbToolBar.PrintView tbToolBar.Exit ");
   controls->Call(u"Item", {u"ssptitleclass"}).Object()->Put(u"Caption", u"Classes");
   EXPECT_EQ(TextOfChild(world, ids::kClassHeading), "Classes");
+  for (const auto& [name, id] :
+       {std::pair{u"Label1", ids::kFirstLabel}, std::pair{u"Label2", ids::kSecondLabel}}) {
+    EXPECT_EQ(TextOfChild(world, id), "");
+    controls->Call(u"Item", {name}).Object()->Put(u"Caption", name);
+    EXPECT_EQ(TextOfChild(world, id), Utf8(name));
+  }
   const ObjectPtr add = controls->Call(u"Item", {u"tbToolBar.Add"}).Object();
   EXPECT_EQ(Utf8(add->Get(u"Caption").Text()), "新增");
   add->Put(u"Caption", u"Add");

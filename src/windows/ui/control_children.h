@@ -55,6 +55,9 @@ struct ControlChildren {
   ParkingWindow parking;
   PlainControl title;
   PlainControl period;
+  // Without texts of their own; the form's resources may give them some.
+  PlainControl firstLabel;
+  PlainControl secondLabel;
   LineWindow upperLine;
   LineWindow lowerLine;
   PlainControl progressBar;

@@ -20,6 +20,8 @@ inline constexpr int kStatusBar = 113;     // sbStatusBar
 inline constexpr int kProgressBar = 114;   // pbar
 inline constexpr int kFontLabel = 115;     // lblFont
 inline constexpr int kCellEditor = 116;    // the grid's field for typing
+inline constexpr int kFirstLabel = 117;    // Label1
+inline constexpr int kSecondLabel = 118;   // Label2
 
 // The tool strip's buttons have the command ids kFirstButton + position, positions from 1.
 inline constexpr int kFirstButton = 200;

@@ -107,6 +107,8 @@ void ControlWindow::Place(const Layout& layout) {
   OffsetRect(&grid, -pane.left, -pane.top);
   PlaceAll({{c.title.Handle(), dpi.ToPixels(layout.title)},
             {c.period.Handle(), dpi.ToPixels(layout.period)},
+            {c.firstLabel.Handle(), dpi.ToPixels(layout.firstLabel)},
+            {c.secondLabel.Handle(), dpi.ToPixels(layout.secondLabel)},
             {c.upperLine.Handle(), dpi.ToPixels(layout.upperLine)},
             {c.strip.Handle(), Centred(dpi.ToPixels(layout.toolStrip), c.strip.ButtonHeight())},
             {c.lowerLine.Handle(), dpi.ToPixels(layout.lowerLine)},

@@ -63,6 +63,8 @@ void ControlWindow::CreateChildren() {
   constexpr DWORD label = WS_VISIBLE | SS_NOPREFIX | SS_CENTERIMAGE | SS_ENDELLIPSIS;
   c.title.Create(parent, c.module, L"STATIC", control_ids::kTitle, label | SS_LEFT);
   c.period.Create(parent, c.module, L"STATIC", control_ids::kPeriod, label | SS_RIGHT);
+  c.firstLabel.Create(parent, c.module, L"STATIC", control_ids::kFirstLabel, label | SS_LEFT);
+  c.secondLabel.Create(parent, c.module, L"STATIC", control_ids::kSecondLabel, label | SS_RIGHT);
   c.upperLine.Create(parent, c.module, control_ids::kUpperLine);
   c.strip.Create(parent, c.module, control_ids::kToolStrip, dpi, Translate(kStripName));
   c.lowerLine.Create(parent, c.module, control_ids::kLowerLine);
@@ -86,9 +88,12 @@ void ControlWindow::ListCaptions() {
                          [&window](std::u16string_view text) { GiveText(window.Handle(), text); }};
   };
   ControlChildren& c = *children_;
-  std::vector<CaptionAccess> captions{
-      ofWindow(u"lbl_Title", c.title), ofWindow(u"lblPeriod", c.period),
-      ofWindow(u"SSPTitleClass", c.classHeading), ofWindow(u"SSPTitleItem", c.itemHeading)};
+  std::vector<CaptionAccess> captions{ofWindow(u"lbl_Title", c.title),
+                                      ofWindow(u"lblPeriod", c.period),
+                                      ofWindow(u"SSPTitleClass", c.classHeading),
+                                      ofWindow(u"SSPTitleItem", c.itemHeading),
+                                      ofWindow(u"Label1", c.firstLabel),
+                                      ofWindow(u"Label2", c.secondLabel)};
   for (std::size_t i = 0; i < kStripButtons.size(); ++i) {
     if (kStripButtons[i].separator) continue;
     captions.push_back(
@@ -108,8 +113,9 @@ void ControlWindow::MakeFonts() {
                              : MakeFont(title.name, title.charset, title.points, dpi);
   FontHandle textFont = MakeMessageFont(dpi);
   GiveFont(c.title.Handle(), titleFont.Get());
-  for (const BoundWindow* window : std::initializer_list<const BoundWindow*>{
-           &c.period, &c.classHeading, &c.itemHeading, &c.statusBar}) {
+  for (const BoundWindow* window :
+       std::initializer_list<const BoundWindow*>{&c.period, &c.firstLabel, &c.secondLabel,
+                                                 &c.classHeading, &c.itemHeading, &c.statusBar}) {
     GiveFont(window->Handle(), textFont.Get());
   }
   c.strip.SetFont(textFont.Get());
