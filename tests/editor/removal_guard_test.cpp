@@ -327,16 +327,19 @@ TEST(RemovalGuardFailures, ReachTheCallerAndLeaveNoFilter) {
     AnswerStatement(world.factory, kVoucher, NoRows());
     Answer(world.factory, u"01.001", {});
     Answer(world.factory, u"01.002", {.history = OneRow()});
-    world.OpenForEdit();
+    std::vector<MemberItem> items = BoltAndNut();
+    items.push_back({103, u"01.003", u"垫圈", Null{}});
+    world.OpenForEdit(RawMaterials(), items);
     world.grid.selected = {2, 3};
     const int before = world.factory.CallCount();
     world.factory.FailCall(failingCall);
     const auto error = ErrorOf([&] { world.form.ToolClicked(u"DelItem"); });
     const int calls = world.factory.CallCount() - before;
     EXPECT_EQ(error, failingCall == 0 ? std::nullopt : std::optional(kInjectedFailure));
-    // The item with history is always there, and shown unless the list itself failed.
-    const std::vector<std::int32_t> ids = world.MemberIds();
-    EXPECT_EQ(ids.empty() ? 0 : ids.back(), 102);
+    // The item with history and the one that was not selected are always there.
+    std::vector<std::int32_t> ids = world.MemberIds();
+    std::erase(ids, 101);
+    EXPECT_EQ(ids, (std::vector<std::int32_t>{102, 103}));
     world.form.Unload();
     EXPECT_EQ(world.factory.LiveObjects(), 0);
     return calls;
