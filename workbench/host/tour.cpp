@@ -12,6 +12,7 @@
 #include "workbench/host/messages.h"
 #include "workbench/host/resource_ids.h"
 #include "workbench/host/screenshot.h"
+#include "workbench/host/tour_input.h"
 
 namespace workbench {
 
@@ -30,6 +31,8 @@ Tour::Tour(FrameWindow& frame, std::wstring folder) : frame_(frame), folder_(std
   AddBrowsing();
   AddSplitter();
   AddOtherMode();
+  AddEditing();
+  AddRemoving();
   runningTour = this;
   timer_ = SetTimer(nullptr, 0, kStepMilliseconds, OnTimer);
 }
@@ -96,8 +99,10 @@ void Tour::SelectClass(int position) {
   const HWND tree = Child(ids::kTree);
   LRESULT item = SendMessageW(tree, TVM_GETNEXTITEM, TVGN_ROOT, 0);
   item = SendMessageW(tree, TVM_GETNEXTITEM, TVGN_CHILD, item);
-  for (int i = 1; i < position && item != 0; ++i) {
-    item = SendMessageW(tree, TVM_GETNEXTITEM, TVGN_NEXT, item);
+  for (int i = 1; item != 0 && i != position; ++i) {
+    const LRESULT next = SendMessageW(tree, TVM_GETNEXTITEM, TVGN_NEXT, item);
+    if (next == 0 && position == kLastClass) break;
+    item = next;
   }
   SendMessageW(tree, TVM_ENSUREVISIBLE, 0, item);
   // The message takes the item in the rectangle's first bytes.
@@ -123,6 +128,10 @@ void Tour::Drag(HWND window, int distance) {
 void Tour::ClickTool(std::u16string_view name) {
   ChildWindow* child = frame_.ActiveChild();
   if (child != nullptr) frame_.ClickTool(*child, name);
+}
+
+void Tour::PressStrip(std::size_t position) {
+  PressButton(Child(ids::kToolStrip), static_cast<int>(position) - 1);
 }
 
 void Tour::AddBrowsing() {

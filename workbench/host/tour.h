@@ -24,6 +24,8 @@ class Tour {
   bool Finished() const { return next_ == steps_.size() && !failed_; }
 
  private:
+  static constexpr int kLastClass = 0;
+
   struct Step {
     // Empty: no picture of this step.
     const wchar_t* picture;
@@ -35,11 +37,17 @@ class Tour {
   void AddBrowsing();
   void AddSplitter();
   void AddOtherMode();
+  void AddEditing();
+  void AddRemoving();
 
   HWND Child(int controlId) const;
+  // Position from 1; kLastClass for the one at the end.
   void SelectClass(int position);
   void Drag(HWND window, int distance);
   void ClickTool(std::u16string_view name);
+  // A button of the control's tool strip, position from 1; posted, because its command may show a
+  // window of its own and wait.
+  void PressStrip(std::size_t position);
 
   FrameWindow& frame_;
   std::wstring folder_;

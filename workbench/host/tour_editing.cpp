@@ -1,0 +1,88 @@
+// The tour's steps through the item class form and the suite's pickers: a class is added, changed,
+// loses an item and is deleted. Each step posts what a user would do and lets it happen.
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include "windows/ui/control_ids.h"
+#include "windows/ui/form_ids.h"
+#include "workbench/host/tour.h"
+#include "workbench/host/tour_input.h"
+
+namespace workbench {
+
+namespace ids = pricedown::windows::control_ids;
+namespace form_ids = pricedown::windows::form_ids;
+
+namespace {
+
+// Positions, from 1: of the control's tool strip, and of the form's tool bar.
+constexpr std::size_t kAdd = 2;
+constexpr std::size_t kEdit = 3;
+constexpr std::size_t kDelete = 4;
+constexpr int kFormSave = 2;
+constexpr int kFormAddItem = 4;
+constexpr int kFormDelItem = 5;
+constexpr int kFormExit = 7;
+
+HWND Form() { return RequireWindow(FindWindowW(L"PriceDown.ItemClass", nullptr)); }
+
+HWND FormChild(int id) { return RequireWindow(GetDlgItem(Form(), id)); }
+
+void PressFormTool(int position) { PressButton(FormChild(form_ids::kToolBar), position - 1); }
+
+void TypeInto(int id, const wchar_t* text) {
+  const HWND field = FormChild(id);
+  SetFocus(field);
+  SendMessageW(field, EM_SETSEL, 0, -1);
+  PostText(field, text);
+}
+
+}  // namespace
+
+void Tour::AddEditing() {
+  steps_.push_back({nullptr, [this] { frame_.OpenChild(kItemClassesCaption); }});
+  steps_.push_back({L"13-new-class", [this] { PressStrip(kAdd); }});
+  steps_.push_back({nullptr, [] {
+                      TypeInto(form_ids::kClassNumber, L"DEMO");
+                      TypeInto(form_ids::kClassName, L"演示类别");
+                      TypeInto(form_ids::kReserveAccount, L"1471.01");
+                      TypeInto(form_ids::kPercentage, L"12.5");
+                      SetFocus(FormChild(form_ids::kLossAccount));
+                      PostText(FormChild(form_ids::kLossAccount), L"资产减值");
+                    }});
+  steps_.push_back(
+      {L"14-account-picker", [] { PostKey(FormChild(form_ids::kLossAccount), VK_F7); }});
+  steps_.push_back({nullptr, [] { PostKey(GetFocus(), VK_RETURN); }});
+  steps_.push_back({nullptr, [] { PressFormTool(kFormAddItem); }});
+  steps_.push_back({nullptr, [] { PostText(GetFocus(), L"螺"); }});
+  for (int i = 0; i < 3; ++i) {
+    // One after the other: a blank becomes a character only behind what was posted before.
+    steps_.push_back({nullptr, [] { PostKey(GetFocus(), VK_DOWN); }});
+    steps_.push_back({i < 2 ? nullptr : L"15-item-picker", [] { PostKey(GetFocus(), VK_SPACE); }});
+  }
+  steps_.push_back({L"16-items-added", [] { PostKey(GetFocus(), VK_RETURN); }});
+  steps_.push_back({L"17-saved", [] { PressFormTool(kFormSave); }});
+  steps_.push_back({L"18-question-on-leaving", [] { PressFormTool(kFormExit); }});
+  steps_.push_back({nullptr, [] { PressBoxButton(IDNO); }});
+  steps_.push_back({L"19-class-in-the-tree", [this] { SelectClass(kLastClass); }});
+}
+
+void Tour::AddRemoving() {
+  steps_.push_back({L"20-class-in-the-form", [this] { PressStrip(kEdit); }});
+  steps_.push_back({nullptr, [] {
+                      SetFocus(FormChild(form_ids::kMembers));
+                      PostKey(FormChild(form_ids::kMembers), VK_DOWN);
+                      PostKey(FormChild(form_ids::kMembers), VK_SPACE);
+                    }});
+  steps_.push_back({L"21-item-removed", [] { PressFormTool(kFormDelItem); }});
+  steps_.push_back({nullptr, [] { TypeInto(form_ids::kClassName, L"演示类别二"); }});
+  steps_.push_back({nullptr, [] { PressFormTool(kFormSave); }});
+  steps_.push_back({nullptr, [] { PressFormTool(kFormExit); }});
+  steps_.push_back({L"22-class-renamed", [this] { SelectClass(kLastClass); }});
+  steps_.push_back({L"23-question-before-deleting", [this] { PressStrip(kDelete); }});
+  steps_.push_back({L"24-class-deleted", [] { PressBoxButton(IDYES); }});
+  steps_.push_back({L"25-closed-again", [this] { frame_.CloseChildren(); }});
+}
+
+}  // namespace workbench
