@@ -110,6 +110,45 @@ std::span<const Member<ScriptServices>> ScriptServices::Members() {
                          services.CloseWindows();
                          return Value();
                        }},
+      Member<Services>{u"Play", MemberKind::Method,
+                       [](Services& services, Access, Arguments arguments) {
+                         const Value& player = arguments[0].Resolved();
+                         services.User().Play(player.IsNothing() ? nullptr : player.Object());
+                         return Value();
+                       },
+                       1, 1},
+      Member<Services>{u"WindowClass", MemberKind::Get,
+                       [](Services& services, Access, Arguments) -> Value {
+                         return services.User().WindowClass();
+                       }},
+      Member<Services>{u"TextIn", MemberKind::Method,
+                       [](Services& services, Access, Arguments arguments) -> Value {
+                         return services.User().Text(ToInt32(arguments[0]));
+                       },
+                       1, 1},
+      Member<Services>{u"TypeInto", MemberKind::Method,
+                       [](Services& services, Access, Arguments arguments) {
+                         services.User().Type(ToInt32(arguments[0]), ToText(arguments[1]));
+                         return Value();
+                       },
+                       2, 2},
+      Member<Services>{u"PressTool", MemberKind::Method,
+                       [](Services& services, Access, Arguments arguments) {
+                         services.User().PressTool(ToInt32(arguments[0]), ToInt32(arguments[1]));
+                         return Value();
+                       },
+                       2, 2},
+      Member<Services>{u"PressButton", MemberKind::Method,
+                       [](Services& services, Access, Arguments arguments) {
+                         services.User().PressButton(ToInt32(arguments[0]));
+                         return Value();
+                       },
+                       1, 1},
+      Member<Services>{u"CloseForm", MemberKind::Method,
+                       [](Services& services, Access, Arguments) {
+                         services.User().CloseWindow();
+                         return Value();
+                       }},
   };
   return members;
 }

@@ -1,4 +1,6 @@
-// What scripts may call without a prefix: Print, Check, CheckEqual, HostControl, CloseWindows.
+// What scripts may call without a prefix: Print, Check, CheckEqual, HostControl, CloseWindows, and
+// the user's part of script_user.h: Play, WindowClass, TextIn, TypeInto, PressTool, PressButton,
+// CloseForm.
 // Creating objects by ProgID is the script language's own.
 #pragma once
 
@@ -8,6 +10,7 @@
 #include <vector>
 
 #include "platform/local_object.h"
+#include "tests/windows/script_host/script_user.h"
 
 namespace pricedown::testing {
 
@@ -24,12 +27,14 @@ class ScriptServices : public LocalObject<ScriptServices> {
   // A control in the system's container, in a visible window with that caption.
   Value HostControl(std::u16string_view progId, std::u16string_view caption);
   void CloseWindows();
+  ScriptUser& User() { return user_; }
 
   static std::span<const Member<ScriptServices>> Members();
 
  private:
   int failedChecks_ = 0;
   std::vector<HWND> windows_;
+  ScriptUser user_;
 };
 
 }  // namespace pricedown::testing

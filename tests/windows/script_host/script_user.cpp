@@ -1,0 +1,108 @@
+// A timer of the thread, which also runs inside modal windows, and posted input.
+// The one instance is found by its thread.
+#include "tests/windows/script_host/script_user.h"
+
+#include <commctrl.h>
+
+#include <array>
+#include <cstdio>
+#include <utility>
+
+#include "platform/text.h"
+#include "windows/com/failure.h"
+#include "windows/com/wide_text.h"
+
+namespace pricedown::testing {
+namespace {
+
+constexpr UINT kPeriod = 40;        // milliseconds
+constexpr int kTextOfBox = 0xFFFF;  // the id of a message box's text
+
+ScriptUser* current = nullptr;
+
+std::u16string TextOf(HWND window) {
+  std::array<wchar_t, 512> text{};
+  GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
+  return windows::FromWide(text.data());
+}
+
+std::u16string ClassOf(HWND window) {
+  std::array<wchar_t, 64> name{};
+  GetClassNameW(window, name.data(), static_cast<int>(name.size()));
+  return windows::FromWide(name.data());
+}
+
+// Hosts' frames have the class of dialogs too, but no text of a message.
+bool Waits(HWND window) {
+  return window != nullptr &&
+         (ClassOf(window) == u"PriceDown.ItemClass" || GetDlgItem(window, kTextOfBox) != nullptr);
+}
+
+}  // namespace
+
+void ScriptUser::Play(ObjectPtr player) {
+  Stop();
+  if (player == nullptr) return;
+  player_ = std::move(player);
+  current = this;
+  timer_ = SetTimer(nullptr, 0, kPeriod, &OnTimer);
+  if (timer_ == 0) windows::ThrowLastError();
+}
+
+void ScriptUser::Stop() {
+  if (timer_ != 0) KillTimer(nullptr, std::exchange(timer_, 0));
+  player_ = nullptr;
+  current = nullptr;
+}
+
+void CALLBACK ScriptUser::OnTimer(HWND, UINT, UINT_PTR, DWORD) noexcept {
+  ScriptUser* user = current;
+  if (user == nullptr || user->playing_ || !Waits(GetActiveWindow())) return;
+  user->playing_ = true;
+  try {
+    const ObjectPtr player = user->player_;
+    player->Call(u"Step", {});
+  } catch (...) {
+    // The check that follows in the script fails; here is why.
+    std::fprintf(stderr, "script_host: %s\n",
+                 ToUtf8(windows::CurrentFailure().description).c_str());
+  }
+  user->playing_ = false;
+}
+
+std::u16string ScriptUser::WindowClass() const { return ClassOf(GetActiveWindow()); }
+
+std::u16string ScriptUser::Text(int id) const {
+  const HWND window = GetActiveWindow();
+  return TextOf(id == 0 ? window : GetDlgItem(window, id));
+}
+
+void ScriptUser::Type(int id, std::u16string_view text) {
+  const HWND field = GetDlgItem(GetActiveWindow(), id);
+  if (field == nullptr) return;
+  SetFocus(field);
+  SendMessageW(field, EM_SETSEL, 0, -1);
+  for (const char16_t unit : text) SendMessageW(field, WM_CHAR, unit, 1);
+}
+
+void ScriptUser::PressTool(int toolBar, int position) {
+  const HWND bar = GetDlgItem(GetActiveWindow(), toolBar);
+  if (bar == nullptr) return;
+  RECT area{};
+  SendMessageW(bar, TB_GETITEMRECT, static_cast<WPARAM>(position) - 1,
+               reinterpret_cast<LPARAM>(&area));
+  const LPARAM point = MAKELPARAM((area.left + area.right) / 2, (area.top + area.bottom) / 2);
+  PostMessageW(bar, WM_LBUTTONDOWN, MK_LBUTTON, point);
+  PostMessageW(bar, WM_LBUTTONUP, 0, point);
+}
+
+void ScriptUser::PressButton(int id) {
+  const HWND window = GetActiveWindow();
+  if (const HWND button = GetDlgItem(window, id)) {
+    PostMessageW(window, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), reinterpret_cast<LPARAM>(button));
+  }
+}
+
+void ScriptUser::CloseWindow() { PostMessageW(GetActiveWindow(), WM_CLOSE, 0, 0); }
+
+}  // namespace pricedown::testing

@@ -1,0 +1,43 @@
+// The user of a script: an object of the script whose Step is called again and again while a window
+// of the control waits for a user, and what it may do in that window.
+#pragma once
+
+#include <windows.h>
+
+#include <string_view>
+
+#include "platform/automation.h"
+
+namespace pricedown::testing {
+
+class ScriptUser {
+ public:
+  ScriptUser() = default;
+  ~ScriptUser() { Stop(); }
+  ScriptUser(const ScriptUser&) = delete;
+  ScriptUser& operator=(const ScriptUser&) = delete;
+
+  // From now on the player's Step is called, without arguments, whenever a form or a message box is
+  // active and the call before has returned. Null ends it. Throws AutomationError.
+  void Play(ObjectPtr player);
+
+  // In the active window: its class and title, the text of a control by id (0: the title), typing
+  // a text in its place, pressing a tool by its position from 1, pressing a button by id, and
+  // closing by the frame. Texts are empty and nothing happens where there is no such control.
+  std::u16string WindowClass() const;
+  std::u16string Text(int id) const;
+  void Type(int id, std::u16string_view text);
+  void PressTool(int toolBar, int position);
+  void PressButton(int id);
+  void CloseWindow();
+
+ private:
+  static void CALLBACK OnTimer(HWND window, UINT message, UINT_PTR timer, DWORD time) noexcept;
+  void Stop();
+
+  ObjectPtr player_;
+  UINT_PTR timer_ = 0;
+  bool playing_ = false;
+};
+
+}  // namespace pricedown::testing

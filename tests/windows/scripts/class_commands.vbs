@@ -1,0 +1,172 @@
+' Adding, changing and deleting a class through the public members, late-bound, with the user's part
+' played in the real form and message boxes.
+Option Explicit
+
+Const kToolBar = 301
+Const kNumber = 321
+Const kName = 322
+Const kLoss = 323
+Const kReserve = 324
+Const kPercentage = 325
+Const kAddTool = 1
+Const kSaveTool = 2
+Const kAddItemTool = 4
+Const kExitTool = 7
+Const kYes = 6
+Const kNo = 7
+Const kOk = 1
+Const kOkOfWindows = 2
+Const kBoxText = 65535
+
+Class ParentOfTheHost
+  Public Sub MergeToolBar(commandBar)
+  End Sub
+End Class
+
+Dim suite, control, parent, used, stage, seen, free
+Set suite = CreateObject("ZEPWorkbench.Settings")
+suite.ItemClassType = "1"
+suite.VoucherPresent = False
+
+Set control = HostControl("ZEPPriceDownPrepare.PriceDown", "物料类别维护")
+Set parent = New ParentOfTheHost
+control.Show parent
+
+Function Rows(condition)
+  Rows = CLng(suite.Query("select count(*) from icPriceDownClass where " & condition))
+End Function
+
+' An item of no class and without history.
+free = suite.Query("select min(FItemID) from t_ICItem where FErpClsID=1 and FItemID not in (select FItemID from icPriceDownClass) and FItemID not in (select FItemID from ICPriceDownPrepare)")
+
+' Nothing typed: closing asks nothing.
+Class CloseAtOnce
+  Public Sub Step
+    If stage = 0 Then
+      stage = 1
+      CloseForm
+    End If
+  End Sub
+End Class
+stage = 0
+Play New CloseAtOnce
+control.addRecord
+CheckEqual "addRecord shows the form until it is closed", stage, 1
+
+' A class with one item is typed, saved and left.
+Class AddClass
+  Public Sub Step
+    Select Case stage
+      Case 0
+        suite.QueueItems CStr(free)
+        TypeInto kNumber, "S Y1'"
+        TypeInto kName, "脚本类别"
+        TypeInto kLoss, "6701"
+        TypeInto kReserve, "1471"
+        TypeInto kPercentage, "12.5"
+        PressTool kToolBar, kAddItemTool
+      Case 2
+        PressTool kToolBar, kSaveTool
+      Case 4
+        seen = TextIn(kNumber)
+        PressTool kToolBar, kExitTool
+      Case 6
+        If WindowClass <> "PriceDown.ItemClass" Then PressButton kNo
+    End Select
+    stage = stage + 1
+  End Sub
+End Class
+stage = 0
+seen = "?"
+Play New AddClass
+control.addRecord
+CheckEqual "the form is empty again after the save", seen, ""
+CheckEqual "the class is stored with its one item", Rows("FItemClassNumber='SY1' and FItemClassName='脚本类别' and FPencentPrepare=12.5"), CLng(1)
+
+' Nothing is selected: the commands ask for a class.
+Class ReadMessage
+  Public Sub Step
+    If WindowClass = "#32770" Then
+      seen = TextIn(kBoxText)
+      PressButton kOk
+      PressButton kOkOfWindows
+    End If
+  End Sub
+End Class
+Play Nothing
+seen = ""
+Play New ReadMessage
+control.editRecord
+CheckEqual "editRecord without rows asks to select a class", seen, "请选择要修改的物料类别"
+seen = ""
+control.delRecord
+CheckEqual "delRecord without rows asks to select a class", seen, "请选择要删除的物料类别"
+Play Nothing
+
+' The host's user had that class selected when the control is shown.
+Sub SelectClass(number)
+  Dim profile, settings
+  Set profile = CreateObject("ZEPEBCBASE.UserProfile")
+  profile.Load "script_host", "PriceDown"
+  Set settings = profile.Dictionary
+  settings("NodeSel1") = "gi" & number
+  profile.Save "script_host", "PriceDown"
+  control.Show parent
+End Sub
+
+' Changing number and name; leaving a saved form asks nothing.
+Class RenameClass
+  Public Sub Step
+    Select Case stage
+      Case 0
+        seen = TextIn(kNumber) & " " & TextIn(kPercentage)
+        TypeInto kNumber, "SY2"
+        TypeInto kName, "改名"
+        PressTool kToolBar, kSaveTool
+      Case 2
+        PressTool kToolBar, kExitTool
+    End Select
+    stage = stage + 1
+  End Sub
+End Class
+SelectClass "SY1"
+stage = 0
+Play New RenameClass
+control.editRecord
+CheckEqual "the form shows the selected class", seen, "SY1 12.5"
+CheckEqual "nothing of the old number is left", Rows("FItemClassNumber='SY1'"), CLng(0)
+CheckEqual "the class is stored under its new number", Rows("FItemClassNumber='SY2' and FItemClassName='改名'"), CLng(1)
+
+' Deleting: what is asked and told, in order; Answer is pressed where there is a choice.
+Dim answer
+Class AnswerBoxes
+  Public Sub Step
+    seen = seen & TextIn(kBoxText) & "|"
+    PressButton answer
+    PressButton kOk
+    PressButton kOkOfWindows
+  End Sub
+End Class
+Function Delete(press)
+  SelectClass "SY2"
+  answer = press
+  seen = ""
+  Play New AnswerBoxes
+  control.delRecord
+  Play Nothing
+  Delete = seen
+End Function
+Const kQuestion = "确定要删除当前记录? 当前的物料类别代码为:SY2  物料类别名称为:改名|"
+
+CheckEqual "No deletes nothing", Delete(kNo), kQuestion
+suite.VoucherPresent = True
+CheckEqual "a voucher of the period refuses", Delete(kYes), kQuestion & "本期跌价准备数据已经生成凭证，不得删除物料类别！|"
+suite.VoucherPresent = False
+suite.Query "INSERT INTO ICPriceDownPrepare(FItemID,FYear,FPeriod,FHaveAdd,FCurrentAdd)VALUES(" & free & ",1999,1,0,5)"
+CheckEqual "amounts of an earlier year refuse", Delete(kYes), kQuestion & "该物料类别在以前期间已有业务发生，不得删除！|"
+CheckEqual "the refused class is still there", Rows("FItemClassNumber='SY2'"), CLng(1)
+suite.Query "update ICPriceDownPrepare set FCurrentAdd=0 where FItemID=" & free
+CheckEqual "amounts of zero do not refuse", Delete(kYes), kQuestion
+CheckEqual "the class is deleted", Rows("FItemClassNumber='SY2'"), CLng(0)
+
+CloseWindows
