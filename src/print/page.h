@@ -1,0 +1,42 @@
+// A page as draw commands, to be replayed on screen or printer in the order given.
+// Positions are final: whoever replays them lays out nothing.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "print/page_units.h"
+
+namespace pricedown {
+
+enum class TextAlignment : std::uint8_t { Left, Centre, Right };
+
+// A thin straight line between two points, both included.
+struct PageRule {
+  Tenths left = 0;
+  Tenths top = 0;
+  Tenths right = 0;
+  Tenths bottom = 0;
+  bool operator==(const PageRule&) const = default;
+};
+
+// One line of text. `anchor` is its left edge, middle or right edge, as aligned; `top` is the top
+// of its line. Nothing of it shows outside `clip`.
+struct PageText {
+  std::u16string text;
+  std::size_t font = 0;  // into LedgerPages::Fonts
+  TextAlignment alignment = TextAlignment::Left;
+  Tenths anchor = 0;
+  Tenths top = 0;
+  PageBox clip;
+  bool operator==(const PageText&) const = default;
+};
+
+struct Page {
+  std::vector<PageRule> rules;
+  std::vector<PageText> texts;
+};
+
+}  // namespace pricedown

@@ -1,0 +1,39 @@
+// Fonts as pages name them, and the port that measures texts in them.
+// Making and drawing fonts is the device's matter.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "print/page_units.h"
+
+namespace pricedown {
+
+struct PageFont {
+  std::u16string name;
+  double size = 9;  // points
+  bool bold = false;
+  bool italic = false;
+  bool underlined = false;
+  bool operator==(const PageFont&) const = default;
+};
+
+// The font of a header or footer line; its name is the table's.
+struct LineFont {
+  double size = 9;  // points
+  bool bold = false;
+  bool underlined = false;
+  bool operator==(const LineFont&) const = default;
+};
+
+// Measures for paper, not for a screen's pixels: screen and printer show the same pages.
+// Both throw what the device throws.
+class TextMeasurer {
+ public:
+  virtual ~TextMeasurer() = default;
+  // Rounded up. A longer text is never narrower than its beginning.
+  virtual Tenths Width(const PageFont& font, std::u16string_view text) = 0;
+  virtual Tenths LineHeight(const PageFont& font) = 0;
+};
+
+}  // namespace pricedown

@@ -1,0 +1,34 @@
+// A header or footer line on a page: its fields filled in and its sections placed.
+// Which lines there are, and how high they are, is decided by ledger_pages.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "print/page.h"
+#include "print/page_font.h"
+
+namespace pricedown {
+
+// What the fields "&[日期]", "&[页]" and "&[总页]" stand for.
+struct PageFields {
+  std::u16string date;
+  std::int32_t page = 1;
+  std::int32_t pageCount = 1;
+};
+
+// The text with its fields filled in; other texts in brackets stay as they are.
+std::u16string FillFields(std::u16string_view text, const PageFields& fields);
+
+// Appends the sections of a line, which "|" separates: one stands in the middle, two stand left
+// and right, of more the first stands left, the last right and the others in the middle of equal
+// parts. Sections that would meet are shortened. A section of blanks draws nothing.
+// Requires: `font` is what `fontIndex` names.
+void PlaceLine(std::u16string_view text, const PageFields& fields, TextMeasurer& measurer,
+               const PageFont& font, std::size_t fontIndex, const PageBox& box,
+               std::vector<PageText>& texts);
+
+}  // namespace pricedown

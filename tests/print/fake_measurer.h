@@ -1,0 +1,70 @@
+// Measures texts by rule, so that expected positions can be worked out by hand; and the commands
+// of a page as lines of text.
+// No device is behind it.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "platform/error.h"
+#include "print/page.h"
+#include "print/page_font.h"
+#include "tests/support/recorder.h"
+#include "tests/support/utf8.h"
+
+namespace pricedown::testing {
+
+// Of a font of size S a character of ASCII is 2 S wide, any other 4 S, and a line 4 S high:
+// 18, 36 and 36 tenths for size 9.
+class FakeMeasurer : public TextMeasurer {
+ public:
+  Tenths Width(const PageFont& font, std::u16string_view text) override {
+    Count();
+    longest = std::max(longest, text.size());
+    double width = 0;
+    for (const char16_t unit : text) width += (unit < 0x80 ? 2 : 4) * font.size;
+    return static_cast<Tenths>(width);
+  }
+  Tenths LineHeight(const PageFont& font) override {
+    Count();
+    return static_cast<Tenths>(4 * font.size);
+  }
+
+  int calls = 0;
+  int failingCall = 0;  // from 1; 0 for none
+  std::size_t longest = 0;
+
+ private:
+  void Count() {
+    if (++calls == failingCall) throw AutomationError(kInjectedFailure, u"measuring failed");
+  }
+};
+
+inline std::string Readable(const PageBox& box) {
+  const auto number = [](Tenths value) { return std::to_string(value); };
+  return number(box.left) + "," + number(box.top) + "-" + number(box.right) + "," +
+         number(box.bottom);
+}
+
+// rule 200,372-1900,372
+inline std::string Readable(const PageRule& rule) {
+  return "rule " + Readable(PageBox{rule.left, rule.top, rule.right, rule.bottom});
+}
+
+// text 0 left 210,379 in 210,372-507,422 "01.001"
+inline std::string Readable(const PageText& text) {
+  constexpr const char* kAlignments[] = {"left", "centre", "right"};
+  return "text " + std::to_string(text.font) + " " +
+         kAlignments[static_cast<std::size_t>(text.alignment)] + " " + std::to_string(text.anchor) +
+         "," + std::to_string(text.top) + " in " + Readable(text.clip) + " " + Quoted(text.text);
+}
+
+template <typename Command>
+std::string ReadableLines(const std::vector<Command>& commands) {
+  std::string lines;
+  for (const Command& command : commands) lines += Readable(command) + "\n";
+  return lines;
+}
+
+}  // namespace pricedown::testing
