@@ -25,6 +25,8 @@ struct BrowserState {
   std::optional<std::u16string> currentNodeKey;
   NodeIndex nodeIndex = kNoNode;
   NodeIndex classNodeIndex = kNoNode;
+  // Stands left in the last line of the page header. Nothing sets it yet.
+  std::u16string reportSubTitle;
   // A node click is being handled.
   bool busy = false;
 

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "browser/font.h"
+#include "browser/print_ledger.h"
 #include "browser/sheet.h"
 #include "env/environment.h"
 
@@ -20,12 +21,6 @@ class FontView {
   virtual void SetTreeFont(const Font& font) = 0;
   // Gives the measuring label the font and answers the label's height in twips.
   virtual std::int32_t MeasureLabel(const Font& font) = 0;
-};
-
-// Font and row height of the print control.
-struct LedgerAppearance {
-  Font font;
-  std::int32_t rowHeight = 285;  // twips
 };
 
 class DisplayFont {

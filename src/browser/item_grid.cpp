@@ -19,17 +19,8 @@
 namespace pricedown {
 namespace {
 
-struct ColumnDesign {
-  std::u16string_view title;
-  double width;  // in width units
-};
-
-constexpr std::array<ColumnDesign, grid_columns::kCount> kColumns{{
-    {u"物料代码", 12},
-    {u"物料名称", 20},
-    {u"规格型号", 18},
-    {u"标准单价", 12},
-}};
+// In width units.
+constexpr std::array<double, grid_columns::kCount> kColumnWidths{12, 20, 18, 12};
 
 }  // namespace
 
@@ -44,9 +35,9 @@ ItemGrid::~ItemGrid() { object_->Detach(); }
 void ItemGrid::Prepare() {
   sheet_.SetMaxRows(0);
   for (std::int32_t column = 1; column <= grid_columns::kCount; ++column) {
-    const ColumnDesign& design = kColumns[static_cast<std::size_t>(column - 1)];
-    sheet_.SetText(column, kTitleRow, Translate(design.title));
-    sheet_.SetColumnWidth(column, design.width);
+    const auto index = static_cast<std::size_t>(column - 1);
+    sheet_.SetText(column, kTitleRow, Translate(kItemColumnTitles[index]));
+    sheet_.SetColumnWidth(column, kColumnWidths[index]);
   }
   LockRange(grid_columns::kModel);
 }

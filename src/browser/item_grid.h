@@ -2,6 +2,7 @@
 // The cells are in sheet.h; which node is meant is decided by the class tree.
 #pragma once
 
+#include <array>
 #include <memory>
 #include <string_view>
 
@@ -20,6 +21,10 @@ inline constexpr std::int32_t kModel = 3;
 inline constexpr std::int32_t kPrice = 4;
 inline constexpr std::int32_t kCount = 4;
 }  // namespace grid_columns
+
+// Built-in titles of the columns, on screen and on paper.
+inline constexpr std::array<std::u16string_view, grid_columns::kCount> kItemColumnTitles{
+    u"物料代码", u"物料名称", u"规格型号", u"标准单价"};
 
 inline constexpr double kPriceUpperBound = 99999999999.99;
 

@@ -1,0 +1,283 @@
+// Preview, print and the choice of the display font.
+#include "browser/print_commands.h"
+
+#include <gtest/gtest.h>
+
+#include <new>
+
+#include "tests/browser/browser_fixture.h"
+#include "tests/browser/recording_ledger.h"
+#include "tests/support/case_name.h"
+
+namespace pricedown::testing {
+namespace {
+
+constexpr const char* kSaveKaiTi =
+    R"(put dictionary("GridFont") = "FontName=楷体|FontSize=12|FontBold=True|FontItalic=False")";
+
+class PrintCommandsTest : public BrowserFixture {
+ protected:
+  PrintCommandsTest() {
+    factory_.Object(u"ZEPEBCBASE.UserProfile")
+        .On(u"Load", Value())
+        .On(u"Save", Value())
+        .On(u"Dictionary", factory_.Answering(u"dictionary"));
+    factory_.Object(u"dictionary").AllowPut(u"");
+    grid_.Prepare();
+    grid_.Cells().SetMaxRows(1);
+    grid_.Cells().SetText(1, 1, u"01.001");
+  }
+
+  static std::string Filling() {
+    return Lines(R"(
+        ledger header 1 "物料类别维护-明细物料" 20.0 bold underlined
+        ledger header 2 "                              " 9.0
+        ledger header 3 "|打印日期：&[日期]" 9.0
+        ledger clear
+        ledger rows 2
+        ledger columns 4
+        ledger format 1 0
+        ledger format 2 0
+        ledger format 3 0
+        ledger format 4 0
+        ledger width 1 1800
+        ledger width 2 3000
+        ledger width 3 2700
+        ledger width 4 1800
+        ledger refresh
+        ledger row 2 "01.001||||"
+        ledger refresh
+        ledger row 1 "物料代码|物料名称|规格型号|标准单价|"
+        ledger refresh
+        ledger footer 1 "                              " 9.0
+        ledger footer 2 "第 &[页] 页|共 &[总页] 页" 9.0
+        )");
+  }
+  // What follows a change of the font to size 12, bold, of that name.
+  static std::string TakingKaiTi() {
+    return Lines(R"(
+               font tree 楷体 12.0 bold
+               font label 楷体 12.0 bold
+               create ZEPEBCBASE.UserProfile
+               ZEPEBCBASE.UserProfile.Load("Host", "PriceDown")
+               ZEPEBCBASE.UserProfile.Dictionary()
+               )") +
+           kSaveKaiTi + Lines(R"(
+
+               release dictionary
+               ZEPEBCBASE.UserProfile.Save("Host", "PriceDown")
+               release ZEPEBCBASE.UserProfile
+               )");
+  }
+  static Font KaiTi() { return {u"楷体", 12, true, false}; }
+  std::size_t Told() const {
+    std::size_t told = 0;
+    for (const std::string& line : log_.Lines()) told += line.starts_with("tell ");
+    return told;
+  }
+
+  RecordingLedger ledger_{factory_.GetRecorder()};
+  RecordingFontView fontView_{factory_.GetRecorder()};
+  RecordingFontDialog dialog_{factory_.GetRecorder()};
+  DisplayFont font_{environment_, ledger_.appearance, grid_.Cells(), fontView_};
+  PrintCommands commands_{environment_, state_, grid_.Cells(), ledger_, font_};
+};
+
+TEST_F(PrintCommandsTest, PreviewWhatTheGridShows) {
+  commands_.Preview();
+  EXPECT_EQ(log_.Text(), Filling() + "ledger preview\n");
+}
+
+TEST_F(PrintCommandsTest, PrintWhatTheGridShows) {
+  commands_.Print();
+  EXPECT_EQ(log_.Text(), Filling() + "ledger print\n");
+}
+
+TEST_F(PrintCommandsTest, PutTheSubTitleIntoTheHeader) {
+  state_.reportSubTitle = u"物料类别 01";
+  commands_.Print();
+  EXPECT_EQ(log_.Count("ledger header 3 \"物料类别 01|打印日期：&[日期]\" 9.0"), 1u);
+}
+
+TEST_F(PrintCommandsTest, ApplyAndKeepAFontChangedInThePreview) {
+  ledger_.onPreview = [&] { ledger_.appearance.font = KaiTi(); };
+  commands_.Preview();
+  EXPECT_EQ(log_.Text(), Filling() + "ledger preview\n" + TakingKaiTi());
+  EXPECT_EQ(grid_.Cells().CellFont(), KaiTi());
+  log_.Clear();
+  ledger_.onPreview = nullptr;
+  commands_.Preview();
+  EXPECT_EQ(log_.Text(), Filling() + "ledger preview\n");
+  EXPECT_EQ(ledger_.appearance.font, KaiTi());
+}
+
+struct ChangeCase {
+  const char* name;
+  Font font;
+};
+void PrintTo(const ChangeCase& change, std::ostream* stream) { *stream << change.name; }
+
+class PreviewChange : public PrintCommandsTest, public ::testing::WithParamInterface<ChangeCase> {};
+
+TEST_P(PreviewChange, OfAnyPartOfTheFontCounts) {
+  ledger_.onPreview = [&] { ledger_.appearance.font = GetParam().font; };
+  commands_.Preview();
+  EXPECT_EQ(log_.Count("font tree " + FontInLog(GetParam().font)), 1u);
+  EXPECT_EQ(log_.Count(R"(ZEPEBCBASE.UserProfile.Save("Host", "PriceDown"))"), 1u);
+}
+
+INSTANTIATE_TEST_SUITE_P(PrintCommands, PreviewChange,
+                         ::testing::Values(ChangeCase{"Name", {u"楷体", 9, false, false}},
+                                           ChangeCase{"Size", {u"宋体", 10.5, false, false}},
+                                           ChangeCase{"Bold", {u"宋体", 9, true, false}},
+                                           ChangeCase{"Italic", {u"宋体", 9, false, true}}),
+                         CaseName<ChangeCase>);
+
+TEST_F(PrintCommandsTest, TrackNoFontWhilePrinting) {
+  ledger_.onPrint = [&] { ledger_.appearance.font = KaiTi(); };
+  commands_.Print();
+  EXPECT_EQ(log_.Text(), Filling() + "ledger print\n");
+}
+
+// The ledger is not touched behind the call that fails; the user hears of it once.
+void StopsAtEachFailure(CallLog& log, RecordingFactory& factory,
+                        const std::function<void()>& command) {
+  FailEachCallInTurn([&](int failingCall) {
+    log.Clear();
+    const int before = factory.CallCount();
+    factory.FailCall(failingCall);
+    EXPECT_NO_THROW(command());
+    factory.FailCall(0);
+    const int calls = factory.CallCount() - before;
+    if (failingCall == 0) return calls;
+    EXPECT_EQ(calls, failingCall) << log.Text();
+    EXPECT_EQ(log.Size(), static_cast<std::size_t>(failingCall) + 1) << log.Text();
+    EXPECT_EQ(log.Lines().back(), "tell information \"岚禾提示\": \"第 " +
+                                      std::to_string(before + failingCall) + " 次调用失败\"");
+    return calls;
+  });
+}
+
+TEST_F(PrintCommandsTest, StopAPreviewAtEachCallThatFails) {
+  StopsAtEachFailure(log_, factory_, [&] { commands_.Preview(); });
+}
+
+TEST_F(PrintCommandsTest, StopAPrintAtEachCallThatFails) {
+  StopsAtEachFailure(log_, factory_, [&] { commands_.Print(); });
+}
+
+TEST_F(PrintCommandsTest, TellNothingOfAFontThatCannotBeAppliedOrKept) {
+  const Font before = ledger_.appearance.font;
+  ledger_.onPreview = [&] { ledger_.appearance.font = KaiTi(); };
+  FailEachCallInTurn([&](int failingCall) {
+    ledger_.appearance.font = before;
+    log_.Clear();
+    // The calls of the font come behind those of the ledger.
+    constexpr int kLedgerCalls = 22;
+    const int calls = factory_.CallCount();
+    factory_.FailCall(failingCall == 0 ? 0 : kLedgerCalls + failingCall);
+    commands_.Preview();
+    factory_.FailCall(0);
+    EXPECT_EQ(Told(), 0u) << log_.Text();
+    EXPECT_EQ(log_.Count("ledger preview"), 1u);
+    EXPECT_EQ(ledger_.appearance.font, KaiTi());
+    EXPECT_EQ(factory_.LiveObjects(), 0);
+    return factory_.CallCount() - calls - kLedgerCalls;
+  });
+}
+
+TEST_F(PrintCommandsTest, TellOfOtherExceptionsToo) {
+  ledger_.onPrint = [] { throw std::bad_alloc(); };
+  EXPECT_NO_THROW(commands_.Print());
+  EXPECT_EQ(log_.Lines().back(), "tell information \"岚禾提示\": \"std::bad_alloc\"");
+}
+
+TEST_F(PrintCommandsTest, DoNothingInsideOneAnother) {
+  ledger_.onPreview = [&] {
+    commands_.Preview();
+    commands_.Print();
+    commands_.ChooseDisplayFont(dialog_);
+  };
+  commands_.Preview();
+  EXPECT_EQ(log_.Text(), Filling() + "ledger preview\n");
+  ledger_.onPreview = nullptr;
+  log_.Clear();
+  commands_.Print();
+  EXPECT_EQ(log_.Text(), Filling() + "ledger print\n");
+}
+
+TEST_F(PrintCommandsTest, RunAgainAfterAFailure) {
+  factory_.FailCall(5);
+  commands_.Print();
+  log_.Clear();
+  commands_.Print();
+  EXPECT_EQ(log_.Text(), Filling() + "ledger print\n");
+}
+
+TEST_F(PrintCommandsTest, TouchNothingOnceReleased) {
+  ledger_.onPreview = [&] {
+    ledger_.appearance.font = KaiTi();
+    commands_.Release();
+  };
+  commands_.Preview();
+  EXPECT_EQ(log_.Text(), Filling() + "ledger preview\n");
+  log_.Clear();
+  commands_.Preview();
+  commands_.Print();
+  commands_.ChooseDisplayFont(dialog_);
+  EXPECT_EQ(log_.Text(), "");
+}
+
+TEST_F(PrintCommandsTest, TellNobodyOfAFailureOnceReleased) {
+  ledger_.onPreview = [&] {
+    commands_.Release();
+    throw AutomationError(ErrorNumber::Unspecified, u"late");
+  };
+  commands_.Preview();
+  EXPECT_EQ(log_.Text(), Filling() + "ledger preview\n");
+}
+
+TEST_F(PrintCommandsTest, ApplyAndKeepAChosenFont) {
+  dialog_.chosen = KaiTi();
+  commands_.ChooseDisplayFont(dialog_);
+  EXPECT_EQ(log_.Text(), "dialog 宋体 9.0 flags 515\n" + TakingKaiTi());
+  EXPECT_EQ(ledger_.appearance.font, KaiTi());
+}
+
+TEST_F(PrintCommandsTest, ChangeNothingWhenTheChoiceIsCancelled) {
+  dialog_.chosen = KaiTi();
+  dialog_.error = kDialogCancelled;
+  const Font before = ledger_.appearance.font;
+  commands_.ChooseDisplayFont(dialog_);
+  EXPECT_EQ(log_.Text(), "dialog 宋体 9.0 flags 515\n");
+  EXPECT_EQ(ledger_.appearance.font, before);
+}
+
+TEST_F(PrintCommandsTest, ChangeNothingForAFontWithoutName) {
+  dialog_.chosen = {u"", 20, true, true};
+  const Font before = ledger_.appearance.font;
+  commands_.ChooseDisplayFont(dialog_);
+  EXPECT_EQ(log_.Text(), "dialog 宋体 9.0 flags 515\n");
+  EXPECT_EQ(ledger_.appearance.font, before);
+}
+
+TEST_F(PrintCommandsTest, TellOfADialogThatFails) {
+  dialog_.error = kInjectedFailure;
+  commands_.ChooseDisplayFont(dialog_);
+  EXPECT_EQ(log_.Text(), Lines(R"(
+      dialog 宋体 9.0 flags 515
+      tell information "岚禾提示": "对话框出错"
+      )"));
+}
+
+TEST_F(PrintCommandsTest, ChooseNothingOnceReleased) {
+  dialog_.chosen = KaiTi();
+  dialog_.onShow = [&] { commands_.Release(); };
+  const Font before = ledger_.appearance.font;
+  commands_.ChooseDisplayFont(dialog_);
+  EXPECT_EQ(log_.Text(), "dialog 宋体 9.0 flags 515\n");
+  EXPECT_EQ(ledger_.appearance.font, before);
+}
+
+}  // namespace
+}  // namespace pricedown::testing

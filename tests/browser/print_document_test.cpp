@@ -1,0 +1,135 @@
+// From the item grid to pages: the core's own ledger, filled by the core's own commands.
+#include "browser/print_document.h"
+
+#include <gtest/gtest.h>
+
+#include "browser/display_font.h"
+#include "browser/print_commands.h"
+#include "tests/browser/browser_fixture.h"
+#include "tests/print/fake_measurer.h"
+
+namespace pricedown::testing {
+namespace {
+
+// Keeps the pages that the user would be shown.
+class PageKeeper : public LedgerDocument {
+ public:
+  void Preview() override { Keep(); }
+  void Print() override { Keep(); }
+
+  void Keep() {
+    const LedgerPages pages = Pages({}, u"2008-03-31", measurer);
+    pageCount = pages.PageCount();
+    firstPage = pages.PageAt(1);
+    fonts = pages.Fonts();
+  }
+  // The distance of the first two rules.
+  Tenths RowHeight() const { return firstPage.rules[1].top - firstPage.rules[0].top; }
+
+  FakeMeasurer measurer;
+  std::int32_t pageCount = 0;
+  Page firstPage;
+  std::vector<PageFont> fonts;
+};
+
+class PrintDocument : public BrowserFixture {
+ protected:
+  PrintDocument() { grid_.Prepare(); }
+
+  void Rows(std::int32_t count) {
+    Sheet& cells = grid_.Cells();
+    cells.SetMaxRows(count);
+    for (std::int32_t row = 1; row <= count; ++row) {
+      cells.SetText(1, row, u"01.001");
+      cells.SetText(2, row, u"螺栓");
+      cells.SetText(4, row, u"12.5");
+    }
+  }
+
+  PageKeeper ledger_;
+  RecordingFontView fontView_{factory_.GetRecorder()};
+  DisplayFont font_{environment_, ledger_.Appearance(), grid_.Cells(), fontView_};
+  PrintCommands commands_{environment_, state_, grid_.Cells(), ledger_, font_};
+};
+
+TEST_F(PrintDocument, ShowsTheGridOnPaper) {
+  Rows(1);
+  commands_.Preview();
+  EXPECT_EQ(ledger_.pageCount, 1);
+  EXPECT_EQ(ReadableLines(ledger_.firstPage.texts), Lines(R"(
+      text 1 centre 1050,200 in 200,200-1900,280 "物料类别维护-明细物料"
+      text 0 right 1900,316 in 1540,316-1900,352 "打印日期：2008-03-31"
+      text 0 left 200,2734 in 200,2734-326,2770 "第 1 页"
+      text 0 right 1900,2734 in 1774,2734-1900,2770 "共 1 页"
+      text 0 centre 359,379 in 210,372-508,422 "物料代码"
+      text 0 centre 782,379 in 528,372-1037,422 "物料名称"
+      text 0 centre 1285,379 in 1057,372-1513,422 "规格型号"
+      text 0 centre 1682,379 in 1533,372-1831,422 "标准单价"
+      text 0 left 210,429 in 210,422-508,472 "01.001"
+      text 0 left 528,429 in 528,422-1037,472 "螺栓"
+      text 0 right 1831,429 in 1533,422-1831,472 "12.5"
+      )"));
+}
+
+TEST_F(PrintDocument, HoldsTheRowsOfItsLastFillingOnly) {
+  Rows(100);
+  commands_.Print();
+  EXPECT_EQ(ledger_.pageCount, 3);
+  Rows(1);
+  commands_.Print();
+  EXPECT_EQ(ledger_.pageCount, 1);
+  Rows(0);
+  commands_.Print();
+  EXPECT_EQ(ledger_.pageCount, 1);
+  // Header, footer and titles.
+  EXPECT_EQ(ledger_.firstPage.texts.size(), 8u);
+}
+
+TEST_F(PrintDocument, PrintsInTheDisplayFont) {
+  ledger_.Appearance().font = {u"楷体", 12, true, true};
+  commands_.Print();
+  EXPECT_EQ(ledger_.fonts[0], (PageFont{u"楷体", 12, true, true, false}));
+  EXPECT_EQ(ledger_.fonts[1], (PageFont{u"楷体", 20, true, false, true}));
+  EXPECT_EQ(ledger_.fonts[2], (PageFont{u"楷体", 9, false, false, false}));
+}
+
+TEST_F(PrintDocument, TellsOfATextThatCannotBeMeasured) {
+  ledger_.measurer.failingCall = 3;
+  commands_.Preview();
+  EXPECT_EQ(log_.Text(), "tell information \"岚禾提示\": \"measuring failed\"\n");
+}
+
+struct SizeCase {
+  const char* name;
+  Value reportSize;
+  double fontSize;
+  Tenths rowHeight;
+};
+void PrintTo(const SizeCase& size, std::ostream* stream) { *stream << size.name; }
+
+class ReportSizeOnPaper : public PrintDocument, public ::testing::WithParamInterface<SizeCase> {};
+
+TEST_P(ReportSizeOnPaper, CountsFromNineToEighteen) {
+  factory_.Object(u"ZEPEBCBASE.UserProfile")
+      .On(u"Load", Value())
+      .On(u"Dictionary", factory_.Answering(u"dictionary"));
+  factory_.Object(u"dictionary")
+      .On(u"GetValue", R"("GridFont", "")", u"")
+      .On(u"GetValue", R"("RptFontSize", 9)", GetParam().reportSize);
+  // 480 twips with its margin are 84.7 tenths; the floor of 285 is 50.
+  fontView_.labelHeight = 450;
+  font_.Refresh();
+  commands_.Print();
+  EXPECT_EQ(ledger_.fonts[0].size, GetParam().fontSize);
+  EXPECT_EQ(ledger_.RowHeight(), GetParam().rowHeight);
+}
+
+INSTANTIATE_TEST_SUITE_P(PrintDocument, ReportSizeOnPaper,
+                         ::testing::Values(SizeCase{"Eight", u"8", 9, 50},
+                                           SizeCase{"Nine", u"9", 9, 85},
+                                           SizeCase{"Eighteen", u"18", 18, 85},
+                                           SizeCase{"Twenty", u"20", 9, 50}),
+                         [](const auto& test) { return test.param.name; });
+
+}  // namespace
+}  // namespace pricedown::testing

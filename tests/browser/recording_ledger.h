@@ -1,0 +1,90 @@
+// The ledger, recorded: each call is one line of the log.
+// It draws nothing; what the user does in its preview is a test's own.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <utility>
+
+#include "browser/print_commands.h"
+#include "browser/print_ledger.h"
+#include "tests/browser/recording_views.h"
+#include "tests/support/recorder.h"
+#include "tests/support/utf8.h"
+
+namespace pricedown::testing {
+
+// Log lines: ledger clear, ledger rows 3, ledger columns 4, ledger format 1 0, ledger width 1 1800,
+// ledger row 2 "01.001|螺栓|M8||", ledger refresh, ledger header 1 "title" 20.0 bold underlined,
+// ledger footer 1 "page" 9.0, ledger preview, ledger print.
+class RecordingLedger : public PrintLedger, public PrintTable {
+ public:
+  explicit RecordingLedger(RecorderPtr recorder) : recorder_(std::move(recorder)) {}
+
+  PrintTable& Table() override { return *this; }
+  void Clear() override { Call("clear"); }
+  void SetRowCount(std::int32_t count) override { Call("rows " + std::to_string(count)); }
+  void SetColumnCount(std::int32_t count) override { Call("columns " + std::to_string(count)); }
+  void SetColumnFormat(std::int32_t column, std::int32_t format) override {
+    Call("format " + std::to_string(column) + " " + std::to_string(format));
+  }
+  void SetColumnWidth(std::int32_t column, std::int32_t twips) override {
+    Call("width " + std::to_string(column) + " " + std::to_string(twips));
+  }
+  void SetRow(std::int32_t row, std::u16string_view text) override {
+    Call("row " + std::to_string(row) + " " + Quoted(text));
+  }
+  void Refresh() override { Call("refresh"); }
+
+  void SetHeaderLine(std::int32_t line, std::u16string_view text, const LineFont& font) override {
+    Call("header " + Line(line, text, font));
+  }
+  void SetFooterLine(std::int32_t line, std::u16string_view text, const LineFont& font) override {
+    Call("footer " + Line(line, text, font));
+  }
+  LedgerAppearance& Appearance() override { return appearance; }
+  void Preview() override {
+    Call("preview");
+    if (onPreview) onPreview();
+  }
+  void Print() override {
+    Call("print");
+    if (onPrint) onPrint();
+  }
+
+  LedgerAppearance appearance;
+  // What happens while the window is open.
+  std::function<void()> onPreview;
+  std::function<void()> onPrint;
+
+ private:
+  static std::string Line(std::int32_t line, std::u16string_view text, const LineFont& font) {
+    return std::to_string(line) + " " + Quoted(text) + " " + NumberInLog(font.size) +
+           (font.bold ? " bold" : "") + (font.underlined ? " underlined" : "");
+  }
+  void Call(const std::string& line) { recorder_->Call("ledger " + line, u"ldgPara"); }
+
+  RecorderPtr recorder_;
+};
+
+// Log line: dialog 宋体 9.0 flags 515. Answers `chosen`, or fails with `error` unless that is 0.
+class RecordingFontDialog : public FontDialog {
+ public:
+  explicit RecordingFontDialog(RecorderPtr recorder) : recorder_(std::move(recorder)) {}
+
+  Font Show(const Font& font, std::uint32_t flags) override {
+    recorder_->Call("dialog " + FontInLog(font) + " flags " + std::to_string(flags), u"comDialog");
+    if (onShow) onShow();
+    if (error != 0) throw AutomationError(error, u"对话框出错");
+    return chosen;
+  }
+
+  Font chosen;
+  std::int32_t error = 0;
+  std::function<void()> onShow;
+
+ private:
+  RecorderPtr recorder_;
+};
+
+}  // namespace pricedown::testing
