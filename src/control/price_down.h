@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -11,6 +12,7 @@
 #include "browser/class_tree.h"
 #include "browser/display_font.h"
 #include "browser/item_grid.h"
+#include "browser/print_commands.h"
 #include "control/command_bar.h"
 #include "control/splitter.h"
 #include "control/views.h"
@@ -36,6 +38,8 @@ struct PriceDownPorts {
   // Keeps the control alive while its answer is held; a click on the bar comes from outside and
   // may end with the last reference. May be empty.
   std::function<std::shared_ptr<void>()> hold = {};
+  // The view's print control. Without one the print commands say that there is none.
+  PrintLedger* printLedger = nullptr;
 };
 
 class PriceDown {
@@ -77,6 +81,10 @@ class PriceDown {
   void MoveSplitter(std::int32_t distance);
   void NodeClicked(NodeIndex node);
   void StripButtonClicked(std::u16string_view key);
+  // Does what a click on the bar's tool of that name does, also while the bar has none; nothing
+  // when the bar's tool is disabled.
+  void BarToolChosen(std::u16string_view name);
+  bool IsBarToolEnabled(std::u16string_view name) const;
 
   // What the windows show and what hosts reach.
   Sheet& ItemSheet() { return grid_.Cells(); }
@@ -115,11 +123,12 @@ class PriceDown {
   PriceDownPorts ports_;
   Environment environment_;
   BrowserState browser_;
-  LedgerAppearance ledger_;
+  LedgerAppearance ledger_;  // without a print control
   ItemGrid grid_;
   ClassTree tree_;
   ClassCommands commands_;
   DisplayFont font_;
+  std::optional<PrintCommands> printing_;
   std::shared_ptr<CommandBar> bar_;
   Splitter splitter_;
   Layout layout_;  // the last one placed

@@ -43,7 +43,7 @@ class ControlWorld {
   void Create() {
     control = std::make_unique<PriceDown>(
         PriceDownPorts{factory, state, questions, screen, container, view, treeView, fontView,
-                       u"Host", factory.NewObject(u"form"), editor, hold});
+                       u"Host", factory.NewObject(u"form"), editor, hold, ledger});
   }
   void CreateAndInitialize() {
     Create();
@@ -84,6 +84,7 @@ class ControlWorld {
   Environment formEnvironment{factory, state, questions, screen, u"Host"};
   RecordingEditor editor{formEnvironment, factory.GetRecorder(), log};
   std::function<std::shared_ptr<void>()> hold;
+  PrintLedger* ledger = nullptr;
   std::unique_ptr<PriceDown> control;
 
  private:

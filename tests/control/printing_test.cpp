@@ -1,0 +1,167 @@
+// Preview and print as hosts and users reach them, on a control with a print control.
+// What the ledger is given, step by step, is in the browser's tests.
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "control/price_down.h"
+#include "tests/browser/recording_ledger.h"
+#include "tests/control/dispatch_fixture.h"
+
+namespace pricedown::testing {
+namespace {
+
+class Printing : public Dispatch {
+ protected:
+  Printing() { world_.ledger = &ledger_; }
+
+  // What the ledger is given of the two items of class 01.
+  static std::string Filling() {
+    return Lines(R"(
+        ledger header 1 "物料类别维护-明细物料" 20.0 bold underlined
+        ledger header 2 "                              " 9.0
+        ledger header 3 "|打印日期：&[日期]" 9.0
+        ledger clear
+        ledger rows 3
+        ledger columns 4
+        ledger format 1 0
+        ledger format 2 0
+        ledger format 3 0
+        ledger format 4 0
+        ledger width 1 1800
+        ledger width 2 3000
+        ledger width 3 2700
+        ledger width 4 1800
+        ledger refresh
+        ledger row 2 "01.001|螺栓|M8||"
+        ledger refresh
+        ledger row 3 "01.002|螺母|M10||"
+        ledger refresh
+        ledger row 1 "物料代码|物料名称|规格型号|标准单价|"
+        ledger refresh
+        ledger footer 1 "                              " 9.0
+        ledger footer 2 "第 &[页] 页|共 &[总页] 页" 9.0
+        )");
+  }
+
+  RecordingLedger ledger_{world_.factory.GetRecorder()};
+};
+
+TEST_F(Printing, ShowsAPreviewOfTheGrid) {
+  Start();
+  EXPECT_EQ(Control().PreviewPara(), Value());
+  EXPECT_EQ(world_.log.Text(), Filling() + "ledger preview\n");
+}
+
+TEST_F(Printing, PrintsTheGrid) {
+  Start();
+  EXPECT_EQ(Control().PrintPara(), Value());
+  EXPECT_EQ(world_.log.Text(), Filling() + "ledger print\n");
+}
+
+TEST_F(Printing, AnswersTheStripBehindTheRightAndReloads) {
+  Start();
+  for (const auto& [key, call] :
+       {std::pair{u"Print", "ledger print\n"}, std::pair{u"PrintView", "ledger preview\n"}}) {
+    world_.log.Clear();
+    Control().StripButtonClicked(key);
+    EXPECT_EQ(world_.log.Text(),
+              "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 32768)\n" + Filling() + call + Reload());
+  }
+}
+
+TEST_F(Printing, TouchesNoLedgerWithoutTheRight) {
+  Start();
+  world_.company.grantedMasks = "none";
+  Control().StripButtonClicked(u"Print");
+  Control().StripButtonClicked(u"PrintView");
+  EXPECT_EQ(world_.log.Text().find("ledger"), std::string::npos) << world_.log.Text();
+}
+
+TEST_F(Printing, AnswersTheBar) {
+  Start();
+  Click(u"iPrint");
+  EXPECT_EQ(world_.log.Text(), "tool.Name()\n" + Filling() + "ledger print\nrelease tool\n");
+  world_.log.Clear();
+  Click(u"iPrintPreView");
+  EXPECT_EQ(world_.log.Text(), "tool.Name()\n" + Filling() + "ledger preview\nrelease tool\n");
+}
+
+TEST_F(Printing, TellsTheUserOfAFailureAndNotTheHost) {
+  Start();
+  world_.factory.FailCall(4);
+  EXPECT_EQ(FailureOf([&] { Control().PrintPara(); }), "");
+  const std::string text = world_.log.Text();
+  EXPECT_TRUE(text.find("ledger clear fails\ntell information \"岚禾提示\": ") != std::string::npos)
+      << text;
+  EXPECT_EQ(text.find("ledger rows"), std::string::npos) << text;
+}
+
+TEST_F(Printing, RestoresAKeptFontOnTheLedger) {
+  world_.company.gridFont = u"FontName=楷体|FontSize=12|FontBold=True|FontItalic=False";
+  Start();
+  EXPECT_EQ(ledger_.appearance.font, (Font{u"楷体", 12, true, false}));
+}
+
+TEST_F(Printing, GivesTheLedgerTheReportSize) {
+  world_.company.reportSize = u"18";
+  world_.fontView.labelHeight = 450;
+  Start();
+  EXPECT_EQ(ledger_.appearance.font.size, 18);
+  EXPECT_EQ(ledger_.appearance.rowHeight, 480);
+}
+
+TEST_F(Printing, ShowsAFontChangedInThePreviewAtOnceAndKeepsIt) {
+  Start();
+  ledger_.onPreview = [&] { ledger_.appearance.font = {u"楷体", 12, true, false}; };
+  Control().PreviewPara();
+  EXPECT_EQ(Control().ItemSheet().CellFont(), (Font{u"楷体", 12, true, false}));
+  EXPECT_EQ(world_.log.Count("font tree 楷体 12.0 bold"), 1u);
+  EXPECT_EQ(world_.log.Count(R"(put dictionary("GridFont") = )"
+                             R"("FontName=楷体|FontSize=12|FontBold=True|FontItalic=False")"),
+            1u)
+      << world_.log.Text();
+}
+
+TEST_F(Printing, LeavesAControlAloneThatEndedBehindThePreview) {
+  Start();
+  ledger_.onPreview = [&] {
+    ledger_.appearance.font.size = 20;
+    Control().ItemSheet().Attach(nullptr);
+    Control().Terminate();
+    world_.log.Clear();
+  };
+  EXPECT_EQ(Control().PreviewPara(), Value());
+  EXPECT_EQ(world_.log.Text(), "");
+}
+
+TEST_F(Printing, OutlivesAHostThatLetsGoBehindThePreview) {
+  std::shared_ptr<PriceDown> host;
+  world_.hold = [&] { return host; };
+  Start();
+  host = std::move(world_.control);
+  PriceDown* const control = host.get();
+  ledger_.onPreview = [&] {
+    control->ItemSheet().Attach(nullptr);
+    host.reset();
+    ledger_.appearance.font.size = 20;
+  };
+  // The last reference goes when the command returns.
+  control->PreviewPara();
+  EXPECT_EQ(world_.state.controls, 0);
+  EXPECT_EQ(world_.log.Count("font tree 宋体 20.0"), 1u);
+}
+
+TEST_F(Printing, StopsAtItsEnd) {
+  Start();
+  Control().ItemSheet().Attach(nullptr);
+  Control().Terminate();
+  world_.log.Clear();
+  EXPECT_EQ(Control().PreviewPara(), Value());
+  EXPECT_EQ(Control().PrintPara(), Value());
+  EXPECT_EQ(world_.log.Text(), "");
+}
+
+}  // namespace
+}  // namespace pricedown::testing
