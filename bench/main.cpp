@@ -1,6 +1,7 @@
 // Measures loading the tree and loading the grid, each at growing sizes.
 //   pricedown_bench FOLDER          companies are made in FOLDER once and kept there
 //   pricedown_bench FOLDER editor   the item class form alone
+//   pricedown_bench FOLDER print    printing alone
 #include <cstdio>
 #include <exception>
 #include <filesystem>
@@ -9,6 +10,7 @@
 
 #include "bench/editor_measure.h"
 #include "bench/measure.h"
+#include "bench/print_measure.h"
 #include "bench/raw_company.h"
 #include "bench/stage.h"
 #include "platform/text.h"
@@ -84,14 +86,15 @@ void Run(const std::string& folder) {
 }  // namespace bench
 
 int main(int count, char** words) {
-  const bool editorOnly = count == 3 && std::string(words[2]) == "editor";
-  if (count != 2 && !editorOnly) {
-    std::fprintf(stderr, "pricedown_bench FOLDER [editor]\n");
+  const std::string only = count == 3 ? words[2] : "";
+  if (count != 2 && only != "editor" && only != "print") {
+    std::fprintf(stderr, "pricedown_bench FOLDER [editor | print]\n");
     return 2;
   }
   try {
-    if (!editorOnly) bench::Run(words[1]);
-    bench::MeasureEditor(words[1]);
+    if (only.empty()) bench::Run(words[1]);
+    if (only != "print") bench::MeasureEditor(words[1]);
+    if (only != "editor") bench::MeasurePrinting();
   } catch (const std::exception& error) {
     std::fprintf(stderr, "pricedown_bench: %s\n", error.what());
     return 1;

@@ -1,0 +1,110 @@
+// Filling the ledger from the grid, counting its pages, and drawing them all.
+// Raw is copying the texts of all rows once, row by row, into one text.
+#include "bench/print_measure.h"
+
+#include <cstdio>
+#include <optional>
+#include <string>
+
+#include "bench/measure.h"
+#include "browser/item_grid.h"
+#include "browser/print_document.h"
+#include "browser/print_table.h"
+#include "platform/convert.h"
+#include "platform/text.h"
+
+namespace bench {
+namespace {
+
+using namespace pricedown;
+
+constexpr int kRepetitions = 9;
+
+class Ledger final : public LedgerDocument {
+ public:
+  void Preview() override {}
+  void Print() override {}
+};
+
+// As wide as a font would make it; a device's measuring is not the library's work.
+class EvenMeasurer final : public TextMeasurer {
+ public:
+  Tenths Width(const PageFont&, std::u16string_view text) override {
+    Tenths width = 0;
+    for (const char16_t unit : text) width += unit < 0x80 ? 16 : 32;
+    return width;
+  }
+  Tenths LineHeight(const PageFont&) override { return 36; }
+};
+
+void FillSheet(Sheet& sheet, std::int32_t rows) {
+  sheet.SetMaxRows(rows);
+  for (std::int32_t row = 1; row <= rows; ++row) {
+    const std::u16string number = NumberText(row);
+    sheet.SetText(grid_columns::kCode, row, Concatenate({u"01.01.", number}));
+    sheet.SetText(grid_columns::kName, row, Concatenate({u"六角头螺栓（镀锌）", number}));
+    sheet.SetText(grid_columns::kModel, row, u"GB5782 M8x30");
+    sheet.SetText(grid_columns::kPrice, row, NumberText(row / 4.0));
+  }
+}
+
+// Into a text that has the room already, as the ledger's has from the second time on.
+std::size_t CopyTexts(const Sheet& sheet, std::u16string& texts) {
+  texts.clear();
+  for (std::int32_t row = 1; row <= sheet.MaxRows(); ++row) {
+    for (std::int32_t column = 1; column <= sheet.MaxColumns(); ++column) {
+      texts.append(sheet.Text(column, row));
+    }
+  }
+  return texts.size();
+}
+
+std::size_t DrawAll(const LedgerPages& pages) {
+  std::size_t texts = 0;
+  for (std::int32_t page = 1; page <= pages.PageCount(); ++page) {
+    texts += pages.PageAt(page).texts.size();
+  }
+  return texts;
+}
+
+struct Measured {
+  Timing fill;
+  Timing paginate;
+  Timing draw;
+};
+
+Measured Measure(std::int32_t rows) {
+  Sheet sheet(grid_columns::kCount);
+  FillSheet(sheet, rows);
+  std::size_t kept = 0;
+  std::u16string copy;
+  const auto raw = [&] { kept += CopyTexts(sheet, copy); };
+  Ledger ledger;
+  SetPageHeader(ledger, u"");
+  SetPageFooter(ledger);
+  EvenMeasurer measurer;
+  const auto pages = [&] { return ledger.Pages({}, u"2008-03-31", measurer); };
+  Measured measured;
+  measured.fill = Compare([&] { FillPrintTable(sheet, ledger.Table()); }, raw, kRepetitions);
+  measured.paginate =
+      Compare([&] { kept += static_cast<std::size_t>(pages().PageCount()); }, raw, kRepetitions);
+  measured.draw = Compare([&] { kept += DrawAll(pages()); }, raw, kRepetitions);
+  if (kept == 0) std::printf("nothing was printed\n");
+  return measured;
+}
+
+}  // namespace
+
+void MeasurePrinting() {
+  std::optional<Measured> half;
+  for (const std::int32_t rows : {50000, 100000, 200000}) {
+    const Measured measured = Measure(rows);
+    const auto amount = static_cast<std::size_t>(rows);
+    Report("print fill", amount, measured.fill, half ? &half->fill : nullptr);
+    Report("paginate", amount, measured.paginate, half ? &half->paginate : nullptr);
+    Report("all pages", amount, measured.draw, half ? &half->draw : nullptr);
+    half = measured;
+  }
+}
+
+}  // namespace bench
