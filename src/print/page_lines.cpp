@@ -31,7 +31,8 @@ struct Part {
   Tenths right = 0;
 };
 
-// Each as wide as it is, unless they would meet: then the wider one gives way, down to its half.
+// Each up to where the other one begins. Where they would meet the wider one gives way, down to
+// its half.
 std::pair<Part, Part> ShareLine(Tenths first, Tenths second, const PageBox& box) {
   const Tenths room = std::max(box.Width() - kSectionGap, 0);
   const Tenths half = room / 2;
@@ -44,7 +45,8 @@ std::pair<Part, Part> ShareLine(Tenths first, Tenths second, const PageBox& box)
       first = second = half;
     }
   }
-  return {{box.left, box.left + first}, {box.right - second, box.right}};
+  return {{box.left, box.right - second - kSectionGap},
+          {box.left + first + kSectionGap, box.right}};
 }
 
 std::vector<Part> Parts(const std::vector<std::u16string>& sections, TextMeasurer& measurer,

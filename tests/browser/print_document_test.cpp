@@ -58,9 +58,9 @@ TEST_F(PrintDocument, ShowsTheGridOnPaper) {
   EXPECT_EQ(ledger_.pageCount, 1);
   EXPECT_EQ(ReadableLines(ledger_.firstPage.texts), Lines(R"(
       text 1 centre 1050,200 in 200,200-1900,280 "物料类别维护-明细物料"
-      text 0 right 1900,316 in 1540,316-1900,352 "打印日期：2008-03-31"
-      text 0 left 200,2734 in 200,2734-326,2770 "第 1 页"
-      text 0 right 1900,2734 in 1774,2734-1900,2770 "共 1 页"
+      text 0 right 1900,316 in 220,316-1900,352 "打印日期：2008-03-31"
+      text 0 left 200,2734 in 200,2734-1754,2770 "第 1 页"
+      text 0 right 1900,2734 in 346,2734-1900,2770 "共 1 页"
       text 0 centre 359,379 in 210,372-508,422 "物料代码"
       text 0 centre 782,379 in 528,372-1037,422 "物料名称"
       text 0 centre 1285,379 in 1057,372-1513,422 "规格型号"

@@ -77,7 +77,7 @@ class Pages : public ::testing::Test {
 
 const std::string kHeader = Lines(R"(
     text 1 centre 1050,200 in 200,200-1900,280 "物料类别维护-明细物料"
-    text 0 right 1900,316 in 1540,316-1900,352 "打印日期：2008-03-31"
+    text 0 right 1900,316 in 220,316-1900,352 "打印日期：2008-03-31"
     )");
 const std::string kTitles = Lines(R"(
     text 0 centre 359,379 in 210,372-508,422 "物料代码"
@@ -92,8 +92,8 @@ TEST_F(Pages, OfAnEmptyGridHoldHeaderTitlesAndFooter) {
   EXPECT_EQ(pages.PageCount(), 1);
   EXPECT_FALSE(pages.IsTurned());
   EXPECT_EQ(TextsOf(pages, 1), kHeader + Lines(R"(
-      text 0 left 200,2734 in 200,2734-326,2770 "第 1 页"
-      text 0 right 1900,2734 in 1774,2734-1900,2770 "共 1 页"
+      text 0 left 200,2734 in 200,2734-1754,2770 "第 1 页"
+      text 0 right 1900,2734 in 346,2734-1900,2770 "共 1 页"
       )") + kTitles);
   EXPECT_EQ(ReadableLines(pages.PageAt(1).rules), Lines(R"(
       rule 200,372-1841,372
@@ -223,7 +223,8 @@ TEST_F(Pages, AreTurnedWhereTheColumnsDoNotFit) {
       rule 1787,372-1787,472
       rule 2316,372-2316,472
       )"));
-  EXPECT_NE(TextsOf(pages, 1).find("text 0 left 200,1864 in 200,1864-326,1900"), std::string::npos);
+  EXPECT_NE(TextsOf(pages, 1).find("text 0 left 200,1864 in 200,1864-2624,1900"),
+            std::string::npos);
 }
 
 TEST_F(Pages, AreNotTurnedForColumnsThatJustFit) {

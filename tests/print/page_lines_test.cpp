@@ -44,8 +44,8 @@ TEST_F(PageLines, PutsOneSectionInTheMiddle) {
 
 TEST_F(PageLines, PutsTwoSectionsLeftAndRight) {
   EXPECT_EQ(Placed(u"第 &[页] 页|共 &[总页] 页"), Lines(R"(
-      text 3 left 100,50 in 100,50-240,90 "第 2 页"
-      text 3 right 1100,50 in 940,50-1100,90 "共 15 页"
+      text 3 left 100,50 in 100,50-920,90 "第 2 页"
+      text 3 right 1100,50 in 260,50-1100,90 "共 15 页"
       )"));
 }
 
@@ -60,8 +60,8 @@ TEST_F(PageLines, PutsThreeSectionsLeftMiddleAndRight) {
 TEST_F(PageLines, DrawsNothingForEmptyAndBlankSections) {
   EXPECT_EQ(Placed(u""), "");
   EXPECT_EQ(Placed(std::u16string(30, u' ')), "");
-  EXPECT_EQ(Placed(u"|b"), "text 3 right 1100,50 in 1080,50-1100,90 \"b\"\n");
-  EXPECT_EQ(Placed(u"a|"), "text 3 left 100,50 in 100,50-120,90 \"a\"\n");
+  EXPECT_EQ(Placed(u"|b"), "text 3 right 1100,50 in 120,50-1100,90 \"b\"\n");
+  EXPECT_EQ(Placed(u"a|"), "text 3 left 100,50 in 100,50-1080,90 \"a\"\n");
   EXPECT_EQ(Placed(u"||"), "");
 }
 
