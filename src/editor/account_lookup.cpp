@@ -15,7 +15,7 @@ namespace {
 void PickAccount(FormParts& form, FormField field) {
   const std::u16string text = form.view.Text(field);
   const ObjectPtr result = RequireObject(
-      LedgerView(form.environment).Call(u"AccountLookup", {Trim(text)}), u"AccountLookup");
+      LedgerView(form.environment)->Call(u"AccountLookup", {Trim(text)}), u"AccountLookup");
   const Value account = result->Get(u"ReturnObject");
   if (account.IsNothing()) return;
   form.view.SetText(field, ToText(RequireObject(account, u"ReturnObject")->Get(u"Number")));
@@ -34,6 +34,8 @@ void LookUpAccount(FormParts& form, FormField field) {
   } catch (const std::exception& error) {
     description = FromUtf8(error.what());
   }
+  // The form may have gone under the picker, and nobody is left to tell.
+  if (!form.state.loaded) return;
   form.environment.messages.Report(Concatenate({kLineBreak, description}));
 }
 

@@ -223,6 +223,8 @@ void ItemClassForm::Add() {
       parts_.environment.messages.Ask(Translate(u"是否保存当前数据？"), MessageIcon::None)) {
     Save();
   }
+  // The form may have gone while it asked.
+  if (!parts_.state.loaded) return;
   // The fields of an empty list stay as they are.
   if (parts_.state.memberList.RecordCount() == 0) return;
   EmptyMembers();

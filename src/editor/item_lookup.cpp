@@ -2,6 +2,8 @@
 // Nothing checks the choice: the exclusion is what keeps an item in one class.
 #include "editor/item_lookup.h"
 
+#include <array>
+
 #include "editor/ledger_view.h"
 #include "editor/member_list.h"
 #include "platform/cell_text.h"
@@ -31,16 +33,24 @@ ObjectPtr MakeParameters(const Environment& environment) {
   return parameters;
 }
 
+// The class columns of new rows.
+constexpr std::array kHeaderColumns{columns::kItemClassNumber, columns::kItemClassName,
+                                    columns::kLossAccountNumber, columns::kReserveAccountNumber,
+                                    columns::kPercentage};
+using RowHeader = std::array<Value, kHeaderColumns.size()>;
+
 // The first row's header, so that later edits of the fields do not reach new rows.
-ClassHeader HeaderOfNewRows(const FormParts& form) {
+RowHeader HeaderOfNewRows(const FormParts& form) {
   const Recordset& members = form.state.memberList;
-  if (members.RecordCount() == 0) return ReadHeader(form.view);
+  if (members.RecordCount() == 0) {
+    const ClassHeader header = ReadHeader(form.view);
+    return {header.number, header.name, header.lossAccount, header.reserveAccount,
+            header.percentage};
+  }
   members.MoveFirst();
-  return {ToText(members.Field(columns::kItemClassNumber)),
-          ToText(members.Field(columns::kItemClassName)),
-          ToText(members.Field(columns::kLossAccountNumber)),
-          ToText(members.Field(columns::kReserveAccountNumber)),
-          LeadingNumber(members.Field(columns::kPercentage))};
+  RowHeader header;
+  for (std::size_t i = 0; i < header.size(); ++i) header[i] = members.Field(kHeaderColumns[i]);
+  return header;
 }
 
 void ReadOtherClasses(FormParts& form) {
@@ -73,11 +83,11 @@ ObjectPtr LookUpItems(FormParts& form, const std::u16string& condition, ObjectPt
   Value dictionary(std::move(parameters));
   return RequireObject(
       LedgerView(form.environment)
-          .Call(u"ItemLookUp", {kItemType, Missing{}, condition, Value::ByReference(dictionary)}),
+          ->Call(u"ItemLookUp", {kItemType, Missing{}, condition, Value::ByReference(dictionary)}),
       u"ItemLookUp");
 }
 
-void AppendItem(const Recordset& members, const ClassHeader& header, AutomationObject& item) {
+void AppendItem(const Recordset& members, const RowHeader& header, AutomationObject& item) {
   const auto property = [&item](std::u16string_view name) {
     return item.Call(u"Properties", {name});
   };
@@ -92,11 +102,7 @@ void AppendItem(const Recordset& members, const ClassHeader& header, AutomationO
     members.SetField(columns::kNumber, code);
     members.SetField(columns::kName, name);
     members.SetField(columns::kModel, model.Is(Value::Kind::Null) ? Value(u"") : model);
-    members.SetField(columns::kItemClassNumber, header.number);
-    members.SetField(columns::kItemClassName, header.name);
-    members.SetField(columns::kLossAccountNumber, header.lossAccount);
-    members.SetField(columns::kReserveAccountNumber, header.reserveAccount);
-    members.SetField(columns::kPercentage, header.percentage);
+    for (std::size_t i = 0; i < header.size(); ++i) members.SetField(kHeaderColumns[i], header[i]);
     members.Update();
   } catch (...) {
     SkipFailing([&members] { members.CancelUpdate(); });
@@ -105,7 +111,7 @@ void AppendItem(const Recordset& members, const ClassHeader& header, AutomationO
 }
 
 // Several when the result names no single value.
-void AppendChosen(FormParts& form, const ClassHeader& header, AutomationObject& result) {
+void AppendChosen(FormParts& form, const RowHeader& header, AutomationObject& result) {
   const Recordset members = form.state.memberList;
   const bool several = ToText(result.Get(u"ReturnValue")).empty();
   const ObjectPtr chosen = RequireObject(result.Get(u"ReturnObject"), u"ReturnObject");
@@ -132,12 +138,18 @@ void ShowMembers(FormParts& form) {
 
 void AddItems(FormParts& form) {
   ObjectPtr parameters = MakeParameters(form.environment);
-  const ClassHeader header = HeaderOfNewRows(form);
+  const RowHeader header = HeaderOfNewRows(form);
   ReadOtherClasses(form);
   const std::u16string condition = Condition(form.state);
   {
     const ObjectPtr result = LookUpItems(form, condition, std::move(parameters));
-    if (ToBoolean(result->Get(u"ReturnOK"))) AppendChosen(form, header, *result);
+    try {
+      if (ToBoolean(result->Get(u"ReturnOK"))) AppendChosen(form, header, *result);
+    } catch (...) {
+      // Rows that stay are shown, or a save would write items that the user cannot see.
+      if (form.state.loaded) SkipFailing([&form] { ShowMembers(form); });
+      throw;
+    }
   }
   // The user may have closed the form while messages were pending.
   if (form.state.loaded) ShowMembers(form);

@@ -6,11 +6,12 @@
 
 namespace pricedown {
 
-// Made on first use and kept for the process. Throws AutomationError.
-inline AutomationObject& LedgerView(Environment& environment) {
+// Made on first use and kept for the process. A caller holds it for its call: the last control may
+// end inside a picker. Throws AutomationError.
+inline ObjectPtr LedgerView(Environment& environment) {
   ObjectPtr& view = environment.state.ledgerView;
   if (view == nullptr) view = environment.factory.Create(u"ZEPEBCGLView.GLView");
-  return *view;
+  return view;
 }
 
 }  // namespace pricedown

@@ -76,6 +76,8 @@ void RemoveSelectedItems(FormParts& form) {
   try {
     for (const std::int32_t row : form.grid.SelectedRows()) {
       guard.Remove(form.grid.Text(member_columns::kCode, row));
+      // The form may have gone under a refusal's message.
+      if (!form.state.loaded) return;
     }
     ShowRemaining(form);
   } catch (...) {

@@ -110,7 +110,7 @@ class ClassEditing : public BrowserFixture {
     tree_.SelectAndClick(u"gi01");
     log_.Clear();
   }
-  // The log up to the window of the editor, and the log behind its end.
+  // The log up to the window of the editor.
   std::string BeforeTheWindow() const {
     const std::string text = log_.Text();
     return text.substr(0, text.find("editor window\n"));
@@ -293,7 +293,6 @@ TEST_F(ClassEditing, FailsOnRowsWithoutAClass) {
 
 TEST_F(ClassEditing, ReportsWhateverFailsWhileANewClassIsPrepared) {
   const auto [thrown, shown] = FailEachCall([&] { commands_.Add(); });
-  // The undisturbed run alone comes to its end.
   // Undisturbed, and twice because a language that cannot be read is the built-in one.
   EXPECT_EQ(shown, 3);
   EXPECT_GT(thrown, 60);

@@ -27,7 +27,7 @@ class RecordingEditor : public ItemClassEditor {
   ItemClassForm& Form() override {
     recorder_->Call("editor form", u"editor");
     if (form_.State().loaded) {
-      throw AutomationError(ErrorNumber::InvalidArgument, u"物料类别窗口已经打开", u"editor");
+      throw AutomationError(ErrorNumber::Unspecified, u"物料类别维护窗口已经打开", u"frmItemClass");
     }
     return form_;
   }

@@ -15,8 +15,8 @@
 #include "editor/record_copy.h"
 #include "tests/integration/class_company.h"
 #include "tests/support/utf8.h"
-#include "tests/windows_ui/message_boxes.h"
 #include "tests/windows_support/modal_steps.h"
+#include "tests/windows_ui/message_boxes.h"
 #include "tests/windows_ui/picture.h"
 #include "tests/windows_ui/ui_world.h"
 #include "windows/com/wide_text.h"
@@ -87,27 +87,19 @@ class FormWorld : public workbench::ClassCompany, public Input {
     ListView_GetItemRect(List(), item, &area, LVIR_BOUNDS);
     Click(List(), {area.left + 30, (area.top + area.bottom) / 2}, keys);
   }
+  // The list asks for the keyboard's state and not for the message's.
   void PressedControlClick(int item) {
-    // The list asks for the keyboard's state and not for the message's.
-    std::array<BYTE, 256> keys{};
-    GetKeyboardState(keys.data());
-    keys[VK_CONTROL] = 0x80;
-    SetKeyboardState(keys.data());
+    HoldControl(true);
     ClickRow(item, MK_CONTROL);
-    keys[VK_CONTROL] = 0;
-    SetKeyboardState(keys.data());
+    HoldControl(false);
   }
-  // A key with Control, as the modal loop sees it.
-  void PressTool(WPARAM key) {
+  // For the form's own message loop, which runs it once the step is over.
+  void PostKey(WPARAM key) { PostMessageW(GetFocus(), WM_KEYDOWN, key, 1); }
+  void HoldControl(bool held) {
     std::array<BYTE, 256> keys{};
     GetKeyboardState(keys.data());
-    keys[VK_CONTROL] = 0x80;
+    keys[VK_CONTROL] = held ? 0x80 : 0;
     SetKeyboardState(keys.data());
-    MSG message{GetFocus(), WM_KEYDOWN, key, 1, 0, {}};
-    EXPECT_TRUE(dialog.TranslateKey(message));
-    keys[VK_CONTROL] = 0;
-    SetKeyboardState(keys.data());
-    RunMessages();
   }
   void CloseByFrame() {
     PostMessageW(Form(), WM_CLOSE, 0, 0);

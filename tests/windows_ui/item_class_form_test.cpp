@@ -107,41 +107,99 @@ TEST_F(ItemClassFormWindow, LooksUpAccountsByKeyAndByButton) {
               },
               [&] { CloseByFrame(); }});
   EXPECT_TRUE(boxes.All().empty());
+  // No control is there to release it later.
+  EXPECT_EQ(state.ledgerView, nullptr);
 }
 
-TEST_F(ItemClassFormWindow, GoesThroughItsPartsInReadingOrder) {
+TEST_F(ItemClassFormWindow, TabGoesThroughItsPartsInReadingOrder) {
+  Steps steps;
+  for (const int id : {form_ids::kClassName, form_ids::kReserveAccount, form_ids::kReserveLookup,
+                       form_ids::kLossAccount, form_ids::kLossLookup, form_ids::kPercentage,
+                       form_ids::kMembers, form_ids::kToolBar, form_ids::kClassNumber}) {
+    steps.push_back([&] { PostKey(VK_TAB); });
+    steps.push_back([&, id] { EXPECT_EQ(GetFocus(), Child(id)) << id; });
+  }
+  steps.push_back([&] { CloseByFrame(); });
+  ShowForAdd(std::move(steps));
+}
+
+TEST_F(ItemClassFormWindow, EnterGoesToTheNextField) {
+  ShowForAdd({[&] { PostKey(VK_RETURN); },
+              [&] {
+                EXPECT_EQ(GetFocus(), Child(form_ids::kClassName));
+                SetFocus(List());
+                PostKey(VK_RETURN);
+              },
+              [&] {
+                EXPECT_EQ(GetFocus(), List());
+                CloseByFrame();
+              }});
+}
+
+TEST_F(ItemClassFormWindow, EnterPressesALookupButton) {
+  pickers->accounts = {u"5711"};
   ShowForAdd({[&] {
-                const std::array<int, 9> order{
-                    form_ids::kClassName,   form_ids::kReserveAccount, form_ids::kReserveLookup,
-                    form_ids::kLossAccount, form_ids::kLossLookup,     form_ids::kPercentage,
-                    form_ids::kMembers,     form_ids::kToolBar,        form_ids::kClassNumber};
-                for (const int id : order) {
-                  MSG tab{GetFocus(), WM_KEYDOWN, VK_TAB, 1, 0, {}};
-                  EXPECT_TRUE(IsDialogMessageW(Form(), &tab) != FALSE);
-                  EXPECT_EQ(GetFocus(), Child(id)) << id;
-                }
+                SetFocus(Child(form_ids::kLossLookup));
+                PostKey(VK_RETURN);
+              },
+              [&] {
+                EXPECT_EQ(TextIn(form_ids::kLossAccount), "5711");
+                CloseByFrame();
+              }});
+}
+
+TEST_F(ItemClassFormWindow, ControlNStartsANewClass) {
+  boxes.WillPress({IDNO});
+  ShowForAdd({[&] {
+                HoldControl(true);
+                PostKey('N');
+              },
+              [&] {
+                HoldControl(false);
+                CloseByFrame();
+              }});
+  ASSERT_EQ(boxes.All().size(), 1u);
+  EXPECT_EQ(boxes.All()[0].text, "是否保存当前数据？");
+}
+
+TEST_F(ItemClassFormWindow, SpeaksTheSuitesLanguage) {
+  suite_->language = u"en";
+  ShowForAdd({[&] {
+                EXPECT_EQ(Utf8(windows::TextOf(Form())), "Item class");
+                EXPECT_EQ(TextIn(form_ids::kHeaderFrame), "Item class:");
+                EXPECT_EQ(TextIn(form_ids::kItemFrame), "Items of the class:");
+                EXPECT_EQ(TextIn(form_ids::kLabel1), "Class number:");
+                EXPECT_EQ(TextIn(form_ids::kLabel1 + 3), "Reserve account:");
+                std::array<wchar_t, 64> caption{};
+                SendMessageW(Child(form_ids::kToolBar), TB_GETBUTTONTEXTW,
+                             static_cast<WPARAM>(windows::control_ids::kFirstButton) + 5,
+                             reinterpret_cast<LPARAM>(caption.data()));
+                EXPECT_EQ(Utf8(windows::FromWide(caption.data())), "Remove items");
+                KeepPicture(Form(), "form in English");
               },
               [&] { CloseByFrame(); }});
 }
 
-TEST_F(ItemClassFormWindow, EnterGoesToTheNextField) {
+TEST_F(ItemClassFormWindow, TakesTheSizeThatANewResolutionSuggests) {
   ShowForAdd({[&] {
-                PostMessageW(Form(), WM_COMMAND, IDOK, 0);
-                RunMessages();
-                EXPECT_EQ(GetFocus(), Child(form_ids::kClassName));
+                const RECT suggested{30, 40, 830, 640};
+                SendMessageW(Form(), 0x02E0, MAKEWPARAM(192, 192),
+                             reinterpret_cast<LPARAM>(&suggested));
+                RECT area{};
+                GetWindowRect(Form(), &area);
+                EXPECT_TRUE(EqualRect(&area, &suggested) != FALSE);
               },
               [&] { CloseByFrame(); }});
 }
 
 TEST_F(ItemClassFormWindow, EscapeClosesWithoutAQuestionWhenNothingChanged) {
-  ShowForAdd({[&] { PostMessageW(Form(), WM_COMMAND, IDCANCEL, 0); }});
+  ShowForAdd({[&] { PostKey(VK_ESCAPE); }});
   EXPECT_TRUE(boxes.All().empty());
 }
 
 TEST_F(ItemClassFormWindow, EscapeAsksWhenAFieldWasChanged) {
   boxes.WillPress({IDNO});
-  ShowForAdd({[&] { TypeInto(form_ids::kClassName, u"新类"); },
-              [&] { PostMessageW(Form(), WM_COMMAND, IDCANCEL, 0); }});
+  ShowForAdd({[&] { TypeInto(form_ids::kClassName, u"新类"); }, [&] { PostKey(VK_ESCAPE); }});
   ASSERT_EQ(boxes.All().size(), 1u);
   EXPECT_EQ(boxes.All()[0].text, "当前记录已经改变，是否保存?");
   EXPECT_EQ(boxes.All()[0].title, "岚禾提示");
@@ -173,6 +231,16 @@ TEST_F(ItemClassFormWindow, EndsWithItsOwner) {
   EXPECT_FALSE(dialog.Form().State().loaded);
 }
 
+TEST_F(ItemClassFormWindow, EndsWithItsOwnerWhileAQuestionIsAsked) {
+  boxes.WillPress({0});
+  ShowForEdit(u"A1", {[&] { TypeInto(form_ids::kClassName, u"改了"); },
+                      [&] { PostMessageW(Form(), WM_COMMAND, IDCANCEL, 0); },
+                      [&] { DestroyWindow(host.Handle()); }});
+  EXPECT_FALSE(dialog.Form().State().loaded);
+  EXPECT_EQ(boxes.All().size(), 1u);
+  EXPECT_NE(Classes().find("原材料"), std::string::npos);
+}
+
 TEST_F(ItemClassFormWindow, EndsWhenTheProgramIsToldToQuit) {
   ShowForAdd({[] { PostQuitMessage(7); }});
   EXPECT_FALSE(dialog.IsShown());
@@ -188,16 +256,45 @@ TEST_F(ItemClassFormWindow, AFormThatCannotBeLoadedLeavesNothingShown) {
   ShowForAdd({[&] { CloseByFrame(); }});
 }
 
+// A window that notes whether the form is there when its message arrives.
+class Witness {
+ public:
+  Witness()
+      : handle_(
+            CreateWindowW(L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr)) {
+    SetWindowSubclass(handle_, &Procedure, 1, reinterpret_cast<DWORD_PTR>(this));
+  }
+  ~Witness() { DestroyWindow(handle_); }
+  Witness(const Witness&) = delete;
+  Witness& operator=(const Witness&) = delete;
+
+  void Post() const { PostMessageW(handle_, WM_APP, 0, 0); }
+  int Seen() const { return seen_; }
+
+ private:
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                    UINT_PTR, DWORD_PTR self) {
+    if (message == WM_APP && FindWindowW(L"PriceDown.ItemClass", nullptr) != nullptr) {
+      ++reinterpret_cast<Witness*>(self)->seen_;
+    }
+    return DefSubclassProc(window, message, wParam, lParam);
+  }
+
+  HWND handle_;
+  int seen_ = 0;
+};
+
 TEST_F(ItemClassFormWindow, ClosingWaitsForARunningCommand) {
   // The user closes the form while pending messages run behind the picker.
   pickers->accounts = {u"5711"};
-  std::string text;
+  const Witness witness;
   ShowForAdd({[&] {
     PostMessageW(Form(), WM_CLOSE, 0, 0);
+    witness.Post();
     SendMessageW(Child(form_ids::kLossLookup), BM_CLICK, 0, 0);
-    RunMessages();
+    EXPECT_EQ(Form(), nullptr);
   }});
-  EXPECT_FALSE(dialog.Form().State().loaded);
+  EXPECT_EQ(witness.Seen(), 1);
   EXPECT_TRUE(boxes.All().empty());
 }
 

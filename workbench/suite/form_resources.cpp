@@ -18,31 +18,42 @@ using pricedown::Value;
 namespace {
 
 struct Caption {
+  std::u16string_view form;
   std::u16string_view control;
   std::u16string_view traditional;
   std::u16string_view english;
 };
 
+constexpr std::u16string_view kControl = u"PriceDown";
+constexpr std::u16string_view kEditor = u"frmItemClass";
 constexpr Caption kCaptions[] = {
-    {u"SSPTitleClass", u"物料類別", u"Item classes"},
-    {u"SSPTitleItem", u"對應明細物料", u"Items of the class"},
-    {u"Add", u"新增", u"New"},
-    {u"Edit", u"修改", u"Change"},
-    {u"Del", u"刪除", u"Delete"},
-    {u"Print", u"列印", u"Print"},
-    {u"PrintView", u"預覽", u"Preview"},
-    {u"Exit", u"退出", u"Exit"},
-    {u"Label1", u"物料類別代碼：", u"Class number:"},
-    {u"Label2", u"物料類別名稱：", u"Class name:"},
-    {u"Label3", u"對應存貨跌價損失科目：", u"Loss account:"},
-    {u"Label4", u"對應存貨跌價準備科目：", u"Reserve account:"},
-    {u"Label5", u"計提跌價比例(%)：", u"Provision (%):"},
-    {u"Frame1", u"對應明細物料：", u"Items of the class:"},
-    {u"FrameAdd", u"物料類別：", u"Item class:"},
+    {kControl, u"SSPTitleClass", u"物料類別", u"Item classes"},
+    {kControl, u"SSPTitleItem", u"對應明細物料", u"Items of the class"},
+    {kControl, u"tbToolBar.Add", u"新增", u"New"},
+    {kControl, u"tbToolBar.Edit", u"修改", u"Change"},
+    {kControl, u"tbToolBar.Del", u"刪除", u"Delete"},
+    {kControl, u"tbToolBar.Print", u"列印", u"Print"},
+    {kControl, u"tbToolBar.PrintView", u"預覽", u"Preview"},
+    {kControl, u"tbToolBar.Exit", u"退出", u"Exit"},
+    {kEditor, u"frmItemClass", u"物料類別維護", u"Item class"},
+    {kEditor, u"Label1", u"物料類別代碼：", u"Class number:"},
+    {kEditor, u"Label2", u"物料類別名稱：", u"Class name:"},
+    {kEditor, u"Label3", u"對應存貨跌價損失科目：", u"Loss account:"},
+    {kEditor, u"Label4", u"對應存貨跌價準備科目：", u"Reserve account:"},
+    {kEditor, u"Label5", u"計提跌價比例(%)：", u"Provision (%):"},
+    {kEditor, u"Frame1", u"對應明細物料：", u"Items of the class:"},
+    {kEditor, u"FrameAdd", u"物料類別：", u"Item class:"},
+    {kEditor, u"tlbSPCA.Add", u"新增", u"New"},
+    {kEditor, u"tlbSPCA.Save", u"儲存", u"Save"},
+    {kEditor, u"tlbSPCA.AddItem", u"增加物料", u"Add items"},
+    {kEditor, u"tlbSPCA.DelItem", u"刪除物料", u"Remove items"},
+    {kEditor, u"tlbSPCA.iExit", u"退出", u"Close"},
 };
 
-std::u16string_view TextFor(std::u16string_view control, std::u16string_view language) {
+std::u16string_view TextFor(std::u16string_view form, std::u16string_view control,
+                            std::u16string_view language) {
   for (const Caption& caption : kCaptions) {
+    if (!EqualsIgnoringCase(caption.form, form)) continue;
     if (!EqualsIgnoringCase(caption.control, control)) continue;
     if (EqualsIgnoringCase(language, u"cht")) return caption.traditional;
     if (EqualsIgnoringCase(language, u"en")) return caption.english;
@@ -54,10 +65,11 @@ std::u16string_view TextFor(std::u16string_view control, std::u16string_view lan
 
 void FrmResLoader::LoadFormStrings(const ObjectPtr& form) {
   const ObjectPtr controls = pricedown::RequireObject(form->Get(u"Controls"), u"Controls");
+  const std::u16string name = ToText(form->Get(u"Name"));
   const std::int32_t count = pricedown::ToInt32(controls->Get(u"Count"));
   for (std::int32_t i = 0; i < count; ++i) {
     const ObjectPtr control = pricedown::RequireObject(controls->Call(u"Item", {i}), u"Item");
-    const std::u16string_view text = TextFor(ToText(control->Get(u"Name")), suite_->language);
+    const std::u16string_view text = TextFor(name, ToText(control->Get(u"Name")), suite_->language);
     if (!text.empty()) control->Put(u"Caption", text);
   }
 }

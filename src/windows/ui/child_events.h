@@ -1,4 +1,4 @@
-// What the control's children tell the control's window.
+// What the control's and the form's children tell the window that they are in.
 // A child reports as the last step of its message, because the report may end the control.
 #pragma once
 
@@ -8,6 +8,7 @@
 #include <cstdint>
 
 #include "browser/node_collection.h"
+#include "windows/ui/user_commands.h"
 
 namespace pricedown::windows {
 
@@ -36,6 +37,10 @@ class ChildEvents : public StripEvents {
  public:
   // The user clicked a node, or selected it by keyboard.
   virtual void NodeClicked(NodeIndex node) = 0;
+  // A key of that command was pressed.
+  virtual void CommandChosen(UserCommand command) = 0;
+  // `child` should show its commands at `place` on the screen.
+  virtual void MenuRequested(HWND child, POINT place) = 0;
   virtual void SplitterEvent(SplitterAction action, std::int32_t pixels) = 0;
   // The sheet shows other rows.
   virtual void ItemsChanged() = 0;

@@ -63,6 +63,7 @@ struct FormChildren {
   LineWindow line;
   // By the number of the field.
   std::array<FieldRow, kFormFields.size()> rows;
+  PlainControl lookupTips;
   GroupBox headerFrame;
   GroupBox itemFrame;
   MemberListWindow members;

@@ -1,4 +1,4 @@
-// The system's text field with the form's keys in front.
+// The system's text field with the form's characters in front.
 // Pasting and setting a text are not typing; no key is asked about then.
 #include "windows/ui/form_field.h"
 

@@ -1,4 +1,4 @@
-// A text field of the item class form: keys go through the form before the system has them.
+// A text field of the item class form: characters go through the form before the system has them.
 // What a key does, and which characters a field refuses, is the core's.
 #pragma once
 

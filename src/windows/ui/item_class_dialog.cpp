@@ -32,6 +32,12 @@ void ItemClassDialog::ShowModal(HWND owner) {
     ~Shown() {
       SkipFailing([this] { dialog.form_.Unload(); });
       dialog.shown_ = false;
+      // The last control may have ended meanwhile; nobody else would release them.
+      ProcessState& state = dialog.environment_.state;
+      if (state.controls == 0) {
+        state.ledgerView.reset();
+        state.ledgerData.reset();
+      }
     }
   };
   // Outlives the form's unloading, which ends it.
@@ -41,7 +47,7 @@ void ItemClassDialog::ShowModal(HWND owner) {
   form_.Load();
   modal.emplace(window_.Window());
   window_.Show([&modal] { modal->End(); });
-  modal->Run([this](MSG& message) { return TranslateKey(message); });
+  modal->Run([this](MSG& message) { return window_.TranslateKey(message); });
 }
 
 }  // namespace pricedown::windows

@@ -28,8 +28,6 @@ class ItemClassDialog {
   // Loads the form, shows it over `owner` (may be null) and returns once it is unloaded. Throws
   // AutomationError when it could not be loaded. Requires: not shown; the dialog outlives the call.
   void ShowModal(HWND owner);
-  // Handles a key message of the form before it is dispatched; true when it was used up.
-  bool TranslateKey(MSG& message) { return window_.TranslateKey(message); }
 
  private:
   ItemClassWindow window_;

@@ -70,13 +70,19 @@ void ItemClassWindow::Fire(Command&& command) {
   }
   SetWaiting(false);
   busy_ = false;
-  if (failure) ReportFailure(DialogOwner(), *failure);
+  // What fails because the form went away under its command is nobody's concern any more.
+  if (failure && Handle() != nullptr) ReportFailure(DialogOwner(), *failure);
   if (std::exchange(closing_, false)) OnClose();
 }
 
 void ItemClassWindow::PressTool(FormTool tool) {
   if (!children_->strip.IsEnabled(static_cast<std::size_t>(tool))) return;
+  const HWND focus = GetFocus();
   Fire([tool](ItemClassForm& form) { form.ToolClicked(KeyOf(tool)); });
+  // Ready for the next class, unless the core has put the focus somewhere.
+  const bool emptied = (tool == FormTool::Save || tool == FormTool::Add) && Handle() != nullptr &&
+                       Text(FormField::ClassNumber).empty();
+  if (emptied && GetFocus() == focus) Focus(FormField::ClassNumber);
 }
 
 void ItemClassWindow::StripButtonClicked(std::size_t position) {
@@ -101,9 +107,7 @@ std::u16string ItemClassWindow::MemberRow(std::int32_t row) {
   return form_ == nullptr ? std::u16string() : form_->RowRequested(row);
 }
 
-void ItemClassWindow::MemberKey(WPARAM key) {
-  PressTool(key == VK_INSERT ? FormTool::AddItem : FormTool::DelItem);
-}
+void ItemClassWindow::InsertPressed() { PressTool(FormTool::AddItem); }
 
 LRESULT ItemClassWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
   const int id = LOWORD(wParam);
@@ -140,12 +144,15 @@ LRESULT ItemClassWindow::OnNotify(NMHDR& header) {
 void ItemClassWindow::OnEnter() {
   const HWND focus = GetFocus();
   for (FieldRow& row : children_->rows) {
-    if (row.lookup.Handle() != nullptr && focus == row.lookup.Handle()) {
+    if (row.text.Handle() == focus) {
+      TabPressed(false);
+      return;
+    }
+    if (row.lookup.Handle() == focus) {
       SendMessageW(focus, BM_CLICK, 0, 0);
       return;
     }
   }
-  TabPressed(false);
 }
 
 void ItemClassWindow::OnActivate(bool active) {
@@ -154,6 +161,19 @@ void ItemClassWindow::OnActivate(bool active) {
   } else if (lastFocus_ != nullptr && IsChild(Handle(), lastFocus_) != FALSE) {
     SetFocus(lastFocus_);
   }
+}
+
+void ItemClassWindow::SetWaiting(bool waiting) {
+  waiting_ = waiting;
+  // At once: while a command runs, no message asks for the pointer.
+  SetCursor(LoadCursorW(nullptr, waiting ? IDC_WAIT : IDC_ARROW));
+}
+
+void ItemClassWindow::OnSystemChange(UINT message, WPARAM wParam, LPARAM lParam) {
+  for (const HWND child : {children_->strip.Handle(), children_->members.Handle()}) {
+    if (child != nullptr) SendMessageW(child, message, wParam, lParam);
+  }
+  RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 // Through its frame the form closes without a question; what runs now is finished first.
@@ -173,9 +193,9 @@ void ItemClassWindow::OnDestroy() {
 
 void ItemClassWindow::OnDpiChanged(const RECT& suggested) {
   const Dpi dpi = Dpi::Of(Handle());
-  MakeFonts();
   children_->strip.TakeAppearance(dpi);
   children_->members.TakeAppearance(dpi);
+  MakeFonts();
   SetWindowPos(Handle(), nullptr, suggested.left, suggested.top, WidthOf(suggested),
                HeightOf(suggested), SWP_NOZORDER | SWP_NOACTIVATE);
   LayOut();
@@ -242,6 +262,10 @@ LRESULT ItemClassWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_DESTROY:
       OnDestroy();
+      return 0;
+    case WM_SYSCOLORCHANGE:
+    case WM_THEMECHANGED:
+      OnSystemChange(message, wParam, lParam);
       return 0;
     case kDpiChanged:
       OnDpiChanged(*reinterpret_cast<const RECT*>(lParam));

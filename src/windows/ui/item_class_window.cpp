@@ -2,6 +2,8 @@
 // What the user does is in item_class_events.cpp.
 #include "windows/ui/item_class_window.h"
 
+#include <commctrl.h>
+
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -22,6 +24,7 @@ namespace {
 constexpr std::u16string_view kToolBarName = u"工具栏";
 constexpr std::u16string_view kMembersName = u"对应明细物料";
 constexpr std::u16string_view kLookupText = u"…";
+constexpr std::u16string_view kLookupTip = u"查找科目 (F7)";
 constexpr DWORD kStyle =
     WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MAXIMIZEBOX | WS_CLIPCHILDREN;
 constexpr DWORD kExtendedStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
@@ -109,6 +112,7 @@ void ItemClassWindow::CreateChildren() {
   c.line.Create(Handle(), module_, form_ids::kLine);
   for (const FormField field : kFormRows) CreateRow(field);
   c.members.Create(Handle(), module_, dpi, Translate(kMembersName));
+  AddLookupTips();
   c.headerFrame.Create(Handle(), module_, form_ids::kHeaderFrame);
   c.itemFrame.Create(Handle(), module_, form_ids::kItemFrame);
 }
@@ -122,6 +126,21 @@ void ItemClassWindow::CreateRow(FormField field) {
   if (description.lookupId != 0) {
     row.lookup.Create(Handle(), module_, L"BUTTON", description.lookupId,
                       WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON, kLookupText);
+  }
+}
+
+void ItemClassWindow::AddLookupTips() {
+  FormChildren& c = *children_;
+  c.lookupTips.CreatePopup(Handle(), module_, TOOLTIPS_CLASSW, TTS_ALWAYSTIP | TTS_NOPREFIX);
+  std::wstring text = ToWide(Translate(kLookupTip));
+  for (const FormField field : {FormField::LossAccount, FormField::ReserveAccount}) {
+    TTTOOLINFOW tool{};
+    tool.cbSize = sizeof tool;
+    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    tool.hwnd = Handle();
+    tool.uId = reinterpret_cast<UINT_PTR>(c.Row(field).lookup.Handle());
+    tool.lpszText = text.data();
+    SendMessageW(c.lookupTips.Handle(), TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
   }
 }
 
@@ -221,7 +240,9 @@ void ItemClassWindow::Centre(SIZE size) {
 void ItemClassWindow::Show(std::function<void()> unloading) {
   if (Handle() == nullptr) return;
   unloading_ = std::move(unloading);
+  SetWaiting(true);
   children_->members.Fill();
+  SetWaiting(false);
   const Dpi dpi = Dpi::Of(Handle());
   const bool shownBefore = lastSize_.cx > 0 && lastDpi_ == dpi.Value();
   Centre(shownBefore ? lastSize_ : Outer(FirstFormSize(Measures(), dpi), dpi));

@@ -53,7 +53,7 @@ class ItemClassWindow final : public ItemClassFormView,
   // CommandWindow
   HWND Window() const override { return Handle(); }
   HWND DialogOwner() const override;
-  void SetWaiting(bool waiting) override { waiting_ = waiting; }
+  void SetWaiting(bool waiting) override;
 
   // ItemClassFormView
   std::u16string Text(FormField field) const override;
@@ -75,6 +75,7 @@ class ItemClassWindow final : public ItemClassFormView,
   void OnDestroy();
   void OnEnter();
   void OnDpiChanged(const RECT& suggested);
+  void OnSystemChange(UINT message, WPARAM wParam, LPARAM lParam);
 
   // StripEvents
   void StripButtonClicked(std::size_t position) override;
@@ -85,7 +86,7 @@ class ItemClassWindow final : public ItemClassFormView,
   void FieldKeyDown(FormField field, std::int32_t keyCode) override;
   // MemberListEvents
   std::u16string MemberRow(std::int32_t row) override;
-  void MemberKey(WPARAM key) override;
+  void InsertPressed() override;
 
   template <typename Command>
   void Fire(Command&& command);
@@ -93,6 +94,7 @@ class ItemClassWindow final : public ItemClassFormView,
 
   void CreateChildren();
   void CreateRow(FormField field);
+  void AddLookupTips();
   void ListCaptions();
   void MakeFonts();
   FormMeasures Measures() const;

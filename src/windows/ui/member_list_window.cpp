@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "env/translation.h"
+#include "platform/text.h"
 #include "windows/com/wide_text.h"
 #include "windows/ui/clipboard.h"
 #include "windows/ui/fonts.h"
@@ -165,14 +166,15 @@ void MemberListWindow::AnswerText(LVITEMW& item) const {
 
 // By the beginning of the code, as the user types it.
 int MemberListWindow::FindRow(const NMLVFINDITEMW& search) const {
-  if ((search.lvfi.flags & LVFI_STRING) == 0 || search.lvfi.psz == nullptr) return -1;
+  if ((search.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || search.lvfi.psz == nullptr) {
+    return -1;
+  }
   const std::u16string wanted = FromWide(search.lvfi.psz);
   const int items = static_cast<int>(rows_.size()) - 1;
   for (int i = 0; i < items; ++i) {
     const int item = (search.iStart + i) % items;
-    if (Cell(member_columns::kCode, static_cast<std::size_t>(item) + 1).starts_with(wanted)) {
-      return item;
-    }
+    const auto code = Cell(member_columns::kCode, static_cast<std::size_t>(item) + 1);
+    if (EqualsIgnoringCase(code.substr(0, wanted.size()), wanted)) return item;
   }
   return -1;
 }
@@ -238,9 +240,7 @@ LRESULT MemberListWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) 
   const LRESULT result = Default(message, wParam, lParam);
   if (message == WM_SIZE && rows_.size() <= 1) InvalidateRect(Handle(), nullptr, TRUE);
   if (message == WM_PAINT && Handle() != nullptr) PaintHint();
-  if (message == WM_KEYDOWN && !control && (wParam == VK_INSERT || wParam == VK_DELETE)) {
-    events_.MemberKey(wParam);
-  }
+  if (message == WM_KEYDOWN && !control && wParam == VK_INSERT) events_.InsertPressed();
   return result;
 }
 

@@ -21,8 +21,9 @@ class MemberListEvents {
  public:
   // The texts of a row, each followed by "|"; row 1 holds the titles. Throws AutomationError.
   virtual std::u16string MemberRow(std::int32_t row) = 0;
-  // Insert or Delete. The last step of the message; the list's window may be gone after it.
-  virtual void MemberKey(WPARAM key) = 0;
+  // The Insert key. Delete is no key of the list: it takes provisions away for good and does not
+  // ask. The last step of the message; the list's window may be gone after it.
+  virtual void InsertPressed() = 0;
 
  protected:
   ~MemberListEvents() = default;

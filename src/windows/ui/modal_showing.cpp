@@ -36,6 +36,8 @@ ModalShowing::ModalShowing(HWND window) : window_(window), focus_(GetFocus()) {
 ModalShowing::~ModalShowing() { End(); }
 
 void ModalShowing::End() noexcept {
+  // The window may go by a sent message, behind which the loop would wait for a posted one.
+  PostMessageW(nullptr, WM_NULL, 0, 0);
   const bool ended = disabled_.empty() && focus_ == nullptr;
   if (ended) return;
   for (const HWND other : disabled_) {

@@ -19,6 +19,22 @@ void PlainControl::Create(HWND parent, HINSTANCE module, const wchar_t* classNam
   CreateControl(creation);
 }
 
+LRESULT PlainControl::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  // Labels keep what they show when they are sized: an ellipsis, or a text that is not at the left.
+  if (message == WM_SIZE) InvalidateRect(Handle(), nullptr, TRUE);
+  return Default(message, wParam, lParam);
+}
+
+void PlainControl::CreatePopup(HWND owner, HINSTANCE module, const wchar_t* className,
+                               DWORD style) {
+  Creation creation;
+  creation.className = className;
+  creation.style = WS_POPUP | style;
+  creation.parent = owner;
+  creation.module = module;
+  CreateControl(creation);
+}
+
 std::u16string TextOf(HWND window) {
   const int length = window == nullptr ? 0 : GetWindowTextLengthW(window);
   if (length <= 0) return {};

@@ -18,11 +18,11 @@ class PlainControl final : public BoundWindow {
   // A visible child of `parent`, unless `style` lacks WS_VISIBLE. Throws AutomationError.
   void Create(HWND parent, HINSTANCE module, const wchar_t* className, int id, DWORD style,
               std::u16string_view text = {});
+  // A window of its own over `owner`, hidden. Throws AutomationError.
+  void CreatePopup(HWND owner, HINSTANCE module, const wchar_t* className, DWORD style);
 
  private:
-  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
-    return Default(message, wParam, lParam);
-  }
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 };
 
 // Text and font of any window; nothing happens for null.

@@ -23,7 +23,7 @@ Class ParentOfTheHost
   End Sub
 End Class
 
-Dim suite, control, parent, used, stage, seen, free
+Dim suite, control, parent, stage, seen, asked, free
 Set suite = CreateObject("ZEPWorkbench.Settings")
 suite.ItemClassType = "1"
 suite.VoucherPresent = False
@@ -71,7 +71,9 @@ Class AddClass
         seen = TextIn(kNumber)
         PressTool kToolBar, kExitTool
       Case 6
-        If WindowClass <> "PriceDown.ItemClass" Then PressButton kNo
+        If WindowClass = "PriceDown.ItemClass" Then Exit Sub
+        asked = TextIn(kBoxText)
+        PressButton kNo
     End Select
     stage = stage + 1
   End Sub
@@ -81,6 +83,7 @@ seen = "?"
 Play New AddClass
 control.addRecord
 CheckEqual "the form is empty again after the save", seen, ""
+CheckEqual "leaving it asks, because the saved list was emptied", asked, "当前记录已经改变，是否保存?"
 CheckEqual "the class is stored with its one item", Rows("FItemClassNumber='SY1' and FItemClassName='脚本类别' and FPencentPrepare=12.5"), CLng(1)
 
 ' Nothing is selected: the commands ask for a class.

@@ -28,7 +28,7 @@ constexpr WPARAM kLongestSearch = 80;
 constexpr int kNarrowest = 80;  // last column, pixels at 96 dpi
 
 // An empty dialog; its controls are made for the screen's resolution and font.
-struct Template {
+struct alignas(DWORD) Template {
   DLGTEMPLATE head{};
   WORD menu = 0;
   WORD windowClass = 0;
