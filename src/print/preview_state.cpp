@@ -1,0 +1,134 @@
+// Page, size and scrolling of a preview; everything follows from paper, area and zoom.
+// A border of an eighth of an inch is left around the paper.
+#include "print/preview_state.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace pricedown {
+namespace {
+
+constexpr std::array<double, 10> kSizes{25, 50, 75, 100, 125, 150, 200, 300, 400, 500};
+constexpr double kTenthsPerInch = 254;
+// A size that was fitted is hardly ever one of the usual ones to the last digit.
+constexpr double kSameSize = 0.01;
+
+std::int32_t Rounded(double pixels) { return static_cast<std::int32_t>(std::lround(pixels)); }
+
+// The scroll that shows the same middle of content that has grown or shrunk.
+std::int32_t Recentred(std::int32_t scroll, std::int32_t area, std::int32_t before,
+                       std::int32_t after) {
+  const double middle = before > area ? (scroll + area / 2.0) / before : 0.5;
+  return std::clamp(Rounded(middle * after - area / 2.0), 0, std::max(after - area, 0));
+}
+
+}  // namespace
+
+void PreviewState::SetPages(std::int32_t count, const Paper& paper) {
+  pageCount_ = std::max(count, 1);
+  page_ = std::min(page_, pageCount_);
+  paper_ = paper;
+  Place();
+}
+
+void PreviewState::SetArea(const PreviewArea& area) {
+  area_ = {std::max(area.width, 0), std::max(area.height, 0), std::max(area.dotsPerInch, 1)};
+  Place();
+}
+
+bool PreviewState::GoTo(std::int32_t page) {
+  page = std::clamp(page, 1, pageCount_);
+  scrollY_ = 0;
+  if (page == page_) return false;
+  page_ = page;
+  return true;
+}
+
+void PreviewState::FitPage() { Choose(Zoom::Page, percent_); }
+
+void PreviewState::FitWidth() { Choose(Zoom::Width, percent_); }
+
+void PreviewState::SetPercent(double percent) { Choose(Zoom::Fixed, percent); }
+
+void PreviewState::ZoomIn() {
+  const auto larger = std::upper_bound(kSizes.begin(), kSizes.end(), percent_ + kSameSize);
+  SetPercent(larger == kSizes.end() ? kSizes.back() : *larger);
+}
+
+void PreviewState::ZoomOut() {
+  const auto notSmaller = std::lower_bound(kSizes.begin(), kSizes.end(), percent_ - kSameSize);
+  // Below the least of them there is nothing to go to.
+  if (notSmaller != kSizes.begin()) SetPercent(*(notSmaller - 1));
+}
+
+void PreviewState::Choose(Zoom zoom, double percent) {
+  zoom_ = zoom;
+  percent_ = percent;
+  Place();
+}
+
+bool PreviewState::ScrollBy(std::int32_t x, std::int32_t y) {
+  const auto moved = [](std::int32_t& scroll, std::int64_t distance, std::int32_t most) {
+    const auto target = static_cast<std::int32_t>(
+        std::clamp<std::int64_t>(scroll + distance, 0, std::max(most, 0)));
+    const bool isMoved = target != scroll;
+    scroll = target;
+    return isMoved;
+  };
+  const bool across = moved(scrollX_, x, contentWidth_ - area_.width);
+  const bool down = moved(scrollY_, y, contentHeight_ - area_.height);
+  return across || down;
+}
+
+void PreviewState::Wheel(std::int32_t pixels) {
+  if (pixels == 0 || ScrollBy(0, pixels)) return;
+  if (GoTo(pixels > 0 ? page_ + 1 : page_ - 1)) {
+    if (pixels < 0) ScrollBy(0, contentHeight_);
+  } else if (pixels > 0) {
+    // The last page: GoTo went to its top.
+    ScrollBy(0, contentHeight_);
+  }
+}
+
+PreviewBox PreviewState::PaperBox() const {
+  const auto start = [](std::int32_t paper, std::int32_t content, std::int32_t area,
+                        std::int32_t scroll) {
+    return (std::max(content, area) - paper) / 2 - scroll;
+  };
+  return {start(paperWidth_, contentWidth_, area_.width, scrollX_),
+          start(paperHeight_, contentHeight_, area_.height, scrollY_), paperWidth_, paperHeight_};
+}
+
+double PreviewState::Pixels(double tenths) const {
+  return tenths * percent_ / 100 * area_.dotsPerInch / kTenthsPerInch;
+}
+
+std::int32_t PreviewState::Border() const { return area_.dotsPerInch / 8; }
+
+double PreviewState::FittingPercent(std::int32_t pixels, Tenths paper) const {
+  const double inches = std::max(paper, 1) / kTenthsPerInch;
+  return (pixels - 2 * Border()) / inches / area_.dotsPerInch * 100;
+}
+
+void PreviewState::Place() {
+  const double width = FittingPercent(area_.width, paper_.width);
+  const double height = FittingPercent(area_.height, paper_.height);
+  if (zoom_ == Zoom::Width) percent_ = width;
+  if (zoom_ == Zoom::Page) percent_ = std::min(width, height);
+  percent_ = std::clamp(percent_, kLeastPreviewPercent, kGreatestPreviewPercent);
+  // Down, so that what fits needs no scroll bar; but not for an error in the last digit.
+  const auto whole = [&](Tenths paper) {
+    return static_cast<std::int32_t>(std::floor(Pixels(paper) + 1E-6));
+  };
+  paperWidth_ = whole(paper_.width);
+  paperHeight_ = whole(paper_.height);
+  const std::int32_t widthBefore = contentWidth_;
+  const std::int32_t heightBefore = contentHeight_;
+  contentWidth_ = paperWidth_ + 2 * Border();
+  contentHeight_ = paperHeight_ + 2 * Border();
+  scrollX_ = Recentred(scrollX_, area_.width, widthBefore, contentWidth_);
+  scrollY_ = Recentred(scrollY_, area_.height, heightBefore, contentHeight_);
+}
+
+}  // namespace pricedown
