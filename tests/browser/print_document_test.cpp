@@ -6,31 +6,10 @@
 #include "browser/display_font.h"
 #include "browser/print_commands.h"
 #include "tests/browser/browser_fixture.h"
-#include "tests/print/fake_measurer.h"
+#include "tests/browser/page_keeper.h"
 
 namespace pricedown::testing {
 namespace {
-
-// Keeps the pages that the user would be shown.
-class PageKeeper : public LedgerDocument {
- public:
-  void Preview() override { Keep(); }
-  void Print() override { Keep(); }
-
-  void Keep() {
-    const LedgerPages pages = Pages({}, u"2008-03-31", measurer);
-    pageCount = pages.PageCount();
-    firstPage = pages.PageAt(1);
-    fonts = pages.Fonts();
-  }
-  // The distance of the first two rules.
-  Tenths RowHeight() const { return firstPage.rules[1].top - firstPage.rules[0].top; }
-
-  FakeMeasurer measurer;
-  std::int32_t pageCount = 0;
-  Page firstPage;
-  std::vector<PageFont> fonts;
-};
 
 class PrintDocument : public BrowserFixture {
  protected:

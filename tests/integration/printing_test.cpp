@@ -1,0 +1,102 @@
+// Printing from the company's database to pages: only windows, user and device are not real.
+// Which command was clicked is the dispatch's; what a page looks like in full is the pages' test.
+#include <gtest/gtest.h>
+
+#include "env/user_settings.h"
+#include "tests/browser/page_keeper.h"
+#include "tests/integration/control_fixture.h"
+#include "tests/support/call_log.h"
+
+namespace workbench {
+namespace {
+
+class PrintingOnCompany : public ControlOnCompany {
+ protected:
+  ~PrintingOnCompany() override { control.reset(); }
+
+  void OpenWithLedger() {
+    control.reset();
+    ledger = std::make_unique<pricedown::testing::PageKeeper>();
+    control = std::make_unique<pricedown::PriceDown>(pricedown::PriceDownPorts{factory,
+                                                                               state,
+                                                                               questions,
+                                                                               screen,
+                                                                               container,
+                                                                               window,
+                                                                               treeView,
+                                                                               fontView,
+                                                                               u"Host",
+                                                                               nullptr,
+                                                                               editor,
+                                                                               {},
+                                                                               ledger.get()});
+    control->Initialize();
+    control->Show(nullptr);
+  }
+
+  std::unique_ptr<pricedown::testing::PageKeeper> ledger;
+};
+
+TEST_F(PrintingOnCompany, PutsTheItemsOfTheSelectedClassOnPaper) {
+  OpenWithLedger();
+  Select(u"A1");
+  control->PrintPara();
+  EXPECT_EQ(ledger->pageCount, 1);
+  EXPECT_EQ(ledger->Texts(), pricedown::testing::Lines(R"(
+      物料类别维护-明细物料
+      打印日期：2008-03-31
+      第 1 页
+      共 1 页
+      物料代码
+      物料名称
+      规格型号
+      标准单价
+      01.1
+      物料1
+      M1
+      01.2
+      物料2
+      M2
+      01.3
+      物料3
+      M3
+      )"));
+}
+
+TEST_F(PrintingOnCompany, PrintsAPriceThatWasTypedIntoTheGrid) {
+  OpenWithLedger();
+  Select(u"B1");
+  control->ItemSheet().SetText(4, 2, u"12.5");
+  control->PrintPara();
+  const pricedown::PageText& last = ledger->firstPage.texts.back();
+  EXPECT_EQ(pricedown::ToUtf8(last.text), "12.5");
+  EXPECT_EQ(last.alignment, pricedown::TextAlignment::Right);
+}
+
+TEST_F(PrintingOnCompany, PrintsTheTitlesAloneOfTheRoot) {
+  OpenWithLedger();
+  treeView.selected = 1;
+  control->NodeClicked(1);
+  control->PrintPara();
+  EXPECT_EQ(ledger->firstPage.texts.size(), 8u) << ledger->Texts();
+}
+
+TEST_F(PrintingOnCompany, RemembersTheFontOfThePreviewInTheNextControl) {
+  OpenWithLedger();
+  const pricedown::Font chosen{u"楷体", 12, true, false};
+  ledger->onPreview = [&] { ledger->Appearance().font = chosen; };
+  control->PreviewPara();
+  EXPECT_EQ(ledger->fonts[0].size, 9);
+  OpenWithLedger();
+  EXPECT_EQ(ledger->Appearance().font, chosen);
+  EXPECT_EQ(control->ItemSheet().CellFont(), chosen);
+  control->PreviewPara();
+  EXPECT_EQ(ledger->fonts[0], (pricedown::PageFont{u"楷体", 12, true, false, false}));
+  // A font that was chosen wins over the report size.
+  pricedown::SaveUserSetting(factory, u"Host", pricedown::kReportFontSizeKey, u"18");
+  control->NotifyMessage(u"Activate");
+  EXPECT_EQ(ledger->Appearance().font, chosen);
+}
+
+}  // namespace
+}  // namespace workbench
