@@ -38,6 +38,11 @@ Value Tools(CommandBar& bar, Access, std::span<Value> arguments) {
                           arguments);
 }
 
+Value ClickTool(BarTool& tool, Access, std::span<Value>) {
+  tool.Click();
+  return {};
+}
+
 Value Click(CommandBar& bar, Access, std::span<Value> arguments) {
   bar.Click(ToText(arguments.front()));
   return {};
@@ -52,8 +57,14 @@ void BarTool::Change(bool& state, bool value) {
   if (const ChangeHandler handler = change_) handler(*this);
 }
 
+void BarTool::Click() {
+  // A copy, because the command may end the control, which takes the handler away.
+  const ClickHandler handler = click_;
+  if (enabled_ && handler) handler(shared_from_this());
+}
+
 std::span<const Member<BarTool>> BarTool::Members() {
-  static constexpr std::array<Member<BarTool>, 7> kMembers{{
+  static constexpr std::array<Member<BarTool>, 8> kMembers{{
       {u"Name", MemberKind::Get, FixedText<&Definition::name>, 0, 0, true},
       {u"Caption", MemberKind::Get, FixedText<&Definition::caption>},
       {u"Description", MemberKind::Get, FixedText<&Definition::description>},
@@ -61,6 +72,7 @@ std::span<const Member<BarTool>> BarTool::Members() {
       {u"Enabled", MemberKind::GetPut, State<&BarTool::Enabled, &BarTool::SetEnabled>},
       {u"Checked", MemberKind::GetPut, State<&BarTool::Checked, &BarTool::SetChecked>},
       {u"Visible", MemberKind::GetPut, State<&BarTool::Visible, &BarTool::SetVisible>},
+      {u"Click", MemberKind::Method, ClickTool},
   }};
   return kMembers;
 }
@@ -92,8 +104,14 @@ std::shared_ptr<BarTool> CommandBar::Add(BarTool::Definition definition) {
     tool->SetChecked(true);
   }
   tool->OnChange(change_);
+  tool->OnClick(click_);
   tools_.push_back(tool);
   return tool;
+}
+
+void CommandBar::OnClick(BarTool::ClickHandler handler) {
+  click_ = std::move(handler);
+  for (const auto& tool : tools_) tool->OnClick(click_);
 }
 
 void CommandBar::OnChange(BarTool::ChangeHandler handler) {
@@ -102,7 +120,7 @@ void CommandBar::OnChange(BarTool::ChangeHandler handler) {
 }
 
 void CommandBar::Detach() {
-  click_ = nullptr;
+  OnClick(nullptr);
   OnChange(nullptr);
 }
 
@@ -112,9 +130,7 @@ void CommandBar::Click(std::u16string_view name) {
     throw AutomationError(ErrorNumber::InvalidArgument, Concatenate({u"命令栏没有该工具: ", name}),
                           u"BarList");
   }
-  // A copy, because the command may end the control, which detaches the bar.
-  const ClickHandler handler = click_;
-  if (tool->Enabled() && handler) handler(tool);
+  tool->Click();
 }
 
 std::span<const Member<CommandBar>> CommandBar::Members() {

@@ -3,7 +3,8 @@
 //
 // Members for hosts: Bands (Count, Item(index or name): Name, Tools), Tools (Count, Item(index or
 // name), Add(name, caption, category)), Click(name). A tool has Name, Caption, Description,
-// Category, Enabled, Checked, Visible; the first four are read-only. Indexes count from 1.
+// Category, Enabled, Checked, Visible and Click; the first four are read-only. Indexes count
+// from 1.
 #pragma once
 
 #include <functional>
@@ -24,6 +25,7 @@ inline constexpr std::u16string_view kEditTool = u"iEdit";
 inline constexpr std::u16string_view kToolStripTool = u"iToolBar";
 inline constexpr std::u16string_view kStatusBarTool = u"mnuViewStatusBar";
 inline constexpr std::u16string_view kCutTool = u"iCut";
+inline constexpr std::u16string_view kRefreshTool = u"iRefresh";
 
 class BarTool : public LocalObject<BarTool> {
  public:
@@ -51,6 +53,13 @@ class BarTool : public LocalObject<BarTool> {
   // Called after each change of Enabled, Checked or Visible; null for none.
   using ChangeHandler = std::function<void(const BarTool& tool)>;
   void OnChange(ChangeHandler handler) { change_ = std::move(handler); }
+  // Called when a client clicks the tool; null for none.
+  using ClickHandler = std::function<void(const ObjectPtr& tool)>;
+  void OnClick(ClickHandler handler) { click_ = std::move(handler); }
+
+  // What a click of a client does; nothing while the tool is disabled. Throws AutomationError when
+  // its command does.
+  void Click();
 
   static std::span<const Member<BarTool>> Members();
 
@@ -63,6 +72,7 @@ class BarTool : public LocalObject<BarTool> {
   bool checked_ = false;
   bool visible_ = true;
   ChangeHandler change_;
+  ClickHandler click_;
 };
 
 class CommandBar : public LocalObject<CommandBar> {
@@ -79,16 +89,15 @@ class CommandBar : public LocalObject<CommandBar> {
   // The bar's tool of that name: a new one, or the one that is there already, unchanged.
   std::shared_ptr<BarTool> Add(BarTool::Definition definition);
 
-  // Called when a client clicks a tool; null for none.
-  using ClickHandler = std::function<void(const ObjectPtr& tool)>;
-  void OnClick(ClickHandler handler) { click_ = std::move(handler); }
+  // Called when a client clicks any tool; null for none.
+  void OnClick(BarTool::ClickHandler handler);
   // Called after a change of any tool; null for none.
   void OnChange(BarTool::ChangeHandler handler);
   // Drops all handlers; clicks do nothing afterwards.
   void Detach();
 
-  // What a click of a client does; nothing for a disabled tool. Throws AutomationError when there
-  // is no such tool, or when its command does.
+  // Clicks the tool of that name. Throws AutomationError when there is none, or when its command
+  // does.
   void Click(std::u16string_view name);
 
   static std::span<const Member<CommandBar>> Members();
@@ -96,7 +105,7 @@ class CommandBar : public LocalObject<CommandBar> {
  private:
   std::vector<std::shared_ptr<BarTool>> tools_;
   std::size_t designedCount_ = 0;
-  ClickHandler click_;
+  BarTool::ClickHandler click_;
   BarTool::ChangeHandler change_;
 };
 

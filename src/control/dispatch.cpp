@@ -43,7 +43,7 @@ void PriceDown::BarToolClicked(const ObjectPtr& tool) {
     CloseContainer();
   } else if (key == kToolStripTool) {
     ToggleToolStrip(clicked);
-  } else if (key == u"iRefresh") {
+  } else if (key == kRefreshTool) {
     tree_.RefreshCurrentNode();
   } else if (key == kInsertTool) {
     ClassToolClicked(key, u"Add");
@@ -56,6 +56,20 @@ void PriceDown::BarToolClicked(const ObjectPtr& tool) {
     TakeCheckedState(clicked, kStatusBarTool);
     LayOut();
   }
+}
+
+void PriceDown::BarToolChosen(std::u16string_view name) {
+  if (!IsBarToolEnabled(name)) return;
+  std::shared_ptr<BarTool> tool = bar_->Tool(name);
+  if (tool == nullptr) {
+    tool = std::make_shared<BarTool>(BarTool::Definition{std::u16string(name), {}, {}, {}});
+  }
+  BarToolClicked(tool);
+}
+
+bool PriceDown::IsBarToolEnabled(std::u16string_view name) const {
+  const std::shared_ptr<BarTool> tool = bar_->Tool(name);
+  return tool == nullptr || tool->Enabled();
 }
 
 // A host may forward a click on a tool that it shows enabled although the bar's is not.

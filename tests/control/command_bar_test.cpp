@@ -129,6 +129,21 @@ TEST_F(CommandBarTest, HandsAClickedToolToItsHandler) {
   EXPECT_EQ(clicked.size(), 1u);
 }
 
+TEST_F(CommandBarTest, LetsHostsClickAToolItself) {
+  std::vector<ObjectPtr> clicked;
+  bar_->OnClick([&](const ObjectPtr& tool) { clicked.push_back(tool); });
+  const ObjectPtr designed = Of(bar_, u"Tools", {u"iCut"});
+  const ObjectPtr added = Of(Tools(), u"Add", {u"iRefresh"});
+  designed->Call(u"Click");
+  added->Call(u"Click");
+  EXPECT_EQ(clicked, (std::vector<ObjectPtr>{designed, added}));
+  designed->Put(u"Enabled", false);
+  designed->Call(u"Click");
+  bar_->Detach();
+  added->Call(u"Click");
+  EXPECT_EQ(clicked.size(), 2u);
+}
+
 TEST_F(CommandBarTest, MayBeDetachedByTheClickThatItHandles) {
   int clicks = 0;
   // The copied state is used behind Detach, so a destroyed handler would show.

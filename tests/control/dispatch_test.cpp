@@ -152,6 +152,26 @@ TEST_F(Dispatch, RefreshesNothingBeforeANodeWasSelected) {
   EXPECT_EQ(world_.log.Text(), "tool.Name()\nrelease tool\n");
 }
 
+TEST_F(Dispatch, RefreshesForAKeyAsForTheToolAndAddsNoTool) {
+  Start();
+  Click(kRefreshTool);
+  const std::string clicked = world_.log.Text();
+  const std::string effects = clicked.substr(clicked.find('\n') + 1);
+  world_.log.Clear();
+  Control().BarToolChosen(kRefreshTool);
+  EXPECT_EQ(world_.log.Text() + "release tool\n", effects);
+  EXPECT_EQ(Control().Bar()->Tool(kRefreshTool), nullptr);
+}
+
+TEST_F(Dispatch, RefreshesForNoKeyWhileTheHostHasDisabledTheTool) {
+  Start();
+  Control().Bar()->Add({std::u16string(kRefreshTool), u"", u"", u""})->SetEnabled(false);
+  Control().BarToolChosen(kRefreshTool);
+  EXPECT_EQ(world_.log.Text(), "");
+  EXPECT_FALSE(Control().IsBarToolEnabled(kRefreshTool));
+  EXPECT_TRUE(Control().IsBarToolEnabled(u"iPrint"));
+}
+
 TEST_F(Dispatch, DoesNothingForAnyOtherKey) {
   Start();
   for (const std::u16string_view key :
