@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "platform/error.h"
-#include "platform/skip.h"
 #include "windows/server/ambient.h"
 
 namespace pricedown::windows {
@@ -54,18 +53,9 @@ void HostedControl::NewSession() {
   FitParkedWindow();
 }
 
-std::shared_ptr<PriceDown> HostedControl::Ready() {
+std::shared_ptr<ControlSession> HostedControl::RunningSession() {
   if (!userMode_) throw AutomationError(E_UNEXPECTED, u"控件处于设计状态");
-  const auto session = session_;
-  if (!site_) session->Initialize();
-  return {session, &session->Core()};
-}
-
-std::shared_ptr<PriceDown> HostedControl::ReadyOrNull() noexcept {
-  if (!userMode_) return nullptr;
-  const auto session = session_;
-  if (!site_) SkipFailing([&] { session->Initialize(); });
-  return {session, &session->Core()};
+  return session_;
 }
 
 void HostedControl::SetSite(IOleClientSite* site) {
@@ -105,17 +95,21 @@ void HostedControl::End() noexcept {
 void HostedControl::Activate(bool ui) {
   const auto site = site_.Copy();
   if (!site) throw AutomationError(OLE_E_NOT_INPLACEACTIVE, u"控件没有容器");
+  FirstFailure steps;
   if (!session_->IsUsable()) {
     Deactivate();
-    SkipFailing([&] { Start(); });
+    steps.Run([&] { Start(); });
   }
-  const auto session = session_;
-  activation_.Activate(*site.get(), session->Window());
-  if (!activation_.IsActive()) return;
-  site->ShowObject();
-  if (ui && activation_.IsActive()) {
-    activation_.ActivateUi(activeObject_, session->Window(), true);
-  }
+  steps.Run([&] {
+    const auto session = session_;
+    activation_.Activate(*site.get(), session->Window());
+    if (!activation_.IsActive()) return;
+    site->ShowObject();
+    if (ui && activation_.IsActive()) {
+      activation_.ActivateUi(activeObject_, session->Window(), true);
+    }
+  });
+  steps.Rethrow();
 }
 
 void HostedControl::Deactivate() {

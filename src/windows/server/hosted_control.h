@@ -7,6 +7,7 @@
 
 #include <memory>
 
+#include "control/first_failure.h"
 #include "windows/com/boundary.h"
 #include "windows/server/control_session.h"
 #include "windows/server/in_place_activation.h"
@@ -31,14 +32,23 @@ class HostedControl {
     return AtBoundary(std::forward<Body>(body), interfaceId);
   }
 
-  // The core for a member call; runs its creation first when there is no container, and throws
-  // what that throws. Throws AutomationError in design mode.
-  std::shared_ptr<PriceDown> Ready();
-  // The same for the member that never fails; null in design mode.
-  std::shared_ptr<PriceDown> ReadyOrNull() noexcept;
+  // Runs a member on the core and answers its answer. Without a container the core's creation runs
+  // first; when that fails the member runs all the same, and the failure is thrown after it.
+  // Throws AutomationError in design mode.
+  template <typename Member>
+  Value RunMember(Member&& member) {
+    const auto session = RunningSession();
+    FirstFailure steps;
+    if (!site_) steps.Run([&] { session->Initialize(); });
+    Value answer;
+    steps.Run([&] { answer = member(session->Core()); });
+    steps.Rethrow();
+    return answer;
+  }
 
-  // Null leaves the container and ends the session. In run mode the core's creation runs; throws
-  // what that throws, with the site set.
+  // Whatever runs the core's creation, here and below, throws what that throws, after it has done
+  // all that it does.
+  // Null leaves the container and ends the session. In run mode the core's creation runs.
   void SetSite(IOleClientSite* site);
   ComPtr<IOleClientSite> Site() const { return site_.Copy(); }
   // The container's user mode may have changed.
@@ -61,6 +71,8 @@ class HostedControl {
   ControlWindow& Window() { return session_->Window(); }
 
  private:
+  // Throws AutomationError in design mode.
+  std::shared_ptr<ControlSession> RunningSession();
   void NewSession();
   void Start();
   void End() noexcept;

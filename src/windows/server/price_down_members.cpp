@@ -4,6 +4,8 @@
 
 #include <array>
 
+#include "platform/skip.h"
+
 namespace pricedown::windows {
 namespace {
 
@@ -24,40 +26,51 @@ constexpr std::array kSelBlock{DispatchParameter{u"grd", Coercion::Object},
                                DispatchParameter{u"lRow2", Coercion::Any, true}};
 
 Value NotifyMessage(HostedControl& control, Arguments arguments) {
-  control.Ready()->NotifyMessage(arguments[0].Text());
-  return {};
+  return control.RunMember([&](PriceDown& core) -> Value {
+    core.NotifyMessage(arguments[0].Text());
+    return {};
+  });
 }
 
 Value RefreshToolbar(HostedControl& control, Arguments) {
-  control.Ready()->RefreshToolbar();
-  return {};
+  return control.RunMember([](PriceDown& core) -> Value {
+    core.RefreshToolbar();
+    return {};
+  });
 }
 
+// Never fails, whatever becomes of the creation.
 Value Show(HostedControl& control, Arguments arguments) {
-  if (const auto core = control.ReadyOrNull()) core->Show(arguments[0]);
+  SkipFailing([&] {
+    control.RunMember([&](PriceDown& core) -> Value { return core.Show(arguments[0]); });
+  });
   return true;
 }
 
 Value SetShowMode(HostedControl& control, Arguments arguments) {
-  control.Ready()->SetShowMode(arguments[0].Int16());
-  return {};
+  return control.RunMember([&](PriceDown& core) -> Value {
+    core.SetShowMode(arguments[0].Int16());
+    return {};
+  });
 }
 
 Value ToolBarClick(HostedControl& control, Arguments arguments) {
-  control.Ready()->ParentWindow_ToolBarClick(arguments[0].Object());
-  return {};
+  return control.RunMember([&](PriceDown& core) -> Value {
+    core.ParentWindow_ToolBarClick(arguments[0].Object());
+    return {};
+  });
 }
 
 Value SelBlock(HostedControl& control, Arguments arguments) {
-  control.Ready()->SelBlock(arguments[0].Object(), arguments[1], arguments[2], arguments[3],
-                            arguments[4]);
-  return {};
+  return control.RunMember([&](PriceDown& core) -> Value {
+    core.SelBlock(arguments[0].Object(), arguments[1], arguments[2], arguments[3], arguments[4]);
+    return {};
+  });
 }
 
 template <Value (PriceDown::*command)()>
 Value Run(HostedControl& control, Arguments) {
-  const auto core = control.Ready();
-  return ((*core).*command)();
+  return control.RunMember([](PriceDown& core) { return (core.*command)(); });
 }
 
 // In the order of the interface.

@@ -12,6 +12,7 @@ LRESULT CALLBACK HostFrame::Procedure(HWND window, UINT message, WPARAM wParam, 
   auto* host = reinterpret_cast<HostFrame*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (message == WM_CLOSE && host != nullptr) {
     host->log_.Add("host WM_CLOSE " + std::to_string(wParam) + " " + std::to_string(lParam));
+    if (host->onClose) host->onClose();
     return 0;
   }
   return DefWindowProcW(window, message, wParam, lParam);

@@ -2,6 +2,7 @@
 // Tests change the script and the container before they use the control.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -24,6 +25,8 @@ class HostFrame {
   HWND Handle() const { return handle_; }
   // Destroys the window now; harmless when it is gone.
   void Destroy();
+  // Runs at each WM_CLOSE, once it is logged.
+  std::function<void()> onClose;
 
  private:
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);

@@ -60,6 +60,25 @@ TEST(FailingCreation, IsTheResultOfGivingTheSite) {
   EXPECT_EQ(Expression(host.control.get(), L"Show", {ObjectOf(nullptr)}), "S_OK True");
 }
 
+TEST(FailingCreation, KeepsNoMemberFromRunning) {
+  ControlHost host;
+  host.world.factory.Refuses(u"ZEPEBSBase.SystemProfile");
+  EXPECT_EQ(Statement(host.control.get(), L"ModelCurrent").substr(0, 18), "exception 800A01AD");
+  // Once for the creation, once for the member.
+  EXPECT_EQ(host.world.log.Count(ExecuteLine(kModeStatement)), 2U);
+}
+
+TEST(FailingCreation, IsTheResultOfTheActivationThatRanItAgain) {
+  ControlHost host;
+  host.Open();
+  host.Close();
+  host.world.factory.Refuses(u"ZEPEBSBase.SystemProfile");
+  EXPECT_EQ(Hexadecimal(host.DoVerb(OLEIVERB_SHOW)), "800A01AD");
+  EXPECT_NE(host.Window(), nullptr);
+  EXPECT_EQ(host.DoVerb(OLEIVERB_SHOW), S_OK);
+  host.Close();
+}
+
 TEST(FailingCreation, IsTheResultOfTheFirstMember) {
   ControlHost host;
   host.world.factory.Refuses(u"ZEPEBSBase.SystemProfile");
