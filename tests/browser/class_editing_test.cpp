@@ -276,8 +276,8 @@ TEST_F(ClassEditing, LeavesAFormAloneThatIsBeingShown) {
     EXPECT_EQ(state_.itemRecordset.RecordCount(), 1);
   };
   commands_.Edit();
-  EXPECT_EQ(adding, static_cast<std::int32_t>(ErrorNumber::InvalidArgument));
-  EXPECT_EQ(editing, static_cast<std::int32_t>(ErrorNumber::InvalidArgument));
+  EXPECT_EQ(adding, static_cast<std::int32_t>(ErrorNumber::Unspecified));
+  EXPECT_EQ(editing, static_cast<std::int32_t>(ErrorNumber::Unspecified));
 }
 
 // A grid in the mode without classes has no such column.
