@@ -144,10 +144,10 @@ STDMETHODIMP OleObjectPart::SetColorScheme(LOGPALETTE*) noexcept { return E_NOTI
 
 STDMETHODIMP OleObjectPart::GetControlInfo(CONTROLINFO* info) noexcept {
   if (info == nullptr || info->cb < sizeof *info) return E_POINTER;
-  // No keys of its own that work from outside.
+  // No keys of its own that work from outside. Inside, Enter edits.
   info->hAccel = nullptr;
   info->cAccel = 0;
-  info->dwFlags = 0;
+  info->dwFlags = CTRLINFO_EATS_RETURN;
   return S_OK;
 }
 

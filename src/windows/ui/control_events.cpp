@@ -4,9 +4,11 @@
 
 #include <commctrl.h>
 
+#include <array>
 #include <chrono>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "control/tool_strip.h"
 #include "env/translation.h"
@@ -25,6 +27,18 @@ namespace {
 // Newer than the headers' lowest supported system.
 constexpr UINT kDpiChanged = 0x02E0;
 constexpr UINT kDpiChangedAfterParent = 0x02E3;
+
+constexpr std::array kTreeMenu{UserCommand::Add,     UserCommand::Edit,  UserCommand::Delete,
+                               UserCommand::Refresh, UserCommand::Print, UserCommand::Preview};
+
+// Position from 1; 0 when the strip has no such button.
+std::size_t StripPosition(UserCommand command) {
+  const std::u16string_view key = StripKeyOf(command);
+  for (std::size_t i = 0; i < kStripButtons.size(); ++i) {
+    if (kStripButtons[i].key == key) return i + 1;
+  }
+  return 0;
+}
 
 constexpr UINT kMarqueePause = 30;  // milliseconds
 
@@ -58,6 +72,52 @@ void ControlWindow::StripButtonClicked(std::size_t position) {
   Fire([position](PriceDown& control) {
     control.StripButtonClicked(std::u16string(kStripButtons[position - 1].key));
   });
+}
+
+bool ControlWindow::IsEnabled(UserCommand command) const {
+  if (control_ == nullptr) return false;
+  switch (command) {
+    case UserCommand::Copy:
+      return control_->ItemSheet().MaxRows() > 0;
+    case UserCommand::Refresh:
+      return control_->IsBarToolEnabled(kRefreshTool);
+    default:
+      return children_->strip.IsEnabled(StripPosition(command));
+  }
+}
+
+std::u16string ControlWindow::CaptionOf(UserCommand command) const {
+  if (command == UserCommand::Copy) return Translate(u"复制");
+  if (command == UserCommand::Refresh) return Translate(u"刷新");
+  return children_->strip.Caption(StripPosition(command));
+}
+
+// All but copying and refreshing is what the strip's button does, with its right.
+void ControlWindow::CommandChosen(UserCommand command) {
+  if (!IsEnabled(command)) return;
+  if (command == UserCommand::Copy) {
+    SendMessageW(children_->sheet.Handle(), WM_COPY, 0, 0);
+  } else if (command == UserCommand::Refresh) {
+    Fire([](PriceDown& control) { control.BarToolChosen(kRefreshTool); });
+  } else {
+    StripButtonClicked(StripPosition(command));
+  }
+}
+
+void ControlWindow::MenuRequested(HWND child, POINT place) {
+  std::vector<CommandLine> lines;
+  for (const UserCommand command : kTreeMenu) {
+    lines.push_back({command, CaptionOf(command), IsEnabled(command)});
+  }
+  lines[3].beginsGroup = true;
+  if (child == children_->sheet.Handle()) {
+    lines.push_back(
+        {UserCommand::Copy, CaptionOf(UserCommand::Copy), IsEnabled(UserCommand::Copy), true});
+  }
+  // While the menu is open the host may close everything.
+  const std::shared_ptr<void> hold = hold_ ? hold_() : nullptr;
+  const auto chosen = ChooseFromMenu(Handle(), place, lines);
+  if (chosen && Handle() != nullptr) CommandChosen(*chosen);
 }
 
 void ControlWindow::SplitterEvent(SplitterAction action, std::int32_t pixels) {

@@ -92,11 +92,15 @@ bool ControlWindow::TranslateKey(MSG& message) {
   const bool inSheet = focus == c.sheet.Handle();
   const bool inEditor = IsChild(c.sheet.Handle(), focus) != FALSE;
   bool ours = message.message == WM_KEYDOWN && IsMoveKey(message.wParam);
+  if (focus == c.tree.Handle() || inSheet) {
+    ours = ours || (message.message == WM_KEYDOWN && CommandOfKey(message.wParam).has_value());
+  }
   if (inStrip) ours = ours || IsKeyDown(message, VK_RETURN) || IsKeyDown(message, VK_SPACE);
   if (inSheet) {
     ours = ours || (control && (IsKeyDown(message, 'C') || IsKeyDown(message, 'A') ||
                                 IsKeyDown(message, VK_INSERT)));
   }
+  if (inEditor) ours = ours || IsKeyDown(message, VK_F5);
   if (inEditor || focus == c.splitter.Handle()) {
     ours = ours || IsKeyDown(message, VK_RETURN) || IsKeyDown(message, VK_ESCAPE);
   }

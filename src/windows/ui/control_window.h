@@ -99,12 +99,16 @@ class ControlWindow final : public PriceDownView,
   // ChildEvents
   void NodeClicked(NodeIndex node) override;
   void StripButtonClicked(std::size_t position) override;
+  void CommandChosen(UserCommand command) override;
+  void MenuRequested(HWND child, POINT place) override;
   void SplitterEvent(SplitterAction action, std::int32_t pixels) override;
   void TabPressed(bool backwards) override;
   void FocusEntered(HWND from) override;
   void ItemsChanged() override;
   bool Waiting() const override { return waiting_; }
 
+  bool IsEnabled(UserCommand command) const;
+  std::u16string CaptionOf(UserCommand command) const;
   template <typename Command>
   void Fire(Command&& command);
 

@@ -105,6 +105,9 @@ bool SheetEditor::OnKeyDown(WPARAM key) {
     case VK_NEXT:
       Finish(key);
       return true;
+    case VK_F5:
+      events_.FunctionKeyPressed(key);
+      return true;
     default:
       return false;
   }

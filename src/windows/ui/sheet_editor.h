@@ -18,6 +18,8 @@ class EditorEvents {
   // when it was something else.
   virtual void EditingAccepted(std::u16string_view text, WPARAM key) = 0;
   virtual void EditingCancelled() = 0;
+  // F5, which is not the editor's.
+  virtual void FunctionKeyPressed(WPARAM key) = 0;
 
  protected:
   ~EditorEvents() = default;

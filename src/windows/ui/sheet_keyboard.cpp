@@ -127,9 +127,22 @@ bool SheetWindow::OnKeyDown(WPARAM key) {
   return OnMoveKey(key, shift);
 }
 
+// In an open cell F2 and Enter mean its number, anywhere else the class.
+void SheetWindow::OnCommandKey(UserCommand command) {
+  if (command == UserCommand::Edit && CanEdit()) {
+    BeginEditing({});
+  } else {
+    events_.CommandChosen(command);
+  }
+}
+
 LRESULT SheetWindow::OnKeyboard(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_KEYDOWN:
+      if (const auto command = CommandOfKey(wParam)) {
+        if (!IsRepeated(lParam)) OnCommandKey(*command);
+        return 0;
+      }
       return OnKeyDown(wParam) ? 0 : Default(message, wParam, lParam);
     case WM_CHAR: {
       const char16_t unit = static_cast<char16_t>(wParam);
@@ -180,6 +193,14 @@ void SheetWindow::EditingAccepted(std::u16string_view text, WPARAM key) {
   } else {
     OnKeyDown(key);
   }
+}
+
+// The keys that work while a number is typed; it is taken over first.
+void SheetWindow::FunctionKeyPressed(WPARAM key) {
+  editor_.Finish(0);
+  if (Handle() == nullptr) return;
+  SetFocus(Handle());
+  if (const auto command = CommandOfKey(key)) events_.CommandChosen(*command);
 }
 
 void SheetWindow::EditingCancelled() {

@@ -175,6 +175,8 @@ LRESULT SheetWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CHAR:
     case WM_COPY:
       return OnKeyboard(message, wParam, lParam);
+    case WM_CONTEXTMENU:
+      return OnContextMenu(lParam) ? 0 : Default(message, wParam, lParam);
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
     case WM_RBUTTONDOWN:

@@ -64,6 +64,8 @@ class SheetWindow final : public BoundWindow, public SheetView, private EditorEv
   void FitColumn(std::int32_t column);
 
   bool OnKeyDown(WPARAM key);
+  void OnCommandKey(UserCommand command);
+  bool OnContextMenu(LPARAM place);
   bool OnControlKey(WPARAM key, bool extend);
   bool OnMoveKey(WPARAM key, bool extend);
   void MoveTo(std::int32_t column, std::int32_t row, bool extend);
@@ -75,6 +77,7 @@ class SheetWindow final : public BoundWindow, public SheetView, private EditorEv
   void BeginEditing(std::u16string_view first);
   void EditingAccepted(std::u16string_view text, WPARAM key) override;
   void EditingCancelled() override;
+  void FunctionKeyPressed(WPARAM key) override;
 
   ChildEvents& events_;
   Sheet* sheet_ = nullptr;

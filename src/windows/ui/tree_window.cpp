@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <utility>
 
 #include "windows/com/wide_text.h"
@@ -165,26 +166,72 @@ LRESULT TreeWindow::OnFocus(WPARAM wParam, LPARAM lParam) {
 }
 
 // True when the key was used up.
-bool TreeWindow::OnKeyDown(WPARAM key) {
+bool TreeWindow::OnKeyDown(WPARAM key, bool repeated) {
   if (key == VK_TAB) {
     events_.TabPressed(GetKeyState(VK_SHIFT) < 0);
     return true;
   }
+  if (const auto command = CommandOfKey(key)) {
+    // A key that is held down gives its command once.
+    if (!repeated) events_.CommandChosen(*command);
+    return true;
+  }
   if (IsNavigationKey(key) && TreeView_GetSelection(Handle()) == nullptr && !items_.empty()) {
+    // The new selection is reported from within, as the last step.
     TreeView_SelectItem(Handle(), TreeView_GetFirstVisible(Handle()));
-    const bool clicked = std::exchange(pending_->clicked, false);
-    const NodeIndex node = SelectedNode();
-    if (clicked && node != kNoNode) events_.NodeClicked(node);
     return true;
   }
   return false;
 }
 
+// Selects the node as a click does, so that the menu is the menu of that node. The system's own
+// part would wait for the button to go up.
+void TreeWindow::OnRightPress(POINT point) {
+  SetFocus(Handle());
+  if (Handle() == nullptr) return;
+  TVHITTESTINFO hit{};
+  hit.pt = point;
+  if (TreeView_HitTest(Handle(), &hit) == nullptr || (hit.flags & TVHT_ONITEM) == 0) return;
+  if (hit.hItem != TreeView_GetSelection(Handle())) TreeView_SelectItem(Handle(), hit.hItem);
+}
+
+bool TreeWindow::OnContextMenu(LPARAM place) {
+  POINT point{GET_X_LPARAM(place), GET_Y_LPARAM(place)};
+  RECT client{};
+  GetClientRect(Handle(), &client);
+  if (place == -1) {
+    // Asked for by keyboard: below the selected node.
+    RECT node{};
+    const HTREEITEM selected = TreeView_GetSelection(Handle());
+    // The message takes the node in the memory that it answers in.
+    std::memcpy(&node, &selected, sizeof selected);
+    if (selected == nullptr ||
+        SendMessageW(Handle(), TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&node)) == 0) {
+      node = {};
+    }
+    point = {std::clamp(node.left, client.left, client.right),
+             std::clamp(node.bottom, client.top, client.bottom)};
+    ClientToScreen(Handle(), &point);
+  } else {
+    POINT inside = point;
+    ScreenToClient(Handle(), &inside);
+    if (PtInRect(&client, inside) == FALSE) return false;
+  }
+  events_.MenuRequested(Handle(), point);
+  return true;
+}
+
 LRESULT TreeWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_DESTROY) lastSelected_ = SelectedNode();
   if (message == WM_SETFOCUS) return OnFocus(wParam, lParam);
-  if (message == WM_KEYDOWN && OnKeyDown(wParam)) return 0;
-  if (message == WM_CHAR && wParam == VK_TAB) return 0;
+  if (message == WM_KEYDOWN && OnKeyDown(wParam, IsRepeated(lParam))) return 0;
+  // Tab, Enter, Ctrl+P: the system would look for a node of that name.
+  if (message == WM_CHAR && wParam < L' ') return 0;
+  if (message == WM_RBUTTONDOWN) {
+    OnRightPress({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+    return 0;
+  }
+  if (message == WM_CONTEXTMENU && OnContextMenu(lParam)) return 0;
   const std::shared_ptr<Pending> pending = pending_;
   ++pending->depth;
   const LRESULT result = Default(message, wParam, lParam);

@@ -48,7 +48,10 @@ class TreeWindow final : public BoundWindow {
 
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   LRESULT OnFocus(WPARAM wParam, LPARAM lParam);
-  bool OnKeyDown(WPARAM key);
+  bool OnKeyDown(WPARAM key, bool repeated);
+  void OnRightPress(POINT point);
+  // False for a click beside the client area.
+  bool OnContextMenu(LPARAM place);
   HTREEITEM ItemOf(NodeIndex index) const;
   bool MouseIsOnNode() const;
   void SizeItems();

@@ -229,6 +229,8 @@ TEST(TheObject, FiresNoEvents) {
   info.cb = sizeof info;
   EXPECT_EQ(host.As<IOleControl>()->GetControlInfo(&info), S_OK);
   EXPECT_EQ(info.cAccel, 0);
+  // Enter edits the selected class; it must not press the container's default button.
+  EXPECT_EQ(info.dwFlags, static_cast<DWORD>(CTRLINFO_EATS_RETURN));
 }
 
 }  // namespace

@@ -1,0 +1,38 @@
+// The commands that the user reaches from inside tree and grid, by key or by context menu.
+// What a command does is the core's, when it may be chosen is the control's window's.
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace pricedown::windows {
+
+enum class UserCommand { Add = 1, Edit, Delete, Refresh, Print, Preview, Copy };
+
+// The command of a key, with the modifiers that are down now: Insert, F2 or Enter, Delete, F5,
+// Ctrl+P. Not that of Ctrl+C, which is the grid's own.
+std::optional<UserCommand> CommandOfKey(WPARAM key);
+
+// Of a WM_KEYDOWN: whether the key was down before.
+inline bool IsRepeated(LPARAM keyData) { return (keyData & (1 << 30)) != 0; }
+
+// The key of the tool strip's button that does the same; empty when there is none.
+std::u16string_view StripKeyOf(UserCommand command);
+
+struct CommandLine {
+  UserCommand command;
+  std::u16string caption;
+  bool enabled;
+  bool beginsGroup = false;
+};
+
+// Shows the commands as a menu at `place` on the screen and answers the chosen one. Messages run
+// meanwhile. Requires: `owner` is a window of this thread.
+std::optional<UserCommand> ChooseFromMenu(HWND owner, POINT place,
+                                          std::span<const CommandLine> lines);
+
+}  // namespace pricedown::windows
