@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/error.h"
+#include "store/statements.h"
 #include "tests/support/utf8.h"
 #include "tests/windows_ui/picture.h"
 #include "tests/windows_ui/ui_world.h"
@@ -227,6 +228,86 @@ TEST(ControlWindow, ShowsTheHourglassOverItselfWhileWaiting) {
   world.screen->SetMousePointer(MousePointer::Default);
   EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_ARROW));
   EXPECT_NE(ask(), TRUE);
+}
+
+bool ShowsProgress(const UiWorld& world) {
+  return IsWindowVisible(world.Child(ids::kProgressBar)) != FALSE;
+}
+
+constexpr DWORD kLong = 350;  // milliseconds
+
+TEST(ControlWindow, ShowsTheProgressBarWhileALongTreeIsFilled) {
+  UiWorld world;
+  world.Start();
+  world.window->SetRedraw(false);
+  world.window->ClearNodes();
+  world.window->InsertNode(1, kNoNode, u"物料");
+  EXPECT_FALSE(ShowsProgress(world));
+  Sleep(kLong);
+  for (NodeIndex index = 2; index <= 1024; ++index) world.window->InsertNode(index, 1, u"类别");
+  EXPECT_TRUE(ShowsProgress(world));
+  EXPECT_EQ(Panel(world, 2), "请稍候…");
+  KeepPicture(world.host.Handle(), "progress");
+  world.window->SetRedraw(true);
+  EXPECT_FALSE(ShowsProgress(world));
+  EXPECT_EQ(Panel(world, 2), "");
+}
+
+TEST(ControlWindow, ShowsTheProgressBarWhileItWaitsForWorkThatTookLongBefore) {
+  UiWorld world;
+  world.Start();
+  world.window->SetWaiting(true);
+  EXPECT_FALSE(ShowsProgress(world));
+  Sleep(kLong);
+  world.window->SetWaiting(false);
+  world.window->SetWaiting(true);
+  EXPECT_TRUE(ShowsProgress(world));
+  world.window->SetWaiting(false);
+  EXPECT_FALSE(ShowsProgress(world));
+  // The last time was short.
+  world.window->SetWaiting(true);
+  EXPECT_FALSE(ShowsProgress(world));
+  world.window->SetWaiting(false);
+}
+
+TEST(ControlWindow, PaintsItsLabelsAnewWhenItsWidthChanges) {
+  UiWorld world;
+  world.Start();
+  const ObjectPtr controls = world.window->Form()->Get(u"Controls").Object();
+  controls->Call(u"Item", {u"Label1"}).Object()->Put(u"Caption", u"单位：元");
+  controls->Call(u"Item", {u"Label2"}).Object()->Put(u"Caption", u"第一册");
+  for (const int width : {260, 900, 420, 700, 300, 900}) {
+    world.window->MoveTo({0, 0, width, 560});
+    RunMessages();
+    const Picture resized = TakePicture(world.window->Handle());
+    RedrawWindow(world.window->Handle(), nullptr, nullptr,
+                 RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    RunMessages();
+    const Picture repainted = TakePicture(world.window->Handle());
+    EXPECT_EQ(resized.pixels, repainted.pixels) << width;
+    if (width == 260) KeepPicture(world.host.Handle(), "narrow title");
+  }
+  KeepPicture(world.host.Handle(), "labels filled");
+}
+
+TEST(ControlWindow, DrawsTheNextItemsAfterALoadThatFailed) {
+  UiWorld world;
+  world.Start();
+  world.Click(world.Tree(), world.NodePoint(3));
+  world.Click(world.Tree(), world.NodePoint(6));
+  const Picture before = TakePicture(world.Grid());
+  // From the second time on: a recordset whose rows cannot be read, so that the load ends while
+  // the sheet's redrawing is off.
+  AnswerStatement(world.suite.factory, statements::ItemsOfClass(u"02"),
+                  Rows({u"FNumber"}, {{u"02.01.000"}}));
+  world.Click(world.Tree(), world.NodePoint(3));
+  ASSERT_EQ(world.suite.Messages(), 1u);
+  ASSERT_FALSE(world.control->ItemSheet().Redraw());
+  KeepPicture(world.host.Handle(), "after a failed load");
+  world.Click(world.Tree(), world.NodePoint(6));
+  EXPECT_TRUE(world.control->ItemSheet().Redraw());
+  EXPECT_EQ(Panel(world, 0), "05(外购半成品)    共 50 项物料");
+  EXPECT_EQ(TakePicture(world.Grid()).pixels, before.pixels);
 }
 
 TEST(ControlWindow, PutsAQuitMessageBackAfterPendingMessages) {

@@ -77,6 +77,8 @@ class SheetWindow : public ::testing::Test, private windows::ChildEvents {
   // ChildEvents
   void NodeClicked(NodeIndex) override {}
   void StripButtonClicked(std::size_t) override {}
+  void CommandChosen(windows::UserCommand command) override { commands_.push_back(command); }
+  void MenuRequested(HWND, POINT) override { ++menus_; }
   void SplitterEvent(windows::SplitterAction, std::int32_t) override {}
   void TabPressed(bool backwards) override { tabs_ += backwards ? "<" : ">"; }
   void FocusEntered(HWND) override {}
@@ -88,6 +90,8 @@ class SheetWindow : public ::testing::Test, private windows::ChildEvents {
   Sheet sheet_{4};
   windows::SheetWindow window_{*this};
   std::string tabs_;
+  std::vector<windows::UserCommand> commands_;
+  int menus_ = 0;
 };
 
 TEST_F(SheetWindow, MovesTheCurrentCellByArrowKeys) {
@@ -209,6 +213,35 @@ TEST_F(SheetWindow, RefusesWhatIsNoNumberOrAboveTheBound) {
   EXPECT_EQ(Utf8(windows::TextOf(Editor())), "99999999999.99");
   input_.Press(VK_RETURN);
   EXPECT_EQ(Cell(4, 1), "99999999999.99");
+}
+
+TEST_F(SheetWindow, F2AndEnterTypeInAnOpenCellAndEditTheClassInALockedOne) {
+  for (const WPARAM key : std::initializer_list<WPARAM>{VK_F2, VK_RETURN}) {
+    input_.Click(Handle(), CellPoint(2, 2));
+    input_.Press(key);
+    EXPECT_EQ(Editor(), nullptr);
+    EXPECT_EQ(commands_, std::vector{windows::UserCommand::Edit});
+    input_.Click(Handle(), CellPoint(4, 2));
+    input_.Press(key);
+    EXPECT_NE(Editor(), nullptr);
+    EXPECT_EQ(commands_.size(), 1u);
+    commands_.clear();
+    input_.Press(VK_ESCAPE);
+  }
+}
+
+TEST_F(SheetWindow, KeepsAllKeysButFunctionKeysWhileTyping) {
+  input_.Click(Handle(), CellPoint(4, 2));
+  input_.Type(u"12");
+  for (const WPARAM key : std::initializer_list<WPARAM>{VK_INSERT, VK_DELETE, VK_F2})
+    input_.Press(key);
+  input_.PressWith(VK_CONTROL, 'P');
+  EXPECT_NE(Editor(), nullptr);
+  EXPECT_TRUE(commands_.empty());
+  input_.Press(VK_F5);
+  EXPECT_EQ(Editor(), nullptr);
+  EXPECT_EQ(Cell(4, 2), "12.00");
+  EXPECT_EQ(commands_, std::vector{windows::UserCommand::Refresh});
 }
 
 TEST_F(SheetWindow, EscapeKeepsTheOldNumber) {
@@ -382,17 +415,43 @@ TEST_F(SheetWindow, AnEmptySheetShowsTitlesAndGridLines) {
   KeepPicture(host_.Handle(), "sheet empty");
 }
 
+// The system's tooltip background for a test.
+class TooltipColour {
+ public:
+  explicit TooltipColour(COLORREF colour) : before_(GetSysColor(index_)) { Set(colour); }
+  ~TooltipColour() { Set(before_); }
+  TooltipColour(const TooltipColour&) = delete;
+  TooltipColour& operator=(const TooltipColour&) = delete;
+
+ private:
+  static void Set(COLORREF colour) { SetSysColors(1, &index_, &colour); }
+
+  static constexpr int index_ = COLOR_INFOBK;
+  COLORREF before_;
+};
+
 TEST_F(SheetWindow, ShowsLockedCellsInTheTooltipColour) {
+  const TooltipColour yellow(RGB(0xFF, 0xFF, 0xE1));
   sheet_.SetBlockMode(true);
   sheet_.SetBlock({1, 1, 3, 100});
   sheet_.ColourBlock(0x0000FF);  // red, as automation colours have it
   const POINT inside = CellPoint(2, 3);
   EXPECT_EQ(TakePicture(Handle()).At(inside.x, inside.y), 0xFF0000u);
   sheet_.ColourBlock(kTooltipBackground);
-  const COLORREF tooltip = GetSysColor(COLOR_INFOBK);
-  EXPECT_EQ(TakePicture(Handle()).At(inside.x, inside.y),
-            static_cast<std::uint32_t>(GetRValue(tooltip) << 16 | GetGValue(tooltip) << 8 |
-                                       GetBValue(tooltip)));
+  EXPECT_EQ(TakePicture(Handle()).At(inside.x, inside.y), 0xFFFFE1u);
+}
+
+TEST_F(SheetWindow, TellsLockedCellsFromOpenOnesWhereTooltipsAreAsWhiteAsWindows) {
+  const TooltipColour white(GetSysColor(COLOR_WINDOW));
+  sheet_.SetBlockMode(true);
+  sheet_.SetBlock({1, 1, 3, 100});
+  sheet_.ColourBlock(kTooltipBackground);
+  const POINT locked = CellPoint(2, 3);
+  const POINT open = CellPoint(4, 3);
+  const Picture picture = TakePicture(Handle());
+  EXPECT_NE(picture.At(locked.x, locked.y), picture.At(open.x, open.y));
+  EXPECT_EQ(sheet_.Colour(2, 3), kTooltipBackground);
+  KeepPicture(host_.Handle(), "sheet with white tooltips");
 }
 
 TEST_F(SheetWindow, RowsAndTitlesFollowTheSheet) {

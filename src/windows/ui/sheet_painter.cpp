@@ -3,6 +3,7 @@
 #include "windows/ui/sheet_painter.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <optional>
 #include <string>
 
@@ -16,6 +17,14 @@ constexpr std::uint32_t kSystemColourFlag = 0x80000000;
 constexpr int kTextMargin = 4;      // pixels at 96 dpi
 constexpr int kGridLineShare = 45;  // of 255, from the background to the text
 constexpr int kCursorWidth = 2;
+constexpr int kTintShare = 20;  // of 255, where the tooltip's colour is that of open cells
+constexpr int kTooLike = 8;     // of 255, in each part of a colour
+
+bool LookAlike(COLORREF a, COLORREF b) {
+  return std::abs(GetRValue(a) - GetRValue(b)) < kTooLike &&
+         std::abs(GetGValue(a) - GetGValue(b)) < kTooLike &&
+         std::abs(GetBValue(a) - GetBValue(b)) < kTooLike;
+}
 
 class Painter {
  public:
@@ -102,7 +111,13 @@ class Painter {
     }
     const int index = static_cast<int>(*colour & 0xFF);
     background = GetSysColor(index);
-    if (index == COLOR_INFOBK) text = GetSysColor(COLOR_INFOTEXT);
+    if (index != COLOR_INFOBK) return;
+    const COLORREF open = GetSysColor(COLOR_WINDOW);
+    if (LookAlike(background, open)) {
+      background = Blend(open, text, kTintShare);
+    } else {
+      text = GetSysColor(COLOR_INFOTEXT);
+    }
   }
 
   void PaintText(std::u16string_view text, RECT area, UINT alignment) {
