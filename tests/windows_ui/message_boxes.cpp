@@ -51,6 +51,7 @@ void MessageBoxes::Answer(HWND box) {
     button = buttons_.front();
     buttons_.pop_front();
   }
+  if (button == 0) return;
   PostMessageW(box, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
                reinterpret_cast<LPARAM>(GetDlgItem(box, button)));
 }

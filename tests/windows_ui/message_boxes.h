@@ -17,7 +17,7 @@ class MessageBoxes {
   MessageBoxes(const MessageBoxes&) = delete;
   MessageBoxes& operator=(const MessageBoxes&) = delete;
 
-  // The buttons to press in the next boxes: IDYES, IDNO, IDOK.
+  // The buttons to press in the next boxes: IDYES, IDNO, IDOK; 0 leaves a box open.
   void WillPress(std::deque<int> buttons) { buttons_ = std::move(buttons); }
 
   struct Shown {
