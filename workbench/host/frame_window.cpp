@@ -5,6 +5,7 @@
 #include <commdlg.h>
 
 #include "platform/convert.h"
+#include "platform/skip.h"
 #include "platform/text.h"
 #include "windows/com/failure.h"
 #include "windows/com/wide_text.h"
@@ -58,7 +59,9 @@ void FrameWindow::Show(int command) {
 
 int FrameWindow::Run() {
   MSG message;
-  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+  for (;;) {
+    if (PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE) == FALSE) OnIdle();
+    if (GetMessageW(&message, nullptr, 0, 0) <= 0) break;
     ChildWindow* child = ActiveChild();
     const bool key = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
     if (TranslateMDISysAccel(client_, &message)) continue;
@@ -68,6 +71,13 @@ int FrameWindow::Run() {
     DispatchMessageW(&message);
   }
   return static_cast<int>(message.wParam);
+}
+
+// The control may change its tools at any time, and does not tell.
+void FrameWindow::OnIdle() {
+  pricedown::SkipFailing([&] {
+    if (merged_ != nullptr) toolbar_->RefreshStates();
+  });
 }
 
 void FrameWindow::OpenCompany(const std::wstring& location) {

@@ -54,6 +54,7 @@ class FrameWindow {
   void OnCommand(int id, WPARAM wParam, LPARAM lParam);
   void OnToolTip(LPARAM lParam) const;
   void LayOut();
+  void OnIdle();
   void ChooseCompany();
   void ChangeSettings();
   void ShowStatus();

@@ -109,9 +109,15 @@ void MergedToolbar::RefreshStates() {
   for (std::size_t i = 0; i < tools_.size(); ++i) {
     const auto id = static_cast<WPARAM>(IDM_FIRST_TOOL) + i;
     const ObjectPtr& tool = tools_[i].object;
-    SendMessageW(window_, TB_ENABLEBUTTON, id, MAKELPARAM(IsTrue(tool, u"Enabled"), 0));
-    SendMessageW(window_, TB_CHECKBUTTON, id, MAKELPARAM(IsTrue(tool, u"Checked"), 0));
-    SendMessageW(window_, TB_HIDEBUTTON, id, MAKELPARAM(!IsTrue(tool, u"Visible"), 0));
+    const UINT state = (IsTrue(tool, u"Enabled") ? TBSTATE_ENABLED : 0U) |
+                       (IsTrue(tool, u"Checked") ? TBSTATE_CHECKED : 0U) |
+                       (IsTrue(tool, u"Visible") ? 0U : TBSTATE_HIDDEN);
+    constexpr LRESULT kShown = TBSTATE_ENABLED | TBSTATE_CHECKED | TBSTATE_HIDDEN;
+    const LRESULT shown = SendMessageW(window_, TB_GETSTATE, id, 0) & kShown;
+    if (shown == static_cast<LRESULT>(state)) continue;
+    SendMessageW(window_, TB_ENABLEBUTTON, id, MAKELPARAM(state & TBSTATE_ENABLED, 0));
+    SendMessageW(window_, TB_CHECKBUTTON, id, MAKELPARAM((state & TBSTATE_CHECKED) != 0, 0));
+    SendMessageW(window_, TB_HIDEBUTTON, id, MAKELPARAM((state & TBSTATE_HIDDEN) != 0, 0));
   }
 }
 

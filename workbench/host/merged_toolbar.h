@@ -25,7 +25,7 @@ class MergedToolbar {
 
   // Shows the tools of `bar` in place of those before; null shows none.
   void Merge(const pricedown::ObjectPtr& bar);
-  // Takes over the tools' enabled, checked and visible states.
+  // Takes over the tools' enabled, checked and visible states; cheap when none has changed.
   void RefreshStates();
   // The tool of a command id, or null.
   pricedown::ObjectPtr ToolOf(int commandId) const;
