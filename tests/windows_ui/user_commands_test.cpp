@@ -1,6 +1,8 @@
 // The commands of tree and grid by key and by context menu, and the way that they take.
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "store/statements.h"
 #include "tests/support/utf8.h"
 #include "tests/windows_ui/context_menus.h"
@@ -272,6 +274,28 @@ TEST_F(UserCommands, TheKeyboardsMenuOpensAtTheSelection) {
   ClientToScreen(world_.Tree(), &node);
   EXPECT_GT(menu.Place().top, node.y);
   EXPECT_LT(menu.Place().top, node.y + 30);
+}
+
+TEST_F(UserCommands, TheMenuKeyAndShiftF10OpenTheMenu) {
+  Start();
+  for (const HWND window : {world_.Tree(), world_.Grid()}) {
+    SetFocus(window);
+    {
+      ContextMenus menu;
+      world_.Press(VK_APPS);
+      EXPECT_GE(menu.Lines().size(), 7u);
+    }
+    ContextMenus menu;
+    std::array<BYTE, 256> before{};
+    GetKeyboardState(before.data());
+    std::array<BYTE, 256> shift = before;
+    shift[VK_SHIFT] = 0x80;
+    SetKeyboardState(shift.data());
+    PostMessageW(window, WM_SYSKEYDOWN, VK_F10, 1);
+    RunMessages();
+    SetKeyboardState(before.data());
+    EXPECT_GE(menu.Lines().size(), 7u);
+  }
 }
 
 TEST_F(UserCommands, TheMenuShowsTheCaptionsThatTheSuiteGave) {

@@ -132,7 +132,7 @@ bool SheetWindow::OnContextMenu(LPARAM place) {
   POINT point{GET_X_LPARAM(place), GET_Y_LPARAM(place)};
   RECT client{};
   GetClientRect(Handle(), &client);
-  if (place == -1) {
+  if (place == kByKeyboard) {
     // Asked for by keyboard: below the current cell.
     const RECT cell = CellArea(Scene(), selection_.column, selection_.row);
     point = {std::clamp(cell.left, client.left, client.right),

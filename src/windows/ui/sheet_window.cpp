@@ -132,6 +132,10 @@ LRESULT SheetWindow::OnFocus(UINT message, WPARAM wParam) {
 }
 
 LRESULT SheetWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (AsksForMenu(message, wParam)) {
+    OnContextMenu(kByKeyboard);
+    return 0;
+  }
   switch (message) {
     case WM_ERASEBKGND:
       return 1;

@@ -199,7 +199,7 @@ bool TreeWindow::OnContextMenu(LPARAM place) {
   POINT point{GET_X_LPARAM(place), GET_Y_LPARAM(place)};
   RECT client{};
   GetClientRect(Handle(), &client);
-  if (place == -1) {
+  if (place == kByKeyboard) {
     // Asked for by keyboard: below the selected node.
     RECT node{};
     const HTREEITEM selected = TreeView_GetSelection(Handle());
@@ -229,6 +229,10 @@ LRESULT TreeWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_CHAR && wParam < L' ') return 0;
   if (message == WM_RBUTTONDOWN) {
     OnRightPress({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+    return 0;
+  }
+  if (AsksForMenu(message, wParam)) {
+    OnContextMenu(kByKeyboard);
     return 0;
   }
   if (message == WM_CONTEXTMENU && OnContextMenu(lParam)) return 0;

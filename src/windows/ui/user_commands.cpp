@@ -63,6 +63,11 @@ std::optional<UserCommand> CommandOfKey(WPARAM key) {
   }
 }
 
+bool AsksForMenu(UINT message, WPARAM key) {
+  return (message == WM_KEYUP && key == VK_APPS) ||
+         (message == WM_SYSKEYDOWN && key == VK_F10 && GetKeyState(VK_SHIFT) < 0);
+}
+
 std::u16string_view StripKeyOf(UserCommand command) {
   switch (command) {
     case UserCommand::Add:

@@ -11,6 +11,9 @@
 
 namespace pricedown::windows {
 
+// The place in a WM_CONTEXTMENU that no mouse made.
+inline constexpr LPARAM kByKeyboard = -1;
+
 enum class UserCommand { Add = 1, Edit, Delete, Refresh, Print, Preview, Copy };
 
 // The command of a key, with the modifiers that are down now: Insert, F2 or Enter, Delete, F5,
@@ -19,6 +22,10 @@ std::optional<UserCommand> CommandOfKey(WPARAM key);
 
 // Of a WM_KEYDOWN: whether the key was down before.
 inline bool IsRepeated(LPARAM keyData) { return (keyData & (1 << 30)) != 0; }
+
+// Whether a key message asks for the context menu: the menu key or Shift+F10. Neither all systems
+// nor all of their controls make WM_CONTEXTMENU of both.
+bool AsksForMenu(UINT message, WPARAM key);
 
 // The key of the tool strip's button that does the same; empty when there is none.
 std::u16string_view StripKeyOf(UserCommand command);

@@ -323,6 +323,20 @@ TEST(Keys, ThatTheControlDoesNotUseGoToItsSite) {
   EXPECT_EQ(active->TranslateAccelerator(nullptr), E_POINTER);
 }
 
+TEST(Keys, OfCommandsAreTheControlsWhileTreeOrGridHasTheFocus) {
+  ControlHost host;
+  host.Open();
+  host.DoVerb(OLEIVERB_UIACTIVATE);
+  host.world.log.Clear();
+  MSG key{};
+  key.hwnd = GetFocus();
+  key.message = WM_KEYDOWN;
+  key.wParam = VK_F5;
+  EXPECT_EQ(host.As<IOleInPlaceActiveObject>()->TranslateAccelerator(&key), S_OK);
+  EXPECT_EQ(host.world.log.Count(ExecuteLine(kItemsOf01)), 1U);
+  EXPECT_EQ(host.world.log.Text().find("site"), std::string::npos);
+}
+
 TEST(TwoControls, LiveBesideEachOther) {
   ControlHost first;
   first.Open();
