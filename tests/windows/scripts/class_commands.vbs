@@ -168,8 +168,12 @@ suite.VoucherPresent = False
 suite.Query "INSERT INTO ICPriceDownPrepare(FItemID,FYear,FPeriod,FHaveAdd,FCurrentAdd)VALUES(" & free & ",1999,1,0,5)"
 CheckEqual "amounts of an earlier year refuse", Delete(kYes), kQuestion & "该物料类别在以前期间已有业务发生，不得删除！|"
 CheckEqual "the refused class is still there", Rows("FItemClassNumber='SY2'"), CLng(1)
+suite.Query "update ICPriceDownPrepare set FYear=" & suite.CurrentYear & ", FPeriod=" & (suite.CurrentPeriod - 1) & " where FItemID=" & free
+CheckEqual "amounts of an earlier period of the year refuse", Delete(kYes), kQuestion & "该物料类别在以前期间已有业务发生，不得删除！|"
 suite.Query "update ICPriceDownPrepare set FCurrentAdd=0 where FItemID=" & free
-CheckEqual "amounts of zero do not refuse", Delete(kYes), kQuestion
+suite.Query "INSERT INTO ICPriceDownPrepare(FItemID,FYear,FPeriod,FHaveAdd,FCurrentAdd)VALUES(" & free & "," & suite.CurrentYear & "," & suite.CurrentPeriod & ",0,7)"
+CheckEqual "zero amounts, and those of the current period, do not refuse", Delete(kYes), kQuestion
 CheckEqual "the class is deleted", Rows("FItemClassNumber='SY2'"), CLng(0)
+CheckEqual "of its provisions only the current period's are", CLng(suite.Query("select count(*) from ICPriceDownPrepare where FItemID=" & free)), CLng(1)
 
 CloseWindows
