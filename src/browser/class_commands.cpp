@@ -91,12 +91,17 @@ bool ClassCommands::IsConfirmed(std::u16string_view number, std::u16string_view 
 
 void ClassCommands::Delete() {
   if (!RequireClass(u"请选择要删除的物料类别")) return;
-  const Recordset items = state_.itemRecordset;
-  items.MoveFirst();
-  const std::u16string number = ToText(items.Field(columns::kItemClassNumber));
-  const std::u16string name = ToText(items.Field(columns::kItemClassName));
-  if (!IsConfirmed(number, name)) return;
-  if (!DeleteGuarded(number)) return;
+  std::u16string number;
+  std::u16string name;
+  {
+    const Recordset items = state_.itemRecordset;
+    items.MoveFirst();
+    number = ToText(items.Field(columns::kItemClassNumber));
+    name = ToText(items.Field(columns::kItemClassName));
+  }
+  const std::shared_ptr<bool> ended = ended_;
+  if (!IsConfirmed(number, name) || *ended) return;
+  if (!DeleteGuarded(number) || *ended) return;
   tree_.LoadClassTree();
   tree_.SelectAndClick(kRootKey);
 }

@@ -111,6 +111,7 @@ Value PriceDown::ModelCurrent() {
 void PriceDown::Terminate() {
   if (terminated_) return;
   terminated_ = true;
+  commands_.End();
   if (printing_) printing_->Release();
   SkipFailing([&] { SaveSelection(); });
   // Moved out first: releasing the last reference may call back into the control.

@@ -1,5 +1,5 @@
 // The control's own row of buttons `tbToolBar` as data.
-// What a button does is dispatch.h; the window only shows it.
+// What a button does is dispatch.cpp; the window only shows it.
 #pragma once
 
 #include <array>

@@ -95,12 +95,12 @@ TEST_F(DeleteClass, AsksGuardsDeletesAndSelectsTheRoot) {
                   "tree redraw on\n"
                   "tree select 1\n"
                   "screen pointer 11\n"
+                  "release result\n"
                   "create ZEPConnection.AppConnection\n" +
                   ExecuteLine(kItemsOfRoot) +
                   "\nrelease ZEPConnection.AppConnection\n"
                   "screen pointer 0\n"
-                  "screen messages\n"
-                  "release result\n"));
+                  "screen messages\n"));
   EXPECT_EQ(Utf8(tree_.SelectedKey()), "gc0");
   EXPECT_EQ(grid_.Cells().MaxRows(), 0);
 }

@@ -249,7 +249,7 @@ TEST_F(Dispatch, KeepsTheLayoutWhenACheckToolCannotBeRead) {
   EXPECT_EQ(world_.log.Count("view place"), 0u);
 }
 
-TEST_F(Dispatch, DeletesAClassThroughTheStripAndReloadsTwice) {
+TEST_F(Dispatch, AsksBeforeDeletingThroughTheStripAndReloadsAfterNo) {
   Start();
   world_.questions.WillAnswer({false});
   Control().StripButtonClicked(u"Del");
@@ -258,6 +258,26 @@ TEST_F(Dispatch, DeletesAClassThroughTheStripAndReloadsTwice) {
             "ask question \"岚禾提示\": \"确定要删除当前记录? 当前的物料类别代码为:01  "
             "物料类别名称为:原料\" -> no\n" +
                 Reload());
+}
+
+TEST_F(Dispatch, DeletesNothingOnceTheControlHasEndedBehindTheQuestion) {
+  Start();
+  world_.questions.whileAsked = [this] { Control().Terminate(); };
+  world_.questions.WillAnswer({true});
+  Control().delRecord();
+  EXPECT_EQ(world_.log.Text().find("t_voucher"), std::string::npos) << world_.log.Text();
+  EXPECT_EQ(world_.log.Text().find("delete"), std::string::npos) << world_.log.Text();
+}
+
+TEST_F(Dispatch, DeletesNothingOnceTheControlIsGoneBehindTheQuestion) {
+  Start();
+  world_.questions.whileAsked = [this] {
+    Control().ItemSheet().Attach(nullptr);
+    world_.control.reset();
+  };
+  world_.questions.WillAnswer({true});
+  Control().delRecord();
+  EXPECT_EQ(world_.log.Text().find("t_voucher"), std::string::npos) << world_.log.Text();
 }
 
 TEST_F(Dispatch, AsksForAClassBeforeAnEditAndThenReloads) {
@@ -271,7 +291,7 @@ TEST_F(Dispatch, AsksForAClassBeforeAnEditAndThenReloads) {
   EXPECT_EQ(world_.log.Text(), "tell information \"岚禾提示\": \"请选择要删除的物料类别\"\n");
 }
 
-TEST_F(Dispatch, SaysThatPagesAreStillToCome) {
+TEST_F(Dispatch, SaysThatThereIsNoPrintingWithoutALedger) {
   Start();
   EXPECT_EQ(FailureOf([&] { Control().PrintPara(); }), "打印和打印预览尚未提供");
   EXPECT_EQ(FailureOf([&] { Control().PreviewPara(); }), "打印和打印预览尚未提供");

@@ -49,6 +49,7 @@ bool RecordingQuestions::Confirm(std::u16string_view text, std::u16string_view t
   const bool answer = answers_.front();
   answers_.pop_front();
   log_.Add(line + (answer ? " -> yes" : " -> no"));
+  if (whileAsked) whileAsked();
   return answer;
 }
 

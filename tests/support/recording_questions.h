@@ -3,6 +3,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <initializer_list>
 
 #include "platform/questions.h"
@@ -19,6 +20,8 @@ class RecordingQuestions : public UserQuestions {
   void WillAnswer(std::initializer_list<bool> answers);
   // Drops the answers that no question has taken.
   void ForgetAnswers() { answers_.clear(); }
+  // What happens while a question waits for its answer; empty for nothing.
+  std::function<void()> whileAsked;
 
   void Tell(std::u16string_view text, std::u16string_view title, MessageIcon icon) override;
   bool Confirm(std::u16string_view text, std::u16string_view title, MessageIcon icon) override;

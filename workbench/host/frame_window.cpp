@@ -24,6 +24,7 @@ namespace {
 
 constexpr const wchar_t* kClassName = L"WorkbenchFrame";
 constexpr const wchar_t* kTitle = L"岚禾工作台";
+constexpr int kBusinessMenuPosition = 1;
 constexpr int kWindowMenuPosition = 3;
 
 }  // namespace
@@ -194,6 +195,8 @@ void FrameWindow::OnCreate() {
   status_ = CreateWindowExW(0, STATUSCLASSNAMEW, L"", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0, 0,
                             0, 0, window_, nullptr, module_, nullptr);
   CLIENTCREATESTRUCT creation{};
+  // Kept, because a maximized child moves the menus.
+  businessMenu_ = GetSubMenu(GetMenu(window_), kBusinessMenuPosition);
   creation.hWindowMenu = GetSubMenu(GetMenu(window_), kWindowMenuPosition);
   creation.idFirstChild = IDM_FIRST_CHILD;
   client_ =
@@ -255,8 +258,7 @@ void FrameWindow::OnToolTip(LPARAM lParam) const {
 }
 
 void FrameWindow::RebuildEditMenu(HMENU menu) {
-  // The business menu ends with the tools of the active child.
-  if (menu != GetSubMenu(GetMenu(window_), 1)) return;
+  if (menu != businessMenu_) return;
   constexpr int kOwnItems = 2;
   while (GetMenuItemCount(menu) > kOwnItems) DeleteMenu(menu, kOwnItems, MF_BYPOSITION);
   if (merged_ == nullptr) return;

@@ -68,6 +68,7 @@ class FrameWindow {
   HACCEL accelerators_ = nullptr;
   std::unique_ptr<MergedToolbar> toolbar_;
   ChildWindow* merged_ = nullptr;
+  HMENU businessMenu_ = nullptr;  // ends with the tools of the active child
 };
 
 }  // namespace workbench

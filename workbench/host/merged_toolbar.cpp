@@ -136,6 +136,7 @@ ObjectPtr MergedToolbar::ToolNamed(std::u16string_view name) const {
 
 void MergedToolbar::AppendTo(HMENU menu) const {
   for (std::size_t i = 0; i < tools_.size(); ++i) {
+    if (!IsTrue(tools_[i].object, u"Visible")) continue;
     const UINT state = (IsTrue(tools_[i].object, u"Enabled") ? MF_ENABLED : MF_GRAYED) |
                        (IsTrue(tools_[i].object, u"Checked") ? MF_CHECKED : MF_UNCHECKED);
     AppendMenuW(menu, MF_STRING | state, static_cast<UINT_PTR>(IDM_FIRST_TOOL) + i,

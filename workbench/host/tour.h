@@ -39,6 +39,7 @@ class Tour {
   void AddOtherMode();
   void AddEditing();
   void AddRemoving();
+  void ExpectRows(std::u16string_view condition, std::int32_t count);
 
   HWND Child(int controlId) const;
   // Position from 1; kLastClass for the one at the end.

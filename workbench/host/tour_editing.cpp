@@ -4,6 +4,9 @@
 
 #include <commctrl.h>
 
+#include "platform/convert.h"
+#include "platform/error.h"
+#include "platform/text.h"
 #include "windows/ui/control_ids.h"
 #include "windows/ui/form_ids.h"
 #include "workbench/host/tour.h"
@@ -17,9 +20,7 @@ namespace form_ids = pricedown::windows::form_ids;
 namespace {
 
 // Positions, from 1: of the control's tool strip, and of the form's tool bar.
-constexpr std::size_t kAdd = 2;
 constexpr std::size_t kEdit = 3;
-constexpr std::size_t kDelete = 4;
 constexpr int kFormSave = 2;
 constexpr int kFormAddItem = 4;
 constexpr int kFormDelItem = 5;
@@ -40,9 +41,25 @@ void TypeInto(int id, const wchar_t* text) {
 
 }  // namespace
 
+// The class table has so many rows under that condition; otherwise the tour has failed.
+void Tour::ExpectRows(std::u16string_view condition, std::int32_t count) {
+  const std::u16string statement =
+      pricedown::Concatenate({u"select count(*) from icPriceDownClass where ", condition});
+  steps_.push_back({nullptr, [this, statement, count] {
+                      const pricedown::Value found = frame_.Settings()->Call(u"Query", {statement});
+                      if (pricedown::ToInt32(found) != count) {
+                        throw pricedown::AutomationError(pricedown::ErrorNumber::Unspecified,
+                                                         statement, u"Tour");
+                      }
+                    }});
+}
+
 void Tour::AddEditing() {
   steps_.push_back({nullptr, [this] { frame_.OpenChild(kItemClassesCaption); }});
-  steps_.push_back({L"13-new-class", [this] { PressStrip(kAdd); }});
+  steps_.push_back({L"13-new-class", [this] {
+                      SetFocus(Child(ids::kTree));
+                      PostKey(Child(ids::kTree), VK_INSERT);
+                    }});
   steps_.push_back({nullptr, [] {
                       TypeInto(form_ids::kClassNumber, L"DEMO");
                       TypeInto(form_ids::kClassName, L"演示类别");
@@ -63,6 +80,7 @@ void Tour::AddEditing() {
   }
   steps_.push_back({L"16-items-added", [] { PostKey(GetFocus(), VK_RETURN); }});
   steps_.push_back({L"17-saved", [] { PressFormTool(kFormSave); }});
+  ExpectRows(u"FItemClassNumber='DEMO' and FItemClassName='演示类别' and FPencentPrepare=12.5", 3);
   steps_.push_back({L"18-question-on-leaving", [] { PressFormTool(kFormExit); }});
   steps_.push_back({nullptr, [] { PressBoxButton(IDNO); }});
   steps_.push_back({L"19-class-in-the-tree", [this] { SelectClass(kLastClass); }});
@@ -79,9 +97,14 @@ void Tour::AddRemoving() {
   steps_.push_back({nullptr, [] { TypeInto(form_ids::kClassName, L"演示类别二"); }});
   steps_.push_back({nullptr, [] { PressFormTool(kFormSave); }});
   steps_.push_back({nullptr, [] { PressFormTool(kFormExit); }});
+  ExpectRows(u"FItemClassNumber='DEMO' and FItemClassName='演示类别二'", 2);
   steps_.push_back({L"22-class-renamed", [this] { SelectClass(kLastClass); }});
-  steps_.push_back({L"23-question-before-deleting", [this] { PressStrip(kDelete); }});
+  steps_.push_back({L"23-question-before-deleting", [this] {
+                      SetFocus(Child(ids::kTree));
+                      PostKey(Child(ids::kTree), VK_DELETE);
+                    }});
   steps_.push_back({L"24-class-deleted", [] { PressBoxButton(IDYES); }});
+  ExpectRows(u"FItemClassNumber='DEMO'", 0);
   steps_.push_back({L"25-closed-again", [this] { frame_.CloseChildren(); }});
 }
 

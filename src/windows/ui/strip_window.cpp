@@ -12,6 +12,7 @@
 #include "windows/ui/control_ids.h"
 #include "windows/ui/fonts.h"
 #include "windows/ui/plain_control.h"
+#include "windows/ui/user_commands.h"
 
 namespace pricedown::windows {
 namespace {
@@ -213,7 +214,7 @@ void StripWindow::SetHot(int index) {
 }
 
 // True when the key was used up.
-bool StripWindow::OnKeyDown(WPARAM key) {
+bool StripWindow::OnKeyDown(WPARAM key, bool repeated) {
   switch (key) {
     case VK_TAB:
       events_.TabPressed(GetKeyState(VK_SHIFT) < 0);
@@ -236,7 +237,10 @@ bool StripWindow::OnKeyDown(WPARAM key) {
     case VK_SPACE: {
       const int hot = HotButton();
       const auto position = static_cast<std::size_t>(hot) + 1;
-      if (hot != kNoButton && IsEnabled(position)) events_.StripButtonClicked(position);
+      // A key that is held down presses once.
+      if (!repeated && hot != kNoButton && IsEnabled(position)) {
+        events_.StripButtonClicked(position);
+      }
       return true;
     }
     default:
@@ -259,7 +263,7 @@ LRESULT StripWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_GETDLGCODE:
       return DLGC_WANTARROWS | DLGC_WANTCHARS;
     case WM_KEYDOWN:
-      if (OnKeyDown(wParam)) return 0;
+      if (OnKeyDown(wParam, IsRepeated(lParam))) return 0;
       break;
     case WM_CHAR:
       return 0;

@@ -67,7 +67,7 @@ class StripWindow final : public BoundWindow {
 
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   LRESULT OnSystemPart(UINT message, WPARAM wParam, LPARAM lParam);
-  bool OnKeyDown(WPARAM key);
+  bool OnKeyDown(WPARAM key, bool repeated);
   int NextButton(int from, int step) const;
   int HotButton() const;
   void SetHot(int index);

@@ -161,9 +161,11 @@ Function Delete(press)
 End Function
 Const kQuestion = "确定要删除当前记录? 当前的物料类别代码为:SY2  物料类别名称为:改名|"
 
-CheckEqual "No deletes nothing", Delete(kNo), kQuestion
+CheckEqual "No asks and says nothing else", Delete(kNo), kQuestion
+CheckEqual "No deletes nothing", Rows("FItemClassNumber='SY2'"), CLng(1)
 suite.VoucherPresent = True
 CheckEqual "a voucher of the period refuses", Delete(kYes), kQuestion & "本期跌价准备数据已经生成凭证，不得删除物料类别！|"
+CheckEqual "the class with a voucher is still there", Rows("FItemClassNumber='SY2'"), CLng(1)
 suite.VoucherPresent = False
 suite.Query "INSERT INTO ICPriceDownPrepare(FItemID,FYear,FPeriod,FHaveAdd,FCurrentAdd)VALUES(" & free & ",1999,1,0,5)"
 CheckEqual "amounts of an earlier year refuse", Delete(kYes), kQuestion & "该物料类别在以前期间已有业务发生，不得删除！|"
