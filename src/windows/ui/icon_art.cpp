@@ -32,12 +32,17 @@ void Page(IconCanvas& canvas, double left, double right) {
   for (const double y : {4.0, 7.0, 10.0}) canvas.Box(left + 2, y, right - 2, y + 1, kLines);
 }
 
-void DrawAdd(IconCanvas& canvas) {
-  Page(canvas, 1, 12);
+// The sign of adding, over the lower right of a picture.
+void Plus(IconCanvas& canvas) {
   canvas.Box(7, 9, 16, 14, kPaper);
   canvas.Box(9, 7, 14, 16, kPaper);
   canvas.Box(8, 10, 15, 13, kGreen);
   canvas.Box(10, 8, 13, 15, kGreen);
+}
+
+void DrawAdd(IconCanvas& canvas) {
+  Page(canvas, 1, 12);
+  Plus(canvas);
 }
 
 void DrawEdit(IconCanvas& canvas) {
@@ -121,10 +126,7 @@ void Parcel(IconCanvas& canvas) {
 
 void DrawAddItem(IconCanvas& canvas) {
   Parcel(canvas);
-  canvas.Box(7, 9, 16, 14, kPaper);
-  canvas.Box(9, 7, 14, 16, kPaper);
-  canvas.Box(8, 10, 15, 13, kGreen);
-  canvas.Box(10, 8, 13, 15, kGreen);
+  Plus(canvas);
 }
 
 void DrawRemoveItem(IconCanvas& canvas) {
