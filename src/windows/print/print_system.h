@@ -1,0 +1,57 @@
+// The calls to the system's spooler and dialogs that printing consists of, each behind a member
+// that tests let fail. Nothing here decides what is called when.
+#pragma once
+
+#include <windows.h>
+
+#include <commdlg.h>
+
+namespace pricedown::windows {
+
+// Members answer what the system's functions of nearly the same name answer, and leave
+// GetLastError as these do.
+class Spooler {
+ public:
+  virtual ~Spooler() = default;
+
+  // A device context of the printer, to print on or only to ask; null when there is none.
+  virtual HDC OpenContext(const wchar_t* driver, const wchar_t* device, const DEVMODEW* mode);
+  virtual HDC OpenInformation(const wchar_t* driver, const wchar_t* device, const DEVMODEW* mode);
+  virtual void CloseContext(HDC context);
+
+  virtual int BeginDocument(HDC context, const DOCINFOW& document);
+  virtual int BeginPage(HDC context);
+  virtual int FinishPage(HDC context);
+  virtual int FinishDocument(HDC context);
+  virtual void AbortDocument(HDC context);
+};
+
+class PrintDialogs {
+ public:
+  virtual ~PrintDialogs() = default;
+
+  // FALSE with `error` 0 after a cancel, else with CommDlgExtendedError.
+  virtual BOOL Print(PRINTDLGW& dialog, DWORD& error);
+  virtual BOOL PageSetup(PAGESETUPDLGW& dialog, DWORD& error);
+};
+
+// Owns a printer's context; move-only.
+class PrinterContext {
+ public:
+  PrinterContext(Spooler& spooler, HDC context) : spooler_(&spooler), context_(context) {}
+  PrinterContext(PrinterContext&& other) noexcept
+      : spooler_(other.spooler_), context_(other.context_) {
+    other.context_ = nullptr;
+  }
+  PrinterContext& operator=(PrinterContext&&) = delete;
+  ~PrinterContext() {
+    if (context_ != nullptr) spooler_->CloseContext(context_);
+  }
+  HDC Get() const { return context_; }
+
+ private:
+  Spooler* spooler_;
+  HDC context_;
+};
+
+}  // namespace pricedown::windows

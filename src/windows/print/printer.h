@@ -1,0 +1,82 @@
+// The printer that the ledger prints on: which one, its set-up, and the paper that this gives.
+// Choosing is the dialogs' matter, printing print_job's.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+#include "print/paper.h"
+#include "windows/print/print_system.h"
+
+namespace pricedown::windows {
+
+// What a printer's device context tells of its paper, in dots.
+struct PrinterDots {
+  int perInchX = 0;
+  int perInchY = 0;
+  int paperWidth = 0;
+  int paperHeight = 0;
+  int offsetX = 0;  // of the printable area
+  int offsetY = 0;
+  int printableWidth = 0;
+  int printableHeight = 0;
+};
+
+PrinterDots DotsOf(HDC printer);
+
+// The paper, with the strips at its edges that cannot be printed on as margins, rounded up.
+// A printer that tells no sizes has A4 without such strips.
+Paper PaperOf(const PrinterDots& dots);
+
+// Requires: what it is made of outlives it.
+class Printer {
+ public:
+  Printer(Spooler& spooler, PrintDialogs& dialogs) : spooler_(spooler), dialogs_(dialogs) {}
+  Printer(const Printer&) = delete;
+  Printer& operator=(const Printer&) = delete;
+
+  // Takes the user's default printer as it is set up, unless a dialog has chosen one; none when
+  // there is none. Throws AutomationError.
+  void UseDefault();
+  bool IsThere() const { return !device_.empty(); }
+  const std::wstring& Name() const { return device_; }
+
+  // As chosen, upright or turned. A4 with margins of 2 cm until something else is known. Margins
+  // are never less than what the printer cannot print on, whichever way the paper is turned.
+  const Paper& ChosenPaper() const { return paper_; }
+  // Sizes and margins from a dialog.
+  void ChoosePaper(const Paper& paper);
+
+  // For the system's dialogs: movable memory that the dialog may change or replace, null without
+  // a printer. The caller frees it. Throws std::bad_alloc.
+  HGLOBAL CopyMode() const;
+  HGLOBAL CopyNames() const;
+  // Takes printer, set-up and paper from what a dialog has left there; null leaves all as it is.
+  // The margins stay. Throws AutomationError when the printer cannot be asked for its paper.
+  void Choose(HGLOBAL mode, HGLOBAL names);
+
+  // A context to print on, on the chosen paper or on the same turned. Throws AutomationError.
+  // Requires: there is a printer.
+  PrinterContext Open(bool turned) const;
+  Spooler& GetSpooler() const { return spooler_; }
+  PrintDialogs& GetDialogs() const { return dialogs_; }
+
+ private:
+  void Take(HGLOBAL mode, HGLOBAL names);
+  void AskForPaper();
+  std::vector<std::byte> ModeFor(bool turned) const;
+
+  Spooler& spooler_;
+  PrintDialogs& dialogs_;
+  std::wstring device_;
+  std::wstring driver_;
+  std::wstring output_;
+  std::vector<std::byte> mode_;  // DEVMODEW with the driver's data behind it; may be empty
+  Paper paper_;
+  PageBox unprintable_;  // upright and turned alike
+  bool chosen_ = false;
+};
+
+}  // namespace pricedown::windows
