@@ -26,10 +26,6 @@ FontHandle Make(const LOGFONTW& description) {
   return font;
 }
 
-bool HasChinese(std::u16string_view name) {
-  return std::any_of(name.begin(), name.end(), [](char16_t unit) { return unit > 0x7F; });
-}
-
 LOGFONTW MessageFont(Dpi dpi) {
   NONCLIENTMETRICSW metrics{};
   metrics.cbSize = sizeof metrics;
@@ -50,9 +46,14 @@ LOGFONTW MessageFont(Dpi dpi) {
 
 }  // namespace
 
+BYTE CharsetOf(std::u16string_view name) {
+  const bool chinese =
+      std::any_of(name.begin(), name.end(), [](char16_t unit) { return unit > 0x7F; });
+  return chinese ? GB2312_CHARSET : DEFAULT_CHARSET;
+}
+
 FontHandle MakeFont(const Font& font, Dpi dpi) {
-  const BYTE charset = HasChinese(font.name) ? GB2312_CHARSET : DEFAULT_CHARSET;
-  LOGFONTW description = Describe(font.name, charset, font.size, dpi);
+  LOGFONTW description = Describe(font.name, CharsetOf(font.name), font.size, dpi);
   if (font.bold) description.lfWeight = FW_BOLD;
   if (font.italic) description.lfItalic = TRUE;
   return Make(description);

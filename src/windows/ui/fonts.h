@@ -20,6 +20,9 @@ using FontHandle = GdiObject<HFONT>;
 FontHandle MakeFont(const Font& font, Dpi dpi);
 FontHandle MakeFont(std::u16string_view name, std::int32_t charset, double points, Dpi dpi);
 
+// The character set to ask for with a font's name.
+BYTE CharsetOf(std::u16string_view name);
+
 // The font that the user's system shows messages in.
 FontHandle MakeMessageFont(Dpi dpi);
 // The same in another size.

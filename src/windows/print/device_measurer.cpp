@@ -1,0 +1,79 @@
+// One pixel of the measuring context is a hundredth of a millimetre.
+// At that size the fitting of letters to pixels, which differs by device, no longer counts.
+#include "windows/print/device_measurer.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "windows/com/failure.h"
+#include "windows/com/wide_text.h"
+#include "windows/ui/gdi.h"
+
+namespace pricedown::windows {
+namespace {
+
+constexpr double kMeasuringResolution = 2540;  // per inch
+constexpr int kPerTenth = 10;
+// More than a table and its lines have; a user who tries many fonts starts anew.
+constexpr std::size_t kMostFonts = 32;
+
+Tenths RoundedUp(int hundredths) { return (hundredths + kPerTenth - 1) / kPerTenth; }
+
+}  // namespace
+
+FontHandle MakePageFont(const PageFont& font, double dotsPerInch) {
+  LOGFONTW description{};
+  const auto height = static_cast<LONG>(std::lround(font.size * dotsPerInch / kPointsPerInch));
+  description.lfHeight = -std::max<LONG>(height, 1);
+  description.lfWeight = font.bold ? FW_BOLD : FW_NORMAL;
+  description.lfItalic = font.italic ? TRUE : FALSE;
+  description.lfUnderline = font.underlined ? TRUE : FALSE;
+  description.lfCharSet = CharsetOf(font.name);
+  CopyWide(std::u16string_view(font.name).substr(0, LF_FACESIZE - 1), description.lfFaceName);
+  FontHandle handle(CreateFontIndirectW(&description));
+  if (!handle) ThrowLastError();
+  return handle;
+}
+
+DeviceMeasurer::DeviceMeasurer() : context_(CreateCompatibleDC(nullptr)) {
+  if (context_ == nullptr) ThrowLastError();
+}
+
+const DeviceMeasurer::MeasuredFont& DeviceMeasurer::Find(const PageFont& font) {
+  for (const MeasuredFont& known : fonts_) {
+    if (known.font == font) return known;
+  }
+  MeasuredFont measured{font, MakePageFont(font, kMeasuringResolution), {}};
+  const Selected selected(context_.get(), measured.handle.Get());
+  if (GetTextMetricsW(context_.get(), &measured.metrics) == FALSE) ThrowLastError();
+  if (fonts_.size() == kMostFonts) fonts_.clear();
+  return fonts_.emplace_back(std::move(measured));
+}
+
+std::span<const int> DeviceMeasurer::Ends(const PageFont& font, std::u16string_view text) {
+  ends_.resize(text.size());
+  if (text.empty()) return ends_;
+  const Selected selected(context_.get(), Find(font).handle.Get());
+  SIZE size{};
+  if (GetTextExtentExPointW(context_.get(), ToWide(text).c_str(), static_cast<int>(text.size()), 0,
+                            nullptr, ends_.data(), &size) == FALSE) {
+    ThrowLastError();
+  }
+  // A character that stands back over the one before it makes no text narrower.
+  for (std::size_t i = 1; i < ends_.size(); ++i) ends_[i] = std::max(ends_[i], ends_[i - 1]);
+  return ends_;
+}
+
+Tenths DeviceMeasurer::Width(const PageFont& font, std::u16string_view text) {
+  const std::span<const int> ends = Ends(font, text);
+  return ends.empty() ? 0 : RoundedUp(ends.back());
+}
+
+Tenths DeviceMeasurer::LineHeight(const PageFont& font) {
+  return RoundedUp(Find(font).metrics.tmHeight);
+}
+
+int DeviceMeasurer::Ascent(const PageFont& font) { return Find(font).metrics.tmAscent; }
+
+}  // namespace pricedown::windows

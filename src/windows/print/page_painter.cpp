@@ -1,0 +1,122 @@
+// Each edge and each character is rounded to a pixel by itself, so that no error adds up.
+// Characters stand where they were measured, on a baseline that was measured too.
+#include "windows/print/page_painter.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "windows/com/failure.h"
+#include "windows/com/wide_text.h"
+#include "windows/ui/gdi.h"
+
+namespace pricedown::windows {
+namespace {
+
+constexpr double kTenthsPerInch = 254;
+constexpr double kHundredthsPerTenth = 10;
+constexpr double kRuleThickness = 1.5;  // tenths
+constexpr COLORREF kInk = RGB(0, 0, 0);
+
+int Rounded(double pixels) { return static_cast<int>(std::lround(pixels)); }
+
+// A context as the painting needs it, for a scope.
+class InkScope {
+ public:
+  explicit InkScope(HDC context) : context_(context), saved_(SaveDC(context)) {
+    SetMapMode(context, MM_TEXT);
+    SetBkMode(context, TRANSPARENT);
+    SetTextColor(context, kInk);
+    SetTextAlign(context, TA_LEFT | TA_BASELINE | TA_NOUPDATECP);
+    SetTextCharacterExtra(context, 0);
+  }
+  ~InkScope() { RestoreDC(context_, saved_); }
+  InkScope(const InkScope&) = delete;
+  InkScope& operator=(const InkScope&) = delete;
+
+ private:
+  HDC context_;
+  int saved_;
+};
+
+int Thickness(double pixelsPerTenth) {
+  return std::max(Rounded(kRuleThickness * pixelsPerTenth), 1);
+}
+
+// The part of the text's width that lies left of its anchor.
+double ShareBefore(TextAlignment alignment) {
+  switch (alignment) {
+    case TextAlignment::Left:
+      return 0;
+    case TextAlignment::Centre:
+      return 0.5;
+    case TextAlignment::Right:
+      return 1;
+  }
+  return 0;
+}
+
+}  // namespace
+
+void PagePainter::Paint(HDC context, const Page& page, std::span<const PageFont> fonts,
+                        const PageScale& scale) {
+  const InkScope ink(context);
+  for (const PageRule& rule : page.rules) PaintRule(context, rule, scale);
+  for (const PageText& text : page.texts) {
+    if (text.font < fonts.size()) PaintText(context, text, fonts[text.font], scale);
+  }
+}
+
+HFONT PagePainter::FontOf(const PageFont& font, double down) {
+  if (down != down_) fonts_.clear();
+  down_ = down;
+  for (const ScaledFont& known : fonts_) {
+    if (known.font == font) return known.handle.Get();
+  }
+  fonts_.push_back({font, MakePageFont(font, down * kTenthsPerInch)});
+  return fonts_.back().handle.Get();
+}
+
+// Both ends belong to it, so that rules that meet have no gap at the corner.
+void PagePainter::PaintRule(HDC context, const PageRule& rule, const PageScale& scale) const {
+  const int wide = Thickness(scale.across);
+  const int high = Thickness(scale.down);
+  const RECT area{Rounded(scale.left + rule.left * scale.across) - wide / 2,
+                  Rounded(scale.top + rule.top * scale.down) - high / 2,
+                  Rounded(scale.left + rule.right * scale.across) - wide / 2 + wide,
+                  Rounded(scale.top + rule.bottom * scale.down) - high / 2 + high};
+  if (FillRect(context, &area, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH))) == 0) {
+    ThrowLastError();
+  }
+}
+
+void PagePainter::PaintText(HDC context, const PageText& text, const PageFont& font,
+                            const PageScale& scale) {
+  const std::span<const int> ends = measurer_.Ends(font, text.text);
+  if (ends.empty()) return;
+  const double start =
+      text.anchor - ends.back() / kHundredthsPerTenth * ShareBefore(text.alignment);
+  const auto pixel = [&](int hundredths) {
+    return Rounded(scale.left + (start + hundredths / kHundredthsPerTenth) * scale.across);
+  };
+  const int left = pixel(0);
+  steps_.clear();
+  int place = left;
+  for (const int end : ends) {
+    const int next = pixel(end);
+    steps_.push_back(next - place);
+    place = next;
+  }
+  const double baseline = text.top + measurer_.Ascent(font) / kHundredthsPerTenth;
+  const RECT clip{Rounded(scale.left + text.clip.left * scale.across),
+                  Rounded(scale.top + text.clip.top * scale.down),
+                  Rounded(scale.left + text.clip.right * scale.across),
+                  Rounded(scale.top + text.clip.bottom * scale.down)};
+  const Selected selected(context, FontOf(font, scale.down));
+  if (ExtTextOutW(context, left, Rounded(scale.top + baseline * scale.down), ETO_CLIPPED, &clip,
+                  ToWide(text.text).c_str(), static_cast<UINT>(text.text.size()),
+                  steps_.data()) == FALSE) {
+    ThrowLastError();
+  }
+}
+
+}  // namespace pricedown::windows
