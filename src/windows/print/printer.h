@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -38,14 +39,16 @@ class Printer {
   Printer& operator=(const Printer&) = delete;
 
   // Takes the user's default printer as it is set up, unless a dialog has chosen one; none when
-  // there is none. Throws AutomationError.
+  // there is none. Throws AutomationError when it cannot be asked for its paper.
   void UseDefault();
-  bool IsThere() const { return !device_.empty(); }
-  const std::wstring& Name() const { return device_; }
+  // Like one that no dialog has chosen, as when the chosen one has gone.
+  void Forget();
+  bool IsThere() const { return !setUp_.device.empty(); }
+  const std::wstring& Name() const { return setUp_.device; }
 
   // As chosen, upright or turned. A4 with margins of 2 cm until something else is known. Margins
   // are never less than what the printer cannot print on, whichever way the paper is turned.
-  const Paper& ChosenPaper() const { return paper_; }
+  const Paper& ChosenPaper() const { return setUp_.paper; }
   // Sizes and margins from a dialog.
   void ChoosePaper(const Paper& paper);
 
@@ -64,19 +67,25 @@ class Printer {
   PrintDialogs& GetDialogs() const { return dialogs_; }
 
  private:
+  struct SetUp {
+    std::wstring device;
+    std::wstring driver;
+    std::wstring output;
+    std::vector<std::byte> mode;  // DEVMODEW with the driver's data behind it; may be empty
+    Paper paper;
+    PageBox unprintable;  // upright and turned alike
+  };
+
+  // Changes nothing when it throws.
   void Take(HGLOBAL mode, HGLOBAL names);
-  void AskForPaper();
-  std::vector<std::byte> ModeFor(bool turned) const;
+  void AskForPaper(SetUp& setUp) const;
+  static std::vector<std::byte> ModeFor(const SetUp& setUp, bool turned);
 
   Spooler& spooler_;
   PrintDialogs& dialogs_;
-  std::wstring device_;
-  std::wstring driver_;
-  std::wstring output_;
-  std::vector<std::byte> mode_;  // DEVMODEW with the driver's data behind it; may be empty
-  Paper paper_;
-  PageBox unprintable_;  // upright and turned alike
+  SetUp setUp_;
   bool chosen_ = false;
+  bool marginsChosen_ = false;
 };
 
 }  // namespace pricedown::windows

@@ -1,0 +1,59 @@
+// The dialog counts in hundredths of a millimetre.
+// With a printer its paper is asked from the printer again; the dialog's sizes are for none.
+#include "windows/print/page_setup_dialog.h"
+
+#include <algorithm>
+
+#include "windows/print/global_memory.h"
+#include "windows/print/print_failure.h"
+
+namespace pricedown::windows {
+namespace {
+
+constexpr int kHundredths = 10;  // of a tenth
+
+RECT InHundredths(const PageBox& box) {
+  return {box.left * kHundredths, box.top * kHundredths, box.right * kHundredths,
+          box.bottom * kHundredths};
+}
+
+PageBox InTenths(const RECT& box) {
+  const auto tenths = [](LONG hundredths) {
+    return static_cast<Tenths>((std::max<LONG>(hundredths, 0) + kHundredths / 2) / kHundredths);
+  };
+  return {tenths(box.left), tenths(box.top), tenths(box.right), tenths(box.bottom)};
+}
+
+}  // namespace
+
+bool AskPageSetup(HWND owner, Printer& printer) {
+  PAGESETUPDLGW dialog{};
+  dialog.lStructSize = sizeof dialog;
+  dialog.hwndOwner = owner;
+  dialog.Flags =
+      PSD_INHUNDREDTHSOFMILLIMETERS | PSD_MARGINS | PSD_DEFAULTMINMARGINS | PSD_NOWARNING;
+  dialog.rtMargin = InHundredths(printer.ChosenPaper().margins);
+  GlobalMemory mode(printer.CopyMode());
+  GlobalMemory names(printer.CopyNames());
+  dialog.hDevMode = mode.Get();
+  dialog.hDevNames = names.Get();
+  DWORD error = 0;
+  const BOOL answer = printer.GetDialogs().PageSetup(dialog, error);
+  mode.Become(dialog.hDevMode);
+  names.Become(dialog.hDevNames);
+  if (answer == FALSE) {
+    if (error == 0) return false;
+    ThrowDialogFailure(u"页面设置对话框无法打开", error);
+  }
+  printer.Choose(mode.Get(), names.Get());
+  Paper paper = printer.ChosenPaper();
+  if (!printer.IsThere() && dialog.ptPaperSize.x > 0 && dialog.ptPaperSize.y > 0) {
+    paper.width = dialog.ptPaperSize.x / kHundredths;
+    paper.height = dialog.ptPaperSize.y / kHundredths;
+  }
+  paper.margins = InTenths(dialog.rtMargin);
+  printer.ChoosePaper(paper);
+  return true;
+}
+
+}  // namespace pricedown::windows

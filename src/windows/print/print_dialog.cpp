@@ -1,0 +1,71 @@
+// The system's dialog takes page numbers of 16 bits; more pages are printed all the same.
+// Copies are made by us, so that no printer has to know how.
+#include "windows/print/print_dialog.h"
+
+#include <cderr.h>
+
+#include <algorithm>
+#include <limits>
+#include <string_view>
+
+#include "windows/print/global_memory.h"
+#include "windows/print/print_failure.h"
+
+namespace pricedown::windows {
+namespace {
+
+// The largest means an empty field.
+constexpr std::int32_t kMostPages = 0xFFFE;
+constexpr std::u16string_view kPrintDialogFails = u"打印对话框无法打开";
+
+PrintChoice ChoiceOf(const PRINTDLGW& dialog) {
+  PrintChoice choice;
+  choice.copies = std::max<std::int32_t>(dialog.nCopies, 1);
+  choice.collated = (dialog.Flags & PD_COLLATE) != 0;
+  choice.last = std::numeric_limits<std::int32_t>::max();
+  if ((dialog.Flags & PD_PAGENUMS) != 0) {
+    choice.first = std::min(dialog.nFromPage, dialog.nToPage);
+    choice.last = std::max(dialog.nFromPage, dialog.nToPage);
+  }
+  return choice;
+}
+
+// A printer that was chosen in an earlier dialog may have been removed or exchanged since.
+bool IsStale(DWORD error) {
+  return error == PDERR_PRINTERNOTFOUND || error == PDERR_DNDMMISMATCH ||
+         error == PDERR_DEFAULTDIFFERENT;
+}
+
+}  // namespace
+
+std::optional<PrintChoice> AskPrint(HWND owner, Printer& printer, std::int32_t pageCount) {
+  for (bool again = false;; again = true) {
+    if (!printer.IsThere()) ThrowDialogFailure(kPrintDialogFails, PDERR_NODEFAULTPRN);
+    PRINTDLGW dialog{};
+    dialog.lStructSize = sizeof dialog;
+    dialog.hwndOwner = owner;
+    dialog.Flags = PD_ALLPAGES | PD_COLLATE | PD_NOSELECTION | PD_HIDEPRINTTOFILE | PD_NOWARNING;
+    dialog.nMinPage = 1;
+    dialog.nMaxPage = static_cast<WORD>(std::min(pageCount, kMostPages));
+    dialog.nFromPage = dialog.nMinPage;
+    dialog.nToPage = dialog.nMaxPage;
+    dialog.nCopies = 1;
+    GlobalMemory mode(printer.CopyMode());
+    GlobalMemory names(printer.CopyNames());
+    dialog.hDevMode = mode.Get();
+    dialog.hDevNames = names.Get();
+    DWORD error = 0;
+    const BOOL answer = printer.GetDialogs().Print(dialog, error);
+    mode.Become(dialog.hDevMode);
+    names.Become(dialog.hDevNames);
+    if (answer != FALSE) {
+      printer.Choose(mode.Get(), names.Get());
+      return ChoiceOf(dialog);
+    }
+    if (error == 0) return std::nullopt;
+    if (again || !IsStale(error)) ThrowDialogFailure(kPrintDialogFails, error);
+    printer.Forget();
+  }
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,39 @@
+// The texts of failures, in one form.
+// The system's part may be in another language.
+#include "windows/print/print_failure.h"
+
+#include <cderr.h>
+
+#include "platform/error.h"
+#include "platform/text.h"
+#include "windows/com/failure.h"
+
+namespace pricedown::windows {
+namespace {
+
+constexpr std::u16string_view kSource = u"ldgPara";
+
+}  // namespace
+
+void ThrowPrintFailure(std::u16string_view what, DWORD error) {
+  if (error == ERROR_SUCCESS) {
+    throw AutomationError(ErrorNumber::Unspecified, Concatenate({what, u"。"}),
+                          std::u16string(kSource));
+  }
+  const HRESULT code = HRESULT_FROM_WIN32(error);
+  throw AutomationError(code, Concatenate({what, u"：", SystemText(code)}),
+                        std::u16string(kSource));
+}
+
+void ThrowDialogFailure(std::u16string_view what, DWORD error) {
+  if (error == PDERR_NODEFAULTPRN || error == PDERR_NODEVICES) {
+    throw AutomationError(ErrorNumber::Unspecified, std::u16string(kNoPrinter),
+                          std::u16string(kSource));
+  }
+  throw AutomationError(
+      ErrorNumber::Unspecified,
+      Concatenate({what, u"：对话框错误 ", FromUtf8(std::to_string(error)), u"。"}),
+      std::u16string(kSource));
+}
+
+}  // namespace pricedown::windows

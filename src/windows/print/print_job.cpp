@@ -1,0 +1,103 @@
+// The calls of one job in order, and the way out of it from anywhere.
+// The error of a call is taken before anything else is called.
+#include "windows/print/print_job.h"
+
+#include <algorithm>
+
+#include "platform/text.h"
+#include "windows/print/page_painter.h"
+#include "windows/print/print_failure.h"
+
+namespace pricedown::windows {
+namespace {
+
+// Not translated: spoolers make file names of it, and not every one knows other letters.
+constexpr const wchar_t* kDocumentName = L"PriceDown item list";
+constexpr double kTenthsPerInch = 254;
+
+// Runs a call that answers more than 0 when it went well.
+template <typename Call>
+void Do(std::u16string_view failing, Call&& call) {
+  SetLastError(ERROR_SUCCESS);
+  const int answer = call();
+  const DWORD error = GetLastError();
+  if (answer <= 0) ThrowPrintFailure(failing, error);
+}
+
+// A document that has begun; aborted unless it was finished.
+class Document {
+ public:
+  Document(Spooler& spooler, HDC context) : spooler_(spooler), context_(context) {}
+  ~Document() {
+    if (begun_) spooler_.AbortDocument(context_);
+  }
+  Document(const Document&) = delete;
+  Document& operator=(const Document&) = delete;
+
+  // False when the user did not want it after all.
+  bool Begin() {
+    DOCINFOW document{};
+    document.cbSize = sizeof document;
+    document.lpszDocName = kDocumentName;
+    SetLastError(ERROR_SUCCESS);
+    const int answer = spooler_.BeginDocument(context_, document);
+    const DWORD error = GetLastError();
+    if (answer > 0) {
+      begun_ = true;
+      return true;
+    }
+    // Printers that print to a file ask for its name.
+    if (error == ERROR_CANCELLED || error == ERROR_PRINT_CANCELLED) return false;
+    ThrowPrintFailure(u"打印作业无法开始", error);
+  }
+
+  void Finish() {
+    Do(u"打印作业无法完成", [&] { return spooler_.FinishDocument(context_); });
+    begun_ = false;
+  }
+
+ private:
+  Spooler& spooler_;
+  HDC context_;
+  bool begun_ = false;
+};
+
+// The printer's pixels begin where it can print, not where the paper does.
+PageScale ScaleOf(const PrinterDots& dots) {
+  return {-static_cast<double>(dots.offsetX), -static_cast<double>(dots.offsetY),
+          dots.perInchX / kTenthsPerInch, dots.perInchY / kTenthsPerInch};
+}
+
+}  // namespace
+
+PrintOrder::PrintOrder(const PrintChoice& choice, std::int32_t pageCount)
+    : first_(std::max(choice.first, 1)),
+      pages_(std::max(std::min(choice.last, pageCount) - first_ + 1, 0)),
+      copies_(std::max(choice.copies, 1)),
+      collated_(choice.collated) {}
+
+std::int32_t PrintOrder::PageOn(std::int64_t sheet) const {
+  return first_ + static_cast<std::int32_t>(collated_ ? sheet % pages_ : sheet / copies_);
+}
+
+bool RunPrintJob(const Printer& printer, const LedgerPages& pages, DeviceMeasurer& measurer,
+                 const PrintOrder& order, PrintWatcher& watcher) {
+  if (order.SheetCount() == 0) return true;
+  Spooler& spooler = printer.GetSpooler();
+  const PrinterContext owner = printer.Open(pages.IsTurned());
+  const HDC context = owner.Get();
+  const PageScale scale = ScaleOf(DotsOf(context));
+  PagePainter painter(measurer);
+  Document document(spooler, context);
+  if (!document.Begin()) return false;
+  for (std::int64_t sheet = 0; sheet < order.SheetCount(); ++sheet) {
+    if (!watcher.Continue(sheet + 1, order.SheetCount())) return false;
+    Do(u"打印页无法开始", [&] { return spooler.BeginPage(context); });
+    painter.Paint(context, pages.PageAt(order.PageOn(sheet)), pages.Fonts(), scale);
+    Do(u"打印页无法完成", [&] { return spooler.FinishPage(context); });
+  }
+  document.Finish();
+  return true;
+}
+
+}  // namespace pricedown::windows

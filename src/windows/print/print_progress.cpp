@@ -1,0 +1,143 @@
+// Made only when it is needed, centred over its owner.
+// It may go with its owner at any message, which calls the job off.
+#include "windows/print/print_progress.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <string>
+
+#include "platform/text.h"
+#include "windows/com/failure.h"
+#include "windows/com/wide_text.h"
+#include "windows/ui/dpi.h"
+#include "windows/ui/gdi.h"
+
+namespace pricedown::windows {
+namespace {
+
+constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU;
+constexpr DWORD kExtendedStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
+constexpr int kBarUnits = 1000;
+
+// Pixels at 96 dpi.
+constexpr int kWidth = 320;
+constexpr int kMargin = 14;
+constexpr int kTextHeight = 20;
+constexpr int kBarHeight = 16;
+constexpr int kGap = 12;
+constexpr int kButtonWidth = 84;
+constexpr int kButtonHeight = 26;
+constexpr int kHeight = 2 * kMargin + kTextHeight + kBarHeight + kButtonHeight + 2 * kGap;
+
+std::u16string Number(std::int64_t number) { return FromUtf8(std::to_string(number)); }
+
+}  // namespace
+
+PrintProgress::PrintProgress(HINSTANCE module, HWND owner, DWORD patience)
+    : module_(module), owner_(owner), showAt_(GetTickCount64() + patience) {}
+
+PrintProgress::~PrintProgress() {
+  // The others take input again before this window goes, or another program would come up.
+  modal_.reset();
+  Destroy();
+}
+
+bool PrintProgress::Continue(std::int64_t sheet, std::int64_t count) {
+  if (!shown_) {
+    if (GetTickCount64() < showAt_) return true;
+    Show();
+  }
+  if (Handle() != nullptr) {
+    GiveText(text_.Handle(),
+             Concatenate({u"正在打印第 ", Number(sheet), u" 页，共 ", Number(count), u" 页…"}));
+    SendMessageW(bar_.Handle(), PBM_SETPOS, static_cast<WPARAM>((sheet - 1) * kBarUnits / count),
+                 0);
+    UpdateWindow(Handle());
+  }
+  HandleMessages();
+  return !cancelled_ && Handle() != nullptr;
+}
+
+void PrintProgress::Show() {
+  shown_ = true;
+  Creation creation;
+  creation.className = L"PriceDown.PrintProgress";
+  creation.text = L"打印";
+  creation.style = kStyle;
+  creation.extendedStyle = kExtendedStyle;
+  creation.parent = owner_;
+  creation.module = module_;
+  CreateOwn(creation);
+  text_.Create(Handle(), module_, L"STATIC", kPrintProgressText, WS_VISIBLE | SS_NOPREFIX);
+  bar_.Create(Handle(), module_, PROGRESS_CLASSW, kPrintProgressBar, WS_VISIBLE);
+  button_.Create(Handle(), module_, L"BUTTON", IDCANCEL, WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON,
+                 u"取消");
+  SendMessageW(bar_.Handle(), PBM_SETRANGE32, 0, kBarUnits);
+  LayOut();
+  modal_.emplace(Handle());
+  ShowWindow(Handle(), SW_SHOW);
+  SetFocus(button_.Handle());
+}
+
+void PrintProgress::LayOut() {
+  const Dpi dpi = Dpi::Of(owner_);
+  const auto scale = [&](int pixels) { return dpi.Scale(pixels); };
+  font_ = MakeMessageFont(dpi);
+  for (const HWND child : {text_.Handle(), button_.Handle()}) GiveFont(child, font_.Get());
+  RECT frame{0, 0, scale(kWidth), scale(kHeight)};
+  AdjustFrame(frame, kStyle, kExtendedStyle, dpi);
+  RECT over{};
+  if (owner_ == nullptr || GetWindowRect(owner_, &over) == FALSE) {
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &over, 0);
+  }
+  SetWindowPos(Handle(), nullptr, (over.left + over.right - WidthOf(frame)) / 2,
+               (over.top + over.bottom - HeightOf(frame)) / 2, WidthOf(frame), HeightOf(frame),
+               SWP_NOZORDER | SWP_NOACTIVATE);
+  const int inside = scale(kWidth) - 2 * scale(kMargin);
+  int top = scale(kMargin);
+  MoveWindow(text_.Handle(), scale(kMargin), top, inside, scale(kTextHeight), FALSE);
+  top += scale(kTextHeight) + scale(kGap) / 2;
+  MoveWindow(bar_.Handle(), scale(kMargin), top, inside, scale(kBarHeight), FALSE);
+  top += scale(kBarHeight) + scale(kGap);
+  MoveWindow(button_.Handle(), (scale(kWidth) - scale(kButtonWidth)) / 2, top, scale(kButtonWidth),
+             scale(kButtonHeight), FALSE);
+}
+
+void PrintProgress::HandleMessages() {
+  MSG message{};
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
+    if (message.message == WM_QUIT) {
+      PostQuitMessage(static_cast<int>(message.wParam));
+      cancelled_ = true;
+      return;
+    }
+    if (Handle() != nullptr && IsDialogMessageW(Handle(), &message) != FALSE) continue;
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+}
+
+LRESULT PrintProgress::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_COMMAND:
+      if (LOWORD(wParam) == IDCANCEL && HIWORD(wParam) == BN_CLICKED) cancelled_ = true;
+      return 0;
+    case WM_CLOSE:
+      cancelled_ = true;
+      return 0;
+    case WM_ERASEBKGND: {
+      RECT area{};
+      GetClientRect(Handle(), &area);
+      FillRect(reinterpret_cast<HDC>(wParam), &area, GetSysColorBrush(COLOR_BTNFACE));
+      return 1;
+    }
+    case WM_CTLCOLORSTATIC:
+      SetBkColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_BTNFACE));
+      return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
+    default:
+      return Default(message, wParam, lParam);
+  }
+}
+
+}  // namespace pricedown::windows

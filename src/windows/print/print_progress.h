@@ -1,0 +1,50 @@
+// The small window of a job that takes long: which page is being printed, and a way to call it off.
+// Short jobs never show it.
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+
+#include "windows/print/print_job.h"
+#include "windows/ui/bound_window.h"
+#include "windows/ui/fonts.h"
+#include "windows/ui/modal_showing.h"
+#include "windows/ui/plain_control.h"
+
+namespace pricedown::windows {
+
+inline constexpr int kPrintProgressText = 401;
+inline constexpr int kPrintProgressBar = 402;
+
+// While it is shown the thread's other windows take no input, and their messages are handled
+// before each sheet.
+class PrintProgress final : public PrintWatcher, private BoundWindow {
+ public:
+  // Over `owner`, which may be null, once a job has taken `patience` milliseconds.
+  PrintProgress(HINSTANCE module, HWND owner, DWORD patience = 700);
+  ~PrintProgress() override;
+
+  // PrintWatcher. Throws AutomationError when there is no window to be had.
+  bool Continue(std::int64_t sheet, std::int64_t count) override;
+
+ private:
+  void Show();
+  void LayOut();
+  // Handles what has come for the thread's windows.
+  void HandleMessages();
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  HINSTANCE module_;
+  HWND owner_;
+  ULONGLONG showAt_;
+  bool shown_ = false;
+  bool cancelled_ = false;
+  FontHandle font_;
+  PlainControl text_;
+  PlainControl bar_;
+  PlainControl button_;
+  std::optional<ModalShowing> modal_;
+};
+
+}  // namespace pricedown::windows

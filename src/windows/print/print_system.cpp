@@ -1,0 +1,41 @@
+// The system's own calls.
+// They are forwarded one by one.
+#include "windows/print/print_system.h"
+
+namespace pricedown::windows {
+
+HDC Spooler::OpenContext(const wchar_t* driver, const wchar_t* device, const DEVMODEW* mode) {
+  return CreateDCW(driver, device, nullptr, mode);
+}
+
+HDC Spooler::OpenInformation(const wchar_t* driver, const wchar_t* device, const DEVMODEW* mode) {
+  return CreateICW(driver, device, nullptr, mode);
+}
+
+void Spooler::CloseContext(HDC context) { DeleteDC(context); }
+
+int Spooler::BeginDocument(HDC context, const DOCINFOW& document) {
+  return StartDocW(context, &document);
+}
+
+int Spooler::BeginPage(HDC context) { return StartPage(context); }
+
+int Spooler::FinishPage(HDC context) { return EndPage(context); }
+
+int Spooler::FinishDocument(HDC context) { return EndDoc(context); }
+
+void Spooler::AbortDocument(HDC context) { AbortDoc(context); }
+
+BOOL PrintDialogs::Print(PRINTDLGW& dialog, DWORD& error) {
+  const BOOL answer = PrintDlgW(&dialog);
+  error = answer == FALSE ? CommDlgExtendedError() : 0;
+  return answer;
+}
+
+BOOL PrintDialogs::PageSetup(PAGESETUPDLGW& dialog, DWORD& error) {
+  const BOOL answer = PageSetupDlgW(&dialog);
+  error = answer == FALSE ? CommDlgExtendedError() : 0;
+  return answer;
+}
+
+}  // namespace pricedown::windows
