@@ -13,6 +13,7 @@ struct StripButton {
   std::u16string_view caption;
   std::u16string_view tooltip;
   bool separator = false;
+  bool pictureOnly = false;  // the caption is the button's name, but not shown
 };
 
 inline constexpr std::array<StripButton, 8> kStripButtons{{

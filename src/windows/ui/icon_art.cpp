@@ -135,20 +135,77 @@ void DrawRemoveItem(IconCanvas& canvas) {
   canvas.Box(8, 10, 15, 13, kRed);
 }
 
+// Paper with the lines of its margins.
+void DrawPageSetup(IconCanvas& canvas) {
+  canvas.Box(2, 1, 14, 15, kInk);
+  canvas.Box(3, 2, 13, 14, kPaper);
+  canvas.Box(5, 2, 6, 14, kBlue);
+  canvas.Box(10, 2, 11, 14, kBlue);
+  canvas.Box(3, 4, 13, 5, kBlue);
+  canvas.Box(3, 11, 13, 12, kBlue);
+}
+
+void DrawFont(IconCanvas& canvas) {
+  canvas.Stroke({2.2, 14}, {7.4, 1.6}, 2.2, kBlue);
+  canvas.Stroke({13.8, 14}, {8.6, 1.6}, 2.2, kBlue);
+  canvas.Box(5, 9, 11, 11, kBlue);
+}
+
+void DrawPrevious(IconCanvas& canvas) { Polygon(canvas, {{11, 2}, {11, 14}, {4, 8}}, kBlue); }
+
+void DrawNext(IconCanvas& canvas) { Polygon(canvas, {{5, 2}, {5, 14}, {12, 8}}, kBlue); }
+
+void DrawFirst(IconCanvas& canvas) {
+  canvas.Box(3, 2, 5, 14, kBlue);
+  Polygon(canvas, {{13, 2}, {13, 14}, {6, 8}}, kBlue);
+}
+
+void DrawLast(IconCanvas& canvas) {
+  canvas.Box(11, 2, 13, 14, kBlue);
+  Polygon(canvas, {{3, 2}, {3, 14}, {10, 8}}, kBlue);
+}
+
+// A magnifying glass with a minus sign.
+void DrawZoomOut(IconCanvas& canvas) {
+  canvas.Stroke({9.5, 9.5}, {14.5, 14.5}, 2.6, kDarkAmber);
+  canvas.Disc({6.5, 6.5}, 6, kBlue);
+  canvas.Disc({6.5, 6.5}, 4.6, kPaleBlue);
+  canvas.Box(4, 6, 9, 7, kInk);
+}
+
+void DrawZoomIn(IconCanvas& canvas) {
+  DrawZoomOut(canvas);
+  canvas.Box(6, 4, 7, 9, kInk);
+}
+
+void DrawFitPage(IconCanvas& canvas) {
+  canvas.Box(0, 1, 16, 15, kInk);
+  canvas.Box(1, 2, 15, 14, kLines);
+  canvas.Box(4, 3, 12, 13, kPaper);
+  for (const double y : {5.0, 8.0}) canvas.Box(6, y, 10, y + 1, kLines);
+}
+
+void DrawFitWidth(IconCanvas& canvas) {
+  canvas.Box(0, 1, 16, 15, kInk);
+  canvas.Box(1, 2, 15, 14, kLines);
+  canvas.Box(2, 4, 14, 14, kPaper);
+  canvas.Box(5, 8, 11, 10, kBlue);
+  Polygon(canvas, {{6, 6}, {6, 12}, {2.6, 9}}, kBlue);
+  Polygon(canvas, {{10, 6}, {10, 12}, {13.4, 9}}, kBlue);
+}
+
 struct Button {
   std::u16string_view key;
   Icon icon;
 };
-constexpr std::array<Button, 10> kButtons{{{u"Add", Icon::Add},
-                                           {u"Edit", Icon::Edit},
-                                           {u"Del", Icon::Delete},
-                                           {u"Print", Icon::Print},
-                                           {u"PrintView", Icon::Preview},
-                                           {u"Exit", Icon::Exit},
-                                           {u"Save", Icon::Save},
-                                           {u"AddItem", Icon::AddItem},
-                                           {u"DelItem", Icon::RemoveItem},
-                                           {u"iExit", Icon::Exit}}};
+constexpr std::array<Button, 21> kButtons{
+    {{u"Add", Icon::Add},         {u"Edit", Icon::Edit},           {u"Del", Icon::Delete},
+     {u"Print", Icon::Print},     {u"PrintView", Icon::Preview},   {u"Exit", Icon::Exit},
+     {u"Save", Icon::Save},       {u"AddItem", Icon::AddItem},     {u"DelItem", Icon::RemoveItem},
+     {u"iExit", Icon::Exit},      {u"PageSetup", Icon::PageSetup}, {u"Font", Icon::Font},
+     {u"First", Icon::First},     {u"Previous", Icon::Previous},   {u"Next", Icon::Next},
+     {u"Last", Icon::Last},       {u"ZoomIn", Icon::ZoomIn},       {u"ZoomOut", Icon::ZoomOut},
+     {u"FitPage", Icon::FitPage}, {u"FitWidth", Icon::FitWidth},   {u"Close", Icon::Exit}}};
 
 }  // namespace
 
@@ -194,6 +251,36 @@ IconCanvas DrawIcon(Icon icon, int size) {
       break;
     case Icon::RemoveItem:
       DrawRemoveItem(canvas);
+      break;
+    case Icon::PageSetup:
+      DrawPageSetup(canvas);
+      break;
+    case Icon::Font:
+      DrawFont(canvas);
+      break;
+    case Icon::First:
+      DrawFirst(canvas);
+      break;
+    case Icon::Previous:
+      DrawPrevious(canvas);
+      break;
+    case Icon::Next:
+      DrawNext(canvas);
+      break;
+    case Icon::Last:
+      DrawLast(canvas);
+      break;
+    case Icon::ZoomIn:
+      DrawZoomIn(canvas);
+      break;
+    case Icon::ZoomOut:
+      DrawZoomOut(canvas);
+      break;
+    case Icon::FitPage:
+      DrawFitPage(canvas);
+      break;
+    case Icon::FitWidth:
+      DrawFitWidth(canvas);
       break;
   }
   return canvas;

@@ -20,11 +20,21 @@ enum class Icon {
   OpenFolder,
   Save,
   AddItem,
-  RemoveItem
+  RemoveItem,
+  PageSetup,
+  Font,
+  First,
+  Previous,
+  Next,
+  Last,
+  ZoomIn,
+  ZoomOut,
+  FitPage,
+  FitWidth
 };
 
-// The icon of a button of the tool strip or of the form, by the button's key; null when it has
-// none.
+// The icon of a button of the tool strip, of the form or of the print preview, by the button's key;
+// null when it has none.
 const Icon* IconOfButton(std::u16string_view key);
 
 // The icon, `size` pixels wide and high.

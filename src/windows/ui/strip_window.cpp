@@ -51,7 +51,10 @@ void StripWindow::Create(HWND parent, HINSTANCE module, int id, Dpi dpi, std::u1
   creation.module = module;
   CreateControl(creation);
   SendMessageW(Handle(), TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
-  SendMessageW(Handle(), TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_DOUBLEBUFFER);
+  const bool mixed = std::any_of(buttons_.begin(), buttons_.end(),
+                                 [](const StripButton& button) { return button.pictureOnly; });
+  SendMessageW(Handle(), TB_SETEXTENDEDSTYLE, 0,
+               TBSTYLE_EX_DOUBLEBUFFER | (mixed ? TBSTYLE_EX_MIXEDBUTTONS : 0));
   tooltips_.clear();
   TakeAppearance(dpi);
   AddButtons();
@@ -71,7 +74,7 @@ void StripWindow::AddButtons() {
     } else {
       description.iBitmap = IconOfButton(button.key) != nullptr ? image++ : I_IMAGENONE;
       description.fsState = TBSTATE_ENABLED;
-      description.fsStyle = BTNS_BUTTON;
+      description.fsStyle = button.pictureOnly ? BTNS_BUTTON : BTNS_BUTTON | BTNS_SHOWTEXT;
       description.iString = reinterpret_cast<INT_PTR>(caption.c_str());
     }
     SendMessageW(Handle(), TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&description));
@@ -100,13 +103,16 @@ void StripWindow::SizeButtons() {
   SendMessageW(Handle(), TB_SETBUTTONSIZE, 0, MAKELPARAM(size, ButtonHeight()));
   const WindowContext context(Handle());
   for (std::size_t position = 1; position <= buttons_.size(); ++position) {
-    if (buttons_[position - 1].separator) continue;
-    const int text = TextWidth(context.Get(), font_, ToWide(Caption(position)));
+    const StripButton& button = buttons_[position - 1];
+    if (button.separator) continue;
+    const int text =
+        button.pictureOnly
+            ? 0
+            : dpi_.Scale(kPictureGap) + TextWidth(context.Get(), font_, ToWide(Caption(position)));
     TBBUTTONINFOW info{};
     info.cbSize = sizeof info;
     info.dwMask = TBIF_SIZE;
-    info.cx = static_cast<WORD>(2 * dpi_.Scale(kButtonMargin) + IconSize(dpi_) +
-                                dpi_.Scale(kPictureGap) + text);
+    info.cx = static_cast<WORD>(2 * dpi_.Scale(kButtonMargin) + IconSize(dpi_) + text);
     SendMessageW(Handle(), TB_SETBUTTONINFOW, static_cast<WPARAM>(IdOf(position)),
                  reinterpret_cast<LPARAM>(&info));
   }

@@ -1,0 +1,139 @@
+// Fonts into LOGFONTs and back, and the dialog's button for applying.
+// Sizes go through pixels of the screen, as the dialog wants them.
+#include "windows/print/common_font_dialog.h"
+
+#include <cderr.h>
+#include <commdlg.h>
+#include <dlgs.h>
+#include <winspool.h>
+
+#include <memory>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include "env/translation.h"
+#include "platform/error.h"
+#include "windows/com/failure.h"
+#include "windows/com/wide_text.h"
+#include "windows/ui/dpi.h"
+#include "windows/ui/fonts.h"
+#include "windows/ui/message_box_questions.h"
+
+namespace pricedown::windows {
+namespace {
+
+constexpr const wchar_t* kDialogProperty = L"PriceDown.FontDialog";
+constexpr double kPointParts = 10;  // the dialog counts tenths of a point
+
+struct DeleteContext {
+  void operator()(HDC context) const { DeleteDC(context); }
+};
+using Context = std::unique_ptr<std::remove_pointer_t<HDC>, DeleteContext>;
+
+// Of the default printer, for its fonts only; null when there is none.
+Context PrinterInformation() {
+  DWORD length = 0;
+  GetDefaultPrinterW(nullptr, &length);
+  if (length == 0) return nullptr;
+  std::wstring name(length, L'\0');
+  if (GetDefaultPrinterW(name.data(), &length) == FALSE) return nullptr;
+  return Context(CreateICW(L"WINSPOOL", name.c_str(), nullptr, nullptr));
+}
+
+LOGFONTW Describe(const Font& font) {
+  LOGFONTW description{};
+  // The dialog takes the screen's resolution, whatever the window's is.
+  description.lfHeight = Dpi::Of(nullptr).FontHeight(font.size);
+  description.lfWeight = font.bold ? FW_BOLD : FW_NORMAL;
+  description.lfItalic = font.italic ? TRUE : FALSE;
+  description.lfCharSet = CharsetOf(font.name);
+  CopyWide(std::u16string_view(font.name).substr(0, LF_FACESIZE - 1), description.lfFaceName);
+  return description;
+}
+
+// What one showing needs inside of the dialog's procedure.
+struct Showing {
+  const Font& before;
+  const LOGFONTW first;
+  const std::function<void(const Font&)>& apply;
+};
+
+// `points` is 0 when only the font's height tells the size.
+Font FontOf(const LOGFONTW& chosen, double points, const Showing& showing) {
+  Font font = showing.before;
+  if (chosen.lfFaceName[0] != L'\0') font.name = FromWide(chosen.lfFaceName);
+  if (chosen.lfHeight != showing.first.lfHeight) {
+    font.size = points > 0 ? points
+                           : static_cast<double>(-chosen.lfHeight) * kPointsPerInch /
+                                 Dpi::Of(nullptr).Value();
+  }
+  font.bold = chosen.lfWeight > FW_MEDIUM;
+  font.italic = chosen.lfItalic != FALSE;
+  return font;
+}
+
+void Apply(HWND dialog, const Showing& showing) {
+  LOGFONTW chosen{};
+  SendMessageW(dialog, WM_CHOOSEFONT_GETLOGFONT, 0, reinterpret_cast<LPARAM>(&chosen));
+  try {
+    showing.apply(FontOf(chosen, 0, showing));
+  } catch (...) {
+    ReportFailure(dialog, CurrentFailure());
+  }
+}
+
+UINT_PTR CALLBACK Hook(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+  if (message == WM_INITDIALOG) {
+    const auto* description = reinterpret_cast<const CHOOSEFONTW*>(lParam);
+    const auto& showing = *reinterpret_cast<const Showing*>(description->lCustData);
+    SetPropW(dialog, kDialogProperty, reinterpret_cast<HANDLE>(description->lCustData));
+    if (!showing.apply) {
+      ShowWindow(GetDlgItem(dialog, psh3), SW_HIDE);
+      EnableWindow(GetDlgItem(dialog, psh3), FALSE);
+    }
+    return FALSE;
+  }
+  if (message == WM_DESTROY) RemovePropW(dialog, kDialogProperty);
+  if (message == WM_COMMAND && LOWORD(wParam) == psh3 && HIWORD(wParam) == BN_CLICKED) {
+    const auto* showing = reinterpret_cast<const Showing*>(GetPropW(dialog, kDialogProperty));
+    if (showing != nullptr && showing->apply) Apply(dialog, *showing);
+    return TRUE;
+  }
+  return FALSE;
+}
+
+[[noreturn]] void ThrowFailure(DWORD error) {
+  if (error == 0) throw AutomationError(kDialogCancelled, Translate(u"已取消选择字体"));
+  if (error == CDERR_MEMALLOCFAILURE || error == CDERR_MEMLOCKFAILURE) {
+    throw AutomationError(ErrorNumber::OutOfMemory, Translate(u"内存不足"));
+  }
+  if (error == CFERR_NOFONTS) {
+    throw AutomationError(ErrorNumber::Unspecified, Translate(u"系统中没有可选的字体"));
+  }
+  throw AutomationError(ErrorNumber::Unspecified, Translate(u"无法打开字体对话框"));
+}
+
+}  // namespace
+
+Font CommonFontDialog::Show(const Font& font, std::uint32_t flags) {
+  const Font before = font;
+  const Showing showing{before, Describe(before), apply_};
+  LOGFONTW chosen = showing.first;
+  Context printer;
+  if ((flags & CF_PRINTERFONTS) != 0) printer = PrinterInformation();
+  CHOOSEFONTW dialog{};
+  dialog.lStructSize = sizeof dialog;
+  dialog.hwndOwner = window_.DialogOwner();
+  dialog.lpLogFont = &chosen;
+  dialog.Flags = flags | CF_INITTOLOGFONTSTRUCT | CF_ENABLEHOOK;
+  // Without a printer there are none, and no context to look for them on.
+  if (printer == nullptr) dialog.Flags &= ~static_cast<DWORD>(CF_PRINTERFONTS);
+  dialog.hDC = printer.get();
+  dialog.lCustData = reinterpret_cast<LPARAM>(&showing);
+  dialog.lpfnHook = &Hook;
+  if (ChooseFontW(&dialog) == FALSE) ThrowFailure(CommDlgExtendedError());
+  return FontOf(chosen, dialog.iPointSize / kPointParts, showing);
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,32 @@
+// The system's font dialog as the browser's font choice uses it.
+// What the chosen font is given to is its caller's.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+
+#include "browser/print_commands.h"
+#include "windows/ui/command_window.h"
+
+namespace pricedown::windows {
+
+class CommonFontDialog final : public FontDialog {
+ public:
+  // The dialog belongs to the top-level window around `window`, which must outlive this object.
+  // `apply` is called for the dialog's button 应用 with the font selected then, and may throw;
+  // without it the button is not shown, whatever the flags say, because it could do nothing.
+  explicit CommonFontDialog(const CommandWindow& window,
+                            std::function<void(const Font&)> apply = nullptr)
+      : window_(window), apply_(std::move(apply)) {}
+
+  // FontDialog. `font` keeps what the user does not change, its size to the fraction too. Printer
+  // fonts are offered when there is a default printer.
+  Font Show(const Font& font, std::uint32_t flags) override;
+
+ private:
+  const CommandWindow& window_;
+  std::function<void(const Font&)> apply_;
+};
+
+}  // namespace pricedown::windows

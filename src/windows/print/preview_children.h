@@ -1,0 +1,70 @@
+// The children of the print preview's window.
+// Private to its sources.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <utility>
+
+#include "windows/print/preview_buttons.h"
+#include "windows/print/preview_pane.h"
+#include "windows/ui/child_events.h"
+#include "windows/ui/fonts.h"
+#include "windows/ui/frame_windows.h"
+#include "windows/ui/plain_control.h"
+#include "windows/ui/strip_window.h"
+#include "windows/ui/visual_styles.h"
+
+namespace pricedown::windows {
+
+// One of the two rows of buttons; presses are told as commands.
+struct PreviewBar final : private StripEvents {
+  PreviewBar(std::span<const StripButton> theButtons, std::function<void(PreviewCommand)> pressed,
+             std::function<void(bool)> tabPressed)
+      : buttons(theButtons),
+        pressed_(std::move(pressed)),
+        tabPressed_(std::move(tabPressed)),
+        strip(*this, theButtons) {}
+
+  const std::span<const StripButton> buttons;
+
+ private:
+  void StripButtonClicked(std::size_t position) override {
+    const auto command = PreviewCommandOf(buttons[position - 1].key);
+    if (command) pressed_(*command);
+  }
+  void TabPressed(bool backwards) override { tabPressed_(backwards); }
+  void FocusEntered(HWND) override {}
+
+  std::function<void(PreviewCommand)> pressed_;
+  std::function<void(bool)> tabPressed_;
+
+ public:
+  StripWindow strip;
+};
+
+struct PreviewChildren {
+  PreviewChildren(HINSTANCE module, const std::function<void(PreviewCommand)>& pressed,
+                  const std::function<void(bool)>& tabPressed, PaneEvents& paneEvents,
+                  PreviewState& state, PreviewPages& pages)
+      : styles(module),
+        documentBar(kDocumentButtons, pressed, tabPressed),
+        viewBar(kViewButtons, pressed, tabPressed),
+        pane(paneEvents, state, pages) {}
+
+  VisualStyles styles;
+  // Before the windows that show it, so that it outlives those.
+  FontHandle font;
+  PreviewBar documentBar;
+  PlainControl pageLabel;
+  PlainControl pageField;
+  PlainControl pageCount;
+  PlainControl zoomLabel;
+  PlainControl zoom;
+  PreviewBar viewBar;
+  LineWindow line;
+  PreviewPane pane;
+};
+
+}  // namespace pricedown::windows

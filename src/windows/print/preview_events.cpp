@@ -1,0 +1,280 @@
+// The commands of the preview's window, and the messages that ask for them.
+// Part of PreviewWindow; keys and typed numbers are in preview_keys.cpp.
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <optional>
+#include <utility>
+
+#include "platform/error.h"
+#include "windows/com/failure.h"
+#include "windows/print/preview_children.h"
+#include "windows/print/preview_ids.h"
+#include "windows/print/preview_window.h"
+#include "windows/ui/gdi.h"
+#include "windows/ui/message_box_questions.h"
+
+namespace pricedown::windows {
+namespace {
+
+// Newer than the headers' lowest supported system.
+constexpr UINT kDpiChanged = 0x02E0;
+// Sent to oneself once a list has put its own text into its field.
+constexpr UINT kZoomChosen = WM_APP + 1;
+
+}  // namespace
+
+// Runs what the user asked for and tells what went wrong. The window may be gone when this returns;
+// the object is held by whoever shows it.
+template <typename Command>
+void PreviewWindow::Fire(Command&& command) {
+  if (busy_) return;
+  busy_ = true;
+  SetWaiting(true);
+  std::optional<Failure> failure;
+  try {
+    command();
+  } catch (...) {
+    failure = CurrentFailure();
+  }
+  SetWaiting(false);
+  try {
+    ShowState();
+    if (failure && Handle() != nullptr) ReportFailure(DialogOwner(), *failure);
+  } catch (...) {
+    // No memory for the texts of the state.
+    MessageBeep(MB_ICONERROR);
+  }
+  busy_ = false;
+  if (std::exchange(closeAfter_, false)) Close();
+}
+
+// Sizing and scrolling go on while a command runs, as when its dialog is moved over the window.
+void PreviewWindow::PaneChanges(const std::function<void()>& change) {
+  const auto changed = [&] {
+    change();
+    pages_.Turn(state_.Page());
+  };
+  if (busy_) {
+    change();
+    children_->pane.ShowState();
+  } else {
+    Fire(changed);
+  }
+}
+
+void PreviewWindow::Run(PreviewCommand command) {
+  if (busy_ || Handle() == nullptr || !IsEnabled(command)) return;
+  if (command == PreviewCommand::Close) {
+    Close();
+    return;
+  }
+  Fire([&] { Execute(command); });
+}
+
+bool PreviewWindow::IsEnabled(PreviewCommand command) const {
+  switch (command) {
+    case PreviewCommand::First:
+    case PreviewCommand::Previous:
+      return state_.Page() > 1;
+    case PreviewCommand::Next:
+    case PreviewCommand::Last:
+      return state_.Page() < state_.PageCount();
+    case PreviewCommand::ZoomIn:
+      return state_.Percent() < kGreatestPreviewPercent;
+    case PreviewCommand::ZoomOut: {
+      PreviewState tried = state_;
+      tried.ZoomOut();
+      return tried.Percent() < state_.Percent();
+    }
+    default:
+      return true;
+  }
+}
+
+void PreviewWindow::Execute(PreviewCommand command) {
+  switch (command) {
+    case PreviewCommand::Print:
+      pages_.Printing().Print(Handle());
+      RemakePages();
+      break;
+    case PreviewCommand::PageSetup:
+      pages_.Printing().SetUpPage(Handle());
+      RemakePages();
+      break;
+    case PreviewCommand::Font:
+      ChooseFont();
+      break;
+    case PreviewCommand::First:
+      state_.GoTo(1);
+      break;
+    case PreviewCommand::Previous:
+      state_.GoTo(state_.Page() - 1);
+      break;
+    case PreviewCommand::Next:
+      state_.GoTo(state_.Page() + 1);
+      break;
+    case PreviewCommand::Last:
+      state_.GoTo(state_.PageCount());
+      break;
+    case PreviewCommand::ZoomOut:
+      state_.ZoomOut();
+      break;
+    case PreviewCommand::ZoomIn:
+      state_.ZoomIn();
+      break;
+    case PreviewCommand::FitPage:
+      state_.FitPage();
+      break;
+    case PreviewCommand::FitWidth:
+      state_.FitWidth();
+      break;
+    case PreviewCommand::Close:
+      break;
+  }
+  pages_.Turn(state_.Page());
+}
+
+void PreviewWindow::ChooseFont() {
+  try {
+    const Font chosen = fonts_->Show(pages_.Document().Appearance().font, kFontDialogFlags);
+    // The host may have closed everything below the dialog.
+    if (Handle() != nullptr && !chosen.name.empty()) TakeFont(chosen);
+  } catch (const AutomationError& error) {
+    if (error.Number() != kDialogCancelled) throw;
+  }
+}
+
+void PreviewWindow::TakeFont(const Font& font) {
+  Font& shared = pages_.Document().Appearance().font;
+  if (font == shared) return;
+  const Font before = std::exchange(shared, font);
+  try {
+    RemakePages();
+  } catch (...) {
+    shared = before;
+    throw;
+  }
+  pages_.Turn(state_.Page());
+  ShowState();
+}
+
+void PreviewWindow::RemakePages() {
+  if (Handle() == nullptr) return;
+  pages_.Remake();
+  state_.SetPages(pages_.Count(), pages_.PrintedPaper());
+}
+
+LRESULT PreviewWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
+  const int id = LOWORD(wParam);
+  const int code = HIWORD(wParam);
+  const auto sender = reinterpret_cast<HWND>(lParam);
+  PreviewChildren& c = *children_;
+  if (sender == nullptr) {
+    if (id == IDCANCEL) Run(PreviewCommand::Close);
+    if (id == IDOK) OnEnter();
+  } else if (sender == c.documentBar.strip.Handle()) {
+    c.documentBar.strip.OnCommand(id);
+  } else if (sender == c.viewBar.strip.Handle()) {
+    c.viewBar.strip.OnCommand(id);
+  } else if (id == preview_ids::kPage && code == EN_KILLFOCUS) {
+    // Nothing is left that was typed and not taken.
+    ShowPageNumber();
+  } else if (id == preview_ids::kZoom && code == CBN_SELENDOK) {
+    PostMessageW(Handle(), kZoomChosen, 0, 0);
+  } else if (id == preview_ids::kZoom && code == CBN_KILLFOCUS) {
+    ShowZoom();
+  }
+  return 0;
+}
+
+LRESULT PreviewWindow::OnNotify(NMHDR& header) {
+  if (header.code != TTN_GETDISPINFOW) return 0;
+  for (const PreviewBar* bar : {&children_->documentBar, &children_->viewBar}) {
+    const LRESULT tips = SendMessageW(bar->strip.Handle(), TB_GETTOOLTIPS, 0, 0);
+    if (reinterpret_cast<HWND>(tips) == header.hwndFrom) {
+      bar->strip.OnTooltip(reinterpret_cast<NMTTDISPINFOW&>(header));
+    }
+  }
+  return 0;
+}
+
+void PreviewWindow::OnDpiChanged(const RECT& suggested) {
+  const Dpi dpi = Dpi::Of(Handle());
+  children_->documentBar.strip.TakeAppearance(dpi);
+  children_->viewBar.strip.TakeAppearance(dpi);
+  children_->pane.TakeAppearance();
+  MakeFonts();
+  SetWindowPos(Handle(), nullptr, suggested.left, suggested.top, WidthOf(suggested),
+               HeightOf(suggested), SWP_NOZORDER | SWP_NOACTIVATE);
+  LayOut();
+}
+
+LRESULT PreviewWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_COMMAND:
+      return OnCommand(wParam, lParam);
+    case WM_NOTIFY:
+      return OnNotify(*reinterpret_cast<NMHDR*>(lParam));
+    case kZoomChosen:
+      TakeZoomChoice();
+      return 0;
+    case WM_SIZE:
+      LayOut();
+      return 0;
+    case WM_GETMINMAXINFO:
+      if (children_->font) {
+        const Dpi dpi = Dpi::Of(Handle());
+        const SIZE least = LeastPreviewSize(Measures(), dpi);
+        RECT area{0, 0, least.cx, least.cy};
+        AdjustFrame(area, static_cast<DWORD>(GetWindowLongPtrW(Handle(), GWL_STYLE)),
+                    static_cast<DWORD>(GetWindowLongPtrW(Handle(), GWL_EXSTYLE)), dpi);
+        reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {WidthOf(area), HeightOf(area)};
+      }
+      return 0;
+    case WM_ERASEBKGND: {
+      RECT area{};
+      GetClientRect(Handle(), &area);
+      FillArea(reinterpret_cast<HDC>(wParam), area, GetSysColor(COLOR_BTNFACE));
+      return 1;
+    }
+    case WM_CTLCOLORSTATIC:
+      SetTextColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_BTNTEXT));
+      SetBkColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_BTNFACE));
+      return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
+    case WM_SETCURSOR:
+      if (!waiting_) return Default(message, wParam, lParam);
+      SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+      return TRUE;
+    case WM_ACTIVATE:
+      if (LOWORD(wParam) == WA_INACTIVE) {
+        if (IsChild(Handle(), GetFocus()) != FALSE) lastFocus_ = GetFocus();
+      } else if (lastFocus_ != nullptr && IsChild(Handle(), lastFocus_) != FALSE) {
+        SetFocus(lastFocus_);
+      }
+      return 0;
+    case WM_SETFOCUS:
+      SetFocus(children_->pane.Handle());
+      return 0;
+    case WM_CLOSE:
+      Close();
+      return 0;
+    case WM_DESTROY:
+      // The owner has gone and takes the window along.
+      if (const auto closing = std::exchange(closing_, nullptr)) closing();
+      return 0;
+    case WM_SYSCOLORCHANGE:
+    case WM_THEMECHANGED:
+      for (const HWND child :
+           {children_->documentBar.strip.Handle(), children_->viewBar.strip.Handle()}) {
+        if (child != nullptr) SendMessageW(child, message, wParam, lParam);
+      }
+      RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+      return 0;
+    default:
+      return Default(message, wParam, lParam);
+  }
+}
+
+}  // namespace pricedown::windows

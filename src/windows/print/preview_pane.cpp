@@ -1,0 +1,256 @@
+// Paints off screen, so that nothing flickers, and only the page shown.
+// The scroll bars stay where they are also when there is nothing to scroll: a page that is fitted
+// to the width would otherwise change its own width.
+#include "windows/print/preview_pane.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "windows/ui/gdi.h"
+
+namespace pricedown::windows {
+namespace {
+
+constexpr int kShadow = 3;  // pixels at 96 dpi
+constexpr int kLine = 24;   // of an arrow key or a third of the wheel's notch
+constexpr COLORREF kPaper = RGB(255, 255, 255);
+constexpr COLORREF kInk = RGB(0, 0, 0);
+constexpr int kEdgeShare = 150;  // of ink in the paper's edge, in 255
+constexpr int kShadowShare = 80;
+
+class Painting {
+ public:
+  explicit Painting(HWND window) : window_(window), context_(BeginPaint(window, &paint_)) {}
+  ~Painting() { EndPaint(window_, &paint_); }
+  Painting(const Painting&) = delete;
+  Painting& operator=(const Painting&) = delete;
+  HDC Context() const { return context_; }
+
+ private:
+  HWND window_;
+  PAINTSTRUCT paint_{};
+  HDC context_;
+};
+
+class ClipScope {
+ public:
+  ClipScope(HDC context, const RECT& area) : context_(context), saved_(SaveDC(context)) {
+    IntersectClipRect(context, area.left, area.top, area.right, area.bottom);
+  }
+  ~ClipScope() { RestoreDC(context_, saved_); }
+  ClipScope(const ClipScope&) = delete;
+  ClipScope& operator=(const ClipScope&) = delete;
+
+ private:
+  HDC context_;
+  int saved_;
+};
+
+void GiveScrollBar(HWND window, int bar, int content, int area, int position) {
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS | SIF_DISABLENOSCROLL;
+  info.nMax = std::max(content - 1, 0);
+  info.nPage = static_cast<UINT>(std::max(area, 0));
+  info.nPos = position;
+  SetScrollInfo(window, bar, &info, TRUE);
+}
+
+}  // namespace
+
+void PreviewPane::Create(HWND parent, HINSTANCE module, int id, const wchar_t* name) {
+  Creation creation;
+  creation.className = L"PriceDown.PreviewPane";
+  creation.text = name;
+  creation.style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | WS_HSCROLL | WS_VSCROLL;
+  creation.parent = parent;
+  creation.id = id;
+  creation.module = module;
+  CreateOwn(creation);
+  TakeAppearance();
+}
+
+void PreviewPane::TakeAppearance() { dpi_ = Dpi::Of(Handle()); }
+
+void PreviewPane::ShowState() {
+  if (Handle() == nullptr) return;
+  RECT area{};
+  GetClientRect(Handle(), &area);
+  GiveScrollBar(Handle(), SB_HORZ, state_.ContentWidth(), area.right, state_.ScrollX());
+  GiveScrollBar(Handle(), SB_VERT, state_.ContentHeight(), area.bottom, state_.ScrollY());
+  InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+void PreviewPane::OnSize() {
+  RECT area{};
+  GetClientRect(Handle(), &area);
+  events_.PaneChanges([&] { state_.SetArea({area.right, area.bottom, dpi_.Value()}); });
+}
+
+void PreviewPane::OnPaint() {
+  const Painting painting(Handle());
+  RECT area{};
+  GetClientRect(Handle(), &area);
+  const BufferedPaint buffer(painting.Context(), area);
+  Paint(buffer.Context(), area);
+}
+
+void PreviewPane::Paint(HDC context, const RECT& area) {
+  const COLORREF desk = GetSysColor(COLOR_APPWORKSPACE);
+  FillArea(context, area, desk);
+  const PreviewBox box = state_.PaperBox();
+  const RECT paper{box.left, box.top, box.left + box.width, box.top + box.height};
+  const int shadow = dpi_.Scale(kShadow);
+  RECT part = paper;
+  OffsetRect(&part, shadow, shadow);
+  FillArea(context, part, Blend(desk, kInk, kShadowShare));
+  part = paper;
+  InflateRect(&part, 1, 1);
+  FillArea(context, part, Blend(desk, kInk, kEdgeShare));
+  FillArea(context, paper, kPaper);
+  const ClipScope clip(context, paper);
+  const double pixels = state_.Pixels(1);
+  pages_.Paint(context,
+               {static_cast<double>(box.left), static_cast<double>(box.top), pixels, pixels});
+}
+
+void PreviewPane::ScrollBy(int x, int y) {
+  events_.PaneChanges([&] { state_.ScrollBy(x, y); });
+}
+
+void PreviewPane::Advance(int pixels) {
+  events_.PaneChanges([&] { state_.Wheel(pixels); });
+}
+
+// A page that fits is turned by whole notches only; wheels and pads that tell less would turn many
+// pages at once.
+void PreviewPane::OnWheel(int delta, bool zooms) {
+  RECT area{};
+  GetClientRect(Handle(), &area);
+  const bool scrolls = !zooms && state_.ContentHeight() > area.bottom;
+  const int step = scrolls ? WHEEL_DELTA / 3 : WHEEL_DELTA;
+  if ((delta > 0) != (wheelRest_ > 0)) wheelRest_ = 0;
+  wheelRest_ += delta;
+  const int steps = wheelRest_ / step;
+  wheelRest_ -= steps * step;
+  if (steps == 0) return;
+  if (zooms) {
+    events_.PaneCommand(steps > 0 ? PreviewCommand::ZoomIn : PreviewCommand::ZoomOut);
+  } else {
+    Advance(-steps * dpi_.Scale(kLine));
+  }
+}
+
+void PreviewPane::OnScroll(int bar, int code) {
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_ALL;
+  GetScrollInfo(Handle(), bar, &info);
+  const int page = static_cast<int>(info.nPage);
+  int distance = 0;
+  switch (code) {
+    case SB_LINEUP:
+      distance = -dpi_.Scale(kLine);
+      break;
+    case SB_LINEDOWN:
+      distance = dpi_.Scale(kLine);
+      break;
+    case SB_PAGEUP:
+      distance = -page;
+      break;
+    case SB_PAGEDOWN:
+      distance = page;
+      break;
+    case SB_THUMBTRACK:
+    case SB_THUMBPOSITION:
+      distance = info.nTrackPos - info.nPos;
+      break;
+    case SB_TOP:
+      distance = -info.nMax;
+      break;
+    case SB_BOTTOM:
+      distance = info.nMax;
+      break;
+    default:
+      return;
+  }
+  ScrollBy(bar == SB_HORZ ? distance : 0, bar == SB_VERT ? distance : 0);
+}
+
+bool PreviewPane::PressKey(WPARAM key) {
+  const bool control = GetKeyState(VK_CONTROL) < 0;
+  const int line = dpi_.Scale(kLine);
+  RECT area{};
+  GetClientRect(Handle(), &area);
+  // A little of what was seen stays in sight.
+  const int screen = std::max(static_cast<int>(area.bottom) - line, line);
+  switch (key) {
+    case VK_LEFT:
+      ScrollBy(-line, 0);
+      return true;
+    case VK_RIGHT:
+      ScrollBy(line, 0);
+      return true;
+    case VK_UP:
+      ScrollBy(0, -line);
+      return true;
+    case VK_DOWN:
+      ScrollBy(0, line);
+      return true;
+    case VK_PRIOR:
+      control ? events_.PaneCommand(PreviewCommand::Previous) : Advance(-screen);
+      return true;
+    case VK_NEXT:
+      control ? events_.PaneCommand(PreviewCommand::Next) : Advance(screen);
+      return true;
+    case VK_HOME:
+      control ? events_.PaneCommand(PreviewCommand::First) : ScrollBy(0, -state_.ContentHeight());
+      return true;
+    case VK_END:
+      control ? events_.PaneCommand(PreviewCommand::Last) : ScrollBy(0, state_.ContentHeight());
+      return true;
+    case VK_ADD:
+    case VK_OEM_PLUS:
+      events_.PaneCommand(PreviewCommand::ZoomIn);
+      return true;
+    case VK_SUBTRACT:
+    case VK_OEM_MINUS:
+      events_.PaneCommand(PreviewCommand::ZoomOut);
+      return true;
+    default:
+      return false;
+  }
+}
+
+LRESULT PreviewPane::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_SIZE:
+      OnSize();
+      return 0;
+    case WM_PAINT:
+      OnPaint();
+      return 0;
+    case WM_ERASEBKGND:
+      return 1;
+    case WM_GETDLGCODE:
+      return DLGC_WANTARROWS;
+    case WM_KEYDOWN:
+      return PressKey(wParam) ? 0 : Default(message, wParam, lParam);
+    case WM_LBUTTONDOWN:
+      SetFocus(Handle());
+      return 0;
+    case WM_MOUSEWHEEL:
+      OnWheel(GET_WHEEL_DELTA_WPARAM(wParam), (LOWORD(wParam) & MK_CONTROL) != 0);
+      return 0;
+    case WM_HSCROLL:
+      OnScroll(SB_HORZ, LOWORD(wParam));
+      return 0;
+    case WM_VSCROLL:
+      OnScroll(SB_VERT, LOWORD(wParam));
+      return 0;
+    default:
+      return Default(message, wParam, lParam);
+  }
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,96 @@
+// The window 打印预览: buttons, page number, zoom and the page itself.
+// What the buttons set going outside of it is done by the printing and the font dialog.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <memory>
+
+#include "browser/font.h"
+#include "browser/print_commands.h"
+#include "print/preview_state.h"
+#include "windows/print/preview_buttons.h"
+#include "windows/print/preview_layout.h"
+#include "windows/print/preview_pages.h"
+#include "windows/print/preview_pane.h"
+#include "windows/ui/bound_window.h"
+#include "windows/ui/command_window.h"
+
+namespace pricedown::windows {
+
+struct PreviewChildren;
+
+// One object serves any number of showings; the system's windows live for one.
+class PreviewWindow final : public CommandWindow, private BoundWindow, private PaneEvents {
+ public:
+  // `pages` must outlive the window.
+  PreviewWindow(HINSTANCE module, PreviewPages& pages);
+  ~PreviewWindow() override;
+
+  // Makes the windows, hidden, for the next showing; `owner` may be null. Throws AutomationError.
+  // Requires: the pages were made; `fonts` outlives the showing.
+  void Create(HWND owner, FontDialog& fonts);
+  // `closing` is called while the window is still there.
+  void Show(std::function<void()> closing);
+  // Once a command that waits for a dialog has ended; harmless without a window.
+  void Close() noexcept;
+  // Gives the document that font and makes the pages anew. Throws AutomationError, and then font
+  // and pages stay.
+  void TakeFont(const Font& font);
+  // A message of the modal loop; true when it was used up.
+  bool TranslateKey(MSG& message);
+
+  // CommandWindow
+  HWND Window() const override { return Handle(); }
+  HWND DialogOwner() const override;
+  void SetWaiting(bool waiting) override;
+
+ private:
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+  LRESULT OnCommand(WPARAM wParam, LPARAM lParam);
+  LRESULT OnNotify(NMHDR& header);
+  void OnDpiChanged(const RECT& suggested);
+  bool OnKeyDown(const MSG& message);
+  void OnEnter();
+
+  // PaneEvents
+  void PaneChanges(const std::function<void()>& change) override;
+  void PaneCommand(PreviewCommand command) override { Run(command); }
+
+  template <typename Command>
+  void Fire(Command&& command);
+  void Run(PreviewCommand command);
+  void Execute(PreviewCommand command);
+  bool IsEnabled(PreviewCommand command) const;
+  void ChooseFont();
+  void RemakePages();
+  void GoToTypedPage();
+  void TakeZoomChoice();
+  void TakeTypedZoom();
+
+  void CreateChildren();
+  void MakeFonts();
+  PreviewMeasures Measures() const;
+  void LayOut();
+  void Centre();
+  // The state in all children.
+  void ShowState();
+  void ShowPageNumber();
+  void ShowZoom();
+
+  HINSTANCE module_;
+  PreviewPages& pages_;
+  PreviewState state_;
+  std::unique_ptr<PreviewChildren> children_;
+  FontDialog* fonts_ = nullptr;
+  HWND owner_ = nullptr;
+  HWND lastFocus_ = nullptr;
+  std::function<void()> closing_;
+  bool waiting_ = false;
+  // A command runs; others wait for the user's next click, and closing for its end.
+  bool busy_ = false;
+  bool closeAfter_ = false;
+};
+
+}  // namespace pricedown::windows
