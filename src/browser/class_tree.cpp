@@ -3,9 +3,11 @@
 #include "browser/class_tree.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 
 #include "env/translation.h"
+#include "env/wait_cursor.h"
 #include "platform/cell_text.h"
 #include "platform/error.h"
 #include "platform/row_reader.h"
@@ -131,6 +133,8 @@ void ClassTree::RestoreSelection(std::u16string_view key) {
 void ClassTree::RefreshCurrentNode() {
   if (!state_.currentNodeKey) return;
   const std::u16string key = *state_.currentNodeKey;
+  std::optional<WaitCursor> wait;
+  SkipFailing([&] { wait.emplace(environment_.screen); });
   grid_.LoadItemGrid(key);
 }
 

@@ -21,6 +21,7 @@ namespace {
 
 // In width units.
 constexpr std::array<double, grid_columns::kCount> kColumnWidths{12, 20, 18, 12};
+constexpr std::int32_t kRowsBetweenTelling = 512;
 
 }  // namespace
 
@@ -90,6 +91,7 @@ void ItemGrid::FillRows(const Recordset& items) {
     sheet_.SetText(grid_columns::kName, row, CellText(rows.Field(1), scratch));
     sheet_.SetText(grid_columns::kModel, row, CellText(rows.Field(2), scratch));
     sheet_.SetUpperBound(grid_columns::kPrice, row, kPriceUpperBound);
+    if (row % kRowsBetweenTelling == 0) sheet_.TellFilling();
   }
 }
 

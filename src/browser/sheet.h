@@ -43,6 +43,9 @@ class SheetView {
   virtual void SheetChanged() = 0;
   // Font, row heights or column widths changed: lay out again.
   virtual void SheetMetricsChanged() = 0;
+  // Rows are being filled in while nothing is drawn; told now and then, so that a long fill can be
+  // shown as one.
+  virtual void SheetFills() {}
 };
 
 class Sheet {
@@ -51,6 +54,9 @@ class Sheet {
 
   // The view may be null and must be detached before it dies.
   void Attach(SheetView* view) { view_ = view; }
+  void TellFilling() {
+    if (view_ != nullptr) view_->SheetFills();
+  }
 
   std::int32_t MaxRows() const { return maxRows_; }
   std::int32_t MaxColumns() const { return maxColumns_; }

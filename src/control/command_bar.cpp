@@ -1,5 +1,5 @@
-// The command bar's tools and their members for automation clients.
-// The collections by index or name are bar_collections.
+// The command bar's tools and its members for automation clients.
+// The collections by index or name are bar_collections, a tool is bar_tool.
 #include "control/command_bar.h"
 
 #include <algorithm>
@@ -15,18 +15,6 @@
 namespace pricedown {
 namespace {
 
-template <std::u16string BarTool::Definition::*part>
-Value FixedText(BarTool& tool, Access, std::span<Value>) {
-  return tool.Fixed().*part;
-}
-
-template <bool (BarTool::*read)() const, void (BarTool::*write)(bool)>
-Value State(BarTool& tool, Access access, std::span<Value> arguments) {
-  if (access == Access::Call) return (tool.*read)();
-  (tool.*write)(ToBoolean(arguments.back()));
-  return {};
-}
-
 std::shared_ptr<CommandBar> Shared(CommandBar& bar) { return bar.shared_from_this(); }
 
 Value Bands(CommandBar& bar, Access, std::span<Value> arguments) {
@@ -38,44 +26,20 @@ Value Tools(CommandBar& bar, Access, std::span<Value> arguments) {
                           arguments);
 }
 
-Value ClickTool(BarTool& tool, Access, std::span<Value>) {
-  tool.Click();
-  return {};
-}
-
 Value Click(CommandBar& bar, Access, std::span<Value> arguments) {
   bar.Click(ToText(arguments.front()));
   return {};
 }
 
+Value Listener(CommandBar& bar, Access access, std::span<Value> arguments) {
+  if (access == Access::Call) return bar.Listener();
+  const Value& host = arguments.back().Resolved();
+  const bool nobody = host.Is(Value::Kind::Object) && host.Object() == nullptr;
+  bar.SetListener(nobody ? nullptr : RequireObject(host, u"Listener"));
+  return {};
+}
+
 }  // namespace
-
-void BarTool::Change(bool& state, bool value) {
-  if (state == value) return;
-  state = value;
-  // A copy, because the handler may replace itself.
-  if (const ChangeHandler handler = change_) handler(*this);
-}
-
-void BarTool::Click() {
-  // A copy, because the command may end the control, which takes the handler away.
-  const ClickHandler handler = click_;
-  if (enabled_ && handler) handler(shared_from_this());
-}
-
-std::span<const Member<BarTool>> BarTool::Members() {
-  static constexpr std::array<Member<BarTool>, 8> kMembers{{
-      {u"Name", MemberKind::Get, FixedText<&Definition::name>, 0, 0, true},
-      {u"Caption", MemberKind::Get, FixedText<&Definition::caption>},
-      {u"Description", MemberKind::Get, FixedText<&Definition::description>},
-      {u"Category", MemberKind::Get, FixedText<&Definition::category>},
-      {u"Enabled", MemberKind::GetPut, State<&BarTool::Enabled, &BarTool::SetEnabled>},
-      {u"Checked", MemberKind::GetPut, State<&BarTool::Checked, &BarTool::SetChecked>},
-      {u"Visible", MemberKind::GetPut, State<&BarTool::Visible, &BarTool::SetVisible>},
-      {u"Click", MemberKind::Method, ClickTool},
-  }};
-  return kMembers;
-}
 
 CommandBar::CommandBar() {
   const auto add = [&](std::u16string_view name, std::u16string_view caption,
@@ -98,30 +62,28 @@ std::shared_ptr<BarTool> CommandBar::Tool(std::u16string_view name) const {
 
 std::shared_ptr<BarTool> CommandBar::Add(BarTool::Definition definition) {
   if (auto present = Tool(definition.name)) return present;
-  auto tool = std::make_shared<BarTool>(std::move(definition));
+  tools_.push_back(std::make_shared<BarTool>(std::move(definition), listeners_));
+  const std::shared_ptr<BarTool> tool = tools_.back();
   // What these show is visible until a host says otherwise.
   if (tool->Fixed().name == kToolStripTool || tool->Fixed().name == kStatusBarTool) {
     tool->SetChecked(true);
   }
-  tool->OnChange(change_);
-  tool->OnClick(click_);
-  tools_.push_back(tool);
   return tool;
 }
 
-void CommandBar::OnClick(BarTool::ClickHandler handler) {
-  click_ = std::move(handler);
-  for (const auto& tool : tools_) tool->OnClick(click_);
+void CommandBar::OnClick(std::function<void(const ObjectPtr& tool)> command) {
+  listeners_->command = std::move(command);
 }
 
-void CommandBar::OnChange(BarTool::ChangeHandler handler) {
-  change_ = std::move(handler);
-  for (const auto& tool : tools_) tool->OnChange(change_);
+void CommandBar::SetListener(ObjectPtr host) {
+  // The one before is released last: that may call back.
+  if (!detached_) std::swap(listeners_->host, host);
 }
 
 void CommandBar::Detach() {
+  detached_ = true;
   OnClick(nullptr);
-  OnChange(nullptr);
+  std::exchange(listeners_->host, nullptr).reset();
 }
 
 void CommandBar::Click(std::u16string_view name) {
@@ -134,10 +96,11 @@ void CommandBar::Click(std::u16string_view name) {
 }
 
 std::span<const Member<CommandBar>> CommandBar::Members() {
-  static constexpr std::array<Member<CommandBar>, 3> kMembers{{
+  static constexpr std::array<Member<CommandBar>, 4> kMembers{{
       {u"Bands", MemberKind::Get, Bands, 0, 1},
       {u"Tools", MemberKind::Get, pricedown::Tools, 0, 1},
       {u"Click", MemberKind::Method, pricedown::Click, 1, 1},
+      {u"Listener", MemberKind::GetPut, pricedown::Listener},
   }};
   return kMembers;
 }

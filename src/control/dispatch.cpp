@@ -1,10 +1,13 @@
 // What the keys of the command bar and of the tool strip do, and the right that each one needs.
 // Nothing is trapped here: a failing command reaches whoever clicked.
 #include <array>
+#include <optional>
 
 #include "control/price_down.h"
+#include "env/wait_cursor.h"
 #include "platform/convert.h"
 #include "platform/error.h"
+#include "platform/skip.h"
 
 namespace pricedown {
 namespace {
@@ -35,6 +38,8 @@ void PriceDown::BarToolClicked(const ObjectPtr& tool) {
   if (terminated_) return;
   const ObjectPtr clicked = RequireObject(Value(tool), u"Tool");
   const std::u16string key = ToText(clicked->Get(u"Name"));
+  // The host was asked, and may have closed the control.
+  if (terminated_) return;
   if (key == u"iPrint") {
     PrintPara();
   } else if (key == u"iPrintPreView") {
@@ -53,18 +58,17 @@ void PriceDown::BarToolClicked(const ObjectPtr& tool) {
     ClassToolClicked(key, u"Del");
   } else if (key == kStatusBarTool) {
     // The host has changed its state; the control only follows it.
-    TakeCheckedState(clicked, kStatusBarTool);
-    LayOut();
+    LayOutForState(clicked, kStatusBarTool);
   }
 }
 
 void PriceDown::BarToolChosen(std::u16string_view name) {
-  if (!IsBarToolEnabled(name)) return;
-  std::shared_ptr<BarTool> tool = bar_->Tool(name);
-  if (tool == nullptr) {
-    tool = std::make_shared<BarTool>(BarTool::Definition{std::u16string(name), {}, {}, {}});
+  if (const std::shared_ptr<BarTool> tool = bar_->Tool(name)) {
+    tool->Click();
+  } else {
+    BarToolClicked(
+        std::make_shared<BarTool>(BarTool::Definition{std::u16string(name), {}, {}, {}}));
   }
-  BarToolClicked(tool);
 }
 
 bool PriceDown::IsBarToolEnabled(std::u16string_view name) const {
@@ -84,6 +88,8 @@ void PriceDown::StripButtonClicked(std::u16string_view key) {
   RunStripCommand(key);
   // The command may have ended the control.
   if (terminated_) return;
+  std::optional<WaitCursor> wait;
+  SkipFailing([&] { wait.emplace(ports_.screen); });
   // On purpose also after a refused right and for keys without a command.
   tree_.LoadClassTree();
   grid_.Cells().Repaint();
@@ -107,14 +113,15 @@ void PriceDown::CloseContainer() { ports_.container.Close(); }
 
 void PriceDown::ToggleToolStrip(const ObjectPtr& tool) {
   tool->Put(u"Checked", !ToBoolean(tool->Get(u"Checked")));
-  TakeCheckedState(tool, kToolStripTool);
-  LayOut();
+  LayOutForState(tool, kToolStripTool);
 }
 
 // The clicked tool may be the host's own of that name; the layout reads the bar's.
-void PriceDown::TakeCheckedState(const ObjectPtr& tool, std::u16string_view name) {
+void PriceDown::LayOutForState(const ObjectPtr& tool, std::u16string_view name) {
   const bool checked = ToBoolean(tool->Get(u"Checked"));
   bar_->Add({std::u16string(name), {}, {}, {}})->SetChecked(checked);
+  // The host was told, and may have closed the control.
+  if (!terminated_) LayOut();
 }
 
 Value PriceDown::addRecord() {

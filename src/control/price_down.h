@@ -118,7 +118,7 @@ class PriceDown {
   void RunStripCommand(std::u16string_view key);
   void CloseContainer();
   void ToggleToolStrip(const ObjectPtr& tool);
-  void TakeCheckedState(const ObjectPtr& tool, std::u16string_view name);
+  void LayOutForState(const ObjectPtr& tool, std::u16string_view name);
 
   PriceDownPorts ports_;
   Environment environment_;

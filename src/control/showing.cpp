@@ -92,7 +92,7 @@ void PriceDown::RefreshToolbar() {
 
 void PriceDown::SelBlock(const ObjectPtr& grid, const Value& column, const Value& column2,
                          const Value& row, const Value& row2) {
-  SelectBlock(grid, column, column2, row, row2);
+  if (!terminated_) SelectBlock(grid, column, column2, row, row2);
 }
 
 void PriceDown::NodeClicked(NodeIndex node) {

@@ -3,29 +3,10 @@
 
 #include "platform/error.h"
 #include "tests/browser/browser_fixture.h"
+#include "tests/browser/class_deletion.h"
 
 namespace pricedown::testing {
 namespace {
-
-constexpr std::u16string_view kVoucher =
-    u"select top 1 FVoucherID from t_voucher where FYear='2008'and FPeriod='3'and "
-    u"FTranType=820 and FInternalInd='Industry'\r\n";
-constexpr std::u16string_view kHistory =
-    u"select top 1 a.FItemID from ICPriceDownPrepare a \r\n"
-    u"inner join ICPriceDownClass b on a.FItemID=b.FItemID \r\n"
-    u"where ((a.FYear='2008' and a.FPeriod<'3') \r\n"
-    u"or (a.FYear<'2008')) and (a.FHaveAdd<>0 or a.FCurrentAdd<>0) and b.FItemClassNumber='01'\r\n";
-constexpr std::u16string_view kDeleteProvision =
-    u"delete a from ICPriceDownPrepare a \r\n"
-    u"inner join ICPriceDownClass b on a.FItemID=b.FItemID \r\n"
-    u"where (a.FYear='2008' and a.FPeriod='3') \r\n"
-    u"and b.FItemClassNumber='01'\r\n";
-constexpr std::u16string_view kDeleteClass =
-    u"delete from icPriceDownClass where FItemClassNumber='01'";
-
-constexpr const char* kQuestion =
-    "ask question \"岚禾提示\": \"确定要删除当前记录? 当前的物料类别代码为:01  "
-    "物料类别名称为:原料\" -> ";
 
 class DeleteClass : public BrowserFixture {
  protected:
@@ -55,22 +36,6 @@ class DeleteClass : public BrowserFixture {
   static ScriptedRows NoRow() { return Rows({u"FItemID"}, {}); }
   static ScriptedRows OneRow() { return Rows({u"FItemID"}, {{7}}); }
 
-  // What happens from the answer Yes to the voucher guard.
-  static std::string ReadingThePeriod() {
-    std::string lines = "create ZEPEBSBase.SystemProfile\n";
-    for (const char* key : {"CurrentYear", "CurrentPeriod"}) {
-      lines +=
-          "create ZEPPropsMgr.ShareProps\n"
-          "ZEPPropsMgr.ShareProps.GetProperty(\"PropsString\", ref Empty)\n"
-          "release ZEPPropsMgr.ShareProps\n"
-          "ZEPEBSBase.SystemProfile.GetProfile(\"ConnectString={x}\", \"IC\", \"" +
-          std::string(key) + "\")\n";
-    }
-    return lines +
-           "release ZEPEBSBase.SystemProfile\n"
-           "create ZEPConnection.AppConnection\n";
-  }
-
   Value period_ = u"3";
   ClassCommands commands_{environment_, state_, tree_, editor_};
 };
@@ -80,27 +45,27 @@ TEST_F(DeleteClass, AsksGuardsDeletesAndSelectsTheRoot) {
   ScriptDeletes();
   questions_.WillAnswer({true});
   commands_.Delete();
-  EXPECT_EQ(log_.Text(),
-            Lines(kQuestion + std::string("yes\n") + ReadingThePeriod() + ExecuteLine(kVoucher) +
-                  "\nrelease result\n" + ExecuteLine(kHistory) + "\nrelease result\n" +
-                  ExecuteLine(kDeleteProvision) + "\n" + ExecuteLine(kDeleteClass) +
-                  "\nrelease ZEPConnection.AppConnection\n"
-                  "tree redraw off\n"
-                  "tree clear\n"
-                  "create ZEPConnection.AppConnection\n" +
-                  ExecuteLine(kTreeStatement) +
-                  "\nrelease ZEPConnection.AppConnection\n"
-                  "release result\n"
-                  "tree insert 1 under 0 \"物料\"\n"
-                  "tree redraw on\n"
-                  "tree select 1\n"
-                  "screen pointer 11\n"
-                  "release result\n"
-                  "create ZEPConnection.AppConnection\n" +
-                  ExecuteLine(kItemsOfRoot) +
-                  "\nrelease ZEPConnection.AppConnection\n"
-                  "screen pointer 0\n"
-                  "screen messages\n"));
+  EXPECT_EQ(log_.Text(), Lines(kQuestion + std::string("yes\n") +
+                               ReadingThePeriod("ConnectString={x}") + ExecuteLine(kVoucher) +
+                               "\nrelease result\n" + ExecuteLine(kHistory) + "\nrelease result\n" +
+                               ExecuteLine(kDeleteProvision) + "\n" + ExecuteLine(kDeleteClass) +
+                               "\nrelease ZEPConnection.AppConnection\n"
+                               "tree redraw off\n"
+                               "tree clear\n"
+                               "create ZEPConnection.AppConnection\n" +
+                               ExecuteLine(kTreeStatement) +
+                               "\nrelease ZEPConnection.AppConnection\n"
+                               "release result\n"
+                               "tree insert 1 under 0 \"物料\"\n"
+                               "tree redraw on\n"
+                               "tree select 1\n"
+                               "screen pointer 11\n"
+                               "release result\n"
+                               "create ZEPConnection.AppConnection\n" +
+                               ExecuteLine(kItemsOfRoot) +
+                               "\nrelease ZEPConnection.AppConnection\n"
+                               "screen pointer 0\n"
+                               "screen messages\n"));
   EXPECT_EQ(Utf8(tree_.SelectedKey()), "gc0");
   EXPECT_EQ(grid_.Cells().MaxRows(), 0);
 }
@@ -140,12 +105,12 @@ TEST_F(DeleteClass, RefusesWhenThePeriodHasItsVoucher) {
   ScriptGuards(OneRow(), NoRow());
   questions_.WillAnswer({true});
   commands_.Delete();
-  EXPECT_EQ(log_.Text(),
-            Lines(kQuestion + std::string("yes\n") + ReadingThePeriod() + ExecuteLine(kVoucher) +
-                  "\nrelease result\n"
-                  "tell information \"岚禾提示\": "
-                  "\"本期跌价准备数据已经生成凭证，不得删除物料类别！\"\n"
-                  "release ZEPConnection.AppConnection\n"));
+  EXPECT_EQ(log_.Text(), Lines(kQuestion + std::string("yes\n") +
+                               ReadingThePeriod("ConnectString={x}") + ExecuteLine(kVoucher) +
+                               "\nrelease result\n"
+                               "tell information \"岚禾提示\": "
+                               "\"本期跌价准备数据已经生成凭证，不得删除物料类别！\"\n"
+                               "release ZEPConnection.AppConnection\n"));
 }
 
 TEST_F(DeleteClass, RefusesWhenTheClassHasHistory) {
@@ -154,8 +119,8 @@ TEST_F(DeleteClass, RefusesWhenTheClassHasHistory) {
   commands_.Delete();
   EXPECT_EQ(
       log_.Text(),
-      Lines(kQuestion + std::string("yes\n") + ReadingThePeriod() + ExecuteLine(kVoucher) +
-            "\nrelease result\n" + ExecuteLine(kHistory) +
+      Lines(kQuestion + std::string("yes\n") + ReadingThePeriod("ConnectString={x}") +
+            ExecuteLine(kVoucher) + "\nrelease result\n" + ExecuteLine(kHistory) +
             "\nrelease result\n"
             "tell information \"岚禾提示\": \"该物料类别在以前期间已有业务发生，不得删除！\"\n"
             "release ZEPConnection.AppConnection\n"));

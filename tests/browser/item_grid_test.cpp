@@ -57,6 +57,23 @@ TEST_F(ItemGridTest, ListsTheItemsOfTheSelectedClass) {
   EXPECT_TRUE(state_.itemRecordset);
 }
 
+TEST_F(ItemGridTest, TellsItsViewNowAndThenThatALongListIsBeingFilled) {
+  struct CountingView : SheetView {
+    void SheetChanged() override {}
+    void SheetMetricsChanged() override {}
+    void SheetFills() override { ++fills; }
+    int fills = 0;
+  } view;
+  grid_.Cells().Attach(&view);
+  ScriptedRows rows = ItemRows({});
+  for (int i = 0; i < 1100; ++i) rows.rows.push_back(ItemRows(kTwoItems).rows.front());
+  AnswerStatement(factory_, kItemsOf01, rows);
+  grid_.LoadItemGrid(u"gi01");
+  grid_.Cells().Attach(nullptr);
+  EXPECT_EQ(grid_.Cells().MaxRows(), 1100);
+  EXPECT_EQ(view.fills, 2);
+}
+
 TEST_F(ItemGridTest, ListsAllItemsWhenProvisionsAreKeptByItem) {
   state_.itemClassType = 2;
   AnswerStatement(factory_, kAllItems, ItemRows(kTwoItems));

@@ -158,10 +158,22 @@ TEST_F(NodeClick, RefreshesTheNodeOfTheLastClickWithoutReloadingTheTree) {
   tree_.NodeClick(kClass01);
   log_.Clear();
   tree_.RefreshCurrentNode();
-  EXPECT_EQ(log_.Text(),
-            Lines("release result\n"
-                  "create ZEPConnection.AppConnection\n" +
-                  ExecuteLine(kItemsOf01) + "\nrelease ZEPConnection.AppConnection\n"));
+  EXPECT_EQ(log_.Text(), Lines("screen pointer 11\n"
+                               "release result\n"
+                               "create ZEPConnection.AppConnection\n" +
+                               ExecuteLine(kItemsOf01) +
+                               "\nrelease ZEPConnection.AppConnection\n"
+                               "screen pointer 0\n"));
+}
+
+TEST_F(NodeClick, RefreshesWhateverBecomesOfThePointer) {
+  tree_.NodeClick(kClass01);
+  log_.Clear();
+  factory_.FailCall(1);
+  tree_.RefreshCurrentNode();
+  EXPECT_EQ(log_.Lines().front(), "screen pointer 11 fails");
+  EXPECT_EQ(log_.Count(ExecuteLine(kItemsOf01)), 1u);
+  EXPECT_EQ(grid_.Cells().MaxRows(), 2);
 }
 
 TEST_F(NodeClick, RefreshesTheSameNodeAfterAReload) {

@@ -3,11 +3,47 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <functional>
+
+#include "platform/convert.h"
 #include "platform/error.h"
 #include "tests/support/utf8.h"
 
 namespace pricedown::testing {
 namespace {
+
+// What a host that listens to the bar is told.
+class HostListener : public LocalObject<HostListener> {
+ public:
+  static std::span<const Member<HostListener>> Members() {
+    static constexpr std::array<Member<HostListener>, 2> kMembers{{
+        {u"ToolChanged", MemberKind::Method, Hear<kChanged>, 1, 1},
+        {u"ToolClicked", MemberKind::Method, Hear<kClicked>, 1, 1},
+    }};
+    return kMembers;
+  }
+
+  std::vector<std::string> heard;
+  std::function<void()> whenTold;
+  bool fails = false;
+
+ private:
+  static constexpr char kChanged[] = "changed ";
+  static constexpr char kClicked[] = "clicked ";
+
+  template <const char* what>
+  static Value Hear(HostListener& listener, Access, std::span<Value> arguments) {
+    const ObjectPtr tool = RequireObject(arguments[0], u"tool");
+    const auto is = [&](std::u16string_view state) { return ToBoolean(tool->Get(state)); };
+    listener.heard.push_back(
+        what + Utf8(ToText(tool->Get(u"Name"))) + (is(u"Enabled") ? " on" : " off") +
+        (is(u"Checked") ? " checked" : "") + (is(u"Visible") ? "" : " hidden"));
+    if (listener.whenTold) listener.whenTold();
+    if (listener.fails) throw AutomationError(ErrorNumber::Unspecified, u"listener");
+    return {};
+  }
+};
 
 class CommandBarTest : public ::testing::Test {
  protected:
@@ -29,6 +65,7 @@ class CommandBarTest : public ::testing::Test {
   ObjectPtr Tools() const { return Of(bar_, u"Tools"); }
 
   std::shared_ptr<CommandBar> bar_ = std::make_shared<CommandBar>();
+  std::shared_ptr<HostListener> listener_ = std::make_shared<HostListener>();
 };
 
 TEST_F(CommandBarTest, HoldsTheDesignedBandMenuAndTools) {
@@ -101,21 +138,89 @@ TEST_F(CommandBarTest, LetsHostsSwitchTheStatesAndNothingElse) {
   EXPECT_THROW(tool->Put(u"Checked", u"maybe"), AutomationError);
 }
 
-TEST_F(CommandBarTest, TellsOfEachChangeOfAnyToolAlsoOfLaterOnes) {
-  std::vector<std::string> changes;
-  bar_->OnChange([&](const BarTool& tool) {
-    changes.push_back(Utf8(tool.Fixed().name) + (tool.Checked() ? " checked" : " unchecked") +
-                      (tool.Enabled() ? " enabled" : " disabled"));
-  });
-  bar_->Tool(u"iCut")->SetEnabled(false);
-  bar_->Tool(u"iCut")->SetEnabled(false);  // no change
-  bar_->Add({u"iRefresh", u"", u"", u""});
-  bar_->Tool(u"iRefresh")->SetChecked(true);
-  EXPECT_EQ(changes,
-            (std::vector<std::string>{"iCut unchecked disabled", "iRefresh checked enabled"}));
+TEST_F(CommandBarTest, TellsTheListenerOfEachChangeOfAnyToolAlsoOfLaterOnes) {
+  bar_->PutReference(u"Listener", listener_);
+  const ObjectPtr cut = Of(bar_, u"Tools", {u"iCut"});
+  cut->Put(u"Enabled", false);
+  cut->Put(u"Enabled", false);  // no change
+  Of(Tools(), u"Add", {u"iRefresh"})->Put(u"Checked", true);
+  cut->Put(u"Visible", false);
+  Of(Tools(), u"Add", {u"iToolBar"});  // starts checked
+  EXPECT_EQ(listener_->heard,
+            (std::vector<std::string>{"changed iCut off", "changed iRefresh on checked",
+                                      "changed iCut off hidden", "changed iToolBar on checked"}));
+}
+
+TEST_F(CommandBarTest, TellsTheListenerOfAClickWhenItsCommandIsOver) {
+  bar_->OnClick([&](const ObjectPtr&) { listener_->heard.push_back("command"); });
+  bar_->PutReference(u"Listener", listener_);
+  bar_->Call(u"Click", {u"iEdit"});
+  Of(bar_, u"Tools", {u"iCut"})->Call(u"Click");
+  EXPECT_EQ(listener_->heard, (std::vector<std::string>{"command", "clicked iEdit on", "command",
+                                                        "clicked iCut on"}));
+}
+
+TEST_F(CommandBarTest, TellsNoListenerOfAClickThatDoesNothingOrFails) {
+  bar_->PutReference(u"Listener", listener_);
+  bar_->Call(u"Click", {u"iEdit"});  // nobody runs commands yet
+  bar_->OnClick([](const ObjectPtr&) { throw AutomationError(ErrorNumber::Unspecified, u"no"); });
+  EXPECT_THROW(bar_->Call(u"Click", {u"iEdit"}), AutomationError);
+  bar_->Tool(u"iEdit")->DisableForGood();
+  bar_->Call(u"Click", {u"iEdit"});
+  EXPECT_EQ(listener_->heard, std::vector<std::string>{"changed iEdit off"});
+}
+
+TEST_F(CommandBarTest, ChangesAndClicksAllTheSameWhenTheListenerFailsOrLacksTheMethod) {
+  int commands = 0;
+  bar_->OnClick([&](const ObjectPtr&) { ++commands; });
+  const ObjectPtr tool = Of(bar_, u"Tools", {u"iEdit"});
+  bar_->PutReference(u"Listener", tool);  // an object without the methods
+  listener_->fails = true;
+  tool->Put(u"Checked", true);
+  bar_->PutReference(u"Listener", listener_);
+  tool->Put(u"Visible", false);
+  tool->Call(u"Click");
+  EXPECT_EQ(TextOf(tool, u"Checked") + TextOf(tool, u"Visible"), "TrueFalse");
+  EXPECT_EQ(commands, 1);
+  EXPECT_EQ(listener_->heard.size(), 2u);
+}
+
+TEST_F(CommandBarTest, HasOneListenerUntilItGetsAnotherOrNone) {
+  EXPECT_EQ(TextOf(bar_, u"Listener"), Readable(Value(ObjectPtr())));
+  bar_->PutReference(u"Listener", listener_);
+  EXPECT_EQ(Of(bar_, u"Listener"), ObjectPtr(listener_));
+  const auto other = std::make_shared<HostListener>();
+  bar_->Put(u"Listener", Value(ObjectPtr(other)));
+  bar_->Tool(u"iCut")->SetChecked(true);
+  bar_->PutReference(u"Listener", nullptr);
+  bar_->Tool(u"iCut")->SetChecked(false);
+  EXPECT_EQ(other->heard, std::vector<std::string>{"changed iCut on checked"});
+  EXPECT_EQ(listener_->heard, std::vector<std::string>{});
+  for (const Value& wrong : std::vector<Value>{1, u"x", Missing{}, Value()}) {
+    EXPECT_THROW(bar_->Put(u"Listener", wrong), AutomationError) << Readable(wrong);
+  }
+}
+
+TEST_F(CommandBarTest, LetsGoOfItsListenerForGoodWhenItIsDetached) {
+  bar_->PutReference(u"Listener", listener_);
   bar_->Detach();
-  bar_->Tool(u"iCut")->SetEnabled(true);
-  EXPECT_EQ(changes.size(), 2u);
+  EXPECT_EQ(listener_.use_count(), 1);
+  bar_->PutReference(u"Listener", listener_);
+  bar_->Tool(u"iCut")->SetChecked(true);
+  EXPECT_EQ(listener_.use_count(), 1);
+  EXPECT_EQ(listener_->heard, std::vector<std::string>{});
+}
+
+TEST_F(CommandBarTest, MayGetAnotherListenerInsideACall) {
+  const auto next = std::make_shared<HostListener>();
+  listener_->whenTold = [&] { bar_->PutReference(u"Listener", next); };
+  bar_->PutReference(u"Listener", listener_);
+  const std::weak_ptr<HostListener> first = listener_;
+  listener_.reset();
+  bar_->Tool(u"iCut")->SetChecked(true);
+  EXPECT_TRUE(first.expired());
+  bar_->Tool(u"iCut")->SetChecked(false);
+  EXPECT_EQ(next->heard, std::vector<std::string>{"changed iCut on"});
 }
 
 TEST_F(CommandBarTest, HandsAClickedToolToItsHandler) {

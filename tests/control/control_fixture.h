@@ -98,6 +98,8 @@ class ControlWorld {
               if (key == R"("IC""UseShortNumber")") return company.useShortNumber;
               if (key == R"("ic""CurrentYear")") return company.year;
               if (key == R"("ic""CurrentPeriod")") return company.period;
+              if (key == R"("IC""CurrentYear")") return company.year;
+              if (key == R"("IC""CurrentPeriod")") return company.period;
               ADD_FAILURE() << "not in the profile: " << key;
               return Value();
             }));

@@ -37,7 +37,7 @@ class Dispatch : public ::testing::Test {
   }
   // What the command throws, or an empty text.
   template <typename Command>
-  std::string FailureOf(Command command) {
+  static std::string FailureOf(Command command) {
     try {
       command();
       return {};
@@ -47,7 +47,8 @@ class Dispatch : public ::testing::Test {
   }
   // The reload behind every strip command: the tree, and the grid painted without a query.
   static std::string Reload() {
-    return "tree redraw off\n"
+    return "screen pointer 11\n"
+           "tree redraw off\n"
            "tree clear\n"
            "create ZEPConnection.AppConnection\n" +
            ExecuteLine(kTreeStatement) +
@@ -57,7 +58,8 @@ class Dispatch : public ::testing::Test {
            "tree insert 2 under 1 \"01(原料)\"\n"
            "tree insert 3 under 1 \"02(成品)\"\n"
            "tree redraw on\n"
-           "sheet changed 2 rows\n";
+           "sheet changed 2 rows\n"
+           "screen pointer 0\n";
   }
   static constexpr const char* kRefusal =
       "tell information \"岚禾提示\": \"没有权限,请与系统管理员联系\"\n";

@@ -127,6 +127,7 @@ TEST_F(Dispatch, RefreshesTheCurrentNode) {
   Click(u"iRefresh");
   EXPECT_EQ(world_.log.Text(),
             "tool.Name()\n"
+            "screen pointer 11\n"
             "release result\n"
             "create ZEPConnection.AppConnection\n" +
                 ExecuteLine(kItemsOf01) +
@@ -135,6 +136,7 @@ TEST_F(Dispatch, RefreshesTheCurrentNode) {
                 "sheet changed 2 rows\n"
                 "sheet changed 2 rows\n"
                 "sheet changed 2 rows\n"
+                "screen pointer 0\n"
                 "release tool\n");
 }
 
@@ -300,8 +302,50 @@ TEST_F(Dispatch, SaysThatThereIsNoPrintingWithoutALedger) {
 TEST_F(Dispatch, RunsNoClassCommandForAForwardedClickOnADisabledTool) {
   world_.company.mode = u"2";
   Start();
-  for (const std::u16string_view name : {u"iInsert", u"iEdit", u"iCut"}) Click(name);
-  EXPECT_EQ(world_.log.Text().find("AccessCheck"), std::string::npos) << world_.log.Text();
+  for (const std::u16string_view name : {u"iInsert", u"iEdit", u"iCut"}) {
+    world_.log.Clear();
+    Click(name);
+    EXPECT_EQ(world_.log.Text(), "tool.Name()\nrelease tool\n") << Utf8(name);
+  }
+}
+
+// A host may close the control wherever it is called.
+TEST_F(Dispatch, DoesNothingOnceTheHostHasClosedTheControlWhenAskedForTheToolsName) {
+  Start();
+  Control().ItemSheet().Attach(nullptr);
+  world_.factory.Object(u"tool").On(u"Name", Reply::From([this](auto) {
+                                      Control().Terminate();
+                                      world_.log.Clear();
+                                      return u"iExit";
+                                    }));
+  Control().ParentWindow_ToolBarClick(world_.factory.NewObject(u"tool"));
+  EXPECT_EQ(world_.log.Text(), "release tool\n");
+}
+
+TEST_F(Dispatch, LaysOutNothingOnceTheListenerHasClosedTheControl) {
+  Start();
+  Control().ItemSheet().Attach(nullptr);
+  Control().Bar()->Add({u"iToolBar", {}, {}, {}});
+  world_.factory.Object(u"listener").On(u"ToolChanged", Reply::From([this](auto) {
+                                          Control().Terminate();
+                                          return Value();
+                                        }));
+  Control().Bar()->SetListener(world_.factory.NewObject(u"listener"));
+  Control().Bar()->Click(u"iToolBar");
+  EXPECT_EQ(world_.log.Count("view place"), 0u) << world_.log.Text();
+}
+
+TEST_F(Dispatch, TellsTheListenerOfARefreshByKeyAsOfAClick) {
+  Start();
+  std::string told;
+  world_.factory.Object(u"listener").On(u"ToolClicked", Reply::From([&](auto arguments) {
+                                          told += Readable(arguments[0].Object()->Get(u"Name"));
+                                          return Value();
+                                        }));
+  Control().Bar()->Add({std::u16string(kRefreshTool), {}, {}, {}});
+  Control().Bar()->SetListener(world_.factory.NewObject(u"listener"));
+  Control().BarToolChosen(kRefreshTool);
+  EXPECT_EQ(told, "\"iRefresh\"");
 }
 
 TEST(ToolStrip, HasItsEightButtonsInOrder) {

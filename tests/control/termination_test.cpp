@@ -122,6 +122,7 @@ TEST_F(Termination, LeavesHostsWithObjectsThatDoNothing) {
 TEST_F(Termination, SilencesEveryMemberAndEvent) {
   Start();
   const ObjectPtr tool = world_.NewTool(u"iInsert");
+  const ObjectPtr grid = world_.factory.NewObject(u"grid of the host");
   PriceDown& control = *world_.control;
   control.SplitterDown();
   control.Terminate();
@@ -130,6 +131,7 @@ TEST_F(Termination, SilencesEveryMemberAndEvent) {
   control.NotifyMessage(u"Activate");
   control.RefreshToolbar();
   control.ParentWindow_ToolBarClick(tool);
+  control.SelBlock(grid, Missing{}, Missing{}, Missing{}, Missing{});
   EXPECT_EQ(control.PreviewPara(), Value());
   EXPECT_EQ(control.PrintPara(), Value());
   EXPECT_EQ(control.ModelCurrent(), Value());

@@ -83,6 +83,7 @@ class SheetWindow : public ::testing::Test, private windows::ChildEvents {
   void TabPressed(bool backwards) override { tabs_ += backwards ? "<" : ">"; }
   void FocusEntered(HWND) override {}
   void ItemsChanged() override {}
+  void ItemsFilling() override {}
   bool Waiting() const override { return false; }
 
   HostWindow host_{700, 500};

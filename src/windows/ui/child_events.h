@@ -44,6 +44,8 @@ class ChildEvents : public StripEvents {
   virtual void SplitterEvent(SplitterAction action, std::int32_t pixels) = 0;
   // The sheet shows other rows.
   virtual void ItemsChanged() = 0;
+  // The sheet is being filled, and does not show it yet.
+  virtual void ItemsFilling() = 0;
   virtual bool Waiting() const = 0;
 
  protected:

@@ -149,7 +149,15 @@ void ControlWindow::FocusEntered(HWND from) {
   if (handler) handler();
 }
 
-void ControlWindow::ItemsChanged() { ShowStatus(); }
+void ControlWindow::ItemsChanged() {
+  ItemsFilling();
+  ShowStatus();
+}
+
+// The rows come after the answer of the database: by then it is known whether this takes long.
+void ControlWindow::ItemsFilling() {
+  if (waiting_ && Clock::now() - children_->waitBegan > kLongWork) ShowProgress(true);
+}
 
 void ControlWindow::ShowStatus() {
   if (Handle() == nullptr) return;

@@ -105,6 +105,7 @@ class ControlWindow final : public PriceDownView,
   void TabPressed(bool backwards) override;
   void FocusEntered(HWND from) override;
   void ItemsChanged() override;
+  void ItemsFilling() override;
   bool Waiting() const override { return waiting_; }
 
   bool IsEnabled(UserCommand command) const;

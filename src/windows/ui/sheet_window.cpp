@@ -83,6 +83,8 @@ void SheetWindow::SheetChanged() {
 
 void SheetWindow::SheetMetricsChanged() { UpdateMetrics(); }
 
+void SheetWindow::SheetFills() { events_.ItemsFilling(); }
+
 SheetScene SheetWindow::Scene() const {
   RECT client{};
   GetClientRect(Handle(), &client);

@@ -38,6 +38,7 @@ class SheetWindow final : public BoundWindow, public SheetView, private EditorEv
   // SheetView
   void SheetChanged() override;
   void SheetMetricsChanged() override;
+  void SheetFills() override;
 
  private:
   enum class Mouse { Idle, Selecting, Sizing };

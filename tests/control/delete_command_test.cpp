@@ -1,0 +1,114 @@
+// Deleting a class from every place that a user can click, from the click to the last repaint.
+// The guards one by one are tests/browser/class_commands_test.
+#include <sstream>
+
+#include "control/price_down.h"
+#include "tests/browser/class_deletion.h"
+#include "tests/control/dispatch_fixture.h"
+
+namespace pricedown::testing {
+namespace {
+
+class DeleteCommand : public Dispatch {
+ protected:
+  // A company in which class 01 may be deleted; the tree lists it no more once it is.
+  static void ScriptDeletable(ControlWorld& world) {
+    AnswerStatement(world.factory, kTreeStatement, ClassRows({{u"02", u"成品"}}));
+    AnswerStatement(world.factory, kVoucher, Rows({u"FVoucherID"}, {}));
+    AnswerStatement(world.factory, kHistory, Rows({u"FItemID"}, {}));
+    AnswerNothing(world.factory, kDeleteProvision);
+    AnswerNothing(world.factory, kDeleteClass);
+  }
+  void StartDeletable() {
+    ScriptDeletable(world_);
+    Start();
+    world_.questions.WillAnswer({true});
+  }
+
+  static std::string TreeLoad() {
+    return "tree redraw off\n"
+           "tree clear\n"
+           "create ZEPConnection.AppConnection\n" +
+           ExecuteLine(kTreeStatement) +
+           "\nrelease ZEPConnection.AppConnection\n"
+           "release result\n"
+           "tree insert 1 under 0 \"物料\"\n"
+           "tree insert 2 under 1 \"02(成品)\"\n"
+           "tree redraw on\n";
+  }
+  static std::string Deletion() {
+    return "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 65536)\n" + std::string(kQuestion) + "yes\n" +
+           ReadingThePeriod("P") + ExecuteLine(kVoucher) + "\nrelease result\n" +
+           ExecuteLine(kHistory) + "\nrelease result\n" + ExecuteLine(kDeleteProvision) + "\n" +
+           ExecuteLine(kDeleteClass) + "\nrelease ZEPConnection.AppConnection\n" + TreeLoad() +
+           "tree select 1\n"
+           "screen pointer 11\n"
+           "release result\n"
+           "create ZEPConnection.AppConnection\n" +
+           ExecuteLine(kItemsOfRoot) +
+           "\nrelease ZEPConnection.AppConnection\n"
+           "sheet changed 0 rows\n"
+           "sheet changed 0 rows\n"
+           "screen pointer 0\n"
+           "screen messages\n"
+           // Behind every click on the strip, also when the command has reloaded.
+           "screen pointer 11\n" +
+           TreeLoad() +
+           "sheet changed 0 rows\n"
+           "screen pointer 0\n";
+  }
+};
+
+TEST_F(DeleteCommand, RunsWholeForTheStripsButton) {
+  StartDeletable();
+  Control().StripButtonClicked(u"Del");
+  EXPECT_EQ(world_.log.Text(), Deletion());
+  EXPECT_EQ(world_.treeView.texts,
+            (std::map<NodeIndex, std::string>{{1, "物料"}, {2, "02(成品)"}}));
+}
+
+TEST_F(DeleteCommand, RunsWholeForTheHostsTool) {
+  StartDeletable();
+  Click(u"iCut");
+  EXPECT_EQ(world_.log.Text(), "tool.Name()\n" + Deletion() + "release tool\n");
+}
+
+TEST_F(DeleteCommand, RunsWholeForTheBarsTool) {
+  StartDeletable();
+  Control().Bar()->Call(u"Click", {u"iCut"});
+  EXPECT_EQ(world_.log.Text(), Deletion());
+}
+
+// Up to the second delete any failing call ends the command there: nothing runs behind it, and what
+// ran before stays done. The reloads behind it skip what fails.
+TEST_F(DeleteCommand, EndsAtTheCallThatFails) {
+  FailEachCallInTurn([](int failingCall) {
+    ControlWorld world;
+    ScriptDeletable(world);
+    world.CreateAndInitialize();
+    world.control->Show(nullptr);
+    RecordingSheetView sheetView(world.factory.GetRecorder(), world.control->ItemSheet());
+    world.control->ItemSheet().Attach(&sheetView);
+    world.log.Clear();
+    world.questions.WillAnswer({true});
+    const int before = world.factory.CallCount();
+    world.factory.FailCall(failingCall);
+    const bool failed =
+        FailureOf([&] { world.control->StripButtonClicked(u"Del"); }) != std::string();
+    const int calls = world.factory.CallCount() - before;
+    world.control->ItemSheet().Attach(nullptr);
+    const std::string log = world.log.Text();
+    if (log.find(ExecuteLine(kDeleteClass) + "\n") != std::string::npos) return calls;
+    EXPECT_TRUE(failed) << log;
+    const std::size_t end = log.find(" fails\n");
+    EXPECT_TRUE(Deletion().starts_with(log.substr(0, log.rfind('\n', end) + 1))) << log;
+    std::istringstream behind(log.substr(end + 7));
+    for (std::string line; std::getline(behind, line);) {
+      EXPECT_TRUE(line.starts_with("release ")) << log;
+    }
+    return calls;
+  });
+}
+
+}  // namespace
+}  // namespace pricedown::testing
