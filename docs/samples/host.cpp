@@ -6,6 +6,9 @@
 //
 // Nothing but the system's libraries: ole32, oleaut32, uuid and user32. The source is UTF-8. The
 // control is found by its registration or by a manifest beside the program.
+#ifndef UNICODE
+#define UNICODE
+#endif
 #include <windows.h>
 
 #include <ole2.h>
