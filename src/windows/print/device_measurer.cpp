@@ -36,14 +36,12 @@ FontHandle MakePageFont(const PageFont& font, double dotsPerInch) {
   return handle;
 }
 
-DeviceMeasurer::DeviceMeasurer() : context_(CreateCompatibleDC(nullptr)) {
-  if (context_ == nullptr) ThrowLastError();
-}
-
 const DeviceMeasurer::MeasuredFont& DeviceMeasurer::Find(const PageFont& font) {
   for (const MeasuredFont& known : fonts_) {
     if (known.font == font) return known;
   }
+  if (context_ == nullptr) context_.reset(CreateCompatibleDC(nullptr));
+  if (context_ == nullptr) ThrowLastError();
   MeasuredFont measured{font, MakePageFont(font, kMeasuringResolution), {}};
   const Selected selected(context_.get(), measured.handle.Get());
   if (GetTextMetricsW(context_.get(), &measured.metrics) == FALSE) ThrowLastError();
@@ -54,7 +52,8 @@ const DeviceMeasurer::MeasuredFont& DeviceMeasurer::Find(const PageFont& font) {
 std::span<const int> DeviceMeasurer::Ends(const PageFont& font, std::u16string_view text) {
   ends_.resize(text.size());
   if (text.empty()) return ends_;
-  const Selected selected(context_.get(), Find(font).handle.Get());
+  const MeasuredFont& measured = Find(font);
+  const Selected selected(context_.get(), measured.handle.Get());
   SIZE size{};
   if (GetTextExtentExPointW(context_.get(), ToWide(text).c_str(), static_cast<int>(text.size()), 0,
                             nullptr, ends_.data(), &size) == FALSE) {

@@ -22,8 +22,6 @@ FontHandle MakePageFont(const PageFont& font, double dotsPerInch);
 // fonts. All members throw AutomationError when the system does not measure.
 class DeviceMeasurer final : public TextMeasurer {
  public:
-  DeviceMeasurer();
-
   // TextMeasurer
   Tenths Width(const PageFont& font, std::u16string_view text) override;
   Tenths LineHeight(const PageFont& font) override;
@@ -46,7 +44,7 @@ class DeviceMeasurer final : public TextMeasurer {
 
   const MeasuredFont& Find(const PageFont& font);
 
-  std::unique_ptr<std::remove_pointer_t<HDC>, DeleteContext> context_;
+  std::unique_ptr<std::remove_pointer_t<HDC>, DeleteContext> context_;  // made when first needed
   // Few: the table's and those of the page lines.
   std::vector<MeasuredFont> fonts_;
   std::vector<int> ends_;

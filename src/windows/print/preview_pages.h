@@ -17,7 +17,7 @@ namespace pricedown::windows {
 
 class PreviewPages {
  public:
-  // Both must outlive the pages. Throws AutomationError.
+  // Both must outlive the pages.
   PreviewPages(LedgerDocument& document, PreviewPrinting& printing)
       : document_(document), printing_(printing) {}
 

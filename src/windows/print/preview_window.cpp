@@ -59,22 +59,27 @@ void Append(HWND combo, std::u16string_view text) {
 }  // namespace
 
 PreviewWindow::PreviewWindow(HINSTANCE module, PreviewPages& pages)
-    : module_(module),
-      pages_(pages),
-      children_(std::make_unique<PreviewChildren>(
-          module, [this](PreviewCommand command) { Run(command); },
-          [this](bool backwards) {
-            const HWND next = GetNextDlgTabItem(Handle(), GetFocus(), backwards ? TRUE : FALSE);
-            if (next != nullptr) SetFocus(next);
-          },
-          static_cast<PaneEvents&>(*this), state_, pages)) {}
+    : module_(module), pages_(pages) {}
 
 PreviewWindow::~PreviewWindow() {
   // The children's windows go with this one; none of their messages may find a dead window.
   Destroy();
 }
 
+// Not before the first showing: few controls are ever previewed.
+void PreviewWindow::MakeChildren() {
+  if (children_ != nullptr) return;
+  children_ = std::make_unique<PreviewChildren>(
+      module_, [this](PreviewCommand command) { Run(command); },
+      [this](bool backwards) {
+        const HWND next = GetNextDlgTabItem(Handle(), GetFocus(), backwards ? TRUE : FALSE);
+        if (next != nullptr) SetFocus(next);
+      },
+      static_cast<PaneEvents&>(*this), state_, pages_);
+}
+
 void PreviewWindow::Create(HWND owner, FontDialog& fonts) {
+  MakeChildren();
   const VisualStyles::Scope styles(children_->styles);
   owner_ = owner;
   fonts_ = &fonts;

@@ -69,6 +69,7 @@ class PreviewWindow final : public CommandWindow, private BoundWindow, private P
   void TakeZoomChoice();
   void TakeTypedZoom();
 
+  void MakeChildren();
   void CreateChildren();
   void MakeFonts();
   PreviewMeasures Measures() const;
