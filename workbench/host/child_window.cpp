@@ -111,9 +111,12 @@ HWND ChildWindow::ControlHandle() const {
 
 void ChildWindow::MergeToolBar(const ObjectPtr& bar) {
   AddStandardTools(bar);
+  bar->PutReference(u"Listener", parent_);
   bar_ = bar;
   frame_.ChildMerged(*this);
 }
+
+void ChildWindow::ToolChanged() { frame_.ChildToolChanged(*this); }
 
 void ChildWindow::ClickTool(const ObjectPtr& tool) {
   // The control follows the state of this check tool; the host keeps it.

@@ -34,6 +34,8 @@ class ChildWindow {
   // The control's command bar, as handed over by the last merge.
   const pricedown::ObjectPtr& Bar() const { return bar_; }
   void MergeToolBar(const pricedown::ObjectPtr& bar);
+  // A tool of the bar changed one of its states.
+  void ToolChanged();
   // Forwards a click on a merged tool. Throws AutomationError when the command fails.
   void ClickTool(const pricedown::ObjectPtr& tool);
   // True when the control used the key.

@@ -60,9 +60,7 @@ void FrameWindow::Show(int command) {
 
 int FrameWindow::Run() {
   MSG message;
-  for (;;) {
-    if (PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE) == FALSE) OnIdle();
-    if (GetMessageW(&message, nullptr, 0, 0) <= 0) break;
+  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
     ChildWindow* child = ActiveChild();
     const bool key = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
     if (TranslateMDISysAccel(client_, &message)) continue;
@@ -72,13 +70,6 @@ int FrameWindow::Run() {
     DispatchMessageW(&message);
   }
   return static_cast<int>(message.wParam);
-}
-
-// The control may change its tools at any time, and does not tell.
-void FrameWindow::OnIdle() {
-  pricedown::SkipFailing([&] {
-    if (merged_ != nullptr) toolbar_->RefreshStates();
-  });
 }
 
 void FrameWindow::OpenCompany(const std::wstring& location) {
@@ -120,9 +111,7 @@ void FrameWindow::CloseChildren() {
 
 void FrameWindow::ClickTool(ChildWindow& child, std::u16string_view name) {
   const ObjectPtr tool = toolbar_->ToolNamed(name);
-  if (tool == nullptr) return;
-  child.ClickTool(tool);
-  if (merged_ != nullptr) toolbar_->RefreshStates();
+  if (tool != nullptr) child.ClickTool(tool);
 }
 
 void FrameWindow::ChildActivated(ChildWindow* child) {
@@ -134,6 +123,10 @@ void FrameWindow::ChildActivated(ChildWindow* child) {
 
 void FrameWindow::ChildMerged(ChildWindow& child) {
   if (merged_ == nullptr || merged_ == &child) ChildActivated(&child);
+}
+
+void FrameWindow::ChildToolChanged(ChildWindow& child) {
+  if (merged_ == &child) toolbar_->RefreshStates();
 }
 
 void FrameWindow::ChildClosed(ChildWindow& child) {
@@ -248,7 +241,6 @@ void FrameWindow::OnCommand(int id, WPARAM wParam, LPARAM lParam) {
     return;
   }
   if (ChildWindow* child = ActiveChild()) child->ClickTool(tool);
-  if (merged_ != nullptr) toolbar_->RefreshStates();
 }
 
 void FrameWindow::OnToolTip(LPARAM lParam) const {

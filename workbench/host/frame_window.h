@@ -44,6 +44,7 @@ class FrameWindow {
   // Called by the children.
   void ChildActivated(ChildWindow* child);
   void ChildMerged(ChildWindow& child);
+  void ChildToolChanged(ChildWindow& child);
   void ChildClosed(ChildWindow& child);
 
  private:
@@ -54,7 +55,6 @@ class FrameWindow {
   void OnCommand(int id, WPARAM wParam, LPARAM lParam);
   void OnToolTip(LPARAM lParam) const;
   void LayOut();
-  void OnIdle();
   void ChooseCompany();
   void ChangeSettings();
   void ShowStatus();

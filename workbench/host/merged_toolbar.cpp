@@ -1,20 +1,25 @@
-// The merged toolbar on the system's toolbar control, texts only.
+// The merged toolbar on the system's toolbar control. A check tool is an ordinary button here: its
+// look follows the tool's state and never runs ahead of it.
 // Tools are reached by name as any host reaches them.
 #include "workbench/host/merged_toolbar.h"
 
-#include <commctrl.h>
+#include <utility>
 
 #include "platform/convert.h"
 #include "platform/skip.h"
 #include "windows/com/failure.h"
 #include "windows/com/wide_text.h"
 #include "workbench/host/resource_ids.h"
+#include "workbench/host/tool_icons.h"
 
 namespace workbench {
 
 using pricedown::ObjectPtr;
 using pricedown::ToText;
 using pricedown::Value;
+using pricedown::windows::IconCanvas;
+using pricedown::windows::IconLook;
+using pricedown::windows::ImageList;
 using pricedown::windows::ToWide;
 
 namespace {
@@ -23,23 +28,15 @@ struct StandardTool {
   const char16_t* name;
   const char16_t* caption;
   const char16_t* category;
-  bool check;
 };
 constexpr StandardTool kStandardTools[] = {
-    {u"iPrint", u"打印", u"文件", false},
-    {u"iPrintPreView", u"预览", u"文件", false},
-    {u"iRefresh", u"刷新", u"查看", false},
-    {u"iToolBar", u"工具条", u"查看", true},
-    {u"mnuViewStatusBar", u"状态栏", u"查看", true},
-    {u"iExit", u"退出", u"文件", false},
+    {u"iPrint", u"打印", u"文件"},
+    {u"iPrintPreView", u"预览", u"文件"},
+    {u"iRefresh", u"刷新", u"查看"},
+    {u"iToolBar", u"工具条", u"查看"},
+    {u"mnuViewStatusBar", u"状态栏", u"查看"},
+    {u"iExit", u"退出", u"文件"},
 };
-
-bool IsCheckTool(std::u16string_view name) {
-  for (const StandardTool& tool : kStandardTools) {
-    if (name == tool.name) return tool.check;
-  }
-  return false;
-}
 
 bool IsTrue(const ObjectPtr& tool, std::u16string_view property) {
   return pricedown::ToBoolean(tool->Get(property));
@@ -56,9 +53,7 @@ void AddStandardTools(const ObjectPtr& bar) {
   for (const StandardTool& standard : kStandardTools) {
     const bool present = pricedown::SkipFailing([&] { tools->Call(u"Item", {standard.name}); });
     if (present) continue;
-    const ObjectPtr tool = pricedown::RequireObject(
-        tools->Call(u"Add", {standard.name, standard.caption, standard.category}), standard.name);
-    if (standard.check) tool->Put(u"Checked", true);
+    tools->Call(u"Add", {standard.name, standard.caption, standard.category});
   }
 }
 
@@ -69,7 +64,6 @@ MergedToolbar::MergedToolbar(HINSTANCE module, HWND frame) {
       0, 0, 0, frame, nullptr, module, nullptr);
   if (window_ == nullptr) pricedown::windows::ThrowLastError();
   SendMessageW(window_, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
-  SendMessageW(window_, TB_SETBITMAPSIZE, 0, 0);
   SendMessageW(window_, TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_MIXEDBUTTONS);
 }
 
@@ -87,37 +81,57 @@ void MergedToolbar::Merge(const ObjectPtr& bar) {
       tool.name = ToText(tool.object->Get(u"Name"));
       tool.caption = ToWide(ToText(tool.object->Get(u"Caption")));
       tool.description = ToWide(ToText(tool.object->Get(u"Description")));
-      tool.check = IsCheckTool(tool.name);
       tools_.push_back(std::move(tool));
     }
   }
+  TakePictures();
+  AddButtons();
+  RefreshStates();
+  SendMessageW(window_, TB_AUTOSIZE, 0, 0);
+}
+
+// Of the resolution that the window has now.
+void MergedToolbar::TakePictures() {
+  const int size = pricedown::windows::IconSize(pricedown::windows::Dpi::Of(window_));
+  std::vector<IconCanvas> pictures;
+  for (Tool& tool : tools_) {
+    if (const auto picture = ToolPicture(tool.name, size)) {
+      tool.picture = static_cast<int>(pictures.size());
+      pictures.push_back(*picture);
+    }
+  }
+  ImageList normal = MakeImageList(pictures, IconLook::Normal, size);
+  ImageList disabled = MakeImageList(pictures, IconLook::Disabled, size);
+  SendMessageW(window_, TB_SETBITMAPSIZE, 0, MAKELPARAM(size, size));
+  SendMessageW(window_, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(normal.Get()));
+  SendMessageW(window_, TB_SETDISABLEDIMAGELIST, 0, reinterpret_cast<LPARAM>(disabled.Get()));
+  pictures_ = std::move(normal);
+  disabledPictures_ = std::move(disabled);
+}
+
+void MergedToolbar::AddButtons() {
   for (std::size_t i = 0; i < tools_.size(); ++i) {
     TBBUTTON button{};
-    button.iBitmap = I_IMAGENONE;
+    button.iBitmap = tools_[i].picture;
     button.idCommand = IDM_FIRST_TOOL + static_cast<int>(i);
     button.fsState = TBSTATE_ENABLED;
-    button.fsStyle = static_cast<BYTE>(BTNS_AUTOSIZE | BTNS_SHOWTEXT |
-                                       (tools_[i].check ? BTNS_CHECK : BTNS_BUTTON));
+    button.fsStyle = BTNS_AUTOSIZE | BTNS_SHOWTEXT;
     button.iString = reinterpret_cast<INT_PTR>(tools_[i].caption.c_str());
     SendMessageW(window_, TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&button));
   }
-  RefreshStates();
-  SendMessageW(window_, TB_AUTOSIZE, 0, 0);
 }
 
 void MergedToolbar::RefreshStates() {
   for (std::size_t i = 0; i < tools_.size(); ++i) {
     const auto id = static_cast<WPARAM>(IDM_FIRST_TOOL) + i;
     const ObjectPtr& tool = tools_[i].object;
-    const UINT state = (IsTrue(tool, u"Enabled") ? TBSTATE_ENABLED : 0U) |
-                       (IsTrue(tool, u"Checked") ? TBSTATE_CHECKED : 0U) |
-                       (IsTrue(tool, u"Visible") ? 0U : TBSTATE_HIDDEN);
+    const int state = (IsTrue(tool, u"Enabled") ? TBSTATE_ENABLED : 0) |
+                      (IsTrue(tool, u"Checked") ? TBSTATE_CHECKED : 0) |
+                      (IsTrue(tool, u"Visible") ? 0 : TBSTATE_HIDDEN);
     constexpr LRESULT kShown = TBSTATE_ENABLED | TBSTATE_CHECKED | TBSTATE_HIDDEN;
-    const LRESULT shown = SendMessageW(window_, TB_GETSTATE, id, 0) & kShown;
-    if (shown == static_cast<LRESULT>(state)) continue;
-    SendMessageW(window_, TB_ENABLEBUTTON, id, MAKELPARAM(state & TBSTATE_ENABLED, 0));
-    SendMessageW(window_, TB_CHECKBUTTON, id, MAKELPARAM((state & TBSTATE_CHECKED) != 0, 0));
-    SendMessageW(window_, TB_HIDEBUTTON, id, MAKELPARAM((state & TBSTATE_HIDDEN) != 0, 0));
+    // A button that is being pressed is not disturbed.
+    if ((SendMessageW(window_, TB_GETSTATE, id, 0) & kShown) == state) continue;
+    SendMessageW(window_, TB_SETSTATE, id, MAKELPARAM(state, 0));
   }
 }
 

@@ -4,10 +4,13 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
+
 #include <string>
 #include <vector>
 
 #include "platform/automation.h"
+#include "windows/ui/image_list.h"
 
 namespace workbench {
 
@@ -25,7 +28,7 @@ class MergedToolbar {
 
   // Shows the tools of `bar` in place of those before; null shows none.
   void Merge(const pricedown::ObjectPtr& bar);
-  // Takes over the tools' enabled, checked and visible states; cheap when none has changed.
+  // Takes over the tools' enabled, checked and visible states.
   void RefreshStates();
   // The tool of a command id, or null.
   pricedown::ObjectPtr ToolOf(int commandId) const;
@@ -42,11 +45,16 @@ class MergedToolbar {
     std::u16string name;
     std::wstring caption;
     std::wstring description;
-    bool check = false;
+    int picture = I_IMAGENONE;
   };
+
+  void TakePictures();
+  void AddButtons();
 
   HWND window_ = nullptr;
   std::vector<Tool> tools_;
+  pricedown::windows::ImageList pictures_;
+  pricedown::windows::ImageList disabledPictures_;
 };
 
 }  // namespace workbench

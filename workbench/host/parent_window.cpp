@@ -28,6 +28,12 @@ std::span<const Member<ParentWindow>> ParentWindow::Members() {
          return Value();
        },
        1, 1},
+      {u"ToolChanged", MemberKind::Method,
+       [](ParentWindow& parent, Access, std::span<Value>) {
+         parent.Child().ToolChanged();
+         return Value();
+       },
+       1, 1},
       {u"Caption", MemberKind::Get,
        [](ParentWindow& parent, Access, std::span<Value>) {
          return Value(pricedown::windows::FromWide(parent.Child().Caption()));

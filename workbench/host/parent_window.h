@@ -1,7 +1,8 @@
 // The object that the host hands to the control's `Show`: its child window, by late binding.
 // It owns no window; the child window detaches it before it dies.
 //
-// Members: MergeToolBar(bar), Caption, hWnd.
+// Members: MergeToolBar(bar), Caption, hWnd; and ToolChanged(tool), which makes it the bar's
+// listener.
 #pragma once
 
 #include "platform/local_object.h"

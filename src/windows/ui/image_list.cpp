@@ -45,8 +45,8 @@ GdiObject<HBITMAP> MaskBitmap(const std::vector<std::uint32_t>& pixels, int size
   return GdiObject(CreateBitmap(size, size, 1, 1, bits.data()));
 }
 
-HICON MakeIcon(Icon icon, IconLook look, int size) {
-  const IconCanvas canvas = DrawIcon(icon, size);
+HICON MakeIcon(const IconCanvas& canvas, IconLook look) {
+  const int size = canvas.Size();
   const std::vector<std::uint32_t> pixels =
       look == IconLook::Disabled ? Disabled(canvas.Pixels()) : canvas.Pixels();
   const GdiObject<HBITMAP> colours = ColourBitmap(pixels, size);
@@ -74,12 +74,17 @@ ImageList::~ImageList() {
 int IconSize(Dpi dpi) { return dpi.Scale(kDesignIconSize); }
 
 ImageList MakeImageList(std::span<const Icon> icons, IconLook look, Dpi dpi) {
-  const int size = IconSize(dpi);
+  std::vector<IconCanvas> pictures;
+  for (const Icon icon : icons) pictures.push_back(DrawIcon(icon, IconSize(dpi)));
+  return MakeImageList(pictures, look, IconSize(dpi));
+}
+
+ImageList MakeImageList(std::span<const IconCanvas> pictures, IconLook look, int size) {
   ImageList list(
-      ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, static_cast<int>(icons.size()), 0));
+      ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, static_cast<int>(pictures.size()), 0));
   if (list.Get() == nullptr) ThrowIfFailed(E_OUTOFMEMORY);
-  for (const Icon icon : icons) {
-    const HICON handle = MakeIcon(icon, look, size);
+  for (const IconCanvas& picture : pictures) {
+    const HICON handle = MakeIcon(picture, look);
     if (handle == nullptr) ThrowLastError();
     ImageList_ReplaceIcon(list.Get(), -1, handle);
     DestroyIcon(handle);

@@ -33,7 +33,9 @@ enum class IconLook { Normal, Disabled };
 // Edge of an icon in pixels.
 int IconSize(Dpi dpi);
 
-// The icons in their order. Throws AutomationError when the system makes no list.
+// The icons in their order. Throw AutomationError when the system makes no list.
 ImageList MakeImageList(std::span<const Icon> icons, IconLook look, Dpi dpi);
+// Requires: all pictures are of that size in pixels.
+ImageList MakeImageList(std::span<const IconCanvas> pictures, IconLook look, int size);
 
 }  // namespace pricedown::windows
