@@ -1,6 +1,7 @@
 // The native stage: the suite's objects called directly, views that keep what they are given.
 #include "bench/stage.h"
 #include "bench/no_editor.h"
+#include "bench/silent_ledger.h"
 
 #include <vector>
 
@@ -71,8 +72,9 @@ class NativeStage final : public Stage {
   ProcessState state_;
   SilentViews views_;
   NoEditor editor_;
+  SilentLedger ledger_;
   PriceDown control_{PriceDownPorts{factory_, state_, views_, views_, views_, views_, views_,
-                                    views_, u"pricedown_bench", nullptr, editor_}};
+                                    views_, u"pricedown_bench", nullptr, editor_, ledger_}};
   std::vector<std::u16string> raw_;
 };
 

@@ -5,6 +5,7 @@
 #include <objbase.h>
 
 #include "bench/no_editor.h"
+#include "bench/silent_ledger.h"
 #include "bench/stage.h"
 #include "platform/text.h"
 #include "windows/com/com_object_factory.h"
@@ -45,9 +46,9 @@ class WindowsStage final : public Stage {
                            nullptr, GetModuleHandleW(nullptr), nullptr);
     if (frame_ == nullptr || raw_ == nullptr) win::ThrowLastError();
     factory_.Create(u"ZEPWorkbench.Settings")->Call(u"Open", {FromUtf8(path)});
-    control_ = std::make_unique<PriceDown>(PriceDownPorts{factory_, state_, questions_, screen_,
-                                                          container_, window_, window_, window_,
-                                                          u"pricedown_bench", nullptr, editor_});
+    control_ = std::make_unique<PriceDown>(
+        PriceDownPorts{factory_, state_, questions_, screen_, container_, window_, window_, window_,
+                       u"pricedown_bench", nullptr, editor_, ledger_});
     window_.Attach(control_.get());
     window_.MoveInto(frame_, RECT{0, 0, 800, 600});
     control_->Initialize();
@@ -93,6 +94,7 @@ class WindowsStage final : public Stage {
   win::ControlWindow window_{GetModuleHandleW(nullptr)};
   win::WindowsScreen screen_{window_};
   NoEditor editor_;
+  SilentLedger ledger_;
   std::unique_ptr<PriceDown> control_;
   HWND frame_ = nullptr;
   HWND raw_ = nullptr;

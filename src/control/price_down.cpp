@@ -2,6 +2,7 @@
 // Showing is in showing.cpp, placing in placing.cpp, commands in dispatch.cpp.
 #include "control/price_down.h"
 
+#include <optional>
 #include <utility>
 
 #include "control/first_failure.h"
@@ -30,16 +31,13 @@ PriceDown::PriceDown(PriceDownPorts ports)
       grid_(environment_, browser_),
       tree_(environment_, browser_, ports_.treeView, grid_),
       commands_(environment_, browser_, tree_, ports_.editor),
-      font_(environment_, ports_.printLedger ? ports_.printLedger->Appearance() : ledger_,
-            grid_.Cells(), ports_.fontView),
+      font_(environment_, ports_.printLedger.Appearance(), grid_.Cells(), ports_.fontView),
+      printing_(environment_, browser_, grid_.Cells(), ports_.printLedger, font_),
       bar_(std::make_shared<CommandBar>()) {
   bar_->OnClick([this](const ObjectPtr& tool) {
     const std::shared_ptr<void> held = ports_.hold ? ports_.hold() : nullptr;
     BarToolClicked(tool);
   });
-  if (ports_.printLedger != nullptr) {
-    printing_.emplace(environment_, browser_, grid_.Cells(), *ports_.printLedger, font_);
-  }
   ++ports_.state.controls;
 }
 
@@ -112,7 +110,7 @@ void PriceDown::Terminate() {
   if (terminated_) return;
   terminated_ = true;
   commands_.End();
-  if (printing_) printing_->Release();
+  printing_.Release();
   SkipFailing([&] { SaveSelection(); });
   // Moved out first: releasing the last reference may call back into the control.
   std::exchange(parentWindow_, nullptr).reset();

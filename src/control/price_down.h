@@ -4,7 +4,6 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -35,11 +34,11 @@ struct PriceDownPorts {
   ObjectPtr form;
   // The process's one item class form.
   ItemClassEditor& editor;
+  // The view's print control.
+  PrintLedger& printLedger;
   // Keeps the control alive while its answer is held; a click on the bar comes from outside and
   // may end with the last reference. May be empty.
   std::function<std::shared_ptr<void>()> hold = {};
-  // The view's print control. Without one the print commands say that there is none.
-  PrintLedger* printLedger = nullptr;
 };
 
 class PriceDown {
@@ -123,12 +122,11 @@ class PriceDown {
   PriceDownPorts ports_;
   Environment environment_;
   BrowserState browser_;
-  LedgerAppearance ledger_;  // without a print control
   ItemGrid grid_;
   ClassTree tree_;
   ClassCommands commands_;
   DisplayFont font_;
-  std::optional<PrintCommands> printing_;
+  PrintCommands printing_;
   std::shared_ptr<CommandBar> bar_;
   Splitter splitter_;
   Layout layout_;  // the last one placed

@@ -10,6 +10,7 @@
 
 #include "control/price_down.h"
 #include "tests/browser/browser_fixture.h"
+#include "tests/browser/recording_ledger.h"
 #include "tests/control/recording_control_views.h"
 
 namespace pricedown::testing {
@@ -43,7 +44,7 @@ class ControlWorld {
   void Create() {
     control = std::make_unique<PriceDown>(
         PriceDownPorts{factory, state, questions, screen, container, view, treeView, fontView,
-                       u"Host", factory.NewObject(u"form"), editor, hold, ledger});
+                       u"Host", factory.NewObject(u"form"), editor, ledger, hold});
   }
   void CreateAndInitialize() {
     Create();
@@ -84,7 +85,7 @@ class ControlWorld {
   Environment formEnvironment{factory, state, questions, screen, u"Host"};
   RecordingEditor editor{formEnvironment, factory.GetRecorder(), log};
   std::function<std::shared_ptr<void>()> hold;
-  PrintLedger* ledger = nullptr;
+  RecordingLedger ledger{factory.GetRecorder()};
   std::unique_ptr<PriceDown> control;
 
  private:

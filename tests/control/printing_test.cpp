@@ -6,7 +6,6 @@
 #include <string>
 
 #include "control/price_down.h"
-#include "tests/browser/recording_ledger.h"
 #include "tests/control/dispatch_fixture.h"
 
 namespace pricedown::testing {
@@ -14,8 +13,6 @@ namespace {
 
 class Printing : public Dispatch {
  protected:
-  Printing() { world_.ledger = &ledger_; }
-
   // What the ledger is given of the two items of class 01.
   static std::string Filling() {
     return Lines(R"(
@@ -44,8 +41,6 @@ class Printing : public Dispatch {
         ledger footer 2 "第 &[页] 页|共 &[总页] 页" 9.0
         )");
   }
-
-  RecordingLedger ledger_{world_.factory.GetRecorder()};
 };
 
 TEST_F(Printing, ShowsAPreviewOfTheGrid) {
@@ -101,20 +96,20 @@ TEST_F(Printing, TellsTheUserOfAFailureAndNotTheHost) {
 TEST_F(Printing, RestoresAKeptFontOnTheLedger) {
   world_.company.gridFont = u"FontName=楷体|FontSize=12|FontBold=True|FontItalic=False";
   Start();
-  EXPECT_EQ(ledger_.appearance.font, (Font{u"楷体", 12, true, false}));
+  EXPECT_EQ(world_.ledger.appearance.font, (Font{u"楷体", 12, true, false}));
 }
 
 TEST_F(Printing, GivesTheLedgerTheReportSize) {
   world_.company.reportSize = u"18";
   world_.fontView.labelHeight = 450;
   Start();
-  EXPECT_EQ(ledger_.appearance.font.size, 18);
-  EXPECT_EQ(ledger_.appearance.rowHeight, 480);
+  EXPECT_EQ(world_.ledger.appearance.font.size, 18);
+  EXPECT_EQ(world_.ledger.appearance.rowHeight, 480);
 }
 
 TEST_F(Printing, ShowsAFontChangedInThePreviewAtOnceAndKeepsIt) {
   Start();
-  ledger_.onPreview = [&] { ledger_.appearance.font = {u"楷体", 12, true, false}; };
+  world_.ledger.onPreview = [&] { world_.ledger.appearance.font = {u"楷体", 12, true, false}; };
   Control().PreviewPara();
   EXPECT_EQ(Control().ItemSheet().CellFont(), (Font{u"楷体", 12, true, false}));
   EXPECT_EQ(world_.log.Count("font tree 楷体 12.0 bold"), 1u);
@@ -126,8 +121,8 @@ TEST_F(Printing, ShowsAFontChangedInThePreviewAtOnceAndKeepsIt) {
 
 TEST_F(Printing, LeavesAControlAloneThatEndedBehindThePreview) {
   Start();
-  ledger_.onPreview = [&] {
-    ledger_.appearance.font.size = 20;
+  world_.ledger.onPreview = [&] {
+    world_.ledger.appearance.font.size = 20;
     Control().ItemSheet().Attach(nullptr);
     Control().Terminate();
     world_.log.Clear();
@@ -142,10 +137,10 @@ TEST_F(Printing, OutlivesAHostThatLetsGoBehindThePreview) {
   Start();
   host = std::move(world_.control);
   PriceDown* const control = host.get();
-  ledger_.onPreview = [&] {
+  world_.ledger.onPreview = [&] {
     control->ItemSheet().Attach(nullptr);
     host.reset();
-    ledger_.appearance.font.size = 20;
+    world_.ledger.appearance.font.size = 20;
   };
   // The last reference goes when the command returns.
   control->PreviewPara();

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "control/price_down.h"
+#include "tests/browser/page_keeper.h"
 #include "tests/browser/recording_editor.h"
 #include "tests/browser/recording_views.h"
 #include "tests/control/recording_control_views.h"
@@ -28,9 +29,12 @@ class ControlOnCompany : public ClassCompany {
   ~ControlOnCompany() override { control.reset(); }
 
   void Open() {
+    auto paper = std::make_unique<pricedown::testing::PageKeeper>();
     control = std::make_unique<pricedown::PriceDown>(
         pricedown::PriceDownPorts{factory, state, questions, screen, container, window, treeView,
-                                  fontView, u"Host", nullptr, editor});
+                                  fontView, u"Host", nullptr, editor, *paper});
+    // The control before still had the one before.
+    ledger = std::move(paper);
     control->Initialize();
     control->Show(nullptr);
     log.Clear();
@@ -103,6 +107,7 @@ class ControlOnCompany : public ClassCompany {
   pricedown::ProcessState state;
   pricedown::Environment formEnvironment{factory, state, questions, screen, u"Host"};
   pricedown::testing::RecordingEditor editor{formEnvironment, windows, log};
+  std::unique_ptr<pricedown::testing::PageKeeper> ledger;
   std::unique_ptr<pricedown::PriceDown> control;
 };
 

@@ -3,42 +3,16 @@
 #include <gtest/gtest.h>
 
 #include "env/user_settings.h"
-#include "tests/browser/page_keeper.h"
 #include "tests/integration/control_fixture.h"
 #include "tests/support/call_log.h"
 
 namespace workbench {
 namespace {
 
-class PrintingOnCompany : public ControlOnCompany {
- protected:
-  ~PrintingOnCompany() override { control.reset(); }
-
-  void OpenWithLedger() {
-    control.reset();
-    ledger = std::make_unique<pricedown::testing::PageKeeper>();
-    control = std::make_unique<pricedown::PriceDown>(pricedown::PriceDownPorts{factory,
-                                                                               state,
-                                                                               questions,
-                                                                               screen,
-                                                                               container,
-                                                                               window,
-                                                                               treeView,
-                                                                               fontView,
-                                                                               u"Host",
-                                                                               nullptr,
-                                                                               editor,
-                                                                               {},
-                                                                               ledger.get()});
-    control->Initialize();
-    control->Show(nullptr);
-  }
-
-  std::unique_ptr<pricedown::testing::PageKeeper> ledger;
-};
+using PrintingOnCompany = ControlOnCompany;
 
 TEST_F(PrintingOnCompany, PutsTheItemsOfTheSelectedClassOnPaper) {
-  OpenWithLedger();
+  Open();
   Select(u"A1");
   control->PrintPara();
   EXPECT_EQ(ledger->pageCount, 1);
@@ -64,7 +38,7 @@ TEST_F(PrintingOnCompany, PutsTheItemsOfTheSelectedClassOnPaper) {
 }
 
 TEST_F(PrintingOnCompany, PrintsAPriceThatWasTypedIntoTheGrid) {
-  OpenWithLedger();
+  Open();
   Select(u"B1");
   control->ItemSheet().SetText(4, 2, u"12.5");
   control->PrintPara();
@@ -74,7 +48,7 @@ TEST_F(PrintingOnCompany, PrintsAPriceThatWasTypedIntoTheGrid) {
 }
 
 TEST_F(PrintingOnCompany, PrintsTheTitlesAloneOfTheRoot) {
-  OpenWithLedger();
+  Open();
   treeView.selected = 1;
   control->NodeClicked(1);
   control->PrintPara();
@@ -82,12 +56,12 @@ TEST_F(PrintingOnCompany, PrintsTheTitlesAloneOfTheRoot) {
 }
 
 TEST_F(PrintingOnCompany, RemembersTheFontOfThePreviewInTheNextControl) {
-  OpenWithLedger();
+  Open();
   const pricedown::Font chosen{u"楷体", 12, true, false};
   ledger->onPreview = [&] { ledger->Appearance().font = chosen; };
   control->PreviewPara();
   EXPECT_EQ(ledger->fonts[0].size, 9);
-  OpenWithLedger();
+  Open();
   EXPECT_EQ(ledger->Appearance().font, chosen);
   EXPECT_EQ(control->ItemSheet().CellFont(), chosen);
   control->PreviewPara();

@@ -123,7 +123,7 @@ void UiWorld::ScriptItems(std::u16string_view classNumber, int count) {
 void UiWorld::Start() {
   control = std::make_unique<PriceDown>(
       PriceDownPorts{suite.factory, suite.state, suite.questions, *screen, suite.container, *window,
-                     *window, *window, u"Host", window->Form(), suite.editor});
+                     *window, *window, u"Host", window->Form(), suite.editor, suite.ledger});
   window->Attach(control.get());
   control->Initialize();
   window->MoveInto(host.Handle(), host.Inside());

@@ -86,7 +86,7 @@ bool RunPrintJob(const Printer& printer, const LedgerPages& pages, DeviceMeasure
   Spooler& spooler = printer.GetSpooler();
   const PrinterContext owner = printer.Open(pages.IsTurned());
   const HDC context = owner.Get();
-  const PageScale scale = ScaleOf(DotsOf(context));
+  const PageScale scale = ScaleOf(spooler.AskDots(context));
   PagePainter painter(measurer);
   Document document(spooler, context);
   if (!document.Begin()) return false;

@@ -4,12 +4,16 @@
 
 namespace pricedown::windows {
 
-HDC Spooler::OpenContext(const wchar_t* driver, const wchar_t* device, const DEVMODEW* mode) {
-  return CreateDCW(driver, device, nullptr, mode);
+HDC Spooler::OpenContext(PrinterUse use, const wchar_t* driver, const wchar_t* device,
+                         const DEVMODEW* mode) {
+  return use == PrinterUse::Print ? CreateDCW(driver, device, nullptr, mode)
+                                  : CreateICW(driver, device, nullptr, mode);
 }
 
-HDC Spooler::OpenInformation(const wchar_t* driver, const wchar_t* device, const DEVMODEW* mode) {
-  return CreateICW(driver, device, nullptr, mode);
+PrinterDots Spooler::AskDots(HDC context) {
+  const auto ask = [&](int index) { return GetDeviceCaps(context, index); };
+  return {ask(LOGPIXELSX),      ask(LOGPIXELSY),      ask(PHYSICALWIDTH), ask(PHYSICALHEIGHT),
+          ask(PHYSICALOFFSETX), ask(PHYSICALOFFSETY), ask(HORZRES),       ask(VERTRES)};
 }
 
 void Spooler::CloseContext(HDC context) { DeleteDC(context); }

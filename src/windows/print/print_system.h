@@ -8,15 +8,30 @@
 
 namespace pricedown::windows {
 
+// What a printer's device context tells of its paper, in dots.
+struct PrinterDots {
+  int perInchX = 0;
+  int perInchY = 0;
+  int paperWidth = 0;
+  int paperHeight = 0;
+  int offsetX = 0;  // of the printable area
+  int offsetY = 0;
+  int printableWidth = 0;
+  int printableHeight = 0;
+};
+
+enum class PrinterUse { Print, Ask };
+
 // Members answer what the system's functions of nearly the same name answer, and leave
 // GetLastError as these do.
 class Spooler {
  public:
   virtual ~Spooler() = default;
 
-  // A device context of the printer, to print on or only to ask; null when there is none.
-  virtual HDC OpenContext(const wchar_t* driver, const wchar_t* device, const DEVMODEW* mode);
-  virtual HDC OpenInformation(const wchar_t* driver, const wchar_t* device, const DEVMODEW* mode);
+  // A device context of the printer; null when there is none. `driver` may be null.
+  virtual HDC OpenContext(PrinterUse use, const wchar_t* driver, const wchar_t* device,
+                          const DEVMODEW* mode);
+  virtual PrinterDots AskDots(HDC context);
   virtual void CloseContext(HDC context);
 
   virtual int BeginDocument(HDC context, const DOCINFOW& document);

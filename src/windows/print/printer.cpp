@@ -51,12 +51,6 @@ const wchar_t* OrNull(const std::wstring& text) { return text.empty() ? nullptr 
 
 }  // namespace
 
-PrinterDots DotsOf(HDC printer) {
-  const auto ask = [&](int index) { return GetDeviceCaps(printer, index); };
-  return {ask(LOGPIXELSX),      ask(LOGPIXELSY),      ask(PHYSICALWIDTH), ask(PHYSICALHEIGHT),
-          ask(PHYSICALOFFSETX), ask(PHYSICALOFFSETY), ask(HORZRES),       ask(VERTRES)};
-}
-
 Paper PaperOf(const PrinterDots& dots) {
   Paper paper;
   paper.margins = {};
@@ -129,13 +123,17 @@ void Printer::ChoosePaper(const Paper& paper) {
 }
 
 PrinterContext Printer::Open(bool turned) const {
-  const std::vector<std::byte> mode = ModeFor(setUp_, turned);
+  return OpenFor(PrinterUse::Print, setUp_, turned);
+}
+
+PrinterContext Printer::OpenFor(PrinterUse use, const SetUp& setUp, bool turned) const {
+  const std::vector<std::byte> mode = ModeFor(setUp, turned);
   SetLastError(ERROR_SUCCESS);
-  const HDC context = spooler_.OpenContext(OrNull(setUp_.driver), setUp_.device.c_str(),
+  const HDC context = spooler_.OpenContext(use, OrNull(setUp.driver), setUp.device.c_str(),
                                            reinterpret_cast<const DEVMODEW*>(mode.data()));
   const DWORD error = GetLastError();
   if (context == nullptr) {
-    ThrowPrintFailure(Concatenate({u"无法打开打印机 ", FromWide(setUp_.device)}), error);
+    ThrowPrintFailure(Concatenate({u"无法打开打印机 ", FromWide(setUp.device)}), error);
   }
   return {spooler_, context};
 }
@@ -158,17 +156,8 @@ void Printer::Take(HGLOBAL mode, HGLOBAL names) {
 
 void Printer::AskForPaper(SetUp& setUp) const {
   const auto ask = [&](bool turned) {
-    const std::vector<std::byte> mode = ModeFor(setUp, turned);
-    SetLastError(ERROR_SUCCESS);
-    const HDC context = spooler_.OpenInformation(OrNull(setUp.driver), setUp.device.c_str(),
-                                                 reinterpret_cast<const DEVMODEW*>(mode.data()));
-    const DWORD error = GetLastError();
-    if (context == nullptr) {
-      ThrowPrintFailure(Concatenate({u"无法读取打印机 ", FromWide(setUp.device), u" 的纸张"}),
-                        error);
-    }
-    const PrinterContext owner(spooler_, context);
-    return PaperOf(DotsOf(context));
+    const PrinterContext context = OpenFor(PrinterUse::Ask, setUp, turned);
+    return PaperOf(spooler_.AskDots(context.Get()));
   };
   const PageBox margins = setUp.paper.margins;
   setUp.paper = ask(false);

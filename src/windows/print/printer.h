@@ -13,20 +13,6 @@
 
 namespace pricedown::windows {
 
-// What a printer's device context tells of its paper, in dots.
-struct PrinterDots {
-  int perInchX = 0;
-  int perInchY = 0;
-  int paperWidth = 0;
-  int paperHeight = 0;
-  int offsetX = 0;  // of the printable area
-  int offsetY = 0;
-  int printableWidth = 0;
-  int printableHeight = 0;
-};
-
-PrinterDots DotsOf(HDC printer);
-
 // The paper, with the strips at its edges that cannot be printed on as margins, rounded up.
 // A printer that tells no sizes has A4 without such strips.
 Paper PaperOf(const PrinterDots& dots);
@@ -79,6 +65,7 @@ class Printer {
   // Changes nothing when it throws.
   void Take(HGLOBAL mode, HGLOBAL names);
   void AskForPaper(SetUp& setUp) const;
+  PrinterContext OpenFor(PrinterUse use, const SetUp& setUp, bool turned) const;
   static std::vector<std::byte> ModeFor(const SetUp& setUp, bool turned);
 
   Spooler& spooler_;

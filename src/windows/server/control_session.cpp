@@ -8,10 +8,14 @@ namespace pricedown::windows {
 
 ControlSession::ControlSession(Module& module, ContainerWindow& container,
                                std::function<std::shared_ptr<void>()> hold)
-    : window_(module.instance), questions_(window_), screen_(window_), editor_(module, window_) {
+    : window_(module.instance),
+      questions_(window_),
+      screen_(window_),
+      editor_(module, window_),
+      ledger_(module.instance, window_) {
   core_.emplace(PriceDownPorts{module.factory, module.state, questions_, screen_, container,
                                window_, window_, window_, ProgramName(), window_.Form(), editor_,
-                               std::move(hold)});
+                               ledger_, std::move(hold)});
   window_.Attach(&*core_);
 }
 
@@ -30,6 +34,7 @@ void ControlSession::Terminate() noexcept {
   if (terminated_) return;
   terminated_ = true;
   SkipFailing([&] { core_->Terminate(); });
+  ledger_.Close();
 }
 
 }  // namespace pricedown::windows

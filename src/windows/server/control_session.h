@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "control/price_down.h"
+#include "windows/print/windows_ledger.h"
 #include "windows/server/module.h"
 #include "windows/server/shared_editor.h"
 #include "windows/ui/control_window.h"
@@ -43,6 +44,7 @@ class ControlSession {
   MessageBoxQuestions questions_;
   WindowsScreen screen_;
   SharedEditor editor_;
+  WindowsLedger ledger_;
   std::optional<PriceDown> core_;
   bool initialized_ = false;
   bool terminated_ = false;

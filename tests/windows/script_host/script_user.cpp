@@ -17,6 +17,7 @@ namespace {
 
 constexpr UINT kPeriod = 40;        // milliseconds
 constexpr int kTextOfBox = 0xFFFF;  // the id of a message box's text
+constexpr int kPrinters = 0x0473;   // the id of a print dialog's list of printers
 
 ScriptUser* current = nullptr;
 
@@ -34,8 +35,10 @@ std::u16string ClassOf(HWND window) {
 
 // Hosts' frames have the class of dialogs too, but no text of a message.
 bool Waits(HWND window) {
-  return window != nullptr &&
-         (ClassOf(window) == u"PriceDown.ItemClass" || GetDlgItem(window, kTextOfBox) != nullptr);
+  if (window == nullptr) return false;
+  const std::u16string name = ClassOf(window);
+  return name == u"PriceDown.ItemClass" || name == u"PriceDown.Preview" ||
+         GetDlgItem(window, kTextOfBox) != nullptr || GetDlgItem(window, kPrinters) != nullptr;
 }
 
 }  // namespace
