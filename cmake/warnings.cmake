@@ -40,6 +40,11 @@ if(PRICEDOWN_SANITIZE)
   set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_compile_options(project_options INTERFACE ${sanitizers})
   target_link_options(project_options INTERFACE ${sanitizers})
+  if(PRICEDOWN_FUZZ)
+    # Warnings of g++ that clang does not know are no findings.
+    target_compile_options(project_options INTERFACE
+      -fsanitize=fuzzer-no-link -Wno-unknown-warning-option)
+  endif()
 else()
   # Sanitizers intercept what fortify would check, and the two do not mix.
   target_compile_definitions(project_options INTERFACE _FORTIFY_SOURCE=2)

@@ -96,6 +96,7 @@ INSTANTIATE_TEST_SUITE_P(
         Refusal{"Execute", "exec sp_who", "第 1 行第 1 列：此数据库不支持 'exec'。", 40514},
         Refusal{"WithQuery", "with x as (select 1) select * from x",
                 "第 1 行第 1 列：此数据库不支持 'with'。", 40514},
+        Refusal{"StarWithoutTables", "select *", "第 1 行第 8 列：必须指定要从中选择的表。", 263},
         Refusal{"DropBehindAStatement", "delete from t_voucher where FYear=1 drop table t_ICItem",
                 "第 1 行第 37 列：关键字 'drop' 附近有语法错误。", 156},
         Refusal{"DropBehindATable", "select FNumber from t_account drop table t_ICItem",

@@ -23,6 +23,7 @@ inline constexpr int kInvalidColumn = 207;
 inline constexpr int kInvalidObject = 208;
 inline constexpr int kAmbiguousColumn = 209;
 inline constexpr int kTypeClash = 206;
+inline constexpr int kNoTables = 263;
 inline constexpr int kColumnNamedTwice = 264;
 inline constexpr int kTableNamedTwice = 1013;
 inline constexpr int kOrderByNumberOutOfRange = 108;

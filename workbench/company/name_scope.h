@@ -24,6 +24,8 @@ class NameScopes {
 
   void Open() { scopes_.emplace_back(); }
   void Close() { scopes_.pop_back(); }
+  // Requires: IsOpen().
+  bool HasTables() const { return !scopes_.back().empty(); }
   bool IsOpen() const noexcept { return !scopes_.empty(); }
 
   // Adds a table to the innermost scope. Throws DatabaseError where the company has no such

@@ -101,6 +101,9 @@ void Translator::ParseSelectItem(Query& query, bool& hasAggregate,
                                  std::optional<Token>& plainColumn) {
   const Token first = cursor_.Current();
   if (cursor_.TakeSymbol(u"*")) {
+    if (!scopes_.HasTables()) {
+      ThrowAt(cursor_.Source(), first.offset, u"必须指定要从中选择的表。", server_error::kNoTables);
+    }
     query.sql += "*";
     query.hasStar = true;
     plainColumn = first;
