@@ -71,7 +71,8 @@ void KeepPicture(const Picture& picture, const std::string& name) {
   start.bfSize = start.bfOffBits + bytes;
   file.write(reinterpret_cast<const char*>(&start), sizeof start);
   file.write(reinterpret_cast<const char*>(&header), sizeof header);
-  file.write(reinterpret_cast<const char*>(picture.pixels.data()), bytes);
+  file.write(reinterpret_cast<const char*>(picture.pixels.data()),
+             static_cast<std::streamsize>(bytes));
 }
 
 }  // namespace pricedown::testing

@@ -308,14 +308,17 @@ TEST_F(UserCommands, TheMenuShowsTheCaptionsThatTheSuiteGave) {
   EXPECT_EQ(menu.Lines()[1], "Change\tF2");
 }
 
+// No lambda: its calling convention is another one on x86.
+HWND frameToClose = nullptr;
+void CALLBACK CloseFrame(HWND, UINT, UINT_PTR id, DWORD) {
+  KillTimer(nullptr, id);
+  DestroyWindow(frameToClose);
+}
+
 TEST_F(UserCommands, TheHostMayCloseEverythingWhileTheMenuIsOpen) {
   Start();
-  static HWND frame;
-  frame = world_.host.Handle();
-  const UINT_PTR timer = SetTimer(nullptr, 0, 50, [](HWND, UINT, UINT_PTR id, DWORD) {
-    KillTimer(nullptr, id);
-    DestroyWindow(frame);
-  });
+  frameToClose = world_.host.Handle();
+  const UINT_PTR timer = SetTimer(nullptr, 0, 50, &CloseFrame);
   AskByKeyboard(world_.Tree());
   KillTimer(nullptr, timer);
   EXPECT_EQ(world_.window->Handle(), nullptr);

@@ -124,13 +124,16 @@ TEST(CallingAnObject, TakesTheErrorNumberOfABasicServer) {
   EXPECT_EQ(FailureOf([&] { called.object.Call(u"Member"); }), "800A005B object not set");
 }
 
+// No lambda: its calling convention is another one on x86.
+HRESULT CALLBACK FillInLater(EXCEPINFO* deferred) {
+  deferred->scode = E_ACCESSDENIED;
+  deferred->bstrDescription = Bstr(u"later").release();
+  return S_OK;
+}
+
 TEST(CallingAnObject, RunsTheDeferredFillIn) {
   Called called([](DISPPARAMS&, VARIANT*, EXCEPINFO* record) {
-    record->pfnDeferredFillIn = [](EXCEPINFO* deferred) -> HRESULT {
-      deferred->scode = E_ACCESSDENIED;
-      deferred->bstrDescription = Bstr(u"later").release();
-      return S_OK;
-    };
+    record->pfnDeferredFillIn = &FillInLater;
     return DISP_E_EXCEPTION;
   });
   EXPECT_EQ(FailureOf([&] { called.object.Call(u"Member"); }), "80070005 later");
