@@ -1,0 +1,16 @@
+// A page as the preview draws it, as a picture file.
+// The window around it is the preview's test.
+#pragma once
+
+#include <string>
+
+#include "print/ledger_pages.h"
+#include "windows/print/device_measurer.h"
+
+namespace pricedown::testing {
+
+// Writes a BMP file of the whole paper at that resolution. Throws AutomationError.
+void WritePagePicture(const LedgerPages& pages, std::int32_t number,
+                      windows::DeviceMeasurer& measurer, int dotsPerInch, const std::string& file);
+
+}  // namespace pricedown::testing
