@@ -7,6 +7,7 @@
 #include <commctrl.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -21,6 +22,7 @@
 #include "tests/windows_ui/message_boxes.h"
 #include "tests/windows_ui/picture.h"
 #include "tests/windows_ui/ui_world.h"
+#include "windows/com/wide_text.h"
 #include "windows/print/preview_dialog.h"
 #include "windows/print/preview_ids.h"
 #include "windows/ui/control_ids.h"
@@ -160,6 +162,31 @@ class PreviewUser : public Input {
     SetFocus(Child(preview_ids::kPage));
     SendMessageW(Child(preview_ids::kPage), EM_SETSEL, 0, -1);
     Type(text);
+    PostKey(VK_RETURN);
+  }
+  // How far a bar can be moved.
+  int ScrollRange(int bar) const {
+    SCROLLINFO info{};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_ALL;
+    GetScrollInfo(Child(preview_ids::kPane), bar, &info);
+    return std::max(info.nMax - static_cast<int>(info.nPage) + 1, 0);
+  }
+  HWND ZoomField() const {
+    return FindWindowExW(Child(preview_ids::kZoom), nullptr, L"Edit", nullptr);
+  }
+  void TypeZoom(std::u16string_view text) {
+    SetFocus(Child(preview_ids::kZoom));
+    SendMessageW(Child(preview_ids::kZoom), CB_SETEDITSEL, 0, MAKELPARAM(0, -1));
+    Type(text);
+    PostKey(VK_RETURN);
+  }
+  // With the open list and the keyboard; line from 0.
+  void ChooseZoom(int line) {
+    const HWND zoom = Child(preview_ids::kZoom);
+    SetFocus(zoom);
+    SendMessageW(zoom, CB_SHOWDROPDOWN, TRUE, 0);
+    SendMessageW(zoom, CB_SETCURSEL, static_cast<WPARAM>(line), 0);
     PostKey(VK_RETURN);
   }
   void CloseByFrame() const { PostMessageW(Window(), WM_CLOSE, 0, 0); }

@@ -120,10 +120,11 @@ void UiWorld::ScriptItems(std::u16string_view classNumber, int count) {
                        std::move(rows)));
 }
 
-void UiWorld::Start() {
+void UiWorld::Start(PrintLedger* ledger) {
+  PrintLedger& used = ledger != nullptr ? *ledger : suite.ledger;
   control = std::make_unique<PriceDown>(
       PriceDownPorts{suite.factory, suite.state, suite.questions, *screen, suite.container, *window,
-                     *window, *window, u"Host", window->Form(), suite.editor, suite.ledger});
+                     *window, *window, u"Host", window->Form(), suite.editor, used});
   window->Attach(control.get());
   control->Initialize();
   window->MoveInto(host.Handle(), host.Inside());

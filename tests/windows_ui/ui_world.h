@@ -58,8 +58,9 @@ class UiWorld : public Input {
   explicit UiWorld(int width = 900, int height = 560);
   ~UiWorld();
 
-  // Creates the core, initializes and shows it in the host window.
-  void Start();
+  // Creates the core, initializes and shows it in the host window. `ledger` must outlive the world;
+  // without one the scripted ledger is the control's.
+  void Start(PrintLedger* ledger = nullptr);
   // Answers the grid statement of that class with `count` items.
   void ScriptItems(std::u16string_view classNumber, int count);
 

@@ -16,6 +16,7 @@ constexpr double kTenthsPerInch = 254;
 constexpr double kHundredthsPerTenth = 10;
 constexpr double kRuleThickness = 1.5;  // tenths
 constexpr COLORREF kInk = RGB(0, 0, 0);
+constexpr double kPalestRule = 0.45;  // of the ink
 
 int Rounded(double pixels) { return static_cast<int>(std::lround(pixels)); }
 
@@ -42,6 +43,16 @@ int Thickness(double pixelsPerTenth) {
   return std::max(Rounded(kRuleThickness * pixelsPerTenth), 1);
 }
 
+// A rule that is thinner than a pixel is one pixel of a paler ink, or a small page would be all
+// rules.
+HBRUSH RuleBrush(HDC context, const PageScale& scale) {
+  const double thickness = kRuleThickness * std::min(scale.across, scale.down);
+  if (thickness >= 1) return static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH));
+  const int share = Rounded(255 * std::max(thickness, kPalestRule));
+  SetDCBrushColor(context, Blend(RGB(255, 255, 255), kInk, share));
+  return static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
+}
+
 // The part of the text's width that lies left of its anchor.
 double ShareBefore(TextAlignment alignment) {
   switch (alignment) {
@@ -60,7 +71,8 @@ double ShareBefore(TextAlignment alignment) {
 void PagePainter::Paint(HDC context, const Page& page, std::span<const PageFont> fonts,
                         const PageScale& scale) {
   const InkScope ink(context);
-  for (const PageRule& rule : page.rules) PaintRule(context, rule, scale);
+  const HBRUSH brush = RuleBrush(context, scale);
+  for (const PageRule& rule : page.rules) PaintRule(context, brush, rule, scale);
   for (const PageText& text : page.texts) {
     if (text.font < fonts.size()) PaintText(context, text, fonts[text.font], scale);
   }
@@ -77,16 +89,15 @@ HFONT PagePainter::FontOf(const PageFont& font, double down) {
 }
 
 // Both ends belong to it, so that rules that meet have no gap at the corner.
-void PagePainter::PaintRule(HDC context, const PageRule& rule, const PageScale& scale) const {
+void PagePainter::PaintRule(HDC context, HBRUSH brush, const PageRule& rule,
+                            const PageScale& scale) {
   const int wide = Thickness(scale.across);
   const int high = Thickness(scale.down);
   const RECT area{Rounded(scale.left + rule.left * scale.across) - wide / 2,
                   Rounded(scale.top + rule.top * scale.down) - high / 2,
                   Rounded(scale.left + rule.right * scale.across) - wide / 2 + wide,
                   Rounded(scale.top + rule.bottom * scale.down) - high / 2 + high};
-  if (FillRect(context, &area, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH))) == 0) {
-    ThrowLastError();
-  }
+  if (FillRect(context, &area, brush) == 0) ThrowLastError();
 }
 
 void PagePainter::PaintText(HDC context, const PageText& text, const PageFont& font,

@@ -40,7 +40,7 @@ class PagePainter {
   };
 
   HFONT FontOf(const PageFont& font, double down);
-  void PaintRule(HDC context, const PageRule& rule, const PageScale& scale) const;
+  static void PaintRule(HDC context, HBRUSH brush, const PageRule& rule, const PageScale& scale);
   void PaintText(HDC context, const PageText& text, const PageFont& font, const PageScale& scale);
 
   DeviceMeasurer& measurer_;

@@ -129,6 +129,8 @@ void PreviewWindow::Execute(PreviewCommand command) {
       break;
     case PreviewCommand::FitWidth:
       state_.FitWidth();
+      // It is for reading, which begins at the top.
+      state_.ScrollBy(0, -state_.ContentHeight());
       break;
     case PreviewCommand::Close:
       break;

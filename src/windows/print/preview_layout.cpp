@@ -10,8 +10,8 @@ namespace {
 constexpr int kMargin = 4;
 constexpr int kGap = 4;        // between a field and its label
 constexpr int kGroupGap = 14;  // between groups
-constexpr int kFieldEdges = 6;
-constexpr int kFieldMargin = 2;
+constexpr int kFieldEdges = 4;   // of a field, in pixels at every resolution
+constexpr int kFieldMargin = 1;  // below its text, which stands at its top
 constexpr int kLineHeight = 2;
 constexpr int kLeastPaneHeight = 160;
 constexpr SIZE kFirstSize{900, 800};
