@@ -21,7 +21,7 @@ class Tour {
   Tour& operator=(const Tour&) = delete;
 
   // Every step ran and every picture was written.
-  bool Finished() const { return next_ == steps_.size() && !failed_; }
+  bool Finished() const { return next_ == steps_.size(); }
 
  private:
   static constexpr int kLastClass = 0;
@@ -34,21 +34,33 @@ class Tour {
 
   static void CALLBACK OnTimer(HWND window, UINT message, UINT_PTR id, DWORD time) noexcept;
   void Advance();
+  // Keeps a picture of the screen and ends the program: a window that waits would keep it running.
+  [[noreturn]] void GiveUp() noexcept;
   void AddBrowsing();
   void AddSplitter();
   void AddOtherMode();
   void AddEditing();
   void AddRemoving();
+  void AddMenus();
+  void AddToolbar();
+  void AddRefusals();
   void ExpectRows(std::u16string_view condition, std::int32_t count);
+  // A message box is open whose text begins so; then its button is pressed.
+  void ExpectBox(const wchar_t* picture, std::wstring text, int button);
 
   HWND Child(int controlId) const;
-  // Position from 1; kLastClass for the one at the end.
+  // Position from 1; kLastClass for the one at the end. The point is the tree's.
+  POINT ClassPoint(int position) const;
   void SelectClass(int position);
   void Drag(HWND window, int distance);
   void ClickTool(std::u16string_view name);
   // A button of the control's tool strip, position from 1; posted, because its command may show a
   // window of its own and wait.
   void PressStrip(std::size_t position);
+  // A button of the merged toolbar, position from 1.
+  void PressMerged(int position);
+  // The current user has exactly these rights to the commands.
+  void GrantRights(std::int32_t mask);
 
   FrameWindow& frame_;
   std::wstring folder_;
@@ -56,7 +68,6 @@ class Tour {
   std::size_t next_ = 0;
   bool pictureDue_ = false;
   int ticksInStep_ = 0;  // of a step that has not returned, because a message box waits in it
-  bool failed_ = false;
   UINT_PTR timer_ = 0;
 };
 

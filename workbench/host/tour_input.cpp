@@ -4,6 +4,8 @@
 
 #include <commctrl.h>
 
+#include <array>
+
 #include "platform/error.h"
 
 namespace workbench {
@@ -36,8 +38,46 @@ void PressButton(HWND toolBar, int index) {
 
 void PressBoxButton(int button) {
   const HWND box = RequireWindow(GetActiveWindow());
+  // A box with one button may call it by the other number.
+  if (button == IDOK && GetDlgItem(box, IDOK) == nullptr) button = IDCANCEL;
   PostMessageW(box, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
                reinterpret_cast<LPARAM>(RequireWindow(GetDlgItem(box, button))));
+}
+
+std::wstring BoxText() {
+  constexpr int kTextOfBox = 0xFFFF;
+  std::array<wchar_t, 256> text{};
+  GetWindowTextW(RequireWindow(GetDlgItem(RequireWindow(GetActiveWindow()), kTextOfBox)),
+                 text.data(), static_cast<int>(text.size()));
+  return text.data();
+}
+
+namespace {
+
+void ClickAt(POINT onScreen, DWORD down, DWORD up) {
+  SetCursorPos(onScreen.x, onScreen.y);
+  std::array<INPUT, 2> inputs{};
+  inputs[0].type = inputs[1].type = INPUT_MOUSE;
+  inputs[0].mi.dwFlags = down;
+  inputs[1].mi.dwFlags = up;
+  SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+}
+
+}  // namespace
+
+void RightClick(HWND window, POINT point) {
+  ClientToScreen(RequireWindow(window), &point);
+  ClickAt(point, MOUSEEVENTF_RIGHTDOWN, MOUSEEVENTF_RIGHTUP);
+}
+
+void PressMenuLine(int line) {
+  constexpr UINT kGetMenuOfWindow = 0x01E1;  // MN_GETHMENU
+  const HWND window = RequireWindow(FindWindowW(L"#32768", nullptr));
+  const auto menu = reinterpret_cast<HMENU>(SendMessageW(window, kGetMenuOfWindow, 0, 0));
+  RECT area{};
+  GetMenuItemRect(nullptr, menu, static_cast<UINT>(line), &area);
+  ClickAt({(area.left + area.right) / 2, (area.top + area.bottom) / 2}, MOUSEEVENTF_LEFTDOWN,
+          MOUSEEVENTF_LEFTUP);
 }
 
 }  // namespace workbench

@@ -1,8 +1,11 @@
-// What a user's hand does in a tour: keys, texts and clicks, posted to windows of this thread.
+// What a user's hand does in a tour: keys, texts and clicks, posted to windows of this thread; for
+// menus the mouse itself, because a menu asks where it is.
 // Nothing is waited for; the next tick of the tour sees what came of it.
 #pragma once
 
 #include <windows.h>
+
+#include <string>
 
 namespace workbench {
 
@@ -15,5 +18,11 @@ void PostText(HWND window, const wchar_t* text);
 void PressButton(HWND toolBar, int index);
 // The button of the message box that is active now.
 void PressBoxButton(int button);
+// The text of that message box.
+std::wstring BoxText();
+// The right mouse button at a point of the window, by the mouse itself.
+void RightClick(HWND window, POINT point);
+// The line, from 0, of the menu that is open now, by the mouse itself.
+void PressMenuLine(int line);
 
 }  // namespace workbench

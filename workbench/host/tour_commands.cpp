@@ -1,0 +1,122 @@
+// The tour's steps through the places that commands are given from: the context menus of tree and
+// grid, the merged toolbar with and without the user's right, the bar itself; and an item of the
+// form that must stay.
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <array>
+#include <string>
+
+#include "platform/error.h"
+#include "windows/com/wide_text.h"
+#include "windows/ui/control_ids.h"
+#include "windows/ui/form_ids.h"
+#include "workbench/host/tour.h"
+#include "workbench/host/tour_input.h"
+
+namespace workbench {
+
+namespace ids = pricedown::windows::control_ids;
+namespace form_ids = pricedown::windows::form_ids;
+
+namespace {
+
+// Lines of the context menus, from 0.
+constexpr int kEditLine = 1;
+constexpr int kDeleteLine = 2;
+// Positions in the merged toolbar.
+constexpr int kInsert = 1;
+constexpr int kEdit = 2;
+constexpr int kCut = 3;
+constexpr int kClassTools[] = {kInsert, kEdit, kCut};
+constexpr int kFormDelItem = 5;
+
+constexpr std::int32_t kCommands = 1002;  // object type, and its number, of the commands' rights
+constexpr std::int32_t kNumber = 35;
+constexpr std::int32_t kEveryRight = 0x438000;
+
+constexpr const wchar_t* kNoRight = L"没有权限,请与系统管理员联系";
+constexpr const wchar_t* kDeleteQuestion = L"确定要删除当前记录? 当前的物料类别代码为:";
+
+HWND Form() { return RequireWindow(FindWindowW(L"PriceDown.ItemClass", nullptr)); }
+
+void CloseForm() { PostMessageW(Form(), WM_CLOSE, 0, 0); }
+
+}  // namespace
+
+void Tour::ExpectBox(const wchar_t* picture, std::wstring text, int button) {
+  steps_.push_back({picture, [text] {
+                      if (BoxText().starts_with(text)) return;
+                      throw pricedown::AutomationError(pricedown::ErrorNumber::Unspecified,
+                                                       pricedown::windows::FromWide(BoxText()),
+                                                       u"Tour");
+                    }});
+  steps_.push_back({nullptr, [button] { PressBoxButton(button); }});
+}
+
+void Tour::PressMerged(int position) {
+  PressButton(FindWindowExW(frame_.Handle(), nullptr, TOOLBARCLASSNAMEW, nullptr), position - 1);
+}
+
+void Tour::GrantRights(std::int32_t mask) {
+  std::array<pricedown::Value, 3> arguments{kCommands, kNumber, mask};
+  const pricedown::ObjectPtr& settings = frame_.Settings();
+  settings->Invoke(settings->Find(u"Rights"), pricedown::Access::Put, arguments);
+}
+
+void Tour::AddMenus() {
+  steps_.push_back({nullptr, [this] { frame_.OpenChild(kItemClassesCaption); }});
+  // The menu belongs to the class under the mouse.
+  steps_.push_back(
+      {L"26-menu-of-the-tree", [this] { RightClick(Child(ids::kTree), ClassPoint(3)); }});
+  steps_.push_back({nullptr, [] { PressMenuLine(kDeleteLine); }});
+  ExpectBox(L"27-question-from-the-menu", std::wstring(kDeleteQuestion) + L"03", IDNO);
+  steps_.push_back({L"28-menu-of-the-grid", [this] {
+                      RightClick(GetDlgItem(Child(ids::kGridPane), ids::kGrid), {200, 80});
+                    }});
+  steps_.push_back({nullptr, [] { PressMenuLine(kEditLine); }});
+  steps_.push_back({nullptr, [] { CloseForm(); }});
+  // The form has taken the rows: they are selected anew first.
+  steps_.push_back({nullptr, [this] { PressMerged(kCut); }});
+  ExpectBox(L"29-class-to-select-again", L"请选择要删除的物料类别", IDOK);
+}
+
+void Tour::AddToolbar() {
+  steps_.push_back({nullptr, [this] {
+                      // The control fills the grid again, and there is a class to delete.
+                      frame_.ActiveChild()->Bar()->Call(u"Click", {u"iRefresh"});
+                    }});
+  steps_.push_back({nullptr, [this] { PressMerged(kCut); }});
+  ExpectBox(nullptr, std::wstring(kDeleteQuestion) + L"03", IDNO);
+  steps_.push_back({nullptr, [this] { GrantRights(0); }});
+  for (const int tool : kClassTools) {
+    steps_.push_back({nullptr, [this, tool] { PressMerged(tool); }});
+    ExpectBox(tool == kInsert ? L"30-no-right" : nullptr, kNoRight, IDOK);
+  }
+  steps_.push_back({nullptr, [this] { GrantRights(kEveryRight); }});
+  steps_.push_back({L"31-form-from-the-toolbar", [this] { PressMerged(kInsert); }});
+  steps_.push_back({nullptr, [] { CloseForm(); }});
+}
+
+void Tour::AddRefusals() {
+  // Its items have provisions of earlier periods.
+  constexpr int kWithHistory = 1;
+  steps_.push_back({nullptr, [this] { SelectClass(kWithHistory); }});
+  steps_.push_back({nullptr, [this] { PressMerged(kEdit); }});
+  steps_.push_back({nullptr, [] {
+                      const HWND members = RequireWindow(GetDlgItem(Form(), form_ids::kMembers));
+                      SetFocus(members);
+                      PostKey(members, VK_DOWN);
+                      PostKey(members, VK_SPACE);
+                    }});
+  steps_.push_back(
+      {nullptr, [] { PressButton(GetDlgItem(Form(), form_ids::kToolBar), kFormDelItem - 1); }});
+  ExpectBox(L"32-item-that-must-stay", L"该物料(01.01.0002)在以前期间已有业务发生，不得删除！",
+            IDOK);
+  steps_.push_back({nullptr, [] { CloseForm(); }});
+  steps_.push_back({L"33-still-there", [this] { SelectClass(kWithHistory); }});
+  steps_.push_back({nullptr, [this] { frame_.CloseChildren(); }});
+}
+
+}  // namespace workbench
