@@ -1,6 +1,7 @@
 // The tool strip, and what becomes of commands that its buttons start.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <memory>
 #include <string>
 
@@ -111,6 +112,14 @@ TEST(StripWindow, TellsTheTooltipOfAButton) {
   SendMessageW(world.window->Handle(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&info));
   ASSERT_NE(info.lpszText, nullptr);
   EXPECT_STREQ(info.lpszText, L"退出系统");
+  // With the key that does the same in tree and grid.
+  const std::array<const wchar_t*, 5> tips{L"新增 (Ins)", L"修改 (F2)", L"删除 (Del)",
+                                           L"打印 (Ctrl+P)", L"预览"};
+  for (std::size_t i = 0; i < tips.size(); ++i) {
+    info.hdr.idFrom = ids::kFirstButton + 2 + i;
+    SendMessageW(world.window->Handle(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&info));
+    EXPECT_STREQ(info.lpszText, tips[i]);
+  }
 }
 
 TEST(StripWindow, AFailingCommandIsReportedToTheUser) {
@@ -128,21 +137,17 @@ TEST(StripWindow, AFailingCommandIsReportedToTheUser) {
   EXPECT_TRUE(IsWindow(world.Strip()));
 }
 
-// What a control's owner does: the control and its windows live as long as someone holds them.
-struct Owned {
-  UiWorld world;
-};
-
 void CloseByExit(bool byKeyboard) {
-  auto owned = std::make_shared<Owned>();
-  const std::weak_ptr<Owned> watch = owned;
-  UiWorld& world = owned->world;
+  auto owned = std::make_shared<UiWorld>();
+  const std::weak_ptr<UiWorld> watch = owned;
+  UiWorld& world = *owned;
   world.Start();
+  // What a control's owner does: it and its windows live as long as someone holds them.
   world.window->HoldDuringEvents([watch] { return watch.lock(); });
   const HWND strip = world.Strip();
   const POINT button = world.ButtonPoint(kExit);
   world.suite.container.onClose = [&owned] {
-    DestroyWindow(owned->world.host.Handle());
+    DestroyWindow(owned->host.Handle());
     // The last reference that is not the event's own.
     owned.reset();
   };

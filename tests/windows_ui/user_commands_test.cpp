@@ -169,6 +169,24 @@ TEST_F(UserCommands, TheHostLeavesTheKeysOfTreeAndGridToThem) {
   EXPECT_EQ(world_.suite.log.Text(), "");
 }
 
+TEST_F(UserCommands, TheHostLeavesTheKeysOfTypingToAnOpenCell) {
+  // With all rights, because without a data scope no cell is open.
+  world_.Start();
+  world_.Click(world_.Tree(), world_.NodePoint(2));
+  SetFocus(world_.Grid());
+  world_.Press(VK_END);
+  world_.Type(u"12");
+  ASSERT_NE(Editor(), nullptr);
+  world_.suite.log.Clear();
+  world_.Press(VK_HOME);
+  EXPECT_TRUE(Translate(Editor(), VK_DELETE));
+  EXPECT_TRUE(Translate(Editor(), VK_INSERT));
+  EXPECT_FALSE(Translate(Editor(), VK_F9));
+  EXPECT_EQ(Asked(), "");
+  EXPECT_TRUE(Translate(Editor(), VK_RETURN));
+  EXPECT_EQ(Utf8(world_.control->ItemSheet().Text(4, 1)), "2.00");
+}
+
 TEST_F(UserCommands, TheTreesMenuShowsTheCommandsWithTheirKeys) {
   Start();
   ContextMenus menu(0, "menu of the tree");

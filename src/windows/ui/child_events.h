@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 
 #include "browser/node_collection.h"
 #include "windows/ui/user_commands.h"
@@ -47,6 +48,9 @@ class ChildEvents : public StripEvents {
   // The sheet is being filled, and does not show it yet.
   virtual void ItemsFilling() = 0;
   virtual bool Waiting() const = 0;
+  // Keeps the child alive while it is held. For a child that is not done when it takes the focus:
+  // that may call the host, which may end the control.
+  virtual std::shared_ptr<void> Hold() = 0;
 
  protected:
   ~ChildEvents() = default;

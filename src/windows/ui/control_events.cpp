@@ -31,15 +31,6 @@ constexpr UINT kDpiChangedAfterParent = 0x02E3;
 constexpr std::array kTreeMenu{UserCommand::Add,     UserCommand::Edit,  UserCommand::Delete,
                                UserCommand::Refresh, UserCommand::Print, UserCommand::Preview};
 
-// Position from 1; 0 when the strip has no such button.
-std::size_t StripPosition(UserCommand command) {
-  const std::u16string_view key = StripKeyOf(command);
-  for (std::size_t i = 0; i < kStripButtons.size(); ++i) {
-    if (kStripButtons[i].key == key) return i + 1;
-  }
-  return 0;
-}
-
 constexpr UINT kMarqueePause = 30;  // milliseconds
 
 std::u16string Seconds(Clock::duration duration) {
@@ -54,7 +45,7 @@ std::u16string Seconds(Clock::duration duration) {
 template <typename Command>
 void ControlWindow::Fire(Command&& command) {
   if (control_ == nullptr) return;
-  const std::shared_ptr<void> hold = hold_ ? hold_() : nullptr;
+  const std::shared_ptr<void> hold = Hold();
   const HWND owner = DialogOwner();
   try {
     command(*control_);
@@ -82,14 +73,14 @@ bool ControlWindow::IsEnabled(UserCommand command) const {
     case UserCommand::Refresh:
       return control_->IsBarToolEnabled(kRefreshTool);
     default:
-      return children_->strip.IsEnabled(StripPosition(command));
+      return children_->strip.IsEnabled(StripPositionOf(command));
   }
 }
 
 std::u16string ControlWindow::CaptionOf(UserCommand command) const {
   if (command == UserCommand::Copy) return Translate(u"复制");
   if (command == UserCommand::Refresh) return Translate(u"刷新");
-  return children_->strip.Caption(StripPosition(command));
+  return children_->strip.Caption(StripPositionOf(command));
 }
 
 // All but copying and refreshing is what the strip's button does, with its right.
@@ -100,7 +91,7 @@ void ControlWindow::CommandChosen(UserCommand command) {
   } else if (command == UserCommand::Refresh) {
     Fire([](PriceDown& control) { control.BarToolChosen(kRefreshTool); });
   } else {
-    StripButtonClicked(StripPosition(command));
+    StripButtonClicked(StripPositionOf(command));
   }
 }
 
@@ -115,7 +106,7 @@ void ControlWindow::MenuRequested(HWND child, POINT place) {
         {UserCommand::Copy, CaptionOf(UserCommand::Copy), IsEnabled(UserCommand::Copy), true});
   }
   // While the menu is open the host may close everything.
-  const std::shared_ptr<void> hold = hold_ ? hold_() : nullptr;
+  const std::shared_ptr<void> hold = Hold();
   const auto chosen = ChooseFromMenu(Handle(), place, lines);
   if (chosen && Handle() != nullptr) CommandChosen(*chosen);
 }
@@ -142,6 +133,8 @@ void ControlWindow::SplitterEvent(SplitterAction action, std::int32_t pixels) {
 
 void ControlWindow::FocusEntered(HWND from) {
   children_->lastFocus = GetFocus();
+  // A form that was open may have taken the class.
+  ShowStatus();
   // The control's own window only passes the focus on, so from there it comes from outside.
   if (from != nullptr && IsChild(Handle(), from) != FALSE) return;
   // A copy, because the call may end the control.
@@ -166,8 +159,12 @@ void ControlWindow::ShowStatus() {
     return;
   }
   std::u16string text;
-  if (const auto& key = control_->Browser().currentNodeKey) {
-    const NodeIndex node = control_->Nodes().Find(*key);
+  const BrowserState& browser = control_->Browser();
+  if (browser.currentNodeKey && !browser.itemRecordset) {
+    // The form has taken the rows: what the grid shows is no class for the commands any more.
+    text = Translate(u"请重新选择物料类别    ");
+  } else if (browser.currentNodeKey) {
+    const NodeIndex node = control_->Nodes().Find(*browser.currentNodeKey);
     if (node != kNoNode) text = Concatenate({control_->Nodes().At(node).text, u"    "});
   }
   const std::u16string count = NumberText(control_->ItemSheet().MaxRows());

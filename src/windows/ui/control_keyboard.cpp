@@ -100,7 +100,13 @@ bool ControlWindow::TranslateKey(MSG& message) {
     ours = ours || (control && (IsKeyDown(message, 'C') || IsKeyDown(message, 'A') ||
                                 IsKeyDown(message, VK_INSERT)));
   }
-  if (inEditor) ours = ours || IsKeyDown(message, VK_F5);
+  if (inEditor) {
+    // A host's own Delete or Ctrl+V would mean something else than the number that is typed.
+    ours = ours || IsKeyDown(message, VK_F5) || IsKeyDown(message, VK_DELETE) ||
+           IsKeyDown(message, VK_INSERT) ||
+           (control && (IsKeyDown(message, 'C') || IsKeyDown(message, 'V') ||
+                        IsKeyDown(message, 'X') || IsKeyDown(message, 'Z')));
+  }
   if (inEditor || focus == c.splitter.Handle()) {
     ours = ours || IsKeyDown(message, VK_RETURN) || IsKeyDown(message, VK_ESCAPE);
   }

@@ -67,6 +67,12 @@ void ControlWindow::CreateChildren() {
   c.secondLabel.Create(parent, c.module, L"STATIC", control_ids::kSecondLabel, label | SS_RIGHT);
   c.upperLine.Create(parent, c.module, control_ids::kUpperLine);
   c.strip.Create(parent, c.module, control_ids::kToolStrip, dpi, Translate(kStripName));
+  for (const UserCommand command :
+       {UserCommand::Add, UserCommand::Edit, UserCommand::Delete, UserCommand::Print}) {
+    const std::size_t position = StripPositionOf(command);
+    c.strip.SetTooltip(position, Concatenate({Translate(kStripButtons[position - 1].tooltip), u" (",
+                                              ShortcutOf(command), u")"}));
+  }
   c.lowerLine.Create(parent, c.module, control_ids::kLowerLine);
   c.classHeading.Create(parent, c.module, control_ids::kClassHeading, Translate(kTreeName));
   c.tree.Create(parent, c.module, dpi, Translate(kTreeName));

@@ -107,6 +107,7 @@ class ControlWindow final : public PriceDownView,
   void ItemsChanged() override;
   void ItemsFilling() override;
   bool Waiting() const override { return waiting_; }
+  std::shared_ptr<void> Hold() override { return hold_ ? hold_() : nullptr; }
 
   bool IsEnabled(UserCommand command) const;
   std::u16string CaptionOf(UserCommand command) const;

@@ -187,7 +187,9 @@ void SheetWindow::EditingAccepted(std::u16string_view text, WPARAM key) {
   }
   Invalidate();
   if (key == 0) return;
+  const std::shared_ptr<void> hold = events_.Hold();
   SetFocus(Handle());
+  if (Handle() == nullptr) return;
   if (key == VK_RETURN) {
     MoveTo(selection_.column, selection_.row + 1, false);
   } else {
@@ -197,9 +199,11 @@ void SheetWindow::EditingAccepted(std::u16string_view text, WPARAM key) {
 
 // The keys that work while a number is typed; it is taken over first.
 void SheetWindow::FunctionKeyPressed(WPARAM key) {
+  const std::shared_ptr<void> hold = events_.Hold();
   editor_.Finish(0);
   if (Handle() == nullptr) return;
   SetFocus(Handle());
+  if (Handle() == nullptr) return;
   if (const auto command = CommandOfKey(key)) events_.CommandChosen(*command);
 }
 

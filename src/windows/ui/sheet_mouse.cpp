@@ -42,6 +42,7 @@ std::int32_t SheetWindow::RowUnder(POINT point) const {
 }
 
 void SheetWindow::OnPress(POINT point, bool extend) {
+  const std::shared_ptr<void> hold = events_.Hold();
   editor_.Finish(0);
   SetFocus(Handle());
   if (sheet_ == nullptr || Handle() == nullptr) return;
@@ -64,6 +65,20 @@ void SheetWindow::OnPress(POINT point, bool extend) {
   mouse_ = Mouse::Selecting;
   SetCapture(Handle());
   MoveTo(column, RowUnder(point), extend);
+}
+
+// Selects the cell unless it is in a selected block, so that the menu is the menu of what is
+// selected.
+void SheetWindow::OnRightPress(POINT point) {
+  const std::shared_ptr<void> hold = events_.Hold();
+  SetFocus(Handle());
+  if (sheet_ == nullptr || Handle() == nullptr) return;
+  const std::int32_t column = geometry_.ColumnAt(point.x + scroll_.Left());
+  const std::int32_t row = RowUnder(point);
+  if (column != 0 && row >= 1 && row <= sheet_->MaxRows() && point.y >= geometry_.TitleHeight() &&
+      !selection_.Range().Contains(column, row)) {
+    MoveTo(column, row, false);
+  }
 }
 
 void SheetWindow::OnDrag(POINT point) {
@@ -165,17 +180,9 @@ LRESULT SheetWindow::OnMouse(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_LBUTTONDBLCLK:
       OnDoubleClick(point);
       return 0;
-    case WM_RBUTTONDOWN: {
-      SetFocus(Handle());
-      if (sheet_ == nullptr) return 0;
-      const std::int32_t column = geometry_.ColumnAt(point.x + scroll_.Left());
-      const std::int32_t row = RowUnder(point);
-      if (column != 0 && row >= 1 && row <= sheet_->MaxRows() &&
-          point.y >= geometry_.TitleHeight() && !selection_.Range().Contains(column, row)) {
-        MoveTo(column, row, false);
-      }
+    case WM_RBUTTONDOWN:
+      OnRightPress(point);
       return 0;
-    }
     case WM_MOUSEMOVE:
       OnDrag(point);
       return 0;

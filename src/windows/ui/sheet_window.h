@@ -55,6 +55,7 @@ class SheetWindow final : public BoundWindow, public SheetView, private EditorEv
   void Invalidate();
 
   void OnPress(POINT point, bool extend);
+  void OnRightPress(POINT point);
   void OnDoubleClick(POINT point);
   void OnDrag(POINT point);
   void EndMouse(bool keep);

@@ -41,15 +41,18 @@ void SplitterWindow::OnPaint() {
 }
 
 void SplitterWindow::OnPress(int x) {
+  const std::shared_ptr<void> hold = events_.Hold();
   previousFocus_ = GetFocus();
   dragging_ = true;
   SetCapture(Handle());
   SetFocus(Handle());
+  if (Handle() == nullptr) return;
   events_.SplitterEvent(SplitterAction::Press, x);
 }
 
 void SplitterWindow::EndDrag(bool keep) {
   if (!std::exchange(dragging_, false)) return;
+  const std::shared_ptr<void> hold = events_.Hold();
   if (GetCapture() == Handle()) ReleaseCapture();
   if (previousFocus_ != nullptr && previousFocus_ != Handle() && IsWindow(previousFocus_)) {
     SetFocus(previousFocus_);

@@ -187,6 +187,7 @@ bool TreeWindow::OnKeyDown(WPARAM key, bool repeated) {
 // Selects the node as a click does, so that the menu is the menu of that node. The system's own
 // part would wait for the button to go up.
 void TreeWindow::OnRightPress(POINT point) {
+  const std::shared_ptr<void> hold = events_.Hold();
   SetFocus(Handle());
   if (Handle() == nullptr) return;
   TVHITTESTINFO hit{};

@@ -2,31 +2,12 @@
 // Captions come from the caller.
 #include "windows/ui/user_commands.h"
 
+#include "control/tool_strip.h"
 #include "windows/com/failure.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::windows {
 namespace {
-
-const wchar_t* ShortcutText(UserCommand command) {
-  switch (command) {
-    case UserCommand::Add:
-      return L"\tIns";
-    case UserCommand::Edit:
-      return L"\tF2";
-    case UserCommand::Delete:
-      return L"\tDel";
-    case UserCommand::Refresh:
-      return L"\tF5";
-    case UserCommand::Print:
-      return L"\tCtrl+P";
-    case UserCommand::Copy:
-      return L"\tCtrl+C";
-    case UserCommand::Preview:
-      break;
-  }
-  return L"";
-}
 
 class Menu {
  public:
@@ -68,6 +49,26 @@ bool AsksForMenu(UINT message, WPARAM key) {
          (message == WM_SYSKEYDOWN && key == VK_F10 && GetKeyState(VK_SHIFT) < 0);
 }
 
+std::u16string_view ShortcutOf(UserCommand command) {
+  switch (command) {
+    case UserCommand::Add:
+      return u"Ins";
+    case UserCommand::Edit:
+      return u"F2";
+    case UserCommand::Delete:
+      return u"Del";
+    case UserCommand::Refresh:
+      return u"F5";
+    case UserCommand::Print:
+      return u"Ctrl+P";
+    case UserCommand::Copy:
+      return u"Ctrl+C";
+    case UserCommand::Preview:
+      break;
+  }
+  return {};
+}
+
 std::u16string_view StripKeyOf(UserCommand command) {
   switch (command) {
     case UserCommand::Add:
@@ -87,12 +88,22 @@ std::u16string_view StripKeyOf(UserCommand command) {
   return {};
 }
 
+std::size_t StripPositionOf(UserCommand command) {
+  const std::u16string_view key = StripKeyOf(command);
+  for (std::size_t i = 0; i < kStripButtons.size(); ++i) {
+    if (kStripButtons[i].key == key) return i + 1;
+  }
+  return 0;
+}
+
 std::optional<UserCommand> ChooseFromMenu(HWND owner, POINT place,
                                           std::span<const CommandLine> lines) {
   const Menu menu;
   for (const CommandLine& line : lines) {
     if (line.beginsGroup) AppendMenuW(menu.Get(), MF_SEPARATOR, 0, nullptr);
-    const std::wstring text = ToWide(line.caption) + ShortcutText(line.command);
+    std::wstring text = ToWide(line.caption);
+    const std::u16string_view shortcut = ShortcutOf(line.command);
+    if (!shortcut.empty()) text += L'\t' + ToWide(shortcut);
     AppendMenuW(menu.Get(), line.enabled ? UINT{MF_ENABLED} : UINT{MF_GRAYED},
                 static_cast<UINT_PTR>(line.command), text.c_str());
   }

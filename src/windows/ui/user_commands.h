@@ -27,8 +27,13 @@ inline bool IsRepeated(LPARAM keyData) { return (keyData & (1 << 30)) != 0; }
 // nor all of their controls make WM_CONTEXTMENU of both.
 bool AsksForMenu(UINT message, WPARAM key);
 
+// How that key is written for the user; empty when the command has none.
+std::u16string_view ShortcutOf(UserCommand command);
+
 // The key of the tool strip's button that does the same; empty when there is none.
 std::u16string_view StripKeyOf(UserCommand command);
+// That button's position from 1; 0 when the strip has none.
+std::size_t StripPositionOf(UserCommand command);
 
 struct CommandLine {
   UserCommand command;
