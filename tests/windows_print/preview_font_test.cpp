@@ -1,5 +1,8 @@
 // A font chosen in the preview: in the pages, in tree and grid, in the settings, and next time.
 // The whole control is there, on a scripted suite; only the font dialog's answers are scripted.
+#include <windows.h>
+
+#include <dlgs.h>
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -15,8 +18,16 @@ namespace {
 // The control's ledger with the real preview.
 class PreviewedLedger : public LedgerDocument {
  public:
-  void Preview() override { dialog.ShowModal(GetActiveWindow(), fonts); }
+  void Preview() override {
+    if (ownDialog) {
+      dialog.ShowModal(GetActiveWindow());
+    } else {
+      dialog.ShowModal(GetActiveWindow(), fonts);
+    }
+  }
   void Print() override {}
+
+  bool ownDialog = false;  // the system's
 
   ScriptedPrinting printing;
   ScriptedFonts fonts;
@@ -123,6 +134,36 @@ TEST_F(PreviewFont, MakesThePagesAnew) {
                        std::stoi(before.substr(6)));
            },
            [&] { CloseByFrame(); }});
+}
+
+// In the system's dialog, by its button for applying; cancelling it afterwards takes nothing back.
+TEST_F(PreviewFont, IsAppliedBehindTheOpenDialog) {
+  ledger.ownDialog = true;
+  Start();
+  const auto dialogWindow = [] { return FindWindowW(L"#32770", nullptr); };
+  const auto press = [&](int button) {
+    PostMessageW(dialogWindow(), WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
+                 reinterpret_cast<LPARAM>(GetDlgItem(dialogWindow(), button)));
+  };
+  boxes.WillPress({0});
+  Preview({[&] { PostButton(u"Font"); }, [&] {}, [&] {},
+           [&] {
+             const HWND sizes = GetDlgItem(dialogWindow(), cmb3);
+             ASSERT_NE(sizes, nullptr);
+             EXPECT_EQ(GetWindow(dialogWindow(), GW_OWNER), Window());
+             const LRESULT line = SendMessageW(sizes, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                               reinterpret_cast<LPARAM>(L"16"));
+             SendMessageW(sizes, CB_SETCURSEL, static_cast<WPARAM>(line), 0);
+             SendMessageW(dialogWindow(), WM_COMMAND, MAKEWPARAM(cmb3, CBN_SELCHANGE),
+                          reinterpret_cast<LPARAM>(sizes));
+             press(psh3);
+           },
+           [&] {
+             EXPECT_EQ(ledger.Appearance().font, (Font{u"宋体", 16, false, false}));
+             press(IDCANCEL);
+           },
+           [&] { CloseByFrame(); }});
+  EXPECT_NE(Saved().find("FontSize=16"), std::string::npos) << Saved();
 }
 
 TEST_F(PreviewFont, AGreaterOneMakesTheGridsRowsHigherAtOnce) {

@@ -300,8 +300,8 @@ TEST_F(PreviewEnd, EndsWithItsOwnerBehindTheFontDialog) {
 TEST_F(PreviewEnd, EndsWithItsOwnerWhileAFailureIsTold) {
   boxes.WillPress({0});
   printing.onPrint = [] { throw AutomationError(ErrorNumber::Unspecified, u"打印机没有反应"); };
-  ShowFivePages({[&] { PostMessageW(Button(u"Print").bar, WM_KEYDOWN, VK_RETURN, 1); }, [&] {},
-                 [&] {}, [&] { DestroyWindow(host.Handle()); }});
+  ShowFivePages(
+      {[&] { PostButton(u"Print"); }, [&] {}, [&] {}, [&] { DestroyWindow(host.Handle()); }});
 }
 
 TEST_F(PreviewEnd, ClosingWaitsForACommandThatRuns) {

@@ -261,6 +261,31 @@ TEST_F(PreviewWindowTest, TellsWhatFailedAndGoesOn) {
   EXPECT_EQ(boxes.All()[1].text, "无法设置页面");
 }
 
+TEST_F(PreviewWindowTest, KeepsItsPagesWhenNewOnesCannotBeMade) {
+  printing.onSetUpPage = [&] { printing.failsToTellPaper = true; };
+  ShowFivePages({[&] { ClickButton(u"PageSetup"); }, [&] { ClickButton(u"Last"); },
+                 [&] { EXPECT_EQ(Page(), "5 共 5 页"); }, [&] { CloseByFrame(); }});
+  ASSERT_EQ(boxes.All().size(), 1u);
+  EXPECT_EQ(boxes.All()[0].text, "打印机没有回答");
+}
+
+TEST_F(PreviewWindowTest, KeepsTheFontWhenNoPagesCanBeMadeInTheNewOne) {
+  fonts.answers = {{u"黑体", 12, true, false}};
+  fonts.onShow = [&] { printing.failsToTellPaper = true; };
+  ShowFivePages({[&] { ClickButton(u"Font"); }, [&] { CloseByFrame(); }});
+  EXPECT_EQ(ledger.Appearance().font, Font());
+  EXPECT_EQ(boxes.All().size(), 1u);
+}
+
+TEST_F(PreviewWindowTest, DoesNotOpenWithoutPages) {
+  printing.failsToTellPaper = true;
+  EXPECT_THROW(dialog.ShowModal(host.Handle(), fonts), AutomationError);
+  EXPECT_EQ(Window(), nullptr);
+  EXPECT_TRUE(IsWindowEnabled(host.Handle()) != FALSE);
+  printing.failsToTellPaper = false;
+  Show(10, {[&] { CloseByFrame(); }});
+}
+
 TEST_F(PreviewWindowTest, ShowsThePagesOfEachShowing) {
   Show(10, {[&] { EXPECT_EQ(Page(), "1 共 1 页"); }, [&] { CloseByFrame(); }});
   Show(100, {[&] { EXPECT_EQ(Page(), "1 共 3 页"); }, [&] { ClickButton(u"Last"); },

@@ -42,12 +42,16 @@ class PlainLedger : public LedgerDocument {
 // A printer that is only asked; what it does is a test's own.
 class ScriptedPrinting : public windows::PreviewPrinting {
  public:
-  Paper CurrentPaper() override { return paper; }
+  Paper CurrentPaper() override {
+    if (failsToTellPaper) throw AutomationError(ErrorNumber::Unspecified, u"打印机没有回答");
+    return paper;
+  }
   std::u16string Date() override { return u"2008-03-31"; }
   void Print(HWND owner) override { Note("print", owner, onPrint); }
   void SetUpPage(HWND owner) override { Note("page set-up", owner, onSetUpPage); }
 
   Paper paper;
+  bool failsToTellPaper = false;
   std::function<void()> onPrint;
   std::function<void()> onSetUpPage;
   std::vector<std::string> calls;
@@ -144,6 +148,12 @@ class PreviewUser : public Input {
     RECT area{};
     SendMessageW(place.bar, TB_GETITEMRECT, place.index, reinterpret_cast<LPARAM>(&area));
     Click(place.bar, {(area.left + area.right) / 2, (area.top + area.bottom) / 2});
+  }
+  // Like a click, for a command that waits in a window of its own while the steps go on.
+  void PostButton(std::u16string_view key) const {
+    const Place place = Button(key);
+    SendMessageW(place.bar, TB_SETHOTITEM, place.index, 0);
+    PostMessageW(place.bar, WM_KEYDOWN, VK_RETURN, 1);
   }
   // For the preview's own message loop, which runs it once the step is over.
   void PostKey(WPARAM key) const { PostMessageW(GetFocus(), WM_KEYDOWN, key, 1); }

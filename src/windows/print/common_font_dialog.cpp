@@ -18,6 +18,7 @@
 #include "windows/com/wide_text.h"
 #include "windows/ui/dpi.h"
 #include "windows/ui/fonts.h"
+#include "windows/ui/gdi.h"
 #include "windows/ui/message_box_questions.h"
 
 namespace pricedown::windows {
@@ -41,6 +42,16 @@ Context PrinterInformation() {
   return Context(CreateICW(L"WINSPOOL", name.c_str(), nullptr, nullptr));
 }
 
+// What the system has under that font's name. A name that stands for another one is in no list, and
+// the dialog would begin with some font of its own.
+void TakeInstalledName(LOGFONTW& description) {
+  const FontHandle font(CreateFontIndirectW(&description));
+  const Context context(CreateCompatibleDC(nullptr));
+  if (!font || context == nullptr) return;
+  const Selected selected(context.get(), font.Get());
+  GetTextFaceW(context.get(), LF_FACESIZE, description.lfFaceName);
+}
+
 LOGFONTW Describe(const Font& font) {
   LOGFONTW description{};
   // The dialog takes the screen's resolution, whatever the window's is.
@@ -49,35 +60,44 @@ LOGFONTW Describe(const Font& font) {
   description.lfItalic = font.italic ? TRUE : FALSE;
   description.lfCharSet = CharsetOf(font.name);
   CopyWide(std::u16string_view(font.name).substr(0, LF_FACESIZE - 1), description.lfFaceName);
+  TakeInstalledName(description);
   return description;
 }
 
 // What one showing needs inside of the dialog's procedure.
 struct Showing {
   const Font& before;
-  const LOGFONTW first;
+  LOGFONTW first;  // what the dialog began with
   const std::function<void(const Font&)>& apply;
 };
 
-// `points` is 0 when only the font's height tells the size.
+bool IsBold(const LOGFONTW& font) { return font.lfWeight > FW_MEDIUM; }
+
+// What differs from what the dialog began with was chosen; the rest is as it was, to the letter of
+// its name and the fraction of its size. `points` is 0 when only the height
+// tells the size.
 Font FontOf(const LOGFONTW& chosen, double points, const Showing& showing) {
   Font font = showing.before;
-  if (chosen.lfFaceName[0] != L'\0') font.name = FromWide(chosen.lfFaceName);
-  if (chosen.lfHeight != showing.first.lfHeight) {
+  const LOGFONTW& first = showing.first;
+  if (chosen.lfFaceName[0] != L'\0' && lstrcmpiW(chosen.lfFaceName, first.lfFaceName) != 0) {
+    font.name = FromWide(chosen.lfFaceName);
+  }
+  if (chosen.lfHeight != first.lfHeight) {
     font.size = points > 0 ? points
                            : static_cast<double>(-chosen.lfHeight) * kPointsPerInch /
                                  Dpi::Of(nullptr).Value();
   }
-  font.bold = chosen.lfWeight > FW_MEDIUM;
-  font.italic = chosen.lfItalic != FALSE;
+  if (IsBold(chosen) != IsBold(first)) font.bold = IsBold(chosen);
+  if ((chosen.lfItalic != FALSE) != (first.lfItalic != FALSE)) font.italic = !font.italic;
   return font;
 }
 
 void Apply(HWND dialog, const Showing& showing) {
   LOGFONTW chosen{};
   SendMessageW(dialog, WM_CHOOSEFONT_GETLOGFONT, 0, reinterpret_cast<LPARAM>(&chosen));
+  const UINT points = GetDlgItemInt(dialog, cmb3, nullptr, FALSE);
   try {
-    showing.apply(FontOf(chosen, 0, showing));
+    showing.apply(FontOf(chosen, points, showing));
   } catch (...) {
     ReportFailure(dialog, CurrentFailure());
   }
@@ -86,7 +106,8 @@ void Apply(HWND dialog, const Showing& showing) {
 UINT_PTR CALLBACK Hook(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
   if (message == WM_INITDIALOG) {
     const auto* description = reinterpret_cast<const CHOOSEFONTW*>(lParam);
-    const auto& showing = *reinterpret_cast<const Showing*>(description->lCustData);
+    auto& showing = *reinterpret_cast<Showing*>(description->lCustData);
+    SendMessageW(dialog, WM_CHOOSEFONT_GETLOGFONT, 0, reinterpret_cast<LPARAM>(&showing.first));
     SetPropW(dialog, kDialogProperty, reinterpret_cast<HANDLE>(description->lCustData));
     if (!showing.apply) {
       ShowWindow(GetDlgItem(dialog, psh3), SW_HIDE);
@@ -118,7 +139,7 @@ UINT_PTR CALLBACK Hook(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) 
 
 Font CommonFontDialog::Show(const Font& font, std::uint32_t flags) {
   const Font before = font;
-  const Showing showing{before, Describe(before), apply_};
+  Showing showing{before, Describe(before), apply_};
   LOGFONTW chosen = showing.first;
   Context printer;
   if ((flags & CF_PRINTERFONTS) != 0) printer = PrinterInformation();
