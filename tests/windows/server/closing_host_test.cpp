@@ -1,9 +1,11 @@
-// Hosts that end the control inside the WM_CLOSE that an "Exit" command sends: site, window and
-// every reference are gone before the command returns.
+// Hosts that end the control inside one of its commands, in the WM_CLOSE that "Exit" sends or while
+// it waits for the user: site, window and every reference are gone before the command returns.
 #include <windows.h>
 
 #include <commctrl.h>
 #include <gtest/gtest.h>
+
+#include <utility>
 
 #include "tests/windows/raw_call.h"
 #include "tests/windows/server/control_host.h"
@@ -15,6 +17,8 @@ namespace {
 
 namespace ids = windows::control_ids;
 
+constexpr std::size_t kAddButton = 2;
+constexpr std::size_t kDeleteButton = 4;
 constexpr std::size_t kExitButton = 8;
 
 class ClosingHost : public ::testing::Test {
@@ -29,22 +33,52 @@ class ClosingHost : public ::testing::Test {
     const auto parent = windows::ToDispatch(host_.world.factory.NewObject(u"parent"));
     EXPECT_EQ(Expression(host_.control.get(), L"Show", {ObjectOf(parent.get())}), "S_OK True");
     bar_->Get(u"Tools").Object()->Call(u"Add", {u"iExit"});
-    host_.frame.onClose = [this] {
-      host_.Close();
-      host_.LeaveSite();
-      host_.frame.Destroy();
-      host_.Release();
-      bar_.reset();
-    };
+    host_.frame.onClose = [this] { End(); };
+  }
+  ~ClosingHost() override {
+    if (waiting_ == this) waiting_ = nullptr;
+  }
+
+  void End() {
+    host_.Close();
+    host_.LeaveSite();
+    host_.frame.Destroy();
+    host_.Release();
+    bar_.reset();
+  }
+  // The host ends all as soon as a message box or a menu of this thread waits for the user.
+  void EndWhenTheUserIsAsked() {
+    waiting_ = this;
+    timer_ = SetTimer(nullptr, 0, 20, &OnTimer);
   }
 
   HWND Strip() const { return GetDlgItem(host_.Window(), ids::kToolStrip); }
 
-  void ExpectTheEnd() {
-    EXPECT_EQ(host_.world.log.Count("host WM_CLOSE 0 0"), 1U);
+  void ExpectTheEnd(std::size_t closes = 1) {
+    EXPECT_EQ(host_.world.log.Count("host WM_CLOSE 0 0"), closes);
     EXPECT_EQ(host_.control.get(), nullptr);
     EXPECT_FALSE(IsWindow(host_.frame.Handle()));
     EXPECT_TRUE(host_.library.CanUnload());
+  }
+
+  // The end came from the timer, and nothing of the suite was asked behind it.
+  void ExpectTheEndBehind(const std::string& lastCall) {
+    EXPECT_EQ(waiting_, nullptr);
+    ExpectTheEnd(0);
+    const std::string log = host_.world.log.Text();
+    EXPECT_NE(log.find(lastCall), std::string::npos) << log;
+    EXPECT_EQ(log.find("t_voucher"), std::string::npos) << log;
+    // The first display's load is the only one.
+    EXPECT_EQ(host_.world.log.Count(ExecuteLine(kTreeStatement)), 1U) << log;
+  }
+
+  void Press(std::size_t button) {
+    RECT area{};
+    SendMessageW(Strip(), TB_GETITEMRECT, button - 1, reinterpret_cast<LPARAM>(&area));
+    const LPARAM place = MAKELPARAM((area.left + area.right) / 2, (area.top + area.bottom) / 2);
+    const HWND strip = Strip();
+    PostMessageW(strip, WM_LBUTTONDOWN, MK_LBUTTON, place);
+    PostMessageW(strip, WM_LBUTTONUP, 0, place);
   }
 
   static void RunPostedMessages() {
@@ -52,17 +86,25 @@ class ClosingHost : public ::testing::Test {
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) DispatchMessageW(&message);
   }
 
+  static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD) {
+    for (const wchar_t* name : {L"#32770", L"#32768"}) {
+      const HWND window = FindWindowW(name, nullptr);
+      if (waiting_ == nullptr || window == nullptr || IsWindowVisible(window) == FALSE) continue;
+      if (GetWindowThreadProcessId(window, nullptr) != GetCurrentThreadId()) continue;
+      KillTimer(nullptr, waiting_->timer_);
+      std::exchange(waiting_, nullptr)->End();
+    }
+  }
+
+  static inline ClosingHost* waiting_ = nullptr;
+
   ControlHost host_;
   ObjectPtr bar_;
+  UINT_PTR timer_ = 0;
 };
 
 TEST_F(ClosingHost, MayEndAllOnAClickOfTheStrip) {
-  const HWND strip = Strip();
-  RECT area{};
-  SendMessageW(strip, TB_GETITEMRECT, kExitButton - 1, reinterpret_cast<LPARAM>(&area));
-  const LPARAM place = MAKELPARAM((area.left + area.right) / 2, (area.top + area.bottom) / 2);
-  PostMessageW(strip, WM_LBUTTONDOWN, MK_LBUTTON, place);
-  PostMessageW(strip, WM_LBUTTONUP, 0, place);
+  Press(kExitButton);
   RunPostedMessages();
   ExpectTheEnd();
 }
@@ -100,6 +142,47 @@ TEST_F(ClosingHost, MayEndAllOnAClickOfTheBarsTool) {
   tool->Call(u"Click");
   tool.reset();
   ExpectTheEnd();
+}
+
+const char* const kDeleteRight = "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 65536)";
+
+TEST_F(ClosingHost, MayEndAllDuringTheQuestionOfADeletion) {
+  EndWhenTheUserIsAsked();
+  Press(kDeleteButton);
+  RunPostedMessages();
+  ExpectTheEndBehind(kDeleteRight);
+}
+
+TEST_F(ClosingHost, MayEndAllDuringTheQuestionOfAKey) {
+  const HWND tree = GetDlgItem(host_.Window(), ids::kTree);
+  SetFocus(tree);
+  EndWhenTheUserIsAsked();
+  PostMessageW(tree, WM_KEYDOWN, VK_DELETE, 1);
+  RunPostedMessages();
+  ExpectTheEndBehind(kDeleteRight);
+}
+
+TEST_F(ClosingHost, MayEndAllDuringTheQuestionOfItsOwnCall) {
+  EndWhenTheUserIsAsked();
+  EXPECT_EQ(Statement(host_.control.get(), L"delRecord", {}), "S_OK");
+  ExpectTheEndBehind("");
+}
+
+TEST_F(ClosingHost, MayEndAllDuringARefusal) {
+  host_.world.company.grantedMasks = "none";
+  EndWhenTheUserIsAsked();
+  Press(kAddButton);
+  RunPostedMessages();
+  ExpectTheEndBehind("ZEPEBCGLView.GLData.AccessCheck(1002, 35, 131072)");
+}
+
+TEST_F(ClosingHost, MayEndAllWhileAMenuIsOpen) {
+  const HWND tree = GetDlgItem(host_.Window(), ids::kTree);
+  SetFocus(tree);
+  EndWhenTheUserIsAsked();
+  PostMessageW(tree, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(tree), -1);
+  RunPostedMessages();
+  ExpectTheEndBehind("");
 }
 
 }  // namespace

@@ -1,0 +1,138 @@
+' The command bar as a host merges it: who is told of clicks and changes, and what a forwarded click
+' does with the user's right and without it.
+Option Explicit
+
+Const kCommands = 1002
+Const kNumber = 35
+Const kNo = 7
+Const kOk = 1
+Const kOkOfWindows = 2
+Const kBoxText = 65535
+
+Class ParentOfTheHost
+  Public Bar
+  Public Sub MergeToolBar(commandBar)
+    Set Bar = commandBar
+  End Sub
+End Class
+
+Class BarListener
+  Public Heard
+  Public Sub ToolClicked(tool)
+    Heard = Heard & "clicked " & tool.Name & "|"
+  End Sub
+  Public Sub ToolChanged(tool)
+    Heard = Heard & "changed " & tool.Name & " " & CInt(tool.Enabled) & " " & CInt(tool.Checked) & " " & CInt(tool.Visible) & "|"
+  End Sub
+End Class
+
+Class OnlyClicks
+  Public Heard
+  Public Sub ToolClicked(tool)
+    Heard = Heard & tool.Name & "|"
+  End Sub
+End Class
+
+Dim suite, control, parent, bar, listener, other, used, seen, every, forms
+Set suite = CreateObject("ZEPWorkbench.Settings")
+suite.ItemClassType = "1"
+suite.VoucherPresent = False
+every = suite.Rights(kCommands, kNumber)
+
+' The host's user had the first class selected when the control is shown.
+Dim profile, settings
+Set profile = CreateObject("ZEPEBCBASE.UserProfile")
+profile.Load "script_host", "PriceDown"
+Set settings = profile.Dictionary
+settings("NodeSel1") = "gi01"
+profile.Save "script_host", "PriceDown"
+
+Set control = HostControl("ZEPPriceDownPrepare.PriceDown", "物料类别维护")
+Set parent = New ParentOfTheHost
+control.Show parent
+Set bar = parent.Bar
+Check "nobody listens at first", bar.Listener Is Nothing
+Set listener = New BarListener
+Set bar.Listener = listener
+Check "the listener is kept", bar.Listener Is listener
+
+' Changes and clicks.
+bar.Tools.Add "iToolBar", "工具条", "查看"
+CheckEqual "an added check tool is told as it becomes checked", listener.Heard, "changed iToolBar -1 -1 -1|"
+listener.Heard = ""
+bar.Click "iToolBar"
+CheckEqual "a click tells what it changed, and then itself", listener.Heard, "changed iToolBar -1 0 -1|clicked iToolBar|"
+listener.Heard = ""
+bar.Tools("iEdit").Enabled = False
+bar.Tools("iEdit").Enabled = False
+bar.Tools("iEdit").Click
+CheckEqual "a change is told once, a click on what is disabled not at all", listener.Heard, "changed iEdit 0 0 -1|"
+bar.Tools("iEdit").Enabled = True
+listener.Heard = ""
+bar.Tools.Add "iRefresh", "刷新", "查看"
+bar.Click "iRefresh"
+CheckEqual "a refresh is told", listener.Heard, "clicked iRefresh|"
+Set other = New OnlyClicks
+Set bar.Listener = other
+bar.Click "iToolBar"
+CheckEqual "a listener may leave out what it does not want to know", other.Heard, "iToolBar|"
+CheckEqual "the one before is told nothing more", listener.Heard, "clicked iRefresh|"
+Set bar.Listener = Nothing
+Check "nobody listens any more", bar.Listener Is Nothing
+On Error Resume Next
+bar.Listener = 5
+Check "a listener is an object", Err.Number <> 0
+Err.Clear
+On Error GoTo 0
+
+' A tool of the host's own toolbar, forwarded.
+Class ToolOfTheHost
+  Public Name
+  Public Checked
+End Class
+
+' Boxes are read and answered with No or OK; a form is counted and closed.
+Class AnswerAll
+  Public Sub Step
+    If WindowClass = "PriceDown.ItemClass" Then
+      forms = forms + 1
+      CloseForm
+    Else
+      seen = seen & TextIn(kBoxText) & "|"
+      PressButton kNo
+      PressButton kOk
+      PressButton kOkOfWindows
+    End If
+  End Sub
+End Class
+
+Function Forward(name)
+  Dim tool
+  Set tool = New ToolOfTheHost
+  tool.Name = name
+  used = False
+  seen = ""
+  forms = 0
+  Play New AnswerAll
+  control.ParentWindow_ToolBarClick tool, used
+  Play Nothing
+  Forward = seen & forms
+End Function
+
+Const kNoRight = "没有权限,请与系统管理员联系|0"
+suite.Rights(kCommands, kNumber) = 0
+CheckEqual "iInsert without its right is refused", Forward("iInsert"), kNoRight
+CheckEqual "iEdit without its right is refused", Forward("iEdit"), kNoRight
+CheckEqual "iCut without its right is refused", Forward("iCut"), kNoRight
+CheckEqual "iRefresh needs no right", Forward("iRefresh"), "0"
+suite.Rights(kCommands, kNumber) = every
+CheckEqual "iInsert opens the form", Forward("iInsert"), "1"
+CheckEqual "iCut asks about the class in the grid", Left(Forward("iCut"), 32), Left("确定要删除当前记录? 当前的物料类别代码为:01  物料类别名称为:", 32)
+CheckEqual "iEdit opens the form", Forward("iEdit"), "1"
+CheckEqual "iCut right behind it asks to select a class", Forward("iCut"), "请选择要删除的物料类别|0"
+CheckEqual "iRefresh fills the grid again", Forward("iRefresh"), "0"
+CheckEqual "so that iEdit has a class once more", Forward("iEdit"), "1"
+CheckEqual "an unknown tool does nothing", Forward("iUnknown"), "0"
+Check "bUse is not changed", Not used
+
+CloseWindows
