@@ -17,7 +17,8 @@ namespace {
 
 constexpr UINT kPeriod = 40;        // milliseconds
 constexpr int kTextOfBox = 0xFFFF;  // the id of a message box's text
-constexpr int kPrinters = 0x0473;   // the id of a print dialog's list of printers
+constexpr int kPrinters = 0x0473;   // a print dialog's list of printers
+constexpr int kPapers = 0x0471;     // a page set-up's list of papers
 
 ScriptUser* current = nullptr;
 
@@ -38,7 +39,8 @@ bool Waits(HWND window) {
   if (window == nullptr) return false;
   const std::u16string name = ClassOf(window);
   return name == u"PriceDown.ItemClass" || name == u"PriceDown.Preview" ||
-         GetDlgItem(window, kTextOfBox) != nullptr || GetDlgItem(window, kPrinters) != nullptr;
+         GetDlgItem(window, kTextOfBox) != nullptr || GetDlgItem(window, kPrinters) != nullptr ||
+         GetDlgItem(window, kPapers) != nullptr;
 }
 
 }  // namespace

@@ -17,9 +17,9 @@ class ScriptUser {
   ScriptUser(const ScriptUser&) = delete;
   ScriptUser& operator=(const ScriptUser&) = delete;
 
-  // From now on the player's Step is called, without arguments, whenever a form, a preview, a print
-  // dialog or a message box is active and the call before has returned. Null ends it. Throws
-  // AutomationError.
+  // From now on the player's Step is called, without arguments, whenever a form, a preview, a
+  // dialog of printing or a message box is active and the call before has returned. Null ends it.
+  // Throws AutomationError.
   void Play(ObjectPtr player);
 
   // In the active window: its class and title, the text of a control by id (0: the title), typing

@@ -7,10 +7,13 @@ Const kPages = 1058
 Const kFirst = 1152
 Const kLast = 1153
 Const kCopies = 1154
+Const kLeftMargin = 1155
+Const kLandscape = 1057
 Const kOk = 1
 Const kCancel = 2
 Const kPreviewBar = 501
 Const kPrintTool = 1
+Const kSetUpTool = 2
 
 Class ParentOfTheHost
   Public Sub MergeToolBar(commandBar)
@@ -44,17 +47,31 @@ Sub TellItems(number)
   Loop
 End Sub
 
-' What the user sees, one word a window, and which button ends the print dialog.
-Dim seen, answer
+' What the user sees, one word a window; which button ends the print dialog, and whether the page is
+' set up first.
+Dim seen, answer, setsUp
 Class UserOfTheDialog
   Public Sub Step
     If WindowClass = "PriceDown.Preview" Then
-      If seen = "" Then
+      If seen = "" And setsUp Then
         seen = "preview "
+        PressTool kPreviewBar, kSetUpTool
+      ElseIf seen = "" Or Right(seen, 7) = "set-up " Then
+        seen = seen & "preview "
         PressTool kPreviewBar, kPrintTool
       ElseIf Right(seen, 7) = "dialog " Then
         seen = seen & "preview "
         CloseForm
+      End If
+    ElseIf TextIn(kLeftMargin) <> "" Then
+      ' Turning the paper turns the margins too, so that they come second.
+      If seen = "preview " Then
+        seen = seen & "turned "
+        PressButton kLandscape
+      ElseIf Right(seen, 7) = "turned " Then
+        seen = seen & "set-up "
+        TypeInto kLeftMargin, "50"
+        PressButton kOk
       End If
     ElseIf TextIn(65535) <> "" And TextIn(kCopies) = "" Then
       seen = seen & "message: " & TextIn(65535)
@@ -80,6 +97,7 @@ TellItems "05"
 Print "date " & FormatDateTime(Date, vbShortDate)
 Play New UserOfTheDialog
 first = 0
+setsUp = False
 answer = kOk
 seen = ""
 control.PrintPara
@@ -101,6 +119,12 @@ copies = 2
 seen = ""
 control.PrintPara
 CheckEqual "pages and copies are chosen in the dialog", seen, "dialog "
+
+first = 0
+setsUp = True
+seen = ""
+control.PreviewPara
+CheckEqual "the page is set up in the preview", seen, "preview turned set-up preview dialog preview "
 Play Nothing
 
 CloseWindows
