@@ -28,17 +28,17 @@ constexpr UINT kZoomChosen = WM_APP + 1;
 // Runs what the user asked for and tells what went wrong. The window may be gone when this returns;
 // the object is held by whoever shows it.
 template <typename Command>
-void PreviewWindow::Fire(Command&& command) {
+void PreviewWindow::Fire(bool takesTime, Command&& command) {
   if (busy_) return;
   busy_ = true;
-  SetWaiting(true);
+  if (takesTime) SetWaiting(true);
   std::optional<Failure> failure;
   try {
     command();
   } catch (...) {
     failure = CurrentFailure();
   }
-  SetWaiting(false);
+  if (takesTime) SetWaiting(false);
   try {
     ShowState();
     if (failure && Handle() != nullptr) ReportFailure(DialogOwner(), *failure);
@@ -52,16 +52,15 @@ void PreviewWindow::Fire(Command&& command) {
 
 // Sizing and scrolling go on while a command runs, as when its dialog is moved over the window.
 void PreviewWindow::PaneChanges(const std::function<void()>& change) {
-  const auto changed = [&] {
+  if (busy_ || !complete_) {
+    change();
+    if (complete_) children_->pane.ShowState();
+    return;
+  }
+  Fire(false, [&] {
     change();
     pages_.Turn(state_.Page());
-  };
-  if (busy_) {
-    change();
-    children_->pane.ShowState();
-  } else {
-    Fire(changed);
-  }
+  });
 }
 
 void PreviewWindow::Run(PreviewCommand command) {
@@ -70,7 +69,7 @@ void PreviewWindow::Run(PreviewCommand command) {
     Close();
     return;
   }
-  Fire([&] { Execute(command); });
+  Fire(true, [&] { Execute(command); });
 }
 
 bool PreviewWindow::IsEnabled(PreviewCommand command) const {
@@ -273,6 +272,9 @@ LRESULT PreviewWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         if (child != nullptr) SendMessageW(child, message, wParam, lParam);
       }
       RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+      return 0;
+    case kDpiChanged:
+      OnDpiChanged(*reinterpret_cast<const RECT*>(lParam));
       return 0;
     default:
       return Default(message, wParam, lParam);

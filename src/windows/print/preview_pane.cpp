@@ -66,11 +66,14 @@ void PreviewPane::Create(HWND parent, HINSTANCE module, int id, const wchar_t* n
   creation.parent = parent;
   creation.id = id;
   creation.module = module;
+  dpi_ = Dpi::Of(parent);
   CreateOwn(creation);
-  TakeAppearance();
 }
 
-void PreviewPane::TakeAppearance() { dpi_ = Dpi::Of(Handle()); }
+void PreviewPane::TakeAppearance() {
+  dpi_ = Dpi::Of(Handle());
+  OnSize();
+}
 
 void PreviewPane::ShowState() {
   if (Handle() == nullptr) return;

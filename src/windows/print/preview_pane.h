@@ -35,6 +35,7 @@ class PreviewPane final : public BoundWindow {
 
   // The state or the page is another one.
   void ShowState();
+  // The resolution may be another one.
   void TakeAppearance();
   // A key that the user pressed here or in another child that has no use for it; whether it was
   // used up.

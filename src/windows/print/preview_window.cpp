@@ -84,7 +84,7 @@ void PreviewWindow::Create(HWND owner, FontDialog& fonts) {
   owner_ = owner;
   fonts_ = &fonts;
   lastFocus_ = nullptr;
-  waiting_ = busy_ = closeAfter_ = false;
+  complete_ = waiting_ = busy_ = closeAfter_ = false;
   state_ = {};
   state_.SetPages(pages_.Count(), pages_.PrintedPaper());
   const std::wstring title = ToWide(Translate(kTitle));
@@ -214,6 +214,7 @@ void PreviewWindow::Show(std::function<void()> closing) {
   closing_ = std::move(closing);
   Centre();
   LayOut();
+  complete_ = true;
   PaneChanges([] {});
   ShowWindow(Handle(), SW_SHOW);
   SetFocus(children_->pane.Handle());

@@ -59,7 +59,7 @@ class PreviewWindow final : public CommandWindow, private BoundWindow, private P
   void PaneCommand(PreviewCommand command) override { Run(command); }
 
   template <typename Command>
-  void Fire(Command&& command);
+  void Fire(bool takesTime, Command&& command);
   void Run(PreviewCommand command);
   void Execute(PreviewCommand command);
   bool IsEnabled(PreviewCommand command) const;
@@ -88,6 +88,8 @@ class PreviewWindow final : public CommandWindow, private BoundWindow, private P
   HWND owner_ = nullptr;
   HWND lastFocus_ = nullptr;
   std::function<void()> closing_;
+  // All children are there and in their places.
+  bool complete_ = false;
   bool waiting_ = false;
   // A command runs; others wait for the user's next click, and closing for its end.
   bool busy_ = false;
