@@ -8,6 +8,7 @@
 #include "browser/print_table.h"
 #include "tests/support/failure.h"
 #include "tests/windows_print/fake_printer.h"
+#include "tests/windows_ui/picture.h"
 #include "tests/windows_ui/ui_world.h"
 #include "windows/print/ledger_printing.h"
 #include "windows/print/print_progress.h"
@@ -148,6 +149,7 @@ TEST_F(PrintProgressTest, SaysHowFarTheJobIsAndTakesTheInputFromItsOwner) {
     EXPECT_TRUE(IsWindowVisible(Window()));
     EXPECT_EQ(GetWindow(Window(), GW_OWNER), host_.Handle());
     EXPECT_FALSE(IsWindowEnabled(host_.Handle()));
+    KeepPicture(Window(), "print-progress");
   }
   EXPECT_EQ(Window(), nullptr);
   EXPECT_TRUE(IsWindowEnabled(host_.Handle()));

@@ -1,5 +1,6 @@
 // print_pages DOCUMENT [PICTURE DPI]: prints a document of known contents on the user's default
-// printer and prints where all of it must stand; with PICTURE, also draws page 1 as a preview does.
+// printer and says where all of it must stand; with PICTURE, also draws page 1 as a preview does.
+// print_pages DOCUMENT off: calls the job off before its second page.
 // Nothing is compared here.
 //
 // Lines, in points from the paper's top left corner, separated by tabs:
@@ -28,9 +29,13 @@ namespace win = pricedown::windows;
 
 constexpr double kPointsPerTenth = 72 / 254.0;
 
-class Patient final : public win::PrintWatcher {
+class User final : public win::PrintWatcher {
  public:
-  bool Continue(std::int64_t, std::int64_t) override { return true; }
+  explicit User(std::int64_t pages) : pages_(pages) {}
+  bool Continue(std::int64_t sheet, std::int64_t) override { return sheet <= pages_; }
+
+ private:
+  std::int64_t pages_;  // wanted
 };
 
 void PrintTexts(std::int32_t number, const Page& page, const std::vector<PageFont>& fonts,
@@ -53,7 +58,7 @@ void PrintTexts(std::int32_t number, const Page& page, const std::vector<PageFon
   }
 }
 
-int Run(std::string_view name, const char* picture, int dotsPerInch) {
+int Run(std::string_view name, bool calledOff, const char* picture, int dotsPerInch) {
   win::Spooler spooler;
   win::PrintDialogs dialogs;
   win::Printer printer(spooler, dialogs);
@@ -71,8 +76,11 @@ int Run(std::string_view name, const char* picture, int dotsPerInch) {
   const LedgerPages pages = document.Pages(printer.ChosenPaper(), kKnownDate, measurer);
   win::PrintChoice all;
   all.last = pages.PageCount();
-  Patient patient;
-  if (!win::RunPrintJob(printer, pages, measurer, {all, pages.PageCount()}, patient)) return 1;
+  User user(calledOff ? 1 : pages.PageCount());
+  if (!win::RunPrintJob(printer, pages, measurer, {all, pages.PageCount()}, user)) {
+    std::printf("called off\n");
+    return 0;
+  }
   const Paper& paper = pages.PrintedPaper();
   std::printf("pages\t%d\n", pages.PageCount());
   std::printf("paper\t%.2f\t%.2f\t%s\n", paper.width * kPointsPerTenth,
@@ -87,12 +95,13 @@ int Run(std::string_view name, const char* picture, int dotsPerInch) {
 }  // namespace
 
 int main(int count, char** arguments) {
-  if (count != 2 && count != 4) {
-    std::fprintf(stderr, "usage: print_pages DOCUMENT [PICTURE DPI]\n");
+  const bool calledOff = count == 3 && std::string_view(arguments[2]) == "off";
+  if (count != 2 && count != 4 && !calledOff) {
+    std::fprintf(stderr, "usage: print_pages DOCUMENT [PICTURE DPI | off]\n");
     return 2;
   }
   try {
-    return Run(arguments[1], count == 4 ? arguments[2] : nullptr,
+    return Run(arguments[1], calledOff, count == 4 ? arguments[2] : nullptr,
                count == 4 ? std::atoi(arguments[3]) : 0);
   } catch (...) {
     const auto failure = win::CurrentFailure();
