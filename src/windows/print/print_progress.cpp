@@ -35,7 +35,7 @@ std::u16string Number(std::int64_t number) { return FromUtf8(std::to_string(numb
 }  // namespace
 
 PrintProgress::PrintProgress(HINSTANCE module, HWND owner, DWORD patience)
-    : module_(module), owner_(owner), showAt_(GetTickCount64() + patience) {}
+    : module_(module), owner_(owner), showAt_(GetTickCount64() + patience), styles_(module) {}
 
 PrintProgress::~PrintProgress() {
   // The others take input again before this window goes, or another program would come up.
@@ -61,6 +61,7 @@ bool PrintProgress::Continue(std::int64_t sheet, std::int64_t count) {
 
 void PrintProgress::Show() {
   shown_ = true;
+  const VisualStyles::Scope styles(styles_);
   Creation creation;
   creation.className = L"PriceDown.PrintProgress";
   creation.text = L"打印";

@@ -11,6 +11,7 @@
 #include "windows/ui/fonts.h"
 #include "windows/ui/modal_showing.h"
 #include "windows/ui/plain_control.h"
+#include "windows/ui/visual_styles.h"
 
 namespace pricedown::windows {
 
@@ -40,6 +41,7 @@ class PrintProgress final : public PrintWatcher, private BoundWindow {
   ULONGLONG showAt_;
   bool shown_ = false;
   bool cancelled_ = false;
+  VisualStyles styles_;
   FontHandle font_;
   PlainControl text_;
   PlainControl bar_;
