@@ -1,13 +1,10 @@
 // What the keys of the command bar and of the tool strip do, and the right that each one needs.
 // Nothing is trapped here: a failing command reaches whoever clicked.
 #include <array>
-#include <optional>
 
 #include "control/price_down.h"
-#include "env/wait_cursor.h"
 #include "platform/convert.h"
 #include "platform/error.h"
-#include "platform/skip.h"
 
 namespace pricedown {
 namespace {
@@ -88,10 +85,8 @@ void PriceDown::StripButtonClicked(std::u16string_view key) {
   RunStripCommand(key);
   // The command may have ended the control.
   if (terminated_) return;
-  std::optional<WaitCursor> wait;
-  SkipFailing([&] { wait.emplace(ports_.screen); });
   // On purpose also after a refused right and for keys without a command.
-  tree_.LoadClassTree();
+  LoadTree();
   grid_.Cells().Repaint();
 }
 

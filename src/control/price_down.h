@@ -109,6 +109,8 @@ class PriceDown {
   void SaveSelection();
   void ReleaseLedger();
 
+  // Under the hourglass.
+  void LoadTree();
   void LayOut();
   bool IsShown(std::u16string_view checkTool) const;
   Rectangle DragBar() const;

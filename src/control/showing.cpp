@@ -1,8 +1,11 @@
 // The control's first display and what the host tells it afterwards.
 // Each step of the display is on its own: one that fails is skipped and the next one runs.
+#include <optional>
+
 #include "control/price_down.h"
 #include "env/translation.h"
 #include "env/user_settings.h"
+#include "env/wait_cursor.h"
 #include "platform/convert.h"
 #include "platform/skip.h"
 #include "platform/text.h"
@@ -33,7 +36,7 @@ bool PriceDown::Show(const Value& parentWindow) {
   };
   step([&] { TakeCaption(); });
   step([&] { TakeParent(parentWindow); });
-  step([&] { tree_.LoadClassTree(); });
+  step([&] { LoadTree(); });
   step([&] { environment_.rights.ReadDataScope(); });
   step([&] { grid_.ApplyScopeLock(); });
   step([&] { ports_.screen.RunPendingMessages(); });
@@ -61,6 +64,12 @@ void PriceDown::TakeParent(const Value& parentWindow) {
   parentWindow_ = parent.Object();
   SkipFailing([&] { RefreshToolbar(); });
   ports_.screen.RunPendingMessages();
+}
+
+void PriceDown::LoadTree() {
+  std::optional<WaitCursor> wait;
+  SkipFailing([&] { wait.emplace(ports_.screen); });
+  tree_.LoadClassTree();
 }
 
 void PriceDown::RestoreSelection() {

@@ -54,8 +54,8 @@ class DeleteCommand : public Dispatch {
            // Behind every click on the strip, also when the command has reloaded.
            "screen pointer 11\n" +
            TreeLoad() +
-           "sheet changed 0 rows\n"
-           "screen pointer 0\n";
+           "screen pointer 0\n"
+           "sheet changed 0 rows\n";
   }
 };
 

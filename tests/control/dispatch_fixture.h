@@ -58,8 +58,8 @@ class Dispatch : public ::testing::Test {
            "tree insert 2 under 1 \"01(原料)\"\n"
            "tree insert 3 under 1 \"02(成品)\"\n"
            "tree redraw on\n"
-           "sheet changed 2 rows\n"
-           "screen pointer 0\n";
+           "screen pointer 0\n"
+           "sheet changed 2 rows\n";
   }
   static constexpr const char* kRefusal =
       "tell information \"岚禾提示\": \"没有权限,请与系统管理员联系\"\n";

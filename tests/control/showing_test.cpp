@@ -26,14 +26,16 @@ class Show : public ::testing::Test {
   }
   // Logged by every Show up to the tree.
   static std::string LoadingTheTree() {
-    return "tree redraw off\n"
+    return "screen pointer 11\n"
+           "tree redraw off\n"
            "create ZEPConnection.AppConnection\n" +
            ExecuteLine(kTreeStatement) +
            "\nrelease ZEPConnection.AppConnection\n"
            "tree insert 1 under 0 \"物料\"\n"
            "tree insert 2 under 1 \"01(原料)\"\n"
            "tree insert 3 under 1 \"02(成品)\"\n"
-           "tree redraw on\n";
+           "tree redraw on\n"
+           "screen pointer 0\n";
   }
 
   ControlWorld world_;
