@@ -85,6 +85,16 @@ TEST_F(PrinterTest, IsTheUsersDefaultOne) {
   EXPECT_EQ(spooler_.log, "ask PDF portrait\nclose\nask PDF landscape\nclose\n");
 }
 
+TEST_F(PrinterTest, HasA4UntilItTellsItsPaper) {
+  spooler_.failingCall = 1;
+  printer_.UseDefault();
+  EXPECT_EQ(printer_.Name(), L"PDF");
+  EXPECT_EQ(printer_.ChosenPaper(), (Paper{2100, 2970, {200, 200, 200, 200}}));
+  spooler_.dots = {254, 254, 1480, 2100, 0, 0, 1480, 2100};
+  printer_.UseDefault();
+  EXPECT_EQ(printer_.ChosenPaper().width, 1480);
+}
+
 TEST_F(PrinterTest, FollowsTheUsersDefaultWhereNoDialogHasChosen) {
   printer_.UseDefault();
   dialogs_.defaultDevice = L"Other";

@@ -6,7 +6,9 @@
 #include <cmath>
 #include <cstring>
 #include <span>
+#include <utility>
 
+#include "platform/error.h"
 #include "platform/text.h"
 #include "windows/com/wide_text.h"
 #include "windows/print/global_memory.h"
@@ -79,7 +81,14 @@ void Printer::UseDefault() {
     setUp_ = {{}, {}, {}, {}, setUp_.paper, {}};
     return;
   }
-  Take(mode.Get(), names.Get());
+  SetUp setUp = Read(mode.Get(), names.Get());
+  try {
+    AskForPaper(setUp);
+  } catch (const AutomationError&) {
+    setUp.paper = {};
+    if (marginsChosen_) setUp.paper.margins = setUp_.paper.margins;
+  }
+  setUp_ = std::move(setUp);
 }
 
 void Printer::Forget() {
@@ -112,7 +121,9 @@ HGLOBAL Printer::CopyNames() const {
 
 void Printer::Choose(HGLOBAL mode, HGLOBAL names) {
   if (names == nullptr) return;
-  Take(mode, names);
+  SetUp setUp = Read(mode, names);
+  AskForPaper(setUp);
+  setUp_ = std::move(setUp);
   chosen_ = true;
 }
 
@@ -138,23 +149,22 @@ PrinterContext Printer::OpenFor(PrinterUse use, const SetUp& setUp, bool turned)
   return {spooler_, context};
 }
 
-void Printer::Take(HGLOBAL mode, HGLOBAL names) {
+Printer::SetUp Printer::Read(HGLOBAL mode, HGLOBAL names) const {
   const GlobalBytes nameBytes(names);
-  DEVNAMES offsets{};
-  if (nameBytes.Get().size() < sizeof offsets) return;
-  std::memcpy(&offsets, nameBytes.Get().data(), sizeof offsets);
   const GlobalBytes modeBytes(mode);
-  SetUp setUp{NameAt(nameBytes.Get(), offsets.wDeviceOffset),
-              NameAt(nameBytes.Get(), offsets.wDriverOffset),
-              NameAt(nameBytes.Get(), offsets.wOutputOffset),
-              {modeBytes.Get().begin(), modeBytes.Get().end()},
-              setUp_.paper,
-              {}};
-  if (!setUp.device.empty()) AskForPaper(setUp);
-  setUp_ = std::move(setUp);
+  DEVNAMES offsets{};
+  if (nameBytes.Get().size() < sizeof offsets) return {{}, {}, {}, {}, setUp_.paper, {}};
+  std::memcpy(&offsets, nameBytes.Get().data(), sizeof offsets);
+  return {NameAt(nameBytes.Get(), offsets.wDeviceOffset),
+          NameAt(nameBytes.Get(), offsets.wDriverOffset),
+          NameAt(nameBytes.Get(), offsets.wOutputOffset),
+          {modeBytes.Get().begin(), modeBytes.Get().end()},
+          setUp_.paper,
+          {}};
 }
 
 void Printer::AskForPaper(SetUp& setUp) const {
+  if (setUp.device.empty()) return;
   const auto ask = [&](bool turned) {
     const PrinterContext context = OpenFor(PrinterUse::Ask, setUp, turned);
     return PaperOf(spooler_.AskDots(context.Get()));

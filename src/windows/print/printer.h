@@ -25,7 +25,7 @@ class Printer {
   Printer& operator=(const Printer&) = delete;
 
   // Takes the user's default printer as it is set up, unless a dialog has chosen one; none when
-  // there is none. Throws AutomationError when it cannot be asked for its paper.
+  // there is none. One that does not tell its paper has A4, so that its user can choose another.
   void UseDefault();
   // Like one that no dialog has chosen, as when the chosen one has gone.
   void Forget();
@@ -43,7 +43,8 @@ class Printer {
   HGLOBAL CopyMode() const;
   HGLOBAL CopyNames() const;
   // Takes printer, set-up and paper from what a dialog has left there; null leaves all as it is.
-  // The margins stay. Throws AutomationError when the printer cannot be asked for its paper.
+  // The margins stay. Throws AutomationError when the printer cannot be asked for its paper; then
+  // nothing is changed.
   void Choose(HGLOBAL mode, HGLOBAL names);
 
   // A context to print on, on the chosen paper or on the same turned. Throws AutomationError.
@@ -62,8 +63,7 @@ class Printer {
     PageBox unprintable;  // upright and turned alike
   };
 
-  // Changes nothing when it throws.
-  void Take(HGLOBAL mode, HGLOBAL names);
+  SetUp Read(HGLOBAL mode, HGLOBAL names) const;
   void AskForPaper(SetUp& setUp) const;
   PrinterContext OpenFor(PrinterUse use, const SetUp& setUp, bool turned) const;
   static std::vector<std::byte> ModeFor(const SetUp& setUp, bool turned);
