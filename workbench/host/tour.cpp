@@ -37,6 +37,7 @@ Tour::Tour(FrameWindow& frame, std::wstring folder) : frame_(frame), folder_(std
   AddMenus();
   AddToolbar();
   AddRefusals();
+  AddPrinting();
   runningTour = this;
   timer_ = SetTimer(nullptr, 0, kStepMilliseconds, OnTimer);
 }

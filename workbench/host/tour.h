@@ -44,6 +44,7 @@ class Tour {
   void AddMenus();
   void AddToolbar();
   void AddRefusals();
+  void AddPrinting();
   void ExpectRows(std::u16string_view condition, std::int32_t count);
   // A message box is open whose text begins so; then its button is pressed.
   void ExpectBox(const wchar_t* picture, std::wstring text, int button);

@@ -35,7 +35,7 @@ constexpr std::u16string_view kWidestCount = u"共 0000000 页";
 constexpr std::u16string_view kWidestZoom = u"500%";
 constexpr int kFieldEdges = 10;
 constexpr int kDropDownHeight = 320;
-constexpr int kFirstShare = 95;  // of the screen at most, in percent
+constexpr int kEnoughHeight = 600;  // of an owner whose height is taken
 constexpr DWORD kStyle =
     WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MAXIMIZEBOX | WS_CLIPCHILDREN;
 constexpr DWORD kExtendedStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
@@ -189,7 +189,7 @@ void PreviewWindow::LayOut() {
   Move(c.pane, places.pane);
 }
 
-// Over the owner, inside the owner's screen.
+// As large as the owner, or larger where that one is small, over it and inside its screen.
 void PreviewWindow::Centre() {
   const Dpi dpi = Dpi::Of(Handle());
   MONITORINFO monitor{};
@@ -197,11 +197,15 @@ void PreviewWindow::Centre() {
   GetMonitorInfoW(
       MonitorFromWindow(owner_ != nullptr ? owner_ : Handle(), MONITOR_DEFAULTTONEAREST), &monitor);
   const RECT& work = monitor.rcWork;
-  const SIZE size = Outer(FirstPreviewSize(Measures(), dpi), dpi);
-  const LONG width = std::min<LONG>(size.cx, WidthOf(work) * kFirstShare / 100);
-  const LONG height = std::min<LONG>(size.cy, HeightOf(work) * kFirstShare / 100);
+  SIZE size = Outer(FirstPreviewSize(Measures(), dpi), dpi);
   RECT owner = work;
-  if (owner_ != nullptr && IsIconic(owner_) == FALSE) GetWindowRect(owner_, &owner);
+  if (owner_ != nullptr && IsIconic(owner_) == FALSE) {
+    GetWindowRect(owner_, &owner);
+    size.cx = std::max<LONG>(size.cx, WidthOf(owner));
+    if (HeightOf(owner) >= dpi.Scale(kEnoughHeight)) size.cy = HeightOf(owner);
+  }
+  const LONG width = std::min<LONG>(size.cx, WidthOf(work));
+  const LONG height = std::min<LONG>(size.cy, HeightOf(work));
   const LONG left =
       std::clamp((owner.left + owner.right - width) / 2, work.left, work.right - width);
   const LONG top =
