@@ -5,7 +5,9 @@
 #include "tests/print/fake_measurer.h"
 #include "tests/support/failure.h"
 #include "tests/windows_print/fake_printer.h"
+#include "tests/windows_ui/picture.h"
 #include "windows/print/print_job.h"
+#include "windows/ui/gdi.h"
 
 namespace pricedown::testing {
 namespace {
@@ -144,6 +146,65 @@ TEST_F(PrintJobTest, IsAbortedWhenTheUserCallsItOffHalfway) {
   EXPECT_TRUE(
       spooler_.log.ends_with("begin \"PriceDown item list\"\npage\npage end\nabort\nclose\n"))
       << spooler_.log;
+}
+
+// Keeps what is printed as a picture, a pixel to each dot.
+class PictureSpooler final : public FakeSpooler {
+ public:
+  PictureSpooler(int width, int height) : area_{0, 0, width, height} {
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = width;
+    info.bmiHeader.biHeight = -height;
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    void* bits = nullptr;
+    bitmap_ = windows::GdiObject<HBITMAP>(
+        CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+  }
+  HDC OpenContext(windows::PrinterUse use, const wchar_t* driver, const wchar_t* device,
+                  const DEVMODEW* mode) override {
+    const HDC context = FakeSpooler::OpenContext(use, driver, device, mode);
+    if (use == windows::PrinterUse::Print) {
+      SelectObject(context, bitmap_.Get());
+      FillRect(context, &area_, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+    }
+    return context;
+  }
+  int FinishDocument(HDC context) override {
+    picture = TakePicture(context, area_);
+    return FakeSpooler::FinishDocument(context);
+  }
+  // The middle of the first dark dots in that row or column; -1 when there are none.
+  int FirstInk(bool acrossRow, int line) const {
+    int first = -1;
+    for (int i = 0; i < (acrossRow ? picture.width : picture.height); ++i) {
+      const bool dark = (picture.At(acrossRow ? i : line, acrossRow ? line : i) & 0xFF) < 0x80;
+      if (dark && first < 0) first = i;
+      if (!dark && first >= 0) return (first + i - 1) / 2;
+    }
+    return first;
+  }
+  Picture picture;
+
+ private:
+  RECT area_;
+  windows::GdiObject<HBITMAP> bitmap_;
+};
+
+// What a dot's place on paper is depends on the strips that the printer cannot print on.
+TEST_F(PrintJobTest, CountsFromThePapersCornerAndNotFromWhereThePrinterCanPrint) {
+  PictureSpooler spooler(1000, 1000);
+  spooler.dots = spooler.turnedDots = {254, 508, 2100, 5940, 70, 90, 1900, 5800};
+  windows::Printer printer(spooler, dialogs_);
+  printer.UseDefault();
+  const LedgerPages pages(content_, {{u"Tahoma", 9, false, false, false}, 285, paper_, u""},
+                          measurer_);
+  EXPECT_TRUE(windows::RunPrintJob(printer, pages, measurer_, {{1, 1, 1, true}, 1}, watcher_));
+  const PageRule& top = pages.PageAt(1).rules.front();
+  // A dot to a tenth across, two down; the rule is looked for where it is the first thing.
+  EXPECT_NEAR(spooler.FirstInk(false, top.left + 5 - 70), 2 * top.top - 90, 2);
+  EXPECT_NEAR(spooler.FirstInk(true, 2 * top.top + 12 - 90), top.left - 70, 2);
 }
 
 // As when the printer prints to a file and the user gives it no name.

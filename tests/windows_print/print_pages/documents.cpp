@@ -18,7 +18,7 @@ bool KnownDocument::Fill(std::string_view name, const Paper& paper, TextMeasurer
   SetPageFooter(*this);
   if (name == "empty") return FillRows(0, kUsualNameWidth), true;
   if (name == "one") return FillRows(1, kUsualNameWidth), true;
-  if (name == "many") return FillRows(500, kUsualNameWidth), true;
+  if (name == "many") return FillRows(200, kUsualNameWidth), true;
   if (name == "wide") return FillRows(3, kWideNameWidth), true;
   if (name != "full" && name != "more") return false;
   std::int32_t rows = 1;

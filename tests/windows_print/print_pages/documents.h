@@ -15,7 +15,7 @@ inline constexpr const char16_t* kKnownDate = u"2008-03-31";
 class KnownDocument final : public LedgerDocument {
  public:
   // empty: titles alone; one: one row; full: as many rows as page 1 takes; more: one row more;
-  // many: 500 rows; wide: three rows of columns that want the paper turned. False for others.
+  // many: 200 rows; wide: three rows of columns that want the paper turned. False for others.
   bool Fill(std::string_view name, const Paper& paper, TextMeasurer& measurer);
 
  private:
