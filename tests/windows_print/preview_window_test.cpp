@@ -309,7 +309,7 @@ TEST_F(PreviewWindowTest, KeepsTheSizeOfTheWindowInTheSizeOfThePage) {
 // The system says so when the window comes to a screen of another resolution; here the resolution
 // stays, and only the place is another.
 TEST_F(PreviewWindowTest, TakesThePlaceThatTheSystemSuggestsOnAnotherScreen) {
-  RECT place{40, 30, 740, 630};
+  RECT place{40, 30, 1140, 730};  // wide enough at every resolution
   ShowFivePages({[&] {
                    SendMessageW(Window(), 0x02E0, MAKEWPARAM(96, 96),
                                 reinterpret_cast<LPARAM>(&place));
