@@ -23,7 +23,7 @@ std::int16_t Value::Int16() const { return As<std::int16_t>(); }
 std::int32_t Value::Int32() const { return As<std::int32_t>(); }
 double Value::Double() const { return As<double>(); }
 Date Value::DateValue() const { return As<Date>(); }
-const std::u16string& Value::Text() const { return As<std::u16string>(); }
+const std::u16string& Value::Text() const { return As<StoredText>().text; }
 const ObjectPtr& Value::Object() const { return As<ObjectPtr>(); }
 const CellBlockPtr& Value::Block() const { return As<CellBlockPtr>(); }
 const std::vector<Value>& Value::List() const { return *As<ValueListPtr>(); }

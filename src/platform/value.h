@@ -64,9 +64,9 @@ class Value {
   Value(std::int32_t number) : storage_(number) {}
   Value(double number) : storage_(number) {}
   Value(Date date) : storage_(date) {}
-  Value(std::u16string text) : storage_(std::move(text)) {}
-  Value(std::u16string_view text) : storage_(std::u16string(text)) {}
-  Value(const char16_t* text) : storage_(std::u16string(text)) {}
+  Value(std::u16string text) : storage_(StoredText{std::move(text)}) {}
+  Value(std::u16string_view text) : storage_(StoredText{std::u16string(text)}) {}
+  Value(const char16_t* text) : storage_(StoredText{std::u16string(text)}) {}
   // A null pointer is the object "nothing".
   Value(ObjectPtr object) : storage_(std::move(object)) {}
   Value(std::nullptr_t) : storage_(ObjectPtr()) {}
@@ -104,9 +104,15 @@ class Value {
   bool operator==(const Value&) const = default;
 
  private:
+  // The variant of g++ 12 takes it that strings and shared pointers are never left half copied, and
+  // then destroys what a copy that ran out of memory has not made. With any other type it looks.
+  struct StoredText {
+    std::u16string text;
+    bool operator==(const StoredText&) const = default;
+  };
   using Storage =
       std::variant<std::monostate, Null, Missing, bool, std::int16_t, std::int32_t, double, Date,
-                   std::u16string, ObjectPtr, CellBlockPtr, ValueListPtr, Value*>;
+                   StoredText, ObjectPtr, CellBlockPtr, ValueListPtr, Value*>;
 
   template <typename T>
   const T& As() const;

@@ -33,9 +33,9 @@ class RecordingEditor : public ItemClassEditor {
   }
 
   void ShowModal() override {
-    recorder_->Add("editor show " + Prepared());
     // A command that has its form leaves nothing for a failed showing to clear up.
     try {
+      recorder_->Add("editor show " + Prepared());
       recorder_->QuietCall("editor window", u"editor");
       form_.Load();
       grid.Paint();

@@ -1,0 +1,12 @@
+// The allocations of the program, counted, any one of which can be made to fail.
+// Linking it replaces operator new and delete of the whole program.
+#pragma once
+
+namespace pricedown::testing {
+
+// The n-th allocation from now on throws std::bad_alloc, once; 0 switches that off.
+void FailAllocation(int n);
+// Allocations since FailAllocation was called.
+int AllocationCount();
+
+}  // namespace pricedown::testing
