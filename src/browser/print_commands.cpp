@@ -5,6 +5,7 @@
 #include <string>
 
 #include "browser/print_table.h"
+#include "env/language.h"
 #include "env/translation.h"
 #include "platform/error.h"
 #include "platform/text.h"
@@ -38,6 +39,7 @@ void PrintCommands::ChooseDisplayFont(FontDialog& dialog) {
 }
 
 void PrintCommands::FillLedger() {
+  SetPageTypeface(ledger_, ReadFontProperties(environment_.factory));
   SetPageHeader(ledger_, state_.reportSubTitle);
   FillPrintTable(sheet_, ledger_.Table());
   SetPageFooter(ledger_);

@@ -17,6 +17,9 @@ class LedgerDocument : public PrintLedger {
   LedgerDocument& operator=(const LedgerDocument&) = delete;
 
   PrintTable& Table() override { return table_; }
+  void SetLineTypeface(const LineTypeface& typeface) override {
+    content_.SetLineTypeface(typeface);
+  }
   void SetHeaderLine(std::int32_t line, std::u16string_view text, const LineFont& font) override;
   void SetFooterLine(std::int32_t line, std::u16string_view text, const LineFont& font) override;
   LedgerAppearance& Appearance() override { return appearance_; }

@@ -36,6 +36,8 @@ class PrintLedger {
  public:
   virtual ~PrintLedger() = default;
   virtual PrintTable& Table() = 0;
+  // Of all header and footer lines, until another one is set.
+  virtual void SetLineTypeface(const LineTypeface& typeface) = 0;
   virtual void SetHeaderLine(std::int32_t line, std::u16string_view text, const LineFont& font) = 0;
   virtual void SetFooterLine(std::int32_t line, std::u16string_view text, const LineFont& font) = 0;
   // The master copy of the display font. A preview may change its font.

@@ -51,6 +51,10 @@ void FillPrintTable(const Sheet& sheet, PrintTable& table) {
   table.Refresh();
 }
 
+void SetPageTypeface(PrintLedger& ledger, const FontProperties& font) {
+  ledger.SetLineTypeface({font.name.empty() ? std::u16string(u"宋体") : font.name, font.charset});
+}
+
 void SetPageHeader(PrintLedger& ledger, std::u16string_view subTitle) {
   ledger.SetHeaderLine(1, Translate(u"物料类别维护-明细物料"), kTitleFont);
   ledger.SetHeaderLine(2, kThirtyBlanks, kLineFont);

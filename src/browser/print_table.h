@@ -6,6 +6,7 @@
 
 #include "browser/print_ledger.h"
 #include "browser/sheet.h"
+#include "env/language.h"
 
 namespace pricedown {
 
@@ -13,6 +14,8 @@ namespace pricedown {
 // ledger begins its next cell there.
 void FillPrintTable(const Sheet& sheet, PrintTable& table);
 
+// The suite's font for titles, of which header and footer take name and character set.
+void SetPageTypeface(PrintLedger& ledger, const FontProperties& font);
 void SetPageHeader(PrintLedger& ledger, std::u16string_view subTitle);
 void SetPageFooter(PrintLedger& ledger);
 

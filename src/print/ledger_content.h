@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "print/page_font.h"
@@ -39,6 +40,7 @@ class LedgerContent {
   void SetColumnFormat(std::int32_t column, std::int32_t format);
   void SetColumnWidth(std::int32_t column, std::int32_t twips);
   void SetRow(std::int32_t row, std::u16string_view text);
+  void SetLineTypeface(LineTypeface typeface) { lineTypeface_ = std::move(typeface); }
   // Lines before it that were never set are empty. Requires: `line` is at least 1.
   void SetHeaderLine(std::int32_t line, std::u16string_view text, const LineFont& font);
   void SetFooterLine(std::int32_t line, std::u16string_view text, const LineFont& font);
@@ -47,6 +49,7 @@ class LedgerContent {
   // Valid until the next change of a row. Requires: there is such a row.
   std::u16string_view Row(std::int32_t row) const;
   const std::vector<LedgerColumn>& Columns() const { return columns_; }
+  const LineTypeface& LinesTypeface() const { return lineTypeface_; }
   const std::vector<PageLine>& Header() const { return header_; }
   const std::vector<PageLine>& Footer() const { return footer_; }
 
@@ -59,6 +62,7 @@ class LedgerContent {
   std::u16string texts_;  // of all rows, one behind the other
   std::vector<TextSpan> rows_;
   std::vector<LedgerColumn> columns_;
+  LineTypeface lineTypeface_;
   std::vector<PageLine> header_;
   std::vector<PageLine> footer_;
 };

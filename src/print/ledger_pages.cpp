@@ -46,7 +46,12 @@ void LedgerPages::ChoosePaper() {
 }
 
 std::size_t LedgerPages::FontIndex(const LineFont& font) {
-  const PageFont wanted{setup_.tableFont.name, font.size, font.bold, false, font.underlined};
+  const LineTypeface& face = content_.LinesTypeface();
+  PageFont wanted{setup_.tableFont.name, font.size, font.bold, false, font.underlined};
+  if (!face.name.empty()) {
+    wanted.name = face.name;
+    wanted.charset = face.charset;
+  }
   const auto known = std::find(fonts_.begin(), fonts_.end(), wanted);
   const auto index = static_cast<std::size_t>(known - fonts_.begin());
   if (known == fonts_.end()) fonts_.push_back(wanted);

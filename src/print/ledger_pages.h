@@ -15,7 +15,7 @@
 namespace pricedown {
 
 struct PrintSetup {
-  PageFont tableFont;            // header and footer lines take their name from it
+  PageFont tableFont;
   std::int32_t rowHeight = 285;  // twips; rows are never lower than their font
   Paper paper;
   std::u16string date;  // what "&[日期]" stands for

@@ -2,6 +2,7 @@
 // Making and drawing fonts is the device's matter.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -9,21 +10,32 @@
 
 namespace pricedown {
 
+// A font's character set that is left to its name.
+inline constexpr std::int32_t kAnyCharset = 1;
+
 struct PageFont {
   std::u16string name;
   double size = 9;  // points
   bool bold = false;
   bool italic = false;
   bool underlined = false;
+  std::int32_t charset = kAnyCharset;
   bool operator==(const PageFont&) const = default;
 };
 
-// The font of a header or footer line; its name is the table's.
+// How a header or footer line differs from the others; their font is LineTypeface.
 struct LineFont {
   double size = 9;  // points
   bool bold = false;
   bool underlined = false;
   bool operator==(const LineFont&) const = default;
+};
+
+// What the header and footer lines are set in.
+struct LineTypeface {
+  std::u16string name;  // empty: the table's font
+  std::int32_t charset = kAnyCharset;
+  bool operator==(const LineTypeface&) const = default;
 };
 
 // Measures for paper, not for a screen's pixels: screen and printer show the same pages.

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <new>
 
 #include "tests/browser/browser_fixture.h"
@@ -23,13 +24,15 @@ class PrintCommandsTest : public BrowserFixture {
         .On(u"Save", Value())
         .On(u"Dictionary", factory_.Answering(u"dictionary"));
     factory_.Object(u"dictionary").AllowPut(u"");
+    AnswerTitleFont(factory_, u"新細明體", 136);
     grid_.Prepare();
     grid_.Cells().SetMaxRows(1);
     grid_.Cells().SetText(1, 1, u"01.001");
   }
 
   static std::string Filling() {
-    return Lines(R"(
+    return ReadingTitleFont() + Lines(R"(
+        ledger lines in 新細明體 136
         ledger header 1 "物料类别维护-明细物料" 20.0 bold underlined
         ledger header 2 "                              " 9.0
         ledger header 3 "|打印日期：&[日期]" 9.0
@@ -150,8 +153,13 @@ void StopsAtEachFailure(CallLog& log, RecordingFactory& factory,
     factory.FailCall(0);
     const int calls = factory.CallCount() - before;
     if (failingCall == 0) return calls;
+    const auto& lines = log.Lines();
+    auto line = std::find_if(lines.begin(), lines.end(),
+                             [](const std::string& text) { return text.ends_with(" fails"); });
+    // Without an answer the language is the built-in one.
+    if (line->find("ZEPPropsMgr.ShareProps") != std::string::npos) return calls;
     EXPECT_EQ(calls, failingCall) << log.Text();
-    EXPECT_EQ(log.Size(), static_cast<std::size_t>(failingCall) + 1) << log.Text();
+    while (++line < lines.end() - 1) EXPECT_TRUE(line->starts_with("release ")) << log.Text();
     EXPECT_EQ(log.Lines().back(), "tell information \"岚禾提示\": \"第 " +
                                       std::to_string(before + failingCall) + " 次调用失败\"");
     return calls;
@@ -168,21 +176,22 @@ TEST_F(PrintCommandsTest, StopAPrintAtEachCallThatFails) {
 
 TEST_F(PrintCommandsTest, TellNothingOfAFontThatCannotBeAppliedOrKept) {
   const Font before = ledger_.appearance.font;
+  // The calls of the font come behind those of a preview that changes none.
+  commands_.Preview();
+  const int previewCalls = factory_.CallCount();
   ledger_.onPreview = [&] { ledger_.appearance.font = KaiTi(); };
   FailEachCallInTurn([&](int failingCall) {
     ledger_.appearance.font = before;
     log_.Clear();
-    // The calls of the font come behind those of the ledger.
-    constexpr int kLedgerCalls = 22;
     const int calls = factory_.CallCount();
-    factory_.FailCall(failingCall == 0 ? 0 : kLedgerCalls + failingCall);
+    factory_.FailCall(failingCall == 0 ? 0 : previewCalls + failingCall);
     commands_.Preview();
     factory_.FailCall(0);
     EXPECT_EQ(Told(), 0u) << log_.Text();
     EXPECT_EQ(log_.Count("ledger preview"), 1u);
     EXPECT_EQ(ledger_.appearance.font, KaiTi());
     EXPECT_EQ(factory_.LiveObjects(), 0);
-    return factory_.CallCount() - calls - kLedgerCalls;
+    return factory_.CallCount() - calls - previewCalls;
   });
 }
 

@@ -7,13 +7,18 @@
 #include "browser/print_commands.h"
 #include "tests/browser/browser_fixture.h"
 #include "tests/browser/page_keeper.h"
+#include "tests/browser/recording_ledger.h"
 
 namespace pricedown::testing {
 namespace {
 
 class PrintDocument : public BrowserFixture {
  protected:
-  PrintDocument() { grid_.Prepare(); }
+  PrintDocument() {
+    AnswerTitleFont(factory_, Reply::From([this](auto) { return titleName_; }),
+                    Reply::From([this](auto) { return titleCharset_; }));
+    grid_.Prepare();
+  }
 
   void Rows(std::int32_t count) {
     Sheet& cells = grid_.Cells();
@@ -25,6 +30,8 @@ class PrintDocument : public BrowserFixture {
     }
   }
 
+  Value titleName_ = Null{};
+  Value titleCharset_ = Null{};
   PageKeeper ledger_;
   RecordingFontView fontView_{factory_.GetRecorder()};
   DisplayFont font_{environment_, ledger_.Appearance(), grid_.Cells(), fontView_};
@@ -68,14 +75,29 @@ TEST_F(PrintDocument, PrintsInTheDisplayFont) {
   ledger_.Appearance().font = {u"楷体", 12, true, true};
   commands_.Print();
   EXPECT_EQ(ledger_.fonts[0], (PageFont{u"楷体", 12, true, true, false}));
-  EXPECT_EQ(ledger_.fonts[1], (PageFont{u"楷体", 20, true, false, true}));
-  EXPECT_EQ(ledger_.fonts[2], (PageFont{u"楷体", 9, false, false, false}));
+}
+
+TEST_F(PrintDocument, SetsHeaderAndFooterInTheSuitesTitleFont) {
+  ledger_.Appearance().font = {u"楷体", 12, true, true};
+  titleName_ = u"新細明體";
+  titleCharset_ = 136;
+  commands_.Print();
+  EXPECT_EQ(ledger_.fonts[1], (PageFont{u"新細明體", 20, true, false, true, 136}));
+  EXPECT_EQ(ledger_.fonts[2], (PageFont{u"新細明體", 9, false, false, false, 136}));
+}
+
+TEST_F(PrintDocument, SetsHeaderAndFooterInSongWhenTheSuiteGivesNoFont) {
+  ledger_.Appearance().font = {u"楷体", 12, true, true};
+  commands_.Print();
+  EXPECT_EQ(ledger_.fonts[1], (PageFont{u"宋体", 20, true, false, true}));
+  EXPECT_EQ(ledger_.fonts[2], (PageFont{u"宋体", 9, false, false, false}));
 }
 
 TEST_F(PrintDocument, TellsOfATextThatCannotBeMeasured) {
   ledger_.measurer.failingCall = 3;
   commands_.Preview();
-  EXPECT_EQ(log_.Text(), "tell information \"岚禾提示\": \"measuring failed\"\n");
+  EXPECT_EQ(log_.Text(),
+            ReadingTitleFont() + "tell information \"岚禾提示\": \"measuring failed\"\n");
 }
 
 struct SizeCase {

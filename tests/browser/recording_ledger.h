@@ -10,13 +10,15 @@
 #include "browser/print_ledger.h"
 #include "tests/browser/recording_views.h"
 #include "tests/support/recorder.h"
+#include "tests/support/recording_factory.h"
 #include "tests/support/utf8.h"
 
 namespace pricedown::testing {
 
 // Log lines: ledger clear, ledger rows 3, ledger columns 4, ledger format 1 0, ledger width 1 1800,
-// ledger row 2 "01.001|螺栓|M8||", ledger refresh, ledger header 1 "title" 20.0 bold underlined,
-// ledger footer 1 "page" 9.0, ledger preview, ledger print.
+// ledger row 2 "01.001|螺栓|M8||", ledger refresh, ledger lines in 宋体 134,
+// ledger header 1 "title" 20.0 bold underlined, ledger footer 1 "page" 9.0, ledger preview,
+// ledger print.
 class RecordingLedger : public PrintLedger, public PrintTable {
  public:
   explicit RecordingLedger(RecorderPtr recorder) : recorder_(std::move(recorder)) {}
@@ -36,6 +38,9 @@ class RecordingLedger : public PrintLedger, public PrintTable {
   }
   void Refresh() override { Call("refresh"); }
 
+  void SetLineTypeface(const LineTypeface& typeface) override {
+    Call("lines in " + Utf8(typeface.name) + " " + std::to_string(typeface.charset));
+  }
   void SetHeaderLine(std::int32_t line, std::u16string_view text, const LineFont& font) override {
     Call("header " + Line(line, text, font));
   }
@@ -66,6 +71,28 @@ class RecordingLedger : public PrintLedger, public PrintTable {
 
   RecorderPtr recorder_;
 };
+
+// The suite's font for titles, and how reading it looks in the log.
+inline void AnswerTitleFont(RecordingFactory& factory, Reply name, Reply charset) {
+  factory.Object(u"ZEPPropsMgr.ShareProps").On(u"GetProperty", u"LANGUAGE=chs");
+  factory.Object(u"ZEPFrmRes.FrmResLoader").On(u"GetQ7FontProps", factory.Answering(u"q7font"));
+  factory.Object(u"q7font")
+      .On(u"", R"("Font.Name")", std::move(name))
+      .On(u"", R"("Font.Charset")", std::move(charset));
+}
+inline std::string ReadingTitleFont() {
+  return Lines(R"(
+      create ZEPFrmRes.FrmResLoader
+      create ZEPPropsMgr.ShareProps
+      ZEPPropsMgr.ShareProps.GetProperty("PropsString", ref Empty)
+      release ZEPPropsMgr.ShareProps
+      ZEPFrmRes.FrmResLoader.GetQ7FontProps("chs")
+      q7font("Font.Name")
+      q7font("Font.Charset")
+      release q7font
+      release ZEPFrmRes.FrmResLoader
+      )");
+}
 
 // Log line: dialog 宋体 9.0 flags 515. Answers `chosen`, or fails with `error` unless that is 0.
 class RecordingFontDialog : public FontDialog {

@@ -15,7 +15,8 @@ class Printing : public Dispatch {
  protected:
   // What the ledger is given of the two items of class 01.
   static std::string Filling() {
-    return Lines(R"(
+    return ReadingTitleFont() + Lines(R"(
+        ledger lines in 宋体 134
         ledger header 1 "物料类别维护-明细物料" 20.0 bold underlined
         ledger header 2 "                              " 9.0
         ledger header 3 "|打印日期：&[日期]" 9.0
@@ -85,7 +86,7 @@ TEST_F(Printing, AnswersTheBar) {
 
 TEST_F(Printing, TellsTheUserOfAFailureAndNotTheHost) {
   Start();
-  world_.factory.FailCall(4);
+  world_.factory.FailCall(11);
   EXPECT_EQ(FailureOf([&] { Control().PrintPara(); }), "");
   const std::string text = world_.log.Text();
   EXPECT_TRUE(text.find("ledger clear fails\ntell information \"岚禾提示\": ") != std::string::npos)

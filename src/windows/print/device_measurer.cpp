@@ -29,7 +29,8 @@ FontHandle MakePageFont(const PageFont& font, double dotsPerInch) {
   description.lfWeight = font.bold ? FW_BOLD : FW_NORMAL;
   description.lfItalic = font.italic ? TRUE : FALSE;
   description.lfUnderline = font.underlined ? TRUE : FALSE;
-  description.lfCharSet = CharsetOf(font.name);
+  description.lfCharSet =
+      font.charset == kAnyCharset ? CharsetOf(font.name) : static_cast<BYTE>(font.charset);
   CopyWide(std::u16string_view(font.name).substr(0, LF_FACESIZE - 1), description.lfFaceName);
   FontHandle handle(CreateFontIndirectW(&description));
   if (!handle) ThrowLastError();
