@@ -11,7 +11,7 @@ target_compile_definitions(sqlite3 PRIVATE
   SQLITE_DEFAULT_MEMSTATUS=0
   SQLITE_OMIT_LOAD_EXTENSION)
 # Not ours: neither our warnings nor warnings as errors.
-target_compile_options(sqlite3 PRIVATE -w)
+target_compile_options(sqlite3 PRIVATE -w -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
 if(NOT WIN32)
   target_link_libraries(sqlite3 INTERFACE m pthread)
 endif()

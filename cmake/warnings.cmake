@@ -16,10 +16,14 @@ target_compile_options(project_options INTERFACE
   -Wduplicated-cond -Wlogical-op
   -Wextra-semi
   -Wredundant-decls
-  -fstack-protector-strong)
-target_compile_definitions(project_options INTERFACE _GLIBCXX_ASSERTIONS)
+  -fstack-protector-strong
+  # The same bytes wherever the sources lie.
+  -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
 
 if(WIN32)
+  # What is not reached is not shipped. The time of linking is not part of a program.
+  target_compile_options(project_options INTERFACE -ffunction-sections -fdata-sections)
+  target_link_options(project_options INTERFACE -Wl,--gc-sections -Wl,--no-insert-timestamp)
   target_compile_definitions(project_options INTERFACE
     UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX
     _WIN32_WINNT=0x0601 WINVER=0x0601 _WIN32_IE=0x0800)
@@ -31,6 +35,8 @@ if(WIN32)
     target_link_options(project_options INTERFACE -Wl,--high-entropy-va)
   endif()
 else()
+  # Not on Windows: an assertion ends the process, and that is the host's.
+  target_compile_definitions(project_options INTERFACE _GLIBCXX_ASSERTIONS)
   # Not on Windows: COM interfaces have no virtual destructor by their binary contract.
   target_compile_options(project_options INTERFACE -Wnon-virtual-dtor)
   target_link_options(project_options INTERFACE -Wl,-z,relro -Wl,-z,now)

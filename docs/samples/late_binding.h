@@ -34,7 +34,8 @@ class Variant {
   Variant() { VariantInit(&value_); }
   Variant(const Variant& other) {
     VariantInit(&value_);
-    VariantCopy(&value_, &other.value_);
+    // Older headers take what is copied without const.
+    VariantCopy(&value_, const_cast<VARIANT*>(&other.value_));
   }
   Variant& operator=(Variant other) {
     std::swap(value_, other.value_);
