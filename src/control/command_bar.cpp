@@ -63,7 +63,7 @@ std::shared_ptr<BarTool> CommandBar::Tool(std::u16string_view name) const {
 std::shared_ptr<BarTool> CommandBar::Add(BarTool::Definition definition) {
   if (auto present = Tool(definition.name)) return present;
   tools_.push_back(std::make_shared<BarTool>(std::move(definition), listeners_));
-  const std::shared_ptr<BarTool> tool = tools_.back();
+  std::shared_ptr<BarTool> tool = tools_.back();
   // What these show is visible until a host says otherwise.
   if (tool->Fixed().name == kToolStripTool || tool->Fixed().name == kStatusBarTool) {
     tool->SetChecked(true);

@@ -8,8 +8,8 @@ namespace pricedown::windows {
 namespace {
 
 constexpr int kMargin = 4;
-constexpr int kGap = 4;        // between a field and its label
-constexpr int kGroupGap = 14;  // between groups
+constexpr int kGap = 4;          // between a field and its label
+constexpr int kGroupGap = 14;    // between groups
 constexpr int kFieldEdges = 4;   // of a field, in pixels at every resolution
 constexpr int kFieldMargin = 1;  // below its text, which stands at its top
 constexpr int kLineHeight = 2;
