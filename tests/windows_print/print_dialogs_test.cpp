@@ -213,6 +213,31 @@ TEST_F(PageSetupTest, TakesThePaperItselfWhereThereIsNoPrinter) {
   EXPECT_EQ(printer_.ChosenPaper(), (Paper{1480, 2100, {100, 100, 100, 100}}));
 }
 
+TEST_F(PageSetupTest, StartsAnewWithTheDefaultWhenTheChosenPrinterHasGone) {
+  dialogs_.onPageSetup = [&](PAGESETUPDLGW& dialog, DWORD&) {
+    ChooseOther(dialog);
+    return TRUE;
+  };
+  EXPECT_TRUE(windows::AskPageSetup(nullptr, printer_));
+  ASSERT_EQ(printer_.Name(), L"Other");
+  int shown = 0;
+  dialogs_.onPageSetup = [&](PAGESETUPDLGW& dialog, DWORD& error) {
+    error = ++shown == 1 ? PDERR_PRINTERNOTFOUND : 0;
+    dialog.rtMargin = {3000, 3000, 3000, 3000};
+    return shown > 1 ? TRUE : FALSE;
+  };
+  EXPECT_TRUE(windows::AskPageSetup(nullptr, printer_));
+  EXPECT_EQ(shown, 2);
+  EXPECT_EQ(printer_.Name(), L"PDF");
+  EXPECT_EQ(printer_.ChosenPaper(), (Paper{2100, 2970, {300, 300, 300, 300}}));
+  dialogs_.onPageSetup = [&](PAGESETUPDLGW&, DWORD& error) {
+    error = PDERR_PRINTERNOTFOUND;
+    return FALSE;
+  };
+  EXPECT_EQ(FailureOf([&] { windows::AskPageSetup(nullptr, printer_); }),
+            "80004005 页面设置对话框无法打开：对话框错误 4107。");
+}
+
 TEST_F(PageSetupTest, SaysWhyItDoesNotOpen) {
   DWORD code = PDERR_NODEFAULTPRN;
   dialogs_.onPageSetup = [&](PAGESETUPDLGW&, DWORD& error) {

@@ -3,6 +3,7 @@
 #include "windows/print/page_setup_dialog.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include "windows/print/global_memory.h"
 #include "windows/print/print_failure.h"
@@ -11,6 +12,7 @@ namespace pricedown::windows {
 namespace {
 
 constexpr int kHundredths = 10;  // of a tenth
+constexpr std::u16string_view kPageSetupFails = u"页面设置对话框无法打开";
 
 RECT InHundredths(const PageBox& box) {
   return {box.left * kHundredths, box.top * kHundredths, box.right * kHundredths,
@@ -24,9 +26,8 @@ PageBox InTenths(const RECT& box) {
   return {tenths(box.left), tenths(box.top), tenths(box.right), tenths(box.bottom)};
 }
 
-}  // namespace
-
-bool AskPageSetup(HWND owner, Printer& printer) {
+// Shows the dialog once; false when nothing was chosen, with an `error` unless it was cancelled.
+bool AskOnce(HWND owner, Printer& printer, DWORD& error) {
   PAGESETUPDLGW dialog{};
   dialog.lStructSize = sizeof dialog;
   dialog.hwndOwner = owner;
@@ -37,14 +38,10 @@ bool AskPageSetup(HWND owner, Printer& printer) {
   GlobalMemory names(printer.CopyNames());
   dialog.hDevMode = mode.Get();
   dialog.hDevNames = names.Get();
-  DWORD error = 0;
   const BOOL answer = printer.GetDialogs().PageSetup(dialog, error);
   mode.Become(dialog.hDevMode);
   names.Become(dialog.hDevNames);
-  if (answer == FALSE) {
-    if (error == 0) return false;
-    ThrowDialogFailure(u"页面设置对话框无法打开", error);
-  }
+  if (answer == FALSE) return false;
   printer.Choose(mode.Get(), names.Get());
   Paper paper = printer.ChosenPaper();
   if (!printer.IsThere() && dialog.ptPaperSize.x > 0 && dialog.ptPaperSize.y > 0) {
@@ -54,6 +51,18 @@ bool AskPageSetup(HWND owner, Printer& printer) {
   paper.margins = InTenths(dialog.rtMargin);
   printer.ChoosePaper(paper);
   return true;
+}
+
+}  // namespace
+
+bool AskPageSetup(HWND owner, Printer& printer) {
+  for (bool again = false;; again = true) {
+    DWORD error = 0;
+    if (AskOnce(owner, printer, error)) return true;
+    if (error == 0) return false;
+    if (again || !IsStale(error)) ThrowDialogFailure(kPageSetupFails, error);
+    printer.Forget();
+  }
 }
 
 }  // namespace pricedown::windows

@@ -2,8 +2,6 @@
 // Copies are made by us, so that no printer has to know how.
 #include "windows/print/print_dialog.h"
 
-#include <cderr.h>
-
 #include <algorithm>
 #include <limits>
 #include <string_view>
@@ -30,17 +28,11 @@ PrintChoice ChoiceOf(const PRINTDLGW& dialog) {
   return choice;
 }
 
-// A printer that was chosen in an earlier dialog may have been removed or exchanged since.
-bool IsStale(DWORD error) {
-  return error == PDERR_PRINTERNOTFOUND || error == PDERR_DNDMMISMATCH ||
-         error == PDERR_DEFAULTDIFFERENT;
-}
-
 }  // namespace
 
 std::optional<PrintChoice> AskPrint(HWND owner, Printer& printer, std::int32_t pageCount) {
   for (bool again = false;; again = true) {
-    if (!printer.IsThere()) ThrowDialogFailure(kPrintDialogFails, PDERR_NODEFAULTPRN);
+    if (!printer.IsThere()) ThrowNoPrinter();
     PRINTDLGW dialog{};
     dialog.lStructSize = sizeof dialog;
     dialog.hwndOwner = owner;

@@ -25,11 +25,18 @@ void ThrowPrintFailure(std::u16string_view what, DWORD error) {
                         std::u16string(kSource));
 }
 
+void ThrowNoPrinter() {
+  throw AutomationError(ErrorNumber::Unspecified, std::u16string(kNoPrinter),
+                        std::u16string(kSource));
+}
+
+bool IsStale(DWORD error) {
+  return error == PDERR_PRINTERNOTFOUND || error == PDERR_DNDMMISMATCH ||
+         error == PDERR_DEFAULTDIFFERENT;
+}
+
 void ThrowDialogFailure(std::u16string_view what, DWORD error) {
-  if (error == PDERR_NODEFAULTPRN || error == PDERR_NODEVICES) {
-    throw AutomationError(ErrorNumber::Unspecified, std::u16string(kNoPrinter),
-                          std::u16string(kSource));
-  }
+  if (error == PDERR_NODEFAULTPRN || error == PDERR_NODEVICES) ThrowNoPrinter();
   throw AutomationError(
       ErrorNumber::Unspecified,
       Concatenate({what, u"：对话框错误 ", FromUtf8(std::to_string(error)), u"。"}),

@@ -15,6 +15,13 @@ inline constexpr std::u16string_view kNoPrinter = u"没有安装打印机，请�
 // GetLastError, tells.
 [[noreturn]] void ThrowPrintFailure(std::u16string_view what, DWORD error);
 
+// Throws AutomationError: there is no printer.
+[[noreturn]] void ThrowNoPrinter();
+
+// Whether a dialog's error, of CommDlgExtendedError, says that the printer chosen earlier has been
+// removed or exchanged since.
+bool IsStale(DWORD error);
+
 // Throws AutomationError for what CommDlgExtendedError answered. Requires: it is not 0.
 [[noreturn]] void ThrowDialogFailure(std::u16string_view what, DWORD error);
 
