@@ -140,6 +140,16 @@ TEST_F(PrintJobTest, NamesNoReasonWhereTheSystemKnowsNone) {
   EXPECT_EQ(FailureOf([&] { Print(); }), "80004005 打印页无法开始。");
 }
 
+TEST_F(PrintJobTest, DoesNotBeginOnAPrinterThatTellsNoResolution) {
+  for (const auto& dots : {windows::PrinterDots{0, 300, 2480, 3508, 0, 0, 2480, 3508},
+                           windows::PrinterDots{300, 0, 2480, 3508, 0, 0, 2480, 3508}}) {
+    spooler_.log.clear();
+    spooler_.dots = dots;
+    EXPECT_EQ(FailureOf([&] { Print(); }), "80004005 打印机没有给出分辨率。");
+    EXPECT_EQ(spooler_.log, "open PDF portrait\nclose\n");
+  }
+}
+
 TEST_F(PrintJobTest, IsAbortedWhenTheUserCallsItOffHalfway) {
   watcher_.lastSheet = 2;
   EXPECT_FALSE(Print());

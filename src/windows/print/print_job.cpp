@@ -86,7 +86,11 @@ bool RunPrintJob(const Printer& printer, const LedgerPages& pages, DeviceMeasure
   Spooler& spooler = printer.GetSpooler();
   const PrinterContext owner = printer.Open(pages.IsTurned());
   const HDC context = owner.Get();
-  const PageScale scale = ScaleOf(spooler.AskDots(context));
+  const PrinterDots dots = spooler.AskDots(context);
+  if (dots.perInchX <= 0 || dots.perInchY <= 0) {
+    ThrowPrintFailure(u"打印机没有给出分辨率", ERROR_SUCCESS);
+  }
+  const PageScale scale = ScaleOf(dots);
   PagePainter painter(measurer);
   Document document(spooler, context);
   if (!document.Begin()) return false;
