@@ -2,12 +2,14 @@
 // Nothing is trapped here: a failure ends the command and reaches its caller.
 #include "browser/class_commands.h"
 
+#include <optional>
 #include <string>
 
 #include "editor/member_list.h"
 #include "editor/record_copy.h"
 #include "env/system_profile.h"
 #include "env/translation.h"
+#include "env/wait_cursor.h"
 #include "platform/convert.h"
 #include "platform/skip.h"
 #include "platform/text.h"
@@ -62,6 +64,8 @@ void ClassCommands::Edit() {
 }
 
 void ClassCommands::PrepareEdit(ItemClassForm& form) {
+  std::optional<WaitCursor> wait;
+  SkipFailing([&] { wait.emplace(environment_.screen); });
   {
     const Recordset items = state_.itemRecordset;
     state_.editedRowCount = items.RecordCount();
@@ -107,13 +111,17 @@ void ClassCommands::Delete() {
 }
 
 bool ClassCommands::DeleteGuarded(std::u16string_view number) {
+  std::optional<WaitCursor> wait;
+  SkipFailing([&] { wait.emplace(environment_.screen); });
   const auto [year, period] = ReadYearAndPeriod(environment_.factory, u"IC");
   Connection connection(environment_.factory);
   if (connection.Execute(statements::ProvisionVoucher(year, period)).RecordCount() > 0) {
+    wait.reset();
     environment_.messages.Inform(Translate(u"本期跌价准备数据已经生成凭证，不得删除物料类别！"));
     return false;
   }
   if (connection.Execute(statements::ClassHistory(year, period, number)).RecordCount() > 0) {
+    wait.reset();
     environment_.messages.Inform(Translate(u"该物料类别在以前期间已有业务发生，不得删除！"));
     return false;
   }

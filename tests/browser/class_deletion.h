@@ -29,7 +29,7 @@ inline constexpr const char* kQuestion =
 
 // What happens from the answer Yes to the voucher guard.
 inline std::string ReadingThePeriod(const std::string& properties) {
-  std::string lines = "create ZEPEBSBase.SystemProfile\n";
+  std::string lines = "screen pointer 11\ncreate ZEPEBSBase.SystemProfile\n";
   for (const char* key : {"CurrentYear", "CurrentPeriod"}) {
     lines +=
         "create ZEPPropsMgr.ShareProps\n"

@@ -188,12 +188,14 @@ TEST_F(ClassEditing, GivesTheEditorTwoCopiesOfTheGridsRowsAndDropsThem) {
   EXPECT_EQ(BeforeTheWindow(),
             "result.RecordCount()\n"
             "editor form\n"
+            "screen pointer 11\n"
             "result.RecordCount()\n"
             "result.MoveFirst()\n"
             "result.Fields()\n"
             "result.Fields.Item(\"FItemClassNumber\")\n"
             "result.Fields(\"FItemClassNumber\").Value()\n" +
                 Copied("result") + "release result\n" + Copied(kCopy) +
+                "screen pointer 0\n"
                 "editor show mode 0 \"01\" 2008/3\n");
   EXPECT_EQ(log_.Lines().back(), "editor closed");
   EXPECT_FALSE(state_.itemRecordset);
@@ -286,7 +288,10 @@ TEST_F(ClassEditing, FailsOnRowsWithoutAClass) {
       NewScriptedRecordset(factory_.GetRecorder(), Rows({u"FNumber"}, {{u"01.001"}}), u"items"));
   log_.Clear();
   EXPECT_NE(ErrorOf([&] { commands_.Edit(); }), 0);
-  EXPECT_EQ(log_.Text(), "editor form\n");
+  EXPECT_EQ(log_.Text(),
+            "editor form\n"
+            "screen pointer 11\n"
+            "screen pointer 0\n");
   EXPECT_TRUE(editor_.IsClean());
   EXPECT_EQ(state_.itemRecordset.RecordCount(), 1);
 }
@@ -303,6 +308,36 @@ TEST_F(ClassEditing, ReportsWhatFailsBesideTheCopiesOfAnEdit) {
   const auto [thrown, shown] = FailEachCall([&] { commands_.Edit(); });
   EXPECT_GT(thrown, 10);
   EXPECT_GT(shown, 100);
+}
+
+TEST_F(ClassEditing, CallsNothingBehindWhatFailsBeforeTheCopies) {
+  factory_.LogRecordsetCalls();
+  std::string failed;
+  FailEachCallInTurn([&](int failingCall) {
+    SelectClass();
+    const int before = factory_.CallCount();
+    factory_.FailCall(failingCall);
+    const std::int32_t error = ErrorOf([&] { commands_.Edit(); });
+    const int calls = factory_.CallCount() - before;
+    factory_.FailCall(0);
+    const std::string log = log_.Text();
+    if (error == 0 || log.find("put result.Filter") != std::string::npos) return calls;
+    const std::size_t end = log.find(" fails\n");
+    const std::size_t start = log.rfind('\n', end) + 1;
+    failed += log.substr(start, end - start) + "\n";
+    const std::string behind = log.substr(end + 7);
+    EXPECT_TRUE(behind.empty() || behind == "screen pointer 0\n") << log;
+    return calls;
+  });
+  EXPECT_EQ(failed, Lines(R"(
+      result.RecordCount()
+      editor form
+      result.RecordCount()
+      result.MoveFirst()
+      result.Fields()
+      result.Fields.Item("FItemClassNumber")
+      result.Fields("FItemClassNumber").Value()
+      )"));
 }
 
 TEST_F(ClassEditing, KeepsTheGridsClassWhenTheEditorCannotBeHad) {
