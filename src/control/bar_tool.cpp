@@ -29,6 +29,13 @@ Value ClickTool(BarTool& tool, Access, std::span<Value>) {
 
 }  // namespace
 
+void BarTool::FillTexts(const Definition& definition) {
+  for (const auto part : {&Definition::caption, &Definition::description, &Definition::category}) {
+    if (!(definition_.*part).empty()) return;
+  }
+  definition_ = {definition_.name, definition.caption, definition.description, definition.category};
+}
+
 void BarTool::Change(bool& state, bool value) {
   if (state == value) return;
   state = value;

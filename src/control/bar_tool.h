@@ -31,6 +31,8 @@ class BarTool : public LocalObject<BarTool> {
       : definition_(std::move(definition)), listeners_(std::move(listeners)) {}
 
   const Definition& Fixed() const { return definition_; }
+  // Gives texts to a tool without any; a tool that has one keeps what it has.
+  void FillTexts(const Definition& definition);
   bool Enabled() const { return enabled_; }
   bool Checked() const { return checked_; }
   bool Visible() const { return visible_; }

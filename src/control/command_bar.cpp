@@ -61,7 +61,11 @@ std::shared_ptr<BarTool> CommandBar::Tool(std::u16string_view name) const {
 }
 
 std::shared_ptr<BarTool> CommandBar::Add(BarTool::Definition definition) {
-  if (auto present = Tool(definition.name)) return present;
+  if (auto present = Tool(definition.name)) {
+    // A click on a host's own tool may have come before the tool's texts.
+    present->FillTexts(definition);
+    return present;
+  }
   tools_.push_back(std::make_shared<BarTool>(std::move(definition), listeners_));
   std::shared_ptr<BarTool> tool = tools_.back();
   // What these show is visible until a host says otherwise.

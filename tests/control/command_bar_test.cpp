@@ -106,6 +106,17 @@ TEST_F(CommandBarTest, RefusesWhatIsNotThere) {
   EXPECT_THROW(bar_->Get(u"Menus"), AutomationError);
 }
 
+TEST_F(CommandBarTest, GivesTextsOnlyToAToolThatHasNone) {
+  bar_->Add({u"iToolBar", u"", u"", u""})->SetChecked(false);
+  const ObjectPtr tool = Of(Tools(), u"Add", {u"iToolBar", u"工具条", u"查看"});
+  EXPECT_EQ(Described(tool), R"("iToolBar" "工具条" "" "查看" )");
+  EXPECT_EQ(TextOf(tool, u"Checked"), "False");
+  Of(Tools(), u"Add", {u"iToolBar", u"别名", u"文件"});
+  EXPECT_EQ(Described(tool), R"("iToolBar" "工具条" "" "查看" )");
+  Of(Tools(), u"Add", {u"iInsert", u"别名", u"文件"});
+  EXPECT_EQ(Described(Of(Tools(), u"Item", {u"iInsert"})), R"("iInsert" "新增" "" "" )");
+}
+
 TEST_F(CommandBarTest, TakesToolsOfTheHostWithoutChangingItsBand) {
   const ObjectPtr added = Of(Tools(), u"Add", {u"iToolBar", u"工具栏", u"查看"});
   EXPECT_EQ(Described(added), R"("iToolBar" "工具栏" "" "查看" )");
