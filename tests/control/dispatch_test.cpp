@@ -205,6 +205,20 @@ TEST_F(Dispatch, InvertsTheHostsOwnToolBeforeItLaysOut) {
       )"));
 }
 
+TEST_F(Dispatch, OnlyFollowsTheHostsToolOfTheStatusBar) {
+  Start();
+  for (const bool checked : {false, true}) {
+    world_.log.Clear();
+    Control().ParentWindow_ToolBarClick(world_.NewTool(u"mnuViewStatusBar", checked));
+    EXPECT_EQ(world_.log.Text(), Lines(R"(
+        tool.Name()
+        tool.Checked()
+        view place
+        release tool
+        )"));
+  }
+}
+
 // With a tool that keeps what is put into it.
 TEST_F(Dispatch, TogglesTheToolStripBackAndForth) {
   Start();
