@@ -27,6 +27,24 @@ using pricedown::ObjectPtr;
 using pricedown::testing::Utf8;
 using pricedown::windows::FromWide;
 
+void RunMessages() {
+  MSG message{};
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+}
+
+// On the toolbar: the user closes the child as soon as its tools are merged.
+LRESULT CALLBACK CloseChildAtMerge(HWND toolbar, UINT message, WPARAM wParam, LPARAM lParam,
+                                   UINT_PTR id, DWORD_PTR client) {
+  if (message == TB_ADDBUTTONSW) {
+    RemoveWindowSubclass(toolbar, CloseChildAtMerge, id);
+    PostMessageW(GetWindow(reinterpret_cast<HWND>(client), GW_CHILD), WM_CLOSE, 0, 0);
+  }
+  return DefSubclassProc(toolbar, message, wParam, lParam);
+}
+
 class FrameWindowTest : public ::testing::Test {
  protected:
   static void SetUpTestSuite() {
@@ -53,6 +71,15 @@ class FrameWindowTest : public ::testing::Test {
     return FindWindowExW(frame_.Handle(), nullptr, TOOLBARCLASSNAMEW, nullptr);
   }
   int Buttons() const { return static_cast<int>(SendMessageW(Toolbar(), TB_BUTTONCOUNT, 0, 0)); }
+  // With the mouse, index from 0.
+  void Press(int index) const {
+    RECT area{};
+    SendMessageW(Toolbar(), TB_GETITEMRECT, static_cast<WPARAM>(index),
+                 reinterpret_cast<LPARAM>(&area));
+    const LPARAM place = MAKELPARAM((area.left + area.right) / 2, (area.top + area.bottom) / 2);
+    SendMessageW(Toolbar(), WM_LBUTTONDOWN, MK_LBUTTON, place);
+    SendMessageW(Toolbar(), WM_LBUTTONUP, 0, place);
+  }
   bool Has(int index, int state) const {
     return (SendMessageW(Toolbar(), TB_GETSTATE, static_cast<WPARAM>(IDM_FIRST_TOOL + index), 0) &
             state) != 0;
@@ -87,6 +114,7 @@ class FrameWindowTest : public ::testing::Test {
   static constexpr int kInsert = 0;
   static constexpr int kStrip = 6;
   static constexpr int kStatus = 7;
+  static constexpr int kExit = 8;
   static constexpr int kAll = 9;
 
   static inline std::unique_ptr<testing::TemporaryFolder> folder_;
@@ -175,6 +203,37 @@ TEST_F(FrameWindowTest, ClosesTheChildOnItsExitTool) {
   frame_.ClickTool(*child, u"iExit");
   EXPECT_FALSE(IsWindow(window));
   EXPECT_EQ(Buttons(), 0);
+}
+
+TEST_F(FrameWindowTest, TakesTheButtonsAwayOnlyWhenTheToolbarIsDoneWithTheClick) {
+  const ChildWindow* child = frame_.OpenChild(kItemClassesCaption);
+  ASSERT_NE(child, nullptr);
+  const HWND window = child->Handle();
+  RunMessages();
+  Press(kExit);
+  EXPECT_TRUE(IsWindow(window));
+  EXPECT_EQ(Buttons(), kAll);
+  RunMessages();
+  EXPECT_FALSE(IsWindow(window));
+  EXPECT_EQ(Buttons(), 0);
+}
+
+TEST_F(FrameWindowTest, RunsAToolOnceForAMouseClick) {
+  ASSERT_NE(frame_.OpenChild(kItemClassesCaption), nullptr);
+  Press(kStatus);
+  RunMessages();
+  EXPECT_FALSE(Has(kStatus, TBSTATE_CHECKED));
+}
+
+TEST_F(FrameWindowTest, HasNoChildThatIsClosedWhileItIsShown) {
+  const HWND client = FindWindowExW(frame_.Handle(), nullptr, L"MDICLIENT", nullptr);
+  ASSERT_TRUE(
+      SetWindowSubclass(Toolbar(), CloseChildAtMerge, 1, reinterpret_cast<DWORD_PTR>(client)));
+  EXPECT_EQ(frame_.OpenChild(kItemClassesCaption), nullptr);
+  EXPECT_EQ(frame_.ActiveChild(), nullptr);
+  EXPECT_EQ(Buttons(), 0);
+  EXPECT_NE(frame_.OpenChild(kItemClassesCaption), nullptr);
+  EXPECT_EQ(Buttons(), kAll);
 }
 
 }  // namespace

@@ -70,7 +70,7 @@ ChildWindow* ChildWindow::Open(FrameWindow& frame, HINSTANCE module, HWND client
     SendMessageW(client, WM_MDIDESTROY, reinterpret_cast<WPARAM>(window), 0);
     throw;
   }
-  return child;
+  return IsWindow(window) != FALSE ? child : nullptr;
 }
 
 ChildWindow::~ChildWindow() {
@@ -88,9 +88,13 @@ void ChildWindow::CreateControl() {
 
 void ChildWindow::ShowControl() {
   parent_ = std::make_shared<ParentWindow>(*this);
-  control_->Put(u"ShowMode", std::int16_t{0});
   Value parent{ObjectPtr(parent_)};
-  control_->Call(u"Show", {Value::ByReference(parent)});
+  const ObjectPtr control = control_;
+  const HWND window = window_;
+  control->Put(u"ShowMode", std::int16_t{0});
+  control->Call(u"Show", {Value::ByReference(parent)});
+  // Showing runs pending messages, and one of them may have closed this window.
+  if (IsWindow(window) == FALSE) return;
   shown_ = true;
   Notify(u"FirstShow");
 }

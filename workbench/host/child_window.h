@@ -19,7 +19,8 @@ class FrameWindow;
 class ChildWindow {
  public:
   // Makes the window inside `client` (an MDI client) with the control in it, and shows both.
-  // Throws AutomationError when the control cannot be made; then there is no window.
+  // Throws AutomationError when the control cannot be made; then there is no window. Null when the
+  // user closed the window while it was being shown.
   static ChildWindow* Open(FrameWindow& frame, HINSTANCE module, HWND client,
                            const std::wstring& caption);
 

@@ -93,7 +93,7 @@ ChildWindow* FrameWindow::OpenChild(const wchar_t* caption) {
   }
   try {
     ChildWindow* child = ChildWindow::Open(*this, module_, client_, caption);
-    if (GetWindow(child->Handle(), GW_HWNDNEXT) == nullptr) {
+    if (child != nullptr && GetWindow(child->Handle(), GW_HWNDNEXT) == nullptr) {
       SendMessageW(client_, WM_MDIMAXIMIZE, reinterpret_cast<WPARAM>(child->Handle()), 0);
     }
     return child;
@@ -212,6 +212,11 @@ void FrameWindow::LayOut() {
 }
 
 void FrameWindow::OnCommand(int id, WPARAM wParam, LPARAM lParam) {
+  if (lParam != 0 && reinterpret_cast<HWND>(lParam) == toolbar_->Handle()) {
+    // The toolbar is not done with the click, and the command may take its buttons away.
+    PostMessageW(window_, WM_COMMAND, MAKEWPARAM(id, 0), 0);
+    return;
+  }
   switch (id) {
     case IDM_FILE_OPEN:
       return ChooseCompany();

@@ -34,7 +34,8 @@ class FrameWindow {
   // Opens a company file or connection string and closes the children of the one before. Throws
   // AutomationError.
   void OpenCompany(const std::wstring& location);
-  // Opens a child window, or brings it to the front. Null, and a message, when that fails.
+  // Opens a child window, or brings it to the front. Null when that fails, after a message, or
+  // when the user has closed it meanwhile.
   ChildWindow* OpenChild(const wchar_t* caption);
   ChildWindow* ActiveChild() const;
   void CloseChildren();
