@@ -132,6 +132,12 @@ std::span<const Member<ScriptServices>> ScriptServices::Members() {
                          return Value();
                        },
                        2, 2},
+      Member<Services>{u"PressKey", MemberKind::Method,
+                       [](Services& services, Access, Arguments arguments) {
+                         services.User().PressKey(ToInt32(arguments[0]), ToInt32(arguments[1]));
+                         return Value();
+                       },
+                       2, 2},
       Member<Services>{u"PressTool", MemberKind::Method,
                        [](Services& services, Access, Arguments arguments) {
                          services.User().PressTool(ToInt32(arguments[0]), ToInt32(arguments[1]));

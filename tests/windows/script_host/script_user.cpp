@@ -90,6 +90,14 @@ void ScriptUser::Type(int id, std::u16string_view text) {
   for (const char16_t unit : text) SendMessageW(field, WM_CHAR, unit, 1);
 }
 
+void ScriptUser::PressKey(int id, int key) {
+  const HWND window = GetDlgItem(GetActiveWindow(), id);
+  if (window == nullptr) return;
+  SetFocus(window);
+  PostMessageW(window, WM_KEYDOWN, static_cast<WPARAM>(key), 1);
+  PostMessageW(window, WM_KEYUP, static_cast<WPARAM>(key), static_cast<LPARAM>(0xC0000001));
+}
+
 void ScriptUser::PressTool(int toolBar, int position) {
   const HWND bar = GetDlgItem(GetActiveWindow(), toolBar);
   if (bar == nullptr) return;

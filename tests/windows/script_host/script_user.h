@@ -23,11 +23,13 @@ class ScriptUser {
   void Play(ObjectPtr player);
 
   // In the active window: its class and title, the text of a control by id (0: the title), typing
-  // a text in its place, pressing a tool by its position from 1, pressing a button by id, and
-  // closing by the frame. Texts are empty and nothing happens where there is no such control.
+  // a text in its place, pressing a key in a control, a tool by its position from 1 or a button by
+  // id, and closing by the frame. Texts are empty and nothing happens where there is no such
+  // control.
   std::u16string WindowClass() const;
   std::u16string Text(int id) const;
   void Type(int id, std::u16string_view text);
+  void PressKey(int id, int key);
   void PressTool(int toolBar, int position);
   void PressButton(int id);
   void CloseWindow();

@@ -10,20 +10,23 @@ Const kReserve = 324
 Const kPercentage = 325
 Const kAddTool = 1
 Const kSaveTool = 2
+Const kMembers = 340
 Const kAddItemTool = 4
+Const kDelItemTool = 5
 Const kExitTool = 7
 Const kYes = 6
 Const kNo = 7
 Const kOk = 1
 Const kOkOfWindows = 2
 Const kBoxText = 65535
+Const kDown = 40
 
 Class ParentOfTheHost
   Public Sub MergeToolBar(commandBar)
   End Sub
 End Class
 
-Dim suite, control, parent, stage, seen, asked, free
+Dim suite, control, parent, stage, seen, asked, free, second, third, number, name
 Set suite = CreateObject("ZEPWorkbench.Settings")
 suite.ItemClassType = "1"
 suite.VoucherPresent = False
@@ -36,8 +39,13 @@ Function Rows(condition)
   Rows = CLng(suite.Query("select count(*) from icPriceDownClass where " & condition))
 End Function
 
-' An item of no class and without history.
-free = suite.Query("select min(FItemID) from t_ICItem where FErpClsID=1 and FItemID not in (select FItemID from icPriceDownClass) and FItemID not in (select FItemID from ICPriceDownPrepare)")
+' The first item behind that one that is of no class and without history.
+Function FreeItem(before)
+  FreeItem = suite.Query("select min(FItemID) from t_ICItem where FItemID>" & before & " and FErpClsID=1 and FItemID not in (select FItemID from icPriceDownClass) and FItemID not in (select FItemID from ICPriceDownPrepare)")
+End Function
+free = FreeItem(0)
+second = FreeItem(free)
+third = FreeItem(second)
 
 ' Nothing typed: closing asks nothing.
 Class CloseAtOnce
@@ -53,14 +61,14 @@ Play New CloseAtOnce
 control.addRecord
 CheckEqual "addRecord shows the form until it is closed", stage, 1
 
-' A class with one item is typed, saved and left.
+' A class with three items is typed, saved and left.
 Class AddClass
   Public Sub Step
     Select Case stage
       Case 0
-        suite.QueueItems CStr(free)
-        TypeInto kNumber, "S Y1'"
-        TypeInto kName, "脚本类别"
+        suite.QueueItems free & "," & second & "," & third
+        TypeInto kNumber, number
+        TypeInto kName, name
         TypeInto kLoss, "6701"
         TypeInto kReserve, "1471"
         TypeInto kPercentage, "12.5"
@@ -78,13 +86,19 @@ Class AddClass
     stage = stage + 1
   End Sub
 End Class
-stage = 0
-seen = "?"
-Play New AddClass
-control.addRecord
+Sub AddThroughTheForm(numberTyped, nameTyped)
+  number = numberTyped
+  name = nameTyped
+  stage = 0
+  seen = "?"
+  asked = "?"
+  Play New AddClass
+  control.addRecord
+End Sub
+AddThroughTheForm "S Y1'", "脚本类别"
 CheckEqual "the form is empty again after the save", seen, ""
 CheckEqual "leaving it asks, because the saved list was emptied", asked, "当前记录已经改变，是否保存?"
-CheckEqual "the class is stored with its one item", Rows("FItemClassNumber='SY1' and FItemClassName='脚本类别' and FPencentPrepare=12.5"), CLng(1)
+CheckEqual "the class is stored with its three items", Rows("FItemClassNumber='SY1' and FItemClassName='脚本类别' and FPencentPrepare=12.5"), CLng(3)
 
 ' Nothing is selected: the commands ask for a class.
 Class ReadMessage
@@ -138,7 +152,30 @@ Play New RenameClass
 control.editRecord
 CheckEqual "the form shows the selected class", seen, "SY1 12.5"
 CheckEqual "nothing of the old number is left", Rows("FItemClassNumber='SY1'"), CLng(0)
-CheckEqual "the class is stored under its new number", Rows("FItemClassNumber='SY2' and FItemClassName='改名'"), CLng(1)
+CheckEqual "the class is stored under its new number", Rows("FItemClassNumber='SY2' and FItemClassName='改名'"), CLng(3)
+
+' The second of its items is taken out.
+Class RemoveItem
+  Public Sub Step
+    Select Case stage
+      Case 0
+        PressKey kMembers, kDown
+      Case 2
+        PressTool kToolBar, kDelItemTool
+      Case 4
+        PressTool kToolBar, kSaveTool
+      Case 6
+        PressTool kToolBar, kExitTool
+    End Select
+    stage = stage + 1
+  End Sub
+End Class
+SelectClass "SY2"
+stage = 0
+Play New RemoveItem
+control.editRecord
+CheckEqual "two of the three items are left", Rows("FItemClassNumber='SY2'"), CLng(2)
+CheckEqual "they are those that were not selected", Rows("FItemClassNumber='SY2' and FItemID in (" & free & "," & third & ")"), CLng(2)
 
 ' Deleting: what is asked and told, in order; Answer is pressed where there is a choice.
 Dim answer
@@ -162,20 +199,32 @@ End Function
 Const kQuestion = "确定要删除当前记录? 当前的物料类别代码为:SY2  物料类别名称为:改名|"
 
 CheckEqual "No asks and says nothing else", Delete(kNo), kQuestion
-CheckEqual "No deletes nothing", Rows("FItemClassNumber='SY2'"), CLng(1)
+CheckEqual "No deletes nothing", Rows("FItemClassNumber='SY2'"), CLng(2)
 suite.VoucherPresent = True
 CheckEqual "a voucher of the period refuses", Delete(kYes), kQuestion & "本期跌价准备数据已经生成凭证，不得删除物料类别！|"
-CheckEqual "the class with a voucher is still there", Rows("FItemClassNumber='SY2'"), CLng(1)
+CheckEqual "the class with a voucher is still there", Rows("FItemClassNumber='SY2'"), CLng(2)
 suite.VoucherPresent = False
 suite.Query "INSERT INTO ICPriceDownPrepare(FItemID,FYear,FPeriod,FHaveAdd,FCurrentAdd)VALUES(" & free & ",1999,1,0,5)"
 CheckEqual "amounts of an earlier year refuse", Delete(kYes), kQuestion & "该物料类别在以前期间已有业务发生，不得删除！|"
-CheckEqual "the refused class is still there", Rows("FItemClassNumber='SY2'"), CLng(1)
+CheckEqual "the refused class is still there", Rows("FItemClassNumber='SY2'"), CLng(2)
 suite.Query "update ICPriceDownPrepare set FYear=" & suite.CurrentYear & ", FPeriod=" & (suite.CurrentPeriod - 1) & " where FItemID=" & free
 CheckEqual "amounts of an earlier period of the year refuse", Delete(kYes), kQuestion & "该物料类别在以前期间已有业务发生，不得删除！|"
+CheckEqual "that class is still there too", Rows("FItemClassNumber='SY2'"), CLng(2)
+
+Function Provisions
+  Provisions = CLng(suite.Query("select count(*) from ICPriceDownPrepare where FItemID=" & free))
+End Function
 suite.Query "update ICPriceDownPrepare set FCurrentAdd=0 where FItemID=" & free
-suite.Query "INSERT INTO ICPriceDownPrepare(FItemID,FYear,FPeriod,FHaveAdd,FCurrentAdd)VALUES(" & free & "," & suite.CurrentYear & "," & suite.CurrentPeriod & ",0,7)"
-CheckEqual "zero amounts, and those of the current period, do not refuse", Delete(kYes), kQuestion
+CheckEqual "zero amounts of an earlier period do not refuse", Delete(kYes), kQuestion
 CheckEqual "the class is deleted", Rows("FItemClassNumber='SY2'"), CLng(0)
-CheckEqual "of its provisions only the current period's are", CLng(suite.Query("select count(*) from ICPriceDownPrepare where FItemID=" & free)), CLng(1)
+CheckEqual "provisions of earlier periods stay", Provisions, CLng(1)
+
+AddThroughTheForm "SY2", "改名"
+CheckEqual "the deleted class can be typed anew", Rows("FItemClassNumber='SY2' and FItemClassName='改名'"), CLng(3)
+suite.Query "delete from ICPriceDownPrepare where FItemID=" & free
+suite.Query "INSERT INTO ICPriceDownPrepare(FItemID,FYear,FPeriod,FHaveAdd,FCurrentAdd)VALUES(" & free & "," & suite.CurrentYear & "," & suite.CurrentPeriod & ",0,7)"
+CheckEqual "amounts of the current period do not refuse", Delete(kYes), kQuestion
+CheckEqual "the class is deleted again", Rows("FItemClassNumber='SY2'"), CLng(0)
+CheckEqual "the current period's provisions go with it", Provisions, CLng(0)
 
 CloseWindows
