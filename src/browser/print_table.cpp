@@ -52,7 +52,12 @@ void FillPrintTable(const Sheet& sheet, PrintTable& table) {
 }
 
 void SetPageTypeface(PrintLedger& ledger, const FontProperties& font) {
-  ledger.SetLineTypeface({font.name.empty() ? std::u16string(u"宋体") : font.name, font.charset});
+  // A character set belongs to the font that it came with.
+  if (font.name.empty()) {
+    ledger.SetLineTypeface({u"宋体", kAnyCharset});
+  } else {
+    ledger.SetLineTypeface({font.name, font.charset});
+  }
 }
 
 void SetPageHeader(PrintLedger& ledger, std::u16string_view subTitle) {

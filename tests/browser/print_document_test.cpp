@@ -93,6 +93,13 @@ TEST_F(PrintDocument, SetsHeaderAndFooterInSongWhenTheSuiteGivesNoFont) {
   EXPECT_EQ(ledger_.fonts[2], (PageFont{u"宋体", 9, false, false, false}));
 }
 
+TEST_F(PrintDocument, TakesNoCharacterSetWithoutItsFont) {
+  titleName_ = u"";
+  titleCharset_ = 136;
+  commands_.Print();
+  EXPECT_EQ(ledger_.fonts[1], (PageFont{u"宋体", 20, true, false, true, kAnyCharset}));
+}
+
 TEST_F(PrintDocument, TellsOfATextThatCannotBeMeasured) {
   ledger_.measurer.failingCall = 3;
   commands_.Preview();
