@@ -38,7 +38,8 @@ class LedgerPrinting : public ::testing::Test {
     EXPECT_TRUE(dialogs_.AllFreed());
   }
   bool Print() {
-    return windows::PrintLedgerDocument(GetModuleHandleW(nullptr), nullptr, document_, printer_);
+    return windows::PrintLedgerDocument(GetModuleHandleW(nullptr), nullptr, document_, printer_,
+                                        ended_);
   }
   std::size_t Count(const std::string& line) const {
     std::size_t count = 0;
@@ -53,6 +54,7 @@ class LedgerPrinting : public ::testing::Test {
   FakeSpooler spooler_;
   FakeDialogs dialogs_;
   windows::Printer printer_{spooler_, dialogs_};
+  bool ended_ = false;
 };
 
 TEST_F(LedgerPrinting, PrintsAllPagesOnTheDefaultPrinter) {
@@ -71,6 +73,16 @@ TEST_F(LedgerPrinting, PrintsAndSaysNothingWhenTheDialogIsCancelled) {
   dialogs_.onPrint = [](PRINTDLGW&, DWORD&) { return FALSE; };
   EXPECT_FALSE(Print());
   EXPECT_EQ(Count("open"), 0u);
+}
+
+TEST_F(LedgerPrinting, PrintsNothingWhenItsControlEndsBelowTheDialog) {
+  dialogs_.onPrint = [&](PRINTDLGW&, DWORD&) {
+    ended_ = true;
+    return TRUE;
+  };
+  EXPECT_FALSE(Print());
+  EXPECT_EQ(dialogs_.shown, 1);
+  EXPECT_EQ(Count("open"), 0u) << spooler_.log;
 }
 
 TEST_F(LedgerPrinting, SaysThatThereIsNoPrinter) {

@@ -16,7 +16,9 @@ void WindowsLedger::Print() { Print(window_.DialogOwner()); }
 
 std::u16string WindowsLedger::Date() { return TodayText(); }
 
-void WindowsLedger::Print(HWND owner) { PrintLedgerDocument(module_, owner, *this, printer_); }
+void WindowsLedger::Print(HWND owner) {
+  PrintLedgerDocument(module_, owner, *this, printer_, ended_);
+}
 
 void WindowsLedger::SetUpPage(HWND owner) { AskPageSetup(owner, printer_); }
 

@@ -27,7 +27,11 @@ class WindowsLedger final : public LedgerDocument, private PreviewPrinting {
   void Print() override;
 
   // Closes the preview, as when the control ends below it. Harmless when nothing is shown.
-  void Close() noexcept { preview_.Close(); }
+  // A print dialog that is still open prints nothing any more.
+  void Close() noexcept {
+    ended_ = true;
+    preview_.Close();
+  }
 
  private:
   // PreviewPrinting
@@ -38,6 +42,7 @@ class WindowsLedger final : public LedgerDocument, private PreviewPrinting {
 
   HINSTANCE module_;
   const CommandWindow& window_;
+  bool ended_ = false;
   Spooler spooler_;
   PrintDialogs dialogs_;
   Printer printer_{spooler_, dialogs_};
