@@ -2,11 +2,14 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <limits>
 #include <vector>
 
+#include <limits>
 #include "tests/support/case_name.h"
 #include "tests/support/failure.h"
 #include "tests/windows_print/fake_printer.h"
+
 #include "windows/print/global_memory.h"
 #include "windows/print/printer.h"
 
@@ -16,6 +19,8 @@ namespace {
 using windows::PaperOf;
 using windows::Printer;
 using windows::PrinterDots;
+
+constexpr int kLargest = std::numeric_limits<int>::max();
 
 struct PaperCase {
   const char* name;
@@ -47,6 +52,9 @@ INSTANTIATE_TEST_SUITE_P(
         PaperCase{"MorePrintableThanPaper",
                   {254, 254, 1000, 1000, 0, 0, 1100, 1100},
                   {1000, 1000, {0, 0, 0, 0}}},
+        PaperCase{"AbsurdlyLarge",
+                  {1, 1, kLargest, kLargest, kLargest, 0, -kLargest, kLargest},
+                  {100'000, 100'000, {100'000, 0, 100'000, 0}}},
         PaperCase{"NoResolution", {0, 0, 2480, 3508, 9, 9, 1, 1}, {2100, 2970, {0, 0, 0, 0}}},
         PaperCase{"NoPaper", {96, 96, 0, 0, 0, 0, 1280, 800}, {2100, 2970, {0, 0, 0, 0}}}),
     [](const ::testing::TestParamInfo<PaperCase>& tested) {

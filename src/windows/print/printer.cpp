@@ -19,16 +19,20 @@ namespace {
 
 constexpr int kTenthsPerInch = 254;
 constexpr Tenths kUsualMargin = 200;
+// Ten metres: more is a driver's mistake, and would be too much to count with.
+constexpr std::int64_t kMostTenths = 100'000;
 // Of the shorter side at most, so that a label has more than margins.
 constexpr Tenths kMarginShare = 6;
 
 Tenths Nearest(int dots, int perInch) {
-  return static_cast<Tenths>((std::int64_t{dots} * kTenthsPerInch + perInch / 2) / perInch);
+  const std::int64_t tenths = (std::int64_t{dots} * kTenthsPerInch + perInch / 2) / perInch;
+  return static_cast<Tenths>(std::min(tenths, kMostTenths));
 }
 
-Tenths RoundedUp(int dots, int perInch) {
+Tenths RoundedUp(std::int64_t dots, int perInch) {
   if (dots <= 0) return 0;
-  return static_cast<Tenths>((std::int64_t{dots} * kTenthsPerInch + perInch - 1) / perInch);
+  const std::int64_t tenths = (dots * kTenthsPerInch + perInch - 1) / perInch;
+  return static_cast<Tenths>(std::min(tenths, kMostTenths));
 }
 
 PageBox Larger(const PageBox& one, const PageBox& other) {
@@ -61,9 +65,12 @@ Paper PaperOf(const PrinterDots& dots) {
   if (x <= 0 || y <= 0 || dots.paperWidth <= 0 || dots.paperHeight <= 0) return paper;
   paper.width = Nearest(dots.paperWidth, x);
   paper.height = Nearest(dots.paperHeight, y);
+  const auto rest = [](int whole, int before, int inside) {
+    return std::int64_t{whole} - before - inside;
+  };
   paper.margins = {RoundedUp(dots.offsetX, x), RoundedUp(dots.offsetY, y),
-                   RoundedUp(dots.paperWidth - dots.offsetX - dots.printableWidth, x),
-                   RoundedUp(dots.paperHeight - dots.offsetY - dots.printableHeight, y)};
+                   RoundedUp(rest(dots.paperWidth, dots.offsetX, dots.printableWidth), x),
+                   RoundedUp(rest(dots.paperHeight, dots.offsetY, dots.printableHeight), y)};
   return paper;
 }
 
