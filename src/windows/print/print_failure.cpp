@@ -4,6 +4,7 @@
 
 #include <cderr.h>
 
+#include "env/translation.h"
 #include "platform/error.h"
 #include "platform/text.h"
 #include "windows/com/failure.h"
@@ -17,17 +18,16 @@ constexpr std::u16string_view kSource = u"ldgPara";
 
 void ThrowPrintFailure(std::u16string_view what, DWORD error) {
   if (error == ERROR_SUCCESS) {
-    throw AutomationError(ErrorNumber::Unspecified, Concatenate({what, u"。"}),
+    throw AutomationError(ErrorNumber::Unspecified, Concatenate({Translate(what), u"。"}),
                           std::u16string(kSource));
   }
   const HRESULT code = HRESULT_FROM_WIN32(error);
-  throw AutomationError(code, Concatenate({what, u"：", SystemText(code)}),
+  throw AutomationError(code, Concatenate({Translate(what), u"：", SystemText(code)}),
                         std::u16string(kSource));
 }
 
 void ThrowNoPrinter() {
-  throw AutomationError(ErrorNumber::Unspecified, std::u16string(kNoPrinter),
-                        std::u16string(kSource));
+  throw AutomationError(ErrorNumber::Unspecified, Translate(kNoPrinter), std::u16string(kSource));
 }
 
 bool IsStale(DWORD error) {
@@ -37,10 +37,10 @@ bool IsStale(DWORD error) {
 
 void ThrowDialogFailure(std::u16string_view what, DWORD error) {
   if (error == PDERR_NODEFAULTPRN || error == PDERR_NODEVICES) ThrowNoPrinter();
-  throw AutomationError(
-      ErrorNumber::Unspecified,
-      Concatenate({what, u"：对话框错误 ", FromUtf8(std::to_string(error)), u"。"}),
-      std::u16string(kSource));
+  throw AutomationError(ErrorNumber::Unspecified,
+                        Concatenate({Translate(what), Translate(u"：对话框错误 "),
+                                     FromUtf8(std::to_string(error)), u"。"}),
+                        std::u16string(kSource));
 }
 
 }  // namespace pricedown::windows

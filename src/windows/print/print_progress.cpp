@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <string>
 
+#include "env/translation.h"
 #include "platform/text.h"
 #include "windows/com/failure.h"
 #include "windows/com/wide_text.h"
@@ -50,7 +51,8 @@ bool PrintProgress::Continue(std::int64_t sheet, std::int64_t count) {
   }
   if (Handle() != nullptr) {
     GiveText(text_.Handle(),
-             Concatenate({u"正在打印第 ", Number(sheet), u" 页，共 ", Number(count), u" 页…"}));
+             Concatenate({Translate(u"正在打印第 "), Number(sheet), Translate(u" 页，共 "),
+                          Number(count), Translate(u" 页…")}));
     SendMessageW(bar_.Handle(), PBM_SETPOS, static_cast<WPARAM>((sheet - 1) * kBarUnits / count),
                  0);
     UpdateWindow(Handle());
@@ -64,7 +66,8 @@ void PrintProgress::Show() {
   const VisualStyles::Scope styles(styles_);
   Creation creation;
   creation.className = L"PriceDown.PrintProgress";
-  creation.text = L"打印";
+  const std::wstring title = ToWide(Translate(u"打印"));
+  creation.text = title.c_str();
   creation.style = kStyle;
   creation.extendedStyle = kExtendedStyle;
   creation.parent = owner_;
@@ -73,7 +76,7 @@ void PrintProgress::Show() {
   text_.Create(Handle(), module_, L"STATIC", kPrintProgressText, WS_VISIBLE | SS_NOPREFIX);
   bar_.Create(Handle(), module_, PROGRESS_CLASSW, kPrintProgressBar, WS_VISIBLE);
   button_.Create(Handle(), module_, L"BUTTON", IDCANCEL, WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON,
-                 u"取消");
+                 Translate(u"取消"));
   SendMessageW(bar_.Handle(), PBM_SETRANGE32, 0, kBarUnits);
   LayOut();
   modal_.emplace(Handle());
