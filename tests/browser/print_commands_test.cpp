@@ -4,7 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <new>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "tests/browser/browser_fixture.h"
 #include "tests/browser/recording_ledger.h"
@@ -195,10 +200,45 @@ TEST_F(PrintCommandsTest, TellNothingOfAFontThatCannotBeAppliedOrKept) {
   });
 }
 
-TEST_F(PrintCommandsTest, TellOfOtherExceptionsToo) {
+TEST_F(PrintCommandsTest, TellOfAnyException) {
+  const std::vector<std::pair<std::function<void()>, const char*>> failures{
+      {[] { throw std::bad_alloc(); }, "内存不足"},
+      {[] { throw std::runtime_error("纸用完了"); }, "纸用完了"},
+      {[] { throw AutomationError(ErrorNumber::Unspecified, u"卡纸"); }, "卡纸"},
+      {[] { throw AutomationError(ErrorNumber::Unspecified, u""); }, "意外错误"},
+      {[] { throw 1; }, "意外错误"}};
+  for (const auto& [failure, told] : failures) {
+    log_.Clear();
+    ledger_.onPrint = failure;
+    EXPECT_NO_THROW(commands_.Print());
+    EXPECT_EQ(log_.Lines().back(), std::string("tell information \"岚禾提示\": \"") + told + "\"");
+  }
+}
+
+// Its message box fails after something else was printed meanwhile.
+class PrintingQuestions final : public UserQuestions {
+ public:
+  void Tell(std::u16string_view, std::u16string_view, MessageIcon) override {
+    if (onTell) onTell();
+    throw AutomationError(ErrorNumber::Unspecified, u"no box");
+  }
+  bool Confirm(std::u16string_view, std::u16string_view, MessageIcon) override { return false; }
+  std::function<void()> onTell;
+};
+
+TEST_F(PrintCommandsTest, RunAgainWhileAndAfterAMessageThatFails) {
+  PrintingQuestions questions;
+  Environment environment{factory_, processState_, questions, screen_, u"Host"};
+  PrintCommands commands{environment, state_, grid_.Cells(), ledger_, font_};
   ledger_.onPrint = [] { throw std::bad_alloc(); };
-  EXPECT_NO_THROW(commands_.Print());
-  EXPECT_EQ(log_.Lines().back(), "tell information \"岚禾提示\": \"std::bad_alloc\"");
+  questions.onTell = [&] {
+    ledger_.onPrint = nullptr;
+    commands.Print();
+    EXPECT_EQ(log_.Count("ledger print"), 2u);
+  };
+  EXPECT_NO_THROW(commands.Print());
+  commands.Print();
+  EXPECT_EQ(log_.Count("ledger print"), 3u);
 }
 
 TEST_F(PrintCommandsTest, DoNothingInsideOneAnother) {

@@ -43,7 +43,7 @@ const Kind kKinds[] = {
      },
      [](FaultWorld& world) { return world.windows->CallCount() - counted; }, 1'000},
     {"allocations", [](FaultWorld&, int n) { FailAllocation(n); },
-     [](FaultWorld&) { return AllocationCount(); }, 500},
+     [](FaultWorld&) { return AllocationCount(); }, 120},
 };
 
 class FaultPoints : public ::testing::TestWithParam<Operation> {
@@ -88,10 +88,22 @@ class FaultPoints : public ::testing::TestWithParam<Operation> {
     return true;
   }
 
+  // A control that has begun and not ended.
+  static void StillPrints(FaultWorld& world) {
+    const std::string operation = GetParam().name;
+    world.paper->onPreview = {};
+    world.paper->pageCount = 0;
+    world.control->PrintPara();
+    if (operation != "Start" && operation != "End") {
+      EXPECT_EQ(world.paper->pageCount, 1) << "nothing is printed";
+    }
+  }
+
   static void StillWorks(FaultWorld& world) {
     world.questions.ForgetAnswers();
     world.editor.whileShown = {};
     EXPECT_FALSE(world.editor.Shown().State().loaded);
+    StillPrints(world);
     world.control->StripButtonClicked(u"");
     world.control->Terminate();
     world.control.reset();
