@@ -29,8 +29,14 @@ constexpr int kDeleteLine = 2;
 constexpr int kInsert = 1;
 constexpr int kEdit = 2;
 constexpr int kCut = 3;
+constexpr int kExit = 9;
 constexpr int kClassTools[] = {kInsert, kEdit, kCut};
 constexpr int kFormDelItem = 5;
+constexpr std::size_t kStripDelete = 4;  // position in the control's tool strip
+
+// Rows of classes of the sample company.
+constexpr std::int32_t kItemsOf01 = 134;
+constexpr std::int32_t kItemsOf03 = 104;
 
 constexpr std::int32_t kCommands = 1002;  // object type, and its number, of the commands' rights
 constexpr std::int32_t kNumber = 35;
@@ -72,6 +78,7 @@ void Tour::AddMenus() {
       {L"26-menu-of-the-tree", [this] { RightClick(Child(ids::kTree), ClassPoint(3)); }});
   steps_.push_back({nullptr, [] { PressMenuLine(kDeleteLine); }});
   ExpectBox(L"27-question-from-the-menu", std::wstring(kDeleteQuestion) + L"03", IDNO);
+  ExpectRows(u"FItemClassNumber='03'", kItemsOf03);
   steps_.push_back({L"28-menu-of-the-grid", [this] {
                       RightClick(GetDlgItem(Child(ids::kGridPane), ids::kGrid), {200, 80});
                     }});
@@ -116,7 +123,22 @@ void Tour::AddRefusals() {
             IDOK);
   steps_.push_back({nullptr, [] { CloseForm(); }});
   steps_.push_back({L"33-still-there", [this] { SelectClass(kWithHistory); }});
-  steps_.push_back({nullptr, [this] { frame_.CloseChildren(); }});
+  const auto refuseDeleting = [this](const wchar_t* refusal) {
+    steps_.push_back({nullptr, [this] { PressStrip(kStripDelete); }});
+    ExpectBox(nullptr, std::wstring(kDeleteQuestion) + L"01", IDYES);
+    ExpectBox(nullptr, refusal, IDOK);
+    ExpectRows(u"FItemClassNumber='01'", kItemsOf01);
+  };
+  refuseDeleting(L"该物料类别在以前期间已有业务发生，不得删除！");
+  steps_.push_back({nullptr, [this] { frame_.Settings()->Put(u"VoucherPresent", true); }});
+  refuseDeleting(L"本期跌价准备数据已经生成凭证，不得删除物料类别！");
+  steps_.push_back({nullptr, [this] { frame_.Settings()->Put(u"VoucherPresent", false); }});
+  steps_.push_back({nullptr, [this] { PressMerged(kExit); }});
+  steps_.push_back({nullptr, [this] {
+                      if (frame_.ActiveChild() == nullptr) return;
+                      throw pricedown::AutomationError(pricedown::ErrorNumber::Unspecified,
+                                                       u"窗口没有关闭。", u"Tour");
+                    }});
 }
 
 }  // namespace workbench
