@@ -257,6 +257,30 @@ TEST(ControlWindow, DrawsItselfForAContainer) {
   EXPECT_EQ(different, 0);
 }
 
+TEST(ControlWindow, GivesTheFocusOfAHiddenStripToTheTree) {
+  UiWorld world;
+  world.Start();
+  const auto tool = world.control->Bar()->Add({u"iToolBar", u"", u"", u""});
+  SetFocus(world.Strip());
+  ASSERT_EQ(GetFocus(), world.Strip());
+  tool->Click();
+  EXPECT_FALSE(IsWindowVisible(world.Strip()));
+  EXPECT_EQ(GetFocus(), world.Tree());
+}
+
+TEST(ControlWindow, LeavesTheHostsFocusAloneWhenTheStripIsHidden) {
+  UiWorld world;
+  world.Start();
+  const auto tool = world.control->Bar()->Add({u"iToolBar", u"", u"", u""});
+  SetFocus(world.Strip());
+  SetFocus(world.host.Handle());
+  tool->Click();
+  EXPECT_EQ(GetFocus(), world.host.Handle());
+  // The child that had it last is not there any more.
+  SetFocus(world.window->Handle());
+  EXPECT_EQ(GetFocus(), world.Tree());
+}
+
 TEST(ControlWindow, ShowsTheWholeLayoutInSystemColoursAfterTheyChange) {
   UiWorld world;
   world.Start();

@@ -1,6 +1,8 @@
 // The splitter under the mouse and the keyboard, and the keys between the panes.
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "tests/windows_ui/picture.h"
 #include "tests/windows_ui/ui_world.h"
 #include "windows/ui/control_ids.h"
@@ -104,6 +106,25 @@ TEST_F(Splitter, MovesByArrowKeysWhenItHasTheFocus) {
   EXPECT_NEAR(TreeWidth(), before + Pixels(150), 1);
   EXPECT_TRUE(Translate(Handle(), VK_F6));
   EXPECT_EQ(GetFocus(), world_.Grid());
+}
+
+TEST_F(Splitter, F6GoesRoundThePanesAndWithShiftBackwards) {
+  std::array<BYTE, 256> before{};
+  GetKeyboardState(before.data());
+  std::array<BYTE, 256> shift = before;
+  shift[VK_SHIFT] = 0x80;
+  const std::array<HWND, 3> panes{world_.Tree(), Handle(), world_.Grid()};
+  SetFocus(panes[0]);
+  for (const int next : {1, 2, 0}) {
+    EXPECT_TRUE(Translate(GetFocus(), VK_F6));
+    EXPECT_EQ(GetFocus(), panes[static_cast<std::size_t>(next)]) << next;
+  }
+  SetKeyboardState(shift.data());
+  for (const int next : {2, 1, 0}) {
+    EXPECT_TRUE(Translate(GetFocus(), VK_F6));
+    EXPECT_EQ(GetFocus(), panes[static_cast<std::size_t>(next)]) << next;
+  }
+  SetKeyboardState(before.data());
 }
 
 TEST_F(Splitter, TabGoesFromTreeToGridToStripAndOut) {

@@ -70,6 +70,16 @@ class UserCommands : public ::testing::Test {
     message.lParam = 1;
     return world_.window->TranslateKey(message);
   }
+  bool TranslateWith(int modifier, HWND target, WPARAM key) {
+    std::array<BYTE, 256> before{};
+    GetKeyboardState(before.data());
+    std::array<BYTE, 256> state = before;
+    state[static_cast<std::size_t>(modifier)] = 0x80;
+    SetKeyboardState(state.data());
+    const bool used = Translate(target, key);
+    SetKeyboardState(before.data());
+    return used;
+  }
   HWND Editor() const { return GetDlgItem(world_.Grid(), ids::kCellEditor); }
   static constexpr POINT kFirstCell{20, 30};
 
@@ -169,6 +179,31 @@ TEST_F(UserCommands, TheHostLeavesTheKeysOfTreeAndGridToThem) {
   EXPECT_EQ(world_.suite.log.Text(), "");
 }
 
+TEST_F(UserCommands, TheHostKeepsTheKeysOfDisabledCommands) {
+  Start(u"2");
+  const auto refresh = world_.control->Bar()->Add({u"iRefresh", u"", u"", u""});
+  for (const HWND window : {world_.Tree(), world_.Grid()}) {
+    for (const WPARAM key : std::initializer_list<WPARAM>{VK_INSERT, VK_F2, VK_RETURN, VK_DELETE})
+      EXPECT_FALSE(Translate(window, key)) << key;
+    refresh->SetEnabled(true);
+    EXPECT_TRUE(Translate(window, VK_F5));
+    refresh->SetEnabled(false);
+    EXPECT_FALSE(Translate(window, VK_F5));
+    EXPECT_TRUE(TranslateWith(VK_CONTROL, window, 'P'));
+  }
+}
+
+TEST_F(UserCommands, TheGridTypesOnTheKeysOfADisabledEdit) {
+  world_.Start();
+  world_.Click(world_.Tree(), world_.NodePoint(2));
+  world_.window->SetStripButtonEnabled(3, false);
+  SetFocus(world_.Grid());
+  EXPECT_FALSE(Translate(world_.Grid(), VK_F2));
+  world_.Press(VK_END);
+  EXPECT_TRUE(Translate(world_.Grid(), VK_F2));
+  EXPECT_NE(Editor(), nullptr);
+}
+
 TEST_F(UserCommands, TheHostLeavesTheKeysOfTypingToAnOpenCell) {
   // With all rights, because without a data scope no cell is open.
   world_.Start();
@@ -182,6 +217,13 @@ TEST_F(UserCommands, TheHostLeavesTheKeysOfTypingToAnOpenCell) {
   EXPECT_TRUE(Translate(Editor(), VK_DELETE));
   EXPECT_TRUE(Translate(Editor(), VK_INSERT));
   EXPECT_FALSE(Translate(Editor(), VK_F9));
+  for (const int modifier : {VK_CONTROL, VK_SHIFT}) {
+    EXPECT_FALSE(TranslateWith(modifier, Editor(), VK_F5));
+    world_.PressWith(modifier, VK_F5);
+  }
+  EXPECT_EQ(GetFocus(), Editor());
+  EXPECT_TRUE(TranslateWith(VK_CONTROL, Editor(), 'A'));
+  world_.Press(VK_HOME);
   EXPECT_EQ(Asked(), "");
   EXPECT_TRUE(Translate(Editor(), VK_RETURN));
   EXPECT_EQ(Utf8(world_.control->ItemSheet().Text(4, 1)), "2.00");

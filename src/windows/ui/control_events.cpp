@@ -255,7 +255,8 @@ LRESULT ControlWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       Fire([](PriceDown& control) { control.Resized(); });
       return 0;
     case WM_SETFOCUS:
-      if (children_->lastFocus != nullptr && IsChild(Handle(), children_->lastFocus) != FALSE) {
+      if (IsChild(Handle(), children_->lastFocus) != FALSE &&
+          (IsWindowVisible(children_->lastFocus) != FALSE || IsWindowVisible(Handle()) == FALSE)) {
         SetFocus(children_->lastFocus);
       } else {
         SetFocusFirst(false);

@@ -28,7 +28,7 @@ bool IsMoveKey(WPARAM key) {
   }
 }
 
-// Tree and grid have two stops in tab order, the strip is the third.
+// In tab order tree, grid and strip; for F6 tree, splitter and grid.
 using Stops = std::array<HWND, 3>;
 
 int StopOf(const Stops& stops, HWND focus) {
@@ -73,6 +73,16 @@ void ControlWindow::SetFocusFirst(bool last) {
   SetFocus(!last ? c.tree.Handle() : c.strip.CanTakeFocus() ? c.strip.Handle() : c.sheet.Handle());
 }
 
+// A key whose command is disabled is left to the host.
+bool ControlWindow::UsesCommandKey(HWND focus, WPARAM key) const {
+  const ControlChildren& c = *children_;
+  if (focus != c.tree.Handle() && focus != c.sheet.Handle()) return false;
+  const auto command = CommandOfKey(key);
+  if (!command) return false;
+  return IsEnabled(*command) ||
+         (*command == UserCommand::Edit && focus == c.sheet.Handle() && c.sheet.CanEdit());
+}
+
 bool ControlWindow::TranslateKey(MSG& message) {
   if (Handle() == nullptr || message.message < WM_KEYFIRST || message.message > WM_KEYLAST) {
     return false;
@@ -83,18 +93,17 @@ bool ControlWindow::TranslateKey(MSG& message) {
   if (IsKeyDown(message, VK_TAB) && !control) return MoveFocus(GetKeyState(VK_SHIFT) < 0, false);
   const ControlChildren& c = *children_;
   if (IsKeyDown(message, VK_F6) && !control) {
-    SetFocus(focus == c.tree.Handle()       ? c.splitter.Handle()
-             : focus == c.splitter.Handle() ? c.sheet.Handle()
-                                            : c.tree.Handle());
+    const Stops panes{c.tree.Handle(), c.splitter.Handle(), c.sheet.Handle()};
+    const int pane = StopOf(panes, focus);
+    const int next = pane < 0 ? 0 : pane + (GetKeyState(VK_SHIFT) < 0 ? 2 : 1);
+    SetFocus(panes[static_cast<std::size_t>(next) % panes.size()]);
     return true;
   }
   const bool inStrip = focus == c.strip.Handle();
   const bool inSheet = focus == c.sheet.Handle();
   const bool inEditor = IsChild(c.sheet.Handle(), focus) != FALSE;
   bool ours = message.message == WM_KEYDOWN && IsMoveKey(message.wParam);
-  if (focus == c.tree.Handle() || inSheet) {
-    ours = ours || (message.message == WM_KEYDOWN && CommandOfKey(message.wParam).has_value());
-  }
+  ours = ours || (message.message == WM_KEYDOWN && UsesCommandKey(focus, message.wParam));
   if (inStrip) ours = ours || IsKeyDown(message, VK_RETURN) || IsKeyDown(message, VK_SPACE);
   if (inSheet) {
     ours = ours || (control && (IsKeyDown(message, 'C') || IsKeyDown(message, 'A') ||
@@ -102,10 +111,11 @@ bool ControlWindow::TranslateKey(MSG& message) {
   }
   if (inEditor) {
     // A host's own Delete or Ctrl+V would mean something else than the number that is typed.
-    ours = ours || IsKeyDown(message, VK_F5) || IsKeyDown(message, VK_DELETE) ||
-           IsKeyDown(message, VK_INSERT) ||
-           (control && (IsKeyDown(message, 'C') || IsKeyDown(message, 'V') ||
-                        IsKeyDown(message, 'X') || IsKeyDown(message, 'Z')));
+    ours = ours || (IsKeyDown(message, VK_F5) && CommandOfKey(VK_F5)) ||
+           IsKeyDown(message, VK_DELETE) || IsKeyDown(message, VK_INSERT) ||
+           (control &&
+            (IsKeyDown(message, 'A') || IsKeyDown(message, 'C') || IsKeyDown(message, 'V') ||
+             IsKeyDown(message, 'X') || IsKeyDown(message, 'Z')));
   }
   if (inEditor || focus == c.splitter.Handle()) {
     ours = ours || IsKeyDown(message, VK_RETURN) || IsKeyDown(message, VK_ESCAPE);

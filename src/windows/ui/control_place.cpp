@@ -124,6 +124,12 @@ void ControlWindow::Place(const Layout& layout) {
   const RECT bar = dpi.ToPixels(layout.progressBar);
   SetWindowPos(c.progressBar.Handle(), HWND_TOP, bar.left, bar.top, WidthOf(bar), HeightOf(bar),
                SWP_NOACTIVATE);
+  // Keys would go to what nobody sees.
+  const HWND focus = GetFocus();
+  if (IsWindowVisible(Handle()) != FALSE && IsChild(Handle(), focus) != FALSE &&
+      IsWindowVisible(focus) == FALSE) {
+    SetFocusFirst(false);
+  }
 }
 
 void ControlWindow::Draw(HDC context, const RECT& pixels) {

@@ -110,6 +110,7 @@ class ControlWindow final : public PriceDownView,
   std::shared_ptr<void> Hold() override { return hold_ ? hold_() : nullptr; }
 
   bool IsEnabled(UserCommand command) const;
+  bool UsesCommandKey(HWND focus, WPARAM key) const;
   std::u16string CaptionOf(UserCommand command) const;
   template <typename Command>
   void Fire(Command&& command);

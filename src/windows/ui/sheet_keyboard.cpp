@@ -199,12 +199,14 @@ void SheetWindow::EditingAccepted(std::u16string_view text, WPARAM key) {
 
 // The keys that work while a number is typed; it is taken over first.
 void SheetWindow::FunctionKeyPressed(WPARAM key) {
+  const auto command = CommandOfKey(key);
+  if (!command) return;
   const std::shared_ptr<void> hold = events_.Hold();
   editor_.Finish(0);
   if (Handle() == nullptr) return;
   SetFocus(Handle());
   if (Handle() == nullptr) return;
-  if (const auto command = CommandOfKey(key)) events_.CommandChosen(*command);
+  events_.CommandChosen(*command);
 }
 
 void SheetWindow::EditingCancelled() {

@@ -34,6 +34,8 @@ class SheetWindow final : public BoundWindow, public SheetView, private EditorEv
   const SheetGeometry& Geometry() const { return geometry_; }
   const SheetScroll& Scroll() const { return scroll_; }
   bool IsEditing() const { return editor_.IsActive(); }
+  // Whether a number may be typed into the current cell.
+  bool CanEdit() const;
 
   // SheetView
   void SheetChanged() override;
@@ -74,7 +76,6 @@ class SheetWindow final : public BoundWindow, public SheetView, private EditorEv
   void SelectAll();
   void Copy();
 
-  bool CanEdit() const;
   // Starts typing over the current cell; `first` replaces its text when it is given.
   void BeginEditing(std::u16string_view first);
   void EditingAccepted(std::u16string_view text, WPARAM key) override;
