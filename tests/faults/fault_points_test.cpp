@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <exception>
 #include <iostream>
 #include <new>
 #include <sstream>
@@ -136,6 +137,27 @@ TEST_P(FaultPoints, LeaveNothingBroken) {
 
 INSTANTIATE_TEST_SUITE_P(Operations, FaultPoints, ::testing::ValuesIn(Operations()),
                          [](const auto& test) { return test.param.name; });
+
+// Two failures at once: there is no memory to keep what the ledger said.
+TEST(PrintFailure, ThatCannotBeCopiedLeavesPrintingAlive) {
+  FaultWorld world;
+  world.ResetCompany();
+  world.OpenControl();
+  world.Select(u"A1");
+  const auto failure = std::make_exception_ptr(
+      AutomationError(pricedown::ErrorNumber::Unspecified, std::u16string(200, u'纸')));
+  world.paper->onPreview = [&] {
+    FailAllocation(1);
+    std::rethrow_exception(failure);
+  };
+  EXPECT_NO_THROW(world.control->PreviewPara());
+  FailAllocation(0);
+  EXPECT_EQ(world.log.Lines().back(), "tell information \"岚禾提示\": \"内存不足\"");
+  world.paper->pageCount = 0;
+  world.control->PrintPara();
+  EXPECT_EQ(world.paper->pageCount, 1);
+  world.control->Terminate();
+}
 
 }  // namespace
 }  // namespace workbench

@@ -60,6 +60,7 @@ class FaultWorld : public ControlOnCompany {
   using ControlOnCompany::editor;
   using ControlOnCompany::factory;
   using ControlOnCompany::GridCodes;
+  using ControlOnCompany::log;
   using ControlOnCompany::Pick;
   using ControlOnCompany::pickers;
   using ControlOnCompany::questions;
