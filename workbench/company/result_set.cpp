@@ -58,7 +58,8 @@ void ResultSet::AddRow() {
     for (StoredColumn& column : columns_) column.blocks.reserve(column.blocks.size() + 1);
     std::vector<std::unique_ptr<Cell[]>> made;
     for (std::size_t i = 0; i < columns_.size(); ++i) {
-      made.push_back(std::make_unique_for_overwrite<Cell[]>(kBlockRows));
+      std::unique_ptr<Cell[]> block(new Cell[kBlockRows]);
+      made.push_back(std::move(block));
     }
     for (std::size_t i = 0; i < columns_.size(); ++i) {
       columns_[i].blocks.push_back(std::move(made[i]));
