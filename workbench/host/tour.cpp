@@ -5,6 +5,8 @@
 #include <commctrl.h>
 
 #include <cstring>
+#include <filesystem>
+#include <fstream>
 
 #include "platform/error.h"
 #include "platform/skip.h"
@@ -21,8 +23,9 @@ namespace ids = pricedown::windows::control_ids;
 
 namespace {
 
-constexpr UINT kStepMilliseconds = 600;
-constexpr int kMostTicksInStep = 40;
+constexpr UINT kTickMilliseconds = 250;
+// Of a step that cannot be done yet, and of one that has not returned.
+constexpr int kMostTicksOfStep = 120;
 constexpr UINT kFailed = 3;
 Tour* runningTour = nullptr;
 
@@ -39,7 +42,7 @@ Tour::Tour(FrameWindow& frame, std::wstring folder) : frame_(frame), folder_(std
   AddRefusals();
   AddPrinting();
   runningTour = this;
-  timer_ = SetTimer(nullptr, 0, kStepMilliseconds, OnTimer);
+  timer_ = SetTimer(nullptr, 0, kTickMilliseconds, OnTimer);
 }
 
 Tour::~Tour() {
@@ -52,14 +55,18 @@ void CALLBACK Tour::OnTimer(HWND, UINT, UINT_PTR, DWORD) noexcept {
   if (tour == nullptr) return;
   try {
     tour->Advance();
-  } catch (...) {
+  } catch (const std::exception& error) {
     // Nobody is there to press OK of a message, nor of one that the step expected otherwise.
-    tour->GiveUp();
+    tour->GiveUp(error.what());
   }
 }
 
-void Tour::GiveUp() noexcept {
-  pricedown::SkipFailing([this] { SaveScreenshot(GetDesktopWindow(), folder_ + L"\\failed.png"); });
+void Tour::GiveUp(const char* reason) noexcept {
+  pricedown::SkipFailing([this, reason] {
+    const std::filesystem::path folder(folder_);
+    std::ofstream(folder / L"failed.txt") << "step " << next_ << ": " << reason << '\n';
+    SaveScreenshot(GetDesktopWindow(), folder / L"failed.png");
+  });
   ExitProcess(kFailed);
 }
 
@@ -75,15 +82,23 @@ void Tour::Advance() {
     PostMessageW(frame_.Handle(), WM_CLOSE, 0, 0);
     return;
   }
-  if (ticksInStep_ > 0) {
-    if (++ticksInStep_ < kMostTicksInStep) return;
-    GiveUp();
+  const bool isLast = ++ticksOfStep_ == kMostTicksOfStep;
+  if (inStep_) {
+    if (isLast) GiveUp("it does not return");
+    return;
   }
-  ticksInStep_ = 1;
-  const Step& step = steps_[next_];
-  step.action();
-  ticksInStep_ = 0;
-  if (step.picture == nullptr) {
+  inStep_ = true;
+  try {
+    steps_[next_].action();
+  } catch (const std::exception&) {
+    // A window may take its time: tried again at the next tick.
+    if (isLast) throw;
+    inStep_ = false;
+    return;
+  }
+  inStep_ = false;
+  ticksOfStep_ = 0;
+  if (steps_[next_].picture == nullptr) {
     ++next_;
   } else {
     pictureDue_ = true;
@@ -91,14 +106,10 @@ void Tour::Advance() {
 }
 
 HWND Tour::Child(int controlId) const {
+  RequireReady(frame_.Handle());
   const ChildWindow* child = frame_.ActiveChild();
   const HWND control = child == nullptr ? nullptr : child->ControlHandle();
-  const HWND window = control == nullptr ? nullptr : GetDlgItem(control, controlId);
-  if (window == nullptr) {
-    throw pricedown::AutomationError(pricedown::ErrorNumber::Unspecified, u"控件没有所需的子窗口。",
-                                     u"Tour");
-  }
-  return window;
+  return RequireWindow(control == nullptr ? nullptr : GetDlgItem(control, controlId));
 }
 
 POINT Tour::ClassPoint(int position) const {
@@ -114,11 +125,9 @@ POINT Tour::ClassPoint(int position) const {
   // The message takes the item in the rectangle's first bytes.
   RECT area{};
   std::memcpy(&area, &item, sizeof(item));
-  if (item == 0 ||
-      SendMessageW(tree, TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&area)) == 0) {
-    throw pricedown::AutomationError(pricedown::ErrorNumber::Unspecified, u"没有这个类别。",
-                                     u"Tour");
-  }
+  Require(
+      item != 0 && SendMessageW(tree, TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&area)) != 0,
+      u"没有这个类别。");
   return {area.left + 4, (area.top + area.bottom) / 2};
 }
 

@@ -29,13 +29,15 @@ class Tour {
   struct Step {
     // Empty: no picture of this step.
     const wchar_t* picture;
+    // Throws when it cannot be done yet; then nothing has been done.
     std::function<void()> action;
   };
 
   static void CALLBACK OnTimer(HWND window, UINT message, UINT_PTR id, DWORD time) noexcept;
   void Advance();
-  // Keeps a picture of the screen and ends the program: a window that waits would keep it running.
-  [[noreturn]] void GiveUp() noexcept;
+  // Keeps the reason (UTF-8) and a picture of the screen and ends the program: a window that waits
+  // would keep it running.
+  [[noreturn]] void GiveUp(const char* reason) noexcept;
   void AddBrowsing();
   void AddSplitter();
   void AddOtherMode();
@@ -46,7 +48,7 @@ class Tour {
   void AddRefusals();
   void AddPrinting();
   void ExpectRows(std::u16string_view condition, std::int32_t count);
-  // A message box is open whose text begins so; then its button is pressed.
+  // A message box opens whose text begins so; then its button is pressed.
   void ExpectBox(const wchar_t* picture, std::wstring text, int button);
 
   HWND Child(int controlId) const;
@@ -68,7 +70,8 @@ class Tour {
   std::vector<Step> steps_;
   std::size_t next_ = 0;
   bool pictureDue_ = false;
-  int ticksInStep_ = 0;  // of a step that has not returned, because a message box waits in it
+  bool inStep_ = false;  // it has not returned, because a window waits in it
+  int ticksOfStep_ = 0;
   UINT_PTR timer_ = 0;
 };
 

@@ -43,26 +43,19 @@ constexpr std::int32_t kNumber = 35;
 constexpr std::int32_t kEveryRight = 0x438000;
 
 constexpr const wchar_t* kNoRight = L"没有权限,请与系统管理员联系";
-constexpr const wchar_t* kDeleteQuestion = L"确定要删除当前记录? 当前的物料类别代码为:";
 
-HWND Form() { return RequireWindow(FindWindowW(L"PriceDown.ItemClass", nullptr)); }
-
-void CloseForm() { PostMessageW(Form(), WM_CLOSE, 0, 0); }
+void CloseForm() { PostMessageW(RequireForm(), WM_CLOSE, 0, 0); }
 
 }  // namespace
 
 void Tour::ExpectBox(const wchar_t* picture, std::wstring text, int button) {
-  steps_.push_back({picture, [text] {
-                      if (BoxText().starts_with(text)) return;
-                      throw pricedown::AutomationError(pricedown::ErrorNumber::Unspecified,
-                                                       pricedown::windows::FromWide(BoxText()),
-                                                       u"Tour");
-                    }});
+  steps_.push_back({picture, [text] { RequireBox(text); }});
   steps_.push_back({nullptr, [button] { PressBoxButton(button); }});
 }
 
 void Tour::PressMerged(int position) {
-  PressButton(FindWindowExW(frame_.Handle(), nullptr, TOOLBARCLASSNAMEW, nullptr), position - 1);
+  const HWND frame = RequireReady(frame_.Handle());
+  PressButton(FindWindowExW(frame, nullptr, TOOLBARCLASSNAMEW, nullptr), position - 1);
 }
 
 void Tour::GrantRights(std::int32_t mask) {
@@ -74,14 +67,15 @@ void Tour::GrantRights(std::int32_t mask) {
 void Tour::AddMenus() {
   steps_.push_back({nullptr, [this] { frame_.OpenChild(kItemClassesCaption); }});
   // The menu belongs to the class under the mouse.
-  steps_.push_back(
-      {L"26-menu-of-the-tree", [this] { RightClick(Child(ids::kTree), ClassPoint(3)); }});
+  steps_.push_back({nullptr, [this] { RightClick(Child(ids::kTree), ClassPoint(3)); }});
+  steps_.push_back({L"26-menu-of-the-tree", [] { RequireMenu(); }});
   steps_.push_back({nullptr, [] { PressMenuLine(kDeleteLine); }});
-  ExpectBox(L"27-question-from-the-menu", std::wstring(kDeleteQuestion) + L"03", IDNO);
+  ExpectBox(L"27-question-from-the-menu", kDeleteQuestion + std::wstring(L"03"), IDNO);
   ExpectRows(u"FItemClassNumber='03'", kItemsOf03);
-  steps_.push_back({L"28-menu-of-the-grid", [this] {
+  steps_.push_back({nullptr, [this] {
                       RightClick(GetDlgItem(Child(ids::kGridPane), ids::kGrid), {200, 80});
                     }});
+  steps_.push_back({L"28-menu-of-the-grid", [] { RequireMenu(); }});
   steps_.push_back({nullptr, [] { PressMenuLine(kEditLine); }});
   steps_.push_back({nullptr, [] { CloseForm(); }});
   // The form has taken the rows: they are selected anew first.
@@ -95,14 +89,15 @@ void Tour::AddToolbar() {
                       frame_.ActiveChild()->Bar()->Call(u"Click", {u"iRefresh"});
                     }});
   steps_.push_back({nullptr, [this] { PressMerged(kCut); }});
-  ExpectBox(nullptr, std::wstring(kDeleteQuestion) + L"03", IDNO);
+  ExpectBox(nullptr, kDeleteQuestion + std::wstring(L"03"), IDNO);
   steps_.push_back({nullptr, [this] { GrantRights(0); }});
   for (const int tool : kClassTools) {
     steps_.push_back({nullptr, [this, tool] { PressMerged(tool); }});
     ExpectBox(tool == kInsert ? L"30-no-right" : nullptr, kNoRight, IDOK);
   }
   steps_.push_back({nullptr, [this] { GrantRights(kEveryRight); }});
-  steps_.push_back({L"31-form-from-the-toolbar", [this] { PressMerged(kInsert); }});
+  steps_.push_back({nullptr, [this] { PressMerged(kInsert); }});
+  steps_.push_back({L"31-form-from-the-toolbar", [] { RequireForm(); }});
   steps_.push_back({nullptr, [] { CloseForm(); }});
 }
 
@@ -112,20 +107,22 @@ void Tour::AddRefusals() {
   steps_.push_back({nullptr, [this] { SelectClass(kWithHistory); }});
   steps_.push_back({nullptr, [this] { PressMerged(kEdit); }});
   steps_.push_back({nullptr, [] {
-                      const HWND members = RequireWindow(GetDlgItem(Form(), form_ids::kMembers));
+                      const HWND members =
+                          RequireWindow(GetDlgItem(RequireForm(), form_ids::kMembers));
                       SetFocus(members);
                       PostKey(members, VK_DOWN);
                       PostKey(members, VK_SPACE);
                     }});
-  steps_.push_back(
-      {nullptr, [] { PressButton(GetDlgItem(Form(), form_ids::kToolBar), kFormDelItem - 1); }});
+  steps_.push_back({nullptr, [] {
+                      PressButton(GetDlgItem(RequireForm(), form_ids::kToolBar), kFormDelItem - 1);
+                    }});
   ExpectBox(L"32-item-that-must-stay", L"该物料(01.01.0002)在以前期间已有业务发生，不得删除！",
             IDOK);
   steps_.push_back({nullptr, [] { CloseForm(); }});
   steps_.push_back({L"33-still-there", [this] { SelectClass(kWithHistory); }});
   const auto refuseDeleting = [this](const wchar_t* refusal) {
     steps_.push_back({nullptr, [this] { PressStrip(kStripDelete); }});
-    ExpectBox(nullptr, std::wstring(kDeleteQuestion) + L"01", IDYES);
+    ExpectBox(nullptr, kDeleteQuestion + std::wstring(L"01"), IDYES);
     ExpectBox(nullptr, refusal, IDOK);
     ExpectRows(u"FItemClassNumber='01'", kItemsOf01);
   };
@@ -134,11 +131,8 @@ void Tour::AddRefusals() {
   refuseDeleting(L"本期跌价准备数据已经生成凭证，不得删除物料类别！");
   steps_.push_back({nullptr, [this] { frame_.Settings()->Put(u"VoucherPresent", false); }});
   steps_.push_back({nullptr, [this] { PressMerged(kExit); }});
-  steps_.push_back({nullptr, [this] {
-                      if (frame_.ActiveChild() == nullptr) return;
-                      throw pricedown::AutomationError(pricedown::ErrorNumber::Unspecified,
-                                                       u"窗口没有关闭。", u"Tour");
-                    }});
+  steps_.push_back(
+      {nullptr, [this] { Require(frame_.ActiveChild() == nullptr, u"窗口没有关闭。"); }});
 }
 
 }  // namespace workbench

@@ -26,9 +26,11 @@ constexpr int kFormAddItem = 4;
 constexpr int kFormDelItem = 5;
 constexpr int kFormExit = 7;
 
-HWND Form() { return RequireWindow(FindWindowW(L"PriceDown.ItemClass", nullptr)); }
+// A picker's words for what it has found, with and without a text to look for.
+constexpr const wchar_t* kFound = L"找到 ";
+constexpr const wchar_t* kAll = L"共 ";
 
-HWND FormChild(int id) { return RequireWindow(GetDlgItem(Form(), id)); }
+HWND FormChild(int id) { return RequireWindow(GetDlgItem(RequireForm(), id)); }
 
 void PressFormTool(int position) { PressButton(FormChild(form_ids::kToolBar), position - 1); }
 
@@ -47,19 +49,17 @@ void Tour::ExpectRows(std::u16string_view condition, std::int32_t count) {
       pricedown::Concatenate({u"select count(*) from icPriceDownClass where ", condition});
   steps_.push_back({nullptr, [this, statement, count] {
                       const pricedown::Value found = frame_.Settings()->Call(u"Query", {statement});
-                      if (pricedown::ToInt32(found) != count) {
-                        throw pricedown::AutomationError(pricedown::ErrorNumber::Unspecified,
-                                                         statement, u"Tour");
-                      }
+                      Require(pricedown::ToInt32(found) == count, statement);
                     }});
 }
 
 void Tour::AddEditing() {
   steps_.push_back({nullptr, [this] { frame_.OpenChild(kItemClassesCaption); }});
-  steps_.push_back({L"13-new-class", [this] {
+  steps_.push_back({nullptr, [this] {
                       SetFocus(Child(ids::kTree));
                       PostKey(Child(ids::kTree), VK_INSERT);
                     }});
+  steps_.push_back({L"13-new-class", [] { RequireForm(); }});
   steps_.push_back({nullptr, [] {
                       TypeInto(form_ids::kClassNumber, L"DEMO");
                       TypeInto(form_ids::kClassName, L"演示类别");
@@ -68,26 +68,33 @@ void Tour::AddEditing() {
                       SetFocus(FormChild(form_ids::kLossAccount));
                       PostText(FormChild(form_ids::kLossAccount), L"资产减值");
                     }});
-  steps_.push_back(
-      {L"14-account-picker", [] { PostKey(FormChild(form_ids::kLossAccount), VK_F7); }});
+  steps_.push_back({nullptr, [] { PostKey(FormChild(form_ids::kLossAccount), VK_F7); }});
+  steps_.push_back({L"14-account-picker", [] { RequirePicker(kFound); }});
   steps_.push_back({nullptr, [] { PostKey(GetFocus(), VK_RETURN); }});
   steps_.push_back({nullptr, [] { PressFormTool(kFormAddItem); }});
-  steps_.push_back({nullptr, [] { PostText(GetFocus(), L"螺"); }});
+  steps_.push_back({nullptr, [] {
+                      RequirePicker(kAll);
+                      PostText(GetFocus(), L"螺");
+                    }});
   for (int i = 0; i < 3; ++i) {
     // One after the other: a blank becomes a character only behind what was posted before.
-    steps_.push_back({nullptr, [] { PostKey(GetFocus(), VK_DOWN); }});
+    steps_.push_back({nullptr, [] {
+                        RequirePicker(kFound);
+                        PostKey(GetFocus(), VK_DOWN);
+                      }});
     steps_.push_back({i < 2 ? nullptr : L"15-item-picker", [] { PostKey(GetFocus(), VK_SPACE); }});
   }
   steps_.push_back({L"16-items-added", [] { PostKey(GetFocus(), VK_RETURN); }});
   steps_.push_back({L"17-saved", [] { PressFormTool(kFormSave); }});
   ExpectRows(u"FItemClassNumber='DEMO' and FItemClassName='演示类别' and FPencentPrepare=12.5", 3);
-  steps_.push_back({L"18-question-on-leaving", [] { PressFormTool(kFormExit); }});
-  steps_.push_back({nullptr, [] { PressBoxButton(IDNO); }});
+  steps_.push_back({nullptr, [] { PressFormTool(kFormExit); }});
+  ExpectBox(L"18-question-on-leaving", L"当前记录已经改变，是否保存?", IDNO);
   steps_.push_back({L"19-class-in-the-tree", [this] { SelectClass(kLastClass); }});
 }
 
 void Tour::AddRemoving() {
-  steps_.push_back({L"20-class-in-the-form", [this] { PressStrip(kEdit); }});
+  steps_.push_back({nullptr, [this] { PressStrip(kEdit); }});
+  steps_.push_back({L"20-class-in-the-form", [] { RequireForm(); }});
   steps_.push_back({nullptr, [] {
                       SetFocus(FormChild(form_ids::kMembers));
                       PostKey(FormChild(form_ids::kMembers), VK_DOWN);
@@ -99,11 +106,12 @@ void Tour::AddRemoving() {
   steps_.push_back({nullptr, [] { PressFormTool(kFormExit); }});
   ExpectRows(u"FItemClassNumber='DEMO' and FItemClassName='演示类别二'", 2);
   steps_.push_back({L"22-class-renamed", [this] { SelectClass(kLastClass); }});
-  steps_.push_back({L"23-question-before-deleting", [this] {
+  steps_.push_back({nullptr, [this] {
                       SetFocus(Child(ids::kTree));
                       PostKey(Child(ids::kTree), VK_DELETE);
                     }});
-  steps_.push_back({L"24-class-deleted", [] { PressBoxButton(IDYES); }});
+  ExpectBox(L"23-question-before-deleting", kDeleteQuestion + std::wstring(L"DEMO"), IDYES);
+  steps_.push_back({L"24-class-deleted", [this] { Child(ids::kTree); }});
   ExpectRows(u"FItemClassNumber='DEMO'", 0);
   steps_.push_back({L"25-closed-again", [this] { frame_.CloseChildren(); }});
 }

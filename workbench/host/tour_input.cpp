@@ -5,18 +5,31 @@
 #include <commctrl.h>
 
 #include <array>
+#include <string>
 
 #include "platform/error.h"
+#include "windows/com/wide_text.h"
+#include "workbench/pickers/picker_ids.h"
 
 namespace workbench {
 
+void Require(bool condition, std::u16string_view otherwise) {
+  if (condition) return;
+  throw pricedown::AutomationError(pricedown::ErrorNumber::Unspecified, std::u16string(otherwise),
+                                   u"Tour");
+}
+
 HWND RequireWindow(HWND window) {
-  if (window == nullptr) {
-    throw pricedown::AutomationError(pricedown::ErrorNumber::Unspecified, u"没有所需的窗口。",
-                                     u"Tour");
-  }
+  Require(window != nullptr, u"没有所需的窗口。");
   return window;
 }
+
+HWND RequireReady(HWND window) {
+  Require(IsWindowEnabled(RequireWindow(window)) != FALSE, u"窗口正在等待另一个窗口。");
+  return window;
+}
+
+HWND RequireForm() { return RequireReady(FindWindowW(L"PriceDown.ItemClass", nullptr)); }
 
 void PostKey(HWND window, WPARAM key) {
   PostMessageW(RequireWindow(window), WM_KEYDOWN, key, 1);
@@ -36,30 +49,58 @@ void PressButton(HWND toolBar, int index) {
   PostMessageW(toolBar, WM_LBUTTONUP, 0, point);
 }
 
+namespace {
+
+// The dialog that is active now, by a child that only that dialog has.
+HWND ActiveDialog(int childId) {
+  const HWND dialog = RequireWindow(GetActiveWindow());
+  RequireWindow(GetDlgItem(dialog, childId));
+  return dialog;
+}
+
+constexpr int kTextOfBox = 0xFFFF;
+
+std::wstring TextOf(HWND dialog, int childId) {
+  std::array<wchar_t, 256> text{};
+  GetDlgItemTextW(dialog, childId, text.data(), static_cast<int>(text.size()));
+  return text.data();
+}
+
+}  // namespace
+
+void RequireBox(std::wstring_view text) {
+  const std::wstring shown = TextOf(ActiveDialog(kTextOfBox), kTextOfBox);
+  Require(shown.starts_with(text), pricedown::windows::FromWide(shown));
+}
+
 void PressBoxButton(int button) {
-  const HWND box = RequireWindow(GetActiveWindow());
+  const HWND box = ActiveDialog(kTextOfBox);
   // A box with one button may call it by the other number.
   if (button == IDOK && GetDlgItem(box, IDOK) == nullptr) button = IDCANCEL;
   PostMessageW(box, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
                reinterpret_cast<LPARAM>(RequireWindow(GetDlgItem(box, button))));
 }
 
-std::wstring BoxText() {
-  constexpr int kTextOfBox = 0xFFFF;
-  std::array<wchar_t, 256> text{};
-  GetWindowTextW(RequireWindow(GetDlgItem(RequireWindow(GetActiveWindow()), kTextOfBox)),
-                 text.data(), static_cast<int>(text.size()));
-  return text.data();
+void RequirePicker(std::wstring_view found) {
+  const std::wstring shown = TextOf(ActiveDialog(picker_ids::kFound), picker_ids::kFound);
+  Require(shown.starts_with(found), pricedown::windows::FromWide(shown));
 }
 
 namespace {
 
+// One call for all three: the system's own movements of the mouse cannot come between.
 void ClickAt(POINT onScreen, DWORD down, DWORD up) {
-  SetCursorPos(onScreen.x, onScreen.y);
-  std::array<INPUT, 2> inputs{};
-  inputs[0].type = inputs[1].type = INPUT_MOUSE;
-  inputs[0].mi.dwFlags = down;
-  inputs[1].mi.dwFlags = up;
+  constexpr LONG kWholeScreen = 65536;
+  const auto across = [](LONG place, int size) { return (place * kWholeScreen + size / 2) / size; };
+  std::array<INPUT, 3> inputs{};
+  for (INPUT& input : inputs) {
+    input.type = INPUT_MOUSE;
+    input.mi.dx = across(onScreen.x, GetSystemMetrics(SM_CXSCREEN));
+    input.mi.dy = across(onScreen.y, GetSystemMetrics(SM_CYSCREEN));
+    input.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE;
+  }
+  inputs[1].mi.dwFlags |= down;
+  inputs[2].mi.dwFlags |= up;
   SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
 }
 
@@ -70,9 +111,15 @@ void RightClick(HWND window, POINT point) {
   ClickAt(point, MOUSEEVENTF_RIGHTDOWN, MOUSEEVENTF_RIGHTUP);
 }
 
+HWND RequireMenu() {
+  const HWND window = RequireWindow(FindWindowW(L"#32768", nullptr));
+  Require(IsWindowVisible(window) != FALSE, u"菜单还没有打开。");
+  return window;
+}
+
 void PressMenuLine(int line) {
   constexpr UINT kGetMenuOfWindow = 0x01E1;  // MN_GETHMENU
-  const HWND window = RequireWindow(FindWindowW(L"#32768", nullptr));
+  const HWND window = RequireMenu();
   const auto menu = reinterpret_cast<HMENU>(SendMessageW(window, kGetMenuOfWindow, 0, 0));
   RECT area{};
   GetMenuItemRect(nullptr, menu, static_cast<UINT>(line), &area);

@@ -1,28 +1,41 @@
 // What a user's hand does in a tour: keys, texts and clicks, posted to windows of this thread; for
 // menus the mouse itself, because a menu asks where it is.
-// Nothing is waited for; the next tick of the tour sees what came of it.
+// Nothing is waited for: what finds its window not there yet throws before it has done anything,
+// and the tour tries again.
 #pragma once
 
 #include <windows.h>
 
-#include <string>
+#include <string_view>
 
 namespace workbench {
 
-// Throws AutomationError when `window` is null: the step expects one that is not there.
+// Throws AutomationError with that text unless the condition holds.
+void Require(bool condition, std::u16string_view otherwise);
+// Throws when `window` is null: the step expects one that is not there.
 HWND RequireWindow(HWND window);
+// Throws too when another window waits for an answer in front of it.
+HWND RequireReady(HWND window);
 
 void PostKey(HWND window, WPARAM key);
 void PostText(HWND window, const wchar_t* text);
 // A mouse click in the middle of a tool bar's button, index from 0.
 void PressButton(HWND toolBar, int index);
+// The item class form; throws unless it is open and nothing is open in front of it.
+HWND RequireForm();
+// The delete command's question, but for the class's number.
+inline constexpr const wchar_t* kDeleteQuestion = L"确定要删除当前记录? 当前的物料类别代码为:";
+// Throws unless a message box is active whose text begins so.
+void RequireBox(std::wstring_view text);
 // The button of the message box that is active now.
 void PressBoxButton(int button);
-// The text of that message box.
-std::wstring BoxText();
+// Throws unless one of the suite's pickers is active and says so of what it has found.
+void RequirePicker(std::wstring_view found);
 // The right mouse button at a point of the window, by the mouse itself.
 void RightClick(HWND window, POINT point);
-// The line, from 0, of the menu that is open now, by the mouse itself.
+// Throws unless a context menu is open; its window.
+HWND RequireMenu();
+// The line, from 0, of that menu, by the mouse itself.
 void PressMenuLine(int line);
 
 }  // namespace workbench

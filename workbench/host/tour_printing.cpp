@@ -3,9 +3,8 @@
 #include <windows.h>
 
 #include <cstddef>
-#include <string>
+#include <string_view>
 
-#include "platform/error.h"
 #include "windows/print/preview_ids.h"
 #include "workbench/host/tour.h"
 #include "workbench/host/tour_input.h"
@@ -25,7 +24,7 @@ constexpr int kFitPage = 3;
 constexpr int kFitWidth = 4;
 constexpr int kClose = 6;
 
-HWND Preview() { return RequireWindow(FindWindowW(L"PriceDown.Preview", nullptr)); }
+HWND Preview() { return RequireReady(FindWindowW(L"PriceDown.Preview", nullptr)); }
 
 HWND PreviewChild(int id) { return RequireWindow(GetDlgItem(Preview(), id)); }
 
@@ -39,10 +38,7 @@ void PressView(int position) { PressButton(PreviewChild(preview_ids::kViewBar), 
 void ExpectPage(const wchar_t* number) {
   wchar_t shown[16] = {};
   GetWindowTextW(PreviewChild(preview_ids::kPage), shown, 16);
-  if (std::wstring(shown) != number) {
-    throw pricedown::AutomationError(pricedown::ErrorNumber::Unspecified, u"预览显示的是另一页。",
-                                     u"Tour");
-  }
+  Require(std::wstring_view(shown) == number, u"预览显示的是另一页。");
 }
 
 }  // namespace
@@ -50,11 +46,9 @@ void ExpectPage(const wchar_t* number) {
 void Tour::AddPrinting() {
   steps_.push_back({nullptr, [this] { frame_.OpenChild(kItemClassesCaption); }});
   steps_.push_back({nullptr, [this] { SelectClass(5); }});
-  steps_.push_back({L"34-preview", [this] { PressStrip(kPreview); }});
-  steps_.push_back({L"35-preview-page-width", [] {
-                      ExpectPage(L"1");
-                      PressView(kFitWidth);
-                    }});
+  steps_.push_back({nullptr, [this] { PressStrip(kPreview); }});
+  steps_.push_back({L"34-preview", [] { ExpectPage(L"1"); }});
+  steps_.push_back({L"35-preview-page-width", [] { PressView(kFitWidth); }});
   steps_.push_back({nullptr, [] { PressDocument(kNextPage); }});
   steps_.push_back({L"36-preview-larger", [] {
                       ExpectPage(L"2");
@@ -74,10 +68,8 @@ void Tour::AddPrinting() {
                       PressView(kClose);
                     }});
   steps_.push_back({L"38-preview-closed", [this] {
-                      if (FindWindowW(L"PriceDown.Preview", nullptr) != nullptr) {
-                        throw pricedown::AutomationError(pricedown::ErrorNumber::Unspecified,
-                                                         u"预览没有关闭。", u"Tour");
-                      }
+                      const HWND preview = FindWindowW(L"PriceDown.Preview", nullptr);
+                      Require(preview == nullptr, u"预览没有关闭。");
                       frame_.CloseChildren();
                     }});
 }
