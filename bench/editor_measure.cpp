@@ -1,17 +1,16 @@
 // Opening, saving and removing, and the text of a save, each against the raw work in it.
-// Raw is stepping the query with SQLite, sending the finished texts, and copying the text's bytes.
+// Raw is the same statement walked through the suite, the finished texts sent, and the text's bytes
+// copied.
 #include "bench/editor_measure.h"
 
 #include <array>
-#include <cstdio>
-#include <filesystem>
 #include <memory>
-#include <optional>
 #include <utility>
 #include <vector>
 
-#include "bench/measure.h"
-#include "bench/raw_company.h"
+#include "bench/companies.h"
+#include "bench/raw_suite.h"
+#include "bench/silent_user.h"
 #include "bench/stage.h"
 #include "editor/item_class_form.h"
 #include "editor/record_copy.h"
@@ -22,7 +21,6 @@
 #include "store/connection.h"
 #include "store/statements.h"
 #include "store/tables.h"
-#include "workbench/sample/company_file.h"
 
 namespace bench {
 namespace {
@@ -33,22 +31,11 @@ constexpr int kRepetitions = 5;
 constexpr std::u16string_view kClass = u"00001";
 constexpr std::int32_t kRemoved = 100;
 
-constexpr const char* kMembersQuery =
-    "SELECT ifnull(t1.FNumber,'') AS FNumber,ifnull(t1.FShortNumber,'') AS FShortNumber,t1.FName,"
-    "ifnull(t1.FModel,'') AS FModel,t2.Fitemid,t2.FItemClassNumber,t2.FItemClassName,t2.FAPAccID,"
-    "t2.FAPNumber,t2.FARAccID,t2.FARNumber,t2.FPencentPrepare FROM t_ICItem t1,icPriceDownClass t2 "
-    "WHERE t1.Fitemid=t2.Fitemid AND t1.FErpClsID NOT IN(6,8) AND t2.FItemClassNumber='00001' "
-    "ORDER BY t1.FNumber ASC";
-
-class SilentUser final : public UserQuestions, public Screen {
+class SilentScreen final : public Screen {
  public:
-  void Tell(std::u16string_view, std::u16string_view, MessageIcon) override { ++told; }
-  bool Confirm(std::u16string_view, std::u16string_view, MessageIcon) override { return false; }
   void SetMousePointer(MousePointer) noexcept override {}
   void RunPendingMessages() override {}
   double TwipsPerPixelY() const override { return 15; }
-
-  int told = 0;
 };
 
 class SilentFields final : public ItemClassFormView {
@@ -102,7 +89,7 @@ class SilentGrid final : public MemberGridView {
 // A form on the one class of a company.
 class FormStage {
  public:
-  explicit FormStage(const std::string& path) : company(path), stage_(MakeStage(path)) {}
+  explicit FormStage(const std::string& path) : stage_(MakeStage(path)) {}
 
   // What the edit command and the window do until the user sees the rows.
   void Open() {
@@ -121,8 +108,6 @@ class FormStage {
   void Send(const std::u16string& text) { Connection(Factory()).Execute(text); }
   ObjectFactory& Factory() { return stage_->Factory(); }
 
-  RawCompany company;
-
  private:
   std::unique_ptr<Stage> stage_;
   ProcessState process_;
@@ -130,20 +115,11 @@ class FormStage {
 
  public:
   SilentUser user;
-  Environment environment{Factory(), process_, user, user, u"pricedown_bench"};
+  SilentScreen screen;
+  Environment environment{Factory(), process_, user, screen, u"pricedown_bench"};
   SilentGrid grid;
   ItemClassForm form{environment, fields_, grid};
 };
-
-std::string MakeClass(const std::string& folder, int members) {
-  const std::string path = folder + "/bench-class-" + std::to_string(members) + ".db";
-  if (!std::filesystem::exists(path)) {
-    workbench::CompanyFilePlan plan;
-    plan.large = workbench::LargeCompanyPlan{1, members, 1};
-    workbench::CreateCompanyFile(path, plan);
-  }
-  return path;
-}
 
 Timing MeasureOpening(FormStage& stage) {
   return Compare(
@@ -151,7 +127,7 @@ Timing MeasureOpening(FormStage& stage) {
         stage.form.Unload();
         stage.Open();
       },
-      [&] { stage.company.Step(kMembersQuery, [](auto, auto) {}); }, kRepetitions);
+      [&] { WalkMembers(stage.Factory(), kClass); }, kRepetitions);
 }
 
 Timing MeasureText(FormStage& stage) {
@@ -195,22 +171,20 @@ Timing MeasureRemoving(FormStage& stage) {
 
 }  // namespace
 
-void MeasureEditor(const std::string& folder) {
-  std::array<std::optional<Timing>, 4> last;
+void MeasureEditor(const std::string& folder, Figures& figures) {
   for (const int members : {12500, 25000, 50000}) {
-    FormStage stage(MakeClass(folder, members));
+    FormStage stage(CopyCompany(MakeCompany(folder, members, 1), "edit"));
     // Nobody's history counts in an early period.
     stage.Factory().Create(u"ZEPWorkbench.Settings")->Put(u"CurrentYear", u"1990");
-    const auto report = [&](std::size_t place, const char* what, const Timing& timing) {
-      const auto rows = static_cast<std::size_t>(stage.form.MemberList().RecordCount());
-      Report(what, rows, timing, last[place] ? &*last[place] : nullptr);
-      last[place] = timing;
+    const auto add = [&](const char* operation, const Timing& timing) {
+      figures.Add(operation, static_cast<std::size_t>(stage.form.MemberList().RecordCount()),
+                  timing);
     };
-    report(0, "open class", MeasureOpening(stage));
-    report(1, "save text", MeasureText(stage));
-    report(2, "save class", MeasureSaving(stage));
-    report(3, "remove 100", MeasureRemoving(stage));
-    if (stage.user.told > 0) std::printf("%d refusals: the figures are wrong\n", stage.user.told);
+    add("edit open", MeasureOpening(stage));
+    add("save text", MeasureText(stage));
+    add("save", MeasureSaving(stage));
+    add("remove 100", MeasureRemoving(stage));
+    stage.user.RequireUntold();
     stage.form.Unload();
   }
 }

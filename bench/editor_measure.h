@@ -4,9 +4,11 @@
 
 #include <string>
 
+#include "bench/measure.h"
+
 namespace bench {
 
-// Prints one line per measurement; companies are made in `folder` once and kept there.
-void MeasureEditor(const std::string& folder);
+// Companies are made in `folder` once and kept there.
+void MeasureEditor(const std::string& folder, Figures& figures);
 
 }  // namespace bench

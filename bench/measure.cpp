@@ -1,8 +1,9 @@
-// The measuring loop and its report. Standard library only, so that both platforms run the same.
+// The measuring loop and its table. Standard library only, so that both platforms run the same.
 #include "bench/measure.h"
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <cstdio>
 #include <vector>
 
@@ -25,22 +26,36 @@ double Median(std::vector<double> times) {
 }  // namespace
 
 Timing Compare(const std::function<void()>& product, const std::function<void()>& raw,
-               int repetitions) {
+               int repetitions, const std::function<void()>& prepare) {
+  const auto measure = [&](const std::function<void()>& work, std::vector<double>& times) {
+    if (prepare) prepare();
+    times.push_back(Milliseconds(work));
+  };
   std::vector<double> products;
   std::vector<double> raws;
   for (int i = 0; i < repetitions; ++i) {
-    raws.push_back(Milliseconds(raw));
-    products.push_back(Milliseconds(product));
+    measure(raw, raws);
+    measure(product, products);
   }
   return {Median(products), Median(raws)};
 }
 
-void Report(const std::string& what, std::size_t amount, const Timing& timing, const Timing* half) {
-  std::printf("%-12s %9zu  product %9.1f ms  raw %9.1f ms  ratio %5.2f", what.c_str(), amount,
-              timing.product, timing.raw, timing.product / timing.raw);
-  if (half != nullptr) std::printf("  x2 -> x%.2f", timing.product / half->product);
+Figures::Figures() {
+  std::printf("%-12s  %8s  %10s  %10s  %6s  %6s\n", "operation", "amount", "product ms", "raw ms",
+              "ratio", "growth");
+}
+
+void Figures::Add(const std::string& operation, std::size_t amount, const Timing& timing) {
+  std::printf("%-12s  %8zu  %10.2f  %10.2f  %6.2f", operation.c_str(), amount, timing.product,
+              timing.raw, timing.product / timing.raw);
+  if (const auto last = last_.find(operation); last != last_.end()) {
+    const double doublings =
+        std::log2(static_cast<double>(amount) / static_cast<double>(last->second.amount));
+    std::printf("  %6.2f", std::pow(timing.product / last->second.product, 1 / doublings));
+  }
   std::printf("\n");
   std::fflush(stdout);
+  last_[operation] = {amount, timing.product};
 }
 
 }  // namespace bench

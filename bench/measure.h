@@ -1,8 +1,10 @@
-// Measures two ways of doing the same work in turns and reports the ratio of their medians.
+// Measures two ways of doing the same work in turns, and prints the medians of both.
 // It judges nothing; people read the figures.
 #pragma once
 
+#include <cstddef>
 #include <functional>
+#include <map>
 #include <string>
 
 namespace bench {
@@ -12,13 +14,26 @@ struct Timing {
   double raw = 0;
 };
 
-// Runs both in turns, so that a slow moment of the machine hits both alike.
+// Runs both in turns, so that a slow moment of the machine hits both alike. `prepare`, when there
+// is one, runs before each of them and is not measured.
 Timing Compare(const std::function<void()>& product, const std::function<void()>& raw,
-               int repetitions);
+               int repetitions, const std::function<void()>& prepare = nullptr);
 
-// One line: what, how much of it, both times, their ratio and, when `half` is given, how the
-// product's time grew from half the amount.
-void Report(const std::string& what, std::size_t amount, const Timing& timing,
-            const Timing* half = nullptr);
+// The printed table. Its columns are two or more blanks apart, for programs that read it.
+class Figures {
+ public:
+  // Prints the line of titles.
+  Figures();
+  // Prints one line: what, how much of it, both times, their ratio and how the product's time
+  // grew per doubling of the amount since the last line of the same operation.
+  void Add(const std::string& operation, std::size_t amount, const Timing& timing);
+
+ private:
+  struct Line {
+    std::size_t amount;
+    double product;
+  };
+  std::map<std::string, Line> last_;
+};
 
 }  // namespace bench

@@ -1,12 +1,13 @@
 // Filling the ledger from the grid, counting its pages, and drawing them all.
-// Raw is copying the texts of all rows once, row by row, into one text.
+// Raw is copying the texts of all rows once, row by row: into one text, and for the drawing into a
+// text of its own for each cell.
 #include "bench/print_measure.h"
 
 #include <cstdio>
-#include <optional>
 #include <string>
+#include <vector>
 
-#include "bench/measure.h"
+#include "bench/silent_ledger.h"
 #include "browser/item_grid.h"
 #include "browser/print_document.h"
 #include "browser/print_table.h"
@@ -19,12 +20,6 @@ namespace {
 using namespace pricedown;
 
 constexpr int kRepetitions = 9;
-
-class Ledger final : public LedgerDocument {
- public:
-  void Preview() override {}
-  void Print() override {}
-};
 
 // As wide as a font would make it; a device's measuring is not the library's work.
 class EvenMeasurer final : public TextMeasurer {
@@ -59,6 +54,21 @@ std::size_t CopyTexts(const Sheet& sheet, std::u16string& texts) {
   return texts.size();
 }
 
+// A page's worth of texts at a time.
+std::size_t CopyCells(const Sheet& sheet) {
+  constexpr std::int32_t kRowsPerPage = 50;
+  std::vector<std::u16string> page;
+  std::size_t texts = 0;
+  for (std::int32_t row = 1; row <= sheet.MaxRows(); ++row) {
+    if (row % kRowsPerPage == 0) page.clear();
+    for (std::int32_t column = 1; column <= sheet.MaxColumns(); ++column) {
+      page.emplace_back(sheet.Text(column, row));
+      ++texts;
+    }
+  }
+  return texts;
+}
+
 std::size_t DrawAll(const LedgerPages& pages) {
   std::size_t texts = 0;
   for (std::int32_t page = 1; page <= pages.PageCount(); ++page) {
@@ -79,7 +89,7 @@ Measured Measure(std::int32_t rows) {
   std::size_t kept = 0;
   std::u16string copy;
   const auto raw = [&] { kept += CopyTexts(sheet, copy); };
-  Ledger ledger;
+  SilentLedger ledger;
   SetPageHeader(ledger, u"");
   SetPageFooter(ledger);
   EvenMeasurer measurer;
@@ -88,22 +98,21 @@ Measured Measure(std::int32_t rows) {
   measured.fill = Compare([&] { FillPrintTable(sheet, ledger.Table()); }, raw, kRepetitions);
   measured.paginate =
       Compare([&] { kept += static_cast<std::size_t>(pages().PageCount()); }, raw, kRepetitions);
-  measured.draw = Compare([&] { kept += DrawAll(pages()); }, raw, kRepetitions);
+  measured.draw =
+      Compare([&] { kept += DrawAll(pages()); }, [&] { kept += CopyCells(sheet); }, kRepetitions);
   if (kept == 0) std::printf("nothing was printed\n");
   return measured;
 }
 
 }  // namespace
 
-void MeasurePrinting() {
-  std::optional<Measured> half;
+void MeasurePrinting(const std::string&, Figures& figures) {
   for (const std::int32_t rows : {50000, 100000, 200000}) {
     const Measured measured = Measure(rows);
     const auto amount = static_cast<std::size_t>(rows);
-    Report("print fill", amount, measured.fill, half ? &half->fill : nullptr);
-    Report("paginate", amount, measured.paginate, half ? &half->paginate : nullptr);
-    Report("all pages", amount, measured.draw, half ? &half->draw : nullptr);
-    half = measured;
+    figures.Add("print fill", amount, measured.fill);
+    figures.Add("paginate", amount, measured.paginate);
+    figures.Add("all pages", amount, measured.draw);
   }
 }
 

@@ -2,9 +2,13 @@
 // No device replays them: what a printer takes is not measured here.
 #pragma once
 
+#include <string>
+
+#include "bench/measure.h"
+
 namespace bench {
 
-// Prints one line per measurement.
-void MeasurePrinting();
+// Needs no company, so that nothing is made in the folder.
+void MeasurePrinting(const std::string& folder, Figures& figures);
 
 }  // namespace bench

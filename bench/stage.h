@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "bench/silent_user.h"
 #include "control/price_down.h"
 
 namespace bench {
@@ -14,6 +15,7 @@ class Stage {
  public:
   virtual ~Stage() = default;
   virtual pricedown::ObjectFactory& Factory() = 0;
+  virtual const SilentUser& User() const = 0;
   // A control on the open company, initialised and shown.
   virtual pricedown::PriceDown& Control() = 0;
   // Nodes into the platform's tree without the library: cleared by each BeginRaw.

@@ -1,0 +1,111 @@
+// Raw is stepping the query with SQLite for tree and grid, and the same statements through the
+// suite's objects for the click and the deletion.
+#include "bench/browser_measure.h"
+
+#include <stdexcept>
+#include <utility>
+
+#include "bench/companies.h"
+#include "bench/raw_company.h"
+#include "bench/raw_suite.h"
+#include "bench/stage.h"
+#include "platform/text.h"
+
+namespace bench {
+namespace {
+
+constexpr int kRepetitions = 5;
+constexpr std::u16string_view kClass = u"00001";
+constexpr pricedown::NodeIndex kRootNode = 1;
+constexpr pricedown::NodeIndex kClassNode = 2;
+
+void Set(Stage& stage, std::u16string_view name, std::u16string_view value) {
+  stage.Factory().Create(u"ZEPWorkbench.Settings")->Put(name, value);
+}
+
+// The library collapses a class's rows to one node; so does the raw side, row by row.
+void MeasureTree(const std::string& path, Figures& figures) {
+  const auto stage = MakeStage(path);
+  RawCompany company(path);
+  std::size_t rows = 0;
+  const Timing timing = Compare(
+      [&] { stage->Control().StripButtonClicked(u""); },
+      [&] {
+        stage->BeginRawTree();
+        std::u16string last;
+        rows = company.Step(kTreeQuery, [&](auto number, auto name) {
+          if (number == last) return;
+          last = number;
+          stage->InsertRaw(pricedown::Concatenate({number, u"(", pricedown::Trim(name), u")"}));
+        });
+        stage->EndRawTree();
+      },
+      kRepetitions);
+  figures.Add("tree load", rows, timing);
+}
+
+// By item: the root lists all items.
+void MeasureGrid(const std::string& path, Figures& figures) {
+  const auto stage = MakeStage(path);
+  Set(*stage, u"ItemClassType", u"2");
+  stage->Control().ModelCurrent();
+  stage->Control().StripButtonClicked(u"");
+  RawCompany company(path);
+  std::size_t rows = 0;
+  const Timing timing =
+      Compare([&] { stage->Control().NodeClicked(kRootNode); },
+              [&] { rows = company.Step(kAllItemsQuery, [](auto, auto) {}); }, kRepetitions);
+  Set(*stage, u"ItemClassType", u"1");
+  figures.Add("grid load", rows, timing);
+}
+
+void MeasureClick(const std::string& path, Figures& figures) {
+  const auto stage = MakeStage(path);
+  const Timing timing = Compare([&] { stage->Control().NodeClicked(kClassNode); },
+                                [&] { WalkItems(stage->Factory(), kClass); }, kRepetitions);
+  figures.Add("node click", static_cast<std::size_t>(stage->Control().ItemSheet().MaxRows()),
+              timing);
+}
+
+// The class comes back before each of the two; nobody's history counts in an early period.
+void MeasureDeletion(const std::string& path, Figures& figures) {
+  const auto stage = MakeStage(path);
+  Set(*stage, u"CurrentYear", u"1990");
+  RawCompany company(path);
+  const auto run = [&](const char* sql) { return company.Step(sql, [](auto, auto) {}); };
+  run("CREATE TEMP TABLE kept AS SELECT * FROM icPriceDownClass");
+  const auto count = [&] { return run("SELECT FItemID,FItemID FROM icPriceDownClass"); };
+  const std::size_t rows = count();
+  const auto prepare = [&] {
+    run("DELETE FROM icPriceDownClass");
+    run("INSERT INTO icPriceDownClass SELECT * FROM kept");
+    stage->Control().StripButtonClicked(u"");
+    stage->Control().NodeClicked(kClassNode);
+  };
+  const Timing timing =
+      Compare([&] { stage->Control().StripButtonClicked(u"Del"); },
+              [&] { DeleteClass(stage->Factory(), kClass); }, kRepetitions, prepare);
+  stage->User().RequireUntold();
+  if (count() > 0) throw std::runtime_error("the class was not deleted");
+  figures.Add("delete", rows, timing);
+}
+
+}  // namespace
+
+void MeasureBrowser(const std::string& folder, Figures& figures) {
+  for (const auto& [items, classes] :
+       {std::pair{250000, 5000}, {500000, 10000}, {1000000, 20000}}) {
+    MeasureTree(MakeCompany(folder, items, classes), figures);
+  }
+  for (const int items : {51000, 102000, 204000}) {
+    MeasureGrid(MakeCompany(folder, items, items / 50), figures);
+  }
+  for (const int members : {12500, 25000, 50000}) {
+    MeasureClick(MakeCompany(folder, members, 1), figures);
+  }
+  for (const int members : {12500, 25000, 50000}) {
+    MeasureDeletion(CopyCompany(MakeCompany(folder, members, 1), "delete"), figures);
+  }
+}
+
+}  // namespace bench

@@ -1,0 +1,14 @@
+// Measures tree and grid: loading them, the click on a class, and the deletion of a class.
+// The form of a class is measured elsewhere.
+#pragma once
+
+#include <string>
+
+#include "bench/measure.h"
+
+namespace bench {
+
+// Companies are made in `folder` once and kept there.
+void MeasureBrowser(const std::string& folder, Figures& figures);
+
+}  // namespace bench

@@ -1,0 +1,35 @@
+// A program that makes and shows whole controls, and the same windows without a control.
+// Natively there are no windows, and what remains is the control's core.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/automation.h"
+
+namespace bench {
+
+class Host {
+ public:
+  virtual ~Host() = default;
+  virtual pricedown::ObjectFactory& Factory() = 0;
+
+  // Makes that many whole controls, then ends them all. Throws when one fails.
+  virtual void MakeControls(int count) = 0;
+  // Makes as many sets of the windows that a control has, then ends them all.
+  virtual void MakePlain(int count) = 0;
+
+  // Makes a control in the host's window, shows and paints it. The number of its tree's nodes.
+  virtual std::size_t ShowControl() = 0;
+  // The same for a set of windows, with `nodes` under one root in its tree.
+  virtual std::size_t ShowPlain(const std::vector<std::u16string>& nodes) = 0;
+  // Ends what is shown.
+  virtual void EndShown() = 0;
+};
+
+// Opens the company at `path` (UTF-8) in the suite.
+std::unique_ptr<Host> MakeHost(const std::string& path);
+
+}  // namespace bench

@@ -1,0 +1,71 @@
+// The control's core on views that draw nothing.
+// The tree keeps its texts, as every tree does.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "bench/no_editor.h"
+#include "bench/silent_ledger.h"
+#include "bench/silent_user.h"
+#include "browser/class_tree_view.h"
+#include "browser/display_font.h"
+#include "control/price_down.h"
+#include "control/views.h"
+#include "env/screen.h"
+
+namespace bench {
+
+class SilentViews final : public pricedown::PriceDownView,
+                          public pricedown::ClassTreeView,
+                          public pricedown::FontView,
+                          public pricedown::ContainerWindow,
+                          public pricedown::Screen {
+ public:
+  std::vector<std::u16string> nodes;
+
+  void SetTitle(std::u16string_view) override {}
+  void SetTitleFont(std::u16string_view, std::int32_t, double) override {}
+  void SetPeriod(std::u16string_view) override {}
+  void SetStripButtonEnabled(std::size_t, bool) override {}
+  pricedown::Size ControlSize() const override { return {15000, 9000}; }
+  void Place(const pricedown::Layout&) override {}
+  void ShowDragBar(const pricedown::Rectangle&) override {}
+  void HideDragBar() override {}
+
+  void ClearNodes() override { nodes.clear(); }
+  void InsertNode(pricedown::NodeIndex, pricedown::NodeIndex, std::u16string_view text) override {
+    nodes.emplace_back(text);
+  }
+  void SelectNode(pricedown::NodeIndex) override {}
+  pricedown::NodeIndex SelectedNode() const override { return pricedown::kNoNode; }
+  void SetRedraw(bool) override {}
+
+  void SetTreeFont(const pricedown::Font&) override {}
+  std::int32_t MeasureLabel(const pricedown::Font&) override { return 255; }
+
+  std::u16string Caption() const override { return u"物料类别维护"; }
+  void Close() override {}
+
+  void SetMousePointer(pricedown::MousePointer) noexcept override {}
+  void RunPendingMessages() override {}
+  double TwipsPerPixelY() const override { return 15; }
+};
+
+struct SilentControl {
+  // Initialised, not shown. Both must outlive it.
+  SilentControl(pricedown::ObjectFactory& factory, pricedown::ProcessState& state)
+      : core(pricedown::PriceDownPorts{factory, state, user, views, views, views, views, views,
+                                       u"pricedown_bench", nullptr, editor, ledger}) {
+    core.Initialize();
+  }
+
+  SilentUser user;
+  SilentViews views;
+  NoEditor editor;
+  SilentLedger ledger;
+  pricedown::PriceDown core;
+};
+
+}  // namespace bench

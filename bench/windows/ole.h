@@ -1,0 +1,18 @@
+// OLE for the life of a stage or host.
+// The calls through it are windows/com.
+#pragma once
+
+#include <ole2.h>
+
+#include "windows/com/failure.h"
+
+namespace bench {
+
+struct Ole {
+  Ole() { pricedown::windows::ThrowIfFailed(OleInitialize(nullptr)); }
+  ~Ole() { OleUninitialize(); }
+  Ole(const Ole&) = delete;
+  Ole& operator=(const Ole&) = delete;
+};
+
+}  // namespace bench
