@@ -1,0 +1,30 @@
+# Two tables of pricedown_bench, native and under Wine, as one of Markdown, and below it the
+# operations that take more than three times their raw side.
+BEGIN { FS = "  +" }
+FNR == 1 { next }
+NR == FNR {
+  what[FNR] = $1 " | " $2
+  native[FNR] = $3 " | " $4 " | " $5 " | " $6
+  ratio[FNR] = $5
+  next
+}
+what[FNR] != $1 " | " $2 {
+  print "bench: the two tables do not measure the same" >"/dev/stderr"
+  failed = 1
+  exit 1
+}
+{
+  if (!($1 in lines)) operations[++count] = $1
+  lines[$1] = lines[$1] "| " what[FNR] " | " native[FNR] " | " $3 " | " $4 " | " $5 " | " $6 " |\n"
+  if ($5 > 3 || ratio[FNR] > 3) slow[$1] = 1
+}
+END {
+  if (failed || count == 0) exit 1
+  print "| Operation | Amount | Native ms | Raw ms | Ratio | Growth | Wine ms | Raw ms | Ratio | Growth |"
+  print "|---|---:|---:|---:|---:|---:|---:|---:|---:|---:|"
+  for (i = 1; i <= count; ++i) {
+    printf "%s", lines[operations[i]]
+    if (operations[i] in slow) names = names (names == "" ? " " : ", ") operations[i]
+  }
+  print "\nMore than three times the raw side at some amount:" (names == "" ? " nothing" : names) "."
+}
