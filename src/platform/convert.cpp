@@ -5,6 +5,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdio>
 #include <limits>
 
 #include "platform/error.h"
@@ -111,14 +112,15 @@ std::u16string NumberText(double number) {
   if (std::fabs(number) < kFirstWithExponent && number == std::trunc(number)) {
     return WholeNumberText(static_cast<std::int64_t>(number));
   }
+  // Not std::to_chars, whose tables for every number of digits are a sixth of the DLL.
   std::array<char, 32> buffer{};
-  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number,
-                                 std::chars_format::general, kSignificantDigits)
-                       .ptr;
-  for (char& c : buffer) {
-    if (c == 'e') c = 'E';
-  }
-  return Widened(buffer.data(), end);
+  const int length =
+      std::snprintf(buffer.data(), buffer.size(), "%.*G", kSignificantDigits, number);
+  std::u16string text = Widened(buffer.data(), buffer.data() + length);
+  // The host may have chosen another decimal separator for the process.
+  const std::size_t separator = text.find_first_not_of(u"+-E0123456789");
+  if (separator != std::u16string::npos) text[separator] = u'.';
+  return text;
 }
 
 std::u16string NumberText(std::int32_t number) { return WholeNumberText(number); }
