@@ -2,8 +2,26 @@
 // The picture itself is the window's.
 #include "windows/server/view_part.h"
 
+#include <algorithm>
+
+#include "windows/com/failure.h"
+#include "windows/ui/gdi.h"
+
 namespace pricedown::windows {
 namespace {
+
+class MemoryContext {
+ public:
+  explicit MemoryContext(HDC like) : context_(CreateCompatibleDC(like)) {}
+  MemoryContext(const MemoryContext&) = delete;
+  MemoryContext& operator=(const MemoryContext&) = delete;
+  ~MemoryContext() { DeleteDC(context_); }
+
+  HDC Get() const { return context_; }
+
+ private:
+  HDC context_;
+};
 
 // The context's state as it was, when the scope ends.
 class SavedContext {
@@ -34,6 +52,21 @@ RECT ToPixels(HDC context, const RECTL& bounds) {
           std::max(corners[0].x, corners[1].x), std::max(corners[0].y, corners[1].y)};
 }
 
+// A metafile of the old kind can neither measure nor clip: it gets the picture as a bitmap.
+void DrawAsBitmap(ControlWindow& window, HDC metafile, const RECT& bounds) {
+  RECT client{};
+  if (GetClientRect(window.Handle(), &client) == FALSE || IsRectEmpty(&client) != FALSE) return;
+  const WindowContext screen(window.Handle());
+  const MemoryContext memory(screen.Get());
+  const GdiObject<HBITMAP> bitmap(
+      CreateCompatibleBitmap(screen.Get(), WidthOf(client), HeightOf(client)));
+  if (memory.Get() == nullptr || !bitmap) ThrowIfFailed(E_OUTOFMEMORY);
+  const Selected selected(memory.Get(), bitmap.Get());
+  window.Draw(memory.Get(), client);
+  StretchBlt(metafile, bounds.left, bounds.top, WidthOf(bounds), HeightOf(bounds), memory.Get(), 0,
+             0, WidthOf(client), HeightOf(client), SRCCOPY);
+}
+
 }  // namespace
 
 STDMETHODIMP ViewPart::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC context,
@@ -45,7 +78,12 @@ STDMETHODIMP ViewPart::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC
   return Hosted().Run([&] {
     const SavedContext saved(context);
     const RECT pixels = ToPixels(context, *bounds);
-    if (IsRectEmpty(&pixels) == FALSE) Hosted().Window().Draw(context, pixels);
+    if (IsRectEmpty(&pixels) != FALSE) return;
+    if (GetObjectType(context) == OBJ_METADC) {
+      DrawAsBitmap(Hosted().Window(), context, pixels);
+    } else {
+      Hosted().Window().Draw(context, pixels);
+    }
   });
 }
 

@@ -3,65 +3,16 @@
 #include <gtest/gtest.h>
 #include <olectl.h>
 
-#include <algorithm>
-#include <cstdint>
-
 #include "tests/windows/server/control_host.h"
+#include "tests/windows/server/memory_picture.h"
 
 namespace pricedown::testing {
 namespace {
 
 using windows::ComPtr;
 
-// A 300 x 200 picture in memory.
-class Picture {
- public:
-  Picture() : context_(CreateCompatibleDC(nullptr)) {
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = kWidth;
-    info.bmiHeader.biHeight = -kHeight;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    void* bits = nullptr;
-    bitmap_ = CreateDIBSection(context_, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-    old_ = SelectObject(context_, bitmap_);
-    pixels_ = static_cast<std::uint32_t*>(bits);
-    std::fill(pixels_, pixels_ + kWidth * kHeight, kMarker);
-  }
-  ~Picture() {
-    SelectObject(context_, old_);
-    DeleteObject(bitmap_);
-    DeleteDC(context_);
-  }
-  Picture(const Picture&) = delete;
-  Picture& operator=(const Picture&) = delete;
-
-  HDC Context() const { return context_; }
-  // How many pixels of a rectangle were drawn.
-  int Drawn(const RECT& rectangle) const {
-    int drawn = 0;
-    for (LONG y = rectangle.top; y < rectangle.bottom; ++y) {
-      for (LONG x = rectangle.left; x < rectangle.right; ++x) {
-        if ((pixels_[y * kWidth + x] & 0xFFFFFF) != kMarker) ++drawn;
-      }
-    }
-    return drawn;
-  }
-
-  static constexpr int kWidth = 300;
-  static constexpr int kHeight = 200;
-
- private:
-  static constexpr std::uint32_t kMarker = 0x00FF00FE;
-  HDC context_;
-  HBITMAP bitmap_;
-  HGDIOBJ old_;
-  std::uint32_t* pixels_;
-};
-
-constexpr RECT kAll{0, 0, Picture::kWidth, Picture::kHeight};
-constexpr int kPixels = Picture::kWidth * Picture::kHeight;
+constexpr RECT kAll = MemoryPicture::kAll;
+constexpr int kPixels = MemoryPicture::kPixels;
 
 HRESULT Draw(const ControlHost& host, HDC context, RECTL bounds, DWORD aspect = DVASPECT_CONTENT) {
   return host.As<IViewObject>()->Draw(aspect, -1, nullptr, nullptr, nullptr, context, &bounds,
@@ -70,22 +21,24 @@ HRESULT Draw(const ControlHost& host, HDC context, RECTL bounds, DWORD aspect = 
 
 TEST(Drawing, FillsItsBoundsWhileInactive) {
   const ControlHost host;
-  const Picture picture;
-  EXPECT_EQ(Draw(host, picture.Context(), {0, 0, Picture::kWidth, Picture::kHeight}), S_OK);
+  const MemoryPicture picture;
+  EXPECT_EQ(Draw(host, picture.Context(), {0, 0, MemoryPicture::kWidth, MemoryPicture::kHeight}),
+            S_OK);
   EXPECT_GT(picture.Drawn(kAll), kPixels * 99 / 100);
 }
 
 TEST(Drawing, FillsItsBoundsWhileActive) {
   ControlHost host;
   host.Open();
-  const Picture picture;
-  EXPECT_EQ(Draw(host, picture.Context(), {0, 0, Picture::kWidth, Picture::kHeight}), S_OK);
+  const MemoryPicture picture;
+  EXPECT_EQ(Draw(host, picture.Context(), {0, 0, MemoryPicture::kWidth, MemoryPicture::kHeight}),
+            S_OK);
   EXPECT_GT(picture.Drawn(kAll), kPixels * 99 / 100);
 }
 
 TEST(Drawing, StaysInsideItsBounds) {
   const ControlHost host;
-  const Picture picture;
+  const MemoryPicture picture;
   EXPECT_EQ(Draw(host, picture.Context(), {50, 40, 150, 120}), S_OK);
   EXPECT_EQ(picture.Drawn(kAll), picture.Drawn({50, 40, 150, 120}));
   EXPECT_GT(picture.Drawn(kAll), 0);
@@ -93,10 +46,10 @@ TEST(Drawing, StaysInsideItsBounds) {
 
 TEST(Drawing, UnderstandsTheContextsOwnUnits) {
   const ControlHost host;
-  const Picture picture;
+  const MemoryPicture picture;
   SetMapMode(picture.Context(), MM_ANISOTROPIC);
   SetWindowExtEx(picture.Context(), 3000, 2000, nullptr);
-  SetViewportExtEx(picture.Context(), Picture::kWidth, Picture::kHeight, nullptr);
+  SetViewportExtEx(picture.Context(), MemoryPicture::kWidth, MemoryPicture::kHeight, nullptr);
   EXPECT_EQ(Draw(host, picture.Context(), {500, 400, 1500, 1200}), S_OK);
   EXPECT_EQ(GetMapMode(picture.Context()), MM_ANISOTROPIC);
   EXPECT_EQ(picture.Drawn(kAll), picture.Drawn({50, 40, 150, 120}));
@@ -106,7 +59,7 @@ TEST(Drawing, UnderstandsTheContextsOwnUnits) {
 TEST(Drawing, WorksInAMetafile) {
   const ControlHost host;
   const HDC context = CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
-  EXPECT_EQ(Draw(host, context, {0, 0, Picture::kWidth, Picture::kHeight}), S_OK);
+  EXPECT_EQ(Draw(host, context, {0, 0, MemoryPicture::kWidth, MemoryPicture::kHeight}), S_OK);
   const HENHMETAFILE metafile = CloseEnhMetaFile(context);
   ENHMETAHEADER header{};
   ASSERT_NE(GetEnhMetaFileHeader(metafile, sizeof header, &header), 0U);
@@ -116,7 +69,7 @@ TEST(Drawing, WorksInAMetafile) {
 
 TEST(Drawing, RefusesWhatItCannotDraw) {
   const ControlHost host;
-  const Picture picture;
+  const MemoryPicture picture;
   EXPECT_EQ(Draw(host, picture.Context(), {0, 0, 10, 10}, DVASPECT_ICON), DV_E_DVASPECT);
   EXPECT_EQ(Draw(host, nullptr, {0, 0, 10, 10}), E_INVALIDARG);
   EXPECT_EQ(Draw(host, picture.Context(), {5, 5, 5, 5}), S_OK);
@@ -127,7 +80,7 @@ TEST(Drawing, OfADeadWindowDoesNothing) {
   ControlHost host;
   host.Open();
   host.frame.Destroy();
-  const Picture picture;
+  const MemoryPicture picture;
   EXPECT_EQ(Draw(host, picture.Context(), {0, 0, 100, 100}), S_OK);
 }
 
