@@ -48,7 +48,9 @@ void HostedControl::NewSession() {
   window.OnUiActivate([this, hold] {
     const std::shared_ptr<void> held = hold();
     const auto session = session_;
-    if (activation_.IsActive()) activation_.ActivateUi(activeObject_, session->Window(), false);
+    if (activation_.IsActive()) {
+      activation_.ActivateUi(activeObject_, session->Window(), TakeFocus::No);
+    }
   });
   FitParkedWindow();
 }
@@ -84,6 +86,8 @@ void HostedControl::Start() {
     End();
     NewSession();
   }
+  // On a form that is being designed mouse and keyboard are the designer's.
+  EnableWindow(Window().Handle(), TakesInput() ? TRUE : FALSE);
   if (userMode_) session_->Initialize();
 }
 
@@ -92,7 +96,7 @@ void HostedControl::End() noexcept {
   session->Terminate();
 }
 
-void HostedControl::Activate(bool ui) {
+void HostedControl::Activate(bool ui, bool atLast) {
   const auto site = site_.Copy();
   if (!site) throw AutomationError(OLE_E_NOT_INPLACEACTIVE, u"控件没有容器");
   FirstFailure steps;
@@ -106,7 +110,8 @@ void HostedControl::Activate(bool ui) {
     if (!activation_.IsActive()) return;
     site->ShowObject();
     if (ui && activation_.IsActive()) {
-      activation_.ActivateUi(activeObject_, session->Window(), true);
+      activation_.ActivateUi(activeObject_, session->Window(),
+                             atLast ? TakeFocus::AtLast : TakeFocus::AtFirst);
     }
   });
   steps.Rethrow();

@@ -54,11 +54,14 @@ class HostedControl {
   // The container's user mode may have changed.
   void AmbientChanged(DISPID property);
 
-  // Makes the session whole again after its end and activates. Throws AutomationError.
-  void Activate(bool ui);
+  // Makes the session whole again after its end and activates. UI activation gives the focus to
+  // the first child in tab order, or to the last one. Throws AutomationError.
+  void Activate(bool ui, bool atLast = false);
   void DeactivateUi() { activation_.DeactivateUi(site_.Copy().get()); }
   void Deactivate();
   const InPlaceActivation& Activation() const { return activation_; }
+  // False in design mode.
+  bool TakesInput() const { return userMode_; }
   void SetRects(const RECT& position, const RECT& clip);
 
   // Ends the session; the object can be taken up by a container again.

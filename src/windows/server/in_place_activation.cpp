@@ -57,7 +57,7 @@ void InPlaceActivation::Activate(IOleClientSite& client, ControlWindow& window) 
 }
 
 void InPlaceActivation::ActivateUi(IOleInPlaceActiveObject& self, ControlWindow& window,
-                                   bool takeFocus) {
+                                   TakeFocus takeFocus) {
   if (!uiActive_) {
     uiActive_ = true;
     const auto site = site_.Copy();
@@ -76,8 +76,9 @@ void InPlaceActivation::ActivateUi(IOleInPlaceActiveObject& self, ControlWindow&
     TellFocus(site.As<IOleClientSite>().get(), TRUE);
   }
   const HWND focus = GetFocus();
-  if (takeFocus && uiActive_ && focus != window.Handle() && !IsChild(window.Handle(), focus)) {
-    window.SetFocusFirst(false);
+  if (takeFocus != TakeFocus::No && uiActive_ && focus != window.Handle() &&
+      !IsChild(window.Handle(), focus)) {
+    window.SetFocusFirst(takeFocus == TakeFocus::AtLast);
   }
 }
 

@@ -10,6 +10,9 @@
 
 namespace pricedown::windows {
 
+// Which child gets the focus, unless one has it.
+enum class TakeFocus { No, AtFirst, AtLast };
+
 class InPlaceActivation {
  public:
   bool IsActive() const { return site_.get() != nullptr; }
@@ -18,9 +21,8 @@ class InPlaceActivation {
   // Moves the window into the container. Harmless when it is there already. Throws
   // AutomationError when the container refuses; nothing is active then.
   void Activate(IOleClientSite& site, ControlWindow& window);
-  // Makes the control the container's active one. With `takeFocus` its first child gets the
-  // focus unless one has it. Requires: active.
-  void ActivateUi(IOleInPlaceActiveObject& self, ControlWindow& window, bool takeFocus);
+  // Makes the control the container's active one. Requires: active.
+  void ActivateUi(IOleInPlaceActiveObject& self, ControlWindow& window, TakeFocus takeFocus);
   // Every step runs even when the container refuses one.
   void DeactivateUi(IOleClientSite* site);
   void Deactivate(IOleClientSite* site, ControlWindow& window);

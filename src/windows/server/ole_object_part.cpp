@@ -19,6 +19,12 @@ LPOLESTR TaskCopy(const wchar_t* text) {
   return static_cast<LPOLESTR>(copy);
 }
 
+// Shift and Tab come in at the end of the control.
+bool ComesBackwards(const MSG* message) {
+  return message != nullptr && message->message == WM_KEYDOWN && message->wParam == VK_TAB &&
+         GetKeyState(VK_SHIFT) < 0;
+}
+
 }  // namespace
 
 STDMETHODIMP OleObjectPart::SetClientSite(IOleClientSite* site) noexcept {
@@ -55,7 +61,7 @@ STDMETHODIMP OleObjectPart::GetClipboardData(DWORD, IDataObject** data) noexcept
   return E_NOTIMPL;
 }
 
-STDMETHODIMP OleObjectPart::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND,
+STDMETHODIMP OleObjectPart::DoVerb(LONG verb, LPMSG message, IOleClientSite*, LONG, HWND,
                                    LPCRECT) noexcept {
   return Hosted().Run([&]() -> HRESULT {
     switch (verb) {
@@ -65,7 +71,7 @@ STDMETHODIMP OleObjectPart::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND
         return S_OK;
       case OLEIVERB_PRIMARY:
       case OLEIVERB_UIACTIVATE:
-        Hosted().Activate(true);
+        Hosted().Activate(true, ComesBackwards(message));
         return S_OK;
       case OLEIVERB_HIDE:
         Hosted().DeactivateUi();
