@@ -9,20 +9,21 @@
 namespace pricedown::testing {
 
 STDMETHODIMP RecordingSite::GetWindow(HWND* window) noexcept {
-  *window = window_;
-  return IsWindow(window_) != FALSE ? S_OK : E_FAIL;
+  *window = refusedCall == "GetWindow" ? nullptr : window_;
+  return IsWindow(*window) != FALSE ? S_OK : E_FAIL;
 }
 
 STDMETHODIMP RecordingSite::OnInPlaceActivate() noexcept {
-  Logged("OnInPlaceActivate");
+  const HRESULT code = Logged("OnInPlaceActivate");
   if (onActivate) onActivate();
-  return S_OK;
+  return code;
 }
 
 STDMETHODIMP RecordingSite::GetWindowContext(IOleInPlaceFrame** frame,
                                              IOleInPlaceUIWindow** document, LPRECT position,
                                              LPRECT clip, LPOLEINPLACEFRAMEINFO info) noexcept {
   EXPECT_EQ(info->cb, sizeof(OLEINPLACEFRAMEINFO));
+  if (refusedCall == "GetWindowContext") return E_FAIL;
   AddRef();
   *frame = this;
   *document = nullptr;

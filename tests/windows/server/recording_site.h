@@ -33,10 +33,12 @@ class RecordingSite final : public windows::ComClass<IOleClientSite, IOleInPlace
       : log_(std::move(log)), window_(window), position_(position) {}
 
   // What the host answers.
-  std::optional<bool> userMode;  // none: no such ambient property
-  ObjectPtr extender;            // none: no extended control
+  std::optional<Value> userMode;  // none: no such ambient property
+  ObjectPtr extender;             // none: no extended control
   HRESULT canActivate = S_OK;
   HRESULT translates = S_FALSE;
+  // The call that fails: as it is logged, or GetWindow or GetWindowContext.
+  std::string refusedCall;
   // Runs while the host is told of the activation.
   std::function<void()> onActivate;
 
@@ -122,7 +124,7 @@ class RecordingSite final : public windows::ComClass<IOleClientSite, IOleInPlace
  private:
   HRESULT Logged(const char* line) noexcept {
     log_.Add(std::string("site ") + line);
-    return S_OK;
+    return refusedCall == line ? E_FAIL : S_OK;
   }
   HRESULT Unexpected(const char* call) noexcept {
     ADD_FAILURE() << "unexpected call of the container: " << call;
