@@ -2,11 +2,13 @@
 // Reading numbers out of text is number_scan.cpp.
 #include "platform/convert.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <limits>
+#include <string_view>
 
 #include "platform/error.h"
 #include "platform/number_scan.h"
@@ -116,11 +118,12 @@ std::u16string NumberText(double number) {
   std::array<char, 32> buffer{};
   const int length =
       std::snprintf(buffer.data(), buffer.size(), "%.*G", kSignificantDigits, number);
-  std::u16string text = Widened(buffer.data(), buffer.data() + length);
   // The host may have chosen another decimal separator for the process.
-  const std::size_t separator = text.find_first_not_of(u"+-E0123456789");
-  if (separator != std::u16string::npos) text[separator] = u'.';
-  return text;
+  constexpr std::string_view kOthers = "+-E0123456789";
+  std::replace_if(
+      buffer.data(), buffer.data() + length,
+      [&](char c) { return kOthers.find(c) == std::string_view::npos; }, '.');
+  return Widened(buffer.data(), buffer.data() + length);
 }
 
 std::u16string NumberText(std::int32_t number) { return WholeNumberText(number); }
