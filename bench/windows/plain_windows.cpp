@@ -25,7 +25,6 @@ struct Part {
 
 // Two lines, two headings, the splitter, its drag bar and the grid's pane are labels here.
 constexpr Part kParts[] = {
-    {L"STATIC", SS_LEFT, {8, 5, 600, 39}},
     {L"STATIC", SS_RIGHT, {632, 22, 792, 39}},
     {L"STATIC", SS_LEFT, {632, 5, 712, 22}},
     {L"STATIC", SS_RIGHT, {712, 5, 792, 22}},
@@ -41,6 +40,7 @@ constexpr Part kParts[] = {
     {STATUSCLASSNAMEW, CCS_NOPARENTALIGN, {0, 578, 800, 600}},
     {WC_LISTVIEWW, LVS_REPORT | LVS_OWNERDATA, {204, 98, 800, 578}},
 };
+constexpr RECT kTitle{8, 5, 600, 39};
 constexpr RECT kToolBar{0, 46, 800, 76};
 constexpr RECT kTree{0, 98, 200, 578};
 constexpr double kTitlePoints = 18;
@@ -55,11 +55,11 @@ PlainWindows::PlainWindows(HWND parent) {
   const Dpi dpi = Dpi::Of(frame_);
   font_ = MakeMessageFont(dpi);
   titleFont_ = MakeMessageFont(kTitlePoints, dpi);
+  SendMessageW(Child(L"STATIC", SS_LEFT, kTitle), WM_SETFONT,
+               reinterpret_cast<WPARAM>(titleFont_.Get()), FALSE);
   for (const Part& part : kParts) Child(part.className, part.style, part.area);
   FillToolBar(Child(TOOLBARCLASSNAMEW, TBSTYLE_FLAT | TBSTYLE_LIST | CCS_NORESIZE, kToolBar));
   tree_ = Child(WC_TREEVIEWW, TVS_HASLINES | TVS_LINESATROOT | TVS_HASBUTTONS, kTree);
-  SendMessageW(GetWindow(frame_, GW_CHILD), WM_SETFONT, reinterpret_cast<WPARAM>(titleFont_.Get()),
-               FALSE);
 }
 
 PlainWindows::~PlainWindows() { DestroyWindow(frame_); }
