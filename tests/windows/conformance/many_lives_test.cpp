@@ -19,7 +19,7 @@ namespace {
 using windows::ComPtr;
 
 // Less than the smallest block of memory in every life.
-constexpr long kBytesPerLife = 8;
+constexpr long kBytesPerLife = 4;
 
 // The usual number of lives, or this part of what scripts/lives asks for.
 int Lives(int usual, int part) {
