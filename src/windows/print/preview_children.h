@@ -10,7 +10,6 @@
 #include "windows/print/preview_buttons.h"
 #include "windows/print/preview_pane.h"
 #include "windows/ui/child_events.h"
-#include "windows/ui/fonts.h"
 #include "windows/ui/frame_windows.h"
 #include "windows/ui/plain_control.h"
 #include "windows/ui/strip_window.h"
@@ -54,8 +53,6 @@ struct PreviewChildren {
         pane(paneEvents, state, pages) {}
 
   VisualStyles styles;
-  // Before the windows that show it, so that it outlives those.
-  FontHandle font;
   PreviewBar documentBar;
   PlainControl pageLabel;
   PlainControl pageField;

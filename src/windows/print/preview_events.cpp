@@ -12,14 +12,11 @@
 #include "windows/print/preview_children.h"
 #include "windows/print/preview_ids.h"
 #include "windows/print/preview_window.h"
-#include "windows/ui/gdi.h"
 #include "windows/ui/message_box_questions.h"
 
 namespace pricedown::windows {
 namespace {
 
-// Newer than the headers' lowest supported system.
-constexpr UINT kDpiChanged = 0x02E0;
 // Sent to oneself once a list has put its own text into its field.
 constexpr UINT kZoomChosen = WM_APP + 1;
 
@@ -167,17 +164,11 @@ void PreviewWindow::RemakePages() {
   state_.SetPages(pages_.Count(), pages_.PrintedPaper());
 }
 
-LRESULT PreviewWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
-  const int id = LOWORD(wParam);
-  const int code = HIWORD(wParam);
-  const auto sender = reinterpret_cast<HWND>(lParam);
+void PreviewWindow::OnChildCommand(HWND child, int id, int code) {
   PreviewChildren& c = *children_;
-  if (sender == nullptr) {
-    if (id == IDCANCEL) Run(PreviewCommand::Close);
-    if (id == IDOK) OnEnter();
-  } else if (sender == c.documentBar.strip.Handle()) {
+  if (child == c.documentBar.strip.Handle()) {
     c.documentBar.strip.OnCommand(id);
-  } else if (sender == c.viewBar.strip.Handle()) {
+  } else if (child == c.viewBar.strip.Handle()) {
     c.viewBar.strip.OnCommand(id);
   } else if (id == preview_ids::kPage && code == EN_KILLFOCUS) {
     // Nothing is left that was typed and not taken.
@@ -187,7 +178,6 @@ LRESULT PreviewWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
   } else if (id == preview_ids::kZoom && code == CBN_KILLFOCUS) {
     ShowZoom();
   }
-  return 0;
 }
 
 LRESULT PreviewWindow::OnNotify(NMHDR& header) {
@@ -201,84 +191,14 @@ LRESULT PreviewWindow::OnNotify(NMHDR& header) {
   return 0;
 }
 
-void PreviewWindow::OnDpiChanged(const RECT& suggested) {
-  const Dpi dpi = Dpi::Of(Handle());
-  children_->documentBar.strip.TakeAppearance(dpi);
-  children_->viewBar.strip.TakeAppearance(dpi);
-  children_->pane.TakeAppearance();
-  MakeFonts();
-  SetWindowPos(Handle(), nullptr, suggested.left, suggested.top, WidthOf(suggested),
-               HeightOf(suggested), SWP_NOZORDER | SWP_NOACTIVATE);
-  LayOut();
+void PreviewWindow::OnDestroy() {
+  if (const auto closing = std::exchange(closing_, nullptr)) closing();
 }
 
 LRESULT PreviewWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-  switch (message) {
-    case WM_COMMAND:
-      return OnCommand(wParam, lParam);
-    case WM_NOTIFY:
-      return OnNotify(*reinterpret_cast<NMHDR*>(lParam));
-    case kZoomChosen:
-      TakeZoomChoice();
-      return 0;
-    case WM_SIZE:
-      LayOut();
-      return 0;
-    case WM_GETMINMAXINFO:
-      if (children_->font) {
-        const Dpi dpi = Dpi::Of(Handle());
-        const SIZE least = LeastPreviewSize(Measures(), dpi);
-        RECT area{0, 0, least.cx, least.cy};
-        AdjustFrame(area, static_cast<DWORD>(GetWindowLongPtrW(Handle(), GWL_STYLE)),
-                    static_cast<DWORD>(GetWindowLongPtrW(Handle(), GWL_EXSTYLE)), dpi);
-        reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {WidthOf(area), HeightOf(area)};
-      }
-      return 0;
-    case WM_ERASEBKGND: {
-      RECT area{};
-      GetClientRect(Handle(), &area);
-      FillArea(reinterpret_cast<HDC>(wParam), area, GetSysColor(COLOR_BTNFACE));
-      return 1;
-    }
-    case WM_CTLCOLORSTATIC:
-      SetTextColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_BTNTEXT));
-      SetBkColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_BTNFACE));
-      return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
-    case WM_SETCURSOR:
-      if (!waiting_) return Default(message, wParam, lParam);
-      SetCursor(LoadCursorW(nullptr, IDC_WAIT));
-      return TRUE;
-    case WM_ACTIVATE:
-      if (LOWORD(wParam) == WA_INACTIVE) {
-        if (IsChild(Handle(), GetFocus()) != FALSE) lastFocus_ = GetFocus();
-      } else if (lastFocus_ != nullptr && IsChild(Handle(), lastFocus_) != FALSE) {
-        SetFocus(lastFocus_);
-      }
-      return 0;
-    case WM_SETFOCUS:
-      SetFocus(children_->pane.Handle());
-      return 0;
-    case WM_CLOSE:
-      Close();
-      return 0;
-    case WM_DESTROY:
-      // The owner has gone and takes the window along.
-      if (const auto closing = std::exchange(closing_, nullptr)) closing();
-      return 0;
-    case WM_SYSCOLORCHANGE:
-    case WM_THEMECHANGED:
-      for (const HWND child :
-           {children_->documentBar.strip.Handle(), children_->viewBar.strip.Handle()}) {
-        if (child != nullptr) SendMessageW(child, message, wParam, lParam);
-      }
-      RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
-      return 0;
-    case kDpiChanged:
-      OnDpiChanged(*reinterpret_cast<const RECT*>(lParam));
-      return 0;
-    default:
-      return Default(message, wParam, lParam);
-  }
+  if (message != kZoomChosen) return ModalFrameWindow::OnMessage(message, wParam, lParam);
+  TakeZoomChoice();
+  return 0;
 }
 
 }  // namespace pricedown::windows

@@ -115,9 +115,7 @@ bool PreviewWindow::OnKeyDown(const MSG& message) {
 }
 
 bool PreviewWindow::TranslateKey(MSG& message) {
-  if (Handle() == nullptr) return false;
-  const bool ours = message.hwnd == Handle() || IsChild(Handle(), message.hwnd) != FALSE;
-  if (!ours) return false;
+  if (!IsOurs(message)) return false;
   const HWND zoom = children_->zoom.Handle();
   if (message.message == WM_MOUSEWHEEL && message.hwnd != children_->pane.Handle() &&
       SendMessageW(zoom, CB_GETDROPPEDSTATE, 0, 0) == FALSE) {

@@ -36,21 +36,6 @@ constexpr std::u16string_view kWidestZoom = u"500%";
 constexpr int kFieldEdges = 10;
 constexpr int kDropDownHeight = 320;
 constexpr int kEnoughHeight = 600;  // of an owner whose height is taken
-constexpr DWORD kStyle =
-    WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MAXIMIZEBOX | WS_CLIPCHILDREN;
-constexpr DWORD kExtendedStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
-
-void Move(const BoundWindow& window, const RECT& place) {
-  if (window.Handle() == nullptr) return;
-  SetWindowPos(window.Handle(), nullptr, place.left, place.top, WidthOf(place), HeightOf(place),
-               SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-SIZE Outer(SIZE client, Dpi dpi) {
-  RECT area{0, 0, client.cx, client.cy};
-  AdjustFrame(area, kStyle, kExtendedStyle, dpi);
-  return {WidthOf(area), HeightOf(area)};
-}
 
 void Append(HWND combo, std::u16string_view text) {
   SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(ToWide(text).c_str()));
@@ -59,7 +44,7 @@ void Append(HWND combo, std::u16string_view text) {
 }  // namespace
 
 PreviewWindow::PreviewWindow(HINSTANCE module, PreviewPages& pages)
-    : module_(module), pages_(pages) {}
+    : ModalFrameWindow(module), pages_(pages) {}
 
 PreviewWindow::~PreviewWindow() {
   // The children's windows go with this one; none of their messages may find a dead window.
@@ -70,79 +55,62 @@ PreviewWindow::~PreviewWindow() {
 void PreviewWindow::MakeChildren() {
   if (children_ != nullptr) return;
   children_ = std::make_unique<PreviewChildren>(
-      module_, [this](PreviewCommand command) { Run(command); },
-      [this](bool backwards) {
-        const HWND next = GetNextDlgTabItem(Handle(), GetFocus(), backwards ? TRUE : FALSE);
-        if (next != nullptr) SetFocus(next);
-      },
-      static_cast<PaneEvents&>(*this), state_, pages_);
+      Module(), [this](PreviewCommand command) { Run(command); },
+      [this](bool backwards) { FocusNext(backwards); }, static_cast<PaneEvents&>(*this), state_,
+      pages_);
 }
 
 void PreviewWindow::Create(HWND owner, FontDialog& fonts) {
   MakeChildren();
   const VisualStyles::Scope styles(children_->styles);
-  owner_ = owner;
   fonts_ = &fonts;
-  lastFocus_ = nullptr;
-  complete_ = waiting_ = busy_ = closeAfter_ = false;
+  complete_ = busy_ = closeAfter_ = false;
   state_ = {};
   state_.SetPages(pages_.Count(), pages_.PrintedPaper());
-  const std::wstring title = ToWide(Translate(kTitle));
-  Creation creation;
-  creation.className = L"PriceDown.Preview";
-  creation.text = title.c_str();
-  creation.style = kStyle;
-  creation.extendedStyle = kExtendedStyle;
-  creation.parent = owner;
-  creation.module = module_;
-  CreateOwn(creation);
-  try {
-    CreateChildren();
-    MakeFonts();
-  } catch (...) {
-    Destroy();
-    throw;
-  }
+  CreateFrame(L"PriceDown.Preview", owner, Translate(kTitle));
 }
 
-// In tab order.
 void PreviewWindow::CreateChildren() {
   PreviewChildren& c = *children_;
   const Dpi dpi = Dpi::Of(Handle());
   const auto label = [&](PlainControl& control, int id, std::u16string_view text) {
-    control.Create(Handle(), module_, L"STATIC", id, WS_VISIBLE | SS_LEFT | SS_CENTERIMAGE,
+    control.Create(Handle(), Module(), L"STATIC", id, WS_VISIBLE | SS_LEFT | SS_CENTERIMAGE,
                    Translate(text));
   };
-  c.documentBar.strip.Create(Handle(), module_, preview_ids::kDocumentBar, dpi,
+  c.documentBar.strip.Create(Handle(), Module(), preview_ids::kDocumentBar, dpi,
                              Translate(kDocumentBarName));
   label(c.pageLabel, preview_ids::kPageLabel, kPageLabel);
-  c.pageField.Create(Handle(), module_, L"EDIT", preview_ids::kPage,
+  c.pageField.Create(Handle(), Module(), L"EDIT", preview_ids::kPage,
                      WS_VISIBLE | WS_TABSTOP | WS_BORDER | ES_AUTOHSCROLL | ES_RIGHT);
   SendMessageW(c.pageField.Handle(), EM_SETLIMITTEXT, kWidestPage.size(), 0);
   label(c.pageCount, preview_ids::kPageCount, u"");
   label(c.zoomLabel, preview_ids::kZoomLabel, kZoomLabel);
-  c.zoom.Create(Handle(), module_, L"COMBOBOX", preview_ids::kZoom,
+  c.zoom.Create(Handle(), Module(), L"COMBOBOX", preview_ids::kZoom,
                 WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL);
   Append(c.zoom.Handle(), Translate(kFitPage));
   Append(c.zoom.Handle(), Translate(kFitWidth));
   for (const int percent : kPercents) {
     Append(c.zoom.Handle(), NumberText(std::int32_t{percent}) + u"%");
   }
-  c.viewBar.strip.Create(Handle(), module_, preview_ids::kViewBar, dpi, Translate(kViewBarName));
-  c.line.Create(Handle(), module_, preview_ids::kLine);
-  c.pane.Create(Handle(), module_, preview_ids::kPane, ToWide(Translate(kPaneName)).c_str());
+  c.viewBar.strip.Create(Handle(), Module(), preview_ids::kViewBar, dpi, Translate(kViewBarName));
+  c.line.Create(Handle(), Module(), preview_ids::kLine);
+  c.pane.Create(Handle(), Module(), preview_ids::kPane, ToWide(Translate(kPaneName)).c_str());
 }
 
-void PreviewWindow::MakeFonts() {
+void PreviewWindow::GiveFonts(HFONT font) {
   PreviewChildren& c = *children_;
-  FontHandle font = MakeMessageFont(Dpi::Of(Handle()));
   for (const BoundWindow* window : std::initializer_list<const BoundWindow*>{
            &c.pageLabel, &c.pageField, &c.pageCount, &c.zoomLabel, &c.zoom}) {
-    GiveFont(window->Handle(), font.Get());
+    GiveFont(window->Handle(), font);
   }
-  c.documentBar.strip.SetFont(font.Get());
-  c.viewBar.strip.SetFont(font.Get());
-  c.font = std::move(font);
+  c.documentBar.strip.SetFont(font);
+  c.viewBar.strip.SetFont(font);
+}
+
+void PreviewWindow::TakeResolution(Dpi dpi) {
+  children_->documentBar.strip.TakeAppearance(dpi);
+  children_->viewBar.strip.TakeAppearance(dpi);
+  children_->pane.TakeAppearance();
 }
 
 PreviewMeasures PreviewWindow::Measures() const {
@@ -150,7 +118,7 @@ PreviewMeasures PreviewWindow::Measures() const {
   const Dpi dpi = Dpi::Of(Handle());
   const WindowContext context(Handle());
   const auto width = [&](std::u16string_view text) {
-    return TextWidth(context.Get(), c.font.Get(), ToWide(text));
+    return TextWidth(context.Get(), TextFont(), ToWide(text));
   };
   // The sign of a mnemonic is not shown.
   const int mnemonic = width(u"&");
@@ -165,63 +133,54 @@ PreviewMeasures PreviewWindow::Measures() const {
   measures.zoomLabel = width(Translate(kZoomLabel)) - mnemonic;
   measures.zoom = {width(kWidestZoom) + 2 * dpi.Scale(kFieldEdges) + GetSystemMetrics(SM_CXVSCROLL),
                    HeightOf(zoom)};
-  measures.lineHeight = LineHeight(context.Get(), c.font.Get());
+  measures.lineHeight = LineHeight(context.Get(), TextFont());
   return measures;
 }
 
-void PreviewWindow::LayOut() {
-  if (Handle() == nullptr || !children_->font) return;
-  PreviewChildren& c = *children_;
-  RECT client{};
-  GetClientRect(Handle(), &client);
-  const Dpi dpi = Dpi::Of(Handle());
-  PreviewPlaces places = PlacePreview({client.right, client.bottom}, Measures(), dpi);
-  Move(c.documentBar.strip, places.documentBar);
-  Move(c.pageLabel, places.pageLabel);
-  Move(c.pageField, places.pageField);
-  Move(c.pageCount, places.pageCount);
-  Move(c.zoomLabel, places.zoomLabel);
-  // Its height is that of the open list; closed it follows the font.
-  places.zoom.bottom += dpi.Scale(kDropDownHeight);
-  Move(c.zoom, places.zoom);
-  Move(c.viewBar.strip, places.viewBar);
-  Move(c.line, places.line);
-  Move(c.pane, places.pane);
+SIZE PreviewWindow::LeastSize(Dpi dpi) const { return LeastPreviewSize(Measures(), dpi); }
+
+std::array<HWND, 2> PreviewWindow::ThemedChildren() const {
+  return {children_->documentBar.strip.Handle(), children_->viewBar.strip.Handle()};
 }
 
-// As large as the owner, or larger where that one is small, over it and inside its screen.
-void PreviewWindow::Centre() {
+void PreviewWindow::FocusFirst() { SetFocus(children_->pane.Handle()); }
+
+void PreviewWindow::PlaceChildren(SIZE client, Dpi dpi) {
+  PreviewChildren& c = *children_;
+  PreviewPlaces places = PlacePreview(client, Measures(), dpi);
+  GivePlace(c.documentBar.strip.Handle(), places.documentBar);
+  GivePlace(c.pageLabel.Handle(), places.pageLabel);
+  GivePlace(c.pageField.Handle(), places.pageField);
+  GivePlace(c.pageCount.Handle(), places.pageCount);
+  GivePlace(c.zoomLabel.Handle(), places.zoomLabel);
+  // Its height is that of the open list; closed it follows the font.
+  places.zoom.bottom += dpi.Scale(kDropDownHeight);
+  GivePlace(c.zoom.Handle(), places.zoom);
+  GivePlace(c.viewBar.strip.Handle(), places.viewBar);
+  GivePlace(c.line.Handle(), places.line);
+  GivePlace(c.pane.Handle(), places.pane);
+}
+
+// As large as the owner, or larger where that one is small.
+SIZE PreviewWindow::FirstSize() const {
   const Dpi dpi = Dpi::Of(Handle());
-  MONITORINFO monitor{};
-  monitor.cbSize = sizeof monitor;
-  GetMonitorInfoW(
-      MonitorFromWindow(owner_ != nullptr ? owner_ : Handle(), MONITOR_DEFAULTTONEAREST), &monitor);
-  const RECT& work = monitor.rcWork;
-  SIZE size = Outer(FirstPreviewSize(Measures(), dpi), dpi);
-  RECT owner = work;
-  if (owner_ != nullptr && IsIconic(owner_) == FALSE) {
-    GetWindowRect(owner_, &owner);
-    size.cx = std::max<LONG>(size.cx, WidthOf(owner));
-    if (HeightOf(owner) >= dpi.Scale(kEnoughHeight)) size.cy = HeightOf(owner);
+  SIZE size = OuterSize(FirstPreviewSize(Measures(), dpi));
+  if (const auto owner = OwnerArea()) {
+    size.cx = std::max<LONG>(size.cx, WidthOf(*owner));
+    if (HeightOf(*owner) >= dpi.Scale(kEnoughHeight)) size.cy = HeightOf(*owner);
   }
-  const LONG width = std::min<LONG>(size.cx, WidthOf(work));
-  const LONG height = std::min<LONG>(size.cy, HeightOf(work));
-  const LONG left =
-      std::clamp((owner.left + owner.right - width) / 2, work.left, work.right - width);
-  const LONG top =
-      std::clamp((owner.top + owner.bottom - height) / 2, work.top, work.bottom - height);
-  SetWindowPos(Handle(), nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+  return size;
 }
 
 void PreviewWindow::Show(std::function<void()> closing) {
   if (Handle() == nullptr) return;
   closing_ = std::move(closing);
-  Centre();
+  Centre(FirstSize());
   LayOut();
   complete_ = true;
   PaneChanges([] {});
   ShowWindow(Handle(), SW_SHOW);
-  SetFocus(children_->pane.Handle());
+  FocusFirst();
 }
 
 void PreviewWindow::Close() noexcept {
@@ -232,17 +191,6 @@ void PreviewWindow::Close() noexcept {
   }
   if (const auto closing = std::exchange(closing_, nullptr)) closing();
   Destroy();
-}
-
-HWND PreviewWindow::DialogOwner() const {
-  if (Handle() != nullptr && IsWindowVisible(Handle()) != FALSE) return Handle();
-  return owner_ != nullptr && IsWindow(owner_) != FALSE ? owner_ : GetActiveWindow();
-}
-
-void PreviewWindow::SetWaiting(bool waiting) {
-  waiting_ = waiting;
-  // At once: while a command runs, no message asks for the pointer.
-  SetCursor(LoadCursorW(nullptr, waiting ? IDC_WAIT : IDC_ARROW));
 }
 
 void PreviewWindow::ShowState() {

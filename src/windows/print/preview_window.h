@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <array>
 #include <functional>
 #include <memory>
 
@@ -14,15 +15,14 @@
 #include "windows/print/preview_layout.h"
 #include "windows/print/preview_pages.h"
 #include "windows/print/preview_pane.h"
-#include "windows/ui/bound_window.h"
-#include "windows/ui/command_window.h"
+#include "windows/ui/modal_frame_window.h"
 
 namespace pricedown::windows {
 
 struct PreviewChildren;
 
 // One object serves any number of showings; the system's windows live for one.
-class PreviewWindow final : public CommandWindow, private BoundWindow, private PaneEvents {
+class PreviewWindow final : public ModalFrameWindow, private PaneEvents {
  public:
   // `pages` must outlive the window.
   PreviewWindow(HINSTANCE module, PreviewPages& pages);
@@ -41,23 +41,28 @@ class PreviewWindow final : public CommandWindow, private BoundWindow, private P
   // A message of the modal loop; true when it was used up.
   bool TranslateKey(MSG& message);
 
-  // CommandWindow
-  HWND Window() const override { return Handle(); }
-  HWND DialogOwner() const override;
-  void SetWaiting(bool waiting) override;
-
  private:
+  // ModalFrameWindow
+  void CreateChildren() override;
+  void GiveFonts(HFONT font) override;
+  void TakeResolution(Dpi dpi) override;
+  void PlaceChildren(SIZE client, Dpi dpi) override;
+  SIZE LeastSize(Dpi dpi) const override;
+  std::array<HWND, 2> ThemedChildren() const override;
+  void FocusFirst() override;
+  void OnEscape() override { Run(PreviewCommand::Close); }
+  void OnEnter() override;
+  void OnChildCommand(HWND child, int id, int code) override;
+  LRESULT OnNotify(NMHDR& header) override;
+  void OnClose() override { Close(); }
+  void OnDestroy() override;
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
-  LRESULT OnCommand(WPARAM wParam, LPARAM lParam);
-  LRESULT OnNotify(NMHDR& header);
-  void OnDpiChanged(const RECT& suggested);
-  bool OnKeyDown(const MSG& message);
-  void OnEnter();
 
   // PaneEvents
   void PaneChanges(const std::function<void()>& change) override;
   void PaneCommand(PreviewCommand command) override { Run(command); }
 
+  bool OnKeyDown(const MSG& message);
   template <typename Command>
   void Fire(bool takesTime, Command&& command);
   void Run(PreviewCommand command);
@@ -70,27 +75,20 @@ class PreviewWindow final : public CommandWindow, private BoundWindow, private P
   void TakeTypedZoom();
 
   void MakeChildren();
-  void CreateChildren();
-  void MakeFonts();
   PreviewMeasures Measures() const;
-  void LayOut();
-  void Centre();
+  SIZE FirstSize() const;
   // The state in all children.
   void ShowState();
   void ShowPageNumber();
   void ShowZoom();
 
-  HINSTANCE module_;
   PreviewPages& pages_;
   PreviewState state_;
   std::unique_ptr<PreviewChildren> children_;
   FontDialog* fonts_ = nullptr;
-  HWND owner_ = nullptr;
-  HWND lastFocus_ = nullptr;
   std::function<void()> closing_;
   // All children are there and in their places.
   bool complete_ = false;
-  bool waiting_ = false;
   // A command runs; others wait for the user's next click, and closing for its end.
   bool busy_ = false;
   bool closeAfter_ = false;

@@ -24,10 +24,6 @@
 namespace pricedown::windows {
 namespace {
 
-// Newer than the headers' lowest supported system.
-constexpr UINT kDpiChanged = 0x02E0;
-constexpr UINT kDpiChangedAfterParent = 0x02E3;
-
 constexpr std::array kTreeMenu{UserCommand::Add,     UserCommand::Edit,  UserCommand::Delete,
                                UserCommand::Refresh, UserCommand::Print, UserCommand::Preview};
 

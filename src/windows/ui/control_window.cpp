@@ -157,11 +157,7 @@ void ControlWindow::MoveInto(HWND parent, const RECT& pixels) {
   ShowWindow(Handle(), SW_SHOW);
 }
 
-void ControlWindow::MoveTo(const RECT& pixels) {
-  if (Handle() == nullptr) return;
-  SetWindowPos(Handle(), nullptr, pixels.left, pixels.top, WidthOf(pixels), HeightOf(pixels),
-               SWP_NOZORDER | SWP_NOACTIVATE);
-}
+void ControlWindow::MoveTo(const RECT& pixels) { GivePlace(Handle(), pixels); }
 
 void ControlWindow::Park() {
   if (Handle() == nullptr) return;

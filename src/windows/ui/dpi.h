@@ -14,6 +14,10 @@ inline constexpr int kTwipsPerInch = 1440;
 inline constexpr int kPointsPerInch = 72;
 inline constexpr int kDesignDpi = 96;
 
+// Messages newer than the headers' lowest supported system.
+inline constexpr UINT kDpiChanged = 0x02E0;
+inline constexpr UINT kDpiChangedAfterParent = 0x02E3;
+
 class Dpi {
  public:
   explicit Dpi(int dotsPerInch = kDesignDpi) : value_(dotsPerInch > 0 ? dotsPerInch : kDesignDpi) {}

@@ -10,7 +10,6 @@
 #include "control/tool_strip.h"
 #include "editor/form_view.h"
 #include "windows/ui/control_form.h"
-#include "windows/ui/fonts.h"
 #include "windows/ui/form_field.h"
 #include "windows/ui/frame_windows.h"
 #include "windows/ui/group_box.h"
@@ -57,8 +56,6 @@ struct FormChildren {
   FieldRow& Row(FormField field) { return rows[static_cast<std::size_t>(field)]; }
 
   VisualStyles styles;
-  // Before the windows that show it, so that it outlives those.
-  FontHandle font;
   StripWindow strip;
   LineWindow line;
   // By the number of the field.

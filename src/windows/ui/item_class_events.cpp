@@ -13,15 +13,11 @@
 #include "windows/ui/control_ids.h"
 #include "windows/ui/form_children.h"
 #include "windows/ui/form_ids.h"
-#include "windows/ui/gdi.h"
 #include "windows/ui/item_class_window.h"
 #include "windows/ui/message_box_questions.h"
 
 namespace pricedown::windows {
 namespace {
-
-// Newer than the headers' lowest supported system.
-constexpr UINT kDpiChanged = 0x02E0;
 
 std::u16string KeyOf(FormTool tool) {
   return std::u16string(kFormTools[static_cast<std::size_t>(tool) - 1].key);
@@ -89,11 +85,6 @@ void ItemClassWindow::StripButtonClicked(std::size_t position) {
   PressTool(static_cast<FormTool>(position));
 }
 
-void ItemClassWindow::TabPressed(bool backwards) {
-  const HWND next = GetNextDlgTabItem(Handle(), GetFocus(), backwards ? TRUE : FALSE);
-  if (next != nullptr) SetFocus(next);
-}
-
 bool ItemClassWindow::FieldKeyPressed(FormField field, char16_t character) {
   return form_ == nullptr || form_->KeyPressed(field, character);
 }
@@ -109,27 +100,19 @@ std::u16string ItemClassWindow::MemberRow(std::int32_t row) {
 
 void ItemClassWindow::InsertPressed() { PressTool(FormTool::AddItem); }
 
-LRESULT ItemClassWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
-  const int id = LOWORD(wParam);
-  const auto sender = reinterpret_cast<HWND>(lParam);
-  if (sender == nullptr) {
-    if (id == IDCANCEL) PressTool(FormTool::Exit);
-    if (id == IDOK) OnEnter();
-    return 0;
-  }
-  if (sender == children_->strip.Handle()) {
+void ItemClassWindow::OnChildCommand(HWND child, int id, int code) {
+  if (child == children_->strip.Handle()) {
     children_->strip.OnCommand(id);
-    return 0;
+    return;
   }
   const auto field = FieldWithId(id);
-  if (!field) return 0;
-  if (sender == children_->Row(*field).text.Handle()) {
+  if (!field) return;
+  if (child == children_->Row(*field).text.Handle()) {
     // Also from inside a command, which may have set the text.
-    if (HIWORD(wParam) == EN_CHANGE && form_ != nullptr) form_->FieldChanged(*field);
-  } else if (HIWORD(wParam) == BN_CLICKED) {
+    if (code == EN_CHANGE && form_ != nullptr) form_->FieldChanged(*field);
+  } else if (code == BN_CLICKED) {
     Fire([&](ItemClassForm& form) { form.LookupClicked(*field); });
   }
-  return 0;
 }
 
 LRESULT ItemClassWindow::OnNotify(NMHDR& header) {
@@ -145,7 +128,7 @@ void ItemClassWindow::OnEnter() {
   const HWND focus = GetFocus();
   for (FieldRow& row : children_->rows) {
     if (row.text.Handle() == focus) {
-      TabPressed(false);
+      FocusNext(false);
       return;
     }
     if (row.lookup.Handle() == focus) {
@@ -155,28 +138,7 @@ void ItemClassWindow::OnEnter() {
   }
 }
 
-void ItemClassWindow::OnActivate(bool active) {
-  if (!active) {
-    lastFocus_ = IsChild(Handle(), GetFocus()) != FALSE ? GetFocus() : lastFocus_;
-  } else if (lastFocus_ != nullptr && IsChild(Handle(), lastFocus_) != FALSE) {
-    SetFocus(lastFocus_);
-  }
-}
-
-void ItemClassWindow::SetWaiting(bool waiting) {
-  waiting_ = waiting;
-  // At once: while a command runs, no message asks for the pointer.
-  SetCursor(LoadCursorW(nullptr, waiting ? IDC_WAIT : IDC_ARROW));
-}
-
-void ItemClassWindow::OnSystemChange(UINT message, WPARAM wParam, LPARAM lParam) {
-  for (const HWND child : {children_->strip.Handle(), children_->members.Handle()}) {
-    if (child != nullptr) SendMessageW(child, message, wParam, lParam);
-  }
-  RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
-}
-
-// Through its frame the form closes without a question; what runs now is finished first.
+// Without a question; what runs now is finished first.
 void ItemClassWindow::OnClose() {
   if (busy_) {
     closing_ = true;
@@ -185,26 +147,13 @@ void ItemClassWindow::OnClose() {
   }
 }
 
-// The owner has gone and takes the form along.
 void ItemClassWindow::OnDestroy() {
   destroying_ = true;
   if (form_ != nullptr) SkipFailing([this] { form_->Unload(); });
 }
 
-void ItemClassWindow::OnDpiChanged(const RECT& suggested) {
-  const Dpi dpi = Dpi::Of(Handle());
-  children_->strip.TakeAppearance(dpi);
-  children_->members.TakeAppearance(dpi);
-  MakeFonts();
-  SetWindowPos(Handle(), nullptr, suggested.left, suggested.top, WidthOf(suggested),
-               HeightOf(suggested), SWP_NOZORDER | SWP_NOACTIVATE);
-  LayOut();
-}
-
 bool ItemClassWindow::TranslateKey(MSG& message) {
-  if (Handle() == nullptr) return false;
-  const bool ours = message.hwnd == Handle() || IsChild(Handle(), message.hwnd) != FALSE;
-  if (!ours) return false;
+  if (!IsOurs(message)) return false;
   if (message.message == WM_KEYDOWN) {
     const bool control = GetKeyState(VK_CONTROL) < 0 && GetKeyState(VK_MENU) >= 0;
     if (control && (message.wParam == 'S' || message.wParam == 'N')) {
@@ -215,64 +164,6 @@ bool ItemClassWindow::TranslateKey(MSG& message) {
     if (message.wParam == VK_RETURN && message.hwnd == children_->strip.Handle()) return false;
   }
   return IsDialogMessageW(Handle(), &message) != FALSE;
-}
-
-LRESULT ItemClassWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-  switch (message) {
-    case WM_COMMAND:
-      return OnCommand(wParam, lParam);
-    case WM_NOTIFY:
-      return OnNotify(*reinterpret_cast<NMHDR*>(lParam));
-    case WM_SIZE:
-      LayOut();
-      return 0;
-    case WM_GETMINMAXINFO:
-      if (children_->font) {
-        const Dpi dpi = Dpi::Of(Handle());
-        const SIZE least = LeastFormSize(Measures(), dpi);
-        RECT area{0, 0, least.cx, least.cy};
-        AdjustFrame(area, static_cast<DWORD>(GetWindowLongPtrW(Handle(), GWL_STYLE)),
-                    static_cast<DWORD>(GetWindowLongPtrW(Handle(), GWL_EXSTYLE)), dpi);
-        reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {WidthOf(area), HeightOf(area)};
-      }
-      return 0;
-    case WM_ERASEBKGND: {
-      RECT area{};
-      GetClientRect(Handle(), &area);
-      FillArea(reinterpret_cast<HDC>(wParam), area, GetSysColor(COLOR_BTNFACE));
-      return 1;
-    }
-    case WM_CTLCOLORSTATIC:
-    case WM_CTLCOLORBTN:
-      SetTextColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_BTNTEXT));
-      SetBkColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_BTNFACE));
-      return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
-    case WM_SETCURSOR:
-      if (!waiting_) return Default(message, wParam, lParam);
-      SetCursor(LoadCursorW(nullptr, IDC_WAIT));
-      return TRUE;
-    case WM_ACTIVATE:
-      OnActivate(LOWORD(wParam) != WA_INACTIVE);
-      return 0;
-    case WM_SETFOCUS:
-      Focus(FormField::ClassNumber);
-      return 0;
-    case WM_CLOSE:
-      OnClose();
-      return 0;
-    case WM_DESTROY:
-      OnDestroy();
-      return 0;
-    case WM_SYSCOLORCHANGE:
-    case WM_THEMECHANGED:
-      OnSystemChange(message, wParam, lParam);
-      return 0;
-    case kDpiChanged:
-      OnDpiChanged(*reinterpret_cast<const RECT*>(lParam));
-      return 0;
-    default:
-      return Default(message, wParam, lParam);
-  }
 }
 
 }  // namespace pricedown::windows

@@ -25,9 +25,6 @@ constexpr std::u16string_view kToolBarName = u"工具栏";
 constexpr std::u16string_view kMembersName = u"对应明细物料";
 constexpr std::u16string_view kLookupText = u"…";
 constexpr std::u16string_view kLookupTip = u"查找科目 (F7)";
-constexpr DWORD kStyle =
-    WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MAXIMIZEBOX | WS_CLIPCHILDREN;
-constexpr DWORD kExtendedStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
 
 struct RowDescription {
   FormField field;
@@ -51,23 +48,10 @@ const RowDescription& DescriptionOf(FormField field) {
   return kRows[static_cast<std::size_t>(field)];
 }
 
-// The outer size of the form with that inner size.
-SIZE Outer(SIZE client, Dpi dpi) {
-  RECT area{0, 0, client.cx, client.cy};
-  AdjustFrame(area, kStyle, kExtendedStyle, dpi);
-  return {WidthOf(area), HeightOf(area)};
-}
-
-void Move(const BoundWindow& window, const RECT& place) {
-  if (window.Handle() == nullptr) return;
-  SetWindowPos(window.Handle(), nullptr, place.left, place.top, WidthOf(place), HeightOf(place),
-               SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 }  // namespace
 
 ItemClassWindow::ItemClassWindow(HINSTANCE module)
-    : module_(module),
+    : ModalFrameWindow(module),
       children_(std::make_unique<FormChildren>(module, static_cast<StripEvents&>(*this),
                                                static_cast<FieldEvents&>(*this),
                                                static_cast<MemberListEvents&>(*this))) {
@@ -85,53 +69,38 @@ MemberGridView& ItemClassWindow::Members() { return children_->members; }
 
 void ItemClassWindow::Create(HWND owner) {
   const VisualStyles::Scope styles(children_->styles);
-  owner_ = owner;
-  lastFocus_ = nullptr;
-  waiting_ = busy_ = closing_ = destroying_ = false;
-  Creation creation;
-  creation.className = L"PriceDown.ItemClass";
-  creation.style = kStyle;
-  creation.extendedStyle = kExtendedStyle;
-  creation.parent = owner;
-  creation.module = module_;
-  CreateOwn(creation);
-  try {
-    CreateChildren();
-    MakeFonts();
-  } catch (...) {
-    Destroy();
-    throw;
-  }
+  busy_ = closing_ = destroying_ = false;
+  CreateFrame(L"PriceDown.ItemClass", owner);
 }
 
-// In tab order; the frames last, so that they lie behind the rest.
+// The frames last, so that they lie behind the rest.
 void ItemClassWindow::CreateChildren() {
   FormChildren& c = *children_;
   const Dpi dpi = Dpi::Of(Handle());
-  c.strip.Create(Handle(), module_, form_ids::kToolBar, dpi, Translate(kToolBarName));
-  c.line.Create(Handle(), module_, form_ids::kLine);
+  c.strip.Create(Handle(), Module(), form_ids::kToolBar, dpi, Translate(kToolBarName));
+  c.line.Create(Handle(), Module(), form_ids::kLine);
   for (const FormField field : kFormRows) CreateRow(field);
-  c.members.Create(Handle(), module_, dpi, Translate(kMembersName));
+  c.members.Create(Handle(), Module(), dpi, Translate(kMembersName));
   AddLookupTips();
-  c.headerFrame.Create(Handle(), module_, form_ids::kHeaderFrame);
-  c.itemFrame.Create(Handle(), module_, form_ids::kItemFrame);
+  c.headerFrame.Create(Handle(), Module(), form_ids::kHeaderFrame);
+  c.itemFrame.Create(Handle(), Module(), form_ids::kItemFrame);
 }
 
 void ItemClassWindow::CreateRow(FormField field) {
   const RowDescription& description = DescriptionOf(field);
   FieldRow& row = children_->Row(field);
-  row.label.Create(Handle(), module_, L"STATIC", description.labelId,
+  row.label.Create(Handle(), Module(), L"STATIC", description.labelId,
                    WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_CENTERIMAGE | SS_ENDELLIPSIS);
-  row.text.Create(Handle(), module_, description.fieldId);
+  row.text.Create(Handle(), Module(), description.fieldId);
   if (description.lookupId != 0) {
-    row.lookup.Create(Handle(), module_, L"BUTTON", description.lookupId,
+    row.lookup.Create(Handle(), Module(), L"BUTTON", description.lookupId,
                       WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON, kLookupText);
   }
 }
 
 void ItemClassWindow::AddLookupTips() {
   FormChildren& c = *children_;
-  c.lookupTips.CreatePopup(Handle(), module_, TOOLTIPS_CLASSW, TTS_ALWAYSTIP | TTS_NOPREFIX);
+  c.lookupTips.CreatePopup(Handle(), Module(), TOOLTIPS_CLASSW, TTS_ALWAYSTIP | TTS_NOPREFIX);
   std::wstring text = ToWide(Translate(kLookupTip));
   for (const FormField field : {FormField::LossAccount, FormField::ReserveAccount}) {
     TTTOOLINFOW tool{};
@@ -169,20 +138,18 @@ void ItemClassWindow::ListCaptions() {
   c.form = std::make_shared<ControlForm>(u"frmItemClass", std::move(captions));
 }
 
-void ItemClassWindow::MakeFonts() {
+void ItemClassWindow::GiveFonts(HFONT font) {
   FormChildren& c = *children_;
-  FontHandle font = MakeMessageFont(Dpi::Of(Handle()));
   for (FieldRow& row : c.rows) {
     for (const BoundWindow* window :
          std::initializer_list<const BoundWindow*>{&row.label, &row.text, &row.lookup}) {
-      GiveFont(window->Handle(), font.Get());
+      GiveFont(window->Handle(), font);
     }
   }
-  GiveFont(c.headerFrame.Handle(), font.Get());
-  GiveFont(c.itemFrame.Handle(), font.Get());
-  c.members.SetFont(font.Get());
-  c.strip.SetFont(font.Get());
-  c.font = std::move(font);
+  GiveFont(c.headerFrame.Handle(), font);
+  GiveFont(c.itemFrame.Handle(), font);
+  c.members.SetFont(font);
+  c.strip.SetFont(font);
 }
 
 FormMeasures ItemClassWindow::Measures() const {
@@ -191,50 +158,40 @@ FormMeasures ItemClassWindow::Measures() const {
   measures.stripHeight = c.strip.ButtonHeight();
   measures.stripWidth = c.strip.ButtonsWidth();
   const WindowContext context(Handle());
-  measures.lineHeight = LineHeight(context.Get(), c.font.Get());
+  measures.lineHeight = LineHeight(context.Get(), TextFont());
   for (const FieldRow& row : c.rows) {
     const std::wstring label = ToWide(TextOf(row.label.Handle()));
     measures.labelWidth =
-        std::max(measures.labelWidth, TextWidth(context.Get(), c.font.Get(), label));
+        std::max(measures.labelWidth, TextWidth(context.Get(), TextFont(), label));
   }
   return measures;
 }
 
-void ItemClassWindow::LayOut() {
-  if (Handle() == nullptr || !children_->font) return;
-  FormChildren& c = *children_;
-  RECT client{};
-  GetClientRect(Handle(), &client);
-  const FormPlaces places = PlaceForm({client.right, client.bottom}, Measures(), Dpi::Of(Handle()));
-  Move(c.strip, places.strip);
-  Move(c.line, places.line);
-  Move(c.headerFrame, places.headerFrame);
-  Move(c.itemFrame, places.itemFrame);
-  for (std::size_t i = 0; i < kFormRows.size(); ++i) {
-    Move(c.Row(kFormRows[i]).label, places.labels[i]);
-    Move(c.Row(kFormRows[i]).text, places.fields[i]);
-  }
-  Move(c.Row(FormField::LossAccount).lookup, places.lossLookup);
-  Move(c.Row(FormField::ReserveAccount).lookup, places.reserveLookup);
-  Move(c.members, places.members);
+void ItemClassWindow::TakeResolution(Dpi dpi) {
+  children_->strip.TakeAppearance(dpi);
+  children_->members.TakeAppearance(dpi);
 }
 
-// Over the owner, inside the owner's screen.
-void ItemClassWindow::Centre(SIZE size) {
-  MONITORINFO monitor{};
-  monitor.cbSize = sizeof monitor;
-  GetMonitorInfoW(
-      MonitorFromWindow(owner_ != nullptr ? owner_ : Handle(), MONITOR_DEFAULTTONEAREST), &monitor);
-  const RECT& work = monitor.rcWork;
-  RECT owner = work;
-  if (owner_ != nullptr && IsIconic(owner_) == FALSE) GetWindowRect(owner_, &owner);
-  const LONG width = std::min(size.cx, work.right - work.left);
-  const LONG height = std::min(size.cy, work.bottom - work.top);
-  const LONG left =
-      std::clamp((owner.left + owner.right - width) / 2, work.left, work.right - width);
-  const LONG top =
-      std::clamp((owner.top + owner.bottom - height) / 2, work.top, work.bottom - height);
-  SetWindowPos(Handle(), nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+SIZE ItemClassWindow::LeastSize(Dpi dpi) const { return LeastFormSize(Measures(), dpi); }
+
+std::array<HWND, 2> ItemClassWindow::ThemedChildren() const {
+  return {children_->strip.Handle(), children_->members.Handle()};
+}
+
+void ItemClassWindow::PlaceChildren(SIZE client, Dpi dpi) {
+  FormChildren& c = *children_;
+  const FormPlaces places = PlaceForm(client, Measures(), dpi);
+  GivePlace(c.strip.Handle(), places.strip);
+  GivePlace(c.line.Handle(), places.line);
+  GivePlace(c.headerFrame.Handle(), places.headerFrame);
+  GivePlace(c.itemFrame.Handle(), places.itemFrame);
+  for (std::size_t i = 0; i < kFormRows.size(); ++i) {
+    GivePlace(c.Row(kFormRows[i]).label.Handle(), places.labels[i]);
+    GivePlace(c.Row(kFormRows[i]).text.Handle(), places.fields[i]);
+  }
+  GivePlace(c.Row(FormField::LossAccount).lookup.Handle(), places.lossLookup);
+  GivePlace(c.Row(FormField::ReserveAccount).lookup.Handle(), places.reserveLookup);
+  GivePlace(c.members.Handle(), places.members);
 }
 
 void ItemClassWindow::Show(std::function<void()> unloading) {
@@ -245,15 +202,10 @@ void ItemClassWindow::Show(std::function<void()> unloading) {
   SetWaiting(false);
   const Dpi dpi = Dpi::Of(Handle());
   const bool shownBefore = lastSize_.cx > 0 && lastDpi_ == dpi.Value();
-  Centre(shownBefore ? lastSize_ : Outer(FirstFormSize(Measures(), dpi), dpi));
+  Centre(shownBefore ? lastSize_ : OuterSize(FirstFormSize(Measures(), dpi)));
   LayOut();
   ShowWindow(Handle(), SW_SHOW);
-  Focus(FormField::ClassNumber);
-}
-
-HWND ItemClassWindow::DialogOwner() const {
-  if (Handle() != nullptr && IsWindowVisible(Handle()) != FALSE) return Handle();
-  return owner_ != nullptr && IsWindow(owner_) != FALSE ? owner_ : GetActiveWindow();
+  FocusFirst();
 }
 
 std::u16string ItemClassWindow::Text(FormField field) const {
@@ -265,6 +217,8 @@ void ItemClassWindow::SetText(FormField field, std::u16string_view text) {
 }
 
 void ItemClassWindow::Focus(FormField field) { children_->Row(field).text.Focus(); }
+
+void ItemClassWindow::FocusFirst() { Focus(FormField::ClassNumber); }
 
 BoundWindow* ItemClassWindow::Captioned(FormCaption target) {
   switch (target) {

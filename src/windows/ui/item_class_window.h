@@ -11,12 +11,11 @@
 #include <string_view>
 
 #include "editor/form_view.h"
-#include "windows/ui/bound_window.h"
 #include "windows/ui/child_events.h"
-#include "windows/ui/command_window.h"
 #include "windows/ui/form_field.h"
 #include "windows/ui/item_class_layout.h"
 #include "windows/ui/member_list_window.h"
+#include "windows/ui/modal_frame_window.h"
 
 namespace pricedown {
 class ItemClassForm;
@@ -29,8 +28,7 @@ struct FormChildren;
 // One object serves any number of showings; the system's windows live for one. Every method is
 // harmless while there are none: texts are empty and nothing is shown.
 class ItemClassWindow final : public ItemClassFormView,
-                              public CommandWindow,
-                              private BoundWindow,
+                              public ModalFrameWindow,
                               private StripEvents,
                               private FieldEvents,
                               private MemberListEvents {
@@ -50,11 +48,6 @@ class ItemClassWindow final : public ItemClassFormView,
   // A message of the modal loop; true when it was used up.
   bool TranslateKey(MSG& message);
 
-  // CommandWindow
-  HWND Window() const override { return Handle(); }
-  HWND DialogOwner() const override;
-  void SetWaiting(bool waiting) override;
-
   // ItemClassFormView
   std::u16string Text(FormField field) const override;
   void SetText(FormField field, std::u16string_view text) override;
@@ -67,19 +60,24 @@ class ItemClassWindow final : public ItemClassFormView,
   void Unload() override;
 
  private:
-  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
-  LRESULT OnCommand(WPARAM wParam, LPARAM lParam);
-  LRESULT OnNotify(NMHDR& header);
-  void OnActivate(bool active);
-  void OnClose();
-  void OnDestroy();
-  void OnEnter();
-  void OnDpiChanged(const RECT& suggested);
-  void OnSystemChange(UINT message, WPARAM wParam, LPARAM lParam);
+  // ModalFrameWindow
+  void CreateChildren() override;
+  void GiveFonts(HFONT font) override;
+  void TakeResolution(Dpi dpi) override;
+  void PlaceChildren(SIZE client, Dpi dpi) override;
+  SIZE LeastSize(Dpi dpi) const override;
+  std::array<HWND, 2> ThemedChildren() const override;
+  void FocusFirst() override;
+  void OnEscape() override { PressTool(FormTool::Exit); }
+  void OnEnter() override;
+  void OnChildCommand(HWND child, int id, int code) override;
+  LRESULT OnNotify(NMHDR& header) override;
+  void OnClose() override;
+  void OnDestroy() override;
 
   // StripEvents
   void StripButtonClicked(std::size_t position) override;
-  void TabPressed(bool backwards) override;
+  void TabPressed(bool backwards) override { FocusNext(backwards); }
   void FocusEntered(HWND) override {}
   // FieldEvents
   bool FieldKeyPressed(FormField field, char16_t character) override;
@@ -92,26 +90,18 @@ class ItemClassWindow final : public ItemClassFormView,
   void Fire(Command&& command);
   void PressTool(FormTool tool);
 
-  void CreateChildren();
   void CreateRow(FormField field);
   void AddLookupTips();
   void ListCaptions();
-  void MakeFonts();
   FormMeasures Measures() const;
-  void LayOut();
-  void Centre(SIZE size);
   BoundWindow* Captioned(FormCaption target);
 
-  HINSTANCE module_;
   std::unique_ptr<FormChildren> children_;
   ItemClassForm* form_ = nullptr;
-  HWND owner_ = nullptr;
-  HWND lastFocus_ = nullptr;
   std::function<void()> unloading_;
   // Of the last showing, so that the next one has it again; 0 before the first.
   SIZE lastSize_{};
   int lastDpi_ = 0;
-  bool waiting_ = false;
   // A command runs; others wait for the user's next click, and closing for its end.
   bool busy_ = false;
   bool closing_ = false;

@@ -1,8 +1,9 @@
-// Creates plain controls and passes texts and fonts to windows.
+// Creates plain controls and passes texts, fonts and places to windows.
 // Texts that are already shown are not set again, so that nothing flickers.
 #include "windows/ui/plain_control.h"
 
 #include "windows/com/wide_text.h"
+#include "windows/ui/gdi.h"
 
 namespace pricedown::windows {
 
@@ -51,6 +52,12 @@ void GiveText(HWND window, std::u16string_view text) {
 void GiveFont(HWND window, HFONT font) {
   if (window == nullptr) return;
   SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+}
+
+void GivePlace(HWND window, const RECT& place) {
+  if (window == nullptr) return;
+  SetWindowPos(window, nullptr, place.left, place.top, WidthOf(place), HeightOf(place),
+               SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 }  // namespace pricedown::windows

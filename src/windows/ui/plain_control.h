@@ -25,9 +25,10 @@ class PlainControl final : public BoundWindow {
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 };
 
-// Text and font of any window; nothing happens for null.
+// Text, font and place of any window; nothing happens for null.
 std::u16string TextOf(HWND window);
 void GiveText(HWND window, std::u16string_view text);
 void GiveFont(HWND window, HFONT font);
+void GivePlace(HWND window, const RECT& place);
 
 }  // namespace pricedown::windows
