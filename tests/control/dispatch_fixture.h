@@ -10,6 +10,12 @@
 
 namespace pricedown::testing {
 
+// A key with the mask of the right that it asks for.
+struct RightCase {
+  std::u16string_view key;
+  const char* mask;
+};
+
 class Dispatch : public ::testing::Test {
  protected:
   void Start() {

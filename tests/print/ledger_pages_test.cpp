@@ -1,79 +1,11 @@
 // The pages of whole ledgers, as draw commands.
-#include "print/ledger_pages.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
-#include "tests/print/fake_measurer.h"
+// How columns, rows and paper fit each other is in ledger_fitting_test.
+#include "tests/print/pages_fixture.h"
 #include "tests/support/call_log.h"
 #include "tests/support/case_name.h"
 
 namespace pricedown::testing {
 namespace {
-
-constexpr LineFont kPlain{9, false, false};
-
-// The item list's own header, footer and columns on A4; 45 rows fit on a page.
-class Pages : public ::testing::Test {
- protected:
-  Pages() {
-    content_.SetHeaderLine(1, u"物料类别维护-明细物料", {20, true, true});
-    content_.SetHeaderLine(2, std::u16string(30, u' '), kPlain);
-    content_.SetHeaderLine(3, u"|打印日期：&[日期]", kPlain);
-    content_.SetFooterLine(1, std::u16string(30, u' '), kPlain);
-    content_.SetFooterLine(2, u"第 &[页] 页|共 &[总页] 页", kPlain);
-    Columns({1800, 3000, 2700, 1800});
-  }
-
-  void Columns(const std::vector<std::int32_t>& twips) {
-    content_.SetColumnCount(static_cast<std::int32_t>(twips.size()));
-    for (std::size_t i = 0; i < twips.size(); ++i) {
-      content_.SetColumnWidth(static_cast<std::int32_t>(i + 1), twips[i]);
-    }
-  }
-  void Rows(const std::vector<std::u16string>& rows) {
-    content_.SetRowCount(static_cast<std::int32_t>(rows.size()) + 1);
-    content_.SetRow(1, u"物料代码|物料名称|规格型号|标准单价|");
-    std::int32_t number = 1;
-    for (const std::u16string& row : rows) content_.SetRow(++number, row);
-  }
-  // Rows R1, R2 and so on, in their first cell.
-  void NumberedRows(std::int32_t count) {
-    Rows(std::vector<std::u16string>(static_cast<std::size_t>(count)));
-    for (std::int32_t row = 1; row <= count; ++row) {
-      content_.SetRow(row + 1, u"R" + FromAscii(std::to_string(row)) + u"||||");
-    }
-  }
-  static std::u16string FromAscii(const std::string& text) { return {text.begin(), text.end()}; }
-
-  LedgerPages Made() { return {content_, setup_, measurer_}; }
-  static std::string TextsOf(const LedgerPages& pages, std::int32_t number) {
-    return ReadableLines(pages.PageAt(number).texts);
-  }
-  // Of the table's rows alone, without titles, header and footer.
-  std::string RowTexts() { return ReadableLines(RowCommands(Made())); }
-  static std::vector<PageText> RowCommands(const LedgerPages& pages) {
-    std::vector<PageText> texts;
-    for (const PageText& text : pages.PageAt(1).texts) {
-      if (text.top >= 422 && text.top < 2600) texts.push_back(text);
-    }
-    return texts;
-  }
-  // First and last numbered row on a page.
-  static std::string RowsOn(const LedgerPages& pages, std::int32_t number) {
-    std::vector<std::string> rows;
-    for (const PageText& text : pages.PageAt(number).texts) {
-      if (text.text.starts_with(u'R')) rows.push_back(Utf8(text.text));
-    }
-    return rows.empty() ? "none" : rows.front() + " to " + rows.back();
-  }
-
-  LedgerContent content_;
-  PrintSetup setup_{{u"宋体", 9, false, false, false}, 285, {}, u"2008-03-31"};
-  FakeMeasurer measurer_;
-};
 
 const std::string kHeader = Lines(R"(
     text 1 centre 1050,200 in 200,200-1900,280 "物料类别维护-明细物料"
@@ -207,80 +139,6 @@ TEST_F(Pages, MeasureOnlyWhatTheyShow) {
   EXPECT_LE(measurer_.calls, 60);
 }
 
-TEST_F(Pages, AreTurnedWhereTheColumnsDoNotFit) {
-  Columns({3000, 3000, 3000, 3000});
-  Rows({u"A|b|c|d|"});
-  const LedgerPages pages = Made();
-  EXPECT_TRUE(pages.IsTurned());
-  EXPECT_EQ(pages.PrintedPaper(), (Paper{2970, 2100, {200, 200, 200, 200}}));
-  EXPECT_EQ(ReadableLines(pages.PageAt(1).rules), Lines(R"(
-      rule 200,372-2316,372
-      rule 200,422-2316,422
-      rule 200,472-2316,472
-      rule 200,372-200,472
-      rule 729,372-729,472
-      rule 1258,372-1258,472
-      rule 1787,372-1787,472
-      rule 2316,372-2316,472
-      )"));
-  EXPECT_NE(TextsOf(pages, 1).find("text 0 left 200,1864 in 200,1864-2624,1900"),
-            std::string::npos);
-}
-
-TEST_F(Pages, AreNotTurnedForColumnsThatJustFit) {
-  Columns({9638});  // 1700.03 tenths
-  EXPECT_FALSE(Made().IsTurned());
-  Columns({9644});  // 1701.09
-  EXPECT_TRUE(Made().IsTurned());
-}
-
-TEST_F(Pages, StayOnAPaperThatIsWideAlready) {
-  setup_.paper = setup_.paper.Turned();
-  Columns({30000, 30000});
-  const LedgerPages pages = Made();
-  EXPECT_FALSE(pages.IsTurned());
-  EXPECT_EQ(pages.PrintedPaper(), setup_.paper);
-}
-
-TEST_F(Pages, NarrowColumnsThatFitOnNoPaper) {
-  Columns({1800, 30000, 30000, 1800});
-  Rows({u"A|b|c|d|"});
-  const LedgerPages pages = Made();
-  EXPECT_TRUE(pages.IsTurned());
-  std::vector<Tenths> edges;
-  for (const PageRule& rule : pages.PageAt(1).rules) {
-    if (rule.left == rule.right) edges.push_back(rule.left);
-  }
-  EXPECT_EQ(edges, (std::vector<Tenths>{200, 518, 1485, 2452, 2770}));
-}
-
-TEST_F(Pages, ShowNothingOfAColumnWithoutWidth) {
-  Columns({1800, 0, 2700, 10});
-  Rows({u"A|hidden|c|hidden too|"});
-  EXPECT_EQ(RowTexts(), Lines(R"(
-      text 0 left 210,429 in 210,422-508,472 "A"
-      text 0 left 528,429 in 528,422-984,472 "c"
-      )"));
-  Columns({0, 0, 0, 0});
-  const LedgerPages pages = Made();
-  EXPECT_EQ(pages.PageCount(), 1);
-  EXPECT_EQ(ReadableLines(pages.PageAt(1).rules), "");
-}
-
-TEST_F(Pages, ShortenLongNamesToTheirColumn) {
-  Rows({u"A|" + std::u16string(100000, u'长') + u"|" + std::u16string(5000, u'w') + u"|1|"});
-  const std::vector<PageText> texts = RowCommands(Made());
-  ASSERT_EQ(texts.size(), 4u);
-  // 509 and 456 tenths of room, 36 of them for the ellipsis.
-  EXPECT_EQ(Utf8(texts[1].text), "长长长长长长长长长长长长长…");
-  EXPECT_EQ(Utf8(texts[2].text), std::string(23, 'w') + "…");
-  for (std::size_t i = 0; i + 1 < texts.size(); ++i) {
-    EXPECT_LE(texts[i].anchor + measurer_.Width(setup_.tableFont, texts[i].text),
-              texts[i].clip.right);
-    EXPECT_LT(texts[i].clip.right, texts[i + 1].clip.left);
-  }
-}
-
 TEST_F(Pages, BeginANewCellAtASeparatorInsideAText) {
   Rows({u"A|bolt|nut|M8|12.5|", u"B|washer|M10|3|"});
   EXPECT_EQ(RowTexts(), Lines(R"(
@@ -303,69 +161,6 @@ TEST_F(Pages, FillNoFieldsInsideTheTable) {
 TEST_F(Pages, LeaveTheEndOfAShortRowEmpty) {
   Rows({u"A", u""});
   EXPECT_EQ(RowTexts(), "text 0 left 210,429 in 210,422-508,472 \"A\"\n");
-}
-
-struct HeightCase {
-  const char* name;
-  double fontSize;
-  std::int32_t twips;
-  Tenths rowHeight;
-};
-void PrintTo(const HeightCase& height, std::ostream* stream) { *stream << height.name; }
-
-class RowHeights : public Pages, public ::testing::WithParamInterface<HeightCase> {};
-
-TEST_P(RowHeights, AreAtLeastThoseOfTheFont) {
-  setup_.tableFont.size = GetParam().fontSize;
-  setup_.rowHeight = GetParam().twips;
-  Rows({u"A|||"});
-  const Page page = Made().PageAt(1);
-  EXPECT_EQ(page.rules[1].top - page.rules[0].top, GetParam().rowHeight);
-  EXPECT_EQ(page.rules[2].top - page.rules[1].top, GetParam().rowHeight);
-}
-
-INSTANTIATE_TEST_SUITE_P(LedgerPages, RowHeights,
-                         ::testing::Values(HeightCase{"Floor", 9, 285, 50},
-                                           HeightCase{"Higher", 9, 720, 127},
-                                           HeightCase{"LargeFont", 18, 285, 82},
-                                           HeightCase{"NoHeight", 9, 0, 46},
-                                           HeightCase{"Negative", 9, -100, 46}),
-                         CaseName<HeightCase>);
-
-TEST_F(Pages, StayInsideThePaperHoweverSmallItIs) {
-  NumberedRows(3);
-  for (const Paper& paper :
-       {Paper{600, 500, {200, 200, 200, 200}}, Paper{300, 300, {200, 200, 200, 200}},
-        Paper{0, 0, {}}, Paper{2100, 800, {200, 200, 200, 200}}}) {
-    setup_.paper = paper;
-    const LedgerPages pages = Made();
-    EXPECT_EQ(pages.PageCount(), 3);
-    const PageBox inside = pages.PrintedPaper().Inside();
-    for (std::int32_t number = 1; number <= 3; ++number) {
-      const Page page = pages.PageAt(number);
-      for (const PageText& text : page.texts) {
-        EXPECT_GE(text.clip.left, inside.left);
-        EXPECT_LE(text.clip.right, inside.right);
-        EXPECT_LE(text.clip.bottom, inside.bottom);
-      }
-      for (const PageRule& rule : page.rules) EXPECT_LE(rule.bottom, inside.bottom);
-    }
-  }
-}
-
-TEST_F(Pages, KeepTableAndFooterApart) {
-  NumberedRows(1000);
-  for (const double size : {9, 12, 20, 40, 100, 600}) {
-    setup_.tableFont.size = size;
-    const LedgerPages pages = Made();
-    const Page page = pages.PageAt(1);
-    for (const PageText& text : page.texts) {
-      if (text.text.starts_with(u'R')) {
-        EXPECT_LE(text.clip.bottom, 2678) << size;
-      }
-    }
-    for (const PageRule& rule : page.rules) EXPECT_LE(rule.bottom, 2678) << size;
-  }
 }
 
 TEST_F(Pages, OfNothingAreOneEmptyPage) {
