@@ -1,5 +1,5 @@
 // Everything that the control's window owns: its children, fonts, and what was placed last.
-// Its parts do not know each other; the control's window brings them together.
+// Its parts do not know each other; what the user does in them is the control's window's.
 #pragma once
 
 #include <windows.h>
@@ -43,6 +43,16 @@ struct ControlChildren {
         splitter(events),
         sheet(events) {}
 
+  // Makes all windows in `parent`, and `form` over them. Throws AutomationError.
+  void Create(HWND parent);
+  void MakeFonts(Dpi dpi);
+  // Fonts and pictures anew, also for other settings of the system.
+  void TakeResolution(Dpi dpi);
+  void ShowProgress(bool show);
+  LRESULT OnNotify(NMHDR& header);
+  // False when there is no further child in that direction and it does not wrap around.
+  bool MoveFocus(bool backwards, bool wrap) const;
+
   HINSTANCE module;
   VisualStyles styles;
   // Before the windows that show them, so that they outlive those.
@@ -77,6 +87,9 @@ struct ControlChildren {
   Clock::time_point waitBegan;
   Clock::duration lastWait{};
   Clock::time_point fillBegan;
+
+ private:
+  void ListCaptions();
 };
 
 }  // namespace pricedown::windows

@@ -2,8 +2,6 @@
 // Part of ControlWindow.
 #include <windows.h>
 
-#include <commctrl.h>
-
 #include <array>
 #include <chrono>
 #include <string>
@@ -27,12 +25,28 @@ namespace {
 constexpr std::array kTreeMenu{UserCommand::Add,     UserCommand::Edit,  UserCommand::Delete,
                                UserCommand::Refresh, UserCommand::Print, UserCommand::Preview};
 
-constexpr UINT kMarqueePause = 30;  // milliseconds
-
 std::u16string Seconds(Clock::duration duration) {
   const auto milliseconds = std::chrono::duration_cast<std::chrono::milliseconds>(duration).count();
   if (milliseconds < 10) return u"0.01";
   return NumberText(static_cast<double>(milliseconds / 10) / 100);
+}
+
+std::u16string CaptionOf(const StripWindow& strip, UserCommand command) {
+  if (command == UserCommand::Copy) return Translate(u"复制");
+  if (command == UserCommand::Refresh) return Translate(u"刷新");
+  return strip.Caption(StripPositionOf(command));
+}
+
+void PaintBackground(HWND window) {
+  PAINTSTRUCT paint{};
+  const HDC context = BeginPaint(window, &paint);
+  FillArea(context, paint.rcPaint, GetSysColor(COLOR_BTNFACE));
+  EndPaint(window, &paint);
+}
+
+void EraseBackground(HDC context) {
+  RECT area{};
+  if (GetClipBox(context, &area) != ERROR) FillArea(context, area, GetSysColor(COLOR_BTNFACE));
 }
 
 }  // namespace
@@ -73,12 +87,6 @@ bool ControlWindow::IsEnabled(UserCommand command) const {
   }
 }
 
-std::u16string ControlWindow::CaptionOf(UserCommand command) const {
-  if (command == UserCommand::Copy) return Translate(u"复制");
-  if (command == UserCommand::Refresh) return Translate(u"刷新");
-  return children_->strip.Caption(StripPositionOf(command));
-}
-
 // All but copying and refreshing is what the strip's button does, with its right.
 void ControlWindow::CommandChosen(UserCommand command) {
   if (!IsEnabled(command)) return;
@@ -94,12 +102,12 @@ void ControlWindow::CommandChosen(UserCommand command) {
 void ControlWindow::MenuRequested(HWND child, POINT place) {
   std::vector<CommandLine> lines;
   for (const UserCommand command : kTreeMenu) {
-    lines.push_back({command, CaptionOf(command), IsEnabled(command)});
+    lines.push_back({command, CaptionOf(children_->strip, command), IsEnabled(command)});
   }
   lines[3].beginsGroup = true;
   if (child == children_->sheet.Handle()) {
-    lines.push_back(
-        {UserCommand::Copy, CaptionOf(UserCommand::Copy), IsEnabled(UserCommand::Copy), true});
+    lines.push_back({UserCommand::Copy, CaptionOf(children_->strip, UserCommand::Copy),
+                     IsEnabled(UserCommand::Copy), true});
   }
   // While the menu is open the host may close everything.
   const std::shared_ptr<void> hold = Hold();
@@ -145,7 +153,7 @@ void ControlWindow::ItemsChanged() {
 
 // The rows come after the answer of the database: by then it is known whether this takes long.
 void ControlWindow::ItemsFilling() {
-  if (waiting_ && Clock::now() - children_->waitBegan > kLongWork) ShowProgress(true);
+  if (waiting_ && Clock::now() - children_->waitBegan > kLongWork) children_->ShowProgress(true);
 }
 
 void ControlWindow::ShowStatus() {
@@ -174,28 +182,16 @@ void ControlWindow::SetWaiting(bool waiting) {
   if (waiting) {
     children_->waitBegan = Clock::now();
     // Nothing tells how long a load will take; the one before it is the best guess.
-    if (children_->lastWait > kLongWork) ShowProgress(true);
+    if (children_->lastWait > kLongWork) children_->ShowProgress(true);
     return;
   }
   children_->lastWait = Clock::now() - children_->waitBegan;
-  ShowProgress(false);
+  children_->ShowProgress(false);
   if (Handle() == nullptr) return;
   const std::u16string seconds = Seconds(children_->lastWait);
   children_->statusBar.SetPanel(StatusPanel::Passtime,
                                 Concatenate({Translate(u"用时 "), seconds, Translate(u" 秒")}));
   ShowStatus();
-}
-
-void ControlWindow::ShowProgress(bool show) {
-  const HWND bar = children_->progressBar.Handle();
-  if (bar == nullptr || show == ((GetWindowLongPtrW(bar, GWL_STYLE) & WS_VISIBLE) != 0)) return;
-  SendMessageW(bar, PBM_SETMARQUEE, show ? TRUE : FALSE, kMarqueePause);
-  ShowWindow(bar, show ? SW_SHOWNA : SW_HIDE);
-  children_->statusBar.SetPanel(StatusPanel::Wait, show ? Translate(u"请稍候…") : u"");
-  if (show) {
-    UpdateWindow(children_->statusBar.Handle());
-    UpdateWindow(bar);
-  }
 }
 
 void ControlWindow::SystemChanged(UINT message) {
@@ -207,35 +203,10 @@ void ControlWindow::SystemChanged(UINT message) {
       if (child->Handle() != nullptr) SendMessageW(child->Handle(), message, 0, 0);
     }
   } else {
-    const Dpi dpi = Dpi::Of(Handle());
-    MakeFonts();
-    c.tree.TakeAppearance(dpi);
-    c.strip.TakeAppearance(dpi);
-    c.sheet.TakeAppearance();
+    c.TakeResolution(Dpi::Of(Handle()));
     Fire([](PriceDown& control) { control.Resized(); });
   }
   RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
-}
-
-LRESULT ControlWindow::OnNotify(NMHDR& header) {
-  if (header.hwndFrom == children_->tree.Handle()) return children_->tree.OnNotify(header);
-  if (header.code == TTN_GETDISPINFOW) {
-    children_->strip.OnTooltip(reinterpret_cast<NMTTDISPINFOW&>(header));
-  }
-  return 0;
-}
-
-void ControlWindow::OnPaint() {
-  PAINTSTRUCT paint{};
-  const HDC context = BeginPaint(Handle(), &paint);
-  FillArea(context, paint.rcPaint, GetSysColor(COLOR_BTNFACE));
-  EndPaint(Handle(), &paint);
-}
-
-LRESULT ControlWindow::OnErase(HDC context) {
-  RECT area{};
-  if (GetClipBox(context, &area) != ERROR) FillArea(context, area, GetSysColor(COLOR_BTNFACE));
-  return 1;
 }
 
 LRESULT ControlWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -243,9 +214,10 @@ LRESULT ControlWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_ERASEBKGND:
     case WM_PRINTCLIENT:
       // Also for transparent children, which ask for what is behind them.
-      return OnErase(reinterpret_cast<HDC>(wParam));
+      EraseBackground(reinterpret_cast<HDC>(wParam));
+      return 1;
     case WM_PAINT:
-      OnPaint();
+      PaintBackground(Handle());
       return 0;
     case WM_SIZE:
       Fire([](PriceDown& control) { control.Resized(); });
@@ -267,7 +239,7 @@ LRESULT ControlWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       SetBkColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_BTNFACE));
       return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
     case WM_NOTIFY:
-      return OnNotify(*reinterpret_cast<NMHDR*>(lParam));
+      return children_->OnNotify(*reinterpret_cast<NMHDR*>(lParam));
     case WM_COMMAND:
       if (lParam != 0 && reinterpret_cast<HWND>(lParam) == children_->strip.Handle()) {
         children_->strip.OnCommand(LOWORD(wParam));

@@ -42,11 +42,8 @@ int StopOf(const Stops& stops, HWND focus) {
 
 }  // namespace
 
-// False when there is no further child in that direction and it does not wrap around.
-bool ControlWindow::MoveFocus(bool backwards, bool wrap) {
-  const ControlChildren& c = *children_;
-  const Stops stops{c.tree.Handle(), c.sheet.Handle(),
-                    c.strip.CanTakeFocus() ? c.strip.Handle() : nullptr};
+bool ControlChildren::MoveFocus(bool backwards, bool wrap) const {
+  const Stops stops{tree.Handle(), sheet.Handle(), strip.CanTakeFocus() ? strip.Handle() : nullptr};
   const int count = static_cast<int>(stops.size());
   const int step = backwards ? -1 : 1;
   int stop = StopOf(stops, GetFocus());
@@ -65,7 +62,7 @@ bool ControlWindow::MoveFocus(bool backwards, bool wrap) {
   return false;
 }
 
-void ControlWindow::TabPressed(bool backwards) { MoveFocus(backwards, true); }
+void ControlWindow::TabPressed(bool backwards) { children_->MoveFocus(backwards, true); }
 
 void ControlWindow::SetFocusFirst(bool last) {
   if (Handle() == nullptr) return;
@@ -90,7 +87,9 @@ bool ControlWindow::TranslateKey(MSG& message) {
   const HWND focus = message.hwnd;
   if (focus != Handle() && IsChild(Handle(), focus) == FALSE) return false;
   const bool control = GetKeyState(VK_CONTROL) < 0;
-  if (IsKeyDown(message, VK_TAB) && !control) return MoveFocus(GetKeyState(VK_SHIFT) < 0, false);
+  if (IsKeyDown(message, VK_TAB) && !control) {
+    return children_->MoveFocus(GetKeyState(VK_SHIFT) < 0, false);
+  }
   const ControlChildren& c = *children_;
   if (IsKeyDown(message, VK_F6) && !control) {
     const Stops panes{c.tree.Handle(), c.splitter.Handle(), c.sheet.Handle()};

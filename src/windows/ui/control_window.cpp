@@ -2,16 +2,9 @@
 // What the user does is in control_events.cpp, the keyboard and drawing in files of their own.
 #include "windows/ui/control_window.h"
 
-#include <commctrl.h>
-
 #include <utility>
 
-#include "control/tool_strip.h"
-#include "env/translation.h"
-#include "platform/text.h"
-#include "windows/com/wide_text.h"
 #include "windows/ui/control_children.h"
-#include "windows/ui/control_ids.h"
 #include "windows/ui/dpi.h"
 #include "windows/ui/gdi.h"
 
@@ -20,12 +13,6 @@ namespace {
 
 // Before a container gives the control its size; twips.
 constexpr Rectangle kFirstSize{0, 0, 9600, 6000};
-
-constexpr std::u16string_view kTreeName = u"物料类别";
-constexpr std::u16string_view kGridName = u"物料明细";
-constexpr std::u16string_view kStripName = u"工具栏";
-constexpr std::u16string_view kStatusName = u"状态栏";
-constexpr std::u16string_view kFontSample = u"物料类别";
 
 }  // namespace
 
@@ -40,9 +27,8 @@ ControlWindow::ControlWindow(HINSTANCE module)
   creation.parent = children_->parking.Handle();
   creation.module = module;
   CreateOwn(creation);
-  CreateChildren();
-  MakeFonts();
-  ListCaptions();
+  children_->Create(Handle());
+  children_->MakeFonts(Dpi::Of(Handle()));
   children_->parking.OnSystemChange([this](UINT message) { SystemChanged(message); });
   const RECT size = Dpi::Of(Handle()).ToPixels(kFirstSize);
   MoveTo(size);
@@ -54,80 +40,6 @@ ControlWindow::~ControlWindow() {
   children_->parking.OnSystemChange(nullptr);
   // The children's windows go with this one; none of their messages may find a dead control.
   Destroy();
-}
-
-void ControlWindow::CreateChildren() {
-  ControlChildren& c = *children_;
-  const HWND parent = Handle();
-  const Dpi dpi = Dpi::Of(parent);
-  constexpr DWORD label = WS_VISIBLE | SS_NOPREFIX | SS_CENTERIMAGE | SS_ENDELLIPSIS;
-  c.title.Create(parent, c.module, L"STATIC", control_ids::kTitle, label | SS_LEFT);
-  c.period.Create(parent, c.module, L"STATIC", control_ids::kPeriod, label | SS_RIGHT);
-  c.firstLabel.Create(parent, c.module, L"STATIC", control_ids::kFirstLabel, label | SS_LEFT);
-  c.secondLabel.Create(parent, c.module, L"STATIC", control_ids::kSecondLabel, label | SS_RIGHT);
-  c.upperLine.Create(parent, c.module, control_ids::kUpperLine);
-  c.strip.Create(parent, c.module, control_ids::kToolStrip, dpi, Translate(kStripName));
-  for (const UserCommand command :
-       {UserCommand::Add, UserCommand::Edit, UserCommand::Delete, UserCommand::Print}) {
-    const std::size_t position = StripPositionOf(command);
-    c.strip.SetTooltip(position, Concatenate({Translate(kStripButtons[position - 1].tooltip), u" (",
-                                              ShortcutOf(command), u")"}));
-  }
-  c.lowerLine.Create(parent, c.module, control_ids::kLowerLine);
-  c.classHeading.Create(parent, c.module, control_ids::kClassHeading, Translate(kTreeName));
-  c.tree.Create(parent, c.module, dpi, Translate(kTreeName));
-  c.splitter.Create(parent, c.module);
-  c.dragBar.Create(parent, c.module);
-  c.itemHeading.Create(parent, c.module, control_ids::kItemHeading, Translate(kGridName));
-  c.pane.Create(parent, c.module);
-  c.sheet.Create(c.pane.Handle(), c.module, Translate(kGridName));
-  // In front of the status bar, over its last panel.
-  c.progressBar.Create(parent, c.module, PROGRESS_CLASSW, control_ids::kProgressBar, PBS_MARQUEE);
-  c.statusBar.Create(parent, c.module, Translate(kStatusName));
-  c.fontLabel.Create(parent, c.module, L"STATIC", control_ids::kFontLabel, SS_NOPREFIX,
-                     kFontSample);
-}
-
-void ControlWindow::ListCaptions() {
-  const auto ofWindow = [](std::u16string name, BoundWindow& window) {
-    return CaptionAccess{std::move(name), [&window] { return TextOf(window.Handle()); },
-                         [&window](std::u16string_view text) { GiveText(window.Handle(), text); }};
-  };
-  ControlChildren& c = *children_;
-  std::vector<CaptionAccess> captions{ofWindow(u"lbl_Title", c.title),
-                                      ofWindow(u"lblPeriod", c.period),
-                                      ofWindow(u"SSPTitleClass", c.classHeading),
-                                      ofWindow(u"SSPTitleItem", c.itemHeading),
-                                      ofWindow(u"Label1", c.firstLabel),
-                                      ofWindow(u"Label2", c.secondLabel)};
-  for (std::size_t i = 0; i < kStripButtons.size(); ++i) {
-    if (kStripButtons[i].separator) continue;
-    captions.push_back(
-        {Concatenate({u"tbToolBar.", kStripButtons[i].key}),
-         [&strip = c.strip, i] { return strip.Caption(i + 1); },
-         [&strip = c.strip, i](std::u16string_view text) { strip.SetCaption(i + 1, text); }});
-  }
-  c.form = std::make_shared<ControlForm>(u"PriceDown", std::move(captions));
-}
-
-void ControlWindow::MakeFonts() {
-  ControlChildren& c = *children_;
-  const Dpi dpi = Dpi::Of(Handle());
-  const TitleFont& title = c.titleDescription;
-  FontHandle titleFont = title.name.empty()
-                             ? MakeMessageFont(title.points, dpi)
-                             : MakeFont(title.name, title.charset, title.points, dpi);
-  FontHandle textFont = MakeMessageFont(dpi);
-  GiveFont(c.title.Handle(), titleFont.Get());
-  for (const BoundWindow* window :
-       std::initializer_list<const BoundWindow*>{&c.period, &c.firstLabel, &c.secondLabel,
-                                                 &c.classHeading, &c.itemHeading, &c.statusBar}) {
-    GiveFont(window->Handle(), textFont.Get());
-  }
-  c.strip.SetFont(textFont.Get());
-  c.tree.SetFont(MakeFont(c.treeFont, dpi));
-  c.titleFont = std::move(titleFont);
-  c.textFont = std::move(textFont);
 }
 
 void ControlWindow::Attach(PriceDown* control) {
@@ -178,7 +90,7 @@ void ControlWindow::SetTitleFont(std::u16string_view name, std::int32_t charset,
     title.name = name;
     title.charset = charset;
   }
-  MakeFonts();
+  children_->MakeFonts(Dpi::Of(Handle()));
 }
 
 void ControlWindow::SetPeriod(std::u16string_view text) {
@@ -210,7 +122,7 @@ void ControlWindow::InsertNode(NodeIndex index, NodeIndex parent, std::u16string
   // The clock is not asked for every node.
   constexpr NodeIndex kNodesBetween = 512;
   if (index % kNodesBetween == 0 && Clock::now() - children_->fillBegan > kLongWork) {
-    ShowProgress(true);
+    children_->ShowProgress(true);
   }
 }
 
@@ -221,7 +133,7 @@ NodeIndex ControlWindow::SelectedNode() const { return children_->tree.SelectedN
 void ControlWindow::SetRedraw(bool redraw) {
   children_->fillBegan = Clock::now();
   children_->tree.SetRedraw(redraw);
-  if (redraw) ShowProgress(false);
+  if (redraw) children_->ShowProgress(false);
 }
 
 void ControlWindow::SetTreeFont(const Font& font) {

@@ -35,8 +35,6 @@ class ControlWindow final : public PriceDownView,
   // AutomationError when a window cannot be made.
   explicit ControlWindow(HINSTANCE module);
   ~ControlWindow() override;
-  ControlWindow(const ControlWindow&) = delete;
-  ControlWindow& operator=(const ControlWindow&) = delete;
 
   // Window events go to `control` and its sheet is shown; null detaches, which cannot fail.
   // Requires: detached before `control` dies.
@@ -111,20 +109,10 @@ class ControlWindow final : public PriceDownView,
 
   bool IsEnabled(UserCommand command) const;
   bool UsesCommandKey(HWND focus, WPARAM key) const;
-  std::u16string CaptionOf(UserCommand command) const;
   template <typename Command>
   void Fire(Command&& command);
-
-  void CreateChildren();
-  void ListCaptions();
-  void MakeFonts();
   void SystemChanged(UINT message);
   void ShowStatus();
-  void ShowProgress(bool show);
-  LRESULT OnNotify(NMHDR& header);
-  void OnPaint();
-  LRESULT OnErase(HDC context);
-  bool MoveFocus(bool backwards, bool wrap);
 
   std::unique_ptr<ControlChildren> children_;
   PriceDown* control_ = nullptr;
