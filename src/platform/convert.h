@@ -41,11 +41,11 @@ double LeadingNumber(const Text& text) {
 }
 
 // Whether a whole text is a number. Accepted: blanks, tabs and line breaks around it and between
-// sign and digits; one sign "+" or "-", before or behind; digits, with single commas between
-// digits of the whole part, wherever they stand (1,234 and 1,2); one "." with a digit on at least
+// sign and digits; one sign "+" or "-", before or behind; digits; one "." with a digit on at least
 // one side; an exponent E or D with an optional sign and digits; or, unsigned, &H or &O and
 // digits of that base. Refused: empty text, anything else, and what no double can hold.
-// Parentheses and currency signs are not accepted.
+// Commas are refused wherever they stand: a leading number ends at them, and what is checked with
+// the one is stored with the other. So are parentheses and currency signs.
 bool IsNumeric(std::u16string_view text);
 
 // The number of a value. Texts must be numeric as a whole (IsNumeric); Empty gives 0, booleans

@@ -64,11 +64,10 @@ Prefix NumberOf(const std::string& plain, std::size_t length) {
   return prefix;
 }
 
-// An unsigned decimal number; with `thousands`, commas between whole digits are skipped.
-Prefix ScanDecimal(std::u16string_view text, bool thousands) {
+// An unsigned decimal number.
+Prefix ScanDecimal(std::u16string_view text) {
   std::string plain;
   std::size_t next = 0;
-  bool hasDigits = false;
   const auto at = [text](std::size_t index) { return index < text.size() ? text[index] : u'\0'; };
   const auto takeDigits = [&] {
     const std::size_t first = next;
@@ -76,11 +75,7 @@ Prefix ScanDecimal(std::u16string_view text, bool thousands) {
     return next > first;
   };
 
-  while (takeDigits()) {
-    hasDigits = true;
-    if (!thousands || at(next) != u',' || !IsDigit(at(next + 1))) break;
-    ++next;
-  }
+  bool hasDigits = takeDigits();
   if (at(next) == u'.') {
     plain.push_back('.');
     ++next;
@@ -150,7 +145,7 @@ ScannedNumber ScanLeadingNumber(std::u16string_view text) {
   }
   const bool negative = rest.starts_with(u'-');
   if (!rest.empty() && IsSign(rest.front())) rest.remove_prefix(1);
-  const Prefix prefix = ScanDecimal(rest, false);
+  const Prefix prefix = ScanDecimal(rest);
   if (prefix.length == 0) return {};
   return Result(prefix.overflow, negative ? -prefix.number : prefix.number);
 }
@@ -167,7 +162,7 @@ ScannedNumber ScanWholeNumber(std::u16string_view text) {
     sign = rest.front();
     rest = WithoutLeadingBlanks(rest.substr(1));
   }
-  const Prefix prefix = ScanDecimal(rest, true);
+  const Prefix prefix = ScanDecimal(rest);
   if (prefix.length == 0) return {};
   rest = WithoutLeadingBlanks(rest.substr(prefix.length));
   if (sign == 0 && rest.size() == 1 && IsSign(rest.front())) {

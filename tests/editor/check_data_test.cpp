@@ -120,6 +120,8 @@ INSTANTIATE_TEST_SUITE_P(
         PercentageCase{"NumberAndLetters", u"12abc", kNotNumeric},
         PercentageCase{"PercentSign", u"12%", kNotNumeric},
         PercentageCase{"TwoPoints", u"1.2.3", kNotNumeric},
+        PercentageCase{"CommaForAPoint", u"0,5", kNotNumeric},
+        PercentageCase{"Thousands", u"1,0", kNotNumeric},
         PercentageCase{"SevenLetters", u"abcdefg", kNotNumeric},
         PercentageCase{"JustBelowZero", u"-0.0001", kOutOfRange},
         PercentageCase{"JustAboveHundred", u"100.001", kOutOfRange},
