@@ -20,6 +20,7 @@ function(add_room target)
     add_library(${target} STATIC ${sources})
     target_include_directories(${target} PUBLIC ${room_INCLUDE_ROOT})
     target_link_libraries(${target} PUBLIC ${room_LINK} PRIVATE project_options)
+    precompile(${target})
   else()
     add_library(${target} INTERFACE)
     target_include_directories(${target} INTERFACE ${room_INCLUDE_ROOT})
@@ -64,6 +65,7 @@ function(add_program target)
   add_executable(${target} ${sources} ${resources})
   target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(${target} PRIVATE ${program_LINK} project_options)
+  precompile(${target})
   if(program_GUI)
     set_target_properties(${target} PROPERTIES WIN32_EXECUTABLE ON)
   endif()
@@ -99,15 +101,18 @@ function(add_com_library target)
   set_target_properties(${target} PROPERTIES PREFIX "")
   target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(${target} PRIVATE ${dll_LINK} project_options)
+  precompile(${target})
   if(CMAKE_SIZEOF_VOID_P EQUAL 4)
     # COM asks for the undecorated names.
     target_link_options(${target} PRIVATE -Wl,--kill-at -Wl,--enable-stdcall-fixup)
   endif()
+  # The tools write the time into what they change; the same sources are to give the same bytes.
+  set(fixed_time ${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=0)
   add_custom_command(TARGET ${target} POST_BUILD
-    COMMAND ${CMAKE_OBJCOPY} --only-keep-debug
+    COMMAND ${fixed_time} ${CMAKE_OBJCOPY} --only-keep-debug
       $<TARGET_FILE:${target}> $<TARGET_FILE:${target}>.debug
-    COMMAND ${CMAKE_STRIP} --strip-unneeded $<TARGET_FILE:${target}>
-    COMMAND ${CMAKE_OBJCOPY} --add-gnu-debuglink=$<TARGET_FILE:${target}>.debug
+    COMMAND ${fixed_time} ${CMAKE_STRIP} --strip-all $<TARGET_FILE:${target}>
+    COMMAND ${fixed_time} ${CMAKE_OBJCOPY} --add-gnu-debuglink=$<TARGET_FILE:${target}>.debug
       $<TARGET_FILE:${target}>
     VERBATIM)
 endfunction()
