@@ -5,6 +5,7 @@
 #include <exception>
 
 #include "editor/ledger_view.h"
+#include "env/translation.h"
 #include "platform/convert.h"
 #include "platform/error.h"
 #include "platform/text.h"
@@ -36,7 +37,7 @@ void LookUpAccount(FormParts& form, FormField field) {
   }
   // The form may have gone under the picker, and nobody is left to tell.
   if (!form.state.loaded) return;
-  form.environment.messages.Report(Concatenate({kLineBreak, description}));
+  form.environment.messages.Report(Concatenate({kLineBreak, Translate(description)}));
 }
 
 }  // namespace pricedown

@@ -45,7 +45,7 @@ bool MessageBoxQuestions::Confirm(std::u16string_view text, std::u16string_view 
 void ReportFailure(HWND owner, const Failure& failure) noexcept {
   try {
     const std::u16string text =
-        failure.description.empty() ? SystemText(failure.code) : failure.description;
+        Translate(failure.description.empty() ? SystemText(failure.code) : failure.description);
     MessageBoxW(owner, ToWide(text).c_str(), ToWide(Translate(kMessageTitle)).c_str(),
                 MB_OK | MB_ICONINFORMATION | (owner == nullptr ? MB_TASKMODAL : 0));
   } catch (...) {
