@@ -11,7 +11,9 @@
 namespace pricedown {
 namespace {
 
-enum class Commit { EveryRow, Once };
+// The browser's copy is of all rows and committed row by row, that of the form's list is of the
+// rows that pass its filter and committed once.
+enum class Manner { Browser, Form };
 
 // No object when a copy cannot be made or opened.
 Recordset MakeLike(ObjectFactory& factory, const std::vector<FieldDefinition>& fields) {
@@ -54,23 +56,24 @@ void CopyRow(const Recordset& copy, const std::vector<FieldPair>& fields) {
 }
 
 void CopyRows(const Recordset& source, const Recordset& copy, const std::vector<FieldPair>& fields,
-              Commit commit) {
+              Manner manner) {
   while (HasRow(source)) {
     CopyRow(copy, fields);
-    if (commit == Commit::EveryRow) SkipFailing([&] { copy.UpdateBatch(); });
+    if (manner == Manner::Browser) SkipFailing([&] { copy.UpdateBatch(); });
     // A source that does not move on would be copied for ever.
     if (!SkipFailing([&] { source.MoveNext(); })) break;
   }
-  if (commit == Commit::Once) SkipFailing([&] { copy.UpdateBatch(); });
+  if (manner == Manner::Form) SkipFailing([&] { copy.UpdateBatch(); });
 }
 
-Recordset Copy(ObjectFactory& factory, const Recordset& source, Commit commit) {
+Recordset Copy(ObjectFactory& factory, const Recordset& source, Manner manner) {
   std::vector<FieldDefinition> fields;
   SkipFailing([&] { fields = source.Fields(); });
   Recordset copy = MakeLike(factory, fields);
   if (!copy) return copy;
+  if (manner == Manner::Browser) SkipFailing([&] { source.SetFilter({}); });
   SkipFailing([&] { source.MoveFirst(); });
-  CopyRows(source, copy, PairFields(source, copy, fields), commit);
+  CopyRows(source, copy, PairFields(source, copy, fields), manner);
   SkipFailing([&] { copy.MoveFirst(); });
   return copy;
 }
@@ -78,12 +81,11 @@ Recordset Copy(ObjectFactory& factory, const Recordset& source, Commit commit) {
 }  // namespace
 
 Recordset CopyRecords(ObjectFactory& factory, const Recordset& source) {
-  SkipFailing([&] { source.SetFilter({}); });
-  return Copy(factory, source, Commit::EveryRow);
+  return Copy(factory, source, Manner::Browser);
 }
 
 Recordset CopyList(ObjectFactory& factory, const Recordset& source) {
-  return Copy(factory, source, Commit::Once);
+  return Copy(factory, source, Manner::Form);
 }
 
 }  // namespace pricedown

@@ -63,18 +63,19 @@ std::string Made(const Columns& columns, int attributes) {
   return lines;
 }
 
-// The copy of a recordset with the one row, from the clearing of the filter on.
+// The copy of a recordset with the one row. The source's filter is cleared behind the opening of
+// the copy.
 inline std::string Copied(const std::string& source) {
   const std::string copy = kCopy;
-  std::string lines =
-      "put " + source + ".Filter = \"\"\n" + source + ".Fields()\n" + source + ".Fields.Count()\n";
+  std::string lines = source + ".Fields()\n" + source + ".Fields.Count()\n";
   int index = 0;
   for (const LogColumn& column : kGridColumns) {
     const std::string field = source + ".Fields(\"" + column.name + "\")";
     lines += source + ".Fields.Item(" + std::to_string(index++) + ")\n" + field + ".Name()\n" +
              field + ".Type()\n" + field + ".DefinedSize()\n" + field + ".Attributes()\n";
   }
-  lines += Made(kGridColumns, 0) + copy + ".Open()\n" + source + ".MoveFirst()\n";
+  lines += Made(kGridColumns, 0) + copy + ".Open()\n" + "put " + source + ".Filter = \"\"\n" +
+           source + ".MoveFirst()\n";
   for (const LogColumn& column : kGridColumns) {
     for (const std::string& rows : {source, copy}) {
       lines += rows + ".Fields()\n" + rows + ".Fields.Item(\"" + column.name + "\")\n";
