@@ -83,7 +83,7 @@ void PriceDown::DisableClassCommands() {
 void PriceDown::SetPeriodLabel() {
   const ProcessState& state = ports_.state;
   std::u16string text;
-  if (state.currentYear != 0 && state.currentPeriod != 0) {
+  if (state.periodKnown) {
     text = Concatenate({NumberText(state.currentYear), Translate(u"年第"),
                         NumberText(state.currentPeriod), Translate(u"期")});
   }

@@ -12,6 +12,8 @@ namespace pricedown {
 struct ProcessState {
   std::int32_t currentYear = 0;
   std::int32_t currentPeriod = 0;
+  // Whether both are those of the suite, as the last control's creation read them.
+  bool periodKnown = false;
   // The first day of the current period and of the one that follows it, as the suite writes them.
   std::u16string periodStart;
   std::u16string followingPeriodStart;

@@ -57,11 +57,13 @@ YearAndPeriod ReadYearAndPeriod(ObjectFactory& factory, std::u16string_view cate
 }
 
 void ReadCurrentPeriod(ObjectFactory& factory, ProcessState& state) {
+  state.periodKnown = false;
   {
     SystemProfile profile(factory);
     state.currentYear = ToInt32(profile.Get(u"ic", kYearKey));
     state.currentPeriod = ToInt32(profile.Get(u"ic", kPeriodKey));
   }
+  state.periodKnown = true;
   ReadPeriodDates(factory, state);
 }
 

@@ -22,7 +22,8 @@ struct YearAndPeriod {
 YearAndPeriod ReadYearAndPeriod(ObjectFactory& factory, std::u16string_view category);
 
 // Reads year and period ("ic") and then the period dates into the state. When a step fails the
-// values read before it are kept and AutomationError is thrown.
+// values read before it are kept and AutomationError is thrown; the period counts as known from
+// when both of its numbers were read.
 void ReadCurrentPeriod(ObjectFactory& factory, ProcessState& state);
 
 }  // namespace pricedown

@@ -181,6 +181,33 @@ TEST(Initialize, LeavesThePeriodEmptyWhenItCannotBeRead) {
   }
 }
 
+TEST(Initialize, ShowsAYearOrPeriodThatIsZero) {
+  struct Given {
+    Value year;
+    Value period;
+    const char* label;
+  };
+  for (const Given& given : {Given{u"0", u"0", "0年第0期"}, Given{Value(), Value(), "0年第0期"},
+                             Given{u"2008", u"0", "2008年第0期"}}) {
+    ControlWorld world;
+    world.company.year = given.year;
+    world.company.period = given.period;
+    world.CreateAndInitialize();
+    EXPECT_EQ(world.log.Count(std::string("view period \"") + given.label + "\""), 1u)
+        << world.log.Text();
+  }
+}
+
+TEST(Initialize, ShowsNoPeriodOfAnEarlierControl) {
+  ControlWorld world;
+  world.CreateAndInitialize();
+  world.company.period = u"？";
+  world.Create();
+  world.log.Clear();
+  EXPECT_THROW(world.control->Initialize(), AutomationError);
+  EXPECT_EQ(world.log.Count("view period \"\""), 1u);
+}
+
 TEST(Initialize, ShowsThePeriodEvenWhenItsDatesFail) {
   ControlWorld world;
   world.factory.Refuses(u"ZEPCBSSystemData.AisInfo");

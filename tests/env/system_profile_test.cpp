@@ -169,6 +169,7 @@ TEST(CurrentPeriodFailures, KeepsWhatWasReadBeforeAFailure) {
     EXPECT_EQ(error, whole ? std::nullopt : std::optional(kInjectedFailure));
     EXPECT_EQ(state.currentYear, whole || failingCall >= kYearRead ? 2008 : 0);
     EXPECT_EQ(state.currentPeriod, whole || failingCall >= kPeriodRead ? 3 : 0);
+    EXPECT_EQ(state.periodKnown, whole || failingCall >= kPeriodRead);
     EXPECT_EQ(Utf8(state.periodStart), whole || failingCall >= kStartRead ? "2008, 3" : "");
     EXPECT_EQ(Utf8(state.followingPeriodStart), whole ? "2008, 4" : "");
     EXPECT_EQ(factory.LiveObjects(), 0);
