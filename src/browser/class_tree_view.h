@@ -2,23 +2,18 @@
 // The window decides nothing: clicks are reported to ClassTree by node index.
 #pragma once
 
-#include <cstdint>
 #include <string_view>
 
 #include "browser/node_collection.h"
 
 namespace pricedown {
 
-// Positions in the tree's image list, from 1.
-inline constexpr std::int32_t kNodeImage = 1;
-inline constexpr std::int32_t kSelectedNodeImage = 2;
-
 class ClassTreeView {
  public:
   virtual ~ClassTreeView() = default;
   virtual void ClearNodes() = 0;
-  // Nodes arrive in the order of their indexes, behind their siblings, all with kNodeImage and
-  // kSelectedNodeImage; `parent` is kNoNode for the root.
+  // Nodes arrive in the order of their indexes, behind their siblings, all with the first image of
+  // the tree's list, and the second while selected; `parent` is kNoNode for the root.
   virtual void InsertNode(NodeIndex index, NodeIndex parent, std::u16string_view text) = 0;
   // Marks the node selected and makes it visible; reports no click.
   virtual void SelectNode(NodeIndex index) = 0;

@@ -21,10 +21,9 @@ void Splitter::MoveTo(std::int32_t offset, std::int32_t controlWidth) {
                                controlWidth);
 }
 
-std::int32_t Splitter::End() {
+void Splitter::End() {
   if (dragging_) position_ = barPosition_;
   dragging_ = false;
-  return position_;
 }
 
 }  // namespace pricedown

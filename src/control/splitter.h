@@ -19,8 +19,8 @@ class Splitter {
   void Begin();
   // `offset` is the mouse position less the splitter's left edge. Ignored unless dragging.
   void MoveTo(std::int32_t offset, std::int32_t controlWidth);
-  // The position to lay out with. Ends the drag.
-  std::int32_t End();
+  // Takes the bar's position over, and ends the drag.
+  void End();
 
  private:
   std::int32_t position_ = kDefaultSplitter;

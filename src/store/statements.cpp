@@ -31,18 +31,6 @@ std::u16string DeleteProvision(std::u16string_view beginning, std::u16string_vie
                       condition, key, u"'\r\n"});
 }
 
-std::u16string_view Beginning(DeleteForm form) {
-  switch (form) {
-    case DeleteForm::NoAlias:
-      return u"delete";
-    case DeleteForm::OneBlank:
-      return u"delete a";
-    case DeleteForm::TwoBlanks:
-      break;
-  }
-  return u"delete  a";
-}
-
 }  // namespace
 
 std::u16string ProvisionMode() {
@@ -103,13 +91,13 @@ std::u16string ItemCurrentAmounts(std::int32_t year, std::int32_t period,
 
 std::u16string DeleteClassProvision(std::int32_t year, std::int32_t period,
                                     std::u16string_view classNumber) {
-  return DeleteProvision(Beginning(DeleteForm::OneBlank), kJoinClass, year, period, kByClassNumber,
-                         classNumber);
+  return DeleteProvision(u"delete a", kJoinClass, year, period, kByClassNumber, classNumber);
 }
 
 std::u16string DeleteItemProvision(std::int32_t year, std::int32_t period,
                                    std::u16string_view itemCode, DeleteForm form) {
-  return DeleteProvision(Beginning(form), kJoinItem, year, period, kByItemCode, itemCode);
+  return DeleteProvision(form == DeleteForm::NoAlias ? u"delete" : u"delete  a", kJoinItem, year,
+                         period, kByItemCode, itemCode);
 }
 
 std::u16string DeleteClass(std::u16string_view classNumber) {

@@ -37,13 +37,12 @@ std::u16string ItemHistory(std::int32_t year, std::int32_t period, std::u16strin
 std::u16string ItemCurrentAmounts(std::int32_t year, std::int32_t period,
                                   std::u16string_view itemCode);
 
-// How a delete of current provision rows begins; the server reads all three alike but the texts
-// are fixed per command.
-enum class DeleteForm { NoAlias, OneBlank, TwoBlanks };
-
 // Deletes the period's provision rows of a class's items.
 std::u16string DeleteClassProvision(std::int32_t year, std::int32_t period,
                                     std::u16string_view classNumber);
+
+// How the delete for an item begins; the server reads both alike but the texts are fixed.
+enum class DeleteForm { NoAlias, TwoBlanks };
 
 // Deletes the period's provision rows of an item.
 std::u16string DeleteItemProvision(std::int32_t year, std::int32_t period,

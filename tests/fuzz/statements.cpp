@@ -21,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   FuzzedDataProvider input(data, size);
   const auto year = input.ConsumeIntegral<std::int32_t>();
   const auto period = input.ConsumeIntegral<std::int32_t>();
-  const auto form = static_cast<statements::DeleteForm>(input.ConsumeIntegralInRange(0, 2));
+  const auto form = static_cast<statements::DeleteForm>(input.ConsumeIntegralInRange(0, 1));
   const std::u16string first = TakeText(input);
   const std::u16string second = RestAsText(input);
 

@@ -79,12 +79,6 @@ INSTANTIATE_TEST_SUITE_P(
              "inner join t_ICItem b on a.FItemID=b.FItemID \r\n"
              "where (a.FYear='2008' and a.FPeriod='3') \r\n"
              "and b.FNumber='01.02.0003'\r\n"},
-        Case{"DeleteItemProvisionWithOneBlank",
-             DeleteItemProvision(2008, 3, u"01.02.0003", DeleteForm::OneBlank),
-             "delete a from ICPriceDownPrepare a \r\n"
-             "inner join t_ICItem b on a.FItemID=b.FItemID \r\n"
-             "where (a.FYear='2008' and a.FPeriod='3') \r\n"
-             "and b.FNumber='01.02.0003'\r\n"},
         Case{"DeleteItemProvisionWithTwoBlanks",
              DeleteItemProvision(2008, 3, u"01.02.0003", DeleteForm::TwoBlanks),
              "delete  a from ICPriceDownPrepare a \r\n"
