@@ -22,6 +22,25 @@ char16_t Shifted(char16_t character, int distance) {
   return static_cast<char16_t>(character + distance);
 }
 
+// Of letters that stand in pairs, the capital first.
+char16_t UpperOfPair(char16_t c, bool capitalsAreOdd) {
+  const bool odd = (c & 1) != 0;
+  return odd == capitalsAreOdd ? c : Shifted(c, -1);
+}
+
+// The letters with marks behind Latin-1, those of Pinyin among them.
+char16_t UpperMarkedLatin(char16_t c) {
+  if (IsBetween(c, 0x0139, 0x0148) || IsBetween(c, 0x0179, 0x017E) ||
+      IsBetween(c, 0x01CD, 0x01DC)) {
+    return UpperOfPair(c, true);
+  }
+  if (IsBetween(c, 0x0100, 0x012F) || IsBetween(c, 0x0132, 0x0137) ||
+      IsBetween(c, 0x014A, 0x0177) || IsBetween(c, 0x01F8, 0x01F9)) {
+    return UpperOfPair(c, false);
+  }
+  return c;
+}
+
 char16_t UpperGreek(char16_t c) {
   switch (c) {
     case 0x03AC:
@@ -44,12 +63,11 @@ char16_t UpperCyrillic(char16_t c) {
   if (IsBetween(c, 0x0430, 0x044F)) return Shifted(c, -0x20);
   if (IsBetween(c, 0x0450, 0x045F)) return Shifted(c, -0x50);
   if (c == 0x04CF) return 0x04C0;
-  const bool odd = (c & 1) != 0;
-  // The rest stands in pairs, capital first; one run of them begins at an odd code.
-  if (IsBetween(c, 0x04C1, 0x04CE)) return odd ? c : Shifted(c, -1);
+  // The rest stands in pairs; one run of them begins at an odd code.
+  if (IsBetween(c, 0x04C1, 0x04CE)) return UpperOfPair(c, true);
   if (IsBetween(c, 0x0460, 0x0481) || IsBetween(c, 0x048A, 0x04BF) ||
       IsBetween(c, 0x04D0, 0x052F)) {
-    return odd ? Shifted(c, -1) : c;
+    return UpperOfPair(c, false);
   }
   return c;
 }
@@ -59,8 +77,11 @@ char16_t UpperLetter(char16_t c) {
   if (c == 0x00F7) return c;  // the division sign among the letters
   if (c == 0x00FF) return 0x0178;
   if (IsBetween(c, 0x00E0, 0x00FE)) return Shifted(c, -0x20);
+  if (IsBetween(c, 0x0100, 0x01FF)) return UpperMarkedLatin(c);
   if (IsBetween(c, 0x0370, 0x03FF)) return UpperGreek(c);
   if (IsBetween(c, 0x0400, 0x052F)) return UpperCyrillic(c);
+  if (IsBetween(c, 0x2170, 0x217F)) return Shifted(c, -0x10);  // Roman numerals
+  if (IsBetween(c, 0x24D0, 0x24E9)) return Shifted(c, -0x1A);  // circled letters
   if (IsBetween(c, 0xFF41, 0xFF5A)) return Shifted(c, -0x20);
   return c;
 }

@@ -19,8 +19,8 @@ std::u16string_view Trim(std::u16string_view text);
 // ASCII letters compare equal in either case; for names of members, columns and settings.
 bool EqualsIgnoringCase(std::u16string_view left, std::u16string_view right);
 
-// Letters of the ASCII, Latin-1, Greek, Cyrillic and full-width ranges in upper case, one code
-// unit for one; everything else stays.
+// Letters of the Latin (with Pinyin), Greek, Cyrillic, circled and full-width ranges and Roman
+// numerals in upper case, one code unit for one; everything else stays.
 std::u16string UpperCase(std::u16string_view text);
 
 // Lossless for well-formed text; a lone surrogate or bad byte becomes U+FFFD.
