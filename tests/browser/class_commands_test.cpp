@@ -129,6 +129,18 @@ TEST_F(DeleteClass, RefusesWhenTheClassHasHistory) {
             "release ZEPConnection.AppConnection\n"));
 }
 
+TEST_F(DeleteClass, TakesAnUnknownCountForNone) {
+  factory_.Object(u"uncounted").On(u"RecordCount", -1);
+  for (const std::u16string_view guard : {kVoucher, kHistory}) {
+    factory_.Object(u"ZEPConnection.AppConnection")
+        .On(u"Execute", Arguments({guard}), factory_.Answering(u"uncounted"));
+  }
+  ScriptDeletes();
+  questions_.WillAnswer({true});
+  commands_.Delete();
+  EXPECT_EQ(log_.Count(ExecuteLine(kDeleteClass)), 1u);
+}
+
 TEST_F(DeleteClass, LeavesTheClassWhenItsProvisionRowsAreGoneAndTheSecondDeleteFails) {
   ScriptGuards(NoRow(), NoRow());
   AnswerNothing(factory_, kDeleteProvision);

@@ -301,6 +301,12 @@ TEST_F(ItemGridTest, PreparesTitlesAndWidths) {
   }
   EXPECT_EQ(grid_.Cells().MaxRows(), 0);
   EXPECT_FALSE(grid_.Cells().BlockMode());
+  // The block of the columns that every load locks, over no rows yet.
+  const ObjectPtr object = grid_.Object();
+  EXPECT_EQ(object->Get(u"Col"), Value(1));
+  EXPECT_EQ(object->Get(u"Col2"), Value(3));
+  EXPECT_EQ(object->Get(u"Row"), Value(1));
+  EXPECT_EQ(object->Get(u"Row2"), Value(0));
 }
 
 TEST_F(ItemGridTest, DropsRowsRecordsetAndObjectWhenReleased) {

@@ -80,6 +80,22 @@ TEST_F(DeleteCommand, RunsWholeForTheBarsTool) {
   EXPECT_EQ(world_.log.Text(), Deletion());
 }
 
+// The command selects the root, and the reload behind every click selects nothing again.
+TEST_F(DeleteCommand, LeavesNothingSelectedBehindItsSecondReload) {
+  StartDeletable();
+  Control().StripButtonClicked(u"Del");
+  EXPECT_EQ(world_.log.Count("tree select 1"), 1u);
+  EXPECT_EQ(world_.log.Count("tree clear"), 2u);
+  EXPECT_EQ(world_.treeView.selected, kNoNode);
+}
+
+TEST_F(DeleteCommand, EndsWithTheRootForTheHostsOwnCall) {
+  StartDeletable();
+  Control().delRecord();
+  EXPECT_EQ(world_.log.Count("tree clear"), 1u);
+  EXPECT_EQ(world_.treeView.selected, 1);
+}
+
 TEST_F(DeleteCommand, ReloadsOnceBehindARefusal) {
   struct Refusal {
     bool voucher;

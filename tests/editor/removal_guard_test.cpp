@@ -225,6 +225,20 @@ TEST_F(RemovalGuard, TakesAHistoryWithoutAnAnswerForNone) {
   EXPECT_THAT(MemberIds(), ElementsAre(102));
 }
 
+TEST_F(RemovalGuard, TakesAnUnknownCountForNone) {
+  factory.Object(u"uncounted").On(u"RecordCount", Reply(-1));
+  for (const std::u16string& statement :
+       {HistoryOf(u"01.001"), std::u16string(kVoucher), AmountsOf(u"01.001")}) {
+    factory.Object(kConnectionId)
+        .On(u"Execute", Arguments({statement}), factory.Answering(u"uncounted"));
+  }
+  AnswerNothing(factory, DeleteOf(u"delete  a", u"01.001"));
+  OpenAndSelect({2});
+  form.ToolClicked(u"DelItem");
+  EXPECT_EQ(log.Count(Executed(DeleteOf(u"delete  a", u"01.001"))), 1u);
+  EXPECT_THAT(MemberIds(), ElementsAre(102));
+}
+
 TEST_F(RemovalGuard, RefusesOneOfThreeAndRemovesTheOthers) {
   Voucher(false);
   Answer(factory, u"01.001", {});
