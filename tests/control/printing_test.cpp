@@ -84,6 +84,19 @@ TEST_F(Printing, AnswersTheBar) {
   EXPECT_EQ(world_.log.Text(), "tool.Name()\n" + Filling() + "ledger preview\nrelease tool\n");
 }
 
+TEST_F(Printing, WorksWhereTheClassCommandsAreDisabled) {
+  world_.company.mode = u"2";
+  world_.company.nodeSetting = u"gc0";
+  Start();
+  ASSERT_FALSE(Control().IsBarToolEnabled(u"iInsert"));
+  Control().StripButtonClicked(u"Print");
+  Control().StripButtonClicked(u"PrintView");
+  Click(u"iPrint");
+  EXPECT_EQ(world_.log.Count("ledger print"), 2u);
+  EXPECT_EQ(world_.log.Count("ledger preview"), 1u);
+  EXPECT_EQ(world_.log.Count("ledger row 3 \"01.002|螺母|M10||\""), 3u) << world_.log.Text();
+}
+
 TEST_F(Printing, TellsTheUserOfAFailureAndNotTheHost) {
   Start();
   world_.factory.FailCall(11);

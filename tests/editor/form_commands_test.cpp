@@ -201,6 +201,24 @@ TEST_F(FormCommands, ExitStaysAfterARefusedSave) {
   EXPECT_EQ(log.Count("focus ItemClassName"), 1u);
 }
 
+// An empty number is the one failure that leaves the flag of the earlier save.
+TEST_F(FormCommands, ExitClosesWithoutSavingAnEmptiedNumberOnceSaved) {
+  AllowSave(false);
+  OpenForEdit();
+  form.ToolClicked(u"Save");
+  view.Type(FormField::ClassNumber, u"");
+  log.Clear();
+  questions.WillAnswer({true});
+  form.ToolClicked(u"iExit");
+  EXPECT_EQ(log.Text(), std::string(kAskChanged) + " -> yes\n" + Lines(R"(
+      tell information "岚禾提示": "请输入数字,物料类别代码不能为空！"
+      focus itemClassNumber
+      release ADODB.Recordset
+      release ADODB.Recordset
+      unload
+      )"));
+}
+
 TEST_F(FormCommands, ExitStaysWhenTheSaveFails) {
   EditorWorld world;
   world.AnswerChecks(false);
