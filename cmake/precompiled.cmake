@@ -36,14 +36,17 @@ function(precompile target)
     set(precompiled_kind core)
   endif()
   get_target_property(linked ${target} LINK_LIBRARIES)
-  get_target_property(type ${target} TYPE)
-  # Of a kind are only targets with the same flags: natively a test room's library is not.
-  if(precompiled_kind STREQUAL tests AND
-     NOT (linked MATCHES GTest AND (WIN32 OR type STREQUAL EXECUTABLE)))
+  if(precompiled_kind STREQUAL tests AND NOT linked MATCHES GTest)
     return()
   endif()
   if(NOT TARGET precompiled_${precompiled_kind})
     add_precompiled(${precompiled_kind})
+  endif()
+  # Natively programs and libraries are compiled with different flags.
+  get_target_property(type ${target} TYPE)
+  get_target_property(precompiled_type precompiled_${precompiled_kind} TYPE)
+  if(NOT WIN32 AND NOT type STREQUAL precompiled_type)
+    return()
   endif()
   # So that ccache sees what is in them.
   target_compile_options(${target} PRIVATE -fpch-preprocess)
