@@ -66,6 +66,14 @@ TEST_F(UpdatePriceTest, StaysAtZeroWithoutARow) {
   EXPECT_EQ(price_.ItemClassType(), 0);
 }
 
+TEST_F(UpdatePriceTest, KeepsItsValueAtASecondReadingWithoutARow) {
+  AnswerStatement(factory_, kStatement, Rows({u"FValue"}, {{u"1"}}));
+  AnswerStatement(factory_, kStatement, Rows({u"FValue"}, {}));
+  price_.ReadItemClassType();
+  price_.ReadItemClassType();
+  EXPECT_EQ(price_.ItemClassType(), 1);
+}
+
 TEST_F(UpdatePriceTest, StaysAtZeroWithoutAnAnswerColumnOrConnection) {
   AnswerNothing(factory_, kStatement);
   AnswerStatement(factory_, kStatement, Rows({u"FOther"}, {{u"1"}}));
