@@ -144,22 +144,10 @@ void SheetWindow::OnDoubleClick(POINT point) {
 
 // False for a click beside the client area.
 bool SheetWindow::OnContextMenu(LPARAM place) {
-  POINT point{GET_X_LPARAM(place), GET_Y_LPARAM(place)};
-  RECT client{};
-  GetClientRect(Handle(), &client);
-  if (place == kByKeyboard) {
-    // Asked for by keyboard: below the current cell.
-    const RECT cell = CellArea(Scene(), selection_.column, selection_.row);
-    point = {std::clamp(cell.left, client.left, client.right),
-             std::clamp(cell.bottom, client.top, client.bottom)};
-    ClientToScreen(Handle(), &point);
-  } else {
-    POINT inside = point;
-    ScreenToClient(Handle(), &inside);
-    if (PtInRect(&client, inside) == FALSE) return false;
-  }
-  events_.MenuRequested(Handle(), point);
-  return true;
+  const RECT current = CellArea(Scene(), selection_.column, selection_.row);
+  const auto point = MenuPlace(Handle(), place, current);
+  if (point) events_.MenuRequested(Handle(), *point);
+  return point.has_value();
 }
 
 bool SheetWindow::OnSetCursor() {

@@ -197,29 +197,17 @@ void TreeWindow::OnRightPress(POINT point) {
 }
 
 bool TreeWindow::OnContextMenu(LPARAM place) {
-  POINT point{GET_X_LPARAM(place), GET_Y_LPARAM(place)};
-  RECT client{};
-  GetClientRect(Handle(), &client);
-  if (place == kByKeyboard) {
-    // Asked for by keyboard: below the selected node.
-    RECT node{};
-    const HTREEITEM selected = TreeView_GetSelection(Handle());
-    // The message takes the node in the memory that it answers in.
-    std::memcpy(&node, &selected, sizeof selected);
-    if (selected == nullptr ||
-        SendMessageW(Handle(), TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&node)) == 0) {
-      node = {};
-    }
-    point = {std::clamp(node.left, client.left, client.right),
-             std::clamp(node.bottom, client.top, client.bottom)};
-    ClientToScreen(Handle(), &point);
-  } else {
-    POINT inside = point;
-    ScreenToClient(Handle(), &inside);
-    if (PtInRect(&client, inside) == FALSE) return false;
+  RECT node{};
+  const HTREEITEM selected = TreeView_GetSelection(Handle());
+  // The message takes the node in the memory that it answers in.
+  std::memcpy(&node, &selected, sizeof selected);
+  if (selected == nullptr ||
+      SendMessageW(Handle(), TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&node)) == 0) {
+    node = {};
   }
-  events_.MenuRequested(Handle(), point);
-  return true;
+  const auto point = MenuPlace(Handle(), place, node);
+  if (point) events_.MenuRequested(Handle(), *point);
+  return point.has_value();
 }
 
 LRESULT TreeWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {

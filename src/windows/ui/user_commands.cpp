@@ -1,6 +1,10 @@
-// The keys of the commands and the menu that shows them.
+// The keys of the commands, the menu that shows them and its place.
 // Captions come from the caller.
 #include "windows/ui/user_commands.h"
+
+#include <windowsx.h>
+
+#include <algorithm>
 
 #include "control/tool_strip.h"
 #include "windows/com/failure.h"
@@ -94,6 +98,21 @@ std::size_t StripPositionOf(UserCommand command) {
     if (kStripButtons[i].key == key) return i + 1;
   }
   return 0;
+}
+
+std::optional<POINT> MenuPlace(HWND window, LPARAM place, const RECT& current) {
+  RECT client{};
+  GetClientRect(window, &client);
+  if (place == kByKeyboard) {
+    POINT below{std::clamp(current.left, client.left, client.right),
+                std::clamp(current.bottom, client.top, client.bottom)};
+    ClientToScreen(window, &below);
+    return below;
+  }
+  const POINT point{GET_X_LPARAM(place), GET_Y_LPARAM(place)};
+  POINT inside = point;
+  ScreenToClient(window, &inside);
+  return PtInRect(&client, inside) != FALSE ? std::optional(point) : std::nullopt;
 }
 
 std::optional<UserCommand> ChooseFromMenu(HWND owner, POINT place,

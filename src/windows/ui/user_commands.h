@@ -35,6 +35,10 @@ std::u16string_view StripKeyOf(UserCommand command);
 // That button's position from 1; 0 when the strip has none.
 std::size_t StripPositionOf(UserCommand command);
 
+// Where on the screen the menu opens that a WM_CONTEXTMENU at `place` asks for: at the mouse, or by
+// keyboard below `current`, an area of the window. Nothing for a click beside the client area.
+std::optional<POINT> MenuPlace(HWND window, LPARAM place, const RECT& current);
+
 struct CommandLine {
   UserCommand command;
   std::u16string caption;
