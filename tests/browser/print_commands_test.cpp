@@ -35,32 +35,7 @@ class PrintCommandsTest : public BrowserFixture {
     grid_.Cells().SetText(1, 1, u"01.001");
   }
 
-  static std::string Filling() {
-    return ReadingTitleFont() + Lines(R"(
-        ledger lines in 新細明體 136
-        ledger header 1 "物料类别维护-明细物料" 20.0 bold underlined
-        ledger header 2 "                              " 9.0
-        ledger header 3 "|打印日期：&[日期]" 9.0
-        ledger clear
-        ledger rows 2
-        ledger columns 4
-        ledger format 1 0
-        ledger format 2 0
-        ledger format 3 0
-        ledger format 4 0
-        ledger width 1 1800
-        ledger width 2 3000
-        ledger width 3 2700
-        ledger width 4 1800
-        ledger refresh
-        ledger row 2 "01.001||||"
-        ledger refresh
-        ledger row 1 "物料代码|物料名称|规格型号|标准单价|"
-        ledger refresh
-        ledger footer 1 "                              " 9.0
-        ledger footer 2 "第 &[页] 页|共 &[总页] 页" 9.0
-        )");
-  }
+  static std::string Filling() { return FillingLedger("新細明體 136", {"01.001||||"}); }
   // What follows a change of the font to size 12, bold, of that name.
   static std::string TakingKaiTi() {
     return Lines(R"(

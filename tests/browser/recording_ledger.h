@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "browser/print_commands.h"
 #include "browser/print_ledger.h"
@@ -91,6 +92,40 @@ inline std::string ReadingTitleFont() {
       q7font("Font.Charset")
       release q7font
       release ZEPFrmRes.FrmResLoader
+      )");
+}
+
+// What the ledger is given of the item list, in lines of that typeface: "宋体 134". Each row is
+// written as its line in the log: "01.001|螺栓|M8||".
+inline std::string FillingLedger(const std::string& typeface,
+                                 const std::vector<std::string>& rows) {
+  std::string table;
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    table += "ledger row " + std::to_string(i + 2) + " \"" + rows[i] + "\"\nledger refresh\n";
+  }
+  return ReadingTitleFont() + "ledger lines in " + typeface + "\n" + Lines(R"(
+      ledger header 1 "物料类别维护-明细物料" 20.0 bold underlined
+      ledger header 2 "                              " 9.0
+      ledger header 3 "|打印日期：&[日期]" 9.0
+      ledger clear
+      )") +
+         "ledger rows " + std::to_string(rows.size() + 1) + "\n" + Lines(R"(
+      ledger columns 4
+      ledger format 1 0
+      ledger format 2 0
+      ledger format 3 0
+      ledger format 4 0
+      ledger width 1 1800
+      ledger width 2 3000
+      ledger width 3 2700
+      ledger width 4 1800
+      ledger refresh
+      )") +
+         table + Lines(R"(
+      ledger row 1 "物料代码|物料名称|规格型号|标准单价|"
+      ledger refresh
+      ledger footer 1 "                              " 9.0
+      ledger footer 2 "第 &[页] 页|共 &[总页] 页" 9.0
       )");
 }
 

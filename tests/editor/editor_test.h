@@ -4,14 +4,13 @@
 
 #include <gtest/gtest.h>
 
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "editor/item_class_form.h"
-#include "platform/error.h"
 #include "tests/editor/recording_form.h"
 #include "tests/env/recording_screen.h"
+#include "tests/support/failure.h"
 #include "tests/support/recording_factory.h"
 #include "tests/support/recording_questions.h"
 #include "tests/support/scripted_recordset.h"
@@ -21,6 +20,21 @@ namespace pricedown::testing {
 
 inline constexpr std::u16string_view kLedgerViewId = u"ZEPEBCGLView.GLView";
 inline constexpr std::u16string_view kConnectionId = u"ZEPConnection.AppConnection";
+
+// The log of a form that is emptied for the next class.
+inline const std::string kEmptied = Lines(R"(
+    reload
+    text itemClassNumber = ""
+    enable Save
+    text ItemClassName = ""
+    enable Save
+    text txtitem(0) = ""
+    enable Save
+    text txtitem(1) = ""
+    enable Save
+    text txtPencent = ""
+    enable Save
+    )");
 
 // A member item; the class columns are those of the class in the test.
 struct MemberItem {
@@ -69,18 +83,5 @@ struct EditorWorld {
 };
 
 class EditorTest : public ::testing::Test, protected EditorWorld {};
-
-// The error number that `action` throws; none when it returns.
-template <typename Action>
-std::optional<std::int32_t> ErrorOf(Action&& action) {
-  try {
-    action();
-  } catch (const AutomationError& error) {
-    return error.Number();
-  }
-  return std::nullopt;
-}
-
-inline std::int32_t NumberOf(ErrorNumber number) { return static_cast<std::int32_t>(number); }
 
 }  // namespace pricedown::testing

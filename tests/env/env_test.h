@@ -4,9 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include <optional>
-
-#include "platform/error.h"
+#include "tests/support/failure.h"
 #include "tests/support/recording_factory.h"
 #include "tests/support/recording_questions.h"
 #include "tests/support/utf8.h"
@@ -26,18 +24,5 @@ class EnvTest : public ::testing::Test {
   CallLog log;
   RecordingFactory factory{log};
 };
-
-// The error number that `action` throws; none when it returns.
-template <typename Action>
-std::optional<std::int32_t> ErrorOf(Action&& action) {
-  try {
-    action();
-  } catch (const AutomationError& error) {
-    return error.Number();
-  }
-  return std::nullopt;
-}
-
-inline std::int32_t NumberOf(ErrorNumber number) { return static_cast<std::int32_t>(number); }
 
 }  // namespace pricedown::testing

@@ -13,6 +13,15 @@
 
 namespace workbench {
 
+// The company's two classes as Classes() lists them.
+inline constexpr const char* kA1 =
+    "A1|原材料|1|1051|5711|1023|1281.1|12.5\n"
+    "A1|原材料|2|1051|5711|1023|1281.1|12.5\n"
+    "A1|原材料|3|1051|5711|1023|1281.1|12.5\n";
+inline constexpr const char* kB1 =
+    "B1|成品|4|1051|5711|1023|1281.1|12.5\n"
+    "B1|成品|5|1051|5711|1023|1281.1|12.5\n";
+
 class ClassCompany : public SuiteFixture {
  protected:
   ClassCompany() {

@@ -18,6 +18,17 @@ const std::string kTitles = Lines(R"(
     text 0 centre 1682,379 in 1533,372-1831,422 "标准单价"
     )");
 
+const std::string kRulesOfOneRow = Lines(R"(
+    rule 200,372-1841,372
+    rule 200,422-1841,422
+    rule 200,472-1841,472
+    rule 200,372-200,472
+    rule 518,372-518,472
+    rule 1047,372-1047,472
+    rule 1523,372-1523,472
+    rule 1841,372-1841,472
+    )");
+
 TEST_F(Pages, OfAnEmptyGridHoldHeaderTitlesAndFooter) {
   Rows({});
   const LedgerPages pages = Made();
@@ -60,16 +71,7 @@ TEST_F(Pages, OfOneRowShowItBelowTheTitles) {
       text 0 left 1057,429 in 1057,422-1513,472 "M8"
       text 0 right 1831,429 in 1533,422-1831,472 "12.5"
       )"));
-  EXPECT_EQ(ReadableLines(pages.PageAt(1).rules), Lines(R"(
-      rule 200,372-1841,372
-      rule 200,422-1841,422
-      rule 200,472-1841,472
-      rule 200,372-200,472
-      rule 518,372-518,472
-      rule 1047,372-1047,472
-      rule 1523,372-1523,472
-      rule 1841,372-1841,472
-      )"));
+  EXPECT_EQ(ReadableLines(pages.PageAt(1).rules), kRulesOfOneRow);
 }
 
 struct CountCase {
@@ -118,16 +120,7 @@ TEST_F(Pages, FollowEachOtherWithoutAGapAndRepeatTheTitles) {
 
 TEST_F(Pages, OfALastRowEndTheirRulesThere) {
   NumberedRows(46);
-  EXPECT_EQ(ReadableLines(Made().PageAt(2).rules), Lines(R"(
-      rule 200,372-1841,372
-      rule 200,422-1841,422
-      rule 200,472-1841,472
-      rule 200,372-200,472
-      rule 518,372-518,472
-      rule 1047,372-1047,472
-      rule 1523,372-1523,472
-      rule 1841,372-1841,472
-      )"));
+  EXPECT_EQ(ReadableLines(Made().PageAt(2).rules), kRulesOfOneRow);
 }
 
 TEST_F(Pages, MeasureOnlyWhatTheyShow) {

@@ -1,10 +1,11 @@
-// What an action threw, as one readable line.
+// What an action threw, as one readable line or as its number.
 // For exceptions of the core only; any other exception passes through and fails the test.
 #pragma once
 
 #include <array>
 #include <charconv>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "platform/error.h"
@@ -29,5 +30,18 @@ std::string FailureOf(Action action) {
   }
   return {};
 }
+
+// The error number that `action` throws; none when it returns.
+template <typename Action>
+std::optional<std::int32_t> ErrorOf(Action&& action) {
+  try {
+    action();
+  } catch (const AutomationError& error) {
+    return error.Number();
+  }
+  return std::nullopt;
+}
+
+inline std::int32_t NumberOf(ErrorNumber number) { return static_cast<std::int32_t>(number); }
 
 }  // namespace pricedown::testing
