@@ -215,6 +215,8 @@ TEST_F(LibraryFaults, OfCreationAreItsResult) {
 }
 
 TEST_F(LibraryFaults, OfBeingTakenUpLeaveAControlForTheNextContainer) {
+  // Asked for when the name of the setting could not be kept.
+  host.world.factory.Object(u"dictionary").On(u"GetValue", R"("", "gc0")", u"gc0");
   FailEach(faults, kFewPoints, [&](int failing) {
     host.SetSite();
     host.DoVerb(OLEIVERB_UIACTIVATE);
