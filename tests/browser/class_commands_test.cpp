@@ -90,6 +90,22 @@ TEST_F(DeleteClass, ChangesNothingWhenTheAnswerIsNo) {
   EXPECT_EQ(log_.Text(), Lines(kQuestion + std::string("no\n")));
 }
 
+TEST_F(DeleteClass, ReloadsNothingWhenTheControlEndsBehindTheDeletes) {
+  ScriptGuards(NoRow(), NoRow());
+  AnswerNothing(factory_, kDeleteProvision);
+  factory_.Object(u"ZEPConnection.AppConnection")
+      .On(u"Execute", Arguments({kDeleteClass}), Reply::From([this](auto) {
+            commands_.End();
+            return Value(nullptr);
+          }));
+  questions_.WillAnswer({true});
+  commands_.Delete();
+  const std::string text = log_.Text();
+  EXPECT_EQ(
+      text.substr(text.find(ExecuteLine(kDeleteClass))),
+      ExecuteLine(kDeleteClass) + "\nrelease ZEPConnection.AppConnection\nscreen pointer 0\n");
+}
+
 TEST_F(DeleteClass, NamesTheClassOfTheFirstRow) {
   AnswerStatement(factory_, kItemsOf01, [] {
     ScriptedRows rows = ItemRows(kTwoItems);

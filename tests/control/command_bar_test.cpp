@@ -212,6 +212,13 @@ TEST_F(CommandBarTest, HasOneListenerUntilItGetsAnotherOrNone) {
   }
 }
 
+TEST_F(CommandBarTest, HasNobodyToTellOfAClickOnAToolOfNoBar) {
+  const auto tool = std::make_shared<BarTool>(BarTool::Definition{u"iPrint", {}, {}, {}});
+  tool->SetChecked(true);
+  EXPECT_NO_THROW(tool->Click());
+  EXPECT_TRUE(tool->Checked());
+}
+
 TEST_F(CommandBarTest, LetsGoOfItsListenerForGoodWhenItIsDetached) {
   bar_->PutReference(u"Listener", listener_);
   bar_->Detach();

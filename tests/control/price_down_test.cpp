@@ -5,6 +5,7 @@
 
 #include "platform/error.h"
 #include "tests/control/control_fixture.h"
+#include "tests/support/failure.h"
 
 namespace pricedown::testing {
 namespace {
@@ -227,6 +228,16 @@ TEST(Initialize, SetsTheTitleSizeEvenWithoutAFontOfTheSuite) {
   world.Create();
   EXPECT_THROW(world.control->Initialize(), AutomationError);
   EXPECT_EQ(world.log.Count("view title font \"\" 1 18.0"), 1u);
+  EXPECT_EQ(world.log.Lines().back(), "screen pointer 0");
+}
+
+TEST(Initialize, ReportsTheFirstOfTwoFailures) {
+  ControlWorld world;
+  world.factory.Refuses(u"ZEPCBSSystemData.AisInfo");
+  world.factory.Refuses(u"ZEPFrmRes.FrmResLoader");
+  world.Create();
+  EXPECT_NE(FailureOf([&] { world.control->Initialize(); }).find("AisInfo"),
+            std::string::npos);
   EXPECT_EQ(world.log.Lines().back(), "screen pointer 0");
 }
 

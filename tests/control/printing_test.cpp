@@ -137,6 +137,25 @@ TEST_F(Printing, OutlivesAHostThatLetsGoBehindThePreview) {
   EXPECT_EQ(world_.log.Count("font tree 宋体 20.0"), 1u);
 }
 
+TEST_F(Printing, OutlivesAHostThatLetsGoWhileItPrints) {
+  std::shared_ptr<PriceDown> host;
+  world_.hold = [&] { return host; };
+  Start();
+  host = std::move(world_.control);
+  PriceDown* const control = host.get();
+  const std::weak_ptr<PriceDown> watch = host;
+  bool alive = false;
+  world_.ledger.onPrint = [&] {
+    control->ItemSheet().Attach(nullptr);
+    host.reset();
+    alive = !watch.expired();
+  };
+  control->PrintPara();
+  EXPECT_TRUE(alive);
+  EXPECT_TRUE(watch.expired());
+  EXPECT_EQ(world_.state.controls, 0);
+}
+
 TEST_F(Printing, StopsAtItsEnd) {
   Start();
   Control().ItemSheet().Attach(nullptr);

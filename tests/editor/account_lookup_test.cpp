@@ -133,6 +133,17 @@ TEST_F(AccountLookup, SurvivesAFormThatIsClosedMeanwhile) {
   EXPECT_EQ(factory.LiveObjects(), 0);
 }
 
+TEST_F(AccountLookup, TellsNobodyOfAFailureThatClosedTheForm) {
+  EditorWorld world;
+  world.factory.Object(kLedgerViewId).On(u"AccountLookup", Reply::From([&](auto) -> Value {
+                                           world.form.CloseByFrame();
+                                           throw AutomationError(ErrorNumber::Unspecified, u"断开");
+                                         }));
+  world.OpenForEdit();
+  world.form.LookupClicked(FormField::LossAccount);
+  EXPECT_EQ(world.log.Lines().back(), "unload");
+}
+
 TEST(AccountLookupFailures, AreShownAndEndTheLookup) {
   FailEachCallInTurn([](int failingCall) {
     EditorWorld world;

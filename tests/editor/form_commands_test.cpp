@@ -79,6 +79,16 @@ TEST_F(FormCommands, AddGoesOnAfterARefusedSave) {
   EXPECT_EQ(Utf8(view.Text(FormField::ClassNumber)), "");
 }
 
+TEST_F(FormCommands, AddClearsNothingInAFormThatWasClosedWhileItAsked) {
+  OpenFilledForAdd();
+  const Recordset members = form.MemberList();
+  questions.WillAnswer({false});
+  questions.whileAsked = [this] { form.CloseByFrame(); };
+  form.ToolClicked(u"Add");
+  EXPECT_EQ(log.Text(), std::string(kAskSave) + " -> no\nunload\n");
+  EXPECT_EQ(members.RecordCount(), 2);
+}
+
 TEST_F(FormCommands, AddDoesNotAskAfterASave) {
   AllowSave(false);
   OpenForEdit();

@@ -324,6 +324,17 @@ TEST_F(ItemLookup, StopsWhenTheFormIsClosedWhileMessagesArePending) {
   EXPECT_EQ(factory.LiveObjects(), 0);
 }
 
+TEST_F(ItemLookup, ShowsNothingInAFormThatWasClosedWhenTheChoiceFails) {
+  factory.Object(u"result").On(u"ReturnOK", Reply::From([this](auto) -> Value {
+                                 form.CloseByFrame();
+                                 throw AutomationError(kInjectedFailure, u"断开");
+                               }));
+  OpenForEdit();
+  EXPECT_EQ(ErrorOf([this] { form.ToolClicked(u"AddItem"); }), kInjectedFailure);
+  const std::string text = log.Text();
+  EXPECT_EQ(text.substr(text.find("unload")), "unload\nrelease result\n");
+}
+
 TEST(ItemLookupFailures, ReachTheCallerAndKeepWholeRows) {
   FailEachCallInTurn([](int failingCall) {
     EditorWorld world;

@@ -270,6 +270,21 @@ TEST_F(RemovalGuard, TakesRowsInTheOrderOfTheSelection) {
   EXPECT_EQ(grid.RowTexts(), "物料代码|物料名称|规格型号|\n");
 }
 
+TEST_F(RemovalGuard, StopsWhenTheFormIsClosedBehindARefusal) {
+  Voucher(false);
+  Answer(factory, u"01.001", {.history = OneRow()});
+  OpenAndSelect({2, 3});
+  questions.whileTold = [this] { form.CloseByFrame(); };
+  form.ToolClicked(u"DelItem");
+  const std::string text = log.Text();
+  EXPECT_EQ(text.substr(text.find("unload")), Lines(R"(
+      unload
+      release result
+      release ZEPConnection.AppConnection
+      )"));
+  EXPECT_EQ(log.Count("create ZEPConnection.AppConnection"), 1u);
+}
+
 TEST_F(RemovalGuard, OnlyRedrawsWithoutASelection) {
   OpenAndSelect({});
   form.ToolClicked(u"DelItem");

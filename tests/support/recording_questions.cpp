@@ -36,6 +36,7 @@ void RecordingQuestions::WillAnswer(std::initializer_list<bool> answers) {
 void RecordingQuestions::Tell(std::u16string_view text, std::u16string_view title,
                               MessageIcon icon) {
   log_.Add("tell " + Shown(text, title, icon));
+  if (whileTold) whileTold();
 }
 
 bool RecordingQuestions::Confirm(std::u16string_view text, std::u16string_view title,

@@ -20,8 +20,10 @@ class RecordingQuestions : public UserQuestions {
   void WillAnswer(std::initializer_list<bool> answers);
   // Drops the answers that no question has taken.
   void ForgetAnswers() { answers_.clear(); }
-  // What happens while a question waits for its answer; empty for nothing.
+  // What happens while a question waits for its answer, or a message for its end; empty for
+  // nothing.
   std::function<void()> whileAsked;
+  std::function<void()> whileTold;
 
   void Tell(std::u16string_view text, std::u16string_view title, MessageIcon icon) override;
   bool Confirm(std::u16string_view text, std::u16string_view title, MessageIcon icon) override;
