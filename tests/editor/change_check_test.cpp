@@ -144,6 +144,14 @@ TEST_F(ChangeCheck, FindsAnotherItemInTheSamePlace) {
   EXPECT_FALSE(Unchanged());
 }
 
+TEST_F(ChangeCheck, FindsAnItemThatLostItsId) {
+  OpenSaved();
+  form.RowRequested(1);
+  form.MemberList().MoveFirst();
+  form.MemberList().SetField(u"FItemID", Null{});
+  EXPECT_FALSE(Unchanged());
+}
+
 TEST_F(ChangeCheck, FindsItemsInAnotherOrder) {
   OpenSaved();
   form.RowRequested(1);

@@ -75,6 +75,25 @@ TEST_F(SaveTextTest, WritesTheColumnsOfEachRow) {
             ",'A1','原材料',\n1051,'5711',1023,'1281.1',12.5)\n");
 }
 
+// As a company has it whose percentage column is one of texts.
+TEST_F(SaveTextTest, WritesPercentagesThatAreTextsAsTheyAre) {
+  std::vector<std::vector<Value>> rows;
+  int id = 0;
+  for (const std::u16string_view percentage : {u"12.50", u"12.50", u"7", u""}) {
+    rows.push_back({++id, u"A1", u"原材料", u"5711", u"1281.1", percentage});
+  }
+  state_.memberList = Recordset(NewScriptedRecordset(
+      factory.GetRecorder(), testing::Rows({u"FItemID", u"FItemClassNumber", u"FItemClassName",
+                                            u"FAPNumber", u"FARNumber", u"FPencentPrepare"},
+                                           std::move(rows))));
+  EXPECT_EQ(Rows(),
+            "delete from icPriceDownClass where  FItemClassNumber='A1'\n"
+            "1,'A1','原材料',\n1051,'5711',1023,'1281.1',12.50)\n\n"
+            "2,'A1','原材料',\n1051,'5711',1023,'1281.1',12.50)\n\n"
+            "3,'A1','原材料',\n1051,'5711',1023,'1281.1',7)\n\n"
+            "4,'A1','原材料',\n1051,'5711',1023,'1281.1',)\n");
+}
+
 TEST_F(SaveTextTest, IsTheDeleteAloneWithoutRows) {
   EXPECT_EQ(Rows(), "delete from icPriceDownClass where  FItemClassNumber='A1'");
 }

@@ -144,6 +144,105 @@ TEST_F(TextBlocksTest, LosesAndRepeatsNoRowWhenACallFails) {
   });
 }
 
+// A block, and two rows of the next.
+constexpr int kRowsOfTwo = kRowsPerBlock + 2;
+
+TEST_F(TextBlocksTest, AnswersRowsUntilAllAreRead) {
+  const Recordset recordset = Answer(NumberedRows(kRowsOfTwo));
+  std::optional<TextBlocks> blocks = TextBlocks::Of(recordset, {u"FName", u"FNumber"});
+  ASSERT_TRUE(blocks);
+  const CellBlockPtr first = blocks->Read();
+  ASSERT_NE(first, nullptr);
+  EXPECT_EQ(first->ColumnCount(), 2u);
+  EXPECT_EQ(first->RowCount(), static_cast<std::size_t>(kRowsPerBlock));
+  EXPECT_EQ(first->CellValue(1, 3), Value(u"N3"));
+  const CellBlockPtr second = blocks->Read();
+  ASSERT_NE(second, nullptr);
+  EXPECT_EQ(second->RowCount(), 2u);
+  EXPECT_EQ(second->CellValue(0, 1), Value(u"名4097"));
+  EXPECT_EQ(blocks->Read(), nullptr);
+  EXPECT_EQ(Calls("GetString"), 2);
+}
+
+TEST_F(TextBlocksTest, IsNotMadeForAFieldThatTheRecordsetDoesNotHave) {
+  EXPECT_FALSE(TextBlocks::Of(Answer(NumberedRows(2)), {u"FName", u"FModel"}));
+}
+
+// A recordset that answers one of its members otherwise than it should.
+class Misanswering : public AutomationObject {
+ public:
+  Misanswering(ObjectPtr recordset, std::u16string_view member, Value answer)
+      : recordset_(std::move(recordset)),
+        member_(recordset_->Find(member)),
+        answer_(std::move(answer)) {}
+
+  MemberId Find(std::u16string_view name) override { return recordset_->Find(name); }
+  Value Invoke(MemberId member, Access access, std::span<Value> arguments) override {
+    Value value = recordset_->Invoke(member, access, arguments);
+    return member == member_ && access == Access::Call ? answer_ : value;
+  }
+
+ private:
+  ObjectPtr recordset_;
+  MemberId member_;
+  Value answer_;
+};
+
+TEST_F(TextBlocksTest, IsNotUsedWhereTheRecordsetDoesNotKnowItsPlaceOrItsCount) {
+  for (const char16_t* const member : {u"AbsolutePosition", u"RecordCount"}) {
+    const auto rows = NumberedRows(kRowsOfTwo);
+    ExpectRows(Recordset(std::make_shared<Misanswering>(Answer(rows).Object(), member, -1)), rows);
+  }
+  EXPECT_EQ(Calls("GetString"), 0);
+}
+
+TEST_F(TextBlocksTest, ReadsTheCellsOfABlockWhoseTextIsNotWhole) {
+  for (const char16_t* const text :
+       {u"", u"4096\x1FN4096\x1F名4096", u"4096\x1FN4096\x1F名4096\x1E"}) {
+    SCOPED_TRACE(Quoted(text));
+    const auto rows = NumberedRows(kRowsOfTwo);
+    ExpectRows(Recordset(std::make_shared<Misanswering>(Answer(rows).Object(), u"GetString", text)),
+               rows);
+  }
+  EXPECT_EQ(Calls("GetString"), 3);
+  EXPECT_EQ(Calls("GetRows"), 6);
+}
+
+struct TypeCase {
+  const char* name;
+  std::vector<std::int32_t> types;  // ADO DataTypeEnum
+  bool beside;                      // whether text blocks are used beside such a column
+  bool asked;                       // and for it
+};
+void PrintTo(const TypeCase& row, std::ostream* stream) { *stream << row.name; }
+
+class TextBlocksType : public TextBlocksTest, public ::testing::WithParamInterface<TypeCase> {
+ protected:
+  bool MayRead(std::int32_t type, std::u16string_view asked) {
+    ScriptedRows rows = Rows({u"F", u"FName"}, {{u"1", u"甲"}});
+    rows.columns[0].type = type;
+    const Recordset recordset(NewScriptedRecordset(factory.GetRecorder(), std::move(rows)));
+    return TextBlocks::Of(recordset, {asked}).has_value();
+  }
+};
+
+TEST_P(TextBlocksType, DecidesWhatMayBeReadAsTexts) {
+  for (const std::int32_t type : GetParam().types) {
+    EXPECT_EQ(MayRead(type, u"FName"), GetParam().beside) << type;
+    EXPECT_EQ(MayRead(type, u"F"), GetParam().asked) << type;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Types, TextBlocksType,
+    ::testing::Values(
+        TypeCase{"Text", {8, 129, 130, 200, 201, 202, 203}, true, true},
+        TypeCase{"Number", {2, 3, 4, 5, 6, 14, 16, 17, 18, 19, 20, 21, 131}, true, false},
+        // Dates, truths, variants, binaries and the like.
+        TypeCase{
+            "Other", {1, 7, 9, 11, 12, 13, 15, 22, 64, 72, 128, 133, 135, 204, 205}, false, false}),
+    CaseName<TypeCase>);
+
 struct DelimiterCase {
   const char* name;
   const char16_t* cell;

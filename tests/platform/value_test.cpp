@@ -108,6 +108,11 @@ TEST(Value, EqualsByKindAndContent) {
   EXPECT_NE(Value(1), Value(1.0));
   EXPECT_NE(Value(1), Value(std::int16_t{1}));
   EXPECT_NE(Value(), Value(Null{}));
+  EXPECT_NE(Value(Null{}), Value(Missing{}));
+  EXPECT_EQ(Value(Missing{}), Value(Missing{}));
+  EXPECT_EQ(Value(Date{39448.5}), Value(Date{39448.5}));
+  EXPECT_NE(Value(Date{39448.5}), Value(Date{39448}));
+  EXPECT_NE(Value(Date{39448.5}), Value(39448.5));
   EXPECT_NE(Value(u"1"), Value(1));
   EXPECT_EQ(Value(u"a"), Value(std::u16string(u"a")));
 }
