@@ -6,11 +6,12 @@ namespace pricedown {
 
 NodeIndex NodeCollection::Add(NodeIndex parent, std::u16string_view key, std::u16string_view text) {
   const auto index = static_cast<NodeIndex>(nodes_.size() + 1);
-  if (!indexes_.try_emplace(std::u16string(key), index).second) return kNoNode;
+  const auto [place, isNew] = indexes_.try_emplace(std::u16string(key), index);
+  if (!isNew) return kNoNode;
   try {
     nodes_.push_back({std::u16string(key), std::u16string(text), parent});
   } catch (...) {
-    indexes_.erase(std::u16string(key));
+    indexes_.erase(place);
     throw;
   }
   return index;
