@@ -63,14 +63,11 @@ std::vector<PlacedColumn> PlaceColumns(const LedgerContent& content, Tenths left
   for (const LedgerColumn& column : content.Columns()) {
     widths.push_back(TenthsOfTwips(column.width));
   }
-  if (WantedWidth(content) > available) {
-    const Tenths limit = CommonLimit(widths, available);
-    for (Tenths& width : widths) width = std::min(width, limit);
-  }
+  const Tenths limit = CommonLimit(widths, available);
   std::vector<PlacedColumn> columns;
   for (const Tenths width : widths) {
-    columns.push_back({left, left + width, false});
-    left += width;
+    columns.push_back({left, left + std::min(width, limit), false});
+    left = columns.back().right;
   }
   FindNumbers(content, columns);
   return columns;

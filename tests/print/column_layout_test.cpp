@@ -90,6 +90,7 @@ INSTANTIATE_TEST_SUITE_P(
         NumberCase{"LeadingComma", u",5", false}, NumberCase{"TrailingComma", u"5,", false},
         NumberCase{"CommaInFraction", u"1.5,5", false},
         NumberCase{"CommaBeforePoint", u"1,.5", false}, NumberCase{"Exponent", u"1E5", false},
+        NumberCase{"Positive", u"+12.50", true}, NumberCase{"ZeroBeforeComma", u"0,500", false},
         NumberCase{"Model", u"M8", false}, NumberCase{"SignBehind", u"5-", false}),
     CaseName<NumberCase>);
 

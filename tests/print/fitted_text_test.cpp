@@ -37,6 +37,12 @@ INSTANTIATE_TEST_SUITE_P(
         FitCase{"NotEvenTheEllipsis", u"abcde", 39, ""}, FitCase{"NoWidth", u"abc", 0, ""},
         FitCase{"NegativeWidth", u"abc", -5, ""}, FitCase{"NoText", u"", 100, ""},
         FitCase{"ControlCharacters", u"a\r\nb\tc", 200, "a  b c"},
+        FitCase{"Delete",
+                u"a\x7F"
+                u"b",
+                200, "a b"},
+        // Above the surrogates, and no half of a pair.
+        FitCase{"FullWidthSigns", u"（！）（！）", 159, "（！…"},
         // An emoji is two units: the cut would fall between them.
         FitCase{"SurrogatePair", u"a😀😀", 139, "a…"},
         FitCase{"WholeSurrogatePairs", u"a😀😀", 180, "a😀😀"}),

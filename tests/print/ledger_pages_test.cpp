@@ -61,6 +61,14 @@ TEST_F(Pages, NameTheFontsOfTableAndLinesOnce) {
   EXPECT_EQ(italic.Fonts()[2], (PageFont{u"楷体", 9, false, false, false}));
 }
 
+TEST_F(Pages, KeepLinesApartThatDifferInTheirUnderlineAlone) {
+  content_.SetFooterLine(1, u"x", {9, false, true});
+  const LedgerPages pages = Made();
+  ASSERT_EQ(pages.Fonts().size(), 3u);
+  EXPECT_FALSE(pages.Fonts()[0].underlined);
+  EXPECT_TRUE(pages.Fonts()[2].underlined);
+}
+
 TEST_F(Pages, OfOneRowShowItBelowTheTitles) {
   Rows({u"A.001|螺栓|M8|12.5|"});
   const LedgerPages pages = Made();

@@ -11,10 +11,10 @@ namespace {
 
 class PageLines : public ::testing::Test {
  protected:
-  // The line on a box of 1000 tenths, in size 10: 20 and 40 wide.
-  std::string Placed(std::u16string_view text) {
+  // The line on a box of 1000 tenths, or up to `right`, in size 10: 20 and 40 wide.
+  std::string Placed(std::u16string_view text, Tenths right = 1100) {
     std::vector<PageText> texts;
-    PlaceLine(text, fields_, measurer_, {u"宋体", 10, false, false, false}, 3, {100, 50, 1100, 90},
+    PlaceLine(text, fields_, measurer_, {u"宋体", 10, false, false, false}, 3, {100, 50, right, 90},
               texts);
     return ReadableLines(texts);
   }
@@ -80,6 +80,10 @@ TEST_F(PageLines, ShortensTheWiderOfTwoSectionsThatWouldMeet) {
                                             "…\"\n"
                                             "text 3 right 1100,50 in 610,50-1100,90 \"" +
                                             std::string(22, 'w') + "…\"\n");
+}
+
+TEST_F(PageLines, DropsASectionThatHasNoRoomForItsEllipsis) {
+  EXPECT_EQ(Placed(u"wide|b|wide", 190), "text 3 centre 145,50 in 130,50-160,90 \"b\"\n");
 }
 
 TEST_F(PageLines, ShortensAMiddleSectionThatIsTooWide) {

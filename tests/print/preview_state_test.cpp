@@ -150,6 +150,12 @@ TEST_F(Preview, TurnsThePageWithTheWheelWhereItEnds) {
   EXPECT_EQ(state_.ScrollY(), 1420);
 }
 
+TEST_F(Preview, StaysWhereItIsWhenTheWheelDoesNotTurn) {
+  state_.GoTo(2);
+  state_.Wheel(0);
+  EXPECT_EQ(state_.Page(), 2);
+}
+
 TEST_F(Preview, StaysAtTheFirstTopAndTheLastBottom) {
   state_.SetPercent(100);
   state_.GoTo(1);
