@@ -115,6 +115,17 @@ TEST_F(SheetTest, BoundsOnlyTheCellsThatWereBounded) {
   EXPECT_FALSE(sheet_.UpperBound(3, 1));
 }
 
+TEST_F(SheetTest, BoundsColumnsApartAndLeavesABoundThatIsSetAgain) {
+  sheet_.SetMaxRows(3);
+  sheet_.SetUpperBound(3, 1, 100);
+  sheet_.SetUpperBound(4, 2, 100);
+  sheet_.SetUpperBound(3, 1, 100);
+  EXPECT_EQ(sheet_.UpperBound(3, 1), 100);
+  EXPECT_FALSE(sheet_.UpperBound(3, 2));
+  EXPECT_FALSE(sheet_.UpperBound(4, 1));
+  EXPECT_EQ(sheet_.UpperBound(4, 2), 100);
+}
+
 TEST_F(SheetTest, LocksTheWholeBlockOnlyInBlockMode) {
   sheet_.SetMaxRows(3);
   SelectBlock(2, 3, 1, 2);
@@ -161,6 +172,14 @@ TEST_F(SheetTest, TakesMinusOneForAllRowsOrColumns) {
   SelectBlock(1, 1, kAll, kAll);
   sheet_.LockBlock(true);
   EXPECT_EQ(Locks(), "L--- LLLL ");
+}
+
+TEST_F(SheetTest, TakesMinusOneAtTheEndOfABlockForTheLastRowOrColumn) {
+  sheet_.SetMaxRows(3);
+  sheet_.SetBlockMode(true);
+  SelectBlock(3, kAll, 2, kAll);
+  sheet_.LockBlock(true);
+  EXPECT_EQ(Locks(), "---- --LL --LL ");
 }
 
 TEST_F(SheetTest, GivesNoAttributeToABlockWithoutCells) {
@@ -223,14 +242,39 @@ TEST_F(SheetTest, TellsNothingToAWindowThatWasDetached) {
   EXPECT_EQ(log_.Text(), "");
 }
 
+TEST_F(SheetTest, TellsNothingMoreToAWindowThatLeavesWhenItIsTold) {
+  struct LeavingView : SheetView {
+    explicit LeavingView(Sheet& theSheet) : sheet(theSheet) {}
+    void SheetChanged() override { sheet.Attach(nullptr); }
+    void SheetMetricsChanged() override { ++metrics; }
+    Sheet& sheet;
+    int metrics = 0;
+  } view(sheet_);
+  sheet_.Attach(&view);
+  sheet_.SetRedraw(false);
+  sheet_.SetMaxRows(2);
+  sheet_.SetColumnWidth(1, 12);
+  sheet_.SetRedraw(true);
+  EXPECT_EQ(view.metrics, 0);
+}
+
+TEST_F(SheetTest, TellsOfALongFillNobodyWhoDoesNotShowOne) {
+  sheet_.TellFilling();
+  sheet_.Attach(&view_);
+  sheet_.TellFilling();
+  EXPECT_EQ(log_.Text(), "");
+}
+
 TEST_F(SheetTest, KeepsWidthsAndHeights) {
   EXPECT_EQ(sheet_.ColumnWidth(1), kDefaultColumnWidth);
   sheet_.SetColumnWidth(4, 12.5);
   sheet_.SetColumnWidth(1, -3);
   sheet_.SetColumnWidth(5, 3);
+  sheet_.SetColumnWidth(0, 3);
   EXPECT_EQ(sheet_.ColumnWidth(4), 12.5);
   EXPECT_EQ(sheet_.ColumnWidth(1), 0);
   EXPECT_EQ(sheet_.ColumnWidth(5), 0);
+  EXPECT_EQ(sheet_.ColumnWidth(0), 0);
   sheet_.SetRowHeight(kTitleRow, 25.5);
   sheet_.SetRowHeight(kAll, 18);
   sheet_.SetRowHeight(3, 99);
