@@ -236,8 +236,7 @@ TEST(Initialize, ReportsTheFirstOfTwoFailures) {
   world.factory.Refuses(u"ZEPCBSSystemData.AisInfo");
   world.factory.Refuses(u"ZEPFrmRes.FrmResLoader");
   world.Create();
-  EXPECT_NE(FailureOf([&] { world.control->Initialize(); }).find("AisInfo"),
-            std::string::npos);
+  EXPECT_NE(FailureOf([&] { world.control->Initialize(); }).find("AisInfo"), std::string::npos);
   EXPECT_EQ(world.log.Lines().back(), "screen pointer 0");
 }
 

@@ -152,6 +152,33 @@ TEST_F(ChangeCheck, FindsAnItemThatLostItsId) {
   EXPECT_FALSE(Unchanged());
 }
 
+// As in a company whose id column is one of texts.
+TEST_F(ChangeCheck, FindsAnotherItemAmongIdsOfTexts) {
+  factory.Object(kConnectionId).On(u"Execute", Reply(nullptr));
+  AnswerChecks(false);
+  AnswerAccountIds();
+  const ClassHeader header = RawMaterials();
+  std::vector<std::vector<Value>> rows;
+  for (const std::u16string_view id : {u"A-1", u"A-2"}) {
+    rows.push_back({id, u"01.001", u"螺钉", u"M4", header.number, header.name, header.lossAccount,
+                    header.reserveAccount, header.percentage});
+  }
+  form.SetMode(0);
+  form.SetOpeningNumber(header.number);
+  form.SetMemberList(Recordset(
+      NewScriptedRecordset(factory.GetRecorder(),
+                           Rows({u"FItemID", u"FNumber", u"FName", u"FModel", u"FItemClassNumber",
+                                 u"FItemClassName", u"FAPNumber", u"FARNumber", u"FPencentPrepare"},
+                                std::move(rows)))));
+  form.Load();
+  form.Save();
+  form.RowRequested(1);
+  EXPECT_TRUE(Unchanged());
+  form.MemberList().MoveFirst();
+  form.MemberList().SetField(u"FItemID", u"A-3");
+  EXPECT_FALSE(Unchanged());
+}
+
 TEST_F(ChangeCheck, FindsItemsInAnotherOrder) {
   OpenSaved();
   form.RowRequested(1);
