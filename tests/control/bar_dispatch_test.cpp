@@ -83,6 +83,29 @@ TEST_F(Dispatch, RefreshesForNoKeyWhileTheHostHasDisabledTheTool) {
   EXPECT_TRUE(Control().IsBarToolEnabled(u"iPrint"));
 }
 
+// The host drops the control while the suite is asked; the click holds it to its end.
+TEST_F(Dispatch, LivesAsLongAsAClickOnItsBar) {
+  std::shared_ptr<PriceDown> owner;
+  world_.hold = [&]() -> std::shared_ptr<void> { return owner; };
+  Start();
+  Control().ItemSheet().Attach(nullptr);
+  owner = std::move(world_.control);
+  const std::weak_ptr<PriceDown> watch = owner;
+  bool alive = false;
+  world_.factory.Object(u"ZEPConnection.AppConnection")
+      .On(u"Execute", Arguments({kItemsOf01}), Reply::From([&](auto) {
+            owner.reset();
+            alive = !watch.expired();
+            return NewScriptedRecordset(world_.factory.GetRecorder(), ItemRows({}));
+          }));
+  const std::shared_ptr<CommandBar> bar = owner->Bar();
+  bar->Add({std::u16string(kRefreshTool), u"", u"", u""});
+  bar->Click(kRefreshTool);
+  EXPECT_TRUE(alive);
+  EXPECT_TRUE(watch.expired());
+  EXPECT_EQ(world_.factory.LiveObjects(), 0);
+}
+
 TEST_F(Dispatch, DoesNothingForAnyOtherKey) {
   Start();
   for (const std::u16string_view key :

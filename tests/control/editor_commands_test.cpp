@@ -95,21 +95,6 @@ TEST_F(Dispatch, LivesAsLongAsAClickOnItsStrip) {
   EXPECT_EQ(world_.factory.LiveObjects(), 0);
 }
 
-TEST_F(Dispatch, LivesAsLongAsAClickOnItsBar) {
-  std::shared_ptr<PriceDown> owner;
-  world_.hold = [&]() -> std::shared_ptr<void> { return owner; };
-  Start();
-  Control().ItemSheet().Attach(nullptr);
-  owner = std::move(world_.control);
-  const std::shared_ptr<CommandBar> bar = owner->Bar();
-  const std::weak_ptr<PriceDown> watch = owner;
-  world_.editor.whileShown = [&] { owner.reset(); };
-  bar->Click(kInsertTool);
-  EXPECT_EQ(world_.log.Count("tree redraw off"), 1u);
-  EXPECT_TRUE(watch.expired());
-  EXPECT_EQ(world_.factory.LiveObjects(), 0);
-}
-
 TEST_F(Dispatch, MayBeDestroyedWhileTheHostsOwnCallShowsTheEditor) {
   for (const auto command : {&PriceDown::addRecord, &PriceDown::editRecord}) {
     ControlWorld world;
