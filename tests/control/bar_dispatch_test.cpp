@@ -81,6 +81,7 @@ TEST_F(Dispatch, RefreshesForNoKeyWhileTheHostHasDisabledTheTool) {
   EXPECT_EQ(world_.log.Text(), "");
   EXPECT_FALSE(Control().IsBarToolEnabled(kRefreshTool));
   EXPECT_TRUE(Control().IsBarToolEnabled(u"iPrint"));
+  EXPECT_TRUE(Control().IsBarToolEnabled(kInsertTool));
 }
 
 // The host drops the control while the suite is asked; the click holds it to its end.
