@@ -10,6 +10,8 @@ find_path(STDOLE2_DIR stdole2.tlb
   PATHS /usr/lib/x86_64-linux-gnu/wine/x86_64-windows /usr/lib/wine/x86_64-windows
   NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH REQUIRED)
 
+find_program(PERL perl REQUIRED)
+
 # add_type_library(TARGET IDL_FILE...): an INTERFACE library that carries the include folder
 # and the build order.
 function(add_type_library target)
@@ -25,9 +27,11 @@ function(add_type_library target)
         -h -H ${folder}/${name}.h -u -U ${folder}/${name}_i.c ${idl}
       COMMAND ${PRICEDOWN_WIDL} -I ${WINE_IDL_DIR} -L ${STDOLE2_DIR}
         -t -T ${folder}/${name}.tlb ${idl}
+      COMMAND ${PERL} ${PROJECT_SOURCE_DIR}/cmake/fix_library_time.pl ${folder}/${name}.tlb
       COMMAND ${CMAKE_COMMAND} -D IDL=${idl} -D TLB=${folder}/${name}.tlb
         -P ${PROJECT_SOURCE_DIR}/cmake/check_library_id.cmake
       DEPENDS ${idl} ${PROJECT_SOURCE_DIR}/cmake/check_library_id.cmake
+        ${PROJECT_SOURCE_DIR}/cmake/fix_library_time.pl
       VERBATIM)
     list(APPEND outputs ${folder}/${name}.h ${folder}/${name}_i.c ${folder}/${name}.tlb)
   endforeach()

@@ -1,0 +1,14 @@
+# fix_library_time.pl FILE: takes the time of its making out of a type library that widl wrote, once
+# as text and once as a number, so that the same sources give the same bytes. Fails when there is
+# none.
+use strict;
+use warnings;
+
+my ($path) = @ARGV;
+open(my $file, '+<:raw', $path) or die "$path: $!\n";
+my $bytes = do { local $/; <$file> };
+$bytes =~ s/(Created by WIDL version [0-9.]+ at ).{24}(\nW*\x13\0).{4}/$1Thu Jan  1 00:00:00 1970$2\0\0\0\0/s
+  or die "$path: widl's time was not found\n";
+seek($file, 0, 0) or die "$path: $!\n";
+print {$file} $bytes or die "$path: $!\n";
+close($file) or die "$path: $!\n";
