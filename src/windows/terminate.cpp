@@ -4,8 +4,8 @@
 
 namespace __gnu_cxx {
 
-// Replaces the runtime's own, which prints the exception's name and brings a demangler and the
-// printing of numbers into the DLL, a tenth of its size.
+// Replaces the runtime's own, which prints the exception's name and brings a demangler into
+// the DLL, a twentieth of its size.
 void __verbose_terminate_handler() { std::abort(); }
 
 }  // namespace __gnu_cxx

@@ -7,9 +7,7 @@
 #include <dlgs.h>
 #include <winspool.h>
 
-#include <memory>
 #include <string>
-#include <type_traits>
 #include <vector>
 
 #include "env/translation.h"
@@ -27,26 +25,21 @@ namespace {
 constexpr const wchar_t* kDialogProperty = L"PriceDown.FontDialog";
 constexpr double kPointParts = 10;  // the dialog counts tenths of a point
 
-struct DeleteContext {
-  void operator()(HDC context) const { DeleteDC(context); }
-};
-using Context = std::unique_ptr<std::remove_pointer_t<HDC>, DeleteContext>;
-
 // Of the default printer, for its fonts only; null when there is none.
-Context PrinterInformation() {
+CreatedContext PrinterInformation() {
   DWORD length = 0;
   GetDefaultPrinterW(nullptr, &length);
   if (length == 0) return nullptr;
   std::wstring name(length, L'\0');
   if (GetDefaultPrinterW(name.data(), &length) == FALSE) return nullptr;
-  return Context(CreateICW(L"WINSPOOL", name.c_str(), nullptr, nullptr));
+  return CreatedContext(CreateICW(L"WINSPOOL", name.c_str(), nullptr, nullptr));
 }
 
 // What the system has under that font's name. A name that stands for another one is in no list, and
 // the dialog would begin with some font of its own.
 void TakeInstalledName(LOGFONTW& description) {
   const FontHandle font(CreateFontIndirectW(&description));
-  const Context context(CreateCompatibleDC(nullptr));
+  const CreatedContext context(CreateCompatibleDC(nullptr));
   if (!font || context == nullptr) return;
   const Selected selected(context.get(), font.Get());
   GetTextFaceW(context.get(), LF_FACESIZE, description.lfFaceName);
@@ -141,7 +134,7 @@ Font CommonFontDialog::Show(const Font& font, std::uint32_t flags) {
   const Font before = font;
   Showing showing{before, Describe(before), apply_};
   LOGFONTW chosen = showing.first;
-  Context printer;
+  CreatedContext printer;
   if ((flags & CF_PRINTERFONTS) != 0) printer = PrinterInformation();
   CHOOSEFONTW dialog{};
   dialog.lStructSize = sizeof dialog;

@@ -4,14 +4,13 @@
 
 #include <windows.h>
 
-#include <memory>
 #include <span>
 #include <string_view>
-#include <type_traits>
 #include <vector>
 
 #include "print/page_font.h"
 #include "windows/ui/fonts.h"
+#include "windows/ui/gdi.h"
 
 namespace pricedown::windows {
 
@@ -38,13 +37,10 @@ class DeviceMeasurer final : public TextMeasurer {
     FontHandle handle;
     TEXTMETRICW metrics;
   };
-  struct DeleteContext {
-    void operator()(HDC context) const { DeleteDC(context); }
-  };
 
   const MeasuredFont& Find(const PageFont& font);
 
-  std::unique_ptr<std::remove_pointer_t<HDC>, DeleteContext> context_;  // made when first needed
+  CreatedContext context_;  // made when first needed
   // Few: the table's and those of the page lines.
   std::vector<MeasuredFont> fonts_;
   std::vector<int> ends_;

@@ -10,19 +10,6 @@
 namespace pricedown::windows {
 namespace {
 
-class MemoryContext {
- public:
-  explicit MemoryContext(HDC like) : context_(CreateCompatibleDC(like)) {}
-  MemoryContext(const MemoryContext&) = delete;
-  MemoryContext& operator=(const MemoryContext&) = delete;
-  ~MemoryContext() { DeleteDC(context_); }
-
-  HDC Get() const { return context_; }
-
- private:
-  HDC context_;
-};
-
 // The context's state as it was, when the scope ends.
 class SavedContext {
  public:
@@ -57,13 +44,13 @@ void DrawAsBitmap(ControlWindow& window, HDC metafile, const RECT& bounds) {
   RECT client{};
   if (GetClientRect(window.Handle(), &client) == FALSE || IsRectEmpty(&client) != FALSE) return;
   const WindowContext screen(window.Handle());
-  const MemoryContext memory(screen.Get());
+  const CreatedContext memory(CreateCompatibleDC(screen.Get()));
   const GdiObject<HBITMAP> bitmap(
       CreateCompatibleBitmap(screen.Get(), WidthOf(client), HeightOf(client)));
-  if (memory.Get() == nullptr || !bitmap) ThrowIfFailed(E_OUTOFMEMORY);
-  const Selected selected(memory.Get(), bitmap.Get());
-  window.Draw(memory.Get(), client);
-  StretchBlt(metafile, bounds.left, bounds.top, WidthOf(bounds), HeightOf(bounds), memory.Get(), 0,
+  if (memory == nullptr || !bitmap) ThrowIfFailed(E_OUTOFMEMORY);
+  const Selected selected(memory.get(), bitmap.Get());
+  window.Draw(memory.get(), client);
+  StretchBlt(metafile, bounds.left, bounds.top, WidthOf(bounds), HeightOf(bounds), memory.get(), 0,
              0, WidthOf(client), HeightOf(client), SRCCOPY);
 }
 

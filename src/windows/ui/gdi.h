@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include <memory>
+#include <type_traits>
 #include <utility>
 
 namespace pricedown::windows {
@@ -29,6 +31,12 @@ class GdiObject {
  private:
   Handle handle_ = nullptr;
 };
+
+// A device context that was created, not one of a window; may be null.
+struct DeleteContext {
+  void operator()(HDC context) const { DeleteDC(context); }
+};
+using CreatedContext = std::unique_ptr<std::remove_pointer_t<HDC>, DeleteContext>;
 
 // A font, pen, brush or bitmap selected for a scope.
 class Selected {
