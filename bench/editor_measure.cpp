@@ -58,7 +58,7 @@ class SilentFields final : public ItemClassFormView {
 };
 
 // Asks for all its rows when it is told to, as a real grid does before it is painted.
-class SilentGrid final : public MemberGridView {
+class SilentGrid final : public MemberListView {
  public:
   void SetColumnWidth(std::int32_t, std::int32_t) override {}
   std::int32_t RowCount() const override { return count_; }

@@ -32,7 +32,7 @@ class EvenMeasurer final : public TextMeasurer {
   Tenths LineHeight(const PageFont&) override { return 36; }
 };
 
-void FillSheet(Sheet& sheet, std::int32_t rows) {
+void FillGrid(Grid& sheet, std::int32_t rows) {
   sheet.SetMaxRows(rows);
   for (std::int32_t row = 1; row <= rows; ++row) {
     const std::u16string number = NumberText(row);
@@ -44,7 +44,7 @@ void FillSheet(Sheet& sheet, std::int32_t rows) {
 }
 
 // Into a text that has the room already, as the ledger's has from the second time on.
-std::size_t CopyTexts(const Sheet& sheet, std::u16string& texts) {
+std::size_t CopyTexts(const Grid& sheet, std::u16string& texts) {
   texts.clear();
   for (std::int32_t row = 1; row <= sheet.MaxRows(); ++row) {
     for (std::int32_t column = 1; column <= sheet.MaxColumns(); ++column) {
@@ -55,7 +55,7 @@ std::size_t CopyTexts(const Sheet& sheet, std::u16string& texts) {
 }
 
 // A page's worth of texts at a time.
-std::size_t CopyCells(const Sheet& sheet) {
+std::size_t CopyCells(const Grid& sheet) {
   constexpr std::int32_t kRowsPerPage = 50;
   std::vector<std::u16string> page;
   std::size_t texts = 0;
@@ -84,8 +84,8 @@ struct Measured {
 };
 
 Measured Measure(std::int32_t rows) {
-  Sheet sheet(grid_columns::kCount);
-  FillSheet(sheet, rows);
+  Grid sheet(grid_columns::kCount);
+  FillGrid(sheet, rows);
   std::size_t kept = 0;
   std::u16string copy;
   const auto raw = [&] { kept += CopyTexts(sheet, copy); };

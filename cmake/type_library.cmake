@@ -1,6 +1,6 @@
 # add_type_library: widl turns an .idl file into NAME.h, NAME_i.c (its GUIDs) and NAME.tlb
-# under generated/windows/idl, so that sources include "windows/idl/NAME.h" and resource
-# scripts name "windows/idl/NAME.tlb".
+# under generated/windows/server/idl, so that sources include "windows/server/idl/NAME.h" and resource
+# scripts name "windows/server/idl/NAME.tlb".
 
 find_path(WINE_IDL_DIR oaidl.idl
   PATHS /usr/include/wine/wine/windows /usr/include/wine/windows
@@ -16,7 +16,7 @@ find_program(PERL perl REQUIRED)
 # and the build order.
 function(add_type_library target)
   set(root ${PROJECT_BINARY_DIR}/generated)
-  set(folder ${root}/windows/idl)
+  set(folder ${root}/windows/server/idl)
   file(MAKE_DIRECTORY ${folder})
   set(outputs)
   foreach(idl IN LISTS ARGN)

@@ -11,10 +11,10 @@
 #include "bench/windows/ole.h"
 #include "bench/windows/plain_windows.h"
 #include "platform/text.h"
+#include "windows/base/system_functions.h"
 #include "windows/com/com_object_factory.h"
 #include "windows/com/com_ptr.h"
 #include "windows/com/variant_value.h"
-#include "windows/ui/system_functions.h"
 
 namespace bench {
 namespace {

@@ -6,10 +6,10 @@
 
 #include "bench/windows/raw_tree.h"
 #include "control/tool_strip.h"
+#include "windows/base/dpi.h"
+#include "windows/base/fonts.h"
 #include "windows/com/failure.h"
 #include "windows/com/wide_text.h"
-#include "windows/ui/dpi.h"
-#include "windows/ui/fonts.h"
 
 namespace bench {
 
@@ -76,7 +76,7 @@ HWND PlainWindows::Child(const wchar_t* className, DWORD style, const RECT& area
 
 void PlainWindows::FillToolBar(HWND bar) {
   SendMessageW(bar, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
-  for (const pricedown::StripButton& button : pricedown::kStripButtons) {
+  for (const pricedown::ToolStripButton& button : pricedown::kToolStripButtons) {
     const std::wstring caption = ToWide(button.caption);
     TBBUTTON description{};
     description.iBitmap = I_IMAGENONE;

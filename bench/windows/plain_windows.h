@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "windows/ui/gdi.h"
+#include "windows/base/gdi.h"
 
 namespace bench {
 

@@ -12,10 +12,10 @@
 #include "bench/windows/ole.h"
 #include "bench/windows/raw_tree.h"
 #include "platform/text.h"
+#include "windows/base/windows_screen.h"
 #include "windows/com/com_object_factory.h"
 #include "windows/com/failure.h"
-#include "windows/ui/control_window.h"
-#include "windows/ui/windows_screen.h"
+#include "windows/control/control_window.h"
 
 namespace bench {
 namespace {

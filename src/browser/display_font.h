@@ -4,10 +4,10 @@
 
 #include <string_view>
 
-#include "browser/font.h"
+#include "browser/grid.h"
 #include "browser/print_ledger.h"
-#include "browser/sheet.h"
 #include "env/environment.h"
+#include "env/font.h"
 
 namespace pricedown {
 
@@ -25,7 +25,7 @@ class FontView {
 
 class DisplayFont {
  public:
-  DisplayFont(Environment& environment, LedgerAppearance& ledger, Sheet& sheet, FontView& view)
+  DisplayFont(Environment& environment, LedgerAppearance& ledger, Grid& sheet, FontView& view)
       : environment_(environment), ledger_(ledger), sheet_(sheet), view_(view) {}
 
   // Applies the size of "RptFontSize" unless the user has chosen a font or the size is the one
@@ -46,7 +46,7 @@ class DisplayFont {
  private:
   Environment& environment_;
   LedgerAppearance& ledger_;
-  Sheet& sheet_;
+  Grid& sheet_;
   FontView& view_;
   double lastAppliedSize_ = 0;
 };

@@ -28,17 +28,17 @@ constexpr std::int32_t kRowsBetweenTelling = 512;
 ItemGrid::ItemGrid(Environment& environment, BrowserState& state)
     : environment_(environment),
       state_(state),
-      sheet_(grid_columns::kCount),
-      object_(std::make_shared<SheetObject>(sheet_)) {}
+      grid_(grid_columns::kCount),
+      object_(std::make_shared<GridObject>(grid_)) {}
 
 ItemGrid::~ItemGrid() { object_->Detach(); }
 
 void ItemGrid::Prepare() {
-  sheet_.SetMaxRows(0);
+  grid_.SetMaxRows(0);
   for (std::int32_t column = 1; column <= grid_columns::kCount; ++column) {
     const auto index = static_cast<std::size_t>(column - 1);
-    sheet_.SetText(column, kTitleRow, Translate(kItemColumnTitles[index]));
-    sheet_.SetColumnWidth(column, kColumnWidths[index]);
+    grid_.SetText(column, kTitleRow, Translate(kItemColumnTitles[index]));
+    grid_.SetColumnWidth(column, kColumnWidths[index]);
   }
   LockRange(grid_columns::kModel);
 }
@@ -64,14 +64,14 @@ void ItemGrid::Fill(std::u16string_view nodeKey) {
                                        ? statements::ItemsOfClass(ClassNumberOfKey(nodeKey))
                                        : statements::AllItems();
   state_.itemRecordset = Connection(environment_.factory).Execute(statement);
-  sheet_.SetMaxRows(0);
-  sheet_.SetRedraw(false);
+  grid_.SetMaxRows(0);
+  grid_.SetRedraw(false);
   const Recordset items = state_.itemRecordset;
-  sheet_.SetMaxRows(items.RecordCount());
+  grid_.SetMaxRows(items.RecordCount());
   // An empty recordset refuses to move.
-  if (sheet_.MaxRows() > 0) items.MoveFirst();
+  if (grid_.MaxRows() > 0) items.MoveFirst();
   FillRows(items);
-  sheet_.SetRedraw(true);
+  grid_.SetRedraw(true);
   LockRange(grid_columns::kModel);
   ApplyScopeLock();
 }
@@ -82,35 +82,35 @@ void ItemGrid::FillRows(const Recordset& items) {
                   columns::kModel},
                  NullCells::AsEmptyText);
   std::u16string scratch;
-  for (std::int32_t row = 1; row <= sheet_.MaxRows(); ++row) {
+  for (std::int32_t row = 1; row <= grid_.MaxRows(); ++row) {
     if (!rows.Next()) {
       throw AutomationError(ErrorNumber::NoCurrentRecord, u"物料记录少于记录集报告的行数",
                             u"vaList");
     }
-    sheet_.SetText(grid_columns::kCode, row, CellText(rows.Field(0), scratch));
-    sheet_.SetText(grid_columns::kName, row, CellText(rows.Field(1), scratch));
-    sheet_.SetText(grid_columns::kModel, row, CellText(rows.Field(2), scratch));
-    sheet_.SetUpperBound(grid_columns::kPrice, row, kPriceUpperBound);
-    if (row % kRowsBetweenTelling == 0) sheet_.TellFilling();
+    grid_.SetText(grid_columns::kCode, row, CellText(rows.Field(0), scratch));
+    grid_.SetText(grid_columns::kName, row, CellText(rows.Field(1), scratch));
+    grid_.SetText(grid_columns::kModel, row, CellText(rows.Field(2), scratch));
+    grid_.SetUpperBound(grid_columns::kPrice, row, kPriceUpperBound);
+    if (row % kRowsBetweenTelling == 0) grid_.NotifyFilling();
   }
 }
 
 void ItemGrid::ApplyScopeLock() {
-  if (environment_.state.dataScope == 0) LockRange(sheet_.MaxColumns());
+  if (environment_.state.dataScope == 0) LockRange(grid_.MaxColumns());
 }
 
 void ItemGrid::LockRange(std::int32_t lastColumn) {
-  sheet_.SetBlockMode(true);
-  SelectBlock(object_, std::int32_t{1}, lastColumn, std::int32_t{1}, sheet_.MaxRows());
-  sheet_.LockBlock(true);
-  sheet_.ColourBlock(kTooltipBackground);
-  sheet_.SetBlockMode(false);
+  grid_.SetBlockMode(true);
+  SelectBlock(object_, std::int32_t{1}, lastColumn, std::int32_t{1}, grid_.MaxRows());
+  grid_.LockBlock(true);
+  grid_.ColourBlock(kTooltipBackground);
+  grid_.SetBlockMode(false);
 }
 
 void ItemGrid::Release() {
   state_.itemRecordset.Release();
   object_->Detach();
-  sheet_.SetMaxRows(0);
+  grid_.SetMaxRows(0);
 }
 
 }  // namespace pricedown

@@ -1,5 +1,5 @@
 // Fills the item grid for a node of the class tree and locks what may not be edited.
-// The cells are in sheet.h; which node is meant is decided by the class tree.
+// The cells are in grid.h; which node is meant is decided by the class tree.
 #pragma once
 
 #include <array>
@@ -7,8 +7,8 @@
 #include <string_view>
 
 #include "browser/browser_state.h"
-#include "browser/sheet.h"
-#include "browser/sheet_object.h"
+#include "browser/grid.h"
+#include "browser/grid_object.h"
 #include "env/environment.h"
 
 namespace pricedown {
@@ -47,7 +47,7 @@ class ItemGrid {
   // cannot be filled afterwards.
   void Release();
 
-  Sheet& Cells() { return sheet_; }
+  Grid& Cells() { return grid_; }
   // The grid as hosts see it.
   ObjectPtr Object() const { return object_; }
 
@@ -60,8 +60,8 @@ class ItemGrid {
 
   Environment& environment_;
   BrowserState& state_;
-  Sheet sheet_;
-  std::shared_ptr<SheetObject> object_;
+  Grid grid_;
+  std::shared_ptr<GridObject> object_;
 };
 
 }  // namespace pricedown

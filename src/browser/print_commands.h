@@ -7,8 +7,8 @@
 
 #include "browser/browser_state.h"
 #include "browser/display_font.h"
+#include "browser/grid.h"
 #include "browser/print_ledger.h"
-#include "browser/sheet.h"
 #include "env/environment.h"
 
 namespace pricedown {
@@ -30,7 +30,7 @@ class FontDialog {
 class PrintCommands {
  public:
   // All must outlive the commands. Requires: `font` works on the ledger's appearance.
-  PrintCommands(Environment& environment, const BrowserState& state, const Sheet& sheet,
+  PrintCommands(Environment& environment, const BrowserState& state, const Grid& sheet,
                 PrintLedger& ledger, DisplayFont& font)
       : environment_(environment), state_(state), sheet_(sheet), ledger_(ledger), font_(font) {}
 
@@ -55,7 +55,7 @@ class PrintCommands {
 
   Environment& environment_;
   const BrowserState& state_;
-  const Sheet& sheet_;
+  const Grid& sheet_;
   PrintLedger& ledger_;
   DisplayFont& font_;
   bool running_ = false;

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "browser/font.h"
+#include "env/font.h"
 #include "print/page_font.h"
 
 namespace pricedown {

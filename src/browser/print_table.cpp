@@ -26,7 +26,7 @@ std::u16string HeaderRow() {
 
 }  // namespace
 
-void FillPrintTable(const Sheet& sheet, PrintTable& table) {
+void FillPrintTable(const Grid& sheet, PrintTable& table) {
   const std::int32_t rows = sheet.MaxRows();
   table.Clear();
   table.SetRowCount(rows + 1);

@@ -4,15 +4,15 @@
 
 #include <string_view>
 
+#include "browser/grid.h"
 #include "browser/print_ledger.h"
-#include "browser/sheet.h"
 #include "env/language.h"
 
 namespace pricedown {
 
 // Copies all rows of the item grid. A "|" inside a cell's text is handed over as it is, and the
 // ledger begins its next cell there.
-void FillPrintTable(const Sheet& sheet, PrintTable& table);
+void FillPrintTable(const Grid& sheet, PrintTable& table);
 
 // The suite's font for titles, of which header and footer take name and character set.
 void SetPageTypeface(PrintLedger& ledger, const FontProperties& font);

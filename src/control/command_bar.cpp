@@ -1,12 +1,12 @@
 // The command bar's tools and its members for automation clients.
-// The collections by index or name are bar_collections, a tool is bar_tool.
+// The collections by index or name are command_bar_collections, a tool is command_bar_tool.
 #include "control/command_bar.h"
 
 #include <algorithm>
 #include <array>
 #include <utility>
 
-#include "control/bar_collections.h"
+#include "control/command_bar_collections.h"
 #include "env/translation.h"
 #include "platform/convert.h"
 #include "platform/error.h"
@@ -54,20 +54,20 @@ CommandBar::CommandBar() {
   designedCount_ = tools_.size();
 }
 
-std::shared_ptr<BarTool> CommandBar::Tool(std::u16string_view name) const {
+std::shared_ptr<CommandBarTool> CommandBar::Tool(std::u16string_view name) const {
   const auto found = std::find_if(tools_.begin(), tools_.end(),
                                   [&](const auto& tool) { return tool->Fixed().name == name; });
   return found == tools_.end() ? nullptr : *found;
 }
 
-std::shared_ptr<BarTool> CommandBar::Add(BarTool::Definition definition) {
+std::shared_ptr<CommandBarTool> CommandBar::Add(CommandBarTool::Definition definition) {
   if (auto present = Tool(definition.name)) {
     // A click on a host's own tool may have come before the tool's texts.
     present->FillTexts(definition);
     return present;
   }
-  tools_.push_back(std::make_shared<BarTool>(std::move(definition), listeners_));
-  std::shared_ptr<BarTool> tool = tools_.back();
+  tools_.push_back(std::make_shared<CommandBarTool>(std::move(definition), listeners_));
+  std::shared_ptr<CommandBarTool> tool = tools_.back();
   // What these show is visible until a host says otherwise.
   if (tool->Fixed().name == kToolStripTool || tool->Fixed().name == kStatusBarTool) {
     tool->SetChecked(true);
@@ -91,7 +91,7 @@ void CommandBar::Detach() {
 }
 
 void CommandBar::Click(std::u16string_view name) {
-  const std::shared_ptr<BarTool> tool = Tool(name);
+  const std::shared_ptr<CommandBarTool> tool = Tool(name);
   if (tool == nullptr) {
     throw AutomationError(ErrorNumber::InvalidArgument, Concatenate({u"命令栏没有该工具: ", name}),
                           u"BarList");

@@ -12,7 +12,7 @@
 #include <string_view>
 #include <vector>
 
-#include "control/bar_tool.h"
+#include "control/command_bar_tool.h"
 #include "platform/local_object.h"
 
 namespace pricedown {
@@ -34,12 +34,12 @@ class CommandBar : public LocalObject<CommandBar> {
   CommandBar();
 
   // Null when the bar has no tool of that name (compared exactly).
-  std::shared_ptr<BarTool> Tool(std::u16string_view name) const;
-  const std::vector<std::shared_ptr<BarTool>>& Tools() const { return tools_; }
+  std::shared_ptr<CommandBarTool> Tool(std::u16string_view name) const;
+  const std::vector<std::shared_ptr<CommandBarTool>>& Tools() const { return tools_; }
   // How many of them, from the first on, the designed band holds.
   std::size_t DesignedCount() const { return designedCount_; }
   // The bar's tool of that name: a new one, or the one that is there already, unchanged.
-  std::shared_ptr<BarTool> Add(BarTool::Definition definition);
+  std::shared_ptr<CommandBarTool> Add(CommandBarTool::Definition definition);
 
   // What a click of a client on any tool does; empty for nothing.
   void OnClick(std::function<void(const ObjectPtr& tool)> command);
@@ -56,9 +56,9 @@ class CommandBar : public LocalObject<CommandBar> {
   static std::span<const Member<CommandBar>> Members();
 
  private:
-  std::vector<std::shared_ptr<BarTool>> tools_;
+  std::vector<std::shared_ptr<CommandBarTool>> tools_;
   std::size_t designedCount_ = 0;
-  std::shared_ptr<BarListeners> listeners_ = std::make_shared<BarListeners>();
+  std::shared_ptr<CommandBarListeners> listeners_ = std::make_shared<CommandBarListeners>();
   bool detached_ = false;
 };
 

@@ -29,9 +29,9 @@ constexpr std::array<StripCommand, 5> kStripCommands{{
 
 }  // namespace
 
-void PriceDown::ParentWindow_ToolBarClick(const ObjectPtr& tool) { BarToolClicked(tool); }
+void PriceDown::ParentWindow_ToolBarClick(const ObjectPtr& tool) { CommandBarToolClicked(tool); }
 
-void PriceDown::BarToolClicked(const ObjectPtr& tool) {
+void PriceDown::CommandBarToolClicked(const ObjectPtr& tool) {
   if (terminated_) return;
   const ObjectPtr clicked = RequireObject(Value(tool), u"Tool");
   const std::u16string key = ToText(clicked->Get(u"Name"));
@@ -59,26 +59,26 @@ void PriceDown::BarToolClicked(const ObjectPtr& tool) {
   }
 }
 
-void PriceDown::BarToolChosen(std::u16string_view name) {
-  if (const std::shared_ptr<BarTool> tool = bar_->Tool(name)) {
+void PriceDown::CommandBarToolChosen(std::u16string_view name) {
+  if (const std::shared_ptr<CommandBarTool> tool = bar_->Tool(name)) {
     tool->Click();
   } else {
-    BarToolClicked(
-        std::make_shared<BarTool>(BarTool::Definition{std::u16string(name), {}, {}, {}}));
+    CommandBarToolClicked(std::make_shared<CommandBarTool>(
+        CommandBarTool::Definition{std::u16string(name), {}, {}, {}}));
   }
 }
 
-bool PriceDown::IsBarToolEnabled(std::u16string_view name) const {
-  const std::shared_ptr<BarTool> tool = bar_->Tool(name);
+bool PriceDown::IsCommandBarToolEnabled(std::u16string_view name) const {
+  const std::shared_ptr<CommandBarTool> tool = bar_->Tool(name);
   return tool == nullptr || tool->Enabled();
 }
 
 // A host may forward a click on a tool that it shows enabled although the bar's is not.
 void PriceDown::ClassToolClicked(std::u16string_view tool, std::u16string_view button) {
-  if (bar_->Tool(tool)->Enabled()) StripButtonClicked(button);
+  if (bar_->Tool(tool)->Enabled()) ToolStripButtonClicked(button);
 }
 
-void PriceDown::StripButtonClicked(std::u16string_view key) {
+void PriceDown::ToolStripButtonClicked(std::u16string_view key) {
   if (terminated_) return;
   // A command may show a window, and the host may close the control's meanwhile.
   const std::shared_ptr<void> held = ports_.hold ? ports_.hold() : nullptr;

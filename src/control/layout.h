@@ -4,20 +4,9 @@
 
 #include <cstdint>
 
+#include "platform/geometry.h"
+
 namespace pricedown {
-
-struct Rectangle {
-  std::int32_t left = 0;
-  std::int32_t top = 0;
-  std::int32_t width = 0;
-  std::int32_t height = 0;
-  bool operator==(const Rectangle&) const = default;
-};
-
-struct Size {
-  std::int32_t width = 0;
-  std::int32_t height = 0;
-};
 
 // The least width of either pane while the splitter is dragged.
 inline constexpr std::int32_t kLeastPaneWidth = 1680;

@@ -36,7 +36,7 @@ PriceDown::PriceDown(PriceDownPorts ports)
       bar_(std::make_shared<CommandBar>()) {
   bar_->OnClick([this](const ObjectPtr& tool) {
     const std::shared_ptr<void> held = ports_.hold ? ports_.hold() : nullptr;
-    BarToolClicked(tool);
+    CommandBarToolClicked(tool);
   });
   ++ports_.state.controls;
 }
@@ -72,7 +72,7 @@ void PriceDown::DisableClassCommands() {
   if (browser_.ByItemClass()) return;
   FirstFailure steps;
   for (const std::size_t position : kClassCommandButtons) {
-    steps.Run([&] { ports_.view.SetStripButtonEnabled(position, false); });
+    steps.Run([&] { ports_.view.SetToolStripButtonEnabled(position, false); });
   }
   for (const std::u16string_view name : {kInsertTool, kEditTool, kCutTool}) {
     steps.Run([&] { bar_->Tool(name)->DisableForGood(); });

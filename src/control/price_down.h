@@ -79,14 +79,14 @@ class PriceDown {
   // Moves the splitter from the keyboard, by twips.
   void MoveSplitter(std::int32_t distance);
   void NodeClicked(NodeIndex node);
-  void StripButtonClicked(std::u16string_view key);
+  void ToolStripButtonClicked(std::u16string_view key);
   // Does what a click on the bar's tool of that name does, also while the bar has none; nothing
   // when the bar's tool is disabled.
-  void BarToolChosen(std::u16string_view name);
-  bool IsBarToolEnabled(std::u16string_view name) const;
+  void CommandBarToolChosen(std::u16string_view name);
+  bool IsCommandBarToolEnabled(std::u16string_view name) const;
 
   // What the windows show and what hosts reach.
-  Sheet& ItemSheet() { return grid_.Cells(); }
+  Grid& ItemCells() { return grid_.Cells(); }
   ObjectPtr GridObject() const { return grid_.Object(); }
   const std::shared_ptr<CommandBar>& Bar() const { return bar_; }
   const NodeCollection& Nodes() const { return tree_.Nodes(); }
@@ -114,7 +114,7 @@ class PriceDown {
   void LayOut();
   bool IsShown(std::u16string_view checkTool) const;
   Rectangle DragBar() const;
-  void BarToolClicked(const ObjectPtr& tool);
+  void CommandBarToolClicked(const ObjectPtr& tool);
   void ClassToolClicked(std::u16string_view tool, std::u16string_view button);
   void RunStripCommand(std::u16string_view key);
   void CloseContainer();

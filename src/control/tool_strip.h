@@ -8,7 +8,7 @@
 
 namespace pricedown {
 
-struct StripButton {
+struct ToolStripButton {
   std::u16string_view key;
   std::u16string_view caption;
   std::u16string_view tooltip;
@@ -16,7 +16,7 @@ struct StripButton {
   bool pictureOnly = false;  // the caption is the button's name, but not shown
 };
 
-inline constexpr std::array<StripButton, 8> kStripButtons{{
+inline constexpr std::array<ToolStripButton, 8> kToolStripButtons{{
     {u"sp2", u"", u"", true},
     {u"Add", u"新增", u"新增"},
     {u"Edit", u"修改", u"修改"},

@@ -18,7 +18,7 @@ class PriceDownView {
   virtual void SetTitleFont(std::u16string_view name, std::int32_t charset, double points) = 0;
   virtual void SetPeriod(std::u16string_view text) = 0;
   // Position from 1.
-  virtual void SetStripButtonEnabled(std::size_t position, bool enabled) = 0;
+  virtual void SetToolStripButtonEnabled(std::size_t position, bool enabled) = 0;
   // The inner size of the control in twips.
   virtual Size ControlSize() const = 0;
   virtual void Place(const Layout& layout) = 0;

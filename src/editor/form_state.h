@@ -61,7 +61,7 @@ struct FormState {
 struct FormParts {
   Environment& environment;
   ItemClassFormView& view;
-  MemberGridView& grid;
+  MemberListView& grid;
   FormState state;
 };
 

@@ -64,9 +64,9 @@ class ItemClassFormView {
 };
 
 // The item grid `ItemLedger`: row 1 holds the titles, the items begin at row 2.
-class MemberGridView {
+class MemberListView {
  public:
-  virtual ~MemberGridView() = default;
+  virtual ~MemberListView() = default;
   virtual void SetColumnWidth(std::int32_t column, std::int32_t twips) = 0;
   virtual std::int32_t RowCount() const = 0;
   // Setting the count and reloading make the grid ask ItemClassForm::RowRequested for every row,

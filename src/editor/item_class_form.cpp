@@ -84,7 +84,7 @@ bool IsAccountField(FormField field) {
 }  // namespace
 
 ItemClassForm::ItemClassForm(Environment& environment, ItemClassFormView& view,
-                             MemberGridView& grid)
+                             MemberListView& grid)
     : parts_{environment, view, grid, {}} {}
 
 void ItemClassForm::SetYearAndPeriod(std::int32_t year, std::int32_t period) {

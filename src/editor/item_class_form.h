@@ -16,7 +16,7 @@ inline constexpr std::int32_t kLookupKey = 118;  // F7
 class ItemClassForm {
  public:
   // All references must outlive the form.
-  ItemClassForm(Environment& environment, ItemClassFormView& view, MemberGridView& grid);
+  ItemClassForm(Environment& environment, ItemClassFormView& view, MemberListView& grid);
   ItemClassForm(const ItemClassForm&) = delete;
   ItemClassForm& operator=(const ItemClassForm&) = delete;
 

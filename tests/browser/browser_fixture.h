@@ -91,7 +91,7 @@ class BrowserFixture : public ::testing::Test {
     processState_.dataScope = 2;
   }
 
-  void AttachSheetView() { grid_.Cells().Attach(&sheetView_); }
+  void AttachGridView() { grid_.Cells().Attach(&gridView_); }
   std::string CellOf(std::int32_t column, std::int32_t row) {
     return Utf8(grid_.Cells().Text(column, row));
   }
@@ -107,7 +107,7 @@ class BrowserFixture : public ::testing::Test {
   ItemGrid grid_{environment_, state_};
   ClassTree tree_{environment_, state_, treeView_, grid_};
   RecordingEditor editor_{environment_, factory_.GetRecorder(), log_};
-  RecordingSheetView sheetView_{factory_.GetRecorder(), grid_.Cells()};
+  RecordingGridView gridView_{factory_.GetRecorder(), grid_.Cells()};
 };
 
 }  // namespace pricedown::testing

@@ -32,7 +32,7 @@ class DisplayFontTest : public ::testing::Test {
   ProcessState processState_;
   Environment environment_{factory_, processState_, questions_, screen_, u"Host"};
   LedgerAppearance ledger_;
-  Sheet sheet_{4};
+  Grid sheet_{4};
   DisplayFont font_{environment_, ledger_, sheet_, view_};
 };
 

@@ -38,30 +38,30 @@ class ItemGridTest : public BrowserFixture {
 
 TEST_F(ItemGridTest, ListsTheItemsOfTheSelectedClass) {
   factory_.LogRecordsetCalls();
-  AttachSheetView();
+  AttachGridView();
   AnswerStatement(factory_, kItemsOf01, ItemRows(kTwoItems));
   grid_.LoadItemGrid(u"gi01");
   EXPECT_EQ(log_.Text(),
             Lines("create ZEPConnection.AppConnection\n" + ExecuteLine(kItemsOf01) +
                   "\nrelease ZEPConnection.AppConnection\n"
-                  "sheet changed 0 rows\n"
+                  "grid changed 0 rows\n"
                   "result.RecordCount()\n"
                   "result.MoveFirst()\n"
                   "result.EOF()\n"
                   "result.GetRows(4096, Missing, [\"FNumber\", \"FName\", \"FModel\"])\n"
-                  "sheet changed 2 rows\n"
-                  "sheet changed 2 rows\n"
-                  "sheet changed 2 rows\n"));
+                  "grid changed 2 rows\n"
+                  "grid changed 2 rows\n"
+                  "grid changed 2 rows\n"));
   EXPECT_EQ(Texts(), (Strings{"01.001|螺栓|M8||", "01.002|螺母|M10||"}));
   EXPECT_TRUE(processState_.loading);
   EXPECT_TRUE(state_.itemRecordset);
 }
 
 TEST_F(ItemGridTest, TellsItsViewNowAndThenThatALongListIsBeingFilled) {
-  struct CountingView : SheetView {
-    void SheetChanged() override {}
-    void SheetMetricsChanged() override {}
-    void SheetFills() override { ++fills; }
+  struct CountingView : GridView {
+    void GridChanged() override {}
+    void GridMetricsChanged() override {}
+    void GridFilling() override { ++fills; }
     int fills = 0;
   } view;
   grid_.Cells().Attach(&view);

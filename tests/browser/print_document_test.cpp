@@ -21,7 +21,7 @@ class PrintDocument : public BrowserFixture {
   }
 
   void Rows(std::int32_t count) {
-    Sheet& cells = grid_.Cells();
+    Grid& cells = grid_.Cells();
     cells.SetMaxRows(count);
     for (std::int32_t row = 1; row <= count; ++row) {
       cells.SetText(1, row, u"01.001");

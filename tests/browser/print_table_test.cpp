@@ -14,7 +14,7 @@ class PrintTableTest : public BrowserFixture {
  protected:
   PrintTableTest() { grid_.Prepare(); }
 
-  Sheet& Cells() { return grid_.Cells(); }
+  Grid& Cells() { return grid_.Cells(); }
   void Row(std::int32_t row, const std::vector<std::u16string_view>& texts) {
     if (Cells().MaxRows() < row) Cells().SetMaxRows(row);
     for (std::size_t i = 0; i < texts.size(); ++i) {

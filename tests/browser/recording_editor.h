@@ -63,7 +63,7 @@ class RecordingEditor : public ItemClassEditor {
   }
 
   RecordingFormView view;
-  RecordingGridView grid;
+  RecordingMemberListView grid;
   // What the user does; without it the form is closed by its frame at once.
   std::function<void()> whileShown;
 

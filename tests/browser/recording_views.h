@@ -8,7 +8,7 @@
 
 #include "browser/class_tree_view.h"
 #include "browser/display_font.h"
-#include "browser/sheet.h"
+#include "browser/grid.h"
 #include "platform/error.h"
 #include "tests/env/recording_screen.h"
 #include "tests/support/recorder.h"
@@ -63,19 +63,19 @@ class RecordingTreeView : public ClassTreeView {
 };
 
 // Log lines: sheet changed 3 rows, sheet metrics. Attach it to see them.
-class RecordingSheetView : public SheetView {
+class RecordingGridView : public GridView {
  public:
-  RecordingSheetView(RecorderPtr recorder, const Sheet& sheet)
+  RecordingGridView(RecorderPtr recorder, const Grid& sheet)
       : recorder_(std::move(recorder)), sheet_(sheet) {}
 
-  void SheetChanged() override {
+  void GridChanged() override {
     recorder_->Add("sheet changed " + std::to_string(sheet_.MaxRows()) + " rows");
   }
-  void SheetMetricsChanged() override { recorder_->Add("sheet metrics"); }
+  void GridMetricsChanged() override { recorder_->Add("sheet metrics"); }
 
  private:
   RecorderPtr recorder_;
-  const Sheet& sheet_;
+  const Grid& sheet_;
 };
 
 // Log lines: font tree 宋体 9.0, font label 宋体 9.0. A label is as high as `labelHeight`.

@@ -213,7 +213,8 @@ TEST_F(CommandBarTest, HasOneListenerUntilItGetsAnotherOrNone) {
 }
 
 TEST_F(CommandBarTest, HasNobodyToTellOfAClickOnAToolOfNoBar) {
-  const auto tool = std::make_shared<BarTool>(BarTool::Definition{u"iPrint", {}, {}, {}});
+  const auto tool =
+      std::make_shared<CommandBarTool>(CommandBarTool::Definition{u"iPrint", {}, {}, {}});
   tool->SetChecked(true);
   EXPECT_NO_THROW(tool->Click());
   EXPECT_TRUE(tool->Checked());

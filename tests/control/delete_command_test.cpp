@@ -48,21 +48,21 @@ class DeleteCommand : public Dispatch {
            "create ZEPConnection.AppConnection\n" +
            ExecuteLine(kItemsOfRoot) +
            "\nrelease ZEPConnection.AppConnection\n"
-           "sheet changed 0 rows\n"
-           "sheet changed 0 rows\n"
+           "grid changed 0 rows\n"
+           "grid changed 0 rows\n"
            "screen pointer 0\n"
            "screen messages\n"
            // Behind every click on the strip, also when the command has reloaded.
            "screen pointer 11\n" +
            TreeLoad() +
            "screen pointer 0\n"
-           "sheet changed 0 rows\n";
+           "grid changed 0 rows\n";
   }
 };
 
 TEST_F(DeleteCommand, RunsWholeForTheStripsButton) {
   StartDeletable();
-  Control().StripButtonClicked(u"Del");
+  Control().ToolStripButtonClicked(u"Del");
   EXPECT_EQ(world_.log.Text(), Deletion());
   EXPECT_EQ(world_.treeView.texts,
             (std::map<NodeIndex, std::string>{{1, "物料"}, {2, "02(成品)"}}));
@@ -83,7 +83,7 @@ TEST_F(DeleteCommand, RunsWholeForTheBarsTool) {
 // The command selects the root, and the reload behind every click selects nothing again.
 TEST_F(DeleteCommand, LeavesNothingSelectedBehindItsSecondReload) {
   StartDeletable();
-  Control().StripButtonClicked(u"Del");
+  Control().ToolStripButtonClicked(u"Del");
   EXPECT_EQ(world_.log.Count("tree select 1"), 1u);
   EXPECT_EQ(world_.log.Count("tree clear"), 2u);
   EXPECT_EQ(world_.treeView.selected, kNoNode);
@@ -109,12 +109,12 @@ TEST_F(DeleteCommand, ReloadsOnceBehindARefusal) {
     ScriptDeletable(world);
     world.CreateAndInitialize();
     world.control->Show(nullptr);
-    RecordingSheetView sheetView(world.factory.GetRecorder(), world.control->ItemSheet());
-    world.control->ItemSheet().Attach(&sheetView);
+    RecordingGridView gridView(world.factory.GetRecorder(), world.control->ItemCells());
+    world.control->ItemCells().Attach(&gridView);
     world.log.Clear();
     world.questions.WillAnswer({true});
-    world.control->StripButtonClicked(u"Del");
-    world.control->ItemSheet().Attach(nullptr);
+    world.control->ToolStripButtonClicked(u"Del");
+    world.control->ItemCells().Attach(nullptr);
     EXPECT_EQ(world.log.Text(),
               "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 65536)\n" + std::string(kQuestion) +
                   "yes\n" + ReadingThePeriod("P") + ExecuteLine(kVoucher) + "\nrelease result\n" +
@@ -133,16 +133,16 @@ TEST_F(DeleteCommand, EndsAtTheCallThatFails) {
     ScriptDeletable(world);
     world.CreateAndInitialize();
     world.control->Show(nullptr);
-    RecordingSheetView sheetView(world.factory.GetRecorder(), world.control->ItemSheet());
-    world.control->ItemSheet().Attach(&sheetView);
+    RecordingGridView gridView(world.factory.GetRecorder(), world.control->ItemCells());
+    world.control->ItemCells().Attach(&gridView);
     world.log.Clear();
     world.questions.WillAnswer({true});
     const int before = world.factory.CallCount();
     world.factory.FailCall(failingCall);
     const bool failed =
-        FailureOf([&] { world.control->StripButtonClicked(u"Del"); }) != std::string();
+        FailureOf([&] { world.control->ToolStripButtonClicked(u"Del"); }) != std::string();
     const int calls = world.factory.CallCount() - before;
-    world.control->ItemSheet().Attach(nullptr);
+    world.control->ItemCells().Attach(nullptr);
     const std::string log = world.log.Text();
     if (log.find(ExecuteLine(kDeleteClass) + "\n") != std::string::npos) return calls;
     EXPECT_TRUE(failed) << log;

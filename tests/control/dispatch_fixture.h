@@ -21,18 +21,18 @@ class Dispatch : public ::testing::Test {
   void Start() {
     world_.CreateAndInitialize();
     world_.control->Show(nullptr);
-    world_.control->ItemSheet().Attach(&sheetView());
+    world_.control->ItemCells().Attach(&gridView());
     world_.log.Clear();
   }
-  RecordingSheetView& sheetView() {
-    if (!sheetView_) {
-      sheetView_ = std::make_unique<RecordingSheetView>(world_.factory.GetRecorder(),
-                                                        world_.control->ItemSheet());
+  RecordingGridView& gridView() {
+    if (!gridView_) {
+      gridView_ = std::make_unique<RecordingGridView>(world_.factory.GetRecorder(),
+                                                      world_.control->ItemCells());
     }
-    return *sheetView_;
+    return *gridView_;
   }
   ~Dispatch() override {
-    if (world_.control) world_.control->ItemSheet().Attach(nullptr);
+    if (world_.control) world_.control->ItemCells().Attach(nullptr);
   }
 
   PriceDown& Control() { return *world_.control; }
@@ -65,13 +65,13 @@ class Dispatch : public ::testing::Test {
            "tree insert 3 under 1 \"02(成品)\"\n"
            "tree redraw on\n"
            "screen pointer 0\n"
-           "sheet changed 2 rows\n";
+           "grid changed 2 rows\n";
   }
   static constexpr const char* kRefusal =
       "tell information \"岚禾提示\": \"没有权限,请与系统管理员联系\"\n";
 
   ControlWorld world_;
-  std::unique_ptr<RecordingSheetView> sheetView_;
+  std::unique_ptr<RecordingGridView> gridView_;
 };
 
 }  // namespace pricedown::testing

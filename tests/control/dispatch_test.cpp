@@ -1,5 +1,5 @@
 // What the buttons of the tool strip do, and the commands behind them.
-// Clicks on tools of the command bar are in bar_dispatch_test.
+// Clicks on tools of the command bar are in command_bar_dispatch_test.
 #include "control/price_down.h"
 #include "control/tool_strip.h"
 #include "tests/control/dispatch_fixture.h"
@@ -14,7 +14,7 @@ TEST_F(Dispatch, RefusesACommandWithoutItsRightAndReloadsAllTheSame) {
        {RightCase{u"Print", "32768"}, RightCase{u"PrintView", "32768"}, RightCase{u"Add", "131072"},
         RightCase{u"Edit", "4194304"}, RightCase{u"Del", "65536"}}) {
     world_.log.Clear();
-    Control().StripButtonClicked(right.key);
+    Control().ToolStripButtonClicked(right.key);
     EXPECT_EQ(world_.log.Text(), std::string("ZEPEBCGLView.GLData.AccessCheck(1002, 35, ") +
                                      right.mask + ")\n" + kRefusal + Reload())
         << Utf8(right.key);
@@ -25,7 +25,7 @@ TEST_F(Dispatch, RunsACommandWithItsOwnRightAlone) {
   Start();
   const auto run = [&](std::u16string_view key, const char* mask) {
     world_.company.grantedMasks = std::string(" ") + mask + " ";
-    return FailureOf([&] { Control().StripButtonClicked(key); });
+    return FailureOf([&] { Control().ToolStripButtonClicked(key); });
   };
   EXPECT_EQ(run(u"Print", "32768"), "");
   EXPECT_EQ(world_.log.Count("ledger print"), 1u);
@@ -43,7 +43,7 @@ TEST_F(Dispatch, RunsACommandWithItsOwnRightAlone) {
 TEST_F(Dispatch, DoesNotReloadBehindACommandThatFails) {
   Start();
   world_.factory.FailCall(2);
-  EXPECT_NE(FailureOf([&] { Control().StripButtonClicked(u"Add"); }), "");
+  EXPECT_NE(FailureOf([&] { Control().ToolStripButtonClicked(u"Add"); }), "");
   EXPECT_EQ(world_.log.Text(),
             "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 131072)\neditor form fails\n");
 }
@@ -51,7 +51,7 @@ TEST_F(Dispatch, DoesNotReloadBehindACommandThatFails) {
 TEST_F(Dispatch, LetsAFailingRightsCheckReachTheCaller) {
   Start();
   world_.factory.FailCall(1);
-  EXPECT_NE(FailureOf([&] { Control().StripButtonClicked(u"Del"); }), "");
+  EXPECT_NE(FailureOf([&] { Control().ToolStripButtonClicked(u"Del"); }), "");
   EXPECT_EQ(world_.log.Text(), "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 65536) fails\n");
 }
 
@@ -59,32 +59,32 @@ TEST_F(Dispatch, ReloadsForAnUnknownButtonAndAsksForNoRight) {
   Start();
   for (const std::u16string_view key : {u"sp2", u"sp3", u"", u"add", u"Copy"}) {
     world_.log.Clear();
-    Control().StripButtonClicked(key);
+    Control().ToolStripButtonClicked(key);
     EXPECT_EQ(world_.log.Text(), Reload()) << Utf8(key);
   }
 }
 
 TEST_F(Dispatch, ClosesTheContainerOnExitAndReloadsWhenItStays) {
   Start();
-  Control().StripButtonClicked(u"Exit");
+  Control().ToolStripButtonClicked(u"Exit");
   EXPECT_EQ(world_.log.Text(), "container close\n" + Reload());
 }
 
 TEST_F(Dispatch, TouchesNothingWhenClosingEndedTheControl) {
   Start();
-  Control().ItemSheet().Attach(nullptr);
+  Control().ItemCells().Attach(nullptr);
   world_.container.onClose = [&] {
     Control().Terminate();
     world_.log.Clear();
   };
-  Control().StripButtonClicked(u"Exit");
+  Control().ToolStripButtonClicked(u"Exit");
   EXPECT_EQ(world_.log.Text(), "");
 }
 
 TEST_F(Dispatch, ReportsAContainerThatCannotBeClosed) {
   Start();
   world_.factory.FailCall(1);
-  EXPECT_NE(FailureOf([&] { Control().StripButtonClicked(u"Exit"); }), "");
+  EXPECT_NE(FailureOf([&] { Control().ToolStripButtonClicked(u"Exit"); }), "");
   EXPECT_EQ(world_.log.Text(), "container close fails\n");
 }
 
@@ -92,13 +92,13 @@ TEST_F(Dispatch, FillsTheGridForAClickedNode) {
   Start();
   Control().NodeClicked(1);
   EXPECT_EQ(world_.log.Count(ExecuteLine(kItemsOfRoot)), 1u);
-  EXPECT_EQ(Control().ItemSheet().MaxRows(), 0);
+  EXPECT_EQ(Control().ItemCells().MaxRows(), 0);
 }
 
 TEST_F(Dispatch, AsksBeforeDeletingThroughTheStripAndReloadsAfterNo) {
   Start();
   world_.questions.WillAnswer({false});
-  Control().StripButtonClicked(u"Del");
+  Control().ToolStripButtonClicked(u"Del");
   EXPECT_EQ(world_.log.Text(),
             "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 65536)\n"
             "ask question \"岚禾提示\": \"确定要删除当前记录? 当前的物料类别代码为:01  "
@@ -118,7 +118,7 @@ TEST_F(Dispatch, DeletesNothingOnceTheControlHasEndedBehindTheQuestion) {
 TEST_F(Dispatch, DeletesNothingOnceTheControlIsGoneBehindTheQuestion) {
   Start();
   world_.questions.whileAsked = [this] {
-    Control().ItemSheet().Attach(nullptr);
+    Control().ItemCells().Attach(nullptr);
     world_.control.reset();
   };
   world_.questions.WillAnswer({true});
@@ -129,7 +129,7 @@ TEST_F(Dispatch, DeletesNothingOnceTheControlIsGoneBehindTheQuestion) {
 TEST_F(Dispatch, AsksForAClassBeforeAnEditAndThenReloads) {
   world_.company.nodeSetting = u"gc0";
   Start();
-  world_.control->ItemSheet().Attach(nullptr);
+  world_.control->ItemCells().Attach(nullptr);
   EXPECT_EQ(Control().editRecord(), Value());
   EXPECT_EQ(world_.log.Text(), "tell information \"岚禾提示\": \"请选择要修改的物料类别\"\n");
   world_.log.Clear();
@@ -139,7 +139,7 @@ TEST_F(Dispatch, AsksForAClassBeforeAnEditAndThenReloads) {
 
 TEST(ToolStrip, HasItsEightButtonsInOrder) {
   std::vector<std::string> buttons;
-  for (const StripButton& button : kStripButtons) {
+  for (const ToolStripButton& button : kToolStripButtons) {
     buttons.push_back(Utf8(button.key) + "|" + Utf8(button.caption) + "|" + Utf8(button.tooltip) +
                       (button.separator ? "|separator" : ""));
   }

@@ -17,12 +17,12 @@ TEST_F(Dispatch, ReloadsTheTreeAndRepaintsTheGridBehindTheEditor) {
   };
   const std::string closing =
       "release ADODB.Recordset\nrelease ADODB.Recordset\nunload\neditor closed\n";
-  Control().StripButtonClicked(u"Add");
+  Control().ToolStripButtonClicked(u"Add");
   EXPECT_TRUE(world_.log.Text().starts_with(
       "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 131072)\neditor form\n"));
   EXPECT_EQ(behind(), closing + Reload());
   world_.log.Clear();
-  Control().StripButtonClicked(u"Edit");
+  Control().ToolStripButtonClicked(u"Edit");
   EXPECT_TRUE(world_.log.Text().starts_with(
       "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 4194304)\neditor form\n"));
   // The rows of before the edit are painted again and not queried.
@@ -40,21 +40,21 @@ TEST_F(Dispatch, ReloadsNothingItselfForTheHostsOwnCalls) {
 
 TEST_F(Dispatch, AsksForAClassInASecondEditAndReloadsAllTheSame) {
   Start();
-  Control().StripButtonClicked(u"Edit");
+  Control().ToolStripButtonClicked(u"Edit");
   world_.log.Clear();
-  Control().StripButtonClicked(u"Edit");
+  Control().ToolStripButtonClicked(u"Edit");
   EXPECT_EQ(world_.log.Text(),
             "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 4194304)\n"
             "tell information \"岚禾提示\": \"请选择要修改的物料类别\"\n" +
                 Reload());
   world_.log.Clear();
-  Control().StripButtonClicked(u"Del");
+  Control().ToolStripButtonClicked(u"Del");
   EXPECT_EQ(world_.log.Text(),
             "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 65536)\n"
             "tell information \"岚禾提示\": \"请选择要删除的物料类别\"\n" +
                 Reload());
   Control().NodeClicked(2);
-  Control().StripButtonClicked(u"Edit");
+  Control().ToolStripButtonClicked(u"Edit");
   EXPECT_EQ(world_.log.Count("editor closed"), 1u);
 }
 
@@ -73,7 +73,7 @@ TEST_F(Dispatch, TouchesNothingWhenTheControlEndedBehindTheEditor) {
     world.CreateAndInitialize();
     world.control->Show(nullptr);
     world.editor.whileShown = [&] { world.control->Terminate(); };
-    world.control->StripButtonClicked(key);
+    world.control->ToolStripButtonClicked(key);
     EXPECT_EQ(world.log.Lines().back(), "editor closed") << Utf8(key);
     EXPECT_EQ(world.factory.LiveObjects(), 0) << Utf8(key);
   }
@@ -84,12 +84,12 @@ TEST_F(Dispatch, LivesAsLongAsAClickOnItsStrip) {
   std::shared_ptr<PriceDown> owner;
   world_.hold = [&]() -> std::shared_ptr<void> { return owner; };
   Start();
-  Control().ItemSheet().Attach(nullptr);
+  Control().ItemCells().Attach(nullptr);
   owner = std::move(world_.control);
   PriceDown& control = *owner;
   const std::weak_ptr<PriceDown> watch = owner;
   world_.editor.whileShown = [&] { owner.reset(); };
-  control.StripButtonClicked(u"Add");
+  control.ToolStripButtonClicked(u"Add");
   EXPECT_EQ(world_.log.Count("tree redraw off"), 1u);
   EXPECT_TRUE(watch.expired());
   EXPECT_EQ(world_.factory.LiveObjects(), 0);
@@ -110,12 +110,12 @@ TEST_F(Dispatch, MayBeDestroyedWhileTheHostsOwnCallShowsTheEditor) {
 
 TEST_F(Dispatch, DoesNothingAfterItsEnd) {
   Start();
-  Control().ItemSheet().Attach(nullptr);
+  Control().ItemCells().Attach(nullptr);
   Control().Terminate();
   world_.log.Clear();
   Control().addRecord();
   Control().editRecord();
-  Control().StripButtonClicked(u"Add");
+  Control().ToolStripButtonClicked(u"Add");
   EXPECT_EQ(world_.log.Text(), "");
 }
 

@@ -63,7 +63,7 @@ TEST(Initialize, RunsItsStepsInOrderUnderTheHourglass) {
   EXPECT_EQ(world.state.currentPeriod, 3);
   EXPECT_EQ(world.control->Browser().itemClassType, 1);
   EXPECT_TRUE(world.control->Browser().fullNumber);
-  EXPECT_EQ(Utf8(world.control->ItemSheet().Text(1, kTitleRow)), "物料代码");
+  EXPECT_EQ(Utf8(world.control->ItemCells().Text(1, kTitleRow)), "物料代码");
   EXPECT_EQ(world.view.placed.splitter.left, kDefaultSplitter);
 }
 
@@ -285,7 +285,7 @@ TEST(Initialize, MakesAWholeControlWhateverFails) {
             "view period ", "create ZEPFrmRes.FrmResLoader", "view title font "}) {
         EXPECT_NE(log.find(step), log.npos) << step << " in\n" << log;
       }
-      EXPECT_EQ(Utf8(world.control->ItemSheet().Text(4, kTitleRow)), "标准单价");
+      EXPECT_EQ(Utf8(world.control->ItemCells().Text(4, kTitleRow)), "标准单价");
       EXPECT_NE(log.find("view place") != log.npos, log.find("view size fails") != log.npos);
       const bool hourglass = log.find("screen pointer 11 fails") == log.npos;
       EXPECT_EQ(lines.back().starts_with("screen pointer 0"), hourglass);

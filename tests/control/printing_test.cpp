@@ -36,7 +36,7 @@ TEST_F(Printing, AnswersTheStripBehindTheRightAndReloads) {
   for (const auto& [key, call] :
        {std::pair{u"Print", "ledger print\n"}, std::pair{u"PrintView", "ledger preview\n"}}) {
     world_.log.Clear();
-    Control().StripButtonClicked(key);
+    Control().ToolStripButtonClicked(key);
     EXPECT_EQ(world_.log.Text(),
               "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 32768)\n" + Filling() + call + Reload());
   }
@@ -45,8 +45,8 @@ TEST_F(Printing, AnswersTheStripBehindTheRightAndReloads) {
 TEST_F(Printing, TouchesNoLedgerWithoutTheRight) {
   Start();
   world_.company.grantedMasks = "none";
-  Control().StripButtonClicked(u"Print");
-  Control().StripButtonClicked(u"PrintView");
+  Control().ToolStripButtonClicked(u"Print");
+  Control().ToolStripButtonClicked(u"PrintView");
   EXPECT_EQ(world_.log.Text().find("ledger"), std::string::npos) << world_.log.Text();
 }
 
@@ -63,9 +63,9 @@ TEST_F(Printing, WorksWhereTheClassCommandsAreDisabled) {
   world_.company.mode = u"2";
   world_.company.nodeSetting = u"gc0";
   Start();
-  ASSERT_FALSE(Control().IsBarToolEnabled(u"iInsert"));
-  Control().StripButtonClicked(u"Print");
-  Control().StripButtonClicked(u"PrintView");
+  ASSERT_FALSE(Control().IsCommandBarToolEnabled(u"iInsert"));
+  Control().ToolStripButtonClicked(u"Print");
+  Control().ToolStripButtonClicked(u"PrintView");
   Click(u"iPrint");
   EXPECT_EQ(world_.log.Count("ledger print"), 2u);
   EXPECT_EQ(world_.log.Count("ledger preview"), 1u);
@@ -100,7 +100,7 @@ TEST_F(Printing, ShowsAFontChangedInThePreviewAtOnceAndKeepsIt) {
   Start();
   world_.ledger.onPreview = [&] { world_.ledger.appearance.font = {u"楷体", 12, true, false}; };
   Control().PreviewPara();
-  EXPECT_EQ(Control().ItemSheet().CellFont(), (Font{u"楷体", 12, true, false}));
+  EXPECT_EQ(Control().ItemCells().CellFont(), (Font{u"楷体", 12, true, false}));
   EXPECT_EQ(world_.log.Count("font tree 楷体 12.0 bold"), 1u);
   EXPECT_EQ(world_.log.Count(R"(put dictionary("GridFont") = )"
                              R"("FontName=楷体|FontSize=12|FontBold=True|FontItalic=False")"),
@@ -112,7 +112,7 @@ TEST_F(Printing, LeavesAControlAloneThatEndedBehindThePreview) {
   Start();
   world_.ledger.onPreview = [&] {
     world_.ledger.appearance.font.size = 20;
-    Control().ItemSheet().Attach(nullptr);
+    Control().ItemCells().Attach(nullptr);
     Control().Terminate();
     world_.log.Clear();
   };
@@ -127,7 +127,7 @@ TEST_F(Printing, OutlivesAHostThatLetsGoBehindThePreview) {
   host = std::move(world_.control);
   PriceDown* const control = host.get();
   world_.ledger.onPreview = [&] {
-    control->ItemSheet().Attach(nullptr);
+    control->ItemCells().Attach(nullptr);
     host.reset();
     world_.ledger.appearance.font.size = 20;
   };
@@ -146,7 +146,7 @@ TEST_F(Printing, OutlivesAHostThatLetsGoWhileItPrints) {
   const std::weak_ptr<PriceDown> watch = host;
   bool alive = false;
   world_.ledger.onPrint = [&] {
-    control->ItemSheet().Attach(nullptr);
+    control->ItemCells().Attach(nullptr);
     host.reset();
     alive = !watch.expired();
   };
@@ -158,7 +158,7 @@ TEST_F(Printing, OutlivesAHostThatLetsGoWhileItPrints) {
 
 TEST_F(Printing, StopsAtItsEnd) {
   Start();
-  Control().ItemSheet().Attach(nullptr);
+  Control().ItemCells().Attach(nullptr);
   Control().Terminate();
   world_.log.Clear();
   EXPECT_EQ(Control().PreviewPara(), Value());

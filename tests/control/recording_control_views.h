@@ -29,7 +29,7 @@ class RecordingPriceDownView : public PriceDownView {
         Readable(Value(points)));
   }
   void SetPeriod(std::u16string_view text) override { Log("view period " + Quoted(text)); }
-  void SetStripButtonEnabled(std::size_t position, bool enabled) override {
+  void SetToolStripButtonEnabled(std::size_t position, bool enabled) override {
     Log("view button " + std::to_string(position) + (enabled ? " on" : " off"));
   }
   Size ControlSize() const override {

@@ -34,7 +34,7 @@ TEST_F(Termination, SavesTheSelectedKeyAndReleasesEverything) {
       release result
       )"));
   EXPECT_EQ(world_.factory.LiveObjects(), 0);
-  EXPECT_EQ(world_.control->ItemSheet().MaxRows(), 0);
+  EXPECT_EQ(world_.control->ItemCells().MaxRows(), 0);
 }
 
 TEST_F(Termination, SavesUnderTheKeyOfTheOtherMode) {
@@ -46,7 +46,7 @@ TEST_F(Termination, SavesUnderTheKeyOfTheOtherMode) {
 
 TEST_F(Termination, SavesNothingWithoutASelection) {
   Start();
-  world_.control->StripButtonClicked(u"sp2");  // reloads the tree
+  world_.control->ToolStripButtonClicked(u"sp2");  // reloads the tree
   world_.log.Clear();
   world_.control->Terminate();
   EXPECT_EQ(world_.log.Text().find("UserProfile"), std::string::npos);
@@ -87,7 +87,7 @@ TEST_F(Termination, ReleasesEverythingWhateverFails) {
     world.control->Terminate();
     const int calls = world.factory.CallCount() - before;
     EXPECT_EQ(world.factory.LiveObjects(), 0);
-    EXPECT_EQ(world.control->ItemSheet().MaxRows(), 0);
+    EXPECT_EQ(world.control->ItemCells().MaxRows(), 0);
     return calls;
   });
 }
@@ -144,7 +144,7 @@ TEST_F(Termination, SilencesEveryMemberAndEvent) {
   control.SplitterUp();
   control.MoveSplitter(100);
   control.NodeClicked(1);
-  control.StripButtonClicked(u"Exit");
+  control.ToolStripButtonClicked(u"Exit");
   EXPECT_EQ(world_.log.Text(), "");
 }
 

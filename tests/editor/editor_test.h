@@ -78,7 +78,7 @@ struct EditorWorld {
   ProcessState state;
   Environment environment{factory, state, questions, screen, u"Host"};
   RecordingFormView view{log};
-  RecordingGridView grid{log};
+  RecordingMemberListView grid{log};
   ItemClassForm form{environment, view, grid};
 };
 

@@ -59,9 +59,9 @@ class RecordingFormView : public ItemClassFormView {
   std::map<FormField, std::u16string> texts_;
 };
 
-class RecordingGridView : public MemberGridView {
+class RecordingMemberListView : public MemberListView {
  public:
-  explicit RecordingGridView(CallLog log) : log_(std::move(log)) {}
+  explicit RecordingMemberListView(CallLog log) : log_(std::move(log)) {}
 
   void SetColumnWidth(std::int32_t column, std::int32_t twips) override {
     log_.Add("column " + std::to_string(column) + " width " + std::to_string(twips));

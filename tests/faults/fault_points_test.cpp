@@ -105,7 +105,7 @@ class FaultPoints : public ::testing::TestWithParam<Operation> {
     world.editor.whileShown = {};
     EXPECT_FALSE(world.editor.Shown().State().loaded);
     StillPrints(world);
-    world.control->StripButtonClicked(u"");
+    world.control->ToolStripButtonClicked(u"");
     world.control->Terminate();
     world.control.reset();
     world.state = {};

@@ -101,9 +101,10 @@ const std::vector<Operation>& Operations() {
   static const std::vector<Operation> operations = {
       {"Start", [](FaultWorld& world) { world.OpenControl(); }},
       {"SelectClass", [](FaultWorld& world) { world.Select(u"B1"); }},
-      {"Reload", [](FaultWorld& world) { world.control->StripButtonClicked(u"Refresh"); }},
+      {"Reload", [](FaultWorld& world) { world.control->ToolStripButtonClicked(u"Refresh"); }},
       {"Activate", [](FaultWorld& world) { world.control->NotifyMessage(u"Activate"); }},
-      {"HideToolStrip", [](FaultWorld& world) { world.control->BarToolChosen(u"iToolBar"); }},
+      {"HideToolStrip",
+       [](FaultWorld& world) { world.control->CommandBarToolChosen(u"iToolBar"); }},
       {"Resize", [](FaultWorld& world) { world.control->Resized(); }},
       {"AddClass", AddClass},
       {"RenameClass", Rename, {}, {}, true},

@@ -44,14 +44,14 @@ void CommandSequences::Invoke(std::u16string_view button, std::u16string_view to
                               pricedown::Value (pricedown::PriceDown::*member)()) {
   switch (Roll(3)) {
     case 0:
-      control->StripButtonClicked(button);
+      control->ToolStripButtonClicked(button);
       break;
     case 1:
       control->Bar()->Click(tool);
       break;
     default:
       (*control.*member)();
-      control->StripButtonClicked(u"");  // which reloads the tree
+      control->ToolStripButtonClicked(u"");  // which reloads the tree
       break;
   }
 }

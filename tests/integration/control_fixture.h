@@ -47,7 +47,7 @@ class ControlOnCompany : public ClassCompany {
   // A click on a tool of the strip with the user's work in the form, when it opens.
   void Command(std::u16string_view button, std::function<void()> work = {}) {
     editor.whileShown = std::move(work);
-    control->StripButtonClicked(button);
+    control->ToolStripButtonClicked(button);
     editor.whileShown = {};
   }
 
@@ -82,8 +82,8 @@ class ControlOnCompany : public ClassCompany {
   // The codes in the grid beside the tree.
   std::string GridCodes() {
     std::string codes;
-    for (std::int32_t row = 1; row <= control->ItemSheet().MaxRows(); ++row) {
-      codes += pricedown::ToUtf8(control->ItemSheet().Text(1, row)) + " ";
+    for (std::int32_t row = 1; row <= control->ItemCells().MaxRows(); ++row) {
+      codes += pricedown::ToUtf8(control->ItemCells().Text(1, row)) + " ";
     }
     return codes;
   }

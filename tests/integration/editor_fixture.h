@@ -63,7 +63,7 @@ class EditorOnCompany : public ClassCompany {
   pricedown::ProcessState state;
   pricedown::Environment environment{factory_, state, questions, screen, u"Host"};
   pricedown::testing::RecordingFormView view{log};
-  pricedown::testing::RecordingGridView grid{log};
+  pricedown::testing::RecordingMemberListView grid{log};
   pricedown::ItemClassForm form{environment, view, grid};
 
  private:

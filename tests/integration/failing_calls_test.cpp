@@ -239,7 +239,7 @@ TEST_F(FailingCalls, LeaveAClassWithOrWithoutItsProvisionOrGone) {
   FailEachCallInTurn([&](int failingCall) {
     ResetCompany();
     Run(u"delete from ICPriceDownPrepare where FItemID='2'");
-    control->StripButtonClicked(u"");  // the tree again, with the class in it
+    control->ToolStripButtonClicked(u"");  // the tree again, with the class in it
     Select(u"A1");
     const int first = recorder->CallCount();
     recorder->FailCall(failingCall);

@@ -40,7 +40,7 @@ TEST_F(PrintingOnCompany, PutsTheItemsOfTheSelectedClassOnPaper) {
 TEST_F(PrintingOnCompany, PrintsAPriceThatWasTypedIntoTheGrid) {
   Open();
   Select(u"B1");
-  control->ItemSheet().SetText(4, 2, u"12.5");
+  control->ItemCells().SetText(4, 2, u"12.5");
   control->PrintPara();
   const pricedown::PageText& last = ledger->firstPage.texts.back();
   EXPECT_EQ(pricedown::ToUtf8(last.text), "12.5");
@@ -63,7 +63,7 @@ TEST_F(PrintingOnCompany, RemembersTheFontOfThePreviewInTheNextControl) {
   EXPECT_EQ(ledger->fonts[0].size, 9);
   Open();
   EXPECT_EQ(ledger->Appearance().font, chosen);
-  EXPECT_EQ(control->ItemSheet().CellFont(), chosen);
+  EXPECT_EQ(control->ItemCells().CellFont(), chosen);
   control->PreviewPara();
   EXPECT_EQ(ledger->fonts[0], (pricedown::PageFont{u"楷体", 12, true, false, false}));
   // A font that was chosen wins over the report size.

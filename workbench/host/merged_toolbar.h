@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "platform/automation.h"
-#include "windows/ui/image_list.h"
+#include "windows/base/image_list.h"
 
 namespace workbench {
 

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <vector>
 
-#include "windows/ui/icon_art.h"
+#include "windows/base/icon_art.h"
 
 namespace workbench {
 

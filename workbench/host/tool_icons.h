@@ -5,7 +5,7 @@
 #include <optional>
 #include <string_view>
 
-#include "windows/ui/icon_canvas.h"
+#include "windows/base/icon_canvas.h"
 
 namespace workbench {
 

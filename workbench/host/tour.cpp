@@ -10,8 +10,8 @@
 
 #include "platform/error.h"
 #include "platform/skip.h"
+#include "windows/base/control_ids.h"
 #include "windows/com/failure.h"
-#include "windows/ui/control_ids.h"
 #include "workbench/host/messages.h"
 #include "workbench/host/resource_ids.h"
 #include "workbench/host/screenshot.h"

@@ -9,9 +9,9 @@
 #include <string>
 
 #include "platform/error.h"
+#include "windows/base/control_ids.h"
 #include "windows/com/wide_text.h"
-#include "windows/ui/control_ids.h"
-#include "windows/ui/form_ids.h"
+#include "windows/editor/form_ids.h"
 #include "workbench/host/tour.h"
 #include "workbench/host/tour_input.h"
 

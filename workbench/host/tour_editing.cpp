@@ -7,8 +7,8 @@
 #include "platform/convert.h"
 #include "platform/error.h"
 #include "platform/text.h"
-#include "windows/ui/control_ids.h"
-#include "windows/ui/form_ids.h"
+#include "windows/base/control_ids.h"
+#include "windows/editor/form_ids.h"
 #include "workbench/host/tour.h"
 #include "workbench/host/tour_input.h"
 

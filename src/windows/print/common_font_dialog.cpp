@@ -12,12 +12,12 @@
 
 #include "env/translation.h"
 #include "platform/error.h"
+#include "windows/base/dpi.h"
+#include "windows/base/fonts.h"
+#include "windows/base/gdi.h"
+#include "windows/base/message_box_questions.h"
 #include "windows/com/failure.h"
 #include "windows/com/wide_text.h"
-#include "windows/ui/dpi.h"
-#include "windows/ui/fonts.h"
-#include "windows/ui/gdi.h"
-#include "windows/ui/message_box_questions.h"
 
 namespace pricedown::windows {
 namespace {

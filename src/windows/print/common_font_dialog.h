@@ -7,7 +7,7 @@
 #include <functional>
 
 #include "browser/print_commands.h"
-#include "windows/ui/command_window.h"
+#include "windows/base/command_window.h"
 
 namespace pricedown::windows {
 

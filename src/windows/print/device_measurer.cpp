@@ -6,9 +6,9 @@
 #include <cmath>
 #include <utility>
 
+#include "windows/base/gdi.h"
 #include "windows/com/failure.h"
 #include "windows/com/wide_text.h"
-#include "windows/ui/gdi.h"
 
 namespace pricedown::windows {
 namespace {

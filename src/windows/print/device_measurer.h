@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "print/page_font.h"
-#include "windows/ui/fonts.h"
-#include "windows/ui/gdi.h"
+#include "windows/base/fonts.h"
+#include "windows/base/gdi.h"
 
 namespace pricedown::windows {
 

@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "windows/base/gdi.h"
 #include "windows/com/failure.h"
 #include "windows/com/wide_text.h"
-#include "windows/ui/gdi.h"
 
 namespace pricedown::windows {
 namespace {

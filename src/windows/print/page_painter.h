@@ -9,8 +9,8 @@
 
 #include "print/page.h"
 #include "print/page_font.h"
+#include "windows/base/fonts.h"
 #include "windows/print/device_measurer.h"
-#include "windows/ui/fonts.h"
 
 namespace pricedown::windows {
 

@@ -27,7 +27,7 @@ enum class PreviewCommand : std::uint8_t {
   Close,
 };
 
-inline constexpr std::array<StripButton, 8> kDocumentButtons{{
+inline constexpr std::array<ToolStripButton, 8> kDocumentButtons{{
     {u"Print", u"打印", u"打印 (Ctrl+P)"},
     {u"PageSetup", u"页面设置", u"纸张、方向和页边距"},
     {u"Font", u"字体", u"字体，与列表共用"},
@@ -38,7 +38,7 @@ inline constexpr std::array<StripButton, 8> kDocumentButtons{{
     {u"Last", u"末页", u"末页 (Ctrl+End)", false, true},
 }};
 
-inline constexpr std::array<StripButton, 6> kViewButtons{{
+inline constexpr std::array<ToolStripButton, 6> kViewButtons{{
     {u"ZoomOut", u"缩小", u"缩小 (-)", false, true},
     {u"ZoomIn", u"放大", u"放大 (+)", false, true},
     {u"FitPage", u"整页", u"显示整页", false, true},

@@ -7,29 +7,29 @@
 #include <functional>
 #include <utility>
 
+#include "windows/base/frame_windows.h"
+#include "windows/base/plain_control.h"
+#include "windows/base/tool_strip_events.h"
+#include "windows/base/tool_strip_window.h"
+#include "windows/base/visual_styles.h"
 #include "windows/print/preview_buttons.h"
 #include "windows/print/preview_pane.h"
-#include "windows/ui/child_events.h"
-#include "windows/ui/frame_windows.h"
-#include "windows/ui/plain_control.h"
-#include "windows/ui/strip_window.h"
-#include "windows/ui/visual_styles.h"
 
 namespace pricedown::windows {
 
 // One of the two rows of buttons; presses are told as commands.
-struct PreviewBar final : private StripEvents {
-  PreviewBar(std::span<const StripButton> theButtons, std::function<void(PreviewCommand)> pressed,
-             std::function<void(bool)> tabPressed)
+struct PreviewBar final : private ToolStripEvents {
+  PreviewBar(std::span<const ToolStripButton> theButtons,
+             std::function<void(PreviewCommand)> pressed, std::function<void(bool)> tabPressed)
       : buttons(theButtons),
         pressed_(std::move(pressed)),
         tabPressed_(std::move(tabPressed)),
         strip(*this, theButtons) {}
 
-  const std::span<const StripButton> buttons;
+  const std::span<const ToolStripButton> buttons;
 
  private:
-  void StripButtonClicked(std::size_t position) override {
+  void ToolStripButtonClicked(std::size_t position) override {
     const auto command = PreviewCommandOf(buttons[position - 1].key);
     if (command) pressed_(*command);
   }
@@ -40,7 +40,7 @@ struct PreviewBar final : private StripEvents {
   std::function<void(bool)> tabPressed_;
 
  public:
-  StripWindow strip;
+  ToolStripWindow strip;
 };
 
 struct PreviewChildren {

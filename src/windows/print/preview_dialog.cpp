@@ -4,8 +4,8 @@
 
 #include <optional>
 
+#include "windows/base/modal_showing.h"
 #include "windows/print/common_font_dialog.h"
-#include "windows/ui/modal_showing.h"
 
 namespace pricedown::windows {
 

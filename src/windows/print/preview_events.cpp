@@ -8,11 +8,11 @@
 #include <utility>
 
 #include "platform/error.h"
+#include "windows/base/message_box_questions.h"
 #include "windows/com/failure.h"
 #include "windows/print/preview_children.h"
 #include "windows/print/preview_ids.h"
 #include "windows/print/preview_window.h"
-#include "windows/ui/message_box_questions.h"
 
 namespace pricedown::windows {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <windows.h>
 
-#include "windows/ui/dpi.h"
+#include "windows/base/dpi.h"
 
 namespace pricedown::windows {
 

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "windows/ui/gdi.h"
+#include "windows/base/gdi.h"
 
 namespace pricedown::windows {
 namespace {

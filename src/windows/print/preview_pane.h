@@ -7,10 +7,10 @@
 #include <functional>
 
 #include "print/preview_state.h"
+#include "windows/base/bound_window.h"
+#include "windows/base/dpi.h"
 #include "windows/print/preview_buttons.h"
 #include "windows/print/preview_pages.h"
-#include "windows/ui/bound_window.h"
-#include "windows/ui/dpi.h"
 
 namespace pricedown::windows {
 

@@ -12,10 +12,10 @@
 
 #include "env/translation.h"
 #include "platform/convert.h"
+#include "windows/base/gdi.h"
 #include "windows/com/wide_text.h"
 #include "windows/print/preview_children.h"
 #include "windows/print/preview_ids.h"
-#include "windows/ui/gdi.h"
 
 namespace pricedown::windows {
 namespace {

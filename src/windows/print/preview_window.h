@@ -8,14 +8,14 @@
 #include <functional>
 #include <memory>
 
-#include "browser/font.h"
 #include "browser/print_commands.h"
+#include "env/font.h"
 #include "print/preview_state.h"
+#include "windows/base/modal_frame_window.h"
 #include "windows/print/preview_buttons.h"
 #include "windows/print/preview_layout.h"
 #include "windows/print/preview_pages.h"
 #include "windows/print/preview_pane.h"
-#include "windows/ui/modal_frame_window.h"
 
 namespace pricedown::windows {
 

@@ -6,7 +6,7 @@
 #include <limits>
 #include <string_view>
 
-#include "windows/print/global_memory.h"
+#include "windows/base/global_memory.h"
 #include "windows/print/print_failure.h"
 
 namespace pricedown::windows {

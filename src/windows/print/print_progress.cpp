@@ -9,10 +9,10 @@
 
 #include "env/translation.h"
 #include "platform/text.h"
+#include "windows/base/dpi.h"
+#include "windows/base/gdi.h"
 #include "windows/com/failure.h"
 #include "windows/com/wide_text.h"
-#include "windows/ui/dpi.h"
-#include "windows/ui/gdi.h"
 
 namespace pricedown::windows {
 namespace {

@@ -6,12 +6,12 @@
 
 #include <optional>
 
+#include "windows/base/bound_window.h"
+#include "windows/base/fonts.h"
+#include "windows/base/modal_showing.h"
+#include "windows/base/plain_control.h"
+#include "windows/base/visual_styles.h"
 #include "windows/print/print_job.h"
-#include "windows/ui/bound_window.h"
-#include "windows/ui/fonts.h"
-#include "windows/ui/modal_showing.h"
-#include "windows/ui/plain_control.h"
-#include "windows/ui/visual_styles.h"
 
 namespace pricedown::windows {
 

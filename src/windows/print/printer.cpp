@@ -10,8 +10,8 @@
 
 #include "platform/error.h"
 #include "platform/text.h"
+#include "windows/base/global_memory.h"
 #include "windows/com/wide_text.h"
-#include "windows/print/global_memory.h"
 #include "windows/print/print_failure.h"
 
 namespace pricedown::windows {

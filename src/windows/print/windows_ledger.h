@@ -7,11 +7,11 @@
 #include <string>
 
 #include "browser/print_document.h"
+#include "windows/base/command_window.h"
 #include "windows/print/preview_dialog.h"
 #include "windows/print/preview_printing.h"
 #include "windows/print/print_system.h"
 #include "windows/print/printer.h"
-#include "windows/ui/command_window.h"
 
 namespace pricedown::windows {
 

@@ -7,12 +7,12 @@
 #include <optional>
 
 #include "control/price_down.h"
+#include "windows/base/message_box_questions.h"
+#include "windows/base/windows_screen.h"
+#include "windows/control/control_window.h"
 #include "windows/print/windows_ledger.h"
 #include "windows/server/module.h"
 #include "windows/server/shared_editor.h"
-#include "windows/ui/control_window.h"
-#include "windows/ui/message_box_questions.h"
-#include "windows/ui/windows_screen.h"
 
 namespace pricedown::windows {
 

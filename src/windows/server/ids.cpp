@@ -2,4 +2,4 @@
 // The ids themselves are in its source.
 #include <initguid.h>
 
-#include "windows/idl/ZEPPriceDownPrepare.h"
+#include "windows/server/idl/ZEPPriceDownPrepare.h"

@@ -6,7 +6,7 @@
 #include <ole2.h>
 
 #include "windows/com/com_ptr.h"
-#include "windows/ui/control_window.h"
+#include "windows/control/control_window.h"
 
 namespace pricedown::windows {
 

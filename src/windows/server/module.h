@@ -8,7 +8,7 @@
 
 #include "env/process_state.h"
 #include "windows/com/com_object_factory.h"
-#include "windows/ui/item_class_dialog.h"
+#include "windows/editor/item_class_dialog.h"
 
 namespace pricedown::windows {
 

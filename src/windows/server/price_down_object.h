@@ -2,17 +2,17 @@
 // It adds nothing of its own but its end.
 #pragma once
 
-#include "windows/server/class_info_part.h"
-#include "windows/server/in_place_part.h"
-#include "windows/server/ole_object_part.h"
-#include "windows/server/persistence_part.h"
-#include "windows/server/price_down_part.h"
-#include "windows/server/view_part.h"
+#include "windows/server/in_place_object_impl.h"
+#include "windows/server/ole_object_impl.h"
+#include "windows/server/persist_impl.h"
+#include "windows/server/price_down_impl.h"
+#include "windows/server/provide_class_info_impl.h"
+#include "windows/server/view_object_impl.h"
 
 namespace pricedown::windows {
 
-class PriceDownObject final : public ComClassOf<PriceDownPart, OleObjectPart, InPlacePart, ViewPart,
-                                                PersistencePart, ClassInfoPart> {
+class PriceDownObject final : public ComClassOf<PriceDownImpl, OleObjectImpl, InPlaceObjectImpl,
+                                                ViewObjectImpl, PersistImpl, ProvideClassInfoImpl> {
  public:
   // Throws AutomationError when the control's window cannot be made.
   PriceDownObject() : control_(*Identity(), *this) {}

@@ -4,8 +4,8 @@
 
 #include <array>
 
-#include "windows/idl/ZEPPriceDownPrepare.h"
-#include "windows/resource_ids.h"
+#include "windows/server/dll/resource_ids.h"
+#include "windows/server/idl/ZEPPriceDownPrepare.h"
 #include "windows/server/price_down_object.h"
 #include "windows/server/update_price_object.h"
 

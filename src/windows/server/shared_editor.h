@@ -5,8 +5,8 @@
 #include <memory>
 
 #include "editor/class_editor.h"
+#include "windows/control/control_window.h"
 #include "windows/server/module.h"
-#include "windows/ui/control_window.h"
 
 namespace pricedown::windows {
 

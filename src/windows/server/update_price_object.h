@@ -5,7 +5,7 @@
 #include "control/update_price.h"
 #include "windows/com/com_class.h"
 #include "windows/com/dispatch_table.h"
-#include "windows/idl/ZEPPriceDownPrepare.h"
+#include "windows/server/idl/ZEPPriceDownPrepare.h"
 #include "windows/server/module.h"
 
 namespace pricedown::windows {

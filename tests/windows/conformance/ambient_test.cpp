@@ -5,10 +5,10 @@
 
 #include "tests/windows/raw_call.h"
 #include "tests/windows/server/control_host.h"
+#include "windows/base/control_ids.h"
 #include "windows/com/bstr.h"
 #include "windows/com/safe_array.h"
 #include "windows/com/variant.h"
-#include "windows/ui/control_ids.h"
 
 namespace pricedown::testing {
 namespace {

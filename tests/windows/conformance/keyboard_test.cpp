@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "tests/windows/server/control_host.h"
-#include "windows/ui/control_ids.h"
+#include "windows/base/control_ids.h"
 
 namespace pricedown::testing {
 namespace {

@@ -10,8 +10,8 @@
 #include "tests/windows/raw_call.h"
 #include "tests/windows/server/control_host.h"
 #include "tests/windows/system_call.h"
+#include "windows/base/visual_styles.h"
 #include "windows/com/variant_value.h"
-#include "windows/ui/visual_styles.h"
 
 namespace pricedown::testing {
 namespace {

@@ -4,7 +4,7 @@
 #include <ole2.h>
 
 #include "tests/windows/server/library.h"
-#include "windows/idl/ZEPPriceDownPrepare.h"
+#include "windows/server/idl/ZEPPriceDownPrepare.h"
 
 namespace pricedown::testing {
 namespace {

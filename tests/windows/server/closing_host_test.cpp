@@ -9,8 +9,8 @@
 
 #include "tests/windows/raw_call.h"
 #include "tests/windows/server/control_host.h"
+#include "windows/base/control_ids.h"
 #include "windows/com/variant_value.h"
-#include "windows/ui/control_ids.h"
 
 namespace pricedown::testing {
 namespace {

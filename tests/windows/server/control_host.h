@@ -10,7 +10,7 @@
 #include "tests/windows/server/library.h"
 #include "tests/windows/server/recording_site.h"
 #include "tests/windows/suite_scope.h"
-#include "windows/idl/ZEPPriceDownPrepare.h"
+#include "windows/server/idl/ZEPPriceDownPrepare.h"
 
 namespace pricedown::testing {
 

@@ -6,8 +6,8 @@
 
 #include "tests/windows/raw_call.h"
 #include "tests/windows/server/control_host.h"
-#include "tests/windows_support/modal_steps.h"
-#include "windows/ui/form_ids.h"
+#include "tests/windows/support/modal_steps.h"
+#include "windows/editor/form_ids.h"
 
 namespace pricedown::testing {
 namespace {

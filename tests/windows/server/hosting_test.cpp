@@ -5,7 +5,7 @@
 
 #include "tests/windows/raw_call.h"
 #include "tests/windows/server/control_host.h"
-#include "windows/ui/control_ids.h"
+#include "windows/base/control_ids.h"
 
 namespace pricedown::testing {
 namespace {

@@ -7,7 +7,7 @@
 #include <iterator>
 
 #include "tests/windows/server/library.h"
-#include "windows/idl/ZEPPriceDownPrepare.h"
+#include "windows/server/idl/ZEPPriceDownPrepare.h"
 
 namespace pricedown::testing {
 namespace {

@@ -3,7 +3,7 @@
 #include "tests/windows/server/library.h"
 
 #include "tests/windows/system_call.h"
-#include "windows/idl/ZEPPriceDownPrepare.h"
+#include "windows/server/idl/ZEPPriceDownPrepare.h"
 
 namespace pricedown::testing {
 

@@ -6,7 +6,7 @@
 #include "tests/windows/raw_call.h"
 #include "tests/windows/server/library.h"
 #include "tests/windows/server/registry_picture.h"
-#include "windows/idl/ZEPPriceDownPrepare.h"
+#include "windows/server/idl/ZEPPriceDownPrepare.h"
 
 namespace pricedown::testing {
 namespace {

@@ -10,7 +10,7 @@
 #include "tests/windows/server/library.h"
 #include "windows/com/bstr.h"
 #include "windows/com/variant_value.h"
-#include "windows/idl/ZEPPriceDownPrepare.h"
+#include "windows/server/idl/ZEPPriceDownPrepare.h"
 #include "windows/server/price_down_members.h"
 #include "windows/server/update_price_object.h"
 

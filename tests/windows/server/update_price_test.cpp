@@ -8,7 +8,7 @@
 #include "tests/windows/server/library.h"
 #include "tests/windows/suite_scope.h"
 #include "windows/com/com_object_factory.h"
-#include "windows/idl/ZEPPriceDownPrepare.h"
+#include "windows/server/idl/ZEPPriceDownPrepare.h"
 
 namespace pricedown::testing {
 namespace {

@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <string>
 
+#include "windows/base/gdi.h"
 #include "windows/com/failure.h"
 #include "windows/com/wide_text.h"
-#include "windows/ui/gdi.h"
 #include "workbench/pickers/dialog/row_images.h"
 #include "workbench/pickers/picker_ids.h"
 

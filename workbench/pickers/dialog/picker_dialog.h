@@ -17,9 +17,9 @@
 #include <string_view>
 #include <vector>
 
-#include "windows/ui/dpi.h"
-#include "windows/ui/fonts.h"
-#include "windows/ui/visual_styles.h"
+#include "windows/base/dpi.h"
+#include "windows/base/fonts.h"
+#include "windows/base/visual_styles.h"
 #include "workbench/pickers/picker_layout.h"
 #include "workbench/pickers/picking.h"
 

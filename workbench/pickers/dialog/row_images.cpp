@@ -6,7 +6,7 @@
 #include <vsstyle.h>
 #include <vssym32.h>
 
-#include "windows/ui/gdi.h"
+#include "windows/base/gdi.h"
 
 namespace workbench {
 namespace {

@@ -6,7 +6,7 @@
 
 #include <commctrl.h>
 
-#include "windows/ui/dpi.h"
+#include "windows/base/dpi.h"
 
 namespace workbench {
 

@@ -1,0 +1,112 @@
+// Look-up by index or name in the command bar's collections.
+// What is not there is an error, never an empty answer.
+#include "control/command_bar_collections.h"
+
+#include <array>
+#include <string>
+
+#include "platform/convert.h"
+#include "platform/error.h"
+#include "platform/text.h"
+
+namespace pricedown {
+namespace {
+
+[[noreturn]] void ThrowNoItem(const Value& index) {
+  throw AutomationError(ErrorNumber::InvalidArgument,
+                        Concatenate({u"命令栏没有该项: ", ToText(index)}), u"BarList");
+}
+
+// The position of an item, from 0. `find` answers the position of a name, or `count`.
+template <typename Find>
+std::size_t PositionOf(const Value& argument, std::size_t count, Find find) {
+  const Value& index = argument.Resolved();
+  std::size_t position = count;
+  if (index.Is(Value::Kind::Text)) {
+    position = find(index.Text());
+  } else if (const std::int32_t number = ToInt32(index); number >= 1) {
+    position = static_cast<std::size_t>(number) - 1;
+  }
+  if (position >= count) ThrowNoItem(index);
+  return position;
+}
+
+Value ToolCount(ToolCollection& collection, Access, std::span<Value>) {
+  return static_cast<std::int32_t>(collection.Tools().size());
+}
+
+Value ToolItem(ToolCollection& collection, Access, std::span<Value> arguments) {
+  const auto tools = collection.Tools();
+  const auto find = [&](const std::u16string& name) {
+    std::size_t position = 0;
+    while (position < tools.size() && tools[position]->Fixed().name != name) ++position;
+    return position;
+  };
+  return ObjectPtr(tools[PositionOf(arguments.front(), tools.size(), find)]);
+}
+
+// The text of an optional argument.
+std::u16string TextAt(std::span<Value> arguments, std::size_t index) {
+  return index < arguments.size() ? ToText(arguments[index]) : std::u16string();
+}
+
+Value AddTool(ToolCollection& collection, Access, std::span<Value> arguments) {
+  return ObjectPtr(
+      collection.Bar().Add({TextAt(arguments, 0), TextAt(arguments, 1), {}, TextAt(arguments, 2)}));
+}
+
+Value BandName(Band&, Access, std::span<Value>) { return kMenuBand; }
+
+Value BandTools(Band& band, Access, std::span<Value> arguments) {
+  return ItemOrCollection(std::make_shared<ToolCollection>(band.Bar(), ToolCollection::Of::Band),
+                          arguments);
+}
+
+Value BandCount(BandCollection&, Access, std::span<Value>) { return std::int32_t{1}; }
+
+Value BandItem(BandCollection& collection, Access, std::span<Value> arguments) {
+  PositionOf(arguments.front(), 1,
+             [](const std::u16string& name) { return name == kMenuBand ? 0u : 1u; });
+  return ObjectPtr(std::make_shared<Band>(collection.Bar()));
+}
+
+}  // namespace
+
+std::span<const std::shared_ptr<CommandBarTool>> ToolCollection::Tools() const {
+  const std::span<const std::shared_ptr<CommandBarTool>> all(bar_->Tools());
+  return of_ == Of::Bar ? all : all.first(bar_->DesignedCount());
+}
+
+std::span<const Member<ToolCollection>> ToolCollection::Members() {
+  static constexpr std::array<Member<ToolCollection>, 3> kMembers{{
+      {u"Count", MemberKind::Get, ToolCount},
+      {u"Item", MemberKind::Get, ToolItem, 1, 1, true},
+      {u"Add", MemberKind::Method, AddTool, 1, 3},
+  }};
+  return kMembers;
+}
+
+std::span<const Member<Band>> Band::Members() {
+  static constexpr std::array<Member<Band>, 2> kMembers{{
+      {u"Name", MemberKind::Get, BandName, 0, 0, true},
+      {u"Tools", MemberKind::Get, BandTools, 0, 1},
+  }};
+  return kMembers;
+}
+
+std::span<const Member<BandCollection>> BandCollection::Members() {
+  static constexpr std::array<Member<BandCollection>, 2> kMembers{{
+      {u"Count", MemberKind::Get, BandCount},
+      {u"Item", MemberKind::Get, BandItem, 1, 1, true},
+  }};
+  return kMembers;
+}
+
+Value ItemOrCollection(const ObjectPtr& collection, std::span<Value> arguments) {
+  if (arguments.empty() || arguments.front().Resolved().Is(Value::Kind::Missing)) {
+    return collection;
+  }
+  return collection->Call(u"", {arguments.front()});
+}
+
+}  // namespace pricedown

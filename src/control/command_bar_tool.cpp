@@ -1,0 +1,79 @@
+// A tool's members for automation clients, its clicks and its changes.
+// The host's listener is called late-bound and cannot make a click or a change fail.
+#include "control/command_bar_tool.h"
+
+#include <array>
+
+#include "platform/convert.h"
+#include "platform/skip.h"
+
+namespace pricedown {
+namespace {
+
+template <std::u16string CommandBarTool::Definition::*part>
+Value FixedText(CommandBarTool& tool, Access, std::span<Value>) {
+  return tool.Fixed().*part;
+}
+
+template <bool (CommandBarTool::*read)() const, void (CommandBarTool::*write)(bool)>
+Value State(CommandBarTool& tool, Access access, std::span<Value> arguments) {
+  if (access == Access::Call) return (tool.*read)();
+  (tool.*write)(ToBoolean(arguments.back()));
+  return {};
+}
+
+Value ClickTool(CommandBarTool& tool, Access, std::span<Value>) {
+  tool.Click();
+  return {};
+}
+
+}  // namespace
+
+void CommandBarTool::FillTexts(const Definition& definition) {
+  for (const auto part : {&Definition::caption, &Definition::description, &Definition::category}) {
+    if (!(definition_.*part).empty()) return;
+  }
+  definition_ = {definition_.name, definition.caption, definition.description, definition.category};
+}
+
+void CommandBarTool::Change(bool& state, bool value) {
+  if (state == value) return;
+  state = value;
+  Tell(u"ToolChanged");
+}
+
+void CommandBarTool::Click() {
+  if (!enabled_ || listeners_ == nullptr) return;
+  // A copy, because the command may end the control, which takes both listeners away.
+  const auto command = listeners_->command;
+  if (!command) return;
+  command(shared_from_this());
+  Tell(u"ToolClicked");
+}
+
+void CommandBarTool::Tell(std::u16string_view method) {
+  const ObjectPtr host = listeners_ == nullptr ? nullptr : listeners_->host;
+  // A host that has no such method does not want to know.
+  if (host != nullptr) {
+    SkipFailing([&] { host->Call(method, {Value(ObjectPtr(shared_from_this()))}); });
+  }
+}
+
+std::span<const Member<CommandBarTool>> CommandBarTool::Members() {
+  static constexpr std::array<Member<CommandBarTool>, 8> kMembers{{
+      {u"Name", MemberKind::Get, FixedText<&Definition::name>, 0, 0, true},
+      {u"Caption", MemberKind::Get, FixedText<&Definition::caption>},
+      {u"Description", MemberKind::Get, FixedText<&Definition::description>},
+      {u"Category", MemberKind::Get, FixedText<&Definition::category>},
+      {u"Enabled", MemberKind::GetPut,
+       State<&CommandBarTool::Enabled, &CommandBarTool::SetEnabled>},
+      {u"Checked", MemberKind::GetPut,
+       State<&CommandBarTool::Checked, &CommandBarTool::SetChecked>},
+      {u"Visible", MemberKind::GetPut,
+       State<&CommandBarTool::Visible, &CommandBarTool::SetVisible>},
+      {u"Click", MemberKind::Method, ClickTool},
+  }};
+  return kMembers;
+}
+
+}  // namespace pricedown

@@ -1,0 +1,67 @@
+// A tool of the command bar: fixed texts, three states, and who is told of clicks and changes.
+// What its key does is decided by the control's dispatch; the bar that holds it is command_bar.h.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/local_object.h"
+
+namespace pricedown {
+
+// Who is told, one for all tools of a bar.
+struct CommandBarListeners {
+  // Runs the command of a clicked tool; may be empty.
+  std::function<void(const ObjectPtr& tool)> command;
+  // The host's object with any of the methods ToolClicked(tool) and ToolChanged(tool); may be null.
+  ObjectPtr host;
+};
+
+class CommandBarTool : public LocalObject<CommandBarTool> {
+ public:
+  struct Definition {
+    std::u16string name;
+    std::u16string caption;
+    std::u16string description;
+    std::u16string category;
+  };
+  // Without listeners nobody is told.
+  explicit CommandBarTool(Definition definition,
+                          std::shared_ptr<CommandBarListeners> listeners = nullptr)
+      : definition_(std::move(definition)), listeners_(std::move(listeners)) {}
+
+  const Definition& Fixed() const { return definition_; }
+  // Gives texts to a tool without any; a tool that has one keeps what it has.
+  void FillTexts(const Definition& definition);
+  bool Enabled() const { return enabled_; }
+  bool Checked() const { return checked_; }
+  bool Visible() const { return visible_; }
+  // Each tells the host of a change. Enabling is ignored once the tool is disabled for good.
+  void SetEnabled(bool enabled) { Change(enabled_, enabled && !disabledForGood_); }
+  void DisableForGood() {
+    disabledForGood_ = true;
+    SetEnabled(false);
+  }
+  void SetChecked(bool checked) { Change(checked_, checked); }
+  void SetVisible(bool visible) { Change(visible_, visible); }
+
+  // What a click of a client does; nothing while the tool is disabled. The host is told when the
+  // command is over. Throws AutomationError when the command does.
+  void Click();
+
+  static std::span<const Member<CommandBarTool>> Members();
+
+ private:
+  void Change(bool& state, bool value);
+  void Tell(std::u16string_view method);
+
+  Definition definition_;
+  std::shared_ptr<CommandBarListeners> listeners_;
+  bool enabled_ = true;
+  bool disabledForGood_ = false;
+  bool checked_ = false;
+  bool visible_ = true;
+};
+
+}  // namespace pricedown

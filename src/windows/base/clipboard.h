@@ -1,0 +1,17 @@
+// Text on the clipboard.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+
+namespace pricedown::windows {
+
+// False when another program keeps the clipboard or there is no memory.
+bool CopyToClipboard(HWND owner, std::u16string_view text);
+
+// Empty when there is no text.
+std::u16string ClipboardText(HWND owner);
+
+}  // namespace pricedown::windows

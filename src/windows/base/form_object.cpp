@@ -1,0 +1,89 @@
+// The member tables of the form object and its parts.
+// They carry captions to and fro and know no window.
+#include "windows/base/form_object.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "platform/convert.h"
+#include "platform/error.h"
+
+namespace pricedown::windows {
+void FormControl::Detach() {
+  access_.read = nullptr;
+  access_.write = nullptr;
+}
+
+std::span<const Member<FormControl>> FormControl::Members() {
+  static constexpr std::array<Member<FormControl>, 2> kMembers{{
+      {u"Name", MemberKind::Get,
+       [](FormControl& control, Access, std::span<Value>) -> Value { return control.Name(); }},
+      {u"Caption", MemberKind::GetPut,
+       [](FormControl& control, Access access, std::span<Value> arguments) -> Value {
+         if (access == Access::Call) {
+           return control.access_.read ? control.access_.read() : std::u16string();
+         }
+         if (control.access_.write) control.access_.write(ToText(arguments[0]));
+         return {};
+       }},
+  }};
+  return kMembers;
+}
+
+FormControls::FormControls(std::vector<CaptionAccess> captions) {
+  for (CaptionAccess& caption : captions) {
+    controls_.push_back(std::make_shared<FormControl>(std::move(caption)));
+  }
+}
+
+void FormControls::Detach() {
+  for (const auto& control : controls_) control->Detach();
+}
+
+ObjectPtr FormControls::Item(const Value& index) const {
+  const Value& position = index.Resolved();
+  if (position.Is(Value::Kind::Text)) {
+    const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const auto& control) {
+      return NamesEqual(control->Name(), position.Text());
+    });
+    if (found != controls_.end()) return *found;
+  } else {
+    const std::int32_t number = ToInt32(position);
+    if (number >= 0 && static_cast<std::size_t>(number) < controls_.size()) {
+      return controls_[static_cast<std::size_t>(number)];
+    }
+  }
+  throw AutomationError(ErrorNumber::InvalidArgument, u"没有该控件", u"Controls");
+}
+
+std::span<const Member<FormControls>> FormControls::Members() {
+  static constexpr std::array<Member<FormControls>, 2> kMembers{{
+      {u"Count", MemberKind::Get,
+       [](FormControls& controls, Access, std::span<Value>) -> Value {
+         return static_cast<std::int32_t>(controls.controls_.size());
+       }},
+      {u"Item", MemberKind::Get,
+       [](FormControls& controls, Access, std::span<Value> arguments) -> Value {
+         return controls.Item(arguments[0]);
+       },
+       1, 1, true},
+  }};
+  return kMembers;
+}
+
+std::span<const Member<FormObject>> FormObject::Members() {
+  static constexpr std::array<Member<FormObject>, 2> kMembers{{
+      {u"Name", MemberKind::Get,
+       [](FormObject& form, Access, std::span<Value>) -> Value { return form.name_; }, 0, 0, true},
+      {u"Controls", MemberKind::Get,
+       [](FormObject& form, Access, std::span<Value> arguments) -> Value {
+         if (arguments.empty()) return ObjectPtr(form.controls_);
+         return form.controls_->Item(arguments[0]);
+       },
+       0, 1},
+  }};
+  return kMembers;
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,29 @@
+// The system's group box, with its inside painted.
+// The system leaves the inside to the parent, which does not paint behind its children.
+#include "windows/base/group_box.h"
+
+#include "windows/base/gdi.h"
+
+namespace pricedown::windows {
+
+void GroupBox::Create(HWND parent, HINSTANCE module, int id) {
+  Creation creation;
+  creation.className = L"BUTTON";
+  creation.style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | BS_GROUPBOX;
+  creation.parent = parent;
+  creation.id = id;
+  creation.module = module;
+  CreateControl(creation);
+}
+
+LRESULT GroupBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_ERASEBKGND) {
+    RECT area{};
+    GetClientRect(Handle(), &area);
+    FillArea(reinterpret_cast<HDC>(wParam), area, GetSysColor(COLOR_BTNFACE));
+    return 1;
+  }
+  return Default(message, wParam, lParam);
+}
+
+}  // namespace pricedown::windows

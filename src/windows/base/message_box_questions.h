@@ -1,0 +1,31 @@
+// Messages and questions as the system's message boxes, and the report of failed commands.
+// Texts and titles come translated; when to ask is the core's business.
+#pragma once
+
+#include <windows.h>
+
+#include "platform/questions.h"
+#include "windows/base/command_window.h"
+#include "windows/com/failure.h"
+
+namespace pricedown::windows {
+
+class MessageBoxQuestions final : public UserQuestions {
+ public:
+  // The boxes belong to the top-level window around `window`, which must outlive this object.
+  explicit MessageBoxQuestions(const CommandWindow& window) : window_(window) {}
+
+  void Tell(std::u16string_view text, std::u16string_view title, MessageIcon icon) override;
+  bool Confirm(std::u16string_view text, std::u16string_view title, MessageIcon icon) override;
+
+ private:
+  int Show(std::u16string_view text, std::u16string_view title, UINT type) const;
+
+  const CommandWindow& window_;
+};
+
+// Shows what went wrong in a command that the control's own windows started and that has no
+// caller to tell. `owner` may be null.
+void ReportFailure(HWND owner, const Failure& failure) noexcept;
+
+}  // namespace pricedown::windows

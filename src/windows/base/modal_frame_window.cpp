@@ -1,0 +1,200 @@
+// The frame's making, its place, and the messages that mean the same for every such window.
+// Messages of its own a derived class handles before these.
+#include "windows/base/modal_frame_window.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "windows/base/gdi.h"
+#include "windows/base/plain_control.h"
+#include "windows/com/wide_text.h"
+
+namespace pricedown::windows {
+namespace {
+
+constexpr DWORD kStyle =
+    WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MAXIMIZEBOX | WS_CLIPCHILDREN;
+constexpr DWORD kExtendedStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
+
+}  // namespace
+
+void ModalFrameWindow::CreateFrame(const wchar_t* className, HWND owner,
+                                   std::u16string_view title) {
+  owner_ = owner;
+  lastFocus_ = nullptr;
+  waiting_ = false;
+  const std::wstring text = ToWide(title);
+  Creation creation;
+  creation.className = className;
+  creation.text = text.c_str();
+  creation.style = kStyle;
+  creation.extendedStyle = kExtendedStyle;
+  creation.parent = owner;
+  creation.module = module_;
+  CreateOwn(creation);
+  try {
+    CreateChildren();
+    MakeFont();
+  } catch (...) {
+    Destroy();
+    throw;
+  }
+}
+
+void ModalFrameWindow::MakeFont() {
+  FontHandle font = MakeMessageFont(Dpi::Of(Handle()));
+  GiveFonts(font.Get());
+  font_ = std::move(font);
+}
+
+SIZE ModalFrameWindow::OuterSize(SIZE client) const {
+  RECT area{0, 0, client.cx, client.cy};
+  AdjustFrame(area, kStyle, kExtendedStyle, Dpi::Of(Handle()));
+  return {WidthOf(area), HeightOf(area)};
+}
+
+std::optional<RECT> ModalFrameWindow::OwnerArea() const {
+  RECT area{};
+  if (owner_ == nullptr || IsIconic(owner_) != FALSE || GetWindowRect(owner_, &area) == FALSE) {
+    return std::nullopt;
+  }
+  return area;
+}
+
+void ModalFrameWindow::Centre(SIZE size) {
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(
+      MonitorFromWindow(owner_ != nullptr ? owner_ : Handle(), MONITOR_DEFAULTTONEAREST), &monitor);
+  const RECT& work = monitor.rcWork;
+  const RECT over = OwnerArea().value_or(work);
+  const LONG width = std::min<LONG>(size.cx, WidthOf(work));
+  const LONG height = std::min<LONG>(size.cy, HeightOf(work));
+  const LONG left = std::clamp((over.left + over.right - width) / 2, work.left, work.right - width);
+  const LONG top =
+      std::clamp((over.top + over.bottom - height) / 2, work.top, work.bottom - height);
+  SetWindowPos(Handle(), nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void ModalFrameWindow::LayOut() {
+  if (Handle() == nullptr || !font_) return;
+  RECT client{};
+  GetClientRect(Handle(), &client);
+  PlaceChildren({client.right, client.bottom}, Dpi::Of(Handle()));
+}
+
+bool ModalFrameWindow::IsOurs(const MSG& message) const {
+  return Handle() != nullptr &&
+         (message.hwnd == Handle() || IsChild(Handle(), message.hwnd) != FALSE);
+}
+
+void ModalFrameWindow::FocusNext(bool backwards) {
+  const HWND next = GetNextDlgTabItem(Handle(), GetFocus(), backwards ? TRUE : FALSE);
+  if (next != nullptr) SetFocus(next);
+}
+
+HWND ModalFrameWindow::DialogOwner() const {
+  if (Handle() != nullptr && IsWindowVisible(Handle()) != FALSE) return Handle();
+  return owner_ != nullptr && IsWindow(owner_) != FALSE ? owner_ : GetActiveWindow();
+}
+
+void ModalFrameWindow::SetWaiting(bool waiting) {
+  waiting_ = waiting;
+  // At once: while a command runs, no message asks for the pointer.
+  SetCursor(LoadCursorW(nullptr, waiting ? IDC_WAIT : IDC_ARROW));
+}
+
+// Enter and Escape come without a child.
+void ModalFrameWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
+  const int id = LOWORD(wParam);
+  if (const auto child = reinterpret_cast<HWND>(lParam); child != nullptr) {
+    OnChildCommand(child, id, HIWORD(wParam));
+  } else if (id == IDCANCEL) {
+    OnEscape();
+  } else if (id == IDOK) {
+    OnEnter();
+  }
+}
+
+void ModalFrameWindow::OnActivate(bool active) {
+  if (!active) {
+    if (IsChild(Handle(), GetFocus()) != FALSE) lastFocus_ = GetFocus();
+  } else if (lastFocus_ != nullptr && IsChild(Handle(), lastFocus_) != FALSE) {
+    SetFocus(lastFocus_);
+  }
+}
+
+void ModalFrameWindow::OnDpiChanged(const RECT& suggested) {
+  TakeResolution(Dpi::Of(Handle()));
+  MakeFont();
+  GivePlace(Handle(), suggested);
+  LayOut();
+}
+
+void ModalFrameWindow::OnSystemChange(UINT message, WPARAM wParam, LPARAM lParam) {
+  for (const HWND child : ThemedChildren()) {
+    if (child != nullptr) SendMessageW(child, message, wParam, lParam);
+  }
+  RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+void ModalFrameWindow::OnErase(HDC context) {
+  RECT area{};
+  GetClientRect(Handle(), &area);
+  FillArea(context, area, GetSysColor(COLOR_BTNFACE));
+}
+
+LRESULT ModalFrameWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_COMMAND:
+      OnCommand(wParam, lParam);
+      return 0;
+    case WM_NOTIFY:
+      return OnNotify(*reinterpret_cast<NMHDR*>(lParam));
+    case WM_SIZE:
+      LayOut();
+      return 0;
+    case WM_GETMINMAXINFO:
+      if (font_) {
+        const SIZE least = OuterSize(LeastSize(Dpi::Of(Handle())));
+        reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {least.cx, least.cy};
+      }
+      return 0;
+    case WM_ERASEBKGND:
+      OnErase(reinterpret_cast<HDC>(wParam));
+      return 1;
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORBTN:
+      SetTextColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_BTNTEXT));
+      SetBkColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_BTNFACE));
+      return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
+    case WM_SETCURSOR:
+      if (!waiting_) return Default(message, wParam, lParam);
+      SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+      return TRUE;
+    case WM_ACTIVATE:
+      OnActivate(LOWORD(wParam) != WA_INACTIVE);
+      return 0;
+    case WM_SETFOCUS:
+      FocusFirst();
+      return 0;
+    case WM_CLOSE:
+      OnClose();
+      return 0;
+    case WM_DESTROY:
+      OnDestroy();
+      return 0;
+    case WM_SYSCOLORCHANGE:
+    case WM_THEMECHANGED:
+      OnSystemChange(message, wParam, lParam);
+      return 0;
+    case kDpiChanged:
+      OnDpiChanged(*reinterpret_cast<const RECT*>(lParam));
+      return 0;
+    default:
+      return Default(message, wParam, lParam);
+  }
+}
+
+}  // namespace pricedown::windows

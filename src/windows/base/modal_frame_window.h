@@ -1,0 +1,90 @@
+// A window with a frame of its own that is shown modally over another: what form and preview
+// have in common. Its children and what they do are the derived class's.
+#pragma once
+
+#include <windows.h>
+
+#include <array>
+#include <optional>
+#include <string_view>
+
+#include "windows/base/bound_window.h"
+#include "windows/base/command_window.h"
+#include "windows/base/dpi.h"
+#include "windows/base/fonts.h"
+
+namespace pricedown::windows {
+
+// One object serves any number of showings; the system's windows live for one. Sizes are pixels.
+class ModalFrameWindow : public CommandWindow, protected BoundWindow {
+ public:
+  // CommandWindow
+  HWND Window() const override { return Handle(); }
+  HWND DialogOwner() const override;
+  void SetWaiting(bool waiting) override;
+
+ protected:
+  explicit ModalFrameWindow(HINSTANCE module) : module_(module) {}
+  // Requires: the derived class has destroyed the window in its own destructor.
+  ~ModalFrameWindow() override = default;
+
+  HINSTANCE Module() const { return module_; }
+  // Of the showing; may be null.
+  HWND Owner() const { return owner_; }
+  // Null before the first showing.
+  HFONT TextFont() const { return font_.Get(); }
+
+  // Makes the window with its children, hidden and without a size; `owner` may be null. Throws
+  // AutomationError, and then there is no window.
+  void CreateFrame(const wchar_t* className, HWND owner, std::u16string_view title = {});
+  // The outer size for that inner one.
+  SIZE OuterSize(SIZE client) const;
+  // Nothing without an owner that can be seen.
+  std::optional<RECT> OwnerArea() const;
+  // Gives the window that outer size over its owner, inside the owner's screen.
+  void Centre(SIZE size);
+  void LayOut();
+  // Whether the message is for this window or one in it.
+  bool IsOurs(const MSG& message) const;
+  void FocusNext(bool backwards);
+
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+ private:
+  // In tab order. Throws AutomationError.
+  virtual void CreateChildren() = 0;
+  virtual void GiveFonts(HFONT font) = 0;
+  // Pictures and measures anew for that resolution; fonts and places follow.
+  virtual void TakeResolution(Dpi dpi) = 0;
+  virtual void PlaceChildren(SIZE client, Dpi dpi) = 0;
+  // The inner size below which the user cannot make the window.
+  virtual SIZE LeastSize(Dpi dpi) const = 0;
+  // Those that draw in the system's colours and theme; null where there is none.
+  virtual std::array<HWND, 2> ThemedChildren() const = 0;
+  virtual void FocusFirst() = 0;
+
+  virtual void OnEscape() = 0;
+  virtual void OnEnter() = 0;
+  virtual void OnChildCommand(HWND child, int id, int code) = 0;
+  virtual LRESULT OnNotify(NMHDR& header) = 0;
+  // Through the frame.
+  virtual void OnClose() = 0;
+  // The owner has gone and takes the window along.
+  virtual void OnDestroy() = 0;
+
+  void MakeFont();
+  void OnCommand(WPARAM wParam, LPARAM lParam);
+  void OnActivate(bool active);
+  void OnDpiChanged(const RECT& suggested);
+  void OnSystemChange(UINT message, WPARAM wParam, LPARAM lParam);
+  void OnErase(HDC context);
+
+  HINSTANCE module_;
+  // Outlives the children of derived classes, which show it.
+  FontHandle font_;
+  HWND owner_ = nullptr;
+  HWND lastFocus_ = nullptr;
+  bool waiting_ = false;
+};
+
+}  // namespace pricedown::windows

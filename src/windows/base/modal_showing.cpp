@@ -1,0 +1,65 @@
+// Disables and enables windows, and the loop between.
+// A window that was disabled before stays so.
+#include "windows/base/modal_showing.h"
+
+namespace pricedown::windows {
+namespace {
+
+struct Search {
+  HWND except;
+  std::vector<HWND>* found;
+};
+
+BOOL CALLBACK CollectEnabled(HWND window, LPARAM parameter) noexcept {
+  const auto& search = *reinterpret_cast<const Search*>(parameter);
+  if (window == search.except || IsWindowVisible(window) == FALSE ||
+      IsWindowEnabled(window) == FALSE) {
+    return TRUE;
+  }
+  try {
+    search.found->push_back(window);
+  } catch (...) {
+    // One window more that takes input is less bad than no form.
+    return FALSE;
+  }
+  return TRUE;
+}
+
+}  // namespace
+
+ModalShowing::ModalShowing(HWND window) : window_(window), focus_(GetFocus()) {
+  const Search search{window, &disabled_};
+  EnumThreadWindows(GetCurrentThreadId(), &CollectEnabled, reinterpret_cast<LPARAM>(&search));
+  for (const HWND other : disabled_) EnableWindow(other, FALSE);
+}
+
+ModalShowing::~ModalShowing() { End(); }
+
+void ModalShowing::End() noexcept {
+  // The window may go by a sent message, behind which the loop would wait for a posted one.
+  PostMessageW(nullptr, WM_NULL, 0, 0);
+  const bool ended = disabled_.empty() && focus_ == nullptr;
+  if (ended) return;
+  for (const HWND other : disabled_) {
+    if (IsWindow(other) != FALSE) EnableWindow(other, TRUE);
+  }
+  disabled_.clear();
+  if (focus_ != nullptr && IsWindow(focus_) != FALSE) SetFocus(focus_);
+  focus_ = nullptr;
+}
+
+void ModalShowing::Run(const std::function<bool(MSG& message)>& translate) {
+  MSG message{};
+  while (IsWindow(window_) != FALSE) {
+    const BOOL answer = GetMessageW(&message, nullptr, 0, 0);
+    if (answer <= 0) {
+      if (answer == 0) PostQuitMessage(static_cast<int>(message.wParam));
+      return;
+    }
+    if (translate(message)) continue;
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,34 @@
+// A control of the system that needs nothing but its place, text and font: labels and the
+// progress bar. Controls with behaviour have classes of their own.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+
+#include "windows/base/bound_window.h"
+
+namespace pricedown::windows {
+
+class PlainControl final : public BoundWindow {
+ public:
+  PlainControl() = default;
+
+  // A visible child of `parent`, unless `style` lacks WS_VISIBLE. Throws AutomationError.
+  void Create(HWND parent, HINSTANCE module, const wchar_t* className, int id, DWORD style,
+              std::u16string_view text = {});
+  // A window of its own over `owner`, hidden. Throws AutomationError.
+  void CreatePopup(HWND owner, HINSTANCE module, const wchar_t* className, DWORD style);
+
+ private:
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+};
+
+// Text, font and place of any window; nothing happens for null.
+std::u16string TextOf(HWND window);
+void GiveText(HWND window, std::u16string_view text);
+void GiveFont(HWND window, HFONT font);
+void GivePlace(HWND window, const RECT& place);
+
+}  // namespace pricedown::windows

@@ -1,0 +1,292 @@
+// The tool bar: buttons in, presses out.
+// The keyboard is handled here, because tool bars of older systems know none.
+#include "windows/base/tool_strip_window.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+#include <vector>
+
+#include "env/translation.h"
+#include "windows/base/control_ids.h"
+#include "windows/base/fonts.h"
+#include "windows/base/plain_control.h"
+#include "windows/base/user_commands.h"
+#include "windows/com/wide_text.h"
+
+namespace pricedown::windows {
+namespace {
+
+// Pixels at 96 dpi.
+constexpr int kSeparatorWidth = 8;
+constexpr int kButtonMargin = 6;  // left and right of picture and caption
+constexpr int kPictureGap = 6;    // between the two
+// What tool bars leave above and below a picture together, at every resolution.
+constexpr int kHeightMargin = 6;
+constexpr int kNoButton = -1;
+
+int IdOf(std::size_t position) { return control_ids::kFirstButton + static_cast<int>(position); }
+
+}  // namespace
+
+// In the order of the buttons, separators left out.
+std::vector<Icon> ToolStripWindow::Icons() const {
+  std::vector<Icon> icons;
+  for (const ToolStripButton& button : buttons_) {
+    if (const Icon* icon = IconOfButton(button.key)) icons.push_back(*icon);
+  }
+  return icons;
+}
+
+void ToolStripWindow::Create(HWND parent, HINSTANCE module, int id, Dpi dpi,
+                             std::u16string_view name) {
+  const std::wstring text = ToWide(name);
+  Creation creation;
+  creation.className = TOOLBARCLASSNAMEW;
+  creation.text = text.c_str();
+  creation.style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | TBSTYLE_FLAT |
+                   TBSTYLE_LIST | TBSTYLE_TOOLTIPS | CCS_NODIVIDER | CCS_NORESIZE |
+                   CCS_NOPARENTALIGN;
+  creation.parent = parent;
+  creation.id = id;
+  creation.module = module;
+  CreateControl(creation);
+  SendMessageW(Handle(), TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
+  const bool mixed = std::any_of(buttons_.begin(), buttons_.end(),
+                                 [](const ToolStripButton& button) { return button.pictureOnly; });
+  SendMessageW(Handle(), TB_SETEXTENDEDSTYLE, 0,
+               TBSTYLE_EX_DOUBLEBUFFER | (mixed ? TBSTYLE_EX_MIXEDBUTTONS : 0));
+  tooltips_.clear();
+  TakeAppearance(dpi);
+  AddButtons();
+}
+
+void ToolStripWindow::AddButtons() {
+  int image = 0;
+  for (std::size_t position = 1; position <= buttons_.size(); ++position) {
+    const ToolStripButton& button = buttons_[position - 1];
+    tooltips_.push_back(Translate(button.tooltip));
+    std::wstring caption = ToWide(Translate(button.caption));
+    TBBUTTON description{};
+    description.idCommand = IdOf(position);
+    if (button.separator) {
+      description.fsStyle = BTNS_SEP;
+      description.iBitmap = dpi_.Scale(kSeparatorWidth);
+    } else {
+      description.iBitmap = IconOfButton(button.key) != nullptr ? image++ : I_IMAGENONE;
+      description.fsState = TBSTATE_ENABLED;
+      description.fsStyle = button.pictureOnly ? BTNS_BUTTON : BTNS_BUTTON | BTNS_SHOWTEXT;
+      description.iString = reinterpret_cast<INT_PTR>(caption.c_str());
+    }
+    SendMessageW(Handle(), TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&description));
+  }
+}
+
+int ToolStripWindow::ButtonHeight() const {
+  if (Handle() == nullptr || font_ == nullptr) return 0;
+  return std::max(IconSize(dpi_), LineHeight(Handle(), font_)) + kHeightMargin;
+}
+
+int ToolStripWindow::ButtonsWidth() const {
+  RECT last{};
+  if (Handle() != nullptr && !buttons_.empty()) {
+    SendMessageW(Handle(), TB_GETITEMRECT, buttons_.size() - 1, reinterpret_cast<LPARAM>(&last));
+  }
+  return last.right;
+}
+
+// As wide as picture and caption need. The system's own sizes differ between its releases and leave
+// no room between the buttons.
+void ToolStripWindow::SizeButtons() {
+  if (Handle() == nullptr || font_ == nullptr) return;
+  const int size = IconSize(dpi_);
+  SendMessageW(Handle(), TB_SETLISTGAP, static_cast<WPARAM>(dpi_.Scale(kPictureGap)), 0);
+  SendMessageW(Handle(), TB_SETBUTTONSIZE, 0, MAKELPARAM(size, ButtonHeight()));
+  const WindowContext context(Handle());
+  for (std::size_t position = 1; position <= buttons_.size(); ++position) {
+    const ToolStripButton& button = buttons_[position - 1];
+    if (button.separator) continue;
+    const int text =
+        button.pictureOnly
+            ? 0
+            : dpi_.Scale(kPictureGap) + TextWidth(context.Get(), font_, ToWide(Caption(position)));
+    TBBUTTONINFOW info{};
+    info.cbSize = sizeof info;
+    info.dwMask = TBIF_SIZE;
+    info.cx = static_cast<WORD>(2 * dpi_.Scale(kButtonMargin) + IconSize(dpi_) + text);
+    SendMessageW(Handle(), TB_SETBUTTONINFOW, static_cast<WPARAM>(IdOf(position)),
+                 reinterpret_cast<LPARAM>(&info));
+  }
+}
+
+void ToolStripWindow::TakeAppearance(Dpi dpi) {
+  if (Handle() == nullptr) return;
+  dpi_ = dpi;
+  const std::vector<Icon> icons = Icons();
+  ImageList images = MakeImageList(icons, IconLook::Normal, dpi);
+  ImageList disabled = MakeImageList(icons, IconLook::Disabled, dpi);
+  const int size = IconSize(dpi);
+  SendMessageW(Handle(), TB_SETBITMAPSIZE, 0, MAKELPARAM(size, size));
+  SendMessageW(Handle(), TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images.Get()));
+  SendMessageW(Handle(), TB_SETHOTIMAGELIST, 0, reinterpret_cast<LPARAM>(images.Get()));
+  SendMessageW(Handle(), TB_SETDISABLEDIMAGELIST, 0, reinterpret_cast<LPARAM>(disabled.Get()));
+  images_ = std::move(images);
+  disabledImages_ = std::move(disabled);
+  SizeButtons();
+}
+
+void ToolStripWindow::SetFont(HFONT font) {
+  font_ = font;
+  GiveFont(Handle(), font);
+  SizeButtons();
+}
+
+void ToolStripWindow::SetEnabled(std::size_t position, bool enabled) {
+  if (Handle() == nullptr || !IsPosition(position)) return;
+  SendMessageW(Handle(), TB_ENABLEBUTTON, static_cast<WPARAM>(IdOf(position)),
+               MAKELPARAM(enabled ? TRUE : FALSE, 0));
+}
+
+bool ToolStripWindow::IsEnabled(std::size_t position) const {
+  if (Handle() == nullptr || !IsPosition(position)) return false;
+  return SendMessageW(Handle(), TB_ISBUTTONENABLED, static_cast<WPARAM>(IdOf(position)), 0) != 0;
+}
+
+std::u16string ToolStripWindow::Caption(std::size_t position) const {
+  if (Handle() == nullptr || !IsPosition(position)) return {};
+  std::array<wchar_t, 128> text{};
+  TBBUTTONINFOW info{};
+  info.cbSize = sizeof info;
+  info.dwMask = TBIF_TEXT;
+  info.pszText = text.data();
+  info.cchText = static_cast<int>(text.size());
+  if (SendMessageW(Handle(), TB_GETBUTTONINFOW, static_cast<WPARAM>(IdOf(position)),
+                   reinterpret_cast<LPARAM>(&info)) < 0) {
+    return {};
+  }
+  return FromWide(text.data());
+}
+
+void ToolStripWindow::SetCaption(std::size_t position, std::u16string_view caption) {
+  if (Handle() == nullptr || !IsPosition(position)) return;
+  std::wstring text = ToWide(caption);
+  TBBUTTONINFOW info{};
+  info.cbSize = sizeof info;
+  info.dwMask = TBIF_TEXT;
+  info.pszText = text.data();
+  SendMessageW(Handle(), TB_SETBUTTONINFOW, static_cast<WPARAM>(IdOf(position)),
+               reinterpret_cast<LPARAM>(&info));
+  SizeButtons();
+}
+
+void ToolStripWindow::SetTooltip(std::size_t position, std::u16string_view tooltip) {
+  if (position >= 1 && position <= tooltips_.size()) tooltips_[position - 1] = tooltip;
+}
+
+void ToolStripWindow::OnCommand(int id) {
+  const int position = id - control_ids::kFirstButton;
+  if (position < 1 || !IsPosition(static_cast<std::size_t>(position))) return;
+  pending_->pressed = static_cast<std::size_t>(position);
+}
+
+void ToolStripWindow::OnTooltip(NMTTDISPINFOW& info) const {
+  const auto position =
+      static_cast<std::size_t>(info.hdr.idFrom) - static_cast<std::size_t>(IdOf(0));
+  if (!IsPosition(position)) return;
+  const std::wstring tip = ToWide(tooltips_[position - 1]);
+  lstrcpynW(info.szText, tip.c_str(), static_cast<int>(std::size(info.szText)));
+  info.lpszText = info.szText;
+}
+
+int ToolStripWindow::NextButton(int from, int step) const {
+  const int count = static_cast<int>(buttons_.size());
+  for (int index = from + step; index >= 0 && index < count; index += step) {
+    const auto position = static_cast<std::size_t>(index) + 1;
+    if (!buttons_[position - 1].separator && IsEnabled(position)) return index;
+  }
+  return kNoButton;
+}
+
+bool ToolStripWindow::CanTakeFocus() const {
+  return Handle() != nullptr && IsWindowVisible(Handle()) != FALSE &&
+         NextButton(kNoButton, 1) != kNoButton;
+}
+
+int ToolStripWindow::HotButton() const {
+  return static_cast<int>(SendMessageW(Handle(), TB_GETHOTITEM, 0, 0));
+}
+
+void ToolStripWindow::SetHot(int index) {
+  if (index != kNoButton) SendMessageW(Handle(), TB_SETHOTITEM, static_cast<WPARAM>(index), 0);
+}
+
+// True when the key was used up.
+bool ToolStripWindow::OnKeyDown(WPARAM key, bool repeated) {
+  switch (key) {
+    case VK_TAB:
+      events_.TabPressed(GetKeyState(VK_SHIFT) < 0);
+      return true;
+    case VK_LEFT:
+    case VK_UP:
+      SetHot(NextButton(HotButton(), -1));
+      return true;
+    case VK_RIGHT:
+    case VK_DOWN:
+      SetHot(NextButton(HotButton(), 1));
+      return true;
+    case VK_HOME:
+      SetHot(NextButton(kNoButton, 1));
+      return true;
+    case VK_END:
+      SetHot(NextButton(static_cast<int>(buttons_.size()), -1));
+      return true;
+    case VK_RETURN:
+    case VK_SPACE: {
+      const int hot = HotButton();
+      const auto position = static_cast<std::size_t>(hot) + 1;
+      // A key that is held down presses once.
+      if (!repeated && hot != kNoButton && IsEnabled(position)) {
+        events_.ToolStripButtonClicked(position);
+      }
+      return true;
+    }
+    default:
+      return false;
+  }
+}
+
+// The system's part of a message, and after it the press that it told of.
+LRESULT ToolStripWindow::OnSystemPart(UINT message, WPARAM wParam, LPARAM lParam) {
+  const std::shared_ptr<Pending> pending = pending_;
+  ++pending->depth;
+  const LRESULT result = Default(message, wParam, lParam);
+  if (--pending->depth > 0 || pending->pressed == 0 || pending.use_count() == 1) return result;
+  events_.ToolStripButtonClicked(std::exchange(pending->pressed, std::size_t{0}));
+  return result;
+}
+
+LRESULT ToolStripWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_GETDLGCODE:
+      return DLGC_WANTARROWS | DLGC_WANTCHARS;
+    case WM_KEYDOWN:
+      if (OnKeyDown(wParam, IsRepeated(lParam))) return 0;
+      break;
+    case WM_CHAR:
+      return 0;
+    case WM_SETFOCUS: {
+      const LRESULT result = Default(message, wParam, lParam);
+      if (HotButton() == kNoButton) SetHot(NextButton(kNoButton, 1));
+      events_.FocusEntered(reinterpret_cast<HWND>(wParam));
+      return result;
+    }
+    case WM_KILLFOCUS:
+      SendMessageW(Handle(), TB_SETHOTITEM, static_cast<WPARAM>(kNoButton), 0);
+      break;
+    default:
+      break;
+  }
+  return OnSystemPart(message, wParam, lParam);
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,32 @@
+// The hourglass and the message loop of pending messages.
+// The pointer stays an hourglass over the window as long as it is set.
+#include "windows/base/windows_screen.h"
+
+#include "windows/base/dpi.h"
+
+namespace pricedown::windows {
+
+void WindowsScreen::SetMousePointer(MousePointer pointer) {
+  const bool waiting = pointer == MousePointer::Hourglass;
+  window_.SetWaiting(waiting);
+  // Where the pointer is over other windows, those decide with its next movement.
+  SetCursor(LoadCursorW(nullptr, waiting ? IDC_WAIT : IDC_ARROW));
+}
+
+void WindowsScreen::RunPendingMessages() {
+  MSG message{};
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
+    if (message.message == WM_QUIT) {
+      PostQuitMessage(static_cast<int>(message.wParam));
+      return;
+    }
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+}
+
+double WindowsScreen::TwipsPerPixelY() const {
+  return static_cast<double>(kTwipsPerInch) / Dpi::Of(window_.Window()).Value();
+}
+
+}  // namespace pricedown::windows

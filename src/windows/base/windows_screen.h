@@ -1,0 +1,26 @@
+// The screen and the message queue of the thread that runs the control.
+// Which windows show the hourglass is the affair of the window that it is made for.
+#pragma once
+
+#include <windows.h>
+
+#include "env/screen.h"
+#include "windows/base/command_window.h"
+
+namespace pricedown::windows {
+
+class WindowsScreen final : public Screen {
+ public:
+  // `window` must outlive this object.
+  explicit WindowsScreen(CommandWindow& window) : window_(window) {}
+
+  void SetMousePointer(MousePointer pointer) override;
+  // A quit message is put back, so that the host's own loop ends.
+  void RunPendingMessages() override;
+  double TwipsPerPixelY() const override;
+
+ private:
+  CommandWindow& window_;
+};
+
+}  // namespace pricedown::windows

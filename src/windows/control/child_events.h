@@ -1,0 +1,29 @@
+// What the control's children report to the control's window.
+#pragma once
+
+#include <cstdint>
+
+#include "browser/node_collection.h"
+#include "windows/grid/grid_events.h"
+
+namespace pricedown::windows {
+
+enum class SplitterAction {
+  Press,    // the mouse went down
+  Drag,     // to `pixels` from the splitter's left edge
+  Release,  // the mouse went up
+  Step,     // from the keyboard, by `pixels`
+};
+
+// Reported as the last step of a message, because the report may end the control.
+class ChildEvents : public GridEvents {
+ public:
+  // The user clicked a node, or selected it by keyboard.
+  virtual void NodeClicked(NodeIndex node) = 0;
+  virtual void SplitterEvent(SplitterAction action, std::int32_t pixels) = 0;
+
+ protected:
+  ~ChildEvents() = default;
+};
+
+}  // namespace pricedown::windows

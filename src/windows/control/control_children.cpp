@@ -1,0 +1,122 @@
+// Makes the control's children, their fonts and the captions that the suite may change.
+// Where they stand is in control_place, the focus between them in control_keyboard.
+#include "windows/control/control_children.h"
+
+#include <commctrl.h>
+
+#include <utility>
+#include <vector>
+
+#include "control/tool_strip.h"
+#include "env/translation.h"
+#include "platform/text.h"
+#include "windows/base/control_ids.h"
+#include "windows/base/dpi.h"
+
+namespace pricedown::windows {
+namespace {
+
+constexpr std::u16string_view kTreeName = u"物料类别";
+constexpr std::u16string_view kGridName = u"物料明细";
+constexpr std::u16string_view kStripName = u"工具栏";
+constexpr std::u16string_view kStatusName = u"状态栏";
+constexpr std::u16string_view kFontSample = u"物料类别";
+constexpr UINT kMarqueePause = 30;  // milliseconds
+
+}  // namespace
+
+void ControlChildren::Create(HWND parent) {
+  const Dpi dpi = Dpi::Of(parent);
+  constexpr DWORD label = WS_VISIBLE | SS_NOPREFIX | SS_CENTERIMAGE | SS_ENDELLIPSIS;
+  title.Create(parent, module, L"STATIC", control_ids::kTitle, label | SS_LEFT);
+  period.Create(parent, module, L"STATIC", control_ids::kPeriod, label | SS_RIGHT);
+  firstLabel.Create(parent, module, L"STATIC", control_ids::kFirstLabel, label | SS_LEFT);
+  secondLabel.Create(parent, module, L"STATIC", control_ids::kSecondLabel, label | SS_RIGHT);
+  upperLine.Create(parent, module, control_ids::kUpperLine);
+  strip.Create(parent, module, control_ids::kToolStrip, dpi, Translate(kStripName));
+  for (const UserCommand command :
+       {UserCommand::Add, UserCommand::Edit, UserCommand::Delete, UserCommand::Print}) {
+    const std::size_t position = StripPositionOf(command);
+    strip.SetTooltip(position, Concatenate({Translate(kToolStripButtons[position - 1].tooltip),
+                                            u" (", ShortcutOf(command), u")"}));
+  }
+  lowerLine.Create(parent, module, control_ids::kLowerLine);
+  classHeading.Create(parent, module, control_ids::kClassHeading, Translate(kTreeName));
+  tree.Create(parent, module, dpi, Translate(kTreeName));
+  splitter.Create(parent, module);
+  dragBar.Create(parent, module);
+  itemHeading.Create(parent, module, control_ids::kItemHeading, Translate(kGridName));
+  pane.Create(parent, module);
+  grid.Create(pane.Handle(), module, Translate(kGridName));
+  // In front of the status bar, over its last panel.
+  progressBar.Create(parent, module, PROGRESS_CLASSW, control_ids::kProgressBar, PBS_MARQUEE);
+  statusBar.Create(parent, module, Translate(kStatusName));
+  fontLabel.Create(parent, module, L"STATIC", control_ids::kFontLabel, SS_NOPREFIX, kFontSample);
+  ListCaptions();
+}
+
+void ControlChildren::ListCaptions() {
+  const auto ofWindow = [](std::u16string name, BoundWindow& window) {
+    return CaptionAccess{std::move(name), [&window] { return TextOf(window.Handle()); },
+                         [&window](std::u16string_view text) { GiveText(window.Handle(), text); }};
+  };
+  std::vector<CaptionAccess> captions{ofWindow(u"lbl_Title", title),
+                                      ofWindow(u"lblPeriod", period),
+                                      ofWindow(u"SSPTitleClass", classHeading),
+                                      ofWindow(u"SSPTitleItem", itemHeading),
+                                      ofWindow(u"Label1", firstLabel),
+                                      ofWindow(u"Label2", secondLabel)};
+  for (std::size_t i = 0; i < kToolStripButtons.size(); ++i) {
+    if (kToolStripButtons[i].separator) continue;
+    captions.push_back({Concatenate({u"tbToolBar.", kToolStripButtons[i].key}),
+                        [this, i] { return strip.Caption(i + 1); },
+                        [this, i](std::u16string_view text) { strip.SetCaption(i + 1, text); }});
+  }
+  form = std::make_shared<FormObject>(u"PriceDown", std::move(captions));
+}
+
+void ControlChildren::MakeFonts(Dpi dpi) {
+  const TitleFont& wanted = titleDescription;
+  FontHandle forTitle = wanted.name.empty()
+                            ? MakeMessageFont(wanted.points, dpi)
+                            : MakeFont(wanted.name, wanted.charset, wanted.points, dpi);
+  FontHandle forTexts = MakeMessageFont(dpi);
+  GiveFont(title.Handle(), forTitle.Get());
+  for (const BoundWindow* window : std::initializer_list<const BoundWindow*>{
+           &period, &firstLabel, &secondLabel, &classHeading, &itemHeading, &statusBar}) {
+    GiveFont(window->Handle(), forTexts.Get());
+  }
+  strip.SetFont(forTexts.Get());
+  tree.SetFont(MakeFont(treeFont, dpi));
+  titleFont = std::move(forTitle);
+  textFont = std::move(forTexts);
+}
+
+void ControlChildren::TakeResolution(Dpi dpi) {
+  MakeFonts(dpi);
+  tree.TakeAppearance(dpi);
+  strip.TakeAppearance(dpi);
+  grid.TakeAppearance();
+}
+
+void ControlChildren::ShowProgress(bool show) {
+  const HWND bar = progressBar.Handle();
+  if (bar == nullptr || show == ((GetWindowLongPtrW(bar, GWL_STYLE) & WS_VISIBLE) != 0)) return;
+  SendMessageW(bar, PBM_SETMARQUEE, show ? TRUE : FALSE, kMarqueePause);
+  ShowWindow(bar, show ? SW_SHOWNA : SW_HIDE);
+  statusBar.SetPanel(StatusPanel::Wait, show ? Translate(u"请稍候…") : u"");
+  if (show) {
+    UpdateWindow(statusBar.Handle());
+    UpdateWindow(bar);
+  }
+}
+
+LRESULT ControlChildren::OnNotify(NMHDR& header) {
+  if (header.hwndFrom == tree.Handle()) return tree.OnNotify(header);
+  if (header.code == TTN_GETDISPINFOW) {
+    strip.OnTooltip(reinterpret_cast<NMTTDISPINFOW&>(header));
+  }
+  return 0;
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,95 @@
+// Everything that the control's window owns: its children, fonts, and what was placed last.
+// Its parts do not know each other; what the user does in them is the control's window's.
+#pragma once
+
+#include <windows.h>
+
+#include <chrono>
+#include <memory>
+#include <string>
+
+#include "control/layout.h"
+#include "windows/base/fonts.h"
+#include "windows/base/form_object.h"
+#include "windows/base/frame_windows.h"
+#include "windows/base/plain_control.h"
+#include "windows/base/tool_strip_window.h"
+#include "windows/base/visual_styles.h"
+#include "windows/control/heading_window.h"
+#include "windows/control/splitter_window.h"
+#include "windows/control/status_window.h"
+#include "windows/control/tree_window.h"
+#include "windows/grid/grid_window.h"
+
+namespace pricedown::windows {
+
+using Clock = std::chrono::steady_clock;
+
+// Work that takes longer shows the progress bar.
+inline constexpr Clock::duration kLongWork = std::chrono::milliseconds(300);
+
+struct TitleFont {
+  std::u16string name;  // empty for the system's
+  std::int32_t charset = DEFAULT_CHARSET;
+  double points = 18;
+};
+
+struct ControlChildren {
+  ControlChildren(HINSTANCE theModule, ChildEvents& events)
+      : module(theModule),
+        styles(theModule),
+        tree(events),
+        strip(events, kToolStripButtons),
+        splitter(events),
+        grid(events) {}
+
+  // Makes all windows in `parent`, and `form` over them. Throws AutomationError.
+  void Create(HWND parent);
+  void MakeFonts(Dpi dpi);
+  // Fonts and pictures anew, also for other settings of the system.
+  void TakeResolution(Dpi dpi);
+  void ShowProgress(bool show);
+  LRESULT OnNotify(NMHDR& header);
+  // False when there is no further child in that direction and it does not wrap around.
+  bool MoveFocus(bool backwards, bool wrap) const;
+
+  HINSTANCE module;
+  VisualStyles styles;
+  // Before the windows that show them, so that they outlive those.
+  TitleFont titleDescription;
+  FontHandle titleFont;
+  FontHandle textFont;
+  FontHandle labelFont;
+  Font treeFont;
+
+  ParkingWindow parking;
+  PlainControl title;
+  PlainControl period;
+  // Without texts of their own; the form's resources may give them some.
+  PlainControl firstLabel;
+  PlainControl secondLabel;
+  LineWindow upperLine;
+  LineWindow lowerLine;
+  PlainControl progressBar;
+  PlainControl fontLabel;
+  HeadingWindow classHeading;
+  HeadingWindow itemHeading;
+  TreeWindow tree;
+  ToolStripWindow strip;
+  SplitterWindow splitter;
+  DragBarWindow dragBar;
+  PaneWindow pane;
+  GridWindow grid;
+  StatusWindow statusBar;
+
+  std::shared_ptr<FormObject> form;
+  HWND lastFocus = nullptr;
+  Clock::time_point waitBegan;
+  Clock::duration lastWait{};
+  Clock::time_point fillBegan;
+
+ private:
+  void ListCaptions();
+};
+
+}  // namespace pricedown::windows

@@ -1,0 +1,260 @@
+// What happens to the control's window and in its children, and who is told.
+// Part of ControlWindow.
+#include <windows.h>
+
+#include <array>
+#include <chrono>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "control/tool_strip.h"
+#include "env/translation.h"
+#include "platform/convert.h"
+#include "platform/text.h"
+#include "windows/base/dpi.h"
+#include "windows/base/gdi.h"
+#include "windows/base/message_box_questions.h"
+#include "windows/com/failure.h"
+#include "windows/control/control_children.h"
+#include "windows/control/control_window.h"
+
+namespace pricedown::windows {
+namespace {
+
+constexpr std::array kTreeMenu{UserCommand::Add,     UserCommand::Edit,  UserCommand::Delete,
+                               UserCommand::Refresh, UserCommand::Print, UserCommand::Preview};
+
+std::u16string Seconds(Clock::duration duration) {
+  const auto milliseconds = std::chrono::duration_cast<std::chrono::milliseconds>(duration).count();
+  if (milliseconds < 10) return u"0.01";
+  return NumberText(static_cast<double>(milliseconds / 10) / 100);
+}
+
+std::u16string CaptionOf(const ToolStripWindow& strip, UserCommand command) {
+  if (command == UserCommand::Copy) return Translate(u"复制");
+  if (command == UserCommand::Refresh) return Translate(u"刷新");
+  return strip.Caption(StripPositionOf(command));
+}
+
+void PaintBackground(HWND window) {
+  PAINTSTRUCT paint{};
+  const HDC context = BeginPaint(window, &paint);
+  FillArea(context, paint.rcPaint, GetSysColor(COLOR_BTNFACE));
+  EndPaint(window, &paint);
+}
+
+void EraseBackground(HDC context) {
+  RECT area{};
+  if (GetClipBox(context, &area) != ERROR) FillArea(context, area, GetSysColor(COLOR_BTNFACE));
+}
+
+}  // namespace
+
+// Runs a command of the core. The control may be gone when this returns.
+template <typename Command>
+void ControlWindow::Fire(Command&& command) {
+  if (control_ == nullptr) return;
+  const std::shared_ptr<void> hold = Hold();
+  const HWND owner = DialogOwner();
+  try {
+    command(*control_);
+  } catch (...) {
+    // The failed command may have taken the owner along.
+    ReportFailure(IsWindow(owner) != FALSE ? owner : nullptr, CurrentFailure());
+  }
+}
+
+void ControlWindow::NodeClicked(NodeIndex node) {
+  Fire([node](PriceDown& control) { control.NodeClicked(node); });
+}
+
+void ControlWindow::ToolStripButtonClicked(std::size_t position) {
+  Fire([position](PriceDown& control) {
+    control.ToolStripButtonClicked(std::u16string(kToolStripButtons[position - 1].key));
+  });
+}
+
+bool ControlWindow::IsEnabled(UserCommand command) const {
+  if (control_ == nullptr) return false;
+  switch (command) {
+    case UserCommand::Copy:
+      return control_->ItemCells().MaxRows() > 0;
+    case UserCommand::Refresh:
+      return control_->IsCommandBarToolEnabled(kRefreshTool);
+    default:
+      return children_->strip.IsEnabled(StripPositionOf(command));
+  }
+}
+
+// All but copying and refreshing is what the strip's button does, with its right.
+void ControlWindow::CommandChosen(UserCommand command) {
+  if (!IsEnabled(command)) return;
+  if (command == UserCommand::Copy) {
+    SendMessageW(children_->grid.Handle(), WM_COPY, 0, 0);
+  } else if (command == UserCommand::Refresh) {
+    Fire([](PriceDown& control) { control.CommandBarToolChosen(kRefreshTool); });
+  } else {
+    ToolStripButtonClicked(StripPositionOf(command));
+  }
+}
+
+void ControlWindow::MenuRequested(HWND child, POINT place) {
+  std::vector<CommandLine> lines;
+  for (const UserCommand command : kTreeMenu) {
+    lines.push_back({command, CaptionOf(children_->strip, command), IsEnabled(command)});
+  }
+  lines[3].beginsGroup = true;
+  if (child == children_->grid.Handle()) {
+    lines.push_back({UserCommand::Copy, CaptionOf(children_->strip, UserCommand::Copy),
+                     IsEnabled(UserCommand::Copy), true});
+  }
+  // While the menu is open the host may close everything.
+  const std::shared_ptr<void> hold = Hold();
+  const auto chosen = ChooseFromMenu(Handle(), place, lines);
+  if (chosen && Handle() != nullptr) CommandChosen(*chosen);
+}
+
+void ControlWindow::SplitterEvent(SplitterAction action, std::int32_t pixels) {
+  const std::int32_t twips = Dpi::Of(Handle()).ToTwips(pixels);
+  Fire([action, twips](PriceDown& control) {
+    switch (action) {
+      case SplitterAction::Press:
+        control.SplitterDown();
+        break;
+      case SplitterAction::Drag:
+        control.SplitterMoved(twips);
+        break;
+      case SplitterAction::Release:
+        control.SplitterUp();
+        break;
+      case SplitterAction::Step:
+        control.MoveSplitter(twips);
+        break;
+    }
+  });
+}
+
+void ControlWindow::FocusEntered(HWND from) {
+  children_->lastFocus = GetFocus();
+  // A form that was open may have taken the class.
+  ShowStatus();
+  // The control's own window only passes the focus on, so from there it comes from outside.
+  if (from != nullptr && IsChild(Handle(), from) != FALSE) return;
+  // A copy, because the call may end the control.
+  const std::function<void()> handler = uiActivate_;
+  if (handler) handler();
+}
+
+void ControlWindow::ItemsChanged() {
+  ItemsFilling();
+  ShowStatus();
+}
+
+// The rows come after the answer of the database: by then it is known whether this takes long.
+void ControlWindow::ItemsFilling() {
+  if (waiting_ && Clock::now() - children_->waitBegan > kLongWork) children_->ShowProgress(true);
+}
+
+void ControlWindow::ShowStatus() {
+  if (Handle() == nullptr) return;
+  if (control_ == nullptr) {
+    children_->statusBar.SetPanel(StatusPanel::Status, {});
+    return;
+  }
+  std::u16string text;
+  const BrowserState& browser = control_->Browser();
+  if (browser.currentNodeKey && !browser.itemRecordset) {
+    // The form has taken the rows: what the grid shows is no class for the commands any more.
+    text = Translate(u"请重新选择物料类别    ");
+  } else if (browser.currentNodeKey) {
+    const NodeIndex node = control_->Nodes().Find(*browser.currentNodeKey);
+    if (node != kNoNode) text = Concatenate({control_->Nodes().At(node).text, u"    "});
+  }
+  const std::u16string count = NumberText(control_->ItemCells().MaxRows());
+  text += Concatenate({Translate(u"共 "), count, Translate(u" 项物料")});
+  children_->statusBar.SetPanel(StatusPanel::Status, text);
+}
+
+void ControlWindow::SetWaiting(bool waiting) {
+  if (waiting == waiting_) return;
+  waiting_ = waiting;
+  if (waiting) {
+    children_->waitBegan = Clock::now();
+    // Nothing tells how long a load will take; the one before it is the best guess.
+    if (children_->lastWait > kLongWork) children_->ShowProgress(true);
+    return;
+  }
+  children_->lastWait = Clock::now() - children_->waitBegan;
+  children_->ShowProgress(false);
+  if (Handle() == nullptr) return;
+  const std::u16string seconds = Seconds(children_->lastWait);
+  children_->statusBar.SetPanel(StatusPanel::Passtime,
+                                Concatenate({Translate(u"用时 "), seconds, Translate(u" 秒")}));
+  ShowStatus();
+}
+
+void ControlWindow::SystemChanged(UINT message) {
+  if (Handle() == nullptr) return;
+  ControlChildren& c = *children_;
+  if (message == WM_SYSCOLORCHANGE) {
+    for (const BoundWindow* child : std::initializer_list<const BoundWindow*>{
+             &c.tree, &c.strip, &c.statusBar, &c.progressBar}) {
+      if (child->Handle() != nullptr) SendMessageW(child->Handle(), message, 0, 0);
+    }
+  } else {
+    c.TakeResolution(Dpi::Of(Handle()));
+    Fire([](PriceDown& control) { control.Resized(); });
+  }
+  RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+LRESULT ControlWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_ERASEBKGND:
+    case WM_PRINTCLIENT:
+      // Also for transparent children, which ask for what is behind them.
+      EraseBackground(reinterpret_cast<HDC>(wParam));
+      return 1;
+    case WM_PAINT:
+      PaintBackground(Handle());
+      return 0;
+    case WM_SIZE:
+      Fire([](PriceDown& control) { control.Resized(); });
+      return 0;
+    case WM_SETFOCUS:
+      if (IsChild(Handle(), children_->lastFocus) != FALSE &&
+          (IsWindowVisible(children_->lastFocus) != FALSE || IsWindowVisible(Handle()) == FALSE)) {
+        SetFocus(children_->lastFocus);
+      } else {
+        SetFocusFirst(false);
+      }
+      return 0;
+    case WM_SETCURSOR:
+      if (!waiting_) return Default(message, wParam, lParam);
+      SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+      return TRUE;
+    case WM_CTLCOLORSTATIC:
+      SetTextColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_BTNTEXT));
+      SetBkColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_BTNFACE));
+      return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
+    case WM_NOTIFY:
+      return children_->OnNotify(*reinterpret_cast<NMHDR*>(lParam));
+    case WM_COMMAND:
+      if (lParam != 0 && reinterpret_cast<HWND>(lParam) == children_->strip.Handle()) {
+        children_->strip.OnCommand(LOWORD(wParam));
+      }
+      return 0;
+    case WM_SYSCOLORCHANGE:
+    case WM_SETTINGCHANGE:
+    case WM_THEMECHANGED:
+    case kDpiChanged:
+    case kDpiChangedAfterParent:
+      SystemChanged(message);
+      return 0;
+    default:
+      return Default(message, wParam, lParam);
+  }
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,155 @@
+// The control's window: its life, its place in containers, and the views of the core.
+// What the user does is in control_events.cpp, the keyboard and drawing in files of their own.
+#include "windows/control/control_window.h"
+
+#include <utility>
+
+#include "windows/base/dpi.h"
+#include "windows/base/gdi.h"
+#include "windows/control/control_children.h"
+
+namespace pricedown::windows {
+namespace {
+
+// Before a container gives the control its size; twips.
+constexpr Rectangle kFirstSize{0, 0, 9600, 6000};
+
+}  // namespace
+
+ControlWindow::ControlWindow(HINSTANCE module)
+    : children_(std::make_unique<ControlChildren>(module, static_cast<ChildEvents&>(*this))) {
+  const VisualStyles::Scope styles(children_->styles);
+  children_->parking.Create(module);
+  Creation creation;
+  creation.className = L"PriceDown.Control";
+  creation.style = WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS;
+  creation.extendedStyle = WS_EX_CONTROLPARENT;
+  creation.parent = children_->parking.Handle();
+  creation.module = module;
+  CreateOwn(creation);
+  children_->Create(Handle());
+  children_->MakeFonts(Dpi::Of(Handle()));
+  children_->parking.OnSystemChange([this](UINT message) { SystemChanged(message); });
+  const RECT size = Dpi::Of(Handle()).ToPixels(kFirstSize);
+  MoveTo(size);
+}
+
+ControlWindow::~ControlWindow() {
+  Attach(nullptr);
+  children_->form->Detach();
+  children_->parking.OnSystemChange(nullptr);
+  // The children's windows go with this one; none of their messages may find a dead control.
+  Destroy();
+}
+
+void ControlWindow::Attach(PriceDown* control) {
+  control_ = control;
+  children_->grid.Show(control == nullptr ? nullptr : &control->ItemCells());
+  ShowStatus();
+}
+
+void ControlWindow::HoldDuringEvents(std::function<std::shared_ptr<void>()> hold) {
+  hold_ = std::move(hold);
+}
+
+void ControlWindow::OnUiActivate(std::function<void()> handler) {
+  uiActivate_ = std::move(handler);
+}
+
+HWND ControlWindow::DialogOwner() const {
+  const HWND root = Handle() == nullptr ? nullptr : GetAncestor(Handle(), GA_ROOT);
+  if (root != nullptr && IsWindowVisible(root) != FALSE) return root;
+  return GetActiveWindow();
+}
+
+void ControlWindow::MoveInto(HWND parent, const RECT& pixels) {
+  if (Handle() == nullptr) return;
+  SetParent(Handle(), parent);
+  MoveTo(pixels);
+  ShowWindow(Handle(), SW_SHOW);
+}
+
+void ControlWindow::MoveTo(const RECT& pixels) { GivePlace(Handle(), pixels); }
+
+void ControlWindow::Park() {
+  if (Handle() == nullptr) return;
+  ShowWindow(Handle(), SW_HIDE);
+  SetParent(Handle(), children_->parking.Handle());
+}
+
+ObjectPtr ControlWindow::Form() const { return children_->form; }
+
+void ControlWindow::SetTitle(std::u16string_view text) {
+  GiveText(children_->title.Handle(), text);
+}
+
+void ControlWindow::SetTitleFont(std::u16string_view name, std::int32_t charset, double points) {
+  TitleFont& title = children_->titleDescription;
+  title.points = points;
+  if (!name.empty()) {
+    title.name = name;
+    title.charset = charset;
+  }
+  children_->MakeFonts(Dpi::Of(Handle()));
+}
+
+void ControlWindow::SetPeriod(std::u16string_view text) {
+  GiveText(children_->period.Handle(), text);
+}
+
+void ControlWindow::SetToolStripButtonEnabled(std::size_t position, bool enabled) {
+  children_->strip.SetEnabled(position, enabled);
+}
+
+Size ControlWindow::ControlSize() const {
+  if (Handle() == nullptr) return {};
+  RECT client{};
+  GetClientRect(Handle(), &client);
+  const Dpi dpi = Dpi::Of(Handle());
+  return {dpi.ToTwips(WidthOf(client)), dpi.ToTwips(HeightOf(client))};
+}
+
+void ControlWindow::ShowDragBar(const Rectangle& bar) {
+  if (Handle() != nullptr) children_->dragBar.Show(Dpi::Of(Handle()).ToPixels(bar));
+}
+
+void ControlWindow::HideDragBar() { children_->dragBar.Hide(); }
+
+void ControlWindow::ClearNodes() { children_->tree.ClearNodes(); }
+
+void ControlWindow::InsertNode(NodeIndex index, NodeIndex parent, std::u16string_view text) {
+  children_->tree.InsertNode(index, parent, text);
+  // The clock is not asked for every node.
+  constexpr NodeIndex kNodesBetween = 512;
+  if (index % kNodesBetween == 0 && Clock::now() - children_->fillBegan > kLongWork) {
+    children_->ShowProgress(true);
+  }
+}
+
+void ControlWindow::SelectNode(NodeIndex index) { children_->tree.SelectNode(index); }
+
+NodeIndex ControlWindow::SelectedNode() const { return children_->tree.SelectedNode(); }
+
+void ControlWindow::SetRedraw(bool redraw) {
+  children_->fillBegan = Clock::now();
+  children_->tree.SetRedraw(redraw);
+  if (redraw) children_->ShowProgress(false);
+}
+
+void ControlWindow::SetTreeFont(const Font& font) {
+  if (Handle() == nullptr) return;
+  children_->tree.SetFont(MakeFont(font, Dpi::Of(Handle())));
+  children_->treeFont = font;
+}
+
+std::int32_t ControlWindow::MeasureLabel(const Font& font) {
+  if (Handle() == nullptr) return 0;
+  const Dpi dpi = Dpi::Of(Handle());
+  FontHandle handle = MakeFont(font, dpi);
+  const HWND label = children_->fontLabel.Handle();
+  GiveFont(label, handle.Get());
+  children_->labelFont = std::move(handle);
+  return dpi.ToTwips(LineHeight(label, children_->labelFont.Get()));
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,124 @@
+// The window of the control: frame, children, and the views that the core shows itself through.
+// It decides nothing; what the user does is handed to the attached PriceDown.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "browser/class_tree_view.h"
+#include "browser/display_font.h"
+#include "control/price_down.h"
+#include "control/views.h"
+#include "platform/automation.h"
+#include "windows/base/bound_window.h"
+#include "windows/base/command_window.h"
+#include "windows/control/child_events.h"
+
+namespace pricedown::windows {
+
+struct ControlChildren;
+
+// Every method is harmless after the window has been destroyed by its parent: views show nothing
+// then, and numbers are 0.
+class ControlWindow final : public PriceDownView,
+                            public ClassTreeView,
+                            public FontView,
+                            public CommandWindow,
+                            private BoundWindow,
+                            private ChildEvents {
+ public:
+  // Makes the window at once, hidden, in a hidden parking window of its own. Throws
+  // AutomationError when a window cannot be made.
+  explicit ControlWindow(HINSTANCE module);
+  ~ControlWindow() override;
+
+  // Window events go to `control` and its grid is shown; null detaches, which cannot fail.
+  // Requires: detached before `control` dies.
+  void Attach(PriceDown* control);
+  // Called before an event goes to the core; the answer is held until the event is over. An
+  // event may end with the host closing everything, so the answer must keep the control, this
+  // window included, alive.
+  void HoldDuringEvents(std::function<std::shared_ptr<void>()> hold);
+  // Called when the focus comes to one of the children from outside.
+  void OnUiActivate(std::function<void()> handler);
+
+  HWND Handle() const { return BoundWindow::Handle(); }
+  // Shows the window at `pixels` of `parent`.
+  void MoveInto(HWND parent, const RECT& pixels);
+  void MoveTo(const RECT& pixels);
+  // Hides the window and takes it back into the parking window.
+  void Park();
+
+  // What the suite's form resources see: `Name`, and `Controls` with `Count` and `Item(index)`
+  // (from 0, or a control's name), each with `Name` and `Caption`. It may outlive the window.
+  ObjectPtr Form() const;
+
+  // Handles a key message before the host does: Tab within the control, and the keys that tree,
+  // grid and strip need. True when it was used up.
+  bool TranslateKey(MSG& message);
+  // Gives the focus to the first child in tab order, or to the last one.
+  void SetFocusFirst(bool last);
+  // Draws the control as it is into `pixels`.
+  void Draw(HDC context, const RECT& pixels);
+
+  // CommandWindow
+  HWND Window() const override { return Handle(); }
+  HWND DialogOwner() const override;
+  void SetWaiting(bool waiting) override;
+
+  // PriceDownView
+  void SetTitle(std::u16string_view text) override;
+  void SetTitleFont(std::u16string_view name, std::int32_t charset, double points) override;
+  void SetPeriod(std::u16string_view text) override;
+  void SetToolStripButtonEnabled(std::size_t position, bool enabled) override;
+  Size ControlSize() const override;
+  void Place(const Layout& layout) override;
+  void ShowDragBar(const Rectangle& bar) override;
+  void HideDragBar() override;
+
+  // ClassTreeView
+  void ClearNodes() override;
+  void InsertNode(NodeIndex index, NodeIndex parent, std::u16string_view text) override;
+  void SelectNode(NodeIndex index) override;
+  NodeIndex SelectedNode() const override;
+  void SetRedraw(bool redraw) override;
+
+  // FontView
+  void SetTreeFont(const Font& font) override;
+  std::int32_t MeasureLabel(const Font& font) override;
+
+ private:
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  // ChildEvents
+  void NodeClicked(NodeIndex node) override;
+  void ToolStripButtonClicked(std::size_t position) override;
+  void CommandChosen(UserCommand command) override;
+  void MenuRequested(HWND child, POINT place) override;
+  void SplitterEvent(SplitterAction action, std::int32_t pixels) override;
+  void TabPressed(bool backwards) override;
+  void FocusEntered(HWND from) override;
+  void ItemsChanged() override;
+  void ItemsFilling() override;
+  bool Waiting() const override { return waiting_; }
+  std::shared_ptr<void> Hold() override { return hold_ ? hold_() : nullptr; }
+
+  bool IsEnabled(UserCommand command) const;
+  bool UsesCommandKey(HWND focus, WPARAM key) const;
+  template <typename Command>
+  void Fire(Command&& command);
+  void SystemChanged(UINT message);
+  void ShowStatus();
+
+  std::unique_ptr<ControlChildren> children_;
+  PriceDown* control_ = nullptr;
+  std::function<std::shared_ptr<void>()> hold_;
+  std::function<void()> uiActivate_;
+  bool waiting_ = false;
+};
+
+}  // namespace pricedown::windows

@@ -1,0 +1,145 @@
+// The splitter takes the mouse and the focus while it is dragged, so that Escape reaches it.
+// A drag that is given up ends where it began.
+#include "windows/control/splitter_window.h"
+
+#include <windowsx.h>
+
+#include <utility>
+
+#include "windows/base/control_ids.h"
+#include "windows/base/dpi.h"
+#include "windows/base/gdi.h"
+
+namespace pricedown::windows {
+namespace {
+
+constexpr int kKeyboardStep = 10;  // pixels at 96 dpi
+
+}  // namespace
+
+void SplitterWindow::Create(HWND parent, HINSTANCE module) {
+  Creation creation;
+  creation.className = L"PriceDown.Splitter";
+  creation.style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS;
+  creation.parent = parent;
+  creation.id = control_ids::kSplitter;
+  creation.module = module;
+  creation.cursor = IDC_SIZEWE;
+  CreateOwn(creation);
+}
+
+void SplitterWindow::OnPaint() {
+  PAINTSTRUCT paint{};
+  const HDC context = BeginPaint(Handle(), &paint);
+  FillArea(context, paint.rcPaint, GetSysColor(COLOR_BTNFACE));
+  if (GetFocus() == Handle() && !dragging_) {
+    RECT area{};
+    GetClientRect(Handle(), &area);
+    DrawFocusRect(context, &area);
+  }
+  EndPaint(Handle(), &paint);
+}
+
+void SplitterWindow::OnPress(int x) {
+  const std::shared_ptr<void> hold = events_.Hold();
+  previousFocus_ = GetFocus();
+  dragging_ = true;
+  SetCapture(Handle());
+  SetFocus(Handle());
+  if (Handle() == nullptr) return;
+  events_.SplitterEvent(SplitterAction::Press, x);
+}
+
+void SplitterWindow::EndDrag(bool keep) {
+  if (!std::exchange(dragging_, false)) return;
+  const std::shared_ptr<void> hold = events_.Hold();
+  if (GetCapture() == Handle()) ReleaseCapture();
+  if (previousFocus_ != nullptr && previousFocus_ != Handle() && IsWindow(previousFocus_)) {
+    SetFocus(previousFocus_);
+  }
+  if (!keep) events_.SplitterEvent(SplitterAction::Drag, 0);
+  events_.SplitterEvent(SplitterAction::Release, 0);
+}
+
+void SplitterWindow::OnKeyDown(WPARAM key) {
+  const int step = Dpi::Of(Handle()).Scale(kKeyboardStep);
+  if (key == VK_ESCAPE) {
+    EndDrag(false);
+  } else if (key == VK_TAB) {
+    events_.TabPressed(GetKeyState(VK_SHIFT) < 0);
+  } else if (!dragging_ && key == VK_LEFT) {
+    events_.SplitterEvent(SplitterAction::Step, -step);
+  } else if (!dragging_ && key == VK_RIGHT) {
+    events_.SplitterEvent(SplitterAction::Step, step);
+  }
+}
+
+LRESULT SplitterWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_ERASEBKGND:
+      return 1;
+    case WM_PAINT:
+      OnPaint();
+      return 0;
+    case WM_LBUTTONDOWN:
+      OnPress(GET_X_LPARAM(lParam));
+      return 0;
+    case WM_MOUSEMOVE:
+      if (dragging_) events_.SplitterEvent(SplitterAction::Drag, GET_X_LPARAM(lParam));
+      return 0;
+    case WM_LBUTTONUP:
+      EndDrag(true);
+      return 0;
+    case WM_CAPTURECHANGED:
+      if (reinterpret_cast<HWND>(lParam) != Handle()) EndDrag(false);
+      return 0;
+    case WM_KEYDOWN:
+      OnKeyDown(wParam);
+      return 0;
+    case WM_GETDLGCODE:
+      return DLGC_WANTARROWS | (dragging_ ? DLGC_WANTALLKEYS : 0);
+    case WM_SETFOCUS:
+      InvalidateRect(Handle(), nullptr, FALSE);
+      events_.FocusEntered(reinterpret_cast<HWND>(wParam));
+      return 0;
+    case WM_KILLFOCUS:
+      InvalidateRect(Handle(), nullptr, FALSE);
+      EndDrag(false);
+      return 0;
+    default:
+      return Default(message, wParam, lParam);
+  }
+}
+
+void DragBarWindow::Create(HWND parent, HINSTANCE module) {
+  Creation creation;
+  creation.className = L"PriceDown.DragBar";
+  creation.style = WS_CHILD | WS_CLIPSIBLINGS;
+  creation.parent = parent;
+  creation.id = control_ids::kDragBar;
+  creation.module = module;
+  creation.cursor = IDC_SIZEWE;
+  CreateOwn(creation);
+}
+
+void DragBarWindow::Show(const RECT& area) {
+  if (Handle() == nullptr) return;
+  SetWindowPos(Handle(), HWND_TOP, area.left, area.top, WidthOf(area), HeightOf(area),
+               SWP_NOACTIVATE | SWP_SHOWWINDOW);
+}
+
+void DragBarWindow::Hide() {
+  if (Handle() != nullptr) ShowWindow(Handle(), SW_HIDE);
+}
+
+LRESULT DragBarWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_ERASEBKGND) return 1;
+  if (message != WM_PAINT) return Default(message, wParam, lParam);
+  PAINTSTRUCT paint{};
+  const HDC context = BeginPaint(Handle(), &paint);
+  FillArea(context, paint.rcPaint, GetSysColor(COLOR_BTNSHADOW));
+  EndPaint(Handle(), &paint);
+  return 0;
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,52 @@
+// The status bar's panels: the first takes what the others leave.
+// The width of the last one is the core's, because the progress bar lies over it.
+#include "windows/control/status_window.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <array>
+
+#include "control/layout.h"
+#include "windows/base/control_ids.h"
+#include "windows/base/gdi.h"
+#include "windows/com/wide_text.h"
+
+namespace pricedown::windows {
+namespace {
+
+constexpr std::int32_t kPasstimePanelWidth = 1800;  // twips
+constexpr int kToTheEdge = -1;
+
+}  // namespace
+
+void StatusWindow::Create(HWND parent, HINSTANCE module, std::u16string_view name) {
+  const std::wstring text = ToWide(name);
+  Creation creation;
+  creation.className = STATUSCLASSNAMEW;
+  creation.text = text.c_str();
+  creation.style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | CCS_NORESIZE | CCS_NOPARENTALIGN;
+  creation.parent = parent;
+  creation.id = control_ids::kStatusBar;
+  creation.module = module;
+  CreateControl(creation);
+}
+
+void StatusWindow::SetPanel(StatusPanel panel, std::u16string_view text) {
+  if (Handle() == nullptr) return;
+  const std::wstring wide = ToWide(text);
+  SendMessageW(Handle(), SB_SETTEXTW, static_cast<WPARAM>(panel),
+               reinterpret_cast<LPARAM>(wide.c_str()));
+}
+
+void StatusWindow::ArrangePanels(Dpi dpi) {
+  if (Handle() == nullptr) return;
+  RECT client{};
+  GetClientRect(Handle(), &client);
+  const int wait = std::max(WidthOf(client) - dpi.ToPixels(kWaitPanelWidth), 0);
+  const int passtime = std::max(wait - dpi.ToPixels(kPasstimePanelWidth), 0);
+  const std::array<int, 3> edges{passtime, wait, kToTheEdge};
+  SendMessageW(Handle(), SB_SETPARTS, edges.size(), reinterpret_cast<LPARAM>(edges.data()));
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,31 @@
+// The status bar `sbStatusBar` with its panels "Status", "Passtime" and "wait".
+// It shows texts; what they say is decided by the control's window.
+#pragma once
+
+#include <windows.h>
+
+#include <string_view>
+
+#include "windows/base/bound_window.h"
+#include "windows/base/dpi.h"
+
+namespace pricedown::windows {
+
+enum class StatusPanel { Status, Passtime, Wait };
+
+class StatusWindow final : public BoundWindow {
+ public:
+  StatusWindow() = default;
+  // Throws AutomationError.
+  void Create(HWND parent, HINSTANCE module, std::u16string_view name);
+  void SetPanel(StatusPanel panel, std::u16string_view text);
+  // Places the panels anew after a change of width or resolution.
+  void ArrangePanels(Dpi dpi);
+
+ private:
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+    return Default(message, wParam, lParam);
+  }
+};
+
+}  // namespace pricedown::windows

@@ -1,0 +1,240 @@
+// The tree view: nodes in, clicks out.
+// A click is reported after the system's part of the message, because it may end the control.
+#include "windows/control/tree_window.h"
+
+#include <windowsx.h>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <utility>
+
+#include "windows/base/control_ids.h"
+#include "windows/base/plain_control.h"
+#include "windows/com/wide_text.h"
+
+namespace pricedown::windows {
+namespace {
+
+// Positions in the image list, from 0.
+constexpr int kClosedImage = 0;
+constexpr int kOpenImage = 1;
+constexpr std::array<Icon, 2> kImages{Icon::Folder, Icon::OpenFolder};
+
+bool IsNavigationKey(WPARAM key) {
+  return key == VK_UP || key == VK_DOWN || key == VK_HOME || key == VK_END || key == VK_PRIOR ||
+         key == VK_NEXT || key == VK_RIGHT || key == VK_LEFT;
+}
+
+}  // namespace
+
+void TreeWindow::Create(HWND parent, HINSTANCE module, Dpi dpi, std::u16string_view name) {
+  const std::wstring text = ToWide(name);
+  Creation creation;
+  creation.className = WC_TREEVIEWW;
+  creation.text = text.c_str();
+  creation.style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | TVS_HASLINES |
+                   TVS_LINESATROOT | TVS_HASBUTTONS | TVS_SHOWSELALWAYS | TVS_DISABLEDRAGDROP;
+  creation.extendedStyle = WS_EX_CLIENTEDGE;
+  creation.parent = parent;
+  creation.id = control_ids::kTree;
+  creation.module = module;
+  CreateControl(creation);
+  SendMessageW(Handle(), TVM_SETEXTENDEDSTYLE, TVS_EX_DOUBLEBUFFER, TVS_EX_DOUBLEBUFFER);
+  TakeAppearance(dpi);
+}
+
+void TreeWindow::TakeAppearance(Dpi dpi) {
+  if (Handle() == nullptr) return;
+  ImageList images = MakeImageList(kImages, IconLook::Normal, dpi);
+  TreeView_SetImageList(Handle(), images.Get(), TVSIL_NORMAL);
+  images_ = std::move(images);
+  TreeView_SetIndent(Handle(), IconSize(dpi) + dpi.Scale(3));
+  dpi_ = dpi;
+  SizeItems();
+}
+
+void TreeWindow::SizeItems() {
+  if (Handle() == nullptr || !font_) return;
+  const int height = std::max(IconSize(dpi_), LineHeight(Handle(), font_.Get())) + dpi_.Scale(2);
+  // Trees round odd heights down.
+  TreeView_SetItemHeight(Handle(), (height + 1) / 2 * 2);
+}
+
+void TreeWindow::SetFont(FontHandle font) {
+  GiveFont(Handle(), font.Get());
+  font_ = std::move(font);
+  SizeItems();
+}
+
+HTREEITEM TreeWindow::ItemOf(NodeIndex index) const {
+  if (index < 1 || static_cast<std::size_t>(index) > items_.size()) return nullptr;
+  return items_[static_cast<std::size_t>(index) - 1];
+}
+
+void TreeWindow::ClearNodes() {
+  lastSelected_ = kNoNode;
+  if (Handle() == nullptr) return;
+  selecting_ = true;
+  if (const HTREEITEM root = ItemOf(1)) {
+    rootCollapsed_ = items_.size() > 1 &&
+                     (TreeView_GetItemState(Handle(), root, TVIS_EXPANDED) & TVIS_EXPANDED) == 0;
+  }
+  // Without this the selection would wander through all nodes while they are deleted.
+  TreeView_SelectItem(Handle(), nullptr);
+  TreeView_DeleteAllItems(Handle());
+  items_.clear();
+  selecting_ = false;
+}
+
+void TreeWindow::InsertNode(NodeIndex index, NodeIndex parent, std::u16string_view text) {
+  if (Handle() == nullptr) return;
+  std::wstring wide = ToWide(text);
+  TVINSERTSTRUCTW insertion{};
+  insertion.hParent = parent == kNoNode ? TVI_ROOT : ItemOf(parent);
+  insertion.hInsertAfter = TVI_LAST;
+  insertion.item.mask = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_PARAM;
+  insertion.item.pszText = wide.data();
+  insertion.item.iImage = kClosedImage;
+  insertion.item.iSelectedImage = kOpenImage;
+  insertion.item.lParam = index;
+  items_.resize(static_cast<std::size_t>(index), nullptr);
+  items_.back() = TreeView_InsertItem(Handle(), &insertion);
+}
+
+void TreeWindow::SelectNode(NodeIndex index) {
+  const HTREEITEM item = ItemOf(index);
+  if (Handle() == nullptr || item == nullptr) return;
+  selecting_ = true;
+  TreeView_SelectItem(Handle(), item);
+  TreeView_EnsureVisible(Handle(), item);
+  selecting_ = false;
+}
+
+NodeIndex TreeWindow::SelectedNode() const {
+  if (Handle() == nullptr) return lastSelected_;
+  TVITEMW item{};
+  item.mask = TVIF_PARAM;
+  item.hItem = TreeView_GetSelection(Handle());
+  if (item.hItem == nullptr || TreeView_GetItem(Handle(), &item) == FALSE) return kNoNode;
+  return static_cast<NodeIndex>(item.lParam);
+}
+
+void TreeWindow::SetRedraw(bool redraw) {
+  if (Handle() == nullptr || redraw == redraw_) return;
+  redraw_ = redraw;
+  // A root that the user closed stays closed.
+  if (redraw && !rootCollapsed_) {
+    if (const HTREEITEM root = ItemOf(1)) TreeView_Expand(Handle(), root, TVE_EXPAND);
+  }
+  SendMessageW(Handle(), WM_SETREDRAW, redraw ? TRUE : FALSE, 0);
+  if (redraw) InvalidateRect(Handle(), nullptr, TRUE);
+}
+
+bool TreeWindow::MouseIsOnNode() const {
+  const DWORD position = GetMessagePos();
+  TVHITTESTINFO hit{};
+  hit.pt = {GET_X_LPARAM(position), GET_Y_LPARAM(position)};
+  ScreenToClient(Handle(), &hit.pt);
+  return TreeView_HitTest(Handle(), &hit) != nullptr && (hit.flags & TVHT_ONITEM) != 0;
+}
+
+LRESULT TreeWindow::OnNotify(const NMHDR& header) {
+  switch (header.code) {
+    case NM_CLICK:
+      if (MouseIsOnNode()) pending_->clicked = true;
+      return 0;
+    case TVN_SELCHANGINGW:
+    case TVN_SELCHANGINGA:
+      return takingFocus_ ? TRUE : FALSE;
+    case TVN_SELCHANGEDW:
+    case TVN_SELCHANGEDA:
+      if (!selecting_) pending_->clicked = true;
+      return 0;
+    default:
+      return 0;
+  }
+}
+
+LRESULT TreeWindow::OnFocus(WPARAM wParam, LPARAM lParam) {
+  // After a reload no node is selected, and taking the focus must not change that.
+  takingFocus_ = true;
+  const LRESULT result = Default(WM_SETFOCUS, wParam, lParam);
+  takingFocus_ = false;
+  events_.FocusEntered(reinterpret_cast<HWND>(wParam));
+  return result;
+}
+
+// True when the key was used up.
+bool TreeWindow::OnKeyDown(WPARAM key, bool repeated) {
+  if (key == VK_TAB) {
+    events_.TabPressed(GetKeyState(VK_SHIFT) < 0);
+    return true;
+  }
+  if (const auto command = CommandOfKey(key)) {
+    // A key that is held down gives its command once.
+    if (!repeated) events_.CommandChosen(*command);
+    return true;
+  }
+  if (IsNavigationKey(key) && TreeView_GetSelection(Handle()) == nullptr && !items_.empty()) {
+    // The new selection is reported from within, as the last step.
+    TreeView_SelectItem(Handle(), TreeView_GetFirstVisible(Handle()));
+    return true;
+  }
+  return false;
+}
+
+// Selects the node as a click does, so that the menu is the menu of that node. The system's own
+// part would wait for the button to go up.
+void TreeWindow::OnRightPress(POINT point) {
+  const std::shared_ptr<void> hold = events_.Hold();
+  SetFocus(Handle());
+  if (Handle() == nullptr) return;
+  TVHITTESTINFO hit{};
+  hit.pt = point;
+  if (TreeView_HitTest(Handle(), &hit) == nullptr || (hit.flags & TVHT_ONITEM) == 0) return;
+  if (hit.hItem != TreeView_GetSelection(Handle())) TreeView_SelectItem(Handle(), hit.hItem);
+}
+
+bool TreeWindow::OnContextMenu(LPARAM place) {
+  RECT node{};
+  const HTREEITEM selected = TreeView_GetSelection(Handle());
+  // The message takes the node in the memory that it answers in.
+  std::memcpy(&node, &selected, sizeof selected);
+  if (selected == nullptr ||
+      SendMessageW(Handle(), TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&node)) == 0) {
+    node = {};
+  }
+  const auto point = MenuPlace(Handle(), place, node);
+  if (point) events_.MenuRequested(Handle(), *point);
+  return point.has_value();
+}
+
+LRESULT TreeWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_DESTROY) lastSelected_ = SelectedNode();
+  if (message == WM_SETFOCUS) return OnFocus(wParam, lParam);
+  if (message == WM_KEYDOWN && OnKeyDown(wParam, IsRepeated(lParam))) return 0;
+  // Tab, Enter, Ctrl+P: the system would look for a node of that name.
+  if (message == WM_CHAR && wParam < L' ') return 0;
+  if (message == WM_RBUTTONDOWN) {
+    OnRightPress({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+    return 0;
+  }
+  if (AsksForMenu(message, wParam)) {
+    OnContextMenu(kByKeyboard);
+    return 0;
+  }
+  if (message == WM_CONTEXTMENU && OnContextMenu(lParam)) return 0;
+  const std::shared_ptr<Pending> pending = pending_;
+  ++pending->depth;
+  const LRESULT result = Default(message, wParam, lParam);
+  if (--pending->depth > 0 || !pending->clicked) return result;
+  pending->clicked = false;
+  // The notification came from the living tree during this message, but its window may have been
+  // destroyed since.
+  if (pending.use_count() == 1) return result;
+  if (const NodeIndex node = SelectedNode(); node != kNoNode) events_.NodeClicked(node);
+  return result;
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,72 @@
+// The class tree `tvwBase` as a tree view of the system.
+// It holds node indexes and texts; keys and what a click means are the core's.
+#pragma once
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "browser/node_collection.h"
+#include "windows/base/bound_window.h"
+#include "windows/base/dpi.h"
+#include "windows/base/fonts.h"
+#include "windows/base/image_list.h"
+#include "windows/control/child_events.h"
+
+namespace pricedown::windows {
+
+class TreeWindow final : public BoundWindow {
+ public:
+  explicit TreeWindow(ChildEvents& events) : events_(events) {}
+  // Throws AutomationError.
+  void Create(HWND parent, HINSTANCE module, Dpi dpi, std::u16string_view name);
+
+  void ClearNodes();
+  void InsertNode(NodeIndex index, NodeIndex parent, std::u16string_view text);
+  void SelectNode(NodeIndex index);
+  // After the window has been destroyed: what was selected then.
+  NodeIndex SelectedNode() const;
+  void SetRedraw(bool redraw);
+
+  void SetFont(FontHandle font);
+  // Sizes of the resolution, colours of the system.
+  void TakeAppearance(Dpi dpi);
+  // A notification that the tree sent to its parent.
+  LRESULT OnNotify(const NMHDR& header);
+
+ private:
+  // What the user did while the tree handles a message. Kept apart from the tree, which may be
+  // gone when the system's part of a message returns.
+  struct Pending {
+    int depth = 0;
+    bool clicked = false;
+  };
+
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+  LRESULT OnFocus(WPARAM wParam, LPARAM lParam);
+  bool OnKeyDown(WPARAM key, bool repeated);
+  void OnRightPress(POINT point);
+  // False for a click beside the client area.
+  bool OnContextMenu(LPARAM place);
+  HTREEITEM ItemOf(NodeIndex index) const;
+  bool MouseIsOnNode() const;
+  void SizeItems();
+
+  ChildEvents& events_;
+  std::vector<HTREEITEM> items_;  // by node index - 1
+  Dpi dpi_;
+  ImageList images_;
+  FontHandle font_;
+  std::shared_ptr<Pending> pending_ = std::make_shared<Pending>();
+  NodeIndex lastSelected_ = kNoNode;
+  bool selecting_ = false;    // the core selects
+  bool takingFocus_ = false;  // the system would select the first node
+  bool rootCollapsed_ = false;
+  bool redraw_ = true;
+};
+
+}  // namespace pricedown::windows

@@ -1,0 +1,35 @@
+// The system's text field with the form's characters in front.
+// Pasting and setting a text are not typing; no key is asked about then.
+#include "windows/editor/form_field.h"
+
+namespace pricedown::windows {
+
+void FormFieldWindow::Create(HWND parent, HINSTANCE module, int id) {
+  Creation creation;
+  creation.className = L"EDIT";
+  creation.style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | ES_AUTOHSCROLL;
+  creation.extendedStyle = WS_EX_CLIENTEDGE;
+  creation.parent = parent;
+  creation.id = id;
+  creation.module = module;
+  CreateControl(creation);
+  // No limit is the most that the system has; its own first limit is 32,767 characters.
+  SendMessageW(Handle(), EM_SETLIMITTEXT, MaximumLength(field_), 0);
+}
+
+void FormFieldWindow::Focus() {
+  if (Handle() == nullptr) return;
+  SetFocus(Handle());
+  SendMessageW(Handle(), EM_SETSEL, 0, -1);
+}
+
+LRESULT FormFieldWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_CHAR && !events_.FieldKeyPressed(field_, static_cast<char16_t>(wParam))) {
+    return 0;
+  }
+  const LRESULT result = Default(message, wParam, lParam);
+  if (message == WM_KEYDOWN) events_.FieldKeyDown(field_, static_cast<std::int32_t>(wParam));
+  return result;
+}
+
+}  // namespace pricedown::windows

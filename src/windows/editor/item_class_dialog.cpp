@@ -1,0 +1,53 @@
+// The life of one showing: windows, loading, messages until the form is unloaded.
+// Whatever ends it, the other windows take input again and the form is empty.
+#include "windows/editor/item_class_dialog.h"
+
+#include <optional>
+#include <utility>
+
+#include "platform/skip.h"
+#include "windows/base/modal_showing.h"
+
+namespace pricedown::windows {
+
+ItemClassDialog::ItemClassDialog(HINSTANCE module, ObjectFactory& factory, ProcessState& state,
+                                 std::u16string application)
+    : window_(module),
+      questions_(window_),
+      screen_(window_),
+      environment_(factory, state, questions_, screen_, std::move(application)),
+      form_(environment_, window_, window_.Members()) {
+  window_.Attach(&form_);
+}
+
+ItemClassDialog::~ItemClassDialog() {
+  SkipFailing([this] { form_.Unload(); });
+  window_.Attach(nullptr);
+}
+
+void ItemClassDialog::ShowModal(HWND owner) {
+  struct Shown {
+    ItemClassDialog& dialog;
+    explicit Shown(ItemClassDialog& theDialog) : dialog(theDialog) { dialog.shown_ = true; }
+    ~Shown() {
+      SkipFailing([this] { dialog.form_.Unload(); });
+      dialog.shown_ = false;
+      // The last control may have ended meanwhile; nobody else would release them.
+      ProcessState& state = dialog.environment_.state;
+      if (state.controls == 0) {
+        state.ledgerView.reset();
+        state.ledgerData.reset();
+      }
+    }
+  };
+  // Outlives the form's unloading, which ends it.
+  std::optional<ModalShowing> modal;
+  const Shown shown(*this);
+  window_.Create(owner);
+  form_.Load();
+  modal.emplace(window_.Window());
+  window_.Show([&modal] { modal->End(); });
+  modal->Run([this](MSG& message) { return window_.TranslateKey(message); });
+}
+
+}  // namespace pricedown::windows

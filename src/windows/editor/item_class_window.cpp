@@ -1,0 +1,272 @@
+// The form's window: its life, its children, and the view that the core shows itself through.
+// What the user does is in item_class_events.cpp.
+#include "windows/editor/item_class_window.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+#include <vector>
+
+#include "editor/item_class_form.h"
+#include "env/translation.h"
+#include "platform/text.h"
+#include "windows/base/control_ids.h"
+#include "windows/base/gdi.h"
+#include "windows/com/wide_text.h"
+#include "windows/editor/form_children.h"
+#include "windows/editor/form_ids.h"
+
+namespace pricedown::windows {
+namespace {
+
+constexpr std::u16string_view kToolBarName = u"工具栏";
+constexpr std::u16string_view kMembersName = u"对应明细物料";
+constexpr std::u16string_view kLookupText = u"…";
+constexpr std::u16string_view kLookupTip = u"查找科目 (F7)";
+
+struct RowDescription {
+  FormField field;
+  FormCaption caption;
+  int labelId;
+  int fieldId;
+  int lookupId;  // 0: none
+};
+// By the number of the field.
+constexpr std::array<RowDescription, kFormFields.size()> kRows{{
+    {FormField::ClassNumber, FormCaption::Label1, form_ids::kLabel1, form_ids::kClassNumber, 0},
+    {FormField::ClassName, FormCaption::Label2, form_ids::kLabel1 + 1, form_ids::kClassName, 0},
+    {FormField::LossAccount, FormCaption::Label3, form_ids::kLabel1 + 2, form_ids::kLossAccount,
+     form_ids::kLossLookup},
+    {FormField::ReserveAccount, FormCaption::Label4, form_ids::kLabel1 + 3,
+     form_ids::kReserveAccount, form_ids::kReserveLookup},
+    {FormField::Percentage, FormCaption::Label5, form_ids::kLabel1 + 4, form_ids::kPercentage, 0},
+}};
+
+const RowDescription& DescriptionOf(FormField field) {
+  return kRows[static_cast<std::size_t>(field)];
+}
+
+}  // namespace
+
+ItemClassWindow::ItemClassWindow(HINSTANCE module)
+    : ModalFrameWindow(module),
+      children_(std::make_unique<FormChildren>(module, static_cast<ToolStripEvents&>(*this),
+                                               static_cast<FieldEvents&>(*this),
+                                               static_cast<MemberListEvents&>(*this))) {
+  ListCaptions();
+}
+
+ItemClassWindow::~ItemClassWindow() {
+  form_ = nullptr;
+  children_->form->Detach();
+  // The children's windows go with this one; none of their messages may find a dead form.
+  Destroy();
+}
+
+MemberListView& ItemClassWindow::Members() { return children_->members; }
+
+void ItemClassWindow::Create(HWND owner) {
+  const VisualStyles::Scope styles(children_->styles);
+  busy_ = closing_ = destroying_ = false;
+  CreateFrame(L"PriceDown.ItemClass", owner);
+}
+
+// The frames last, so that they lie behind the rest.
+void ItemClassWindow::CreateChildren() {
+  FormChildren& c = *children_;
+  const Dpi dpi = Dpi::Of(Handle());
+  c.strip.Create(Handle(), Module(), form_ids::kToolBar, dpi, Translate(kToolBarName));
+  c.line.Create(Handle(), Module(), form_ids::kLine);
+  for (const FormField field : kFormRows) CreateRow(field);
+  c.members.Create(Handle(), Module(), dpi, Translate(kMembersName));
+  AddLookupTips();
+  c.headerFrame.Create(Handle(), Module(), form_ids::kHeaderFrame);
+  c.itemFrame.Create(Handle(), Module(), form_ids::kItemFrame);
+}
+
+void ItemClassWindow::CreateRow(FormField field) {
+  const RowDescription& description = DescriptionOf(field);
+  FieldRow& row = children_->Row(field);
+  row.label.Create(Handle(), Module(), L"STATIC", description.labelId,
+                   WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_CENTERIMAGE | SS_ENDELLIPSIS);
+  row.text.Create(Handle(), Module(), description.fieldId);
+  if (description.lookupId != 0) {
+    row.lookup.Create(Handle(), Module(), L"BUTTON", description.lookupId,
+                      WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON, kLookupText);
+  }
+}
+
+void ItemClassWindow::AddLookupTips() {
+  FormChildren& c = *children_;
+  c.lookupTips.CreatePopup(Handle(), Module(), TOOLTIPS_CLASSW, TTS_ALWAYSTIP | TTS_NOPREFIX);
+  std::wstring text = ToWide(Translate(kLookupTip));
+  for (const FormField field : {FormField::LossAccount, FormField::ReserveAccount}) {
+    TTTOOLINFOW tool{};
+    tool.cbSize = sizeof tool;
+    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    tool.hwnd = Handle();
+    tool.uId = reinterpret_cast<UINT_PTR>(c.Row(field).lookup.Handle());
+    tool.lpszText = text.data();
+    SendMessageW(c.lookupTips.Handle(), TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+  }
+}
+
+void ItemClassWindow::ListCaptions() {
+  FormChildren& c = *children_;
+  std::vector<CaptionAccess> captions;
+  const auto add = [&captions](std::u16string name, BoundWindow& window) {
+    captions.push_back({std::move(name), [&window] { return TextOf(window.Handle()); },
+                        [&window](std::u16string_view text) { GiveText(window.Handle(), text); }});
+  };
+  add(u"frmItemClass", *this);
+  add(u"FrameAdd", c.headerFrame);
+  add(u"Frame1", c.itemFrame);
+  add(u"Label1", c.Row(FormField::ClassNumber).label);
+  add(u"Label2", c.Row(FormField::ClassName).label);
+  add(u"Label3", c.Row(FormField::LossAccount).label);
+  add(u"Label4", c.Row(FormField::ReserveAccount).label);
+  add(u"Label5", c.Row(FormField::Percentage).label);
+  for (std::size_t i = 0; i < kFormTools.size(); ++i) {
+    if (kFormTools[i].separator) continue;
+    captions.push_back(
+        {Concatenate({u"tlbSPCA.", kFormTools[i].key}),
+         [&strip = c.strip, i] { return strip.Caption(i + 1); },
+         [&strip = c.strip, i](std::u16string_view text) { strip.SetCaption(i + 1, text); }});
+  }
+  c.form = std::make_shared<FormObject>(u"frmItemClass", std::move(captions));
+}
+
+void ItemClassWindow::GiveFonts(HFONT font) {
+  FormChildren& c = *children_;
+  for (FieldRow& row : c.rows) {
+    for (const BoundWindow* window :
+         std::initializer_list<const BoundWindow*>{&row.label, &row.text, &row.lookup}) {
+      GiveFont(window->Handle(), font);
+    }
+  }
+  GiveFont(c.headerFrame.Handle(), font);
+  GiveFont(c.itemFrame.Handle(), font);
+  c.members.SetFont(font);
+  c.strip.SetFont(font);
+}
+
+FormMeasures ItemClassWindow::Measures() const {
+  FormChildren& c = *children_;
+  FormMeasures measures;
+  measures.stripHeight = c.strip.ButtonHeight();
+  measures.stripWidth = c.strip.ButtonsWidth();
+  const WindowContext context(Handle());
+  measures.lineHeight = LineHeight(context.Get(), TextFont());
+  for (const FieldRow& row : c.rows) {
+    const std::wstring label = ToWide(TextOf(row.label.Handle()));
+    measures.labelWidth =
+        std::max(measures.labelWidth, TextWidth(context.Get(), TextFont(), label));
+  }
+  return measures;
+}
+
+void ItemClassWindow::TakeResolution(Dpi dpi) {
+  children_->strip.TakeAppearance(dpi);
+  children_->members.TakeAppearance(dpi);
+}
+
+SIZE ItemClassWindow::LeastSize(Dpi dpi) const { return LeastFormSize(Measures(), dpi); }
+
+std::array<HWND, 2> ItemClassWindow::ThemedChildren() const {
+  return {children_->strip.Handle(), children_->members.Handle()};
+}
+
+void ItemClassWindow::PlaceChildren(SIZE client, Dpi dpi) {
+  FormChildren& c = *children_;
+  const FormPlaces places = PlaceForm(client, Measures(), dpi);
+  GivePlace(c.strip.Handle(), places.strip);
+  GivePlace(c.line.Handle(), places.line);
+  GivePlace(c.headerFrame.Handle(), places.headerFrame);
+  GivePlace(c.itemFrame.Handle(), places.itemFrame);
+  for (std::size_t i = 0; i < kFormRows.size(); ++i) {
+    GivePlace(c.Row(kFormRows[i]).label.Handle(), places.labels[i]);
+    GivePlace(c.Row(kFormRows[i]).text.Handle(), places.fields[i]);
+  }
+  GivePlace(c.Row(FormField::LossAccount).lookup.Handle(), places.lossLookup);
+  GivePlace(c.Row(FormField::ReserveAccount).lookup.Handle(), places.reserveLookup);
+  GivePlace(c.members.Handle(), places.members);
+}
+
+void ItemClassWindow::Show(std::function<void()> unloading) {
+  if (Handle() == nullptr) return;
+  unloading_ = std::move(unloading);
+  SetWaiting(true);
+  children_->members.Fill();
+  SetWaiting(false);
+  const Dpi dpi = Dpi::Of(Handle());
+  const bool shownBefore = lastSize_.cx > 0 && lastDpi_ == dpi.Value();
+  Centre(shownBefore ? lastSize_ : OuterSize(FirstFormSize(Measures(), dpi)));
+  LayOut();
+  ShowWindow(Handle(), SW_SHOW);
+  FocusFirst();
+}
+
+std::u16string ItemClassWindow::Text(FormField field) const {
+  return TextOf(children_->Row(field).text.Handle());
+}
+
+void ItemClassWindow::SetText(FormField field, std::u16string_view text) {
+  GiveText(children_->Row(field).text.Handle(), text);
+}
+
+void ItemClassWindow::Focus(FormField field) { children_->Row(field).text.Focus(); }
+
+void ItemClassWindow::FocusFirst() { Focus(FormField::ClassNumber); }
+
+BoundWindow* ItemClassWindow::Captioned(FormCaption target) {
+  switch (target) {
+    case FormCaption::Title:
+      return this;
+    case FormCaption::Frame1:
+      return &children_->itemFrame;
+    case FormCaption::FrameAdd:
+      return &children_->headerFrame;
+    default:
+      break;
+  }
+  const auto row = std::find_if(kRows.begin(), kRows.end(),
+                                [target](const RowDescription& r) { return r.caption == target; });
+  return row == kRows.end() ? nullptr : &children_->Row(row->field).label;
+}
+
+void ItemClassWindow::SetCaption(FormCaption target, std::u16string_view text) {
+  if (const BoundWindow* window = Captioned(target)) GiveText(window->Handle(), text);
+}
+
+void ItemClassWindow::SetToolTexts(FormTool tool, std::u16string_view caption,
+                                   std::u16string_view toolTip) {
+  const auto position = static_cast<std::size_t>(tool);
+  children_->strip.SetCaption(position, caption);
+  children_->strip.SetTooltip(position, toolTip);
+}
+
+void ItemClassWindow::SetToolEnabled(FormTool tool, bool enabled) {
+  const auto position = static_cast<std::size_t>(tool);
+  if (children_->strip.IsEnabled(position) != enabled) {
+    children_->strip.SetEnabled(position, enabled);
+  }
+}
+
+ObjectPtr ItemClassWindow::FormObject() { return children_->form; }
+
+void ItemClassWindow::Unload() {
+  if (Handle() == nullptr) return;
+  if (IsWindowVisible(Handle()) != FALSE && IsZoomed(Handle()) == FALSE &&
+      IsIconic(Handle()) == FALSE) {
+    RECT area{};
+    GetWindowRect(Handle(), &area);
+    lastSize_ = {WidthOf(area), HeightOf(area)};
+    lastDpi_ = Dpi::Of(Handle()).Value();
+  }
+  if (const auto unloading = std::exchange(unloading_, nullptr)) unloading();
+  if (!destroying_) Destroy();
+}
+
+}  // namespace pricedown::windows

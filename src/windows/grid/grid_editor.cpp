@@ -1,0 +1,150 @@
+// An edit control without a border that refuses what cannot become an allowed number.
+// It lives while a cell is edited.
+#include "windows/grid/grid_editor.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "platform/text.h"
+#include "windows/base/clipboard.h"
+#include "windows/base/control_ids.h"
+#include "windows/base/gdi.h"
+#include "windows/base/plain_control.h"
+#include "windows/com/wide_text.h"
+#include "windows/grid/cell_number.h"
+
+namespace pricedown::windows {
+
+void GridEditor::Begin(HWND parent, HINSTANCE module, const Start& start) {
+  upperBound_ = start.upperBound;
+  const std::wstring text = ToWide(start.text);
+  Creation creation;
+  creation.className = L"EDIT";
+  creation.text = text.c_str();
+  creation.style = WS_CHILD | WS_CLIPSIBLINGS | ES_RIGHT | ES_AUTOHSCROLL;
+  creation.parent = parent;
+  creation.id = control_ids::kCellEditor;
+  creation.module = module;
+  CreateControl(creation);
+  GiveFont(Handle(), start.font);
+  SendMessageW(Handle(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
+  // The text stays where the cell shows it.
+  const int height = std::min(start.lineHeight, HeightOf(start.area));
+  SetWindowPos(Handle(), HWND_TOP, start.area.left + start.margin,
+               start.area.top + (HeightOf(start.area) - height) / 2,
+               std::max(WidthOf(start.area) - 2 * start.margin, 1), height,
+               SWP_NOACTIVATE | SWP_SHOWWINDOW);
+  const auto end = static_cast<LPARAM>(text.size());
+  SendMessageW(Handle(), EM_SETSEL, start.selectAll ? 0 : static_cast<WPARAM>(end), end);
+  SetFocus(Handle());
+}
+
+void GridEditor::Close() {
+  closing_ = true;
+  Destroy();
+  closing_ = false;
+}
+
+void GridEditor::Finish(WPARAM key) {
+  if (!IsActive() || closing_) return;
+  const std::optional<std::u16string> number = CellNumber(TextOf(Handle()), upperBound_);
+  Close();
+  if (number) {
+    events_.EditingAccepted(*number, key);
+  } else {
+    events_.EditingCancelled();
+  }
+}
+
+void GridEditor::Cancel() {
+  if (!IsActive() || closing_) return;
+  Close();
+  events_.EditingCancelled();
+}
+
+// Whether the text may become an allowed number with `inserted` in place of what is selected.
+bool GridEditor::Allows(std::u16string_view inserted) const {
+  std::u16string text = TextOf(Handle());
+  DWORD from = 0;
+  DWORD to = 0;
+  SendMessageW(Handle(), EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
+  from = std::min<DWORD>(from, static_cast<DWORD>(text.size()));
+  to = std::clamp<DWORD>(to, from, static_cast<DWORD>(text.size()));
+  text.replace(from, to - from, inserted);
+  return MayBecomeCellNumber(text, upperBound_);
+}
+
+void GridEditor::OnPaste() {
+  const std::u16string text = ClipboardText(Handle());
+  const std::u16string_view trimmed = Trim(text);
+  if (trimmed.empty()) return;
+  if (!Allows(trimmed)) {
+    MessageBeep(MB_OK);
+    return;
+  }
+  const std::wstring wide = ToWide(trimmed);
+  SendMessageW(Handle(), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(wide.c_str()));
+}
+
+bool GridEditor::OnKeyDown(WPARAM key) {
+  switch (key) {
+    case VK_ESCAPE:
+      Cancel();
+      return true;
+    case VK_RETURN:
+      if (!CellNumber(TextOf(Handle()), upperBound_)) {
+        MessageBeep(MB_OK);
+        return true;
+      }
+      Finish(key);
+      return true;
+    case VK_TAB:
+    case VK_UP:
+    case VK_DOWN:
+    case VK_PRIOR:
+    case VK_NEXT:
+      Finish(key);
+      return true;
+    case VK_F5:
+      events_.FunctionKeyPressed(key);
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool GridEditor::OnChar(WPARAM character) {
+  // Control characters are the edit control's: backspace, copy, paste, undo.
+  if (character == VK_RETURN || character == VK_TAB || character == VK_ESCAPE) return true;
+  if (character < L' ' || character == 0x7F) return false;
+  const char16_t unit = static_cast<char16_t>(character);
+  if (Allows({&unit, 1})) return false;
+  MessageBeep(MB_OK);
+  return true;
+}
+
+LRESULT GridEditor::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_GETDLGCODE:
+      return DLGC_WANTALLKEYS | DLGC_HASSETSEL;
+    case WM_KEYDOWN:
+      if (OnKeyDown(wParam)) return 0;
+      break;
+    case WM_CHAR:
+      if (OnChar(wParam)) return 0;
+      break;
+    case WM_PASTE:
+      OnPaste();
+      return 0;
+    case WM_KILLFOCUS: {
+      const LRESULT result = Default(message, wParam, lParam);
+      Finish(0);
+      return result;
+    }
+    default:
+      break;
+  }
+  return Default(message, wParam, lParam);
+}
+
+}  // namespace pricedown::windows

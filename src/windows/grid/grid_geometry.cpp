@@ -1,0 +1,81 @@
+// The arithmetic of the grid's window.
+// It knows no window and no device.
+#include "windows/grid/grid_geometry.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+namespace pricedown::windows {
+namespace {
+
+constexpr double kTwipsPerInch = 1440;
+// Above and below the text together, the grid line included.
+constexpr int kRowMargin = 2;
+constexpr int kTitleMargin = 4;
+constexpr double kGreatestPixels = 30000;
+
+int Pixels(double size) {
+  return static_cast<int>(std::ceil(std::clamp(size, 0.0, kGreatestPixels)));
+}
+
+}  // namespace
+
+int ColumnPixels(double widthUnits, int dpi) {
+  const double pixels = widthUnits * kTwipsPerWidthUnit * dpi / kTwipsPerInch;
+  return static_cast<int>(std::lround(std::clamp(pixels, 0.0, kGreatestPixels)));
+}
+
+double ColumnWidthUnits(int pixels, int dpi) {
+  return std::max(pixels, 0) * kTwipsPerInch / (dpi * static_cast<double>(kTwipsPerWidthUnit));
+}
+
+void GridGeometry::Update(const Grid& grid, int dpi, int lineHeight) {
+  edges_.assign(1, 0);
+  for (std::int32_t column = 1; column <= grid.MaxColumns(); ++column) {
+    edges_.push_back(edges_.back() + ColumnPixels(grid.ColumnWidth(column), dpi));
+  }
+  titleHeight_ = std::max(Pixels(grid.TitleHeight()), lineHeight + kTitleMargin);
+  rowHeight_ = std::max(Pixels(grid.RowHeight()), lineHeight + kRowMargin);
+}
+
+std::int32_t GridGeometry::WholeRows(int windowHeight) const {
+  return std::max((windowHeight - titleHeight_) / rowHeight_, 1);
+}
+
+std::int32_t GridGeometry::ColumnAt(int x) const {
+  if (x < 0 || x >= Width()) return 0;
+  const auto edge = std::upper_bound(edges_.begin(), edges_.end(), x);
+  return static_cast<std::int32_t>(edge - edges_.begin());
+}
+
+std::int32_t GridGeometry::NearestColumn(int x) const {
+  if (Columns() == 0) return 0;
+  if (x < 0) return 1;
+  const std::int32_t column = ColumnAt(x);
+  return column == 0 ? Columns() : column;
+}
+
+std::int32_t GridGeometry::EdgeAt(int x, int reach) const {
+  for (std::int32_t column = Columns(); column >= 1; --column) {
+    if (std::abs(Right(column) - x) <= reach) return column;
+  }
+  return 0;
+}
+
+CellRange GridSelection::Range() const {
+  return {std::min(column, anchorColumn), std::min(row, anchorRow), std::max(column, anchorColumn),
+          std::max(row, anchorRow)};
+}
+
+void GridSelection::MoveTo(std::int32_t newColumn, std::int32_t newRow, bool extend,
+                           const Grid& grid) {
+  const std::int32_t lastColumn = std::max(grid.MaxColumns(), 1);
+  const std::int32_t lastRow = std::max(grid.MaxRows(), 1);
+  column = std::clamp(newColumn, 1, lastColumn);
+  row = std::clamp(newRow, 1, lastRow);
+  anchorColumn = extend ? std::clamp(anchorColumn, 1, lastColumn) : column;
+  anchorRow = extend ? std::clamp(anchorRow, 1, lastRow) : row;
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,200 @@
+// The painting of the grid, in the system's colours.
+// It touches only what lies inside the area to paint.
+#include "windows/grid/grid_painter.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <optional>
+#include <string>
+
+#include "windows/base/gdi.h"
+#include "windows/com/wide_text.h"
+
+namespace pricedown::windows {
+namespace {
+
+constexpr std::uint32_t kSystemColourFlag = 0x80000000;
+constexpr int kTextMargin = 4;      // pixels at 96 dpi
+constexpr int kGridLineShare = 45;  // of 255, from the background to the text
+constexpr int kCursorWidth = 2;
+constexpr int kTintShare = 20;  // of 255, where the tooltip's colour is that of open cells
+constexpr int kTooLike = 8;     // of 255, in each part of a colour
+
+bool LookAlike(COLORREF a, COLORREF b) {
+  return std::abs(GetRValue(a) - GetRValue(b)) < kTooLike &&
+         std::abs(GetGValue(a) - GetGValue(b)) < kTooLike &&
+         std::abs(GetBValue(a) - GetBValue(b)) < kTooLike;
+}
+
+class Painter {
+ public:
+  Painter(HDC context, const GridScene& scene, const RECT& area)
+      : context_(context),
+        scene_(scene),
+        geometry_(scene.geometry),
+        area_(area),
+        line_(std::max(scene.dpi.Scale(1), 1)),
+        lineColour_(
+            Blend(GetSysColor(COLOR_WINDOW), GetSysColor(COLOR_WINDOWTEXT), kGridLineShare)),
+        fontScope_(context, scene.font) {
+    SetBkMode(context, TRANSPARENT);
+  }
+
+  void Paint() {
+    PaintRows();
+    PaintCursor();
+    // Last, because a row may be scrolled half under the titles.
+    PaintTitles();
+  }
+
+ private:
+  std::int32_t Rows() const { return scene_.grid == nullptr ? 0 : scene_.grid->MaxRows(); }
+
+  bool IsVisible(const RECT& area) const {
+    RECT common{};
+    return IntersectRect(&common, &area, &area_) != FALSE;
+  }
+
+  void PaintRows() {
+    const int rowHeight = geometry_.RowHeight();
+    const int first = std::max<int>(area_.top - geometry_.TitleHeight(), 0) / rowHeight;
+    const int last = std::max<int>(area_.bottom - geometry_.TitleHeight(), 0) / rowHeight;
+    for (int index = first; index <= last; ++index) PaintRow(scene_.topRow + index);
+  }
+
+  void PaintRow(std::int32_t row) {
+    const RECT cell = CellArea(scene_, 1, row);
+    // The strip right of the last column.
+    RECT rest{geometry_.Width() - scene_.left, cell.top, scene_.window.cx, cell.bottom};
+    PaintEmpty(rest);
+    for (std::int32_t column = 1; column <= geometry_.Columns(); ++column) {
+      RECT area = CellArea(scene_, column, row);
+      if (area.left == area.right || !IsVisible(area)) continue;
+      PaintCell(column, row, area);
+    }
+  }
+
+  void PaintEmpty(const RECT& area) {
+    if (!IsVisible(area)) return;
+    FillArea(context_, area, GetSysColor(COLOR_WINDOW));
+    FillArea(context_, {area.left, area.bottom - line_, area.right, area.bottom}, lineColour_);
+  }
+
+  void PaintCell(std::int32_t column, std::int32_t row, const RECT& area) {
+    const bool exists = row <= Rows();
+    COLORREF background = GetSysColor(COLOR_WINDOW);
+    COLORREF text = GetSysColor(COLOR_WINDOWTEXT);
+    if (exists) TakeColours(column, row, background, text);
+    const RECT inner{area.left, area.top, area.right - line_, area.bottom - line_};
+    FillArea(context_, inner, background);
+    FillArea(context_, {area.left, inner.bottom, area.right, area.bottom}, lineColour_);
+    FillArea(context_, {inner.right, area.top, area.right, area.bottom}, lineColour_);
+    if (!exists) return;
+    SetTextColor(context_, text);
+    const bool isNumber = scene_.grid->UpperBound(column, row).has_value();
+    PaintText(scene_.grid->Text(column, row), inner, isNumber ? DT_RIGHT : DT_LEFT);
+  }
+
+  void TakeColours(std::int32_t column, std::int32_t row, COLORREF& background, COLORREF& text) {
+    const bool isCurrent = column == scene_.selection.column && row == scene_.selection.row;
+    if (scene_.selection.IsBlock() && !isCurrent &&
+        scene_.selection.Range().Contains(column, row)) {
+      background = GetSysColor(scene_.focused ? COLOR_HIGHLIGHT : COLOR_BTNFACE);
+      text = GetSysColor(scene_.focused ? COLOR_HIGHLIGHTTEXT : COLOR_BTNTEXT);
+      return;
+    }
+    const std::optional<std::uint32_t> colour = scene_.grid->Colour(column, row);
+    if (!colour) return;
+    if ((*colour & kSystemColourFlag) == 0) {
+      background = *colour & 0xFFFFFF;
+      return;
+    }
+    const int index = static_cast<int>(*colour & 0xFF);
+    background = GetSysColor(index);
+    if (index != COLOR_INFOBK) return;
+    const COLORREF open = GetSysColor(COLOR_WINDOW);
+    if (LookAlike(background, open)) {
+      background = Blend(open, text, kTintShare);
+    } else {
+      text = GetSysColor(COLOR_INFOTEXT);
+    }
+  }
+
+  void PaintText(std::u16string_view text, RECT area, UINT alignment) {
+    if (text.empty()) return;
+    const int margin = scene_.dpi.Scale(kTextMargin);
+    area.left += margin;
+    area.right -= margin;
+    if (area.left >= area.right) return;
+    buffer_.resize(text.size());
+    CopyWide(text, buffer_.data());
+    DrawTextW(context_, buffer_.data(), static_cast<int>(buffer_.size()), &area,
+              alignment | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+  }
+
+  void PaintTitles() {
+    const RECT band{0, 0, scene_.window.cx, geometry_.TitleHeight()};
+    if (!IsVisible(band)) return;
+    FillArea(context_, band, GetSysColor(COLOR_BTNFACE));
+    SetTextColor(context_, GetSysColor(COLOR_BTNTEXT));
+    for (std::int32_t column = 1; column <= geometry_.Columns(); ++column) {
+      RECT area{geometry_.Left(column) - scene_.left, 0, geometry_.Right(column) - scene_.left,
+                band.bottom};
+      if (area.left == area.right) continue;
+      PaintRaised(area);
+      PaintText(scene_.grid->Text(column, kTitleRow), area, DT_CENTER);
+    }
+    const int end = std::max(geometry_.Width() - scene_.left, 0);
+    if (end < band.right) PaintRaised({end, 0, band.right, band.bottom});
+  }
+
+  void PaintRaised(const RECT& area) {
+    const COLORREF light = GetSysColor(COLOR_BTNHIGHLIGHT);
+    const COLORREF shadow = GetSysColor(COLOR_BTNSHADOW);
+    FillArea(context_, {area.left, area.top, area.right, area.top + line_}, light);
+    FillArea(context_, {area.left, area.top, area.left + line_, area.bottom}, light);
+    FillArea(context_, {area.left, area.bottom - line_, area.right, area.bottom}, shadow);
+    FillArea(context_, {area.right - line_, area.top, area.right, area.bottom}, shadow);
+  }
+
+  void PaintCursor() {
+    if (scene_.selection.row > Rows() || scene_.selection.row < scene_.topRow) return;
+    const RECT cell = CellArea(scene_, scene_.selection.column, scene_.selection.row);
+    if (cell.left == cell.right || !IsVisible(cell)) return;
+    const int width = scene_.focused ? scene_.dpi.Scale(kCursorWidth) : line_;
+    const COLORREF colour = GetSysColor(scene_.focused ? COLOR_HIGHLIGHT : COLOR_BTNSHADOW);
+    FillArea(context_, {cell.left, cell.top, cell.right, cell.top + width}, colour);
+    FillArea(context_, {cell.left, cell.bottom - width, cell.right, cell.bottom}, colour);
+    FillArea(context_, {cell.left, cell.top, cell.left + width, cell.bottom}, colour);
+    FillArea(context_, {cell.right - width, cell.top, cell.right, cell.bottom}, colour);
+  }
+
+  HDC context_;
+  const GridScene& scene_;
+  const GridGeometry& geometry_;
+  RECT area_;
+  int line_;
+  COLORREF lineColour_;
+  Selected fontScope_;
+  std::wstring buffer_;
+};
+
+}  // namespace
+
+RECT CellArea(const GridScene& scene, std::int32_t column, std::int32_t row) {
+  const GridGeometry& geometry = scene.geometry;
+  RECT area{};
+  if (column >= 1 && column <= geometry.Columns()) {
+    area.left = geometry.Left(column) - scene.left;
+    area.right = geometry.Right(column) - scene.left;
+  }
+  area.top = geometry.TitleHeight() + (row - scene.topRow) * geometry.RowHeight();
+  area.bottom = area.top + geometry.RowHeight();
+  return area;
+}
+
+void PaintGrid(HDC context, const GridScene& scene, const RECT& area) {
+  Painter(context, scene, area).Paint();
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,100 @@
+// The item grid `vaList` as a window of our own: shows a Grid and lets the user move, select,
+// copy, type numbers and drag columns. Only what is visible is painted; it loads nothing.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <string_view>
+
+#include "browser/grid.h"
+#include "windows/base/bound_window.h"
+#include "windows/base/dpi.h"
+#include "windows/base/fonts.h"
+#include "windows/grid/grid_editor.h"
+#include "windows/grid/grid_events.h"
+#include "windows/grid/grid_geometry.h"
+#include "windows/grid/grid_painter.h"
+#include "windows/grid/grid_scroll.h"
+
+namespace pricedown::windows {
+
+class GridWindow final : public BoundWindow, public GridView, private EditorEvents {
+ public:
+  explicit GridWindow(GridEvents& events) : events_(events) {}
+  ~GridWindow() override;
+  // Throws AutomationError.
+  void Create(HWND parent, HINSTANCE module, std::u16string_view name);
+
+  // Shows the grid; null shows an empty grid. The grid must be detached before it dies.
+  void Show(Grid* grid);
+  void TakeAppearance();
+
+  const GridSelection& Selection() const { return selection_; }
+  const GridGeometry& Geometry() const { return geometry_; }
+  const GridScroll& Scroll() const { return scroll_; }
+  bool IsEditing() const { return editor_.IsActive(); }
+  // Whether a number may be typed into the current cell.
+  bool CanEdit() const;
+
+  // GridView
+  void GridChanged() override;
+  void GridMetricsChanged() override;
+  void GridFilling() override;
+
+ private:
+  enum class Mouse { Idle, Selecting, Sizing };
+
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+  LRESULT OnMouse(UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT OnKeyboard(UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT OnFocus(UINT message, WPARAM wParam);
+
+  void OnPaint();
+  LRESULT OnFramePaint(WPARAM wParam, LPARAM lParam);
+  GridScene Scene() const;
+  void UpdateMetrics();
+  void Invalidate();
+
+  void OnPress(POINT point, bool extend);
+  void OnRightPress(POINT point);
+  void OnDoubleClick(POINT point);
+  void OnDrag(POINT point);
+  void EndMouse(bool keep);
+  bool OnSetCursor();
+  std::int32_t EdgeUnder(POINT point) const;
+  std::int32_t RowUnder(POINT point) const;
+  void SizeColumn(std::int32_t column, int pixels);
+  void FitColumn(std::int32_t column);
+
+  bool OnKeyDown(WPARAM key);
+  void OnCommandKey(UserCommand command);
+  bool OnContextMenu(LPARAM place);
+  bool OnControlKey(WPARAM key, bool extend);
+  bool OnMoveKey(WPARAM key, bool extend);
+  void MoveTo(std::int32_t column, std::int32_t row, bool extend);
+  void SelectAll();
+  void Copy();
+
+  // Starts typing over the current cell; `first` replaces its text when it is given.
+  void BeginEditing(std::u16string_view first);
+  void EditingAccepted(std::u16string_view text, WPARAM key) override;
+  void EditingCancelled() override;
+  void FunctionKeyPressed(WPARAM key) override;
+
+  GridEvents& events_;
+  Grid* grid_ = nullptr;
+  HINSTANCE module_ = nullptr;
+  Dpi dpi_;
+  FontHandle font_;
+  int lineHeight_ = 1;
+  GridGeometry geometry_;
+  GridScroll scroll_;
+  GridSelection selection_;
+  GridEditor editor_{*this};
+  Mouse mouse_ = Mouse::Idle;
+  std::int32_t sizedColumn_ = 0;
+  double widthBefore_ = 0;
+};
+
+}  // namespace pricedown::windows

@@ -1,0 +1,169 @@
+// The container's side of the control, forwarded.
+// What is not offered answers E_NOTIMPL: linking, clipboard, verbs of its own.
+#include "windows/server/ole_object_impl.h"
+
+#include <cstring>
+
+#include "windows/server/idl/ZEPPriceDownPrepare.h"
+#include "windows/server/public_classes.h"
+
+namespace pricedown::windows {
+namespace {
+
+constexpr wchar_t kUserType[] = L"PriceDown";
+
+LPOLESTR TaskCopy(const wchar_t* text) {
+  const std::size_t bytes = (std::wcslen(text) + 1) * sizeof(wchar_t);
+  void* copy = CoTaskMemAlloc(bytes);
+  if (copy != nullptr) std::memcpy(copy, text, bytes);
+  return static_cast<LPOLESTR>(copy);
+}
+
+// Shift and Tab come in at the end of the control.
+bool ComesBackwards(const MSG* message) {
+  return message != nullptr && message->message == WM_KEYDOWN && message->wParam == VK_TAB &&
+         GetKeyState(VK_SHIFT) < 0;
+}
+
+}  // namespace
+
+STDMETHODIMP OleObjectImpl::SetClientSite(IOleClientSite* site) noexcept {
+  return Hosted().Run([&] { Hosted().SetSite(site); }, IID_IOleObject);
+}
+
+STDMETHODIMP OleObjectImpl::GetClientSite(IOleClientSite** site) noexcept {
+  if (site == nullptr) return E_POINTER;
+  *site = Hosted().Site().release();
+  return S_OK;
+}
+
+STDMETHODIMP OleObjectImpl::SetHostNames(LPCOLESTR, LPCOLESTR) noexcept { return S_OK; }
+
+// Nothing of the control is ever worth saving, whatever the option says.
+STDMETHODIMP OleObjectImpl::Close(DWORD) noexcept {
+  return Hosted().Run([&] {
+    Hosted().Close();
+    if (connections_) connections_->SendOnClose();
+  });
+}
+
+STDMETHODIMP OleObjectImpl::SetMoniker(DWORD, IMoniker*) noexcept { return E_NOTIMPL; }
+
+STDMETHODIMP OleObjectImpl::GetMoniker(DWORD, DWORD, IMoniker** moniker) noexcept {
+  if (moniker != nullptr) *moniker = nullptr;
+  return E_NOTIMPL;
+}
+
+STDMETHODIMP OleObjectImpl::InitFromData(IDataObject*, BOOL, DWORD) noexcept { return E_NOTIMPL; }
+
+STDMETHODIMP OleObjectImpl::GetClipboardData(DWORD, IDataObject** data) noexcept {
+  if (data != nullptr) *data = nullptr;
+  return E_NOTIMPL;
+}
+
+STDMETHODIMP OleObjectImpl::DoVerb(LONG verb, LPMSG message, IOleClientSite*, LONG, HWND,
+                                   LPCRECT) noexcept {
+  return Hosted().Run([&]() -> HRESULT {
+    switch (verb) {
+      case OLEIVERB_SHOW:
+      case OLEIVERB_INPLACEACTIVATE:
+        Hosted().Activate(false);
+        return S_OK;
+      case OLEIVERB_PRIMARY:
+      case OLEIVERB_UIACTIVATE:
+        Hosted().Activate(true, ComesBackwards(message));
+        return S_OK;
+      case OLEIVERB_HIDE:
+        Hosted().DeactivateUi();
+        ShowWindow(Hosted().Window().Handle(), SW_HIDE);
+        return S_OK;
+      case OLEIVERB_DISCARDUNDOSTATE:
+        return S_OK;
+      default:
+        break;
+    }
+    // An unknown verb of the object means its first one, which is the same as showing.
+    if (verb < 0) return E_NOTIMPL;
+    Hosted().Activate(true);
+    return OLEOBJ_S_INVALIDVERB;
+  });
+}
+
+STDMETHODIMP OleObjectImpl::EnumVerbs(IEnumOLEVERB** verbs) noexcept {
+  if (verbs != nullptr) *verbs = nullptr;
+  return OLEOBJ_E_NOVERBS;
+}
+
+STDMETHODIMP OleObjectImpl::Update() noexcept { return S_OK; }
+
+STDMETHODIMP OleObjectImpl::IsUpToDate() noexcept { return S_OK; }
+
+STDMETHODIMP OleObjectImpl::GetUserClassID(CLSID* id) noexcept {
+  if (id == nullptr) return E_POINTER;
+  *id = CLSID_PriceDown;
+  return S_OK;
+}
+
+STDMETHODIMP OleObjectImpl::GetUserType(DWORD, LPOLESTR* type) noexcept {
+  if (type == nullptr) return E_POINTER;
+  *type = TaskCopy(kUserType);
+  return *type == nullptr ? E_OUTOFMEMORY : S_OK;
+}
+
+STDMETHODIMP OleObjectImpl::SetExtent(DWORD aspect, SIZEL* size) noexcept {
+  if (size == nullptr) return E_POINTER;
+  if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+  return Hosted().Run([&] { Hosted().SetExtent(*size); });
+}
+
+STDMETHODIMP OleObjectImpl::GetExtent(DWORD aspect, SIZEL* size) noexcept {
+  if (size == nullptr) return E_POINTER;
+  if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+  *size = Hosted().Extent();
+  return S_OK;
+}
+
+STDMETHODIMP OleObjectImpl::Advise(IAdviseSink* sink, DWORD* connection) noexcept {
+  return Hosted().Run([&] {
+    if (!connections_) ThrowIfFailed(CreateOleAdviseHolder(connections_.put()));
+    return connections_->Advise(sink, connection);
+  });
+}
+
+STDMETHODIMP OleObjectImpl::Unadvise(DWORD connection) noexcept {
+  return connections_ ? connections_->Unadvise(connection) : OLE_E_NOCONNECTION;
+}
+
+STDMETHODIMP OleObjectImpl::EnumAdvise(IEnumSTATDATA** connections) noexcept {
+  if (connections == nullptr) return E_POINTER;
+  *connections = nullptr;
+  return connections_ ? connections_->EnumAdvise(connections) : S_OK;
+}
+
+STDMETHODIMP OleObjectImpl::GetMiscStatus(DWORD aspect, DWORD* status) noexcept {
+  if (status == nullptr) return E_POINTER;
+  *status = aspect == DVASPECT_CONTENT ? kControlStatus : 0;
+  return aspect == DVASPECT_CONTENT ? S_OK : DV_E_DVASPECT;
+}
+
+STDMETHODIMP OleObjectImpl::SetColorScheme(LOGPALETTE*) noexcept { return E_NOTIMPL; }
+
+STDMETHODIMP OleObjectImpl::GetControlInfo(CONTROLINFO* info) noexcept {
+  if (info == nullptr || info->cb < sizeof *info) return E_POINTER;
+  // No keys of its own that work from outside. Inside, Enter edits.
+  info->hAccel = nullptr;
+  info->cAccel = 0;
+  info->dwFlags = CTRLINFO_EATS_RETURN;
+  return S_OK;
+}
+
+STDMETHODIMP OleObjectImpl::OnMnemonic(MSG*) noexcept { return S_OK; }
+
+STDMETHODIMP OleObjectImpl::OnAmbientPropertyChange(DISPID property) noexcept {
+  return Hosted().Run([&] { Hosted().AmbientChanged(property); });
+}
+
+// The control fires no events.
+STDMETHODIMP OleObjectImpl::FreezeEvents(BOOL) noexcept { return S_OK; }
+
+}  // namespace pricedown::windows

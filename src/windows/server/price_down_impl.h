@@ -1,0 +1,50 @@
+// `_PriceDown`: the control's public members for early-bound and late-bound clients.
+// Both ways run the rows of price_down_members.h.
+#pragma once
+
+#include <initializer_list>
+
+#include "windows/com/com_class.h"
+#include "windows/server/hosted_control.h"
+#include "windows/server/idl/ZEPPriceDownPrepare.h"
+
+namespace pricedown::windows {
+
+template <>
+struct BasesOf<_PriceDown> : InterfaceList<IDispatch> {};
+
+class PriceDownImpl : public Implements<_PriceDown> {
+ public:
+  STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override;
+  STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** result) noexcept override;
+  STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale,
+                             DISPID* ids) noexcept override;
+  STDMETHODIMP Invoke(DISPID id, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* parameters,
+                      VARIANT* result, EXCEPINFO* record, UINT* badArgument) noexcept override;
+
+  STDMETHODIMP NotifyMessage(BSTR strMsg, SAFEARRAY** Params) noexcept override;
+  STDMETHODIMP RefreshToolbar() noexcept override;
+  STDMETHODIMP Show(IDispatch** ParentWnd, VARIANT_BOOL* result) noexcept override;
+  STDMETHODIMP put_ShowMode(short mode) noexcept override;
+  STDMETHODIMP ParentWindow_ToolBarClick(IDispatch** Tool, VARIANT_BOOL* bUse) noexcept override;
+  STDMETHODIMP SelBlock(IDispatch* grd, VARIANT lCol, VARIANT lCol2, VARIANT lRow,
+                        VARIANT lRow2) noexcept override;
+  STDMETHODIMP PreviewPara(VARIANT* result) noexcept override;
+  STDMETHODIMP PrintPara(VARIANT* result) noexcept override;
+  STDMETHODIMP ModelCurrent(VARIANT* result) noexcept override;
+  STDMETHODIMP addRecord(VARIANT* result) noexcept override;
+  STDMETHODIMP editRecord(VARIANT* result) noexcept override;
+  STDMETHODIMP delRecord(VARIANT* result) noexcept override;
+
+ protected:
+  virtual HostedControl& Hosted() noexcept = 0;
+  ~PriceDownImpl() = default;
+
+ private:
+  // Runs the member with that number. Throws what it throws.
+  Value Call(DISPID id, std::initializer_list<Value> arguments = {});
+  // A member without arguments whose answer is a variant.
+  HRESULT Answer(DISPID id, VARIANT* result) noexcept;
+};
+
+}  // namespace pricedown::windows

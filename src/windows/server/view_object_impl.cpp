@@ -1,0 +1,148 @@
+// Drawing into a container's device context, and what a container asks about the picture.
+// The picture itself is the window's.
+#include "windows/server/view_object_impl.h"
+
+#include <algorithm>
+
+#include "windows/base/gdi.h"
+#include "windows/com/failure.h"
+
+namespace pricedown::windows {
+namespace {
+
+// The context's state as it was, when the scope ends.
+class SavedContext {
+ public:
+  explicit SavedContext(HDC context) : context_(context), state_(SaveDC(context)) {}
+  SavedContext(const SavedContext&) = delete;
+  SavedContext& operator=(const SavedContext&) = delete;
+  ~SavedContext() {
+    if (state_ != 0) RestoreDC(context_, state_);
+  }
+
+ private:
+  HDC context_;
+  int state_;
+};
+
+// Bounds of a device come in its logical units, and the window draws in pixels. A metafile has no
+// pixels; its units are drawn in as they are.
+RECT ToPixels(HDC context, const RECTL& bounds) {
+  POINT corners[] = {{bounds.left, bounds.top}, {bounds.right, bounds.bottom}};
+  if (GetDeviceCaps(context, TECHNOLOGY) != DT_METAFILE) {
+    LPtoDP(context, corners, 2);
+    SetMapMode(context, MM_TEXT);
+    SetWindowOrgEx(context, 0, 0, nullptr);
+    SetViewportOrgEx(context, 0, 0, nullptr);
+  }
+  return {std::min(corners[0].x, corners[1].x), std::min(corners[0].y, corners[1].y),
+          std::max(corners[0].x, corners[1].x), std::max(corners[0].y, corners[1].y)};
+}
+
+// A metafile of the old kind can neither measure nor clip: it gets the picture as a bitmap.
+void DrawAsBitmap(ControlWindow& window, HDC metafile, const RECT& bounds) {
+  RECT client{};
+  if (GetClientRect(window.Handle(), &client) == FALSE || IsRectEmpty(&client) != FALSE) return;
+  const WindowContext screen(window.Handle());
+  const CreatedContext memory(CreateCompatibleDC(screen.Get()));
+  const GdiObject<HBITMAP> bitmap(
+      CreateCompatibleBitmap(screen.Get(), WidthOf(client), HeightOf(client)));
+  if (memory == nullptr || !bitmap) ThrowIfFailed(E_OUTOFMEMORY);
+  const Selected selected(memory.get(), bitmap.Get());
+  window.Draw(memory.get(), client);
+  StretchBlt(metafile, bounds.left, bounds.top, WidthOf(bounds), HeightOf(bounds), memory.get(), 0,
+             0, WidthOf(client), HeightOf(client), SRCCOPY);
+}
+
+}  // namespace
+
+STDMETHODIMP ViewObjectImpl::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC context,
+                                  LPCRECTL bounds, LPCRECTL, BOOL(STDMETHODCALLTYPE*)(ULONG_PTR),
+                                  ULONG_PTR) noexcept {
+  if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+  if (context == nullptr) return E_INVALIDARG;
+  if (bounds == nullptr) return E_POINTER;
+  return Hosted().Run([&] {
+    const SavedContext saved(context);
+    const RECT pixels = ToPixels(context, *bounds);
+    if (IsRectEmpty(&pixels) != FALSE) return;
+    if (GetObjectType(context) == OBJ_METADC) {
+      DrawAsBitmap(Hosted().Window(), context, pixels);
+    } else {
+      Hosted().Window().Draw(context, pixels);
+    }
+  });
+}
+
+STDMETHODIMP ViewObjectImpl::GetColorSet(DWORD, LONG, void*, DVTARGETDEVICE*, HDC,
+                                         LOGPALETTE** palette) noexcept {
+  if (palette != nullptr) *palette = nullptr;
+  return S_FALSE;
+}
+
+STDMETHODIMP ViewObjectImpl::Freeze(DWORD, LONG, void*, DWORD*) noexcept { return E_NOTIMPL; }
+
+STDMETHODIMP ViewObjectImpl::Unfreeze(DWORD) noexcept { return E_NOTIMPL; }
+
+STDMETHODIMP ViewObjectImpl::SetAdvise(DWORD aspects, DWORD flags, IAdviseSink* sink) noexcept {
+  return Hosted().Run([&] {
+    sink_ = ComPtr<IAdviseSink>::Share(sink);
+    sinkAspects_ = aspects;
+    sinkFlags_ = flags;
+    if (sink_ && (flags & ADVF_PRIMEFIRST) != 0) sink->OnViewChange(DVASPECT_CONTENT, -1);
+  });
+}
+
+STDMETHODIMP ViewObjectImpl::GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) noexcept {
+  if (aspects != nullptr) *aspects = sinkAspects_;
+  if (flags != nullptr) *flags = sinkFlags_;
+  if (sink != nullptr) *sink = sink_.Copy().release();
+  return S_OK;
+}
+
+STDMETHODIMP ViewObjectImpl::GetExtent(DWORD aspect, LONG, DVTARGETDEVICE*, LPSIZEL size) noexcept {
+  if (size == nullptr) return E_POINTER;
+  if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+  *size = Hosted().Extent();
+  return S_OK;
+}
+
+STDMETHODIMP ViewObjectImpl::GetRect(DWORD aspect, LPRECTL rectangle) noexcept {
+  if (rectangle == nullptr) return E_POINTER;
+  if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+  *rectangle = {0, 0, Hosted().Extent().cx, Hosted().Extent().cy};
+  return S_OK;
+}
+
+STDMETHODIMP ViewObjectImpl::GetViewStatus(DWORD* status) noexcept {
+  if (status == nullptr) return E_POINTER;
+  *status = VIEWSTATUS_OPAQUE | VIEWSTATUS_SOLIDBKGND;
+  return S_OK;
+}
+
+STDMETHODIMP ViewObjectImpl::QueryHitPoint(DWORD aspect, LPCRECT bounds, POINT point, LONG,
+                                           DWORD* result) noexcept {
+  if (bounds == nullptr || result == nullptr) return E_POINTER;
+  if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+  *result = PtInRect(bounds, point) != FALSE ? HITRESULT_HIT : HITRESULT_OUTSIDE;
+  return S_OK;
+}
+
+STDMETHODIMP ViewObjectImpl::QueryHitRect(DWORD aspect, LPCRECT bounds, LPCRECT rectangle, LONG,
+                                          DWORD* result) noexcept {
+  if (bounds == nullptr || rectangle == nullptr || result == nullptr) return E_POINTER;
+  if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+  RECT common{};
+  *result = IntersectRect(&common, bounds, rectangle) != FALSE ? HITRESULT_HIT : HITRESULT_OUTSIDE;
+  return S_OK;
+}
+
+STDMETHODIMP ViewObjectImpl::GetNaturalExtent(DWORD aspect, LONG, DVTARGETDEVICE*, HDC,
+                                              DVEXTENTINFO*, LPSIZEL size) noexcept {
+  if (size == nullptr) return E_POINTER;
+  // Any size will do; none is natural.
+  *size = {};
+  return aspect == DVASPECT_CONTENT ? E_NOTIMPL : DV_E_DVASPECT;
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,253 @@
+// What clicks on tools of the command bar do: the control's own, and those that a host forwards.
+#include "control/price_down.h"
+#include "platform/error.h"
+#include "tests/control/dispatch_fixture.h"
+
+namespace pricedown::testing {
+namespace {
+
+TEST_F(Dispatch, ClosesTheContainerForTheHostsExitTool) {
+  Start();
+  Click(u"iExit");
+  EXPECT_EQ(world_.log.Text(), "tool.Name()\ncontainer close\nrelease tool\n");
+}
+
+TEST_F(Dispatch, SendsClassToolsThroughTheStripButtons) {
+  Start();
+  world_.company.grantedMasks = "none";
+  for (const RightCase& right : {RightCase{u"iInsert", "131072"}, RightCase{u"iEdit", "4194304"},
+                                 RightCase{u"iCut", "65536"}}) {
+    world_.log.Clear();
+    Click(right.key);
+    EXPECT_EQ(world_.log.Text(), "tool.Name()\nZEPEBCGLView.GLData.AccessCheck(1002, 35, " +
+                                     std::string(right.mask) + ")\n" + kRefusal + Reload() +
+                                     "release tool\n")
+        << Utf8(right.key);
+  }
+}
+
+TEST_F(Dispatch, PrintsFromTheBarWithoutAskingForTheRight) {
+  Start();
+  world_.company.grantedMasks = "none";
+  for (const std::u16string_view key : {u"iPrint", u"iPrintPreView"}) {
+    world_.log.Clear();
+    Click(key);
+    EXPECT_EQ(world_.log.Text().find("AccessCheck"), std::string::npos) << world_.log.Text();
+    EXPECT_EQ(world_.log.Count(key == u"iPrint" ? "ledger print" : "ledger preview"), 1u)
+        << world_.log.Text();
+  }
+}
+
+TEST_F(Dispatch, RefreshesTheCurrentNode) {
+  Start();
+  Click(u"iRefresh");
+  EXPECT_EQ(world_.log.Text(),
+            "tool.Name()\n"
+            "screen pointer 11\n"
+            "release result\n"
+            "create ZEPConnection.AppConnection\n" +
+                ExecuteLine(kItemsOf01) +
+                "\nrelease ZEPConnection.AppConnection\n"
+                "grid changed 0 rows\n"
+                "grid changed 2 rows\n"
+                "grid changed 2 rows\n"
+                "grid changed 2 rows\n"
+                "screen pointer 0\n"
+                "release tool\n");
+}
+
+TEST_F(Dispatch, RefreshesNothingBeforeANodeWasSelected) {
+  world_.company.nodeSetting = u"";
+  Start();
+  Click(u"iRefresh");
+  EXPECT_EQ(world_.log.Text(), "tool.Name()\nrelease tool\n");
+}
+
+TEST_F(Dispatch, RefreshesForAKeyAsForTheToolAndAddsNoTool) {
+  Start();
+  Click(kRefreshTool);
+  const std::string clicked = world_.log.Text();
+  const std::string effects = clicked.substr(clicked.find('\n') + 1);
+  world_.log.Clear();
+  Control().CommandBarToolChosen(kRefreshTool);
+  EXPECT_EQ(world_.log.Text() + "release tool\n", effects);
+  EXPECT_EQ(Control().Bar()->Tool(kRefreshTool), nullptr);
+}
+
+TEST_F(Dispatch, RefreshesForNoKeyWhileTheHostHasDisabledTheTool) {
+  Start();
+  Control().Bar()->Add({std::u16string(kRefreshTool), u"", u"", u""})->SetEnabled(false);
+  Control().CommandBarToolChosen(kRefreshTool);
+  EXPECT_EQ(world_.log.Text(), "");
+  EXPECT_FALSE(Control().IsCommandBarToolEnabled(kRefreshTool));
+  EXPECT_TRUE(Control().IsCommandBarToolEnabled(u"iPrint"));
+  EXPECT_TRUE(Control().IsCommandBarToolEnabled(kInsertTool));
+}
+
+// The host drops the control while the suite is asked; the click holds it to its end.
+TEST_F(Dispatch, LivesAsLongAsAClickOnItsBar) {
+  std::shared_ptr<PriceDown> owner;
+  world_.hold = [&]() -> std::shared_ptr<void> { return owner; };
+  Start();
+  Control().ItemCells().Attach(nullptr);
+  owner = std::move(world_.control);
+  const std::weak_ptr<PriceDown> watch = owner;
+  bool alive = false;
+  world_.factory.Object(u"ZEPConnection.AppConnection")
+      .On(u"Execute", Arguments({kItemsOf01}), Reply::From([&](auto) {
+            owner.reset();
+            alive = !watch.expired();
+            return NewScriptedRecordset(world_.factory.GetRecorder(), ItemRows({}));
+          }));
+  const std::shared_ptr<CommandBar> bar = owner->Bar();
+  bar->Add({std::u16string(kRefreshTool), u"", u"", u""});
+  bar->Click(kRefreshTool);
+  EXPECT_TRUE(alive);
+  EXPECT_TRUE(watch.expired());
+  EXPECT_EQ(world_.factory.LiveObjects(), 0);
+}
+
+TEST_F(Dispatch, DoesNothingForAnyOtherKey) {
+  Start();
+  for (const std::u16string_view key :
+       {u"mnuEdit", u"", u"iexit", u"IINSERT", u"Add", u"Del", u"Exit", u"iPrintPreview"}) {
+    world_.log.Clear();
+    Click(key);
+    EXPECT_EQ(world_.log.Text(), "tool.Name()\nrelease tool\n") << Utf8(key);
+  }
+}
+
+TEST_F(Dispatch, RefusesAClickWithoutATool) {
+  Start();
+  EXPECT_THROW(Control().ParentWindow_ToolBarClick(nullptr), AutomationError);
+}
+
+TEST_F(Dispatch, InvertsTheHostsOwnToolBeforeItLaysOut) {
+  Start();
+  const ObjectPtr tool = world_.NewTool(u"iToolBar", true);
+  Control().ParentWindow_ToolBarClick(tool);
+  EXPECT_EQ(world_.log.Text(), Lines(R"(
+      tool.Name()
+      tool.Checked()
+      put tool.Checked = False
+      tool.Checked()
+      view place
+      )"));
+}
+
+TEST_F(Dispatch, OnlyFollowsTheHostsToolOfTheStatusBar) {
+  Start();
+  for (const bool checked : {false, true}) {
+    world_.log.Clear();
+    Control().ParentWindow_ToolBarClick(world_.NewTool(u"mnuViewStatusBar", checked));
+    EXPECT_EQ(world_.log.Text(), Lines(R"(
+        tool.Name()
+        tool.Checked()
+        view place
+        release tool
+        )"));
+  }
+}
+
+// With a tool that keeps what is put into it.
+TEST_F(Dispatch, TogglesTheToolStripBackAndForth) {
+  Start();
+  const Layout before = world_.view.placed;
+  const auto tool =
+      std::make_shared<CommandBarTool>(CommandBarTool::Definition{u"iToolBar", {}, {}, {}});
+  tool->SetChecked(true);
+  Control().ParentWindow_ToolBarClick(tool);
+  EXPECT_FALSE(tool->Checked());
+  EXPECT_FALSE(Control().Bar()->Tool(u"iToolBar")->Checked());
+  EXPECT_EQ(world_.view.placed.toolStrip.height, 0);
+  Control().ParentWindow_ToolBarClick(tool);
+  EXPECT_TRUE(tool->Checked());
+  EXPECT_EQ(world_.view.placed, before);
+  EXPECT_EQ(Control().Bar()->Tools().size(), 5u);
+}
+
+TEST_F(Dispatch, TogglesTheBarsOwnTool) {
+  Start();
+  const auto own = Control().Bar()->Add({u"iToolBar", {}, {}, {}});
+  own->SetChecked(true);
+  Control().Bar()->Click(u"iToolBar");
+  EXPECT_FALSE(own->Checked());
+  EXPECT_EQ(world_.view.placed.toolStrip.height, 0);
+  Control().Bar()->Click(u"iToolBar");
+  EXPECT_TRUE(own->Checked());
+  EXPECT_GT(world_.view.placed.toolStrip.height, 0);
+}
+
+TEST_F(Dispatch, ShowsTheStatusBarOnlyWhileItsToolIsChecked) {
+  Start();
+  const auto tool =
+      std::make_shared<CommandBarTool>(CommandBarTool::Definition{u"mnuViewStatusBar", {}, {}, {}});
+  tool->SetChecked(false);
+  Control().ParentWindow_ToolBarClick(tool);
+  EXPECT_FALSE(tool->Checked());
+  EXPECT_EQ(world_.view.placed.statusBar.height, 0);
+  tool->SetChecked(true);
+  Control().ParentWindow_ToolBarClick(tool);
+  EXPECT_TRUE(tool->Checked());
+  EXPECT_GT(world_.view.placed.statusBar.height, 0);
+}
+
+TEST_F(Dispatch, KeepsTheLayoutWhenACheckToolCannotBeRead) {
+  Start();
+  world_.factory.Object(u"bare").On(u"Name", u"iToolBar").Lacks(u"Checked");
+  EXPECT_THROW(Control().ParentWindow_ToolBarClick(world_.factory.NewObject(u"bare")),
+               AutomationError);
+  EXPECT_EQ(world_.log.Count("view place"), 0u);
+}
+
+TEST_F(Dispatch, RunsNoClassCommandForAForwardedClickOnADisabledTool) {
+  world_.company.mode = u"2";
+  Start();
+  for (const std::u16string_view name : {u"iInsert", u"iEdit", u"iCut"}) {
+    world_.log.Clear();
+    Click(name);
+    EXPECT_EQ(world_.log.Text(), "tool.Name()\nrelease tool\n") << Utf8(name);
+  }
+}
+
+// A host may close the control wherever it is called.
+TEST_F(Dispatch, DoesNothingOnceTheHostHasClosedTheControlWhenAskedForTheToolsName) {
+  Start();
+  Control().ItemCells().Attach(nullptr);
+  world_.factory.Object(u"tool").On(u"Name", Reply::From([this](auto) {
+                                      Control().Terminate();
+                                      world_.log.Clear();
+                                      return u"iExit";
+                                    }));
+  Control().ParentWindow_ToolBarClick(world_.factory.NewObject(u"tool"));
+  EXPECT_EQ(world_.log.Text(), "release tool\n");
+}
+
+TEST_F(Dispatch, LaysOutNothingOnceTheListenerHasClosedTheControl) {
+  Start();
+  Control().ItemCells().Attach(nullptr);
+  Control().Bar()->Add({u"iToolBar", {}, {}, {}});
+  world_.factory.Object(u"listener").On(u"ToolChanged", Reply::From([this](auto) {
+                                          Control().Terminate();
+                                          return Value();
+                                        }));
+  Control().Bar()->SetListener(world_.factory.NewObject(u"listener"));
+  Control().Bar()->Click(u"iToolBar");
+  EXPECT_EQ(world_.log.Count("view place"), 0u) << world_.log.Text();
+}
+
+TEST_F(Dispatch, TellsTheListenerOfARefreshByKeyAsOfAClick) {
+  Start();
+  std::string told;
+  world_.factory.Object(u"listener").On(u"ToolClicked", Reply::From([&](auto arguments) {
+                                          told += Readable(arguments[0].Object()->Get(u"Name"));
+                                          return Value();
+                                        }));
+  Control().Bar()->Add({std::u16string(kRefreshTool), {}, {}, {}});
+  Control().Bar()->SetListener(world_.factory.NewObject(u"listener"));
+  Control().CommandBarToolChosen(kRefreshTool);
+  EXPECT_EQ(told, "\"iRefresh\"");
+}
+
+}  // namespace
+}  // namespace pricedown::testing

@@ -1,0 +1,59 @@
+// A timer looks for boxes, because a box runs a message loop of its own.
+// The one instance is found by its thread.
+#include "tests/windows/base/message_boxes.h"
+
+#include <algorithm>
+#include <array>
+
+#include "tests/support/utf8.h"
+#include "windows/base/plain_control.h"
+#include "windows/com/wide_text.h"
+
+namespace pricedown::testing {
+namespace {
+
+constexpr UINT kPeriod = 10;        // milliseconds
+constexpr int kTextOfBox = 0xFFFF;  // the id of a message box's text
+
+MessageBoxes* current = nullptr;
+
+}  // namespace
+
+MessageBoxes::MessageBoxes() : timer_(SetTimer(nullptr, 0, kPeriod, &OnTimer)) { current = this; }
+
+MessageBoxes::~MessageBoxes() {
+  KillTimer(nullptr, timer_);
+  current = nullptr;
+}
+
+void CALLBACK MessageBoxes::OnTimer(HWND, UINT, UINT_PTR, DWORD) {
+  if (current != nullptr) {
+    EnumThreadWindows(GetCurrentThreadId(), &OnWindow, reinterpret_cast<LPARAM>(current));
+  }
+}
+
+BOOL CALLBACK MessageBoxes::OnWindow(HWND window, LPARAM self) {
+  std::array<wchar_t, 32> name{};
+  GetClassNameW(window, name.data(), static_cast<int>(name.size()));
+  if (lstrcmpW(name.data(), L"#32770") == 0 && IsWindowVisible(window) != FALSE) {
+    reinterpret_cast<MessageBoxes*>(self)->Answer(window);
+  }
+  return TRUE;
+}
+
+void MessageBoxes::Answer(HWND box) {
+  if (std::find(answered_.begin(), answered_.end(), box) != answered_.end()) return;
+  answered_.push_back(box);
+  shown_.push_back({Utf8(windows::TextOf(box)), Utf8(windows::TextOf(GetDlgItem(box, kTextOfBox))),
+                    GetWindow(box, GW_OWNER)});
+  int button = IDOK;
+  if (!buttons_.empty()) {
+    button = buttons_.front();
+    buttons_.pop_front();
+  }
+  if (button == 0) return;
+  PostMessageW(box, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
+               reinterpret_cast<LPARAM>(GetDlgItem(box, button)));
+}
+
+}  // namespace pricedown::testing

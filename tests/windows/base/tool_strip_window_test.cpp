@@ -1,0 +1,195 @@
+// The tool strip, and what becomes of commands that its buttons start.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <memory>
+#include <string>
+
+#include "control/tool_strip.h"
+#include "platform/error.h"
+#include "tests/windows/base/message_boxes.h"
+#include "tests/windows/base/picture.h"
+#include "tests/windows/control/ui_world.h"
+#include "windows/base/control_ids.h"
+#include "windows/base/message_box_questions.h"
+
+namespace pricedown::testing {
+namespace {
+
+namespace ids = windows::control_ids;
+
+constexpr std::size_t kAdd = 2;
+constexpr std::size_t kPrint = 5;
+constexpr std::size_t kExit = 8;
+
+bool IsEnabled(const UiWorld& world, std::size_t position) {
+  return SendMessageW(world.Strip(), TB_ISBUTTONENABLED, ids::kFirstButton + position, 0) != 0;
+}
+
+int HotButton(const UiWorld& world) {
+  return static_cast<int>(SendMessageW(world.Strip(), TB_GETHOTITEM, 0, 0));
+}
+
+// The rights check that a button asks for, refused so that nothing else happens.
+std::size_t Checks(const UiWorld& world, const std::string& mask) {
+  return world.suite.log.Count("ZEPEBCGLView.GLData.AccessCheck(1002, 35, " + mask + ")");
+}
+
+TEST(ToolStripWindow, HasTheButtonsInTheirOrder) {
+  UiWorld world;
+  world.Start();
+  ASSERT_EQ(SendMessageW(world.Strip(), TB_BUTTONCOUNT, 0, 0), 8);
+  for (std::size_t i = 0; i < 8; ++i) {
+    TBBUTTON button{};
+    SendMessageW(world.Strip(), TB_GETBUTTON, i, reinterpret_cast<LPARAM>(&button));
+    EXPECT_EQ(button.idCommand, ids::kFirstButton + static_cast<int>(i) + 1);
+    EXPECT_EQ((button.fsStyle & BTNS_SEP) != 0, kToolStripButtons[i].separator) << i;
+  }
+}
+
+TEST(ToolStripWindow, AClickAsksForTheButtonsRight) {
+  UiWorld world;
+  world.suite.company.grantedMasks = "none";
+  world.Start();
+  world.Click(world.Strip(), world.ButtonPoint(kPrint));
+  EXPECT_EQ(Checks(world, "32768"), 1u);
+  world.Click(world.Strip(), world.ButtonPoint(kAdd));
+  EXPECT_EQ(Checks(world, "131072"), 1u);
+}
+
+TEST(ToolStripWindow, DisabledButtonsDoNothingAndLookIt) {
+  UiWorld world;
+  world.suite.company.mode = u"2";
+  world.Start();
+  EXPECT_FALSE(IsEnabled(world, 2));
+  EXPECT_FALSE(IsEnabled(world, 3));
+  EXPECT_FALSE(IsEnabled(world, 4));
+  EXPECT_TRUE(IsEnabled(world, kPrint));
+  KeepPicture(world.host.Handle(), "class commands disabled");
+  world.Click(world.Strip(), world.ButtonPoint(kAdd));
+  EXPECT_EQ(Checks(world, "131072"), 0u);
+}
+
+TEST(ToolStripWindow, IsOperatedByKeyboard) {
+  UiWorld world;
+  world.suite.company.grantedMasks = "none";
+  world.Start();
+  SetFocus(world.Strip());
+  EXPECT_EQ(HotButton(world), 1);
+  world.Press(VK_RIGHT);
+  world.Press(VK_RIGHT);
+  world.Press(VK_RIGHT);
+  EXPECT_EQ(HotButton(world), 4);
+  KeepPicture(world.host.Handle(), "hot button");
+  world.Press(VK_SPACE);
+  EXPECT_EQ(Checks(world, "32768"), 1u);
+  world.Press(VK_END);
+  EXPECT_EQ(HotButton(world), 7);
+  world.Press(VK_RIGHT);
+  EXPECT_EQ(HotButton(world), 7);
+  world.Press(VK_HOME);
+  world.Press(VK_RETURN);
+  EXPECT_EQ(Checks(world, "131072"), 1u);
+}
+
+TEST(ToolStripWindow, TheKeyboardPassesDisabledButtonsAndSeparators) {
+  UiWorld world;
+  world.suite.company.mode = u"2";
+  world.Start();
+  SetFocus(world.Strip());
+  EXPECT_EQ(HotButton(world), 4);
+  world.Press(VK_RIGHT);
+  world.Press(VK_RIGHT);
+  EXPECT_EQ(HotButton(world), 7);
+}
+
+TEST(ToolStripWindow, TellsTheTooltipOfAButton) {
+  UiWorld world;
+  world.Start();
+  NMTTDISPINFOW info{};
+  info.hdr.code = TTN_GETDISPINFOW;
+  info.hdr.idFrom = ids::kFirstButton + kExit;
+  SendMessageW(world.window->Handle(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&info));
+  ASSERT_NE(info.lpszText, nullptr);
+  EXPECT_STREQ(info.lpszText, L"退出系统");
+  // With the key that does the same in tree and grid.
+  const std::array<const wchar_t*, 5> tips{L"新增 (Ins)", L"修改 (F2)", L"删除 (Del)",
+                                           L"打印 (Ctrl+P)", L"预览"};
+  for (std::size_t i = 0; i < tips.size(); ++i) {
+    info.hdr.idFrom = ids::kFirstButton + 2 + i;
+    SendMessageW(world.window->Handle(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&info));
+    EXPECT_STREQ(info.lpszText, tips[i]);
+  }
+}
+
+TEST(ToolStripWindow, AFailingCommandIsReportedToTheUser) {
+  UiWorld world;
+  world.Start();
+  world.suite.container.onClose = [] {
+    throw AutomationError(ErrorNumber::Unspecified, u"窗口无法关闭", u"host");
+  };
+  MessageBoxes boxes;
+  world.Click(world.Strip(), world.ButtonPoint(kExit));
+  ASSERT_EQ(boxes.All().size(), 1u);
+  EXPECT_EQ(boxes.All()[0].title, "岚禾提示");
+  EXPECT_EQ(boxes.All()[0].text, "窗口无法关闭");
+  EXPECT_EQ(boxes.All()[0].owner, world.host.Handle());
+  EXPECT_TRUE(IsWindow(world.Strip()));
+}
+
+void CloseByExit(bool byKeyboard) {
+  auto owned = std::make_shared<UiWorld>();
+  const std::weak_ptr<UiWorld> watch = owned;
+  UiWorld& world = *owned;
+  world.Start();
+  // What a control's owner does: it and its windows live as long as someone holds them.
+  world.window->HoldDuringEvents([watch] { return watch.lock(); });
+  const HWND strip = world.Strip();
+  const POINT button = world.ButtonPoint(kExit);
+  world.suite.container.onClose = [&owned] {
+    DestroyWindow(owned->host.Handle());
+    // The last reference that is not the event's own.
+    owned.reset();
+  };
+  if (byKeyboard) {
+    SetFocus(strip);
+    PostMessageW(strip, WM_KEYDOWN, VK_END, 1);
+    PostMessageW(strip, WM_KEYDOWN, VK_RETURN, 1);
+  } else {
+    PostMessageW(strip, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(button.x, button.y));
+    PostMessageW(strip, WM_LBUTTONUP, 0, MAKELPARAM(button.x, button.y));
+  }
+  RunMessages();
+  EXPECT_EQ(owned, nullptr);
+  EXPECT_TRUE(watch.expired());
+  EXPECT_FALSE(IsWindow(strip));
+}
+
+TEST(ToolStripWindow, SurvivesAHostThatClosesEverythingOnAClick) { CloseByExit(false); }
+
+TEST(ToolStripWindow, SurvivesAHostThatClosesEverythingOnAKey) { CloseByExit(true); }
+
+TEST(MessageBoxQuestions, TellAndAskOverTheHostsWindow) {
+  UiWorld world;
+  world.Start();
+  MessageBoxes boxes;
+  boxes.WillPress({IDOK, IDYES, IDNO});
+  windows::MessageBoxQuestions questions(*world.window);
+  questions.Tell(u"没有权限,请与系统管理员联系", u"岚禾提示", MessageIcon::Information);
+  EXPECT_TRUE(questions.Confirm(u"确实要删除吗?", u"岚禾提示", MessageIcon::Question));
+  EXPECT_FALSE(questions.Confirm(u"确实要删除吗?", u"岚禾提示", MessageIcon::None));
+  ASSERT_EQ(boxes.All().size(), 3u);
+  EXPECT_EQ(boxes.All()[0].text, "没有权限,请与系统管理员联系");
+  EXPECT_EQ(boxes.All()[1].title, "岚禾提示");
+  for (const auto& box : boxes.All()) EXPECT_EQ(box.owner, world.host.Handle());
+}
+
+TEST(MessageBoxQuestions, AFailureWithoutWordsIsToldInTheSystems) {
+  MessageBoxes boxes;
+  windows::ReportFailure(nullptr, {E_OUTOFMEMORY, {}, {}});
+  ASSERT_EQ(boxes.All().size(), 1u);
+  EXPECT_FALSE(boxes.All()[0].text.empty());
+}
+
+}  // namespace
+}  // namespace pricedown::testing

@@ -1,0 +1,78 @@
+// Hosts that end the control when they are told that it has the focus now: whatever the user did to
+// give it the focus, its windows are not done with it yet.
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "tests/windows/control/ui_world.h"
+#include "windows/base/control_ids.h"
+
+namespace pricedown::testing {
+namespace {
+
+namespace ids = windows::control_ids;
+
+struct Press {
+  const char* name;
+  std::function<void(UiWorld&)> run;
+};
+
+void Send(HWND window, UINT message, WPARAM keys, POINT point) {
+  SendMessageW(window, message, keys, MAKELPARAM(point.x, point.y));
+}
+
+constexpr POINT kCell{40, 60};
+
+class Activation : public ::testing::TestWithParam<Press> {};
+
+TEST_P(Activation, MayEndAll) {
+  auto owned = std::make_shared<UiWorld>();
+  const std::weak_ptr<UiWorld> watch = owned;
+  owned->Start();
+  owned->Click(owned->Tree(), owned->NodePoint(6));
+  // From here on the focus comes from outside.
+  SetFocus(owned->host.Handle());
+  const HWND window = owned->window->Handle();
+  owned->window->HoldDuringEvents([watch] { return watch.lock(); });
+  int told = 0;
+  owned->window->OnUiActivate([&] {
+    ++told;
+    // What keeps the control alive during the call is the window's; the host's reference ends.
+    const std::shared_ptr<UiWorld> inside = std::move(owned);
+    if (inside != nullptr) DestroyWindow(inside->host.Handle());
+  });
+  UiWorld& world = *owned;
+  GetParam().run(world);
+  RunMessages();
+  EXPECT_EQ(told, 1);
+  EXPECT_TRUE(watch.expired());
+  EXPECT_FALSE(IsWindow(window));
+}
+
+const std::vector<Press> kPresses{
+    {"RightPressInTheTree",
+     [](UiWorld& world) { Send(world.Tree(), WM_RBUTTONDOWN, MK_RBUTTON, world.NodePoint(3)); }},
+    {"LeftPressInTheTree",
+     [](UiWorld& world) {
+       const HWND tree = world.Tree();
+       const POINT node = world.NodePoint(3);
+       const LPARAM place = MAKELPARAM(node.x, node.y);
+       PostMessageW(tree, WM_LBUTTONDOWN, MK_LBUTTON, place);
+       PostMessageW(tree, WM_LBUTTONUP, 0, place);
+     }},
+    {"LeftPressInTheGrid",
+     [](UiWorld& world) { Send(world.Grid(), WM_LBUTTONDOWN, MK_LBUTTON, kCell); }},
+    {"RightPressInTheGrid",
+     [](UiWorld& world) { Send(world.Grid(), WM_RBUTTONDOWN, MK_RBUTTON, kCell); }},
+    {"PressOfTheSplitter",
+     [](UiWorld& world) {
+       Send(world.Child(ids::kSplitter), WM_LBUTTONDOWN, MK_LBUTTON, {2, 40});
+     }},
+    {"FocusForTheStrip", [](UiWorld& world) { SetFocus(world.Strip()); }},
+};
+
+INSTANTIATE_TEST_SUITE_P(Of, Activation, ::testing::ValuesIn(kPresses),
+                         [](const auto& param) { return param.param.name; });
+
+}  // namespace
+}  // namespace pricedown::testing

@@ -1,0 +1,296 @@
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+
+#include "platform/error.h"
+#include "store/statements.h"
+#include "tests/support/utf8.h"
+#include "tests/windows/base/picture.h"
+#include "tests/windows/control/ui_world.h"
+#include "windows/base/control_ids.h"
+#include "windows/base/dpi.h"
+#include "windows/base/plain_control.h"
+#include "windows/com/wide_text.h"
+
+namespace pricedown::testing {
+namespace {
+
+namespace ids = windows::control_ids;
+
+std::string TextOfChild(const UiWorld& world, int id) {
+  return Utf8(windows::TextOf(world.Child(id)));
+}
+
+RECT PlaceOf(const UiWorld& world, HWND child) {
+  RECT area{};
+  GetWindowRect(child, &area);
+  MapWindowPoints(nullptr, world.window->Handle(), reinterpret_cast<POINT*>(&area), 2);
+  return area;
+}
+
+TEST(ControlWindow, ShowsTheCaptionThePeriodAndTheHeadings) {
+  UiWorld world;
+  world.Start();
+  EXPECT_EQ(TextOfChild(world, ids::kTitle), "物料类别维护");
+  EXPECT_EQ(TextOfChild(world, ids::kPeriod), "2008年第3期");
+  EXPECT_EQ(TextOfChild(world, ids::kClassHeading), "物料类别");
+  EXPECT_EQ(TextOfChild(world, ids::kItemHeading), "物料明细");
+  KeepPicture(world.host.Handle(), "control");
+}
+
+TEST(ControlWindow, GivesEveryPaneItsVisibleNameAndId) {
+  UiWorld world;
+  world.Start();
+  EXPECT_EQ(Utf8(windows::TextOf(world.Tree())), "物料类别");
+  EXPECT_EQ(Utf8(windows::TextOf(world.Grid())), "物料明细");
+  for (int id = ids::kTitle; id <= ids::kFontLabel; ++id) {
+    const HWND child = id == ids::kGrid ? world.Grid() : world.Child(id);
+    EXPECT_NE(child, nullptr) << id;
+  }
+}
+
+TEST(ControlWindow, PlacesNeighboursWithoutGapOrOverlap) {
+  UiWorld world(813, 477);
+  world.Start();
+  const RECT tree = PlaceOf(world, world.Tree());
+  const RECT splitter = PlaceOf(world, world.Child(ids::kSplitter));
+  const RECT pane = PlaceOf(world, world.Child(ids::kGridPane));
+  const RECT heading = PlaceOf(world, world.Child(ids::kClassHeading));
+  const RECT status = PlaceOf(world, world.Child(ids::kStatusBar));
+  EXPECT_EQ(tree.left, 0);
+  EXPECT_EQ(tree.right, splitter.left);
+  EXPECT_EQ(splitter.right, pane.left);
+  EXPECT_EQ(heading.bottom, tree.top);
+  EXPECT_EQ(tree.bottom, status.top);
+  EXPECT_LE(813 - pane.right, 1);
+  EXPECT_LE(477 - status.bottom, 1);
+}
+
+TEST(ControlWindow, FollowsItsContainerThroughManySizes) {
+  UiWorld world;
+  world.Start();
+  for (const SIZE size : {SIZE{1200, 700}, {300, 200}, {40, 20}, {0, 0}, {900, 560}}) {
+    world.window->MoveTo({0, 0, size.cx, size.cy});
+    RunMessages();
+    const int dpi = windows::Dpi::Of(world.window->Handle()).Value();
+    EXPECT_EQ(world.window->ControlSize().width, size.cx * 1440 / dpi);
+    EXPECT_EQ(world.window->ControlSize().height, size.cy * 1440 / dpi);
+    EXPECT_LE(PlaceOf(world, world.Child(ids::kStatusBar)).bottom, size.cy);
+  }
+  EXPECT_EQ(PlaceOf(world, world.Tree()).top, PlaceOf(world, world.Child(ids::kGridPane)).top);
+}
+
+TEST(ControlWindow, WorksBeforeAnyContainerShowsIt) {
+  UiWorld world;
+  world.window->SetTitle(u"标题");
+  world.window->InsertNode(1, kNoNode, u"物料");
+  world.window->SelectNode(1);
+  EXPECT_EQ(world.window->SelectedNode(), 1);
+  EXPECT_EQ(TextOfChild(world, ids::kTitle), "标题");
+  EXPECT_FALSE(IsWindowVisible(world.window->Handle()));
+  EXPECT_GT(world.window->MeasureLabel(Font{}), 100);
+}
+
+TEST(ControlWindow, KeepsItsContentWhileItIsParked) {
+  UiWorld world;
+  world.Start();
+  world.window->Park();
+  EXPECT_FALSE(IsWindowVisible(world.window->Handle()));
+  EXPECT_FALSE(IsChild(world.host.Handle(), world.window->Handle()));
+  world.window->MoveInto(world.host.Handle(), world.host.Inside());
+  EXPECT_TRUE(IsWindowVisible(world.Tree()));
+  EXPECT_EQ(TreeView_GetCount(world.Tree()), 13u);
+}
+
+TEST(ControlWindow, IsHarmlessAfterItsContainerHasDestroyedIt) {
+  UiWorld world;
+  world.Start();
+  DestroyWindow(world.host.Handle());
+  RunMessages();
+  EXPECT_EQ(world.window->Handle(), nullptr);
+  world.window->SetTitle(u"x");
+  world.window->SetTitleFont(u"宋体", 134, 18);
+  world.window->SetToolStripButtonEnabled(2, false);
+  world.window->Place(Layout{});
+  // What was selected is still known, so that the control can keep it.
+  EXPECT_NE(world.window->SelectedNode(), kNoNode);
+  world.window->ClearNodes();
+  world.window->InsertNode(1, kNoNode, u"物料");
+  world.window->SelectNode(1);
+  world.window->SetRedraw(true);
+  world.window->SetTreeFont(Font{});
+  world.window->SetWaiting(true);
+  world.window->SetWaiting(false);
+  world.window->SetFocusFirst(false);
+  world.window->Park();
+  world.window->MoveTo({0, 0, 10, 10});
+  EXPECT_EQ(world.window->SelectedNode(), kNoNode);
+  EXPECT_EQ(world.window->MeasureLabel(Font{}), 0);
+  EXPECT_EQ(world.window->ControlSize().width, 0);
+  world.control->ItemCells().SetMaxRows(3);
+}
+
+TEST(ControlWindow, TakesItsChildrenAlongWhenItDiesFirst) {
+  UiWorld world;
+  world.Start();
+  const HWND handle = world.window->Handle();
+  const HWND tree = world.Tree();
+  world.window->Attach(nullptr);
+  world.control.reset();
+  world.window.reset();
+  EXPECT_FALSE(IsWindow(handle));
+  EXPECT_FALSE(IsWindow(tree));
+  EXPECT_TRUE(IsWindow(world.host.Handle()));
+  // The classes went with the last window, so that the module can be unloaded.
+  WNDCLASSW description{};
+  EXPECT_FALSE(GetClassInfoW(GetModuleHandleW(nullptr), L"PriceDown.Grid", &description));
+}
+
+TEST(ControlWindow, LetsTwoControlsLiveAndDieApart) {
+  UiWorld first;
+  first.Start();
+  {
+    UiWorld second;
+    second.Start();
+    EXPECT_EQ(TreeView_GetCount(second.Tree()), 13u);
+  }
+  first.Click(first.Tree(), first.NodePoint(3));
+  EXPECT_EQ(first.control->ItemCells().MaxRows(), 17);
+}
+
+TEST(ControlWindow, LetsTheSuiteReplaceCaptions) {
+  UiWorld world;
+  const ObjectPtr form = world.window->Form();
+  EXPECT_EQ(Utf8(form->Get(u"Name").Text()), "PriceDown");
+  const ObjectPtr controls = form->Get(u"Controls").Object();
+  std::string names;
+  for (std::int32_t i = 0; i < controls->Get(u"Count").Int32(); ++i) {
+    names += Utf8(controls->Call(u"Item", {i}).Object()->Get(u"Name").Text()) + " ";
+  }
+  EXPECT_EQ(names,
+            "lbl_Title lblPeriod SSPTitleClass SSPTitleItem Label1 Label2 tbToolBar.Add "
+            "tbToolBar.Edit tbToolBar.Del tbToolBar.Print tbToolBar.PrintView tbToolBar.Exit ");
+  controls->Call(u"Item", {u"ssptitleclass"}).Object()->Put(u"Caption", u"Classes");
+  EXPECT_EQ(TextOfChild(world, ids::kClassHeading), "Classes");
+  for (const auto& [name, id] :
+       {std::pair{u"Label1", ids::kFirstLabel}, std::pair{u"Label2", ids::kSecondLabel}}) {
+    EXPECT_EQ(TextOfChild(world, id), "");
+    controls->Call(u"Item", {name}).Object()->Put(u"Caption", name);
+    EXPECT_EQ(TextOfChild(world, id), Utf8(name));
+  }
+  const ObjectPtr add = controls->Call(u"Item", {u"tbToolBar.Add"}).Object();
+  EXPECT_EQ(Utf8(add->Get(u"Caption").Text()), "新增");
+  add->Put(u"Caption", u"Add");
+  EXPECT_EQ(Utf8(add->Get(u"Caption").Text()), "Add");
+  EXPECT_THROW(controls->Call(u"Item", {99}), AutomationError);
+  EXPECT_THROW(controls->Call(u"Item", {u"nothing"}), AutomationError);
+}
+
+TEST(ControlWindow, ItsFormOutlivesIt) {
+  ObjectPtr label;
+  {
+    UiWorld world;
+    label = world.window->Form()->Get(u"Controls").Object()->Call(u"Item", {0}).Object();
+  }
+  label->Put(u"Caption", u"x");
+  EXPECT_EQ(Utf8(label->Get(u"Caption").Text()), "");
+}
+
+TEST(ControlWindow, PaintsItsLabelsAnewWhenItsWidthChanges) {
+  UiWorld world;
+  world.Start();
+  const ObjectPtr controls = world.window->Form()->Get(u"Controls").Object();
+  controls->Call(u"Item", {u"Label1"}).Object()->Put(u"Caption", u"单位：元");
+  controls->Call(u"Item", {u"Label2"}).Object()->Put(u"Caption", u"第一册");
+  for (const int width : {260, 900, 420, 700, 300, 900}) {
+    world.window->MoveTo({0, 0, width, 560});
+    RunMessages();
+    const Picture resized = TakePicture(world.window->Handle());
+    RedrawWindow(world.window->Handle(), nullptr, nullptr,
+                 RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    RunMessages();
+    const Picture repainted = TakePicture(world.window->Handle());
+    EXPECT_EQ(resized.pixels, repainted.pixels) << width;
+    if (width == 260) KeepPicture(world.host.Handle(), "narrow title");
+  }
+  KeepPicture(world.host.Handle(), "labels filled");
+}
+
+TEST(ControlWindow, PutsAQuitMessageBackAfterPendingMessages) {
+  UiWorld world;
+  PostThreadMessageW(GetCurrentThreadId(), WM_APP, 0, 0);
+  PostQuitMessage(7);
+  world.screen->RunPendingMessages();
+  MSG message{};
+  ASSERT_TRUE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
+  EXPECT_EQ(message.message, static_cast<UINT>(WM_QUIT));
+  EXPECT_EQ(message.wParam, 7u);
+}
+
+TEST(ControlWindow, DrawsItselfForAContainer) {
+  UiWorld world;
+  world.Start();
+  // Small enough at every resolution to need no scroll bars, which are not drawn.
+  for (std::int32_t column = 1; column <= 4; ++column) {
+    world.control->ItemCells().SetColumnWidth(column, 4);
+  }
+  TreeView_Expand(world.Tree(), TreeView_GetRoot(world.Tree()), TVE_COLLAPSE);
+  RunMessages();
+  const RECT area = world.host.Inside();
+  const HDC screen = GetDC(nullptr);
+  const HDC memory = CreateCompatibleDC(screen);
+  const HBITMAP bitmap = CreateCompatibleBitmap(screen, area.right, area.bottom);
+  const HGDIOBJ previous = SelectObject(memory, bitmap);
+  world.window->Draw(memory, area);
+  const Picture drawn = TakePicture(memory, area);
+  SelectObject(memory, previous);
+  DeleteObject(bitmap);
+  DeleteDC(memory);
+  ReleaseDC(nullptr, screen);
+  KeepPicture(drawn, "drawn for a container");
+  const Picture shown = TakePicture(world.window->Handle());
+  int different = 0;
+  for (std::size_t i = 0; i < shown.pixels.size(); ++i) {
+    different += drawn.pixels[i] != shown.pixels[i];
+  }
+  EXPECT_EQ(different, 0);
+}
+
+TEST(ControlWindow, GivesTheFocusOfAHiddenStripToTheTree) {
+  UiWorld world;
+  world.Start();
+  const auto tool = world.control->Bar()->Add({u"iToolBar", u"", u"", u""});
+  SetFocus(world.Strip());
+  ASSERT_EQ(GetFocus(), world.Strip());
+  tool->Click();
+  EXPECT_FALSE(IsWindowVisible(world.Strip()));
+  EXPECT_EQ(GetFocus(), world.Tree());
+}
+
+TEST(ControlWindow, LeavesTheHostsFocusAloneWhenTheStripIsHidden) {
+  UiWorld world;
+  world.Start();
+  const auto tool = world.control->Bar()->Add({u"iToolBar", u"", u"", u""});
+  SetFocus(world.Strip());
+  SetFocus(world.host.Handle());
+  tool->Click();
+  EXPECT_EQ(GetFocus(), world.host.Handle());
+  // The child that had it last is not there any more.
+  SetFocus(world.window->Handle());
+  EXPECT_EQ(GetFocus(), world.Tree());
+}
+
+TEST(ControlWindow, ShowsTheWholeLayoutInSystemColoursAfterTheyChange) {
+  UiWorld world;
+  world.Start();
+  const Picture before = TakePicture(world.window->Handle());
+  SendMessageW(world.window->Handle(), WM_SYSCOLORCHANGE, 0, 0);
+  SendMessageW(world.window->Handle(), WM_THEMECHANGED, 0, 0);
+  SendMessageW(world.window->Handle(), WM_SETTINGCHANGE, 0, 0);
+  const Picture after = TakePicture(world.window->Handle());
+  EXPECT_EQ(before.pixels, after.pixels);
+}
+
+}  // namespace
+}  // namespace pricedown::testing

@@ -1,0 +1,156 @@
+// The status bar, the hourglass and the progress bar: what the control says of its rows and of work
+// that takes long.
+#include <windows.h>
+
+#include <commctrl.h>
+#include <gtest/gtest.h>
+
+#include <array>
+
+#include "store/statements.h"
+#include "tests/support/utf8.h"
+#include "tests/windows/base/picture.h"
+#include "tests/windows/control/ui_world.h"
+#include "windows/base/control_ids.h"
+#include "windows/com/wide_text.h"
+
+namespace pricedown::testing {
+namespace {
+
+namespace ids = windows::control_ids;
+
+std::string Panel(const UiWorld& world, int panel) {
+  std::array<wchar_t, 200> text{};
+  SendMessageW(world.Child(ids::kStatusBar), SB_GETTEXTW, static_cast<WPARAM>(panel),
+               reinterpret_cast<LPARAM>(text.data()));
+  return Utf8(windows::FromWide(text.data()));
+}
+
+bool ShowsProgress(const UiWorld& world) {
+  return IsWindowVisible(world.Child(ids::kProgressBar)) != FALSE;
+}
+
+constexpr DWORD kLong = 350;  // milliseconds
+
+TEST(ControlWindow, TellsTheNumberOfItemsAndTheClass) {
+  UiWorld world;
+  world.Start();
+  world.Click(world.Tree(), world.NodePoint(6));
+  EXPECT_EQ(Panel(world, 0), "05(外购半成品)    共 50 项物料");
+  EXPECT_TRUE(Panel(world, 1).starts_with("用时 ")) << Panel(world, 1);
+  world.Click(world.Tree(), world.NodePoint(4));
+  EXPECT_EQ(Panel(world, 0), "03(包装物)    共 0 项物料");
+  KeepPicture(world.host.Handle(), "empty class");
+}
+
+TEST(ControlWindow, NamesNoClassThatTheFormHasTaken) {
+  UiWorld world;
+  world.Start();
+  // From the second load on with all that the form takes.
+  AnswerStatement(world.suite.factory, statements::ItemsOfClass(u"05"),
+                  ItemRows(kTwoItems, u"05", u"外购半成品"));
+  world.Click(world.Tree(), world.NodePoint(6));
+  world.Click(world.Tree(), world.NodePoint(6));
+  EXPECT_EQ(Panel(world, 0), "05(外购半成品)    共 2 项物料");
+  // The strip's command repaints the grid behind itself.
+  world.control->ToolStripButtonClicked(u"Edit");
+  EXPECT_EQ(Panel(world, 0), "请重新选择物料类别    共 2 项物料");
+  KeepPicture(world.host.Handle(), "class to select again");
+  world.Click(world.Tree(), world.NodePoint(6));
+  EXPECT_EQ(Panel(world, 0), "05(外购半成品)    共 2 项物料");
+  // The host's own call tells nothing; the focus comes back when the form has closed.
+  world.control->editRecord();
+  SetFocus(nullptr);
+  SetFocus(world.Tree());
+  EXPECT_EQ(Panel(world, 0), "请重新选择物料类别    共 2 项物料");
+}
+
+TEST(ControlWindow, ShowsTheHourglassOverItselfWhileWaiting) {
+  UiWorld world;
+  world.Start();
+  const auto ask = [&] {
+    return SendMessageW(world.window->Handle(), WM_SETCURSOR,
+                        reinterpret_cast<WPARAM>(world.Grid()), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+  };
+  world.screen->SetMousePointer(MousePointer::Hourglass);
+  EXPECT_EQ(ask(), TRUE);
+  EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_WAIT));
+  world.screen->SetMousePointer(MousePointer::Default);
+  EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_ARROW));
+  EXPECT_NE(ask(), TRUE);
+}
+
+TEST(ControlWindow, ShowsTheProgressBarWhileALongTreeIsFilled) {
+  UiWorld world;
+  world.Start();
+  world.window->SetRedraw(false);
+  world.window->ClearNodes();
+  world.window->InsertNode(1, kNoNode, u"物料");
+  EXPECT_FALSE(ShowsProgress(world));
+  Sleep(kLong);
+  for (NodeIndex index = 2; index <= 1024; ++index) world.window->InsertNode(index, 1, u"类别");
+  EXPECT_TRUE(ShowsProgress(world));
+  EXPECT_EQ(Panel(world, 2), "请稍候…");
+  KeepPicture(world.host.Handle(), "progress");
+  world.window->SetRedraw(true);
+  EXPECT_FALSE(ShowsProgress(world));
+  EXPECT_EQ(Panel(world, 2), "");
+}
+
+TEST(ControlWindow, ShowsTheProgressBarOnceTheItemsOfALongLoadArrive) {
+  UiWorld world;
+  world.Start();
+  world.control->ItemCells().SetRedraw(true);
+  world.window->SetWaiting(true);
+  world.control->ItemCells().Repaint();
+  EXPECT_FALSE(ShowsProgress(world));
+  Sleep(kLong);
+  EXPECT_FALSE(ShowsProgress(world));
+  world.control->ItemCells().NotifyFilling();
+  EXPECT_TRUE(ShowsProgress(world));
+  world.window->SetWaiting(false);
+  EXPECT_FALSE(ShowsProgress(world));
+  // Without a load nothing is shown, however long ago the last one began.
+  world.control->ItemCells().NotifyFilling();
+  EXPECT_FALSE(ShowsProgress(world));
+}
+
+TEST(ControlWindow, ShowsTheProgressBarWhileItWaitsForWorkThatTookLongBefore) {
+  UiWorld world;
+  world.Start();
+  world.window->SetWaiting(true);
+  EXPECT_FALSE(ShowsProgress(world));
+  Sleep(kLong);
+  world.window->SetWaiting(false);
+  world.window->SetWaiting(true);
+  EXPECT_TRUE(ShowsProgress(world));
+  world.window->SetWaiting(false);
+  EXPECT_FALSE(ShowsProgress(world));
+  // The last time was short.
+  world.window->SetWaiting(true);
+  EXPECT_FALSE(ShowsProgress(world));
+  world.window->SetWaiting(false);
+}
+
+TEST(ControlWindow, DrawsTheNextItemsAfterALoadThatFailed) {
+  UiWorld world;
+  world.Start();
+  world.Click(world.Tree(), world.NodePoint(3));
+  world.Click(world.Tree(), world.NodePoint(6));
+  const Picture before = TakePicture(world.Grid());
+  // From the second time on: a recordset whose rows cannot be read, so that the load ends while
+  // the grid's redrawing is off.
+  AnswerStatement(world.suite.factory, statements::ItemsOfClass(u"02"),
+                  Rows({u"FNumber"}, {{u"02.01.000"}}));
+  world.Click(world.Tree(), world.NodePoint(3));
+  ASSERT_EQ(world.suite.Messages(), 1u);
+  ASSERT_FALSE(world.control->ItemCells().Redraw());
+  KeepPicture(world.host.Handle(), "after a failed load");
+  world.Click(world.Tree(), world.NodePoint(6));
+  EXPECT_TRUE(world.control->ItemCells().Redraw());
+  EXPECT_EQ(Panel(world, 0), "05(外购半成品)    共 50 项物料");
+  EXPECT_EQ(TakePicture(world.Grid()).pixels, before.pixels);
+}
+
+}  // namespace
+}  // namespace pricedown::testing

@@ -1,0 +1,140 @@
+#include <gtest/gtest.h>
+
+#include "store/statements.h"
+#include "tests/windows/base/picture.h"
+#include "tests/windows/control/ui_world.h"
+#include "windows/base/control_ids.h"
+
+namespace pricedown::testing {
+namespace {
+
+namespace ids = windows::control_ids;
+
+class TreeWindow : public ::testing::Test {
+ protected:
+  TreeWindow() { world_.Start(); }
+
+  // How often the items of a class were asked for since the start of the test.
+  std::size_t Loads(std::u16string_view classNumber) const {
+    return world_.suite.log.Count(ExecuteLine(statements::ItemsOfClass(classNumber)));
+  }
+
+  UiWorld world_;
+};
+
+TEST_F(TreeWindow, ReportsAClickOnce) {
+  world_.Click(world_.Tree(), world_.NodePoint(3));
+  EXPECT_EQ(Loads(u"02"), 1u);
+  EXPECT_EQ(world_.window->SelectedNode(), 3);
+  EXPECT_EQ(world_.control->ItemCells().MaxRows(), 17);
+  KeepPicture(world_.host.Handle(), "clicked");
+}
+
+TEST_F(TreeWindow, ReportsAClickOnTheSelectedNodeAgain) {
+  world_.Click(world_.Tree(), world_.NodePoint(3));
+  world_.Click(world_.Tree(), world_.NodePoint(3));
+  EXPECT_EQ(Loads(u"02"), 2u);
+}
+
+TEST_F(TreeWindow, ReportsNoSelectionThatTheCoreMade) {
+  const std::size_t before = world_.suite.log.Size();
+  world_.window->SelectNode(5);
+  RunMessages();
+  EXPECT_EQ(world_.window->SelectedNode(), 5);
+  EXPECT_EQ(world_.suite.log.Size(), before);
+}
+
+TEST_F(TreeWindow, ReportsNothingForTheExpandButton) {
+  world_.window->SelectNode(1);
+  RECT client{};
+  GetClientRect(world_.Tree(), &client);
+  TVHITTESTINFO hit{};
+  const POINT root = world_.NodePoint(1);
+  for (hit.pt = {0, root.y}; hit.pt.x < root.x; ++hit.pt.x) {
+    hit.flags = 0;
+    TreeView_HitTest(world_.Tree(), &hit);
+    if ((hit.flags & TVHT_ONITEMBUTTON) != 0) break;
+  }
+  ASSERT_LT(hit.pt.x, root.x);
+  const std::size_t before = world_.suite.log.Size();
+  world_.Click(world_.Tree(), {hit.pt.x + 2, hit.pt.y});
+  EXPECT_EQ(world_.suite.log.Size(), before);
+  EXPECT_EQ(TreeView_GetVisibleCount(world_.Tree()) > 0, true);
+}
+
+TEST_F(TreeWindow, SelectsByKeyboard) {
+  world_.Click(world_.Tree(), world_.NodePoint(2));
+  world_.Press(VK_DOWN);
+  EXPECT_EQ(world_.window->SelectedNode(), 3);
+  EXPECT_EQ(Loads(u"02"), 1u);
+  world_.Press(VK_END);
+  EXPECT_EQ(world_.window->SelectedNode(), 13);
+  EXPECT_EQ(Loads(u"12"), 1u);
+  world_.Press(VK_HOME);
+  EXPECT_EQ(world_.window->SelectedNode(), 1);
+  EXPECT_EQ(Loads(u"0"), 1u);
+}
+
+TEST_F(TreeWindow, TakingTheFocusSelectsNothing) {
+  SetFocus(world_.Grid());
+  world_.control->ToolStripButtonClicked(u"unknown");
+  ASSERT_EQ(world_.window->SelectedNode(), kNoNode);
+  const std::size_t before = world_.suite.log.Size();
+  SetFocus(world_.Tree());
+  RunMessages();
+  EXPECT_EQ(world_.window->SelectedNode(), kNoNode);
+  EXPECT_EQ(world_.suite.log.Size(), before);
+}
+
+TEST_F(TreeWindow, BeginsAtTheFirstNodeWhenAKeyFindsNoneSelected) {
+  world_.control->ToolStripButtonClicked(u"unknown");
+  SetFocus(world_.Tree());
+  world_.Press(VK_DOWN);
+  EXPECT_EQ(world_.window->SelectedNode(), 1);
+  EXPECT_EQ(Loads(u"0"), 1u);
+}
+
+TEST_F(TreeWindow, ShowsTheClassesOfTheRootUnlessTheUserClosedIt) {
+  const auto expanded = [&] {
+    return (TreeView_GetItemState(world_.Tree(), TreeView_GetRoot(world_.Tree()), TVIS_EXPANDED) &
+            TVIS_EXPANDED) != 0;
+  };
+  EXPECT_TRUE(expanded());
+  TreeView_Expand(world_.Tree(), TreeView_GetRoot(world_.Tree()), TVE_COLLAPSE);
+  world_.control->ToolStripButtonClicked(u"unknown");
+  EXPECT_FALSE(expanded());
+  TreeView_Expand(world_.Tree(), TreeView_GetRoot(world_.Tree()), TVE_EXPAND);
+  world_.control->ToolStripButtonClicked(u"unknown");
+  EXPECT_TRUE(expanded());
+}
+
+TEST_F(TreeWindow, ShowsClosedAndOpenFolders) {
+  TVITEMW item{};
+  item.mask = TVIF_IMAGE | TVIF_SELECTEDIMAGE;
+  item.hItem = TreeView_GetRoot(world_.Tree());
+  ASSERT_TRUE(TreeView_GetItem(world_.Tree(), &item));
+  EXPECT_EQ(item.iImage, 0);
+  EXPECT_EQ(item.iSelectedImage, 1);
+  EXPECT_EQ(ImageList_GetImageCount(TreeView_GetImageList(world_.Tree(), TVSIL_NORMAL)), 2);
+}
+
+TEST_F(TreeWindow, TakesAnotherFont) {
+  const int before = TreeView_GetItemHeight(world_.Tree());
+  world_.window->SetTreeFont(Font{u"宋体", 18, false, false});
+  EXPECT_GT(TreeView_GetItemHeight(world_.Tree()), before);
+}
+
+TEST_F(TreeWindow, TakesTwentyThousandClasses) {
+  world_.window->SetRedraw(false);
+  world_.window->ClearNodes();
+  world_.window->InsertNode(1, kNoNode, u"物料");
+  for (NodeIndex index = 2; index <= 20001; ++index) world_.window->InsertNode(index, 1, u"类别");
+  world_.window->SetRedraw(true);
+  EXPECT_EQ(TreeView_GetCount(world_.Tree()), 20001u);
+  world_.window->SelectNode(20001);
+  EXPECT_EQ(world_.window->SelectedNode(), 20001);
+  EXPECT_FALSE(IsWindowVisible(world_.Child(ids::kProgressBar)));
+}
+
+}  // namespace
+}  // namespace pricedown::testing

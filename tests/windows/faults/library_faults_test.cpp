@@ -1,0 +1,272 @@
+// What must hold when the system refuses the built library a window, a menu, memory or a font in
+// the middle of anything: no crash, the failure reaches the caller, and the control goes on.
+// Failures of the suite are tested in windows/server/faults_test.cpp, of the core in tests/faults.
+#include <gtest/gtest.h>
+#include <olectl.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <iostream>
+#include <string>
+
+#include "tests/windows/conformance/process_resources.h"
+#include "tests/windows/faults/import_faults.h"
+#include "tests/windows/raw_call.h"
+#include "tests/windows/server/control_host.h"
+#include "windows/base/control_ids.h"
+#include "windows/com/variant_value.h"
+
+namespace pricedown::testing {
+namespace {
+
+using windows::ComPtr;
+
+// Closes each dialog, form and message box of the thread as soon as it sees it.
+class ImpatientUser {
+ public:
+  ImpatientUser() : timer_(SetTimer(nullptr, 0, 10, &OnTimer)) { Forget(); }
+  ~ImpatientUser() { KillTimer(nullptr, timer_); }
+  ImpatientUser(const ImpatientUser&) = delete;
+  ImpatientUser& operator=(const ImpatientUser&) = delete;
+
+  void Forget() { sawForm_ = sawBox_ = false; }
+  bool SawForm() const { return sawForm_; }
+  bool SawBox() const { return sawBox_; }
+
+ private:
+  static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD) {
+    EnumThreadWindows(GetCurrentThreadId(), OnWindow, 0);
+  }
+
+  static BOOL CALLBACK OnWindow(HWND window, LPARAM) {
+    if (IsWindowVisible(window) == FALSE) return TRUE;
+    wchar_t name[32] = {};
+    GetClassNameW(window, name, 32);
+    const std::wstring kind = name;
+    if (kind == L"#32770") {
+      PostMessageW(window, WM_COMMAND, GetDlgItem(window, IDNO) != nullptr ? IDNO : IDOK, 0);
+      sawBox_ = true;
+    } else if (kind == L"PriceDown.ItemClass" || kind == L"PriceDown.Preview") {
+      PostMessageW(window, WM_CLOSE, 0, 0);
+      sawForm_ = true;
+    }
+    return TRUE;
+  }
+
+  UINT_PTR timer_;
+  static inline bool sawForm_ = false;
+  static inline bool sawBox_ = false;
+};
+
+// Ends the program when one run of an operation takes too long: whatever waits for ever cannot be
+// ended from inside.
+class TimeLimit {
+ public:
+  TimeLimit() {
+    static const HANDLE watch = CreateThread(nullptr, 0, &Watch, nullptr, 0, nullptr);
+    EXPECT_NE(watch, nullptr);
+    began_ = GetTickCount64();
+  }
+  ~TimeLimit() { began_ = 0; }
+  TimeLimit(const TimeLimit&) = delete;
+  TimeLimit& operator=(const TimeLimit&) = delete;
+
+ private:
+  static constexpr ULONGLONG kLimit = 60'000;  // milliseconds
+  static constexpr UINT kHangs = 4;
+
+  static DWORD WINAPI Watch(void*) {
+    for (;; Sleep(1'000)) {
+      const ULONGLONG began = began_;
+      if (began == 0 || GetTickCount64() - began < kLimit) continue;
+      std::puts("[  FAILED  ] an operation does not end");
+      std::fflush(stdout);
+      TerminateProcess(GetCurrentProcess(), kHangs);
+    }
+  }
+
+  static inline std::atomic<ULONGLONG> began_ = 0;
+};
+
+constexpr int kRounds = 3;
+
+struct Kind {
+  const char* name;
+  FaultKind kind;
+};
+
+constexpr Kind kKinds[] = {{"windows", FaultKind::Windows},
+                           {"blocks at the boundary", FaultKind::Boundary},
+                           {"fonts, bitmaps and the like", FaultKind::Drawing},
+                           {"allocations", FaultKind::Memory}};
+
+// Gets the number of the call that fails, 0 for none.
+using Operation = std::function<void(int failing)>;
+
+void RunOnce(ImportFaults& faults, FaultKind kind, int failing, const Operation& operation) {
+  const TimeLimit limit;
+  faults.Fail(kind, failing);
+  operation(failing);
+  faults.Stop();
+}
+
+// Of each kind; PRICEDOWN_FAULT_POINTS in the environment asks for more.
+int PointsAskedFor(int usual) {
+  const char* const asked = std::getenv("PRICEDOWN_FAULT_POINTS");
+  return asked == nullptr ? usual : std::max(usual, std::atoi(asked));
+}
+
+// Each of so many calls failing in turn, or a spread of not more than `most`, because every run
+// costs a whole operation. Answers how many it were.
+int FailSpread(ImportFaults& faults, FaultKind kind, int count, int most,
+               const Operation& operation) {
+  const int step = std::max(1, (count + most - 1) / most);
+  int points = 0;
+  for (int point = 1; point <= count; point += step, ++points) {
+    SCOPED_TRACE("number " + std::to_string(point) + " of " + std::to_string(count));
+    RunOnce(faults, kind, point, operation);
+  }
+  return points;
+}
+
+bool HasGrown(const ProcessResources& before, const ProcessResources& after) {
+  return after.handles > before.handles || after.gdiObjects > before.gdiObjects ||
+         after.userObjects > before.userObjects;
+}
+
+int covered = 0;
+
+// Runs it undisturbed, then with calls of each kind failing. What grows may be a cache of the
+// system; what grows again is a leak.
+void FailEach(ImportFaults& faults, int most, const Operation& operation) {
+  for (const Kind& kind : kKinds) {
+    SCOPED_TRACE(kind.name);
+    // Twice, because the first time fills caches.
+    RunOnce(faults, kind.kind, 0, operation);
+    RunOnce(faults, kind.kind, 0, operation);
+    const int count = faults.Stop();
+    int points = 0;
+    bool grown = true;
+    for (int round = 0; round < kRounds && grown; ++round) {
+      const ProcessResources before = ResourcesNow();
+      points = FailSpread(faults, kind.kind, count, PointsAskedFor(most), operation);
+      grown = HasGrown(before, ResourcesNow());
+    }
+    EXPECT_FALSE(grown) << "handles, windows, menus or GDI objects are left";
+    covered += points;
+    std::cout << "    " << points << " of " << count << " " << kind.name << "\n";
+  }
+}
+
+class LibraryFaults : public ::testing::Test {
+ protected:
+  static constexpr int kFewPoints = 8;
+  static constexpr int kSomePoints = 24;
+  static constexpr int kManyPoints = 60;
+
+  static void TearDownTestSuite() { std::cout << "    " << covered << " fault points in all\n"; }
+
+  // A member that shows a form: it does, or says or returns why not.
+  void FailForm(const wchar_t* name, int most) {
+    host.Open();
+    FailEach(faults, most, [&](int failing) {
+      user.Forget();
+      const std::string answer = Statement(host.control.get(), name);
+      faults.Stop();
+      const bool succeeds = answer == "S_OK";
+      EXPECT_TRUE(user.SawForm() || user.SawBox() || !succeeds) << "nothing is done or said";
+      EXPECT_TRUE(failing != 0 || (succeeds && user.SawForm() && !user.SawBox())) << answer;
+      ExpectUsable();
+      // The form has taken the rows of the grid; these are new.
+      SendMessageW(GetDlgItem(host.Window(), windows::control_ids::kTree), WM_KEYDOWN, VK_F5, 0);
+      host.world.log.Clear();
+    });
+    host.Close();
+  }
+
+  void ExpectUsable() {
+    EXPECT_EQ(FindWindowW(L"PriceDown.ItemClass", nullptr), nullptr);
+    EXPECT_EQ(FindWindowW(L"PriceDown.Preview", nullptr), nullptr);
+    EXPECT_NE(IsWindowEnabled(host.frame.Handle()), FALSE);
+    EXPECT_NE(host.Window(), nullptr);
+    EXPECT_EQ(Statement(host.control.get(), L"ModelCurrent"), "S_OK");
+    host.world.log.Clear();
+  }
+
+  // Failures may be told in the middle of anything.
+  ImpatientUser user;
+  ControlHost host;
+  ImportFaults faults{GetModuleHandleW(L"ZEPPriceDownPrepare.dll")};
+};
+
+TEST_F(LibraryFaults, OfCreationAreItsResult) {
+  FailEach(faults, kManyPoints, [&](int failing) {
+    const auto object = host.library.Create(CLSID_PriceDown);
+    const bool reached = faults.Stop() >= failing;
+    EXPECT_TRUE(failing == 0 || !object || reached);
+    EXPECT_TRUE(failing != 0 || object);
+    if (object) {
+      EXPECT_EQ(Statement(object.As<IDispatch>().get(), L"ModelCurrent"), "S_OK");
+    }
+  });
+}
+
+TEST_F(LibraryFaults, OfBeingTakenUpLeaveAControlForTheNextContainer) {
+  // Asked for when the name of the setting could not be kept.
+  host.world.factory.Object(u"dictionary").On(u"GetValue", R"("", "gc0")", u"gc0");
+  FailEach(faults, kFewPoints, [&](int failing) {
+    host.SetSite();
+    host.DoVerb(OLEIVERB_UIACTIVATE);
+    const std::string shown = Expression(host.control.get(), L"Show", {ObjectOf(nullptr)});
+    host.Close();
+    host.LeaveSite();
+    faults.Stop();
+    EXPECT_TRUE(failing != 0 || shown == "S_OK True") << shown;
+    EXPECT_EQ(host.Window(), nullptr);
+    host.Open();
+    ExpectUsable();
+    EXPECT_EQ(host.LeaveSite(), S_OK);
+  });
+}
+
+TEST_F(LibraryFaults, OfAddingAreTold) { FailForm(L"addRecord", kSomePoints); }
+
+TEST_F(LibraryFaults, OfChangingAreTold) { FailForm(L"editRecord", kFewPoints); }
+
+TEST_F(LibraryFaults, OfPreviewingAreTold) { FailForm(L"PreviewPara", kFewPoints); }
+
+TEST_F(LibraryFaults, OfAskingDeleteNothing) {
+  host.Open();
+  FailEach(faults, kManyPoints, [this](int failing) {
+    user.Forget();
+    const std::string answer = Statement(host.control.get(), L"delRecord");
+    faults.Stop();
+    EXPECT_TRUE(failing != 0 || (answer == "S_OK" && user.SawBox())) << answer;
+    EXPECT_EQ(host.world.log.Text().find("elete"), std::string::npos) << host.world.log.Text();
+    ExpectUsable();
+  });
+  host.Close();
+}
+
+TEST_F(LibraryFaults, OfDrawingLeaveTheControlAlive) {
+  host.Open();
+  FailEach(faults, kManyPoints, [&](int failing) {
+    const HDC context = CreateMetaFileW(nullptr);
+    const RECTL bounds{0, 0, 300, 200};
+    const HRESULT code = host.As<IViewObject2>()->Draw(
+        DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, context, &bounds, nullptr, nullptr, 0);
+    DeleteMetaFile(CloseMetaFile(context));
+    RedrawWindow(host.Window(), nullptr, nullptr,
+                 RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    faults.Stop();
+    EXPECT_TRUE(failing != 0 || code == S_OK);
+    ExpectUsable();
+  });
+  host.Close();
+}
+
+}  // namespace
+}  // namespace pricedown::testing

@@ -1,0 +1,82 @@
+// What the grid draws, and how it follows its grid to its end.
+#include <set>
+
+#include "tests/windows/base/picture.h"
+#include "tests/windows/grid/grid_world.h"
+
+namespace pricedown::testing {
+namespace {
+
+TEST_F(GridWindow, AnEmptyGridShowsTitlesAndGridLines) {
+  grid_.SetMaxRows(0);
+  const Picture picture = TakePicture(Handle());
+  std::set<int> lines;
+  const int middle = CellPoint(2, 1).x;
+  const std::uint32_t background = picture.At(middle, picture.height - 2 * Scale(10));
+  for (int y = window_.Geometry().TitleHeight(); y < picture.height; ++y) {
+    if (picture.At(middle, y) != picture.At(middle, y - 1)) lines.insert(y);
+  }
+  EXPECT_GT(lines.size(), 10u) << std::hex << background;
+  KeepPicture(host_.Handle(), "grid empty");
+}
+
+// The system's tooltip background for a test.
+class TooltipColour {
+ public:
+  explicit TooltipColour(COLORREF colour) : before_(GetSysColor(index_)) { Set(colour); }
+  ~TooltipColour() { Set(before_); }
+  TooltipColour(const TooltipColour&) = delete;
+  TooltipColour& operator=(const TooltipColour&) = delete;
+
+ private:
+  static void Set(COLORREF colour) { SetSysColors(1, &index_, &colour); }
+
+  static constexpr int index_ = COLOR_INFOBK;
+  COLORREF before_;
+};
+
+TEST_F(GridWindow, ShowsLockedCellsInTheTooltipColour) {
+  const TooltipColour yellow(RGB(0xFF, 0xFF, 0xE1));
+  grid_.SetBlockMode(true);
+  grid_.SetBlock({1, 1, 3, 100});
+  grid_.ColourBlock(0x0000FF);  // red, as automation colours have it
+  const POINT inside = CellPoint(2, 3);
+  EXPECT_EQ(TakePicture(Handle()).At(inside.x, inside.y), 0xFF0000u);
+  grid_.ColourBlock(kTooltipBackground);
+  EXPECT_EQ(TakePicture(Handle()).At(inside.x, inside.y), 0xFFFFE1u);
+}
+
+TEST_F(GridWindow, TellsLockedCellsFromOpenOnesWhereTooltipsAreAsWhiteAsWindows) {
+  const TooltipColour white(GetSysColor(COLOR_WINDOW));
+  grid_.SetBlockMode(true);
+  grid_.SetBlock({1, 1, 3, 100});
+  grid_.ColourBlock(kTooltipBackground);
+  const POINT locked = CellPoint(2, 3);
+  const POINT open = CellPoint(4, 3);
+  const Picture picture = TakePicture(Handle());
+  EXPECT_NE(picture.At(locked.x, locked.y), picture.At(open.x, open.y));
+  EXPECT_EQ(grid_.Colour(2, 3), kTooltipBackground);
+  KeepPicture(host_.Handle(), "grid with white tooltips");
+}
+
+TEST_F(GridWindow, RowsAndTitlesFollowTheGrid) {
+  grid_.SetRowHeight(kAll, 40.2);
+  grid_.SetRowHeight(kTitleRow, 50);
+  EXPECT_EQ(window_.Geometry().RowHeight(), 41);
+  EXPECT_EQ(window_.Geometry().TitleHeight(), 50);
+  grid_.SetFont(Font{u"宋体", 30, false, false});
+  EXPECT_GT(window_.Geometry().RowHeight(), 41);
+}
+
+TEST_F(GridWindow, OutlivesItsGridWhenTold) {
+  window_.Show(nullptr);
+  TakePicture(Handle());
+  input_.Press(VK_DOWN);
+  input_.Type(u"5");
+  input_.Click(Handle(), {30, 60});
+  EXPECT_EQ(Editor(), nullptr);
+  grid_.SetMaxRows(5);
+}
+
+}  // namespace
+}  // namespace pricedown::testing

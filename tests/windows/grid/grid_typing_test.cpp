@@ -1,0 +1,153 @@
+// Typing numbers into open cells of the grid.
+#include "tests/windows/base/picture.h"
+#include "tests/windows/grid/grid_world.h"
+#include "windows/base/clipboard.h"
+#include "windows/base/plain_control.h"
+
+namespace pricedown::testing {
+namespace {
+
+TEST_F(GridWindow, TakesNumbersInAnOpenCell) {
+  input_.Click(Handle(), CellPoint(4, 2));
+  input_.Type(u"12.5");
+  ASSERT_NE(Editor(), nullptr);
+  KeepPicture(host_.Handle(), "grid editing");
+  input_.Press(VK_RETURN);
+  EXPECT_EQ(Editor(), nullptr);
+  EXPECT_EQ(Cell(4, 2), "12.50");
+  EXPECT_EQ(Current(), "4,3");
+  EXPECT_EQ(GetFocus(), Handle());
+}
+
+TEST_F(GridWindow, RefusesWhatIsNoNumberOrAboveTheBound) {
+  input_.Click(Handle(), CellPoint(4, 1));
+  input_.Type(u"9x9999 9999999");
+  EXPECT_EQ(Utf8(windows::TextOf(Editor())), "99999999999");
+  input_.Type(u".999");
+  EXPECT_EQ(Utf8(windows::TextOf(Editor())), "99999999999.99");
+  input_.Press(VK_RETURN);
+  EXPECT_EQ(Cell(4, 1), "99999999999.99");
+}
+
+TEST_F(GridWindow, F2AndEnterTypeInAnOpenCellAndEditTheClassInALockedOne) {
+  for (const WPARAM key : std::initializer_list<WPARAM>{VK_F2, VK_RETURN}) {
+    input_.Click(Handle(), CellPoint(2, 2));
+    input_.Press(key);
+    EXPECT_EQ(Editor(), nullptr);
+    EXPECT_EQ(commands_, std::vector{windows::UserCommand::Edit});
+    input_.Click(Handle(), CellPoint(4, 2));
+    input_.Press(key);
+    EXPECT_NE(Editor(), nullptr);
+    EXPECT_EQ(commands_.size(), 1u);
+    commands_.clear();
+    input_.Press(VK_ESCAPE);
+  }
+}
+
+TEST_F(GridWindow, KeepsAllKeysButFunctionKeysWhileTyping) {
+  input_.Click(Handle(), CellPoint(4, 2));
+  input_.Type(u"12");
+  for (const WPARAM key : std::initializer_list<WPARAM>{VK_INSERT, VK_DELETE, VK_F2})
+    input_.Press(key);
+  input_.PressWith(VK_CONTROL, 'P');
+  EXPECT_NE(Editor(), nullptr);
+  EXPECT_TRUE(commands_.empty());
+  input_.Press(VK_F5);
+  EXPECT_EQ(Editor(), nullptr);
+  EXPECT_EQ(Cell(4, 2), "12.00");
+  EXPECT_EQ(commands_, std::vector{windows::UserCommand::Refresh});
+}
+
+TEST_F(GridWindow, DeleteTakesADigitWhileTyping) {
+  input_.Click(Handle(), CellPoint(4, 2));
+  input_.Type(u"12");
+  input_.Press(VK_HOME);
+  input_.Press(VK_DELETE);
+  input_.Press(VK_RETURN);
+  EXPECT_EQ(Cell(4, 2), "2.00");
+  EXPECT_TRUE(commands_.empty());
+}
+
+TEST_F(GridWindow, EscapeKeepsTheOldNumber) {
+  grid_.SetText(4, 1, u"1.00");
+  input_.Click(Handle(), CellPoint(4, 1));
+  input_.Type(u"7");
+  input_.Press(VK_ESCAPE);
+  EXPECT_EQ(Editor(), nullptr);
+  EXPECT_EQ(Cell(4, 1), "1.00");
+  EXPECT_EQ(GetFocus(), Handle());
+}
+
+TEST_F(GridWindow, LeavingTheCellKeepsTheNewNumber) {
+  input_.Click(Handle(), CellPoint(4, 1));
+  input_.Type(u"7");
+  input_.Click(Handle(), CellPoint(1, 3));
+  EXPECT_EQ(Editor(), nullptr);
+  EXPECT_EQ(Cell(4, 1), "7.00");
+  EXPECT_EQ(Current(), "1,3");
+}
+
+TEST_F(GridWindow, ArrowsEndTypingAndMoveOn) {
+  input_.Click(Handle(), CellPoint(4, 1));
+  input_.Type(u"3");
+  input_.Press(VK_DOWN);
+  EXPECT_EQ(Cell(4, 1), "3.00");
+  EXPECT_EQ(Current(), "4,2");
+}
+
+TEST_F(GridWindow, ADoubleClickEditsWhatIsThere) {
+  grid_.SetText(4, 2, u"8.25");
+  input_.DoubleClick(Handle(), CellPoint(4, 2));
+  ASSERT_NE(Editor(), nullptr);
+  EXPECT_EQ(Utf8(windows::TextOf(Editor())), "8.25");
+  SendMessageW(Editor(), WM_CLEAR, 0, 0);
+  input_.Press(VK_RETURN);
+  EXPECT_EQ(Cell(4, 2), "");
+}
+
+TEST_F(GridWindow, DoesNotEditLockedCells) {
+  input_.Click(Handle(), CellPoint(1, 1));
+  input_.Type(u"5");
+  EXPECT_EQ(Editor(), nullptr);
+  grid_.SetBlockMode(true);
+  grid_.SetBlock({1, 1, 4, 100});
+  grid_.LockBlock(true);
+  input_.Click(Handle(), CellPoint(4, 1));
+  input_.Type(u"5");
+  input_.DoubleClick(Handle(), CellPoint(4, 1));
+  EXPECT_EQ(Editor(), nullptr);
+  EXPECT_EQ(Cell(4, 1), "");
+}
+
+TEST_F(GridWindow, PastesOnlyNumbers) {
+  input_.Click(Handle(), CellPoint(4, 1));
+  input_.Type(u"1");
+  ASSERT_TRUE(windows::CopyToClipboard(Handle(), u"abc"));
+  SendMessageW(Editor(), WM_PASTE, 0, 0);
+  EXPECT_EQ(Utf8(windows::TextOf(Editor())), "1");
+  ASSERT_TRUE(windows::CopyToClipboard(Handle(), u" 23.4 "));
+  SendMessageW(Editor(), WM_PASTE, 0, 0);
+  EXPECT_EQ(Utf8(windows::TextOf(Editor())), "123.4");
+}
+
+TEST_F(GridWindow, ALoadEndsTypingAndStartsAtTheTop) {
+  input_.PressWith(VK_CONTROL, VK_END);
+  input_.Type(u"4");
+  Fill(50);
+  EXPECT_EQ(Editor(), nullptr);
+  EXPECT_EQ(Current(), "1,1");
+  EXPECT_EQ(window_.Scroll().TopRow(), 1);
+}
+
+TEST_F(GridWindow, DiesWhileTyping) {
+  input_.Click(Handle(), CellPoint(4, 1));
+  input_.Type(u"6");
+  ASSERT_NE(Editor(), nullptr);
+  DestroyWindow(Handle());
+  EXPECT_EQ(Handle(), nullptr);
+  EXPECT_FALSE(window_.IsEditing());
+  grid_.SetText(1, 1, u"later");
+}
+
+}  // namespace
+}  // namespace pricedown::testing

@@ -1,0 +1,97 @@
+// A grid's window alone in a host window, with one hundred rows whose last column is open.
+// It stands in for the control: what the grid reports is kept.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tests/support/utf8.h"
+#include "tests/windows/control/ui_world.h"
+#include "windows/base/control_ids.h"
+#include "windows/base/dpi.h"
+#include "windows/grid/grid_window.h"
+
+namespace pricedown::testing {
+
+class GridWindow : public ::testing::Test, private windows::ChildEvents {
+ protected:
+  GridWindow() {
+    for (std::int32_t column = 1; column <= 4; ++column) {
+      grid_.SetText(column, kTitleRow,
+                    std::u16string(u"列") + static_cast<char16_t>(u'0' + column));
+      grid_.SetColumnWidth(column, 10);
+    }
+    Fill(100);
+    window_.Create(host_.Handle(), GetModuleHandleW(nullptr), u"物料明细");
+    window_.Show(&grid_);
+    SetWindowPos(window_.Handle(), nullptr, 0, 0, Scale(460), Scale(300), SWP_NOZORDER);
+    SetFocus(window_.Handle());
+    RunMessages();
+  }
+
+  void Fill(std::int32_t rows) {
+    grid_.SetMaxRows(0);
+    grid_.SetRedraw(false);
+    grid_.SetMaxRows(rows);
+    for (std::int32_t row = 1; row <= rows; ++row) {
+      for (std::int32_t column = 1; column <= 3; ++column) {
+        grid_.SetText(column, row, column == 1 ? u"甲" : u"乙");
+      }
+      grid_.SetUpperBound(4, row, 99999999999.99);
+    }
+    grid_.SetRedraw(true);
+    grid_.SetBlockMode(true);
+    grid_.SetBlock({1, 1, 3, rows});
+    grid_.LockBlock(true);
+    grid_.SetBlockMode(false);
+  }
+
+  int Scale(int pixels) const { return windows::Dpi::Of(host_.Handle()).Scale(pixels); }
+  HWND Handle() const { return window_.Handle(); }
+  HWND Editor() const { return GetDlgItem(Handle(), windows::control_ids::kCellEditor); }
+
+  POINT CellPoint(std::int32_t column, std::int32_t row) const {
+    const auto& geometry = window_.Geometry();
+    return {(geometry.Left(column) + geometry.Right(column)) / 2 - window_.Scroll().Left(),
+            geometry.TitleHeight() + (row - window_.Scroll().TopRow()) * geometry.RowHeight() +
+                geometry.RowHeight() / 2};
+  }
+  POINT EdgePoint(std::int32_t column) const {
+    return {window_.Geometry().Right(column) - window_.Scroll().Left(), 5};
+  }
+
+  std::string Current() const {
+    const auto& selection = window_.Selection();
+    return std::to_string(selection.column) + "," + std::to_string(selection.row);
+  }
+  CellRange Range() const { return window_.Selection().Range(); }
+  std::string Cell(std::int32_t column, std::int32_t row) const {
+    return Utf8(grid_.Text(column, row));
+  }
+
+  // ChildEvents
+  void NodeClicked(NodeIndex) override {}
+  void ToolStripButtonClicked(std::size_t) override {}
+  void CommandChosen(windows::UserCommand command) override { commands_.push_back(command); }
+  void MenuRequested(HWND, POINT) override { ++menus_; }
+  void SplitterEvent(windows::SplitterAction, std::int32_t) override {}
+  void TabPressed(bool backwards) override { tabs_ += backwards ? "<" : ">"; }
+  void FocusEntered(HWND) override {}
+  void ItemsChanged() override {}
+  void ItemsFilling() override {}
+  bool Waiting() const override { return false; }
+  std::shared_ptr<void> Hold() override { return nullptr; }
+
+  HostWindow host_{700, 500};
+  Input input_;
+  Grid grid_{4};
+  windows::GridWindow window_{*this};
+  std::string tabs_;
+  std::vector<windows::UserCommand> commands_;
+  int menus_ = 0;
+};
+
+}  // namespace pricedown::testing

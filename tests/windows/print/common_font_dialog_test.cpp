@@ -1,0 +1,170 @@
+// The system's own font dialog: what it opens with, what OK, cancel and the button for applying
+// give. The test plays the user inside of the dialog.
+#include "windows/print/common_font_dialog.h"
+
+#include <dlgs.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tests/windows/print/preview_world.h"
+
+namespace pricedown::testing {
+namespace {
+
+class HostCommands : public windows::CommandWindow {
+ public:
+  explicit HostCommands(const HostWindow& host) : host_(host) {}
+  HWND Window() const override { return host_.Handle(); }
+  HWND DialogOwner() const override { return host_.Handle(); }
+  void SetWaiting(bool) override {}
+
+ private:
+  const HostWindow& host_;
+};
+
+class CommonFontDialogTest : public ::testing::Test, public Input {
+ protected:
+  // The dialog's text in one of its lists.
+  std::string Chosen(int id) const { return Utf8(windows::TextOf(GetDlgItem(Dialog(), id))); }
+  HWND Dialog() const { return FindWindowW(L"#32770", nullptr); }
+  void Press(int button) const {
+    PostMessageW(Dialog(), WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
+                 reinterpret_cast<LPARAM>(GetDlgItem(Dialog(), button)));
+  }
+  void Choose(int list, const wchar_t* text) const {
+    const LRESULT line = SendMessageW(GetDlgItem(Dialog(), list), CB_FINDSTRINGEXACT,
+                                      static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(text));
+    ASSERT_NE(line, CB_ERR);
+    ChooseLine(list, static_cast<int>(line));
+  }
+  void ChooseLine(int list, int line) const {
+    const HWND combo = GetDlgItem(Dialog(), list);
+    SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(line), 0);
+    SendMessageW(Dialog(), WM_COMMAND, MAKEWPARAM(list, CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(combo));
+  }
+  // Under which name the system has that font.
+  static std::string Installed(const wchar_t* name) {
+    const HDC context = CreateCompatibleDC(nullptr);
+    const HFONT font =
+        CreateFontW(-20, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0, name);
+    const HGDIOBJ previous = SelectObject(context, font);
+    wchar_t face[LF_FACESIZE] = {};
+    GetTextFaceW(context, LF_FACESIZE, face);
+    SelectObject(context, previous);
+    DeleteObject(font);
+    DeleteDC(context);
+    return Utf8(windows::FromWide(face));
+  }
+  // The font chosen, or nothing when the dialog reported a cancel.
+  std::optional<Font> Show(const Font& font, Steps steps,
+                           std::function<void(const Font&)> apply = {}) {
+    windows::CommonFontDialog dialog(commands, std::move(apply));
+    // The dialog shows itself once its messages are through.
+    steps.insert(steps.begin(), 2, [] {});
+    ModalSteps player(std::move(steps));
+    try {
+      const Font chosen = dialog.Show(font, kFontDialogFlags);
+      EXPECT_TRUE(player.Ended());
+      return chosen;
+    } catch (const AutomationError& error) {
+      EXPECT_TRUE(player.Ended());
+      EXPECT_EQ(error.Number(), kDialogCancelled);
+      EXPECT_FALSE(error.Description().empty());
+      return std::nullopt;
+    }
+  }
+
+  HostWindow host{600, 400};
+  HostCommands commands{host};
+};
+
+TEST_F(CommonFontDialogTest, OpensOverItsOwnerWithTheFontSelected) {
+  Show({u"Tahoma", 14, true, true},
+       {[&] {
+          ASSERT_NE(Dialog(), nullptr);
+          EXPECT_EQ(GetWindow(Dialog(), GW_OWNER), host.Handle());
+          EXPECT_EQ(Chosen(cmb1), Installed(L"Tahoma"));
+          EXPECT_EQ(Chosen(cmb3), "14");
+          EXPECT_EQ(SendMessageW(GetDlgItem(Dialog(), cmb2), CB_GETCURSEL, 0, 0), 3);
+        },
+        [&] { Press(IDCANCEL); }});
+}
+
+TEST_F(CommonFontDialogTest, OkWithoutAChangeGivesTheSameFont) {
+  // Sizes that are no whole number of pixels or points, and a name that may not be installed.
+  for (const Font& font : {Font{u"宋体", 9, false, false}, Font{u"Tahoma", 10.5, true, false},
+                           Font{u"宋体", 11.3, false, true}}) {
+    const auto chosen = Show(font, {[&] { Press(IDOK); }});
+    ASSERT_TRUE(chosen);
+    EXPECT_EQ(Utf8(chosen->name), Utf8(font.name));
+    EXPECT_EQ(chosen->size, font.size);
+    EXPECT_EQ(chosen->bold, font.bold);
+    EXPECT_EQ(chosen->italic, font.italic);
+  }
+}
+
+TEST_F(CommonFontDialogTest, GivesTheSizeAndTheStyleThatWereChosen) {
+  const Font first{u"Tahoma", 9, false, false};
+  const auto chosen = Show(first, {[&] {
+                             Choose(cmb3, L"16");
+                             ChooseLine(cmb2, 2);
+                             Press(IDOK);
+                           }});
+  ASSERT_TRUE(chosen);
+  EXPECT_EQ(chosen->name, first.name);
+  EXPECT_EQ(chosen->size, 16);
+  EXPECT_TRUE(chosen->bold);
+  EXPECT_FALSE(chosen->italic);
+}
+
+TEST_F(CommonFontDialogTest, CancelIsReportedAsItsOwnError) {
+  EXPECT_FALSE(Show({}, {[&] { Press(IDCANCEL); }}));
+}
+
+TEST_F(CommonFontDialogTest, AppliesWithoutClosing) {
+  std::vector<Font> applied;
+  const auto chosen = Show({u"Tahoma", 9, false, false},
+                           {[&] {
+                              EXPECT_TRUE(IsWindowVisible(GetDlgItem(Dialog(), psh3)) != FALSE);
+                              Choose(cmb3, L"16");
+                              Press(psh3);
+                            },
+                            [&] {
+                              ASSERT_EQ(applied.size(), 1u);
+                              EXPECT_EQ(applied[0], (Font{u"Tahoma", 16, false, false}));
+                              Press(IDCANCEL);
+                            }},
+                           [&](const Font& font) { applied.push_back(font); });
+  EXPECT_FALSE(chosen);
+}
+
+TEST_F(CommonFontDialogTest, TellsWhatFailedInApplyingAndStaysOpen) {
+  MessageBoxes boxes;
+  // The boxes look like the font dialog, which gets no answer of its own.
+  boxes.WillPress({0, IDOK});
+  Show({}, {[&] { Press(psh3); }, [&] {}, [&] {}, [&] {}, [&] { Press(IDCANCEL); }},
+       [](const Font&) { throw AutomationError(ErrorNumber::Unspecified, u"不能用这种字体"); });
+  ASSERT_EQ(boxes.All().size(), 2u);
+  EXPECT_EQ(boxes.All()[1].text, "不能用这种字体");
+}
+
+TEST_F(CommonFontDialogTest, HasNoButtonForApplyingWhereNothingIsApplied) {
+  Show({}, {[&] {
+              ASSERT_NE(GetDlgItem(Dialog(), psh3), nullptr);
+              EXPECT_FALSE(IsWindowVisible(GetDlgItem(Dialog(), psh3)) != FALSE);
+            },
+            [&] { Press(IDCANCEL); }});
+}
+
+TEST_F(CommonFontDialogTest, EndsWithItsOwner) {
+  EXPECT_FALSE(Show({}, {[&] { DestroyWindow(host.Handle()); }}));
+}
+
+}  // namespace
+}  // namespace pricedown::testing

@@ -1,0 +1,221 @@
+// Print as a whole, with the user in the dialogs and the calls of the printer recorded; and the
+// progress window of a job.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <thread>
+
+#include "browser/print_table.h"
+#include "tests/support/failure.h"
+#include "tests/windows/base/picture.h"
+#include "tests/windows/control/ui_world.h"
+#include "tests/windows/print/fake_printer.h"
+#include "windows/base/plain_control.h"
+#include "windows/print/ledger_printing.h"
+#include "windows/print/print_progress.h"
+
+namespace pricedown::testing {
+namespace {
+
+class Document final : public LedgerDocument {
+ public:
+  explicit Document(std::int32_t rows) {
+    SetPageHeader(*this, u"");
+    Table().SetRowCount(rows + 1);
+    Table().SetColumnCount(1);
+    Table().SetColumnWidth(1, 3000);
+    for (std::int32_t row = 1; row <= rows + 1; ++row) Table().SetRow(row, u"text|");
+    Appearance().font.name = u"Tahoma";
+  }
+  void Preview() override {}
+  void Print() override {}
+};
+
+class LedgerPrinting : public ::testing::Test {
+ protected:
+  ~LedgerPrinting() override {
+    EXPECT_EQ(spooler_.contexts, 0);
+    EXPECT_TRUE(dialogs_.AllFreed());
+  }
+  bool Print() {
+    return windows::PrintLedgerDocument(GetModuleHandleW(nullptr), nullptr, document_, printer_,
+                                        ended_);
+  }
+  std::size_t Count(const std::string& line) const {
+    std::size_t count = 0;
+    for (auto at = spooler_.log.find(line); at != std::string::npos;
+         at = spooler_.log.find(line, at + 1)) {
+      ++count;
+    }
+    return count;
+  }
+
+  Document document_{100};
+  FakeSpooler spooler_;
+  FakeDialogs dialogs_;
+  windows::Printer printer_{spooler_, dialogs_};
+  bool ended_ = false;
+};
+
+TEST_F(LedgerPrinting, PrintsAllPagesOnTheDefaultPrinter) {
+  WORD pages = 0;
+  dialogs_.onPrint = [&](PRINTDLGW& dialog, DWORD&) {
+    pages = dialog.nMaxPage;
+    return TRUE;
+  };
+  EXPECT_TRUE(Print());
+  EXPECT_GT(pages, 1);
+  EXPECT_EQ(Count("page\n"), pages);
+  EXPECT_EQ(Count("end\nclose\n"), 1u) << spooler_.log;
+}
+
+TEST_F(LedgerPrinting, PrintsAndSaysNothingWhenTheDialogIsCancelled) {
+  dialogs_.onPrint = [](PRINTDLGW&, DWORD&) { return FALSE; };
+  EXPECT_FALSE(Print());
+  EXPECT_EQ(Count("open"), 0u);
+}
+
+TEST_F(LedgerPrinting, PrintsNothingWhenItsControlEndsBelowTheDialog) {
+  dialogs_.onPrint = [&](PRINTDLGW&, DWORD&) {
+    ended_ = true;
+    return TRUE;
+  };
+  EXPECT_FALSE(Print());
+  EXPECT_EQ(dialogs_.shown, 1);
+  EXPECT_EQ(Count("open"), 0u) << spooler_.log;
+}
+
+TEST_F(LedgerPrinting, SaysThatThereIsNoPrinter) {
+  dialogs_.defaultDevice.clear();
+  EXPECT_EQ(FailureOf([&] { Print(); }), "80004005 没有安装打印机，请先在系统中添加打印机。");
+  EXPECT_EQ(dialogs_.shown, 0);
+  EXPECT_EQ(spooler_.log, "");
+}
+
+// A page half as high takes about half the rows.
+TEST_F(LedgerPrinting, LaysThePagesOutForThePaperChosenInTheDialog) {
+  WORD pages = 0;
+  dialogs_.onPrint = [&](PRINTDLGW& dialog, DWORD&) {
+    pages = dialog.nMaxPage;
+    spooler_.dots = {254, 254, 2100, 1485, 0, 0, 2100, 1485};
+    return TRUE;
+  };
+  EXPECT_TRUE(Print());
+  EXPECT_GT(Count("page\n"), 2u * pages - 1);
+}
+
+TEST_F(LedgerPrinting, PrintsThePagesAndCopiesChosen) {
+  dialogs_.onPrint = [&](PRINTDLGW& dialog, DWORD&) {
+    dialog.Flags |= PD_PAGENUMS;
+    dialog.nFromPage = dialog.nToPage = 2;
+    dialog.nCopies = 4;
+    return TRUE;
+  };
+  EXPECT_TRUE(Print());
+  EXPECT_EQ(Count("page\n"), 4u);
+}
+
+TEST_F(LedgerPrinting, DatesThePagesInTheUsersForm) {
+  SYSTEMTIME now{};
+  GetLocalTime(&now);
+  const std::string date = Utf8(windows::TodayText());
+  EXPECT_NE(date.find(std::to_string(now.wYear % 100)), std::string::npos) << date;
+  EXPECT_NE(date.find(std::to_string(now.wDay)), std::string::npos) << date;
+}
+
+class PrintProgressTest : public ::testing::Test {
+ protected:
+  static HWND Window() { return FindWindowW(L"PriceDown.PrintProgress", nullptr); }
+  static std::string Text() {
+    return Utf8(windows::TextOf(GetDlgItem(Window(), windows::kPrintProgressText)));
+  }
+  static constexpr DWORD kAtOnce = 0;
+
+  HostWindow host_{600, 400};
+};
+
+TEST_F(PrintProgressTest, IsNotShownByAShortJob) {
+  windows::PrintProgress progress(GetModuleHandleW(nullptr), host_.Handle(), 60'000);
+  EXPECT_TRUE(progress.Continue(1, 2));
+  EXPECT_TRUE(progress.Continue(2, 2));
+  EXPECT_EQ(Window(), nullptr);
+  EXPECT_TRUE(IsWindowEnabled(host_.Handle()));
+}
+
+TEST_F(PrintProgressTest, AppearsOnceAJobTakesLong) {
+  windows::PrintProgress progress(GetModuleHandleW(nullptr), host_.Handle(), 30);
+  EXPECT_TRUE(progress.Continue(1, 2));
+  std::this_thread::sleep_for(std::chrono::milliseconds(60));
+  EXPECT_TRUE(progress.Continue(2, 2));
+  EXPECT_NE(Window(), nullptr);
+}
+
+TEST_F(PrintProgressTest, SaysHowFarTheJobIsAndTakesTheInputFromItsOwner) {
+  {
+    windows::PrintProgress progress(GetModuleHandleW(nullptr), host_.Handle(), kAtOnce);
+    EXPECT_TRUE(progress.Continue(1, 40));
+    EXPECT_EQ(Text(), "正在打印第 1 页，共 40 页…");
+    EXPECT_TRUE(progress.Continue(21, 40));
+    EXPECT_EQ(Text(), "正在打印第 21 页，共 40 页…");
+    EXPECT_EQ(SendDlgItemMessageW(Window(), windows::kPrintProgressBar, PBM_GETPOS, 0, 0), 500);
+    EXPECT_TRUE(IsWindowVisible(Window()));
+    EXPECT_EQ(GetWindow(Window(), GW_OWNER), host_.Handle());
+    EXPECT_FALSE(IsWindowEnabled(host_.Handle()));
+    KeepPicture(Window(), "print-progress");
+  }
+  EXPECT_EQ(Window(), nullptr);
+  EXPECT_TRUE(IsWindowEnabled(host_.Handle()));
+}
+
+TEST_F(PrintProgressTest, CallsTheJobOffByItsButtonKeyOrFrame) {
+  const auto press = [](UINT message, WPARAM wParam, LPARAM lParam) {
+    HostWindow host(600, 400);
+    windows::PrintProgress progress(GetModuleHandleW(nullptr), host.Handle(), kAtOnce);
+    EXPECT_TRUE(progress.Continue(1, 9));
+    const HWND target = message == WM_KEYDOWN ? GetFocus() : Window();
+    PostMessageW(target, message, wParam, lParam);
+    return !progress.Continue(2, 9);
+  };
+  EXPECT_TRUE(press(WM_COMMAND, IDCANCEL, 0));
+  EXPECT_TRUE(press(WM_KEYDOWN, VK_ESCAPE, 1));
+  EXPECT_TRUE(press(WM_CLOSE, 0, 0));
+  EXPECT_FALSE(press(WM_COMMAND, 4711, 0));
+}
+
+TEST_F(PrintProgressTest, CallsTheJobOffWhenItsOwnerGoes) {
+  windows::PrintProgress progress(GetModuleHandleW(nullptr), host_.Handle(), kAtOnce);
+  EXPECT_TRUE(progress.Continue(1, 9));
+  DestroyWindow(host_.Handle());
+  EXPECT_FALSE(progress.Continue(2, 9));
+}
+
+TEST_F(PrintProgressTest, LeavesTheEndOfTheProgramToItsOwnLoop) {
+  MSG message{};
+  {
+    windows::PrintProgress progress(GetModuleHandleW(nullptr), host_.Handle(), kAtOnce);
+    EXPECT_TRUE(progress.Continue(1, 9));
+    PostQuitMessage(3);
+    EXPECT_FALSE(progress.Continue(2, 9));
+  }
+  ASSERT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+  EXPECT_EQ(message.wParam, 3u);
+}
+
+TEST_F(PrintProgressTest, AbortsTheJobThatIsCalledOff) {
+  FakeSpooler spooler;
+  FakeDialogs dialogs;
+  windows::Printer printer(spooler, dialogs);
+  printer.UseDefault();
+  Document document(2000);
+  windows::DeviceMeasurer measurer;
+  const LedgerPages pages = document.Pages(printer.ChosenPaper(), u"", measurer);
+  windows::PrintProgress progress(GetModuleHandleW(nullptr), host_.Handle(), kAtOnce);
+  EXPECT_TRUE(progress.Continue(1, 1));
+  PostMessageW(Window(), WM_COMMAND, IDCANCEL, 0);
+  const windows::PrintOrder order({1, 999, 1, true}, pages.PageCount());
+  EXPECT_FALSE(windows::RunPrintJob(printer, pages, measurer, order, progress));
+  EXPECT_TRUE(spooler.log.ends_with("abort\nclose\n")) << spooler.log;
+}
+
+}  // namespace
+}  // namespace pricedown::testing

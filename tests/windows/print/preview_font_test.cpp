@@ -1,0 +1,197 @@
+// A font chosen in the preview: in the pages, in tree and grid, in the settings, and next time.
+// The whole control is there, on a scripted suite; only the font dialog's answers are scripted.
+#include <windows.h>
+
+#include <dlgs.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "platform/text.h"
+#include "tests/windows/print/preview_world.h"
+#include "windows/com/wide_text.h"
+
+namespace pricedown::testing {
+namespace {
+
+// The control's ledger with the real preview.
+class PreviewedLedger : public LedgerDocument {
+ public:
+  void Preview() override {
+    if (ownDialog) {
+      dialog.ShowModal(GetActiveWindow());
+    } else {
+      dialog.ShowModal(GetActiveWindow(), fonts);
+    }
+  }
+  void Print() override {}
+
+  bool ownDialog = false;  // the system's
+
+  ScriptedPrinting printing;
+  ScriptedFonts fonts;
+  windows::PreviewDialog dialog{GetModuleHandleW(nullptr), *this, printing};
+};
+
+class PreviewFont : public ::testing::Test, public PreviewUser {
+ protected:
+  void Start() { world.Start(&ledger); }
+  void Preview(Steps steps) {
+    ModalSteps player(std::move(steps));
+    world.control->PreviewPara();
+    EXPECT_TRUE(player.Ended());
+    RunMessages();
+  }
+  // Chooses by the preview's button and closes.
+  void Choose(const Font& font) {
+    ledger.fonts.answers = {font};
+    Preview({[&] { ClickButton(u"Font"); }, [&] { CloseByFrame(); }});
+  }
+  // What was put under "GridFont", the last time.
+  std::string Saved() const {
+    std::string saved;
+    for (const std::string& line : world.suite.log.Lines()) {
+      if (line.find("put") != std::string::npos && line.find("GridFont") != std::string::npos) {
+        saved = line;
+      }
+    }
+    return saved;
+  }
+  static LOGFONTW FontOf(HWND window) {
+    LOGFONTW font{};
+    GetObjectW(reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)), sizeof font, &font);
+    return font;
+  }
+
+  PreviewedLedger ledger;
+  MessageBoxes boxes;
+  UiWorld world;
+};
+
+TEST_F(PreviewFont, IsOfferedAsItIsAndWithTheFlagsOfTheView) {
+  Start();
+  Choose({u"宋体", 9, false, false});
+  ASSERT_EQ(ledger.fonts.shown.size(), 1u);
+  EXPECT_EQ(ledger.fonts.shown[0], Font());
+  EXPECT_EQ(ledger.fonts.lastFlags, 515u);
+}
+
+struct FontCase {
+  const char* name;
+  Font font;
+};
+
+class ChangedFont : public PreviewFont, public ::testing::WithParamInterface<FontCase> {};
+
+INSTANTIATE_TEST_SUITE_P(Parts, ChangedFont,
+                         ::testing::Values(FontCase{"Name", {u"黑体", 9, false, false}},
+                                           FontCase{"Size", {u"宋体", 14, false, false}},
+                                           FontCase{"Bold", {u"宋体", 9, true, false}},
+                                           FontCase{"Italic", {u"宋体", 9, false, true}}),
+                         [](const auto& parameters) { return parameters.param.name; });
+
+TEST_P(ChangedFont, IsShownAtOnceAndKept) {
+  Start();
+  const Font& font = GetParam().font;
+  Choose(font);
+  EXPECT_EQ(ledger.Appearance().font, font);
+  const LOGFONTW tree = FontOf(world.Tree());
+  EXPECT_EQ(Utf8(windows::FromWide(tree.lfFaceName)), Utf8(font.name));
+  EXPECT_EQ(tree.lfWeight >= FW_BOLD, font.bold);
+  EXPECT_EQ(tree.lfItalic != FALSE, font.italic);
+  EXPECT_EQ(world.control->ItemCells().CellFont(), font);
+  EXPECT_NE(Saved().find("FontName=" + Utf8(font.name)), std::string::npos) << Saved();
+}
+
+TEST_F(PreviewFont, UnchangedStoresNothing) {
+  Start();
+  Choose({u"宋体", 9, false, false});
+  EXPECT_EQ(Saved(), "");
+  // Cancelled.
+  Preview({[&] { ClickButton(u"Font"); }, [&] { CloseByFrame(); }});
+  EXPECT_EQ(Saved(), "");
+  // Changed, and changed back.
+  ledger.fonts.answers = {{u"宋体", 12, true, false}, {u"宋体", 9, false, false}};
+  Preview({[&] { ClickButton(u"Font"); }, [&] { ClickButton(u"Font"); }, [&] { CloseByFrame(); }});
+  EXPECT_EQ(ledger.fonts.shown.back().size, 12);
+  EXPECT_EQ(Saved(), "");
+  EXPECT_TRUE(boxes.All().empty());
+}
+
+TEST_F(PreviewFont, MakesThePagesAnew) {
+  world.ScriptItems(u"01", 200);
+  Start();
+  Click(world.Tree(), world.NodePoint(2));
+  ledger.fonts.answers = {{u"宋体", 18, false, false}};
+  std::string before;
+  Preview({[&] {
+             before = Page();
+             ClickButton(u"Font");
+           },
+           [&] {
+             EXPECT_GT(std::stoi(TextIn(preview_ids::kPageCount).substr(4)),
+                       std::stoi(before.substr(6)));
+           },
+           [&] { CloseByFrame(); }});
+}
+
+// In the system's dialog, by its button for applying; cancelling it afterwards takes nothing back.
+TEST_F(PreviewFont, IsAppliedBehindTheOpenDialog) {
+  ledger.ownDialog = true;
+  Start();
+  const auto dialogWindow = [] { return FindWindowW(L"#32770", nullptr); };
+  const auto press = [&](int button) {
+    PostMessageW(dialogWindow(), WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
+                 reinterpret_cast<LPARAM>(GetDlgItem(dialogWindow(), button)));
+  };
+  boxes.WillPress({0});
+  Preview({[&] { PostButton(u"Font"); }, [&] {}, [&] {},
+           [&] {
+             const HWND sizes = GetDlgItem(dialogWindow(), cmb3);
+             ASSERT_NE(sizes, nullptr);
+             EXPECT_EQ(GetWindow(dialogWindow(), GW_OWNER), Window());
+             const LRESULT line = SendMessageW(sizes, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                               reinterpret_cast<LPARAM>(L"16"));
+             SendMessageW(sizes, CB_SETCURSEL, static_cast<WPARAM>(line), 0);
+             SendMessageW(dialogWindow(), WM_COMMAND, MAKEWPARAM(cmb3, CBN_SELCHANGE),
+                          reinterpret_cast<LPARAM>(sizes));
+             press(psh3);
+           },
+           [&] {
+             EXPECT_EQ(ledger.Appearance().font, (Font{u"宋体", 16, false, false}));
+             press(IDCANCEL);
+           },
+           [&] { CloseByFrame(); }});
+  EXPECT_NE(Saved().find("FontSize=16"), std::string::npos) << Saved();
+}
+
+TEST_F(PreviewFont, AGreaterOneMakesTheGridsRowsHigherAtOnce) {
+  Start();
+  const auto before = world.control->ItemCells().RowHeight();
+  const LRESULT treeBefore = SendMessageW(world.Tree(), TVM_GETITEMHEIGHT, 0, 0);
+  Choose({u"宋体", 18, false, false});
+  EXPECT_GT(world.control->ItemCells().RowHeight(), before);
+  EXPECT_GT(SendMessageW(world.Tree(), TVM_GETITEMHEIGHT, 0, 0), treeBefore);
+}
+
+TEST_F(PreviewFont, IsThatOfTheNextPreviewAndOfTheNextControl) {
+  Start();
+  Choose({u"黑体", 12, true, true});
+  Preview({[&] { ClickButton(u"Font"); }, [&] { CloseByFrame(); }});
+  EXPECT_EQ(ledger.fonts.shown.back(), (Font{u"黑体", 12, true, true}));
+
+  // Another process has the setting and a ledger of its own.
+  const std::string saved = Saved();
+  const std::size_t begin = saved.find("FontName=");
+  ASSERT_NE(begin, std::string::npos);
+  UiWorld next;
+  next.suite.company.gridFont = FromUtf8(saved.substr(begin, saved.find('"', begin) - begin));
+  PreviewedLedger nextLedger;
+  next.Start(&nextLedger);
+  EXPECT_EQ(nextLedger.Appearance().font, (Font{u"黑体", 12, true, true}));
+  EXPECT_EQ(next.control->ItemCells().CellFont(), (Font{u"黑体", 12, true, true}));
+}
+
+}  // namespace
+}  // namespace pricedown::testing

@@ -1,0 +1,229 @@
+// A print job call by call: its order, every call failing once, and ways to call it off.
+#include <gtest/gtest.h>
+
+#include "browser/print_table.h"
+#include "tests/print/fake_measurer.h"
+#include "tests/support/failure.h"
+#include "tests/windows/base/picture.h"
+#include "tests/windows/print/fake_printer.h"
+#include "windows/base/gdi.h"
+#include "windows/print/print_job.h"
+
+namespace pricedown::testing {
+namespace {
+
+using windows::PrintChoice;
+using windows::PrintOrder;
+
+std::string Sheets(const PrintChoice& choice, std::int32_t pageCount) {
+  const PrintOrder order(choice, pageCount);
+  std::string pages;
+  for (std::int64_t sheet = 0; sheet < order.SheetCount(); ++sheet) {
+    pages += std::to_string(order.PageOn(sheet)) + " ";
+  }
+  return pages;
+}
+
+TEST(PrintOrder, PrintsWholeCopiesOrEachPageOften) {
+  EXPECT_EQ(Sheets({1, 9, 1, true}, 3), "1 2 3 ");
+  EXPECT_EQ(Sheets({2, 3, 2, true}, 3), "2 3 2 3 ");
+  EXPECT_EQ(Sheets({2, 3, 2, false}, 3), "2 2 3 3 ");
+}
+
+TEST(PrintOrder, LeavesPagesOutThatThereAreNot) {
+  EXPECT_EQ(Sheets({0, 2, 1, true}, 3), "1 2 ");
+  EXPECT_EQ(Sheets({4, 9, 2, true}, 3), "");
+  EXPECT_EQ(Sheets({1, 1, 0, true}, 3), "1 ");
+}
+
+class Watcher final : public windows::PrintWatcher {
+ public:
+  bool Continue(std::int64_t sheet, std::int64_t count) override {
+    seen += std::to_string(sheet) + "/" + std::to_string(count) + " ";
+    return sheet != lastSheet;
+  }
+  std::int64_t lastSheet = 0;  // the sheet at which the user has had enough
+  std::string seen;
+};
+
+// Two pages; the font is one that every system has.
+class PrintJobTest : public ::testing::Test {
+ protected:
+  PrintJobTest() {
+    content_.SetRowCount(70);
+    content_.SetColumnCount(1);
+    content_.SetColumnWidth(1, 3000);
+    for (std::int32_t row = 1; row <= 70; ++row) content_.SetRow(row, u"text|");
+    printer_.UseDefault();
+    spooler_.log.clear();
+  }
+  ~PrintJobTest() override { EXPECT_EQ(spooler_.contexts, 0); }
+
+  // Counted from here on.
+  void FailCall(int call) { spooler_.failingCall = kCallsBefore + call; }
+  bool Print(const PrintChoice& choice = {1, 9, 1, true}) {
+    const LedgerPages pages(content_, {{u"Tahoma", 9, false, false, false}, 285, paper_, u""},
+                            measurer_);
+    return windows::RunPrintJob(printer_, pages, measurer_, {choice, pages.PageCount()}, watcher_);
+  }
+
+  static constexpr int kCallsBefore = 2;  // the printer was asked for its paper
+  LedgerContent content_;
+  Paper paper_;
+  windows::DeviceMeasurer measurer_;
+  FakeSpooler spooler_;
+  FakeDialogs dialogs_;
+  windows::Printer printer_{spooler_, dialogs_};
+  Watcher watcher_;
+};
+
+TEST_F(PrintJobTest, HandsThePagesToThePrinterOneByOne) {
+  EXPECT_TRUE(Print());
+  EXPECT_EQ(spooler_.log,
+            "open PDF portrait\n"
+            "begin \"PriceDown item list\"\n"
+            "page\npage end\n"
+            "page\npage end\n"
+            "end\n"
+            "close\n");
+  EXPECT_EQ(watcher_.seen, "1/2 2/2 ");
+}
+
+TEST_F(PrintJobTest, TurnsThePaperForPagesThatAreTurned) {
+  content_.SetColumnWidth(1, 12000);
+  EXPECT_TRUE(Print({1, 1, 1, true}));
+  EXPECT_TRUE(spooler_.log.starts_with("open PDF landscape\n")) << spooler_.log;
+}
+
+TEST_F(PrintJobTest, PrintsNothingWhereNoPageIsChosen) {
+  EXPECT_TRUE(Print({5, 6, 1, true}));
+  EXPECT_EQ(spooler_.log, "");
+}
+
+// The document is aborted once it has begun, and everything is closed.
+TEST_F(PrintJobTest, EndsAtEachCallThatFails) {
+  const std::string closing = "close\n";
+  struct Failing {
+    std::string log;
+    std::string message;
+  };
+  const std::vector<Failing> calls{
+      {"open PDF portrait fails\n", "80070070 无法打开打印机 PDF："},
+      {"begin \"PriceDown item list\" fails\n" + closing, "80070070 打印作业无法开始："},
+      {"page fails\nabort\n" + closing, "80070070 打印页无法开始："},
+      {"page end fails\nabort\n" + closing, "80070070 打印页无法完成："},
+      {"page fails\nabort\n" + closing, "80070070 打印页无法开始："},
+      {"page end fails\nabort\n" + closing, "80070070 打印页无法完成："},
+      {"end fails\nabort\n" + closing, "80070070 打印作业无法完成："}};
+  for (std::size_t call = 0; call < calls.size(); ++call) {
+    SCOPED_TRACE(call);
+    FakeSpooler spooler;
+    windows::Printer printer(spooler, dialogs_);
+    printer.UseDefault();
+    spooler.log.clear();
+    spooler.failingCall = kCallsBefore + static_cast<int>(call) + 1;
+    const LedgerPages pages(content_, {{u"Tahoma", 9, false, false, false}, 285, paper_, u""},
+                            measurer_);
+    const std::string failure = FailureOf([&] {
+      windows::RunPrintJob(printer, pages, measurer_, {{1, 9, 1, true}, 2}, watcher_);
+    });
+    EXPECT_TRUE(failure.starts_with(calls[call].message)) << failure;
+    EXPECT_GT(failure.size(), calls[call].message.size()) << "why is missing";
+    EXPECT_TRUE(spooler.log.ends_with(calls[call].log)) << spooler.log;
+    EXPECT_EQ(spooler.contexts, 0);
+  }
+}
+
+TEST_F(PrintJobTest, NamesNoReasonWhereTheSystemKnowsNone) {
+  FailCall(3);
+  spooler_.error = ERROR_SUCCESS;
+  EXPECT_EQ(FailureOf([&] { Print(); }), "80004005 打印页无法开始。");
+}
+
+TEST_F(PrintJobTest, DoesNotBeginOnAPrinterThatTellsNoResolution) {
+  for (const auto& dots : {windows::PrinterDots{0, 300, 2480, 3508, 0, 0, 2480, 3508},
+                           windows::PrinterDots{300, 0, 2480, 3508, 0, 0, 2480, 3508}}) {
+    spooler_.log.clear();
+    spooler_.dots = dots;
+    EXPECT_EQ(FailureOf([&] { Print(); }), "80004005 打印机没有给出分辨率。");
+    EXPECT_EQ(spooler_.log, "open PDF portrait\nclose\n");
+  }
+}
+
+TEST_F(PrintJobTest, IsAbortedWhenTheUserCallsItOffHalfway) {
+  watcher_.lastSheet = 2;
+  EXPECT_FALSE(Print());
+  EXPECT_TRUE(
+      spooler_.log.ends_with("begin \"PriceDown item list\"\npage\npage end\nabort\nclose\n"))
+      << spooler_.log;
+}
+
+// Keeps what is printed as a picture, a pixel to each dot.
+class PictureSpooler final : public FakeSpooler {
+ public:
+  PictureSpooler(int width, int height) : area_{0, 0, width, height} {
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = width;
+    info.bmiHeader.biHeight = -height;
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    void* bits = nullptr;
+    bitmap_ = windows::GdiObject<HBITMAP>(
+        CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+  }
+  HDC OpenContext(windows::PrinterUse use, const wchar_t* driver, const wchar_t* device,
+                  const DEVMODEW* mode) override {
+    const HDC context = FakeSpooler::OpenContext(use, driver, device, mode);
+    if (use == windows::PrinterUse::Print) {
+      SelectObject(context, bitmap_.Get());
+      FillRect(context, &area_, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+    }
+    return context;
+  }
+  int FinishDocument(HDC context) override {
+    picture = TakePicture(context, area_);
+    return FakeSpooler::FinishDocument(context);
+  }
+  // The middle of the first dark dots in that row or column; -1 when there are none.
+  int FirstInk(bool acrossRow, int line) const {
+    int first = -1;
+    for (int i = 0; i < (acrossRow ? picture.width : picture.height); ++i) {
+      const bool dark = (picture.At(acrossRow ? i : line, acrossRow ? line : i) & 0xFF) < 0x80;
+      if (dark && first < 0) first = i;
+      if (!dark && first >= 0) return (first + i - 1) / 2;
+    }
+    return first;
+  }
+  Picture picture;
+
+ private:
+  RECT area_;
+  windows::GdiObject<HBITMAP> bitmap_;
+};
+
+// What a dot's place on paper is depends on the strips that the printer cannot print on.
+TEST_F(PrintJobTest, CountsFromThePapersCornerAndNotFromWhereThePrinterCanPrint) {
+  PictureSpooler spooler(1000, 1000);
+  spooler.dots = spooler.turnedDots = {254, 508, 2100, 5940, 70, 90, 1900, 5800};
+  windows::Printer printer(spooler, dialogs_);
+  printer.UseDefault();
+  const LedgerPages pages(content_, {{u"Tahoma", 9, false, false, false}, 285, paper_, u""},
+                          measurer_);
+  EXPECT_TRUE(windows::RunPrintJob(printer, pages, measurer_, {{1, 1, 1, true}, 1}, watcher_));
+  const PageRule& top = pages.PageAt(1).rules.front();
+  // A dot to a tenth across, two down; the rule is looked for where it is the first thing.
+  EXPECT_NEAR(spooler.FirstInk(false, top.left + 5 - 70), 2 * top.top - 90, 2);
+  EXPECT_NEAR(spooler.FirstInk(true, 2 * top.top + 12 - 90), top.left - 70, 2);
+}
+
+// As when the printer prints to a file and the user gives it no name.
+TEST_F(PrintJobTest, EndsQuietlyWhenTheUserCancelsItInThePrintersOwnDialog) {
+  FailCall(2);
+  spooler_.error = ERROR_CANCELLED;
+  EXPECT_FALSE(Print());
+  EXPECT_TRUE(spooler_.log.ends_with("fails\nclose\n")) << spooler_.log;
+}
+
+}  // namespace
+}  // namespace pricedown::testing
