@@ -72,7 +72,7 @@ void ControlChildren::ListCaptions() {
                         [this, i] { return strip.Caption(i + 1); },
                         [this, i](std::u16string_view text) { strip.SetCaption(i + 1, text); }});
   }
-  form = std::make_shared<FormObject>(u"PriceDown", std::move(captions));
+  form = std::make_shared<CaptionedForm>(u"PriceDown", std::move(captions));
 }
 
 void ControlChildren::MakeFonts(Dpi dpi) {

@@ -9,8 +9,8 @@
 #include <string>
 
 #include "control/layout.h"
+#include "windows/base/captioned_form.h"
 #include "windows/base/fonts.h"
-#include "windows/base/form_object.h"
 #include "windows/base/frame_windows.h"
 #include "windows/base/plain_control.h"
 #include "windows/base/tool_strip_window.h"
@@ -82,7 +82,7 @@ struct ControlChildren {
   GridWindow grid;
   StatusWindow statusBar;
 
-  std::shared_ptr<FormObject> form;
+  std::shared_ptr<CaptionedForm> form;
   HWND lastFocus = nullptr;
   Clock::time_point waitBegan;
   Clock::duration lastWait{};

@@ -135,7 +135,7 @@ void ItemClassWindow::ListCaptions() {
          [&strip = c.strip, i] { return strip.Caption(i + 1); },
          [&strip = c.strip, i](std::u16string_view text) { strip.SetCaption(i + 1, text); }});
   }
-  c.form = std::make_shared<FormObject>(u"frmItemClass", std::move(captions));
+  c.form = std::make_shared<CaptionedForm>(u"frmItemClass", std::move(captions));
 }
 
 void ItemClassWindow::GiveFonts(HFONT font) {

@@ -43,14 +43,14 @@ class FormControls : public LocalObject<FormControls> {
   std::vector<std::shared_ptr<FormControl>> controls_;
 };
 
-class FormObject : public LocalObject<FormObject> {
+class CaptionedForm : public LocalObject<CaptionedForm> {
  public:
   // `name` is the class of the control or form.
-  FormObject(std::u16string name, std::vector<CaptionAccess> captions)
+  CaptionedForm(std::u16string name, std::vector<CaptionAccess> captions)
       : name_(std::move(name)), controls_(std::make_shared<FormControls>(std::move(captions))) {}
   void Detach() { controls_->Detach(); }
 
-  static std::span<const Member<FormObject>> Members();
+  static std::span<const Member<CaptionedForm>> Members();
 
  private:
   std::u16string name_;

@@ -1,6 +1,6 @@
 // The member tables of the form object and its parts.
 // They carry captions to and fro and know no window.
-#include "windows/base/form_object.h"
+#include "windows/base/captioned_form.h"
 
 #include <algorithm>
 #include <array>
@@ -72,12 +72,13 @@ std::span<const Member<FormControls>> FormControls::Members() {
   return kMembers;
 }
 
-std::span<const Member<FormObject>> FormObject::Members() {
-  static constexpr std::array<Member<FormObject>, 2> kMembers{{
+std::span<const Member<CaptionedForm>> CaptionedForm::Members() {
+  static constexpr std::array<Member<CaptionedForm>, 2> kMembers{{
       {u"Name", MemberKind::Get,
-       [](FormObject& form, Access, std::span<Value>) -> Value { return form.name_; }, 0, 0, true},
+       [](CaptionedForm& form, Access, std::span<Value>) -> Value { return form.name_; }, 0, 0,
+       true},
       {u"Controls", MemberKind::Get,
-       [](FormObject& form, Access, std::span<Value> arguments) -> Value {
+       [](CaptionedForm& form, Access, std::span<Value> arguments) -> Value {
          if (arguments.empty()) return ObjectPtr(form.controls_);
          return form.controls_->Item(arguments[0]);
        },
