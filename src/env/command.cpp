@@ -1,0 +1,67 @@
+// How keys are written for the user.
+#include "env/command.h"
+
+#include "env/translation.h"
+#include "platform/text.h"
+
+namespace pricedown {
+namespace {
+
+std::u16string NameOf(Key key) {
+  switch (key) {
+    case Key::Enter:
+      return u"Enter";
+    case Key::Escape:
+      return u"Esc";
+    case Key::PageUp:
+      return u"PgUp";
+    case Key::PageDown:
+      return u"PgDn";
+    case Key::End:
+      return u"End";
+    case Key::Home:
+      return u"Home";
+    case Key::Insert:
+      return u"Ins";
+    case Key::Delete:
+      return u"Del";
+    case Key::Add:
+      return u"+";
+    case Key::Subtract:
+      return u"-";
+    case Key::Left:
+      return u"Left";
+    case Key::Right:
+      return u"Right";
+    case Key::Up:
+      return u"Up";
+    case Key::Down:
+      return u"Down";
+    case Key::F2:
+      return u"F2";
+    case Key::F4:
+      return u"F4";
+    case Key::F5:
+      return u"F5";
+    default:
+      // Letters and digits are their own codes.
+      return std::u16string(1, static_cast<char16_t>(key));
+  }
+}
+
+}  // namespace
+
+std::u16string ShortcutText(const KeyPress& press) {
+  if (press.key == Key::None) return {};
+  return Concatenate({press.control ? u"Ctrl+" : u"", press.alt ? u"Alt+" : u"",
+                      press.shift ? u"Shift+" : u"", NameOf(press.key)});
+}
+
+std::u16string TooltipOf(const Command& command) {
+  const std::u16string tip = Translate(command.tooltip);
+  const std::u16string shortcut = ShortcutText(command.keys[0]);
+  if (tip.empty() || shortcut.empty()) return tip;
+  return Concatenate({tip, u" (", shortcut, u")"});
+}
+
+}  // namespace pricedown

@@ -1,0 +1,39 @@
+// A command as buttons, menus and keys show it. A component derives the rows of its own table from
+// it and adds what runs them.
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/key.h"
+
+namespace pricedown {
+
+struct Command {
+  std::u16string_view key;  // of the button, as hosts and the suite's form resources write it
+  // Before Translate. Without a tooltip the button has none.
+  std::u16string_view caption = {};
+  std::u16string_view tooltip = {};
+  int icon = 0;                       // resource id, platform/icon_ids.h; 0 for none
+  std::array<KeyPress, 2> keys = {};  // menus and tooltips show the first
+  bool separator = false;             // a gap between buttons, no command
+  bool pictureOnly = false;           // the caption is the button's name, but not shown
+};
+
+// Every row of a table, in order. The table must outlive the result.
+template <typename Rows>
+std::vector<const Command*> RowsOf(const Rows& rows) {
+  std::vector<const Command*> commands;
+  for (const Command& row : rows) commands.push_back(&row);
+  return commands;
+}
+
+// How a key is written for the user: "Ctrl+P"; empty for Key::None.
+std::u16string ShortcutText(const KeyPress& press);
+
+// The translated tooltip with the shortcut behind it, "打印 (Ctrl+P)"; empty without a tooltip.
+std::u16string TooltipOf(const Command& command);
+
+}  // namespace pricedown

@@ -1,0 +1,50 @@
+// Shortcuts and tooltips as the user reads them.
+#include "env/command.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/utf8.h"
+
+namespace pricedown::testing {
+namespace {
+
+struct NamedKey {
+  KeyPress press;
+  const char* name;
+};
+
+TEST(Shortcut, IsWrittenAsKeyboardsLabelIt) {
+  for (const NamedKey& shortcut :
+       {NamedKey{{Key::Insert}, "Ins"},
+        {{Key::Delete}, "Del"},
+        {{Key::PageUp}, "PgUp"},
+        {{Key::PageDown}, "PgDn"},
+        {{Key::Escape}, "Esc"},
+        {{Key::Enter}, "Enter"},
+        {{Key::F2}, "F2"},
+        {{Key::F4}, "F4"},
+        {{Key::F5}, "F5"},
+        {{Key::Add}, "+"},
+        {{Key::Subtract}, "-"},
+        {{.key = Key::P, .control = true}, "Ctrl+P"},
+        {{.key = Key::Home, .control = true}, "Ctrl+Home"},
+        {{.key = Key::End, .shift = true, .control = true}, "Ctrl+Shift+End"},
+        {{.key = Key::Down, .alt = true}, "Alt+Down"},
+        {{}, ""}}) {
+    EXPECT_EQ(Utf8(ShortcutText(shortcut.press)), shortcut.name);
+  }
+}
+
+TEST(Tooltip, EndsWithTheFirstShortcut) {
+  const KeyPress print{.key = Key::P, .control = true};
+  EXPECT_EQ(Utf8(TooltipOf({.key = u"Print", .tooltip = u"打印", .keys = {print, {Key::F5}}})),
+            "打印 (Ctrl+P)");
+  EXPECT_EQ(Utf8(TooltipOf({.key = u"Exit", .tooltip = u"退出系统"})), "退出系统");
+}
+
+TEST(Tooltip, IsMissingWhereTheCommandHasNone) {
+  EXPECT_EQ(Utf8(TooltipOf({.key = u"Add", .keys = {KeyPress{Key::Insert}}})), "");
+}
+
+}  // namespace
+}  // namespace pricedown::testing
