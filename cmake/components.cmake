@@ -1,0 +1,92 @@
+# One static library per component and one test program per tested component. Sources are found by
+# globbing, so that a new file needs no edit here; CONFIGURE_DEPENDS makes every build look again.
+# FOLDERS are relative to the calling CMakeLists.txt; default: the folder itself.
+
+# find_files(RESULT PATTERN FOLDER...): the files of the folders whose names match.
+function(find_files result pattern)
+  list(TRANSFORM ARGN PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/ OUTPUT_VARIABLE patterns)
+  list(TRANSFORM patterns APPEND /${pattern})
+  file(GLOB files CONFIGURE_DEPENDS ${patterns})
+  set(${result} ${files} PARENT_SCOPE)
+endfunction()
+
+# find_resources(RESULT FOLDER...): the resource scripts of the folders, depending on the files that
+# they embed, which CMake does not see.
+function(find_resources result)
+  find_files(scripts *.rc ${ARGN})
+  if(scripts)
+    foreach(kind manifest ico bmp h)
+      find_files(embedded *.${kind} ${ARGN})
+      set_property(SOURCE ${scripts} APPEND PROPERTY OBJECT_DEPENDS ${embedded})
+    endforeach()
+  endif()
+  set(${result} ${scripts} PARENT_SCOPE)
+endfunction()
+
+# add_component(TARGET [FOLDERS folder...] INCLUDE_ROOT dir [LINK target...])
+function(add_component target)
+  cmake_parse_arguments(PARSE_ARGV 1 component "" "INCLUDE_ROOT" "FOLDERS;LINK")
+  if(NOT component_FOLDERS)
+    set(component_FOLDERS .)
+  endif()
+  find_files(sources *.cpp ${component_FOLDERS})
+  add_library(${target} STATIC ${sources})
+  target_include_directories(${target} PUBLIC ${component_INCLUDE_ROOT})
+  target_link_libraries(${target} PUBLIC ${component_LINK} PRIVATE project_options)
+  precompile(${target})
+endfunction()
+
+# add_program(TARGET [FOLDERS folder...] [LINK target...]): an executable of the folders'
+# sources and resources.
+function(add_program target)
+  cmake_parse_arguments(PARSE_ARGV 1 program "" "" "FOLDERS;LINK")
+  if(NOT program_FOLDERS)
+    set(program_FOLDERS .)
+  endif()
+  find_files(sources *.cpp ${program_FOLDERS})
+  if(WIN32)
+    find_resources(resources ${program_FOLDERS})
+  endif()
+  add_executable(${target} ${sources} ${resources})
+  target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(${target} PRIVATE ${program_LINK} project_options)
+  precompile(${target})
+endfunction()
+
+# add_test_component(NAME [LINK target...]): NAME/*.cpp become the program NAME_tests.
+function(add_test_component name)
+  cmake_parse_arguments(PARSE_ARGV 1 test "" "" "LINK")
+  add_program(${name}_tests FOLDERS ${name} LINK test_support ${test_LINK} GTest::gmock_main)
+  add_test(NAME ${name}_tests COMMAND ${name}_tests)
+endfunction()
+
+# add_com_library(TARGET [FOLDERS folder...] [LINK target...]): an in-process COM server TARGET.dll
+# of the folders' sources, resources and .def file, stripped, its symbols beside it in
+# TARGET.dll.debug.
+function(add_com_library target)
+  cmake_parse_arguments(PARSE_ARGV 1 dll "" "" "FOLDERS;LINK")
+  if(NOT dll_FOLDERS)
+    set(dll_FOLDERS .)
+  endif()
+  find_files(sources *.cpp ${dll_FOLDERS})
+  find_files(exports *.def ${dll_FOLDERS})
+  find_resources(resources ${dll_FOLDERS})
+  add_library(${target} SHARED ${sources} ${resources} ${exports})
+  set_target_properties(${target} PROPERTIES PREFIX "")
+  target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(${target} PRIVATE ${dll_LINK} project_options)
+  precompile(${target})
+  if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+    # COM asks for the undecorated names.
+    target_link_options(${target} PRIVATE -Wl,--kill-at -Wl,--enable-stdcall-fixup)
+  endif()
+  # The tools write the time into what they change; the same sources are to give the same bytes.
+  set(fixed_time ${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=0)
+  add_custom_command(TARGET ${target} POST_BUILD
+    COMMAND ${fixed_time} ${CMAKE_OBJCOPY} --only-keep-debug
+      $<TARGET_FILE:${target}> $<TARGET_FILE:${target}>.debug
+    COMMAND ${fixed_time} ${CMAKE_STRIP} --strip-all $<TARGET_FILE:${target}>
+    COMMAND ${fixed_time} ${CMAKE_OBJCOPY} --add-gnu-debuglink=$<TARGET_FILE:${target}>.debug
+      $<TARGET_FILE:${target}>
+    VERBATIM)
+endfunction()
