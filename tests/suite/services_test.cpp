@@ -154,6 +154,60 @@ TEST_F(Services, SettingsSwitchTheVoucherOfTheCurrentPeriod) {
   EXPECT_EQ("0", Readable(Query(u"select count(*) from t_voucher")));
 }
 
+TEST_F(Services, SettingsShowTheLocationOfTheCompanyThatIsOpen) {
+  const ObjectPtr settings = Create(u"ZEPWorkbench.Settings");
+  const std::u16string path = pricedown::FromUtf8(path_.string());
+  settings->Call(u"Open", {path});
+  EXPECT_THROW(settings->Call(u"Open", {u"/no/such/company.db"}), AutomationError);
+  EXPECT_EQ(path, pricedown::ToText(settings->Get(u"Location")));
+  EXPECT_EQ("\"1\"", Readable(Query(u"select '1' as a"))) << "the company before stays open";
+}
+
+TEST_F(Services, SettingsRefuseAUserThatTheCompanyDoesNotHave) {
+  const ObjectPtr settings = Create(u"ZEPWorkbench.Settings");
+  suite_->Execute(u"INSERT INTO t_user(FUserID,FName)VALUES(2,'王芳')");
+  settings->Put(u"UserID", std::int32_t{2});
+  try {
+    settings->Put(u"UserID", std::int32_t{99});
+    ADD_FAILURE() << "99 was taken";
+  } catch (const AutomationError& error) {
+    EXPECT_EQ("公司中没有编号为 99 的用户。", Utf8(error.Description()));
+  }
+  EXPECT_EQ("2", Readable(settings->Get(u"UserID")));
+}
+
+TEST_F(Services, SettingsOfATransactionAreStoredTogetherOrNotAtAll) {
+  const ObjectPtr settings = Create(u"ZEPWorkbench.Settings");
+  settings->Put(u"CurrentYear", u"2008");
+  settings->Call(u"Begin", {});
+  settings->Put(u"CurrentYear", u"2009");
+  settings->Put(u"UseShortNumber", u"1");
+  settings->Call(u"Rollback", {});
+  EXPECT_EQ("\"2008\"", Readable(settings->Get(u"CurrentYear")));
+  EXPECT_EQ("Null", Readable(settings->Get(u"UseShortNumber")));
+  settings->Call(u"Begin", {});
+  settings->Put(u"CurrentYear", u"2010");
+  settings->Call(u"Commit", {});
+  settings->Call(u"Rollback", {});
+  EXPECT_EQ("\"2010\"", Readable(settings->Get(u"CurrentYear")));
+}
+
+TEST_F(Services, SettingsRefuseANegativeTimeout) {
+  const ObjectPtr settings = Create(u"ZEPWorkbench.Settings");
+  EXPECT_EQ("15", Readable(settings->Get(u"LoginTimeout")));
+  EXPECT_EQ("60", Readable(settings->Get(u"StatementTimeout")));
+  settings->Put(u"StatementTimeout", std::int32_t{5});
+  EXPECT_THROW(settings->Put(u"StatementTimeout", std::int32_t{-1}), AutomationError);
+  EXPECT_EQ(5, suite_->options.statementTimeout.count());
+}
+
+TEST_F(Services, RightsMayBeKeptAsDecimalNumbers) {
+  suite_->Execute(
+      u"INSERT INTO t_UserRight(FUserID,FObjectType,FObjectID,FAccessMask)"
+      u"VALUES(1,10,151,4194304.0)");
+  EXPECT_EQ(4194304, suite_->RightsMask(10, 151));
+}
+
 TEST_F(Services, SettingsListUsers) {
   suite_->Execute(
       u"INSERT INTO t_user(FUserID,FName)VALUES(2,'王芳')"

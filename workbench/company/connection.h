@@ -2,13 +2,32 @@
 // It is not the suite's connection object; that one is an automation object built on this.
 #pragma once
 
+#include <chrono>
+#include <functional>
 #include <memory>
+#include <span>
+#include <string>
 #include <string_view>
+#include <variant>
 
 #include "workbench/company/database_error.h"
 #include "workbench/company/result_set.h"
 
 namespace workbench {
+
+// A value of a row to insert; texts in UTF-8, borrowed for the call.
+using InsertValue = std::variant<std::monostate, std::int64_t, double, std::string_view>;
+
+// Inserts many rows of one table through one prepared statement.
+class RowInserter {
+ public:
+  virtual ~RowInserter() = default;
+
+  // One value per column. The row may wait in a batch until Finish. Throws DatabaseError.
+  virtual void Insert(std::span<const InsertValue> row) = 0;
+  // Sends what waits. Throws DatabaseError.
+  virtual void Finish() = 0;
+};
 
 // For one thread. Nothing stays open between calls, so that a result may be read and further
 // texts executed in any order.
@@ -21,10 +40,61 @@ class Connection {
   // read changes nothing; a statement that fails while running leaves those before it done.
   // Throws DatabaseError.
   virtual ResultSet Execute(std::u16string_view text) = 0;
+
+  // A transaction of the caller's own, which holds until Commit or Rollback. One at a time; use
+  // Transaction. Begin and Commit throw DatabaseError.
+  virtual void Begin() = 0;
+  virtual void Commit() = 0;
+  virtual void Rollback() noexcept = 0;
+
+  // Column names separated by ",". The connection outlives the inserter. Throws DatabaseError.
+  virtual std::unique_ptr<RowInserter> PrepareInsert(std::string_view table,
+                                                     std::string_view columns) = 0;
+
+  // Throws SchemaError when the database is no company, or one of another version.
+  virtual void RequireCompany() = 0;
 };
 
-// `location`, in UTF-8: an ODBC connection string (it begins with "Driver=" or "DSN=", in any
-// case) or else the path of an existing company file. Throws DatabaseError.
-std::unique_ptr<Connection> OpenConnection(std::string_view location);
+// Rolls back at its end unless Commit was called.
+class Transaction {
+ public:
+  // Throws DatabaseError.
+  explicit Transaction(Connection& connection) : connection_(connection) { connection_.Begin(); }
+  ~Transaction() {
+    if (open_) connection_.Rollback();
+  }
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+
+  // Throws DatabaseError; the transaction is then undone.
+  void Commit() {
+    connection_.Commit();
+    open_ = false;
+  }
+
+ private:
+  Connection& connection_;
+  bool open_ = true;
+};
+
+enum class OpenMode {
+  ReadOnly,   // a file is not written; a server is told so
+  ReadWrite,  // for one program that loads data
+  Shared,     // for several programs at a time: a file's readers and writer do not wait
+};
+
+struct ConnectOptions {
+  OpenMode mode = OpenMode::Shared;
+  // Of servers; 0 waits for ever. What the driver cannot limit is not limited.
+  std::chrono::seconds loginTimeout{15};
+  std::chrono::seconds statementTimeout{60};
+  // Asked now and then, on a thread of the connection's, while a statement runs; true cancels the
+  // statement where the driver can. May be empty. Must not throw.
+  std::function<bool()> cancels = {};
+};
+
+// `location`, in UTF-8: an ODBC connection string (location.h) or else the path of an existing
+// company file. Throws DatabaseError, whose text holds no password.
+std::unique_ptr<Connection> OpenConnection(std::string_view location, ConnectOptions options = {});
 
 }  // namespace workbench

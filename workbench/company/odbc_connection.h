@@ -3,21 +3,36 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include "workbench/company/connection.h"
 
 namespace workbench {
 
-// The text of a DatabaseError begins with the SQLSTATE in brackets. Date and time columns arrive
-// as text, as the driver writes them.
+// The text of a DatabaseError that the driver reports begins with the SQLSTATE in brackets.
+//
+// Before each text outside a transaction the connection is tried and, where it is dead, made anew
+// once. A text that was sent is never sent again after a lost connection, because it may have been
+// carried out. A text with several changes runs in one serializable transaction, which is
+// committed also when a later statement fails: what the server has not undone stays. Where the
+// server undid all of it for the sake of another transaction, it is sent again, a few times.
 class OdbcConnection final : public Connection {
  public:
   // `connectionString` in UTF-8. Throws DatabaseError.
-  explicit OdbcConnection(std::string_view connectionString);
+  OdbcConnection(std::string_view connectionString, ConnectOptions options);
   ~OdbcConnection() override;
 
   ResultSet Execute(std::u16string_view text) override;
+  void Begin() override;
+  void Commit() override;
+  void Rollback() noexcept override;
+  std::unique_ptr<RowInserter> PrepareInsert(std::string_view table,
+                                             std::string_view columns) override;
+  void RequireCompany() override;
+
+  // The server's product, as its driver names it ("Microsoft SQL Server").
+  std::u16string ServerProduct();
 
  private:
   class Session;  // keeps ODBC's headers out of this one

@@ -6,6 +6,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace workbench {
 
@@ -14,6 +15,11 @@ inline constexpr int kCompanySchemaVersion = 1;
 
 /// Kept in PRAGMA application_id, so that another program's database is not mistaken for one.
 inline constexpr int kCompanyApplicationId = 0x5A504443;  // "ZPDC"
+
+/// Every table of a company.
+inline constexpr std::string_view kCompanyTables[] = {
+    "icPriceDownClass", "ICPriceDownPrepare", "t_voucher", "t_ICItem",    "t_account",
+    "t_systemprofile",  "t_UserSetting",      "t_user",    "t_UserRight", "t_UserProfile"};
 
 /// A database that cannot be used as a company; the text is Chinese, for the user.
 class SchemaError : public std::runtime_error {

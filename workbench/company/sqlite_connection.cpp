@@ -12,6 +12,7 @@
 #include "workbench/company/collation.h"
 #include "workbench/company/column_type.h"
 #include "workbench/company/dialect.h"
+#include "workbench/company/schema.h"
 #include "workbench/company/server_functions.h"
 #include "workbench/company/sqlite_schema.h"
 #include "workbench/company/utf.h"
@@ -64,17 +65,18 @@ void DescribeUntyped(ResultSet& result, sqlite3_stmt* statement) {
 }  // namespace
 
 void SqliteConnection::Close::operator()(sqlite3* database) const noexcept {
-  sqlite3_close_v2(database);
+  if (owns) sqlite3_close_v2(database);
 }
 
 void SqliteConnection::Finalize::operator()(sqlite3_stmt* statement) const noexcept {
   sqlite3_finalize(statement);
 }
 
-SqliteConnection::SqliteConnection(std::string_view path) {
+SqliteConnection::SqliteConnection(std::string_view path, OpenMode mode) {
   sqlite3* opened = nullptr;
-  const int result = sqlite3_open_v2(std::string(path).c_str(), &opened,
-                                     SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+  const int access = mode == OpenMode::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+  const int result =
+      sqlite3_open_v2(std::string(path).c_str(), &opened, access | SQLITE_OPEN_NOMUTEX, nullptr);
   database_.reset(opened);
   if (result != SQLITE_OK) {
     throw DatabaseError(u"无法打开公司数据库 '" + Utf16FromUtf8(path) + u"'。", result);
@@ -82,11 +84,14 @@ SqliteConnection::SqliteConnection(std::string_view path) {
   sqlite3_extended_result_codes(opened, 1);
   sqlite3_busy_timeout(opened, kLockWaitMilliseconds);
   RegisterServerText(opened);
+  if (mode != OpenMode::Shared) return;
   // Readers and a writer do not wait for each other; a file that cannot have it works without.
   const int journal = sqlite3_exec(opened, "PRAGMA journal_mode=WAL", nullptr, nullptr, nullptr);
   if ((journal & 0xFF) == SQLITE_NOTADB || (journal & 0xFF) == SQLITE_CORRUPT) ThrowFailure();
   Command("PRAGMA synchronous=NORMAL");
 }
+
+SqliteConnection::SqliteConnection(sqlite3* database) : database_(database, Close{false}) {}
 
 SqliteConnection::~SqliteConnection() = default;
 
@@ -114,6 +119,18 @@ ResultSet SqliteConnection::Execute(std::u16string_view text) {
   Command("COMMIT");
   return result;
 }
+
+void SqliteConnection::Begin() { Command("BEGIN IMMEDIATE"); }
+
+void SqliteConnection::Commit() { Command("COMMIT"); }
+
+void SqliteConnection::Rollback() noexcept {
+  // SQLite ends a transaction by itself after some failures; there is then nothing to undo.
+  if (sqlite3_get_autocommit(database_.get()) != 0) return;
+  sqlite3_exec(database_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+void SqliteConnection::RequireCompany() { workbench::RequireCompany(database_.get()); }
 
 std::vector<SqliteConnection::Statement> SqliteConnection::PrepareAll(
     const std::vector<StatementShape>& shapes) const {
@@ -213,13 +230,65 @@ ResultSet SqliteConnection::Fetch(sqlite3_stmt* statement, const StatementShape&
   return result;
 }
 
+// One prepared statement that is bound, run and reset for each row.
+class SqliteConnection::Inserter final : public RowInserter {
+ public:
+  Inserter(sqlite3* database, const std::string& sql) : database_(database) {
+    sqlite3_stmt* statement = nullptr;
+    const int result = sqlite3_prepare_v2(database, sql.c_str(), static_cast<int>(sql.size()),
+                                          &statement, nullptr);
+    statement_.reset(statement);
+    if (result != SQLITE_OK) ThrowFailure(database);
+  }
+
+  void Insert(std::span<const InsertValue> row) override {
+    int parameter = 0;
+    for (const InsertValue& value : row) {
+      if (BindValue(++parameter, value) != SQLITE_OK) ThrowFailure(database_);
+    }
+    const int result = sqlite3_step(statement_.get());
+    if (result != SQLITE_DONE) ThrowFailure(database_);
+    sqlite3_reset(statement_.get());
+  }
+
+  void Finish() override {}
+
+ private:
+  int BindValue(int parameter, const InsertValue& value) {
+    if (const auto* integer = std::get_if<std::int64_t>(&value)) {
+      return sqlite3_bind_int64(statement_.get(), parameter, *integer);
+    }
+    if (const auto* real = std::get_if<double>(&value)) {
+      return sqlite3_bind_double(statement_.get(), parameter, *real);
+    }
+    if (const auto* text = std::get_if<std::string_view>(&value)) {
+      // A null pointer would bind NULL instead of the empty text.
+      return sqlite3_bind_text64(statement_.get(), parameter, text->empty() ? "" : text->data(),
+                                 text->size(), SQLITE_STATIC, SQLITE_UTF8);
+    }
+    return sqlite3_bind_null(statement_.get(), parameter);
+  }
+
+  sqlite3* database_;
+  Statement statement_;
+};
+
+std::unique_ptr<RowInserter> SqliteConnection::PrepareInsert(std::string_view table,
+                                                             std::string_view columns) {
+  std::string sql = "INSERT INTO ";
+  sql.append(table).append("(").append(columns).append(")VALUES(?");
+  const auto more = std::count(columns.begin(), columns.end(), ',');
+  for (std::ptrdiff_t i = 0; i < more; ++i) sql += ",?";
+  return std::make_unique<Inserter>(database_.get(), sql + ")");
+}
+
 void SqliteConnection::Command(const char* sql) const {
   if (sqlite3_exec(database_.get(), sql, nullptr, nullptr, nullptr) != SQLITE_OK) ThrowFailure();
 }
 
-void SqliteConnection::ThrowFailure() const {
-  const int code = sqlite3_extended_errcode(database_.get());
-  const std::u16string message = Utf16FromUtf8(sqlite3_errmsg(database_.get()));
+void SqliteConnection::ThrowFailure(sqlite3* database) {
+  const int code = sqlite3_extended_errcode(database);
+  const std::u16string message = Utf16FromUtf8(sqlite3_errmsg(database));
   if (const int serverError = ServerErrorOfResultCode(code); serverError != 0) {
     throw DatabaseError(message, serverError);
   }

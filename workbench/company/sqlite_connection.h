@@ -22,16 +22,28 @@ struct TranslatedText;
 class SqliteConnection final : public Connection {
  public:
   // `path` in UTF-8. Throws DatabaseError where there is no such company file.
-  explicit SqliteConnection(std::string_view path);
+  explicit SqliteConnection(std::string_view path, OpenMode mode = OpenMode::Shared);
+  // Uses an open database that stays the caller's and outlives the connection. Requires:
+  // RegisterServerText was called on it.
+  explicit SqliteConnection(sqlite3* database);
   ~SqliteConnection() override;
 
   ResultSet Execute(std::u16string_view text) override;
+  void Begin() override;
+  void Commit() override;
+  void Rollback() noexcept override;
+  std::unique_ptr<RowInserter> PrepareInsert(std::string_view table,
+                                             std::string_view columns) override;
+  void RequireCompany() override;
 
   // The open file, for what the dialect has no words for; the connection stays its owner.
   sqlite3* Database() const noexcept { return database_.get(); }
 
  private:
   struct Close {
+    Close() noexcept : owns(true) {}
+    explicit Close(bool isOwner) noexcept : owns(isOwner) {}
+    bool owns;
     void operator()(sqlite3* database) const noexcept;
   };
   struct Finalize {
@@ -45,7 +57,10 @@ class SqliteConnection final : public Connection {
   void RunChange(sqlite3_stmt* statement) const;
   ResultSet Fetch(sqlite3_stmt* statement, const StatementShape& shape) const;
   void Command(const char* sql) const;
-  [[noreturn]] void ThrowFailure() const;
+  [[noreturn]] void ThrowFailure() const { ThrowFailure(database_.get()); }
+  [[noreturn]] static void ThrowFailure(sqlite3* database);
+
+  class Inserter;
 
   std::unique_ptr<sqlite3, Close> database_;
 };

@@ -5,6 +5,7 @@
 #include "platform/convert.h"
 #include "platform/error.h"
 #include "platform/text.h"
+#include "workbench/company/location.h"
 #include "workbench/suite/result_rows.h"
 
 namespace workbench {
@@ -13,6 +14,7 @@ using pricedown::Access;
 using pricedown::Concatenate;
 using pricedown::Member;
 using pricedown::MemberKind;
+using pricedown::NumberText;
 using pricedown::ToInt32;
 using pricedown::ToText;
 using pricedown::Value;
@@ -38,6 +40,17 @@ template <const ProfileName& Name>
 Value NamedProfile(Settings& settings, Access access, std::span<Value> arguments) {
   if (access == Access::Call) return settings.Suite().Profile(Name.category, Name.key);
   settings.Suite().SetProfile(Name.category, Name.key, ToText(arguments[0]));
+  return {};
+}
+
+Value Timeout(std::chrono::seconds& timeout, Access access, std::span<Value> arguments) {
+  if (access == Access::Call) return static_cast<std::int32_t>(timeout.count());
+  const std::int32_t seconds = ToInt32(arguments[0].Resolved());
+  if (seconds < 0) {
+    throw pricedown::AutomationError(pricedown::ErrorNumber::InvalidArgument,
+                                     u"超时秒数不能为负数。", u"ZEPWorkbench.Settings");
+  }
+  timeout = std::chrono::seconds(seconds);
   return {};
 }
 
@@ -72,6 +85,20 @@ void Settings::SetVoucherPresent(bool present) {
        ToText(suite_->Profile(u"IC", u"CurrentPeriod")), u",820,'Industry','计提存货跌价准备')"}));
 }
 
+void Settings::SetUser(std::int32_t id) {
+  const bool isKnown =
+      suite_->company == nullptr ||
+      suite_->Execute(Concatenate({u"SELECT FName FROM t_user WHERE FUserID=", NumberText(id)}))
+              .RowCount() > 0;
+  if (!isKnown) {
+    throw pricedown::AutomationError(
+        pricedown::ErrorNumber::InvalidArgument,
+        Concatenate({u"公司中没有编号为 ", NumberText(id), u" 的用户。"}),
+        u"ZEPWorkbench.Settings");
+  }
+  suite_->userId = id;
+}
+
 QueuedPickers& Settings::Queue() {
   auto* queue = dynamic_cast<QueuedPickers*>(suite_->pickers.get());
   if (queue == nullptr) {
@@ -101,11 +128,35 @@ std::span<const Member<Settings>> Settings::Members() {
   static constexpr Member<Settings> kMembers[] = {
       {u"Open", MemberKind::Method,
        [](Settings& settings, Access, std::span<Value> arguments) {
-         settings.location = ToText(arguments[0]);
-         settings.Suite().OpenCompany(settings.location);
+         const std::u16string location = ToText(arguments[0]);
+         settings.Suite().OpenCompany(location);
+         settings.location = pricedown::FromUtf8(ShownLocation(pricedown::ToUtf8(location)));
          return Value(true);
        },
        1, 1},
+      {u"Begin", MemberKind::Method,
+       [](Settings& settings, Access, std::span<Value>) {
+         settings.Suite().Begin();
+         return Value();
+       }},
+      {u"Commit", MemberKind::Method,
+       [](Settings& settings, Access, std::span<Value>) {
+         settings.Suite().Commit();
+         return Value();
+       }},
+      {u"Rollback", MemberKind::Method,
+       [](Settings& settings, Access, std::span<Value>) {
+         settings.Suite().Rollback();
+         return Value();
+       }},
+      {u"LoginTimeout", MemberKind::GetPut,
+       [](Settings& settings, Access access, std::span<Value> arguments) {
+         return Timeout(settings.Suite().options.loginTimeout, access, arguments);
+       }},
+      {u"StatementTimeout", MemberKind::GetPut,
+       [](Settings& settings, Access access, std::span<Value> arguments) {
+         return Timeout(settings.Suite().options.statementTimeout, access, arguments);
+       }},
       {u"Close", MemberKind::Method,
        [](Settings& settings, Access, std::span<Value>) {
          settings.Suite().company.reset();
@@ -116,7 +167,7 @@ std::span<const Member<Settings>> Settings::Members() {
       {u"UserID", MemberKind::GetPut,
        [](Settings& settings, Access access, std::span<Value> arguments) {
          if (access == Access::Call) return Value(settings.Suite().userId);
-         settings.Suite().userId = ToInt32(arguments[0].Resolved());
+         settings.SetUser(ToInt32(arguments[0].Resolved()));
          return Value();
        }},
       {u"Language", MemberKind::GetPut,

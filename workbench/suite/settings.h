@@ -6,8 +6,10 @@
 
 namespace workbench {
 
-// Members: Open(location), Close, Location, UserID, Language, Profile(category, key) get and put,
-// ItemClassType, UseShortNumber, CurrentYear, CurrentPeriod (short for profiles),
+// Members: Open(location), Close, Location (without passwords), LoginTimeout and StatementTimeout
+// in seconds (0: none; for companies opened afterwards), Begin, Commit and Rollback of several
+// changes that are stored together, UserID (one that the company has), Language, Profile(category,
+// key) get and put, ItemClassType, UseShortNumber, CurrentYear, CurrentPeriod (short for profiles),
 // Rights(objectType, objectNumber) get and put, VoucherPresent get and put (of the current
 // period), QueueAccount(number), QueueItems(ids separated by ",") answer the next look-up in place
 // of the user, empty texts as if cancelled, Query(text) answers the first cell, Users answers
@@ -19,6 +21,8 @@ class Settings : public pricedown::LocalObject<Settings> {
 
   bool VoucherPresent();
   void SetVoucherPresent(bool present);
+  // Throws AutomationError when the open company has no such user.
+  void SetUser(std::int32_t id);
   // Throws AutomationError when the pickers have no queue.
   QueuedPickers& Queue();
   std::u16string Users();

@@ -21,15 +21,31 @@ constexpr std::u16string_view kConnectionSource = u"ZEPConnection.AppConnection"
 std::optional<std::int64_t> FirstInteger(const ResultSet& result) {
   if (result.RowCount() == 0 || result.ColumnCount() == 0) return std::nullopt;
   const Cell& cell = result.At(0, 0);
-  if (cell.Kind() != CellKind::Integer) return std::nullopt;
-  return cell.Integer();
+  if (cell.Kind() == CellKind::Integer) return cell.Integer();
+  // A server may keep whole numbers as DECIMAL.
+  if (cell.Kind() == CellKind::Number) return static_cast<std::int64_t>(cell.Number());
+  return std::nullopt;
 }
 
 }  // namespace
 
+template <class Use>
+auto SuiteState::OnCompany(Use&& use) {
+  if (company == nullptr) {
+    throw AutomationError(pricedown::ErrorNumber::Unspecified, u"没有打开公司数据库。",
+                          std::u16string(kConnectionSource));
+  }
+  try {
+    return use(*company);
+  } catch (const DatabaseError& error) {
+    throw AutomationError(pricedown::ErrorNumber::Unspecified, error.Message(),
+                          std::u16string(kConnectionSource));
+  }
+}
+
 void SuiteState::OpenCompany(std::u16string_view location) {
   try {
-    company = OpenConnection(pricedown::ToUtf8(location));
+    company = OpenConnection(pricedown::ToUtf8(location), options);
   } catch (const DatabaseError& error) {
     throw AutomationError(pricedown::ErrorNumber::Unspecified, error.Message(),
                           std::u16string(kConnectionSource));
@@ -37,16 +53,19 @@ void SuiteState::OpenCompany(std::u16string_view location) {
 }
 
 ResultSet SuiteState::Execute(std::u16string_view statement) {
-  if (company == nullptr) {
-    throw AutomationError(pricedown::ErrorNumber::Unspecified, u"没有打开公司数据库。",
-                          std::u16string(kConnectionSource));
-  }
-  try {
-    return company->Execute(statement);
-  } catch (const DatabaseError& error) {
-    throw AutomationError(pricedown::ErrorNumber::Unspecified, error.Message(),
-                          std::u16string(kConnectionSource));
-  }
+  return OnCompany([&](Connection& connection) { return connection.Execute(statement); });
+}
+
+void SuiteState::Begin() {
+  OnCompany([](Connection& connection) { connection.Begin(); });
+}
+
+void SuiteState::Commit() {
+  OnCompany([](Connection& connection) { connection.Commit(); });
+}
+
+void SuiteState::Rollback() noexcept {
+  if (company != nullptr) company->Rollback();
 }
 
 std::u16string SuiteState::Literal(std::u16string_view text) {

@@ -15,6 +15,7 @@ namespace workbench {
 
 struct SuiteState {
   std::unique_ptr<Connection> company;
+  ConnectOptions options;
   std::int32_t userId = 1;
   std::u16string language = u"chs";
   // Never null.
@@ -28,6 +29,11 @@ struct SuiteState {
   // database refuses.
   ResultSet Execute(std::u16string_view statement);
 
+  // Several changes that are stored together or not at all. Begin and Commit throw AutomationError.
+  void Begin();
+  void Commit();
+  void Rollback() noexcept;
+
   // A text as a literal of a statement.
   static std::u16string Literal(std::u16string_view text);
 
@@ -38,6 +44,10 @@ struct SuiteState {
   // The rights of the user on an object, as a mask.
   std::int32_t RightsMask(std::int32_t objectType, std::int32_t objectNumber);
   void SetRightsMask(std::int32_t objectType, std::int32_t objectNumber, std::int32_t mask);
+
+ private:
+  template <class Use>
+  auto OnCompany(Use&& use);
 };
 
 }  // namespace workbench

@@ -1,0 +1,53 @@
+// Which texts are connection strings, and what of them may be shown, kept and reported.
+#include "workbench/company/location.h"
+
+#include <gtest/gtest.h>
+
+namespace workbench {
+namespace {
+
+TEST(Location, IsAConnectionStringInAnyOrderCaseAndSpacing) {
+  for (const char* text :
+       {"Driver=SQL Server;Server=a", "DSN=a", "dsn=a", "  driver = {a}", ";;Driver=a",
+        "SERVER=a;Database=b;PWD=c;Driver=d", "Foo=1;UID=sa;", "PWD=x", "\t\r\n Driver\t=x",
+        "Initial Catalog=a", "Provider=x;Data Source=y", "Trusted_Connection=yes", "Driver={a"}) {
+    EXPECT_TRUE(IsConnectionString(text)) << text;
+  }
+}
+
+TEST(Location, IsAPathOtherwise) {
+  for (const char* text : {"", "company.db", "/data/a=b.db", "C:\\data\\a;b.db", "./Driver=x.db",
+                           "Driver", "driver;x", "{Driver=x}", "mydriver=x", "a=1;b=2"}) {
+    EXPECT_FALSE(IsConnectionString(text)) << text;
+    EXPECT_EQ(ShownLocation(text), text);
+    EXPECT_EQ(RememberedLocation(text), text);
+  }
+}
+
+constexpr const char* kWhole =
+    " Encrypt=no; PWD={p;Driver=w}}d}; driver = {ODBC;17} ;Server=db,1433;Foo=bar;UID=sa;"
+    "Database=账套;Password=zwei;AccessToken=drei";
+
+TEST(Location, ShowsDriverServerAndDatabaseOnly) {
+  EXPECT_EQ(ShownLocation(kWhole), "driver={ODBC;17};Server=db,1433;Database=账套");
+}
+
+TEST(Location, RemembersTheUserButNoPasswordAndNothingUnknown) {
+  EXPECT_EQ(RememberedLocation(kWhole),
+            "Encrypt=no;driver={ODBC;17};Server=db,1433;UID=sa;Database=账套");
+}
+
+TEST(Location, KeepsEveryEntryForTheDriverWithoutBlanksAround) {
+  EXPECT_EQ(NormalizedConnectionString(" A = 1 ;; Driver={x ; y} ;PWD= z"),
+            "A=1;Driver={x ; y};PWD=z");
+}
+
+TEST(Location, TakesPasswordsOutOfMessages) {
+  EXPECT_EQ(WithoutSecrets("login 'sa' with 'zwei' or {p;Driver=w}}d} or drei at db", kWhole),
+            "login 'sa' with '***' or *** or *** at db");
+  EXPECT_EQ(WithoutSecrets("nothing", "Driver=x;PWD="), "nothing");
+  EXPECT_EQ(WithoutSecrets("geheim", "PWD={geheim}"), "***");
+}
+
+}  // namespace
+}  // namespace workbench

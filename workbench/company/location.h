@@ -1,0 +1,30 @@
+// Where a company is: the path of a file, or an ODBC connection string. All texts in UTF-8.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace workbench {
+
+// True when an entry of the text ("key=value", separated by ";") has a key that connection
+// strings have, in any order and case and with any blanks. "./" in front makes a path of any text.
+bool IsConnectionString(std::string_view location);
+
+// The entries without the blanks around keys and values, for drivers that do not trim them.
+// Requires: IsConnectionString.
+std::string NormalizedConnectionString(std::string_view location);
+
+// What may be shown and logged: a path as it is, of a connection string driver, data source,
+// server, port and database only.
+std::string ShownLocation(std::string_view location);
+
+// What may be kept to be chosen again: ShownLocation with the user's name and how to log in,
+// never a password.
+std::string RememberedLocation(std::string_view location);
+
+// `message` with each password of the connection string replaced by "***".
+std::string WithoutSecrets(std::string message, std::string_view location);
+
+}  // namespace workbench

@@ -1,0 +1,13 @@
+// Copies the rows of an open ODBC result into a ResultSet.
+#pragma once
+
+#include "workbench/company/odbc_handle.h"
+#include "workbench/company/result_set.h"
+
+namespace workbench::odbc {
+
+// Date and time columns arrive as text, as the driver writes them. Throws DatabaseError.
+// Requires: a result of `columnCount` columns is open on the statement.
+ResultSet FetchAll(SQLHSTMT statement, SQLSMALLINT columnCount);
+
+}  // namespace workbench::odbc

@@ -1,0 +1,52 @@
+#include "workbench/company/odbc_handle.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+namespace workbench::odbc {
+namespace {
+
+std::optional<DatabaseError> ReadRecord(SQLSMALLINT kind, SQLHANDLE handle, SQLSMALLINT record) {
+  std::array<SQLWCHAR, SQL_SQLSTATE_SIZE + 1> state{};
+  std::array<SQLWCHAR, SQL_MAX_MESSAGE_LENGTH * 2> message{};
+  SQLINTEGER number = 0;
+  SQLSMALLINT length = 0;
+  const SQLRETURN got = SQLGetDiagRecW(kind, handle, record, state.data(), &number, message.data(),
+                                       static_cast<SQLSMALLINT>(message.size()), &length);
+  if (!SQL_SUCCEEDED(got)) return std::nullopt;
+  const std::size_t known = std::min(static_cast<std::size_t>(length), message.size() - 1);
+  return DatabaseError(
+      u"[" + FromOdbc(state.data(), SQL_SQLSTATE_SIZE) + u"] " + FromOdbc(message.data(), known),
+      static_cast<int>(number));
+}
+
+}  // namespace
+
+void ThrowDiagnostic(SQLSMALLINT kind, SQLHANDLE handle) {
+  std::optional<DatabaseError> first;
+  for (SQLSMALLINT record = 1;; ++record) {
+    const auto read = ReadRecord(kind, handle, record);
+    if (!read) break;
+    if (!StateOf(*read).starts_with(u"01")) throw DatabaseError(*read);
+    if (!first) first = read;
+  }
+  if (first) throw DatabaseError(*first);
+  throw DatabaseError(u"ODBC 调用失败，没有更多信息。", 0);
+}
+
+std::u16string_view StateOf(const DatabaseError& error) {
+  const std::u16string_view message = error.Message();
+  const bool hasState = message.size() > SQL_SQLSTATE_SIZE + 1 && message.front() == u'[' &&
+                        message[SQL_SQLSTATE_SIZE + 1] == u']';
+  return hasState ? message.substr(1, SQL_SQLSTATE_SIZE) : std::u16string_view();
+}
+
+Handle::Handle(SQLSMALLINT kind, SQLSMALLINT parentKind, SQLHANDLE parent) : kind_(kind) {
+  const SQLRETURN result = SQLAllocHandle(kind, parent, &handle_);
+  if (SQL_SUCCEEDED(result)) return;
+  if (parent == SQL_NULL_HANDLE) throw DatabaseError(u"无法使用 ODBC。", 0);
+  ThrowDiagnostic(parentKind, parent);
+}
+
+}  // namespace workbench::odbc
