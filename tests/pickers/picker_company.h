@@ -29,6 +29,15 @@ class PickerCompany final : public Connection {
     return company_->Execute(text);
   }
 
+  void Begin() override { company_->Begin(); }
+  void Commit() override { company_->Commit(); }
+  void Rollback() noexcept override { company_->Rollback(); }
+  std::unique_ptr<RowInserter> PrepareInsert(std::string_view table,
+                                             std::string_view columns) override {
+    return company_->PrepareInsert(table, columns);
+  }
+  void RequireCompany() override { company_->RequireCompany(); }
+
   // An item with that id, code, name and specification, as they stand in a literal.
   void AddItem(int id, std::u16string_view code, std::u16string_view name,
                std::u16string_view model) {
