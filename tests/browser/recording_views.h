@@ -62,20 +62,20 @@ class RecordingTreeView : public ClassTreeView {
   RecorderPtr recorder_;
 };
 
-// Log lines: sheet changed 3 rows, sheet metrics. Attach it to see them.
+// Log lines: grid changed 3 rows, grid metrics. Attach it to see them.
 class RecordingGridView : public GridView {
  public:
-  RecordingGridView(RecorderPtr recorder, const Grid& sheet)
-      : recorder_(std::move(recorder)), sheet_(sheet) {}
+  RecordingGridView(RecorderPtr recorder, const Grid& grid)
+      : recorder_(std::move(recorder)), grid_(grid) {}
 
   void GridChanged() override {
-    recorder_->Add("sheet changed " + std::to_string(sheet_.MaxRows()) + " rows");
+    recorder_->Add("grid changed " + std::to_string(grid_.MaxRows()) + " rows");
   }
-  void GridMetricsChanged() override { recorder_->Add("sheet metrics"); }
+  void GridMetricsChanged() override { recorder_->Add("grid metrics"); }
 
  private:
   RecorderPtr recorder_;
-  const Grid& sheet_;
+  const Grid& grid_;
 };
 
 // Log lines: font tree 宋体 9.0, font label 宋体 9.0. A label is as high as `labelHeight`.
