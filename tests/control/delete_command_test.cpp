@@ -121,7 +121,7 @@ TEST_F(DeleteCommand, ReloadsOnceBehindARefusal) {
                   (refusal.voucher ? "" : ExecuteLine(kHistory) + "\nrelease result\n") +
                   "screen pointer 0\ntell information \"岚禾提示\": \"" + refusal.message +
                   "\"\nrelease ZEPConnection.AppConnection\nscreen pointer 11\n" + TreeLoad() +
-                  "screen pointer 0\nsheet changed 2 rows\n");
+                  "screen pointer 0\ngrid changed 2 rows\n");
   }
 }
 
