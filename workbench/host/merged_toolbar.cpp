@@ -3,26 +3,45 @@
 // Tools are reached by name as any host reaches them.
 #include "workbench/host/merged_toolbar.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "platform/convert.h"
+#include "platform/icon_ids.h"
 #include "platform/skip.h"
 #include "windows/com/failure.h"
 #include "windows/com/wide_text.h"
 #include "workbench/host/resource_ids.h"
-#include "workbench/host/tool_icons.h"
 
 namespace workbench {
 
 using pricedown::ObjectPtr;
 using pricedown::ToText;
 using pricedown::Value;
-using pricedown::windows::IconCanvas;
+using pricedown::windows::Dpi;
 using pricedown::windows::IconLook;
 using pricedown::windows::ImageList;
 using pricedown::windows::ToWide;
 
 namespace {
+
+struct ToolIcon {
+  std::u16string_view tool;
+  int icon;
+};
+// Tools that the control also has as buttons show the control's icons.
+constexpr ToolIcon kToolIcons[] = {
+    {u"iInsert", PRICEDOWN_ICON_ADD},
+    {u"iEdit", PRICEDOWN_ICON_EDIT},
+    {u"iCut", PRICEDOWN_ICON_DELETE},
+    {u"iPrint", PRICEDOWN_ICON_PRINT},
+    {u"iPrintPreView", PRICEDOWN_ICON_PREVIEW},
+    {u"iExit", PRICEDOWN_ICON_EXIT},
+    {u"iRefresh", IDI_REFRESH},
+    {u"iToolBar", IDI_TOOL_STRIP},
+    {u"mnuViewStatusBar", IDI_STATUS_BAR},
+};
 
 struct StandardTool {
   const char16_t* name;
@@ -92,16 +111,18 @@ void MergedToolbar::Merge(const ObjectPtr& bar) {
 
 // Of the resolution that the window has now.
 void MergedToolbar::TakePictures() {
-  const int size = pricedown::windows::IconSize(pricedown::windows::Dpi::Of(window_));
-  std::vector<IconCanvas> pictures;
+  const Dpi dpi = Dpi::Of(window_);
+  std::vector<int> icons;
   for (Tool& tool : tools_) {
-    if (const auto picture = ToolPicture(tool.name, size)) {
-      tool.picture = static_cast<int>(pictures.size());
-      pictures.push_back(*picture);
-    }
+    const auto* found = std::find_if(std::begin(kToolIcons), std::end(kToolIcons),
+                                     [&](const ToolIcon& row) { return row.tool == tool.name; });
+    if (found == std::end(kToolIcons)) continue;
+    tool.picture = static_cast<int>(icons.size());
+    icons.push_back(found->icon);
   }
-  ImageList normal = MakeImageList(pictures, IconLook::Normal, size);
-  ImageList disabled = MakeImageList(pictures, IconLook::Disabled, size);
+  ImageList normal = MakeImageList(icons, IconLook::Normal, dpi);
+  ImageList disabled = MakeImageList(icons, IconLook::Disabled, dpi);
+  const int size = pricedown::windows::IconSize(dpi);
   SendMessageW(window_, TB_SETBITMAPSIZE, 0, MAKELPARAM(size, size));
   SendMessageW(window_, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(normal.Get()));
   SendMessageW(window_, TB_SETDISABLEDIMAGELIST, 0, reinterpret_cast<LPARAM>(disabled.Get()));

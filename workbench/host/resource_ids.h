@@ -14,6 +14,10 @@
 #define IDM_WINDOW_TILE 131
 #define IDM_ABOUT 140
 
+#define IDI_REFRESH 301
+#define IDI_TOOL_STRIP 302
+#define IDI_STATUS_BAR 303
+
 // Commands of the merged toolbar, by position.
 #define IDM_FIRST_TOOL 1000
 #define IDM_LAST_TOOL 1099

@@ -1,61 +1,83 @@
-// Turns drawn icons into icons of the system and puts them into image lists.
-// Icons carry colours not multiplied by alpha, and a mask for lists without alpha.
+// Loads icon resources, greys disabled ones, and puts them into image lists.
 #include "windows/base/image_list.h"
 
 #include <cstdint>
-#include <cstring>
+#include <memory>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
 #include "windows/base/gdi.h"
+#include "windows/base/system_functions.h"
 #include "windows/com/failure.h"
+
+// The linker's symbol for the start of the module that contains this code.
+extern "C" const IMAGE_DOS_HEADER __ImageBase;
 
 namespace pricedown::windows {
 namespace {
 
 constexpr int kDesignIconSize = 16;
 
-GdiObject<HBITMAP> ColourBitmap(const std::vector<std::uint32_t>& pixels, int size) {
-  BITMAPINFO info{};
-  info.bmiHeader.biSize = sizeof info.bmiHeader;
-  info.bmiHeader.biWidth = size;
-  info.bmiHeader.biHeight = -size;  // rows from the top
-  info.bmiHeader.biPlanes = 1;
-  info.bmiHeader.biBitCount = 32;
-  info.bmiHeader.biCompression = BI_RGB;
-  void* bits = nullptr;
-  GdiObject<HBITMAP> bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
-  if (!bitmap) ThrowLastError();
-  std::memcpy(bits, pixels.data(), pixels.size() * sizeof pixels[0]);
-  return bitmap;
+struct DestroyIconHandle {
+  void operator()(HICON icon) const { DestroyIcon(icon); }
+};
+using OwnedIcon = std::unique_ptr<std::remove_pointer_t<HICON>, DestroyIconHandle>;
+
+HINSTANCE ThisModule() {
+  return reinterpret_cast<HINSTANCE>(const_cast<IMAGE_DOS_HEADER*>(&__ImageBase));
 }
 
-// One bit per pixel, set where the icon is transparent; rows are padded to 16 bits.
-GdiObject<HBITMAP> MaskBitmap(const std::vector<std::uint32_t>& pixels, int size) {
-  const auto edge = static_cast<std::size_t>(size);
-  const std::size_t stride = (edge + 15) / 16 * 2;
-  std::vector<std::uint8_t> bits(stride * edge);
-  for (std::size_t y = 0; y < edge; ++y) {
-    for (std::size_t x = 0; x < edge; ++x) {
-      if (pixels[y * edge + x] >> 24 >= 0x80) continue;
-      std::uint8_t& byte = bits[y * stride + x / 8];
-      byte = static_cast<std::uint8_t>(byte | (0x80u >> (x % 8)));
-    }
+// The picture of that size, or the next larger one scaled down. Version 5 of the common controls,
+// which a host may have loaded first, cannot do that; LoadImage scales the nearest one.
+OwnedIcon LoadIconResource(int id, int size) {
+  const HINSTANCE module = ThisModule();
+  const wchar_t* const name = MAKEINTRESOURCEW(id);
+  if (const auto load = SystemFunction<decltype(&LoadIconWithScaleDown)>(L"comctl32.dll",
+                                                                         "LoadIconWithScaleDown")) {
+    HICON icon = nullptr;
+    ThrowIfFailed(load(module, name, size, size, &icon));
+    return OwnedIcon(icon);
   }
-  return GdiObject(CreateBitmap(size, size, 1, 1, bits.data()));
+  OwnedIcon icon(
+      static_cast<HICON>(LoadImageW(module, name, IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
+  if (icon == nullptr) ThrowLastError();
+  return icon;
 }
 
-HICON MakeIcon(const IconCanvas& canvas, IconLook look) {
-  const int size = canvas.Size();
-  const std::vector<std::uint32_t> pixels =
-      look == IconLook::Disabled ? Disabled(canvas.Pixels()) : canvas.Pixels();
-  const GdiObject<HBITMAP> colours = ColourBitmap(pixels, size);
-  const GdiObject<HBITMAP> mask = MaskBitmap(pixels, size);
+// Grey and pale; 0xAARRGGBB, not multiplied by alpha.
+std::uint32_t Disabled(std::uint32_t pixel) {
+  const std::uint32_t red = pixel >> 16 & 0xFF;
+  const std::uint32_t green = pixel >> 8 & 0xFF;
+  const std::uint32_t blue = pixel & 0xFF;
+  const std::uint32_t grey = 96 + (30 * red + 59 * green + 11 * blue) / 200;
+  const std::uint32_t alpha = (pixel >> 24) * 55 / 100;
+  return alpha << 24 | grey << 16 | grey << 8 | grey;
+}
+
+OwnedIcon Disabled(HICON icon, int size) {
   ICONINFO info{};
-  info.fIcon = TRUE;
-  info.hbmColor = colours.Get();
-  info.hbmMask = mask.Get();
-  return CreateIconIndirect(&info);
+  if (!GetIconInfo(icon, &info)) ThrowLastError();
+  const GdiObject<HBITMAP> colours(info.hbmColor);
+  const GdiObject<HBITMAP> mask(info.hbmMask);
+
+  BITMAPINFO format{};
+  format.bmiHeader.biSize = sizeof format.bmiHeader;
+  format.bmiHeader.biWidth = size;
+  format.bmiHeader.biHeight = size;
+  format.bmiHeader.biPlanes = 1;
+  format.bmiHeader.biBitCount = 32;
+  format.bmiHeader.biCompression = BI_RGB;
+  const auto rows = static_cast<UINT>(size);
+  std::vector<std::uint32_t> pixels(std::size_t{rows} * rows);
+  const WindowContext screen(nullptr);
+  if (GetDIBits(screen.Get(), colours.Get(), 0, rows, pixels.data(), &format, DIB_RGB_COLORS) ==
+      0) {
+    ThrowLastError();
+  }
+  for (std::uint32_t& pixel : pixels) pixel = Disabled(pixel);
+  SetDIBits(screen.Get(), colours.Get(), 0, rows, pixels.data(), &format, DIB_RGB_COLORS);
+  return OwnedIcon(CreateIconIndirect(&info));
 }
 
 }  // namespace
@@ -73,21 +95,15 @@ ImageList::~ImageList() {
 
 int IconSize(Dpi dpi) { return dpi.Scale(kDesignIconSize); }
 
-ImageList MakeImageList(std::span<const Icon> icons, IconLook look, Dpi dpi) {
-  std::vector<IconCanvas> pictures;
-  for (const Icon icon : icons) pictures.push_back(DrawIcon(icon, IconSize(dpi)));
-  return MakeImageList(pictures, look, IconSize(dpi));
-}
-
-ImageList MakeImageList(std::span<const IconCanvas> pictures, IconLook look, int size) {
+ImageList MakeImageList(std::span<const int> icons, IconLook look, Dpi dpi) {
+  const int size = IconSize(dpi);
   ImageList list(
-      ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, static_cast<int>(pictures.size()), 0));
+      ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, static_cast<int>(icons.size()), 0));
   if (list.Get() == nullptr) ThrowIfFailed(E_OUTOFMEMORY);
-  for (const IconCanvas& picture : pictures) {
-    const HICON handle = MakeIcon(picture, look);
-    if (handle == nullptr) ThrowLastError();
-    ImageList_ReplaceIcon(list.Get(), -1, handle);
-    DestroyIcon(handle);
+  for (const int id : icons) {
+    OwnedIcon icon = LoadIconResource(id, size);
+    if (look == IconLook::Disabled) icon = Disabled(icon.get(), size);
+    if (ImageList_ReplaceIcon(list.Get(), -1, icon.get()) < 0) ThrowIfFailed(E_OUTOFMEMORY);
   }
   return list;
 }

@@ -1,5 +1,4 @@
-// Image lists of the control's icons in the size that a resolution asks for.
-// The pictures themselves are icon_art.h.
+// Image lists of this module's icons, in the size for a resolution.
 #pragma once
 
 #include <windows.h>
@@ -9,7 +8,6 @@
 #include <span>
 
 #include "windows/base/dpi.h"
-#include "windows/base/icon_art.h"
 
 namespace pricedown::windows {
 
@@ -33,9 +31,8 @@ enum class IconLook { Normal, Disabled };
 // Edge of an icon in pixels.
 int IconSize(Dpi dpi);
 
-// The icons in their order. Throw AutomationError when the system makes no list.
-ImageList MakeImageList(std::span<const Icon> icons, IconLook look, Dpi dpi);
-// Requires: all pictures are of that size in pixels.
-ImageList MakeImageList(std::span<const IconCanvas> pictures, IconLook look, int size);
+// The icons with these resource ids (platform/icon_ids.h), in that order. Throws AutomationError
+// if the module has no such icon or the system makes no list.
+ImageList MakeImageList(std::span<const int> icons, IconLook look, Dpi dpi);
 
 }  // namespace pricedown::windows

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "env/translation.h"
+#include "windows/base/button_icons.h"
 #include "windows/base/control_ids.h"
 #include "windows/base/fonts.h"
 #include "windows/base/plain_control.h"
@@ -30,10 +31,10 @@ int IdOf(std::size_t position) { return control_ids::kFirstButton + static_cast<
 }  // namespace
 
 // In the order of the buttons, separators left out.
-std::vector<Icon> ToolStripWindow::Icons() const {
-  std::vector<Icon> icons;
+std::vector<int> ToolStripWindow::Icons() const {
+  std::vector<int> icons;
   for (const ToolStripButton& button : buttons_) {
-    if (const Icon* icon = IconOfButton(button.key)) icons.push_back(*icon);
+    if (const int icon = IconOfButton(button.key); icon != 0) icons.push_back(icon);
   }
   return icons;
 }
@@ -73,7 +74,7 @@ void ToolStripWindow::AddButtons() {
       description.fsStyle = BTNS_SEP;
       description.iBitmap = dpi_.Scale(kSeparatorWidth);
     } else {
-      description.iBitmap = IconOfButton(button.key) != nullptr ? image++ : I_IMAGENONE;
+      description.iBitmap = IconOfButton(button.key) != 0 ? image++ : I_IMAGENONE;
       description.fsState = TBSTATE_ENABLED;
       description.fsStyle = button.pictureOnly ? BTNS_BUTTON : BTNS_BUTTON | BTNS_SHOWTEXT;
       description.iString = reinterpret_cast<INT_PTR>(caption.c_str());
@@ -122,7 +123,7 @@ void ToolStripWindow::SizeButtons() {
 void ToolStripWindow::TakeAppearance(Dpi dpi) {
   if (Handle() == nullptr) return;
   dpi_ = dpi;
-  const std::vector<Icon> icons = Icons();
+  const std::vector<int> icons = Icons();
   ImageList images = MakeImageList(icons, IconLook::Normal, dpi);
   ImageList disabled = MakeImageList(icons, IconLook::Disabled, dpi);
   const int size = IconSize(dpi);

@@ -63,7 +63,7 @@ class ToolStripWindow final : public BoundWindow {
   bool IsPosition(std::size_t position) const {
     return position >= 1 && position <= buttons_.size();
   }
-  std::vector<Icon> Icons() const;
+  std::vector<int> Icons() const;
 
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   LRESULT OnSystemPart(UINT message, WPARAM wParam, LPARAM lParam);

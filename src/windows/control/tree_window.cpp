@@ -9,6 +9,7 @@
 #include <cstring>
 #include <utility>
 
+#include "platform/icon_ids.h"
 #include "windows/base/control_ids.h"
 #include "windows/base/plain_control.h"
 #include "windows/com/wide_text.h"
@@ -19,7 +20,7 @@ namespace {
 // Positions in the image list, from 0.
 constexpr int kClosedImage = 0;
 constexpr int kOpenImage = 1;
-constexpr std::array<Icon, 2> kImages{Icon::Folder, Icon::OpenFolder};
+constexpr std::array<int, 2> kImages{PRICEDOWN_ICON_FOLDER, PRICEDOWN_ICON_OPEN_FOLDER};
 
 bool IsNavigationKey(WPARAM key) {
   return key == VK_UP || key == VK_DOWN || key == VK_HOME || key == VK_END || key == VK_PRIOR ||

@@ -1,17 +1,14 @@
-// The parts of the windows that need no window: geometry, numbers, icons.
+// The parts of the windows that need no window: geometry and numbers.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "browser/grid_text.h"
-#include "control/tool_strip.h"
 #include "tests/support/utf8.h"
 #include "windows/base/clipboard.h"
 #include "windows/base/dpi.h"
-#include "windows/base/icon_art.h"
 #include "windows/grid/cell_number.h"
 #include "windows/grid/grid_geometry.h"
 
@@ -21,8 +18,6 @@ namespace {
 using windows::Dpi;
 using windows::GridGeometry;
 using windows::GridSelection;
-using windows::Icon;
-using windows::IconCanvas;
 
 struct NumberCase {
   const char* name;
@@ -155,49 +150,6 @@ TEST(TabbedText, IsOneLinePerRowOfTheGrid) {
   sheet.SetText(1, 1, u"甲");
   sheet.SetText(2, 2, u"2.00");
   EXPECT_EQ(Utf8(TabbedText(sheet, {1, 1, 2, 9})), "甲\t\r\n\t2.00\r\n");
-}
-
-// How many pixels are fully opaque or fully clear.
-double SharpShare(const IconCanvas& icon) {
-  const auto sharp = std::count_if(icon.Pixels().begin(), icon.Pixels().end(), [](auto pixel) {
-    return (pixel >> 24) == 0xFF || (pixel >> 24) == 0;
-  });
-  return static_cast<double>(sharp) / static_cast<double>(icon.Pixels().size());
-}
-
-TEST(IconArt, IsSharpAtEveryResolution) {
-  for (const Icon icon : {Icon::Add, Icon::Edit, Icon::Delete, Icon::Print, Icon::Preview,
-                          Icon::Exit, Icon::Folder, Icon::OpenFolder}) {
-    for (const int size : {16, 20, 24, 32, 48}) {
-      const IconCanvas canvas = windows::DrawIcon(icon, size);
-      ASSERT_EQ(canvas.Pixels().size(), static_cast<std::size_t>(size * size));
-      EXPECT_GT(SharpShare(canvas), 0.7) << static_cast<int>(icon) << " at " << size;
-    }
-  }
-}
-
-TEST(IconArt, ADisabledIconIsGreyAndPale) {
-  const IconCanvas canvas = windows::DrawIcon(Icon::Delete, 32);
-  const auto disabled = windows::Disabled(canvas.Pixels());
-  for (std::size_t i = 0; i < disabled.size(); ++i) {
-    const std::uint32_t pixel = disabled[i];
-    if (pixel >> 24 == 0) continue;
-    EXPECT_EQ((pixel >> 16) & 0xFF, pixel & 0xFF);
-    EXPECT_EQ((pixel >> 8) & 0xFF, pixel & 0xFF);
-    EXPECT_LT(pixel >> 24, canvas.Pixels()[i] >> 24);
-  }
-}
-
-TEST(IconArt, EveryButtonHasItsOwnIcon) {
-  std::vector<Icon> seen;
-  for (const ToolStripButton& button : kToolStripButtons) {
-    const Icon* icon = windows::IconOfButton(button.key);
-    EXPECT_EQ(icon == nullptr, button.separator) << Utf8(button.key);
-    if (icon == nullptr) continue;
-    EXPECT_EQ(std::count(seen.begin(), seen.end(), *icon), 0);
-    seen.push_back(*icon);
-  }
-  EXPECT_EQ(seen.size(), 6u);
 }
 
 }  // namespace
