@@ -1,5 +1,5 @@
-// Raw is stepping the query with SQLite for tree and grid, and the same statements through the
-// suite's objects for the click and the deletion.
+// The raw side steps the query with SQLite for tree and grid, and sends the same statements through
+// the suite's objects for the click and the deletion.
 #include "bench/browser_measure.h"
 
 #include <stdexcept>
@@ -23,7 +23,7 @@ void Set(Stage& stage, std::u16string_view name, std::u16string_view value) {
   stage.Factory().Create(u"ZEPWorkbench.Settings")->Put(name, value);
 }
 
-// The library collapses a class's rows to one node; so does the raw side, row by row.
+// The library merges a class's rows into one node; so does the raw side, row by row.
 void MeasureTree(const std::string& path, Figures& figures) {
   const auto stage = MakeStage(path);
   RawCompany company(path);
@@ -67,7 +67,7 @@ void MeasureClick(const std::string& path, Figures& figures) {
               timing);
 }
 
-// The class comes back before each of the two; nobody's history counts in an early period.
+// The class is restored before each run; in an early period no history counts.
 void MeasureDeletion(const std::string& path, Figures& figures) {
   const auto stage = MakeStage(path);
   Set(*stage, u"CurrentYear", u"1990");

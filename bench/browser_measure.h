@@ -1,5 +1,4 @@
 // Measures tree and grid: loading them, the click on a class, and the deletion of a class.
-// The form of a class is measured elsewhere.
 #pragma once
 
 #include <string>
@@ -8,7 +7,7 @@
 
 namespace bench {
 
-// Companies are made in `folder` once and kept there.
+// Companies are created in `folder` once and kept there.
 void MeasureBrowser(const std::string& folder, Figures& figures);
 
 }  // namespace bench

@@ -1,19 +1,18 @@
 // The company files that are measured on.
-// What is in them is decided by workbench/sample.
 #pragma once
 
 #include <string>
 
 namespace bench {
 
-// The path of a company of that size in `folder`, made the first time and kept there.
+// The path of a company of that size in `folder`, created the first time and kept there.
 std::string MakeCompany(const std::string& folder, int items, int classes);
 
 // The same for the sample company.
 std::string MakeSampleCompany(const std::string& folder);
 
-// The path of a new copy, which may be changed; `purpose` is part of its name. Requires: this
-// process has opened neither.
+// The path of a new, modifiable copy; `purpose` is part of its name. Requires: this process has
+// opened neither.
 std::string CopyCompany(const std::string& path, const std::string& purpose);
 
 }  // namespace bench

@@ -1,5 +1,4 @@
-// Raw are the same windows without a control, and the suite asked for the same.
-// The end of a shown control is not measured.
+// The raw side creates the same windows without a control and makes the same calls to the suite.
 #include "bench/control_measure.h"
 
 #include <stdexcept>

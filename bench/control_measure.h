@@ -1,5 +1,4 @@
 // Measures making whole controls, and showing one on companies of growing size.
-// What the user does afterwards is measured elsewhere.
 #pragma once
 
 #include <string>
@@ -8,7 +7,7 @@
 
 namespace bench {
 
-// Companies are made in `folder` once and kept there.
+// Companies are created in `folder` once and kept there.
 void MeasureControl(const std::string& folder, Figures& figures);
 
 }  // namespace bench

@@ -1,6 +1,5 @@
-// Opening, saving and removing, and the text of a save, each against the raw work in it.
-// Raw is the same statement walked through the suite, the finished texts sent, and the text's bytes
-// copied.
+// Opening, saving and removing, and building the text of a save, each against its raw work: reading
+// the same statement through the suite, sending the finished texts, and copying the text's bytes.
 #include "bench/editor_measure.h"
 
 #include <array>
@@ -57,7 +56,7 @@ class SilentFields final : public ItemClassFormView {
   std::array<std::u16string, kFormFields.size()> texts_;
 };
 
-// Asks for all its rows when it is told to, as a real grid does before it is painted.
+// Requests all rows when told to, as a real grid does before it is painted.
 class SilentGrid final : public MemberListView {
  public:
   void SetColumnWidth(std::int32_t, std::int32_t) override {}
@@ -91,7 +90,7 @@ class FormStage {
  public:
   explicit FormStage(const std::string& path) : stage_(MakeStage(path)) {}
 
-  // What the edit command and the window do until the user sees the rows.
+  // The work of the edit command and the window until the user sees the rows.
   void Open() {
     const Recordset rows = Connection(Factory()).Execute(statements::ItemsOfClass(kClass));
     form.SetMode(0);
@@ -150,8 +149,8 @@ Timing MeasureSaving(FormStage& stage) {
   return Compare([&] { stage.Click(u"Save"); }, [&] { stage.Send(text); }, kRepetitions);
 }
 
-// A fixed number of items from lists of growing size; raw are their statements alone. No item of
-// the class has history when its period is the first, so that all of them may go.
+// Removes a fixed number of items from lists of growing size; the raw side runs their statements
+// only. In the first period no item has history, so all of them may be removed.
 Timing MeasureRemoving(FormStage& stage) {
   stage.grid.selected.clear();
   for (std::int32_t row = 2; row < 2 + kRemoved; ++row) stage.grid.selected.push_back(row);
@@ -174,7 +173,7 @@ Timing MeasureRemoving(FormStage& stage) {
 void MeasureEditor(const std::string& folder, Figures& figures) {
   for (const int members : {12500, 25000, 50000}) {
     FormStage stage(CopyCompany(MakeCompany(folder, members, 1), "edit"));
-    // Nobody's history counts in an early period.
+    // In an early period no history counts.
     stage.Factory().Create(u"ZEPWorkbench.Settings")->Put(u"CurrentYear", u"1990");
     const auto add = [&](const char* operation, const Timing& timing) {
       figures.Add(operation, static_cast<std::size_t>(stage.form.MemberList().RecordCount()),

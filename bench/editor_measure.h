@@ -1,5 +1,4 @@
 // Measures the item class form on classes of growing size.
-// The form is made on views that show nothing; its window is not measured here.
 #pragma once
 
 #include <string>
@@ -8,7 +7,7 @@
 
 namespace bench {
 
-// Companies are made in `folder` once and kept there.
+// Companies are created in `folder` once and kept there.
 void MeasureEditor(const std::string& folder, Figures& figures);
 
 }  // namespace bench

@@ -1,5 +1,5 @@
 // A program that makes and shows whole controls, and the same windows without a control.
-// Natively there are no windows, and what remains is the control's core.
+// Natively there are no windows, only the control's core.
 #pragma once
 
 #include <cstddef>
@@ -16,16 +16,16 @@ class Host {
   virtual ~Host() = default;
   virtual pricedown::ObjectFactory& Factory() = 0;
 
-  // Makes that many whole controls, then ends them all. Throws when one fails.
+  // Creates that many controls, then ends them all. Throws if one fails.
   virtual void MakeControls(int count) = 0;
-  // Makes as many sets of the windows that a control has, then ends them all.
+  // Creates as many sets of a control's windows, then destroys them all.
   virtual void MakePlain(int count) = 0;
 
-  // Makes a control in the host's window, shows and paints it. The number of its tree's nodes.
+  // Creates a control in the host's window, shows and paints it. Returns the number of tree nodes.
   virtual std::size_t ShowControl() = 0;
   // The same for a set of windows, with `nodes` under one root in its tree.
   virtual std::size_t ShowPlain(const std::vector<std::u16string>& nodes) = 0;
-  // Ends what is shown.
+  // Ends the shown control or windows.
   virtual void EndShown() = 0;
 };
 

@@ -1,4 +1,5 @@
-// The measuring loop and its table. Standard library only, so that both platforms run the same.
+// The measuring loop and its table. Standard library only, so that both platforms run the same
+// code.
 #include "bench/measure.h"
 
 #include <algorithm>

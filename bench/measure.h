@@ -1,5 +1,4 @@
-// Measures two ways of doing the same work in turns, and prints the medians of both.
-// It judges nothing; people read the figures.
+// Measures two ways of doing the same work alternately and prints both medians.
 #pragma once
 
 #include <cstddef>
@@ -14,8 +13,8 @@ struct Timing {
   double raw = 0;
 };
 
-// Runs both in turns, so that a slow moment of the machine hits both alike. `prepare`, when there
-// is one, runs before each of them and is not measured.
+// Runs both alternately, so that a slow moment of the machine affects both alike. `prepare`, if
+// any, runs before each of them and is not measured.
 Timing Compare(const std::function<void()>& product, const std::function<void()>& raw,
                int repetitions, const std::function<void()>& prepare = nullptr);
 

@@ -1,5 +1,4 @@
-// The place of the item class form in a stage that opens none.
-// The form's own measurements make a form without a control.
+// Stands in for the item class form where none is opened.
 #pragma once
 
 #include "editor/class_editor.h"

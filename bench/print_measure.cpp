@@ -1,6 +1,6 @@
 // Filling the ledger from the grid, counting its pages, and drawing them all.
-// Raw is copying the texts of all rows once, row by row: into one text, and for the drawing into a
-// text of its own for each cell.
+// The raw side copies the texts of all rows once, row by row: into one text, and for drawing into a
+// separate text per cell.
 #include "bench/print_measure.h"
 
 #include <cstdio>
@@ -21,7 +21,7 @@ using namespace pricedown;
 
 constexpr int kRepetitions = 9;
 
-// As wide as a font would make it; a device's measuring is not the library's work.
+// A font's typical widths; measuring on a device is not the library's work.
 class EvenMeasurer final : public TextMeasurer {
  public:
   Tenths Width(const PageFont&, std::u16string_view text) override {
@@ -43,7 +43,7 @@ void FillGrid(Grid& sheet, std::int32_t rows) {
   }
 }
 
-// Into a text that has the room already, as the ledger's has from the second time on.
+// Into a text with enough capacity, as the ledger's has from the second time on.
 std::size_t CopyTexts(const Grid& sheet, std::u16string& texts) {
   texts.clear();
   for (std::int32_t row = 1; row <= sheet.MaxRows(); ++row) {

@@ -1,5 +1,4 @@
 // Measures printing on lists of growing size, up to the pages as draw commands.
-// No device replays them: what a printer takes is not measured here.
 #pragma once
 
 #include <string>
@@ -8,7 +7,7 @@
 
 namespace bench {
 
-// Needs no company, so that nothing is made in the folder.
+// Needs no company and leaves the folder empty.
 void MeasurePrinting(const std::string& folder, Figures& figures);
 
 }  // namespace bench

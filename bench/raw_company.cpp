@@ -1,4 +1,4 @@
-// Plain prepared statements, nothing kept.
+// Plain prepared statements; no caching.
 #include "bench/raw_company.h"
 
 #include <stdexcept>

@@ -1,5 +1,4 @@
-// The raw side of the measurements: the queries stepped with SQLite alone, every text read.
-// It goes past the suite and the library.
+// The raw side of the measurements: steps the queries with SQLite alone and reads every text.
 #pragma once
 
 #include <sqlite3.h>
@@ -28,7 +27,7 @@ class RawCompany {
   sqlite3* database_ = nullptr;
 };
 
-// The library's queries in SQLite's words.
+// The library's queries in SQLite's dialect.
 inline constexpr const char* kTreeQuery =
     "SELECT t1.FitemClassNumber,t1.FitemClassName FROM icPriceDownClass t1 "
     "ORDER BY t1.FitemClassNumber ASC";

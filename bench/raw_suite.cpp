@@ -1,4 +1,4 @@
-// One call after the other, in the library's order.
+// The same calls as the library, in its order.
 // Single values are read by the library's own readers, which add nothing to the calls.
 #include "bench/raw_suite.h"
 

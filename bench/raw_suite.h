@@ -1,5 +1,5 @@
-// The raw side through the suite: its objects asked for the same as by the library, and nothing
-// else done. Answers are walked to the end and forgotten.
+// The raw side through the suite: the same calls to its objects as the library's, without the
+// library. Results are read to the end and dropped.
 #pragma once
 
 #include <string>
@@ -17,7 +17,7 @@ std::vector<std::u16string> TreeTexts(pricedown::ObjectFactory& factory);
 void WalkItems(pricedown::ObjectFactory& factory, std::u16string_view classNumber);
 void WalkMembers(pricedown::ObjectFactory& factory, std::u16string_view classNumber);
 
-// What the suite is asked when a control is made, and, besides the tree, when it is shown.
+// The calls to the suite when a control is created, and, besides the tree, when it is shown.
 void AskForCreation(pricedown::ObjectFactory& factory);
 void AskForShowing(pricedown::ObjectFactory& factory);
 

@@ -1,5 +1,4 @@
-// A print control without windows and printer.
-// It keeps what it is given, as every ledger does.
+// A print control without windows and printer. It keeps its contents, as a real ledger does.
 #pragma once
 
 #include "browser/print_document.h"

@@ -1,5 +1,5 @@
-// A user who agrees to everything and is counted when told something.
-// What is measured tells nothing, so that a message means that a command was refused.
+// A user who agrees to everything; counts messages. A measured command shows none, so a message
+// means that it was refused.
 #pragma once
 
 #include <stdexcept>
@@ -16,7 +16,7 @@ class SilentUser final : public pricedown::UserQuestions {
     return true;
   }
 
-  // Throws std::runtime_error when the user was told something: then the figures are wrong.
+  // Throws std::runtime_error if a message was shown: the figures are then wrong.
   void RequireUntold() const {
     if (told_ > 0) throw std::runtime_error("a command was refused: the figures are wrong");
   }

@@ -1,5 +1,5 @@
-// Where the library is measured: a control on a company, with the platform's suite and views.
-// Natively nothing is drawn; on Windows these are the real windows and COM.
+// A control on a company, with the platform's suite and views: silent ones natively, real windows
+// and COM on Windows.
 #pragma once
 
 #include <memory>
@@ -18,7 +18,7 @@ class Stage {
   virtual const SilentUser& User() const = 0;
   // A control on the open company, initialised and shown.
   virtual pricedown::PriceDown& Control() = 0;
-  // Nodes into the platform's tree without the library: cleared by each BeginRaw.
+  // Adds nodes to the platform's tree without the library; BeginRaw clears it.
   virtual void BeginRawTree() = 0;
   virtual void InsertRaw(std::u16string_view text) = 0;
   virtual void EndRawTree() = 0;

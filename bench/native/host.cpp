@@ -1,5 +1,5 @@
-// The native host: the core on silent views. The plain side has nothing to make but the list of
-// the tree's texts.
+// The native host: the core on views that draw nothing. The plain side only creates the list of the
+// tree's texts.
 #include "bench/host.h"
 
 #include "bench/native/silent_control.h"

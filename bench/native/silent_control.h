@@ -1,5 +1,5 @@
 // The control's core on views that draw nothing.
-// The tree keeps its texts, as every tree does.
+// The tree keeps its texts, as a real tree does.
 #pragma once
 
 #include <string>

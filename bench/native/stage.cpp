@@ -1,5 +1,4 @@
 // The native stage: the suite's objects called directly, and a control on silent views.
-// Making and showing controls is host.cpp.
 #include "bench/stage.h"
 
 #include <optional>

@@ -1,5 +1,5 @@
 // The Windows host: controls of the built library, made by ProgID in the system's container, beside
-// plain windows of the same number. It takes part in no merging of tools.
+// plain windows of the same number. It merges no tools.
 #include "bench/host.h"
 
 #include <windows.h>
@@ -57,7 +57,7 @@ class WindowsHost final : public Host {
     std::vector<ObjectPtr> controls;
     for (int i = 0; i < count; ++i) {
       controls.push_back(factory_.Create(u"ZEPPriceDownPrepare.PriceDown"));
-      // Without a container the first call makes the control whole.
+      // Without a container the first call completes the control.
       controls.back()->Call(u"ModelCurrent");
     }
   }

@@ -1,5 +1,4 @@
 // OLE for the life of a stage or host.
-// The calls through it are windows/com.
 #pragma once
 
 #include <ole2.h>

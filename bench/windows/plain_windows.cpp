@@ -1,4 +1,4 @@
-// The set of windows, made by the shortest calls that there are.
+// The set of windows, created with as few calls as possible.
 // The grid is the system's virtual list; the small drawn windows are empty labels.
 #include "bench/windows/plain_windows.h"
 

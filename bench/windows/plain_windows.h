@@ -1,6 +1,5 @@
-// The windows of a control without the control: as many, of the system's classes, placed alike,
-// with the same tool bar texts and fonts.
-// Nothing answers to them.
+// The windows of a control without the control: the same number of system windows at the same
+// places, with the same tool bar texts and fonts.
 #pragma once
 
 #include <windows.h>
@@ -20,7 +19,7 @@ class PlainWindows {
   PlainWindows(const PlainWindows&) = delete;
   PlainWindows& operator=(const PlainWindows&) = delete;
 
-  // Under one root, which is then open.
+  // Under one root, which is then expanded.
   void FillTree(const std::vector<std::u16string>& nodes);
   HWND Frame() const { return frame_; }
 

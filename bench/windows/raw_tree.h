@@ -1,5 +1,4 @@
-// Nodes into a tree view with nothing kept of them.
-// The tree's window is its owner's.
+// Inserts nodes into a tree view and keeps nothing of them.
 #pragma once
 
 #include <windows.h>
@@ -16,7 +15,7 @@ class RawTree {
  public:
   explicit RawTree(HWND tree) : tree_(tree) {}
 
-  // Clears the tree and stops drawing; the root is there.
+  // Clears the tree but for its root and turns redraw off.
   void Begin() {
     SendMessageW(tree_, WM_SETREDRAW, FALSE, 0);
     SendMessageW(tree_, TVM_DELETEITEM, 0, 0);
@@ -26,7 +25,7 @@ class RawTree {
   void Insert(std::u16string_view text) {
     last_ = Insert(root_, last_, pricedown::windows::ToWide(text).c_str());
   }
-  // Opens the root and draws again.
+  // Expands the root and turns redraw on.
   void End() {
     SendMessageW(tree_, TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(root_));
     SendMessageW(tree_, WM_SETREDRAW, TRUE, 0);

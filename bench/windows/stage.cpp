@@ -1,5 +1,4 @@
 // The Windows stage: the core with the control's real window, the suite's objects behind COM.
-// Making and showing whole controls is host.cpp.
 #include <windows.h>
 
 #include <commctrl.h>

@@ -186,8 +186,8 @@ TEST_F(DeleteClass, ReportsAGuardThatAnswersNoRecordset) {
   EXPECT_THROW(commands_.Delete(), AutomationError);
 }
 
-// Whatever fails before the reload reaches the caller and ends the command there; the reload
-// skips what fails, but for the selection of the root.
+// A failure before the reload reaches the caller and ends the command. The reload ignores failures,
+// except when it selects the root.
 TEST_F(DeleteClass, EndsWhereAStepFailsAndLeavesTheRestUndone) {
   ScriptGuards(NoRow(), NoRow());
   ScriptDeletes();
@@ -214,7 +214,7 @@ TEST_F(DeleteClass, EndsWhereAStepFailsAndLeavesTheRestUndone) {
       EXPECT_EQ(thrown, 0);
     } else if (!reloading) {
       EXPECT_EQ(thrown, kInjectedFailure) << log;
-      // Behind the failure objects are released and nothing is called.
+      // After the failure, objects are released and nothing is called.
       const std::string behind = log.substr(log.find(" fails\n") + 7);
       for (const char* call : {"create", "Execute", "GetProfile", "items.", "tell", "ask"}) {
         EXPECT_EQ(behind.find(call), std::string::npos) << log;

@@ -1,5 +1,5 @@
-// What deleting class 01 in the third period of 2008 asks, reads and runs.
-// Written out whole, and never made by the code under test.
+// Expected calls of deleting class 01 in the third period of 2008.
+// Expected values are literals; the code under test builds none of them.
 #pragma once
 
 #include <string>
@@ -27,7 +27,7 @@ inline constexpr const char* kQuestion =
     "ask question \"岚禾提示\": \"确定要删除当前记录? 当前的物料类别代码为:01  "
     "物料类别名称为:原料\" -> ";
 
-// What happens from the answer Yes to the voucher guard.
+// From the answer Yes up to the voucher guard.
 inline std::string ReadingThePeriod(const std::string& properties) {
   std::string lines = "screen pointer 11\ncreate ZEPEBSBase.SystemProfile\n";
   for (const char* key : {"CurrentYear", "CurrentPeriod"}) {

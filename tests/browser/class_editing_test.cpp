@@ -1,4 +1,4 @@
-// Adding and editing a class: what the editor is given, in which order, and what is left behind.
+// Adding and editing a class: what the editor receives, in which order, and what remains.
 #include "browser/class_commands.h"
 #include "platform/error.h"
 #include "tests/browser/browser_fixture.h"
@@ -32,7 +32,7 @@ class ClassEditing : public BrowserFixture {
     const std::string text = log_.Text();
     return text.substr(0, text.find("editor window\n"));
   }
-  // What a command throws; none when it returns.
+  // The error that the command throws; none if it returns.
   template <typename Command>
   std::int32_t ErrorOf(Command command) {
     try {
@@ -42,8 +42,8 @@ class ClassEditing : public BrowserFixture {
     }
     return 0;
   }
-  // The command fails at each call in turn; whatever fails, the form is clean, nothing leaks, and
-  // the command works the next time. Answers how often it threw and how often it was shown.
+  // Makes each call of the command fail in turn; afterwards the form is clean, nothing leaks, and
+  // the command works again. Returns how often it threw and how often the form was shown.
   template <typename Command>
   std::pair<int, int> FailEachCall(Command command) {
     factory_.LogRecordsetCalls();
@@ -139,7 +139,7 @@ TEST_F(ClassEditing, CopiesEveryRowWhateverRowTheGridStandsOn) {
   EXPECT_EQ(state_.editedRowCount, 2);
 }
 
-// Both are the values of the control's creation; only the guards read them afresh.
+// Both values date from the control's creation; only the guards read them again.
 TEST_F(ClassEditing, HandsOverTheYearAndPeriodThatTheProcessShares) {
   processState_.currentYear = 2009;
   processState_.currentPeriod = 12;
@@ -215,12 +215,12 @@ TEST_F(ClassEditing, FailsOnRowsWithoutAClass) {
 
 TEST_F(ClassEditing, ReportsWhateverFailsWhileANewClassIsPrepared) {
   const auto [thrown, shown] = FailEachCall([&] { commands_.Add(); });
-  // Undisturbed, and twice because a language that cannot be read is the built-in one.
+  // Once without a failure, and twice because an unreadable language falls back to the built-in one.
   EXPECT_EQ(shown, 3);
   EXPECT_GT(thrown, 60);
 }
 
-// Failures inside a copy are skipped; a copy that could not be made at all fails the load.
+// Failures inside a copy are ignored; if no copy can be made at all, the load fails.
 TEST_F(ClassEditing, ReportsWhatFailsBesideTheCopiesOfAnEdit) {
   const auto [thrown, shown] = FailEachCall([&] { commands_.Edit(); });
   EXPECT_GT(thrown, 10);

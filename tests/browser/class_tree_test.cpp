@@ -1,4 +1,4 @@
-// Loading the class tree; clicks on its nodes are node_click_test.cpp.
+// Loading the class tree.
 #include "browser/class_tree.h"
 
 #include "platform/convert.h"
@@ -18,7 +18,7 @@ class ClassTreeLoad : public BrowserFixture {
     }
     return nodes;
   }
-  // What the window holds must be what the collection holds.
+  // The window and the collection must hold the same nodes.
   void ExpectWindowInStep() const {
     std::map<NodeIndex, std::string> texts;
     for (std::size_t index = 1; index <= tree_.Nodes().Count(); ++index) {
@@ -172,7 +172,7 @@ TEST_F(ClassTreeLoad, LeavesTheRootAloneWhenAColumnIsLacking) {
   EXPECT_EQ(Nodes(), (Texts{"gc0 物料"}));
 }
 
-// Whatever fails, the load ends, the window draws again and shows what the collection holds.
+// Whatever fails, the load ends, redraw is on again and the window shows what the collection holds.
 TEST_F(ClassTreeLoad, EndsInStepWithTheWindowWhateverFails) {
   for (const bool blocks : {true, false}) {
     FailEachCallInTurn([&](int failingCall) {
@@ -215,7 +215,7 @@ TEST_F(ClassTreeLoad, EndsInStepWithTheWindowWhateverFails) {
   }
 }
 
-// A node that the window refused is offered again with the class's next row.
+// A node that the window refused is inserted again with the class's next row.
 TEST_F(ClassTreeLoad, GoesOnWithTheNextRowWhenTheWindowRefusesANode) {
   AnswerStatement(factory_, kTreeStatement,
                   ClassRows({{u"01", u"甲"}, {u"01", u"乙"}, {u"02", u"丙"}}));

@@ -1,5 +1,5 @@
-// The log of recordsets that an edit makes: the working records of a new class, and copies of the
-// one row of class 01. Written out whole, and never made by the code under test.
+// The log of the recordsets that an edit creates: the working records of a new class, and copies of
+// the one row of class 01. Expected values are literals; the code under test builds none of them.
 #pragma once
 
 #include <array>
@@ -63,8 +63,7 @@ std::string Made(const Columns& columns, int attributes) {
   return lines;
 }
 
-// The copy of a recordset with the one row. The source's filter is cleared behind the opening of
-// the copy.
+// The copy of a recordset with the one row. The source's filter is cleared after the copy opens.
 inline std::string Copied(const std::string& source) {
   const std::string copy = kCopy;
   std::string lines = source + ".Fields()\n" + source + ".Fields.Count()\n";

@@ -1,4 +1,4 @@
-// The display font: the report size, the kept font, its application and its keeping.
+// The display font: report size, stored font, applying and storing it.
 #include "browser/display_font.h"
 
 #include <gtest/gtest.h>

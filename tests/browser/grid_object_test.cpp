@@ -169,7 +169,7 @@ TEST_F(SelectBlockTest, SkipsAFailingStepAndGoesOn) {
     factory_.FailCall(failingCall);
     SelectBlock(grid_, Missing{}, Missing{}, Missing{}, Missing{});
     factory_.FailCall(0);
-    // A failing maximum leaves out the put that needs it.
+    // If reading a maximum fails, the put that needs it is left out.
     const bool maximumFailed =
         log_.Count("grid.MaxCols() fails") > 0 || log_.Count("grid.MaxRows() fails") > 0;
     EXPECT_EQ(log_.Size(), maximumFailed ? 5u : 6u);

@@ -1,4 +1,4 @@
-// The cells of the item grid and what the window is told of them.
+// The cells of the item grid and the notifications to its window.
 #include "browser/grid.h"
 
 #include <gtest/gtest.h>

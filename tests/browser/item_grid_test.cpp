@@ -223,8 +223,8 @@ TEST_F(ItemGridTest, KeepsWhatWasFilledUntilAReadFailed) {
     return NewScriptedRecordset(recorder, ItemRows(kTwoItems).WithoutGetRows());
   });
   AnswerStatement(factory_, kItemsOf01, ItemRows(kTwoItems).WithoutGetRows());
-  // Counting, moving, end?, GetRows is lacking, three fields with three calls each: the second
-  // row's first field is the one that fails.
+  // RecordCount, MoveFirst, EOF, the missing GetRows, then three calls for each of three fields:
+  // the call that fails reads the first field of the second row.
   factory_.LogRecordsetCalls();
   grid_.LoadItemGrid(u"gi01");
   int call = 0;
@@ -262,7 +262,7 @@ TEST_F(ItemGridTest, ShowsAMessageWhenNoRecordsetComes) {
   EXPECT_FALSE(processState_.loading);
 }
 
-// Exactly one message for each failure, no way out by an exception, a later load repairs all.
+// Each failure shows exactly one message and throws nothing; a later load repairs everything.
 TEST_F(ItemGridTest, TellsOfEachFailureAndRecovers) {
   factory_.LogRecordsetCalls();
   for (const bool blocks : {true, false}) {

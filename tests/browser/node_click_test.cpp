@@ -1,5 +1,4 @@
-// What a click on a node does, the restored selection and the refresh.
-// Loading the tree is class_tree_test.cpp.
+// Node clicks, restoring the selection, and the refresh.
 #include "browser/class_tree.h"
 #include "platform/error.h"
 #include "tests/browser/browser_fixture.h"

@@ -1,5 +1,4 @@
-// The core's own ledger with a user who looks at its first page.
-// Nothing is shown or printed; the pages are measured by rule.
+// The core's own ledger with a user who looks at its first page. Pages are measured by rule.
 #pragma once
 
 #include <functional>
@@ -19,7 +18,7 @@ class PageKeeper : public LedgerDocument {
   }
   void Print() override { Keep(); }
 
-  // The distance of the first two rules.
+  // The distance between the first two rules.
   Tenths RowHeight() const { return firstPage.rules[1].top - firstPage.rules[0].top; }
   // The texts of the first page in the order in which they are drawn, one a line.
   std::string Texts() const {

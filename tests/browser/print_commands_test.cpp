@@ -122,7 +122,7 @@ TEST_F(PrintCommandsTest, TrackNoFontWhilePrinting) {
   EXPECT_EQ(log_.Text(), Filling() + "ledger print\n");
 }
 
-// The ledger is not touched behind the call that fails; the user hears of it once.
+// After the call that fails the ledger is left alone, and the user sees one message.
 void StopsAtEachFailure(CallLog& log, RecordingFactory& factory,
                         const std::function<void()>& command) {
   FailEachCallInTurn([&](int failingCall) {
@@ -156,7 +156,7 @@ TEST_F(PrintCommandsTest, StopAPrintAtEachCallThatFails) {
 
 TEST_F(PrintCommandsTest, TellNothingOfAFontThatCannotBeAppliedOrKept) {
   const Font before = ledger_.appearance.font;
-  // The calls of the font come behind those of a preview that changes none.
+  // The font's calls follow those of a preview that changes no font.
   commands_.Preview();
   const int previewCalls = factory_.CallCount();
   ledger_.onPreview = [&] { ledger_.appearance.font = KaiTi(); };
@@ -190,7 +190,7 @@ TEST_F(PrintCommandsTest, TellOfAnyException) {
   }
 }
 
-// Its message box fails after something else was printed meanwhile.
+// Its message box fails after something else has been printed in the meantime.
 class PrintingQuestions final : public UserQuestions {
  public:
   void Tell(std::u16string_view, std::u16string_view, MessageIcon) override {

@@ -1,4 +1,4 @@
-// What the ledger is given, call by call.
+// The calls that fill the ledger.
 #include "browser/print_table.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // The item class form of a test with recording windows: the browser prepares it, the test plays
-// the user while it is shown. It decides nothing; what the form does is the editor's.
+// the user while it is shown.
 #pragma once
 
 #include <functional>
@@ -33,7 +33,7 @@ class RecordingEditor : public ItemClassEditor {
   }
 
   void ShowModal() override {
-    // A command that has its form leaves nothing for a failed showing to clear up.
+    // Once the command has its form, a failed showing has nothing left to clean up.
     try {
       recorder_->Add("editor show " + Prepared());
       recorder_->QuietCall("editor window", u"editor");
@@ -48,9 +48,9 @@ class RecordingEditor : public ItemClassEditor {
     recorder_->Add("editor closed");
   }
 
-  // The form as it is, whoever shows it.
+  // The current form, whoever shows it.
   ItemClassForm& Shown() { return form_; }
-  // A click on a tool, and what the window does behind it.
+  // A click on a tool, and what the window does afterwards.
   void Click(std::u16string_view key) {
     form_.ToolClicked(key);
     grid.Paint();
@@ -64,7 +64,7 @@ class RecordingEditor : public ItemClassEditor {
 
   RecordingFormView view;
   RecordingMemberListView grid;
-  // What the user does; without it the form is closed by its frame at once.
+  // What the user does; if empty, the user closes the form by its frame at once.
   std::function<void()> whileShown;
 
  private:

@@ -1,5 +1,4 @@
 // The ledger, recorded: each call is one line of the log.
-// It draws nothing; what the user does in its preview is a test's own.
 #pragma once
 
 #include <functional>
@@ -95,8 +94,8 @@ inline std::string ReadingTitleFont() {
       )");
 }
 
-// What the ledger is given of the item list, in lines of that typeface: "宋体 134". Each row is
-// written as its line in the log: "01.001|螺栓|M8||".
+// The ledger's calls for the item list, in lines of that typeface: "宋体 134". Each row is written
+// as in the log: "01.001|螺栓|M8||".
 inline std::string FillingLedger(const std::string& typeface,
                                  const std::vector<std::string>& rows) {
   std::string table;
@@ -129,7 +128,7 @@ inline std::string FillingLedger(const std::string& typeface,
       )");
 }
 
-// Log line: dialog 宋体 9.0 flags 515. Answers `chosen`, or fails with `error` unless that is 0.
+// Log line: dialog 宋体 9.0 flags 515. Returns `chosen`, or fails with `error` unless that is 0.
 class RecordingFontDialog : public FontDialog {
  public:
   explicit RecordingFontDialog(RecorderPtr recorder) : recorder_(std::move(recorder)) {}

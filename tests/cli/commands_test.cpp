@@ -1,4 +1,4 @@
-// The program's commands from words to exit code. What they build on is tested in its own room.
+// The program's commands, from arguments to exit code.
 #include "workbench/cli/commands.h"
 
 #include <gtest/gtest.h>

@@ -47,7 +47,7 @@ CompanyFile::CompanyFile() : path_(UnusedPath()) {
   const std::unique_ptr<sqlite3, int (*)(sqlite3*)> database(opened, sqlite3_close);
   if (result != SQLITE_OK) throw std::runtime_error("no test company at " + Path());
   RegisterServerText(opened);
-  // A test's company need not outlive a power cut.
+  // A test's company need not survive a power failure.
   sqlite3_exec(opened, "PRAGMA synchronous=OFF; BEGIN", nullptr, nullptr, nullptr);
   CreateCompanyTables(opened);
   CreateCompanyIndexes(opened);

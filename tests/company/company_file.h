@@ -1,5 +1,4 @@
-// A company of its own for one test: a file in the temporary folder with empty tables.
-// What is in the tables is each test's own business.
+// A company for one test: a file in the temporary folder with empty tables.
 #pragma once
 
 #include <filesystem>
@@ -17,7 +16,7 @@ class CompanyFile {
   CompanyFile(const CompanyFile&) = delete;
   CompanyFile& operator=(const CompanyFile&) = delete;
 
-  // In UTF-8, as connections take it.
+  // UTF-8, as connections expect.
   std::string Path() const;
 
  private:
@@ -37,10 +36,10 @@ class OpenCompany {
   // The rows of Execute as RowsOf writes them.
   std::string Rows(std::string_view text);
 
-  // The whole message of the refusal, empty where the text is not refused.
+  // The whole error message; empty if the text is accepted.
   std::string Refusal(std::string_view text);
 
-  // The native number of the refusal, 0 where the text is not refused.
+  // The native error number; 0 if the text is accepted.
   int RefusalNumber(std::string_view text);
 
  private:

@@ -205,7 +205,7 @@ INSTANTIATE_TEST_SUITE_P(
                     "\n"}),
     [](const auto& tested) { return tested.param.name; });
 
-// Where text and numbers meet.
+// Comparing text with numbers.
 INSTANTIATE_TEST_SUITE_P(
     Types, Dialect,
     ::testing::Values(
@@ -252,7 +252,7 @@ INSTANTIATE_TEST_SUITE_P(
                     "\"FPeriod\"=CAST(1.9 AS INTEGER)\n"}),
     [](const auto& tested) { return tested.param.name; });
 
-// What else the dialect holds.
+// Everything else in the dialect.
 INSTANTIATE_TEST_SUITE_P(
     Forms, Dialect,
     ::testing::Values(

@@ -1,5 +1,4 @@
-// Texts that nobody should send: whatever they hold, they run or are refused, and a refused text
-// has changed nothing.
+// Malformed and malicious texts: each runs or is refused, and a refused text changes nothing.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -60,7 +59,7 @@ class HostileText : public ::testing::Test {
            company_.Rows("select * from t_user");
   }
 
-  // True where it ran.
+  // True if it ran.
   bool Runs(std::u16string_view text) {
     try {
       company_.Connection().Execute(text);
@@ -80,7 +79,7 @@ TEST_F(HostileText, StartsFromStatementsThatRun) {
 }
 
 TEST_F(HostileText, ChangesNothingBehindAChangeWhenItEndsInTheMiddle) {
-  // The delete in front would be seen if the text were not read whole before it runs.
+  // If the text ran before it was read to its end, the leading delete would show.
   const std::string before = Everything();
   int refused = 0;
   for (const char* statement : kStatements) {

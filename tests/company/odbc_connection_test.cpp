@@ -45,8 +45,8 @@ bool HasDriver() {
   return found;
 }
 
-// A database of the driver's own: what reaches it are the texts as they are, so that they are
-// written in the driver's SQL here.
+// A plain database of the driver. Texts reach it unchanged, so they are in the driver's own SQL
+// here.
 class OdbcDatabase : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -124,7 +124,7 @@ TEST_F(OdbcDatabase, TakesAChangeWithoutRowsAsDone) {
 }
 
 TEST_F(OdbcDatabase, SendsTextsUntouched) {
-  // The embedded company would take this text; this database does not know isnull.
+  // The embedded company accepts this text; this database has no isnull.
   try {
     Execute("select isnull(1,2)");
     FAIL() << "not refused";

@@ -70,7 +70,7 @@ TEST(ResultSet, KeepsTextsWhereTheyAre) {
   std::vector<std::u16string_view> seen;
   for (int i = 0; i < 20000; ++i) {
     result.AddRow();
-    // Some repeat the row before, some do not; some are longer than a chunk of the arena.
+    // Some repeat the previous row, some do not; some are longer than a chunk of the arena.
     const std::string text = std::string(i % 5000 == 7 ? 600000 : 3, 'a') + std::to_string(i / 2);
     result.SetUtf8Text(0, text);
     result.SetUtf8Text(1, "板" + std::to_string(i));

@@ -1,5 +1,5 @@
 // The company's tables: typing, comparison, versions, and the indexes behind the library's
-// statements. Rows of a real company are tested with the generator.
+// statements.
 #include "workbench/company/schema.h"
 
 #include <gtest/gtest.h>

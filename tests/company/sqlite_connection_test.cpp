@@ -18,7 +18,7 @@ namespace {
 
 class SqliteCompany : public ::testing::Test {
  protected:
-  // A row of the class table; the name goes into the text as it is.
+  // A row of the class table; `name` is put into the text unescaped.
   static std::string Insert(const std::string& item, const std::string& name) {
     return " INSERT INTO icPriceDownClass(FItemID,FItemClassNumber,FItemClassName,FAPAccID,"
            "FAPNumber,FARAccID,FARNumber,FPencentPrepare)VALUES\r\n( " +
@@ -53,7 +53,7 @@ TEST_F(SqliteCompany, ChangesNothingWhenATextCannotBeRead) {
 
 TEST_F(SqliteCompany, ReadsAllStatementsBeforeTheFirstRuns) {
   company_.Execute(Insert("1", "原料"));
-  // Within the dialect and refused by SQLite: too deep a chain of conditions.
+  // Valid in the dialect but refused by SQLite: the chain of conditions is too deep.
   std::string text = delete_ + " select FNumber from t_account where FNumber='0'";
   for (int i = 0; i < 1500; ++i) text += " or FNumber='1'";
   EXPECT_NE(company_.Refusal(text), "");
@@ -81,7 +81,7 @@ TEST_F(SqliteCompany, UndoesOnlyTheStatementThatFails) {
       "insert into t_user(FUserID,FName) values(3,'c')"
       "insert into t_voucher(FVoucherID,FYear,FPeriod) values(2,2008,1)"
       "insert into t_voucher(FVoucherID,FYear,FPeriod) values(3,2008,1)");
-  // Of the rows 2 and 3 the second collides; the first must go with it.
+  // Row 3 collides; row 2 must be rolled back with it.
   EXPECT_EQ(company_.RefusalNumber(
                 "update t_user set FName='z' insert into t_user(FUserID,FName) values(4,'d') "
                 "insert into t_user(FUserID,FName) select FVoucherID,'x' from t_voucher "

@@ -1,5 +1,4 @@
 // The tables that the library's statements name, with a text and a number of each kind.
-// It stands in for a company where texts are only translated.
 #pragma once
 
 #include <optional>

@@ -1,4 +1,4 @@
-// What clicks on tools of the command bar do: the control's own, and those that a host forwards.
+// Clicks on tools of the command bar: the control's own, and those that a host forwards.
 #include "control/price_down.h"
 #include "platform/error.h"
 #include "tests/control/dispatch_fixture.h"
@@ -84,7 +84,7 @@ TEST_F(Dispatch, RefreshesForNoKeyWhileTheHostHasDisabledTheTool) {
   EXPECT_TRUE(Control().IsCommandBarToolEnabled(kInsertTool));
 }
 
-// The host drops the control while the suite is asked; the click holds it to its end.
+// The host releases the control during a call to the suite; the click keeps it alive to its end.
 TEST_F(Dispatch, LivesAsLongAsAClickOnItsBar) {
   std::shared_ptr<PriceDown> owner;
   world_.hold = [&]() -> std::shared_ptr<void> { return owner; };
@@ -149,7 +149,7 @@ TEST_F(Dispatch, OnlyFollowsTheHostsToolOfTheStatusBar) {
   }
 }
 
-// With a tool that keeps what is put into it.
+// With a tool that keeps the values put into it.
 TEST_F(Dispatch, TogglesTheToolStripBackAndForth) {
   Start();
   const Layout before = world_.view.placed;

@@ -13,7 +13,7 @@
 namespace pricedown::testing {
 namespace {
 
-// What a host that listens to the bar is told.
+// The notifications that a host receives from the bar.
 class HostListener : public LocalObject<HostListener> {
  public:
   static std::span<const Member<HostListener>> Members() {
@@ -173,7 +173,7 @@ TEST_F(CommandBarTest, TellsTheListenerOfAClickWhenItsCommandIsOver) {
 
 TEST_F(CommandBarTest, TellsNoListenerOfAClickThatDoesNothingOrFails) {
   bar_->PutReference(u"Listener", listener_);
-  bar_->Call(u"Click", {u"iEdit"});  // nobody runs commands yet
+  bar_->Call(u"Click", {u"iEdit"});  // no handler yet
   bar_->OnClick([](const ObjectPtr&) { throw AutomationError(ErrorNumber::Unspecified, u"no"); });
   EXPECT_THROW(bar_->Call(u"Click", {u"iEdit"}), AutomationError);
   bar_->Tool(u"iEdit")->DisableForGood();
@@ -270,7 +270,7 @@ TEST_F(CommandBarTest, LetsHostsClickAToolItself) {
 
 TEST_F(CommandBarTest, MayBeDetachedByTheClickThatItHandles) {
   int clicks = 0;
-  // The copied state is used behind Detach, so a destroyed handler would show.
+  // The copied state is used after Detach, so a destroyed handler would show.
   const auto token = std::make_shared<int>(5);
   bar_->OnClick([&clicks, token, this](const ObjectPtr&) {
     bar_->Detach();

@@ -18,7 +18,7 @@ namespace pricedown::testing {
 inline constexpr std::u16string_view kModeStatement =
     u"Select FValue From t_systemprofile where Fkey like 'PriceDownPrepare'";
 
-// What the scripted suite answers.
+// The scripted suite's answers.
 struct Company {
   Value properties = u"P";
   Value useShortNumber = u"0";
@@ -31,7 +31,7 @@ struct Company {
   std::string grantedMasks = "all";  // " 65536 131072 " and so on, blanks around each
 };
 
-// A suite, windows and a control; everything that a scenario needs, made anew for each.
+// A suite, windows and a control; made anew for each scenario.
 class ControlWorld {
  public:
   explicit ControlWorld(Company theCompany = {}) : company(std::move(theCompany)) {
@@ -81,7 +81,7 @@ class ControlWorld {
   RecordingTreeView treeView{factory.GetRecorder()};
   RecordingFontView fontView{factory.GetRecorder()};
   ProcessState state;
-  // The form is the process's, not the control's.
+  // The process owns the form.
   Environment formEnvironment{factory, state, questions, screen, u"Host"};
   RecordingEditor editor{formEnvironment, factory.GetRecorder(), log};
   std::function<std::shared_ptr<void>()> hold;

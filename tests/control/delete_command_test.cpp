@@ -1,5 +1,4 @@
 // Deleting a class from every place that a user can click, from the click to the last repaint.
-// The guards one by one are tests/browser/class_commands_test.
 #include <sstream>
 
 #include "control/price_down.h"
@@ -11,7 +10,7 @@ namespace {
 
 class DeleteCommand : public Dispatch {
  protected:
-  // A company in which class 01 may be deleted; the tree lists it no more once it is.
+  // A company in which class 01 may be deleted; afterwards the tree no longer lists it.
   static void ScriptDeletable(ControlWorld& world) {
     AnswerStatement(world.factory, kTreeStatement, ClassRows({{u"02", u"成品"}}));
     AnswerStatement(world.factory, kVoucher, Rows({u"FVoucherID"}, {}));
@@ -52,7 +51,7 @@ class DeleteCommand : public Dispatch {
            "grid changed 0 rows\n"
            "screen pointer 0\n"
            "screen messages\n"
-           // Behind every click on the strip, also when the command has reloaded.
+           // After every click on the tool strip, even if the command has reloaded.
            "screen pointer 11\n" +
            TreeLoad() +
            "screen pointer 0\n"
@@ -80,7 +79,7 @@ TEST_F(DeleteCommand, RunsWholeForTheBarsTool) {
   EXPECT_EQ(world_.log.Text(), Deletion());
 }
 
-// The command selects the root, and the reload behind every click selects nothing again.
+// The command selects the root; the reload after every click selects nothing again.
 TEST_F(DeleteCommand, LeavesNothingSelectedBehindItsSecondReload) {
   StartDeletable();
   Control().ToolStripButtonClicked(u"Del");
@@ -125,8 +124,8 @@ TEST_F(DeleteCommand, ReloadsOnceBehindARefusal) {
   }
 }
 
-// Up to the second delete any failing call ends the command there: nothing runs behind it, and what
-// ran before stays done. The reloads behind it skip what fails.
+// Up to the second delete, a failing call ends the command: nothing runs after it, and what ran
+// before it stays done. The reloads after it ignore failures.
 TEST_F(DeleteCommand, EndsAtTheCallThatFails) {
   FailEachCallInTurn([](int failingCall) {
     ControlWorld world;

@@ -1,5 +1,4 @@
-// A control that was shown, with its grid's window recorded, ready for clicks on its tools.
-// What a click does is in the tests.
+// A shown control with a recording grid window, ready for clicks on its tools.
 #pragma once
 
 #include <memory>
@@ -10,7 +9,7 @@
 
 namespace pricedown::testing {
 
-// A key with the mask of the right that it asks for.
+// A tool's key and the mask of the right it needs.
 struct RightCase {
   std::u16string_view key;
   const char* mask;
@@ -41,7 +40,7 @@ class Dispatch : public ::testing::Test {
     const ObjectPtr tool = world_.NewTool(name);
     Control().ParentWindow_ToolBarClick(tool);
   }
-  // What the command throws, or an empty text.
+  // The error that the command throws; empty if none.
   template <typename Command>
   static std::string FailureOf(Command command) {
     try {
@@ -51,7 +50,8 @@ class Dispatch : public ::testing::Test {
       return Utf8(error.Description());
     }
   }
-  // The reload behind every strip command: the tree, and the grid painted without a query.
+  // The reload after every command of the tool strip: the tree, and the grid painted without a
+  // query.
   static std::string Reload() {
     return "screen pointer 11\n"
            "tree redraw off\n"

@@ -1,5 +1,4 @@
-// What the buttons of the tool strip do, and the commands behind them.
-// Clicks on tools of the command bar are in command_bar_dispatch_test.
+// The buttons of the tool strip and the commands behind them.
 #include "control/price_down.h"
 #include "control/tool_strip.h"
 #include "tests/control/dispatch_fixture.h"

@@ -1,11 +1,11 @@
-// The dispatch around the editor: rights before it, the reload behind it, the control's end
-// while it is shown.
+// Dispatch around the editor: rights before it, the reload after it, and the control's end while it
+// is shown.
 #include "tests/control/dispatch_fixture.h"
 
 namespace pricedown::testing {
 namespace {
 
-// The loading of the form is written out in the editor's tests.
+// The editor's tests have the calls of loading the form.
 TEST_F(Dispatch, ReloadsTheTreeAndRepaintsTheGridBehindTheEditor) {
   Start();
   std::size_t atTheEnd = 0;
@@ -25,7 +25,7 @@ TEST_F(Dispatch, ReloadsTheTreeAndRepaintsTheGridBehindTheEditor) {
   Control().ToolStripButtonClicked(u"Edit");
   EXPECT_TRUE(world_.log.Text().starts_with(
       "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 4194304)\neditor form\n"));
-  // The rows of before the edit are painted again and not queried.
+  // The previous rows are painted again without a query.
   EXPECT_EQ(behind(), closing + Reload());
 }
 
@@ -79,7 +79,7 @@ TEST_F(Dispatch, TouchesNothingWhenTheControlEndedBehindTheEditor) {
   }
 }
 
-// The host drops the control while its editor is open; the click holds it to its end.
+// The host releases the control while its editor is open; the click keeps it alive to its end.
 TEST_F(Dispatch, LivesAsLongAsAClickOnItsStrip) {
   std::shared_ptr<PriceDown> owner;
   world_.hold = [&]() -> std::shared_ptr<void> { return owner; };

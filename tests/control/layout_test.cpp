@@ -163,7 +163,7 @@ TEST(ClampSplitter, KeepsBothPanesTheirLeastWidth) {
            {99999, 12000, 10320},
            {-kMost, 12000, 1680},
            {kMost, kMost, kMost - 1680},
-           // The widths meet.
+           // The widths are equal.
            {0, 3360, 1680},
            {9999, 3360, 1680},
            // Too narrow for both: the right pane's limit comes last.

@@ -1,4 +1,4 @@
-// When the control lays itself out, and its splitter.
+// When the control updates its layout, and its splitter.
 #include "control/price_down.h"
 #include "tests/control/control_fixture.h"
 

@@ -1,4 +1,4 @@
-// The control's creation; its end is termination_test.cpp.
+// The control's creation.
 #include "control/price_down.h"
 
 #include <algorithm>
@@ -10,7 +10,7 @@
 namespace pricedown::testing {
 namespace {
 
-// The lines of the suite that every call with the properties string makes.
+// The calls that every use of the properties string makes.
 constexpr const char* kProperties = R"(create ZEPPropsMgr.ShareProps
 ZEPPropsMgr.ShareProps.GetProperty("PropsString", ref Empty)
 release ZEPPropsMgr.ShareProps
@@ -42,7 +42,7 @@ TEST(Initialize, RunsItsStepsInOrderUnderTheHourglass) {
                 "ZEPCBSSystemData.AisInfo.GetPeriodDate(2008, 3)\n"
                 "ZEPCBSSystemData.AisInfo.GetPeriodDate(2008, 4)\n"
                 "release ZEPCBSSystemData.AisInfo\n"
-                // 6: how provisions are kept.
+                // 6: the provision mode.
                 "create ZEPConnection.AppConnection\n" +
                 ExecuteLine(kModeStatement) +
                 "\nrelease ZEPConnection.AppConnection\n"
@@ -240,8 +240,8 @@ TEST(Initialize, ReportsTheFirstOfTwoFailures) {
   EXPECT_EQ(world.log.Lines().back(), "screen pointer 0");
 }
 
-// Whether a failure of that line is to be reported. An unreadable language or mode has its
-// default, and the pointer is restored as well as it can be.
+// Whether a failure of that line must be reported. An unreadable language or mode falls back to its
+// default, and restoring the pointer is best effort.
 bool IsReported(const std::vector<std::string>& lines, std::size_t failing) {
   const auto isBefore = [&](const char* line) {
     return std::find(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(failing), line) !=
@@ -255,7 +255,7 @@ bool IsReported(const std::vector<std::string>& lines, std::size_t failing) {
   return !ofLanguage && !ofMode && line != "screen pointer 0 fails";
 }
 
-// Each failure is reported once and keeps no later step from running.
+// Each failure is reported once, and all later steps still run.
 TEST(Initialize, MakesAWholeControlWhateverFails) {
   for (const Value& mode : std::vector<Value>{u"1", u"2"}) {
     FailEachCallInTurn([&](int failingCall) {

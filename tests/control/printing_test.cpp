@@ -1,5 +1,4 @@
 // Preview and print as hosts and users reach them, on a control with a print control.
-// What the ledger is given, step by step, is in the browser's tests.
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -13,7 +12,7 @@ namespace {
 
 class Printing : public Dispatch {
  protected:
-  // What the ledger is given of the two items of class 01.
+  // The ledger's calls for the two items of class 01.
   static std::string Filling() {
     return FillingLedger("宋体 134", {"01.001|螺栓|M8||", "01.002|螺母|M10||"});
   }
@@ -131,7 +130,7 @@ TEST_F(Printing, OutlivesAHostThatLetsGoBehindThePreview) {
     host.reset();
     world_.ledger.appearance.font.size = 20;
   };
-  // The last reference goes when the command returns.
+  // The command holds the last reference until it returns.
   control->PreviewPara();
   EXPECT_EQ(world_.state.controls, 0);
   EXPECT_EQ(world_.log.Count("font tree 宋体 20.0"), 1u);

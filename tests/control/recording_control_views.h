@@ -1,5 +1,5 @@
 // The control's own window and its container, recorded: each call is one line of the log.
-// They share count and failure switch with the suite's objects; they decide nothing.
+// They share call count and failure switch with the suite's objects.
 #pragma once
 
 #include <functional>
@@ -71,7 +71,7 @@ class RecordingContainer : public ContainerWindow {
   }
 
   std::u16string caption = u"物料类别维护";
-  // What the host does when its window is told to close.
+  // What the host does when its window receives a close request.
   std::function<void()> onClose;
 
  private:

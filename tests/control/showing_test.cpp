@@ -24,7 +24,7 @@ class Show : public ::testing::Test {
     world_.CreateAndInitialize();
     world_.log.Clear();
   }
-  // Logged by every Show up to the tree.
+  // Logged by every Show before the tree.
   static std::string LoadingTheTree() {
     return "screen pointer 11\n"
            "tree redraw off\n"
@@ -205,7 +205,7 @@ TEST_F(Show, ListsAllItemsUnderTheRootWhenProvisionsAreKeptByItem) {
   EXPECT_EQ(world_.control->ItemCells().MaxRows(), 2);
 }
 
-// Whatever fails, all later steps run and the host hears of nothing but the message of the grid.
+// Whatever fails, all later steps run, and the only message is the grid's.
 TEST_F(Show, NeverFailsAndRunsItsLaterSteps) {
   for (const std::u16string_view gridFont : {u"", u"FontSize=12"}) {
     FailEachCallInTurn([&](int failingCall) {
@@ -238,7 +238,7 @@ TEST_F(Show, NeverFailsAndRunsItsLaterSteps) {
   }
 }
 
-// The user closes the host's window while messages run: nothing is loaded any more.
+// The user closes the host's window while messages are processed: nothing more is loaded.
 TEST_F(Show, StopsWhenTheControlEndsWhileMessagesRun) {
   for (const int pump : {1, 2, 3}) {
     ControlWorld world;

@@ -1,4 +1,4 @@
-// The splitter's drag by itself; its place in the control is placing_test.cpp.
+// The splitter's drag.
 #include "control/splitter.h"
 
 #include <gtest/gtest.h>

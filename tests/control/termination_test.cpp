@@ -1,4 +1,4 @@
-// The control's end: what it keeps, what it releases, and that nothing happens afterwards.
+// The control's end: what it stores, what it releases, and that nothing happens afterwards.
 #include "control/price_down.h"
 #include "tests/control/control_fixture.h"
 

@@ -1,4 +1,4 @@
-// Reading how provisions are kept.
+// Reading the provision mode.
 #include "control/update_price.h"
 
 #include <gtest/gtest.h>
@@ -36,7 +36,7 @@ TEST_F(UpdatePriceTest, ReadsTheFirstRowOverAConnectionOfItsOwn) {
 struct ModeCase {
   const char* name;
   Value given;
-  std::int16_t expected;  // 7 where the value before stays
+  std::int16_t expected;  // 7: the previous value stays
 };
 void PrintTo(const ModeCase& mode, std::ostream* stream) { *stream << mode.name; }
 

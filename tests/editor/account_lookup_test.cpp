@@ -1,5 +1,4 @@
 // The account lookup, by button and by key, and its error handler.
-// The picker is the suite's; here it is scripted.
 #include "editor/account_lookup.h"
 
 #include "tests/editor/editor_test.h"
@@ -154,7 +153,7 @@ TEST(AccountLookupFailures, AreShownAndEndTheLookup) {
     world.form.LookupClicked(FormField::LossAccount);
     const int calls = world.factory.CallCount() - before;
     const bool whole = failingCall == 0;
-    // The screen is asked behind the writing of the field.
+    // The screen is asked after the field is written.
     const bool written = whole || world.log.Count("screen messages fails") > 0;
     EXPECT_EQ(Utf8(world.view.Text(FormField::LossAccount)), written ? "1281.10" : "5711");
     std::size_t messages = 0;

@@ -1,5 +1,4 @@
 // `Check`, `CheckTextSave` and `checkRecord`: what counts as changed.
-// What closing does with the answer is in form_commands_test.
 #include "editor/change_check.h"
 
 #include <gmock/gmock.h>
@@ -152,7 +151,7 @@ TEST_F(ChangeCheck, FindsAnItemThatLostItsId) {
   EXPECT_FALSE(Unchanged());
 }
 
-// As in a company whose id column is one of texts.
+// As in a company whose id column is text.
 TEST_F(ChangeCheck, FindsAnotherItemAmongIdsOfTexts) {
   factory.Object(kConnectionId).On(u"Execute", Reply(nullptr));
   AnswerChecks(false);
@@ -232,7 +231,7 @@ TEST(ChangeCheckFailures, ReachTheCallerAndLeaveTheFormOpen) {
     const int calls = world.factory.CallCount() - before;
     EXPECT_EQ(error, failingCall == 0 ? std::nullopt : std::optional(kInjectedFailure));
     EXPECT_EQ(world.form.State().loaded, failingCall != 0);
-    // Asking again closes it.
+    // A second request closes it.
     world.form.ToolClicked(u"iExit");
     EXPECT_EQ(world.log.Count("unload"), 1u);
     EXPECT_EQ(world.factory.LiveObjects(), 0);

@@ -1,5 +1,4 @@
 // The nine checks: order, messages, focus, saved flag.
-// What a save does behind them is in save_test.
 #include "editor/check_data.h"
 
 #include <gmock/gmock.h>
@@ -18,7 +17,7 @@ class CheckDataTest : public EditorTest {
     AnswerChecks(false, {u"02", u"B1"});
     OpenForEdit();
   }
-  // The saved flag as a check before left it.
+  // The saved flag as left by an earlier check.
   void MarkSaved() {
     ASSERT_TRUE(form.CheckData());
     log.Clear();
@@ -178,7 +177,7 @@ TEST_F(CheckDataTest, ComparesAccountsExactly) {
     EXPECT_FALSE(form.CheckData()) << Utf8(account);
     EXPECT_EQ(log.Count("focus txtitem(0)"), 1u);
   }
-  // Different texts of one number are different accounts.
+  // Different spellings of one number are different accounts.
   view.Type(FormField::LossAccount, u"1281.10");
   EXPECT_TRUE(form.CheckData());
 }

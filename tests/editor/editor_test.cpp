@@ -1,5 +1,4 @@
-// The world of an editor test.
-// Language is the built-in one; tests of other languages script it themselves.
+// Fixture of the editor's tests. The language is the built-in one.
 #include "tests/editor/editor_test.h"
 
 #include "editor/member_list.h"

@@ -1,5 +1,4 @@
 // A form on recording windows and a scripted suite, for the tests of the editor.
-// The company is a handful of answered statements; a whole one is in the integration tests.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -21,7 +20,7 @@ namespace pricedown::testing {
 inline constexpr std::u16string_view kLedgerViewId = u"ZEPEBCGLView.GLView";
 inline constexpr std::u16string_view kConnectionId = u"ZEPConnection.AppConnection";
 
-// The log of a form that is emptied for the next class.
+// The log of clearing the form for the next class.
 inline const std::string kEmptied = Lines(R"(
     reload
     text itemClassNumber = ""
@@ -49,13 +48,13 @@ ClassHeader RawMaterials();
 // Bolts and nuts; the nut has no model.
 std::vector<MemberItem> BoltAndNut();
 
-// Everything of one form. It can be made again and again within a test.
+// One form with all it needs. A test may create several in turn.
 struct EditorWorld {
   EditorWorld();
   EditorWorld(const EditorWorld&) = delete;
   EditorWorld& operator=(const EditorWorld&) = delete;
 
-  // A member list of the fifteen fields, behind its last row.
+  // A member list with the fifteen fields, positioned after its last row.
   Recordset Members(const ClassHeader& header, const std::vector<MemberItem>& items);
   // Opens the form for a new class or on a class, paints the grid and empties the log.
   void OpenForAdd();

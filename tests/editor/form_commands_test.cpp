@@ -1,5 +1,4 @@
 // `Add`, `iExit` and the saving tool: questions, clearing, staying and unloading.
-// The save itself is in save_test, the change check in change_check_test.
 #include <gmock/gmock.h>
 
 #include "tests/editor/editor_test.h"
@@ -199,7 +198,7 @@ TEST_F(FormCommands, ExitStaysAfterARefusedSave) {
   EXPECT_EQ(log.Count("focus ItemClassName"), 1u);
 }
 
-// An empty number is the one failure that leaves the flag of the earlier save.
+// Only an empty number leaves the flag of an earlier save set.
 TEST_F(FormCommands, ExitClosesWithoutSavingAnEmptiedNumberOnceSaved) {
   AllowSave(false);
   OpenForEdit();

@@ -1,5 +1,4 @@
-// The names that fields, captions and tools of the form have in logs.
-// They are the names of the controls, for tools their keys.
+// The names of fields, captions and tools of the form in logs: control names, and tool keys.
 #pragma once
 
 #include <string>

@@ -1,5 +1,4 @@
 // The form: loading in both modes, captions, events, dispatch, unloading.
-// Starting a new class and closing are in form_commands_test.
 #include "editor/item_class_form.h"
 
 #include <gmock/gmock.h>
@@ -210,7 +209,7 @@ TEST_F(ItemClassFormTest, MakesTheListSourceAnewForEveryRow) {
   OpenForEdit();
   form.RowRequested(1);
   const ICList* first = form.State().listSource.get();
-  // Kept alive by nothing else, but not at the same place before the new one is made.
+  // Nothing else keeps it alive, but the new one must not get the same address.
   form.RowRequested(2);
   EXPECT_NE(form.State().listSource.get(), nullptr);
   EXPECT_NE(form.State().listSource.get(), first);
@@ -347,7 +346,7 @@ TEST(ItemClassFormFailures, UnloadAFormThatCannotBeLoaded) {
     world.factory.FailCall(failingCall);
     const auto error = ErrorOf([&] { world.form.Load(); });
     const int calls = world.factory.CallCount() - before;
-    // Without a properties string the language is the built-in one, which is no error.
+    // Without a properties string the language is the built-in one; that is not an error.
     if (failingCall == 0 || failingCall <= 2) {
       EXPECT_EQ(error, std::nullopt);
       EXPECT_TRUE(world.form.State().loaded);

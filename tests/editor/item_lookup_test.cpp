@@ -1,5 +1,4 @@
 // `AddItem`: parameters, condition, choices, the header of new rows, the grid afterwards.
-// What the picker does with condition and parameters is the suite's.
 #include "editor/item_lookup.h"
 
 #include <gmock/gmock.h>
@@ -28,7 +27,7 @@ void ScriptItem(RecordingFactory& factory, std::u16string_view object, std::int3
       .On(u"Properties", R"("FModel")", Reply(std::move(model)));
 }
 
-// A suite whose picker offers a washer and a rivet; what is chosen is set by the test.
+// A suite whose picker offers a washer and a rivet; the test sets the choice.
 void ScriptPicker(RecordingFactory& factory, std::vector<std::vector<Value>> otherItems) {
   factory.Object(u"ZEPEBCBASE.Dictionary").On(u"Add", Reply(Value()));
   factory.Object(kLedgerViewId).On(u"ItemLookUp", factory.Answering(u"result"));
@@ -62,7 +61,7 @@ void Cancel(RecordingFactory& factory) { factory.Object(u"result").On(u"ReturnOK
 class ItemLookup : public EditorTest {
  protected:
   ItemLookup() { ScriptPicker(factory, {}); }
-  // The condition that the picker was given.
+  // The condition that the picker received.
   std::string Condition() const {
     for (const std::string& line : log.Lines()) {
       const std::size_t at = line.find("ItemLookUp(4, Missing, ");
@@ -258,7 +257,7 @@ TEST_F(ItemLookup, ReadsListsWithoutGetRowsToo) {
   ScriptPicker(world.factory, {});
   AnswerStatement(world.factory, kOthersOf01, Rows({u"FItemID"}, {{12}, {15}}).WithoutGetRows());
   Cancel(world.factory);
-  // The first answer is the one without rows; the second one is read.
+  // The first result has no rows; the second one is read.
   world.OpenForEdit();
   world.form.ToolClicked(u"AddItem");
   world.log.Clear();
@@ -308,9 +307,9 @@ TEST_F(ItemLookup, KeepsTheRowsBeforeAnItemThatFails) {
   EXPECT_THAT(MemberIds(), ElementsAre(101, 102, 201, 202));
   log.Clear();
   EXPECT_NE(ErrorOf([this] { form.ToolClicked(u"AddItem"); }), std::nullopt);
-  // What was added is shown.
+  // The added rows are shown.
   EXPECT_EQ(log.Count("reload"), 1u);
-  // The row begun for the long name is not there.
+  // The row started for the long name is gone.
   EXPECT_THAT(MemberIds(), ElementsAre(101, 102, 201, 202, 201));
 }
 
@@ -346,13 +345,13 @@ TEST(ItemLookupFailures, ReachTheCallerAndKeepWholeRows) {
     const auto error = ErrorOf([&] { world.form.ToolClicked(u"AddItem"); });
     const int calls = world.factory.CallCount() - before;
     EXPECT_EQ(error, failingCall == 0 ? std::nullopt : std::optional(kInjectedFailure));
-    // Every row is a whole one.
+    // Every row is complete.
     const std::vector<std::int32_t> ids = world.MemberIds();
     EXPECT_GE(ids.size(), failingCall == 0 ? 4u : 2u);
     for (const std::string& percentage : world.Column(u"FPencentPrepare")) {
       EXPECT_EQ(percentage, "12.5");
     }
-    // The form works on: the next lookup appends both items.
+    // The form still works: the next lookup appends both items.
     world.form.ToolClicked(u"AddItem");
     EXPECT_EQ(world.MemberIds().size(), ids.size() + 2);
     world.form.Unload();

@@ -1,4 +1,4 @@
-// Copies of recordsets: fields, rows, positions, and failing steps skipped one by one.
+// Copies of recordsets: fields, rows, positions, and failing steps ignored one by one.
 #include "editor/record_copy.h"
 
 #include <gmock/gmock.h>
@@ -25,7 +25,7 @@ std::vector<std::string> RowTexts(const Recordset& recordset) {
   return texts;
 }
 
-// A source as a query answers it.
+// A source as a query returns it.
 ScriptedRows TwoItems() {
   return {{{u"Fitemid", ado::kInteger, 4, 0x10, 0, 0},
            {u"FName", ado::kVarWChar, 80, 0x68, 0, 0},
@@ -138,12 +138,12 @@ TEST(RecordCopyFailures, NeverPutARowsValuesIntoTheRowBefore) {
     world.factory.FailCall(failingCall);
     const Recordset copy = CopyList(world.factory, source);
     const int calls = world.factory.CallCount() - before;
-    // A field that could not be appended is not there at all.
+    // A field that could not be appended is missing.
     if (!copy || copy.RecordCount() == 0 || copy.Fields().size() < 4) return calls;
     copy.MoveFirst();
     const Value id = copy.Field(u"Fitemid");
     const Value name = copy.Field(u"FName");
-    // Either value may be what the failing step would have copied.
+    // The failing step may have been the one that copies either value.
     EXPECT_TRUE(id.IsNothing() || name.IsNothing() || (id == Value(101) && name == Value(u"螺钉")))
         << Readable(id) << " " << Readable(name);
     EXPECT_FALSE(copy.RecordCount() == 2 && id == Value(102));

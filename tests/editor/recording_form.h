@@ -1,5 +1,4 @@
-// The windows of the item class form in a test: what they show, in the log and to be asked for.
-// They decide nothing; the test plays the user.
+// The windows of the item class form as recording fakes.
 #pragma once
 
 #include <map>
@@ -42,7 +41,7 @@ class RecordingFormView : public ItemClassFormView {
   ObjectPtr FormObject() override { return formObject; }
   void Unload() override { log_.Add("unload"); }
 
-  // The user's hand: the text changes and the change is reported, nothing is logged here.
+  // The user types: the text changes and the change is reported; nothing is logged.
   void Type(FormField field, std::u16string_view text) {
     const bool changed = Text(field) != text;
     texts_[field] = text;
@@ -84,7 +83,7 @@ class RecordingMemberListView : public MemberListView {
     return std::u16string(text.substr(0, text.find(u'|')));
   }
 
-  // Asks the form for all rows when they are due, as a real grid does before it paints.
+  // Requests all rows when they are due, as a real grid does before it paints.
   void Paint() {
     if (!due_ || form == nullptr) return;
     due_ = false;

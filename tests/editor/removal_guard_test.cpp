@@ -1,5 +1,4 @@
 // `DelItem`: three statements per item, four decisions, the list and the grid afterwards.
-// Which amounts count is the database's part and is in the integration tests.
 #include "editor/removal_guard.h"
 
 #include <gmock/gmock.h>
@@ -52,7 +51,7 @@ std::string Executed(std::u16string_view statement) {
 ScriptedRows NoRows() { return Rows({u"FItemID"}, {}); }
 ScriptedRows OneRow() { return Rows({u"FItemID"}, {{101}}); }
 
-// What the company answers for one item.
+// The company's answers for one item.
 struct ItemAnswers {
   ScriptedRows history = NoRows();
   ScriptedRows amounts = NoRows();
@@ -80,7 +79,7 @@ class RemovalGuard : public EditorTest {
     OpenForEdit();
     grid.selected = std::move(rows);
   }
-  // The lines behind the reading of year and period.
+  // The lines after year and period are read.
   std::string TextBehindThePeriod() const {
     constexpr std::string_view kLast = "release ZEPEBSBase.SystemProfile\n";
     const std::string text = log.Text();
@@ -304,7 +303,7 @@ TEST_F(RemovalGuard, DoesNothingForAnEmptyList) {
 TEST_F(RemovalGuard, TellsItemsByTheirCodeAndNotByTheirId) {
   Voucher(false);
   Answer(factory, u"01.002", {});
-  // Two items with one code: the first one leaves.
+  // Two items with the same code: the first one is removed.
   OpenForEdit(
       RawMaterials(),
       {{101, u"01.001", u"a", u""}, {102, u"01.002", u"b", u""}, {103, u"01.002", u"c", u""}});
@@ -365,7 +364,7 @@ TEST(RemovalGuardFailures, ReachTheCallerAndLeaveNoFilter) {
     const auto error = ErrorOf([&] { world.form.ToolClicked(u"DelItem"); });
     const int calls = world.factory.CallCount() - before;
     EXPECT_EQ(error, failingCall == 0 ? std::nullopt : std::optional(kInjectedFailure));
-    // The item with history and the one that was not selected are always there.
+    // The item with history and the unselected one always remain.
     std::vector<std::int32_t> ids = world.MemberIds();
     std::erase(ids, 101);
     EXPECT_EQ(ids, (std::vector<std::int32_t>{102, 103}));

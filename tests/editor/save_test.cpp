@@ -1,5 +1,4 @@
 // The save: header walk, kept copy, account ids, the one text, flags.
-// The checks before it are in check_data_test.
 #include "editor/save.h"
 
 #include <gmock/gmock.h>
@@ -13,7 +12,7 @@ using namespace pricedown::testing;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
-// The texts that a save sends for bolts and nuts, each answered by nothing.
+// The statements of a save of bolts and nuts; each returns nothing.
 constexpr std::u16string_view kSaveOf01 =
     u"delete from icPriceDownClass where  FItemClassNumber='01'"
     u" INSERT INTO icPriceDownClass(FItemID,FItemClassNumber,FItemClassName,FAPAccID,FAPNumber,"
@@ -23,7 +22,7 @@ constexpr std::u16string_view kSaveOf01 =
     u"FARAccID,FARNumber,FPencentPrepare)VALUES\r\n( 102,'01','原材料',\r\n"
     u"1051,'5711',1023,'1281.1',12.5)\r\n";
 
-// Answers any save text with nothing; the checks' statements are answered by their own scripts.
+// Any save statement returns nothing; the checks' statements have their own scripts.
 void AcceptSaves(RecordingFactory& factory) {
   factory.Object(kConnectionId).On(u"Execute", Reply(nullptr));
 }
@@ -109,7 +108,7 @@ TEST_F(Save, PutsTheFieldsIntoEveryRowWhenTheHeaderWasChanged) {
 
 TEST_F(Save, LeavesTheRowsWhenTheFirstOneCarriesTheHeader) {
   Open();
-  // A second row that differs, as rows of an inconsistent class do.
+  // A second row with other values, as in an inconsistent class.
   form.MemberList().MoveFirst();
   form.MemberList().MoveNext();
   form.MemberList().SetField(u"FItemClassName", u"别名");
@@ -177,7 +176,7 @@ TEST_F(Save, LooksAnAccountOfTwoSeparatorsUpByItsLeadingPart) {
   view.Type(FormField::ReserveAccount, u"1281.01.02");
   form.Save();
   EXPECT_EQ(form.State().reserveAccountId, 77);
-  // The text itself is what is stored.
+  // The text itself is stored.
   EXPECT_THAT(SavedText(), HasSubstr("1051,'5711',77,'1281.01.02',"));
 }
 
@@ -272,7 +271,7 @@ TEST_F(Save, RefusesASecondSaveUnderANewNumberAsADuplicate) {
   Open();
   view.Type(FormField::ClassNumber, u"B");
   form.Save();
-  // The rows under B are now those of another class than the opening one.
+  // The rows under B now belong to another class than the opened one.
   AnswerStatement(factory,
                   u"select FItemClassNumber from icPriceDownClass where FItemClassNumber<>'01'",
                   Rows({u"FItemClassNumber"}, {{u"B"}, {u"B"}}));
@@ -305,7 +304,7 @@ TEST(SaveFailures, EndTheSaveAndLeaveTheFormUsable) {
       EXPECT_EQ(error, std::nullopt);
       EXPECT_TRUE(world.form.State().saved);
     } else {
-      // A failing step of the kept copy is skipped; every other one ends the save.
+      // A failing step of the kept copy is ignored; any other failure ends the save.
       EXPECT_TRUE(error == std::nullopt || error == kInjectedFailure);
     }
     EXPECT_EQ(world.MemberIds().size(), 2u);

@@ -1,5 +1,4 @@
 // The text of a save: one insert per row, each with the row's own columns.
-// When it is sent, and what precedes it, is in save_test.cpp.
 #include "editor/save.h"
 
 #include "tests/editor/editor_test.h"
@@ -26,7 +25,7 @@ class SaveTextTest : public EditorTest {
     members.SetField(u"FPencentPrepare", percentage);
     members.Update();
   }
-  // What differs between the rows: from behind "( " to the end of the row.
+  // The differing part of a row: from after "( " to the row's end.
   std::string Rows() {
     if (state_.memberList.RecordCount() > 0) state_.memberList.MoveFirst();
     std::string text = Utf8(SaveText(state_));
@@ -75,7 +74,7 @@ TEST_F(SaveTextTest, WritesTheColumnsOfEachRow) {
             ",'A1','原材料',\n1051,'5711',1023,'1281.1',12.5)\n");
 }
 
-// As a company has it whose percentage column is one of texts.
+// As in a company whose percentage column is text.
 TEST_F(SaveTextTest, WritesPercentagesThatAreTextsAsTheyAre) {
   std::vector<std::vector<Value>> rows;
   int id = 0;

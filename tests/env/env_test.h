@@ -1,5 +1,4 @@
 // What the tests of the environment share: a log, a factory and the suite's properties string.
-// It scripts nothing that a single test is about.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -13,7 +12,7 @@ namespace pricedown::testing {
 
 inline constexpr std::u16string_view kShareProps = u"ZEPPropsMgr.ShareProps";
 
-// Every question for "PropsString" is answered in the argument by reference.
+// Every request for "PropsString" is answered in the argument by reference.
 inline void SetProperties(RecordingFactory& factory, std::u16string_view properties) {
   factory.Object(kShareProps)
       .On(u"GetProperty", R"("PropsString", ref Empty)", Reply(Value()).Writing(1, properties));

@@ -1,5 +1,4 @@
-// The suite's form resources: when they are asked for, and how.
-// What the resources change in a form is the suite's.
+// The suite's form resources: when and how they are requested.
 #include "env/language.h"
 
 #include "tests/env/env_test.h"
@@ -130,7 +129,7 @@ TEST(LanguageFailures, FailsWithTheSuitesErrorAndLeaksNothing) {
       SetProperties(factory, u"LANGUAGE=cht");
       factory.FailCall(failingCall);
       const auto error = ErrorOf([&] { service(factory); });
-      // Without a properties string the language is the built-in one, which is no error.
+      // Without a properties string the language is the built-in one; that is not an error.
       const bool ignored = log.Count("create ZEPPropsMgr.ShareProps fails") +
                                log.Count(R"(ZEPPropsMgr.ShareProps.GetProperty("PropsString", )"
                                          "ref Empty) fails") >

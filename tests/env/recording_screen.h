@@ -1,5 +1,4 @@
-// The screen in a test: logs what is asked of it, and can fail.
-// There is no window and no pointer behind it.
+// A recording screen: logs its calls and can fail.
 #pragma once
 
 #include <functional>
@@ -31,7 +30,7 @@ class RecordingScreen : public Screen {
 
   MousePointer pointer = MousePointer::Default;
   double twipsPerPixel = 15;
-  // What the user does while messages run.
+  // What the user does while messages are processed.
   std::function<void()> onMessages;
 
  private:

@@ -1,5 +1,4 @@
 // The rights check and the data scope, call by call.
-// Which command needs which right is not asked here.
 #include "env/rights.h"
 
 #include "tests/env/env_test.h"

@@ -1,5 +1,4 @@
-// The suite's shared properties: how they are asked for, the properties string, the language.
-// What suites put into them is not checked.
+// The suite's shared properties: how they are read, the properties string, the language.
 #include "env/suite_properties.h"
 
 #include "tests/env/env_test.h"

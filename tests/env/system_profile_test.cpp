@@ -1,5 +1,5 @@
 // The system profile and the dates of the current period, call by call.
-// The calendar is scripted: how long a year is, is the suite's.
+// The calendar is scripted.
 #include "env/system_profile.h"
 
 #include <limits>
@@ -15,7 +15,7 @@ using namespace pricedown::testing;
 constexpr std::u16string_view kProfile = u"ZEPEBSBase.SystemProfile";
 constexpr std::u16string_view kCalendar = u"ZEPCBSSystemData.AisInfo";
 
-// A company in the given period, with twelve periods per year unless told otherwise.
+// A company in the given period, with twelve periods per year by default.
 void InPeriod(RecordingFactory& factory, Value year, Value period, std::int32_t periodCount = 12) {
   SetProperties(factory, u"P=1");
   factory.Object(kProfile)
@@ -155,9 +155,9 @@ TEST_F(CurrentPeriod, OfTheLastPossibleYearEndsInAnOverflow) {
 
 TEST(CurrentPeriodFailures, KeepsWhatWasReadBeforeAFailure) {
   // The calls of the first test above, in their order.
-  constexpr int kYearRead = 5;    // the first call behind the year
-  constexpr int kPeriodRead = 8;  // behind the period
-  constexpr int kStartRead = 14;  // behind the start of the period
+  constexpr int kYearRead = 5;    // the first call after the year
+  constexpr int kPeriodRead = 8;  // after the period
+  constexpr int kStartRead = 14;  // after the start of the period
   FailEachCallInTurn([](int failingCall) {
     CallLog log;
     RecordingFactory factory(log);

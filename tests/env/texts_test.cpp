@@ -1,5 +1,4 @@
 // Quoting, settings texts, the translation hook and the messages' title.
-// Which messages there are is tested where they are given.
 #include "env/messages.h"
 #include "env/quoting.h"
 #include "env/settings_text.h"

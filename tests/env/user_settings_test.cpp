@@ -1,5 +1,4 @@
 // Per-user settings of the suite's profile and of the company database, call by call.
-// Which settings there are is tested where they are used.
 #include "env/user_settings.h"
 
 #include "tests/env/env_test.h"

@@ -1,5 +1,4 @@
-// The hourglass and its end on every way out.
-// The pointer is a line of the log.
+// The hourglass, restored on every path. The pointer is a line of the log.
 #include "env/wait_cursor.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// The program's operator new with a count. One thread only uses it at a time.
+// The program's operator new with a counter. Not thread-safe.
 #include "tests/faults/allocations.h"
 
 #include <cstdlib>

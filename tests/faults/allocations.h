@@ -1,4 +1,4 @@
-// The allocations of the program, counted, any one of which can be made to fail.
+// Counts the program's allocations and makes any one of them fail.
 // Linking it replaces operator new and delete of the whole program.
 #pragma once
 

@@ -1,5 +1,4 @@
-// What must hold when anything fails during anything: see README.md.
-// Which error a failure gives, and in whose words, is tested with each command.
+// What must hold when any call fails during any operation: see README.md.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -24,7 +23,7 @@ struct Kind {
   const char* name;
   void (*fail)(FaultWorld& world, int n);  // 0: none; also begins to count
   int (*count)(FaultWorld& world);
-  // Not each one but a spread of so many, because every run costs a whole operation.
+  // A spread of so many points instead of each one, because every run costs a whole operation.
   int most;
 };
 
@@ -49,7 +48,7 @@ const Kind kKinds[] = {
 
 class FaultPoints : public ::testing::TestWithParam<Operation> {
  protected:
-  // One run of the operation, answering how many things of the kind it had.
+  // Runs the operation once; returns how many points of the kind it passed.
   int RunOnce(const Kind& kind, int failing) {
     FaultWorld& world = world_;
     const Operation& operation = GetParam();
@@ -89,7 +88,7 @@ class FaultPoints : public ::testing::TestWithParam<Operation> {
     return true;
   }
 
-  // A control that has begun and not ended.
+  // A control that was created and has not ended.
   static void StillPrints(FaultWorld& world) {
     const std::string operation = GetParam().name;
     world.paper->onPreview = {};
@@ -138,7 +137,7 @@ TEST_P(FaultPoints, LeaveNothingBroken) {
 INSTANTIATE_TEST_SUITE_P(Operations, FaultPoints, ::testing::ValuesIn(Operations()),
                          [](const auto& test) { return test.param.name; });
 
-// Two failures at once: there is no memory to keep what the ledger said.
+// Two failures at once: no memory to keep the ledger's message.
 TEST(PrintFailure, ThatCannotBeCopiedLeavesPrintingAlive) {
   FaultWorld world;
   world.ResetCompany();

@@ -1,5 +1,4 @@
 // Keys and nodes of the tree stay in step when there is no memory for a node.
-// The operations that add nodes are in operations.h.
 #include "browser/node_collection.h"
 
 #include <gtest/gtest.h>
@@ -12,7 +11,7 @@ namespace pricedown::testing {
 namespace {
 
 TEST(NodeCollection, HoldsNeitherKeyNorNodeThatItHasNoMemoryFor) {
-  // Too long to be kept without an allocation.
+  // Too long to be stored without an allocation.
   constexpr std::u16string_view kKey = u"gi01.02.03.04.05";
   int failures = 0;
   for (bool added = false; !added;) {

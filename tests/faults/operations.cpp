@@ -1,4 +1,4 @@
-// The operations, one after another as a user meets them.
+// The operations, in the order in which a user meets them.
 #include "tests/faults/operations.h"
 
 #include "control/update_price.h"
@@ -28,7 +28,7 @@ void FaultWorld::OpenControl() {
   control = std::make_unique<pricedown::PriceDown>(
       pricedown::PriceDownPorts{factory, state, questions, screen, container, window, treeView,
                                 fontView, u"Host", nullptr, editor, *fresh});
-  // The control before still had the one before.
+  // The previous control still used the previous one.
   paper = std::move(fresh);
   control->Initialize();
   control->Show(nullptr);

@@ -1,5 +1,4 @@
-// What users and hosts do with the control, each as it runs undisturbed on the class company.
-// What must hold when something fails meanwhile is fault_points_test.cpp's.
+// What users and hosts do with the control, each as it runs without failures on the class company.
 #pragma once
 
 #include <functional>
@@ -11,7 +10,7 @@
 
 namespace workbench {
 
-// A ledger whose calls fail like those of a window.
+// A ledger whose calls can fail like those of a window.
 class CountedLedger : public pricedown::testing::PageKeeper {
  public:
   explicit CountedLedger(pricedown::testing::RecorderPtr recorder)
@@ -49,11 +48,11 @@ class FaultWorld : public ControlOnCompany {
 
   // The classes and provisions that each run begins with.
   void ResetCompany();
-  // The control before ends here.
+  // Ends the previous control.
   void OpenControl();
   std::string Rows() { return Classes() + Provisions(); }
 
-  // The operations need the fixture's hands.
+  // Lets the operations act as the fixture's user.
   using ControlOnCompany::AddVoucher;
   using ControlOnCompany::Command;
   using ControlOnCompany::control;
@@ -78,11 +77,11 @@ struct Operation {
   std::string name;
   // On an open control with class A1 selected. Throws what the control throws.
   std::function<void(FaultWorld&)> run;
-  // The rows that may be left between those before and those after, as Rows() has them.
+  // The rows that may remain after a failure, in the form of Rows().
   std::vector<std::string> halfway = {};
   std::function<void(FaultWorld&)> prepare = {};
-  // The form works on a copy of the class's rows that skips what fails, by design: what is saved
-  // then may lack rows, but has none that is neither an old nor a new one.
+  // By design the form works on a copy of the class's rows that ignores failures: a save may then
+  // lack rows, but each row is either an old or a new one.
   bool copiesRows = false;
 };
 

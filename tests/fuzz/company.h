@@ -24,7 +24,7 @@ inline workbench::Database& Company() {
   return company;
 }
 
-// Whether the dialect takes the text; what it takes, SQLite must take too.
+// Whether the dialect accepts the text; SQLite must accept what the dialect accepts.
 inline bool IsTaken(std::u16string_view text) {
   workbench::SqliteSchema schema(Company().get());
   workbench::TranslatedText translated;

@@ -1,4 +1,4 @@
-// Files for the import: every row in or none.
+// Files for the import: all rows are imported or none.
 #include "workbench/sample/csv_import.h"
 #include "tests/fuzz/company.h"
 

@@ -1,4 +1,4 @@
-// Any statement text: refused with a database error, or made into what SQLite compiles.
+// Any statement text is refused with a database error, or translated into SQL that SQLite compiles.
 #include "tests/fuzz/company.h"
 
 using namespace pricedown::fuzz;

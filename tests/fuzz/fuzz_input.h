@@ -1,5 +1,4 @@
 // What the fuzz targets share: texts out of raw bytes, and a property that must hold.
-// The targets say which.
 #pragma once
 
 #include <fuzzer/FuzzedDataProvider.h>

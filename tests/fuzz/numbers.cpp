@@ -1,4 +1,4 @@
-// Numbers and texts: what is read, what counts as a number, and the way there and back.
+// Numbers and texts: reading, recognising, and the round trip.
 #include <bit>
 #include <cmath>
 

@@ -1,5 +1,5 @@
-// The condition under which a picker offers its rows: the library's own is always taken, however
-// many items it leaves out; any other text is taken or refused without harm.
+// The condition under which a picker offers its rows: the library's own is always accepted, however
+// many items it leaves out; any other text is accepted or refused without harm.
 #include "tests/fuzz/company.h"
 #include "workbench/pickers/candidate_table.h"
 

@@ -1,5 +1,5 @@
-// What a user types into a picker's search field: always a statement that the company takes, with
-// the same answer however the words are parted.
+// What a user types into a picker's search field: always a statement that the company accepts, with
+// the same result however the words are separated.
 #include <array>
 
 #include "tests/fuzz/company.h"

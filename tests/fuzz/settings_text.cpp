@@ -1,5 +1,4 @@
 // Settings texts: any text is read without harm, and a built one gives its values back.
-// Where settings are stored is no matter here.
 #include "env/settings_text.h"
 
 #include "tests/fuzz/fuzz_input.h"
@@ -29,7 +28,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::u16string built = BuildSettings({{name, value}, {u"其他", other}}, separator);
   const bool readable = !separator.empty() && !Holds(name, separator) && !Holds(value, separator) &&
                         !Holds(name, u"=") && !Holds(separator, u"=") && !Holds(value, u"=");
-  // A separator that begins in one part and ends in the next reads otherwise.
+  // A separator that spans two parts is read differently.
   const bool apart = separator.size() == 1;
   if (readable && apart) {
     Require(SettingsEntry(built, name, separator) == value, "an entry gives its value back");

@@ -1,5 +1,5 @@
 // The statement builders with any texts as values: the text holds them as they are, and the
-// server takes or refuses it without harm. A quoted text always stays one literal.
+// server accepts or refuses it without harm. A quoted text always stays one literal.
 #include "store/statements.h"
 
 #include "env/quoting.h"

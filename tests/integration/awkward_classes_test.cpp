@@ -1,6 +1,5 @@
 // Classes and calls at the edges of what the control keeps: numbers that the database takes for
 // one, items that are never listed, a second rename, short codes, the host's own calls.
-// A class's ordinary life is in class_loop_test.
 #include <gmock/gmock.h>
 
 #include "tests/integration/control_fixture.h"

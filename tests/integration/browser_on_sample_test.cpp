@@ -1,5 +1,5 @@
-// The whole control on the sample company: the real suite stand-ins, SQLite and the in-memory
-// recordset. Windows and user are recording ones.
+// The whole control on the sample company: the suite's stand-ins, SQLite and the in-memory
+// recordset. Only windows and user are fakes.
 #include <gtest/gtest.h>
 
 #include <filesystem>

@@ -1,5 +1,5 @@
 // A small company with two classes of items, on the stand-in suite and its database.
-// Tests change it past the library and compare its rows before and after a command.
+// Tests change it directly and compare its rows before and after a command.
 #pragma once
 
 #include <algorithm>
@@ -39,7 +39,7 @@ class ClassCompany : public SuiteFixture {
     InsertClass(u"B1", u"成品", {4, 5});
   }
 
-  // Straight into the company, past the library.
+  // Directly into the company, bypassing the library.
   void Run(std::u16string_view statement) { suite_->Execute(statement); }
   void AddItem(std::int32_t id) {
     const std::u16string number = pricedown::NumberText(id);

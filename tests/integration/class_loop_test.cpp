@@ -1,4 +1,4 @@
-// A class's whole life through the control: added, edited, renamed, its items removed, deleted.
+// A class's whole life cycle through the control: added, edited, renamed, items removed, deleted.
 // Rows and messages are compared before and after each command.
 #include <gmock/gmock.h>
 
@@ -90,7 +90,7 @@ TEST_F(ControlOnCompany, ReachesTheSameCommandsFromTheHostsTools) {
   EXPECT_EQ(Classes().find("C1|"), std::string::npos);
 }
 
-// What each guard refuses and what it lets pass, on both sides of its rule.
+// What each guard refuses and allows, on both sides of its rule.
 struct GuardCase {
   const char* name;
   std::int32_t year;
@@ -253,7 +253,7 @@ TEST_F(ControlOnCompany, LeavesWhatRanBeforeARowThatTheTableRefuses) {
                            kB1);
 }
 
-// The control of a host that closes its window while the form is open.
+// A host that closes its window while the form is open.
 TEST_F(ControlOnCompany, EndsBehindItsForm) {
   Open();
   Select(u"A1");

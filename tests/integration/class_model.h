@@ -1,5 +1,5 @@
 // What the tables must hold after a command, by the rules of the inventory module and without any
-// statement. It knows no control, no form and no database.
+// statement.
 #pragma once
 
 #include <algorithm>

@@ -1,5 +1,5 @@
-// A random user of the control on a small company, and the model that foretells what must happen.
-// The user types what is right and what is not, and picks what is offered.
+// A random user of the control on a small company, and the model that predicts the result. The user
+// types valid and invalid input and picks what is offered.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -21,7 +21,7 @@ namespace workbench {
 
 inline constexpr std::int32_t kItems = 12;
 
-// Offers what the database finds under the condition, and takes some of it.
+// Offers what the database finds under the condition, and picks some of it.
 class OfferingPickers : public Pickers {
  public:
   explicit OfferingPickers(std::mt19937& random) : random_(random) {}
@@ -85,7 +85,7 @@ inline constexpr std::array<const char*, 3> kGoodNames{"原材料", "成品", "�
 inline constexpr std::array<const char*, 3> kBadNames{"it's", "包'装", ""};
 inline constexpr std::size_t kGoodPercentages = 7;
 
-// What stands in the form.
+// The contents of the form.
 struct Fields {
   std::string number;
   std::string name;
@@ -124,7 +124,7 @@ class CommandSequences : public ControlOnCompany {
     ASSERT_EQ(Classes(), model_.ClassRows(kAccountIds)) << "after " << after << trail_;
     ASSERT_EQ(Provisions(), model_.ProvisionRows()) << "after " << after << trail_;
   }
-  // What the user was told since the last look.
+  // The messages since the last call.
   std::string Told() {
     std::string messages = Messages();
     log.Clear();
@@ -144,10 +144,10 @@ class CommandSequences : public ControlOnCompany {
   void SaveForm();
   void StartAnew();
   void WorkInForm();
-  // Fields and list are those of the model.
+  // Checks that fields and list match the model.
   void ExpectForm();
   std::string ListedCodes();
-  // By the strip, by the bar, or by the host's own call.
+  // By the tool strip, by the command bar, or by the host's own call.
   void Invoke(std::u16string_view button, std::u16string_view tool,
               pricedown::Value (pricedown::PriceDown::*member)());
 

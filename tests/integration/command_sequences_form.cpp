@@ -1,5 +1,4 @@
-// The random user's steps in the form, each with what the model expects of it.
-// The commands that open the form are in command_sequences_test.cpp.
+// The random user's steps in the form, each with the result that the model expects.
 #include "platform/error.h"
 #include "tests/integration/command_sequences.h"
 
@@ -18,7 +17,7 @@ void CommandSequences::TypeIn(FormField field) {
   const bool bad = Roll(9) == 0;
   switch (field) {
     case FormField::ClassNumber: {
-      // A second rename in one showing would leave the first one's rows behind, as it must.
+      // By design a second rename in one showing leaves the first one's rows behind.
       if (renamed_) break;
       const std::string letter = Roll(2) == 0 ? "K" : "k";
       const std::string number = letter + std::to_string(Roll(6));
@@ -136,7 +135,7 @@ void CommandSequences::SaveForm() {
   if (adding_) {
     listed_.clear();
     fields_ = {};
-    saved_ = false;  // by the grid's request for its rows
+    saved_ = false;  // because the grid requests its rows
   } else if (!renamed_) {
     opening_ = fields_.number;
   }
@@ -156,7 +155,7 @@ void CommandSequences::StartAnew() {
       SaveForm();
     }
   }
-  // The fields of a list that is empty already stay.
+  // If the list is already empty, the fields stay.
   if (!throws && !listed_.empty()) {
     listed_.clear();
     fields_ = {};

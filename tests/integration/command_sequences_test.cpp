@@ -1,5 +1,4 @@
-// A thousand random commands through the control: after each the company is what the model says.
-// What the user does in the form is in command_sequences_form.cpp.
+// A thousand random commands through the control: after each the company matches the model.
 #include "tests/integration/command_sequences.h"
 
 namespace workbench {

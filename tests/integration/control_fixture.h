@@ -1,4 +1,4 @@
-// The whole control on a small company: only windows and user are recording ones.
+// The whole control on a small company: only windows and user are fakes.
 // The user of the item class form is a script of the test; all else goes through the control's
 // public members.
 #pragma once
@@ -33,7 +33,7 @@ class ControlOnCompany : public ClassCompany {
     control = std::make_unique<pricedown::PriceDown>(
         pricedown::PriceDownPorts{factory, state, questions, screen, container, window, treeView,
                                   fontView, u"Host", nullptr, editor, *paper});
-    // The control before still had the one before.
+    // The previous control still used the previous one.
     ledger = std::move(paper);
     control->Initialize();
     control->Show(nullptr);
@@ -44,14 +44,14 @@ class ControlOnCompany : public ClassCompany {
     treeView.selected = control->Nodes().Find(key);
     control->NodeClicked(treeView.selected);
   }
-  // A click on a tool of the strip with the user's work in the form, when it opens.
+  // A click on a tool of the strip, and the user's work in the form if it opens.
   void Command(std::u16string_view button, std::function<void()> work = {}) {
     editor.whileShown = std::move(work);
     control->ToolStripButtonClicked(button);
     editor.whileShown = {};
   }
 
-  // The user's hands in the form.
+  // The user's actions in the form.
   void Type(pricedown::FormField field, std::u16string_view text) { editor.view.Type(field, text); }
   void Type(std::u16string_view number, std::u16string_view name, std::u16string_view percentage) {
     Type(pricedown::FormField::ClassNumber, number);
@@ -69,7 +69,7 @@ class ControlOnCompany : public ClassCompany {
     editor.Click(u"DelItem");
   }
 
-  // What the user was told and asked, without the title.
+  // The messages and questions, without the title.
   std::string Messages() const {
     std::string text;
     for (const std::string& line : log.Lines()) {
@@ -95,7 +95,7 @@ class ControlOnCompany : public ClassCompany {
 
   pricedown::testing::CallLog log;
   pricedown::testing::RecorderPtr recorder = std::make_shared<pricedown::testing::Recorder>(log);
-  // Failures are of the suite alone: the windows have a count of their own.
+  // Only the suite's calls fail; the windows have their own counter.
   pricedown::testing::RecorderPtr windows = std::make_shared<pricedown::testing::Recorder>(log);
   CountingFactory factory{factory_, recorder};
   pricedown::testing::RecordingQuestions questions{log};

@@ -1,4 +1,4 @@
-// The stand-in suite's objects behind a count of their calls, each of which can be made to fail.
+// Wraps the stand-in suite's objects: counts their calls and makes any one of them fail.
 // A call that fails does not reach the suite.
 #pragma once
 
@@ -12,7 +12,7 @@
 
 namespace workbench {
 
-// Passes calls on; the objects that it answers are such objects too.
+// Forwards calls; the objects that it returns are wrapped too.
 class CountedObject : public pricedown::AutomationObject {
  public:
   CountedObject(pricedown::ObjectPtr object, pricedown::testing::RecorderPtr recorder,

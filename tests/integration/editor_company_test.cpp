@@ -1,5 +1,4 @@
 // Classes added, changed and saved through the form: the rows before and after.
-// Statements and call order are in the editor's own tests.
 #include <gmock/gmock.h>
 
 #include <algorithm>

@@ -1,5 +1,5 @@
 // The item class form on a real company: the stand-in suite, its database, its recordsets.
-// Windows and user are the recording ones of the editor's tests.
+// Windows and user are the fakes of the editor's tests.
 #pragma once
 
 #include "editor/item_class_form.h"
@@ -47,7 +47,7 @@ class EditorOnCompany : public ClassCompany {
     view.Type(pricedown::FormField::Percentage, percentage);
     log.Clear();
   }
-  // A click, and what the window does behind it.
+  // A click, and what the window does afterwards.
   void Click(std::u16string_view key) {
     form.ToolClicked(key);
     grid.Paint();

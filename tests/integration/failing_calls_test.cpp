@@ -1,6 +1,5 @@
-// Every call to the suite fails once, in every command: what is left in the company, and that the
-// form can still do its work.
-// Refusals of the database and of the guards are in class_loop_test.cpp.
+// Every call to the suite fails once, in every command: what remains in the company, and that the
+// form still works.
 #include <gtest/gtest.h>
 
 #include "platform/error.h"
@@ -32,7 +31,7 @@ class FailingCalls : public ControlOnCompany {
     AddProvision(4, 2008, 3, 7);
     log.Clear();
   }
-  // A step of the user during which the call fails whose turn it is; the user then tries again.
+  // A user's step during which the chosen call fails; the user then tries again.
   template <typename Step, typename Again>
   void Try(Step step, Again again) {
     const int first = recorder->CallCount();
@@ -70,7 +69,7 @@ class FailingCalls : public ControlOnCompany {
   }
   // Runs `showing` with each call of its tried step failing in turn.
   void FailInTheForm(std::u16string_view button, const std::function<void()>& showing) {
-    // The suite's view of the ledger is kept for all commands to come.
+    // All later commands keep the suite's view of the ledger.
     const auto objects = [this] { return recorder->LiveObjects() - (state.ledgerView ? 1 : 0); };
     FailEachCallInTurn([&](int failingCall) {
       ResetCompany();
@@ -81,7 +80,7 @@ class FailingCalls : public ControlOnCompany {
       const int before = objects();
       Command(button, showing);
       EXPECT_TRUE(editor.IsClean());
-      // An edit has given the grid's recordset away.
+      // An edit has handed over the grid's recordset.
       EXPECT_EQ(objects(), button == u"Edit" ? before - 1 : before);
       return calls_;
     });
@@ -175,7 +174,7 @@ TEST_F(FailingCalls, LeaveANewClassUnwrittenOrWritten) {
     Pick({7});
     Try([&] { editor.Click(u"Save"); },
         [&] {
-          // Once it is written only the emptying of the form was interrupted.
+          // Once the class is written, only clearing the form was interrupted.
           if (afterFailure_ == before_) editor.Click(u"Save");
         });
     EXPECT_EQ(Classes(), before_ + "C1|包装物|7|1051|5711|1023|1281.1|3.25\n");
@@ -200,8 +199,8 @@ TEST_F(FailingCalls, KeepTheFormOpenWhenTheSaveBeforeClosingFails) {
   EXPECT_GT(failures_, 40);
 }
 
-// Failures before the form is shown: inside the copies they are skipped, elsewhere they end the
-// command. Nobody has touched anything yet.
+// Failures before the form is shown: inside the copies they are ignored, elsewhere they end the
+// command. Nothing has been changed yet.
 TEST_F(FailingCalls, ChangeNothingWhileTheFormIsPrepared) {
   for (const std::u16string_view button : {u"Add", u"Edit"}) {
     FailEachCallInTurn([&](int failingCall) {

@@ -1,5 +1,4 @@
-// Printing from the company's database to pages: only windows, user and device are not real.
-// Which command was clicked is the dispatch's; what a page looks like in full is the pages' test.
+// Printing from the company's database to pages: only windows, user and device are fakes.
 #include <gtest/gtest.h>
 
 #include "env/user_settings.h"
@@ -66,7 +65,7 @@ TEST_F(PrintingOnCompany, RemembersTheFontOfThePreviewInTheNextControl) {
   EXPECT_EQ(control->ItemCells().CellFont(), chosen);
   control->PreviewPara();
   EXPECT_EQ(ledger->fonts[0], (pricedown::PageFont{u"楷体", 12, true, false, false}));
-  // A font that was chosen wins over the report size.
+  // A chosen font takes precedence over the report size.
   pricedown::SaveUserSetting(factory, u"Host", pricedown::kReportFontSizeKey, u"18");
   control->NotifyMessage(u"Activate");
   EXPECT_EQ(ledger->Appearance().font, chosen);

@@ -1,5 +1,5 @@
 // Rows and searches of the pickers on a real company.
-// Expectations come from the company by other statements, or from rows of the test's own.
+// Expected values come from other statements, or from rows that the test adds.
 #include "workbench/pickers/candidate_list.h"
 
 #include <gtest/gtest.h>
@@ -181,7 +181,7 @@ TEST(CandidateListOnManyItems, SearchGrowsInTheOrderOfCodesUntilItIsComplete) {
 TEST(CandidateListOnManyItems, GoingOnWithTheTextFindsTheSameAsAFreshSearch) {
   PickerCompany company(Large(20000));
   CandidateList typed(company, ItemTable(), u"");
-  // The search is left at different points by the next key.
+  // The next key interrupts the search at different points.
   int stepsPerKey = 0;
   std::u16string text;
   for (const char16_t unit : std::u16string_view(u"钢 Q2 01.0")) {

@@ -1,5 +1,4 @@
 // The statements of the pickers, written out whole, and the words of a search.
-// What the database answers is in candidate_list_test.cpp.
 #include "workbench/pickers/candidate_table.h"
 
 #include <gtest/gtest.h>

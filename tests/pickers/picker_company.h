@@ -1,5 +1,5 @@
-// A company on disk for pickers, and a connection to it that keeps the statements it is given.
-// Without a plan it is the sample company with a few items of the tests' own.
+// A company on disk for pickers, and a connection that records its statements. By default it is the
+// sample company with a few items that the tests add.
 #pragma once
 
 #include <memory>
@@ -59,7 +59,7 @@ class PickerCompany final : public Connection {
   std::unique_ptr<Connection> company_;
 };
 
-// Searches to the end.
+// Runs the search to its end.
 inline void SearchAll(CandidateList& list, std::u16string_view text) {
   list.Search(text);
   while (list.IsSearching()) list.Advance();

@@ -1,5 +1,4 @@
 // The places of a picker's controls at every size and resolution.
-// Text widths are the test's own.
 #include "workbench/pickers/picker_layout.h"
 
 #include <gtest/gtest.h>

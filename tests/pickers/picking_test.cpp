@@ -1,5 +1,4 @@
 // Choosing in a picker, and its texts.
-// The window is tested in tests/windows_pickers.
 #include "workbench/pickers/picking.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,4 @@
 // Tests of calls by member name.
-// What an object does with them is tested with the objects.
 #include "platform/automation.h"
 
 #include <gtest/gtest.h>

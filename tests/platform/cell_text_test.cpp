@@ -1,5 +1,4 @@
 // Tests of cells as text, and of the view of single values.
-// Blocks of cells are tested with those who make them.
 #include "platform/cell_text.h"
 
 #include <gtest/gtest.h>

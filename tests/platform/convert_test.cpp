@@ -1,5 +1,4 @@
 // Tests of the conversions between kinds of values: text, numbers, booleans, rounding.
-// Numbers in text have test files of their own.
 #include "platform/convert.h"
 
 #include <gtest/gtest.h>

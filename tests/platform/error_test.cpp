@@ -1,5 +1,4 @@
 // Tests of the core's exception.
-// Which failures throw it is tested where they happen.
 #include "platform/error.h"
 
 #include <gtest/gtest.h>
@@ -33,7 +32,7 @@ TEST(AutomationError, SaysItsDescriptionInUtf8) {
 }
 
 TEST(AutomationError, HasTheNumbersThatAutomationReports) {
-  // From the documentation of the platform, not from the header.
+  // From the platform's documentation, independent of the header.
   EXPECT_EQ(static_cast<std::int32_t>(ErrorNumber::Unspecified), -2147467259);
   EXPECT_EQ(static_cast<std::int32_t>(ErrorNumber::NotImplemented), -2147467263);
   EXPECT_EQ(static_cast<std::int32_t>(ErrorNumber::OutOfMemory), -2147024882);

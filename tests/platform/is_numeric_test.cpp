@@ -1,5 +1,4 @@
 // Tests of texts that are numbers as a whole: the is-numeric test, and their values.
-// Texts that merely begin with a number are tested in leading_number_test.cpp.
 #include <gtest/gtest.h>
 
 #include <optional>

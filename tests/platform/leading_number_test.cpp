@@ -1,5 +1,4 @@
 // Tests of the number that a text begins with.
-// Texts that must be numbers as a whole are tested in is_numeric_test.cpp.
 #include <gtest/gtest.h>
 
 #include <limits>

@@ -1,5 +1,4 @@
 // Tests of the member tables of our own late-bound objects.
-// The objects that have tables are tested in their rooms.
 #include "platform/local_object.h"
 
 #include <gtest/gtest.h>

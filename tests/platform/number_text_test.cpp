@@ -1,5 +1,4 @@
 // Tests of the default text of numbers.
-// The other way, from text to number, is tested in leading_number_test.cpp.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -86,7 +85,7 @@ TEST(NumberText, AgreesWithTheCLibraryOnAnyNumber) {
 TEST(NumberText, AgreesWithTheCLibraryOnWholeNumbers) {
   std::mt19937_64 random(12);
   for (int round = 0; round < 20000; ++round) {
-    // Up to beyond the first that is written with an exponent, each size as often as the others.
+    // Up to beyond the first one with an exponent, all magnitudes equally often.
     const double number =
         static_cast<double>(static_cast<std::int64_t>(random() >> (12 + random() % 52))) *
         (round % 2 == 0 ? 1 : -1);

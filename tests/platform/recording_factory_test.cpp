@@ -103,7 +103,7 @@ TEST_F(RecordingFactoryTest, RepliesWithANewObjectForEachCall) {
       )"));
 }
 
-// The test's own failures, seen from outside.
+// Failures of a test, observed by another test.
 template <typename Action>
 void ExpectUnscripted(Action action, const char* message) {
   EXPECT_NONFATAL_FAILURE(EXPECT_NE(FailureOf(action), ""), message);

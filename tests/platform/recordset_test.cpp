@@ -1,5 +1,4 @@
 // Tests of the calls that the recordset wrapper makes.
-// What recordsets do with them is the contract in tests/support/recordset_contract.h.
 #include "platform/recordset.h"
 
 #include <gtest/gtest.h>

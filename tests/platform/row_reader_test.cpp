@@ -175,8 +175,8 @@ TEST_P(RowReaderTest, HoldsTheRecordsetWhileItWalks) {
   EXPECT_EQ(log.Text(), "release result\n");
 }
 
-// Each call to the recordset fails once: the failure arrives, and the walk ends whether or not
-// the caller minds.
+// Each call to the recordset fails once: the failure arrives, and the walk ends whether or not the
+// caller handles it.
 TEST_P(RowReaderTest, EndsAfterAnyFailureOfTheRecordset) {
   FailEachCallInTurn([](int failingCall) {
     RecordingFactory disturbed{CallLog()};

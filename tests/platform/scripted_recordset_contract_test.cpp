@@ -1,5 +1,4 @@
-// Runs the contract of recordsets on the scripted one that the tests of all rooms use.
-// The workbench's recordset runs it in its own tests.
+// Runs the contract of recordsets on the scripted one.
 #include <gtest/gtest.h>
 
 #include <memory>

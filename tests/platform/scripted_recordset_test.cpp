@@ -1,5 +1,4 @@
 // Tests of scripted recordsets and statements beyond the contract of all recordsets.
-// The contract itself runs in scripted_recordset_contract_test.cpp.
 #include "tests/support/scripted_recordset.h"
 
 #include <gtest/gtest-spi.h>

@@ -1,5 +1,4 @@
-// Tests of the mark of skipped steps.
-// Which steps are skipped is tested in their rooms.
+// Tests of SkipFailing.
 #include "platform/skip.h"
 
 #include <gtest/gtest.h>

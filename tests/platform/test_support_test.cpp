@@ -1,5 +1,4 @@
 // Tests of the small helpers of the tests: logs, readable values, scripted questions.
-// The factory and the recordset have test files of their own.
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // Tests of reading rows as one text a block, through the reader that uses it.
-// Whatever the recordset holds or refuses, the rows are those of the other ways of reading.
+// Whatever the recordset holds or refuses, the rows are the same as by the other ways of reading.
 #include "platform/text_blocks.h"
 
 #include <gtest/gtest.h>
@@ -124,7 +124,7 @@ TEST_F(TextBlocksTest, AsksNoQuestionsAboutTheColumnsOfASingleBlock) {
   EXPECT_EQ(Calls("GetRows"), 1);
 }
 
-// A failing call, whichever it is, is answered by reading cells, or ends the walk.
+// Whichever call fails, the reader falls back to reading cells or ends the walk.
 TEST_F(TextBlocksTest, LosesAndRepeatsNoRowWhenACallFails) {
   FailEachCallInTurn([](int failingCall) {
     RecordingFactory disturbed{CallLog()};
@@ -168,7 +168,7 @@ TEST_F(TextBlocksTest, IsNotMadeForAFieldThatTheRecordsetDoesNotHave) {
   EXPECT_FALSE(TextBlocks::Of(Answer(NumberedRows(2)), {u"FName", u"FModel"}));
 }
 
-// A recordset that answers one of its members otherwise than it should.
+// A recordset with one faulty member.
 class Misanswering : public AutomationObject {
  public:
   Misanswering(ObjectPtr recordset, std::u16string_view member, Value answer)
@@ -212,7 +212,7 @@ struct TypeCase {
   const char* name;
   std::vector<std::int32_t> types;  // ADO DataTypeEnum
   bool beside;                      // whether text blocks are used beside such a column
-  bool asked;                       // and for it
+  bool asked;                       // and whether text blocks are used for it
 };
 void PrintTo(const TypeCase& row, std::ostream* stream) { *stream << row.name; }
 

@@ -1,5 +1,4 @@
 // Tests of the helpers on UTF-16 text.
-// Numbers in text are tested in leading_number_test.cpp and is_numeric_test.cpp.
 #include "platform/text.h"
 
 #include <gtest/gtest.h>
@@ -55,7 +54,7 @@ TEST(EqualsIgnoringCase, TellsEverythingElseApart) {
   EXPECT_FALSE(EqualsIgnoringCase(u"a", u"ab"));
   EXPECT_FALSE(EqualsIgnoringCase(u"a", u"b"));
   EXPECT_FALSE(EqualsIgnoringCase(u"é", u"É"));
-  // The neighbours of the letters, which differ from one another in the case bit as well.
+  // The neighbours of the letters, which also differ in the case bit only.
   EXPECT_FALSE(EqualsIgnoringCase(u"@", u"`"));
   EXPECT_FALSE(EqualsIgnoringCase(u"[", u"{"));
 }

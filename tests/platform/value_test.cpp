@@ -1,5 +1,4 @@
 // Tests of the value type: kinds, access, references, equality.
-// Conversions between kinds are tested in convert_test.cpp and its neighbours.
 #include "platform/value.h"
 
 #include <gtest/gtest.h>

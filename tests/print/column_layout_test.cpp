@@ -94,7 +94,7 @@ INSTANTIATE_TEST_SUITE_P(
         NumberCase{"Model", u"M8", false}, NumberCase{"SignBehind", u"5-", false}),
     CaseName<NumberCase>);
 
-// For each column whether it holds numbers: 1 or 0.
+// For each column, whether it holds numbers: 1 or 0.
 std::string NumberColumns(const std::vector<std::u16string>& rows) {
   LedgerContent content = Content({1440, 1440, 1440});
   content.SetRowCount(static_cast<std::int32_t>(rows.size()));

@@ -1,6 +1,5 @@
 // Measures texts by rule, so that expected positions can be worked out by hand; and the commands
 // of a page as lines of text.
-// No device is behind it.
 #pragma once
 
 #include <cstddef>

@@ -41,7 +41,7 @@ INSTANTIATE_TEST_SUITE_P(
                 u"a\x7F"
                 u"b",
                 200, "a b"},
-        // Above the surrogates, and no half of a pair.
+        // A code unit above the surrogates.
         FitCase{"FullWidthSigns", u"（！）（！）", 159, "（！…"},
         // An emoji is two units: the cut would fall between them.
         FitCase{"SurrogatePair", u"a😀😀", 139, "a…"},

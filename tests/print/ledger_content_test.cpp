@@ -1,4 +1,4 @@
-// What the ledger keeps of what it is given.
+// The ledger's contents.
 #include "print/ledger_content.h"
 
 #include <gtest/gtest.h>

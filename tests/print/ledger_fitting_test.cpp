@@ -1,4 +1,4 @@
-// How columns, rows, paper and margins of a ledger's pages fit each other.
+// How columns, rows, paper and margins of a ledger's pages fit together.
 #include "tests/print/pages_fixture.h"
 #include "tests/support/call_log.h"
 #include "tests/support/case_name.h"

@@ -1,5 +1,4 @@
 // The pages of whole ledgers, as draw commands.
-// How columns, rows and paper fit each other is in ledger_fitting_test.
 #include "tests/print/pages_fixture.h"
 #include "tests/support/call_log.h"
 #include "tests/support/case_name.h"

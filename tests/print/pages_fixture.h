@@ -1,5 +1,4 @@
 // An item list's ledger whose pages are read as text.
-// Its paper, columns and rows are the tests'.
 #pragma once
 
 #include <gtest/gtest.h>

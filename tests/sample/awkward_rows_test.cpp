@@ -1,5 +1,4 @@
-// Each row that the sample company holds to be awkward, found by what makes it so. The
-// well-behaved rest is tested in sample_company_test.
+// Each row that the sample company includes on purpose as an edge case, found by what makes it one.
 #include <gtest/gtest.h>
 
 #include "tests/sample/test_company.h"

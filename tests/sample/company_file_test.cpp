@@ -1,5 +1,4 @@
-// A company file appears whole or not at all, and replaces nothing by surprise. Its rows are
-// tested in memory elsewhere.
+// A company file appears whole or not at all, and replaces no file unasked.
 #include "workbench/sample/company_file.h"
 
 #include <gtest/gtest.h>
@@ -107,7 +106,7 @@ TEST_F(CompanyFile, ForceLeavesNoOldLogToBeReplayedIntoTheNewFile) {
   const std::string path = folder_.PathOf("a.db");
   CreateCompanyFile(path, Plan(1));
   {
-    // A program that died: its write-ahead log lies beside the file.
+    // As after a crash: the write-ahead log lies beside the file.
     Database died(path, Database::Mode::ReadWrite);
     died.Execute("PRAGMA journal_mode=WAL");
     died.Execute("UPDATE t_user SET FName='旧日志' WHERE FUserID=1");
@@ -136,7 +135,7 @@ TEST_F(CompanyFile, AMissingFolderFailsAndLeavesNothing) {
 }
 
 #ifndef _WIN32
-// A full disk, as far as a process can bring one about by itself.
+// A full disk, simulated as far as a process can.
 class SmallDisk {
  public:
   explicit SmallDisk(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {

@@ -1,4 +1,4 @@
-// FNV-1a over kind, size and bytes of every value. Doubles count by their bits.
+// FNV-1a over kind, size and bytes of every value; doubles by their bits.
 #include "tests/sample/content_digest.h"
 
 #include <cstring>

@@ -1,5 +1,4 @@
-// A fingerprint of everything that a company's tables hold, row by row in stored order. It
-// covers no index and no layout of the file.
+// A hash of all rows of a company's tables, in stored order.
 #pragma once
 
 #include <sqlite3.h>

@@ -1,4 +1,4 @@
-// Fields, quotes and line numbers of CSV text. Columns and values are the importers' tests.
+// Fields, quotes and line numbers of CSV text.
 #include "workbench/sample/csv_reader.h"
 
 #include <gtest/gtest.h>

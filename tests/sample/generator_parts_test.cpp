@@ -1,5 +1,4 @@
-// The small parts of the generator: chance, decimals and templates. The companies made of them
-// are tested in their own files.
+// The small parts of the generator: randomness, decimals and templates.
 #include <gtest/gtest.h>
 
 #include <limits>

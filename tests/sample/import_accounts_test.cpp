@@ -1,5 +1,4 @@
-// Accounts from CSV: hierarchy, directions and what is said about each bad line. Encodings and
-// headers are tested with the items.
+// Accounts from CSV: hierarchy, directions and the message for each bad line.
 #include <gtest/gtest.h>
 
 #include "tests/sample/test_company.h"

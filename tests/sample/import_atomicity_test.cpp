@@ -1,5 +1,4 @@
-// All or nothing: whatever goes wrong in an import, every table is as it was. What counts as
-// wrong is tested with the items and accounts.
+// Imports are all or nothing: after any error every table is unchanged.
 #include <gtest/gtest.h>
 
 #include "tests/sample/content_digest.h"

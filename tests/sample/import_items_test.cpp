@@ -1,5 +1,4 @@
-// Items from CSV: what a good file adds and what is said about each bad line. The undoing of a
-// refused file is tested in import_atomicity_test.
+// Items from CSV: what a good file adds, and the message for each bad line.
 #include <gtest/gtest.h>
 
 #include "tests/sample/test_company.h"

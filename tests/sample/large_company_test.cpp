@@ -1,5 +1,4 @@
-// Companies of chosen sizes: every item in one class, sizes as asked. How long the largest one
-// takes is a benchmark's business.
+// Companies of chosen sizes: every item in one class, sizes as requested.
 #include "workbench/sample/large_company.h"
 
 #include <gtest/gtest.h>

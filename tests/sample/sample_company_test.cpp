@@ -1,5 +1,4 @@
-// What the sample company promises for every seed: size, shape and repeatability. Its
-// deliberate oddities are tested in awkward_rows_test.
+// What the sample company guarantees for every seed: size, shape and repeatability.
 #include "workbench/sample/sample_company.h"
 
 #include <gtest/gtest.h>
@@ -64,7 +63,7 @@ TEST_P(SampleCompanyOfSeed, TemplatesOfNamesAndModelsAreFilledIn) {
                  "SELECT FNumber,FName,FModel FROM t_ICItem WHERE FName='' OR FName IS NULL OR "
                  "FName GLOB '*[[{|}]*' OR FModel GLOB '*[[{|}]*' OR FName GLOB '*]*'"),
             std::vector<std::string>());
-  // Chinese names: none is made of ASCII alone.
+  // Chinese names: none is pure ASCII.
   EXPECT_EQ(Count(company_,
                   "SELECT count(*) FROM t_ICItem WHERE length(CAST(FName AS BLOB))"
                   "=length(FName)"),

@@ -1,4 +1,4 @@
-// What the owners of connection, statement and transaction promise. SQL dialects are not theirs.
+// The owners of connection, statement and transaction.
 #include "workbench/sample/sqlite_handle.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// The chart of accounts as a hierarchy. Which class uses which account is tested elsewhere.
+// The chart of accounts as a hierarchy.
 #include "workbench/sample/standard_accounts.h"
 
 #include <gtest/gtest.h>

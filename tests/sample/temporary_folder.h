@@ -1,5 +1,5 @@
-// An empty folder of the test's own, removed with everything in it. It has a Chinese name, so
-// that every path of a test has one.
+// An empty folder for one test, removed with its contents. Its name is Chinese, so that every path
+// in a test has Chinese characters.
 #pragma once
 
 #include <filesystem>

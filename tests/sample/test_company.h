@@ -1,5 +1,4 @@
-// Companies in memory for tests, and short ways to ask them. Files are made by the tests that
-// are about files.
+// Companies in memory for tests, and short ways to query them.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,4 @@
 // Sending a text to the company through the suite's connection object.
-// The object is scripted; no database is behind it.
 #include "store/connection.h"
 
 #include <gtest/gtest.h>

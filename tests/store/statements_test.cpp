@@ -1,5 +1,4 @@
 // The statement catalogue, text by text as the company's server receives it.
-// Whether a server understands the texts is shown by the integration tests.
 #include "store/statements.h"
 
 #include <gtest/gtest.h>

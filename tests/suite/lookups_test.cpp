@@ -1,5 +1,4 @@
-// The suite's lookups, answered from the queue as programs without a user do.
-// The pickers' windows are not here.
+// The suite's lookups, answered from a queue as in programs without a user.
 #include "workbench/suite/lookups.h"
 
 #include <gtest/gtest.h>
@@ -97,7 +96,7 @@ TEST_F(Lookups, QueuedEmptyTextIsACancelledLookup) {
   EXPECT_EQ("True", confirmed());
 }
 
-// Hands on what it is asked, and asks the company itself.
+// Forwards calls to the company, and queries the company itself.
 class AskingPickers : public Pickers {
  public:
   std::optional<std::u16string> PickAccount(Connection&, std::u16string_view text) override {

@@ -1,5 +1,4 @@
-// The in-memory recordset beyond the shared contract: filters, answers of queries, GetRows.
-// The contract itself is tests/support/recordset_contract.h.
+// The in-memory recordset beyond the shared contract: filters, query results, GetRows.
 #include "workbench/suite/recordset.h"
 
 #include <gtest/gtest.h>

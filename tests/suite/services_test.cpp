@@ -1,5 +1,4 @@
 // The suite's services by ProgID and member name, on a company of the test.
-// Recordsets are recordset_test.cpp, lookups lookups_test.cpp.
 #include "workbench/suite/services.h"
 
 #include <gtest/gtest.h>

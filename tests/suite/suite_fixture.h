@@ -1,5 +1,5 @@
 // A stand-in suite on a small company of its own, for tests that call its objects by name.
-// The company is made by the schema and filled with statements of the test.
+// The schema creates the company; the test's statements fill it.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -45,7 +45,7 @@ class SuiteFixture : public ::testing::Test {
 
   pricedown::ObjectPtr Create(std::u16string_view progId) { return factory_.Create(progId); }
 
-  // The first cell of a statement's answer.
+  // The first cell of a statement's result.
   pricedown::Value Query(std::u16string_view statement) {
     return Create(u"ZEPWorkbench.Settings")->Call(u"Query", {statement});
   }

@@ -1,5 +1,4 @@
 // The log's text forms.
-// Comparison is left to GoogleTest, which shows texts of several lines as a difference.
 #include "tests/support/call_log.h"
 
 #include <algorithm>

@@ -1,5 +1,4 @@
-// One log of everything that the code under test did to its surroundings, in call order.
-// It only keeps lines; what a line says is decided by the fakes that write it.
+// One log of all calls that the code under test makes, in call order.
 #pragma once
 
 #include <cstddef>
@@ -30,7 +29,7 @@ class CallLog {
   std::shared_ptr<std::vector<std::string>> lines_ = std::make_shared<std::vector<std::string>>();
 };
 
-// The lines of a raw string as a log's Text() has them: the line break behind the opening
+// The lines of a raw string as a log's Text() has them: the line break after the opening
 // delimiter, the last line's blanks and the indentation that all lines share are left out.
 //   EXPECT_EQ(log.Text(), Lines(R"(
 //       create ZEPEBSBase.SystemProfile

@@ -1,5 +1,4 @@
 // A cell block over values in memory.
-// For tests only: the library reads the blocks of others.
 #pragma once
 
 #include <utility>

@@ -1,5 +1,5 @@
 // The rows and their cursor.
-// Changes are kept at once; only an added row can be cancelled.
+// Changes apply at once; only an added row can be cancelled.
 #include "tests/support/record_table.h"
 
 #include <algorithm>
@@ -240,7 +240,7 @@ void RecordTable::CommitRow() {
 void RecordTable::CancelRow() {
   RequireOpen();
   if (!previous_) return;
-  // The added row is the current one and the last of all: moving would have committed it.
+  // The added row is the current and the last one: moving would have committed it.
   rows_.pop_back();
   visible_.pop_back();
   position_ = *std::exchange(previous_, std::nullopt);

@@ -1,5 +1,4 @@
 // The rows behind a scripted recordset: columns, values, a position, a filter.
-// It knows nothing of member names; scripted_recordset.h makes it an automation object.
 #pragma once
 
 #include <cstddef>
@@ -38,9 +37,9 @@ class RecordTable {
   void MoveFirst();
   void MoveLast();
   void MoveNext();
-  // The current row's place among the visible ones, from 1; -1 without rows, -3 behind the last.
+  // The current row's place among the visible ones, from 1; -1 without rows, -3 after the last.
   std::int32_t Place() const;
-  // Behind the last row for a greater number. Fails with InvalidArgument below 1.
+  // After the last row for a greater number. Fails with InvalidArgument below 1.
   void MoveTo(std::int32_t place);
 
   const Value& ValueAt(std::size_t column) const;
@@ -69,7 +68,7 @@ class RecordTable {
   std::vector<std::size_t> visible_;     // the rows that pass the filter, by index
   std::size_t position_ = 0;             // in visible_
   std::optional<std::size_t> previous_;  // the position before a row that is not yet committed
-  bool currentDeleted_ = false;          // the position is that of the row behind the deleted one
+  bool currentDeleted_ = false;          // the position is that of the row after the deleted one
 };
 
 }  // namespace pricedown::testing

@@ -1,5 +1,4 @@
 // The count of calls and the one failure switch.
-// Scripted failures of single members are replies, see recording_factory.h.
 #include "tests/support/recorder.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,4 @@
 // What all recording fakes of one test share: log, count of calls, failure switch, live objects.
-// It replies nothing itself; the fakes ask it before they reply.
 #pragma once
 
 #include <cstdint>
@@ -19,10 +18,10 @@ class Recorder {
  public:
   explicit Recorder(CallLog log) : log_(std::move(log)) {}
 
-  // Counts one call and logs its line. Throws AutomationError (kInjectedFailure) when it is the
-  // turn of this call to fail; the line then ends with " fails".
+  // Counts one call and logs its line. If this call must fail, throws AutomationError
+  // (kInjectedFailure) and the line ends with " fails".
   void Call(const std::string& line, std::u16string_view source);
-  // The same, but logged only when it fails or when quiet calls are to be logged.
+  // The same, but logged only if it fails or if quiet calls are logged.
   void QuietCall(const std::string& line, std::u16string_view source);
   void LogQuietCalls() { logsQuietCalls_ = true; }
   void Add(std::string line) { log_.Add(std::move(line)); }
@@ -47,9 +46,9 @@ class Recorder {
 
 using RecorderPtr = std::shared_ptr<Recorder>;
 
-// Runs `scenario` undisturbed once (with 0), and then once for each of its calls with the number
-// of the call that is to fail. The scenario makes its own factory, hands the number to FailCall,
-// checks what must hold, and answers the factory's CallCount.
+// Runs `scenario` once without a failure (with 0), and then once for each of its calls with the
+// number of the call that must fail. The scenario makes its own factory, passes the number to
+// FailCall, checks what must hold, and returns the factory's CallCount.
 void FailEachCallInTurn(const std::function<int(int failingCall)>& scenario);
 
 }  // namespace pricedown::testing

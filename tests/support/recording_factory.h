@@ -1,5 +1,5 @@
 // Objects made by ProgID that log every call and answer from a script.
-// They hold no behaviour: what is not scripted fails the test.
+// A call that is not scripted fails the test.
 #pragma once
 
 #include <cstddef>
@@ -49,13 +49,13 @@ class Reply {
 // default member. Replies to the same call are given in turn, the last one from then on.
 class ObjectScript {
  public:
-  // To a call with any arguments.
+  // For a call with any arguments.
   ObjectScript& On(std::u16string_view member, Reply reply);
-  // To a call whose arguments are logged as `arguments`; goes before the former.
+  // For a call whose arguments are logged as `arguments`; takes precedence over the former.
   ObjectScript& On(std::u16string_view member, std::string arguments, Reply reply);
   // Accepts puts, of any value.
   ObjectScript& AllowPut(std::u16string_view member);
-  // The object says that it has no such member, which is no failure of the test.
+  // The object reports that it has no such member; the test does not fail.
   ObjectScript& Lacks(std::u16string_view member);
 
  private:
@@ -86,14 +86,14 @@ class RecordingFactory : public ObjectFactory {
   ObjectScript& Object(std::u16string_view name);
   // Objects of a ProgID that are made by `maker` and log for themselves.
   void Makes(std::u16string_view progId, std::function<ObjectPtr(const RecorderPtr&)> maker);
-  // Creating this ProgID fails as if it were not registered, which is no failure of the test.
+  // Creating this ProgID fails as if it were not registered; the test does not fail.
   void Refuses(std::u16string_view progId);
 
   // Logs "create ProgID".
   ObjectPtr Create(std::u16string_view progId) override;
   // An object of the script `name` that was not created by ProgID. Only its use is logged.
   ObjectPtr NewObject(std::u16string_view name);
-  // The reply that answers such an object, a new one for each call.
+  // A reply that returns such an object, a new one for each call.
   Reply Answering(std::u16string_view name);
 
   // See Recorder. Calls are creations and uses of members, those of recordsets included.

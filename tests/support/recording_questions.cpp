@@ -1,5 +1,4 @@
 // The log lines of messages and questions.
-// No window is shown.
 #include "tests/support/recording_questions.h"
 
 #include <gtest/gtest.h>

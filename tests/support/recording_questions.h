@@ -1,4 +1,4 @@
-// The user's part in a test: logs what is shown and gives scripted answers.
+// A recording user: logs messages and gives scripted answers.
 // A question without a scripted answer fails the test and counts as No.
 #pragma once
 
@@ -20,8 +20,7 @@ class RecordingQuestions : public UserQuestions {
   void WillAnswer(std::initializer_list<bool> answers);
   // Drops the answers that no question has taken.
   void ForgetAnswers() { answers_.clear(); }
-  // What happens while a question waits for its answer, or a message for its end; empty for
-  // nothing.
+  // Runs while a question or message is open; may be empty.
   std::function<void()> whileAsked;
   std::function<void()> whileTold;
 

@@ -1,5 +1,4 @@
 // What the contract's tests share: the source, the fixture and its rows.
-// The tests are in recordset_contract_rows.cpp and recordset_contract_reading.cpp.
 #include "tests/support/recordset_contract.h"
 
 #include <ostream>
@@ -10,7 +9,7 @@
 
 namespace pricedown::testing {
 
-// Named here so that the linker takes the files of tests out of the library.
+// Named here so that the linker pulls the files of tests out of the library.
 void LinkContractOfRows();
 void LinkContractOfReading();
 

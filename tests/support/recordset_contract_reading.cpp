@@ -1,5 +1,4 @@
 // The contract of recordsets: filters and blocks of rows.
-// Fields, rows and positions are in recordset_contract_rows.cpp.
 #include <gmock/gmock.h>
 
 #include "platform/cell_block.h"

@@ -1,5 +1,4 @@
 // The contract of recordsets: fields, rows, positions, changes.
-// Filters and blocks of rows are in recordset_contract_reading.cpp.
 #include <gmock/gmock.h>
 
 #include "platform/convert.h"

@@ -1,5 +1,4 @@
 // The scripted recordset as an automation object: member tables over a record table.
-// Which members it has is what the library uses, and no more.
 #include "tests/support/scripted_recordset.h"
 
 #include <array>
@@ -231,7 +230,7 @@ std::span<const Member<ScriptedFields>> ScriptedFields::Members() {
   return kMembers;
 }
 
-// A method without arguments and answer.
+// A method without arguments and result.
 template <void (RecordTable::*action)()>
 Value Do(ScriptedRecordset& recordset, Access, std::span<Value>) {
   (recordset.Table().*action)();

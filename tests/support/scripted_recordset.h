@@ -1,6 +1,6 @@
-// A recordset of rows that a test writes down, as the suite's connection answers them, and the
-// client-side one that is made by ProgID.
-// It is no database: filters compare one column, changes are kept at once.
+// A recordset with rows given by the test, as the suite's connection returns them, and the
+// client-side one that is created by ProgID.
+// Filters compare one column; changes apply at once.
 #pragma once
 
 #include <string>
@@ -12,7 +12,7 @@
 
 namespace pricedown::testing {
 
-// What a query answers. A column of type 0 gets the type of its first value.
+// A query's result. A column of type 0 gets the type of its first value.
 struct ScriptedRows {
   std::vector<FieldDefinition> columns;
   std::vector<std::vector<Value>> rows;

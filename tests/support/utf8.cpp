@@ -1,5 +1,4 @@
 // How texts and values are shown.
-// The kinds are told apart because the called side tells them apart.
 #include "tests/support/utf8.h"
 
 #include <array>

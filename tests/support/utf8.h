@@ -1,5 +1,5 @@
 // Texts and values in UTF-8, so that expectations and failures can be read.
-// Nothing here is a conversion of the library: values are shown as they are, kind included.
+// Values are shown unconverted, with their kind.
 #pragma once
 
 #include <initializer_list>
