@@ -215,7 +215,8 @@ TEST_F(ClassEditing, FailsOnRowsWithoutAClass) {
 
 TEST_F(ClassEditing, ReportsWhateverFailsWhileANewClassIsPrepared) {
   const auto [thrown, shown] = FailEachCall([&] { commands_.Add(); });
-  // Once without a failure, and twice because an unreadable language falls back to the built-in one.
+  // Once without a failure, and twice because an unreadable language falls back to the built-in
+  // one.
   EXPECT_EQ(shown, 3);
   EXPECT_GT(thrown, 60);
 }

@@ -1,5 +1,4 @@
 // COM and OLE for all tests of the program: one single-threaded apartment.
-// Nothing else is set up for all of them.
 #include <gtest/gtest.h>
 #include <ole2.h>
 

@@ -1,5 +1,4 @@
 // A hook that sees each dialog being activated.
-// Which messages there should be is said in the tests.
 #include "tests/windows/dialog_closer.h"
 
 namespace pricedown::testing {

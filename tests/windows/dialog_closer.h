@@ -1,5 +1,4 @@
 // Answers message boxes of the test's thread with OK as soon as they appear.
-// Without it a test would wait for a user.
 #pragma once
 
 #include <windows.h>

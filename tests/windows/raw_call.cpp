@@ -1,5 +1,4 @@
-// The sending of raw calls and the reading of what came back.
-// It uses the conversions of the library only to show results.
+// Sends raw calls and reads what comes back.
 #include "tests/windows/raw_call.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
-// A late-bound client without any wrapper: what it sends is written down by the test, and all
-// that comes back is shown in one line.
+// A plain late-bound client: the test gives the exact arguments, and everything that comes back is
+// shown in one line.
 #pragma once
 
 #include <oaidl.h>
@@ -20,9 +20,9 @@ struct RawCall {
   bool wantsResult = true;
 };
 
-// "S_OK Empty" or "S_OK 12"; without a wanted result "S_OK"; "80020005 argument 1"; for an
+// "S_OK Empty" or "S_OK 12"; without a requested result "S_OK"; "80020005 argument 1"; for an
 // exception record "exception 80004005 source: description". The thread's error info is
-// "info: ..." behind it when there is one.
+// "info: ..." after it if there is one.
 std::string Send(IDispatch* object, DISPID id, const RawCall& call);
 std::string SendTo(IDispatch* object, const wchar_t* name, const RawCall& call);
 
@@ -31,11 +31,11 @@ std::string Statement(IDispatch* object, const wchar_t* name, std::vector<VARIAN
 std::string Expression(IDispatch* object, const wchar_t* name, std::vector<VARIANT> arguments = {});
 std::string Assignment(IDispatch* object, const wchar_t* name, VARIANT value);
 
-// "80020006" for a name that there is none of, else the number in decimal.
+// "80020006" for an unknown name, else the number in decimal.
 std::string IdOf(IDispatch* object, const wchar_t* name);
 
 std::string Hexadecimal(HRESULT code);
-// The thread's error info as "source: description"; takes it. "" when there is none.
+// Takes the thread's error info and returns it as "source: description"; "" if there is none.
 std::string TakeErrorInfo();
 
 // Variants that own nothing.

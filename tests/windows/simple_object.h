@@ -1,5 +1,5 @@
 // The smallest local object with members of every kind, for tests of calls in both directions.
-// It keeps what it was given and answers that.
+// It returns the values it was given.
 #pragma once
 
 #include <array>
@@ -10,7 +10,7 @@
 namespace pricedown::testing {
 
 // Members: Value (get, put, default), Item(index) (get, put), Swap(x) (writes "out" to x and
-// answers what x was), Join(a, [b]) (answers both as a list), Fail (throws), Self.
+// returns the old x), Join(a, [b]) (returns both as a list), Fail (throws), Self.
 class SimpleObject : public LocalObject<SimpleObject> {
  public:
   static std::span<const Member<SimpleObject>> Members() {

@@ -1,5 +1,4 @@
-// The way from FakeSuite.dll to the test's factory, through COM like everything else.
-// The class objects themselves are in fake_suite/.
+// Connects FakeSuite.dll to the test's factory through COM.
 #include "tests/windows/suite_scope.h"
 
 #include <array>

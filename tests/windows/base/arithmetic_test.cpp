@@ -1,4 +1,4 @@
-// The parts of the windows that need no window: geometry and numbers.
+// Geometry and numbers of the windows, without a window.
 #include <gtest/gtest.h>
 
 #include <optional>

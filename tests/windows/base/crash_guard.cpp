@@ -1,5 +1,5 @@
 // Ends the test program at the first crash: Windows and Wine may swallow an access violation that
-// happens inside a window procedure, and the test would go on as if nothing had happened.
+// happens inside a window procedure, and the test would continue silently.
 #include <windows.h>
 #include <gtest/gtest.h>
 

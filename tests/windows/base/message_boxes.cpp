@@ -1,5 +1,4 @@
-// A timer looks for boxes, because a box runs a message loop of its own.
-// The one instance is found by its thread.
+// A timer looks for boxes, because a box runs its own message loop.
 #include "tests/windows/base/message_boxes.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
-// Answers message boxes while a test waits in them, and keeps what they said.
-// Exactly the boxes of this thread are answered; a box without an answer gets its default one.
+// Answers message boxes while a test waits in them, and records their texts. Only boxes of this
+// thread are answered; a box without an answer gets its default button.
 #pragma once
 
 #include <windows.h>

@@ -1,5 +1,4 @@
 // Copies what a window shows into memory, and writes bitmap files.
-// The files are for people; ImageMagick and every viewer read them.
 #include "tests/windows/base/picture.h"
 
 #include <cstdlib>

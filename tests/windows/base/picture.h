@@ -1,5 +1,4 @@
 // Pictures of windows, for people and for tests that look at pixels.
-// A picture is what the window shows now; nothing is compared here.
 #pragma once
 
 #include <windows.h>

@@ -1,4 +1,4 @@
-// The tool strip, and what becomes of commands that its buttons start.
+// The tool strip and the commands that its buttons start.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -30,7 +30,7 @@ int HotButton(const UiWorld& world) {
   return static_cast<int>(SendMessageW(world.Strip(), TB_GETHOTITEM, 0, 0));
 }
 
-// The rights check that a button asks for, refused so that nothing else happens.
+// The rights check of a button, refused so that nothing else happens.
 std::size_t Checks(const UiWorld& world, const std::string& mask) {
   return world.suite.log.Count("ZEPEBCGLView.GLData.AccessCheck(1002, 35, " + mask + ")");
 }
@@ -112,7 +112,7 @@ TEST(ToolStripWindow, TellsTheTooltipOfAButton) {
   SendMessageW(world.window->Handle(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&info));
   ASSERT_NE(info.lpszText, nullptr);
   EXPECT_STREQ(info.lpszText, L"退出系统");
-  // With the key that does the same in tree and grid.
+  // With the shortcut of the same command in tree and grid.
   const std::array<const wchar_t*, 5> tips{L"新增 (Ins)", L"修改 (F2)", L"删除 (Del)",
                                            L"打印 (Ctrl+P)", L"预览"};
   for (std::size_t i = 0; i < tips.size(); ++i) {
@@ -142,13 +142,13 @@ void CloseByExit(bool byKeyboard) {
   const std::weak_ptr<UiWorld> watch = owned;
   UiWorld& world = *owned;
   world.Start();
-  // What a control's owner does: it and its windows live as long as someone holds them.
+  // As the control's owner does: control and windows live as long as they are referenced.
   world.window->HoldDuringEvents([watch] { return watch.lock(); });
   const HWND strip = world.Strip();
   const POINT button = world.ButtonPoint(kExit);
   world.suite.container.onClose = [&owned] {
     DestroyWindow(owned->host.Handle());
-    // The last reference that is not the event's own.
+    // The last reference except the event's own.
     owned.reset();
   };
   if (byKeyboard) {

@@ -1,4 +1,4 @@
-// The commands of tree and grid by key, and what the host leaves to them.
+// The commands of tree and grid by key, and the keys that the host leaves to them.
 #include <array>
 
 #include "tests/support/utf8.h"
@@ -152,7 +152,7 @@ TEST_F(UserCommands, TheGridTypesOnTheKeysOfADisabledEdit) {
 }
 
 TEST_F(UserCommands, TheHostLeavesTheKeysOfTypingToAnOpenCell) {
-  // With all rights, because without a data scope no cell is open.
+  // With all rights, because without a data scope no cell is unlocked.
   world_.Start();
   world_.Click(world_.Tree(), world_.NodePoint(2));
   SetFocus(world_.Grid());

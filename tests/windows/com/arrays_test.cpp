@@ -1,5 +1,4 @@
 // Tests of arrays between values and variants: lists, and blocks that are read in place.
-// Simple variants are tested in from_variant_test.cpp.
 #include <gtest/gtest.h>
 
 #include "platform/cell_block.h"

@@ -1,5 +1,4 @@
-// Tests of the boundary that no exception crosses.
-// What the failures of members look like to clients is tested with the dispatchers.
+// Tests of AtBoundary, which no exception crosses.
 #include "windows/com/boundary.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,4 @@
-// Tests of writing a callee's answer through a by-reference variant.
-// Which arguments are written back at all is tested in dispatch_object_test.cpp.
+// Tests of writing a callee's result through a by-reference variant.
 #include "windows/com/by_reference.h"
 
 #include <gtest/gtest.h>

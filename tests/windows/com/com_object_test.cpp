@@ -1,5 +1,4 @@
-// Tests of calls to late-bound objects of others.
-// Objects of our own that come back are tested in dispatch_object_test.cpp.
+// Tests of calls to foreign late-bound objects.
 #include "windows/com/com_object.h"
 
 #include <dispex.h>
@@ -124,7 +123,7 @@ TEST(CallingAnObject, TakesTheErrorNumberOfABasicServer) {
   EXPECT_EQ(FailureOf([&] { called.object.Call(u"Member"); }), "800A005B object not set");
 }
 
-// No lambda: its calling convention is another one on x86.
+// Not a lambda: its calling convention differs on x86.
 HRESULT CALLBACK FillInLater(EXCEPINFO* deferred) {
   deferred->scode = E_ACCESSDENIED;
   deferred->bstrDescription = Bstr(u"later").release();
@@ -175,7 +174,7 @@ TEST(CallingAnObject, SurvivesItsOwnReleaseDuringTheCall) {
   EXPECT_EQ(called.Invoke(7, Access::Call, {}), Value(3));
 }
 
-// Objects of script languages answer names and calls through IDispatchEx alone.
+// Objects of script languages answer names and calls through IDispatchEx only.
 class ScriptObject final : public ComClass<IDispatchEx> {
  public:
   std::string log;

@@ -1,5 +1,4 @@
-// Tests of our own objects called through IDispatch, by a client without any wrapper.
-// Objects of others are tested in com_object_test.cpp.
+// Tests of our own objects called through IDispatch, by a plain client.
 #include "windows/com/dispatch_object.h"
 
 #include <gtest/gtest.h>

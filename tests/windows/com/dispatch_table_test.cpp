@@ -1,5 +1,4 @@
 // Tests of member tables behind IDispatch::Invoke.
-// The control's own table is tested against the type library in server/type_library_test.cpp.
 #include "windows/com/dispatch_table.h"
 
 #include <gtest/gtest.h>
@@ -177,7 +176,7 @@ TEST_F(CallingATable, OneNameIsAnOperationAsAStatementAndAPropertyInAnExpression
   EXPECT_EQ(object->target.log, "operation");
 }
 
-// Some script engines ask every statement for a result, and others allow reading in each.
+// Some script engines request a result for every statement; others allow property reads in each.
 TEST_F(CallingATable, OneNameIsAnOperationForEveryStatement) {
   EXPECT_EQ(Send(object.get(), 3, {.flags = DISPATCH_METHOD}), "S_OK Empty");
   EXPECT_EQ(Send(object.get(), 3,

@@ -1,5 +1,4 @@
-// Tests of variants that become values.
-// Arrays are tested in arrays_test.cpp.
+// Tests of converting variants to values.
 #include <gtest/gtest.h>
 
 #include "tests/support/case_name.h"

@@ -1,5 +1,4 @@
 // The stub's logging.
-// Its behaviour is each test's own.
 #include "tests/windows/com/stub_dispatch.h"
 
 #include "tests/support/utf8.h"

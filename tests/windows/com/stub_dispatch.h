@@ -1,5 +1,5 @@
-// An IDispatch of others for tests of calls out: logs what arrives and does what the test says.
-// It has the one name "Member" with number 7.
+// A foreign IDispatch for tests of outgoing calls: logs each call and does what the test says. Its
+// only name is "Member", with number 7.
 #pragma once
 
 #include <functional>

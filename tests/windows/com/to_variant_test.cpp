@@ -1,5 +1,4 @@
-// Tests of values that become variants.
-// What a callee writes back is tested in by_reference_test.cpp.
+// Tests of converting values to variants.
 #include <gtest/gtest.h>
 
 #include "tests/support/case_name.h"
@@ -60,7 +59,7 @@ TEST(VariantOfReference, HasTheContentOfItsTarget) {
 }
 
 TEST(BstrOfText, ThatDoesNotFitIsOutOfMemory) {
-  // A view that is never read: the length alone is refused.
+  // The view is never read: its length is refused.
   const char16_t one = u'x';
   const std::u16string_view huge(&one, 0x7FFFFFFF);
   EXPECT_THROW(windows::Bstr{huge}, std::bad_alloc);

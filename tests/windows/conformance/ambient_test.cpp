@@ -1,5 +1,5 @@
 // Tests of ambient properties: missing, of unexpected types, changed, and of what a control in
-// design mode must not do. The usual way from design to run mode is in server/hosting_test.cpp.
+// design mode must not do.
 #include <gtest/gtest.h>
 #include <olectl.h>
 
@@ -64,7 +64,7 @@ TEST(AmbientProperties, OfLooksAndLanguageAreNotTheControls) {
   const LRESULT font = TreeFont(host);
   host.world.log.Clear();
   const auto control = host.As<IOleControl>();
-  // The site fails the test when it is asked for any of them.
+  // The site fails the test if any of them is requested.
   for (const DISPID property : kOtherProperties) {
     EXPECT_EQ(control->OnAmbientPropertyChange(property), S_OK) << property;
   }

@@ -1,6 +1,5 @@
-// Tests of calls that are wrong in every systematic way, on both classes: count, kind, number, type
-// and omission of arguments, and the error information of failures on both interfaces. Right calls
-// are tested in server/members_test.cpp, random ones in random_calls_test.cpp.
+// Tests of invalid calls, systematically, on both classes: count, kind, number, type and omission
+// of arguments, and the error information of failures on both interfaces.
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -45,7 +44,7 @@ class WrongCalls : public ::testing::Test {
     host.Open();
     host.world.log.Clear();
   }
-  // None of them has reached anything.
+  // None of them has had an effect.
   ~WrongCalls() override { EXPECT_EQ(host.world.log.Text(), ""); }
 
   IDispatch* Control() const { return host.control.get(); }
@@ -176,7 +175,7 @@ TEST(CallsByReference, AreReadInEveryTypeAndLeftAsTheyAre) {
   EXPECT_EQ(use, 7);
 }
 
-// A failing member says the same on both interfaces.
+// A failing member reports the same error on both interfaces.
 class FailuresOfMembers : public ::testing::Test {
  protected:
   FailuresOfMembers() {

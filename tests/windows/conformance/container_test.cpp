@@ -1,5 +1,5 @@
-// Tests of containers that change their mind: activation again and again, another container, no
-// container, refusals in the middle. Each step by itself is tested in server/hosting_test.cpp.
+// Tests of unusual containers: repeated activation, another container, no container, refusals
+// midway.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -42,7 +42,7 @@ TEST(RoundTrips, OfActivationAreAllAlike) {
     ASSERT_NE(IsWindowVisible(host.Window()), FALSE);
     ASSERT_EQ(object->InPlaceDeactivate(), S_OK);
     ASSERT_EQ(host.Window(), nullptr);
-    // Nothing is asked of the suite.
+    // No call to the suite.
     ASSERT_EQ(host.world.log.Text(), Lines(R"(
         site OnInPlaceActivate
         site ShowObject
@@ -104,7 +104,7 @@ TEST(AnotherContainer, MayTakeTheShownControlAwayFromTheFirst) {
   host.world.log.Clear();
   const auto object = host.As<IOleObject>();
   EXPECT_EQ(object->SetClientSite(site.get()), S_OK);
-  // It goes on with what it has: no second creation.
+  // It continues with its existing state: no second creation.
   EXPECT_EQ(host.world.log.Text(), Lines(R"(
       site OnFocus lost
       site SetActiveObject none
@@ -195,7 +195,7 @@ TEST(TheWayBack, CannotBeRefused) {
   }
 }
 
-// A second control beside the first one in the same frame, with a site of its own.
+// A second control beside the first one in the same frame, with its own site.
 class NeighbouringControls : public ::testing::Test {
  protected:
   NeighbouringControls() {

@@ -1,5 +1,5 @@
-// Tests of what a document does with a control that is not active: sizes, pictures in metafiles
-// that are played back, damaged files. The usual ways are in server/ persistence and view tests.
+// Tests of what a document does with an inactive control: sizes, pictures in metafiles that are
+// played back, damaged files.
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -27,7 +27,7 @@ void ExpectItFills(const MemoryPicture& picture) {
   EXPECT_GT(picture.Drawn(kPlace), kPixelsOfPlace * 9 / 10);
 }
 
-// So many pixels of the screen, in 0.01 mm.
+// Pixels of the screen in 0.01 mm.
 RECT FrameOf(LONG width, LONG height) {
   const HDC screen = GetDC(nullptr);
   const RECT frame{

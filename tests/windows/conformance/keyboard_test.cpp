@@ -1,5 +1,5 @@
 // Tests of keys and mnemonics between a container and its control: Tab in, through and out, and the
-// keys that are the host's. Which keys tree and grid need is tested with the windows.
+// keys that belong to the host.
 #include <gtest/gtest.h>
 #include <olectl.h>
 
@@ -14,7 +14,7 @@ namespace {
 
 namespace ids = windows::control_ids;
 
-// Keys of the thread's keyboard held down while it lives.
+// Holds keys of the thread's keyboard down while it lives.
 class HeldKeys {
  public:
   explicit HeldKeys(std::initializer_list<int> keys) {
@@ -68,7 +68,7 @@ TEST_F(KeysOfTheContainer, TabComesInAtTheStartAndLeavesAtTheEnd) {
   }
   EXPECT_EQ(stops.size(), 3U);
   EXPECT_EQ(stops.back(), Child(ids::kToolStrip));
-  // Only the last one was offered to the container, which moves on.
+  // Only the last one was offered to the container, which moves the focus on.
   EXPECT_EQ(host.world.log.Text(), "site TranslateAccelerator 9 modifiers 0\n");
 }
 
@@ -166,7 +166,7 @@ TEST_F(KeysOfTheContainer, AreOfferedNoMnemonics) {
   EXPECT_EQ(control->GetControlInfo(nullptr), E_POINTER);
   info.cb = 4;
   EXPECT_EQ(control->GetControlInfo(&info), E_POINTER);
-  // A container that calls all the same changes nothing.
+  // A container that calls anyway changes nothing.
   const HWND focus = GetFocus();
   host.world.log.Clear();
   MSG mnemonic = Key(WM_SYSCHAR, 'a');

@@ -1,5 +1,5 @@
-// Controls made and ended thousands of times: what the process holds afterwards is what it held
-// before. The first rounds are not counted; in them the system fills its own caches.
+// Controls created and ended thousands of times: the process's resources do not grow. The first
+// rounds are not counted, because the system fills its caches in them.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -21,14 +21,14 @@ using windows::ComPtr;
 // Less than the smallest block of memory in every life.
 constexpr long kBytesPerLife = 4;
 
-// The usual number of lives, or this part of what scripts/lives asks for.
+// The usual number of lives, or this share of the number that scripts/lives requests.
 int Lives(int usual, int part) {
   const char* const asked = std::getenv("PRICEDOWN_LIVES");
   return asked == nullptr ? usual : std::max(usual, std::atoi(asked) / part);
 }
 
-// What the system itself loses with each label that had a font: nothing in Windows, one small
-// block in Wine.
+// What the system itself leaks with each label that had a font: nothing on Windows, one small block
+// on Wine.
 long BytesLostByALabel() {
   constexpr int kLabels = 100;
   // The library's version of the common controls.
@@ -160,7 +160,7 @@ TEST_F(ManyLives, OfAnObjectThatIsOnlyAskedLeaveNothing) {
   });
 }
 
-// The counts would notice one object of each kind.
+// The counts notice a single leaked object of each kind.
 TEST(ProcessResources, SeeOneOfEachKind) {
   const ProcessResources before = ResourcesNow();
   const HANDLE event = CreateEventW(nullptr, TRUE, FALSE, nullptr);

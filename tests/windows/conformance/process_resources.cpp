@@ -1,5 +1,4 @@
-// Counts by the system's own functions, and by its tables where these answer nothing, as in Wine.
-// What may grow, and how much, is the tests'.
+// Counts by the system's functions, or by its tables where these return nothing, as in Wine.
 #include "tests/windows/conformance/process_resources.h"
 
 #include <windows.h>
@@ -64,7 +63,7 @@ long HandlesInTable() {
     code = read();
   }
   if (code < 0) throw std::runtime_error("no table of handles");
-  // The number of entries comes first, in the place of a pointer.
+  // The number of entries comes first, in a pointer-sized field.
   const ULONG count = table.front().process;
   const auto* entry = reinterpret_cast<const KernelHandle*>(
       reinterpret_cast<const std::byte*>(table.data()) + sizeof(void*));
@@ -124,7 +123,7 @@ long BytesInUse() {
 }  // namespace
 
 ProcessResources ResourcesNow() {
-  // Freed texts would be kept for the next ones.
+  // Otherwise freed strings would stay cached.
   static const auto keepNoTexts = FunctionOf<void(WINAPI*)()>(L"oleaut32.dll", "SetOaNoCache");
   keepNoTexts();
   MSG message{};

@@ -1,5 +1,4 @@
-// What this process holds of the system, counted, so that a test can say that nothing grows. It
-// frees nothing.
+// Counts the system resources of this process, so that a test can check for leaks.
 #pragma once
 
 #include <cstddef>
@@ -13,7 +12,7 @@ struct ProcessResources {
   long memory = 0;       // bytes in use on all heaps of the process
 };
 
-// Runs pending messages first. Throws std::runtime_error where the system does not tell.
+// Runs pending messages first. Throws std::runtime_error if the system does not report a count.
 ProcessResources ResourcesNow();
 
 }  // namespace pricedown::testing

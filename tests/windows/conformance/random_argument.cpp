@@ -1,6 +1,5 @@
-// The making of arguments: half of them as they are, the others by reference or nonsense.
-// Everything that a caller may legally send, and what it may not but can without being at fault for
-// the callee's memory.
+// Makes arguments: half of them plain, the others by reference or nonsense. Everything that a
+// caller may legally send, and invalid arguments that do not endanger the callee's memory.
 #include "tests/windows/conformance/random_argument.h"
 
 #include <array>
@@ -188,7 +187,7 @@ void RandomArgument::ByReference(std::mt19937& random) {
   }
 }
 
-// Types that no argument may have, over an empty content.
+// Types that no argument may have, with an empty content.
 void RandomArgument::Nonsense(std::mt19937& random) {
   static constexpr std::array<VARTYPE, 12> kNoTypes{
       VT_VARIANT, VT_RECORD,   VT_VOID, VT_HRESULT, VT_SAFEARRAY,      VT_USERDEFINED,

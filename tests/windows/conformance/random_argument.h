@@ -1,5 +1,4 @@
-// One argument of any type that a VARIANT can say, by value or by reference, made from random bits.
-// Which member gets it is the test's.
+// One random argument of any type that a VARIANT can hold, by value or by reference.
 #pragma once
 
 #include <oaidl.h>

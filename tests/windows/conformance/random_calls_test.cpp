@@ -1,6 +1,6 @@
-// Thousands of random calls of every member with arguments of every type: none may crash, answer
-// anything but the codes of IDispatch, or leave something behind. Members without arguments that
-// wait for a user are called with arguments only.
+// Thousands of random calls of every member with arguments of every type: none may crash, return
+// anything but the codes of IDispatch, or leak. Members without parameters that wait for a user are
+// called with arguments only.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -27,11 +27,11 @@ using windows::Variant;
 
 constexpr std::mt19937::result_type kSeed = 20080301;
 constexpr int kCalls = 6000;
-// What the lists of fakes and the system's own caches may keep from thousands of calls; a text of
-// two characters left behind by one call in ten would be more.
+// What the fakes' lists and the system's caches may retain of thousands of calls; one leaked text
+// of two characters in ten calls would exceed it.
 constexpr long kTolerance = 16 * 1024;
 
-// Has every member; answers names of tools that ask no user, numbers and nothing.
+// Has every member; returns names of tools that wait for no user, numbers or nothing.
 class AnyObject : public AutomationObject {
  public:
   MemberId Find(std::u16string_view) override { return 1; }
@@ -57,7 +57,7 @@ bool IsAllowed(HRESULT code) {
       DISP_E_TYPEMISMATCH,
       DISP_E_OVERFLOW,
       DISP_E_BADVARTYPE,
-      static_cast<HRESULT>(0x800A005B)};  // an object that is nothing
+      static_cast<HRESULT>(0x800A005B)};  // Nothing instead of an object
   return std::find(kAllowed.begin(), kAllowed.end(), code) != kAllowed.end();
 }
 
@@ -66,7 +66,7 @@ class RandomCalls : public ::testing::Test {
   RandomCalls() { host.Open(); }
   ~RandomCalls() override { EXPECT_EQ(closer.Closed(), 0); }
 
-  // Answers how many of the calls reached a member and came back without a failure.
+  // Returns how many of the calls reached a member and succeeded.
   int CallDispatch(int calls, std::uint32_t members, IDispatch* target) {
     int done = 0;
     for (int call = 0; call < calls; ++call) {
@@ -106,8 +106,8 @@ class RandomCalls : public ::testing::Test {
     return code;
   }
 
-  // Half of the calls have as many arguments as the member takes. Those that wait for a user when
-  // they run - previewing, printing, the commands of classes - have one at least.
+  // Half of the calls have the member's number of arguments. Members that wait for a user (preview,
+  // printing, the commands of classes) get at least one.
   UINT ArgumentCount(const IDispatch* target, DISPID id) {
     static constexpr std::array<UINT, 14> kCounts{0, 2, 0, 1, 1, 2, 3, 0, 0, 0, 0, 0, 0, 0};
     const bool control = target == host.control.get();

@@ -1,5 +1,5 @@
-// Hosts that end the control when they are told that it has the focus now: whatever the user did to
-// give it the focus, its windows are not done with it yet.
+// Hosts that end the control when it notifies them of the focus: the control's windows are still
+// processing the input that gave it the focus.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -37,7 +37,7 @@ TEST_P(Activation, MayEndAll) {
   int told = 0;
   owned->window->OnUiActivate([&] {
     ++told;
-    // What keeps the control alive during the call is the window's; the host's reference ends.
+    // The window keeps the control alive during the call; the host releases its reference.
     const std::shared_ptr<UiWorld> inside = std::move(owned);
     if (inside != nullptr) DestroyWindow(inside->host.Handle());
   });

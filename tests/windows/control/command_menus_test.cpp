@@ -1,4 +1,4 @@
-// The commands of tree and grid by context menu: what it shows, and the way that they take.
+// The commands of tree and grid by context menu: its contents and what the commands call.
 #include <array>
 #include <string>
 #include <vector>
@@ -81,7 +81,7 @@ TEST_F(CommandMenus, ARightClickOnANodeSelectsItAsAClickDoes) {
   EXPECT_EQ(world_.window->SelectedNode(), 3);
   EXPECT_EQ(Loads(u"02"), 1u);
   {
-    // It is the one already.
+    // It already is the selected one.
     ContextMenus menu;
     RightClick(world_.Tree(), world_.NodePoint(3));
     EXPECT_EQ(menu.Lines(), kTreeLines);
@@ -173,7 +173,7 @@ TEST_F(CommandMenus, TheMenuShowsTheCaptionsThatTheSuiteGave) {
   EXPECT_EQ(menu.Lines()[1], "Change\tF2");
 }
 
-// No lambda: its calling convention is another one on x86.
+// Not a lambda: its calling convention differs on x86.
 HWND frameToClose = nullptr;
 void CALLBACK CloseFrame(HWND, UINT, UINT_PTR id, DWORD) {
   KillTimer(nullptr, id);

@@ -1,5 +1,4 @@
-// The control with its windows, where a command is told by the right that it asks for.
-// How the user gives it, by key or by menu, is in the tests.
+// The control with its windows; the right that a command requests identifies the command.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -14,7 +13,7 @@ namespace pricedown::testing {
 
 class CommandWorld : public ::testing::Test {
  protected:
-  // All rights refused: the check that is asked for tells the command, and nothing else happens.
+  // All rights refused: the requested right identifies the command, and nothing else happens.
   void Start(const char16_t* mode = u"1") {
     world_.suite.company.mode = mode;
     world_.suite.company.grantedMasks = "none";
@@ -22,7 +21,7 @@ class CommandWorld : public ::testing::Test {
     world_.suite.log.Clear();
   }
 
-  // The masks that were asked for since the last time, a blank behind each.
+  // The masks requested since the last call, each followed by a blank.
   std::string Asked() {
     std::string masks;
     const std::string start = "ZEPEBCGLView.GLData.AccessCheck(1002, 35, ";

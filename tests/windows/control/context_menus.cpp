@@ -1,5 +1,4 @@
-// A timer looks for the menu, because a menu runs a message loop of its own.
-// The choice is made by its keys.
+// A timer looks for the menu, because a menu runs its own message loop. The choice is made by keys.
 #include "tests/windows/control/context_menus.h"
 
 #include <array>

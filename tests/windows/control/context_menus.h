@@ -1,4 +1,4 @@
-// Chooses from the context menu that a test opens, and keeps what it showed.
+// Chooses from the context menu that a test opens, and records its contents.
 // One menu per instance; a menu without a choice is closed by Escape.
 #pragma once
 

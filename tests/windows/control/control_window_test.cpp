@@ -113,7 +113,7 @@ TEST(ControlWindow, IsHarmlessAfterItsContainerHasDestroyedIt) {
   world.window->SetTitleFont(u"宋体", 134, 18);
   world.window->SetToolStripButtonEnabled(2, false);
   world.window->Place(Layout{});
-  // What was selected is still known, so that the control can keep it.
+  // The selection is still known, so that the control can store it.
   EXPECT_NE(world.window->SelectedNode(), kNoNode);
   world.window->ClearNodes();
   world.window->InsertNode(1, kNoNode, u"物料");
@@ -142,7 +142,7 @@ TEST(ControlWindow, TakesItsChildrenAlongWhenItDiesFirst) {
   EXPECT_FALSE(IsWindow(handle));
   EXPECT_FALSE(IsWindow(tree));
   EXPECT_TRUE(IsWindow(world.host.Handle()));
-  // The classes went with the last window, so that the module can be unloaded.
+  // The classes are unregistered with the last window, so that the module can be unloaded.
   WNDCLASSW description{};
   EXPECT_FALSE(GetClassInfoW(GetModuleHandleW(nullptr), L"PriceDown.Grid", &description));
 }
@@ -276,7 +276,7 @@ TEST(ControlWindow, LeavesTheHostsFocusAloneWhenTheStripIsHidden) {
   SetFocus(world.host.Handle());
   tool->Click();
   EXPECT_EQ(GetFocus(), world.host.Handle());
-  // The child that had it last is not there any more.
+  // The child that had it last no longer exists.
   SetFocus(world.window->Handle());
   EXPECT_EQ(GetFocus(), world.Tree());
 }

@@ -1,5 +1,4 @@
-// The status bar, the hourglass and the progress bar: what the control says of its rows and of work
-// that takes long.
+// The status bar, the hourglass and the progress bar: row counts and long operations.
 #include <windows.h>
 
 #include <commctrl.h>
@@ -46,19 +45,19 @@ TEST(ControlWindow, TellsTheNumberOfItemsAndTheClass) {
 TEST(ControlWindow, NamesNoClassThatTheFormHasTaken) {
   UiWorld world;
   world.Start();
-  // From the second load on with all that the form takes.
+  // From the second load on, with all columns that the form needs.
   AnswerStatement(world.suite.factory, statements::ItemsOfClass(u"05"),
                   ItemRows(kTwoItems, u"05", u"外购半成品"));
   world.Click(world.Tree(), world.NodePoint(6));
   world.Click(world.Tree(), world.NodePoint(6));
   EXPECT_EQ(Panel(world, 0), "05(外购半成品)    共 2 项物料");
-  // The strip's command repaints the grid behind itself.
+  // The strip's command repaints the grid afterwards.
   world.control->ToolStripButtonClicked(u"Edit");
   EXPECT_EQ(Panel(world, 0), "请重新选择物料类别    共 2 项物料");
   KeepPicture(world.host.Handle(), "class to select again");
   world.Click(world.Tree(), world.NodePoint(6));
   EXPECT_EQ(Panel(world, 0), "05(外购半成品)    共 2 项物料");
-  // The host's own call tells nothing; the focus comes back when the form has closed.
+  // The host's own call notifies nobody; the focus returns when the form has closed.
   world.control->editRecord();
   SetFocus(nullptr);
   SetFocus(world.Tree());
@@ -110,7 +109,7 @@ TEST(ControlWindow, ShowsTheProgressBarOnceTheItemsOfALongLoadArrive) {
   EXPECT_TRUE(ShowsProgress(world));
   world.window->SetWaiting(false);
   EXPECT_FALSE(ShowsProgress(world));
-  // Without a load nothing is shown, however long ago the last one began.
+  // Without a load nothing is shown, however long ago the last one started.
   world.control->ItemCells().NotifyFilling();
   EXPECT_FALSE(ShowsProgress(world));
 }

@@ -14,7 +14,7 @@ class TreeWindow : public ::testing::Test {
  protected:
   TreeWindow() { world_.Start(); }
 
-  // How often the items of a class were asked for since the start of the test.
+  // How often the items of a class were requested since the start of the test.
   std::size_t Loads(std::u16string_view classNumber) const {
     return world_.suite.log.Count(ExecuteLine(statements::ItemsOfClass(classNumber)));
   }

@@ -83,7 +83,7 @@ LRESULT CALLBACK HostWindow::Procedure(HWND window, UINT message, WPARAM wParam,
 }
 
 UiWorld::UiWorld(int width, int height) : host(width, height) {
-  // The fixture's own two classes answer the first time.
+  // The first query returns the fixture's own two classes.
   const ObjectPtr connection = suite.factory.Create(u"ZEPConnection.AppConnection");
   connection->Call(u"Execute", {statements::ClassTree()});
   connection->Call(u"Execute", {statements::ItemsOfClass(u"01")});
@@ -166,7 +166,7 @@ void Input::Type(std::u16string_view text) {
 
 void Input::Click(HWND target, POINT point, WPARAM keys) {
   const LPARAM place = MAKELPARAM(point.x, point.y);
-  // The tree asks where the pointer is.
+  // The tree queries the pointer's position.
   POINT onScreen = point;
   ClientToScreen(target, &onScreen);
   SetCursorPos(onScreen.x, onScreen.y);
@@ -199,7 +199,7 @@ POINT UiWorld::NodePoint(NodeIndex node) const {
   if (node > 1) item = TreeView_GetChild(Tree(), item);
   for (NodeIndex i = 2; i < node; ++i) item = TreeView_GetNextSibling(Tree(), item);
   RECT area{};
-  // The message takes the node in the memory that it answers in.
+  // The message reads the node from its result buffer.
   std::memcpy(&area, &item, sizeof item);
   SendMessageW(Tree(), TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&area));
   return {(area.left + area.right) / 2, (area.top + area.bottom) / 2};

@@ -1,5 +1,5 @@
 // A host window with the control's windows and the real core on a scripted suite.
-// Everything is visible and takes input as in a real host; the suite answers from scripts.
+// Everything is visible and takes input as in a real host.
 #pragma once
 
 #include <windows.h>
@@ -18,7 +18,7 @@
 
 namespace pricedown::testing {
 
-// Lets all messages run that are waiting.
+// Processes all pending messages.
 void RunMessages();
 
 // A plain overlapped window; destroyed with the object unless it is gone already.
@@ -38,7 +38,7 @@ class HostWindow {
   HWND handle_ = nullptr;
 };
 
-// Simulated keyboard and mouse: messages are posted and run before a method returns.
+// Simulated keyboard and mouse: messages are posted and processed before a method returns.
 class Input {
  public:
   // To the window that has the focus.
@@ -61,7 +61,7 @@ class UiWorld : public Input {
   // Creates the core, initializes and shows it in the host window. `ledger` must outlive the world;
   // without one the scripted ledger is the control's.
   void Start(PrintLedger* ledger = nullptr);
-  // Answers the grid statement of that class with `count` items.
+  // Scripts the grid statement of that class to return `count` items.
   void ScriptItems(std::u16string_view classNumber, int count);
 
   HWND Child(int id) const;

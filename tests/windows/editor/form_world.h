@@ -31,7 +31,7 @@ namespace form_ids = windows::form_ids;
 
 class FormWorld : public workbench::ClassCompany, public Input {
  protected:
-  // As the browser prepares them; return when the form has closed.
+  // As the browser opens the form; return when it has closed.
   void ShowForAdd(Steps steps) {
     Recordset members = Recordset::Create(factory_);
     AppendMemberFields(members);
@@ -65,7 +65,7 @@ class FormWorld : public workbench::ClassCompany, public Input {
                0) != 0;
   }
 
-  // The user's hand.
+  // The user's input.
   void TypeInto(int id, std::u16string_view text) {
     SetFocus(Child(id));
     SendMessageW(Child(id), EM_SETSEL, 0, -1);
@@ -87,13 +87,13 @@ class FormWorld : public workbench::ClassCompany, public Input {
     ListView_GetItemRect(List(), item, &area, LVIR_BOUNDS);
     Click(List(), {area.left + 30, (area.top + area.bottom) / 2}, keys);
   }
-  // The list asks for the keyboard's state and not for the message's.
+  // The list reads the keyboard's state, not the message's.
   void PressedControlClick(int item) {
     HoldControl(true);
     ClickRow(item, MK_CONTROL);
     HoldControl(false);
   }
-  // For the form's own message loop, which runs it once the step is over.
+  // Posts to the form's own message loop, which runs it after the step.
   void PostKey(WPARAM key) { PostMessageW(GetFocus(), WM_KEYDOWN, key, 1); }
   void HoldControl(bool held) {
     std::array<BYTE, 256> keys{};

@@ -1,4 +1,4 @@
-// Classes of a real company added, changed and taken apart through the form's window.
+// Classes of a real company added, changed and emptied through the form's window.
 // Rows are compared before and after; every message box that appears is named.
 #include <gtest/gtest.h>
 
@@ -42,7 +42,7 @@ TEST_F(ItemClassDataWindow, AddsAClassFromEmptyAndStaysReadyForTheNext) {
             "A1|原材料|3|1051|5711|1023|1281.1|12.5\nB1|成品|4|1051|5711|1023|1281.1|12.5\n"
             "B1|成品|5|1051|5711|1023|1281.1|12.5\nC1|包装物|7|1051|5711|1023|1281.1|7.25\n"
             "C1|包装物|8|1051|5711|1023|1281.1|7.25\nC1|包装物|9|1051|5711|1023|1281.1|7.25\n");
-  // The emptied list is not what was saved.
+  // The emptied list differs from the saved one.
   ASSERT_EQ(boxes.All().size(), 1u);
   EXPECT_EQ(boxes.All()[0].text, "当前记录已经改变，是否保存?");
 }

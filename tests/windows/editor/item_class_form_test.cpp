@@ -1,5 +1,4 @@
 // The item class form in its window: how it opens, what keys and mouse do, how it closes.
-// Saving and removing on the company are in item_class_data_test.cpp.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -101,13 +100,13 @@ TEST_F(ItemClassFormWindow, LooksUpAccountsByKeyAndByButton) {
                 EXPECT_EQ(TextIn(form_ids::kReserveAccount), "");
                 ClickChild(form_ids::kReserveLookup);
                 EXPECT_EQ(TextIn(form_ids::kReserveAccount), "1281.1");
-                // Nothing is queued any more: the user cancels.
+                // The queue is empty: the user cancels.
                 ClickChild(form_ids::kLossLookup);
                 EXPECT_EQ(TextIn(form_ids::kLossAccount), "5711");
               },
               [&] { CloseByFrame(); }});
   EXPECT_TRUE(boxes.All().empty());
-  // No control is there to release it later.
+  // There is no control to release it later.
   EXPECT_EQ(state.ledgerView, nullptr);
 }
 
@@ -248,7 +247,7 @@ TEST_F(ItemClassFormWindow, EndsWhenTheProgramIsToldToQuit) {
 }
 
 TEST_F(ItemClassFormWindow, AFormThatCannotBeLoadedLeavesNothingShown) {
-  // No member list was given.
+  // There is no member list.
   dialog.Form().SetMode(0);
   EXPECT_THROW(dialog.ShowModal(host.Handle()), AutomationError);
   EXPECT_EQ(Form(), nullptr);
@@ -256,7 +255,7 @@ TEST_F(ItemClassFormWindow, AFormThatCannotBeLoadedLeavesNothingShown) {
   ShowForAdd({[&] { CloseByFrame(); }});
 }
 
-// A window that notes whether the form is there when its message arrives.
+// A window that records whether the form exists when its message arrives.
 class Witness {
  public:
   Witness()
@@ -285,7 +284,7 @@ class Witness {
 };
 
 TEST_F(ItemClassFormWindow, ClosingWaitsForARunningCommand) {
-  // The user closes the form while pending messages run behind the picker.
+  // The user closes the form while pending messages are processed under the picker.
   pickers->accounts = {u"5711"};
   const Witness witness;
   ShowForAdd({[&] {

@@ -1,5 +1,4 @@
 // The ids of the suite's classes in tests; the test program's manifest lists the same.
-// Which objects there are behind them is the test's script.
 #pragma once
 
 #include <windows.h>

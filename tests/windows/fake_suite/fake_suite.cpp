@@ -1,5 +1,4 @@
-// FakeSuite.dll: class objects of the suite's classes that ask the test program for each object.
-// It knows no object itself.
+// FakeSuite.dll: class objects of the suite's classes; the test program creates each object.
 #include <windows.h>
 
 #include <algorithm>
@@ -49,7 +48,7 @@ class FakeClassFactory final : public ComClass<IClassFactory> {
 }  // namespace
 }  // namespace pricedown::testing
 
-// Adds a reference; null takes the suite away.
+// Adds a reference; null removes the suite.
 extern "C" void STDMETHODCALLTYPE SetCreator(IDispatch* creator) {
   pricedown::testing::Creator() = pricedown::windows::ComPtr<IDispatch>::Share(creator);
 }

@@ -1,5 +1,4 @@
-// The functions that stand in for those of the system, and the way into a library's imports.
-// What is failed when is the test's.
+// Replacements for functions of the system, and patching a library's imports.
 #include "tests/windows/faults/import_faults.h"
 
 #include <commctrl.h>
@@ -29,7 +28,7 @@ bool Fails(FaultKind kind) {
   return ++state.calls == state.failing;
 }
 
-// `kFailure` is what the function answers when it fails.
+// `kFailure` is what the function returns if it fails.
 template <FaultKind kKind, auto kFunction, auto kFailure>
 struct Guarded;
 
@@ -92,7 +91,7 @@ std::array imports{
 
 #undef GUARD
 
-// Where the library keeps the address of an imported function.
+// The entry of an imported function in the library's import address table.
 void** PlaceOf(HMODULE library, const char* name) {
   auto* const base = reinterpret_cast<std::byte*>(library);
   const auto* const dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);

@@ -1,5 +1,5 @@
-// Failures of the system's functions that a loaded library imports: each call of one kind counted,
-// any one of them refused. The library's code is not touched, only its table of imports.
+// Fails functions of the system that a loaded library imports: counts the calls of one kind and
+// makes any one of them fail. Only the library's import table is patched.
 #pragma once
 
 #include <windows.h>
@@ -8,7 +8,7 @@ namespace pricedown::testing {
 
 enum class FaultKind {
   Windows,   // windows, their classes, menus, message boxes
-  Boundary,  // texts, arrays, blocks and error objects that are passed over COM
+  Boundary,  // strings, arrays, memory and error objects passed over COM
   Memory,    // the library's own
   Drawing    // fonts, bitmaps, contexts, regions, icons, global memory
 };
@@ -16,16 +16,16 @@ enum class FaultKind {
 // Only one at a time, and only on one thread.
 class ImportFaults {
  public:
-  // Throws std::runtime_error when the library imports nothing of that kind.
+  // Throws std::runtime_error if the library does not import one of the functions.
   explicit ImportFaults(HMODULE library);
   // Requires: the library is still loaded.
   ~ImportFaults();
   ImportFaults(const ImportFaults&) = delete;
   ImportFaults& operator=(const ImportFaults&) = delete;
 
-  // The n-th call from now on fails, once, as for want of memory; with 0 they are only counted.
+  // The n-th call from now on fails once, as when out of memory; with 0 calls are only counted.
   void Fail(FaultKind kind, int n);
-  // Calls of that kind since then; counting has ended. Harmless when called again.
+  // Stops counting and returns the calls of that kind since Fail. May be called again.
   int Stop();
 };
 

@@ -1,6 +1,5 @@
-// What must hold when the system refuses the built library a window, a menu, memory or a font in
-// the middle of anything: no crash, the failure reaches the caller, and the control goes on.
-// Failures of the suite are tested in windows/server/faults_test.cpp, of the core in tests/faults.
+// What must hold when the system refuses the built library a window, a menu, memory or a font at
+// any point: no crash, the failure reaches the caller, and the control still works.
 #include <gtest/gtest.h>
 #include <olectl.h>
 
@@ -24,7 +23,7 @@ namespace {
 
 using windows::ComPtr;
 
-// Closes each dialog, form and message box of the thread as soon as it sees it.
+// Closes each dialog, form and message box of the thread as soon as it appears.
 class ImpatientUser {
  public:
   ImpatientUser() : timer_(SetTimer(nullptr, 0, 10, &OnTimer)) { Forget(); }
@@ -61,7 +60,7 @@ class ImpatientUser {
   static inline bool sawBox_ = false;
 };
 
-// Ends the program when one run of an operation takes too long: whatever waits for ever cannot be
+// Ends the program if one run of an operation takes too long, because a hung operation cannot be
 // ended from inside.
 class TimeLimit {
  public:
@@ -103,7 +102,7 @@ constexpr Kind kKinds[] = {{"windows", FaultKind::Windows},
                            {"fonts, bitmaps and the like", FaultKind::Drawing},
                            {"allocations", FaultKind::Memory}};
 
-// Gets the number of the call that fails, 0 for none.
+// Receives the number of the call that fails, 0 for none.
 using Operation = std::function<void(int failing)>;
 
 void RunOnce(ImportFaults& faults, FaultKind kind, int failing, const Operation& operation) {
@@ -119,8 +118,8 @@ int PointsAskedFor(int usual) {
   return asked == nullptr ? usual : std::max(usual, std::atoi(asked));
 }
 
-// Each of so many calls failing in turn, or a spread of not more than `most`, because every run
-// costs a whole operation. Answers how many it were.
+// Runs with each of `calls` failing in turn, or with a spread of at most `most`, because every run
+// costs a whole operation. Returns the number of runs.
 int FailSpread(ImportFaults& faults, FaultKind kind, int count, int most,
                const Operation& operation) {
   const int step = std::max(1, (count + most - 1) / most);
@@ -139,8 +138,8 @@ bool HasGrown(const ProcessResources& before, const ProcessResources& after) {
 
 int covered = 0;
 
-// Runs it undisturbed, then with calls of each kind failing. What grows may be a cache of the
-// system; what grows again is a leak.
+// Runs it without failures, then with calls of each kind failing. Growth may be a cache of the
+// system; repeated growth is a leak.
 void FailEach(ImportFaults& faults, int most, const Operation& operation) {
   for (const Kind& kind : kKinds) {
     SCOPED_TRACE(kind.name);
@@ -169,7 +168,7 @@ class LibraryFaults : public ::testing::Test {
 
   static void TearDownTestSuite() { std::cout << "    " << covered << " fault points in all\n"; }
 
-  // A member that shows a form: it does, or says or returns why not.
+  // A member that shows a form: it does, or reports why not.
   void FailForm(const wchar_t* name, int most) {
     host.Open();
     FailEach(faults, most, [&](int failing) {
@@ -180,7 +179,7 @@ class LibraryFaults : public ::testing::Test {
       EXPECT_TRUE(user.SawForm() || user.SawBox() || !succeeds) << "nothing is done or said";
       EXPECT_TRUE(failing != 0 || (succeeds && user.SawForm() && !user.SawBox())) << answer;
       ExpectUsable();
-      // The form has taken the rows of the grid; these are new.
+      // The form took over the grid's rows; these are new.
       SendMessageW(GetDlgItem(host.Window(), windows::control_ids::kTree), WM_KEYDOWN, VK_F5, 0);
       host.world.log.Clear();
     });
@@ -196,7 +195,7 @@ class LibraryFaults : public ::testing::Test {
     host.world.log.Clear();
   }
 
-  // Failures may be told in the middle of anything.
+  // Failures may be reported at any point.
   ImpatientUser user;
   ControlHost host;
   ImportFaults faults{GetModuleHandleW(L"ZEPPriceDownPrepare.dll")};
@@ -215,7 +214,7 @@ TEST_F(LibraryFaults, OfCreationAreItsResult) {
 }
 
 TEST_F(LibraryFaults, OfBeingTakenUpLeaveAControlForTheNextContainer) {
-  // Asked for when the name of the setting could not be kept.
+  // Requested if the setting's name could not be stored.
   host.world.factory.Object(u"dictionary").On(u"GetValue", R"("", "gc0")", u"gc0");
   FailEach(faults, kFewPoints, [&](int failing) {
     host.SetSite();

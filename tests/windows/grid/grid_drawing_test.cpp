@@ -1,4 +1,4 @@
-// What the grid draws, and how it follows its grid to its end.
+// What the grid's window draws, and that it survives the end of its grid.
 #include <set>
 
 #include "tests/windows/base/picture.h"

@@ -1,4 +1,4 @@
-// Columns that are dragged, and what is scrolled into view, up to a million rows.
+// Dragging columns and scrolling into view, up to a million rows.
 #include <chrono>
 
 #include "tests/windows/grid/grid_world.h"
@@ -84,7 +84,7 @@ TEST_F(GridWindow, TakesAMillionRows) {
   }
   SendMessageW(Handle(), WM_VSCROLL, SB_TOP, 0);
   EXPECT_EQ(window_.Scroll().TopRow(), 1);
-  // Painting costs what is visible: far below what a million rows would take.
+  // Painting costs only the visible rows, far less than a million.
   EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
   SCROLLINFO info{};
   info.cbSize = sizeof info;

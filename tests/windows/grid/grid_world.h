@@ -1,5 +1,5 @@
-// A grid's window alone in a host window, with one hundred rows whose last column is open.
-// It stands in for the control: what the grid reports is kept.
+// A grid's window alone in a host window, with one hundred rows whose last column is unlocked.
+// Records what the grid reports to the control.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-// The frame with real child windows: which bar is merged when, its states while they change, and
-// the business menu.
+// The frame with real child windows: which bar is merged when, its changing states, and the
+// business menu.
 #include "workbench/host/frame_window.h"
 
 #include <gtest/gtest.h>
@@ -177,7 +177,7 @@ TEST_F(FrameWindowTest, FindsItsBusinessMenuBehindAMaximizedChild) {
   lines.insert(lines.end(),
                {"", "新增", "修改", "删除", "打印", "预览", "刷新", "工具条", "状态栏", "退出"});
   EXPECT_EQ(BusinessMenu(), lines);
-  // Opened a second time, it has each tool once.
+  // Opened again, it has each tool once.
   ToolOf(*child, u"iPrint")->Put(u"Visible", false);
   std::erase(lines, "打印");
   EXPECT_EQ(BusinessMenu(), lines);

@@ -1,5 +1,4 @@
-// The account picker as its user meets it.
-// Which rows a search finds is tested in tests/pickers.
+// The account picker from the user's side.
 #include <gtest/gtest.h>
 
 #include "tests/pickers/picker_company.h"

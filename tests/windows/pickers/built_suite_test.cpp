@@ -1,5 +1,5 @@
-// The built WorkbenchSuite.dll: its look-ups show the pickers and answer through automation.
-// Loaded by its file; nothing of it is linked here.
+// The built WorkbenchSuite.dll, loaded by its file: its look-ups show the pickers and answer
+// through automation.
 #include <windows.h>
 
 #include <gtest/gtest.h>

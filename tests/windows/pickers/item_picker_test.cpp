@@ -1,5 +1,4 @@
-// The item picker as its user meets it: several choices, one choice, conditions.
-// What it shares with the account picker is tested there.
+// The item picker from the user's side: several choices, one choice, conditions.
 #include <gtest/gtest.h>
 
 #include "tests/pickers/picker_company.h"

@@ -1,5 +1,4 @@
 // The pickers' look: places and widths at every resolution, growing and shrinking, pictures.
-// Whether it is pretty is for people to see in the pictures.
 #include <windows.h>
 
 #include <commctrl.h>

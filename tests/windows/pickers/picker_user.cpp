@@ -1,5 +1,5 @@
-// The timer behind the steps, and the messages that they post.
-// A window that nobody answers any more is closed, so that the test program goes on.
+// The timer behind the steps, and the messages that they post. A window without further steps is
+// closed, so that the test program continues.
 #include "tests/windows/pickers/picker_user.h"
 
 #include <windows.h>

@@ -1,5 +1,5 @@
-// Plays the user of a picker: steps that run one after the other, from a timer, while the modal
-// window runs its own messages. What is expected of the window is the test's.
+// Plays the user of a picker: steps that a timer runs one after the other while the modal window
+// runs its own message loop.
 #pragma once
 
 #include <windows.h>
@@ -14,7 +14,7 @@ namespace workbench::testing {
 class PickerUser {
  public:
   PickerUser();
-  // Fails the test when a step was never reached.
+  // Fails the test if a step was never reached.
   ~PickerUser();
   PickerUser(const PickerUser&) = delete;
   PickerUser& operator=(const PickerUser&) = delete;
@@ -30,7 +30,7 @@ class PickerUser {
   // Until the control shows that text.
   PickerUser& Await(int id, std::u16string_view text);
   PickerUser& Then(std::function<void()> look);
-  // Writes NAME.png of the whole window where PRICEDOWN_PICTURES says.
+  // Writes NAME.png of the whole window into the folder PRICEDOWN_PICTURES.
   PickerUser& TakePicture(const std::string& name);
 
   // For steps: the open window and what is in it.
@@ -55,7 +55,7 @@ class PickerUser {
   UINT_PTR timer_;
 };
 
-// An ordinary window with a focus of its own to own the pickers.
+// An ordinary window that owns the pickers and can have the focus.
 class OwnerWindow {
  public:
   OwnerWindow();

@@ -1,5 +1,5 @@
-// The system's own font dialog: what it opens with, what OK, cancel and the button for applying
-// give. The test plays the user inside of the dialog.
+// The system's own font dialog: its initial values, and the results of OK, Cancel and Apply. The
+// test plays the user inside the dialog.
 #include "windows/print/common_font_dialog.h"
 
 #include <dlgs.h>
@@ -48,7 +48,7 @@ class CommonFontDialogTest : public ::testing::Test, public Input {
     SendMessageW(Dialog(), WM_COMMAND, MAKEWPARAM(list, CBN_SELCHANGE),
                  reinterpret_cast<LPARAM>(combo));
   }
-  // Under which name the system has that font.
+  // The system's name of that font.
   static std::string Installed(const wchar_t* name) {
     const HDC context = CreateCompatibleDC(nullptr);
     const HFONT font =
@@ -97,7 +97,7 @@ TEST_F(CommonFontDialogTest, OpensOverItsOwnerWithTheFontSelected) {
 }
 
 TEST_F(CommonFontDialogTest, OkWithoutAChangeGivesTheSameFont) {
-  // Sizes that are no whole number of pixels or points, and a name that may not be installed.
+  // Sizes that are not a whole number of pixels or points, and a name that may not be installed.
   for (const Font& font : {Font{u"宋体", 9, false, false}, Font{u"Tahoma", 10.5, true, false},
                            Font{u"宋体", 11.3, false, true}}) {
     const auto chosen = Show(font, {[&] { Press(IDOK); }});
@@ -146,7 +146,7 @@ TEST_F(CommonFontDialogTest, AppliesWithoutClosing) {
 
 TEST_F(CommonFontDialogTest, TellsWhatFailedInApplyingAndStaysOpen) {
   MessageBoxes boxes;
-  // The boxes look like the font dialog, which gets no answer of its own.
+  // Message boxes have the font dialog's window class; the dialog itself gets no answer.
   boxes.WillPress({0, IDOK});
   Show({}, {[&] { Press(psh3); }, [&] {}, [&] {}, [&] {}, [&] { Press(IDCANCEL); }},
        [](const Font&) { throw AutomationError(ErrorNumber::Unspecified, u"不能用这种字体"); });

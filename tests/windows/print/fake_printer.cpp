@@ -1,4 +1,4 @@
-// Memory as drivers hand it out.
+// Memory as drivers allocate it.
 #include "tests/windows/print/fake_printer.h"
 
 #include <cstring>

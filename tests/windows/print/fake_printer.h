@@ -1,5 +1,4 @@
 // A spooler whose printer is a list of calls, and dialogs that a test answers.
-// It paints into memory; what comes out of a real printer is print_pages' matter.
 #pragma once
 
 #include <windows.h>
@@ -62,7 +61,7 @@ class FakeSpooler : public windows::Spooler {
   bool Fails(const std::string& call) {
     const bool fails = ++calls_ == failingCall;
     log += call + (fails ? " fails\n" : "\n");
-    // As after any call that went well: nothing is to be read from it.
+    // As after any successful call: must not be read.
     SetLastError(fails ? error : ERROR_FILE_NOT_FOUND);
     return fails;
   }
@@ -71,7 +70,7 @@ class FakeSpooler : public windows::Spooler {
   int calls_ = 0;
 };
 
-// A set-up as a printer's driver hands it out, with four bytes of its own behind it.
+// A set-up as a printer's driver returns it, followed by four private bytes.
 struct DriversMode {
   DEVMODEW mode{};
   char own[4] = {'o', 'w', 'n', '!'};
@@ -80,7 +79,7 @@ struct DriversMode {
 HGLOBAL NewMode(short orientation = DMORIENT_PORTRAIT, short copies = 1);
 HGLOBAL NewNames(const std::wstring& device);
 
-// Without an answer of the test: the default printer is "PDF", and the user presses OK.
+// By default the printer is "PDF" and the user presses OK.
 class FakeDialogs : public windows::PrintDialogs {
  public:
   BOOL Print(PRINTDLGW& dialog, DWORD& error) override {

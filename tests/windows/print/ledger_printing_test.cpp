@@ -1,5 +1,5 @@
-// Print as a whole, with the user in the dialogs and the calls of the printer recorded; and the
-// progress window of a job.
+// Printing end to end, with the user in the dialogs and recorded printer calls, and the progress
+// window of a job.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -92,7 +92,7 @@ TEST_F(LedgerPrinting, SaysThatThereIsNoPrinter) {
   EXPECT_EQ(spooler_.log, "");
 }
 
-// A page half as high takes about half the rows.
+// A page half as high holds about half the rows.
 TEST_F(LedgerPrinting, LaysThePagesOutForThePaperChosenInTheDialog) {
   WORD pages = 0;
   dialogs_.onPrint = [&](PRINTDLGW& dialog, DWORD&) {

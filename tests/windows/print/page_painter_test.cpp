@@ -21,7 +21,7 @@ using windows::PagePainter;
 using windows::PageScale;
 
 const PageFont kPlain{u"宋体", 9, false, false, false};
-// Its line is exactly as long as the text is wide.
+// The line is exactly as long as the text is wide.
 const PageFont kUnderlined{u"宋体", 9, false, false, true};
 
 constexpr double kTenthsPerInch = 254;

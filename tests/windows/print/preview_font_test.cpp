@@ -1,5 +1,5 @@
 // A font chosen in the preview: in the pages, in tree and grid, in the settings, and next time.
-// The whole control is there, on a scripted suite; only the font dialog's answers are scripted.
+// Runs the whole control on a scripted suite, with scripted answers of the font dialog.
 #include <windows.h>
 
 #include <dlgs.h>
@@ -136,7 +136,7 @@ TEST_F(PreviewFont, MakesThePagesAnew) {
            [&] { CloseByFrame(); }});
 }
 
-// In the system's dialog, by its button for applying; cancelling it afterwards takes nothing back.
+// In the system's dialog, by Apply; cancelling it afterwards reverts nothing.
 TEST_F(PreviewFont, IsAppliedBehindTheOpenDialog) {
   ledger.ownDialog = true;
   Start();
@@ -181,7 +181,7 @@ TEST_F(PreviewFont, IsThatOfTheNextPreviewAndOfTheNextControl) {
   Preview({[&] { ClickButton(u"Font"); }, [&] { CloseByFrame(); }});
   EXPECT_EQ(ledger.fonts.shown.back(), (Font{u"黑体", 12, true, true}));
 
-  // Another process has the setting and a ledger of its own.
+  // Another process has the setting and its own ledger.
   const std::string saved = Saved();
   const std::size_t begin = saved.find("FontName=");
   ASSERT_NE(begin, std::string::npos);

@@ -1,5 +1,5 @@
-// The print preview by keyboard and wheel, and the ways in which it ends.
-// Messages are posted, and the preview's own loop runs them.
+// The print preview by keyboard and wheel, and the ways in which it ends. Messages are posted to
+// the preview's own loop.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -293,7 +293,7 @@ TEST_F(PreviewEnd, EndsWithItsOwnerBehindTheFontDialog) {
   fonts.onShow = [&] { DestroyWindow(host.Handle()); };
   fonts.answers = {{u"黑体", 12, true, false}};
   ShowFivePages({[&] { ClickButton(u"Font"); }});
-  // Nobody is there any more who would show it.
+  // Nobody is left to show it.
   EXPECT_EQ(ledger.Appearance().font, Font());
 }
 

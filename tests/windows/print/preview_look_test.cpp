@@ -1,5 +1,4 @@
 // What the preview looks like: where the page's ink is, and pictures for people.
-// The positions themselves are those of the core's pages.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -22,7 +21,7 @@ class PreviewLook : public PreviewWorld {
   }
   HWND Pane() const { return Child(preview_ids::kPane); }
 
-  // What the pane should show: the state worked out anew for its size.
+  // What the pane should show: the state computed anew for its size.
   PreviewState Expected(const LedgerPages& pages, std::optional<double> percent) const {
     RECT area{};
     GetClientRect(Pane(), &area);

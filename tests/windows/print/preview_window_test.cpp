@@ -1,5 +1,4 @@
 // Buttons, fields and messages of the print preview: pages, sizes, printing, page set-up.
-// Keys and wheel are in preview_keys_test.cpp, fonts in preview_font_test.cpp.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -230,7 +229,7 @@ TEST_F(PreviewWindowTest, PrintsOverItselfAndShowsThePaperThatWasChosen) {
                  [&] {
                    EXPECT_EQ(printing.calls, std::vector<std::string>{"print"});
                    EXPECT_EQ(printing.lastOwner, preview);
-                   // A3 takes more rows.
+                   // A3 holds more rows.
                    EXPECT_EQ(Page(), "1 共 3 页");
                  },
                  [&] { CloseByFrame(); }});
@@ -306,8 +305,8 @@ TEST_F(PreviewWindowTest, KeepsTheSizeOfTheWindowInTheSizeOfThePage) {
        [&] { CloseByFrame(); }});
 }
 
-// The system says so when the window comes to a screen of another resolution; here the resolution
-// stays, and only the place is another.
+// The system sends it when the window moves to a screen of another resolution; here only the place
+// changes.
 TEST_F(PreviewWindowTest, TakesThePlaceThatTheSystemSuggestsOnAnotherScreen) {
   RECT place{40, 30, 1140, 730};  // wide enough at every resolution
   ShowFivePages({[&] {
@@ -324,7 +323,8 @@ TEST_F(PreviewWindowTest, TakesThePlaceThatTheSystemSuggestsOnAnotherScreen) {
                  [&] { EXPECT_EQ(Page(), "2 共 5 页"); }, [&] { CloseByFrame(); }});
 }
 
-// The time is told and not judged; a list of any length is paged and shown without being drawn.
+// The time is printed, not asserted; a list of any length is paged and shown without drawing every
+// page.
 TEST_F(PreviewWindowTest, OpensOnTwoHundredThousandRows) {
   const ULONGLONG begin = GetTickCount64();
   FillLedger(ledger, 200'000);

@@ -39,7 +39,7 @@ class PlainLedger : public LedgerDocument {
   void Print() override {}
 };
 
-// A printer that is only asked; what it does is a test's own.
+// A printer that is only queried; tests script what it does.
 class ScriptedPrinting : public windows::PreviewPrinting {
  public:
   Paper CurrentPaper() override {
@@ -65,7 +65,7 @@ class ScriptedPrinting : public windows::PreviewPrinting {
   }
 };
 
-// Answers with the fonts that are queued; without one the user cancels.
+// Returns the queued fonts; without one the user cancels.
 class ScriptedFonts : public FontDialog {
  public:
   Font Show(const Font& font, std::uint32_t flags) override {
@@ -103,7 +103,7 @@ inline void FillLedger(PrintLedger& ledger, std::int32_t rows) {
   SetPageFooter(ledger);
 }
 
-// The preview's window as the user finds it: children by id, buttons by key.
+// Finds parts of the preview's window: children by id, buttons by key.
 class PreviewUser : public Input {
  public:
   HWND Window() const { return FindWindowW(L"PriceDown.Preview", nullptr); }
@@ -135,7 +135,7 @@ class PreviewUser : public Input {
     const Place place = Button(key);
     return SendMessageW(place.bar, TB_ISBUTTONENABLED, static_cast<WPARAM>(place.id), 0) != 0;
   }
-  // Which of the buttons for turning pages can be pressed.
+  // Which of the paging buttons are enabled.
   std::string Turning() const {
     std::string enabled;
     for (const char16_t* key : {u"First", u"Previous", u"Next", u"Last"}) {
@@ -149,13 +149,13 @@ class PreviewUser : public Input {
     SendMessageW(place.bar, TB_GETITEMRECT, place.index, reinterpret_cast<LPARAM>(&area));
     Click(place.bar, {(area.left + area.right) / 2, (area.top + area.bottom) / 2});
   }
-  // Like a click, for a command that waits in a window of its own while the steps go on.
+  // Like a click, for a command that waits in its own window while the steps continue.
   void PostButton(std::u16string_view key) const {
     const Place place = Button(key);
     SendMessageW(place.bar, TB_SETHOTITEM, place.index, 0);
     PostMessageW(place.bar, WM_KEYDOWN, VK_RETURN, 1);
   }
-  // For the preview's own message loop, which runs it once the step is over.
+  // Posts to the preview's own message loop, which runs it after the step.
   void PostKey(WPARAM key) const { PostMessageW(GetFocus(), WM_KEYDOWN, key, 1); }
   void HoldControl(bool held) const {
     BYTE keys[256] = {};
@@ -191,7 +191,7 @@ class PreviewUser : public Input {
     Type(text);
     PostKey(VK_RETURN);
   }
-  // With the open list and the keyboard; line from 0.
+  // Opens the list and chooses by keyboard; line from 0.
   void ChooseZoom(int line) {
     const HWND zoom = Child(preview_ids::kZoom);
     SetFocus(zoom);

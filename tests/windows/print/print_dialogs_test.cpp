@@ -181,7 +181,7 @@ TEST_F(PageSetupTest, TakesPrinterAndPaper) {
     ChooseOther(dialog);
     return TRUE;
   };
-  // Which it is asked for as it is set up: turned.
+  // Requested as it is set up: landscape.
   spooler_.turnedDots = {254, 254, 4200, 2970, 50, 50, 4100, 2870};
   EXPECT_TRUE(windows::AskPageSetup(nullptr, printer_));
   EXPECT_EQ(printer_.Name(), L"Other");

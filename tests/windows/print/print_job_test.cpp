@@ -1,4 +1,4 @@
-// A print job call by call: its order, every call failing once, and ways to call it off.
+// A print job call by call: its order, every call failing once, and ways to cancel it.
 #include <gtest/gtest.h>
 
 #include "browser/print_table.h"
@@ -42,7 +42,7 @@ class Watcher final : public windows::PrintWatcher {
     seen += std::to_string(sheet) + "/" + std::to_string(count) + " ";
     return sheet != lastSheet;
   }
-  std::int64_t lastSheet = 0;  // the sheet at which the user has had enough
+  std::int64_t lastSheet = 0;  // the sheet at which the user cancels
   std::string seen;
 };
 
@@ -67,7 +67,7 @@ class PrintJobTest : public ::testing::Test {
     return windows::RunPrintJob(printer_, pages, measurer_, {choice, pages.PageCount()}, watcher_);
   }
 
-  static constexpr int kCallsBefore = 2;  // the printer was asked for its paper
+  static constexpr int kCallsBefore = 2;  // querying the printer's paper
   LedgerContent content_;
   Paper paper_;
   windows::DeviceMeasurer measurer_;
@@ -202,7 +202,7 @@ class PictureSpooler final : public FakeSpooler {
   windows::GdiObject<HBITMAP> bitmap_;
 };
 
-// What a dot's place on paper is depends on the strips that the printer cannot print on.
+// A dot's place on paper depends on the printer's unprintable margins.
 TEST_F(PrintJobTest, CountsFromThePapersCornerAndNotFromWhereThePrinterCanPrint) {
   PictureSpooler spooler(1000, 1000);
   spooler.dots = spooler.turnedDots = {254, 508, 2100, 5940, 70, 90, 1900, 5800};
@@ -212,12 +212,12 @@ TEST_F(PrintJobTest, CountsFromThePapersCornerAndNotFromWhereThePrinterCanPrint)
                           measurer_);
   EXPECT_TRUE(windows::RunPrintJob(printer, pages, measurer_, {{1, 1, 1, true}, 1}, watcher_));
   const PageRule& top = pages.PageAt(1).rules.front();
-  // A dot to a tenth across, two down; the rule is looked for where it is the first thing.
+  // One dot per tenth across, two down; searches where the rule is the first dark thing.
   EXPECT_NEAR(spooler.FirstInk(false, top.left + 5 - 70), 2 * top.top - 90, 2);
   EXPECT_NEAR(spooler.FirstInk(true, 2 * top.top + 12 - 90), top.left - 70, 2);
 }
 
-// As when the printer prints to a file and the user gives it no name.
+// As when the printer prints to a file and the user enters no name.
 TEST_F(PrintJobTest, EndsQuietlyWhenTheUserCancelsItInThePrintersOwnDialog) {
   FailCall(2);
   spooler_.error = ERROR_CANCELLED;

@@ -1,5 +1,5 @@
-// The engine's site and the run of a script.
-// The interface ids of scripting are in no import library, so they are defined here.
+// The engine's site and running a script. No import library has the interface ids of scripting, so
+// they are defined here.
 #include <initguid.h>
 
 #include "tests/windows/script_host/script_engine.h"

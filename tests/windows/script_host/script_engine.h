@@ -1,5 +1,4 @@
 // The system's VBScript engine: runs one text with one object as its global members.
-// What the object offers is script_services.h.
 #pragma once
 
 #include <string_view>

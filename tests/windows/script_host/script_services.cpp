@@ -1,5 +1,4 @@
-// The services of the script host.
-// The container is atl.dll's, so that controls meet one that is not ours.
+// The services of the script host. The container is atl.dll's, a foreign one.
 #include "tests/windows/script_host/script_services.h"
 
 #include <oaidl.h>

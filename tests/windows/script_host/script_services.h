@@ -1,7 +1,6 @@
 // What scripts may call without a prefix: Print, Check, CheckEqual, HostControl, CloseWindows, and
 // the user's part of script_user.h: Play, WindowClass, TextIn, TypeInto, PressKey, PressTool,
 // PressButton, CloseForm.
-// Creating objects by ProgID is the script language's own.
 #pragma once
 
 #include <windows.h>

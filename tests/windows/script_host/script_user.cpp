@@ -1,5 +1,4 @@
 // A timer of the thread, which also runs inside modal windows, and posted input.
-// The one instance is found by its thread.
 #include "tests/windows/script_host/script_user.h"
 
 #include <commctrl.h>
@@ -34,7 +33,7 @@ std::u16string ClassOf(HWND window) {
   return windows::FromWide(name.data());
 }
 
-// Hosts' frames have the class of dialogs too, but no text of a message.
+// Hosts' frames also have the dialog class, but no message text.
 bool Waits(HWND window) {
   if (window == nullptr) return false;
   const std::u16string name = ClassOf(window);
@@ -68,7 +67,7 @@ void CALLBACK ScriptUser::OnTimer(HWND, UINT, UINT_PTR, DWORD) noexcept {
     const ObjectPtr player = user->player_;
     player->Call(u"Step", {});
   } catch (...) {
-    // The check that follows in the script fails; here is why.
+    // Prints the reason; the script's next check fails.
     std::fprintf(stderr, "script_host: %s\n",
                  ToUtf8(windows::CurrentFailure().description).c_str());
   }

@@ -1,5 +1,5 @@
-// The user of a script: an object of the script whose Step is called again and again while a window
-// of the control waits for a user, and what it may do in that window.
+// The user of a script: an object of the script whose Step is called repeatedly while a window of
+// the control waits for a user, and the input that it may send.
 #pragma once
 
 #include <windows.h>
@@ -18,12 +18,12 @@ class ScriptUser {
   ScriptUser& operator=(const ScriptUser&) = delete;
 
   // From now on the player's Step is called, without arguments, whenever a form, a preview, a
-  // dialog of printing or a message box is active and the call before has returned. Null ends it.
+  // print dialog or a message box is active and the previous call has returned. Null ends it.
   // Throws AutomationError.
   void Play(ObjectPtr player);
 
   // In the active window: its class and title, the text of a control by id (0: the title), typing
-  // a text in its place, pressing a key in a control, a tool by its position from 1 or a button by
+  // a text into it, pressing a key in a control, a tool by its position from 1 or a button by
   // id, and closing by the frame. Texts are empty and nothing happens where there is no such
   // control.
   std::u16string WindowClass() const;

@@ -1,5 +1,4 @@
 // Tests of the control in the system's own container, AtlAxWin of atl.dll.
-// A container of the tests' own, which shows each call, is in hosting_test.cpp.
 #include <gtest/gtest.h>
 
 #include "tests/windows/raw_call.h"

@@ -1,5 +1,4 @@
-// Tests of the DLL's class objects and of when it may be unloaded.
-// The objects themselves are tested in files of their own.
+// Tests of the DLL's class objects and of unloading it.
 #include <gtest/gtest.h>
 #include <ole2.h>
 

@@ -1,5 +1,5 @@
 // Hosts that end the control inside one of its commands, in the WM_CLOSE that "Exit" sends or while
-// it waits for the user: site, window and every reference are gone before the command returns.
+// it waits for the user: site, window and every reference are released before the command returns.
 #include <windows.h>
 
 #include <commctrl.h>
@@ -46,7 +46,7 @@ class ClosingHost : public ::testing::Test {
     host_.Release();
     bar_.reset();
   }
-  // The host ends all as soon as a message box or a menu of this thread waits for the user.
+  // The host ends everything as soon as a message box or a menu of this thread waits for the user.
   void EndWhenTheUserIsAsked() {
     waiting_ = this;
     timer_ = SetTimer(nullptr, 0, 20, &OnTimer);
@@ -61,14 +61,14 @@ class ClosingHost : public ::testing::Test {
     EXPECT_TRUE(host_.library.CanUnload());
   }
 
-  // The end came from the timer, and nothing of the suite was asked behind it.
+  // The timer ended the control, and no call to the suite followed.
   void ExpectTheEndBehind(const std::string& lastCall) {
     EXPECT_EQ(waiting_, nullptr);
     ExpectTheEnd(0);
     const std::string log = host_.world.log.Text();
     EXPECT_NE(log.find(lastCall), std::string::npos) << log;
     EXPECT_EQ(log.find("t_voucher"), std::string::npos) << log;
-    // The first display's load is the only one.
+    // Only the first display loads.
     EXPECT_EQ(host_.world.log.Count(ExecuteLine(kTreeStatement)), 1U) << log;
   }
 
@@ -130,7 +130,7 @@ TEST_F(ClosingHost, MayEndAllOnAClickThatItForwards) {
 }
 
 TEST_F(ClosingHost, MayEndAllOnAClickOfTheBar) {
-  // The bar's own call keeps nothing but the bar.
+  // The bar's own call keeps only the bar alive.
   ObjectPtr bar = bar_;
   bar->Call(u"Click", {u"iExit"});
   bar.reset();

@@ -1,5 +1,5 @@
 // Tests of how the control finds the caption and the window of its container.
-// Which mode follows from the caption is told by the object type of the rights check.
+// The object type of the rights check shows the mode that follows from the caption.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -15,7 +15,7 @@ namespace {
 constexpr const char* kMaintenanceCheck = "ZEPEBCGLView.GLData.AccessCheck(10, 151, 4194304)";
 constexpr const char* kOtherCheck = "ZEPEBCGLView.GLData.AccessCheck(11, 151, 4194304)";
 
-// A host's own description of its window: Parent (itself), Caption, hWnd.
+// A host's own window object: Parent (itself), Caption, hWnd.
 class Described : public LocalObject<Described> {
  public:
   static std::span<const Member<Described>> Members() {

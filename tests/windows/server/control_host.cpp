@@ -1,5 +1,4 @@
-// The host's steps.
-// What the control must answer is said in the tests.
+// The steps of a host.
 #include "tests/windows/server/control_host.h"
 
 #include "windows/com/wide_text.h"

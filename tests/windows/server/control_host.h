@@ -23,7 +23,7 @@ class HostFrame {
   HostFrame& operator=(const HostFrame&) = delete;
 
   HWND Handle() const { return handle_; }
-  // Destroys the window now; harmless when it is gone.
+  // Destroys the window now; no-op if it is gone.
   void Destroy();
   // Runs at each WM_CLOSE, once it is logged.
   std::function<void()> onClose;
@@ -47,16 +47,16 @@ class ControlHost {
   HRESULT Close();
   // SetSite, DoVerb(show) and Show without a parent window.
   void Open();
-  // Drops the last reference.
+  // Releases the last reference.
   void Release() { control.attach(nullptr); }
 
   template <typename Interface>
   windows::ComPtr<Interface> As() const {
     return control.As<Interface>();
   }
-  // The control's window inside the frame; null when it is not there.
+  // The control's window inside the frame; null if there is none.
   HWND Window() const;
-  // The suite's calls since the last time, without those of the container.
+  // The calls to the suite since the last call, without those to the container.
   bool SuiteWasCalled() const { return world.factory.CallCount() > 0; }
 
   ControlWorld world;

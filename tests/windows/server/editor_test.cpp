@@ -1,5 +1,4 @@
 // The item class form behind addRecord and editRecord of the built DLL, over a real host window.
-// What the form does is tested with its window; here it is how it lives with controls and hosts.
 #include <gtest/gtest.h>
 
 #include <string>

@@ -1,5 +1,4 @@
-// Tests that a failing suite never harms the control: each of its calls fails once in turn.
-// What must be shown or kept in each case is tested with the core.
+// Tests that a failing suite never harms the control: each call to it fails once in turn.
 #include <gtest/gtest.h>
 
 #include "tests/windows/dialog_closer.h"

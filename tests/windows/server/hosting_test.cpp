@@ -1,5 +1,4 @@
 // Tests of the control's life in a container: creation, activation, sizes, end.
-// Its members are tested in members_test.cpp, failures of the suite in faults_test.cpp.
 #include <gtest/gtest.h>
 #include <olectl.h>
 

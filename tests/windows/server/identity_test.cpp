@@ -1,5 +1,4 @@
 // Tests of the rules of QueryInterface on the control, which has many interfaces in one object.
-// What the interfaces do is tested in files of their own.
 #include <gtest/gtest.h>
 #include <ocidl.h>
 #include <ole2.h>

@@ -1,5 +1,4 @@
-// The loading of the DLL and the calls of its entry points.
-// What they must do is said in the tests.
+// Loads the DLL and calls its entry points.
 #include "tests/windows/server/library.h"
 
 #include "tests/windows/system_call.h"

@@ -1,5 +1,4 @@
 // The built DLL under test, loaded by its file and used through its entry points.
-// Nothing of it is linked to the tests.
 #pragma once
 
 #include <windows.h>
@@ -25,7 +24,7 @@ class Library {
   HRESULT Install(bool install, const wchar_t* commandLine) const;
 
   windows::ComPtr<IClassFactory> ClassObject(REFCLSID classId) const;
-  // Null when it cannot be made.
+  // Null if it cannot be created.
   windows::ComPtr<IUnknown> Create(REFCLSID classId) const;
   // The control, as the interface that most tests use first.
   windows::ComPtr<IDispatch> NewPriceDown() const;

@@ -1,5 +1,4 @@
 // Tests of the control's public members, called early-bound and late-bound.
-// What the commands do is tested with the core; here it is that each reaches it, and how.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -22,7 +21,7 @@ using windows::ComPtr;
 using windows::SafeArray;
 using windows::Variant;
 
-// How often the display font was asked for again.
+// How often the display font was requested again.
 std::size_t FontRefreshes(const CallLog& log) {
   return log.Count(R"(dictionary.GetValue("RptFontSize", 9))");
 }
@@ -228,7 +227,7 @@ TEST_F(Members, FailuresArriveOnBothInterfaces) {
   EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID_IViewObject), S_FALSE);
 }
 
-// Keeps the bar that it is given to merge.
+// Records the bar that it receives for merging.
 class KeepingParent : public LocalObject<KeepingParent> {
  public:
   static std::span<const Member<KeepingParent>> Members() {
@@ -256,7 +255,7 @@ TEST(TheCommandBar, KeepsTheLibraryLoadedAsLongAsAHostHasIt) {
   host.Release();
   EXPECT_FALSE(host.library.CanUnload());
   EXPECT_EQ(ToText(parent->bar->Call(u"Tools", {u"iEdit"}).Object()->Get(u"Caption")), u"修改");
-  // Clicks after the control's end reach nobody.
+  // Clicks after the control's end have no effect.
   parent->bar->Call(u"Click", {u"iInsert"});
   parent->bar.reset();
   EXPECT_TRUE(host.library.CanUnload());

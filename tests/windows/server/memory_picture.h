@@ -1,4 +1,4 @@
-// A picture in memory that tells where something was drawn on it. What is drawn is not looked at.
+// A picture in memory that shows where something was drawn.
 #pragma once
 
 #include <windows.h>

@@ -1,5 +1,4 @@
-// Tests of what a document keeps of the control: its size, in three forms.
-// Sizes in a running container are tested in hosting_test.cpp.
+// Tests of persistence: the control's size, in three formats.
 #include <gtest/gtest.h>
 
 #include <map>
@@ -33,7 +32,7 @@ void Rewind(const ComPtr<IStream>& stream) {
   stream->Seek(LARGE_INTEGER{}, STREAM_SEEK_SET, nullptr);
 }
 
-// A bag that keeps what it is given.
+// A property bag in memory.
 class Bag final : public windows::ComClass<IPropertyBag> {
  public:
   STDMETHODIMP Read(LPCOLESTR name, VARIANT* value, IErrorLog*) noexcept override {

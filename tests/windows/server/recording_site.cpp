@@ -1,5 +1,4 @@
-// The answers of the recording container.
-// Calls that only log, or only fail the test, are in the header.
+// The recording container's replies.
 #include "tests/windows/server/recording_site.h"
 
 #include <olectl.h>

@@ -1,5 +1,5 @@
 // A container in one object: client site, in-place site, control site, frame, ambient properties.
-// It logs what it is asked; what the control has no business to ask fails the test.
+// Logs the control's calls; an unexpected call fails the test.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -32,14 +32,14 @@ class RecordingSite final : public windows::ComClass<IOleClientSite, IOleInPlace
   RecordingSite(CallLog log, HWND window, RECT position)
       : log_(std::move(log)), window_(window), position_(position) {}
 
-  // What the host answers.
+  // The host's replies.
   std::optional<Value> userMode;  // none: no such ambient property
   ObjectPtr extender;             // none: no extended control
   HRESULT canActivate = S_OK;
   HRESULT translates = S_FALSE;
   // The call that fails: as it is logged, or GetWindow or GetWindowContext.
   std::string refusedCall;
-  // Runs while the host is told of the activation.
+  // Runs while the host is notified of the activation.
   std::function<void()> onActivate;
 
   // IOleClientSite

@@ -1,5 +1,4 @@
-// Tests of what the DLL writes to the registry and takes away again.
-// That the entries work is tested by tests/wine/run-registration, with the system's own program.
+// Tests of what the DLL writes to the registry and removes again.
 #include <gtest/gtest.h>
 
 #include "tests/support/utf8.h"

@@ -1,5 +1,4 @@
-// The reading of the registry.
-// What should be there is said in registration_test.cpp.
+// Reads the registry.
 #include "tests/windows/server/registry_picture.h"
 
 #include <algorithm>

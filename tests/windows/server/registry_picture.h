@@ -1,5 +1,4 @@
-// The registered classes as lines, to see what an action adds or leaves behind.
-// It changes nothing.
+// The registered classes as lines, to see what an action adds or leaves.
 #pragma once
 
 #include <windows.h>
@@ -15,7 +14,7 @@ namespace pricedown::testing {
 // "KEY: NAME = TEXT" for each value, in UTF-8. Keys are relative to Software\Classes.
 std::set<std::string> RegisteredClasses(HKEY root, const std::vector<std::wstring>& marks);
 
-// The lines of `after` that `before` has not.
+// The lines of `after` that `before` lacks.
 std::set<std::string> Added(const std::set<std::string>& before,
                             const std::set<std::string>& after);
 

@@ -1,5 +1,4 @@
-// Tests that the type library, the member tables and the objects say the same.
-// What the members do is tested in members_test.cpp.
+// Tests that type library, member tables and objects agree.
 #include <gtest/gtest.h>
 
 #include <algorithm>

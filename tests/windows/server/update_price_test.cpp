@@ -1,5 +1,4 @@
 // Tests of the public class updatePrice, whose one name is an operation and a property.
-// What it reads is tested with the core.
 #include <gtest/gtest.h>
 
 #include "tests/control/control_fixture.h"

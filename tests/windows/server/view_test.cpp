@@ -1,5 +1,4 @@
-// Tests of drawing the control without its window on screen, and of what containers ask about it.
-// The picture's contents are tested with the windows.
+// Tests of drawing the control without its window on screen, and of containers' queries about it.
 #include <gtest/gtest.h>
 #include <olectl.h>
 
@@ -103,7 +102,7 @@ TEST(TheView, IsOpaqueAndHitInsideItsBounds) {
   EXPECT_EQ(hit, static_cast<DWORD>(HITRESULT_OUTSIDE));
 }
 
-// Tells when it is released.
+// Logs its release.
 class Sink final : public windows::ComClass<IAdviseSink> {
  public:
   int viewChanges = 0;

@@ -1,5 +1,4 @@
-// The timer behind the steps; a step that waits in a window of its own is not disturbed.
-// The one instance is found by its thread.
+// The timer behind the steps; a step that waits in its own window is not disturbed.
 #include "tests/windows/support/modal_steps.h"
 
 #include <gtest/gtest.h>

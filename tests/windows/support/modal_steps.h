@@ -1,5 +1,5 @@
-// Plays the user while a modal window runs its own messages: one step after the other, from a
-// timer. What a step does is the test's.
+// Plays the user while a modal window runs its own message loop: a timer runs one step after the
+// other.
 #pragma once
 
 #include <windows.h>
@@ -18,8 +18,8 @@ class ModalSteps {
   ModalSteps(const ModalSteps&) = delete;
   ModalSteps& operator=(const ModalSteps&) = delete;
 
-  // Whether all steps ran and the last one ended the modal window; one that is still there a while
-  // later is closed, so that the test goes on.
+  // Whether all steps ran and the last one closed the modal window. A window that is still open a
+  // while later is closed, so that the test continues.
   bool Ended() const { return next_ == steps_.size() && !forced_; }
 
  private:

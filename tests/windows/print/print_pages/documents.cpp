@@ -1,5 +1,5 @@
-// The rows of the documents.
-// How many fill a page is found by trying, so that no measure is repeated here.
+// The rows of the documents. How many fill a page is found by trying, so that no measure is
+// duplicated.
 #include "tests/windows/print/print_pages/documents.h"
 
 #include "browser/print_table.h"

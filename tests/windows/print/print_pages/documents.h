@@ -1,5 +1,4 @@
-// Ledger documents whose contents are known by their names.
-// They are filled as the control fills its own.
+// Ledger documents with known contents, by name.
 #pragma once
 
 #include <string>
@@ -15,13 +14,13 @@ inline constexpr const char16_t* kKnownDate = u"2008-03-31";
 class KnownDocument final : public LedgerDocument {
  public:
   // empty: titles alone; one: one row; full: as many rows as page 1 takes; more: one row more;
-  // many: 200 rows; wide: three rows of columns that want the paper turned. False for others.
+  // many: 200 rows; wide: three rows of columns that need landscape paper. False for others.
   bool Fill(std::string_view name, const Paper& paper, TextMeasurer& measurer);
 
  private:
   void FillRows(std::int32_t rows, std::int32_t nameWidth);
 
-  // Nothing is shown, and the printing is the program's.
+  // Nothing is shown; the program does the printing.
   void Preview() override {}
   void Print() override {}
 };

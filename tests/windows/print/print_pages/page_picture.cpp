@@ -1,4 +1,4 @@
-// The painter paints into a bitmap with 32 bits a pixel.
+// Paints into a bitmap with 32 bits per pixel.
 #include "tests/windows/print/print_pages/page_picture.h"
 
 #include <windows.h>

@@ -1,5 +1,4 @@
 // A page as the preview draws it, as a picture file.
-// The window around it is the preview's test.
 #pragma once
 
 #include <string>
