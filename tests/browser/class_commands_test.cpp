@@ -90,7 +90,7 @@ TEST_F(DeleteClass, ChangesNothingWhenTheAnswerIsNo) {
   EXPECT_EQ(log_.Text(), Lines(kQuestion + std::string("no\n")));
 }
 
-TEST_F(DeleteClass, ReloadsNothingWhenTheControlEndsBehindTheDeletes) {
+TEST_F(DeleteClass, ReloadsNothingWhenTheControlEndsAfterTheDeletes) {
   ScriptGuards(NoRow(), NoRow());
   AnswerNothing(factory_, kDeleteProvision);
   factory_.Object(u"ZEPConnection.AppConnection")
@@ -145,7 +145,7 @@ TEST_F(DeleteClass, RefusesWhenTheClassHasHistory) {
             "release ZEPConnection.AppConnection\n"));
 }
 
-TEST_F(DeleteClass, TakesAnUnknownCountForNone) {
+TEST_F(DeleteClass, TreatsAnUnknownCountAsZero) {
   factory_.Object(u"uncounted").On(u"RecordCount", -1);
   for (const std::u16string_view guard : {kVoucher, kHistory}) {
     factory_.Object(u"ZEPConnection.AppConnection")
@@ -188,7 +188,7 @@ TEST_F(DeleteClass, ReportsAGuardThatAnswersNoRecordset) {
 
 // A failure before the reload reaches the caller and ends the command. The reload ignores failures,
 // except when it selects the root.
-TEST_F(DeleteClass, EndsWhereAStepFailsAndLeavesTheRestUndone) {
+TEST_F(DeleteClass, StopsAtAFailingStepAndSkipsTheRest) {
   ScriptGuards(NoRow(), NoRow());
   ScriptDeletes();
   factory_.LogRecordsetCalls();

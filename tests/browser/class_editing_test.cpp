@@ -75,7 +75,7 @@ class ClassEditing : public BrowserFixture {
   ClassCommands commands_{environment_, state_, tree_, editor_};
 };
 
-TEST_F(ClassEditing, GivesTheEditorTwoEmptyWorkingRecordsForANewClass) {
+TEST_F(ClassEditing, PassesTheEditorTwoEmptyWorkingRecordsForANewClass) {
   factory_.LogRecordsetCalls();
   editor_.whileShown = [&] {
     const FormState& form = editor_.Shown().State();
@@ -99,7 +99,7 @@ TEST_F(ClassEditing, KeepsTheGridsClassWhileAnotherIsAdded) {
   EXPECT_EQ(log_.Count("release result"), 0u);
 }
 
-TEST_F(ClassEditing, GivesTheEditorTwoCopiesOfTheGridsRowsAndDropsThem) {
+TEST_F(ClassEditing, PassesTheEditorTwoCopiesOfTheGridsRowsAndReleasesThem) {
   factory_.LogRecordsetCalls();
   commands_.Edit();
   EXPECT_EQ(BeforeTheWindow(),
@@ -140,7 +140,7 @@ TEST_F(ClassEditing, CopiesEveryRowWhateverRowTheGridStandsOn) {
 }
 
 // Both values date from the control's creation; only the guards read them again.
-TEST_F(ClassEditing, HandsOverTheYearAndPeriodThatTheProcessShares) {
+TEST_F(ClassEditing, PassesTheYearAndPeriodThatTheProcessShares) {
   processState_.currentYear = 2009;
   processState_.currentPeriod = 12;
   commands_.Add();
@@ -228,7 +228,7 @@ TEST_F(ClassEditing, ReportsWhatFailsBesideTheCopiesOfAnEdit) {
   EXPECT_GT(shown, 100);
 }
 
-TEST_F(ClassEditing, CallsNothingBehindWhatFailsBeforeTheCopies) {
+TEST_F(ClassEditing, CallsNothingAfterAFailureBeforeTheCopies) {
   factory_.LogRecordsetCalls();
   std::string failed;
   FailEachCallInTurn([&](int failingCall) {
@@ -258,7 +258,7 @@ TEST_F(ClassEditing, CallsNothingBehindWhatFailsBeforeTheCopies) {
       )"));
 }
 
-TEST_F(ClassEditing, KeepsTheGridsClassWhenTheEditorCannotBeHad) {
+TEST_F(ClassEditing, KeepsTheGridsClassWhenTheEditorIsUnavailable) {
   factory_.FailCall(1);
   EXPECT_EQ(ErrorOf([&] { commands_.Add(); }), kInjectedFailure);
   EXPECT_EQ(log_.Text(), "editor form fails\n");

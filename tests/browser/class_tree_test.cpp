@@ -57,7 +57,7 @@ TEST_F(ClassTreeLoad, ReadsFieldByFieldWhereTheRecordsetHasNoBlocks) {
   EXPECT_EQ(Nodes(), (Texts{"gc0 物料", "gi01 01(原料)", "gi02 02(成品)"}));
 }
 
-TEST_F(ClassTreeLoad, TakesTheNameOfTheFirstRowOfAClass) {
+TEST_F(ClassTreeLoad, UsesTheNameInTheFirstRowOfAClass) {
   AnswerStatement(factory_, kTreeStatement, ClassRows({{u"01", u"甲"}, {u"01", u"乙"}}));
   tree_.LoadClassTree();
   EXPECT_EQ(Nodes(), (Texts{"gc0 物料", "gi01 01(甲)"}));
@@ -126,7 +126,7 @@ TEST_F(ClassTreeLoad, KeepsTheRecordsetUntilTheNextReload) {
   EXPECT_EQ(log_.Count("release result"), 1u);
 }
 
-TEST_F(ClassTreeLoad, GivesTheSameNodesWhenLoadedTwice) {
+TEST_F(ClassTreeLoad, LoadsTheSameNodesTheSecondTime) {
   AnswerStatement(factory_, kTreeStatement, ClassRows({{u"01", u"甲"}, {u"02", u"乙"}}));
   tree_.LoadClassTree();
   log_.Clear();
@@ -157,7 +157,7 @@ TEST_F(ClassTreeLoad, LeavesTheRootAloneWhenTheQueryFailsEvenAfterAnEarlierLoad)
   EXPECT_TRUE(treeView_.redraw);
 }
 
-TEST_F(ClassTreeLoad, LeavesTheRootAloneWhenTheConnectionCannotBeMadeOrAnswersNothing) {
+TEST_F(ClassTreeLoad, LeavesTheRootAloneWhenTheConnectionFailsOrReturnsNothing) {
   AnswerNothing(factory_, kTreeStatement);
   tree_.LoadClassTree();
   EXPECT_EQ(Nodes(), (Texts{"gc0 物料"}));
@@ -166,7 +166,7 @@ TEST_F(ClassTreeLoad, LeavesTheRootAloneWhenTheConnectionCannotBeMadeOrAnswersNo
   EXPECT_EQ(Nodes(), (Texts{"gc0 物料"}));
 }
 
-TEST_F(ClassTreeLoad, LeavesTheRootAloneWhenAColumnIsLacking) {
+TEST_F(ClassTreeLoad, LeavesTheRootAloneWhenAColumnIsMissing) {
   AnswerStatement(factory_, kTreeStatement, Rows({u"FitemClassNumber"}, {{u"01"}}));
   tree_.LoadClassTree();
   EXPECT_EQ(Nodes(), (Texts{"gc0 物料"}));
@@ -216,7 +216,7 @@ TEST_F(ClassTreeLoad, EndsInStepWithTheWindowWhateverFails) {
 }
 
 // A node that the window refused is inserted again with the class's next row.
-TEST_F(ClassTreeLoad, GoesOnWithTheNextRowWhenTheWindowRefusesANode) {
+TEST_F(ClassTreeLoad, ContinuesWithTheNextRowWhenTheWindowRefusesANode) {
   AnswerStatement(factory_, kTreeStatement,
                   ClassRows({{u"01", u"甲"}, {u"01", u"乙"}, {u"02", u"丙"}}));
   treeView_.refusedText = u"01(甲)";

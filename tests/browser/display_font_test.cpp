@@ -118,7 +118,7 @@ TEST_F(DisplayFontTest, AppliesASizeOnlyOnce) {
   EXPECT_EQ(log_.Count("font tree 宋体 14.0"), 1u);
 }
 
-TEST_F(DisplayFontTest, TakesNineWhenTheSettingsCannotBeRead) {
+TEST_F(DisplayFontTest, DefaultsToNineWhenTheSettingsCannotBeRead) {
   factory_.Refuses(u"ZEPEBCBASE.UserProfile");
   font_.Refresh();
   EXPECT_EQ(log_.Count("font tree 宋体 9.0"), 1u);
@@ -163,7 +163,7 @@ void PrintTo(const KeptFont& kept, std::ostream* stream) { *stream << kept.name;
 
 class RestoredFont : public DisplayFontTest, public ::testing::WithParamInterface<KeptFont> {};
 
-TEST_P(RestoredFont, LeavesAbsentAndBadPartsAsTheyAre) {
+TEST_P(RestoredFont, LeavesMissingAndInvalidPartsUnchanged) {
   ledger_.font = {u"宋体", 9, true, true};
   font_.Restore(GetParam().settings);
   EXPECT_EQ(FontInLog(ledger_.font), FontInLog(GetParam().expected));

@@ -31,7 +31,7 @@ TEST_F(GridObjectTest, ReadsAndSetsTheBlockInAnySpelling) {
   EXPECT_EQ(object_->Get(u"Row2"), Value(2));
 }
 
-TEST_F(GridObjectTest, TellsItsSizeAndTakesARowCount) {
+TEST_F(GridObjectTest, ReportsItsSizeAndAcceptsARowCount) {
   EXPECT_EQ(object_->Get(u"MaxCols"), Value(4));
   EXPECT_EQ(object_->Get(u"MaxRows"), Value(3));
   object_->Put(u"MaxRows", 7);
@@ -55,7 +55,7 @@ TEST_F(GridObjectTest, LocksAndColoursTheBlock) {
   EXPECT_EQ(object_->Get(u"BlockMode"), Value(false));
 }
 
-TEST_F(GridObjectTest, TakesAColourWithOrWithoutASign) {
+TEST_F(GridObjectTest, AcceptsAColourWithOrWithoutASign) {
   object_->Put(u"BackColor", 2147483672.0);
   EXPECT_EQ(grid_.Colour(1, 1), kTooltipBackground);
   object_->Put(u"BackColor", 255);
@@ -137,7 +137,7 @@ TEST_F(SelectBlockTest, SetsTheFourEndsInOrder) {
       )"));
 }
 
-TEST_F(SelectBlockTest, TakesTheWholeGridForMissingEnds) {
+TEST_F(SelectBlockTest, SelectsTheWholeGridWithoutEnds) {
   SelectBlock(grid_, Missing{}, Missing{}, Missing{}, Missing{});
   EXPECT_EQ(log_.Text(), Lines(R"(
       put grid.Col = 1
@@ -149,7 +149,7 @@ TEST_F(SelectBlockTest, TakesTheWholeGridForMissingEnds) {
       )"));
 }
 
-TEST_F(SelectBlockTest, PassesOnWhatItIsGivenAndLooksBehindReferences) {
+TEST_F(SelectBlockTest, PassesItsArgumentsOnAndFollowsReferences) {
   Value column(2.5);
   Value missing{Missing{}};
   SelectBlock(grid_, Value::ByReference(column), Value::ByReference(missing), u"7", Value());
@@ -162,7 +162,7 @@ TEST_F(SelectBlockTest, PassesOnWhatItIsGivenAndLooksBehindReferences) {
       )"));
 }
 
-TEST_F(SelectBlockTest, SkipsAFailingStepAndGoesOn) {
+TEST_F(SelectBlockTest, IgnoresAFailingStep) {
   FailEachCallInTurn([&](int failingCall) {
     const int before = factory_.CallCount();
     log_.Clear();

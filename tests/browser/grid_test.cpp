@@ -97,7 +97,7 @@ TEST_F(GridTest, LosesTheContentsOfRowsTakenAway) {
   EXPECT_EQ(Locks(), "---- ---- ");
 }
 
-TEST_F(GridTest, TakesANegativeRowCountForNone) {
+TEST_F(GridTest, TreatsANegativeRowCountAsZero) {
   grid_.SetMaxRows(2);
   grid_.SetMaxRows(-1);
   EXPECT_EQ(grid_.MaxRows(), 0);
@@ -164,7 +164,7 @@ TEST_F(GridTest, ClipsABlockToItsCells) {
   EXPECT_EQ(Locks(), "---- --LL ---- ");
 }
 
-TEST_F(GridTest, TakesMinusOneForAllRowsOrColumns) {
+TEST_F(GridTest, TreatsMinusOneAsAllRowsOrColumns) {
   grid_.SetMaxRows(2);
   SelectBlock(kAll, kAll, 2, 2);
   grid_.LockBlock(true);
@@ -174,7 +174,7 @@ TEST_F(GridTest, TakesMinusOneForAllRowsOrColumns) {
   EXPECT_EQ(Locks(), "L--- LLLL ");
 }
 
-TEST_F(GridTest, TakesMinusOneAtTheEndOfABlockForTheLastRowOrColumn) {
+TEST_F(GridTest, TreatsMinusOneAtTheEndOfABlockAsTheLastRowOrColumn) {
   grid_.SetMaxRows(3);
   grid_.SetBlockMode(true);
   SelectBlock(3, kAll, 2, kAll);
@@ -182,7 +182,7 @@ TEST_F(GridTest, TakesMinusOneAtTheEndOfABlockForTheLastRowOrColumn) {
   EXPECT_EQ(Locks(), "---- --LL --LL ");
 }
 
-TEST_F(GridTest, GivesNoAttributeToABlockWithoutCells) {
+TEST_F(GridTest, SetsNoAttributeOnABlockWithoutCells) {
   grid_.SetBlockMode(true);
   SelectBlock(1, 3, 1, 0);
   grid_.LockBlock(true);
@@ -195,7 +195,7 @@ TEST_F(GridTest, GivesNoAttributeToABlockWithoutCells) {
   EXPECT_EQ(Locks(), "---- ---- ");
 }
 
-TEST_F(GridTest, TellsTheWindowOfEachChange) {
+TEST_F(GridTest, NotifiesTheWindowOfEachChange) {
   grid_.Attach(&view_);
   grid_.SetMaxRows(2);
   grid_.SetText(1, 1, u"甲");
@@ -216,7 +216,7 @@ TEST_F(GridTest, TellsTheWindowOfEachChange) {
       )"));
 }
 
-TEST_F(GridTest, TellsTheWindowOnceWhenRedrawingComesBack) {
+TEST_F(GridTest, NotifiesTheWindowOnceWhenRedrawResumes) {
   grid_.Attach(&view_);
   grid_.SetRedraw(false);
   grid_.SetMaxRows(2);
@@ -235,14 +235,14 @@ TEST_F(GridTest, TellsTheWindowOnceWhenRedrawingComesBack) {
   EXPECT_EQ(log_.Size(), 2u);
 }
 
-TEST_F(GridTest, TellsNothingToAWindowThatWasDetached) {
+TEST_F(GridTest, NotifiesNoDetachedWindow) {
   grid_.Attach(&view_);
   grid_.Attach(nullptr);
   grid_.SetMaxRows(2);
   EXPECT_EQ(log_.Text(), "");
 }
 
-TEST_F(GridTest, TellsNothingMoreToAWindowThatLeavesWhenItIsTold) {
+TEST_F(GridTest, StopsNotifyingAWindowThatDetachesInANotification) {
   struct LeavingView : GridView {
     explicit LeavingView(Grid& theGrid) : grid(theGrid) {}
     void GridChanged() override { grid.Attach(nullptr); }
@@ -258,7 +258,7 @@ TEST_F(GridTest, TellsNothingMoreToAWindowThatLeavesWhenItIsTold) {
   EXPECT_EQ(view.metrics, 0);
 }
 
-TEST_F(GridTest, TellsOfALongFillNobodyWhoDoesNotShowOne) {
+TEST_F(GridTest, ReportsNoProgressToAWindowThatShowsNone) {
   grid_.NotifyFilling();
   grid_.Attach(&view_);
   grid_.NotifyFilling();

@@ -57,7 +57,7 @@ TEST_F(ItemGridTest, ListsTheItemsOfTheSelectedClass) {
   EXPECT_TRUE(state_.itemRecordset);
 }
 
-TEST_F(ItemGridTest, TellsItsViewNowAndThenThatALongListIsBeingFilled) {
+TEST_F(ItemGridTest, ReportsProgressDuringALongFill) {
   struct CountingView : GridView {
     void GridChanged() override {}
     void GridMetricsChanged() override {}
@@ -83,7 +83,7 @@ TEST_F(ItemGridTest, ListsAllItemsWhenProvisionsAreKeptByItem) {
   EXPECT_EQ(grid_.Cells().MaxRows(), 2);
 }
 
-TEST_F(ItemGridTest, AsksForTheClassNumberedZeroAtTheRoot) {
+TEST_F(ItemGridTest, QueriesTheClassNumberedZeroAtTheRoot) {
   AnswerStatement(factory_, kItemsOfRoot, ItemRows({}));
   grid_.LoadItemGrid(u"gc0");
   EXPECT_EQ(log_.Count(ExecuteLine(kItemsOfRoot)), 1u);
@@ -124,7 +124,7 @@ TEST_F(ItemGridTest, EmptiesTheGridForAClassWithoutItems) {
   EXPECT_TRUE(processState_.loading);
 }
 
-TEST_F(ItemGridTest, TakesAnUnknownRecordCountForNoRows) {
+TEST_F(ItemGridTest, TreatsAnUnknownRecordCountAsNoRows) {
   factory_.Object(u"uncounted").On(u"RecordCount", -1).On(u"EOF", true);
   factory_.Object(u"ZEPConnection.AppConnection")
       .On(u"Execute", Arguments({kItemsOf01}), factory_.Answering(u"uncounted"));
@@ -188,7 +188,7 @@ TEST_F(ItemGridTest, LocksNothingForAnyOtherScopeAtStart) {
   EXPECT_EQ(Locks(), "LLLL ");
 }
 
-TEST_F(ItemGridTest, ReleasesTheEarlierRowsBeforeItAsksForOthers) {
+TEST_F(ItemGridTest, ReleasesTheEarlierRowsBeforeItQueriesOthers) {
   AnswerStatement(factory_, kItemsOf01, ItemRows(kTwoItems));
   grid_.LoadItemGrid(u"gi01");
   log_.Clear();
@@ -263,7 +263,7 @@ TEST_F(ItemGridTest, ShowsAMessageWhenNoRecordsetComes) {
 }
 
 // Each failure shows exactly one message and throws nothing; a later load repairs everything.
-TEST_F(ItemGridTest, TellsOfEachFailureAndRecovers) {
+TEST_F(ItemGridTest, ReportsEachFailureAndRecovers) {
   factory_.LogRecordsetCalls();
   for (const bool blocks : {true, false}) {
     ScriptedRows rows = ItemRows(kTwoItems);
@@ -320,7 +320,7 @@ TEST_F(ItemGridTest, DropsRowsRecordsetAndObjectWhenReleased) {
   EXPECT_THROW(object->Get(u"MaxRows"), std::exception);
 }
 
-TEST_F(ItemGridTest, LeavesAHostWithAnObjectThatFailsWhenItIsGone) {
+TEST_F(ItemGridTest, MakesTheHostsObjectFailOnceItIsGone) {
   ObjectPtr object;
   {
     ItemGrid shortLived(environment_, state_);

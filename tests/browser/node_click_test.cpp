@@ -20,7 +20,7 @@ class NodeClick : public BrowserFixture {
   static constexpr NodeIndex kClass01 = 3;
 };
 
-TEST_F(NodeClick, FillsTheGridUnderTheHourglassAndLetsMessagesRun) {
+TEST_F(NodeClick, FillsTheGridUnderTheHourglassAndProcessesMessages) {
   bool busyWhileMessagesRun = true;
   screen_.onMessages = [&] { busyWhileMessagesRun = state_.busy; };
   tree_.NodeClick(kClass01);
@@ -165,7 +165,7 @@ TEST_F(NodeClick, RefreshesTheNodeOfTheLastClickWithoutReloadingTheTree) {
                                "screen pointer 0\n"));
 }
 
-TEST_F(NodeClick, RefreshesWhateverBecomesOfThePointer) {
+TEST_F(NodeClick, RefreshesEvenIfThePointerFails) {
   tree_.NodeClick(kClass01);
   log_.Clear();
   factory_.FailCall(1);

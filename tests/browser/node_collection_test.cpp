@@ -21,7 +21,7 @@ TEST(NodeCollection, NumbersNodesFromOneInTheOrderOfAdding) {
   EXPECT_EQ(nodes.At(1).parent, kNoNode);
 }
 
-TEST(NodeCollection, RefusesAKeyThatIsTakenAndKeepsTheFirstNode) {
+TEST(NodeCollection, RefusesADuplicateKeyAndKeepsTheFirstNode) {
   NodeCollection nodes;
   nodes.Add(kNoNode, u"gc0", u"物料");
   nodes.Add(1, u"gi01", u"01(甲)");
@@ -30,7 +30,7 @@ TEST(NodeCollection, RefusesAKeyThatIsTakenAndKeepsTheFirstNode) {
   EXPECT_EQ(Utf8(nodes.At(nodes.Find(u"gi01")).text), "01(甲)");
 }
 
-TEST(NodeCollection, TellsKeysApartByCaseAndBlanks) {
+TEST(NodeCollection, DistinguishesKeysByCaseAndBlanks) {
   NodeCollection nodes;
   EXPECT_EQ(nodes.Add(kNoNode, u"gia", u""), 1);
   EXPECT_EQ(nodes.Add(kNoNode, u"giA", u""), 2);
@@ -39,7 +39,7 @@ TEST(NodeCollection, TellsKeysApartByCaseAndBlanks) {
   EXPECT_EQ(nodes.Find(u"gib"), kNoNode);
 }
 
-TEST(NodeCollection, TakesBackTheLastNodeWithItsKey) {
+TEST(NodeCollection, RemovesTheLastNodeWithItsKey) {
   NodeCollection nodes;
   nodes.Add(kNoNode, u"gc0", u"");
   nodes.Add(1, u"gi01", u"");

@@ -252,7 +252,7 @@ TEST_F(PrintCommandsTest, TouchNothingOnceReleased) {
   EXPECT_EQ(log_.Text(), "");
 }
 
-TEST_F(PrintCommandsTest, TellNobodyOfAFailureOnceReleased) {
+TEST_F(PrintCommandsTest, ReportNoFailureOnceReleased) {
   ledger_.onPreview = [&] {
     commands_.Release();
     throw AutomationError(ErrorNumber::Unspecified, u"late");

@@ -86,7 +86,7 @@ TEST_F(PrintDocument, SetsHeaderAndFooterInTheSuitesTitleFont) {
   EXPECT_EQ(ledger_.fonts[2], (PageFont{u"新細明體", 9, false, false, false, 136}));
 }
 
-TEST_F(PrintDocument, SetsHeaderAndFooterInSongWhenTheSuiteGivesNoFont) {
+TEST_F(PrintDocument, SetsHeaderAndFooterInSongWhenTheSuiteHasNoFont) {
   ledger_.Appearance().font = {u"楷体", 12, true, true};
   commands_.Print();
   EXPECT_EQ(ledger_.fonts[1], (PageFont{u"宋体", 20, true, false, true}));
@@ -100,7 +100,7 @@ TEST_F(PrintDocument, TakesNoCharacterSetWithoutItsFont) {
   EXPECT_EQ(ledger_.fonts[1], (PageFont{u"宋体", 20, true, false, true, kAnyCharset}));
 }
 
-TEST_F(PrintDocument, TellsOfATextThatCannotBeMeasured) {
+TEST_F(PrintDocument, ReportsATextThatCannotBeMeasured) {
   ledger_.measurer.failingCall = 3;
   commands_.Preview();
   EXPECT_EQ(log_.Text(),

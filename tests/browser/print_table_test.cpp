@@ -74,7 +74,7 @@ TEST_F(PrintTableTest, OfAnEmptyGridHasTheTitlesAlone) {
       )"));
 }
 
-TEST_F(PrintTableTest, TakesTheWidthsOfTheGridTimesOneHundredAndFifty) {
+TEST_F(PrintTableTest, MultipliesTheGridsWidthsByOneHundredAndFifty) {
   Cells().SetColumnWidth(1, 0);
   Cells().SetColumnWidth(2, 0.01);
   Cells().SetColumnWidth(3, 12.35);
@@ -86,7 +86,7 @@ TEST_F(PrintTableTest, TakesTheWidthsOfTheGridTimesOneHundredAndFifty) {
   EXPECT_EQ(log_.Count("ledger width 4 38250"), 1u);
 }
 
-TEST_F(PrintTableTest, FailsForAWidthThatNoLedgerTakes) {
+TEST_F(PrintTableTest, FailsForAWidthThatNoLedgerAccepts) {
   Cells().SetColumnWidth(2, 1E8);
   EXPECT_THROW(FillPrintTable(Cells(), ledger_), AutomationError);
   EXPECT_EQ(log_.Lines().back(), "ledger width 1 1800");
@@ -102,7 +102,7 @@ TEST_F(PrintTableTest, ShowsTheCodesThatTheGridShows) {
   EXPECT_EQ(log_.Count("ledger row 3 \"002|螺母|M10||\""), 1u);
 }
 
-TEST_F(PrintTableTest, HandsASeparatorInsideATextOverAsItIs) {
+TEST_F(PrintTableTest, PassesASeparatorInsideATextUnchanged) {
   Row(1, {u"A|B", u"|", u"M8", u"1"});
   Filled();
   EXPECT_EQ(log_.Count("ledger row 2 \"A|B|||M8|1|\""), 1u);

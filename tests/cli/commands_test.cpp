@@ -50,7 +50,7 @@ TEST_F(Commands, CreateThenInfoShowsTheSampleCompany) {
   }
 }
 
-TEST_F(Commands, CreateTakesASize) {
+TEST_F(Commands, CreateAcceptsASize) {
   CreateCompany();
   EXPECT_EQ(Run({"info", Company()}), kDone);
   EXPECT_NE(out_.str().find("物料: 5\n"), std::string::npos) << out_.str();

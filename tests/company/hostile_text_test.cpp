@@ -78,7 +78,7 @@ TEST_F(HostileText, StartsFromStatementsThatRun) {
   }
 }
 
-TEST_F(HostileText, ChangesNothingBehindAChangeWhenItEndsInTheMiddle) {
+TEST_F(HostileText, ChangesNothingMoreWhenTheTextEndsInTheMiddle) {
   // If the text ran before it was read to its end, the leading delete would show.
   const std::string before = Everything();
   int refused = 0;

@@ -117,7 +117,7 @@ TEST_F(OdbcDatabase, ReadsTextsLongerThanItsBuffer) {
   }
 }
 
-TEST_F(OdbcDatabase, TakesAChangeWithoutRowsAsDone) {
+TEST_F(OdbcDatabase, AcceptsAChangeWithoutRows) {
   Execute("create table t(a integer)");
   EXPECT_EQ(Execute("delete from t where a=1").ColumnCount(), 0U);
   EXPECT_EQ(Execute("update t set a=2").ColumnCount(), 0U);

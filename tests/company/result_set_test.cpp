@@ -38,7 +38,7 @@ TEST(ResultSet, FindsColumnsInAnyCase) {
   EXPECT_FALSE(result.FindColumn(u"").has_value());
 }
 
-TEST(ResultSet, TellsKindsApart) {
+TEST(ResultSet, DistinguishesKinds) {
   ResultSet result = TwoColumns();
   result.AddRow();
   result.SetText(0, u"");

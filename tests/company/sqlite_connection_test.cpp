@@ -204,7 +204,7 @@ TEST_F(SqliteCompany, SavesTensOfThousandsOfRowsInOneText) {
   EXPECT_EQ(company_.Rows("select count(*),max(FItemID) from icPriceDownClass"), "20000|19999\n");
 }
 
-TEST_F(SqliteCompany, TakesAListOfTensOfThousandsOfItems) {
+TEST_F(SqliteCompany, AcceptsAListOfTensOfThousandsOfItems) {
   company_.Execute(
       "insert into t_ICItem(FItemID,FNumber,FErpClsID) values(20001,'a',1)"
       "insert into t_ICItem(FItemID,FNumber,FErpClsID) values(500,'b',1)");
@@ -232,7 +232,7 @@ TEST(SqliteCompanyFile, MustBeADatabase) {
   std::filesystem::remove(path);
 }
 
-TEST(OpenConnection, TakesAPathForACompanyFile) {
+TEST(OpenConnection, OpensAPathAsACompanyFile) {
   testing::CompanyFile file;
   const std::unique_ptr<Connection> connection = OpenConnection(file.Path());
   EXPECT_NE(dynamic_cast<SqliteConnection*>(connection.get()), nullptr);

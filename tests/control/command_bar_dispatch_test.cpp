@@ -236,7 +236,7 @@ TEST_F(Dispatch, LaysOutNothingOnceTheListenerHasClosedTheControl) {
   EXPECT_EQ(world_.log.Count("view place"), 0u) << world_.log.Text();
 }
 
-TEST_F(Dispatch, TellsTheListenerOfARefreshByKeyAsOfAClick) {
+TEST_F(Dispatch, NotifiesTheListenerOfARefreshByKeyAsOfAClick) {
   Start();
   std::string told;
   world_.factory.Object(u"listener").On(u"ToolClicked", Reply::From([&](auto arguments) {

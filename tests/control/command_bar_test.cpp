@@ -90,7 +90,7 @@ TEST_F(CommandBarTest, FindsBandsAndToolsByIndexOrName) {
   EXPECT_EQ(TextOf(Of(Tools(), u"Item", {Value::ByReference(index)}), u"Name"), "\"iEdit\"");
 }
 
-TEST_F(CommandBarTest, TakesALeftOutIndexForTheCollection) {
+TEST_F(CommandBarTest, ReturnsTheCollectionWithoutAnIndex) {
   EXPECT_EQ(TextOf(Of(bar_, u"Tools", {Missing{}}), u"Count"), "4");
 }
 
@@ -106,7 +106,7 @@ TEST_F(CommandBarTest, RefusesWhatIsNotThere) {
   EXPECT_THROW(bar_->Get(u"Menus"), AutomationError);
 }
 
-TEST_F(CommandBarTest, GivesTextsOnlyToAToolThatHasNone) {
+TEST_F(CommandBarTest, SetsTextsOnlyOfAToolThatHasNone) {
   bar_->Add({u"iToolBar", u"", u"", u""})->SetChecked(false);
   const ObjectPtr tool = Of(Tools(), u"Add", {u"iToolBar", u"工具条", u"查看"});
   EXPECT_EQ(Described(tool), R"("iToolBar" "工具条" "" "查看" )");
@@ -117,7 +117,7 @@ TEST_F(CommandBarTest, GivesTextsOnlyToAToolThatHasNone) {
   EXPECT_EQ(Described(Of(Tools(), u"Item", {u"iInsert"})), R"("iInsert" "新增" "" "" )");
 }
 
-TEST_F(CommandBarTest, TakesToolsOfTheHostWithoutChangingItsBand) {
+TEST_F(CommandBarTest, AcceptsToolsOfTheHostWithoutChangingItsBand) {
   const ObjectPtr added = Of(Tools(), u"Add", {u"iToolBar", u"工具栏", u"查看"});
   EXPECT_EQ(Described(added), R"("iToolBar" "工具栏" "" "查看" )");
   EXPECT_EQ(TextOf(Tools(), u"Count"), "5");
@@ -149,7 +149,7 @@ TEST_F(CommandBarTest, LetsHostsSwitchTheStatesAndNothingElse) {
   EXPECT_THROW(tool->Put(u"Checked", u"maybe"), AutomationError);
 }
 
-TEST_F(CommandBarTest, TellsTheListenerOfEachChangeOfAnyToolAlsoOfLaterOnes) {
+TEST_F(CommandBarTest, NotifiesTheListenerOfEachChangeOfAnyToolEvenAddedLater) {
   bar_->PutReference(u"Listener", listener_);
   const ObjectPtr cut = Of(bar_, u"Tools", {u"iCut"});
   cut->Put(u"Enabled", false);
@@ -162,7 +162,7 @@ TEST_F(CommandBarTest, TellsTheListenerOfEachChangeOfAnyToolAlsoOfLaterOnes) {
                                       "changed iCut off hidden", "changed iToolBar on checked"}));
 }
 
-TEST_F(CommandBarTest, TellsTheListenerOfAClickWhenItsCommandIsOver) {
+TEST_F(CommandBarTest, NotifiesTheListenerOfAClickAfterItsCommand) {
   bar_->OnClick([&](const ObjectPtr&) { listener_->heard.push_back("command"); });
   bar_->PutReference(u"Listener", listener_);
   bar_->Call(u"Click", {u"iEdit"});
@@ -171,7 +171,7 @@ TEST_F(CommandBarTest, TellsTheListenerOfAClickWhenItsCommandIsOver) {
                                                         "clicked iCut on"}));
 }
 
-TEST_F(CommandBarTest, TellsNoListenerOfAClickThatDoesNothingOrFails) {
+TEST_F(CommandBarTest, NotifiesNoListenerOfAClickThatDoesNothingOrFails) {
   bar_->PutReference(u"Listener", listener_);
   bar_->Call(u"Click", {u"iEdit"});  // no handler yet
   bar_->OnClick([](const ObjectPtr&) { throw AutomationError(ErrorNumber::Unspecified, u"no"); });
@@ -212,7 +212,7 @@ TEST_F(CommandBarTest, HasOneListenerUntilItGetsAnotherOrNone) {
   }
 }
 
-TEST_F(CommandBarTest, HasNobodyToTellOfAClickOnAToolOfNoBar) {
+TEST_F(CommandBarTest, IgnoresAClickOnAToolOfNoBar) {
   const auto tool =
       std::make_shared<CommandBarTool>(CommandBarTool::Definition{u"iPrint", {}, {}, {}});
   tool->SetChecked(true);
@@ -220,7 +220,7 @@ TEST_F(CommandBarTest, HasNobodyToTellOfAClickOnAToolOfNoBar) {
   EXPECT_TRUE(tool->Checked());
 }
 
-TEST_F(CommandBarTest, LetsGoOfItsListenerForGoodWhenItIsDetached) {
+TEST_F(CommandBarTest, ReleasesItsListenerWhenItIsDetached) {
   bar_->PutReference(u"Listener", listener_);
   bar_->Detach();
   EXPECT_EQ(listener_.use_count(), 1);
@@ -242,7 +242,7 @@ TEST_F(CommandBarTest, MayGetAnotherListenerInsideACall) {
   EXPECT_EQ(next->heard, std::vector<std::string>{"changed iCut on"});
 }
 
-TEST_F(CommandBarTest, HandsAClickedToolToItsHandler) {
+TEST_F(CommandBarTest, PassesAClickedToolToItsHandler) {
   std::vector<ObjectPtr> clicked;
   bar_->OnClick([&](const ObjectPtr& tool) { clicked.push_back(tool); });
   bar_->Call(u"Click", {u"iEdit"});

@@ -80,7 +80,7 @@ TEST_F(DeleteCommand, RunsWholeForTheBarsTool) {
 }
 
 // The command selects the root; the reload after every click selects nothing again.
-TEST_F(DeleteCommand, LeavesNothingSelectedBehindItsSecondReload) {
+TEST_F(DeleteCommand, LeavesNothingSelectedAfterItsSecondReload) {
   StartDeletable();
   Control().ToolStripButtonClicked(u"Del");
   EXPECT_EQ(world_.log.Count("tree select 1"), 1u);
@@ -95,7 +95,7 @@ TEST_F(DeleteCommand, EndsWithTheRootForTheHostsOwnCall) {
   EXPECT_EQ(world_.treeView.selected, 1);
 }
 
-TEST_F(DeleteCommand, ReloadsOnceBehindARefusal) {
+TEST_F(DeleteCommand, ReloadsOnceAfterARefusal) {
   struct Refusal {
     bool voucher;
     const char* message;

@@ -39,7 +39,7 @@ TEST_F(Dispatch, RunsACommandWithItsOwnRightAlone) {
   EXPECT_EQ(run(u"Del", "65536"), "");
 }
 
-TEST_F(Dispatch, DoesNotReloadBehindACommandThatFails) {
+TEST_F(Dispatch, DoesNotReloadAfterACommandThatFails) {
   Start();
   world_.factory.FailCall(2);
   EXPECT_NE(FailureOf([&] { Control().ToolStripButtonClicked(u"Add"); }), "");
@@ -105,7 +105,7 @@ TEST_F(Dispatch, AsksBeforeDeletingThroughTheStripAndReloadsAfterNo) {
                 Reload());
 }
 
-TEST_F(Dispatch, DeletesNothingOnceTheControlHasEndedBehindTheQuestion) {
+TEST_F(Dispatch, DeletesNothingOnceTheControlHasEndedDuringTheQuestion) {
   Start();
   world_.questions.whileAsked = [this] { Control().Terminate(); };
   world_.questions.WillAnswer({true});
@@ -114,7 +114,7 @@ TEST_F(Dispatch, DeletesNothingOnceTheControlHasEndedBehindTheQuestion) {
   EXPECT_EQ(world_.log.Text().find("delete"), std::string::npos) << world_.log.Text();
 }
 
-TEST_F(Dispatch, DeletesNothingOnceTheControlIsGoneBehindTheQuestion) {
+TEST_F(Dispatch, DeletesNothingOnceTheControlIsGoneDuringTheQuestion) {
   Start();
   world_.questions.whileAsked = [this] {
     Control().ItemCells().Attach(nullptr);

@@ -6,7 +6,7 @@ namespace pricedown::testing {
 namespace {
 
 // The editor's tests have the calls of loading the form.
-TEST_F(Dispatch, ReloadsTheTreeAndRepaintsTheGridBehindTheEditor) {
+TEST_F(Dispatch, ReloadsTheTreeAndRepaintsTheGridAfterTheEditor) {
   Start();
   std::size_t atTheEnd = 0;
   world_.editor.whileShown = [&] { atTheEnd = world_.log.Size(); };
@@ -38,7 +38,7 @@ TEST_F(Dispatch, ReloadsNothingItselfForTheHostsOwnCalls) {
   EXPECT_EQ(world_.log.Count("tree redraw off"), 0u);
 }
 
-TEST_F(Dispatch, AsksForAClassInASecondEditAndReloadsAllTheSame) {
+TEST_F(Dispatch, AsksForAClassInASecondEditAndReloadsAnyway) {
   Start();
   Control().ToolStripButtonClicked(u"Edit");
   world_.log.Clear();
@@ -67,7 +67,7 @@ TEST_F(Dispatch, OpensTheEditorForTheHostsToolsThroughTheStrip) {
   EXPECT_EQ(world_.log.Count("editor show mode 0 \"01\" 2008/3"), 1u);
 }
 
-TEST_F(Dispatch, TouchesNothingWhenTheControlEndedBehindTheEditor) {
+TEST_F(Dispatch, TouchesNothingWhenTheControlEndedDuringTheEditor) {
   for (const std::u16string_view key : {u"Add", u"Edit"}) {
     ControlWorld world;
     world.CreateAndInitialize();

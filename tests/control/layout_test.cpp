@@ -102,7 +102,7 @@ bool Holds(const Rectangle& outer, const Rectangle& inner) {
          std::int64_t{inner.top} + inner.height <= std::int64_t{outer.top} + outer.height;
 }
 
-TEST(Layout, KeepsEveryRectangleInsideAndApartAtEverySize) {
+TEST(Layout, KeepsRectanglesInsideAndSeparateAtEverySize) {
   for (const SizeCase& size : Sizes()) {
     for (const std::int32_t splitter : {-5, 0, 1680, 3600, 50000, kMost}) {
       for (const int visible : {0, 1, 2, 3}) {
@@ -152,7 +152,7 @@ struct ClampCase {
   std::int32_t expected;
 };
 
-TEST(ClampSplitter, KeepsBothPanesTheirLeastWidth) {
+TEST(ClampSplitter, KeepsBothPanesAtTheirMinimumWidth) {
   for (const ClampCase& clamp : std::vector<ClampCase>{
            {100, 12000, 1680},
            {1679, 12000, 1680},

@@ -87,7 +87,7 @@ void PrintTo(const FlagCase& flag, std::ostream* stream) { *stream << flag.name;
 
 class FullNumber : public ::testing::TestWithParam<FlagCase> {};
 
-TEST_P(FullNumber, SaysThatShortNumbersAreNotInUse) {
+TEST_P(FullNumber, IsTrueUnlessShortNumbersAreUsed) {
   ControlWorld world;
   world.company.useShortNumber = GetParam().given;
   world.CreateAndInitialize();

@@ -30,7 +30,7 @@ TEST_F(Printing, PrintsTheGrid) {
   EXPECT_EQ(world_.log.Text(), Filling() + "ledger print\n");
 }
 
-TEST_F(Printing, AnswersTheStripBehindTheRightAndReloads) {
+TEST_F(Printing, RunsFromTheStripAfterTheRightsCheckAndReloads) {
   Start();
   for (const auto& [key, call] :
        {std::pair{u"Print", "ledger print\n"}, std::pair{u"PrintView", "ledger preview\n"}}) {
@@ -71,7 +71,7 @@ TEST_F(Printing, WorksWhereTheClassCommandsAreDisabled) {
   EXPECT_EQ(world_.log.Count("ledger row 3 \"01.002|螺母|M10||\""), 3u) << world_.log.Text();
 }
 
-TEST_F(Printing, TellsTheUserOfAFailureAndNotTheHost) {
+TEST_F(Printing, ReportsAFailureToTheUserOnly) {
   Start();
   world_.factory.FailCall(11);
   EXPECT_EQ(FailureOf([&] { Control().PrintPara(); }), "");
@@ -87,7 +87,7 @@ TEST_F(Printing, RestoresAKeptFontOnTheLedger) {
   EXPECT_EQ(world_.ledger.appearance.font, (Font{u"楷体", 12, true, false}));
 }
 
-TEST_F(Printing, GivesTheLedgerTheReportSize) {
+TEST_F(Printing, SetsTheReportSizeOfTheLedger) {
   world_.company.reportSize = u"18";
   world_.fontView.labelHeight = 450;
   Start();
@@ -107,7 +107,7 @@ TEST_F(Printing, ShowsAFontChangedInThePreviewAtOnceAndKeepsIt) {
       << world_.log.Text();
 }
 
-TEST_F(Printing, LeavesAControlAloneThatEndedBehindThePreview) {
+TEST_F(Printing, LeavesAControlAloneThatEndedDuringThePreview) {
   Start();
   world_.ledger.onPreview = [&] {
     world_.ledger.appearance.font.size = 20;
@@ -119,7 +119,7 @@ TEST_F(Printing, LeavesAControlAloneThatEndedBehindThePreview) {
   EXPECT_EQ(world_.log.Text(), "");
 }
 
-TEST_F(Printing, OutlivesAHostThatLetsGoBehindThePreview) {
+TEST_F(Printing, SurvivesAHostThatReleasesItDuringThePreview) {
   std::shared_ptr<PriceDown> host;
   world_.hold = [&] { return host; };
   Start();
@@ -136,7 +136,7 @@ TEST_F(Printing, OutlivesAHostThatLetsGoBehindThePreview) {
   EXPECT_EQ(world_.log.Count("font tree 宋体 20.0"), 1u);
 }
 
-TEST_F(Printing, OutlivesAHostThatLetsGoWhileItPrints) {
+TEST_F(Printing, SurvivesAHostThatReleasesItWhileItPrints) {
   std::shared_ptr<PriceDown> host;
   world_.hold = [&] { return host; };
   Start();

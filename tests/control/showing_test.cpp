@@ -72,7 +72,7 @@ TEST_F(Show, RunsItsStepsInOrder) {
   EXPECT_EQ(world_.state.dataScope, 2);
 }
 
-TEST_F(Show, TakesTheMaintenanceModeFromTheTrimmedCaption) {
+TEST_F(Show, ReadsTheMaintenanceModeFromTheTrimmedCaption) {
   world_.container.caption = u"  物料类别维护 ";
   Initialize();
   world_.control->Show(nullptr);
@@ -85,7 +85,7 @@ TEST_F(Show, TakesTheMaintenanceModeFromTheTrimmedCaption) {
   EXPECT_EQ(Utf8(world_.state.treeSelectionKey), "NodeSel1");
 }
 
-TEST_F(Show, TakesTheOtherModeForAnyOtherCaption) {
+TEST_F(Show, UsesTheOtherModeForAnyOtherCaption) {
   for (const std::u16string_view caption :
        {u"物料类别查询", u"", u"物料类别维护1", u"物料 类别维护"}) {
     ControlWorld world;
@@ -113,7 +113,7 @@ TEST_F(Show, MergesNothingWithoutAParentObject) {
   EXPECT_EQ(world_.log.Text(), "");
 }
 
-TEST_F(Show, TakesAParentByReference) {
+TEST_F(Show, AcceptsAParentByReference) {
   Initialize();
   Value parent(world_.NewParent());
   EXPECT_TRUE(world_.control->Show(Value::ByReference(parent)));
@@ -129,7 +129,7 @@ TEST_F(Show, KeepsAParentThatRefusesTheToolbar) {
   EXPECT_THROW(world_.control->RefreshToolbar(), AutomationError);
 }
 
-TEST_F(Show, HandsItsOwnCommandBarToTheParent) {
+TEST_F(Show, PassesItsOwnCommandBarToTheParent) {
   Initialize();
   Value merged;
   world_.factory.Object(u"parent").On(u"MergeToolBar", Reply::From([&](auto arguments) {

@@ -92,7 +92,7 @@ TEST_F(Termination, ReleasesEverythingWhateverFails) {
   });
 }
 
-TEST_F(Termination, KeepsTheLedgerObjectsForTheControlsThatAreLeft) {
+TEST_F(Termination, KeepsTheLedgerObjectsForTheRemainingControls) {
   Start();
   auto other = std::make_unique<PriceDown>(PriceDownPorts{
       world_.factory, world_.state, world_.questions, world_.screen, world_.container, world_.view,
@@ -108,7 +108,7 @@ TEST_F(Termination, KeepsTheLedgerObjectsForTheControlsThatAreLeft) {
   EXPECT_EQ(world_.state.controls, 0);
 }
 
-TEST_F(Termination, LeavesHostsWithObjectsThatDoNothing) {
+TEST_F(Termination, MakesObjectsThatHostsHoldDoNothing) {
   Start();
   const ObjectPtr bar = world_.control->Bar();
   const ObjectPtr grid = world_.control->GridObject();

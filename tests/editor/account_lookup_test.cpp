@@ -86,7 +86,7 @@ TEST_F(AccountLookup, LeavesTheTextWhenThePickerIsCancelled) {
   }
 }
 
-TEST_F(AccountLookup, ShowsAnErrorBehindALineBreakAndLeavesTheText) {
+TEST_F(AccountLookup, ShowsAnErrorAfterALineBreakAndLeavesTheText) {
   EditorWorld world;
   world.factory.Object(kLedgerViewId)
       .On(u"AccountLookup", Reply::Failing(-2147217900, u"登录超时"));
@@ -132,7 +132,7 @@ TEST_F(AccountLookup, SurvivesAFormThatIsClosedMeanwhile) {
   EXPECT_EQ(factory.LiveObjects(), 0);
 }
 
-TEST_F(AccountLookup, TellsNobodyOfAFailureThatClosedTheForm) {
+TEST_F(AccountLookup, ReportsNoFailureOnceTheFormIsClosed) {
   EditorWorld world;
   world.factory.Object(kLedgerViewId).On(u"AccountLookup", Reply::From([&](auto) -> Value {
                                            world.form.CloseByFrame();

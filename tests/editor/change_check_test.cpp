@@ -90,7 +90,7 @@ TEST_F(ChangeCheck, ComparesTheFieldsWithTheSavedTexts) {
   EXPECT_TRUE(form.State().textsUnchanged);
 }
 
-TEST_F(ChangeCheck, TakesThePercentageByItsLeadingNumber) {
+TEST_F(ChangeCheck, ComparesThePercentageByItsLeadingNumber) {
   OpenForEdit();
   view.Type(FormField::Percentage, u"12.5x");
   form.CheckTextSave();

@@ -51,7 +51,7 @@ TEST_F(CheckDataTest, RefusesAnEmptyNumberAndLeavesTheSavedFlag) {
       )"));
 }
 
-TEST_F(CheckDataTest, TakesBlanksAndLettersForANumber) {
+TEST_F(CheckDataTest, AcceptsBlanksAndLettersAsANumber) {
   OpenValid();
   for (const char16_t* number : {u" ", u"abc", u"类别"}) {
     view.Type(FormField::ClassNumber, number);
@@ -191,7 +191,7 @@ TEST_F(CheckDataTest, MatchesAnEmptyAccountFieldWithNoAccount) {
   EXPECT_EQ(log.Count("focus txtitem(0)"), 1u);
 }
 
-TEST_F(CheckDataTest, TakesOneAccountForBothFields) {
+TEST_F(CheckDataTest, AcceptsOneAccountForBothFields) {
   OpenValid();
   view.Type(FormField::ReserveAccount, u"5711");
   EXPECT_TRUE(form.CheckData());

@@ -39,7 +39,7 @@ TEST_F(FormCommands, AddClearsListAndFieldsWithoutSavingOnNo) {
   EXPECT_TRUE(form.MemberList().AtEnd());
 }
 
-TEST_F(FormCommands, AddAsksAlsoWhenNothingWasChanged) {
+TEST_F(FormCommands, AddAsksEvenIfNothingWasChanged) {
   OpenForAdd();
   questions.WillAnswer({false});
   form.ToolClicked(u"Add");
@@ -67,7 +67,7 @@ TEST_F(FormCommands, AddSavesOnYesAndClearsOnce) {
   EXPECT_EQ(form.MemberList().RecordCount(), 0);
 }
 
-TEST_F(FormCommands, AddGoesOnAfterARefusedSave) {
+TEST_F(FormCommands, AddContinuesAfterARefusedSave) {
   AllowSave(true);
   OpenFilledForAdd();
   view.Type(FormField::ClassName, u"");

@@ -13,13 +13,13 @@ class ICListTest : public EditorTest {
   ICList list{factory};
 };
 
-TEST_F(ICListTest, GivesTheTitlesWithTheSameSignAlways) {
+TEST_F(ICListTest, ReturnsTheTitlesWithTheSameSignAlways) {
   EXPECT_EQ(Utf8(list.FieldTitle()), "物料代码|物料名称|规格型号|");
   EXPECT_EQ(Utf8(list.FieldTitle(u"|")), "物料代码|物料名称|规格型号|");
   EXPECT_EQ(Utf8(list.FieldTitle(u";")), "物料代码|物料名称|规格型号|");
 }
 
-TEST_F(ICListTest, GivesOneRowPerCallWhateverTheIndex) {
+TEST_F(ICListTest, ReturnsOneRowPerCallWhateverTheIndex) {
   const Recordset members = Members(RawMaterials(), BoltAndNut());
   members.MoveFirst();
   list.SetRows(members);
@@ -47,7 +47,7 @@ TEST_F(ICListTest, ReadsOnFromTheRecordsetsPosition) {
   EXPECT_EQ(Utf8(other.FieldData(1, u"|")), "01.002|螺母||");
 }
 
-TEST_F(ICListTest, GivesNothingForAnEmptyList) {
+TEST_F(ICListTest, ReturnsNothingForAnEmptyList) {
   list.SetRows(Members({}, {}));
   EXPECT_EQ(Utf8(list.FieldData(2, u"|")), "");
 }
@@ -56,7 +56,7 @@ TEST_F(ICListTest, FailsWithoutRows) {
   EXPECT_EQ(ErrorOf([&] { list.FieldData(2, u"|"); }), NumberOf(ErrorNumber::ObjectNotSet));
 }
 
-TEST_F(ICListTest, RefreshesFromTheObjectOfTheProgIdAndSaysFalse) {
+TEST_F(ICListTest, RefreshesFromTheObjectOfTheProgIdAndReturnsFalse) {
   factory.Object(u"Ledger.Service")
       .On(u"GetLdgTitle", Reply::From([this](auto) {
             return NewScriptedRecordset(factory.GetRecorder(), Rows({u"FTitle"}, {}), u"titles");

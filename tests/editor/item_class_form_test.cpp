@@ -93,7 +93,7 @@ TEST_F(ItemClassFormTest, LoadsAClassFromItsFirstRow) {
       )"));
 }
 
-TEST_F(ItemClassFormTest, TakesAnyModeButOneForEditing) {
+TEST_F(ItemClassFormTest, TreatsAnyModeButOneAsEditing) {
   for (const std::int16_t mode : {std::int16_t{0}, std::int16_t{2}, std::int16_t{-1}}) {
     EditorWorld world;
     world.form.SetMode(mode);
@@ -143,7 +143,7 @@ TEST_F(ItemClassFormTest, FillsFieldsUpToTheirMaximumLength) {
   EXPECT_EQ(view.Text(FormField::LossAccount).size(), 60u);
 }
 
-TEST_F(ItemClassFormTest, TakesTheSnapshotAsShown) {
+TEST_F(ItemClassFormTest, TakesTheSnapshotOfTheShownFields) {
   OpenForEdit();
   EXPECT_EQ(form.State().savedValues, RawMaterials());
   EXPECT_FALSE(form.State().saved);
@@ -215,7 +215,7 @@ TEST_F(ItemClassFormTest, MakesTheListSourceAnewForEveryRow) {
   EXPECT_NE(form.State().listSource.get(), first);
 }
 
-TEST_F(ItemClassFormTest, GivesAnyRowNumberTheNextMember) {
+TEST_F(ItemClassFormTest, ReturnsTheNextMemberForAnyRowNumber) {
   OpenForEdit();
   form.MemberList().MoveFirst();
   EXPECT_EQ(Utf8(form.RowRequested(7)), "01.001|螺钉|M4|");

@@ -161,7 +161,7 @@ TEST_F(ItemLookup, ShowsTheNewRowsAndEnablesSaving) {
   EXPECT_TRUE(view.tools[FormTool::Save]);
 }
 
-TEST_F(ItemLookup, GivesNewRowsTheFirstRowsHeaderAndNotTheFields) {
+TEST_F(ItemLookup, CopiesTheFirstRowsHeaderIntoNewRowsAndNotTheFields) {
   ChooseOne(factory, u"washer");
   OpenForEdit();
   Type({u"99", u"改名", u"5711.02", u"1281.10", 0}, u"99");
@@ -173,7 +173,7 @@ TEST_F(ItemLookup, GivesNewRowsTheFirstRowsHeaderAndNotTheFields) {
   EXPECT_THAT(Column(u"FPencentPrepare"), ElementsAre("12.5", "12.5", "12.5"));
 }
 
-TEST_F(ItemLookup, TakesTheHeaderFromTheFirstRowWhateverTheCurrentOne) {
+TEST_F(ItemLookup, CopiesTheHeaderOfTheFirstRowWhateverTheCurrentOne) {
   ChooseOne(factory, u"washer");
   OpenForEdit();
   form.MemberList().MoveFirst();
@@ -183,7 +183,7 @@ TEST_F(ItemLookup, TakesTheHeaderFromTheFirstRowWhateverTheCurrentOne) {
   EXPECT_EQ(Column(u"FItemClassName").back(), "\"原材料\"");
 }
 
-TEST_F(ItemLookup, GivesTheFirstItemOfANewClassTheLeadingNumberOfThePercentage) {
+TEST_F(ItemLookup, WritesTheLeadingNumberOfThePercentageIntoTheFirstItemOfANewClass) {
   struct Case {
     std::u16string_view text;
     const char* expected;
@@ -241,7 +241,7 @@ TEST_F(ItemLookup, OffersItemsThatWereRemovedFromTheList) {
   EXPECT_EQ(Condition(), "\"x2.FItemid not in(102)\"");
 }
 
-TEST_F(ItemLookup, AsksForTheOtherClassesEveryTime) {
+TEST_F(ItemLookup, QueriesTheOtherClassesEveryTime) {
   Cancel(factory);
   OpenForEdit();
   form.ToolClicked(u"AddItem");

@@ -214,7 +214,7 @@ TEST_F(RemovalGuard, DeletesWithoutAnAliasWhenTheVoucherHasNoAnswer) {
   EXPECT_THAT(MemberIds(), ElementsAre(102));
 }
 
-TEST_F(RemovalGuard, TakesAHistoryWithoutAnAnswerForNone) {
+TEST_F(RemovalGuard, TreatsAHistoryWithoutAResultAsNone) {
   Voucher(false);
   AnswerNothing(factory, HistoryOf(u"01.001"));
   AnswerStatement(factory, AmountsOf(u"01.001"), NoRows());
@@ -224,7 +224,7 @@ TEST_F(RemovalGuard, TakesAHistoryWithoutAnAnswerForNone) {
   EXPECT_THAT(MemberIds(), ElementsAre(102));
 }
 
-TEST_F(RemovalGuard, TakesAnUnknownCountForNone) {
+TEST_F(RemovalGuard, TreatsAnUnknownCountAsZero) {
   factory.Object(u"uncounted").On(u"RecordCount", Reply(-1));
   for (const std::u16string& statement :
        {HistoryOf(u"01.001"), std::u16string(kVoucher), AmountsOf(u"01.001")}) {
@@ -256,7 +256,7 @@ TEST_F(RemovalGuard, RefusesOneOfThreeAndRemovesTheOthers) {
   EXPECT_EQ(log.Count("reload"), 1u);
 }
 
-TEST_F(RemovalGuard, TakesRowsInTheOrderOfTheSelection) {
+TEST_F(RemovalGuard, RemovesRowsInTheOrderOfTheSelection) {
   Voucher(false);
   Answer(factory, u"01.001", {});
   Answer(factory, u"01.002", {});
@@ -269,7 +269,7 @@ TEST_F(RemovalGuard, TakesRowsInTheOrderOfTheSelection) {
   EXPECT_EQ(grid.RowTexts(), "物料代码|物料名称|规格型号|\n");
 }
 
-TEST_F(RemovalGuard, StopsWhenTheFormIsClosedBehindARefusal) {
+TEST_F(RemovalGuard, StopsWhenTheFormIsClosedDuringARefusal) {
   Voucher(false);
   Answer(factory, u"01.001", {.history = OneRow()});
   OpenAndSelect({2, 3});
@@ -300,7 +300,7 @@ TEST_F(RemovalGuard, DoesNothingForAnEmptyList) {
   EXPECT_EQ(TextBehindThePeriod(), "");
 }
 
-TEST_F(RemovalGuard, TellsItemsByTheirCodeAndNotByTheirId) {
+TEST_F(RemovalGuard, IdentifiesItemsByCodeAndNotById) {
   Voucher(false);
   Answer(factory, u"01.002", {});
   // Two items with the same code: the first one is removed.

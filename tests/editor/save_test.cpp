@@ -117,7 +117,7 @@ TEST_F(Save, LeavesTheRowsWhenTheFirstOneCarriesTheHeader) {
   EXPECT_THAT(SavedText(), HasSubstr("( 102,'01','别名',"));
 }
 
-TEST_F(Save, TakesAnotherSpellingOfThePercentageForUnchanged) {
+TEST_F(Save, TreatsAnotherSpellingOfThePercentageAsUnchanged) {
   Open();
   view.Type(FormField::Percentage, u"12.50");
   EXPECT_TRUE(form.Check());
@@ -189,7 +189,7 @@ TEST_F(Save, RoundsAccountIdsToTheNearestWholeNumber) {
   EXPECT_EQ(form.State().lossAccountId, 1053);
 }
 
-TEST_F(Save, TakesAnAccountIdOfNothingForZero) {
+TEST_F(Save, TreatsAMissingAccountIdAsZero) {
   Open();
   AnswerStatement(factory, u"SELECT FAccountID FROM t_account WHERE FNumber='5711.02'",
                   Rows({u"FAccountID"}, {{Null{}}}));

@@ -97,7 +97,7 @@ TEST_F(Language, ReadsTheTitleFontAlsoForTheBuiltInLanguage) {
   EXPECT_EQ(log.Count(R"(ZEPFrmRes.FrmResLoader.GetQ7FontProps("chs"))"), 1u);
 }
 
-TEST_F(Language, TakesMissingFontPropertiesForUndecided) {
+TEST_F(Language, TreatsMissingFontPropertiesAsUndecided) {
   SetProperties(factory, u"LANGUAGE=en");
   RecordingFactory other(log);
   SetProperties(other, u"LANGUAGE=en");

@@ -125,7 +125,7 @@ TEST_F(CurrentPeriod, IsFollowedByTheFirstOfTheNextYearWhenItIsTheLast) {
   EXPECT_EQ(Utf8(state.followingPeriodStart), "2009, 1");
 }
 
-TEST_F(CurrentPeriod, IsFollowedByTheNextYearAlsoBehindTheLastPeriod) {
+TEST_F(CurrentPeriod, IsFollowedByTheNextYearEvenAfterTheLastPeriod) {
   InPeriod(factory, u"2008", u"13");
   ReadCurrentPeriod(factory, state);
   EXPECT_EQ(Utf8(state.followingPeriodStart), "2009, 1");
@@ -137,7 +137,7 @@ TEST_F(CurrentPeriod, IsFollowedInTheSameYearJustBeforeTheLastPeriod) {
   EXPECT_EQ(Utf8(state.followingPeriodStart), "2008, 12");
 }
 
-TEST_F(CurrentPeriod, TakesDatesAsTexts) {
+TEST_F(CurrentPeriod, AcceptsDatesAsTexts) {
   InPeriod(factory, u"2008", u"3");
   factory.Object(kCalendar)
       .On(u"GetPeriodDate", "2008, 3", Reply(Date{39508}))
@@ -186,7 +186,7 @@ TEST_F(CurrentPeriod, WithoutACalendarKeepsYearAndPeriod) {
   EXPECT_EQ(state.currentPeriod, 3);
 }
 
-TEST_F(CurrentPeriod, EndsAYearWhereTheCalendarSaysSo) {
+TEST_F(CurrentPeriod, EndsAYearAsTheCalendarDefines) {
   InPeriod(factory, u"2008", u"4", 4);
   ReadCurrentPeriod(factory, state);
   EXPECT_EQ(Utf8(state.followingPeriodStart), "2009, 1");

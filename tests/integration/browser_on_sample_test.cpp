@@ -240,7 +240,7 @@ TEST_F(BrowserOnSample, ListsAnItemOfTwoClassesUnderBoth) {
   EXPECT_EQ(1, both);
 }
 
-TEST_F(BrowserOnSample, SaysTheDatabasesWordsForAClassNumberWithAnApostrophe) {
+TEST_F(BrowserOnSample, ShowsTheDatabasesErrorForAClassNumberWithAnApostrophe) {
   suite_->Execute(
       u"INSERT INTO icPriceDownClass(FItemID,FItemClassNumber,FItemClassName)"
       u"VALUES(1,'it''s','坏')");
@@ -268,7 +268,7 @@ TEST_F(BrowserOnSample, KeepsAClassWithHistoryOrAVoucherOrANo) {
   EXPECT_EQ(provisions, Count(u"select FItemID from ICPriceDownPrepare"));
 }
 
-TEST_F(BrowserOnSample, SaysWhyTheGridCannotBeLoadedAndStaysUsable) {
+TEST_F(BrowserOnSample, ReportsWhyTheGridCannotBeLoadedAndStaysUsable) {
   Open();
   auto company = std::move(suite_->company);
   control_->NodeClicked(Node(u"gi05"));

@@ -254,7 +254,7 @@ TEST_F(ControlOnCompany, LeavesWhatRanBeforeARowThatTheTableRefuses) {
 }
 
 // A host that closes its window while the form is open.
-TEST_F(ControlOnCompany, EndsBehindItsForm) {
+TEST_F(ControlOnCompany, EndsWhileItsFormIsOpen) {
   Open();
   Select(u"A1");
   Command(u"Edit", [&] {

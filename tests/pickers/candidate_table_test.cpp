@@ -19,7 +19,7 @@ TEST(SearchWords, AreSeparatedByBlanksAlsoFullWidthOnes) {
   EXPECT_EQ("", Words(u" \u3000"));
 }
 
-TEST(SearchWords, EndAtCharactersThatNobodySees) {
+TEST(SearchWords, EndAtInvisibleCharacters) {
   EXPECT_EQ("<a><b>", Words(std::u16string_view(u"a\0b\n", 4)));
 }
 

@@ -36,7 +36,7 @@ TEST_F(PickingItems, ChoicesSurviveAnotherSearchInTheOrderOfChoosing) {
   EXPECT_EQ(Ids({900003, 900001}), picking.Answer(std::nullopt));
 }
 
-TEST_F(PickingItems, SecondToggleTakesTheChoiceBack) {
+TEST_F(PickingItems, SecondToggleRevertsTheChoice) {
   Picking picking = Open(true);
   picking.Toggle(0);
   picking.Toggle(1);

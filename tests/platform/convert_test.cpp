@@ -19,13 +19,13 @@ namespace {
 constexpr const char* kTypeMismatch = "80020005 类型不匹配";
 constexpr const char* kOverflow = "8002000A 溢出";
 
-TEST(ToText, GivesNoTextForNothing) {
+TEST(ToText, HasNoTextForNothing) {
   EXPECT_EQ(Utf8(ToText(Value())), "");
   EXPECT_EQ(Utf8(ToText(Null{})), "");
   EXPECT_EQ(Utf8(ToText(Missing{})), "");
 }
 
-TEST(ToText, GivesTheDefaultTextOfEachKind) {
+TEST(ToText, ReturnsTheDefaultTextOfEachKind) {
   EXPECT_EQ(Utf8(ToText(true)), "True");
   EXPECT_EQ(Utf8(ToText(false)), "False");
   EXPECT_EQ(Utf8(ToText(std::int16_t{-32768})), "-32768");
@@ -91,7 +91,7 @@ TEST(ToText, AgreesWithTheCalendarOnEveryDay) {
   }
 }
 
-TEST(ToDouble, GivesTheNumberOfEachKind) {
+TEST(ToDouble, ReturnsTheNumberOfEachKind) {
   EXPECT_EQ(ToDouble(Value()), 0);
   EXPECT_EQ(ToDouble(true), -1);
   EXPECT_EQ(ToDouble(false), 0);
@@ -121,7 +121,7 @@ void PrintTo(const RoundingCase& row, std::ostream* stream) { *stream << row.nam
 
 class Rounding : public ::testing::TestWithParam<RoundingCase> {};
 
-TEST_P(Rounding, TakesTheNearestWholeNumberAndTheEvenOneInTheMiddle) {
+TEST_P(Rounding, RoundsToTheNearestWholeNumberAndHalvesToEven) {
   EXPECT_EQ(RoundToInt32(GetParam().given), GetParam().expected);
   EXPECT_EQ(RoundToInt16(GetParam().given), GetParam().expected);
 }
@@ -182,7 +182,7 @@ TEST(ToInt16, RoundsTheNumberOfAValue) {
   EXPECT_EQ(FailureOf([] { ToInt16(u""); }), kTypeMismatch);
 }
 
-TEST(ToBoolean, TakesBooleansNumbersAndTheirTexts) {
+TEST(ToBoolean, ConvertsBooleansNumbersAndTheirTexts) {
   EXPECT_TRUE(ToBoolean(true));
   EXPECT_FALSE(ToBoolean(false));
   EXPECT_FALSE(ToBoolean(Value()));

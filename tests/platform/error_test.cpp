@@ -17,13 +17,13 @@ TEST(AutomationError, CarriesNumberDescriptionAndSource) {
   EXPECT_EQ(Utf8(error.Source()), "ZEPEBCGLView.GLView");
 }
 
-TEST(AutomationError, KeepsNumbersOfOthersAsTheyAre) {
+TEST(AutomationError, KeepsForeignErrorNumbers) {
   const AutomationError error(-2147217900, u"");
   EXPECT_EQ(error.Number(), -2147217900);
   EXPECT_TRUE(error.Source().empty());
 }
 
-TEST(AutomationError, SaysItsDescriptionInUtf8) {
+TEST(AutomationError, ReturnsItsDescriptionInUtf8) {
   try {
     throw AutomationError(ErrorNumber::Unspecified, u"语法错误 \U0001F4A5");
   } catch (const std::exception& error) {

@@ -99,14 +99,14 @@ TEST(LeadingNumber, FailsBeyondTheLargestNumber) {
   EXPECT_EQ(FailureOf([] { LeadingNumber(u"1.8e308"); }), "8002000A 溢出");
 }
 
-TEST(LeadingNumber, TakesNumbersAsTheyAre) {
+TEST(LeadingNumber, ReturnsNumbersUnchanged) {
   EXPECT_EQ(LeadingNumber(Value(12.5)), 12.5);
   EXPECT_EQ(LeadingNumber(Value(0.1 + 0.2)), 0.1 + 0.2);
   EXPECT_EQ(LeadingNumber(Value(-7)), -7);
   EXPECT_EQ(LeadingNumber(Value(std::int16_t{7})), 7);
 }
 
-TEST(LeadingNumber, TakesTheDefaultTextOfOtherValues) {
+TEST(LeadingNumber, ReadsTheDefaultTextOfOtherValues) {
   EXPECT_EQ(LeadingNumber(Value()), 0);
   EXPECT_EQ(LeadingNumber(Value(Null{})), 0);
   EXPECT_EQ(LeadingNumber(Value(Missing{})), 0);

@@ -60,7 +60,7 @@ TEST(LocalObject, NumbersMembersByTheirPlaceInTheTable) {
   EXPECT_EQ(counter.Find(u"Add"), 4);
 }
 
-TEST(LocalObject, TakesTheEmptyNameAsTheDefaultMember) {
+TEST(LocalObject, TreatsTheEmptyNameAsTheDefaultMember) {
   Counter counter;
   counter.count = 5;
   EXPECT_EQ(counter.Find(u""), counter.Find(u"Count"));
@@ -77,14 +77,14 @@ TEST(LocalObject, CallsGetsAndPuts) {
   EXPECT_EQ(Utf8(counter.Get(u"Name").Text()), "计数");
 }
 
-TEST(LocalObject, TellsAPutByReferenceApart) {
+TEST(LocalObject, DistinguishesAPutByReference) {
   Counter counter;
   std::array<Value, 1> arguments{Value(4)};
   counter.Invoke(counter.Find(u"Step"), Access::PutReference, arguments);
   EXPECT_TRUE(counter.stepSetByReference);
 }
 
-TEST(LocalObject, SaysWhichNameItDoesNotKnow) {
+TEST(LocalObject, ReportsAnUnknownName) {
   Counter counter;
   EXPECT_EQ(FailureOf([&] { counter.Find(u"Reset"); }), "80020006 对象不支持此属性或方法: Reset");
   EXPECT_EQ(FailureOf([&] { counter.Find(u"Coun"); }), "80020006 对象不支持此属性或方法: Coun");

@@ -106,7 +106,7 @@ TEST_F(RecordsetTest, AppendsAFieldWithTypeSizeAndAttributes) {
       )"));
 }
 
-TEST_F(RecordsetTest, GivesANumericFieldItsPrecisionAndScale) {
+TEST_F(RecordsetTest, SetsPrecisionAndScaleOfANumericField) {
   factory.Object(u"RS").On(u"Fields", factory.Answering(u"Fields"));
   factory.Object(u"Fields").On(u"Append", Value()).On(u"", factory.Answering(u"Field"));
   factory.Object(u"Field").AllowPut(u"Precision").AllowPut(u"NumericScale");

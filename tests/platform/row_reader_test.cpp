@@ -101,7 +101,7 @@ TEST_P(RowReaderTest, ReadsNothingFromARecordsetAtItsEnd) {
   EXPECT_FALSE(reader.Next());
 }
 
-TEST_P(RowReaderTest, GivesEveryKindOfValueAsNullNumberOrText) {
+TEST_P(RowReaderTest, ReturnsEveryKindOfValueAsNullNumberOrText) {
   const Recordset recordset = Answer(Rows(
       {u"F"},
       {{Value()}, {Null{}}, {std::int16_t{-3}}, {70000}, {12.5}, {u""}, {true}, {Date{39448.5}}}));
@@ -216,7 +216,7 @@ class RowReaderCalls : public ::testing::Test {
   RecordingFactory factory{log};
 };
 
-TEST_F(RowReaderCalls, AsksForBlocksOf4096RowsOfTheNamedFields) {
+TEST_F(RowReaderCalls, RequestsBlocksOf4096RowsOfTheNamedFields) {
   factory.LogRecordsetCalls();
   const Recordset recordset(
       NewScriptedRecordset(factory.GetRecorder(), Rows({u"FItemID", u"FName"}, {{1, u"甲"}})));

@@ -14,7 +14,7 @@ TEST(SkipFailing, RunsAStepThatSucceeds) {
   EXPECT_EQ(steps, 1);
 }
 
-TEST(SkipFailing, GoesOnBehindAStepThatFails) {
+TEST(SkipFailing, ContinuesAfterAStepThatFails) {
   int steps = 0;
   const bool done = SkipFailing([&] {
     ++steps;

@@ -42,7 +42,7 @@ TEST(CallLog, ShowsADifferenceLineByLine) {
                           "\n+A.Run()\n");
 }
 
-TEST(Lines, TakesOffTheSharedIndentationOnly) {
+TEST(Lines, RemovesTheSharedIndentationOnly) {
   EXPECT_EQ(Lines(R"(
     a
       b
@@ -55,7 +55,7 @@ TEST(Lines, TakesOffTheSharedIndentationOnly) {
   EXPECT_EQ(Lines("a\nb\n"), "a\nb\n");
 }
 
-TEST(Readable, TellsTheKindsApart) {
+TEST(Readable, DistinguishesTheKinds) {
   EXPECT_EQ(Readable(Value()), "Empty");
   EXPECT_EQ(Readable(Null{}), "Null");
   EXPECT_EQ(Readable(Missing{}), "Missing");

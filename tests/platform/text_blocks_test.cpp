@@ -117,7 +117,7 @@ TEST_F(TextBlocksTest, IsNotUsedForColumnsOfNumbers) {
   EXPECT_EQ(Calls("GetString"), 0);
 }
 
-TEST_F(TextBlocksTest, AsksNoQuestionsAboutTheColumnsOfASingleBlock) {
+TEST_F(TextBlocksTest, QueriesNoColumnTypesForASingleBlock) {
   const auto rows = NumberedRows(kRowsPerBlock);
   ExpectRows(Answer(rows), rows);
   EXPECT_EQ(Calls("Fields") + Calls("AbsolutePosition") + Calls("GetString"), 0);

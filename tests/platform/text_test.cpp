@@ -30,7 +30,7 @@ void PrintTo(const TrimCase& row, std::ostream* stream) { *stream << row.name; }
 
 class Trimming : public ::testing::TestWithParam<TrimCase> {};
 
-TEST_P(Trimming, TakesOffOuterBlanksOnly) {
+TEST_P(Trimming, RemovesOuterBlanksOnly) {
   EXPECT_EQ(Utf8(Trim(GetParam().given)), GetParam().expected);
 }
 
@@ -44,13 +44,13 @@ INSTANTIATE_TEST_SUITE_P(
                       TrimCase{"LineBreakStays", u" x\r\n", "x\r\n"}),
     CaseName<TrimCase>);
 
-TEST(EqualsIgnoringCase, TakesAsciiLettersAsEqualInEitherCase) {
+TEST(EqualsIgnoringCase, TreatsAsciiLettersAsEqualInEitherCase) {
   EXPECT_TRUE(EqualsIgnoringCase(u"FitemClassNumber", u"FItemClassNumber"));
   EXPECT_TRUE(EqualsIgnoringCase(u"", u""));
   EXPECT_TRUE(EqualsIgnoringCase(u"azAZ", u"AZaz"));
 }
 
-TEST(EqualsIgnoringCase, TellsEverythingElseApart) {
+TEST(EqualsIgnoringCase, DistinguishesEverythingElse) {
   EXPECT_FALSE(EqualsIgnoringCase(u"a", u"ab"));
   EXPECT_FALSE(EqualsIgnoringCase(u"a", u"b"));
   EXPECT_FALSE(EqualsIgnoringCase(u"é", u"É"));

@@ -23,7 +23,7 @@ TEST(Value, IsEmptyByDefault) {
   EXPECT_TRUE(Value().IsNothing());
 }
 
-TEST(Value, KeepsTheKindThatItWasMadeOf) {
+TEST(Value, KeepsTheKindItWasMadeFrom) {
   EXPECT_TRUE(Value(Null{}).Is(Value::Kind::Null));
   EXPECT_TRUE(Value(Missing{}).Is(Value::Kind::Missing));
   EXPECT_TRUE(Value(false).Is(Value::Kind::Boolean));
@@ -85,7 +85,7 @@ TEST(Value, IsNothingOnlyWhenItHoldsNoData) {
   EXPECT_FALSE(Value(nullptr).IsNothing());
 }
 
-TEST(Value, ResolvesReferencesToWhatStandsBehindThem) {
+TEST(Value, ResolvesReferences) {
   Value target = 5;
   Value reference = Value::ByReference(target);
   const Value chained = Value::ByReference(reference);

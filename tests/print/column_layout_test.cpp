@@ -73,7 +73,7 @@ void PrintTo(const NumberCase& number, std::ostream* stream) { *stream << number
 
 class PlainNumber : public ::testing::TestWithParam<NumberCase> {};
 
-TEST_P(PlainNumber, IsToldFromCodesAndTexts) {
+TEST_P(PlainNumber, IsDistinguishedFromCodesAndTexts) {
   EXPECT_EQ(IsPlainNumber(GetParam().text), GetParam().isNumber);
 }
 
@@ -116,7 +116,7 @@ TEST(ColumnLayout, HoldsNoNumbersFromTheFirstTextOn) {
   EXPECT_EQ(NumberColumns({u"1|2|3|", u"1|2|3|", u"1|x|3|", u"1|2|-|"}), "100");
 }
 
-TEST(ColumnLayout, TakesEmptyCellsForNeither) {
+TEST(ColumnLayout, CountsEmptyCellsAsNeither) {
   EXPECT_EQ(NumberColumns({u"a|b|c|", u"||1|", u"| |2|", u"|||"}), "001");
 }
 

@@ -60,7 +60,7 @@ TEST_F(FittedText, KeepsAVeryLongTextThatFits) {
   EXPECT_EQ(FitText(measurer_, font_, text, 2000000), text);
 }
 
-TEST_F(FittedText, LetsAFailingMeasurementThrough) {
+TEST_F(FittedText, PropagatesAFailingMeasurement) {
   measurer_.failingCall = 1;
   EXPECT_THROW(FitText(measurer_, font_, u"abc", 100), AutomationError);
 }

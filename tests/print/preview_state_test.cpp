@@ -117,7 +117,7 @@ TEST_F(Preview, ScrollsNoFurtherThanThereIsSomethingToSee) {
   EXPECT_EQ(Box(), "12,12 960x1920");
 }
 
-TEST_F(Preview, GoesToPagesThatThereAre) {
+TEST_F(Preview, GoesToExistingPagesOnly) {
   EXPECT_TRUE(state_.GoTo(7));
   EXPECT_EQ(state_.Page(), 7);
   EXPECT_FALSE(state_.GoTo(7));

@@ -37,9 +37,7 @@ void PrintTo(const Case& each, std::ostream* out) { *out << each.name; }
 
 class CsvReading : public ::testing::TestWithParam<Case> {};
 
-TEST_P(CsvReading, GivesTheFieldsAndLines) {
-  EXPECT_EQ(Read(GetParam().text), GetParam().expected);
-}
+TEST_P(CsvReading, ReturnsFieldsAndLines) { EXPECT_EQ(Read(GetParam().text), GetParam().expected); }
 
 INSTANTIATE_TEST_SUITE_P(
     Texts, CsvReading,

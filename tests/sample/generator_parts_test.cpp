@@ -39,7 +39,7 @@ TEST(Decimal, HundredthsAreTheNearestDoubles) {
   EXPECT_EQ(FromHundredths(123456789), 1234567.89);
 }
 
-TEST(Decimal, TakesPlainDigitsOnly) {
+TEST(Decimal, AcceptsPlainDigitsOnly) {
   EXPECT_EQ(ParsePlainDecimal("33.3333"), 33.3333);
   EXPECT_EQ(ParsePlainDecimal("007"), 7.0);
   for (const char* text : {"", ".", "5.", ".5", "1e2", "+1", "-1", " 1", "1 ", "1,000", "inf",

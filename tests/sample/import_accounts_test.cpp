@@ -47,7 +47,7 @@ TEST_F(ImportingAccounts, AddsThemUnderTheirParents) {
   EXPECT_EQ(IsDetail("1001"), 0) << "a parent is no detail account";
 }
 
-TEST_F(ImportingAccounts, TakesAParentThatStandsAfterItsSubAccounts) {
+TEST_F(ImportingAccounts, AcceptsAParentListedAfterItsSubAccounts) {
   EXPECT_EQ(Import("code,name,direction\n7001.1.1,丙,\n7001.1,乙,\n7001,甲,贷\n").accounts, 3);
   EXPECT_EQ(Added(),
             (Texts{"7001.1.1|丙|3|7001.1|1|-1", "7001.1|乙|2|7001|0|-1", "7001|甲|1|-|0|-1"}));

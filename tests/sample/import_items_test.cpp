@@ -50,7 +50,7 @@ TEST_F(ImportingItems, KnowsColumnsByEnglishNamesInAnyOrderAndCase) {
             (Texts{"6|90.1|端盖|NULL|DG|1||NULL|NULL", "7|90.2|箱体|NULL|NULL|3||NULL|NULL"}));
 }
 
-TEST_F(ImportingItems, TakesByteOrderMarkWindowsLineEndsAndQuotes) {
+TEST_F(ImportingItems, AcceptsByteOrderMarkWindowsLineEndsAndQuotes) {
   EXPECT_EQ(Import("\xEF\xBB\xBF\"物料代码\",物料名称,规格型号\r\n"
                    "90.1,\"端盖,\"\"大\"\"\",\"第一行\r\n第二行\"\r\n")
                 .items,

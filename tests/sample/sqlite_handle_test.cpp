@@ -66,7 +66,7 @@ TEST_F(SqliteHandle, ATransactionIsUndoneUnlessCommitted) {
   EXPECT_EQ(Count(database_, "SELECT count(*) FROM t"), 1);
 }
 
-TEST_F(SqliteHandle, ErrorsSayWhatSqliteSays) {
+TEST_F(SqliteHandle, ErrorsCarrySqlitesMessage) {
   try {
     database_.Execute("SELECT * FROM missing");
     FAIL() << "no error";

@@ -78,7 +78,7 @@ TEST_F(MemberRows, FilterWithoutAMatchIsAtTheEnd) {
   EXPECT_EQ(Number(ErrorNumber::NoCurrentRecord), ErrorOf([&] { rows.Delete(); }));
 }
 
-TEST_F(MemberRows, FilterTakesADoubledQuoteAndRefusesALooseOne) {
+TEST_F(MemberRows, FilterAcceptsADoubledQuoteAndRefusesASingleOne) {
   const auto rows = Members(1);
   rows.SetField(u"FNumber", u"it's");
   rows.SetFilter(u"FNumber='it''s'");

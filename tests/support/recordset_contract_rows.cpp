@@ -90,7 +90,7 @@ TEST_P(RecordsetContract, HasTheAddedRowAsItsCurrentOne) {
   EXPECT_EQ(TextOf(recordset, u"FNumber"), "A04");
 }
 
-TEST_P(RecordsetContract, HasNoCurrentRecordBehindTheLastRow) {
+TEST_P(RecordsetContract, HasNoCurrentRecordAfterTheLastRow) {
   const Recordset recordset = WithRows(1);
   recordset.MoveFirst();
   EXPECT_FALSE(recordset.AtEnd());
@@ -107,7 +107,7 @@ TEST_P(RecordsetContract, FindsFieldsWithoutRegardToCase) {
   EXPECT_EQ(TextOf(recordset, u"FNumber"), "B");
 }
 
-TEST_P(RecordsetContract, SaysWhichFieldItDoesNotHave) {
+TEST_P(RecordsetContract, ReportsAMissingFieldByName) {
   const Recordset recordset = WithRows(1);
   EXPECT_EQ(FailureNumberOf([&] { recordset.Field(u"FModel"); }), kItemNotFound);
   EXPECT_EQ(FailureNumberOf([&] { recordset.SetField(u"FModel", 1); }), kItemNotFound);
@@ -119,7 +119,7 @@ TEST_P(RecordsetContract, AnswersAFieldByTheDefaultMembers) {
   EXPECT_EQ(Utf8(ToText(field->Get(u""))), "A01");
 }
 
-TEST_P(RecordsetContract, GivesValuesTheTypeOfTheirField) {
+TEST_P(RecordsetContract, ConvertsValuesToTheTypeOfTheirField) {
   const Recordset recordset = WithRows(1);
   recordset.SetField(u"FItemID", u"42");
   recordset.SetField(u"FNumber", 1231.1);
@@ -231,7 +231,7 @@ TEST_P(RecordsetContract, CountsADeletedRowNoMore) {
   EXPECT_THAT(ItemIds(recordset), ElementsAre(1, 3));
 }
 
-TEST_P(RecordsetContract, MovesFromADeletedRowToTheOneBehindIt) {
+TEST_P(RecordsetContract, MovesFromADeletedRowToTheNext) {
   const Recordset recordset = WithRows(3);
   recordset.MoveFirst();
   recordset.Delete();

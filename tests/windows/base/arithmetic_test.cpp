@@ -68,7 +68,7 @@ TEST(Dpi, KeepsNeighboursTogether) {
   }
 }
 
-TEST(Dpi, GivesASizeInPixelsBackAfterTwips) {
+TEST(Dpi, RestoresASizeInPixelsAfterTwips) {
   for (const int value : {96, 120, 144, 168, 192, 240}) {
     const Dpi dpi(value);
     for (int pixels = 0; pixels < 3000; pixels += 13) {

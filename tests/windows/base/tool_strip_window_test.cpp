@@ -103,7 +103,7 @@ TEST(ToolStripWindow, TheKeyboardPassesDisabledButtonsAndSeparators) {
   EXPECT_EQ(HotButton(world), 7);
 }
 
-TEST(ToolStripWindow, TellsTheTooltipOfAButton) {
+TEST(ToolStripWindow, ReturnsTheTooltipOfAButton) {
   UiWorld world;
   world.Start();
   NMTTDISPINFOW info{};
@@ -184,7 +184,7 @@ TEST(MessageBoxQuestions, TellAndAskOverTheHostsWindow) {
   for (const auto& box : boxes.All()) EXPECT_EQ(box.owner, world.host.Handle());
 }
 
-TEST(MessageBoxQuestions, AFailureWithoutWordsIsToldInTheSystems) {
+TEST(MessageBoxQuestions, AFailureWithoutADescriptionShowsTheSystemsText) {
   MessageBoxes boxes;
   windows::ReportFailure(nullptr, {E_OUTOFMEMORY, {}, {}});
   ASSERT_EQ(boxes.All().size(), 1u);

@@ -102,7 +102,7 @@ TEST_F(UserCommands, KeysWithOtherModifiersAreNoCommands) {
   }
 }
 
-TEST_F(UserCommands, AKeyThatIsHeldDownGivesItsCommandOnce) {
+TEST_F(UserCommands, AKeyThatIsHeldDownRunsItsCommandOnce) {
   Start();
   SetFocus(world_.Tree());
   for (const LPARAM data : {LPARAM{1}, LPARAM{0x40000001}, LPARAM{0x40000001}}) {

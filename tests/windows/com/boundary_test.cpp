@@ -45,7 +45,7 @@ TEST(Boundary, CatchesEverythingElse) {
   EXPECT_EQ(TakeErrorInfo(), ": 意外错误");
 }
 
-TEST(Boundary, LeavesNoStaleWordsBesideAnotherCode) {
+TEST(Boundary, LeavesNoStaleDescriptionWithAnotherCode) {
   windows::PublishFailure({E_FAIL, u"earlier", u""}, IID{});
   EXPECT_EQ(AtBoundary([] { return E_NOTIMPL; }), E_NOTIMPL);
   EXPECT_EQ(TakeErrorInfo(), "");

@@ -79,7 +79,7 @@ TEST(CallingAnObject, AnswersItsResult) {
   EXPECT_EQ(called.object.Call(u"Member"), Value(12));
 }
 
-TEST(CallingAnObject, PassesReferencesAsVariablesAndTakesThemBack) {
+TEST(CallingAnObject, PassesReferencesAsVariablesAndReadsThemBack) {
   Called called([](DISPPARAMS& parameters, VARIANT*, EXCEPINFO*) {
     EXPECT_EQ(parameters.rgvarg[0].vt, VT_BYREF | VT_VARIANT);
     *parameters.rgvarg[0].pvarVal = Number(99);
@@ -97,7 +97,7 @@ TEST(CallingAnObject, NamesTheMemberThatItDoesNotHave) {
             "80020006 对象不支持此属性或方法: Other");
 }
 
-TEST(CallingAnObject, TakesTheWordsOfAnException) {
+TEST(CallingAnObject, UsesTheDescriptionOfAnException) {
   Called called([](DISPPARAMS&, VARIANT*, EXCEPINFO* record) {
     record->scode = static_cast<SCODE>(0x80040E14);
     record->bstrDescription = Bstr(u"语法错误").release();
@@ -114,7 +114,7 @@ TEST(CallingAnObject, TakesTheWordsOfAnException) {
   }
 }
 
-TEST(CallingAnObject, TakesTheErrorNumberOfABasicServer) {
+TEST(CallingAnObject, UsesTheErrorNumberOfABasicServer) {
   Called called([](DISPPARAMS&, VARIANT*, EXCEPINFO* record) {
     record->wCode = 91;
     record->bstrDescription = Bstr(u"object not set").release();
@@ -138,7 +138,7 @@ TEST(CallingAnObject, RunsTheDeferredFillIn) {
   EXPECT_EQ(FailureOf([&] { called.object.Call(u"Member"); }), "80070005 later");
 }
 
-TEST(CallingAnObject, TakesErrorInfoBesideAPlainCode) {
+TEST(CallingAnObject, UsesErrorInfoWithAPlainCode) {
   Called called([](DISPPARAMS&, VARIANT*, EXCEPINFO*) {
     return windows::PublishFailure({E_OUTOFMEMORY, u"太大", u"suite"}, IID_IDispatch);
   });

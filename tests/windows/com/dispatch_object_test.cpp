@@ -100,7 +100,7 @@ TEST_F(CallingUs, WrongCountsAndUsesAreRefused) {
   EXPECT_EQ(Send(dispatch.get(), 77, {}).substr(0, 8), "80020003");
 }
 
-TEST_F(CallingUs, AnArgumentThatNobodyUnderstandsIsNamed) {
+TEST_F(CallingUs, AnUnsupportedArgumentIsIdentified) {
   EXPECT_EQ(Expression(dispatch.get(), L"Join", {Number(1), Nothing(VT_RECORD)}).substr(0, 19),
             "80020005 argument 0");
 }
@@ -172,7 +172,7 @@ TEST_F(CallingUs, ArraysByReferenceAreLists) {
             "S_OK [[Empty]]");
 }
 
-TEST_F(CallingUs, VariablesThatNobodyChangesKeepTheirType) {
+TEST_F(CallingUs, UnchangedVariablesKeepTheirType) {
   VARIANT variable = Nothing(VT_UI1);
   variable.bVal = 200;
   EXPECT_EQ(Expression(dispatch.get(), L"Join", {Reference(VT_VARIANT, &variable)}),

@@ -83,7 +83,7 @@ class CallingATable : public ::testing::Test {
   const Bstr word{u"甲"};
 };
 
-TEST_F(CallingATable, ArgumentsBecomeWhatTheMemberTakes) {
+TEST_F(CallingATable, ArgumentsAreConvertedToTheMembersTypes) {
   EXPECT_EQ(Expression(object.get(), L"run",
                        {Number(5), Text(text.get()), ObjectOf(nullptr), Number(1), Number(9)}),
             R"(S_OK "ran")");
@@ -123,7 +123,7 @@ TEST_F(CallingATable, NamedArgumentsTakeTheirPositions) {
   EXPECT_EQ(object->target.log, R"(run "甲", Missing, Missing, Missing, 9)");
 }
 
-TEST_F(CallingATable, UnknownParameterNamesAreTold) {
+TEST_F(CallingATable, UnknownParameterNamesAreReported) {
   std::wstring member = L"Run";
   std::wstring parameter = L"nothing";
   LPOLESTR names[] = {member.data(), parameter.data()};

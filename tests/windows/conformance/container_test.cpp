@@ -78,7 +78,7 @@ TEST(RoundTrips, OfTheDocumentsWindowActivateAgain) {
   EXPECT_EQ(host.world.log.Text(), "");
 }
 
-TEST(AnotherContainer, TakesTheControlUpWhenTheFirstHasLeftIt) {
+TEST(AnotherContainer, CanHostTheControlOnceTheFirstHasReleasedIt) {
   ControlHost host;
   host.Open();
   const HostFrame frame(host.world.log, u"另一个窗口");

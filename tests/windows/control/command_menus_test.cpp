@@ -63,7 +63,7 @@ TEST_F(CommandMenus, NothingCanBeCopiedFromAnEmptyGrid) {
   EXPECT_EQ(menu.Lines().back(), "[复制\tCtrl+C]");
 }
 
-TEST_F(CommandMenus, TheMenuSaysWhatIsDisabled) {
+TEST_F(CommandMenus, TheMenuShowsWhatIsDisabled) {
   Start(u"2");
   world_.control->Bar()->Add({u"iRefresh", u"", u"", u""})->SetEnabled(false);
   ContextMenus menu(0, "menu disabled");
@@ -106,7 +106,7 @@ struct MenuCase {
   const char* mask;
 };
 
-TEST_F(CommandMenus, TheMenuTakesTheWayOfTheStripsButtons) {
+TEST_F(CommandMenus, TheMenuRunsCommandsLikeTheStripsButtons) {
   Start();
   for (const MenuCase& command :
        {MenuCase{1, "131072 "}, MenuCase{2, "4194304 "}, MenuCase{3, "65536 "},

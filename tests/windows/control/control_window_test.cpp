@@ -39,7 +39,7 @@ TEST(ControlWindow, ShowsTheCaptionThePeriodAndTheHeadings) {
   KeepPicture(world.host.Handle(), "control");
 }
 
-TEST(ControlWindow, GivesEveryPaneItsVisibleNameAndId) {
+TEST(ControlWindow, NamesEveryPaneByItsVisibleCaptionAndId) {
   UiWorld world;
   world.Start();
   EXPECT_EQ(Utf8(windows::TextOf(world.Tree())), "物料类别");
@@ -131,7 +131,7 @@ TEST(ControlWindow, IsHarmlessAfterItsContainerHasDestroyedIt) {
   world.control->ItemCells().SetMaxRows(3);
 }
 
-TEST(ControlWindow, TakesItsChildrenAlongWhenItDiesFirst) {
+TEST(ControlWindow, DestroysItsChildrenWhenItIsDestroyedFirst) {
   UiWorld world;
   world.Start();
   const HWND handle = world.window->Handle();
@@ -147,7 +147,7 @@ TEST(ControlWindow, TakesItsChildrenAlongWhenItDiesFirst) {
   EXPECT_FALSE(GetClassInfoW(GetModuleHandleW(nullptr), L"PriceDown.Grid", &description));
 }
 
-TEST(ControlWindow, LetsTwoControlsLiveAndDieApart) {
+TEST(ControlWindow, KeepsTwoControlsIndependent) {
   UiWorld first;
   first.Start();
   {
@@ -257,7 +257,7 @@ TEST(ControlWindow, DrawsItselfForAContainer) {
   EXPECT_EQ(different, 0);
 }
 
-TEST(ControlWindow, GivesTheFocusOfAHiddenStripToTheTree) {
+TEST(ControlWindow, MovesTheFocusOfAHiddenStripToTheTree) {
   UiWorld world;
   world.Start();
   const auto tool = world.control->Bar()->Add({u"iToolBar", u"", u"", u""});

@@ -62,7 +62,7 @@ TEST_F(Splitter, StaysInsideItsLimits) {
   EXPECT_NEAR(TreeWidth(), client.right - Pixels(1680), 1);
 }
 
-TEST_F(Splitter, EscapeGivesUpTheDrag) {
+TEST_F(Splitter, EscapeCancelsTheDrag) {
   SetFocus(world_.Tree());
   const int before = TreeWidth();
   PostMessageW(Handle(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(2, 50));
@@ -76,7 +76,7 @@ TEST_F(Splitter, EscapeGivesUpTheDrag) {
   EXPECT_EQ(GetFocus(), world_.Tree());
 }
 
-TEST_F(Splitter, LosingTheMouseGivesUpTheDrag) {
+TEST_F(Splitter, LosingTheMouseCaptureCancelsTheDrag) {
   const int before = TreeWidth();
   PostMessageW(Handle(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(2, 50));
   PostMessageW(Handle(), WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(90, 50));
@@ -88,7 +88,7 @@ TEST_F(Splitter, LosingTheMouseGivesUpTheDrag) {
   EXPECT_EQ(TreeWidth(), before);
 }
 
-TEST_F(Splitter, ADragLeavesTheFocusWhereItWas) {
+TEST_F(Splitter, ADragDoesNotMoveTheFocus) {
   SetFocus(world_.Grid());
   world_.Drag(Handle(), {2, 50}, {30, 50});
   EXPECT_EQ(GetFocus(), world_.Grid());
@@ -108,7 +108,7 @@ TEST_F(Splitter, MovesByArrowKeysWhenItHasTheFocus) {
   EXPECT_EQ(GetFocus(), world_.Grid());
 }
 
-TEST_F(Splitter, F6GoesRoundThePanesAndWithShiftBackwards) {
+TEST_F(Splitter, F6CyclesThePanesAndWithShiftBackwards) {
   std::array<BYTE, 256> before{};
   GetKeyboardState(before.data());
   std::array<BYTE, 256> shift = before;
@@ -139,7 +139,7 @@ TEST_F(Splitter, TabGoesFromTreeToGridToStripAndOut) {
   EXPECT_EQ(GetFocus(), world_.Strip());
 }
 
-TEST_F(Splitter, TabComesRoundWhereTheHostTakesNoKeys) {
+TEST_F(Splitter, TabWrapsAroundWhereTheHostTakesNoKeys) {
   world_.window->SetFocusFirst(false);
   world_.Press(VK_TAB);
   world_.Press(VK_TAB);
@@ -165,7 +165,7 @@ TEST_F(Splitter, KeysOfTreeAndGridAreNotTheHosts) {
   EXPECT_FALSE(Translate(world_.host.Handle(), VK_DOWN));
 }
 
-TEST_F(Splitter, TheHostLearnsWhenTheFocusComesIn) {
+TEST_F(Splitter, TheHostIsNotifiedWhenTheFocusEnters) {
   int activations = 0;
   const HWND outside = CreateWindowW(L"BUTTON", L"", WS_CHILD | WS_VISIBLE, 0, 0, 10, 10,
                                      world_.host.Handle(), nullptr, nullptr, nullptr);

@@ -31,7 +31,7 @@ bool ShowsProgress(const UiWorld& world) {
 
 constexpr DWORD kLong = 350;  // milliseconds
 
-TEST(ControlWindow, TellsTheNumberOfItemsAndTheClass) {
+TEST(ControlWindow, ShowsTheNumberOfItemsAndTheClass) {
   UiWorld world;
   world.Start();
   world.Click(world.Tree(), world.NodePoint(6));

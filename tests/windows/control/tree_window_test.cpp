@@ -118,13 +118,13 @@ TEST_F(TreeWindow, ShowsClosedAndOpenFolders) {
   EXPECT_EQ(ImageList_GetImageCount(TreeView_GetImageList(world_.Tree(), TVSIL_NORMAL)), 2);
 }
 
-TEST_F(TreeWindow, TakesAnotherFont) {
+TEST_F(TreeWindow, UsesAnotherFont) {
   const int before = TreeView_GetItemHeight(world_.Tree());
   world_.window->SetTreeFont(Font{u"宋体", 18, false, false});
   EXPECT_GT(TreeView_GetItemHeight(world_.Tree()), before);
 }
 
-TEST_F(TreeWindow, TakesTwentyThousandClasses) {
+TEST_F(TreeWindow, HoldsTwentyThousandClasses) {
   world_.window->SetRedraw(false);
   world_.window->ClearNodes();
   world_.window->InsertNode(1, kNoNode, u"物料");

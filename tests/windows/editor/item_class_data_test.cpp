@@ -159,7 +159,7 @@ TEST_F(ItemClassDataWindow, ExitStaysWhenTheSaveItAskedForIsRefused) {
   EXPECT_EQ(boxes.All()[1].text, "已经存在代码为:B1的物料类别,请重新输入物料类别代码！");
 }
 
-TEST_F(ItemClassDataWindow, AnErrorOfTheDatabaseIsShownAndTheFormGoesOn) {
+TEST_F(ItemClassDataWindow, AnErrorOfTheDatabaseIsShownAndTheFormStaysUsable) {
   ShowForEdit(u"A1", {[&] {
                         // Pasted, because it cannot be typed.
                         SetWindowTextW(Child(form_ids::kClassName), L"O'Neil");

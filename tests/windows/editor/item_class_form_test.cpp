@@ -179,7 +179,7 @@ TEST_F(ItemClassFormWindow, SpeaksTheSuitesLanguage) {
               [&] { CloseByFrame(); }});
 }
 
-TEST_F(ItemClassFormWindow, TakesTheSizeThatANewResolutionSuggests) {
+TEST_F(ItemClassFormWindow, AppliesTheSizeThatANewResolutionSuggests) {
   ShowForAdd({[&] {
                 const RECT suggested{30, 40, 830, 640};
                 SendMessageW(Form(), 0x02E0, MAKEWPARAM(192, 192),
@@ -210,7 +210,7 @@ TEST_F(ItemClassFormWindow, TheFrameClosesAChangedFormWithoutAQuestion) {
   EXPECT_NE(Classes().find("原材料"), std::string::npos);
 }
 
-TEST_F(ItemClassFormWindow, KeepsTheOwnerFromInputAndGivesItsFocusBack) {
+TEST_F(ItemClassFormWindow, DisablesTheOwnerAndReturnsItsFocus) {
   const HWND field = CreateWindowW(L"EDIT", L"", WS_CHILD | WS_VISIBLE, 10, 10, 100, 20,
                                    host.Handle(), nullptr, GetModuleHandleW(nullptr), nullptr);
   SetFocus(field);
@@ -240,13 +240,13 @@ TEST_F(ItemClassFormWindow, EndsWithItsOwnerWhileAQuestionIsAsked) {
   EXPECT_NE(Classes().find("原材料"), std::string::npos);
 }
 
-TEST_F(ItemClassFormWindow, EndsWhenTheProgramIsToldToQuit) {
+TEST_F(ItemClassFormWindow, EndsWhenTheProgramQuits) {
   ShowForAdd({[] { PostQuitMessage(7); }});
   EXPECT_FALSE(dialog.IsShown());
   EXPECT_TRUE(IsWindowEnabled(host.Handle()) != FALSE);
 }
 
-TEST_F(ItemClassFormWindow, AFormThatCannotBeLoadedLeavesNothingShown) {
+TEST_F(ItemClassFormWindow, AFormThatCannotBeLoadedShowsNothing) {
   // There is no member list.
   dialog.Form().SetMode(0);
   EXPECT_THROW(dialog.ShowModal(host.Handle()), AutomationError);
@@ -297,7 +297,7 @@ TEST_F(ItemClassFormWindow, ClosingWaitsForARunningCommand) {
   EXPECT_TRUE(boxes.All().empty());
 }
 
-TEST_F(ItemClassFormWindow, KeepsItsLeastSizeAndItsLastSize) {
+TEST_F(ItemClassFormWindow, KeepsItsMinimumSizeAndItsLastSize) {
   SIZE wanted{};
   SIZE shown{};
   ShowForAdd({[&] {

@@ -231,11 +231,11 @@ TEST_F(LibraryFaults, OfBeingTakenUpLeaveAControlForTheNextContainer) {
   });
 }
 
-TEST_F(LibraryFaults, OfAddingAreTold) { FailForm(L"addRecord", kSomePoints); }
+TEST_F(LibraryFaults, OfAddingAreReported) { FailForm(L"addRecord", kSomePoints); }
 
-TEST_F(LibraryFaults, OfChangingAreTold) { FailForm(L"editRecord", kFewPoints); }
+TEST_F(LibraryFaults, OfChangingAreReported) { FailForm(L"editRecord", kFewPoints); }
 
-TEST_F(LibraryFaults, OfPreviewingAreTold) { FailForm(L"PreviewPara", kFewPoints); }
+TEST_F(LibraryFaults, OfPreviewingAreReported) { FailForm(L"PreviewPara", kFewPoints); }
 
 TEST_F(LibraryFaults, OfAskingDeleteNothing) {
   host.Open();

@@ -46,7 +46,7 @@ TEST_F(GridWindow, ShowsLockedCellsInTheTooltipColour) {
   EXPECT_EQ(TakePicture(Handle()).At(inside.x, inside.y), 0xFFFFE1u);
 }
 
-TEST_F(GridWindow, TellsLockedCellsFromOpenOnesWhereTooltipsAreAsWhiteAsWindows) {
+TEST_F(GridWindow, DistinguishesLockedCellsWhereTooltipsAreAsWhiteAsWindows) {
   const TooltipColour white(GetSysColor(COLOR_WINDOW));
   grid_.SetBlockMode(true);
   grid_.SetBlock({1, 1, 3, 100});

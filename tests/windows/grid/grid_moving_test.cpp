@@ -105,7 +105,7 @@ TEST_F(GridWindow, CopiesNothingWithoutRows) {
   EXPECT_EQ(Utf8(windows::ClipboardText(Handle())), "before");
 }
 
-TEST_F(GridWindow, HandsTabToTheControl) {
+TEST_F(GridWindow, PassesTabToTheControl) {
   input_.Press(VK_TAB);
   input_.PressWith(VK_SHIFT, VK_TAB);
   EXPECT_EQ(tabs_, "><");

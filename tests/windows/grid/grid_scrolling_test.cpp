@@ -16,7 +16,7 @@ TEST_F(GridWindow, DragsAColumnWider) {
   EXPECT_DOUBLE_EQ(grid_.ColumnWidth(2), 1.2);
 }
 
-TEST_F(GridWindow, EscapeGivesADraggedColumnItsWidthBack) {
+TEST_F(GridWindow, EscapeRestoresTheWidthOfADraggedColumn) {
   const POINT edge = EdgePoint(1);
   PostMessageW(Handle(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(edge.x, edge.y));
   PostMessageW(Handle(), WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(edge.x + 40, edge.y));
@@ -71,7 +71,7 @@ TEST_F(GridWindow, ScrollsSidewaysWhenColumnsDoNotFit) {
   EXPECT_GT(window_.Scroll().Left(), 0);
 }
 
-TEST_F(GridWindow, TakesAMillionRows) {
+TEST_F(GridWindow, HoldsAMillionRows) {
   grid_.SetMaxRows(0);
   grid_.SetMaxRows(1000000);
   grid_.SetText(1, 1000000, u"最后一行");

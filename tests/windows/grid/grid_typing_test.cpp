@@ -7,7 +7,7 @@
 namespace pricedown::testing {
 namespace {
 
-TEST_F(GridWindow, TakesNumbersInAnOpenCell) {
+TEST_F(GridWindow, AcceptsNumbersInAnUnlockedCell) {
   input_.Click(Handle(), CellPoint(4, 2));
   input_.Type(u"12.5");
   ASSERT_NE(Editor(), nullptr);
@@ -58,7 +58,7 @@ TEST_F(GridWindow, KeepsAllKeysButFunctionKeysWhileTyping) {
   EXPECT_EQ(commands_, std::vector{windows::UserCommand::Refresh});
 }
 
-TEST_F(GridWindow, DeleteTakesADigitWhileTyping) {
+TEST_F(GridWindow, DeleteRemovesADigitWhileTyping) {
   input_.Click(Handle(), CellPoint(4, 2));
   input_.Type(u"12");
   input_.Press(VK_HOME);

@@ -130,7 +130,7 @@ TEST_F(FrameWindowTest, HasNoToolsWithoutAChild) {
   EXPECT_EQ(BusinessMenu(), kOwnLines);
 }
 
-TEST_F(FrameWindowTest, MergesTheToolsOfAChildAndLetsThemGoWithIt) {
+TEST_F(FrameWindowTest, MergesTheToolsOfAChildAndRemovesThemWithIt) {
   ASSERT_NE(frame_.OpenChild(kItemClassesCaption), nullptr);
   EXPECT_EQ(Buttons(), kAll);
   frame_.CloseChildren();
@@ -205,7 +205,7 @@ TEST_F(FrameWindowTest, ClosesTheChildOnItsExitTool) {
   EXPECT_EQ(Buttons(), 0);
 }
 
-TEST_F(FrameWindowTest, TakesTheButtonsAwayOnlyWhenTheToolbarIsDoneWithTheClick) {
+TEST_F(FrameWindowTest, RemovesTheButtonsOnlyAfterTheToolbarHasHandledTheClick) {
   const ChildWindow* child = frame_.OpenChild(kItemClassesCaption);
   ASSERT_NE(child, nullptr);
   const HWND window = child->Handle();

@@ -87,7 +87,7 @@ TEST_F(MergedToolbarTest, ShowsTheBarsToolsBeforeTheHostsAndLeavesTheMenuOut) {
   EXPECT_EQ(captions, kCaptions);
 }
 
-TEST_F(MergedToolbarTest, GivesEveryToolThatItKnowsAPictureOfItsOwn) {
+TEST_F(MergedToolbarTest, ShowsADifferentPictureForEveryKnownTool) {
   for (int i = 0; i < Count(); ++i) EXPECT_EQ(PictureOf(i), i);
   for (const UINT list : {UINT{TB_GETIMAGELIST}, UINT{TB_GETDISABLEDIMAGELIST}}) {
     const auto images = reinterpret_cast<HIMAGELIST>(SendMessageW(toolbar_.Handle(), list, 0, 0));
@@ -109,7 +109,7 @@ TEST_F(MergedToolbarTest, AddsTheStandardToolsOnceAndLeavesThoseThatAreThere) {
   EXPECT_FALSE(bar_->Tool(u"iToolBar")->Checked());
 }
 
-TEST_F(MergedToolbarTest, TakesOverTheStatesOfItsTools) {
+TEST_F(MergedToolbarTest, ShowsTheStatesOfItsTools) {
   EXPECT_EQ(StateOf(kCut) + StateOf(kStrip), "EEC");
   bar_->Tool(u"iCut")->SetEnabled(false);
   bar_->Tool(u"iToolBar")->SetChecked(false);

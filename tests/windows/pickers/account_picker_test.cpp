@@ -110,7 +110,7 @@ TEST_F(AccountPickerWindow, EnterBeforeTheSearchBeganChoosesWhatWasTyped) {
   EXPECT_EQ("6701", Pick());
 }
 
-TEST_F(AccountPickerWindow, SaysThatNothingIsFoundAndStaysOpenAtEnter) {
+TEST_F(AccountPickerWindow, ReportsThatNothingIsFoundAndStaysOpenAtEnter) {
   user_.Then([this] { EXPECT_FALSE(IsWindowVisible(user_.Control(ids::kNothing))); })
       .Type(u"没有")
       .Await(ids::kFound, u"找到 0 个科目")

@@ -61,7 +61,7 @@ TEST_F(ItemPickerWindow, TicksMadeWithTheKeyboardSurviveAnotherSearch) {
   EXPECT_EQ("900003 900001", Pick());
 }
 
-TEST_F(ItemPickerWindow, BlankBehindTypedTextIsText) {
+TEST_F(ItemPickerWindow, BlankAfterTypedTextIsText) {
   user_.Type(u"垫圈")
       .Press(VK_SPACE)
       .Type(u"加")
@@ -93,7 +93,7 @@ TEST_F(ItemPickerWindow, BlankInTheEmptyFieldTicks) {
   EXPECT_EQ("-", Pick());
 }
 
-TEST_F(ItemPickerWindow, ControlAChoosesAllFoundAndTakesThemBack) {
+TEST_F(ItemPickerWindow, ControlAChoosesAllFoundAndClearsThemAgain) {
   user_.Type(u"垫")
       .Await(ids::kFound, u"找到 2 种物料")
       .PressWithControl('A')
@@ -190,7 +190,7 @@ TEST_F(ItemPickerWindow, ConditionHidesItems) {
   Pick(true, u"x2.FItemid not in(900001,900003) and x2.FItemID>900000");
 }
 
-TEST_F(ItemPickerWindow, ConditionThatHidesEverythingSaysSo) {
+TEST_F(ItemPickerWindow, ConditionThatHidesEverythingIsReported) {
   user_
       .Then([this] {
         EXPECT_TRUE(IsWindowVisible(user_.Control(ids::kNothing)));
@@ -219,7 +219,7 @@ TEST_F(ItemPickerWindow, WholeTableIsSearchedAndScrolled) {
   EXPECT_EQ("900001", Pick(true, u""));
 }
 
-TEST(ItemPickerOnManyItems, RefusesToChooseMoreThanTheLimitAndSaysSo) {
+TEST(ItemPickerOnManyItems, RefusesToChooseMoreThanTheLimitAndReportsIt) {
   CompanyFilePlan plan;
   plan.large = LargeCompanyPlan{1, static_cast<int>(kMostChosen) + 1, 20};
   PickerCompany company(plan);

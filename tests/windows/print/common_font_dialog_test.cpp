@@ -96,7 +96,7 @@ TEST_F(CommonFontDialogTest, OpensOverItsOwnerWithTheFontSelected) {
         [&] { Press(IDCANCEL); }});
 }
 
-TEST_F(CommonFontDialogTest, OkWithoutAChangeGivesTheSameFont) {
+TEST_F(CommonFontDialogTest, OkWithoutAChangeReturnsTheSameFont) {
   // Sizes that are not a whole number of pixels or points, and a name that may not be installed.
   for (const Font& font : {Font{u"宋体", 9, false, false}, Font{u"Tahoma", 10.5, true, false},
                            Font{u"宋体", 11.3, false, true}}) {
@@ -109,7 +109,7 @@ TEST_F(CommonFontDialogTest, OkWithoutAChangeGivesTheSameFont) {
   }
 }
 
-TEST_F(CommonFontDialogTest, GivesTheSizeAndTheStyleThatWereChosen) {
+TEST_F(CommonFontDialogTest, ReturnsTheChosenSizeAndStyle) {
   const Font first{u"Tahoma", 9, false, false};
   const auto chosen = Show(first, {[&] {
                              Choose(cmb3, L"16");
@@ -144,7 +144,7 @@ TEST_F(CommonFontDialogTest, AppliesWithoutClosing) {
   EXPECT_FALSE(chosen);
 }
 
-TEST_F(CommonFontDialogTest, TellsWhatFailedInApplyingAndStaysOpen) {
+TEST_F(CommonFontDialogTest, ReportsAFailureOfApplyAndStaysOpen) {
   MessageBoxes boxes;
   // Message boxes have the font dialog's window class; the dialog itself gets no answer.
   boxes.WillPress({0, IDOK});

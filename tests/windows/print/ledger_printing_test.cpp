@@ -69,7 +69,7 @@ TEST_F(LedgerPrinting, PrintsAllPagesOnTheDefaultPrinter) {
   EXPECT_EQ(Count("end\nclose\n"), 1u) << spooler_.log;
 }
 
-TEST_F(LedgerPrinting, PrintsAndSaysNothingWhenTheDialogIsCancelled) {
+TEST_F(LedgerPrinting, PrintsNothingAndShowsNoMessageWhenTheDialogIsCancelled) {
   dialogs_.onPrint = [](PRINTDLGW&, DWORD&) { return FALSE; };
   EXPECT_FALSE(Print());
   EXPECT_EQ(Count("open"), 0u);
@@ -85,7 +85,7 @@ TEST_F(LedgerPrinting, PrintsNothingWhenItsControlEndsBelowTheDialog) {
   EXPECT_EQ(Count("open"), 0u) << spooler_.log;
 }
 
-TEST_F(LedgerPrinting, SaysThatThereIsNoPrinter) {
+TEST_F(LedgerPrinting, ReportsThatThereIsNoPrinter) {
   dialogs_.defaultDevice.clear();
   EXPECT_EQ(FailureOf([&] { Print(); }), "80004005 没有安装打印机，请先在系统中添加打印机。");
   EXPECT_EQ(dialogs_.shown, 0);
@@ -150,7 +150,7 @@ TEST_F(PrintProgressTest, AppearsOnceAJobTakesLong) {
   EXPECT_NE(Window(), nullptr);
 }
 
-TEST_F(PrintProgressTest, SaysHowFarTheJobIsAndTakesTheInputFromItsOwner) {
+TEST_F(PrintProgressTest, ShowsTheJobsProgressAndDisablesItsOwner) {
   {
     windows::PrintProgress progress(GetModuleHandleW(nullptr), host_.Handle(), kAtOnce);
     EXPECT_TRUE(progress.Continue(1, 40));
@@ -182,7 +182,7 @@ TEST_F(PrintProgressTest, CallsTheJobOffByItsButtonKeyOrFrame) {
   EXPECT_FALSE(press(WM_COMMAND, 4711, 0));
 }
 
-TEST_F(PrintProgressTest, CallsTheJobOffWhenItsOwnerGoes) {
+TEST_F(PrintProgressTest, CancelsTheJobWhenItsOwnerIsDestroyed) {
   windows::PrintProgress progress(GetModuleHandleW(nullptr), host_.Handle(), kAtOnce);
   EXPECT_TRUE(progress.Continue(1, 9));
   DestroyWindow(host_.Handle());

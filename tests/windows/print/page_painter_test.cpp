@@ -106,7 +106,7 @@ class PainterAt : public ::testing::TestWithParam<int> {
 
 INSTANTIATE_TEST_SUITE_P(Resolutions, PainterAt, ::testing::Values(96, 144, 192, 300));
 
-TEST_P(PainterAt, ARuleStandsWhereItsCommandSays) {
+TEST_P(PainterAt, ARuleIsDrawnWhereItsCommandSays) {
   const Ink across = Paint({{{200, 372, 1900, 372}}, {}}, kPlain);
   const double half = std::max(Pixels(1.5), 1.0) / 2;
   EXPECT_NEAR(across.left, Pixels(200) - half, 1);
@@ -217,7 +217,7 @@ TEST(PagePainter, LeavesTheContextAsItWas) {
   EXPECT_EQ(GetCurrentObject(canvas.Context(), OBJ_FONT), font);
 }
 
-TEST(PagePainter, TellsThatADeviceTakesNoDrawing) {
+TEST(PagePainter, ReportsADeviceThatCannotDraw) {
   DeviceMeasurer measurer;
   PagePainter painter(measurer);
   EXPECT_THROW(painter.Paint(nullptr, {{}, {TextAt(u"M8", TextAlignment::Left, 0, 0)}},

@@ -266,7 +266,7 @@ TEST_F(PreviewEnd, EndsWithItsOwner) {
   ShowFivePages({[&] { DestroyWindow(host.Handle()); }});
 }
 
-TEST_F(PreviewEnd, EndsWhenTheProgramIsToldToQuit) {
+TEST_F(PreviewEnd, EndsWhenTheProgramQuits) {
   FillLedger(ledger, 10);
   ModalSteps player({[] { PostQuitMessage(7); }});
   dialog.ShowModal(host.Handle(), fonts);
@@ -297,7 +297,7 @@ TEST_F(PreviewEnd, EndsWithItsOwnerBehindTheFontDialog) {
   EXPECT_EQ(ledger.Appearance().font, Font());
 }
 
-TEST_F(PreviewEnd, EndsWithItsOwnerWhileAFailureIsTold) {
+TEST_F(PreviewEnd, EndsWithItsOwnerWhileAFailureIsShown) {
   boxes.WillPress({0});
   printing.onPrint = [] { throw AutomationError(ErrorNumber::Unspecified, u"打印机没有反应"); };
   ShowFivePages(

@@ -68,7 +68,7 @@ TEST_F(PreviewWindowTest, AnEmptyGridHasOnePageAndNowhereToTurn) {
            [&] { CloseByFrame(); }});
 }
 
-TEST_F(PreviewWindowTest, GoesToTheTypedPageOrTheNearestThereIs) {
+TEST_F(PreviewWindowTest, GoesToTheTypedPageOrTheNearestOne) {
   ShowFivePages({[&] { TypePage(u"3"); },
                  [&] {
                    EXPECT_EQ(Page(), "3 共 5 页");
@@ -100,7 +100,7 @@ TEST_F(PreviewWindowTest, AnythingButAPageNumberIsTakenBack) {
   EXPECT_TRUE(boxes.All().empty());
 }
 
-TEST_F(PreviewWindowTest, ANumberThatWasNotTakenGoesWithTheFocus) {
+TEST_F(PreviewWindowTest, AnUnappliedNumberIsDroppedWithTheFocus) {
   ShowFivePages({[&] {
                    SetFocus(Child(preview_ids::kPage));
                    Type(u"4");
@@ -160,7 +160,7 @@ TEST_F(PreviewWindowTest, OffersNoSizeBeyondTheLargestAndTheSmallest) {
                  [&] { CloseByFrame(); }});
 }
 
-TEST_F(PreviewWindowTest, TakesATypedSizeWithinItsLimits) {
+TEST_F(PreviewWindowTest, AppliesATypedSizeWithinItsLimits) {
   std::string before;
   ShowFivePages({[&] { TypeZoom(u"80"); },
                  [&] {
@@ -245,7 +245,7 @@ TEST_F(PreviewWindowTest, StaysNearItsPageWhenAPageSetUpMakesFewer) {
                  [&] { CloseByFrame(); }});
 }
 
-TEST_F(PreviewWindowTest, TellsWhatFailedAndGoesOn) {
+TEST_F(PreviewWindowTest, ReportsAFailureAndContinues) {
   printing.onPrint = [] { throw AutomationError(ErrorNumber::Unspecified, u"没有可用的打印机"); };
   printing.onSetUpPage = [] { throw AutomationError(ErrorNumber::Unspecified, u"无法设置页面"); };
   HWND preview = nullptr;
@@ -293,7 +293,7 @@ TEST_F(PreviewWindowTest, ShowsThePagesOfEachShowing) {
   Show(200, {[&] { EXPECT_EQ(Page(), "1 共 5 页"); }, [&] { CloseByFrame(); }});
 }
 
-TEST_F(PreviewWindowTest, KeepsTheSizeOfTheWindowInTheSizeOfThePage) {
+TEST_F(PreviewWindowTest, RefitsThePageWhenTheWindowIsResized) {
   std::string large;
   ShowFivePages(
       {[&] { large = Zoom(); },
@@ -307,7 +307,7 @@ TEST_F(PreviewWindowTest, KeepsTheSizeOfTheWindowInTheSizeOfThePage) {
 
 // The system sends it when the window moves to a screen of another resolution; here only the place
 // changes.
-TEST_F(PreviewWindowTest, TakesThePlaceThatTheSystemSuggestsOnAnotherScreen) {
+TEST_F(PreviewWindowTest, MovesToThePlaceThatTheSystemSuggestsOnAnotherScreen) {
   RECT place{40, 30, 1140, 730};  // wide enough at every resolution
   ShowFivePages({[&] {
                    SendMessageW(Window(), 0x02E0, MAKEWPARAM(96, 96),

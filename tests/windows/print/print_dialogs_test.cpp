@@ -89,7 +89,7 @@ TEST_F(PrintDialogTest, AnswersPagesAndCopies) {
   EXPECT_TRUE(AskPrint(nullptr, printer_, 7)->collated);
 }
 
-TEST_F(PrintDialogTest, TakesThePrinterThatWasChosen) {
+TEST_F(PrintDialogTest, UsesTheChosenPrinter) {
   dialogs_.onPrint = [&](PRINTDLGW& dialog, DWORD&) {
     ChooseOther(dialog);
     return TRUE;
@@ -115,7 +115,7 @@ TEST_F(PrintDialogTest, IsNotShownWithoutAPrinter) {
   EXPECT_EQ(dialogs_.shown, 0);
 }
 
-TEST_F(PrintDialogTest, SaysWhyItDoesNotOpen) {
+TEST_F(PrintDialogTest, ReportsWhyItDoesNotOpen) {
   DWORD code = PDERR_NODEVICES;
   dialogs_.onPrint = [&](PRINTDLGW&, DWORD& error) {
     error = code;
@@ -149,7 +149,7 @@ TEST_F(PrintDialogTest, StartsAnewWithTheDefaultWhenTheChosenPrinterHasGone) {
             "80004005 打印对话框无法打开：对话框错误 4107。");
 }
 
-TEST_F(PrintDialogTest, LeavesTheOldPrinterWhenTheChosenOneCannotBeAsked) {
+TEST_F(PrintDialogTest, KeepsTheOldPrinterWhenTheChosenOneCannotBeQueried) {
   dialogs_.onPrint = [&](PRINTDLGW& dialog, DWORD&) {
     ChooseOther(dialog);
     return TRUE;
@@ -163,7 +163,7 @@ TEST_F(PrintDialogTest, LeavesTheOldPrinterWhenTheChosenOneCannotBeAsked) {
 
 using PageSetupTest = PrintDialogTest;
 
-TEST_F(PageSetupTest, ShowsTheMarginsAndTakesThemInHundredths) {
+TEST_F(PageSetupTest, ShowsTheMarginsAndReadsThemInHundredths) {
   dialogs_.onPageSetup = [&](PAGESETUPDLGW& dialog, DWORD&) {
     EXPECT_NE(dialog.Flags & PSD_INHUNDREDTHSOFMILLIMETERS, 0u);
     EXPECT_NE(dialog.Flags & PSD_MARGINS, 0u);
@@ -176,7 +176,7 @@ TEST_F(PageSetupTest, ShowsTheMarginsAndTakesThemInHundredths) {
   EXPECT_EQ(printer_.ChosenPaper(), (Paper{2100, 2970, {100, 101, 0, 254}}));
 }
 
-TEST_F(PageSetupTest, TakesPrinterAndPaper) {
+TEST_F(PageSetupTest, UsesPrinterAndPaper) {
   dialogs_.onPageSetup = [&](PAGESETUPDLGW& dialog, DWORD&) {
     ChooseOther(dialog);
     return TRUE;
@@ -200,7 +200,7 @@ TEST_F(PageSetupTest, ChangesNothingWhenItIsCancelled) {
   EXPECT_EQ(printer_.Name(), L"PDF");
 }
 
-TEST_F(PageSetupTest, TakesThePaperItselfWhereThereIsNoPrinter) {
+TEST_F(PageSetupTest, UsesThePaperWithoutAPrinter) {
   dialogs_.defaultDevice.clear();
   printer_.UseDefault();
   dialogs_.onPageSetup = [&](PAGESETUPDLGW& dialog, DWORD&) {
@@ -238,7 +238,7 @@ TEST_F(PageSetupTest, StartsAnewWithTheDefaultWhenTheChosenPrinterHasGone) {
             "80004005 页面设置对话框无法打开：对话框错误 4107。");
 }
 
-TEST_F(PageSetupTest, SaysWhyItDoesNotOpen) {
+TEST_F(PageSetupTest, ReportsWhyItDoesNotOpen) {
   DWORD code = PDERR_NODEFAULTPRN;
   dialogs_.onPageSetup = [&](PAGESETUPDLGW&, DWORD& error) {
     error = code;

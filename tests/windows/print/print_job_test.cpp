@@ -30,7 +30,7 @@ TEST(PrintOrder, PrintsWholeCopiesOrEachPageOften) {
   EXPECT_EQ(Sheets({2, 3, 2, false}, 3), "2 2 3 3 ");
 }
 
-TEST(PrintOrder, LeavesPagesOutThatThereAreNot) {
+TEST(PrintOrder, LeavesOutPagesThatDoNotExist) {
   EXPECT_EQ(Sheets({0, 2, 1, true}, 3), "1 2 ");
   EXPECT_EQ(Sheets({4, 9, 2, true}, 3), "");
   EXPECT_EQ(Sheets({1, 1, 0, true}, 3), "1 ");
@@ -77,7 +77,7 @@ class PrintJobTest : public ::testing::Test {
   Watcher watcher_;
 };
 
-TEST_F(PrintJobTest, HandsThePagesToThePrinterOneByOne) {
+TEST_F(PrintJobTest, SendsThePagesToThePrinterOneByOne) {
   EXPECT_TRUE(Print());
   EXPECT_EQ(spooler_.log,
             "open PDF portrait\n"
@@ -140,7 +140,7 @@ TEST_F(PrintJobTest, NamesNoReasonWhereTheSystemKnowsNone) {
   EXPECT_EQ(FailureOf([&] { Print(); }), "80004005 打印页无法开始。");
 }
 
-TEST_F(PrintJobTest, DoesNotBeginOnAPrinterThatTellsNoResolution) {
+TEST_F(PrintJobTest, DoesNotBeginOnAPrinterWithoutAResolution) {
   for (const auto& dots : {windows::PrinterDots{0, 300, 2480, 3508, 0, 0, 2480, 3508},
                            windows::PrinterDots{300, 0, 2480, 3508, 0, 0, 2480, 3508}}) {
     spooler_.log.clear();

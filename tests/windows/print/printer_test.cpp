@@ -93,7 +93,7 @@ TEST_F(PrinterTest, IsTheUsersDefaultOne) {
   EXPECT_EQ(spooler_.log, "ask PDF portrait\nclose\nask PDF landscape\nclose\n");
 }
 
-TEST_F(PrinterTest, HasA4UntilItTellsItsPaper) {
+TEST_F(PrinterTest, HasA4UntilItsPaperIsKnown) {
   spooler_.failingCall = 1;
   printer_.UseDefault();
   EXPECT_EQ(printer_.Name(), L"PDF");
@@ -122,7 +122,7 @@ TEST_F(PrinterTest, StaysTheChosenOneUntilItIsForgotten) {
   EXPECT_EQ(printer_.Name(), L"PDF");
 }
 
-TEST_F(PrinterTest, LeavesMarginsForWhatItCannotPrintOnEitherWay) {
+TEST_F(PrinterTest, LeavesMarginsForItsUnprintableAreaInBothOrientations) {
   spooler_.dots = {254, 254, 2100, 2970, 250, 10, 1840, 2950};
   spooler_.turnedDots = {254, 254, 2970, 2100, 10, 300, 2950, 1790};
   printer_.UseDefault();
@@ -157,7 +157,7 @@ TEST_F(PrinterTest, PrintsUprightOrTurnedAsItIsSetUp) {
   EXPECT_EQ(spooler_.log, "open B landscape\nclose\nopen B portrait\nclose\n");
 }
 
-TEST_F(PrinterTest, AsksTheDriverForOneCopyBecauseCopiesAreOurs) {
+TEST_F(PrinterTest, RequestsOneCopyFromTheDriverBecauseCopiesAreOurs) {
   Choose(L"A");
   (void)printer_.Open(false);
   EXPECT_EQ(spooler_.lastMode.dmCopies, 1);
@@ -165,7 +165,7 @@ TEST_F(PrinterTest, AsksTheDriverForOneCopyBecauseCopiesAreOurs) {
   EXPECT_EQ(spooler_.lastMode.dmCollate, DMCOLLATE_FALSE);
 }
 
-TEST_F(PrinterTest, GivesDialogsBackWhatTheyLeft) {
+TEST_F(PrinterTest, ReturnsToDialogsWhatTheyLeft) {
   Choose(L"二楼打印机", DMORIENT_LANDSCAPE);
   const windows::GlobalMemory mode(printer_.CopyMode());
   const windows::GlobalMemory expectedMode(NewMode(DMORIENT_LANDSCAPE, 3));
@@ -179,7 +179,7 @@ TEST_F(PrinterTest, GivesDialogsBackWhatTheyLeft) {
   EXPECT_EQ(bytes(names), bytes(expectedNames));
 }
 
-TEST_F(PrinterTest, ReadsNoNameBehindTheEndOfWhatADialogLeft) {
+TEST_F(PrinterTest, ReadsNoNameBeyondTheEndOfWhatADialogLeft) {
   const windows::GlobalMemory names(NewNames(L"P"));
   auto* head = static_cast<DEVNAMES*>(GlobalLock(names.Get()));
   head->wDeviceOffset = 0xFFFF;
@@ -208,7 +208,7 @@ TEST_F(PrinterTest, StaysAsItWasWhenAnotherOneCannotBeAsked) {
   }
 }
 
-TEST_F(PrinterTest, SaysWhyItCannotBeOpened) {
+TEST_F(PrinterTest, ReportsWhyItCannotBeOpened) {
   printer_.UseDefault();
   spooler_.failingCall = 3;
   spooler_.error = ERROR_INVALID_PRINTER_NAME;

@@ -47,7 +47,7 @@ TEST(ClassObjects, RefuseAggregation) {
   EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, nullptr), E_POINTER);
 }
 
-TEST(ClassObjects, LeaveNothingBehindForAnInterfaceThatThereIsNot) {
+TEST(ClassObjects, LeaveNothingBehindForAnUnknownInterface) {
   const Library library;
   void* result = &result;
   EXPECT_EQ(library.ClassObject(CLSID_PriceDown)->CreateInstance(nullptr, IID_IStorage, &result),

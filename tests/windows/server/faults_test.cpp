@@ -36,7 +36,7 @@ TEST(FailingSuite, NeverHarmsAControlWithoutAContainer) {
   FailEachCallInTurn([](int failingCall) { return LiveWith(failingCall, false); });
 }
 
-TEST(FailingSuite, IsToldToTheUserByTheGridAlone) {
+TEST(FailingSuite, IsReportedToTheUserByTheGridOnly) {
   const DialogCloser closer;
   ControlHost host;
   host.world.company.nodeSetting = u"gi02";

@@ -32,12 +32,12 @@ std::string SiteLines(const CallLog& log) {
   return text;
 }
 
-TEST(Creation, AsksNothingOfTheSuite) {
+TEST(Creation, MakesNoCallToTheSuite) {
   const ControlHost host;
   EXPECT_FALSE(host.SuiteWasCalled());
 }
 
-TEST(Creation, RunsWhenTheContainerGivesItsSite) {
+TEST(Creation, RunsWhenTheContainerSetsItsSite) {
   ControlHost host;
   EXPECT_EQ(host.SetSite(), S_OK);
   EXPECT_EQ(host.world.log.Count("create ZEPConnection.AppConnection"), 1U);
@@ -88,7 +88,7 @@ TEST(Creation, RunsAtTheFirstMemberWithoutAContainer) {
   EXPECT_EQ(host.world.log.Count("create ZEPCBSSystemData.AisInfo"), 1U);
 }
 
-TEST(Activation, TellsTheContainerAndMovesTheWindow) {
+TEST(Activation, NotifiesTheContainerAndMovesTheWindow) {
   ControlHost host;
   host.SetSite();
   host.world.log.Clear();
@@ -150,7 +150,7 @@ TEST(Activation, IsRefusedWithoutASiteOrByIt) {
   EXPECT_EQ(window, nullptr);
 }
 
-TEST(Activation, MayEndWhileTheContainerIsTold) {
+TEST(Activation, MayEndWhileTheContainerIsNotified) {
   ControlHost host;
   host.SetSite();
   host.site->onActivate = [&] { host.Close(); };
@@ -273,7 +273,7 @@ TEST(End, OfTheControlBeforeTheHostsWindowIsHarmless) {
   EXPECT_NE(IsWindow(host.frame.Handle()), FALSE);
 }
 
-TEST(End, LeavesMembersThatDoNothing) {
+TEST(End, MakesMembersDoNothing) {
   ControlHost host;
   host.Open();
   host.Close();

@@ -57,7 +57,7 @@ TEST_F(Members, HaveNamesInAnyCase) {
   EXPECT_EQ(IdOf(Control(), L"LoadClassTree"), "80020006");
 }
 
-TEST_F(Members, NotifyMessageTakesAnArrayByReference) {
+TEST_F(Members, NotifyMessageAcceptsAnArrayByReference) {
   SafeArray array;
   array.attach(SafeArrayCreateVector(VT_VARIANT, 0, 2));
   SAFEARRAY* held = array.get();
@@ -69,7 +69,7 @@ TEST_F(Members, NotifyMessageTakesAnArrayByReference) {
   EXPECT_EQ(FontRefreshes(host.world.log), 2U);
 }
 
-TEST_F(Members, NotifyMessageTakesAVariable) {
+TEST_F(Members, NotifyMessageAcceptsAVariable) {
   VARIANT message = Text(activate.get());
   VARIANT nothing = Nothing(VT_EMPTY);
   EXPECT_EQ(Statement(Control(), L"NotifyMessage",
@@ -94,7 +94,7 @@ TEST_F(Members, RefreshToolbarMergesAgain) {
   EXPECT_EQ(host.world.log.Count("parent.MergeToolBar([object])"), 3U);
 }
 
-TEST_F(Members, ShowTakesItsParentHoweverItIsPassed) {
+TEST_F(Members, ShowAcceptsItsParentHoweverItIsPassed) {
   const auto window = windows::ToDispatch(host.world.NewParent());
   IDispatch* held = window.get();
   VARIANT variable = ObjectOf(held);
@@ -170,7 +170,7 @@ TEST_F(Members, SelBlockSetsTheGridsBlock) {
   EXPECT_EQ(Statement(Control(), L"SelBlock", {Number(1)}).substr(0, 8), "80020005");
 }
 
-TEST_F(Members, SelBlockTakesNamedArguments) {
+TEST_F(Members, SelBlockAcceptsNamedArguments) {
   host.world.factory.Object(u"grid")
       .On(u"MaxCols", 4)
       .AllowPut(u"Col")

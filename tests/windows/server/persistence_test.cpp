@@ -62,7 +62,7 @@ TEST(SavedControl, KnowsItsClass) {
   EXPECT_TRUE(IsEqualGUID(id, CLSID_PriceDown));
 }
 
-TEST(SavedControl, ComesBackFromAStream) {
+TEST(SavedControl, IsRestoredFromAStream) {
   const auto stream = NewStream();
   {
     const ControlHost host;
@@ -80,7 +80,7 @@ TEST(SavedControl, ComesBackFromAStream) {
   EXPECT_EQ(SizeOf(host), "7000x3000");
 }
 
-TEST(SavedControl, KeepsItsSizeWhenTheStreamIsNotIts) {
+TEST(SavedControl, KeepsItsSizeWhenTheStreamIsForeign) {
   const ControlHost host;
   const std::string before = SizeOf(host);
   const auto empty = NewStream();
@@ -93,7 +93,7 @@ TEST(SavedControl, KeepsItsSizeWhenTheStreamIsNotIts) {
   EXPECT_EQ(SizeOf(host), before);
 }
 
-TEST(SavedControl, ComesBackFromAPropertyBag) {
+TEST(SavedControl, IsRestoredFromAPropertyBag) {
   const auto bag = windows::MakeCom<Bag>();
   {
     const ControlHost host;
@@ -106,7 +106,7 @@ TEST(SavedControl, ComesBackFromAPropertyBag) {
   EXPECT_EQ(SizeOf(host), "7000x3000");
 }
 
-TEST(SavedControl, TakesAnEmptyPropertyBagAsItIs) {
+TEST(SavedControl, AcceptsAnEmptyPropertyBag) {
   const auto bag = windows::MakeCom<Bag>();
   const ControlHost host;
   Resize(host, 7000, 3000);
@@ -117,7 +117,7 @@ TEST(SavedControl, TakesAnEmptyPropertyBagAsItIs) {
   EXPECT_EQ(SizeOf(host), "7000x3000");
 }
 
-TEST(SavedControl, ComesBackFromAStorage) {
+TEST(SavedControl, IsRestoredFromAStorage) {
   ComPtr<ILockBytes> bytes;
   ComPtr<IStorage> storage;
   ASSERT_EQ(CreateILockBytesOnHGlobal(nullptr, TRUE, bytes.put()), S_OK);

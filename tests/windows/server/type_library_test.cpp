@@ -121,7 +121,7 @@ TEST(TypeLibrary, ListsOneNameOfUpdatePriceAsOperationAndProperty) {
             (std::vector<std::string>{"1 1 ItemClassType()", "2 1 ItemClassType()"}));
 }
 
-TEST(MemberTables, SayWhatTheTypeLibrarySays) {
+TEST(MemberTables, MatchTheTypeLibrary) {
   EXPECT_EQ(Table(windows::PriceDownMembers()), FunctionsOf(IID__PriceDown));
   EXPECT_EQ(Table(windows::UpdatePriceMembers()), FunctionsOf(IID__updatePrice));
 }

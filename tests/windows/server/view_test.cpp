@@ -131,7 +131,7 @@ TEST(TheView, KeepsOneAdviseSink) {
   EXPECT_FALSE(found);
 }
 
-TEST(TheObject, TellsItsConnectionsThatItClosed) {
+TEST(TheObject, NotifiesItsConnectionsThatItClosed) {
   ControlHost host;
   host.Open();
   const auto sink = windows::MakeCom<Sink>();
