@@ -1,4 +1,4 @@
-# Two tables of pricedown_bench, native and under Wine, as one of Markdown, and below it the
+# Merges two tables of pricedown_bench, native and under Wine, into one Markdown table, followed by the
 # operations that take more than three times their raw side.
 BEGIN { FS = "  +" }
 FNR == 1 { next }

@@ -1,5 +1,5 @@
-# awk -f page-texts.awk EXPECTED FOUND: whether the words that pdftotext -bbox found on the pages
-# are the texts that print_pages expects, each in its place, and nothing else is there.
+# awk -f page-texts.awk EXPECTED FOUND: checks that the words found by pdftotext -bbox are exactly the
+# texts that print_pages expects, each in its place.
 BEGIN {
   FS = "\t"
   tolerance = 0.75  # points

@@ -1,5 +1,5 @@
-' Adding, changing and deleting a class through the public members, late-bound, with the user's part
-' played in the real form and message boxes.
+' Adding, changing and deleting a class through the public members, late-bound, with the user played
+' in the real form and message boxes.
 Option Explicit
 
 Const kToolBar = 301
@@ -39,7 +39,7 @@ Function Rows(condition)
   Rows = CLng(suite.Query("select count(*) from icPriceDownClass where " & condition))
 End Function
 
-' The first item behind that one that is of no class and without history.
+' The first item after that one that is in no class and has no history.
 Function FreeItem(before)
   FreeItem = suite.Query("select min(FItemID) from t_ICItem where FItemID>" & before & " and FErpClsID=1 and FItemID not in (select FItemID from icPriceDownClass) and FItemID not in (select FItemID from ICPriceDownPrepare)")
 End Function
@@ -47,7 +47,7 @@ free = FreeItem(0)
 second = FreeItem(free)
 third = FreeItem(second)
 
-' Nothing typed: closing asks nothing.
+' Nothing was typed: closing asks no question.
 Class CloseAtOnce
   Public Sub Step
     If stage = 0 Then
@@ -131,7 +131,7 @@ Sub SelectClass(number)
   control.Show parent
 End Sub
 
-' Changing number and name; leaving a saved form asks nothing.
+' Changing number and name; leaving a saved form asks no question.
 Class RenameClass
   Public Sub Step
     Select Case stage
@@ -154,7 +154,7 @@ CheckEqual "the form shows the selected class", seen, "SY1 12.5"
 CheckEqual "nothing of the old number is left", Rows("FItemClassNumber='SY1'"), CLng(0)
 CheckEqual "the class is stored under its new number", Rows("FItemClassNumber='SY2' and FItemClassName='改名'"), CLng(3)
 
-' The second of its items is taken out.
+' Its second item is removed.
 Class RemoveItem
   Public Sub Step
     Select Case stage
@@ -177,7 +177,7 @@ control.editRecord
 CheckEqual "two of the three items are left", Rows("FItemClassNumber='SY2'"), CLng(2)
 CheckEqual "they are those that were not selected", Rows("FItemClassNumber='SY2' and FItemID in (" & free & "," & third & ")"), CLng(2)
 
-' Deleting: what is asked and told, in order; Answer is pressed where there is a choice.
+' Deleting: questions and messages, in order; presses Answer where there is a choice.
 Dim answer
 Class AnswerBoxes
   Public Sub Step

@@ -1,5 +1,5 @@
-' The command bar as a host merges it: who is told of clicks and changes, and what a forwarded click
-' does with the user's right and without it.
+' The command bar as a host merges it: notifications of clicks and changes, and a forwarded click with
+' and without the user's right.
 Option Explicit
 
 Const kCommands = 1002

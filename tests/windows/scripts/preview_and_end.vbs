@@ -1,4 +1,4 @@
-' A host that closes the control's window while its preview is open, by whatever way the user took.
+' A host that closes the control's window while its preview is open, however it was opened.
 Option Explicit
 
 Class ParentOfTheHost

@@ -77,7 +77,7 @@ Check "SelBlock ignores errors", True
 control.ModelCurrent
 Check "ModelCurrent answers", True
 
-' There is no printer: the preview is shown all the same, and printing says why it does not.
+' There is no printer: the preview still opens, and printing reports why it fails.
 Dim seen
 Class ReadAndClose
   Public Sub Step

@@ -1,6 +1,5 @@
-' Printing and previewing items through the public members on a real printer, with the user's part
-' played in the system's print dialog. What came out of the printer is checked by the driver, which
-' reads the lines "item" and "date".
+' Printing and previewing items through the public members on a real printer, with the user played in
+' the system's print dialog. The driver checks the printed pages by the lines "item" and "date".
 Option Explicit
 
 Const kPages = 1058
@@ -47,8 +46,8 @@ Sub TellItems(number)
   Loop
 End Sub
 
-' What the user sees, one word a window; which button ends the print dialog, and whether the page is
-' set up first.
+' The windows that the user sees, one word each; which button ends the print dialog, and whether the
+' page is set up first.
 Dim seen, answer, setsUp
 Class UserOfTheDialog
   Public Sub Step
@@ -64,7 +63,7 @@ Class UserOfTheDialog
         CloseForm
       End If
     ElseIf TextIn(kLeftMargin) <> "" Then
-      ' Turning the paper turns the margins too, so that they come second.
+      ' Changing the orientation also rotates the margins, so they come second.
       If seen = "preview " Then
         seen = seen & "turned "
         PressButton kLandscape

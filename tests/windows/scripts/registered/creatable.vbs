@@ -1,4 +1,4 @@
-' The public classes as any client finds them that was given no manifest: by registration.
+' The public classes as a client without a manifest finds them: by registration.
 Option Explicit
 Dim control, price
 Set price = CreateObject("ZEPPriceDownPrepare.updatePrice")
