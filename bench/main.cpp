@@ -1,6 +1,7 @@
 // Measures the library against raw baselines and prints one table.
 //   pricedown_bench FOLDER [control | browser | editor | print]
-// Companies are made in FOLDER once and kept there. With a word only that part is measured.
+// Companies are created in FOLDER once and kept there. With a part named, only that part is
+// measured.
 #include <array>
 #include <cstdio>
 #include <exception>

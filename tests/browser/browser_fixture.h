@@ -31,7 +31,7 @@ inline constexpr std::u16string_view kItemsOf01 =
     u" Where t1.Fitemid=t2.Fitemid and t1.FErpClsID not in(6,8) "
     u" and t2.FItemClassNumber='01' Order by t1.FNumber asc";
 
-// What the root asks for: the class numbered 0.
+// The root's query: the class numbered 0.
 inline constexpr std::u16string_view kItemsOfRoot =
     u"SELECT isnull(t1.FNumber,'') as FNumber,isnull(t1.FShortNumber,'') as FShortNumber,"
     u"t1.FName,isnull(t1.FModel,'') as FModel,"

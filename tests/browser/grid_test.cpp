@@ -151,7 +151,7 @@ TEST_F(GridTest, LetsTheLastAttributeOfACellWin) {
   SelectBlock(1, 4, 1, 2);
   grid_.LockBlock(false);
   EXPECT_EQ(Locks(), "---- ---- ");
-  // Unlocking takes no colour away.
+  // Unlocking keeps the colour.
   EXPECT_EQ(grid_.Colour(2, 1), 0x22u);
 }
 

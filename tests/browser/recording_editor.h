@@ -14,7 +14,7 @@
 
 namespace pricedown::testing {
 
-// Log lines: editor form, editor show, what the form's windows are told, editor closed.
+// Log lines: editor form, editor show, the calls of the form's windows, editor closed.
 class RecordingEditor : public ItemClassEditor {
  public:
   // `environment` must outlive the editor.

@@ -1,4 +1,4 @@
-// Which texts are connection strings, and what of them may be shown, kept and reported.
+// Recognising connection strings, and what of them may be shown, stored and reported.
 #include "workbench/company/location.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// The save: header walk, kept copy, account ids, the one text, flags.
+// The save: header walk, stored copy, account ids, statement text, flags.
 #include "editor/save.h"
 
 #include <gmock/gmock.h>
@@ -304,7 +304,7 @@ TEST(SaveFailures, EndTheSaveAndLeaveTheFormUsable) {
       EXPECT_EQ(error, std::nullopt);
       EXPECT_TRUE(world.form.State().saved);
     } else {
-      // A failing step of the kept copy is ignored; any other failure ends the save.
+      // A failing step of the stored copy is ignored; any other failure ends the save.
       EXPECT_TRUE(error == std::nullopt || error == kInjectedFailure);
     }
     EXPECT_EQ(world.MemberIds().size(), 2u);

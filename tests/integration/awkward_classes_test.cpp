@@ -1,5 +1,5 @@
-// Classes and calls at the edges of what the control keeps: numbers that the database takes for
-// one, items that are never listed, a second rename, short codes, the host's own calls.
+// Classes and calls at the edges of what the control supports: numbers that the database treats as
+// equal, items that are never listed, a second rename, short codes, the host's own calls.
 #include <gmock/gmock.h>
 
 #include "tests/integration/control_fixture.h"

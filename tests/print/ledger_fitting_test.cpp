@@ -70,7 +70,7 @@ TEST_F(Pages, ShortenLongNamesToTheirColumn) {
   Rows({u"A|" + std::u16string(100000, u'长') + u"|" + std::u16string(5000, u'w') + u"|1|"});
   const std::vector<PageText> texts = RowCommands(Made());
   ASSERT_EQ(texts.size(), 4u);
-  // 509 and 456 tenths of room, 36 of them for the ellipsis.
+  // 509 and 456 tenths wide, 36 of them for the ellipsis.
   EXPECT_EQ(Utf8(texts[1].text), "长长长长长长长长长长长长长…");
   EXPECT_EQ(Utf8(texts[2].text), std::string(23, 'w') + "…");
   for (std::size_t i = 0; i + 1 < texts.size(); ++i) {

@@ -183,7 +183,7 @@ TEST_F(ServerConnection, CancelsARunningStatementWhenAsked) {
   EXPECT_LT(steady_clock::now() - start, seconds(5));
 }
 
-// Two programs that write the rows of one class anew at the same time, as a save does.
+// Two programs that rewrite the rows of one class at the same time, as a save does.
 TEST_F(ServerConnection, SeveralChangesOfOneTextComeOneAfterTheOther) {
   const auto first = Open();
   const auto second = Open();

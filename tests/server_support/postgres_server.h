@@ -22,7 +22,7 @@ class PostgresServer {
   PostgresServer(const PostgresServer&) = delete;
   PostgresServer& operator=(const PostgresServer&) = delete;
 
-  // An empty database of its own for a test, as connection string.
+  // The connection string of a new empty database.
   std::string NewDatabase();
   // The same server's connection string with another password.
   static std::string WithPassword(std::string connectionString, std::string_view password);
@@ -32,7 +32,7 @@ class PostgresServer {
   // Stops answering without closing anything, and goes on.
   void Freeze() const;
   void Thaw() const;
-  // Ends every session but the one that asks.
+  // Ends every session but the caller's.
   void CutConnections() const;
 
   static constexpr std::string_view kPassword = "Geheim-4711";

@@ -1,4 +1,4 @@
-// A stand-in suite on a small company of its own, for tests that call its objects by name.
+// A stand-in suite on its own small company, for tests that call its objects by name.
 // The schema creates the company; the test's statements fill it.
 #pragma once
 

@@ -1,5 +1,5 @@
 // Names of the instances of table tests, taken from the rows themselves.
-// A row type is a struct with a `name` of letters and digits and a PrintTo of its own.
+// A row type is a struct with a `name` of letters and digits and its own PrintTo.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// The rows behind a scripted recordset: columns, values, a position, a filter.
+// The rows of a scripted recordset: columns, values, a position, a filter.
 #pragma once
 
 #include <cstddef>

@@ -1,4 +1,4 @@
-// Objects made by ProgID that log every call and answer from a script.
+// Objects created by ProgID that log every call and reply from a script.
 // A call that is not scripted fails the test.
 #pragma once
 

@@ -1,4 +1,4 @@
-// What every recordset behind this library's Recordset has to do, as one suite of tests.
+// The contract of every recordset that this library uses, as one suite of tests.
 // It is not run by itself: the tests of an implementation instantiate it with their factory.
 #pragma once
 

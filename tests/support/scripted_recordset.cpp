@@ -63,7 +63,7 @@ class ScriptedRecordset : public LocalObject<ScriptedRecordset>, public NamedObj
     return u"?";
   }
 
-  std::int32_t cursorLocation = 2;  // the server's, until the client's is asked for
+  std::int32_t cursorLocation = 2;  // the server's by default
 
  private:
   RecorderPtr recorder_;

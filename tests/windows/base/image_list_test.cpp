@@ -26,7 +26,7 @@ using windows::MakeImageList;
 
 // The scales that Windows offers, 100% to 400%.
 const std::vector<int> kResolutions{96, 120, 144, 168, 192, 216, 240, 288, 336, 384};
-// Those with a picture of their own.
+// Those with their own picture.
 const std::vector<int> kDrawnResolutions{96, 120, 144, 192, 288, 384};
 
 std::vector<int> AllIcons() {

@@ -1,4 +1,4 @@
-// Tests of member tables behind IDispatch::Invoke.
+// Tests of member tables and IDispatch::Invoke.
 #include "windows/com/dispatch_table.h"
 
 #include <gtest/gtest.h>

@@ -12,7 +12,7 @@ namespace pricedown::testing {
 class ContextMenus {
  public:
   // `choice` is the position of the line to choose from 1, separators not counted; 0 for none.
-  // With a name the menu is kept as a picture.
+  // With a name a picture of the menu is written.
   explicit ContextMenus(int choice = 0, std::string picture = {});
   ~ContextMenus();
   ContextMenus(const ContextMenus&) = delete;

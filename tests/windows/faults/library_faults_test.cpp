@@ -112,7 +112,7 @@ void RunOnce(ImportFaults& faults, FaultKind kind, int failing, const Operation&
   faults.Stop();
 }
 
-// Of each kind; PRICEDOWN_FAULT_POINTS in the environment asks for more.
+// Of each kind; PRICEDOWN_FAULT_POINTS in the environment sets another number.
 int PointsAskedFor(int usual) {
   const char* const asked = std::getenv("PRICEDOWN_FAULT_POINTS");
   return asked == nullptr ? usual : std::max(usual, std::atoi(asked));

@@ -170,7 +170,7 @@ TEST_P(PainterAt, EveryTextOfALedgersPageIsWhereItsCommandSays) {
     double start = text.anchor;
     if (text.alignment == TextAlignment::Centre) start -= width / 2;
     if (text.alignment == TextAlignment::Right) start -= width;
-    // The row of the text in its clip; its neighbours have clips of their own.
+    // The row of the text in its clip; its neighbours have their own clips.
     Ink ink{picture.width, 0, -1, 0};
     const auto edge = [&](Tenths tenths) { return static_cast<int>(std::lround(Pixels(tenths))); };
     for (int y = edge(text.clip.top); y < edge(text.clip.bottom); ++y) {

@@ -32,7 +32,7 @@ namespace pricedown::testing {
 
 namespace preview_ids = windows::preview_ids;
 
-// A ledger without windows of its own.
+// A ledger without its own windows.
 class PlainLedger : public LedgerDocument {
  public:
   void Preview() override {}

@@ -1,4 +1,4 @@
-// The item class form behind addRecord and editRecord of the built DLL, over a real host window.
+// The item class form of addRecord and editRecord of the built DLL, over a real host window.
 #include <gtest/gtest.h>
 
 #include <string>

@@ -114,7 +114,7 @@ class RecordingSite final : public windows::ComClass<IOleClientSite, IOleInPlace
   // IDispatch: ambient properties
   STDMETHODIMP GetTypeInfoCount(UINT*) noexcept override { return E_NOTIMPL; }
   STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return E_NOTIMPL; }
-  // The control asks the site itself for Parent when there is no extender.
+  // Without an extender the control reads Parent from the site itself.
   STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override {
     return DISP_E_UNKNOWNNAME;
   }

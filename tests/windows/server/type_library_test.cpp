@@ -34,7 +34,7 @@ std::string Described(ITypeInfo& info, UINT index) {
   BSTR names[16] = {};
   UINT count = 0;
   info.GetNames(function->memid, names, 16, &count);
-  // A put's value has no name of its own.
+  // A put's value has no name.
   std::string text = std::to_string(function->invkind) + " " + std::to_string(function->memid) +
                      " " + Utf8(windows::FromBstr(names[0])) + "(";
   for (SHORT i = 0; i < function->cParams; ++i) {
