@@ -1,10 +1,8 @@
 // What the browser keeps between calls, per control: mode, recordsets, the current node.
-// Values shared by all controls are env/process_state.h.
 #pragma once
 
 #include <cstdint>
 #include <optional>
-#include <string>
 
 #include "browser/node_collection.h"
 #include "platform/recordset.h"
@@ -19,16 +17,8 @@ struct BrowserState {
   // The answers of the last tree query and the last grid query, kept open until the next.
   Recordset classRecordset;
   Recordset itemRecordset;
-  // Rows of the grid when it was last handed to the editor; nothing reads it.
-  std::int32_t editedRowCount = 0;
-  // The node that was clicked last, by key, so that a reload of the tree leaves no stale node.
-  std::optional<std::u16string> currentNodeKey;
-  NodeIndex nodeIndex = kNoNode;
-  NodeIndex classNodeIndex = kNoNode;
-  // Stands left in the last line of the page header. Nothing sets it yet.
-  std::u16string reportSubTitle;
-  // A node click is being handled.
-  bool busy = false;
+  // The node that was clicked last; the tree may have lost it since.
+  std::optional<NodeId> currentNode;
 
   bool ByItemClass() const { return itemClassType == 1; }
 };

@@ -68,7 +68,8 @@ void ClassCommands::PrepareEdit(ItemClassForm& form) {
   SkipFailing([&] { wait.emplace(environment_.screen); });
   {
     const Recordset items = state_.itemRecordset;
-    state_.editedRowCount = items.RecordCount();
+    // Unused here, but part of the calls that the suite's recordset sees.
+    items.RecordCount();
     form.SetMode(kEditMode);
     items.MoveFirst();
     form.SetOpeningNumber(ToText(items.Field(columns::kItemClassNumber)));
@@ -107,7 +108,7 @@ void ClassCommands::Delete() {
   if (!IsConfirmed(number, name) || *ended) return;
   if (!DeleteGuarded(number) || *ended) return;
   tree_.LoadClassTree();
-  tree_.SelectAndClick(kRootKey);
+  tree_.SelectRoot();
 }
 
 bool ClassCommands::DeleteGuarded(std::u16string_view number) {

@@ -1,10 +1,9 @@
-// Loading the class tree and handling a click on one of its nodes.
-// Every step is on its own: one that fails is skipped and the next one runs.
+// Every step runs even when the one before it failed.
 #include "browser/class_tree.h"
 
-#include <algorithm>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "env/translation.h"
 #include "env/wait_cursor.h"
@@ -21,13 +20,8 @@ namespace pricedown {
 namespace {
 
 constexpr std::u16string_view kRootText = u"物料";
-constexpr std::size_t kPrefixLength = 2;
 
 }  // namespace
-
-std::u16string_view ClassNumberOfKey(std::u16string_view key) {
-  return key.substr(std::min(key.size(), kPrefixLength));
-}
 
 void ClassTree::LoadClassTree() {
   environment_.state.loading = true;
@@ -40,7 +34,7 @@ void ClassTree::LoadClassTree() {
   if (state_.ByItemClass()) {
     LoadClasses();
   } else {
-    SkipFailing([&] { AddNode(kNoNode, kRootKey, Translate(kRootText)); });
+    SkipFailing([&] { AddNode({}, Translate(kRootText)); });
     SkipFailing([&] { state_.classRecordset.Close(); });
     state_.classRecordset.Release();
   }
@@ -53,36 +47,33 @@ void ClassTree::LoadClasses() {
   SkipFailing([&] { answer = Connection(environment_.factory).Execute(statements::ClassTree()); });
   state_.classRecordset = answer;
   NodeIndex root = kNoNode;
-  SkipFailing([&] { root = AddNode(kNoNode, kRootKey, Translate(kRootText)); });
-  if (answer && root != kNoNode) SkipFailing([&] { AddClassNodes(root); });
+  SkipFailing([&] { root = AddNode({}, Translate(kRootText)); });
+  if (answer && root != kNoNode) SkipFailing([&] { AddClassNodes(); });
 }
 
 // One row per member item arrives, in number order: a row that repeats the number before it is
 // passed over here, any other repetition is refused by the node collection.
-void ClassTree::AddClassNodes(NodeIndex root) {
+void ClassTree::AddClassNodes() {
   RowReader rows(state_.classRecordset, {columns::kItemClassNumber, columns::kItemClassName},
                  NullCells::AsEmptyText);
   std::u16string numberScratch;
   std::u16string nameScratch;
-  std::u16string key;
-  std::u16string text;
-  bool hasKey = false;
+  std::optional<std::u16string> lastNumber;
   while (rows.Next()) {
     SkipFailing([&] {
       const std::u16string_view number = CellText(rows.Field(0), numberScratch);
-      if (hasKey && ClassNumberOfKey(key) == number) return;
-      hasKey = false;
-      key.assign(kClassKeyPrefix).append(number);
+      if (lastNumber == number) return;
+      lastNumber.reset();
       const std::u16string_view name = Trim(CellText(rows.Field(1), nameScratch));
-      text.assign(number).append(u"(").append(name).append(u")");
-      AddNode(root, key, text);
-      hasKey = true;
+      AddNode(NodeId::OfClass(number), Concatenate({number, u"(", name, u")"}));
+      lastNumber = number;
     });
   }
 }
 
-NodeIndex ClassTree::AddNode(NodeIndex parent, std::u16string_view key, std::u16string_view text) {
-  const NodeIndex index = nodes_.Add(parent, key, text);
+NodeIndex ClassTree::AddNode(NodeId id, std::u16string_view text) {
+  const NodeIndex parent = id.isRoot ? kNoNode : kRootNode;
+  const NodeIndex index = nodes_.Add(std::move(id), text);
   if (index == kNoNode) return kNoNode;
   try {
     view_.InsertNode(index, parent, text);
@@ -94,54 +85,43 @@ NodeIndex ClassTree::AddNode(NodeIndex parent, std::u16string_view key, std::u16
 }
 
 void ClassTree::NodeClick(NodeIndex node) {
-  if (node < 1 || static_cast<std::size_t>(node) > nodes_.Count()) return;
+  if (!nodes_.Contains(node)) return;
   // A copy, because the grid load may let messages run that reload the tree.
-  const std::u16string key = nodes_.At(node).key;
-  const NodeIndex parent = nodes_.At(node).parent;
-  state_.currentNodeKey = key;
-  state_.busy = true;
-  state_.nodeIndex = node;
-  if (key.find(kClassKeyPrefix) != std::u16string::npos) {
-    state_.classNodeIndex = node;
-  } else {
-    state_.classNodeIndex = node == 1 ? 1 : parent;
-  }
+  const NodeId id = nodes_.At(node).id;
+  state_.currentNode = id;
   SkipFailing([&] { environment_.screen.SetMousePointer(MousePointer::Hourglass); });
-  SkipFailing([&] { grid_.LoadItemGrid(key); });
+  SkipFailing([&] { grid_.LoadItemGrid(id.classNumber); });
   SkipFailing([&] { environment_.screen.SetMousePointer(MousePointer::Default); });
-  state_.busy = false;
   SkipFailing([&] { environment_.screen.RunPendingMessages(); });
 }
 
-void ClassTree::SelectAndClick(std::u16string_view key) {
-  const NodeIndex node = nodes_.Find(key);
-  if (node == kNoNode) {
-    throw AutomationError(ErrorNumber::InvalidArgument, Concatenate({u"没有该节点: ", key}),
-                          u"tvwBase");
+void ClassTree::SelectRoot() {
+  if (nodes_.Count() == 0) {
+    throw AutomationError(ErrorNumber::InvalidArgument,
+                          Concatenate({u"没有该节点: ", NodeId{}.Key()}), u"tvwBase");
   }
-  view_.SelectNode(node);
-  NodeClick(node);
+  view_.SelectNode(kRootNode);
+  NodeClick(kRootNode);
 }
 
 void ClassTree::RestoreSelection(std::u16string_view key) {
-  const NodeIndex node = nodes_.Find(key);
+  const NodeIndex node = nodes_.FindKey(key);
   if (node == kNoNode) return;
   SkipFailing([&] { view_.SelectNode(node); });
   NodeClick(node);
 }
 
 void ClassTree::RefreshCurrentNode() {
-  if (!state_.currentNodeKey) return;
-  const std::u16string key = *state_.currentNodeKey;
+  if (!state_.currentNode) return;
+  const std::u16string number = state_.currentNode->classNumber;
   std::optional<WaitCursor> wait;
   SkipFailing([&] { wait.emplace(environment_.screen); });
-  grid_.LoadItemGrid(key);
+  grid_.LoadItemGrid(number);
 }
 
 std::u16string ClassTree::SelectedKey() const {
   const NodeIndex node = view_.SelectedNode();
-  if (node < 1 || static_cast<std::size_t>(node) > nodes_.Count()) return {};
-  return nodes_.At(node).key;
+  return nodes_.Contains(node) ? nodes_.At(node).id.Key() : std::u16string();
 }
 
 }  // namespace pricedown

@@ -1,5 +1,4 @@
-// The class tree `tvwBase`: loading it, its keys, and what a click on a node does.
-// The items of a node are item_grid.h; the window is a ClassTreeView.
+// The class tree `tvwBase`: loading it and what a click on a node does.
 #pragma once
 
 #include <string_view>
@@ -10,12 +9,6 @@
 #include "env/environment.h"
 
 namespace pricedown {
-
-inline constexpr std::u16string_view kRootKey = u"gc0";
-inline constexpr std::u16string_view kClassKeyPrefix = u"gi";
-
-// The class number in a node key: everything from the third character on ("0" for the root).
-std::u16string_view ClassNumberOfKey(std::u16string_view key);
 
 class ClassTree {
  public:
@@ -29,15 +22,16 @@ class ClassTree {
   // Nothing happens for kNoNode.
   void NodeClick(NodeIndex node);
 
-  // Selects the node with that key and handles it as clicked. Throws AutomationError when there is
-  // none or it cannot be selected.
-  void SelectAndClick(std::u16string_view key);
+  // Selects the root and handles it as clicked. Throws AutomationError when there is none or it
+  // cannot be selected.
+  void SelectRoot();
 
-  // The same with failing steps skipped; nothing happens when there is no such node.
+  // Selects the node with that key and handles it as clicked. Failing steps are skipped; no-op
+  // when there is no such node.
   void RestoreSelection(std::u16string_view key);
 
-  // Fills the grid again for the node that was clicked last, if there was one; the tree need not
-  // hold it any more.
+  // Fills the grid again for the node that was clicked last, if there was one, even when the tree
+  // has lost it.
   void RefreshCurrentNode();
 
   // The key of the node selected in the view; empty when none is.
@@ -47,9 +41,9 @@ class ClassTree {
 
  private:
   void LoadClasses();
-  void AddClassNodes(NodeIndex root);
-  // kNoNode when the key is taken. Throws when the view fails; then nothing is added.
-  NodeIndex AddNode(NodeIndex parent, std::u16string_view key, std::u16string_view text);
+  void AddClassNodes();
+  // kNoNode when the node is there already. Throws when the view fails; then nothing is added.
+  NodeIndex AddNode(NodeId id, std::u16string_view text);
 
   Environment& environment_;
   BrowserState& state_;

@@ -68,8 +68,8 @@ void DisplayFont::Apply() {
     const std::int32_t label = view_.MeasureLabel(ledger_.font);
     sheet_.SetFont(ledger_.font);
     const double twipsPerPixel = environment_.screen.TwipsPerPixelY();
-    sheet_.SetRowHeight(kAll, (label + kGridRowMargin) / twipsPerPixel);
-    sheet_.SetRowHeight(kTitleRow, label * kTitleRowFactor / twipsPerPixel);
+    sheet_.SetRowHeight((label + kGridRowMargin) / twipsPerPixel);
+    sheet_.SetTitleHeight(label * kTitleRowFactor / twipsPerPixel);
   });
 }
 

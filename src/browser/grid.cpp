@@ -1,5 +1,3 @@
-// The cells of the item grid: texts in one arena, attributes and bounds as ranges.
-// Reading a cell costs what the number of ranges is, not what the number of rows is.
 #include "browser/grid.h"
 
 #include <algorithm>
@@ -7,22 +5,11 @@
 #include <utility>
 
 namespace pricedown {
-namespace {
-
-bool IsEmpty(const CellRange& range) {
-  return range.column > range.column2 || range.row > range.row2;
-}
-
-bool Covers(const CellRange& outer, const CellRange& inner) {
-  return outer.Contains(inner.column, inner.row) && outer.Contains(inner.column2, inner.row2);
-}
-
-}  // namespace
-
 Grid::Grid(std::int32_t columns)
     : maxColumns_(std::max(columns, 1)),
       titles_(static_cast<std::size_t>(maxColumns_)),
-      widths_(static_cast<std::size_t>(maxColumns_), kDefaultColumnWidth) {}
+      widths_(static_cast<std::size_t>(maxColumns_), kDefaultColumnWidth),
+      numbers_(static_cast<std::size_t>(maxColumns_)) {}
 
 void Grid::SetMaxRows(std::int32_t rows) {
   rows = std::max(rows, 0);
@@ -31,15 +18,11 @@ void Grid::SetMaxRows(std::int32_t rows) {
     throw std::length_error("too many rows");
   }
   cells_.resize(static_cast<std::size_t>(rows) * columns);
-  if (rows == 0) texts_.clear();
-  if (rows < maxRows_) {
-    std::erase_if(attributes_, [&](const Attribute& a) { return a.range.row > rows; });
-    for (Attribute& attribute : attributes_) {
-      attribute.range.row2 = std::min(attribute.range.row2, rows);
-    }
-    std::erase_if(bounds_, [&](const Bound& b) { return b.firstRow > rows; });
-    for (Bound& bound : bounds_) bound.lastRow = std::min(bound.lastRow, rows);
+  if (rows == 0) {
+    texts_.clear();
+    lockedColumns_ = 0;
   }
+  for (NumberCells& numbers : numbers_) numbers.rows = std::min(numbers.rows, rows);
   maxRows_ = rows;
   NotifyChanged();
 }
@@ -76,75 +59,24 @@ void Grid::SetText(std::int32_t column, std::int32_t row, std::u16string_view te
 }
 
 std::optional<double> Grid::UpperBound(std::int32_t column, std::int32_t row) const {
-  const auto found = std::find_if(bounds_.rbegin(), bounds_.rend(), [&](const Bound& bound) {
-    return bound.column == column && row >= bound.firstRow && row <= bound.lastRow;
-  });
-  if (found == bounds_.rend()) return std::nullopt;
-  return found->bound;
+  if (!Inside(column, row)) return std::nullopt;
+  const NumberCells& numbers = numbers_[static_cast<std::size_t>(column - 1)];
+  return row <= numbers.rows ? std::optional(numbers.bound) : std::nullopt;
 }
 
-void Grid::SetUpperBound(std::int32_t column, std::int32_t row, double bound) {
-  if (!Inside(column, row)) return;
-  if (!bounds_.empty()) {
-    // Rows are bounded one after the other: one entry grows with them.
-    Bound& last = bounds_.back();
-    if (last.column == column && last.bound == bound && last.lastRow + 1 == row) {
-      last.lastRow = row;
-      return;
-    }
-  }
-  if (UpperBound(column, row) == bound) return;
-  bounds_.push_back({column, row, row, bound});
+void Grid::SetUpperBound(std::int32_t column, std::int32_t lastRow, double bound) {
+  if (column < 1 || column > maxColumns_) return;
+  numbers_[static_cast<std::size_t>(column - 1)] = {std::min(lastRow, maxRows_), bound};
 }
 
-CellRange Grid::Target() const {
-  CellRange target = block_;
-  if (!blockMode_) {
-    target.column2 = target.column;
-    target.row2 = target.row;
-  }
-  if (target.column == kAll) {
-    target.column = 1;
-    target.column2 = maxColumns_;
-  }
-  if (target.row == kAll) {
-    target.row = 1;
-    target.row2 = maxRows_;
-  }
-  target.column = std::max(target.column, 1);
-  target.row = std::max(target.row, 1);
-  target.column2 = target.column2 == kAll ? maxColumns_ : std::min(target.column2, maxColumns_);
-  target.row2 = target.row2 == kAll ? maxRows_ : std::min(target.row2, maxRows_);
-  return target;
-}
-
-void Grid::LockBlock(bool locked) { AddAttribute({Target(), locked, std::nullopt}); }
-
-void Grid::ColourBlock(std::uint32_t colour) { AddAttribute({Target(), std::nullopt, colour}); }
-
-void Grid::AddAttribute(Attribute attribute) {
-  if (IsEmpty(attribute.range)) return;
-  std::erase_if(attributes_, [&](const Attribute& earlier) {
-    return earlier.locked.has_value() == attribute.locked.has_value() &&
-           Covers(attribute.range, earlier.range);
-  });
-  attributes_.push_back(attribute);
+void Grid::LockColumns(std::int32_t lastColumn) {
+  if (maxRows_ == 0) return;
+  lockedColumns_ = std::max(lockedColumns_, lastColumn);
   NotifyChanged();
 }
 
 bool Grid::IsLocked(std::int32_t column, std::int32_t row) const {
-  const auto found = std::find_if(attributes_.rbegin(), attributes_.rend(), [&](const auto& a) {
-    return a.locked.has_value() && a.range.Contains(column, row);
-  });
-  return found != attributes_.rend() && *found->locked;
-}
-
-std::optional<std::uint32_t> Grid::Colour(std::int32_t column, std::int32_t row) const {
-  const auto found = std::find_if(attributes_.rbegin(), attributes_.rend(), [&](const auto& a) {
-    return a.colour.has_value() && a.range.Contains(column, row);
-  });
-  if (found == attributes_.rend()) return std::nullopt;
-  return found->colour;
+  return Inside(column, row) && column <= lockedColumns_;
 }
 
 double Grid::ColumnWidth(std::int32_t column) const {
@@ -158,9 +90,13 @@ void Grid::SetColumnWidth(std::int32_t column, double width) {
   NotifyMetricsChanged();
 }
 
-void Grid::SetRowHeight(std::int32_t row, double pixels) {
-  if (row != kTitleRow && row != kAll) return;
-  (row == kTitleRow ? titleHeight_ : rowHeight_) = std::max(pixels, 0.0);
+void Grid::SetTitleHeight(double pixels) {
+  titleHeight_ = std::max(pixels, 0.0);
+  NotifyMetricsChanged();
+}
+
+void Grid::SetRowHeight(double pixels) {
+  rowHeight_ = std::max(pixels, 0.0);
   NotifyMetricsChanged();
 }
 

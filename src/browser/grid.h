@@ -1,5 +1,4 @@
-// The item grid `vaList` as data: texts, locks, colours, widths, heights, the selected block.
-// It draws nothing and queries nothing; grid_object.h offers it to automation clients.
+// The item grid `vaList` as data: texts, locks, number cells, widths, heights.
 #pragma once
 
 #include <cstddef>
@@ -13,10 +12,6 @@
 
 namespace pricedown {
 
-// System colour "tooltip background" as an automation colour.
-inline constexpr std::uint32_t kTooltipBackground = 0x80000018;
-// All rows or all columns, where a row or column number is asked for.
-inline constexpr std::int32_t kAll = -1;
 // The row of the column titles.
 inline constexpr std::int32_t kTitleRow = 0;
 // A column width of 1 in twips, on screen and on paper.
@@ -35,16 +30,16 @@ struct CellRange {
   bool operator==(const CellRange&) const = default;
 };
 
-// What the window is told. Nothing is told while redrawing is off; switching it on tells all.
+// The window that shows a grid. While redrawing is off it is not notified of changes; switching
+// redrawing on reports them all at once.
 class GridView {
  public:
   virtual ~GridView() = default;
-  // Rows, texts, locks or colours changed: repaint, and take over the row count.
+  // Rows, texts or locks changed: repaint with the new row count.
   virtual void GridChanged() = 0;
   // Font, row heights or column widths changed: lay out again.
   virtual void GridMetricsChanged() = 0;
-  // Rows are being filled in while nothing is drawn; told now and then, so that a long fill can be
-  // shown as one.
+  // Progress callback during a long fill, also while redrawing is off.
   virtual void GridFilling() {}
 };
 
@@ -60,8 +55,8 @@ class Grid {
 
   std::int32_t MaxRows() const { return maxRows_; }
   std::int32_t MaxColumns() const { return maxColumns_; }
-  // Rows taken away lose their contents; 0 and less empties the grid. Throws std::length_error or
-  // std::bad_alloc when there is no memory for so many, and then nothing changes.
+  // Rows taken away lose their contents; 0 and less empties and unlocks the grid. Throws
+  // std::length_error or std::bad_alloc when there is no memory for so many; nothing changes then.
   void SetMaxRows(std::int32_t rows);
 
   // Cells outside the grid have no text, and setting them is ignored. Row 0 holds the titles.
@@ -71,32 +66,30 @@ class Grid {
 
   // The largest number that may be typed into a cell, if it takes numbers.
   std::optional<double> UpperBound(std::int32_t column, std::int32_t row) const;
-  void SetUpperBound(std::int32_t column, std::int32_t row, double bound);
+  // Rows 1 to `lastRow` of the column take numbers up to `bound`, its other rows none.
+  void SetUpperBound(std::int32_t column, std::int32_t lastRow, double bound);
 
-  // The selected block. Without block mode, attributes go to its first cell only.
-  const CellRange& Block() const { return block_; }
-  void SetBlock(const CellRange& block) { block_ = block; }
-  bool BlockMode() const { return blockMode_; }
-  void SetBlockMode(bool on) { blockMode_ = on; }
-  void LockBlock(bool locked);
-  void ColourBlock(std::uint32_t colour);
-
+  // Locks columns 1 to `lastColumn` until the grid is emptied. No-op without rows.
+  void LockColumns(std::int32_t lastColumn);
   bool IsLocked(std::int32_t column, std::int32_t row) const;
-  // The colour given to a cell, if any.
-  std::optional<std::uint32_t> Colour(std::int32_t column, std::int32_t row) const;
+  // Whether a number may be typed into the cell.
+  bool IsEditable(std::int32_t column, std::int32_t row) const {
+    return UpperBound(column, row).has_value() && !IsLocked(column, row);
+  }
 
   bool Redraw() const { return redraw_; }
   void SetRedraw(bool redraw);
-  // Tells the view that the cells are to be painted again, although none has changed.
+  // Reports a change to the view although none was made.
   void Repaint() { NotifyChanged(); }
 
   // In width units.
   double ColumnWidth(std::int32_t column) const;
   void SetColumnWidth(std::int32_t column, double width);
-  // In pixels; `row` is kTitleRow or kAll.
+  // In pixels.
   double TitleHeight() const { return titleHeight_; }
   double RowHeight() const { return rowHeight_; }
-  void SetRowHeight(std::int32_t row, double pixels);
+  void SetTitleHeight(double pixels);
+  void SetRowHeight(double pixels);
   const Font& CellFont() const { return font_; }
   void SetFont(const Font& font);
 
@@ -105,24 +98,14 @@ class Grid {
     std::size_t offset = 0;
     std::size_t length = 0;
   };
-  struct Attribute {
-    CellRange range;
-    std::optional<bool> locked;
-    std::optional<std::uint32_t> colour;
-  };
-  struct Bound {
-    std::int32_t column;
-    std::int32_t firstRow;
-    std::int32_t lastRow;
-    double bound;
+  struct NumberCells {
+    std::int32_t rows = 0;  // from the first one
+    double bound = 0;
   };
 
   bool Inside(std::int32_t column, std::int32_t row) const;
   // Requires: the cell is inside.
   std::size_t CellIndex(std::int32_t column, std::int32_t row) const;
-  // The cells that attributes go to; empty when the block holds none of the grid.
-  CellRange Target() const;
-  void AddAttribute(Attribute attribute);
   void NotifyChanged();
   void NotifyMetricsChanged();
   void NotifyPending();
@@ -134,10 +117,8 @@ class Grid {
   std::vector<double> widths_;
   std::u16string texts_;  // all cell texts, one behind the other
   std::vector<TextSpan> cells_;
-  std::vector<Attribute> attributes_;  // the last one that holds a cell wins
-  std::vector<Bound> bounds_;
-  CellRange block_;
-  bool blockMode_ = false;
+  std::vector<NumberCells> numbers_;  // by column
+  std::int32_t lockedColumns_ = 0;
   bool redraw_ = true;
   bool changed_ = false;
   bool metricsChanged_ = false;

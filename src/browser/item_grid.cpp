@@ -1,12 +1,9 @@
-// The load of the item grid and its locks.
-// A failure ends the load where it stands; only the message tells of it.
 #include "browser/item_grid.h"
 
 #include <array>
 #include <string>
 #include <vector>
 
-#include "browser/class_tree.h"
 #include "env/translation.h"
 #include "platform/cell_text.h"
 #include "platform/error.h"
@@ -21,17 +18,9 @@ namespace {
 
 // In width units.
 constexpr std::array<double, grid_columns::kCount> kColumnWidths{12, 20, 18, 12};
-constexpr std::int32_t kRowsBetweenTelling = 512;
+constexpr std::int32_t kRowsBetweenReports = 512;
 
 }  // namespace
-
-ItemGrid::ItemGrid(Environment& environment, BrowserState& state)
-    : environment_(environment),
-      state_(state),
-      grid_(grid_columns::kCount),
-      object_(std::make_shared<GridObject>(grid_)) {}
-
-ItemGrid::~ItemGrid() { object_->Detach(); }
 
 void ItemGrid::Prepare() {
   grid_.SetMaxRows(0);
@@ -40,13 +29,12 @@ void ItemGrid::Prepare() {
     grid_.SetText(column, kTitleRow, Translate(kItemColumnTitles[index]));
     grid_.SetColumnWidth(column, kColumnWidths[index]);
   }
-  LockRange(grid_columns::kModel);
 }
 
-void ItemGrid::LoadItemGrid(std::u16string_view nodeKey) {
+void ItemGrid::LoadItemGrid(std::u16string_view classNumber) {
   std::u16string description;
   try {
-    Fill(nodeKey);
+    Fill(classNumber);
     return;
   } catch (const AutomationError& error) {
     description = error.Description();
@@ -57,12 +45,11 @@ void ItemGrid::LoadItemGrid(std::u16string_view nodeKey) {
   environment_.messages.Inform(Translate(description));
 }
 
-void ItemGrid::Fill(std::u16string_view nodeKey) {
+void ItemGrid::Fill(std::u16string_view classNumber) {
   environment_.state.loading = true;
   state_.itemRecordset.Release();
-  const std::u16string statement = state_.ByItemClass()
-                                       ? statements::ItemsOfClass(ClassNumberOfKey(nodeKey))
-                                       : statements::AllItems();
+  const std::u16string statement =
+      state_.ByItemClass() ? statements::ItemsOfClass(classNumber) : statements::AllItems();
   state_.itemRecordset = Connection(environment_.factory).Execute(statement);
   grid_.SetMaxRows(0);
   grid_.SetRedraw(false);
@@ -72,7 +59,7 @@ void ItemGrid::Fill(std::u16string_view nodeKey) {
   if (grid_.MaxRows() > 0) items.MoveFirst();
   FillRows(items);
   grid_.SetRedraw(true);
-  LockRange(grid_columns::kModel);
+  grid_.LockColumns(grid_columns::kModel);
   ApplyScopeLock();
 }
 
@@ -91,25 +78,16 @@ void ItemGrid::FillRows(const Recordset& items) {
     grid_.SetText(grid_columns::kName, row, CellText(rows.Field(1), scratch));
     grid_.SetText(grid_columns::kModel, row, CellText(rows.Field(2), scratch));
     grid_.SetUpperBound(grid_columns::kPrice, row, kPriceUpperBound);
-    if (row % kRowsBetweenTelling == 0) grid_.NotifyFilling();
+    if (row % kRowsBetweenReports == 0) grid_.NotifyFilling();
   }
 }
 
 void ItemGrid::ApplyScopeLock() {
-  if (environment_.state.dataScope == 0) LockRange(grid_.MaxColumns());
-}
-
-void ItemGrid::LockRange(std::int32_t lastColumn) {
-  grid_.SetBlockMode(true);
-  SelectBlock(object_, std::int32_t{1}, lastColumn, std::int32_t{1}, grid_.MaxRows());
-  grid_.LockBlock(true);
-  grid_.ColourBlock(kTooltipBackground);
-  grid_.SetBlockMode(false);
+  if (environment_.state.dataScope == 0) grid_.LockColumns(grid_.MaxColumns());
 }
 
 void ItemGrid::Release() {
   state_.itemRecordset.Release();
-  object_->Detach();
   grid_.SetMaxRows(0);
 }
 

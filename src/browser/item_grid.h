@@ -1,14 +1,11 @@
-// Fills the item grid for a node of the class tree and locks what may not be edited.
-// The cells are in grid.h; which node is meant is decided by the class tree.
+// Fills the item grid with the items of a class and locks what may not be edited.
 #pragma once
 
 #include <array>
-#include <memory>
 #include <string_view>
 
 #include "browser/browser_state.h"
 #include "browser/grid.h"
-#include "browser/grid_object.h"
 #include "env/environment.h"
 
 namespace pricedown {
@@ -30,38 +27,32 @@ inline constexpr double kPriceUpperBound = 99999999999.99;
 
 class ItemGrid {
  public:
-  ItemGrid(Environment& environment, BrowserState& state);
-  ~ItemGrid();
+  ItemGrid(Environment& environment, BrowserState& state)
+      : environment_(environment), state_(state), grid_(grid_columns::kCount) {}
 
-  // Titles, widths and the first block; part of the control's creation.
+  // Titles and widths; part of the control's creation.
   void Prepare();
 
-  // Lists the items of the node with that key. A failure is shown to the user in a message and
-  // leaves what was filled so far; it is not thrown.
-  void LoadItemGrid(std::u16string_view nodeKey);
+  // Lists the items of the class with that number, or all items when provisions are kept by item.
+  // A failure is shown to the user in a message and leaves what was filled so far; never throws.
+  void LoadItemGrid(std::u16string_view classNumber);
 
-  // Locks all cells when the user's data scope is 0. Throws nothing of its own.
+  // Locks all cells when the user's data scope is 0.
   void ApplyScopeLock();
 
-  // Drops rows and the kept recordset, and detaches the object that hosts may still hold. The grid
-  // cannot be filled afterwards.
+  // Drops the rows and the kept recordset.
   void Release();
 
   Grid& Cells() { return grid_; }
-  // The grid as hosts see it.
-  ObjectPtr Object() const { return object_; }
 
  private:
-  void Fill(std::u16string_view nodeKey);
+  void Fill(std::u16string_view classNumber);
   // Requires: the recordset stands on its first row, or has none.
   void FillRows(const Recordset& items);
-  // Locks columns 1 to `lastColumn` of all rows and gives them the tooltip colour.
-  void LockRange(std::int32_t lastColumn);
 
   Environment& environment_;
   BrowserState& state_;
   Grid grid_;
-  std::shared_ptr<GridObject> object_;
 };
 
 }  // namespace pricedown

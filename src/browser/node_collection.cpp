@@ -1,35 +1,64 @@
-// Nodes by index and by key, in step.
-// What a refused key means is decided by whoever adds nodes.
 #include "browser/node_collection.h"
 
-namespace pricedown {
+#include <utility>
 
-NodeIndex NodeCollection::Add(NodeIndex parent, std::u16string_view key, std::u16string_view text) {
+#include "platform/text.h"
+
+namespace pricedown {
+namespace {
+
+constexpr std::u16string_view kRootKey = u"gc0";
+constexpr std::u16string_view kClassKeyPrefix = u"gi";
+
+}  // namespace
+
+std::u16string NodeId::Key() const {
+  return isRoot ? std::u16string(kRootKey) : Concatenate({kClassKeyPrefix, classNumber});
+}
+
+std::optional<NodeId> NodeId::OfKey(std::u16string_view key) {
+  if (key == kRootKey) return NodeId{};
+  if (!key.starts_with(kClassKeyPrefix)) return std::nullopt;
+  return OfClass(key.substr(kClassKeyPrefix.size()));
+}
+
+NodeIndex NodeCollection::Add(NodeId id, std::u16string_view text) {
   const auto index = static_cast<NodeIndex>(nodes_.size() + 1);
-  const auto [place, isNew] = indexes_.try_emplace(std::u16string(key), index);
+  if (id.isRoot) {
+    if (index != kRootNode) return kNoNode;
+    nodes_.push_back({std::move(id), std::u16string(text)});
+    return index;
+  }
+  const auto [place, isNew] = classes_.try_emplace(id.classNumber, index);
   if (!isNew) return kNoNode;
   try {
-    nodes_.push_back({std::u16string(key), std::u16string(text), parent});
+    nodes_.push_back({std::move(id), std::u16string(text)});
   } catch (...) {
-    indexes_.erase(place);
+    classes_.erase(place);
     throw;
   }
   return index;
 }
 
 void NodeCollection::RemoveLast() {
-  indexes_.erase(nodes_.back().key);
+  if (const NodeId& id = nodes_.back().id; !id.isRoot) classes_.erase(id.classNumber);
   nodes_.pop_back();
 }
 
 void NodeCollection::Clear() {
   nodes_.clear();
-  indexes_.clear();
+  classes_.clear();
 }
 
-NodeIndex NodeCollection::Find(std::u16string_view key) const {
-  const auto found = indexes_.find(key);
-  return found == indexes_.end() ? kNoNode : found->second;
+NodeIndex NodeCollection::Find(const NodeId& id) const {
+  if (id.isRoot) return nodes_.empty() ? kNoNode : kRootNode;
+  const auto found = classes_.find(id.classNumber);
+  return found == classes_.end() ? kNoNode : found->second;
+}
+
+NodeIndex NodeCollection::FindKey(std::u16string_view key) const {
+  const std::optional<NodeId> id = NodeId::OfKey(key);
+  return id ? Find(*id) : kNoNode;
 }
 
 }  // namespace pricedown

@@ -1,9 +1,9 @@
-// The nodes of the class tree: one root and its children, each with a key of its own.
-// It draws nothing; the tree view shows what is inserted here.
+// The nodes of the class tree: the root and its children, one per class.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -14,38 +14,51 @@ namespace pricedown {
 // Position of a node in the collection, from 1 in the order of adding; 0 is no node.
 using NodeIndex = std::int32_t;
 inline constexpr NodeIndex kNoNode = 0;
+inline constexpr NodeIndex kRootNode = 1;
+
+// What a node stands for. Stays the same when the tree is reloaded, which an index does not.
+struct NodeId {
+  bool isRoot = true;
+  // The class whose items the node lists. The root lists those of a class numbered 0.
+  std::u16string classNumber = u"0";
+
+  static NodeId OfClass(std::u16string_view number) { return {false, std::u16string(number)}; }
+  // The key under which user settings keep a node: "gc0" for the root, "gi" and the number for a
+  // class.
+  std::u16string Key() const;
+  // The node of such a key; empty for any other text.
+  static std::optional<NodeId> OfKey(std::u16string_view key);
+
+  bool operator==(const NodeId&) const = default;
+};
 
 struct TreeNode {
-  std::u16string key;
+  NodeId id;
   std::u16string text;
-  NodeIndex parent = kNoNode;
 };
 
 class NodeCollection {
  public:
-  // The new node's index, or kNoNode when a node has that key already (compared exactly).
-  // Requires: `parent` is kNoNode or the index of a node.
-  NodeIndex Add(NodeIndex parent, std::u16string_view key, std::u16string_view text);
-  // Takes back the node that was added last. Requires: Count() > 0.
+  // The new node's index, or kNoNode when that node is there already (class numbers are compared
+  // exactly). Requires: the root comes first.
+  NodeIndex Add(NodeId id, std::u16string_view text);
+  // Removes the node that was added last. Requires: Count() > 0.
   void RemoveLast();
   void Clear();
 
   std::size_t Count() const { return nodes_.size(); }
-  // Requires: 1 <= index <= Count().
+  bool Contains(NodeIndex index) const {
+    return index >= kRootNode && static_cast<std::size_t>(index) <= nodes_.size();
+  }
+  // Requires: Contains(index).
   const TreeNode& At(NodeIndex index) const { return nodes_[static_cast<std::size_t>(index) - 1]; }
-  // The node with that key, or kNoNode.
-  NodeIndex Find(std::u16string_view key) const;
+  // kNoNode when there is none.
+  NodeIndex Find(const NodeId& id) const;
+  NodeIndex FindKey(std::u16string_view key) const;
 
  private:
-  struct KeyHash {
-    using is_transparent = void;
-    std::size_t operator()(std::u16string_view key) const {
-      return std::hash<std::u16string_view>{}(key);
-    }
-  };
-
   std::vector<TreeNode> nodes_;
-  std::unordered_map<std::u16string, NodeIndex, KeyHash, std::equal_to<>> indexes_;
+  std::unordered_map<std::u16string, NodeIndex> classes_;  // by class number
 };
 
 }  // namespace pricedown

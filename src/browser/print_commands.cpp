@@ -71,7 +71,7 @@ void PrintCommands::ChooseDisplayFont(FontDialog& dialog) {
 
 void PrintCommands::FillLedger() {
   SetPageTypeface(ledger_, ReadFontProperties(environment_.factory));
-  SetPageHeader(ledger_, state_.reportSubTitle);
+  SetPageHeader(ledger_, {});
   FillPrintTable(sheet_, ledger_.Table());
   SetPageFooter(ledger_);
 }

@@ -87,7 +87,6 @@ class PriceDown {
 
   // What the windows show and what hosts reach.
   Grid& ItemCells() { return grid_.Cells(); }
-  ObjectPtr GridObject() const { return grid_.Object(); }
   const std::shared_ptr<CommandBar>& Bar() const { return bar_; }
   const NodeCollection& Nodes() const { return tree_.Nodes(); }
   const BrowserState& Browser() const { return browser_; }

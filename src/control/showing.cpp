@@ -2,6 +2,7 @@
 // Each step of the display is on its own: one that fails is skipped and the next one runs.
 #include <optional>
 
+#include "browser/select_block.h"
 #include "control/price_down.h"
 #include "env/translation.h"
 #include "env/user_settings.h"
@@ -74,7 +75,7 @@ void PriceDown::LoadTree() {
 
 void PriceDown::RestoreSelection() {
   const Value key =
-      ReadUserSetting(ports_.factory, ports_.application, treeSelectionKey_, kRootKey);
+      ReadUserSetting(ports_.factory, ports_.application, treeSelectionKey_, NodeId{}.Key());
   tree_.RestoreSelection(ToText(key));
 }
 

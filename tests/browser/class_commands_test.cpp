@@ -21,7 +21,7 @@ class DeleteClass : public BrowserFixture {
         .On(u"GetProfile", R"("ConnectString={x}", "IC", "CurrentPeriod")",
             Reply::From([this](auto) { return period_; }));
     tree_.LoadClassTree();
-    tree_.SelectAndClick(u"gi01");
+    tree_.RestoreSelection(u"gi01");
     log_.Clear();
   }
 
@@ -72,7 +72,7 @@ TEST_F(DeleteClass, AsksGuardsDeletesAndSelectsTheRoot) {
 }
 
 TEST_F(DeleteClass, AsksToSelectAClassWhenTheGridHasNoRows) {
-  tree_.SelectAndClick(u"gc0");
+  tree_.SelectRoot();
   log_.Clear();
   commands_.Delete();
   state_.itemRecordset.Release();

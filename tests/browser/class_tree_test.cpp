@@ -14,7 +14,7 @@ class ClassTreeLoad : public BrowserFixture {
     std::vector<std::string> nodes;
     for (std::size_t index = 1; index <= tree_.Nodes().Count(); ++index) {
       const TreeNode& node = tree_.Nodes().At(static_cast<NodeIndex>(index));
-      nodes.push_back(Utf8(node.key) + " " + Utf8(node.text));
+      nodes.push_back(Utf8(node.id.Key()) + " " + Utf8(node.text));
     }
     return nodes;
   }
@@ -57,7 +57,7 @@ TEST_F(ClassTreeLoad, ReadsFieldByFieldWhereTheRecordsetHasNoBlocks) {
   EXPECT_EQ(Nodes(), (Texts{"gc0 物料", "gi01 01(原料)", "gi02 02(成品)"}));
 }
 
-TEST_F(ClassTreeLoad, UsesTheNameInTheFirstRowOfAClass) {
+TEST_F(ClassTreeLoad, ShowsTheNameOfTheFirstRowOfAClass) {
   AnswerStatement(factory_, kTreeStatement, ClassRows({{u"01", u"甲"}, {u"01", u"乙"}}));
   tree_.LoadClassTree();
   EXPECT_EQ(Nodes(), (Texts{"gc0 物料", "gi01 01(甲)"}));
@@ -126,7 +126,7 @@ TEST_F(ClassTreeLoad, KeepsTheRecordsetUntilTheNextReload) {
   EXPECT_EQ(log_.Count("release result"), 1u);
 }
 
-TEST_F(ClassTreeLoad, LoadsTheSameNodesTheSecondTime) {
+TEST_F(ClassTreeLoad, HasTheSameNodesWhenLoadedTwice) {
   AnswerStatement(factory_, kTreeStatement, ClassRows({{u"01", u"甲"}, {u"02", u"乙"}}));
   tree_.LoadClassTree();
   log_.Clear();
@@ -201,7 +201,7 @@ TEST_F(ClassTreeLoad, EndsInStepWithTheWindowWhateverFails) {
         EXPECT_EQ(text, Utf8(tree.Nodes().At(index).text));
       }
       if (tree.Nodes().Count() > 0) {
-        EXPECT_EQ(Utf8(tree.Nodes().At(1).key), "gc0");
+        EXPECT_EQ(Utf8(tree.Nodes().At(1).id.Key()), "gc0");
       }
       const int calls = factory.CallCount();
       // A later load repairs everything.
@@ -223,14 +223,6 @@ TEST_F(ClassTreeLoad, ContinuesWithTheNextRowWhenTheWindowRefusesANode) {
   tree_.LoadClassTree();
   EXPECT_EQ(Nodes(), (Texts{"gc0 物料", "gi01 01(乙)", "gi02 02(丙)"}));
   ExpectWindowInStep();
-}
-
-TEST(ClassNumberOfKey, IsEverythingFromTheThirdCharacterOn) {
-  EXPECT_EQ(Utf8(ClassNumberOfKey(u"gi01")), "01");
-  EXPECT_EQ(Utf8(ClassNumberOfKey(u"gc0")), "0");
-  EXPECT_EQ(Utf8(ClassNumberOfKey(u"gi")), "");
-  EXPECT_EQ(Utf8(ClassNumberOfKey(u"g")), "");
-  EXPECT_EQ(Utf8(ClassNumberOfKey(u"")), "");
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// The cells of the item grid and the notifications to its window.
+// The cells of the item grid and the notifications of its window.
 #include "browser/grid.h"
 
 #include <gtest/gtest.h>
@@ -25,10 +25,6 @@ class GridTest : public ::testing::Test {
     }
     return map;
   }
-  void SelectBlock(std::int32_t column, std::int32_t column2, std::int32_t row, std::int32_t row2) {
-    grid_.SetBlock({column, row, column2, row2});
-  }
-
   CallLog log_;
   RecorderPtr recorder_ = std::make_shared<Recorder>(log_);
   Grid grid_{4};
@@ -78,18 +74,14 @@ TEST_F(GridTest, LosesTheContentsOfRowsTakenAway) {
   grid_.SetMaxRows(3);
   grid_.SetText(1, 2, u"二");
   grid_.SetText(1, 3, u"三");
-  grid_.SetUpperBound(4, 2, 9);
   grid_.SetUpperBound(4, 3, 9);
-  grid_.SetBlockMode(true);
-  SelectBlock(1, 4, 2, 3);
-  grid_.LockBlock(true);
+  grid_.LockColumns(3);
   grid_.SetMaxRows(2);
   grid_.SetMaxRows(3);
   EXPECT_EQ(TextAt(1, 2), "二");
   EXPECT_EQ(TextAt(1, 3), "");
   EXPECT_EQ(grid_.UpperBound(4, 2), 9);
   EXPECT_FALSE(grid_.UpperBound(4, 3));
-  EXPECT_EQ(Locks(), "---- LLLL ---- ");
   grid_.SetMaxRows(0);
   grid_.SetMaxRows(2);
   EXPECT_EQ(TextAt(1, 2), "");
@@ -97,102 +89,50 @@ TEST_F(GridTest, LosesTheContentsOfRowsTakenAway) {
   EXPECT_EQ(Locks(), "---- ---- ");
 }
 
-TEST_F(GridTest, TreatsANegativeRowCountAsZero) {
+TEST_F(GridTest, HasNoRowsForANegativeCount) {
   grid_.SetMaxRows(2);
   grid_.SetMaxRows(-1);
   EXPECT_EQ(grid_.MaxRows(), 0);
 }
 
-TEST_F(GridTest, BoundsOnlyTheCellsThatWereBounded) {
+TEST_F(GridTest, BoundsAColumnDownToARow) {
   grid_.SetMaxRows(5);
-  for (const std::int32_t row : {1, 2, 3, 5}) grid_.SetUpperBound(4, row, 100);
-  grid_.SetUpperBound(4, 2, 7);
+  grid_.SetUpperBound(4, 3, 100);
   EXPECT_EQ(grid_.UpperBound(4, 1), 100);
-  EXPECT_EQ(grid_.UpperBound(4, 2), 7);
   EXPECT_EQ(grid_.UpperBound(4, 3), 100);
   EXPECT_FALSE(grid_.UpperBound(4, 4));
-  EXPECT_EQ(grid_.UpperBound(4, 5), 100);
   EXPECT_FALSE(grid_.UpperBound(3, 1));
+  grid_.SetUpperBound(4, 99, 7);
+  EXPECT_EQ(grid_.UpperBound(4, 1), 7);
+  EXPECT_EQ(grid_.UpperBound(4, 5), 7);
+  EXPECT_FALSE(grid_.UpperBound(4, 6));
 }
 
-TEST_F(GridTest, BoundsColumnsApartAndLeavesABoundThatIsSetAgain) {
-  grid_.SetMaxRows(3);
-  grid_.SetUpperBound(3, 1, 100);
-  grid_.SetUpperBound(4, 2, 100);
-  grid_.SetUpperBound(3, 1, 100);
-  EXPECT_EQ(grid_.UpperBound(3, 1), 100);
-  EXPECT_FALSE(grid_.UpperBound(3, 2));
-  EXPECT_FALSE(grid_.UpperBound(4, 1));
-  EXPECT_EQ(grid_.UpperBound(4, 2), 100);
-}
-
-TEST_F(GridTest, LocksTheWholeBlockOnlyInBlockMode) {
-  grid_.SetMaxRows(3);
-  SelectBlock(2, 3, 1, 2);
-  grid_.LockBlock(true);
-  EXPECT_EQ(Locks(), "-L-- ---- ---- ");
-  grid_.SetBlockMode(true);
-  grid_.LockBlock(true);
-  EXPECT_EQ(Locks(), "-LL- -LL- ---- ");
-}
-
-TEST_F(GridTest, LetsTheLastAttributeOfACellWin) {
+TEST_F(GridTest, LocksColumnsOfAllRowsUntilItIsEmptied) {
+  grid_.LockColumns(4);
   grid_.SetMaxRows(2);
-  grid_.SetBlockMode(true);
-  SelectBlock(1, 4, 1, 2);
-  grid_.LockBlock(true);
-  grid_.ColourBlock(0x11);
-  SelectBlock(2, 2, 1, 1);
-  grid_.LockBlock(false);
-  grid_.ColourBlock(0x22);
-  EXPECT_EQ(Locks(), "L-LL LLLL ");
-  EXPECT_EQ(grid_.Colour(2, 1), 0x22u);
-  EXPECT_EQ(grid_.Colour(2, 2), 0x11u);
-  SelectBlock(1, 4, 1, 2);
-  grid_.LockBlock(false);
-  EXPECT_EQ(Locks(), "---- ---- ");
-  // Unlocking keeps the colour.
-  EXPECT_EQ(grid_.Colour(2, 1), 0x22u);
+  EXPECT_EQ(Locks(), "---- ---- ");  // there was no row to lock
+  grid_.LockColumns(3);
+  EXPECT_EQ(Locks(), "LLL- LLL- ");
+  grid_.LockColumns(1);
+  EXPECT_EQ(Locks(), "LLL- LLL- ");
+  grid_.LockColumns(4);
+  EXPECT_EQ(Locks(), "LLLL LLLL ");
+  EXPECT_FALSE(grid_.IsLocked(1, 3));
+  EXPECT_FALSE(grid_.IsLocked(5, 1));
+  grid_.SetMaxRows(0);
+  grid_.SetMaxRows(1);
+  EXPECT_EQ(Locks(), "---- ");
 }
 
-TEST_F(GridTest, ClipsABlockToItsCells) {
+TEST_F(GridTest, EditsCellsWithABoundThatAreNotLocked) {
   grid_.SetMaxRows(2);
-  grid_.SetBlockMode(true);
-  SelectBlock(3, 99, 2, 99);
-  grid_.LockBlock(true);
-  grid_.SetMaxRows(3);
-  EXPECT_EQ(Locks(), "---- --LL ---- ");
-}
-
-TEST_F(GridTest, TreatsMinusOneAsAllRowsOrColumns) {
-  grid_.SetMaxRows(2);
-  SelectBlock(kAll, kAll, 2, 2);
-  grid_.LockBlock(true);
-  EXPECT_EQ(Locks(), "---- LLLL ");
-  SelectBlock(1, 1, kAll, kAll);
-  grid_.LockBlock(true);
-  EXPECT_EQ(Locks(), "L--- LLLL ");
-}
-
-TEST_F(GridTest, TreatsMinusOneAtTheEndOfABlockAsTheLastRowOrColumn) {
-  grid_.SetMaxRows(3);
-  grid_.SetBlockMode(true);
-  SelectBlock(3, kAll, 2, kAll);
-  grid_.LockBlock(true);
-  EXPECT_EQ(Locks(), "---- --LL --LL ");
-}
-
-TEST_F(GridTest, SetsNoAttributeOnABlockWithoutCells) {
-  grid_.SetBlockMode(true);
-  SelectBlock(1, 3, 1, 0);
-  grid_.LockBlock(true);
-  grid_.ColourBlock(kTooltipBackground);
-  grid_.SetMaxRows(2);
-  EXPECT_EQ(Locks(), "---- ---- ");
-  EXPECT_FALSE(grid_.Colour(1, 1));
-  SelectBlock(3, 1, 1, 2);
-  grid_.LockBlock(true);
-  EXPECT_EQ(Locks(), "---- ---- ");
+  grid_.SetUpperBound(3, 2, 100);
+  grid_.SetUpperBound(4, 1, 100);
+  grid_.LockColumns(3);
+  EXPECT_TRUE(grid_.IsEditable(4, 1));
+  EXPECT_FALSE(grid_.IsEditable(4, 2));
+  EXPECT_FALSE(grid_.IsEditable(3, 1));
 }
 
 TEST_F(GridTest, NotifiesTheWindowOfEachChange) {
@@ -200,10 +140,9 @@ TEST_F(GridTest, NotifiesTheWindowOfEachChange) {
   grid_.SetMaxRows(2);
   grid_.SetText(1, 1, u"甲");
   grid_.SetColumnWidth(1, 12);
-  grid_.SetRowHeight(kAll, 20);
+  grid_.SetRowHeight(20);
   grid_.SetFont({u"宋体", 12, true, false});
-  grid_.SetBlock({1, 1, 4, 2});
-  grid_.LockBlock(true);
+  grid_.LockColumns(2);
   grid_.Repaint();
   EXPECT_EQ(log_.Text(), Lines(R"(
       grid changed 2 rows
@@ -216,7 +155,7 @@ TEST_F(GridTest, NotifiesTheWindowOfEachChange) {
       )"));
 }
 
-TEST_F(GridTest, NotifiesTheWindowOnceWhenRedrawResumes) {
+TEST_F(GridTest, NotifiesTheWindowOnceWhenRedrawingIsSwitchedOn) {
   grid_.Attach(&view_);
   grid_.SetRedraw(false);
   grid_.SetMaxRows(2);
@@ -242,7 +181,7 @@ TEST_F(GridTest, NotifiesNoDetachedWindow) {
   EXPECT_EQ(log_.Text(), "");
 }
 
-TEST_F(GridTest, StopsNotifyingAWindowThatDetachesInANotification) {
+TEST_F(GridTest, StopsNotifyingAWindowThatDetachesInItsCallback) {
   struct LeavingView : GridView {
     explicit LeavingView(Grid& theGrid) : grid(theGrid) {}
     void GridChanged() override { grid.Attach(nullptr); }
@@ -258,11 +197,17 @@ TEST_F(GridTest, StopsNotifyingAWindowThatDetachesInANotification) {
   EXPECT_EQ(view.metrics, 0);
 }
 
-TEST_F(GridTest, ReportsNoProgressToAWindowThatShowsNone) {
+TEST_F(GridTest, ReportsALongFillToAnAttachedWindowOnly) {
+  struct CountingView : GridView {
+    void GridChanged() override {}
+    void GridMetricsChanged() override {}
+    void GridFilling() override { ++fills; }
+    int fills = 0;
+  } view;
   grid_.NotifyFilling();
-  grid_.Attach(&view_);
+  grid_.Attach(&view);
   grid_.NotifyFilling();
-  EXPECT_EQ(log_.Text(), "");
+  EXPECT_EQ(view.fills, 1);
 }
 
 TEST_F(GridTest, KeepsWidthsAndHeights) {
@@ -275,11 +220,12 @@ TEST_F(GridTest, KeepsWidthsAndHeights) {
   EXPECT_EQ(grid_.ColumnWidth(1), 0);
   EXPECT_EQ(grid_.ColumnWidth(5), 0);
   EXPECT_EQ(grid_.ColumnWidth(0), 0);
-  grid_.SetRowHeight(kTitleRow, 25.5);
-  grid_.SetRowHeight(kAll, 18);
-  grid_.SetRowHeight(3, 99);
+  grid_.SetTitleHeight(25.5);
+  grid_.SetRowHeight(18);
   EXPECT_EQ(grid_.TitleHeight(), 25.5);
   EXPECT_EQ(grid_.RowHeight(), 18);
+  grid_.SetRowHeight(-1);
+  EXPECT_EQ(grid_.RowHeight(), 0);
 }
 
 }  // namespace

@@ -18,16 +18,12 @@ class ItemGridTest : public BrowserFixture {
     }
     return rows;
   }
-  // L where a cell is locked and has the tooltip colour, - where it is open and has none.
+  // Which cells are locked, row by row, as L and -.
   std::string Locks() {
     std::string map;
     for (std::int32_t row = 1; row <= grid_.Cells().MaxRows(); ++row) {
       for (std::int32_t column = 1; column <= 4; ++column) {
-        const bool locked = grid_.Cells().IsLocked(column, row);
-        const auto colour = grid_.Cells().Colour(column, row);
-        EXPECT_EQ(colour.has_value(), locked);
-        EXPECT_EQ(colour.value_or(0x80000018u), 0x80000018u);
-        map += locked ? 'L' : '-';
+        map += grid_.Cells().IsLocked(column, row) ? 'L' : '-';
       }
       map += ' ';
     }
@@ -40,7 +36,7 @@ TEST_F(ItemGridTest, ListsTheItemsOfTheSelectedClass) {
   factory_.LogRecordsetCalls();
   AttachGridView();
   AnswerStatement(factory_, kItemsOf01, ItemRows(kTwoItems));
-  grid_.LoadItemGrid(u"gi01");
+  grid_.LoadItemGrid(u"01");
   EXPECT_EQ(log_.Text(),
             Lines("create ZEPConnection.AppConnection\n" + ExecuteLine(kItemsOf01) +
                   "\nrelease ZEPConnection.AppConnection\n"
@@ -50,14 +46,13 @@ TEST_F(ItemGridTest, ListsTheItemsOfTheSelectedClass) {
                   "result.EOF()\n"
                   "result.GetRows(4096, Missing, [\"FNumber\", \"FName\", \"FModel\"])\n"
                   "grid changed 2 rows\n"
-                  "grid changed 2 rows\n"
                   "grid changed 2 rows\n"));
   EXPECT_EQ(Texts(), (Strings{"01.001|螺栓|M8||", "01.002|螺母|M10||"}));
   EXPECT_TRUE(processState_.loading);
   EXPECT_TRUE(state_.itemRecordset);
 }
 
-TEST_F(ItemGridTest, ReportsProgressDuringALongFill) {
+TEST_F(ItemGridTest, ReportsProgressToItsViewDuringALongFill) {
   struct CountingView : GridView {
     void GridChanged() override {}
     void GridMetricsChanged() override {}
@@ -68,7 +63,7 @@ TEST_F(ItemGridTest, ReportsProgressDuringALongFill) {
   ScriptedRows rows = ItemRows({});
   for (int i = 0; i < 1100; ++i) rows.rows.push_back(ItemRows(kTwoItems).rows.front());
   AnswerStatement(factory_, kItemsOf01, rows);
-  grid_.LoadItemGrid(u"gi01");
+  grid_.LoadItemGrid(u"01");
   grid_.Cells().Attach(nullptr);
   EXPECT_EQ(grid_.Cells().MaxRows(), 1100);
   EXPECT_EQ(view.fills, 2);
@@ -77,15 +72,15 @@ TEST_F(ItemGridTest, ReportsProgressDuringALongFill) {
 TEST_F(ItemGridTest, ListsAllItemsWhenProvisionsAreKeptByItem) {
   state_.itemClassType = 2;
   AnswerStatement(factory_, kAllItems, ItemRows(kTwoItems));
-  grid_.LoadItemGrid(u"gc0");
-  grid_.LoadItemGrid(u"gi01");  // the node is not consulted
+  grid_.LoadItemGrid(u"0");
+  grid_.LoadItemGrid(u"01");  // the class is not consulted
   EXPECT_EQ(log_.Count(ExecuteLine(kAllItems)), 2u);
   EXPECT_EQ(grid_.Cells().MaxRows(), 2);
 }
 
 TEST_F(ItemGridTest, QueriesTheClassNumberedZeroAtTheRoot) {
   AnswerStatement(factory_, kItemsOfRoot, ItemRows({}));
-  grid_.LoadItemGrid(u"gc0");
+  grid_.LoadItemGrid(u"0");
   EXPECT_EQ(log_.Count(ExecuteLine(kItemsOfRoot)), 1u);
   EXPECT_EQ(grid_.Cells().MaxRows(), 0);
 }
@@ -94,20 +89,20 @@ TEST_F(ItemGridTest, ShowsShortCodesWhenShortNumbersAreInUse) {
   state_.fullNumber = false;
   AnswerStatement(factory_, kItemsOf01,
                   ItemRows({{u"01.001", u"001", u"螺栓", u"M8"}, {u"01.002", u"", u"螺母", u""}}));
-  grid_.LoadItemGrid(u"gi01");
+  grid_.LoadItemGrid(u"01");
   EXPECT_EQ(Texts(), (Strings{"001|螺栓|M8||", "|螺母|||"}));
 }
 
 TEST_F(ItemGridTest, ShowsNullsAsEmptyCells) {
   AnswerStatement(factory_, kItemsOf01, ItemRows({{Null{}, Null{}, Null{}, Null{}}}));
-  grid_.LoadItemGrid(u"gi01");
+  grid_.LoadItemGrid(u"01");
   EXPECT_EQ(Texts(), (Strings{"||||"}));
   EXPECT_EQ(log_.Count("tell information"), 0u);
 }
 
 TEST_F(ItemGridTest, ReadsFieldByFieldWhereTheRecordsetHasNoBlocks) {
   AnswerStatement(factory_, kItemsOf01, ItemRows(kTwoItems).WithoutGetRows());
-  grid_.LoadItemGrid(u"gi01");
+  grid_.LoadItemGrid(u"01");
   EXPECT_EQ(Texts(), (Strings{"01.001|螺栓|M8||", "01.002|螺母|M10||"}));
 }
 
@@ -115,27 +110,27 @@ TEST_F(ItemGridTest, EmptiesTheGridForAClassWithoutItems) {
   factory_.LogRecordsetCalls();
   AnswerStatement(factory_, kItemsOf01, ItemRows(kTwoItems));
   AnswerStatement(factory_, kItemsOf01, ItemRows({}));
-  grid_.LoadItemGrid(u"gi01");
+  grid_.LoadItemGrid(u"01");
   log_.Clear();
-  grid_.LoadItemGrid(u"gi01");
+  grid_.LoadItemGrid(u"01");
   EXPECT_EQ(Texts(), Strings{});
   EXPECT_EQ(log_.Count("result.MoveFirst()"), 0u);  // an empty recordset refuses it
   EXPECT_TRUE(grid_.Cells().Redraw());
   EXPECT_TRUE(processState_.loading);
 }
 
-TEST_F(ItemGridTest, TreatsAnUnknownRecordCountAsNoRows) {
+TEST_F(ItemGridTest, ShowsNoRowsForAnUnknownRecordCount) {
   factory_.Object(u"uncounted").On(u"RecordCount", -1).On(u"EOF", true);
   factory_.Object(u"ZEPConnection.AppConnection")
       .On(u"Execute", Arguments({kItemsOf01}), factory_.Answering(u"uncounted"));
-  grid_.LoadItemGrid(u"gi01");
+  grid_.LoadItemGrid(u"01");
   EXPECT_EQ(Texts(), Strings{});
   EXPECT_TRUE(grid_.Cells().Redraw());
 }
 
-TEST_F(ItemGridTest, BoundsThePriceOfEveryRowAndNothingElse) {
+TEST_F(ItemGridTest, BoundsThePriceOfEveryRowOnly) {
   AnswerStatement(factory_, kItemsOf01, ItemRows(kTwoItems));
-  grid_.LoadItemGrid(u"gi01");
+  grid_.LoadItemGrid(u"01");
   for (const std::int32_t row : {1, 2}) {
     EXPECT_EQ(grid_.Cells().UpperBound(4, row), 99999999999.99);
     for (const std::int32_t column : {1, 2, 3}) {
@@ -146,9 +141,9 @@ TEST_F(ItemGridTest, BoundsThePriceOfEveryRowAndNothingElse) {
 
 TEST_F(ItemGridTest, ForgetsAPriceThatWasTyped) {
   AnswerStatement(factory_, kItemsOf01, ItemRows(kTwoItems));
-  grid_.LoadItemGrid(u"gi01");
+  grid_.LoadItemGrid(u"01");
   grid_.Cells().SetText(4, 1, u"12.50");
-  grid_.LoadItemGrid(u"gi01");
+  grid_.LoadItemGrid(u"01");
   EXPECT_EQ(CellOf(4, 1), "");
 }
 
@@ -156,26 +151,24 @@ TEST_F(ItemGridTest, LocksTheFirstThreeColumns) {
   AnswerStatement(factory_, kItemsOf01, ItemRows(kTwoItems));
   for (const std::int32_t scope : {1, 2}) {
     processState_.dataScope = scope;
-    grid_.LoadItemGrid(u"gi01");
+    grid_.LoadItemGrid(u"01");
     EXPECT_EQ(Locks(), "LLL- LLL- ") << scope;
-    EXPECT_FALSE(grid_.Cells().BlockMode());
   }
 }
 
 TEST_F(ItemGridTest, LocksEveryCellForADataScopeOfZero) {
   processState_.dataScope = 0;
   AnswerStatement(factory_, kItemsOf01, ItemRows(kTwoItems));
-  grid_.LoadItemGrid(u"gi01");
+  grid_.LoadItemGrid(u"01");
   EXPECT_EQ(Locks(), "LLLL LLLL ");
-  EXPECT_FALSE(grid_.Cells().BlockMode());
 }
 
 TEST_F(ItemGridTest, LeavesLocksOfAnEarlierLoadToThatLoad) {
   AnswerStatement(factory_, kItemsOf01, ItemRows(kTwoItems));
   processState_.dataScope = 0;
-  grid_.LoadItemGrid(u"gi01");
+  grid_.LoadItemGrid(u"01");
   processState_.dataScope = 1;
-  grid_.LoadItemGrid(u"gi01");
+  grid_.LoadItemGrid(u"01");
   EXPECT_EQ(Locks(), "LLL- LLL- ");
 }
 
@@ -190,9 +183,9 @@ TEST_F(ItemGridTest, LocksNothingForAnyOtherScopeAtStart) {
 
 TEST_F(ItemGridTest, ReleasesTheEarlierRowsBeforeItQueriesOthers) {
   AnswerStatement(factory_, kItemsOf01, ItemRows(kTwoItems));
-  grid_.LoadItemGrid(u"gi01");
+  grid_.LoadItemGrid(u"01");
   log_.Clear();
-  grid_.LoadItemGrid(u"gi01");
+  grid_.LoadItemGrid(u"01");
   EXPECT_EQ(log_.Text(),
             Lines("release result\n"
                   "create ZEPConnection.AppConnection\n" +
@@ -202,9 +195,9 @@ TEST_F(ItemGridTest, ReleasesTheEarlierRowsBeforeItQueriesOthers) {
 TEST_F(ItemGridTest, ShowsTheErrorOfAFailedQueryAndKeepsTheRowsShown) {
   AnswerStatement(factory_, kItemsOf01, ItemRows(kTwoItems));
   FailStatement(factory_, kItemsOf01, -5, u"表 't_ICItem' 被锁定");
-  grid_.LoadItemGrid(u"gi01");
+  grid_.LoadItemGrid(u"01");
   log_.Clear();
-  grid_.LoadItemGrid(u"gi01");
+  grid_.LoadItemGrid(u"01");
   EXPECT_EQ(log_.Text(), Lines("release result\n"
                                "create ZEPConnection.AppConnection\n" +
                                ExecuteLine(kItemsOf01) +
@@ -226,7 +219,7 @@ TEST_F(ItemGridTest, KeepsWhatWasFilledUntilAReadFailed) {
   // RecordCount, MoveFirst, EOF, the missing GetRows, then three calls for each of three fields:
   // the call that fails reads the first field of the second row.
   factory_.LogRecordsetCalls();
-  grid_.LoadItemGrid(u"gi01");
+  grid_.LoadItemGrid(u"01");
   int call = 0;
   for (const std::string& line : log_.Lines()) {
     if (line.starts_with("release")) continue;
@@ -235,14 +228,14 @@ TEST_F(ItemGridTest, KeepsWhatWasFilledUntilAReadFailed) {
   }
   log_.Clear();
   factory_.FailCall(call);
-  grid_.LoadItemGrid(u"gi01");
+  grid_.LoadItemGrid(u"01");
   EXPECT_EQ(log_.Count("result.MoveNext() fails"), 1u);
   EXPECT_TRUE(log_.Lines().back().starts_with("tell information \"岚禾提示\": ")) << log_.Text();
   EXPECT_EQ(Texts(), (Strings{"01.001|螺栓|M8||", "||||"}));
   EXPECT_EQ(Locks(), "---- ---- ");  // locking is skipped
   EXPECT_FALSE(grid_.Cells().Redraw());
   EXPECT_FALSE(processState_.loading);
-  grid_.LoadItemGrid(u"gi01");
+  grid_.LoadItemGrid(u"01");
   EXPECT_TRUE(grid_.Cells().Redraw());
   EXPECT_EQ(Locks(), "LLLL LLLL ");
 }
@@ -251,37 +244,37 @@ TEST_F(ItemGridTest, ShowsAMessageWhenFewerRowsComeThanWereCounted) {
   factory_.Object(u"short").On(u"RecordCount", 2).On(u"MoveFirst", Value()).On(u"EOF", true);
   factory_.Object(u"ZEPConnection.AppConnection")
       .On(u"Execute", Arguments({kItemsOf01}), factory_.Answering(u"short"));
-  grid_.LoadItemGrid(u"gi01");
+  grid_.LoadItemGrid(u"01");
   EXPECT_EQ(log_.Lines().back(), "tell information \"岚禾提示\": \"物料记录少于记录集报告的行数\"");
 }
 
 TEST_F(ItemGridTest, ShowsAMessageWhenNoRecordsetComes) {
   AnswerNothing(factory_, kItemsOf01);
-  grid_.LoadItemGrid(u"gi01");
+  grid_.LoadItemGrid(u"01");
   EXPECT_EQ(log_.Lines().back(), "tell information \"岚禾提示\": \"未设置对象: 记录集\"");
   EXPECT_FALSE(processState_.loading);
 }
 
-// Each failure shows exactly one message and throws nothing; a later load repairs everything.
-TEST_F(ItemGridTest, ReportsEachFailureAndRecovers) {
+// Exactly one message per failure, no exception, and a later load repairs everything.
+TEST_F(ItemGridTest, ShowsOneMessagePerFailureAndRecovers) {
   factory_.LogRecordsetCalls();
   for (const bool blocks : {true, false}) {
     ScriptedRows rows = ItemRows(kTwoItems);
     rows.hasGetRows = blocks;
     AnswerStatement(factory_, kItemsOf01, rows);
-    if (!blocks) grid_.LoadItemGrid(u"gi01");
+    if (!blocks) grid_.LoadItemGrid(u"01");
     FailEachCallInTurn([&](int failingCall) {
       const int before = factory_.CallCount();
       log_.Clear();
       factory_.FailCall(failingCall);
-      grid_.LoadItemGrid(u"gi01");
+      grid_.LoadItemGrid(u"01");
       factory_.FailCall(0);
       const int calls = factory_.CallCount() - before;
       std::size_t told = 0;
       for (const std::string& line : log_.Lines()) told += line.starts_with("tell information");
       EXPECT_EQ(told, failingCall == 0 ? 0u : 1u) << log_.Text();
       EXPECT_EQ(processState_.loading, failingCall == 0);
-      grid_.LoadItemGrid(u"gi01");
+      grid_.LoadItemGrid(u"01");
       EXPECT_EQ(Texts(), (Strings{"01.001|螺栓|M8||", "01.002|螺母|M10||"}));
       EXPECT_TRUE(grid_.Cells().Redraw());
       EXPECT_EQ(factory_.LiveObjects(), 1);
@@ -300,33 +293,14 @@ TEST_F(ItemGridTest, PreparesTitlesAndWidths) {
     EXPECT_GE(grid_.Cells().ColumnWidth(column), 10) << column;
   }
   EXPECT_EQ(grid_.Cells().MaxRows(), 0);
-  EXPECT_FALSE(grid_.Cells().BlockMode());
-  // The block of the columns that every load locks, over no rows yet.
-  const ObjectPtr object = grid_.Object();
-  EXPECT_EQ(object->Get(u"Col"), Value(1));
-  EXPECT_EQ(object->Get(u"Col2"), Value(3));
-  EXPECT_EQ(object->Get(u"Row"), Value(1));
-  EXPECT_EQ(object->Get(u"Row2"), Value(0));
 }
 
-TEST_F(ItemGridTest, DropsRowsRecordsetAndObjectWhenReleased) {
+TEST_F(ItemGridTest, DropsRowsAndRecordsetWhenReleased) {
   AnswerStatement(factory_, kItemsOf01, ItemRows(kTwoItems));
-  grid_.LoadItemGrid(u"gi01");
-  const ObjectPtr object = grid_.Object();
-  EXPECT_EQ(object->Get(u"MaxRows"), Value(2));
+  grid_.LoadItemGrid(u"01");
   grid_.Release();
   EXPECT_EQ(grid_.Cells().MaxRows(), 0);
   EXPECT_EQ(factory_.LiveObjects(), 0);
-  EXPECT_THROW(object->Get(u"MaxRows"), std::exception);
-}
-
-TEST_F(ItemGridTest, MakesTheHostsObjectFailOnceItIsGone) {
-  ObjectPtr object;
-  {
-    ItemGrid shortLived(environment_, state_);
-    object = shortLived.Object();
-  }
-  EXPECT_THROW(object->Get(u"MaxRows"), std::exception);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Node clicks, restoring the selection, and the refresh.
+// What a click on a node does, the restored selection and the refresh.
 #include "browser/class_tree.h"
 #include "platform/error.h"
 #include "tests/browser/browser_fixture.h"
@@ -20,9 +20,7 @@ class NodeClick : public BrowserFixture {
   static constexpr NodeIndex kClass01 = 3;
 };
 
-TEST_F(NodeClick, FillsTheGridUnderTheHourglassAndProcessesMessages) {
-  bool busyWhileMessagesRun = true;
-  screen_.onMessages = [&] { busyWhileMessagesRun = state_.busy; };
+TEST_F(NodeClick, FillsTheGridUnderTheHourglassAndLetsMessagesRun) {
   tree_.NodeClick(kClass01);
   EXPECT_EQ(log_.Text(), Lines("screen pointer 11\n"
                                "create ZEPConnection.AppConnection\n" +
@@ -31,31 +29,14 @@ TEST_F(NodeClick, FillsTheGridUnderTheHourglassAndProcessesMessages) {
                                "screen pointer 0\n"
                                "screen messages\n"));
   EXPECT_EQ(CellOf(1, 2), "01.002");
-  EXPECT_FALSE(busyWhileMessagesRun);
 }
 
-TEST_F(NodeClick, KeepsKeyIndexAndBusyMark) {
-  bool busy = false;
-  factory_.Object(u"ZEPConnection.AppConnection")
-      .On(u"Execute", Arguments({kItemsOf01}), Reply::From([&](auto) {
-            busy = state_.busy;
-            return NewScriptedRecordset(factory_.GetRecorder(), ItemRows({}));
-          }));
+TEST_F(NodeClick, MakesTheNodeTheCurrentOne) {
+  EXPECT_FALSE(state_.currentNode);
   tree_.NodeClick(kClass01);
-  tree_.NodeClick(kClass01);
-  EXPECT_TRUE(busy);
-  EXPECT_FALSE(state_.busy);
-  EXPECT_EQ(Utf8(state_.currentNodeKey.value()), "gi01");
-  EXPECT_EQ(state_.nodeIndex, kClass01);
-  EXPECT_EQ(state_.classNodeIndex, kClass01);
-}
-
-TEST_F(NodeClick, RecordsOneAsTheClassNodeOfTheRoot) {
-  tree_.NodeClick(kClass01);
+  EXPECT_EQ(state_.currentNode, NodeId::OfClass(u"01"));
   tree_.NodeClick(kRoot);
-  EXPECT_EQ(Utf8(state_.currentNodeKey.value()), "gc0");
-  EXPECT_EQ(state_.nodeIndex, 1);
-  EXPECT_EQ(state_.classNodeIndex, 1);
+  EXPECT_EQ(state_.currentNode, NodeId{});
   EXPECT_EQ(grid_.Cells().MaxRows(), 0);
 }
 
@@ -64,7 +45,7 @@ TEST_F(NodeClick, DoesNothingWithoutANode) {
   tree_.NodeClick(-1);
   tree_.NodeClick(4);
   EXPECT_EQ(log_.Text(), "");
-  EXPECT_FALSE(state_.currentNodeKey);
+  EXPECT_FALSE(state_.currentNode);
 }
 
 TEST_F(NodeClick, RestoresThePointerAfterAFailedLoad) {
@@ -80,7 +61,6 @@ TEST_F(NodeClick, RestoresThePointerAfterAFailedLoad) {
                                "tell information \"岚禾提示\": \"表被锁定\"\n"
                                "screen pointer 0\n"
                                "screen messages\n"));
-  EXPECT_FALSE(state_.busy);
 }
 
 TEST_F(NodeClick, RunsItsLaterStepsWhateverFails) {
@@ -90,8 +70,7 @@ TEST_F(NodeClick, RunsItsLaterStepsWhateverFails) {
     factory_.FailCall(failingCall);
     tree_.NodeClick(kClass01);
     factory_.FailCall(0);
-    EXPECT_FALSE(state_.busy);
-    EXPECT_EQ(Utf8(state_.currentNodeKey.value()), "gi01");
+    EXPECT_EQ(state_.currentNode, NodeId::OfClass(u"01"));
     EXPECT_TRUE(log_.Lines().back().starts_with("screen messages"));
     EXPECT_EQ(log_.Count("screen pointer 0") + log_.Count("screen pointer 0 fails"), 1u);
     return factory_.CallCount() - before;
@@ -107,26 +86,43 @@ TEST_F(NodeClick, OutlivesAReloadInTheMiddle) {
           }));
   tree_.NodeClick(kRoot);
   tree_.NodeClick(kRoot);
-  EXPECT_EQ(Utf8(state_.currentNodeKey.value()), "gc0");
+  EXPECT_EQ(state_.currentNode, NodeId{});
   EXPECT_EQ(tree_.Nodes().Count(), 3u);
 }
 
-TEST_F(NodeClick, SelectsAndClicksANodeByItsKey) {
-  tree_.SelectAndClick(u"gi01");
-  EXPECT_EQ(log_.Lines().front(), "tree select 3");
-  EXPECT_EQ(grid_.Cells().MaxRows(), 2);
-  EXPECT_EQ(Utf8(tree_.SelectedKey()), "gi01");
+TEST_F(NodeClick, SelectsAndClicksTheRoot) {
+  tree_.NodeClick(kClass01);
+  log_.Clear();
+  tree_.SelectRoot();
+  EXPECT_EQ(log_.Lines().front(), "tree select 1");
+  EXPECT_EQ(log_.Count(ExecuteLine(kItemsOfRoot)), 1u);
+  EXPECT_EQ(Utf8(tree_.SelectedKey()), "gc0");
 }
 
-TEST_F(NodeClick, RefusesToSelectAKeyThatIsNotThere) {
-  EXPECT_THROW(tree_.SelectAndClick(u"gi99"), AutomationError);
+TEST_F(NodeClick, FailsToSelectARootThatIsNotThere) {
+  treeView_.refusedText = u"物料";
+  tree_.LoadClassTree();
+  log_.Clear();
+  try {
+    tree_.SelectRoot();
+    ADD_FAILURE();
+  } catch (const AutomationError& error) {
+    EXPECT_EQ(Utf8(error.Description()), "没有该节点: gc0");
+  }
   EXPECT_EQ(log_.Text(), "");
 }
 
 TEST_F(NodeClick, ReportsASelectionThatTheWindowRefused) {
   factory_.FailCall(1);
-  EXPECT_THROW(tree_.SelectAndClick(u"gi01"), AutomationError);
-  EXPECT_EQ(grid_.Cells().MaxRows(), 0);
+  EXPECT_THROW(tree_.SelectRoot(), AutomationError);
+  EXPECT_FALSE(state_.currentNode);
+}
+
+TEST_F(NodeClick, RestoresTheSelectionByKey) {
+  tree_.RestoreSelection(u"gi01");
+  EXPECT_EQ(log_.Lines().front(), "tree select 3");
+  EXPECT_EQ(grid_.Cells().MaxRows(), 2);
+  EXPECT_EQ(Utf8(tree_.SelectedKey()), "gi01");
 }
 
 TEST_F(NodeClick, RestoresNothingForAKeyThatNoLongerExists) {
@@ -165,7 +161,7 @@ TEST_F(NodeClick, RefreshesTheNodeOfTheLastClickWithoutReloadingTheTree) {
                                "screen pointer 0\n"));
 }
 
-TEST_F(NodeClick, RefreshesEvenIfThePointerFails) {
+TEST_F(NodeClick, RefreshesEvenIfThePointerCannotBeSet) {
   tree_.NodeClick(kClass01);
   log_.Clear();
   factory_.FailCall(1);

@@ -1,4 +1,3 @@
-// The collection of tree nodes.
 #include "browser/node_collection.h"
 
 #include <gtest/gtest.h>
@@ -10,53 +9,99 @@ namespace {
 
 using testing::Utf8;
 
+NodeCollection RootAndClasses(std::initializer_list<std::u16string_view> numbers) {
+  NodeCollection nodes;
+  nodes.Add({}, u"物料");
+  for (const std::u16string_view number : numbers) nodes.Add(NodeId::OfClass(number), number);
+  return nodes;
+}
+
 TEST(NodeCollection, NumbersNodesFromOneInTheOrderOfAdding) {
   NodeCollection nodes;
-  EXPECT_EQ(nodes.Add(kNoNode, u"gc0", u"物料"), 1);
-  EXPECT_EQ(nodes.Add(1, u"gi01", u"01(原料)"), 2);
+  EXPECT_EQ(nodes.Add({}, u"物料"), kRootNode);
+  EXPECT_EQ(nodes.Add(NodeId::OfClass(u"01"), u"01(原料)"), 2);
   EXPECT_EQ(nodes.Count(), 2u);
-  EXPECT_EQ(Utf8(nodes.At(2).key), "gi01");
+  EXPECT_TRUE(nodes.At(1).id.isRoot);
+  EXPECT_EQ(Utf8(nodes.At(1).text), "物料");
+  EXPECT_EQ(Utf8(nodes.At(2).id.classNumber), "01");
   EXPECT_EQ(Utf8(nodes.At(2).text), "01(原料)");
-  EXPECT_EQ(nodes.At(2).parent, 1);
-  EXPECT_EQ(nodes.At(1).parent, kNoNode);
 }
 
-TEST(NodeCollection, RefusesADuplicateKeyAndKeepsTheFirstNode) {
+TEST(NodeCollection, ContainsItsIndexesOnly) {
+  const NodeCollection nodes = RootAndClasses({u"01"});
+  EXPECT_TRUE(nodes.Contains(1));
+  EXPECT_TRUE(nodes.Contains(2));
+  for (const NodeIndex index : {kNoNode, -1, 3}) EXPECT_FALSE(nodes.Contains(index)) << index;
+}
+
+TEST(NodeCollection, RefusesANumberThatIsTakenAndKeepsTheFirstNode) {
   NodeCollection nodes;
-  nodes.Add(kNoNode, u"gc0", u"物料");
-  nodes.Add(1, u"gi01", u"01(甲)");
-  EXPECT_EQ(nodes.Add(1, u"gi01", u"01(乙)"), kNoNode);
+  nodes.Add({}, u"物料");
+  nodes.Add(NodeId::OfClass(u"01"), u"01(甲)");
+  EXPECT_EQ(nodes.Add(NodeId::OfClass(u"01"), u"01(乙)"), kNoNode);
   EXPECT_EQ(nodes.Count(), 2u);
-  EXPECT_EQ(Utf8(nodes.At(nodes.Find(u"gi01")).text), "01(甲)");
+  EXPECT_EQ(Utf8(nodes.At(nodes.Find(NodeId::OfClass(u"01"))).text), "01(甲)");
 }
 
-TEST(NodeCollection, DistinguishesKeysByCaseAndBlanks) {
-  NodeCollection nodes;
-  EXPECT_EQ(nodes.Add(kNoNode, u"gia", u""), 1);
-  EXPECT_EQ(nodes.Add(kNoNode, u"giA", u""), 2);
-  EXPECT_EQ(nodes.Add(kNoNode, u"gia ", u""), 3);
-  EXPECT_EQ(nodes.Find(u"giA"), 2);
-  EXPECT_EQ(nodes.Find(u"gib"), kNoNode);
+TEST(NodeCollection, RefusesASecondRoot) {
+  NodeCollection nodes = RootAndClasses({u"01"});
+  EXPECT_EQ(nodes.Add({}, u"again"), kNoNode);
+  EXPECT_EQ(nodes.Count(), 2u);
 }
 
-TEST(NodeCollection, RemovesTheLastNodeWithItsKey) {
+TEST(NodeCollection, DistinguishesNumbersByCaseAndBlanks) {
+  const NodeCollection nodes = RootAndClasses({u"a", u"A", u"a "});
+  EXPECT_EQ(nodes.Count(), 4u);
+  EXPECT_EQ(nodes.Find(NodeId::OfClass(u"A")), 3);
+  EXPECT_EQ(nodes.Find(NodeId::OfClass(u"b")), kNoNode);
+}
+
+TEST(NodeCollection, DistinguishesTheRootFromTheClassNumberedZero) {
   NodeCollection nodes;
-  nodes.Add(kNoNode, u"gc0", u"");
-  nodes.Add(1, u"gi01", u"");
+  EXPECT_EQ(nodes.Find({}), kNoNode);
+  nodes.Add({}, u"物料");
+  EXPECT_EQ(nodes.Find(NodeId::OfClass(u"0")), kNoNode);
+  EXPECT_EQ(nodes.Add(NodeId::OfClass(u"0"), u"0(零)"), 2);
+  EXPECT_EQ(nodes.Find({}), kRootNode);
+  EXPECT_EQ(nodes.Find(NodeId::OfClass(u"0")), 2);
+}
+
+TEST(NodeCollection, RemovesTheLastNode) {
+  NodeCollection nodes = RootAndClasses({u"01"});
   nodes.RemoveLast();
   EXPECT_EQ(nodes.Count(), 1u);
-  EXPECT_EQ(nodes.Find(u"gi01"), kNoNode);
-  EXPECT_EQ(nodes.Add(1, u"gi01", u""), 2);
+  EXPECT_EQ(nodes.Find(NodeId::OfClass(u"01")), kNoNode);
+  EXPECT_EQ(nodes.Add(NodeId::OfClass(u"01"), u""), 2);
+  nodes.RemoveLast();
+  nodes.RemoveLast();
+  EXPECT_EQ(nodes.Find({}), kNoNode);
 }
 
 TEST(NodeCollection, IsEmptyAfterClear) {
-  NodeCollection nodes;
-  nodes.Add(kNoNode, u"gc0", u"");
+  NodeCollection nodes = RootAndClasses({u"01"});
   nodes.Clear();
   EXPECT_EQ(nodes.Count(), 0u);
-  EXPECT_EQ(nodes.Find(u"gc0"), kNoNode);
-  EXPECT_EQ(nodes.Add(kNoNode, u"gc0", u""), 1);
+  EXPECT_EQ(nodes.Find(NodeId::OfClass(u"01")), kNoNode);
+  EXPECT_EQ(nodes.Add({}, u""), kRootNode);
 }
+
+TEST(NodeCollection, FindsNodesByTheirKeys) {
+  const NodeCollection nodes = RootAndClasses({u"01", u""});
+  EXPECT_EQ(nodes.FindKey(u"gc0"), kRootNode);
+  EXPECT_EQ(nodes.FindKey(u"gi01"), 2);
+  EXPECT_EQ(nodes.FindKey(u"gi"), 3);
+  for (const std::u16string_view key : {u"", u"g", u"01", u"GI01", u"gc01", u"gi02", u"gc"}) {
+    EXPECT_EQ(nodes.FindKey(key), kNoNode) << Utf8(key);
+  }
+}
+
+TEST(NodeId, HasTheKeyOfTheRootOrOfItsClass) {
+  EXPECT_EQ(Utf8(NodeId{}.Key()), "gc0");
+  EXPECT_EQ(Utf8(NodeId::OfClass(u"01").Key()), "gi01");
+  EXPECT_EQ(Utf8(NodeId::OfClass(u"").Key()), "gi");
+}
+
+TEST(NodeId, ListsTheClassNumberedZeroAtTheRoot) { EXPECT_EQ(Utf8(NodeId{}.classNumber), "0"); }
 
 }  // namespace
 }  // namespace pricedown

@@ -76,12 +76,6 @@ TEST_F(PrintCommandsTest, PrintWhatTheGridShows) {
   EXPECT_EQ(log_.Text(), Filling() + "ledger print\n");
 }
 
-TEST_F(PrintCommandsTest, PutTheSubTitleIntoTheHeader) {
-  state_.reportSubTitle = u"物料类别 01";
-  commands_.Print();
-  EXPECT_EQ(log_.Count("ledger header 3 \"物料类别 01|打印日期：&[日期]\" 9.0"), 1u);
-}
-
 TEST_F(PrintCommandsTest, ApplyAndKeepAFontChangedInThePreview) {
   ledger_.onPreview = [&] { ledger_.appearance.font = KaiTi(); };
   commands_.Preview();

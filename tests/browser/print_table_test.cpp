@@ -96,7 +96,7 @@ TEST_F(PrintTableTest, ShowsTheCodesThatTheGridShows) {
   AnswerStatement(factory_, kItemsOf01, ItemRows(kTwoItems));
   AllowRecordsets(factory_);
   state_.fullNumber = false;
-  grid_.LoadItemGrid(u"gi01");
+  grid_.LoadItemGrid(u"01");
   Filled();
   EXPECT_EQ(log_.Count("ledger row 2 \"001|螺栓|M8||\""), 1u);
   EXPECT_EQ(log_.Count("ledger row 3 \"002|螺母|M10||\""), 1u);

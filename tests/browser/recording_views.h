@@ -1,5 +1,5 @@
-// The windows of the browser, recorded: each call is one line of the log.
-// They share call count and failure switch with the suite's objects.
+// Recording fakes of the browser's windows: each call is one line of the log. They share count and
+// failure switch with the suite's objects.
 #pragma once
 
 #include <map>

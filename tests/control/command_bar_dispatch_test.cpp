@@ -51,7 +51,6 @@ TEST_F(Dispatch, RefreshesTheCurrentNode) {
                 "grid changed 0 rows\n"
                 "grid changed 2 rows\n"
                 "grid changed 2 rows\n"
-                "grid changed 2 rows\n"
                 "screen pointer 0\n"
                 "release tool\n");
 }

@@ -149,7 +149,7 @@ TEST_F(Show, SelectsNothingForAKeyThatNoLongerExists) {
   world_.control->Show(nullptr);
   EXPECT_EQ(world_.treeView.selected, kNoNode);
   EXPECT_EQ(world_.Messages(), 0u);
-  EXPECT_FALSE(world_.control->Browser().currentNodeKey);
+  EXPECT_FALSE(world_.control->Browser().currentNode);
 }
 
 TEST_F(Show, SelectsNothingForAnEmptyKey) {

@@ -57,7 +57,7 @@ class BrowserOnSample : public ::testing::Test {
     return *control_;
   }
 
-  NodeIndex Node(std::u16string_view key) { return control_->Nodes().Find(key); }
+  NodeIndex Node(std::u16string_view key) { return control_->Nodes().FindKey(key); }
   void Click(std::u16string_view key) {
     treeView_.selected = Node(key);
     control_->NodeClicked(Node(key));

@@ -41,7 +41,7 @@ class ControlOnCompany : public ClassCompany {
   }
   void Select(std::u16string_view number) {
     const std::u16string key = pricedown::Concatenate({u"gi", number});
-    treeView.selected = control->Nodes().Find(key);
+    treeView.selected = control->Nodes().FindKey(key);
     control->NodeClicked(treeView.selected);
   }
   // A click on a tool of the strip, and the user's work in the form if it opens.

@@ -164,11 +164,11 @@ void ControlWindow::ShowStatus() {
   }
   std::u16string text;
   const BrowserState& browser = control_->Browser();
-  if (browser.currentNodeKey && !browser.itemRecordset) {
+  if (browser.currentNode && !browser.itemRecordset) {
     // The form has taken the rows: what the grid shows is no class for the commands any more.
     text = Translate(u"请重新选择物料类别    ");
-  } else if (browser.currentNodeKey) {
-    const NodeIndex node = control_->Nodes().Find(*browser.currentNodeKey);
+  } else if (browser.currentNode) {
+    const NodeIndex node = control_->Nodes().Find(*browser.currentNode);
     if (node != kNoNode) text = Concatenate({control_->Nodes().At(node).text, u"    "});
   }
   const std::u16string count = NumberText(control_->ItemCells().MaxRows());

@@ -157,9 +157,7 @@ LRESULT GridWindow::OnKeyboard(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 bool GridWindow::CanEdit() const {
-  return grid_ != nullptr && selection_.row <= grid_->MaxRows() &&
-         grid_->UpperBound(selection_.column, selection_.row).has_value() &&
-         !grid_->IsLocked(selection_.column, selection_.row);
+  return grid_ != nullptr && grid_->IsEditable(selection_.column, selection_.row);
 }
 
 void GridWindow::BeginEditing(std::u16string_view first) {

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <optional>
 #include <string>
 
 #include "windows/base/gdi.h"
@@ -13,7 +12,6 @@
 namespace pricedown::windows {
 namespace {
 
-constexpr std::uint32_t kSystemColourFlag = 0x80000000;
 constexpr int kTextMargin = 4;      // pixels at 96 dpi
 constexpr int kGridLineShare = 45;  // of 255, from the background to the text
 constexpr int kCursorWidth = 2;
@@ -103,15 +101,8 @@ class Painter {
       text = GetSysColor(scene_.focused ? COLOR_HIGHLIGHTTEXT : COLOR_BTNTEXT);
       return;
     }
-    const std::optional<std::uint32_t> colour = scene_.grid->Colour(column, row);
-    if (!colour) return;
-    if ((*colour & kSystemColourFlag) == 0) {
-      background = *colour & 0xFFFFFF;
-      return;
-    }
-    const int index = static_cast<int>(*colour & 0xFF);
-    background = GetSysColor(index);
-    if (index != COLOR_INFOBK) return;
+    if (!scene_.grid->IsLocked(column, row)) return;
+    background = GetSysColor(COLOR_INFOBK);
     const COLORREF open = GetSysColor(COLOR_WINDOW);
     if (LookAlike(background, open)) {
       background = Blend(open, text, kTintShare);

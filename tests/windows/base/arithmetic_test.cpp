@@ -116,10 +116,10 @@ TEST_F(Geometry, FindsTheColumnWithoutWidthAtItsEdge) {
 }
 
 TEST_F(Geometry, GivesRowsWhatTheirTextNeeds) {
-  sheet_.SetRowHeight(kAll, 4);
+  sheet_.SetRowHeight(4);
   geometry_.Update(sheet_, 96, 15);
   EXPECT_EQ(geometry_.RowHeight(), 17);
-  sheet_.SetRowHeight(kAll, 16.33);
+  sheet_.SetRowHeight(16.33);
   geometry_.Update(sheet_, 96, 12);
   EXPECT_EQ(geometry_.RowHeight(), 17);
 }

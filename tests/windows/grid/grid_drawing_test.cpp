@@ -37,38 +37,32 @@ class TooltipColour {
 
 TEST_F(GridWindow, ShowsLockedCellsInTheTooltipColour) {
   const TooltipColour yellow(RGB(0xFF, 0xFF, 0xE1));
-  grid_.SetBlockMode(true);
-  grid_.SetBlock({1, 1, 3, 100});
-  grid_.ColourBlock(0x0000FF);  // red, as automation colours have it
-  const POINT inside = CellPoint(2, 3);
-  EXPECT_EQ(TakePicture(Handle()).At(inside.x, inside.y), 0xFF0000u);
-  grid_.ColourBlock(kTooltipBackground);
-  EXPECT_EQ(TakePicture(Handle()).At(inside.x, inside.y), 0xFFFFE1u);
+  const POINT locked = CellPoint(3, 3);
+  const POINT open = CellPoint(4, 3);
+  const Picture picture = TakePicture(Handle());
+  EXPECT_EQ(picture.At(locked.x, locked.y), 0xFFFFE1u);
+  EXPECT_NE(picture.At(open.x, open.y), 0xFFFFE1u);
 }
 
-TEST_F(GridWindow, DistinguishesLockedCellsWhereTooltipsAreAsWhiteAsWindows) {
+TEST_F(GridWindow, TintsLockedCellsWhereTooltipsAreAsWhiteAsWindows) {
   const TooltipColour white(GetSysColor(COLOR_WINDOW));
-  grid_.SetBlockMode(true);
-  grid_.SetBlock({1, 1, 3, 100});
-  grid_.ColourBlock(kTooltipBackground);
   const POINT locked = CellPoint(2, 3);
   const POINT open = CellPoint(4, 3);
   const Picture picture = TakePicture(Handle());
   EXPECT_NE(picture.At(locked.x, locked.y), picture.At(open.x, open.y));
-  EXPECT_EQ(grid_.Colour(2, 3), kTooltipBackground);
   KeepPicture(host_.Handle(), "grid with white tooltips");
 }
 
 TEST_F(GridWindow, RowsAndTitlesFollowTheGrid) {
-  grid_.SetRowHeight(kAll, 40.2);
-  grid_.SetRowHeight(kTitleRow, 50);
+  grid_.SetRowHeight(40.2);
+  grid_.SetTitleHeight(50);
   EXPECT_EQ(window_.Geometry().RowHeight(), 41);
   EXPECT_EQ(window_.Geometry().TitleHeight(), 50);
   grid_.SetFont(Font{u"宋体", 30, false, false});
   EXPECT_GT(window_.Geometry().RowHeight(), 41);
 }
 
-TEST_F(GridWindow, OutlivesItsGridWhenTold) {
+TEST_F(GridWindow, OutlivesADetachedGrid) {
   window_.Show(nullptr);
   TakePicture(Handle());
   input_.Press(VK_DOWN);

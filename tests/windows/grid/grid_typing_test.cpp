@@ -109,9 +109,7 @@ TEST_F(GridWindow, DoesNotEditLockedCells) {
   input_.Click(Handle(), CellPoint(1, 1));
   input_.Type(u"5");
   EXPECT_EQ(Editor(), nullptr);
-  grid_.SetBlockMode(true);
-  grid_.SetBlock({1, 1, 4, 100});
-  grid_.LockBlock(true);
+  grid_.LockColumns(4);
   input_.Click(Handle(), CellPoint(4, 1));
   input_.Type(u"5");
   input_.DoubleClick(Handle(), CellPoint(4, 1));

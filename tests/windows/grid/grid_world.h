@@ -40,13 +40,10 @@ class GridWindow : public ::testing::Test, private windows::ChildEvents {
       for (std::int32_t column = 1; column <= 3; ++column) {
         grid_.SetText(column, row, column == 1 ? u"甲" : u"乙");
       }
-      grid_.SetUpperBound(4, row, 99999999999.99);
     }
+    grid_.SetUpperBound(4, rows, 99999999999.99);
     grid_.SetRedraw(true);
-    grid_.SetBlockMode(true);
-    grid_.SetBlock({1, 1, 3, rows});
-    grid_.LockBlock(true);
-    grid_.SetBlockMode(false);
+    grid_.LockColumns(3);
   }
 
   int Scale(int pixels) const { return windows::Dpi::Of(host_.Handle()).Scale(pixels); }
