@@ -72,14 +72,14 @@ TEST_F(DisplayFontTest, MeasuresRowsInPixelsOfTheScreen) {
   EXPECT_DOUBLE_EQ(sheet_.TitleHeight(), 38.4);
 }
 
-struct SizeCase {
+struct ReportSizeCase {
   const char* name;
   Value given;
   bool applied;
 };
-void PrintTo(const SizeCase& size, std::ostream* stream) { *stream << size.name; }
+void PrintTo(const ReportSizeCase& size, std::ostream* stream) { *stream << size.name; }
 
-class ReportSize : public DisplayFontTest, public ::testing::WithParamInterface<SizeCase> {};
+class ReportSize : public DisplayFontTest, public ::testing::WithParamInterface<ReportSizeCase> {};
 
 TEST_P(ReportSize, IsAppliedFromNineToEighteen) {
   Settings(u"", GetParam().given);
@@ -92,12 +92,13 @@ TEST_P(ReportSize, IsAppliedFromNineToEighteen) {
 
 INSTANTIATE_TEST_SUITE_P(
     DisplayFont, ReportSize,
-    ::testing::Values(SizeCase{"Least", u"9", true}, SizeCase{"Greatest", u"18", true},
-                      SizeCase{"Between", u"10.5", true}, SizeCase{"Number", 9, true},
-                      SizeCase{"TooSmall", u"8", false}, SizeCase{"JustTooSmall", u"8.9", false},
-                      SizeCase{"TooGreat", u"20", false}, SizeCase{"JustTooGreat", u"18.1", false},
-                      SizeCase{"Text", u"大", false}, SizeCase{"Empty", u"", false},
-                      SizeCase{"Null", Null{}, false}, SizeCase{"Huge", u"1E300", false}),
+    ::testing::Values(
+        ReportSizeCase{"Least", u"9", true}, ReportSizeCase{"Greatest", u"18", true},
+        ReportSizeCase{"Between", u"10.5", true}, ReportSizeCase{"Number", 9, true},
+        ReportSizeCase{"TooSmall", u"8", false}, ReportSizeCase{"JustTooSmall", u"8.9", false},
+        ReportSizeCase{"TooGreat", u"20", false}, ReportSizeCase{"JustTooGreat", u"18.1", false},
+        ReportSizeCase{"Text", u"大", false}, ReportSizeCase{"Empty", u"", false},
+        ReportSizeCase{"Null", Null{}, false}, ReportSizeCase{"Huge", u"1E300", false}),
     [](const auto& test) { return test.param.name; });
 
 TEST_F(DisplayFontTest, IgnoresTheReportSizeOnceAFontIsKept) {

@@ -107,15 +107,16 @@ TEST_F(PrintDocument, ReportsATextThatCannotBeMeasured) {
             ReadingTitleFont() + "tell information \"岚禾提示\": \"measuring failed\"\n");
 }
 
-struct SizeCase {
+struct PaperSizeCase {
   const char* name;
   Value reportSize;
   double fontSize;
   Tenths rowHeight;
 };
-void PrintTo(const SizeCase& size, std::ostream* stream) { *stream << size.name; }
+void PrintTo(const PaperSizeCase& size, std::ostream* stream) { *stream << size.name; }
 
-class ReportSizeOnPaper : public PrintDocument, public ::testing::WithParamInterface<SizeCase> {};
+class ReportSizeOnPaper : public PrintDocument,
+                          public ::testing::WithParamInterface<PaperSizeCase> {};
 
 TEST_P(ReportSizeOnPaper, CountsFromNineToEighteen) {
   factory_.Object(u"ZEPEBCBASE.UserProfile")
@@ -133,10 +134,10 @@ TEST_P(ReportSizeOnPaper, CountsFromNineToEighteen) {
 }
 
 INSTANTIATE_TEST_SUITE_P(PrintDocument, ReportSizeOnPaper,
-                         ::testing::Values(SizeCase{"Eight", u"8", 9, 50},
-                                           SizeCase{"Nine", u"9", 9, 85},
-                                           SizeCase{"Eighteen", u"18", 18, 85},
-                                           SizeCase{"Twenty", u"20", 9, 50}),
+                         ::testing::Values(PaperSizeCase{"Eight", u"8", 9, 50},
+                                           PaperSizeCase{"Nine", u"9", 9, 85},
+                                           PaperSizeCase{"Eighteen", u"18", 18, 85},
+                                           PaperSizeCase{"Twenty", u"20", 9, 50}),
                          [](const auto& test) { return test.param.name; });
 
 }  // namespace

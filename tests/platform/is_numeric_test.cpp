@@ -19,7 +19,7 @@ void PrintTo(const NumericCase& row, std::ostream* stream) {
   *stream << row.name << " " << Quoted(row.given);
 }
 
-using Row = NumericCase;
+using Case = NumericCase;
 
 class NumericText : public ::testing::TestWithParam<NumericCase> {};
 
@@ -38,40 +38,41 @@ TEST_P(NumericText, IsANumberAsAWholeOrNotAtAll) {
 
 INSTANTIATE_TEST_SUITE_P(
     Accepted, NumericText,
-    ::testing::Values(Row{"Zero", u"0", 0.0}, Row{"Hundred", u"100", 100.0},
-                      Row{"Decimals", u"12.3456", 12.3456}, Row{"BlanksAround", u" 12 ", 12.0},
-                      Row{"TabsAndLineBreaks", u"\t12\r\n", 12.0}, Row{"LeadingPoint", u".5", 0.5},
-                      Row{"TrailingPoint", u"5.", 5.0}, Row{"Plus", u"+5", 5.0},
-                      Row{"Minus", u"-0.0001", -0.0001}, Row{"BlankAfterSign", u"- 5", -5.0},
-                      Row{"SignBehind", u"5-", -5.0}, Row{"PlusBehind", u"5+", 5.0},
-                      Row{"BlankBeforeSignBehind", u"5 -", -5.0}, Row{"Exponent", u"1e2", 100.0},
-                      Row{"SignedExponent", u"1E+2", 100.0}, Row{"NegativeExponent", u"1e-2", 0.01},
-                      Row{"ExponentD", u"1D2", 100.0}, Row{"Hexadecimal", u"&HFF", 255.0},
-                      Row{"HexadecimalIsUnsigned", u"&hFFFF", 65535.0}, Row{"Octal", u"&O17", 15.0},
-                      Row{"BasedBetweenBlanks", u" &H10 ", 16.0}, Row{"TooSmall", u"1e-400", 0.0}),
-    CaseName<Row>);
+    ::testing::Values(Case{"Zero", u"0", 0.0}, Case{"Hundred", u"100", 100.0},
+                      Case{"Decimals", u"12.3456", 12.3456}, Case{"BlanksAround", u" 12 ", 12.0},
+                      Case{"TabsAndLineBreaks", u"\t12\r\n", 12.0},
+                      Case{"LeadingPoint", u".5", 0.5}, Case{"TrailingPoint", u"5.", 5.0},
+                      Case{"Plus", u"+5", 5.0}, Case{"Minus", u"-0.0001", -0.0001},
+                      Case{"BlankAfterSign", u"- 5", -5.0}, Case{"SignBehind", u"5-", -5.0},
+                      Case{"PlusBehind", u"5+", 5.0}, Case{"BlankBeforeSignBehind", u"5 -", -5.0},
+                      Case{"Exponent", u"1e2", 100.0}, Case{"SignedExponent", u"1E+2", 100.0},
+                      Case{"NegativeExponent", u"1e-2", 0.01}, Case{"ExponentD", u"1D2", 100.0},
+                      Case{"Hexadecimal", u"&HFF", 255.0},
+                      Case{"HexadecimalIsUnsigned", u"&hFFFF", 65535.0},
+                      Case{"Octal", u"&O17", 15.0}, Case{"BasedBetweenBlanks", u" &H10 ", 16.0},
+                      Case{"TooSmall", u"1e-400", 0.0}),
+    CaseName<Case>);
 
 INSTANTIATE_TEST_SUITE_P(
     Refused, NumericText,
-    ::testing::Values(Row{"Empty", u"", {}}, Row{"BlanksOnly", u"  ", {}}, Row{"Word", u"abc", {}},
-                      Row{"NumberAndWord", u"12x", {}}, Row{"Percent", u"12%", {}},
-                      Row{"PointOnly", u".", {}}, Row{"SignOnly", u"-", {}},
-                      Row{"TwoSigns", u"--5", {}}, Row{"SignsOnBothSides", u"-5-", {}},
-                      Row{"TwoSignsBehind", u"5--", {}}, Row{"SecondPoint", u"1.2.3", {}},
-                      Row{"BlankInside", u"1 2", {}}, Row{"ExponentWithoutDigits", u"1e", {}},
-                      Row{"ExponentOnly", u"e5", {}}, Row{"ExponentWithPoint", u"1e1.5", {}},
-                      Row{"BlankBeforeExponent", u"1 e2", {}}, Row{"CommaFirst", u",1", {}},
-                      Row{"CommaLast", u"1,", {}}, Row{"CommaForAPoint", u"0,5", {}},
-                      Row{"Thousands", u"1,234.5", {}}, Row{"CommaBeforePoint", u"1,.5", {}},
-                      Row{"CommaAmongDecimals", u"1.2,3", {}}, Row{"Parentheses", u"(5)", {}},
-                      Row{"Dollar", u"$5", {}}, Row{"Yuan", u"¥5", {}},
-                      Row{"PrefixOnly", u"&H", {}}, Row{"BadHexadecimalDigit", u"&HG", {}},
-                      Row{"BadOctalDigit", u"&O8", {}}, Row{"SignedBased", u"-&H10", {}},
-                      Row{"MarkedBased", u"&H10&", {}}, Row{"FullWidthDigit", u"５", {}},
-                      Row{"WideBlank", u"　5", {}}, Row{"NotANumber", u"nan", {}},
-                      Row{"Infinity", u"inf", {}}, Row{"CHexadecimal", u"0x10", {}},
-                      Row{"Boolean", u"True", {}}),
-    CaseName<Row>);
+    ::testing::Values(
+        Case{"Empty", u"", {}}, Case{"BlanksOnly", u"  ", {}}, Case{"Word", u"abc", {}},
+        Case{"NumberAndWord", u"12x", {}}, Case{"Percent", u"12%", {}}, Case{"PointOnly", u".", {}},
+        Case{"SignOnly", u"-", {}}, Case{"TwoSigns", u"--5", {}},
+        Case{"SignsOnBothSides", u"-5-", {}}, Case{"TwoSignsBehind", u"5--", {}},
+        Case{"SecondPoint", u"1.2.3", {}}, Case{"BlankInside", u"1 2", {}},
+        Case{"ExponentWithoutDigits", u"1e", {}}, Case{"ExponentOnly", u"e5", {}},
+        Case{"ExponentWithPoint", u"1e1.5", {}}, Case{"BlankBeforeExponent", u"1 e2", {}},
+        Case{"CommaFirst", u",1", {}}, Case{"CommaLast", u"1,", {}},
+        Case{"CommaForAPoint", u"0,5", {}}, Case{"Thousands", u"1,234.5", {}},
+        Case{"CommaBeforePoint", u"1,.5", {}}, Case{"CommaAmongDecimals", u"1.2,3", {}},
+        Case{"Parentheses", u"(5)", {}}, Case{"Dollar", u"$5", {}}, Case{"Yuan", u"¥5", {}},
+        Case{"PrefixOnly", u"&H", {}}, Case{"BadHexadecimalDigit", u"&HG", {}},
+        Case{"BadOctalDigit", u"&O8", {}}, Case{"SignedBased", u"-&H10", {}},
+        Case{"MarkedBased", u"&H10&", {}}, Case{"FullWidthDigit", u"５", {}},
+        Case{"WideBlank", u"　5", {}}, Case{"NotANumber", u"nan", {}}, Case{"Infinity", u"inf", {}},
+        Case{"CHexadecimal", u"0x10", {}}, Case{"Boolean", u"True", {}}),
+    CaseName<Case>);
 
 TEST(IsNumeric, RefusesWhatNoDoubleCanHold) {
   EXPECT_FALSE(IsNumeric(u"1e999"));

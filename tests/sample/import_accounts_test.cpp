@@ -64,15 +64,16 @@ TEST_F(ImportingAccounts, KeepsNumbersAsTexts) {
             2);
 }
 
-struct BadLine {
+struct BadAccount {
   const char* name;
   std::string line;
   std::string reason;
 };
 
-void PrintTo(const BadLine& each, std::ostream* out) { *out << each.name; }
+void PrintTo(const BadAccount& each, std::ostream* out) { *out << each.name; }
 
-class BadAccountLine : public ImportingAccounts, public ::testing::WithParamInterface<BadLine> {};
+class BadAccountLine : public ImportingAccounts,
+                       public ::testing::WithParamInterface<BadAccount> {};
 
 TEST_P(BadAccountLine, IsReportedWithFileAndLine) {
   EXPECT_EQ(Problems("科目代码,科目名称,余额方向\n7001,甲,\n" + GetParam().line + "\n"),
@@ -82,15 +83,16 @@ TEST_P(BadAccountLine, IsReportedWithFileAndLine) {
 
 INSTANTIATE_TEST_SUITE_P(
     Lines, BadAccountLine,
-    ::testing::Values(BadLine{"MissingCode", ",乙,", "科目代码不能为空"},
-                      BadLine{"MissingName", "7002,,", "科目名称不能为空"},
-                      BadLine{"CodeTwiceInTheFile", "7001,乙,", "科目代码与第 2 行重复:7001"},
-                      BadLine{"CodeOfTheCompany", "1471.01,乙,", "科目代码已在公司中存在:1471.01"},
-                      BadLine{"ApostropheInCode", "7'2,乙,", "科目代码不能含有单引号:\"7'2\""},
-                      BadLine{"UnknownParent", "8001.01,乙,", "上级科目不存在:8001"},
-                      BadLine{"EmptyLastLevel", "7001.,乙,", "科目代码的级次不完整:7001."},
-                      BadLine{"EmptyMiddleLevel", "7001..1,乙,", "科目代码的级次不完整:7001..1"},
-                      BadLine{"UnknownDirection", "7002,乙,左", "余额方向必须是\"借\"或\"贷\":左"}),
+    ::testing::Values(
+        BadAccount{"MissingCode", ",乙,", "科目代码不能为空"},
+        BadAccount{"MissingName", "7002,,", "科目名称不能为空"},
+        BadAccount{"CodeTwiceInTheFile", "7001,乙,", "科目代码与第 2 行重复:7001"},
+        BadAccount{"CodeOfTheCompany", "1471.01,乙,", "科目代码已在公司中存在:1471.01"},
+        BadAccount{"ApostropheInCode", "7'2,乙,", "科目代码不能含有单引号:\"7'2\""},
+        BadAccount{"UnknownParent", "8001.01,乙,", "上级科目不存在:8001"},
+        BadAccount{"EmptyLastLevel", "7001.,乙,", "科目代码的级次不完整:7001."},
+        BadAccount{"EmptyMiddleLevel", "7001..1,乙,", "科目代码的级次不完整:7001..1"},
+        BadAccount{"UnknownDirection", "7002,乙,左", "余额方向必须是\"借\"或\"贷\":左"}),
     [](const auto& each) { return each.param.name; });
 
 TEST_F(ImportingAccounts, ProblemsOfBothPassesComeInLineOrder) {

@@ -73,15 +73,15 @@ TEST_F(ImportingItems, AHeaderAloneAddsNothing) {
   EXPECT_EQ(result.items, 0);
 }
 
-struct BadLine {
+struct BadItem {
   const char* name;
   std::string line;
   std::string reason;
 };
 
-void PrintTo(const BadLine& each, std::ostream* out) { *out << each.name; }
+void PrintTo(const BadItem& each, std::ostream* out) { *out << each.name; }
 
-class BadItemLine : public ImportingItems, public ::testing::WithParamInterface<BadLine> {};
+class BadItemLine : public ImportingItems, public ::testing::WithParamInterface<BadItem> {};
 
 TEST_P(BadItemLine, IsReportedWithFileAndLine) {
   EXPECT_EQ(Problems(std::string(kHeader) + "90.1,端盖,,,,,,\n" + GetParam().line + "\n"),
@@ -98,43 +98,43 @@ std::string Repeated(const std::string& text, int times) {
 INSTANTIATE_TEST_SUITE_P(
     Lines, BadItemLine,
     ::testing::Values(
-        BadLine{"MissingCode", ",箱体,,,,,,", "物料代码不能为空"},
-        BadLine{"BlankCode", "  ,箱体,,,,,,", "物料代码不能为空"},
-        BadLine{"MissingName", "90.2,,,,,,,", "物料名称不能为空"},
-        BadLine{"BlankName", "90.2, ,,,,,,", "物料名称不能为空"},
-        BadLine{"CodeTwiceInTheFile", "90.1,箱体,,,,,,", "物料代码与第 2 行重复:90.1"},
-        BadLine{"CodeOfTheCompany", "01.01.0003,箱体,,,,,,", "物料代码已在公司中存在:01.01.0003"},
-        BadLine{"ApostropheInCode", "90'2,箱体,,,,,,", "物料代码不能含有单引号:\"90'2\""},
-        BadLine{"ApostropheInShortCode", "90.2,箱体,,X',,,,", "短代码不能含有单引号:\"X'\""},
-        BadLine{"LineBreakInCode", "\"90\n2\",箱体,,,,,,", "物料代码含有换行或控制字符"},
-        BadLine{"ControlCharacterInName", "90.2,箱\x01体,,,,,,", "物料名称含有控制字符"},
-        BadLine{"LongCode", Repeated("9", 81) + ",箱体,,,,,,", "物料代码太长:81 个字符,最多 80 个"},
-        BadLine{"LongName", "90.2," + Repeated("箱", 81) + ",,,,,,",
+        BadItem{"MissingCode", ",箱体,,,,,,", "物料代码不能为空"},
+        BadItem{"BlankCode", "  ,箱体,,,,,,", "物料代码不能为空"},
+        BadItem{"MissingName", "90.2,,,,,,,", "物料名称不能为空"},
+        BadItem{"BlankName", "90.2, ,,,,,,", "物料名称不能为空"},
+        BadItem{"CodeTwiceInTheFile", "90.1,箱体,,,,,,", "物料代码与第 2 行重复:90.1"},
+        BadItem{"CodeOfTheCompany", "01.01.0003,箱体,,,,,,", "物料代码已在公司中存在:01.01.0003"},
+        BadItem{"ApostropheInCode", "90'2,箱体,,,,,,", "物料代码不能含有单引号:\"90'2\""},
+        BadItem{"ApostropheInShortCode", "90.2,箱体,,X',,,,", "短代码不能含有单引号:\"X'\""},
+        BadItem{"LineBreakInCode", "\"90\n2\",箱体,,,,,,", "物料代码含有换行或控制字符"},
+        BadItem{"ControlCharacterInName", "90.2,箱\x01体,,,,,,", "物料名称含有控制字符"},
+        BadItem{"LongCode", Repeated("9", 81) + ",箱体,,,,,,", "物料代码太长:81 个字符,最多 80 个"},
+        BadItem{"LongName", "90.2," + Repeated("箱", 81) + ",,,,,,",
                 "物料名称太长:81 个字符,最多 80 个"},
-        BadLine{"LongModel", "90.2,箱体," + Repeated("型", 256) + ",,,,,",
+        BadItem{"LongModel", "90.2,箱体," + Repeated("型", 256) + ",,,,,",
                 "规格型号太长:256 个字符,最多 255 个"},
-        BadLine{"LongShortCode", "90.2,箱体,," + Repeated("s", 81) + ",,,,",
+        BadItem{"LongShortCode", "90.2,箱体,," + Repeated("s", 81) + ",,,,",
                 "短代码太长:81 个字符,最多 80 个"},
-        BadLine{"LongUnit", "90.2,箱体,,,," + Repeated("u", 81) + ",,",
+        BadItem{"LongUnit", "90.2,箱体,,,," + Repeated("u", 81) + ",,",
                 "计量单位太长:81 个字符,最多 80 个"},
-        BadLine{"CharactersBeyondTheBasicPlaneCountTwice",
+        BadItem{"CharactersBeyondTheBasicPlaneCountTwice",
                 "90.2," + Repeated("\xF0\xA0\x80\x80", 41) + ",,,,,,",
                 "物料名称太长:82 个字符,最多 80 个"},
-        BadLine{"CategoryNotANumber", "90.2,箱体,,,外购,,,",
+        BadItem{"CategoryNotANumber", "90.2,箱体,,,外购,,,",
                 "物料属性必须是 1 到 9 的整数:\"外购\""},
-        BadLine{"CategoryZero", "90.2,箱体,,,0,,,", "物料属性必须是 1 到 9 的整数:\"0\""},
-        BadLine{"CategoryTen", "90.2,箱体,,,10,,,", "物料属性必须是 1 到 9 的整数:\"10\""},
-        BadLine{"CategoryFraction", "90.2,箱体,,,1.5,,,", "物料属性必须是 1 到 9 的整数:\"1.5\""},
-        BadLine{"PriceNotANumber", "90.2,箱体,,,,,abc,", "计划单价不是数字:\"abc\""},
-        BadLine{"PriceWithThousands", "90.2,箱体,,,,,,\"1,000\"", "销售单价不是数字:\"1,000\""},
-        BadLine{"PriceWithExponent", "90.2,箱体,,,,,,1e3", "销售单价不是数字:\"1e3\""},
-        BadLine{"NegativePrice", "90.2,箱体,,,,,-1,", "计划单价不能为负数:\"-1\""},
-        BadLine{"PriceTooHigh", "90.2,箱体,,,,,100000000000,",
+        BadItem{"CategoryZero", "90.2,箱体,,,0,,,", "物料属性必须是 1 到 9 的整数:\"0\""},
+        BadItem{"CategoryTen", "90.2,箱体,,,10,,,", "物料属性必须是 1 到 9 的整数:\"10\""},
+        BadItem{"CategoryFraction", "90.2,箱体,,,1.5,,,", "物料属性必须是 1 到 9 的整数:\"1.5\""},
+        BadItem{"PriceNotANumber", "90.2,箱体,,,,,abc,", "计划单价不是数字:\"abc\""},
+        BadItem{"PriceWithThousands", "90.2,箱体,,,,,,\"1,000\"", "销售单价不是数字:\"1,000\""},
+        BadItem{"PriceWithExponent", "90.2,箱体,,,,,,1e3", "销售单价不是数字:\"1e3\""},
+        BadItem{"NegativePrice", "90.2,箱体,,,,,-1,", "计划单价不能为负数:\"-1\""},
+        BadItem{"PriceTooHigh", "90.2,箱体,,,,,100000000000,",
                 "计划单价超过 99999999999.99:\"100000000000\""},
-        BadLine{"TooFewFields", "90.2,箱体", "应有 8 个字段,实有 2 个"},
-        BadLine{"TooManyFields", "90.2,箱体,,,,,,,", "应有 8 个字段,实有 9 个"},
-        BadLine{"StrayQuote", "90.2,箱\"体,,,,,,", "引号只能出现在用引号括起的字段中"},
-        BadLine{"UnclosedQuote", "90.2,\"箱体,,,,,,", "引号没有结束"}),
+        BadItem{"TooFewFields", "90.2,箱体", "应有 8 个字段,实有 2 个"},
+        BadItem{"TooManyFields", "90.2,箱体,,,,,,,", "应有 8 个字段,实有 9 个"},
+        BadItem{"StrayQuote", "90.2,箱\"体,,,,,,", "引号只能出现在用引号括起的字段中"},
+        BadItem{"UnclosedQuote", "90.2,\"箱体,,,,,,", "引号没有结束"}),
     [](const auto& each) { return each.param.name; });
 
 TEST_F(ImportingItems, DuplicatesAreFoundTheWayTheCompanyCompares) {

@@ -9,16 +9,16 @@
 namespace workbench {
 namespace {
 
-enum Column : std::size_t { kNumber, kName, kDirection };
+enum AccountColumn : std::size_t { kAccountNumber, kAccountName, kAccountDirection };
 
-constexpr CsvColumn kColumns[] = {
+constexpr CsvColumn kAccountColumns[] = {
     {"科目代码|代码|fnumber|number|code", true},
     {"科目名称|名称|fname|name", true},
     {"余额方向|方向|fdc|direction", false},
 };
 
-constexpr NamedField kNumberField = {kNumber, "科目代码", kMostCodeLength};
-constexpr NamedField kNameField = {kName, "科目名称", kMostNameLength};
+constexpr NamedField kAccountNumberField = {kAccountNumber, "科目代码", kMostCodeLength};
+constexpr NamedField kAccountNameField = {kAccountName, "科目名称", kMostNameLength};
 
 struct NewAccount {
   AccountRow row;
@@ -38,12 +38,12 @@ bool HasEmptySegment(const std::string& number) {
 NewAccount ReadAccount(CsvTable& table) {
   NewAccount account;
   account.line = table.line();
-  account.row.number = ReadCode(table, kNumberField);
+  account.row.number = ReadCode(table, kAccountNumberField);
   if (!account.row.number.empty() && HasEmptySegment(account.row.number)) {
     table.Report("科目代码的级次不完整:" + account.row.number);
   }
-  account.row.name = ReadText(table, kNameField, true).value_or("");
-  const std::string_view direction = table.Field(kDirection);
+  account.row.name = ReadText(table, kAccountNameField, true).value_or("");
+  const std::string_view direction = table.Field(kAccountDirection);
   account.hasDirection = !direction.empty();
   if (direction == "贷" || direction == "-1") {
     account.row.isDebit = false;
@@ -124,7 +124,7 @@ class AccountImport {
 }  // namespace
 
 int ImportAccounts(sqlite3* company, const CsvFile& file, std::vector<ImportProblem>* problems) {
-  CsvTable table(file, kColumns, problems);
+  CsvTable table(file, kAccountColumns, problems);
   AccountImport import(company, table);
   import.AddLines();
   import.PlaceLines();

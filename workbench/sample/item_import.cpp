@@ -7,9 +7,9 @@
 namespace workbench {
 namespace {
 
-enum Column : std::size_t { kCode, kName, kModel, kShortCode, kCategory, kUnit, kPlan, kSale };
+enum ItemColumn : std::size_t { kCode, kName, kModel, kShortCode, kCategory, kUnit, kPlan, kSale };
 
-constexpr CsvColumn kColumns[] = {
+constexpr CsvColumn kItemColumns[] = {
     {"物料代码|代码|fnumber|number|code", true},
     {"物料名称|名称|fname|name", true},
     {"规格型号|规格|型号|fmodel|model|specification", false},
@@ -78,7 +78,7 @@ class KnownItems {
 }  // namespace
 
 int ImportItems(sqlite3* company, const CsvFile& file, std::vector<ImportProblem>* problems) {
-  CsvTable table(file, kColumns, problems);
+  CsvTable table(file, kItemColumns, problems);
   KnownItems known(company);
   CompanyWriter writer(company);
   int added = 0;

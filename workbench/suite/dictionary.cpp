@@ -31,7 +31,7 @@ void Dictionary::Set(std::u16string_view key, Value value) {
 
 namespace {
 
-Value Item(Dictionary& dictionary, Access access, std::span<Value> arguments) {
+Value ItemOfKey(Dictionary& dictionary, Access access, std::span<Value> arguments) {
   const std::u16string key = pricedown::ToText(arguments[0]);
   if (access != Access::Call) {
     dictionary.Set(key, arguments[1].Resolved());
@@ -61,7 +61,7 @@ Value GetValue(Dictionary& dictionary, Access, std::span<Value> arguments) {
 
 std::span<const Member<Dictionary>> Dictionary::Members() {
   static constexpr Member<Dictionary> kMembers[] = {
-      {u"Item", MemberKind::GetPut, Item, 1, 1, true},
+      {u"Item", MemberKind::GetPut, ItemOfKey, 1, 1, true},
       {u"Add", MemberKind::Method, Add, 2, 2},
       {u"GetValue", MemberKind::Method, GetValue, 2, 2},
       {u"Exists", MemberKind::Method,

@@ -26,7 +26,7 @@ using pricedown::Value;
 namespace {
 
 constexpr std::int32_t kItemType = 4;
-constexpr std::u16string_view kSource = u"ZEPEBCGLView.GLView";
+constexpr std::u16string_view kLookupSource = u"ZEPEBCGLView.GLView";
 
 // What a lookup answers.
 class LookupResult : public LocalObject<LookupResult> {
@@ -96,7 +96,8 @@ class ItemCollection : public LocalObject<ItemCollection> {
            const std::int32_t number = ToInt32(arguments[0].Resolved());
            if (number < 1 || static_cast<std::size_t>(number) > collection.items.size()) {
              throw pricedown::AutomationError(pricedown::ErrorNumber::InvalidArgument,
-                                              u"没有这个序号的物料。", std::u16string(kSource));
+                                              u"没有这个序号的物料。",
+                                              std::u16string(kLookupSource));
            }
            return Value(collection.items[static_cast<std::size_t>(number) - 1]);
          },
@@ -155,7 +156,7 @@ auto AskPickers(Pick&& pick) {
     return pick();
   } catch (const DatabaseError& error) {
     throw pricedown::AutomationError(pricedown::ErrorNumber::Unspecified, error.Message(),
-                                     std::u16string(kSource));
+                                     std::u16string(kLookupSource));
   }
 }
 
@@ -190,7 +191,7 @@ Value GLView::ItemLookUp(std::int32_t type, std::u16string_view condition,
                          const Value& parameters) {
   if (type != kItemType) {
     throw pricedown::AutomationError(pricedown::ErrorNumber::InvalidArgument, u"只能查询物料。",
-                                     std::u16string(kSource));
+                                     std::u16string(kLookupSource));
   }
   if (suite_->company == nullptr) suite_->Execute({});
   auto result = std::make_shared<LookupResult>();

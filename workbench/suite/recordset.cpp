@@ -19,7 +19,7 @@ using pricedown::Value;
 
 namespace {
 
-constexpr std::u16string_view kSource = u"ADODB.Recordset";
+constexpr std::u16string_view kRecordsetSource = u"ADODB.Recordset";
 // With its delimiter, for the first guess at a text's length.
 constexpr std::size_t kUsualCellLength = 16;
 
@@ -27,13 +27,13 @@ constexpr std::size_t kUsualCellLength = 16;
   throw AutomationError(ErrorNumber::NoCurrentRecord,
                         u"BOF 或 EOF 中有一个为“真”，或者当前的记录已被删除，"
                         u"所需的操作要求有一个当前的记录。",
-                        std::u16string(kSource));
+                        std::u16string(kRecordsetSource));
 }
 
 [[noreturn]] void ThrowInvalidArgument() {
   throw AutomationError(static_cast<std::int32_t>(0x800A0BB9),
                         u"参数类型不正确，或不在可以接受的范围之内，或与其他参数冲突。",
-                        std::u16string(kSource));
+                        std::u16string(kRecordsetSource));
 }
 
 // Rows of a store picked out by GetRows. It keeps the recordset alive, and is read before the
@@ -102,14 +102,14 @@ std::shared_ptr<Recordset> Recordset::Closed() { return std::make_shared<Records
 void Recordset::RequireOpen() const {
   if (!open_) {
     throw AutomationError(ErrorNumber::ObjectClosed, u"对象关闭时，不允许操作。",
-                          std::u16string(kSource));
+                          std::u16string(kRecordsetSource));
   }
 }
 
 void Recordset::Open() {
   if (open_) {
     throw AutomationError(static_cast<std::int32_t>(0x800A0E79), u"对象打开时，不允许操作。",
-                          std::u16string(kSource));
+                          std::u16string(kRecordsetSource));
   }
   open_ = true;
   if (rows_->LiveCount() > 0) {
@@ -365,7 +365,7 @@ std::size_t Recordset::ColumnOf(const Value& nameOrNumber) const {
     }
   }
   throw AutomationError(ErrorNumber::ItemNotFound, u"在对应所需名称或序数的集合中，未找到项目。",
-                        std::u16string(kSource));
+                        std::u16string(kRecordsetSource));
 }
 
 std::size_t Recordset::CurrentRow() const {
