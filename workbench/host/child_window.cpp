@@ -21,7 +21,7 @@ using pricedown::windows::ComPtr;
 
 namespace {
 
-constexpr const wchar_t* kClassName = L"WorkbenchChild";
+constexpr const wchar_t* kChildClass = L"WorkbenchChild";
 constexpr const wchar_t* kControlProgId = L"ZEPPriceDownPrepare.PriceDown";
 
 }  // namespace
@@ -34,13 +34,13 @@ void ChildWindow::RegisterClass(HINSTANCE module) {
   description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   description.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
   description.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
-  description.lpszClassName = kClassName;
+  description.lpszClassName = kChildClass;
   RegisterClassExW(&description);
 }
 
 ChildWindow* ChildWindow::Of(HWND window) {
   wchar_t name[32] = {};
-  if (window == nullptr || GetClassNameW(window, name, 32) == 0 || wcscmp(name, kClassName) != 0) {
+  if (window == nullptr || GetClassNameW(window, name, 32) == 0 || wcscmp(name, kChildClass) != 0) {
     return nullptr;
   }
   return reinterpret_cast<ChildWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
@@ -50,7 +50,7 @@ ChildWindow* ChildWindow::Open(FrameWindow& frame, HINSTANCE module, HWND client
                                const std::wstring& caption) {
   auto* child = new ChildWindow(frame, module);
   MDICREATESTRUCTW creation{};
-  creation.szClass = kClassName;
+  creation.szClass = kChildClass;
   creation.szTitle = caption.c_str();
   creation.hOwner = module;
   creation.x = creation.y = creation.cx = creation.cy = CW_USEDEFAULT;

@@ -22,7 +22,7 @@ using pricedown::windows::ToWide;
 
 namespace {
 
-constexpr const wchar_t* kClassName = L"WorkbenchFrame";
+constexpr const wchar_t* kFrameClass = L"WorkbenchFrame";
 constexpr const wchar_t* kTitle = L"岚禾工作台";
 constexpr int kBusinessMenuPosition = 1;
 constexpr int kWindowMenuPosition = 3;
@@ -39,11 +39,11 @@ FrameWindow::FrameWindow(HINSTANCE module, ObjectPtr settings)
   description.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
   description.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
   description.lpszMenuName = MAKEINTRESOURCEW(IDR_FRAME);
-  description.lpszClassName = kClassName;
+  description.lpszClassName = kFrameClass;
   RegisterClassExW(&description);
   ChildWindow::RegisterClass(module);
   accelerators_ = LoadAcceleratorsW(module, MAKEINTRESOURCEW(IDR_FRAME));
-  if (CreateWindowExW(0, kClassName, kTitle, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
+  if (CreateWindowExW(0, kFrameClass, kTitle, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
                       0, 1100, 720, nullptr, nullptr, module, this) == nullptr) {
     pricedown::windows::ThrowLastError();
   }

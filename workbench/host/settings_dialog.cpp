@@ -33,13 +33,18 @@ struct RightSwitch {
 };
 
 // The data scope is asked for the object of either mode.
-constexpr std::int32_t kCommands = 1002;
+constexpr std::int32_t kCommandRights = 1002;
 constexpr RightSwitch kRights[] = {
-    {IDC_RIGHT_ADD, kCommands, 35, 0x20000},    {IDC_RIGHT_EDIT, kCommands, 35, 0x400000},
-    {IDC_RIGHT_DELETE, kCommands, 35, 0x10000}, {IDC_RIGHT_PRINT, kCommands, 35, 0x8000},
-    {IDC_SCOPE_2, 10, 151, 0x400000},           {IDC_SCOPE_1, 10, 151, 0x200000},
-    {IDC_SCOPE_0, 10, 151, 0x100000},           {IDC_SCOPE_2, 11, 151, 0x400000},
-    {IDC_SCOPE_1, 11, 151, 0x200000},           {IDC_SCOPE_0, 11, 151, 0x100000},
+    {IDC_RIGHT_ADD, kCommandRights, 35, 0x20000},
+    {IDC_RIGHT_EDIT, kCommandRights, 35, 0x400000},
+    {IDC_RIGHT_DELETE, kCommandRights, 35, 0x10000},
+    {IDC_RIGHT_PRINT, kCommandRights, 35, 0x8000},
+    {IDC_SCOPE_2, 10, 151, 0x400000},
+    {IDC_SCOPE_1, 10, 151, 0x200000},
+    {IDC_SCOPE_0, 10, 151, 0x100000},
+    {IDC_SCOPE_2, 11, 151, 0x400000},
+    {IDC_SCOPE_1, 11, 151, 0x200000},
+    {IDC_SCOPE_0, 11, 151, 0x100000},
 };
 
 struct Choice {

@@ -20,10 +20,10 @@ namespace form_ids = pricedown::windows::form_ids;
 namespace {
 
 // Positions, from 1: of the control's tool strip, and of the form's tool bar.
-constexpr std::size_t kEdit = 3;
+constexpr std::size_t kStripEdit = 3;
 constexpr int kFormSave = 2;
 constexpr int kFormAddItem = 4;
-constexpr int kFormDelItem = 5;
+constexpr int kFormDeleteItem = 5;
 constexpr int kFormExit = 7;
 
 // A picker's words for what it has found, with and without a text to look for.
@@ -93,14 +93,14 @@ void Tour::AddEditing() {
 }
 
 void Tour::AddRemoving() {
-  steps_.push_back({nullptr, [this] { PressStrip(kEdit); }});
+  steps_.push_back({nullptr, [this] { PressStrip(kStripEdit); }});
   steps_.push_back({L"20-class-in-the-form", [] { RequireForm(); }});
   steps_.push_back({nullptr, [] {
                       SetFocus(FormChild(form_ids::kMembers));
                       PostKey(FormChild(form_ids::kMembers), VK_DOWN);
                       PostKey(FormChild(form_ids::kMembers), VK_SPACE);
                     }});
-  steps_.push_back({L"21-item-removed", [] { PressFormTool(kFormDelItem); }});
+  steps_.push_back({L"21-item-removed", [] { PressFormTool(kFormDeleteItem); }});
   steps_.push_back({nullptr, [] { TypeInto(form_ids::kClassName, L"演示类别二"); }});
   steps_.push_back({nullptr, [] { PressFormTool(kFormSave); }});
   steps_.push_back({nullptr, [] { PressFormTool(kFormExit); }});

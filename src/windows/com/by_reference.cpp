@@ -13,7 +13,7 @@ namespace {
 
 constexpr VARTYPE kVariantReference = VT_BYREF | VT_VARIANT;
 
-[[noreturn]] void ThrowTypeMismatch() {
+[[noreturn]] void ThrowReferenceMismatch() {
   throw AutomationError(ErrorNumber::TypeMismatch, u"按引用传递的参数类型不匹配");
 }
 
@@ -51,7 +51,7 @@ std::size_t ContentSize(VARTYPE type) {
 }
 
 VARTYPE ReferredType(const VARIANT& reference) {
-  if (reference.byref == nullptr) ThrowTypeMismatch();
+  if (reference.byref == nullptr) ThrowReferenceMismatch();
   return static_cast<VARTYPE>(reference.vt & ~VT_BYREF);
 }
 
@@ -66,7 +66,7 @@ void StoreDecimal(DECIMAL& target, const Value& value) {
 
 void StoreTyped(void* target, VARTYPE type, const Value& value) {
   const std::size_t size = ContentSize(type);
-  if (size == 0) ThrowTypeMismatch();
+  if (size == 0) ThrowReferenceMismatch();
   Variant variant = ToVariant(value);
   Variant converted;
   ThrowIfFailed(VariantChangeTypeEx(converted.put(), variant.share(), LOCALE_INVARIANT,
@@ -85,7 +85,7 @@ void StoreTyped(void* target, VARTYPE type, const Value& value) {
 VARIANT Dereferenced(const VARIANT& reference) {
   const VARTYPE type = ReferredType(reference);
   if (type == VT_VARIANT) {
-    if (reference.pvarVal->vt == kVariantReference) ThrowTypeMismatch();
+    if (reference.pvarVal->vt == kVariantReference) ThrowReferenceMismatch();
     return *reference.pvarVal;
   }
   VARIANT content;
@@ -95,7 +95,7 @@ VARIANT Dereferenced(const VARIANT& reference) {
   } else if (const std::size_t size = ContentSize(type); size != 0) {
     std::memcpy(&content.llVal, reference.byref, size);
   } else {
-    ThrowTypeMismatch();
+    ThrowReferenceMismatch();
   }
   content.vt = type;
   return content;
@@ -114,7 +114,7 @@ void StoreByReference(const VARIANT& reference, const Value& value) {
   } else if (reference.pvarVal->vt != kVariantReference) {
     StoreByReference(*reference.pvarVal, value);
   } else {
-    ThrowTypeMismatch();
+    ThrowReferenceMismatch();
   }
 }
 

@@ -9,9 +9,9 @@
 namespace pricedown::windows {
 namespace {
 
-using Row = DispatchRow<UpdatePrice>;
+using UpdatePriceRow = DispatchRow<UpdatePrice>;
 
-constexpr std::array<DispatchParameter, 0> kNone{};
+constexpr std::array<DispatchParameter, 0> kNoParameters{};
 
 // The operation has no answer; callers read the property.
 Value ReadSetting(UpdatePrice& price, DispatchArguments) {
@@ -21,14 +21,14 @@ Value ReadSetting(UpdatePrice& price, DispatchArguments) {
 
 Value Setting(UpdatePrice& price, DispatchArguments) { return price.ItemClassType(); }
 
-constexpr std::array kMembers{
-    Row{{u"ItemClassType", 1, DISPATCH_METHOD, kNone}, ReadSetting},
-    Row{{u"ItemClassType", 1, DISPATCH_PROPERTYGET, kNone}, Setting},
+constexpr std::array kUpdatePriceMembers{
+    UpdatePriceRow{{u"ItemClassType", 1, DISPATCH_METHOD, kNoParameters}, ReadSetting},
+    UpdatePriceRow{{u"ItemClassType", 1, DISPATCH_PROPERTYGET, kNoParameters}, Setting},
 };
 
 }  // namespace
 
-std::span<const DispatchRow<UpdatePrice>> UpdatePriceMembers() { return kMembers; }
+std::span<const DispatchRow<UpdatePrice>> UpdatePriceMembers() { return kUpdatePriceMembers; }
 
 STDMETHODIMP UpdatePriceObject::GetTypeInfoCount(UINT* count) noexcept {
   if (count == nullptr) return E_POINTER;

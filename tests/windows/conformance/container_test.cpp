@@ -14,7 +14,7 @@ namespace {
 using windows::ComPtr;
 using windows::MakeCom;
 
-const char* const kCreationLine = "create ZEPCBSSystemData.AisInfo";
+const char* const kCreation = "create ZEPCBSSystemData.AisInfo";
 
 ULONG ReferencesTo(const ComPtr<RecordingSite>& site) {
   IOleClientSite* object = site.get();
@@ -88,7 +88,7 @@ TEST(AnotherContainer, CanHostTheControlOnceTheFirstHasReleasedIt) {
   host.world.log.Clear();
   const auto object = host.As<IOleObject>();
   EXPECT_EQ(object->SetClientSite(site.get()), S_OK);
-  EXPECT_EQ(host.world.log.Count(kCreationLine), 1U);
+  EXPECT_EQ(host.world.log.Count(kCreation), 1U);
   EXPECT_EQ(host.DoVerb(OLEIVERB_SHOW), S_OK);
   EXPECT_EQ(GetParent(WindowOf(host.control)), frame.Handle());
   EXPECT_EQ(object->SetClientSite(nullptr), S_OK);
@@ -138,7 +138,7 @@ TEST(NoContainer, IsTheEndOfEachLifeAndTheNextBegins) {
   for (int life = 1; life <= 5; ++life) {
     host.world.log.Clear();
     host.Open();
-    EXPECT_EQ(host.world.log.Count(kCreationLine), 1U);
+    EXPECT_EQ(host.world.log.Count(kCreation), 1U);
     EXPECT_EQ(host.LeaveSite(), S_OK);
     EXPECT_EQ(host.world.log.Count(R"(put dictionary("NodeSel1") = "gi01")"), 1U);
     EXPECT_EQ(host.Window(), nullptr);
@@ -223,7 +223,7 @@ class NeighbouringControls : public ::testing::Test {
 };
 
 TEST_F(NeighbouringControls, AreCreatedEachForItself) {
-  EXPECT_EQ(first.world.log.Count(kCreationLine), 2U);
+  EXPECT_EQ(first.world.log.Count(kCreation), 2U);
   EXPECT_EQ(first.world.log.Count(ExecuteLine(kTreeStatement)), 2U);
   EXPECT_NE(WindowOf(first.control), WindowOf(second));
   EXPECT_NE(IsWindowVisible(WindowOf(first.control)), FALSE);

@@ -11,29 +11,29 @@
 namespace pricedown::testing {
 namespace {
 
-constexpr UINT kPeriod = 10;               // milliseconds
+constexpr UINT kLookPeriod = 10;           // milliseconds
 constexpr UINT kGetMenuOfWindow = 0x01E1;  // MN_GETHMENU
 
-ContextMenus* current = nullptr;
+ContextMenus* currentMenus = nullptr;
 
 }  // namespace
 
 ContextMenus::ContextMenus(int choice, std::string picture)
-    : timer_(SetTimer(nullptr, 0, kPeriod, &OnTimer)),
+    : timer_(SetTimer(nullptr, 0, kLookPeriod, &OnTimer)),
       choice_(choice),
       picture_(std::move(picture)) {
-  current = this;
+  currentMenus = this;
 }
 
 ContextMenus::~ContextMenus() {
   KillTimer(nullptr, timer_);
-  current = nullptr;
+  currentMenus = nullptr;
 }
 
 void CALLBACK ContextMenus::OnTimer(HWND, UINT, UINT_PTR, DWORD) {
   const HWND menu = FindWindowW(L"#32768", nullptr);
-  if (current == nullptr || menu == nullptr || IsWindowVisible(menu) == FALSE) return;
-  if (GetWindowThreadProcessId(menu, nullptr) == GetCurrentThreadId()) current->Answer(menu);
+  if (currentMenus == nullptr || menu == nullptr || IsWindowVisible(menu) == FALSE) return;
+  if (GetWindowThreadProcessId(menu, nullptr) == GetCurrentThreadId()) currentMenus->Answer(menu);
 }
 
 void ContextMenus::Answer(HWND window) {
