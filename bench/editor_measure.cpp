@@ -56,33 +56,14 @@ class SilentFields final : public ItemClassFormView {
   std::array<std::u16string, kFormFields.size()> texts_;
 };
 
-// Requests all rows when told to, as a real grid does before it is painted.
-class SilentGrid final : public MemberListView {
+// Shows nothing; the form reads the rows.
+class SilentMemberList final : public MemberListView {
  public:
   void SetColumnWidth(std::int32_t, std::int32_t) override {}
-  std::int32_t RowCount() const override { return count_; }
-  void SetRowCount(std::int32_t count) override {
-    count_ = count;
-    due_ = true;
-  }
-  void Reload() override { due_ = true; }
+  void ShowRows(const MemberRows&) override {}
   std::vector<std::int32_t> SelectedRows() const override { return selected; }
-  std::u16string Text(std::int32_t, std::int32_t row) const override {
-    const std::u16string& text = rows_[static_cast<std::size_t>(row) - 1];
-    return text.substr(0, text.find(u'|'));
-  }
-  void Paint(ItemClassForm& form) {
-    if (!std::exchange(due_, false)) return;
-    rows_.clear();
-    for (std::int32_t row = 1; row <= count_; ++row) rows_.push_back(form.RowRequested(row));
-  }
 
   std::vector<std::int32_t> selected;
-
- private:
-  std::int32_t count_ = 0;
-  bool due_ = false;
-  std::vector<std::u16string> rows_;
 };
 
 // A form on the one class of a company.
@@ -98,12 +79,8 @@ class FormStage {
     form.SetMemberList(CopyRecords(Factory(), rows));
     form.SetSecondRecordSet(CopyRecords(Factory(), form.MemberList()));
     form.Load();
-    grid.Paint(form);
   }
-  void Click(std::u16string_view key) {
-    form.ToolClicked(key);
-    grid.Paint(form);
-  }
+  void Click(FormTool tool) { form.ToolClicked(tool); }
   void Send(const std::u16string& text) { Connection(Factory()).Execute(text); }
   ObjectFactory& Factory() { return stage_->Factory(); }
 
@@ -116,8 +93,8 @@ class FormStage {
   SilentUser user;
   SilentScreen screen;
   Environment environment{Factory(), process_, user, screen, u"pricedown_bench"};
-  SilentGrid grid;
-  ItemClassForm form{environment, fields_, grid};
+  SilentMemberList list;
+  ItemClassForm form{environment, fields_, list};
 };
 
 Timing MeasureOpening(FormStage& stage) {
@@ -146,18 +123,18 @@ Timing MeasureText(FormStage& stage) {
 Timing MeasureSaving(FormStage& stage) {
   stage.form.MemberList().MoveFirst();
   const std::u16string text = SaveText(stage.form.State());
-  return Compare([&] { stage.Click(u"Save"); }, [&] { stage.Send(text); }, kRepetitions);
+  return Compare([&] { stage.Click(FormTool::Save); }, [&] { stage.Send(text); }, kRepetitions);
 }
 
 // Removes a fixed number of items from lists of growing size; the raw side runs their statements
 // only. In the first period no item has history, so all of them may be removed.
 Timing MeasureRemoving(FormStage& stage) {
-  stage.grid.selected.clear();
-  for (std::int32_t row = 2; row < 2 + kRemoved; ++row) stage.grid.selected.push_back(row);
+  stage.list.selected.clear();
+  for (std::int32_t row = 2; row < 2 + kRemoved; ++row) stage.list.selected.push_back(row);
   const auto [year, period] = ReadYearAndPeriod(stage.Factory(), u"IC");
   const auto sendAll = [&, year = year, period = period] {
-    for (const std::int32_t row : stage.grid.selected) {
-      const std::u16string code = stage.grid.Text(member_columns::kCode, row);
+    for (const std::int32_t row : stage.list.selected) {
+      const std::u16string code(stage.form.State().rows.Text(member_columns::kCode, row));
       stage.Send(statements::ItemHistory(year, period, code));
       stage.Send(statements::ProvisionVoucher(year, period));
       stage.Send(statements::ItemCurrentAmounts(year, period, code));
@@ -165,7 +142,7 @@ Timing MeasureRemoving(FormStage& stage) {
           statements::DeleteItemProvision(year, period, code, statements::DeleteForm::TwoBlanks));
     }
   };
-  return Compare([&] { stage.Click(u"DelItem"); }, sendAll, kRepetitions);
+  return Compare([&] { stage.Click(FormTool::DelItem); }, sendAll, kRepetitions);
 }
 
 }  // namespace

@@ -50,7 +50,6 @@ void ClassCommands::PrepareAdd(ItemClassForm& form) {
   const Recordset second = Recordset::Create(environment_.factory);
   form.SetSecondRecordSet(second);
   AppendMemberFields(second);
-  form.SetYearAndPeriod(environment_.state.currentYear, environment_.state.currentPeriod);
   members.Open();
   second.Open();
   form.SetMode(kAddMode);
@@ -77,7 +76,6 @@ void ClassCommands::PrepareEdit(ItemClassForm& form) {
     state_.itemRecordset.Release();
   }
   form.SetSecondRecordSet(CopyRecords(environment_.factory, form.MemberList()));
-  form.SetYearAndPeriod(environment_.state.currentYear, environment_.state.currentPeriod);
 }
 
 bool ClassCommands::RequireClass(std::u16string_view message) {

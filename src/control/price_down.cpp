@@ -5,7 +5,6 @@
 #include <optional>
 #include <utility>
 
-#include "control/first_failure.h"
 #include "control/tool_strip.h"
 #include "control/update_price.h"
 #include "env/language.h"
@@ -14,6 +13,7 @@
 #include "env/user_settings.h"
 #include "env/wait_cursor.h"
 #include "platform/convert.h"
+#include "platform/first_failure.h"
 #include "platform/skip.h"
 #include "platform/text.h"
 

@@ -1,5 +1,4 @@
-// The picking of an account, and the one error handler of the form.
-// Errors of all other commands travel to the window.
+// Picks an account. Errors end here; those of all other commands reach the window.
 #include "editor/account_lookup.h"
 
 #include <exception>
@@ -35,7 +34,7 @@ void LookUpAccount(FormParts& form, FormField field) {
   } catch (const std::exception& error) {
     description = FromUtf8(error.what());
   }
-  // The form may have gone under the picker, and nobody is left to tell.
+  // The form may have closed while the picker was open.
   if (!form.state.loaded) return;
   form.environment.messages.Report(Concatenate({kLineBreak, Translate(description)}));
 }

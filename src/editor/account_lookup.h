@@ -1,12 +1,11 @@
-// The account lookup of the two account fields.
-// Only the number is taken: the id is looked up by the save.
+// Account lookup of the two account fields. It sets the number; a save looks the id up.
 #pragma once
 
 #include "editor/form_state.h"
 
 namespace pricedown {
 
-// Lets the user pick an account for the field; any error is shown to the user and not thrown.
+// Lets the user pick an account for the field; shows the user any error and throws none.
 // Requires: an account field.
 void LookUpAccount(FormParts& form, FormField field);
 

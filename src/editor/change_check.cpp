@@ -1,5 +1,4 @@
-// Field by field for the header, item by item for the members.
-// Only a save keeps a copy of the members; before it the grid's row count stands for them.
+// The header is compared field by field, the members item by item.
 #include "editor/change_check.h"
 
 #include "editor/member_list.h"
@@ -10,12 +9,8 @@
 namespace pricedown {
 namespace {
 
-// The grid shows the title row alone.
+// The title row alone.
 constexpr std::int32_t kNoItems = 1;
-
-bool IsText(const Value& value, const std::u16string& text) {
-  return !value.Is(Value::Kind::Null) && ToText(value) == text;
-}
 
 bool SameCell(const CellView& left, const CellView& right) {
   return left.kind == right.kind && left.number == right.number && left.text == right.text;
@@ -33,49 +28,35 @@ bool SameItems(const Recordset& left, const Recordset& right) {
   return true;
 }
 
+// Only a save keeps a copy of the members; before it the count of rows stands for them.
+bool MembersUnchanged(const FormState& state) {
+  const std::int32_t kept = RowCountOf(state.keptCopy);
+  if (kept == 0) return state.rows.Count() == kNoItems;
+  return state.memberList.RecordCount() == kept && SameItems(state.memberList, state.keptCopy);
+}
+
 }  // namespace
 
-bool Check(const FormParts& form) {
-  const Recordset& members = form.state.memberList;
+bool CarriesHeader(const Recordset& members, const TypedHeader& header) {
   if (members.RecordCount() == 0) return false;
   members.MoveFirst();
-  const auto holds = [&](std::u16string_view column, FormField field) {
-    return IsText(members.Field(column), form.view.Text(field));
+  const auto holds = [&](std::u16string_view column, const std::u16string& text) {
+    const Value value = members.Field(column);
+    return !value.Is(Value::Kind::Null) && ToText(value) == text;
   };
-  if (!holds(columns::kItemClassNumber, FormField::ClassNumber) ||
-      !holds(columns::kItemClassName, FormField::ClassName) ||
-      !holds(columns::kLossAccountNumber, FormField::LossAccount) ||
-      !holds(columns::kReserveAccountNumber, FormField::ReserveAccount)) {
+  if (!holds(columns::kItemClassNumber, header.number) ||
+      !holds(columns::kItemClassName, header.name) ||
+      !holds(columns::kLossAccountNumber, header.lossAccount) ||
+      !holds(columns::kReserveAccountNumber, header.reserveAccount)) {
     return false;
   }
   const Value percentage = members.Field(columns::kPercentage);
-  return !percentage.IsNothing() &&
-         EqualsNumber(ToDouble(percentage), form.view.Text(FormField::Percentage));
+  return header.wholePercentage && !percentage.IsNothing() &&
+         ToDouble(percentage) == *header.wholePercentage;
 }
 
-void CheckTextSave(FormParts& form) {
-  form.state.textsUnchanged = ReadHeader(form.view) == form.state.savedValues;
-}
-
-void CheckRecord(FormParts& form) {
-  FormState& state = form.state;
-  if (state.saved) {
-    CheckTextSave(form);
-    state.unchanged = state.textsUnchanged;
-    return;
-  }
-  const std::int32_t kept = RowCountOf(state.keptCopy);
-  if (kept == 0) {
-    CheckTextSave(form);
-    state.unchanged = form.grid.RowCount() == kNoItems && state.textsUnchanged;
-    return;
-  }
-  if (state.memberList.RecordCount() != kept) {
-    state.unchanged = false;
-    return;
-  }
-  CheckTextSave(form);
-  state.unchanged = SameItems(state.memberList, state.keptCopy) && state.textsUnchanged;
+bool IsUnchanged(const FormState& state, const ClassHeader& header) {
+  return (state.saved || MembersUnchanged(state)) && header == state.savedValues;
 }
 
 }  // namespace pricedown

@@ -1,14 +1,23 @@
-// `CheckData`: whether the class as it stands in the form may be saved.
-// It changes no data; saving is save.
+// `CheckData`: whether the class as typed may be saved.
 #pragma once
+
+#include <optional>
+#include <string>
 
 #include "editor/form_state.h"
 
 namespace pricedown {
 
-// True when the class may be saved, and the saved flag is then set. Otherwise the user has been
-// told the first failure and the field at fault has the focus; the saved flag is cleared, except
-// for an empty class number. Throws AutomationError when the database fails.
-bool CheckData(FormParts& form);
+// Why a class may not be saved, for the user.
+struct CheckFailure {
+  std::u16string message;
+  // The field at fault; none for the member list.
+  std::optional<FormField> field;
+  bool keepsSavedFlag = false;
+};
+
+// The first check that fails, or none. Throws AutomationError when the database fails.
+std::optional<CheckFailure> CheckData(const FormState& state, const TypedHeader& header,
+                                      ObjectFactory& factory);
 
 }  // namespace pricedown

@@ -1,5 +1,4 @@
-// The one item class form of a process together with its window, as the browser's commands use it.
-// Who makes it, and what the window looks like, is the Windows layer's.
+// Port of the browser's commands to the one item class form of a process and its window.
 #pragma once
 
 #include "editor/item_class_form.h"
@@ -9,11 +8,11 @@ namespace pricedown {
 class ItemClassEditor {
  public:
   virtual ~ItemClassEditor() = default;
-  // The form, made on first use and unloaded now. Throws AutomationError when its window cannot be
-  // made and when the form is being shown already.
+  // The form, created on first use and not loaded. Throws AutomationError when it cannot be created
+  // and while it is shown.
   virtual ItemClassForm& Form() = 0;
-  // Loads the form as it was prepared, shows it modally and returns once it is unloaded. Throws
-  // AutomationError when it could not be loaded; it is unloaded then as well.
+  // Loads the form as prepared, shows it modally and returns once it is unloaded. Throws
+  // AutomationError when it cannot be loaded; it is then unloaded, too.
   virtual void ShowModal() = 0;
 };
 

@@ -1,15 +1,47 @@
-// The reading of the fields as one header.
-// Which of them are valid is check_data's business.
+// Reading the fields, and counting the rows.
 #include "editor/form_state.h"
 
-#include "platform/convert.h"
+#include <limits>
+
+#include "platform/number_scan.h"
 
 namespace pricedown {
+namespace {
 
-ClassHeader ReadHeader(const ItemClassFormView& view) {
-  return {view.Text(FormField::ClassNumber), view.Text(FormField::ClassName),
-          view.Text(FormField::LossAccount), view.Text(FormField::ReserveAccount),
-          LeadingNumber(view.Text(FormField::Percentage))};
+using Outcome = ScannedNumber::Outcome;
+
+double NumberOf(const ScannedNumber& scanned) {
+  return scanned.outcome == Outcome::Overflow ? std::numeric_limits<double>::max() : scanned.number;
+}
+
+// The only place that makes a number of the percentage's text. What the checks accept is its own
+// leading number; a sign behind the digits or a based number beyond 16 bits is not.
+void ReadPercentage(const std::u16string& text, TypedHeader& header) {
+  header.percentageLength = text.size();
+  const ScannedNumber whole = ScanWholeNumber(text);
+  if (whole.outcome != Outcome::None) header.wholePercentage = NumberOf(whole);
+  const bool isAccepted = header.wholePercentage && *header.wholePercentage >= kLeastPercentage &&
+                          *header.wholePercentage <= kMostPercentage;
+  header.percentage =
+      isAccepted ? *header.wholePercentage : NumberOf(ScanLeadingNumber(text));
+}
+
+}  // namespace
+
+TypedHeader ReadHeader(const ItemClassFormView& view) {
+  TypedHeader header;
+  header.number = view.Text(FormField::ClassNumber);
+  header.name = view.Text(FormField::ClassName);
+  header.lossAccount = view.Text(FormField::LossAccount);
+  header.reserveAccount = view.Text(FormField::ReserveAccount);
+  ReadPercentage(view.Text(FormField::Percentage), header);
+  return header;
+}
+
+void CountRows(FormState& state) {
+  const std::int32_t count = state.memberList.RecordCount();
+  if (count > 0) state.memberList.MoveFirst();
+  state.rows.SetCount(count + 1);
 }
 
 }  // namespace pricedown

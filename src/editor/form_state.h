@@ -1,13 +1,13 @@
-// What one showing of the item class form keeps, and what the parts of the form are given.
-// It decides nothing; the form owns the one instance.
+// State of one showing of the item class form, shared by the form's commands.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <memory>
+#include <optional>
 #include <string>
 
 #include "editor/form_view.h"
-#include "editor/ic_list.h"
+#include "editor/member_rows.h"
 #include "env/environment.h"
 #include "platform/recordset.h"
 
@@ -16,7 +16,10 @@ namespace pricedown {
 // The mode that adds a new class; any other edits.
 inline constexpr std::int16_t kAddMode = 1;
 
-// The class's own attributes, as they stand in the fields or in a row.
+inline constexpr double kLeastPercentage = 0;
+inline constexpr double kMostPercentage = 100;
+
+// The class's own attributes.
 struct ClassHeader {
   std::u16string number;
   std::u16string name;
@@ -26,43 +29,51 @@ struct ClassHeader {
   bool operator==(const ClassHeader&) const = default;
 };
 
-// The header in the fields, the percentage as the leading number of its text.
-ClassHeader ReadHeader(const ItemClassFormView& view);
+// The header as typed; `percentage` is the leading number of its text.
+struct TypedHeader : ClassHeader {
+  // The number that the whole text of the percentage is; none when it is no number.
+  std::optional<double> wholePercentage;
+  std::size_t percentageLength = 0;  // characters
+};
+
+// Reads the fields. A percentage beyond a double is the largest one.
+TypedHeader ReadHeader(const ItemClassFormView& view);
 
 struct FormState {
-  // Set by the browser. Nothing reads year and period: the guard reads them afresh.
+  // Set by the browser.
   std::int16_t mode = 0;
   std::u16string openingNumber;  // empty when adding; a save does not change it
-  std::int32_t year = 0;
-  std::int32_t period = 0;
   Recordset memberList;
+  // Nothing reads it; the browser's making it and this release are calls that the suite sees.
   Recordset secondRecordSet;
 
-  // Items of all other classes, refilled by every AddItem.
+  // Items of all other classes, read again by every AddItem.
   Recordset otherClasses;
   // The member list as the last save wrote it; none before the first save.
   Recordset keptCopy;
-  std::unique_ptr<ICList> listSource;
+  MemberRows rows;
   // The header as loaded or as last saved.
   ClassHeader savedValues;
   std::int32_t lossAccountId = 0;
   std::int32_t reserveAccountId = 0;
   bool loaded = false;
   bool saved = false;
-  bool unchanged = true;
-  bool textsUnchanged = false;
   // A save failed while it put the header into the rows: only some of them carry it.
   bool headersMixed = false;
 
   bool IsAdding() const { return mode == kAddMode; }
 };
 
-// What every part of the form works on.
+// What every command of the form works on.
 struct FormParts {
   Environment& environment;
   ItemClassFormView& view;
-  MemberListView& grid;
+  MemberListView& members;
   FormState state;
 };
+
+// Counts the member list's rows anew, from the first one on; their texts follow with the next read.
+// Throws AutomationError.
+void CountRows(FormState& state);
 
 }  // namespace pricedown

@@ -1,5 +1,4 @@
-// What the item class form needs of its window: fields, captions, tools, and the item grid.
-// The window decides nothing: every event is reported to ItemClassForm.
+// What the item class form needs of its window: fields, captions, tools and the member list.
 #pragma once
 
 #include <array>
@@ -9,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "editor/member_rows.h"
 #include "platform/automation.h"
 
 namespace pricedown {
@@ -26,7 +26,16 @@ inline constexpr std::array kFormFields{FormField::ClassNumber, FormField::Class
                                         FormField::LossAccount, FormField::ReserveAccount,
                                         FormField::Percentage};
 
-// The most characters that a field takes; 0 is no limit.
+// The fields from top to bottom; the reserve account stands above the loss account.
+inline constexpr std::array kFormRows{FormField::ClassNumber, FormField::ClassName,
+                                      FormField::ReserveAccount, FormField::LossAccount,
+                                      FormField::Percentage};
+
+constexpr bool IsAccountField(FormField field) {
+  return field == FormField::LossAccount || field == FormField::ReserveAccount;
+}
+
+// The most characters that a field holds; 0 is no limit.
 constexpr std::size_t MaximumLength(FormField field) {
   switch (field) {
     case FormField::ClassNumber:
@@ -37,6 +46,12 @@ constexpr std::size_t MaximumLength(FormField field) {
     default:
       return 0;
   }
+}
+
+// Whether the character may be typed into the field.
+constexpr bool IsTypeable(FormField field, char16_t character) {
+  const bool filters = field == FormField::ClassNumber || field == FormField::ClassName;
+  return !filters || (character != u' ' && character != u'\'');
 }
 
 enum class FormCaption { Title, Frame1, FrameAdd, Label5, Label4, Label3, Label2, Label1 };
@@ -50,6 +65,7 @@ class ItemClassFormView {
   virtual std::u16string Text(FormField field) const = 0;
   // A text that changes, here or by the user's hand, is reported to FieldChanged.
   virtual void SetText(FormField field, std::u16string_view text) = 0;
+  // Sets the focus to the field and selects its text.
   virtual void Focus(FormField field) = 0;
   virtual void SetCaption(FormCaption target, std::u16string_view text) = 0;
   // An empty tool tip is none.
@@ -63,27 +79,15 @@ class ItemClassFormView {
   virtual void Unload() = 0;
 };
 
-// The item grid `ItemLedger`: row 1 holds the titles, the items begin at row 2.
+// The member list `ItemLedger`.
 class MemberListView {
  public:
   virtual ~MemberListView() = default;
   virtual void SetColumnWidth(std::int32_t column, std::int32_t twips) = 0;
-  virtual std::int32_t RowCount() const = 0;
-  // Setting the count and reloading make the grid ask ItemClassForm::RowRequested for every row,
-  // from row 1 up and in one go: not from inside these two calls, but before it is painted or
-  // used next.
-  virtual void SetRowCount(std::int32_t count) = 0;
-  virtual void Reload() = 0;
-  // Item rows only, in the grid's order.
+  // Shows the rows as they are now, none selected. `rows` outlives the showing of the form.
+  virtual void ShowRows(const MemberRows& rows) = 0;
+  // Item rows only, from the top down.
   virtual std::vector<std::int32_t> SelectedRows() const = 0;
-  virtual std::u16string Text(std::int32_t column, std::int32_t row) const = 0;
 };
-
-// The grid's columns.
-namespace member_columns {
-inline constexpr std::int32_t kCode = 1;
-inline constexpr std::int32_t kName = 2;
-inline constexpr std::int32_t kModel = 3;
-}  // namespace member_columns
 
 }  // namespace pricedown

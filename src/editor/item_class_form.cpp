@@ -1,38 +1,23 @@
 // Loading, captions, events, dispatch, and the commands that start and end a class.
-// Adding and removing items, checks and the save itself are files of their own.
 #include "editor/item_class_form.h"
 
 #include <array>
 
 #include "editor/account_lookup.h"
 #include "editor/change_check.h"
-#include "editor/check_data.h"
+#include "editor/form_captions.h"
 #include "editor/item_lookup.h"
 #include "editor/removal_guard.h"
 #include "editor/save.h"
 #include "env/language.h"
 #include "env/translation.h"
 #include "platform/convert.h"
+#include "platform/first_failure.h"
 #include "platform/skip.h"
 #include "store/tables.h"
 
 namespace pricedown {
 namespace {
-
-struct Caption {
-  FormCaption target;
-  std::u16string_view text;
-};
-constexpr std::array<Caption, 8> kCaptions{{
-    {FormCaption::Title, u"物料类别维护"},
-    {FormCaption::Frame1, u"对应明细物料："},
-    {FormCaption::FrameAdd, u"物料类别："},
-    {FormCaption::Label5, u"计提跌价比例(%)："},
-    {FormCaption::Label4, u"对应存货跌价准备科目："},
-    {FormCaption::Label3, u"对应存货跌价损失科目："},
-    {FormCaption::Label2, u"物料类别名称："},
-    {FormCaption::Label1, u"物料类别代码："},
-}};
 
 struct ToolCaption {
   FormTool tool;
@@ -48,8 +33,6 @@ constexpr std::array<ToolCaption, 5> kToolCaptions{{
 }};
 
 constexpr std::u16string_view kResourceKey = u"Q7INDUSTRY";
-constexpr std::u16string_view kRowSign = u"|";
-constexpr std::int32_t kTitleRow = 1;
 
 struct ColumnWidth {
   std::int32_t column;
@@ -77,20 +60,7 @@ std::u16string_view ColumnOf(FormField field) {
   return columns::kPercentage;
 }
 
-bool IsAccountField(FormField field) {
-  return field == FormField::LossAccount || field == FormField::ReserveAccount;
-}
-
 }  // namespace
-
-ItemClassForm::ItemClassForm(Environment& environment, ItemClassFormView& view,
-                             MemberListView& grid)
-    : parts_{environment, view, grid, {}} {}
-
-void ItemClassForm::SetYearAndPeriod(std::int32_t year, std::int32_t period) {
-  parts_.state.year = year;
-  parts_.state.period = period;
-}
 
 void ItemClassForm::Load() {
   FormState& state = parts_.state;
@@ -99,15 +69,17 @@ void ItemClassForm::Load() {
   try {
     SetCaptions();
     LoadFormTexts(parts_.environment.factory, parts_.view.FormObject(), kResourceKey);
-    PrepareGrid();
+    for (const ColumnWidth& width : kColumnWidths) {
+      parts_.members.SetColumnWidth(width.column, width.twips);
+    }
     if (state.IsAdding()) {
       EmptyFields();
     } else {
       FillFields();
     }
     state.savedValues = ReadHeader(parts_.view);
-    state.unchanged = true;
-    parts_.grid.SetRowCount(state.memberList.RecordCount() + 1);
+    state.rows.SetCount(state.memberList.RecordCount() + 1);
+    ShowRows();
   } catch (...) {
     SkipFailing([this] { Unload(); });
     throw;
@@ -122,17 +94,11 @@ void ItemClassForm::Unload() {
 }
 
 void ItemClassForm::SetCaptions() {
-  for (const Caption& caption : kCaptions) {
+  for (const FormCaptionRow& caption : kFormCaptions) {
     parts_.view.SetCaption(caption.target, Translate(caption.text));
   }
   for (const ToolCaption& tool : kToolCaptions) {
     parts_.view.SetToolTexts(tool.tool, Translate(tool.caption), Translate(tool.toolTip));
-  }
-}
-
-void ItemClassForm::PrepareGrid() {
-  for (const ColumnWidth& width : kColumnWidths) {
-    parts_.grid.SetColumnWidth(width.column, width.twips);
   }
 }
 
@@ -154,82 +120,78 @@ void ItemClassForm::EmptyFields() {
   for (const FormField field : kFormFields) parts_.view.SetText(field, u"");
 }
 
-void ItemClassForm::FieldChanged(FormField) {
+// Reads the rows that are due. Reading them counts as a change of the form.
+void ItemClassForm::ShowRows() {
+  FormState& state = parts_.state;
+  if (!state.loaded || !state.rows.IsDue()) return;
+  state.saved = false;
+  parts_.view.SetToolEnabled(FormTool::Save, true);
+  FirstFailure failure;
+  failure.Run([&] { state.rows.Read(state.memberList); });
+  parts_.members.ShowRows(state.rows);
+  failure.Rethrow();
+}
+
+void ItemClassForm::FieldChanged() {
   if (parts_.state.loaded) parts_.view.SetToolEnabled(FormTool::Save, true);
 }
 
-bool ItemClassForm::KeyPressed(FormField field, char16_t character) const {
-  const bool filters = field == FormField::ClassNumber || field == FormField::ClassName;
-  return !filters || (character != u' ' && character != u'\'');
-}
-
-void ItemClassForm::KeyDown(FormField field, std::int32_t keyCode) {
-  if (keyCode == kLookupKey) LookupClicked(field);
-}
-
-void ItemClassForm::LookupClicked(FormField field) {
+void ItemClassForm::LookupRequested(FormField field) {
   if (parts_.state.loaded && IsAccountField(field)) LookUpAccount(parts_, field);
 }
 
-std::u16string ItemClassForm::RowRequested(std::int32_t row) {
-  FormState& state = parts_.state;
-  if (!state.loaded) return {};
-  state.saved = false;
-  parts_.view.SetToolEnabled(FormTool::Save, true);
-  state.listSource = std::make_unique<ICList>(parts_.environment.factory);
-  state.listSource->SetRows(state.memberList);
-  return row == kTitleRow ? state.listSource->FieldTitle(kRowSign)
-                          : state.listSource->FieldData(row, kRowSign);
-}
-
-void ItemClassForm::ToolClicked(std::u16string_view key) {
+// Rows are shown whatever became of the command, and before the tool is disabled, because they
+// enable it.
+void ItemClassForm::ToolClicked(FormTool tool) {
   if (!parts_.state.loaded) return;
-  if (key == u"AddItem") {
-    AddItem();
-  } else if (key == u"DelItem") {
-    DelItem();
-  } else if (key == u"Add") {
-    Add();
-  } else if (key == u"Save") {
-    SaveByTool();
-  } else if (key == u"iExit") {
-    iExit();
+  FirstFailure failure;
+  failure.Run([&] { Run(tool); });
+  failure.Run([&] { ShowRows(); });
+  if (tool == FormTool::Save) parts_.view.SetToolEnabled(FormTool::Save, false);
+  failure.Rethrow();
+}
+
+void ItemClassForm::Run(FormTool tool) {
+  switch (tool) {
+    case FormTool::Add:
+      return Add();
+    case FormTool::Save:
+      Save();
+      return;
+    case FormTool::AddItem:
+      return AddItems(parts_);
+    case FormTool::DelItem:
+      return RemoveSelectedItems(parts_);
+    case FormTool::Exit:
+      return Exit();
   }
 }
 
-// The tool is disabled whatever became of the save.
-void ItemClassForm::SaveByTool() {
-  const auto disable = [this] { parts_.view.SetToolEnabled(FormTool::Save, false); };
-  try {
-    Save();
-  } catch (...) {
-    SkipFailing(disable);
-    throw;
-  }
-  disable();
-}
-
-void ItemClassForm::AddItem() { AddItems(parts_); }
-
-void ItemClassForm::DelItem() { RemoveSelectedItems(parts_); }
-
-void ItemClassForm::Save() {
-  if (SaveClass(parts_) && parts_.state.IsAdding()) Add();
+bool ItemClassForm::Save() {
+  // The form may have closed while it asked.
+  if (!parts_.state.loaded) return false;
+  const bool written = SaveClass(parts_);
+  if (written && parts_.state.IsAdding()) Add();
+  return written;
 }
 
 void ItemClassForm::Add() {
-  // Asked whenever nothing has been saved, changed or not.
+  // Asked whenever nothing has been saved, changed or not. A refused save keeps what was typed.
   if (!parts_.state.saved &&
-      parts_.environment.messages.Ask(Translate(u"是否保存当前数据？"), MessageIcon::None)) {
-    Save();
+      parts_.environment.messages.Ask(Translate(u"是否保存当前数据？"), MessageIcon::None) &&
+      !Save()) {
+    return;
   }
-  // The form may have gone while it asked.
+  // The form may have closed while it asked.
   if (!parts_.state.loaded) return;
   // The fields of an empty list stay as they are.
-  if (parts_.state.memberList.RecordCount() == 0) return;
-  EmptyMembers();
-  parts_.grid.Reload();
-  EmptyFields();
+  if (parts_.state.memberList.RecordCount() > 0) {
+    EmptyMembers();
+    parts_.state.rows.Reload();
+    EmptyFields();
+  }
+  // Ready for the next class.
+  if (parts_.view.Text(FormField::ClassNumber).empty()) parts_.view.Focus(FormField::ClassNumber);
 }
 
 void ItemClassForm::EmptyMembers() {
@@ -241,25 +203,15 @@ void ItemClassForm::EmptyMembers() {
   }
 }
 
-void ItemClassForm::iExit() {
-  checkRecord();
-  if (!parts_.state.unchanged &&
+// `iExit`.
+void ItemClassForm::Exit() {
+  if (!IsUnchanged(parts_.state, ReadHeader(parts_.view)) &&
       parts_.environment.messages.Ask(Translate(u"当前记录已经改变，是否保存?"),
                                       MessageIcon::Information)) {
     Save();
     if (!parts_.state.saved) return;
-    Unload();
   }
-  // After a save this is the second request, which finds the form unloaded.
   Unload();
 }
-
-bool ItemClassForm::CheckData() { return pricedown::CheckData(parts_); }
-
-bool ItemClassForm::Check() const { return pricedown::Check(parts_); }
-
-void ItemClassForm::CheckTextSave() { pricedown::CheckTextSave(parts_); }
-
-void ItemClassForm::checkRecord() { CheckRecord(parts_); }
 
 }  // namespace pricedown

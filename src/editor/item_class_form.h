@@ -1,22 +1,19 @@
-// `frmItemClass`: the modal form in which one item class is created or changed, without its
-// window. The browser prepares it, the window reports events; what the parts do is their files'.
+// `frmItemClass`: the modal form in which one item class is created or changed, without its window.
 #pragma once
 
 #include <cstdint>
 #include <string>
-#include <string_view>
+#include <utility>
 
 #include "editor/form_state.h"
 
 namespace pricedown {
 
-// The key that opens the account lookup in an account field.
-inline constexpr std::int32_t kLookupKey = 118;  // F7
-
 class ItemClassForm {
  public:
   // All references must outlive the form.
-  ItemClassForm(Environment& environment, ItemClassFormView& view, MemberListView& grid);
+  ItemClassForm(Environment& environment, ItemClassFormView& view, MemberListView& members)
+      : parts_{environment, view, members, {}} {}
   ItemClassForm(const ItemClassForm&) = delete;
   ItemClassForm& operator=(const ItemClassForm&) = delete;
 
@@ -25,50 +22,33 @@ class ItemClassForm {
   void SetOpeningNumber(std::u16string number) { parts_.state.openingNumber = std::move(number); }
   void SetMemberList(Recordset members) { parts_.state.memberList = std::move(members); }
   void SetSecondRecordSet(Recordset rows) { parts_.state.secondRecordSet = std::move(rows); }
-  void SetYearAndPeriod(std::int32_t year, std::int32_t period);
   const Recordset& MemberList() const { return parts_.state.memberList; }
 
   // Fills the form. Throws AutomationError, and is then unloaded. Requires: a member list, open.
   void Load();
-  // Ends the showing and releases what the form kept or was given; harmless when not loaded.
+  // Ends the showing without a question and releases what the form was given; a no-op when it is
+  // not loaded.
   void Unload();
 
   // Events of the window; ignored while the form is not loaded. Throw AutomationError.
-  void FieldChanged(FormField field);
-  // Whether the character may be typed.
-  bool KeyPressed(FormField field, char16_t character) const;
-  void KeyDown(FormField field, std::int32_t keyCode);
-  void LookupClicked(FormField field);
-  void ToolClicked(std::u16string_view key);
-  void CloseByFrame() { Unload(); }
-  // The text of a row of the item grid, its cells each followed by "|". Rows are right only when
-  // asked for from row 1 up.
-  std::u16string RowRequested(std::int32_t row);
-
-  // The commands of the toolbar. Throw AutomationError.
-  void AddItem();
-  void Add();
-  void iExit();
-  void DelItem();
-  void Save();
-
-  // The checks of a save and of closing, see check_data and change_check.
-  bool CheckData();
-  bool Check() const;
-  void CheckTextSave();
-  void checkRecord();
-  // A member that does nothing, kept because clients may call it.
-  void CheckRecordSave() const {}
+  void FieldChanged();
+  // By the field's button or a key; only account fields have a lookup.
+  void LookupRequested(FormField field);
+  void ToolClicked(FormTool tool);
 
   const FormState& State() const { return parts_.state; }
 
  private:
   void SetCaptions();
-  void PrepareGrid();
   void FillFields();
   void EmptyFields();
   void EmptyMembers();
-  void SaveByTool();
+  void ShowRows();
+  void Run(FormTool tool);
+  // Whether the class was written.
+  bool Save();
+  void Add();
+  void Exit();
 
   FormParts parts_;
 };

@@ -1,5 +1,4 @@
-// The steps of AddItem: parameters, header, exclusion, lookup, new rows, the grid again.
-// Nothing checks the choice: the exclusion is what keeps an item in one class.
+// Steps of AddItem. Nothing checks the choice: the exclusion keeps an item in one class.
 #include "editor/item_lookup.h"
 
 #include <array>
@@ -39,7 +38,7 @@ constexpr std::array kHeaderColumns{columns::kItemClassNumber, columns::kItemCla
                                     columns::kPercentage};
 using RowHeader = std::array<Value, kHeaderColumns.size()>;
 
-// The first row's header, so that later edits of the fields do not reach new rows.
+// The header of the first row, so that later edits of the fields do not reach new rows.
 RowHeader HeaderOfNewRows(const FormParts& form) {
   const Recordset& members = form.state.memberList;
   if (members.RecordCount() == 0) {
@@ -110,7 +109,7 @@ void AppendItem(const Recordset& members, const RowHeader& header, AutomationObj
   }
 }
 
-// Several when the result names no single value.
+// A result without a single value names several items.
 void AppendChosen(FormParts& form, const RowHeader& header, AutomationObject& result) {
   const Recordset members = form.state.memberList;
   const bool several = ToText(result.Get(u"ReturnValue")).empty();
@@ -126,14 +125,6 @@ void AppendChosen(FormParts& form, const RowHeader& header, AutomationObject& re
   form.environment.screen.RunPendingMessages();
 }
 
-void ShowMembers(FormParts& form) {
-  const Recordset& members = form.state.memberList;
-  const std::int32_t count = members.RecordCount();
-  if (count > 0) members.MoveFirst();
-  form.grid.SetRowCount(count + 1);
-  form.grid.Reload();
-}
-
 }  // namespace
 
 void AddItems(FormParts& form) {
@@ -146,13 +137,13 @@ void AddItems(FormParts& form) {
     try {
       if (ToBoolean(result->Get(u"ReturnOK"))) AppendChosen(form, header, *result);
     } catch (...) {
-      // Rows that stay are shown, or a save would write items that the user cannot see.
-      if (form.state.loaded) SkipFailing([&form] { ShowMembers(form); });
+      // The rows appended before stay: a save would write them, so the user sees them.
+      if (form.state.loaded) SkipFailing([&form] { CountRows(form.state); });
       throw;
     }
   }
   // The user may have closed the form while messages were pending.
-  if (form.state.loaded) ShowMembers(form);
+  if (form.state.loaded) CountRows(form.state);
 }
 
 }  // namespace pricedown

@@ -1,13 +1,12 @@
-// `AddItem`: the item lookup and the appending of what the user chose.
-// Items leave the list through removal_guard.
+// `AddItem`: looks items up and appends those that the user chose.
 #pragma once
 
 #include "editor/form_state.h"
 
 namespace pricedown {
 
-// Offers the items of no class and of this list's removed ones; the chosen ones become rows of
-// the member list. Throws AutomationError; rows appended before it stay.
+// Offers the items of no class, those removed from this list included; the chosen ones become rows
+// of the member list. Throws AutomationError; rows appended before it stay.
 void AddItems(FormParts& form);
 
 }  // namespace pricedown

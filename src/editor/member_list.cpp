@@ -1,5 +1,4 @@
-// The fifteen fields, and the access to fields without looking them up for each row.
-// Types and sizes are fixed: the suite's lookups and the save rely on them.
+// The fifteen fields: the suite's lookups and the save rely on their types and sizes.
 #include "editor/member_list.h"
 
 #include <array>

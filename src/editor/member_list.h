@@ -1,5 +1,4 @@
-// The member list's layout, and the fields of a recordset for one who walks many rows.
-// The rows are made and removed by the form's commands.
+// Fields of the member list's recordset, and fast access to fields over many rows.
 #pragma once
 
 #include <cstddef>
@@ -18,7 +17,7 @@ void AppendMemberFields(const Recordset& recordset);
 // Rows of the recordset; none when there is no recordset. Throws AutomationError.
 std::int32_t RowCountOf(const Recordset& recordset);
 
-// Fields that are found once and then read and written in whichever row is current.
+// Fields looked up once, then read and written in the current row.
 class BoundFields {
  public:
   // Throws AutomationError when the recordset lacks one. Requires: open.

@@ -1,5 +1,4 @@
-// The copying, step by step, failing steps skipped.
-// A step that fails costs what it would have copied, and never the end of the walk.
+// A step that fails loses what it would have copied; the copying goes on.
 #include "editor/record_copy.h"
 
 #include <string_view>
@@ -11,8 +10,7 @@
 namespace pricedown {
 namespace {
 
-// The browser's copy is of all rows and committed row by row, that of the form's list is of the
-// rows that pass its filter and committed once.
+// Browser: all rows, committed row by row. Form: the rows that pass the filter, committed once.
 enum class Manner { Browser, Form };
 
 // No object when a copy cannot be made or opened.
@@ -40,7 +38,7 @@ std::vector<FieldPair> PairFields(const Recordset& source, const Recordset& copy
   return pairs;
 }
 
-// A source that cannot say so is at its end: the walk must end.
+// A source that fails to answer counts as at its end, so that the loop ends.
 bool HasRow(const Recordset& source) {
   bool atEnd = true;
   SkipFailing([&] { atEnd = source.AtEnd(); });
@@ -60,7 +58,7 @@ void CopyRows(const Recordset& source, const Recordset& copy, const std::vector<
   while (HasRow(source)) {
     CopyRow(copy, fields);
     if (manner == Manner::Browser) SkipFailing([&] { copy.UpdateBatch(); });
-    // A source that does not move on would be copied for ever.
+    // A source that does not move on would be copied forever.
     if (!SkipFailing([&] { source.MoveNext(); })) break;
   }
   if (manner == Manner::Form) SkipFailing([&] { copy.UpdateBatch(); });

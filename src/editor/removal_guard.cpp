@@ -1,5 +1,5 @@
-// The guard item by item: history, voucher, current amounts, delete.
-// Items are told by their code, as the provision run does.
+// The guard item by item: history, voucher, current amounts, delete. Items are identified by code,
+// as the provision run does.
 #include "editor/removal_guard.h"
 
 #include "env/system_profile.h"
@@ -12,7 +12,7 @@
 namespace pricedown {
 namespace {
 
-// The answer exists and has rows; an unknown count is none.
+// Whether the answer exists and has rows; an unknown count is none.
 bool HasRows(const Recordset& answer) { return answer && answer.RecordCount() > 0; }
 
 class RemovalGuard {
@@ -56,13 +56,9 @@ class RemovalGuard {
 };
 
 // Without the filter, or a save would write the filtered item alone.
-void ShowRemaining(FormParts& form) {
-  const Recordset& members = form.state.memberList;
-  members.SetFilter({});
-  const std::int32_t count = members.RecordCount();
-  form.grid.SetRowCount(count + 1);
-  if (count > 0) members.MoveFirst();
-  form.grid.Reload();
+void ShowRemaining(FormState& state) {
+  state.memberList.SetFilter({});
+  CountRows(state);
 }
 
 }  // namespace
@@ -74,14 +70,14 @@ void RemoveSelectedItems(FormParts& form) {
   members.MoveFirst();
   RemovalGuard guard(form, current);
   try {
-    for (const std::int32_t row : form.grid.SelectedRows()) {
-      guard.Remove(form.grid.Text(member_columns::kCode, row));
-      // The form may have gone under a refusal's message.
+    for (const std::int32_t row : form.members.SelectedRows()) {
+      guard.Remove(std::u16string(form.state.rows.Text(member_columns::kCode, row)));
+      // The form may have closed while a message was open.
       if (!form.state.loaded) return;
     }
-    ShowRemaining(form);
+    ShowRemaining(form.state);
   } catch (...) {
-    SkipFailing([&form] { ShowRemaining(form); });
+    SkipFailing([&form] { ShowRemaining(form.state); });
     throw;
   }
 }

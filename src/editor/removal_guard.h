@@ -1,14 +1,14 @@
-// `DelItem`: items leave the class unless their provisions forbid it.
-// The class's own rows are rewritten by the next save only.
+// `DelItem`: removes items from the class unless their provisions forbid it.
 #pragma once
 
 #include "editor/form_state.h"
 
 namespace pricedown {
 
-// Removes the selected items; each that may not leave is named in a message and stays. The
-// current period's provision rows of a removed item are deleted at once. Throws AutomationError;
-// items handled before it stay removed, and the whole list is shown again.
+// Removes the selected items from the member list; each that may not leave is named in a message
+// and stays. The current period's provision rows of a removed item are deleted at once, the class's
+// own rows by the next save. Throws AutomationError; items removed before it stay removed, and the
+// list shows the rest.
 void RemoveSelectedItems(FormParts& form);
 
 }  // namespace pricedown

@@ -1,5 +1,5 @@
-// The steps of a save behind the checks.
-// Delete and inserts travel as one text, so that a text that cannot be parsed changes nothing.
+// Steps of a save. Delete and inserts travel as one text, so that a text that cannot be parsed
+// changes nothing.
 #include "editor/save.h"
 
 #include <algorithm>
@@ -19,15 +19,14 @@
 namespace pricedown {
 namespace {
 
-// Puts the fields into every row, unless the rows carry them already.
-void UpdateHeaders(FormParts& form) {
-  if (Check(form) && !form.state.headersMixed) return;
-  const Recordset& members = form.state.memberList;
-  const ClassHeader header = ReadHeader(form.view);
+// Puts the header into every row, unless the rows carry it already.
+void UpdateHeaders(FormState& state, const TypedHeader& header) {
+  const Recordset& members = state.memberList;
+  if (CarriesHeader(members, header) && !state.headersMixed) return;
   const BoundFields fields(
       members, {columns::kItemClassNumber, columns::kItemClassName, columns::kLossAccountNumber,
                 columns::kReserveAccountNumber, columns::kPercentage});
-  form.state.headersMixed = true;
+  state.headersMixed = true;
   while (!members.AtEnd()) {
     fields.Set(0, header.number);
     fields.Set(1, header.name);
@@ -37,35 +36,34 @@ void UpdateHeaders(FormParts& form) {
     members.Update();
     members.MoveNext();
   }
-  form.state.headersMixed = false;
+  state.headersMixed = false;
 }
 
-// The id of the account whose number is the leading number of the text. The way through a number
-// is how the suite keeps looking it up.
-std::int32_t AccountId(FormParts& form, FormField field) {
-  const std::u16string number = NumberText(LeadingNumber(form.view.Text(field)));
-  Connection connection(form.environment.factory);
+// The id of the account whose number is the leading number of `text`: the suite looks accounts up
+// by the number.
+std::int32_t AccountId(ObjectFactory& factory, const std::u16string& text) {
+  const std::u16string number = NumberText(LeadingNumber(text));
+  Connection connection(factory);
   const Recordset account = connection.Execute(statements::AccountId(number));
   account.MoveFirst();
   return RoundToInt32(LeadingNumber(ToText(account.Field(columns::kAccountId))));
 }
 
-// Equality, much quicker on long columns than the comparison of characters.
+// Equality; faster on long columns than comparing characters.
 bool SameBytes(std::u16string_view left, std::u16string_view right) {
   return left.size() == right.size() &&
          std::memcmp(left.data(), right.data(), left.size() * sizeof(char16_t)) == 0;
 }
 
-// What follows the item's id in a row. The members of a class have the same columns but for rare
-// exceptions, so the text of the row before is mostly right.
+// The text behind the item's id in a row. The members of a class nearly always have the same
+// columns, so the text of the row before is used again.
 class SharedEnd {
  public:
   // Both must outlive the object.
   SharedEnd(std::u16string_view lossAccountId, std::u16string_view reserveAccountId)
       : lossAccountId_(lossAccountId), reserveAccountId_(reserveAccountId) {}
 
-  // The end of the reader's row, whose class columns are those behind the first; valid until the
-  // next call.
+  // The end for the reader's row, whose class columns follow the first; valid until the next call.
   std::u16string_view Of(const RowReader& rows) {
     bool same = !text_.empty();
     for (std::size_t i = 0; i < kTexts; ++i) {
@@ -128,16 +126,23 @@ std::u16string SaveText(const FormState& state) {
 }
 
 bool SaveClass(FormParts& form) {
-  if (!CheckData(form)) return false;
   FormState& state = form.state;
-  UpdateHeaders(form);
-  state.keptCopy = CopyList(form.environment.factory, state.memberList);
-  state.memberList.MoveFirst();
-  state.lossAccountId = AccountId(form, FormField::LossAccount);
-  state.reserveAccountId = AccountId(form, FormField::ReserveAccount);
-  state.savedValues = ReadHeader(form.view);
-  Connection(form.environment.factory).Execute(SaveText(state));
+  ObjectFactory& factory = form.environment.factory;
+  const TypedHeader header = ReadHeader(form.view);
+  if (const auto failure = CheckData(state, header, factory)) {
+    if (!failure->keepsSavedFlag) state.saved = false;
+    form.environment.messages.Inform(failure->message);
+    if (failure->field) form.view.Focus(*failure->field);
+    return false;
+  }
   state.saved = true;
+  UpdateHeaders(state, header);
+  state.keptCopy = CopyList(factory, state.memberList);
+  state.memberList.MoveFirst();
+  state.lossAccountId = AccountId(factory, header.lossAccount);
+  state.reserveAccountId = AccountId(factory, header.reserveAccount);
+  state.savedValues = header;
+  Connection(factory).Execute(SaveText(state));
   return true;
 }
 

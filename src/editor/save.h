@@ -1,5 +1,4 @@
-// The writing of a class: header into the members, account ids, one statement text.
-// Whether it may be written is check_data; what follows a save is the form's.
+// `Save`: checks, header into the members, account ids, one statement text.
 #pragma once
 
 #include <string>
@@ -8,12 +7,13 @@
 
 namespace pricedown {
 
-// Validates and writes the class; the saved flag says whether it was written. False when the
-// checks refused it. Throws AutomationError; there is no transaction.
+// Returns whether the class was written; when a check refuses it, the user has the message and the
+// field at fault the focus. Sets the saved flag once the checks pass. Throws AutomationError; there
+// is no transaction.
 bool SaveClass(FormParts& form);
 
 // The text that replaces the class's rows by one per row of the member list, from its current row
-// on. Throws AutomationError.
+// to its end. Throws AutomationError.
 std::u16string SaveText(const FormState& state);
 
 }  // namespace pricedown

@@ -10,6 +10,10 @@ struct Rectangle {
   std::int32_t top = 0;
   std::int32_t width = 0;
   std::int32_t height = 0;
+
+  constexpr std::int32_t Right() const { return left + width; }
+  constexpr std::int32_t Bottom() const { return top + height; }
+  constexpr bool IsEmpty() const { return width <= 0 || height <= 0; }
   bool operator==(const Rectangle&) const = default;
 };
 
@@ -18,5 +22,13 @@ struct Size {
   std::int32_t height = 0;
   bool operator==(const Size&) const = default;
 };
+
+inline constexpr std::int32_t kDesignDotsPerInch = 96;
+
+// Pixels of a design at 96 dpi in pixels at `dotsPerInch`, rounded to the nearest. Requires:
+// positive values.
+constexpr std::int32_t ScalePixels(std::int32_t pixels, std::int32_t dotsPerInch) {
+  return (pixels * dotsPerInch + kDesignDotsPerInch / 2) / kDesignDotsPerInch;
+}
 
 }  // namespace pricedown

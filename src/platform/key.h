@@ -24,7 +24,9 @@ enum class Key : std::uint16_t {
   Delete = 0x2E,
   A = 'A',
   C = 'C',
+  N = 'N',
   P = 'P',
+  S = 'S',
   V = 'V',
   X = 'X',
   Z = 'Z',
@@ -35,6 +37,7 @@ enum class Key : std::uint16_t {
   F4 = 0x73,
   F5 = 0x74,
   F6 = 0x75,
+  F7 = 0x76,
   F10 = 0x79,
 };
 

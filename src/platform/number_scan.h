@@ -1,5 +1,5 @@
 // Reads numbers out of text: as far as one goes, or a text that is one as a whole.
-// Private to convert.cpp, which documents the accepted forms.
+// convert.h documents the accepted forms.
 #pragma once
 
 #include <string_view>

@@ -88,7 +88,7 @@ TEST_F(ClassEditing, PassesTheEditorTwoEmptyWorkingRecordsForANewClass) {
                                    Made(kWorkingRecord, 32) +
                                    "ADODB.Recordset.Open()\n"
                                    "ADODB.Recordset.Open()\n"
-                                   "editor show mode 1 \"\" 2008/3\n");
+                                   "editor show mode 1 \"\"\n");
   EXPECT_EQ(log_.Lines().back(), "editor closed");
   EXPECT_TRUE(editor_.IsClean());
 }
@@ -113,7 +113,7 @@ TEST_F(ClassEditing, PassesTheEditorTwoCopiesOfTheGridsRowsAndReleasesThem) {
             "result.Fields(\"FItemClassNumber\").Value()\n" +
                 Copied("result") + "release result\n" + Copied(kCopy) +
                 "screen pointer 0\n"
-                "editor show mode 0 \"01\" 2008/3\n");
+                "editor show mode 0 \"01\"\n");
   EXPECT_EQ(log_.Lines().back(), "editor closed");
   EXPECT_FALSE(state_.itemRecordset);
   EXPECT_TRUE(editor_.IsClean());
@@ -137,14 +137,12 @@ TEST_F(ClassEditing, CopiesEveryRowWhateverRowTheGridStandsOn) {
   EXPECT_EQ(codes, "\"01.001\"101 \"01.002\"102 \"01.001\"101 \"01.002\"102 ");
 }
 
-// Both values date from the control's creation; only the guards read them again.
-TEST_F(ClassEditing, PassesTheYearAndPeriodThatTheProcessShares) {
-  processState_.currentYear = 2009;
-  processState_.currentPeriod = 12;
+// Both are the values of the control's creation; only the guards read them afresh.
+TEST_F(ClassEditing, AsksForNoPeriod) {
   commands_.Add();
-  EXPECT_EQ(log_.Count("editor show mode 1 \"\" 2009/12"), 1u);
+  EXPECT_EQ(log_.Count("editor show mode 1 \"\""), 1u);
   commands_.Edit();
-  EXPECT_EQ(log_.Count("editor show mode 0 \"01\" 2009/12"), 1u);
+  EXPECT_EQ(log_.Count("editor show mode 0 \"01\""), 1u);
   EXPECT_EQ(log_.Text().find("SystemProfile"), std::string::npos);
 }
 
@@ -175,7 +173,7 @@ TEST_F(ClassEditing, ForgetsAnEditBeforeTheNextAdd) {
   commands_.Edit();
   log_.Clear();
   commands_.Add();
-  EXPECT_EQ(log_.Count("editor show mode 1 \"\" 2008/3"), 1u);
+  EXPECT_EQ(log_.Count("editor show mode 1 \"\""), 1u);
 }
 
 TEST_F(ClassEditing, LeavesAFormAloneThatIsBeingShown) {

@@ -1,5 +1,4 @@
-// The item class form of a test with recording windows: the browser prepares it, the test plays
-// the user while it is shown.
+// The item class form with recording views, prepared by the browser and driven by the test.
 #pragma once
 
 #include <functional>
@@ -14,14 +13,13 @@
 
 namespace pricedown::testing {
 
-// Log lines: editor form, editor show, the calls of the form's windows, editor closed.
+// Log lines: editor form, editor show, the calls of the form's views, editor closed.
 class RecordingEditor : public ItemClassEditor {
  public:
   // `environment` must outlive the editor.
   RecordingEditor(Environment& environment, RecorderPtr recorder, const CallLog& log)
-      : view(log), grid(log), recorder_(std::move(recorder)), form_(environment, view, grid) {
+      : view(log), list(log), recorder_(std::move(recorder)), form_(environment, view, list) {
     view.form = &form_;
-    grid.form = &form_;
   }
 
   ItemClassForm& Form() override {
@@ -38,9 +36,8 @@ class RecordingEditor : public ItemClassEditor {
       recorder_->Add("editor show " + Prepared());
       recorder_->QuietCall("editor window", u"editor");
       form_.Load();
-      grid.Paint();
       if (whileShown) whileShown();
-      if (form_.State().loaded) form_.CloseByFrame();
+      if (form_.State().loaded) form_.Unload();
     } catch (...) {
       form_.Unload();
       throw;
@@ -50,29 +47,24 @@ class RecordingEditor : public ItemClassEditor {
 
   // The current form, whoever shows it.
   ItemClassForm& Shown() { return form_; }
-  // A click on a tool, and what the window does afterwards.
-  void Click(std::u16string_view key) {
-    form_.ToolClicked(key);
-    grid.Paint();
-  }
+  void Click(FormTool tool) { form_.ToolClicked(tool); }
   // Whether nothing of an earlier preparation is left in the form.
   bool IsClean() const {
     const FormState& state = form_.State();
     return !state.loaded && !state.memberList && !state.secondRecordSet && state.mode == 0 &&
-           state.openingNumber.empty() && state.year == 0 && state.period == 0;
+           state.openingNumber.empty();
   }
 
   RecordingFormView view;
-  RecordingMemberListView grid;
+  RecordingMemberListView list;
   // What the user does; if empty, the user closes the form by its frame at once.
   std::function<void()> whileShown;
 
  private:
-  // What the browser has set: mode 0 "01" 2008/3.
+  // What the browser has set: mode 0 "01".
   std::string Prepared() const {
     const FormState& state = form_.State();
-    return "mode " + std::to_string(state.mode) + " " + Quoted(state.openingNumber) + " " +
-           std::to_string(state.year) + "/" + std::to_string(state.period);
+    return "mode " + std::to_string(state.mode) + " " + Quoted(state.openingNumber);
   }
 
   RecorderPtr recorder_;

@@ -1,4 +1,4 @@
-// `Check`, `CheckTextSave` and `checkRecord`: what counts as changed.
+// What counts as a changed header and a changed form.
 #include "editor/change_check.h"
 
 #include <gmock/gmock.h>
@@ -10,6 +10,14 @@ namespace {
 
 using namespace pricedown::testing;
 
+bool Carried(const EditorWorld& world) {
+  return CarriesHeader(world.form.MemberList(), ReadHeader(world.view));
+}
+
+bool SameTexts(const EditorWorld& world) {
+  return ReadHeader(world.view) == world.form.State().savedValues;
+}
+
 class ChangeCheck : public EditorTest {
  protected:
   // A class that has been saved once in this showing.
@@ -18,18 +26,15 @@ class ChangeCheck : public EditorTest {
     AnswerChecks(false);
     AnswerAccountIds();
     OpenForEdit();
-    form.Save();
+    form.ToolClicked(FormTool::Save);
     ASSERT_TRUE(form.State().saved);
   }
-  bool Unchanged() {
-    form.checkRecord();
-    return form.State().unchanged;
-  }
+  bool Unchanged() { return IsUnchanged(form.State(), ReadHeader(view)); }
 };
 
 TEST_F(ChangeCheck, FindsTheLoadedHeaderInTheFirstRow) {
   OpenForEdit();
-  EXPECT_TRUE(form.Check());
+  EXPECT_TRUE(Carried(*this));
 }
 
 TEST_F(ChangeCheck, FindsAnyChangedFieldOfTheHeader) {
@@ -37,34 +42,34 @@ TEST_F(ChangeCheck, FindsAnyChangedFieldOfTheHeader) {
     EditorWorld world;
     world.OpenForEdit();
     world.view.Type(field, u"13");
-    EXPECT_FALSE(world.form.Check()) << NameOf(field);
+    EXPECT_FALSE(Carried(world)) << NameOf(field);
   }
 }
 
 TEST_F(ChangeCheck, ComparesTextsExactlyAndThePercentageAsANumber) {
   OpenForEdit({u"ab", u"名", u"5711", u"1281.1", 12.5}, BoltAndNut());
   view.Type(FormField::Percentage, u" 12.50 ");
-  EXPECT_TRUE(form.Check());
+  EXPECT_TRUE(Carried(*this));
   view.Type(FormField::Percentage, u"12.5x");
-  EXPECT_FALSE(form.Check()) << "no number is unequal";
+  EXPECT_FALSE(Carried(*this)) << "no number is unequal";
   view.Type(FormField::Percentage, u"12.5");
   view.Type(FormField::ClassNumber, u"AB");
-  EXPECT_FALSE(form.Check());
+  EXPECT_FALSE(Carried(*this));
 }
 
 TEST_F(ChangeCheck, FindsNoHeaderInAnEmptyListOrInNulls) {
   OpenForAdd();
-  EXPECT_FALSE(form.Check());
+  EXPECT_FALSE(Carried(*this));
   EditorWorld world;
   world.OpenForEdit();
   world.form.MemberList().MoveFirst();
   world.form.MemberList().SetField(u"FItemClassName", Null{});
   world.view.Type(FormField::ClassName, u"");
-  EXPECT_FALSE(world.form.Check());
+  EXPECT_FALSE(Carried(world));
   world.form.MemberList().SetField(u"FItemClassName", u"");
-  EXPECT_TRUE(world.form.Check());
+  EXPECT_TRUE(Carried(world));
   world.form.MemberList().SetField(u"FPencentPrepare", Null{});
-  EXPECT_FALSE(world.form.Check());
+  EXPECT_FALSE(Carried(world));
 }
 
 TEST_F(ChangeCheck, LooksAtTheFirstRowWhateverTheCurrentOne) {
@@ -72,34 +77,29 @@ TEST_F(ChangeCheck, LooksAtTheFirstRowWhateverTheCurrentOne) {
   form.MemberList().MoveFirst();
   form.MemberList().MoveNext();
   form.MemberList().SetField(u"FItemClassName", u"other");
-  EXPECT_TRUE(form.Check());
+  EXPECT_TRUE(Carried(*this));
 }
 
 TEST_F(ChangeCheck, ComparesTheFieldsWithTheSavedTexts) {
   OpenForEdit();
-  form.CheckTextSave();
-  EXPECT_TRUE(form.State().textsUnchanged);
+  EXPECT_TRUE(SameTexts(*this));
   for (const FormField field : kFormFields) {
     const std::u16string before = view.Text(field);
     view.Type(field, u"13");
-    form.CheckTextSave();
-    EXPECT_FALSE(form.State().textsUnchanged) << NameOf(field);
+    EXPECT_FALSE(SameTexts(*this)) << NameOf(field);
     view.Type(field, before);
   }
-  form.CheckTextSave();
-  EXPECT_TRUE(form.State().textsUnchanged);
+  EXPECT_TRUE(SameTexts(*this));
 }
 
 TEST_F(ChangeCheck, ComparesThePercentageByItsLeadingNumber) {
   OpenForEdit();
   view.Type(FormField::Percentage, u"12.5x");
-  form.CheckTextSave();
-  EXPECT_TRUE(form.State().textsUnchanged);
+  EXPECT_TRUE(SameTexts(*this));
   EditorWorld world;
   world.OpenForAdd();
   world.view.Type(FormField::Percentage, u"abc");
-  world.form.CheckTextSave();
-  EXPECT_TRUE(world.form.State().textsUnchanged) << "no number counts as 0";
+  EXPECT_TRUE(SameTexts(world)) << "no number counts as 0";
 }
 
 TEST_F(ChangeCheck, OfANewFormIsUnchangedUntilATextIsTyped) {
@@ -113,7 +113,7 @@ TEST_F(ChangeCheck, OfANewFormIsUnchangedUntilATextIsTyped) {
 
 TEST_F(ChangeCheck, OfAFormThatListsItemsIsChangedUntilASave) {
   OpenForEdit();
-  EXPECT_FALSE(Unchanged()) << "before a save only an empty grid counts as unchanged";
+  EXPECT_FALSE(Unchanged()) << "before a save only an empty list counts as unchanged";
 }
 
 TEST_F(ChangeCheck, AfterASaveComparesTheTextsAlone) {
@@ -126,9 +126,9 @@ TEST_F(ChangeCheck, AfterASaveComparesTheTextsAlone) {
   EXPECT_FALSE(Unchanged());
 }
 
-TEST_F(ChangeCheck, ComparesItemsOnceTheGridHasAskedForRows) {
+TEST_F(ChangeCheck, ComparesItemsOnceTheRowsHaveBeenReadAgain) {
   OpenSaved();
-  form.RowRequested(1);
+  ReadRows();
   EXPECT_TRUE(Unchanged());
   view.Type(FormField::ClassName, u"x");
   EXPECT_FALSE(Unchanged());
@@ -136,7 +136,7 @@ TEST_F(ChangeCheck, ComparesItemsOnceTheGridHasAskedForRows) {
 
 TEST_F(ChangeCheck, FindsAnotherItemInTheSamePlace) {
   OpenSaved();
-  form.RowRequested(1);
+  ReadRows();
   form.MemberList().MoveFirst();
   form.MemberList().MoveNext();
   form.MemberList().SetField(u"FItemID", 999);
@@ -145,7 +145,7 @@ TEST_F(ChangeCheck, FindsAnotherItemInTheSamePlace) {
 
 TEST_F(ChangeCheck, FindsAnItemThatLostItsId) {
   OpenSaved();
-  form.RowRequested(1);
+  ReadRows();
   form.MemberList().MoveFirst();
   form.MemberList().SetField(u"FItemID", Null{});
   EXPECT_FALSE(Unchanged());
@@ -170,8 +170,8 @@ TEST_F(ChangeCheck, FindsAnotherItemAmongIdsOfTexts) {
                                  u"FItemClassName", u"FAPNumber", u"FARNumber", u"FPencentPrepare"},
                                 std::move(rows)))));
   form.Load();
-  form.Save();
-  form.RowRequested(1);
+  form.ToolClicked(FormTool::Save);
+  ReadRows();
   EXPECT_TRUE(Unchanged());
   form.MemberList().MoveFirst();
   form.MemberList().SetField(u"FItemID", u"A-3");
@@ -180,7 +180,7 @@ TEST_F(ChangeCheck, FindsAnotherItemAmongIdsOfTexts) {
 
 TEST_F(ChangeCheck, FindsItemsInAnotherOrder) {
   OpenSaved();
-  form.RowRequested(1);
+  ReadRows();
   form.MemberList().MoveFirst();
   form.MemberList().SetField(u"FItemID", 102);
   form.MemberList().MoveNext();
@@ -190,7 +190,7 @@ TEST_F(ChangeCheck, FindsItemsInAnotherOrder) {
 
 TEST_F(ChangeCheck, FindsMoreOrFewerItems) {
   OpenSaved();
-  form.RowRequested(1);
+  ReadRows();
   form.MemberList().MoveFirst();
   form.MemberList().Delete();
   form.MemberList().Update();
@@ -200,17 +200,16 @@ TEST_F(ChangeCheck, FindsMoreOrFewerItems) {
   world.AnswerChecks(false);
   world.AnswerAccountIds();
   world.OpenForEdit();
-  world.form.Save();
-  world.form.RowRequested(1);
+  world.form.ToolClicked(FormTool::Save);
+  world.ReadRows();
   world.form.MemberList().AddNew();
   world.form.MemberList().Update();
-  world.form.checkRecord();
-  EXPECT_FALSE(world.form.State().unchanged);
+  EXPECT_FALSE(IsUnchanged(world.form.State(), ReadHeader(world.view)));
 }
 
 TEST_F(ChangeCheck, IgnoresOtherColumnsOfTheItems) {
   OpenSaved();
-  form.RowRequested(1);
+  ReadRows();
   form.MemberList().MoveFirst();
   form.MemberList().SetField(u"FName", u"other");
   EXPECT_TRUE(Unchanged());
@@ -223,16 +222,16 @@ TEST(ChangeCheckFailures, ReachTheCallerAndLeaveTheFormOpen) {
     world.AnswerChecks(false);
     world.AnswerAccountIds();
     world.OpenForEdit();
-    world.form.Save();
-    world.form.RowRequested(1);
+    world.form.ToolClicked(FormTool::Save);
+    world.ReadRows();
     const int before = world.factory.CallCount();
     world.factory.FailCall(failingCall);
-    const auto error = ErrorOf([&] { world.form.ToolClicked(u"iExit"); });
+    const auto error = ErrorOf([&] { world.form.ToolClicked(FormTool::Exit); });
     const int calls = world.factory.CallCount() - before;
     EXPECT_EQ(error, failingCall == 0 ? std::nullopt : std::optional(kInjectedFailure));
     EXPECT_EQ(world.form.State().loaded, failingCall != 0);
     // A second request closes it.
-    world.form.ToolClicked(u"iExit");
+    world.form.ToolClicked(FormTool::Exit);
     EXPECT_EQ(world.log.Count("unload"), 1u);
     EXPECT_EQ(world.factory.LiveObjects(), 0);
     return calls;

@@ -13,12 +13,17 @@ std::vector<MemberItem> BoltAndNut() {
   return {{101, u"01.001", u"螺钉", u"M4"}, {102, u"01.002", u"螺母", Null{}}};
 }
 
+void AnswerPeriod(RecordingFactory& factory) {
+  factory.Object(u"ZEPEBSBase.SystemProfile")
+      .On(u"GetProfile", R"("LANGUAGE=chs", "IC", "CurrentYear")", Reply(u"2008"))
+      .On(u"GetProfile", R"("LANGUAGE=chs", "IC", "CurrentPeriod")", Reply(u"3"));
+}
+
 EditorWorld::EditorWorld() {
   AllowRecordsets(factory);
   factory.Object(u"ZEPPropsMgr.ShareProps")
       .On(u"GetProperty", Reply(Value()).Writing(1, u"LANGUAGE=chs"));
   view.form = &form;
-  grid.form = &form;
 }
 
 Recordset EditorWorld::Members(const ClassHeader& header, const std::vector<MemberItem>& items) {
@@ -45,7 +50,6 @@ void EditorWorld::OpenForAdd() {
   form.SetMemberList(Members({}, {}));
   form.SetMode(kAddMode);
   form.Load();
-  grid.Paint();
   log.Clear();
 }
 
@@ -54,7 +58,6 @@ void EditorWorld::OpenForEdit(const ClassHeader& header, const std::vector<Membe
   form.SetOpeningNumber(header.number);
   form.SetMemberList(Members(header, items));
   form.Load();
-  grid.Paint();
   log.Clear();
 }
 
@@ -84,6 +87,12 @@ void EditorWorld::AnswerAccountIds() {
                   Rows({u"FAccountID"}, {{1051}}));
   AnswerStatement(factory, u"SELECT FAccountID FROM t_account WHERE FNumber='1281.1'",
                   Rows({u"FAccountID"}, {{1023}}));
+}
+
+void EditorWorld::ReadRows() {
+  AnswerPeriod(factory);
+  list.selected.clear();
+  form.ToolClicked(FormTool::DelItem);
 }
 
 std::vector<std::int32_t> EditorWorld::MemberIds() {

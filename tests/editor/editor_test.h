@@ -1,4 +1,4 @@
-// A form on recording windows and a scripted suite, for the tests of the editor.
+// A form with recording views and a scripted suite, for the tests of the editor.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -22,7 +22,6 @@ inline constexpr std::u16string_view kConnectionId = u"ZEPConnection.AppConnecti
 
 // The log of clearing the form for the next class.
 inline const std::string kEmptied = Lines(R"(
-    reload
     text itemClassNumber = ""
     enable Save
     text ItemClassName = ""
@@ -33,6 +32,9 @@ inline const std::string kEmptied = Lines(R"(
     enable Save
     text txtPencent = ""
     enable Save
+    focus itemClassNumber
+    enable Save
+    rows 3
     )");
 
 // A member item; the class columns are those of the class in the test.
@@ -48,7 +50,10 @@ ClassHeader RawMaterials();
 // Bolts and nuts; the nut has no model.
 std::vector<MemberItem> BoltAndNut();
 
-// One form with all it needs. A test may create several in turn.
+// The inventory module is in period 3 of 2008.
+void AnswerPeriod(RecordingFactory& factory);
+
+// Everything of one form; a test may create several.
 struct EditorWorld {
   EditorWorld();
   EditorWorld(const EditorWorld&) = delete;
@@ -56,7 +61,7 @@ struct EditorWorld {
 
   // A member list with the fifteen fields, positioned after its last row.
   Recordset Members(const ClassHeader& header, const std::vector<MemberItem>& items);
-  // Opens the form for a new class or on a class, paints the grid and empties the log.
+  // Open the form for a new class or on a class, and empty the log.
   void OpenForAdd();
   void OpenForEdit(const ClassHeader& header, const std::vector<MemberItem>& items);
   void OpenForEdit() { OpenForEdit(RawMaterials(), BoltAndNut()); }
@@ -65,6 +70,8 @@ struct EditorWorld {
   // The company's answers to the statements of a save of class "01", or of a new class.
   void AnswerChecks(bool adding, std::vector<std::u16string> otherNumbers = {});
   void AnswerAccountIds();
+  // As after any change of the list: the form reads its rows again.
+  void ReadRows();
   // The item ids of the member list, in order.
   std::vector<std::int32_t> MemberIds();
   // The values of one column of the member list, as readable texts.
@@ -77,8 +84,8 @@ struct EditorWorld {
   ProcessState state;
   Environment environment{factory, state, questions, screen, u"Host"};
   RecordingFormView view{log};
-  RecordingMemberListView grid{log};
-  ItemClassForm form{environment, view, grid};
+  RecordingMemberListView list{log};
+  ItemClassForm form{environment, view, list};
 };
 
 class EditorTest : public ::testing::Test, protected EditorWorld {};

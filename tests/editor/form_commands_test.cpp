@@ -25,7 +25,6 @@ class FormCommands : public EditorTest {
     form.SetMode(kAddMode);
     form.SetMemberList(Members(RawMaterials(), BoltAndNut()));
     form.Load();
-    grid.Paint();
     Type(RawMaterials(), u"12.5");
   }
 };
@@ -33,7 +32,7 @@ class FormCommands : public EditorTest {
 TEST_F(FormCommands, AddClearsListAndFieldsWithoutSavingOnNo) {
   OpenFilledForAdd();
   questions.WillAnswer({false});
-  form.ToolClicked(u"Add");
+  form.ToolClicked(FormTool::Add);
   EXPECT_EQ(log.Text(), std::string(kAskSave) + " -> no\n" + kEmptied);
   EXPECT_EQ(form.MemberList().RecordCount(), 0);
   EXPECT_TRUE(form.MemberList().AtEnd());
@@ -42,48 +41,48 @@ TEST_F(FormCommands, AddClearsListAndFieldsWithoutSavingOnNo) {
 TEST_F(FormCommands, AddAsksEvenIfNothingWasChanged) {
   OpenForAdd();
   questions.WillAnswer({false});
-  form.ToolClicked(u"Add");
-  EXPECT_EQ(log.Text(), std::string(kAskSave) + " -> no\n");
+  form.ToolClicked(FormTool::Add);
+  EXPECT_EQ(log.Text(), std::string(kAskSave) + " -> no\nfocus itemClassNumber\n");
 }
 
 TEST_F(FormCommands, AddLeavesTheFieldsOfAnEmptyList) {
   OpenForAdd();
   Type(RawMaterials(), u"12.5");
   questions.WillAnswer({false});
-  form.ToolClicked(u"Add");
+  form.ToolClicked(FormTool::Add);
   EXPECT_EQ(Utf8(view.Text(FormField::ClassNumber)), "01");
   EXPECT_EQ(Utf8(view.Text(FormField::Percentage)), "12.5");
-  EXPECT_EQ(log.Count("reload"), 0u);
+  EXPECT_THAT(log.Text(), Not(HasSubstr("rows ")));
 }
 
 TEST_F(FormCommands, AddSavesOnYesAndClearsOnce) {
   AllowSave(true);
   OpenFilledForAdd();
   questions.WillAnswer({true});
-  form.ToolClicked(u"Add");
+  form.ToolClicked(FormTool::Add);
   EXPECT_THAT(log.Text(), HasSubstr("INSERT INTO icPriceDownClass"));
-  EXPECT_EQ(log.Count("reload"), 1u);
-  EXPECT_TRUE(form.State().saved);
+  EXPECT_EQ(log.Count("rows 3"), 1u);
   EXPECT_EQ(form.MemberList().RecordCount(), 0);
 }
 
-TEST_F(FormCommands, AddContinuesAfterARefusedSave) {
+TEST_F(FormCommands, AddKeepsWhatWasTypedWhenTheSaveIsRefused) {
   AllowSave(true);
   OpenFilledForAdd();
   view.Type(FormField::ClassName, u"");
   questions.WillAnswer({true});
-  form.ToolClicked(u"Add");
+  form.ToolClicked(FormTool::Add);
   EXPECT_THAT(log.Text(), Not(HasSubstr("INSERT")));
-  EXPECT_EQ(form.MemberList().RecordCount(), 0);
-  EXPECT_EQ(Utf8(view.Text(FormField::ClassNumber)), "");
+  EXPECT_EQ(form.MemberList().RecordCount(), 2);
+  EXPECT_EQ(Utf8(view.Text(FormField::ClassNumber)), "01");
+  EXPECT_EQ(log.Count("focus ItemClassName"), 1u);
 }
 
 TEST_F(FormCommands, AddClearsNothingInAFormThatWasClosedWhileItAsked) {
   OpenFilledForAdd();
   const Recordset members = form.MemberList();
   questions.WillAnswer({false});
-  questions.whileAsked = [this] { form.CloseByFrame(); };
-  form.ToolClicked(u"Add");
+  questions.whileAsked = [this] { form.Unload(); };
+  form.ToolClicked(FormTool::Add);
   EXPECT_EQ(log.Text(), std::string(kAskSave) + " -> no\nunload\n");
   EXPECT_EQ(members.RecordCount(), 2);
 }
@@ -91,9 +90,9 @@ TEST_F(FormCommands, AddClearsNothingInAFormThatWasClosedWhileItAsked) {
 TEST_F(FormCommands, AddDoesNotAskAfterASave) {
   AllowSave(false);
   OpenForEdit();
-  form.Save();
+  form.ToolClicked(FormTool::Save);
   log.Clear();
-  form.ToolClicked(u"Add");
+  form.ToolClicked(FormTool::Add);
   EXPECT_THAT(log.Text(), Not(HasSubstr("ask")));
   EXPECT_EQ(form.MemberList().RecordCount(), 0);
 }
@@ -101,29 +100,29 @@ TEST_F(FormCommands, AddDoesNotAskAfterASave) {
 TEST_F(FormCommands, AddKeepsModeAndSnapshot) {
   OpenForEdit();
   questions.WillAnswer({false});
-  form.Add();
+  form.ToolClicked(FormTool::Add);
   EXPECT_EQ(form.State().mode, 0);
   EXPECT_EQ(form.State().savedValues, RawMaterials());
   EXPECT_EQ(form.State().openingNumber, u"01");
 }
 
-TEST_F(FormCommands, AddLeavesTheGridsRowCount) {
+TEST_F(FormCommands, AddLeavesTheCountOfRows) {
   OpenFilledForAdd();
   questions.WillAnswer({false});
-  form.Add();
-  grid.Paint();
-  EXPECT_EQ(grid.RowTexts(), "物料代码|物料名称|规格型号|\n\n\n");
+  form.ToolClicked(FormTool::Add);
+  EXPECT_EQ(list.RowTexts(), "物料代码|物料名称|规格型号|\n");
+  EXPECT_EQ(list.Rows().Count(), 3);
 }
 
 TEST_F(FormCommands, SavingDisablesItsToolWhateverTheOutcome) {
   AllowSave(false);
   OpenForEdit();
-  form.ToolClicked(u"Save");
+  form.ToolClicked(FormTool::Save);
   EXPECT_TRUE(form.State().saved);
   EXPECT_FALSE(view.tools[FormTool::Save]);
   view.Type(FormField::ClassName, u"");
   EXPECT_TRUE(view.tools[FormTool::Save]);
-  form.ToolClicked(u"Save");
+  form.ToolClicked(FormTool::Save);
   EXPECT_FALSE(form.State().saved);
   EXPECT_FALSE(view.tools[FormTool::Save]);
 }
@@ -131,23 +130,59 @@ TEST_F(FormCommands, SavingDisablesItsToolWhateverTheOutcome) {
 TEST_F(FormCommands, ASecondNewClassIsSavedAfterTheFirst) {
   AllowSave(true);
   OpenFilledForAdd();
-  form.ToolClicked(u"Save");
-  grid.Paint();
+  form.ToolClicked(FormTool::Save);
   EXPECT_FALSE(form.State().saved);
   form.MemberList().AddNew();
   form.MemberList().SetField(u"FItemID", 301);
   form.MemberList().Update();
   Type({u"02", u"成品", u"5711", u"1281.1", 0}, u"3");
-  form.ToolClicked(u"Save");
+  form.ToolClicked(FormTool::Save);
   EXPECT_THAT(log.Text(), HasSubstr("delete from icPriceDownClass where  FItemClassNumber='' "
                                     "INSERT INTO icPriceDownClass(FItemID,FItemClassNumber,"
                                     "FItemClassName,FAPAccID,FAPNumber,FARAccID,FARNumber,"
                                     "FPencentPrepare)VALUES\\r\\n( 301,'02','成品',"));
 }
 
+TEST_F(FormCommands, SavingANewClassLeavesItsToolDisabledOnTheEmptiedForm) {
+  AllowSave(true);
+  OpenFilledForAdd();
+  form.ToolClicked(FormTool::Save);
+  EXPECT_EQ(Utf8(view.Text(FormField::ClassNumber)), "");
+  EXPECT_FALSE(view.tools[FormTool::Save]);
+  view.Type(FormField::ClassNumber, u"02");
+  EXPECT_TRUE(view.tools[FormTool::Save]);
+}
+
+// More than a double holds.
+TEST_F(FormCommands, AHugePercentageIsRefusedByTheCheckAndStopsNoOtherCommand) {
+  OpenForEdit();
+  view.Type(FormField::Percentage, u"1e999");
+  log.Clear();
+  form.ToolClicked(FormTool::Save);
+  EXPECT_EQ(log.Text(), Lines(R"(
+      tell information "岚禾提示": "跌价比例有误,数值应位于0-100之间"
+      focus txtPencent
+      disable Save
+      )"));
+  questions.WillAnswer({false});
+  form.ToolClicked(FormTool::Exit);
+  EXPECT_EQ(log.Count("unload"), 1u);
+}
+
+TEST_F(FormCommands, SavesNothingInAFormThatWasClosedWhileItAsked) {
+  OpenForEdit();
+  questions.WillAnswer({true});
+  questions.whileAsked = [this] { form.Unload(); };
+  form.ToolClicked(FormTool::Exit);
+  EXPECT_EQ(log.Text(), std::string(kAskChanged) + " -> yes\n" + Lines(R"(
+      release ADODB.Recordset
+      unload
+      )"));
+}
+
 TEST_F(FormCommands, ExitClosesAnUnchangedFormWithoutAQuestion) {
   OpenForAdd();
-  form.ToolClicked(u"iExit");
+  form.ToolClicked(FormTool::Exit);
   EXPECT_EQ(log.Text(), Lines(R"(
       release ADODB.Recordset
       unload
@@ -159,7 +194,7 @@ TEST_F(FormCommands, ExitClosesAChangedFormOnNoWithoutSaving) {
   view.Type(FormField::ClassName, u"改名");
   log.Clear();
   questions.WillAnswer({false});
-  form.ToolClicked(u"iExit");
+  form.ToolClicked(FormTool::Exit);
   EXPECT_EQ(log.Text(), std::string(kAskChanged) + " -> no\n" + Lines(R"(
       release ADODB.Recordset
       unload
@@ -172,7 +207,7 @@ TEST_F(FormCommands, ExitSavesOnYesAndUnloadsOnce) {
   view.Type(FormField::ClassName, u"改名");
   log.Clear();
   questions.WillAnswer({true});
-  form.ToolClicked(u"iExit");
+  form.ToolClicked(FormTool::Exit);
   EXPECT_THAT(log.Text(), HasSubstr("'01','改名',"));
   EXPECT_EQ(log.Count("unload"), 1u);
   EXPECT_EQ(factory.LiveObjects(), 0);
@@ -182,7 +217,7 @@ TEST_F(FormCommands, ExitUnloadsANewClassAfterItsSave) {
   AllowSave(true);
   OpenFilledForAdd();
   questions.WillAnswer({true});
-  form.ToolClicked(u"iExit");
+  form.ToolClicked(FormTool::Exit);
   EXPECT_THAT(log.Text(), HasSubstr("INSERT INTO"));
   EXPECT_EQ(log.Count("unload"), 1u);
 }
@@ -192,7 +227,7 @@ TEST_F(FormCommands, ExitStaysAfterARefusedSave) {
   view.Type(FormField::ClassName, u"");
   log.Clear();
   questions.WillAnswer({true});
-  form.ToolClicked(u"iExit");
+  form.ToolClicked(FormTool::Exit);
   EXPECT_EQ(log.Count("unload"), 0u);
   EXPECT_TRUE(form.State().loaded);
   EXPECT_EQ(log.Count("focus ItemClassName"), 1u);
@@ -202,11 +237,11 @@ TEST_F(FormCommands, ExitStaysAfterARefusedSave) {
 TEST_F(FormCommands, ExitClosesWithoutSavingAnEmptiedNumberOnceSaved) {
   AllowSave(false);
   OpenForEdit();
-  form.ToolClicked(u"Save");
+  form.ToolClicked(FormTool::Save);
   view.Type(FormField::ClassNumber, u"");
   log.Clear();
   questions.WillAnswer({true});
-  form.ToolClicked(u"iExit");
+  form.ToolClicked(FormTool::Exit);
   EXPECT_EQ(log.Text(), std::string(kAskChanged) + " -> yes\n" + Lines(R"(
       tell information "岚禾提示": "请输入数字,物料类别代码不能为空！"
       focus itemClassNumber
@@ -223,15 +258,15 @@ TEST_F(FormCommands, ExitStaysWhenTheSaveFails) {
   world.factory.Object(kConnectionId).On(u"Execute", Reply::Failing(-2147217900, u"超时"));
   world.OpenForEdit();
   world.questions.WillAnswer({true});
-  EXPECT_EQ(ErrorOf([&] { world.form.ToolClicked(u"iExit"); }), -2147217900);
+  EXPECT_EQ(ErrorOf([&] { world.form.ToolClicked(FormTool::Exit); }), -2147217900);
   EXPECT_TRUE(world.form.State().loaded);
 }
 
 TEST_F(FormCommands, ExitAfterASaveAsksNothing) {
   AllowSave(false);
   OpenForEdit();
-  form.ToolClicked(u"Save");
-  form.ToolClicked(u"iExit");
+  form.ToolClicked(FormTool::Save);
+  form.ToolClicked(FormTool::Exit);
   EXPECT_THAT(log.Text(), Not(HasSubstr("ask")));
   EXPECT_EQ(log.Count("unload"), 1u);
 }

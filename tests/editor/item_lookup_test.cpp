@@ -1,4 +1,4 @@
-// `AddItem`: parameters, condition, choices, the header of new rows, the grid afterwards.
+// `AddItem`: parameters, condition, choices, the header of new rows, the list afterwards.
 #include "editor/item_lookup.h"
 
 #include <gmock/gmock.h>
@@ -75,7 +75,7 @@ TEST_F(ItemLookup, AppendsOneItemToAnEmptyListWithTheHeaderOfTheFields) {
   ChooseOne(factory, u"washer");
   OpenForAdd();
   Type(RawMaterials(), u"12.5%");
-  form.ToolClicked(u"AddItem");
+  form.ToolClicked(FormTool::AddItem);
   EXPECT_EQ(log.Text(), Lines(R"(
       create ZEPEBCBASE.Dictionary
       ZEPEBCBASE.Dictionary.Add("BeShortNumber", False)
@@ -98,8 +98,8 @@ TEST_F(ItemLookup, AppendsOneItemToAnEmptyListWithTheHeaderOfTheFields) {
       washer.Properties("FModel")
       release washer
       release result
+      enable Save
       rows 2
-      reload
       )"));
   EXPECT_THAT(Column(u"FItemID"), ElementsAre("201"));
   EXPECT_THAT(Column(u"FNumber"), ElementsAre("\"02.001\""));
@@ -119,7 +119,7 @@ TEST_F(ItemLookup, AppendsOneItemToAnEmptyListWithTheHeaderOfTheFields) {
 TEST_F(ItemLookup, AppendsSeveralItemsInTheOrderChosen) {
   ChooseBoth(factory);
   OpenForEdit();
-  form.ToolClicked(u"AddItem");
+  form.ToolClicked(FormTool::AddItem);
   const std::string text = log.Text();
   EXPECT_EQ(text.substr(text.find("release ZEPEBCBASE.Dictionary")), Lines(R"(
       release ZEPEBCBASE.Dictionary
@@ -142,8 +142,8 @@ TEST_F(ItemLookup, AppendsSeveralItemsInTheOrderChosen) {
       screen messages
       release chosen
       release result
+      enable Save
       rows 5
-      reload
       )"));
   EXPECT_THAT(MemberIds(), ElementsAre(101, 102, 201, 202));
   EXPECT_THAT(Column(u"FModel"), ElementsAre("\"M4\"", "Null", "\"φ4\"", "\"\""));
@@ -152,10 +152,9 @@ TEST_F(ItemLookup, AppendsSeveralItemsInTheOrderChosen) {
 TEST_F(ItemLookup, ShowsTheNewRowsAndEnablesSaving) {
   ChooseBoth(factory);
   OpenForEdit();
-  form.ToolClicked(u"AddItem");
   view.tools[FormTool::Save] = false;
-  grid.Paint();
-  EXPECT_EQ(grid.RowTexts(),
+  form.ToolClicked(FormTool::AddItem);
+  EXPECT_EQ(list.RowTexts(),
             "物料代码|物料名称|规格型号|\n01.001|螺钉|M4|\n01.002|螺母||\n"
             "02.001|垫圈|φ4|\n02.002|铆钉||\n");
   EXPECT_TRUE(view.tools[FormTool::Save]);
@@ -165,7 +164,7 @@ TEST_F(ItemLookup, CopiesTheFirstRowsHeaderIntoNewRowsAndNotTheFields) {
   ChooseOne(factory, u"washer");
   OpenForEdit();
   Type({u"99", u"改名", u"5711.02", u"1281.10", 0}, u"99");
-  form.ToolClicked(u"AddItem");
+  form.ToolClicked(FormTool::AddItem);
   EXPECT_THAT(Column(u"FItemClassNumber"), ElementsAre("\"01\"", "\"01\"", "\"01\""));
   EXPECT_THAT(Column(u"FItemClassName"), ElementsAre("\"原材料\"", "\"原材料\"", "\"原材料\""));
   EXPECT_THAT(Column(u"FAPNumber"), ElementsAre("\"5711\"", "\"5711\"", "\"5711\""));
@@ -179,7 +178,7 @@ TEST_F(ItemLookup, CopiesTheHeaderOfTheFirstRowWhateverTheCurrentOne) {
   form.MemberList().MoveFirst();
   form.MemberList().MoveNext();
   form.MemberList().SetField(u"FItemClassName", u"other");
-  form.ToolClicked(u"AddItem");
+  form.ToolClicked(FormTool::AddItem);
   EXPECT_EQ(Column(u"FItemClassName").back(), "\"原材料\"");
 }
 
@@ -194,7 +193,7 @@ TEST_F(ItemLookup, WritesTheLeadingNumberOfThePercentageIntoTheFirstItemOfANewCl
     ChooseOne(world.factory, u"washer");
     world.OpenForAdd();
     world.Type(RawMaterials(), given.text);
-    world.form.ToolClicked(u"AddItem");
+    world.form.ToolClicked(FormTool::AddItem);
     EXPECT_THAT(world.Column(u"FPencentPrepare"), ElementsAre(given.expected));
   }
 }
@@ -204,7 +203,7 @@ TEST_F(ItemLookup, LeavesItemsOfOtherClassesAndOfThisListOut) {
   ScriptPicker(world.factory, {{12}, {15}, {40}, {12}});
   Cancel(world.factory);
   world.OpenForEdit();
-  world.form.ToolClicked(u"AddItem");
+  world.form.ToolClicked(FormTool::AddItem);
   EXPECT_THAT(world.log.Text(),
               HasSubstr("ItemLookUp(4, Missing, \"x2.FItemid not in(12,15,40,12,101,102)\", ref"));
 }
@@ -214,21 +213,21 @@ TEST_F(ItemLookup, LeavesOutTheItemsOfOtherClassesAloneForAnEmptyList) {
   ScriptPicker(world.factory, {{12}, {15}, {40}});
   Cancel(world.factory);
   world.OpenForAdd();
-  world.form.ToolClicked(u"AddItem");
+  world.form.ToolClicked(FormTool::AddItem);
   EXPECT_THAT(world.log.Text(), HasSubstr("\"x2.FItemid not in(12,15,40)\""));
 }
 
 TEST_F(ItemLookup, LeavesOutTheItemsOfThisListAloneWhenThereAreNoOtherClasses) {
   Cancel(factory);
   OpenForEdit();
-  form.ToolClicked(u"AddItem");
+  form.ToolClicked(FormTool::AddItem);
   EXPECT_EQ(Condition(), "\"x2.FItemid not in(101,102)\"");
 }
 
 TEST_F(ItemLookup, OffersEveryItemWhenNoneIsInAClass) {
   Cancel(factory);
   OpenForAdd();
-  form.ToolClicked(u"AddItem");
+  form.ToolClicked(FormTool::AddItem);
   EXPECT_EQ(Condition(), "\"\"");
 }
 
@@ -237,15 +236,15 @@ TEST_F(ItemLookup, OffersItemsThatWereRemovedFromTheList) {
   OpenForEdit();
   form.MemberList().MoveFirst();
   form.MemberList().Delete();
-  form.ToolClicked(u"AddItem");
+  form.ToolClicked(FormTool::AddItem);
   EXPECT_EQ(Condition(), "\"x2.FItemid not in(102)\"");
 }
 
 TEST_F(ItemLookup, QueriesTheOtherClassesEveryTime) {
   Cancel(factory);
   OpenForEdit();
-  form.ToolClicked(u"AddItem");
-  form.ToolClicked(u"AddItem");
+  form.ToolClicked(FormTool::AddItem);
+  form.ToolClicked(FormTool::AddItem);
   EXPECT_EQ(log.Count("ZEPConnection.AppConnection.Execute(\"SELECT  FItemID FROM  "
                       "icPriceDownClass WHERE FItemClassNumber<>'01'\")"),
             2u);
@@ -259,22 +258,22 @@ TEST_F(ItemLookup, ReadsListsWithoutGetRowsToo) {
   Cancel(world.factory);
   // The first result has no rows; the second one is read.
   world.OpenForEdit();
-  world.form.ToolClicked(u"AddItem");
+  world.form.ToolClicked(FormTool::AddItem);
   world.log.Clear();
-  world.form.ToolClicked(u"AddItem");
+  world.form.ToolClicked(FormTool::AddItem);
   EXPECT_THAT(world.log.Text(), HasSubstr("not in(12,15,101,102)"));
 }
 
-TEST_F(ItemLookup, LeavesTheListButReloadsTheGridWhenCancelled) {
+TEST_F(ItemLookup, LeavesTheListButShowsItAgainWhenCancelled) {
   Cancel(factory);
   OpenForEdit();
-  form.ToolClicked(u"AddItem");
+  form.ToolClicked(FormTool::AddItem);
   const std::string text = log.Text();
   EXPECT_EQ(text.substr(text.find("result.ReturnOK")), Lines(R"(
       result.ReturnOK()
       release result
+      enable Save
       rows 3
-      reload
       )"));
   EXPECT_THAT(MemberIds(), ElementsAre(101, 102));
 }
@@ -283,7 +282,7 @@ TEST_F(ItemLookup, PassesTheShortNumberFlagOn) {
   Cancel(factory);
   state.shortNumber = true;
   OpenForAdd();
-  form.ToolClicked(u"AddItem");
+  form.ToolClicked(FormTool::AddItem);
   EXPECT_EQ(log.Count("ZEPEBCBASE.Dictionary.Add(\"BeShortNumber\", True)"), 1u);
 }
 
@@ -291,7 +290,7 @@ TEST_F(ItemLookup, SharesTheLedgerViewWithTheAccountLookup) {
   Cancel(factory);
   state.ledgerView = factory.NewObject(kLedgerViewId);
   OpenForAdd();
-  form.ToolClicked(u"AddItem");
+  form.ToolClicked(FormTool::AddItem);
   EXPECT_EQ(log.Count("create ZEPEBCGLView.GLView"), 0u);
 }
 
@@ -303,12 +302,12 @@ TEST_F(ItemLookup, KeepsTheRowsBeforeAnItemThatFails) {
       .On(u"", "1", factory.Answering(u"washer"))
       .On(u"", "2", factory.Answering(u"long"));
   OpenForEdit();
-  form.ToolClicked(u"AddItem");
+  form.ToolClicked(FormTool::AddItem);
   EXPECT_THAT(MemberIds(), ElementsAre(101, 102, 201, 202));
   log.Clear();
-  EXPECT_NE(ErrorOf([this] { form.ToolClicked(u"AddItem"); }), std::nullopt);
+  EXPECT_NE(ErrorOf([this] { form.ToolClicked(FormTool::AddItem); }), std::nullopt);
   // The added rows are shown.
-  EXPECT_EQ(log.Count("reload"), 1u);
+  EXPECT_EQ(log.Count("rows 6"), 1u);
   // The row started for the long name is gone.
   EXPECT_THAT(MemberIds(), ElementsAre(101, 102, 201, 202, 201));
 }
@@ -316,20 +315,20 @@ TEST_F(ItemLookup, KeepsTheRowsBeforeAnItemThatFails) {
 TEST_F(ItemLookup, StopsWhenTheFormIsClosedWhileMessagesArePending) {
   ChooseBoth(factory);
   OpenForEdit();
-  screen.onMessages = [this] { form.CloseByFrame(); };
-  form.ToolClicked(u"AddItem");
-  EXPECT_EQ(log.Count("reload"), 0u);
+  screen.onMessages = [this] { form.Unload(); };
+  form.ToolClicked(FormTool::AddItem);
+  EXPECT_THAT(log.Text(), ::testing::Not(HasSubstr("rows ")));
   state.ledgerView.reset();
   EXPECT_EQ(factory.LiveObjects(), 0);
 }
 
 TEST_F(ItemLookup, ShowsNothingInAFormThatWasClosedWhenTheChoiceFails) {
   factory.Object(u"result").On(u"ReturnOK", Reply::From([this](auto) -> Value {
-                                 form.CloseByFrame();
+                                 form.Unload();
                                  throw AutomationError(kInjectedFailure, u"断开");
                                }));
   OpenForEdit();
-  EXPECT_EQ(ErrorOf([this] { form.ToolClicked(u"AddItem"); }), kInjectedFailure);
+  EXPECT_EQ(ErrorOf([this] { form.ToolClicked(FormTool::AddItem); }), kInjectedFailure);
   const std::string text = log.Text();
   EXPECT_EQ(text.substr(text.find("unload")), "unload\nrelease result\n");
 }
@@ -342,7 +341,7 @@ TEST(ItemLookupFailures, ReachTheCallerAndKeepWholeRows) {
     world.OpenForEdit();
     const int before = world.factory.CallCount();
     world.factory.FailCall(failingCall);
-    const auto error = ErrorOf([&] { world.form.ToolClicked(u"AddItem"); });
+    const auto error = ErrorOf([&] { world.form.ToolClicked(FormTool::AddItem); });
     const int calls = world.factory.CallCount() - before;
     EXPECT_EQ(error, failingCall == 0 ? std::nullopt : std::optional(kInjectedFailure));
     // Every row is complete.
@@ -352,7 +351,7 @@ TEST(ItemLookupFailures, ReachTheCallerAndKeepWholeRows) {
       EXPECT_EQ(percentage, "12.5");
     }
     // The form still works: the next lookup appends both items.
-    world.form.ToolClicked(u"AddItem");
+    world.form.ToolClicked(FormTool::AddItem);
     EXPECT_EQ(world.MemberIds().size(), ids.size() + 2);
     world.form.Unload();
     world.state.ledgerView.reset();

@@ -1,4 +1,4 @@
-// The windows of the item class form as recording fakes.
+// Recording fakes of the item class form's views.
 #pragma once
 
 #include <map>
@@ -45,7 +45,7 @@ class RecordingFormView : public ItemClassFormView {
   void Type(FormField field, std::u16string_view text) {
     const bool changed = Text(field) != text;
     texts_[field] = text;
-    if (changed && form != nullptr) form->FieldChanged(field);
+    if (changed && form != nullptr) form->FieldChanged();
   }
 
   // Where changes are reported; may be null.
@@ -65,47 +65,39 @@ class RecordingMemberListView : public MemberListView {
   void SetColumnWidth(std::int32_t column, std::int32_t twips) override {
     log_.Add("column " + std::to_string(column) + " width " + std::to_string(twips));
   }
-  std::int32_t RowCount() const override { return rowCount_; }
-  void SetRowCount(std::int32_t count) override {
-    log_.Add("rows " + std::to_string(count));
-    rowCount_ = count;
-    due_ = true;
-  }
-  void Reload() override {
-    log_.Add("reload");
-    due_ = true;
+  void ShowRows(const MemberRows& rows) override {
+    log_.Add("rows " + std::to_string(rows.Count()));
+    rows_ = rows;
   }
   std::vector<std::int32_t> SelectedRows() const override { return selected; }
-  // The text between the separators.
-  std::u16string Text(std::int32_t column, std::int32_t row) const override {
-    std::u16string_view text = rows_.at(static_cast<std::size_t>(row) - 1);
-    for (; column > 1; --column) text.remove_prefix(text.find(u'|') + 1);
-    return std::u16string(text.substr(0, text.find(u'|')));
-  }
 
-  // Requests all rows when they are due, as a real grid does before it paints.
-  void Paint() {
-    if (!due_ || form == nullptr) return;
-    due_ = false;
-    rows_.clear();
-    for (std::int32_t row = 1; row <= rowCount_; ++row) rows_.push_back(form->RowRequested(row));
-  }
-  // The rows as the form gave them.
-  const std::vector<std::u16string>& Rows() const { return rows_; }
+  // The rows as last shown.
+  const MemberRows& Rows() const { return rows_; }
+  // Each cell followed by "|".
   std::string RowTexts() const {
     std::string texts;
-    for (const std::u16string& row : rows_) texts += Utf8(row) + "\n";
+    for (std::int32_t row = 1; row < MemberRows::kFirstItem + rows_.Items(); ++row) {
+      for (std::int32_t column = 1; column <= member_columns::kCount; ++column) {
+        texts += Utf8(rows_.Text(column, row)) + "|";
+      }
+      texts += "\n";
+    }
     return texts;
   }
+  std::vector<std::string> Codes() const {
+    std::vector<std::string> codes;
+    for (std::int32_t row = MemberRows::kFirstItem; row < MemberRows::kFirstItem + rows_.Items();
+         ++row) {
+      codes.push_back(Utf8(rows_.Text(member_columns::kCode, row)));
+    }
+    return codes;
+  }
 
-  ItemClassForm* form = nullptr;
   std::vector<std::int32_t> selected;
 
  private:
   CallLog log_;
-  std::int32_t rowCount_ = 0;
-  bool due_ = false;
-  std::vector<std::u16string> rows_;
+  MemberRows rows_;
 };
 
 }  // namespace pricedown::testing

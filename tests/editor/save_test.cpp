@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include "editor/change_check.h"
 #include "tests/editor/editor_test.h"
 
 namespace pricedown {
@@ -51,7 +52,7 @@ TEST_F(Save, WritesTheClassWholeInOneText) {
   AnswerChecks(false);
   AnswerAccountIds();
   OpenForEdit();
-  form.Save();
+  form.ToolClicked(FormTool::Save);
   EXPECT_TRUE(form.State().saved);
   EXPECT_EQ(form.State().lossAccountId, 1051);
   EXPECT_EQ(form.State().reserveAccountId, 1023);
@@ -69,6 +70,7 @@ TEST_F(Save, WritesTheClassWholeInOneText) {
       create ZEPConnection.AppConnection
       ZEPConnection.AppConnection.Execute("delete from icPriceDownClass where  FItemClassNumber='01' INSERT INTO icPriceDownClass(FItemID,FItemClassNumber,FItemClassName,FAPAccID,FAPNumber,FARAccID,FARNumber,FPencentPrepare)VALUES\r\n( 101,'01','原材料',\r\n1051,'5711',1023,'1281.1',12.5)\r\n INSERT INTO icPriceDownClass(FItemID,FItemClassNumber,FItemClassName,FAPAccID,FAPNumber,FARAccID,FARNumber,FPencentPrepare)VALUES\r\n( 102,'01','原材料',\r\n1051,'5711',1023,'1281.1',12.5)\r\n")
       release ZEPConnection.AppConnection
+      disable Save
       )"));
 }
 
@@ -76,7 +78,7 @@ TEST_F(Save, WritesNothingWhenTheChecksRefuse) {
   Open();
   view.Type(FormField::ClassName, u"");
   log.Clear();
-  form.Save();
+  form.ToolClicked(FormTool::Save);
   EXPECT_FALSE(form.State().saved);
   EXPECT_FALSE(form.State().keptCopy);
   EXPECT_EQ(SavedText(), "");
@@ -92,7 +94,7 @@ TEST_F(Save, PutsTheFieldsIntoEveryRowWhenTheHeaderWasChanged) {
   view.Type(FormField::ClassName, u"改名");
   view.Type(FormField::LossAccount, u"5711.02");
   view.Type(FormField::Percentage, u"5.0");
-  form.Save();
+  form.ToolClicked(FormTool::Save);
   EXPECT_THAT(Column(u"FItemClassNumber"), ElementsAre("\"B\"", "\"B\""));
   EXPECT_THAT(Column(u"FItemClassName"), ElementsAre("\"改名\"", "\"改名\""));
   EXPECT_THAT(Column(u"FAPNumber"), ElementsAre("\"5711.02\"", "\"5711.02\""));
@@ -112,7 +114,7 @@ TEST_F(Save, LeavesTheRowsWhenTheFirstOneCarriesTheHeader) {
   form.MemberList().MoveFirst();
   form.MemberList().MoveNext();
   form.MemberList().SetField(u"FItemClassName", u"别名");
-  form.Save();
+  form.ToolClicked(FormTool::Save);
   EXPECT_THAT(Column(u"FItemClassName"), ElementsAre("\"原材料\"", "\"别名\""));
   EXPECT_THAT(SavedText(), HasSubstr("( 102,'01','别名',"));
 }
@@ -120,15 +122,15 @@ TEST_F(Save, LeavesTheRowsWhenTheFirstOneCarriesTheHeader) {
 TEST_F(Save, TreatsAnotherSpellingOfThePercentageAsUnchanged) {
   Open();
   view.Type(FormField::Percentage, u"12.50");
-  EXPECT_TRUE(form.Check());
-  form.Save();
+  EXPECT_TRUE(CarriesHeader(form.MemberList(), ReadHeader(view)));
+  form.ToolClicked(FormTool::Save);
   EXPECT_THAT(SavedText(), HasSubstr(",12.5)"));
 }
 
 TEST_F(Save, KeepsACopyOfTheRowsAsWritten) {
   Open();
   view.Type(FormField::ClassName, u"改名");
-  form.Save();
+  form.ToolClicked(FormTool::Save);
   const Recordset& copy = form.State().keptCopy;
   ASSERT_EQ(copy.RecordCount(), 2);
   EXPECT_EQ(copy.Field(u"FItemClassName"), Value(u"改名"));
@@ -138,7 +140,7 @@ TEST_F(Save, KeepsACopyOfTheRowsAsWritten) {
 TEST_F(Save, KeepsTheSavedValues) {
   Open();
   Type({u"02", u"改名", u"5711", u"1281.1", 0}, u" 7.5 ");
-  form.Save();
+  form.ToolClicked(FormTool::Save);
   EXPECT_EQ(form.State().savedValues, (ClassHeader{u"02", u"改名", u"5711", u"1281.1", 7.5}));
   EXPECT_EQ(form.State().openingNumber, u"01") << "a save does not change it";
 }
@@ -159,7 +161,7 @@ TEST_F(Save, LooksAccountsUpByTheNumberAndNotByTheText) {
                     Rows({u"FAccountID"}, {{1052}}));
     world.OpenForEdit();
     world.view.Type(FormField::ReserveAccount, given.text);
-    world.form.Save();
+    world.form.ToolClicked(FormTool::Save);
     EXPECT_THAT(world.log.Text(), HasSubstr(given.statement));
   }
 }
@@ -174,7 +176,7 @@ TEST_F(Save, LooksAnAccountOfTwoSeparatorsUpByItsLeadingPart) {
                   Rows({u"FAccountID"}, {{77}}));
   OpenForEdit();
   view.Type(FormField::ReserveAccount, u"1281.01.02");
-  form.Save();
+  form.ToolClicked(FormTool::Save);
   EXPECT_EQ(form.State().reserveAccountId, 77);
   // The text itself is stored.
   EXPECT_THAT(SavedText(), HasSubstr("1051,'5711',77,'1281.01.02',"));
@@ -185,7 +187,7 @@ TEST_F(Save, RoundsAccountIdsToTheNearestWholeNumber) {
   AnswerStatement(factory, u"SELECT FAccountID FROM t_account WHERE FNumber='5711.02'",
                   Rows({u"FAccountID"}, {{u"1052.6"}}));
   view.Type(FormField::LossAccount, u"5711.02");
-  form.Save();
+  form.ToolClicked(FormTool::Save);
   EXPECT_EQ(form.State().lossAccountId, 1053);
 }
 
@@ -194,7 +196,7 @@ TEST_F(Save, TreatsAMissingAccountIdAsZero) {
   AnswerStatement(factory, u"SELECT FAccountID FROM t_account WHERE FNumber='5711.02'",
                   Rows({u"FAccountID"}, {{Null{}}}));
   view.Type(FormField::LossAccount, u"5711.02");
-  form.Save();
+  form.ToolClicked(FormTool::Save);
   EXPECT_EQ(form.State().lossAccountId, 0);
 }
 
@@ -203,7 +205,7 @@ TEST_F(Save, StopsAtAnAccountThatIsNotFoundUnderItsNumber) {
   AnswerStatement(factory, u"SELECT FAccountID FROM t_account WHERE FNumber='5711.02'",
                   Rows({u"FAccountID"}, {}));
   view.Type(FormField::LossAccount, u"5711.02");
-  EXPECT_EQ(ErrorOf([this] { form.Save(); }), NumberOf(ErrorNumber::NoCurrentRecord));
+  EXPECT_EQ(ErrorOf([this] { form.ToolClicked(FormTool::Save); }), NumberOf(ErrorNumber::NoCurrentRecord));
   EXPECT_TRUE(form.State().saved) << "as the passed check left it";
   EXPECT_EQ(SavedText(), "");
   EXPECT_THAT(Column(u"FAPNumber"), ElementsAre("\"5711.02\"", "\"5711.02\""));
@@ -214,7 +216,7 @@ TEST_F(Save, StopsAtAnAccountThatIsNotFoundUnderItsNumber) {
 TEST_F(Save, WritesValuesAsTheyAre) {
   Open();
   view.Type(FormField::ClassName, u"it's");
-  form.Save();
+  form.ToolClicked(FormTool::Save);
   EXPECT_THAT(SavedText(), HasSubstr("'01','it's',"));
 }
 
@@ -224,7 +226,7 @@ TEST_F(Save, PassesTheDatabasesRefusalOnAndStaysMarkedSaved) {
   factory.Object(kConnectionId)
       .On(u"Execute", Reply::Failing(-2147217900, u"字符串后的引号不完整"));
   OpenForEdit();
-  EXPECT_EQ(ErrorOf([this] { form.Save(); }), -2147217900);
+  EXPECT_EQ(ErrorOf([this] { form.ToolClicked(FormTool::Save); }), -2147217900);
   EXPECT_TRUE(form.State().saved);
 }
 
@@ -241,7 +243,7 @@ TEST_F(Save, WritesDoublesWithTheirShortestText) {
     world.AnswerAccountIds();
     world.OpenForEdit();
     world.view.Type(FormField::Percentage, given.text);
-    world.form.Save();
+    world.form.ToolClicked(FormTool::Save);
     EXPECT_THAT(world.log.Text(), HasSubstr(given.written));
   }
 }
@@ -253,14 +255,12 @@ TEST_F(Save, EmptiesTheFormForTheNextNewClassWithoutAQuestion) {
   form.SetMode(kAddMode);
   form.SetMemberList(Members({}, BoltAndNut()));
   form.Load();
-  grid.Paint();
   Type(RawMaterials(), u"12.5");
-  form.Save();
+  form.ToolClicked(FormTool::Save);
   const std::string text = log.Text();
   EXPECT_THAT(text, HasSubstr("delete from icPriceDownClass where  FItemClassNumber='' INSERT"));
   EXPECT_EQ(text.substr(text.rfind("release ZEP")),
-            "release ZEPConnection.AppConnection\n" + kEmptied);
-  EXPECT_TRUE(form.State().saved);
+            "release ZEPConnection.AppConnection\n" + kEmptied + "disable Save\n");
   EXPECT_EQ(form.State().mode, kAddMode);
   EXPECT_EQ(form.State().savedValues, RawMaterials()) << "what was written";
   EXPECT_EQ(form.State().keptCopy.RecordCount(), 2);
@@ -270,13 +270,13 @@ TEST_F(Save, EmptiesTheFormForTheNextNewClassWithoutAQuestion) {
 TEST_F(Save, RefusesASecondSaveUnderANewNumberAsADuplicate) {
   Open();
   view.Type(FormField::ClassNumber, u"B");
-  form.Save();
+  form.ToolClicked(FormTool::Save);
   // The rows under B now belong to another class than the opened one.
   AnswerStatement(factory,
                   u"select FItemClassNumber from icPriceDownClass where FItemClassNumber<>'01'",
                   Rows({u"FItemClassNumber"}, {{u"B"}, {u"B"}}));
   log.Clear();
-  form.Save();
+  form.ToolClicked(FormTool::Save);
   EXPECT_THAT(log.Text(), HasSubstr("\"已经存在代码为:B的物料类别,请重新输入物料类别代码！\""));
   EXPECT_EQ(SavedText(), "");
 }
@@ -297,7 +297,7 @@ TEST(SaveFailures, EndTheSaveAndLeaveTheFormUsable) {
     world.view.Type(FormField::ClassName, u"改名");
     const int before = world.factory.CallCount();
     world.factory.FailCall(failingCall);
-    const auto error = ErrorOf([&] { world.form.ToolClicked(u"Save"); });
+    const auto error = ErrorOf([&] { world.form.ToolClicked(FormTool::Save); });
     const int calls = world.factory.CallCount() - before;
     EXPECT_FALSE(world.view.tools.at(FormTool::Save)) << "disabled whatever the outcome";
     if (failingCall == 0) {
@@ -310,7 +310,7 @@ TEST(SaveFailures, EndTheSaveAndLeaveTheFormUsable) {
     EXPECT_EQ(world.MemberIds().size(), 2u);
     // The next save succeeds.
     world.log.Clear();
-    world.form.ToolClicked(u"Save");
+    world.form.ToolClicked(FormTool::Save);
     EXPECT_TRUE(world.form.State().saved);
     EXPECT_THAT(world.log.Text(), HasSubstr("( 102,'01','改名',"));
     world.form.Unload();

@@ -48,7 +48,7 @@ void AddClass(FaultWorld& world) {
   world.Command(u"Add", [&] {
     world.Type(u"C1", u"包装物", u"3.25");
     world.Pick({7, 8});
-    world.editor.Click(u"Save");
+    world.editor.Click(FormTool::Save);
   });
 }
 
@@ -56,7 +56,7 @@ void Rename(FaultWorld& world) {
   world.Command(u"Edit", [&] {
     world.Type(FormField::ClassNumber, u"A2");
     world.Type(FormField::ClassName, u"材料");
-    world.editor.Click(u"Save");
+    world.editor.Click(FormTool::Save);
   });
 }
 
@@ -64,7 +64,7 @@ void SaveWhileClosing(FaultWorld& world) {
   world.questions.WillAnswer({true});
   world.Command(u"Edit", [&] {
     world.Type(FormField::Percentage, u"8.25");
-    world.editor.Click(u"iExit");
+    world.editor.Click(FormTool::Exit);
   });
 }
 
@@ -73,16 +73,16 @@ void RemoveItems(FaultWorld& world) {
     // As many of them as were copied into the list.
     std::vector<std::int32_t> rows{2, 3};
     std::erase_if(rows, [&](std::int32_t row) {
-      return static_cast<std::size_t>(row) > world.editor.grid.Rows().size();
+      return row > world.editor.list.Rows().Items() + 1;
     });
     world.Remove(rows);
-    world.editor.Click(u"Save");
+    world.editor.Click(FormTool::Save);
   });
 }
 
 void LookUpAccount(FaultWorld& world) {
   world.pickers->accounts.push_back(u"1281.1");
-  world.Command(u"Edit", [&] { world.editor.Shown().LookupClicked(FormField::LossAccount); });
+  world.Command(u"Edit", [&] { world.editor.Shown().LookupRequested(FormField::LossAccount); });
 }
 
 void Delete(FaultWorld& world, bool answer) {

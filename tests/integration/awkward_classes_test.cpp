@@ -30,7 +30,7 @@ TEST_F(AwkwardClasses, LoseTheItemsThatAreNeverListedWhenTheyAreSaved) {
   Open();
   Select(u"A1");
   EXPECT_EQ(GridCodes(), "01.1 01.3 ");
-  Command(u"Edit", [&] { editor.Click(u"Save"); });
+  Command(u"Edit", [&] { editor.Click(FormTool::Save); });
   EXPECT_EQ(Classes(), std::string("A1|原材料|1|1051|5711|1023|1281.1|12.5\n"
                                    "A1|原材料|3|1051|5711|1023|1281.1|12.5\n") +
                            kB1);
@@ -53,9 +53,9 @@ TEST_F(AwkwardClasses, KeepTheRowsOfTheirFirstNewNumberAtASecondRename) {
   Select(u"A1");
   Command(u"Edit", [&] {
     Type(FormField::ClassNumber, u"D1");
-    editor.Click(u"Save");
+    editor.Click(FormTool::Save);
     Type(FormField::ClassNumber, u"E1");
-    editor.Click(u"Save");
+    editor.Click(FormTool::Save);
   });
   EXPECT_EQ(Classes(), std::string(kB1) +
                            "D1|原材料|1|1051|5711|1023|1281.1|12.5\n"
@@ -72,7 +72,7 @@ TEST_F(AwkwardClasses, ShowFullCodesInTheFormWhereTheGridShowsShortOnes) {
   Select(u"A1");
   EXPECT_EQ(GridCodes(), "1 2 3 ");
   std::string rows;
-  Command(u"Edit", [&] { rows = editor.grid.RowTexts(); });
+  Command(u"Edit", [&] { rows = editor.list.RowTexts(); });
   EXPECT_EQ(rows, "物料代码|物料名称|规格型号|\n01.1|物料1|M1|\n01.2|物料2|M2|\n01.3|物料3|M3|\n");
 }
 
@@ -94,7 +94,7 @@ TEST_F(HostsOwnCalls, AddAClassAlsoWhereProvisionsAreKeptByItem) {
   editor.whileShown = [&] {
     Type(u"C1", u"包装物", u"0");
     Pick({7});
-    editor.Click(u"Save");
+    editor.Click(FormTool::Save);
   };
   control->addRecord();
   EXPECT_THAT(Classes(), HasSubstr("C1|包装物|7|1051|5711|1023|1281.1|0\n"));

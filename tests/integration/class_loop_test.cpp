@@ -18,13 +18,13 @@ TEST_F(ControlOnCompany, AddsEditsRenamesAndDeletesAClass) {
     Type(u"C1", u"包装物", u"3.25");
     Pick({7, 8});
     Pick({9});
-    editor.Click(u"Save");
+    editor.Click(FormTool::Save);
     // The form is empty again, for the next class.
-    EXPECT_EQ(editor.grid.RowCount(), 4) << "the grid keeps its count, its rows are empty";
+    EXPECT_EQ(editor.list.Rows().Count(), 4) << "the list keeps its count, its rows are empty";
     EXPECT_EQ(pricedown::ToUtf8(editor.view.Text(FormField::ClassNumber)), "");
     // The emptied list differs from the one that was saved.
     questions.WillAnswer({false});
-    editor.Click(u"iExit");
+    editor.Click(FormTool::Exit);
   });
   EXPECT_EQ(Classes(), std::string(kA1) + kB1 +
                            "C1|包装物|7|1051|5711|1023|1281.1|3.25\n"
@@ -35,14 +35,14 @@ TEST_F(ControlOnCompany, AddsEditsRenamesAndDeletesAClass) {
   Select(u"C1");
   EXPECT_EQ(GridCodes(), "01.7 01.8 01.9 ");
   Command(u"Edit", [&] {
-    EXPECT_EQ(editor.grid.RowTexts(),
+    EXPECT_EQ(editor.list.RowTexts(),
               "物料代码|物料名称|规格型号|\n01.7|物料7|M7|\n01.8|物料8|M8|\n01.9|物料9|M9|\n");
     Type(FormField::ClassNumber, u"D1");
     Type(FormField::ClassName, u"包装材料");
     Pick({10});
     Remove({2});
-    editor.Click(u"Save");
-    editor.Click(u"iExit");
+    editor.Click(FormTool::Save);
+    editor.Click(FormTool::Exit);
   });
   EXPECT_EQ(Classes(), std::string(kA1) + kB1 +
                            "D1|包装材料|10|1051|5711|1023|1281.1|3.25\n"
@@ -73,14 +73,14 @@ TEST_F(ControlOnCompany, ReachesTheSameCommandsFromTheHostsTools) {
   const auto click = [&](std::u16string_view tool) { control->Bar()->Click(tool); };
   editor.whileShown = [&] {
     Type(FormField::ClassName, u"材料");
-    editor.Click(u"Save");
+    editor.Click(FormTool::Save);
   };
   click(u"iEdit");
   EXPECT_THAT(Classes(), HasSubstr("A1|材料|3|"));
   editor.whileShown = [&] {
     Type(u"C1", u"包装物", u"0");
     Pick({7});
-    editor.Click(u"Save");
+    editor.Click(FormTool::Save);
   };
   click(u"iInsert");
   EXPECT_THAT(Classes(), HasSubstr("C1|包装物|7|1051|5711|1023|1281.1|0\n"));
@@ -140,14 +140,14 @@ TEST_P(Guards, DecideOnTheRemovalOfTheItem) {
   const GuardCase& given = GetParam();
   Command(u"Edit", [&] {
     Remove({3});
-    EXPECT_EQ(editor.grid.RowTexts(), std::string("物料代码|物料名称|规格型号|\n01.1|物料1|M1|\n") +
+    EXPECT_EQ(editor.list.RowTexts(), std::string("物料代码|物料名称|规格型号|\n01.1|物料1|M1|\n") +
                                           (given.removes ? "" : "01.2|物料2|M2|\n") +
                                           "01.3|物料3|M3|\n");
     // The provision goes at once or not at all; the class waits for the save.
     const bool deleted = given.removes && !given.keepsAmount && !given.voucher;
     EXPECT_EQ(Provisions().empty(), deleted);
     EXPECT_EQ(Classes(), std::string(kA1) + kB1);
-    editor.Click(u"Save");
+    editor.Click(FormTool::Save);
   });
   EXPECT_EQ(Classes().find("A1|原材料|2|") == std::string::npos, given.removes);
   EXPECT_EQ(Messages(), given.itemRefusal);
@@ -183,9 +183,9 @@ TEST_F(ControlOnCompany, RemovesTheItemsThatMayGoAndNamesTheOneThatMayNot) {
   Select(u"A1");
   Command(u"Edit", [&] {
     Remove({2, 3, 4});
-    EXPECT_EQ(editor.grid.RowTexts(), "物料代码|物料名称|规格型号|\n01.2|物料2|M2|\n");
+    EXPECT_EQ(editor.list.RowTexts(), "物料代码|物料名称|规格型号|\n01.2|物料2|M2|\n");
     questions.WillAnswer({false});
-    editor.Click(u"iExit");
+    editor.Click(FormTool::Exit);
   });
   EXPECT_EQ(Messages(), std::string(kItemHistory) + "\"当前记录已经改变，是否保存?\" -> no\n");
   EXPECT_EQ(Classes(), std::string(kA1) + kB1);
@@ -199,14 +199,14 @@ TEST_F(ControlOnCompany, KeepsTheClassThatIsClosedWithoutSaving) {
     Type(u"Z", u"z", u"1");
     Remove({2, 3, 4});
     questions.WillAnswer({false});
-    editor.Click(u"iExit");
+    editor.Click(FormTool::Exit);
   });
   EXPECT_EQ(Classes(), std::string(kA1) + kB1);
   EXPECT_EQ(Messages(), "\"当前记录已经改变，是否保存?\" -> no\n");
   Select(u"A1");
   Command(u"Edit", [&] {
     Type(FormField::ClassName, u"z");
-    editor.Shown().CloseByFrame();
+    editor.Shown().Unload();
   });
   EXPECT_EQ(Classes(), std::string(kA1) + kB1);
 }
@@ -216,11 +216,11 @@ TEST_F(ControlOnCompany, LeavesTheClassAsItWasWhenItsTextIsRefused) {
   Select(u"A1");
   Command(u"Edit", [&] {
     Type(FormField::ClassName, u"it's");
-    EXPECT_THROW(editor.Click(u"Save"), AutomationError);
+    EXPECT_THROW(editor.Click(FormTool::Save), AutomationError);
     EXPECT_EQ(Classes(), std::string(kA1) + kB1);
     EXPECT_TRUE(editor.Shown().State().saved);
     Type(FormField::ClassName, u"its");
-    editor.Click(u"Save");
+    editor.Click(FormTool::Save);
   });
   EXPECT_THAT(Classes(), HasSubstr("A1|its|2|"));
 }
@@ -238,13 +238,13 @@ TEST_F(ControlOnCompany, LeavesWhatRanBeforeARowThatTheTableRefuses) {
                                     nullptr, nullptr, nullptr));
   Command(u"Edit", [&] {
     Type(FormField::ClassName, u"材料");
-    EXPECT_THROW(editor.Click(u"Save"), AutomationError);
+    EXPECT_THROW(editor.Click(FormTool::Save), AutomationError);
     EXPECT_EQ(Classes(), std::string("A1|材料|1|1051|5711|1023|1281.1|12.5\n"
                                      "A1|材料|2|1051|5711|1023|1281.1|12.5\n") +
                              kB1);
     ASSERT_EQ(SQLITE_OK, sqlite3_exec(database, "DROP TRIGGER refuse", nullptr, nullptr, nullptr));
     // The form still holds all its rows.
-    editor.Click(u"Save");
+    editor.Click(FormTool::Save);
   });
   sqlite3_close(database);
   EXPECT_EQ(Classes(), std::string("A1|材料|1|1051|5711|1023|1281.1|12.5\n"
@@ -260,8 +260,8 @@ TEST_F(ControlOnCompany, EndsWhileItsFormIsOpen) {
   Command(u"Edit", [&] {
     control->Terminate();
     Type(FormField::ClassName, u"材料");
-    editor.Click(u"Save");
-    editor.Click(u"iExit");
+    editor.Click(FormTool::Save);
+    editor.Click(FormTool::Exit);
   });
   EXPECT_THAT(Classes(), HasSubstr("A1|材料|3|"));
   control.reset();

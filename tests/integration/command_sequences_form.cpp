@@ -42,7 +42,7 @@ void CommandSequences::TypeIn(FormField field) {
 }
 
 void CommandSequences::PickItems() {
-  editor.Click(u"AddItem");
+  editor.Click(FormTool::AddItem);
   std::set<std::int32_t> free;
   const std::set<std::int32_t> others = model_.ItemsOfOthers(opening_);
   for (std::int32_t id = 1; id <= kItems; ++id) {
@@ -164,7 +164,7 @@ void CommandSequences::StartAnew() {
   Told();
   bool thrown = false;
   try {
-    editor.Click(u"Add");
+    editor.Click(FormTool::Add);
   } catch (const AutomationError&) {
     thrown = true;
   }
@@ -202,7 +202,7 @@ void CommandSequences::WorkInForm() {
         Told();
         bool thrown = false;
         try {
-          editor.Click(u"Save");
+          editor.Click(FormTool::Save);
         } catch (const AutomationError&) {
           thrown = true;
         }
@@ -218,7 +218,7 @@ void CommandSequences::WorkInForm() {
   if (Roll(2) == 0) return;  // closed by its frame
   trail_ += " close";
   questions.WillAnswer({false});
-  editor.Click(u"iExit");
+  editor.Click(FormTool::Exit);
   questions.ForgetAnswers();
   EXPECT_FALSE(editor.Shown().State().loaded);
 }
@@ -237,11 +237,7 @@ void CommandSequences::ExpectForm() {
 
 std::string CommandSequences::ListedCodes() {
   std::string codes;
-  for (std::size_t row = 1; row < editor.grid.Rows().size(); ++row) {
-    const std::string text = ToUtf8(editor.grid.Rows()[row]);
-    // An emptied form keeps its count of rows.
-    if (!text.empty()) codes += text.substr(0, text.find('|')) + " ";
-  }
+  for (const std::string& code : editor.list.Codes()) codes += code + " ";
   return codes;
 }
 

@@ -62,11 +62,11 @@ class ControlOnCompany : public ClassCompany {
   }
   void Pick(std::vector<std::int32_t> ids) {
     pickers->items.push_back(std::move(ids));
-    editor.Click(u"AddItem");
+    editor.Click(pricedown::FormTool::AddItem);
   }
   void Remove(std::vector<std::int32_t> rows) {
-    editor.grid.selected = std::move(rows);
-    editor.Click(u"DelItem");
+    editor.list.selected = std::move(rows);
+    editor.Click(pricedown::FormTool::DelItem);
   }
 
   // The messages and questions, without the title.

@@ -28,7 +28,7 @@ constexpr const char* kBefore =
 
 TEST_F(EditorOnCompany, ListsTheItemsOfTheClass) {
   OpenForEdit(u"A1");
-  EXPECT_EQ(grid.RowTexts(),
+  EXPECT_EQ(list.RowTexts(),
             "物料代码|物料名称|规格型号|\n01.1|物料1|M1|\n01.2|物料2|M2|\n01.3|物料3|M3|\n");
   EXPECT_EQ(form.State().savedValues.percentage, 12.5);
 }
@@ -37,10 +37,10 @@ TEST_F(EditorOnCompany, AddsAClassAndASecondOne) {
   OpenForAdd();
   Pick({7, 8});
   Type(u"C1", u"包装物", u"3.25");
-  Click(u"Save");
+  Click(FormTool::Save);
   Pick({9});
   Type(u"C2", u"备件", u"100");
-  Click(u"Save");
+  Click(FormTool::Save);
   EXPECT_EQ(Classes(), std::string(kBefore) + Lines(R"(
       C1|包装物|7|1051|5711|1023|1281.1|3.25
       C1|包装物|8|1051|5711|1023|1281.1|3.25
@@ -52,14 +52,14 @@ TEST_F(EditorOnCompany, AddsAClassAndASecondOne) {
 TEST_F(EditorOnCompany, WritesNewItemsWithTheHeaderOfTheRows) {
   OpenForEdit(u"B1");
   Pick({6});
-  Click(u"Save");
+  Click(FormTool::Save);
   EXPECT_THAT(Classes(), HasSubstr("B1|成品|6|1051|5711|1023|1281.1|12.5\n"));
 }
 
 TEST_F(EditorOnCompany, RenamesAClassOnceAndRefusesTheSecondSave) {
   OpenForEdit(u"A1");
   view.Type(FormField::ClassNumber, u"D1");
-  Click(u"Save");
+  Click(FormTool::Save);
   const std::string renamed =
       "B1|成品|4|1051|5711|1023|1281.1|12.5\nB1|成品|5|1051|5711|1023|1281.1|12.5\n" + Lines(R"(
       D1|原材料|1|1051|5711|1023|1281.1|12.5
@@ -68,7 +68,7 @@ TEST_F(EditorOnCompany, RenamesAClassOnceAndRefusesTheSecondSave) {
       )");
   EXPECT_EQ(Classes(), renamed);
   view.Type(FormField::ClassName, u"另名");
-  Click(u"Save");
+  Click(FormTool::Save);
   EXPECT_EQ(log.Count("tell information \"岚禾提示\": "
                       "\"已经存在代码为:D1的物料类别,请重新输入物料类别代码！\""),
             1u);
@@ -78,7 +78,7 @@ TEST_F(EditorOnCompany, RenamesAClassOnceAndRefusesTheSecondSave) {
 TEST_F(EditorOnCompany, RefusesANumberThatDiffersInCaseOnly) {
   OpenForEdit(u"A1");
   view.Type(FormField::ClassNumber, u"b1");
-  Click(u"Save");
+  Click(FormTool::Save);
   EXPECT_EQ(log.Count("tell information \"岚禾提示\": "
                       "\"已经存在代码为:B1的物料类别,请重新输入物料类别代码！\""),
             1u);
@@ -88,11 +88,11 @@ TEST_F(EditorOnCompany, RefusesANumberThatDiffersInCaseOnly) {
 TEST_F(EditorOnCompany, LeavesTheClassWhenTheTextCannotBeParsed) {
   OpenForEdit(u"A1");
   view.Type(FormField::ClassName, u"it's");
-  EXPECT_THROW(Click(u"Save"), pricedown::AutomationError);
+  EXPECT_THROW(Click(FormTool::Save), pricedown::AutomationError);
   EXPECT_EQ(Classes(), kBefore);
   EXPECT_TRUE(form.State().saved);
   view.Type(FormField::ClassName, u"its");
-  Click(u"Save");
+  Click(FormTool::Save);
   EXPECT_THAT(Classes(), HasSubstr("A1|its|3|"));
 }
 
@@ -106,7 +106,7 @@ TEST_F(EditorOnCompany, LeavesWhatRanBeforeAStatementThatFails) {
                                     nullptr, nullptr, nullptr));
   sqlite3_close(database);
   OpenForEdit(u"A1");
-  EXPECT_THROW(Click(u"Save"), pricedown::AutomationError);
+  EXPECT_THROW(Click(FormTool::Save), pricedown::AutomationError);
   EXPECT_EQ(Classes(),
             "A1|原材料|1|1051|5711|1023|1281.1|12.5\n"
             "B1|成品|4|1051|5711|1023|1281.1|12.5\n"
@@ -119,7 +119,7 @@ TEST_F(EditorOnCompany, WritesNothingWhenAnAccountIsFoundByItsTextOnly) {
   OpenForEdit(u"A1");
   view.Type(FormField::ReserveAccount, u"1281.20");
   try {
-    Click(u"Save");
+    Click(FormTool::Save);
     FAIL() << "no error";
   } catch (const pricedown::AutomationError& error) {
     EXPECT_EQ(error.Number(), static_cast<std::int32_t>(pricedown::ErrorNumber::NoCurrentRecord));
@@ -133,12 +133,12 @@ TEST_F(EditorOnCompany, RemovesAnItemAndItsCurrentProvisionAtOnce) {
   AddProvision(1, 2008, 4, 7);
   AddProvision(2, 2008, 3, 9);
   OpenForEdit(u"A1");
-  grid.selected = {2};
-  Click(u"DelItem");
+  list.selected = {2};
+  Click(FormTool::DelItem);
   EXPECT_EQ(Provisions(), "1|2008|4|7\n2|2008|3|9\n");
   EXPECT_EQ(Classes(), kBefore) << "rewritten by the next save only";
-  EXPECT_EQ(grid.RowTexts(), "物料代码|物料名称|规格型号|\n01.2|物料2|M2|\n01.3|物料3|M3|\n");
-  Click(u"Save");
+  EXPECT_EQ(list.RowTexts(), "物料代码|物料名称|规格型号|\n01.2|物料2|M2|\n01.3|物料3|M3|\n");
+  Click(FormTool::Save);
   EXPECT_THAT(Classes(), Not(HasSubstr("A1|原材料|1|")));
   EXPECT_THAT(Classes(), HasSubstr("A1|原材料|2|"));
 }
@@ -148,9 +148,9 @@ TEST_F(EditorOnCompany, RefusesItemsWithHistoryAndRemovesTheOthers) {
   AddProvision(2, 2007, 12, 5);  // an earlier year, a later period
   AddProvision(3, 2007, 12, 0);  // zero does not count
   OpenForEdit(u"A1");
-  grid.selected = {2, 3, 4};
-  Click(u"DelItem");
-  EXPECT_EQ(grid.RowTexts(), "物料代码|物料名称|规格型号|\n01.1|物料1|M1|\n01.2|物料2|M2|\n");
+  list.selected = {2, 3, 4};
+  Click(FormTool::DelItem);
+  EXPECT_EQ(list.RowTexts(), "物料代码|物料名称|规格型号|\n01.1|物料1|M1|\n01.2|物料2|M2|\n");
   EXPECT_EQ(log.Count("tell information \"岚禾提示\": "
                       "\"该物料(01.1)在以前期间已有业务发生，不得删除！\""),
             1u);
@@ -165,12 +165,12 @@ TEST_F(EditorOnCompany, GuardsCurrentAmountsOnceTheVoucherExists) {
   AddProvision(1, 2008, 3, 5);
   AddProvision(2, 2008, 3, 0);
   OpenForEdit(u"A1");
-  grid.selected = {2, 3};
-  Click(u"DelItem");
+  list.selected = {2, 3};
+  Click(FormTool::DelItem);
   EXPECT_EQ(log.Count("tell information \"岚禾提示\": "
                       "\"该物料(01.1)本期跌价准备数据已经生成凭证，不得删除！\""),
             1u);
-  EXPECT_EQ(grid.RowTexts(), "物料代码|物料名称|规格型号|\n01.1|物料1|M1|\n01.3|物料3|M3|\n");
+  EXPECT_EQ(list.RowTexts(), "物料代码|物料名称|规格型号|\n01.1|物料1|M1|\n01.3|物料3|M3|\n");
   EXPECT_EQ(Provisions(), "1|2008|3|5\n2|2008|3|0\n") << "nothing is deleted under a voucher";
 }
 
@@ -178,7 +178,7 @@ TEST_F(EditorOnCompany, ClosesWithoutWritingOnNo) {
   OpenForEdit(u"A1");
   view.Type(FormField::ClassName, u"改名");
   questions.WillAnswer({false});
-  Click(u"iExit");
+  Click(FormTool::Exit);
   EXPECT_EQ(Classes(), kBefore);
   EXPECT_EQ(log.Count("unload"), 1u);
 }
@@ -247,13 +247,13 @@ TEST_F(EditorOnCompany, KeepsTheTablesRulesThroughAnySequenceOfCommands) {
         }
         case 1:
           if (listed.empty()) break;
-          grid.selected = {2};
+          list.selected = {2};
           listed.erase(pricedown::ToInt32([this] {
             form.MemberList().MoveFirst();
             return form.MemberList().Field(pricedown::columns::kItemId);
           }()));
           form.MemberList().MoveFirst();
-          Click(u"DelItem");
+          Click(FormTool::DelItem);
           break;
         case 2:
           view.Type(FormField::ClassNumber,
@@ -267,7 +267,7 @@ TEST_F(EditorOnCompany, KeepsTheTablesRulesThroughAnySequenceOfCommands) {
     const std::string number = pricedown::ToUtf8(view.Text(FormField::ClassNumber));
     const std::string name = pricedown::ToUtf8(view.Text(FormField::ClassName));
     const bool taken = number != opening && model.count(number) > 0;
-    Click(u"Save");
+    Click(FormTool::Save);
     if (listed.empty() || taken) {
       ++refusals;
       EXPECT_THAT(log.Text(), HasSubstr("tell information"));
@@ -276,7 +276,7 @@ TEST_F(EditorOnCompany, KeepsTheTablesRulesThroughAnySequenceOfCommands) {
       model.erase(opening);
       model[number] = {name, listed};
     }
-    form.CloseByFrame();
+    form.Unload();
     ASSERT_EQ(Classes(), TextOf(model)) << "after showing " << showing;
   }
   // Both outcomes were reached often.

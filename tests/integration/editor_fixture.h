@@ -1,5 +1,4 @@
-// The item class form on a real company: the stand-in suite, its database, its recordsets.
-// Windows and user are the fakes of the editor's tests.
+// The item class form with recording views on a real company: the stand-in suite and its database.
 #pragma once
 
 #include "editor/item_class_form.h"
@@ -18,7 +17,6 @@ class EditorOnCompany : public ClassCompany {
  protected:
   EditorOnCompany() {
     view.form = &form;
-    grid.form = &form;
   }
 
   void OpenForAdd() {
@@ -47,14 +45,10 @@ class EditorOnCompany : public ClassCompany {
     view.Type(pricedown::FormField::Percentage, percentage);
     log.Clear();
   }
-  // A click, and what the window does afterwards.
-  void Click(std::u16string_view key) {
-    form.ToolClicked(key);
-    grid.Paint();
-  }
+  void Click(pricedown::FormTool tool) { form.ToolClicked(tool); }
   void Pick(std::vector<std::int32_t> ids) {
     pickers->items.push_back(std::move(ids));
-    Click(u"AddItem");
+    Click(pricedown::FormTool::AddItem);
   }
 
   pricedown::testing::CallLog log;
@@ -63,13 +57,12 @@ class EditorOnCompany : public ClassCompany {
   pricedown::ProcessState state;
   pricedown::Environment environment{factory_, state, questions, screen, u"Host"};
   pricedown::testing::RecordingFormView view{log};
-  pricedown::testing::RecordingMemberListView grid{log};
-  pricedown::ItemClassForm form{environment, view, grid};
+  pricedown::testing::RecordingMemberListView list{log};
+  pricedown::ItemClassForm form{environment, view, list};
 
  private:
   void Show() {
     form.Load();
-    grid.Paint();
     log.Clear();
   }
 };

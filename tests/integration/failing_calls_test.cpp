@@ -47,16 +47,16 @@ class FailingCalls : public ControlOnCompany {
     if (!failed_) return;
     ++failures_;
     ASSERT_TRUE(editor.Shown().State().loaded);
-    editor.grid.Paint();
     afterFailure_ = Classes();
     again();
   }
   // The rows of the item in the form's list, none when it is not listed.
   std::vector<std::int32_t> RowsOf(const std::string& code) {
     std::vector<std::int32_t> rows;
-    for (std::size_t row = 1; row < editor.grid.Rows().size(); ++row) {
-      const std::string text = pricedown::ToUtf8(editor.grid.Rows()[row]);
-      if (text.starts_with(code + "|")) rows.push_back(static_cast<std::int32_t>(row) + 1);
+    std::int32_t row = pricedown::MemberRows::kFirstItem;
+    for (const std::string& listed : editor.list.Codes()) {
+      if (listed == code) rows.push_back(row);
+      ++row;
     }
     return rows;
   }
@@ -106,7 +106,7 @@ TEST_F(FailingCalls, LeaveASaveUndoneAndAnotherOneWorks) {
   FailInTheForm(u"Edit", [&] {
     Type(FormField::ClassName, u"材料");
     Type(FormField::Percentage, u"8.25");
-    const auto save = [&] { editor.Click(u"Save"); };
+    const auto save = [&] { editor.Click(FormTool::Save); };
     Try(save, [&] {
       EXPECT_EQ(afterFailure_, before_);
       save();
@@ -132,7 +132,7 @@ TEST_F(FailingCalls, LeaveTheRowsOfALookupThatWereAppended) {
           Pick(ids);
         });
     EXPECT_EQ(Classes(), before_);
-    editor.Click(u"Save");
+    editor.Click(FormTool::Save);
     EXPECT_EQ(Classes(), before_.substr(0, before_.find("B1|")) +
                              "A1|原材料|7|1051|5711|1023|1281.1|12.5\n"
                              "A1|原材料|8|1051|5711|1023|1281.1|12.5\n" +
@@ -160,8 +160,8 @@ TEST_F(FailingCalls, LeaveTheItemsThatWereRemovedBefore) {
     // The class itself waits for a save.
     EXPECT_EQ(Classes(), before_);
     EXPECT_EQ(Provisions(), "2|2008|2|5\n4|2008|3|7\n");
-    EXPECT_EQ(editor.grid.RowTexts(), "物料代码|物料名称|规格型号|\n01.2|物料2|M2|\n");
-    editor.Click(u"Save");
+    EXPECT_EQ(editor.list.RowTexts(), "物料代码|物料名称|规格型号|\n01.2|物料2|M2|\n");
+    editor.Click(FormTool::Save);
     EXPECT_EQ(Classes(),
               "A1|原材料|2|1051|5711|1023|1281.1|12.5\n" + before_.substr(before_.find("B1|")));
   });
@@ -172,10 +172,10 @@ TEST_F(FailingCalls, LeaveANewClassUnwrittenOrWritten) {
   FailInTheForm(u"Add", [&] {
     Type(u"C1", u"包装物", u"3.25");
     Pick({7});
-    Try([&] { editor.Click(u"Save"); },
+    Try([&] { editor.Click(FormTool::Save); },
         [&] {
           // Once the class is written, only clearing the form was interrupted.
-          if (afterFailure_ == before_) editor.Click(u"Save");
+          if (afterFailure_ == before_) editor.Click(FormTool::Save);
         });
     EXPECT_EQ(Classes(), before_ + "C1|包装物|7|1051|5711|1023|1281.1|3.25\n");
   });
@@ -186,12 +186,12 @@ TEST_F(FailingCalls, KeepTheFormOpenWhenTheSaveBeforeClosingFails) {
   FailInTheForm(u"Edit", [&] {
     Type(FormField::ClassName, u"材料");
     questions.WillAnswer({true});
-    Try([&] { editor.Click(u"iExit"); },
+    Try([&] { editor.Click(FormTool::Exit); },
         [&] {
           EXPECT_EQ(afterFailure_, before_);
           questions.ForgetAnswers();
-          editor.Click(u"Save");
-          editor.Click(u"iExit");
+          editor.Click(FormTool::Save);
+          editor.Click(FormTool::Exit);
         });
     EXPECT_FALSE(editor.Shown().State().loaded);
     EXPECT_EQ(Classes().find("原材料"), std::string::npos);
@@ -222,9 +222,9 @@ TEST_F(FailingCalls, ChangeNothingWhileTheFormIsPrepared) {
   EXPECT_GT(failures_, 100);
   Select(u"A1");
   Command(u"Edit", [&] {
-    EXPECT_EQ(editor.grid.Rows().size(), 4u);
+    EXPECT_EQ(editor.list.Rows().Items(), 3);
     Type(FormField::ClassName, u"材料");
-    editor.Click(u"Save");
+    editor.Click(FormTool::Save);
   });
   EXPECT_NE(Classes(), before_);
   control.reset();

@@ -12,7 +12,6 @@ namespace pricedown::windows {
 
 inline constexpr int kTwipsPerInch = 1440;
 inline constexpr int kPointsPerInch = 72;
-inline constexpr int kDesignDpi = 96;
 
 // Messages newer than the headers' lowest supported system.
 inline constexpr UINT kDpiChanged = 0x02E0;
@@ -20,7 +19,7 @@ inline constexpr UINT kDpiChangedAfterParent = 0x02E3;
 
 class Dpi {
  public:
-  explicit Dpi(int dotsPerInch = kDesignDpi) : value_(dotsPerInch > 0 ? dotsPerInch : kDesignDpi) {}
+  explicit Dpi(int dotsPerInch = kDesignDotsPerInch) : value_(dotsPerInch > 0 ? dotsPerInch : kDesignDotsPerInch) {}
   // As the window's process sees it; the screen's for null.
   static Dpi Of(HWND window);
 
@@ -33,7 +32,7 @@ class Dpi {
   // Rounds the edges and not the sizes, so that neighbours stay neighbours.
   RECT ToPixels(const Rectangle& twips) const;
   // Pixels of a design at 96 dpi.
-  int Scale(int pixels) const { return Divide(pixels, value_, kDesignDpi); }
+  int Scale(int pixels) const { return ScalePixels(pixels, value_); }
   // The font height for LOGFONT.
   int FontHeight(double points) const;
 

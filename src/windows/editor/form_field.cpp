@@ -1,6 +1,7 @@
-// The system's text field with the form's characters in front.
-// Pasting and setting a text are not typing; no key is asked about then.
 #include "windows/editor/form_field.h"
+
+#include "editor/form_keys.h"
+#include "windows/base/keyboard.h"
 
 namespace pricedown::windows {
 
@@ -13,7 +14,7 @@ void FormFieldWindow::Create(HWND parent, HINSTANCE module, int id) {
   creation.id = id;
   creation.module = module;
   CreateControl(creation);
-  // No limit is the most that the system has; its own first limit is 32,767 characters.
+  // 0 is the most that the system allows; without the message the limit is 32,767 characters.
   SendMessageW(Handle(), EM_SETLIMITTEXT, MaximumLength(field_), 0);
 }
 
@@ -24,11 +25,9 @@ void FormFieldWindow::Focus() {
 }
 
 LRESULT FormFieldWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_CHAR && !events_.FieldKeyPressed(field_, static_cast<char16_t>(wParam))) {
-    return 0;
-  }
+  if (message == WM_CHAR && !IsTypeable(field_, static_cast<char16_t>(wParam))) return 0;
   const LRESULT result = Default(message, wParam, lParam);
-  if (message == WM_KEYDOWN) events_.FieldKeyDown(field_, static_cast<std::int32_t>(wParam));
+  if (message == WM_KEYDOWN && OpensLookup(PressOf(wParam))) events_.LookupPressed(field_);
   return result;
 }
 

@@ -1,5 +1,4 @@
-// A text field of the item class form: characters go through the form before the system has them.
-// What a key does, and which characters a field refuses, is the core's.
+// A text field of the item class form: the system's, with the form's characters and keys.
 #pragma once
 
 #include <windows.h>
@@ -11,10 +10,9 @@ namespace pricedown::windows {
 
 class FieldEvents {
  public:
-  // Whether the character may be typed.
-  virtual bool FieldKeyPressed(FormField field, char16_t character) = 0;
-  // The last step of the message; it may end with the field's window gone.
-  virtual void FieldKeyDown(FormField field, std::int32_t keyCode) = 0;
+  // A key that opens the field's lookup. The last step of the message; the field's window may be
+  // gone when it returns.
+  virtual void LookupPressed(FormField field) = 0;
 
  protected:
   ~FieldEvents() = default;
@@ -25,7 +23,7 @@ class FormFieldWindow final : public BoundWindow {
   FormFieldWindow(FieldEvents& events, FormField field) : events_(events), field_(field) {}
   // Throws AutomationError.
   void Create(HWND parent, HINSTANCE module, int id);
-  // Takes the focus with the whole text selected.
+  // Sets the focus here and selects the whole text.
   void Focus();
 
  private:

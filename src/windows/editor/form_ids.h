@@ -1,5 +1,5 @@
-// The ids of the item class form's child windows, by which UI automation finds them.
-// They are part of what is public and never change; a new child gets a new number.
+// Ids of the item class form's child windows: a public contract for UI automation that never
+// changes. A new child gets a new number.
 #pragma once
 
 namespace pricedown::windows::form_ids {
@@ -16,6 +16,6 @@ inline constexpr int kPercentage = 325;      // txtPencent
 inline constexpr int kLossLookup = 333;      // cmdItem(0)
 inline constexpr int kReserveLookup = 334;   // cmdItem(1)
 inline constexpr int kMembers = 340;         // ItemLedger
-inline constexpr int kLine = 341;            // below the tool bar
+inline constexpr int kLine = 341;            // below the tool strip
 
 }  // namespace pricedown::windows::form_ids

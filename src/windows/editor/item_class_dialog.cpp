@@ -1,5 +1,4 @@
-// The life of one showing: windows, loading, messages until the form is unloaded.
-// Whatever ends it, the other windows take input again and the form is empty.
+// One modal showing: create the windows, load the form, run messages until it is unloaded.
 #include "windows/editor/item_class_dialog.h"
 
 #include <optional>
@@ -32,7 +31,7 @@ void ItemClassDialog::ShowModal(HWND owner) {
     ~Shown() {
       SkipFailing([this] { dialog.form_.Unload(); });
       dialog.shown_ = false;
-      // The last control may have ended meanwhile; nobody else would release them.
+      // The last control may have ended meanwhile without releasing them.
       ProcessState& state = dialog.environment_.state;
       if (state.controls == 0) {
         state.ledgerView.reset();
@@ -44,7 +43,9 @@ void ItemClassDialog::ShowModal(HWND owner) {
   std::optional<ModalShowing> modal;
   const Shown shown(*this);
   window_.Create(owner);
+  window_.SetWaiting(true);
   form_.Load();
+  window_.SetWaiting(false);
   modal.emplace(window_.Window());
   window_.Show([&modal] { modal->End(); });
   modal->Run([this](MSG& message) { return window_.TranslateKey(message); });

@@ -1,5 +1,4 @@
 // The item class form with its window, and its modal showing.
-// The form decides, the window shows; this brings them together and runs the messages.
 #pragma once
 
 #include <windows.h>

@@ -1,5 +1,4 @@
-// What happens to the form's window and in its children, and how the form is told.
-// Part of ItemClassWindow.
+// Input of the form's window, reported to the form.
 #include <windows.h>
 
 #include <commctrl.h>
@@ -7,49 +6,22 @@
 #include <optional>
 #include <utility>
 
+#include "editor/form_keys.h"
 #include "editor/item_class_form.h"
 #include "platform/skip.h"
 #include "windows/base/control_ids.h"
+#include "windows/base/keyboard.h"
 #include "windows/base/message_box_questions.h"
 #include "windows/com/failure.h"
 #include "windows/editor/form_children.h"
-#include "windows/editor/form_ids.h"
 #include "windows/editor/item_class_window.h"
 
 namespace pricedown::windows {
-namespace {
 
-std::u16string KeyOf(FormTool tool) {
-  return std::u16string(kFormTools[static_cast<std::size_t>(tool) - 1].key);
-}
-
-struct FieldOfId {
-  int id;
-  FormField field;
-};
-constexpr std::array<FieldOfId, 7> kFieldIds{{
-    {form_ids::kClassNumber, FormField::ClassNumber},
-    {form_ids::kClassName, FormField::ClassName},
-    {form_ids::kLossAccount, FormField::LossAccount},
-    {form_ids::kReserveAccount, FormField::ReserveAccount},
-    {form_ids::kPercentage, FormField::Percentage},
-    {form_ids::kLossLookup, FormField::LossAccount},
-    {form_ids::kReserveLookup, FormField::ReserveAccount},
-}};
-
-std::optional<FormField> FieldWithId(int id) {
-  for (const FieldOfId& entry : kFieldIds) {
-    if (entry.id == id) return entry.field;
-  }
-  return std::nullopt;
-}
-
-}  // namespace
-
-// Runs a command of the form, shows its rows, and tells the user what went wrong. The window may be
-// gone when this returns; the object is held by whoever shows it.
+// Runs a command of the form and shows the user why it failed. The window may be gone when this
+// returns; the showing keeps the object.
 template <typename Command>
-void ItemClassWindow::Fire(Command&& command) {
+void ItemClassWindow::Run(Command&& command) {
   if (form_ == nullptr || busy_) return;
   busy_ = true;
   SetWaiting(true);
@@ -59,59 +31,35 @@ void ItemClassWindow::Fire(Command&& command) {
   } catch (...) {
     failure = CurrentFailure();
   }
-  try {
-    children_->members.Fill();
-  } catch (...) {
-    if (!failure) failure = CurrentFailure();
-  }
   SetWaiting(false);
   busy_ = false;
-  // What fails because the form went away under its command is nobody's concern any more.
+  // A command that failed because the form closed under it needs no report.
   if (failure && Handle() != nullptr) ReportFailure(DialogOwner(), *failure);
   if (std::exchange(closing_, false)) OnClose();
 }
 
 void ItemClassWindow::PressTool(FormTool tool) {
   if (!children_->strip.IsEnabled(static_cast<std::size_t>(tool))) return;
-  const HWND focus = GetFocus();
-  Fire([tool](ItemClassForm& form) { form.ToolClicked(KeyOf(tool)); });
-  // Ready for the next class, unless the core has put the focus somewhere.
-  const bool emptied = (tool == FormTool::Save || tool == FormTool::Add) && Handle() != nullptr &&
-                       Text(FormField::ClassNumber).empty();
-  if (emptied && GetFocus() == focus) Focus(FormField::ClassNumber);
+  Run([tool](ItemClassForm& form) { form.ToolClicked(tool); });
 }
 
 void ItemClassWindow::ToolStripButtonClicked(std::size_t position) {
   PressTool(static_cast<FormTool>(position));
 }
 
-bool ItemClassWindow::FieldKeyPressed(FormField field, char16_t character) {
-  return form_ == nullptr || form_->KeyPressed(field, character);
+void ItemClassWindow::LookupPressed(FormField field) {
+  Run([field](ItemClassForm& form) { form.LookupRequested(field); });
 }
-
-void ItemClassWindow::FieldKeyDown(FormField field, std::int32_t keyCode) {
-  if (keyCode != kLookupKey) return;
-  Fire([field, keyCode](ItemClassForm& form) { form.KeyDown(field, keyCode); });
-}
-
-std::u16string ItemClassWindow::MemberRow(std::int32_t row) {
-  return form_ == nullptr ? std::u16string() : form_->RowRequested(row);
-}
-
-void ItemClassWindow::InsertPressed() { PressTool(FormTool::AddItem); }
 
 void ItemClassWindow::OnChildCommand(HWND child, int id, int code) {
   if (child == children_->strip.Handle()) {
     children_->strip.OnCommand(id);
-    return;
-  }
-  const auto field = FieldWithId(id);
-  if (!field) return;
-  if (child == children_->Row(*field).text.Handle()) {
+  } else if (code == EN_CHANGE && children_->Find(&FieldRow::fieldId, id) != nullptr) {
     // Also from inside a command, which may have set the text.
-    if (code == EN_CHANGE && form_ != nullptr) form_->FieldChanged(*field);
-  } else if (code == BN_CLICKED) {
-    Fire([&](ItemClassForm& form) { form.LookupClicked(*field); });
+    if (form_ != nullptr) form_->FieldChanged();
+  } else if (const FieldRow* row = children_->Find(&FieldRow::lookupId, id);
+             row != nullptr && code == BN_CLICKED) {
+    LookupPressed(row->field);
   }
 }
 
@@ -123,27 +71,21 @@ LRESULT ItemClassWindow::OnNotify(NMHDR& header) {
   return 0;
 }
 
-// In a field Enter goes on to the next one.
+// In a field Enter goes on to the next one, on a lookup button it presses the button.
 void ItemClassWindow::OnEnter() {
   const HWND focus = GetFocus();
-  for (FieldRow& row : children_->rows) {
-    if (row.text.Handle() == focus) {
-      FocusNext(false);
-      return;
-    }
-    if (row.lookup.Handle() == focus) {
-      SendMessageW(focus, BM_CLICK, 0, 0);
-      return;
-    }
+  for (const FieldRow& row : children_->rows) {
+    if (row.text.Handle() == focus) return FocusNext(false);
+    if (row.lookup.Handle() == focus) return LookupPressed(row.field);
   }
 }
 
-// Without a question; what runs now is finished first.
+// Without a question, once a running command has ended.
 void ItemClassWindow::OnClose() {
   if (busy_) {
     closing_ = true;
   } else if (form_ != nullptr) {
-    form_->CloseByFrame();
+    form_->Unload();
   }
 }
 
@@ -155,12 +97,11 @@ void ItemClassWindow::OnDestroy() {
 bool ItemClassWindow::TranslateKey(MSG& message) {
   if (!IsOurs(message)) return false;
   if (message.message == WM_KEYDOWN) {
-    const bool control = GetKeyState(VK_CONTROL) < 0 && GetKeyState(VK_MENU) >= 0;
-    if (control && (message.wParam == 'S' || message.wParam == 'N')) {
-      PressTool(message.wParam == 'S' ? FormTool::Save : FormTool::Add);
+    if (const auto tool = ToolOfKey(PressOf(message.wParam))) {
+      PressTool(*tool);
       return true;
     }
-    // The tool bar presses its button itself.
+    // The tool strip presses its button itself.
     if (message.wParam == VK_RETURN && message.hwnd == children_->strip.Handle()) return false;
   }
   return IsDialogMessageW(Handle(), &message) != FALSE;

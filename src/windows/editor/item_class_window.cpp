@@ -1,5 +1,5 @@
-// The form's window: its life, its children, and the view that the core shows itself through.
-// What the user does is in item_class_events.cpp.
+// Lifetime, children and layout of the form's window, and its side as the core's view. Input is
+// handled in item_class_events.cpp.
 #include "windows/editor/item_class_window.h"
 
 #include <commctrl.h>
@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "editor/item_class_form.h"
+#include "editor/form_captions.h"
 #include "env/translation.h"
 #include "platform/text.h"
 #include "windows/base/control_ids.h"
@@ -26,27 +26,7 @@ constexpr std::u16string_view kMembersName = u"对应明细物料";
 constexpr std::u16string_view kLookupText = u"…";
 constexpr std::u16string_view kLookupTip = u"查找科目 (F7)";
 
-struct RowDescription {
-  FormField field;
-  FormCaption caption;
-  int labelId;
-  int fieldId;
-  int lookupId;  // 0: none
-};
-// By the number of the field.
-constexpr std::array<RowDescription, kFormFields.size()> kRows{{
-    {FormField::ClassNumber, FormCaption::Label1, form_ids::kLabel1, form_ids::kClassNumber, 0},
-    {FormField::ClassName, FormCaption::Label2, form_ids::kLabel1 + 1, form_ids::kClassName, 0},
-    {FormField::LossAccount, FormCaption::Label3, form_ids::kLabel1 + 2, form_ids::kLossAccount,
-     form_ids::kLossLookup},
-    {FormField::ReserveAccount, FormCaption::Label4, form_ids::kLabel1 + 3,
-     form_ids::kReserveAccount, form_ids::kReserveLookup},
-    {FormField::Percentage, FormCaption::Label5, form_ids::kLabel1 + 4, form_ids::kPercentage, 0},
-}};
-
-const RowDescription& DescriptionOf(FormField field) {
-  return kRows[static_cast<std::size_t>(field)];
-}
+SIZE ToSize(Size size) { return {size.width, size.height}; }
 
 }  // namespace
 
@@ -61,7 +41,7 @@ ItemClassWindow::ItemClassWindow(HINSTANCE module)
 ItemClassWindow::~ItemClassWindow() {
   form_ = nullptr;
   children_->form->Detach();
-  // The children's windows go with this one; none of their messages may find a dead form.
+  // With the children's windows: none of their messages may find a destroyed form.
   Destroy();
 }
 
@@ -79,21 +59,19 @@ void ItemClassWindow::CreateChildren() {
   const Dpi dpi = Dpi::Of(Handle());
   c.strip.Create(Handle(), Module(), form_ids::kToolBar, dpi, Translate(kToolBarName));
   c.line.Create(Handle(), Module(), form_ids::kLine);
-  for (const FormField field : kFormRows) CreateRow(field);
+  for (const FormField field : kFormRows) CreateRow(c.Row(field));
   c.members.Create(Handle(), Module(), dpi, Translate(kMembersName));
   AddLookupTips();
   c.headerFrame.Create(Handle(), Module(), form_ids::kHeaderFrame);
   c.itemFrame.Create(Handle(), Module(), form_ids::kItemFrame);
 }
 
-void ItemClassWindow::CreateRow(FormField field) {
-  const RowDescription& description = DescriptionOf(field);
-  FieldRow& row = children_->Row(field);
-  row.label.Create(Handle(), Module(), L"STATIC", description.labelId,
+void ItemClassWindow::CreateRow(FieldRow& row) {
+  row.label.Create(Handle(), Module(), L"STATIC", row.labelId,
                    WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_CENTERIMAGE | SS_ENDELLIPSIS);
-  row.text.Create(Handle(), Module(), description.fieldId);
-  if (description.lookupId != 0) {
-    row.lookup.Create(Handle(), Module(), L"BUTTON", description.lookupId,
+  row.text.Create(Handle(), Module(), row.fieldId);
+  if (row.lookupId != 0) {
+    row.lookup.Create(Handle(), Module(), L"BUTTON", row.lookupId,
                       WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON, kLookupText);
   }
 }
@@ -116,18 +94,11 @@ void ItemClassWindow::AddLookupTips() {
 void ItemClassWindow::ListCaptions() {
   FormChildren& c = *children_;
   std::vector<CaptionAccess> captions;
-  const auto add = [&captions](std::u16string name, BoundWindow& window) {
-    captions.push_back({std::move(name), [&window] { return TextOf(window.Handle()); },
+  for (const FormCaptionRow& row : kFormCaptions) {
+    const BoundWindow& window = *Captioned(row.target);
+    captions.push_back({std::u16string(row.name), [&window] { return TextOf(window.Handle()); },
                         [&window](std::u16string_view text) { GiveText(window.Handle(), text); }});
-  };
-  add(u"frmItemClass", *this);
-  add(u"FrameAdd", c.headerFrame);
-  add(u"Frame1", c.itemFrame);
-  add(u"Label1", c.Row(FormField::ClassNumber).label);
-  add(u"Label2", c.Row(FormField::ClassName).label);
-  add(u"Label3", c.Row(FormField::LossAccount).label);
-  add(u"Label4", c.Row(FormField::ReserveAccount).label);
-  add(u"Label5", c.Row(FormField::Percentage).label);
+  }
   for (std::size_t i = 0; i < kFormTools.size(); ++i) {
     if (kFormTools[i].separator) continue;
     captions.push_back(
@@ -172,7 +143,9 @@ void ItemClassWindow::TakeResolution(Dpi dpi) {
   children_->members.TakeAppearance(dpi);
 }
 
-SIZE ItemClassWindow::LeastSize(Dpi dpi) const { return LeastFormSize(Measures(), dpi); }
+SIZE ItemClassWindow::LeastSize(Dpi dpi) const {
+  return ToSize(LeastFormSize(Measures(), dpi.Value()));
+}
 
 std::array<HWND, 2> ItemClassWindow::ThemedChildren() const {
   return {children_->strip.Handle(), children_->members.Handle()};
@@ -180,29 +153,26 @@ std::array<HWND, 2> ItemClassWindow::ThemedChildren() const {
 
 void ItemClassWindow::PlaceChildren(SIZE client, Dpi dpi) {
   FormChildren& c = *children_;
-  const FormPlaces places = PlaceForm(client, Measures(), dpi);
-  GivePlace(c.strip.Handle(), places.strip);
-  GivePlace(c.line.Handle(), places.line);
-  GivePlace(c.headerFrame.Handle(), places.headerFrame);
-  GivePlace(c.itemFrame.Handle(), places.itemFrame);
+  const FormPlaces places = PlaceForm({client.cx, client.cy}, Measures(), dpi.Value());
+  GivePlace(c.strip.Handle(), ToRect(places.strip));
+  GivePlace(c.line.Handle(), ToRect(places.line));
+  GivePlace(c.headerFrame.Handle(), ToRect(places.headerFrame));
+  GivePlace(c.itemFrame.Handle(), ToRect(places.itemFrame));
   for (std::size_t i = 0; i < kFormRows.size(); ++i) {
-    GivePlace(c.Row(kFormRows[i]).label.Handle(), places.labels[i]);
-    GivePlace(c.Row(kFormRows[i]).text.Handle(), places.fields[i]);
+    GivePlace(c.Row(kFormRows[i]).label.Handle(), ToRect(places.labels[i]));
+    GivePlace(c.Row(kFormRows[i]).text.Handle(), ToRect(places.fields[i]));
   }
-  GivePlace(c.Row(FormField::LossAccount).lookup.Handle(), places.lossLookup);
-  GivePlace(c.Row(FormField::ReserveAccount).lookup.Handle(), places.reserveLookup);
-  GivePlace(c.members.Handle(), places.members);
+  GivePlace(c.Row(FormField::LossAccount).lookup.Handle(), ToRect(places.lossLookup));
+  GivePlace(c.Row(FormField::ReserveAccount).lookup.Handle(), ToRect(places.reserveLookup));
+  GivePlace(c.members.Handle(), ToRect(places.members));
 }
 
 void ItemClassWindow::Show(std::function<void()> unloading) {
   if (Handle() == nullptr) return;
   unloading_ = std::move(unloading);
-  SetWaiting(true);
-  children_->members.Fill();
-  SetWaiting(false);
   const Dpi dpi = Dpi::Of(Handle());
   const bool shownBefore = lastSize_.cx > 0 && lastDpi_ == dpi.Value();
-  Centre(shownBefore ? lastSize_ : OuterSize(FirstFormSize(Measures(), dpi)));
+  Centre(shownBefore ? lastSize_ : OuterSize(ToSize(FirstFormSize(Measures(), dpi.Value()))));
   LayOut();
   ShowWindow(Handle(), SW_SHOW);
   FocusFirst();
@@ -231,9 +201,8 @@ BoundWindow* ItemClassWindow::Captioned(FormCaption target) {
     default:
       break;
   }
-  const auto row = std::find_if(kRows.begin(), kRows.end(),
-                                [target](const RowDescription& r) { return r.caption == target; });
-  return row == kRows.end() ? nullptr : &children_->Row(row->field).label;
+  FieldRow* const row = children_->Find(&FieldRow::caption, target);
+  return row == nullptr ? nullptr : &row->label;
 }
 
 void ItemClassWindow::SetCaption(FormCaption target, std::u16string_view text) {

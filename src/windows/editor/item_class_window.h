@@ -1,5 +1,4 @@
-// The window of `frmItemClass`: fields, tool bar and item list, shown as the form says.
-// It decides nothing; what the user does is handed to the attached ItemClassForm.
+// The window of `frmItemClass`: tool strip, fields and member list.
 #pragma once
 
 #include <windows.h>
@@ -10,11 +9,11 @@
 #include <string>
 #include <string_view>
 
+#include "editor/form_layout.h"
 #include "editor/form_view.h"
 #include "windows/base/modal_frame_window.h"
 #include "windows/base/tool_strip_events.h"
 #include "windows/editor/form_field.h"
-#include "windows/editor/item_class_layout.h"
 #include "windows/editor/member_list_window.h"
 
 namespace pricedown {
@@ -23,10 +22,11 @@ class ItemClassForm;
 
 namespace pricedown::windows {
 
+struct FieldRow;
 struct FormChildren;
 
-// One object serves any number of showings; the system's windows live for one. Every method is
-// harmless while there are none: texts are empty and nothing is shown.
+// One object serves any number of showings; the system's windows live for one. While there are
+// none, texts are empty and every other method is a no-op.
 class ItemClassWindow final : public ItemClassFormView,
                               public ModalFrameWindow,
                               private ToolStripEvents,
@@ -40,12 +40,12 @@ class ItemClassWindow final : public ItemClassFormView,
   void Attach(ItemClassForm* form) { form_ = form; }
   MemberListView& Members();
 
-  // Makes the windows, hidden, for the next showing; `owner` may be null. Throws AutomationError.
+  // Creates the windows, hidden, for the next showing; `owner` may be null. Throws AutomationError.
   void Create(HWND owner);
-  // Shows the rows that the form has asked for, then the window. `unloading` is called when the
-  // form is unloaded, while the window is still there. Throws what a row throws.
+  // Shows the window over its owner. `unloading` is called when the form is unloaded, while the
+  // window still exists.
   void Show(std::function<void()> unloading);
-  // A message of the modal loop; true when it was used up.
+  // A message of the modal loop; whether it is used up.
   bool TranslateKey(MSG& message);
 
   // ItemClassFormView
@@ -80,17 +80,15 @@ class ItemClassWindow final : public ItemClassFormView,
   void TabPressed(bool backwards) override { FocusNext(backwards); }
   void FocusEntered(HWND) override {}
   // FieldEvents
-  bool FieldKeyPressed(FormField field, char16_t character) override;
-  void FieldKeyDown(FormField field, std::int32_t keyCode) override;
+  void LookupPressed(FormField field) override;
   // MemberListEvents
-  std::u16string MemberRow(std::int32_t row) override;
-  void InsertPressed() override;
+  void AddItemPressed() override { PressTool(FormTool::AddItem); }
 
   template <typename Command>
-  void Fire(Command&& command);
+  void Run(Command&& command);
   void PressTool(FormTool tool);
 
-  void CreateRow(FormField field);
+  void CreateRow(FieldRow& row);
   void AddLookupTips();
   void ListCaptions();
   FormMeasures Measures() const;
@@ -99,10 +97,10 @@ class ItemClassWindow final : public ItemClassFormView,
   std::unique_ptr<FormChildren> children_;
   ItemClassForm* form_ = nullptr;
   std::function<void()> unloading_;
-  // Of the last showing, so that the next one has it again; 0 before the first.
+  // Of the last showing, for the next one; 0 before the first.
   SIZE lastSize_{};
   int lastDpi_ = 0;
-  // A command runs; others wait for the user's next click, and closing for its end.
+  // While a command runs, others are ignored and closing waits for its end.
   bool busy_ = false;
   bool closing_ = false;
   bool destroying_ = false;

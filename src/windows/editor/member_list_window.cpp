@@ -1,15 +1,14 @@
-// The list view: rows kept as the form gave them, cells cut out when they are shown.
-// The system keeps only which rows are selected, so that long lists cost nothing.
+// A virtual list view: the system asks for the texts that it paints and keeps only the selection.
 #include "windows/editor/member_list_window.h"
 
 #include <algorithm>
-#include <utility>
 
+#include "editor/form_keys.h"
 #include "env/translation.h"
-#include "platform/text.h"
 #include "windows/base/clipboard.h"
 #include "windows/base/fonts.h"
 #include "windows/base/gdi.h"
+#include "windows/base/keyboard.h"
 #include "windows/base/plain_control.h"
 #include "windows/com/wide_text.h"
 #include "windows/editor/form_ids.h"
@@ -18,19 +17,17 @@ namespace pricedown::windows {
 namespace {
 
 constexpr int kRowMargin = 5;  // above and below a row's text together; pixels at 96 dpi
-constexpr std::int32_t kColumns = member_columns::kModel;
 constexpr std::int32_t kTitleRow = 1;
-// Item rows begin behind the title row; the list view counts them from 0.
-constexpr std::int32_t kFirstItemRow = 2;
-constexpr char16_t kCellSign = u'|';
 constexpr std::u16string_view kEmptyHint = u"尚无物料，请点击“增加物料”添加";
+
+// The list view counts items from 0.
+std::int32_t RowOf(int item) { return item + MemberRows::kFirstItem; }
+int ItemOf(std::int32_t row) { return row - MemberRows::kFirstItem; }
 
 }  // namespace
 
 void MemberListWindow::Create(HWND parent, HINSTANCE module, Dpi dpi, std::u16string_view name) {
-  rowCount_ = 0;
-  due_ = false;
-  rows_.clear();
+  rows_ = nullptr;
   dpi_ = dpi;
   const std::wstring text = ToWide(name);
   Creation creation;
@@ -45,7 +42,7 @@ void MemberListWindow::Create(HWND parent, HINSTANCE module, Dpi dpi, std::u16st
   CreateControl(creation);
   ListView_SetExtendedListViewStyle(
       Handle(), LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP);
-  for (int column = 0; column < kColumns; ++column) {
+  for (int column = 0; column < member_columns::kCount; ++column) {
     wchar_t none[] = L"";
     LVCOLUMNW description{};
     description.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
@@ -56,8 +53,8 @@ void MemberListWindow::Create(HWND parent, HINSTANCE module, Dpi dpi, std::u16st
   }
 }
 
-// The system makes rows as high as their small pictures, which are only high here. The list view
-// destroys the one that it has at its end.
+// The system makes rows as high as their small pictures, so an empty picture sets the height. The
+// list view destroys its image list when it is destroyed.
 void MemberListWindow::SetFont(HFONT font) {
   if (Handle() == nullptr) return;
   GiveFont(Handle(), font);
@@ -70,7 +67,7 @@ void MemberListWindow::SetFont(HFONT font) {
 
 void MemberListWindow::TakeAppearance(Dpi dpi) {
   if (Handle() == nullptr) return;
-  for (int column = 0; column < kColumns; ++column) {
+  for (int column = 0; column < member_columns::kCount; ++column) {
     const int width = ListView_GetColumnWidth(Handle(), column);
     ListView_SetColumnWidth(Handle(), column, MulDiv(width, dpi.Value(), dpi_.Value()));
   }
@@ -82,33 +79,12 @@ void MemberListWindow::SetColumnWidth(std::int32_t column, std::int32_t twips) {
   ListView_SetColumnWidth(Handle(), column - 1, dpi_.ToPixels(twips));
 }
 
-void MemberListWindow::SetRowCount(std::int32_t count) {
-  rowCount_ = std::max(count, std::int32_t{0});
-  due_ = true;
-}
-
-void MemberListWindow::Fill() {
-  if (Handle() == nullptr || !std::exchange(due_, false)) return;
-  rows_.clear();
-  rows_.reserve(static_cast<std::size_t>(rowCount_));
-  try {
-    for (std::int32_t row = kTitleRow; row <= rowCount_; ++row) {
-      rows_.push_back(events_.MemberRow(row));
-    }
-    // A row of an item has its signs at least; one without is counted but not there.
-    while (!rows_.empty() && rows_.back().empty()) rows_.pop_back();
-  } catch (...) {
-    ShowRows();
-    throw;
-  }
-  ShowRows();
-}
-
-// Nothing is selected in a new list; the keyboard stays where it was.
-void MemberListWindow::ShowRows() {
+// The keyboard stays where it was.
+void MemberListWindow::ShowRows(const MemberRows& rows) {
+  rows_ = &rows;
   if (Handle() == nullptr) return;
   ShowTitles();
-  const int items = std::max(0, static_cast<int>(rows_.size()) - 1);
+  const int items = rows.Items();
   const int focused = ListView_GetNextItem(Handle(), -1, LVNI_FOCUSED);
   ListView_SetItemState(Handle(), -1, 0, LVIS_SELECTED | LVIS_FOCUSED);
   ListView_SetItemCountEx(Handle(), items, 0);
@@ -121,8 +97,8 @@ void MemberListWindow::ShowRows() {
 }
 
 void MemberListWindow::ShowTitles() {
-  for (std::int32_t column = 1; column <= kColumns; ++column) {
-    std::wstring title = ToWide(rows_.empty() ? std::u16string_view() : Cell(column, 0));
+  for (std::int32_t column = 1; column <= member_columns::kCount; ++column) {
+    std::wstring title = ToWide(Text(column, kTitleRow));
     LVCOLUMNW description{};
     description.mask = LVCF_TEXT;
     description.pszText = title.data();
@@ -130,96 +106,71 @@ void MemberListWindow::ShowTitles() {
   }
 }
 
-std::u16string_view MemberListWindow::Cell(std::int32_t column, std::size_t row) const {
-  if (row >= rows_.size()) return {};
-  std::u16string_view rest = rows_[row];
-  for (; column > 1; --column) {
-    const std::size_t sign = rest.find(kCellSign);
-    if (sign == std::u16string_view::npos) return {};
-    rest.remove_prefix(sign + 1);
-  }
-  return rest.substr(0, rest.find(kCellSign));
+std::u16string_view MemberListWindow::Text(std::int32_t column, std::int32_t row) const {
+  return rows_ == nullptr ? std::u16string_view() : rows_->Text(column, row);
 }
 
 std::vector<std::int32_t> MemberListWindow::SelectedRows() const {
   std::vector<std::int32_t> rows;
   if (Handle() == nullptr) return rows;
   for (int item = -1; (item = ListView_GetNextItem(Handle(), item, LVNI_SELECTED)) != -1;) {
-    rows.push_back(item + kFirstItemRow);
+    rows.push_back(RowOf(item));
   }
   return rows;
 }
 
-std::u16string MemberListWindow::Text(std::int32_t column, std::int32_t row) const {
-  return row < kTitleRow ? std::u16string()
-                         : std::u16string(Cell(column, static_cast<std::size_t>(row) - 1));
-}
-
-void MemberListWindow::AnswerText(LVITEMW& item) const {
+void MemberListWindow::SetItemText(LVITEMW& item) const {
   if ((item.mask & LVIF_TEXT) == 0 || item.pszText == nullptr || item.cchTextMax <= 0) return;
-  const std::u16string_view text =
-      Cell(item.iSubItem + 1, static_cast<std::size_t>(item.iItem) + 1);
+  const std::u16string_view text = Text(item.iSubItem + 1, RowOf(item.iItem));
   const std::u16string_view shown = text.substr(0, static_cast<std::size_t>(item.cchTextMax) - 1);
   CopyWide(shown, item.pszText);
   item.pszText[shown.size()] = L'\0';
 }
 
 // By the beginning of the code, as the user types it.
-int MemberListWindow::FindRow(const NMLVFINDITEMW& search) const {
-  if ((search.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || search.lvfi.psz == nullptr) {
+int MemberListWindow::FindItem(const NMLVFINDITEMW& search) const {
+  if ((search.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || search.lvfi.psz == nullptr ||
+      rows_ == nullptr) {
     return -1;
   }
-  const std::u16string wanted = FromWide(search.lvfi.psz);
-  const int items = static_cast<int>(rows_.size()) - 1;
-  for (int i = 0; i < items; ++i) {
-    const int item = (search.iStart + i) % items;
-    const auto code = Cell(member_columns::kCode, static_cast<std::size_t>(item) + 1);
-    if (EqualsIgnoringCase(code.substr(0, wanted.size()), wanted)) return item;
-  }
-  return -1;
+  const auto row = rows_->Find(FromWide(search.lvfi.psz), RowOf(search.iStart));
+  return row ? ItemOf(*row) : -1;
 }
 
 LRESULT MemberListWindow::OnNotify(NMHDR& header) {
   if (header.code == LVN_GETDISPINFOW) {
-    AnswerText(reinterpret_cast<NMLVDISPINFOW&>(header).item);
+    SetItemText(reinterpret_cast<NMLVDISPINFOW&>(header).item);
   } else if (header.code == LVN_ODFINDITEMW) {
-    return FindRow(reinterpret_cast<const NMLVFINDITEMW&>(header));
+    return FindItem(reinterpret_cast<const NMLVFINDITEMW&>(header));
   }
   return 0;
 }
 
-void MemberListWindow::SelectAll() {
-  ListView_SetItemState(Handle(), -1, LVIS_SELECTED, LVIS_SELECTED);
-}
-
-// As the list shows them, tabs between the columns and a line break behind each row.
 void MemberListWindow::CopySelected() {
-  std::u16string text;
-  for (const std::int32_t row : SelectedRows()) {
-    for (std::int32_t column = 1; column <= kColumns; ++column) {
-      if (column > 1) text += u'\t';
-      text += Cell(column, static_cast<std::size_t>(row) - 1);
-    }
-    text += u"\r\n";
-  }
-  if (!text.empty()) CopyToClipboard(Handle(), text);
+  const std::vector<std::int32_t> rows = SelectedRows();
+  if (!rows.empty() && rows_ != nullptr) CopyToClipboard(Handle(), rows_->Copied(rows));
 }
 
-// True when the key was used up here; the form's keys are reported behind the system's part.
+// Whether the key is used up.
 bool MemberListWindow::OnKeyDown(WPARAM key) {
-  if (GetKeyState(VK_CONTROL) >= 0) return false;
-  if (key == 'A') {
-    SelectAll();
-  } else if (key == 'C' || key == VK_INSERT) {
-    CopySelected();
-  } else {
-    return false;
+  const auto command = MemberListCommandOf(PressOf(key));
+  if (!command) return false;
+  switch (*command) {
+    case MemberListCommand::SelectAll:
+      ListView_SetItemState(Handle(), -1, LVIS_SELECTED, LVIS_SELECTED);
+      break;
+    case MemberListCommand::Copy:
+      CopySelected();
+      break;
+    case MemberListCommand::AddItem:
+      events_.AddItemPressed();
+      break;
   }
   return true;
 }
 
 void MemberListWindow::PaintHint() {
-  if (rows_.size() > 1) return;
+  if (!IsEmpty()) return;
   RECT area{};
   GetClientRect(Handle(), &area);
   RECT titles{};
@@ -236,11 +187,9 @@ void MemberListWindow::PaintHint() {
 
 LRESULT MemberListWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_KEYDOWN && OnKeyDown(wParam)) return 0;
-  const bool control = GetKeyState(VK_CONTROL) < 0;
   const LRESULT result = Default(message, wParam, lParam);
-  if (message == WM_SIZE && rows_.size() <= 1) InvalidateRect(Handle(), nullptr, TRUE);
+  if (message == WM_SIZE && IsEmpty()) InvalidateRect(Handle(), nullptr, TRUE);
   if (message == WM_PAINT && Handle() != nullptr) PaintHint();
-  if (message == WM_KEYDOWN && !control && wParam == VK_INSERT) events_.InsertPressed();
   return result;
 }
 

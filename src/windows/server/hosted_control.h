@@ -7,7 +7,7 @@
 
 #include <memory>
 
-#include "control/first_failure.h"
+#include "platform/first_failure.h"
 #include "windows/com/boundary.h"
 #include "windows/server/control_session.h"
 #include "windows/server/in_place_activation.h"

@@ -5,7 +5,6 @@
 
 #include "platform/error.h"
 #include "tests/windows/editor/form_world.h"
-#include "windows/editor/item_class_layout.h"
 
 namespace pricedown::testing {
 namespace {
@@ -321,29 +320,6 @@ TEST_F(ItemClassFormWindow, KeepsItsMinimumSizeAndItsLastSize) {
               [&] { CloseByFrame(); }});
   EXPECT_EQ(shown.cx, wanted.cx);
   EXPECT_EQ(shown.cy, wanted.cy);
-}
-
-TEST(ItemClassLayout, NothingOverlapsAndNothingLeavesTheForm) {
-  for (const int dots : {96, 144, 192}) {
-    const windows::Dpi dpi(dots);
-    const windows::FormMeasures measures{dpi.Scale(24), dpi.Scale(370), dpi.Scale(15),
-                                         dpi.Scale(140)};
-    for (const SIZE& size : {LeastFormSize(measures, dpi), FirstFormSize(measures, dpi)}) {
-      const windows::FormPlaces places = PlaceForm(size, measures, dpi);
-      std::vector<RECT> areas{places.strip, places.line, places.reserveLookup, places.lossLookup,
-                              places.members};
-      areas.insert(areas.end(), places.labels.begin(), places.labels.end());
-      areas.insert(areas.end(), places.fields.begin(), places.fields.end());
-      for (std::size_t i = 0; i < areas.size(); ++i) {
-        EXPECT_TRUE(areas[i].left < areas[i].right && areas[i].top < areas[i].bottom) << i;
-        EXPECT_TRUE(areas[i].right <= size.cx && areas[i].bottom <= size.cy) << i;
-        for (std::size_t j = 0; j < i; ++j) {
-          RECT common{};
-          EXPECT_FALSE(IntersectRect(&common, &areas[i], &areas[j]) != FALSE) << i << " " << j;
-        }
-      }
-    }
-  }
 }
 
 }  // namespace

@@ -1,5 +1,4 @@
-// Several steps of which each runs whatever became of the others, and whose first failure counts.
-// Where failures are skipped altogether, platform/skip.h is used instead.
+// Runs all steps, then rethrows the first failure.
 #pragma once
 
 #include <exception>
@@ -9,7 +8,7 @@ namespace pricedown {
 
 class FirstFailure {
  public:
-  // Runs the step; a failure ends the step and is kept when it is the first.
+  // Runs the step; keeps its failure when it is the first.
   template <typename Step>
   void Run(Step&& step) {
     try {
