@@ -137,7 +137,7 @@ TEST_F(ClassEditing, CopiesEveryRowWhateverRowTheGridStandsOn) {
   EXPECT_EQ(codes, "\"01.001\"101 \"01.002\"102 \"01.001\"101 \"01.002\"102 ");
 }
 
-// Both are the values of the control's creation; only the guards read them afresh.
+// Only the guards read the period.
 TEST_F(ClassEditing, AsksForNoPeriod) {
   commands_.Add();
   EXPECT_EQ(log_.Count("editor show mode 1 \"\""), 1u);

@@ -9,7 +9,7 @@
 
 #include "control/tool_strip.h"
 #include "editor/form_view.h"
-#include "windows/base/form_object.h"
+#include "windows/base/captioned_form.h"
 #include "windows/base/frame_windows.h"
 #include "windows/base/group_box.h"
 #include "windows/base/plain_control.h"
@@ -88,7 +88,7 @@ struct FormChildren {
   GroupBox headerFrame;
   GroupBox itemFrame;
   MemberListWindow members;
-  std::shared_ptr<FormObject> form;
+  std::shared_ptr<CaptionedForm> form;
 };
 
 }  // namespace pricedown::windows
