@@ -6,6 +6,7 @@
 namespace workbench {
 
 using pricedown::FormField;
+using pricedown::FormTool;
 
 void FaultWorld::ResetCompany() {
   Run(u"delete from icPriceDownClass");

@@ -8,6 +8,7 @@ namespace workbench {
 namespace {
 
 using pricedown::FormField;
+using pricedown::FormTool;
 using ::testing::HasSubstr;
 using ::testing::Not;
 

@@ -10,6 +10,7 @@ namespace {
 
 using pricedown::AutomationError;
 using pricedown::FormField;
+using pricedown::FormTool;
 using ::testing::HasSubstr;
 
 TEST_F(ControlOnCompany, AddsEditsRenamesAndDeletesAClass) {

@@ -6,6 +6,7 @@ namespace workbench {
 
 using pricedown::AutomationError;
 using pricedown::FormField;
+using pricedown::FormTool;
 using pricedown::FromUtf8;
 using pricedown::ToUtf8;
 

@@ -15,6 +15,7 @@ namespace workbench {
 namespace {
 
 using pricedown::FormField;
+using pricedown::FormTool;
 using pricedown::testing::Lines;
 using ::testing::HasSubstr;
 using ::testing::Not;

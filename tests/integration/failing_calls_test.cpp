@@ -10,6 +10,7 @@ namespace {
 
 using pricedown::AutomationError;
 using pricedown::FormField;
+using pricedown::FormTool;
 using pricedown::testing::FailEachCallInTurn;
 using pricedown::testing::kInjectedFailure;
 
