@@ -173,14 +173,14 @@ TEST_F(DeleteClass, LeavesTheClassWhenItsProvisionRowsAreGoneAndTheSecondDeleteF
   EXPECT_EQ(grid_.Cells().MaxRows(), 2);
 }
 
-TEST_F(DeleteClass, ReportsAPeriodThatIsNoNumber) {
+TEST_F(DeleteClass, ReportsAPeriodThatIsNotANumber) {
   period_ = u"三";
   questions_.WillAnswer({true});
   EXPECT_THROW(commands_.Delete(), AutomationError);
   EXPECT_EQ(log_.Count("create ZEPConnection.AppConnection"), 0u);
 }
 
-TEST_F(DeleteClass, ReportsAGuardThatAnswersNoRecordset) {
+TEST_F(DeleteClass, ReportsAGuardThatReturnsNoRecordset) {
   AnswerNothing(factory_, kVoucher);
   questions_.WillAnswer({true});
   EXPECT_THROW(commands_.Delete(), AutomationError);

@@ -119,7 +119,7 @@ TEST_F(ClassEditing, PassesTheEditorTwoCopiesOfTheGridsRowsAndReleasesThem) {
   EXPECT_TRUE(editor_.IsClean());
 }
 
-TEST_F(ClassEditing, CopiesEveryRowWhateverRowTheGridStandsOn) {
+TEST_F(ClassEditing, CopiesEveryRowWhateverTheGridsCurrentRow) {
   AnswerStatement(factory_, kItemsOf01, ItemRows(kTwoItems));
   SelectClass();
   state_.itemRecordset.MoveFirst();
@@ -176,7 +176,7 @@ TEST_F(ClassEditing, ForgetsAnEditBeforeTheNextAdd) {
   EXPECT_EQ(log_.Count("editor show mode 1 \"\""), 1u);
 }
 
-TEST_F(ClassEditing, LeavesAFormAloneThatIsBeingShown) {
+TEST_F(ClassEditing, DoesNotTouchAFormThatIsShown) {
   std::int32_t adding = 0;
   std::int32_t editing = 0;
   editor_.whileShown = [&] {
@@ -209,7 +209,7 @@ TEST_F(ClassEditing, FailsOnRowsWithoutAClass) {
   EXPECT_EQ(state_.itemRecordset.RecordCount(), 1);
 }
 
-TEST_F(ClassEditing, ReportsWhateverFailsWhileANewClassIsPrepared) {
+TEST_F(ClassEditing, ReportsAnyFailureWhilePreparingANewClass) {
   const auto [thrown, shown] = FailEachCall([&] { commands_.Add(); });
   // Once without a failure, and twice because an unreadable language falls back to the built-in
   // one.
@@ -218,7 +218,7 @@ TEST_F(ClassEditing, ReportsWhateverFailsWhileANewClassIsPrepared) {
 }
 
 // Failures inside a copy are ignored; if no copy can be made at all, the load fails.
-TEST_F(ClassEditing, ReportsWhatFailsBesideTheCopiesOfAnEdit) {
+TEST_F(ClassEditing, ReportsFailuresOutsideTheCopiesOfAnEdit) {
   const auto [thrown, shown] = FailEachCall([&] { commands_.Edit(); });
   EXPECT_GT(thrown, 10);
   EXPECT_GT(shown, 100);

@@ -64,7 +64,7 @@ TEST_F(ClassTreeLoad, ShowsTheNameOfTheFirstRowOfAClass) {
 }
 
 // A collation that ignores case may mix the rows of 'a' and 'A'.
-TEST_F(ClassTreeLoad, RefusesANumberThatComesBackAfterAnother) {
+TEST_F(ClassTreeLoad, RefusesANumberThatReappearsAfterAnother) {
   AnswerStatement(factory_, kTreeStatement,
                   ClassRows({{u"a", u"甲"}, {u"A", u"乙"}, {u"a", u"丙"}, {u"A", u"丁"}}));
   tree_.LoadClassTree();
@@ -173,7 +173,7 @@ TEST_F(ClassTreeLoad, LeavesTheRootAloneWhenAColumnIsMissing) {
 }
 
 // Whatever fails, the load ends, redraw is on again and the window shows what the collection holds.
-TEST_F(ClassTreeLoad, EndsInStepWithTheWindowWhateverFails) {
+TEST_F(ClassTreeLoad, MatchesTheWindowWhateverFails) {
   for (const bool blocks : {true, false}) {
     FailEachCallInTurn([&](int failingCall) {
       CallLog log;

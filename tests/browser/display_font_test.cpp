@@ -101,7 +101,7 @@ INSTANTIATE_TEST_SUITE_P(
         ReportSizeCase{"Null", Null{}, false}, ReportSizeCase{"Huge", u"1E300", false}),
     [](const auto& test) { return test.param.name; });
 
-TEST_F(DisplayFontTest, IgnoresTheReportSizeOnceAFontIsKept) {
+TEST_F(DisplayFontTest, IgnoresTheReportSizeOnceAFontIsStored) {
   Settings(u"FontName=楷体", u"12");
   font_.Refresh();
   EXPECT_EQ(log_.Count(R"(dictionary.GetValue("RptFontSize", 9))"), 0u);
@@ -145,7 +145,7 @@ TEST_F(DisplayFontTest, KeepsNameAndStyleWhenTheReportSizeChanges) {
   EXPECT_EQ(log_.Count("font label 楷体 12.0 bold italic"), 2u);
 }
 
-TEST_F(DisplayFontTest, RestoresAKeptFont) {
+TEST_F(DisplayFontTest, RestoresAStoredFont) {
   font_.Restore(u"FontName=楷体|FontSize=10.5|FontBold=True|FontItalic=False");
   EXPECT_EQ(log_.Text(), Lines(R"(
       font tree 楷体 10.5 bold
@@ -186,7 +186,7 @@ INSTANTIATE_TEST_SUITE_P(
         KeptFont{"Nonsense", u"|||=|x", {u"宋体", 9, true, true}}),
     [](const auto& test) { return test.param.name; });
 
-TEST_F(DisplayFontTest, SavesTheFontInTheFormThatItRestores) {
+TEST_F(DisplayFontTest, SavesTheFontInTheFormatThatItRestores) {
   Settings(u"", u"");
   ledger_.font = {u"楷体", 10.5, false, true};
   font_.Save();

@@ -70,7 +70,7 @@ TEST_F(GridTest, KeepsTitlesInRowZeroWhateverTheRowCount) {
   EXPECT_EQ(TextAt(2, kTitleRow), "物料名称");
 }
 
-TEST_F(GridTest, LosesTheContentsOfRowsTakenAway) {
+TEST_F(GridTest, LosesTheContentsOfRemovedRows) {
   grid_.SetMaxRows(3);
   grid_.SetText(1, 2, u"二");
   grid_.SetText(1, 3, u"三");

@@ -163,7 +163,7 @@ TEST_F(ItemGridTest, LocksEveryCellForADataScopeOfZero) {
   EXPECT_EQ(Locks(), "LLLL LLLL ");
 }
 
-TEST_F(ItemGridTest, LeavesLocksOfAnEarlierLoadToThatLoad) {
+TEST_F(ItemGridTest, DropsTheFullLockOfAnEarlierLoad) {
   AnswerStatement(factory_, kItemsOf01, ItemRows(kTwoItems));
   processState_.dataScope = 0;
   grid_.LoadItemGrid(u"01");
@@ -210,7 +210,7 @@ TEST_F(ItemGridTest, ShowsTheErrorOfAFailedQueryAndKeepsTheRowsShown) {
 }
 
 // The record count promises more rows than come.
-TEST_F(ItemGridTest, KeepsWhatWasFilledUntilAReadFailed) {
+TEST_F(ItemGridTest, KeepsTheRowsFilledBeforeAReadFailed) {
   processState_.dataScope = 0;
   factory_.Makes(u"ADODB.Recordset", [](const RecorderPtr& recorder) {
     return NewScriptedRecordset(recorder, ItemRows(kTwoItems).WithoutGetRows());
@@ -240,7 +240,7 @@ TEST_F(ItemGridTest, KeepsWhatWasFilledUntilAReadFailed) {
   EXPECT_EQ(Locks(), "LLLL LLLL ");
 }
 
-TEST_F(ItemGridTest, ShowsAMessageWhenFewerRowsComeThanWereCounted) {
+TEST_F(ItemGridTest, ShowsAMessageWhenFewerRowsArriveThanWereCounted) {
   factory_.Object(u"short").On(u"RecordCount", 2).On(u"MoveFirst", Value()).On(u"EOF", true);
   factory_.Object(u"ZEPConnection.AppConnection")
       .On(u"Execute", Arguments({kItemsOf01}), factory_.Answering(u"short"));
@@ -248,7 +248,7 @@ TEST_F(ItemGridTest, ShowsAMessageWhenFewerRowsComeThanWereCounted) {
   EXPECT_EQ(log_.Lines().back(), "tell information \"岚禾提示\": \"物料记录少于记录集报告的行数\"");
 }
 
-TEST_F(ItemGridTest, ShowsAMessageWhenNoRecordsetComes) {
+TEST_F(ItemGridTest, ShowsAMessageWhenNoRecordsetIsReturned) {
   AnswerNothing(factory_, kItemsOf01);
   grid_.LoadItemGrid(u"01");
   EXPECT_EQ(log_.Lines().back(), "tell information \"岚禾提示\": \"未设置对象: 记录集\"");

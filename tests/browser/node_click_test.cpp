@@ -78,7 +78,7 @@ TEST_F(NodeClick, RunsItsLaterStepsWhateverFails) {
 }
 
 // The messages of a click may reload the tree.
-TEST_F(NodeClick, OutlivesAReloadInTheMiddle) {
+TEST_F(NodeClick, SurvivesAReloadInTheMiddle) {
   factory_.Object(u"ZEPConnection.AppConnection")
       .On(u"Execute", Arguments({kItemsOfRoot}), Reply::From([&](auto) {
             tree_.LoadClassTree();

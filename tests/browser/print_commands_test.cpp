@@ -76,7 +76,7 @@ TEST_F(PrintCommandsTest, PrintWhatTheGridShows) {
   EXPECT_EQ(log_.Text(), Filling() + "ledger print\n");
 }
 
-TEST_F(PrintCommandsTest, ApplyAndKeepAFontChangedInThePreview) {
+TEST_F(PrintCommandsTest, ApplyAndStoreAFontChangedInThePreview) {
   ledger_.onPreview = [&] { ledger_.appearance.font = KaiTi(); };
   commands_.Preview();
   EXPECT_EQ(log_.Text(), Filling() + "ledger preview\n" + TakingKaiTi());
@@ -148,7 +148,7 @@ TEST_F(PrintCommandsTest, StopAPrintAtEachCallThatFails) {
   StopsAtEachFailure(log_, factory_, [&] { commands_.Print(); });
 }
 
-TEST_F(PrintCommandsTest, TellNothingOfAFontThatCannotBeAppliedOrKept) {
+TEST_F(PrintCommandsTest, ReportNothingWhenAFontCannotBeAppliedOrStored) {
   const Font before = ledger_.appearance.font;
   // The font's calls follow those of a preview that changes no font.
   commands_.Preview();
@@ -169,7 +169,7 @@ TEST_F(PrintCommandsTest, TellNothingOfAFontThatCannotBeAppliedOrKept) {
   });
 }
 
-TEST_F(PrintCommandsTest, TellOfAnyException) {
+TEST_F(PrintCommandsTest, ReportAnyException) {
   const std::vector<std::pair<std::function<void()>, const char*>> failures{
       {[] { throw std::bad_alloc(); }, "内存不足"},
       {[] { throw std::runtime_error("纸用完了"); }, "纸用完了"},
@@ -210,7 +210,7 @@ TEST_F(PrintCommandsTest, RunAgainWhileAndAfterAMessageThatFails) {
   EXPECT_EQ(log_.Count("ledger print"), 3u);
 }
 
-TEST_F(PrintCommandsTest, DoNothingInsideOneAnother) {
+TEST_F(PrintCommandsTest, DoNothingWhenNested) {
   ledger_.onPreview = [&] {
     commands_.Preview();
     commands_.Print();
@@ -255,7 +255,7 @@ TEST_F(PrintCommandsTest, ReportNoFailureOnceReleased) {
   EXPECT_EQ(log_.Text(), Filling() + "ledger preview\n");
 }
 
-TEST_F(PrintCommandsTest, ApplyAndKeepAChosenFont) {
+TEST_F(PrintCommandsTest, ApplyAndStoreAChosenFont) {
   dialog_.chosen = KaiTi();
   commands_.ChooseDisplayFont(dialog_);
   EXPECT_EQ(log_.Text(), "dialog 宋体 9.0 flags 515\n" + TakingKaiTi());
@@ -279,7 +279,7 @@ TEST_F(PrintCommandsTest, ChangeNothingForAFontWithoutName) {
   EXPECT_EQ(ledger_.appearance.font, before);
 }
 
-TEST_F(PrintCommandsTest, TellOfADialogThatFails) {
+TEST_F(PrintCommandsTest, ReportADialogThatFails) {
   dialog_.error = kInjectedFailure;
   commands_.ChooseDisplayFont(dialog_);
   EXPECT_EQ(log_.Text(), Lines(R"(

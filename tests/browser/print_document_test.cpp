@@ -57,7 +57,7 @@ TEST_F(PrintDocument, ShowsTheGridOnPaper) {
       )"));
 }
 
-TEST_F(PrintDocument, HoldsTheRowsOfItsLastFillingOnly) {
+TEST_F(PrintDocument, HoldsOnlyTheRowsOfTheLastFill) {
   Rows(100);
   commands_.Print();
   EXPECT_EQ(ledger_.pageCount, 3);
@@ -93,7 +93,7 @@ TEST_F(PrintDocument, SetsHeaderAndFooterInSongWhenTheSuiteHasNoFont) {
   EXPECT_EQ(ledger_.fonts[2], (PageFont{u"宋体", 9, false, false, false}));
 }
 
-TEST_F(PrintDocument, TakesNoCharacterSetWithoutItsFont) {
+TEST_F(PrintDocument, SetsNoCharacterSetWithoutItsFont) {
   titleName_ = u"";
   titleCharset_ = 136;
   commands_.Print();

@@ -55,7 +55,7 @@ TEST_F(PrintTableTest, IsFilledInTheLedgersOrder) {
       )"));
 }
 
-TEST_F(PrintTableTest, OfAnEmptyGridHasTheTitlesAlone) {
+TEST_F(PrintTableTest, OfAnEmptyGridHasOnlyTheTitles) {
   EXPECT_EQ(Filled(), Lines(R"(
       ledger clear
       ledger rows 1

@@ -77,7 +77,7 @@ TEST_F(SelectBlockTest, SkipsAFailingStepAndGoesOn) {
   });
 }
 
-TEST_F(SelectBlockTest, IgnoresThatThereIsNoGridOrNoSuchMember) {
+TEST_F(SelectBlockTest, IgnoresAMissingGridOrMember) {
   SelectBlock(nullptr, 1, 2, 3, 4);
   factory_.Object(u"other").Lacks(u"Col").Lacks(u"Col2").AllowPut(u"Row").Lacks(u"Row2");
   SelectBlock(factory_.NewObject(u"other"), 1, 2, 3, 4);

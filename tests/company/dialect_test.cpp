@@ -34,9 +34,7 @@ void PrintTo(const Translation& translation, std::ostream* stream) { *stream << 
 
 class Dialect : public ::testing::TestWithParam<Translation> {};
 
-TEST_P(Dialect, WritesWhatSqliteRuns) {
-  EXPECT_EQ(Translated(GetParam().text), GetParam().expected);
-}
+TEST_P(Dialect, TranslatesToSqlite) { EXPECT_EQ(Translated(GetParam().text), GetParam().expected); }
 
 // What the library sends, with values filled in.
 INSTANTIATE_TEST_SUITE_P(

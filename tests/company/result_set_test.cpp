@@ -21,7 +21,7 @@ ResultColumn Named(std::u16string name) {
 
 ResultSet TwoColumns() { return ResultSet({Named(u"FNumber"), Named(u"Fitemid")}); }
 
-TEST(ResultSet, WithoutColumnsIsNoAnswerAtAll) {
+TEST(ResultSet, WithoutColumnsIsNoResult) {
   const ResultSet result;
   EXPECT_EQ(result.ColumnCount(), 0U);
   EXPECT_EQ(result.RowCount(), 0U);
@@ -146,7 +146,7 @@ TEST(Utf, KeepsEveryTextOfUtf16) {
   }
 }
 
-TEST(Utf, ReplacesBytesThatAreNoCharacter) {
+TEST(Utf, ReplacesInvalidBytes) {
   struct Case {
     const char* bytes;
     std::u16string_view expected;

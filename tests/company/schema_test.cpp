@@ -63,7 +63,7 @@ class Schema : public ::testing::Test {
   std::unique_ptr<sqlite3, Closer> database_;
 };
 
-TEST_F(Schema, AnEmptyDatabaseIsNoCompany) {
+TEST_F(Schema, AnEmptyDatabaseIsNotACompany) {
   EXPECT_EQ(CompanySchemaVersion(database_.get()), 0);
   EXPECT_EQ(RefusalOfCompany(), "不是公司文件");
 }
@@ -74,7 +74,7 @@ TEST_F(Schema, ACreatedCompanyIsRecognised) {
   EXPECT_EQ(RefusalOfCompany(), "");
 }
 
-TEST_F(Schema, AnotherProgramsDatabaseIsNoCompany) {
+TEST_F(Schema, AnotherProgramsDatabaseIsNotACompany) {
   Run("CREATE TABLE t_ICItem(FItemID); PRAGMA user_version=1");
   EXPECT_EQ(RefusalOfCompany(), "不是公司文件");
 }
@@ -129,7 +129,7 @@ TEST_F(Schema, ValuesThatDoNotFitAreRefusedWhileTheStatementRuns) {
   EXPECT_EQ(Ask("SELECT typeof(FPencentPrepare) FROM icPriceDownClass"), "real\n");
 }
 
-TEST_F(Schema, TheTreeIsReadFromTheIndexAlone) {
+TEST_F(Schema, TheTreeIsReadFromTheIndexOnly) {
   Create();
   EXPECT_EQ(Plan("Select t1.FitemClassNumber,t1.FitemClassName FROM icPriceDownClass t1 "
                  "order by t1.FitemClassNumber asc"),

@@ -128,7 +128,7 @@ TEST_F(SqliteCompany, ComparesQuotedNumbersAsNumbers) {
             245);
 }
 
-TEST_F(SqliteCompany, AnswersTheFirstQueryOfAText) {
+TEST_F(SqliteCompany, ReturnsTheResultOfTheFirstQueryOfAText) {
   EXPECT_EQ(company_.Rows("insert into t_user(FUserID,FName) values(1,'a') select FName from "
                           "t_user insert into t_user(FUserID,FName) values(2,'b') select FUserID "
                           "from t_user"),
@@ -149,7 +149,7 @@ TEST_F(SqliteCompany, KeepsEveryUtf16Text) {
   EXPECT_TRUE(result.At(0, 0).Text() == lone);
 }
 
-TEST_F(SqliteCompany, KnowsNothingOfSqlitesOwnTablesAndRowNumbers) {
+TEST_F(SqliteCompany, HidesSqlitesOwnTablesAndRowNumbers) {
   EXPECT_EQ(company_.RefusalNumber("select name from sqlite_master"), 208);
   EXPECT_EQ(company_.RefusalNumber("select rowid from t_user"), 207);
   EXPECT_EQ(company_.RefusalNumber("delete from sqlite_sequence"), 208);

@@ -121,7 +121,7 @@ TEST_F(Dispatch, RefusesAClickWithoutATool) {
   EXPECT_THROW(Control().ParentWindow_ToolBarClick(nullptr), AutomationError);
 }
 
-TEST_F(Dispatch, InvertsTheHostsOwnToolBeforeItLaysOut) {
+TEST_F(Dispatch, InvertsTheHostsOwnToolBeforeTheLayout) {
   Start();
   const ObjectPtr tool = world_.NewTool(u"iToolBar", true);
   Control().ParentWindow_ToolBarClick(tool);
@@ -222,7 +222,7 @@ TEST_F(Dispatch, DoesNothingOnceTheHostHasClosedTheControlWhenAskedForTheToolsNa
   EXPECT_EQ(world_.log.Text(), "release tool\n");
 }
 
-TEST_F(Dispatch, LaysOutNothingOnceTheListenerHasClosedTheControl) {
+TEST_F(Dispatch, SkipsTheLayoutOnceTheListenerHasClosedTheControl) {
   Start();
   Control().ItemCells().Attach(nullptr);
   Control().Bar()->Add({u"iToolBar", {}, {}, {}});

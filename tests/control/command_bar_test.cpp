@@ -94,7 +94,7 @@ TEST_F(CommandBarTest, ReturnsTheCollectionWithoutAnIndex) {
   EXPECT_EQ(TextOf(Of(bar_, u"Tools", {Missing{}}), u"Count"), "4");
 }
 
-TEST_F(CommandBarTest, RefusesWhatIsNotThere) {
+TEST_F(CommandBarTest, RefusesUnknownBandsAndTools) {
   for (const Value& wrong : std::vector<Value>{0, 5, -1, u"", u"icut", u"iPaste"}) {
     EXPECT_THROW(Tools()->Call(u"Item", {wrong}), AutomationError) << Readable(wrong);
   }
@@ -134,7 +134,7 @@ TEST_F(CommandBarTest, KeepsAToolThatIsAddedAgain) {
   EXPECT_EQ(TextOf(Tools(), u"Count"), "4");
 }
 
-TEST_F(CommandBarTest, LetsHostsSwitchTheStatesAndNothingElse) {
+TEST_F(CommandBarTest, LetsHostsChangeTheStatesOnly) {
   const ObjectPtr tool = Of(bar_, u"Tools", {u"iEdit"});
   EXPECT_EQ(TextOf(tool, u"Enabled") + TextOf(tool, u"Checked") + TextOf(tool, u"Visible"),
             "TrueFalseTrue");
@@ -181,7 +181,7 @@ TEST_F(CommandBarTest, NotifiesNoListenerOfAClickThatDoesNothingOrFails) {
   EXPECT_EQ(listener_->heard, std::vector<std::string>{"changed iEdit off"});
 }
 
-TEST_F(CommandBarTest, ChangesAndClicksAllTheSameWhenTheListenerFailsOrLacksTheMethod) {
+TEST_F(CommandBarTest, ChangesAndClicksEvenIfTheListenerFailsOrLacksTheMethod) {
   int commands = 0;
   bar_->OnClick([&](const ObjectPtr&) { ++commands; });
   const ObjectPtr tool = Of(bar_, u"Tools", {u"iEdit"});
@@ -290,7 +290,7 @@ TEST_F(CommandBarTest, LivesAsLongAsItsCollections) {
   EXPECT_FALSE(bar.expired());
 }
 
-TEST_F(CommandBarTest, ShowsWhatAnAddedCheckToolSwitchesUntilAHostSaysOtherwise) {
+TEST_F(CommandBarTest, ChecksTheHostsCheckToolsWhenTheyAreAdded) {
   for (const std::u16string_view name : {u"iToolBar", u"mnuViewStatusBar"}) {
     EXPECT_EQ(TextOf(Of(Tools(), u"Add", {name}), u"Checked"), "True");
   }

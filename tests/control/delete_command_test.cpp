@@ -59,7 +59,7 @@ class DeleteCommand : public Dispatch {
   }
 };
 
-TEST_F(DeleteCommand, RunsWholeForTheStripsButton) {
+TEST_F(DeleteCommand, RunsCompletelyForTheStripsButton) {
   StartDeletable();
   Control().ToolStripButtonClicked(u"Del");
   EXPECT_EQ(world_.log.Text(), Deletion());
@@ -67,13 +67,13 @@ TEST_F(DeleteCommand, RunsWholeForTheStripsButton) {
             (std::map<NodeIndex, std::string>{{1, "物料"}, {2, "02(成品)"}}));
 }
 
-TEST_F(DeleteCommand, RunsWholeForTheHostsTool) {
+TEST_F(DeleteCommand, RunsCompletelyForTheHostsTool) {
   StartDeletable();
   Click(u"iCut");
   EXPECT_EQ(world_.log.Text(), "tool.Name()\n" + Deletion() + "release tool\n");
 }
 
-TEST_F(DeleteCommand, RunsWholeForTheBarsTool) {
+TEST_F(DeleteCommand, RunsCompletelyForTheBarsTool) {
   StartDeletable();
   Control().Bar()->Call(u"Click", {u"iCut"});
   EXPECT_EQ(world_.log.Text(), Deletion());

@@ -6,7 +6,7 @@
 namespace pricedown::testing {
 namespace {
 
-TEST_F(Dispatch, RefusesACommandWithoutItsRightAndReloadsAllTheSame) {
+TEST_F(Dispatch, RefusesACommandWithoutItsRightAndReloadsAnyway) {
   Start();
   world_.company.grantedMasks = "none";
   for (const RightCase& right :
@@ -20,7 +20,7 @@ TEST_F(Dispatch, RefusesACommandWithoutItsRightAndReloadsAllTheSame) {
   }
 }
 
-TEST_F(Dispatch, RunsACommandWithItsOwnRightAlone) {
+TEST_F(Dispatch, RunsACommandWithItsOwnRightOnly) {
   Start();
   const auto run = [&](std::u16string_view key, const char* mask) {
     world_.company.grantedMasks = std::string(" ") + mask + " ";

@@ -29,7 +29,7 @@ TEST_F(Dispatch, ReloadsTheTreeAndRepaintsTheGridAfterTheEditor) {
   EXPECT_EQ(behind(), closing + Reload());
 }
 
-TEST_F(Dispatch, ReloadsNothingItselfForTheHostsOwnCalls) {
+TEST_F(Dispatch, ReloadsNothingForTheHostsOwnCalls) {
   Start();
   EXPECT_EQ(Control().addRecord(), Value());
   EXPECT_EQ(Control().editRecord(), Value());

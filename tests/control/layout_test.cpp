@@ -39,7 +39,7 @@ TEST(Layout, PlacesTheWholeViewOfAnOrdinaryWindow) {
   EXPECT_EQ(layout.progressBar, (Rectangle{9945, 7715, 2010, 240}));
 }
 
-TEST(Layout, GivesTheSpaceOfAHiddenToolStripToThePanes) {
+TEST(Layout, ExtendsThePanesOverAHiddenToolStrip) {
   const Layout shown = ComputeLayout({{12000, 8000}, 3600, true, true});
   const Layout hidden = ComputeLayout({{12000, 8000}, 3600, false, true});
   EXPECT_EQ(hidden.toolStrip.height, 0);
@@ -50,7 +50,7 @@ TEST(Layout, GivesTheSpaceOfAHiddenToolStripToThePanes) {
   EXPECT_EQ(hidden.statusBar, shown.statusBar);
 }
 
-TEST(Layout, GivesTheSpaceOfAHiddenStatusBarToThePanes) {
+TEST(Layout, ExtendsThePanesOverAHiddenStatusBar) {
   const Layout hidden = ComputeLayout({{12000, 8000}, 3600, true, false});
   EXPECT_EQ(hidden.statusBar.height, 0);
   EXPECT_EQ(hidden.progressBar.height, 0);

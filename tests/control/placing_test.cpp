@@ -68,13 +68,13 @@ TEST_F(Placing, MovesNothingWithoutADrag) {
   EXPECT_EQ(world_.log.Text(), "");
 }
 
-TEST_F(Placing, LaysOutAgainAtTheSamePositionAfterAClickOnTheSplitter) {
+TEST_F(Placing, RepeatsTheLayoutAtTheSamePositionAfterAClickOnTheSplitter) {
   Control().SplitterDown();
   Control().SplitterUp();
   EXPECT_EQ(SplitterLeft(), kDefaultSplitter);
 }
 
-TEST_F(Placing, BringsTheSplitterBackWhenANarrowControlGrows) {
+TEST_F(Placing, RestoresTheSplitterWhenANarrowControlGrows) {
   world_.view.size = {4000, 8000};
   Control().Resized();
   EXPECT_EQ(SplitterLeft(), 2320);

@@ -103,7 +103,7 @@ INSTANTIATE_TEST_SUITE_P(
                       FlagCase{"Half", u"0.5", false}, FlagCase{"True", true, true}),
     [](const auto& test) { return test.param.name; });
 
-TEST(Initialize, StaysWithFullNumbersWhenTheProfileAnswersAnObject) {
+TEST(Initialize, KeepsFullNumbersWhenTheProfileReturnsAnObject) {
   ControlWorld world;
   world.company.useShortNumber = world.factory.NewObject(u"form");
   world.Create();
@@ -256,7 +256,7 @@ bool IsReported(const std::vector<std::string>& lines, std::size_t failing) {
 }
 
 // Each failure is reported once, and all later steps still run.
-TEST(Initialize, MakesAWholeControlWhateverFails) {
+TEST(Initialize, CreatesACompleteControlWhateverFails) {
   for (const Value& mode : std::vector<Value>{u"1", u"2"}) {
     FailEachCallInTurn([&](int failingCall) {
       ControlWorld world;

@@ -41,7 +41,7 @@ TEST_F(Printing, RunsFromTheStripAfterTheRightsCheckAndReloads) {
   }
 }
 
-TEST_F(Printing, TouchesNoLedgerWithoutTheRight) {
+TEST_F(Printing, DoesNotUseTheLedgerWithoutTheRight) {
   Start();
   world_.company.grantedMasks = "none";
   Control().ToolStripButtonClicked(u"Print");
@@ -81,7 +81,7 @@ TEST_F(Printing, ReportsAFailureToTheUserOnly) {
   EXPECT_EQ(text.find("ledger rows"), std::string::npos) << text;
 }
 
-TEST_F(Printing, RestoresAKeptFontOnTheLedger) {
+TEST_F(Printing, RestoresAStoredFontOnTheLedger) {
   world_.company.gridFont = u"FontName=楷体|FontSize=12|FontBold=True|FontItalic=False";
   Start();
   EXPECT_EQ(world_.ledger.appearance.font, (Font{u"楷体", 12, true, false}));
@@ -95,7 +95,7 @@ TEST_F(Printing, SetsTheReportSizeOfTheLedger) {
   EXPECT_EQ(world_.ledger.appearance.rowHeight, 480);
 }
 
-TEST_F(Printing, ShowsAFontChangedInThePreviewAtOnceAndKeepsIt) {
+TEST_F(Printing, ShowsAFontChangedInThePreviewAtOnceAndStoresIt) {
   Start();
   world_.ledger.onPreview = [&] { world_.ledger.appearance.font = {u"楷体", 12, true, false}; };
   Control().PreviewPara();

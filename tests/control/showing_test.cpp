@@ -120,7 +120,7 @@ TEST_F(Show, AcceptsAParentByReference) {
   EXPECT_EQ(world_.log.Count("parent.MergeToolBar([object])"), 1u);
 }
 
-TEST_F(Show, KeepsAParentThatRefusesTheToolbar) {
+TEST_F(Show, ToleratesAParentThatRefusesTheToolbar) {
   Initialize();
   world_.factory.Object(u"parent").On(u"MergeToolBar", Reply::Failing(-9, u"没有工具栏"));
   EXPECT_TRUE(world_.control->Show(world_.factory.NewObject(u"parent")));
@@ -167,7 +167,7 @@ TEST_F(Show, SelectsTheRootWhenTheSettingsCannotBeRead) {
   EXPECT_EQ(world_.log.Count(ExecuteLine(kItemsOfRoot)), 1u);
 }
 
-TEST_F(Show, AppliesTheKeptFontInsteadOfTheReportSize) {
+TEST_F(Show, AppliesTheStoredFontInsteadOfTheReportSize) {
   world_.company.gridFont = u"FontName=楷体|FontSize=12|FontBold=True|FontItalic=False";
   Initialize();
   world_.control->Show(nullptr);
@@ -259,7 +259,7 @@ TEST_F(Show, StopsWhenTheControlEndsWhileMessagesRun) {
   }
 }
 
-TEST_F(Show, IsForgottenByNoMessageOfTheHost) {
+TEST_F(Show, IgnoresOtherMessagesOfTheHost) {
   Initialize();
   world_.control->Show(nullptr);
   world_.log.Clear();

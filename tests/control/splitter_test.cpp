@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::int32_t kWidth = 12000;
 
-TEST(Splitter, StandsAtItsDefaultAndDoesNotDrag) {
+TEST(Splitter, StartsAtItsDefaultPositionWithoutADrag) {
   const Splitter splitter;
   EXPECT_EQ(splitter.Position(), kDefaultSplitter);
   EXPECT_FALSE(splitter.Dragging());

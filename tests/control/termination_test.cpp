@@ -70,7 +70,7 @@ TEST_F(Termination, DoesNothingASecondTime) {
   EXPECT_EQ(world_.state.controls, 0);
 }
 
-TEST_F(Termination, HappensWithTheControlsDeath) {
+TEST_F(Termination, RunsInTheControlsDestructor) {
   Start();
   world_.control.reset();
   EXPECT_EQ(world_.log.Count("put dictionary(\"NodeSel1\") = \"gi01\""), 1u);
@@ -117,7 +117,7 @@ TEST_F(Termination, LeavesHostsWithABarThatDoesNothing) {
   EXPECT_EQ(world_.log.Text(), "");
 }
 
-TEST_F(Termination, SilencesEveryMemberAndEvent) {
+TEST_F(Termination, DisablesEveryMemberAndEvent) {
   Start();
   const ObjectPtr tool = world_.NewTool(u"iInsert");
   const ObjectPtr grid = world_.factory.NewObject(u"grid of the host");

@@ -21,7 +21,7 @@ class UpdatePriceTest : public ::testing::Test {
   UpdatePrice price_{factory_};
 };
 
-TEST_F(UpdatePriceTest, ReadsTheFirstRowOverAConnectionOfItsOwn) {
+TEST_F(UpdatePriceTest, ReadsTheFirstRowThroughItsOwnConnection) {
   AnswerStatement(factory_, kStatement, Rows({u"FValue"}, {{u"1"}, {u"2"}}));
   price_.ReadItemClassType();
   EXPECT_EQ(log_.Text(), Lines(R"log(

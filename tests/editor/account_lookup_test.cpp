@@ -96,7 +96,7 @@ TEST_F(AccountLookup, ShowsAnErrorAfterALineBreakAndLeavesTheText) {
   EXPECT_EQ(Utf8(world.view.Text(FormField::LossAccount)), "5711");
 }
 
-TEST_F(AccountLookup, ShowsThatThereIsNoPicker) {
+TEST_F(AccountLookup, ReportsThatThereIsNoPicker) {
   EditorWorld world;
   world.factory.Refuses(kLedgerViewId);
   world.OpenForEdit();
@@ -120,7 +120,7 @@ TEST_F(AccountLookup, ShowsErrorsOfAnyKind) {
   EXPECT_EQ(world.log.Count(R"(tell no icon "岚禾提示": "\r\nout of handles")"), 1u);
 }
 
-TEST_F(AccountLookup, SurvivesAFormThatIsClosedMeanwhile) {
+TEST_F(AccountLookup, SurvivesAFormThatIsClosedInTheMeantime) {
   screen.onMessages = [this] { form.Unload(); };
   form.LookupRequested(FormField::LossAccount);
   EXPECT_EQ(log.Count("unload"), 1u);

@@ -116,7 +116,7 @@ TEST_F(ChangeCheck, OfAFormThatListsItemsIsChangedUntilASave) {
   EXPECT_FALSE(Unchanged()) << "before a save only an empty list counts as unchanged";
 }
 
-TEST_F(ChangeCheck, AfterASaveComparesTheTextsAlone) {
+TEST_F(ChangeCheck, AfterASaveComparesOnlyTheTexts) {
   OpenSaved();
   EXPECT_TRUE(Unchanged());
   form.MemberList().MoveFirst();

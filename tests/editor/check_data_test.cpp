@@ -226,7 +226,7 @@ TEST_F(CheckDataTest, AcceptsOneAccountForBothFields) {
   EXPECT_TRUE(Passes());
 }
 
-TEST_F(CheckDataTest, ReadsAccountsThatAreNumbersAndAnswersWithoutGetRows) {
+TEST_F(CheckDataTest, ReadsNumericAccountsAndResultsWithoutGetRows) {
   AnswerStatement(factory, u"select FNumber from t_account",
                   Rows({u"FNumber"}, {{5711.0}, {1281.1}}).WithoutGetRows());
   AnswerStatement(factory,

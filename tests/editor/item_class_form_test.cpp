@@ -237,7 +237,7 @@ TEST_F(ItemClassFormTest, ReleasesEverythingWhenItIsUnloaded) {
   EXPECT_EQ(form.State().rows.Items(), 0);
 }
 
-TEST_F(ItemClassFormTest, UnloadsOnceHoweverOftenItIsAsked) {
+TEST_F(ItemClassFormTest, UnloadsOnceHoweverOftenItIsClosed) {
   OpenForEdit();
   form.Unload();
   form.Unload();
@@ -245,7 +245,7 @@ TEST_F(ItemClassFormTest, UnloadsOnceHoweverOftenItIsAsked) {
   EXPECT_EQ(log.Count("unload"), 1u);
 }
 
-TEST_F(ItemClassFormTest, DropsWhatItWasGivenForAShowingThatNeverCame) {
+TEST_F(ItemClassFormTest, ReleasesItsListWhenItIsNeverShown) {
   form.SetMemberList(Members(RawMaterials(), BoltAndNut()));
   form.Unload();
   EXPECT_EQ(factory.LiveObjects(), 0);
@@ -264,8 +264,8 @@ TEST_F(ItemClassFormTest, AsksNothingWhenItsFrameIsClosed) {
 }
 
 TEST_F(ItemClassFormTest, IgnoresEventsWhileItIsNotLoaded) {
-  for (const FormTool tool : {FormTool::Add, FormTool::Save, FormTool::AddItem, FormTool::DelItem,
-                              FormTool::Exit}) {
+  for (const FormTool tool :
+       {FormTool::Add, FormTool::Save, FormTool::AddItem, FormTool::DelItem, FormTool::Exit}) {
     form.ToolClicked(tool);
   }
   form.FieldChanged();
@@ -273,7 +273,7 @@ TEST_F(ItemClassFormTest, IgnoresEventsWhileItIsNotLoaded) {
   EXPECT_EQ(log.Text(), "");
 }
 
-TEST_F(ItemClassFormTest, OpensAgainAsIfItWereNew) {
+TEST_F(ItemClassFormTest, OpensAgainAsNew) {
   OpenForEdit();
   form.Unload();
   OpenForAdd();

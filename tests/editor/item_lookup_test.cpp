@@ -208,7 +208,7 @@ TEST_F(ItemLookup, LeavesItemsOfOtherClassesAndOfThisListOut) {
               HasSubstr("ItemLookUp(4, Missing, \"x2.FItemid not in(12,15,40,12,101,102)\", ref"));
 }
 
-TEST_F(ItemLookup, LeavesOutTheItemsOfOtherClassesAloneForAnEmptyList) {
+TEST_F(ItemLookup, LeavesOutOnlyTheItemsOfOtherClassesForAnEmptyList) {
   EditorWorld world;
   ScriptPicker(world.factory, {{12}, {15}, {40}});
   Cancel(world.factory);
@@ -217,7 +217,7 @@ TEST_F(ItemLookup, LeavesOutTheItemsOfOtherClassesAloneForAnEmptyList) {
   EXPECT_THAT(world.log.Text(), HasSubstr("\"x2.FItemid not in(12,15,40)\""));
 }
 
-TEST_F(ItemLookup, LeavesOutTheItemsOfThisListAloneWhenThereAreNoOtherClasses) {
+TEST_F(ItemLookup, LeavesOutOnlyTheItemsOfThisListWithoutOtherClasses) {
   Cancel(factory);
   OpenForEdit();
   form.ToolClicked(FormTool::AddItem);

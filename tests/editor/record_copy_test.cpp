@@ -111,7 +111,7 @@ TEST_F(RecordCopy, CannotBeMadeWithoutRecordsets) {
   EXPECT_FALSE(CopyList(bare, source));
 }
 
-TEST(RecordCopyFailures, CostWhatTheStepWouldHaveCopiedAndNeverTheEnd) {
+TEST(RecordCopyFailures, LoseOnlyWhatTheStepWouldHaveCopied) {
   FailEachCallInTurn([](int failingCall) {
     EditorWorld world;
     const Recordset source(

@@ -82,7 +82,7 @@ class RemovalGuard : public EditorTest {
   }
 };
 
-TEST_F(RemovalGuard, ReadsThePeriodAfreshAndDeletesCurrentRowsAtOnce) {
+TEST_F(RemovalGuard, ReadsThePeriodAgainAndDeletesCurrentRowsAtOnce) {
   Voucher(false);
   Answer(factory, u"01.001", {});
   OpenAndSelect({2});
@@ -181,7 +181,7 @@ TEST_F(RemovalGuard, RemovesAnItemWithoutAmountsUnderAVoucherAndDeletesNothing) 
   EXPECT_THAT(MemberIds(), ElementsAre(102));
 }
 
-TEST_F(RemovalGuard, RemovesAnItemUnderAVoucherWhenTheAmountsHaveNoAnswer) {
+TEST_F(RemovalGuard, RemovesAnItemUnderAVoucherWhenTheAmountsHaveNoResult) {
   Voucher(true);
   AnswerStatement(factory, HistoryOf(u"01.001"), NoRows());
   AnswerNothing(factory, AmountsOf(u"01.001"));
@@ -199,7 +199,7 @@ TEST_F(RemovalGuard, DeletesAmountsOfTheCurrentPeriodWithoutAVoucher) {
   EXPECT_THAT(MemberIds(), ElementsAre(102));
 }
 
-TEST_F(RemovalGuard, DeletesWithoutAnAliasWhenTheVoucherHasNoAnswer) {
+TEST_F(RemovalGuard, DeletesWithoutAnAliasWhenTheVoucherHasNoResult) {
   AnswerNothing(factory, kVoucher);
   AnswerStatement(factory, HistoryOf(u"01.001"), NoRows());
   AnswerStatement(factory, AmountsOf(u"01.001"), OneRow());

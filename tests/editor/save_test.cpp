@@ -47,7 +47,7 @@ class Save : public EditorTest {
   }
 };
 
-TEST_F(Save, WritesTheClassWholeInOneText) {
+TEST_F(Save, WritesTheWholeClassInOneText) {
   AnswerNothing(factory, kSaveOf01);
   AnswerChecks(false);
   AnswerAccountIds();
@@ -205,7 +205,8 @@ TEST_F(Save, StopsAtAnAccountThatIsNotFoundUnderItsNumber) {
   AnswerStatement(factory, u"SELECT FAccountID FROM t_account WHERE FNumber='5711.02'",
                   Rows({u"FAccountID"}, {}));
   view.Type(FormField::LossAccount, u"5711.02");
-  EXPECT_EQ(ErrorOf([this] { form.ToolClicked(FormTool::Save); }), NumberOf(ErrorNumber::NoCurrentRecord));
+  EXPECT_EQ(ErrorOf([this] { form.ToolClicked(FormTool::Save); }),
+            NumberOf(ErrorNumber::NoCurrentRecord));
   EXPECT_TRUE(form.State().saved) << "as the passed check left it";
   EXPECT_EQ(SavedText(), "");
   EXPECT_THAT(Column(u"FAPNumber"), ElementsAre("\"5711.02\"", "\"5711.02\""));
@@ -213,7 +214,7 @@ TEST_F(Save, StopsAtAnAccountThatIsNotFoundUnderItsNumber) {
   EXPECT_EQ(form.State().savedValues, RawMaterials()) << "not reached";
 }
 
-TEST_F(Save, WritesValuesAsTheyAre) {
+TEST_F(Save, WritesValuesUnchanged) {
   Open();
   view.Type(FormField::ClassName, u"it's");
   form.ToolClicked(FormTool::Save);
@@ -281,7 +282,7 @@ TEST_F(Save, RefusesASecondSaveUnderANewNumberAsADuplicate) {
   EXPECT_EQ(SavedText(), "");
 }
 
-TEST_F(Save, TextOfAnEmptyListIsTheDeleteAlone) {
+TEST_F(Save, TextOfAnEmptyListIsOnlyTheDelete) {
   OpenForAdd();
   EXPECT_EQ(Utf8(SaveText(form.State())),
             "delete from icPriceDownClass where  FItemClassNumber=''");

@@ -75,7 +75,7 @@ TEST_F(SaveTextTest, WritesTheColumnsOfEachRow) {
 }
 
 // As in a company whose percentage column is text.
-TEST_F(SaveTextTest, WritesPercentagesThatAreTextsAsTheyAre) {
+TEST_F(SaveTextTest, WritesTextPercentagesUnchanged) {
   std::vector<std::vector<Value>> rows;
   int id = 0;
   for (const std::u16string_view percentage : {u"12.50", u"12.50", u"7", u""}) {
@@ -93,11 +93,11 @@ TEST_F(SaveTextTest, WritesPercentagesThatAreTextsAsTheyAre) {
             "4,'A1','原材料',\n1051,'5711',1023,'1281.1',)\n");
 }
 
-TEST_F(SaveTextTest, IsTheDeleteAloneWithoutRows) {
+TEST_F(SaveTextTest, IsOnlyTheDeleteWithoutRows) {
   EXPECT_EQ(Rows(), "delete from icPriceDownClass where  FItemClassNumber='A1'");
 }
 
-TEST_F(SaveTextTest, BeginsAtTheRowThatTheListStandsOn) {
+TEST_F(SaveTextTest, BeginsAtTheCurrentRowOfTheList) {
   const ClassHeader a{u"A1", u"原材料", u"5711", u"1281.1", 0};
   AddRow(1, a, 12.5);
   AddRow(2, a, 12.5);

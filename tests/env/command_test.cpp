@@ -13,7 +13,7 @@ struct NamedKey {
   const char* name;
 };
 
-TEST(Shortcut, IsWrittenAsKeyboardsLabelIt) {
+TEST(Shortcut, IsWrittenAsOnKeyboards) {
   for (const NamedKey& shortcut :
        {NamedKey{{Key::Insert}, "Ins"},
         {{Key::Delete}, "Del"},

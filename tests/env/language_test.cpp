@@ -91,7 +91,7 @@ TEST_F(Language, ReadsTheTitleFont) {
       )"));
 }
 
-TEST_F(Language, ReadsTheTitleFontAlsoForTheBuiltInLanguage) {
+TEST_F(Language, ReadsTheTitleFontEvenForTheBuiltInLanguage) {
   SetProperties(factory, u"");
   ReadFontProperties(factory);
   EXPECT_EQ(log.Count(R"(ZEPFrmRes.FrmResLoader.GetQ7FontProps("chs"))"), 1u);

@@ -37,7 +37,7 @@ TEST_F(RightsTest, AreRefusedWithOneMessage) {
       )"));
 }
 
-TEST_F(RightsTest, TakeNumbersAndTextsForBooleans) {
+TEST_F(RightsTest, ConvertNumbersAndTextsToBooleans) {
   factory.Object(kLedgerData)
       .On(u"AccessCheck", Reply(-1))
       .On(u"AccessCheck", Reply(u"False"))
@@ -60,7 +60,7 @@ TEST_F(RightsTest, KeepTheLedgerDataObject) {
   EXPECT_EQ(factory.LiveObjects(), 0);
 }
 
-TEST_F(RightsTest, MakeTheLedgerDataObjectAgainAfterAFailure) {
+TEST_F(RightsTest, CreateTheLedgerDataObjectAgainAfterAFailure) {
   factory.Object(kLedgerData).On(u"AccessCheck", Reply(true));
   factory.FailCall(1);
   EXPECT_EQ(ErrorOf([&] { rights.Check(1, 1, 1); }), kInjectedFailure);
@@ -73,7 +73,7 @@ TEST_F(RightsTest, PassTheSuitesErrorOnWithoutAMessage) {
   EXPECT_EQ(log.Size(), 2u) << log.Text();
 }
 
-TEST_F(RightsTest, AskForTheDataScopeFromTheWidestDown) {
+TEST_F(RightsTest, CheckTheDataScopeFromTheWidestDown) {
   factory.Object(kLedgerData).On(u"AccessCheck", Reply(false));
   state.objectType = 10;
   state.dataScope = 1;

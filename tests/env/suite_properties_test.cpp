@@ -10,7 +10,7 @@ using namespace pricedown::testing;
 
 class SuiteProperties : public EnvTest {};
 
-TEST_F(SuiteProperties, AreAskedOfANewObjectThatIsReleasedAtOnce) {
+TEST_F(SuiteProperties, AreReadFromANewObjectThatIsReleasedAtOnce) {
   factory.Object(kShareProps).On(u"GetProperty", Reply(Value()).Writing(1, 16394));
   EXPECT_EQ(SharedProperty(factory, u"UserID"), Value(16394));
   EXPECT_EQ(log.Text(), Lines(R"(
@@ -20,7 +20,7 @@ TEST_F(SuiteProperties, AreAskedOfANewObjectThatIsReleasedAtOnce) {
       )"));
 }
 
-TEST_F(SuiteProperties, AreTakenFromTheResultWhenTheArgumentStaysEmpty) {
+TEST_F(SuiteProperties, AreReadFromTheResultWhenTheArgumentStaysEmpty) {
   factory.Object(kShareProps).On(u"GetProperty", Reply(u"answered"));
   EXPECT_EQ(SharedProperty(factory, u"PropsString"), Value(u"answered"));
 }
@@ -36,7 +36,7 @@ TEST_F(SuiteProperties, KeepAnObjectAnObject) {
   EXPECT_EQ(SharedProperty(factory, u"Connection"), Value(connection));
 }
 
-TEST_F(SuiteProperties, StringIsTextWhateverTheKindOfTheAnswer) {
+TEST_F(SuiteProperties, StringIsTextWhateverTheKindOfTheResult) {
   factory.Object(kShareProps)
       .On(u"GetProperty", Reply(Value()).Writing(1, u"LANGUAGE=chs"))
       .On(u"GetProperty", Reply(Value()).Writing(1, 12))
@@ -60,7 +60,7 @@ TEST_F(SuiteProperties, StringOfTheObjectNothingFails) {
   EXPECT_EQ(ErrorOf([&] { PropertiesString(factory); }), NumberOf(ErrorNumber::ObjectNotSet));
 }
 
-TEST_F(SuiteProperties, GiveTheUserAsANumber) {
+TEST_F(SuiteProperties, ReturnTheUserAsANumber) {
   factory.Object(kShareProps)
       .On(u"GetProperty", Reply(Value()).Writing(1, u" 16394 "))
       .On(u"GetProperty", Reply(Value()).Writing(1, u"morningstar"));
@@ -144,7 +144,7 @@ INSTANTIATE_TEST_SUITE_P(
                       LanguageCase{"OtherSeparator", u"UserID=1,LANGUAGE=cht", "chs"}),
     ::testing::PrintToStringParamName());
 
-TEST(SuitePropertiesFailures, LanguageIsTheBuiltInOneWhenThePropertiesCannotBeHad) {
+TEST(SuitePropertiesFailures, LanguageIsTheBuiltInOneWithoutProperties) {
   FailEachCallInTurn([](int failingCall) {
     CallLog log;
     RecordingFactory factory(log);

@@ -33,7 +33,7 @@ void InPeriod(RecordingFactory& factory, Value year, Value period, std::int32_t 
 
 class SystemProfileTest : public EnvTest {};
 
-TEST_F(SystemProfileTest, AnswersOneSetting) {
+TEST_F(SystemProfileTest, ReturnsOneSetting) {
   SetProperties(factory, u"P=1");
   factory.Object(kProfile).On(u"GetProfile", Reply(u"0"));
   EXPECT_EQ(SystemSetting(factory, u"IC", u"UseShortNumber"), Value(u"0"));
@@ -73,7 +73,7 @@ TEST_F(SystemProfileTest, ConvertsYearAndPeriodToWholeNumbers) {
   EXPECT_EQ(current.period, 0);
 }
 
-TEST_F(SystemProfileTest, RefusesAYearOrPeriodThatIsNoNumber) {
+TEST_F(SystemProfileTest, RefusesAYearOrPeriodThatIsNotANumber) {
   InPeriod(factory, u"", u"3");
   EXPECT_EQ(ErrorOf([&] { ReadYearAndPeriod(factory, u"IC"); }),
             NumberOf(ErrorNumber::TypeMismatch));

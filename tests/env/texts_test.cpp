@@ -10,7 +10,7 @@ namespace {
 
 using namespace pricedown::testing;
 
-TEST(Quoting, DoublesTrimsAndEnclosesAsAsked) {
+TEST(Quoting, DoublesTrimsAndEnclosesAsRequested) {
   EXPECT_EQ(Utf8(QuoteText(u" it's ", false, false)), " it''s ");
   EXPECT_EQ(Utf8(QuoteText(u" it's ", true, false)), "it''s");
   EXPECT_EQ(Utf8(QuoteText(u" it's ", false, true)), "' it''s '");
@@ -88,7 +88,7 @@ TEST(SettingsText, OfOneEntryHasNoSeparator) {
 
 TEST(SettingsText, OfNoEntriesIsEmpty) { EXPECT_TRUE(BuildSettings({}, u";").empty()); }
 
-TEST(SettingsText, ReadsBackWhatWasBuilt) {
+TEST(SettingsText, RestoresWhatWasBuilt) {
   const std::u16string text = BuildSettings({{u"a", u"1"}, {u"b", u""}, {u"c", u"3=4"}}, u"; ");
   EXPECT_EQ(Utf8(SettingsEntry(text, u"a", u"; ")), "1");
   EXPECT_EQ(Utf8(SettingsEntry(text, u"b", u"; ")), "");

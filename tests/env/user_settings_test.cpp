@@ -61,12 +61,12 @@ TEST_F(UserSettings, AreBooleansWhenTheDefaultIsOne) {
   EXPECT_EQ(ReadUserSetting(factory, u"Host", u"key", u"True"), Value(u"False"));
 }
 
-TEST_F(UserSettings, GiveAnEmptyTextForAnEmptyValue) {
+TEST_F(UserSettings, ReturnAnEmptyTextForAnEmptyValue) {
   HasProfile(factory, Reply(Null{}));
   EXPECT_EQ(ReadUserSetting(factory, u"Host", u"key", u"gc0"), Value(u""));
 }
 
-TEST_F(UserSettings, GiveTheDefaultForAValueThatCannotBeConverted) {
+TEST_F(UserSettings, ReturnTheDefaultForAValueThatCannotBeConverted) {
   HasProfile(factory, Reply(u"perhaps"));
   EXPECT_EQ(ReadUserSetting(factory, u"Host", u"key", true), Value(true));
   RecordingFactory other(log);
@@ -75,19 +75,19 @@ TEST_F(UserSettings, GiveTheDefaultForAValueThatCannotBeConverted) {
   EXPECT_EQ(factory.LiveObjects() + other.LiveObjects(), 0);
 }
 
-TEST_F(UserSettings, GiveTheDefaultWhenThereIsNoDictionary) {
+TEST_F(UserSettings, ReturnTheDefaultWithoutADictionary) {
   factory.Object(kUserProfile).On(u"Load", Reply(Value())).On(u"Dictionary", Reply(nullptr));
   EXPECT_EQ(ReadUserSetting(factory, u"Host", u"key", u"gc0"), Value(u"gc0"));
 }
 
-TEST_F(UserSettings, GiveTheDefaultWhenTheSuiteHasNoProfile) {
+TEST_F(UserSettings, ReturnTheDefaultWhenTheSuiteHasNoProfile) {
   factory.Refuses(kUserProfile);
   EXPECT_EQ(ReadUserSetting(factory, u"Host", u"key", u"gc0"), Value(u"gc0"));
   EXPECT_EQ(ErrorOf([&] { SaveUserSetting(factory, u"Host", u"key", u"gi01"); }),
             NumberOf(ErrorNumber::CannotCreateObject));
 }
 
-TEST(UserSettingsFailures, GiveTheDefaultWhicheverCallFails) {
+TEST(UserSettingsFailures, ReturnTheDefaultWhicheverCallFails) {
   FailEachCallInTurn([](int failingCall) {
     CallLog log;
     RecordingFactory factory(log);
@@ -149,7 +149,7 @@ TEST_F(UserNumbers, ComeFromTheFirstOfSeveralRows) {
   EXPECT_EQ(ReadFrom(Rows({u"FValue"}, {{u"9"}, {u"18"}})), 9);
 }
 
-TEST_F(UserNumbers, AreAskedForWithDoubledQuotes) {
+TEST_F(UserNumbers, AreQueriedWithDoubledQuotes) {
   AnswerStatement(factory,
                   u"Select FValue From t_UserSetting Where FUserID=-1 And FCategory='ZEP_APFC' "
                   u"And FKey ='it''s'",

@@ -10,7 +10,7 @@
 namespace pricedown::testing {
 namespace {
 
-TEST(NodeCollection, HoldsNeitherKeyNorNodeThatItHasNoMemoryFor) {
+TEST(NodeCollection, HoldsNeitherKeyNorNodeAfterAnAllocationFailure) {
   // Too long to be stored without an allocation.
   constexpr std::u16string_view kKey = u"gi01.02.03.04.05";
   int failures = 0;

@@ -14,7 +14,7 @@ using ::testing::Not;
 
 class AwkwardClasses : public ControlOnCompany {};
 
-TEST_F(AwkwardClasses, AreOneForTheDatabaseWhenTheirNumbersDifferInCaseOnly) {
+TEST_F(AwkwardClasses, AreEqualForTheDatabaseWhenTheirNumbersDifferInCaseOnly) {
   InsertClass(u"a1", u"小写", {6});
   Open();
   Select(u"a1");
@@ -89,7 +89,7 @@ TEST_F(HostsOwnCalls, AskForNoRight) {
   EXPECT_THAT(Messages(), Not(HasSubstr("没有权限")));
 }
 
-TEST_F(HostsOwnCalls, AddAClassAlsoWhereProvisionsAreKeptByItem) {
+TEST_F(HostsOwnCalls, AddAClassEvenWhereProvisionsAreKeptByItem) {
   suite_->SetProfile(u"IC", u"PriceDownPrepare", u"2");
   Open();
   editor.whileShown = [&] {

@@ -156,7 +156,7 @@ TEST_F(BrowserOnSample, ListsAllItemsUnderABareRootWhenKeptByItem) {
   EXPECT_NE(std::string::npos, log_.Text().find("view button 2 off"));
 }
 
-TEST_F(BrowserOnSample, ReselectsTheNodeOfTheLastTimePerMode) {
+TEST_F(BrowserOnSample, ReselectsTheLastNodePerMode) {
   Open();
   Click(u"gi03");
   Open(u"其他窗口");

@@ -175,7 +175,7 @@ INSTANTIATE_TEST_SUITE_P(
         GuardCase{"VoucherAndLaterAmount", 2008, 4, 5, true, false, true, true, kClassVoucher, ""}),
     [](const auto& test) { return std::string(test.param.name); });
 
-TEST_F(ControlOnCompany, RemovesTheItemsThatMayGoAndNamesTheOneThatMayNot) {
+TEST_F(ControlOnCompany, RemovesTheRemovableItemsAndNamesTheOther) {
   AddProvision(2, 2008, 1, 5);
   AddProvision(1, 2008, 3, 5);
   AddProvision(3, 2008, 3, 6);

@@ -97,7 +97,7 @@ class FailingCalls : public ControlOnCompany {
   int failures_ = 0;
 };
 
-TEST_F(FailingCalls, LeaveASaveUndoneAndAnotherOneWorks) {
+TEST_F(FailingCalls, LeaveASaveUndoneAndTheNextOneWorks) {
   const std::string after =
       "A1|材料|1|1051|5711|1023|1281.1|8.25\n"
       "A1|材料|2|1051|5711|1023|1281.1|8.25\n"

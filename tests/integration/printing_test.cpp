@@ -46,7 +46,7 @@ TEST_F(PrintingOnCompany, PrintsAPriceThatWasTypedIntoTheGrid) {
   EXPECT_EQ(last.alignment, pricedown::TextAlignment::Right);
 }
 
-TEST_F(PrintingOnCompany, PrintsTheTitlesAloneOfTheRoot) {
+TEST_F(PrintingOnCompany, PrintsOnlyTheTitlesForTheRoot) {
   Open();
   treeView.selected = 1;
   control->NodeClicked(1);

@@ -55,13 +55,13 @@ TEST_F(CandidateListOnItems, DatabaseAppliesTheConditionOnAliasX2) {
   EXPECT_EQ("99.02 99.03", Codes(list));
 }
 
-TEST_F(CandidateListOnItems, SearchStaysUnderTheCondition) {
+TEST_F(CandidateListOnItems, SearchKeepsTheCondition) {
   CandidateList list(company_, ItemTable(), u"x2.FItemid not in(900002)");
   SearchAll(list, u"耐磨");
   EXPECT_EQ("99.02", Codes(list));
 }
 
-TEST_F(CandidateListOnItems, RefusedConditionIsTheDatabasesError) {
+TEST_F(CandidateListOnItems, RefusedConditionReturnsTheDatabasesError) {
   try {
     CandidateList list(company_, ItemTable(), u"x2.FNoSuch=1");
     ADD_FAILURE() << "accepted";
@@ -100,7 +100,7 @@ TEST_F(CandidateListOnItems, EveryWordMustBeFound) {
   EXPECT_EQ(0U, list.Count());
 }
 
-TEST_F(CandidateListOnItems, SignsOfPatternsStandForThemselves) {
+TEST_F(CandidateListOnItems, WildcardsAreLiteral) {
   CandidateList list(company_, ItemTable(), u"x2.FItemID>900000");
   SearchAll(list, u"0%");
   EXPECT_EQ("99.02", Codes(list));
@@ -126,7 +126,7 @@ TEST_F(CandidateListOnItems, RowThatIsGoneIsEmpty) {
   EXPECT_EQ(CandidateRow({u"99.02", u"耐磨衬板100%", u"Q_5"}), list.Row(1));
 }
 
-TEST_F(CandidateListOnItems, TextsAreReadByThePageAndOnce) {
+TEST_F(CandidateListOnItems, TextsAreReadPageByPageAndOnce) {
   CandidateList list(company_, ItemTable(), u"");
   company_.statements.clear();
   for (std::size_t row = 100; row < 128; ++row) list.Row(row);
@@ -134,7 +134,7 @@ TEST_F(CandidateListOnItems, TextsAreReadByThePageAndOnce) {
   EXPECT_EQ(1U, company_.statements.size());
 }
 
-TEST_F(CandidateListOnItems, FailedStepCanBeTakenAgain) {
+TEST_F(CandidateListOnItems, FailedStepCanBeRepeated) {
   CandidateList list(company_, ItemTable(), u"");
   list.Search(u"耐磨");
   list.Advance();
@@ -178,7 +178,7 @@ TEST(CandidateListOnManyItems, SearchGrowsInTheOrderOfCodesUntilItIsComplete) {
             before);
 }
 
-TEST(CandidateListOnManyItems, GoingOnWithTheTextFindsTheSameAsAFreshSearch) {
+TEST(CandidateListOnManyItems, ExtendingTheTextFindsTheSameAsANewSearch) {
   PickerCompany company(Large(20000));
   CandidateList typed(company, ItemTable(), u"");
   // The next key interrupts the search at different points.
@@ -200,7 +200,7 @@ TEST(CandidateListOnManyItems, GoingOnWithTheTextFindsTheSameAsAFreshSearch) {
   EXPECT_EQ(Found(fresh), Found(typed));
 }
 
-TEST(CandidateListOnManyItems, GoingOnSearchesOnlyWhatWasFound) {
+TEST(CandidateListOnManyItems, ExtendingTheTextSearchesOnlyTheRowsFound) {
   PickerCompany company(Large(20000));
   CandidateList list(company, ItemTable(), u"");
   SearchAll(list, u"钢");

@@ -14,7 +14,7 @@ std::string Words(std::u16string_view text) {
   return joined;
 }
 
-TEST(SearchWords, AreSeparatedByBlanksAlsoFullWidthOnes) {
+TEST(SearchWords, AreSeparatedByBlanksIncludingFullWidthOnes) {
   EXPECT_EQ("<螺栓><M8>", Words(u"  螺栓\u3000M8\t "));
   EXPECT_EQ("", Words(u" \u3000"));
 }
@@ -23,7 +23,7 @@ TEST(SearchWords, EndAtInvisibleCharacters) {
   EXPECT_EQ("<a><b>", Words(std::u16string_view(u"a\0b\n", 4)));
 }
 
-TEST(PickerStatements, AccountsHaveNoConditionByThemselves) {
+TEST(PickerStatements, AccountsHaveNoConditionByDefault) {
   EXPECT_EQ("SELECT x1.FAccountID FROM t_account x1 ORDER BY x1.FNumber,x1.FAccountID",
             Utf8FromUtf16(IdsStatement(AccountTable(), u"")));
 }
@@ -43,7 +43,7 @@ TEST(PickerStatements, RowsAreReadByTheirIds) {
       Utf8FromUtf16(RowsStatement(ItemTable(), ids)));
 }
 
-TEST(PickerStatements, NeighbouringIdsAreSearchedAsAStretch) {
+TEST(PickerStatements, ConsecutiveIdsAreSearchedAsARange) {
   const std::vector<std::int32_t> ids{3, 4, 6};
   const std::vector<std::u16string> words{u"M8"};
   EXPECT_EQ(

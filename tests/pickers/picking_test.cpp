@@ -45,14 +45,14 @@ TEST_F(PickingItems, SecondToggleRevertsTheChoice) {
   EXPECT_EQ(Ids({900002}), picking.Answer(0));
 }
 
-TEST_F(PickingItems, AnswerWithoutChoicesIsTheCurrentRow) {
+TEST_F(PickingItems, ResultWithoutChoicesIsTheCurrentRow) {
   const Picking picking = Open(true);
   EXPECT_EQ(Ids({900002}), picking.Answer(1));
   EXPECT_EQ(Ids(), picking.Answer(std::nullopt));
   EXPECT_EQ(Ids(), picking.Answer(3));
 }
 
-TEST_F(PickingItems, AllFoundAreChosenAndThenTakenBack) {
+TEST_F(PickingItems, AllFoundAreChosenAndThenCleared) {
   Picking picking = Open(true);
   picking.Toggle(2);
   picking.List().Search(u"衬");
@@ -62,14 +62,14 @@ TEST_F(PickingItems, AllFoundAreChosenAndThenTakenBack) {
   EXPECT_EQ(Ids({900003}), picking.Answer(std::nullopt));
 }
 
-TEST_F(PickingItems, AllCanBeTakenBackAtOnce) {
+TEST_F(PickingItems, AllCanBeClearedAtOnce) {
   Picking picking = Open(true);
   picking.ToggleAllFound();
   picking.ClearChosen();
   EXPECT_EQ(0U, picking.ChosenCount());
 }
 
-TEST_F(PickingItems, TextsTellWhatIsShown) {
+TEST_F(PickingItems, TextsDescribeTheList) {
   Picking picking = Open(false);
   EXPECT_EQ("共 3 种物料", Utf8FromUtf16(picking.FoundText()));
   EXPECT_EQ("", Utf8FromUtf16(picking.ChosenText()));
@@ -92,7 +92,7 @@ TEST(PickingManyItems, RefusesMoreThanTheLimitAndChangesNothing) {
   EXPECT_EQ("共 10,001 种物料", Utf8FromUtf16(picking.FoundText()));
 }
 
-TEST(PickingManyItems, FirstRowIsFoundWithoutSearchingOn) {
+TEST(PickingManyItems, FirstRowIsFoundWithoutFurtherSearch) {
   CompanyFilePlan plan;
   plan.large = LargeCompanyPlan{1, 20000, 20};
   PickerCompany company(plan);

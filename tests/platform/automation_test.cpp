@@ -79,7 +79,7 @@ TEST(AutomationObject, LetsTheCalleeWriteToArgumentsByReference) {
   EXPECT_EQ(answer, Value(u"written"));
 }
 
-TEST(RequireObject, AnswersTheObjectOfAValue) {
+TEST(RequireObject, ReturnsTheObjectOfAValue) {
   RecordingFactory factory{CallLog()};
   const ObjectPtr object = factory.NewObject(u"Rows");
   EXPECT_EQ(RequireObject(object, u"Rows"), object);

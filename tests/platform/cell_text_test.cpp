@@ -37,7 +37,7 @@ TEST(ViewOf, FollowsReferences) {
   EXPECT_EQ(view.text.data(), target.Text().data());
 }
 
-TEST(ViewOf, LeavesOtherKindsToTheirOwner) {
+TEST(ViewOf, ReportsOtherKindsAsOther) {
   EXPECT_EQ(ViewOf(Value(nullptr)).kind, CellView::Kind::Other);
   EXPECT_EQ(ViewOf(true).kind, CellView::Kind::Other);
   EXPECT_EQ(ViewOf(Date{1}).kind, CellView::Kind::Other);

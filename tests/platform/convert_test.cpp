@@ -104,7 +104,7 @@ TEST(ToDouble, ReturnsTheNumberOfEachKind) {
   EXPECT_EQ(ToDouble(Value::ByReference(target)), 7);
 }
 
-TEST(ToDouble, FailsForWhatIsNoNumber) {
+TEST(ToDouble, FailsForNonNumbers) {
   EXPECT_EQ(FailureOf([] { ToDouble(Null{}); }), kTypeMismatch);
   EXPECT_EQ(FailureOf([] { ToDouble(Missing{}); }), kTypeMismatch);
   EXPECT_EQ(FailureOf([] { ToDouble(u""); }), kTypeMismatch);
@@ -197,7 +197,7 @@ TEST(ToBoolean, ConvertsBooleansNumbersAndTheirTexts) {
   EXPECT_TRUE(ToBoolean(Value::ByReference(target)));
 }
 
-TEST(ToBoolean, FailsForWhatIsNeither) {
+TEST(ToBoolean, FailsForOtherValues) {
   EXPECT_EQ(FailureOf([] { ToBoolean(Null{}); }), kTypeMismatch);
   EXPECT_EQ(FailureOf([] { ToBoolean(u"是"); }), kTypeMismatch);
   EXPECT_EQ(FailureOf([] { ToBoolean(u""); }), kTypeMismatch);

@@ -97,7 +97,7 @@ TEST(LocalObject, RefusesAMemberUsedInAWayItDoesNotAllow) {
   EXPECT_EQ(FailureOf([&] { counter.Get(u"Step"); }), "80020003 成员不能这样使用: Step");
 }
 
-TEST(LocalObject, RefusesIdsThatItDidNotGive) {
+TEST(LocalObject, RefusesUnknownIds) {
   Counter counter;
   EXPECT_EQ(FailureOf([&] { counter.Invoke(5, Access::Call, {}); }),
             "80020003 对象没有此编号的成员");

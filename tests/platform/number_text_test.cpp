@@ -56,7 +56,7 @@ INSTANTIATE_TEST_SUITE_P(
         NumberTextCase{"NotANumber", std::numeric_limits<double>::quiet_NaN(), "1.#QNAN"}),
     CaseName<NumberTextCase>);
 
-TEST(NumberText, WritesWholeNumbersAsTheyAre) {
+TEST(NumberText, WritesWholeNumbersInFull) {
   EXPECT_EQ(Utf8(NumberText(std::int32_t{0})), "0");
   EXPECT_EQ(Utf8(NumberText(std::int32_t{-2147483647 - 1})), "-2147483648");
   EXPECT_EQ(Utf8(NumberText(std::int32_t{2147483647})), "2147483647");
@@ -118,7 +118,7 @@ TEST(NumberText, StaysTheSameWhenReadAndWrittenAgain) {
   }
 }
 
-TEST(NumberText, WritesEveryPercentageOfFourDecimalsAsItIsWritten) {
+TEST(NumberText, WritesEveryPercentageOfFourDecimalsExactly) {
   for (int number = 0; number <= 1000000; number += 7) {
     char expected[20];
     std::snprintf(expected, sizeof expected, "%d.%04d", number / 10000, number % 10000);

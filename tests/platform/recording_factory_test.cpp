@@ -177,7 +177,7 @@ TEST(RecordingObject, OutlivesItsFactoryAndLog) {
   EXPECT_EQ(object->Get(u"Get"), Value(1));
 }
 
-TEST(FailEachCallInTurn, RunsUndisturbedFirstAndThenOncePerCall) {
+TEST(FailEachCallInTurn, RunsWithoutFailuresFirstAndThenOncePerCall) {
   std::vector<int> runs;
   FailEachCallInTurn([&runs](int failingCall) {
     runs.push_back(failingCall);

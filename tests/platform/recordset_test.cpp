@@ -30,7 +30,7 @@ TEST_F(RecordsetTest, IsCreatedOnTheClientSide) {
       )"));
 }
 
-TEST_F(RecordsetTest, CallsTheMembersThatItIsNamedFor) {
+TEST_F(RecordsetTest, CallsTheMembersOfTheSameNames) {
   factory.Object(u"RS")
       .On(u"RecordCount", 3)
       .On(u"EOF", false)
@@ -181,7 +181,7 @@ TEST_F(RecordsetTest, FailsWithoutAnObject) {
   EXPECT_EQ(FailureOf([&] { nothing.SetFilter(u""); }), failure);
 }
 
-TEST_F(RecordsetTest, NamesTheFieldThatAnswersNoObject) {
+TEST_F(RecordsetTest, NamesTheFieldThatReturnsNoObject) {
   factory.Object(u"RS").On(u"Fields", factory.Answering(u"Fields"));
   factory.Object(u"Fields").On(u"", Value());
   EXPECT_EQ(FailureOf([&] { NewRecordset().Field(u"FName"); }), "800A005B 未设置对象: FName");

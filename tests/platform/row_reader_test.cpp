@@ -62,7 +62,7 @@ INSTANTIATE_TEST_SUITE_P(Way, RowReaderTest,
                                            WayCase{"FieldByField", false}),
                          CaseName<WayCase>);
 
-TEST_P(RowReaderTest, AnswersTheAskedFieldsInTheAskedOrder) {
+TEST_P(RowReaderTest, ReturnsTheRequestedFieldsInTheRequestedOrder) {
   const Recordset recordset =
       Answer(Rows({u"FItemID", u"FNumber", u"FName"}, {{1, u"01", u"甲"}, {2, u"02", Null{}}}));
   RowReader reader(recordset, {u"fname", u"FItemID"});
@@ -260,7 +260,7 @@ void PrintTo(const LackCase& row, std::ostream* stream) { *stream << row.name; }
 
 class RowReaderFallback : public ::testing::TestWithParam<LackCase> {};
 
-TEST_P(RowReaderFallback, ReadsFieldByFieldWhenGetRowsIsDeclaredButLacking) {
+TEST_P(RowReaderFallback, ReadsFieldByFieldWhenGetRowsIsDeclaredButMissing) {
   RecordingFactory factory{CallLog()};
   factory.Object(u"RS")
       .On(u"EOF", false)
@@ -287,7 +287,7 @@ TEST_F(RowReaderCalls, PassesOnOtherFailuresOfGetRows) {
   EXPECT_FALSE(reader.Next());
 }
 
-TEST_F(RowReaderCalls, RefusesAnAnswerThatIsNoBlockOfTheAskedColumns) {
+TEST_F(RowReaderCalls, RefusesAResultThatIsNotABlockOfTheRequestedColumns) {
   const CellBlockPtr narrow =
       std::make_shared<MemoryBlock>(1, std::vector<std::vector<Value>>{{Value(1)}});
   factory.Object(u"RS")

@@ -97,7 +97,7 @@ TEST_F(TextBlocksTest, LeavesTheRecordsetWhereBlocksOfCellsWouldLeaveIt) {
   }
 }
 
-TEST_F(TextBlocksTest, IsNotUsedForReadersThatTellNullFromEmpty) {
+TEST_F(TextBlocksTest, IsNotUsedForReadersThatDistinguishNullFromEmpty) {
   const Recordset recordset = Answer(NumberedRows(kRows));
   RowReader reader(recordset, {u"FNumber"});
   while (reader.Next()) continue;
@@ -147,7 +147,7 @@ TEST_F(TextBlocksTest, LosesAndRepeatsNoRowWhenACallFails) {
 // A block, and two rows of the next.
 constexpr int kRowsOfTwo = kRowsPerBlock + 2;
 
-TEST_F(TextBlocksTest, AnswersRowsUntilAllAreRead) {
+TEST_F(TextBlocksTest, ReturnsRowsUntilAllAreRead) {
   const Recordset recordset = Answer(NumberedRows(kRowsOfTwo));
   std::optional<TextBlocks> blocks = TextBlocks::Of(recordset, {u"FName", u"FNumber"});
   ASSERT_TRUE(blocks);
@@ -188,7 +188,7 @@ class Misanswering : public AutomationObject {
   Value answer_;
 };
 
-TEST_F(TextBlocksTest, IsNotUsedWhereTheRecordsetDoesNotKnowItsPlaceOrItsCount) {
+TEST_F(TextBlocksTest, IsNotUsedForRecordsetsWithoutPositionOrCount) {
   for (const char16_t* const member : {u"AbsolutePosition", u"RecordCount"}) {
     const auto rows = NumberedRows(kRowsOfTwo);
     ExpectRows(Recordset(std::make_shared<Misanswering>(Answer(rows).Object(), member, -1)), rows);
@@ -196,7 +196,7 @@ TEST_F(TextBlocksTest, IsNotUsedWhereTheRecordsetDoesNotKnowItsPlaceOrItsCount) 
   EXPECT_EQ(Calls("GetString"), 0);
 }
 
-TEST_F(TextBlocksTest, ReadsTheCellsOfABlockWhoseTextIsNotWhole) {
+TEST_F(TextBlocksTest, ReadsTheCellsOfABlockWhoseTextIsIncomplete) {
   for (const char16_t* const text :
        {u"", u"4096\x1FN4096\x1F名4096", u"4096\x1FN4096\x1F名4096\x1E"}) {
     SCOPED_TRACE(Quoted(text));
@@ -252,7 +252,7 @@ void PrintTo(const DelimiterCase& row, std::ostream* stream) { *stream << row.na
 class TextBlocksDelimiter : public TextBlocksTest,
                             public ::testing::WithParamInterface<DelimiterCase> {};
 
-TEST_P(TextBlocksDelimiter, InACellMakesTheReaderTakeItsBlockCellByCell) {
+TEST_P(TextBlocksDelimiter, InACellMakesTheReaderReadItsBlockCellByCell) {
   for (const std::size_t at : {std::size_t{0}, std::size_t{kRowsPerBlock},
                                std::size_t{kRowsPerBlock * 2 + 3}, std::size_t{kRows - 1}}) {
     SCOPED_TRACE(at);

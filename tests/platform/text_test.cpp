@@ -108,7 +108,7 @@ std::u16string Utf16Of(char32_t character) {
           static_cast<char16_t>(0xDC00 + (rest & 0x3FF))};
 }
 
-TEST(Utf8Conversion, BringsEveryCharacterBack) {
+TEST(Utf8Conversion, RestoresEveryCharacter) {
   for (char32_t character = 0; character <= 0x10FFFF; ++character) {
     if (character == 0xD800) character = 0xE000;
     const std::u16string text = Utf16Of(character);
@@ -122,7 +122,7 @@ TEST(Utf8Conversion, BringsEveryCharacterBack) {
   }
 }
 
-TEST(Utf8Conversion, BringsMixedTextsBack) {
+TEST(Utf8Conversion, RestoresMixedTexts) {
   std::mt19937 random(20080101);
   for (int round = 0; round < 2000; ++round) {
     std::u16string text;

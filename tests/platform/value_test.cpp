@@ -40,13 +40,13 @@ TEST(Value, KeepsTheKindItWasMadeFrom) {
   EXPECT_TRUE(Value::ByReference(target).Is(Value::Kind::Reference));
 }
 
-TEST(Value, CannotBeMadeOfAnUnrelatedPointer) {
+TEST(Value, CannotBeMadeFromAnUnrelatedPointer) {
   EXPECT_FALSE((std::is_constructible_v<Value, const char*>));
   EXPECT_FALSE((std::is_constructible_v<Value, const wchar_t*>));
   EXPECT_FALSE((std::is_constructible_v<Value, AutomationObject*>));
 }
 
-TEST(Value, AnswersItsContent) {
+TEST(Value, ReturnsItsContent) {
   EXPECT_TRUE(Value(true).Boolean());
   EXPECT_EQ(Value(std::int16_t{-7}).Int16(), -7);
   EXPECT_EQ(Value(70000).Int32(), 70000);

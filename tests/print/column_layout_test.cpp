@@ -30,7 +30,7 @@ void PrintTo(const WidthCase& width, std::ostream* stream) { *stream << width.na
 
 class ColumnWidths : public ::testing::TestWithParam<WidthCase> {};
 
-TEST_P(ColumnWidths, AreThoseAskedForOrNarrowedToOneLimit) {
+TEST_P(ColumnWidths, AreAsRequestedOrNarrowedToOneLimit) {
   const WidthCase& width = GetParam();
   std::vector<Tenths> edges{100};
   for (const PlacedColumn& column : PlaceColumns(Content(width.twips), 100, width.available)) {
@@ -58,7 +58,7 @@ INSTANTIATE_TEST_SUITE_P(
         WidthCase{"NoPaper", {1440, 1440}, 0, {100, 100, 100}}),
     CaseName<WidthCase>);
 
-TEST(ColumnLayout, WantsMoreThanAnyPaperWithoutOverflow) {
+TEST(ColumnLayout, NeedsMoreThanAnyPaperWithoutOverflow) {
   EXPECT_EQ(WantedWidth(Content({2147483647, 2147483647, 2147483647, 2147483647, 2147483647,
                                  2147483647, 2147483647})),
             7 * 378792254LL);
@@ -120,7 +120,7 @@ TEST(ColumnLayout, CountsEmptyCellsAsNeither) {
   EXPECT_EQ(NumberColumns({u"a|b|c|", u"||1|", u"| |2|", u"|||"}), "001");
 }
 
-TEST(ColumnLayout, DoesNotTakeTheTitlesForTexts) {
+TEST(ColumnLayout, IgnoresTheTitles) {
   EXPECT_EQ(NumberColumns({u"1|2|3|"}), "000");
   EXPECT_EQ(NumberColumns({}), "000");
 }

@@ -60,7 +60,7 @@ TEST(LedgerContent, RefusesRowsAndColumnsThatItDoesNotHave) {
   EXPECT_EQ(FailureOf([&] { content.SetHeaderLine(0, u"x", {}); }), kNoSuchRowOrColumn);
 }
 
-TEST(LedgerContent, TakesCellsOffARowUntilNoneIsLeft) {
+TEST(LedgerContent, RemovesCellsFromARowUntilNoneIsLeft) {
   std::u16string_view rest = u"01|螺栓||12|";
   EXPECT_EQ(Utf8(TakeCell(rest)), "01");
   EXPECT_EQ(Utf8(TakeCell(rest)), "螺栓");

@@ -6,7 +6,7 @@
 namespace pricedown::testing {
 namespace {
 
-TEST_F(Pages, AreTurnedWhereTheColumnsDoNotFit) {
+TEST_F(Pages, AreLandscapeWhereTheColumnsDoNotFit) {
   Columns({3000, 3000, 3000, 3000});
   Rows({u"A|b|c|d|"});
   const LedgerPages pages = Made();
@@ -26,7 +26,7 @@ TEST_F(Pages, AreTurnedWhereTheColumnsDoNotFit) {
             std::string::npos);
 }
 
-TEST_F(Pages, AreNotTurnedForColumnsThatJustFit) {
+TEST_F(Pages, ArePortraitForColumnsThatJustFit) {
   Columns({9638});  // 1700.03 tenths
   EXPECT_FALSE(Made().IsTurned());
   Columns({9644});  // 1701.09

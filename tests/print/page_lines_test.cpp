@@ -33,7 +33,7 @@ TEST_F(PageLines, LeavesOtherTextsInBracketsAsTheyAre) {
   EXPECT_EQ(Utf8(FillFields(u"&[时间]&[页&&[页]]&", fields_)), "&[时间]&[页&2]&");
 }
 
-TEST_F(PageLines, FillsNoFieldThatAFieldBringsIn) {
+TEST_F(PageLines, FillsNoFieldInsideAFieldsValue) {
   fields_.date = u"&[页]|x";
   EXPECT_EQ(Placed(u"&[日期]"), "text 3 centre 600,50 in 100,50-1100,90 \"&[页]|x\"\n");
 }
@@ -82,7 +82,7 @@ TEST_F(PageLines, ShortensTheWiderOfTwoSectionsThatWouldMeet) {
                                             std::string(22, 'w') + "…\"\n");
 }
 
-TEST_F(PageLines, DropsASectionThatHasNoRoomForItsEllipsis) {
+TEST_F(PageLines, DropsASectionTooNarrowForAnEllipsis) {
   EXPECT_EQ(Placed(u"wide|b|wide", 190), "text 3 centre 145,50 in 130,50-160,90 \"b\"\n");
 }
 

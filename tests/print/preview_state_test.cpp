@@ -105,7 +105,7 @@ TEST_F(Preview, KeepsTheMiddleWhenItZooms) {
   EXPECT_EQ(state_.ScrollY(), 716 - 262);
 }
 
-TEST_F(Preview, ScrollsNoFurtherThanThereIsSomethingToSee) {
+TEST_F(Preview, ScrollsNoFurtherThanTheContent) {
   EXPECT_FALSE(state_.ScrollBy(10, 10));
   state_.SetPercent(100);
   EXPECT_TRUE(state_.ScrollBy(2147483647, 2147483647));
@@ -169,14 +169,14 @@ TEST_F(Preview, StaysAtTheFirstTopAndTheLastBottom) {
   EXPECT_EQ(state_.ScrollY(), 1420);
 }
 
-TEST_F(Preview, TurnsAtOnceWhereAPageIsSeenWhole) {
+TEST_F(Preview, TurnsAtOnceWhereAWholePageIsVisible) {
   state_.Wheel(120);
   EXPECT_EQ(state_.Page(), 2);
   state_.Wheel(-120);
   EXPECT_EQ(state_.Page(), 1);
 }
 
-TEST_F(Preview, StaysOnItsPageWhenPagesAreMadeAnew) {
+TEST_F(Preview, StaysOnItsPageWhenPagesAreRebuilt) {
   state_.GoTo(8);
   state_.SetPages(9, {5080, 2540, {}});
   EXPECT_EQ(state_.Page(), 8);

@@ -49,7 +49,7 @@ class CompanyFile : public ::testing::Test {
   TemporaryFolder folder_;
 };
 
-TEST_F(CompanyFile, HoldsTheSampleCompanyAndNothingLiesBesideIt) {
+TEST_F(CompanyFile, HoldsTheSampleCompanyAndLeavesNoOtherFile) {
   const std::string path = folder_.PathOf("示例.db");
   CreateCompanyFile(path, Plan(5));
   EXPECT_EQ(folder_.Names(), (Names{"示例.db"}));
@@ -58,7 +58,7 @@ TEST_F(CompanyFile, HoldsTheSampleCompanyAndNothingLiesBesideIt) {
   EXPECT_EQ(Rows(company, "PRAGMA integrity_check"), (std::vector<std::string>{"ok"}));
 }
 
-TEST_F(CompanyFile, HoldsACompanyOfTheSizeAsked) {
+TEST_F(CompanyFile, HoldsACompanyOfTheRequestedSize) {
   CreateCompanyFile(folder_.PathOf("大.db"), LargePlan(1234, 56));
   const Database company(folder_.PathOf("大.db"), Database::Mode::ReadOnly);
   const CompanyInfo info = ReadCompanyInfo(company.get());
@@ -123,7 +123,7 @@ TEST_F(CompanyFile, ForceLeavesNoOldLogToBeReplayedIntoTheNewFile) {
   EXPECT_EQ(ContentDigest(company.get()), ContentDigest(SampleCompany(2).get()));
 }
 
-TEST_F(CompanyFile, AFolderIsNoFileToReplace) {
+TEST_F(CompanyFile, AFolderIsNotReplaced) {
   std::filesystem::create_directory(PathFromUtf8(folder_.PathOf("夹")));
   EXPECT_EQ(RefusalOf("夹", Plan(1, true)), "不是普通文件,不能覆盖: " + folder_.PathOf("夹"));
 }
@@ -201,7 +201,7 @@ TEST(CompanyInfo, MissingProfilesAreEmpty) {
   EXPECT_EQ(info.itemClassType, "");
 }
 
-TEST(CompanyInfo, RefusesADatabaseThatIsNoCompany) {
+TEST(CompanyInfo, RefusesADatabaseThatIsNotACompany) {
   const Database other(":memory:", Database::Mode::Create);
   EXPECT_THROW(ReadCompanyInfo(other.get()), SchemaError);
 }

@@ -48,13 +48,13 @@ TEST(Decimal, AcceptsPlainDigitsOnly) {
   }
 }
 
-TEST(TemplateText, CopiesWhatIsNoChoice) {
+TEST(TemplateText, CopiesLiteralText) {
   Random random(1, 1);
   EXPECT_EQ(FillTemplate("螺母 M8", random), "螺母 M8");
   EXPECT_EQ(FillTemplate("", random), "");
 }
 
-TEST(TemplateText, ChoosesEveryAlternativeTheEmptyOneToo) {
+TEST(TemplateText, ChoosesEveryAlternativeIncludingTheEmptyOne) {
   Random random(1, 1);
   std::set<std::string> seen;
   for (int i = 0; i < 100; ++i) seen.insert(FillTemplate("A[甲|乙|]B", random));
@@ -68,7 +68,7 @@ TEST(TemplateText, StepsThroughARange) {
   EXPECT_EQ(seen, (std::set<std::string>{"M4×5", "M7×5", "M10×5"}));
 }
 
-TEST(ItemFamilies, EachHasKindsAndAllKindsHaveAFamily) {
+TEST(ItemFamilies, EachHasKindsAndEveryKindHasAFamily) {
   std::size_t kinds = 0;
   for (const ItemFamily& family : ItemFamilies()) {
     EXPECT_FALSE(KindsOf(family.code).empty()) << family.code;

@@ -53,7 +53,7 @@ TEST_F(ImportingAccounts, AcceptsAParentListedAfterItsSubAccounts) {
             (Texts{"7001.1.1|丙|3|7001.1|1|-1", "7001.1|乙|2|7001|0|-1", "7001|甲|1|-|0|-1"}));
 }
 
-TEST_F(ImportingAccounts, ALineMayStandAgainstItsParentsDirection) {
+TEST_F(ImportingAccounts, ALineMayDifferFromItsParentsDirection) {
   EXPECT_EQ(Import("code,name,direction\n1471.50,抵减,借\n").accounts, 1);
   EXPECT_EQ(Added(), (Texts{"1471.50|抵减|2|1471|1|1"}));
 }
@@ -95,7 +95,7 @@ INSTANTIATE_TEST_SUITE_P(
         BadAccount{"UnknownDirection", "7002,乙,左", "余额方向必须是\"借\"或\"贷\":左"}),
     [](const auto& each) { return each.param.name; });
 
-TEST_F(ImportingAccounts, ProblemsOfBothPassesComeInLineOrder) {
+TEST_F(ImportingAccounts, ProblemsOfBothPassesAreListedInLineOrder) {
   EXPECT_EQ(Problems("code,name\n8001.1,甲\n,乙\n8002.1,丙\n"),
             (Texts{"科目.csv:2: 上级科目不存在:8001", "科目.csv:3: 科目代码不能为空",
                    "科目.csv:4: 上级科目不存在:8002"}));

@@ -59,7 +59,7 @@ TEST_F(ImportingAtomically, ABadAccountUndoesGoodItems) {
   EXPECT_EQ(Digest(), before);
 }
 
-TEST_F(ImportingAtomically, ProblemsOfItemsComeBeforeThoseOfAccounts) {
+TEST_F(ImportingAtomically, ProblemsOfItemsAreListedBeforeThoseOfAccounts) {
   const auto result = ImportCsv(company_.get(), Items(",甲,1\n"), Accounts(",乙\n"));
   ASSERT_EQ(result.problems.size(), 2U);
   EXPECT_EQ(result.problems[0].file, "items.csv");
@@ -83,7 +83,7 @@ TEST_F(ImportingAtomically, ARefusedImportCanBeRepeatedWhenCorrected) {
   EXPECT_EQ(ImportCsv(company_.get(), Items("90.1,甲,1\n"), std::nullopt).items, 1);
 }
 
-TEST(ImportCsv, RefusesADatabaseThatIsNoCompany) {
+TEST(ImportCsv, RefusesADatabaseThatIsNotACompany) {
   const Database other(":memory:", Database::Mode::Create);
   EXPECT_THROW(ImportCsv(other.get(), CsvFile{"a.csv", "code,name\n1,a\n"}, std::nullopt),
                SchemaError);

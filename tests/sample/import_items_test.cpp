@@ -63,7 +63,7 @@ TEST_F(ImportingItems, TrimsCodesAndNumbersButNotNames) {
   EXPECT_EQ(Added(), (Texts{"6|90.1| 端盖 |NULL|NULL|3||1.5|NULL"}));
 }
 
-TEST_F(ImportingItems, PassesOverBlankLinesAndLinesOfCommas) {
+TEST_F(ImportingItems, SkipsBlankLinesAndLinesOfCommas) {
   EXPECT_EQ(Import("代码,名称\n\n90.1,端盖\n,\n \n").items, 1);
 }
 

@@ -17,7 +17,7 @@ class SqliteHandle : public ::testing::Test {
   Database database_{":memory:", Database::Mode::Create};
 };
 
-TEST_F(SqliteHandle, BindsEveryKindOfValueAsItself) {
+TEST_F(SqliteHandle, BindsEveryKindOfValueUnconverted) {
   Statement insert(database_.get(), "INSERT INTO t(a,b) VALUES(?,typeof(?1))");
   insert.Run(7);
   insert.Run(std::int64_t{1} << 40);

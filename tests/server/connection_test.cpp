@@ -76,7 +76,7 @@ TEST_F(ServerConnection, RollsATransactionBackUnlessItIsCommitted) {
   EXPECT_EQ(Number(*Open(), "SELECT count(*) FROM t"), 1);
 }
 
-TEST_F(ServerConnection, SaysWhatIsWrongWithALoginAndNeverThePassword) {
+TEST_F(ServerConnection, ReportsALoginFailureWithoutThePassword) {
   const std::string wrong = FailureOf(PostgresServer::WithPassword(database_, "Falsch-0815"));
   EXPECT_NE(wrong.find("password authentication failed"), std::string::npos) << wrong;
   EXPECT_EQ(wrong.find("Falsch-0815"), std::string::npos) << wrong;
@@ -99,7 +99,7 @@ TEST_F(ServerConnection, TakesConnectionStringsInAnyOrderCaseAndSpacing) {
   }
 }
 
-TEST_F(ServerConnection, MakesALostConnectionAnewBeforeTheNextText) {
+TEST_F(ServerConnection, ReconnectsALostConnectionBeforeTheNextText) {
   const auto connection = Open();
   Execute(*connection, "CREATE TABLE t(a INTEGER)");
   server_->CutConnections();
@@ -107,7 +107,7 @@ TEST_F(ServerConnection, MakesALostConnectionAnewBeforeTheNextText) {
   EXPECT_EQ(Number(*connection, "SELECT count(*) FROM t"), 1);
 }
 
-TEST_F(ServerConnection, ComesBackWithTheServer) {
+TEST_F(ServerConnection, RecoversWithTheServer) {
   const auto connection = Open();
   server_->Stop();
   for (int i = 0; i < 2; ++i) {
@@ -133,7 +133,7 @@ TEST_F(ServerConnection, NeverSendsATextTwiceBecauseTheConnectionWasLost) {
   EXPECT_EQ(Number(*connection, "SELECT count(*) FROM t"), 1);
 }
 
-TEST_F(ServerConnection, IsNotMadeAnewInsideATransaction) {
+TEST_F(ServerConnection, DoesNotReconnectInsideATransaction) {
   const auto connection = Open();
   Execute(*connection, "CREATE TABLE t(a INTEGER)");
   {
@@ -146,7 +146,7 @@ TEST_F(ServerConnection, IsNotMadeAnewInsideATransaction) {
   EXPECT_EQ(Number(*connection, "SELECT count(*) FROM t"), 0);
 }
 
-TEST_F(ServerConnection, GivesUpALoginThatIsNotAnswered) {
+TEST_F(ServerConnection, GivesUpALoginWithoutAReply) {
   server_->Freeze();
   ConnectOptions options;
   options.loginTimeout = seconds(2);

@@ -19,7 +19,7 @@ class ConnectionTest : public ::testing::Test {
   RecordingFactory factory{log};
 };
 
-TEST_F(ConnectionTest, SendsTheTextWholeAndReleasesTheObject) {
+TEST_F(ConnectionTest, SendsTheWholeTextAndReleasesTheObject) {
   AnswerStatement(factory, u"select FNumber from t_account\r\n", Rows({u"FNumber"}, {{u"1231"}}));
   {
     Connection connection(factory);
@@ -45,7 +45,7 @@ TEST_F(ConnectionTest, SendsSeveralTextsThroughOneObject) {
   EXPECT_EQ(log.Count("create ZEPConnection.AppConnection"), 1u);
 }
 
-TEST_F(ConnectionTest, AnswersNoRecordsetWhenTheStatementHasNone) {
+TEST_F(ConnectionTest, ReturnsNoRecordsetWhenTheStatementHasNone) {
   factory.Object(u"ZEPConnection.AppConnection")
       .On(u"Execute", Reply(nullptr))
       .On(u"Execute", Reply(Value()));

@@ -118,7 +118,7 @@ TEST(Save, IsOneTextOfADeleteAndAnInsertPerItem) {
             "1051,'5711',1023,'1231.1',12.5)\r\n");
 }
 
-TEST(StatementValues, ArePutInWithoutDoublingTheirQuotes) {
+TEST(StatementValues, AreInsertedWithoutDoublingTheirQuotes) {
   EXPECT_EQ(ToUtf8(DeleteClass(u"o'1")),
             "delete from icPriceDownClass where FItemClassNumber='o'1'");
   EXPECT_EQ(ToUtf8(AccountId(u"12'31")), "SELECT FAccountID FROM t_account WHERE FNumber='12'31'");

@@ -137,7 +137,7 @@ class AskedLookups : public Lookups {
   AskingPickers* asking_;
 };
 
-TEST_F(AskedLookups, PickersBehindAnEmptyQueueAreAsked) {
+TEST_F(AskedLookups, PickersAreShownWhenTheQueueIsEmpty) {
   view_->Call(u"AccountLookup", {u"14"});
   EXPECT_EQ("14", pricedown::ToUtf8(asking_->asked));
   EXPECT_EQ("True",
@@ -151,12 +151,12 @@ TEST_F(AskedLookups, QueuedAnswersComeBeforeTheOtherPickers) {
   EXPECT_EQ("", pricedown::ToUtf8(asking_->asked));
 }
 
-TEST_F(AskedLookups, OneItemIsAskedForUnlessSeveralAreAllowed) {
+TEST_F(AskedLookups, OneItemIsRequestedUnlessSeveralAreAllowed) {
   LookUpUnder(u"x2.FItemid=12", Value());
   EXPECT_EQ("x2.FItemid=12 one", pricedown::ToUtf8(asking_->asked));
 }
 
-TEST_F(AskedLookups, RefusedConditionIsAnErrorInTheDatabasesWords) {
+TEST_F(AskedLookups, RefusedConditionReturnsTheDatabasesErrorText) {
   try {
     LookUpUnder(u"x2.FNoSuch=1", Parameters());
     ADD_FAILURE() << "accepted";

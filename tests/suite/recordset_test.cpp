@@ -147,7 +147,7 @@ class QueryRows : public SuiteFixture {
   }
 };
 
-TEST_F(QueryRows, AnswerOfAQueryStandsOnItsFirstRowAndCountsExactly) {
+TEST_F(QueryRows, QueryResultStartsOnItsFirstRowWithAnExactCount) {
   Execute(
       u"INSERT INTO t_account(FAccountID,FNumber,FLevel,FParentID,FDetail,FDC)"
       u"VALUES(7,'1231.10',1,0,1,1)"
@@ -163,13 +163,13 @@ TEST_F(QueryRows, AnswerOfAQueryStandsOnItsFirstRowAndCountsExactly) {
   EXPECT_TRUE(rows.AtEnd());
 }
 
-TEST_F(QueryRows, AnswerOfAStatementWithoutRowsIsClosed) {
+TEST_F(QueryRows, ResultOfAStatementWithoutRowsIsClosed) {
   const auto rows = Execute(u"delete from icPriceDownClass where FItemClassNumber='x'");
   EXPECT_EQ("0", Readable(rows.Object()->Get(u"State")));
   EXPECT_EQ(Number(ErrorNumber::ObjectClosed), ErrorOf([&] { rows.RecordCount(); }));
 }
 
-TEST_F(QueryRows, AnswerOfAQueryCannotBeChanged) {
+TEST_F(QueryRows, QueryResultIsReadOnly) {
   suite_->SetProfile(u"IC", u"CurrentYear", u"2008");
   const auto rows = Execute(u"select FValue from t_systemprofile");
   EXPECT_NE(0, ErrorOf([&] { rows.SetField(u"FValue", u"2009"); }));
@@ -177,7 +177,7 @@ TEST_F(QueryRows, AnswerOfAQueryCannotBeChanged) {
   EXPECT_EQ("\"2008\"", Readable(rows.Field(u"FValue")));
 }
 
-TEST_F(QueryRows, AnswerOutlivesItsConnectionAndTheCompany) {
+TEST_F(QueryRows, ResultOutlivesItsConnectionAndTheCompany) {
   suite_->SetProfile(u"IC", u"CurrentYear", u"2008");
   const auto rows = Execute(u"select FValue from t_systemprofile");
   suite_->company.reset();

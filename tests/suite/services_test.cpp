@@ -41,13 +41,13 @@ TEST_F(Services, ExecuteWithoutACompanyFailsWithAClearText) {
   }
 }
 
-TEST_F(Services, OpeningABadCompanyKeepsTheOneBefore) {
+TEST_F(Services, OpeningABadCompanyKeepsThePreviousOne) {
   suite_->SetProfile(u"IC", u"CurrentYear", u"2008");
   EXPECT_THROW(suite_->OpenCompany(u"/no/such/company.db"), AutomationError);
   EXPECT_EQ("\"2008\"", Readable(suite_->Profile(u"IC", u"CurrentYear")));
 }
 
-TEST_F(Services, SystemProfileIgnoresCaseAndAnswersEmptyForWhatIsAbsent) {
+TEST_F(Services, SystemProfileIgnoresCaseAndReturnsEmptyForMissingSettings) {
   suite_->SetProfile(u"IC", u"CurrentYear", u"2008");
   const ObjectPtr profile = Create(u"ZEPEBSBase.SystemProfile");
   EXPECT_EQ("\"2008\"", Readable(profile->Call(u"GetProfile", {u"", u"ic", u"currentyear"})));
@@ -104,7 +104,7 @@ TEST_F(Services, UserProfileKeepsValuesPerUserApplicationAndSection) {
   EXPECT_EQ("\"gc0\"", read(u"Host", u"PriceDown"));
 }
 
-TEST_F(Services, CalendarAnswersTheFirstDayOfAPeriod) {
+TEST_F(Services, CalendarReturnsTheFirstDayOfAPeriod) {
   const ObjectPtr info = Create(u"ZEPCBSSystemData.AisInfo");
   info->Put(u"PropsString", u"LANGUAGE=chs");
   EXPECT_EQ("12", Readable(info->Get(u"CBGetPeriodCount")));

@@ -52,13 +52,13 @@ TEST_P(RecordsetContract, DeletesTheFilteredRowAndShowsTheOthersAfterwards) {
   EXPECT_THAT(ItemIds(recordset), ElementsAre(1, 3));
 }
 
-TEST_P(RecordsetContract, RefusesAFilterThatIsNone) {
+TEST_P(RecordsetContract, RefusesAnInvalidFilter) {
   const Recordset recordset = WithRows(2);
   EXPECT_NE(FailureNumberOf([&] { recordset.SetFilter(u"FNumber='A'01'"); }), 0);
   EXPECT_NE(FailureNumberOf([&] { recordset.SetFilter(u"FModel='A01'"); }), 0);
 }
 
-TEST_P(RecordsetContract, AnswersRowsAsABlockFromTheCurrentRowOn) {
+TEST_P(RecordsetContract, ReturnsRowsAsABlockFromTheCurrentRowOn) {
   const Recordset recordset = WithRows(3);
   recordset.MoveFirst();
   recordset.MoveNext();
@@ -76,7 +76,7 @@ TEST_P(RecordsetContract, AnswersRowsAsABlockFromTheCurrentRowOn) {
   EXPECT_TRUE(recordset.AtEnd());
 }
 
-TEST_P(RecordsetContract, StopsABlockAtTheAskedNumberOfRows) {
+TEST_P(RecordsetContract, EndsABlockAtTheRequestedNumberOfRows) {
   const Recordset recordset = WithRows(3);
   recordset.MoveFirst();
   const Value answer = recordset.Object()->Call(u"GetRows", {2});
@@ -99,7 +99,7 @@ TEST_P(RecordsetContract, HasNoBlockAtItsEnd) {
   EXPECT_EQ(FailureNumberOf([&] { recordset.Object()->Call(u"GetRows"); }), kNoCurrentRecord);
 }
 
-TEST_P(RecordsetContract, AnswersRowsAsOneTextFromTheCurrentRowOn) {
+TEST_P(RecordsetContract, ReturnsRowsAsOneTextFromTheCurrentRowOn) {
   const Recordset recordset = WithRows(3);
   recordset.SetField(u"FNumber", Null{});
   recordset.Update();
@@ -110,7 +110,7 @@ TEST_P(RecordsetContract, AnswersRowsAsOneTextFromTheCurrentRowOn) {
   EXPECT_TRUE(recordset.AtEnd());
 }
 
-TEST_P(RecordsetContract, StopsATextAtTheAskedNumberOfRows) {
+TEST_P(RecordsetContract, EndsATextAtTheRequestedNumberOfRows) {
   const Recordset recordset = WithRows(3);
   recordset.MoveFirst();
   EXPECT_EQ(Utf8(recordset.Object()->Call(u"GetString", {2, 1}).Text()), "1\tA01\t1.5\r");
@@ -122,7 +122,7 @@ TEST_P(RecordsetContract, HasNoTextOfRowsAtItsEnd) {
   EXPECT_EQ(FailureNumberOf([&] { recordset.Object()->Call(u"GetString"); }), kNoCurrentRecord);
 }
 
-TEST_P(RecordsetContract, KnowsThePlaceOfItsCurrentRowAndMovesToAPlace) {
+TEST_P(RecordsetContract, ReportsThePositionOfItsCurrentRowAndMovesToAPosition) {
   const Recordset recordset = WithRows(3);
   const auto place = [&] { return recordset.Object()->Get(u"AbsolutePosition"); };
   EXPECT_EQ(place(), Value(3));
@@ -136,7 +136,7 @@ TEST_P(RecordsetContract, KnowsThePlaceOfItsCurrentRowAndMovesToAPlace) {
   EXPECT_NE(FailureNumberOf([&] { recordset.Object()->Put(u"AbsolutePosition", 0); }), 0);
 }
 
-TEST_P(RecordsetContract, CountsPlacesAmongTheRowsThatAreThere) {
+TEST_P(RecordsetContract, CountsPositionsAmongTheVisibleRows) {
   const Recordset recordset = WithRows(3);
   recordset.MoveFirst();
   recordset.Delete();
@@ -156,7 +156,7 @@ TEST_P(RecordsetContract, ReadsTheFilteredRowsByBlocks) {
   EXPECT_FALSE(reader.Next());
 }
 
-TEST_P(RecordsetContract, OutlivesTheReferenceOfItsMakerThroughItsFields) {
+TEST_P(RecordsetContract, IsKeptAliveByItsFields) {
   Recordset recordset = WithRows(1);
   const ObjectPtr fields = RequireObject(recordset.Object()->Get(u"Fields"), u"Fields");
   recordset.Release();

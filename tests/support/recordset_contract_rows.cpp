@@ -31,7 +31,7 @@ TEST_P(RecordsetContract, DeclaresItsFieldsInTheOrderOfAppending) {
   EXPECT_EQ(fields[2].scale, 4);
 }
 
-TEST_P(RecordsetContract, RefusesAFieldOfANameThatItHas) {
+TEST_P(RecordsetContract, RefusesADuplicateFieldName) {
   const Recordset recordset = Closed();
   EXPECT_NE(
       FailureNumberOf([&] { recordset.AppendField(NullableField(u"fitemid", ado::kInteger)); }), 0);
@@ -113,7 +113,7 @@ TEST_P(RecordsetContract, ReportsAMissingFieldByName) {
   EXPECT_EQ(FailureNumberOf([&] { recordset.SetField(u"FModel", 1); }), kItemNotFound);
 }
 
-TEST_P(RecordsetContract, AnswersAFieldByTheDefaultMembers) {
+TEST_P(RecordsetContract, ReturnsAFieldThroughTheDefaultMembers) {
   const Recordset recordset = WithRows(1);
   const ObjectPtr field = RequireObject(recordset.Object()->Call(u"", {u"FNumber"}), u"FNumber");
   EXPECT_EQ(Utf8(ToText(field->Get(u""))), "A01");
@@ -157,7 +157,7 @@ TEST_P(RecordsetContract, HoldsNothingInFieldsThatWereNotSetOrSetToNull) {
   EXPECT_EQ(recordset.Field(u"FPencentPrepare"), Value(Null{}));
 }
 
-TEST_P(RecordsetContract, KeepsAnEmptyTextApartFromNull) {
+TEST_P(RecordsetContract, DistinguishesAnEmptyTextFromNull) {
   const Recordset recordset = WithRows(1);
   recordset.SetField(u"FNumber", u"");
   EXPECT_EQ(recordset.Field(u"FNumber"), Value(u""));
@@ -219,7 +219,7 @@ TEST_P(RecordsetContract, KeepsABatchOfRows) {
   EXPECT_THAT(ItemIds(recordset), ElementsAre(1, 2, 3));
 }
 
-TEST_P(RecordsetContract, CountsADeletedRowNoMore) {
+TEST_P(RecordsetContract, DoesNotCountADeletedRow) {
   const Recordset recordset = WithRows(3);
   recordset.MoveFirst();
   recordset.MoveNext();

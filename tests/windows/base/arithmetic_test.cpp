@@ -115,7 +115,7 @@ TEST_F(Geometry, FindsTheColumnWithoutWidthAtItsEdge) {
   EXPECT_EQ(geometry_.EdgeAt(155, 4), 3);
 }
 
-TEST_F(Geometry, GivesRowsWhatTheirTextNeeds) {
+TEST_F(Geometry, SizesRowsForTheirText) {
   sheet_.SetRowHeight(4);
   geometry_.Update(sheet_, 96, 15);
   EXPECT_EQ(geometry_.RowHeight(), 17);
@@ -124,7 +124,7 @@ TEST_F(Geometry, GivesRowsWhatTheirTextNeeds) {
   EXPECT_EQ(geometry_.RowHeight(), 17);
 }
 
-TEST_F(Geometry, WidthsSurviveTheWayThroughPixels) {
+TEST_F(Geometry, WidthsSurviveConversionToPixels) {
   EXPECT_EQ(windows::ColumnPixels(12, 96), 120);
   EXPECT_EQ(windows::ColumnPixels(12, 192), 240);
   for (const int dpi : {96, 120, 144, 192}) {

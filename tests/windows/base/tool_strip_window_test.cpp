@@ -47,7 +47,7 @@ TEST(ToolStripWindow, HasTheButtonsInTheirOrder) {
   }
 }
 
-TEST(ToolStripWindow, AClickAsksForTheButtonsRight) {
+TEST(ToolStripWindow, AClickRequestsTheButtonsRight) {
   UiWorld world;
   world.suite.company.grantedMasks = "none";
   world.Start();
@@ -57,7 +57,7 @@ TEST(ToolStripWindow, AClickAsksForTheButtonsRight) {
   EXPECT_EQ(Checks(world, "131072"), 1u);
 }
 
-TEST(ToolStripWindow, DisabledButtonsDoNothingAndLookIt) {
+TEST(ToolStripWindow, DisabledButtonsDoNothingAndLookDisabled) {
   UiWorld world;
   world.suite.company.mode = u"2";
   world.Start();
@@ -92,7 +92,7 @@ TEST(ToolStripWindow, IsOperatedByKeyboard) {
   EXPECT_EQ(Checks(world, "131072"), 1u);
 }
 
-TEST(ToolStripWindow, TheKeyboardPassesDisabledButtonsAndSeparators) {
+TEST(ToolStripWindow, TheKeyboardSkipsDisabledButtonsAndSeparators) {
   UiWorld world;
   world.suite.company.mode = u"2";
   world.Start();
@@ -169,7 +169,7 @@ TEST(ToolStripWindow, SurvivesAHostThatClosesEverythingOnAClick) { CloseByExit(f
 
 TEST(ToolStripWindow, SurvivesAHostThatClosesEverythingOnAKey) { CloseByExit(true); }
 
-TEST(MessageBoxQuestions, TellAndAskOverTheHostsWindow) {
+TEST(MessageBoxQuestions, AreOwnedByTheHostsWindow) {
   UiWorld world;
   world.Start();
   MessageBoxes boxes;

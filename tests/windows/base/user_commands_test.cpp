@@ -33,7 +33,7 @@ class UserCommands : public CommandWorld {
   HWND Editor() const { return GetDlgItem(world_.Grid(), ids::kCellEditor); }
 };
 
-TEST_F(UserCommands, KeysInTreeAndGridAskForTheRightsOfTheStripsButtons) {
+TEST_F(UserCommands, KeysInTreeAndGridRequestTheRightsOfTheStripsButtons) {
   Start();
   for (const HWND window : {world_.Tree(), world_.Grid()}) {
     SetFocus(window);
@@ -88,7 +88,7 @@ TEST_F(UserCommands, KeysOfDisabledCommandsDoNothing) {
   }
 }
 
-TEST_F(UserCommands, KeysWithOtherModifiersAreNoCommands) {
+TEST_F(UserCommands, KeysWithOtherModifiersRunNoCommand) {
   Start();
   for (const HWND window : {world_.Tree(), world_.Grid()}) {
     SetFocus(window);

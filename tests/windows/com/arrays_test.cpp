@@ -155,7 +155,7 @@ TEST(BlockOfTheCore, BecomesAnArrayOfVariants) {
   }
 }
 
-TEST(BlockOverAnArray, GoesOutAsACopyOfTheArray) {
+TEST(BlockOverAnArray, IsPassedAsACopyOfTheArray) {
   SafeArray array = Table(VT_I4);
   LONG number = 4;
   Store(array, 2, 6, &number);

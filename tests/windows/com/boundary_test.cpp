@@ -16,19 +16,19 @@ namespace {
 
 using windows::AtBoundary;
 
-TEST(Boundary, AnswersTheBodysCode) {
+TEST(Boundary, ReturnsTheBodysCode) {
   EXPECT_EQ(AtBoundary([] { return S_FALSE; }), S_FALSE);
   EXPECT_EQ(AtBoundary([] {}), S_OK);
 }
 
-TEST(Boundary, TurnsTheCoresErrorIntoItsNumberAndWords) {
+TEST(Boundary, ConvertsTheCoresErrorIntoNumberAndDescription) {
   EXPECT_EQ(Hexadecimal(
                 AtBoundary([] { throw AutomationError(ErrorNumber::Overflow, u"溢出", u"来源"); })),
             "8002000A");
   EXPECT_EQ(TakeErrorInfo(), "来源: 溢出");
 }
 
-TEST(Boundary, NeverAnswersSuccessForAnException) {
+TEST(Boundary, NeverReturnsSuccessForAnException) {
   EXPECT_EQ(AtBoundary([] { throw AutomationError(0, u"zero"); }), E_FAIL);
   EXPECT_EQ(AtBoundary([] { throw AutomationError(5, u"positive"); }), E_FAIL);
 }
@@ -51,7 +51,7 @@ TEST(Boundary, LeavesNoStaleDescriptionWithAnotherCode) {
   EXPECT_EQ(TakeErrorInfo(), "");
 }
 
-TEST(SystemText, IsANumberWhereTheSystemHasNoWords) {
+TEST(SystemText, IsANumberWhereTheSystemHasNoText) {
   EXPECT_EQ(Utf8(windows::SystemText(static_cast<HRESULT>(0xA1234567))), "0xA1234567");
 }
 

@@ -71,7 +71,7 @@ TEST(CallingAnObject, SetsObjectsByReference) {
   EXPECT_THAT(called.stub->log, ElementsAre("find Member", "7 flags 8 named -3 (Nothing)"));
 }
 
-TEST(CallingAnObject, AnswersItsResult) {
+TEST(CallingAnObject, ReturnsItsResult) {
   Called called([](DISPPARAMS&, VARIANT* result, EXCEPINFO*) {
     *result = Number(12);
     return S_OK;
@@ -145,7 +145,7 @@ TEST(CallingAnObject, UsesErrorInfoWithAPlainCode) {
   EXPECT_EQ(FailureOf([&] { called.object.Call(u"Member"); }), "8007000E 太大");
 }
 
-TEST(CallingAnObject, HasTheSystemsWordsWhereTheServerHasNone) {
+TEST(CallingAnObject, UsesTheSystemsTextWhereTheServerHasNone) {
   Called called([](DISPPARAMS&, VARIANT*, EXCEPINFO*) { return E_ACCESSDENIED; });
   const std::string failure = FailureOf([&] { called.object.Call(u"Member"); });
   EXPECT_EQ(failure.substr(0, 8), "80070005");

@@ -60,7 +60,7 @@ TEST_F(CallingUs, PutsTakeTheirNamedArgument) {
   EXPECT_EQ(object->lastAccess, Access::Put);
 }
 
-TEST_F(CallingUs, PutsWithoutANameAreTakenToo) {
+TEST_F(CallingUs, PutsWithoutANameAreAcceptedToo) {
   EXPECT_EQ(SendTo(dispatch.get(), L"Value",
                    {.flags = DISPATCH_PROPERTYPUT, .arguments = {Number(8)}, .wantsResult = false}),
             "S_OK");
@@ -180,14 +180,14 @@ TEST_F(CallingUs, UnchangedVariablesKeepTheirType) {
   EXPECT_EQ(variable.vt, VT_UI1);
 }
 
-TEST_F(CallingUs, AnAnswerThatDoesNotFitTheVariableIsATypeMismatch) {
+TEST_F(CallingUs, AResultThatDoesNotFitTheVariableIsATypeMismatch) {
   LONG number = 1;
   EXPECT_EQ(Statement(dispatch.get(), L"Swap", {Reference(VT_I4, &number)}).substr(0, 8),
             "80020005");
   EXPECT_EQ(number, 1);
 }
 
-TEST_F(CallingUs, ObjectsComeBackAsThemselves) {
+TEST_F(CallingUs, OwnObjectsAreUnwrapped) {
   const Value self = windows::FromDispatch(dispatch.get());
   EXPECT_EQ(self.Object(), object);
   DISPPARAMS none{};
@@ -198,7 +198,7 @@ TEST_F(CallingUs, ObjectsComeBackAsThemselves) {
   EXPECT_EQ(windows::FromVariant(result.get()).Object(), object);
 }
 
-TEST_F(CallingUs, ObjectsOfOthersAreNotWrappedTwice) {
+TEST_F(CallingUs, ForeignObjectsAreNotWrappedTwice) {
   const ObjectPtr once = std::make_shared<windows::ComObject>(dispatch.Copy());
   EXPECT_EQ(windows::ToDispatch(once).get(), dispatch.get());
 }

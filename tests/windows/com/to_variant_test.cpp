@@ -25,7 +25,7 @@ TEST_P(VariantOfValue, HasTheTypeOfItsKind) {
   EXPECT_EQ(ToVariant(GetParam().given).get().vt, GetParam().type);
 }
 
-TEST_P(VariantOfValue, ComesBackTheSame) {
+TEST_P(VariantOfValue, SurvivesTheRoundTrip) {
   EXPECT_EQ(windows::FromVariant(ToVariant(GetParam().given).get()), GetParam().given);
 }
 

@@ -58,7 +58,7 @@ LRESULT TreeFont(const ControlHost& host) {
   return SendMessageW(GetDlgItem(host.Window(), ids::kTree), WM_GETFONT, 0, 0);
 }
 
-TEST(AmbientProperties, OfLooksAndLanguageAreNotTheControls) {
+TEST(AmbientProperties, OfAppearanceAndLanguageAreIgnored) {
   ControlHost host;
   host.Open();
   const LRESULT font = TreeFont(host);
@@ -186,7 +186,7 @@ TEST_F(InDesignMode, TheKeyboardIsTheDesigners) {
   }
 }
 
-TEST_F(InDesignMode, DrawingSizingAndSavingAskNothing) {
+TEST_F(InDesignMode, DrawingSizingAndSavingMakeNoCallToTheSuite) {
   const HDC context = CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
   const RECTL bounds{0, 0, 300, 200};
   EXPECT_EQ(host.As<IViewObject2>()->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, context,

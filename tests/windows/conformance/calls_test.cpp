@@ -84,7 +84,7 @@ TEST_F(WrongCalls, OfAnotherKindFindNoMember) {
   }
 }
 
-TEST_F(WrongCalls, OfNumbersThatThereAreNotFindNoMember) {
+TEST_F(WrongCalls, OfUnknownNumbersFindNoMember) {
   for (const DISPID id :
        {DISPID{0}, DISPID{13}, DISPID{-1}, DISPID{DISPID_PROPERTYPUT}, DISPID{DISPID_NEWENUM},
         DISPID{-514}, std::numeric_limits<DISPID>::max(), std::numeric_limits<DISPID>::min()}) {
@@ -94,7 +94,7 @@ TEST_F(WrongCalls, OfNumbersThatThereAreNotFindNoMember) {
   }
 }
 
-TEST_F(WrongCalls, WithoutAnArgumentThatIsNeededNameIt) {
+TEST_F(WrongCalls, WithoutARequiredArgumentNameIt) {
   // The last argument has the index 0.
   EXPECT_EQ(Statement(Control(), L"NotifyMessage", {Omitted(), Nothing(VT_EMPTY)}).substr(0, 19),
             std::string(kNotOptional) + " argument 1");
@@ -134,7 +134,7 @@ TEST_F(WrongCalls, WithArgumentsOfAWrongTypeNameThem) {
   }
 }
 
-TEST_F(WrongCalls, WithNamedArgumentsThatThereAreNotAreRefused) {
+TEST_F(WrongCalls, WithUnknownNamedArgumentsAreRefused) {
   for (const DISPID name : {DISPID{5}, DISPID{63}, DISPID{64}, DISPID{-1}, DISPID{-5000},
                             std::numeric_limits<DISPID>::max()}) {
     const std::string answer = SendTo(
@@ -144,7 +144,7 @@ TEST_F(WrongCalls, WithNamedArgumentsThatThereAreNotAreRefused) {
   }
 }
 
-TEST(CallsByReference, AreReadInEveryTypeAndLeftAsTheyAre) {
+TEST(CallsByReference, AreReadInEveryTypeAndLeftUnchanged) {
   ControlHost host;
   host.Open();
   short small = 2;
@@ -195,7 +195,7 @@ class FailuresOfMembers : public ::testing::Test {
   ComPtr<IDispatch> object;
 };
 
-TEST_F(FailuresOfMembers, SayTheSameOnBothInterfaces) {
+TEST_F(FailuresOfMembers, AreEqualOnBothInterfaces) {
   EXPECT_EQ(Statement(host.control.get(), L"ParentWindow_ToolBarClick",
                       {ObjectOf(object.get()), Truth(true)}),
             "exception 80040123 broken: 没有名称, info: broken: 没有名称");

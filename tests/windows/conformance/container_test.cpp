@@ -118,7 +118,7 @@ TEST(AnotherContainer, MayTakeTheShownControlAwayFromTheFirst) {
   EXPECT_EQ(ReferencesTo(site), 1U);
 }
 
-TEST(NoContainer, MayBeSaidAtAnyTime) {
+TEST(NoContainer, MayBeSetAtAnyTime) {
   ControlHost host;
   const auto object = host.As<IOleObject>();
   EXPECT_EQ(object->SetClientSite(nullptr), S_OK);
@@ -222,7 +222,7 @@ class NeighbouringControls : public ::testing::Test {
   ComPtr<IDispatch> second = first.library.NewPriceDown();
 };
 
-TEST_F(NeighbouringControls, AreCreatedEachForItself) {
+TEST_F(NeighbouringControls, AreCreatedIndependently) {
   EXPECT_EQ(first.world.log.Count(kCreation), 2U);
   EXPECT_EQ(first.world.log.Count(ExecuteLine(kTreeStatement)), 2U);
   EXPECT_NE(WindowOf(first.control), WindowOf(second));
@@ -250,7 +250,7 @@ TEST_F(NeighbouringControls, PassTheActivationWithTheFocus) {
   EXPECT_EQ(GetFocus(), tree);
 }
 
-TEST_F(NeighbouringControls, TakeNoKeysOfEachOther) {
+TEST_F(NeighbouringControls, DoNotHandleEachOthersKeys) {
   first.DoVerb(OLEIVERB_UIACTIVATE);
   first.world.log.Clear();
   MSG key{};

@@ -85,7 +85,7 @@ std::string ExtentOf(const ControlHost& host) {
   return std::to_string(size.cx) + "x" + std::to_string(size.cy);
 }
 
-TEST(Extents, OfAnySizeAreTaken) {
+TEST(Extents, OfAnySizeAreAccepted) {
   constexpr LONG kMost = std::numeric_limits<LONG>::max();
   ControlHost host;
   const auto object = host.As<IOleObject>();

@@ -56,7 +56,7 @@ class KeysOfTheContainer : public ::testing::Test {
   ControlHost host;
 };
 
-TEST_F(KeysOfTheContainer, TabComesInAtTheStartAndLeavesAtTheEnd) {
+TEST_F(KeysOfTheContainer, TabEntersAtTheStartAndLeavesAtTheEnd) {
   SetFocus(host.frame.Handle());
   EXPECT_EQ(ActivateBy(Key(WM_KEYDOWN, VK_TAB)), S_OK);
   EXPECT_EQ(GetFocus(), Child(ids::kTree));
@@ -72,7 +72,7 @@ TEST_F(KeysOfTheContainer, TabComesInAtTheStartAndLeavesAtTheEnd) {
   EXPECT_EQ(host.world.log.Text(), "site TranslateAccelerator 9 modifiers 0\n");
 }
 
-TEST_F(KeysOfTheContainer, ShiftTabComesInAtTheEndAndLeavesAtTheStart) {
+TEST_F(KeysOfTheContainer, ShiftTabEntersAtTheEndAndLeavesAtTheStart) {
   const HeldKeys shift({VK_SHIFT});
   SetFocus(host.frame.Handle());
   EXPECT_EQ(ActivateBy(Key(WM_KEYDOWN, VK_TAB)), S_OK);

@@ -142,7 +142,7 @@ TEST_F(ManyLives, OfTheOtherClassLeaveNothing) {
 }
 
 // Pictures and documents of an inactive control, and its type information.
-TEST_F(ManyLives, OfAnObjectThatIsOnlyAskedLeaveNothing) {
+TEST_F(ManyLives, OfAnObjectThatIsOnlyQueriedLeaveNothing) {
   ExpectNoGrowth(Lives(20, 20), 4, [this] {
     const auto control = library.NewPriceDown();
     const HDC context = CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);

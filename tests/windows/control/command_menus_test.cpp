@@ -163,7 +163,7 @@ TEST_F(CommandMenus, TheMenuKeyAndShiftF10OpenTheMenu) {
   }
 }
 
-TEST_F(CommandMenus, TheMenuShowsTheCaptionsThatTheSuiteGave) {
+TEST_F(CommandMenus, TheMenuShowsTheSuitesCaptions) {
   Start();
   const ObjectPtr controls = world_.window->Form()->Get(u"Controls").Object();
   controls->Call(u"Item", {u"tbToolBar.Edit"}).Object()->Put(u"Caption", u"Change");

@@ -197,7 +197,7 @@ TEST(ControlWindow, ItsFormOutlivesIt) {
   EXPECT_EQ(Utf8(label->Get(u"Caption").Text()), "");
 }
 
-TEST(ControlWindow, PaintsItsLabelsAnewWhenItsWidthChanges) {
+TEST(ControlWindow, RepaintsItsLabelsWhenItsWidthChanges) {
   UiWorld world;
   world.Start();
   const ObjectPtr controls = world.window->Form()->Get(u"Controls").Object();

@@ -42,7 +42,7 @@ TEST(ControlWindow, ShowsTheNumberOfItemsAndTheClass) {
   KeepPicture(world.host.Handle(), "empty class");
 }
 
-TEST(ControlWindow, NamesNoClassThatTheFormHasTaken) {
+TEST(ControlWindow, NamesNoClassAfterTheFormTookTheRows) {
   UiWorld world;
   world.Start();
   // From the second load on, with all columns that the form needs.

@@ -36,7 +36,7 @@ TEST_F(TreeWindow, ReportsAClickOnTheSelectedNodeAgain) {
   EXPECT_EQ(Loads(u"02"), 2u);
 }
 
-TEST_F(TreeWindow, ReportsNoSelectionThatTheCoreMade) {
+TEST_F(TreeWindow, ReportsNoSelectionMadeByTheCore) {
   const std::size_t before = world_.suite.log.Size();
   world_.window->SelectNode(5);
   RunMessages();

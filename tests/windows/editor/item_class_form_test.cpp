@@ -76,7 +76,7 @@ TEST_F(ItemClassFormWindow, LimitsTheLengthOfItsFields) {
               [&] { CloseByFrame(); }});
 }
 
-TEST_F(ItemClassFormWindow, NumberAndNameTakeNoBlankAndNoApostrophe) {
+TEST_F(ItemClassFormWindow, NumberAndNameAcceptNoBlankAndNoApostrophe) {
   ShowForAdd({[&] {
                 TypeInto(form_ids::kClassNumber, u"A 1'x");
                 TypeInto(form_ids::kClassName, u"原 料'");
@@ -160,7 +160,7 @@ TEST_F(ItemClassFormWindow, ControlNStartsANewClass) {
   EXPECT_EQ(boxes.All()[0].text, "是否保存当前数据？");
 }
 
-TEST_F(ItemClassFormWindow, SpeaksTheSuitesLanguage) {
+TEST_F(ItemClassFormWindow, UsesTheSuitesLanguage) {
   suite_->language = u"en";
   ShowForAdd({[&] {
                 EXPECT_EQ(Utf8(windows::TextOf(Form())), "Item class");

@@ -213,7 +213,7 @@ TEST_F(LibraryFaults, OfCreationAreItsResult) {
   });
 }
 
-TEST_F(LibraryFaults, OfBeingTakenUpLeaveAControlForTheNextContainer) {
+TEST_F(LibraryFaults, OfHostingLeaveAControlForTheNextContainer) {
   // Requested if the setting's name could not be stored.
   host.world.factory.Object(u"dictionary").On(u"GetValue", R"("", "gc0")", u"gc0");
   FailEach(faults, kFewPoints, [&](int failing) {
@@ -237,7 +237,7 @@ TEST_F(LibraryFaults, OfChangingAreReported) { FailForm(L"editRecord", kFewPoint
 
 TEST_F(LibraryFaults, OfPreviewingAreReported) { FailForm(L"PreviewPara", kFewPoints); }
 
-TEST_F(LibraryFaults, OfAskingDeleteNothing) {
+TEST_F(LibraryFaults, OfTheQuestionDeleteNothing) {
   host.Open();
   FailEach(faults, kManyPoints, [this](int failing) {
     user.Forget();

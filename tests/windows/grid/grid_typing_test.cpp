@@ -19,7 +19,7 @@ TEST_F(GridWindow, AcceptsNumbersInAnUnlockedCell) {
   EXPECT_EQ(GetFocus(), Handle());
 }
 
-TEST_F(GridWindow, RefusesWhatIsNoNumberOrAboveTheBound) {
+TEST_F(GridWindow, RefusesNonNumbersAndNumbersAboveTheBound) {
   input_.Click(Handle(), CellPoint(4, 1));
   input_.Type(u"9x9999 9999999");
   EXPECT_EQ(Utf8(windows::TextOf(Editor())), "99999999999");
@@ -95,7 +95,7 @@ TEST_F(GridWindow, ArrowsEndTypingAndMoveOn) {
   EXPECT_EQ(Current(), "4,2");
 }
 
-TEST_F(GridWindow, ADoubleClickEditsWhatIsThere) {
+TEST_F(GridWindow, ADoubleClickEditsTheExistingText) {
   grid_.SetText(4, 2, u"8.25");
   input_.DoubleClick(Handle(), CellPoint(4, 2));
   ASSERT_NE(Editor(), nullptr);
@@ -137,7 +137,7 @@ TEST_F(GridWindow, ALoadEndsTypingAndStartsAtTheTop) {
   EXPECT_EQ(window_.Scroll().TopRow(), 1);
 }
 
-TEST_F(GridWindow, DiesWhileTyping) {
+TEST_F(GridWindow, MayBeDestroyedWhileTyping) {
   input_.Click(Handle(), CellPoint(4, 1));
   input_.Type(u"6");
   ASSERT_NE(Editor(), nullptr);

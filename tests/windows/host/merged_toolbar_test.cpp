@@ -125,7 +125,7 @@ TEST_F(MergedToolbarTest, ShowsTheStatesOfItsTools) {
 }
 
 // A press of the button changes nothing until the tool has changed.
-TEST_F(MergedToolbarTest, IsNeverAheadOfACheckTool) {
+TEST_F(MergedToolbarTest, NeverChangesBeforeItsCheckTool) {
   RECT area{};
   SendMessageW(toolbar_.Handle(), TB_GETITEMRECT, kStrip, reinterpret_cast<LPARAM>(&area));
   const LPARAM place = MAKELPARAM((area.left + area.right) / 2, (area.top + area.bottom) / 2);

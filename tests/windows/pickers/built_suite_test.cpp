@@ -102,7 +102,7 @@ TEST_F(BuiltSuite, QueuedAnswerShowsNoWindow) {
   EXPECT_FALSE(user_.SawWindow());
 }
 
-TEST_F(BuiltSuite, RefusedConditionIsAnErrorInTheDatabasesWords) {
+TEST_F(BuiltSuite, RefusedConditionReturnsTheDatabasesErrorText) {
   try {
     LookUpItems(u"x2.FNoSuch=1");
     ADD_FAILURE() << "accepted";

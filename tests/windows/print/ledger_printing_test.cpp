@@ -75,7 +75,7 @@ TEST_F(LedgerPrinting, PrintsNothingAndShowsNoMessageWhenTheDialogIsCancelled) {
   EXPECT_EQ(Count("open"), 0u);
 }
 
-TEST_F(LedgerPrinting, PrintsNothingWhenItsControlEndsBelowTheDialog) {
+TEST_F(LedgerPrinting, PrintsNothingWhenItsControlEndsDuringTheDialog) {
   dialogs_.onPrint = [&](PRINTDLGW&, DWORD&) {
     ended_ = true;
     return TRUE;
@@ -115,7 +115,7 @@ TEST_F(LedgerPrinting, PrintsThePagesAndCopiesChosen) {
   EXPECT_EQ(Count("page\n"), 4u);
 }
 
-TEST_F(LedgerPrinting, DatesThePagesInTheUsersForm) {
+TEST_F(LedgerPrinting, DatesThePagesInTheUsersFormat) {
   SYSTEMTIME now{};
   GetLocalTime(&now);
   const std::string date = Utf8(windows::TodayText());
@@ -142,7 +142,7 @@ TEST_F(PrintProgressTest, IsNotShownByAShortJob) {
   EXPECT_TRUE(IsWindowEnabled(host_.Handle()));
 }
 
-TEST_F(PrintProgressTest, AppearsOnceAJobTakesLong) {
+TEST_F(PrintProgressTest, AppearsDuringALongJob) {
   windows::PrintProgress progress(GetModuleHandleW(nullptr), host_.Handle(), 30);
   EXPECT_TRUE(progress.Continue(1, 2));
   std::this_thread::sleep_for(std::chrono::milliseconds(60));
@@ -167,7 +167,7 @@ TEST_F(PrintProgressTest, ShowsTheJobsProgressAndDisablesItsOwner) {
   EXPECT_TRUE(IsWindowEnabled(host_.Handle()));
 }
 
-TEST_F(PrintProgressTest, CallsTheJobOffByItsButtonKeyOrFrame) {
+TEST_F(PrintProgressTest, CancelsTheJobByItsButtonKeyOrFrame) {
   const auto press = [](UINT message, WPARAM wParam, LPARAM lParam) {
     HostWindow host(600, 400);
     windows::PrintProgress progress(GetModuleHandleW(nullptr), host.Handle(), kAtOnce);
@@ -201,7 +201,7 @@ TEST_F(PrintProgressTest, LeavesTheEndOfTheProgramToItsOwnLoop) {
   EXPECT_EQ(message.wParam, 3u);
 }
 
-TEST_F(PrintProgressTest, AbortsTheJobThatIsCalledOff) {
+TEST_F(PrintProgressTest, AbortsACancelledJob) {
   FakeSpooler spooler;
   FakeDialogs dialogs;
   windows::Printer printer(spooler, dialogs);

@@ -122,7 +122,7 @@ TEST_P(PainterAt, ARuleIsDrawnWhereItsCommandSays) {
   EXPECT_NEAR(down.bottom + 1, Pixels(2500) + half, 1);
 }
 
-TEST_P(PainterAt, ATextStandsAtItsAnchorAsAligned) {
+TEST_P(PainterAt, ATextIsDrawnAtItsAnchorAsAligned) {
   const std::u16string text = u"六角头螺栓 M8×40";
   const double width = measurer_.Width(kUnderlined, text);
   const Ink left = Paint({{}, {TextAt(text, TextAlignment::Left, 300, 500)}}, kUnderlined);
@@ -135,7 +135,7 @@ TEST_P(PainterAt, ATextStandsAtItsAnchorAsAligned) {
   EXPECT_NEAR((centre.left + centre.right + 1) / 2.0, Pixels(1000), 1);
 }
 
-TEST_P(PainterAt, ATextStandsOnItsMeasuredBaseline) {
+TEST_P(PainterAt, ATextIsDrawnOnItsMeasuredBaseline) {
   const Ink ink = Paint({{}, {TextAt(u"HEH", TextAlignment::Left, 300, 500)}}, kPlain);
   EXPECT_NEAR(ink.bottom + 1, Pixels(500 + measurer_.Ascent(kPlain) / 10.0), 1);
   EXPECT_GE(ink.top, Pixels(500) - 1);
@@ -190,7 +190,7 @@ TEST_P(PainterAt, EveryTextOfALedgersPageIsWhereItsCommandSays) {
   }
 }
 
-TEST(PagePainter, DrawsFromAnyOriginAndCutsWhatLiesOutside) {
+TEST(PagePainter, DrawsFromAnyOriginAndClipsTheRest) {
   DeviceMeasurer measurer;
   PagePainter painter(measurer);
   const Canvas canvas(100, 100);

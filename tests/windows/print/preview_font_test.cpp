@@ -69,7 +69,7 @@ class PreviewFont : public ::testing::Test, public PreviewUser {
   UiWorld world;
 };
 
-TEST_F(PreviewFont, IsOfferedAsItIsAndWithTheFlagsOfTheView) {
+TEST_F(PreviewFont, IsOfferedUnchangedWithTheFlagsOfTheView) {
   Start();
   Choose({u"宋体", 9, false, false});
   ASSERT_EQ(ledger.fonts.shown.size(), 1u);
@@ -119,7 +119,7 @@ TEST_F(PreviewFont, UnchangedStoresNothing) {
   EXPECT_TRUE(boxes.All().empty());
 }
 
-TEST_F(PreviewFont, MakesThePagesAnew) {
+TEST_F(PreviewFont, RebuildsThePages) {
   world.ScriptItems(u"01", 200);
   Start();
   Click(world.Tree(), world.NodePoint(2));

@@ -278,7 +278,7 @@ TEST_F(PreviewEnd, EndsWhenTheProgramQuits) {
   EXPECT_EQ(message.wParam, 7u);
 }
 
-TEST_F(PreviewEnd, EndsWhenTheControlEndsBelowIt) {
+TEST_F(PreviewEnd, EndsWithTheControlThatOpenedIt) {
   ShowFivePages({[&] { dialog.Close(); }});
   EXPECT_TRUE(IsWindowEnabled(host.Handle()) != FALSE);
   dialog.Close();

@@ -89,7 +89,7 @@ TEST_F(PreviewWindowTest, GoesToTheTypedPageOrTheNearestOne) {
                  [&] { CloseByFrame(); }});
 }
 
-TEST_F(PreviewWindowTest, AnythingButAPageNumberIsTakenBack) {
+TEST_F(PreviewWindowTest, AnythingButAPageNumberIsReverted) {
   Steps steps;
   for (const char16_t* typed : {u"", u"第三页", u"-2", u"2.5", u"1 2", u"0x3"}) {
     steps.push_back([&, typed] { TypePage(typed); });

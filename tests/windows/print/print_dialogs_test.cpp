@@ -35,7 +35,7 @@ class PrintDialogTest : public ::testing::Test {
   windows::Printer printer_{spooler_, dialogs_};
 };
 
-TEST_F(PrintDialogTest, OffersAllPagesAndHidesWhatIsNotThere) {
+TEST_F(PrintDialogTest, OffersAllPagesAndHidesUnavailableOptions) {
   const HWND owner = GetDesktopWindow();
   dialogs_.onPrint = [&](PRINTDLGW& dialog, DWORD&) {
     EXPECT_EQ(dialog.hwndOwner, owner);
@@ -66,7 +66,7 @@ TEST_F(PrintDialogTest, CountsNoMorePagesThanItsFieldsHold) {
   EXPECT_TRUE(AskPrint(nullptr, printer_, 100'000));
 }
 
-TEST_F(PrintDialogTest, AnswersPagesAndCopies) {
+TEST_F(PrintDialogTest, ReturnsPagesAndCopies) {
   dialogs_.onPrint = [&](PRINTDLGW& dialog, DWORD&) {
     dialog.Flags = PD_PAGENUMS;
     dialog.nFromPage = 5;
@@ -128,7 +128,7 @@ TEST_F(PrintDialogTest, ReportsWhyItDoesNotOpen) {
             "80004005 打印对话框无法打开：对话框错误 2。");
 }
 
-TEST_F(PrintDialogTest, StartsAnewWithTheDefaultWhenTheChosenPrinterHasGone) {
+TEST_F(PrintDialogTest, FallsBackToTheDefaultWhenTheChosenPrinterIsGone) {
   dialogs_.onPrint = [&](PRINTDLGW& dialog, DWORD&) {
     ChooseOther(dialog);
     return TRUE;
@@ -213,7 +213,7 @@ TEST_F(PageSetupTest, UsesThePaperWithoutAPrinter) {
   EXPECT_EQ(printer_.ChosenPaper(), (Paper{1480, 2100, {100, 100, 100, 100}}));
 }
 
-TEST_F(PageSetupTest, StartsAnewWithTheDefaultWhenTheChosenPrinterHasGone) {
+TEST_F(PageSetupTest, FallsBackToTheDefaultWhenTheChosenPrinterIsGone) {
   dialogs_.onPageSetup = [&](PAGESETUPDLGW& dialog, DWORD&) {
     ChooseOther(dialog);
     return TRUE;

@@ -24,7 +24,7 @@ std::string Sheets(const PrintChoice& choice, std::int32_t pageCount) {
   return pages;
 }
 
-TEST(PrintOrder, PrintsWholeCopiesOrEachPageOften) {
+TEST(PrintOrder, CollatesCopiesOrRepeatsEachPage) {
   EXPECT_EQ(Sheets({1, 9, 1, true}, 3), "1 2 3 ");
   EXPECT_EQ(Sheets({2, 3, 2, true}, 3), "2 3 2 3 ");
   EXPECT_EQ(Sheets({2, 3, 2, false}, 3), "2 2 3 3 ");
@@ -89,7 +89,7 @@ TEST_F(PrintJobTest, SendsThePagesToThePrinterOneByOne) {
   EXPECT_EQ(watcher_.seen, "1/2 2/2 ");
 }
 
-TEST_F(PrintJobTest, TurnsThePaperForPagesThatAreTurned) {
+TEST_F(PrintJobTest, UsesLandscapePaperForLandscapePages) {
   content_.SetColumnWidth(1, 12000);
   EXPECT_TRUE(Print({1, 1, 1, true}));
   EXPECT_TRUE(spooler_.log.starts_with("open PDF landscape\n")) << spooler_.log;
@@ -134,7 +134,7 @@ TEST_F(PrintJobTest, EndsAtEachCallThatFails) {
   }
 }
 
-TEST_F(PrintJobTest, NamesNoReasonWhereTheSystemKnowsNone) {
+TEST_F(PrintJobTest, ReportsNoReasonWhereTheSystemHasNone) {
   FailCall(3);
   spooler_.error = ERROR_SUCCESS;
   EXPECT_EQ(FailureOf([&] { Print(); }), "80004005 打印页无法开始。");
@@ -150,7 +150,7 @@ TEST_F(PrintJobTest, DoesNotBeginOnAPrinterWithoutAResolution) {
   }
 }
 
-TEST_F(PrintJobTest, IsAbortedWhenTheUserCallsItOffHalfway) {
+TEST_F(PrintJobTest, IsAbortedWhenTheUserCancelsItHalfway) {
   watcher_.lastSheet = 2;
   EXPECT_FALSE(Print());
   EXPECT_TRUE(

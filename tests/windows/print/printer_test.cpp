@@ -76,7 +76,7 @@ class PrinterTest : public ::testing::Test {
   Printer printer_{spooler_, dialogs_};
 };
 
-TEST_F(PrinterTest, IsNoneOnA4WithoutADefaultPrinter) {
+TEST_F(PrinterTest, DefaultsToA4WithoutADefaultPrinter) {
   dialogs_.defaultDevice.clear();
   printer_.UseDefault();
   EXPECT_FALSE(printer_.IsThere());
@@ -146,7 +146,7 @@ TEST_F(PrinterTest, KeepsChosenMarginsOnAnotherPrinter) {
   EXPECT_EQ(printer_.ChosenPaper(), (Paper{1480, 2100, {100, 110, 120, 130}}));
 }
 
-TEST_F(PrinterTest, PrintsUprightOrTurnedAsItIsSetUp) {
+TEST_F(PrinterTest, PrintsPortraitOrLandscapeAsSetUp) {
   Choose(L"A");
   (void)printer_.Open(false);
   (void)printer_.Open(true);
@@ -188,7 +188,7 @@ TEST_F(PrinterTest, ReadsNoNameBeyondTheEndOfWhatADialogLeft) {
   EXPECT_FALSE(printer_.IsThere());
 }
 
-TEST_F(PrinterTest, StaysAsItWasWhenAnotherOneCannotBeAsked) {
+TEST_F(PrinterTest, StaysUnchangedWhenAnotherOneCannotBeQueried) {
   Choose(L"Good");
   for (const int failing : {3, 4}) {
     SCOPED_TRACE(failing);

@@ -16,7 +16,7 @@ TEST(ClassObjects, ExistForBothClasses) {
   EXPECT_TRUE(library.ClassObject(CLSID_updatePrice));
 }
 
-TEST(ClassObjects, ExistForNothingElse) {
+TEST(ClassObjects, DoNotExistForOtherClasses) {
   const Library library;
   void* result = &result;
   EXPECT_EQ(library.GetClassObject(GUID{}, IID_IClassFactory, &result), CLASS_E_CLASSNOTAVAILABLE);
@@ -56,7 +56,7 @@ TEST(ClassObjects, LeaveNothingBehindForAnUnknownInterface) {
   EXPECT_TRUE(library.CanUnload());
 }
 
-TEST(Unloading, IsPossibleWhileNothingLives) {
+TEST(Unloading, IsPossibleWithoutLiveObjects) {
   const Library library;
   EXPECT_TRUE(library.CanUnload());
 }

@@ -47,7 +47,7 @@ TEST(FailingSuite, IsReportedToTheUserByTheGridOnly) {
   EXPECT_EQ(closer.Closed(), 1);
 }
 
-TEST(FailingCreation, IsTheResultOfGivingTheSite) {
+TEST(FailingCreation, IsReturnedBySettingTheSite) {
   ControlHost host;
   host.world.factory.Refuses(u"ZEPEBSBase.SystemProfile");
   EXPECT_EQ(Hexadecimal(host.SetSite()), "800A01AD");
@@ -67,7 +67,7 @@ TEST(FailingCreation, KeepsNoMemberFromRunning) {
   EXPECT_EQ(host.world.log.Count(ExecuteLine(kModeStatement)), 2U);
 }
 
-TEST(FailingCreation, IsTheResultOfTheActivationThatRanItAgain) {
+TEST(FailingCreation, IsReturnedByTheActivationThatRetriedIt) {
   ControlHost host;
   host.Open();
   host.Close();
@@ -78,14 +78,14 @@ TEST(FailingCreation, IsTheResultOfTheActivationThatRanItAgain) {
   host.Close();
 }
 
-TEST(FailingCreation, IsTheResultOfTheFirstMember) {
+TEST(FailingCreation, IsReturnedByTheFirstMember) {
   ControlHost host;
   host.world.factory.Refuses(u"ZEPEBSBase.SystemProfile");
   EXPECT_EQ(Statement(host.control.get(), L"RefreshToolbar").substr(0, 18), "exception 800A01AD");
   EXPECT_EQ(Statement(host.control.get(), L"RefreshToolbar"), "S_OK");
 }
 
-TEST(FailingCreation, IsNeverTheResultOfShow) {
+TEST(FailingCreation, IsNeverReturnedByShow) {
   ControlHost host;
   host.world.factory.Refuses(u"ZEPEBSBase.SystemProfile");
   EXPECT_EQ(Expression(host.control.get(), L"Show", {ObjectOf(nullptr)}), "S_OK True");

@@ -118,7 +118,7 @@ TEST(Activation, ComesWithTheFocusToo) {
   EXPECT_EQ(SiteLines(host.world.log), "site OnUIActivate\nsite SetActiveObject\nsite OnFocus\n");
 }
 
-TEST(Activation, IsTakenBackStepByStep) {
+TEST(Activation, IsUndoneStepByStep) {
   ControlHost host;
   host.SetSite();
   host.DoVerb(OLEIVERB_UIACTIVATE);
@@ -169,7 +169,7 @@ TEST(Activation, HidesAndShowsTheWindow) {
   EXPECT_NE(IsWindowVisible(host.Window()), FALSE);
 }
 
-TEST(Activation, KnowsWhichVerbsThereAre) {
+TEST(Activation, KnowsItsVerbs) {
   ControlHost host;
   host.SetSite();
   EXPECT_EQ(host.DoVerb(OLEIVERB_OPEN), E_NOTIMPL);
@@ -258,7 +258,7 @@ TEST(End, OfTheHostsWindowBeforeTheControlIsHarmless) {
   EXPECT_EQ(host.LeaveSite(), S_OK);
 }
 
-TEST(End, OfTheHostsWindowWithoutAnotherWordIsHarmless) {
+TEST(End, OfTheHostsWindowWithoutCloseIsHarmless) {
   ControlHost host;
   host.Open();
   host.frame.Destroy();

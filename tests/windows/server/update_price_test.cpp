@@ -63,7 +63,7 @@ TEST_F(ThePublicUpdatePrice, IsMadeByItsProgIdWithNothingRegistered) {
   EXPECT_EQ(price->Get(u"ItemClassType"), Value(static_cast<std::int16_t>(0)));
 }
 
-TEST(CreatingByProgId, NamesTheOneThatThereIsNot) {
+TEST(CreatingByProgId, NamesAnUnknownProgId) {
   windows::ComObjectFactory factory;
   EXPECT_EQ(FailureOf([&] { factory.Create(u"ZEPNowhere.Nothing"); }).substr(0, 8), "800A01AD");
   EXPECT_NE(FailureOf([&] { factory.Create(u"ZEPNowhere.Nothing"); }).find("ZEPNowhere.Nothing"),
