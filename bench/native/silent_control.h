@@ -28,7 +28,8 @@ class SilentViews final : public pricedown::PriceDownView,
   void SetTitle(std::u16string_view) override {}
   void SetTitleFont(std::u16string_view, std::int32_t, double) override {}
   void SetPeriod(std::u16string_view) override {}
-  void SetToolStripButtonEnabled(std::size_t, bool) override {}
+  void DisableButton(const Command&) override {}
+  void CopyCells() override {}
   pricedown::Size ControlSize() const override { return {15000, 9000}; }
   void Place(const pricedown::Layout&) override {}
   void ShowDragBar(const pricedown::Rectangle&) override {}

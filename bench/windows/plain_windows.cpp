@@ -5,7 +5,7 @@
 #include <commctrl.h>
 
 #include "bench/windows/raw_tree.h"
-#include "control/tool_strip.h"
+#include "control/commands.h"
 #include "windows/base/dpi.h"
 #include "windows/base/fonts.h"
 #include "windows/com/failure.h"
@@ -76,12 +76,13 @@ HWND PlainWindows::Child(const wchar_t* className, DWORD style, const RECT& area
 
 void PlainWindows::FillToolBar(HWND bar) {
   SendMessageW(bar, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
-  for (const pricedown::ToolStripButton& button : pricedown::kToolStripButtons) {
-    const std::wstring caption = ToWide(button.caption);
+  for (const pricedown::ControlCommand* button :
+       pricedown::CommandsOn(pricedown::surface::kToolStrip)) {
+    const std::wstring caption = ToWide(button->caption);
     TBBUTTON description{};
     description.iBitmap = I_IMAGENONE;
     description.fsState = TBSTATE_ENABLED;
-    description.fsStyle = button.separator ? BTNS_SEP : BTNS_AUTOSIZE;
+    description.fsStyle = button->separator ? BTNS_SEP : BTNS_AUTOSIZE;
     description.iString = reinterpret_cast<INT_PTR>(caption.c_str());
     SendMessageW(bar, TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&description));
   }

@@ -44,6 +44,7 @@ class ItemGrid {
   void Release();
 
   Grid& Cells() { return grid_; }
+  const Grid& Cells() const { return grid_; }
 
  private:
   void Fill(std::u16string_view classNumber);

@@ -1,56 +1,24 @@
-// The command bar's tools and its members for automation clients.
-// The collections by index or name are command_bar_collections, a tool is command_bar_tool.
+// The command bar's tools, their clicks and its listener.
 #include "control/command_bar.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
-#include "control/command_bar_collections.h"
+#include "control/commands.h"
 #include "env/translation.h"
-#include "platform/convert.h"
 #include "platform/error.h"
 #include "platform/text.h"
 
 namespace pricedown {
-namespace {
-
-std::shared_ptr<CommandBar> Shared(CommandBar& bar) { return bar.shared_from_this(); }
-
-Value Bands(CommandBar& bar, Access, std::span<Value> arguments) {
-  return ItemOrCollection(std::make_shared<BandCollection>(Shared(bar)), arguments);
-}
-
-Value Tools(CommandBar& bar, Access, std::span<Value> arguments) {
-  return ItemOrCollection(std::make_shared<ToolCollection>(Shared(bar), ToolCollection::Of::Bar),
-                          arguments);
-}
-
-Value Click(CommandBar& bar, Access, std::span<Value> arguments) {
-  bar.Click(ToText(arguments.front()));
-  return {};
-}
-
-Value Listener(CommandBar& bar, Access access, std::span<Value> arguments) {
-  if (access == Access::Call) return bar.Listener();
-  const Value& host = arguments.back().Resolved();
-  const bool nobody = host.Is(Value::Kind::Object) && host.Object() == nullptr;
-  bar.SetListener(nobody ? nullptr : RequireObject(host, u"Listener"));
-  return {};
-}
-
-}  // namespace
 
 CommandBar::CommandBar() {
-  const auto add = [&](std::u16string_view name, std::u16string_view caption,
-                       std::u16string_view description, std::u16string_view category) {
-    Add({std::u16string(name), Translate(caption), Translate(description),
-         std::u16string(category)});
-  };
-  add(kEditMenu, u"编辑", u"", u"Menus");
-  add(kInsertTool, u"新增", u"", u"");
-  add(kEditTool, u"修改", u"修改物料类别属性", u"");
-  add(kCutTool, u"删除", u"删除物料类别", u"");
+  Add({std::u16string(kEditMenu), Translate(u"编辑"), {}, u"Menus"});
+  for (const ControlCommand* command : CommandsOn(surface::kCommandBar)) {
+    Add({std::u16string(command->tool),
+         Translate(command->caption),
+         Translate(command->description),
+         {}});
+  }
   designedCount_ = tools_.size();
 }
 
@@ -97,16 +65,6 @@ void CommandBar::Click(std::u16string_view name) {
                           u"BarList");
   }
   tool->Click();
-}
-
-std::span<const Member<CommandBar>> CommandBar::Members() {
-  static constexpr std::array<Member<CommandBar>, 4> kMembers{{
-      {u"Bands", MemberKind::Get, Bands, 0, 1},
-      {u"Tools", MemberKind::Get, pricedown::Tools, 0, 1},
-      {u"Click", MemberKind::Method, pricedown::Click, 1, 1},
-      {u"Listener", MemberKind::GetPut, pricedown::Listener},
-  }};
-  return kMembers;
 }
 
 }  // namespace pricedown

@@ -19,13 +19,6 @@ namespace pricedown {
 
 inline constexpr std::u16string_view kMenuBand = u"MnuBand1";
 inline constexpr std::u16string_view kEditMenu = u"mnuEdit";
-inline constexpr std::u16string_view kInsertTool = u"iInsert";
-inline constexpr std::u16string_view kEditTool = u"iEdit";
-// Check tools of the host: what they show is shown while they are checked.
-inline constexpr std::u16string_view kToolStripTool = u"iToolBar";
-inline constexpr std::u16string_view kStatusBarTool = u"mnuViewStatusBar";
-inline constexpr std::u16string_view kCutTool = u"iCut";
-inline constexpr std::u16string_view kRefreshTool = u"iRefresh";
 
 class CommandBar : public LocalObject<CommandBar> {
  public:

@@ -1,7 +1,5 @@
-// What the keys of the command bar and of the tool strip do, and the right that each one needs.
-// Nothing is trapped here: a failing command reaches whoever clicked.
-#include <array>
-
+// How the control runs its commands: with the right that each one needs, and the reload behind it.
+// Nothing is trapped here: a failing command reaches the caller.
 #include "control/price_down.h"
 #include "platform/convert.h"
 #include "platform/error.h"
@@ -13,20 +11,6 @@ namespace {
 constexpr std::int32_t kRightsObjectType = 1002;
 constexpr std::int32_t kRightsObjectNumber = 35;
 
-struct StripCommand {
-  std::u16string_view key;
-  std::int32_t accessMask;
-  Value (PriceDown::*run)();
-};
-
-constexpr std::array<StripCommand, 5> kStripCommands{{
-    {u"Print", 0x8000, &PriceDown::PrintPara},
-    {u"PrintView", 0x8000, &PriceDown::PreviewPara},
-    {u"Add", 0x20000, &PriceDown::addRecord},
-    {u"Edit", 0x400000, &PriceDown::editRecord},
-    {u"Del", 0x10000, &PriceDown::delRecord},
-}};
-
 }  // namespace
 
 void PriceDown::ParentWindow_ToolBarClick(const ObjectPtr& tool) { CommandBarToolClicked(tool); }
@@ -34,88 +18,65 @@ void PriceDown::ParentWindow_ToolBarClick(const ObjectPtr& tool) { CommandBarToo
 void PriceDown::CommandBarToolClicked(const ObjectPtr& tool) {
   if (terminated_) return;
   const ObjectPtr clicked = RequireObject(Value(tool), u"Tool");
-  const std::u16string key = ToText(clicked->Get(u"Name"));
+  const ControlCommand* command = CommandOfTool(ToText(clicked->Get(u"Name")));
   // The host was asked, and may have closed the control.
-  if (terminated_) return;
-  if (key == u"iPrint") {
-    PrintPara();
-  } else if (key == u"iPrintPreView") {
-    PreviewPara();
-  } else if (key == u"iExit") {
-    CloseContainer();
-  } else if (key == kToolStripTool) {
-    ToggleToolStrip(clicked);
-  } else if (key == kRefreshTool) {
-    tree_.RefreshCurrentNode();
-  } else if (key == kInsertTool) {
-    ClassToolClicked(key, u"Add");
-  } else if (key == kEditTool) {
-    ClassToolClicked(key, u"Edit");
-  } else if (key == kCutTool) {
-    ClassToolClicked(key, u"Del");
-  } else if (key == kStatusBarTool) {
-    // The host has changed its state; the control only follows it.
-    LayOutForState(clicked, kStatusBarTool);
+  if (terminated_ || command == nullptr) return;
+  if (command->toggle != nullptr) {
+    command->toggle(*this, clicked);
+  } else if ((command->surfaces & surface::kCommandBar) == 0) {
+    command->run(*this);
+  } else if (IsToolEnabled(command->tool)) {
+    // A host may forward a click on a tool that it shows enabled although the bar's is not.
+    RunFromToolStrip(*command);
   }
 }
 
-void PriceDown::CommandBarToolChosen(std::u16string_view name) {
-  if (const std::shared_ptr<CommandBarTool> tool = bar_->Tool(name)) {
+void PriceDown::CommandChosen(const ControlCommand& command) {
+  if (terminated_ || !IsEnabled(command)) return;
+  if ((command.surfaces & surface::kToolStrip) != 0) {
+    RunFromToolStrip(command);
+  } else if (const auto tool = bar_->Tool(command.tool); tool != nullptr && !command.tool.empty()) {
+    // The tool notifies the host.
     tool->Click();
   } else {
-    CommandBarToolClicked(std::make_shared<CommandBarTool>(
-        CommandBarTool::Definition{std::u16string(name), {}, {}, {}}));
+    command.run(*this);
   }
 }
 
-bool PriceDown::IsCommandBarToolEnabled(std::u16string_view name) const {
+bool PriceDown::IsEnabled(const ControlCommand& command) const {
+  if (command.changesClasses && classesLocked_) return false;
+  return command.enabled == nullptr || command.enabled(*this);
+}
+
+bool PriceDown::IsToolEnabled(std::u16string_view name) const {
   const std::shared_ptr<CommandBarTool> tool = bar_->Tool(name);
   return tool == nullptr || tool->Enabled();
 }
 
-// A host may forward a click on a tool that it shows enabled although the bar's is not.
-void PriceDown::ClassToolClicked(std::u16string_view tool, std::u16string_view button) {
-  if (bar_->Tool(tool)->Enabled()) ToolStripButtonClicked(button);
-}
-
-void PriceDown::ToolStripButtonClicked(std::u16string_view key) {
-  if (terminated_) return;
+void PriceDown::RunFromToolStrip(const ControlCommand& command) {
   // A command may show a window, and the host may close the control's meanwhile.
   const std::shared_ptr<void> held = ports_.hold ? ports_.hold() : nullptr;
-  RunStripCommand(key);
+  const bool allowed =
+      command.right == 0 ||
+      environment_.rights.Check(kRightsObjectType, kRightsObjectNumber, command.right);
+  if (allowed && command.run != nullptr) command.run(*this);
   // The command may have ended the control.
   if (terminated_) return;
-  // On purpose also after a refused right and for keys without a command.
+  // On purpose also after a refused right and for a separator.
   LoadTree();
   grid_.Cells().Repaint();
 }
 
-void PriceDown::RunStripCommand(std::u16string_view key) {
-  if (key == u"Exit") {
-    CloseContainer();
-    return;
-  }
-  for (const StripCommand& command : kStripCommands) {
-    if (key != command.key) continue;
-    if (environment_.rights.Check(kRightsObjectType, kRightsObjectNumber, command.accessMask)) {
-      (this->*command.run)();
-    }
-    return;
-  }
-}
-
-void PriceDown::CloseContainer() { ports_.container.Close(); }
-
 void PriceDown::ToggleToolStrip(const ObjectPtr& tool) {
   tool->Put(u"Checked", !ToBoolean(tool->Get(u"Checked")));
-  LayOutForState(tool, kToolStripTool);
+  FollowTool(tool, kToolStripTool);
 }
 
 // The clicked tool may be the host's own of that name; the layout reads the bar's.
-void PriceDown::LayOutForState(const ObjectPtr& tool, std::u16string_view name) {
+void PriceDown::FollowTool(const ObjectPtr& tool, std::u16string_view name) {
   const bool checked = ToBoolean(tool->Get(u"Checked"));
   bar_->Add({std::u16string(name), {}, {}, {}})->SetChecked(checked);
-  // The host was told, and may have closed the control.
+  // The host was notified, and may have closed the control.
   if (!terminated_) LayOut();
 }
 

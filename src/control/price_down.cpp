@@ -5,7 +5,6 @@
 #include <optional>
 #include <utility>
 
-#include "control/tool_strip.h"
 #include "control/update_price.h"
 #include "env/language.h"
 #include "env/system_profile.h"
@@ -70,12 +69,12 @@ void PriceDown::ReadFullNumber() {
 
 void PriceDown::DisableClassCommands() {
   if (browser_.ByItemClass()) return;
+  classesLocked_ = true;
   FirstFailure steps;
-  for (const std::size_t position : kClassCommandButtons) {
-    steps.Run([&] { ports_.view.SetToolStripButtonEnabled(position, false); });
-  }
-  for (const std::u16string_view name : {kInsertTool, kEditTool, kCutTool}) {
-    steps.Run([&] { bar_->Tool(name)->DisableForGood(); });
+  for (const ControlCommand& command : ControlCommands()) {
+    if (!command.changesClasses) continue;
+    steps.Run([&] { ports_.view.DisableButton(command); });
+    steps.Run([&] { bar_->Tool(command.tool)->DisableForGood(); });
   }
   steps.Rethrow();
 }

@@ -13,6 +13,7 @@
 #include "browser/item_grid.h"
 #include "browser/print_commands.h"
 #include "control/command_bar.h"
+#include "control/commands.h"
 #include "control/splitter.h"
 #include "control/views.h"
 #include "env/environment.h"
@@ -79,11 +80,9 @@ class PriceDown {
   // Moves the splitter from the keyboard, by twips.
   void MoveSplitter(std::int32_t distance);
   void NodeClicked(NodeIndex node);
-  void ToolStripButtonClicked(std::u16string_view key);
-  // Does what a click on the bar's tool of that name does, also while the bar has none; nothing
-  // when the bar's tool is disabled.
-  void CommandBarToolChosen(std::u16string_view name);
-  bool IsCommandBarToolEnabled(std::u16string_view name) const;
+  // By button, key or menu; does nothing while the command is disabled.
+  void CommandChosen(const ControlCommand& command);
+  bool IsEnabled(const ControlCommand& command) const;
 
   // What the windows show and what hosts reach.
   Grid& ItemCells() { return grid_.Cells(); }
@@ -114,11 +113,12 @@ class PriceDown {
   bool IsShown(std::u16string_view checkTool) const;
   Rectangle DragBar() const;
   void CommandBarToolClicked(const ObjectPtr& tool);
-  void ClassToolClicked(std::u16string_view tool, std::u16string_view button);
-  void RunStripCommand(std::u16string_view key);
-  void CloseContainer();
+  // True also while the bar has no tool of that name.
+  bool IsToolEnabled(std::u16string_view name) const;
+  void RunFromToolStrip(const ControlCommand& command);
   void ToggleToolStrip(const ObjectPtr& tool);
-  void LayOutForState(const ObjectPtr& tool, std::u16string_view name);
+  void FollowTool(const ObjectPtr& tool, std::u16string_view name);
+  friend std::span<const ControlCommand> ControlCommands();
 
   PriceDownPorts ports_;
   Environment environment_;
@@ -136,6 +136,7 @@ class PriceDown {
   // Of this control; another one in the process may have been shown in the other mode since.
   std::u16string treeSelectionKey_;
   bool maintenanceMode_ = false;
+  bool classesLocked_ = false;  // commands that change classes are disabled
   std::int16_t showMode_ = 0;
   bool terminated_ = false;
 };

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "control/layout.h"
+#include "env/command.h"
 
 namespace pricedown {
 
@@ -17,8 +18,9 @@ class PriceDownView {
   // An empty name leaves the font's name and character set as they are.
   virtual void SetTitleFont(std::u16string_view name, std::int32_t charset, double points) = 0;
   virtual void SetPeriod(std::u16string_view text) = 0;
-  // Position from 1.
-  virtual void SetToolStripButtonEnabled(std::size_t position, bool enabled) = 0;
+  virtual void DisableButton(const Command& command) = 0;
+  // Copies the grid's selected cells to the clipboard.
+  virtual void CopyCells() = 0;
   // The inner size of the control in twips.
   virtual Size ControlSize() const = 0;
   virtual void Place(const Layout& layout) = 0;

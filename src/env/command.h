@@ -12,7 +12,8 @@
 namespace pricedown {
 
 struct Command {
-  std::u16string_view key;  // of the button, as hosts and the suite's form resources write it
+  // Of the button, as hosts and the suite's form resources write it.
+  std::u16string_view key = {};
   // Before Translate. Without a tooltip the button has none.
   std::u16string_view caption = {};
   std::u16string_view tooltip = {};

@@ -6,6 +6,8 @@
 namespace pricedown::testing {
 namespace {
 
+const ControlCommand& Refresh() { return *CommandOfTool(u"iRefresh"); }
+
 TEST_F(Dispatch, ClosesTheContainerForTheHostsExitTool) {
   Start();
   Click(u"iExit");
@@ -64,23 +66,22 @@ TEST_F(Dispatch, RefreshesNothingBeforeANodeWasSelected) {
 
 TEST_F(Dispatch, RefreshesForAKeyAsForTheToolAndAddsNoTool) {
   Start();
-  Click(kRefreshTool);
+  Click(u"iRefresh");
   const std::string clicked = world_.log.Text();
   const std::string effects = clicked.substr(clicked.find('\n') + 1);
   world_.log.Clear();
-  Control().CommandBarToolChosen(kRefreshTool);
+  Control().CommandChosen(Refresh());
   EXPECT_EQ(world_.log.Text() + "release tool\n", effects);
-  EXPECT_EQ(Control().Bar()->Tool(kRefreshTool), nullptr);
+  EXPECT_EQ(Control().Bar()->Tool(u"iRefresh"), nullptr);
 }
 
 TEST_F(Dispatch, RefreshesForNoKeyWhileTheHostHasDisabledTheTool) {
   Start();
-  Control().Bar()->Add({std::u16string(kRefreshTool), u"", u"", u""})->SetEnabled(false);
-  Control().CommandBarToolChosen(kRefreshTool);
+  Control().Bar()->Add({u"iRefresh", u"", u"", u""})->SetEnabled(false);
+  Control().CommandChosen(Refresh());
   EXPECT_EQ(world_.log.Text(), "");
-  EXPECT_FALSE(Control().IsCommandBarToolEnabled(kRefreshTool));
-  EXPECT_TRUE(Control().IsCommandBarToolEnabled(u"iPrint"));
-  EXPECT_TRUE(Control().IsCommandBarToolEnabled(kInsertTool));
+  EXPECT_FALSE(Control().IsEnabled(Refresh()));
+  EXPECT_TRUE(Control().IsEnabled(Button(u"Print")));
 }
 
 // The host releases the control during a call to the suite; the click keeps it alive to its end.
@@ -99,8 +100,8 @@ TEST_F(Dispatch, LivesAsLongAsAClickOnItsBar) {
             return NewScriptedRecordset(world_.factory.GetRecorder(), ItemRows({}));
           }));
   const std::shared_ptr<CommandBar> bar = owner->Bar();
-  bar->Add({std::u16string(kRefreshTool), u"", u"", u""});
-  bar->Click(kRefreshTool);
+  bar->Add({u"iRefresh", u"", u"", u""});
+  bar->Click(u"iRefresh");
   EXPECT_TRUE(alive);
   EXPECT_TRUE(watch.expired());
   EXPECT_EQ(world_.factory.LiveObjects(), 0);
@@ -242,9 +243,9 @@ TEST_F(Dispatch, NotifiesTheListenerOfARefreshByKeyAsOfAClick) {
                                           told += Readable(arguments[0].Object()->Get(u"Name"));
                                           return Value();
                                         }));
-  Control().Bar()->Add({std::u16string(kRefreshTool), {}, {}, {}});
+  Control().Bar()->Add({u"iRefresh", {}, {}, {}});
   Control().Bar()->SetListener(world_.factory.NewObject(u"listener"));
-  Control().CommandBarToolChosen(kRefreshTool);
+  Control().CommandChosen(Refresh());
   EXPECT_EQ(told, "\"iRefresh\"");
 }
 

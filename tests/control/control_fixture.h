@@ -11,6 +11,7 @@
 #include "control/price_down.h"
 #include "tests/browser/browser_fixture.h"
 #include "tests/browser/recording_ledger.h"
+#include "tests/control/button.h"
 #include "tests/control/recording_control_views.h"
 
 namespace pricedown::testing {

@@ -61,7 +61,7 @@ class DeleteCommand : public Dispatch {
 
 TEST_F(DeleteCommand, RunsCompletelyForTheStripsButton) {
   StartDeletable();
-  Control().ToolStripButtonClicked(u"Del");
+  Control().CommandChosen(Button(u"Del"));
   EXPECT_EQ(world_.log.Text(), Deletion());
   EXPECT_EQ(world_.treeView.texts,
             (std::map<NodeIndex, std::string>{{1, "物料"}, {2, "02(成品)"}}));
@@ -82,7 +82,7 @@ TEST_F(DeleteCommand, RunsCompletelyForTheBarsTool) {
 // The command selects the root; the reload after every click selects nothing again.
 TEST_F(DeleteCommand, LeavesNothingSelectedAfterItsSecondReload) {
   StartDeletable();
-  Control().ToolStripButtonClicked(u"Del");
+  Control().CommandChosen(Button(u"Del"));
   EXPECT_EQ(world_.log.Count("tree select 1"), 1u);
   EXPECT_EQ(world_.log.Count("tree clear"), 2u);
   EXPECT_EQ(world_.treeView.selected, kNoNode);
@@ -112,7 +112,7 @@ TEST_F(DeleteCommand, ReloadsOnceAfterARefusal) {
     world.control->ItemCells().Attach(&gridView);
     world.log.Clear();
     world.questions.WillAnswer({true});
-    world.control->ToolStripButtonClicked(u"Del");
+    world.control->CommandChosen(Button(u"Del"));
     world.control->ItemCells().Attach(nullptr);
     EXPECT_EQ(world.log.Text(),
               "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 65536)\n" + std::string(kQuestion) +
@@ -139,7 +139,7 @@ TEST_F(DeleteCommand, EndsAtTheCallThatFails) {
     const int before = world.factory.CallCount();
     world.factory.FailCall(failingCall);
     const bool failed =
-        FailureOf([&] { world.control->ToolStripButtonClicked(u"Del"); }) != std::string();
+        FailureOf([&] { world.control->CommandChosen(Button(u"Del")); }) != std::string();
     const int calls = world.factory.CallCount() - before;
     world.control->ItemCells().Attach(nullptr);
     const std::string log = world.log.Text();

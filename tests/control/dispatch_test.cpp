@@ -1,6 +1,5 @@
 // The buttons of the tool strip and the commands behind them.
 #include "control/price_down.h"
-#include "control/tool_strip.h"
 #include "tests/control/dispatch_fixture.h"
 
 namespace pricedown::testing {
@@ -13,7 +12,7 @@ TEST_F(Dispatch, RefusesACommandWithoutItsRightAndReloadsAnyway) {
        {RightCase{u"Print", "32768"}, RightCase{u"PrintView", "32768"}, RightCase{u"Add", "131072"},
         RightCase{u"Edit", "4194304"}, RightCase{u"Del", "65536"}}) {
     world_.log.Clear();
-    Control().ToolStripButtonClicked(right.key);
+    Control().CommandChosen(Button(right.key));
     EXPECT_EQ(world_.log.Text(), std::string("ZEPEBCGLView.GLData.AccessCheck(1002, 35, ") +
                                      right.mask + ")\n" + kRefusal + Reload())
         << Utf8(right.key);
@@ -24,7 +23,7 @@ TEST_F(Dispatch, RunsACommandWithItsOwnRightOnly) {
   Start();
   const auto run = [&](std::u16string_view key, const char* mask) {
     world_.company.grantedMasks = std::string(" ") + mask + " ";
-    return FailureOf([&] { Control().ToolStripButtonClicked(key); });
+    return FailureOf([&] { Control().CommandChosen(Button(key)); });
   };
   EXPECT_EQ(run(u"Print", "32768"), "");
   EXPECT_EQ(world_.log.Count("ledger print"), 1u);
@@ -42,7 +41,7 @@ TEST_F(Dispatch, RunsACommandWithItsOwnRightOnly) {
 TEST_F(Dispatch, DoesNotReloadAfterACommandThatFails) {
   Start();
   world_.factory.FailCall(2);
-  EXPECT_NE(FailureOf([&] { Control().ToolStripButtonClicked(u"Add"); }), "");
+  EXPECT_NE(FailureOf([&] { Control().CommandChosen(Button(u"Add")); }), "");
   EXPECT_EQ(world_.log.Text(),
             "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 131072)\neditor form fails\n");
 }
@@ -50,7 +49,7 @@ TEST_F(Dispatch, DoesNotReloadAfterACommandThatFails) {
 TEST_F(Dispatch, LetsAFailingRightsCheckReachTheCaller) {
   Start();
   world_.factory.FailCall(1);
-  EXPECT_NE(FailureOf([&] { Control().ToolStripButtonClicked(u"Del"); }), "");
+  EXPECT_NE(FailureOf([&] { Control().CommandChosen(Button(u"Del")); }), "");
   EXPECT_EQ(world_.log.Text(), "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 65536) fails\n");
 }
 
@@ -58,14 +57,14 @@ TEST_F(Dispatch, ReloadsForAnUnknownButtonAndAsksForNoRight) {
   Start();
   for (const std::u16string_view key : {u"sp2", u"sp3", u"", u"add", u"Copy"}) {
     world_.log.Clear();
-    Control().ToolStripButtonClicked(key);
+    Control().CommandChosen(Button(key));
     EXPECT_EQ(world_.log.Text(), Reload()) << Utf8(key);
   }
 }
 
 TEST_F(Dispatch, ClosesTheContainerOnExitAndReloadsWhenItStays) {
   Start();
-  Control().ToolStripButtonClicked(u"Exit");
+  Control().CommandChosen(Button(u"Exit"));
   EXPECT_EQ(world_.log.Text(), "container close\n" + Reload());
 }
 
@@ -76,14 +75,14 @@ TEST_F(Dispatch, TouchesNothingWhenClosingEndedTheControl) {
     Control().Terminate();
     world_.log.Clear();
   };
-  Control().ToolStripButtonClicked(u"Exit");
+  Control().CommandChosen(Button(u"Exit"));
   EXPECT_EQ(world_.log.Text(), "");
 }
 
 TEST_F(Dispatch, ReportsAContainerThatCannotBeClosed) {
   Start();
   world_.factory.FailCall(1);
-  EXPECT_NE(FailureOf([&] { Control().ToolStripButtonClicked(u"Exit"); }), "");
+  EXPECT_NE(FailureOf([&] { Control().CommandChosen(Button(u"Exit")); }), "");
   EXPECT_EQ(world_.log.Text(), "container close fails\n");
 }
 
@@ -97,7 +96,7 @@ TEST_F(Dispatch, FillsTheGridForAClickedNode) {
 TEST_F(Dispatch, AsksBeforeDeletingThroughTheStripAndReloadsAfterNo) {
   Start();
   world_.questions.WillAnswer({false});
-  Control().ToolStripButtonClicked(u"Del");
+  Control().CommandChosen(Button(u"Del"));
   EXPECT_EQ(world_.log.Text(),
             "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 65536)\n"
             "ask question \"岚禾提示\": \"确定要删除当前记录? 当前的物料类别代码为:01  "
@@ -136,16 +135,28 @@ TEST_F(Dispatch, AsksForAClassBeforeAnEditAndThenReloads) {
   EXPECT_EQ(world_.log.Text(), "tell information \"岚禾提示\": \"请选择要删除的物料类别\"\n");
 }
 
-TEST(ToolStrip, HasItsEightButtonsInOrder) {
-  std::vector<std::string> buttons;
-  for (const ToolStripButton& button : kToolStripButtons) {
-    buttons.push_back(Utf8(button.key) + "|" + Utf8(button.caption) + "|" + Utf8(button.tooltip) +
-                      (button.separator ? "|separator" : ""));
+TEST_F(Dispatch, RunsNoDisabledCommand) {
+  world_.company.mode = u"2";
+  Start();
+  for (const std::u16string_view key : {u"Add", u"Edit", u"Del"}) {
+    EXPECT_FALSE(Control().IsEnabled(Button(key))) << Utf8(key);
+    Control().CommandChosen(Button(key));
+    EXPECT_EQ(world_.log.Text(), "") << Utf8(key);
   }
-  EXPECT_EQ(buttons,
-            (std::vector<std::string>{"sp2|||separator", "Add|新增|新增", "Edit|修改|修改",
-                                      "Del|删除|删除", "Print|打印|打印", "PrintView|预览|预览",
-                                      "sp3|||separator", "Exit|退出|退出系统"}));
+  EXPECT_TRUE(Control().IsEnabled(Button(u"Exit")));
+}
+
+TEST_F(Dispatch, CopiesWhatTheGridHas) {
+  Start();
+  const ControlCommand& copy =
+      *CommandOfPress({.key = Key::C, .control = true}, surface::kGridMenu);
+  Control().CommandChosen(copy);
+  EXPECT_EQ(world_.log.Text(), "view copy\n");
+  Control().NodeClicked(1);
+  world_.log.Clear();
+  EXPECT_FALSE(Control().IsEnabled(copy));
+  Control().CommandChosen(copy);
+  EXPECT_EQ(world_.log.Text(), "");
 }
 
 }  // namespace

@@ -17,12 +17,12 @@ TEST_F(Dispatch, ReloadsTheTreeAndRepaintsTheGridAfterTheEditor) {
   };
   const std::string closing =
       "release ADODB.Recordset\nrelease ADODB.Recordset\nunload\neditor closed\n";
-  Control().ToolStripButtonClicked(u"Add");
+  Control().CommandChosen(Button(u"Add"));
   EXPECT_TRUE(world_.log.Text().starts_with(
       "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 131072)\neditor form\n"));
   EXPECT_EQ(behind(), closing + Reload());
   world_.log.Clear();
-  Control().ToolStripButtonClicked(u"Edit");
+  Control().CommandChosen(Button(u"Edit"));
   EXPECT_TRUE(world_.log.Text().starts_with(
       "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 4194304)\neditor form\n"));
   // The previous rows are painted again without a query.
@@ -40,21 +40,21 @@ TEST_F(Dispatch, ReloadsNothingForTheHostsOwnCalls) {
 
 TEST_F(Dispatch, AsksForAClassInASecondEditAndReloadsAnyway) {
   Start();
-  Control().ToolStripButtonClicked(u"Edit");
+  Control().CommandChosen(Button(u"Edit"));
   world_.log.Clear();
-  Control().ToolStripButtonClicked(u"Edit");
+  Control().CommandChosen(Button(u"Edit"));
   EXPECT_EQ(world_.log.Text(),
             "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 4194304)\n"
             "tell information \"岚禾提示\": \"请选择要修改的物料类别\"\n" +
                 Reload());
   world_.log.Clear();
-  Control().ToolStripButtonClicked(u"Del");
+  Control().CommandChosen(Button(u"Del"));
   EXPECT_EQ(world_.log.Text(),
             "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 65536)\n"
             "tell information \"岚禾提示\": \"请选择要删除的物料类别\"\n" +
                 Reload());
   Control().NodeClicked(2);
-  Control().ToolStripButtonClicked(u"Edit");
+  Control().CommandChosen(Button(u"Edit"));
   EXPECT_EQ(world_.log.Count("editor closed"), 1u);
 }
 
@@ -73,7 +73,7 @@ TEST_F(Dispatch, TouchesNothingWhenTheControlEndedDuringTheEditor) {
     world.CreateAndInitialize();
     world.control->Show(nullptr);
     world.editor.whileShown = [&] { world.control->Terminate(); };
-    world.control->ToolStripButtonClicked(key);
+    world.control->CommandChosen(Button(key));
     EXPECT_EQ(world.log.Lines().back(), "editor closed") << Utf8(key);
     EXPECT_EQ(world.factory.LiveObjects(), 0) << Utf8(key);
   }
@@ -89,7 +89,7 @@ TEST_F(Dispatch, LivesAsLongAsAClickOnItsStrip) {
   PriceDown& control = *owner;
   const std::weak_ptr<PriceDown> watch = owner;
   world_.editor.whileShown = [&] { owner.reset(); };
-  control.ToolStripButtonClicked(u"Add");
+  control.CommandChosen(Button(u"Add"));
   EXPECT_EQ(world_.log.Count("tree redraw off"), 1u);
   EXPECT_TRUE(watch.expired());
   EXPECT_EQ(world_.factory.LiveObjects(), 0);
@@ -115,7 +115,7 @@ TEST_F(Dispatch, DoesNothingAfterItsEnd) {
   world_.log.Clear();
   Control().addRecord();
   Control().editRecord();
-  Control().ToolStripButtonClicked(u"Add");
+  Control().CommandChosen(Button(u"Add"));
   EXPECT_EQ(world_.log.Text(), "");
 }
 

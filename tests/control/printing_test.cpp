@@ -35,7 +35,7 @@ TEST_F(Printing, RunsFromTheStripAfterTheRightsCheckAndReloads) {
   for (const auto& [key, call] :
        {std::pair{u"Print", "ledger print\n"}, std::pair{u"PrintView", "ledger preview\n"}}) {
     world_.log.Clear();
-    Control().ToolStripButtonClicked(key);
+    Control().CommandChosen(Button(key));
     EXPECT_EQ(world_.log.Text(),
               "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 32768)\n" + Filling() + call + Reload());
   }
@@ -44,8 +44,8 @@ TEST_F(Printing, RunsFromTheStripAfterTheRightsCheckAndReloads) {
 TEST_F(Printing, DoesNotUseTheLedgerWithoutTheRight) {
   Start();
   world_.company.grantedMasks = "none";
-  Control().ToolStripButtonClicked(u"Print");
-  Control().ToolStripButtonClicked(u"PrintView");
+  Control().CommandChosen(Button(u"Print"));
+  Control().CommandChosen(Button(u"PrintView"));
   EXPECT_EQ(world_.log.Text().find("ledger"), std::string::npos) << world_.log.Text();
 }
 
@@ -62,9 +62,9 @@ TEST_F(Printing, WorksWhereTheClassCommandsAreDisabled) {
   world_.company.mode = u"2";
   world_.company.nodeSetting = u"gc0";
   Start();
-  ASSERT_FALSE(Control().IsCommandBarToolEnabled(u"iInsert"));
-  Control().ToolStripButtonClicked(u"Print");
-  Control().ToolStripButtonClicked(u"PrintView");
+  ASSERT_FALSE(Control().IsEnabled(Button(u"Add")));
+  Control().CommandChosen(Button(u"Print"));
+  Control().CommandChosen(Button(u"PrintView"));
   Click(u"iPrint");
   EXPECT_EQ(world_.log.Count("ledger print"), 2u);
   EXPECT_EQ(world_.log.Count("ledger preview"), 1u);

@@ -29,9 +29,10 @@ class RecordingPriceDownView : public PriceDownView {
         Readable(Value(points)));
   }
   void SetPeriod(std::u16string_view text) override { Log("view period " + Quoted(text)); }
-  void SetToolStripButtonEnabled(std::size_t position, bool enabled) override {
-    Log("view button " + std::to_string(position) + (enabled ? " on" : " off"));
+  void DisableButton(const Command& command) override {
+    Log("view disable button " + Utf8(command.key));
   }
+  void CopyCells() override { Log("view copy"); }
   Size ControlSize() const override {
     recorder_->QuietCall("view size", u"view");
     return size;

@@ -46,7 +46,7 @@ TEST_F(Termination, SavesUnderTheKeyOfTheOtherMode) {
 
 TEST_F(Termination, SavesNothingWithoutASelection) {
   Start();
-  world_.control->ToolStripButtonClicked(u"sp2");  // reloads the tree
+  world_.control->CommandChosen(Button(u"sp2"));  // reloads the tree
   world_.log.Clear();
   world_.control->Terminate();
   EXPECT_EQ(world_.log.Text().find("UserProfile"), std::string::npos);
@@ -142,7 +142,7 @@ TEST_F(Termination, DisablesEveryMemberAndEvent) {
   control.SplitterUp();
   control.MoveSplitter(100);
   control.NodeClicked(1);
-  control.ToolStripButtonClicked(u"Exit");
+  control.CommandChosen(Button(u"Exit"));
   EXPECT_EQ(world_.log.Text(), "");
 }
 

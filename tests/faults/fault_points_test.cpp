@@ -8,6 +8,7 @@
 #include <sstream>
 
 #include "platform/error.h"
+#include "tests/control/button.h"
 #include "tests/faults/allocations.h"
 #include "tests/faults/operations.h"
 
@@ -104,7 +105,7 @@ class FaultPoints : public ::testing::TestWithParam<Operation> {
     world.editor.whileShown = {};
     EXPECT_FALSE(world.editor.Shown().State().loaded);
     StillPrints(world);
-    world.control->ToolStripButtonClicked(u"");
+    world.control->CommandChosen(pricedown::testing::Button(u""));
     world.control->Terminate();
     world.control.reset();
     world.state = {};

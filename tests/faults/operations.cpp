@@ -2,6 +2,7 @@
 #include "tests/faults/operations.h"
 
 #include "control/update_price.h"
+#include "tests/control/button.h"
 
 namespace workbench {
 
@@ -102,10 +103,17 @@ const std::vector<Operation>& Operations() {
   static const std::vector<Operation> operations = {
       {"Start", [](FaultWorld& world) { world.OpenControl(); }},
       {"SelectClass", [](FaultWorld& world) { world.Select(u"B1"); }},
-      {"Reload", [](FaultWorld& world) { world.control->ToolStripButtonClicked(u"Refresh"); }},
+      {"Reload",
+       [](FaultWorld& world) {
+         world.control->CommandChosen(pricedown::testing::Button(u"Refresh"));
+       }},
       {"Activate", [](FaultWorld& world) { world.control->NotifyMessage(u"Activate"); }},
       {"HideToolStrip",
-       [](FaultWorld& world) { world.control->CommandBarToolChosen(u"iToolBar"); }},
+       [](FaultWorld& world) {
+         const auto tool = std::make_shared<pricedown::CommandBarTool>(
+             pricedown::CommandBarTool::Definition{u"iToolBar", {}, {}, {}});
+         world.control->ParentWindow_ToolBarClick(tool);
+       }},
       {"Resize", [](FaultWorld& world) { world.control->Resized(); }},
       {"AddClass", AddClass},
       {"RenameClass", Rename, {}, {}, true},

@@ -153,7 +153,7 @@ TEST_F(BrowserOnSample, ListsAllItemsUnderABareRootWhenKeptByItem) {
   Open();
   EXPECT_EQ(1u, control_->Nodes().Count());
   EXPECT_EQ(Count(u"select FItemID from t_ICItem where FErpClsID not in(6,8)"), Rows());
-  EXPECT_NE(std::string::npos, log_.Text().find("view button 2 off"));
+  EXPECT_NE(std::string::npos, log_.Text().find("view disable button Add"));
 }
 
 TEST_F(BrowserOnSample, ReselectsTheLastNodePerMode) {

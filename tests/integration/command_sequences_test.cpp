@@ -1,5 +1,6 @@
 // A thousand random commands through the control: after each the company matches the model.
 #include "tests/integration/command_sequences.h"
+#include "tests/control/button.h"
 
 namespace workbench {
 
@@ -43,14 +44,14 @@ void CommandSequences::Invoke(std::u16string_view button, std::u16string_view to
                               pricedown::Value (pricedown::PriceDown::*member)()) {
   switch (Roll(3)) {
     case 0:
-      control->ToolStripButtonClicked(button);
+      control->CommandChosen(pricedown::testing::Button(button));
       break;
     case 1:
       control->Bar()->Click(tool);
       break;
     default:
       (*control.*member)();
-      control->ToolStripButtonClicked(u"");  // which reloads the tree
+      control->CommandChosen(pricedown::testing::Button(u""));  // which reloads the tree
       break;
   }
 }

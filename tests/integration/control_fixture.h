@@ -13,6 +13,7 @@
 #include "tests/browser/page_keeper.h"
 #include "tests/browser/recording_editor.h"
 #include "tests/browser/recording_views.h"
+#include "tests/control/button.h"
 #include "tests/control/recording_control_views.h"
 #include "tests/integration/class_company.h"
 #include "tests/integration/counting_factory.h"
@@ -47,7 +48,7 @@ class ControlOnCompany : public ClassCompany {
   // A click on a tool of the strip, and the user's work in the form if it opens.
   void Command(std::u16string_view button, std::function<void()> work = {}) {
     editor.whileShown = std::move(work);
-    control->ToolStripButtonClicked(button);
+    control->CommandChosen(pricedown::testing::Button(button));
     editor.whileShown = {};
   }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/error.h"
+#include "tests/control/button.h"
 #include "tests/integration/control_fixture.h"
 
 namespace workbench {
@@ -239,7 +240,8 @@ TEST_F(FailingCalls, LeaveAClassWithOrWithoutItsProvisionOrGone) {
   FailEachCallInTurn([&](int failingCall) {
     ResetCompany();
     Run(u"delete from ICPriceDownPrepare where FItemID='2'");
-    control->ToolStripButtonClicked(u"");  // the tree again, with the class in it
+    control->CommandChosen(
+        pricedown::testing::Button(u""));  // the tree again, with the class in it
     Select(u"A1");
     const int first = recorder->CallCount();
     recorder->FailCall(failingCall);

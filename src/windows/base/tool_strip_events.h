@@ -3,15 +3,15 @@
 
 #include <windows.h>
 
-#include <cstddef>
+#include "env/command.h"
 
 namespace pricedown::windows {
 
 // A child reports as the last step of its message, because the report may end the control.
 class ToolStripEvents {
  public:
-  // Position from 1.
-  virtual void ToolStripButtonClicked(std::size_t position) = 0;
+  // The button of that row was pressed.
+  virtual void CommandChosen(const Command& command) = 0;
   // Tab, which the host did not use.
   virtual void TabPressed(bool backwards) = 0;
   // A child has the focus now; `from` lost it and may be null.

@@ -1,5 +1,4 @@
-// The tool bar: buttons in, presses out.
-// The keyboard is handled here, because tool bars of older systems know none.
+// The tool bar. Its keyboard is handled here, because tool bars of older systems have none.
 #include "windows/base/tool_strip_window.h"
 
 #include <algorithm>
@@ -8,11 +7,10 @@
 #include <vector>
 
 #include "env/translation.h"
-#include "windows/base/button_icons.h"
 #include "windows/base/control_ids.h"
 #include "windows/base/fonts.h"
+#include "windows/base/keyboard.h"
 #include "windows/base/plain_control.h"
-#include "windows/base/user_commands.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::windows {
@@ -26,15 +24,26 @@ constexpr int kPictureGap = 6;    // between the two
 constexpr int kHeightMargin = 6;
 constexpr int kNoButton = -1;
 
-int IdOf(std::size_t position) { return control_ids::kFirstButton + static_cast<int>(position); }
+int IdAt(std::size_t position) { return control_ids::kFirstButton + static_cast<int>(position); }
 
 }  // namespace
+
+int ToolStripWindow::IdOf(const Command& button) const {
+  const auto found = std::find(buttons_.begin(), buttons_.end(), &button);
+  if (Handle() == nullptr || found == buttons_.end()) return 0;
+  return IdAt(static_cast<std::size_t>(found - buttons_.begin()) + 1);
+}
+
+const Command* ToolStripWindow::ButtonOf(std::size_t id) const {
+  const std::size_t index = id - static_cast<std::size_t>(IdAt(1));
+  return index < buttons_.size() ? buttons_[index] : nullptr;
+}
 
 // In the order of the buttons, separators left out.
 std::vector<int> ToolStripWindow::Icons() const {
   std::vector<int> icons;
-  for (const ToolStripButton& button : buttons_) {
-    if (const int icon = IconOfButton(button.key); icon != 0) icons.push_back(icon);
+  for (const Command* button : buttons_) {
+    if (button->icon != 0) icons.push_back(button->icon);
   }
   return icons;
 }
@@ -54,7 +63,7 @@ void ToolStripWindow::Create(HWND parent, HINSTANCE module, int id, Dpi dpi,
   CreateControl(creation);
   SendMessageW(Handle(), TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
   const bool mixed = std::any_of(buttons_.begin(), buttons_.end(),
-                                 [](const ToolStripButton& button) { return button.pictureOnly; });
+                                 [](const Command* button) { return button->pictureOnly; });
   SendMessageW(Handle(), TB_SETEXTENDEDSTYLE, 0,
                TBSTYLE_EX_DOUBLEBUFFER | (mixed ? TBSTYLE_EX_MIXEDBUTTONS : 0));
   tooltips_.clear();
@@ -65,16 +74,16 @@ void ToolStripWindow::Create(HWND parent, HINSTANCE module, int id, Dpi dpi,
 void ToolStripWindow::AddButtons() {
   int image = 0;
   for (std::size_t position = 1; position <= buttons_.size(); ++position) {
-    const ToolStripButton& button = buttons_[position - 1];
-    tooltips_.push_back(Translate(button.tooltip));
+    const Command& button = *buttons_[position - 1];
+    tooltips_.push_back(TooltipOf(button));
     std::wstring caption = ToWide(Translate(button.caption));
     TBBUTTON description{};
-    description.idCommand = IdOf(position);
+    description.idCommand = IdAt(position);
     if (button.separator) {
       description.fsStyle = BTNS_SEP;
       description.iBitmap = dpi_.Scale(kSeparatorWidth);
     } else {
-      description.iBitmap = IconOfButton(button.key) != 0 ? image++ : I_IMAGENONE;
+      description.iBitmap = button.icon != 0 ? image++ : I_IMAGENONE;
       description.fsState = TBSTATE_ENABLED;
       description.fsStyle = button.pictureOnly ? BTNS_BUTTON : BTNS_BUTTON | BTNS_SHOWTEXT;
       description.iString = reinterpret_cast<INT_PTR>(caption.c_str());
@@ -104,18 +113,17 @@ void ToolStripWindow::SizeButtons() {
   SendMessageW(Handle(), TB_SETLISTGAP, static_cast<WPARAM>(dpi_.Scale(kPictureGap)), 0);
   SendMessageW(Handle(), TB_SETBUTTONSIZE, 0, MAKELPARAM(size, ButtonHeight()));
   const WindowContext context(Handle());
-  for (std::size_t position = 1; position <= buttons_.size(); ++position) {
-    const ToolStripButton& button = buttons_[position - 1];
-    if (button.separator) continue;
+  for (const Command* button : buttons_) {
+    if (button->separator) continue;
     const int text =
-        button.pictureOnly
+        button->pictureOnly
             ? 0
-            : dpi_.Scale(kPictureGap) + TextWidth(context.Get(), font_, ToWide(Caption(position)));
+            : dpi_.Scale(kPictureGap) + TextWidth(context.Get(), font_, ToWide(Caption(*button)));
     TBBUTTONINFOW info{};
     info.cbSize = sizeof info;
     info.dwMask = TBIF_SIZE;
     info.cx = static_cast<WORD>(2 * dpi_.Scale(kButtonMargin) + IconSize(dpi_) + text);
-    SendMessageW(Handle(), TB_SETBUTTONINFOW, static_cast<WPARAM>(IdOf(position)),
+    SendMessageW(Handle(), TB_SETBUTTONINFOW, static_cast<WPARAM>(IdOf(*button)),
                  reinterpret_cast<LPARAM>(&info));
   }
 }
@@ -142,59 +150,58 @@ void ToolStripWindow::SetFont(HFONT font) {
   SizeButtons();
 }
 
-void ToolStripWindow::SetEnabled(std::size_t position, bool enabled) {
-  if (Handle() == nullptr || !IsPosition(position)) return;
-  SendMessageW(Handle(), TB_ENABLEBUTTON, static_cast<WPARAM>(IdOf(position)),
+void ToolStripWindow::SetEnabled(const Command& button, bool enabled) {
+  const int id = IdOf(button);
+  if (id == 0 || IsEnabled(button) == enabled) return;
+  SendMessageW(Handle(), TB_ENABLEBUTTON, static_cast<WPARAM>(id),
                MAKELPARAM(enabled ? TRUE : FALSE, 0));
 }
 
-bool ToolStripWindow::IsEnabled(std::size_t position) const {
-  if (Handle() == nullptr || !IsPosition(position)) return false;
-  return SendMessageW(Handle(), TB_ISBUTTONENABLED, static_cast<WPARAM>(IdOf(position)), 0) != 0;
+bool ToolStripWindow::IsEnabled(const Command& button) const {
+  const int id = IdOf(button);
+  return id != 0 && SendMessageW(Handle(), TB_ISBUTTONENABLED, static_cast<WPARAM>(id), 0) != 0;
 }
 
-std::u16string ToolStripWindow::Caption(std::size_t position) const {
-  if (Handle() == nullptr || !IsPosition(position)) return {};
+std::u16string ToolStripWindow::Caption(const Command& button) const {
+  const int id = IdOf(button);
   std::array<wchar_t, 128> text{};
   TBBUTTONINFOW info{};
   info.cbSize = sizeof info;
   info.dwMask = TBIF_TEXT;
   info.pszText = text.data();
   info.cchText = static_cast<int>(text.size());
-  if (SendMessageW(Handle(), TB_GETBUTTONINFOW, static_cast<WPARAM>(IdOf(position)),
-                   reinterpret_cast<LPARAM>(&info)) < 0) {
+  if (id == 0 || SendMessageW(Handle(), TB_GETBUTTONINFOW, static_cast<WPARAM>(id),
+                              reinterpret_cast<LPARAM>(&info)) < 0) {
     return {};
   }
   return FromWide(text.data());
 }
 
-void ToolStripWindow::SetCaption(std::size_t position, std::u16string_view caption) {
-  if (Handle() == nullptr || !IsPosition(position)) return;
+void ToolStripWindow::SetCaption(const Command& button, std::u16string_view caption) {
+  const int id = IdOf(button);
+  if (id == 0) return;
   std::wstring text = ToWide(caption);
   TBBUTTONINFOW info{};
   info.cbSize = sizeof info;
   info.dwMask = TBIF_TEXT;
   info.pszText = text.data();
-  SendMessageW(Handle(), TB_SETBUTTONINFOW, static_cast<WPARAM>(IdOf(position)),
+  SendMessageW(Handle(), TB_SETBUTTONINFOW, static_cast<WPARAM>(id),
                reinterpret_cast<LPARAM>(&info));
   SizeButtons();
 }
 
-void ToolStripWindow::SetTooltip(std::size_t position, std::u16string_view tooltip) {
-  if (position >= 1 && position <= tooltips_.size()) tooltips_[position - 1] = tooltip;
+void ToolStripWindow::SetTooltip(const Command& button, std::u16string_view tooltip) {
+  if (const int id = IdOf(button)) tooltips_[static_cast<std::size_t>(id - IdAt(1))] = tooltip;
 }
 
 void ToolStripWindow::OnCommand(int id) {
-  const int position = id - control_ids::kFirstButton;
-  if (position < 1 || !IsPosition(static_cast<std::size_t>(position))) return;
-  pending_->pressed = static_cast<std::size_t>(position);
+  if (const Command* button = ButtonOf(static_cast<std::size_t>(id))) pending_->pressed = button;
 }
 
 void ToolStripWindow::OnTooltip(NMTTDISPINFOW& info) const {
-  const auto position =
-      static_cast<std::size_t>(info.hdr.idFrom) - static_cast<std::size_t>(IdOf(0));
-  if (!IsPosition(position)) return;
-  const std::wstring tip = ToWide(tooltips_[position - 1]);
+  const std::size_t index = info.hdr.idFrom - static_cast<std::size_t>(IdAt(1));
+  if (index >= tooltips_.size()) return;
+  const std::wstring tip = ToWide(tooltips_[index]);
   lstrcpynW(info.szText, tip.c_str(), static_cast<int>(std::size(info.szText)));
   info.lpszText = info.szText;
 }
@@ -202,8 +209,8 @@ void ToolStripWindow::OnTooltip(NMTTDISPINFOW& info) const {
 int ToolStripWindow::NextButton(int from, int step) const {
   const int count = static_cast<int>(buttons_.size());
   for (int index = from + step; index >= 0 && index < count; index += step) {
-    const auto position = static_cast<std::size_t>(index) + 1;
-    if (!buttons_[position - 1].separator && IsEnabled(position)) return index;
+    const Command& button = *buttons_[static_cast<std::size_t>(index)];
+    if (!button.separator && IsEnabled(button)) return index;
   }
   return kNoButton;
 }
@@ -221,7 +228,7 @@ void ToolStripWindow::SetHot(int index) {
   if (index != kNoButton) SendMessageW(Handle(), TB_SETHOTITEM, static_cast<WPARAM>(index), 0);
 }
 
-// True when the key was used up.
+// Returns whether the key was used up.
 bool ToolStripWindow::OnKeyDown(WPARAM key, bool repeated) {
   switch (key) {
     case VK_TAB:
@@ -243,11 +250,10 @@ bool ToolStripWindow::OnKeyDown(WPARAM key, bool repeated) {
       return true;
     case VK_RETURN:
     case VK_SPACE: {
-      const int hot = HotButton();
-      const auto position = static_cast<std::size_t>(hot) + 1;
+      const auto hot = static_cast<std::size_t>(HotButton());
       // A key that is held down presses once.
-      if (!repeated && hot != kNoButton && IsEnabled(position)) {
-        events_.ToolStripButtonClicked(position);
+      if (!repeated && hot < buttons_.size() && IsEnabled(*buttons_[hot])) {
+        events_.CommandChosen(*buttons_[hot]);
       }
       return true;
     }
@@ -256,13 +262,14 @@ bool ToolStripWindow::OnKeyDown(WPARAM key, bool repeated) {
   }
 }
 
-// The system's part of a message, and after it the press that it told of.
+// The system's part of a message, and after it the press that it notified.
 LRESULT ToolStripWindow::OnSystemPart(UINT message, WPARAM wParam, LPARAM lParam) {
   const std::shared_ptr<Pending> pending = pending_;
   ++pending->depth;
   const LRESULT result = Default(message, wParam, lParam);
-  if (--pending->depth > 0 || pending->pressed == 0 || pending.use_count() == 1) return result;
-  events_.ToolStripButtonClicked(std::exchange(pending->pressed, std::size_t{0}));
+  if (--pending->depth > 0 || pending->pressed == nullptr || pending.use_count() == 1)
+    return result;
+  events_.CommandChosen(*std::exchange(pending->pressed, nullptr));
   return result;
 }
 

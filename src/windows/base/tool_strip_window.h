@@ -1,6 +1,5 @@
-// A row of buttons as a tool bar of the system, with image lists for enabled and disabled ones:
-// the control's tool strip `tbToolBar` and the form's `tlbSPCA`. It knows positions, captions and
-// tips; what a button does is the core's.
+// A row of buttons as a tool bar of the system: the control's tool strip `tbToolBar`, the form's
+// `tlbSPCA` and the preview's bars.
 #pragma once
 
 #include <windows.h>
@@ -9,12 +8,12 @@
 
 #include <cstddef>
 #include <memory>
-#include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
-#include "control/tool_strip.h"
+#include "env/command.h"
 #include "windows/base/bound_window.h"
 #include "windows/base/dpi.h"
 #include "windows/base/image_list.h"
@@ -24,20 +23,19 @@ namespace pricedown::windows {
 
 class ToolStripWindow final : public BoundWindow {
  public:
-  // `buttons` must outlive the window.
-  ToolStripWindow(ToolStripEvents& events, std::span<const ToolStripButton> buttons)
-      : events_(events), buttons_(buttons) {}
-  // `id` is the window's; the buttons' command ids follow from their positions. Throws
-  // AutomationError.
+  // One button per row, in order. The rows must outlive the window.
+  ToolStripWindow(ToolStripEvents& events, std::vector<const Command*> buttons)
+      : events_(events), buttons_(std::move(buttons)) {}
+  // `id` is the window's; a button's command id is control_ids::kFirstButton + its position from 1.
+  // Throws AutomationError.
   void Create(HWND parent, HINSTANCE module, int id, Dpi dpi, std::u16string_view name);
 
-  // Positions are from 1; others are ignored.
-  void SetEnabled(std::size_t position, bool enabled);
-  bool IsEnabled(std::size_t position) const;
-  std::u16string Caption(std::size_t position) const;
-  void SetCaption(std::size_t position, std::u16string_view caption);
-  // An empty tip is none.
-  void SetTooltip(std::size_t position, std::u16string_view tooltip);
+  // Rows without a button are ignored: disabled, without a caption.
+  void SetEnabled(const Command& button, bool enabled);
+  bool IsEnabled(const Command& button) const;
+  std::u16string Caption(const Command& button) const;
+  void SetCaption(const Command& button, std::u16string_view caption);
+  void SetTooltip(const Command& button, std::u16string_view tooltip);
 
   void SetFont(HFONT font);
   // What the window should be high; tool bars draw pictures in the middle only then. Pixels.
@@ -46,7 +44,7 @@ class ToolStripWindow final : public BoundWindow {
   int ButtonsWidth() const;
   void TakeAppearance(Dpi dpi);
 
-  // What the strip told its parent: a button was pressed; a tooltip is needed.
+  // Notifications that the tool bar sent to its parent.
   void OnCommand(int id);
   void OnTooltip(NMTTDISPINFOW& info) const;
 
@@ -57,12 +55,13 @@ class ToolStripWindow final : public BoundWindow {
   // As in tree_window.h.
   struct Pending {
     int depth = 0;
-    std::size_t pressed = 0;
+    const Command* pressed = nullptr;
   };
 
-  bool IsPosition(std::size_t position) const {
-    return position >= 1 && position <= buttons_.size();
-  }
+  // The row's command id; 0 without a window or button.
+  int IdOf(const Command& button) const;
+  // The row of a command id; null when there is none.
+  const Command* ButtonOf(std::size_t id) const;
   std::vector<int> Icons() const;
 
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -75,7 +74,7 @@ class ToolStripWindow final : public BoundWindow {
   void SizeButtons();
 
   ToolStripEvents& events_;
-  std::span<const ToolStripButton> buttons_;
+  std::vector<const Command*> buttons_;
   std::vector<std::u16string> tooltips_;  // by position from 0
   Dpi dpi_;
   HFONT font_ = nullptr;  // the control's

@@ -7,7 +7,6 @@
 #include <utility>
 #include <vector>
 
-#include "control/tool_strip.h"
 #include "env/translation.h"
 #include "platform/text.h"
 #include "windows/base/control_ids.h"
@@ -34,12 +33,6 @@ void ControlChildren::Create(HWND parent) {
   secondLabel.Create(parent, module, L"STATIC", control_ids::kSecondLabel, label | SS_RIGHT);
   upperLine.Create(parent, module, control_ids::kUpperLine);
   strip.Create(parent, module, control_ids::kToolStrip, dpi, Translate(kStripName));
-  for (const UserCommand command :
-       {UserCommand::Add, UserCommand::Edit, UserCommand::Delete, UserCommand::Print}) {
-    const std::size_t position = StripPositionOf(command);
-    strip.SetTooltip(position, Concatenate({Translate(kToolStripButtons[position - 1].tooltip),
-                                            u" (", ShortcutOf(command), u")"}));
-  }
   lowerLine.Create(parent, module, control_ids::kLowerLine);
   classHeading.Create(parent, module, control_ids::kClassHeading, Translate(kTreeName));
   tree.Create(parent, module, dpi, Translate(kTreeName));
@@ -66,11 +59,12 @@ void ControlChildren::ListCaptions() {
                                       ofWindow(u"SSPTitleItem", itemHeading),
                                       ofWindow(u"Label1", firstLabel),
                                       ofWindow(u"Label2", secondLabel)};
-  for (std::size_t i = 0; i < kToolStripButtons.size(); ++i) {
-    if (kToolStripButtons[i].separator) continue;
-    captions.push_back({Concatenate({u"tbToolBar.", kToolStripButtons[i].key}),
-                        [this, i] { return strip.Caption(i + 1); },
-                        [this, i](std::u16string_view text) { strip.SetCaption(i + 1, text); }});
+  for (const Command* button : CommandsOn(surface::kToolStrip)) {
+    if (button->separator) continue;
+    captions.push_back(
+        {Concatenate({u"tbToolBar.", button->key}),
+         [this, button] { return strip.Caption(*button); },
+         [this, button](std::u16string_view text) { strip.SetCaption(*button, text); }});
   }
   form = std::make_shared<CaptionedForm>(u"PriceDown", std::move(captions));
 }

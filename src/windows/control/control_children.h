@@ -7,7 +7,9 @@
 #include <chrono>
 #include <memory>
 #include <string>
+#include <vector>
 
+#include "control/commands.h"
 #include "control/layout.h"
 #include "windows/base/captioned_form.h"
 #include "windows/base/fonts.h"
@@ -34,12 +36,17 @@ struct TitleFont {
   double points = 18;
 };
 
+inline std::vector<const Command*> Buttons() {
+  const auto rows = CommandsOn(surface::kToolStrip);
+  return {rows.begin(), rows.end()};
+}
+
 struct ControlChildren {
   ControlChildren(HINSTANCE theModule, ChildEvents& events)
       : module(theModule),
         styles(theModule),
         tree(events),
-        strip(events, kToolStripButtons),
+        strip(events, Buttons()),
         splitter(events),
         grid(events) {}
 

@@ -2,16 +2,16 @@
 // Part of ControlWindow.
 #include <windows.h>
 
-#include <array>
 #include <chrono>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "control/tool_strip.h"
+#include "control/commands.h"
 #include "env/translation.h"
 #include "platform/convert.h"
 #include "platform/text.h"
+#include "windows/base/context_menu.h"
 #include "windows/base/dpi.h"
 #include "windows/base/gdi.h"
 #include "windows/base/message_box_questions.h"
@@ -22,19 +22,10 @@
 namespace pricedown::windows {
 namespace {
 
-constexpr std::array kTreeMenu{UserCommand::Add,     UserCommand::Edit,  UserCommand::Delete,
-                               UserCommand::Refresh, UserCommand::Print, UserCommand::Preview};
-
 std::u16string Seconds(Clock::duration duration) {
   const auto milliseconds = std::chrono::duration_cast<std::chrono::milliseconds>(duration).count();
   if (milliseconds < 10) return u"0.01";
   return NumberText(static_cast<double>(milliseconds / 10) / 100);
-}
-
-std::u16string CaptionOf(const ToolStripWindow& strip, UserCommand command) {
-  if (command == UserCommand::Copy) return Translate(u"复制");
-  if (command == UserCommand::Refresh) return Translate(u"刷新");
-  return strip.Caption(StripPositionOf(command));
 }
 
 void PaintBackground(HWND window) {
@@ -69,50 +60,38 @@ void ControlWindow::NodeClicked(NodeIndex node) {
   Fire([node](PriceDown& control) { control.NodeClicked(node); });
 }
 
-void ControlWindow::ToolStripButtonClicked(std::size_t position) {
-  Fire([position](PriceDown& control) {
-    control.ToolStripButtonClicked(std::u16string(kToolStripButtons[position - 1].key));
+// Buttons and menus show rows of the control's own table.
+void ControlWindow::CommandChosen(const Command& command) {
+  Fire([&command](PriceDown& control) {
+    control.CommandChosen(static_cast<const ControlCommand&>(command));
   });
 }
 
-bool ControlWindow::IsEnabled(UserCommand command) const {
-  if (control_ == nullptr) return false;
-  switch (command) {
-    case UserCommand::Copy:
-      return control_->ItemCells().MaxRows() > 0;
-    case UserCommand::Refresh:
-      return control_->IsCommandBarToolEnabled(kRefreshTool);
-    default:
-      return children_->strip.IsEnabled(StripPositionOf(command));
-  }
+unsigned ControlWindow::MenuOf(HWND child) const {
+  return child == children_->grid.Handle() ? surface::kGridMenu : surface::kTreeMenu;
 }
 
-// All but copying and refreshing is what the strip's button does, with its right.
-void ControlWindow::CommandChosen(UserCommand command) {
-  if (!IsEnabled(command)) return;
-  if (command == UserCommand::Copy) {
-    SendMessageW(children_->grid.Handle(), WM_COPY, 0, 0);
-  } else if (command == UserCommand::Refresh) {
-    Fire([](PriceDown& control) { control.CommandBarToolChosen(kRefreshTool); });
-  } else {
-    ToolStripButtonClicked(StripPositionOf(command));
-  }
+bool ControlWindow::KeyPressed(HWND child, const KeyPress& press, bool repeated) {
+  const ControlCommand* command = CommandOfPress(press, MenuOf(child));
+  // A key that is held down gives its command once.
+  if (command != nullptr && !repeated) CommandChosen(*command);
+  return command != nullptr;
 }
 
 void ControlWindow::MenuRequested(HWND child, POINT place) {
-  std::vector<CommandLine> lines;
-  for (const UserCommand command : kTreeMenu) {
-    lines.push_back({command, CaptionOf(children_->strip, command), IsEnabled(command)});
-  }
-  lines[3].beginsGroup = true;
-  if (child == children_->grid.Handle()) {
-    lines.push_back({UserCommand::Copy, CaptionOf(children_->strip, UserCommand::Copy),
-                     IsEnabled(UserCommand::Copy), true});
+  const std::vector<const ControlCommand*> commands = CommandsOn(MenuOf(child));
+  std::vector<MenuLine> lines;
+  for (const ControlCommand* command : commands) {
+    // The suite may have changed a button's caption.
+    const bool button = (command->surfaces & surface::kToolStrip) != 0;
+    lines.push_back({button ? children_->strip.Caption(*command) : Translate(command->caption),
+                     ShortcutText(command->keys[0]),
+                     control_ != nullptr && control_->IsEnabled(*command), command->beginsGroup});
   }
   // While the menu is open the host may close everything.
   const std::shared_ptr<void> hold = Hold();
   const auto chosen = ChooseFromMenu(Handle(), place, lines);
-  if (chosen && Handle() != nullptr) CommandChosen(*chosen);
+  if (chosen && Handle() != nullptr) CommandChosen(*commands[*chosen]);
 }
 
 void ControlWindow::SplitterEvent(SplitterAction action, std::int32_t pixels) {

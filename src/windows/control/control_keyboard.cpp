@@ -2,6 +2,8 @@
 // Part of ControlWindow.
 #include <array>
 
+#include "control/commands.h"
+#include "windows/base/keyboard.h"
 #include "windows/control/control_children.h"
 #include "windows/control/control_window.h"
 
@@ -71,13 +73,12 @@ void ControlWindow::SetFocusFirst(bool last) {
 }
 
 // A key whose command is disabled is left to the host.
-bool ControlWindow::UsesCommandKey(HWND focus, WPARAM key) const {
+bool ControlWindow::UsesCommandKey(HWND focus, const KeyPress& press) const {
   const ControlChildren& c = *children_;
+  if (focus == c.grid.Handle() && c.grid.EditsWith(press)) return true;
   if (focus != c.tree.Handle() && focus != c.grid.Handle()) return false;
-  const auto command = CommandOfKey(key);
-  if (!command) return false;
-  return IsEnabled(*command) ||
-         (*command == UserCommand::Edit && focus == c.grid.Handle() && c.grid.CanEdit());
+  const ControlCommand* command = CommandOfPress(press, MenuOf(focus));
+  return command != nullptr && control_ != nullptr && control_->IsEnabled(*command);
 }
 
 bool ControlWindow::TranslateKey(MSG& message) {
@@ -102,7 +103,7 @@ bool ControlWindow::TranslateKey(MSG& message) {
   const bool inGrid = focus == c.grid.Handle();
   const bool inEditor = IsChild(c.grid.Handle(), focus) != FALSE;
   bool ours = message.message == WM_KEYDOWN && IsMoveKey(message.wParam);
-  ours = ours || (message.message == WM_KEYDOWN && UsesCommandKey(focus, message.wParam));
+  ours = ours || (message.message == WM_KEYDOWN && UsesCommandKey(focus, PressOf(message.wParam)));
   if (inStrip) ours = ours || IsKeyDown(message, VK_RETURN) || IsKeyDown(message, VK_SPACE);
   if (inGrid) {
     ours = ours || (control && (IsKeyDown(message, 'C') || IsKeyDown(message, 'A') ||
@@ -110,7 +111,8 @@ bool ControlWindow::TranslateKey(MSG& message) {
   }
   if (inEditor) {
     // A host's own Delete or Ctrl+V would mean something else than the number that is typed.
-    ours = ours || (IsKeyDown(message, VK_F5) && CommandOfKey(VK_F5)) ||
+    ours = ours ||
+           (message.message == WM_KEYDOWN && PressOf(message.wParam) == KeyPress{Key::F5}) ||
            IsKeyDown(message, VK_DELETE) || IsKeyDown(message, VK_INSERT) ||
            (control &&
             (IsKeyDown(message, 'A') || IsKeyDown(message, 'C') || IsKeyDown(message, 'V') ||

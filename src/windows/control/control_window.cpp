@@ -97,9 +97,11 @@ void ControlWindow::SetPeriod(std::u16string_view text) {
   GiveText(children_->period.Handle(), text);
 }
 
-void ControlWindow::SetToolStripButtonEnabled(std::size_t position, bool enabled) {
-  children_->strip.SetEnabled(position, enabled);
+void ControlWindow::DisableButton(const Command& command) {
+  children_->strip.SetEnabled(command, false);
 }
+
+void ControlWindow::CopyCells() { SendMessageW(children_->grid.Handle(), WM_COPY, 0, 0); }
 
 Size ControlWindow::ControlSize() const {
   if (Handle() == nullptr) return {};

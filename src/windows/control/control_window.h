@@ -74,7 +74,8 @@ class ControlWindow final : public PriceDownView,
   void SetTitle(std::u16string_view text) override;
   void SetTitleFont(std::u16string_view name, std::int32_t charset, double points) override;
   void SetPeriod(std::u16string_view text) override;
-  void SetToolStripButtonEnabled(std::size_t position, bool enabled) override;
+  void DisableButton(const Command& command) override;
+  void CopyCells() override;
   Size ControlSize() const override;
   void Place(const Layout& layout) override;
   void ShowDragBar(const Rectangle& bar) override;
@@ -96,8 +97,8 @@ class ControlWindow final : public PriceDownView,
 
   // ChildEvents
   void NodeClicked(NodeIndex node) override;
-  void ToolStripButtonClicked(std::size_t position) override;
-  void CommandChosen(UserCommand command) override;
+  void CommandChosen(const Command& command) override;
+  bool KeyPressed(HWND child, const KeyPress& press, bool repeated) override;
   void MenuRequested(HWND child, POINT place) override;
   void SplitterEvent(SplitterAction action, std::int32_t pixels) override;
   void TabPressed(bool backwards) override;
@@ -107,8 +108,8 @@ class ControlWindow final : public PriceDownView,
   bool Waiting() const override { return waiting_; }
   std::shared_ptr<void> Hold() override { return hold_ ? hold_() : nullptr; }
 
-  bool IsEnabled(UserCommand command) const;
-  bool UsesCommandKey(HWND focus, WPARAM key) const;
+  unsigned MenuOf(HWND child) const;
+  bool UsesCommandKey(HWND focus, const KeyPress& press) const;
   template <typename Command>
   void Fire(Command&& command);
   void SystemChanged(UINT message);

@@ -10,7 +10,9 @@
 #include <utility>
 
 #include "platform/icon_ids.h"
+#include "windows/base/context_menu.h"
 #include "windows/base/control_ids.h"
+#include "windows/base/keyboard.h"
 #include "windows/base/plain_control.h"
 #include "windows/com/wide_text.h"
 
@@ -166,17 +168,13 @@ LRESULT TreeWindow::OnFocus(WPARAM wParam, LPARAM lParam) {
   return result;
 }
 
-// True when the key was used up.
+// Returns whether the key was used up.
 bool TreeWindow::OnKeyDown(WPARAM key, bool repeated) {
   if (key == VK_TAB) {
     events_.TabPressed(GetKeyState(VK_SHIFT) < 0);
     return true;
   }
-  if (const auto command = CommandOfKey(key)) {
-    // A key that is held down gives its command once.
-    if (!repeated) events_.CommandChosen(*command);
-    return true;
-  }
+  if (events_.KeyPressed(Handle(), PressOf(key), repeated)) return true;
   if (IsNavigationKey(key) && TreeView_GetSelection(Handle()) == nullptr && !items_.empty()) {
     // The new selection is reported from within, as the last step.
     TreeView_SelectItem(Handle(), TreeView_GetFirstVisible(Handle()));

@@ -7,8 +7,9 @@
 #include <array>
 #include <memory>
 
-#include "control/tool_strip.h"
 #include "editor/form_view.h"
+#include "env/command.h"
+#include "platform/icon_ids.h"
 #include "windows/base/captioned_form.h"
 #include "windows/base/frame_windows.h"
 #include "windows/base/group_box.h"
@@ -22,15 +23,19 @@
 namespace pricedown::windows {
 
 // The buttons of `tlbSPCA` by position; their texts come from the form.
-inline constexpr std::array<ToolStripButton, 7> kFormTools{{
-    {u"Add", u"", u""},
-    {u"Save", u"", u""},
-    {u"sp4", u"", u"", true},
-    {u"AddItem", u"", u""},
-    {u"DelItem", u"", u""},
-    {u"sp7", u"", u"", true},
-    {u"iExit", u"", u""},
+inline constexpr std::array<Command, 7> kFormTools{{
+    {.key = u"Add", .icon = PRICEDOWN_ICON_ADD},
+    {.key = u"Save", .icon = PRICEDOWN_ICON_SAVE},
+    {.key = u"sp4", .separator = true},
+    {.key = u"AddItem", .icon = PRICEDOWN_ICON_ADD_ITEM},
+    {.key = u"DelItem", .icon = PRICEDOWN_ICON_REMOVE_ITEM},
+    {.key = u"sp7", .separator = true},
+    {.key = u"iExit", .icon = PRICEDOWN_ICON_EXIT},
 }};
+
+inline const Command& ButtonOf(FormTool tool) {
+  return kFormTools[static_cast<std::size_t>(tool) - 1];
+}
 
 // A field with its label; the account fields have a lookup button.
 struct FieldRow {
@@ -57,7 +62,7 @@ struct FormChildren {
   FormChildren(HINSTANCE module, ToolStripEvents& stripEvents, FieldEvents& fields,
                MemberListEvents& memberEvents)
       : styles(module),
-        strip(stripEvents, kFormTools),
+        strip(stripEvents, RowsOf(kFormTools)),
         rows{{{fields, FormField::ClassNumber, FormCaption::Label1, form_ids::kLabel1,
                form_ids::kClassNumber},
               {fields, FormField::ClassName, FormCaption::Label2, form_ids::kLabel1 + 1,

@@ -39,12 +39,12 @@ void ItemClassWindow::Run(Command&& command) {
 }
 
 void ItemClassWindow::PressTool(FormTool tool) {
-  if (!children_->strip.IsEnabled(static_cast<std::size_t>(tool))) return;
+  if (!children_->strip.IsEnabled(ButtonOf(tool))) return;
   Run([tool](ItemClassForm& form) { form.ToolClicked(tool); });
 }
 
-void ItemClassWindow::ToolStripButtonClicked(std::size_t position) {
-  PressTool(static_cast<FormTool>(position));
+void ItemClassWindow::CommandChosen(const Command& command) {
+  PressTool(static_cast<FormTool>(&command - kFormTools.data() + 1));
 }
 
 void ItemClassWindow::LookupPressed(FormField field) {

@@ -99,12 +99,12 @@ void ItemClassWindow::ListCaptions() {
     captions.push_back({std::u16string(row.name), [&window] { return TextOf(window.Handle()); },
                         [&window](std::u16string_view text) { GiveText(window.Handle(), text); }});
   }
-  for (std::size_t i = 0; i < kFormTools.size(); ++i) {
-    if (kFormTools[i].separator) continue;
+  for (const Command& tool : kFormTools) {
+    if (tool.separator) continue;
     captions.push_back(
-        {Concatenate({u"tlbSPCA.", kFormTools[i].key}),
-         [&strip = c.strip, i] { return strip.Caption(i + 1); },
-         [&strip = c.strip, i](std::u16string_view text) { strip.SetCaption(i + 1, text); }});
+        {Concatenate({u"tlbSPCA.", tool.key}),
+         [&strip = c.strip, &tool] { return strip.Caption(tool); },
+         [&strip = c.strip, &tool](std::u16string_view text) { strip.SetCaption(tool, text); }});
   }
   c.form = std::make_shared<CaptionedForm>(u"frmItemClass", std::move(captions));
 }
@@ -211,16 +211,12 @@ void ItemClassWindow::SetCaption(FormCaption target, std::u16string_view text) {
 
 void ItemClassWindow::SetToolTexts(FormTool tool, std::u16string_view caption,
                                    std::u16string_view toolTip) {
-  const auto position = static_cast<std::size_t>(tool);
-  children_->strip.SetCaption(position, caption);
-  children_->strip.SetTooltip(position, toolTip);
+  children_->strip.SetCaption(ButtonOf(tool), caption);
+  children_->strip.SetTooltip(ButtonOf(tool), toolTip);
 }
 
 void ItemClassWindow::SetToolEnabled(FormTool tool, bool enabled) {
-  const auto position = static_cast<std::size_t>(tool);
-  if (children_->strip.IsEnabled(position) != enabled) {
-    children_->strip.SetEnabled(position, enabled);
-  }
+  children_->strip.SetEnabled(ButtonOf(tool), enabled);
 }
 
 ObjectPtr ItemClassWindow::FormObject() { return children_->form; }

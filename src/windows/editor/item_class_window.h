@@ -76,7 +76,7 @@ class ItemClassWindow final : public ItemClassFormView,
   void OnDestroy() override;
 
   // ToolStripEvents
-  void ToolStripButtonClicked(std::size_t position) override;
+  void CommandChosen(const Command& command) override;
   void TabPressed(bool backwards) override { FocusNext(backwards); }
   void FocusEntered(HWND) override {}
   // FieldEvents

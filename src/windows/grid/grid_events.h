@@ -5,16 +5,17 @@
 
 #include <memory>
 
+#include "platform/key.h"
 #include "windows/base/tool_strip_events.h"
-#include "windows/base/user_commands.h"
 
 namespace pricedown::windows {
 
 // Reported as the last step of a message, because the report may end the control.
 class GridEvents : public ToolStripEvents {
  public:
-  // A key of that command was pressed.
-  virtual void CommandChosen(UserCommand command) = 0;
+  // `child` has no use of its own for the key; returns whether the key belongs to a command and is
+  // used up.
+  virtual bool KeyPressed(HWND child, const KeyPress& press, bool repeated) = 0;
   // `child` should show its commands at `place` on the screen.
   virtual void MenuRequested(HWND child, POINT place) = 0;
   // The grid shows other rows.

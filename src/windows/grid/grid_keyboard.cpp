@@ -4,6 +4,7 @@
 
 #include "browser/grid_text.h"
 #include "windows/base/clipboard.h"
+#include "windows/base/keyboard.h"
 #include "windows/grid/grid_window.h"
 
 namespace pricedown::windows {
@@ -128,22 +129,19 @@ bool GridWindow::OnKeyDown(WPARAM key) {
   return OnMoveKey(key, shift);
 }
 
-// In an open cell F2 and Enter mean its number, anywhere else the class.
-void GridWindow::OnCommandKey(UserCommand command) {
-  if (command == UserCommand::Edit && CanEdit()) {
-    BeginEditing({});
-  } else {
-    events_.CommandChosen(command);
-  }
+// In an open cell F2 and Enter mean its number, anywhere else they are the window's.
+bool GridWindow::EditsWith(const KeyPress& press) const {
+  return (press == KeyPress{Key::F2} || press == KeyPress{Key::Enter}) && CanEdit();
 }
 
 LRESULT GridWindow::OnKeyboard(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_KEYDOWN:
-      if (const auto command = CommandOfKey(wParam)) {
-        if (!IsRepeated(lParam)) OnCommandKey(*command);
+      if (EditsWith(PressOf(wParam))) {
+        if (!IsRepeated(lParam)) BeginEditing({});
         return 0;
       }
+      if (events_.KeyPressed(Handle(), PressOf(wParam), IsRepeated(lParam))) return 0;
       return OnKeyDown(wParam) ? 0 : Default(message, wParam, lParam);
     case WM_CHAR: {
       const char16_t unit = static_cast<char16_t>(wParam);
@@ -195,16 +193,16 @@ void GridWindow::EditingAccepted(std::u16string_view text, WPARAM key) {
   }
 }
 
-// The keys that work while a number is typed; it is taken over first.
+// A key without modifiers that works while a number is typed; the number is accepted first.
 void GridWindow::FunctionKeyPressed(WPARAM key) {
-  const auto command = CommandOfKey(key);
-  if (!command) return;
+  const KeyPress press = PressOf(key);
+  if (press != KeyPress{press.key}) return;
   const std::shared_ptr<void> hold = events_.Hold();
   editor_.Finish(0);
   if (Handle() == nullptr) return;
   SetFocus(Handle());
   if (Handle() == nullptr) return;
-  events_.CommandChosen(*command);
+  events_.KeyPressed(Handle(), press, false);
 }
 
 void GridWindow::EditingCancelled() {

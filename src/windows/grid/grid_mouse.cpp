@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "windows/base/context_menu.h"
 #include "windows/base/gdi.h"
 #include "windows/com/wide_text.h"
 #include "windows/grid/grid_window.h"

@@ -2,6 +2,7 @@
 // Mouse, keyboard and editing are in files of their own.
 #include "windows/grid/grid_window.h"
 
+#include "windows/base/context_menu.h"
 #include "windows/base/control_ids.h"
 #include "windows/base/gdi.h"
 #include "windows/com/wide_text.h"

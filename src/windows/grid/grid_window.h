@@ -36,6 +36,8 @@ class GridWindow final : public BoundWindow, public GridView, private EditorEven
   bool IsEditing() const { return editor_.IsActive(); }
   // Whether a number may be typed into the current cell.
   bool CanEdit() const;
+  // Whether the key begins typing into the current cell.
+  bool EditsWith(const KeyPress& press) const;
 
   // GridView
   void GridChanged() override;
@@ -68,7 +70,6 @@ class GridWindow final : public BoundWindow, public GridView, private EditorEven
   void FitColumn(std::int32_t column);
 
   bool OnKeyDown(WPARAM key);
-  void OnCommandKey(UserCommand command);
   bool OnContextMenu(LPARAM place);
   bool OnControlKey(WPARAM key, bool extend);
   bool OnMoveKey(WPARAM key, bool extend);

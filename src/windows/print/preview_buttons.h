@@ -4,11 +4,9 @@
 
 #include <array>
 #include <cstdint>
-#include <optional>
-#include <string_view>
-#include <utility>
 
-#include "control/tool_strip.h"
+#include "env/command.h"
+#include "platform/icon_ids.h"
 
 namespace pricedown::windows {
 
@@ -27,46 +25,92 @@ enum class PreviewCommand : std::uint8_t {
   Close,
 };
 
-inline constexpr std::array<ToolStripButton, 8> kDocumentButtons{{
-    {u"Print", u"打印", u"打印 (Ctrl+P)"},
-    {u"PageSetup", u"页面设置", u"纸张、方向和页边距"},
-    {u"Font", u"字体", u"字体，与列表共用"},
-    {u"sp4", u"", u"", true},
-    {u"First", u"首页", u"首页 (Ctrl+Home)", false, true},
-    {u"Previous", u"上一页", u"上一页 (PgUp)", false, true},
-    {u"Next", u"下一页", u"下一页 (PgDn)", false, true},
-    {u"Last", u"末页", u"末页 (Ctrl+End)", false, true},
+struct PreviewButton : Command {
+  PreviewCommand command = PreviewCommand::Close;
+};
+
+inline constexpr std::array<PreviewButton, 8> kDocumentButtons{{
+    {{.key = u"Print",
+      .caption = u"打印",
+      .tooltip = u"打印",
+      .icon = PRICEDOWN_ICON_PRINT,
+      .keys = {KeyPress{.key = Key::P, .control = true}}},
+     PreviewCommand::Print},
+    {{.key = u"PageSetup",
+      .caption = u"页面设置",
+      .tooltip = u"纸张、方向和页边距",
+      .icon = PRICEDOWN_ICON_PAGE_SETUP},
+     PreviewCommand::PageSetup},
+    {{.key = u"Font",
+      .caption = u"字体",
+      .tooltip = u"字体，与列表共用",
+      .icon = PRICEDOWN_ICON_FONT},
+     PreviewCommand::Font},
+    {{.key = u"sp4", .separator = true}},
+    {{.key = u"First",
+      .caption = u"首页",
+      .tooltip = u"首页",
+      .icon = PRICEDOWN_ICON_FIRST,
+      .keys = {KeyPress{.key = Key::Home, .control = true}},
+      .pictureOnly = true},
+     PreviewCommand::First},
+    {{.key = u"Previous",
+      .caption = u"上一页",
+      .tooltip = u"上一页",
+      .icon = PRICEDOWN_ICON_PREVIOUS,
+      .keys = {KeyPress{Key::PageUp}},
+      .pictureOnly = true},
+     PreviewCommand::Previous},
+    {{.key = u"Next",
+      .caption = u"下一页",
+      .tooltip = u"下一页",
+      .icon = PRICEDOWN_ICON_NEXT,
+      .keys = {KeyPress{Key::PageDown}},
+      .pictureOnly = true},
+     PreviewCommand::Next},
+    {{.key = u"Last",
+      .caption = u"末页",
+      .tooltip = u"末页",
+      .icon = PRICEDOWN_ICON_LAST,
+      .keys = {KeyPress{.key = Key::End, .control = true}},
+      .pictureOnly = true},
+     PreviewCommand::Last},
 }};
 
-inline constexpr std::array<ToolStripButton, 6> kViewButtons{{
-    {u"ZoomOut", u"缩小", u"缩小 (-)", false, true},
-    {u"ZoomIn", u"放大", u"放大 (+)", false, true},
-    {u"FitPage", u"整页", u"显示整页", false, true},
-    {u"FitWidth", u"页宽", u"按页宽显示", false, true},
-    {u"sp5", u"", u"", true},
-    {u"Close", u"关闭", u"关闭 (Esc)"},
+inline constexpr std::array<PreviewButton, 6> kViewButtons{{
+    {{.key = u"ZoomOut",
+      .caption = u"缩小",
+      .tooltip = u"缩小",
+      .icon = PRICEDOWN_ICON_ZOOM_OUT,
+      .keys = {KeyPress{Key::Subtract}},
+      .pictureOnly = true},
+     PreviewCommand::ZoomOut},
+    {{.key = u"ZoomIn",
+      .caption = u"放大",
+      .tooltip = u"放大",
+      .icon = PRICEDOWN_ICON_ZOOM_IN,
+      .keys = {KeyPress{Key::Add}},
+      .pictureOnly = true},
+     PreviewCommand::ZoomIn},
+    {{.key = u"FitPage",
+      .caption = u"整页",
+      .tooltip = u"显示整页",
+      .icon = PRICEDOWN_ICON_FIT_PAGE,
+      .pictureOnly = true},
+     PreviewCommand::FitPage},
+    {{.key = u"FitWidth",
+      .caption = u"页宽",
+      .tooltip = u"按页宽显示",
+      .icon = PRICEDOWN_ICON_FIT_WIDTH,
+      .pictureOnly = true},
+     PreviewCommand::FitWidth},
+    {{.key = u"sp5", .separator = true}},
+    {{.key = u"Close",
+      .caption = u"关闭",
+      .tooltip = u"关闭",
+      .icon = PRICEDOWN_ICON_EXIT,
+      .keys = {KeyPress{Key::Escape}}},
+     PreviewCommand::Close},
 }};
-
-// The command of a button, by the button's key; nothing for a separator.
-constexpr std::optional<PreviewCommand> PreviewCommandOf(std::u16string_view key) {
-  constexpr std::array<std::pair<std::u16string_view, PreviewCommand>, 12> kCommands{{
-      {u"Print", PreviewCommand::Print},
-      {u"PageSetup", PreviewCommand::PageSetup},
-      {u"Font", PreviewCommand::Font},
-      {u"First", PreviewCommand::First},
-      {u"Previous", PreviewCommand::Previous},
-      {u"Next", PreviewCommand::Next},
-      {u"Last", PreviewCommand::Last},
-      {u"ZoomOut", PreviewCommand::ZoomOut},
-      {u"ZoomIn", PreviewCommand::ZoomIn},
-      {u"FitPage", PreviewCommand::FitPage},
-      {u"FitWidth", PreviewCommand::FitWidth},
-      {u"Close", PreviewCommand::Close},
-  }};
-  for (const auto& [name, command] : kCommands) {
-    if (name == key) return command;
-  }
-  return std::nullopt;
-}
 
 }  // namespace pricedown::windows

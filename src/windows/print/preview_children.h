@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <functional>
+#include <span>
 #include <utility>
 
 #include "windows/base/frame_windows.h"
@@ -19,19 +20,18 @@ namespace pricedown::windows {
 
 // One of the two rows of buttons; presses are told as commands.
 struct PreviewBar final : private ToolStripEvents {
-  PreviewBar(std::span<const ToolStripButton> theButtons,
-             std::function<void(PreviewCommand)> pressed, std::function<void(bool)> tabPressed)
+  PreviewBar(std::span<const PreviewButton> theButtons, std::function<void(PreviewCommand)> pressed,
+             std::function<void(bool)> tabPressed)
       : buttons(theButtons),
         pressed_(std::move(pressed)),
         tabPressed_(std::move(tabPressed)),
-        strip(*this, theButtons) {}
+        strip(*this, RowsOf(theButtons)) {}
 
-  const std::span<const ToolStripButton> buttons;
+  const std::span<const PreviewButton> buttons;
 
  private:
-  void ToolStripButtonClicked(std::size_t position) override {
-    const auto command = PreviewCommandOf(buttons[position - 1].key);
-    if (command) pressed_(*command);
+  void CommandChosen(const Command& command) override {
+    pressed_(static_cast<const PreviewButton&>(command).command);
   }
   void TabPressed(bool backwards) override { tabPressed_(backwards); }
   void FocusEntered(HWND) override {}

@@ -197,11 +197,8 @@ void PreviewWindow::ShowState() {
   if (Handle() == nullptr) return;
   PreviewChildren& c = *children_;
   for (PreviewBar* bar : {&c.documentBar, &c.viewBar}) {
-    for (std::size_t i = 0; i < bar->buttons.size(); ++i) {
-      const auto command = PreviewCommandOf(bar->buttons[i].key);
-      if (!command) continue;
-      const bool enabled = IsEnabled(*command);
-      if (bar->strip.IsEnabled(i + 1) != enabled) bar->strip.SetEnabled(i + 1, enabled);
+    for (const PreviewButton& button : bar->buttons) {
+      if (!button.separator) bar->strip.SetEnabled(button, IsEnabled(button.command));
     }
   }
   ShowPageNumber();

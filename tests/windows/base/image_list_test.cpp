@@ -9,11 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "control/tool_strip.h"
 #include "platform/error.h"
 #include "platform/icon_ids.h"
-#include "tests/support/utf8.h"
-#include "windows/base/button_icons.h"
 #include "windows/base/gdi.h"
 
 namespace pricedown::testing {
@@ -113,17 +110,6 @@ TEST(ImageList, ShowsADisabledIconGreyAndPale) {
 TEST(ImageList, RefusesAnIconThatTheModuleDoesNotHave) {
   const std::vector<int> icons{PRICEDOWN_ICON_FIT_WIDTH + 1};
   EXPECT_THROW(MakeImageList(icons, IconLook::Normal, Dpi(96)), AutomationError);
-}
-
-TEST(ButtonIcons, AreDifferentForEachButtonOfTheToolStrip) {
-  std::set<int> different;
-  for (const ToolStripButton& button : kToolStripButtons) {
-    const int icon = windows::IconOfButton(button.key);
-    EXPECT_EQ(icon == 0, button.separator) << Utf8(button.key);
-    if (icon == 0) continue;
-    EXPECT_TRUE(different.insert(icon).second) << Utf8(button.key);
-  }
-  EXPECT_EQ(different.size(), 6u);
 }
 
 }  // namespace

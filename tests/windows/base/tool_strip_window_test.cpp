@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "control/tool_strip.h"
+#include "control/commands.h"
 #include "platform/error.h"
 #include "tests/windows/base/message_boxes.h"
 #include "tests/windows/base/picture.h"
@@ -38,12 +38,13 @@ std::size_t Checks(const UiWorld& world, const std::string& mask) {
 TEST(ToolStripWindow, HasTheButtonsInTheirOrder) {
   UiWorld world;
   world.Start();
+  const auto commands = CommandsOn(surface::kToolStrip);
   ASSERT_EQ(SendMessageW(world.Strip(), TB_BUTTONCOUNT, 0, 0), 8);
   for (std::size_t i = 0; i < 8; ++i) {
     TBBUTTON button{};
     SendMessageW(world.Strip(), TB_GETBUTTON, i, reinterpret_cast<LPARAM>(&button));
     EXPECT_EQ(button.idCommand, ids::kFirstButton + static_cast<int>(i) + 1);
-    EXPECT_EQ((button.fsStyle & BTNS_SEP) != 0, kToolStripButtons[i].separator) << i;
+    EXPECT_EQ((button.fsStyle & BTNS_SEP) != 0, commands[i]->separator) << i;
   }
 }
 

@@ -111,7 +111,8 @@ TEST(ControlWindow, IsHarmlessAfterItsContainerHasDestroyedIt) {
   EXPECT_EQ(world.window->Handle(), nullptr);
   world.window->SetTitle(u"x");
   world.window->SetTitleFont(u"宋体", 134, 18);
-  world.window->SetToolStripButtonEnabled(2, false);
+  world.window->DisableButton(*CommandOfTool(u"iInsert"));
+  world.window->CopyCells();
   world.window->Place(Layout{});
   // The selection is still known, so that the control can store it.
   EXPECT_NE(world.window->SelectedNode(), kNoNode);

@@ -7,6 +7,7 @@
 #include <array>
 
 #include "store/statements.h"
+#include "tests/control/button.h"
 #include "tests/support/utf8.h"
 #include "tests/windows/base/picture.h"
 #include "tests/windows/control/ui_world.h"
@@ -52,7 +53,7 @@ TEST(ControlWindow, NamesNoClassAfterTheFormTookTheRows) {
   world.Click(world.Tree(), world.NodePoint(6));
   EXPECT_EQ(Panel(world, 0), "05(外购半成品)    共 2 项物料");
   // The strip's command repaints the grid afterwards.
-  world.control->ToolStripButtonClicked(u"Edit");
+  world.control->CommandChosen(Button(u"Edit"));
   EXPECT_EQ(Panel(world, 0), "请重新选择物料类别    共 2 项物料");
   KeepPicture(world.host.Handle(), "class to select again");
   world.Click(world.Tree(), world.NodePoint(6));

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "store/statements.h"
+#include "tests/control/button.h"
 #include "tests/windows/base/picture.h"
 #include "tests/windows/control/ui_world.h"
 #include "windows/base/control_ids.h"
@@ -77,7 +78,7 @@ TEST_F(TreeWindow, SelectsByKeyboard) {
 
 TEST_F(TreeWindow, TakingTheFocusSelectsNothing) {
   SetFocus(world_.Grid());
-  world_.control->ToolStripButtonClicked(u"unknown");
+  world_.control->CommandChosen(Button(u"unknown"));
   ASSERT_EQ(world_.window->SelectedNode(), kNoNode);
   const std::size_t before = world_.suite.log.Size();
   SetFocus(world_.Tree());
@@ -87,7 +88,7 @@ TEST_F(TreeWindow, TakingTheFocusSelectsNothing) {
 }
 
 TEST_F(TreeWindow, BeginsAtTheFirstNodeWhenAKeyFindsNoneSelected) {
-  world_.control->ToolStripButtonClicked(u"unknown");
+  world_.control->CommandChosen(Button(u"unknown"));
   SetFocus(world_.Tree());
   world_.Press(VK_DOWN);
   EXPECT_EQ(world_.window->SelectedNode(), 1);
@@ -101,10 +102,10 @@ TEST_F(TreeWindow, ShowsTheClassesOfTheRootUnlessTheUserClosedIt) {
   };
   EXPECT_TRUE(expanded());
   TreeView_Expand(world_.Tree(), TreeView_GetRoot(world_.Tree()), TVE_COLLAPSE);
-  world_.control->ToolStripButtonClicked(u"unknown");
+  world_.control->CommandChosen(Button(u"unknown"));
   EXPECT_FALSE(expanded());
   TreeView_Expand(world_.Tree(), TreeView_GetRoot(world_.Tree()), TVE_EXPAND);
-  world_.control->ToolStripButtonClicked(u"unknown");
+  world_.control->CommandChosen(Button(u"unknown"));
   EXPECT_TRUE(expanded());
 }
 

@@ -34,7 +34,7 @@ TEST_F(GridWindow, F2AndEnterTypeInAnOpenCellAndEditTheClassInALockedOne) {
     input_.Click(Handle(), CellPoint(2, 2));
     input_.Press(key);
     EXPECT_EQ(Editor(), nullptr);
-    EXPECT_EQ(commands_, std::vector{windows::UserCommand::Edit});
+    EXPECT_EQ(commands_, std::vector{static_cast<Key>(key)});
     input_.Click(Handle(), CellPoint(4, 2));
     input_.Press(key);
     EXPECT_NE(Editor(), nullptr);
@@ -55,7 +55,7 @@ TEST_F(GridWindow, KeepsAllKeysButFunctionKeysWhileTyping) {
   input_.Press(VK_F5);
   EXPECT_EQ(Editor(), nullptr);
   EXPECT_EQ(Cell(4, 2), "12.00");
-  EXPECT_EQ(commands_, std::vector{windows::UserCommand::Refresh});
+  EXPECT_EQ(commands_, std::vector{Key::F5});
 }
 
 TEST_F(GridWindow, DeleteRemovesADigitWhileTyping) {

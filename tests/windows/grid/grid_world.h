@@ -71,8 +71,13 @@ class GridWindow : public ::testing::Test, private windows::ChildEvents {
 
   // ChildEvents
   void NodeClicked(NodeIndex) override {}
-  void ToolStripButtonClicked(std::size_t) override {}
-  void CommandChosen(windows::UserCommand command) override { commands_.push_back(command); }
+  void CommandChosen(const Command&) override {}
+  // As the control's table has them.
+  bool KeyPressed(HWND, const KeyPress& press, bool repeated) override {
+    if (press != KeyPress{press.key} || press.key < Key::Insert) return false;
+    if (!repeated) commands_.push_back(press.key);
+    return true;
+  }
   void MenuRequested(HWND, POINT) override { ++menus_; }
   void SplitterEvent(windows::SplitterAction, std::int32_t) override {}
   void TabPressed(bool backwards) override { tabs_ += backwards ? "<" : ">"; }
@@ -87,7 +92,7 @@ class GridWindow : public ::testing::Test, private windows::ChildEvents {
   Grid grid_{4};
   windows::GridWindow window_{*this};
   std::string tabs_;
-  std::vector<windows::UserCommand> commands_;
+  std::vector<Key> commands_;
   int menus_ = 0;
 };
 

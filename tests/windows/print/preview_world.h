@@ -120,7 +120,7 @@ class PreviewUser : public Input {
     int id = 0;
   };
   Place Button(std::u16string_view key) const {
-    const auto find = [&](std::span<const ToolStripButton> buttons, int bar) -> Place {
+    const auto find = [&](std::span<const windows::PreviewButton> buttons, int bar) -> Place {
       for (std::size_t i = 0; i < buttons.size(); ++i) {
         if (buttons[i].key == key) {
           return {Child(bar), i, windows::control_ids::kFirstButton + static_cast<int>(i) + 1};

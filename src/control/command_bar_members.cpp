@@ -1,16 +1,62 @@
-// Look-up by index or name in the command bar's collections.
-// What is not there is an error, never an empty answer.
-#include "control/command_bar_collections.h"
-
+// The command bar's members for automation clients, with its bands and tools as collections.
 #include <array>
+#include <memory>
 #include <string>
+#include <utility>
 
+#include "control/command_bar.h"
 #include "platform/convert.h"
 #include "platform/error.h"
+#include "platform/local_object.h"
 #include "platform/text.h"
 
 namespace pricedown {
 namespace {
+
+// Count, Item(index or name) as the default member, and Add for the bar's own tools.
+class ToolCollection : public LocalObject<ToolCollection> {
+ public:
+  enum class Of { Bar, Band };
+  ToolCollection(std::shared_ptr<CommandBar> bar, Of of) : bar_(std::move(bar)), of_(of) {}
+
+  std::span<const std::shared_ptr<CommandBarTool>> Tools() const;
+  CommandBar& Bar() { return *bar_; }
+  static std::span<const Member<ToolCollection>> Members();
+
+ private:
+  std::shared_ptr<CommandBar> bar_;
+  Of of_;
+};
+
+// The one band: Name and Tools.
+class Band : public LocalObject<Band> {
+ public:
+  explicit Band(std::shared_ptr<CommandBar> bar) : bar_(std::move(bar)) {}
+  const std::shared_ptr<CommandBar>& Bar() const { return bar_; }
+  static std::span<const Member<Band>> Members();
+
+ private:
+  std::shared_ptr<CommandBar> bar_;
+};
+
+// Count and Item(index or name) as the default member.
+class BandCollection : public LocalObject<BandCollection> {
+ public:
+  explicit BandCollection(std::shared_ptr<CommandBar> bar) : bar_(std::move(bar)) {}
+  const std::shared_ptr<CommandBar>& Bar() const { return bar_; }
+  static std::span<const Member<BandCollection>> Members();
+
+ private:
+  std::shared_ptr<CommandBar> bar_;
+};
+
+// The collection, or its item when an index or name was given.
+Value ItemOrCollection(const ObjectPtr& collection, std::span<Value> arguments) {
+  if (arguments.empty() || arguments.front().Resolved().Is(Value::Kind::Missing)) {
+    return collection;
+  }
+  return collection->Call(u"", {arguments.front()});
+}
 
 [[noreturn]] void ThrowNoItem(const Value& index) {
   throw AutomationError(ErrorNumber::InvalidArgument,
@@ -70,8 +116,6 @@ Value BandItem(BandCollection& collection, Access, std::span<Value> arguments) {
   return ObjectPtr(std::make_shared<Band>(collection.Bar()));
 }
 
-}  // namespace
-
 std::span<const std::shared_ptr<CommandBarTool>> ToolCollection::Tools() const {
   const std::span<const std::shared_ptr<CommandBarTool>> all(bar_->Tools());
   return of_ == Of::Bar ? all : all.first(bar_->DesignedCount());
@@ -102,11 +146,38 @@ std::span<const Member<BandCollection>> BandCollection::Members() {
   return kMembers;
 }
 
-Value ItemOrCollection(const ObjectPtr& collection, std::span<Value> arguments) {
-  if (arguments.empty() || arguments.front().Resolved().Is(Value::Kind::Missing)) {
-    return collection;
-  }
-  return collection->Call(u"", {arguments.front()});
+Value Bands(CommandBar& bar, Access, std::span<Value> arguments) {
+  return ItemOrCollection(std::make_shared<BandCollection>(bar.shared_from_this()), arguments);
+}
+
+Value Tools(CommandBar& bar, Access, std::span<Value> arguments) {
+  return ItemOrCollection(
+      std::make_shared<ToolCollection>(bar.shared_from_this(), ToolCollection::Of::Bar), arguments);
+}
+
+Value Click(CommandBar& bar, Access, std::span<Value> arguments) {
+  bar.Click(ToText(arguments.front()));
+  return {};
+}
+
+Value Listener(CommandBar& bar, Access access, std::span<Value> arguments) {
+  if (access == Access::Call) return bar.Listener();
+  const Value& host = arguments.back().Resolved();
+  const bool none = host.Is(Value::Kind::Object) && host.Object() == nullptr;
+  bar.SetListener(none ? nullptr : RequireObject(host, u"Listener"));
+  return {};
+}
+
+}  // namespace
+
+std::span<const Member<CommandBar>> CommandBar::Members() {
+  static constexpr std::array<Member<CommandBar>, 4> kMembers{{
+      {u"Bands", MemberKind::Get, Bands, 0, 1},
+      {u"Tools", MemberKind::Get, pricedown::Tools, 0, 1},
+      {u"Click", MemberKind::Method, pricedown::Click, 1, 1},
+      {u"Listener", MemberKind::GetPut, pricedown::Listener},
+  }};
+  return kMembers;
 }
 
 }  // namespace pricedown
