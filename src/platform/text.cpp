@@ -1,9 +1,10 @@
 // The helpers on UTF-16 text.
-// No locale and no character tables of the system are consulted.
 #include "platform/text.h"
 
 #include <cstddef>
 #include <cstdint>
+
+#include "platform/upper_case.h"
 
 namespace pricedown {
 namespace {
@@ -18,72 +19,14 @@ bool IsHighSurrogate(char32_t unit) { return IsBetween(unit, 0xD800, 0xDBFF); }
 bool IsLowSurrogate(char32_t unit) { return IsBetween(unit, 0xDC00, 0xDFFF); }
 bool IsSurrogate(char32_t unit) { return IsBetween(unit, 0xD800, 0xDFFF); }
 
-char16_t Shifted(char16_t character, int distance) {
-  return static_cast<char16_t>(character + distance);
-}
-
-// Of letters that stand in pairs, the capital first.
-char16_t UpperOfPair(char16_t c, bool capitalsAreOdd) {
-  const bool odd = (c & 1) != 0;
-  return odd == capitalsAreOdd ? c : Shifted(c, -1);
-}
-
-// The letters with marks behind Latin-1, those of Pinyin among them.
-char16_t UpperMarkedLatin(char16_t c) {
-  if (IsBetween(c, 0x0139, 0x0148) || IsBetween(c, 0x0179, 0x017E) ||
-      IsBetween(c, 0x01CD, 0x01DC)) {
-    return UpperOfPair(c, true);
-  }
-  if (IsBetween(c, 0x0100, 0x012F) || IsBetween(c, 0x0132, 0x0137) ||
-      IsBetween(c, 0x014A, 0x0177) || IsBetween(c, 0x01F8, 0x01F9)) {
-    return UpperOfPair(c, false);
-  }
-  return c;
-}
-
-char16_t UpperGreek(char16_t c) {
-  switch (c) {
-    case 0x03AC:
-      return 0x0386;
-    case 0x03C2:  // final sigma
-      return 0x03A3;
-    case 0x03CC:
-      return 0x038C;
-    case 0x03CD:
-    case 0x03CE:
-      return Shifted(c, -0x3F);
-    default:
-      if (IsBetween(c, 0x03AD, 0x03AF)) return Shifted(c, -0x25);
-      if (IsBetween(c, 0x03B1, 0x03CB)) return Shifted(c, -0x20);
-      return c;
-  }
-}
-
-char16_t UpperCyrillic(char16_t c) {
-  if (IsBetween(c, 0x0430, 0x044F)) return Shifted(c, -0x20);
-  if (IsBetween(c, 0x0450, 0x045F)) return Shifted(c, -0x50);
-  if (c == 0x04CF) return 0x04C0;
-  // The rest stands in pairs; one run of them begins at an odd code.
-  if (IsBetween(c, 0x04C1, 0x04CE)) return UpperOfPair(c, true);
-  if (IsBetween(c, 0x0460, 0x0481) || IsBetween(c, 0x048A, 0x04BF) ||
-      IsBetween(c, 0x04D0, 0x052F)) {
-    return UpperOfPair(c, false);
-  }
-  return c;
-}
-
-char16_t UpperLetter(char16_t c) {
-  if (c < 0x80) return IsBetween(c, u'a', u'z') ? Shifted(c, -0x20) : c;
-  if (c == 0x00F7) return c;  // the division sign among the letters
-  if (c == 0x00FF) return 0x0178;
-  if (IsBetween(c, 0x00E0, 0x00FE)) return Shifted(c, -0x20);
-  if (IsBetween(c, 0x0100, 0x01FF)) return UpperMarkedLatin(c);
-  if (IsBetween(c, 0x0370, 0x03FF)) return UpperGreek(c);
-  if (IsBetween(c, 0x0400, 0x052F)) return UpperCyrillic(c);
-  if (IsBetween(c, 0x2170, 0x217F)) return Shifted(c, -0x10);  // Roman numerals
-  if (IsBetween(c, 0x24D0, 0x24E9)) return Shifted(c, -0x1A);  // circled letters
-  if (IsBetween(c, 0xFF41, 0xFF5A)) return Shifted(c, -0x20);
-  return c;
+// Removes the first character from `text`; a lone surrogate stands for itself.
+char32_t NextCharacter(std::u16string_view& text) {
+  const char32_t unit = text.front();
+  text.remove_prefix(1);
+  if (!IsHighSurrogate(unit) || text.empty() || !IsLowSurrogate(text.front())) return unit;
+  const char32_t low = text.front();
+  text.remove_prefix(1);
+  return 0x10000 + ((unit - 0xD800) << 10) + (low - 0xDC00);
 }
 
 void AppendUtf8(char32_t character, std::string& to) {
@@ -158,7 +101,7 @@ std::u16string_view Trim(std::u16string_view text) {
 
 bool EqualsIgnoringCase(std::u16string_view left, std::u16string_view right) {
   if (left.size() != right.size()) return false;
-  const auto lower = [](char16_t c) { return IsBetween(c, u'A', u'Z') ? Shifted(c, 0x20) : c; };
+  const auto lower = [](char16_t c) { return IsBetween(c, u'A', u'Z') ? c + 0x20 : c + 0; };
   for (std::size_t index = 0; index < left.size(); ++index) {
     if (lower(left[index]) != lower(right[index])) return false;
   }
@@ -166,23 +109,18 @@ bool EqualsIgnoringCase(std::u16string_view left, std::u16string_view right) {
 }
 
 std::u16string UpperCase(std::u16string_view text) {
-  std::u16string upper(text);
-  for (char16_t& c : upper) c = UpperLetter(c);
+  std::u16string upper;
+  upper.reserve(text.size());
+  while (!text.empty()) AppendUtf16(UpperCaseOf(NextCharacter(text)), upper);
   return upper;
 }
 
 std::string ToUtf8(std::u16string_view text) {
   std::string bytes;
   bytes.reserve(text.size());
-  for (std::size_t index = 0; index < text.size(); ++index) {
-    char32_t character = text[index];
-    if (IsHighSurrogate(character) && index + 1 < text.size() && IsLowSurrogate(text[index + 1])) {
-      ++index;
-      character = 0x10000 + ((character - 0xD800) << 10) + (text[index] - 0xDC00u);
-    } else if (IsSurrogate(character)) {
-      character = kReplacement;
-    }
-    AppendUtf8(character, bytes);
+  while (!text.empty()) {
+    const char32_t character = NextCharacter(text);
+    AppendUtf8(IsSurrogate(character) ? kReplacement : character, bytes);
   }
   return bytes;
 }

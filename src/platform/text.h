@@ -1,5 +1,4 @@
 // Small helpers on UTF-16 text as the suite counts it.
-// Conversions between text and numbers are in convert.h.
 #pragma once
 
 #include <initializer_list>
@@ -19,8 +18,7 @@ std::u16string_view Trim(std::u16string_view text);
 // ASCII letters compare equal in either case; for names of members, columns and settings.
 bool EqualsIgnoringCase(std::u16string_view left, std::u16string_view right);
 
-// Letters of the Latin (with Pinyin), Greek, Cyrillic, circled and full-width ranges and Roman
-// numerals in upper case, one code unit for one; everything else stays.
+// Each character by Unicode's simple upper-case mapping, which keeps the length.
 std::u16string UpperCase(std::u16string_view text);
 
 // Lossless for well-formed text; a lone surrogate or bad byte becomes U+FFFD.

@@ -2,9 +2,12 @@
 #include "platform/text.h"
 
 #include <gtest/gtest.h>
+#include <locale.h>
+#include <wctype.h>
 
 #include <random>
 
+#include "platform/upper_case.h"
 #include "tests/support/case_name.h"
 #include "tests/support/utf8.h"
 
@@ -80,18 +83,38 @@ INSTANTIATE_TEST_SUITE_P(
                       UpperCaseCase{"Latin", u"àéöøþ÷ßÿ", "ÀÉÖØÞ÷ßŸ"},
                       UpperCaseCase{"MarkedLatin", u"āįĳķĺňŋŷźž", "ĀĮĲĶĹŇŊŶŹŽ"},
                       UpperCaseCase{"MarkedLatinCapitalsStay", u"ĀĮĲĶĹŇŊŶŸŹŽ", "ĀĮĲĶĹŇŊŶŸŹŽ"},
-                      UpperCaseCase{"LatinWithoutACapitalStays", u"İıĸŉſǝǷǺ", "İıĸŉſǝǷǺ"},
+                      UpperCaseCase{"LatinWithoutACapitalStays", u"İĸŉǷǺ", "İĸŉǷǺ"},
+                      UpperCaseCase{"LatinOfOtherLanguages", u"ıſǝƀǅɐ", "ISƎɃǄⱯ"},
                       UpperCaseCase{"Pinyin", u"āáǎàēéěèīíǐìōóǒòūúǔùǖǘǚǜüńňǹ",
                                     "ĀÁǍÀĒÉĚÈĪÍǏÌŌÓǑÒŪÚǓÙǕǗǙǛÜŃŇǸ"},
                       UpperCaseCase{"RomanNumerals", u"ⅰⅳⅻⅿⅠↀ", "ⅠⅣⅫⅯⅠↀ"},
                       UpperCaseCase{"Circled", u"ⓐⓩⒶ①⓪", "ⒶⓏⒶ①⓪"},
                       UpperCaseCase{"Greek", u"αβγωςάέήίόύώϊϋ", "ΑΒΓΩΣΆΈΉΊΌΎΏΪΫ"},
-                      UpperCaseCase{"GreekOthersStay", u"ΐΰϐ", "ΐΰϐ"},
+                      UpperCaseCase{"GreekWithTwoMarksStays", u"ΐΰ", "ΐΰ"},
+                      UpperCaseCase{"GreekSymbols", u"ϐᾀ", "Βᾈ"},
+                      UpperCaseCase{"ArmenianAndGeorgian", u"աა", "ԱᲐ"},
+                      UpperCaseCase{"BeyondTheBasicPlane", u"𐐨𞤢𠀀", "𐐀𞤀𠀀"},
                       UpperCaseCase{"Cyrillic", u"абвяѐёџѡҁҋӂӎӏӑԯ",
                                     "АБВЯЀЁЏѠҀҊӁӍӀӐԮ"},
                       UpperCaseCase{"CyrillicSignsStay", u"҂҃", "҂҃"},
                       UpperCaseCase{"FullWidth", u"ａｂｚ０１［", "ＡＢＺ０１［"}),
     CaseName<UpperCaseCase>);
+
+// The C library's mapping is Unicode's too, but for Georgian.
+TEST(UpperCase, IsThatOfTheCLibrary) {
+  const locale_t locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+  ASSERT_NE(locale, locale_t{});
+  int letters = 0;
+  for (char32_t character = 0; character <= 0x10FFFF; ++character) {
+    if (character >= 0x10D0 && character <= 0x10FF) continue;
+    const auto expected =
+        static_cast<char32_t>(towupper_l(static_cast<wint_t>(character), locale));
+    letters += expected != character;
+    EXPECT_EQ(UpperCaseOf(character), expected) << std::hex << static_cast<unsigned>(character);
+  }
+  freelocale(locale);
+  EXPECT_GT(letters, 1300);
+}
 
 TEST(UpperCase, LeavesUpperCaseAsItIs) {
   for (unsigned unit = 0; unit <= 0xFFFF; ++unit) {
