@@ -1,5 +1,4 @@
-// Reading the provision mode from the company's profile.
-// What the mode means for the view is decided by the control.
+// Reads the provision mode from the company's profile.
 #include "control/update_price.h"
 
 #include "platform/convert.h"
@@ -11,6 +10,7 @@
 namespace pricedown {
 
 void UpdatePrice::ReadItemClassType() {
+  itemClassType_ = 0;
   SkipFailing([&] {
     const Recordset answer = Connection(factory_).Execute(statements::ProvisionMode());
     if (answer.AtEnd()) return;

@@ -1,5 +1,4 @@
 // The public class `updatePrice`: whether provisions are kept by item class.
-// It only reads the setting; nothing in the library changes it.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +11,7 @@ class UpdatePrice {
  public:
   explicit UpdatePrice(ObjectFactory& factory) : factory_(factory) {}
 
-  // Reads the setting; an absent or unreadable one leaves the value as it is, 0 at first.
+  // Reads the setting; 0 when it is absent or cannot be read.
   void ReadItemClassType();
   std::int16_t ItemClassType() const { return itemClassType_; }
 
