@@ -24,7 +24,6 @@ constexpr std::u16string_view kRootText = u"物料";
 }  // namespace
 
 void ClassTree::LoadClassTree() {
-  environment_.state.loading = true;
   SkipFailing([&] { view_.SetRedraw(false); });
   SkipFailing([&] {
     if (nodes_.Count() == 0) return;

@@ -18,22 +18,19 @@ constexpr std::u16string_view kMaintenanceTitle = u"物料类别维护";
 constexpr std::u16string_view kMergeOperation = u"MergeToolBar";
 
 struct ShowMode {
-  std::u16string_view filterAppended;
-  std::u16string_view filterAlone;
   std::int32_t objectType;
   std::u16string_view treeSelectionKey;
 };
 
-constexpr ShowMode kMaintenance{u" and FErpClsID not in(6,8)", u" FErpClsID not in(6,8)", 10,
-                                u"NodeSel1"};
-constexpr ShowMode kOther{u" and FErpClsID in(2,7)", u" FErpClsID in(2,7)", 11, u"NodeSel2"};
+constexpr ShowMode kMaintenance{10, u"NodeSel1"};
+constexpr ShowMode kOther{11, u"NodeSel2"};
 
 }  // namespace
 
 bool PriceDown::Show(const Value& parentWindow) {
   // Pending messages may close the host's window, and with it the control.
   const auto step = [&](auto&& run) {
-    if (!terminated_) SkipFailing(run);
+    if (!HasEnded()) SkipFailing(run);
   };
   step([&] { TakeCaption(); });
   step([&] { TakeParent(parentWindow); });
@@ -50,11 +47,7 @@ void PriceDown::TakeCaption() {
   SkipFailing([&] { title_ = Translate(Trim(ports_.container.Caption())); });
   maintenanceMode_ = title_ == Translate(kMaintenanceTitle);
   const ShowMode& mode = maintenanceMode_ ? kMaintenance : kOther;
-  ProcessState& state = ports_.state;
-  state.itemFilterAppended = mode.filterAppended;
-  state.itemFilterAlone = mode.filterAlone;
-  state.objectType = mode.objectType;
-  state.treeSelectionKey = mode.treeSelectionKey;
+  ports_.state.objectType = mode.objectType;
   treeSelectionKey_ = mode.treeSelectionKey;
   ports_.view.SetTitle(title_);
 }
@@ -91,7 +84,7 @@ void PriceDown::RestoreFont() {
 
 void PriceDown::NotifyMessage(std::u16string_view message) {
   // "QueryUnload" and "FirstShow" ask for nothing.
-  if (!terminated_ && message == u"Activate") font_.Refresh();
+  if (!HasEnded() && message == u"Activate") font_.Refresh();
 }
 
 void PriceDown::RefreshToolbar() {
@@ -102,11 +95,11 @@ void PriceDown::RefreshToolbar() {
 
 void PriceDown::SelBlock(const ObjectPtr& grid, const Value& column, const Value& column2,
                          const Value& row, const Value& row2) {
-  if (!terminated_) SelectBlock(grid, column, column2, row, row2);
+  if (!HasEnded()) SelectBlock(grid, column, column2, row, row2);
 }
 
 void PriceDown::NodeClicked(NodeIndex node) {
-  if (!terminated_) tree_.NodeClick(node);
+  if (!HasEnded()) tree_.NodeClick(node);
 }
 
 }  // namespace pricedown

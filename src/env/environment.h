@@ -1,5 +1,4 @@
-// What every room above is given of the suite, the user and the screen, in one place.
-// It owns the small services built on them; the ports themselves belong to the Windows layer.
+// Suite, user, screen and lifetime of one control or form, passed to all its components.
 #pragma once
 
 #include <string>
@@ -10,6 +9,7 @@
 #include "env/rights.h"
 #include "env/screen.h"
 #include "platform/automation.h"
+#include "platform/lifetime.h"
 #include "platform/questions.h"
 
 namespace pricedown {
@@ -18,11 +18,12 @@ class Environment {
  public:
   // `application` is the host program's name. All references must outlive the environment.
   Environment(ObjectFactory& objects, ProcessState& processState, UserQuestions& userQuestions,
-              Screen& theScreen, std::u16string applicationName)
+              Screen& theScreen, std::u16string applicationName, Lifetime controlLifetime = {})
       : factory(objects),
         state(processState),
         screen(theScreen),
         application(std::move(applicationName)),
+        lifetime(std::move(controlLifetime)),
         messages(userQuestions),
         rights(objects, processState, messages) {}
   Environment(const Environment&) = delete;
@@ -32,6 +33,7 @@ class Environment {
   ProcessState& state;
   Screen& screen;
   const std::u16string application;
+  Lifetime lifetime;  // of the control or form that this environment serves
   Messages messages;
   Rights rights;
 };

@@ -1,5 +1,4 @@
 // A font as the suite's settings describe it.
-// Drawing with it is the Windows layer's.
 #pragma once
 
 #include <string>

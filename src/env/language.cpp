@@ -1,5 +1,4 @@
 // The suite's form resources: captions and fonts of other languages.
-// Which captions a form has is the suite's and the form's business.
 #include "env/language.h"
 
 #include "env/suite_properties.h"

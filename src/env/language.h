@@ -1,5 +1,5 @@
-// Texts and fonts of other languages, from the suite's form resources.
-// For the built-in language the texts stay as they are and no object is made for them.
+// Texts and fonts of other languages, from the suite's form resources. The built-in language needs
+// none.
 #pragma once
 
 #include <cstdint>
@@ -10,7 +10,7 @@
 
 namespace pricedown {
 
-// Lets the suite replace the captions of the control `form`. Nothing happens for "chs".
+// Lets the suite replace the captions of the control `form`. A no-op for "chs".
 // Throws AutomationError.
 void LoadControlTexts(ObjectFactory& factory, const ObjectPtr& form);
 

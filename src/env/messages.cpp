@@ -1,10 +1,13 @@
 // Messages and questions under the suite's title.
-// The title passes the translation hook each time, as every built-in text does.
 #include "env/messages.h"
 
 #include "env/translation.h"
 
 namespace pricedown {
+
+std::u16string FailureText(const Failure& failure) {
+  return Translate(failure.description.empty() ? u"意外错误" : failure.description);
+}
 
 void Messages::Inform(std::u16string_view text) {
   questions_.Tell(text, Translate(kMessageTitle), MessageIcon::Information);

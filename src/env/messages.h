@@ -1,14 +1,18 @@
 // The library's messages and questions: text and title through the translation hook.
-// Which message is due is decided by its caller.
 #pragma once
 
+#include <string>
 #include <string_view>
 
+#include "platform/failure.h"
 #include "platform/questions.h"
 
 namespace pricedown {
 
 inline constexpr std::u16string_view kMessageTitle = u"岚禾提示";
+
+// A failure in words for the user: its description, or that something unexpected has happened.
+std::u16string FailureText(const Failure& failure);
 
 class Messages {
  public:

@@ -1,5 +1,4 @@
 // The rights check through the suite's ledger-data object.
-// What a right allows is decided by the caller; here is only the question and its refusal.
 #include "env/rights.h"
 
 #include <array>

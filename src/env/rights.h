@@ -1,5 +1,5 @@
-// What the current user may do: the rights check of commands and the data scope of the grid.
-// Both ask the suite's ledger-data object, which is made on first use and kept.
+// The current user's rights and data scope, from the suite's ledger-data object, which is created
+// on first use and kept.
 #pragma once
 
 #include <cstdint>
@@ -14,8 +14,8 @@ class Rights {
   Rights(ObjectFactory& factory, ProcessState& state, Messages& messages)
       : factory_(factory), state_(state), messages_(messages) {}
 
-  // Whether the user has the right; when not, the user has been told so.
-  // Throws AutomationError when the suite cannot answer.
+  // Whether the user has the right; shows a message when not. Throws AutomationError when the suite
+  // cannot answer.
   bool Check(std::int32_t objectType, std::int32_t objectNumber, std::int32_t accessMask);
 
   // Sets the data scope of the state for its object type; it keeps its value when none is granted.

@@ -1,5 +1,4 @@
-// The port to the screen and the message queue, as far as the core needs them.
-// Windows and their contents are ports of the rooms that own them.
+// The port to the screen and the message queue.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,4 @@
 // The reading and building of settings texts.
-// What the values mean is their owner's business.
 #include "env/settings_text.h"
 
 #include <cstddef>
@@ -10,7 +9,7 @@ namespace pricedown {
 
 std::u16string SettingsEntry(std::u16string_view text, std::u16string_view name,
                              std::u16string_view separator) {
-  // With a separator on both sides the first and the last entry are like all others.
+  // Separators at both ends make the first and the last entry like all others.
   const std::u16string entries = Concatenate({separator, text, separator});
   const std::u16string beginning = Concatenate({separator, name, u"="});
   const std::size_t found = entries.find(beginning);

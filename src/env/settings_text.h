@@ -1,5 +1,5 @@
-// Several named values in one text, name=value with a separator between the entries.
-// Values are not escaped: they must not contain the separator.
+// Named values in one text: name=value with a separator between the entries. Values are not
+// escaped.
 #pragma once
 
 #include <initializer_list>

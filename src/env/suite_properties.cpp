@@ -1,5 +1,4 @@
-// The suite's shared properties object, made anew for each question.
-// The properties string is read here only; who needs it passes it on to suite objects.
+// The suite's shared properties object, created for each query.
 #include "env/suite_properties.h"
 
 #include "platform/convert.h"
@@ -13,7 +12,7 @@ Value SharedProperty(ObjectFactory& factory, std::u16string_view name) {
   const ObjectPtr properties = factory.Create(u"ZEPPropsMgr.ShareProps");
   Value answer;
   Value result = properties->Call(u"GetProperty", {name, Value::ByReference(answer)});
-  // Suites differ in whether they answer in the argument or as the result.
+  // Suites return the value in the argument or as the result.
   return answer.Is(Value::Kind::Empty) ? result : answer;
 }
 
@@ -42,10 +41,6 @@ std::u16string SuiteLanguage(ObjectFactory& factory) {
   std::u16string language;
   SkipFailing([&] { language = PropertyEntry(PropertiesString(factory), u"LANGUAGE"); });
   return language.empty() ? std::u16string(kBuiltInLanguage) : language;
-}
-
-std::int32_t UserNumber(ObjectFactory& factory) {
-  return ToInt32(SharedProperty(factory, u"UserID"));
 }
 
 }  // namespace pricedown

@@ -1,5 +1,4 @@
 // The system profile object, and the accounting calendar for the current period's dates.
-// Values are read afresh each time; only the process state keeps them.
 #include "env/system_profile.h"
 
 #include "env/suite_properties.h"

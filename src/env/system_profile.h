@@ -1,5 +1,4 @@
 // The suite's system profile: settings by category and key, and the current year and period.
-// Per-user settings are user_settings.h.
 #pragma once
 
 #include <cstdint>

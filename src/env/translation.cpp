@@ -1,5 +1,4 @@
-// The translation hook, which has nothing to translate.
-// It is the place to change when built-in texts are to appear in another language.
+// The identity: a translation would go here.
 #include "env/translation.h"
 
 namespace pricedown {

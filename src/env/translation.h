@@ -1,5 +1,4 @@
-// The one place through which every built-in text passes before a user sees it.
-// Texts of other languages for whole forms come from the suite (language.h).
+// The hook through which every built-in text passes before it is shown.
 #pragma once
 
 #include <string>

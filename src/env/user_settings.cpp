@@ -1,13 +1,8 @@
-// The suite's per-user profile, and the one per-user number of the company database.
-// Errors of the profile end in the fallback when reading; saving reports them.
+// The suite's per-user profile. Reading falls back on any error; saving throws.
 #include "env/user_settings.h"
 
-#include "env/quoting.h"
 #include "platform/convert.h"
 #include "platform/skip.h"
-#include "store/connection.h"
-#include "store/statements.h"
-#include "store/tables.h"
 
 namespace pricedown {
 namespace {
@@ -44,14 +39,6 @@ void SaveUserSetting(ObjectFactory& factory, std::u16string_view application,
   const ObjectPtr profile = LoadProfile(factory, application);
   DictionaryOf(*profile)->PutIndexed(u"", key, value);
   profile->Call(u"Save", {application, kSettingsSection});
-}
-
-double ReadUserNumber(ObjectFactory& factory, std::int32_t userNumber, std::u16string_view key) {
-  Connection connection(factory);
-  const Recordset settings =
-      connection.Execute(statements::UserSetting(userNumber, QuoteText(key, false, true)));
-  if (settings.RecordCount() <= 0) return 0;
-  return LeadingNumber(settings.Field(columns::kValue));
 }
 
 }  // namespace pricedown

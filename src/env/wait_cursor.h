@@ -1,5 +1,4 @@
-// The hourglass for the duration of a long operation.
-// It does not nest: the first one that ends restores the default pointer.
+// The hourglass for the duration of a long operation. The first one that ends restores the pointer.
 #pragma once
 
 #include "env/screen.h"
@@ -12,7 +11,7 @@ class WaitCursor {
   explicit WaitCursor(Screen& screen) : screen_(screen) {
     screen_.SetMousePointer(MousePointer::Hourglass);
   }
-  // A screen that fails here must not end the process.
+  // A destructor must not throw.
   ~WaitCursor() {
     SkipFailing([this] { screen_.SetMousePointer(MousePointer::Default); });
   }

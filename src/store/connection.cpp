@@ -1,5 +1,4 @@
-// One suite connection object and the sending of a text through it.
-// Statements are neither checked nor changed on the way.
+// Creates the suite's connection object and executes statements.
 #include "store/connection.h"
 
 namespace pricedown {

@@ -1,5 +1,4 @@
-// The way to the company database: one suite connection object for one command.
-// It holds no statement texts (statements.h) and no connection between commands.
+// The company database: one suite connection object per command.
 #pragma once
 
 #include <string_view>

@@ -1,5 +1,4 @@
-// The texts themselves, odd blanks and missing ones included: they are part of what is sent.
-// Pieces that several statements share are shared here only where the texts are the same.
+// The texts of the statements. Odd and missing blanks are intentional: tests pin each text.
 #include "store/statements.h"
 
 #include "platform/convert.h"
@@ -35,11 +34,6 @@ std::u16string DeleteProvision(std::u16string_view beginning, std::u16string_vie
 
 std::u16string ProvisionMode() {
   return u"Select FValue From t_systemprofile where Fkey like 'PriceDownPrepare'";
-}
-
-std::u16string UserSetting(std::int32_t userNumber, std::u16string_view quotedKey) {
-  return Concatenate({u"Select FValue From t_UserSetting Where FUserID=", NumberText(userNumber),
-                      u" And FCategory='ZEP_APFC' And FKey =", quotedKey});
 }
 
 std::u16string ClassTree() {

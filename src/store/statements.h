@@ -11,9 +11,6 @@ namespace pricedown::statements {
 // The value of the profile that says whether provisions are kept by item class.
 std::u16string ProvisionMode();
 
-// A per-user number; `quotedKey` is already quoted (env/quoting.h).
-std::u16string UserSetting(std::int32_t userNumber, std::u16string_view quotedKey);
-
 // Number and name of every class row, in number order.
 std::u16string ClassTree();
 

@@ -48,7 +48,6 @@ TEST_F(ItemGridTest, ListsTheItemsOfTheSelectedClass) {
                   "grid changed 2 rows\n"
                   "grid changed 2 rows\n"));
   EXPECT_EQ(Texts(), (Strings{"01.001|螺栓|M8||", "01.002|螺母|M10||"}));
-  EXPECT_TRUE(processState_.loading);
   EXPECT_TRUE(state_.itemRecordset);
 }
 
@@ -116,7 +115,6 @@ TEST_F(ItemGridTest, EmptiesTheGridForAClassWithoutItems) {
   EXPECT_EQ(Texts(), Strings{});
   EXPECT_EQ(log_.Count("result.MoveFirst()"), 0u);  // an empty recordset refuses it
   EXPECT_TRUE(grid_.Cells().Redraw());
-  EXPECT_TRUE(processState_.loading);
 }
 
 TEST_F(ItemGridTest, ShowsNoRowsForAnUnknownRecordCount) {
@@ -203,7 +201,6 @@ TEST_F(ItemGridTest, ShowsTheErrorOfAFailedQueryAndKeepsTheRowsShown) {
                                ExecuteLine(kItemsOf01) +
                                "\nrelease ZEPConnection.AppConnection\n"
                                "tell information \"岚禾提示\": \"表 't_ICItem' 被锁定\"\n"));
-  EXPECT_FALSE(processState_.loading);
   EXPECT_FALSE(state_.itemRecordset);
   EXPECT_EQ(grid_.Cells().MaxRows(), 2);
   EXPECT_TRUE(grid_.Cells().Redraw());
@@ -234,7 +231,6 @@ TEST_F(ItemGridTest, KeepsTheRowsFilledBeforeAReadFailed) {
   EXPECT_EQ(Texts(), (Strings{"01.001|螺栓|M8||", "||||"}));
   EXPECT_EQ(Locks(), "---- ---- ");  // locking is skipped
   EXPECT_FALSE(grid_.Cells().Redraw());
-  EXPECT_FALSE(processState_.loading);
   grid_.LoadItemGrid(u"01");
   EXPECT_TRUE(grid_.Cells().Redraw());
   EXPECT_EQ(Locks(), "LLLL LLLL ");
@@ -252,7 +248,6 @@ TEST_F(ItemGridTest, ShowsAMessageWhenNoRecordsetIsReturned) {
   AnswerNothing(factory_, kItemsOf01);
   grid_.LoadItemGrid(u"01");
   EXPECT_EQ(log_.Lines().back(), "tell information \"岚禾提示\": \"未设置对象: 记录集\"");
-  EXPECT_FALSE(processState_.loading);
 }
 
 // Exactly one message per failure, no exception, and a later load repairs everything.
@@ -273,7 +268,6 @@ TEST_F(ItemGridTest, ShowsOneMessagePerFailureAndRecovers) {
       std::size_t told = 0;
       for (const std::string& line : log_.Lines()) told += line.starts_with("tell information");
       EXPECT_EQ(told, failingCall == 0 ? 0u : 1u) << log_.Text();
-      EXPECT_EQ(processState_.loading, failingCall == 0);
       grid_.LoadItemGrid(u"01");
       EXPECT_EQ(Texts(), (Strings{"01.001|螺栓|M8||", "01.002|螺母|M10||"}));
       EXPECT_TRUE(grid_.Cells().Redraw());

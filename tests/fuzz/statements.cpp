@@ -1,8 +1,7 @@
 // The statement builders with any texts as values: the text holds them as they are, and the
-// server accepts or refuses it without harm. A quoted text always stays one literal.
+// server accepts or refuses it without harm.
 #include "store/statements.h"
 
-#include "env/quoting.h"
 #include "tests/fuzz/company.h"
 
 using namespace pricedown;
@@ -40,11 +39,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   statements::AppendSaveInsert(
       save, u"1", statements::SaveInsertEnd({first, second, first, second, first, second, u"5"}));
   RequireHolds(save, second);
-
-  // A statement text ends at NUL for no server, but literals with one are refused by this one.
-  if (second.find(u'\0') == std::u16string::npos) {
-    Require(IsTaken(statements::UserSetting(year < 0 ? 0 : year, QuoteText(second, false, true))),
-            "a quoted text is one literal");
-  }
   return 0;
 }
