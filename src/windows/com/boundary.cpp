@@ -1,5 +1,4 @@
-// Error info for a failure.
-// The failure itself is made in failure.cpp.
+// The error info of a failure.
 #include "windows/com/boundary.h"
 
 #include <oleauto.h>

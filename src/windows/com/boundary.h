@@ -1,5 +1,4 @@
-// The wrapper of every COM method: nothing but an HRESULT leaves it.
-// Window procedures and callbacks use CurrentFailure of failure.h in the same way.
+// The wrapper of every COM method: only an HRESULT leaves it.
 #pragma once
 
 #include <windows.h>
@@ -9,16 +8,16 @@
 #include <type_traits>
 #include <utility>
 
-#include "windows/com/failure.h"
+#include "platform/failure.h"
 
 namespace pricedown::windows {
 
-// Makes the failure the thread's error info for `interfaceId` and answers its code. Without
+// Sets the failure as the thread's error info for `interfaceId` and returns its code. Without
 // memory the error info is cleared.
 HRESULT PublishFailure(const Failure& failure, const IID& interfaceId) noexcept;
 
-// Runs `body`, which answers an HRESULT or nothing. An exception becomes its code and the
-// thread's error info; a code answered without an exception leaves no stale error info behind.
+// Runs `body`, which returns an HRESULT or nothing. An exception becomes its code and the thread's
+// error info; a failure code that `body` returns clears the error info.
 template <typename Body>
 HRESULT AtBoundary(Body&& body, const IID& interfaceId = IID{}) noexcept {
   try {

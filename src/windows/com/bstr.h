@@ -1,5 +1,4 @@
 // The owner of one BSTR.
-// Text that stays inside the library is std::u16string.
 #pragma once
 
 #include <windows.h>
@@ -39,14 +38,14 @@ class Bstr {
 
   // Borrowed.
   BSTR get() const { return text_; }
-  // For a function that fills it; frees the present text first.
+  // For a function that sets it; frees the present text first.
   BSTR* put() {
     attach(nullptr);
     return &text_;
   }
   // Takes over the caller's text.
   void attach(BSTR text) { SysFreeString(std::exchange(text_, text)); }
-  // Hands the text to the caller.
+  // Passes the text to the caller.
   BSTR release() { return std::exchange(text_, nullptr); }
 
   // A copy.

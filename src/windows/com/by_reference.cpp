@@ -1,12 +1,11 @@
-// Loads and stores through by-reference variants.
-// The bytes are moved by size; their meaning is left to the system's variant functions.
+// Loads and stores through by-reference variants, by size; conversions are the system's.
 #include "windows/com/by_reference.h"
 
 #include <cstring>
+#include <utility>
 
 #include "platform/error.h"
 #include "windows/com/failure.h"
-#include "windows/com/variant_value.h"
 
 namespace pricedown::windows {
 namespace {
@@ -55,21 +54,19 @@ VARTYPE ReferredType(const VARIANT& reference) {
   return static_cast<VARTYPE>(reference.vt & ~VT_BYREF);
 }
 
-void StoreDecimal(DECIMAL& target, const Value& value) {
-  Variant variant = ToVariant(value);
+void StoreDecimal(DECIMAL& target, Variant value) {
   VARIANT converted;
   VariantInit(&converted);
-  ThrowIfFailed(VariantChangeTypeEx(&converted, variant.share(), LOCALE_INVARIANT, 0, VT_DECIMAL));
+  ThrowIfFailed(VariantChangeTypeEx(&converted, value.share(), LOCALE_INVARIANT, 0, VT_DECIMAL));
   target = converted.decVal;
   target.wReserved = 0;
 }
 
-void StoreTyped(void* target, VARTYPE type, const Value& value) {
+void StoreTyped(void* target, VARTYPE type, Variant value) {
   const std::size_t size = ContentSize(type);
   if (size == 0) ThrowReferenceMismatch();
-  Variant variant = ToVariant(value);
   Variant converted;
-  ThrowIfFailed(VariantChangeTypeEx(converted.put(), variant.share(), LOCALE_INVARIANT,
+  ThrowIfFailed(VariantChangeTypeEx(converted.put(), value.share(), LOCALE_INVARIANT,
                                     VARIANT_ALPHABOOL, type));
   VARIANT old;
   VariantInit(&old);
@@ -101,18 +98,18 @@ VARIANT Dereferenced(const VARIANT& reference) {
   return content;
 }
 
-void StoreByReference(const VARIANT& reference, const Value& value) {
+void StoreByReference(const VARIANT& reference, Variant value) {
   const VARTYPE type = ReferredType(reference);
   if (type == VT_DECIMAL) {
-    StoreDecimal(*reference.pdecVal, value);
+    StoreDecimal(*reference.pdecVal, std::move(value));
   } else if (type != VT_VARIANT) {
-    StoreTyped(reference.byref, type, value);
+    StoreTyped(reference.byref, type, std::move(value));
   } else if ((reference.pvarVal->vt & VT_BYREF) == 0) {
-    VARIANT next = ToVariant(value).release();
+    VARIANT next = value.release();
     std::swap(*reference.pvarVal, next);
     VariantClear(&next);
   } else if (reference.pvarVal->vt != kVariantReference) {
-    StoreByReference(*reference.pvarVal, value);
+    StoreByReference(*reference.pvarVal, std::move(value));
   } else {
     ThrowReferenceMismatch();
   }

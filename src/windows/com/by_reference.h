@@ -1,8 +1,6 @@
-// By-reference variants: reading what they point to, and writing a callee's answer back.
-// Arguments as a whole are incoming_arguments.h.
+// By-reference variants: reading what they point to, and storing a callee's answer there.
 #pragma once
 
-#include "platform/value.h"
 #include "windows/com/variant.h"
 
 namespace pricedown::windows {
@@ -14,6 +12,6 @@ VARIANT Dereferenced(const VARIANT& reference);
 
 // Stores `value` where a by-reference variant points, converted to the type found there; the old
 // content is freed. Throws AutomationError (TypeMismatch, Overflow) and then changes nothing.
-void StoreByReference(const VARIANT& reference, const Value& value);
+void StoreByReference(const VARIANT& reference, Variant value);
 
 }  // namespace pricedown::windows

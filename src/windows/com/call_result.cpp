@@ -1,5 +1,4 @@
 // The exception record of a failed call.
-// Which exceptions become records is decided by the dispatcher.
 #include "windows/com/call_result.h"
 
 #include "windows/com/bstr.h"
@@ -16,7 +15,7 @@ HRESULT ReportException(const Failure& failure, EXCEPINFO* record) noexcept {
     record->bstrDescription = Bstr(failure.description).release();
     record->bstrSource = source.release();
   } catch (...) {
-    // No memory for the texts; the code says enough.
+    // No memory for the texts; the code suffices.
   }
   return DISP_E_EXCEPTION;
 }

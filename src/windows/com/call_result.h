@@ -1,5 +1,4 @@
-// How a call in ends for IDispatch: result, exception record, code.
-// The vtable's way of reporting is boundary.h.
+// Reports the failure of a call in as IDispatch does: exception record or code.
 #pragma once
 
 #include <oaidl.h>
@@ -9,7 +8,7 @@
 
 namespace pricedown::windows {
 
-// Fills `record`, when there is one, with the failure and answers DISP_E_EXCEPTION; answers the
+// Fills `record`, when there is one, with the failure and returns DISP_E_EXCEPTION; returns the
 // code itself otherwise. The thread's error info is set in both cases.
 HRESULT ReportException(const Failure& failure, EXCEPINFO* record) noexcept;
 

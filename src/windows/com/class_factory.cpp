@@ -1,5 +1,4 @@
 // The class object: it makes objects and keeps the module loaded.
-// Objects count themselves in com_class.h.
 #include "windows/com/class_factory.h"
 
 #include <algorithm>

@@ -1,5 +1,4 @@
-// The class objects of a module: what DllGetClassObject answers.
-// Which classes a module has is its own table; their registration is registration.h.
+// The class objects of a module: what DllGetClassObject returns.
 #pragma once
 
 #include <unknwn.h>

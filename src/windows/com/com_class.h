@@ -1,5 +1,4 @@
-// The base of our COM objects: reference count, interfaces, module count.
-// Aggregation is not offered.
+// The base of our COM objects: reference count, interfaces, module count; no aggregation.
 #pragma once
 
 #include <windows.h>
@@ -23,7 +22,7 @@ struct InterfaceList {
 template <typename Interface>
 struct BasesOf : InterfaceList<> {};
 
-// One or more interfaces with one answer to QueryInterface; a base for the parts of an object.
+// Implements QueryInterface for one or more interfaces; a base for the parts of an object.
 template <typename... Interfaces>
 class Implements : public Interfaces... {
  public:
@@ -72,7 +71,7 @@ class ComClassOf : public First, public Others... {
   STDMETHODIMP_(ULONG) Release() noexcept override {
     const long left = --references_;
     if (left > 0) return static_cast<ULONG>(left);
-    // What the object calls on its way out may take and drop references to it again.
+    // What the object calls on its way out may add and release references to it again.
     references_ = kDying;
     FinalRelease();
     delete this;

@@ -1,5 +1,4 @@
 // Name look-up and calls through IDispatch.
-// The conversion of arguments is outgoing_arguments.cpp.
 #include "windows/com/com_object.h"
 
 #include <limits>
@@ -31,11 +30,11 @@ class CallFailure {
 
   [[noreturn]] void Throw(HRESULT code, IDispatch* object) {
     if (code != DISP_E_EXCEPTION) ThrowErrorInfo(code, object);
-    // The failure goes on as an exception; whoever skips it leaves no error behind.
+    // The failure goes on as an exception; no error info is left behind if it is skipped.
     SetErrorInfo(0, nullptr);
     if (info_.pfnDeferredFillIn != nullptr) info_.pfnDeferredFillIn(&info_);
     if (info_.wCode != 0) {
-      // A number of the callee's own, in the facility that automation reserves for them.
+      // The callee's own number, in the facility that automation reserves for it.
       code = MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, info_.wCode);
     } else if (FAILED(info_.scode)) {
       code = info_.scode;
@@ -50,7 +49,7 @@ class CallFailure {
     throw AutomationError(code, std::move(description), std::move(source));
   }
 
-  // Some servers answer a plain code and leave the words in the thread's error info.
+  // Some servers return a plain code and leave the description in the thread's error info.
   [[noreturn]] static void ThrowErrorInfo(HRESULT code, IDispatch* object) {
     Bstr description;
     Bstr source;

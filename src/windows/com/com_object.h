@@ -1,5 +1,4 @@
-// A late-bound object of others, called through IDispatch.
-// Our own objects, called by others, are dispatch_object.h.
+// Another module's object, called late-bound through IDispatch.
 #pragma once
 
 #include <dispex.h>
@@ -21,7 +20,7 @@ class ComObject final : public AutomationObject {
   MemberId Find(std::u16string_view name) override;
   Value Invoke(MemberId member, Access access, std::span<Value> arguments) override;
 
-  // With a reference for the caller.
+  // Adds a reference for the caller.
   ComPtr<IDispatch> Dispatch() const { return object_.Copy(); }
 
  private:
@@ -30,9 +29,9 @@ class ComObject final : public AutomationObject {
                EXCEPINFO& record);
 
   ComPtr<IDispatch> object_;
-  // Set for objects that answer names and calls through this interface alone.
+  // Set for objects that implement names and calls in this interface alone.
   ComPtr<IDispatchEx> extended_;
-  // By the spelling that was asked for; the library asks for few names.
+  // By the spelling of the caller.
   std::unordered_map<std::u16string, MemberId> members_;
 };
 

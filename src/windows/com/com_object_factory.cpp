@@ -1,5 +1,4 @@
 // The creation of an object by its ProgID.
-// Registration of our own classes is registration.cpp.
 #include "windows/com/com_object_factory.h"
 
 #include <ole2.h>

@@ -1,5 +1,4 @@
 // Objects by ProgID from COM.
-// What is done with them is the core's.
 #pragma once
 
 #include "platform/automation.h"

@@ -1,5 +1,5 @@
-// The owner of one reference to a COM object.
-// It never adds or drops a reference behind the reader's back: every way in says what it does.
+// The owner of one reference to a COM object. No implicit AddRef or Release; each function states
+// its effect.
 #pragma once
 
 #include <unknwn.h>
@@ -33,26 +33,25 @@ class ComPtr {
 
   // Borrowed.
   T* get() const { return pointer_; }
-  // For a function that fills it; drops the present reference first.
+  // For a function that sets it; releases the present reference first.
   T** put() {
     attach(nullptr);
     return &pointer_;
   }
   void** putVoid() { return reinterpret_cast<void**>(put()); }
-  // Takes over the caller's reference and drops the present one, in an order that is safe when
-  // the dropped object reaches back.
+  // Takes over the caller's reference, then releases the present one, which may call back.
   void attach(T* pointer) {
     T* old = std::exchange(pointer_, pointer);
     if (old != nullptr) old->Release();
   }
-  // Hands the reference to the caller.
+  // Passes the reference to the caller.
   T* release() { return std::exchange(pointer_, nullptr); }
 
   T* operator->() const { return pointer_; }
   explicit operator bool() const { return pointer_ != nullptr; }
 
   ComPtr Copy() const { return Share(pointer_); }
-  // Another interface of the object; null when it has none or there is no object.
+  // Another interface of the object; null when it has none or this is null.
   template <typename Other>
   ComPtr<Other> As() const {
     ComPtr<Other> other;

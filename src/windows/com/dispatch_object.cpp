@@ -1,9 +1,10 @@
-// Calls from COM to an automation object.
-// Arguments are incoming_arguments.cpp, failures call_result.cpp.
+// Calls from COM to an automation object, and objects on their way in and out.
 #include "windows/com/dispatch_object.h"
 
 #include "platform/error.h"
 #include "windows/com/call_result.h"
+#include "windows/com/com_object.h"
+#include "windows/com/dispatch_value.h"
 #include "windows/com/incoming_arguments.h"
 #include "windows/com/variant_value.h"
 #include "windows/com/wide_text.h"
@@ -58,7 +59,9 @@ STDMETHODIMP DispatchObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPAR
   const ObjectPtr target = target_;
   try {
     const Access access = AccessOf(flags);
-    IncomingArguments arguments(*parameters, access != Access::Call, badArgument);
+    IncomingArguments arguments(
+        *parameters, access != Access::Call, badArgument,
+        [](std::size_t, const VARIANT& argument) { return FromVariant(argument); });
     Variant answer = ToVariant(target->Invoke(id, access, arguments.Values()));
     arguments.WriteBack();
     if (result != nullptr) *result = answer.release();
@@ -72,6 +75,20 @@ STDMETHODIMP DispatchObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPAR
 
 STDMETHODIMP DispatchObject::InterfaceSupportsErrorInfo(REFIID id) noexcept {
   return id == IID_IDispatch ? S_OK : S_FALSE;
+}
+
+ObjectPtr FromDispatch(IDispatch* object) {
+  if (object == nullptr) return nullptr;
+  if (ObjectPtr ours = DispatchObject::TargetOf(object)) return ours;
+  return std::make_shared<ComObject>(ComPtr<IDispatch>::Share(object));
+}
+
+ComPtr<IDispatch> ToDispatch(const ObjectPtr& object) {
+  if (object == nullptr) return {};
+  if (const auto* theirs = dynamic_cast<const ComObject*>(object.get())) {
+    return theirs->Dispatch();
+  }
+  return ComPtr<IDispatch>::Take(MakeCom<DispatchObject>(object).release());
 }
 
 }  // namespace pricedown::windows

@@ -1,5 +1,4 @@
-// Any automation object of the core as an IDispatch for others.
-// The control's dual interfaces have tables of their own (dispatch_table.h).
+// An automation object of the core as an IDispatch.
 #pragma once
 
 #include <oaidl.h>
@@ -13,7 +12,7 @@ namespace pricedown::windows {
 struct OwnObject : public IUnknown {
   // An address that differs from module to module.
   virtual const void* STDMETHODCALLTYPE Module() noexcept = 0;
-  // Borrowed. Only to be called by the module itself: the answer is no COM type.
+  // Borrowed. Only for this module: the result is no COM type.
   virtual const ObjectPtr* STDMETHODCALLTYPE Target() noexcept = 0;
 };
 

@@ -1,9 +1,9 @@
 // The reading of member tables.
-// The order and names of arguments are incoming_arguments.cpp.
 #include "windows/com/dispatch_table.h"
 
 #include "platform/convert.h"
 #include "platform/error.h"
+#include "platform/skip.h"
 #include "platform/text.h"
 #include "windows/com/call_result.h"
 #include "windows/com/incoming_arguments.h"
@@ -26,6 +26,8 @@ Value Coerce(const Value& value, Coercion coercion) {
     case Coercion::Int16:
       return ToInt16(value);
     case Coercion::Any:
+    case Coercion::Lenient:
+    case Coercion::Ignored:
       break;
   }
   return value;
@@ -41,9 +43,25 @@ std::size_t RequiredCount(const DispatchMember& member) {
   throw AutomationError(code, Concatenate({why, name}), std::u16string(name));
 }
 
+Value Convert(const DispatchMember& member, std::size_t position, const VARIANT& argument) {
+  const Coercion coercion =
+      position < member.parameters.size() ? member.parameters[position].coercion : Coercion::Any;
+  if (coercion == Coercion::Ignored) return {};
+  Value value;
+  if (coercion != Coercion::Lenient) {
+    value = FromVariant(argument);
+  } else {
+    SkipFailing([&] { value = FromVariant(argument); });
+  }
+  return value;
+}
+
 std::vector<Value> Arguments(const DispatchMember& member, const DISPPARAMS& parameters,
                              UINT* badArgument) {
-  IncomingArguments incoming(parameters, member.kind == kPut, badArgument);
+  IncomingArguments incoming(parameters, member.kind == kPut, badArgument,
+                             [&](std::size_t position, const VARIANT& argument) {
+                               return Convert(member, position, argument);
+                             });
   const std::span<Value> given = incoming.Values();
   if (given.size() > member.parameters.size() || given.size() < RequiredCount(member)) {
     Refuse(DISP_E_BADPARAMCOUNT, u"参数个数错误: ", member.name);

@@ -1,5 +1,4 @@
 // Members of a dual interface as a table, and the one Invoke that reads it.
-// Objects without a type library are dispatch_object.h.
 #pragma once
 
 #include <oaidl.h>
@@ -16,8 +15,10 @@
 
 namespace pricedown::windows {
 
-// What an argument becomes before the member sees it. Any leaves it as it is.
-enum class Coercion { Any, Text, Object, Boolean, Int16 };
+// The type to which an argument is converted before the member runs. Any leaves it as it is.
+// Lenient leaves it too, and an argument that the core has no kind for is Empty. Ignored is never
+// converted: always Empty.
+enum class Coercion { Any, Text, Object, Boolean, Int16, Lenient, Ignored };
 
 struct DispatchParameter {
   std::u16string_view name;
@@ -25,7 +26,7 @@ struct DispatchParameter {
   bool optional = false;
 };
 
-// One member; a property that can be read and one of the same name that can be run are two rows.
+// One member; a property and a method of the same name are two rows.
 struct DispatchMember {
   std::u16string_view name;
   DISPID id = DISPID_UNKNOWN;
@@ -33,7 +34,7 @@ struct DispatchMember {
   std::span<const DispatchParameter> parameters;
 };
 
-// `run` gets one argument for each parameter, references followed; what was left out is Missing.
+// `run` is passed one argument for each parameter, references followed, Missing where omitted.
 template <typename T>
 struct DispatchRow {
   DispatchMember member;
@@ -43,17 +44,17 @@ struct DispatchRow {
 using DispatchArguments = std::span<const Value>;
 using MemberRunner = std::function<Value(DispatchArguments)>;
 
-// Whether a call with these flags means that member. A name that is both an operation and a
-// property is read by a call that asks for a result and allows reading, and run by any other.
+// Whether a call with these flags means that member. A name that is both a method and a property
+// is the property for a call that wants a result and allows reading, and the method otherwise.
 bool IsMeant(const DispatchMember& member, DISPID id, WORD flags, bool wantsResult, bool exact);
 
-// Converts the arguments, runs the member and reports as IDispatch::Invoke does: refusals of the
-// arguments as a code, failures of the member as an exception record.
+// Converts the arguments, runs the member and reports as IDispatch::Invoke does: bad arguments as a
+// code, failures of the member as an exception record.
 HRESULT InvokeMember(const DispatchMember& member, const MemberRunner& run,
                      const DISPPARAMS& parameters, VARIANT* result, EXCEPINFO* record,
                      UINT* badArgument) noexcept;
 
-// The id of a name and, behind it, the positions of parameter names.
+// The id of a name, followed by the positions of parameter names.
 HRESULT NamesToIds(std::span<const DispatchMember* const> members, LPOLESTR* names, UINT count,
                    DISPID* ids);
 

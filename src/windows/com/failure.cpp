@@ -1,13 +1,10 @@
-// The ladder from exceptions to codes, and the way back from codes to exceptions.
-// Every catch-all of the Windows layer ends here.
+// Texts of the system's codes, and the exceptions made from codes.
 #include "windows/com/failure.h"
 
 #include <array>
-#include <exception>
-#include <new>
+#include <cstdint>
 
 #include "platform/error.h"
-#include "platform/text.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::windows {
@@ -21,36 +18,7 @@ std::u16string Hexadecimal(HRESULT code) {
   return text;
 }
 
-void Describe(Failure& failure) {
-  try {
-    throw;
-  } catch (const AutomationError& error) {
-    if (FAILED(error.Number())) failure.code = error.Number();
-    failure.description = error.Description();
-    failure.source = error.Source();
-  } catch (const std::bad_alloc&) {
-    failure.code = E_OUTOFMEMORY;
-    failure.description = u"内存不足";
-  } catch (const std::exception& error) {
-    failure.description = FromUtf8(error.what());
-  } catch (...) {
-    failure.code = E_UNEXPECTED;
-    failure.description = u"意外错误";
-  }
-}
-
 }  // namespace
-
-Failure CurrentFailure() noexcept {
-  Failure failure;
-  failure.code = E_FAIL;
-  try {
-    Describe(failure);
-  } catch (...) {
-    // No memory for the texts; the code says enough.
-  }
-  return failure;
-}
 
 std::u16string SystemText(HRESULT code) {
   std::array<wchar_t, 512> buffer{};

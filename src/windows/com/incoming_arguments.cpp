@@ -1,5 +1,4 @@
 // The order, names and references of a call's arguments.
-// Single values are variant_value.cpp and by_reference.cpp.
 #include "windows/com/incoming_arguments.h"
 
 #include "platform/error.h"
@@ -14,7 +13,8 @@ constexpr DISPID kMostPositions = 64;
 
 }  // namespace
 
-IncomingArguments::IncomingArguments(const DISPPARAMS& parameters, bool put, UINT* badArgument)
+IncomingArguments::IncomingArguments(const DISPPARAMS& parameters, bool put, UINT* badArgument,
+                                     const Converter& convert)
     : parameters_(parameters) {
   const UINT count = parameters.cArgs;
   UINT named = parameters.cNamedArgs;
@@ -29,7 +29,7 @@ IncomingArguments::IncomingArguments(const DISPPARAMS& parameters, bool put, UIN
         put && named > 0 && parameters.rgdispidNamedArgs[0] == DISPID_PROPERTYPUT;
     while (index > named) {
       --index;
-      Place(values_.size(), index);
+      Place(values_.size(), index, convert);
     }
     for (UINT name = namedValue ? 1 : 0; name < named; ++name) {
       const DISPID position = parameters.rgdispidNamedArgs[name];
@@ -37,11 +37,11 @@ IncomingArguments::IncomingArguments(const DISPPARAMS& parameters, bool put, UIN
         throw AutomationError(DISP_E_PARAMNOTFOUND, u"没有此名称的参数");
       }
       index = name;
-      Place(static_cast<std::size_t>(position), index);
+      Place(static_cast<std::size_t>(position), index, convert);
     }
     if (namedValue) {
       index = 0;
-      Place(values_.size(), index);
+      Place(values_.size(), index, convert);
     }
   } catch (...) {
     if (badArgument != nullptr) *badArgument = index;
@@ -49,14 +49,14 @@ IncomingArguments::IncomingArguments(const DISPPARAMS& parameters, bool put, UIN
   }
 }
 
-void IncomingArguments::Place(std::size_t position, UINT index) {
+void IncomingArguments::Place(std::size_t position, UINT index, const Converter& convert) {
   while (values_.size() <= position) {
     indexes_.push_back(static_cast<UINT>(values_.size()));
     values_.push_back(Missing{});
   }
   indexes_[position] = index;
   const VARIANT& argument = parameters_.rgvarg[index];
-  Value value = FromVariant(argument);
+  Value value = convert(position, argument);
   if ((argument.vt & VT_BYREF) == 0) {
     values_[position] = std::move(value);
     return;
@@ -67,7 +67,9 @@ void IncomingArguments::Place(std::size_t position, UINT index) {
 
 void IncomingArguments::WriteBack() {
   for (const Reference& reference : references_) {
-    if (reference.now != reference.before) StoreByReference(*reference.argument, reference.now);
+    if (reference.now != reference.before) {
+      StoreByReference(*reference.argument, ToVariant(reference.now));
+    }
   }
 }
 

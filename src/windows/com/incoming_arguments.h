@@ -1,9 +1,9 @@
 // The arguments of a call in: from DISPPARAMS to values in the order of the parameters.
-// Arguments of a call out are outgoing_arguments.h.
 #pragma once
 
 #include <oaidl.h>
 
+#include <functional>
 #include <span>
 #include <vector>
 
@@ -15,9 +15,11 @@ class IncomingArguments {
  public:
   // With `put` the last value is the property's new one, whether its argument is named or not.
   // Other named arguments are positions, 0 for the first parameter; parameters skipped by them are
-  // Missing. `badArgument` gets the index of an argument that cannot be converted; it may be
-  // null. Throws AutomationError.
-  IncomingArguments(const DISPPARAMS& parameters, bool put, UINT* badArgument);
+  // Missing. `badArgument` is set to the index of an argument that cannot be converted; it may be
+  // null. `convert` is called with each argument and its position. Throws AutomationError.
+  using Converter = std::function<Value(std::size_t position, const VARIANT& argument)>;
+  IncomingArguments(const DISPPARAMS& parameters, bool put, UINT* badArgument,
+                    const Converter& convert);
   IncomingArguments(const IncomingArguments&) = delete;
   IncomingArguments& operator=(const IncomingArguments&) = delete;
 
@@ -28,8 +30,8 @@ class IncomingArguments {
   // was skipped.
   UINT IndexOf(std::size_t parameter) const { return indexes_[parameter]; }
 
-  // Stores by-reference arguments that were changed where the caller wants them, in the type that
-  // the caller has there. Throws AutomationError.
+  // Stores changed by-reference arguments in the caller's variables, converted to their types.
+  // Throws AutomationError.
   void WriteBack();
 
  private:
@@ -39,7 +41,7 @@ class IncomingArguments {
     Value now;
   };
 
-  void Place(std::size_t position, UINT index);
+  void Place(std::size_t position, UINT index, const Converter& convert);
 
   const DISPPARAMS& parameters_;
   std::vector<Value> values_;

@@ -1,5 +1,4 @@
-// What keeps this module in memory: living objects and server locks.
-// One instance per DLL or program; the rest of a module's state belongs to its own struct.
+// What keeps this module in memory: living objects and server locks. One instance per module.
 #pragma once
 
 #include <atomic>

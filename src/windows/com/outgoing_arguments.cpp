@@ -1,5 +1,4 @@
-// The conversion of a call's arguments on their way out and back.
-// Single values are variant_value.cpp.
+// Conversion of a call's arguments, and of by-reference results.
 #include "windows/com/outgoing_arguments.h"
 
 #include <utility>

@@ -1,5 +1,4 @@
-// The arguments of a call out: reversed, converted, with room for what comes back.
-// Arguments of a call in are incoming_arguments.h.
+// The arguments of a call out: reversed, converted, with room for by-reference results.
 #pragma once
 
 #include <span>
@@ -20,7 +19,7 @@ class OutgoingArguments {
   // In the order of IDispatch, the last argument first. Valid as long as this object.
   std::span<VARIANT> Reversed() { return reversed_; }
 
-  // Gives what the callee stored to the targets of by-reference values. Throws AutomationError.
+  // Stores what the callee has set in the targets of by-reference values. Throws AutomationError.
   void WriteBack();
 
  private:

@@ -1,5 +1,4 @@
 // Which keys a server has, written and removed.
-// Single keys are registry_key.cpp.
 #include "windows/com/registration.h"
 
 #include <objbase.h>
@@ -116,7 +115,7 @@ FirstRemovalFailure RemoveAll(const ServerEntries& entries, RegistrationScope sc
   FirstRemovalFailure failure;
   for (const ClassEntry& entry : entries.classes) RemoveClass(root, entry, failure);
   if (entries.library) RemoveLibrary(root, *entries.library, failure);
-  // A user without entries of his own has none of these.
+  // A user without entries has none of these keys.
   for (const wchar_t* shared : {L"CLSID", L"Interface", L"TypeLib"}) {
     RemoveIfEmpty(root, UnderClasses(shared));
   }

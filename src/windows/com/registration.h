@@ -1,5 +1,4 @@
 // The registry entries of a module's classes and type library, for the machine or for one user.
-// What a module registers is its own table; activation itself is the system's.
 #pragma once
 
 #include <windows.h>
@@ -39,13 +38,12 @@ struct ServerEntries {
 
 enum class RegistrationScope { Machine, User };
 
-// Writes all entries with `module` as the server's path. Throws AutomationError; what was
-// written before is removed again.
+// Writes all entries with `module` as the server's path. Throws AutomationError and then removes
+// what it has written.
 void Register(const ServerEntries& entries, RegistrationScope scope, const std::wstring& module);
 
-// Removes all entries; those that are not there are no failure. Keys that a build of the other
-// word size shares are left while that one is registered. Throws AutomationError when an entry
-// stays.
+// Removes all entries; missing ones are no failure. Keys shared with a build of the other word
+// size are left while that one is registered. Throws AutomationError when an entry stays.
 void Unregister(const ServerEntries& entries, RegistrationScope scope);
 
 }  // namespace pricedown::windows

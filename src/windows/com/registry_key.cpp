@@ -1,5 +1,4 @@
 // The system's registry functions with errors as exceptions.
-// Nothing here knows COM.
 #include "windows/com/registry_key.h"
 
 #include <optional>
@@ -71,7 +70,7 @@ LSTATUS RemoveTree(HKEY root, const std::wstring& key) {
 
 void RemoveIfEmpty(HKEY root, const std::wstring& key) {
   const std::optional<Contents> contents = ContentsOf(root, key);
-  // The system refuses to delete a key that has got subkeys in between.
+  // The system refuses to delete a key that has acquired subkeys meanwhile.
   if (contents && contents->subkeys == 0 && contents->values == 0) RegDeleteKeyW(root, key.c_str());
 }
 

@@ -1,5 +1,4 @@
 // Writing and removing single registry keys.
-// Which keys a server has is registration.h.
 #pragma once
 
 #include <windows.h>
@@ -8,15 +7,15 @@
 
 namespace pricedown::windows {
 
-// Makes the key when it is not there. An empty name is the key's own value. Throws
+// Creates the key when it is missing. An empty name is the key's own value. Throws
 // AutomationError.
 void WriteText(HKEY root, const std::wstring& key, const std::wstring& name,
                const std::wstring& text);
 
-// Removes a key with everything below it; a key that is not there is no error.
+// Removes a key with everything below it; a missing key is no error.
 LSTATUS RemoveTree(HKEY root, const std::wstring& key);
 
-// Removes a key without subkeys and values, and only such a one.
+// Removes a key that has neither subkeys nor values; a no-op for any other.
 void RemoveIfEmpty(HKEY root, const std::wstring& key);
 
 bool HasSubkeys(HKEY root, const std::wstring& key);
@@ -25,13 +24,13 @@ bool HasSubkeys(HKEY root, const std::wstring& key);
 // has that key as one of its own. False where there is only one view.
 bool ExistsForOtherWordSize(HKEY root, const std::wstring& key);
 
-// Keeps the first failure of several removals, so that one that fails does not end the others.
+// Runs several removals and keeps the first failure.
 class FirstRemovalFailure {
  public:
   void Note(LSTATUS status) {
     if (status_ == ERROR_SUCCESS) status_ = status;
   }
-  // Throws AutomationError when there was one.
+  // Throws AutomationError for the first failure, if any.
   void Rethrow() const;
 
  private:

@@ -1,5 +1,4 @@
 // The owner of one SAFEARRAY.
-// Its elements as values of the core are variant_value.h.
 #pragma once
 
 #include <windows.h>
@@ -22,7 +21,7 @@ class SafeArray {
 
   // Borrowed.
   SAFEARRAY* get() const { return array_; }
-  // For a function that fills it; destroys the present array first.
+  // For a function that sets it; destroys the present array first.
   SAFEARRAY** put() {
     attach(nullptr);
     return &array_;
@@ -32,7 +31,7 @@ class SafeArray {
     SAFEARRAY* old = std::exchange(array_, array);
     if (old != nullptr) SafeArrayDestroy(old);
   }
-  // Hands the array to the caller.
+  // Passes the array to the caller.
   SAFEARRAY* release() { return std::exchange(array_, nullptr); }
 
   explicit operator bool() const { return array_ != nullptr; }

@@ -1,13 +1,13 @@
-// Cells of a SAFEARRAY, and a SAFEARRAY of cells.
-// The conversion of a single cell is variant_value.cpp.
+// Cells of a SAFEARRAY.
 #include "windows/com/safe_array_block.h"
 
 #include <cstddef>
 #include <utility>
 
 #include "platform/error.h"
+#include "windows/com/by_reference.h"
 #include "windows/com/failure.h"
-#include "windows/com/variant_value.h"
+#include "windows/com/wide_text.h"
 
 namespace pricedown::windows {
 namespace {
@@ -22,7 +22,8 @@ std::size_t Extent(SAFEARRAY* array, UINT dimension) {
 
 }  // namespace
 
-SafeArrayBlock::SafeArrayBlock(SafeArray array) : array_(std::move(array)) {
+SafeArrayBlock::SafeArrayBlock(SafeArray array, ToValue toValue)
+    : array_(std::move(array)), toValue_(toValue) {
   if (SafeArrayGetDim(array_.get()) != 2) {
     throw AutomationError(ErrorNumber::TypeMismatch, u"数组不是二维的");
   }
@@ -48,33 +49,41 @@ VARIANT SafeArrayBlock::Element(std::size_t column, std::size_t row) const {
 }
 
 CellView SafeArrayBlock::Cell(std::size_t column, std::size_t row) const {
-  return ViewOf(Element(column, row));
+  VARIANT element = Element(column, row);
+  if ((element.vt & VT_BYREF) != 0) element = Dereferenced(element);
+  switch (element.vt) {
+    case VT_BSTR:
+      return {CellView::Kind::Text, 0, BorrowText(element.bstrVal, SysStringLen(element.bstrVal))};
+    case VT_I4:
+      return {CellView::Kind::Number, static_cast<double>(element.lVal)};
+    case VT_R8:
+      return {CellView::Kind::Number, element.dblVal};
+    case VT_ERROR:
+      if (element.scode == DISP_E_PARAMNOTFOUND) return {};
+      return {CellView::Kind::Other};
+    case VT_EMPTY:
+    case VT_NULL:
+      return {};
+    case VT_I1:
+    case VT_UI1:
+    case VT_I2:
+    case VT_UI2:
+    case VT_INT:
+    case VT_UI4:
+    case VT_UINT:
+    case VT_I8:
+    case VT_UI8:
+    case VT_R4:
+    case VT_CY:
+    case VT_DECIMAL:
+      return ViewOf(toValue_(element));
+    default:
+      return {CellView::Kind::Other};
+  }
 }
 
 Value SafeArrayBlock::CellValue(std::size_t column, std::size_t row) const {
-  return FromVariant(Element(column, row));
-}
-
-SafeArray ToSafeArray(const CellBlock& block) {
-  SAFEARRAYBOUND bounds[] = {{static_cast<ULONG>(block.ColumnCount()), 0},
-                             {static_cast<ULONG>(block.RowCount()), 0}};
-  SafeArray array;
-  array.attach(SafeArrayCreate(VT_VARIANT, 2, bounds));
-  if (!array) throw std::bad_alloc();
-  void* data = nullptr;
-  ThrowIfFailed(SafeArrayAccessData(array.get(), &data));
-  // Unlocked again whatever happens; what was filled is freed with the array.
-  struct Unlock {
-    SAFEARRAY* locked;
-    ~Unlock() { SafeArrayUnaccessData(locked); }
-  } unlock{array.get()};
-  auto* cell = static_cast<VARIANT*>(data);
-  for (std::size_t row = 0; row < block.RowCount(); ++row) {
-    for (std::size_t column = 0; column < block.ColumnCount(); ++column) {
-      *cell++ = CellToVariant(block, column, row).release();
-    }
-  }
-  return array;
+  return toValue_(Element(column, row));
 }
 
 }  // namespace pricedown::windows

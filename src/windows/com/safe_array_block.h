@@ -1,5 +1,4 @@
-// A two-dimensional SAFEARRAY as a block of cells, read in place: what GetRows answers over COM.
-// It copies no text and no number; one-dimensional arrays become lists (variant_value.h).
+// A two-dimensional SAFEARRAY as a block of cells, read in place: what GetRows returns over COM.
 #pragma once
 
 #include "platform/cell_block.h"
@@ -9,9 +8,12 @@ namespace pricedown::windows {
 
 class SafeArrayBlock final : public CellBlock {
  public:
+  // Converts one element.
+  using ToValue = Value (*)(const VARIANT& element);
+
   // The first dimension is the column. Throws AutomationError: TypeMismatch unless the array has
   // two dimensions.
-  explicit SafeArrayBlock(SafeArray array);
+  SafeArrayBlock(SafeArray array, ToValue toValue);
   ~SafeArrayBlock() override;
 
   std::size_t ColumnCount() const override { return columns_; }
@@ -27,14 +29,12 @@ class SafeArrayBlock final : public CellBlock {
   VARIANT Element(std::size_t column, std::size_t row) const;
 
   SafeArray array_;
+  ToValue toValue_;
   VARTYPE type_ = VT_EMPTY;
   std::size_t elementSize_ = 0;
   std::size_t columns_ = 0;
   std::size_t rows_ = 0;
   std::byte* data_ = nullptr;
 };
-
-// A new array of variants with the block's cells, columns first. Throws AutomationError.
-SafeArray ToSafeArray(const CellBlock& block);
 
 }  // namespace pricedown::windows

@@ -1,5 +1,4 @@
 // The owner of one VARIANT.
-// What it means to the core is variant_value.h.
 #pragma once
 
 #include <windows.h>
@@ -22,19 +21,19 @@ class Variant {
 
   // Borrowed.
   const VARIANT& get() const { return variant_; }
-  // For a function that fills it; clears first.
+  // For a function that sets it; clears first.
   VARIANT* put() {
     VariantClear(&variant_);
     return &variant_;
   }
   // For a function that may replace the content in place.
   VARIANT* share() { return &variant_; }
-  // Takes over what the caller's variant owns and clears the present content.
+  // Takes over the content of `variant` and clears the present one.
   void attach(const VARIANT& variant) {
     VARIANT old = std::exchange(variant_, variant);
     VariantClear(&old);
   }
-  // Hands the content to the caller.
+  // Passes the content to the caller.
   VARIANT release() {
     VARIANT empty;
     VariantInit(&empty);

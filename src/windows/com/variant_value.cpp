@@ -1,5 +1,4 @@
 // The conversions between values and variants.
-// Arrays as blocks are safe_array_block.cpp, references are by_reference.cpp.
 #include "windows/com/variant_value.h"
 
 #include <cstdint>
@@ -9,8 +8,6 @@
 #include "platform/error.h"
 #include "windows/com/bstr.h"
 #include "windows/com/by_reference.h"
-#include "windows/com/com_object.h"
-#include "windows/com/dispatch_object.h"
 #include "windows/com/failure.h"
 #include "windows/com/safe_array_block.h"
 
@@ -65,7 +62,7 @@ Value FromVector(SAFEARRAY* array) {
 }
 
 Value FromBlock(SafeArray array) {
-  return CellBlockPtr(std::make_shared<const SafeArrayBlock>(std::move(array)));
+  return CellBlockPtr(std::make_shared<const SafeArrayBlock>(std::move(array), FromVariant));
 }
 
 Value FromArray(SAFEARRAY* array) {
@@ -87,6 +84,42 @@ SafeArray ToVector(const std::vector<Value>& list) {
     ThrowIfFailed(SafeArrayPtrOfIndex(array.get(), &index, reinterpret_cast<void**>(&element)));
     *element = ToVariant(value).release();
     ++index;
+  }
+  return array;
+}
+
+// Copies the cell's text once.
+Variant CellToVariant(const CellBlock& block, std::size_t column, std::size_t row) {
+  const CellView view = block.Cell(column, row);
+  if (view.kind != CellView::Kind::Text) return ToVariant(block.CellValue(column, row));
+  VARIANT variant;
+  VariantInit(&variant);
+  variant.bstrVal = Bstr(view.text).release();
+  variant.vt = VT_BSTR;
+  Variant owner;
+  owner.attach(variant);
+  return owner;
+}
+
+// An array of variants with the block's cells, columns first.
+SafeArray ToSafeArray(const CellBlock& block) {
+  SAFEARRAYBOUND bounds[] = {{static_cast<ULONG>(block.ColumnCount()), 0},
+                             {static_cast<ULONG>(block.RowCount()), 0}};
+  SafeArray array;
+  array.attach(SafeArrayCreate(VT_VARIANT, 2, bounds));
+  if (!array) throw std::bad_alloc();
+  void* data = nullptr;
+  ThrowIfFailed(SafeArrayAccessData(array.get(), &data));
+  // Unlocked again whatever happens; what was filled is freed with the array.
+  struct Unlock {
+    SAFEARRAY* locked;
+    ~Unlock() { SafeArrayUnaccessData(locked); }
+  } unlock{array.get()};
+  auto* cell = static_cast<VARIANT*>(data);
+  for (std::size_t row = 0; row < block.RowCount(); ++row) {
+    for (std::size_t column = 0; column < block.ColumnCount(); ++column) {
+      *cell++ = CellToVariant(block, column, row).release();
+    }
   }
   return array;
 }
@@ -224,65 +257,6 @@ Variant ToVariant(const Value& value) {
   Variant owner;
   owner.attach(variant);
   return owner;
-}
-
-CellView ViewOf(const VARIANT& variant) {
-  if ((variant.vt & VT_BYREF) != 0) return ViewOf(Dereferenced(variant));
-  switch (variant.vt) {
-    case VT_EMPTY:
-    case VT_NULL:
-      return {};
-    case VT_BSTR:
-      return {CellView::Kind::Text, 0, BorrowText(variant.bstrVal, SysStringLen(variant.bstrVal))};
-    case VT_I4:
-      return {CellView::Kind::Number, static_cast<double>(variant.lVal)};
-    case VT_R8:
-      return {CellView::Kind::Number, variant.dblVal};
-    case VT_I1:
-    case VT_UI1:
-    case VT_I2:
-    case VT_UI2:
-    case VT_INT:
-    case VT_UI4:
-    case VT_UINT:
-    case VT_I8:
-    case VT_UI8:
-    case VT_R4:
-    case VT_CY:
-    case VT_DECIMAL:
-      return pricedown::ViewOf(FromVariant(variant));
-    case VT_ERROR:
-      if (variant.scode == DISP_E_PARAMNOTFOUND) return {};
-      return {CellView::Kind::Other};
-    default:
-      return {CellView::Kind::Other};
-  }
-}
-
-Variant CellToVariant(const CellBlock& block, std::size_t column, std::size_t row) {
-  const CellView view = block.Cell(column, row);
-  if (view.kind != CellView::Kind::Text) return ToVariant(block.CellValue(column, row));
-  VARIANT variant;
-  VariantInit(&variant);
-  variant.bstrVal = Bstr(view.text).release();
-  variant.vt = VT_BSTR;
-  Variant owner;
-  owner.attach(variant);
-  return owner;
-}
-
-ObjectPtr FromDispatch(IDispatch* object) {
-  if (object == nullptr) return nullptr;
-  if (ObjectPtr ours = DispatchObject::TargetOf(object)) return ours;
-  return std::make_shared<ComObject>(ComPtr<IDispatch>::Share(object));
-}
-
-ComPtr<IDispatch> ToDispatch(const ObjectPtr& object) {
-  if (object == nullptr) return {};
-  if (const auto* theirs = dynamic_cast<const ComObject*>(object.get())) {
-    return theirs->Dispatch();
-  }
-  return ComPtr<IDispatch>::Take(MakeCom<DispatchObject>(object).release());
 }
 
 }  // namespace pricedown::windows

@@ -1,5 +1,4 @@
 // The copying of text between the core and Windows.
-// Where such text comes from and who owns it is its caller's.
 #include "windows/com/wide_text.h"
 
 #include <cstring>
@@ -24,8 +23,8 @@ void CopyWide(std::u16string_view text, wchar_t* target) {
   if (!text.empty()) std::memcpy(target, text.data(), text.size() * sizeof(char16_t));
 }
 
-// Not a cast from wchar_t: the bytes were written elsewhere, and nobody here reads them as
-// wchar_t. It spares a copy of every cell of a large query.
+// No aliasing problem: these bytes are never read as wchar_t here. It saves a copy of every cell of
+// a large query.
 std::u16string_view BorrowText(const void* text, std::size_t length) {
   if (length == 0) return {};
   return {static_cast<const char16_t*>(text), length};

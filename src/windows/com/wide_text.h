@@ -1,5 +1,4 @@
 // Text between the core's char16_t and Windows' wchar_t, by copying.
-// The one place that does it; conversions to numbers and UTF-8 are the core's.
 #pragma once
 
 #include <string>

@@ -9,6 +9,7 @@
 #include "platform/error.h"
 #include "tests/support/utf8.h"
 #include "tests/windows/raw_call.h"
+#include "windows/com/failure.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::testing {
@@ -37,7 +38,7 @@ TEST(Boundary, KnowsTheStandardExceptions) {
   EXPECT_EQ(AtBoundary([] { throw std::bad_alloc(); }), E_OUTOFMEMORY);
   EXPECT_EQ(TakeErrorInfo(), ": 内存不足");
   EXPECT_EQ(AtBoundary([] { throw std::runtime_error("甲"); }), E_FAIL);
-  EXPECT_EQ(TakeErrorInfo(), ": 甲");
+  EXPECT_EQ(TakeErrorInfo(), "甲: 意外错误");
 }
 
 TEST(Boundary, CatchesEverythingElse) {

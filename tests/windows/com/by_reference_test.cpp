@@ -16,7 +16,9 @@ namespace {
 
 using windows::Bstr;
 using windows::ComPtr;
-using windows::StoreByReference;
+void StoreByReference(const VARIANT& reference, const Value& value) {
+  windows::StoreByReference(reference, windows::ToVariant(value));
+}
 using windows::Variant;
 
 TEST(StoringByReference, ConvertsToTheCallersType) {
