@@ -1,5 +1,4 @@
 // The reading of ambient properties.
-// What follows from them is decided by hosted_control.cpp.
 #include "windows/server/ambient.h"
 
 #include "windows/com/com_ptr.h"

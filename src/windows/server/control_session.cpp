@@ -1,5 +1,4 @@
-// The putting together and taking apart of a control's life.
-// When that happens is decided by hosted_control.cpp.
+// Construction and end of a session.
 #include "windows/server/control_session.h"
 
 #include "platform/skip.h"
@@ -12,10 +11,10 @@ ControlSession::ControlSession(Module& module, ContainerWindow& container,
       questions_(window_),
       screen_(window_),
       editor_(module, window_),
-      ledger_(module.instance, window_) {
+      ledger_(module.instance, window_, lifetime_) {
   core_.emplace(PriceDownPorts{module.factory, module.state, questions_, screen_, container,
                                window_, window_, window_, ProgramName(), window_.Form(), editor_,
-                               ledger_, std::move(hold)});
+                               ledger_, std::move(hold), lifetime_});
   window_.Attach(&*core_);
 }
 
@@ -25,14 +24,12 @@ ControlSession::~ControlSession() {
 }
 
 void ControlSession::Initialize() {
-  if (initialized_ || terminated_) return;
+  if (initialized_ || lifetime_.HasEnded()) return;
   initialized_ = true;
   core_->Initialize();
 }
 
 void ControlSession::Terminate() noexcept {
-  if (terminated_) return;
-  terminated_ = true;
   SkipFailing([&] { core_->Terminate(); });
   ledger_.Close();
 }

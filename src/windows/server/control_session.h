@@ -1,5 +1,5 @@
-// One life of the control: its window, its ports and the core's PriceDown, made together.
-// The control object makes a new one when a container takes it up again after its end.
+// One life of the control: its window, its ports and the core's PriceDown. A container that uses
+// the object again after its end starts a new session.
 #pragma once
 
 #include <functional>
@@ -18,7 +18,7 @@ namespace pricedown::windows {
 
 class ControlSession {
  public:
-  // `container` must outlive the session; the answer of `hold` keeps session and container alive.
+  // `container` must outlive the session; the result of `hold` keeps both alive.
   // Throws AutomationError when there is no window.
   ControlSession(Module& module, ContainerWindow& container,
                  std::function<std::shared_ptr<void>()> hold);
@@ -29,25 +29,25 @@ class ControlSession {
   ControlWindow& Window() { return window_; }
   PriceDown& Core() { return *core_; }
 
-  // Runs the core's creation the first time it is called. Throws what the creation throws; the
-  // session is usable all the same.
+  // Runs the core's creation once. Throws what the creation throws; the session is usable all the
+  // same.
   void Initialize();
   bool IsInitialized() const { return initialized_; }
 
-  // Runs the core's termination; harmless when called again.
+  // Runs the core's termination once.
   void Terminate() noexcept;
   // Whether the session can still be shown.
-  bool IsUsable() const { return !terminated_ && window_.Handle() != nullptr; }
+  bool IsUsable() const { return !lifetime_.HasEnded() && window_.Handle() != nullptr; }
 
  private:
   ControlWindow window_;
   MessageBoxQuestions questions_;
   WindowsScreen screen_;
   SharedEditor editor_;
+  Lifetime lifetime_;
   WindowsLedger ledger_;
   std::optional<PriceDown> core_;
   bool initialized_ = false;
-  bool terminated_ = false;
 };
 
 }  // namespace pricedown::windows

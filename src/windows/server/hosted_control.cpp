@@ -1,5 +1,4 @@
 // When the core is created and ended, and what the container may change.
-// Activation itself is in_place_activation.cpp.
 #include "windows/server/hosted_control.h"
 
 #include <olectl.h>
@@ -7,6 +6,7 @@
 #include <utility>
 
 #include "platform/error.h"
+#include "windows/base/gdi.h"
 #include "windows/server/ambient.h"
 
 namespace pricedown::windows {
@@ -19,11 +19,9 @@ constexpr int kHimetricPerInch = 2540;
 }  // namespace
 
 SIZE ToPixels(const SIZEL& himetric) {
-  const HDC screen = GetDC(nullptr);
-  const SIZE pixels{MulDiv(himetric.cx, GetDeviceCaps(screen, LOGPIXELSX), kHimetricPerInch),
-                    MulDiv(himetric.cy, GetDeviceCaps(screen, LOGPIXELSY), kHimetricPerInch)};
-  ReleaseDC(nullptr, screen);
-  return pixels;
+  const WindowContext screen(nullptr);
+  return {MulDiv(himetric.cx, GetDeviceCaps(screen.Get(), LOGPIXELSX), kHimetricPerInch),
+          MulDiv(himetric.cy, GetDeviceCaps(screen.Get(), LOGPIXELSY), kHimetricPerInch)};
 }
 
 HostedControl::HostedControl(IUnknown& self, IOleInPlaceActiveObject& activeObject)
@@ -32,8 +30,8 @@ HostedControl::HostedControl(IUnknown& self, IOleInPlaceActiveObject& activeObje
 }
 
 void HostedControl::NewSession() {
-  // An event or a click on the bar may end with the last reference; the control and this session
-  // stay until it is over.
+  // An event or a click on the bar may release the last reference; control and session stay alive
+  // until it has run.
   const auto hold = [this]() -> std::shared_ptr<void> {
     // In this order the control goes last.
     struct Held {
@@ -86,7 +84,7 @@ void HostedControl::Start() {
     End();
     NewSession();
   }
-  // On a form that is being designed mouse and keyboard are the designer's.
+  // In design mode mouse and keyboard belong to the designer.
   EnableWindow(Window().Handle(), TakesInput() ? TRUE : FALSE);
   if (userMode_) session_->Initialize();
 }

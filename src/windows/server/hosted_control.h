@@ -1,5 +1,5 @@
-// The control between its container and the core: site, sizes, creation and end.
-// It is no COM object; the parts of price_down_object.h are the interfaces to it.
+// The control between its container and the core: site, sizes, creation and end. The COM interfaces
+// forward to it.
 #pragma once
 
 #include <ocidl.h>
@@ -20,21 +20,25 @@ SIZE ToPixels(const SIZEL& himetric);
 
 class HostedControl {
  public:
-  // Makes the window; asks nothing of the suite. `self` is the COM object, adds no reference.
+  // Creates the window; does not call the suite. `self` is the COM object; adds no reference.
   HostedControl(IUnknown& self, IOleInPlaceActiveObject& activeObject);
   HostedControl(const HostedControl&) = delete;
   HostedControl& operator=(const HostedControl&) = delete;
 
+  // Whether the calling thread is the control's. Methods return RPC_E_WRONG_THREAD on any other.
+  bool IsOnItsThread() const noexcept { return GetCurrentThreadId() == thread_; }
+
   // Wraps a COM method: keeps the object alive and turns exceptions into codes.
   template <typename Body>
   HRESULT Run(Body&& body, const IID& interfaceId = IID{}) noexcept {
+    if (!IsOnItsThread()) return RPC_E_WRONG_THREAD;
     const auto hold = ComPtr<IUnknown>::Share(&self_);
     return AtBoundary(std::forward<Body>(body), interfaceId);
   }
 
-  // Runs a member on the core and answers its answer. Without a container the core's creation runs
-  // first; when that fails the member runs all the same, and the failure is thrown after it.
-  // Throws AutomationError in design mode.
+  // Runs a member of the core and returns its result. Without a container the core's creation runs
+  // first; when that fails, the member still runs and the failure is thrown afterwards. Throws
+  // AutomationError in design mode.
   template <typename Member>
   Value RunMember(Member&& member) {
     const auto session = RunningSession();
@@ -46,16 +50,15 @@ class HostedControl {
     return answer;
   }
 
-  // Whatever runs the core's creation, here and below, throws what that throws, after it has done
-  // all that it does.
-  // Null leaves the container and ends the session. In run mode the core's creation runs.
+  // Null leaves the container and ends the session. In run mode the core's creation runs; here and
+  // below its failure is thrown once everything else is done.
   void SetSite(IOleClientSite* site);
   ComPtr<IOleClientSite> Site() const { return site_.Copy(); }
   // The container's user mode may have changed.
   void AmbientChanged(DISPID property);
 
-  // Makes the session whole again after its end and activates. UI activation gives the focus to
-  // the first child in tab order, or to the last one. Throws AutomationError.
+  // Starts a new session after an end, and activates. UI activation moves the focus to the first
+  // child in tab order, or to the last one. Throws AutomationError.
   void Activate(bool ui, bool atLast = false);
   void DeactivateUi() { activation_.DeactivateUi(site_.Copy().get()); }
   void Deactivate();
@@ -64,7 +67,7 @@ class HostedControl {
   bool TakesInput() const { return userMode_; }
   void SetRects(const RECT& position, const RECT& clip);
 
-  // Ends the session; the object can be taken up by a container again.
+  // Ends the session; a container may use the object again.
   void Close();
 
   const SIZEL& Extent() const { return extent_; }
@@ -81,6 +84,7 @@ class HostedControl {
   void End() noexcept;
   void FitParkedWindow();
 
+  const DWORD thread_ = GetCurrentThreadId();
   IUnknown& self_;
   IOleInPlaceActiveObject& activeObject_;
   SiteContainer container_;

@@ -1,5 +1,5 @@
-// The calls between the control and its container around activation.
-// Any of them may come back into the control, so each state is set before the call that tells it.
+// The calls between the control and its container around activation. Any of them may reenter the
+// control, so each state is set before the container is notified.
 #include "windows/server/in_place_activation.h"
 
 #include <utility>
@@ -69,7 +69,7 @@ void InPlaceActivation::ActivateUi(IOleInPlaceActiveObject& self, ControlWindow&
     const auto document = document_.Copy();
     if (frame) {
       frame->SetActiveObject(&self, kActiveName);
-      // No tools of its own around the document.
+      // The control adds no tools around the document.
       frame->SetBorderSpace(nullptr);
     }
     if (document) document->SetActiveObject(&self, kActiveName);
@@ -112,7 +112,7 @@ void InPlaceActivation::SetRects(ControlWindow& window, const RECT& position, co
     OffsetRect(&visible, -position.left, -position.top);
     region = CreateRectRgnIndirect(&visible);
   }
-  // The window owns the region from now on.
+  // The window now owns the region.
   if (SetWindowRgn(window.Handle(), region, TRUE) == 0 && region != nullptr) DeleteObject(region);
 }
 

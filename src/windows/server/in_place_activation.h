@@ -1,5 +1,4 @@
 // The control's window inside its container: in-place and UI activation and the way back.
-// It does not know the core; sites and lifetime are hosted_control.h.
 #pragma once
 
 #include <ocidl.h>
@@ -10,7 +9,7 @@
 
 namespace pricedown::windows {
 
-// Which child gets the focus, unless one has it.
+// Which child receives the focus, unless one has it.
 enum class TakeFocus { No, AtFirst, AtLast };
 
 class InPlaceActivation {
@@ -18,7 +17,7 @@ class InPlaceActivation {
   bool IsActive() const { return site_.get() != nullptr; }
   bool IsUiActive() const { return uiActive_; }
 
-  // Moves the window into the container. Harmless when it is there already. Throws
+  // Moves the window into the container. A no-op when it is there already. Throws
   // AutomationError when the container refuses; nothing is active then.
   void Activate(IOleClientSite& site, ControlWindow& window);
   // Makes the control the container's active one. Requires: active.

@@ -1,5 +1,4 @@
-// The in-place interfaces, forwarded; keys go to the window first and to the site then.
-// The window's own keys are windows/ui.
+// The in-place interfaces; keys go to the window first, then to the site.
 #include "windows/server/in_place_object_impl.h"
 
 namespace pricedown::windows {

@@ -1,5 +1,4 @@
 // IOleInPlaceObject and IOleInPlaceActiveObject: the control's window for its container.
-// The state behind them is in_place_activation.h.
 #pragma once
 
 #include <ole2.h>

@@ -1,5 +1,4 @@
 // The module's struct and the names of files.
-// Entry points are in library.cpp.
 #include "windows/server/module.h"
 
 #include <cstddef>
@@ -10,8 +9,8 @@
 
 namespace pricedown::windows {
 
-// Never destroyed: at the end of a process the suite's objects that the values may still hold
-// belong to modules that are gone already.
+// Never destroyed at the end of a process: the suite's modules, whose objects the values may still
+// hold, are unloaded already.
 Module& TheModule() {
   alignas(Module) static std::byte storage[sizeof(Module)];
   static Module* module = new (storage) Module;

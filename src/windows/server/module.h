@@ -1,5 +1,4 @@
 // The one struct that outlives every control: the module's handle and the process-wide values.
-// Living objects are counted in windows/com/module_counts.h.
 #pragma once
 
 #include <windows.h>

@@ -1,11 +1,10 @@
-// The container's side of the control, forwarded.
-// What is not offered answers E_NOTIMPL: linking, clipboard, verbs of its own.
+// The container's calls. Linking, clipboard and verbs of the control's own are E_NOTIMPL.
 #include "windows/server/ole_object_impl.h"
 
 #include <cstring>
 
+#include "windows/com/failure.h"
 #include "windows/server/idl/ZEPPriceDownPrepare.h"
-#include "windows/server/public_classes.h"
 
 namespace pricedown::windows {
 namespace {
@@ -19,7 +18,7 @@ LPOLESTR TaskCopy(const wchar_t* text) {
   return static_cast<LPOLESTR>(copy);
 }
 
-// Shift and Tab come in at the end of the control.
+// Shift+Tab enters the control at its end.
 bool ComesBackwards(const MSG* message) {
   return message != nullptr && message->message == WM_KEYDOWN && message->wParam == VK_TAB &&
          GetKeyState(VK_SHIFT) < 0;
@@ -39,7 +38,7 @@ STDMETHODIMP OleObjectImpl::GetClientSite(IOleClientSite** site) noexcept {
 
 STDMETHODIMP OleObjectImpl::SetHostNames(LPCOLESTR, LPCOLESTR) noexcept { return S_OK; }
 
-// Nothing of the control is ever worth saving, whatever the option says.
+// The control has nothing to save, so the option is ignored.
 STDMETHODIMP OleObjectImpl::Close(DWORD) noexcept {
   return Hosted().Run([&] {
     Hosted().Close();
@@ -82,7 +81,7 @@ STDMETHODIMP OleObjectImpl::DoVerb(LONG verb, LPMSG message, IOleClientSite*, LO
       default:
         break;
     }
-    // An unknown verb of the object means its first one, which is the same as showing.
+    // An unknown verb of the object means its first one, which shows it.
     if (verb < 0) return E_NOTIMPL;
     Hosted().Activate(true);
     return OLEOBJ_S_INVALIDVERB;
@@ -150,7 +149,7 @@ STDMETHODIMP OleObjectImpl::SetColorScheme(LOGPALETTE*) noexcept { return E_NOTI
 
 STDMETHODIMP OleObjectImpl::GetControlInfo(CONTROLINFO* info) noexcept {
   if (info == nullptr || info->cb < sizeof *info) return E_POINTER;
-  // No keys of its own that work from outside. Inside, Enter edits.
+  // No accelerators. Inside, Enter edits.
   info->hAccel = nullptr;
   info->cAccel = 0;
   info->dwFlags = CTRLINFO_EATS_RETURN;

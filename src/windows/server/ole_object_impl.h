@@ -1,5 +1,4 @@
 // IOleObject and IOleControl: what a container asks of any embedded control.
-// Activation and sizes are hosted_control.h.
 #pragma once
 
 #include <ocidl.h>
@@ -9,6 +8,12 @@
 #include "windows/server/hosted_control.h"
 
 namespace pricedown::windows {
+
+// How containers treat the control: it lives inside its container's window, wants its site before
+// anything else, and is laid out anew for each size.
+inline constexpr DWORD kControlStatus = OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE |
+                                        OLEMISC_INSIDEOUT | OLEMISC_ACTIVATEWHENVISIBLE |
+                                        OLEMISC_SETCLIENTSITEFIRST;
 
 class OleObjectImpl : public Implements<IOleObject, IOleControl> {
  public:

@@ -1,9 +1,10 @@
-// The control's size as bytes of a stream and as two properties of a bag.
-// A document that cannot be read leaves the size as it was.
+// The control's size as bytes of a stream and as two properties of a bag. A document that cannot
+// be read leaves the size as it was.
 #include "windows/server/persist_impl.h"
 
 #include "platform/convert.h"
 #include "platform/error.h"
+#include "windows/com/failure.h"
 #include "windows/com/variant_value.h"
 #include "windows/server/idl/ZEPPriceDownPrepare.h"
 

@@ -1,5 +1,4 @@
 // IPersistStreamInit, IPersistPropertyBag and IPersistStorage: a control's size in a document.
-// Everything else that the control keeps is in the suite's user settings.
 #pragma once
 
 #include <ocidl.h>

@@ -1,5 +1,4 @@
-// The two ways to the control's members.
-// Arguments of late-bound calls are windows/com/dispatch_table.cpp.
+// Early-bound and late-bound calls of the control's members.
 #include "windows/server/price_down_impl.h"
 
 #include <algorithm>
@@ -12,7 +11,7 @@
 namespace pricedown::windows {
 namespace {
 
-// A caller that passes no object at all passes nothing.
+// A null pointer to an object means no object.
 Value Borrowed(IDispatch** object) {
   return object == nullptr ? Value(nullptr) : Value(FromDispatch(*object));
 }
@@ -38,6 +37,7 @@ STDMETHODIMP PriceDownImpl::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, L
 
 STDMETHODIMP PriceDownImpl::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters,
                                    VARIANT* result, EXCEPINFO* record, UINT* badArgument) noexcept {
+  if (!Hosted().IsOnItsThread()) return RPC_E_WRONG_THREAD;
   const auto hold = ComPtr<IUnknown>::Share(this);
   return InvokeTable(PriceDownMembers(), Hosted(), id, flags, parameters, result, record,
                      badArgument);

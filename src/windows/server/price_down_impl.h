@@ -1,5 +1,5 @@
-// `_PriceDown`: the control's public members for early-bound and late-bound clients.
-// Both ways run the rows of price_down_members.h.
+// `_PriceDown`: the control's public members. Early-bound and late-bound calls run the rows of
+// price_down_members.h.
 #pragma once
 
 #include <initializer_list>
@@ -43,7 +43,7 @@ class PriceDownImpl : public Implements<_PriceDown> {
  private:
   // Runs the member with that number. Throws what it throws.
   Value Call(DISPID id, std::initializer_list<Value> arguments = {});
-  // A member without arguments whose answer is a variant.
+  // A member without arguments that returns a variant.
   HRESULT Answer(DISPID id, VARIANT* result) noexcept;
 };
 

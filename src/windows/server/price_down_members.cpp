@@ -1,5 +1,4 @@
 // The table of the control's public members.
-// What they do is control/price_down.h.
 #include "windows/server/price_down_members.h"
 
 #include <array>
@@ -10,12 +9,11 @@ namespace pricedown::windows {
 namespace {
 
 using Arguments = DispatchArguments;
-using Row = DispatchRow<HostedControl>;
+using PriceDownRow = DispatchRow<HostedControl>;
 
-constexpr std::array<DispatchParameter, 0> kNone{};
 constexpr std::array kNotifyMessage{DispatchParameter{u"strMsg", Coercion::Text},
-                                    DispatchParameter{u"Params"}};
-constexpr std::array kShow{DispatchParameter{u"ParentWnd"}};
+                                    DispatchParameter{u"Params", Coercion::Ignored}};
+constexpr std::array kShow{DispatchParameter{u"ParentWnd", Coercion::Lenient}};
 constexpr std::array kShowMode{DispatchParameter{u"mode", Coercion::Int16}};
 constexpr std::array kToolBarClick{DispatchParameter{u"Tool", Coercion::Object},
                                    DispatchParameter{u"bUse", Coercion::Boolean}};
@@ -39,7 +37,7 @@ Value RefreshToolbar(HostedControl& control, Arguments) {
   });
 }
 
-// Never fails, whatever becomes of the creation.
+// Never fails, even when the creation does.
 Value Show(HostedControl& control, Arguments arguments) {
   SkipFailing([&] {
     control.RunMember([&](PriceDown& core) -> Value { return core.Show(arguments[0]); });
@@ -74,23 +72,23 @@ Value Run(HostedControl& control, Arguments) {
 }
 
 // In the order of the interface.
-constexpr std::array kMembers{
-    Row{{u"NotifyMessage", 1, DISPATCH_METHOD, kNotifyMessage}, NotifyMessage},
-    Row{{u"RefreshToolbar", 2, DISPATCH_METHOD, kNone}, RefreshToolbar},
-    Row{{u"Show", 3, DISPATCH_METHOD, kShow}, Show},
-    Row{{u"ShowMode", 4, DISPATCH_PROPERTYPUT, kShowMode}, SetShowMode},
-    Row{{u"ParentWindow_ToolBarClick", 5, DISPATCH_METHOD, kToolBarClick}, ToolBarClick},
-    Row{{u"SelBlock", 6, DISPATCH_METHOD, kSelBlock}, SelBlock},
-    Row{{u"PreviewPara", 7, DISPATCH_METHOD, kNone}, Run<&PriceDown::PreviewPara>},
-    Row{{u"PrintPara", 8, DISPATCH_METHOD, kNone}, Run<&PriceDown::PrintPara>},
-    Row{{u"ModelCurrent", 9, DISPATCH_METHOD, kNone}, Run<&PriceDown::ModelCurrent>},
-    Row{{u"addRecord", 10, DISPATCH_METHOD, kNone}, Run<&PriceDown::addRecord>},
-    Row{{u"editRecord", 11, DISPATCH_METHOD, kNone}, Run<&PriceDown::editRecord>},
-    Row{{u"delRecord", 12, DISPATCH_METHOD, kNone}, Run<&PriceDown::delRecord>},
+constexpr std::array kPriceDownMembers{
+    PriceDownRow{{u"NotifyMessage", 1, DISPATCH_METHOD, kNotifyMessage}, NotifyMessage},
+    PriceDownRow{{u"RefreshToolbar", 2, DISPATCH_METHOD, {}}, RefreshToolbar},
+    PriceDownRow{{u"Show", 3, DISPATCH_METHOD, kShow}, Show},
+    PriceDownRow{{u"ShowMode", 4, DISPATCH_PROPERTYPUT, kShowMode}, SetShowMode},
+    PriceDownRow{{u"ParentWindow_ToolBarClick", 5, DISPATCH_METHOD, kToolBarClick}, ToolBarClick},
+    PriceDownRow{{u"SelBlock", 6, DISPATCH_METHOD, kSelBlock}, SelBlock},
+    PriceDownRow{{u"PreviewPara", 7, DISPATCH_METHOD, {}}, Run<&PriceDown::PreviewPara>},
+    PriceDownRow{{u"PrintPara", 8, DISPATCH_METHOD, {}}, Run<&PriceDown::PrintPara>},
+    PriceDownRow{{u"ModelCurrent", 9, DISPATCH_METHOD, {}}, Run<&PriceDown::ModelCurrent>},
+    PriceDownRow{{u"addRecord", 10, DISPATCH_METHOD, {}}, Run<&PriceDown::addRecord>},
+    PriceDownRow{{u"editRecord", 11, DISPATCH_METHOD, {}}, Run<&PriceDown::editRecord>},
+    PriceDownRow{{u"delRecord", 12, DISPATCH_METHOD, {}}, Run<&PriceDown::delRecord>},
 };
 
 }  // namespace
 
-std::span<const DispatchRow<HostedControl>> PriceDownMembers() { return kMembers; }
+std::span<const DispatchRow<HostedControl>> PriceDownMembers() { return kPriceDownMembers; }
 
 }  // namespace pricedown::windows

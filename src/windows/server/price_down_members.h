@@ -1,5 +1,5 @@
-// The public members of `PriceDown` as a table: names, numbers, arguments, what runs.
-// The type library says the same to early-bound clients; a test holds the two together.
+// The public members of `PriceDown` as a table: names, ids, parameters, functions. A test compares
+// it with the type library.
 #pragma once
 
 #include "windows/com/dispatch_table.h"

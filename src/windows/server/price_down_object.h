@@ -1,5 +1,4 @@
-// The COM object `PriceDown`: its parts, and the control behind all of them.
-// It adds nothing of its own but its end.
+// The COM object `PriceDown`: its interfaces and the control behind them.
 #pragma once
 
 #include "windows/server/in_place_object_impl.h"
@@ -20,7 +19,7 @@ class PriceDownObject final : public ComClassOf<PriceDownImpl, OleObjectImpl, In
  private:
   HostedControl& Hosted() noexcept override { return control_; }
 
-  // A container that forgot to close the control.
+  // The container may not have closed the control.
   void FinalRelease() noexcept override {
     AtBoundary([&] { control_.Close(); });
   }

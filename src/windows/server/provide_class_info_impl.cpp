@@ -1,5 +1,4 @@
 // Answers from the type library, and an empty list of events.
-// Loading the type library is type_information.cpp.
 #include "windows/server/provide_class_info_impl.h"
 
 #include <olectl.h>

@@ -1,5 +1,4 @@
 // What clients ask about the control as a class: type information, error info, events.
-// The members themselves are price_down_part.h.
 #pragma once
 
 #include <ocidl.h>

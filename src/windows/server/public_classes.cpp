@@ -1,5 +1,4 @@
 // The module's two classes and its type library.
-// Their ids are in the type library's source.
 #include "windows/server/public_classes.h"
 
 #include <array>

@@ -1,5 +1,4 @@
-// What the module offers and what it registers.
-// The entry points that use it are library.cpp.
+// The classes that the module offers, and their registry entries.
 #pragma once
 
 #include <ole2.h>
@@ -10,12 +9,6 @@
 #include "windows/com/registration.h"
 
 namespace pricedown::windows {
-
-// How containers treat the control: it lives inside its container's window, wants its site before
-// anything else, and is laid out anew for each size.
-inline constexpr DWORD kControlStatus = OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE |
-                                        OLEMISC_INSIDEOUT | OLEMISC_ACTIVATEWHENVISIBLE |
-                                        OLEMISC_SETCLIENTSITEFIRST;
 
 std::span<const PublicClass> PublicClasses();
 

@@ -1,5 +1,4 @@
 // Finds or makes the shared form, and keeps it alive while it is shown.
-// Preparing it is the browser's business.
 #include "windows/server/shared_editor.h"
 
 #include "platform/error.h"

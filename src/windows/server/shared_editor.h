@@ -1,5 +1,5 @@
-// The process's one item class form, as one control uses it.
-// It lives as long as a control that has used it; what it shows is windows/ui.
+// The process's one item class form, as one control uses it. The form lives as long as any control
+// that has used it.
 #pragma once
 
 #include <memory>

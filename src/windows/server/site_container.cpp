@@ -1,13 +1,11 @@
 // The look-up of the container's caption and window.
-// Sites are set by hosted_control.cpp.
 #include "windows/server/site_container.h"
 
 #include "platform/convert.h"
 #include "platform/error.h"
 #include "platform/skip.h"
-#include "windows/com/failure.h"
+#include "windows/base/plain_control.h"
 #include "windows/com/variant_value.h"
-#include "windows/com/wide_text.h"
 
 namespace pricedown::windows {
 namespace {
@@ -17,13 +15,6 @@ ObjectPtr ParentOf(IDispatch* extender) {
   if (extender == nullptr) return parent;
   SkipFailing([&] { parent = RequireObject(FromDispatch(extender)->Get(u"Parent"), u"Parent"); });
   return parent;
-}
-
-std::u16string WindowText(HWND window) {
-  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-  const int length = GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
-  text.resize(static_cast<std::size_t>(length));
-  return FromWide(text);
 }
 
 [[noreturn]] void ThrowNoContainer() {
@@ -67,7 +58,7 @@ std::u16string SiteContainer::Caption() const {
   }
   const HWND window = ParentWindow();
   if (window == nullptr) ThrowNoContainer();
-  return WindowText(window);
+  return TextOf(window);
 }
 
 void SiteContainer::Close() {

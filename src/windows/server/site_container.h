@@ -1,5 +1,5 @@
-// The window that contains the control, found through the control's site.
-// Hosts that describe their window by name are asked first, the windows themselves otherwise.
+// The window that contains the control, found through the control's site: by the names that the
+// host offers, else by the window handles.
 #pragma once
 
 #include <ocidl.h>
@@ -20,7 +20,7 @@ class SiteContainer final : public ContainerWindow {
   void Close() override;
 
  private:
-  // The object that contains the control by the host's own account; null when it gives none.
+  // The object that the host names as the control's parent; null when there is none.
   ObjectPtr Parent() const;
   // Null when there is none.
   HWND ParentWindow() const;

@@ -1,9 +1,9 @@
 // Loading the embedded type library.
-// The system keeps loaded libraries, so nothing is kept here.
 #include "windows/server/type_information.h"
 
 #include "windows/com/boundary.h"
 #include "windows/com/com_ptr.h"
+#include "windows/com/failure.h"
 #include "windows/server/module.h"
 
 namespace pricedown::windows {

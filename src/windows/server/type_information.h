@@ -1,5 +1,4 @@
 // The descriptions of the public classes from the type library inside the module.
-// It needs no registration.
 #pragma once
 
 #include <oaidl.h>

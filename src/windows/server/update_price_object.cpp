@@ -1,5 +1,5 @@
-// `updatePrice` for early-bound and late-bound clients.
-// One name is both an operation and a property; which is meant is decided by the table's Invoke.
+// Early-bound and late-bound calls of `updatePrice`. One name is both a method and a property;
+// IsMeant in dispatch_table.h chooses.
 #include "windows/server/update_price_object.h"
 
 #include <array>
@@ -11,9 +11,7 @@ namespace {
 
 using UpdatePriceRow = DispatchRow<UpdatePrice>;
 
-constexpr std::array<DispatchParameter, 0> kNoParameters{};
-
-// The operation has no answer; callers read the property.
+// The method returns nothing; callers read the property.
 Value ReadSetting(UpdatePrice& price, DispatchArguments) {
   price.ReadItemClassType();
   return {};
@@ -22,8 +20,8 @@ Value ReadSetting(UpdatePrice& price, DispatchArguments) {
 Value Setting(UpdatePrice& price, DispatchArguments) { return price.ItemClassType(); }
 
 constexpr std::array kUpdatePriceMembers{
-    UpdatePriceRow{{u"ItemClassType", 1, DISPATCH_METHOD, kNoParameters}, ReadSetting},
-    UpdatePriceRow{{u"ItemClassType", 1, DISPATCH_PROPERTYGET, kNoParameters}, Setting},
+    UpdatePriceRow{{u"ItemClassType", 1, DISPATCH_METHOD, {}}, ReadSetting},
+    UpdatePriceRow{{u"ItemClassType", 1, DISPATCH_PROPERTYGET, {}}, Setting},
 };
 
 }  // namespace

@@ -1,5 +1,4 @@
 // The COM object `updatePrice` and its members as a table.
-// What the operation reads is control/update_price.h.
 #pragma once
 
 #include "control/update_price.h"

@@ -1,5 +1,4 @@
-// Drawing into a container's device context, and what a container asks about the picture.
-// The picture itself is the window's.
+// Drawing into a container's device context, and queries about the picture.
 #include "windows/server/view_object_impl.h"
 
 #include <algorithm>
@@ -10,23 +9,8 @@
 namespace pricedown::windows {
 namespace {
 
-// The context's state as it was, when the scope ends.
-class SavedContext {
- public:
-  explicit SavedContext(HDC context) : context_(context), state_(SaveDC(context)) {}
-  SavedContext(const SavedContext&) = delete;
-  SavedContext& operator=(const SavedContext&) = delete;
-  ~SavedContext() {
-    if (state_ != 0) RestoreDC(context_, state_);
-  }
-
- private:
-  HDC context_;
-  int state_;
-};
-
-// Bounds of a device come in its logical units, and the window draws in pixels. A metafile has no
-// pixels; its units are drawn in as they are.
+// Bounds come in the device's logical units, and the window draws in pixels. A metafile has no
+// pixels; the window draws in its units.
 RECT ToPixels(HDC context, const RECTL& bounds) {
   POINT corners[] = {{bounds.left, bounds.top}, {bounds.right, bounds.bottom}};
   if (GetDeviceCaps(context, TECHNOLOGY) != DT_METAFILE) {
@@ -39,18 +23,15 @@ RECT ToPixels(HDC context, const RECTL& bounds) {
           std::max(corners[0].x, corners[1].x), std::max(corners[0].y, corners[1].y)};
 }
 
-// A metafile of the old kind can neither measure nor clip: it gets the picture as a bitmap.
+// A metafile of the old kind can neither measure nor clip: the picture goes in as a bitmap.
 void DrawAsBitmap(ControlWindow& window, HDC metafile, const RECT& bounds) {
   RECT client{};
   if (GetClientRect(window.Handle(), &client) == FALSE || IsRectEmpty(&client) != FALSE) return;
   const WindowContext screen(window.Handle());
-  const CreatedContext memory(CreateCompatibleDC(screen.Get()));
-  const GdiObject<HBITMAP> bitmap(
-      CreateCompatibleBitmap(screen.Get(), WidthOf(client), HeightOf(client)));
-  if (memory == nullptr || !bitmap) ThrowIfFailed(E_OUTOFMEMORY);
-  const Selected selected(memory.get(), bitmap.Get());
-  window.Draw(memory.get(), client);
-  StretchBlt(metafile, bounds.left, bounds.top, WidthOf(bounds), HeightOf(bounds), memory.get(), 0,
+  const MemoryDc memory(screen.Get(), WidthOf(client), HeightOf(client));
+  if (memory.Get() == nullptr) ThrowIfFailed(E_OUTOFMEMORY);
+  window.Draw(memory.Get(), client);
+  StretchBlt(metafile, bounds.left, bounds.top, WidthOf(bounds), HeightOf(bounds), memory.Get(), 0,
              0, WidthOf(client), HeightOf(client), SRCCOPY);
 }
 
@@ -63,7 +44,7 @@ STDMETHODIMP ViewObjectImpl::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HD
   if (context == nullptr) return E_INVALIDARG;
   if (bounds == nullptr) return E_POINTER;
   return Hosted().Run([&] {
-    const SavedContext saved(context);
+    const SavedDc saved(context);
     const RECT pixels = ToPixels(context, *bounds);
     if (IsRectEmpty(&pixels) != FALSE) return;
     if (GetObjectType(context) == OBJ_METADC) {

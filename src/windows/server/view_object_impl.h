@@ -1,5 +1,4 @@
 // IViewObjectEx: the control drawn on any device while it has no window of its own on screen.
-// Printing of the item grid is windows/print.
 #pragma once
 
 #include <ocidl.h>

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <ole2.h>
 
+#include "tests/windows/conformance/process_resources.h"
 #include "tests/windows/server/library.h"
 #include "windows/server/idl/ZEPPriceDownPrepare.h"
 
@@ -89,6 +90,16 @@ TEST(Unloading, MayBeFollowedByLoadingAgain) {
     EXPECT_TRUE(library.NewPriceDown());
     EXPECT_TRUE(library.CanUnload());
   }
+}
+
+TEST(Unloading, LeavesNoMemoryBehind) {
+  // What the first load leaves is the system's: its own libraries stay loaded.
+  { const Library library; }
+  const long before = ResourcesNow().memory;
+  for (int round = 0; round < 50; ++round) {
+    const Library library;
+  }
+  EXPECT_LT(ResourcesNow().memory - before, 50 * 1000);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <thread>
 
 #include "platform/convert.h"
 #include "platform/local_object.h"
@@ -77,6 +78,55 @@ TEST_F(Members, NotifyMessageAcceptsAVariable) {
             "S_OK");
   EXPECT_EQ(FontRefreshes(host.world.log), 1U);
   EXPECT_EQ(nothing.vt, VT_EMPTY);
+}
+
+TEST_F(Members, NotifyMessageNeverConvertsItsArray) {
+  SafeArray cube;
+  SAFEARRAYBOUND bounds[] = {{1, 0}, {1, 0}, {1, 0}};
+  cube.attach(SafeArrayCreate(VT_VARIANT, 3, bounds));
+  SAFEARRAY* held = cube.get();
+  VARIANT error = Nothing(VT_ERROR);
+  error.scode = E_FAIL;
+  for (const VARIANT& params : {Reference(VT_ARRAY | VT_VARIANT, &held), error, Omitted()}) {
+    EXPECT_EQ(Statement(Control(), L"NotifyMessage", {Text(activate.get()), params}), "S_OK");
+  }
+  EXPECT_EQ(FontRefreshes(host.world.log), 3U);
+}
+
+TEST_F(Members, NotifyMessageHasTwoArguments) {
+  EXPECT_EQ(Statement(Control(), L"NotifyMessage", {Text(activate.get())}).substr(0, 8),
+            "8002000E");
+  EXPECT_EQ(Statement(Control(), L"NotifyMessage",
+                      {Text(activate.get()), Nothing(VT_EMPTY), Nothing(VT_EMPTY)})
+                .substr(0, 8),
+            "8002000E");
+}
+
+// An object without automation merges nothing and fails nothing.
+TEST_F(Members, ShowAnswersTrueForAnObjectWithoutAutomation) {
+  VARIANT object;
+  VariantInit(&object);
+  object.vt = VT_UNKNOWN;
+  const auto factory = host.library.ClassObject(CLSID_updatePrice);
+  object.punkVal = factory.get();
+  EXPECT_EQ(Expression(Control(), L"Show", {object}), "S_OK True");
+  EXPECT_EQ(host.world.log.Count("MergeToolBar"), 0U);
+}
+
+TEST_F(Members, RefuseAnotherThread) {
+  HRESULT late = S_OK;
+  HRESULT early = S_OK;
+  HRESULT site = S_OK;
+  std::thread([&] {
+    DISPPARAMS none{};
+    late = Control()->Invoke(2, IID{}, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr);
+    early = Early()->RefreshToolbar();
+    site = host.As<IOleObject>()->Close(OLECLOSE_NOSAVE);
+  }).join();
+  EXPECT_EQ(late, RPC_E_WRONG_THREAD);
+  EXPECT_EQ(early, RPC_E_WRONG_THREAD);
+  EXPECT_EQ(site, RPC_E_WRONG_THREAD);
+  EXPECT_EQ(Early()->RefreshToolbar(), S_OK);
 }
 
 TEST_F(Members, NotifyMessageIgnoresOtherMessages) {

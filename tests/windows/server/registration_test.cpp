@@ -90,6 +90,16 @@ TEST_F(Registration, ForTheUserLeavesNothingBehind) {
   EXPECT_EQ(User(), user);
 }
 
+TEST_F(Registration, OfBothKindsIsUndoneByOneUnregistration) {
+  const auto machine = Machine();
+  const auto user = User();
+  ASSERT_EQ(library.RegisterServer(), S_OK);
+  ASSERT_EQ(library.Install(true, L"user"), S_OK);
+  ASSERT_EQ(library.UnregisterServer(), S_OK);
+  EXPECT_EQ(Machine(), machine);
+  EXPECT_EQ(User(), user);
+}
+
 TEST_F(Registration, MayBeRepeatedAndUndoneTwice) {
   const auto machine = Machine();
   EXPECT_EQ(library.UnregisterServer(), S_OK);

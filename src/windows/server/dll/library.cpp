@@ -1,5 +1,4 @@
 // The entry points of the DLL.
-// What the module offers is server/public_classes.h; nothing else is exported.
 #include <windows.h>
 
 #include <olectl.h>
@@ -14,6 +13,11 @@
 using pricedown::windows::AtBoundary;
 using pricedown::windows::RegistrationScope;
 using pricedown::windows::TheModule;
+
+namespace __gnu_cxx {
+// Frees the C++ runtime's emergency pool for exceptions.
+void __freeres();
+}  // namespace __gnu_cxx
 
 namespace {
 
@@ -36,6 +40,7 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID processE
     DisableThreadLibraryCalls(instance);
   } else if (reason == DLL_PROCESS_DETACH && processEnds == nullptr) {
     std::destroy_at(&TheModule());
+    __gnu_cxx::__freeres();
   }
   return TRUE;
 }
@@ -49,7 +54,12 @@ STDAPI DllCanUnloadNow() { return pricedown::windows::Counts().InUse() ? S_FALSE
 
 STDAPI DllRegisterServer() { return SetRegistered(true, RegistrationScope::Machine); }
 
-STDAPI DllUnregisterServer() { return SetRegistered(false, RegistrationScope::Machine); }
+// Removes both kinds of registration, for `regsvr32 /u` cannot say which one there is.
+STDAPI DllUnregisterServer() {
+  const HRESULT user = SetRegistered(false, RegistrationScope::User);
+  const HRESULT machine = SetRegistered(false, RegistrationScope::Machine);
+  return FAILED(machine) ? machine : user;
+}
 
 // `commandLine` is "user" for the current user alone and empty for the machine.
 STDAPI DllInstall(BOOL install, LPCWSTR commandLine) {
