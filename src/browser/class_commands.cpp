@@ -102,9 +102,9 @@ void ClassCommands::Delete() {
     number = ToText(items.Field(columns::kItemClassNumber));
     name = ToText(items.Field(columns::kItemClassName));
   }
-  const std::shared_ptr<bool> ended = ended_;
-  if (!IsConfirmed(number, name) || *ended) return;
-  if (!DeleteGuarded(number) || *ended) return;
+  const Lifetime& lifetime = environment_.lifetime;
+  if (!IsConfirmed(number, name) || lifetime.HasEnded()) return;
+  if (!DeleteGuarded(number) || lifetime.HasEnded()) return;
   tree_.LoadClassTree();
   tree_.SelectRoot();
 }

@@ -2,7 +2,6 @@
 // Who may run a command, and what is reloaded after it, is decided by the dispatch of commands.
 #pragma once
 
-#include <memory>
 #include <string_view>
 
 #include "browser/browser_state.h"
@@ -18,12 +17,6 @@ class ClassCommands {
   ClassCommands(Environment& environment, BrowserState& state, ClassTree& tree,
                 ItemClassEditor& editor)
       : environment_(environment), state_(state), tree_(tree), editor_(editor) {}
-  ~ClassCommands() { End(); }
-  ClassCommands(const ClassCommands&) = delete;
-  ClassCommands& operator=(const ClassCommands&) = delete;
-
-  // The control has ended: a deletion that waits for the user's answer does nothing more.
-  void End() { *ended_ = true; }
 
   // Open the editor for a new class, or on the class of the rows in the grid, and return when it
   // has closed; nothing is reloaded. Editing takes the grid's recordset away: until the next node
@@ -33,8 +26,8 @@ class ClassCommands {
   void Edit();
 
   // Deletes the class of the rows in the grid after a question, unless its period has a voucher or
-  // it has provision history; then selects the root. Throws AutomationError where a step fails;
-  // what ran before stays done.
+  // it has provision history; then selects the root. A control that ends while the question is open
+  // deletes nothing. Throws AutomationError where a step fails; what ran before stays done.
   void Delete();
 
  private:
@@ -50,8 +43,6 @@ class ClassCommands {
   BrowserState& state_;
   ClassTree& tree_;
   ItemClassEditor& editor_;
-  // Shared with the deletion that is waiting, which may outlive the commands.
-  std::shared_ptr<bool> ended_ = std::make_shared<bool>(false);
 };
 
 }  // namespace pricedown

@@ -7,6 +7,7 @@
 #include "env/translation.h"
 #include "platform/cell_text.h"
 #include "platform/error.h"
+#include "platform/failure.h"
 #include "platform/row_reader.h"
 #include "platform/text.h"
 #include "store/connection.h"
@@ -32,21 +33,17 @@ void ItemGrid::Prepare() {
 }
 
 void ItemGrid::LoadItemGrid(std::u16string_view classNumber) {
-  std::u16string description;
+  Failure failure;
   try {
     Fill(classNumber);
     return;
-  } catch (const AutomationError& error) {
-    description = error.Description();
-  } catch (const std::exception& error) {
-    description = FromUtf8(error.what());
+  } catch (...) {
+    failure = CurrentFailure();
   }
-  environment_.state.loading = false;
-  environment_.messages.Inform(Translate(description));
+  environment_.messages.Inform(FailureText(failure));
 }
 
 void ItemGrid::Fill(std::u16string_view classNumber) {
-  environment_.state.loading = true;
   state_.itemRecordset.Release();
   const std::u16string statement =
       state_.ByItemClass() ? statements::ItemsOfClass(classNumber) : statements::AllItems();

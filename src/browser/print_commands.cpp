@@ -2,44 +2,19 @@
 // The ledger's window runs messages: the control may have ended when it returns.
 #include "browser/print_commands.h"
 
-#include <new>
-#include <string>
-
 #include "browser/print_table.h"
 #include "env/language.h"
-#include "env/translation.h"
-#include "platform/error.h"
+#include "platform/failure.h"
 #include "platform/skip.h"
-#include "platform/text.h"
 
 namespace pricedown {
 namespace {
-
-// Both are short enough to need no memory of their own.
-constexpr std::u16string_view kNoMemory = u"内存不足";
-constexpr std::u16string_view kUnexpected = u"意外错误";
 
 // A command that is under way, for a scope.
 struct Running {
   bool& flag;
   ~Running() { flag = false; }
 };
-
-// What the user is told of the exception being handled; nothing of a dialog that was cancelled.
-std::u16string Telling() {
-  try {
-    throw;
-  } catch (const AutomationError& error) {
-    if (error.Number() == kDialogCancelled) return {};
-    return error.Description().empty() ? Translate(kUnexpected) : Translate(error.Description());
-  } catch (const std::bad_alloc&) {
-    return Translate(kNoMemory);
-  } catch (const std::exception& error) {
-    return FromUtf8(error.what());
-  } catch (...) {
-    return Translate(kUnexpected);
-  }
-}
 
 }  // namespace
 
@@ -48,7 +23,7 @@ void PrintCommands::Preview() {
     FillLedger();
     const Font before = ledger_.Appearance().font;
     ledger_.Preview();
-    if (!released_ && ledger_.Appearance().font != before) TakeFont();
+    if (!environment_.lifetime.HasEnded() && ledger_.Appearance().font != before) TakeFont();
   });
 }
 
@@ -63,7 +38,7 @@ void PrintCommands::ChooseDisplayFont(FontDialog& dialog) {
   Run([&] {
     Font& font = ledger_.Appearance().font;
     const Font chosen = dialog.Show(font, kFontDialogFlags);
-    if (released_ || chosen.name.empty()) return;
+    if (environment_.lifetime.HasEnded() || chosen.name.empty()) return;
     font = chosen;
     TakeFont();
   });
@@ -82,18 +57,18 @@ void PrintCommands::TakeFont() {
 }
 
 void PrintCommands::Run(const std::function<void()>& steps) {
-  if (running_ || released_) return;
-  std::u16string description;
+  if (running_ || environment_.lifetime.HasEnded()) return;
+  Failure failure;
   try {
     running_ = true;
     const Running running{running_};
     steps();
+    return;
   } catch (...) {
-    // Copying a long text may lack memory too.
-    if (!SkipFailing([&] { description = Telling(); })) description = kNoMemory;
+    failure = CurrentFailure();
   }
-  if (description.empty() || released_) return;
-  SkipFailing([&] { environment_.messages.Inform(description); });
+  if (failure.code == kDialogCancelled || environment_.lifetime.HasEnded()) return;
+  SkipFailing([&] { environment_.messages.Inform(FailureText(failure)); });
 }
 
 }  // namespace pricedown

@@ -34,8 +34,8 @@ class PrintCommands {
                 PrintLedger& ledger, DisplayFont& font)
       : environment_(environment), state_(state), sheet_(sheet), ledger_(ledger), font_(font) {}
 
-  // Each stops at the step that fails and tells the user its description in a message; none
-  // throws. A call while another one is under way does nothing.
+  // Each stops at the step that fails and shows its description in a message; none throws. A call
+  // while another one runs, or after the control's end, does nothing.
 
   // Shows the pages. A font changed meanwhile is applied and kept.
   void Preview();
@@ -43,9 +43,6 @@ class PrintCommands {
   // Lets the user choose the display font, then applies and keeps it. Cancel changes nothing and
   // tells nothing. No command calls it.
   void ChooseDisplayFont(FontDialog& dialog);
-
-  // Nothing is touched from now on, also by a command whose window is still open.
-  void Release() { released_ = true; }
 
  private:
   void Run(const std::function<void()>& steps);
@@ -59,7 +56,6 @@ class PrintCommands {
   PrintLedger& ledger_;
   DisplayFont& font_;
   bool running_ = false;
-  bool released_ = false;
 };
 
 }  // namespace pricedown

@@ -11,7 +11,7 @@
 
 namespace pricedown {
 
-CommandBar::CommandBar() {
+CommandBar::CommandBar(Lifetime lifetime) : lifetime_(std::move(lifetime)) {
   Add({std::u16string(kEditMenu), Translate(u"编辑"), {}, u"Menus"});
   for (const ControlCommand* command : CommandsOn(surface::kCommandBar)) {
     Add({std::u16string(command->tool),
@@ -49,11 +49,10 @@ void CommandBar::OnClick(std::function<void(const ObjectPtr& tool)> command) {
 
 void CommandBar::SetListener(ObjectPtr host) {
   // The one before is released last: that may call back.
-  if (!detached_) std::swap(listeners_->host, host);
+  if (!lifetime_.HasEnded()) std::swap(listeners_->host, host);
 }
 
 void CommandBar::Detach() {
-  detached_ = true;
   OnClick(nullptr);
   std::exchange(listeners_->host, nullptr).reset();
 }

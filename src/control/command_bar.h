@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "control/command_bar_tool.h"
+#include "platform/lifetime.h"
 #include "platform/local_object.h"
 
 namespace pricedown {
@@ -24,7 +25,7 @@ class CommandBar : public LocalObject<CommandBar> {
  public:
   // With the designed contents: the menu "mnuEdit" and the tools "iInsert", "iEdit", "iCut", all
   // in the one band.
-  CommandBar();
+  explicit CommandBar(Lifetime lifetime = {});
 
   // Null when the bar has no tool of that name (compared exactly).
   std::shared_ptr<CommandBarTool> Tool(std::u16string_view name) const;
@@ -39,7 +40,7 @@ class CommandBar : public LocalObject<CommandBar> {
   // The host's object that is told of clicks and changes; null for none.
   const ObjectPtr& Listener() const { return listeners_->host; }
   void SetListener(ObjectPtr host);
-  // Clicks do nothing and nobody is told any more.
+  // Releases handler and listener. Requires: the control has ended.
   void Detach();
 
   // Clicks the tool of that name. Throws AutomationError when there is none, or when its command
@@ -52,7 +53,7 @@ class CommandBar : public LocalObject<CommandBar> {
   std::vector<std::shared_ptr<CommandBarTool>> tools_;
   std::size_t designedCount_ = 0;
   std::shared_ptr<CommandBarListeners> listeners_ = std::make_shared<CommandBarListeners>();
-  bool detached_ = false;
+  Lifetime lifetime_;  // of the control
 };
 
 }  // namespace pricedown

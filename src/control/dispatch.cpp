@@ -16,11 +16,11 @@ constexpr std::int32_t kRightsObjectNumber = 35;
 void PriceDown::ParentWindow_ToolBarClick(const ObjectPtr& tool) { CommandBarToolClicked(tool); }
 
 void PriceDown::CommandBarToolClicked(const ObjectPtr& tool) {
-  if (terminated_) return;
+  if (HasEnded()) return;
   const ObjectPtr clicked = RequireObject(Value(tool), u"Tool");
   const ControlCommand* command = CommandOfTool(ToText(clicked->Get(u"Name")));
   // The host was asked, and may have closed the control.
-  if (terminated_ || command == nullptr) return;
+  if (HasEnded() || command == nullptr) return;
   if (command->toggle != nullptr) {
     command->toggle(*this, clicked);
   } else if ((command->surfaces & surface::kCommandBar) == 0) {
@@ -32,7 +32,7 @@ void PriceDown::CommandBarToolClicked(const ObjectPtr& tool) {
 }
 
 void PriceDown::CommandChosen(const ControlCommand& command) {
-  if (terminated_ || !IsEnabled(command)) return;
+  if (HasEnded() || !IsEnabled(command)) return;
   if ((command.surfaces & surface::kToolStrip) != 0) {
     RunFromToolStrip(command);
   } else if (const auto tool = bar_->Tool(command.tool); tool != nullptr && !command.tool.empty()) {
@@ -54,14 +54,12 @@ bool PriceDown::IsToolEnabled(std::u16string_view name) const {
 }
 
 void PriceDown::RunFromToolStrip(const ControlCommand& command) {
-  // A command may show a window, and the host may close the control's meanwhile.
-  const std::shared_ptr<void> held = ports_.hold ? ports_.hold() : nullptr;
   const bool allowed =
       command.right == 0 ||
       environment_.rights.Check(kRightsObjectType, kRightsObjectNumber, command.right);
   if (allowed && command.run != nullptr) command.run(*this);
   // The command may have ended the control.
-  if (terminated_) return;
+  if (HasEnded()) return;
   // On purpose also after a refused right and for a separator.
   LoadTree();
   grid_.Cells().Repaint();
@@ -77,21 +75,21 @@ void PriceDown::FollowTool(const ObjectPtr& tool, std::u16string_view name) {
   const bool checked = ToBoolean(tool->Get(u"Checked"));
   bar_->Add({std::u16string(name), {}, {}, {}})->SetChecked(checked);
   // The host was notified, and may have closed the control.
-  if (!terminated_) LayOut();
+  if (!HasEnded()) LayOut();
 }
 
 Value PriceDown::addRecord() {
-  if (!terminated_) commands_.Add();
+  if (!HasEnded()) commands_.Add();
   return {};
 }
 
 Value PriceDown::editRecord() {
-  if (!terminated_) commands_.Edit();
+  if (!HasEnded()) commands_.Edit();
   return {};
 }
 
 Value PriceDown::delRecord() {
-  if (!terminated_) commands_.Delete();
+  if (!HasEnded()) commands_.Delete();
   return {};
 }
 

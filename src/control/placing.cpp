@@ -18,7 +18,7 @@ bool PriceDown::IsShown(std::u16string_view checkTool) const {
 }
 
 void PriceDown::Resized() {
-  if (!terminated_) LayOut();
+  if (!HasEnded()) LayOut();
 }
 
 Rectangle PriceDown::DragBar() const {
@@ -28,7 +28,7 @@ Rectangle PriceDown::DragBar() const {
 }
 
 void PriceDown::SplitterDown() {
-  if (terminated_) return;
+  if (HasEnded()) return;
   // In a narrow control the splitter stands left of its position; the drag begins where it stands.
   splitter_.SetPosition(layout_.splitter.left);
   splitter_.Begin();
@@ -36,13 +36,13 @@ void PriceDown::SplitterDown() {
 }
 
 void PriceDown::SplitterMoved(std::int32_t offset) {
-  if (terminated_ || !splitter_.Dragging()) return;
+  if (HasEnded() || !splitter_.Dragging()) return;
   splitter_.MoveTo(offset, ports_.view.ControlSize().width);
   ports_.view.ShowDragBar(DragBar());
 }
 
 void PriceDown::SplitterUp() {
-  if (terminated_ || !splitter_.Dragging()) return;
+  if (HasEnded() || !splitter_.Dragging()) return;
   // The drag is over only when its bar is gone, and also when something fails before that.
   struct Ending {
     Splitter& splitter;
@@ -54,7 +54,7 @@ void PriceDown::SplitterUp() {
 }
 
 void PriceDown::MoveSplitter(std::int32_t distance) {
-  if (terminated_) return;
+  if (HasEnded()) return;
   splitter_.SetPosition(layout_.splitter.left);
   splitter_.Begin();
   splitter_.MoveTo(distance, ports_.view.ControlSize().width);

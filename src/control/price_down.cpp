@@ -26,13 +26,13 @@ constexpr double kTitlePoints = 18;
 PriceDown::PriceDown(PriceDownPorts ports)
     : ports_(std::move(ports)),
       environment_(ports_.factory, ports_.state, ports_.questions, ports_.screen,
-                   ports_.application),
+                   ports_.application, ports_.lifetime),
       grid_(environment_, browser_),
       tree_(environment_, browser_, ports_.treeView, grid_),
       commands_(environment_, browser_, tree_, ports_.editor),
       font_(environment_, ports_.printLedger.Appearance(), grid_.Cells(), ports_.fontView),
       printing_(environment_, browser_, grid_.Cells(), ports_.printLedger, font_),
-      bar_(std::make_shared<CommandBar>()) {
+      bar_(std::make_shared<CommandBar>(ports_.lifetime)) {
   bar_->OnClick([this](const ObjectPtr& tool) {
     const std::shared_ptr<void> held = ports_.hold ? ports_.hold() : nullptr;
     CommandBarToolClicked(tool);
@@ -98,7 +98,7 @@ void PriceDown::SetTitleFont() {
 }
 
 Value PriceDown::ModelCurrent() {
-  if (terminated_) return {};
+  if (HasEnded()) return {};
   UpdatePrice price(ports_.factory);
   price.ReadItemClassType();
   browser_.itemClassType = price.ItemClassType();
@@ -106,10 +106,7 @@ Value PriceDown::ModelCurrent() {
 }
 
 void PriceDown::Terminate() {
-  if (terminated_) return;
-  terminated_ = true;
-  commands_.End();
-  printing_.Release();
+  if (!environment_.lifetime.End()) return;
   SkipFailing([&] { SaveSelection(); });
   // Moved out first: releasing the last reference may call back into the control.
   std::exchange(parentWindow_, nullptr).reset();

@@ -37,9 +37,11 @@ struct PriceDownPorts {
   ItemClassEditor& editor;
   // The view's print control.
   PrintLedger& printLedger;
-  // Keeps the control alive while its answer is held; a click on the bar comes from outside and
-  // may end with the last reference. May be empty.
+  // The returned object keeps the control alive during a click on the bar, which comes from outside
+  // and may release the last reference. May be empty.
   std::function<std::shared_ptr<void>()> hold = {};
+  // Ended by Terminate.
+  Lifetime lifetime = {};
 };
 
 class PriceDown {
@@ -91,6 +93,7 @@ class PriceDown {
   const BrowserState& Browser() const { return browser_; }
   const std::u16string& Title() const { return title_; }
   bool MaintenanceMode() const { return maintenanceMode_; }
+  bool HasEnded() const { return environment_.lifetime.HasEnded(); }
 
  private:
   // Steps of Initialize.
@@ -138,7 +141,6 @@ class PriceDown {
   bool maintenanceMode_ = false;
   bool classesLocked_ = false;  // commands that change classes are disabled
   std::int16_t showMode_ = 0;
-  bool terminated_ = false;
 };
 
 }  // namespace pricedown

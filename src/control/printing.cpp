@@ -5,16 +5,14 @@
 namespace pricedown {
 
 Value PriceDown::PreviewPara() {
-  if (terminated_) return {};
+  if (HasEnded()) return {};
   // The host may close the control's window while the preview is open.
-  const std::shared_ptr<void> held = ports_.hold ? ports_.hold() : nullptr;
   printing_.Preview();
   return {};
 }
 
 Value PriceDown::PrintPara() {
-  if (terminated_) return {};
-  const std::shared_ptr<void> held = ports_.hold ? ports_.hold() : nullptr;
+  if (HasEnded()) return {};
   printing_.Print();
   return {};
 }

@@ -1,12 +1,9 @@
 // Picks an account. Errors end here; those of all other commands reach the window.
 #include "editor/account_lookup.h"
 
-#include <exception>
-
 #include "editor/ledger_view.h"
-#include "env/translation.h"
 #include "platform/convert.h"
-#include "platform/error.h"
+#include "platform/failure.h"
 #include "platform/text.h"
 
 namespace pricedown {
@@ -25,18 +22,16 @@ void PickAccount(FormParts& form, FormField field) {
 }  // namespace
 
 void LookUpAccount(FormParts& form, FormField field) {
-  std::u16string description;
+  Failure failure;
   try {
     PickAccount(form, field);
     return;
-  } catch (const AutomationError& error) {
-    description = error.Description();
-  } catch (const std::exception& error) {
-    description = FromUtf8(error.what());
+  } catch (...) {
+    failure = CurrentFailure();
   }
-  // The form may have closed while the picker was open.
+  // The form may have closed while the picker was open; nobody to notify.
   if (!form.state.loaded) return;
-  form.environment.messages.Report(Concatenate({kLineBreak, Translate(description)}));
+  form.environment.messages.Report(Concatenate({kLineBreak, FailureText(failure)}));
 }
 
 }  // namespace pricedown

@@ -1,5 +1,4 @@
 // Calls by member name in terms of look-up and invocation.
-// How an object finds and runs its members is the object's own business.
 #include "platform/automation.h"
 
 #include <array>

@@ -1,5 +1,4 @@
-// The port to late-bound objects: the suite's, the host's, and our own that others call by name.
-// It carries calls only; conversions are in convert.h, the Windows side is src/windows/com.
+// The port to late-bound objects: the suite's, the host's, and our own ones.
 #pragma once
 
 #include <initializer_list>
@@ -14,8 +13,8 @@ namespace pricedown {
 using MemberId = std::int32_t;
 inline constexpr MemberId kDefaultMember = 0;
 
-// How a member is used. `Call` is a method call or the reading of a property, as a late-bound
-// client that wants the result sends it.
+// How a member is used. `Call` is a method call or a property read, which late-bound clients do not
+// distinguish.
 enum class Access { Call, Put, PutReference };
 
 class AutomationObject {

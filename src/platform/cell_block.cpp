@@ -1,5 +1,4 @@
 // The view of a single value.
-// Blocks themselves are made by whoever answers GetRows.
 #include "platform/cell_block.h"
 
 namespace pricedown {

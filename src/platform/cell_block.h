@@ -1,5 +1,4 @@
-// A two-dimensional answer of a recordset, read in place: what GetRows answers.
-// It is read-only and is not a recordset: it has no position and no names.
+// A read-only two-dimensional array, read in place: what GetRows returns.
 #pragma once
 
 #include <cstddef>

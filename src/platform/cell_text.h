@@ -1,5 +1,4 @@
-// The text of a cell of a query's answer, as it is shown and put into statements.
-// Other conversions are convert.h.
+// The text of a result's cell, as it is shown and put into statements.
 #pragma once
 
 #include <string>
@@ -10,8 +9,8 @@
 
 namespace pricedown {
 
-// Texts as they are, numbers in their default text, nothing as the empty text. The answer is
-// valid as long as the cell and `scratch` are.
+// Texts as they are, numbers as their default text, null as the empty text. The result is valid as
+// long as the cell and `scratch` are.
 inline std::u16string_view CellText(const CellView& cell, std::u16string& scratch) {
   if (cell.kind == CellView::Kind::Text) return cell.text;
   if (cell.kind != CellView::Kind::Number) return {};

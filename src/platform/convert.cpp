@@ -1,5 +1,4 @@
 // The conversions between values, numbers and text.
-// Reading numbers out of text is number_scan.cpp.
 #include "platform/convert.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
-// Conversions between values, numbers and text as the suite's variant conversions do them.
-// The only place with such rules; no locale is consulted, the decimal point is ".".
+// Conversions between values, numbers and text as the suite's variant conversions do them, without
+// regard to the locale: the decimal point is ".".
 #pragma once
 
 #include <concepts>

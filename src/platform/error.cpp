@@ -1,5 +1,4 @@
-// The making of the core's exception.
-// Which failure has which number is decided where it is thrown.
+// Construction of the core's exception.
 #include "platform/error.h"
 
 #include <utility>

@@ -1,5 +1,5 @@
-// The core's exception: what went wrong in a late-bound call, in the words of the one who failed.
-// It is not for user errors, which are messages, nor for programming errors.
+// The core's exception: a failed late-bound call, with the callee's own description.
+// What the user did wrong is a message instead.
 #pragma once
 
 #include <cstdint>
@@ -12,6 +12,7 @@ namespace pricedown {
 // Error numbers as automation reports them (HRESULT, 32 bits, written as signed).
 enum class ErrorNumber : std::int32_t {
   Unspecified = static_cast<std::int32_t>(0x80004005),
+  Unexpected = static_cast<std::int32_t>(0x8000FFFF),
   NotImplemented = static_cast<std::int32_t>(0x80004001),
   OutOfMemory = static_cast<std::int32_t>(0x8007000E),
   InvalidArgument = static_cast<std::int32_t>(0x80070057),

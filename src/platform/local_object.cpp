@@ -1,5 +1,4 @@
 // What the member tables of all local objects share.
-// The tables themselves belong to their classes.
 #include "platform/local_object.h"
 
 #include "platform/convert.h"

@@ -1,5 +1,4 @@
-// A base for our own objects that others call by name: a table of members per class.
-// It is not for the control's dual interfaces, which have a type library.
+// A base for our own late-bound objects: a table of members per class.
 #pragma once
 
 #include <span>
@@ -13,7 +12,7 @@ namespace pricedown {
 enum class MemberKind : unsigned { Method = 1, Get = 2, Put = 4, GetPut = 6 };
 
 // One row of a class's table; ids are positions + 1, the row named by `isDefault` is also the
-// default member. `run` gets the object, the access and the arguments (a put's value last).
+// default member. `run` is passed the object, the access and the arguments (a put's value last).
 template <typename T>
 struct Member {
   std::u16string_view name;

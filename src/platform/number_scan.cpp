@@ -1,5 +1,4 @@
-// The scanner behind the leading number and the is-numeric test.
-// It yields numbers only; what a text without one means is convert.cpp's business.
+// The scanner of numbers.
 #include "platform/number_scan.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
-// Reads numbers out of text: as far as one goes, or a text that is one as a whole.
-// convert.h documents the accepted forms.
+// Scans numbers: at the beginning of a text, or a whole text. convert.h documents the accepted
+// forms.
 #pragma once
 
 #include <string_view>

@@ -1,5 +1,4 @@
 // The port to the user for messages and questions, both modal.
-// It shows texts as given; the title and the translation are env/messages.
 #pragma once
 
 #include <string_view>

@@ -1,5 +1,4 @@
 // The named wrappers over a recordset's members.
-// Each is one late-bound call, or the chain of calls that the automation model asks for.
 #include "platform/recordset.h"
 
 #include <utility>

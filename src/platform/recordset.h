@@ -1,5 +1,4 @@
-// A recordset reached late-bound: named wrappers over the members that the library uses.
-// It owns one reference to the object and no data; the reading of many rows is in row_reader.h.
+// A late-bound recordset: wrappers of the members that the library uses. It owns one reference.
 #pragma once
 
 #include <cstdint>
@@ -10,7 +9,7 @@
 
 namespace pricedown {
 
-// One column as it is declared when a recordset is made.
+// The declaration of a column of a new recordset.
 struct FieldDefinition {
   std::u16string name;
   std::int32_t type = 0;         // ADO DataTypeEnum

@@ -1,5 +1,4 @@
 // The walk over a recordset's rows, by blocks where it offers them, else by fields.
-// The recordset's position is the reader's business while it walks.
 #include "platform/row_reader.h"
 
 #include <utility>

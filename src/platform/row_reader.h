@@ -1,5 +1,5 @@
-// Walks the rows of a recordset from its current one to the end, a block at a time.
-// It reads only; where the recordset has no GetRows it reads field by field.
+// Reads the rows of a recordset from its current one to the end, in blocks where it has GetRows,
+// else field by field.
 #pragma once
 
 #include <cstddef>
@@ -14,8 +14,7 @@
 
 namespace pricedown {
 
-// What a reader of rows makes of null cells. Where it shows them as empty texts, columns of texts
-// can be read much faster.
+// How null cells are read. Columns of texts are read much faster as empty texts.
 enum class NullCells { Kept, AsEmptyText };
 
 class RowReader {

@@ -1,12 +1,11 @@
-// The visible mark of a step whose failure is skipped by design.
-// Use it around one step, never around a routine that must report its errors.
+// Runs one step and deliberately ignores its failure.
 #pragma once
 
 #include <utility>
 
 namespace pricedown {
 
-// Runs the step; false when it failed, and then its effects end where it failed.
+// Returns false when the step has thrown.
 template <typename Step>
 bool SkipFailing(Step&& step) {
   try {

@@ -1,5 +1,5 @@
-// Blocks of rows through GetString, cut at delimiters that texts do not hold.
-// Every count is checked, so that a text that holds one after all is noticed.
+// Blocks of rows through GetString, cut at delimiters. All counts are checked, to detect a text
+// that contains a delimiter.
 #include "platform/text_blocks.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
-// Reads a recordset's rows as one long text a block, where that is safe: one text is far cheaper
-// to carry than one per cell. It is for columns of texts only; row_reader.h is the walk.
+// Reads a recordset's rows as one text per block, which costs far less than one per cell. For
+// columns of texts only.
 #pragma once
 
 #include <cstddef>
@@ -13,8 +13,8 @@
 
 namespace pricedown {
 
-// In one call for rows, by either way of reading. Large enough that the calls do not count, small
-// enough to stay in the caches.
+// Rows per call, for both ways of reading: large enough that calls do not count, small enough for
+// the caches.
 inline constexpr std::int32_t kRowsPerBlock = 4096;
 
 class TextBlocks {

@@ -1,5 +1,4 @@
 // The access to the alternatives of a value.
-// Conversions from one kind to another are in convert.cpp.
 #include "platform/value.h"
 
 #include "platform/error.h"

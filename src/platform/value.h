@@ -1,5 +1,4 @@
-// The one value type of the core: what a late-bound call takes and answers.
-// It is not a database type and knows nothing of COM; src/windows/com converts it to VARIANT.
+// The value type of the core: arguments and results of late-bound calls.
 #pragma once
 
 #include <cstddef>
@@ -76,8 +75,8 @@ class Value {
   // Without this an unrelated pointer would silently become a boolean.
   Value(const void*) = delete;
 
-  // An argument by reference: the callee's answer is written to `target`, which must outlive
-  // the call.
+  // An argument by reference: what the callee sets is written to `target`, which must outlive the
+  // call.
   static Value ByReference(Value& target);
 
   Kind GetKind() const { return static_cast<Kind>(storage_.index()); }
@@ -104,8 +103,9 @@ class Value {
   bool operator==(const Value&) const = default;
 
  private:
-  // The variant of g++ 12 takes it that strings and shared pointers are never left half copied, and
-  // then destroys what a copy that ran out of memory has not made. With any other type it looks.
+  // std::variant of g++ 12 assumes that copying strings and shared pointers cannot fail halfway,
+  // and then destroys an alternative that a failed copy has not constructed; other types are
+  // checked.
   struct StoredText {
     std::u16string text;
     bool operator==(const StoredText&) const = default;

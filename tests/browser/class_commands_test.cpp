@@ -95,7 +95,7 @@ TEST_F(DeleteClass, ReloadsNothingWhenTheControlEndsAfterTheDeletes) {
   AnswerNothing(factory_, kDeleteProvision);
   factory_.Object(u"ZEPConnection.AppConnection")
       .On(u"Execute", Arguments({kDeleteClass}), Reply::From([this](auto) {
-            commands_.End();
+            environment_.lifetime.End();
             return Value(nullptr);
           }));
   questions_.WillAnswer({true});

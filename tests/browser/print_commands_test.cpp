@@ -172,7 +172,7 @@ TEST_F(PrintCommandsTest, ReportNothingWhenAFontCannotBeAppliedOrStored) {
 TEST_F(PrintCommandsTest, ReportAnyException) {
   const std::vector<std::pair<std::function<void()>, const char*>> failures{
       {[] { throw std::bad_alloc(); }, "内存不足"},
-      {[] { throw std::runtime_error("纸用完了"); }, "纸用完了"},
+      {[] { throw std::runtime_error("out of paper"); }, "意外错误"},
       {[] { throw AutomationError(ErrorNumber::Unspecified, u"卡纸"); }, "卡纸"},
       {[] { throw AutomationError(ErrorNumber::Unspecified, u""); }, "意外错误"},
       {[] { throw 1; }, "意外错误"}};
@@ -232,10 +232,10 @@ TEST_F(PrintCommandsTest, RunAgainAfterAFailure) {
   EXPECT_EQ(log_.Text(), Filling() + "ledger print\n");
 }
 
-TEST_F(PrintCommandsTest, TouchNothingOnceReleased) {
+TEST_F(PrintCommandsTest, TouchNothingOnceTheControlHasEnded) {
   ledger_.onPreview = [&] {
     ledger_.appearance.font = KaiTi();
-    commands_.Release();
+    environment_.lifetime.End();
   };
   commands_.Preview();
   EXPECT_EQ(log_.Text(), Filling() + "ledger preview\n");
@@ -246,9 +246,9 @@ TEST_F(PrintCommandsTest, TouchNothingOnceReleased) {
   EXPECT_EQ(log_.Text(), "");
 }
 
-TEST_F(PrintCommandsTest, ReportNoFailureOnceReleased) {
+TEST_F(PrintCommandsTest, ShowNoFailureOnceTheControlHasEnded) {
   ledger_.onPreview = [&] {
-    commands_.Release();
+    environment_.lifetime.End();
     throw AutomationError(ErrorNumber::Unspecified, u"late");
   };
   commands_.Preview();
@@ -288,9 +288,9 @@ TEST_F(PrintCommandsTest, ReportADialogThatFails) {
       )"));
 }
 
-TEST_F(PrintCommandsTest, ChooseNothingOnceReleased) {
+TEST_F(PrintCommandsTest, ChooseNothingOnceTheControlHasEnded) {
   dialog_.chosen = KaiTi();
-  dialog_.onShow = [&] { commands_.Release(); };
+  dialog_.onShow = [&] { environment_.lifetime.End(); };
   const Font before = ledger_.appearance.font;
   commands_.ChooseDisplayFont(dialog_);
   EXPECT_EQ(log_.Text(), "dialog 宋体 9.0 flags 515\n");

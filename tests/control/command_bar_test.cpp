@@ -64,7 +64,13 @@ class CommandBarTest : public ::testing::Test {
   }
   ObjectPtr Tools() const { return Of(bar_, u"Tools"); }
 
-  std::shared_ptr<CommandBar> bar_ = std::make_shared<CommandBar>();
+  void End() {
+    lifetime_.End();
+    bar_->Detach();
+  }
+
+  Lifetime lifetime_;
+  std::shared_ptr<CommandBar> bar_ = std::make_shared<CommandBar>(lifetime_);
   std::shared_ptr<HostListener> listener_ = std::make_shared<HostListener>();
 };
 
@@ -222,7 +228,7 @@ TEST_F(CommandBarTest, IgnoresAClickOnAToolOfNoBar) {
 
 TEST_F(CommandBarTest, ReleasesItsListenerWhenItIsDetached) {
   bar_->PutReference(u"Listener", listener_);
-  bar_->Detach();
+  End();
   EXPECT_EQ(listener_.use_count(), 1);
   bar_->PutReference(u"Listener", listener_);
   bar_->Tool(u"iCut")->SetChecked(true);
@@ -263,7 +269,7 @@ TEST_F(CommandBarTest, LetsHostsClickAToolItself) {
   EXPECT_EQ(clicked, (std::vector<ObjectPtr>{designed, added}));
   designed->Put(u"Enabled", false);
   designed->Call(u"Click");
-  bar_->Detach();
+  End();
   added->Call(u"Click");
   EXPECT_EQ(clicked.size(), 2u);
 }
@@ -273,7 +279,7 @@ TEST_F(CommandBarTest, MayBeDetachedByTheClickThatItHandles) {
   // The copied state is used after Detach, so a destroyed handler would show.
   const auto token = std::make_shared<int>(5);
   bar_->OnClick([&clicks, token, this](const ObjectPtr&) {
-    bar_->Detach();
+    End();
     clicks += *token;
   });
   bar_->Click(u"iEdit");

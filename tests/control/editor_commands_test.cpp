@@ -80,16 +80,16 @@ TEST_F(Dispatch, TouchesNothingWhenTheControlEndedDuringTheEditor) {
 }
 
 // The host releases the control while its editor is open; the click keeps it alive to its end.
-TEST_F(Dispatch, LivesAsLongAsAClickOnItsStrip) {
+TEST_F(Dispatch, LivesAsLongAsAClickOnItsBarThatShowsTheEditor) {
   std::shared_ptr<PriceDown> owner;
   world_.hold = [&]() -> std::shared_ptr<void> { return owner; };
   Start();
   Control().ItemCells().Attach(nullptr);
   owner = std::move(world_.control);
-  PriceDown& control = *owner;
+  const std::shared_ptr<CommandBar> bar = owner->Bar();
   const std::weak_ptr<PriceDown> watch = owner;
   world_.editor.whileShown = [&] { owner.reset(); };
-  control.CommandChosen(Button(u"Add"));
+  bar->Click(u"iInsert");
   EXPECT_EQ(world_.log.Count("tree redraw off"), 1u);
   EXPECT_TRUE(watch.expired());
   EXPECT_EQ(world_.factory.LiveObjects(), 0);

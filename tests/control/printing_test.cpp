@@ -16,6 +16,11 @@ class Printing : public Dispatch {
   static std::string Filling() {
     return FillingLedger("宋体 134", {"01.001|螺栓|M8||", "01.002|螺母|M10||"});
   }
+  static void ClickOnBar(PriceDown& control, std::u16string_view name) {
+    const std::shared_ptr<CommandBar> bar = control.Bar();
+    bar->Add({std::u16string(name), u"", u"", u""});
+    bar->Click(name);
+  }
 };
 
 TEST_F(Printing, ShowsAPreviewOfTheGrid) {
@@ -130,8 +135,8 @@ TEST_F(Printing, SurvivesAHostThatReleasesItDuringThePreview) {
     host.reset();
     world_.ledger.appearance.font.size = 20;
   };
-  // The command holds the last reference until it returns.
-  control->PreviewPara();
+  // The last reference goes when the click returns.
+  ClickOnBar(*control, u"iPrintPreView");
   EXPECT_EQ(world_.state.controls, 0);
   EXPECT_EQ(world_.log.Count("font tree 宋体 20.0"), 1u);
 }
@@ -149,7 +154,7 @@ TEST_F(Printing, SurvivesAHostThatReleasesItWhileItPrints) {
     host.reset();
     alive = !watch.expired();
   };
-  control->PrintPara();
+  ClickOnBar(*control, u"iPrint");
   EXPECT_TRUE(alive);
   EXPECT_TRUE(watch.expired());
   EXPECT_EQ(world_.state.controls, 0);

@@ -117,7 +117,7 @@ TEST_F(AccountLookup, ShowsErrorsOfAnyKind) {
   world.factory.Object(u"result").On(u"ReturnObject", world.factory.Answering(u"account"));
   world.log.Clear();
   world.form.LookupRequested(FormField::LossAccount);
-  EXPECT_EQ(world.log.Count(R"(tell no icon "岚禾提示": "\r\nout of handles")"), 1u);
+  EXPECT_EQ(world.log.Count(R"(tell no icon "岚禾提示": "\r\n意外错误")"), 1u);
 }
 
 TEST_F(AccountLookup, SurvivesAFormThatIsClosedInTheMeantime) {

@@ -172,7 +172,7 @@ LRESULT CALLBACK ChildWindow::Procedure(HWND window, UINT message, WPARAM wParam
     }
     return child->OnMessage(message, wParam, lParam);
   } catch (...) {
-    ShowFailure(window, pricedown::windows::CurrentFailure());
+    ShowFailure(window, pricedown::CurrentFailure());
     return 0;
   }
 }

@@ -98,7 +98,7 @@ ChildWindow* FrameWindow::OpenChild(const wchar_t* caption) {
     }
     return child;
   } catch (...) {
-    ShowFailure(window_, pricedown::windows::CurrentFailure());
+    ShowFailure(window_, pricedown::CurrentFailure());
     return nullptr;
   }
 }
@@ -145,7 +145,7 @@ LRESULT CALLBACK FrameWindow::Procedure(HWND window, UINT message, WPARAM wParam
   try {
     return frame->OnMessage(message, wParam, lParam);
   } catch (...) {
-    ShowFailure(window, pricedown::windows::CurrentFailure());
+    ShowFailure(window, pricedown::CurrentFailure());
     return message == WM_CREATE ? -1 : 0;
   }
 }

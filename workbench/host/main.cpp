@@ -81,7 +81,7 @@ int WINAPI wWinMain(HINSTANCE module, HINSTANCE, PWSTR, int show) {
   try {
     return workbench::RunHost(module, show, *options);
   } catch (...) {
-    workbench::ShowFailure(nullptr, pricedown::windows::CurrentFailure());
+    workbench::ShowFailure(nullptr, pricedown::CurrentFailure());
     return 1;
   }
 }

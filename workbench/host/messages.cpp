@@ -5,7 +5,7 @@
 
 namespace workbench {
 
-void ShowFailure(HWND owner, const pricedown::windows::Failure& failure) noexcept {
+void ShowFailure(HWND owner, const pricedown::Failure& failure) noexcept {
   try {
     std::wstring text = pricedown::windows::ToWide(failure.description);
     if (text.empty()) text = L"操作没有完成。";

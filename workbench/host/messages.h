@@ -4,11 +4,11 @@
 
 #include <windows.h>
 
-#include "windows/com/failure.h"
+#include "platform/failure.h"
 
 namespace workbench {
 
 // What went wrong, in a message box over `owner`.
-void ShowFailure(HWND owner, const pricedown::windows::Failure& failure) noexcept;
+void ShowFailure(HWND owner, const pricedown::Failure& failure) noexcept;
 
 }  // namespace workbench

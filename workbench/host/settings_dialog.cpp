@@ -70,7 +70,7 @@ class SettingsPage {
       auto* page = reinterpret_cast<SettingsPage*>(GetWindowLongPtrW(dialog, DWLP_USER));
       if (page != nullptr && message == WM_COMMAND) return page->OnCommand(dialog, wParam);
     } catch (...) {
-      ShowFailure(dialog, pricedown::windows::CurrentFailure());
+      ShowFailure(dialog, pricedown::CurrentFailure());
       if (message == WM_INITDIALOG) EndDialog(dialog, IDABORT);
       return TRUE;
     }

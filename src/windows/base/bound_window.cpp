@@ -1,5 +1,5 @@
-// The two window procedures of the library: one for its own classes, one in front of the
-// system's controls. Both only find the object.
+// The two window procedures of the library: one for its own classes, one that subclasses the
+// system's controls.
 #include "windows/base/bound_window.h"
 
 #include "windows/com/failure.h"
@@ -9,7 +9,7 @@ namespace {
 
 HMENU MenuOfId(int id) { return reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)); }
 
-// The procedure of the window's class, which knows nothing of any binding.
+// The procedure of the window's class.
 WNDPROC ClassProcedure(HWND window) {
   return reinterpret_cast<WNDPROC>(GetClassLongPtrW(window, GCLP_WNDPROC));
 }
@@ -18,8 +18,8 @@ WNDPROC ClassProcedure(HWND window) {
 
 BoundWindow::~BoundWindow() {
   Destroy();
-  // The system refuses while other windows of the class live; the last one takes it along, so
-  // that no class outlives the module.
+  // Fails while other windows of the class exist; the last one unregisters it, so that no class
+  // outlives the module.
   if (own_) UnregisterClassW(className_.c_str(), module_);
 }
 
@@ -42,7 +42,7 @@ void BoundWindow::CreateOwn(const Creation& creation) {
   description.hInstance = creation.module;
   description.hCursor = LoadCursorW(nullptr, creation.cursor);
   description.lpszClassName = creation.className;
-  // A second try, because a control that ends on another thread may take the class away between
+  // A second try, because a control that ends on another thread may unregister the class between
   // the two calls.
   for (int attempt = 0; attempt < 2; ++attempt) {
     if (RegisterClassExW(&description) == 0 && GetLastError() != ERROR_CLASS_ALREADY_EXISTS) break;
@@ -61,8 +61,8 @@ void BoundWindow::CreateControl(const Creation& creation) {
       CreateWindowExW(creation.extendedStyle, creation.className, creation.text, creation.style, 0,
                       0, 0, 0, creation.parent, MenuOfId(creation.id), creation.module, nullptr);
   if (window == nullptr) ThrowLastError();
-  // Not SetWindowSubclass: it looks its list up by name at each message, which costs more than
-  // most messages themselves. Controls leave this word to whoever made them.
+  // SetWindowSubclass looks its list up by name at each message, which costs more than most
+  // messages. Controls leave GWLP_USERDATA to their creator.
   SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   controlProcedure_ = reinterpret_cast<WNDPROC>(
       SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ControlProcedure)));
@@ -93,13 +93,13 @@ LRESULT CALLBACK BoundWindow::OwnProcedure(HWND window, UINT message, WPARAM wPa
   try {
     return object->OnMessage(message, wParam, lParam);
   } catch (...) {
-    // The object may be gone. The system's handling at least validates a window that could not
-    // be painted.
+    // The object may have been destroyed. The default handling validates a window that could not be
+    // painted.
     return DefWindowProcW(window, message, wParam, lParam);
   }
 }
 
-// Stays in front of the control to its end: others may have put procedures of their own before it.
+// Stays until the control is destroyed: others may have subclassed it since.
 LRESULT CALLBACK BoundWindow::ControlProcedure(HWND window, UINT message, WPARAM wParam,
                                                LPARAM lParam) noexcept {
   auto* object = reinterpret_cast<BoundWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));

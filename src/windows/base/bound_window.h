@@ -1,5 +1,4 @@
-// Binds one C++ object to one window: our own classes, and controls of the system.
-// It unpacks nothing; what a message means is the derived class's.
+// Binds one C++ object to one window, of a class of ours or a control of the system.
 #pragma once
 
 #include <windows.h>
@@ -8,8 +7,8 @@
 
 namespace pricedown::windows {
 
-// A window procedure's outer wrapper is here: no exception leaves OnMessage's caller. After the
-// window is gone the handle is null; when the object dies first, so does its window.
+// Exceptions of OnMessage stop here. The handle is null once the window is destroyed; destroying
+// the object destroys its window.
 class BoundWindow {
  public:
   BoundWindow(const BoundWindow&) = delete;
@@ -35,18 +34,19 @@ class BoundWindow {
   BoundWindow() = default;
   virtual ~BoundWindow();
 
-  // A window of a class of ours; the class is registered when it is not yet. Throws
+  // Creates a window of a class of ours; registers the class if necessary. Throws
   // AutomationError.
   void CreateOwn(const Creation& creation);
-  // A control of the system, whose messages come here first. Throws AutomationError.
+  // Creates a control of the system and subclasses it. Throws AutomationError.
   void CreateControl(const Creation& creation);
-  // Destroys the window now; derived classes whose messages need them call it in their
-  // destructor.
+  // Destroys the window now. A derived class that handles messages of its own destruction calls it
+  // in its destructor.
   void Destroy() noexcept;
 
-  // Every message between creation and WM_NCDESTROY. The object may be gone when it returns.
+  // Every message between creation and WM_NCDESTROY. The object may have been destroyed when it
+  // returns.
   virtual LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) = 0;
-  // What the class or the system does with a message.
+  // The default handling by the class or the system.
   LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam);
 
  private:
@@ -57,7 +57,7 @@ class BoundWindow {
 
   HWND handle_ = nullptr;
   bool own_ = false;
-  WNDPROC controlProcedure_ = nullptr;  // a control's own one
+  WNDPROC controlProcedure_ = nullptr;  // that of the subclassed control
   std::wstring className_;
   HINSTANCE module_ = nullptr;
 };

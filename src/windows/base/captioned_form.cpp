@@ -1,5 +1,4 @@
 // The member tables of the form object and its parts.
-// They carry captions to and fro and know no window.
 #include "windows/base/captioned_form.h"
 
 #include <algorithm>

@@ -43,7 +43,7 @@ bool CopyToClipboard(HWND owner, std::u16string_view text) {
     target[text.size()] = L'\0';
     GlobalUnlock(memory);
     const OpenedClipboard clipboard(owner);
-    // From then on the memory is the clipboard's.
+    // The clipboard now owns the memory.
     if (clipboard && EmptyClipboard() != FALSE &&
         SetClipboardData(CF_UNICODETEXT, memory) != nullptr) {
       return true;

@@ -8,7 +8,7 @@
 
 namespace pricedown::windows {
 
-// False when another program keeps the clipboard or there is no memory.
+// False when another program keeps the clipboard open or memory is short.
 bool CopyToClipboard(HWND owner, std::u16string_view text);
 
 // Empty when there is no text.

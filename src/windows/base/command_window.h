@@ -1,5 +1,4 @@
-// What message boxes and the hourglass need of the window that they belong to: the control's, or
-// the form's.
+// The window of a control or a form, for message boxes and the hourglass.
 #pragma once
 
 #include <windows.h>
@@ -8,11 +7,11 @@ namespace pricedown::windows {
 
 class CommandWindow {
  public:
-  // Null once the window is gone.
+  // Null once the window is destroyed.
   virtual HWND Window() const = 0;
-  // The top-level window to own message boxes; null when there is none that is visible.
+  // The owner of message boxes; null when no top-level window is visible.
   virtual HWND DialogOwner() const = 0;
-  // While waiting the pointer is the hourglass over all of the window.
+  // While waiting, the pointer is the hourglass over the whole window.
   virtual void SetWaiting(bool waiting) = 0;
 
  protected:

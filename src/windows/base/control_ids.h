@@ -1,5 +1,5 @@
-// The ids of the control's child windows, by which UI automation finds them.
-// They are part of what is public and never change; a new child gets a new number.
+// The ids of the control's child windows, public for UI automation: they never change, and a new
+// child has a new number.
 #pragma once
 
 namespace pricedown::windows::control_ids {

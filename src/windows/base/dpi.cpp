@@ -1,9 +1,9 @@
-// Asks the system for the resolution; older systems know one for the whole screen.
-// The arithmetic is in the header.
+// The resolution of windows; older systems have one for the whole screen.
 #include "windows/base/dpi.h"
 
 #include <cmath>
 
+#include "windows/base/gdi.h"
 #include "windows/base/system_functions.h"
 
 namespace pricedown::windows {
@@ -15,10 +15,7 @@ Dpi Dpi::Of(HWND window) {
       if (const UINT dpi = function(window); dpi != 0) return Dpi(static_cast<int>(dpi));
     }
   }
-  const HDC screen = GetDC(nullptr);
-  const int dpi = GetDeviceCaps(screen, LOGPIXELSY);
-  ReleaseDC(nullptr, screen);
-  return Dpi(dpi);
+  return Dpi(GetDeviceCaps(WindowContext(nullptr).Get(), LOGPIXELSY));
 }
 
 RECT Dpi::ToPixels(const Rectangle& twips) const {

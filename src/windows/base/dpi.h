@@ -19,7 +19,8 @@ inline constexpr UINT kDpiChangedAfterParent = 0x02E3;
 
 class Dpi {
  public:
-  explicit Dpi(int dotsPerInch = kDesignDotsPerInch) : value_(dotsPerInch > 0 ? dotsPerInch : kDesignDotsPerInch) {}
+  explicit Dpi(int dotsPerInch = kDesignDotsPerInch)
+      : value_(dotsPerInch > 0 ? dotsPerInch : kDesignDotsPerInch) {}
   // As the window's process sees it; the screen's for null.
   static Dpi Of(HWND window);
 

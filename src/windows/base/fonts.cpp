@@ -1,5 +1,4 @@
-// Makes LOGFONTs and measures with them.
-// Sizes come in points and leave in pixels of the given resolution.
+// Creates fonts from points at a resolution, and measures text.
 #include "windows/base/fonts.h"
 
 #include <algorithm>

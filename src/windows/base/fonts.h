@@ -1,5 +1,4 @@
 // Fonts of the windows: the suite's by name and size, the system's for captions.
-// Which font is used where is told by the core or by the control's window.
 #pragma once
 
 #include <windows.h>

@@ -1,5 +1,4 @@
 // The parking window, the grid pane and the lines.
-// None of them takes part in what the user does.
 #include "windows/base/frame_windows.h"
 
 #include "windows/base/control_ids.h"
@@ -37,10 +36,8 @@ void PaneWindow::Create(HWND parent, HINSTANCE module) {
 LRESULT PaneWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_ERASEBKGND) return 1;
   if (message != WM_PAINT) return Default(message, wParam, lParam);
-  PAINTSTRUCT paint{};
-  const HDC context = BeginPaint(Handle(), &paint);
-  FillArea(context, paint.rcPaint, GetSysColor(COLOR_BTNFACE));
-  EndPaint(Handle(), &paint);
+  const PaintDc paint(Handle());
+  FillArea(paint.Get(), paint.Area(), GetSysColor(COLOR_BTNFACE));
   return 0;
 }
 
@@ -70,12 +67,9 @@ LRESULT LineWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_PRINTCLIENT:
       Paint(reinterpret_cast<HDC>(wParam));
       return 0;
-    case WM_PAINT: {
-      PAINTSTRUCT paint{};
-      Paint(BeginPaint(Handle(), &paint));
-      EndPaint(Handle(), &paint);
+    case WM_PAINT:
+      Paint(PaintDc(Handle()).Get());
       return 0;
-    }
     default:
       return Default(message, wParam, lParam);
   }

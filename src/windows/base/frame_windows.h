@@ -1,5 +1,5 @@
-// Windows without a behaviour: the parking window, the grid pane `pic`, the separating lines
-// `Line1` and `Line3`. They hold others or show an edge.
+// Windows without behaviour: the parking window, the grid pane `pic`, the separating lines `Line1`
+// and `Line3`.
 #pragma once
 
 #include <windows.h>
@@ -10,8 +10,8 @@
 
 namespace pricedown::windows {
 
-// A hidden top-level window, where the control stays while no container shows it. The system
-// tells only top-level windows of changed settings; this one passes them on.
+// A hidden top-level window, the parent of the control while no container shows it. Only top-level
+// windows are notified of changed settings; this one forwards them.
 class ParkingWindow final : public BoundWindow {
  public:
   // Throws AutomationError.

@@ -1,26 +1,31 @@
-// Off-screen painting and solid fills.
-// The owners are in the header.
+// Off-screen painting, fills and frames.
 #include "windows/base/gdi.h"
 
 #include <uxtheme.h>
 
 namespace pricedown::windows {
 
-BufferedPaint::BufferedPaint(HDC target, const RECT& area) : target_(target), area_(area) {
-  bitmap_ = GdiObject(CreateCompatibleBitmap(target, WidthOf(area), HeightOf(area)));
-  if (!bitmap_) return;
-  memory_ = CreateCompatibleDC(target);
-  if (memory_ == nullptr) return;
-  previous_ = SelectObject(memory_, bitmap_.Get());
-  SetViewportOrgEx(memory_, -area.left, -area.top, nullptr);
+MemoryDc::MemoryDc(HDC like, int width, int height)
+    : bitmap_(CreateCompatibleBitmap(like, width, height)) {
+  if (bitmap_) context_.reset(CreateCompatibleDC(like));
+  if (context_ != nullptr) previous_ = SelectObject(context_.get(), bitmap_.Get());
+}
+
+MemoryDc::~MemoryDc() {
+  if (context_ != nullptr) SelectObject(context_.get(), previous_);
+}
+
+BufferedPaint::BufferedPaint(HDC target, const RECT& area)
+    : target_(target), area_(area), memory_(target, WidthOf(area), HeightOf(area)) {
+  if (memory_.Get() != nullptr) {
+    SetViewportOrgEx(memory_.Get(), -area.left, -area.top, nullptr);
+  }
 }
 
 BufferedPaint::~BufferedPaint() {
-  if (memory_ == nullptr) return;
-  BitBlt(target_, area_.left, area_.top, WidthOf(area_), HeightOf(area_), memory_, area_.left,
+  if (memory_.Get() == nullptr) return;
+  BitBlt(target_, area_.left, area_.top, WidthOf(area_), HeightOf(area_), memory_.Get(), area_.left,
          area_.top, SRCCOPY);
-  SelectObject(memory_, previous_);
-  DeleteDC(memory_);
 }
 
 void FillArea(HDC context, const RECT& area, COLORREF colour) {
@@ -37,10 +42,11 @@ void PaintFrame(HDC context, HWND window, const RECT& frame) {
     return;
   }
   InflateRect(&edge, -GetSystemMetrics(SM_CXEDGE), -GetSystemMetrics(SM_CYEDGE));
-  const int saved = SaveDC(context);
-  ExcludeClipRect(context, edge.left, edge.top, edge.right, edge.bottom);
-  DrawThemeBackground(theme, context, 0, 0, &frame, nullptr);
-  RestoreDC(context, saved);
+  {
+    const SavedDc saved(context);
+    ExcludeClipRect(context, edge.left, edge.top, edge.right, edge.bottom);
+    DrawThemeBackground(theme, context, 0, 0, &frame, nullptr);
+  }
   CloseThemeData(theme);
 }
 

@@ -1,5 +1,4 @@
-// Owners of GDI and user objects, and guards around what is selected into a device context.
-// They own handles; what is drawn is the painters' business.
+// Owners of GDI objects, guards for device contexts and what is selected into them, solid fills.
 #pragma once
 
 #include <windows.h>
@@ -54,7 +53,7 @@ class Selected {
   HGDIOBJ previous_;
 };
 
-// The window's context outside of painting, for measuring.
+// The context of a window, or of the screen for null, for measuring.
 class WindowContext {
  public:
   explicit WindowContext(HWND window) : window_(window), context_(GetDC(window)) {}
@@ -68,6 +67,53 @@ class WindowContext {
   HDC context_;
 };
 
+// BeginPaint and EndPaint of a window.
+class PaintDc {
+ public:
+  explicit PaintDc(HWND window) : window_(window) { BeginPaint(window, &paint_); }
+  ~PaintDc() { EndPaint(window_, &paint_); }
+  PaintDc(const PaintDc&) = delete;
+  PaintDc& operator=(const PaintDc&) = delete;
+  HDC Get() const { return paint_.hdc; }
+  // What has to be painted; may be empty.
+  const RECT& Area() const { return paint_.rcPaint; }
+
+ private:
+  HWND window_;
+  PAINTSTRUCT paint_{};
+};
+
+// Restores the state of a context at the end of the scope.
+class SavedDc {
+ public:
+  explicit SavedDc(HDC context) : context_(context), state_(SaveDC(context)) {}
+  ~SavedDc() {
+    if (state_ != 0) RestoreDC(context_, state_);
+  }
+  SavedDc(const SavedDc&) = delete;
+  SavedDc& operator=(const SavedDc&) = delete;
+
+ private:
+  HDC context_;
+  int state_;
+};
+
+// A bitmap in memory with the colours of `like`, and a context that draws into it.
+class MemoryDc {
+ public:
+  MemoryDc(HDC like, int width, int height);
+  ~MemoryDc();
+  MemoryDc(const MemoryDc&) = delete;
+  MemoryDc& operator=(const MemoryDc&) = delete;
+  // Null without memory for it.
+  HDC Get() const { return context_.get(); }
+
+ private:
+  GdiObject<HBITMAP> bitmap_;
+  CreatedContext context_;
+  HGDIOBJ previous_ = nullptr;
+};
+
 // Painting off screen: everything drawn into Context() appears at once at the end.
 class BufferedPaint {
  public:
@@ -76,20 +122,18 @@ class BufferedPaint {
   BufferedPaint(const BufferedPaint&) = delete;
   BufferedPaint& operator=(const BufferedPaint&) = delete;
 
-  // In the coordinates of the target; the target itself when there is no memory for a picture.
-  HDC Context() const { return memory_ != nullptr ? memory_ : target_; }
+  // In the coordinates of the target; the target itself without memory for a bitmap.
+  HDC Context() const { return memory_.Get() != nullptr ? memory_.Get() : target_; }
 
  private:
   HDC target_;
   RECT area_;
-  HDC memory_ = nullptr;
-  GdiObject<HBITMAP> bitmap_;
-  HGDIOBJ previous_ = nullptr;
+  MemoryDc memory_;
 };
 
 // Fills with a solid colour.
 void FillArea(HDC context, const RECT& area, COLORREF colour);
-// The frame of a pane as the system gives it to a tree: that of the visual style, or a sunken one.
+// The frame of a tree view: that of the visual style, or a sunken one.
 void PaintFrame(HDC context, HWND window, const RECT& frame);
 // `share` of 255 of the way from one colour to another.
 COLORREF Blend(COLORREF from, COLORREF to, int share);

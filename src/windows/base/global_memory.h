@@ -1,5 +1,4 @@
-// Movable memory as the system's dialogs exchange it: its owner, and its bytes while locked.
-// What the bytes mean is printer.h's.
+// Movable memory as the system's dialogs exchange it: the owner, and the bytes while locked.
 #pragma once
 
 #include <windows.h>
@@ -20,7 +19,7 @@ class GlobalMemory {
   GlobalMemory(const GlobalMemory&) = delete;
   GlobalMemory& operator=(const GlobalMemory&) = delete;
   HGLOBAL Get() const { return memory_; }
-  // Owns what a dialog has made of it; nothing is freed.
+  // Takes over what a dialog has replaced it with; frees nothing.
   void Become(HGLOBAL memory) { memory_ = memory; }
 
  private:

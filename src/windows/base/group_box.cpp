@@ -1,5 +1,4 @@
-// The system's group box, with its inside painted.
-// The system leaves the inside to the parent, which does not paint behind its children.
+// The system's group box with its inside painted, which the system leaves to the parent.
 #include "windows/base/group_box.h"
 
 #include "windows/base/gdi.h"

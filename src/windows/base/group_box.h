@@ -1,5 +1,4 @@
-// A frame with a caption around controls that are its siblings.
-// It only paints; which controls stand inside is the layout's business.
+// A frame with a caption around sibling controls.
 #pragma once
 
 #include <windows.h>
@@ -10,7 +9,7 @@ namespace pricedown::windows {
 
 class GroupBox final : public BoundWindow {
  public:
-  // Made after the controls inside, so that it lies behind them. Throws AutomationError.
+  // Creates it behind the controls that exist already. Throws AutomationError.
   void Create(HWND parent, HINSTANCE module, int id);
 
  private:

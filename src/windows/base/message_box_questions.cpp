@@ -1,5 +1,4 @@
 // Message boxes, and the report of a failure in one.
-// Nothing here decides what is asked.
 #include "windows/base/message_box_questions.h"
 
 #include <string>
@@ -44,12 +43,11 @@ bool MessageBoxQuestions::Confirm(std::u16string_view text, std::u16string_view 
 
 void ReportFailure(HWND owner, const Failure& failure) noexcept {
   try {
-    const std::u16string text =
-        Translate(failure.description.empty() ? SystemText(failure.code) : failure.description);
-    MessageBoxW(owner, ToWide(text).c_str(), ToWide(Translate(kMessageTitle)).c_str(),
+    MessageBoxW(owner, ToWide(FailureText(failure)).c_str(),
+                ToWide(Translate(kMessageTitle)).c_str(),
                 MB_OK | MB_ICONINFORMATION | (owner == nullptr ? MB_TASKMODAL : 0));
   } catch (...) {
-    // No memory even for the message.
+    // No memory for the message.
     MessageBeep(MB_ICONERROR);
   }
 }

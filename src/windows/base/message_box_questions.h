@@ -1,12 +1,11 @@
 // Messages and questions as the system's message boxes, and the report of failed commands.
-// Texts and titles come translated; when to ask is the core's business.
 #pragma once
 
 #include <windows.h>
 
+#include "platform/failure.h"
 #include "platform/questions.h"
 #include "windows/base/command_window.h"
-#include "windows/com/failure.h"
 
 namespace pricedown::windows {
 
@@ -24,8 +23,7 @@ class MessageBoxQuestions final : public UserQuestions {
   const CommandWindow& window_;
 };
 
-// Shows what went wrong in a command that the control's own windows started and that has no
-// caller to tell. `owner` may be null.
+// Shows the failure of a command that a window of ours has started. `owner` may be null.
 void ReportFailure(HWND owner, const Failure& failure) noexcept;
 
 }  // namespace pricedown::windows

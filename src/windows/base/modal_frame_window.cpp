@@ -1,5 +1,4 @@
-// The frame's making, its place, and the messages that mean the same for every such window.
-// Messages of its own a derived class handles before these.
+// Creation and place of the frame, and the messages common to such windows.
 #include "windows/base/modal_frame_window.h"
 
 #include <algorithm>

@@ -1,5 +1,4 @@
-// A window with a frame of its own that is shown modally over another: what form and preview
-// have in common. Its children and what they do are the derived class's.
+// A top-level window shown modally over another: the base of form and preview.
 #pragma once
 
 #include <windows.h>
@@ -15,7 +14,7 @@
 
 namespace pricedown::windows {
 
-// One object serves any number of showings; the system's windows live for one. Sizes are pixels.
+// An object may be shown any number of times; its windows live for one showing. Sizes are pixels.
 class ModalFrameWindow : public CommandWindow, protected BoundWindow {
  public:
   // CommandWindow
@@ -34,14 +33,14 @@ class ModalFrameWindow : public CommandWindow, protected BoundWindow {
   // Null before the first showing.
   HFONT TextFont() const { return font_.Get(); }
 
-  // Makes the window with its children, hidden and without a size; `owner` may be null. Throws
+  // Creates the window with its children, hidden and without a size; `owner` may be null. Throws
   // AutomationError, and then there is no window.
   void CreateFrame(const wchar_t* className, HWND owner, std::u16string_view title = {});
   // The outer size for that inner one.
   SIZE OuterSize(SIZE client) const;
-  // Nothing without an owner that can be seen.
+  // A no-op without a visible owner.
   std::optional<RECT> OwnerArea() const;
-  // Gives the window that outer size over its owner, inside the owner's screen.
+  // Places the window with that outer size over its owner, inside the owner's screen.
   void Centre(SIZE size);
   void LayOut();
   // Whether the message is for this window or one in it.
@@ -54,7 +53,7 @@ class ModalFrameWindow : public CommandWindow, protected BoundWindow {
   // In tab order. Throws AutomationError.
   virtual void CreateChildren() = 0;
   virtual void GiveFonts(HFONT font) = 0;
-  // Pictures and measures anew for that resolution; fonts and places follow.
+  // Updates pictures and measures for that resolution; fonts and places follow.
   virtual void TakeResolution(Dpi dpi) = 0;
   virtual void PlaceChildren(SIZE client, Dpi dpi) = 0;
   // The inner size below which the user cannot make the window.
@@ -67,9 +66,9 @@ class ModalFrameWindow : public CommandWindow, protected BoundWindow {
   virtual void OnEnter() = 0;
   virtual void OnChildCommand(HWND child, int id, int code) = 0;
   virtual LRESULT OnNotify(NMHDR& header) = 0;
-  // Through the frame.
+  // The user closes the frame.
   virtual void OnClose() = 0;
-  // The owner has gone and takes the window along.
+  // The window is destroyed together with its owner.
   virtual void OnDestroy() = 0;
 
   void MakeFont();

@@ -1,5 +1,5 @@
-// Disables and enables windows, and the loop between.
-// A window that was disabled before stays so.
+// Disables and enables windows, and runs the message loop. A window that was disabled before stays
+// disabled.
 #include "windows/base/modal_showing.h"
 
 namespace pricedown::windows {
@@ -19,7 +19,7 @@ BOOL CALLBACK CollectEnabled(HWND window, LPARAM parameter) noexcept {
   try {
     search.found->push_back(window);
   } catch (...) {
-    // One window more that takes input is less bad than no form.
+    // Better one window left enabled than no dialog.
     return FALSE;
   }
   return TRUE;
@@ -36,7 +36,7 @@ ModalShowing::ModalShowing(HWND window) : window_(window), focus_(GetFocus()) {
 ModalShowing::~ModalShowing() { End(); }
 
 void ModalShowing::End() noexcept {
-  // The window may go by a sent message, behind which the loop would wait for a posted one.
+  // A sent message may destroy the window, and the loop would wait for a posted one.
   PostMessageW(nullptr, WM_NULL, 0, 0);
   const bool ended = disabled_.empty() && focus_ == nullptr;
   if (ended) return;

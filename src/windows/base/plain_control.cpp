@@ -1,5 +1,5 @@
-// Creates plain controls and passes texts, fonts and places to windows.
-// Texts that are already shown are not set again, so that nothing flickers.
+// Creates plain controls and sets texts, fonts and places of windows. A text that is already shown
+// is not set again, to avoid flicker.
 #include "windows/base/plain_control.h"
 
 #include "windows/base/gdi.h"
@@ -21,7 +21,7 @@ void PlainControl::Create(HWND parent, HINSTANCE module, const wchar_t* classNam
 }
 
 LRESULT PlainControl::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-  // Labels keep what they show when they are sized: an ellipsis, or a text that is not at the left.
+  // A sized label keeps stale pixels of an ellipsis or of a text that is not at the left.
   if (message == WM_SIZE) InvalidateRect(Handle(), nullptr, TRUE);
   return Default(message, wParam, lParam);
 }

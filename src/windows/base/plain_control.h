@@ -1,5 +1,4 @@
-// A control of the system that needs nothing but its place, text and font: labels and the
-// progress bar. Controls with behaviour have classes of their own.
+// A control of the system with a place, a text and a font: labels and the progress bar.
 #pragma once
 
 #include <windows.h>
@@ -18,14 +17,14 @@ class PlainControl final : public BoundWindow {
   // A visible child of `parent`, unless `style` lacks WS_VISIBLE. Throws AutomationError.
   void Create(HWND parent, HINSTANCE module, const wchar_t* className, int id, DWORD style,
               std::u16string_view text = {});
-  // A window of its own over `owner`, hidden. Throws AutomationError.
+  // A hidden popup window over `owner`. Throws AutomationError.
   void CreatePopup(HWND owner, HINSTANCE module, const wchar_t* className, DWORD style);
 
  private:
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 };
 
-// Text, font and place of any window; nothing happens for null.
+// Text, font and place of any window; a no-op for null.
 std::u16string TextOf(HWND window);
 void GiveText(HWND window, std::u16string_view text);
 void GiveFont(HWND window, HFONT font);

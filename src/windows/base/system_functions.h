@@ -1,5 +1,4 @@
 // Functions of the system that older releases do not have, looked up by name.
-// Functions that every supported release has are linked.
 #pragma once
 
 #include <windows.h>
@@ -12,7 +11,7 @@ template <typename Function>
 Function SystemFunction(const wchar_t* library, const char* name) {
   const HMODULE module = GetModuleHandleW(library);
   if (module == nullptr) return nullptr;
-  // By way of a pointer without type: the two function types have nothing in common.
+  // Through void*: the two function types are unrelated.
   return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module, name)));
 }
 

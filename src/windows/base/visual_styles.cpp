@@ -1,5 +1,4 @@
-// Makes the activation context and registers the control classes that the windows use.
-// It changes nothing for the host outside a Scope.
+// Creates the activation context and registers the control classes that the windows use.
 #include "windows/base/visual_styles.h"
 
 #include <commctrl.h>

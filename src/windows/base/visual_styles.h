@@ -1,5 +1,5 @@
-// The activation context that gives the control's windows version 6 of the common controls in
-// every host. The windows themselves are made elsewhere, inside a Scope.
+// The activation context by which windows created inside a Scope use version 6 of the common
+// controls in every host.
 #pragma once
 
 #include <windows.h>
@@ -8,7 +8,7 @@ namespace pricedown::windows {
 
 class VisualStyles {
  public:
-  // Takes manifest resource 2 of `module`; without one the host's own context stays.
+  // Uses manifest resource 2 of `module`; without one the host's context stays.
   explicit VisualStyles(HINSTANCE module);
   ~VisualStyles();
   VisualStyles(const VisualStyles&) = delete;

@@ -1,5 +1,4 @@
 // The hourglass and the message loop of pending messages.
-// The pointer stays an hourglass over the window as long as it is set.
 #include "windows/base/windows_screen.h"
 
 #include "windows/base/dpi.h"
@@ -9,7 +8,7 @@ namespace pricedown::windows {
 void WindowsScreen::SetMousePointer(MousePointer pointer) {
   const bool waiting = pointer == MousePointer::Hourglass;
   window_.SetWaiting(waiting);
-  // Where the pointer is over other windows, those decide with its next movement.
+  // Other windows set their pointer with the next movement.
   SetCursor(LoadCursorW(nullptr, waiting ? IDC_WAIT : IDC_ARROW));
 }
 

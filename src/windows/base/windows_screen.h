@@ -1,5 +1,4 @@
 // The screen and the message queue of the thread that runs the control.
-// Which windows show the hourglass is the affair of the window that it is made for.
 #pragma once
 
 #include <windows.h>
@@ -15,7 +14,7 @@ class WindowsScreen final : public Screen {
   explicit WindowsScreen(CommandWindow& window) : window_(window) {}
 
   void SetMousePointer(MousePointer pointer) override;
-  // A quit message is put back, so that the host's own loop ends.
+  // WM_QUIT is posted again, so that the host's own loop ends.
   void RunPendingMessages() override;
   double TwipsPerPixelY() const override;
 

@@ -15,7 +15,6 @@
 #include "windows/base/dpi.h"
 #include "windows/base/gdi.h"
 #include "windows/base/message_box_questions.h"
-#include "windows/com/failure.h"
 #include "windows/control/control_children.h"
 #include "windows/control/control_window.h"
 
@@ -29,10 +28,8 @@ std::u16string Seconds(Clock::duration duration) {
 }
 
 void PaintBackground(HWND window) {
-  PAINTSTRUCT paint{};
-  const HDC context = BeginPaint(window, &paint);
-  FillArea(context, paint.rcPaint, GetSysColor(COLOR_BTNFACE));
-  EndPaint(window, &paint);
+  const PaintDc paint(window);
+  FillArea(paint.Get(), paint.Area(), GetSysColor(COLOR_BTNFACE));
 }
 
 void EraseBackground(HDC context) {

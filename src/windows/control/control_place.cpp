@@ -75,7 +75,7 @@ void DrawWindow(HDC context, HWND window) {
     FillArea(context, area, GetSysColor(COLOR_WINDOW));
     PaintFrame(context, window, area);
   }
-  const int saved = SaveDC(context);
+  const SavedDc saved(context);
   RECT client{};
   GetClientRect(window, &client);
   OffsetWindowOrgEx(context, -border.x, -border.y, nullptr);
@@ -88,12 +88,10 @@ void DrawWindow(HDC context, HWND window) {
     RECT place{};
     GetWindowRect(child, &place);
     MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&place), 2);
-    const int before = SaveDC(context);
+    const SavedDc before(context);
     OffsetWindowOrgEx(context, -place.left, -place.top, nullptr);
     DrawWindow(context, child);
-    RestoreDC(context, before);
   }
-  RestoreDC(context, saved);
 }
 
 }  // namespace
@@ -139,7 +137,7 @@ void ControlWindow::Draw(HDC context, const RECT& pixels) {
   if (IsRectEmpty(&client) != FALSE) return;
   RECT target = pixels;
   LPtoDP(context, reinterpret_cast<POINT*>(&target), 2);
-  const int saved = SaveDC(context);
+  const SavedDc saved(context);
   SetMapMode(context, MM_ANISOTROPIC);
   SetWindowOrgEx(context, 0, 0, nullptr);
   SetWindowExtEx(context, WidthOf(client), HeightOf(client), nullptr);
@@ -148,7 +146,6 @@ void ControlWindow::Draw(HDC context, const RECT& pixels) {
   IntersectClipRect(context, 0, 0, client.right, client.bottom);
   FillArea(context, client, GetSysColor(COLOR_BTNFACE));
   DrawWindow(context, Handle());
-  RestoreDC(context, saved);
 }
 
 }  // namespace pricedown::windows

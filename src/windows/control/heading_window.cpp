@@ -45,12 +45,10 @@ LRESULT HeadingWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_ERASEBKGND:
       return 1;
     case WM_PAINT: {
-      PAINTSTRUCT paint{};
-      const HDC context = BeginPaint(Handle(), &paint);
+      const PaintDc paint(Handle());
       RECT area{};
       GetClientRect(Handle(), &area);
-      Paint(BufferedPaint(context, area).Context(), area);
-      EndPaint(Handle(), &paint);
+      Paint(BufferedPaint(paint.Get(), area).Context(), area);
       return 0;
     }
     case WM_PRINTCLIENT: {

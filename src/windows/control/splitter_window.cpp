@@ -29,15 +29,13 @@ void SplitterWindow::Create(HWND parent, HINSTANCE module) {
 }
 
 void SplitterWindow::OnPaint() {
-  PAINTSTRUCT paint{};
-  const HDC context = BeginPaint(Handle(), &paint);
-  FillArea(context, paint.rcPaint, GetSysColor(COLOR_BTNFACE));
+  const PaintDc paint(Handle());
+  FillArea(paint.Get(), paint.Area(), GetSysColor(COLOR_BTNFACE));
   if (GetFocus() == Handle() && !dragging_) {
     RECT area{};
     GetClientRect(Handle(), &area);
-    DrawFocusRect(context, &area);
+    DrawFocusRect(paint.Get(), &area);
   }
-  EndPaint(Handle(), &paint);
 }
 
 void SplitterWindow::OnPress(int x) {
@@ -135,10 +133,8 @@ void DragBarWindow::Hide() {
 LRESULT DragBarWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_ERASEBKGND) return 1;
   if (message != WM_PAINT) return Default(message, wParam, lParam);
-  PAINTSTRUCT paint{};
-  const HDC context = BeginPaint(Handle(), &paint);
-  FillArea(context, paint.rcPaint, GetSysColor(COLOR_BTNSHADOW));
-  EndPaint(Handle(), &paint);
+  const PaintDc paint(Handle());
+  FillArea(paint.Get(), paint.Area(), GetSysColor(COLOR_BTNSHADOW));
   return 0;
 }
 

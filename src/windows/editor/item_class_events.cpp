@@ -12,7 +12,6 @@
 #include "windows/base/control_ids.h"
 #include "windows/base/keyboard.h"
 #include "windows/base/message_box_questions.h"
-#include "windows/com/failure.h"
 #include "windows/editor/form_children.h"
 #include "windows/editor/item_class_window.h"
 

@@ -101,13 +101,10 @@ GridScene GridWindow::Scene() const {
 }
 
 void GridWindow::OnPaint() {
-  PAINTSTRUCT paint{};
-  const HDC context = BeginPaint(Handle(), &paint);
-  if (IsRectEmpty(&paint.rcPaint) == FALSE) {
-    const BufferedPaint buffer(context, paint.rcPaint);
-    PaintGrid(buffer.Context(), Scene(), paint.rcPaint);
-  }
-  EndPaint(Handle(), &paint);
+  const PaintDc paint(Handle());
+  if (IsRectEmpty(&paint.Area()) != FALSE) return;
+  const BufferedPaint buffer(paint.Get(), paint.Area());
+  PaintGrid(buffer.Context(), Scene(), paint.Area());
 }
 
 // The system draws the frame of a window of ours in the classic way even where visual styles give

@@ -16,7 +16,6 @@
 #include "windows/base/fonts.h"
 #include "windows/base/gdi.h"
 #include "windows/base/message_box_questions.h"
-#include "windows/com/failure.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::windows {

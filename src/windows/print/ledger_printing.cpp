@@ -23,13 +23,13 @@ std::u16string TodayText() {
 }
 
 bool PrintLedgerDocument(HINSTANCE module, HWND owner, const LedgerDocument& document,
-                         Printer& printer, const bool& ended) {
+                         Printer& printer, const Lifetime& lifetime) {
   printer.UseDefault();
   DeviceMeasurer measurer;
   const std::u16string date = TodayText();
   const std::int32_t pageCount = document.Pages(printer.ChosenPaper(), date, measurer).PageCount();
   const std::optional<PrintChoice> choice = AskPrint(owner, printer, pageCount);
-  if (!choice || ended) return false;
+  if (!choice || lifetime.HasEnded()) return false;
   const LedgerPages pages = document.Pages(printer.ChosenPaper(), date, measurer);
   const PrintOrder order(*choice, pages.PageCount());
   PrintProgress progress(module, owner);

@@ -20,24 +20,13 @@ constexpr double kPalestRule = 0.45;  // of the ink
 
 int Rounded(double pixels) { return static_cast<int>(std::lround(pixels)); }
 
-// A context as the painting needs it, for a scope.
-class InkScope {
- public:
-  explicit InkScope(HDC context) : context_(context), saved_(SaveDC(context)) {
-    SetMapMode(context, MM_TEXT);
-    SetBkMode(context, TRANSPARENT);
-    SetTextColor(context, kInk);
-    SetTextAlign(context, TA_LEFT | TA_BASELINE | TA_NOUPDATECP);
-    SetTextCharacterExtra(context, 0);
-  }
-  ~InkScope() { RestoreDC(context_, saved_); }
-  InkScope(const InkScope&) = delete;
-  InkScope& operator=(const InkScope&) = delete;
-
- private:
-  HDC context_;
-  int saved_;
-};
+void SetInk(HDC context) {
+  SetMapMode(context, MM_TEXT);
+  SetBkMode(context, TRANSPARENT);
+  SetTextColor(context, kInk);
+  SetTextAlign(context, TA_LEFT | TA_BASELINE | TA_NOUPDATECP);
+  SetTextCharacterExtra(context, 0);
+}
 
 int Thickness(double pixelsPerTenth) {
   return std::max(Rounded(kRuleThickness * pixelsPerTenth), 1);
@@ -70,7 +59,8 @@ double ShareBefore(TextAlignment alignment) {
 
 void PagePainter::Paint(HDC context, const Page& page, std::span<const PageFont> fonts,
                         const PageScale& scale) {
-  const InkScope ink(context);
+  const SavedDc saved(context);
+  SetInk(context);
   const HBRUSH brush = RuleBrush(context, scale);
   for (const PageRule& rule : page.rules) PaintRule(context, brush, rule, scale);
   for (const PageText& text : page.texts) {

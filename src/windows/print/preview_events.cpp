@@ -9,7 +9,6 @@
 
 #include "platform/error.h"
 #include "windows/base/message_box_questions.h"
-#include "windows/com/failure.h"
 #include "windows/print/preview_children.h"
 #include "windows/print/preview_ids.h"
 #include "windows/print/preview_window.h"

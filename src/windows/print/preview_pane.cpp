@@ -18,34 +18,6 @@ constexpr COLORREF kInk = RGB(0, 0, 0);
 constexpr int kEdgeShare = 150;  // of ink in the paper's edge, in 255
 constexpr int kShadowShare = 80;
 
-class Painting {
- public:
-  explicit Painting(HWND window) : window_(window), context_(BeginPaint(window, &paint_)) {}
-  ~Painting() { EndPaint(window_, &paint_); }
-  Painting(const Painting&) = delete;
-  Painting& operator=(const Painting&) = delete;
-  HDC Context() const { return context_; }
-
- private:
-  HWND window_;
-  PAINTSTRUCT paint_{};
-  HDC context_;
-};
-
-class ClipScope {
- public:
-  ClipScope(HDC context, const RECT& area) : context_(context), saved_(SaveDC(context)) {
-    IntersectClipRect(context, area.left, area.top, area.right, area.bottom);
-  }
-  ~ClipScope() { RestoreDC(context_, saved_); }
-  ClipScope(const ClipScope&) = delete;
-  ClipScope& operator=(const ClipScope&) = delete;
-
- private:
-  HDC context_;
-  int saved_;
-};
-
 void GiveScrollBar(HWND window, int bar, int content, int area, int position) {
   SCROLLINFO info{};
   info.cbSize = sizeof info;
@@ -91,10 +63,10 @@ void PreviewPane::OnSize() {
 }
 
 void PreviewPane::OnPaint() {
-  const Painting painting(Handle());
+  const PaintDc paint(Handle());
   RECT area{};
   GetClientRect(Handle(), &area);
-  const BufferedPaint buffer(painting.Context(), area);
+  const BufferedPaint buffer(paint.Get(), area);
   Paint(buffer.Context(), area);
 }
 
@@ -111,7 +83,8 @@ void PreviewPane::Paint(HDC context, const RECT& area) {
   InflateRect(&part, 1, 1);
   FillArea(context, part, Blend(desk, kInk, kEdgeShare));
   FillArea(context, paper, kPaper);
-  const ClipScope clip(context, paper);
+  const SavedDc saved(context);
+  IntersectClipRect(context, paper.left, paper.top, paper.right, paper.bottom);
   const double pixels = state_.Pixels(1);
   pages_.Paint(context,
                {static_cast<double>(box.left), static_cast<double>(box.top), pixels, pixels});

@@ -17,7 +17,7 @@ void WindowsLedger::Print() { Print(window_.DialogOwner()); }
 std::u16string WindowsLedger::Date() { return TodayText(); }
 
 void WindowsLedger::Print(HWND owner) {
-  PrintLedgerDocument(module_, owner, *this, printer_, ended_);
+  PrintLedgerDocument(module_, owner, *this, printer_, lifetime_);
 }
 
 void WindowsLedger::SetUpPage(HWND owner) { AskPageSetup(owner, printer_); }

@@ -5,8 +5,10 @@
 #include <windows.h>
 
 #include <string>
+#include <utility>
 
 #include "browser/print_document.h"
+#include "platform/lifetime.h"
 #include "windows/base/command_window.h"
 #include "windows/print/preview_dialog.h"
 #include "windows/print/preview_printing.h"
@@ -19,19 +21,19 @@ namespace pricedown::windows {
 class WindowsLedger final : public LedgerDocument, private PreviewPrinting {
  public:
   // Windows are shown over the top-level window around `window`, which must outlive the ledger.
-  WindowsLedger(HINSTANCE module, const CommandWindow& window)
-      : module_(module), window_(window), preview_(module, *this, *this) {}
+  // `lifetime` is the control's.
+  WindowsLedger(HINSTANCE module, const CommandWindow& window, Lifetime lifetime)
+      : module_(module),
+        window_(window),
+        lifetime_(std::move(lifetime)),
+        preview_(module, *this, *this) {}
 
   // PrintLedger. Both run messages; the ledger must live until they return.
   void Preview() override;
   void Print() override;
 
-  // Closes the preview, as when the control ends below it. Harmless when nothing is shown.
-  // A print dialog that is still open prints nothing any more.
-  void Close() noexcept {
-    ended_ = true;
-    preview_.Close();
-  }
+  // Closes the preview, as when the control ends below it. A no-op when nothing is shown.
+  void Close() noexcept { preview_.Close(); }
 
  private:
   // PreviewPrinting
@@ -42,7 +44,7 @@ class WindowsLedger final : public LedgerDocument, private PreviewPrinting {
 
   HINSTANCE module_;
   const CommandWindow& window_;
-  bool ended_ = false;
+  Lifetime lifetime_;
   Spooler spooler_;
   PrintDialogs dialogs_;
   Printer printer_{spooler_, dialogs_};

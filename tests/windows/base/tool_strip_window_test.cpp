@@ -185,11 +185,11 @@ TEST(MessageBoxQuestions, AreOwnedByTheHostsWindow) {
   for (const auto& box : boxes.All()) EXPECT_EQ(box.owner, world.host.Handle());
 }
 
-TEST(MessageBoxQuestions, AFailureWithoutADescriptionShowsTheSystemsText) {
+TEST(MessageBoxQuestions, ShowsThatSomethingUnexpectedFailedWithoutDescription) {
   MessageBoxes boxes;
   windows::ReportFailure(nullptr, {E_OUTOFMEMORY, {}, {}});
   ASSERT_EQ(boxes.All().size(), 1u);
-  EXPECT_FALSE(boxes.All()[0].text.empty());
+  EXPECT_EQ(boxes.All()[0].text, "意外错误");
 }
 
 }  // namespace

@@ -39,7 +39,7 @@ class LedgerPrinting : public ::testing::Test {
   }
   bool Print() {
     return windows::PrintLedgerDocument(GetModuleHandleW(nullptr), nullptr, document_, printer_,
-                                        ended_);
+                                        lifetime_);
   }
   std::size_t Count(const std::string& line) const {
     std::size_t count = 0;
@@ -54,7 +54,7 @@ class LedgerPrinting : public ::testing::Test {
   FakeSpooler spooler_;
   FakeDialogs dialogs_;
   windows::Printer printer_{spooler_, dialogs_};
-  bool ended_ = false;
+  Lifetime lifetime_;
 };
 
 TEST_F(LedgerPrinting, PrintsAllPagesOnTheDefaultPrinter) {
@@ -77,7 +77,7 @@ TEST_F(LedgerPrinting, PrintsNothingAndShowsNoMessageWhenTheDialogIsCancelled) {
 
 TEST_F(LedgerPrinting, PrintsNothingWhenItsControlEndsDuringTheDialog) {
   dialogs_.onPrint = [&](PRINTDLGW&, DWORD&) {
-    ended_ = true;
+    lifetime_.End();
     return TRUE;
   };
   EXPECT_FALSE(Print());

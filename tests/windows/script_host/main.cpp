@@ -8,10 +8,10 @@
 #include <cstdio>
 #include <string>
 
+#include "platform/failure.h"
 #include "platform/text.h"
 #include "tests/windows/script_host/script_engine.h"
 #include "tests/windows/script_host/script_services.h"
-#include "windows/com/failure.h"
 #include "windows/com/wide_text.h"
 
 namespace {
@@ -60,7 +60,7 @@ int main() {
     try {
       result = Run(arguments[1]);
     } catch (...) {
-      const auto failure = pricedown::windows::CurrentFailure();
+      const auto failure = pricedown::CurrentFailure();
       std::fprintf(stderr, "script_host: %s\n", pricedown::ToUtf8(failure.description).c_str());
     }
     OleUninitialize();

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <utility>
 
+#include "platform/failure.h"
 #include "platform/text.h"
 #include "windows/com/failure.h"
 #include "windows/com/wide_text.h"
@@ -68,8 +69,8 @@ void CALLBACK ScriptUser::OnTimer(HWND, UINT, UINT_PTR, DWORD) noexcept {
     player->Call(u"Step", {});
   } catch (...) {
     // Prints the reason; the script's next check fails.
-    std::fprintf(stderr, "script_host: %s\n",
-                 ToUtf8(windows::CurrentFailure().description).c_str());
+    std::fprintf(stderr, "script_host: %s
+", ToUtf8(CurrentFailure().description).c_str());
   }
   user->playing_ = false;
 }

@@ -12,10 +12,10 @@
 #include <string>
 #include <string_view>
 
+#include "platform/failure.h"
 #include "platform/text.h"
 #include "tests/windows/print/print_pages/documents.h"
 #include "tests/windows/print/print_pages/page_picture.h"
-#include "windows/com/failure.h"
 #include "windows/print/device_measurer.h"
 #include "windows/print/print_job.h"
 #include "windows/print/printer.h"
@@ -103,7 +103,7 @@ int main(int count, char** arguments) {
     return Run(arguments[1], calledOff, count == 4 ? arguments[2] : nullptr,
                count == 4 ? std::atoi(arguments[3]) : 0);
   } catch (...) {
-    const auto failure = win::CurrentFailure();
+    const auto failure = pricedown::CurrentFailure();
     std::fprintf(stderr, "print_pages: %s\n", ToUtf8(failure.description).c_str());
     return 1;
   }
