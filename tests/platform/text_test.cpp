@@ -107,8 +107,7 @@ TEST(UpperCase, IsThatOfTheCLibrary) {
   int letters = 0;
   for (char32_t character = 0; character <= 0x10FFFF; ++character) {
     if (character >= 0x10D0 && character <= 0x10FF) continue;
-    const auto expected =
-        static_cast<char32_t>(towupper_l(static_cast<wint_t>(character), locale));
+    const auto expected = static_cast<char32_t>(towupper_l(static_cast<wint_t>(character), locale));
     letters += expected != character;
     EXPECT_EQ(UpperCaseOf(character), expected) << std::hex << static_cast<unsigned>(character);
   }
