@@ -1,4 +1,4 @@
-// Filling the ledger from the grid, counting its pages, and drawing them all.
+// Filling the document from the grid, counting its pages, and making them all.
 // The raw side copies the texts of all rows once, row by row: into one text, and for drawing into a
 // separate text per cell.
 #include "bench/print_measure.h"
@@ -7,12 +7,11 @@
 #include <string>
 #include <vector>
 
-#include "bench/silent_ledger.h"
 #include "browser/item_grid.h"
-#include "browser/print_document.h"
-#include "browser/print_table.h"
+#include "browser/print_list.h"
 #include "platform/convert.h"
 #include "platform/text.h"
+#include "print/print_pages.h"
 
 namespace bench {
 namespace {
@@ -24,12 +23,12 @@ constexpr int kRepetitions = 9;
 // A font's typical widths; measuring on a device is not the library's work.
 class EvenMeasurer final : public TextMeasurer {
  public:
-  Tenths Width(const PageFont&, std::u16string_view text) override {
+  Tenths Width(const Font&, std::u16string_view text) override {
     Tenths width = 0;
     for (const char16_t unit : text) width += unit < 0x80 ? 16 : 32;
     return width;
   }
-  Tenths LineHeight(const PageFont&) override { return 36; }
+  Tenths LineHeight(const Font&) override { return 36; }
 };
 
 void FillGrid(Grid& sheet, std::int32_t rows) {
@@ -43,7 +42,7 @@ void FillGrid(Grid& sheet, std::int32_t rows) {
   }
 }
 
-// Into a text with enough capacity, as the ledger's has from the second time on.
+// Into a text with enough capacity, as the document's has from the second time on.
 std::size_t CopyTexts(const Grid& sheet, std::u16string& texts) {
   texts.clear();
   for (std::int32_t row = 1; row <= sheet.MaxRows(); ++row) {
@@ -54,7 +53,7 @@ std::size_t CopyTexts(const Grid& sheet, std::u16string& texts) {
   return texts.size();
 }
 
-// A page's worth of texts at a time.
+// Into one text per cell, a page's worth at a time.
 std::size_t CopyCells(const Grid& sheet) {
   constexpr std::int32_t kRowsPerPage = 50;
   std::vector<std::u16string> page;
@@ -69,7 +68,7 @@ std::size_t CopyCells(const Grid& sheet) {
   return texts;
 }
 
-std::size_t DrawAll(const LedgerPages& pages) {
+std::size_t DrawAll(const PrintPages& pages) {
   std::size_t texts = 0;
   for (std::int32_t page = 1; page <= pages.PageCount(); ++page) {
     texts += pages.PageAt(page).texts.size();
@@ -89,13 +88,12 @@ Measured Measure(std::int32_t rows) {
   std::size_t kept = 0;
   std::u16string copy;
   const auto raw = [&] { kept += CopyTexts(sheet, copy); };
-  SilentLedger ledger;
-  SetPageHeader(ledger, u"");
-  SetPageFooter(ledger);
+  PrintDocument document;
+  SetPageLines({}, document);
   EvenMeasurer measurer;
-  const auto pages = [&] { return ledger.Pages({}, u"2008-03-31", measurer); };
+  const auto pages = [&] { return PrintPages(document, {}, u"2008-03-31", measurer); };
   Measured measured;
-  measured.fill = Compare([&] { FillPrintTable(sheet, ledger.Table()); }, raw, kRepetitions);
+  measured.fill = Compare([&] { FillPrintTable(sheet, document.table); }, raw, kRepetitions);
   measured.paginate =
       Compare([&] { kept += static_cast<std::size_t>(pages().PageCount()); }, raw, kRepetitions);
   measured.draw =

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "bench/no_editor.h"
-#include "bench/silent_ledger.h"
+#include "bench/silent_output.h"
 #include "bench/silent_user.h"
 #include "browser/class_tree_view.h"
 #include "browser/display_font.h"
@@ -26,7 +26,7 @@ class SilentViews final : public pricedown::PriceDownView,
   std::vector<std::u16string> nodes;
 
   void SetTitle(std::u16string_view) override {}
-  void SetTitleFont(std::u16string_view, std::int32_t, double) override {}
+  void SetTitleFont(const Font&) override {}
   void SetPeriod(std::u16string_view) override {}
   void DisableButton(const Command&) override {}
   void CopyCells() override {}
@@ -58,14 +58,14 @@ struct SilentControl {
   // Initialised, not shown. Both must outlive it.
   SilentControl(pricedown::ObjectFactory& factory, pricedown::ProcessState& state)
       : core(pricedown::PriceDownPorts{factory, state, user, views, views, views, views, views,
-                                       u"pricedown_bench", nullptr, editor, ledger}) {
+                                       u"pricedown_bench", nullptr, editor, output}) {
     core.Initialize();
   }
 
   SilentUser user;
   SilentViews views;
   NoEditor editor;
-  SilentLedger ledger;
+  SilentOutput output;
   pricedown::PriceDown core;
 };
 

@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "bench/no_editor.h"
-#include "bench/silent_ledger.h"
+#include "bench/silent_output.h"
 #include "bench/stage.h"
 #include "bench/windows/ole.h"
 #include "bench/windows/raw_tree.h"
@@ -40,7 +40,7 @@ class WindowsStage final : public Stage {
     factory_.Create(u"ZEPWorkbench.Settings")->Call(u"Open", {FromUtf8(path)});
     control_ = std::make_unique<PriceDown>(
         PriceDownPorts{factory_, state_, user_, screen_, container_, window_, window_, window_,
-                       u"pricedown_bench", nullptr, editor_, ledger_});
+                       u"pricedown_bench", nullptr, editor_, output_});
     window_.Attach(control_.get());
     window_.MoveInto(frame_, RECT{0, 0, 800, 600});
     control_->Initialize();
@@ -69,7 +69,7 @@ class WindowsStage final : public Stage {
   win::ControlWindow window_{GetModuleHandleW(nullptr)};
   win::WindowsScreen screen_{window_};
   NoEditor editor_;
-  SilentLedger ledger_;
+  SilentOutput output_;
   std::unique_ptr<PriceDown> control_;
   HWND frame_ = nullptr;
   std::optional<RawTree> raw_;

@@ -1,5 +1,4 @@
 // The display font: where it comes from and what it is applied to.
-// Each routine ends silently where a step fails.
 #include "browser/display_font.h"
 
 #include <algorithm>
@@ -17,8 +16,7 @@ constexpr std::u16string_view kSeparator = u"|";
 constexpr std::int32_t kDefaultReportSize = 9;
 constexpr double kLeastReportSize = 9;
 constexpr double kGreatestReportSize = 18;
-constexpr std::int32_t kLeastRowHeight = 285;   // twips
-constexpr std::int32_t kLedgerRowMargin = 30;   // twips above and below the label together
+constexpr std::int32_t kPrintRowMargin = 30;    // twips above and below the label together
 constexpr std::int32_t kGridRowMargin = 20;     // twips
 constexpr double kTitleRowFactor = 1.6;         // title row to label
 constexpr double kGreatestPossibleSize = 1638;  // points; what a font can be made of
@@ -35,12 +33,12 @@ void DisplayFont::Refresh() {
     if (size == lastAppliedSize_) return;
     if (size < kLeastReportSize || size > kGreatestReportSize) return;
     lastAppliedSize_ = size;
-    Font labelFont = ledger_.font;
+    Font labelFont = document_.font;
     labelFont.size = size;
     const std::int32_t rowHeight =
-        std::max(view_.MeasureLabel(labelFont) + kLedgerRowMargin, kLeastRowHeight);
-    ledger_.font.size = size;
-    ledger_.rowHeight = std::max(ledger_.rowHeight, rowHeight);
+        std::max(view_.MeasureLabel(labelFont) + kPrintRowMargin, kLeastRowHeight);
+    document_.font.size = size;
+    document_.rowHeight = std::max(document_.rowHeight, rowHeight);
     Apply();
   });
 }
@@ -49,7 +47,7 @@ void DisplayFont::Restore(std::u16string_view settings) {
   const auto entry = [&](std::u16string_view name) {
     return SettingsEntry(settings, name, kSeparator);
   };
-  Font& font = ledger_.font;
+  Font& font = document_.font;
   SkipFailing([&] {
     if (std::u16string name = entry(u"FontName"); !name.empty()) font.name = std::move(name);
   });
@@ -64,18 +62,18 @@ void DisplayFont::Restore(std::u16string_view settings) {
 
 void DisplayFont::Apply() {
   SkipFailing([&] {
-    view_.SetTreeFont(ledger_.font);
-    const std::int32_t label = view_.MeasureLabel(ledger_.font);
-    sheet_.SetFont(ledger_.font);
+    view_.SetTreeFont(document_.font);
+    const std::int32_t label = view_.MeasureLabel(document_.font);
+    grid_.SetFont(document_.font);
     const double twipsPerPixel = environment_.screen.TwipsPerPixelY();
-    sheet_.SetRowHeight((label + kGridRowMargin) / twipsPerPixel);
-    sheet_.SetTitleHeight(label * kTitleRowFactor / twipsPerPixel);
+    grid_.SetRowHeight((label + kGridRowMargin) / twipsPerPixel);
+    grid_.SetTitleHeight(label * kTitleRowFactor / twipsPerPixel);
   });
 }
 
 void DisplayFont::Save() {
   SkipFailing([&] {
-    const Font& font = ledger_.font;
+    const Font& font = document_.font;
     const std::u16string settings = BuildSettings({{u"FontName", font.name},
                                                    {u"FontSize", NumberText(font.size)},
                                                    {u"FontBold", ToText(font.bold)},

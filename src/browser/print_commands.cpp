@@ -1,8 +1,8 @@
 // The steps of preview, print and font choice, and the one place where their errors are trapped.
-// The ledger's window runs messages: the control may have ended when it returns.
+// Previewing and printing run messages: the control may have ended when they return.
 #include "browser/print_commands.h"
 
-#include "browser/print_table.h"
+#include "browser/print_list.h"
 #include "env/language.h"
 #include "platform/failure.h"
 #include "platform/skip.h"
@@ -10,7 +10,7 @@
 namespace pricedown {
 namespace {
 
-// A command that is under way, for a scope.
+// Marks a command as running, for a scope.
 struct Running {
   bool& flag;
   ~Running() { flag = false; }
@@ -20,38 +20,35 @@ struct Running {
 
 void PrintCommands::Preview() {
   Run([&] {
-    FillLedger();
-    const Font before = ledger_.Appearance().font;
-    ledger_.Preview();
-    if (!environment_.lifetime.HasEnded() && ledger_.Appearance().font != before) TakeFont();
+    FillDocument();
+    const Font before = document_.font;
+    output_.Preview(document_);
+    if (!environment_.lifetime.HasEnded() && document_.font != before) ApplyAndSaveFont();
   });
 }
 
 void PrintCommands::Print() {
   Run([&] {
-    FillLedger();
-    ledger_.Print();
+    FillDocument();
+    output_.Print(document_);
   });
 }
 
 void PrintCommands::ChooseDisplayFont(FontDialog& dialog) {
   Run([&] {
-    Font& font = ledger_.Appearance().font;
-    const Font chosen = dialog.Show(font, kFontDialogFlags);
+    const Font chosen = dialog.Show(document_.font, kFontDialogFlags);
     if (environment_.lifetime.HasEnded() || chosen.name.empty()) return;
-    font = chosen;
-    TakeFont();
+    document_.font = chosen;
+    ApplyAndSaveFont();
   });
 }
 
-void PrintCommands::FillLedger() {
-  SetPageTypeface(ledger_, ReadFontProperties(environment_.factory));
-  SetPageHeader(ledger_, {});
-  FillPrintTable(sheet_, ledger_.Table());
-  SetPageFooter(ledger_);
+void PrintCommands::FillDocument() {
+  SetPageLines(ReadFontProperties(environment_.factory), document_);
+  FillPrintTable(grid_, document_.table);
 }
 
-void PrintCommands::TakeFont() {
+void PrintCommands::ApplyAndSaveFont() {
   font_.Apply();
   font_.Save();
 }

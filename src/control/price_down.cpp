@@ -30,8 +30,8 @@ PriceDown::PriceDown(PriceDownPorts ports)
       grid_(environment_, browser_),
       tree_(environment_, browser_, ports_.treeView, grid_),
       commands_(environment_, browser_, tree_, ports_.editor),
-      font_(environment_, ports_.printLedger.Appearance(), grid_.Cells(), ports_.fontView),
-      printing_(environment_, browser_, grid_.Cells(), ports_.printLedger, font_),
+      font_(environment_, document_, grid_.Cells(), ports_.fontView),
+      printing_(environment_, grid_.Cells(), document_, ports_.printOutput, font_),
       bar_(std::make_shared<CommandBar>(ports_.lifetime)) {
   bar_->OnClick([this](const ObjectPtr& tool) {
     const std::shared_ptr<void> held = ports_.hold ? ports_.hold() : nullptr;
@@ -91,9 +91,11 @@ void PriceDown::SetPeriodLabel() {
 
 void PriceDown::SetTitleFont() {
   FirstFailure steps;
-  FontProperties font;
+  Font font;
+  font.name.clear();
   steps.Run([&] { font = ReadFontProperties(ports_.factory); });
-  steps.Run([&] { ports_.view.SetTitleFont(font.name, font.charset, kTitlePoints); });
+  font.size = kTitlePoints;
+  steps.Run([&] { ports_.view.SetTitleFont(font); });
   steps.Rethrow();
 }
 

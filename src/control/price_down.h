@@ -35,8 +35,7 @@ struct PriceDownPorts {
   ObjectPtr form;
   // The process's one item class form.
   ItemClassEditor& editor;
-  // The view's print control.
-  PrintLedger& printLedger;
+  PrintOutput& printOutput;
   // The returned object keeps the control alive during a click on the bar, which comes from outside
   // and may release the last reference. May be empty.
   std::function<std::shared_ptr<void>()> hold = {};
@@ -129,6 +128,7 @@ class PriceDown {
   ItemGrid grid_;
   ClassTree tree_;
   ClassCommands commands_;
+  PrintDocument document_;
   DisplayFont font_;
   PrintCommands printing_;
   std::shared_ptr<CommandBar> bar_;

@@ -8,6 +8,7 @@
 
 #include "control/layout.h"
 #include "env/command.h"
+#include "env/font.h"
 
 namespace pricedown {
 
@@ -16,7 +17,7 @@ class PriceDownView {
   virtual ~PriceDownView() = default;
   virtual void SetTitle(std::u16string_view text) = 0;
   // An empty name leaves the font's name and character set as they are.
-  virtual void SetTitleFont(std::u16string_view name, std::int32_t charset, double points) = 0;
+  virtual void SetTitleFont(const Font& font) = 0;
   virtual void SetPeriod(std::u16string_view text) = 0;
   virtual void DisableButton(const Command& command) = 0;
   // Copies the grid's selected cells to the clipboard.

@@ -32,11 +32,11 @@ void LoadFormTexts(ObjectFactory& factory, const ObjectPtr& form, std::u16string
   resources->Call(kLoadTexts, {form, key});
 }
 
-FontProperties ReadFontProperties(ObjectFactory& factory) {
+Font ReadFontProperties(ObjectFactory& factory) {
   const ObjectPtr resources = factory.Create(kResources);
   const ObjectPtr font = RequireObject(resources->Call(u"GetQ7FontProps", {SuiteLanguage(factory)}),
                                        u"GetQ7FontProps");
-  FontProperties properties;
+  Font properties;
   properties.name = ToText(font->Call(u"", {u"Font.Name"}));
   const Value charset = font->Call(u"", {u"Font.Charset"});
   if (!charset.IsNothing()) properties.charset = ToInt32(charset);

@@ -2,10 +2,9 @@
 // none.
 #pragma once
 
-#include <cstdint>
-#include <string>
 #include <string_view>
 
+#include "env/font.h"
 #include "platform/automation.h"
 
 namespace pricedown {
@@ -17,12 +16,8 @@ void LoadControlTexts(ObjectFactory& factory, const ObjectPtr& form);
 // The same for a form whose texts are kept under `key`, multi-language column headers included.
 void LoadFormTexts(ObjectFactory& factory, const ObjectPtr& form, std::u16string_view key);
 
-struct FontProperties {
-  std::u16string name;  // empty when the suite gives none
-  std::int32_t charset = 1;
-};
-
-// The suite's font for titles in its language. Throws AutomationError.
-FontProperties ReadFontProperties(ObjectFactory& factory);
+// The suite's font for titles in its language: name, empty when the suite has none, and character
+// set. Throws AutomationError.
+Font ReadFontProperties(ObjectFactory& factory);
 
 }  // namespace pricedown

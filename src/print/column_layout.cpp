@@ -1,8 +1,8 @@
 // Widths as asked or narrowed, and one look at every row for columns of numbers.
-// A column that has shown a text is not looked at again.
 #include "print/column_layout.h"
 
 #include <algorithm>
+#include <numeric>
 
 #include "platform/text.h"
 
@@ -24,43 +24,35 @@ Tenths CommonLimit(std::vector<Tenths> widths, Tenths available) {
   return available;
 }
 
-void FindNumbers(const LedgerContent& content, std::vector<PlacedColumn>& columns) {
-  struct Seen {
-    bool number = false;
-    bool text = false;
-  };
-  std::vector<Seen> seen(columns.size());
-  std::size_t undecided = columns.size();
-  for (std::int32_t row = 2; row <= content.RowCount() && undecided > 0; ++row) {
-    std::u16string_view rest = content.Row(row);
-    for (std::size_t column = 0; column < seen.size() && !rest.empty(); ++column) {
-      const std::u16string_view cell = TakeCell(rest);
-      if (seen[column].text || cell.empty()) continue;
+// A column that has shown a text is not looked at again.
+void FindNumbers(const PrintTable& table, std::vector<PlacedColumn>& columns) {
+  std::vector<std::size_t> undecided(columns.size());
+  std::iota(undecided.begin(), undecided.end(), std::size_t{0});
+  for (std::int32_t row = 0; row < table.RowCount() && !undecided.empty(); ++row) {
+    std::erase_if(undecided, [&](std::size_t column) {
+      const std::u16string_view cell = table.Cell(row, column);
       if (IsPlainNumber(cell)) {
-        seen[column].number = true;
+        columns[column].holdsNumbers = true;
       } else if (!Trim(cell).empty()) {
-        seen[column].text = true;
-        --undecided;
+        columns[column].holdsNumbers = false;
+        return true;
       }
-    }
-  }
-  for (std::size_t column = 0; column < seen.size(); ++column) {
-    columns[column].holdsNumbers = seen[column].number && !seen[column].text;
+      return false;
+    });
   }
 }
 
 }  // namespace
 
-std::int64_t WantedWidth(const LedgerContent& content) {
+std::int64_t WantedWidth(const PrintTable& table) {
   std::int64_t wanted = 0;
-  for (const LedgerColumn& column : content.Columns()) wanted += TenthsOfTwips(column.width);
+  for (const PrintColumn& column : table.Columns()) wanted += TenthsOfTwips(column.width);
   return wanted;
 }
 
-std::vector<PlacedColumn> PlaceColumns(const LedgerContent& content, Tenths left,
-                                       Tenths available) {
+std::vector<PlacedColumn> PlaceColumns(const PrintTable& table, Tenths left, Tenths available) {
   std::vector<Tenths> widths;
-  for (const LedgerColumn& column : content.Columns()) {
+  for (const PrintColumn& column : table.Columns()) {
     widths.push_back(TenthsOfTwips(column.width));
   }
   const Tenths limit = CommonLimit(widths, available);
@@ -69,7 +61,7 @@ std::vector<PlacedColumn> PlaceColumns(const LedgerContent& content, Tenths left
     columns.push_back({left, left + std::min(width, limit), false});
     left = columns.back().right;
   }
-  FindNumbers(content, columns);
+  FindNumbers(table, columns);
   return columns;
 }
 

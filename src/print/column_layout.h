@@ -1,12 +1,12 @@
 // Where the table's columns stand between the margins, and which of them hold numbers.
-// The rows are not placed here.
 #pragma once
 
 #include <cstdint>
 #include <string_view>
 #include <vector>
 
-#include "print/ledger_content.h"
+#include "print/page_units.h"
+#include "print/print_document.h"
 
 namespace pricedown {
 
@@ -17,15 +17,15 @@ struct PlacedColumn {
   Tenths Width() const { return right - left; }
 };
 
-// The width that the columns ask for; more than any paper when it cannot be counted.
-std::int64_t WantedWidth(const LedgerContent& content);
+// The width that the columns ask for.
+std::int64_t WantedWidth(const PrintTable& table);
 
 // The columns from `left` on, one beside the other. Where they ask for more than `available`, the
 // widest are narrowed to one width so that all fit; narrower ones keep theirs.
-std::vector<PlacedColumn> PlaceColumns(const LedgerContent& content, Tenths left, Tenths available);
+std::vector<PlacedColumn> PlaceColumns(const PrintTable& table, Tenths left, Tenths available);
 
-// Digits with an optional sign, commas and a fraction. A number with a leading zero, as 007 or
-// 01.002, is a code and none.
+// Whether the text is digits with an optional sign, commas and a fraction. With a leading zero, as
+// 007 or 01.002, it is a code.
 bool IsPlainNumber(std::u16string_view text);
 
 }  // namespace pricedown

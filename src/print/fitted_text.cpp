@@ -1,8 +1,9 @@
-// The longest beginning that fits, found by doubling and then by halving.
-// A surrogate pair is never cut in two.
+// Finds the longest beginning that fits by doubling and then by halving.
 #include "print/fitted_text.h"
 
 #include <algorithm>
+#include <string>
+#include <utility>
 
 namespace pricedown {
 namespace {
@@ -13,25 +14,45 @@ constexpr std::size_t kFirstGuess = 32;  // most cells are shorter: one measurem
 bool IsHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
 
 // A line break or tab in an item's name would show as a box.
-std::u16string Printable(std::u16string_view text) {
-  std::u16string printable(text);
-  for (char16_t& unit : printable) {
-    if (unit < u' ' || unit == 0x7F) unit = u' ';
-  }
-  return printable;
+bool IsControl(char16_t unit) { return unit < u' ' || unit == 0x7F; }
+
+std::u16string_view Keep(std::u16string text, MadeTexts& made) {
+  return *made.emplace_back(std::make_unique<const std::u16string>(std::move(text)));
 }
+
+// The beginning of a text as it is shown, copied only where it has control characters.
+class Beginning {
+ public:
+  explicit Beginning(std::u16string_view text) : text_(text) {}
+
+  std::u16string_view Of(std::size_t length) {
+    const std::u16string_view beginning = text_.substr(0, length);
+    if (std::none_of(beginning.begin(), beginning.end(), IsControl)) return beginning;
+    shown_ = beginning;
+    std::replace_if(shown_.begin(), shown_.end(), IsControl, u' ');
+    return shown_;
+  }
+  bool IsCopied() const { return !shown_.empty(); }
+
+ private:
+  std::u16string_view text_;
+  std::u16string shown_;
+};
 
 }  // namespace
 
-std::u16string FitText(TextMeasurer& measurer, const PageFont& font, std::u16string_view text,
-                       Tenths available) {
+std::u16string_view FitText(TextMeasurer& measurer, const Font& font, std::u16string_view text,
+                            Tenths available, MadeTexts& made) {
   if (available <= 0) return {};
+  Beginning beginning(text);
   const auto fits = [&](std::size_t length, Tenths room) {
-    return measurer.Width(font, Printable(text.substr(0, length))) <= room;
+    return measurer.Width(font, beginning.Of(length)) <= room;
   };
   std::size_t tooLong = std::min(kFirstGuess, text.size());
   while (fits(tooLong, available)) {
-    if (tooLong == text.size()) return Printable(text);
+    if (tooLong == text.size()) {
+      return beginning.IsCopied() ? Keep(std::u16string(beginning.Of(tooLong)), made) : text;
+    }
     tooLong = std::min(tooLong * 2, text.size());
   }
   const Tenths room = available - measurer.Width(font, kEllipsis);
@@ -41,8 +62,9 @@ std::u16string FitText(TextMeasurer& measurer, const PageFont& font, std::u16str
     const std::size_t middle = length + (tooLong - length) / 2;
     (fits(middle, room) ? length : tooLong) = middle;
   }
+  // A surrogate pair is never cut in two.
   if (length > 0 && IsHighSurrogate(text[length - 1])) --length;
-  return Printable(text.substr(0, length)).append(kEllipsis);
+  return Keep(std::u16string(beginning.Of(length)).append(kEllipsis), made);
 }
 
 }  // namespace pricedown

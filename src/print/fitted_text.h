@@ -1,18 +1,17 @@
-// Shortens a text to the width that is there.
-// Where the text stands is decided by its caller.
+// Shortens a text to the available width.
 #pragma once
 
-#include <string>
 #include <string_view>
 
-#include "print/page_font.h"
+#include "print/page.h"
+#include "print/text_measurer.h"
 
 namespace pricedown {
 
-// The text, or as much of its beginning as fits with "…" behind it, or nothing when not even that
-// fits; control characters become blanks. Measures a number of beginnings that grows with the
-// logarithm of what fits, so that a text of any length costs no more than the cell it stands in.
-std::u16string FitText(TextMeasurer& measurer, const PageFont& font, std::u16string_view text,
-                       Tenths available);
+// The text itself where it fits and can be shown as it is, else a text added to `made`: control
+// characters become blanks, and what does not fit ends in "…"; empty when not even that fits.
+// Costs what fits, however long the text is.
+std::u16string_view FitText(TextMeasurer& measurer, const Font& font, std::u16string_view text,
+                            Tenths available, MadeTexts& made);
 
 }  // namespace pricedown

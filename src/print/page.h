@@ -1,12 +1,14 @@
 // A page as draw commands, to be replayed on screen or printer in the order given.
-// Positions are final: whoever replays them lays out nothing.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "platform/geometry.h"
 #include "print/page_units.h"
 
 namespace pricedown {
@@ -25,18 +27,23 @@ struct PageRule {
 // One line of text. `anchor` is its left edge, middle or right edge, as aligned; `top` is the top
 // of its line. Nothing of it shows outside `clip`.
 struct PageText {
-  std::u16string text;
-  std::size_t font = 0;  // into LedgerPages::Fonts
+  std::u16string_view text;  // of the document, or of Page::made
+  std::size_t font = 0;      // into PrintPages::Fonts
   TextAlignment alignment = TextAlignment::Left;
   Tenths anchor = 0;
   Tenths top = 0;
-  PageBox clip;
+  Rectangle clip;
   bool operator==(const PageText&) const = default;
 };
 
+// Texts made for a page; they stay where they are when the page moves.
+using MadeTexts = std::vector<std::unique_ptr<const std::u16string>>;
+
+// Valid as long as the document's table does not change.
 struct Page {
   std::vector<PageRule> rules;
   std::vector<PageText> texts;
+  MadeTexts made = {};
 };
 
 }  // namespace pricedown

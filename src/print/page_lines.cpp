@@ -1,5 +1,4 @@
 // Fields are filled in after the line was split, so that no value can add a section.
-// Two sections share the line as they need it; more have equal parts.
 #include "print/page_lines.h"
 
 #include <algorithm>
@@ -9,17 +8,17 @@
 #include "platform/convert.h"
 #include "platform/text.h"
 #include "print/fitted_text.h"
-#include "print/ledger_content.h"
 
 namespace pricedown {
 namespace {
 
+constexpr char16_t kSectionSeparator = u'|';
 constexpr Tenths kSectionGap = 20;
 
 std::vector<std::u16string> Sections(std::u16string_view text, const PageFields& fields) {
   std::vector<std::u16string> sections;
   for (;;) {
-    const std::size_t end = text.find(kCellSeparator);
+    const std::size_t end = text.find(kSectionSeparator);
     sections.push_back(FillFields(text.substr(0, end), fields));
     if (end == std::u16string_view::npos) return sections;
     text.remove_prefix(end + 1);
@@ -31,10 +30,10 @@ struct Part {
   Tenths right = 0;
 };
 
-// Each up to where the other one begins. Where they would meet the wider one gives way, down to
-// its half.
-std::pair<Part, Part> ShareLine(Tenths first, Tenths second, const PageBox& box) {
-  const Tenths room = std::max(box.Width() - kSectionGap, 0);
+// Each extends to where the other begins. Where they would meet, the wider one is narrowed, to half
+// of the line at least.
+std::pair<Part, Part> ShareLine(Tenths first, Tenths second, const Rectangle& box) {
+  const Tenths room = std::max(box.width - kSectionGap, 0);
   const Tenths half = room / 2;
   if (std::int64_t{first} + second > room) {
     if (first <= half) {
@@ -45,12 +44,12 @@ std::pair<Part, Part> ShareLine(Tenths first, Tenths second, const PageBox& box)
       first = second = half;
     }
   }
-  return {{box.left, box.right - second - kSectionGap},
-          {box.left + first + kSectionGap, box.right}};
+  return {{box.left, box.Right() - second - kSectionGap},
+          {box.left + first + kSectionGap, box.Right()}};
 }
 
 std::vector<Part> Parts(const std::vector<std::u16string>& sections, TextMeasurer& measurer,
-                        const PageFont& font, const PageBox& box) {
+                        const Font& font, const Rectangle& box) {
   if (sections.size() == 2) {
     const auto [left, right] =
         ShareLine(measurer.Width(font, sections[0]), measurer.Width(font, sections[1]), box);
@@ -59,7 +58,7 @@ std::vector<Part> Parts(const std::vector<std::u16string>& sections, TextMeasure
   std::vector<Part> parts;
   const auto count = static_cast<std::int64_t>(sections.size());
   const auto edge = [&](std::int64_t number) {
-    return box.left + static_cast<Tenths>(box.Width() * number / count);
+    return box.left + static_cast<Tenths>(box.width * number / count);
   };
   for (std::int64_t number = 0; number < count; ++number) {
     parts.push_back({edge(number), edge(number + 1)});
@@ -92,21 +91,20 @@ std::u16string FillFields(std::u16string_view text, const PageFields& fields) {
 }
 
 void PlaceLine(std::u16string_view text, const PageFields& fields, TextMeasurer& measurer,
-               const PageFont& font, std::size_t fontIndex, const PageBox& box,
-               std::vector<PageText>& texts) {
+               const Font& font, std::size_t fontIndex, const Rectangle& box, Page& page) {
   if (box.IsEmpty()) return;
-  const std::vector<std::u16string> sections = Sections(text, fields);
+  std::vector<std::u16string> sections = Sections(text, fields);
   const std::vector<Part> parts = Parts(sections, measurer, font, box);
   for (std::size_t number = 0; number < sections.size(); ++number) {
     if (Trim(sections[number]).empty()) continue;
     const Part& part = parts[number];
-    std::u16string fitted = FitText(measurer, font, sections[number], part.right - part.left);
-    if (fitted.empty()) continue;
-    PageText& placed = texts.emplace_back();
-    placed.text = std::move(fitted);
+    page.made.push_back(std::make_unique<const std::u16string>(std::move(sections[number])));
+    PageText placed;
+    placed.text = FitText(measurer, font, *page.made.back(), part.right - part.left, page.made);
+    if (placed.text.empty()) continue;
     placed.font = fontIndex;
     placed.top = box.top;
-    placed.clip = {part.left, box.top, part.right, box.bottom};
+    placed.clip = {part.left, box.top, part.right - part.left, box.height};
     const bool first = number == 0;
     const bool last = number + 1 == sections.size();
     if (first == last) {
@@ -116,6 +114,7 @@ void PlaceLine(std::u16string_view text, const PageFields& fields, TextMeasurer&
       placed.alignment = first ? TextAlignment::Left : TextAlignment::Right;
       placed.anchor = first ? part.left : part.right;
     }
+    page.texts.push_back(placed);
   }
 }
 

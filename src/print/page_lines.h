@@ -1,5 +1,4 @@
 // A header or footer line on a page: its fields filled in and its sections placed.
-// Which lines there are, and how high they are, is decided by ledger_pages.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +8,7 @@
 #include <vector>
 
 #include "print/page.h"
-#include "print/page_font.h"
+#include "print/text_measurer.h"
 
 namespace pricedown {
 
@@ -23,12 +22,11 @@ struct PageFields {
 // The text with its fields filled in; other texts in brackets stay as they are.
 std::u16string FillFields(std::u16string_view text, const PageFields& fields);
 
-// Appends the sections of a line, which "|" separates: one stands in the middle, two stand left
-// and right, of more the first stands left, the last right and the others in the middle of equal
-// parts. Sections that would meet are shortened. A section of blanks draws nothing.
-// Requires: `font` is what `fontIndex` names.
+// Adds the sections of a line, which "|" separates, to the page: one section stands in the middle,
+// two stand left and right; of more the first stands left, the last right and the others in the
+// middle of equal parts. Sections that would meet are shortened. A section of blanks draws nothing.
+// Requires: `font` is the font at `fontIndex`.
 void PlaceLine(std::u16string_view text, const PageFields& fields, TextMeasurer& measurer,
-               const PageFont& font, std::size_t fontIndex, const PageBox& box,
-               std::vector<PageText>& texts);
+               const Font& font, std::size_t fontIndex, const Rectangle& box, Page& page);
 
 }  // namespace pricedown

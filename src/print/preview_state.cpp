@@ -10,7 +10,6 @@ namespace pricedown {
 namespace {
 
 constexpr std::array<double, 10> kSizes{25, 50, 75, 100, 125, 150, 200, 300, 400, 500};
-constexpr double kTenthsPerInch = 254;
 // A size that was fitted is hardly ever one of the usual ones to the last digit.
 constexpr double kSameSize = 0.01;
 
@@ -91,7 +90,7 @@ void PreviewState::Wheel(std::int32_t pixels) {
   }
 }
 
-PreviewBox PreviewState::PaperBox() const {
+Rectangle PreviewState::PaperBox() const {
   const auto start = [](std::int32_t paper, std::int32_t content, std::int32_t area,
                         std::int32_t scroll) {
     return (std::max(content, area) - paper) / 2 - scroll;
@@ -107,7 +106,7 @@ double PreviewState::Pixels(double tenths) const {
 std::int32_t PreviewState::Border() const { return area_.dotsPerInch / 8; }
 
 double PreviewState::FittingPercent(std::int32_t pixels, Tenths paper) const {
-  const double inches = std::max(paper, 1) / kTenthsPerInch;
+  const double inches = std::max(paper, 1) / double{kTenthsPerInch};
   return (pixels - 2 * Border()) / inches / area_.dotsPerInch * 100;
 }
 

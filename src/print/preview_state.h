@@ -18,15 +18,6 @@ struct PreviewArea {
   std::int32_t dotsPerInch = 96;
 };
 
-// The paper from the area's top left corner; it begins above or left of it when scrolled.
-struct PreviewBox {
-  std::int32_t left = 0;
-  std::int32_t top = 0;
-  std::int32_t width = 0;
-  std::int32_t height = 0;
-  bool operator==(const PreviewBox&) const = default;
-};
-
 class PreviewState {
  public:
   // Pages made anew, as after a change of font or paper: stays on the page if it is still there.
@@ -61,7 +52,8 @@ class PreviewState {
   std::int32_t ScrollX() const { return scrollX_; }
   std::int32_t ScrollY() const { return scrollY_; }
 
-  PreviewBox PaperBox() const;
+  // The paper from the area's top left corner; it begins above or left of it when scrolled.
+  Rectangle PaperBox() const;
   // A length on paper in pixels, not rounded.
   double Pixels(double tenths) const;
 

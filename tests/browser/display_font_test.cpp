@@ -31,9 +31,9 @@ class DisplayFontTest : public ::testing::Test {
   RecordingFontView view_{factory_.GetRecorder()};
   ProcessState processState_;
   Environment environment_{factory_, processState_, questions_, screen_, u"Host"};
-  LedgerAppearance ledger_;
+  PrintDocument document_;
   Grid sheet_{4};
-  DisplayFont font_{environment_, ledger_, sheet_, view_};
+  DisplayFont font_{environment_, document_, sheet_, view_};
 };
 
 TEST_F(DisplayFontTest, AppliesTheReportSizeWhenNoFontWasChosen) {
@@ -57,9 +57,9 @@ TEST_F(DisplayFontTest, AppliesTheReportSizeWhenNoFontWasChosen) {
       font tree 宋体 12.0
       font label 宋体 12.0
       )"));
-  EXPECT_EQ(ledger_.font, (Font{u"宋体", 12, false, false}));
-  EXPECT_EQ(ledger_.rowHeight, 330);
-  EXPECT_EQ(sheet_.CellFont(), ledger_.font);
+  EXPECT_EQ(document_.font, (Font{u"宋体", 12, false, false}));
+  EXPECT_EQ(document_.rowHeight, 330);
+  EXPECT_EQ(sheet_.CellFont(), document_.font);
   EXPECT_DOUBLE_EQ(sheet_.RowHeight(), 320.0 / 15);
   EXPECT_DOUBLE_EQ(sheet_.TitleHeight(), 480.0 / 15);
 }
@@ -105,7 +105,7 @@ TEST_F(DisplayFontTest, IgnoresTheReportSizeOnceAFontIsStored) {
   Settings(u"FontName=楷体", u"12");
   font_.Refresh();
   EXPECT_EQ(log_.Count(R"(dictionary.GetValue("RptFontSize", 9))"), 0u);
-  EXPECT_EQ(ledger_.font.size, 9);
+  EXPECT_EQ(document_.font.size, 9);
 }
 
 TEST_F(DisplayFontTest, AppliesASizeOnlyOnce) {
@@ -125,23 +125,23 @@ TEST_F(DisplayFontTest, DefaultsToNineWhenTheSettingsCannotBeRead) {
   EXPECT_EQ(log_.Count("font tree 宋体 9.0"), 1u);
 }
 
-TEST_F(DisplayFontTest, NeverLowersTheRowsOfTheLedger) {
+TEST_F(DisplayFontTest, NeverLowersThePrintedRows) {
   Settings(u"", u"9");
   view_.labelHeight = 200;  // 230 with its margin
   font_.Refresh();
-  EXPECT_EQ(ledger_.rowHeight, 285);
-  ledger_.rowHeight = 500;
+  EXPECT_EQ(document_.rowHeight, 285);
+  document_.rowHeight = 500;
   factory_.Object(u"dictionary").On(u"GetValue", R"("RptFontSize", 9)", u"14");
   font_.Refresh();
-  EXPECT_EQ(ledger_.font.size, 14);
-  EXPECT_EQ(ledger_.rowHeight, 500);
+  EXPECT_EQ(document_.font.size, 14);
+  EXPECT_EQ(document_.rowHeight, 500);
 }
 
 TEST_F(DisplayFontTest, KeepsNameAndStyleWhenTheReportSizeChanges) {
   Settings(u"", u"12");
-  ledger_.font = {u"楷体", 9, true, true};
+  document_.font = {u"楷体", 9, true, true};
   font_.Refresh();
-  EXPECT_EQ(ledger_.font, (Font{u"楷体", 12, true, true}));
+  EXPECT_EQ(document_.font, (Font{u"楷体", 12, true, true}));
   EXPECT_EQ(log_.Count("font label 楷体 12.0 bold italic"), 2u);
 }
 
@@ -151,8 +151,8 @@ TEST_F(DisplayFontTest, RestoresAStoredFont) {
       font tree 楷体 10.5 bold
       font label 楷体 10.5 bold
       )"));
-  EXPECT_EQ(ledger_.font, (Font{u"楷体", 10.5, true, false}));
-  EXPECT_EQ(sheet_.CellFont(), ledger_.font);
+  EXPECT_EQ(document_.font, (Font{u"楷体", 10.5, true, false}));
+  EXPECT_EQ(sheet_.CellFont(), document_.font);
 }
 
 struct KeptFont {
@@ -165,9 +165,9 @@ void PrintTo(const KeptFont& kept, std::ostream* stream) { *stream << kept.name;
 class RestoredFont : public DisplayFontTest, public ::testing::WithParamInterface<KeptFont> {};
 
 TEST_P(RestoredFont, LeavesMissingAndInvalidPartsUnchanged) {
-  ledger_.font = {u"宋体", 9, true, true};
+  document_.font = {u"宋体", 9, true, true};
   font_.Restore(GetParam().settings);
-  EXPECT_EQ(FontInLog(ledger_.font), FontInLog(GetParam().expected));
+  EXPECT_EQ(FontInLog(document_.font), FontInLog(GetParam().expected));
   EXPECT_EQ(log_.Count("font tree " + FontInLog(GetParam().expected)), 1u);
 }
 
@@ -188,7 +188,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(DisplayFontTest, SavesTheFontInTheFormatThatItRestores) {
   Settings(u"", u"");
-  ledger_.font = {u"楷体", 10.5, false, true};
+  document_.font = {u"楷体", 10.5, false, true};
   font_.Save();
   EXPECT_EQ(log_.Text(), Lines(R"(
       create ZEPEBCBASE.UserProfile
@@ -199,16 +199,16 @@ TEST_F(DisplayFontTest, SavesTheFontInTheFormatThatItRestores) {
       ZEPEBCBASE.UserProfile.Save("Host", "PriceDown")
       release ZEPEBCBASE.UserProfile
       )"));
-  const Font saved = ledger_.font;
-  ledger_.font = {};
+  const Font saved = document_.font;
+  document_.font = {};
   font_.Restore(u"FontName=楷体|FontSize=10.5|FontBold=False|FontItalic=True");
-  EXPECT_EQ(ledger_.font, saved);
+  EXPECT_EQ(document_.font, saved);
 }
 
 TEST_F(DisplayFontTest, EndsSilentlyWhateverFails) {
   Settings(u"", u"12");
   FailEachCallInTurn([&](int failingCall) {
-    DisplayFont font(environment_, ledger_, sheet_, view_);
+    DisplayFont font(environment_, document_, sheet_, view_);
     const int before = factory_.CallCount();
     factory_.FailCall(failingCall);
     font.Refresh();

@@ -1,24 +1,25 @@
-// The core's own ledger with a user who looks at its first page. Pages are measured by rule.
+// An output that keeps the first page of what it is given; its texts are measured by rule.
 #pragma once
 
 #include <functional>
 #include <string>
 #include <vector>
 
-#include "browser/print_document.h"
+#include "print/print_output.h"
+#include "print/print_pages.h"
 #include "tests/print/fake_measurer.h"
 
 namespace pricedown::testing {
 
-class PageKeeper : public LedgerDocument {
+class PageKeeper : public PrintOutput {
  public:
-  void Preview() override {
-    Keep();
-    if (onPreview) onPreview();
+  void Preview(PrintDocument& document) override {
+    Keep(document);
+    if (onPreview) onPreview(document);
   }
-  void Print() override { Keep(); }
+  void Print(const PrintDocument& document) override { Keep(document); }
 
-  // The distance between the first two rules.
+  // The distance of the first two rules.
   Tenths RowHeight() const { return firstPage.rules[1].top - firstPage.rules[0].top; }
   // The texts of the first page in the order in which they are drawn, one a line.
   std::string Texts() const {
@@ -28,15 +29,15 @@ class PageKeeper : public LedgerDocument {
   }
 
   // What the user does in the preview.
-  std::function<void()> onPreview;
+  std::function<void(PrintDocument&)> onPreview;
   FakeMeasurer measurer;
   std::int32_t pageCount = 0;
-  Page firstPage;
-  std::vector<PageFont> fonts;
+  Page firstPage;  // valid until the document is filled again
+  std::vector<Font> fonts;
 
  private:
-  void Keep() {
-    const LedgerPages pages = Pages({}, u"2008-03-31", measurer);
+  void Keep(const PrintDocument& document) {
+    const PrintPages pages(document, {}, u"2008-03-31", measurer);
     pageCount = pages.PageCount();
     firstPage = pages.PageAt(1);
     fonts = pages.Fonts();

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "tests/browser/browser_fixture.h"
-#include "tests/browser/recording_ledger.h"
+#include "tests/browser/recording_output.h"
 #include "tests/support/case_name.h"
 
 namespace pricedown::testing {
@@ -35,7 +35,6 @@ class PrintCommandsTest : public BrowserFixture {
     grid_.Cells().SetText(1, 1, u"01.001");
   }
 
-  static std::string Filling() { return FillingLedger("新細明體 136", {"01.001||||"}); }
   // What follows a change of the font to size 12, bold, of that name.
   static std::string TakingKaiTi() {
     return Lines(R"(
@@ -59,33 +58,36 @@ class PrintCommandsTest : public BrowserFixture {
     return told;
   }
 
-  RecordingLedger ledger_{factory_.GetRecorder()};
+  PrintDocument document_;
+  RecordingOutput output_{factory_.GetRecorder()};
   RecordingFontView fontView_{factory_.GetRecorder()};
   RecordingFontDialog dialog_{factory_.GetRecorder()};
-  DisplayFont font_{environment_, ledger_.appearance, grid_.Cells(), fontView_};
-  PrintCommands commands_{environment_, state_, grid_.Cells(), ledger_, font_};
+  DisplayFont font_{environment_, document_, grid_.Cells(), fontView_};
+  PrintCommands commands_{environment_, grid_.Cells(), document_, output_, font_};
 };
 
 TEST_F(PrintCommandsTest, PreviewWhatTheGridShows) {
   commands_.Preview();
-  EXPECT_EQ(log_.Text(), Filling() + "ledger preview\n");
+  EXPECT_EQ(log_.Text(), ReadingTitleFont() + "output preview\n");
+  EXPECT_EQ(output_.printed, PrintedList("新細明體 136", "row \"01.001\" \"\" \"\" \"\"\n"));
 }
 
 TEST_F(PrintCommandsTest, PrintWhatTheGridShows) {
   commands_.Print();
-  EXPECT_EQ(log_.Text(), Filling() + "ledger print\n");
+  EXPECT_EQ(log_.Text(), ReadingTitleFont() + "output print\n");
+  EXPECT_EQ(output_.printed, PrintedList("新細明體 136", "row \"01.001\" \"\" \"\" \"\"\n"));
 }
 
 TEST_F(PrintCommandsTest, ApplyAndStoreAFontChangedInThePreview) {
-  ledger_.onPreview = [&] { ledger_.appearance.font = KaiTi(); };
+  output_.onPreview = [&](PrintDocument&) { document_.font = KaiTi(); };
   commands_.Preview();
-  EXPECT_EQ(log_.Text(), Filling() + "ledger preview\n" + TakingKaiTi());
+  EXPECT_EQ(log_.Text(), ReadingTitleFont() + "output preview\n" + TakingKaiTi());
   EXPECT_EQ(grid_.Cells().CellFont(), KaiTi());
   log_.Clear();
-  ledger_.onPreview = nullptr;
+  output_.onPreview = nullptr;
   commands_.Preview();
-  EXPECT_EQ(log_.Text(), Filling() + "ledger preview\n");
-  EXPECT_EQ(ledger_.appearance.font, KaiTi());
+  EXPECT_EQ(log_.Text(), ReadingTitleFont() + "output preview\n");
+  EXPECT_EQ(document_.font, KaiTi());
 }
 
 struct ChangeCase {
@@ -97,7 +99,7 @@ void PrintTo(const ChangeCase& change, std::ostream* stream) { *stream << change
 class PreviewChange : public PrintCommandsTest, public ::testing::WithParamInterface<ChangeCase> {};
 
 TEST_P(PreviewChange, OfAnyPartOfTheFontCounts) {
-  ledger_.onPreview = [&] { ledger_.appearance.font = GetParam().font; };
+  output_.onPreview = [&](PrintDocument&) { document_.font = GetParam().font; };
   commands_.Preview();
   EXPECT_EQ(log_.Count("font tree " + FontInLog(GetParam().font)), 1u);
   EXPECT_EQ(log_.Count(R"(ZEPEBCBASE.UserProfile.Save("Host", "PriceDown"))"), 1u);
@@ -111,12 +113,12 @@ INSTANTIATE_TEST_SUITE_P(PrintCommands, PreviewChange,
                          CaseName<ChangeCase>);
 
 TEST_F(PrintCommandsTest, TrackNoFontWhilePrinting) {
-  ledger_.onPrint = [&] { ledger_.appearance.font = KaiTi(); };
+  output_.onPrint = [&] { document_.font = KaiTi(); };
   commands_.Print();
-  EXPECT_EQ(log_.Text(), Filling() + "ledger print\n");
+  EXPECT_EQ(log_.Text(), ReadingTitleFont() + "output print\n");
 }
 
-// After the call that fails the ledger is left alone, and the user sees one message.
+// Nothing is called after the call that fails; the user sees one message.
 void StopsAtEachFailure(CallLog& log, RecordingFactory& factory,
                         const std::function<void()>& command) {
   FailEachCallInTurn([&](int failingCall) {
@@ -149,21 +151,21 @@ TEST_F(PrintCommandsTest, StopAPrintAtEachCallThatFails) {
 }
 
 TEST_F(PrintCommandsTest, ReportNothingWhenAFontCannotBeAppliedOrStored) {
-  const Font before = ledger_.appearance.font;
-  // The font's calls follow those of a preview that changes no font.
+  const Font before = document_.font;
+  // The calls of the font come behind those of a preview that changes none.
   commands_.Preview();
   const int previewCalls = factory_.CallCount();
-  ledger_.onPreview = [&] { ledger_.appearance.font = KaiTi(); };
+  output_.onPreview = [&](PrintDocument&) { document_.font = KaiTi(); };
   FailEachCallInTurn([&](int failingCall) {
-    ledger_.appearance.font = before;
+    document_.font = before;
     log_.Clear();
     const int calls = factory_.CallCount();
     factory_.FailCall(failingCall == 0 ? 0 : previewCalls + failingCall);
     commands_.Preview();
     factory_.FailCall(0);
     EXPECT_EQ(Told(), 0u) << log_.Text();
-    EXPECT_EQ(log_.Count("ledger preview"), 1u);
-    EXPECT_EQ(ledger_.appearance.font, KaiTi());
+    EXPECT_EQ(log_.Count("output preview"), 1u);
+    EXPECT_EQ(document_.font, KaiTi());
     EXPECT_EQ(factory_.LiveObjects(), 0);
     return factory_.CallCount() - calls - previewCalls;
   });
@@ -178,13 +180,13 @@ TEST_F(PrintCommandsTest, ReportAnyException) {
       {[] { throw 1; }, "意外错误"}};
   for (const auto& [failure, told] : failures) {
     log_.Clear();
-    ledger_.onPrint = failure;
+    output_.onPrint = failure;
     EXPECT_NO_THROW(commands_.Print());
     EXPECT_EQ(log_.Lines().back(), std::string("tell information \"岚禾提示\": \"") + told + "\"");
   }
 }
 
-// Its message box fails after something else has been printed in the meantime.
+// Its message box fails after something else was printed meanwhile.
 class PrintingQuestions final : public UserQuestions {
  public:
   void Tell(std::u16string_view, std::u16string_view, MessageIcon) override {
@@ -198,30 +200,30 @@ class PrintingQuestions final : public UserQuestions {
 TEST_F(PrintCommandsTest, RunAgainWhileAndAfterAMessageThatFails) {
   PrintingQuestions questions;
   Environment environment{factory_, processState_, questions, screen_, u"Host"};
-  PrintCommands commands{environment, state_, grid_.Cells(), ledger_, font_};
-  ledger_.onPrint = [] { throw std::bad_alloc(); };
+  PrintCommands commands{environment, grid_.Cells(), document_, output_, font_};
+  output_.onPrint = [] { throw std::bad_alloc(); };
   questions.onTell = [&] {
-    ledger_.onPrint = nullptr;
+    output_.onPrint = nullptr;
     commands.Print();
-    EXPECT_EQ(log_.Count("ledger print"), 2u);
+    EXPECT_EQ(log_.Count("output print"), 2u);
   };
   EXPECT_NO_THROW(commands.Print());
   commands.Print();
-  EXPECT_EQ(log_.Count("ledger print"), 3u);
+  EXPECT_EQ(log_.Count("output print"), 3u);
 }
 
 TEST_F(PrintCommandsTest, DoNothingWhenNested) {
-  ledger_.onPreview = [&] {
+  output_.onPreview = [&](PrintDocument&) {
     commands_.Preview();
     commands_.Print();
     commands_.ChooseDisplayFont(dialog_);
   };
   commands_.Preview();
-  EXPECT_EQ(log_.Text(), Filling() + "ledger preview\n");
-  ledger_.onPreview = nullptr;
+  EXPECT_EQ(log_.Text(), ReadingTitleFont() + "output preview\n");
+  output_.onPreview = nullptr;
   log_.Clear();
   commands_.Print();
-  EXPECT_EQ(log_.Text(), Filling() + "ledger print\n");
+  EXPECT_EQ(log_.Text(), ReadingTitleFont() + "output print\n");
 }
 
 TEST_F(PrintCommandsTest, RunAgainAfterAFailure) {
@@ -229,16 +231,16 @@ TEST_F(PrintCommandsTest, RunAgainAfterAFailure) {
   commands_.Print();
   log_.Clear();
   commands_.Print();
-  EXPECT_EQ(log_.Text(), Filling() + "ledger print\n");
+  EXPECT_EQ(log_.Text(), ReadingTitleFont() + "output print\n");
 }
 
 TEST_F(PrintCommandsTest, TouchNothingOnceTheControlHasEnded) {
-  ledger_.onPreview = [&] {
-    ledger_.appearance.font = KaiTi();
+  output_.onPreview = [&](PrintDocument&) {
+    document_.font = KaiTi();
     environment_.lifetime.End();
   };
   commands_.Preview();
-  EXPECT_EQ(log_.Text(), Filling() + "ledger preview\n");
+  EXPECT_EQ(log_.Text(), ReadingTitleFont() + "output preview\n");
   log_.Clear();
   commands_.Preview();
   commands_.Print();
@@ -247,36 +249,36 @@ TEST_F(PrintCommandsTest, TouchNothingOnceTheControlHasEnded) {
 }
 
 TEST_F(PrintCommandsTest, ShowNoFailureOnceTheControlHasEnded) {
-  ledger_.onPreview = [&] {
+  output_.onPreview = [&](PrintDocument&) {
     environment_.lifetime.End();
     throw AutomationError(ErrorNumber::Unspecified, u"late");
   };
   commands_.Preview();
-  EXPECT_EQ(log_.Text(), Filling() + "ledger preview\n");
+  EXPECT_EQ(log_.Text(), ReadingTitleFont() + "output preview\n");
 }
 
 TEST_F(PrintCommandsTest, ApplyAndStoreAChosenFont) {
   dialog_.chosen = KaiTi();
   commands_.ChooseDisplayFont(dialog_);
   EXPECT_EQ(log_.Text(), "dialog 宋体 9.0 flags 515\n" + TakingKaiTi());
-  EXPECT_EQ(ledger_.appearance.font, KaiTi());
+  EXPECT_EQ(document_.font, KaiTi());
 }
 
 TEST_F(PrintCommandsTest, ChangeNothingWhenTheChoiceIsCancelled) {
   dialog_.chosen = KaiTi();
   dialog_.error = kDialogCancelled;
-  const Font before = ledger_.appearance.font;
+  const Font before = document_.font;
   commands_.ChooseDisplayFont(dialog_);
   EXPECT_EQ(log_.Text(), "dialog 宋体 9.0 flags 515\n");
-  EXPECT_EQ(ledger_.appearance.font, before);
+  EXPECT_EQ(document_.font, before);
 }
 
 TEST_F(PrintCommandsTest, ChangeNothingForAFontWithoutName) {
   dialog_.chosen = {u"", 20, true, true};
-  const Font before = ledger_.appearance.font;
+  const Font before = document_.font;
   commands_.ChooseDisplayFont(dialog_);
   EXPECT_EQ(log_.Text(), "dialog 宋体 9.0 flags 515\n");
-  EXPECT_EQ(ledger_.appearance.font, before);
+  EXPECT_EQ(document_.font, before);
 }
 
 TEST_F(PrintCommandsTest, ReportADialogThatFails) {
@@ -291,10 +293,10 @@ TEST_F(PrintCommandsTest, ReportADialogThatFails) {
 TEST_F(PrintCommandsTest, ChooseNothingOnceTheControlHasEnded) {
   dialog_.chosen = KaiTi();
   dialog_.onShow = [&] { environment_.lifetime.End(); };
-  const Font before = ledger_.appearance.font;
+  const Font before = document_.font;
   commands_.ChooseDisplayFont(dialog_);
   EXPECT_EQ(log_.Text(), "dialog 宋体 9.0 flags 515\n");
-  EXPECT_EQ(ledger_.appearance.font, before);
+  EXPECT_EQ(document_.font, before);
 }
 
 }  // namespace

@@ -35,7 +35,7 @@ TEST_F(Dispatch, PrintsFromTheBarWithoutAskingForTheRight) {
     world_.log.Clear();
     Click(key);
     EXPECT_EQ(world_.log.Text().find("AccessCheck"), std::string::npos) << world_.log.Text();
-    EXPECT_EQ(world_.log.Count(key == u"iPrint" ? "ledger print" : "ledger preview"), 1u)
+    EXPECT_EQ(world_.log.Count(key == u"iPrint" ? "output print" : "output preview"), 1u)
         << world_.log.Text();
   }
 }

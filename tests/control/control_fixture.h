@@ -10,7 +10,7 @@
 
 #include "control/price_down.h"
 #include "tests/browser/browser_fixture.h"
-#include "tests/browser/recording_ledger.h"
+#include "tests/browser/recording_output.h"
 #include "tests/control/button.h"
 #include "tests/control/recording_control_views.h"
 
@@ -45,7 +45,7 @@ class ControlWorld {
   void Create() {
     control = std::make_unique<PriceDown>(
         PriceDownPorts{factory, state, questions, screen, container, view, treeView, fontView,
-                       u"Host", factory.NewObject(u"form"), editor, ledger, hold});
+                       u"Host", factory.NewObject(u"form"), editor, output, hold});
   }
   void CreateAndInitialize() {
     Create();
@@ -86,7 +86,7 @@ class ControlWorld {
   Environment formEnvironment{factory, state, questions, screen, u"Host"};
   RecordingEditor editor{formEnvironment, factory.GetRecorder(), log};
   std::function<std::shared_ptr<void>()> hold;
-  RecordingLedger ledger{factory.GetRecorder()};
+  RecordingOutput output{factory.GetRecorder()};
   std::unique_ptr<PriceDown> control;
 
  private:

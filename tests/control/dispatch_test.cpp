@@ -26,9 +26,9 @@ TEST_F(Dispatch, RunsACommandWithItsOwnRightOnly) {
     return FailureOf([&] { Control().CommandChosen(Button(key)); });
   };
   EXPECT_EQ(run(u"Print", "32768"), "");
-  EXPECT_EQ(world_.log.Count("ledger print"), 1u);
+  EXPECT_EQ(world_.log.Count("output print"), 1u);
   EXPECT_EQ(run(u"PrintView", "32768"), "");
-  EXPECT_EQ(world_.log.Count("ledger preview"), 1u);
+  EXPECT_EQ(world_.log.Count("output preview"), 1u);
   EXPECT_EQ(run(u"Add", "131072"), "");
   EXPECT_EQ(world_.log.Count("editor show mode 1 \"\""), 1u);
   EXPECT_EQ(run(u"Edit", "4194304"), "");

@@ -1,4 +1,4 @@
-// Preview and print as hosts and users reach them, on a control with a print control.
+// Preview and print as hosts and users reach them.
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -12,9 +12,12 @@ namespace {
 
 class Printing : public Dispatch {
  protected:
-  // The ledger's calls for the two items of class 01.
-  static std::string Filling() {
-    return FillingLedger("宋体 134", {"01.001|螺栓|M8||", "01.002|螺母|M10||"});
+  // The two items of class 01.
+  static std::string List() {
+    return PrintedList("宋体 134", Lines(R"(
+        row "01.001" "螺栓" "M8" ""
+        row "01.002" "螺母" "M10" ""
+        )"));
   }
   static void ClickOnBar(PriceDown& control, std::u16string_view name) {
     const std::shared_ptr<CommandBar> bar = control.Bar();
@@ -26,41 +29,45 @@ class Printing : public Dispatch {
 TEST_F(Printing, ShowsAPreviewOfTheGrid) {
   Start();
   EXPECT_EQ(Control().PreviewPara(), Value());
-  EXPECT_EQ(world_.log.Text(), Filling() + "ledger preview\n");
+  EXPECT_EQ(world_.log.Text(), ReadingTitleFont() + "output preview\n");
+  EXPECT_EQ(world_.output.printed, List());
 }
 
 TEST_F(Printing, PrintsTheGrid) {
   Start();
   EXPECT_EQ(Control().PrintPara(), Value());
-  EXPECT_EQ(world_.log.Text(), Filling() + "ledger print\n");
+  EXPECT_EQ(world_.log.Text(), ReadingTitleFont() + "output print\n");
+  EXPECT_EQ(world_.output.printed, List());
 }
 
 TEST_F(Printing, RunsFromTheStripAfterTheRightsCheckAndReloads) {
   Start();
   for (const auto& [key, call] :
-       {std::pair{u"Print", "ledger print\n"}, std::pair{u"PrintView", "ledger preview\n"}}) {
+       {std::pair{u"Print", "output print\n"}, std::pair{u"PrintView", "output preview\n"}}) {
     world_.log.Clear();
     Control().CommandChosen(Button(key));
-    EXPECT_EQ(world_.log.Text(),
-              "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 32768)\n" + Filling() + call + Reload());
+    EXPECT_EQ(world_.log.Text(), "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 32768)\n" +
+                                     ReadingTitleFont() + call + Reload());
   }
 }
 
-TEST_F(Printing, DoesNotUseTheLedgerWithoutTheRight) {
+TEST_F(Printing, PrintsNothingWithoutTheRight) {
   Start();
   world_.company.grantedMasks = "none";
   Control().CommandChosen(Button(u"Print"));
   Control().CommandChosen(Button(u"PrintView"));
-  EXPECT_EQ(world_.log.Text().find("ledger"), std::string::npos) << world_.log.Text();
+  EXPECT_EQ(world_.log.Text().find("output"), std::string::npos) << world_.log.Text();
 }
 
 TEST_F(Printing, AnswersTheBar) {
   Start();
   Click(u"iPrint");
-  EXPECT_EQ(world_.log.Text(), "tool.Name()\n" + Filling() + "ledger print\nrelease tool\n");
+  EXPECT_EQ(world_.log.Text(),
+            "tool.Name()\n" + ReadingTitleFont() + "output print\nrelease tool\n");
   world_.log.Clear();
   Click(u"iPrintPreView");
-  EXPECT_EQ(world_.log.Text(), "tool.Name()\n" + Filling() + "ledger preview\nrelease tool\n");
+  EXPECT_EQ(world_.log.Text(),
+            "tool.Name()\n" + ReadingTitleFont() + "output preview\nrelease tool\n");
 }
 
 TEST_F(Printing, WorksWhereTheClassCommandsAreDisabled) {
@@ -71,38 +78,37 @@ TEST_F(Printing, WorksWhereTheClassCommandsAreDisabled) {
   Control().CommandChosen(Button(u"Print"));
   Control().CommandChosen(Button(u"PrintView"));
   Click(u"iPrint");
-  EXPECT_EQ(world_.log.Count("ledger print"), 2u);
-  EXPECT_EQ(world_.log.Count("ledger preview"), 1u);
-  EXPECT_EQ(world_.log.Count("ledger row 3 \"01.002|螺母|M10||\""), 3u) << world_.log.Text();
+  EXPECT_EQ(world_.log.Count("output print"), 2u);
+  EXPECT_EQ(world_.log.Count("output preview"), 1u);
+  EXPECT_EQ(world_.output.printed, List());
 }
 
 TEST_F(Printing, ReportsAFailureToTheUserOnly) {
   Start();
-  world_.factory.FailCall(11);
+  world_.output.onPrint = [] { throw AutomationError(kInjectedFailure, u"卡纸"); };
   EXPECT_EQ(FailureOf([&] { Control().PrintPara(); }), "");
-  const std::string text = world_.log.Text();
-  EXPECT_TRUE(text.find("ledger clear fails\ntell information \"岚禾提示\": ") != std::string::npos)
-      << text;
-  EXPECT_EQ(text.find("ledger rows"), std::string::npos) << text;
+  EXPECT_EQ(world_.log.Lines().back(), "tell information \"岚禾提示\": \"卡纸\"");
 }
 
-TEST_F(Printing, RestoresAStoredFontOnTheLedger) {
+TEST_F(Printing, PrintsInAKeptFont) {
   world_.company.gridFont = u"FontName=楷体|FontSize=12|FontBold=True|FontItalic=False";
   Start();
-  EXPECT_EQ(world_.ledger.appearance.font, (Font{u"楷体", 12, true, false}));
+  Control().PrintPara();
+  EXPECT_EQ(world_.output.font, (Font{u"楷体", 12, true, false}));
 }
 
-TEST_F(Printing, SetsTheReportSizeOfTheLedger) {
+TEST_F(Printing, PrintsInTheReportSize) {
   world_.company.reportSize = u"18";
   world_.fontView.labelHeight = 450;
   Start();
-  EXPECT_EQ(world_.ledger.appearance.font.size, 18);
-  EXPECT_EQ(world_.ledger.appearance.rowHeight, 480);
+  Control().PrintPara();
+  EXPECT_EQ(world_.output.font.size, 18);
+  EXPECT_EQ(world_.output.rowHeight, 480);
 }
 
 TEST_F(Printing, ShowsAFontChangedInThePreviewAtOnceAndStoresIt) {
   Start();
-  world_.ledger.onPreview = [&] { world_.ledger.appearance.font = {u"楷体", 12, true, false}; };
+  world_.output.onPreview = [](PrintDocument& document) { document.font = {u"楷体", 12, true}; };
   Control().PreviewPara();
   EXPECT_EQ(Control().ItemCells().CellFont(), (Font{u"楷体", 12, true, false}));
   EXPECT_EQ(world_.log.Count("font tree 楷体 12.0 bold"), 1u);
@@ -114,8 +120,8 @@ TEST_F(Printing, ShowsAFontChangedInThePreviewAtOnceAndStoresIt) {
 
 TEST_F(Printing, LeavesAControlAloneThatEndedDuringThePreview) {
   Start();
-  world_.ledger.onPreview = [&] {
-    world_.ledger.appearance.font.size = 20;
+  world_.output.onPreview = [&](PrintDocument& document) {
+    document.font.size = 20;
     Control().ItemCells().Attach(nullptr);
     Control().Terminate();
     world_.log.Clear();
@@ -130,10 +136,10 @@ TEST_F(Printing, SurvivesAHostThatReleasesItDuringThePreview) {
   Start();
   host = std::move(world_.control);
   PriceDown* const control = host.get();
-  world_.ledger.onPreview = [&] {
+  world_.output.onPreview = [&](PrintDocument& document) {
     control->ItemCells().Attach(nullptr);
     host.reset();
-    world_.ledger.appearance.font.size = 20;
+    document.font.size = 20;
   };
   // The last reference goes when the click returns.
   ClickOnBar(*control, u"iPrintPreView");
@@ -149,7 +155,7 @@ TEST_F(Printing, SurvivesAHostThatReleasesItWhileItPrints) {
   PriceDown* const control = host.get();
   const std::weak_ptr<PriceDown> watch = host;
   bool alive = false;
-  world_.ledger.onPrint = [&] {
+  world_.output.onPrint = [&] {
     control->ItemCells().Attach(nullptr);
     host.reset();
     alive = !watch.expired();

@@ -24,9 +24,9 @@ class RecordingPriceDownView : public PriceDownView {
   explicit RecordingPriceDownView(RecorderPtr recorder) : recorder_(std::move(recorder)) {}
 
   void SetTitle(std::u16string_view text) override { Log("view title " + Quoted(text)); }
-  void SetTitleFont(std::u16string_view name, std::int32_t charset, double points) override {
-    Log("view title font " + Quoted(name) + " " + std::to_string(charset) + " " +
-        Readable(Value(points)));
+  void SetTitleFont(const Font& font) override {
+    Log("view title font " + Quoted(font.name) + " " + std::to_string(font.charset) + " " +
+        Readable(Value(font.size)));
   }
   void SetPeriod(std::u16string_view text) override { Log("view period " + Quoted(text)); }
   void DisableButton(const Command& command) override {

@@ -96,7 +96,7 @@ TEST_F(Termination, KeepsTheLedgerObjectsForTheRemainingControls) {
   Start();
   auto other = std::make_unique<PriceDown>(PriceDownPorts{
       world_.factory, world_.state, world_.questions, world_.screen, world_.container, world_.view,
-      world_.treeView, world_.fontView, u"Host", nullptr, world_.editor, world_.ledger});
+      world_.treeView, world_.fontView, u"Host", nullptr, world_.editor, world_.output});
   EXPECT_EQ(world_.state.controls, 2);
   world_.state.ledgerView = world_.factory.NewObject(u"form");
   world_.control.reset();

@@ -75,7 +75,7 @@ TEST_F(Language, LeavesTheBuiltInTextsWithoutAPropertiesString) {
 
 TEST_F(Language, ReadsTheTitleFont) {
   SetProperties(factory, u"LANGUAGE=cht");
-  const FontProperties font = ReadFontProperties(factory);
+  const Font font = ReadFontProperties(factory);
   EXPECT_EQ(Utf8(font.name), "新細明體");
   EXPECT_EQ(font.charset, 136);
   EXPECT_EQ(log.Text(), Lines(R"(
@@ -103,7 +103,7 @@ TEST_F(Language, TreatsMissingFontPropertiesAsUndecided) {
   SetProperties(other, u"LANGUAGE=en");
   other.Object(kResources).On(u"GetQ7FontProps", other.Answering(u"font"));
   other.Object(u"font").On(u"", Reply(Null{}));
-  const FontProperties font = ReadFontProperties(other);
+  const Font font = ReadFontProperties(other);
   EXPECT_TRUE(font.name.empty());
   EXPECT_EQ(font.charset, 1);
 }

@@ -37,7 +37,7 @@ const Kind kKinds[] = {
        world.recorder->FailCall(n);
      },
      [](FaultWorld& world) { return world.recorder->CallCount() - counted; }, 1'000},
-    {"calls to windows, user and ledger",
+    {"calls to windows, user and print output",
      [](FaultWorld& world, int n) {
        counted = world.windows->CallCount();
        world.windows->FailCall(n);
@@ -138,7 +138,7 @@ TEST_P(FaultPoints, LeaveNothingBroken) {
 INSTANTIATE_TEST_SUITE_P(Operations, FaultPoints, ::testing::ValuesIn(Operations()),
                          [](const auto& test) { return test.param.name; });
 
-// Two failures at once: no memory to keep the ledger's message.
+// Two failures at once: no memory to keep the message.
 TEST(PrintFailure, ThatCannotBeCopiedLeavesPrintingAlive) {
   FaultWorld world;
   world.ResetCompany();
@@ -146,7 +146,7 @@ TEST(PrintFailure, ThatCannotBeCopiedLeavesPrintingAlive) {
   world.Select(u"A1");
   const auto failure = std::make_exception_ptr(
       AutomationError(pricedown::ErrorNumber::Unspecified, std::u16string(200, u'纸')));
-  world.paper->onPreview = [&] {
+  world.paper->onPreview = [&](pricedown::PrintDocument&) {
     FailAllocation(1);
     std::rethrow_exception(failure);
   };

@@ -26,7 +26,7 @@ void FaultWorld::ResetCompany() {
 }
 
 void FaultWorld::OpenControl() {
-  auto fresh = std::make_unique<CountedLedger>(windows);
+  auto fresh = std::make_unique<CountedOutput>(windows);
   control = std::make_unique<pricedown::PriceDown>(
       pricedown::PriceDownPorts{factory, state, questions, screen, container, window, treeView,
                                 fontView, u"Host", nullptr, editor, *fresh});
@@ -74,9 +74,8 @@ void RemoveItems(FaultWorld& world) {
   world.Command(u"Edit", [&] {
     // As many of them as were copied into the list.
     std::vector<std::int32_t> rows{2, 3};
-    std::erase_if(rows, [&](std::int32_t row) {
-      return row > world.editor.list.Rows().Items() + 1;
-    });
+    std::erase_if(rows,
+                  [&](std::int32_t row) { return row > world.editor.list.Rows().Items() + 1; });
     world.Remove(rows);
     world.editor.Click(FormTool::Save);
   });
@@ -93,7 +92,7 @@ void Delete(FaultWorld& world, bool answer) {
 }
 
 void ChangeFontInPreview(FaultWorld& world) {
-  world.paper->onPreview = [&] { world.paper->Appearance().font.size = 14; };
+  world.paper->onPreview = [](pricedown::PrintDocument& document) { document.font.size = 14; };
   world.control->PreviewPara();
 }
 

@@ -10,32 +10,18 @@
 
 namespace workbench {
 
-// A ledger whose calls can fail like those of a window.
-class CountedLedger : public pricedown::testing::PageKeeper {
+// An output whose calls can fail like those of a window.
+class CountedOutput : public pricedown::testing::PageKeeper {
  public:
-  explicit CountedLedger(pricedown::testing::RecorderPtr recorder)
+  explicit CountedOutput(pricedown::testing::RecorderPtr recorder)
       : recorder_(std::move(recorder)) {}
-  void SetLineTypeface(const pricedown::LineTypeface& typeface) override {
-    recorder_->QuietCall("ledger lines", u"ledger");
-    PageKeeper::SetLineTypeface(typeface);
+  void Preview(pricedown::PrintDocument& document) override {
+    recorder_->QuietCall("output preview", u"output");
+    PageKeeper::Preview(document);
   }
-  void SetHeaderLine(std::int32_t line, std::u16string_view text,
-                     const pricedown::LineFont& font) override {
-    recorder_->QuietCall("ledger header", u"ledger");
-    PageKeeper::SetHeaderLine(line, text, font);
-  }
-  void SetFooterLine(std::int32_t line, std::u16string_view text,
-                     const pricedown::LineFont& font) override {
-    recorder_->QuietCall("ledger footer", u"ledger");
-    PageKeeper::SetFooterLine(line, text, font);
-  }
-  void Preview() override {
-    recorder_->QuietCall("ledger preview", u"ledger");
-    PageKeeper::Preview();
-  }
-  void Print() override {
-    recorder_->QuietCall("ledger print", u"ledger");
-    PageKeeper::Print();
+  void Print(const pricedown::PrintDocument& document) override {
+    recorder_->QuietCall("output print", u"output");
+    PageKeeper::Print(document);
   }
 
  private:
@@ -70,7 +56,7 @@ class FaultWorld : public ControlOnCompany {
   using ControlOnCompany::state;
   using ControlOnCompany::Type;
   using ControlOnCompany::windows;
-  std::unique_ptr<CountedLedger> paper;
+  std::unique_ptr<CountedOutput> paper;
 };
 
 struct Operation {

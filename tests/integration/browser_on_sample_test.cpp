@@ -51,7 +51,7 @@ class BrowserOnSample : public ::testing::Test {
     container_.caption = caption;
     control_ = std::make_unique<PriceDown>(PriceDownPorts{factory_, state_, questions_, screen_,
                                                           container_, view_, treeView_, fontView_,
-                                                          u"Host", nullptr, editor_, ledger_});
+                                                          u"Host", nullptr, editor_, output_});
     control_->Initialize();
     EXPECT_TRUE(control_->Show(nullptr));
     return *control_;
@@ -84,7 +84,7 @@ class BrowserOnSample : public ::testing::Test {
   testing::RecordingFontView fontView_{recorder_};
   Environment formEnvironment_{factory_, state_, questions_, screen_, u"Host"};
   testing::RecordingEditor editor_{formEnvironment_, recorder_, log_};
-  testing::PageKeeper ledger_;
+  testing::PageKeeper output_;
   std::unique_ptr<PriceDown> control_;
 };
 
@@ -175,7 +175,7 @@ TEST_F(BrowserOnSample, KeepsItsSelectionUnderItsOwnModeWhileAnotherModeIsOpen) 
     testing::RecordingTreeView tree(recorder_);
     testing::RecordingPriceDownView view(recorder_);
     PriceDown other(PriceDownPorts{factory_, state_, questions_, screen_, container, view, tree,
-                                   fontView_, u"Host", nullptr, editor_, ledger_});
+                                   fontView_, u"Host", nullptr, editor_, output_});
     other.Initialize();
     other.Show(nullptr);
     control_.reset();

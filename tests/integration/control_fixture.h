@@ -35,7 +35,7 @@ class ControlOnCompany : public ClassCompany {
         pricedown::PriceDownPorts{factory, state, questions, screen, container, window, treeView,
                                   fontView, u"Host", nullptr, editor, *paper});
     // The previous control still used the previous one.
-    ledger = std::move(paper);
+    output = std::move(paper);
     control->Initialize();
     control->Show(nullptr);
     log.Clear();
@@ -108,7 +108,7 @@ class ControlOnCompany : public ClassCompany {
   pricedown::ProcessState state;
   pricedown::Environment formEnvironment{factory, state, questions, screen, u"Host"};
   pricedown::testing::RecordingEditor editor{formEnvironment, windows, log};
-  std::unique_ptr<pricedown::testing::PageKeeper> ledger;
+  std::unique_ptr<pricedown::testing::PageKeeper> output;
   std::unique_ptr<pricedown::PriceDown> control;
 };
 

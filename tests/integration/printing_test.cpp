@@ -14,8 +14,8 @@ TEST_F(PrintingOnCompany, PutsTheItemsOfTheSelectedClassOnPaper) {
   Open();
   Select(u"A1");
   control->PrintPara();
-  EXPECT_EQ(ledger->pageCount, 1);
-  EXPECT_EQ(ledger->Texts(), pricedown::testing::Lines(R"(
+  EXPECT_EQ(output->pageCount, 1);
+  EXPECT_EQ(output->Texts(), pricedown::testing::Lines(R"(
       物料类别维护-明细物料
       打印日期：2008-03-31
       第 1 页
@@ -41,7 +41,7 @@ TEST_F(PrintingOnCompany, PrintsAPriceThatWasTypedIntoTheGrid) {
   Select(u"B1");
   control->ItemCells().SetText(4, 2, u"12.5");
   control->PrintPara();
-  const pricedown::PageText& last = ledger->firstPage.texts.back();
+  const pricedown::PageText& last = output->firstPage.texts.back();
   EXPECT_EQ(pricedown::ToUtf8(last.text), "12.5");
   EXPECT_EQ(last.alignment, pricedown::TextAlignment::Right);
 }
@@ -51,24 +51,24 @@ TEST_F(PrintingOnCompany, PrintsOnlyTheTitlesForTheRoot) {
   treeView.selected = 1;
   control->NodeClicked(1);
   control->PrintPara();
-  EXPECT_EQ(ledger->firstPage.texts.size(), 8u) << ledger->Texts();
+  EXPECT_EQ(output->firstPage.texts.size(), 8u) << output->Texts();
 }
 
 TEST_F(PrintingOnCompany, RemembersTheFontOfThePreviewInTheNextControl) {
   Open();
   const pricedown::Font chosen{u"楷体", 12, true, false};
-  ledger->onPreview = [&] { ledger->Appearance().font = chosen; };
+  output->onPreview = [&](pricedown::PrintDocument& document) { document.font = chosen; };
   control->PreviewPara();
-  EXPECT_EQ(ledger->fonts[0].size, 9);
+  EXPECT_EQ(output->fonts[0].size, 9);
   Open();
-  EXPECT_EQ(ledger->Appearance().font, chosen);
   EXPECT_EQ(control->ItemCells().CellFont(), chosen);
   control->PreviewPara();
-  EXPECT_EQ(ledger->fonts[0], (pricedown::PageFont{u"楷体", 12, true, false, false}));
+  EXPECT_EQ(output->fonts[0], chosen);
   // A chosen font takes precedence over the report size.
   pricedown::SaveUserSetting(factory, u"Host", pricedown::kReportFontSizeKey, u"18");
   control->NotifyMessage(u"Activate");
-  EXPECT_EQ(ledger->Appearance().font, chosen);
+  control->PreviewPara();
+  EXPECT_EQ(output->fonts[0], chosen);
 }
 
 }  // namespace

@@ -11,13 +11,10 @@
 namespace pricedown::testing {
 namespace {
 
-LedgerContent Content(const std::vector<std::int32_t>& twips) {
-  LedgerContent content;
-  content.SetColumnCount(static_cast<std::int32_t>(twips.size()));
-  for (std::size_t i = 0; i < twips.size(); ++i) {
-    content.SetColumnWidth(static_cast<std::int32_t>(i + 1), twips[i]);
-  }
-  return content;
+PrintTable Table(const std::vector<std::int32_t>& twips) {
+  PrintTable table;
+  for (const std::int32_t width : twips) table.AddColumn(u"1", width);
+  return table;
 }
 
 struct WidthCase {
@@ -33,7 +30,7 @@ class ColumnWidths : public ::testing::TestWithParam<WidthCase> {};
 TEST_P(ColumnWidths, AreAsRequestedOrNarrowedToOneLimit) {
   const WidthCase& width = GetParam();
   std::vector<Tenths> edges{100};
-  for (const PlacedColumn& column : PlaceColumns(Content(width.twips), 100, width.available)) {
+  for (const PlacedColumn& column : PlaceColumns(Table(width.twips), 100, width.available)) {
     EXPECT_EQ(column.left, edges.back());
     edges.push_back(column.right);
   }
@@ -59,8 +56,8 @@ INSTANTIATE_TEST_SUITE_P(
     CaseName<WidthCase>);
 
 TEST(ColumnLayout, NeedsMoreThanAnyPaperWithoutOverflow) {
-  EXPECT_EQ(WantedWidth(Content({2147483647, 2147483647, 2147483647, 2147483647, 2147483647,
-                                 2147483647, 2147483647})),
+  EXPECT_EQ(WantedWidth(Table({2147483647, 2147483647, 2147483647, 2147483647, 2147483647,
+                               2147483647, 2147483647})),
             7 * 378792254LL);
 }
 
@@ -94,36 +91,30 @@ INSTANTIATE_TEST_SUITE_P(
         NumberCase{"Model", u"M8", false}, NumberCase{"SignBehind", u"5-", false}),
     CaseName<NumberCase>);
 
-// For each column, whether it holds numbers: 1 or 0.
-std::string NumberColumns(const std::vector<std::u16string>& rows) {
-  LedgerContent content = Content({1440, 1440, 1440});
-  content.SetRowCount(static_cast<std::int32_t>(rows.size()));
-  for (std::size_t i = 0; i < rows.size(); ++i) {
-    content.SetRow(static_cast<std::int32_t>(i + 1), rows[i]);
-  }
+// For each column whether it holds numbers: 1 or 0.
+std::string NumberColumns(const std::vector<const char16_t*>& cells) {
+  PrintTable table = Table({1440, 1440, 1440});
+  for (const char16_t* cell : cells) table.AddCell(cell);
   std::string columns;
-  for (const PlacedColumn& column : PlaceColumns(content, 0, 1700)) {
+  for (const PlacedColumn& column : PlaceColumns(table, 0, 1700)) {
     columns += column.holdsNumbers ? '1' : '0';
   }
   return columns;
 }
 
 TEST(ColumnLayout, HoldsNumbersWhereAllTextsAreNumbers) {
-  EXPECT_EQ(NumberColumns({u"code|name|price|", u"1|a|2|", u"2|b|3.5|"}), "101");
+  EXPECT_EQ(NumberColumns({u"1", u"a", u"2", u"2", u"b", u"3.5"}), "101");
 }
 
 TEST(ColumnLayout, HoldsNoNumbersFromTheFirstTextOn) {
-  EXPECT_EQ(NumberColumns({u"1|2|3|", u"1|2|3|", u"1|x|3|", u"1|2|-|"}), "100");
+  EXPECT_EQ(NumberColumns({u"1", u"2", u"3", u"1", u"x", u"3", u"1", u"2", u"-"}), "100");
 }
 
 TEST(ColumnLayout, CountsEmptyCellsAsNeither) {
-  EXPECT_EQ(NumberColumns({u"a|b|c|", u"||1|", u"| |2|", u"|||"}), "001");
+  EXPECT_EQ(NumberColumns({u"", u"", u"1", u"", u" ", u"2", u"", u"", u""}), "001");
 }
 
-TEST(ColumnLayout, IgnoresTheTitles) {
-  EXPECT_EQ(NumberColumns({u"1|2|3|"}), "000");
-  EXPECT_EQ(NumberColumns({}), "000");
-}
+TEST(ColumnLayout, DoesNotCountTheTitles) { EXPECT_EQ(NumberColumns({}), "000"); }
 
 }  // namespace
 }  // namespace pricedown::testing

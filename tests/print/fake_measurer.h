@@ -8,7 +8,7 @@
 
 #include "platform/error.h"
 #include "print/page.h"
-#include "print/page_font.h"
+#include "print/text_measurer.h"
 #include "tests/support/recorder.h"
 #include "tests/support/utf8.h"
 
@@ -18,14 +18,14 @@ namespace pricedown::testing {
 // 18, 36 and 36 tenths for size 9.
 class FakeMeasurer : public TextMeasurer {
  public:
-  Tenths Width(const PageFont& font, std::u16string_view text) override {
+  Tenths Width(const Font& font, std::u16string_view text) override {
     Count();
     longest = std::max(longest, text.size());
     double width = 0;
     for (const char16_t unit : text) width += (unit < 0x80 ? 2 : 4) * font.size;
     return static_cast<Tenths>(width);
   }
-  Tenths LineHeight(const PageFont& font) override {
+  Tenths LineHeight(const Font& font) override {
     Count();
     return static_cast<Tenths>(4 * font.size);
   }
@@ -40,15 +40,16 @@ class FakeMeasurer : public TextMeasurer {
   }
 };
 
-inline std::string Readable(const PageBox& box) {
-  const auto number = [](Tenths value) { return std::to_string(value); };
-  return number(box.left) + "," + number(box.top) + "-" + number(box.right) + "," +
-         number(box.bottom);
+// Left, top, right and bottom edge.
+inline std::string Readable(const Rectangle& box) {
+  return std::to_string(box.left) + "," + std::to_string(box.top) + "-" +
+         std::to_string(box.Right()) + "," + std::to_string(box.Bottom());
 }
 
 // rule 200,372-1900,372
 inline std::string Readable(const PageRule& rule) {
-  return "rule " + Readable(PageBox{rule.left, rule.top, rule.right, rule.bottom});
+  return "rule " +
+         Readable(Rectangle{rule.left, rule.top, rule.right - rule.left, rule.bottom - rule.top});
 }
 
 // text 0 left 210,379 in 210,372-507,422 "01.001"

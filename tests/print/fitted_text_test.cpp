@@ -20,12 +20,13 @@ void PrintTo(const FitCase& fit, std::ostream* stream) { *stream << fit.name; }
 class FittedText : public ::testing::TestWithParam<FitCase> {
  protected:
   FakeMeasurer measurer_;
-  const PageFont font_{u"宋体", 10, false, false, false};  // 20 and 40 wide
+  MadeTexts made_;
+  const Font font_{u"宋体", 10, false, false, false};  // 20 and 40 wide
 };
 
 TEST_P(FittedText, EndsInAnEllipsisWhereItDoesNotFit) {
   const FitCase& fit = GetParam();
-  EXPECT_EQ(Utf8(FitText(measurer_, font_, fit.text, fit.available)), fit.expected);
+  EXPECT_EQ(Utf8(FitText(measurer_, font_, fit.text, fit.available, made_)), fit.expected);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -50,19 +51,26 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(FittedText, MeasuresLittleOfAVeryLongText) {
   const std::u16string text(1000000, u'x');
-  EXPECT_EQ(Utf8(FitText(measurer_, font_, text, 1000)), std::string(48, 'x') + "…");
+  EXPECT_EQ(Utf8(FitText(measurer_, font_, text, 1000, made_)), std::string(48, 'x') + "…");
   EXPECT_LE(measurer_.calls, 12);
   EXPECT_LE(measurer_.longest, 64u);
 }
 
 TEST_F(FittedText, KeepsAVeryLongTextThatFits) {
   const std::u16string text(100000, u'x');
-  EXPECT_EQ(FitText(measurer_, font_, text, 2000000), text);
+  EXPECT_EQ(FitText(measurer_, font_, text, 2000000, made_), text);
+}
+
+TEST_F(FittedText, CopiesNothingOfATextThatFitsAsItIs) {
+  const std::u16string text = u"六角螺栓";
+  EXPECT_EQ(FitText(measurer_, font_, text, 200, made_).data(), text.data());
+  EXPECT_TRUE(made_.empty());
+  EXPECT_EQ(measurer_.calls, 1);
 }
 
 TEST_F(FittedText, PropagatesAFailingMeasurement) {
   measurer_.failingCall = 1;
-  EXPECT_THROW(FitText(measurer_, font_, u"abc", 100), AutomationError);
+  EXPECT_THROW(FitText(measurer_, font_, u"abc", 100, made_), AutomationError);
 }
 
 }  // namespace

@@ -13,10 +13,9 @@ class PageLines : public ::testing::Test {
  protected:
   // The line on a box of 1000 tenths, or up to `right`, in size 10: 20 and 40 wide.
   std::string Placed(std::u16string_view text, Tenths right = 1100) {
-    std::vector<PageText> texts;
-    PlaceLine(text, fields_, measurer_, {u"宋体", 10, false, false, false}, 3, {100, 50, right, 90},
-              texts);
-    return ReadableLines(texts);
+    Page page;
+    PlaceLine(text, fields_, measurer_, {u"宋体", 10}, 3, {100, 50, right - 100, 40}, page);
+    return ReadableLines(page.texts);
   }
 
   FakeMeasurer measurer_;

@@ -16,7 +16,7 @@ class Preview : public ::testing::Test {
     state_.SetPages(10, {2540, 5080, {}});
   }
   std::string Box() const {
-    const PreviewBox box = state_.PaperBox();
+    const Rectangle box = state_.PaperBox();
     return std::to_string(box.left) + "," + std::to_string(box.top) + " " +
            std::to_string(box.width) + "x" + std::to_string(box.height);
   }

@@ -2,6 +2,7 @@
 #include "windows/base/fonts.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "windows/base/system_functions.h"
 #include "windows/com/failure.h"
@@ -9,15 +10,6 @@
 
 namespace pricedown::windows {
 namespace {
-
-LOGFONTW Describe(std::u16string_view name, BYTE charset, double points, Dpi dpi) {
-  LOGFONTW description{};
-  description.lfHeight = dpi.FontHeight(points);
-  description.lfWeight = FW_NORMAL;
-  description.lfCharSet = charset;
-  CopyWide(name.substr(0, LF_FACESIZE - 1), description.lfFaceName);
-  return description;
-}
 
 FontHandle Make(const LOGFONTW& description) {
   FontHandle font(CreateFontIndirectW(&description));
@@ -40,26 +32,32 @@ LOGFONTW MessageFont(Dpi dpi) {
     font.lfHeight = MulDiv(font.lfHeight, dpi.Value(), Dpi::Of(nullptr).Value());
     return font;
   }
-  return Describe(u"MS Shell Dlg 2", DEFAULT_CHARSET, 9, dpi);
+  return DescribeFont({u"MS Shell Dlg 2"}, dpi.Value());
 }
 
 }  // namespace
 
-BYTE CharsetOf(std::u16string_view name) {
+LOGFONTW DescribeFont(const Font& font, double dotsPerInch) {
+  LOGFONTW description{};
+  const auto height = static_cast<LONG>(std::lround(font.size * dotsPerInch / kPointsPerInch));
+  description.lfHeight = -std::max<LONG>(height, 1);
+  description.lfWeight = font.bold ? FW_BOLD : FW_NORMAL;
+  description.lfItalic = font.italic ? TRUE : FALSE;
+  description.lfUnderline = font.underlined ? TRUE : FALSE;
+  description.lfCharSet = CharsetOf(font);
+  CopyWide(std::u16string_view(font.name).substr(0, LF_FACESIZE - 1), description.lfFaceName);
+  return description;
+}
+
+BYTE CharsetOf(const Font& font) {
+  if (font.charset != kAnyCharset) return static_cast<BYTE>(font.charset);
   const bool chinese =
-      std::any_of(name.begin(), name.end(), [](char16_t unit) { return unit > 0x7F; });
+      std::any_of(font.name.begin(), font.name.end(), [](char16_t unit) { return unit > 0x7F; });
   return chinese ? GB2312_CHARSET : DEFAULT_CHARSET;
 }
 
-FontHandle MakeFont(const Font& font, Dpi dpi) {
-  LOGFONTW description = Describe(font.name, CharsetOf(font.name), font.size, dpi);
-  if (font.bold) description.lfWeight = FW_BOLD;
-  if (font.italic) description.lfItalic = TRUE;
-  return Make(description);
-}
-
-FontHandle MakeFont(std::u16string_view name, std::int32_t charset, double points, Dpi dpi) {
-  return Make(Describe(name, static_cast<BYTE>(charset), points, dpi));
+FontHandle MakeFont(const Font& font, double dotsPerInch) {
+  return Make(DescribeFont(font, dotsPerInch));
 }
 
 FontHandle MakeMessageFont(Dpi dpi) { return Make(MessageFont(dpi)); }

@@ -14,13 +14,16 @@ namespace pricedown::windows {
 
 using FontHandle = GdiObject<HFONT>;
 
-// A font by its name, at most 31 characters of it. Names in Chinese ask for the Chinese
-// character set, so that a system without that font finds another one that has the characters.
-FontHandle MakeFont(const Font& font, Dpi dpi);
-FontHandle MakeFont(std::u16string_view name, std::int32_t charset, double points, Dpi dpi);
+// A font by its name, at most 31 characters of it, one pixel high or more. Throws AutomationError.
+FontHandle MakeFont(const Font& font, double dotsPerInch);
+inline FontHandle MakeFont(const Font& font, Dpi dpi) { return MakeFont(font, dpi.Value()); }
 
-// The character set to ask for with a font's name.
-BYTE CharsetOf(std::u16string_view name);
+// What MakeFont asks the system for.
+LOGFONTW DescribeFont(const Font& font, double dotsPerInch);
+
+// The character set to ask for: for kAnyCharset and a Chinese name the Chinese one, so that a
+// system without that font finds another one that has the characters.
+BYTE CharsetOf(const Font& font);
 
 // The font that the user's system shows messages in.
 FontHandle MakeMessageFont(Dpi dpi);

@@ -70,10 +70,9 @@ void ControlChildren::ListCaptions() {
 }
 
 void ControlChildren::MakeFonts(Dpi dpi) {
-  const TitleFont& wanted = titleDescription;
-  FontHandle forTitle = wanted.name.empty()
-                            ? MakeMessageFont(wanted.points, dpi)
-                            : MakeFont(wanted.name, wanted.charset, wanted.points, dpi);
+  const Font& wanted = titleDescription;
+  FontHandle forTitle =
+      wanted.name.empty() ? MakeMessageFont(wanted.size, dpi) : MakeFont(wanted, dpi);
   FontHandle forTexts = MakeMessageFont(dpi);
   GiveFont(title.Handle(), forTitle.Get());
   for (const BoundWindow* window : std::initializer_list<const BoundWindow*>{

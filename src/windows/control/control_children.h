@@ -30,12 +30,6 @@ using Clock = std::chrono::steady_clock;
 // Work that takes longer shows the progress bar.
 inline constexpr Clock::duration kLongWork = std::chrono::milliseconds(300);
 
-struct TitleFont {
-  std::u16string name;  // empty for the system's
-  std::int32_t charset = DEFAULT_CHARSET;
-  double points = 18;
-};
-
 inline std::vector<const Command*> Buttons() {
   const auto rows = CommandsOn(surface::kToolStrip);
   return {rows.begin(), rows.end()};
@@ -63,7 +57,7 @@ struct ControlChildren {
   HINSTANCE module;
   VisualStyles styles;
   // Before the windows that show them, so that they outlive those.
-  TitleFont titleDescription;
+  Font titleDescription{u"", 18};  // without a name the system's
   FontHandle titleFont;
   FontHandle textFont;
   FontHandle labelFont;

@@ -83,13 +83,10 @@ void ControlWindow::SetTitle(std::u16string_view text) {
   GiveText(children_->title.Handle(), text);
 }
 
-void ControlWindow::SetTitleFont(std::u16string_view name, std::int32_t charset, double points) {
-  TitleFont& title = children_->titleDescription;
-  title.points = points;
-  if (!name.empty()) {
-    title.name = name;
-    title.charset = charset;
-  }
+void ControlWindow::SetTitleFont(const Font& font) {
+  Font& title = children_->titleDescription;
+  title.size = font.size;
+  if (!font.name.empty()) title = font;
   children_->MakeFonts(Dpi::Of(Handle()));
 }
 

@@ -72,7 +72,7 @@ class ControlWindow final : public PriceDownView,
 
   // PriceDownView
   void SetTitle(std::u16string_view text) override;
-  void SetTitleFont(std::u16string_view name, std::int32_t charset, double points) override;
+  void SetTitleFont(const Font& font) override;
   void SetPeriod(std::u16string_view text) override;
   void DisableButton(const Command& command) override;
   void CopyCells() override;

@@ -45,13 +45,8 @@ void TakeInstalledName(LOGFONTW& description) {
 }
 
 LOGFONTW Describe(const Font& font) {
-  LOGFONTW description{};
-  // The dialog takes the screen's resolution, whatever the window's is.
-  description.lfHeight = Dpi::Of(nullptr).FontHeight(font.size);
-  description.lfWeight = font.bold ? FW_BOLD : FW_NORMAL;
-  description.lfItalic = font.italic ? TRUE : FALSE;
-  description.lfCharSet = CharsetOf(font.name);
-  CopyWide(std::u16string_view(font.name).substr(0, LF_FACESIZE - 1), description.lfFaceName);
+  // The dialog uses the screen's resolution, whatever the window's is.
+  LOGFONTW description = DescribeFont(font, Dpi::Of(nullptr).Value());
   TakeInstalledName(description);
   return description;
 }

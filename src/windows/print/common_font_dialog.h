@@ -1,12 +1,11 @@
-// The system's font dialog as the browser's font choice uses it.
-// What the chosen font is given to is its caller's.
+// The system's font dialog.
 #pragma once
 
 #include <windows.h>
 
 #include <functional>
 
-#include "browser/print_commands.h"
+#include "print/font_dialog.h"
 #include "windows/base/command_window.h"
 
 namespace pricedown::windows {

@@ -22,35 +22,20 @@ Tenths RoundedUp(int hundredths) { return (hundredths + kPerTenth - 1) / kPerTen
 
 }  // namespace
 
-FontHandle MakePageFont(const PageFont& font, double dotsPerInch) {
-  LOGFONTW description{};
-  const auto height = static_cast<LONG>(std::lround(font.size * dotsPerInch / kPointsPerInch));
-  description.lfHeight = -std::max<LONG>(height, 1);
-  description.lfWeight = font.bold ? FW_BOLD : FW_NORMAL;
-  description.lfItalic = font.italic ? TRUE : FALSE;
-  description.lfUnderline = font.underlined ? TRUE : FALSE;
-  description.lfCharSet =
-      font.charset == kAnyCharset ? CharsetOf(font.name) : static_cast<BYTE>(font.charset);
-  CopyWide(std::u16string_view(font.name).substr(0, LF_FACESIZE - 1), description.lfFaceName);
-  FontHandle handle(CreateFontIndirectW(&description));
-  if (!handle) ThrowLastError();
-  return handle;
-}
-
-const DeviceMeasurer::MeasuredFont& DeviceMeasurer::Find(const PageFont& font) {
+const DeviceMeasurer::MeasuredFont& DeviceMeasurer::Find(const Font& font) {
   for (const MeasuredFont& known : fonts_) {
     if (known.font == font) return known;
   }
   if (context_ == nullptr) context_.reset(CreateCompatibleDC(nullptr));
   if (context_ == nullptr) ThrowLastError();
-  MeasuredFont measured{font, MakePageFont(font, kMeasuringResolution), {}};
+  MeasuredFont measured{font, MakeFont(font, kMeasuringResolution), {}};
   const Selected selected(context_.get(), measured.handle.Get());
   if (GetTextMetricsW(context_.get(), &measured.metrics) == FALSE) ThrowLastError();
   if (fonts_.size() == kMostFonts) fonts_.clear();
   return fonts_.emplace_back(std::move(measured));
 }
 
-std::span<const int> DeviceMeasurer::Ends(const PageFont& font, std::u16string_view text) {
+std::span<const int> DeviceMeasurer::Ends(const Font& font, std::u16string_view text) {
   ends_.resize(text.size());
   if (text.empty()) return ends_;
   const MeasuredFont& measured = Find(font);
@@ -65,15 +50,15 @@ std::span<const int> DeviceMeasurer::Ends(const PageFont& font, std::u16string_v
   return ends_;
 }
 
-Tenths DeviceMeasurer::Width(const PageFont& font, std::u16string_view text) {
+Tenths DeviceMeasurer::Width(const Font& font, std::u16string_view text) {
   const std::span<const int> ends = Ends(font, text);
   return ends.empty() ? 0 : RoundedUp(ends.back());
 }
 
-Tenths DeviceMeasurer::LineHeight(const PageFont& font) {
+Tenths DeviceMeasurer::LineHeight(const Font& font) {
   return RoundedUp(Find(font).metrics.tmHeight);
 }
 
-int DeviceMeasurer::Ascent(const PageFont& font) { return Find(font).metrics.tmAscent; }
+int DeviceMeasurer::Ascent(const Font& font) { return Find(font).metrics.tmAscent; }
 
 }  // namespace pricedown::windows

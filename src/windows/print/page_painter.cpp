@@ -12,7 +12,6 @@
 namespace pricedown::windows {
 namespace {
 
-constexpr double kTenthsPerInch = 254;
 constexpr double kHundredthsPerTenth = 10;
 constexpr double kRuleThickness = 1.5;  // tenths
 constexpr COLORREF kInk = RGB(0, 0, 0);
@@ -57,7 +56,7 @@ double ShareBefore(TextAlignment alignment) {
 
 }  // namespace
 
-void PagePainter::Paint(HDC context, const Page& page, std::span<const PageFont> fonts,
+void PagePainter::Paint(HDC context, const Page& page, std::span<const Font> fonts,
                         const PageScale& scale) {
   const SavedDc saved(context);
   SetInk(context);
@@ -68,13 +67,13 @@ void PagePainter::Paint(HDC context, const Page& page, std::span<const PageFont>
   }
 }
 
-HFONT PagePainter::FontOf(const PageFont& font, double down) {
+HFONT PagePainter::FontOf(const Font& font, double down) {
   if (down != down_) fonts_.clear();
   down_ = down;
   for (const ScaledFont& known : fonts_) {
     if (known.font == font) return known.handle.Get();
   }
-  fonts_.push_back({font, MakePageFont(font, down * kTenthsPerInch)});
+  fonts_.push_back({font, MakeFont(font, down * kTenthsPerInch)});
   return fonts_.back().handle.Get();
 }
 
@@ -90,7 +89,7 @@ void PagePainter::PaintRule(HDC context, HBRUSH brush, const PageRule& rule,
   if (FillRect(context, &area, brush) == 0) ThrowLastError();
 }
 
-void PagePainter::PaintText(HDC context, const PageText& text, const PageFont& font,
+void PagePainter::PaintText(HDC context, const PageText& text, const Font& font,
                             const PageScale& scale) {
   const std::span<const int> ends = measurer_.Ends(font, text.text);
   if (ends.empty()) return;
@@ -110,8 +109,8 @@ void PagePainter::PaintText(HDC context, const PageText& text, const PageFont& f
   const double baseline = text.top + measurer_.Ascent(font) / kHundredthsPerTenth;
   const RECT clip{Rounded(scale.left + text.clip.left * scale.across),
                   Rounded(scale.top + text.clip.top * scale.down),
-                  Rounded(scale.left + text.clip.right * scale.across),
-                  Rounded(scale.top + text.clip.bottom * scale.down)};
+                  Rounded(scale.left + text.clip.Right() * scale.across),
+                  Rounded(scale.top + text.clip.Bottom() * scale.down)};
   const Selected selected(context, FontOf(font, scale.down));
   if (ExtTextOutW(context, left, Rounded(scale.top + baseline * scale.down), ETO_CLIPPED, &clip,
                   ToWide(text.text).c_str(), static_cast<UINT>(text.text.size()),

@@ -1,5 +1,4 @@
 // Replays a page's draw commands on a device, screen and printer alike.
-// Where things stand was decided when the page was made.
 #pragma once
 
 #include <windows.h>
@@ -7,8 +6,8 @@
 #include <span>
 #include <vector>
 
+#include "env/font.h"
 #include "print/page.h"
-#include "print/page_font.h"
 #include "windows/base/fonts.h"
 #include "windows/print/device_measurer.h"
 
@@ -27,21 +26,20 @@ class PagePainter {
   // The measurer that the pages were made with, or one like it; it must outlive the painter.
   explicit PagePainter(DeviceMeasurer& measurer) : measurer_(measurer) {}
 
-  // In black, over what is there; the context keeps its state. `fonts` are those of the page's
-  // ledger. Texts keep the widths that they were measured with, whatever the device would make of
-  // them. Throws AutomationError, with part of the page drawn.
-  void Paint(HDC context, const Page& page, std::span<const PageFont> fonts,
-             const PageScale& scale);
+  // In black, over what is there; the context keeps its state. `fonts` are those of the
+  // PrintPages. Texts keep the widths that they were measured with, whatever the device would make
+  // of them. Throws AutomationError, with part of the page drawn.
+  void Paint(HDC context, const Page& page, std::span<const Font> fonts, const PageScale& scale);
 
  private:
   struct ScaledFont {
-    PageFont font;
+    Font font;
     FontHandle handle;
   };
 
-  HFONT FontOf(const PageFont& font, double down);
+  HFONT FontOf(const Font& font, double down);
   static void PaintRule(HDC context, HBRUSH brush, const PageRule& rule, const PageScale& scale);
-  void PaintText(HDC context, const PageText& text, const PageFont& font, const PageScale& scale);
+  void PaintText(HDC context, const PageText& text, const Font& font, const PageScale& scale);
 
   DeviceMeasurer& measurer_;
   std::vector<ScaledFont> fonts_;  // for a device of `down_`

@@ -1,5 +1,5 @@
-// The dialog counts in hundredths of a millimetre.
-// With a printer its paper is asked from the printer again; the dialog's sizes are for none.
+// The dialog counts in hundredths of a millimetre. Its paper size is used without a printer only;
+// a printer is asked for its paper.
 #include "windows/print/page_setup_dialog.h"
 
 #include <algorithm>
@@ -14,12 +14,12 @@ namespace {
 constexpr int kHundredths = 10;  // of a tenth
 constexpr std::u16string_view kPageSetupFails = u"页面设置对话框无法打开";
 
-RECT InHundredths(const PageBox& box) {
-  return {box.left * kHundredths, box.top * kHundredths, box.right * kHundredths,
-          box.bottom * kHundredths};
+RECT InHundredths(const Margins& margins) {
+  return {margins.left * kHundredths, margins.top * kHundredths, margins.right * kHundredths,
+          margins.bottom * kHundredths};
 }
 
-PageBox InTenths(const RECT& box) {
+Margins InTenths(const RECT& box) {
   const auto tenths = [](LONG hundredths) {
     return static_cast<Tenths>((std::max<LONG>(hundredths, 0) + kHundredths / 2) / kHundredths);
   };
@@ -33,7 +33,7 @@ bool AskOnce(HWND owner, Printer& printer, DWORD& error) {
   dialog.hwndOwner = owner;
   dialog.Flags =
       PSD_INHUNDREDTHSOFMILLIMETERS | PSD_MARGINS | PSD_DEFAULTMINMARGINS | PSD_NOWARNING;
-  dialog.rtMargin = InHundredths(printer.ChosenPaper().margins);
+  dialog.rtMargin = InHundredths(printer.CurrentPaper().margins);
   GlobalMemory mode(printer.CopyMode());
   GlobalMemory names(printer.CopyNames());
   dialog.hDevMode = mode.Get();
@@ -43,7 +43,7 @@ bool AskOnce(HWND owner, Printer& printer, DWORD& error) {
   names.Become(dialog.hDevNames);
   if (answer == FALSE) return false;
   printer.Choose(mode.Get(), names.Get());
-  Paper paper = printer.ChosenPaper();
+  Paper paper = printer.CurrentPaper();
   if (!printer.IsThere() && dialog.ptPaperSize.x > 0 && dialog.ptPaperSize.y > 0) {
     paper.width = dialog.ptPaperSize.x / kHundredths;
     paper.height = dialog.ptPaperSize.y / kHundredths;

@@ -1,5 +1,4 @@
 // The system's page set-up dialog: paper, its direction and margins, and the printer's set-up.
-// What is printed on that paper is laid out anew by whoever asked.
 #pragma once
 
 #include <windows.h>

@@ -1,5 +1,5 @@
-// The life of one showing: pages, window, messages until the window is gone.
-// Whatever ends it, the other windows take input again.
+// The life of one showing: pages, window, messages until the window is gone. Whatever ends it, the
+// other windows are enabled again.
 #include "windows/print/preview_dialog.h"
 
 #include <optional>
@@ -9,7 +9,7 @@
 
 namespace pricedown::windows {
 
-PreviewDialog::PreviewDialog(HINSTANCE module, LedgerDocument& document, PreviewPrinting& printing)
+PreviewDialog::PreviewDialog(HINSTANCE module, PrintDocument& document, PreviewPrinting& printing)
     : pages_(document, printing), window_(module, pages_) {}
 
 PreviewDialog::~PreviewDialog() { window_.Close(); }

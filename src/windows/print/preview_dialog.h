@@ -1,11 +1,11 @@
-// The print preview and its modal showing: the ledger's pages, the window over them, and the
-// font dialog that it opens. What is printed on which paper is the printing's matter.
+// The print preview and its modal showing: the pages, the window over them, and the font dialog
+// that it opens.
 #pragma once
 
 #include <windows.h>
 
-#include "browser/print_commands.h"
-#include "browser/print_document.h"
+#include "print/font_dialog.h"
+#include "print/print_document.h"
 #include "windows/print/preview_pages.h"
 #include "windows/print/preview_printing.h"
 #include "windows/print/preview_window.h"
@@ -14,22 +14,21 @@ namespace pricedown::windows {
 
 class PreviewDialog {
  public:
-  // A font chosen in the preview is put into the document's appearance. Both references must
-  // outlive the dialog.
-  PreviewDialog(HINSTANCE module, LedgerDocument& document, PreviewPrinting& printing);
+  // A font chosen in the preview becomes the document's. Both references must outlive the dialog.
+  PreviewDialog(HINSTANCE module, PrintDocument& document, PreviewPrinting& printing);
   ~PreviewDialog();
   PreviewDialog(const PreviewDialog&) = delete;
   PreviewDialog& operator=(const PreviewDialog&) = delete;
 
-  // Shows the pages over `owner` (may be null) until the window is closed, by whomever, or the
-  // thread is told to quit. Throws AutomationError when there is nothing that could be shown; all
-  // later failures are told to the user. Requires: not shown; the document is not set and the
-  // dialog not destroyed meanwhile.
+  // Shows the pages over `owner` (may be null) until the window is closed or the thread's loop is
+  // told to quit. Throws AutomationError when the pages or the window cannot be made; the user sees
+  // all later failures in messages. Requires: not shown; the dialog lives until the call returns,
+  // and the document's table and lines do not change meanwhile.
   void ShowModal(HWND owner);
   // The same with another font dialog.
   void ShowModal(HWND owner, FontDialog& fonts);
-  // Ends the showing, as when the control ends below it; ShowModal then returns. Harmless when
-  // nothing is shown.
+  // Ends the showing, as when the control ends; ShowModal then returns. Harmless when nothing is
+  // shown.
   void Close() noexcept { window_.Close(); }
 
  private:

@@ -91,7 +91,7 @@ bool PreviewWindow::IsEnabled(PreviewCommand command) const {
 void PreviewWindow::Execute(PreviewCommand command) {
   switch (command) {
     case PreviewCommand::Print:
-      pages_.Printing().Print(Handle());
+      pages_.Printing().Print(Handle(), pages_.Document());
       RemakePages();
       break;
     case PreviewCommand::PageSetup:
@@ -135,7 +135,7 @@ void PreviewWindow::Execute(PreviewCommand command) {
 
 void PreviewWindow::ChooseFont() {
   try {
-    const Font chosen = fonts_->Show(pages_.Document().Appearance().font, kFontDialogFlags);
+    const Font chosen = fonts_->Show(pages_.Document().font, kFontDialogFlags);
     // The host may have closed everything below the dialog.
     if (Handle() != nullptr && !chosen.name.empty()) TakeFont(chosen);
   } catch (const AutomationError& error) {
@@ -144,7 +144,7 @@ void PreviewWindow::ChooseFont() {
 }
 
 void PreviewWindow::TakeFont(const Font& font) {
-  Font& shared = pages_.Document().Appearance().font;
+  Font& shared = pages_.Document().font;
   if (font == shared) return;
   const Font before = std::exchange(shared, font);
   try {

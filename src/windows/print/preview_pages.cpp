@@ -1,22 +1,18 @@
 // One page is kept; turning to it again costs nothing.
-// Making pages looks at every row once, making one page at its own rows only.
 #include "windows/print/preview_pages.h"
-
-#include <utility>
 
 namespace pricedown::windows {
 
 void PreviewPages::Remake() {
-  auto made = std::make_unique<LedgerPages>(
-      document_.Pages(printing_.CurrentPaper(), printing_.Date(), measurer_));
-  pages_ = std::move(made);
+  pages_ = std::make_unique<PrintPages>(document_, printing_.CurrentPaper(), printing_.Date(),
+                                        measurer_);
   shown_ = 0;
 }
 
 void PreviewPages::Turn(std::int32_t number) {
   if (number == shown_) return;
   page_ = {};
-  // Also when it fails: it is not tried again with every movement.
+  // Also when it fails, so that it is not tried again with every movement.
   shown_ = number;
   page_ = pages_->PageAt(number);
 }

@@ -73,8 +73,8 @@ void PreviewPane::OnPaint() {
 void PreviewPane::Paint(HDC context, const RECT& area) {
   const COLORREF desk = GetSysColor(COLOR_APPWORKSPACE);
   FillArea(context, area, desk);
-  const PreviewBox box = state_.PaperBox();
-  const RECT paper{box.left, box.top, box.left + box.width, box.top + box.height};
+  const Rectangle box = state_.PaperBox();
+  const RECT paper{box.left, box.top, box.Right(), box.Bottom()};
   const int shadow = dpi_.Scale(kShadow);
   RECT part = paper;
   OffsetRect(&part, shadow, shadow);

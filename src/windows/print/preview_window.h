@@ -8,8 +8,8 @@
 #include <functional>
 #include <memory>
 
-#include "browser/print_commands.h"
 #include "env/font.h"
+#include "print/font_dialog.h"
 #include "print/preview_state.h"
 #include "windows/base/modal_frame_window.h"
 #include "windows/print/preview_buttons.h"

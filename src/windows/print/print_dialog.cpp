@@ -3,7 +3,6 @@
 #include "windows/print/print_dialog.h"
 
 #include <algorithm>
-#include <limits>
 #include <string_view>
 
 #include "windows/base/global_memory.h"
@@ -20,7 +19,6 @@ PrintChoice ChoiceOf(const PRINTDLGW& dialog) {
   PrintChoice choice;
   choice.copies = std::max<std::int32_t>(dialog.nCopies, 1);
   choice.collated = (dialog.Flags & PD_COLLATE) != 0;
-  choice.last = std::numeric_limits<std::int32_t>::max();
   if ((dialog.Flags & PD_PAGENUMS) != 0) {
     choice.first = std::min(dialog.nFromPage, dialog.nToPage);
     choice.last = std::max(dialog.nFromPage, dialog.nToPage);

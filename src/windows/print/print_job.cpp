@@ -2,8 +2,6 @@
 // The error of a call is taken before anything else is called.
 #include "windows/print/print_job.h"
 
-#include <algorithm>
-
 #include "platform/text.h"
 #include "windows/print/page_painter.h"
 #include "windows/print/print_failure.h"
@@ -13,7 +11,6 @@ namespace {
 
 // Not translated: spoolers make file names of it, and not every one knows other letters.
 constexpr const wchar_t* kDocumentName = L"PriceDown item list";
-constexpr double kTenthsPerInch = 254;
 
 // Runs a call that answers more than 0 when it went well.
 template <typename Call>
@@ -65,22 +62,12 @@ class Document {
 // The printer's pixels begin where it can print, not where the paper does.
 PageScale ScaleOf(const PrinterDots& dots) {
   return {-static_cast<double>(dots.offsetX), -static_cast<double>(dots.offsetY),
-          dots.perInchX / kTenthsPerInch, dots.perInchY / kTenthsPerInch};
+          dots.perInchX / double{kTenthsPerInch}, dots.perInchY / double{kTenthsPerInch}};
 }
 
 }  // namespace
 
-PrintOrder::PrintOrder(const PrintChoice& choice, std::int32_t pageCount)
-    : first_(std::max(choice.first, 1)),
-      pages_(std::max(std::min(choice.last, pageCount) - first_ + 1, 0)),
-      copies_(std::max(choice.copies, 1)),
-      collated_(choice.collated) {}
-
-std::int32_t PrintOrder::PageOn(std::int64_t sheet) const {
-  return first_ + static_cast<std::int32_t>(collated_ ? sheet % pages_ : sheet / copies_);
-}
-
-bool RunPrintJob(const Printer& printer, const LedgerPages& pages, DeviceMeasurer& measurer,
+bool RunPrintJob(const Printer& printer, const PrintPages& pages, DeviceMeasurer& measurer,
                  const PrintOrder& order, PrintWatcher& watcher) {
   if (order.SheetCount() == 0) return true;
   Spooler& spooler = printer.GetSpooler();

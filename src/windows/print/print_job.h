@@ -1,33 +1,16 @@
-// One print job: the pages chosen, handed to the printer one by one.
-// What is on them was laid out before; which ones are chosen is the dialog's.
+// One print job: the chosen pages, handed to the printer one by one.
 #pragma once
 
 #include <windows.h>
 
 #include <cstdint>
 
-#include "print/ledger_pages.h"
+#include "print/print_order.h"
+#include "print/print_pages.h"
 #include "windows/print/device_measurer.h"
-#include "windows/print/print_dialog.h"
 #include "windows/print/printer.h"
 
 namespace pricedown::windows {
-
-// The sheets of a job in the order in which they are printed.
-class PrintOrder {
- public:
-  // Pages that there are not are left out; no sheet is left when there are none.
-  PrintOrder(const PrintChoice& choice, std::int32_t pageCount);
-  std::int64_t SheetCount() const { return std::int64_t{pages_} * copies_; }
-  // The page on a sheet. Requires: `sheet` is from 0 to below SheetCount().
-  std::int32_t PageOn(std::int64_t sheet) const;
-
- private:
-  std::int32_t first_ = 1;
-  std::int32_t pages_ = 0;
-  std::int32_t copies_ = 1;
-  bool collated_ = true;
-};
 
 // How far a job is, and whether the user still wants it.
 class PrintWatcher {
@@ -41,7 +24,7 @@ class PrintWatcher {
 // the watcher, or by the user in a dialog of the printer's; then nothing is printed. Throws
 // AutomationError when a call fails; the job is aborted then. Requires: there is a printer, and
 // `pages` were made with `measurer` for its paper.
-bool RunPrintJob(const Printer& printer, const LedgerPages& pages, DeviceMeasurer& measurer,
+bool RunPrintJob(const Printer& printer, const PrintPages& pages, DeviceMeasurer& measurer,
                  const PrintOrder& order, PrintWatcher& watcher);
 
 }  // namespace pricedown::windows

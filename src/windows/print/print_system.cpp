@@ -1,5 +1,4 @@
-// The system's own calls.
-// They are forwarded one by one.
+// The system's own calls, forwarded one by one.
 #include "windows/print/print_system.h"
 
 namespace pricedown::windows {

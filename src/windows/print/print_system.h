@@ -1,24 +1,14 @@
 // The calls to the system's spooler and dialogs that printing consists of, each behind a member
-// that tests let fail. Nothing here decides what is called when.
+// that tests let fail.
 #pragma once
 
 #include <windows.h>
 
 #include <commdlg.h>
 
-namespace pricedown::windows {
+#include "print/paper.h"
 
-// What a printer's device context tells of its paper, in dots.
-struct PrinterDots {
-  int perInchX = 0;
-  int perInchY = 0;
-  int paperWidth = 0;
-  int paperHeight = 0;
-  int offsetX = 0;  // of the printable area
-  int offsetY = 0;
-  int printableWidth = 0;
-  int printableHeight = 0;
-};
+namespace pricedown::windows {
 
 enum class PrinterUse { Print, Ask };
 

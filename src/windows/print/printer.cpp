@@ -1,9 +1,8 @@
 // The printer's set-up is kept as the dialogs hand it over: a DEVMODE with the driver's own data,
-// and the three names of a DEVNAMES. Nothing of the driver's data is looked into.
+// which is not looked into, and the three names of a DEVNAMES.
 #include "windows/print/printer.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstring>
 #include <span>
 #include <utility>
@@ -16,29 +15,6 @@
 
 namespace pricedown::windows {
 namespace {
-
-constexpr int kTenthsPerInch = 254;
-constexpr Tenths kUsualMargin = 200;
-// Ten metres: more is a driver's mistake, and would be too much to count with.
-constexpr std::int64_t kMostTenths = 100'000;
-// Of the shorter side at most, so that a label has more than margins.
-constexpr Tenths kMarginShare = 6;
-
-Tenths Nearest(int dots, int perInch) {
-  const std::int64_t tenths = (std::int64_t{dots} * kTenthsPerInch + perInch / 2) / perInch;
-  return static_cast<Tenths>(std::min(tenths, kMostTenths));
-}
-
-Tenths RoundedUp(std::int64_t dots, int perInch) {
-  if (dots <= 0) return 0;
-  const std::int64_t tenths = (dots * kTenthsPerInch + perInch - 1) / perInch;
-  return static_cast<Tenths>(std::min(tenths, kMostTenths));
-}
-
-PageBox Larger(const PageBox& one, const PageBox& other) {
-  return {std::max(one.left, other.left), std::max(one.top, other.top),
-          std::max(one.right, other.right), std::max(one.bottom, other.bottom)};
-}
 
 // The text that begins at that character of a DEVNAMES; empty when it is not inside.
 std::wstring NameAt(std::span<const std::byte> names, WORD offset) {
@@ -57,23 +33,6 @@ const wchar_t* OrNull(const std::wstring& text) { return text.empty() ? nullptr 
 
 }  // namespace
 
-Paper PaperOf(const PrinterDots& dots) {
-  Paper paper;
-  paper.margins = {};
-  const int x = dots.perInchX;
-  const int y = dots.perInchY;
-  if (x <= 0 || y <= 0 || dots.paperWidth <= 0 || dots.paperHeight <= 0) return paper;
-  paper.width = Nearest(dots.paperWidth, x);
-  paper.height = Nearest(dots.paperHeight, y);
-  const auto rest = [](int whole, int before, int inside) {
-    return std::int64_t{whole} - before - inside;
-  };
-  paper.margins = {RoundedUp(dots.offsetX, x), RoundedUp(dots.offsetY, y),
-                   RoundedUp(rest(dots.paperWidth, dots.offsetX, dots.printableWidth), x),
-                   RoundedUp(rest(dots.paperHeight, dots.offsetY, dots.printableHeight), y)};
-  return paper;
-}
-
 void Printer::UseDefault() {
   if (chosen_) return;
   PRINTDLGW dialog{};
@@ -83,19 +42,16 @@ void Printer::UseDefault() {
   const BOOL answer = dialogs_.Print(dialog, error);
   const GlobalMemory mode(dialog.hDevMode);
   const GlobalMemory names(dialog.hDevNames);
-  if (answer == FALSE || names.Get() == nullptr) {
-    // Whatever keeps the system from naming one, there is none to begin with.
-    setUp_ = {{}, {}, {}, {}, setUp_.paper, {}};
-    return;
-  }
-  SetUp setUp = Read(mode.Get(), names.Get());
+  // Whatever keeps the system from naming one, there is none to begin with.
+  SetUp setUp = answer == FALSE || names.Get() == nullptr ? SetUp{} : Read(mode.Get(), names.Get());
+  PaperChoice paper = paper_;
   try {
-    AskForPaper(setUp);
+    AskForPaper(setUp, paper);
   } catch (const AutomationError&) {
-    setUp.paper = {};
-    if (marginsChosen_) setUp.paper.margins = setUp_.paper.margins;
+    paper.SetUnknownPrinter();
   }
   setUp_ = std::move(setUp);
+  paper_ = paper;
 }
 
 void Printer::Forget() {
@@ -129,15 +85,11 @@ HGLOBAL Printer::CopyNames() const {
 void Printer::Choose(HGLOBAL mode, HGLOBAL names) {
   if (names == nullptr) return;
   SetUp setUp = Read(mode, names);
-  AskForPaper(setUp);
+  PaperChoice paper = paper_;
+  AskForPaper(setUp, paper);
   setUp_ = std::move(setUp);
+  paper_ = paper;
   chosen_ = true;
-}
-
-void Printer::ChoosePaper(const Paper& paper) {
-  setUp_.paper = paper;
-  setUp_.paper.margins = Larger(paper.margins, setUp_.unprintable);
-  marginsChosen_ = true;
 }
 
 PrinterContext Printer::Open(bool turned) const {
@@ -156,33 +108,29 @@ PrinterContext Printer::OpenFor(PrinterUse use, const SetUp& setUp, bool turned)
   return {spooler_, context};
 }
 
-Printer::SetUp Printer::Read(HGLOBAL mode, HGLOBAL names) const {
+Printer::SetUp Printer::Read(HGLOBAL mode, HGLOBAL names) {
   const GlobalBytes nameBytes(names);
   const GlobalBytes modeBytes(mode);
   DEVNAMES offsets{};
-  if (nameBytes.Get().size() < sizeof offsets) return {{}, {}, {}, {}, setUp_.paper, {}};
+  if (nameBytes.Get().size() < sizeof offsets) return {};
   std::memcpy(&offsets, nameBytes.Get().data(), sizeof offsets);
   return {NameAt(nameBytes.Get(), offsets.wDeviceOffset),
           NameAt(nameBytes.Get(), offsets.wDriverOffset),
           NameAt(nameBytes.Get(), offsets.wOutputOffset),
-          {modeBytes.Get().begin(), modeBytes.Get().end()},
-          setUp_.paper,
-          {}};
+          {modeBytes.Get().begin(), modeBytes.Get().end()}};
 }
 
-void Printer::AskForPaper(SetUp& setUp) const {
-  if (setUp.device.empty()) return;
+void Printer::AskForPaper(const SetUp& setUp, PaperChoice& paper) const {
+  if (setUp.device.empty()) {
+    paper.SetNoPrinter();
+    return;
+  }
   const auto ask = [&](bool turned) {
     const PrinterContext context = OpenFor(PrinterUse::Ask, setUp, turned);
     return PaperOf(spooler_.AskDots(context.Get()));
   };
-  const PageBox margins = setUp.paper.margins;
-  setUp.paper = ask(false);
-  setUp.unprintable = Larger(setUp.paper.margins, ask(true).margins);
-  const Tenths usual =
-      std::min(kUsualMargin, std::min(setUp.paper.width, setUp.paper.height) / kMarginShare);
-  setUp.paper.margins =
-      Larger(marginsChosen_ ? margins : PageBox{usual, usual, usual, usual}, setUp.unprintable);
+  const Paper upright = ask(false);
+  paper.SetPrinter(upright, ask(true));
 }
 
 std::vector<std::byte> Printer::ModeFor(const SetUp& setUp, bool turned) {

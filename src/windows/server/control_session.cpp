@@ -11,10 +11,10 @@ ControlSession::ControlSession(Module& module, ContainerWindow& container,
       questions_(window_),
       screen_(window_),
       editor_(module, window_),
-      ledger_(module.instance, window_, lifetime_) {
+      printOutput_(module.instance, window_, lifetime_) {
   core_.emplace(PriceDownPorts{module.factory, module.state, questions_, screen_, container,
                                window_, window_, window_, ProgramName(), window_.Form(), editor_,
-                               ledger_, std::move(hold), lifetime_});
+                               printOutput_, std::move(hold), lifetime_});
   window_.Attach(&*core_);
 }
 
@@ -31,7 +31,7 @@ void ControlSession::Initialize() {
 
 void ControlSession::Terminate() noexcept {
   SkipFailing([&] { core_->Terminate(); });
-  ledger_.Close();
+  printOutput_.Close();
 }
 
 }  // namespace pricedown::windows

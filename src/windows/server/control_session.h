@@ -10,7 +10,7 @@
 #include "windows/base/message_box_questions.h"
 #include "windows/base/windows_screen.h"
 #include "windows/control/control_window.h"
-#include "windows/print/windows_ledger.h"
+#include "windows/print/windows_print_output.h"
 #include "windows/server/module.h"
 #include "windows/server/shared_editor.h"
 
@@ -45,7 +45,7 @@ class ControlSession {
   WindowsScreen screen_;
   SharedEditor editor_;
   Lifetime lifetime_;
-  WindowsLedger ledger_;
+  WindowsPrintOutput printOutput_;
   std::optional<PriceDown> core_;
   bool initialized_ = false;
 };

@@ -110,7 +110,7 @@ TEST(ControlWindow, IsHarmlessAfterItsContainerHasDestroyedIt) {
   RunMessages();
   EXPECT_EQ(world.window->Handle(), nullptr);
   world.window->SetTitle(u"x");
-  world.window->SetTitleFont(u"宋体", 134, 18);
+  world.window->SetTitleFont({u"宋体", 18, false, false, false, 134});
   world.window->DisableButton(*CommandOfTool(u"iInsert"));
   world.window->CopyCells();
   world.window->Place(Layout{});

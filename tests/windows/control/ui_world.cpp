@@ -120,8 +120,8 @@ void UiWorld::ScriptItems(std::u16string_view classNumber, int count) {
                        std::move(rows)));
 }
 
-void UiWorld::Start(PrintLedger* ledger) {
-  PrintLedger& used = ledger != nullptr ? *ledger : suite.ledger;
+void UiWorld::Start(PrintOutput* output) {
+  PrintOutput& used = output != nullptr ? *output : suite.output;
   control = std::make_unique<PriceDown>(
       PriceDownPorts{suite.factory, suite.state, suite.questions, *screen, suite.container, *window,
                      *window, *window, u"Host", window->Form(), suite.editor, used});

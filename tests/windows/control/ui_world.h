@@ -58,10 +58,10 @@ class UiWorld : public Input {
   explicit UiWorld(int width = 900, int height = 560);
   ~UiWorld();
 
-  // Creates the core, initializes and shows it in the host window. `ledger` must outlive the world;
-  // without one the scripted ledger is the control's.
-  void Start(PrintLedger* ledger = nullptr);
-  // Scripts the grid statement of that class to return `count` items.
+  // Creates the core, initializes and shows it in the host window. `output` must outlive the world;
+  // without one the recording output is the control's.
+  void Start(PrintOutput* output = nullptr);
+  // Answers the grid statement of that class with `count` items.
   void ScriptItems(std::u16string_view classNumber, int count);
 
   HWND Child(int id) const;

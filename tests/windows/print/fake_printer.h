@@ -34,7 +34,7 @@ class FakeSpooler : public windows::Spooler {
     ++contexts;
     return CreateCompatibleDC(nullptr);
   }
-  windows::PrinterDots AskDots(HDC) override { return landscape ? turnedDots : dots; }
+  PrinterDots AskDots(HDC) override { return landscape ? turnedDots : dots; }
   void CloseContext(HDC context) override {
     log += "close\n";
     --contexts;
@@ -49,8 +49,8 @@ class FakeSpooler : public windows::Spooler {
   void AbortDocument(HDC) override { log += "abort\n"; }
 
   // 300 dots an inch, A4.
-  windows::PrinterDots dots{300, 300, 2480, 3508, 0, 0, 2480, 3508};
-  windows::PrinterDots turnedDots{300, 300, 3508, 2480, 0, 0, 3508, 2480};
+  PrinterDots dots{300, 300, 2480, 3508, 0, 0, 2480, 3508};
+  PrinterDots turnedDots{300, 300, 3508, 2480, 0, 0, 3508, 2480};
   std::string log;
   int contexts = 0;     // open ones
   int failingCall = 0;  // from 1, of those that can fail

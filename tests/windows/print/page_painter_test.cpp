@@ -20,11 +20,10 @@ using windows::DeviceMeasurer;
 using windows::PagePainter;
 using windows::PageScale;
 
-const PageFont kPlain{u"宋体", 9, false, false, false};
-// The line is exactly as long as the text is wide.
-const PageFont kUnderlined{u"宋体", 9, false, false, true};
+const Font kPlain{u"宋体", 9, false, false, false};
+// Its line is exactly as long as the text is wide.
+const Font kUnderlined{u"宋体", 9, false, false, true};
 
-constexpr double kTenthsPerInch = 254;
 constexpr std::uint32_t kWhite = 0xFFFFFF;
 
 // White, of that size in pixels.
@@ -84,17 +83,18 @@ Ink InkOf(const Picture& picture) {
   return ink;
 }
 
-PageText TextAt(std::u16string text, TextAlignment alignment, Tenths anchor, Tenths top,
-                const PageBox& clip = {0, 0, 2100, 2970}) {
-  return {std::move(text), 0, alignment, anchor, top, clip};
+// Requires: the text outlives the result.
+PageText TextAt(std::u16string_view text, TextAlignment alignment, Tenths anchor, Tenths top,
+                const Rectangle& clip = {0, 0, 2100, 2970}) {
+  return {text, 0, alignment, anchor, top, clip};
 }
 
 class PainterAt : public ::testing::TestWithParam<int> {
  protected:
-  double Scale() const { return GetParam() / kTenthsPerInch; }
+  double Scale() const { return GetParam() / double{kTenthsPerInch}; }
   double Pixels(double tenths) const { return tenths * Scale(); }
   // A page of A4 with nothing else on it.
-  Ink Paint(const Page& page, const PageFont& font) {
+  Ink Paint(const Page& page, const Font& font) {
     const Canvas canvas(static_cast<int>(Pixels(2100)) + 2, static_cast<int>(Pixels(2970)) + 2);
     painter_.Paint(canvas.Context(), page, std::array{font}, {0, 0, Scale(), Scale()});
     return InkOf(canvas.Look());
@@ -142,30 +142,30 @@ TEST_P(PainterAt, ATextIsDrawnOnItsMeasuredBaseline) {
 }
 
 TEST_P(PainterAt, NothingShowsOutsideTheClip) {
-  const PageBox clip{400, 500, 450, 520};
+  const Rectangle clip{400, 500, 50, 20};
   const Ink ink =
       Paint({{}, {TextAt(u"六角头螺栓六角头螺栓", TextAlignment::Left, 300, 490, clip)}}, kPlain);
   ASSERT_FALSE(ink.IsNone());
   EXPECT_GE(ink.left, std::lround(Pixels(clip.left)));
-  EXPECT_LT(ink.right, std::lround(Pixels(clip.right)));
+  EXPECT_LT(ink.right, std::lround(Pixels(clip.Right())));
   EXPECT_GE(ink.top, std::lround(Pixels(clip.top)));
-  EXPECT_LT(ink.bottom, std::lround(Pixels(clip.bottom)));
+  EXPECT_LT(ink.bottom, std::lround(Pixels(clip.Bottom())));
 }
 
 // Each cell's ink on a real page lies in its clip and at its command's side of it.
-TEST_P(PainterAt, EveryTextOfALedgersPageIsWhereItsCommandSays) {
-  PlainLedger ledger;
-  FillLedger(ledger, 12);
-  const LedgerPages pages = ledger.Pages({}, u"2008-03-31", measurer_);
+TEST_P(PainterAt, EveryTextOfAPageIsWhereItsCommandSays) {
+  PrintDocument document;
+  FillDocument(document, 12);
+  const PrintPages pages(document, {}, u"2008-03-31", measurer_);
   const Page page = pages.PageAt(1);
   ASSERT_GT(page.texts.size(), 50u);
   const Canvas canvas(static_cast<int>(Pixels(2100)) + 2, static_cast<int>(Pixels(2970)) + 2);
-  Page texts = page;
-  texts.rules.clear();
+  Page texts;
+  texts.texts = page.texts;
   painter_.Paint(canvas.Context(), texts, pages.Fonts(), {0, 0, Scale(), Scale()});
   const Picture picture = canvas.Look();
   for (const PageText& text : page.texts) {
-    const PageFont& font = pages.Fonts()[text.font];
+    const Font& font = pages.Fonts()[text.font];
     const double width = measurer_.Width(font, text.text);
     double start = text.anchor;
     if (text.alignment == TextAlignment::Centre) start -= width / 2;
@@ -173,8 +173,8 @@ TEST_P(PainterAt, EveryTextOfALedgersPageIsWhereItsCommandSays) {
     // The row of the text in its clip; its neighbours have their own clips.
     Ink ink{picture.width, 0, -1, 0};
     const auto edge = [&](Tenths tenths) { return static_cast<int>(std::lround(Pixels(tenths))); };
-    for (int y = edge(text.clip.top); y < edge(text.clip.bottom); ++y) {
-      for (int x = edge(text.clip.left); x < edge(text.clip.right); ++x) {
+    for (int y = edge(text.clip.top); y < edge(text.clip.Bottom()); ++y) {
+      for (int x = edge(text.clip.left); x < edge(text.clip.Right()); ++x) {
         if (picture.At(x, y) == kWhite) continue;
         ink.left = std::min(ink.left, x);
         ink.right = std::max(ink.right, x);
@@ -228,7 +228,7 @@ TEST(PagePainter, ReportsADeviceThatCannotDraw) {
 TEST(DeviceMeasurer, ALongerTextIsNeverNarrowerThanItsBeginning) {
   DeviceMeasurer measurer;
   for (const bool italic : {false, true}) {
-    const PageFont font{u"宋体", 10.5, false, italic, false};
+    const Font font{u"宋体", 10.5, false, italic, false};
     for (const std::u16string text : {u"六角头螺栓 M8×40 GB/T 5782", u"AVAVAVA To We fj ffi",
                                       u"…  　a\u0301\u0302", u"𠀀𠀁x"}) {
       Tenths before = 0;

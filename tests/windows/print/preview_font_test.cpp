@@ -15,28 +15,31 @@
 namespace pricedown::testing {
 namespace {
 
-// The control's ledger with the real preview.
-class PreviewedLedger : public LedgerDocument {
+// The control's output with the real preview.
+class PreviewedOutput : public PrintOutput {
  public:
-  void Preview() override {
+  void Preview(PrintDocument& document) override {
+    windows::PreviewDialog dialog(GetModuleHandleW(nullptr), document, printing);
+    shown = &document;
     if (ownDialog) {
       dialog.ShowModal(GetActiveWindow());
     } else {
       dialog.ShowModal(GetActiveWindow(), fonts);
     }
   }
-  void Print() override {}
+  void Print(const PrintDocument&) override {}
 
   bool ownDialog = false;  // the system's
+  // The control's, once it has been shown.
+  const PrintDocument* shown = nullptr;
 
   ScriptedPrinting printing;
   ScriptedFonts fonts;
-  windows::PreviewDialog dialog{GetModuleHandleW(nullptr), *this, printing};
 };
 
 class PreviewFont : public ::testing::Test, public PreviewUser {
  protected:
-  void Start() { world.Start(&ledger); }
+  void Start() { world.Start(&output); }
   void Preview(Steps steps) {
     ModalSteps player(std::move(steps));
     world.control->PreviewPara();
@@ -45,7 +48,7 @@ class PreviewFont : public ::testing::Test, public PreviewUser {
   }
   // Chooses by the preview's button and closes.
   void Choose(const Font& font) {
-    ledger.fonts.answers = {font};
+    output.fonts.answers = {font};
     Preview({[&] { ClickButton(u"Font"); }, [&] { CloseByFrame(); }});
   }
   // What was put under "GridFont", the last time.
@@ -64,7 +67,7 @@ class PreviewFont : public ::testing::Test, public PreviewUser {
     return font;
   }
 
-  PreviewedLedger ledger;
+  PreviewedOutput output;
   MessageBoxes boxes;
   UiWorld world;
 };
@@ -72,9 +75,9 @@ class PreviewFont : public ::testing::Test, public PreviewUser {
 TEST_F(PreviewFont, IsOfferedUnchangedWithTheFlagsOfTheView) {
   Start();
   Choose({u"宋体", 9, false, false});
-  ASSERT_EQ(ledger.fonts.shown.size(), 1u);
-  EXPECT_EQ(ledger.fonts.shown[0], Font());
-  EXPECT_EQ(ledger.fonts.lastFlags, 515u);
+  ASSERT_EQ(output.fonts.shown.size(), 1u);
+  EXPECT_EQ(output.fonts.shown[0], Font());
+  EXPECT_EQ(output.fonts.lastFlags, 515u);
 }
 
 struct FontCase {
@@ -95,7 +98,7 @@ TEST_P(ChangedFont, IsShownAtOnceAndKept) {
   Start();
   const Font& font = GetParam().font;
   Choose(font);
-  EXPECT_EQ(ledger.Appearance().font, font);
+  EXPECT_EQ(output.shown->font, font);
   const LOGFONTW tree = FontOf(world.Tree());
   EXPECT_EQ(Utf8(windows::FromWide(tree.lfFaceName)), Utf8(font.name));
   EXPECT_EQ(tree.lfWeight >= FW_BOLD, font.bold);
@@ -112,9 +115,9 @@ TEST_F(PreviewFont, UnchangedStoresNothing) {
   Preview({[&] { ClickButton(u"Font"); }, [&] { CloseByFrame(); }});
   EXPECT_EQ(Saved(), "");
   // Changed, and changed back.
-  ledger.fonts.answers = {{u"宋体", 12, true, false}, {u"宋体", 9, false, false}};
+  output.fonts.answers = {{u"宋体", 12, true, false}, {u"宋体", 9, false, false}};
   Preview({[&] { ClickButton(u"Font"); }, [&] { ClickButton(u"Font"); }, [&] { CloseByFrame(); }});
-  EXPECT_EQ(ledger.fonts.shown.back().size, 12);
+  EXPECT_EQ(output.fonts.shown.back().size, 12);
   EXPECT_EQ(Saved(), "");
   EXPECT_TRUE(boxes.All().empty());
 }
@@ -123,7 +126,7 @@ TEST_F(PreviewFont, RebuildsThePages) {
   world.ScriptItems(u"01", 200);
   Start();
   Click(world.Tree(), world.NodePoint(2));
-  ledger.fonts.answers = {{u"宋体", 18, false, false}};
+  output.fonts.answers = {{u"宋体", 18, false, false}};
   std::string before;
   Preview({[&] {
              before = Page();
@@ -138,7 +141,7 @@ TEST_F(PreviewFont, RebuildsThePages) {
 
 // In the system's dialog, by Apply; cancelling it afterwards reverts nothing.
 TEST_F(PreviewFont, IsAppliedBehindTheOpenDialog) {
-  ledger.ownDialog = true;
+  output.ownDialog = true;
   Start();
   const auto dialogWindow = [] { return FindWindowW(L"#32770", nullptr); };
   const auto press = [&](int button) {
@@ -159,7 +162,7 @@ TEST_F(PreviewFont, IsAppliedBehindTheOpenDialog) {
              press(psh3);
            },
            [&] {
-             EXPECT_EQ(ledger.Appearance().font, (Font{u"宋体", 16, false, false}));
+             EXPECT_EQ(output.shown->font, (Font{u"宋体", 16, false, false}));
              press(IDCANCEL);
            },
            [&] { CloseByFrame(); }});
@@ -179,17 +182,16 @@ TEST_F(PreviewFont, IsThatOfTheNextPreviewAndOfTheNextControl) {
   Start();
   Choose({u"黑体", 12, true, true});
   Preview({[&] { ClickButton(u"Font"); }, [&] { CloseByFrame(); }});
-  EXPECT_EQ(ledger.fonts.shown.back(), (Font{u"黑体", 12, true, true}));
+  EXPECT_EQ(output.fonts.shown.back(), (Font{u"黑体", 12, true, true}));
 
-  // Another process has the setting and its own ledger.
+  // Another process has the setting and an output of its own.
   const std::string saved = Saved();
   const std::size_t begin = saved.find("FontName=");
   ASSERT_NE(begin, std::string::npos);
   UiWorld next;
   next.suite.company.gridFont = FromUtf8(saved.substr(begin, saved.find('"', begin) - begin));
-  PreviewedLedger nextLedger;
-  next.Start(&nextLedger);
-  EXPECT_EQ(nextLedger.Appearance().font, (Font{u"黑体", 12, true, true}));
+  PreviewedOutput nextOutput;
+  next.Start(&nextOutput);
   EXPECT_EQ(next.control->ItemCells().CellFont(), (Font{u"黑体", 12, true, true}));
 }
 

@@ -267,7 +267,7 @@ TEST_F(PreviewEnd, EndsWithItsOwner) {
 }
 
 TEST_F(PreviewEnd, EndsWhenTheProgramQuits) {
-  FillLedger(ledger, 10);
+  FillDocument(document, 10);
   ModalSteps player({[] { PostQuitMessage(7); }});
   dialog.ShowModal(host.Handle(), fonts);
   EXPECT_EQ(Window(), nullptr);
@@ -293,8 +293,8 @@ TEST_F(PreviewEnd, EndsWithItsOwnerBehindTheFontDialog) {
   fonts.onShow = [&] { DestroyWindow(host.Handle()); };
   fonts.answers = {{u"黑体", 12, true, false}};
   ShowFivePages({[&] { ClickButton(u"Font"); }});
-  // Nobody is left to show it.
-  EXPECT_EQ(ledger.Appearance().font, Font());
+  // Nobody is there any more who would show it.
+  EXPECT_EQ(document.font, Font());
 }
 
 TEST_F(PreviewEnd, EndsWithItsOwnerWhileAFailureIsShown) {

@@ -21,8 +21,8 @@ class PreviewLook : public PreviewWorld {
   }
   HWND Pane() const { return Child(preview_ids::kPane); }
 
-  // What the pane should show: the state computed anew for its size.
-  PreviewState Expected(const LedgerPages& pages, std::optional<double> percent) const {
+  // What the pane should show: the state worked out anew for its size.
+  PreviewState Expected(const PrintPages& pages, std::optional<double> percent) const {
     RECT area{};
     GetClientRect(Pane(), &area);
     PreviewState state;
@@ -33,10 +33,10 @@ class PreviewLook : public PreviewWorld {
     return state;
   }
   // Ink is found where the first page has its rules, and none in its margins.
-  void ExpectPage(const LedgerPages& pages, std::optional<double> percent) const {
+  void ExpectPage(const PrintPages& pages, std::optional<double> percent) const {
     const PreviewState state = Expected(pages, percent);
     const Picture picture = TakePicture(Pane());
-    const PreviewBox paper = state.PaperBox();
+    const Rectangle paper = state.PaperBox();
     const auto x = [&](double tenths) { return paper.left + std::lround(state.Pixels(tenths)); };
     const auto y = [&](double tenths) { return paper.top + std::lround(state.Pixels(tenths)); };
     const auto inkNear = [&](long column, long row) {
@@ -56,7 +56,7 @@ class PreviewLook : public PreviewWorld {
       EXPECT_TRUE(inkNear(column, row)) << Readable(rule);
     }
     EXPECT_GT(seen, 10);
-    const PageBox inside = pages.PrintedPaper().Inside();
+    const Rectangle inside = pages.PrintedPaper().Inside();
     for (long row = std::max(paper.top, 0) + 1; row < y(inside.top) - 2; ++row) {
       for (long column = std::max(paper.left, 0) + 1; column < x(inside.left) - 2; ++column) {
         if (column >= picture.width || row >= picture.height) break;
@@ -76,9 +76,9 @@ class PreviewLook : public PreviewWorld {
 };
 
 TEST_F(PreviewLook, ShowsThePagesRulesInTheirPlaces) {
-  FillLedger(ledger, 200);
+  FillDocument(document, 200);
   windows::DeviceMeasurer measurer;
-  const LedgerPages pages = ledger.Pages(printing.paper, printing.Date(), measurer);
+  const PrintPages pages(document, printing.paper, printing.Date(), measurer);
   Show({[&] { ExpectPage(pages, std::nullopt); }, [&] { TypeZoom(u"100%"); },
         [&] { PostMessageW(Pane(), WM_VSCROLL, SB_TOP, 0); },
         [&] { PostMessageW(Pane(), WM_HSCROLL, SB_TOP, 0); }, [&] { ExpectPage(pages, 100); },

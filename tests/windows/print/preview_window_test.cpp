@@ -273,7 +273,7 @@ TEST_F(PreviewWindowTest, KeepsTheFontWhenNoPagesCanBeMadeInTheNewOne) {
   fonts.answers = {{u"黑体", 12, true, false}};
   fonts.onShow = [&] { printing.failsToTellPaper = true; };
   ShowFivePages({[&] { ClickButton(u"Font"); }, [&] { CloseByFrame(); }});
-  EXPECT_EQ(ledger.Appearance().font, Font());
+  EXPECT_EQ(document.font, Font());
   EXPECT_EQ(boxes.All().size(), 1u);
 }
 
@@ -327,7 +327,7 @@ TEST_F(PreviewWindowTest, MovesToThePlaceThatTheSystemSuggestsOnAnotherScreen) {
 // page.
 TEST_F(PreviewWindowTest, OpensOnTwoHundredThousandRows) {
   const ULONGLONG begin = GetTickCount64();
-  FillLedger(ledger, 200'000);
+  FillDocument(document, 200'000);
   const ULONGLONG start = GetTickCount64();
   ULONGLONG opened = 0;
   Show({[&] {

@@ -1,5 +1,5 @@
-// The print preview over a ledger of numbered rows, in its real window over a host window.
-// The test plays the user in steps while the preview is shown.
+// The print preview of a document of numbered rows, in its real window over a host window. The test
+// plays the user in steps while the preview is shown.
 #pragma once
 
 #include <windows.h>
@@ -14,7 +14,7 @@
 #include <utility>
 #include <vector>
 
-#include "browser/print_table.h"
+#include "browser/print_list.h"
 #include "platform/convert.h"
 #include "platform/error.h"
 #include "tests/support/utf8.h"
@@ -32,14 +32,7 @@ namespace pricedown::testing {
 
 namespace preview_ids = windows::preview_ids;
 
-// A ledger without its own windows.
-class PlainLedger : public LedgerDocument {
- public:
-  void Preview() override {}
-  void Print() override {}
-};
-
-// A printer that is only queried; tests script what it does.
+// A printer that is only asked; what it does is a test's own.
 class ScriptedPrinting : public windows::PreviewPrinting {
  public:
   Paper CurrentPaper() override {
@@ -47,7 +40,7 @@ class ScriptedPrinting : public windows::PreviewPrinting {
     return paper;
   }
   std::u16string Date() override { return u"2008-03-31"; }
-  void Print(HWND owner) override { Note("print", owner, onPrint); }
+  void Print(HWND owner, const PrintDocument&) override { Note("print", owner, onPrint); }
   void SetUpPage(HWND owner) override { Note("page set-up", owner, onSetUpPage); }
 
   Paper paper;
@@ -84,23 +77,22 @@ class ScriptedFonts : public FontDialog {
   std::function<void()> onShow;
 };
 
-inline void FillLedger(PrintLedger& ledger, std::int32_t rows) {
-  constexpr std::int32_t kWidths[] = {1500, 3000, 2700, 1200};
-  SetPageHeader(ledger, u"测试公司");
-  PrintTable& table = ledger.Table();
+inline void FillDocument(PrintDocument& document, std::int32_t rows) {
+  SetPageLines({}, document);
+  document.header.back().text.insert(0, u"测试公司");
+  PrintTable& table = document.table;
   table.Clear();
-  table.SetRowCount(rows + 1);
-  table.SetColumnCount(4);
-  for (std::int32_t column = 1; column <= 4; ++column) {
-    table.SetColumnWidth(column, kWidths[column - 1]);
-  }
-  table.SetRow(1, u"物料代码|物料名称|规格型号|标准单价|");
+  table.AddColumn(u"物料代码", 1500);
+  table.AddColumn(u"物料名称", 3000);
+  table.AddColumn(u"规格型号", 2700);
+  table.AddColumn(u"标准单价", 1200);
   for (std::int32_t row = 1; row <= rows; ++row) {
     const std::u16string number = NumberText(row);
-    table.SetRow(row + 1, u"01." + number + u"|六角头螺栓 " + number + u"|M8×40 GB/T 5782|" +
-                              number + u".50|");
+    table.AddCell(u"01." + number);
+    table.AddCell(u"六角头螺栓 " + number);
+    table.AddCell(u"M8×40 GB/T 5782");
+    table.AddCell(number + u".50");
   }
-  SetPageFooter(ledger);
 }
 
 // Finds parts of the preview's window: children by id, buttons by key.
@@ -205,7 +197,7 @@ class PreviewUser : public Input {
 class PreviewWorld : public ::testing::Test, public PreviewUser {
  protected:
   void Show(std::int32_t rows, Steps steps) {
-    FillLedger(ledger, rows);
+    FillDocument(document, rows);
     Show(std::move(steps));
   }
   void Show(Steps steps) {
@@ -218,10 +210,10 @@ class PreviewWorld : public ::testing::Test, public PreviewUser {
 
   HostWindow host{900, 620};
   MessageBoxes boxes;
-  PlainLedger ledger;
+  PrintDocument document;
   ScriptedPrinting printing;
   ScriptedFonts fonts;
-  windows::PreviewDialog dialog{GetModuleHandleW(nullptr), ledger, printing};
+  windows::PreviewDialog dialog{GetModuleHandleW(nullptr), document, printing};
 };
 
 }  // namespace pricedown::testing

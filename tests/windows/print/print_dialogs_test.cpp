@@ -173,7 +173,7 @@ TEST_F(PageSetupTest, ShowsTheMarginsAndReadsThemInHundredths) {
     return TRUE;
   };
   EXPECT_TRUE(windows::AskPageSetup(nullptr, printer_));
-  EXPECT_EQ(printer_.ChosenPaper(), (Paper{2100, 2970, {100, 101, 0, 254}}));
+  EXPECT_EQ(printer_.CurrentPaper(), (Paper{2100, 2970, {100, 101, 0, 254}}));
 }
 
 TEST_F(PageSetupTest, UsesPrinterAndPaper) {
@@ -185,7 +185,7 @@ TEST_F(PageSetupTest, UsesPrinterAndPaper) {
   spooler_.turnedDots = {254, 254, 4200, 2970, 50, 50, 4100, 2870};
   EXPECT_TRUE(windows::AskPageSetup(nullptr, printer_));
   EXPECT_EQ(printer_.Name(), L"Other");
-  EXPECT_EQ(printer_.ChosenPaper(), (Paper{4200, 2970, {200, 200, 200, 200}}));
+  EXPECT_EQ(printer_.CurrentPaper(), (Paper{4200, 2970, {200, 200, 200, 200}}));
 }
 
 TEST_F(PageSetupTest, ChangesNothingWhenItIsCancelled) {
@@ -194,9 +194,9 @@ TEST_F(PageSetupTest, ChangesNothingWhenItIsCancelled) {
     dialog.rtMargin = {};
     return FALSE;
   };
-  const Paper before = printer_.ChosenPaper();
+  const Paper before = printer_.CurrentPaper();
   EXPECT_FALSE(windows::AskPageSetup(nullptr, printer_));
-  EXPECT_EQ(printer_.ChosenPaper(), before);
+  EXPECT_EQ(printer_.CurrentPaper(), before);
   EXPECT_EQ(printer_.Name(), L"PDF");
 }
 
@@ -210,7 +210,7 @@ TEST_F(PageSetupTest, UsesThePaperWithoutAPrinter) {
     return TRUE;
   };
   EXPECT_TRUE(windows::AskPageSetup(nullptr, printer_));
-  EXPECT_EQ(printer_.ChosenPaper(), (Paper{1480, 2100, {100, 100, 100, 100}}));
+  EXPECT_EQ(printer_.CurrentPaper(), (Paper{1480, 2100, {100, 100, 100, 100}}));
 }
 
 TEST_F(PageSetupTest, FallsBackToTheDefaultWhenTheChosenPrinterIsGone) {
@@ -229,7 +229,7 @@ TEST_F(PageSetupTest, FallsBackToTheDefaultWhenTheChosenPrinterIsGone) {
   EXPECT_TRUE(windows::AskPageSetup(nullptr, printer_));
   EXPECT_EQ(shown, 2);
   EXPECT_EQ(printer_.Name(), L"PDF");
-  EXPECT_EQ(printer_.ChosenPaper(), (Paper{2100, 2970, {300, 300, 300, 300}}));
+  EXPECT_EQ(printer_.CurrentPaper(), (Paper{2100, 2970, {300, 300, 300, 300}}));
   dialogs_.onPageSetup = [&](PAGESETUPDLGW&, DWORD& error) {
     error = PDERR_PRINTERNOTFOUND;
     return FALSE;

@@ -1,7 +1,6 @@
 // A print job call by call: its order, every call failing once, and ways to cancel it.
 #include <gtest/gtest.h>
 
-#include "browser/print_table.h"
 #include "tests/print/fake_measurer.h"
 #include "tests/support/failure.h"
 #include "tests/windows/base/picture.h"
@@ -11,30 +10,6 @@
 
 namespace pricedown::testing {
 namespace {
-
-using windows::PrintChoice;
-using windows::PrintOrder;
-
-std::string Sheets(const PrintChoice& choice, std::int32_t pageCount) {
-  const PrintOrder order(choice, pageCount);
-  std::string pages;
-  for (std::int64_t sheet = 0; sheet < order.SheetCount(); ++sheet) {
-    pages += std::to_string(order.PageOn(sheet)) + " ";
-  }
-  return pages;
-}
-
-TEST(PrintOrder, CollatesCopiesOrRepeatsEachPage) {
-  EXPECT_EQ(Sheets({1, 9, 1, true}, 3), "1 2 3 ");
-  EXPECT_EQ(Sheets({2, 3, 2, true}, 3), "2 3 2 3 ");
-  EXPECT_EQ(Sheets({2, 3, 2, false}, 3), "2 2 3 3 ");
-}
-
-TEST(PrintOrder, LeavesOutPagesThatDoNotExist) {
-  EXPECT_EQ(Sheets({0, 2, 1, true}, 3), "1 2 ");
-  EXPECT_EQ(Sheets({4, 9, 2, true}, 3), "");
-  EXPECT_EQ(Sheets({1, 1, 0, true}, 3), "1 ");
-}
 
 class Watcher final : public windows::PrintWatcher {
  public:
@@ -50,26 +25,27 @@ class Watcher final : public windows::PrintWatcher {
 class PrintJobTest : public ::testing::Test {
  protected:
   PrintJobTest() {
-    content_.SetRowCount(70);
-    content_.SetColumnCount(1);
-    content_.SetColumnWidth(1, 3000);
-    for (std::int32_t row = 1; row <= 70; ++row) content_.SetRow(row, u"text|");
+    document_.font.name = u"Tahoma";
+    Fill(3000);
     printer_.UseDefault();
     spooler_.log.clear();
   }
   ~PrintJobTest() override { EXPECT_EQ(spooler_.contexts, 0); }
 
+  void Fill(std::int32_t width) {
+    document_.table.Clear();
+    document_.table.AddColumn(u"text", width);
+    for (int row = 0; row < 69; ++row) document_.table.AddCell(u"text");
+  }
   // Counted from here on.
   void FailCall(int call) { spooler_.failingCall = kCallsBefore + call; }
   bool Print(const PrintChoice& choice = {1, 9, 1, true}) {
-    const LedgerPages pages(content_, {{u"Tahoma", 9, false, false, false}, 285, paper_, u""},
-                            measurer_);
+    const PrintPages pages(document_, {}, u"", measurer_);
     return windows::RunPrintJob(printer_, pages, measurer_, {choice, pages.PageCount()}, watcher_);
   }
 
-  static constexpr int kCallsBefore = 2;  // querying the printer's paper
-  LedgerContent content_;
-  Paper paper_;
+  static constexpr int kCallsBefore = 2;  // the printer was asked for its paper
+  PrintDocument document_;
   windows::DeviceMeasurer measurer_;
   FakeSpooler spooler_;
   FakeDialogs dialogs_;
@@ -90,7 +66,7 @@ TEST_F(PrintJobTest, SendsThePagesToThePrinterOneByOne) {
 }
 
 TEST_F(PrintJobTest, UsesLandscapePaperForLandscapePages) {
-  content_.SetColumnWidth(1, 12000);
+  Fill(12000);
   EXPECT_TRUE(Print({1, 1, 1, true}));
   EXPECT_TRUE(spooler_.log.starts_with("open PDF landscape\n")) << spooler_.log;
 }
@@ -122,8 +98,7 @@ TEST_F(PrintJobTest, EndsAtEachCallThatFails) {
     printer.UseDefault();
     spooler.log.clear();
     spooler.failingCall = kCallsBefore + static_cast<int>(call) + 1;
-    const LedgerPages pages(content_, {{u"Tahoma", 9, false, false, false}, 285, paper_, u""},
-                            measurer_);
+    const PrintPages pages(document_, {}, u"", measurer_);
     const std::string failure = FailureOf([&] {
       windows::RunPrintJob(printer, pages, measurer_, {{1, 9, 1, true}, 2}, watcher_);
     });
@@ -141,8 +116,8 @@ TEST_F(PrintJobTest, ReportsNoReasonWhereTheSystemHasNone) {
 }
 
 TEST_F(PrintJobTest, DoesNotBeginOnAPrinterWithoutAResolution) {
-  for (const auto& dots : {windows::PrinterDots{0, 300, 2480, 3508, 0, 0, 2480, 3508},
-                           windows::PrinterDots{300, 0, 2480, 3508, 0, 0, 2480, 3508}}) {
+  for (const auto& dots : {PrinterDots{0, 300, 2480, 3508, 0, 0, 2480, 3508},
+                           PrinterDots{300, 0, 2480, 3508, 0, 0, 2480, 3508}}) {
     spooler_.log.clear();
     spooler_.dots = dots;
     EXPECT_EQ(FailureOf([&] { Print(); }), "80004005 打印机没有给出分辨率。");
@@ -208,8 +183,7 @@ TEST_F(PrintJobTest, CountsFromThePapersCornerAndNotFromWhereThePrinterCanPrint)
   spooler.dots = spooler.turnedDots = {254, 508, 2100, 5940, 70, 90, 1900, 5800};
   windows::Printer printer(spooler, dialogs_);
   printer.UseDefault();
-  const LedgerPages pages(content_, {{u"Tahoma", 9, false, false, false}, 285, paper_, u""},
-                          measurer_);
+  const PrintPages pages(document_, {}, u"", measurer_);
   EXPECT_TRUE(windows::RunPrintJob(printer, pages, measurer_, {{1, 1, 1, true}, 1}, watcher_));
   const PageRule& top = pages.PageAt(1).rules.front();
   // One dot per tenth across, two down; searches where the rule is the first dark thing.

@@ -2,10 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <limits>
 #include <vector>
 
-#include <limits>
 #include "tests/support/case_name.h"
 #include "tests/support/failure.h"
 #include "tests/windows/print/fake_printer.h"
@@ -16,50 +14,7 @@
 namespace pricedown::testing {
 namespace {
 
-using windows::PaperOf;
 using windows::Printer;
-using windows::PrinterDots;
-
-constexpr int kLargest = std::numeric_limits<int>::max();
-
-struct PaperCase {
-  const char* name;
-  PrinterDots dots;
-  Paper expected;
-};
-
-class PaperOfAPrinter : public ::testing::TestWithParam<PaperCase> {};
-
-TEST_P(PaperOfAPrinter, IsTakenFromItsDots) {
-  EXPECT_EQ(PaperOf(GetParam().dots), GetParam().expected);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    , PaperOfAPrinter,
-    ::testing::Values(
-        PaperCase{
-            "A4ToTheEdge", {300, 300, 2480, 3508, 0, 0, 2480, 3508}, {2100, 2970, {0, 0, 0, 0}}},
-        // A quarter of an inch is 63.5 tenths of a millimetre.
-        PaperCase{"StripsAreRoundedUp",
-                  {600, 600, 5100, 6600, 150, 150, 4800, 6300},
-                  {2159, 2794, {64, 64, 64, 64}}},
-        PaperCase{"DifferentStrips",
-                  {254, 254, 2100, 2970, 30, 40, 2020, 2870},
-                  {2100, 2970, {30, 40, 50, 60}}},
-        PaperCase{"DifferentResolutions",
-                  {254, 508, 1000, 4000, 10, 40, 980, 3920},
-                  {1000, 2000, {10, 20, 10, 20}}},
-        PaperCase{"MorePrintableThanPaper",
-                  {254, 254, 1000, 1000, 0, 0, 1100, 1100},
-                  {1000, 1000, {0, 0, 0, 0}}},
-        PaperCase{"AbsurdlyLarge",
-                  {1, 1, kLargest, kLargest, kLargest, 0, -kLargest, kLargest},
-                  {100'000, 100'000, {100'000, 0, 100'000, 0}}},
-        PaperCase{"NoResolution", {0, 0, 2480, 3508, 9, 9, 1, 1}, {2100, 2970, {0, 0, 0, 0}}},
-        PaperCase{"NoPaper", {96, 96, 0, 0, 0, 0, 1280, 800}, {2100, 2970, {0, 0, 0, 0}}}),
-    [](const ::testing::TestParamInfo<PaperCase>& tested) {
-      return std::string(tested.param.name);
-    });
 
 class PrinterTest : public ::testing::Test {
  protected:
@@ -80,7 +35,7 @@ TEST_F(PrinterTest, DefaultsToA4WithoutADefaultPrinter) {
   dialogs_.defaultDevice.clear();
   printer_.UseDefault();
   EXPECT_FALSE(printer_.IsThere());
-  EXPECT_EQ(printer_.ChosenPaper(), (Paper{2100, 2970, {200, 200, 200, 200}}));
+  EXPECT_EQ(printer_.CurrentPaper(), (Paper{2100, 2970, {200, 200, 200, 200}}));
   EXPECT_EQ(printer_.CopyMode(), nullptr);
   EXPECT_EQ(printer_.CopyNames(), nullptr);
   EXPECT_EQ(spooler_.log, "");
@@ -89,7 +44,7 @@ TEST_F(PrinterTest, DefaultsToA4WithoutADefaultPrinter) {
 TEST_F(PrinterTest, IsTheUsersDefaultOne) {
   printer_.UseDefault();
   EXPECT_EQ(printer_.Name(), L"PDF");
-  EXPECT_EQ(printer_.ChosenPaper(), (Paper{2100, 2970, {200, 200, 200, 200}}));
+  EXPECT_EQ(printer_.CurrentPaper(), (Paper{2100, 2970, {200, 200, 200, 200}}));
   EXPECT_EQ(spooler_.log, "ask PDF portrait\nclose\nask PDF landscape\nclose\n");
 }
 
@@ -97,10 +52,10 @@ TEST_F(PrinterTest, HasA4UntilItsPaperIsKnown) {
   spooler_.failingCall = 1;
   printer_.UseDefault();
   EXPECT_EQ(printer_.Name(), L"PDF");
-  EXPECT_EQ(printer_.ChosenPaper(), (Paper{2100, 2970, {200, 200, 200, 200}}));
+  EXPECT_EQ(printer_.CurrentPaper(), (Paper{2100, 2970, {200, 200, 200, 200}}));
   spooler_.dots = {254, 254, 1480, 2100, 0, 0, 1480, 2100};
   printer_.UseDefault();
-  EXPECT_EQ(printer_.ChosenPaper().width, 1480);
+  EXPECT_EQ(printer_.CurrentPaper().width, 1480);
 }
 
 TEST_F(PrinterTest, FollowsTheUsersDefaultWhereNoDialogHasChosen) {
@@ -126,16 +81,16 @@ TEST_F(PrinterTest, LeavesMarginsForItsUnprintableAreaInBothOrientations) {
   spooler_.dots = {254, 254, 2100, 2970, 250, 10, 1840, 2950};
   spooler_.turnedDots = {254, 254, 2970, 2100, 10, 300, 2950, 1790};
   printer_.UseDefault();
-  EXPECT_EQ(printer_.ChosenPaper().margins, (PageBox{250, 300, 200, 200}));
+  EXPECT_EQ(printer_.CurrentPaper().margins, (Margins{250, 300, 200, 200}));
   printer_.ChoosePaper({2100, 2970, {0, 310, 0, 5}});
-  EXPECT_EQ(printer_.ChosenPaper().margins, (PageBox{250, 310, 10, 10}));
+  EXPECT_EQ(printer_.CurrentPaper().margins, (Margins{250, 310, 10, 10}));
 }
 
 TEST_F(PrinterTest, LeavesRoomOnALabel) {
   spooler_.dots = {254, 254, 600, 300, 0, 0, 600, 300};
   spooler_.turnedDots = {254, 254, 300, 600, 0, 0, 300, 600};
   printer_.UseDefault();
-  EXPECT_EQ(printer_.ChosenPaper(), (Paper{600, 300, {50, 50, 50, 50}}));
+  EXPECT_EQ(printer_.CurrentPaper(), (Paper{600, 300, {50, 50, 50, 50}}));
 }
 
 TEST_F(PrinterTest, KeepsChosenMarginsOnAnotherPrinter) {
@@ -143,7 +98,7 @@ TEST_F(PrinterTest, KeepsChosenMarginsOnAnotherPrinter) {
   printer_.ChoosePaper({2100, 2970, {100, 110, 120, 130}});
   spooler_.dots = {254, 254, 1480, 2100, 0, 0, 1480, 2100};
   Choose(L"Small");
-  EXPECT_EQ(printer_.ChosenPaper(), (Paper{1480, 2100, {100, 110, 120, 130}}));
+  EXPECT_EQ(printer_.CurrentPaper(), (Paper{1480, 2100, {100, 110, 120, 130}}));
 }
 
 TEST_F(PrinterTest, PrintsPortraitOrLandscapeAsSetUp) {
@@ -203,7 +158,7 @@ TEST_F(PrinterTest, StaysUnchangedWhenAnotherOneCannotBeQueried) {
     const std::string failure = FailureOf([&] { printer.Choose(mode.Get(), names.Get()); });
     EXPECT_TRUE(failure.starts_with("80070005 无法打开打印机 Bad：")) << failure;
     EXPECT_EQ(printer.Name(), L"PDF");
-    EXPECT_EQ(printer.ChosenPaper().width, 2100);
+    EXPECT_EQ(printer.CurrentPaper().width, 2100);
     EXPECT_EQ(spooler.contexts, 0);
   }
 }

@@ -37,7 +37,7 @@ class User final : public win::PrintWatcher {
   std::int64_t pages_;  // wanted
 };
 
-void PrintTexts(std::int32_t number, const Page& page, const std::vector<PageFont>& fonts,
+void PrintTexts(std::int32_t number, const Page& page, const std::vector<Font>& fonts,
                 win::DeviceMeasurer& measurer) {
   for (const PageRule& rule : page.rules) {
     std::printf("rule\t%d\t%.2f\t%.2f\t%.2f\t%.2f\n", number, rule.left * kPointsPerTenth,
@@ -45,7 +45,7 @@ void PrintTexts(std::int32_t number, const Page& page, const std::vector<PageFon
                 rule.bottom * kPointsPerTenth);
   }
   for (const PageText& text : page.texts) {
-    const PageFont& font = fonts[text.font];
+    const Font& font = fonts[text.font];
     const Tenths width = measurer.Width(font, text.text);
     Tenths left = text.anchor;
     if (text.alignment == TextAlignment::Right) left -= width;
@@ -67,16 +67,14 @@ int Run(std::string_view name, bool calledOff, const char* picture, int dotsPerI
     return 1;
   }
   win::DeviceMeasurer measurer;
-  KnownDocument document;
-  if (!document.Fill(name, printer.ChosenPaper(), measurer)) {
+  PrintDocument document;
+  if (!FillKnownDocument(name, printer.CurrentPaper(), measurer, document)) {
     std::fprintf(stderr, "print_pages: no such document\n");
     return 2;
   }
-  const LedgerPages pages = document.Pages(printer.ChosenPaper(), kKnownDate, measurer);
-  win::PrintChoice all;
-  all.last = pages.PageCount();
+  const PrintPages pages(document, printer.CurrentPaper(), kKnownDate, measurer);
   User user(calledOff ? 1 : pages.PageCount());
-  if (!win::RunPrintJob(printer, pages, measurer, {all, pages.PageCount()}, user)) {
+  if (!win::RunPrintJob(printer, pages, measurer, {{}, pages.PageCount()}, user)) {
     std::printf("called off\n");
     return 0;
   }

@@ -15,8 +15,6 @@
 namespace pricedown::testing {
 namespace {
 
-constexpr double kTenthsPerInch = 254;
-
 struct DeleteContext {
   void operator()(HDC context) const { DeleteDC(context); }
 };
@@ -27,9 +25,9 @@ struct CloseFile {
 
 }  // namespace
 
-void WritePagePicture(const LedgerPages& pages, std::int32_t number,
+void WritePagePicture(const PrintPages& pages, std::int32_t number,
                       windows::DeviceMeasurer& measurer, int dotsPerInch, const std::string& file) {
-  const double scale = dotsPerInch / kTenthsPerInch;
+  const double scale = dotsPerInch / double{kTenthsPerInch};
   BITMAPINFO info{};
   info.bmiHeader.biSize = sizeof info.bmiHeader;
   info.bmiHeader.biWidth = static_cast<LONG>(std::lround(pages.PrintedPaper().width * scale));

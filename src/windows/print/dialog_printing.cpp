@@ -1,9 +1,10 @@
-// The dialog wants the number of pages before the paper is chosen, so that pages may be laid out
-// twice; that costs little.
-#include "windows/print/ledger_printing.h"
+// The dialog wants the number of pages before the paper is chosen, so pages are laid out twice.
+#include "windows/print/dialog_printing.h"
 
 #include <array>
 
+#include "print/print_order.h"
+#include "print/print_pages.h"
 #include "windows/com/failure.h"
 #include "windows/com/wide_text.h"
 #include "windows/print/device_measurer.h"
@@ -22,18 +23,19 @@ std::u16string TodayText() {
   return FromWide(text.data());
 }
 
-bool PrintLedgerDocument(HINSTANCE module, HWND owner, const LedgerDocument& document,
-                         Printer& printer, const Lifetime& lifetime) {
+bool PrintWithDialog(HINSTANCE module, HWND owner, const PrintDocument& document, Printer& printer,
+                     const Lifetime& lifetime) {
   printer.UseDefault();
   DeviceMeasurer measurer;
   const std::u16string date = TodayText();
-  const std::int32_t pageCount = document.Pages(printer.ChosenPaper(), date, measurer).PageCount();
-  const std::optional<PrintChoice> choice = AskPrint(owner, printer, pageCount);
+  const auto pagesNow = [&] {
+    return PrintPages(document, printer.CurrentPaper(), date, measurer);
+  };
+  const std::optional<PrintChoice> choice = AskPrint(owner, printer, pagesNow().PageCount());
   if (!choice || lifetime.HasEnded()) return false;
-  const LedgerPages pages = document.Pages(printer.ChosenPaper(), date, measurer);
-  const PrintOrder order(*choice, pages.PageCount());
+  const PrintPages pages = pagesNow();
   PrintProgress progress(module, owner);
-  RunPrintJob(printer, pages, measurer, order, progress);
+  RunPrintJob(printer, pages, measurer, PrintOrder(*choice, pages.PageCount()), progress);
   return true;
 }
 

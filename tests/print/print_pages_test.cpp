@@ -1,4 +1,4 @@
-// The pages of whole ledgers, as draw commands.
+// The pages of whole documents, as draw commands.
 #include "tests/print/pages_fixture.h"
 #include "tests/support/call_log.h"
 #include "tests/support/case_name.h"
@@ -30,7 +30,7 @@ const std::string kRulesOfOneRow = Lines(R"(
 
 TEST_F(Pages, OfAnEmptyGridHoldHeaderTitlesAndFooter) {
   Rows({});
-  const LedgerPages pages = Made();
+  const PrintPages pages = Made();
   EXPECT_EQ(pages.PageCount(), 1);
   EXPECT_FALSE(pages.IsTurned());
   EXPECT_EQ(TextsOf(pages, 1), kHeader + Lines(R"(
@@ -49,28 +49,27 @@ TEST_F(Pages, OfAnEmptyGridHoldHeaderTitlesAndFooter) {
 }
 
 TEST_F(Pages, NameTheFontsOfTableAndLinesOnce) {
-  setup_.tableFont.name = u"楷体";
-  const LedgerPages pages = Made();
-  ASSERT_EQ(pages.Fonts().size(), 2u);
-  EXPECT_EQ(pages.Fonts()[0], (PageFont{u"楷体", 9, false, false, false}));
-  EXPECT_EQ(pages.Fonts()[1], (PageFont{u"楷体", 20, true, false, true}));
-  setup_.tableFont.italic = true;
-  const LedgerPages italic = Made();
-  ASSERT_EQ(italic.Fonts().size(), 3u);
-  EXPECT_EQ(italic.Fonts()[2], (PageFont{u"楷体", 9, false, false, false}));
+  document_.font = {u"楷体", 12, true, true};
+  const PrintPages pages = Made();
+  ASSERT_EQ(pages.Fonts().size(), 3u);
+  EXPECT_EQ(pages.Fonts()[0], document_.font);
+  EXPECT_EQ(pages.Fonts()[1], document_.header[0].font);
+  EXPECT_EQ(pages.Fonts()[2], document_.header[1].font);
+  document_.font = {};
+  EXPECT_EQ(Made().Fonts().size(), 2u);
 }
 
 TEST_F(Pages, KeepLinesApartThatDifferInTheirUnderlineAlone) {
-  content_.SetFooterLine(1, u"x", {9, false, true});
-  const LedgerPages pages = Made();
+  document_.footer[0] = {u"x", {u"宋体", 9, false, false, true}};
+  const PrintPages pages = Made();
   ASSERT_EQ(pages.Fonts().size(), 3u);
   EXPECT_FALSE(pages.Fonts()[0].underlined);
   EXPECT_TRUE(pages.Fonts()[2].underlined);
 }
 
 TEST_F(Pages, OfOneRowShowItBelowTheTitles) {
-  Rows({u"A.001|螺栓|M8|12.5|"});
-  const LedgerPages pages = Made();
+  Rows({{u"A.001", u"螺栓", u"M8", u"12.5"}});
+  const PrintPages pages = Made();
   EXPECT_EQ(pages.PageCount(), 1);
   EXPECT_EQ(RowTexts(), Lines(R"(
       text 0 left 210,429 in 210,422-508,472 "A.001"
@@ -93,12 +92,12 @@ class PagesOfManyRows : public Pages, public ::testing::WithParamInterface<Count
 
 TEST_P(PagesOfManyRows, HoldFortyFiveEach) {
   NumberedRows(GetParam().rows);
-  const LedgerPages pages = Made();
+  const PrintPages pages = Made();
   ASSERT_EQ(pages.PageCount(), GetParam().pages);
   EXPECT_EQ(RowsOn(pages, pages.PageCount()), GetParam().lastPage);
 }
 
-INSTANTIATE_TEST_SUITE_P(LedgerPages, PagesOfManyRows,
+INSTANTIATE_TEST_SUITE_P(PrintPages, PagesOfManyRows,
                          ::testing::Values(CountCase{"None", 0, 1, "none"},
                                            CountCase{"OneLessThanAPage", 44, 1, "R1 to R44"},
                                            CountCase{"APage", 45, 1, "R1 to R45"},
@@ -109,14 +108,15 @@ INSTANTIATE_TEST_SUITE_P(LedgerPages, PagesOfManyRows,
 
 TEST_F(Pages, FollowEachOtherWithoutAGapAndRepeatTheTitles) {
   NumberedRows(10000);
-  const LedgerPages pages = Made();
+  const PrintPages pages = Made();
   std::int32_t next = 1;
   for (std::int32_t number = 1; number <= pages.PageCount(); ++number) {
     const std::string texts = TextsOf(pages, number);
     EXPECT_NE(texts.find(kTitles), std::string::npos) << number;
     EXPECT_NE(texts.find("\"第 " + std::to_string(number) + " 页\"\n"), std::string::npos);
     EXPECT_NE(texts.find("\"共 223 页\"\n"), std::string::npos);
-    for (const PageText& text : pages.PageAt(number).texts) {
+    const Page page = pages.PageAt(number);
+    for (const PageText& text : page.texts) {
       if (text.text.starts_with(u'R')) {
         EXPECT_EQ(Utf8(text.text), "R" + std::to_string(next++));
       }
@@ -132,54 +132,54 @@ TEST_F(Pages, OfALastRowEndTheirRulesThere) {
 
 TEST_F(Pages, MeasureOnlyWhatTheyShow) {
   NumberedRows(10000);
-  const LedgerPages pages = Made();
+  const PrintPages pages = Made();
   EXPECT_LE(measurer_.calls, 10);
   measurer_.calls = 0;
   pages.PageAt(200);
   EXPECT_LE(measurer_.calls, 60);
 }
 
-TEST_F(Pages, BeginANewCellAtASeparatorInsideAText) {
-  Rows({u"A|bolt|nut|M8|12.5|", u"B|washer|M10|3|"});
+TEST_F(Pages, KeepABarInsideATextInItsCell) {
+  Rows({{u"A", u"bolt|nut", u"M8", u"12.5"}});
   EXPECT_EQ(RowTexts(), Lines(R"(
       text 0 left 210,429 in 210,422-508,472 "A"
-      text 0 left 528,429 in 528,422-1037,472 "bolt"
-      text 0 left 1057,429 in 1057,422-1513,472 "nut"
-      text 0 left 1533,429 in 1533,422-1831,472 "M8"
-      text 0 left 210,479 in 210,472-508,522 "B"
-      text 0 left 528,479 in 528,472-1037,522 "washer"
-      text 0 left 1057,479 in 1057,472-1513,522 "M10"
-      text 0 left 1533,479 in 1533,472-1831,522 "3"
+      text 0 left 528,429 in 528,422-1037,472 "bolt|nut"
+      text 0 left 1057,429 in 1057,422-1513,472 "M8"
+      text 0 right 1831,429 in 1533,422-1831,472 "12.5"
       )"));
 }
 
 TEST_F(Pages, FillNoFieldsInsideTheTable) {
-  Rows({u"&[页]|||"});
+  Rows({{u"&[页]", u"", u"", u""}});
   EXPECT_EQ(RowTexts(), "text 0 left 210,429 in 210,422-508,472 \"&[页]\"\n");
 }
 
-TEST_F(Pages, LeaveTheEndOfAShortRowEmpty) {
-  Rows({u"A", u""});
-  EXPECT_EQ(RowTexts(), "text 0 left 210,429 in 210,422-508,472 \"A\"\n");
-}
-
 TEST_F(Pages, OfNothingAreOneEmptyPage) {
-  const LedgerContent nothing;
-  const LedgerPages pages(nothing, setup_, measurer_);
+  document_ = {};
+  const PrintPages pages = Made();
   EXPECT_EQ(pages.PageCount(), 1);
   EXPECT_TRUE(pages.PageAt(1).rules.empty());
   EXPECT_TRUE(pages.PageAt(1).texts.empty());
 }
 
 TEST_F(Pages, BeginAtTheMarginWithoutHeader) {
-  LedgerContent table;
-  table.SetColumnCount(1);
-  table.SetRowCount(100);
-  const LedgerPages pages(table, setup_, measurer_);
+  document_ = {};
+  document_.table.AddColumn(u"", 1200);
+  for (int row = 0; row < 99; ++row) document_.table.AddCell(u"");
+  const PrintPages pages = Made();
   EXPECT_EQ(pages.PageAt(1).rules.front(), (PageRule{200, 200, 412, 200}));
   // (2770 - 200) / 50 rows less the titles.
   EXPECT_EQ(pages.PageCount(), 2);
   EXPECT_EQ(pages.PageAt(1).rules.size(), 51u + 1 + 2);
+}
+
+TEST_F(Pages, StayValidWhenAPageMoves) {
+  Rows({{u"A\tB", std::u16string(100, u'w'), u"", u""}});
+  Page page = Made().PageAt(1);
+  const std::string texts = ReadableLines(page.texts);
+  const Page moved = std::move(page);
+  EXPECT_EQ(ReadableLines(moved.texts), texts);
+  EXPECT_NE(texts.find("A B"), std::string::npos);
 }
 
 TEST_F(Pages, LetEachFailingMeasurementThrough) {

@@ -1,20 +1,18 @@
-// From the item grid to pages: the core's own ledger, filled by the core's own commands.
-#include "browser/print_document.h"
-
+// From the item grid to pages, by the print commands.
 #include <gtest/gtest.h>
 
 #include "browser/display_font.h"
 #include "browser/print_commands.h"
 #include "tests/browser/browser_fixture.h"
 #include "tests/browser/page_keeper.h"
-#include "tests/browser/recording_ledger.h"
+#include "tests/browser/recording_output.h"
 
 namespace pricedown::testing {
 namespace {
 
-class PrintDocument : public BrowserFixture {
+class PrintedPages : public BrowserFixture {
  protected:
-  PrintDocument() {
+  PrintedPages() {
     AnswerTitleFont(factory_, Reply::From([this](auto) { return titleName_; }),
                     Reply::From([this](auto) { return titleCharset_; }));
     grid_.Prepare();
@@ -32,17 +30,18 @@ class PrintDocument : public BrowserFixture {
 
   Value titleName_ = Null{};
   Value titleCharset_ = Null{};
-  PageKeeper ledger_;
+  PrintDocument document_;
+  PageKeeper output_;
   RecordingFontView fontView_{factory_.GetRecorder()};
-  DisplayFont font_{environment_, ledger_.Appearance(), grid_.Cells(), fontView_};
-  PrintCommands commands_{environment_, state_, grid_.Cells(), ledger_, font_};
+  DisplayFont font_{environment_, document_, grid_.Cells(), fontView_};
+  PrintCommands commands_{environment_, grid_.Cells(), document_, output_, font_};
 };
 
-TEST_F(PrintDocument, ShowsTheGridOnPaper) {
+TEST_F(PrintedPages, ShowsTheGridOnPaper) {
   Rows(1);
   commands_.Preview();
-  EXPECT_EQ(ledger_.pageCount, 1);
-  EXPECT_EQ(ReadableLines(ledger_.firstPage.texts), Lines(R"(
+  EXPECT_EQ(output_.pageCount, 1);
+  EXPECT_EQ(ReadableLines(output_.firstPage.texts), Lines(R"(
       text 1 centre 1050,200 in 200,200-1900,280 "物料类别维护-明细物料"
       text 0 right 1900,316 in 220,316-1900,352 "打印日期：2008-03-31"
       text 0 left 200,2734 in 200,2734-1754,2770 "第 1 页"
@@ -57,51 +56,51 @@ TEST_F(PrintDocument, ShowsTheGridOnPaper) {
       )"));
 }
 
-TEST_F(PrintDocument, HoldsOnlyTheRowsOfTheLastFill) {
+TEST_F(PrintedPages, HoldsOnlyTheRowsOfTheLastFill) {
   Rows(100);
   commands_.Print();
-  EXPECT_EQ(ledger_.pageCount, 3);
+  EXPECT_EQ(output_.pageCount, 3);
   Rows(1);
   commands_.Print();
-  EXPECT_EQ(ledger_.pageCount, 1);
+  EXPECT_EQ(output_.pageCount, 1);
   Rows(0);
   commands_.Print();
-  EXPECT_EQ(ledger_.pageCount, 1);
+  EXPECT_EQ(output_.pageCount, 1);
   // Header, footer and titles.
-  EXPECT_EQ(ledger_.firstPage.texts.size(), 8u);
+  EXPECT_EQ(output_.firstPage.texts.size(), 8u);
 }
 
-TEST_F(PrintDocument, PrintsInTheDisplayFont) {
-  ledger_.Appearance().font = {u"楷体", 12, true, true};
+TEST_F(PrintedPages, PrintsInTheDisplayFont) {
+  document_.font = {u"楷体", 12, true, true};
   commands_.Print();
-  EXPECT_EQ(ledger_.fonts[0], (PageFont{u"楷体", 12, true, true, false}));
+  EXPECT_EQ(output_.fonts[0], (Font{u"楷体", 12, true, true, false}));
 }
 
-TEST_F(PrintDocument, SetsHeaderAndFooterInTheSuitesTitleFont) {
-  ledger_.Appearance().font = {u"楷体", 12, true, true};
+TEST_F(PrintedPages, SetsHeaderAndFooterInTheSuitesTitleFont) {
+  document_.font = {u"楷体", 12, true, true};
   titleName_ = u"新細明體";
   titleCharset_ = 136;
   commands_.Print();
-  EXPECT_EQ(ledger_.fonts[1], (PageFont{u"新細明體", 20, true, false, true, 136}));
-  EXPECT_EQ(ledger_.fonts[2], (PageFont{u"新細明體", 9, false, false, false, 136}));
+  EXPECT_EQ(output_.fonts[1], (Font{u"新細明體", 20, true, false, true, 136}));
+  EXPECT_EQ(output_.fonts[2], (Font{u"新細明體", 9, false, false, false, 136}));
 }
 
-TEST_F(PrintDocument, SetsHeaderAndFooterInSongWhenTheSuiteHasNoFont) {
-  ledger_.Appearance().font = {u"楷体", 12, true, true};
+TEST_F(PrintedPages, SetsHeaderAndFooterInSongWhenTheSuiteHasNoFont) {
+  document_.font = {u"楷体", 12, true, true};
   commands_.Print();
-  EXPECT_EQ(ledger_.fonts[1], (PageFont{u"宋体", 20, true, false, true}));
-  EXPECT_EQ(ledger_.fonts[2], (PageFont{u"宋体", 9, false, false, false}));
+  EXPECT_EQ(output_.fonts[1], (Font{u"宋体", 20, true, false, true}));
+  EXPECT_EQ(output_.fonts[2], (Font{u"宋体", 9, false, false, false}));
 }
 
-TEST_F(PrintDocument, SetsNoCharacterSetWithoutItsFont) {
+TEST_F(PrintedPages, SetsNoCharacterSetWithoutItsFont) {
   titleName_ = u"";
   titleCharset_ = 136;
   commands_.Print();
-  EXPECT_EQ(ledger_.fonts[1], (PageFont{u"宋体", 20, true, false, true, kAnyCharset}));
+  EXPECT_EQ(output_.fonts[1], (Font{u"宋体", 20, true, false, true, kAnyCharset}));
 }
 
-TEST_F(PrintDocument, ReportsATextThatCannotBeMeasured) {
-  ledger_.measurer.failingCall = 3;
+TEST_F(PrintedPages, ReportsATextThatCannotBeMeasured) {
+  output_.measurer.failingCall = 3;
   commands_.Preview();
   EXPECT_EQ(log_.Text(),
             ReadingTitleFont() + "tell information \"岚禾提示\": \"measuring failed\"\n");
@@ -115,7 +114,7 @@ struct PaperSizeCase {
 };
 void PrintTo(const PaperSizeCase& size, std::ostream* stream) { *stream << size.name; }
 
-class ReportSizeOnPaper : public PrintDocument,
+class ReportSizeOnPaper : public PrintedPages,
                           public ::testing::WithParamInterface<PaperSizeCase> {};
 
 TEST_P(ReportSizeOnPaper, CountsFromNineToEighteen) {
@@ -129,11 +128,11 @@ TEST_P(ReportSizeOnPaper, CountsFromNineToEighteen) {
   fontView_.labelHeight = 450;
   font_.Refresh();
   commands_.Print();
-  EXPECT_EQ(ledger_.fonts[0].size, GetParam().fontSize);
-  EXPECT_EQ(ledger_.RowHeight(), GetParam().rowHeight);
+  EXPECT_EQ(output_.fonts[0].size, GetParam().fontSize);
+  EXPECT_EQ(output_.RowHeight(), GetParam().rowHeight);
 }
 
-INSTANTIATE_TEST_SUITE_P(PrintDocument, ReportSizeOnPaper,
+INSTANTIATE_TEST_SUITE_P(PrintedPages, ReportSizeOnPaper,
                          ::testing::Values(PaperSizeCase{"Eight", u"8", 9, 50},
                                            PaperSizeCase{"Nine", u"9", 9, 85},
                                            PaperSizeCase{"Eighteen", u"18", 18, 85},

@@ -5,41 +5,34 @@
 #include <chrono>
 #include <thread>
 
-#include "browser/print_table.h"
 #include "tests/support/failure.h"
 #include "tests/windows/base/picture.h"
 #include "tests/windows/control/ui_world.h"
 #include "tests/windows/print/fake_printer.h"
 #include "windows/base/plain_control.h"
-#include "windows/print/ledger_printing.h"
+#include "windows/print/dialog_printing.h"
 #include "windows/print/print_progress.h"
 
 namespace pricedown::testing {
 namespace {
 
-class Document final : public LedgerDocument {
- public:
-  explicit Document(std::int32_t rows) {
-    SetPageHeader(*this, u"");
-    Table().SetRowCount(rows + 1);
-    Table().SetColumnCount(1);
-    Table().SetColumnWidth(1, 3000);
-    for (std::int32_t row = 1; row <= rows + 1; ++row) Table().SetRow(row, u"text|");
-    Appearance().font.name = u"Tahoma";
-  }
-  void Preview() override {}
-  void Print() override {}
-};
+PrintDocument DocumentOf(std::int32_t rows) {
+  PrintDocument document;
+  document.font.name = u"Tahoma";
+  document.table.AddColumn(u"text", 3000);
+  for (std::int32_t row = 0; row < rows; ++row) document.table.AddCell(u"text");
+  return document;
+}
 
-class LedgerPrinting : public ::testing::Test {
+class DialogPrinting : public ::testing::Test {
  protected:
-  ~LedgerPrinting() override {
+  ~DialogPrinting() override {
     EXPECT_EQ(spooler_.contexts, 0);
     EXPECT_TRUE(dialogs_.AllFreed());
   }
   bool Print() {
-    return windows::PrintLedgerDocument(GetModuleHandleW(nullptr), nullptr, document_, printer_,
-                                        lifetime_);
+    return windows::PrintWithDialog(GetModuleHandleW(nullptr), nullptr, document_, printer_,
+                                    lifetime_);
   }
   std::size_t Count(const std::string& line) const {
     std::size_t count = 0;
@@ -50,14 +43,14 @@ class LedgerPrinting : public ::testing::Test {
     return count;
   }
 
-  Document document_{100};
+  PrintDocument document_ = DocumentOf(100);
   FakeSpooler spooler_;
   FakeDialogs dialogs_;
   windows::Printer printer_{spooler_, dialogs_};
   Lifetime lifetime_;
 };
 
-TEST_F(LedgerPrinting, PrintsAllPagesOnTheDefaultPrinter) {
+TEST_F(DialogPrinting, PrintsAllPagesOnTheDefaultPrinter) {
   WORD pages = 0;
   dialogs_.onPrint = [&](PRINTDLGW& dialog, DWORD&) {
     pages = dialog.nMaxPage;
@@ -69,13 +62,13 @@ TEST_F(LedgerPrinting, PrintsAllPagesOnTheDefaultPrinter) {
   EXPECT_EQ(Count("end\nclose\n"), 1u) << spooler_.log;
 }
 
-TEST_F(LedgerPrinting, PrintsNothingAndShowsNoMessageWhenTheDialogIsCancelled) {
+TEST_F(DialogPrinting, PrintsNothingAndShowsNoMessageWhenTheDialogIsCancelled) {
   dialogs_.onPrint = [](PRINTDLGW&, DWORD&) { return FALSE; };
   EXPECT_FALSE(Print());
   EXPECT_EQ(Count("open"), 0u);
 }
 
-TEST_F(LedgerPrinting, PrintsNothingWhenItsControlEndsDuringTheDialog) {
+TEST_F(DialogPrinting, PrintsNothingWhenItsControlEndsDuringTheDialog) {
   dialogs_.onPrint = [&](PRINTDLGW&, DWORD&) {
     lifetime_.End();
     return TRUE;
@@ -85,15 +78,15 @@ TEST_F(LedgerPrinting, PrintsNothingWhenItsControlEndsDuringTheDialog) {
   EXPECT_EQ(Count("open"), 0u) << spooler_.log;
 }
 
-TEST_F(LedgerPrinting, ReportsThatThereIsNoPrinter) {
+TEST_F(DialogPrinting, ReportsThatThereIsNoPrinter) {
   dialogs_.defaultDevice.clear();
   EXPECT_EQ(FailureOf([&] { Print(); }), "80004005 没有安装打印机，请先在系统中添加打印机。");
   EXPECT_EQ(dialogs_.shown, 0);
   EXPECT_EQ(spooler_.log, "");
 }
 
-// A page half as high holds about half the rows.
-TEST_F(LedgerPrinting, LaysThePagesOutForThePaperChosenInTheDialog) {
+// A page half as high takes about half the rows.
+TEST_F(DialogPrinting, LaysThePagesOutForThePaperChosenInTheDialog) {
   WORD pages = 0;
   dialogs_.onPrint = [&](PRINTDLGW& dialog, DWORD&) {
     pages = dialog.nMaxPage;
@@ -104,7 +97,7 @@ TEST_F(LedgerPrinting, LaysThePagesOutForThePaperChosenInTheDialog) {
   EXPECT_GT(Count("page\n"), 2u * pages - 1);
 }
 
-TEST_F(LedgerPrinting, PrintsThePagesAndCopiesChosen) {
+TEST_F(DialogPrinting, PrintsThePagesAndCopiesChosen) {
   dialogs_.onPrint = [&](PRINTDLGW& dialog, DWORD&) {
     dialog.Flags |= PD_PAGENUMS;
     dialog.nFromPage = dialog.nToPage = 2;
@@ -115,7 +108,7 @@ TEST_F(LedgerPrinting, PrintsThePagesAndCopiesChosen) {
   EXPECT_EQ(Count("page\n"), 4u);
 }
 
-TEST_F(LedgerPrinting, DatesThePagesInTheUsersFormat) {
+TEST_F(DialogPrinting, DatesThePagesInTheUsersFormat) {
   SYSTEMTIME now{};
   GetLocalTime(&now);
   const std::string date = Utf8(windows::TodayText());
@@ -206,13 +199,13 @@ TEST_F(PrintProgressTest, AbortsACancelledJob) {
   FakeDialogs dialogs;
   windows::Printer printer(spooler, dialogs);
   printer.UseDefault();
-  Document document(2000);
+  const PrintDocument document = DocumentOf(2000);
   windows::DeviceMeasurer measurer;
-  const LedgerPages pages = document.Pages(printer.ChosenPaper(), u"", measurer);
+  const PrintPages pages(document, printer.CurrentPaper(), u"", measurer);
   windows::PrintProgress progress(GetModuleHandleW(nullptr), host_.Handle(), kAtOnce);
   EXPECT_TRUE(progress.Continue(1, 1));
   PostMessageW(Window(), WM_COMMAND, IDCANCEL, 0);
-  const windows::PrintOrder order({1, 999, 1, true}, pages.PageCount());
+  const PrintOrder order({1, 999, 1, true}, pages.PageCount());
   EXPECT_FALSE(windows::RunPrintJob(printer, pages, measurer, order, progress));
   EXPECT_TRUE(spooler.log.ends_with("abort\nclose\n")) << spooler.log;
 }

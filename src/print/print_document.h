@@ -1,0 +1,57 @@
+// What is printed: a table, header and footer lines, their fonts.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "env/font.h"
+
+namespace pricedown {
+
+inline constexpr std::int32_t kLeastRowHeight = 285;  // twips
+
+struct PrintColumn {
+  std::u16string title;
+  std::int32_t width = 0;  // twips
+};
+
+// Rows and columns count from 0.
+class PrintTable {
+ public:
+  // Removes all columns and rows.
+  void Clear();
+  // A width below 0 is 0. Requires: the table has no cell yet.
+  void AddColumn(std::u16string_view title, std::int32_t twips);
+  // Appends a cell: row after row, each from left to right. Requires: the table has columns.
+  void AddCell(std::u16string_view text);
+
+  const std::vector<PrintColumn>& Columns() const { return columns_; }
+  // Complete rows; the titles are no row.
+  std::int32_t RowCount() const;
+  // Valid until the table changes. Requires: the table has that cell.
+  std::u16string_view Cell(std::int32_t row, std::size_t column) const;
+
+ private:
+  std::vector<PrintColumn> columns_;
+  std::u16string texts_;           // of all cells in their order
+  std::vector<std::size_t> ends_;  // of each cell in `texts_`
+};
+
+// "|" separates the sections of a line; page_lines.h says where they stand.
+struct PageLine {
+  std::u16string text;
+  Font font;
+};
+
+struct PrintDocument {
+  PrintTable table;
+  std::vector<PageLine> header;
+  std::vector<PageLine> footer;
+  Font font;                                 // of the table
+  std::int32_t rowHeight = kLeastRowHeight;  // twips; rows are never lower than their font
+};
+
+}  // namespace pricedown

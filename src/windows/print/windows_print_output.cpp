@@ -1,0 +1,33 @@
+// Each command begins with the printer that is the user's now.
+#include "windows/print/windows_print_output.h"
+
+#include "windows/print/dialog_printing.h"
+#include "windows/print/page_setup_dialog.h"
+
+namespace pricedown::windows {
+
+void WindowsPrintOutput::Preview(PrintDocument& document) {
+  printer_.UseDefault();
+  PreviewDialog dialog(module_, document, *this);
+  struct Shown {
+    PreviewDialog*& dialog;
+    ~Shown() { dialog = nullptr; }
+  };
+  const Shown shown{shown_};
+  shown_ = &dialog;
+  dialog.ShowModal(window_.DialogOwner());
+}
+
+void WindowsPrintOutput::Close() noexcept {
+  if (shown_ != nullptr) shown_->Close();
+}
+
+std::u16string WindowsPrintOutput::Date() { return TodayText(); }
+
+void WindowsPrintOutput::Print(HWND owner, const PrintDocument& document) {
+  PrintWithDialog(module_, owner, document, printer_, lifetime_);
+}
+
+void WindowsPrintOutput::SetUpPage(HWND owner) { AskPageSetup(owner, printer_); }
+
+}  // namespace pricedown::windows
