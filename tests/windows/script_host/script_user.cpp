@@ -69,8 +69,7 @@ void CALLBACK ScriptUser::OnTimer(HWND, UINT, UINT_PTR, DWORD) noexcept {
     player->Call(u"Step", {});
   } catch (...) {
     // Prints the reason; the script's next check fails.
-    std::fprintf(stderr, "script_host: %s
-", ToUtf8(CurrentFailure().description).c_str());
+    std::fprintf(stderr, "script_host: %s\n", ToUtf8(CurrentFailure().description).c_str());
   }
   user->playing_ = false;
 }
