@@ -9,7 +9,6 @@
 #include "windows/com/com_object.h"
 #include "windows/com/wide_text.h"
 #include "workbench/host/atl_container.h"
-#include "workbench/host/frame_window.h"
 #include "workbench/host/messages.h"
 
 namespace workbench {
@@ -46,7 +45,7 @@ ChildWindow* ChildWindow::Of(HWND window) {
   return reinterpret_cast<ChildWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
 }
 
-ChildWindow* ChildWindow::Open(FrameWindow& frame, HINSTANCE module, HWND client,
+ChildWindow* ChildWindow::Open(ChildWindowEvents& frame, HINSTANCE module, HWND client,
                                const std::wstring& caption) {
   auto* child = new ChildWindow(frame, module);
   MDICREATESTRUCTW creation{};

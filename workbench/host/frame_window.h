@@ -16,7 +16,7 @@ namespace workbench {
 inline constexpr const wchar_t* kItemClassesCaption = L"物料类别维护";
 inline constexpr const wchar_t* kPriceDownCaption = L"存货跌价准备";
 
-class FrameWindow {
+class FrameWindow final : private ChildWindowEvents {
  public:
   // `settings` is the suite's settings object. Throws AutomationError.
   FrameWindow(HINSTANCE module, pricedown::ObjectPtr settings);
@@ -42,13 +42,13 @@ class FrameWindow {
   // Chooses the merged tool of that name, as a click on it would; nothing when there is none.
   void ClickTool(ChildWindow& child, std::u16string_view name);
 
-  // Called by the children.
-  void ChildActivated(ChildWindow* child);
-  void ChildMerged(ChildWindow& child);
-  void ChildToolChanged(ChildWindow& child);
-  void ChildClosed(ChildWindow& child);
-
  private:
+  // ChildWindowEvents
+  void ChildActivated(ChildWindow* child) override;
+  void ChildMerged(ChildWindow& child) override;
+  void ChildToolChanged(ChildWindow& child) override;
+  void ChildClosed(ChildWindow& child) override;
+
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam,
                                     LPARAM lParam) noexcept;
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);

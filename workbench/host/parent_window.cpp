@@ -3,7 +3,6 @@
 
 #include "platform/error.h"
 #include "windows/com/wide_text.h"
-#include "workbench/host/child_window.h"
 
 namespace workbench {
 
@@ -12,7 +11,7 @@ using pricedown::Member;
 using pricedown::MemberKind;
 using pricedown::Value;
 
-ChildWindow& ParentWindow::Child() {
+MergeTarget& ParentWindow::Child() {
   if (child_ == nullptr) {
     throw pricedown::AutomationError(pricedown::ErrorNumber::ObjectNotSet, u"窗口已经关闭。",
                                      u"WorkbenchHost");
