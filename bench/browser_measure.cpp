@@ -29,7 +29,7 @@ void MeasureTree(const std::string& path, Figures& figures) {
   RawCompany company(path);
   std::size_t rows = 0;
   const Timing timing = Compare(
-      [&] { stage->Control().CommandChosen(ControlCommands().front()); },
+      [&] { stage->Control().CommandChosen(pricedown::ControlCommands().front()); },
       [&] {
         stage->BeginRawTree();
         std::u16string last;
@@ -49,7 +49,7 @@ void MeasureGrid(const std::string& path, Figures& figures) {
   const auto stage = MakeStage(path);
   Set(*stage, u"ItemClassType", u"2");
   stage->Control().ModelCurrent();
-  stage->Control().CommandChosen(ControlCommands().front());
+  stage->Control().CommandChosen(pricedown::ControlCommands().front());
   RawCompany company(path);
   std::size_t rows = 0;
   const Timing timing =
@@ -79,11 +79,11 @@ void MeasureDeletion(const std::string& path, Figures& figures) {
   const auto prepare = [&] {
     run("DELETE FROM icPriceDownClass");
     run("INSERT INTO icPriceDownClass SELECT * FROM kept");
-    stage->Control().CommandChosen(ControlCommands().front());
+    stage->Control().CommandChosen(pricedown::ControlCommands().front());
     stage->Control().NodeClicked(kClassNode);
   };
   const Timing timing =
-      Compare([&] { stage->Control().CommandChosen(*CommandOfTool(u"iCut")); },
+      Compare([&] { stage->Control().CommandChosen(*pricedown::CommandOfTool(u"iCut")); },
               [&] { DeleteClass(stage->Factory(), kClass); }, kRepetitions, prepare);
   stage->User().RequireUntold();
   if (count() > 0) throw std::runtime_error("the class was not deleted");
