@@ -1,5 +1,4 @@
 // The command bar `BarList` as an automation object that a host merges into its own toolbar.
-// What its keys do is decided by the control's dispatch; it shows nothing itself.
 //
 // Members for hosts: Bands (Count, Item(index or name): Name, Tools), Tools (Count, Item(index or
 // name), Add(name, caption, category)), Click(name), Listener. A tool has Name, Caption,
@@ -35,9 +34,9 @@ class CommandBar : public LocalObject<CommandBar> {
   // The bar's tool of that name: a new one, or the one that is there already, unchanged.
   std::shared_ptr<CommandBarTool> Add(CommandBarTool::Definition definition);
 
-  // What a click of a client on any tool does; empty for nothing.
+  // Called when a client clicks any tool; may be empty.
   void OnClick(std::function<void(const ObjectPtr& tool)> command);
-  // The host's object that is told of clicks and changes; null for none.
+  // The host's object that is notified of clicks and changes; null for none.
   const ObjectPtr& Listener() const { return listeners_->host; }
   void SetListener(ObjectPtr host);
   // Releases handler and listener. Requires: the control has ended.

@@ -39,21 +39,21 @@ void CommandBarTool::FillTexts(const Definition& definition) {
 void CommandBarTool::Change(bool& state, bool value) {
   if (state == value) return;
   state = value;
-  Tell(u"ToolChanged");
+  Notify(u"ToolChanged");
 }
 
 void CommandBarTool::Click() {
   if (!enabled_ || listeners_ == nullptr) return;
-  // A copy, because the command may end the control, which takes both listeners away.
+  // A copy, because the command may end the control, which clears both listeners.
   const auto command = listeners_->command;
   if (!command) return;
   command(shared_from_this());
-  Tell(u"ToolClicked");
+  Notify(u"ToolClicked");
 }
 
-void CommandBarTool::Tell(std::u16string_view method) {
+void CommandBarTool::Notify(std::u16string_view method) {
   const ObjectPtr host = listeners_ == nullptr ? nullptr : listeners_->host;
-  // A host that has no such method does not want to know.
+  // The host need not have the method.
   if (host != nullptr) {
     SkipFailing([&] { host->Call(method, {Value(ObjectPtr(shared_from_this()))}); });
   }

@@ -1,5 +1,4 @@
-// A tool of the command bar: fixed texts, three states, and who is told of clicks and changes.
-// What its key does is decided by the control's dispatch; the bar that holds it is command_bar.h.
+// A tool of the command bar: fixed texts, three states, and the listeners of clicks and changes.
 #pragma once
 
 #include <functional>
@@ -10,7 +9,7 @@
 
 namespace pricedown {
 
-// Who is told, one for all tools of a bar.
+// One for all tools of a bar.
 struct CommandBarListeners {
   // Runs the command of a clicked tool; may be empty.
   std::function<void(const ObjectPtr& tool)> command;
@@ -26,18 +25,18 @@ class CommandBarTool : public LocalObject<CommandBarTool> {
     std::u16string description;
     std::u16string category;
   };
-  // Without listeners nobody is told.
+  // Without listeners a click does nothing.
   explicit CommandBarTool(Definition definition,
                           std::shared_ptr<CommandBarListeners> listeners = nullptr)
       : definition_(std::move(definition)), listeners_(std::move(listeners)) {}
 
   const Definition& Fixed() const { return definition_; }
-  // Gives texts to a tool without any; a tool that has one keeps what it has.
+  // Sets the texts of a tool without any; a tool that has one keeps what it has.
   void FillTexts(const Definition& definition);
   bool Enabled() const { return enabled_; }
   bool Checked() const { return checked_; }
   bool Visible() const { return visible_; }
-  // Each tells the host of a change. Enabling is ignored once the tool is disabled for good.
+  // Each notifies the host of a change. Enabling is ignored once the tool is disabled for good.
   void SetEnabled(bool enabled) { Change(enabled_, enabled && !disabledForGood_); }
   void DisableForGood() {
     disabledForGood_ = true;
@@ -46,7 +45,7 @@ class CommandBarTool : public LocalObject<CommandBarTool> {
   void SetChecked(bool checked) { Change(checked_, checked); }
   void SetVisible(bool visible) { Change(visible_, visible); }
 
-  // What a click of a client does; nothing while the tool is disabled. The host is told when the
+  // A click of a client; does nothing while the tool is disabled. Notifies the host when the
   // command is over. Throws AutomationError when the command does.
   void Click();
 
@@ -54,7 +53,7 @@ class CommandBarTool : public LocalObject<CommandBarTool> {
 
  private:
   void Change(bool& state, bool value);
-  void Tell(std::u16string_view method);
+  void Notify(std::u16string_view method);
 
   Definition definition_;
   std::shared_ptr<CommandBarListeners> listeners_;

@@ -1,5 +1,4 @@
 // The layout of the control: sizes in, named rectangles out, all in twips.
-// It is arithmetic only; the window converts to pixels and moves its children.
 #pragma once
 
 #include <cstdint>
@@ -11,11 +10,15 @@ namespace pricedown {
 // The least width of either pane while the splitter is dragged.
 inline constexpr std::int32_t kLeastPaneWidth = 1680;
 inline constexpr std::int32_t kSplitterWidth = 75;
+// How far one key moves the splitter.
+inline constexpr std::int32_t kSplitterStep = 150;
 // What the grid's width is less than its pane's.
 inline constexpr std::int32_t kGridMargin = 50;
 inline constexpr std::int32_t kDefaultSplitter = 3600;
 // The status bar's last panel, "wait"; the progress bar lies over it.
 inline constexpr std::int32_t kWaitPanelWidth = 2100;
+// Its panel before that, "Passtime".
+inline constexpr std::int32_t kPasstimePanelWidth = 1800;
 
 struct LayoutInput {
   Size control;

@@ -1,5 +1,4 @@
 // Placing the control's panes: on a resize, for a splitter position, after a check tool changed.
-// The arithmetic is layout.h.
 #include "control/price_down.h"
 
 namespace pricedown {
@@ -53,11 +52,11 @@ void PriceDown::SplitterUp() {
   ports_.view.HideDragBar();
 }
 
-void PriceDown::MoveSplitter(std::int32_t distance) {
+void PriceDown::StepSplitter(bool right) {
   if (HasEnded()) return;
   splitter_.SetPosition(layout_.splitter.left);
   splitter_.Begin();
-  splitter_.MoveTo(distance, ports_.view.ControlSize().width);
+  splitter_.MoveTo(right ? kSplitterStep : -kSplitterStep, ports_.view.ControlSize().width);
   splitter_.End();
   LayOut();
 }

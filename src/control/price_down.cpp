@@ -1,5 +1,4 @@
 // The control's creation and end.
-// Showing is in showing.cpp, placing in placing.cpp, commands in dispatch.cpp.
 #include "control/price_down.h"
 
 #include <optional>

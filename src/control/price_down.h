@@ -1,5 +1,4 @@
 // The control `PriceDown` without its windows: creation, showing, host events, layout, commands.
-// The Windows layer owns one per control, forwards COM calls and window events, and shows.
 #pragma once
 
 #include <functional>
@@ -15,6 +14,7 @@
 #include "control/command_bar.h"
 #include "control/commands.h"
 #include "control/splitter.h"
+#include "control/status.h"
 #include "control/views.h"
 #include "env/environment.h"
 
@@ -62,7 +62,8 @@ class PriceDown {
   void NotifyMessage(std::u16string_view message);
   void RefreshToolbar();
   bool Show(const Value& parentWindow);
-  void SetShowMode(std::int16_t mode) { showMode_ = mode; }
+  // Accepted from hosts; nothing depends on it.
+  void SetShowMode(std::int16_t) {}
   void ParentWindow_ToolBarClick(const ObjectPtr& tool);
   void SelBlock(const ObjectPtr& grid, const Value& column, const Value& column2, const Value& row,
                 const Value& row2);
@@ -78,8 +79,8 @@ class PriceDown {
   void SplitterDown();
   void SplitterMoved(std::int32_t offset);  // twips from the splitter's resting left edge
   void SplitterUp();
-  // Moves the splitter from the keyboard, by twips.
-  void MoveSplitter(std::int32_t distance);
+  // Moves the splitter from the keyboard by one step.
+  void StepSplitter(bool right);
   void NodeClicked(NodeIndex node);
   // By button, key or menu; does nothing while the command is disabled.
   void CommandChosen(const ControlCommand& command);
@@ -90,8 +91,9 @@ class PriceDown {
   const std::shared_ptr<CommandBar>& Bar() const { return bar_; }
   const NodeCollection& Nodes() const { return tree_.Nodes(); }
   const BrowserState& Browser() const { return browser_; }
-  const std::u16string& Title() const { return title_; }
-  bool MaintenanceMode() const { return maintenanceMode_; }
+  std::u16string StatusText() const {
+    return pricedown::StatusText(browser_, tree_.Nodes(), grid_.Cells().MaxRows());
+  }
   bool HasEnded() const { return environment_.lifetime.HasEnded(); }
 
  private:
@@ -101,8 +103,8 @@ class PriceDown {
   void SetPeriodLabel();
   void SetTitleFont();
   // Steps of Show.
-  void TakeCaption();
-  void TakeParent(const Value& parentWindow);
+  void ReadCaption();
+  void KeepParent(const Value& parentWindow);
   void RestoreSelection();
   void RestoreFont();
   // Steps of Terminate.
@@ -138,9 +140,7 @@ class PriceDown {
   std::u16string title_;
   // Of this control; another one in the process may have been shown in the other mode since.
   std::u16string treeSelectionKey_;
-  bool maintenanceMode_ = false;
   bool classesLocked_ = false;  // commands that change classes are disabled
-  std::int16_t showMode_ = 0;
 };
 
 }  // namespace pricedown

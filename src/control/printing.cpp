@@ -1,5 +1,4 @@
 // The public commands for printing and its preview.
-// What they do is browser/print_commands.
 #include "control/price_down.h"
 
 namespace pricedown {

@@ -1,4 +1,4 @@
-// The control's first display and what the host tells it afterwards.
+// The control's first display and the host's messages afterwards.
 // Each step of the display is on its own: one that fails is skipped and the next one runs.
 #include <optional>
 
@@ -32,8 +32,8 @@ bool PriceDown::Show(const Value& parentWindow) {
   const auto step = [&](auto&& run) {
     if (!HasEnded()) SkipFailing(run);
   };
-  step([&] { TakeCaption(); });
-  step([&] { TakeParent(parentWindow); });
+  step([&] { ReadCaption(); });
+  step([&] { KeepParent(parentWindow); });
   step([&] { LoadTree(); });
   step([&] { environment_.rights.ReadDataScope(); });
   step([&] { grid_.ApplyScopeLock(); });
@@ -43,16 +43,15 @@ bool PriceDown::Show(const Value& parentWindow) {
   return true;
 }
 
-void PriceDown::TakeCaption() {
+void PriceDown::ReadCaption() {
   SkipFailing([&] { title_ = Translate(Trim(ports_.container.Caption())); });
-  maintenanceMode_ = title_ == Translate(kMaintenanceTitle);
-  const ShowMode& mode = maintenanceMode_ ? kMaintenance : kOther;
+  const ShowMode& mode = title_ == Translate(kMaintenanceTitle) ? kMaintenance : kOther;
   ports_.state.objectType = mode.objectType;
   treeSelectionKey_ = mode.treeSelectionKey;
   ports_.view.SetTitle(title_);
 }
 
-void PriceDown::TakeParent(const Value& parentWindow) {
+void PriceDown::KeepParent(const Value& parentWindow) {
   const Value& parent = parentWindow.Resolved();
   if (!parent.Is(Value::Kind::Object) || parent.Object() == nullptr) return;
   parentWindow_ = parent.Object();

@@ -1,5 +1,4 @@
 // The splitter's drag: begun, moved within its limits, ended.
-// What is shown meanwhile is decided by the control.
 #include "control/splitter.h"
 
 #include <algorithm>

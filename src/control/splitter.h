@@ -1,5 +1,5 @@
 // The vertical splitter between tree and grid while the mouse drags it.
-// Positions are in twips from the control's left edge; placing the panes is layout.h.
+// Positions are in twips from the control's left edge.
 #pragma once
 
 #include <cstdint>
@@ -19,7 +19,7 @@ class Splitter {
   void Begin();
   // `offset` is the mouse position less the splitter's left edge. Ignored unless dragging.
   void MoveTo(std::int32_t offset, std::int32_t controlWidth);
-  // Takes the bar's position over, and ends the drag.
+  // Sets the position to the bar's and ends the drag.
   void End();
 
  private:

@@ -1,5 +1,4 @@
 // What the control needs of its window and of the window that contains it.
-// Tree, grid and font have their own ports in browser/.
 #pragma once
 
 #include <cstdint>

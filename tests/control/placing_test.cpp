@@ -94,14 +94,13 @@ TEST_F(Placing, BeginsADragWhereANarrowControlShowsTheSplitter) {
 }
 
 TEST_F(Placing, MovesTheSplitterFromTheKeyboardWithoutABar) {
-  Control().MoveSplitter(300);
-  EXPECT_EQ(SplitterLeft(), 3900);
-  Control().MoveSplitter(-100000);
+  Control().StepSplitter(true);
+  EXPECT_EQ(SplitterLeft(), 3750);
+  EXPECT_EQ(world_.log.Text(), "view place\n");
+  for (int step = 0; step < 13; ++step) Control().StepSplitter(false);
+  EXPECT_EQ(SplitterLeft(), 1800);
+  for (int step = 0; step < 2; ++step) Control().StepSplitter(false);
   EXPECT_EQ(SplitterLeft(), 1680);
-  EXPECT_EQ(world_.log.Text(), Lines(R"(
-      view place
-      view place
-      )"));
 }
 
 TEST_F(Placing, ShowsStripAndBarOnlyWhileTheirToolsAreChecked) {
@@ -112,7 +111,7 @@ TEST_F(Placing, ShowsStripAndBarOnlyWhileTheirToolsAreChecked) {
   EXPECT_EQ(world_.view.placed, ComputeLayout({{12000, 8000}, kDefaultSplitter, true, false}));
   bar->Tool(u"iToolBar")->SetChecked(false);
   bar->Tool(u"mnuViewStatusBar")->SetChecked(true);
-  Control().MoveSplitter(0);
+  Control().Resized();
   EXPECT_EQ(world_.view.placed, ComputeLayout({{12000, 8000}, kDefaultSplitter, false, true}));
 }
 

@@ -140,7 +140,7 @@ TEST_F(Termination, DisablesEveryMemberAndEvent) {
   control.SplitterDown();
   control.SplitterMoved(100);
   control.SplitterUp();
-  control.MoveSplitter(100);
+  control.StepSplitter(true);
   control.NodeClicked(1);
   control.CommandChosen(Button(u"Exit"));
   EXPECT_EQ(world_.log.Text(), "");

@@ -9,10 +9,11 @@
 namespace pricedown::windows {
 
 enum class SplitterAction {
-  Press,    // the mouse went down
-  Drag,     // to `pixels` from the splitter's left edge
-  Release,  // the mouse went up
-  Step,     // from the keyboard, by `pixels`
+  Press,     // the mouse went down
+  Drag,      // to `pixels` from the splitter's left edge
+  Release,   // the mouse went up
+  StepLeft,  // from the keyboard
+  StepRight,
 };
 
 // Reported as the last step of a message, because the report may end the control.

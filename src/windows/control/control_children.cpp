@@ -1,5 +1,4 @@
 // Makes the control's children, their fonts and the captions that the suite may change.
-// Where they stand is in control_place, the focus between them in control_keyboard.
 #include "windows/control/control_children.h"
 
 #include <commctrl.h>

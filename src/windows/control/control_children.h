@@ -1,5 +1,4 @@
 // Everything that the control's window owns: its children, fonts, and what was placed last.
-// Its parts do not know each other; what the user does in them is the control's window's.
 #pragma once
 
 #include <windows.h>
@@ -10,6 +9,7 @@
 #include <vector>
 
 #include "control/commands.h"
+#include "control/focus.h"
 #include "control/layout.h"
 #include "windows/base/captioned_form.h"
 #include "windows/base/fonts.h"
@@ -26,9 +26,6 @@
 namespace pricedown::windows {
 
 using Clock = std::chrono::steady_clock;
-
-// Work that takes longer shows the progress bar.
-inline constexpr Clock::duration kLongWork = std::chrono::milliseconds(300);
 
 inline std::vector<const Command*> Buttons() {
   const auto rows = CommandsOn(surface::kToolStrip);
@@ -53,6 +50,7 @@ struct ControlChildren {
   LRESULT OnNotify(NMHDR& header);
   // False when there is no further child in that direction and it does not wrap around.
   bool MoveFocus(bool backwards, bool wrap) const;
+  FocusPlace PlaceOf(HWND focus) const;
 
   HINSTANCE module;
   VisualStyles styles;
@@ -85,9 +83,6 @@ struct ControlChildren {
 
   std::shared_ptr<CaptionedForm> form;
   HWND lastFocus = nullptr;
-  Clock::time_point waitBegan;
-  Clock::duration lastWait{};
-  Clock::time_point fillBegan;
 
  private:
   void ListCaptions();

@@ -1,16 +1,12 @@
-// What happens to the control's window and in its children, and who is told.
-// Part of ControlWindow.
+// ControlWindow's messages and the events of its children.
 #include <windows.h>
 
-#include <chrono>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "control/commands.h"
 #include "env/translation.h"
-#include "platform/convert.h"
-#include "platform/text.h"
 #include "windows/base/context_menu.h"
 #include "windows/base/dpi.h"
 #include "windows/base/gdi.h"
@@ -20,12 +16,6 @@
 
 namespace pricedown::windows {
 namespace {
-
-std::u16string Seconds(Clock::duration duration) {
-  const auto milliseconds = std::chrono::duration_cast<std::chrono::milliseconds>(duration).count();
-  if (milliseconds < 10) return u"0.01";
-  return NumberText(static_cast<double>(milliseconds / 10) / 100);
-}
 
 void PaintBackground(HWND window) {
   const PaintDc paint(window);
@@ -48,7 +38,7 @@ void ControlWindow::Fire(Command&& command) {
   try {
     command(*control_);
   } catch (...) {
-    // The failed command may have taken the owner along.
+    // The failed command may have destroyed the owner.
     ReportFailure(IsWindow(owner) != FALSE ? owner : nullptr, CurrentFailure());
   }
 }
@@ -70,7 +60,7 @@ unsigned ControlWindow::MenuOf(HWND child) const {
 
 bool ControlWindow::KeyPressed(HWND child, const KeyPress& press, bool repeated) {
   const ControlCommand* command = CommandOfPress(press, MenuOf(child));
-  // A key that is held down gives its command once.
+  // A key that is held down runs its command once.
   if (command != nullptr && !repeated) CommandChosen(*command);
   return command != nullptr;
 }
@@ -104,8 +94,9 @@ void ControlWindow::SplitterEvent(SplitterAction action, std::int32_t pixels) {
       case SplitterAction::Release:
         control.SplitterUp();
         break;
-      case SplitterAction::Step:
-        control.MoveSplitter(twips);
+      case SplitterAction::StepLeft:
+      case SplitterAction::StepRight:
+        control.StepSplitter(action == SplitterAction::StepRight);
         break;
     }
   });
@@ -129,7 +120,7 @@ void ControlWindow::ItemsChanged() {
 
 // The rows come after the answer of the database: by then it is known whether this takes long.
 void ControlWindow::ItemsFilling() {
-  if (waiting_ && Clock::now() - children_->waitBegan > kLongWork) children_->ShowProgress(true);
+  if (work_.WaitIsLong(Clock::now())) children_->ShowProgress(true);
 }
 
 void ControlWindow::ShowStatus() {
@@ -138,35 +129,19 @@ void ControlWindow::ShowStatus() {
     children_->statusBar.SetPanel(StatusPanel::Status, {});
     return;
   }
-  std::u16string text;
-  const BrowserState& browser = control_->Browser();
-  if (browser.currentNode && !browser.itemRecordset) {
-    // The form has taken the rows: what the grid shows is no class for the commands any more.
-    text = Translate(u"请重新选择物料类别    ");
-  } else if (browser.currentNode) {
-    const NodeIndex node = control_->Nodes().Find(*browser.currentNode);
-    if (node != kNoNode) text = Concatenate({control_->Nodes().At(node).text, u"    "});
-  }
-  const std::u16string count = NumberText(control_->ItemCells().MaxRows());
-  text += Concatenate({Translate(u"共 "), count, Translate(u" 项物料")});
-  children_->statusBar.SetPanel(StatusPanel::Status, text);
+  children_->statusBar.SetPanel(StatusPanel::Status, control_->StatusText());
 }
 
 void ControlWindow::SetWaiting(bool waiting) {
-  if (waiting == waiting_) return;
-  waiting_ = waiting;
+  if (waiting == work_.Waiting()) return;
   if (waiting) {
-    children_->waitBegan = Clock::now();
-    // Nothing tells how long a load will take; the one before it is the best guess.
-    if (children_->lastWait > kLongWork) children_->ShowProgress(true);
+    if (work_.BeginWait(Clock::now())) children_->ShowProgress(true);
     return;
   }
-  children_->lastWait = Clock::now() - children_->waitBegan;
+  const auto elapsed = work_.EndWait(Clock::now());
   children_->ShowProgress(false);
   if (Handle() == nullptr) return;
-  const std::u16string seconds = Seconds(children_->lastWait);
-  children_->statusBar.SetPanel(StatusPanel::Passtime,
-                                Concatenate({Translate(u"用时 "), seconds, Translate(u" 秒")}));
+  children_->statusBar.SetPanel(StatusPanel::Passtime, ElapsedText(elapsed));
   ShowStatus();
 }
 
@@ -207,7 +182,7 @@ LRESULT ControlWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       }
       return 0;
     case WM_SETCURSOR:
-      if (!waiting_) return Default(message, wParam, lParam);
+      if (!work_.Waiting()) return Default(message, wParam, lParam);
       SetCursor(LoadCursorW(nullptr, IDC_WAIT));
       return TRUE;
     case WM_CTLCOLORSTATIC:

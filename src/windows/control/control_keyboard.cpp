@@ -1,6 +1,7 @@
 // The keyboard between the children: tab order, and the keys that a host must not take.
-// Part of ControlWindow.
+#include <algorithm>
 #include <array>
+#include <optional>
 
 #include "control/commands.h"
 #include "windows/base/keyboard.h"
@@ -10,58 +11,34 @@
 namespace pricedown::windows {
 namespace {
 
-bool IsKeyDown(const MSG& message, WPARAM key) {
-  return message.message == WM_KEYDOWN && message.wParam == key;
-}
-
-bool IsMoveKey(WPARAM key) {
-  switch (key) {
-    case VK_LEFT:
-    case VK_RIGHT:
-    case VK_UP:
-    case VK_DOWN:
-    case VK_HOME:
-    case VK_END:
-    case VK_PRIOR:
-    case VK_NEXT:
-      return true;
-    default:
-      return false;
-  }
-}
-
 // In tab order tree, grid and strip; for F6 tree, splitter and grid.
 using Stops = std::array<HWND, 3>;
 
-int StopOf(const Stops& stops, HWND focus) {
+std::optional<std::size_t> StopOf(const Stops& stops, HWND focus) {
   for (std::size_t i = 0; i < stops.size(); ++i) {
-    if (stops[i] != nullptr && (focus == stops[i] || IsChild(stops[i], focus) != FALSE)) {
-      return static_cast<int>(i);
-    }
+    if (stops[i] != nullptr && (focus == stops[i] || IsChild(stops[i], focus) != FALSE)) return i;
   }
-  return -1;
+  return std::nullopt;
 }
 
 }  // namespace
 
 bool ControlChildren::MoveFocus(bool backwards, bool wrap) const {
   const Stops stops{tree.Handle(), grid.Handle(), strip.CanTakeFocus() ? strip.Handle() : nullptr};
-  const int count = static_cast<int>(stops.size());
-  const int step = backwards ? -1 : 1;
-  int stop = StopOf(stops, GetFocus());
-  if (stop < 0) stop = backwards ? count : -1;
-  for (int tries = 0; tries < count; ++tries) {
-    stop += step;
-    if (stop < 0 || stop >= count) {
-      if (!wrap) return false;
-      stop = (stop + count) % count;
-    }
-    const HWND window = stops[static_cast<std::size_t>(stop)];
-    if (window == nullptr || IsWindowVisible(window) == FALSE) continue;
-    SetFocus(window);
-    return true;
-  }
-  return false;
+  std::array<bool, std::tuple_size_v<Stops>> open{};
+  std::transform(stops.begin(), stops.end(), open.begin(),
+                 [](HWND stop) { return stop != nullptr && IsWindowVisible(stop) != FALSE; });
+  const auto next = NextStop(open, StopOf(stops, GetFocus()), backwards, wrap);
+  if (next) SetFocus(stops[*next]);
+  return next.has_value();
+}
+
+FocusPlace ControlChildren::PlaceOf(HWND focus) const {
+  if (focus == tree.Handle()) return FocusPlace::Tree;
+  if (focus == grid.Handle()) return FocusPlace::Grid;
+  if (IsChild(grid.Handle(), focus) != FALSE) return FocusPlace::CellEditor;
+  if (focus == strip.Handle()) return FocusPlace::ToolStrip;
+  return focus == splitter.Handle() ? FocusPlace::Splitter : FocusPlace::Other;
 }
 
 void ControlWindow::TabPressed(bool backwards) { children_->MoveFocus(backwards, true); }
@@ -87,41 +64,16 @@ bool ControlWindow::TranslateKey(MSG& message) {
   }
   const HWND focus = message.hwnd;
   if (focus != Handle() && IsChild(Handle(), focus) == FALSE) return false;
-  const bool control = GetKeyState(VK_CONTROL) < 0;
-  if (IsKeyDown(message, VK_TAB) && !control) {
-    return children_->MoveFocus(GetKeyState(VK_SHIFT) < 0, false);
-  }
+  if (message.message != WM_KEYDOWN) return false;
+  const KeyPress press = PressOf(message.wParam);
+  if (press.key == Key::Tab && !press.control) return children_->MoveFocus(press.shift, false);
   const ControlChildren& c = *children_;
-  if (IsKeyDown(message, VK_F6) && !control) {
+  if (press.key == Key::F6 && !press.control) {
     const Stops panes{c.tree.Handle(), c.splitter.Handle(), c.grid.Handle()};
-    const int pane = StopOf(panes, focus);
-    const int next = pane < 0 ? 0 : pane + (GetKeyState(VK_SHIFT) < 0 ? 2 : 1);
-    SetFocus(panes[static_cast<std::size_t>(next) % panes.size()]);
+    SetFocus(panes[NextPane(panes.size(), StopOf(panes, focus), press.shift)]);
     return true;
   }
-  const bool inStrip = focus == c.strip.Handle();
-  const bool inGrid = focus == c.grid.Handle();
-  const bool inEditor = IsChild(c.grid.Handle(), focus) != FALSE;
-  bool ours = message.message == WM_KEYDOWN && IsMoveKey(message.wParam);
-  ours = ours || (message.message == WM_KEYDOWN && UsesCommandKey(focus, PressOf(message.wParam)));
-  if (inStrip) ours = ours || IsKeyDown(message, VK_RETURN) || IsKeyDown(message, VK_SPACE);
-  if (inGrid) {
-    ours = ours || (control && (IsKeyDown(message, 'C') || IsKeyDown(message, 'A') ||
-                                IsKeyDown(message, VK_INSERT)));
-  }
-  if (inEditor) {
-    // A host's own Delete or Ctrl+V would mean something else than the number that is typed.
-    ours = ours ||
-           (message.message == WM_KEYDOWN && PressOf(message.wParam) == KeyPress{Key::F5}) ||
-           IsKeyDown(message, VK_DELETE) || IsKeyDown(message, VK_INSERT) ||
-           (control &&
-            (IsKeyDown(message, 'A') || IsKeyDown(message, 'C') || IsKeyDown(message, 'V') ||
-             IsKeyDown(message, 'X') || IsKeyDown(message, 'Z')));
-  }
-  if (inEditor || focus == c.splitter.Handle()) {
-    ours = ours || IsKeyDown(message, VK_RETURN) || IsKeyDown(message, VK_ESCAPE);
-  }
-  if (!ours) return false;
+  if (!KeepsKey(c.PlaceOf(focus), press) && !UsesCommandKey(focus, press)) return false;
   TranslateMessage(&message);
   DispatchMessageW(&message);
   return true;

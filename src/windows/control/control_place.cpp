@@ -1,5 +1,5 @@
 // Puts the children where the core's layout says, and draws the control for containers that want
-// a picture of it. Part of ControlWindow.
+// a picture of it.
 #include <windows.h>
 
 #include <commctrl.h>
@@ -122,7 +122,7 @@ void ControlWindow::Place(const Layout& layout) {
   const RECT bar = dpi.ToPixels(layout.progressBar);
   SetWindowPos(c.progressBar.Handle(), HWND_TOP, bar.left, bar.top, WidthOf(bar), HeightOf(bar),
                SWP_NOACTIVATE);
-  // Keys would go to what nobody sees.
+  // Keys would go to a hidden window.
   const HWND focus = GetFocus();
   if (IsWindowVisible(Handle()) != FALSE && IsChild(Handle(), focus) != FALSE &&
       IsWindowVisible(focus) == FALSE) {

@@ -1,5 +1,4 @@
 // The control's window: its life, its place in containers, and the views of the core.
-// What the user does is in control_events.cpp, the keyboard and drawing in files of their own.
 #include "windows/control/control_window.h"
 
 #include <utility>
@@ -120,7 +119,7 @@ void ControlWindow::InsertNode(NodeIndex index, NodeIndex parent, std::u16string
   children_->tree.InsertNode(index, parent, text);
   // The clock is not asked for every node.
   constexpr NodeIndex kNodesBetween = 512;
-  if (index % kNodesBetween == 0 && Clock::now() - children_->fillBegan > kLongWork) {
+  if (index % kNodesBetween == 0 && work_.FillIsLong(Clock::now())) {
     children_->ShowProgress(true);
   }
 }
@@ -130,7 +129,7 @@ void ControlWindow::SelectNode(NodeIndex index) { children_->tree.SelectNode(ind
 NodeIndex ControlWindow::SelectedNode() const { return children_->tree.SelectedNode(); }
 
 void ControlWindow::SetRedraw(bool redraw) {
-  children_->fillBegan = Clock::now();
+  work_.BeginFill(Clock::now());
   children_->tree.SetRedraw(redraw);
   if (redraw) children_->ShowProgress(false);
 }

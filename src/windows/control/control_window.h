@@ -1,5 +1,4 @@
 // The window of the control: frame, children, and the views that the core shows itself through.
-// It decides nothing; what the user does is handed to the attached PriceDown.
 #pragma once
 
 #include <windows.h>
@@ -50,7 +49,7 @@ class ControlWindow final : public PriceDownView,
   // Shows the window at `pixels` of `parent`.
   void MoveInto(HWND parent, const RECT& pixels);
   void MoveTo(const RECT& pixels);
-  // Hides the window and takes it back into the parking window.
+  // Hides the window and moves it back into the parking window.
   void Park();
 
   // What the suite's form resources see: `Name`, and `Controls` with `Count` and `Item(index)`
@@ -105,7 +104,7 @@ class ControlWindow final : public PriceDownView,
   void FocusEntered(HWND from) override;
   void ItemsChanged() override;
   void ItemsFilling() override;
-  bool Waiting() const override { return waiting_; }
+  bool Waiting() const override { return work_.Waiting(); }
   std::shared_ptr<void> Hold() override { return hold_ ? hold_() : nullptr; }
 
   unsigned MenuOf(HWND child) const;
@@ -119,7 +118,7 @@ class ControlWindow final : public PriceDownView,
   PriceDown* control_ = nullptr;
   std::function<std::shared_ptr<void>()> hold_;
   std::function<void()> uiActivate_;
-  bool waiting_ = false;
+  LongWork work_;
 };
 
 }  // namespace pricedown::windows

@@ -1,5 +1,4 @@
 // Paints a heading panel in the system's colours.
-// It has no behaviour of its own.
 #include "windows/control/heading_window.h"
 
 #include "windows/base/dpi.h"

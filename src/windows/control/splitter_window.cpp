@@ -1,5 +1,5 @@
-// The splitter takes the mouse and the focus while it is dragged, so that Escape reaches it.
-// A drag that is given up ends where it began.
+// The splitter has the mouse capture and the focus while it is dragged, so that Escape reaches it.
+// A cancelled drag ends where it began.
 #include "windows/control/splitter_window.h"
 
 #include <windowsx.h>
@@ -7,15 +7,9 @@
 #include <utility>
 
 #include "windows/base/control_ids.h"
-#include "windows/base/dpi.h"
 #include "windows/base/gdi.h"
 
 namespace pricedown::windows {
-namespace {
-
-constexpr int kKeyboardStep = 10;  // pixels at 96 dpi
-
-}  // namespace
 
 void SplitterWindow::Create(HWND parent, HINSTANCE module) {
   Creation creation;
@@ -60,15 +54,14 @@ void SplitterWindow::EndDrag(bool keep) {
 }
 
 void SplitterWindow::OnKeyDown(WPARAM key) {
-  const int step = Dpi::Of(Handle()).Scale(kKeyboardStep);
   if (key == VK_ESCAPE) {
     EndDrag(false);
   } else if (key == VK_TAB) {
     events_.TabPressed(GetKeyState(VK_SHIFT) < 0);
   } else if (!dragging_ && key == VK_LEFT) {
-    events_.SplitterEvent(SplitterAction::Step, -step);
+    events_.SplitterEvent(SplitterAction::StepLeft, 0);
   } else if (!dragging_ && key == VK_RIGHT) {
-    events_.SplitterEvent(SplitterAction::Step, step);
+    events_.SplitterEvent(SplitterAction::StepRight, 0);
   }
 }
 

@@ -1,5 +1,4 @@
 // The vertical splitter `imgSplitVer` and its drag bar `picSplitVer`.
-// They report the mouse and show where the bar is; limits and positions are the core's.
 #pragma once
 
 #include <windows.h>

@@ -1,5 +1,4 @@
 // The status bar's panels: the first takes what the others leave.
-// The width of the last one is the core's, because the progress bar lies over it.
 #include "windows/control/status_window.h"
 
 #include <commctrl.h>
@@ -15,7 +14,6 @@
 namespace pricedown::windows {
 namespace {
 
-constexpr std::int32_t kPasstimePanelWidth = 1800;  // twips
 constexpr int kToTheEdge = -1;
 
 }  // namespace

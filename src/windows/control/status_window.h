@@ -1,5 +1,4 @@
 // The status bar `sbStatusBar` with its panels "Status", "Passtime" and "wait".
-// It shows texts; what they say is decided by the control's window.
 #pragma once
 
 #include <windows.h>

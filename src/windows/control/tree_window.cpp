@@ -198,7 +198,7 @@ void TreeWindow::OnRightPress(POINT point) {
 bool TreeWindow::OnContextMenu(LPARAM place) {
   RECT node{};
   const HTREEITEM selected = TreeView_GetSelection(Handle());
-  // The message takes the node in the memory that it answers in.
+  // The message reads the node from the memory that it writes the rectangle to.
   std::memcpy(&node, &selected, sizeof selected);
   if (selected == nullptr ||
       SendMessageW(Handle(), TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&node)) == 0) {

@@ -1,5 +1,4 @@
 // The class tree `tvwBase` as a tree view of the system.
-// It holds node indexes and texts; keys and what a click means are the core's.
 #pragma once
 
 #include <windows.h>

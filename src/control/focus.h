@@ -1,0 +1,26 @@
+// The keyboard between the control's parts: where Tab and F6 go, and the keys that a host must not
+// take.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <span>
+
+#include "platform/key.h"
+
+namespace pricedown {
+
+// The next stop of Tab that is open; empty when there is none in that direction and it does not
+// wrap around. `current` is empty when the focus comes from outside.
+std::optional<std::size_t> NextStop(std::span<const bool> open, std::optional<std::size_t> current,
+                                    bool backwards, bool wrap);
+
+// The next of `count` panes for F6, the first one from outside.
+std::size_t NextPane(std::size_t count, std::optional<std::size_t> current, bool backwards);
+
+enum class FocusPlace { Tree, Grid, CellEditor, ToolStrip, Splitter, Other };
+
+// Whether the part needs the key itself. Keys of commands are in commands.h.
+bool KeepsKey(FocusPlace place, const KeyPress& press);
+
+}  // namespace pricedown
