@@ -1,10 +1,27 @@
 #include "browser/grid_text.h"
 
+#include <algorithm>
+
 #include "platform/text.h"
 
 namespace pricedown {
+namespace {
 
-std::u16string TabbedText(const Grid& grid, const CellRange& range) {
+constexpr std::size_t kMostRows = 64;
+
+// A measure without a device: Chinese characters are about twice as wide as Latin ones.
+std::size_t TextWeight(std::u16string_view text) {
+  std::size_t weight = 0;
+  for (const char16_t unit : text) weight += unit > 0xFF ? 2 : 1;
+  return weight;
+}
+
+}  // namespace
+
+std::optional<std::u16string> CopiedText(const Grid& grid, const GridSelection& selection) {
+  if (grid.MaxRows() == 0) return std::nullopt;
+  if (!selection.IsBlock()) return std::u16string(grid.Text(selection.column, selection.row));
+  const CellRange range = selection.Range();
   std::u16string text;
   for (std::int32_t row = range.row; row <= range.row2 && row <= grid.MaxRows(); ++row) {
     for (std::int32_t column = range.column; column <= range.column2; ++column) {
@@ -14,6 +31,28 @@ std::u16string TabbedText(const Grid& grid, const CellRange& range) {
     text += kLineBreak;
   }
   return text;
+}
+
+std::vector<std::int32_t> RowsOfLongestTexts(const Grid& grid, std::int32_t column) {
+  struct Candidate {
+    std::size_t weight;
+    std::int32_t row;
+  };
+  const auto longer = [](const Candidate& a, const Candidate& b) { return a.weight > b.weight; };
+  std::vector<Candidate> longest;
+  for (std::int32_t row = 1; row <= grid.MaxRows(); ++row) {
+    const Candidate candidate{TextWeight(grid.Text(column, row)), row};
+    if (longest.size() == kMostRows) {
+      if (candidate.weight <= longest.front().weight) continue;
+      std::pop_heap(longest.begin(), longest.end(), longer);
+      longest.pop_back();
+    }
+    longest.push_back(candidate);
+    std::push_heap(longest.begin(), longest.end(), longer);
+  }
+  std::vector<std::int32_t> rows{kTitleRow};
+  for (const Candidate& candidate : longest) rows.push_back(candidate.row);
+  return rows;
 }
 
 }  // namespace pricedown

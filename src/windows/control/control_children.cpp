@@ -88,7 +88,7 @@ void ControlChildren::TakeResolution(Dpi dpi) {
   MakeFonts(dpi);
   tree.TakeAppearance(dpi);
   strip.TakeAppearance(dpi);
-  grid.TakeAppearance();
+  grid.UpdateAppearance();
 }
 
 void ControlChildren::ShowProgress(bool show) {

@@ -1,17 +1,15 @@
-// An edit control without a border that refuses what cannot become an allowed number.
-// It lives while a cell is edited.
 #include "windows/grid/grid_editor.h"
 
 #include <algorithm>
 #include <optional>
 
+#include "browser/number_cell.h"
 #include "platform/text.h"
 #include "windows/base/clipboard.h"
 #include "windows/base/control_ids.h"
 #include "windows/base/gdi.h"
 #include "windows/base/plain_control.h"
 #include "windows/com/wide_text.h"
-#include "windows/grid/cell_number.h"
 
 namespace pricedown::windows {
 
@@ -62,16 +60,11 @@ void GridEditor::Cancel() {
   events_.EditingCancelled();
 }
 
-// Whether the text may become an allowed number with `inserted` in place of what is selected.
 bool GridEditor::Allows(std::u16string_view inserted) const {
-  std::u16string text = TextOf(Handle());
   DWORD from = 0;
   DWORD to = 0;
   SendMessageW(Handle(), EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
-  from = std::min<DWORD>(from, static_cast<DWORD>(text.size()));
-  to = std::clamp<DWORD>(to, from, static_cast<DWORD>(text.size()));
-  text.replace(from, to - from, inserted);
-  return MayBecomeCellNumber(text, upperBound_);
+  return MayInsert(TextOf(Handle()), from, to, inserted, upperBound_);
 }
 
 void GridEditor::OnPaste() {
@@ -87,30 +80,27 @@ void GridEditor::OnPaste() {
 }
 
 bool GridEditor::OnKeyDown(WPARAM key) {
-  switch (key) {
-    case VK_ESCAPE:
+  switch (CellKeyOf(static_cast<Key>(key))) {
+    case CellKey::Cancel:
       Cancel();
       return true;
-    case VK_RETURN:
-      if (!CellNumber(TextOf(Handle()), upperBound_)) {
+    case CellKey::Accept:
+      if (CellNumber(TextOf(Handle()), upperBound_)) {
+        Finish(key);
+      } else {
         MessageBeep(MB_OK);
-        return true;
       }
+      return true;
+    case CellKey::AcceptAndMove:
       Finish(key);
       return true;
-    case VK_TAB:
-    case VK_UP:
-    case VK_DOWN:
-    case VK_PRIOR:
-    case VK_NEXT:
-      Finish(key);
+    case CellKey::Command:
+      events_.CommandKeyPressed(key);
       return true;
-    case VK_F5:
-      events_.FunctionKeyPressed(key);
-      return true;
-    default:
-      return false;
+    case CellKey::None:
+      break;
   }
+  return false;
 }
 
 bool GridEditor::OnChar(WPARAM character) {

@@ -1,5 +1,5 @@
-// The field over a cell of the grid into which a number is typed.
-// Which cells may be edited, and what becomes of the number, is the grid's window's business.
+// The field over a cell of the grid into which a number is typed. Its window exists while the cell
+// is edited.
 #pragma once
 
 #include <windows.h>
@@ -11,15 +11,15 @@
 
 namespace pricedown::windows {
 
-// What the editor tells the window that it belongs to.
+// What the editor reports to its parent.
 class EditorEvents {
  public:
   // The text is a number with two decimals, or empty. `key` is the key that ended the editing, 0
-  // when it was something else.
+  // for anything else.
   virtual void EditingAccepted(std::u16string_view text, WPARAM key) = 0;
   virtual void EditingCancelled() = 0;
-  // F5, which is not the editor's.
-  virtual void FunctionKeyPressed(WPARAM key) = 0;
+  // A key whose command runs after the number has been accepted.
+  virtual void CommandKeyPressed(WPARAM key) = 0;
 
  protected:
   ~EditorEvents() = default;
@@ -41,13 +41,13 @@ class GridEditor final : public BoundWindow {
   // Requires: not active. Throws AutomationError.
   void Begin(HWND parent, HINSTANCE module, const Start& start);
   bool IsActive() const { return Handle() != nullptr; }
-  // Ends the editing: the number is accepted when it is one, else dropped.
+  // Ends the editing; a text that is no number is dropped.
   void Finish(WPARAM key);
   void Cancel();
 
  private:
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
-  // True when the key was used up.
+  // True when the key was handled.
   bool OnKeyDown(WPARAM key);
   bool OnChar(WPARAM character);
   void OnPaste();

@@ -1,9 +1,10 @@
-// The keyboard on the grid: moving, selecting, copying, typing numbers.
-// Part of GridWindow.
+// GridWindow: the keyboard.
 #include <algorithm>
 
 #include "browser/grid_text.h"
+#include "browser/number_cell.h"
 #include "windows/base/clipboard.h"
+#include "windows/base/gdi.h"
 #include "windows/base/keyboard.h"
 #include "windows/grid/grid_window.h"
 
@@ -12,121 +13,57 @@ namespace {
 
 constexpr int kTextMargin = 4;  // pixels at 96 dpi, as the painter's
 
-bool StartsNumber(WPARAM character) {
-  return (character >= L'0' && character <= L'9') || character == L'.' || character == L'-';
-}
-
 }  // namespace
 
 void GridWindow::MoveTo(std::int32_t column, std::int32_t row, bool extend) {
   if (grid_ == nullptr) return;
   selection_.MoveTo(column, row, extend, *grid_);
-  scroll_.Reveal(Handle(), geometry_, selection_.column, selection_.row);
-  Invalidate();
+  RevealSelection();
 }
 
-void GridWindow::SelectAll() {
-  selection_ = {1, 1, std::max(grid_->MaxColumns(), 1), std::max(grid_->MaxRows(), 1)};
+void GridWindow::RevealSelection() {
+  Scrolled(viewport_.Reveal(selection_.column, selection_.row));
   Invalidate();
 }
 
 void GridWindow::Copy() {
-  if (grid_ == nullptr || grid_->MaxRows() == 0) return;
-  std::u16string text = TabbedText(*grid_, selection_.Range());
-  // One cell is copied as its bare text.
-  if (!selection_.IsBlock()) text = grid_->Text(selection_.column, selection_.row);
-  if (!CopyToClipboard(Handle(), text)) MessageBeep(MB_OK);
+  if (grid_ == nullptr) return;
+  const auto text = CopiedText(*grid_, selection_);
+  if (text && !CopyToClipboard(Handle(), *text)) MessageBeep(MB_OK);
 }
 
-bool GridWindow::OnMoveKey(WPARAM key, bool extend) {
-  RECT client{};
-  GetClientRect(Handle(), &client);
-  const std::int32_t page = std::max(geometry_.WholeRows(client.bottom) - 1, 1);
-  const std::int32_t column = selection_.column;
-  const std::int32_t row = selection_.row;
-  switch (key) {
-    case VK_LEFT:
-      MoveTo(column - 1, row, extend);
-      return true;
-    case VK_RIGHT:
-      MoveTo(column + 1, row, extend);
-      return true;
-    case VK_UP:
-      MoveTo(column, row - 1, extend);
-      return true;
-    case VK_DOWN:
-      MoveTo(column, row + 1, extend);
-      return true;
-    case VK_PRIOR:
-      MoveTo(column, row - page, extend);
-      return true;
-    case VK_NEXT:
-      MoveTo(column, row > grid_->MaxRows() - page ? grid_->MaxRows() : row + page, extend);
-      return true;
-    case VK_HOME:
-      MoveTo(1, row, extend);
-      return true;
-    case VK_END:
-      MoveTo(grid_->MaxColumns(), row, extend);
-      return true;
-    default:
-      return false;
-  }
-}
-
-bool GridWindow::OnControlKey(WPARAM key, bool extend) {
-  switch (key) {
-    case 'A':
-      SelectAll();
-      return true;
-    case 'C':
-    case VK_INSERT:
-      Copy();
-      return true;
-    case VK_HOME:
-      MoveTo(1, 1, extend);
-      return true;
-    case VK_END:
-      MoveTo(grid_->MaxColumns(), grid_->MaxRows(), extend);
-      return true;
-    case VK_UP:
-      MoveTo(selection_.column, 1, extend);
-      return true;
-    case VK_DOWN:
-      MoveTo(selection_.column, grid_->MaxRows(), extend);
-      return true;
-    case VK_LEFT:
-      MoveTo(1, selection_.row, extend);
-      return true;
-    case VK_RIGHT:
-      MoveTo(grid_->MaxColumns(), selection_.row, extend);
-      return true;
-    default:
-      return false;
-  }
-}
-
-// True when the key was used up.
+// True when the key was handled.
 bool GridWindow::OnKeyDown(WPARAM key) {
-  const bool shift = GetKeyState(VK_SHIFT) < 0;
-  if (key == VK_TAB) {
-    events_.TabPressed(shift);
+  const KeyPress press = PressOf(key);
+  if (press.key == Key::Tab) {
+    events_.TabPressed(press.shift);
     return true;
   }
-  if (key == VK_ESCAPE && mouse_ == Mouse::Sizing) {
+  if (press.key == Key::Escape && mouse_ == Mouse::Sizing) {
     EndMouse(false);
     return true;
   }
   if (grid_ == nullptr) return false;
-  if (GetKeyState(VK_CONTROL) < 0) return OnControlKey(key, shift);
-  if (key == VK_SPACE && shift) {
-    // The whole rows of the selection.
-    selection_.anchorColumn = std::max(grid_->MaxColumns(), 1);
-    selection_.column = 1;
-    Invalidate();
-    return true;
+  const GridKey meaning = GridKeyOf(press);
+  switch (meaning) {
+    case GridKey::None:
+      return false;
+    case GridKey::Copy:
+      Copy();
+      return true;
+    case GridKey::SelectAll:
+      selection_.SelectAll(*grid_);
+      break;
+    case GridKey::SelectRows:
+      selection_.SelectRows(*grid_);
+      break;
+    default:
+      selection_.Move(meaning, press.shift, std::max(viewport_.PageRows() - 1, 1), *grid_);
+      RevealSelection();
+      break;
   }
-  return OnMoveKey(key, shift);
+  Invalidate();
+  return true;
 }
 
 // In an open cell F2 and Enter mean its number, anywhere else they are the window's.
@@ -145,7 +82,7 @@ LRESULT GridWindow::OnKeyboard(UINT message, WPARAM wParam, LPARAM lParam) {
       return OnKeyDown(wParam) ? 0 : Default(message, wParam, lParam);
     case WM_CHAR: {
       const char16_t unit = static_cast<char16_t>(wParam);
-      if (StartsNumber(wParam) && CanEdit()) BeginEditing({&unit, 1});
+      if (StartsCellNumber(unit) && CanEdit()) BeginEditing({&unit, 1});
       return 0;
     }
     default:
@@ -161,9 +98,9 @@ bool GridWindow::CanEdit() const {
 void GridWindow::BeginEditing(std::u16string_view first) {
   if (editor_.IsActive()) return;
   selection_.MoveTo(selection_.column, selection_.row, false, *grid_);
-  scroll_.Reveal(Handle(), geometry_, selection_.column, selection_.row);
+  RevealSelection();
   GridEditor::Start start{};
-  start.area = CellArea(Scene(), selection_.column, selection_.row);
+  start.area = ToRect(viewport_.CellArea(selection_.column, selection_.row));
   start.area.right -= 1;
   start.area.bottom -= 1;
   start.font = font_.Get();
@@ -194,7 +131,7 @@ void GridWindow::EditingAccepted(std::u16string_view text, WPARAM key) {
 }
 
 // A key without modifiers that works while a number is typed; the number is accepted first.
-void GridWindow::FunctionKeyPressed(WPARAM key) {
+void GridWindow::CommandKeyPressed(WPARAM key) {
   const KeyPress press = PressOf(key);
   if (press != KeyPress{press.key}) return;
   const std::shared_ptr<void> hold = events_.Hold();

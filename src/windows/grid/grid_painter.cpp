@@ -1,5 +1,3 @@
-// The painting of the grid, in the system's colours.
-// It touches only what lies inside the area to paint.
 #include "windows/grid/grid_painter.h"
 
 #include <algorithm>
@@ -29,7 +27,7 @@ class Painter {
   Painter(HDC context, const GridScene& scene, const RECT& area)
       : context_(context),
         scene_(scene),
-        geometry_(scene.geometry),
+        geometry_(scene.viewport.Geometry()),
         area_(area),
         line_(std::max(scene.dpi.Scale(1), 1)),
         lineColour_(
@@ -48,6 +46,10 @@ class Painter {
  private:
   std::int32_t Rows() const { return scene_.grid == nullptr ? 0 : scene_.grid->MaxRows(); }
 
+  RECT CellArea(std::int32_t column, std::int32_t row) const {
+    return ToRect(scene_.viewport.CellArea(column, row));
+  }
+
   bool IsVisible(const RECT& area) const {
     RECT common{};
     return IntersectRect(&common, &area, &area_) != FALSE;
@@ -57,16 +59,16 @@ class Painter {
     const int rowHeight = geometry_.RowHeight();
     const int first = std::max<int>(area_.top - geometry_.TitleHeight(), 0) / rowHeight;
     const int last = std::max<int>(area_.bottom - geometry_.TitleHeight(), 0) / rowHeight;
-    for (int index = first; index <= last; ++index) PaintRow(scene_.topRow + index);
+    for (int index = first; index <= last; ++index) PaintRow(scene_.viewport.TopRow() + index);
   }
 
   void PaintRow(std::int32_t row) {
-    const RECT cell = CellArea(scene_, 1, row);
-    // The strip right of the last column.
-    RECT rest{geometry_.Width() - scene_.left, cell.top, scene_.window.cx, cell.bottom};
+    const RECT cell = CellArea(1, row);
+    // Right of the last column.
+    RECT rest{geometry_.Width() - scene_.viewport.Left(), cell.top, scene_.window.cx, cell.bottom};
     PaintEmpty(rest);
     for (std::int32_t column = 1; column <= geometry_.Columns(); ++column) {
-      RECT area = CellArea(scene_, column, row);
+      RECT area = CellArea(column, row);
       if (area.left == area.right || !IsVisible(area)) continue;
       PaintCell(column, row, area);
     }
@@ -82,7 +84,7 @@ class Painter {
     const bool exists = row <= Rows();
     COLORREF background = GetSysColor(COLOR_WINDOW);
     COLORREF text = GetSysColor(COLOR_WINDOWTEXT);
-    if (exists) TakeColours(column, row, background, text);
+    if (exists) FindColours(column, row, background, text);
     const RECT inner{area.left, area.top, area.right - line_, area.bottom - line_};
     FillArea(context_, inner, background);
     FillArea(context_, {area.left, inner.bottom, area.right, area.bottom}, lineColour_);
@@ -93,10 +95,8 @@ class Painter {
     PaintText(scene_.grid->Text(column, row), inner, isNumber ? DT_RIGHT : DT_LEFT);
   }
 
-  void TakeColours(std::int32_t column, std::int32_t row, COLORREF& background, COLORREF& text) {
-    const bool isCurrent = column == scene_.selection.column && row == scene_.selection.row;
-    if (scene_.selection.IsBlock() && !isCurrent &&
-        scene_.selection.Range().Contains(column, row)) {
+  void FindColours(std::int32_t column, std::int32_t row, COLORREF& background, COLORREF& text) {
+    if (scene_.selection.Highlights(column, row)) {
       background = GetSysColor(scene_.focused ? COLOR_HIGHLIGHT : COLOR_BTNFACE);
       text = GetSysColor(scene_.focused ? COLOR_HIGHLIGHTTEXT : COLOR_BTNTEXT);
       return;
@@ -129,13 +129,13 @@ class Painter {
     FillArea(context_, band, GetSysColor(COLOR_BTNFACE));
     SetTextColor(context_, GetSysColor(COLOR_BTNTEXT));
     for (std::int32_t column = 1; column <= geometry_.Columns(); ++column) {
-      RECT area{geometry_.Left(column) - scene_.left, 0, geometry_.Right(column) - scene_.left,
-                band.bottom};
+      RECT area{geometry_.Left(column) - scene_.viewport.Left(), 0,
+                geometry_.Right(column) - scene_.viewport.Left(), band.bottom};
       if (area.left == area.right) continue;
       PaintRaised(area);
       PaintText(scene_.grid->Text(column, kTitleRow), area, DT_CENTER);
     }
-    const int end = std::max(geometry_.Width() - scene_.left, 0);
+    const int end = std::max(geometry_.Width() - scene_.viewport.Left(), 0);
     if (end < band.right) PaintRaised({end, 0, band.right, band.bottom});
   }
 
@@ -149,8 +149,8 @@ class Painter {
   }
 
   void PaintCursor() {
-    if (scene_.selection.row > Rows() || scene_.selection.row < scene_.topRow) return;
-    const RECT cell = CellArea(scene_, scene_.selection.column, scene_.selection.row);
+    if (scene_.selection.row > Rows() || scene_.selection.row < scene_.viewport.TopRow()) return;
+    const RECT cell = CellArea(scene_.selection.column, scene_.selection.row);
     if (cell.left == cell.right || !IsVisible(cell)) return;
     const int width = scene_.focused ? scene_.dpi.Scale(kCursorWidth) : line_;
     const COLORREF colour = GetSysColor(scene_.focused ? COLOR_HIGHLIGHT : COLOR_BTNSHADOW);
@@ -171,18 +171,6 @@ class Painter {
 };
 
 }  // namespace
-
-RECT CellArea(const GridScene& scene, std::int32_t column, std::int32_t row) {
-  const GridGeometry& geometry = scene.geometry;
-  RECT area{};
-  if (column >= 1 && column <= geometry.Columns()) {
-    area.left = geometry.Left(column) - scene.left;
-    area.right = geometry.Right(column) - scene.left;
-  }
-  area.top = geometry.TitleHeight() + (row - scene.topRow) * geometry.RowHeight();
-  area.bottom = area.top + geometry.RowHeight();
-  return area;
-}
 
 void PaintGrid(HDC context, const GridScene& scene, const RECT& area) {
   Painter(context, scene, area).Paint();

@@ -1,6 +1,8 @@
-// The grid's window: its life, painting, metrics and the spreading of messages.
-// Mouse, keyboard and editing are in files of their own.
+// Creation and end, painting, metrics, scrolling, and the dispatch of messages.
 #include "windows/grid/grid_window.h"
+
+#include <algorithm>
+#include <optional>
 
 #include "windows/base/context_menu.h"
 #include "windows/base/control_ids.h"
@@ -8,11 +10,37 @@
 #include "windows/com/wide_text.h"
 
 namespace pricedown::windows {
+namespace {
+
+// Of SB_LINEUP, which is SB_LINELEFT, and so on; nothing for the end of a drag.
+std::optional<ScrollStep> ScrollStepOf(int code) {
+  switch (code) {
+    case SB_LINEUP:
+      return ScrollStep::LineBack;
+    case SB_LINEDOWN:
+      return ScrollStep::LineForward;
+    case SB_PAGEUP:
+      return ScrollStep::PageBack;
+    case SB_PAGEDOWN:
+      return ScrollStep::PageForward;
+    case SB_THUMBTRACK:
+    case SB_THUMBPOSITION:
+      return ScrollStep::Track;
+    case SB_TOP:
+      return ScrollStep::Start;
+    case SB_BOTTOM:
+      return ScrollStep::End;
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace
 
 GridWindow::~GridWindow() {
   if (grid_ != nullptr) grid_->Attach(nullptr);
   grid_ = nullptr;
-  // Now, while the editor can still tell of its end.
+  // Here, while the editor can still report its end.
   Destroy();
 }
 
@@ -30,7 +58,7 @@ void GridWindow::Create(HWND parent, HINSTANCE module, std::u16string_view name)
   creation.module = module;
   creation.classStyle = CS_DBLCLKS;
   CreateOwn(creation);
-  TakeAppearance();
+  UpdateAppearance();
 }
 
 void GridWindow::Show(Grid* grid) {
@@ -40,16 +68,14 @@ void GridWindow::Show(Grid* grid) {
   selection_ = {};
   if (grid_ != nullptr) {
     grid_->Attach(this);
-    TakeAppearance();
+    UpdateAppearance();
   } else if (Handle() != nullptr) {
-    // Nothing that could fail: this is also how the grid's owner ends.
-    geometry_.Clear();
-    scroll_.Update(Handle(), geometry_, 0);
-    Invalidate();
+    viewport_.Geometry().Clear();
+    UpdateScrolling();
   }
 }
 
-void GridWindow::TakeAppearance() {
+void GridWindow::UpdateAppearance() {
   if (Handle() == nullptr) return;
   dpi_ = Dpi::Of(Handle());
   UpdateMetrics();
@@ -60,9 +86,65 @@ void GridWindow::UpdateMetrics() {
   editor_.Cancel();
   font_ = MakeFont(grid_ == nullptr ? Font{} : grid_->CellFont(), dpi_);
   lineHeight_ = LineHeight(Handle(), font_.Get());
-  if (grid_ != nullptr) geometry_.Update(*grid_, dpi_.Value(), lineHeight_);
-  scroll_.Update(Handle(), geometry_, grid_ == nullptr ? 0 : grid_->MaxRows());
+  if (grid_ != nullptr) viewport_.Geometry().Update(*grid_, dpi_.Value(), lineHeight_);
+  UpdateScrolling();
+}
+
+void GridWindow::UpdateScrolling() {
+  // Setting a bar can show or hide it and so resize the window, which must not start over.
+  if (updatingScrolling_) return;
+  updatingScrolling_ = true;
+  // A bar that appears takes room from the other one.
+  RECT area{};
+  for (int pass = 0; pass < 3; ++pass) {
+    GetClientRect(Handle(), &area);
+    viewport_.Resize({area.right, area.bottom}, grid_ == nullptr ? 0 : grid_->MaxRows());
+    SetScrollBars();
+    RECT after{};
+    GetClientRect(Handle(), &after);
+    if (EqualRect(&area, &after) != FALSE) break;
+  }
+  updatingScrolling_ = false;
   Invalidate();
+}
+
+void GridWindow::SetScrollBars() {
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+  info.nMax = std::max(viewport_.Rows() - 1, 0);
+  info.nPage = static_cast<UINT>(viewport_.PageRows());
+  info.nPos = viewport_.TopRow() - 1;
+  SetScrollInfo(Handle(), SB_VERT, &info, TRUE);
+  info.nMax = std::max(viewport_.Geometry().Width() - 1, 0);
+  info.nPage = static_cast<UINT>(viewport_.PageWidth());
+  info.nPos = viewport_.Left();
+  SetScrollInfo(Handle(), SB_HORZ, &info, TRUE);
+}
+
+void GridWindow::Scrolled(bool moved) {
+  if (!moved) return;
+  SetScrollBars();
+  Invalidate();
+}
+
+void GridWindow::OnScrollBar(int bar, int code) {
+  const auto step = ScrollStepOf(code);
+  if (!step) return;
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_TRACKPOS;
+  GetScrollInfo(Handle(), bar, &info);
+  Scrolled(bar == SB_VERT ? viewport_.ScrollRows(*step, info.nTrackPos)
+                          : viewport_.ScrollColumns(*step, info.nTrackPos));
+}
+
+void GridWindow::OnWheel(int delta, bool horizontal) {
+  static_assert(static_cast<int>(WHEEL_PAGESCROLL) == GridViewport::kWheelPage);
+  UINT lines = 3;
+  SystemParametersInfoW(horizontal ? SPI_GETWHEELSCROLLCHARS : SPI_GETWHEELSCROLLLINES, 0, &lines,
+                        0);
+  Scrolled(viewport_.TurnWheel(delta, static_cast<int>(lines), horizontal));
 }
 
 void GridWindow::Invalidate() {
@@ -71,14 +153,9 @@ void GridWindow::Invalidate() {
 
 void GridWindow::GridChanged() {
   if (Handle() == nullptr || grid_ == nullptr) return;
-  if (grid_->MaxRows() == 0) {
-    editor_.Cancel();
-    selection_ = {};
-  } else if (selection_.row > grid_->MaxRows() || selection_.anchorRow > grid_->MaxRows()) {
-    selection_.MoveTo(selection_.column, selection_.row, false, *grid_);
-  }
-  scroll_.Update(Handle(), geometry_, grid_->MaxRows());
-  Invalidate();
+  if (grid_->MaxRows() == 0) editor_.Cancel();
+  selection_.Fit(*grid_);
+  UpdateScrolling();
   events_.ItemsChanged();
 }
 
@@ -89,15 +166,9 @@ void GridWindow::GridFilling() { events_.ItemsFilling(); }
 GridScene GridWindow::Scene() const {
   RECT client{};
   GetClientRect(Handle(), &client);
-  GridScene scene{grid_, geometry_, selection_};
-  scene.topRow = scroll_.TopRow();
-  scene.left = scroll_.Left();
-  scene.window = {client.right, client.bottom};
-  scene.font = font_.Get();
-  scene.dpi = dpi_;
   const HWND focus = GetFocus();
-  scene.focused = focus != nullptr && (focus == Handle() || focus == editor_.Handle());
-  return scene;
+  const bool focused = focus != nullptr && (focus == Handle() || focus == editor_.Handle());
+  return {grid_, viewport_, selection_, {client.right, client.bottom}, font_.Get(), dpi_, focused};
 }
 
 void GridWindow::OnPaint() {
@@ -150,24 +221,19 @@ LRESULT GridWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     }
     case WM_SIZE:
-      scroll_.Update(Handle(), geometry_, grid_ == nullptr ? 0 : grid_->MaxRows());
-      Invalidate();
+      UpdateScrolling();
       return 0;
     case WM_VSCROLL:
     case WM_HSCROLL:
       editor_.Finish(0);
-      if (scroll_.OnBar(Handle(), message == WM_VSCROLL ? SB_VERT : SB_HORZ, LOWORD(wParam))) {
-        Invalidate();
-      }
+      OnScrollBar(message == WM_VSCROLL ? SB_VERT : SB_HORZ, LOWORD(wParam));
       return 0;
     case WM_MOUSEWHEEL:
     case WM_MOUSEHWHEEL: {
       editor_.Finish(0);
       const bool across = message == WM_MOUSEHWHEEL || (LOWORD(wParam) & MK_SHIFT) != 0;
       const int delta = static_cast<SHORT>(HIWORD(wParam));
-      if (scroll_.OnWheel(Handle(), message == WM_MOUSEWHEEL && across ? -delta : delta, across)) {
-        Invalidate();
-      }
+      OnWheel(message == WM_MOUSEWHEEL && across ? -delta : delta, across);
       return 0;
     }
     case WM_SETFOCUS:

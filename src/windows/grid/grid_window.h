@@ -1,5 +1,5 @@
-// The item grid `vaList` as a window of our own: shows a Grid and lets the user move, select,
-// copy, type numbers and drag columns. Only what is visible is painted; it loads nothing.
+// The window of the item grid `vaList`: shows a Grid and lets the user move, select, copy, type
+// numbers and drag columns.
 #pragma once
 
 #include <windows.h>
@@ -7,15 +7,14 @@
 #include <cstdint>
 #include <string_view>
 
-#include "browser/grid.h"
+#include "browser/grid_selection.h"
+#include "browser/grid_viewport.h"
 #include "windows/base/bound_window.h"
 #include "windows/base/dpi.h"
 #include "windows/base/fonts.h"
 #include "windows/grid/grid_editor.h"
 #include "windows/grid/grid_events.h"
-#include "windows/grid/grid_geometry.h"
 #include "windows/grid/grid_painter.h"
-#include "windows/grid/grid_scroll.h"
 
 namespace pricedown::windows {
 
@@ -26,13 +25,13 @@ class GridWindow final : public BoundWindow, public GridView, private EditorEven
   // Throws AutomationError.
   void Create(HWND parent, HINSTANCE module, std::u16string_view name);
 
-  // Shows the grid; null shows an empty grid. The grid must be detached before it dies.
+  // Shows the grid; null shows an empty grid. Requires: Show(nullptr) before the grid is destroyed.
   void Show(Grid* grid);
-  void TakeAppearance();
+  // Applies the resolution and the fonts anew.
+  void UpdateAppearance();
 
   const GridSelection& Selection() const { return selection_; }
-  const GridGeometry& Geometry() const { return geometry_; }
-  const GridScroll& Scroll() const { return scroll_; }
+  const GridViewport& Viewport() const { return viewport_; }
   bool IsEditing() const { return editor_.IsActive(); }
   // Whether a number may be typed into the current cell.
   bool CanEdit() const;
@@ -56,6 +55,12 @@ class GridWindow final : public BoundWindow, public GridView, private EditorEven
   LRESULT OnFramePaint(WPARAM wParam, LPARAM lParam);
   GridScene Scene() const;
   void UpdateMetrics();
+  void UpdateScrolling();
+  void SetScrollBars();
+  // Repaints after the visible part moved.
+  void Scrolled(bool moved);
+  void OnScrollBar(int bar, int code);
+  void OnWheel(int delta, bool horizontal);
   void Invalidate();
 
   void OnPress(POINT point, bool extend);
@@ -64,24 +69,21 @@ class GridWindow final : public BoundWindow, public GridView, private EditorEven
   void OnDrag(POINT point);
   void EndMouse(bool keep);
   bool OnSetCursor();
-  std::int32_t EdgeUnder(POINT point) const;
-  std::int32_t RowUnder(POINT point) const;
+  GridHit HitAt(POINT point) const;
   void SizeColumn(std::int32_t column, int pixels);
   void FitColumn(std::int32_t column);
 
   bool OnKeyDown(WPARAM key);
   bool OnContextMenu(LPARAM place);
-  bool OnControlKey(WPARAM key, bool extend);
-  bool OnMoveKey(WPARAM key, bool extend);
   void MoveTo(std::int32_t column, std::int32_t row, bool extend);
-  void SelectAll();
+  void RevealSelection();
   void Copy();
 
-  // Starts typing over the current cell; `first` replaces its text when it is given.
+  // Starts typing over the current cell; a `first` that is not empty replaces its text.
   void BeginEditing(std::u16string_view first);
   void EditingAccepted(std::u16string_view text, WPARAM key) override;
   void EditingCancelled() override;
-  void FunctionKeyPressed(WPARAM key) override;
+  void CommandKeyPressed(WPARAM key) override;
 
   GridEvents& events_;
   Grid* grid_ = nullptr;
@@ -89,8 +91,8 @@ class GridWindow final : public BoundWindow, public GridView, private EditorEven
   Dpi dpi_;
   FontHandle font_;
   int lineHeight_ = 1;
-  GridGeometry geometry_;
-  GridScroll scroll_;
+  GridViewport viewport_;
+  bool updatingScrolling_ = false;
   GridSelection selection_;
   GridEditor editor_{*this};
   Mouse mouse_ = Mouse::Idle;

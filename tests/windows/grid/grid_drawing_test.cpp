@@ -13,7 +13,7 @@ TEST_F(GridWindow, AnEmptyGridShowsTitlesAndGridLines) {
   std::set<int> lines;
   const int middle = CellPoint(2, 1).x;
   const std::uint32_t background = picture.At(middle, picture.height - 2 * Scale(10));
-  for (int y = window_.Geometry().TitleHeight(); y < picture.height; ++y) {
+  for (int y = window_.Viewport().Geometry().TitleHeight(); y < picture.height; ++y) {
     if (picture.At(middle, y) != picture.At(middle, y - 1)) lines.insert(y);
   }
   EXPECT_GT(lines.size(), 10u) << std::hex << background;
@@ -56,10 +56,10 @@ TEST_F(GridWindow, TintsLockedCellsWhereTooltipsAreAsWhiteAsWindows) {
 TEST_F(GridWindow, RowsAndTitlesFollowTheGrid) {
   grid_.SetRowHeight(40.2);
   grid_.SetTitleHeight(50);
-  EXPECT_EQ(window_.Geometry().RowHeight(), 41);
-  EXPECT_EQ(window_.Geometry().TitleHeight(), 50);
+  EXPECT_EQ(window_.Viewport().Geometry().RowHeight(), 41);
+  EXPECT_EQ(window_.Viewport().Geometry().TitleHeight(), 50);
   grid_.SetFont(Font{u"宋体", 30, false, false});
-  EXPECT_GT(window_.Geometry().RowHeight(), 41);
+  EXPECT_GT(window_.Viewport().Geometry().RowHeight(), 41);
 }
 
 TEST_F(GridWindow, OutlivesADetachedGrid) {

@@ -52,23 +52,23 @@ TEST_F(GridWindow, ShowsTheSizePointerOverColumnEdges) {
 
 TEST_F(GridWindow, ScrollsByTheWheel) {
   SendMessageW(Handle(), WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-WHEEL_DELTA)), 0);
-  EXPECT_EQ(window_.Scroll().TopRow(), 4);
+  EXPECT_EQ(window_.Viewport().TopRow(), 4);
   // A fine wheel's small turns add up.
   for (int i = 0; i < 4; ++i) {
     SendMessageW(Handle(), WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(WHEEL_DELTA / 4)), 0);
   }
-  EXPECT_EQ(window_.Scroll().TopRow(), 1);
+  EXPECT_EQ(window_.Viewport().TopRow(), 1);
 }
 
 TEST_F(GridWindow, ScrollsSidewaysWhenColumnsDoNotFit) {
-  EXPECT_EQ(window_.Scroll().Left(), 0);
+  EXPECT_EQ(window_.Viewport().Left(), 0);
   grid_.SetColumnWidth(1, 60);
   input_.Press(VK_END);
-  EXPECT_GT(window_.Scroll().Left(), 0);
+  EXPECT_GT(window_.Viewport().Left(), 0);
   input_.Press(VK_HOME);
-  EXPECT_EQ(window_.Scroll().Left(), 0);
+  EXPECT_EQ(window_.Viewport().Left(), 0);
   SendMessageW(Handle(), WM_HSCROLL, SB_PAGERIGHT, 0);
-  EXPECT_GT(window_.Scroll().Left(), 0);
+  EXPECT_GT(window_.Viewport().Left(), 0);
 }
 
 TEST_F(GridWindow, HoldsAMillionRows) {
@@ -83,7 +83,7 @@ TEST_F(GridWindow, HoldsAMillionRows) {
     UpdateWindow(Handle());
   }
   SendMessageW(Handle(), WM_VSCROLL, SB_TOP, 0);
-  EXPECT_EQ(window_.Scroll().TopRow(), 1);
+  EXPECT_EQ(window_.Viewport().TopRow(), 1);
   // Painting costs only the visible rows, far less than a million.
   EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
   SCROLLINFO info{};

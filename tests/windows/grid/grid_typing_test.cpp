@@ -134,7 +134,7 @@ TEST_F(GridWindow, ALoadEndsTypingAndStartsAtTheTop) {
   Fill(50);
   EXPECT_EQ(Editor(), nullptr);
   EXPECT_EQ(Current(), "1,1");
-  EXPECT_EQ(window_.Scroll().TopRow(), 1);
+  EXPECT_EQ(window_.Viewport().TopRow(), 1);
 }
 
 TEST_F(GridWindow, MayBeDestroyedWhileTyping) {

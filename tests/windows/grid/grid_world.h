@@ -51,13 +51,13 @@ class GridWindow : public ::testing::Test, private windows::ChildEvents {
   HWND Editor() const { return GetDlgItem(Handle(), windows::control_ids::kCellEditor); }
 
   POINT CellPoint(std::int32_t column, std::int32_t row) const {
-    const auto& geometry = window_.Geometry();
-    return {(geometry.Left(column) + geometry.Right(column)) / 2 - window_.Scroll().Left(),
-            geometry.TitleHeight() + (row - window_.Scroll().TopRow()) * geometry.RowHeight() +
+    const auto& geometry = window_.Viewport().Geometry();
+    return {(geometry.Left(column) + geometry.Right(column)) / 2 - window_.Viewport().Left(),
+            geometry.TitleHeight() + (row - window_.Viewport().TopRow()) * geometry.RowHeight() +
                 geometry.RowHeight() / 2};
   }
   POINT EdgePoint(std::int32_t column) const {
-    return {window_.Geometry().Right(column) - window_.Scroll().Left(), 5};
+    return {window_.Viewport().Geometry().Right(column) - window_.Viewport().Left(), 5};
   }
 
   std::string Current() const {

@@ -1,16 +1,16 @@
-// Reads the number in hundredths, so that nothing is rounded.
-// Both answers come from one reading of the text.
-#include "windows/grid/cell_number.h"
+#include "browser/number_cell.h"
 
+#include <algorithm>
 #include <cstdint>
 
-namespace pricedown::windows {
+namespace pricedown {
 namespace {
 
 constexpr std::size_t kDecimals = 2;
 constexpr std::size_t kMostDigits = 17;  // of hundredths, well inside 64 bits
 
-struct Reading {
+// In hundredths, so that nothing is rounded.
+struct CellReading {
   bool wellFormed = true;
   bool negative = false;
   std::size_t digits = 0;
@@ -18,8 +18,8 @@ struct Reading {
   std::int64_t hundredths = 0;
 };
 
-Reading Read(std::u16string_view text) {
-  Reading reading;
+CellReading ReadCell(std::u16string_view text) {
+  CellReading reading;
   if (!text.empty() && text.front() == u'-') {
     reading.negative = true;
     text.remove_prefix(1);
@@ -43,13 +43,13 @@ Reading Read(std::u16string_view text) {
   return reading;
 }
 
-bool IsAllowed(const Reading& reading, double upperBound) {
+bool IsAllowed(const CellReading& reading, double upperBound) {
   if (!reading.wellFormed) return false;
   const double number = static_cast<double>(reading.hundredths) / 100;
   return (reading.negative ? -number : number) <= upperBound;
 }
 
-std::u16string Format(const Reading& reading) {
+std::u16string Format(const CellReading& reading) {
   std::u16string text;
   std::int64_t rest = reading.hundredths;
   for (std::size_t place = 0; place <= kDecimals || rest > 0; ++place) {
@@ -64,14 +64,45 @@ std::u16string Format(const Reading& reading) {
 }  // namespace
 
 bool MayBecomeCellNumber(std::u16string_view text, double upperBound) {
-  return IsAllowed(Read(text), upperBound);
+  return IsAllowed(ReadCell(text), upperBound);
+}
+
+bool MayInsert(std::u16string text, std::size_t from, std::size_t to, std::u16string_view inserted,
+               double upperBound) {
+  from = std::min(from, text.size());
+  to = std::clamp(to, from, text.size());
+  text.replace(from, to - from, inserted);
+  return MayBecomeCellNumber(text, upperBound);
+}
+
+bool StartsCellNumber(char16_t character) {
+  return (character >= u'0' && character <= u'9') || character == u'.' || character == u'-';
 }
 
 std::optional<std::u16string> CellNumber(std::u16string_view text, double upperBound) {
   if (text.empty()) return std::u16string();
-  const Reading reading = Read(text);
+  const CellReading reading = ReadCell(text);
   if (!IsAllowed(reading, upperBound) || reading.digits == 0) return std::nullopt;
   return Format(reading);
 }
 
-}  // namespace pricedown::windows
+CellKey CellKeyOf(Key key) {
+  switch (key) {
+    case Key::Escape:
+      return CellKey::Cancel;
+    case Key::Enter:
+      return CellKey::Accept;
+    case Key::Tab:
+    case Key::Up:
+    case Key::Down:
+    case Key::PageUp:
+    case Key::PageDown:
+      return CellKey::AcceptAndMove;
+    case Key::F5:
+      return CellKey::Command;
+    default:
+      return CellKey::None;
+  }
+}
+
+}  // namespace pricedown

@@ -1,5 +1,5 @@
-// Where columns and rows of the grid are, in pixels: pure arithmetic.
-// Horizontal positions count from the grid's left edge, before scrolling; rows are all as high.
+// Where the grid's columns and rows are, in pixels. Horizontal positions count from the grid's left
+// edge, before scrolling; all rows have the same height.
 #pragma once
 
 #include <cstdint>
@@ -7,13 +7,12 @@
 
 #include "browser/grid.h"
 
-namespace pricedown::windows {
+namespace pricedown {
 
 class GridGeometry {
  public:
-  // `lineHeight` is that of the cells' font; no row gets lower than it needs.
+  // `lineHeight` is that of the cells' font; rows and titles are at least as high as it needs.
   void Update(const Grid& grid, int dpi, int lineHeight);
-
   // No columns.
   void Clear() { edges_.resize(1); }
 
@@ -31,8 +30,8 @@ class GridGeometry {
   std::int32_t ColumnAt(int x) const;
   // The nearest column to `x`; 0 only without columns.
   std::int32_t NearestColumn(int x) const;
-  // The column whose right edge is within `reach` of `x`, 0 for none. Of several it is the last
-  // one, so that a column without width can be pulled open.
+  // The column whose right edge is within `reach` of `x`, 0 for none; the last of several, so that
+  // a column without width can be pulled open.
   std::int32_t EdgeAt(int x, int reach) const;
 
  private:
@@ -41,23 +40,8 @@ class GridGeometry {
   int rowHeight_ = 19;
 };
 
-// A column's width in pixels as the grid counts it, and back.
+// A column's width in pixels, and back.
 int ColumnPixels(double widthUnits, int dpi);
 double ColumnWidthUnits(int pixels, int dpi);
 
-// The selected cells: the current one and the corner where the block began.
-struct GridSelection {
-  std::int32_t column = 1;
-  std::int32_t row = 1;
-  std::int32_t anchorColumn = 1;
-  std::int32_t anchorRow = 1;
-
-  CellRange Range() const;
-  bool IsBlock() const { return column != anchorColumn || row != anchorRow; }
-  // Moves the current cell; the block grows when `extend`, else it is that cell alone. The
-  // position is moved into the grid.
-  void MoveTo(std::int32_t newColumn, std::int32_t newRow, bool extend, const Grid& grid);
-  bool operator==(const GridSelection&) const = default;
-};
-
-}  // namespace pricedown::windows
+}  // namespace pricedown

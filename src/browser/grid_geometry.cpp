@@ -1,12 +1,10 @@
-// The arithmetic of the grid's window.
-// It knows no window and no device.
-#include "windows/grid/grid_geometry.h"
+#include "browser/grid_geometry.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
-namespace pricedown::windows {
+namespace pricedown {
 namespace {
 
 constexpr double kTwipsPerInch = 1440;
@@ -63,19 +61,4 @@ std::int32_t GridGeometry::EdgeAt(int x, int reach) const {
   return 0;
 }
 
-CellRange GridSelection::Range() const {
-  return {std::min(column, anchorColumn), std::min(row, anchorRow), std::max(column, anchorColumn),
-          std::max(row, anchorRow)};
-}
-
-void GridSelection::MoveTo(std::int32_t newColumn, std::int32_t newRow, bool extend,
-                           const Grid& grid) {
-  const std::int32_t lastColumn = std::max(grid.MaxColumns(), 1);
-  const std::int32_t lastRow = std::max(grid.MaxRows(), 1);
-  column = std::clamp(newColumn, 1, lastColumn);
-  row = std::clamp(newRow, 1, lastRow);
-  anchorColumn = extend ? std::clamp(anchorColumn, 1, lastColumn) : column;
-  anchorRow = extend ? std::clamp(anchorRow, 1, lastRow) : row;
-}
-
-}  // namespace pricedown::windows
+}  // namespace pricedown
