@@ -1,5 +1,3 @@
-// The preparation of the editor; deleting a class: question, guards, the two deletes, the reload.
-// Nothing is trapped here: a failure ends the command and reaches its caller.
 #include "browser/class_commands.h"
 
 #include <optional>

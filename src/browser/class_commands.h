@@ -1,5 +1,4 @@
 // The commands on classes: adding one, editing or deleting the one that the grid shows.
-// Who may run a command, and what is reloaded after it, is decided by the dispatch of commands.
 #pragma once
 
 #include <string_view>
@@ -19,9 +18,9 @@ class ClassCommands {
       : environment_(environment), state_(state), tree_(tree), editor_(editor) {}
 
   // Open the editor for a new class, or on the class of the rows in the grid, and return when it
-  // has closed; nothing is reloaded. Editing takes the grid's recordset away: until the next node
-  // click the grid has no class. Throw AutomationError, and the form is then unloaded. The
-  // commands may be destroyed while the editor is shown.
+  // has closed; nothing is reloaded. Editing releases the grid's recordset: until the next node
+  // click the grid has no class. Throw AutomationError and then unload the form. The commands may
+  // be destroyed while the editor is shown.
   void Add();
   void Edit();
 
@@ -31,12 +30,12 @@ class ClassCommands {
   void Delete();
 
  private:
-  // Whether the grid shows rows of a class; when not, the user has been told `message`.
+  // Whether the grid shows rows of a class; if not, shows the user `message`.
   bool RequireClass(std::u16string_view message);
   void PrepareAdd(ItemClassForm& form);
   void PrepareEdit(ItemClassForm& form);
   bool IsConfirmed(std::u16string_view number, std::u16string_view name);
-  // False when a guard refused, and then nothing is deleted.
+  // False when a guard refused; nothing is deleted then.
   bool DeleteGuarded(std::u16string_view number);
 
   Environment& environment_;

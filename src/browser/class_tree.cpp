@@ -1,4 +1,4 @@
-// Every step runs even when the one before it failed.
+// Every step runs even if the one before it failed.
 #include "browser/class_tree.h"
 
 #include <optional>
@@ -51,7 +51,7 @@ void ClassTree::LoadClasses() {
 }
 
 // One row per member item arrives, in number order: a row that repeats the number before it is
-// passed over here, any other repetition is refused by the node collection.
+// skipped here; the node collection refuses any other repetition.
 void ClassTree::AddClassNodes() {
   RowReader rows(state_.classRecordset, {columns::kItemClassNumber, columns::kItemClassName},
                  NullCells::AsEmptyText);

@@ -18,8 +18,8 @@ class ClassTree {
   // Clears and refills the tree; failing steps are skipped, a failed query leaves the root alone.
   void LoadClassTree();
 
-  // What a click on a node does: makes it current and fills the grid. Failing steps are skipped.
-  // Nothing happens for kNoNode.
+  // Handles a click on a node: makes it the current one and fills the grid. Failing steps are
+  // skipped; no-op for kNoNode.
   void NodeClick(NodeIndex node);
 
   // Selects the root and handles it as clicked. Throws AutomationError when there is none or it

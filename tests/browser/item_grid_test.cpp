@@ -265,9 +265,9 @@ TEST_F(ItemGridTest, ShowsOneMessagePerFailureAndRecovers) {
       grid_.LoadItemGrid(u"01");
       factory_.FailCall(0);
       const int calls = factory_.CallCount() - before;
-      std::size_t told = 0;
-      for (const std::string& line : log_.Lines()) told += line.starts_with("tell information");
-      EXPECT_EQ(told, failingCall == 0 ? 0u : 1u) << log_.Text();
+      std::size_t messages = 0;
+      for (const std::string& line : log_.Lines()) messages += line.starts_with("tell information");
+      EXPECT_EQ(messages, failingCall == 0 ? 0u : 1u) << log_.Text();
       grid_.LoadItemGrid(u"01");
       EXPECT_EQ(Texts(), (Strings{"01.001|螺栓|M8||", "01.002|螺母|M10||"}));
       EXPECT_TRUE(grid_.Cells().Redraw());

@@ -45,7 +45,7 @@ class RecordingEditor : public ItemClassEditor {
     recorder_->Add("editor closed");
   }
 
-  // The current form, whoever shows it.
+  // The current form.
   ItemClassForm& Shown() { return form_; }
   void Click(FormTool tool) { form_.ToolClicked(tool); }
   // Whether nothing of an earlier preparation is left in the form.

@@ -1,4 +1,4 @@
-// What the grid reports to the window that it is in.
+// What the grid reports to its parent window.
 #pragma once
 
 #include <windows.h>
@@ -13,18 +13,18 @@ namespace pricedown::windows {
 // Reported as the last step of a message, because the report may end the control.
 class GridEvents : public ToolStripEvents {
  public:
-  // `child` has no use of its own for the key; returns whether the key belongs to a command and is
-  // used up.
+  // `child` does not handle the key itself; returns whether the key belongs to a command and is
+  // handled.
   virtual bool KeyPressed(HWND child, const KeyPress& press, bool repeated) = 0;
-  // `child` should show its commands at `place` on the screen.
+  // The user asks for the context menu of `child` at `place` on the screen.
   virtual void MenuRequested(HWND child, POINT place) = 0;
   // The grid shows other rows.
   virtual void ItemsChanged() = 0;
-  // The grid is being filled, and does not show it yet.
+  // Progress callback during a long fill.
   virtual void ItemsFilling() = 0;
   virtual bool Waiting() const = 0;
-  // Keeps the child alive while it is held. For a child that is not done when it takes the focus:
-  // that may call the host, which may end the control.
+  // Keeps the child alive. For a child that goes on after it has set the focus, which may call the
+  // host, which may end the control.
   virtual std::shared_ptr<void> Hold() = 0;
 
  protected:

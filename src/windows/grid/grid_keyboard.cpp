@@ -9,11 +9,6 @@
 #include "windows/grid/grid_window.h"
 
 namespace pricedown::windows {
-namespace {
-
-constexpr int kTextMargin = 4;  // pixels at 96 dpi, as the painter's
-
-}  // namespace
 
 void GridWindow::MoveTo(std::int32_t column, std::int32_t row, bool extend) {
   if (grid_ == nullptr) return;
@@ -105,7 +100,7 @@ void GridWindow::BeginEditing(std::u16string_view first) {
   start.area.bottom -= 1;
   start.font = font_.Get();
   start.lineHeight = lineHeight_;
-  start.margin = dpi_.Scale(kTextMargin);
+  start.margin = dpi_.Scale(kCellTextMargin);
   const std::u16string text(first.empty() ? grid_->Text(selection_.column, selection_.row) : first);
   start.text = text;
   start.selectAll = first.empty();

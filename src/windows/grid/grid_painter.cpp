@@ -10,7 +10,6 @@
 namespace pricedown::windows {
 namespace {
 
-constexpr int kTextMargin = 4;      // pixels at 96 dpi
 constexpr int kGridLineShare = 45;  // of 255, from the background to the text
 constexpr int kCursorWidth = 2;
 constexpr int kTintShare = 20;  // of 255, where the tooltip's colour is that of open cells
@@ -113,7 +112,7 @@ class Painter {
 
   void PaintText(std::u16string_view text, RECT area, UINT alignment) {
     if (text.empty()) return;
-    const int margin = scene_.dpi.Scale(kTextMargin);
+    const int margin = scene_.dpi.Scale(kCellTextMargin);
     area.left += margin;
     area.right -= margin;
     if (area.left >= area.right) return;

@@ -9,6 +9,9 @@
 
 namespace pricedown::windows {
 
+// Between a cell's edge and its text, in pixels at 96 dpi.
+inline constexpr int kCellTextMargin = 4;
+
 struct GridScene {
   const Grid* grid;  // null paints an empty grid
   const GridViewport& viewport;

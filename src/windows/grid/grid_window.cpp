@@ -94,7 +94,7 @@ void GridWindow::UpdateScrolling() {
   // Setting a bar can show or hide it and so resize the window, which must not start over.
   if (updatingScrolling_) return;
   updatingScrolling_ = true;
-  // A bar that appears takes room from the other one.
+  // A bar that appears leaves less room for the other one.
   RECT area{};
   for (int pass = 0; pass < 3; ++pass) {
     GetClientRect(Handle(), &area);
