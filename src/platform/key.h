@@ -25,6 +25,7 @@ enum class Key : std::uint16_t {
   A = 'A',
   C = 'C',
   N = 'N',
+  G = 'G',
   P = 'P',
   S = 'S',
   V = 'V',
@@ -39,6 +40,8 @@ enum class Key : std::uint16_t {
   F6 = 0x75,
   F7 = 0x76,
   F10 = 0x79,
+  Plus = 0xBB,
+  Minus = 0xBD,
 };
 
 struct KeyPress {

@@ -1,15 +1,15 @@
-// Page, size and scrolling of a preview; everything follows from paper, area and zoom.
-// A border of an eighth of an inch is left around the paper.
+// Everything follows from paper, area and zoom. A border of an eighth of an inch is left around the
+// paper.
 #include "print/preview_state.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace pricedown {
 namespace {
 
-constexpr std::array<double, 10> kSizes{25, 50, 75, 100, 125, 150, 200, 300, 400, 500};
+constexpr std::int32_t kLineStep = 24;   // pixels at 96 dpi
+constexpr std::int32_t kWheelLines = 3;  // of a notch
 // A size that was fitted is hardly ever one of the usual ones to the last digit.
 constexpr double kSameSize = 0.01;
 
@@ -51,14 +51,16 @@ void PreviewState::FitWidth() { Choose(Zoom::Width, percent_); }
 void PreviewState::SetPercent(double percent) { Choose(Zoom::Fixed, percent); }
 
 void PreviewState::ZoomIn() {
-  const auto larger = std::upper_bound(kSizes.begin(), kSizes.end(), percent_ + kSameSize);
-  SetPercent(larger == kSizes.end() ? kSizes.back() : *larger);
+  const auto larger =
+      std::upper_bound(kPreviewSizes.begin(), kPreviewSizes.end(), percent_ + kSameSize);
+  SetPercent(larger == kPreviewSizes.end() ? kPreviewSizes.back() : *larger);
 }
 
 void PreviewState::ZoomOut() {
-  const auto notSmaller = std::lower_bound(kSizes.begin(), kSizes.end(), percent_ - kSameSize);
+  const auto notSmaller =
+      std::lower_bound(kPreviewSizes.begin(), kPreviewSizes.end(), percent_ - kSameSize);
   // Below the least of them there is nothing to go to.
-  if (notSmaller != kSizes.begin()) SetPercent(*(notSmaller - 1));
+  if (notSmaller != kPreviewSizes.begin()) SetPercent(*(notSmaller - 1));
 }
 
 void PreviewState::Choose(Zoom zoom, double percent) {
@@ -80,13 +82,109 @@ bool PreviewState::ScrollBy(std::int32_t x, std::int32_t y) {
   return across || down;
 }
 
-void PreviewState::Wheel(std::int32_t pixels) {
+void PreviewState::Advance(std::int32_t pixels) {
   if (pixels == 0 || ScrollBy(0, pixels)) return;
   if (GoTo(pixels > 0 ? page_ + 1 : page_ - 1)) {
     if (pixels < 0) ScrollBy(0, contentHeight_);
   } else if (pixels > 0) {
     // The last page: GoTo went to its top.
     ScrollBy(0, contentHeight_);
+  }
+}
+
+std::int32_t PreviewState::WheelSteps(std::int32_t delta, std::int32_t step) {
+  if ((delta > 0) != (wheelRest_ > 0)) wheelRest_ = 0;
+  wheelRest_ += delta;
+  const std::int32_t steps = wheelRest_ / step;
+  wheelRest_ -= steps * step;
+  return steps;
+}
+
+void PreviewState::Wheel(std::int32_t delta, std::int32_t notch) {
+  const bool scrolls = contentHeight_ > area_.height;
+  Advance(-WheelSteps(delta, scrolls ? notch / kWheelLines : notch) * LineStep());
+}
+
+std::optional<PreviewCommand> PreviewState::ZoomOfWheel(std::int32_t delta, std::int32_t notch) {
+  const std::int32_t steps = WheelSteps(delta, notch);
+  if (steps == 0) return std::nullopt;
+  return steps > 0 ? PreviewCommand::ZoomIn : PreviewCommand::ZoomOut;
+}
+
+bool PreviewState::IsEnabled(PreviewCommand command) const {
+  switch (command) {
+    case PreviewCommand::First:
+    case PreviewCommand::Previous:
+      return page_ > 1;
+    case PreviewCommand::Next:
+    case PreviewCommand::Last:
+      return page_ < pageCount_;
+    case PreviewCommand::ZoomIn:
+      return percent_ < kGreatestPreviewPercent;
+    case PreviewCommand::ZoomOut: {
+      PreviewState tried = *this;
+      tried.ZoomOut();
+      return tried.percent_ < percent_;
+    }
+    default:
+      return true;
+  }
+}
+
+void PreviewState::Run(PreviewCommand command) {
+  switch (command) {
+    case PreviewCommand::First:
+      GoTo(1);
+      break;
+    case PreviewCommand::Previous:
+      GoTo(page_ - 1);
+      break;
+    case PreviewCommand::Next:
+      GoTo(page_ + 1);
+      break;
+    case PreviewCommand::Last:
+      GoTo(pageCount_);
+      break;
+    case PreviewCommand::ZoomOut:
+      ZoomOut();
+      break;
+    case PreviewCommand::ZoomIn:
+      ZoomIn();
+      break;
+    case PreviewCommand::FitPage:
+      FitPage();
+      break;
+    case PreviewCommand::FitWidth:
+      FitWidth();
+      // It is for reading, which begins at the top.
+      ScrollBy(0, -contentHeight_);
+      break;
+    case PreviewCommand::LineUp:
+      ScrollBy(0, -LineStep());
+      break;
+    case PreviewCommand::LineDown:
+      ScrollBy(0, LineStep());
+      break;
+    case PreviewCommand::LineLeft:
+      ScrollBy(-LineStep(), 0);
+      break;
+    case PreviewCommand::LineRight:
+      ScrollBy(LineStep(), 0);
+      break;
+    case PreviewCommand::ScreenUp:
+      Advance(-ScreenStep());
+      break;
+    case PreviewCommand::ScreenDown:
+      Advance(ScreenStep());
+      break;
+    case PreviewCommand::Top:
+      ScrollBy(0, -contentHeight_);
+      break;
+    case PreviewCommand::Bottom:
+      ScrollBy(0, contentHeight_);
+      break;
+    default:
+      break;
   }
 }
 
@@ -101,6 +199,13 @@ Rectangle PreviewState::PaperBox() const {
 
 double PreviewState::Pixels(double tenths) const {
   return tenths * percent_ / 100 * area_.dotsPerInch / kTenthsPerInch;
+}
+
+std::int32_t PreviewState::LineStep() const { return ScalePixels(kLineStep, area_.dotsPerInch); }
+
+// A little of what was seen stays in sight.
+std::int32_t PreviewState::ScreenStep() const {
+  return std::max(area_.height - LineStep(), LineStep());
 }
 
 std::int32_t PreviewState::Border() const { return area_.dotsPerInch / 8; }

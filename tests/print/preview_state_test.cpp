@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
+#include <utility>
 
 namespace pricedown::testing {
 namespace {
@@ -26,7 +28,6 @@ class Preview : public ::testing::Test {
 
 TEST_F(Preview, BeginsWithTheWholeFirstPage) {
   EXPECT_EQ(state_.Page(), 1);
-  EXPECT_TRUE(state_.FitsPage());
   EXPECT_EQ(Box(), "137,12 250x500");
   EXPECT_NEAR(state_.Percent(), 500.0 / 1920 * 100, 1E-9);
   EXPECT_LE(state_.ContentWidth(), 524);
@@ -42,7 +43,6 @@ TEST_F(Preview, FollowsTheAreaWhileItFits) {
 
 TEST_F(Preview, FitsTheWidth) {
   state_.FitWidth();
-  EXPECT_TRUE(state_.FitsWidth());
   EXPECT_EQ(state_.PaperBox().width, 500);
   EXPECT_EQ(state_.PaperBox().height, 1000);
   EXPECT_EQ(state_.PaperBox().left, 12);
@@ -58,7 +58,6 @@ TEST_F(Preview, ShowsTheSameAtTwiceTheResolution) {
 
 TEST_F(Preview, IsAsLargeAsPaperAtOneHundredPercent) {
   state_.SetPercent(100);
-  EXPECT_FALSE(state_.FitsPage());
   EXPECT_EQ(state_.PaperBox().width, 960);
   EXPECT_EQ(state_.PaperBox().height, 1920);
   state_.SetArea({2000, 3000, 96});
@@ -137,42 +136,42 @@ TEST_F(Preview, ShowsTheTopOfThePageItGoesTo) {
 TEST_F(Preview, TurnsThePageWithTheWheelWhereItEnds) {
   state_.SetPercent(100);
   state_.GoTo(1);
-  state_.Wheel(1000);
+  state_.Advance(1000);
   EXPECT_EQ(state_.Page(), 1);
   EXPECT_EQ(state_.ScrollY(), 1000);
-  state_.Wheel(1000);
+  state_.Advance(1000);
   EXPECT_EQ(state_.ScrollY(), 1420);
-  state_.Wheel(100);
+  state_.Advance(100);
   EXPECT_EQ(state_.Page(), 2);
   EXPECT_EQ(state_.ScrollY(), 0);
-  state_.Wheel(-100);
+  state_.Advance(-100);
   EXPECT_EQ(state_.Page(), 1);
   EXPECT_EQ(state_.ScrollY(), 1420);
 }
 
 TEST_F(Preview, StaysWhereItIsWhenTheWheelDoesNotTurn) {
   state_.GoTo(2);
-  state_.Wheel(0);
+  state_.Advance(0);
   EXPECT_EQ(state_.Page(), 2);
 }
 
 TEST_F(Preview, StaysAtTheFirstTopAndTheLastBottom) {
   state_.SetPercent(100);
   state_.GoTo(1);
-  state_.Wheel(-100);
+  state_.Advance(-100);
   EXPECT_EQ(state_.Page(), 1);
   EXPECT_EQ(state_.ScrollY(), 0);
   state_.GoTo(10);
-  state_.Wheel(5000);
-  state_.Wheel(5000);
+  state_.Advance(5000);
+  state_.Advance(5000);
   EXPECT_EQ(state_.Page(), 10);
   EXPECT_EQ(state_.ScrollY(), 1420);
 }
 
 TEST_F(Preview, TurnsAtOnceWhereAWholePageIsVisible) {
-  state_.Wheel(120);
+  state_.Advance(120);
   EXPECT_EQ(state_.Page(), 2);
-  state_.Wheel(-120);
+  state_.Advance(-120);
   EXPECT_EQ(state_.Page(), 1);
 }
 
@@ -186,6 +185,106 @@ TEST_F(Preview, StaysOnItsPageWhenPagesAreRebuilt) {
   state_.SetPages(0, {});
   EXPECT_EQ(state_.Page(), 1);
   EXPECT_EQ(state_.PageCount(), 1);
+}
+
+TEST_F(Preview, TurnsAFittingPageByWholeNotchesOfTheWheel) {
+  state_.Wheel(-120, 120);
+  EXPECT_EQ(state_.Page(), 2);
+  state_.Wheel(-40, 120);
+  state_.Wheel(-40, 120);
+  EXPECT_EQ(state_.Page(), 2);
+  state_.Wheel(-40, 120);
+  EXPECT_EQ(state_.Page(), 3);
+  // Parts of a notch in the other direction start anew.
+  state_.Wheel(-80, 120);
+  state_.Wheel(40, 120);
+  state_.Wheel(80, 120);
+  EXPECT_EQ(state_.Page(), 2);
+}
+
+TEST_F(Preview, ScrollsALargePageByThreeLinesPerNotch) {
+  state_.SetPercent(100);
+  state_.GoTo(1);
+  state_.Wheel(-120, 120);
+  EXPECT_EQ(state_.ScrollY(), 3 * state_.LineStep());
+  state_.Wheel(40, 120);
+  EXPECT_EQ(state_.ScrollY(), 2 * state_.LineStep());
+}
+
+TEST_F(Preview, ZoomsByOneSizePerTurnOfTheWheel) {
+  EXPECT_EQ(state_.ZoomOfWheel(119, 120), std::nullopt);
+  EXPECT_EQ(state_.ZoomOfWheel(1, 120), PreviewCommand::ZoomIn);
+  EXPECT_EQ(state_.ZoomOfWheel(-240, 120), PreviewCommand::ZoomOut);
+}
+
+// The commands for turning pages that are enabled.
+std::string Turning(const PreviewState& state) {
+  std::string enabled;
+  for (const auto& [name, command] :
+       {std::pair{"First ", PreviewCommand::First},
+        std::pair{"Previous ", PreviewCommand::Previous}, std::pair{"Next ", PreviewCommand::Next},
+        std::pair{"Last ", PreviewCommand::Last}}) {
+    if (state.IsEnabled(command)) enabled += name;
+  }
+  return enabled;
+}
+
+TEST_F(Preview, EnablesTurningWhereThereAreMorePages) {
+  EXPECT_EQ(Turning(state_), "Next Last ");
+  state_.Run(PreviewCommand::Next);
+  EXPECT_EQ(state_.Page(), 2);
+  EXPECT_EQ(Turning(state_), "First Previous Next Last ");
+  state_.Run(PreviewCommand::Last);
+  EXPECT_EQ(state_.Page(), 10);
+  EXPECT_EQ(Turning(state_), "First Previous ");
+  state_.Run(PreviewCommand::Previous);
+  EXPECT_EQ(state_.Page(), 9);
+  state_.Run(PreviewCommand::First);
+  EXPECT_EQ(state_.Page(), 1);
+}
+
+TEST_F(Preview, EnablesZoomingUpToTheLargestAndTheSmallestSize) {
+  state_.SetPercent(500);
+  EXPECT_FALSE(state_.IsEnabled(PreviewCommand::ZoomIn));
+  EXPECT_TRUE(state_.IsEnabled(PreviewCommand::ZoomOut));
+  state_.SetPercent(25);
+  EXPECT_TRUE(state_.IsEnabled(PreviewCommand::ZoomIn));
+  EXPECT_FALSE(state_.IsEnabled(PreviewCommand::ZoomOut));
+  EXPECT_TRUE(state_.IsEnabled(PreviewCommand::Print));
+}
+
+TEST_F(Preview, FitsTheWidthFromTheTop) {
+  state_.SetPercent(100);
+  state_.ScrollBy(0, 10000);
+  state_.Run(PreviewCommand::FitWidth);
+  EXPECT_EQ(state_.PaperBox().width, 500);
+  EXPECT_EQ(state_.ScrollY(), 0);
+}
+
+TEST_F(Preview, ScrollsByLinesScreensAndToTheEnds) {
+  state_.SetPercent(100);
+  state_.GoTo(2);
+  state_.ScrollBy(-10000, 0);
+  state_.Run(PreviewCommand::LineDown);
+  state_.Run(PreviewCommand::LineRight);
+  EXPECT_EQ(state_.ScrollY(), 24);
+  EXPECT_EQ(state_.ScrollX(), 24);
+  state_.Run(PreviewCommand::LineUp);
+  state_.Run(PreviewCommand::LineLeft);
+  EXPECT_EQ(state_.ScrollY(), 0);
+  EXPECT_EQ(state_.ScrollX(), 0);
+  // A line of the screen before stays in sight.
+  state_.Run(PreviewCommand::ScreenDown);
+  EXPECT_EQ(state_.ScrollY(), 500);
+  state_.Run(PreviewCommand::Bottom);
+  EXPECT_EQ(state_.ScrollY(), 1420);
+  state_.Run(PreviewCommand::ScreenDown);
+  EXPECT_EQ(state_.Page(), 3);
+  state_.Run(PreviewCommand::ScreenUp);
+  EXPECT_EQ(state_.Page(), 2);
+  EXPECT_EQ(state_.ScrollY(), 1420);
+  state_.Run(PreviewCommand::Top);
+  EXPECT_EQ(state_.ScrollY(), 0);
 }
 
 }  // namespace

@@ -138,6 +138,7 @@ void PaintFrame(HDC context, HWND window, const RECT& frame);
 // `share` of 255 of the way from one colour to another.
 COLORREF Blend(COLORREF from, COLORREF to, int share);
 
+inline SIZE ToSize(const Size& size) { return {size.width, size.height}; }
 inline RECT ToRect(const Rectangle& area) {
   return {area.left, area.top, area.Right(), area.Bottom()};
 }

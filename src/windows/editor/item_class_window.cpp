@@ -26,8 +26,6 @@ constexpr std::u16string_view kMembersName = u"对应明细物料";
 constexpr std::u16string_view kLookupText = u"…";
 constexpr std::u16string_view kLookupTip = u"查找科目 (F7)";
 
-SIZE ToSize(Size size) { return {size.width, size.height}; }
-
 }  // namespace
 
 ItemClassWindow::ItemClassWindow(HINSTANCE module)

@@ -1,5 +1,4 @@
-// Fonts into LOGFONTs and back, and the dialog's button for applying.
-// Sizes go through pixels of the screen, as the dialog wants them.
+// Fonts to LOGFONTs and back, in pixels of the screen, and the dialog's button for applying.
 #include "windows/print/common_font_dialog.h"
 
 #include <cderr.h>
@@ -24,7 +23,7 @@ namespace {
 constexpr const wchar_t* kDialogProperty = L"PriceDown.FontDialog";
 constexpr double kPointParts = 10;  // the dialog counts tenths of a point
 
-// Of the default printer, for its fonts only; null when there is none.
+// The default printer's information context, for its fonts; null without a printer.
 CreatedContext PrinterInformation() {
   DWORD length = 0;
   GetDefaultPrinterW(nullptr, &length);
@@ -34,9 +33,9 @@ CreatedContext PrinterInformation() {
   return CreatedContext(CreateICW(L"WINSPOOL", name.c_str(), nullptr, nullptr));
 }
 
-// What the system has under that font's name. A name that stands for another one is in no list, and
-// the dialog would begin with some font of its own.
-void TakeInstalledName(LOGFONTW& description) {
+// Replaces the name by that of the installed font which the system uses for it: the dialog lists no
+// substituted names and would begin with some other font.
+void UseInstalledName(LOGFONTW& description) {
   const FontHandle font(CreateFontIndirectW(&description));
   const CreatedContext context(CreateCompatibleDC(nullptr));
   if (!font || context == nullptr) return;
@@ -47,11 +46,11 @@ void TakeInstalledName(LOGFONTW& description) {
 LOGFONTW Describe(const Font& font) {
   // The dialog uses the screen's resolution, whatever the window's is.
   LOGFONTW description = DescribeFont(font, Dpi::Of(nullptr).Value());
-  TakeInstalledName(description);
+  UseInstalledName(description);
   return description;
 }
 
-// What one showing needs inside of the dialog's procedure.
+// What the dialog's procedure needs of one showing.
 struct Showing {
   const Font& before;
   LOGFONTW first;  // what the dialog began with
@@ -60,9 +59,8 @@ struct Showing {
 
 bool IsBold(const LOGFONTW& font) { return font.lfWeight > FW_MEDIUM; }
 
-// What differs from what the dialog began with was chosen; the rest is as it was, to the letter of
-// its name and the fraction of its size. `points` is 0 when only the height
-// tells the size.
+// The font before with what the user has changed; the rest stays as it was, to the letter of the
+// name and the fraction of the size. `points` is 0 where only the height is known.
 Font FontOf(const LOGFONTW& chosen, double points, const Showing& showing) {
   Font font = showing.before;
   const LOGFONTW& first = showing.first;

@@ -13,14 +13,14 @@ namespace pricedown::windows {
 class CommonFontDialog final : public FontDialog {
  public:
   // The dialog belongs to the top-level window around `window`, which must outlive this object.
-  // `apply` is called for the dialog's button 应用 with the font selected then, and may throw;
-  // without it the button is not shown, whatever the flags say, because it could do nothing.
+  // `apply` is called for the dialog's button 应用 with the selected font, and may throw; without
+  // it the button is hidden.
   explicit CommonFontDialog(const CommandWindow& window,
                             std::function<void(const Font&)> apply = nullptr)
       : window_(window), apply_(std::move(apply)) {}
 
-  // FontDialog. `font` keeps what the user does not change, its size to the fraction too. Printer
-  // fonts are offered when there is a default printer.
+  // FontDialog. What the user does not change stays, the size to the fraction. Printer fonts are
+  // offered when there is a default printer.
   Font Show(const Font& font, std::uint32_t flags) override;
 
  private:

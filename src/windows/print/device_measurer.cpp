@@ -1,5 +1,5 @@
-// One pixel of the measuring context is a hundredth of a millimetre.
-// At that size the fitting of letters to pixels, which differs by device, no longer counts.
+// One pixel of the measuring context is a hundredth of a millimetre: at that size the hinting of
+// letters, which differs by device, no longer matters.
 #include "windows/print/device_measurer.h"
 
 #include <algorithm>
@@ -15,7 +15,7 @@ namespace {
 
 constexpr double kMeasuringResolution = 2540;  // per inch
 constexpr int kPerTenth = 10;
-// More than a table and its lines have; a user who tries many fonts starts anew.
+// More than a document has; after many changes of the font the cache is emptied.
 constexpr std::size_t kMostFonts = 32;
 
 Tenths RoundedUp(int hundredths) { return (hundredths + kPerTenth - 1) / kPerTenth; }
@@ -45,7 +45,7 @@ std::span<const int> DeviceMeasurer::Ends(const Font& font, std::u16string_view 
                             nullptr, ends_.data(), &size) == FALSE) {
     ThrowLastError();
   }
-  // A character that stands back over the one before it makes no text narrower.
+  // A character that is drawn back over the one before it makes no text narrower.
   for (std::size_t i = 1; i < ends_.size(); ++i) ends_[i] = std::max(ends_[i], ends_[i - 1]);
   return ends_;
 }

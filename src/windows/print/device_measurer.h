@@ -13,18 +13,18 @@
 
 namespace pricedown::windows {
 
-// No screen and no printer takes part: the same pages come out of every system that has the same
-// fonts. All members throw AutomationError when the system does not measure.
+// Independent of screen and printer: systems with the same fonts make the same pages. All members
+// throw AutomationError.
 class DeviceMeasurer final : public TextMeasurer {
  public:
   // TextMeasurer
   Tenths Width(const Font& font, std::u16string_view text) override;
   Tenths LineHeight(const Font& font) override;
 
-  // Where each character of the text ends, from the text's beginning, in hundredths of a
-  // millimetre. The answer is valid until the next call.
+  // Where each character ends, from the text's beginning, in hundredths of a millimetre. Valid
+  // until the next call.
   std::span<const int> Ends(const Font& font, std::u16string_view text);
-  // From the top of a line down to where its characters stand, in hundredths of a millimetre.
+  // From the top of a line to its baseline, in hundredths of a millimetre.
   int Ascent(const Font& font);
 
  private:

@@ -1,5 +1,4 @@
-// The children of the print preview's window.
-// Private to its sources.
+// The children of the print preview's window; private to its sources.
 #pragma once
 
 #include <windows.h>
@@ -8,26 +7,31 @@
 #include <span>
 #include <utility>
 
+#include "print/preview_commands.h"
 #include "windows/base/frame_windows.h"
 #include "windows/base/plain_control.h"
 #include "windows/base/tool_strip_events.h"
 #include "windows/base/tool_strip_window.h"
 #include "windows/base/visual_styles.h"
-#include "windows/print/preview_buttons.h"
 #include "windows/print/preview_pane.h"
 
 namespace pricedown::windows {
 
-// One of the two rows of buttons; presses are told as commands.
-struct PreviewBar final : private ToolStripEvents {
-  PreviewBar(std::span<const PreviewButton> theButtons, std::function<void(PreviewCommand)> pressed,
+// One of the two tool strips; reports what was pressed as commands.
+class PreviewBar final : private ToolStripEvents {
+ public:
+  PreviewBar(std::span<const PreviewButton> buttons, std::function<void(PreviewCommand)> pressed,
              std::function<void(bool)> tabPressed)
-      : buttons(theButtons),
+      : buttons_(buttons),
         pressed_(std::move(pressed)),
         tabPressed_(std::move(tabPressed)),
-        strip(*this, RowsOf(theButtons)) {}
+        strip(*this, RowsOf(buttons)) {}
 
-  const std::span<const PreviewButton> buttons;
+  void ShowEnabled(const PreviewState& state) {
+    for (const PreviewButton& button : buttons_) {
+      if (!button.separator) strip.SetEnabled(button, state.IsEnabled(button.command));
+    }
+  }
 
  private:
   void CommandChosen(const Command& command) override {
@@ -36,6 +40,7 @@ struct PreviewBar final : private ToolStripEvents {
   void TabPressed(bool backwards) override { tabPressed_(backwards); }
   void FocusEntered(HWND) override {}
 
+  std::span<const PreviewButton> buttons_;
   std::function<void(PreviewCommand)> pressed_;
   std::function<void(bool)> tabPressed_;
 

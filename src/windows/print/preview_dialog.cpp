@@ -15,7 +15,7 @@ PreviewDialog::PreviewDialog(HINSTANCE module, PrintDocument& document, PreviewP
 PreviewDialog::~PreviewDialog() { window_.Close(); }
 
 void PreviewDialog::ShowModal(HWND owner) {
-  CommonFontDialog fonts(window_, [this](const Font& font) { window_.TakeFont(font); });
+  CommonFontDialog fonts(window_, [this](const Font& font) { window_.ApplyFont(font); });
   ShowModal(owner, fonts);
 }
 

@@ -1,5 +1,4 @@
-// The commands of the preview's window, and the messages that ask for them.
-// Part of PreviewWindow; keys and typed numbers are in preview_keys.cpp.
+// Part of PreviewWindow: its commands, and the messages that ask for them.
 #include <windows.h>
 
 #include <commctrl.h>
@@ -16,13 +15,13 @@
 namespace pricedown::windows {
 namespace {
 
-// Sent to oneself once a list has put its own text into its field.
+// Posted to the window itself, to run once the list has written its text into the field.
 constexpr UINT kZoomChosen = WM_APP + 1;
 
 }  // namespace
 
-// Runs what the user asked for and tells what went wrong. The window may be gone when this returns;
-// the object is held by whoever shows it.
+// Runs a command and shows its failure in a message. The window may be destroyed when this returns;
+// the object lives until the showing ends.
 template <typename Command>
 void PreviewWindow::Fire(bool takesTime, Command&& command) {
   if (busy_) return;
@@ -46,7 +45,7 @@ void PreviewWindow::Fire(bool takesTime, Command&& command) {
   if (std::exchange(closeAfter_, false)) Close();
 }
 
-// Sizing and scrolling go on while a command runs, as when its dialog is moved over the window.
+// Sizing and scrolling work while a command runs, as when its dialog is moved over the window.
 void PreviewWindow::PaneChanges(const std::function<void()>& change) {
   if (busy_ || !complete_) {
     change();
@@ -60,31 +59,16 @@ void PreviewWindow::PaneChanges(const std::function<void()>& change) {
 }
 
 void PreviewWindow::Run(PreviewCommand command) {
-  if (busy_ || Handle() == nullptr || !IsEnabled(command)) return;
-  if (command == PreviewCommand::Close) {
-    Close();
+  if (Scrolls(command)) {
+    PaneChanges([&] { state_.Run(command); });
+  } else if (command == PreviewCommand::EnterPage) {
+    EnterPage();
+  } else if (busy_ || Handle() == nullptr || !state_.IsEnabled(command)) {
     return;
-  }
-  Fire(true, [&] { Execute(command); });
-}
-
-bool PreviewWindow::IsEnabled(PreviewCommand command) const {
-  switch (command) {
-    case PreviewCommand::First:
-    case PreviewCommand::Previous:
-      return state_.Page() > 1;
-    case PreviewCommand::Next:
-    case PreviewCommand::Last:
-      return state_.Page() < state_.PageCount();
-    case PreviewCommand::ZoomIn:
-      return state_.Percent() < kGreatestPreviewPercent;
-    case PreviewCommand::ZoomOut: {
-      PreviewState tried = state_;
-      tried.ZoomOut();
-      return tried.Percent() < state_.Percent();
-    }
-    default:
-      return true;
+  } else if (command == PreviewCommand::Close) {
+    Close();
+  } else {
+    Fire(true, [&] { Execute(command); });
   }
 }
 
@@ -101,33 +85,8 @@ void PreviewWindow::Execute(PreviewCommand command) {
     case PreviewCommand::Font:
       ChooseFont();
       break;
-    case PreviewCommand::First:
-      state_.GoTo(1);
-      break;
-    case PreviewCommand::Previous:
-      state_.GoTo(state_.Page() - 1);
-      break;
-    case PreviewCommand::Next:
-      state_.GoTo(state_.Page() + 1);
-      break;
-    case PreviewCommand::Last:
-      state_.GoTo(state_.PageCount());
-      break;
-    case PreviewCommand::ZoomOut:
-      state_.ZoomOut();
-      break;
-    case PreviewCommand::ZoomIn:
-      state_.ZoomIn();
-      break;
-    case PreviewCommand::FitPage:
-      state_.FitPage();
-      break;
-    case PreviewCommand::FitWidth:
-      state_.FitWidth();
-      // It is for reading, which begins at the top.
-      state_.ScrollBy(0, -state_.ContentHeight());
-      break;
-    case PreviewCommand::Close:
+    default:
+      state_.Run(command);
       break;
   }
   pages_.Turn(state_.Page());
@@ -137,13 +96,13 @@ void PreviewWindow::ChooseFont() {
   try {
     const Font chosen = fonts_->Show(pages_.Document().font, kFontDialogFlags);
     // The host may have closed everything below the dialog.
-    if (Handle() != nullptr && !chosen.name.empty()) TakeFont(chosen);
+    if (Handle() != nullptr && !chosen.name.empty()) ApplyFont(chosen);
   } catch (const AutomationError& error) {
     if (error.Number() != kDialogCancelled) throw;
   }
 }
 
-void PreviewWindow::TakeFont(const Font& font) {
+void PreviewWindow::ApplyFont(const Font& font) {
   Font& shared = pages_.Document().font;
   if (font == shared) return;
   const Font before = std::exchange(shared, font);
@@ -170,7 +129,7 @@ void PreviewWindow::OnChildCommand(HWND child, int id, int code) {
   } else if (child == c.viewBar.strip.Handle()) {
     c.viewBar.strip.OnCommand(id);
   } else if (id == preview_ids::kPage && code == EN_KILLFOCUS) {
-    // Nothing is left that was typed and not taken.
+    // What was typed and not entered is discarded.
     ShowPageNumber();
   } else if (id == preview_ids::kZoom && code == CBN_SELENDOK) {
     PostMessageW(Handle(), kZoomChosen, 0, 0);
@@ -196,7 +155,7 @@ void PreviewWindow::OnDestroy() {
 
 LRESULT PreviewWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message != kZoomChosen) return ModalFrameWindow::OnMessage(message, wParam, lParam);
-  TakeZoomChoice();
+  ApplyZoomChoice();
   return 0;
 }
 

@@ -1,5 +1,5 @@
-// The ids of the print preview's child windows, by which UI automation finds them.
-// They are part of what is public and never change; a new child gets a new number.
+// The ids of the print preview's child windows, by which UI automation finds them. They are public
+// and never change; a new child gets a new number.
 #pragma once
 
 namespace pricedown::windows::preview_ids {
@@ -15,6 +15,6 @@ inline constexpr int kLine = 508;     // below the bars
 inline constexpr int kPane = 509;     // where the page is shown
 
 // The buttons of both bars have the command ids control_ids::kFirstButton + position, positions
-// from 1; their order is that of preview_buttons.h.
+// from 1; their order is that of print/preview_commands.h.
 
 }  // namespace pricedown::windows::preview_ids

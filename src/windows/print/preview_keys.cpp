@@ -1,47 +1,21 @@
-// Keys of the preview's window, and the numbers that the user types in its fields.
-// Part of PreviewWindow.
+// Part of PreviewWindow: keys, and the numbers that the user types in the fields.
 #include <windows.h>
 
-#include <algorithm>
-#include <optional>
-#include <string_view>
-
-#include "platform/text.h"
+#include "print/preview_fields.h"
+#include "windows/base/keyboard.h"
 #include "windows/print/preview_children.h"
 #include "windows/print/preview_window.h"
 
 namespace pricedown::windows {
-namespace {
 
-// The first two lines of the zoom's list.
-constexpr int kFitPageLine = 0;
-constexpr int kFitWidthLine = 1;
-constexpr std::int32_t kGreatestTyped = 10'000'000;
-
-// A whole number in digits of either width, with a percent sign where it may have one; larger ones
-// than can be meant are the largest.
-std::optional<std::int32_t> TypedNumber(std::u16string_view typed, bool percent) {
-  std::u16string_view text = Trim(typed);
-  if (percent && !text.empty() && (text.back() == u'%' || text.back() == u'％'))
-    text.remove_suffix(1);
-  text = Trim(text);
-  if (text.empty()) return std::nullopt;
-  std::int32_t number = 0;
-  for (const char16_t unit : text) {
-    int digit = -1;
-    if (unit >= u'0' && unit <= u'9') digit = unit - u'0';
-    if (unit >= u'０' && unit <= u'９') digit = unit - u'０';
-    if (digit < 0) return std::nullopt;
-    number = std::min(number * 10 + digit, kGreatestTyped);
-  }
-  return number;
+void PreviewWindow::EnterPage() {
+  SetFocus(children_->pageField.Handle());
+  SendMessageW(children_->pageField.Handle(), EM_SETSEL, 0, -1);
 }
-
-}  // namespace
 
 void PreviewWindow::GoToTypedPage() {
   const HWND field = children_->pageField.Handle();
-  const auto page = TypedNumber(TextOf(field), false);
+  const auto page = TypedPage(TextOf(field));
   if (page) {
     PaneChanges([&] { state_.GoTo(*page); });
   } else {
@@ -51,21 +25,20 @@ void PreviewWindow::GoToTypedPage() {
   SendMessageW(field, EM_SETSEL, 0, -1);
 }
 
-void PreviewWindow::TakeZoomChoice() {
+void PreviewWindow::ApplyZoomChoice() {
   const HWND zoom = children_->zoom.Handle();
   const auto line = static_cast<int>(SendMessageW(zoom, CB_GETCURSEL, 0, 0));
-  if (line == kFitPageLine) {
-    Run(PreviewCommand::FitPage);
-  } else if (line == kFitWidthLine) {
-    Run(PreviewCommand::FitWidth);
-  } else if (line != CB_ERR) {
-    TakeTypedZoom();
+  if (line == CB_ERR) return;
+  if (const auto command = ZoomCommandOf(line)) {
+    Run(*command);
+  } else {
+    ApplyTypedZoom();
   }
 }
 
-void PreviewWindow::TakeTypedZoom() {
+void PreviewWindow::ApplyTypedZoom() {
   const HWND zoom = children_->zoom.Handle();
-  if (const auto percent = TypedNumber(TextOf(zoom), true); percent && *percent > 0) {
+  if (const auto percent = TypedPercent(TextOf(zoom))) {
     PaneChanges([&] { state_.SetPercent(*percent); });
   } else {
     MessageBeep(MB_ICONWARNING);
@@ -78,40 +51,22 @@ void PreviewWindow::OnEnter() {
   const HWND focus = GetFocus();
   const HWND zoom = children_->zoom.Handle();
   if (focus == children_->pageField.Handle()) GoToTypedPage();
-  if (focus == zoom || IsChild(zoom, focus) != FALSE) TakeTypedZoom();
+  if (focus == zoom || IsChild(zoom, focus) != FALSE) ApplyTypedZoom();
 }
 
-// Keys that mean the same wherever the focus is.
-bool PreviewWindow::OnKeyDown(const MSG& message) {
-  PreviewChildren& c = *children_;
-  const bool control = GetKeyState(VK_CONTROL) < 0 && GetKeyState(VK_MENU) >= 0;
-  const bool inStrip =
-      message.hwnd == c.documentBar.strip.Handle() || message.hwnd == c.viewBar.strip.Handle();
-  switch (message.wParam) {
-    case 'P':
-      if (control) Run(PreviewCommand::Print);
-      return control;
-    case 'G':
-      if (control) {
-        SetFocus(c.pageField.Handle());
-        SendMessageW(c.pageField.Handle(), EM_SETSEL, 0, -1);
-      }
-      return control;
-    case VK_PRIOR:
-    case VK_NEXT:
-      return message.hwnd != c.pane.Handle() && c.pane.PressKey(message.wParam);
-    case VK_HOME:
-    case VK_END:
-      return control && inStrip && c.pane.PressKey(message.wParam);
-    case VK_ADD:
-    case VK_SUBTRACT:
-    case VK_OEM_PLUS:
-    case VK_OEM_MINUS:
-      return (control || inStrip) && message.hwnd != c.pane.Handle() &&
-             c.pane.PressKey(message.wParam);
-    default:
-      return false;
+PreviewFocus PreviewWindow::FocusOf(HWND window) const {
+  const PreviewChildren& c = *children_;
+  if (window == c.pane.Handle()) return PreviewFocus::Page;
+  if (window == c.documentBar.strip.Handle() || window == c.viewBar.strip.Handle()) {
+    return PreviewFocus::Buttons;
   }
+  return PreviewFocus::Field;
+}
+
+bool PreviewWindow::OnKeyDown(const MSG& message) {
+  const auto command = CommandOfKey(PressOf(message.wParam), FocusOf(message.hwnd));
+  if (command) Run(*command);
+  return command.has_value();
 }
 
 bool PreviewWindow::TranslateKey(MSG& message) {
@@ -127,10 +82,8 @@ bool PreviewWindow::TranslateKey(MSG& message) {
     // The list's own keys, also those that choose and that close it.
     if (SendMessageW(zoom, CB_GETDROPPEDSTATE, 0, 0) != FALSE) return false;
     if (OnKeyDown(message)) return true;
-    const bool inStrip = message.hwnd == children_->documentBar.strip.Handle() ||
-                         message.hwnd == children_->viewBar.strip.Handle();
-    // The bars press their buttons themselves.
-    if (message.wParam == VK_RETURN && inStrip) return false;
+    // The tool strips press their buttons themselves.
+    if (message.wParam == VK_RETURN && FocusOf(message.hwnd) == PreviewFocus::Buttons) return false;
   }
   return IsDialogMessageW(Handle(), &message) != FALSE;
 }

@@ -1,6 +1,5 @@
-// Paints off screen, so that nothing flickers, and only the page shown.
-// The scroll bars stay where they are also when there is nothing to scroll: a page that is fitted
-// to the width would otherwise change its own width.
+// The scroll bars are shown also when there is nothing to scroll: a page that is fitted to the
+// width would otherwise change its own width.
 #include "windows/print/preview_pane.h"
 
 #include <algorithm>
@@ -12,7 +11,6 @@ namespace pricedown::windows {
 namespace {
 
 constexpr int kShadow = 3;  // pixels at 96 dpi
-constexpr int kLine = 24;   // of an arrow key or a third of the wheel's notch
 constexpr COLORREF kPaper = RGB(255, 255, 255);
 constexpr COLORREF kInk = RGB(0, 0, 0);
 constexpr int kEdgeShare = 150;  // of ink in the paper's edge, in 255
@@ -73,8 +71,7 @@ void PreviewPane::OnPaint() {
 void PreviewPane::Paint(HDC context, const RECT& area) {
   const COLORREF desk = GetSysColor(COLOR_APPWORKSPACE);
   FillArea(context, area, desk);
-  const Rectangle box = state_.PaperBox();
-  const RECT paper{box.left, box.top, box.Right(), box.Bottom()};
+  const RECT paper = ToRect(state_.PaperBox());
   const int shadow = dpi_.Scale(kShadow);
   RECT part = paper;
   OffsetRect(&part, shadow, shadow);
@@ -87,33 +84,14 @@ void PreviewPane::Paint(HDC context, const RECT& area) {
   IntersectClipRect(context, paper.left, paper.top, paper.right, paper.bottom);
   const double pixels = state_.Pixels(1);
   pages_.Paint(context,
-               {static_cast<double>(box.left), static_cast<double>(box.top), pixels, pixels});
+               {static_cast<double>(paper.left), static_cast<double>(paper.top), pixels, pixels});
 }
 
-void PreviewPane::ScrollBy(int x, int y) {
-  events_.PaneChanges([&] { state_.ScrollBy(x, y); });
-}
-
-void PreviewPane::Advance(int pixels) {
-  events_.PaneChanges([&] { state_.Wheel(pixels); });
-}
-
-// A page that fits is turned by whole notches only; wheels and pads that tell less would turn many
-// pages at once.
 void PreviewPane::OnWheel(int delta, bool zooms) {
-  RECT area{};
-  GetClientRect(Handle(), &area);
-  const bool scrolls = !zooms && state_.ContentHeight() > area.bottom;
-  const int step = scrolls ? WHEEL_DELTA / 3 : WHEEL_DELTA;
-  if ((delta > 0) != (wheelRest_ > 0)) wheelRest_ = 0;
-  wheelRest_ += delta;
-  const int steps = wheelRest_ / step;
-  wheelRest_ -= steps * step;
-  if (steps == 0) return;
-  if (zooms) {
-    events_.PaneCommand(steps > 0 ? PreviewCommand::ZoomIn : PreviewCommand::ZoomOut);
-  } else {
-    Advance(-steps * dpi_.Scale(kLine));
+  if (!zooms) {
+    events_.PaneChanges([&] { state_.Wheel(delta, WHEEL_DELTA); });
+  } else if (const auto command = state_.ZoomOfWheel(delta, WHEEL_DELTA)) {
+    events_.PaneCommand(*command);
   }
 }
 
@@ -126,10 +104,10 @@ void PreviewPane::OnScroll(int bar, int code) {
   int distance = 0;
   switch (code) {
     case SB_LINEUP:
-      distance = -dpi_.Scale(kLine);
+      distance = -state_.LineStep();
       break;
     case SB_LINEDOWN:
-      distance = dpi_.Scale(kLine);
+      distance = state_.LineStep();
       break;
     case SB_PAGEUP:
       distance = -page;
@@ -150,52 +128,8 @@ void PreviewPane::OnScroll(int bar, int code) {
     default:
       return;
   }
-  ScrollBy(bar == SB_HORZ ? distance : 0, bar == SB_VERT ? distance : 0);
-}
-
-bool PreviewPane::PressKey(WPARAM key) {
-  const bool control = GetKeyState(VK_CONTROL) < 0;
-  const int line = dpi_.Scale(kLine);
-  RECT area{};
-  GetClientRect(Handle(), &area);
-  // A little of what was seen stays in sight.
-  const int screen = std::max(static_cast<int>(area.bottom) - line, line);
-  switch (key) {
-    case VK_LEFT:
-      ScrollBy(-line, 0);
-      return true;
-    case VK_RIGHT:
-      ScrollBy(line, 0);
-      return true;
-    case VK_UP:
-      ScrollBy(0, -line);
-      return true;
-    case VK_DOWN:
-      ScrollBy(0, line);
-      return true;
-    case VK_PRIOR:
-      control ? events_.PaneCommand(PreviewCommand::Previous) : Advance(-screen);
-      return true;
-    case VK_NEXT:
-      control ? events_.PaneCommand(PreviewCommand::Next) : Advance(screen);
-      return true;
-    case VK_HOME:
-      control ? events_.PaneCommand(PreviewCommand::First) : ScrollBy(0, -state_.ContentHeight());
-      return true;
-    case VK_END:
-      control ? events_.PaneCommand(PreviewCommand::Last) : ScrollBy(0, state_.ContentHeight());
-      return true;
-    case VK_ADD:
-    case VK_OEM_PLUS:
-      events_.PaneCommand(PreviewCommand::ZoomIn);
-      return true;
-    case VK_SUBTRACT:
-    case VK_OEM_MINUS:
-      events_.PaneCommand(PreviewCommand::ZoomOut);
-      return true;
-    default:
-      return false;
-  }
+  events_.PaneChanges(
+      [&] { state_.ScrollBy(bar == SB_HORZ ? distance : 0, bar == SB_VERT ? distance : 0); });
 }
 
 LRESULT PreviewPane::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -208,10 +142,6 @@ LRESULT PreviewPane::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_ERASEBKGND:
       return 1;
-    case WM_GETDLGCODE:
-      return DLGC_WANTARROWS;
-    case WM_KEYDOWN:
-      return PressKey(wParam) ? 0 : Default(message, wParam, lParam);
     case WM_LBUTTONDOWN:
       SetFocus(Handle());
       return 0;

@@ -1,5 +1,5 @@
-// The part of the print preview that shows the page: paper with a shadow on grey, scroll bars,
-// keys and wheel. Which page and which size that gives is the core's PreviewState.
+// The part of the print preview that shows the page: paper with a shadow on grey, scroll bars and
+// wheel.
 #pragma once
 
 #include <windows.h>
@@ -9,14 +9,13 @@
 #include "print/preview_state.h"
 #include "windows/base/bound_window.h"
 #include "windows/base/dpi.h"
-#include "windows/print/preview_buttons.h"
 #include "windows/print/preview_pages.h"
 
 namespace pricedown::windows {
 
 class PaneEvents {
  public:
-  // Runs what the user did to the state, then shows the new state everywhere.
+  // Runs a change of the state, then shows the new state everywhere.
   virtual void PaneChanges(const std::function<void()>& change) = 0;
   virtual void PaneCommand(PreviewCommand command) = 0;
 
@@ -37,9 +36,6 @@ class PreviewPane final : public BoundWindow {
   void ShowState();
   // The resolution may be another one.
   void TakeAppearance();
-  // A key that the user pressed here or in another child that has no use for it; whether it was
-  // used up.
-  bool PressKey(WPARAM key);
 
  private:
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -48,15 +44,11 @@ class PreviewPane final : public BoundWindow {
   void Paint(HDC context, const RECT& area);
   void OnWheel(int delta, bool zooms);
   void OnScroll(int bar, int code);
-  void ScrollBy(int x, int y);
-  // Down by that much, and on to the next page at the end of this one.
-  void Advance(int pixels);
 
   PaneEvents& events_;
   PreviewState& state_;
   PreviewPages& pages_;
   Dpi dpi_;
-  int wheelRest_ = 0;
 };
 
 }  // namespace pricedown::windows

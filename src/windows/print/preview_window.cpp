@@ -1,17 +1,16 @@
-// The preview's window: its life, its children, and how they show the state.
-// What the user does is in preview_events.cpp and preview_keys.cpp.
+// The preview's window: its life, its children, and how they show the state. What the user does is
+// in preview_events.cpp and preview_keys.cpp.
 #include "windows/print/preview_window.h"
 
 #include <commctrl.h>
 
-#include <algorithm>
 #include <array>
-#include <cmath>
 #include <string>
 #include <utility>
 
 #include "env/translation.h"
 #include "platform/convert.h"
+#include "print/preview_fields.h"
 #include "windows/base/gdi.h"
 #include "windows/com/wide_text.h"
 #include "windows/print/preview_children.h"
@@ -26,20 +25,10 @@ constexpr std::u16string_view kViewBarName = u"显示工具栏";
 constexpr std::u16string_view kPaneName = u"页面";
 constexpr std::u16string_view kPageLabel = u"页码(&G)";
 constexpr std::u16string_view kZoomLabel = u"比例(&Z)";
-constexpr std::u16string_view kFitPage = u"整页";
-constexpr std::u16string_view kFitWidth = u"页宽";
-constexpr std::array<int, 10> kPercents{25, 50, 75, 100, 125, 150, 200, 300, 400, 500};
 // The widest texts that the fields are made for.
 constexpr std::u16string_view kWidestPage = u"0000000";
-constexpr std::u16string_view kWidestCount = u"共 0000000 页";
-constexpr std::u16string_view kWidestZoom = u"500%";
+constexpr std::int32_t kWidestCount = 1'000'000;
 constexpr int kFieldEdges = 10;
-constexpr int kDropDownHeight = 320;
-constexpr int kEnoughHeight = 600;  // of an owner whose height is taken
-
-void Append(HWND combo, std::u16string_view text) {
-  SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(ToWide(text).c_str()));
-}
 
 }  // namespace
 
@@ -47,11 +36,10 @@ PreviewWindow::PreviewWindow(HINSTANCE module, PreviewPages& pages)
     : ModalFrameWindow(module), pages_(pages) {}
 
 PreviewWindow::~PreviewWindow() {
-  // The children's windows go with this one; none of their messages may find a dead window.
+  // Destroys the children's windows too, while the objects that handle their messages live.
   Destroy();
 }
 
-// Not before the first showing: few controls are ever previewed.
 void PreviewWindow::MakeChildren() {
   if (children_ != nullptr) return;
   children_ = std::make_unique<PreviewChildren>(
@@ -87,10 +75,9 @@ void PreviewWindow::CreateChildren() {
   label(c.zoomLabel, preview_ids::kZoomLabel, kZoomLabel);
   c.zoom.Create(Handle(), Module(), L"COMBOBOX", preview_ids::kZoom,
                 WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL);
-  Append(c.zoom.Handle(), Translate(kFitPage));
-  Append(c.zoom.Handle(), Translate(kFitWidth));
-  for (const int percent : kPercents) {
-    Append(c.zoom.Handle(), NumberText(std::int32_t{percent}) + u"%");
+  for (const std::u16string& choice : ZoomChoices()) {
+    SendMessageW(c.zoom.Handle(), CB_ADDSTRING, 0,
+                 reinterpret_cast<LPARAM>(ToWide(choice).c_str()));
   }
   c.viewBar.strip.Create(Handle(), Module(), preview_ids::kViewBar, dpi, Translate(kViewBarName));
   c.line.Create(Handle(), Module(), preview_ids::kLine);
@@ -129,15 +116,18 @@ PreviewMeasures PreviewWindow::Measures() const {
   measures.viewBar = {c.viewBar.strip.ButtonsWidth(), c.viewBar.strip.ButtonHeight()};
   measures.pageLabel = width(Translate(kPageLabel)) - mnemonic;
   measures.pageField = width(kWidestPage) + dpi.Scale(kFieldEdges);
-  measures.pageCount = width(Translate(kWidestCount));
+  measures.pageCount = width(PageCountText(kWidestCount));
   measures.zoomLabel = width(Translate(kZoomLabel)) - mnemonic;
-  measures.zoom = {width(kWidestZoom) + 2 * dpi.Scale(kFieldEdges) + GetSystemMetrics(SM_CXVSCROLL),
+  measures.zoom = {width(ZoomText(kGreatestPreviewPercent)) + 2 * dpi.Scale(kFieldEdges) +
+                       GetSystemMetrics(SM_CXVSCROLL),
                    HeightOf(zoom)};
   measures.lineHeight = LineHeight(context.Get(), TextFont());
   return measures;
 }
 
-SIZE PreviewWindow::LeastSize(Dpi dpi) const { return LeastPreviewSize(Measures(), dpi); }
+SIZE PreviewWindow::LeastSize(Dpi dpi) const {
+  return ToSize(LeastPreviewSize(Measures(), dpi.Value()));
+}
 
 std::array<HWND, 2> PreviewWindow::ThemedChildren() const {
   return {children_->documentBar.strip.Handle(), children_->viewBar.strip.Handle()};
@@ -147,29 +137,28 @@ void PreviewWindow::FocusFirst() { SetFocus(children_->pane.Handle()); }
 
 void PreviewWindow::PlaceChildren(SIZE client, Dpi dpi) {
   PreviewChildren& c = *children_;
-  PreviewPlaces places = PlacePreview(client, Measures(), dpi);
-  GivePlace(c.documentBar.strip.Handle(), places.documentBar);
-  GivePlace(c.pageLabel.Handle(), places.pageLabel);
-  GivePlace(c.pageField.Handle(), places.pageField);
-  GivePlace(c.pageCount.Handle(), places.pageCount);
-  GivePlace(c.zoomLabel.Handle(), places.zoomLabel);
-  // Its height is that of the open list; closed it follows the font.
-  places.zoom.bottom += dpi.Scale(kDropDownHeight);
-  GivePlace(c.zoom.Handle(), places.zoom);
-  GivePlace(c.viewBar.strip.Handle(), places.viewBar);
-  GivePlace(c.line.Handle(), places.line);
-  GivePlace(c.pane.Handle(), places.pane);
+  const PreviewPlaces places = PlacePreview({client.cx, client.cy}, Measures(), dpi.Value());
+  const auto place = [](const BoundWindow& window, const Rectangle& area) {
+    GivePlace(window.Handle(), ToRect(area));
+  };
+  place(c.documentBar.strip, places.documentBar);
+  place(c.pageLabel, places.pageLabel);
+  place(c.pageField, places.pageField);
+  place(c.pageCount, places.pageCount);
+  place(c.zoomLabel, places.zoomLabel);
+  place(c.zoom, places.zoom);
+  place(c.viewBar.strip, places.viewBar);
+  place(c.line, places.line);
+  place(c.pane, places.pane);
 }
 
-// As large as the owner, or larger where that one is small.
 SIZE PreviewWindow::FirstSize() const {
   const Dpi dpi = Dpi::Of(Handle());
-  SIZE size = OuterSize(FirstPreviewSize(Measures(), dpi));
-  if (const auto owner = OwnerArea()) {
-    size.cx = std::max<LONG>(size.cx, WidthOf(*owner));
-    if (HeightOf(*owner) >= dpi.Scale(kEnoughHeight)) size.cy = HeightOf(*owner);
-  }
-  return size;
+  const SIZE first = OuterSize(ToSize(FirstPreviewSize(Measures(), dpi.Value())));
+  const auto owner = OwnerArea();
+  if (!owner) return first;
+  return ToSize(
+      PreviewSizeOver({first.cx, first.cy}, {WidthOf(*owner), HeightOf(*owner)}, dpi.Value()));
 }
 
 void PreviewWindow::Show(std::function<void()> closing) {
@@ -196,14 +185,10 @@ void PreviewWindow::Close() noexcept {
 void PreviewWindow::ShowState() {
   if (Handle() == nullptr) return;
   PreviewChildren& c = *children_;
-  for (PreviewBar* bar : {&c.documentBar, &c.viewBar}) {
-    for (const PreviewButton& button : bar->buttons) {
-      if (!button.separator) bar->strip.SetEnabled(button, IsEnabled(button.command));
-    }
-  }
+  c.documentBar.ShowEnabled(state_);
+  c.viewBar.ShowEnabled(state_);
   ShowPageNumber();
-  GiveText(c.pageCount.Handle(),
-           Translate(u"共 ") + NumberText(state_.PageCount()) + Translate(u" 页"));
+  GiveText(c.pageCount.Handle(), PageCountText(state_.PageCount()));
   ShowZoom();
   c.pane.ShowState();
 }
@@ -212,9 +197,6 @@ void PreviewWindow::ShowPageNumber() {
   GiveText(children_->pageField.Handle(), NumberText(state_.Page()));
 }
 
-void PreviewWindow::ShowZoom() {
-  const auto percent = static_cast<std::int32_t>(std::lround(state_.Percent()));
-  GiveText(children_->zoom.Handle(), NumberText(percent) + u"%");
-}
+void PreviewWindow::ShowZoom() { GiveText(children_->zoom.Handle(), ZoomText(state_.Percent())); }
 
 }  // namespace pricedown::windows

@@ -1,5 +1,4 @@
 // The window 打印预览: buttons, page number, zoom and the page itself.
-// What the buttons set going outside of it is done by the printing and the font dialog.
 #pragma once
 
 #include <windows.h>
@@ -10,10 +9,10 @@
 
 #include "env/font.h"
 #include "print/font_dialog.h"
+#include "print/preview_commands.h"
+#include "print/preview_layout.h"
 #include "print/preview_state.h"
 #include "windows/base/modal_frame_window.h"
-#include "windows/print/preview_buttons.h"
-#include "windows/print/preview_layout.h"
 #include "windows/print/preview_pages.h"
 #include "windows/print/preview_pane.h"
 
@@ -33,12 +32,12 @@ class PreviewWindow final : public ModalFrameWindow, private PaneEvents {
   void Create(HWND owner, FontDialog& fonts);
   // `closing` is called while the window is still there.
   void Show(std::function<void()> closing);
-  // Once a command that waits for a dialog has ended; harmless without a window.
+  // Closes at once, or when the running command has ended. Harmless without a window.
   void Close() noexcept;
-  // Gives the document that font and makes the pages anew. Throws AutomationError, and then font
-  // and pages stay.
-  void TakeFont(const Font& font);
-  // A message of the modal loop; true when it was used up.
+  // Sets the document's font and makes the pages anew. Throws AutomationError, and then font and
+  // pages stay as they were.
+  void ApplyFont(const Font& font);
+  // Handles a message of the modal loop; returns whether it was handled.
   bool TranslateKey(MSG& message);
 
  private:
@@ -67,17 +66,18 @@ class PreviewWindow final : public ModalFrameWindow, private PaneEvents {
   void Fire(bool takesTime, Command&& command);
   void Run(PreviewCommand command);
   void Execute(PreviewCommand command);
-  bool IsEnabled(PreviewCommand command) const;
   void ChooseFont();
   void RemakePages();
+  PreviewFocus FocusOf(HWND window) const;
+  void EnterPage();
   void GoToTypedPage();
-  void TakeZoomChoice();
-  void TakeTypedZoom();
+  void ApplyZoomChoice();
+  void ApplyTypedZoom();
 
   void MakeChildren();
   PreviewMeasures Measures() const;
   SIZE FirstSize() const;
-  // The state in all children.
+  // Shows the state in all children.
   void ShowState();
   void ShowPageNumber();
   void ShowZoom();
@@ -89,7 +89,7 @@ class PreviewWindow final : public ModalFrameWindow, private PaneEvents {
   std::function<void()> closing_;
   // All children are there and in their places.
   bool complete_ = false;
-  // A command runs; others wait for the user's next click, and closing for its end.
+  // A command runs: others are ignored, and closing waits for its end.
   bool busy_ = false;
   bool closeAfter_ = false;
 };

@@ -1,5 +1,4 @@
-// The system's dialog takes page numbers of 16 bits; more pages are printed all the same.
-// Copies are made by us, so that no printer has to know how.
+// The system's dialog has page numbers of 16 bits; more pages are printed all the same.
 #include "windows/print/print_dialog.h"
 
 #include <algorithm>

@@ -1,5 +1,4 @@
-// The texts of failures, in one form.
-// The system's part may be in another language.
+// The texts of failures; the system's part may be in another language.
 #include "windows/print/print_failure.h"
 
 #include <cderr.h>

@@ -1,5 +1,4 @@
-// What the user is told when printing fails.
-// Whether it has failed is decided by whoever calls the system.
+// The errors of printing.
 #pragma once
 
 #include <windows.h>
@@ -11,8 +10,8 @@ namespace pricedown::windows {
 
 inline constexpr std::u16string_view kNoPrinter = u"没有安装打印机，请先在系统中添加打印机。";
 
-// Throws AutomationError: what could not be done, and why in the system's words when `error`, of
-// GetLastError, tells.
+// Throws AutomationError: what failed, with the system's description of `error`, of GetLastError,
+// unless that is 0.
 [[noreturn]] void ThrowPrintFailure(std::u16string_view what, DWORD error);
 
 // Throws AutomationError: there is no printer.

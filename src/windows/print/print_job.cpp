@@ -1,5 +1,5 @@
-// The calls of one job in order, and the way out of it from anywhere.
-// The error of a call is taken before anything else is called.
+// The calls of one job in order. The error of a failing call is read before anything else is
+// called.
 #include "windows/print/print_job.h"
 
 #include "platform/text.h"
@@ -9,10 +9,10 @@
 namespace pricedown::windows {
 namespace {
 
-// Not translated: spoolers make file names of it, and not every one knows other letters.
+// Not translated: spoolers make file names of it, some of them in ASCII only.
 constexpr const wchar_t* kDocumentName = L"PriceDown item list";
 
-// Runs a call that answers more than 0 when it went well.
+// Runs a call that returns more than 0 on success; throws otherwise.
 template <typename Call>
 void Do(std::u16string_view failing, Call&& call) {
   SetLastError(ERROR_SUCCESS);
@@ -31,7 +31,7 @@ class Document {
   Document(const Document&) = delete;
   Document& operator=(const Document&) = delete;
 
-  // False when the user did not want it after all.
+  // False when the user has cancelled.
   bool Begin() {
     DOCINFOW document{};
     document.cbSize = sizeof document;

@@ -12,16 +12,16 @@
 
 namespace pricedown::windows {
 
-// How far a job is, and whether the user still wants it.
+// Receives a job's progress and may cancel it.
 class PrintWatcher {
  public:
   virtual ~PrintWatcher() = default;
-  // Before each sheet, which counts from 1. False to call the job off.
+  // Called before each sheet, from 1. False cancels the job.
   virtual bool Continue(std::int64_t sheet, std::int64_t count) = 0;
 };
 
-// Prints and returns when the printer's system has taken all. False when the job was called off by
-// the watcher, or by the user in a dialog of the printer's; then nothing is printed. Throws
+// Prints and returns when the spooler has all pages. False when the job was cancelled by the
+// watcher, or by the user in a dialog of the printer's; then nothing is printed. Throws
 // AutomationError when a call fails; the job is aborted then. Requires: there is a printer, and
 // `pages` were made with `measurer` for its paper.
 bool RunPrintJob(const Printer& printer, const PrintPages& pages, DeviceMeasurer& measurer,

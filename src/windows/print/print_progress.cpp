@@ -1,14 +1,13 @@
-// Made only when it is needed, centred over its owner.
-// It may go with its owner at any message, which calls the job off.
+// The window may be destroyed with its owner at any message, which cancels the job.
 #include "windows/print/print_progress.h"
 
 #include <commctrl.h>
 
-#include <algorithm>
 #include <string>
 
 #include "env/translation.h"
-#include "platform/text.h"
+#include "print/preview_fields.h"
+#include "print/preview_layout.h"
 #include "windows/base/dpi.h"
 #include "windows/base/gdi.h"
 #include "windows/com/failure.h"
@@ -21,25 +20,13 @@ constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU;
 constexpr DWORD kExtendedStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
 constexpr int kBarUnits = 1000;
 
-// Pixels at 96 dpi.
-constexpr int kWidth = 320;
-constexpr int kMargin = 14;
-constexpr int kTextHeight = 20;
-constexpr int kBarHeight = 16;
-constexpr int kGap = 12;
-constexpr int kButtonWidth = 84;
-constexpr int kButtonHeight = 26;
-constexpr int kHeight = 2 * kMargin + kTextHeight + kBarHeight + kButtonHeight + 2 * kGap;
-
-std::u16string Number(std::int64_t number) { return FromUtf8(std::to_string(number)); }
-
 }  // namespace
 
 PrintProgress::PrintProgress(HINSTANCE module, HWND owner, DWORD patience)
     : module_(module), owner_(owner), showAt_(GetTickCount64() + patience), styles_(module) {}
 
 PrintProgress::~PrintProgress() {
-  // The others take input again before this window goes, or another program would come up.
+  // Enables the others before this window is destroyed, or another program would be activated.
   modal_.reset();
   Destroy();
 }
@@ -50,9 +37,7 @@ bool PrintProgress::Continue(std::int64_t sheet, std::int64_t count) {
     Show();
   }
   if (Handle() != nullptr) {
-    GiveText(text_.Handle(),
-             Concatenate({Translate(u"正在打印第 "), Number(sheet), Translate(u" 页，共 "),
-                          Number(count), Translate(u" 页…")}));
+    GiveText(text_.Handle(), PrintProgressText(sheet, count));
     SendMessageW(bar_.Handle(), PBM_SETPOS, static_cast<WPARAM>((sheet - 1) * kBarUnits / count),
                  0);
     UpdateWindow(Handle());
@@ -86,10 +71,10 @@ void PrintProgress::Show() {
 
 void PrintProgress::LayOut() {
   const Dpi dpi = Dpi::Of(owner_);
-  const auto scale = [&](int pixels) { return dpi.Scale(pixels); };
+  const ProgressPlaces places = PlaceProgress(dpi.Value());
   font_ = MakeMessageFont(dpi);
   for (const HWND child : {text_.Handle(), button_.Handle()}) GiveFont(child, font_.Get());
-  RECT frame{0, 0, scale(kWidth), scale(kHeight)};
+  RECT frame{0, 0, places.client.width, places.client.height};
   AdjustFrame(frame, kStyle, kExtendedStyle, dpi);
   RECT over{};
   if (owner_ == nullptr || GetWindowRect(owner_, &over) == FALSE) {
@@ -98,14 +83,9 @@ void PrintProgress::LayOut() {
   SetWindowPos(Handle(), nullptr, (over.left + over.right - WidthOf(frame)) / 2,
                (over.top + over.bottom - HeightOf(frame)) / 2, WidthOf(frame), HeightOf(frame),
                SWP_NOZORDER | SWP_NOACTIVATE);
-  const int inside = scale(kWidth) - 2 * scale(kMargin);
-  int top = scale(kMargin);
-  MoveWindow(text_.Handle(), scale(kMargin), top, inside, scale(kTextHeight), FALSE);
-  top += scale(kTextHeight) + scale(kGap) / 2;
-  MoveWindow(bar_.Handle(), scale(kMargin), top, inside, scale(kBarHeight), FALSE);
-  top += scale(kBarHeight) + scale(kGap);
-  MoveWindow(button_.Handle(), (scale(kWidth) - scale(kButtonWidth)) / 2, top, scale(kButtonWidth),
-             scale(kButtonHeight), FALSE);
+  GivePlace(text_.Handle(), ToRect(places.text));
+  GivePlace(bar_.Handle(), ToRect(places.bar));
+  GivePlace(button_.Handle(), ToRect(places.button));
 }
 
 void PrintProgress::HandleMessages() {

@@ -1,5 +1,4 @@
-// The small window of a job that takes long: which page is being printed, and a way to call it off.
-// Short jobs never show it.
+// The small window of a job that takes long: which page is being printed, and a button to cancel.
 #pragma once
 
 #include <windows.h>
@@ -18,8 +17,8 @@ namespace pricedown::windows {
 inline constexpr int kPrintProgressText = 401;
 inline constexpr int kPrintProgressBar = 402;
 
-// While it is shown the thread's other windows take no input, and their messages are handled
-// before each sheet.
+// While it is shown the thread's other windows are disabled, and their messages are handled before
+// each sheet.
 class PrintProgress final : public PrintWatcher, private BoundWindow {
  public:
   // Over `owner`, which may be null, once a job has taken `patience` milliseconds.
@@ -32,7 +31,7 @@ class PrintProgress final : public PrintWatcher, private BoundWindow {
  private:
   void Show();
   void LayOut();
-  // Handles what has come for the thread's windows.
+  // Handles the messages of the thread's windows.
   void HandleMessages();
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 

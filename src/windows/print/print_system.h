@@ -12,8 +12,8 @@ namespace pricedown::windows {
 
 enum class PrinterUse { Print, Ask };
 
-// Members answer what the system's functions of nearly the same name answer, and leave
-// GetLastError as these do.
+// Members return what the system's functions of nearly the same name return, and set GetLastError
+// as these do.
 class Spooler {
  public:
   virtual ~Spooler() = default;

@@ -16,7 +16,7 @@
 namespace pricedown::windows {
 namespace {
 
-// The text that begins at that character of a DEVNAMES; empty when it is not inside.
+// The text that begins at that character of a DEVNAMES; empty beyond its end.
 std::wstring NameAt(std::span<const std::byte> names, WORD offset) {
   const std::size_t length = names.size() / sizeof(wchar_t);
   std::wstring text;
@@ -42,7 +42,7 @@ void Printer::UseDefault() {
   const BOOL answer = dialogs_.Print(dialog, error);
   const GlobalMemory mode(dialog.hDevMode);
   const GlobalMemory names(dialog.hDevNames);
-  // Whatever keeps the system from naming one, there is none to begin with.
+  // Whatever the reason, without a default printer there is none.
   SetUp setUp = answer == FALSE || names.Get() == nullptr ? SetUp{} : Read(mode.Get(), names.Get());
   PaperChoice paper = paper_;
   try {
@@ -141,13 +141,13 @@ std::vector<std::byte> Printer::ModeFor(const SetUp& setUp, bool turned) {
     head.dmSize = sizeof head;
     bytes.resize(sizeof head);
   } else {
-    // An older or cut one has less; what it lacks reads as not set.
+    // An older or truncated one has less; what it lacks counts as not set.
     std::memcpy(&head, bytes.data(), std::min(bytes.size(), sizeof head));
   }
   const bool landscape =
       (head.dmFields & DM_ORIENTATION) != 0 && head.dmOrientation == DMORIENT_LANDSCAPE;
   head.dmOrientation = landscape != turned ? DMORIENT_LANDSCAPE : DMORIENT_PORTRAIT;
-  // Copies are printed one by one, so that every printer makes them.
+  // Copies are printed one by one, so that they work with every printer.
   head.dmCopies = 1;
   head.dmCollate = DMCOLLATE_FALSE;
   head.dmFields |= DM_ORIENTATION | DM_COPIES | DM_COLLATE;

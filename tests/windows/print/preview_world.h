@@ -112,7 +112,7 @@ class PreviewUser : public Input {
     int id = 0;
   };
   Place Button(std::u16string_view key) const {
-    const auto find = [&](std::span<const windows::PreviewButton> buttons, int bar) -> Place {
+    const auto find = [&](std::span<const PreviewButton> buttons, int bar) -> Place {
       for (std::size_t i = 0; i < buttons.size(); ++i) {
         if (buttons[i].key == key) {
           return {Child(bar), i, windows::control_ids::kFirstButton + static_cast<int>(i) + 1};
@@ -120,8 +120,8 @@ class PreviewUser : public Input {
       }
       return {};
     };
-    const Place place = find(windows::kDocumentButtons, preview_ids::kDocumentBar);
-    return place.bar != nullptr ? place : find(windows::kViewButtons, preview_ids::kViewBar);
+    const Place place = find(kDocumentButtons, preview_ids::kDocumentBar);
+    return place.bar != nullptr ? place : find(kViewButtons, preview_ids::kViewBar);
   }
   bool IsEnabled(std::u16string_view key) const {
     const Place place = Button(key);
