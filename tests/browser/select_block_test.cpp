@@ -62,7 +62,7 @@ TEST_F(SelectBlockTest, PassesOnWhatItIsGivenAndLooksBehindReferences) {
       )"));
 }
 
-TEST_F(SelectBlockTest, SkipsAFailingStepAndGoesOn) {
+TEST_F(SelectBlockTest, IgnoresAFailingStep) {
   FailEachCallInTurn([&](int failingCall) {
     const int before = factory_.CallCount();
     log_.Clear();
