@@ -100,7 +100,8 @@ void ClassCommands::Delete() {
     number = ToText(items.Field(columns::kItemClassNumber));
     name = ToText(items.Field(columns::kItemClassName));
   }
-  const Lifetime& lifetime = environment_.lifetime;
+  // A copy: the control may be gone when the question is answered.
+  const Lifetime lifetime = environment_.lifetime;
   if (!IsConfirmed(number, name) || lifetime.HasEnded()) return;
   if (!DeleteGuarded(number) || lifetime.HasEnded()) return;
   tree_.LoadClassTree();
