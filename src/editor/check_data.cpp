@@ -78,8 +78,7 @@ Result CheckUnique(const FormState& state, const ClassHeader& header, Connection
 std::optional<CheckFailure> CheckData(const FormState& state, const TypedHeader& header,
                                       ObjectFactory& factory) {
   if (header.number.empty()) {
-    CheckFailure failure =
-        Wrong(u"请输入数字,物料类别代码不能为空！", FormField::ClassNumber);
+    CheckFailure failure = Wrong(u"请输入数字,物料类别代码不能为空！", FormField::ClassNumber);
     failure.keepsSavedFlag = true;
     return failure;
   }

@@ -4,23 +4,29 @@
 #include <cstddef>
 #include <optional>
 
+#include "editor/form_tools.h"
 #include "editor/form_view.h"
 #include "platform/key.h"
 
 namespace pricedown {
 
-// Keys of the whole form.
+// Keys of the whole form; Shift makes no difference.
 constexpr std::optional<FormTool> ToolOfKey(const KeyPress& press) {
-  if (!press.control || press.alt) return std::nullopt;
-  if (press.key == Key::N) return FormTool::Add;
-  if (press.key == Key::S) return FormTool::Save;
+  const KeyPress unshifted{press.key, false, press.control, press.alt};
+  for (const FormToolRow& row : kFormTools) {
+    if (press.key != Key::None && row.keys.front() == unshifted) return row.tool;
+  }
   return std::nullopt;
 }
 
 // Keys of an account field.
-constexpr bool OpensLookup(const KeyPress& press) { return press.key == Key::F7; }
+constexpr bool OpensLookup(const KeyPress& press) {
+  if (press.control) return false;
+  // Alt+F4 closes the form.
+  return press.alt ? press.key == Key::Down : press.key == Key::F4 || press.key == Key::F7;
+}
 
-// The field that Enter goes on to; none behind the last, where the member list follows.
+// The field that Enter goes on to; none after the last one, where the member list follows.
 constexpr std::optional<FormField> FieldAfter(FormField field) {
   for (std::size_t i = 0; i + 1 < kFormRows.size(); ++i) {
     if (kFormRows[i] == field) return kFormRows[i + 1];
@@ -28,8 +34,8 @@ constexpr std::optional<FormField> FieldAfter(FormField field) {
   return std::nullopt;
 }
 
-// Keys of the member list. Delete is none of them: removing takes provisions away for good and
-// does not ask.
+// Keys of the member list. Delete is none of them: removing deletes provisions for good without
+// a question.
 enum class MemberListCommand { SelectAll, Copy, AddItem };
 
 constexpr std::optional<MemberListCommand> MemberListCommandOf(const KeyPress& press) {

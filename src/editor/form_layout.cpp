@@ -77,9 +77,9 @@ void Layout::PlaceRows(FormPlaces& places) const {
   const std::int32_t height = FieldHeight();
   const std::int32_t labelLeft = places.headerFrame.left + Scale(kFrameInset);
   const std::int32_t left = labelLeft + measures_.labelWidth + Scale(kLabelGap);
-  const std::int32_t available = std::max(
-      std::int32_t{0},
-      places.headerFrame.left + places.headerFrame.width - Scale(kFrameInset) - left);
+  const std::int32_t available =
+      std::max(std::int32_t{0},
+               places.headerFrame.left + places.headerFrame.width - Scale(kFrameInset) - left);
   std::int32_t top = places.headerFrame.top + CaptionHeight();
   for (std::size_t i = 0; i < kFormRows.size(); ++i) {
     const FormField field = kFormRows[i];

@@ -14,16 +14,15 @@ double NumberOf(const ScannedNumber& scanned) {
   return scanned.outcome == Outcome::Overflow ? std::numeric_limits<double>::max() : scanned.number;
 }
 
-// The only place that makes a number of the percentage's text. What the checks accept is its own
-// leading number; a sign behind the digits or a based number beyond 16 bits is not.
+// The only parser of the percentage. A number that the checks accept is its own leading number;
+// others may differ from it: "5-" and "&HFFFF".
 void ReadPercentage(const std::u16string& text, TypedHeader& header) {
   header.percentageLength = text.size();
   const ScannedNumber whole = ScanWholeNumber(text);
   if (whole.outcome != Outcome::None) header.wholePercentage = NumberOf(whole);
   const bool isAccepted = header.wholePercentage && *header.wholePercentage >= kLeastPercentage &&
                           *header.wholePercentage <= kMostPercentage;
-  header.percentage =
-      isAccepted ? *header.wholePercentage : NumberOf(ScanLeadingNumber(text));
+  header.percentage = isAccepted ? *header.wholePercentage : NumberOf(ScanLeadingNumber(text));
 }
 
 }  // namespace

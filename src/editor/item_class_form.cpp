@@ -6,6 +6,7 @@
 #include "editor/account_lookup.h"
 #include "editor/change_check.h"
 #include "editor/form_captions.h"
+#include "editor/form_tools.h"
 #include "editor/item_lookup.h"
 #include "editor/removal_guard.h"
 #include "editor/save.h"
@@ -18,19 +19,6 @@
 
 namespace pricedown {
 namespace {
-
-struct ToolCaption {
-  FormTool tool;
-  std::u16string_view caption;
-  std::u16string_view toolTip;
-};
-constexpr std::array<ToolCaption, 5> kToolCaptions{{
-    {FormTool::Add, u"新增", u""},
-    {FormTool::Save, u"保存", u""},
-    {FormTool::AddItem, u"增加物料", u""},
-    {FormTool::DelItem, u"删除物料", u""},
-    {FormTool::Exit, u"退出", u"退出"},
-}};
 
 constexpr std::u16string_view kResourceKey = u"Q7INDUSTRY";
 
@@ -97,8 +85,9 @@ void ItemClassForm::SetCaptions() {
   for (const FormCaptionRow& caption : kFormCaptions) {
     parts_.view.SetCaption(caption.target, Translate(caption.text));
   }
-  for (const ToolCaption& tool : kToolCaptions) {
-    parts_.view.SetToolTexts(tool.tool, Translate(tool.caption), Translate(tool.toolTip));
+  for (const FormToolRow& row : kFormTools) {
+    if (row.separator) continue;
+    parts_.view.SetToolTexts(row.tool, Translate(row.caption), Translate(row.tooltip));
   }
 }
 
@@ -108,7 +97,7 @@ void ItemClassForm::FillFields() {
   parts_.view.SetToolEnabled(FormTool::Add, false);
   for (const FormField field : kFormFields) {
     std::u16string text = ToText(members.Field(ColumnOf(field)));
-    // A field takes no more than may be typed into it.
+    // A field shows no more than may be typed into it.
     if (const std::size_t most = MaximumLength(field); most > 0 && text.size() > most) {
       text.resize(most);
     }
@@ -140,8 +129,8 @@ void ItemClassForm::LookupRequested(FormField field) {
   if (parts_.state.loaded && IsAccountField(field)) LookUpAccount(parts_, field);
 }
 
-// Rows are shown whatever became of the command, and before the tool is disabled, because they
-// enable it.
+// Shows the rows even if the command fails, and before it disables the tool, because rows enable
+// it.
 void ItemClassForm::ToolClicked(FormTool tool) {
   if (!parts_.state.loaded) return;
   FirstFailure failure;

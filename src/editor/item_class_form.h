@@ -26,8 +26,7 @@ class ItemClassForm {
 
   // Fills the form. Throws AutomationError, and is then unloaded. Requires: a member list, open.
   void Load();
-  // Ends the showing without a question and releases what the form was given; a no-op when it is
-  // not loaded.
+  // Ends the showing without a question and releases the recordsets; a no-op when not loaded.
   void Unload();
 
   // Events of the window; ignored while the form is not loaded. Throw AutomationError.

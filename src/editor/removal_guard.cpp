@@ -12,7 +12,7 @@
 namespace pricedown {
 namespace {
 
-// Whether the answer exists and has rows; an unknown count is none.
+// Whether the result exists and has rows; an unknown count is none.
 bool HasRows(const Recordset& answer) { return answer && answer.RecordCount() > 0; }
 
 class RemovalGuard {

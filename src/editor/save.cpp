@@ -10,14 +10,30 @@
 #include "editor/check_data.h"
 #include "editor/member_list.h"
 #include "editor/record_copy.h"
+#include "env/translation.h"
 #include "platform/cell_text.h"
+#include "platform/error.h"
 #include "platform/row_reader.h"
+#include "platform/text.h"
 #include "store/connection.h"
 #include "store/statements.h"
 #include "store/tables.h"
 
 namespace pricedown {
 namespace {
+
+// Runs a step of a save. A failure keeps its number and source; its description begins with what
+// failed and on what.
+template <typename Step>
+void RunStep(std::u16string_view failed, std::u16string_view on, Step&& step) {
+  try {
+    step();
+  } catch (const AutomationError& error) {
+    throw AutomationError(error.Number(),
+                          Concatenate({Translate(failed), on, kLineBreak, error.Description()}),
+                          error.Source());
+  }
+}
 
 // Puts the header into every row, unless the rows carry it already.
 void UpdateHeaders(FormState& state, const TypedHeader& header) {
@@ -40,13 +56,18 @@ void UpdateHeaders(FormState& state, const TypedHeader& header) {
 }
 
 // The id of the account whose number is the leading number of `text`: the suite looks accounts up
-// by the number.
-std::int32_t AccountId(ObjectFactory& factory, const std::u16string& text) {
+// by the number. A failure is described as `failed` on that number.
+std::int32_t AccountId(ObjectFactory& factory, std::u16string_view failed,
+                       const std::u16string& text) {
   const std::u16string number = NumberText(LeadingNumber(text));
-  Connection connection(factory);
-  const Recordset account = connection.Execute(statements::AccountId(number));
-  account.MoveFirst();
-  return RoundToInt32(LeadingNumber(ToText(account.Field(columns::kAccountId))));
+  std::int32_t id = 0;
+  RunStep(failed, number, [&] {
+    Connection connection(factory);
+    const Recordset account = connection.Execute(statements::AccountId(number));
+    account.MoveFirst();
+    id = RoundToInt32(LeadingNumber(ToText(account.Field(columns::kAccountId))));
+  });
+  return id;
 }
 
 // Equality; faster on long columns than comparing characters.
@@ -136,13 +157,16 @@ bool SaveClass(FormParts& form) {
     return false;
   }
   state.saved = true;
-  UpdateHeaders(state, header);
+  RunStep(u"更新物料失败，物料类别代码：", header.number, [&] { UpdateHeaders(state, header); });
   state.keptCopy = CopyList(factory, state.memberList);
   state.memberList.MoveFirst();
-  state.lossAccountId = AccountId(factory, header.lossAccount);
-  state.reserveAccountId = AccountId(factory, header.reserveAccount);
+  state.lossAccountId =
+      AccountId(factory, u"查找存货跌价损失科目失败，科目代码：", header.lossAccount);
+  state.reserveAccountId =
+      AccountId(factory, u"查找存货跌价准备科目失败，科目代码：", header.reserveAccount);
   state.savedValues = header;
-  Connection(factory).Execute(SaveText(state));
+  RunStep(u"写入物料类别失败，物料类别代码：", header.number,
+          [&] { Connection(factory).Execute(SaveText(state)); });
   return true;
 }
 

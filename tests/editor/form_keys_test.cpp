@@ -17,8 +17,12 @@ TEST(FormKeys, ControlSSavesAndControlNStartsANewClass) {
   EXPECT_EQ(ToolOfKey({Key::S, false, true, true}), std::nullopt);
 }
 
-TEST(FormKeys, F7OpensTheLookup) {
+TEST(FormKeys, F7F4AndAltDownOpenTheLookup) {
   EXPECT_TRUE(OpensLookup({Key::F7}));
+  EXPECT_TRUE(OpensLookup({Key::F4}));
+  EXPECT_TRUE(OpensLookup({Key::Down, false, false, true}));
+  EXPECT_FALSE(OpensLookup({Key::F4, false, false, true})) << "Alt+F4 closes the form";
+  EXPECT_FALSE(OpensLookup({Key::Down}));
   for (const Key key : {Key::Enter, Key::F6, Key::F10, Key::None}) EXPECT_FALSE(OpensLookup({key}));
 }
 

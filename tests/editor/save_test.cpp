@@ -221,6 +221,33 @@ TEST_F(Save, WritesValuesUnchanged) {
   EXPECT_THAT(SavedText(), HasSubstr("'01','it's',"));
 }
 
+// Which field, the number that was looked up, and then the database's own description.
+TEST_F(Save, NamesTheAccountThatWasNotFound) {
+  for (const FormField field : {FormField::LossAccount, FormField::ReserveAccount}) {
+    EditorWorld world;
+    AcceptSaves(world.factory);
+    world.AnswerChecks(false);
+    world.AnswerAccountIds();
+    FailStatement(world.factory, u"SELECT FAccountID FROM t_account WHERE FNumber='5711.02'",
+                  -2147217871, u"超时已过期");
+    world.OpenForEdit();
+    world.view.Type(field, u"5711.02");
+    const char* const account = field == FormField::LossAccount ? "损失" : "准备";
+    EXPECT_EQ(FailureOf([&] { world.form.ToolClicked(FormTool::Save); }),
+              std::string("80040E31 查找存货跌价") + account +
+                  "科目失败，科目代码：5711.02\r\n超时已过期");
+  }
+}
+
+TEST_F(Save, NamesTheClassThatCouldNotBeWritten) {
+  AnswerChecks(false);
+  AnswerAccountIds();
+  FailStatement(factory, kSaveOf01, -2147217900, u"字符串后的引号不完整");
+  OpenForEdit();
+  EXPECT_EQ(FailureOf([this] { form.ToolClicked(FormTool::Save); }),
+            "80040E14 写入物料类别失败，物料类别代码：01\r\n字符串后的引号不完整");
+}
+
 TEST_F(Save, PassesTheDatabasesRefusalOnAndStaysMarkedSaved) {
   AnswerChecks(false);
   AnswerAccountIds();

@@ -7,9 +7,8 @@
 #include <array>
 #include <memory>
 
+#include "editor/form_tools.h"
 #include "editor/form_view.h"
-#include "env/command.h"
-#include "platform/icon_ids.h"
 #include "windows/base/captioned_form.h"
 #include "windows/base/frame_windows.h"
 #include "windows/base/group_box.h"
@@ -21,21 +20,6 @@
 #include "windows/editor/member_list_window.h"
 
 namespace pricedown::windows {
-
-// The buttons of `tlbSPCA` by position; their texts come from the form.
-inline constexpr std::array<Command, 7> kFormTools{{
-    {.key = u"Add", .icon = PRICEDOWN_ICON_ADD},
-    {.key = u"Save", .icon = PRICEDOWN_ICON_SAVE},
-    {.key = u"sp4", .separator = true},
-    {.key = u"AddItem", .icon = PRICEDOWN_ICON_ADD_ITEM},
-    {.key = u"DelItem", .icon = PRICEDOWN_ICON_REMOVE_ITEM},
-    {.key = u"sp7", .separator = true},
-    {.key = u"iExit", .icon = PRICEDOWN_ICON_EXIT},
-}};
-
-inline const Command& ButtonOf(FormTool tool) {
-  return kFormTools[static_cast<std::size_t>(tool) - 1];
-}
 
 // A field with its label; the account fields have a lookup button.
 struct FieldRow {

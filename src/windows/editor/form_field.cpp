@@ -27,7 +27,9 @@ void FormFieldWindow::Focus() {
 LRESULT FormFieldWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_CHAR && !IsTypeable(field_, static_cast<char16_t>(wParam))) return 0;
   const LRESULT result = Default(message, wParam, lParam);
-  if (message == WM_KEYDOWN && OpensLookup(PressOf(wParam))) events_.LookupPressed(field_);
+  // With Alt down a key is a system key.
+  const bool isKey = message == WM_KEYDOWN || message == WM_SYSKEYDOWN;
+  if (isKey && OpensLookup(PressOf(wParam))) events_.LookupPressed(field_);
   return result;
 }
 

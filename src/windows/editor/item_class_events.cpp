@@ -38,12 +38,12 @@ void ItemClassWindow::Run(Command&& command) {
 }
 
 void ItemClassWindow::PressTool(FormTool tool) {
-  if (!children_->strip.IsEnabled(ButtonOf(tool))) return;
+  if (!children_->strip.IsEnabled(RowOf(tool))) return;
   Run([tool](ItemClassForm& form) { form.ToolClicked(tool); });
 }
 
 void ItemClassWindow::CommandChosen(const Command& command) {
-  PressTool(static_cast<FormTool>(&command - kFormTools.data() + 1));
+  PressTool(static_cast<const FormToolRow&>(command).tool);
 }
 
 void ItemClassWindow::LookupPressed(FormField field) {
@@ -70,11 +70,16 @@ LRESULT ItemClassWindow::OnNotify(NMHDR& header) {
   return 0;
 }
 
-// In a field Enter goes on to the next one, on a lookup button it presses the button.
+// In a field Enter goes on to the next one, or from the last one to the member list; on a lookup
+// button it presses the button.
 void ItemClassWindow::OnEnter() {
   const HWND focus = GetFocus();
   for (const FieldRow& row : children_->rows) {
-    if (row.text.Handle() == focus) return FocusNext(false);
+    if (row.text.Handle() == focus) {
+      if (const auto next = FieldAfter(row.field)) return Focus(*next);
+      SetFocus(children_->members.Handle());
+      return;
+    }
     if (row.lookup.Handle() == focus) return LookupPressed(row.field);
   }
 }

@@ -97,7 +97,7 @@ void ItemClassWindow::ListCaptions() {
     captions.push_back({std::u16string(row.name), [&window] { return TextOf(window.Handle()); },
                         [&window](std::u16string_view text) { GiveText(window.Handle(), text); }});
   }
-  for (const Command& tool : kFormTools) {
+  for (const FormToolRow& tool : kFormTools) {
     if (tool.separator) continue;
     captions.push_back(
         {Concatenate({u"tlbSPCA.", tool.key}),
@@ -209,12 +209,12 @@ void ItemClassWindow::SetCaption(FormCaption target, std::u16string_view text) {
 
 void ItemClassWindow::SetToolTexts(FormTool tool, std::u16string_view caption,
                                    std::u16string_view toolTip) {
-  children_->strip.SetCaption(ButtonOf(tool), caption);
-  children_->strip.SetTooltip(ButtonOf(tool), toolTip);
+  children_->strip.SetCaption(RowOf(tool), caption);
+  children_->strip.SetTooltip(RowOf(tool), toolTip);
 }
 
 void ItemClassWindow::SetToolEnabled(FormTool tool, bool enabled) {
-  children_->strip.SetEnabled(ButtonOf(tool), enabled);
+  children_->strip.SetEnabled(RowOf(tool), enabled);
 }
 
 ObjectPtr ItemClassWindow::FormObject() { return children_->form; }

@@ -21,7 +21,7 @@ constexpr std::int32_t kTitleRow = 1;
 constexpr std::u16string_view kEmptyHint = u"尚无物料，请点击“增加物料”添加";
 
 // The list view counts items from 0.
-std::int32_t RowOf(int item) { return item + MemberRows::kFirstItem; }
+std::int32_t RowOfItem(int item) { return item + MemberRows::kFirstItem; }
 int ItemOf(std::int32_t row) { return row - MemberRows::kFirstItem; }
 
 }  // namespace
@@ -114,14 +114,14 @@ std::vector<std::int32_t> MemberListWindow::SelectedRows() const {
   std::vector<std::int32_t> rows;
   if (Handle() == nullptr) return rows;
   for (int item = -1; (item = ListView_GetNextItem(Handle(), item, LVNI_SELECTED)) != -1;) {
-    rows.push_back(RowOf(item));
+    rows.push_back(RowOfItem(item));
   }
   return rows;
 }
 
 void MemberListWindow::SetItemText(LVITEMW& item) const {
   if ((item.mask & LVIF_TEXT) == 0 || item.pszText == nullptr || item.cchTextMax <= 0) return;
-  const std::u16string_view text = Text(item.iSubItem + 1, RowOf(item.iItem));
+  const std::u16string_view text = Text(item.iSubItem + 1, RowOfItem(item.iItem));
   const std::u16string_view shown = text.substr(0, static_cast<std::size_t>(item.cchTextMax) - 1);
   CopyWide(shown, item.pszText);
   item.pszText[shown.size()] = L'\0';
@@ -133,7 +133,7 @@ int MemberListWindow::FindItem(const NMLVFINDITEMW& search) const {
       rows_ == nullptr) {
     return -1;
   }
-  const auto row = rows_->Find(FromWide(search.lvfi.psz), RowOf(search.iStart));
+  const auto row = rows_->Find(FromWide(search.lvfi.psz), RowOfItem(search.iStart));
   return row ? ItemOf(*row) : -1;
 }
 

@@ -58,6 +58,14 @@ class FormWorld : public workbench::ClassCompany, public Input {
   HWND Form() const { return FindWindowW(L"PriceDown.ItemClass", nullptr); }
   HWND Child(int id) const { return GetDlgItem(Form(), id); }
   std::string TextIn(int id) const { return Utf8(windows::TextOf(Child(id))); }
+  // Selected characters of a field.
+  std::size_t Selection(int id) const {
+    DWORD first = 0;
+    DWORD last = 0;
+    SendMessageW(Child(id), EM_GETSEL, reinterpret_cast<WPARAM>(&first),
+                 reinterpret_cast<LPARAM>(&last));
+    return last - first;
+  }
   bool IsEnabled(FormTool tool) const {
     return SendMessageW(
                Child(form_ids::kToolBar), TB_ISBUTTONENABLED,

@@ -138,6 +138,7 @@ TEST_F(ItemClassDataWindow, ARefusedCheckNamesTheFieldAndFocusesIt) {
                         TypeInto(form_ids::kPercentage, u"101");
                         ClickTool(FormTool::Save);
                         EXPECT_EQ(GetFocus(), Child(form_ids::kPercentage));
+                        EXPECT_EQ(Selection(form_ids::kPercentage), 3u) << "all of 101";
                       },
                       [&] { CloseByFrame(); }});
   ASSERT_EQ(boxes.All().size(), 1u);

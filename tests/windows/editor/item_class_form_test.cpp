@@ -134,6 +134,42 @@ TEST_F(ItemClassFormWindow, EnterGoesToTheNextField) {
               }});
 }
 
+TEST_F(ItemClassFormWindow, EnterSkipsTheLookupButtonsSelectsTheTextAndEndsInTheList) {
+  Steps steps;
+  steps.push_back([&] { SetFocus(Child(form_ids::kClassName)); });
+  for (const int id : {form_ids::kReserveAccount, form_ids::kLossAccount, form_ids::kPercentage}) {
+    steps.push_back([&] { PostKey(VK_RETURN); });
+    steps.push_back([&, id] {
+      EXPECT_EQ(GetFocus(), Child(id)) << id;
+      EXPECT_EQ(Selection(id), TextIn(id).size()) << id;
+      EXPECT_GT(Selection(id), 0u) << id;
+    });
+  }
+  steps.push_back([&] { PostKey(VK_RETURN); });
+  steps.push_back([&] { EXPECT_EQ(GetFocus(), List()); });
+  steps.push_back([&] { CloseByFrame(); });
+  ShowForEdit(u"A1", std::move(steps));
+}
+
+TEST_F(ItemClassFormWindow, F4AndAltDownOpenTheLookupOfTheirField) {
+  pickers->accounts = {u"5711", u"1281.1"};
+  ShowForAdd({[&] {
+                SetFocus(Child(form_ids::kLossAccount));
+                Press(VK_F4);
+                EXPECT_EQ(TextIn(form_ids::kLossAccount), "5711");
+                SetFocus(Child(form_ids::kReserveAccount));
+                std::array<BYTE, 256> keys{};
+                keys[VK_MENU] = 0x80;
+                SetKeyboardState(keys.data());
+                SendMessageW(GetFocus(), WM_SYSKEYDOWN, VK_DOWN, 1);
+                keys[VK_MENU] = 0;
+                SetKeyboardState(keys.data());
+                EXPECT_EQ(TextIn(form_ids::kReserveAccount), "1281.1");
+              },
+              [&] { CloseByFrame(); }});
+  EXPECT_TRUE(boxes.All().empty());
+}
+
 TEST_F(ItemClassFormWindow, EnterPressesALookupButton) {
   pickers->accounts = {u"5711"};
   ShowForAdd({[&] {
