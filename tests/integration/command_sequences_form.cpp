@@ -145,19 +145,21 @@ void CommandSequences::StartAnew() {
   if (!adding_) return;  // the tool is disabled
   std::string expected;
   bool throws = false;
+  bool refused = false;
   const bool yes = Roll(2) == 0;
   questions.WillAnswer({yes});
   if (!saved_) {
     expected = std::string("\"是否保存当前数据？\" -> ") + (yes ? "yes\n" : "no\n");
     if (yes) {
       const std::string refusal = ExpectedRefusal();
-      if (!refusal.empty()) expected += "\"" + refusal + "\"\n";
-      throws = refusal.empty() && Throws();
+      refused = !refusal.empty();
+      if (refused) expected += "\"" + refusal + "\"\n";
+      throws = !refused && Throws();
       SaveForm();
     }
   }
-  // If the list is already empty, the fields stay.
-  if (!throws && !listed_.empty()) {
+  // If the list is already empty, the fields stay; after a refused save everything does.
+  if (!throws && !refused && !listed_.empty()) {
     listed_.clear();
     fields_ = {};
     saved_ = false;
