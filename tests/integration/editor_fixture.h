@@ -15,9 +15,7 @@ namespace workbench {
 
 class EditorOnCompany : public ClassCompany {
  protected:
-  EditorOnCompany() {
-    view.form = &form;
-  }
+  EditorOnCompany() { view.form = &form; }
 
   void OpenForAdd() {
     pricedown::Recordset members = pricedown::Recordset::Create(factory_);

@@ -32,6 +32,8 @@ HINSTANCE ThisModule() {
 // which a host may have loaded first, cannot do that; LoadImage scales the nearest one.
 OwnedIcon LoadIconResource(int id, int size) {
   const HINSTANCE module = ThisModule();
+  // A resource's number takes the place of its name.
+  // cppcheck-suppress AssignmentIntegerToAddress
   const wchar_t* const name = MAKEINTRESOURCEW(id);
   if (const auto load = SystemFunction<decltype(&LoadIconWithScaleDown)>(L"comctl32.dll",
                                                                          "LoadIconWithScaleDown")) {

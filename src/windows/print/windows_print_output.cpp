@@ -14,6 +14,8 @@ void WindowsPrintOutput::Preview(PrintDocument& document) {
     ~Shown() { dialog = nullptr; }
   };
   const Shown shown{shown_};
+  // `shown` resets it first.
+  // cppcheck-suppress danglingLifetime
   shown_ = &dialog;
   dialog.ShowModal(window_.DialogOwner());
 }
