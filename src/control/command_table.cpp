@@ -8,6 +8,7 @@ namespace pricedown {
 
 // A button's position is its place among the rows on the tool strip. Positions, keys and tool names
 // are public: a new row goes behind the others.
+// NOLINTNEXTLINE(readability-function-size) A table; in a function because its rows are friends.
 std::span<const ControlCommand> ControlCommands() {
   using namespace surface;
   static constexpr std::array<ControlCommand, 12> kCommands{{
