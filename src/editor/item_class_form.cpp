@@ -65,7 +65,8 @@ void ItemClassForm::Load() {
     } else {
       FillFields();
     }
-    state.savedValues = ReadHeader(parts_.view);
+    const TypedHeader header = ReadHeader(parts_.view);
+    state.savedValues = static_cast<const ClassHeader&>(header);
     state.rows.SetCount(state.memberList.RecordCount() + 1);
     ShowRows();
   } catch (...) {

@@ -42,7 +42,7 @@ using RowHeader = std::array<Value, kHeaderColumns.size()>;
 RowHeader HeaderOfNewRows(const FormParts& form) {
   const Recordset& members = form.state.memberList;
   if (members.RecordCount() == 0) {
-    const ClassHeader header = ReadHeader(form.view);
+    const TypedHeader header = ReadHeader(form.view);
     return {header.number, header.name, header.lossAccount, header.reserveAccount,
             header.percentage};
   }

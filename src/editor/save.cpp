@@ -164,7 +164,7 @@ bool SaveClass(FormParts& form) {
       AccountId(factory, u"查找存货跌价损失科目失败，科目代码：", header.lossAccount);
   state.reserveAccountId =
       AccountId(factory, u"查找存货跌价准备科目失败，科目代码：", header.reserveAccount);
-  state.savedValues = header;
+  state.savedValues = static_cast<const ClassHeader&>(header);
   RunStep(u"写入物料类别失败，物料类别代码：", header.number,
           [&] { Connection(factory).Execute(SaveText(state)); });
   return true;
