@@ -58,7 +58,7 @@ std::u16string ShortcutText(const KeyPress& press) {
 }
 
 std::u16string TooltipOf(const Command& command) {
-  const std::u16string tip = Translate(command.tooltip);
+  std::u16string tip = Translate(command.tooltip);
   const std::u16string shortcut = ShortcutText(command.keys[0]);
   if (tip.empty() || shortcut.empty()) return tip;
   return Concatenate({tip, u" (", shortcut, u")"});
