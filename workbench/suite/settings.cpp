@@ -128,9 +128,9 @@ std::span<const Member<Settings>> Settings::Members() {
   static constexpr Member<Settings> kMembers[] = {
       {u"Open", MemberKind::Method,
        [](Settings& settings, Access, std::span<Value> arguments) {
-         const std::u16string location = ToText(arguments[0]);
-         settings.Suite().OpenCompany(location);
-         settings.location = pricedown::FromUtf8(ShownLocation(pricedown::ToUtf8(location)));
+         const std::u16string opened = ToText(arguments[0]);
+         settings.Suite().OpenCompany(opened);
+         settings.location = pricedown::FromUtf8(ShownLocation(pricedown::ToUtf8(opened)));
          return Value(true);
        },
        1, 1},
