@@ -1,4 +1,4 @@
-// Inserts nodes into a tree view and keeps nothing of them.
+// Inserts nodes into a tree view without a copy of its own.
 #pragma once
 
 #include <windows.h>

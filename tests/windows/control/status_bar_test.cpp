@@ -58,7 +58,7 @@ TEST(ControlWindow, NamesNoClassAfterTheFormTookTheRows) {
   KeepPicture(world.host.Handle(), "class to select again");
   world.Click(world.Tree(), world.NodePoint(6));
   EXPECT_EQ(Panel(world, 0), "05(外购半成品)    共 2 项物料");
-  // The host's own call notifies nobody; the focus returns when the form has closed.
+  // A call from the host is not reported; the focus returns when the form has closed.
   world.control->editRecord();
   SetFocus(nullptr);
   SetFocus(world.Tree());
