@@ -39,10 +39,8 @@ bool GridViewport::Resize(Size window, std::int32_t rows) {
 }
 
 bool GridViewport::ScrollTo(std::int64_t topRow, std::int64_t left) {
-  const std::int64_t lastTop = std::max(rows_ - pageRows_, 0) + 1;
-  const std::int64_t lastLeft = std::max(geometry_.Width() - pageWidth_, 0);
-  const auto newTop = static_cast<std::int32_t>(std::clamp<std::int64_t>(topRow, 1, lastTop));
-  const auto newLeft = static_cast<int>(std::clamp<std::int64_t>(left, 0, lastLeft));
+  const auto newTop = static_cast<std::int32_t>(std::clamp<std::int64_t>(topRow, 1, LastTopRow()));
+  const auto newLeft = static_cast<int>(std::clamp<std::int64_t>(left, 0, LastLeft()));
   if (newTop == topRow_ && newLeft == left_) return false;
   topRow_ = newTop;
   left_ = newLeft;

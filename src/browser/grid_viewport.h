@@ -2,6 +2,7 @@
 // is where in the window.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
 #include "browser/grid_geometry.h"
@@ -33,6 +34,9 @@ class GridViewport {
   std::int32_t PageRows() const { return pageRows_; }
   int PageWidth() const { return pageWidth_; }
   std::int32_t Rows() const { return rows_; }
+  // The ends of ScrollTo.
+  std::int32_t LastTopRow() const { return std::max(rows_ - pageRows_, 0) + 1; }
+  int LastLeft() const { return std::max(geometry_.Width() - pageWidth_, 0); }
 
   // Each of these returns whether the visible part moved.
 
