@@ -3,9 +3,13 @@
 
 #include <gtest/gtest.h>
 
+#include <sqlite3.h>
+
+#include <filesystem>
 #include <sstream>
 
 #include "tests/sample/temporary_folder.h"
+#include "workbench/company/connection.h"
 
 namespace workbench::testing {
 namespace {
@@ -32,12 +36,23 @@ class Commands : public ::testing::Test {
 TEST_F(Commands, HelpNamesEveryCommandAndExitCode) {
   for (const char* word : {"--help", "-h", "help"}) {
     EXPECT_EQ(Run({word}), kDone);
-    for (const char* part : {"workbench create", "workbench import", "workbench info", "--seed",
-                             "--force", "--accounts", "退出码"}) {
+    for (const char* part :
+         {"create", "import", "export", "info", "check", "explain", "backup", "退出码"}) {
       EXPECT_NE(out_.str().find(part), std::string::npos) << part;
     }
     EXPECT_EQ(err_.str(), "");
   }
+}
+
+TEST_F(Commands, HelpOfACommandNamesItsOptions) {
+  EXPECT_EQ(Run({"create", "--help"}), kDone);
+  for (const char* part :
+       {"--seed", "--items", "--classes", "--force", "--login-timeout", "[选项]"}) {
+    EXPECT_NE(out_.str().find(part), std::string::npos) << part << out_.str();
+  }
+  EXPECT_EQ(out_.str().find("--accounts"), std::string::npos);
+  EXPECT_EQ(Run({"explain", "-h"}), kDone);
+  EXPECT_NE(out_.str().find("代码"), std::string::npos) << out_.str();
 }
 
 TEST_F(Commands, CreateThenInfoShowsTheSampleCompany) {
@@ -107,6 +122,160 @@ TEST_F(Commands, FilesThatCannotBeUsedFail) {
   EXPECT_NE(err_.str().find("是文件夹而不是文件"), std::string::npos) << err_.str();
 }
 
+TEST_F(Commands, ImportSaysThatAFileHoldsAHeaderOnly) {
+  CreateCompany();
+  const std::string csv = folder_.PathOf("物料.csv");
+  folder_.Write("物料.csv", "物料代码,物料名称\n\n,\n");
+  EXPECT_EQ(Run({"import", Company(), "--items", csv}), kDone);
+  EXPECT_EQ(out_.str(), csv + ": 只有标题行,没有数据\n已导入物料 0 个,科目 0 个\n");
+}
+
+TEST_F(Commands, ImportNamesANulByte) {
+  CreateCompany();
+  const std::string csv = folder_.PathOf("物料.csv");
+  for (const std::string& text :
+       {std::string(1, '\0'), std::string("物料代码,物料名称\n90.1,a\0b\n", 35)}) {
+    folder_.Write("物料.csv", text);
+    EXPECT_EQ(Run({"import", Company(), "--items", csv}), kBadData);
+    EXPECT_NE(err_.str().find("文件含有空字符,不是文本文件"), std::string::npos) << err_.str();
+  }
+}
+
+TEST_F(Commands, ExportGivesWhatImportTakesBack) {
+  ASSERT_EQ(Run({"create", Company()}), kDone);
+  const std::string items = folder_.PathOf("物料.csv");
+  const std::string accounts = folder_.PathOf("科目.csv");
+  ASSERT_EQ(Run({"export", Company(), "--items", items, "--accounts", accounts}), kDone)
+      << err_.str();
+  EXPECT_EQ(out_.str(), "已写入 " + items + "\n已写入 " + accounts + "\n");
+  const std::string itemsBefore = folder_.Read("物料.csv");
+  const std::string accountsBefore = folder_.Read("科目.csv");
+  EXPECT_EQ(Run({"export", Company(), "--items", items}), kFailed);
+  EXPECT_EQ(err_.str(), "workbench: 文件已存在: " + items + "\n");
+
+  {
+    const auto company = OpenConnection(Company());
+    company->Execute(u"DELETE FROM t_ICItem DELETE FROM t_account");
+  }
+  ASSERT_EQ(Run({"import", Company(), "--items", items, "--accounts", accounts}), kDone)
+      << err_.str();
+  EXPECT_EQ(out_.str(), "已导入物料 3200 个,科目 185 个\n");
+  ASSERT_EQ(Run({"export", Company(), "--items", items + "2", "--accounts", accounts + "2"}),
+            kDone);
+  EXPECT_TRUE(folder_.Read("物料.csv2") == itemsBefore);
+  EXPECT_TRUE(folder_.Read("科目.csv2") == accountsBefore);
+}
+
+TEST_F(Commands, CheckListsWhatIsWrongAndChangesNothing) {
+  ASSERT_EQ(Run({"create", Company(), "--items", "6", "--classes", "2"}), kDone);
+  EXPECT_EQ(Run({"check", Company()}), kDone);
+  EXPECT_EQ(out_.str(), "没有发现问题\n");
+  {
+    const auto company = OpenConnection(Company());
+    company->Execute(u"UPDATE icPriceDownClass SET FItemClassName='另名' WHERE FItemID=1");
+    company->Execute(
+        u"INSERT INTO icPriceDownClass(FItemID,FItemClassNumber,FItemClassName,"
+        u"FAPAccID,FAPNumber,FARAccID,FARNumber,FPencentPrepare)"
+        u"VALUES(1,'X','x',1,'没有',2,'1471.01',1.0)");
+    company->Execute(
+        u"INSERT INTO icPriceDownClass(FItemID,FItemClassNumber,FPencentPrepare)"
+        u"VALUES(99,'Y',1.0)");
+    company->Execute(
+        u"INSERT INTO t_UserProfile(FUserID,FApplication,FSection,FKey,FValue)"
+        u"VALUES(7,'H','PriceDown','NodeSel1','giZ')");
+    company->Execute(u"UPDATE t_systemprofile SET FValue='三' WHERE FKey='CurrentPeriod'");
+  }
+  const std::string before = folder_.Read("公司.db");
+  EXPECT_EQ(Run({"check", Company()}), kBadData);
+  for (const char* finding :
+       {"物料属于多个类别: 01.01.0001 ", ": 00001, X\n",
+        "类别各行的名称、科目或百分比不一致: 00001:", "类别的明细没有物料: Y: 编号 99\n",
+        "保存时查不到科目: X: 没有\n", "保存时查不到科目: Y: (空)\n", "类别没有可列出的物料: Y\n",
+        "设置中的类别已不存在: 用户 7, NodeSel1: Z\n", "设置属于不存在的用户: t_UserProfile: 7\n",
+        "当前期间不是数字: CurrentPeriod: 三\n"}) {
+    EXPECT_NE(out_.str().find(finding), std::string::npos) << finding << "\n" << out_.str();
+  }
+  EXPECT_NE(out_.str().find("个问题\n"), std::string::npos);
+  EXPECT_TRUE(folder_.Read("公司.db") == before);
+}
+
+TEST_F(Commands, ExplainGivesEveryReasonWithPeriodsAmountsAndVouchers) {
+  ASSERT_EQ(Run({"create", Company()}), kDone);
+  EXPECT_EQ(Run({"explain", Company(), "没有"}), kFailed);
+  EXPECT_EQ(err_.str(), "workbench: 公司中没有这个类别或物料: 没有\n");
+  {
+    const auto company = OpenConnection(Company());
+    company->Execute(u"DELETE FROM ICPriceDownPrepare WHERE FItemID>0");
+    for (const char16_t* row : {u"(1,2007,12,3.5,0)", u"(1,2008,2,0,-1)", u"(1,2008,3,7,8)",
+                                u"(1,2008,4,9,9)", u"(1,2006,1,0,0)"}) {
+      company->Execute(std::u16string(u"INSERT INTO ICPriceDownPrepare(FItemID,FYear,FPeriod,"
+                                      u"FHaveAdd,FCurrentAdd)VALUES") +
+                       row);
+    }
+    company->Execute(
+        u"INSERT INTO t_voucher(FVoucherID,FYear,FPeriod,FDate,FGroup,FNumber,"
+        u"FTranType,FInternalInd,FExplanation)"
+        u"VALUES(900,2008,3,'2008-03-28','记',17,820,'Industry','计提')");
+  }
+  const std::string before = folder_.Read("公司.db");
+  EXPECT_EQ(Run({"explain", Company(), "01.01.0001"}), kDone);
+  for (const char* reason :
+       {"物料 01.01.0001 ", ": 不能删除\n",
+        "  以前期间已有业务, 2007年第12期: 物料 01.01.0001, 累计计提 3.5, 本期计提 0\n",
+        "  以前期间已有业务, 2008年第2期: 物料 01.01.0001, 累计计提 0, 本期计提 -1\n",
+        "  本期已生成跌价准备凭证, 2008年第3期: 凭证 记-17, 内码 900, 2008-03-28, 计提\n",
+        "  本期已有跌价准备, 2008年第3期: 物料 01.01.0001, 累计计提 7, 本期计提 8\n"}) {
+    EXPECT_NE(out_.str().find(reason), std::string::npos) << reason << "\n" << out_.str();
+  }
+  for (const char* other : {"2008年第4期", "2006年"}) {
+    EXPECT_EQ(out_.str().find(other), std::string::npos) << out_.str();
+  }
+  EXPECT_TRUE(folder_.Read("公司.db") == before);
+}
+
+TEST_F(Commands, BackupCopiesACompanyThatIsInUse) {
+  CreateCompany();
+  const std::string copy = folder_.PathOf("副本.db");
+  const auto user = OpenConnection(Company());
+  user->Execute(u"UPDATE t_ICItem SET FName='已提交' WHERE FItemID=1");
+  EXPECT_EQ(Run({"backup", Company(), copy}), kDone) << err_.str();
+  EXPECT_EQ(out_.str(), "已备份到 " + copy + ",副本检查无误\n");
+  EXPECT_EQ(OpenConnection(copy)
+                ->Execute(u"SELECT FItemID FROM t_ICItem WHERE FName='已提交'")
+                .RowCount(),
+            1U);
+  EXPECT_EQ(Run({"backup", Company(), copy}), kFailed);
+  EXPECT_EQ(err_.str(), "workbench: 文件已存在: " + copy + "\n");
+  EXPECT_EQ(Run({"backup", folder_.PathOf("无.db"), copy + "2"}), kFailed);
+  folder_.Write("坏.db", std::string(5000, 'x'));
+  EXPECT_EQ(Run({"backup", folder_.PathOf("坏.db"), copy + "2"}), kFailed);
+  EXPECT_EQ(folder_.Names().count("副本.db2"), 0U);
+}
+
+TEST_F(Commands, AConnectionStringNeverBecomesAFile) {
+  for (const char* location : {"Driver=NoSuchDriver;PWD=Geheim-1", " pwd = Geheim-1 ; uid = a"}) {
+    EXPECT_EQ(Run({"create", location}), kFailed);
+    EXPECT_EQ(err_.str().find("Geheim-1"), std::string::npos) << err_.str();
+    EXPECT_FALSE(std::filesystem::exists(location));
+  }
+}
+
+TEST_F(Commands, APlainSqliteReadsACompanyAsTheGuideSays) {
+  CreateCompany();
+  sqlite3* plain = nullptr;
+  ASSERT_EQ(sqlite3_open(Company().c_str(), &plain), SQLITE_OK);
+  const auto runs = [plain](const char* sql) {
+    return sqlite3_exec(plain, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
+  };
+  EXPECT_FALSE(runs("SELECT FName FROM t_ICItem WHERE FNumber='01.01.0001'"));
+  EXPECT_TRUE(runs("SELECT FName FROM t_ICItem WHERE FNumber='01.01.0001' COLLATE NOCASE"));
+  EXPECT_TRUE(runs("SELECT FName FROM t_ICItem ORDER BY FNumber COLLATE NOCASE"));
+  EXPECT_TRUE(
+      runs("SELECT i.FName,c.FItemClassNumber FROM icPriceDownClass c "
+           "JOIN t_ICItem i ON i.FItemID=c.FItemID"));
+  sqlite3_close(plain);
+}
+
 struct BadWords {
   const char* name;
   std::vector<std::string> words;
@@ -128,27 +297,30 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         BadWords{"Nothing", {}, "缺少命令"},
         BadWords{"UnknownCommand", {"delete", "a"}, "没有这个命令: delete"},
-        BadWords{"NoFile", {"create"}, "缺少公司文件名"},
-        BadWords{"TwoFiles", {"info", "a", "b"}, "多余的参数: b"},
-        BadWords{"UnknownOption", {"create", "a", "--size"}, "create 没有这个选项: --size"},
-        BadWords{"OptionOfAnotherCommand", {"info", "a", "--force"}, "没有这个选项: --force"},
-        BadWords{"SeedWithoutValue", {"create", "a", "--seed"}, "--seed 缺少参数值"},
+        BadWords{"NoCompany", {"create"}, "缺少公司文件名或连接串"},
+        BadWords{"NoCode", {"explain", "a"}, "缺少类别代码或物料代码"},
+        BadWords{"NoCopy", {"backup", "a"}, "缺少副本的文件名"},
+        BadWords{"TwoFiles", {"info", "a", "b"}, "无法识别的参数: b"},
+        BadWords{"UnknownOption", {"create", "a", "--size"}, "无法识别的参数: --size"},
+        BadWords{"OptionOfAnotherCommand", {"info", "a", "--force"}, "无法识别的参数: --force"},
+        BadWords{"SeedWithoutValue", {"create", "a", "--seed"}, "--seed 缺少参数值或给得太多"},
         BadWords{"SeedNotANumber",
                  {"create", "a", "--seed", "-1"},
-                 "--seed 必须是 0 到 18446744073709551615 的整数: -1"},
+                 "--seed: 必须是 0 到 18446744073709551615 的整数: -1"},
         BadWords{"TooManyItems",
                  {"create", "a", "--items", "1000001", "--classes", "1"},
-                 "--items 必须是 1 到 1000000 的整数: 1000001"},
+                 "--items: 必须是 1 到 1000000 的整数: 1000001"},
         BadWords{"NoClasses",
                  {"create", "a", "--items", "10", "--classes", "0"},
-                 "--classes 必须是 1 到 20000 的整数: 0"},
+                 "--classes: 必须是 1 到 20000 的整数: 0"},
         BadWords{"ItemsWithoutClasses",
                  {"create", "a", "--items", "10"},
                  "--items 和 --classes 必须同时给出"},
         BadWords{"MoreClassesThanItems",
                  {"create", "a", "--items", "10", "--classes", "11"},
                  "--classes 不能大于 --items:每个类别至少有一个物料"},
-        BadWords{"ImportOfNothing", {"import", "a"}, "import 需要 --items 或 --accounts"}),
+        BadWords{"ImportOfNothing", {"import", "a"}, "需要 --items 或 --accounts"},
+        BadWords{"ExportOfNothing", {"export", "a"}, "需要 --items 或 --accounts"}),
     [](const auto& each) { return each.param.name; });
 
 }  // namespace

@@ -204,6 +204,21 @@ TEST_F(SqliteCompany, SavesTensOfThousandsOfRowsInOneText) {
   EXPECT_EQ(company_.Rows("select count(*),max(FItemID) from icPriceDownClass"), "20000|19999\n");
 }
 
+TEST_F(SqliteCompany, SavesOfTwoUsersComeOneAfterTheOther) {
+  const auto save = [this](Connection& connection, const std::string& name) {
+    std::string text = delete_;
+    for (int i = 0; i < 300; ++i) text += Insert(std::to_string(i), name);
+    for (int round = 0; round < 20; ++round) connection.Execute(Utf16FromUtf8(text));
+  };
+  const std::unique_ptr<Connection> first = OpenConnection(company_.Path());
+  std::thread other([&] { save(*OpenConnection(company_.Path()), "乙"); });
+  save(*first, "甲");
+  other.join();
+  EXPECT_EQ(company_.Rows("select count(*) from icPriceDownClass"), "300\n");
+  EXPECT_EQ(company_.Rows("select distinct FItemClassName from icPriceDownClass").size(),
+            std::string("'甲'\n").size());
+}
+
 TEST_F(SqliteCompany, AcceptsAListOfTensOfThousandsOfItems) {
   company_.Execute(
       "insert into t_ICItem(FItemID,FNumber,FErpClsID) values(20001,'a',1)"

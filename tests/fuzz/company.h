@@ -8,6 +8,7 @@
 #include "tests/fuzz/fuzz_input.h"
 #include "workbench/company/database_error.h"
 #include "workbench/company/dialect.h"
+#include "workbench/company/sqlite_connection.h"
 #include "workbench/company/sqlite_schema.h"
 #include "workbench/sample/large_company.h"
 #include "workbench/sample/sqlite_handle.h"
@@ -18,7 +19,8 @@ namespace pricedown::fuzz {
 inline workbench::Database& Company() {
   static workbench::Database company = [] {
     workbench::Database made(":memory:", workbench::Database::Mode::Create);
-    workbench::FillLargeCompany(made.get(), {1, 5, 2});
+    workbench::SqliteConnection connection(made.get());
+    workbench::FillLargeCompany(connection, {1, 5, 2});
     return made;
   }();
   return company;

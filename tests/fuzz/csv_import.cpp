@@ -16,10 +16,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   FuzzedDataProvider input(data, size);
   const workbench::CsvFile items{"items.csv", input.ConsumeRandomLengthString(4096)};
   const workbench::CsvFile accounts{"accounts.csv", input.ConsumeRemainingBytesAsString()};
+  workbench::SqliteConnection connection(Company().get());
   const std::int64_t itemsBefore = RowsOf("t_ICItem");
   const std::int64_t accountsBefore = RowsOf("t_account");
 
-  const workbench::ImportResult result = workbench::ImportCsv(Company().get(), items, accounts);
+  const workbench::ImportResult result = workbench::ImportCsv(connection, items, accounts);
 
   const std::int64_t newItems = RowsOf("t_ICItem") - itemsBefore;
   const std::int64_t newAccounts = RowsOf("t_account") - accountsBefore;

@@ -36,6 +36,8 @@ class PickerCompany final : public Connection {
                                              std::string_view columns) override {
     return company_->PrepareInsert(table, columns);
   }
+  void CreateTables() override { company_->CreateTables(); }
+  void CreateIndexes() override { company_->CreateIndexes(); }
   void RequireCompany() override { company_->RequireCompany(); }
 
   // An item with that id, code, name and specification, as they stand in a literal.

@@ -61,7 +61,8 @@ TEST_F(CompanyFile, HoldsTheSampleCompanyAndLeavesNoOtherFile) {
 TEST_F(CompanyFile, HoldsACompanyOfTheRequestedSize) {
   CreateCompanyFile(folder_.PathOf("大.db"), LargePlan(1234, 56));
   const Database company(folder_.PathOf("大.db"), Database::Mode::ReadOnly);
-  const CompanyInfo info = ReadCompanyInfo(company.get());
+  SqliteConnection connection(company.get());
+  const CompanyInfo info = ReadCompanyInfo(connection);
   EXPECT_EQ(info.items, 1234);
   EXPECT_EQ(info.classes, 56);
   EXPECT_EQ(ContentDigest(company.get()), ContentDigest(LargeCompany({1, 1234, 56}).get()));
@@ -180,8 +181,8 @@ TEST_F(CompanyFile, AFullDiskKeepsTheFileToBeReplaced) {
 
 TEST(CompanyInfo, CountsTheSampleCompany) {
   const Database company = SampleCompany(1);
-  const CompanyInfo info = ReadCompanyInfo(company.get());
-  EXPECT_EQ(info.schemaVersion, kCompanySchemaVersion);
+  SqliteConnection connection(company.get());
+  const CompanyInfo info = ReadCompanyInfo(connection);
   EXPECT_EQ(info.items, 3200);
   EXPECT_EQ(info.accounts, 185);
   EXPECT_EQ(info.classes, 25);
@@ -196,14 +197,16 @@ TEST(CompanyInfo, CountsTheSampleCompany) {
 TEST(CompanyInfo, MissingProfilesAreEmpty) {
   Database company = SampleCompany(1);
   company.Execute("DELETE FROM t_systemprofile");
-  const CompanyInfo info = ReadCompanyInfo(company.get());
+  SqliteConnection connection(company.get());
+  const CompanyInfo info = ReadCompanyInfo(connection);
   EXPECT_EQ(info.currentYear, "");
   EXPECT_EQ(info.itemClassType, "");
 }
 
 TEST(CompanyInfo, RefusesADatabaseThatIsNotACompany) {
   const Database other(":memory:", Database::Mode::Create);
-  EXPECT_THROW(ReadCompanyInfo(other.get()), SchemaError);
+  SqliteConnection connection(other.get());
+  EXPECT_THROW(ReadCompanyInfo(connection), SchemaError);
 }
 
 }  // namespace

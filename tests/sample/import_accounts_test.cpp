@@ -12,7 +12,7 @@ using Texts = std::vector<std::string>;
 class ImportingAccounts : public ::testing::Test {
  protected:
   ImportResult Import(const std::string& text) {
-    return ImportCsv(company_.get(), std::nullopt, CsvFile{"科目.csv", text});
+    return testing::Import(company_, std::nullopt, CsvFile{"科目.csv", text});
   }
 
   Texts Problems(const std::string& text) {

@@ -15,7 +15,7 @@ constexpr const char* kHeader =
 class ImportingItems : public ::testing::Test {
  protected:
   ImportResult Import(const std::string& text) {
-    return ImportCsv(company_.get(), CsvFile{"物料.csv", text}, std::nullopt);
+    return testing::Import(company_, CsvFile{"物料.csv", text}, std::nullopt);
   }
 
   Texts Problems(const std::string& text) {

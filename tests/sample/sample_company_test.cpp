@@ -5,6 +5,7 @@
 
 #include "tests/sample/content_digest.h"
 #include "tests/sample/test_company.h"
+#include "workbench/company/schema.h"
 
 namespace workbench::testing {
 namespace {
@@ -33,7 +34,8 @@ TEST(SampleCompany, DigestSeesASingleChangedValue) {
 TEST(SampleCompany, RefusesADatabaseThatIsNotEmptyAndLeavesItAlone) {
   Database company = SampleCompany(1);
   const auto before = ContentDigest(company.get());
-  EXPECT_ANY_THROW(FillSampleCompany(company.get(), 2));
+  SqliteConnection connection(company.get());
+  EXPECT_THROW(FillSampleCompany(connection, 2), SchemaError);
   EXPECT_EQ(ContentDigest(company.get()), before);
 }
 

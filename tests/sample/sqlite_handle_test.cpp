@@ -1,4 +1,4 @@
-// The owners of connection, statement and transaction.
+// The owners of connection and statement.
 #include "workbench/sample/sqlite_handle.h"
 
 #include <gtest/gtest.h>
@@ -50,20 +50,6 @@ TEST_F(SqliteHandle, AFailedStatementCanBeRunAgain) {
   EXPECT_THROW(insert.Run(1), SqliteError);
   insert.Run(2);
   EXPECT_EQ(Count(database_, "SELECT count(*) FROM t"), 2);
-}
-
-TEST_F(SqliteHandle, ATransactionIsUndoneUnlessCommitted) {
-  {
-    Transaction transaction(database_.get());
-    database_.Execute("INSERT INTO t(a) VALUES(1)");
-  }
-  EXPECT_EQ(Count(database_, "SELECT count(*) FROM t"), 0);
-  {
-    Transaction transaction(database_.get());
-    database_.Execute("INSERT INTO t(a) VALUES(1)");
-    transaction.Commit();
-  }
-  EXPECT_EQ(Count(database_, "SELECT count(*) FROM t"), 1);
 }
 
 TEST_F(SqliteHandle, ErrorsCarrySqlitesMessage) {

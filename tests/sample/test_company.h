@@ -2,10 +2,13 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "workbench/company/sqlite_connection.h"
+#include "workbench/sample/csv_import.h"
 #include "workbench/sample/large_company.h"
 #include "workbench/sample/sample_company.h"
 #include "workbench/sample/sqlite_handle.h"
@@ -14,18 +17,26 @@ namespace workbench::testing {
 
 inline Database SampleCompany(std::uint64_t seed) {
   Database company(":memory:", Database::Mode::Create);
-  FillSampleCompany(company.get(), seed);
+  SqliteConnection connection(company.get());
+  FillSampleCompany(connection, seed);
   return company;
 }
 
 inline Database LargeCompany(const LargeCompanyPlan& plan) {
   Database company(":memory:", Database::Mode::Create);
-  FillLargeCompany(company.get(), plan);
+  SqliteConnection connection(company.get());
+  FillLargeCompany(connection, plan);
   return company;
 }
 
 /// Five items 01.01.0001 to 01.01.0005 in two classes, the whole chart of accounts.
 inline Database TinyCompany() { return LargeCompany({1, 5, 2}); }
+
+inline ImportResult Import(const Database& company, const std::optional<CsvFile>& items,
+                           const std::optional<CsvFile>& accounts) {
+  SqliteConnection connection(company.get());
+  return ImportCsv(connection, items, accounts);
+}
 
 inline std::int64_t Count(const Database& company, std::string_view sql) {
   return QueryInteger(company.get(), sql);

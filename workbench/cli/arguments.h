@@ -15,17 +15,21 @@ class UsageError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-enum class CommandKind { Help, Create, Import, Info };
+enum class CommandKind { Help, Create, Import, Export, Info, Check, Explain, Backup };
 
 struct Arguments {
   CommandKind kind = CommandKind::Help;
-  std::string file;
+  std::string help;     ///< Help: what to show
+  std::string company;  ///< path or connection string
+  int loginTimeout = 15;
+  int statementTimeout = 60;
   std::uint64_t seed = 1;
   std::optional<int> items;  ///< create: number of items
   std::optional<int> classes;
   bool force = false;
-  std::optional<std::string> itemsFile;  ///< import: CSV of items
+  std::optional<std::string> itemsFile;  ///< import, export: CSV of items
   std::optional<std::string> accountsFile;
+  std::string target;  ///< explain: class or item; backup: the copy
 };
 
 /// `words` are UTF-8, without the program's name. Throws UsageError.

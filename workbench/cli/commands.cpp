@@ -1,48 +1,47 @@
-// The commands create, import and info, and what they tell the user. The work is done in
-// workbench/sample.
+// The commands and what they tell the user. The work is done in workbench/sample.
 #include "workbench/cli/commands.h"
 
 #include <chrono>
 #include <exception>
+#include <fstream>
 #include <ostream>
 
 #include "workbench/cli/arguments.h"
-#include "workbench/company/schema.h"
+#include "workbench/company/location.h"
+#include "workbench/sample/company_backup.h"
+#include "workbench/sample/company_check.h"
+#include "workbench/sample/company_explain.h"
 #include "workbench/sample/company_file.h"
 #include "workbench/sample/company_info.h"
+#include "workbench/sample/csv_export.h"
 #include "workbench/sample/csv_import.h"
 #include "workbench/sample/file_path.h"
+#include "workbench/sample/server_company.h"
 #include "workbench/sample/sqlite_handle.h"
 #include "workbench/sample/utf8_text.h"
 
 namespace workbench {
 namespace {
 
-constexpr const char* kHelp =
-    R"(workbench — 物料类别维护工作台的公司文件工具
+ConnectOptions OptionsOf(const Arguments& arguments, OpenMode mode) {
+  ConnectOptions options;
+  options.mode = mode;
+  options.loginTimeout = std::chrono::seconds(arguments.loginTimeout);
+  options.statementTimeout = std::chrono::seconds(arguments.statementTimeout);
+  return options;
+}
 
-用法:
-  workbench create 文件 [--seed N] [--items N --classes M] [--force]
-      建立公司文件。不给 --items 时建立示例公司(3200 个物料,25 个类别);
-      给出 --items(最多 1000000)和 --classes(最多 20000)时建立指定规模的公司。
-      同一个 --seed(默认 1)总是得到同样的内容。文件已存在时拒绝,--force 覆盖。
+bool Exists(const std::string& path) {
+  std::error_code ignored;
+  return std::filesystem::exists(PathFromUtf8(path), ignored);
+}
 
-  workbench import 文件 [--items 物料.csv] [--accounts 科目.csv]
-      把自己的物料和科目加入公司。CSV 为 UTF-8 编码,首行是列名:
-        物料: 物料代码, 物料名称, 规格型号, 短代码, 物料属性(1-9), 计量单位,
-              计划单价, 销售单价(前两列必需)
-        科目: 科目代码, 科目名称, 余额方向(借/贷)(前两列必需)
-      有一行不合格就什么也不导入,并逐行报告"文件:行号: 原因"。
-      公司中已有的代码不更新,按不合格处理。
-
-  workbench info 文件
-      显示公司的记录数、当前期间和用户。
-
-  workbench --help
-      显示本说明。
-
-退出码: 0 成功, 1 导入文件有不合格的行, 2 命令行有误, 3 失败
-)";
+std::unique_ptr<Connection> OpenCompany(const Arguments& arguments, OpenMode mode) {
+  if (!IsConnectionString(arguments.company) && !Exists(arguments.company)) {
+    throw CompanyFileError("文件不存在: " + arguments.company);
+  }
+  return OpenConnection(arguments.company, OptionsOf(arguments, mode));
+}
 
 void Create(const Arguments& arguments, std::ostream& out) {
   CompanyFilePlan plan;
@@ -54,10 +53,17 @@ void Create(const Arguments& arguments, std::ostream& out) {
     plan.large->classes = *arguments.classes;
   }
   const auto start = std::chrono::steady_clock::now();
-  CreateCompanyFile(arguments.file, plan);
+  if (IsConnectionString(arguments.company)) {
+    OdbcConnection server(arguments.company, OptionsOf(arguments, OpenMode::ReadWrite));
+    CreateServerCompany(server, plan, [&out](std::int64_t rows) {
+      out << "已写入 " << rows << " 行\n" << std::flush;
+    });
+  } else {
+    CreateCompanyFile(arguments.company, plan);
+  }
   const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
-  out << "已建立 " << arguments.file << ",用时 " << static_cast<int>(seconds.count() * 10) / 10.0
-      << " 秒\n";
+  out << "已建立 " << ShownLocation(arguments.company) << ",用时 "
+      << static_cast<int>(seconds.count() * 10) / 10.0 << " 秒\n";
 }
 
 std::optional<CsvFile> ReadCsv(const std::optional<std::string>& path) {
@@ -65,32 +71,48 @@ std::optional<CsvFile> ReadCsv(const std::optional<std::string>& path) {
   return CsvFile{*path, ReadFileBytes(*path)};
 }
 
-Database OpenCompany(const std::string& path, Database::Mode mode) {
-  std::error_code ignored;
-  if (!std::filesystem::exists(PathFromUtf8(path), ignored)) {
-    throw CompanyFileError("文件不存在: " + path);
-  }
-  return Database(path, mode);
-}
-
 ExitCode Import(const Arguments& arguments, std::ostream& out, std::ostream& err) {
   const auto items = ReadCsv(arguments.itemsFile);
   const auto accounts = ReadCsv(arguments.accountsFile);
-  const Database company = OpenCompany(arguments.file, Database::Mode::ReadWrite);
-  const ImportResult result = ImportCsv(company.get(), items, accounts);
+  const auto company = OpenCompany(arguments, OpenMode::ReadWrite);
+  const ImportResult result = ImportCsv(*company, items, accounts);
   if (!result.problems.empty()) {
     for (const ImportProblem& problem : result.problems) err << ToText(problem) << '\n';
     err << "共 " << result.problems.size() << " 处不合格,没有导入任何数据\n";
     return kBadData;
   }
+  for (const std::string& file : result.emptyFiles) out << file << ": 只有标题行,没有数据\n";
   out << "已导入物料 " << result.items << " 个,科目 " << result.accounts << " 个\n";
   return kDone;
 }
 
+void WriteNewFile(const std::string& path, const std::string& text) {
+  std::ofstream file(PathFromUtf8(path), std::ios::binary);
+  file << text;
+  file.close();
+  if (!file) throw CompanyFileError("无法写入文件 " + path);
+}
+
+void Export(const Arguments& arguments, std::ostream& out) {
+  for (const auto& path : {arguments.itemsFile, arguments.accountsFile}) {
+    if (path && Exists(*path)) throw CompanyFileError("文件已存在: " + *path);
+  }
+  const auto company = OpenCompany(arguments, OpenMode::ReadOnly);
+  company->RequireCompany();
+  // Both are read before either is written.
+  const std::string items = arguments.itemsFile ? ExportItems(*company) : std::string();
+  const std::string accounts = arguments.accountsFile ? ExportAccounts(*company) : std::string();
+  if (arguments.itemsFile) WriteNewFile(*arguments.itemsFile, items);
+  if (arguments.accountsFile) WriteNewFile(*arguments.accountsFile, accounts);
+  for (const auto& path : {arguments.itemsFile, arguments.accountsFile}) {
+    if (path) out << "已写入 " << *path << '\n';
+  }
+}
+
 void Info(const Arguments& arguments, std::ostream& out) {
-  const Database company = OpenCompany(arguments.file, Database::Mode::ReadOnly);
-  const CompanyInfo info = ReadCompanyInfo(company.get());
-  out << "公司文件: " << arguments.file << "(结构版本 " << info.schemaVersion << ")\n"
+  const auto company = OpenCompany(arguments, OpenMode::ReadOnly);
+  const CompanyInfo info = ReadCompanyInfo(*company);
+  out << "公司: " << ShownLocation(arguments.company) << '\n'
       << "公司名称: " << info.companyName << '\n'
       << "当前期间: " << info.currentYear << "年第" << info.currentPeriod << "期\n"
       << "跌价准备: " << (info.itemClassType == "1" ? "按物料类别" : "按物料") << "("
@@ -106,6 +128,46 @@ void Info(const Arguments& arguments, std::ostream& out) {
   }
 }
 
+ExitCode Check(const Arguments& arguments, std::ostream& out) {
+  const auto company = OpenCompany(arguments, OpenMode::ReadOnly);
+  const std::vector<std::string> findings = CheckCompany(*company);
+  for (const std::string& finding : findings) out << finding << '\n';
+  if (findings.empty()) {
+    out << "没有发现问题\n";
+    return kDone;
+  }
+  out << "共 " << findings.size() << " 个问题\n";
+  return kBadData;
+}
+
+void Tell(const char* kind, const char* free, const std::optional<Explanation>& explanation,
+          std::ostream& out) {
+  if (!explanation) return;
+  out << kind << " " << explanation->subject << ": "
+      << (explanation->reasons.empty() ? free : "不能删除") << '\n';
+  for (const std::string& reason : explanation->reasons) out << "  " << reason << '\n';
+}
+
+void Explain(const Arguments& arguments, std::ostream& out) {
+  const auto company = OpenCompany(arguments, OpenMode::ReadOnly);
+  const auto itemClass = ExplainClass(*company, arguments.target);
+  const auto item = ExplainItem(*company, arguments.target);
+  if (!itemClass && !item) {
+    throw CompanyFileError("公司中没有这个类别或物料: " + arguments.target);
+  }
+  Tell("类别", "可以删除", itemClass, out);
+  Tell("物料", "可以从类别中删除", item, out);
+}
+
+void Backup(const Arguments& arguments, std::ostream& out) {
+  if (IsConnectionString(arguments.company)) {
+    throw CompanyFileError("backup 只用于公司文件;服务器用它自己的备份");
+  }
+  if (!Exists(arguments.company)) throw CompanyFileError("文件不存在: " + arguments.company);
+  BackUpCompanyFile(arguments.company, arguments.target);
+  out << "已备份到 " << arguments.target << ",副本检查无误\n";
+}
+
 ExitCode Run(const Arguments& arguments, std::ostream& out, std::ostream& err) {
   switch (arguments.kind) {
     case CommandKind::Create:
@@ -113,11 +175,22 @@ ExitCode Run(const Arguments& arguments, std::ostream& out, std::ostream& err) {
       break;
     case CommandKind::Import:
       return Import(arguments, out, err);
+    case CommandKind::Export:
+      Export(arguments, out);
+      break;
     case CommandKind::Info:
       Info(arguments, out);
       break;
+    case CommandKind::Check:
+      return Check(arguments, out);
+    case CommandKind::Explain:
+      Explain(arguments, out);
+      break;
+    case CommandKind::Backup:
+      Backup(arguments, out);
+      break;
     case CommandKind::Help:
-      out << kHelp;
+      out << arguments.help;
       break;
   }
   return kDone;

@@ -51,6 +51,12 @@ class Connection {
   virtual std::unique_ptr<RowInserter> PrepareInsert(std::string_view table,
                                                      std::string_view columns) = 0;
 
+  // The company's tables, empty, and the indexes that the library's statements rely on; filling
+  // first and indexing afterwards is far quicker. Call them inside a transaction. Throw SchemaError
+  // or DatabaseError.
+  virtual void CreateTables() = 0;
+  virtual void CreateIndexes() = 0;
+
   // Throws SchemaError when the database is no company, or one of another version.
   virtual void RequireCompany() = 0;
 };

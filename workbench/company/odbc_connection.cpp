@@ -8,6 +8,7 @@
 #include "workbench/company/odbc_inserter.h"
 #include "workbench/company/odbc_session.h"
 #include "workbench/company/schema.h"
+#include "workbench/company/server_schema.h"
 #include "workbench/company/tokenizer.h"
 #include "workbench/company/utf.h"
 
@@ -38,7 +39,9 @@ bool IsConflict(const DatabaseError& error) {
 
 bool IsMissingTable(const DatabaseError& error) {
   const std::u16string_view state = odbc::StateOf(error);
-  return state == u"42S02" || state == u"42P01" || state == u"S0002";
+  if (state == u"42S02" || state == u"42P01" || state == u"S0002") return true;
+  // A driver of one process's database knows no states.
+  return state == u"HY000" && error.Message().find(u"no such table") != std::u16string::npos;
 }
 
 // Longer with every attempt, and not the same for two programs that meet.
@@ -148,17 +151,32 @@ std::unique_ptr<RowInserter> OdbcConnection::PrepareInsert(std::string_view tabl
   return std::make_unique<odbc::Inserter>(session_->Alive(), table, columns);
 }
 
-void OdbcConnection::RequireCompany() {
+void OdbcConnection::CreateTables() {
+  const std::string product = Utf8FromUtf16(session_->Alive().ServerProduct());
+  for (const std::string& table : ServerTables(product)) Execute(Utf16FromUtf8(table));
+}
+
+void OdbcConnection::CreateIndexes() {
+  for (const std::string& index : ServerIndexes()) Execute(Utf16FromUtf8(index));
+}
+
+std::vector<std::string_view> OdbcConnection::MissingTables() {
+  std::vector<std::string_view> missing;
   for (const std::string_view table : kCompanyTables) {
     try {
       Execute(u"SELECT * FROM " + Utf16FromUtf8(table) + u" WHERE 1=0");
     } catch (const DatabaseError& error) {
       if (!IsMissingTable(error)) throw;
-      throw SchemaError("不是公司数据库,没有表 " + std::string(table));
+      missing.push_back(table);
     }
   }
+  return missing;
 }
 
-std::u16string OdbcConnection::ServerProduct() { return session_->Alive().ServerProduct(); }
+void OdbcConnection::RequireCompany() {
+  const std::vector<std::string_view> missing = MissingTables();
+  if (missing.empty()) return;
+  throw SchemaError("不是公司数据库,没有表 " + std::string(missing.front()));
+}
 
 }  // namespace workbench

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "workbench/company/connection.h"
 
@@ -29,10 +30,13 @@ class OdbcConnection final : public Connection {
   void Rollback() noexcept override;
   std::unique_ptr<RowInserter> PrepareInsert(std::string_view table,
                                              std::string_view columns) override;
+  void CreateTables() override;
+  void CreateIndexes() override;
   void RequireCompany() override;
 
-  // The server's product, as its driver names it ("Microsoft SQL Server").
-  std::u16string ServerProduct();
+  // The company's tables that the database does not have. Requires: no transaction. Throws
+  // DatabaseError.
+  std::vector<std::string_view> MissingTables();
 
  private:
   class Session;  // keeps ODBC's headers out of this one

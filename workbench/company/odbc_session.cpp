@@ -87,10 +87,12 @@ void Session::LimitTime(SQLHSTMT statement) const noexcept {
   SQLSetStmtAttrW(statement, SQL_ATTR_QUERY_TIMEOUT, Number(timeout), SQL_IS_UINTEGER);
 }
 
-ResultSet Session::Execute(std::u16string_view text) {
+ResultSet Session::Execute(std::u16string_view text) { return Run(text, options_.cancels); }
+
+ResultSet Session::Run(std::u16string_view text, const std::function<bool()>& cancels) {
   const Handle statement(SQL_HANDLE_STMT, SQL_HANDLE_DBC, Get());
   LimitTime(statement.Get());
-  const CancelWatch watch(statement.Get(), options_.cancels);
+  const CancelWatch watch(statement.Get(), cancels);
   OdbcText sent = ToOdbc(text);
   SQLRETURN state =
       SQLExecDirectW(statement.Get(), sent.data(), static_cast<SQLINTEGER>(sent.size()));
@@ -118,7 +120,7 @@ bool Session::IsKnownDead() const noexcept {
 bool Session::Answers() noexcept {
   if (IsKnownDead()) return false;
   try {
-    Execute(u"SELECT 1");
+    Run(u"SELECT 1", {});
     return true;
   } catch (const std::exception&) {
     return false;

@@ -28,12 +28,14 @@ class Session {
   void Commit();
   void Rollback() noexcept;
 
+  // As the driver names it: "Microsoft SQL Server".
   std::u16string ServerProduct();
   SQLHDBC Get() const noexcept { return connection_.Get(); }
   // Limits a statement as the options say, as far as the driver can.
   void LimitTime(SQLHSTMT statement) const noexcept;
 
  private:
+  ResultSet Run(std::u16string_view text, const std::function<bool()>& cancels);
   bool IsKnownDead() const noexcept;
   void SetAutocommit(bool on);
   void SetIsolation(Isolation isolation) noexcept;

@@ -130,6 +130,10 @@ void SqliteConnection::Rollback() noexcept {
   sqlite3_exec(database_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
 }
 
+void SqliteConnection::CreateTables() { CreateCompanyTables(database_.get()); }
+
+void SqliteConnection::CreateIndexes() { CreateCompanyIndexes(database_.get()); }
+
 void SqliteConnection::RequireCompany() { workbench::RequireCompany(database_.get()); }
 
 std::vector<SqliteConnection::Statement> SqliteConnection::PrepareAll(

@@ -34,6 +34,8 @@ class SqliteConnection final : public Connection {
   void Rollback() noexcept override;
   std::unique_ptr<RowInserter> PrepareInsert(std::string_view table,
                                              std::string_view columns) override;
+  void CreateTables() override;
+  void CreateIndexes() override;
   void RequireCompany() override;
 
   // The open file, for what the dialect has no words for; the connection stays its owner.

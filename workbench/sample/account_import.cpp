@@ -2,6 +2,7 @@
 // transaction around it is the caller's.
 #include <map>
 
+#include "workbench/sample/added_lines.h"
 #include "workbench/sample/company_rows.h"
 #include "workbench/sample/csv_import.h"
 #include "workbench/sample/field_rules.h"
@@ -56,24 +57,23 @@ NewAccount ReadAccount(CsvTable& table) {
 // Two passes: the first gives every line its id, the second finds parents wherever they stand.
 class AccountImport {
  public:
-  AccountImport(sqlite3* company, CsvTable& table)
-      : table_(table),
-        writer_(company),
-        find_(company, "SELECT FAccountID,FLevel,FDC FROM t_account WHERE FNumber=?"),
-        place_(company, "UPDATE t_account SET FLevel=?,FParentID=?,FDC=? WHERE FAccountID=?"),
-        demote_(company, "UPDATE t_account SET FDetail=0 WHERE FAccountID=?"),
-        firstNewId_(static_cast<int>(
-                        QueryInteger(company, "SELECT ifnull(max(FAccountID),0) FROM t_account")) +
-                    1) {}
+  AccountImport(Connection& company, CsvTable& table)
+      : company_(company),
+        table_(table),
+        lines_(company, {"t_account", "FAccountID", "科目代码"}) {}
 
   void AddLines() {
+    CompanyWriter writer(company_);
     while (table_.Next()) {
       NewAccount account = ReadAccount(table_);
-      if (account.row.number.empty() || ReportKnown(account.row.number)) continue;
-      account.row.id = firstNewId_ + static_cast<int>(added_.size());
-      writer_.Add(account.row);
+      if (account.row.number.empty()) continue;
+      account.row.id = lines_.NextId();
+      writer.Add(account.row);
+      lines_.Remember(account.line);
       added_.push_back(std::move(account));
     }
+    writer.Finish();
+    lines_.ReportKnown(table_);
   }
 
   // Short numbers first: a parent has its level and direction before its sub accounts ask.
@@ -83,52 +83,40 @@ class AccountImport {
     for (const auto& [length, account] : byLength) Place(*account);
   }
 
-  int added() const { return static_cast<int>(added_.size()); }
+  int Count() const { return lines_.Count(); }
 
  private:
-  bool ReportKnown(const std::string& number) {
-    find_.Start(number);
-    if (!find_.Step()) return false;
-    const auto id = static_cast<int>(find_.Integer(0));
-    if (id < firstNewId_) {
-      table_.Report("科目代码已在公司中存在:" + number);
-    } else {
-      const int line = added_[static_cast<std::size_t>(id - firstNewId_)].line;
-      table_.Report("科目代码与第 " + std::to_string(line) + " 行重复:" + number);
-    }
-    return true;
-  }
-
   void Place(const NewAccount& account) {
     const std::string parent = ParentNumber(account.row.number);
     if (parent.empty() || HasEmptySegment(account.row.number)) return;
-    find_.Start(parent);
-    if (!find_.Step()) {
+    const ResultSet found = Ask(
+        company_, "SELECT FAccountID,FLevel,FDC FROM t_account WHERE FNumber=" + Literal(parent));
+    if (found.RowCount() == 0) {
       table_.ReportAt(account.line, "上级科目不存在:" + parent);
       return;
     }
-    const auto parentId = static_cast<int>(find_.Integer(0));
-    const auto level = static_cast<int>(find_.Integer(1)) + 1;
-    const bool isDebit = account.hasDirection ? account.row.isDebit : find_.Integer(2) > 0;
-    place_.Run(level, parentId, isDebit ? 1 : -1, account.row.id);
-    demote_.Run(parentId);
+    const std::string parentId = std::to_string(IntegerOf(found.At(0, 0)));
+    const bool isDebit = account.hasDirection ? account.row.isDebit : IntegerOf(found.At(0, 2)) > 0;
+    Ask(company_, "UPDATE t_account SET FLevel=" + std::to_string(IntegerOf(found.At(0, 1)) + 1) +
+                      ",FParentID=" + parentId + ",FDC=" + (isDebit ? "1" : "-1") +
+                      " WHERE FAccountID=" + std::to_string(account.row.id));
+    Ask(company_, "UPDATE t_account SET FDetail=0 WHERE FAccountID=" + parentId);
   }
 
+  Connection& company_;
   CsvTable& table_;
-  CompanyWriter writer_;
-  Statement find_, place_, demote_;
-  int firstNewId_;
+  AddedLines lines_;
   std::vector<NewAccount> added_;
 };
 
 }  // namespace
 
-int ImportAccounts(sqlite3* company, const CsvFile& file, std::vector<ImportProblem>* problems) {
+int ImportAccounts(Connection& company, const CsvFile& file, std::vector<ImportProblem>* problems) {
   CsvTable table(file, kAccountColumns, problems);
   AccountImport import(company, table);
   import.AddLines();
   import.PlaceLines();
-  return import.added();
+  return import.Count();
 }
 
 }  // namespace workbench

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <random>
 
+#include "workbench/company/sqlite_connection.h"
 #include "workbench/sample/file_path.h"
 #include "workbench/sample/sample_company.h"
 #include "workbench/sample/sqlite_handle.h"
@@ -16,32 +17,9 @@ namespace fs = std::filesystem;
 // What SQLite may keep beside a database of that name.
 constexpr const char* kCompanions[] = {"-journal", "-wal", "-shm"};
 
-/// Removes the unfinished file, unless it was kept under its own name.
-class UnfinishedFile {
- public:
-  explicit UnfinishedFile(std::string path) : path_(std::move(path)) {}
-  ~UnfinishedFile() {
-    std::error_code ignored;
-    fs::remove(PathFromUtf8(path_), ignored);
-    for (const char* companion : kCompanions) fs::remove(PathFromUtf8(path_ + companion), ignored);
-  }
-  UnfinishedFile(const UnfinishedFile&) = delete;
-  UnfinishedFile& operator=(const UnfinishedFile&) = delete;
-
-  const std::string& path() const { return path_; }
-
- private:
-  std::string path_;
-};
-
 bool Exists(const std::string& path) {
   std::error_code ignored;
   return fs::exists(fs::symlink_status(PathFromUtf8(path), ignored));
-}
-
-std::string NameBeside(const std::string& path) {
-  std::random_device device;
-  return path + ".part-" + std::to_string(device());
 }
 
 // A log left by a database would be replayed into the file that takes its name. Leaving the
@@ -82,23 +60,37 @@ void Fill(const std::string& path, const CompanyFilePlan& plan) {
   database.Execute("PRAGMA journal_mode=OFF");
   database.Execute("PRAGMA synchronous=FULL");
   database.Execute("PRAGMA cache_size=-262144");
+  SqliteConnection company(database.get());
   if (plan.large) {
     LargeCompanyPlan large = *plan.large;
     large.seed = plan.seed;
-    FillLargeCompany(database.get(), large);
+    FillLargeCompany(company, large);
   } else {
-    FillSampleCompany(database.get(), plan.seed);
+    FillSampleCompany(company, plan.seed);
   }
 }
 
 }  // namespace
 
+UnfinishedFile::UnfinishedFile(const std::string& path) {
+  std::random_device device;
+  path_ = path + ".part-" + std::to_string(device());
+}
+
+UnfinishedFile::~UnfinishedFile() {
+  std::error_code ignored;
+  fs::remove(PathFromUtf8(path_), ignored);
+  for (const char* companion : kCompanions) fs::remove(PathFromUtf8(path_ + companion), ignored);
+}
+
 void CreateCompanyFile(const std::string& path, const CompanyFilePlan& plan) {
   RequireFreeName(path, plan.replaces);
-  const UnfinishedFile unfinished(NameBeside(path));
+  const UnfinishedFile unfinished(path);
   try {
     Fill(unfinished.path(), plan);
   } catch (const SqliteError& error) {
+    throw CompanyFileError("无法建立公司文件 " + path + ": " + error.what());
+  } catch (const DatabaseError& error) {
     throw CompanyFileError("无法建立公司文件 " + path + ": " + error.what());
   }
   // Making a large company takes a while: someone may have used the name since.

@@ -17,6 +17,21 @@ class CompanyFileError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// The name of a file that is made beside `path` and renamed when it is complete; at the end
+/// removes what has still that name.
+class UnfinishedFile {
+ public:
+  explicit UnfinishedFile(const std::string& path);
+  ~UnfinishedFile();
+  UnfinishedFile(const UnfinishedFile&) = delete;
+  UnfinishedFile& operator=(const UnfinishedFile&) = delete;
+
+  const std::string& path() const { return path_; }
+
+ private:
+  std::string path_;
+};
+
 struct CompanyFilePlan {
   std::uint64_t seed = 1;
   /// Set for a company of chosen size; its seed is the one above.
@@ -27,8 +42,8 @@ struct CompanyFilePlan {
 
 /// Makes the company beside `path` (UTF-8) and renames it there when it is complete and on
 /// disk. A file that exists is refused unless the plan replaces it; one that another program
-/// has open is refused in any case. On an exception (CompanyFileError, SchemaError,
-/// SqliteError) `path` is as it was and nothing is left beside it.
+/// has open is refused in any case. On an exception (CompanyFileError, SchemaError)
+/// `path` is as it was and nothing is left beside it.
 void CreateCompanyFile(const std::string& path, const CompanyFilePlan& plan);
 
 }  // namespace workbench

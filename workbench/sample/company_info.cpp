@@ -1,45 +1,44 @@
 // The counting statements behind the figures of a company. It formats nothing for the user.
 #include "workbench/sample/company_info.h"
 
-#include "workbench/company/schema.h"
-#include "workbench/sample/sqlite_handle.h"
+#include <set>
+
+#include "workbench/sample/company_query.h"
 
 namespace workbench {
 namespace {
 
-std::string ReadProfile(sqlite3* company, const char* category, const char* key) {
-  Statement statement(company,
-                      "SELECT FValue FROM t_systemprofile WHERE FCategory=? AND FKey=? LIMIT 1");
-  statement.Start(category, key);
-  return statement.Step() ? statement.Text(0) : std::string();
-}
-
-std::vector<CompanyUser> ReadUsers(sqlite3* company) {
-  Statement statement(company, "SELECT FUserID,FName,FDescription FROM t_user ORDER BY FUserID");
+std::vector<CompanyUser> ReadUsers(Connection& company) {
+  const ResultSet rows =
+      Ask(company, "SELECT FUserID,FName,FDescription FROM t_user ORDER BY FUserID");
   std::vector<CompanyUser> users;
-  while (statement.Step()) {
-    users.push_back({statement.Integer(0), statement.Text(1), statement.Text(2)});
+  for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+    users.push_back({IntegerOf(rows.At(row, 0)), TextOf(rows.At(row, 1)), TextOf(rows.At(row, 2))});
   }
   return users;
 }
 
 }  // namespace
 
-CompanyInfo ReadCompanyInfo(sqlite3* company) {
-  RequireCompany(company);
+CompanyInfo ReadCompanyInfo(Connection& company) {
+  company.RequireCompany();
   CompanyInfo info;
-  info.schemaVersion = CompanySchemaVersion(company);
-  info.companyName = ReadProfile(company, "General", "CompanyName");
+  info.companyName = ProfileOf(company, "General", "CompanyName");
   info.items = QueryInteger(company, "SELECT count(*) FROM t_ICItem");
   info.accounts = QueryInteger(company, "SELECT count(*) FROM t_account");
-  info.classes = QueryInteger(
-      company, "SELECT count(DISTINCT FItemClassNumber COLLATE BINARY) FROM icPriceDownClass");
-  info.classRows = QueryInteger(company, "SELECT count(*) FROM icPriceDownClass");
+  const ResultSet classes = Ask(company, "SELECT FItemClassNumber FROM icPriceDownClass");
+  std::set<std::u16string_view> numbers;
+  for (std::size_t row = 0; row < classes.RowCount(); ++row) {
+    const Cell& number = classes.At(row, 0);
+    if (number.Kind() == CellKind::Text) numbers.insert(number.Text());
+  }
+  info.classes = static_cast<std::int64_t>(numbers.size());
+  info.classRows = static_cast<std::int64_t>(classes.RowCount());
   info.provisions = QueryInteger(company, "SELECT count(*) FROM ICPriceDownPrepare");
   info.vouchers = QueryInteger(company, "SELECT count(*) FROM t_voucher");
-  info.currentYear = ReadProfile(company, "IC", "CurrentYear");
-  info.currentPeriod = ReadProfile(company, "IC", "CurrentPeriod");
-  info.itemClassType = ReadProfile(company, "IC", "PriceDownPrepare");
+  info.currentYear = ProfileOf(company, "IC", "CurrentYear");
+  info.currentPeriod = ProfileOf(company, "IC", "CurrentPeriod");
+  info.itemClassType = ProfileOf(company, "IC", "PriceDownPrepare");
   info.users = ReadUsers(company);
   return info;
 }

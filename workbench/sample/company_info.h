@@ -1,11 +1,11 @@
 // What a company holds, in figures. It reads only.
 #pragma once
 
-#include <sqlite3.h>
-
 #include <cstdint>
 #include <string>
 #include <vector>
+
+#include "workbench/company/connection.h"
 
 namespace workbench {
 
@@ -16,7 +16,6 @@ struct CompanyUser {
 };
 
 struct CompanyInfo {
-  int schemaVersion = 0;
   std::string companyName;
   std::int64_t items = 0;
   std::int64_t accounts = 0;
@@ -30,8 +29,7 @@ struct CompanyInfo {
   std::vector<CompanyUser> users;
 };
 
-/// Throws SchemaError when `company` is no company, SqliteError when it cannot be read.
-/// Requires: RegisterServerText was called on `company`.
-CompanyInfo ReadCompanyInfo(sqlite3* company);
+/// Throws SchemaError when `company` is no company, DatabaseError when it cannot be read.
+CompanyInfo ReadCompanyInfo(Connection& company);
 
 }  // namespace workbench

@@ -1,65 +1,98 @@
-// The INSERT of each company table. It validates nothing: rows are taken as they are.
+// The columns of each company table and their values. It validates nothing: rows are taken as they
+// are.
 #include "workbench/sample/company_rows.h"
 
 namespace workbench {
+namespace {
 
-CompanyWriter::CompanyWriter(sqlite3* database)
-    : account_(database,
-               "INSERT INTO t_account(FAccountID,FNumber,FName,FLevel,FParentID,FDetail,FDC)"
-               "VALUES(?,?,?,?,?,?,?)"),
-      item_(database,
-            "INSERT INTO t_ICItem(FItemID,FNumber,FShortNumber,FName,FModel,FErpClsID,FUnitName,"
-            "FPlanPrice,FSalePrice)VALUES(?,?,?,?,?,?,?,?,?)"),
-      class_(database,
-             "INSERT INTO icPriceDownClass(FItemID,FItemClassNumber,FItemClassName,FAPAccID,"
-             "FAPNumber,FARAccID,FARNumber,FPencentPrepare)VALUES(?,?,?,?,?,?,?,?)"),
-      provision_(database,
-                 "INSERT INTO ICPriceDownPrepare(FItemID,FYear,FPeriod,FHaveAdd,FCurrentAdd)"
-                 "VALUES(?,?,?,?,?)"),
-      voucher_(database,
-               "INSERT INTO t_voucher(FVoucherID,FYear,FPeriod,FDate,FGroup,FNumber,FTranType,"
-               "FInternalInd,FExplanation)VALUES(?,?,?,?,'记',?,?,?,?)"),
-      profile_(database, "INSERT INTO t_systemprofile(FCategory,FKey,FValue)VALUES(?,?,?)"),
-      user_(database, "INSERT INTO t_user(FUserID,FName,FDescription)VALUES(?,?,?)"),
-      right_(database,
-             "INSERT INTO t_UserRight(FUserID,FObjectType,FObjectID,FAccessMask)VALUES(?,?,?,?)"),
-      setting_(database,
-               "INSERT INTO t_UserSetting(FUserID,FCategory,FKey,FValue)VALUES(?,?,?,?)") {}
+struct TableColumns {
+  std::string_view table;
+  std::string_view columns;
+};
+
+// In the order of CompanyWriter::Table.
+constexpr TableColumns kTables[] = {
+    {"t_account", "FAccountID,FNumber,FName,FLevel,FParentID,FDetail,FDC"},
+    {"t_ICItem",
+     "FItemID,FNumber,FShortNumber,FName,FModel,FErpClsID,FUnitName,FPlanPrice,FSalePrice"},
+    {"icPriceDownClass",
+     "FItemID,FItemClassNumber,FItemClassName,FAPAccID,FAPNumber,FARAccID,FARNumber,"
+     "FPencentPrepare"},
+    {"ICPriceDownPrepare", "FItemID,FYear,FPeriod,FHaveAdd,FCurrentAdd"},
+    {"t_voucher", "FYear,FPeriod,FDate,FGroup,FNumber,FTranType,FInternalInd,FExplanation"},
+    {"t_systemprofile", "FCategory,FKey,FValue"},
+    {"t_user", "FUserID,FName,FDescription"},
+    {"t_UserRight", "FUserID,FObjectType,FObjectID,FAccessMask"},
+    {"t_UserSetting", "FUserID,FCategory,FKey,FValue"},
+};
+
+InsertValue Of(int value) { return std::int64_t{value}; }
+InsertValue Of(double value) { return value; }
+InsertValue Of(const std::string& value) { return std::string_view(value); }
+InsertValue Of(const char* value) { return std::string_view(value); }
+template <class Value>
+InsertValue Of(const std::optional<Value>& value) {
+  return value ? Of(*value) : InsertValue();
+}
+
+}  // namespace
+
+CompanyWriter::CompanyWriter(Connection& company, Progress progress)
+    : progress_(std::move(progress)) {
+  for (const TableColumns& each : kTables) {
+    tables_.push_back(company.PrepareInsert(each.table, each.columns));
+  }
+}
+
+void CompanyWriter::Insert(Table table, std::initializer_list<InsertValue> row) {
+  tables_[table]->Insert({row.begin(), row.size()});
+  if (++rows_ % kProgressRows == 0 && progress_) progress_(rows_);
+}
+
+void CompanyWriter::Finish() {
+  for (const auto& table : tables_) table->Finish();
+}
 
 void CompanyWriter::Add(const AccountRow& row) {
-  account_.Run(row.id, row.number, row.name, row.level, row.parentId, row.isDetail ? 1 : 0,
-               row.isDebit ? 1 : -1);
+  Insert(kAccount, {Of(row.id), Of(row.number), Of(row.name), Of(row.level), Of(row.parentId),
+                    Of(row.isDetail ? 1 : 0), Of(row.isDebit ? 1 : -1)});
 }
 
 void CompanyWriter::Add(const ItemRow& row) {
-  item_.Run(row.id, row.number, row.shortNumber, row.name, row.model, row.category, row.unit,
-            row.planPrice, row.salePrice);
+  Insert(kItem, {Of(row.id), Of(row.number), Of(row.shortNumber), Of(row.name), Of(row.model),
+                 Of(row.category), Of(row.unit), Of(row.planPrice), Of(row.salePrice)});
 }
 
 void CompanyWriter::Add(const ClassRow& row) {
-  class_.Run(row.itemId, row.number, row.name, row.lossAccountId, row.lossAccount,
-             row.reserveAccountId, row.reserveAccount, row.percentage);
+  Insert(kClass,
+         {Of(row.itemId), Of(row.number), Of(row.name), Of(row.lossAccountId), Of(row.lossAccount),
+          Of(row.reserveAccountId), Of(row.reserveAccount), Of(row.percentage)});
 }
 
 void CompanyWriter::Add(const ProvisionRow& row) {
-  provision_.Run(row.itemId, row.year, row.period, row.haveAdd, row.currentAdd);
+  Insert(kProvision,
+         {Of(row.itemId), Of(row.year), Of(row.period), Of(row.haveAdd), Of(row.currentAdd)});
 }
 
 void CompanyWriter::Add(const VoucherRow& row) {
-  voucher_.Run(row.id, row.year, row.period, row.date, row.number, row.tranType, row.internalInd,
-               row.explanation);
+  Insert(kVoucher, {Of(row.year), Of(row.period), Of(row.date), Of("记"), Of(row.number),
+                    Of(row.tranType), Of(row.internalInd), Of(row.explanation)});
 }
 
-void CompanyWriter::Add(const ProfileRow& row) { profile_.Run(row.category, row.key, row.value); }
+void CompanyWriter::Add(const ProfileRow& row) {
+  Insert(kProfile, {Of(row.category), Of(row.key), Of(row.value)});
+}
 
-void CompanyWriter::Add(const UserRow& row) { user_.Run(row.id, row.name, row.description); }
+void CompanyWriter::Add(const UserRow& row) {
+  Insert(kUser, {Of(row.id), Of(row.name), Of(row.description)});
+}
 
 void CompanyWriter::Add(const RightRow& row) {
-  right_.Run(row.userId, row.objectType, row.objectNumber, row.mask);
+  Insert(kRight, {Of(row.userId), Of(row.objectType), Of(row.objectNumber), Of(row.mask)});
 }
 
 void CompanyWriter::Add(const UserSettingRow& row) {
-  setting_.Run(row.userId, row.category, row.key, row.value);
+  Insert(kSetting, {Of(row.userId), Of(row.category), Of(row.key), Of(row.value)});
 }
 
 }  // namespace workbench

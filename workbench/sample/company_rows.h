@@ -3,10 +3,14 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <initializer_list>
+#include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
-#include "workbench/sample/sqlite_handle.h"
+#include "workbench/company/connection.h"
 
 namespace workbench {
 
@@ -53,7 +57,6 @@ struct ProvisionRow {
 };
 
 struct VoucherRow {
-  int id = 0;
   int year = 0;
   int period = 0;
   std::string date;
@@ -89,16 +92,21 @@ struct UserSettingRow {
   std::optional<std::string> value;
 };
 
-/// Inserts rows through statements prepared once. Requires: the company's tables exist and
-/// `database` outlives the writer. Every Add throws SqliteError.
+/// Inserts rows, many at a time where the company is on a server. Requires: the company's tables
+/// exist and the connection outlives the writer. Add and Finish throw DatabaseError.
 class CompanyWriter {
  public:
-  explicit CompanyWriter(sqlite3* database);
+  /// Called with the number of rows so far, every `kProgressRows` rows. May be empty.
+  using Progress = std::function<void(std::int64_t rows)>;
+  static constexpr std::int64_t kProgressRows = 50000;
+
+  explicit CompanyWriter(Connection& company, Progress progress = {});
 
   void Add(const AccountRow& row);
   void Add(const ItemRow& row);
   void Add(const ClassRow& row);
   void Add(const ProvisionRow& row);
+  /// Vouchers number themselves, from 1 in an empty table.
   void Add(const VoucherRow& row);
   void Add(const ProfileRow& row);
   void Add(const UserRow& row);
@@ -110,8 +118,17 @@ class CompanyWriter {
     for (const auto& row : rows) Add(row);
   }
 
+  /// Sends the rows that wait. Without it they may be missing.
+  void Finish();
+
  private:
-  Statement account_, item_, class_, provision_, voucher_, profile_, user_, right_, setting_;
+  enum Table { kAccount, kItem, kClass, kProvision, kVoucher, kProfile, kUser, kRight, kSetting };
+
+  void Insert(Table table, std::initializer_list<InsertValue> row);
+
+  std::vector<std::unique_ptr<RowInserter>> tables_;
+  Progress progress_;
+  std::int64_t rows_ = 0;
 };
 
 }  // namespace workbench

@@ -2,17 +2,13 @@
 #include "workbench/sample/csv_import.h"
 
 #include <algorithm>
-
-#include "workbench/company/schema.h"
-#include "workbench/sample/sqlite_handle.h"
-
 namespace workbench {
 
 namespace {
 
-using Importer = int (*)(sqlite3*, const CsvFile&, std::vector<ImportProblem>*);
+using Importer = int (*)(Connection&, const CsvFile&, std::vector<ImportProblem>*);
 
-int ImportFile(Importer importer, sqlite3* company, const std::optional<CsvFile>& file,
+int ImportFile(Importer importer, Connection& company, const std::optional<CsvFile>& file,
                std::vector<ImportProblem>* problems) {
   if (!file) return 0;
   std::vector<ImportProblem> found;
@@ -26,14 +22,16 @@ int ImportFile(Importer importer, sqlite3* company, const std::optional<CsvFile>
 
 }  // namespace
 
-ImportResult ImportCsv(sqlite3* company, const std::optional<CsvFile>& items,
+ImportResult ImportCsv(Connection& company, const std::optional<CsvFile>& items,
                        const std::optional<CsvFile>& accounts) {
-  RequireCompany(company);
+  company.RequireCompany();
   ImportResult result;
   Transaction transaction(company);
   result.items = ImportFile(ImportItems, company, items, &result.problems);
   result.accounts = ImportFile(ImportAccounts, company, accounts, &result.problems);
   if (result.problems.empty()) {
+    if (items && result.items == 0) result.emptyFiles.push_back(items->name);
+    if (accounts && result.accounts == 0) result.emptyFiles.push_back(accounts->name);
     transaction.Commit();
     return result;
   }

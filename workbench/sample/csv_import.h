@@ -3,11 +3,10 @@
 // account.
 #pragma once
 
-#include <sqlite3.h>
-
 #include <optional>
 #include <vector>
 
+#include "workbench/company/connection.h"
 #include "workbench/sample/csv_table.h"
 
 namespace workbench {
@@ -15,23 +14,25 @@ namespace workbench {
 struct ImportResult {
   int items = 0;     ///< items added
   int accounts = 0;  ///< accounts added
+  /// Files that hold a header and no line.
+  std::vector<std::string> emptyFiles;
   /// Everything wrong, by file and line. When not empty nothing was added.
   std::vector<ImportProblem> problems;
 };
 
 /// Checks every line of both files and adds all of them or none, in one transaction.
 /// A code that the company already holds is refused like one that stands twice in the file.
-/// Throws SchemaError when `company` is no company, SqliteError when the database fails;
+/// Throws SchemaError when `company` is no company, DatabaseError when the database fails;
 /// also then nothing was added.
-/// Requires: RegisterServerText was called on `company`, no transaction is open.
-ImportResult ImportCsv(sqlite3* company, const std::optional<CsvFile>& items,
+/// Requires: no transaction is open.
+ImportResult ImportCsv(Connection& company, const std::optional<CsvFile>& items,
                        const std::optional<CsvFile>& accounts);
 
-/// Adds the lines of an items file, the good ones at once; returns how many.
+/// Adds the lines of an items file; returns how many were good.
 /// Requires: a transaction, to be rolled back when `problems` has grown.
-int ImportItems(sqlite3* company, const CsvFile& file, std::vector<ImportProblem>* problems);
+int ImportItems(Connection& company, const CsvFile& file, std::vector<ImportProblem>* problems);
 
 /// The same for an accounts file. A parent may stand after its sub accounts.
-int ImportAccounts(sqlite3* company, const CsvFile& file, std::vector<ImportProblem>* problems);
+int ImportAccounts(Connection& company, const CsvFile& file, std::vector<ImportProblem>* problems);
 
 }  // namespace workbench

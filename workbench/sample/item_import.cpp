@@ -1,5 +1,6 @@
-// Items from CSV: the columns, the rules of a line and the search for codes that exist. The
+// Items from CSV: the columns, and the rules of a line. The
 // transaction around it is the caller's.
+#include "workbench/sample/added_lines.h"
 #include "workbench/sample/company_rows.h"
 #include "workbench/sample/csv_import.h"
 #include "workbench/sample/field_rules.h"
@@ -42,56 +43,23 @@ ItemRow ReadItem(CsvTable& table) {
   return item;
 }
 
-// Asks the database, because only it compares codes as the company does.
-class KnownItems {
- public:
-  explicit KnownItems(sqlite3* company)
-      : find_(company, "SELECT FItemID FROM t_ICItem WHERE FNumber=?"),
-        firstNewId_(
-            static_cast<int>(QueryInteger(company, "SELECT ifnull(max(FItemID),0) FROM t_ICItem")) +
-            1) {}
-
-  int NextId() const { return firstNewId_ + static_cast<int>(lines_.size()); }
-
-  /// True, and reported, when an item of that code is there already.
-  bool ReportKnown(CsvTable& table, const std::string& number) {
-    find_.Start(number);
-    if (!find_.Step()) return false;
-    const auto id = static_cast<int>(find_.Integer(0));
-    if (id < firstNewId_) {
-      table.Report("物料代码已在公司中存在:" + number);
-    } else {
-      const int line = lines_[static_cast<std::size_t>(id - firstNewId_)];
-      table.Report("物料代码与第 " + std::to_string(line) + " 行重复:" + number);
-    }
-    return true;
-  }
-
-  void Remember(int line) { lines_.push_back(line); }
-
- private:
-  Statement find_;
-  int firstNewId_;
-  std::vector<int> lines_;  // of the items added, by id
-};
-
 }  // namespace
 
-int ImportItems(sqlite3* company, const CsvFile& file, std::vector<ImportProblem>* problems) {
+int ImportItems(Connection& company, const CsvFile& file, std::vector<ImportProblem>* problems) {
   CsvTable table(file, kItemColumns, problems);
-  KnownItems known(company);
+  AddedLines lines(company, {"t_ICItem", "FItemID", "物料代码"});
   CompanyWriter writer(company);
-  int added = 0;
   while (table.Next()) {
     ItemRow item = ReadItem(table);
     // A line with another fault still claims its code, so that a later duplicate is seen too.
-    if (item.number.empty() || known.ReportKnown(table, item.number)) continue;
-    item.id = known.NextId();
+    if (item.number.empty()) continue;
+    item.id = lines.NextId();
     writer.Add(item);
-    known.Remember(table.line());
-    ++added;
+    lines.Remember(table.line());
   }
-  return added;
+  writer.Finish();
+  lines.ReportKnown(table);
+  return lines.Count();
 }
 
 }  // namespace workbench

@@ -8,7 +8,6 @@
 #include <string_view>
 #include <vector>
 
-#include "workbench/company/schema.h"
 #include "workbench/sample/company_rows.h"
 #include "workbench/sample/decimal.h"
 #include "workbench/sample/item_families.h"
@@ -117,12 +116,12 @@ class LargeCompany {
 
 }  // namespace
 
-void FillLargeCompany(sqlite3* database, const LargeCompanyPlan& plan) {
+void AddLargeCompany(Connection& company, const LargeCompanyPlan& plan,
+                     CompanyWriter::Progress progress) {
   const auto accounts = MakeAccounts();
-  Transaction transaction(database);
-  CreateCompanyTables(database);
+  company.CreateTables();
   {
-    CompanyWriter writer(database);
+    CompanyWriter writer(company, std::move(progress));
     writer.AddAll(accounts);
     LargeCompany(plan, accounts, &writer).Fill();
     writer.AddAll(MakeVouchers(plan.seed));
@@ -130,8 +129,15 @@ void FillLargeCompany(sqlite3* database, const LargeCompanyPlan& plan) {
     writer.AddAll(MakeUsers());
     writer.AddAll(MakeRights());
     writer.AddAll(MakeUserSettings());
+    writer.Finish();
   }
-  CreateCompanyIndexes(database);
+  company.CreateIndexes();
+}
+
+void FillLargeCompany(Connection& company, const LargeCompanyPlan& plan,
+                      CompanyWriter::Progress progress) {
+  Transaction transaction(company);
+  AddLargeCompany(company, plan, std::move(progress));
   transaction.Commit();
 }
 

@@ -2,9 +2,9 @@
 // company is the one with the awkward rows.
 #pragma once
 
-#include <sqlite3.h>
-
 #include <cstdint>
+
+#include "workbench/sample/company_rows.h"
 
 namespace workbench {
 
@@ -17,13 +17,18 @@ struct LargeCompanyPlan {
   int classes = kMostClasses;  ///< 1 to kMostClasses, and not above items
 };
 
-/// Makes the company's tables in an empty database and fills them. Every item is a member of
+/// Makes the company's tables in a database without them and fills them. Every item is a member of
 /// exactly one class, every class has items/classes members, rounded either way; about one
 /// item in fifty has a category that is never listed; the members of every tenth class have
 /// provision history. Accounts, vouchers, users and profiles are those of the sample company.
-/// Same plan, same rows. One transaction: on an exception (SchemaError, SqliteError) the
+/// Same plan, same rows. One transaction: on an exception (SchemaError, DatabaseError) the
 /// database is empty again.
-/// Requires: the plan is within its limits; RegisterServerText was called on `database`.
-void FillLargeCompany(sqlite3* database, const LargeCompanyPlan& plan);
+/// Requires: the plan is within its limits.
+void FillLargeCompany(Connection& company, const LargeCompanyPlan& plan,
+                      CompanyWriter::Progress progress = {});
+
+/// The same inside a transaction of the caller's.
+void AddLargeCompany(Connection& company, const LargeCompanyPlan& plan,
+                     CompanyWriter::Progress progress = {});
 
 }  // namespace workbench

@@ -2,7 +2,6 @@
 // files beside it.
 #include "workbench/sample/sample_company.h"
 
-#include "workbench/company/schema.h"
 #include "workbench/sample/company_rows.h"
 #include "workbench/sample/sample_classes.h"
 #include "workbench/sample/sample_items.h"
@@ -12,15 +11,14 @@
 
 namespace workbench {
 
-void FillSampleCompany(sqlite3* database, std::uint64_t seed) {
+void AddSampleCompany(Connection& company, std::uint64_t seed, CompanyWriter::Progress progress) {
   const auto accounts = MakeAccounts();
   const auto items = MakeSampleItems(seed);
   const auto classRows = MakeClassRows(items, accounts, seed);
 
-  Transaction transaction(database);
-  CreateCompanyTables(database);
+  company.CreateTables();
   {
-    CompanyWriter writer(database);
+    CompanyWriter writer(company, std::move(progress));
     writer.AddAll(accounts);
     writer.AddAll(items);
     writer.AddAll(classRows);
@@ -30,8 +28,14 @@ void FillSampleCompany(sqlite3* database, std::uint64_t seed) {
     writer.AddAll(MakeUsers());
     writer.AddAll(MakeRights());
     writer.AddAll(MakeUserSettings());
+    writer.Finish();
   }
-  CreateCompanyIndexes(database);
+  company.CreateIndexes();
+}
+
+void FillSampleCompany(Connection& company, std::uint64_t seed, CompanyWriter::Progress progress) {
+  Transaction transaction(company);
+  AddSampleCompany(company, seed, std::move(progress));
   transaction.Commit();
 }
 

@@ -119,7 +119,6 @@ class VoucherMaker {
            std::optional<std::string> internalInd, const char* explanation) {
     if (rows_->empty() || rows_->back().period != period) number_ = 0;
     VoucherRow row;
-    row.id = static_cast<int>(rows_->size()) + 1;
     row.year = year;
     row.period = period;
     row.date = DateText(year, period, day);

@@ -95,22 +95,6 @@ void Statement::Require(int status) const {
   }
 }
 
-Transaction::Transaction(sqlite3* database) : database_(database) {
-  ExecuteOn(database, "BEGIN IMMEDIATE");
-}
-
-Transaction::~Transaction() {
-  // SQLite ends a transaction by itself after some failures; there is then nothing to undo.
-  if (open_ && sqlite3_get_autocommit(database_) == 0) {
-    sqlite3_exec(database_, "ROLLBACK", nullptr, nullptr, nullptr);
-  }
-}
-
-void Transaction::Commit() {
-  ExecuteOn(database_, "COMMIT");
-  open_ = false;
-}
-
 std::int64_t QueryInteger(sqlite3* database, std::string_view sql) {
   Statement statement(database, sql);
   return statement.Step() ? statement.Integer(0) : 0;

@@ -102,21 +102,6 @@ class Statement {
   std::unique_ptr<sqlite3_stmt, Finalizer> handle_;
 };
 
-/// Begins an immediate transaction; rolls it back unless Commit was called.
-class Transaction {
- public:
-  explicit Transaction(sqlite3* database);
-  ~Transaction();
-  Transaction(const Transaction&) = delete;
-  Transaction& operator=(const Transaction&) = delete;
-
-  void Commit();
-
- private:
-  sqlite3* database_;
-  bool open_ = true;
-};
-
 /// The first column of the first row as a whole number, 0 without rows. Throws SqliteError.
 std::int64_t QueryInteger(sqlite3* database, std::string_view sql);
 

@@ -6,6 +6,7 @@
 #include "platform/error.h"
 #include "platform/text.h"
 #include "workbench/company/database_error.h"
+#include "workbench/company/schema.h"
 
 namespace workbench {
 
@@ -45,9 +46,14 @@ auto SuiteState::OnCompany(Use&& use) {
 
 void SuiteState::OpenCompany(std::u16string_view location) {
   try {
-    company = OpenConnection(pricedown::ToUtf8(location), options);
+    std::unique_ptr<Connection> opened = OpenConnection(pricedown::ToUtf8(location), options);
+    opened->RequireCompany();
+    company = std::move(opened);
   } catch (const DatabaseError& error) {
     throw AutomationError(pricedown::ErrorNumber::Unspecified, error.Message(),
+                          std::u16string(kConnectionSource));
+  } catch (const SchemaError& error) {
+    throw AutomationError(pricedown::ErrorNumber::Unspecified, pricedown::FromUtf8(error.what()),
                           std::u16string(kConnectionSource));
   }
 }

@@ -22,7 +22,7 @@ struct SuiteState {
   std::unique_ptr<Pickers> pickers = std::make_unique<QueuedPickers>();
 
   // Opens the company at a path or a connection string in place of the one before. Throws
-  // AutomationError and then keeps the one before.
+  // AutomationError, also for a database that is no company, and then keeps the one before.
   void OpenCompany(std::u16string_view location);
 
   // Runs a statement on the company. Throws AutomationError when there is none, or when the

@@ -1,0 +1,94 @@
+// What `explain` says against what the library's own guards do, on made-up companies.
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "tests/integration/control_fixture.h"
+#include "workbench/sample/company_explain.h"
+
+namespace workbench {
+namespace {
+
+using pricedown::Concatenate;
+using pricedown::FormTool;
+using pricedown::NumberText;
+
+class ExplainOnCompany : public ControlOnCompany {
+ protected:
+  std::int32_t Draw(std::int32_t below) {
+    return static_cast<std::int32_t>(random_() % static_cast<std::uint32_t>(below));
+  }
+
+  // Few rows of each kind, so that both answers come often.
+  void MakeUpACompany() {
+    Run(u"DELETE FROM icPriceDownClass DELETE FROM ICPriceDownPrepare DELETE FROM t_voucher");
+    for (std::int32_t id = 1; id <= 12; ++id) {
+      Run(Concatenate({u"UPDATE t_ICItem SET FErpClsID=", NumberText(Draw(4) == 0 ? 6 : 1),
+                       u" WHERE FItemID=", NumberText(id)}));
+    }
+    for (const char16_t* number : {u"A1", u"B1"}) {
+      std::vector<std::int32_t> members;
+      for (std::int32_t i = 1 + Draw(3); i > 0; --i) members.push_back(1 + Draw(13));
+      InsertClass(number, u"类", members);
+    }
+    for (std::int32_t i = Draw(4); i > 0; --i) {
+      AddProvision(1 + Draw(13), 2007 + Draw(3), 1 + Draw(5), Draw(2));
+    }
+    if (Draw(4) == 0) AddVoucher();
+  }
+
+  bool IsFree(const std::optional<Explanation>& explanation) {
+    return explanation.has_value() && explanation->reasons.empty();
+  }
+
+  std::mt19937 random_{20080301};
+};
+
+TEST_F(ExplainOnCompany, CallsAClassFreeExactlyWhenItCanBeDeleted) {
+  int deleted = 0;
+  constexpr int kCompanies = 1500;
+  for (int i = 0; i < kCompanies; ++i) {
+    MakeUpACompany();
+    const bool isFree = IsFree(ExplainClass(*suite_->company, "A1"));
+    Open();
+    Select(u"A1");
+    questions.WillAnswer({true, true});
+    Command(u"Del");
+    const bool isGone = !ExplainClass(*suite_->company, "A1").has_value();
+    ASSERT_EQ(isFree, isGone) << "company " << i << "\n" << Messages();
+    deleted += isGone ? 1 : 0;
+  }
+  EXPECT_GT(deleted, kCompanies / 10);
+  EXPECT_LT(deleted, kCompanies * 9 / 10);
+}
+
+TEST_F(ExplainOnCompany, CallsAnItemFreeExactlyWhenItCanBeRemoved) {
+  int removed = 0;
+  int listed = 0;
+  for (int i = 0; i < 1500; ++i) {
+    MakeUpACompany();
+    Open();
+    Select(u"A1");
+    if (control->ItemCells().MaxRows() < 1) continue;
+    const std::string code = pricedown::ToUtf8(control->ItemCells().Text(1, 1));
+    if (code.empty()) continue;
+    ++listed;
+    const bool isFree = IsFree(ExplainItem(*suite_->company, code));
+    bool isGone = false;
+    Command(u"Edit", [&] {
+      const std::int32_t before = editor.list.Rows().Items();
+      Remove({2});
+      isGone = editor.list.Rows().Items() < before;
+      questions.WillAnswer({false});
+      editor.Click(FormTool::Exit);
+    });
+    ASSERT_EQ(isFree, isGone) << "company " << i << " item " << code << "\n" << Messages();
+    removed += isGone ? 1 : 0;
+  }
+  EXPECT_GT(listed, 500);
+  EXPECT_GT(removed, listed / 10);
+  EXPECT_LT(removed, listed);
+}
+
+}  // namespace
+}  // namespace workbench

@@ -1,0 +1,202 @@
+// The connection is lost at every statement of every command, before or after the server has
+// carried it out: what is stored, what the form keeps, and that the command works again.
+#include <gtest/gtest.h>
+
+#include "platform/error.h"
+#include "tests/integration/control_fixture.h"
+
+namespace workbench {
+namespace {
+
+using pricedown::AutomationError;
+using pricedown::FormField;
+using pricedown::FormTool;
+
+// Loses one statement or its answer, and has a new connection for the next one.
+class LossyConnection final : public Connection {
+ public:
+  explicit LossyConnection(std::unique_ptr<Connection> company) : company_(std::move(company)) {}
+
+  ResultSet Execute(std::u16string_view text) override {
+    const bool isLost = ++sent == lostStatement;
+    if (isLost && !isCarriedOut) Lose();
+    ResultSet result = company_->Execute(text);
+    if (isLost) Lose();
+    return result;
+  }
+  void Begin() override { company_->Begin(); }
+  void Commit() override { company_->Commit(); }
+  void Rollback() noexcept override { company_->Rollback(); }
+  std::unique_ptr<RowInserter> PrepareInsert(std::string_view table,
+                                             std::string_view columns) override {
+    return company_->PrepareInsert(table, columns);
+  }
+  void CreateTables() override { company_->CreateTables(); }
+  void CreateIndexes() override { company_->CreateIndexes(); }
+  void RequireCompany() override { company_->RequireCompany(); }
+
+  int sent = 0;
+  int lostStatement = 0;
+  bool isCarriedOut = false;
+  bool hasLost = false;
+
+ private:
+  void Lose() {
+    hasLost = true;
+    throw DatabaseError(u"[08S01] 连接已断开", 0);
+  }
+
+  std::unique_ptr<Connection> company_;
+};
+
+constexpr const char* kEdited =
+    "A1|材料|1|1051|5711|1023|1281.1|12.5\n"
+    "A1|材料|2|1051|5711|1023|1281.1|12.5\n"
+    "A1|材料|3|1051|5711|1023|1281.1|12.5\n";
+constexpr const char* kAdded = "C1|包装物|7|1051|5711|1023|1281.1|3.25\n";
+
+class LostConnection : public ControlOnCompany {
+ protected:
+  LostConnection() {
+    auto lossy = std::make_unique<LossyConnection>(std::move(suite_->company));
+    server_ = lossy.get();
+    suite_->company = std::move(lossy);
+    Open();
+  }
+
+  void ResetCompany() {
+    Run(u"delete from icPriceDownClass");
+    Run(u"delete from ICPriceDownPrepare");
+    InsertClass(u"A1", u"原材料", {1, 2, 3});
+    InsertClass(u"B1", u"成品", {4, 5});
+    AddProvision(2, 2008, 3, 5);
+    pickers->items.clear();
+    questions.ForgetAnswers();
+    Command(u"");
+  }
+
+  // The command with each of its statements lost in turn, both ways, until none is.
+  void LoseEachStatement(const std::function<void()>& scenario) {
+    for (const bool isCarriedOut : {false, true}) {
+      int losses = 0;
+      do {
+        ASSERT_LT(losses, 100);
+        ResetCompany();
+        Select(u"A1");
+        server_->isCarriedOut = isCarriedOut;
+        nextLoss_ = ++losses;
+        SCOPED_TRACE(::testing::Message() << "statement " << losses << " lost "
+                                          << (isCarriedOut ? "after" : "before") << " it ran");
+        scenario();
+        if (HasFatalFailure()) return;
+      } while (server_->hasLost);
+      losses_ += losses - 1;
+    }
+  }
+  // The step in which a statement is lost; whether the user was told.
+  bool Try(const std::function<void()>& step) {
+    server_->sent = 0;
+    server_->hasLost = false;
+    server_->lostStatement = nextLoss_;
+    bool isTold = false;
+    try {
+      step();
+    } catch (const AutomationError& error) {
+      isTold = true;
+      EXPECT_EQ(pricedown::ToUtf8(error.Description()), "[08S01] 连接已断开");
+    }
+    server_->lostStatement = 0;
+    return isTold;
+  }
+
+  LossyConnection* server_ = nullptr;
+  int nextLoss_ = 0;
+  int losses_ = 0;
+};
+
+TEST_F(LostConnection, KeepsWhatWasTypedAndSavesItWhenTheServerIsBack) {
+  LoseEachStatement([&] {
+    Command(u"Edit", [&] {
+      Type(FormField::ClassName, u"材料");
+      if (Try([&] { editor.Click(FormTool::Save); })) {
+        ASSERT_TRUE(editor.Shown().State().loaded);
+        EXPECT_EQ(pricedown::ToUtf8(editor.view.Text(FormField::ClassName)), "材料");
+        EXPECT_TRUE(Classes() == std::string(kA1) + kB1 || Classes() == std::string(kEdited) + kB1);
+        editor.Click(FormTool::Save);
+      }
+      EXPECT_EQ(Classes(), std::string(kEdited) + kB1);
+      questions.WillAnswer({false});
+      editor.Click(FormTool::Exit);
+    });
+  });
+  EXPECT_GE(losses_, 8);
+}
+
+TEST_F(LostConnection, AddsANewClassOnce) {
+  LoseEachStatement([&] {
+    Command(u"Add", [&] {
+      Type(u"C1", u"包装物", u"3.25");
+      Pick({7});
+      if (Try([&] { editor.Click(FormTool::Save); })) {
+        EXPECT_EQ(pricedown::ToUtf8(editor.view.Text(FormField::ClassName)), "包装物");
+        editor.Click(FormTool::Save);
+      }
+      EXPECT_EQ(Classes(), std::string(kA1) + kB1 + kAdded);
+      questions.WillAnswer({false});
+      editor.Click(FormTool::Exit);
+    });
+  });
+  EXPECT_GE(losses_, 8);
+}
+
+TEST_F(LostConnection, RemovesAnItemAtTheSecondTry) {
+  LoseEachStatement([&] {
+    Command(u"Edit", [&] {
+      if (Try([&] { Remove({3}); })) {
+        EXPECT_EQ(editor.list.Rows().Items(), 3) << "the item stays in the list";
+        Remove({3});
+      }
+      EXPECT_EQ(editor.list.Rows().Items(), 2);
+      EXPECT_EQ(Provisions(), "");
+      EXPECT_EQ(Classes(), std::string(kA1) + kB1) << "before the save";
+      questions.WillAnswer({false});
+      editor.Click(FormTool::Exit);
+    });
+  });
+  EXPECT_GE(losses_, 8);
+}
+
+TEST_F(LostConnection, DeletesAClassAtTheSecondTry) {
+  LoseEachStatement([&] {
+    questions.WillAnswer({true});
+    const bool isTold = Try([&] { Command(u"Del"); });
+    questions.ForgetAnswers();
+    if (isTold && Classes() != kB1) {
+      EXPECT_EQ(Classes(), std::string(kA1) + kB1);
+      Select(u"A1");
+      questions.WillAnswer({true});
+      Command(u"Del");
+    }
+    EXPECT_EQ(Classes(), kB1);
+    EXPECT_EQ(Provisions(), "");
+  });
+  EXPECT_GE(losses_, 8);
+}
+
+TEST_F(LostConnection, BrowsesAgainWhenTheServerIsBack) {
+  LoseEachStatement([&] {
+    Try([&] {
+      Command(u"");
+      Select(u"B1");
+    });
+    Command(u"");
+    Select(u"B1");
+    EXPECT_EQ(Tree(), "物料 A1(原材料) B1(成品) ");
+    EXPECT_EQ(GridCodes(), "01.4 01.5 ");
+    EXPECT_EQ(Classes(), std::string(kA1) + kB1);
+  });
+  EXPECT_GE(losses_, 4);
+}
+
+}  // namespace
+}  // namespace workbench

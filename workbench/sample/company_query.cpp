@@ -1,0 +1,46 @@
+#include "workbench/sample/company_query.h"
+
+#include "workbench/company/utf.h"
+
+namespace workbench {
+
+ResultSet Ask(Connection& company, std::string_view statement) {
+  return company.Execute(Utf16FromUtf8(statement));
+}
+
+std::int64_t QueryInteger(Connection& company, std::string_view statement) {
+  const ResultSet result = Ask(company, statement);
+  return result.RowCount() == 0 ? 0 : IntegerOf(result.At(0, 0));
+}
+
+std::int64_t IntegerOf(const Cell& cell) {
+  if (cell.Kind() == CellKind::Integer) return cell.Integer();
+  return cell.Kind() == CellKind::Number ? static_cast<std::int64_t>(cell.Number()) : 0;
+}
+
+double RealOf(const Cell& cell) {
+  if (cell.Kind() == CellKind::Integer) return static_cast<double>(cell.Integer());
+  return cell.Kind() == CellKind::Number ? cell.Number() : 0.0;
+}
+
+std::string TextOf(const Cell& cell) {
+  return cell.Kind() == CellKind::Text ? Utf8FromUtf16(cell.Text()) : std::string();
+}
+
+std::string Literal(std::string_view text) {
+  std::string literal = "'";
+  for (const char character : text) {
+    literal += character;
+    if (character == '\'') literal += character;
+  }
+  return literal += '\'';
+}
+
+std::string ProfileOf(Connection& company, std::string_view category, std::string_view key) {
+  const ResultSet result =
+      Ask(company, "SELECT FValue FROM t_systemprofile WHERE FCategory=" + Literal(category) +
+                       " AND FKey=" + Literal(key));
+  return result.RowCount() == 0 ? std::string() : TextOf(result.At(0, 0));
+}
+
+}  // namespace workbench
