@@ -2,14 +2,16 @@
 #include "workbench/host/frame_window.h"
 
 #include <commctrl.h>
-#include <commdlg.h>
 
 #include "platform/convert.h"
 #include "platform/skip.h"
 #include "platform/text.h"
 #include "windows/com/failure.h"
 #include "windows/com/wide_text.h"
+#include "workbench/company/location.h"
 #include "workbench/host/messages.h"
+#include "workbench/host/open_company_dialog.h"
+#include "workbench/host/recent_companies.h"
 #include "workbench/host/resource_ids.h"
 #include "workbench/host/settings_dialog.h"
 
@@ -26,6 +28,10 @@ constexpr const wchar_t* kFrameClass = L"WorkbenchFrame";
 constexpr const wchar_t* kTitle = L"岚禾工作台";
 constexpr int kBusinessMenuPosition = 1;
 constexpr int kWindowMenuPosition = 3;
+
+std::wstring Shown(const std::wstring& location) {
+  return ToWide(pricedown::FromUtf8(ShownLocation(pricedown::ToUtf8(FromWide(location)))));
+}
 
 }  // namespace
 
@@ -74,8 +80,32 @@ int FrameWindow::Run() {
 
 void FrameWindow::OpenCompany(const std::wstring& location) {
   CloseChildren();
-  settings_->Call(u"Open", {FromWide(location)});
+  ShowStatusText(L"正在打开公司：" + Shown(location));
+  try {
+    SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+    settings_->Call(u"Open", {FromWide(location)});
+  } catch (...) {
+    ShowStatusText(L"公司没有打开：" + Shown(location));
+    throw;
+  }
+  AddRecentCompany(location);
   ShowStatus();
+}
+
+bool FrameWindow::OpenCompanyOrAsk(std::wstring location) {
+  for (;;) {
+    try {
+      OpenCompany(location);
+      return true;
+    } catch (...) {
+      if (!AskAfterFailure(window_, pricedown::CurrentFailure(), L"要打开别的公司吗？")) {
+        return false;
+      }
+    }
+    const auto chosen = AskForCompany(module_, window_, location);
+    if (!chosen) return false;
+    location = *chosen;
+  }
 }
 
 ChildWindow* FrameWindow::ActiveChild() const {
@@ -264,15 +294,7 @@ void FrameWindow::RebuildEditMenu(HMENU menu) {
 }
 
 void FrameWindow::ChooseCompany() {
-  wchar_t path[MAX_PATH] = {};
-  OPENFILENAMEW dialog{};
-  dialog.lStructSize = sizeof(dialog);
-  dialog.hwndOwner = window_;
-  dialog.lpstrFilter = L"公司数据库 (*.db)\0*.db\0所有文件 (*.*)\0*.*\0";
-  dialog.lpstrFile = path;
-  dialog.nMaxFile = MAX_PATH;
-  dialog.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
-  if (GetOpenFileNameW(&dialog)) OpenCompany(path);
+  if (const auto chosen = AskForCompany(module_, window_, {})) OpenCompanyOrAsk(*chosen);
 }
 
 void FrameWindow::ChangeSettings() {
@@ -295,7 +317,12 @@ void FrameWindow::ShowStatus() {
       pricedown::Concatenate({u"公司：", ToText(settings_->Get(u"Location")), u"    当前期间：",
                               ToText(settings_->Get(u"CurrentYear")), u"年第",
                               ToText(settings_->Get(u"CurrentPeriod")), u"期"});
-  SetWindowTextW(status_, ToWide(text).c_str());
+  ShowStatusText(ToWide(text));
+}
+
+void FrameWindow::ShowStatusText(const std::wstring& text) {
+  SetWindowTextW(status_, text.c_str());
+  UpdateWindow(status_);
 }
 
 }  // namespace workbench

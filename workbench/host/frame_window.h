@@ -34,6 +34,9 @@ class FrameWindow final : private ChildWindowEvents {
   // Opens a company file or connection string and closes the children of the one before. Throws
   // AutomationError.
   void OpenCompany(const std::wstring& location);
+  // The same for the user: a failure is told, with the question whether to open another company
+  // until one opens or the user has enough. Whether one is open then.
+  bool OpenCompanyOrAsk(std::wstring location);
   // Opens a child window, or brings it to the front. Null when that fails, after a message, or
   // when the user has closed it meanwhile.
   ChildWindow* OpenChild(const wchar_t* caption);
@@ -57,6 +60,7 @@ class FrameWindow final : private ChildWindowEvents {
   void OnToolTip(LPARAM lParam) const;
   void LayOut();
   void ChooseCompany();
+  void ShowStatusText(const std::wstring& text);
   void ChangeSettings();
   void ShowStatus();
   void RebuildEditMenu(HMENU menu);

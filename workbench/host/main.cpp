@@ -53,15 +53,15 @@ struct Ole {
 int RunHost(HINSTANCE module, int show, const Options& options) {
   pricedown::windows::ComObjectFactory factory;
   FrameWindow frame(module, factory.Create(u"ZEPWorkbench.Settings"));
-  if (!options.company.empty()) frame.OpenCompany(options.company);
   frame.Show(show);
   if (options.company.empty()) return frame.Run();
   if (!options.tour.empty()) {
+    frame.OpenCompany(options.company);
     Tour tour(frame, options.tour);
     const int code = frame.Run();
     return tour.Finished() ? code : 3;
   }
-  frame.OpenChild(kItemClassesCaption);
+  if (frame.OpenCompanyOrAsk(options.company)) frame.OpenChild(kItemClassesCaption);
   return frame.Run();
 }
 
@@ -71,7 +71,7 @@ int RunHost(HINSTANCE module, int show, const Options& options) {
 int WINAPI wWinMain(HINSTANCE module, HINSTANCE, PWSTR, int show) {
   const auto options = workbench::ReadCommandLine();
   if (!options) {
-    MessageBoxW(nullptr, L"WorkbenchHost.exe --company 公司文件 [--tour 文件夹]", L"工作台",
+    MessageBoxW(nullptr, L"WorkbenchHost.exe --company 公司文件或连接串 [--tour 文件夹]", L"工作台",
                 MB_OK | MB_ICONINFORMATION);
     return 2;
   }

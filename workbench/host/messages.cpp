@@ -1,4 +1,4 @@
-// The host's one message box.
+// The host's message boxes.
 #include "workbench/host/messages.h"
 
 #include "windows/com/wide_text.h"
@@ -12,6 +12,16 @@ void ShowFailure(HWND owner, const pricedown::Failure& failure) noexcept {
     MessageBoxW(owner, text.c_str(), L"工作台", MB_OK | MB_ICONWARNING);
   } catch (const std::exception&) {
     MessageBoxW(owner, L"内存不足。", L"工作台", MB_OK | MB_ICONWARNING);
+  }
+}
+
+bool AskAfterFailure(HWND owner, const pricedown::Failure& failure,
+                     const wchar_t* question) noexcept {
+  try {
+    const std::wstring text = pricedown::windows::ToWide(failure.description) + L"\n\n" + question;
+    return MessageBoxW(owner, text.c_str(), L"工作台", MB_YESNO | MB_ICONWARNING) == IDYES;
+  } catch (const std::exception&) {
+    return false;
   }
 }
 

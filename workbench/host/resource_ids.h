@@ -4,6 +4,7 @@
 
 #define IDR_FRAME 1
 #define IDD_SETTINGS 10
+#define IDD_OPEN_COMPANY 11
 
 #define IDM_FILE_OPEN 100
 #define IDM_FILE_EXIT 101
@@ -38,3 +39,6 @@
 #define IDC_SCOPE_2 214
 #define IDC_SCOPE_1 215
 #define IDC_SCOPE_0 216
+#define IDC_COMPANY 220
+#define IDC_PASSWORD 221
+#define IDC_BROWSE 222

@@ -137,15 +137,24 @@ class SettingsPage {
     }
   }
 
+  // All or nothing: what is stored before a failure is undone.
   void Store(HWND dialog) {
     settings_->Put(u"UserID", SelectedUser(dialog));
+    settings_->Call(u"Begin", {});
+    try {
+      settings_->Put(u"ItemClassType",
+                     SelectedChoice(dialog, IDC_ITEM_CLASS_TYPE, kItemClassTypes));
+      settings_->Put(u"CurrentYear", Text(dialog, IDC_YEAR));
+      settings_->Put(u"CurrentPeriod", Text(dialog, IDC_PERIOD));
+      settings_->Put(u"UseShortNumber", IsChecked(dialog, IDC_SHORT_NUMBERS) ? u"1" : u"0");
+      settings_->Put(u"VoucherPresent", IsChecked(dialog, IDC_VOUCHER));
+      for (const RightSwitch& right : kRights) StoreRight(dialog, right);
+      settings_->Call(u"Commit", {});
+    } catch (...) {
+      settings_->Call(u"Rollback", {});
+      throw;
+    }
     settings_->Put(u"Language", SelectedChoice(dialog, IDC_LANGUAGE, kLanguages));
-    settings_->Put(u"ItemClassType", SelectedChoice(dialog, IDC_ITEM_CLASS_TYPE, kItemClassTypes));
-    settings_->Put(u"CurrentYear", Text(dialog, IDC_YEAR));
-    settings_->Put(u"CurrentPeriod", Text(dialog, IDC_PERIOD));
-    settings_->Put(u"UseShortNumber", IsChecked(dialog, IDC_SHORT_NUMBERS) ? u"1" : u"0");
-    settings_->Put(u"VoucherPresent", IsChecked(dialog, IDC_VOUCHER));
-    for (const RightSwitch& right : kRights) StoreRight(dialog, right);
   }
 
   void StoreRight(HWND dialog, const RightSwitch& right) {

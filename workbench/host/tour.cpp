@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "platform/convert.h"
 #include "platform/error.h"
 #include "platform/skip.h"
 #include "windows/base/control_ids.h"
@@ -32,6 +33,7 @@ Tour* runningTour = nullptr;
 }  // namespace
 
 Tour::Tour(FrameWindow& frame, std::wstring folder) : frame_(frame), folder_(std::move(folder)) {
+  RequireSampleCompany();
   AddBrowsing();
   AddSplitter();
   AddOtherMode();
@@ -68,6 +70,18 @@ void Tour::GiveUp(const char* reason) noexcept {
     SaveScreenshot(GetDesktopWindow(), folder / L"failed.png");
   });
   ExitProcess(kFailed);
+}
+
+// The steps name classes and items of one company.
+void Tour::RequireSampleCompany() {
+  const auto isNumber = [this](std::u16string_view question, std::int32_t number) {
+    return pricedown::ToInt32(frame_.Settings()->Call(u"Query", {question})) == number;
+  };
+  if (isNumber(u"select count(*) from icPriceDownClass", kSampleClassRows) &&
+      isNumber(u"select count(*) from ICPriceDownPrepare", kSampleProvisionRows)) {
+    return;
+  }
+  GiveUp("巡览需要种子为 1 的示例公司: workbench create FILE --seed 1");
 }
 
 void Tour::Advance() {

@@ -14,7 +14,8 @@ namespace workbench {
 
 class Tour {
  public:
-  // Starts with the message loop and closes the frame at its end. Pictures go to `folder`.
+  // Needs the sample company of seed 1. Starts with the message loop and closes the frame at its
+  // end. Pictures go to `folder`.
   Tour(FrameWindow& frame, std::wstring folder);
   ~Tour();
   Tour(const Tour&) = delete;
@@ -25,6 +26,9 @@ class Tour {
 
  private:
   static constexpr int kLastClass = 0;
+  // Of the sample company of seed 1, and of no other seed.
+  static constexpr std::int32_t kSampleClassRows = 2493;
+  static constexpr std::int32_t kSampleProvisionRows = 3111;
 
   struct Step {
     // Empty: no picture of this step.
@@ -38,6 +42,7 @@ class Tour {
   // Keeps the reason (UTF-8) and a picture of the screen and ends the program: a window that waits
   // would keep it running.
   [[noreturn]] void GiveUp(const char* reason) noexcept;
+  void RequireSampleCompany();
   void AddBrowsing();
   void AddSplitter();
   void AddOtherMode();

@@ -23,6 +23,13 @@ using pricedown::windows::Counts;
 using pricedown::windows::DispatchObject;
 using pricedown::windows::MakeCom;
 
+// In a window of this program. Asked while a server's statement runs, when no message is handled.
+bool EscapeIsPressed() {
+  DWORD process = 0;
+  GetWindowThreadProcessId(GetForegroundWindow(), &process);
+  return process == GetCurrentProcessId() && GetAsyncKeyState(VK_ESCAPE) < 0;
+}
+
 // What the DLL owns: the suite that all its objects share.
 struct Server {
   HINSTANCE module = nullptr;
@@ -33,6 +40,7 @@ struct Server {
     if (suite == nullptr) {
       suite = std::make_shared<SuiteState>();
       suite->pickers = std::make_unique<QueuedPickers>(std::make_unique<DialogPickers>(module));
+      suite->options.cancels = EscapeIsPressed;
       const DWORD size = GetEnvironmentVariableW(L"WORKBENCH_COMPANY", nullptr, 0);
       if (size > 1) {
         std::wstring location(size - 1, L'\0');

@@ -1,0 +1,126 @@
+#include "workbench/host/open_company_dialog.h"
+
+#include <commdlg.h>
+
+#include <iterator>
+
+#include "platform/text.h"
+#include "windows/com/failure.h"
+#include "windows/com/wide_text.h"
+#include "workbench/company/location.h"
+#include "workbench/host/messages.h"
+#include "workbench/host/recent_companies.h"
+#include "workbench/host/resource_ids.h"
+
+namespace workbench {
+namespace {
+
+using pricedown::windows::FromWide;
+using pricedown::windows::ToWide;
+
+std::string Utf8(const std::wstring& text) { return pricedown::ToUtf8(FromWide(text)); }
+
+std::wstring TextOf(HWND dialog, int control) {
+  const HWND window = GetDlgItem(dialog, control);
+  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)), L'\0');
+  GetWindowTextW(window, text.data(), static_cast<int>(text.size()) + 1);
+  return text;
+}
+
+// A value in braces may hold anything, with closing braces doubled.
+std::wstring WithPassword(std::wstring location, const std::wstring& password) {
+  if (password.empty()) return location;
+  location += L";PWD={";
+  for (const wchar_t unit : password) {
+    location += unit;
+    if (unit == L'}') location += unit;
+  }
+  return location += L'}';
+}
+
+class Page {
+ public:
+  explicit Page(std::wstring proposed) : proposed_(std::move(proposed)) {}
+
+  static INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wParam,
+                                    LPARAM lParam) noexcept {
+    try {
+      if (message == WM_INITDIALOG) {
+        SetWindowLongPtrW(dialog, DWLP_USER, lParam);
+        reinterpret_cast<Page*>(lParam)->Fill(dialog);
+        return TRUE;
+      }
+      auto* page = reinterpret_cast<Page*>(GetWindowLongPtrW(dialog, DWLP_USER));
+      if (page != nullptr && message == WM_COMMAND) return page->OnCommand(dialog, LOWORD(wParam));
+    } catch (...) {
+      ShowFailure(dialog, pricedown::CurrentFailure());
+      return TRUE;
+    }
+    return FALSE;
+  }
+
+  std::wstring chosen;
+
+ private:
+  void Fill(HWND dialog) const {
+    const HWND list = GetDlgItem(dialog, IDC_COMPANY);
+    for (const std::wstring& company : RecentCompanies()) {
+      SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(company.c_str()));
+    }
+    const std::wstring shown = ToWide(pricedown::FromUtf8(RememberedLocation(Utf8(proposed_))));
+    if (shown.empty()) {
+      SendMessageW(list, CB_SETCURSEL, 0, 0);
+    } else {
+      SetWindowTextW(list, shown.c_str());
+    }
+  }
+
+  INT_PTR OnCommand(HWND dialog, int id) {
+    switch (id) {
+      case IDOK: {
+        const std::wstring location = TextOf(dialog, IDC_COMPANY);
+        if (location.empty()) return TRUE;
+        chosen = IsConnectionString(Utf8(location))
+                     ? WithPassword(location, TextOf(dialog, IDC_PASSWORD))
+                     : location;
+        EndDialog(dialog, IDOK);
+        return TRUE;
+      }
+      case IDCANCEL:
+        EndDialog(dialog, IDCANCEL);
+        return TRUE;
+      case IDC_BROWSE:
+        Browse(dialog);
+        return TRUE;
+      default:
+        return FALSE;
+    }
+  }
+
+  static void Browse(HWND dialog) {
+    wchar_t path[MAX_PATH] = {};
+    OPENFILENAMEW files{};
+    files.lStructSize = sizeof(files);
+    files.hwndOwner = dialog;
+    files.lpstrFilter = L"公司数据库 (*.db)\0*.db\0所有文件 (*.*)\0*.*\0";
+    files.lpstrFile = path;
+    files.nMaxFile = static_cast<DWORD>(std::size(path));
+    files.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+    if (GetOpenFileNameW(&files)) SetDlgItemTextW(dialog, IDC_COMPANY, path);
+  }
+
+  std::wstring proposed_;
+};
+
+}  // namespace
+
+std::optional<std::wstring> AskForCompany(HINSTANCE module, HWND owner,
+                                          const std::wstring& proposed) {
+  Page page(proposed);
+  const INT_PTR answer = DialogBoxParamW(module, MAKEINTRESOURCEW(IDD_OPEN_COMPANY), owner,
+                                         Page::Procedure, reinterpret_cast<LPARAM>(&page));
+  if (answer != IDOK) return std::nullopt;
+  return page.chosen;
+}
+
+}  // namespace workbench
