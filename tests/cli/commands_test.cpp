@@ -166,6 +166,24 @@ TEST_F(Commands, ExportGivesWhatImportTakesBack) {
   EXPECT_TRUE(folder_.Read("科目.csv2") == accountsBefore);
 }
 
+TEST_F(Commands, ExportKeepsTheColumnsOfAnItemWithoutACode) {
+  ASSERT_EQ(Run({"create", Company(), "--items", "1", "--classes", "1"}), kDone);
+  OpenConnection(Company())->Execute(
+      u"UPDATE t_ICItem SET FNumber=NULL,FName='端,盖',FModel=NULL,FShortNumber='s',"
+      u"FErpClsID=1,FUnitName=NULL,FPlanPrice=2.5,FSalePrice=NULL");
+  const std::string csv = folder_.PathOf("物料.csv");
+  ASSERT_EQ(Run({"export", Company(), "--items", csv}), kDone) << err_.str();
+  EXPECT_NE(folder_.Read("物料.csv").find("\r\n,\"端,盖\",,s,1,,2.5,\r\n"), std::string::npos)
+      << folder_.Read("物料.csv");
+}
+
+TEST_F(Commands, AnExportThatFailsLeavesNoFile) {
+  CreateCompany();
+  EXPECT_EQ(Run({"export", Company(), "--items", folder_.PathOf("无/物料.csv")}), kFailed);
+  EXPECT_EQ(err_.str(), "workbench: 无法写入文件 " + folder_.PathOf("无/物料.csv") + "\n");
+  EXPECT_EQ(folder_.Names(), std::set<std::string>{"公司.db"});
+}
+
 TEST_F(Commands, CheckListsWhatIsWrongAndChangesNothing) {
   ASSERT_EQ(Run({"create", Company(), "--items", "6", "--classes", "2"}), kDone);
   EXPECT_EQ(Run({"check", Company()}), kDone);

@@ -87,10 +87,13 @@ ExitCode Import(const Arguments& arguments, std::ostream& out, std::ostream& err
 }
 
 void WriteNewFile(const std::string& path, const std::string& text) {
-  std::ofstream file(PathFromUtf8(path), std::ios::binary);
+  const UnfinishedFile unfinished(path);
+  std::ofstream file(PathFromUtf8(unfinished.path()), std::ios::binary);
   file << text;
   file.close();
-  if (!file) throw CompanyFileError("无法写入文件 " + path);
+  std::error_code error;
+  if (file) std::filesystem::rename(PathFromUtf8(unfinished.path()), PathFromUtf8(path), error);
+  if (!file || error) throw CompanyFileError("无法写入文件 " + path);
 }
 
 void Export(const Arguments& arguments, std::ostream& out) {

@@ -31,7 +31,6 @@ std::string CellText(const Cell& cell) {
 }
 
 void AppendField(std::string& line, std::string_view field) {
-  if (!line.empty()) line += ',';
   if (field.find_first_of("\",\r\n") == std::string_view::npos) {
     line += field;
     return;
@@ -54,6 +53,7 @@ std::string ExportItems(Connection& company) {
   for (std::size_t row = 0; row < rows.RowCount(); ++row) {
     std::string line;
     for (std::size_t i = 0; i < rows.ColumnCount(); ++i) {
+      if (i > 0) line += ',';
       AppendField(line, CellText(rows.At(row, i)));
     }
     text.append(line).append("\r\n");
@@ -67,8 +67,10 @@ std::string ExportAccounts(Connection& company) {
   for (std::size_t row = 0; row < rows.RowCount(); ++row) {
     std::string line;
     AppendField(line, TextOf(rows.At(row, 0)));
+    line += ',';
     AppendField(line, TextOf(rows.At(row, 1)));
-    AppendField(line, IntegerOf(rows.At(row, 2)) < 0 ? "贷" : "借");
+    line += ',';
+    line += IntegerOf(rows.At(row, 2)) < 0 ? "贷" : "借";
     text.append(line).append("\r\n");
   }
   return text;
