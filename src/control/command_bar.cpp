@@ -30,13 +30,13 @@ std::shared_ptr<CommandBarTool> CommandBar::Tool(std::u16string_view name) const
 
 std::shared_ptr<CommandBarTool> CommandBar::Add(CommandBarTool::Definition definition) {
   if (auto present = Tool(definition.name)) {
-    // A click on a host's own tool may have come before the tool's texts.
+    // The host may have clicked the tool before its texts were set.
     present->FillTexts(definition);
     return present;
   }
   tools_.push_back(std::make_shared<CommandBarTool>(std::move(definition), listeners_));
   std::shared_ptr<CommandBarTool> tool = tools_.back();
-  // What these show is visible until a host says otherwise.
+  // The tool strip and the status bar start out visible.
   if (tool->Fixed().name == kToolStripTool || tool->Fixed().name == kStatusBarTool) {
     tool->SetChecked(true);
   }
@@ -48,7 +48,7 @@ void CommandBar::OnClick(std::function<void(const ObjectPtr& tool)> command) {
 }
 
 void CommandBar::SetListener(ObjectPtr host) {
-  // The one before is released last: that may call back.
+  // The previous listener is released last, because that may call back.
   if (!lifetime_.HasEnded()) std::swap(listeners_->host, host);
 }
 

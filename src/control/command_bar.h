@@ -22,16 +22,16 @@ inline constexpr std::u16string_view kEditMenu = u"mnuEdit";
 
 class CommandBar : public LocalObject<CommandBar> {
  public:
-  // With the designed contents: the menu "mnuEdit" and the tools "iInsert", "iEdit", "iCut", all
-  // in the one band.
+  // Creates the designed contents in one band: the menu "mnuEdit" and the tools "iInsert", "iEdit"
+  // and "iCut".
   explicit CommandBar(Lifetime lifetime = {});
 
   // Null when the bar has no tool of that name (compared exactly).
   std::shared_ptr<CommandBarTool> Tool(std::u16string_view name) const;
   const std::vector<std::shared_ptr<CommandBarTool>>& Tools() const { return tools_; }
-  // How many of them, from the first on, the designed band holds.
+  // The number of leading tools that are in the designed band.
   std::size_t DesignedCount() const { return designedCount_; }
-  // The bar's tool of that name: a new one, or the one that is there already, unchanged.
+  // Adds a tool, or returns the existing one of that name unchanged.
   std::shared_ptr<CommandBarTool> Add(CommandBarTool::Definition definition);
 
   // Called when a client clicks any tool; may be empty.

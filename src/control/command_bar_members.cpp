@@ -63,7 +63,7 @@ Value ItemOrCollection(const ObjectPtr& collection, std::span<Value> arguments) 
                         Concatenate({u"命令栏没有该项: ", ToText(index)}), u"BarList");
 }
 
-// The position of an item, from 0. `find` answers the position of a name, or `count`.
+// The position of an item, from 0. `find` returns the position of a name, or `count`.
 template <typename Find>
 std::size_t PositionOf(const Value& argument, std::size_t count, Find find) {
   const Value& index = argument.Resolved();

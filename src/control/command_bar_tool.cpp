@@ -1,5 +1,5 @@
-// A tool's members for automation clients, its clicks and its changes.
-// The host's listener is called late-bound and cannot make a click or a change fail.
+// A tool's members for automation clients, its clicks and its changes. A failing listener of the
+// host does not fail a click or a change.
 #include "control/command_bar_tool.h"
 
 #include <array>

@@ -31,12 +31,12 @@ class CommandBarTool : public LocalObject<CommandBarTool> {
       : definition_(std::move(definition)), listeners_(std::move(listeners)) {}
 
   const Definition& Fixed() const { return definition_; }
-  // Sets the texts of a tool without any; a tool that has one keeps what it has.
+  // Sets the texts unless the tool has any.
   void FillTexts(const Definition& definition);
   bool Enabled() const { return enabled_; }
   bool Checked() const { return checked_; }
   bool Visible() const { return visible_; }
-  // Each notifies the host of a change. Enabling is ignored once the tool is disabled for good.
+  // Each notifies the host of a change. A tool that is disabled for good cannot be enabled.
   void SetEnabled(bool enabled) { Change(enabled_, enabled && !disabledForGood_); }
   void DisableForGood() {
     disabledForGood_ = true;
@@ -45,8 +45,8 @@ class CommandBarTool : public LocalObject<CommandBarTool> {
   void SetChecked(bool checked) { Change(checked_, checked); }
   void SetVisible(bool visible) { Change(visible_, visible); }
 
-  // A click of a client; does nothing while the tool is disabled. Notifies the host when the
-  // command is over. Throws AutomationError when the command does.
+  // Clicks the tool; a no-op while it is disabled. Notifies the host after the command. Throws
+  // AutomationError when the command does.
   void Click();
 
   static std::span<const Member<CommandBarTool>> Members();

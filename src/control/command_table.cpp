@@ -6,8 +6,8 @@
 
 namespace pricedown {
 
-// A button's position is its place among the rows on the tool strip. Positions, keys and tool names
-// are public: a new row goes behind the others.
+// A button's position is its place among the rows of the tool strip. Positions, keys and tool names
+// are public: append new rows.
 // NOLINTNEXTLINE(readability-function-size) A table; in a function because its rows are friends.
 std::span<const ControlCommand> ControlCommands() {
   using namespace surface;
@@ -84,7 +84,7 @@ std::span<const ControlCommand> ControlCommands() {
                      const ObjectPtr& tool) { control.ToggleToolStrip(tool); }}},
       {{},
        {.tool = kStatusBarTool,
-        // The host has changed its state; the control only follows it.
+        // The host has already changed the state of the tool.
         .toggle = [](PriceDown& control,
                      const ObjectPtr& tool) { control.FollowTool(tool, kStatusBarTool); }}},
   }};

@@ -22,7 +22,7 @@ inline constexpr unsigned kGridMenu = 8;
 inline constexpr unsigned kMenus = kTreeMenu | kGridMenu;
 }  // namespace surface
 
-// Check tools of the host: what they show is shown while they are checked.
+// Check tools of the host: the tool strip and the status bar are visible while theirs is checked.
 inline constexpr std::u16string_view kToolStripTool = u"iToolBar";
 inline constexpr std::u16string_view kStatusBarTool = u"mnuViewStatusBar";
 
@@ -50,7 +50,7 @@ std::vector<const ControlCommand*> CommandsOn(unsigned surface);
 
 // Null when there is none.
 const ControlCommand* CommandOfTool(std::u16string_view tool);
-// A key works where a menu shows its command.
+// A key works where the menu shows its command. Null when no command has it.
 const ControlCommand* CommandOfPress(const KeyPress& press, unsigned menu);
 
 }  // namespace pricedown

@@ -1,5 +1,4 @@
-// How the control runs its commands: with the right that each one needs, and the reload behind it.
-// Nothing is trapped here: a failing command reaches the caller.
+// Runs commands: checks the right, runs, reloads. Failures reach the caller.
 #include "control/price_down.h"
 #include "platform/convert.h"
 #include "platform/error.h"
@@ -19,14 +18,14 @@ void PriceDown::CommandBarToolClicked(const ObjectPtr& tool) {
   if (HasEnded()) return;
   const ObjectPtr clicked = RequireObject(Value(tool), u"Tool");
   const ControlCommand* command = CommandOfTool(ToText(clicked->Get(u"Name")));
-  // The host was asked, and may have closed the control.
+  // The host may have closed the control when it was asked.
   if (HasEnded() || command == nullptr) return;
   if (command->toggle != nullptr) {
     command->toggle(*this, clicked);
   } else if ((command->surfaces & surface::kCommandBar) == 0) {
     command->run(*this);
   } else if (IsToolEnabled(command->tool)) {
-    // A host may forward a click on a tool that it shows enabled although the bar's is not.
+    // A host may forward a click on a tool that is disabled in the bar.
     RunFromToolStrip(*command);
   }
 }
@@ -60,7 +59,7 @@ void PriceDown::RunFromToolStrip(const ControlCommand& command) {
   if (allowed && command.run != nullptr) command.run(*this);
   // The command may have ended the control.
   if (HasEnded()) return;
-  // On purpose also after a refused right and for a separator.
+  // Intentionally also after a refused right and for a separator.
   LoadTree();
   grid_.Cells().Repaint();
 }
@@ -70,11 +69,11 @@ void PriceDown::ToggleToolStrip(const ObjectPtr& tool) {
   FollowTool(tool, kToolStripTool);
 }
 
-// The clicked tool may be the host's own of that name; the layout reads the bar's.
+// The clicked tool may be the host's; the layout reads the bar's tool of that name.
 void PriceDown::FollowTool(const ObjectPtr& tool, std::u16string_view name) {
   const bool checked = ToBoolean(tool->Get(u"Checked"));
   bar_->Add({std::u16string(name), {}, {}, {}})->SetChecked(checked);
-  // The host was notified, and may have closed the control.
+  // The notified host may have closed the control.
   if (!HasEnded()) LayOut();
 }
 

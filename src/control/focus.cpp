@@ -1,4 +1,4 @@
-// Stops in a ring, and the table of kept keys.
+// The ring of stops, and the table of kept keys.
 #include "control/focus.h"
 
 namespace pricedown {
@@ -42,7 +42,7 @@ bool KeepsKey(FocusPlace place, const KeyPress& press) {
     case FocusPlace::Grid:
       return press.control && (key == Key::A || key == Key::C || key == Key::Insert);
     case FocusPlace::CellEditor:
-      // A host's own Delete or Ctrl+V would mean something else than the number that is typed.
+      // Editing keys apply to the number that is typed, whatever they mean to the host.
       return press == KeyPress{Key::F5} || key == Key::Delete || key == Key::Insert ||
              key == Key::Enter || key == Key::Escape || (press.control && IsEditingLetter(key));
     case FocusPlace::Splitter:

@@ -1,5 +1,5 @@
-// The keyboard between the control's parts: where Tab and F6 go, and the keys that a host must not
-// take.
+// Keyboard navigation between the control's parts: where Tab and F6 go, and the keys that a host
+// must not handle.
 #pragma once
 
 #include <cstddef>
@@ -10,8 +10,8 @@
 
 namespace pricedown {
 
-// The next stop of Tab that is open; empty when there is none in that direction and it does not
-// wrap around. `current` is empty when the focus comes from outside.
+// The next open tab stop; empty when there is none in that direction and the focus does not wrap
+// around. `current` is empty when the focus comes from outside.
 std::optional<std::size_t> NextStop(std::span<const bool> open, std::optional<std::size_t> current,
                                     bool backwards, bool wrap);
 

@@ -1,5 +1,5 @@
-// The layout: areas are cut off the free rectangle, so that none overlaps or becomes negative.
-// Distances are designed for 9 points and a title of 18.
+// The layout cuts areas off the free rectangle, so none overlaps or has a negative size. Distances
+// are for a 9-point font and an 18-point title.
 #include "control/layout.h"
 
 #include <algorithm>
@@ -20,7 +20,7 @@ constexpr std::int32_t kHeadingHeight = 300;
 constexpr std::int32_t kStatusBarHeight = 330;
 constexpr std::int32_t kProgressMargin = 45;
 
-// Cuts an edge off `free` and answers it; less than asked for when there is less.
+// Cuts an edge off `free` and returns it, smaller if there is less space.
 Rectangle CutTop(Rectangle& free, std::int32_t height) {
   const Rectangle cut{free.left, free.top, free.width, std::clamp(height, 0, free.height)};
   free.top += cut.height;
@@ -66,8 +66,8 @@ void PlaceTitle(Layout& layout, Rectangle area) {
 }
 
 void PlacePanes(Layout& layout, Rectangle area, std::int32_t splitter) {
-  // A control that became too narrow shows both panes as well as it can; the splitter's own
-  // position stays, so that it comes back when the control grows again.
+  // In a control that is too narrow, only the placement changes; the splitter keeps its position
+  // for when the control grows again.
   const std::int32_t treeWidth =
       std::min(ClampSplitter(splitter, area.width), std::max(area.width - kSplitterWidth, 0));
   Rectangle classPane = CutLeft(area, treeWidth);

@@ -12,7 +12,7 @@ inline constexpr std::int32_t kLeastPaneWidth = 1680;
 inline constexpr std::int32_t kSplitterWidth = 75;
 // How far one key moves the splitter.
 inline constexpr std::int32_t kSplitterStep = 150;
-// What the grid's width is less than its pane's.
+// How much narrower the grid is than its pane.
 inline constexpr std::int32_t kGridMargin = 50;
 inline constexpr std::int32_t kDefaultSplitter = 3600;
 // The status bar's last panel, "wait"; the progress bar lies over it.
@@ -51,9 +51,9 @@ struct Layout {
 
 Layout ComputeLayout(const LayoutInput& input);
 
-// A proposed splitter position inside its limits for that control width: at least kLeastPaneWidth,
-// then at most the width less kLeastPaneWidth. So a control narrower than both panes' least widths
-// keeps the right pane's as long as it can; the answer is never negative.
+// Clamps a splitter position to at least kLeastPaneWidth, then to at most the width less
+// kLeastPaneWidth: a control that is too narrow for both shrinks the left pane first. Never
+// negative.
 std::int32_t ClampSplitter(std::int32_t proposed, std::int32_t controlWidth);
 
 }  // namespace pricedown

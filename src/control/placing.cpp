@@ -3,8 +3,8 @@
 
 namespace pricedown {
 
-// Every layout reads the check tools anew, so a resize, a new splitter position and a changed
-// check tool are laid out alike.
+// Reads the check tools every time, so resizing, a new splitter position and a changed check tool
+// share one path.
 void PriceDown::LayOut() {
   layout_ = ComputeLayout({ports_.view.ControlSize(), splitter_.Position(), IsShown(kToolStripTool),
                            IsShown(kStatusBarTool)});
@@ -28,7 +28,7 @@ Rectangle PriceDown::DragBar() const {
 
 void PriceDown::SplitterDown() {
   if (HasEnded()) return;
-  // In a narrow control the splitter stands left of its position; the drag begins where it stands.
+  // In a narrow control the splitter is placed left of its position; the drag begins at its place.
   splitter_.SetPosition(layout_.splitter.left);
   splitter_.Begin();
   ports_.view.ShowDragBar(DragBar());
@@ -42,7 +42,7 @@ void PriceDown::SplitterMoved(std::int32_t offset) {
 
 void PriceDown::SplitterUp() {
   if (HasEnded() || !splitter_.Dragging()) return;
-  // The drag is over only when its bar is gone, and also when something fails before that.
+  // Hides the bar and ends the drag, also on failure.
   struct Ending {
     Splitter& splitter;
     ~Ending() { splitter.End(); }

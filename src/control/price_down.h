@@ -36,8 +36,8 @@ struct PriceDownPorts {
   // The process's one item class form.
   ItemClassEditor& editor;
   PrintOutput& printOutput;
-  // The returned object keeps the control alive during a click on the bar, which comes from outside
-  // and may release the last reference. May be empty.
+  // Returns an object that keeps the control alive during a click on the bar, which a host starts
+  // and which may release the last reference. May be empty.
   std::function<std::shared_ptr<void>()> hold = {};
   // Ended by Terminate.
   Lifetime lifetime = {};
@@ -50,19 +50,19 @@ class PriceDown {
   PriceDown(const PriceDown&) = delete;
   PriceDown& operator=(const PriceDown&) = delete;
 
-  // Creation. Every step runs even when an earlier one failed, so that the control is whole; the
-  // first failure is thrown at the end.
+  // Creation. Runs every step even after a failure, so that the control is complete, then throws
+  // the first failure.
   void Initialize();
-  // Keeps the selected node and releases everything of the suite and the host. Failing steps are
-  // skipped; harmless when called again. Requires: the tree's window is still alive.
+  // Saves the selected node and releases every object of the suite and the host. Skips failing
+  // steps; a no-op when called again. Requires: the tree's window still exists.
   void Terminate();
 
-  // The public members, in the order of the control's interface. After Terminate none of them
-  // touches suite, host or window, and none of the events below does anything.
+  // The public members, in the order of the control's interface. After Terminate they and the
+  // events below are no-ops.
   void NotifyMessage(std::u16string_view message);
   void RefreshToolbar();
   bool Show(const Value& parentWindow);
-  // Accepted from hosts; nothing depends on it.
+  // Accepted from hosts and ignored.
   void SetShowMode(std::int16_t) {}
   void ParentWindow_ToolBarClick(const ObjectPtr& tool);
   void SelBlock(const ObjectPtr& grid, const Value& column, const Value& column2, const Value& row,
@@ -82,7 +82,7 @@ class PriceDown {
   // Moves the splitter from the keyboard by one step.
   void StepSplitter(bool right);
   void NodeClicked(NodeIndex node);
-  // By button, key or menu; does nothing while the command is disabled.
+  // By button, key or menu; a no-op while the command is disabled.
   void CommandChosen(const ControlCommand& command);
   bool IsEnabled(const ControlCommand& command) const;
 
@@ -138,7 +138,7 @@ class PriceDown {
   Layout layout_;  // the last one placed
   ObjectPtr parentWindow_;
   std::u16string title_;
-  // Of this control; another one in the process may have been shown in the other mode since.
+  // This control's own: another one in the process may have been shown in the other mode since.
   std::u16string treeSelectionKey_;
   bool classesLocked_ = false;  // commands that change classes are disabled
 };

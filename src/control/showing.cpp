@@ -1,5 +1,5 @@
-// The control's first display and the host's messages afterwards.
-// Each step of the display is on its own: one that fails is skipped and the next one runs.
+// The control's first display and the host's messages afterwards. The display skips steps that
+// fail.
 #include <optional>
 
 #include "browser/select_block.h"
@@ -87,7 +87,7 @@ void PriceDown::NotifyMessage(std::u16string_view message) {
 }
 
 void PriceDown::RefreshToolbar() {
-  // A reference of its own: merging may end the control.
+  // A separate reference, because merging may end the control.
   const ObjectPtr parent = parentWindow_;
   if (parent != nullptr) parent->Call(kMergeOperation, {Value(ObjectPtr(bar_))});
 }

@@ -1,4 +1,4 @@
-// What the status bar says, and when work takes long enough for the progress bar.
+// The texts of the status bar, and when work takes long enough for the progress bar.
 #pragma once
 
 #include <chrono>
@@ -20,8 +20,7 @@ class LongWork {
  public:
   using Time = std::chrono::steady_clock::time_point;
 
-  // Returns whether the wait is expected to be long: nothing announces how long a load will take,
-  // the one before it is the best guess.
+  // Returns whether the wait is expected to be long, judged by the previous one.
   bool BeginWait(Time now);
   // Returns how long the wait took.
   std::chrono::nanoseconds EndWait(Time now);
