@@ -1,5 +1,5 @@
-// Reads ids once and texts by the page, and searches stretch by stretch.
-// Each stretch is one statement, so that nothing stays open in the database between two steps.
+// Reads ids once and texts by the page, and searches in stretches of ids. Each stretch is one
+// statement, so nothing stays open in the database between two steps.
 #include "workbench/pickers/candidate_list.h"
 
 #include <algorithm>
@@ -10,7 +10,8 @@
 namespace workbench {
 namespace {
 
-// The first screen is there at once, the rest in steps that are worth their statement.
+// The first stretch is short so that the first screen shows at once; later ones are long enough to
+// pay for their statement.
 constexpr std::size_t kFirstStretch = 512;
 constexpr std::size_t kStretch = 4096;
 constexpr std::size_t kPage = 64;
@@ -25,7 +26,7 @@ std::u16string TextOf(const Cell& cell) {
   return cell.Kind() == CellKind::Text ? std::u16string(cell.Text()) : std::u16string();
 }
 
-// Whether whatever has the new words has the old ones too.
+// Whether every row that matches the new words also matches the old ones.
 bool Narrows(const std::vector<std::u16string>& before, const std::vector<std::u16string>& after) {
   if (before.empty() || after.size() < before.size()) return false;
   return std::equal(before.begin(), before.end(), after.begin(),
@@ -81,7 +82,7 @@ void CandidateList::Advance() {
     matching.push_back(IdOf(result.At(row, 0)));
   }
   std::sort(matching.begin(), matching.end());
-  // The stretch has the order of codes and leaves out what is not offered.
+  // Keeps the order of codes and drops rows that the condition excludes.
   std::copy_if(stretch.begin(), stretch.end(), std::back_inserter(found_), [&](std::int32_t id) {
     return std::binary_search(matching.begin(), matching.end(), id);
   });

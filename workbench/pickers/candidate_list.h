@@ -1,5 +1,5 @@
-// The rows that a picker offers: ids in the order of codes, searched as the user types, and the
-// texts of those rows only that are looked at. It knows nothing of windows or of choices.
+// The rows that a picker offers: all ids in the order of codes, searched as the user types; texts
+// are read only for rows that are shown.
 #pragma once
 
 #include <cstddef>
@@ -19,9 +19,8 @@ class Connection;
 // The texts of the table's shown columns; NULL is empty.
 using CandidateRow = std::vector<std::u16string>;
 
-// Reads 4 bytes for each row of the table, a million of them in a fraction of a second. A search
-// goes on in short steps, so that a window stays alive meanwhile; what it has found only grows,
-// in the order of codes. Everything that reads throws DatabaseError.
+// Holds 4 bytes per row. A search runs in short steps so that the window stays responsive; the rows
+// found only grow, in the order of codes. Every function that reads throws DatabaseError.
 class CandidateList {
  public:
   // The database applies the condition here, once. `company` and `table` must outlive the list.
@@ -30,8 +29,8 @@ class CandidateList {
   // All rows under the condition.
   std::size_t Total() const { return ids_.size(); }
 
-  // Begins a search for the rows in which every word of the text is found; a text without words
-  // finds all. What was found before is used when the text only went on.
+  // Begins a search for the rows that contain every word of the text; a text without words finds
+  // all. If the text only got longer, searches within the previous result.
   void Search(std::u16string_view text);
   bool HasWords() const { return !words_.empty(); }
   // Whether more may be found.
@@ -56,7 +55,7 @@ class CandidateList {
   std::vector<std::int32_t> ids_;
 
   std::vector<std::u16string> words_;
-  // What is searched when it is not everything.
+  // The ids to search, unless all are.
   std::vector<std::int32_t> rest_;
   bool narrowed_ = false;
   std::size_t next_ = 0;  // position in Searched()

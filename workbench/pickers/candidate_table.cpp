@@ -1,5 +1,5 @@
-// The pickers' tables and statements, in the dialect that every company database understands.
-// What the user typed becomes quoted patterns; nothing of it is read as SQL.
+// The pickers' tables and statements, in the dialect that every company database understands. Typed
+// text becomes quoted patterns; none of it is read as SQL.
 #include "workbench/pickers/candidate_table.h"
 
 #include "platform/convert.h"
@@ -30,7 +30,7 @@ constexpr CandidateTable kItems{u"t_ICItem",
                                 kItemCodes,
                                 std::span(kItemColumns).last(2)};
 
-// A stretch of ids is read whole when at least one in so many is asked for.
+// A whole range of ids is read if at least one in this many is wanted.
 constexpr std::int64_t kSparsest = 3;
 
 std::u16string Column(const CandidateTable& table, std::u16string_view column) {
@@ -87,7 +87,7 @@ std::vector<std::u16string> SearchWords(std::u16string_view text) {
   std::vector<std::u16string> words;
   bool inWord = false;
   for (const char16_t unit : text) {
-    // The pieces go into literals, which end at no control character.
+    // The words go into literals, which must not contain control characters.
     if (IsBlank(unit) || unit < u' ') {
       inWord = false;
       continue;
@@ -101,7 +101,7 @@ std::vector<std::u16string> SearchWords(std::u16string_view text) {
 
 std::u16string IdsStatement(const CandidateTable& table, std::u16string_view condition) {
   std::u16string statement = Concatenate({u"SELECT ", Column(table, table.idColumn), From(table)});
-  // Parentheses keep the condition a condition.
+  // Parentheses keep the caller's OR from binding to what follows.
   if (!condition.empty()) statement += Concatenate({u" WHERE (", condition, u")"});
   return statement += Concatenate(
              {u" ORDER BY ", Column(table, table.codeColumn), u",", Column(table, table.idColumn)});

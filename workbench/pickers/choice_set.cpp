@@ -1,5 +1,4 @@
-// Puts the choices into the order of choosing.
-// Everything else is in the header.
+// The choices in the order of choosing.
 #include "workbench/pickers/choice_set.h"
 
 #include <algorithm>

@@ -1,5 +1,4 @@
 // The ids that a user has chosen, in the order of choosing.
-// It does not know which rows are shown.
 #pragma once
 
 #include <cstddef>
@@ -13,7 +12,7 @@ class ChoiceSet {
  public:
   bool Has(std::int32_t id) const { return order_.contains(id); }
   std::size_t Count() const { return order_.size(); }
-  // Keeps the place of one that is chosen already.
+  // An id that is already chosen keeps its place.
   void Add(std::int32_t id) { order_.try_emplace(id, next_++); }
   void Remove(std::int32_t id) { order_.erase(id); }
   void Clear() { order_.clear(); }

@@ -1,5 +1,4 @@
-// The two pickers.
-// Their statements are in candidate_table.cpp.
+// The account picker and the item picker.
 #include "workbench/pickers/picker_description.h"
 
 namespace workbench {

@@ -1,5 +1,4 @@
-// What tells the account picker from the item picker: the table, the titles and the texts.
-// The window is the same for both.
+// What differs between the account picker and the item picker: table, titles and texts.
 #pragma once
 
 #include <span>

@@ -1,5 +1,5 @@
-// The control ids of the pickers' windows, public and stable: tests find the controls by them.
-// OK and Cancel have the system's ids, 1 and 2.
+// The control ids of the pickers' windows, public and stable. OK and Cancel have the system's ids,
+// 1 and 2.
 #pragma once
 
 namespace workbench::picker_ids {

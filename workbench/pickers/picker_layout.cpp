@@ -1,5 +1,5 @@
-// The picker's layout: search field above, list in between, texts and buttons below.
-// Distances are those of the system's guidelines at 96 dpi.
+// The picker's layout: search field above, list in between, texts and buttons below. Distances
+// follow the system's guidelines at 96 dpi.
 #include "workbench/pickers/picker_layout.h"
 
 #include <algorithm>
@@ -13,7 +13,7 @@ class Distances {
 
   int Margin() const { return Scale(12); }
   int Gap() const { return Scale(8); }
-  // An edit control keeps its line at the top: the frame and little more.
+  // An edit control draws its line at the top, so the field is only as high as frame and line.
   int FieldHeight() const { return measures_.lineHeight + Scale(1) + 6; }
   int ButtonHeight() const { return measures_.lineHeight + Scale(11); }
   int ButtonWidth() const { return std::max(Scale(80), measures_.buttonWidth + Scale(20)); }
@@ -53,7 +53,7 @@ PickerLayout LayOutPicker(int clientWidth, int clientHeight, const PickerMeasure
 
   const int listTop = layout.search.Bottom() + gap;
   layout.list = {margin, listTop, inner, std::max(0, textTop - distances.Scale(6) - listTop)};
-  // A third down, where the eye looks first; clear of the titles and the frame.
+  // A third of the way down, clear of the titles and the frame.
   const int inset = distances.Scale(4);
   layout.nothing = {margin + inset, listTop + layout.list.height / 3,
                     std::max(0, inner - 2 * inset), line};

@@ -1,5 +1,4 @@
 // Where the controls of a picker go: a client size in, named boxes out, all in pixels.
-// It measures no text and moves no window.
 #pragma once
 
 namespace workbench {
@@ -20,7 +19,7 @@ struct PickerMeasures {
   int lineHeight = 0;   // of the font
   int labelWidth = 0;   // of the search field's label
   int buttonWidth = 0;  // of the widest button's text
-  int listWidth = 0;    // that the columns need at least
+  int listWidth = 0;    // least width of the columns
 };
 
 struct PickerLayout {

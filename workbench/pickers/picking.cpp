@@ -1,5 +1,4 @@
-// Choosing and the picker's texts.
-// Searching is in candidate_list.cpp.
+// Choosing, and the picker's texts.
 #include "workbench/pickers/picking.h"
 
 #include <algorithm>

@@ -1,5 +1,4 @@
-// What an open picker knows: the list, the choices, and the texts about both.
-// It has no window; picker_dialog.h shows it and reports what the user does.
+// The state of an open picker: list, choices, and the texts about both.
 #pragma once
 
 #include <cstddef>
@@ -15,13 +14,13 @@
 
 namespace workbench {
 
-// So many rows can be chosen at once.
+// The most rows that can be chosen at once.
 inline constexpr std::size_t kMostChosen = 10000;
 
 class Picking {
  public:
-  // Throws DatabaseError, also when the database refuses the condition. `company` and
-  // `description` must outlive it.
+  // Throws DatabaseError, also for a bad condition. `company` and `description` must outlive the
+  // object.
   Picking(Connection& company, const PickerDescription& description, std::u16string_view condition,
           bool several);
 
@@ -29,23 +28,23 @@ class Picking {
   CandidateList& List() { return list_; }
   const CandidateList& List() const { return list_; }
 
-  // Whether several rows may be chosen; if not, nothing is ever chosen before the answer.
+  // Whether several rows may be chosen; if not, only Answer chooses.
   bool Several() const { return several_; }
   bool IsChosen(std::size_t position) const { return choices_.Has(list_.Id(position)); }
   std::size_t ChosenCount() const { return choices_.Count(); }
 
-  // Both answer false and change nothing where more than kMostChosen would be chosen.
+  // Both return false and change nothing if more than kMostChosen rows would be chosen.
   // Requires: Several(), position < Count().
   bool Toggle(std::size_t position);
-  // Chooses every row found, after the search's end; when all are chosen already, none of them.
+  // Finishes the search and chooses every row found; if all are already chosen, unchooses them.
   // Requires: Several().
   bool ToggleAllFound();
   void ClearChosen() { choices_.Clear(); }
 
-  // Searches on until there is a row or the end.
+  // Continues the search until it has a row or ends.
   void FindFirst();
 
-  // What was chosen, in the order of choosing; else the current row; else nothing.
+  // The choices in their order; else the current row; else nothing.
   std::vector<std::int32_t> Answer(std::optional<std::size_t> current) const;
 
   // "共 3,200 种物料" and, of a search, "找到 12 种物料".

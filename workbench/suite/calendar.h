@@ -1,5 +1,4 @@
 // The accounting calendar of the stand-in suite: a calendar year cut into equal periods.
-// The suite's own calendar may be anything; the library only asks for dates.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,4 @@
-// The suite's dictionary object. It keeps values as they are given and converts nothing.
+// The suite's dictionary object. Values are kept as they are given.
 #include "workbench/suite/dictionary.h"
 
 #include "platform/convert.h"

@@ -1,6 +1,6 @@
-// A dictionary of the suite: text keys without regard to case, any values, in order of adding.
-// Members: Add(key, value), Item(key) (default, get and put), GetValue(key, default),
-// Exists(key), Count.
+// A dictionary of the suite: case-insensitive text keys, any values, in the order of adding.
+// Members: Add(key, value), Item(key) (default, get and put), GetValue(key, default), Exists(key),
+// Count.
 #pragma once
 
 #include <string>

@@ -1,5 +1,5 @@
-// The stand-in's own texts of other languages, by control name.
-// Texts of the built-in language are the library's, never these.
+// The stand-in's texts in other languages, by control name. Texts in the built-in language are the
+// library's own.
 #include "workbench/suite/form_resources.h"
 
 #include "platform/convert.h"

@@ -1,5 +1,5 @@
-// `ZEPFrmRes.FrmResLoader`: captions and title fonts of the suite's other languages.
-// It knows Traditional Chinese ("cht") and English ("en"); captions it has no text for stay.
+// `ZEPFrmRes.FrmResLoader`: captions and title fonts in the suite's other languages, Traditional
+// Chinese ("cht") and English ("en"). Captions without a translation stay.
 #pragma once
 
 #include "workbench/suite/services.h"
@@ -11,8 +11,8 @@ class FrmResLoader : public pricedown::LocalObject<FrmResLoader> {
  public:
   explicit FrmResLoader(SuiteStatePtr suite) : suite_(std::move(suite)) {}
 
-  // Replaces the caption of every control that `form` offers in `Controls` (Count, Item(i) from 0
-  // with Name and Caption) by the text of the suite's language.
+  // Sets the caption of every control in `form`'s `Controls` (Count, Item(i) from 0 with Name and
+  // Caption) to the text in the suite's language.
   void LoadFormStrings(const pricedown::ObjectPtr& form);
   // A dictionary with "Font.Name" and "Font.Charset".
   static pricedown::Value FontProperties(std::u16string_view language);

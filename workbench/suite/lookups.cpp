@@ -1,4 +1,4 @@
-// Results of the suite's lookups. They hold copies and stay valid when the company closes.
+// Results of the suite's lookups. They hold copies and stay valid after the company is closed.
 #include "workbench/suite/lookups.h"
 
 #include <algorithm>
@@ -28,7 +28,7 @@ namespace {
 constexpr std::int32_t kItemType = 4;
 constexpr std::u16string_view kLookupSource = u"ZEPEBCGLView.GLView";
 
-// What a lookup answers.
+// The result of a lookup.
 class LookupResult : public LocalObject<LookupResult> {
  public:
   bool confirmed = false;
@@ -119,7 +119,7 @@ ObjectPtr MakeItem(const ResultRows& rows, std::size_t row) {
   return item;
 }
 
-// In the order of the ids; ids that the company does not have are left out.
+// In the order of the ids; unknown ids are skipped.
 std::vector<ObjectPtr> ReadItems(SuiteState& suite, std::span<const std::int32_t> ids) {
   constexpr std::size_t kAtOnce = 500;
   std::vector<ObjectPtr> items;
@@ -149,7 +149,7 @@ std::vector<ObjectPtr> ReadItems(SuiteState& suite, std::span<const std::int32_t
   return items;
 }
 
-// What the database says to a picker reaches the caller as an error of the view.
+// A DatabaseError in a picker reaches the caller as an AutomationError.
 template <typename Pick>
 auto AskPickers(Pick&& pick) {
   try {

@@ -1,5 +1,4 @@
 // Pickers that answer from a queue, for programs without a user.
-// What they are asked for does not matter to them.
 #include "workbench/suite/pickers.h"
 
 namespace workbench {

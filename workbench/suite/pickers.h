@@ -1,5 +1,5 @@
-// The suite's pickers of accounts and items, as far as their callers see them.
-// The windows are in workbench/pickers; here are the port and the one that answers from a queue.
+// The suite's pickers of accounts and items: the port, and an implementation that answers from a
+// queue. The windows are in workbench/pickers.
 #pragma once
 
 #include <cstdint>
@@ -18,18 +18,19 @@ class Connection;
 class Pickers {
  public:
   virtual ~Pickers() = default;
-  // The number of the chosen account; nothing when cancelled. `text` is what to look for first.
+  // Returns the number of the chosen account; nothing when cancelled. `text` is the initial search
+  // text.
   virtual std::optional<std::u16string> PickAccount(Connection& company,
                                                     std::u16string_view text) = 0;
-  // The ids of the chosen items, offered under an SQL condition on the item table x2 (may be
-  // empty); nothing when cancelled. Throws DatabaseError when the database refuses.
+  // Returns the ids of the chosen items; nothing when cancelled. `condition` is an SQL condition on
+  // the item table x2 and may be empty. Throws DatabaseError.
   virtual std::optional<std::vector<std::int32_t>> PickItems(Connection& company,
                                                              std::u16string_view condition,
                                                              bool several) = 0;
 };
 
-// Answers with what was queued before, in order: an empty text and no ids mean cancelled. When the
-// queue is empty it asks the next pickers; without any that means cancelled too.
+// Returns the queued answers in order; an empty text or no ids means cancelled. With an empty queue
+// it asks the next pickers, or cancels if there are none.
 class QueuedPickers : public Pickers {
  public:
   explicit QueuedPickers(std::unique_ptr<Pickers> next = nullptr) : next_(std::move(next)) {}

@@ -1,5 +1,5 @@
-// Position, filter and editing of the in-memory recordset, in ADO's manner.
-// Its automation members are recordset_members.cpp.
+// Position, filter and editing of the in-memory recordset, with ADO's semantics. Its automation
+// members are in recordset_members.cpp.
 #include "workbench/suite/recordset.h"
 
 #include <algorithm>
@@ -20,7 +20,7 @@ using pricedown::Value;
 namespace {
 
 constexpr std::u16string_view kRecordsetSource = u"ADODB.Recordset";
-// With its delimiter, for the first guess at a text's length.
+// Including the delimiter; to estimate a text's length.
 constexpr std::size_t kUsualCellLength = 16;
 
 [[noreturn]] void ThrowNoCurrentRecord() {
@@ -36,8 +36,8 @@ constexpr std::size_t kUsualCellLength = 16;
                         std::u16string(kRecordsetSource));
 }
 
-// Rows of a store picked out by GetRows. It keeps the recordset alive, and is read before the
-// recordset changes, as clients of GetRows do; texts are therefore not copied.
+// Rows of a store selected by GetRows, without copying texts. Keeps the recordset alive; clients of
+// GetRows read it before the recordset changes.
 class PickedRows : public CellBlock {
  public:
   PickedRows(std::shared_ptr<Recordset> owner, std::vector<std::size_t> columns,

@@ -1,5 +1,5 @@
-// The workbench's in-memory `ADODB.Recordset`: position, filter and members over a row store.
-// It covers what automation clients of the suite use; it speaks to no database.
+// The workbench's in-memory `ADODB.Recordset`: position, filter and members over a row store, as
+// far as automation clients of the suite use them.
 //
 // Members: AbsolutePosition, ActiveConnection, AddNew, BOF, CancelUpdate, Close, CursorLocation,
 // Delete, EOF, Fields, Filter, GetRows, GetString, LockType, CursorType, MoveFirst, MoveLast,
@@ -20,11 +20,11 @@ namespace workbench {
 
 class Recordset : public pricedown::LocalObject<Recordset> {
  public:
-  // A new one for a client to append fields to; not open.
+  // A new, closed recordset for a client to append fields to.
   Recordset();
-  // The open answer of a query, on its first row.
+  // The open result of a query, on its first row.
   explicit Recordset(std::unique_ptr<RowStore> rows);
-  // The closed answer of a statement without rows.
+  // The closed result of a statement without rows.
   static std::shared_ptr<Recordset> Closed();
 
   static std::span<const pricedown::Member<Recordset>> Members();
@@ -49,7 +49,7 @@ class Recordset : public pricedown::LocalObject<Recordset> {
   // One comparison name = 'value' or an empty text. Throws AutomationError for anything else.
   void SetFilter(std::u16string_view filter);
 
-  // Up to `count` rows (all for a negative count) from the current one on; moves behind them.
+  // Up to `count` rows from the current one on, all for a negative count; moves past them.
   pricedown::CellBlockPtr GetRows(std::int32_t count, const std::vector<std::size_t>& columns);
 
   struct ClipFormat {
@@ -60,10 +60,10 @@ class Recordset : public pricedown::LocalObject<Recordset> {
   // The same rows as one text of all columns; each row ends with its delimiter.
   std::u16string GetString(std::int32_t count, const ClipFormat& format);
 
-  // The current row's place among those that the filter lets through, from 1; ADO's -1 for an
-  // empty recordset, -2 before the first row, -3 behind the last one.
+  // The current row's position among the filtered rows, from 1; as in ADO -1 for an empty
+  // recordset, -2 before the first row, -3 after the last one.
   std::int32_t AbsolutePosition();
-  // Moves there, behind the last row for a greater number. Throws AutomationError below 1.
+  // Moves to that row, or past the last one. Throws AutomationError below 1.
   void SetAbsolutePosition(std::int32_t position);
 
   const RowStore& Rows() const { return *rows_; }
@@ -73,7 +73,7 @@ class Recordset : public pricedown::LocalObject<Recordset> {
   std::size_t ColumnOf(const pricedown::Value& nameOrNumber) const;
   // The row that fields read and write. Throws AutomationError when there is none.
   std::size_t CurrentRow() const;
-  // A cell of the current row was written.
+  // Called after a cell of the current row was written.
   void NoteWritten(std::size_t column);
 
   std::int32_t cursorLocation = 2;
@@ -89,7 +89,7 @@ class Recordset : public pricedown::LocalObject<Recordset> {
   using FilterIndex = std::unordered_map<std::u16string, std::vector<std::size_t>>;
 
   void RequireOpen() const;
-  // Up to `count` rows from the current one on; moves behind them.
+  // Up to `count` rows from the current one on; moves past them.
   std::vector<std::size_t> TakeRows(std::int32_t count);
   bool Passes(std::size_t row) const;
   std::optional<std::size_t> NextFrom(std::size_t row) const;
@@ -101,8 +101,8 @@ class Recordset : public pricedown::LocalObject<Recordset> {
   bool open_ = false;
   Position position_ = Position::Beginning;
   std::size_t row_ = 0;
-  std::optional<std::size_t> added_;  // a row of AddNew that is not yet committed
-  Place beforeAdded_;                 // what was current before it, and is so when it is cancelled
+  std::optional<std::size_t> added_;  // AddNew's row until it is committed
+  Place beforeAdded_;                 // the current place to restore on cancel
   std::u16string filterText_;
   std::optional<std::size_t> filterColumn_;
   std::u16string filterValue_;  // in upper case

@@ -1,5 +1,4 @@
 // The automation members of the in-memory recordset, its fields collection and its fields.
-// What they do is recordset.cpp and row_store.cpp.
 #include "platform/convert.h"
 #include "platform/error.h"
 #include "platform/text.h"
@@ -17,7 +16,7 @@ using pricedown::Value;
 
 namespace {
 
-// One column of a recordset; its Value is that of the recordset's current row.
+// One column of a recordset; Value is the cell in the current row.
 class Field : public LocalObject<Field> {
  public:
   Field(std::shared_ptr<Recordset> owner, std::size_t column)

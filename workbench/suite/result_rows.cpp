@@ -1,5 +1,4 @@
-// Cells of a query's answer as automation values.
-// The answer itself is company/result_set.h.
+// Cells of a query's result as automation values.
 #include "workbench/suite/result_rows.h"
 
 #include <limits>

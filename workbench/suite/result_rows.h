@@ -1,5 +1,4 @@
-// The read-only rows of a query's answer behind a recordset.
-// Rows that a client makes and edits are row_store.h.
+// The read-only rows of a query's result behind a recordset.
 #pragma once
 
 #include "workbench/company/result_set.h"

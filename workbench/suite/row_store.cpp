@@ -1,5 +1,4 @@
-// Rows that a client makes, with ADO's conversions to the column types.
-// Rows of a query are result_rows.cpp.
+// Rows that a client creates, with ADO's conversions to the column types.
 #include "workbench/suite/row_store.h"
 
 #include "platform/convert.h"

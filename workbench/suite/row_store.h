@@ -1,5 +1,4 @@
-// The rows behind a recordset: a query's answer, or rows that a client makes and edits.
-// It has no position, no filter and no automation members; recordset.h has.
+// The rows behind a recordset: a query's result, or rows that a client creates and edits.
 #pragma once
 
 #include <cstddef>
@@ -32,7 +31,7 @@ class RowStore {
   virtual void Delete(std::size_t row) = 0;
 };
 
-// Rows that a client makes: fields first, then rows.
+// Rows that a client creates: fields first, then rows.
 class EditableRows : public RowStore {
  public:
   const std::vector<pricedown::FieldDefinition>& Fields() const override { return fields_; }
@@ -58,9 +57,9 @@ class EditableRows : public RowStore {
   std::size_t live_ = 0;
 };
 
-// What ADO says when a value does not fit its field.
+// Throws ADO's error for a value that does not fit its field.
 [[noreturn]] void ThrowValueDoesNotFit(std::u16string_view field);
-// What ADO says when the store cannot be changed.
+// Throws ADO's error for a read-only recordset.
 [[noreturn]] void ThrowReadOnly();
 
 }  // namespace workbench

@@ -1,5 +1,4 @@
-// The suite's services on the open company. Lookups are lookups.cpp, texts of other languages are
-// form_resources.cpp.
+// The suite's services on the open company, except lookups and translations.
 #include "workbench/suite/services.h"
 
 #include "platform/convert.h"

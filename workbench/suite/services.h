@@ -1,5 +1,5 @@
-// The suite's services as automation objects, one class per ProgID.
-// Which ProgID is which class is suite_factory.cpp; state is shared through SuiteState.
+// The suite's services as automation objects, one class per ProgID, with shared state in
+// SuiteState.
 #pragma once
 
 #include <memory>
@@ -13,7 +13,7 @@ namespace workbench {
 
 using SuiteStatePtr = std::shared_ptr<SuiteState>;
 
-// `ZEPConnection.AppConnection`: Execute(text) answers a recordset.
+// `ZEPConnection.AppConnection`: Execute(text) returns a recordset.
 class AppConnection : public pricedown::LocalObject<AppConnection> {
  public:
   explicit AppConnection(SuiteStatePtr suite) : suite_(std::move(suite)) {}

@@ -1,5 +1,4 @@
-// The switches of the stand-in suite. Everything but user, language and queues is kept in the
-// company, so that it lasts.
+// The switches of the stand-in suite. All but user, language and queues are stored in the company.
 #include "workbench/suite/settings.h"
 
 #include "platform/convert.h"

@@ -1,5 +1,5 @@
-// `ZEPWorkbench.Settings`: what a person, a host or a script sets in the stand-in suite.
-// It is no object of the suite's; the library never asks for it.
+// `ZEPWorkbench.Settings`: what a person, a host or a script sets in the stand-in suite. The
+// library never uses it.
 #pragma once
 
 #include "workbench/suite/services.h"

@@ -1,5 +1,4 @@
 // Creates the stand-in suite's objects by ProgID, all on one shared state.
-// The same table serves native programs and the COM server of com/.
 #pragma once
 
 #include <span>
@@ -16,7 +15,7 @@ struct SuiteClass {
   pricedown::ObjectPtr (*create)(const SuiteStatePtr& suite);
 };
 
-// In a fixed order; the COM server's class ids belong to the positions.
+// In a fixed order: the COM server's class ids are assigned by position.
 std::span<const SuiteClass> SuiteClasses();
 
 class SuiteFactory : public pricedown::ObjectFactory {

@@ -1,5 +1,5 @@
-// The stand-in suite's state and its own statements on the company.
-// They go through the same connection as the library's, so that a real server serves both.
+// The stand-in suite's state and its own statements on the company, sent through the same
+// connection as the library's so that they also run on a real server.
 #include "workbench/suite/suite_state.h"
 
 #include "platform/convert.h"

@@ -1,5 +1,4 @@
-// What the stand-in suite knows while it runs: the open company, the user, the language.
-// The automation objects share one; it has no members of its own that clients call.
+// The state of the stand-in suite: the open company, the user, the language.
 #pragma once
 
 #include <cstdint>
@@ -25,8 +24,8 @@ struct SuiteState {
   // AutomationError, also for a database that is no company, and then keeps the one before.
   void OpenCompany(std::u16string_view location);
 
-  // Runs a statement on the company. Throws AutomationError when there is none, or when the
-  // database refuses.
+  // Runs a statement on the company. Throws AutomationError without a company and when the
+  // statement fails.
   ResultSet Execute(std::u16string_view statement);
 
   // Several changes that are stored together or not at all. Begin and Commit throw AutomationError.

@@ -1,5 +1,5 @@
-// Opens a picker for each question and turns its answer into the suite's.
-// The database is asked before the window opens, so that a bad condition shows no window.
+// Opens a picker per request. The database is queried before the window opens, so a bad condition
+// shows no window.
 #include "workbench/pickers/dialog/dialog_pickers.h"
 
 #include "workbench/company/connection.h"

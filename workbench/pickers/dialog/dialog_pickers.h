@@ -1,5 +1,4 @@
 // The suite's pickers as modal windows over the caller's active window.
-// What is offered and found is picking.h's business.
 #pragma once
 
 #include <windows.h>
@@ -8,8 +7,7 @@
 
 namespace workbench {
 
-// Throws DatabaseError when the database refuses, also in the middle of choosing; the window is
-// closed then.
+// Throws DatabaseError when a statement fails, also while the window is open, which then closes.
 class DialogPickers final : public Pickers {
  public:
   // `module` carries the manifest of the common controls, as resource 2.

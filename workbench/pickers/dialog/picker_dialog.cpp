@@ -1,5 +1,4 @@
-// The picker's window: its controls, its places and its messages.
-// Keys, clicks and the search's steps are in picker_dialog_input.cpp.
+// The picker's window: creation, layout and messages. Input is handled in picker_dialog_input.cpp.
 #include "workbench/pickers/dialog/picker_dialog.h"
 
 #include <algorithm>
@@ -27,7 +26,7 @@ constexpr wchar_t kCancel[] = L"取消";
 constexpr WPARAM kLongestSearch = 80;
 constexpr int kNarrowest = 80;  // last column, pixels at 96 dpi
 
-// An empty dialog; its controls are made for the screen's resolution and font.
+// An empty dialog template; the controls are created for the screen's resolution and font.
 struct alignas(DWORD) Template {
   DLGTEMPLATE head{};
   WORD menu = 0;
@@ -181,7 +180,7 @@ void PickerDialog::CreateControls() {
   const DWORD ticks = picking_.Several() ? LVS_EX_CHECKBOXES : 0;
   SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, 0,
                static_cast<LPARAM>(LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | ticks));
-  // Which rows are ticked is asked for, like their texts.
+  // Tick states are requested by callback, like the texts.
   if (ticks != 0) ListView_SetCallbackMask(list, LVIS_STATEIMAGEMASK);
   AddColumns();
   AddRowImages();
@@ -222,7 +221,7 @@ void PickerDialog::AddColumns() {
 void PickerDialog::AddRowImages() {
   const HWND list = Control(ids::kList);
   const int height = RowHeight(measures_);
-  // The list destroys what it has in the end, but not what is replaced.
+  // The list destroys its last image list, but not one that is replaced.
   const HIMAGELIST before =
       picking_.Several()
           ? ListView_SetImageList(list, MakeTickImages(list, dpi_, height), LVSIL_STATE)
@@ -233,7 +232,7 @@ void PickerDialog::AddRowImages() {
 void PickerDialog::Measure() {
   const pricedown::windows::WindowContext context(dialog_);
   const auto width = [&](const wchar_t* text) {
-    // The mark of the key takes no room.
+    // The ampersand of the mnemonic takes no space.
     std::wstring shown(text);
     shown.erase(std::remove(shown.begin(), shown.end(), L'&'), shown.end());
     return pricedown::windows::TextWidth(context.Get(), font_.Get(), shown);
@@ -281,7 +280,7 @@ void PickerDialog::LayOut() {
   Move(Control(IDOK), layout.ok);
   Move(Control(IDCANCEL), layout.cancel);
   FitLastColumn();
-  // Texts that moved leave nothing behind.
+  // Repaints where labels have moved away.
   InvalidateRect(dialog_, nullptr, TRUE);
 }
 

@@ -1,5 +1,4 @@
 // The window of a picker: search field, list, texts and buttons over one Picking.
-// It decides nothing about rows and choices; it turns keys and clicks into calls.
 //
 // While the search field has the focus, the arrow and page keys move in the list. Where several
 // may be chosen, Space ticks the current row as soon as such a key was pressed, until the text is
@@ -27,21 +26,21 @@ namespace workbench {
 
 class PickerDialog {
  public:
-  // `module` carries the manifest of the common controls, as resource 2. `dpi`: of the screen
-  // unless told otherwise.
+  // `module` carries the manifest of the common controls, as resource 2. `dpi` defaults to the
+  // screen's.
   PickerDialog(HINSTANCE module, Picking& picking, std::optional<int> dpi = std::nullopt);
   PickerDialog(const PickerDialog&) = delete;
   PickerDialog& operator=(const PickerDialog&) = delete;
 
-  // Modal over `owner` (may be null), with `text` to search for. The chosen ids; empty when
-  // cancelled. Throws what failed while the window was open, and AutomationError when the system
-  // has no window for it.
+  // Shows the window modally over `owner` (may be null) with `text` as the search text. Returns the
+  // chosen ids; empty when cancelled. Throws what failed while the window was open, and
+  // AutomationError when the window cannot be created.
   std::vector<std::int32_t> Show(HWND owner, std::u16string_view text);
 
  private:
   static INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wParam,
                                     LPARAM lParam) noexcept;
-  // In front of the search field's and the list's own procedures.
+  // Subclass procedure of the search field and the list.
   static LRESULT CALLBACK ControlProcedure(HWND control, UINT message, WPARAM wParam,
                                            LPARAM lParam) noexcept;
 
@@ -69,7 +68,7 @@ class PickerDialog {
   void FillItem(LVITEMW& item);
 
   void ReadSearchText();
-  // Searches on for a moment and shows what is new.
+  // Continues the search for a short time and shows the new rows.
   void SearchOn();
   void ShowFound(bool fromTop);
   void ShowTexts();

@@ -1,5 +1,5 @@
-// What the user does in a picker, and the search that goes on behind it.
-// A search runs in steps on a timer, which comes after all input and painting.
+// The picker's input, and the search in the background: it runs in steps on a timer, which comes
+// after all input and painting.
 #include <algorithm>
 #include <chrono>
 #include <string>
@@ -15,10 +15,10 @@ namespace ids = picker_ids;
 namespace {
 
 constexpr UINT_PTR kTimer = 1;
-// Fast typing is one search.
+// Keys typed in quick succession start one search.
 constexpr UINT kTypingMilliseconds = 80;
 constexpr UINT kNextMilliseconds = 10;
-// So long at a time, less when the user does something.
+// Longest time slice of the search; shorter when input is waiting.
 constexpr std::chrono::milliseconds kStep{60};
 
 constexpr WPARAM kControlA = 1;  // as WM_CHAR
@@ -84,7 +84,7 @@ LRESULT PickerDialog::OnNotify(const NMHDR& header, LPARAM lParam) {
 LRESULT PickerDialog::OnDrawRow(NMLVCUSTOMDRAW& drawing) const {
   if (drawing.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
   if (drawing.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
-  // The keys move the current row from the search field, so that it must not look left alone.
+  // Draws the current row as focused: the search field's arrow keys move it.
   if (Current() != static_cast<std::size_t>(drawing.nmcd.dwItemSpec)) return CDRF_DODEFAULT;
   drawing.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED | CDIS_FOCUS);
   drawing.clrText = GetSysColor(COLOR_HIGHLIGHTTEXT);
@@ -122,7 +122,7 @@ void PickerDialog::OnListClick(bool isDouble) {
     return;
   }
   if (!isDouble) return;
-  // A double click adds the row to what was chosen before.
+  // A double click adds the row to the earlier choices.
   const auto position = static_cast<std::size_t>(hit.iItem);
   MoveTo(position);
   if (picking_.ChosenCount() > 0 && !picking_.IsChosen(position) && !picking_.Toggle(position)) {
@@ -134,7 +134,7 @@ void PickerDialog::OnListClick(bool isDouble) {
 
 bool PickerDialog::MovesInList(WPARAM key) {
   if (!IsListKey(key)) return false;
-  // The keys are meant for what was typed, not for what is still shown.
+  // The key applies to the rows for the typed text, not to those still shown.
   if (textChanged_) SearchOn();
   const auto current = Current();
   const std::size_t count = picking_.List().Count();
@@ -143,10 +143,10 @@ bool PickerDialog::MovesInList(WPARAM key) {
     case VK_DOWN:
     case VK_PRIOR:
     case VK_NEXT:
-      // With Control the list would move its frame and leave the current row.
+      // With Ctrl the list would move the focus rectangle only.
       if (!IsDown(VK_CONTROL) && !IsDown(VK_MENU)) {
         SendMessageW(Control(ids::kList), WM_KEYDOWN, key, 1);
-        // The list moves nothing where nothing is current yet.
+        // Without a current row the list ignores the key.
         if (!current && count > 0) MoveTo(0);
       }
       return true;
@@ -218,7 +218,7 @@ void PickerDialog::SearchOn() {
 void PickerDialog::ShowFound(bool fromTop) {
   const HWND list = Control(ids::kList);
   const CandidateList& found = picking_.List();
-  // What a search finds later comes behind, so that nothing on the screen changes.
+  // Rows found later are appended, so visible rows do not move.
   ListView_SetItemCountEx(list, static_cast<int>(found.Count()),
                           LVSICF_NOSCROLL | (fromTop ? 0 : LVSICF_NOINVALIDATEALL));
   const bool isEmpty = found.Count() == 0 && !found.IsSearching();
@@ -274,7 +274,7 @@ std::optional<std::size_t> PickerDialog::Current() const {
 }
 
 void PickerDialog::Accept() {
-  // Enter may come before the search for what was typed has begun or found a row.
+  // Enter may arrive before the search has started or found a row.
   if (textChanged_) SearchOn();
   picking_.FindFirst();
   answer_ = picking_.Answer(Current().value_or(0));

@@ -1,5 +1,5 @@
-// Draws check boxes as the system does, in the middle of a row's height.
-// The control's own ones are made for the screen's size of icons and stay at the row's top.
+// Draws check boxes in the system's style, centred in the row. The list's own check boxes have the
+// size of system icons and sit at the top of the row.
 #include "workbench/pickers/dialog/row_images.h"
 
 #include <uxtheme.h>
@@ -12,7 +12,7 @@ namespace workbench {
 namespace {
 
 constexpr int kBox = 13;    // pixels at 96 dpi
-constexpr int kWidth = 18;  // with the room on both sides
+constexpr int kWidth = 18;  // including the margins
 
 void DrawBox(HTHEME theme, HDC context, const RECT& box, bool ticked) {
   RECT area = box;
@@ -26,7 +26,7 @@ void DrawBox(HTHEME theme, HDC context, const RECT& box, bool ticked) {
   if (FAILED(GetThemePartSize(theme, context, BP_CHECKBOX, state, nullptr, TS_TRUE, &own))) {
     own = {box.right - box.left, box.bottom - box.top};
   }
-  // A style that has no picture for the resolution draws its small one.
+  // A visual style without an image for this resolution draws its small one.
   const RECT drawn{box.left, box.top, box.left + own.cx, box.top + own.cy};
   DrawThemeBackground(theme, context, BP_CHECKBOX, state, &drawn, nullptr);
   const int width = box.right - box.left;
@@ -47,7 +47,7 @@ HIMAGELIST MakeTickImages(HWND window, pricedown::windows::Dpi dpi, int rowHeigh
 
   const pricedown::windows::WindowContext screen(window);
   const HDC memory = CreateCompatibleDC(screen.Get());
-  // Not for the window: the list's own frame would be drawn by it.
+  // Without the window, or its theme would also apply to the list's frame.
   const HTHEME theme = OpenThemeData(nullptr, VSCLASS_BUTTON);
   for (const bool ticked : {false, true}) {
     const GdiObject<HBITMAP> picture(CreateCompatibleBitmap(screen.Get(), width, rowHeight));

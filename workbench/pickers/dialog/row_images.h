@@ -1,5 +1,5 @@
-// The pictures in front of a list's rows: ticks, in the size of the resolution, and with them the
-// height of the rows. Which row has which is the list's.
+// The images in front of a list's rows: ticks in the size of the resolution. They also set the
+// height of the rows.
 #pragma once
 
 #include <windows.h>
@@ -10,11 +10,11 @@
 
 namespace workbench {
 
-// Two pictures, without and with a tick, as high as a row. The caller owns the list; null without
+// Two images, unticked and ticked, as high as a row. The caller owns the list; null when out of
 // memory.
 HIMAGELIST MakeTickImages(HWND window, pricedown::windows::Dpi dpi, int rowHeight);
 
-// Nothing to see, but rows are as high as it.
+// A transparent image that only sets the row height.
 HIMAGELIST MakeEmptyImages(int rowHeight);
 
 }  // namespace workbench

@@ -1,5 +1,5 @@
-// The class ids of the suite's objects, in the order of SuiteClasses().
-// The host's manifest lists them too, so that nothing has to be registered.
+// The class ids of the suite's objects, in the order of SuiteClasses(). The host's manifest lists
+// them too.
 #pragma once
 
 #include <windows.h>

@@ -1,5 +1,5 @@
-// WorkbenchSuite.dll: the suite's objects behind class ids, for hosts and scripts on Windows.
-// It has no registration of its own; a manifest or a test's registry names the classes.
+// WorkbenchSuite.dll: the suite's objects behind class ids, for hosts and scripts on Windows. A
+// manifest or a test's registry entries name the classes.
 #include <windows.h>
 
 #include <iterator>
@@ -105,6 +105,6 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** result) {
   return CLASS_E_CLASSNOTAVAILABLE;
 }
 
-// The suite's state lives between its objects (a recordset outlives its connection, a command
-// makes its connection anew), so the DLL stays until the process ends.
+// The suite's state outlives its objects (each command creates its own connection), so the DLL
+// stays loaded until the process ends.
 STDAPI DllCanUnloadNow() { return S_FALSE; }
