@@ -1,5 +1,5 @@
-// The simple case foldings of Unicode as a table of ranges, and the search in it.
-// Foldings into several characters and language-dependent ones are left out.
+// Unicode's simple case folding as a table of ranges. Full and language-dependent foldings are left
+// out.
 #include "workbench/company/case_folding.h"
 
 #include <algorithm>

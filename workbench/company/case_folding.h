@@ -1,5 +1,4 @@
 // Simple case folding of single characters, the same on every platform and in every locale.
-// It is not the case conversion of displayed text: it only makes two cases of a letter equal.
 #pragma once
 
 namespace workbench {

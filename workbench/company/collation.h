@@ -1,5 +1,4 @@
 // How the company compares text: the server's usual Chinese collation, as far as it matters here.
-// Pattern matching with LIKE is in like_pattern.h.
 #pragma once
 
 #include <string_view>

@@ -1,5 +1,4 @@
 // What a column's declared type means to the server and to ADO.
-// Reading the declarations themselves from the company file is schema_view.h's concern.
 #pragma once
 
 #include <string_view>

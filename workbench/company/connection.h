@@ -1,5 +1,4 @@
-// The way to a company database, whichever engine holds it: texts in, whole results out.
-// It is not the suite's connection object; that one is an automation object built on this.
+// A connection to a company database of either engine: statement texts in, whole results out.
 #pragma once
 
 #include <chrono>

@@ -1,5 +1,4 @@
-// The one exception that the company database throws, whichever engine stands behind it.
-// It carries what an ADO error object shows; it decides nothing about messages to the user.
+// The one exception of the company database, with what an ADO error object shows.
 #pragma once
 
 #include <stdexcept>

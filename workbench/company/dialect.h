@@ -1,5 +1,5 @@
 // Translates statement texts written for SQL Server into statements that SQLite runs.
-// It reads no data and runs nothing; what is outside the dialect is refused with its place.
+// Text outside the dialect is refused with its position.
 //
 // The dialect, in any case of letters and with any blanks and line breaks:
 //   SELECT [DISTINCT] [TOP n] columns [FROM tables and joins] [WHERE …] [ORDER BY …], also joined

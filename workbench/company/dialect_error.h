@@ -1,5 +1,4 @@
-// Refusals of a statement text, each with the place and in the words of the server.
-// Failures of statements that run are not made here (see sqlite_connection.cpp).
+// Refusals of a statement text, with the position and the server's wording.
 #pragma once
 
 #include <cstddef>

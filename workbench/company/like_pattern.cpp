@@ -25,7 +25,7 @@ LikePattern::LikePattern(std::string_view pattern) {
     switch (pattern[position]) {
       case '%':
         ++position;
-        // A run of runs is one run; two would only cost time.
+        // Consecutive runs match the same as one.
         if (elements_.empty() || elements_.back().kind != ElementKind::AnyRun) {
           elements_.push_back({.kind = ElementKind::AnyRun});
         }
@@ -96,7 +96,7 @@ bool LikePattern::Matches(std::string_view text) const noexcept {
   constexpr std::size_t kNone = static_cast<std::size_t>(-1);
   std::size_t position = 0;
   std::size_t element = 0;
-  // Where to go on when a match fails: behind the last run, one character further in the text.
+  // Where to backtrack: after the last run, one character further in the text.
   std::size_t retryElement = kNone;
   std::size_t retryPosition = 0;
   for (;;) {

@@ -1,5 +1,4 @@
 // A pattern of the server's LIKE, prepared once and matched against many texts.
-// The operator's place in a statement is dialect.h's concern.
 #pragma once
 
 #include <cstddef>

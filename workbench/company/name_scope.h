@@ -1,5 +1,4 @@
-// The tables that the names of a query may refer to, and the search for a name in them.
-// Scopes nest as queries do; what a name is translated to is the translator's concern.
+// The tables that the names of a query may refer to, and name lookup in nested scopes.
 #pragma once
 
 #include <optional>
@@ -19,7 +18,7 @@ struct ScopedTable {
 
 class NameScopes {
  public:
-  // Both outlive the scopes. Refusals name the token's place in `source`.
+  // Both outlive the scopes. Errors give the token's position in `source`.
   NameScopes(std::u16string_view source, SchemaView& schema) : source_(source), schema_(schema) {}
 
   void Open() { scopes_.emplace_back(); }

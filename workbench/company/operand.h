@@ -1,5 +1,4 @@
-// A translated piece of an expression together with what the server knows of its type.
-// Types are static here, as on the server; SQLite would only look at the values.
+// A translated piece of an expression with its type. Types are static, as on the server.
 #pragma once
 
 #include <cstddef>
@@ -31,7 +30,7 @@ struct Operand {
   }
 };
 
-// Notes that `whole` uses what `part` uses.
+// Adds the columns and aggregates that `part` uses to those of `whole`.
 void AbsorbUse(Operand& whole, const Operand& part);
 
 OperandKind KindOfColumn(ColumnKind kind);
@@ -39,7 +38,7 @@ OperandKind KindOfColumn(ColumnKind kind);
 // Requires: a number's kind.
 NumberType NumberTypeOf(OperandKind kind);
 
-// "…" and '…' with what is inside doubled as needed.
+// "…" and '…' with inner quotes doubled.
 std::string QuotedName(std::string_view name);
 std::string QuotedText(std::string_view text);
 
@@ -47,7 +46,7 @@ std::string QuotedText(std::string_view text);
 Operand TextLiteral(std::string value, std::size_t offset);
 Operand NumberLiteral(std::string digits, std::size_t offset);
 
-// Makes the text's comparisons those of the company where no column does it.
+// Adds the company's collation to a text that has no column to supply it.
 void AddCollation(Operand& text);
 
 // The text as a number of the kind of `number`. A literal is converted here; one that is no number

@@ -54,7 +54,7 @@ std::optional<std::size_t> ResultSet::FindColumn(std::u16string_view name) const
 
 void ResultSet::AddRow() {
   if (rowCount_ % kBlockRows == 0) {
-    // First make, then add: a failure leaves all columns equally long.
+    // Allocate first, then append: a failure leaves all columns the same length.
     for (StoredColumn& column : columns_) column.blocks.reserve(column.blocks.size() + 1);
     std::vector<std::unique_ptr<Cell[]>> made;
     for (std::size_t i = 0; i < columns_.size(); ++i) {
@@ -106,7 +106,7 @@ char16_t* ResultSet::ReserveText(std::size_t length) {
     throw std::length_error("text of a result cell");
   }
   const std::size_t chunk = std::max({length, nextChunk_, kSmallestChunk});
-  // Not make_unique: that would write zeros over memory that is filled next.
+  // Not make_unique, which would zero memory that is filled next.
   arena_.push_back(nullptr);
   arena_.back().reset(new char16_t[chunk]);
   nextChunk_ = std::min(std::max(nextChunk_, kSmallestChunk) * 2, kBiggestChunk);

@@ -1,5 +1,5 @@
-// The whole result of a query, detached from the database: column descriptions and cells.
-// It has no current row and nothing in it can be changed; recordsets are built on top of it.
+// The whole, immutable result of a query, detached from the database: column descriptions and
+// cells.
 #pragma once
 
 #include <cstddef>
@@ -64,8 +64,8 @@ class Cell {
   CellKind kind_;
 };
 
-// Movable, not copyable. A statement that gives no rows has a result without columns, which is
-// not the same as a query's result without rows. Filled by the connection, then only read.
+// Movable, not copyable. A statement that is no query has a result without columns, unlike a query
+// without rows. Filled by the connection, then only read.
 class ResultSet {
  public:
   ResultSet() = default;
@@ -104,9 +104,9 @@ class ResultSet {
 
   struct StoredColumn {
     ResultColumn described;
-    // Blocks instead of one vector: growing never copies what is already there.
+    // Blocks instead of one vector: growing never copies cells.
     std::vector<std::unique_ptr<Cell[]>> blocks;
-    // The last text that was decoded. Sorted results repeat it row after row; it is kept once.
+    // The last decoded text, stored once while sorted results repeat it row after row.
     std::string lastUtf8;
     std::u16string_view lastText;
   };
@@ -115,7 +115,7 @@ class ResultSet {
     return columns_[column].blocks.back()[(rowCount_ - 1) % kBlockRows];
   }
   static void Assign(Cell& cell, std::u16string_view text) noexcept;
-  // Room for `length` code units at an address that stays; CommitText takes what was used.
+  // Reserves `length` code units at a stable address; CommitText keeps the used part.
   char16_t* ReserveText(std::size_t length);
   std::u16string_view CommitText(std::size_t length) noexcept;
 

@@ -1,4 +1,4 @@
-// The DDL of the company database, written out whole. It holds no data and no migration.
+// The DDL of the company database, written out whole.
 #include "workbench/company/schema.h"
 
 namespace workbench {

@@ -1,5 +1,4 @@
-// The tables of a company database and how a company file is recognised. It creates and
-// checks tables; it neither opens connections nor knows what a sample company holds.
+// The tables of a company database and how a company file is recognised.
 #pragma once
 
 #include <sqlite3.h>

@@ -1,5 +1,4 @@
 // What the dialect layer asks about the company's tables: which columns they have, of which type.
-// It is a port: SQLite answers in the workbench, a table of the test's in the tests.
 #pragma once
 
 #include <optional>

@@ -1,6 +1,4 @@
-// Registers with SQLite what translated statements need beyond SQLite's own functions: the
-// collation, LIKE as the server has it and the strict conversion of text to a number. The rules
-// themselves are in collation.cpp, like_pattern.cpp and server_number.cpp.
+// Registers the SQLite functions and the collation that translated statements need.
 #include <sqlite3.h>
 
 #include <memory>

@@ -1,5 +1,4 @@
-// The server's implicit conversion of text to a number, as it happens where the two meet.
-// It is stricter than SQLite's own, which takes any text as some number.
+// The server's implicit conversion of text to a number, which is stricter than SQLite's.
 #pragma once
 
 #include <cstdint>

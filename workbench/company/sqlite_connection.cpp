@@ -22,7 +22,7 @@ namespace {
 
 constexpr int kLockWaitMilliseconds = 5000;
 
-// The server's number and words for what SQLite reports.
+// The server's number and message for an SQLite error.
 struct KnownFailure {
   int resultCode;
   int nativeNumber;
@@ -47,7 +47,7 @@ std::string_view ColumnText(sqlite3_stmt* statement, int column) {
   return {reinterpret_cast<const char*>(text), static_cast<std::size_t>(size)};
 }
 
-// For a column of no declared type, by what it holds.
+// For a column without a declared type, by its value.
 ResultColumn DescribeValue(int sqliteType) {
   return DescribeDeclaredType(sqliteType == SQLITE_INTEGER ? "BIGINT"
                               : sqliteType == SQLITE_FLOAT ? "DOUBLE"
@@ -106,8 +106,8 @@ ResultSet SqliteConnection::Execute(std::u16string_view text) {
   if (changes < 2 || sqlite3_get_autocommit(database_.get()) == 0) {
     return RunAll(translated, statements);
   }
-  // One transaction only for speed. It is committed after a failure too: each statement undoes
-  // itself, and those before it stay done.
+  // One transaction, only for speed. It is committed after a failure too: a failed statement undoes
+  // itself, earlier ones stay done.
   Command("BEGIN IMMEDIATE");
   ResultSet result;
   try {

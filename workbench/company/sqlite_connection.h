@@ -1,5 +1,4 @@
 // The embedded company: an SQLite file that understands the dialect of dialect.h.
-// It creates neither the file nor its tables.
 #pragma once
 
 #include <memory>
@@ -17,13 +16,13 @@ struct StatementRun;
 struct StatementShape;
 struct TranslatedText;
 
-// Other connections and processes may use the file at the same time; a lock of theirs is waited
-// for, up to five seconds. All statements of a text are compiled before the first runs.
+// Other connections and processes may use the file at the same time; waits up to five seconds for
+// their locks. All statements of a text are compiled before the first runs.
 class SqliteConnection final : public Connection {
  public:
   // `path` in UTF-8. Throws DatabaseError where there is no such company file.
   explicit SqliteConnection(std::string_view path, OpenMode mode = OpenMode::Shared);
-  // Uses an open database that stays the caller's and outlives the connection. Requires:
+  // Uses an open database, which the caller owns and which outlives the connection. Requires:
   // RegisterServerText was called on it.
   explicit SqliteConnection(sqlite3* database);
   ~SqliteConnection() override;
@@ -38,7 +37,7 @@ class SqliteConnection final : public Connection {
   void CreateIndexes() override;
   void RequireCompany() override;
 
-  // The open file, for what the dialect has no words for; the connection stays its owner.
+  // Borrowed; for statements outside the dialect.
   sqlite3* Database() const noexcept { return database_.get(); }
 
  private:

@@ -1,5 +1,5 @@
-// The tables and columns of an open SQLite file, as the dialect layer asks for them.
-// It reads SQLite's own schema and remembers nothing, so that it is never out of date.
+// The tables and columns of an open SQLite file, as the dialect layer needs them. Nothing is
+// cached.
 #pragma once
 
 #include "workbench/company/schema_view.h"

@@ -1,5 +1,4 @@
 // The reading position in a statement text: the current token and the steps a parser takes.
-// It refuses what does not fit with the place, but knows no statements itself.
 #pragma once
 
 #include <cstddef>
@@ -16,7 +15,7 @@ class TokenCursor {
   std::u16string_view Source() const noexcept { return tokenizer_.Source(); }
   const Token& Current() const noexcept { return current_; }
   Token Take();
-  // The token behind the current one.
+  // The token after the current one.
   Token Following() const;
 
   // `keyword` in lower case.
@@ -25,7 +24,7 @@ class TokenCursor {
   bool AtEnd() const noexcept { return current_.kind == TokenKind::End; }
   // A word or bracketed name that may name a table or column.
   bool AtName() const;
-  // SELECT, INSERT, DELETE or UPDATE: here a statement begins when the one before is complete.
+  // SELECT, INSERT, DELETE or UPDATE: begins a statement once the previous one is complete.
   bool AtStatement() const noexcept;
 
   bool TakeKeyword(std::u16string_view keyword);

@@ -176,7 +176,8 @@ Token Tokenizer::Number() {
       skipDigits();
     }
   }
-  // 1a would be the number 1 with the alias a, 0x1F a binary constant: neither is meant here.
+  // On the server 1a is the number 1 with the alias a, and 0x1F a binary constant; neither is in
+  // the dialect.
   if (IsLetter(At(end))) {
     ThrowSyntaxError(source_, position_, source_.substr(position_, end + 1 - position_));
   }

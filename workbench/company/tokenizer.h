@@ -1,5 +1,5 @@
-// Cuts a statement text for SQL Server into words, names, literals and symbols.
-// It knows no grammar; comments, variables and double-quoted names are not part of the dialect.
+// Splits a statement text for SQL Server into words, names, literals and symbols. Comments,
+// variables and double-quoted names are not part of the dialect.
 #pragma once
 
 #include <cstddef>
@@ -34,8 +34,8 @@ class Tokenizer {
   // The text must outlive the tokenizer and its tokens.
   explicit Tokenizer(std::u16string_view source) : source_(source) {}
 
-  // The token at the position, which moves behind it; End at the end of the text. Throws
-  // DatabaseError, with the place, at what begins no token and at a quote that is not closed.
+  // Returns the next token and moves past it; End at the end of the text. Throws DatabaseError with
+  // the position at an unknown character or unclosed quote.
   Token Next();
 
   std::u16string_view Source() const noexcept { return source_; }

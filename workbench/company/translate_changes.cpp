@@ -1,5 +1,4 @@
-// INSERT, DELETE and UPDATE, and the splitting of a text into its statements.
-// Queries and expressions inside of them are translated by the other two sources.
+// INSERT, DELETE and UPDATE, and splitting a text into statements.
 #include <algorithm>
 #include <string>
 #include <utility>
@@ -11,7 +10,7 @@
 namespace workbench {
 namespace {
 
-// The literal as the column stores it, nothing where only SQLite can tell.
+// The literal as the column stores it; nothing where only SQLite knows.
 SqlValue ValueOf(const Operand& literal) {
   if (literal.kind == OperandKind::Null) return std::monostate();
   if (literal.kind == OperandKind::Text) return literal.literal;
@@ -70,7 +69,7 @@ void Translator::ParseInsert() {
   const std::size_t start = cursor_.Current().offset;
   const std::u16string_view repeated = insertTarget_.source;
   if (!repeated.empty() && cursor_.Source().substr(start, repeated.size()) == repeated) {
-    // The row-by-row inserts of one table name it and its columns again and again.
+    // Skips the repeated table and columns of row-by-row inserts.
     cursor_.MoveTo(start + repeated.size());
   } else {
     ParseInsertTarget();

@@ -1,5 +1,4 @@
 // Values and conditions: operators, literals, names, functions.
-// Queries inside of conditions are translated by translate_queries.cpp.
 #include <string>
 #include <utility>
 
@@ -168,7 +167,7 @@ Operand Translator::ParseIn(Operand left, bool negated) {
   } else {
     do {
       Operand item = ParseValue();
-      // The first item decides, so that a long list is written in one go.
+      // The first item decides, so that a long list is written in one pass.
       if (list.empty() && left.kind == OperandKind::Text && item.IsNumber()) {
         ConvertToNumber(left, item.kind);
       }
@@ -199,7 +198,7 @@ Operand Translator::ParseIsNullTest(Operand left) {
 Operand Translator::ParseSum() {
   Operand left = ParsePrimary();
   while (cursor_.AtSymbol(u"+") || cursor_.AtSymbol(u"-") || cursor_.AtSymbol(u"*")) {
-    // Only the joining of texts is certain to give what the server gives.
+    // Only for texts is + certain to behave as on the server.
     if (!cursor_.AtSymbol(u"+") || left.kind != OperandKind::Text) cursor_.RefuseUnsupported();
     const Token plus = cursor_.Take();
     const Operand right = ParsePrimary();

@@ -1,5 +1,4 @@
 // Calls of functions: isnull and the aggregates.
-// Their arguments are translated by translate_expressions.cpp.
 #include <string>
 #include <utility>
 

@@ -1,5 +1,4 @@
 // SELECT with its clauses, alone and joined by UNION, EXCEPT and INTERSECT.
-// Conditions and values are translated by translate_expressions.cpp.
 #include <algorithm>
 #include <charconv>
 #include <string>
@@ -44,7 +43,7 @@ Query Translator::ParseSelect() {
     if (cursor_.AtKeyword(u"percent") || cursor_.AtKeyword(u"with")) cursor_.RefuseUnsupported();
   }
 
-  // What the columns are is known only from the tables: FROM is read before them.
+  // The columns depend on the tables, so FROM is parsed first.
   scopes_.Open();
   const std::size_t list = cursor_.Current().offset;
   SkipToFrom();
@@ -130,7 +129,7 @@ void Translator::ParseSelectItem(Query& query, bool& hasAggregate,
   Operand value = ParseValue();
   hasAggregate = hasAggregate || value.isAggregate;
   if (value.usesColumns) plainColumn = first;
-  // Equal texts are equal in DISTINCT, UNION and ORDER BY also when no column says so.
+  // DISTINCT, UNION and ORDER BY compare by the company's collation even without a column.
   if (value.kind == OperandKind::Text) AddCollation(value);
   std::string name;
   if (cursor_.TakeKeyword(u"as") || cursor_.AtName()) {

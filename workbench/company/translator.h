@@ -1,5 +1,5 @@
-// The parser of the dialect: reads a statement and writes what SQLite makes the same of.
-// TranslateText (dialect.h) is the way in; this header is for the translator's own sources.
+// The parser of the dialect: reads a statement and writes its equivalent for SQLite. Callers use
+// TranslateText (dialect.h).
 #pragma once
 
 #include <optional>
