@@ -1,5 +1,5 @@
-// A program that makes and shows whole controls, and the same windows without a control.
-// Natively there are no windows, only the control's core.
+// A program that creates and shows whole controls, and the same windows without a control. Natively
+// both are without windows.
 #pragma once
 
 #include <cstddef>

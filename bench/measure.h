@@ -14,7 +14,7 @@ struct Timing {
 };
 
 // Runs both alternately, so that a slow moment of the machine affects both alike. `prepare`, if
-// any, runs before each of them and is not measured.
+// any, runs before each of them, unmeasured.
 Timing Compare(const std::function<void()>& product, const std::function<void()>& raw,
                int repetitions, const std::function<void()>& prepare = nullptr);
 
@@ -23,8 +23,8 @@ class Figures {
  public:
   // Prints the line of titles.
   Figures();
-  // Prints one line: what, how much of it, both times, their ratio and how the product's time
-  // grew per doubling of the amount since the last line of the same operation.
+  // Prints one line: operation, amount, both times, their ratio, and how the product's time grew
+  // per doubling of the amount since the previous line of that operation.
   void Add(const std::string& operation, std::size_t amount, const Timing& timing);
 
  private:

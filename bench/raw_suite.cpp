@@ -1,5 +1,5 @@
-// The same calls as the library, in its order.
-// Single values are read by the library's own readers, which add nothing to the calls.
+// The same calls as the library, in its order. Single values use the library's readers, which add
+// no calls.
 #include "bench/raw_suite.h"
 
 #include <functional>

@@ -1,5 +1,4 @@
-// The control's core on views that draw nothing.
-// The tree keeps its texts, as a real tree does.
+// The control's core on views that draw nothing. The tree keeps its texts, as a real tree does.
 #pragma once
 
 #include <string>

@@ -56,7 +56,7 @@ struct FormState {
   ClassHeader savedValues;
   std::int32_t lossAccountId = 0;
   std::int32_t reserveAccountId = 0;
-  bool loaded = false;
+  bool loaded = false;  // between Load and Unload of one showing
   bool saved = false;
   // A save failed while it put the header into the rows: only some of them carry it.
   bool headersMixed = false;

@@ -14,6 +14,7 @@ struct ProcessState {
   // Whether both are those of the suite, as the last control's creation read them.
   bool periodKnown = false;
   // The first day of the current period and of the one that follows it, as the suite writes them.
+  // Nothing reads them; the suite sees the calls, and their failure fails the creation.
   std::u16string periodStart;
   std::u16string followingPeriodStart;
   // 0, 1 or 2; 0 locks the item grid. Keeps its value when no scope is granted.
