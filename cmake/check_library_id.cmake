@@ -1,5 +1,5 @@
 # Script: fails unless the type library TLB holds the id that IDL gives its library block.
-# widl can write a wrong last byte without a word when a dispinterface comes first in it.
+# widl silently writes a wrong last byte when a dispinterface comes first in it.
 file(READ ${IDL} text)
 string(REGEX MATCH "uuid\\(([0-9A-Fa-f-]+)\\)[^]]*\\][ \t\r\n]*library[ \t\r\n]" found "${text}")
 if(NOT found)

@@ -80,7 +80,7 @@ function(add_com_library target)
     # COM asks for the undecorated names.
     target_link_options(${target} PRIVATE -Wl,--kill-at -Wl,--enable-stdcall-fixup)
   endif()
-  # The tools write the time into what they change; the same sources are to give the same bytes.
+  # The tools would write the current time; the same sources must give the same bytes.
   set(fixed_time ${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=0)
   add_custom_command(TARGET ${target} POST_BUILD
     COMMAND ${fixed_time} ${CMAKE_OBJCOPY} --only-keep-debug

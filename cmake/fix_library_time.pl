@@ -1,6 +1,5 @@
-# fix_library_time.pl FILE: takes the time of its making out of a type library that widl wrote, once
-# as text and once as a number, so that the same sources give the same bytes. Fails when there is
-# none.
+# fix_library_time.pl FILE: removes the creation time, stored as text and as a number, from a type
+# library that widl wrote, so that the same sources give the same bytes. Fails if it finds none.
 use strict;
 use warnings;
 

@@ -1,8 +1,12 @@
-# GTest::gmock_main: Debian's library natively, its sources built with the mingw compilers
-# for Windows, because no mingw package of it exists.
+# GTest::gmock_main: for Windows the sources of the package `googletest` where they are, because a
+# cross compiler has no built one; else the built package.
 if(WIN32)
+  find_path(GOOGLETEST_SOURCE_DIR googlemock/CMakeLists.txt
+    PATHS /usr/src/googletest NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
+endif()
+if(GOOGLETEST_SOURCE_DIR)
   set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
-  add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
+  add_subdirectory(${GOOGLETEST_SOURCE_DIR} ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
 else()
   find_package(GTest REQUIRED)
 endif()

@@ -34,8 +34,8 @@ function(render_icon result picture)
 endfunction()
 
 # add_icons(TARGET FOLDER [EXTENDS TARGET]): an OBJECT library of FOLDER/icons.rc, which names the
-# icons of FOLDER, and of the folder of EXTENDS if it includes that one's script. A program
-# links one such library, because two number their pictures alike.
+# icons of FOLDER, and of the folder of EXTENDS if it includes that one's script. A program links
+# one such library only: the numbers of two would collide.
 function(add_icons target folder)
   cmake_parse_arguments(PARSE_ARGV 2 icons "" "EXTENDS" "")
   file(GLOB pictures CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.svg)

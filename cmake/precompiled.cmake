@@ -12,8 +12,8 @@ if(WIN32)
   list(PREPEND precompiled_tests ${precompiled_windows})
 endif()
 
-# The program or library whose headers the others of its kind take, made where the kind is first
-# used, so that it has that directory's options. Its name must not end as a test program's does.
+# Creates the target whose precompiled headers all targets of a kind reuse, where the kind is first
+# used, to get that directory's options. Its name must not end in _tests.
 function(add_precompiled kind)
   set(source ${PROJECT_BINARY_DIR}/generated/precompiled_${kind}.cpp)
   file(CONFIGURE OUTPUT ${source} CONTENT "int main() {}\n")
@@ -48,7 +48,7 @@ function(precompile target)
   if(NOT WIN32 AND NOT type STREQUAL precompiled_type)
     return()
   endif()
-  # So that ccache sees what is in them.
+  # So that ccache sees the contents.
   target_compile_options(${target} PRIVATE -fpch-preprocess)
   target_precompile_headers(${target} REUSE_FROM ${precompiled_kind}_precompiled)
 endfunction()

@@ -1,7 +1,8 @@
 # sqlite3: the pinned amalgamation, the same version natively and on Windows.
 set(sqlite_dir ${PROJECT_SOURCE_DIR}/build/third_party/sqlite3)
+find_program(BASH bash REQUIRED)
 execute_process(
-  COMMAND ${PROJECT_SOURCE_DIR}/scripts/fetch-sqlite ${sqlite_dir}
+  COMMAND ${BASH} ${PROJECT_SOURCE_DIR}/scripts/fetch-sqlite ${sqlite_dir}
   COMMAND_ERROR_IS_FATAL ANY)
 
 add_library(sqlite3 STATIC EXCLUDE_FROM_ALL ${sqlite_dir}/sqlite3.c)
@@ -10,7 +11,7 @@ target_compile_definitions(sqlite3 PRIVATE
   SQLITE_THREADSAFE=1
   SQLITE_DEFAULT_MEMSTATUS=0
   SQLITE_OMIT_LOAD_EXTENSION)
-# Not ours: neither our warnings nor warnings as errors.
+# Third-party code: none of our warnings.
 target_compile_options(sqlite3 PRIVATE -w -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
 if(NOT WIN32)
   target_link_libraries(sqlite3 INTERFACE m pthread)

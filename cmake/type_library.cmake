@@ -2,12 +2,16 @@
 # under generated/windows/server/idl, so that sources include "windows/server/idl/NAME.h" and resource
 # scripts name "windows/server/idl/NAME.tlb".
 
-find_path(WINE_IDL_DIR oaidl.idl
+# The toolchain files name the triplet; the one of the target comes first.
+find_program(WIDL NAMES ${MINGW_TRIPLET}-widl widl REQUIRED)
+# On Debian Wine's, on Windows those of the mingw headers.
+find_path(IDL_DIR oaidl.idl
   PATHS /usr/include/wine/wine/windows /usr/include/wine/windows
-  NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH REQUIRED)
-# The type library format does not depend on the target; the 64-bit Wine's copy serves both.
+  NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+# The type library format does not depend on the target; the 64-bit copy serves both.
 find_path(STDOLE2_DIR stdole2.tlb
   PATHS /usr/lib/x86_64-linux-gnu/wine/x86_64-windows /usr/lib/wine/x86_64-windows
+    $ENV{SystemRoot}/System32
   NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH REQUIRED)
 
 find_program(PERL perl REQUIRED)
@@ -23,9 +27,9 @@ function(add_type_library target)
     cmake_path(GET idl STEM name)
     add_custom_command(
       OUTPUT ${folder}/${name}.h ${folder}/${name}_i.c ${folder}/${name}.tlb
-      COMMAND ${PRICEDOWN_WIDL} -I ${WINE_IDL_DIR} -L ${STDOLE2_DIR}
+      COMMAND ${WIDL} -I ${IDL_DIR} -L ${STDOLE2_DIR}
         -h -H ${folder}/${name}.h -u -U ${folder}/${name}_i.c ${idl}
-      COMMAND ${PRICEDOWN_WIDL} -I ${WINE_IDL_DIR} -L ${STDOLE2_DIR}
+      COMMAND ${WIDL} -I ${IDL_DIR} -L ${STDOLE2_DIR}
         -t -T ${folder}/${name}.tlb ${idl}
       COMMAND ${PERL} ${PROJECT_SOURCE_DIR}/cmake/fix_library_time.pl ${folder}/${name}.tlb
       COMMAND ${CMAKE_COMMAND} -D IDL=${idl} -D TLB=${folder}/${name}.tlb
@@ -37,7 +41,7 @@ function(add_type_library target)
   endforeach()
   add_custom_target(${target}_files DEPENDS ${outputs})
   add_library(${target} INTERFACE)
-  # SYSTEM: generated code does not meet our warnings.
+  # SYSTEM: no warnings in generated code.
   target_include_directories(${target} SYSTEM INTERFACE ${root})
   add_dependencies(${target} ${target}_files)
 endfunction()

@@ -21,7 +21,7 @@ target_compile_options(project_options INTERFACE
   -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
 
 if(WIN32)
-  # What is not reached is not shipped. The time of linking is not part of a program.
+  # Drops unreachable sections, and keeps the link time out of the binary.
   target_compile_options(project_options INTERFACE -ffunction-sections -fdata-sections)
   target_link_options(project_options INTERFACE -Wl,--gc-sections -Wl,--no-insert-timestamp)
   target_compile_definitions(project_options INTERFACE
@@ -35,7 +35,7 @@ if(WIN32)
     target_link_options(project_options INTERFACE -Wl,--high-entropy-va)
   endif()
 else()
-  # Not on Windows: an assertion ends the process, and that is the host's.
+  # Not on Windows: an assertion would end the host's process.
   target_compile_definitions(project_options INTERFACE _GLIBCXX_ASSERTIONS)
   # Not on Windows: COM interfaces have no virtual destructor by their binary contract.
   target_compile_options(project_options INTERFACE -Wnon-virtual-dtor)
@@ -43,19 +43,19 @@ else()
 endif()
 
 if(PRICEDOWN_SANITIZE)
-  # Directories set the variable of that name. The checks of undefined behaviour are a third of the
-  # time that a test takes to compile; what is tested has them.
+  # A directory sets the variable of that name. The checks for undefined behaviour take a third of a
+  # test's compile time; the tested code keeps them.
   define_property(TARGET PROPERTY PRICEDOWN_TEST_CODE INITIALIZE_FROM_VARIABLE PRICEDOWN_TEST_CODE)
   target_compile_options(project_options INTERFACE
     -fsanitize=address -fno-sanitize-recover=all -fno-omit-frame-pointer
     $<$<NOT:$<BOOL:$<TARGET_PROPERTY:PRICEDOWN_TEST_CODE>>>:-fsanitize=undefined>)
   target_link_options(project_options INTERFACE -fsanitize=address,undefined)
   if(PRICEDOWN_FUZZ)
-    # Warnings of g++ that clang does not know are no findings.
+    # Clang does not know all warnings of g++.
     target_compile_options(project_options INTERFACE
       -fsanitize=fuzzer-no-link -Wno-unknown-warning-option)
   endif()
 else()
-  # Sanitizers intercept what fortify would check, and the two do not mix.
+  # Fortify and the sanitizers intercept the same functions and do not mix.
   target_compile_definitions(project_options INTERFACE _FORTIFY_SOURCE=2)
 endif()
