@@ -20,8 +20,8 @@ struct SuiteState {
   // Never null.
   std::unique_ptr<Pickers> pickers = std::make_unique<QueuedPickers>();
 
-  // Opens the company at a path or a connection string in place of the one before. Throws
-  // AutomationError, also for a database that is no company, and then keeps the one before.
+  // Opens the company at a path or connection string and closes the previous one. On
+  // AutomationError, also for a database that is no company, the previous one stays open.
   void OpenCompany(std::u16string_view location);
 
   // Runs a statement on the company. Throws AutomationError without a company and when the

@@ -23,14 +23,15 @@ using pricedown::windows::Counts;
 using pricedown::windows::DispatchObject;
 using pricedown::windows::MakeCom;
 
-// In a window of this program. Asked while a server's statement runs, when no message is handled.
+// Whether Escape is down in a window of this program. Called during a server's statement, when no
+// messages are processed.
 bool EscapeIsPressed() {
   DWORD process = 0;
   GetWindowThreadProcessId(GetForegroundWindow(), &process);
   return process == GetCurrentProcessId() && GetAsyncKeyState(VK_ESCAPE) < 0;
 }
 
-// What the DLL owns: the suite that all its objects share.
+// The suite that all objects of the DLL share.
 struct Server {
   HINSTANCE module = nullptr;
   SuiteStatePtr suite;
