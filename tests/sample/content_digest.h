@@ -7,7 +7,7 @@
 
 namespace workbench::testing {
 
-/// Equal for equal rows, kinds of values included; the same on every platform.
+// Equal for equal rows, kinds of values included; the same on every platform.
 std::uint64_t ContentDigest(sqlite3* company);
 
 }  // namespace workbench::testing

@@ -27,7 +27,7 @@ class TemporaryFolder {
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-  /// The UTF-8 path of a file in the folder.
+  // The UTF-8 path of a file in the folder.
   std::string PathOf(const std::string& name) const {
     const std::u8string path = (path_ / PathFromUtf8(name)).u8string();
     return {path.begin(), path.end()};

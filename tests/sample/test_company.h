@@ -29,7 +29,7 @@ inline Database LargeCompany(const LargeCompanyPlan& plan) {
   return company;
 }
 
-/// Five items 01.01.0001 to 01.01.0005 in two classes, the whole chart of accounts.
+// Five items 01.01.0001 to 01.01.0005 in two classes, the whole chart of accounts.
 inline Database TinyCompany() { return LargeCompany({1, 5, 2}); }
 
 inline ImportResult Import(const Database& company, const std::optional<CsvFile>& items,
@@ -42,7 +42,7 @@ inline std::int64_t Count(const Database& company, std::string_view sql) {
   return QueryInteger(company.get(), sql);
 }
 
-/// One text per row, columns joined by "|", NULL as "NULL".
+// One text per row, columns joined by "|", NULL as "NULL".
 inline std::vector<std::string> Rows(const Database& company, std::string_view sql) {
   Statement statement(company.get(), sql);
   std::vector<std::string> rows;

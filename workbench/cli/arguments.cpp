@@ -1,5 +1,4 @@
-// The commands and their options, and Chinese words for what is wrong with a command line. What
-// the commands do is elsewhere.
+// The commands and their options, and Chinese words for what is wrong with a command line.
 #include "workbench/cli/arguments.h"
 
 #include <CLI.hpp>

@@ -1,4 +1,4 @@
-// The command line of `workbench` as values. It runs nothing.
+// The command line of `workbench` as values.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@
 
 namespace workbench {
 
-/// A command line that says nothing sensible; the text is Chinese, for the user.
+// A command line that says nothing sensible; the text is Chinese, for the user.
 class UsageError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
@@ -19,20 +19,20 @@ enum class CommandKind { Help, Create, Import, Export, Info, Check, Explain, Bac
 
 struct Arguments {
   CommandKind kind = CommandKind::Help;
-  std::string help;     ///< Help: what to show
-  std::string company;  ///< path or connection string
+  std::string help;     // Help: what to show
+  std::string company;  // path or connection string
   int loginTimeout = 15;
   int statementTimeout = 60;
   std::uint64_t seed = 1;
-  std::optional<int> items;  ///< create: number of items
+  std::optional<int> items;  // create: number of items
   std::optional<int> classes;
   bool force = false;
-  std::optional<std::string> itemsFile;  ///< import, export: CSV of items
+  std::optional<std::string> itemsFile;  // import, export: CSV of items
   std::optional<std::string> accountsFile;
-  std::string target;  ///< explain: class or item; backup: the copy
+  std::string target;  // explain: class or item; backup: the copy
 };
 
-/// `words` are UTF-8, without the program's name. Throws UsageError.
+// `words` are UTF-8, without the program's name. Throws UsageError.
 Arguments ParseArguments(const std::vector<std::string>& words);
 
 }  // namespace workbench

@@ -1,4 +1,4 @@
-// The commands and what they tell the user. The work is done in workbench/sample.
+// The commands and what they tell the user.
 #include "workbench/cli/commands.h"
 
 #include <chrono>

@@ -1,4 +1,4 @@
-// atl.dll is loaded once and stays: its window class belongs to it.
+// atl.dll is loaded once and stays loaded, because it owns the window class.
 #include "workbench/host/atl_container.h"
 
 #include "platform/error.h"
@@ -17,7 +17,7 @@ struct Atl {
 
   Atl() {
     if (library == nullptr) return;
-    // GetProcAddress answers one function type for all.
+    // GetProcAddress returns one function type for all.
     const auto initialise = reinterpret_cast<BOOL(WINAPI*)()>(
         reinterpret_cast<void*>(GetProcAddress(library, "AtlAxWinInit")));
     getControl = reinterpret_cast<decltype(getControl)>(

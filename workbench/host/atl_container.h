@@ -1,5 +1,4 @@
 // The operating system's own control container, `AtlAxWin` of atl.dll.
-// Everything about how a control is hosted is the system's.
 #pragma once
 
 #include <windows.h>

@@ -57,7 +57,7 @@ ChildWindow* ChildWindow::Open(ChildWindowEvents& frame, HINSTANCE module, HWND 
   const auto window = reinterpret_cast<HWND>(
       SendMessageW(client, WM_MDICREATE, 0, reinterpret_cast<LPARAM>(&creation)));
   if (window == nullptr) {
-    // The object ends with its window; without one it is still ours.
+    // The window deletes the object; without one it is still ours.
     if (child->window_ == nullptr) delete child;
     throw pricedown::AutomationError(pricedown::ErrorNumber::Unspecified, u"无法打开窗口。",
                                      u"WorkbenchHost");
@@ -122,7 +122,7 @@ void ChildWindow::MergeToolBar(const ObjectPtr& bar) {
 void ChildWindow::ToolChanged() { frame_.ChildToolChanged(*this); }
 
 void ChildWindow::ClickTool(const ObjectPtr& tool) {
-  // The control follows the state of this check tool; the host keeps it.
+  // The host keeps the state of this check tool; the control follows it.
   if (ToText(tool->Get(u"Name")) == u"mnuViewStatusBar") {
     tool->Put(u"Checked", !pricedown::ToBoolean(tool->Get(u"Checked")));
   }

@@ -1,5 +1,5 @@
-// One child window of the host with a control inside the system's container.
-// It knows the control as any host does: by ProgID, late-bound, and as an OLE object for keys.
+// One child window of the host with a control in the system's container, reached as by any host: by
+// ProgID, late-bound, and as an OLE object for keys.
 #pragma once
 
 #include <windows.h>

@@ -218,7 +218,7 @@ void FrameWindow::OnCreate() {
   status_ = CreateWindowExW(0, STATUSCLASSNAMEW, L"", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0, 0,
                             0, 0, window_, nullptr, module_, nullptr);
   CLIENTCREATESTRUCT creation{};
-  // Kept, because a maximized child moves the menus.
+  // Stored, because a maximized child shifts the menus.
   businessMenu_ = GetSubMenu(GetMenu(window_), kBusinessMenuPosition);
   creation.hWindowMenu = GetSubMenu(GetMenu(window_), kWindowMenuPosition);
   creation.idFirstChild = IDM_FIRST_CHILD;
@@ -243,7 +243,7 @@ void FrameWindow::LayOut() {
 
 void FrameWindow::OnCommand(int id, WPARAM wParam, LPARAM lParam) {
   if (lParam != 0 && reinterpret_cast<HWND>(lParam) == toolbar_->Handle()) {
-    // The toolbar is not done with the click, and the command may take its buttons away.
+    // Posted, because the command may remove the button while the toolbar still handles the click.
     PostMessageW(window_, WM_COMMAND, MAKEWPARAM(id, 0), 0);
     return;
   }
@@ -299,7 +299,7 @@ void FrameWindow::ChooseCompany() {
 
 void FrameWindow::ChangeSettings() {
   if (!ShowSettings(module_, window_, settings_)) return;
-  // A control reads its settings when it is made: what is open is opened anew.
+  // A control reads its settings when it is created, so open children are reopened.
   std::vector<std::wstring> captions;
   for (HWND window = GetWindow(client_, GW_CHILD); window != nullptr;
        window = GetWindow(window, GW_HWNDNEXT)) {

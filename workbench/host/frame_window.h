@@ -1,5 +1,4 @@
 // The host's main window: menus, merged toolbar, status line, and the child windows.
-// What happens inside a child window is child_window.h.
 #pragma once
 
 #include <windows.h>
@@ -25,24 +24,24 @@ class FrameWindow final : private ChildWindowEvents {
   FrameWindow& operator=(const FrameWindow&) = delete;
 
   void Show(int command);
-  // Runs messages until the window is closed; the answer is the exit code.
+  // Runs messages until the window is closed; returns the exit code.
   int Run();
 
   HWND Handle() const { return window_; }
   const pricedown::ObjectPtr& Settings() const { return settings_; }
 
-  // Opens a company file or connection string and closes the children of the one before. Throws
+  // Opens a company file or connection string and closes the previous one's children. Throws
   // AutomationError.
   void OpenCompany(const std::wstring& location);
-  // The same for the user: a failure is told, with the question whether to open another company
-  // until one opens or the user has enough. Whether one is open then.
+  // The same for the user: shows a failure and offers to open another company, until one opens or
+  // the user declines. Returns whether one is open.
   bool OpenCompanyOrAsk(std::wstring location);
   // Opens a child window, or brings it to the front. Null when that fails, after a message, or
   // when the user has closed it meanwhile.
   ChildWindow* OpenChild(const wchar_t* caption);
   ChildWindow* ActiveChild() const;
   void CloseChildren();
-  // Chooses the merged tool of that name, as a click on it would; nothing when there is none.
+  // Clicks the merged tool of that name; a no-op if there is none.
   void ClickTool(ChildWindow& child, std::u16string_view name);
 
  private:

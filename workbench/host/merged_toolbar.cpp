@@ -1,6 +1,5 @@
-// The merged toolbar on the system's toolbar control. A check tool is an ordinary button here: its
-// look follows the tool's state and never runs ahead of it.
-// Tools are reached by name as any host reaches them.
+// The merged toolbar on the system's toolbar control. A check tool is an ordinary button that shows
+// the tool's state.
 #include "workbench/host/merged_toolbar.h"
 
 #include <algorithm>
@@ -109,7 +108,7 @@ void MergedToolbar::Merge(const ObjectPtr& bar) {
   SendMessageW(window_, TB_AUTOSIZE, 0, 0);
 }
 
-// Of the resolution that the window has now.
+// For the window's current resolution.
 void MergedToolbar::TakePictures() {
   const Dpi dpi = Dpi::Of(window_);
   std::vector<int> icons;
@@ -150,7 +149,7 @@ void MergedToolbar::RefreshStates() {
                       (IsTrue(tool, u"Checked") ? TBSTATE_CHECKED : 0) |
                       (IsTrue(tool, u"Visible") ? 0 : TBSTATE_HIDDEN);
     constexpr LRESULT kShown = TBSTATE_ENABLED | TBSTATE_CHECKED | TBSTATE_HIDDEN;
-    // A button that is being pressed is not disturbed.
+    // Setting the state would release a pressed button.
     if ((SendMessageW(window_, TB_GETSTATE, id, 0) & kShown) == state) continue;
     SendMessageW(window_, TB_SETSTATE, id, MAKELPARAM(state, 0));
   }

@@ -1,5 +1,4 @@
 // The host's toolbar with the tools of the active child's command bar merged into it.
-// It shows the tools' states and says which tool was chosen; what a tool does is the control's.
 #pragma once
 
 #include <windows.h>
@@ -15,8 +14,7 @@
 namespace workbench {
 
 // Adds the host's standard tools that a command bar expects after merging ("iPrint",
-// "iPrintPreView", "iRefresh", "iToolBar", "mnuViewStatusBar", "iExit"); those that are there
-// already stay as they are.
+// "iPrintPreView", "iRefresh", "iToolBar", "mnuViewStatusBar", "iExit"); existing ones are kept.
 void AddStandardTools(const pricedown::ObjectPtr& bar);
 
 class MergedToolbar {
@@ -26,9 +24,9 @@ class MergedToolbar {
 
   HWND Handle() const { return window_; }
 
-  // Shows the tools of `bar` in place of those before; null shows none.
+  // Shows the tools of `bar` instead of the previous ones; none for null.
   void Merge(const pricedown::ObjectPtr& bar);
-  // Takes over the tools' enabled, checked and visible states.
+  // Updates the buttons to the tools' enabled, checked and visible states.
   void RefreshStates();
   // The tool of a command id, or null.
   pricedown::ObjectPtr ToolOf(int commandId) const;

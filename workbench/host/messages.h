@@ -1,5 +1,4 @@
-// Message boxes of the host itself.
-// Those of the control are its own.
+// The host's own message boxes.
 #pragma once
 
 #include <windows.h>
@@ -8,10 +7,10 @@
 
 namespace workbench {
 
-// What went wrong, in a message box over `owner`.
+// Shows the failure in a message box over `owner`.
 void ShowFailure(HWND owner, const pricedown::Failure& failure) noexcept;
 
-// The same with a question; whether the user said yes.
+// The same with a question; returns whether the user chose Yes.
 bool AskAfterFailure(HWND owner, const pricedown::Failure& failure,
                      const wchar_t* question) noexcept;
 

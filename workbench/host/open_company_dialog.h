@@ -1,5 +1,5 @@
-// 打开公司: a file or a connection string, one of the recent ones, and a password that nobody
-// keeps.
+// 打开公司: a file or a connection string, one of the recent ones, and a password, which is not
+// stored.
 #pragma once
 
 #include <windows.h>
@@ -9,8 +9,8 @@
 
 namespace workbench {
 
-// Asks over `owner`, with `proposed` filled in without its passwords. The path or the whole
-// connection string; nothing when the user cancels.
+// Shows the dialog over `owner`, with `proposed` filled in without its passwords. Returns the path
+// or the whole connection string; nothing when cancelled.
 std::optional<std::wstring> AskForCompany(HINSTANCE module, HWND owner,
                                           const std::wstring& proposed);
 

@@ -1,5 +1,5 @@
 // The object that the host hands to the control's `Show`: its child window, by late binding.
-// It owns no window; the child window detaches it before it dies.
+// The child window detaches it before it is destroyed.
 //
 // Members: MergeToolBar(bar), Caption, hWnd; and ToolChanged(tool), which makes it the bar's
 // listener.

@@ -1,4 +1,4 @@
-// The companies that were opened last, kept for the user in the registry without passwords.
+// The recently opened companies, stored in the user's registry without passwords.
 #pragma once
 
 #include <string>
@@ -9,7 +9,7 @@ namespace workbench {
 // The newest first; at most eight. Paths and connection strings without passwords.
 std::vector<std::wstring> RecentCompanies();
 
-// Puts a location in front, once; what cannot be stored is not remembered.
+// Moves a location to the front. Failures to store it are ignored.
 void AddRecentCompany(const std::wstring& location);
 
 }  // namespace workbench

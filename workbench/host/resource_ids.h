@@ -1,5 +1,4 @@
 // Numbers of the host's menus, dialogs and commands.
-// Control ids inside the control are src/windows/base/control_ids.h.
 #pragma once
 
 #define IDR_FRAME 1

@@ -1,5 +1,4 @@
-// Pictures of the screen as PNG files.
-// They show what is really on the screen, other windows in front included.
+// Pictures of the screen as PNG files, other windows in front included.
 #pragma once
 
 #include <windows.h>

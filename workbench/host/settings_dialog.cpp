@@ -1,5 +1,5 @@
-// The settings page: fills its fields from the suite's settings, and stores them on OK.
-// A value that the suite refuses is shown and the page stays open.
+// The settings page: fills its fields from the suite's settings and stores them on OK. A value that
+// the suite refuses is reported and the page stays open.
 #include "workbench/host/settings_dialog.h"
 
 #include <iterator>
@@ -32,7 +32,7 @@ struct RightSwitch {
   std::int32_t mask;
 };
 
-// The data scope is asked for the object of either mode.
+// The data scope is a right to the object of either mode.
 constexpr std::int32_t kCommandRights = 1002;
 constexpr RightSwitch kRights[] = {
     {IDC_RIGHT_ADD, kCommandRights, 35, 0x20000},
@@ -88,7 +88,7 @@ class SettingsPage {
         EndDialog(dialog, IDCANCEL);
         return TRUE;
       case IDC_USER:
-        // The rights shown are those of the user shown.
+        // Shows the rights of the selected user.
         if (HIWORD(wParam) == CBN_SELCHANGE) {
           settings_->Put(u"UserID", SelectedUser(dialog));
           FillRights(dialog);
@@ -214,7 +214,7 @@ class SettingsPage {
 }  // namespace
 
 bool ShowSettings(HINSTANCE module, HWND owner, const ObjectPtr& settings) {
-  // The user is switched while the page is open, so that the rights can be seen.
+  // The page switches the user to show the rights; restored on Cancel.
   const Value user = settings->Get(u"UserID");
   SettingsPage page(settings);
   const INT_PTR answer = DialogBoxParamW(module, MAKEINTRESOURCEW(IDD_SETTINGS), owner,

@@ -1,5 +1,4 @@
-// The settings page of the stand-in suite: what the suite would decide, as switches.
-// It shows and stores through `ZEPWorkbench.Settings`; it decides nothing.
+// The settings page of the stand-in suite, over `ZEPWorkbench.Settings`.
 #pragma once
 
 #include <windows.h>

@@ -25,7 +25,7 @@ namespace ids = pricedown::windows::control_ids;
 namespace {
 
 constexpr UINT kTickMilliseconds = 250;
-// Of a step that cannot be done yet, and of one that has not returned.
+// For a step that is not yet possible, and for one that has not returned.
 constexpr int kMostTicksOfStep = 120;
 constexpr UINT kFailed = 3;
 Tour* runningTour = nullptr;
@@ -58,7 +58,7 @@ void CALLBACK Tour::OnTimer(HWND, UINT, UINT_PTR, DWORD) noexcept {
   try {
     tour->Advance();
   } catch (const std::exception& error) {
-    // Nobody is there to press OK of a message, nor of one that the step expected otherwise.
+    // Nobody can close a message box, also one with an unexpected text.
     tour->GiveUp(error.what());
   }
 }
@@ -105,7 +105,7 @@ void Tour::Advance() {
   try {
     steps_[next_].action();
   } catch (const std::exception&) {
-    // A window may take its time: tried again at the next tick.
+    // The window may not be there yet: try again at the next tick.
     if (isLast) throw;
     inStep_ = false;
     return;

@@ -1,5 +1,5 @@
-// A guided tour: drives the host by real messages, one step at a time, and keeps pictures.
-// It is for people who want to see the program without a screen; it checks little by itself.
+// A guided tour: drives the host by real messages, one step at a time, and takes pictures, for
+// people who want to see the program without a screen.
 #pragma once
 
 #include <windows.h>
@@ -21,7 +21,7 @@ class Tour {
   Tour(const Tour&) = delete;
   Tour& operator=(const Tour&) = delete;
 
-  // Every step ran and every picture was written.
+  // Whether every step ran and every picture was written.
   bool Finished() const { return next_ == steps_.size(); }
 
  private:
@@ -33,14 +33,14 @@ class Tour {
   struct Step {
     // Empty: no picture of this step.
     const wchar_t* picture;
-    // Throws when it cannot be done yet; then nothing has been done.
+    // Throws if the step is not yet possible, and then has no effect.
     std::function<void()> action;
   };
 
   static void CALLBACK OnTimer(HWND window, UINT message, UINT_PTR id, DWORD time) noexcept;
   void Advance();
-  // Keeps the reason (UTF-8) and a picture of the screen and ends the program: a window that waits
-  // would keep it running.
+  // Saves the reason (UTF-8) and a picture of the screen and ends the program, which a modal window
+  // would keep running.
   [[noreturn]] void GiveUp(const char* reason) noexcept;
   void RequireSampleCompany();
   void AddBrowsing();
@@ -53,7 +53,7 @@ class Tour {
   void AddRefusals();
   void AddPrinting();
   void ExpectRows(std::u16string_view condition, std::int32_t count);
-  // A message box opens whose text begins so; then its button is pressed.
+  // Waits for a message box whose text begins with `text` and presses its button.
   void ExpectBox(const wchar_t* picture, std::wstring text, int button);
 
   HWND Child(int controlId) const;
@@ -62,12 +62,12 @@ class Tour {
   void SelectClass(int position);
   void Drag(HWND window, int distance);
   void ClickTool(std::u16string_view name);
-  // A button of the control's tool strip, position from 1; posted, because its command may show a
-  // window of its own and wait.
+  // Presses a button of the control's tool strip, position from 1; posted, because its command may
+  // show a modal window.
   void PressStrip(std::size_t position);
-  // A button of the merged toolbar, position from 1.
+  // Presses a button of the merged toolbar, position from 1.
   void PressMerged(int position);
-  // The current user has exactly these rights to the commands.
+  // Gives the current user exactly these rights to the commands.
   void GrantRights(std::int32_t mask);
 
   FrameWindow& frame_;
@@ -75,7 +75,7 @@ class Tour {
   std::vector<Step> steps_;
   std::size_t next_ = 0;
   bool pictureDue_ = false;
-  bool inStep_ = false;  // it has not returned, because a window waits in it
+  bool inStep_ = false;  // a modal window is open in it
   int ticksOfStep_ = 0;
   UINT_PTR timer_ = 0;
 };

@@ -1,6 +1,6 @@
-// The tour's steps through the places that commands are given from: the context menus of tree and
-// grid, the merged toolbar with and without the user's right, the bar itself; and an item of the
-// form that must stay.
+// The tour's steps through all ways to run a command: context menus of tree and grid, the merged
+// toolbar with and without the right, the bar itself; and an item of the form that cannot be
+// removed.
 #include <windows.h>
 
 #include <commctrl.h>
@@ -78,14 +78,14 @@ void Tour::AddMenus() {
   steps_.push_back({L"28-menu-of-the-grid", [] { RequireMenu(); }});
   steps_.push_back({nullptr, [] { PressMenuLine(kEditLine); }});
   steps_.push_back({nullptr, [] { CloseForm(); }});
-  // The form has taken the rows: they are selected anew first.
+  // The form has taken the rows, so select the class again first.
   steps_.push_back({nullptr, [this] { PressMerged(kCut); }});
   ExpectBox(L"29-class-to-select-again", L"请选择要删除的物料类别", IDOK);
 }
 
 void Tour::AddToolbar() {
   steps_.push_back({nullptr, [this] {
-                      // The control fills the grid again, and there is a class to delete.
+                      // Fills the grid again, so that there is a class to delete.
                       frame_.ActiveChild()->Bar()->Call(u"Click", {u"iRefresh"});
                     }});
   steps_.push_back({nullptr, [this] { PressMerged(kCut); }});

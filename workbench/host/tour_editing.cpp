@@ -1,5 +1,5 @@
 // The tour's steps through the item class form and the suite's pickers: a class is added, changed,
-// loses an item and is deleted. Each step posts what a user would do and lets it happen.
+// loses an item and is deleted. Each step posts what a user would do.
 #include <windows.h>
 
 #include <commctrl.h>
@@ -26,7 +26,7 @@ constexpr int kFormAddItem = 4;
 constexpr int kFormDeleteItem = 5;
 constexpr int kFormExit = 7;
 
-// A picker's words for what it has found, with and without a text to look for.
+// How a picker reports what it has found, with and without a search text.
 constexpr const wchar_t* kFound = L"找到 ";
 constexpr const wchar_t* kAll = L"共 ";
 
@@ -43,7 +43,7 @@ void TypeInto(int id, const wchar_t* text) {
 
 }  // namespace
 
-// The class table has so many rows under that condition; otherwise the tour has failed.
+// Fails the tour unless the class table has `count` rows under that condition.
 void Tour::ExpectRows(std::u16string_view condition, std::int32_t count) {
   const std::u16string statement =
       pricedown::Concatenate({u"select count(*) from icPriceDownClass where ", condition});
@@ -77,7 +77,7 @@ void Tour::AddEditing() {
                       PostText(GetFocus(), L"螺");
                     }});
   for (int i = 0; i < 3; ++i) {
-    // One after the other: a blank becomes a character only behind what was posted before.
+    // In this order: a blank becomes a character only after the messages posted before it.
     steps_.push_back({nullptr, [] {
                         RequirePicker(kFound);
                         PostKey(GetFocus(), VK_DOWN);

@@ -51,7 +51,7 @@ void PressButton(HWND toolBar, int index) {
 
 namespace {
 
-// The dialog that is active now, by a child that only that dialog has.
+// The active dialog, identified by a child that only it has.
 HWND ActiveDialog(int childId) {
   const HWND dialog = RequireWindow(GetActiveWindow());
   RequireWindow(GetDlgItem(dialog, childId));
@@ -75,7 +75,7 @@ void RequireBox(std::wstring_view text) {
 
 void PressBoxButton(int button) {
   const HWND box = ActiveDialog(kTextOfBox);
-  // A box with one button may call it by the other number.
+  // A box with a single button may use either id.
   if (button == IDOK && GetDlgItem(box, IDOK) == nullptr) button = IDCANCEL;
   PostMessageW(box, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
                reinterpret_cast<LPARAM>(RequireWindow(GetDlgItem(box, button))));
@@ -88,7 +88,7 @@ void RequirePicker(std::wstring_view found) {
 
 namespace {
 
-// One call for all three: the system's own movements of the mouse cannot come between.
+// One call, so that no real mouse movement comes in between.
 void ClickAt(POINT onScreen, DWORD down, DWORD up) {
   constexpr LONG kWholeScreen = 65536;
   const auto across = [](LONG place, int size) { return (place * kWholeScreen + size / 2) / size; };

@@ -1,7 +1,7 @@
-// What a user's hand does in a tour: keys, texts and clicks, posted to windows of this thread; for
-// menus the mouse itself, because a menu asks where it is.
-// Nothing is waited for: what finds its window not there yet throws before it has done anything,
-// and the tour tries again.
+// A user's input in a tour: keys, texts and clicks, posted to windows of this thread; for menus
+// real mouse movements, because a menu asks for the position.
+// No function waits: one that does not find its window throws without an effect, and the tour tries
+// again.
 #pragma once
 
 #include <windows.h>
@@ -12,9 +12,9 @@ namespace workbench {
 
 // Throws AutomationError with that text unless the condition holds.
 void Require(bool condition, std::u16string_view otherwise);
-// Throws when `window` is null: the step expects one that is not there.
+// Throws when `window` is null.
 HWND RequireWindow(HWND window);
-// Throws too when another window waits for an answer in front of it.
+// Throws too when a modal window is open in front of it.
 HWND RequireReady(HWND window);
 
 void PostKey(HWND window, WPARAM key);
@@ -23,13 +23,13 @@ void PostText(HWND window, const wchar_t* text);
 void PressButton(HWND toolBar, int index);
 // The item class form; throws unless it is open and nothing is open in front of it.
 HWND RequireForm();
-// The delete command's question, but for the class's number.
+// The delete command's question without the class number.
 inline constexpr const wchar_t* kDeleteQuestion = L"确定要删除当前记录? 当前的物料类别代码为:";
-// Throws unless a message box is active whose text begins so.
+// Throws unless a message box is active whose text begins with `text`.
 void RequireBox(std::wstring_view text);
 // The button of the message box that is active now.
 void PressBoxButton(int button);
-// Throws unless one of the suite's pickers is active and says so of what it has found.
+// Throws unless a picker of the suite is active and reports `found`.
 void RequirePicker(std::wstring_view found);
 // The right mouse button at a point of the window, by the mouse itself.
 void RightClick(HWND window, POINT point);

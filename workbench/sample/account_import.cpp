@@ -1,5 +1,4 @@
-// Accounts from CSV: the columns, the rules of a line and their places in the hierarchy. The
-// transaction around it is the caller's.
+// Accounts from CSV: the columns, the rules of a line and their places in the hierarchy.
 #include <map>
 
 #include "workbench/sample/added_lines.h"
@@ -54,7 +53,7 @@ NewAccount ReadAccount(CsvTable& table) {
   return account;
 }
 
-// Two passes: the first gives every line its id, the second finds parents wherever they stand.
+// Two passes: the first assigns ids, the second finds parents anywhere in the file.
 class AccountImport {
  public:
   AccountImport(Connection& company, CsvTable& table)
@@ -76,7 +75,7 @@ class AccountImport {
     lines_.ReportKnown(table_);
   }
 
-  // Short numbers first: a parent has its level and direction before its sub accounts ask.
+  // Short numbers first, so that a parent has its level and direction before its sub accounts.
   void PlaceLines() {
     std::multimap<std::size_t, const NewAccount*> byLength;
     for (const NewAccount& each : added_) byLength.emplace(each.row.number.size(), &each);

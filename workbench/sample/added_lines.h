@@ -11,16 +11,16 @@
 
 namespace workbench {
 
-/// A table whose rows have an id and a code FNumber.
+// A table whose rows have an id and a code FNumber.
 struct CodedTable {
   std::string_view table;
   std::string_view id;
-  std::string_view title;  ///< what messages call the code
+  std::string_view title;  // what messages call the code
 };
 
 class AddedLines {
  public:
-  /// Throws DatabaseError.
+  // Throws DatabaseError.
   AddedLines(Connection& company, const CodedTable& coded)
       : company_(company),
         coded_(coded),
@@ -31,11 +31,11 @@ class AddedLines {
 
   int NextId() const { return firstNewId_ + Count(); }
   int Count() const { return static_cast<int>(lines_.size()); }
-  /// The line got NextId().
+  // The line got NextId().
   void Remember(int line) { lines_.push_back(line); }
 
-  /// Reports every added line whose code was there before. The database is asked, because only
-  /// it compares codes as the company does. Throws DatabaseError.
+  // Reports every added line whose code was there before. The database is asked, because only
+  // it compares codes as the company does. Throws DatabaseError.
   void ReportKnown(CsvTable& table) const {
     const std::string id(coded_.id);
     const std::string name(coded_.table);

@@ -1,4 +1,4 @@
-// SQLite's own backup, in one step so that writers are kept out for its time, then a rename.
+// SQLite's backup in one step, which keeps writers out, then a rename.
 #include "workbench/sample/company_backup.h"
 
 #include <filesystem>
@@ -45,7 +45,7 @@ void BackUpCompanyFile(const std::string& from, const std::string& to) {
     Copy(source.get(), target.get());
   }
   {
-    // The copy of a shared file is marked so too; by itself it needs no log beside it.
+    // The copy of a shared file is in write-ahead mode, too; leave it, so that no log is needed.
     Database target(unfinished.path(), Database::Mode::ReadWrite);
     target.Execute("PRAGMA journal_mode=DELETE");
   }

@@ -1,4 +1,4 @@
-// Reads the class rows in class order once; each rule is a function over its class.
+// Reads the class rows once, in class order; each rule is a function over one class.
 #include "workbench/sample/company_check.h"
 
 #include <algorithm>
@@ -140,7 +140,7 @@ class Checker {
   }
 
   bool CanLookUp(const std::string& account) {
-    // A save puts the number between apostrophes as it is.
+    // A save does not escape apostrophes in the number.
     if (account.find('\'') != std::string::npos) return false;
     const auto [known, isNew] = lookups_.try_emplace(account, false);
     if (isNew) {

@@ -1,4 +1,4 @@
-// The guards of the library, as questions that answer every row instead of the first one.
+// The library's guards as queries that return every row instead of the first one.
 #include "workbench/sample/company_explain.h"
 
 #include <algorithm>
@@ -30,7 +30,7 @@ std::string AmountText(const Cell& cell) {
   return {digits.data(), written.ptr};
 }
 
-// A missing value counts as 0, a text that is no number cannot be used.
+// A missing value is 0; nothing for a text that is no number.
 std::optional<std::int64_t> NumberOfProfile(Connection& company, const char* key) {
   const ResultSet rows = Ask(
       company, "SELECT FValue FROM t_systemprofile WHERE FCategory='IC' AND FKey=" + Literal(key));
@@ -57,7 +57,7 @@ class Explainer {
 
   void Add(std::string reason) { explanation_.reasons.push_back(std::move(reason)); }
 
-  // Amounts that are not zero, of the rows that `join` and `condition` choose.
+  // Non-zero amounts of the rows that `join` and `condition` select.
   enum class Which { Earlier, Current };
   std::vector<std::string> Amounts(Which which, const std::string& join,
                                    const std::string& condition) {

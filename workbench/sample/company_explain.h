@@ -1,4 +1,4 @@
-// Says why a class cannot be deleted or an item not be taken out of its class. Reads only.
+// Explains why a class cannot be deleted or an item cannot be removed from its class. Reads only.
 #pragma once
 
 #include <optional>
@@ -11,14 +11,14 @@
 namespace workbench {
 
 struct Explanation {
-  std::string subject;  ///< code and name
-  /// Every reason, one Chinese line each, with periods, amounts and vouchers. Empty when the
-  /// deletion or removal would succeed now.
+  std::string subject;  // code and name
+  // Every reason, one Chinese line each, with periods, amounts and vouchers. Empty when the
+  // deletion or removal would succeed now.
   std::vector<std::string> reasons;
 };
 
-/// Nothing when the company has no such class or item. Codes are compared as the company does.
-/// Throw SchemaError, DatabaseError.
+// Nothing if the company has no such class or item. Compares codes by the company's collation.
+// Throw SchemaError, DatabaseError.
 std::optional<Explanation> ExplainClass(Connection& company, std::string_view number);
 std::optional<Explanation> ExplainItem(Connection& company, std::string_view code);
 

@@ -1,4 +1,4 @@
-// Temporary file, fill, rename. The tables and rows come from the generators.
+// Fills a temporary file and renames it.
 #include "workbench/sample/company_file.h"
 
 #include <filesystem>
@@ -22,8 +22,8 @@ bool Exists(const std::string& path) {
   return fs::exists(fs::symlink_status(PathFromUtf8(path), ignored));
 }
 
-// A log left by a database would be replayed into the file that takes its name. Leaving the
-// write-ahead mode folds the log in, and fails while another program has the database open.
+// SQLite would replay a leftover log into the new file. Leaving the write-ahead mode merges the
+// log, and fails while another program has the database open.
 void SettleOldFile(const std::string& path) {
   std::error_code ignored;
   if (!fs::is_regular_file(PathFromUtf8(path), ignored)) {
@@ -55,8 +55,8 @@ void RequireFreeName(const std::string& path, bool replaces) {
 
 void Fill(const std::string& path, const CompanyFilePlan& plan) {
   Database database(path, Database::Mode::Create);
-  // A failure discards the file, so nothing needs to be rolled back; the one commit still
-  // waits for the disk, because the file is renamed right after it.
+  // A failure discards the file, so no rollback journal is needed; the commit still syncs to disk,
+  // because the file is renamed right after it.
   database.Execute("PRAGMA journal_mode=OFF");
   database.Execute("PRAGMA synchronous=FULL");
   database.Execute("PRAGMA cache_size=-262144");
@@ -93,7 +93,7 @@ void CreateCompanyFile(const std::string& path, const CompanyFilePlan& plan) {
   } catch (const DatabaseError& error) {
     throw CompanyFileError("无法建立公司文件 " + path + ": " + error.what());
   }
-  // Making a large company takes a while: someone may have used the name since.
+  // Filling takes a while: another program may have created the file since.
   RequireFreeName(path, plan.replaces);
   std::error_code error;
   fs::rename(PathFromUtf8(unfinished.path()), PathFromUtf8(path), error);

@@ -1,5 +1,4 @@
-// Makes a company file on disk, whole or not at all. What goes into the company is decided by
-// the generators.
+// Creates a company file on disk, whole or not at all.
 #pragma once
 
 #include <cstdint>
@@ -11,14 +10,14 @@
 
 namespace workbench {
 
-/// A file that cannot be made or replaced; the text is Chinese, for the user.
+// A file that cannot be created or replaced; the text is Chinese, for the user.
 class CompanyFileError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-/// The name of a file that is made beside `path` and renamed when it is complete; at the end
-/// removes what has still that name.
+// The temporary file beside `path` that is renamed when it is complete; the destructor removes
+// what remains.
 class UnfinishedFile {
  public:
   explicit UnfinishedFile(const std::string& path);
@@ -34,16 +33,16 @@ class UnfinishedFile {
 
 struct CompanyFilePlan {
   std::uint64_t seed = 1;
-  /// Set for a company of chosen size; its seed is the one above.
+  // Set for a company of a chosen size, with the seed above.
   std::optional<LargeCompanyPlan> large;
-  /// Replace a file that exists instead of refusing.
+  // Replace a file that exists instead of refusing.
   bool replaces = false;
 };
 
-/// Makes the company beside `path` (UTF-8) and renames it there when it is complete and on
-/// disk. A file that exists is refused unless the plan replaces it; one that another program
-/// has open is refused in any case. On an exception (CompanyFileError, SchemaError)
-/// `path` is as it was and nothing is left beside it.
+// Creates the company in a temporary file beside `path` (UTF-8) and renames it when it is complete
+// and on disk. Refuses an existing file unless the plan replaces it, and always one that another
+// program has open. On an exception (CompanyFileError, SchemaError) `path` is unchanged and the
+// temporary file is removed.
 void CreateCompanyFile(const std::string& path, const CompanyFilePlan& plan);
 
 }  // namespace workbench

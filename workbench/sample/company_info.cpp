@@ -1,4 +1,4 @@
-// The counting statements behind the figures of a company. It formats nothing for the user.
+// The counting statements behind the figures of a company.
 #include "workbench/sample/company_info.h"
 
 #include <set>

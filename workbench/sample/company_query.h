@@ -1,4 +1,4 @@
-// Short ways to ask a company: numbers and texts of cells, literals for statements.
+// Helpers to query a company: numbers and texts of cells, literals for statements.
 #pragma once
 
 #include <cstdint>
@@ -9,23 +9,23 @@
 
 namespace workbench {
 
-/// Runs a statement in UTF-8. Throws DatabaseError.
+// Runs a statement in UTF-8. Throws DatabaseError.
 ResultSet Ask(Connection& company, std::string_view statement);
 
-/// The first cell as a whole number, 0 without rows or for NULL. Throws DatabaseError.
+// The first cell as a whole number, 0 without rows or for NULL. Throws DatabaseError.
 std::int64_t QueryInteger(Connection& company, std::string_view statement);
 
-/// A number of any kind, 0 for NULL and texts: servers keep whole numbers in several types.
+// A number of any kind, 0 for NULL and texts: servers keep whole numbers in several types.
 std::int64_t IntegerOf(const Cell& cell);
 double RealOf(const Cell& cell);
 
-/// In UTF-8, empty for NULL and numbers.
+// In UTF-8, empty for NULL and numbers.
 std::string TextOf(const Cell& cell);
 
-/// `text` between apostrophes, its own doubled.
+// `text` between apostrophes, its own doubled.
 std::string Literal(std::string_view text);
 
-/// The value of a system profile, empty when missing. Throws DatabaseError.
+// The value of a system profile, empty when missing. Throws DatabaseError.
 std::string ProfileOf(Connection& company, std::string_view category, std::string_view key);
 
 }  // namespace workbench

@@ -1,5 +1,4 @@
-// The columns of each company table and their values. It validates nothing: rows are taken as they
-// are.
+// The columns of each company table and their values, without validation.
 #include "workbench/sample/company_rows.h"
 
 namespace workbench {

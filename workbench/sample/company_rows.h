@@ -1,5 +1,4 @@
-// The rows of the company tables as plain values, and the writer that inserts them. It
-// decides nothing about what a company holds.
+// The rows of the company tables as plain values, and the writer that inserts them.
 #pragma once
 
 #include <cstdint>
@@ -19,7 +18,7 @@ struct AccountRow {
   std::string number;
   std::string name;
   int level = 1;
-  int parentId = 0;  ///< 0 for an account of the first level
+  int parentId = 0;  // 0 for an account of the first level
   bool isDetail = true;
   bool isDebit = true;
 };
@@ -30,13 +29,13 @@ struct ItemRow {
   std::optional<std::string> shortNumber;
   std::string name;
   std::optional<std::string> model;
-  int category = 1;  ///< FErpClsID, 1 to 9
+  int category = 1;  // FErpClsID, 1 to 9
   std::string unit;
   std::optional<double> planPrice;
   std::optional<double> salePrice;
 };
 
-/// One member item of an item class.
+// One member item of an item class.
 struct ClassRow {
   int itemId = 0;
   std::string number;
@@ -82,7 +81,7 @@ struct RightRow {
   int userId = 0;
   int objectType = 0;
   int objectNumber = 0;
-  int mask = 0;  ///< the bits granted
+  int mask = 0;  // the bits granted
 };
 
 struct UserSettingRow {
@@ -92,11 +91,11 @@ struct UserSettingRow {
   std::optional<std::string> value;
 };
 
-/// Inserts rows, many at a time where the company is on a server. Requires: the company's tables
-/// exist and the connection outlives the writer. Add and Finish throw DatabaseError.
+// Inserts rows, many at a time where the company is on a server. Requires: the company's tables
+// exist and the connection outlives the writer. Add and Finish throw DatabaseError.
 class CompanyWriter {
  public:
-  /// Called with the number of rows so far, every `kProgressRows` rows. May be empty.
+  // Called with the number of rows so far, every `kProgressRows` rows. May be empty.
   using Progress = std::function<void(std::int64_t rows)>;
   static constexpr std::int64_t kProgressRows = 50000;
 
@@ -106,7 +105,7 @@ class CompanyWriter {
   void Add(const ItemRow& row);
   void Add(const ClassRow& row);
   void Add(const ProvisionRow& row);
-  /// Vouchers number themselves, from 1 in an empty table.
+  // Vouchers number themselves, from 1 in an empty table.
   void Add(const VoucherRow& row);
   void Add(const ProfileRow& row);
   void Add(const UserRow& row);
@@ -118,7 +117,7 @@ class CompanyWriter {
     for (const auto& row : rows) Add(row);
   }
 
-  /// Sends the rows that wait. Without it they may be missing.
+  // Sends the pending rows, which are lost without it.
   void Finish();
 
  private:

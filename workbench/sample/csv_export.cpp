@@ -8,7 +8,7 @@
 namespace workbench {
 namespace {
 
-// Always plain digits: the import takes no exponent.
+// Plain digits only: the import accepts no exponent.
 std::string NumberText(double value) {
   std::array<char, 400> digits{};
   const auto written =

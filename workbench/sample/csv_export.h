@@ -1,4 +1,4 @@
-// Writes a company's items and accounts as the CSV that the import takes.
+// Writes a company's items and accounts as CSV for the import.
 #pragma once
 
 #include <string>
@@ -7,8 +7,8 @@
 
 namespace workbench {
 
-/// The whole files, in UTF-8 with CR LF, in code order. Imported into a company without them, they
-/// give the same items and accounts. Ids are new there. Throw DatabaseError.
+// The whole files, in UTF-8 with CR LF, in code order. Imported into a company without them, they
+// give the same items and accounts. Ids are new there. Throw DatabaseError.
 std::string ExportItems(Connection& company);
 std::string ExportAccounts(Connection& company);
 

@@ -1,4 +1,4 @@
-// The all-or-nothing frame around the two importers. What a good line is they say themselves.
+// The transaction around the two importers.
 #include "workbench/sample/csv_import.h"
 
 #include <algorithm>
@@ -13,7 +13,7 @@ int ImportFile(Importer importer, Connection& company, const std::optional<CsvFi
   if (!file) return 0;
   std::vector<ImportProblem> found;
   const int added = importer(company, *file, &found);
-  // Some checks look at a line only when the whole file has been read.
+  // Some checks run only after the whole file has been read.
   std::stable_sort(found.begin(), found.end(),
                    [](const auto& left, const auto& right) { return left.line < right.line; });
   problems->insert(problems->end(), found.begin(), found.end());

@@ -1,6 +1,5 @@
-// Takes a user's own items and accounts from CSV files into a company. It adds; existing
-// items and accounts are never changed, except that a parent account ceases to be a detail
-// account.
+// Imports a user's items and accounts from CSV files into a company. Existing ones never change,
+// except that a parent account ceases to be a detail account.
 #pragma once
 
 #include <optional>
@@ -12,27 +11,26 @@
 namespace workbench {
 
 struct ImportResult {
-  int items = 0;     ///< items added
-  int accounts = 0;  ///< accounts added
-  /// Files that hold a header and no line.
+  int items = 0;     // items added
+  int accounts = 0;  // accounts added
+  // Files that hold a header and no line.
   std::vector<std::string> emptyFiles;
-  /// Everything wrong, by file and line. When not empty nothing was added.
+  // All problems by file and line. Unless empty, nothing was added.
   std::vector<ImportProblem> problems;
 };
 
-/// Checks every line of both files and adds all of them or none, in one transaction.
-/// A code that the company already holds is refused like one that stands twice in the file.
-/// Throws SchemaError when `company` is no company, DatabaseError when the database fails;
-/// also then nothing was added.
-/// Requires: no transaction is open.
+// Checks every line of both files and adds all of them or none, in one transaction. Refuses codes
+// that are in the company or twice in the file. Throws SchemaError for a database that is no
+// company, and DatabaseError; then nothing was added.
+// Requires: no transaction is open.
 ImportResult ImportCsv(Connection& company, const std::optional<CsvFile>& items,
                        const std::optional<CsvFile>& accounts);
 
-/// Adds the lines of an items file; returns how many were good.
-/// Requires: a transaction, to be rolled back when `problems` has grown.
+// Adds the lines of an items file; returns how many were good.
+// Requires: a transaction, to be rolled back when `problems` has grown.
 int ImportItems(Connection& company, const CsvFile& file, std::vector<ImportProblem>* problems);
 
-/// The same for an accounts file. A parent may stand after its sub accounts.
+// The same for an accounts file. A parent may come after its sub accounts.
 int ImportAccounts(Connection& company, const CsvFile& file, std::vector<ImportProblem>* problems);
 
 }  // namespace workbench

@@ -1,4 +1,4 @@
-// The reading of plain and quoted fields and of line breaks. Encodings are checked before it.
+// Reads plain and quoted fields and line breaks.
 #include "workbench/sample/csv_reader.h"
 
 #include <algorithm>

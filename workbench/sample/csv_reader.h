@@ -1,5 +1,4 @@
-// Reads comma-separated text record by record, with quotes as in RFC 4180. It knows nothing
-// of columns or of what a field means.
+// Reads comma-separated text record by record, with quotes as in RFC 4180.
 #pragma once
 
 #include <string>
@@ -9,20 +8,20 @@
 namespace workbench {
 
 struct CsvRecord {
-  int line = 0;  ///< the line on which the record begins, counted from 1
+  int line = 0;  // the line on which the record begins, counted from 1
   std::vector<std::string> fields;
-  std::string problem;  ///< why the record cannot be read; empty when it can
+  std::string problem;  // why the record cannot be read; empty when it can
 };
 
-/// Lines end with CR LF, LF or CR; quoted fields may hold line breaks, commas and doubled
-/// quotes. Empty lines are passed over. A record that cannot be read says so and reading
-/// goes on at the next line.
+// Lines end with CR LF, LF or CR; quoted fields may hold line breaks, commas and doubled quotes.
+// Empty lines are skipped. A malformed record carries its problem, and reading continues at the
+// next line.
 class CsvReader {
  public:
-  /// `text` must outlive the reader; a byte order mark at its start is passed over.
+  // `text` must outlive the reader; a byte order mark at its start is skipped.
   explicit CsvReader(std::string_view text);
 
-  /// False at the end of the text.
+  // False at the end of the text.
   bool Next(CsvRecord* record);
 
  private:

@@ -1,5 +1,4 @@
-// Header and encoding checks of an import file. The rules for items and accounts are in the
-// importers.
+// Header and encoding checks of an import file.
 #include "workbench/sample/csv_table.h"
 
 #include <algorithm>

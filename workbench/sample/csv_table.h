@@ -1,5 +1,5 @@
-// A CSV file as a table with known columns: finds them by the header line and reports what is
-// wrong with a line. It does not judge the values.
+// A CSV file as a table with known columns: finds them by the header line and reports problems by
+// line.
 #pragma once
 
 #include <optional>
@@ -12,7 +12,7 @@
 
 namespace workbench {
 
-/// A file as read: the name is only for messages.
+// The content of a file; the name is for messages.
 struct CsvFile {
   std::string name;
   std::string bytes;
@@ -21,14 +21,14 @@ struct CsvFile {
 struct ImportProblem {
   std::string file;
   int line = 0;
-  std::string reason;  ///< Chinese
+  std::string reason;  // Chinese
 };
 
-/// "文件:行号: 原因"
+// "文件:行号: 原因"
 std::string ToText(const ImportProblem& problem);
 
-/// A column and the header names it is known by, in lower case without blanks or
-/// underscores, separated by "|"; the first is the one used in messages.
+// A column and the header names it is known by, in lower case without blanks or
+// underscores, separated by "|"; the first is the one used in messages.
 struct CsvColumn {
   std::string_view names;
   bool isRequired;
@@ -36,23 +36,23 @@ struct CsvColumn {
 
 class CsvTable {
  public:
-  /// Reads the header line. Everything wrong with the encoding or the header is added to
-  /// `problems`, and then there are no rows. The three must outlive the table.
+  // Reads the header line. Problems of encoding or header are added to `problems`, and the table
+  // is then empty. The arguments must outlive the table.
   CsvTable(const CsvFile& file, std::span<const CsvColumn> columns,
            std::vector<ImportProblem>* problems);
 
-  /// Goes to the next line that can be read; lines that cannot are added to the problems.
+  // Moves to the next readable line; unreadable ones are added to the problems.
   bool Next();
 
   int line() const { return record_.line; }
   bool Has(std::size_t column) const { return places_[column].has_value(); }
-  /// The field of the current line as it stands; empty when the file has no such column.
+  // The field of the current line, unchanged; empty when the file has no such column.
   std::string_view Raw(std::size_t column) const;
-  /// The same without blanks and tabs around it.
+  // The same without blanks and tabs around it.
   std::string_view Field(std::size_t column) const;
-  /// Adds a problem of the current line.
+  // Adds a problem of the current line.
   void Report(const std::string& reason);
-  /// Adds a problem of any line.
+  // Adds a problem of any line.
   void ReportAt(int line, const std::string& reason);
 
  private:

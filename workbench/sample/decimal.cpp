@@ -1,5 +1,4 @@
-// Decimal text to double by std::from_chars, which works on whole numbers inside. It accepts
-// less than from_chars does: no sign, no exponent, no "inf".
+// Decimal text to double by std::from_chars, without sign, exponent or "inf".
 #include "workbench/sample/decimal.h"
 
 #include <algorithm>

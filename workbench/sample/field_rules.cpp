@@ -1,5 +1,4 @@
-// The rules for codes, texts, prices and whole numbers. Which column has which rule is said by
-// the importers.
+// The rules for codes, texts, prices and whole numbers.
 #include "workbench/sample/field_rules.h"
 
 #include <algorithm>
@@ -14,7 +13,7 @@ namespace {
 constexpr double kHighestPrice = 99999999999.99;
 constexpr std::size_t kMostQuoted = 60;
 
-// The value as a message shows it: not pages of it, and never cut inside a character.
+// The value for a message: shortened, but never inside a character.
 std::string Quoted(std::string_view value) {
   std::size_t end = std::min(value.size(), kMostQuoted);
   while (end < value.size() && (static_cast<unsigned char>(value[end]) & 0xC0) == 0x80) --end;

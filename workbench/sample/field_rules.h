@@ -1,5 +1,4 @@
-// What a field of an import file may hold. Each rule reports its own problem; none looks at
-// the database.
+// What a field of an import file may hold. Each rule reports its own problem.
 #pragma once
 
 #include <cstddef>
@@ -11,34 +10,33 @@
 
 namespace workbench {
 
-/// Longest texts that the product's record layouts take.
+// Longest texts that the product's record layouts take.
 inline constexpr std::size_t kMostCodeLength = 80;
 inline constexpr std::size_t kMostNameLength = 80;
 inline constexpr std::size_t kMostModelLength = 255;
 
-/// A field and how messages call it.
+// A field and its name in messages.
 struct NamedField {
   std::size_t column;
   const char* title;
   std::size_t mostLength;
 };
 
-/// The code in the field, trimmed; reports and answers the empty text when it is missing, too
-/// long or holds a control character or an apostrophe (statements put codes between
-/// apostrophes).
+// The trimmed code; reports a problem and returns an empty text when it is missing, too long, or
+// holds a control character or an apostrophe (statements do not escape codes).
 std::string ReadCode(CsvTable& table, const NamedField& field);
 
-/// The same for a code that may be missing: then it is nullopt.
+// The same for an optional code; nullopt when it is missing.
 std::optional<std::string> ReadOptionalCode(CsvTable& table, const NamedField& field);
 
-/// The text as it stands, line breaks included; reports a text that is too long, or missing
-/// although required, or has other control characters. Nullopt for an empty field.
+// The text unchanged, line breaks included; nullopt for an empty field. Reports a text that is too
+// long, missing although required, or has other control characters.
 std::optional<std::string> ReadText(CsvTable& table, const NamedField& field, bool isRequired);
 
-/// An amount from 0 to 99999999999.99 with "." as decimal point; reports anything else.
+// An amount from 0 to 99999999999.99 with "." as decimal point; reports anything else.
 std::optional<double> ReadPrice(CsvTable& table, const NamedField& field);
 
-/// A whole number from `low` to `high`, `preset` when the field is empty; reports anything else.
+// A whole number from `low` to `high`, `preset` when the field is empty; reports anything else.
 int ReadWholeNumber(CsvTable& table, const NamedField& field, int low, int high, int preset);
 
 }  // namespace workbench

@@ -1,4 +1,4 @@
-// UTF-8 texts as file paths on both systems. It touches no file.
+// UTF-8 texts as file paths on both systems.
 #pragma once
 
 #include <filesystem>

@@ -1,4 +1,4 @@
-// The families of goods, in code order. Which of them form an item class is said elsewhere.
+// The families of goods, in code order.
 #include "workbench/sample/item_families.h"
 
 namespace workbench {

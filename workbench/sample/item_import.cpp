@@ -1,5 +1,4 @@
-// Items from CSV: the columns, and the rules of a line. The
-// transaction around it is the caller's.
+// Items from CSV: the columns and the rules of a line.
 #include "workbench/sample/added_lines.h"
 #include "workbench/sample/company_rows.h"
 #include "workbench/sample/csv_import.h"
@@ -51,7 +50,8 @@ int ImportItems(Connection& company, const CsvFile& file, std::vector<ImportProb
   CompanyWriter writer(company);
   while (table.Next()) {
     ItemRow item = ReadItem(table);
-    // A line with another fault still claims its code, so that a later duplicate is seen too.
+    // A line with another problem still claims its code, so that a later duplicate is reported,
+    // too.
     if (item.number.empty()) continue;
     item.id = lines.NextId();
     writer.Add(item);

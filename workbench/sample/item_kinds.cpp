@@ -1,5 +1,4 @@
-// The kinds of goods of each family: believable names, models, units and price ranges.
-// It makes no item and knows no item class.
+// The kinds of goods of each family: realistic names, models, units and price ranges.
 #include <algorithm>
 #include <iterator>
 

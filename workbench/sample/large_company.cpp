@@ -1,5 +1,4 @@
-// Streams items and class rows straight into the tables and indexes them afterwards. It keeps
-// no list of items in memory.
+// Streams items and class rows straight into the tables and indexes them afterwards.
 #include "workbench/sample/large_company.h"
 
 #include <array>
@@ -77,7 +76,7 @@ class LargeCompany {
     writer_->Add(item_);
   }
 
-  // Classes take runs of items, so that a class's members lie together as they do in life.
+  // Classes take runs of items, so that a class's members are adjacent, as in real companies.
   void AddMember(int index) {
     const auto of = static_cast<int>(std::int64_t{index} * plan_.classes / plan_.items);
     if (index == 0 || of != class_) StartClass(of);

@@ -1,5 +1,4 @@
-// Companies of a chosen size for measuring. They are believable in shape only; the sample
-// company is the one with the awkward rows.
+// Companies of a chosen size for measurements. For edge cases use the sample company.
 #pragma once
 
 #include <cstdint>
@@ -13,21 +12,21 @@ inline constexpr int kMostClasses = 20000;
 
 struct LargeCompanyPlan {
   std::uint64_t seed = 1;
-  int items = kMostItems;      ///< 1 to kMostItems
-  int classes = kMostClasses;  ///< 1 to kMostClasses, and not above items
+  int items = kMostItems;      // 1 to kMostItems
+  int classes = kMostClasses;  // 1 to kMostClasses, and not above items
 };
 
-/// Makes the company's tables in a database without them and fills them. Every item is a member of
-/// exactly one class, every class has items/classes members, rounded either way; about one
-/// item in fifty has a category that is never listed; the members of every tenth class have
-/// provision history. Accounts, vouchers, users and profiles are those of the sample company.
-/// Same plan, same rows. One transaction: on an exception (SchemaError, DatabaseError) the
-/// database is empty again.
-/// Requires: the plan is within its limits.
+// Makes the company's tables in a database without them and fills them. Every item is a member of
+// exactly one class, every class has items/classes members, rounded either way; about one
+// item in fifty has a category that is never listed; the members of every tenth class have
+// provision history. Accounts, vouchers, users and profiles are those of the sample company.
+// Same plan, same rows. One transaction: on an exception (SchemaError, DatabaseError) the
+// database is empty again.
+// Requires: the plan is within its limits.
 void FillLargeCompany(Connection& company, const LargeCompanyPlan& plan,
                       CompanyWriter::Progress progress = {});
 
-/// The same inside a transaction of the caller's.
+// The same inside a transaction of the caller's.
 void AddLargeCompany(Connection& company, const LargeCompanyPlan& plan,
                      CompanyWriter::Progress progress = {});
 

@@ -1,5 +1,5 @@
-// The generator's source of chance: the SplitMix64 sequence, the same on every platform.
-// It is not std's distributions, whose results differ between libraries.
+// The generator's random numbers: the SplitMix64 sequence, the same on every platform. The results
+// of std's distributions differ between libraries.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@ namespace workbench {
 
 class Random {
  public:
-  /// `stream` separates subjects, so that a change to one leaves the others as they were.
+  // `stream` separates subjects, so that a change to one leaves the others as they were.
   Random(std::uint64_t seed, std::uint64_t stream)
       : state_(Mix(seed) ^ Mix(stream * 0xD1342543DE82EF95U)) {}
 
@@ -17,17 +17,17 @@ class Random {
     return Mix(state_);
   }
 
-  /// 0 to limit-1. Requires: limit > 0.
+  // 0 to limit-1. Requires: limit > 0.
   std::uint32_t Below(std::uint32_t limit) {
     return static_cast<std::uint32_t>(((Next() >> 32) * limit) >> 32);
   }
 
-  /// low to high, both included. Requires: 0 <= low <= high.
+  // low to high, both included. Requires: 0 <= low <= high.
   int Between(int low, int high) {
     return low + static_cast<int>(Below(static_cast<std::uint32_t>(high - low) + 1));
   }
 
-  /// True `parts` times in `whole` on average.
+  // True `parts` times in `whole` on average.
   bool Chance(std::uint32_t parts, std::uint32_t whole) { return Below(whole) < parts; }
 
  private:

@@ -1,5 +1,4 @@
-// The table of sample classes and the choice of their members. Provision amounts are made
-// elsewhere.
+// The table of sample classes and the choice of their members.
 #include "workbench/sample/sample_classes.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
-// The 25 item classes of the sample company and their member items. It only makes rows; the
-// rules that the product keeps on classes are broken here on purpose where the table says so.
+// The 25 item classes of the sample company and their members. Where the table says so, they break
+// the rules for classes on purpose.
 #pragma once
 
 #include <cstdint>
@@ -11,24 +11,24 @@
 
 namespace workbench {
 
-/// What the provision history of a class's members looks like.
+// What the provision history of a class's members looks like.
 enum class ProvisionPattern {
   None,
-  EarlierAndCurrent,  ///< amounts in the months before and in the current period
-  EarlierYearOnly,    ///< amounts in the year before, none since
-  SameYearOnly,       ///< accumulated amounts in an earlier period of the current year
-  EarlierZero,        ///< rows of earlier periods, every amount zero or missing
-  CurrentOnly,        ///< amounts in the current period alone
-  CurrentZero,        ///< rows of the current period, every amount zero
-  LaterOnly,          ///< amounts only after the current period
+  EarlierAndCurrent,  // amounts in the months before and in the current period
+  EarlierYearOnly,    // amounts in the year before, none since
+  SameYearOnly,       // accumulated amounts in an earlier period of the current year
+  EarlierZero,        // rows of earlier periods, every amount zero or missing
+  CurrentOnly,        // amounts in the current period alone
+  CurrentZero,        // rows of the current period, every amount zero
+  LaterOnly,          // amounts only after the current period
 };
 
-/// Which items of its families a class takes.
+// Which items of its families a class takes.
 enum class MemberRule {
-  Most,  ///< about three of four items
+  Most,  // about three of four items
   All,
-  FirstHalf,   ///< the first half of each family
-  SecondHalf,  ///< the rest of each family
+  FirstHalf,   // the first half of each family
+  SecondHalf,  // the rest of each family
 };
 
 struct SampleClass {
@@ -37,23 +37,23 @@ struct SampleClass {
   std::string_view percentage;
   std::string_view lossAccount;
   std::string_view reserveAccount;
-  std::string_view families;  ///< separated by blanks
+  std::string_view families;  // separated by blanks
   MemberRule members;
   ProvisionPattern provisions;
 };
 
-/// In the order in which their rows are stored.
+// In the order in which their rows are stored.
 std::span<const SampleClass> SampleClasses();
 
-/// The rows of all classes, class by class. Same seed, same rows.
-/// Requires: every account that the table of classes names is among `accounts`.
+// The rows of all classes, class by class. Same seed, same rows.
+// Requires: every account that the table of classes names is among `accounts`.
 std::vector<ClassRow> MakeClassRows(const std::vector<ItemRow>& items,
                                     const std::vector<AccountRow>& accounts, std::uint64_t seed);
 
-/// The class whose rows carry two names, and the second of them.
+// The class whose rows carry two names, and the second of them.
 inline constexpr std::string_view kTwoNamedClass = "16";
 inline constexpr std::string_view kSecondName = "停产专用料(待处理)";
-/// The class that also takes members of other classes, and those classes.
+// The class that also takes members of other classes, and those classes.
 inline constexpr std::string_view kSharingClass = "18";
 inline constexpr std::string_view kSharedFrom[] = {"03", "09"};
 

@@ -1,5 +1,4 @@
-// Puts the generated rows of the sample company together. The rows themselves come from the
-// files beside it.
+// Combines the generated rows into the sample company.
 #include "workbench/sample/sample_company.h"
 
 #include "workbench/sample/company_rows.h"

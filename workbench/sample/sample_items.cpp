@@ -1,4 +1,4 @@
-// Makes items family by family from the tables of kinds. Item classes are made elsewhere.
+// Creates items family by family from the tables of kinds.
 #include "workbench/sample/sample_items.h"
 
 #include <algorithm>
@@ -19,7 +19,7 @@ std::string FourDigits(int number) {
   return std::string(4 - digits.size(), '0') + digits;
 }
 
-// Families of few kinds run out of combinations; a rare repetition is left as it is.
+// Families of few kinds run out of combinations; rare duplicates are accepted.
 void FillUnlikeOthers(const ItemFamily& family, Random& random,
                       std::set<std::pair<std::string, std::string>>* seen, ItemRow* item) {
   const auto kinds = KindsOf(family.code);
@@ -30,7 +30,7 @@ void FillUnlikeOthers(const ItemFamily& family, Random& random,
   }
 }
 
-// What a company's data lack in real life, at fixed places and here and there.
+// Missing data as in real companies, at fixed places and at random.
 void LeaveGaps(std::string_view family, int ordinal, Random& random, ItemRow* item) {
   if (random.Chance(2, 100)) item->shortNumber.reset();
   if (random.Chance(3, 100)) item->model.reset();

@@ -1,5 +1,4 @@
-// Provision rows and vouchers, period by period. Which class has which pattern is a table
-// elsewhere.
+// Provision rows and vouchers, period by period.
 #include "workbench/sample/sample_provisions.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// Users with different rights and the company's profile values. Nothing here depends on a seed.
+// Users with different rights and the company's profile values, independent of the seed.
 #include "workbench/sample/sample_users.h"
 
 #include "workbench/sample/sample_provisions.h"

@@ -1,5 +1,4 @@
-// The users, rights, settings and system profile of a generated company. It grants bits; what
-// a bit allows is decided by whoever checks it.
+// The users, rights, settings and system profile of a generated company.
 #pragma once
 
 #include <vector>
@@ -8,10 +7,10 @@
 
 namespace workbench {
 
-/// The users that tests and tours sign in as.
+// The users that tests and tours sign in as.
 inline constexpr int kAdministrator = 1;
-inline constexpr int kUserWithoutAdd = 2;    ///< lacks 0x20000
-inline constexpr int kUserWithoutPrint = 3;  ///< lacks 0x8000
+inline constexpr int kUserWithoutAdd = 2;    // lacks 0x20000
+inline constexpr int kUserWithoutPrint = 3;  // lacks 0x8000
 inline constexpr int kUserOfScopeOne = 4;
 inline constexpr int kUserOfScopeZero = 5;
 inline constexpr int kUserWithoutRights = 6;

@@ -10,7 +10,7 @@
 namespace workbench {
 namespace {
 
-// A row of t_systemprofile by which a company that may be replaced is known.
+// The row of t_systemprofile that marks a replaceable company.
 constexpr const char* kMarkCategory = "Workbench";
 constexpr const char* kMarkKey = "SchemaVersion";
 

@@ -1,4 +1,4 @@
-// Makes a company on a server, whole or not at all where the server has transactions.
+// Creates a company on a server, whole or not at all if the server has transactions.
 #pragma once
 
 #include "workbench/company/odbc_connection.h"
@@ -6,10 +6,10 @@
 
 namespace workbench {
 
-/// Makes the tables in the database of the connection and fills them. A database that holds any
-/// of the tables is refused; where the plan replaces, a company that this function made is
-/// dropped first, in the same transaction, and any other one is refused still. Throws
-/// CompanyFileError, DatabaseError.
+// Makes the tables in the database of the connection and fills them. A database that holds any
+// of the tables is refused; where the plan replaces, a company that this function made is
+// dropped first, in the same transaction, and any other one is refused still. Throws
+// CompanyFileError, DatabaseError.
 void CreateServerCompany(OdbcConnection& server, const CompanyFilePlan& plan,
                          CompanyWriter::Progress progress);
 

@@ -1,4 +1,4 @@
-// How the SQLite owners open, bind and step. No table or column is named here.
+// How the SQLite owners open, bind and step.
 #include "workbench/sample/sqlite_handle.h"
 
 #include "workbench/company/collation.h"

@@ -1,5 +1,4 @@
-// Owners of a SQLite connection, a prepared statement and a transaction. They translate no
-// SQL dialect and know no table.
+// Owners of an SQLite connection and of a prepared statement.
 #pragma once
 
 #include <sqlite3.h>
@@ -13,28 +12,28 @@
 
 namespace workbench {
 
-/// A failed SQLite call; the text is SQLite's own, the code its extended result code.
+// A failed SQLite call; the text is SQLite's own, the code its extended result code.
 class SqliteError : public std::runtime_error {
  public:
   SqliteError(int code, const std::string& text) : std::runtime_error(text), code_(code) {}
   int code() const { return code_; }
-  /// Another program holds the database.
+  // Another program holds the database.
   bool IsBusy() const { return (code_ & 0xFF) == SQLITE_BUSY || (code_ & 0xFF) == SQLITE_LOCKED; }
 
  private:
   int code_;
 };
 
-/// An open database with the company's collation registered; closed on destruction.
+// An open database with the company's collation registered; closed on destruction.
 class Database {
  public:
   enum class Mode { ReadOnly, ReadWrite, Create };
 
-  /// `path` is UTF-8. Waits up to five seconds for locks of others. Throws SqliteError.
+  // `path` is UTF-8. Waits up to five seconds for locks of others. Throws SqliteError.
   Database(const std::string& path, Mode mode);
 
   sqlite3* get() const { return handle_.get(); }
-  /// Runs statements that answer no rows. Throws SqliteError.
+  // Runs statements without results. Throws SqliteError.
   void Execute(const std::string& sql);
 
  private:
@@ -44,14 +43,13 @@ class Database {
   std::unique_ptr<sqlite3, Closer> handle_;
 };
 
-/// One prepared statement. Texts are bound without copying, so they must live until the
-/// statement was stepped for the last time; Run and Query-then-Step in one expression do.
+// One prepared statement. Texts are bound without copying, so they must live until the last step.
 class Statement {
  public:
-  /// Throws SqliteError.
+  // Throws SqliteError.
   Statement(sqlite3* database, std::string_view sql);
 
-  /// Binds `values` in order, runs to the end and resets. Throws SqliteError.
+  // Binds `values` in order, runs to the end and resets. Throws SqliteError.
   template <class... Values>
   void Run(const Values&... values) {
     Start(values...);
@@ -59,7 +57,7 @@ class Statement {
     }
   }
 
-  /// Resets and binds `values` in order; Step then answers the rows. Throws SqliteError.
+  // Resets and binds `values` in order; Step then returns the rows. Throws SqliteError.
   template <class... Values>
   void Start(const Values&... values) {
     sqlite3_reset(handle_.get());
@@ -67,15 +65,15 @@ class Statement {
     (Bind(++index, values), ...);
   }
 
-  /// True when there is a row; false at the end, when the statement is reset.
+  // Returns whether there is a row; at the end it also resets the statement.
   bool Step();
 
   int ColumnCount() const { return sqlite3_column_count(handle_.get()); }
-  /// SQLITE_INTEGER, SQLITE_FLOAT, SQLITE_TEXT, SQLITE_BLOB or SQLITE_NULL.
+  // SQLITE_INTEGER, SQLITE_FLOAT, SQLITE_TEXT, SQLITE_BLOB or SQLITE_NULL.
   int Type(int column) const { return sqlite3_column_type(handle_.get(), column); }
   std::int64_t Integer(int column) const { return sqlite3_column_int64(handle_.get(), column); }
   double Real(int column) const { return sqlite3_column_double(handle_.get(), column); }
-  /// Empty for NULL.
+  // Empty for NULL.
   std::string Text(int column) const;
 
  private:
@@ -102,7 +100,7 @@ class Statement {
   std::unique_ptr<sqlite3_stmt, Finalizer> handle_;
 };
 
-/// The first column of the first row as a whole number, 0 without rows. Throws SqliteError.
+// The first column of the first row as a whole number, 0 without rows. Throws SqliteError.
 std::int64_t QueryInteger(sqlite3* database, std::string_view sql);
 
 }  // namespace workbench

@@ -1,4 +1,4 @@
-// The standard chart as a table and its conversion to rows. Amounts and periods live elsewhere.
+// The standard chart as a table and its conversion to rows.
 #include "workbench/sample/standard_accounts.h"
 
 #include <algorithm>
@@ -181,8 +181,8 @@ constexpr StandardAccount kCostsAndResults[] = {
     {"6901", "以前年度损益调整", kCredit},
 };
 
-// Among them the numbers that a number-minded reader gets wrong: 1231.10 beside 1231.1,
-// 1471.20 without a 1471.2, two dots, and one far longer than the rest.
+// Includes numbers that must not be read as decimals: 1231.10 beside 1231.1, 1471.20 without a
+// 1471.2, two dots, and a very long one.
 constexpr StandardAccount kSubAccounts[] = {
     {"1002.01", "基本存款账户", kDebit},
     {"1002.02", "一般存款账户", kDebit},

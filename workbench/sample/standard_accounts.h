@@ -1,5 +1,5 @@
 // The chart of accounts of the sample company: the public standard chart of the Accounting
-// Standards for Business Enterprises, with sub accounts. It is data, not bookkeeping.
+// Standards for Business Enterprises, with sub accounts.
 #pragma once
 
 #include <string_view>
@@ -9,11 +9,11 @@
 
 namespace workbench {
 
-/// All accounts in number order with ids from 1, levels, parents, detail marks and balance
-/// directions. Always the same.
+// All accounts in number order with ids from 1, levels, parents, detail marks and balance
+// directions. Always the same.
 std::vector<AccountRow> MakeAccounts();
 
-/// The id of the account of exactly that number, 0 when there is none.
+// The id of the account of exactly that number, 0 when there is none.
 int FindAccountId(const std::vector<AccountRow>& accounts, std::string_view number);
 
 }  // namespace workbench

@@ -1,4 +1,4 @@
-// The little template language of item names. No names live here.
+// The template language of item names.
 #include "workbench/sample/template_text.h"
 
 #include <algorithm>

@@ -1,5 +1,4 @@
-// Texts with choices in them, such as item names and models. It fills in; what may be chosen
-// is data elsewhere.
+// Texts with choices in them, such as item names and models.
 #pragma once
 
 #include <string>
@@ -9,9 +8,9 @@
 
 namespace workbench {
 
-/// Copies `pattern`, replacing "[a|b|c]" by one of its alternatives and "{10-50/5}" by one
-/// of the whole numbers 10, 15 … 50. Choices do not nest.
-/// Requires: every bracket is closed and a range has low <= high and a step above 0.
+// Copies `pattern`, replacing "[a|b|c]" by one of its alternatives and "{10-50/5}" by one
+// of the whole numbers 10, 15 … 50. Choices do not nest.
+// Requires: every bracket is closed and a range has low <= high and a step above 0.
 std::string FillTemplate(std::string_view pattern, Random& random);
 
 }  // namespace workbench

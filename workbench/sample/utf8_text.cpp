@@ -1,4 +1,4 @@
-// UTF-8 checking by utf8cpp, and reading a file whole. What the texts mean is not its concern.
+// UTF-8 checking by utf8cpp, and reading a file whole.
 #include "workbench/sample/utf8_text.h"
 
 #include <utf8.h>
@@ -48,7 +48,7 @@ bool HasControlCharacter(std::string_view text, std::string_view allowed) {
 }
 
 std::string ReadFileBytes(const std::string& path) {
-  // Opening a folder succeeds on some systems and then reads as empty.
+  // On some systems a folder opens and reads as empty.
   std::error_code ignored;
   if (std::filesystem::is_directory(PathFromUtf8(path), ignored)) {
     throw std::runtime_error("是文件夹而不是文件: " + path);

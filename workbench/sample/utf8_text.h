@@ -1,5 +1,4 @@
-// Checks and small helpers for UTF-8 texts read from a user's file. It converts to no other
-// encoding.
+// Checks and helpers for UTF-8 texts from a user's file.
 #pragma once
 
 #include <cstddef>
@@ -8,20 +7,20 @@
 
 namespace workbench {
 
-/// The position of the first byte that is not part of well-formed UTF-8; npos when all is.
+// The position of the first byte that is not part of well-formed UTF-8; npos when all is.
 std::size_t FindInvalidUtf8(std::string_view bytes);
 
-/// The length in UTF-16 code units, as the suite counts. Requires: well-formed UTF-8.
+// The length in UTF-16 code units, as the suite counts. Requires: well-formed UTF-8.
 std::size_t LengthAsTheSuiteCounts(std::string_view text);
 
-/// `text` without blanks and tabs at both ends.
+// `text` without blanks and tabs at both ends.
 std::string_view TrimBlanks(std::string_view text);
 
-/// True when there is a control character that `allowed` does not list.
+// True when there is a control character that `allowed` does not list.
 bool HasControlCharacter(std::string_view text, std::string_view allowed);
 
-/// The content of the file whose path is given in UTF-8.
-/// Throws std::runtime_error with a Chinese text when it cannot be read.
+// The content of the file whose path is given in UTF-8.
+// Throws std::runtime_error with a Chinese text when it cannot be read.
 std::string ReadFileBytes(const std::string& path);
 
 }  // namespace workbench

@@ -1,5 +1,4 @@
-// The entry of the `workbench` program: words in UTF-8, console in UTF-8. It does no work of
-// its own.
+// The entry of the `workbench` program: words in UTF-8, console in UTF-8.
 #include <iostream>
 #include <string>
 #include <vector>
@@ -32,7 +31,7 @@ std::vector<std::string> CommandLineWords() {
   return words;
 }
 
-// The console keeps the code page after the program has ended, so it is given back.
+// The console keeps the code page after the program has ended, so restore it.
 class Utf8Console {
  public:
   Utf8Console() { SetConsoleOutputCP(CP_UTF8); }
