@@ -43,18 +43,15 @@ else()
 endif()
 
 if(PRICEDOWN_SANITIZE)
-  # A directory sets the variable of that name. The checks for undefined behaviour take a third of a
-  # test's compile time; the tested code keeps them.
+  # A directory sets the variable of that name. The tested code is instrumented in full; in a test's
+  # own code the checks for undefined behaviour and the fuzzer's counters only take time.
   define_property(TARGET PROPERTY PRICEDOWN_TEST_CODE INITIALIZE_FROM_VARIABLE PRICEDOWN_TEST_CODE)
   target_compile_options(project_options INTERFACE
     -fsanitize=address -fno-sanitize-recover=all -fno-omit-frame-pointer
-    $<$<NOT:$<BOOL:$<TARGET_PROPERTY:PRICEDOWN_TEST_CODE>>>:-fsanitize=undefined>)
-  target_link_options(project_options INTERFACE -fsanitize=address,undefined)
-  if(PRICEDOWN_FUZZ)
+    $<$<NOT:$<BOOL:$<TARGET_PROPERTY:PRICEDOWN_TEST_CODE>>>:-fsanitize=undefined,fuzzer-no-link>
     # Clang does not know all warnings of g++.
-    target_compile_options(project_options INTERFACE
-      -fsanitize=fuzzer-no-link -Wno-unknown-warning-option)
-  endif()
+    -Wno-unknown-warning-option)
+  target_link_options(project_options INTERFACE -fsanitize=address,undefined)
 else()
   # Fortify and the sanitizers intercept the same functions and do not mix.
   target_compile_definitions(project_options INTERFACE _FORTIFY_SOURCE=2)
