@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kShadow = 3;  // pixels at 96 dpi
 constexpr COLORREF kPaper = RGB(255, 255, 255);
-constexpr COLORREF kInk = RGB(0, 0, 0);
+constexpr COLORREF kPageEdge = RGB(0, 0, 0);
 constexpr int kEdgeShare = 150;  // of ink in the paper's edge, in 255
 constexpr int kShadowShare = 80;
 
@@ -75,10 +75,10 @@ void PreviewPane::Paint(HDC context, const RECT& area) {
   const int shadow = dpi_.Scale(kShadow);
   RECT part = paper;
   OffsetRect(&part, shadow, shadow);
-  FillArea(context, part, Blend(desk, kInk, kShadowShare));
+  FillArea(context, part, Blend(desk, kPageEdge, kShadowShare));
   part = paper;
   InflateRect(&part, 1, 1);
-  FillArea(context, part, Blend(desk, kInk, kEdgeShare));
+  FillArea(context, part, Blend(desk, kPageEdge, kEdgeShare));
   FillArea(context, paper, kPaper);
   const SavedDc saved(context);
   IntersectClipRect(context, paper.left, paper.top, paper.right, paper.bottom);
