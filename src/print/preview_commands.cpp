@@ -5,44 +5,44 @@ namespace pricedown {
 namespace {
 
 enum class Control : std::uint8_t { Without, With, Either };
-// The parts in which a key is the preview's.
-enum class Parts : std::uint8_t { Page, PageAndButtons, All };
+// The parts of the preview that answer a key.
+enum class KeyScope : std::uint8_t { Page, PageAndButtons, All };
 
 struct KeyRow {
   Key key;
   Control control;
-  Parts parts;
+  KeyScope scope;
   PreviewCommand command;
 };
 
 constexpr KeyRow kKeys[] = {
-    {Key::P, Control::With, Parts::All, PreviewCommand::Print},
-    {Key::G, Control::With, Parts::All, PreviewCommand::EnterPage},
-    {Key::PageUp, Control::Without, Parts::All, PreviewCommand::ScreenUp},
-    {Key::PageUp, Control::With, Parts::All, PreviewCommand::Previous},
-    {Key::PageDown, Control::Without, Parts::All, PreviewCommand::ScreenDown},
-    {Key::PageDown, Control::With, Parts::All, PreviewCommand::Next},
-    {Key::Home, Control::Without, Parts::Page, PreviewCommand::Top},
-    {Key::Home, Control::With, Parts::PageAndButtons, PreviewCommand::First},
-    {Key::End, Control::Without, Parts::Page, PreviewCommand::Bottom},
-    {Key::End, Control::With, Parts::PageAndButtons, PreviewCommand::Last},
-    {Key::Up, Control::Either, Parts::Page, PreviewCommand::LineUp},
-    {Key::Down, Control::Either, Parts::Page, PreviewCommand::LineDown},
-    {Key::Left, Control::Either, Parts::Page, PreviewCommand::LineLeft},
-    {Key::Right, Control::Either, Parts::Page, PreviewCommand::LineRight},
-    {Key::Add, Control::With, Parts::All, PreviewCommand::ZoomIn},
-    {Key::Add, Control::Without, Parts::PageAndButtons, PreviewCommand::ZoomIn},
-    {Key::Plus, Control::With, Parts::All, PreviewCommand::ZoomIn},
-    {Key::Plus, Control::Without, Parts::PageAndButtons, PreviewCommand::ZoomIn},
-    {Key::Subtract, Control::With, Parts::All, PreviewCommand::ZoomOut},
-    {Key::Subtract, Control::Without, Parts::PageAndButtons, PreviewCommand::ZoomOut},
-    {Key::Minus, Control::With, Parts::All, PreviewCommand::ZoomOut},
-    {Key::Minus, Control::Without, Parts::PageAndButtons, PreviewCommand::ZoomOut},
+    {Key::P, Control::With, KeyScope::All, PreviewCommand::Print},
+    {Key::G, Control::With, KeyScope::All, PreviewCommand::EnterPage},
+    {Key::PageUp, Control::Without, KeyScope::All, PreviewCommand::ScreenUp},
+    {Key::PageUp, Control::With, KeyScope::All, PreviewCommand::Previous},
+    {Key::PageDown, Control::Without, KeyScope::All, PreviewCommand::ScreenDown},
+    {Key::PageDown, Control::With, KeyScope::All, PreviewCommand::Next},
+    {Key::Home, Control::Without, KeyScope::Page, PreviewCommand::Top},
+    {Key::Home, Control::With, KeyScope::PageAndButtons, PreviewCommand::First},
+    {Key::End, Control::Without, KeyScope::Page, PreviewCommand::Bottom},
+    {Key::End, Control::With, KeyScope::PageAndButtons, PreviewCommand::Last},
+    {Key::Up, Control::Either, KeyScope::Page, PreviewCommand::LineUp},
+    {Key::Down, Control::Either, KeyScope::Page, PreviewCommand::LineDown},
+    {Key::Left, Control::Either, KeyScope::Page, PreviewCommand::LineLeft},
+    {Key::Right, Control::Either, KeyScope::Page, PreviewCommand::LineRight},
+    {Key::Add, Control::With, KeyScope::All, PreviewCommand::ZoomIn},
+    {Key::Add, Control::Without, KeyScope::PageAndButtons, PreviewCommand::ZoomIn},
+    {Key::Plus, Control::With, KeyScope::All, PreviewCommand::ZoomIn},
+    {Key::Plus, Control::Without, KeyScope::PageAndButtons, PreviewCommand::ZoomIn},
+    {Key::Subtract, Control::With, KeyScope::All, PreviewCommand::ZoomOut},
+    {Key::Subtract, Control::Without, KeyScope::PageAndButtons, PreviewCommand::ZoomOut},
+    {Key::Minus, Control::With, KeyScope::All, PreviewCommand::ZoomOut},
+    {Key::Minus, Control::Without, KeyScope::PageAndButtons, PreviewCommand::ZoomOut},
 };
 
-bool Includes(Parts parts, PreviewFocus focus) {
-  return focus == PreviewFocus::Page || parts == Parts::All ||
-         (focus == PreviewFocus::Buttons && parts == Parts::PageAndButtons);
+bool Includes(KeyScope scope, PreviewFocus focus) {
+  return focus == PreviewFocus::Page || scope == KeyScope::All ||
+         (focus == PreviewFocus::Buttons && scope == KeyScope::PageAndButtons);
 }
 
 }  // namespace
@@ -52,7 +52,7 @@ std::optional<PreviewCommand> CommandOfKey(const KeyPress& press, PreviewFocus f
   const Control held = press.control && !press.alt ? Control::With : Control::Without;
   for (const KeyRow& row : kKeys) {
     if (row.key == press.key && (row.control == held || row.control == Control::Either) &&
-        Includes(row.parts, focus)) {
+        Includes(row.scope, focus)) {
       return row.command;
     }
   }

@@ -16,21 +16,22 @@ constexpr const char* kMaintenanceCheck = "ZEPEBCGLView.GLData.AccessCheck(10, 1
 constexpr const char* kOtherCheck = "ZEPEBCGLView.GLData.AccessCheck(11, 151, 4194304)";
 
 // A host's own window object: Parent (itself), Caption, hWnd.
-class Described : public LocalObject<Described> {
+class DescribedWindow : public LocalObject<DescribedWindow> {
  public:
-  static std::span<const Member<Described>> Members() {
+  static std::span<const Member<DescribedWindow>> Members() {
     static const std::array members{
-        Member<Described>{u"Parent", MemberKind::Get,
-                          [](Described& window, Access, std::span<Value>) {
-                            return Value(ObjectPtr(window.shared_from_this()));
-                          }},
-        Member<Described>{
-            u"Caption", MemberKind::Get,
-            [](Described& window, Access, std::span<Value>) { return Value(window.caption); }},
-        Member<Described>{u"hWnd", MemberKind::Get,
-                          [](Described& window, Access, std::span<Value>) {
-                            return Value(static_cast<std::int32_t>(HandleToLong(window.handle)));
-                          }}};
+        Member<DescribedWindow>{u"Parent", MemberKind::Get,
+                                [](DescribedWindow& window, Access, std::span<Value>) {
+                                  return Value(ObjectPtr(window.shared_from_this()));
+                                }},
+        Member<DescribedWindow>{u"Caption", MemberKind::Get,
+                                [](DescribedWindow& window, Access, std::span<Value>) {
+                                  return Value(window.caption);
+                                }},
+        Member<DescribedWindow>{
+            u"hWnd", MemberKind::Get, [](DescribedWindow& window, Access, std::span<Value>) {
+              return Value(static_cast<std::int32_t>(HandleToLong(window.handle)));
+            }}};
     return members;
   }
 
@@ -72,7 +73,7 @@ TEST(ContainerCaption, IsThatOfTheFirstWindowWithACaptionBar) {
 
 TEST(ContainerCaption, IsTakenFromTheHostsDescriptionFirst) {
   ControlHost host(u"另一个窗口");
-  const auto described = std::make_shared<Described>();
+  const auto described = std::make_shared<DescribedWindow>();
   described->caption = u"物料类别维护";
   host.site->extender = described;
   host.Open();
@@ -93,7 +94,7 @@ TEST(ContainerCaption, IsTheWindowsWhereTheDescriptionHasNone) {
 TEST(ClosingTheContainer, GoesToTheDescribedWindow) {
   ControlHost host;
   const HostFrame other(host.world.log, u"另一个窗口");
-  const auto described = std::make_shared<Described>();
+  const auto described = std::make_shared<DescribedWindow>();
   described->caption = u"物料类别维护";
   described->handle = other.Handle();
   host.site->extender = described;
