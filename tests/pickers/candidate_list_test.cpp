@@ -18,7 +18,7 @@ CompanyFilePlan Large(int items) {
   return plan;
 }
 
-std::vector<std::int32_t> Ids(Connection& company, std::u16string_view statement) {
+std::vector<std::int32_t> IdsOf(Connection& company, std::u16string_view statement) {
   const ResultSet result = company.Execute(statement);
   std::vector<std::int32_t> ids;
   for (std::size_t row = 0; row < result.RowCount(); ++row) {
@@ -45,7 +45,7 @@ class CandidateListOnItems : public ::testing::Test {
 TEST_F(CandidateListOnItems, ListsEveryItemInTheOrderOfCodes) {
   CandidateList list(company_, ItemTable(), u"");
   EXPECT_EQ(3203U, list.Total());
-  EXPECT_EQ(Ids(company_, u"SELECT FItemID FROM t_ICItem ORDER BY FNumber,FItemID"), Found(list));
+  EXPECT_EQ(IdsOf(company_, u"SELECT FItemID FROM t_ICItem ORDER BY FNumber,FItemID"), Found(list));
   EXPECT_FALSE(list.IsSearching());
 }
 
@@ -172,10 +172,11 @@ TEST(CandidateListOnManyItems, SearchGrowsInTheOrderOfCodesUntilItIsComplete) {
     ++steps;
   }
   EXPECT_GT(steps, 3);
-  EXPECT_EQ(Ids(company,
-                u"SELECT FItemID FROM t_ICItem WHERE FNumber LIKE '钢%' OR FShortNumber LIKE '钢%' "
-                u"OR FName LIKE '%钢%' OR FModel LIKE '%钢%' ORDER BY FNumber,FItemID"),
-            before);
+  EXPECT_EQ(
+      IdsOf(company,
+            u"SELECT FItemID FROM t_ICItem WHERE FNumber LIKE '钢%' OR FShortNumber LIKE '钢%' "
+            u"OR FName LIKE '%钢%' OR FModel LIKE '%钢%' ORDER BY FNumber,FItemID"),
+      before);
 }
 
 TEST(CandidateListOnManyItems, ExtendingTheTextFindsTheSameAsANewSearch) {
