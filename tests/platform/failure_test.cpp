@@ -13,7 +13,7 @@
 namespace pricedown::testing {
 namespace {
 
-Failure FailureOf(const std::function<void()>& body) {
+Failure Handled(const std::function<void()>& body) {
   try {
     body();
   } catch (...) {
@@ -26,7 +26,7 @@ std::int32_t Code(ErrorNumber number) { return static_cast<std::int32_t>(number)
 
 TEST(CurrentFailure, IsTheCoresErrorWithItsSource) {
   const Failure failure =
-      FailureOf([] { throw AutomationError(ErrorNumber::Overflow, u"溢出", u"来源"); });
+      Handled([] { throw AutomationError(ErrorNumber::Overflow, u"溢出", u"来源"); });
   EXPECT_EQ(failure.code, Code(ErrorNumber::Overflow));
   EXPECT_EQ(Utf8(failure.description), "溢出");
   EXPECT_EQ(Utf8(failure.source), "来源");
@@ -34,7 +34,7 @@ TEST(CurrentFailure, IsTheCoresErrorWithItsSource) {
 
 TEST(CurrentFailure, IsAFailureAlsoForANumberThatSaysSuccess) {
   for (const std::int32_t number : {0, 5}) {
-    const Failure failure = FailureOf([&] { throw AutomationError(number, u"odd"); });
+    const Failure failure = Handled([&] { throw AutomationError(number, u"odd"); });
     EXPECT_EQ(failure.code, Code(ErrorNumber::Unspecified)) << number;
   }
 }
@@ -43,7 +43,7 @@ TEST(CurrentFailure, SaysInChineseThatMemoryIsShort) {
   for (const std::function<void()>& body :
        {std::function<void()>([] { throw std::bad_alloc(); }),
         std::function<void()>([] { throw std::length_error("too many rows"); })}) {
-    const Failure failure = FailureOf(body);
+    const Failure failure = Handled(body);
     EXPECT_EQ(failure.code, Code(ErrorNumber::OutOfMemory));
     EXPECT_EQ(Utf8(failure.description), "内存不足");
     EXPECT_EQ(Utf8(failure.source), "");
@@ -51,14 +51,14 @@ TEST(CurrentFailure, SaysInChineseThatMemoryIsShort) {
 }
 
 TEST(CurrentFailure, KeepsAStandardExceptionsTextOutOfTheDescription) {
-  const Failure failure = FailureOf([] { throw std::runtime_error("out of handles"); });
+  const Failure failure = Handled([] { throw std::runtime_error("out of handles"); });
   EXPECT_EQ(failure.code, Code(ErrorNumber::Unspecified));
   EXPECT_EQ(Utf8(failure.description), "意外错误");
   EXPECT_EQ(Utf8(failure.source), "out of handles");
 }
 
 TEST(CurrentFailure, KnowsExceptionsThatAreNoneOfTheLibrarys) {
-  const Failure failure = FailureOf([] { throw 5; });
+  const Failure failure = Handled([] { throw 5; });
   EXPECT_EQ(failure.code, Code(ErrorNumber::Unexpected));
   EXPECT_EQ(Utf8(failure.description), "意外错误");
 }

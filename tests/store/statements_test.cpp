@@ -19,7 +19,7 @@ struct Case {
 
 void PrintTo(const Case& given, std::ostream* out) { *out << given.name; }
 
-class Statement : public testing::TestWithParam<Case> {};
+class Statement : public ::testing::TestWithParam<Case> {};
 
 TEST_P(Statement, IsSentToTheLetter) {
   EXPECT_EQ(ToUtf8(GetParam().statement), GetParam().expected);
@@ -27,7 +27,7 @@ TEST_P(Statement, IsSentToTheLetter) {
 
 INSTANTIATE_TEST_SUITE_P(
     Catalogue, Statement,
-    testing::Values(
+    ::testing::Values(
         Case{"ProvisionMode", ProvisionMode(),
              "Select FValue From t_systemprofile where Fkey like 'PriceDownPrepare'"},
         Case{"ClassTree", ClassTree(),
@@ -95,7 +95,7 @@ INSTANTIATE_TEST_SUITE_P(
              "SELECT  FItemID FROM  icPriceDownClass WHERE FItemClassNumber<>''"},
         Case{"SaveDelete", SaveDelete(u"A1"),
              "delete from icPriceDownClass where  FItemClassNumber='A1'"}),
-    testing::PrintToStringParamName());
+    ::testing::PrintToStringParamName());
 
 TEST(Save, IsOneTextOfADeleteAndAnInsertPerItem) {
   std::u16string text = SaveDelete(u"01");
