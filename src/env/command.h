@@ -27,6 +27,7 @@ struct Command {
 template <typename Rows>
 std::vector<const Command*> RowsOf(const Rows& rows) {
   std::vector<const Command*> commands;
+  commands.reserve(std::size(rows));
   for (const Command& row : rows) commands.push_back(&row);
   return commands;
 }

@@ -12,7 +12,7 @@
 #include "windows/com/failure.h"
 
 // The linker's symbol for the start of the module that contains this code.
-extern "C" const IMAGE_DOS_HEADER __ImageBase;
+extern "C" IMAGE_DOS_HEADER __ImageBase;  // NOLINT(bugprone-reserved-identifier)
 
 namespace pricedown::windows {
 namespace {
@@ -24,9 +24,7 @@ struct DestroyIconHandle {
 };
 using OwnedIcon = std::unique_ptr<std::remove_pointer_t<HICON>, DestroyIconHandle>;
 
-HINSTANCE ThisModule() {
-  return reinterpret_cast<HINSTANCE>(const_cast<IMAGE_DOS_HEADER*>(&__ImageBase));
-}
+HINSTANCE ThisModule() { return reinterpret_cast<HINSTANCE>(&__ImageBase); }
 
 // The picture of that size, or the next larger one scaled down. Version 5 of the common controls,
 // which a host may have loaded first, cannot do that; LoadImage scales the nearest one.

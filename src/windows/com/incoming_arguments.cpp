@@ -52,7 +52,7 @@ IncomingArguments::IncomingArguments(const DISPPARAMS& parameters, bool put, UIN
 void IncomingArguments::Place(std::size_t position, UINT index, const Converter& convert) {
   while (values_.size() <= position) {
     indexes_.push_back(static_cast<UINT>(values_.size()));
-    values_.push_back(Missing{});
+    values_.emplace_back(Missing{});
   }
   indexes_[position] = index;
   const VARIANT& argument = parameters_.rgvarg[index];

@@ -11,7 +11,7 @@ namespace pricedown::windows {
 
 class Variant {
  public:
-  Variant() { VariantInit(&variant_); }
+  Variant() = default;
   Variant(Variant&& other) noexcept : variant_(other.release()) {}
   Variant& operator=(Variant&& other) noexcept {
     attach(other.release());
@@ -34,14 +34,10 @@ class Variant {
     VariantClear(&old);
   }
   // Passes the content to the caller.
-  VARIANT release() {
-    VARIANT empty;
-    VariantInit(&empty);
-    return std::exchange(variant_, empty);
-  }
+  VARIANT release() { return std::exchange(variant_, VARIANT{}); }
 
  private:
-  VARIANT variant_;
+  VARIANT variant_{};  // VT_EMPTY
 };
 
 }  // namespace pricedown::windows

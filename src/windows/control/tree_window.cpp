@@ -199,7 +199,7 @@ bool TreeWindow::OnContextMenu(LPARAM place) {
   RECT node{};
   const HTREEITEM selected = TreeView_GetSelection(Handle());
   // The message reads the node from the memory that it writes the rectangle to.
-  std::memcpy(&node, &selected, sizeof selected);
+  std::memcpy(&node, &selected, sizeof selected);  // NOLINT(bugprone-sizeof-expression)
   if (selected == nullptr ||
       SendMessageW(Handle(), TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&node)) == 0) {
     node = {};

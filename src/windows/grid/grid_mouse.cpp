@@ -136,8 +136,6 @@ LRESULT GridWindow::OnMouse(UINT message, WPARAM wParam, LPARAM lParam) {
       OnDrag(point);
       return 0;
     case WM_LBUTTONUP:
-      EndMouse(true);
-      return 0;
     case WM_CAPTURECHANGED:
       EndMouse(true);
       return 0;

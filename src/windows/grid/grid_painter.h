@@ -13,7 +13,7 @@ namespace pricedown::windows {
 inline constexpr int kCellTextMargin = 4;
 
 struct GridScene {
-  const Grid* grid;  // null paints an empty grid
+  const Grid* grid = nullptr;  // null paints an empty grid
   const GridViewport& viewport;
   const GridSelection& selection;
   SIZE window{};

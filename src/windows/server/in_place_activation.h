@@ -19,12 +19,12 @@ class InPlaceActivation {
 
   // Moves the window into the container. A no-op when it is there already. Throws
   // AutomationError when the container refuses; nothing is active then.
-  void Activate(IOleClientSite& site, ControlWindow& window);
+  void Activate(IOleClientSite& client, ControlWindow& window);
   // Makes the control the container's active one. Requires: active.
   void ActivateUi(IOleInPlaceActiveObject& self, ControlWindow& window, TakeFocus takeFocus);
   // Every step runs even when the container refuses one.
-  void DeactivateUi(IOleClientSite* site);
-  void Deactivate(IOleClientSite* site, ControlWindow& window);
+  void DeactivateUi(IOleClientSite* client);
+  void Deactivate(IOleClientSite* client, ControlWindow& window);
 
   // Moves the window; what lies outside `clip` is cut off.
   void SetRects(ControlWindow& window, const RECT& position, const RECT& clip);

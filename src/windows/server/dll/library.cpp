@@ -16,7 +16,7 @@ using pricedown::windows::TheModule;
 
 namespace __gnu_cxx {
 // Frees the C++ runtime's emergency pool for exceptions.
-void __freeres();
+void __freeres();  // NOLINT(bugprone-reserved-identifier)
 }  // namespace __gnu_cxx
 
 namespace {
