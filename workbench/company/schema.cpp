@@ -9,7 +9,7 @@ namespace {
 // value that does not fit is refused while the statement runs, as the server refuses it. Only
 // the suite's own keys are unique: nothing here enforces the rules of item classes, because
 // the suite's database does not either.
-constexpr const char* kTables = R"sql(
+constexpr const char* kFileTables = R"sql(
 CREATE TABLE icPriceDownClass(
   FItemID INTEGER NOT NULL CHECK(typeof(FItemID)='integer'),
   FItemClassNumber NVARCHAR(80) NOT NULL COLLATE CHINESE_CI_PAD
@@ -93,7 +93,7 @@ CREATE TABLE t_UserProfile(
 
 // The class index covers the tree's statement: its rows come out in class order without
 // touching the table. The others serve the joins and look-ups by code, item and period.
-constexpr const char* kIndexes = R"sql(
+constexpr const char* kFileIndexes = R"sql(
 CREATE INDEX ixPriceDownClassNumber ON icPriceDownClass(FItemClassNumber, FItemClassName);
 CREATE INDEX ixPriceDownPrepareItem ON ICPriceDownPrepare(FItemID, FYear, FPeriod);
 CREATE INDEX ixICItemNumber ON t_ICItem(FNumber);
@@ -134,12 +134,12 @@ int ReadPragma(sqlite3* database, const char* name) {
 }  // namespace
 
 void CreateCompanyTables(sqlite3* database) {
-  Execute(database, kTables);
+  Execute(database, kFileTables);
   SetPragma(database, "application_id", kCompanyApplicationId);
   SetPragma(database, "user_version", kCompanySchemaVersion);
 }
 
-void CreateCompanyIndexes(sqlite3* database) { Execute(database, kIndexes); }
+void CreateCompanyIndexes(sqlite3* database) { Execute(database, kFileIndexes); }
 
 int CompanySchemaVersion(sqlite3* database) {
   if (ReadPragma(database, "application_id") != kCompanyApplicationId) return 0;

@@ -24,6 +24,7 @@ constexpr Product kProducts[] = {
 };
 
 constexpr std::string_view kTables[] = {
+    // NOLINTNEXTLINE(bugprone-suspicious-missing-comma) A statement takes several lines.
     "CREATE TABLE icPriceDownClass("
     "FItemID INT NOT NULL,FItemClassNumber TEXT(80) NOT NULL,FItemClassName TEXT(80),"
     "FAPAccID INT,FAPNumber TEXT(80),FARAccID INT,FARNumber TEXT(80),FPencentPrepare FLOAT)",

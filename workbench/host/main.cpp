@@ -68,6 +68,7 @@ int RunHost(HINSTANCE module, int show, const Options& options) {
 }  // namespace
 }  // namespace workbench
 
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name)
 int WINAPI wWinMain(HINSTANCE module, HINSTANCE, PWSTR, int show) {
   const auto options = workbench::ReadCommandLine();
   if (!options) {

@@ -54,7 +54,7 @@ class Tour {
   void AddPrinting();
   void ExpectRows(std::u16string_view condition, std::int32_t count);
   // Waits for a message box whose text begins with `text` and presses its button.
-  void ExpectBox(const wchar_t* picture, std::wstring text, int button);
+  void ExpectBox(const wchar_t* picture, const std::wstring& text, int button);
 
   HWND Child(int controlId) const;
   // Position from 1; kLastClass for the one at the end. The point is the tree's.

@@ -48,7 +48,7 @@ void CloseForm() { PostMessageW(RequireForm(), WM_CLOSE, 0, 0); }
 
 }  // namespace
 
-void Tour::ExpectBox(const wchar_t* picture, std::wstring text, int button) {
+void Tour::ExpectBox(const wchar_t* picture, const std::wstring& text, int button) {
   steps_.push_back({picture, [text] { RequireBox(text); }});
   steps_.push_back({nullptr, [button] { PressBoxButton(button); }});
 }

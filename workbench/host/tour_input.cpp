@@ -60,7 +60,7 @@ HWND ActiveDialog(int childId) {
 
 constexpr int kTextOfBox = 0xFFFF;
 
-std::wstring TextOf(HWND dialog, int childId) {
+std::wstring ChildText(HWND dialog, int childId) {
   std::array<wchar_t, 256> text{};
   GetDlgItemTextW(dialog, childId, text.data(), static_cast<int>(text.size()));
   return text.data();
@@ -69,7 +69,7 @@ std::wstring TextOf(HWND dialog, int childId) {
 }  // namespace
 
 void RequireBox(std::wstring_view text) {
-  const std::wstring shown = TextOf(ActiveDialog(kTextOfBox), kTextOfBox);
+  const std::wstring shown = ChildText(ActiveDialog(kTextOfBox), kTextOfBox);
   Require(shown.starts_with(text), pricedown::windows::FromWide(shown));
 }
 
@@ -82,7 +82,7 @@ void PressBoxButton(int button) {
 }
 
 void RequirePicker(std::wstring_view found) {
-  const std::wstring shown = TextOf(ActiveDialog(picker_ids::kFound), picker_ids::kFound);
+  const std::wstring shown = ChildText(ActiveDialog(picker_ids::kFound), picker_ids::kFound);
   Require(shown.starts_with(found), pricedown::windows::FromWide(shown));
 }
 

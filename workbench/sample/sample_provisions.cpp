@@ -18,14 +18,14 @@ constexpr std::uint64_t kVoucherStream = 4;
 constexpr int kProvisionVoucher = 820;
 constexpr const char* kIndustry = "Industry";
 
-struct Period {
+struct SamplePeriod {
   int year;
   int period;
 };
 
-constexpr Period kHistory[] = {{2007, 10}, {2007, 11}, {2007, 12}, {2008, 1}, {2008, 2}};
-constexpr Period kCurrent = {kCurrentYear, kCurrentPeriod};
-constexpr Period kLater[] = {{2008, 4}, {2009, 1}};
+constexpr SamplePeriod kHistory[] = {{2007, 10}, {2007, 11}, {2007, 12}, {2008, 1}, {2008, 2}};
+constexpr SamplePeriod kCurrent = {kCurrentYear, kCurrentPeriod};
+constexpr SamplePeriod kLater[] = {{2008, 4}, {2009, 1}};
 
 class ProvisionMaker {
  public:
@@ -37,7 +37,7 @@ class ProvisionMaker {
       case ProvisionPattern::None:
         break;
       case ProvisionPattern::EarlierAndCurrent:
-        for (const Period& period : kHistory) AddAmounts(itemId, period);
+        for (const SamplePeriod& period : kHistory) AddAmounts(itemId, period);
         AddAmounts(itemId, kCurrent);
         break;
       case ProvisionPattern::EarlierYearOnly:
@@ -48,7 +48,7 @@ class ProvisionMaker {
         Add(itemId, {2008, 1}, Amount(), 0.0);
         break;
       case ProvisionPattern::EarlierZero:
-        for (const Period& period : kHistory) Add(itemId, period, 0.0, 0.0);
+        for (const SamplePeriod& period : kHistory) Add(itemId, period, 0.0, 0.0);
         Add(itemId, {2007, 9}, std::nullopt, std::nullopt);
         break;
       case ProvisionPattern::CurrentOnly:
@@ -58,7 +58,7 @@ class ProvisionMaker {
         Add(itemId, kCurrent, 0.0, 0.0);
         break;
       case ProvisionPattern::LaterOnly:
-        for (const Period& period : kLater) AddAmounts(itemId, period);
+        for (const SamplePeriod& period : kLater) AddAmounts(itemId, period);
         break;
     }
   }
@@ -68,12 +68,12 @@ class ProvisionMaker {
  private:
   double Amount() { return FromHundredths(random_.Between(1, 5000000)); }
 
-  void AddAmounts(int itemId, const Period& period) {
+  void AddAmounts(int itemId, const SamplePeriod& period) {
     const double haveAdd = Amount();
     Add(itemId, period, haveAdd, Amount());
   }
 
-  void Add(int itemId, const Period& period, std::optional<double> haveAdd,
+  void Add(int itemId, const SamplePeriod& period, std::optional<double> haveAdd,
            std::optional<double> currentAdd) {
     rows_->push_back({itemId, period.year, period.period, haveAdd, currentAdd});
   }
@@ -135,7 +135,7 @@ class VoucherMaker {
 };
 
 bool HasProvisionVoucher(int year, int period) {
-  return std::any_of(std::begin(kHistory), std::end(kHistory), [&](const Period& each) {
+  return std::any_of(std::begin(kHistory), std::end(kHistory), [&](const SamplePeriod& each) {
     return each.year == year && each.period == period;
   });
 }

@@ -123,6 +123,7 @@ Value Settings::Query(std::u16string_view statement) {
   return rows.Get(0, 0);
 }
 
+// NOLINTNEXTLINE(readability-function-size) A table.
 std::span<const Member<Settings>> Settings::Members() {
   static constexpr Member<Settings> kMembers[] = {
       {u"Open", MemberKind::Method,

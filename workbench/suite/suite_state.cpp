@@ -112,11 +112,11 @@ void SuiteState::SetRightsMask(std::int32_t objectType, std::int32_t objectNumbe
   const std::u16string user = NumberText(userId);
   const std::u16string type = NumberText(objectType);
   const std::u16string number = NumberText(objectNumber);
-  Execute(Concatenate({u"DELETE FROM t_UserRight WHERE FUserID=", user, u" AND FObjectType=", type,
-                       u" AND FObjectID=", number,
-                       u" INSERT INTO t_UserRight(FUserID,FObjectType,FObjectID,FAccessMask)"
-                       u"VALUES(",
-                       user, u",", type, u",", number, u",", NumberText(mask), u")"}));
+  Execute(
+      Concatenate({u"DELETE FROM t_UserRight WHERE FUserID=", user, u" AND FObjectType=", type,
+                   u" AND FObjectID=", number,
+                   u" INSERT INTO t_UserRight(FUserID,FObjectType,FObjectID,FAccessMask)VALUES(",
+                   user, u",", type, u",", number, u",", NumberText(mask), u")"}));
 }
 
 }  // namespace workbench
