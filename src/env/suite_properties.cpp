@@ -43,4 +43,8 @@ std::u16string SuiteLanguage(ObjectFactory& factory) {
   return language.empty() ? std::u16string(kBuiltInLanguage) : language;
 }
 
+std::int32_t UserNumber(ObjectFactory& factory) {
+  return ToInt32(SharedProperty(factory, u"UserID"));
+}
+
 }  // namespace pricedown

@@ -1,5 +1,5 @@
-// The suite's shared properties: the properties string, its entries, the language. Nothing is
-// cached.
+// The suite's shared properties: the properties string, its entries, the language, the user.
+// Nothing is cached.
 #pragma once
 
 #include <cstdint>
@@ -25,5 +25,8 @@ std::u16string PropertyEntry(std::u16string_view properties, std::u16string_view
 
 // The suite's language; "chs" when no properties string is available or it names none.
 std::u16string SuiteLanguage(ObjectFactory& factory);
+
+// The number of the current user. Throws AutomationError.
+std::int32_t UserNumber(ObjectFactory& factory);
 
 }  // namespace pricedown

@@ -1,8 +1,13 @@
-// The suite's per-user profile. Reading falls back on any error; saving throws.
+// The suite's per-user profile and the company's per-user numbers. Only reading the profile falls
+// back on any error.
 #include "env/user_settings.h"
 
+#include "env/quoting.h"
 #include "platform/convert.h"
 #include "platform/skip.h"
+#include "store/connection.h"
+#include "store/statements.h"
+#include "store/tables.h"
 
 namespace pricedown {
 namespace {
@@ -39,6 +44,14 @@ void SaveUserSetting(ObjectFactory& factory, std::u16string_view application,
   const ObjectPtr profile = LoadProfile(factory, application);
   DictionaryOf(*profile)->PutIndexed(u"", key, value);
   profile->Call(u"Save", {application, kSettingsSection});
+}
+
+double ReadUserNumber(ObjectFactory& factory, std::int32_t userNumber, std::u16string_view key) {
+  Connection connection(factory);
+  const Recordset settings =
+      connection.Execute(statements::UserSetting(userNumber, QuoteText(key, false, true)));
+  if (settings.RecordCount() <= 0) return 0;
+  return LeadingNumber(settings.Field(columns::kValue));
 }
 
 }  // namespace pricedown

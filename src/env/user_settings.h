@@ -1,4 +1,5 @@
-// Settings that the suite keeps per user; the application is the host program's name.
+// Settings that the suite keeps per user, and numbers that the company database keeps per user. The
+// application is the host program's name.
 #pragma once
 
 #include <cstdint>
@@ -17,5 +18,9 @@ Value ReadUserSetting(ObjectFactory& factory, std::u16string_view application,
 // Throws AutomationError.
 void SaveUserSetting(ObjectFactory& factory, std::u16string_view application,
                      std::u16string_view key, const Value& value);
+
+// The number under the key in the company database: the leading number of its text, 0 without a
+// row. Throws AutomationError.
+double ReadUserNumber(ObjectFactory& factory, std::int32_t userNumber, std::u16string_view key);
 
 }  // namespace pricedown

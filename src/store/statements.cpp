@@ -36,6 +36,11 @@ std::u16string ProvisionMode() {
   return u"Select FValue From t_systemprofile where Fkey like 'PriceDownPrepare'";
 }
 
+std::u16string UserSetting(std::int32_t userNumber, std::u16string_view quotedKey) {
+  return Concatenate({u"Select FValue From t_UserSetting Where FUserID=", NumberText(userNumber),
+                      u" And FCategory='ZEP_APFC' And FKey =", quotedKey});
+}
+
 std::u16string ClassTree() {
   return u"Select t1.FitemClassNumber,t1.FitemClassName \r\n"
          u" FROM icPriceDownClass t1 order by t1.FitemClassNumber asc";

@@ -1,5 +1,6 @@
 // The exact text of every statement that the library sends to the company database.
-// Values are put in as they are: an embedded quote is not doubled and breaks the statement.
+// Values are put in as they are: an embedded quote is not doubled and breaks the statement; only
+// the key of UserSetting arrives quoted.
 #pragma once
 
 #include <cstdint>
@@ -10,6 +11,9 @@ namespace pricedown::statements {
 
 // The value of the profile that says whether provisions are kept by item class.
 std::u16string ProvisionMode();
+
+// A number that is kept per user. Requires: `quotedKey` is a literal (env/quoting.h).
+std::u16string UserSetting(std::int32_t userNumber, std::u16string_view quotedKey);
 
 // Number and name of every class row, in number order.
 std::u16string ClassTree();

@@ -60,6 +60,14 @@ TEST_F(SuiteProperties, StringOfTheObjectNothingFails) {
   EXPECT_EQ(ErrorOf([&] { PropertiesString(factory); }), NumberOf(ErrorNumber::ObjectNotSet));
 }
 
+TEST_F(SuiteProperties, ReturnTheUserAsANumber) {
+  factory.Object(kShareProps)
+      .On(u"GetProperty", Reply(Value()).Writing(1, u" 16394 "))
+      .On(u"GetProperty", Reply(Value()).Writing(1, u"morningstar"));
+  EXPECT_EQ(UserNumber(factory), 16394);
+  EXPECT_EQ(ErrorOf([&] { UserNumber(factory); }), NumberOf(ErrorNumber::TypeMismatch));
+}
+
 struct EntryCase {
   const char* name;
   std::u16string_view properties;
@@ -154,8 +162,7 @@ TEST(SuitePropertiesFailures, FailWithTheSuitesErrorAndLeakNothing) {
     RecordingFactory factory(log);
     factory.Object(kShareProps).On(u"GetProperty", Reply(Value()).Writing(1, 16394));
     factory.FailCall(failingCall);
-    const auto error =
-        ErrorOf([&] { EXPECT_EQ(SharedProperty(factory, u"UserID"), Value(16394)); });
+    const auto error = ErrorOf([&] { EXPECT_EQ(UserNumber(factory), 16394); });
     EXPECT_EQ(error, failingCall == 0 ? std::nullopt : std::optional(kInjectedFailure));
     EXPECT_EQ(factory.LiveObjects(), 0);
     return factory.CallCount();

@@ -1,5 +1,6 @@
-// Failures in words, settings texts, the translation hook and the messages' title.
+// Failures in words, quoting, settings texts, the translation hook and the messages' title.
 #include "env/messages.h"
+#include "env/quoting.h"
 #include "env/settings_text.h"
 #include "env/translation.h"
 #include "tests/env/env_test.h"
@@ -15,6 +16,30 @@ TEST(FailureText, IsTheDescription) {
 
 TEST(FailureText, SaysThatSomethingUnexpectedFailedWithoutADescription) {
   EXPECT_EQ(Utf8(FailureText({-1, u"", u"suite"})), "意外错误");
+}
+
+TEST(Quoting, DoublesTrimsAndEnclosesAsRequested) {
+  EXPECT_EQ(Utf8(QuoteText(u" it's ", false, false)), " it''s ");
+  EXPECT_EQ(Utf8(QuoteText(u" it's ", true, false)), "it''s");
+  EXPECT_EQ(Utf8(QuoteText(u" it's ", false, true)), "' it''s '");
+  EXPECT_EQ(Utf8(QuoteText(u" it's ", true, true)), "'it''s'");
+}
+
+TEST(Quoting, DoublesEveryQuote) {
+  EXPECT_EQ(Utf8(QuoteText(u"''a'", false, true)), "'''''a'''");
+  EXPECT_EQ(Utf8(QuoteText(u"'", false, false)), "''");
+}
+
+TEST(Quoting, EnclosesTheEmptyText) {
+  EXPECT_EQ(Utf8(QuoteText(u"", true, true)), "''");
+  EXPECT_EQ(Utf8(QuoteText(u"  ", true, true)), "''");
+  EXPECT_EQ(Utf8(QuoteText(u"", false, false)), "");
+}
+
+TEST(Quoting, LeavesOtherCharactersAlone) {
+  EXPECT_EQ(Utf8(QuoteText(u"类别\"01\"\\", false, true)), "'类别\"01\"\\'");
+  const std::u16string odd{u'a', u'\0', 0xD800};
+  EXPECT_EQ(QuoteText(odd, false, false), odd);
 }
 
 struct SettingsCase {

@@ -1,7 +1,8 @@
-// Per-user settings of the suite's profile, call by call.
+// Per-user settings of the suite's profile and of the company database, call by call.
 #include "env/user_settings.h"
 
 #include "tests/env/env_test.h"
+#include "tests/support/scripted_recordset.h"
 
 namespace pricedown {
 namespace {
@@ -106,6 +107,64 @@ TEST(UserSettingsFailures, ReportAFailureToSave) {
     HasProfile(factory, Reply(Value()));
     factory.FailCall(failingCall);
     const auto error = ErrorOf([&] { SaveUserSetting(factory, u"Host", u"key", u"gi01"); });
+    EXPECT_EQ(error, failingCall == 0 ? std::nullopt : std::optional(kInjectedFailure));
+    EXPECT_EQ(factory.LiveObjects(), 0);
+    return factory.CallCount();
+  });
+}
+
+constexpr std::u16string_view kFontSize =
+    u"Select FValue From t_UserSetting Where FUserID=16394 And FCategory='ZEP_APFC' And "
+    u"FKey ='RptFontSize'";
+
+class UserNumbers : public EnvTest {
+ protected:
+  double ReadFrom(ScriptedRows rows) {
+    AnswerStatement(factory, kFontSize, std::move(rows));
+    return ReadUserNumber(factory, 16394, u"RptFontSize");
+  }
+};
+
+TEST_F(UserNumbers, AreReadFromTheCompany) {
+  EXPECT_EQ(ReadFrom(Rows({u"FValue"}, {{u"10.5"}})), 10.5);
+  EXPECT_EQ(log.Text(), Lines(R"(
+      create ZEPConnection.AppConnection
+      ZEPConnection.AppConnection.Execute("Select FValue From t_UserSetting Where FUserID=16394 And FCategory='ZEP_APFC' And FKey ='RptFontSize'")
+      release result
+      release ZEPConnection.AppConnection
+      )"));
+}
+
+TEST_F(UserNumbers, AreZeroWithoutARow) { EXPECT_EQ(ReadFrom(Rows({u"FValue"}, {})), 0); }
+
+TEST_F(UserNumbers, AreZeroForAnEmptyValue) { EXPECT_EQ(ReadFrom(Rows({u"FValue"}, {{u""}})), 0); }
+
+TEST_F(UserNumbers, AreZeroForANull) { EXPECT_EQ(ReadFrom(Rows({u"FValue"}, {{Null{}}})), 0); }
+
+TEST_F(UserNumbers, AreTheLeadingNumberOfTheValue) {
+  EXPECT_EQ(ReadFrom(Rows({u"FValue"}, {{u" 12pt"}})), 12);
+}
+
+TEST_F(UserNumbers, ComeFromTheFirstOfSeveralRows) {
+  EXPECT_EQ(ReadFrom(Rows({u"FValue"}, {{u"9"}, {u"18"}})), 9);
+}
+
+TEST_F(UserNumbers, AreQueriedWithDoubledQuotes) {
+  AnswerStatement(factory,
+                  u"Select FValue From t_UserSetting Where FUserID=-1 And FCategory='ZEP_APFC' "
+                  u"And FKey ='it''s'",
+                  Rows({u"FValue"}, {{u"1"}}));
+  EXPECT_EQ(ReadUserNumber(factory, -1, u"it's"), 1);
+}
+
+TEST(UserNumbersFailures, FailWhenTheDatabaseFails) {
+  FailEachCallInTurn([](int failingCall) {
+    CallLog log;
+    RecordingFactory factory(log);
+    AnswerStatement(factory, kFontSize, Rows({u"FValue"}, {{u"9"}}));
+    factory.FailCall(failingCall);
+    const auto error =
+        ErrorOf([&] { EXPECT_EQ(ReadUserNumber(factory, 16394, u"RptFontSize"), 9); });
     EXPECT_EQ(error, failingCall == 0 ? std::nullopt : std::optional(kInjectedFailure));
     EXPECT_EQ(factory.LiveObjects(), 0);
     return factory.CallCount();

@@ -1,7 +1,8 @@
 // The statement builders with any texts as values: the text holds them as they are, and the
-// server accepts or refuses it without harm.
+// server accepts or refuses it without harm. A quoted text always stays one literal.
 #include "store/statements.h"
 
+#include "env/quoting.h"
 #include "tests/fuzz/company.h"
 
 using namespace pricedown;
@@ -39,5 +40,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   statements::AppendSaveInsert(
       save, u"1", statements::SaveInsertEnd({first, second, first, second, first, second, u"5"}));
   RequireHolds(save, second);
+
+  // The embedded company refuses literals that hold a NUL.
+  if (second.find(u'\0') == std::u16string::npos) {
+    Require(IsTaken(statements::UserSetting(year < 0 ? 0 : year, QuoteText(second, false, true))),
+            "a quoted text is one literal");
+  }
   return 0;
 }

@@ -30,6 +30,9 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         Case{"ProvisionMode", ProvisionMode(),
              "Select FValue From t_systemprofile where Fkey like 'PriceDownPrepare'"},
+        Case{"UserSetting", UserSetting(16394, u"'RptFontSize'"),
+             "Select FValue From t_UserSetting Where FUserID=16394 And FCategory='ZEP_APFC' And "
+             "FKey ='RptFontSize'"},
         Case{"ClassTree", ClassTree(),
              "Select t1.FitemClassNumber,t1.FitemClassName \r\n"
              " FROM icPriceDownClass t1 order by t1.FitemClassNumber asc"},
