@@ -21,9 +21,10 @@ constexpr std::optional<FormTool> ToolOfKey(const KeyPress& press) {
 
 // Keys of an account field.
 constexpr bool OpensLookup(const KeyPress& press) {
+  if (press.key == Key::F7) return !press.alt;
   if (press.control) return false;
   // Alt+F4 closes the form.
-  return press.alt ? press.key == Key::Down : press.key == Key::F4 || press.key == Key::F7;
+  return press.key == (press.alt ? Key::Down : Key::F4);
 }
 
 // The field that Enter goes on to; none after the last one, where the member list follows.

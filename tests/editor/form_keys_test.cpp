@@ -23,7 +23,16 @@ TEST(FormKeys, F7F4AndAltDownOpenTheLookup) {
   EXPECT_TRUE(OpensLookup({Key::Down, false, false, true}));
   EXPECT_FALSE(OpensLookup({Key::F4, false, false, true})) << "Alt+F4 closes the form";
   EXPECT_FALSE(OpensLookup({Key::Down}));
+  EXPECT_FALSE(OpensLookup(Control(Key::F4)));
+  EXPECT_FALSE(OpensLookup({Key::Down, false, true, true}));
   for (const Key key : {Key::Enter, Key::F6, Key::F10, Key::None}) EXPECT_FALSE(OpensLookup({key}));
+}
+
+TEST(FormKeys, F7OpensTheLookupWithShiftAndControlButNotWithAlt) {
+  EXPECT_TRUE(OpensLookup(Control(Key::F7)));
+  EXPECT_TRUE(OpensLookup({Key::F7, true}));
+  EXPECT_TRUE(OpensLookup({Key::F7, true, true}));
+  EXPECT_FALSE(OpensLookup({Key::F7, false, false, true}));
 }
 
 TEST(FormKeys, EnterGoesFromTheTopDownAndThenToTheList) {
