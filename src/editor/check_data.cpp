@@ -1,6 +1,7 @@
 // The checks, in their order: the database is asked only when the fields themselves are right.
 #include "editor/check_data.h"
 
+#include "editor/save_step.h"
 #include "env/translation.h"
 #include "platform/cell_text.h"
 #include "platform/row_reader.h"
@@ -89,9 +90,14 @@ std::optional<CheckFailure> CheckData(const FormState& state, const TypedHeader&
   if (state.memberList.RecordCount() == 0) {
     return Wrong(u"无物料的物料类别没有意义,请添加物料", std::nullopt);
   }
-  Connection connection(factory);
-  if (auto failure = CheckAccounts(header, connection)) return failure;
-  return CheckUnique(state, header, connection);
+  std::optional<Connection> connection;
+  const std::u16string accounts = Concatenate({header.lossAccount, u"、", header.reserveAccount});
+  const Result failure = RunSaveStep(u"检查科目失败，科目代码：", accounts, [&] {
+    return CheckAccounts(header, connection.emplace(factory));
+  });
+  if (failure) return failure;
+  return RunSaveStep(u"检查物料类别代码失败，物料类别代码：", header.number,
+                     [&] { return CheckUnique(state, header, *connection); });
 }
 
 }  // namespace pricedown

@@ -10,30 +10,15 @@
 #include "editor/check_data.h"
 #include "editor/member_list.h"
 #include "editor/record_copy.h"
-#include "env/translation.h"
+#include "editor/save_step.h"
 #include "platform/cell_text.h"
-#include "platform/error.h"
 #include "platform/row_reader.h"
-#include "platform/text.h"
 #include "store/connection.h"
 #include "store/statements.h"
 #include "store/tables.h"
 
 namespace pricedown {
 namespace {
-
-// Runs a step of a save. A failure keeps its number and source; its description begins with what
-// failed and on what.
-template <typename Step>
-void RunStep(std::u16string_view failed, std::u16string_view on, Step&& step) {
-  try {
-    step();
-  } catch (const AutomationError& error) {
-    throw AutomationError(error.Number(),
-                          Concatenate({Translate(failed), on, kLineBreak, error.Description()}),
-                          error.Source());
-  }
-}
 
 // Puts the header into every row, unless the rows carry it already.
 void UpdateHeaders(FormState& state, const TypedHeader& header) {
@@ -60,14 +45,12 @@ void UpdateHeaders(FormState& state, const TypedHeader& header) {
 std::int32_t AccountId(ObjectFactory& factory, std::u16string_view failed,
                        const std::u16string& text) {
   const std::u16string number = NumberText(LeadingNumber(text));
-  std::int32_t id = 0;
-  RunStep(failed, number, [&] {
+  return RunSaveStep(failed, number, [&] {
     Connection connection(factory);
     const Recordset account = connection.Execute(statements::AccountId(number));
     account.MoveFirst();
-    id = RoundToInt32(LeadingNumber(ToText(account.Field(columns::kAccountId))));
+    return RoundToInt32(LeadingNumber(ToText(account.Field(columns::kAccountId))));
   });
-  return id;
 }
 
 // Equality; faster on long columns than comparing characters.
@@ -157,7 +140,8 @@ bool SaveClass(FormParts& form) {
     return false;
   }
   state.saved = true;
-  RunStep(u"更新物料失败，物料类别代码：", header.number, [&] { UpdateHeaders(state, header); });
+  RunSaveStep(u"更新物料失败，物料类别代码：", header.number,
+              [&] { UpdateHeaders(state, header); });
   state.keptCopy = CopyList(factory, state.memberList);
   state.memberList.MoveFirst();
   state.lossAccountId =
@@ -165,8 +149,8 @@ bool SaveClass(FormParts& form) {
   state.reserveAccountId =
       AccountId(factory, u"查找存货跌价准备科目失败，科目代码：", header.reserveAccount);
   state.savedValues = static_cast<const ClassHeader&>(header);
-  RunStep(u"写入物料类别失败，物料类别代码：", header.number,
-          [&] { Connection(factory).Execute(SaveText(state)); });
+  RunSaveStep(u"写入物料类别失败，物料类别代码：", header.number,
+              [&] { Connection(factory).Execute(SaveText(state)); });
   return true;
 }
 

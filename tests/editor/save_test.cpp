@@ -239,6 +239,25 @@ TEST_F(Save, NamesTheAccountThatWasNotFound) {
   }
 }
 
+TEST_F(Save, NamesTheAccountsThatCouldNotBeChecked) {
+  FailStatement(factory, u"select FNumber from t_account", -2147217871, u"超时已过期");
+  OpenForEdit();
+  EXPECT_EQ(FailureOf([this] { form.ToolClicked(FormTool::Save); }),
+            "80040E31 检查科目失败，科目代码：5711、1281.1\r\n超时已过期");
+}
+
+TEST_F(Save, NamesTheClassNumberThatCouldNotBeChecked) {
+  AnswerStatement(factory, u"select FNumber from t_account",
+                  Rows({u"FNumber"}, {{u"5711"}, {u"1281.1"}}));
+  FailStatement(factory,
+                u"select FItemClassNumber from icPriceDownClass where FItemClassNumber<>'01'",
+                -2147217871, u"超时已过期");
+  OpenForEdit();
+  view.Type(FormField::ClassNumber, u"02");
+  EXPECT_EQ(FailureOf([this] { form.ToolClicked(FormTool::Save); }),
+            "80040E31 检查物料类别代码失败，物料类别代码：02\r\n超时已过期");
+}
+
 TEST_F(Save, NamesTheClassThatCouldNotBeWritten) {
   AnswerChecks(false);
   AnswerAccountIds();
