@@ -218,6 +218,7 @@ TEST_F(DisplayFontTest, EndsSilentlyWhateverFails) {
     EXPECT_EQ(factory_.LiveObjects(), 0);
     return factory_.CallCount() - before;
   });
+  EXPECT_EQ(log_.Text().find("tell "), std::string::npos) << log_.Text();
 }
 
 TEST_F(DisplayFontTest, StopsApplyingAtTheStepThatFails) {

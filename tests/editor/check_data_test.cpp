@@ -160,8 +160,10 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::PrintToStringParamName());
 
 TEST_F(CheckDataTest, RefusesAnEmptyListWithoutMovingTheFocusOrAskingTheDatabase) {
-  OpenForAdd();
-  Type(RawMaterials(), u"12.5");
+  OpenValid();
+  MarkSaved();
+  form.SetMemberList(Members(RawMaterials(), {}));
+  log.Clear();
   EXPECT_FALSE(Passes());
   EXPECT_FALSE(form.State().saved);
   EXPECT_EQ(log.Text(), "tell information \"岚禾提示\": \"无物料的物料类别没有意义,请添加物料\"\n" +
@@ -189,9 +191,11 @@ TEST_F(CheckDataTest, RefusesAnUnknownLossAccountFirst) {
 
 TEST_F(CheckDataTest, RefusesAnUnknownReserveAccount) {
   OpenValid();
+  MarkSaved();
   view.Type(FormField::ReserveAccount, u"1281");
   log.Clear();
   EXPECT_FALSE(Passes());
+  EXPECT_FALSE(form.State().saved);
   EXPECT_THAT(log.Text(), HasSubstr(Lines(R"(
       tell information "岚禾提示": "请输入正确的存货跌价准备科目代码！"
       focus txtitem(1)
@@ -220,6 +224,20 @@ TEST_F(CheckDataTest, MatchesAnEmptyAccountFieldWithNoAccount) {
   EXPECT_EQ(log.Count("focus txtitem(0)"), 1u);
 }
 
+TEST_F(CheckDataTest, ReadsEveryAccountAlsoAfterBothWereFound) {
+  AnswerStatement(factory,
+                  u"select FItemClassNumber from icPriceDownClass where FItemClassNumber<>'01'",
+                  Rows({u"FItemClassNumber"}, {}));
+  const ObjectPtr accounts = NewScriptedRecordset(
+      factory.GetRecorder(),
+      Rows({u"FNumber"}, {{u"5711"}, {u"1281.1"}, {u"6001"}, {u"6002"}}).WithoutGetRows());
+  factory.Object(kConnectionId)
+      .On(u"Execute", Arguments({u"select FNumber from t_account"}), Reply(accounts));
+  OpenForEdit();
+  EXPECT_TRUE(Passes());
+  EXPECT_TRUE(Recordset(accounts).AtEnd());
+}
+
 TEST_F(CheckDataTest, AcceptsOneAccountForBothFields) {
   OpenValid();
   view.Type(FormField::ReserveAccount, u"5711");
@@ -239,6 +257,7 @@ TEST_F(CheckDataTest, ReadsNumericAccountsAndResultsWithoutGetRows) {
 TEST_F(CheckDataTest, RefusesANumberOfAnotherClassInAnyCaseAndNamesTheStoredOne) {
   AnswerChecks(false, {u"02", u"AB01", u"ab01"});
   OpenForEdit();
+  MarkSaved();
   view.Type(FormField::ClassNumber, u"aB01");
   log.Clear();
   EXPECT_FALSE(Passes());

@@ -312,6 +312,22 @@ TEST_F(ItemLookup, KeepsTheRowsBeforeAnItemThatFails) {
   EXPECT_THAT(MemberIds(), ElementsAre(101, 102, 201, 202, 201));
 }
 
+TEST_F(ItemLookup, ShowsNothingAndKeepsTheSaveWhenThePickerFails) {
+  factory.Object(kConnectionId).On(u"Execute", Reply(nullptr));
+  AnswerChecks(false);
+  AnswerAccountIds();
+  factory.Object(kLedgerViewId).On(u"ItemLookUp", Reply::Failing(-2147217871, u"超时已过期"));
+  Cancel(factory);
+  OpenForEdit();
+  form.ToolClicked(FormTool::AddItem);
+  form.ToolClicked(FormTool::Save);
+  ASSERT_TRUE(form.State().saved);
+  log.Clear();
+  EXPECT_EQ(ErrorOf([this] { form.ToolClicked(FormTool::AddItem); }), -2147217871);
+  EXPECT_TRUE(form.State().saved);
+  EXPECT_EQ(log.Count("rows 3"), 0u);
+}
+
 TEST_F(ItemLookup, StopsWhenTheFormIsClosedWhileMessagesArePending) {
   ChooseBoth(factory);
   OpenForEdit();

@@ -341,6 +341,24 @@ TEST_F(RemovalGuard, ForgetsTheSaveWhenTheListIsShownAgain) {
   EXPECT_FALSE(form.State().saved);
 }
 
+TEST_F(RemovalGuard, ShowsNothingAndKeepsTheSaveWhenThePeriodCannotBeRead) {
+  factory.Object(kConnectionId).On(u"Execute", Reply(nullptr));
+  AnswerChecks(false);
+  AnswerAccountIds();
+  OpenAndSelect({});
+  form.ToolClicked(FormTool::DelItem);
+  list.selected = {2};
+  form.ToolClicked(FormTool::Save);
+  ASSERT_TRUE(form.State().saved);
+  factory.Object(u"ZEPEBSBase.SystemProfile")
+      .On(u"GetProfile", R"("LANGUAGE=chs", "IC", "CurrentPeriod")",
+          Reply::Failing(-2147217871, u"超时已过期"));
+  log.Clear();
+  EXPECT_EQ(ErrorOf([this] { form.ToolClicked(FormTool::DelItem); }), -2147217871);
+  EXPECT_TRUE(form.State().saved);
+  EXPECT_EQ(log.Count("rows 3"), 0u);
+}
+
 TEST(RemovalGuardFailures, ReachTheCallerAndLeaveNoFilter) {
   FailEachCallInTurn([](int failingCall) {
     EditorWorld world;
