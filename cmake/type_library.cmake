@@ -45,3 +45,22 @@ function(add_type_library target)
   target_include_directories(${target} SYSTEM INTERFACE ${root})
   add_dependencies(${target} ${target}_files)
 endfunction()
+
+# add_interfaces(TARGET HEADER): an INTERFACE library that carries generated/HEADER, the interfaces of
+# the .idl file of that name under src.
+function(add_interfaces target header)
+  set(output ${PROJECT_BINARY_DIR}/generated/${header})
+  cmake_path(REPLACE_EXTENSION header idl OUTPUT_VARIABLE idl)
+  cmake_path(GET output PARENT_PATH folder)
+  file(MAKE_DIRECTORY ${folder})
+  add_custom_command(
+    OUTPUT ${output}
+    COMMAND ${WIDL} -I ${IDL_DIR} -h -H ${output} ${PROJECT_SOURCE_DIR}/src/${idl}
+    DEPENDS ${PROJECT_SOURCE_DIR}/src/${idl}
+    VERBATIM)
+  add_custom_target(${target}_files DEPENDS ${output})
+  add_library(${target} INTERFACE)
+  # SYSTEM: generated code does not meet our warnings.
+  target_include_directories(${target} SYSTEM INTERFACE ${PROJECT_BINARY_DIR}/generated)
+  add_dependencies(${target} ${target}_files)
+endfunction()

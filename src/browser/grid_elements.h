@@ -60,6 +60,7 @@ class GridElements {
 
   // A row is selected when all of its cells are.
   bool IsSelected(GridElement element) const;
+  CellRange Range() const { return selection_.Range(); }
   // The selected cells of the rows in the window, and the current cell wherever it is.
   std::vector<GridElement> SelectedCells() const;
   // The current cell; nothing without rows.

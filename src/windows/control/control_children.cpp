@@ -16,6 +16,7 @@ namespace {
 
 constexpr std::u16string_view kTreeName = u"物料类别";
 constexpr std::u16string_view kGridName = u"物料明细";
+constexpr std::u16string_view kSplitterName = u"分隔条";
 constexpr std::u16string_view kStripName = u"工具栏";
 constexpr std::u16string_view kStatusName = u"状态栏";
 constexpr std::u16string_view kFontSample = u"物料类别";
@@ -35,7 +36,7 @@ void ControlChildren::Create(HWND parent) {
   lowerLine.Create(parent, module, control_ids::kLowerLine);
   classHeading.Create(parent, module, control_ids::kClassHeading, Translate(kTreeName));
   tree.Create(parent, module, dpi, Translate(kTreeName));
-  splitter.Create(parent, module);
+  splitter.Create(parent, module, Translate(kSplitterName));
   dragBar.Create(parent, module);
   itemHeading.Create(parent, module, control_ids::kItemHeading, Translate(kGridName));
   pane.Create(parent, module);

@@ -8,12 +8,18 @@
 
 #include "windows/base/control_ids.h"
 #include "windows/base/gdi.h"
+#include "windows/base/provider_values.h"
+#include "windows/com/wide_text.h"
 
 namespace pricedown::windows {
 
-void SplitterWindow::Create(HWND parent, HINSTANCE module) {
+SplitterWindow::~SplitterWindow() { provider_.End(Handle()); }
+
+void SplitterWindow::Create(HWND parent, HINSTANCE module, std::u16string_view name) {
+  const std::wstring text = ToWide(name);
   Creation creation;
   creation.className = L"PriceDown.Splitter";
+  creation.text = text.c_str();
   creation.style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS;
   creation.parent = parent;
   creation.id = control_ids::kSplitter;
@@ -65,8 +71,42 @@ void SplitterWindow::OnKeyDown(WPARAM key) {
   }
 }
 
+bool SplitterWindow::MoveBy(int pixels) {
+  if (dragging_) return false;
+  const std::shared_ptr<void> hold = events_.Hold();
+  events_.SplitterEvent(SplitterAction::Press, 0);
+  events_.SplitterEvent(SplitterAction::Drag, pixels);
+  events_.SplitterEvent(SplitterAction::Release, 0);
+  return true;
+}
+
+LRESULT SplitterWindow::OnGetObject(WPARAM wParam, LPARAM lParam) {
+  return provider_.Return(Handle(), wParam, lParam, [&] {
+    reportedPosition_ = SplitterPosition(Handle());
+    return MakeCom<SplitterProvider>(static_cast<SplitterAccess&>(*this), provider_.System());
+  });
+}
+
+void SplitterWindow::ReportPosition() {
+  const ComPtr<SplitterProvider> provider = provider_.Get();
+  if (!provider) return;
+  const int position = SplitterPosition(Handle());
+  if (std::exchange(reportedPosition_, position) == position || !provider_.IsListenedTo()) return;
+  provider_.System().RaisePropertyChanged(provider.get(), UIA_RangeValueValuePropertyId,
+                                          PropertyNumber(static_cast<double>(position)));
+}
+
 LRESULT SplitterWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
+    case WM_GETOBJECT:
+      return AsksForProvider(lParam) ? OnGetObject(wParam, lParam)
+                                     : Default(message, wParam, lParam);
+    case WM_DESTROY:
+      provider_.End(Handle());
+      return 0;
+    case WM_MOVE:
+      ReportPosition();
+      return 0;
     case WM_ERASEBKGND:
       return 1;
     case WM_PAINT:

@@ -3,16 +3,21 @@
 
 #include <windows.h>
 
+#include <string_view>
+
 #include "windows/base/bound_window.h"
 #include "windows/control/child_events.h"
+#include "windows/control/splitter_provider.h"
 
 namespace pricedown::windows {
 
-class SplitterWindow final : public BoundWindow {
+class SplitterWindow final : public BoundWindow, private SplitterAccess {
  public:
-  explicit SplitterWindow(ChildEvents& events) : events_(events) {}
+  explicit SplitterWindow(ChildEvents& events, Automation& automation = SystemAutomation())
+      : events_(events), provider_(automation) {}
+  ~SplitterWindow() override;
   // Throws AutomationError.
-  void Create(HWND parent, HINSTANCE module);
+  void Create(HWND parent, HINSTANCE module, std::u16string_view name);
 
  private:
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -20,8 +25,16 @@ class SplitterWindow final : public BoundWindow {
   void OnPress(int x);
   void OnKeyDown(WPARAM key);
   void EndDrag(bool keep);
+  LRESULT OnGetObject(WPARAM wParam, LPARAM lParam);
+  void ReportPosition();
+
+  // SplitterAccess
+  HWND Window() const override { return Handle(); }
+  bool MoveBy(int pixels) override;
 
   ChildEvents& events_;
+  WindowProvider<SplitterProvider> provider_;
+  int reportedPosition_ = 0;
   bool dragging_ = false;
   HWND previousFocus_ = nullptr;
 };

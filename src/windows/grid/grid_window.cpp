@@ -40,6 +40,7 @@ std::optional<ScrollStep> ScrollStepOf(int code) {
 GridWindow::~GridWindow() {
   if (grid_ != nullptr) grid_->Attach(nullptr);
   grid_ = nullptr;
+  accessibility_.End();
   // Here, while the editor can still report its end.
   Destroy();
 }
@@ -148,7 +149,9 @@ void GridWindow::OnWheel(int delta, bool horizontal) {
 }
 
 void GridWindow::Invalidate() {
-  if (Handle() != nullptr) InvalidateRect(Handle(), nullptr, FALSE);
+  if (Handle() == nullptr) return;
+  InvalidateRect(Handle(), nullptr, FALSE);
+  accessibility_.Update();
 }
 
 void GridWindow::GridChanged() {
@@ -208,6 +211,12 @@ LRESULT GridWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     return 0;
   }
   switch (message) {
+    case WM_GETOBJECT:
+      return AsksForProvider(lParam) ? accessibility_.ReturnProvider(wParam, lParam)
+                                     : Default(message, wParam, lParam);
+    case WM_DESTROY:
+      accessibility_.End();
+      return Default(message, wParam, lParam);
     case WM_ERASEBKGND:
       return 1;
     case WM_PAINT:

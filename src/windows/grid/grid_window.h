@@ -12,15 +12,20 @@
 #include "windows/base/bound_window.h"
 #include "windows/base/dpi.h"
 #include "windows/base/fonts.h"
+#include "windows/grid/grid_accessibility.h"
 #include "windows/grid/grid_editor.h"
 #include "windows/grid/grid_events.h"
 #include "windows/grid/grid_painter.h"
 
 namespace pricedown::windows {
 
-class GridWindow final : public BoundWindow, public GridView, private EditorEvents {
+class GridWindow final : public BoundWindow,
+                         public GridView,
+                         private EditorEvents,
+                         private GridAccess {
  public:
-  explicit GridWindow(GridEvents& events) : events_(events) {}
+  explicit GridWindow(GridEvents& events, Automation& automation = SystemAutomation())
+      : events_(events), accessibility_(*this, automation) {}
   ~GridWindow() override;
   // Throws AutomationError.
   void Create(HWND parent, HINSTANCE module, std::u16string_view name);
@@ -31,7 +36,7 @@ class GridWindow final : public BoundWindow, public GridView, private EditorEven
   void UpdateAppearance();
 
   const GridSelection& Selection() const { return selection_; }
-  const GridViewport& Viewport() const { return viewport_; }
+  const GridViewport& Viewport() const override { return viewport_; }
   bool IsEditing() const { return editor_.IsActive(); }
   // Whether a number may be typed into the current cell.
   bool CanEdit() const;
@@ -85,7 +90,16 @@ class GridWindow final : public BoundWindow, public GridView, private EditorEven
   void EditingCancelled() override;
   void CommandKeyPressed(WPARAM key) override;
 
+  // GridAccess
+  HWND Window() const override { return Handle(); }
+  GridElements Elements() const override;
+  void SetSelection(const GridSelection& selection) override;
+  void ScrollTo(std::int32_t topRow, int left) override;
+  bool SetNumber(GridElement cell, std::u16string_view text) override;
+  void TakeFocus() override;
+
   GridEvents& events_;
+  GridAccessibility accessibility_;
   Grid* grid_ = nullptr;
   HINSTANCE module_ = nullptr;
   Dpi dpi_;

@@ -10,13 +10,14 @@
 
 #include "tests/support/utf8.h"
 #include "tests/windows/control/ui_world.h"
+#include "tests/windows/grid/recording_automation.h"
 #include "windows/base/control_ids.h"
 #include "windows/base/dpi.h"
 #include "windows/grid/grid_window.h"
 
 namespace pricedown::testing {
 
-class GridWindow : public ::testing::Test, private windows::ChildEvents {
+class GridWindow : public ::testing::Test, public windows::ChildEvents {
  protected:
   GridWindow() {
     for (std::int32_t column = 1; column <= 4; ++column) {
@@ -92,7 +93,8 @@ class GridWindow : public ::testing::Test, private windows::ChildEvents {
   HostWindow host_{700, 500};
   Input input_;
   Grid grid_{4};
-  windows::GridWindow window_{*this};
+  RecordingAutomation automation_;
+  windows::GridWindow window_{*this, automation_};
   std::string tabs_;
   std::vector<Key> commands_;
   int menus_ = 0;

@@ -1,0 +1,102 @@
+#include "windows/base/automation.h"
+
+#include <array>
+#include <string>
+
+#include "windows/base/system_functions.h"
+
+namespace pricedown::windows {
+namespace {
+
+constexpr const wchar_t* kLibrary = L"uiautomationcore.dll";
+
+void LoadSystemLibrary(const wchar_t* name) {
+  std::array<wchar_t, MAX_PATH> folder{};
+  if (GetSystemDirectoryW(folder.data(), static_cast<UINT>(folder.size())) == 0) return;
+  LoadLibraryW((std::wstring(folder.data()) + L"\\" + name).c_str());
+}
+
+// Null where the system lacks the function.
+struct AutomationFunctions {
+  AutomationFunctions() {
+    LoadSystemLibrary(kLibrary);
+    Find(returnProvider, "UiaReturnRawElementProvider");
+    Find(hostProvider, "UiaHostProviderFromHwnd");
+    Find(clientsAreListening, "UiaClientsAreListening");
+    Find(raiseEvent, "UiaRaiseAutomationEvent");
+    Find(raisePropertyChanged, "UiaRaiseAutomationPropertyChangedEvent");
+    Find(raiseStructureChanged, "UiaRaiseStructureChangedEvent");
+    Find(disconnect, "UiaDisconnectProvider");
+  }
+
+  template <typename Function>
+  static void Find(Function& function, const char* name) {
+    function = SystemFunction<Function>(kLibrary, name);
+  }
+
+  LRESULT(WINAPI* returnProvider)(HWND, WPARAM, LPARAM, IRawElementProviderSimple*);
+  HRESULT(WINAPI* hostProvider)(HWND, IRawElementProviderSimple**);
+  BOOL(WINAPI* clientsAreListening)();
+  HRESULT(WINAPI* raiseEvent)(IRawElementProviderSimple*, EVENTID);
+  HRESULT(WINAPI* raisePropertyChanged)(IRawElementProviderSimple*, PROPERTYID, VARIANT, VARIANT);
+  HRESULT(WINAPI* raiseStructureChanged)
+  (IRawElementProviderSimple*, StructureChangeType, int*, int);
+  HRESULT(WINAPI* disconnect)(IRawElementProviderSimple*);
+};
+
+// Loads the library at the first call.
+const AutomationFunctions& Functions() {
+  static const AutomationFunctions functions;
+  return functions;
+}
+
+class SystemAutomationLibrary final : public Automation {
+ public:
+  LRESULT ReturnProvider(HWND window, WPARAM wParam, LPARAM lParam,
+                         IRawElementProviderSimple* provider) override {
+    const auto function = Functions().returnProvider;
+    return function == nullptr ? 0 : function(window, wParam, lParam, provider);
+  }
+
+  ComPtr<IRawElementProviderSimple> HostProvider(HWND window) override {
+    const auto function = Functions().hostProvider;
+    ComPtr<IRawElementProviderSimple> provider;
+    if (function == nullptr || FAILED(function(window, provider.put()))) return {};
+    return provider;
+  }
+
+  bool ClientsAreListening() override {
+    const auto function = Functions().clientsAreListening;
+    return function != nullptr && function() != FALSE;
+  }
+
+  void RaiseEvent(IRawElementProviderSimple* provider, EVENTID event) override {
+    if (const auto function = Functions().raiseEvent) function(provider, event);
+  }
+
+  void RaisePropertyChanged(IRawElementProviderSimple* provider, PROPERTYID property,
+                            const VARIANT& value) override {
+    if (const auto function = Functions().raisePropertyChanged) {
+      function(provider, property, VARIANT{}, value);
+    }
+  }
+
+  void RaiseChildrenInvalidated(IRawElementProviderSimple* provider) override {
+    if (const auto function = Functions().raiseStructureChanged) {
+      function(provider, StructureChangeType_ChildrenInvalidated, nullptr, 0);
+    }
+  }
+
+  void Disconnect(IRawElementProviderSimple* provider) override {
+    if (const auto function = Functions().disconnect) function(provider);
+  }
+};
+
+}  // namespace
+
+Automation& SystemAutomation() {
+  static SystemAutomationLibrary automation;
+  return automation;
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,40 @@
+// UI Automation of the system: hands the providers of windows to its clients and their events to
+// those who listen.
+#pragma once
+
+#include <windows.h>
+
+#include "windows/base/uia_provider.h"
+#include "windows/com/com_ptr.h"
+
+namespace pricedown::windows {
+
+// Events and disconnecting are requests to the system: a failure has no effect on the window.
+class Automation {
+ public:
+  // The answer to WM_GETOBJECT. A null provider ends what the window has provided.
+  virtual LRESULT ReturnProvider(HWND window, WPARAM wParam, LPARAM lParam,
+                                 IRawElementProviderSimple* provider) = 0;
+  // What the system provides of a window by itself; null on failure.
+  virtual ComPtr<IRawElementProviderSimple> HostProvider(HWND window) = 0;
+  virtual bool ClientsAreListening() = 0;
+  virtual void RaiseEvent(IRawElementProviderSimple* provider, EVENTID event) = 0;
+  // The old value is not reported.
+  virtual void RaisePropertyChanged(IRawElementProviderSimple* provider, PROPERTYID property,
+                                    const VARIANT& value) = 0;
+  // All children may be others.
+  virtual void RaiseChildrenInvalidated(IRawElementProviderSimple* provider) = 0;
+  // The system lets go of the provider; its clients may still hold it.
+  virtual void Disconnect(IRawElementProviderSimple* provider) = 0;
+
+ protected:
+  ~Automation() = default;
+};
+
+// The system's. Its library is loaded when a client first asks a window, and stays.
+Automation& SystemAutomation();
+
+// Whether a client asks for the provider of the window, by WM_GETOBJECT.
+inline bool AsksForProvider(LPARAM lParam) { return static_cast<LONG>(lParam) == UiaRootObjectId; }
+
+}  // namespace pricedown::windows

@@ -1,0 +1,128 @@
+#include "windows/control/splitter_provider.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "control/layout.h"
+#include "platform/convert.h"
+#include "windows/base/dpi.h"
+#include "windows/base/plain_control.h"
+#include "windows/base/provider_values.h"
+
+namespace pricedown::windows {
+namespace {
+
+struct SplitterRange {
+  int least = 0;
+  int greatest = 0;
+  int value = 0;
+};
+
+SplitterRange RangeOf(HWND splitter) {
+  const Dpi dpi = Dpi::Of(splitter);
+  RECT control{};
+  GetClientRect(GetParent(splitter), &control);
+  const std::int32_t width = dpi.ToTwips(control.right);
+  SplitterRange range;
+  range.least = dpi.ToPixels(ClampSplitter(0, width));
+  range.greatest = std::max(dpi.ToPixels(ClampSplitter(width, width)), range.least);
+  // In a narrow control the splitter stands left of its limits.
+  range.value = std::clamp(SplitterPosition(splitter), range.least, range.greatest);
+  return range;
+}
+
+}  // namespace
+
+int SplitterPosition(HWND splitter) {
+  RECT area{};
+  GetWindowRect(splitter, &area);
+  MapWindowPoints(nullptr, GetParent(splitter), reinterpret_cast<POINT*>(&area), 2);
+  return area.left;
+}
+
+template <typename Body>
+HRESULT SplitterProvider::Ask(Body&& body) const noexcept {
+  return AtBoundary(
+      [&]() -> HRESULT { return access_ == nullptr ? UIA_E_ELEMENTNOTAVAILABLE : body(*access_); });
+}
+
+template <typename Result, typename Body>
+HRESULT SplitterProvider::Ask(Result* result, Body&& body) const noexcept {
+  if (result == nullptr) return E_POINTER;
+  *result = Result{};
+  return Ask([&](SplitterAccess& access) -> HRESULT {
+    *result = body(access.Window());
+    return S_OK;
+  });
+}
+
+STDMETHODIMP SplitterProvider::get_ProviderOptions(enum ProviderOptions* result) noexcept {
+  return Ask(result, [](HWND) { return kProviderOptions; });
+}
+
+STDMETHODIMP SplitterProvider::GetPatternProvider(PATTERNID pattern, IUnknown** result) noexcept {
+  return Ask(result, [&](HWND) {
+    IRangeValueProvider* range = pattern == UIA_RangeValuePatternId ? this : nullptr;
+    return ComPtr<IUnknown>::Share(range).release();
+  });
+}
+
+STDMETHODIMP SplitterProvider::GetPropertyValue(PROPERTYID property, VARIANT* result) noexcept {
+  return Ask(result, [&](HWND window) -> VARIANT {
+    switch (property) {
+      case UIA_ControlTypePropertyId:
+        return PropertyNumber(UIA_SeparatorControlTypeId);
+      case UIA_NamePropertyId:
+        return PropertyText(TextOf(window));
+      case UIA_AutomationIdPropertyId:
+        return PropertyText(NumberText(GetDlgCtrlID(window)));
+      case UIA_OrientationPropertyId:
+        return PropertyNumber(OrientationType_Vertical);
+      default:
+        return {};
+    }
+  });
+}
+
+STDMETHODIMP SplitterProvider::get_HostRawElementProvider(
+    IRawElementProviderSimple** result) noexcept {
+  return Ask(result, [&](HWND window) { return automation_.HostProvider(window).release(); });
+}
+
+STDMETHODIMP SplitterProvider::SetValue(double value) noexcept {
+  return Ask([&](SplitterAccess& access) -> HRESULT {
+    const HWND window = access.Window();
+    if (!TakesUserInput(window)) return UIA_E_ELEMENTNOTENABLED;
+    const SplitterRange range = RangeOf(window);
+    if (!(value >= range.least && value <= range.greatest)) return E_INVALIDARG;
+    const int target = static_cast<int>(std::lround(value));
+    return access.MoveBy(target - SplitterPosition(window)) ? S_OK : UIA_E_INVALIDOPERATION;
+  });
+}
+
+STDMETHODIMP SplitterProvider::get_Value(double* result) noexcept {
+  return Ask(result, [](HWND window) { return RangeOf(window).value; });
+}
+
+STDMETHODIMP SplitterProvider::get_IsReadOnly(BOOL* result) noexcept {
+  return Ask(result, [](HWND) { return FALSE; });
+}
+
+STDMETHODIMP SplitterProvider::get_Maximum(double* result) noexcept {
+  return Ask(result, [](HWND window) { return RangeOf(window).greatest; });
+}
+
+STDMETHODIMP SplitterProvider::get_Minimum(double* result) noexcept {
+  return Ask(result, [](HWND window) { return RangeOf(window).least; });
+}
+
+// One key.
+STDMETHODIMP SplitterProvider::get_LargeChange(double* result) noexcept {
+  return get_SmallChange(result);
+}
+
+STDMETHODIMP SplitterProvider::get_SmallChange(double* result) noexcept {
+  return Ask(result, [](HWND window) { return Dpi::Of(window).ToPixels(kSplitterStep); });
+}
+
+}  // namespace pricedown::windows

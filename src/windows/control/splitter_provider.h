@@ -1,0 +1,58 @@
+// The UI Automation provider of the splitter. Its range value is the splitter's position, which is
+// the width of the tree's pane, in pixels.
+#pragma once
+
+#include <windows.h>
+
+#include "windows/base/window_provider.h"
+
+namespace pricedown::windows {
+
+// What the provider asks of the splitter's window.
+class SplitterAccess {
+ public:
+  virtual HWND Window() const = 0;
+  // As a drag does; returns false while the mouse drags. May end the control.
+  virtual bool MoveBy(int pixels) = 0;
+
+ protected:
+  ~SplitterAccess() = default;
+};
+
+// Members return UIA_E_ELEMENTNOTAVAILABLE after the window's end.
+class SplitterProvider final : public ComClass<IRawElementProviderSimple, IRangeValueProvider> {
+ public:
+  // Both must outlive the window.
+  SplitterProvider(SplitterAccess& access, Automation& automation)
+      : access_(&access), automation_(automation) {}
+  void End() noexcept { access_ = nullptr; }
+
+  // IRawElementProviderSimple
+  STDMETHODIMP get_ProviderOptions(ProviderOptions* result) noexcept override;
+  STDMETHODIMP GetPatternProvider(PATTERNID pattern, IUnknown** result) noexcept override;
+  STDMETHODIMP GetPropertyValue(PROPERTYID property, VARIANT* result) noexcept override;
+  STDMETHODIMP get_HostRawElementProvider(IRawElementProviderSimple** result) noexcept override;
+
+  // IRangeValueProvider
+  STDMETHODIMP SetValue(double value) noexcept override;
+  STDMETHODIMP get_Value(double* result) noexcept override;
+  STDMETHODIMP get_IsReadOnly(BOOL* result) noexcept override;
+  STDMETHODIMP get_Maximum(double* result) noexcept override;
+  STDMETHODIMP get_Minimum(double* result) noexcept override;
+  STDMETHODIMP get_LargeChange(double* result) noexcept override;
+  STDMETHODIMP get_SmallChange(double* result) noexcept override;
+
+ private:
+  template <typename Body>
+  HRESULT Ask(Body&& body) const noexcept;
+  template <typename Result, typename Body>
+  HRESULT Ask(Result* result, Body&& body) const noexcept;
+
+  SplitterAccess* access_;
+  Automation& automation_;
+};
+
+// Where a splitter's window stands, in pixels of its parent.
+int SplitterPosition(HWND splitter);
+
+}  // namespace pricedown::windows

@@ -1,0 +1,47 @@
+// GridWindow: what its providers ask.
+#include "windows/grid/grid_access.h"
+
+#include "browser/number_cell.h"
+#include "windows/grid/grid_window.h"
+
+namespace pricedown::windows {
+
+GridElements GridWindow::Elements() const {
+  RECT client{};
+  GetClientRect(Handle(), &client);
+  return {grid_, viewport_, selection_, {client.right, client.bottom}};
+}
+
+// Ending the typing moves the focus, by which the host may end the control.
+void GridWindow::SetSelection(const GridSelection& selection) {
+  const std::shared_ptr<void> hold = events_.Hold();
+  editor_.Finish(0);
+  if (grid_ == nullptr) return;
+  selection_ = selection;
+  RevealSelection();
+}
+
+void GridWindow::ScrollTo(std::int32_t topRow, int left) {
+  const std::shared_ptr<void> hold = events_.Hold();
+  editor_.Finish(0);
+  if (Handle() != nullptr) Scrolled(viewport_.ScrollTo(topRow, left));
+}
+
+bool GridWindow::SetNumber(GridElement cell, std::u16string_view text) {
+  const auto number = CellNumber(text, *grid_->UpperBound(cell.column, cell.row));
+  if (!number) return false;
+  const std::shared_ptr<void> hold = events_.Hold();
+  // What is being typed would replace the number later.
+  if (cell == Elements().Current()) editor_.Cancel();
+  if (grid_ != nullptr && grid_->Text(cell.column, cell.row) != *number) {
+    grid_->SetText(cell.column, cell.row, *number);
+  }
+  return true;
+}
+
+void GridWindow::TakeFocus() {
+  const std::shared_ptr<void> hold = events_.Hold();
+  SetFocus(Handle());
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,39 @@
+// What the providers of the grid ask of its window.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+
+#include "browser/grid_elements.h"
+#include "windows/base/automation.h"
+
+namespace pricedown::windows {
+
+class GridAccess {
+ public:
+  virtual HWND Window() const = 0;
+  // Valid until the next change.
+  virtual GridElements Elements() const = 0;
+  virtual const GridViewport& Viewport() const = 0;
+  // Selects and scrolls there. Requires: a selection inside the grid.
+  virtual void SetSelection(const GridSelection& selection) = 0;
+  virtual void ScrollTo(std::int32_t topRow, int left) = 0;
+  // As if typed: returns false for a text that the cell does not take. Requires: an editable cell.
+  virtual bool SetNumber(GridElement cell, std::u16string_view text) = 0;
+  // May destroy the window.
+  virtual void TakeFocus() = 0;
+
+ protected:
+  ~GridAccess() = default;
+};
+
+// The connection of all providers of one grid, which clients may keep longer than the window lives.
+struct GridLink {
+  GridAccess* access;  // null after the window's end
+  Automation& automation;
+};
+
+}  // namespace pricedown::windows

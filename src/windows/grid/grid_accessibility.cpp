@@ -1,0 +1,75 @@
+#include "windows/grid/grid_accessibility.h"
+
+#include <utility>
+
+#include "windows/com/variant.h"
+
+namespace pricedown::windows {
+
+LRESULT GridAccessibility::ReturnProvider(WPARAM wParam, LPARAM lParam) {
+  return provider_.Return(access_.Window(), wParam, lParam, [&] {
+    reported_ = Now();
+    return MakeCom<GridProvider>(
+        std::make_shared<GridLink>(GridLink{&access_, provider_.System()}));
+  });
+}
+
+GridAccessibility::State GridAccessibility::Now() const {
+  const GridElements elements = access_.Elements();
+  State state;
+  state.focused = GetFocus() == access_.Window();
+  state.current = elements.Current();
+  if (state.current) state.text = elements.Text(*state.current);
+  state.range = elements.Range();
+  state.rows = elements.Rows();
+  state.vertical = VerticalExtent(access_.Viewport());
+  state.horizontal = HorizontalExtent(access_.Viewport());
+  return state;
+}
+
+void GridAccessibility::Update() noexcept {
+  // A client in this process may end the window while it is told.
+  const ComPtr<GridProvider> provider = provider_.Get();
+  if (!provider) return;
+  AtBoundary([&] {
+    const State now = Now();
+    const State before = std::exchange(reported_, now);
+    if (provider_.IsListenedTo()) Report(*provider.get(), provider_.System(), before, now);
+  });
+}
+
+void GridAccessibility::Report(GridProvider& provider, Automation& automation, const State& before,
+                               const State& now) {
+  const bool otherRows = now.rows != before.rows;
+  const bool otherCell = otherRows || now.current != before.current;
+  if (otherRows) automation.RaiseChildrenInvalidated(&provider);
+  if (now.current) {
+    const auto cell = provider.Element(*now.current);
+    if (now.focused && (otherCell || !before.focused)) {
+      automation.RaiseEvent(cell.get(), UIA_AutomationFocusChangedEventId);
+    }
+    if (otherRows || now.range != before.range) {
+      const bool isBlock = now.range.column != now.range.column2 || now.range.row != now.range.row2;
+      if (isBlock) {
+        automation.RaiseEvent(&provider, UIA_Selection_InvalidatedEventId);
+      } else {
+        automation.RaiseEvent(cell.get(), UIA_SelectionItem_ElementSelectedEventId);
+      }
+    }
+    if (!otherCell && now.text != before.text) {
+      Variant text;
+      text.attach(PropertyText(now.text));
+      automation.RaisePropertyChanged(cell.get(), UIA_ValueValuePropertyId, text.get());
+    }
+  }
+  if (now.vertical.percent != before.vertical.percent) {
+    automation.RaisePropertyChanged(&provider, UIA_ScrollVerticalScrollPercentPropertyId,
+                                    PropertyNumber(now.vertical.percent));
+  }
+  if (now.horizontal.percent != before.horizontal.percent) {
+    automation.RaisePropertyChanged(&provider, UIA_ScrollHorizontalScrollPercentPropertyId,
+                                    PropertyNumber(now.horizontal.percent));
+  }
+}
+
+}  // namespace pricedown::windows

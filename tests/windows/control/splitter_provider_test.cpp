@@ -1,0 +1,147 @@
+// The splitter as UI Automation sees it: a name and a range value.
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "control/layout.h"
+#include "tests/windows/control/ui_world.h"
+#include "tests/windows/grid/recording_automation.h"
+#include "windows/base/control_ids.h"
+#include "windows/base/dpi.h"
+#include "windows/com/module_counts.h"
+#include "windows/control/splitter_window.h"
+
+namespace pricedown::testing {
+namespace {
+
+// A splitter alone in a host window, at 200 pixels.
+class SplitterProviderTest : public ::testing::Test, public windows::ChildEvents {
+ protected:
+  SplitterProviderTest() {
+    splitter_->Create(host_.Handle(), GetModuleHandleW(nullptr), u"分隔条");
+    MoveTo(200);
+    provider_ = automation_.ProviderOf(Handle());
+    automation_.log.clear();
+  }
+
+  HWND Handle() const { return splitter_->Handle(); }
+  void MoveTo(int left) {
+    SetWindowPos(Handle(), nullptr, left, 0, 5, 300, SWP_NOZORDER);
+    RunMessages();
+  }
+  windows::ComPtr<IRangeValueProvider> Range() const {
+    windows::ComPtr<IUnknown> pattern;
+    EXPECT_EQ(provider_->GetPatternProvider(UIA_RangeValuePatternId, pattern.put()), S_OK);
+    return pattern.As<IRangeValueProvider>();
+  }
+  double Number(HRESULT (STDMETHODCALLTYPE IRangeValueProvider::*member)(double*)) const {
+    double number = -1;
+    EXPECT_EQ((Range().get()->*member)(&number), S_OK);
+    return number;
+  }
+  int Pixels(std::int32_t twips) const { return windows::Dpi::Of(Handle()).ToPixels(twips); }
+
+  // ChildEvents
+  void NodeClicked(NodeIndex) override {}
+  void CommandChosen(const Command&) override {}
+  bool KeyPressed(HWND, const KeyPress&, bool) override { return false; }
+  void MenuRequested(HWND, POINT) override {}
+  void SplitterEvent(windows::SplitterAction action, std::int32_t pixels) override {
+    if (action == windows::SplitterAction::Press) events_.emplace_back("press");
+    if (action == windows::SplitterAction::Drag)
+      events_.push_back("drag " + std::to_string(pixels));
+    if (action == windows::SplitterAction::Release) events_.emplace_back("release");
+    if (endsAtRelease_ && action == windows::SplitterAction::Release) splitter_.reset();
+  }
+  void TabPressed(bool) override {}
+  void FocusEntered(HWND) override {}
+  void ItemsChanged() override {}
+  void ItemsFilling() override {}
+  bool Waiting() const override { return false; }
+  std::shared_ptr<void> Hold() override { return splitter_; }
+
+  HostWindow host_{900, 400};
+  RecordingAutomation automation_;
+  std::shared_ptr<windows::SplitterWindow> splitter_ =
+      std::make_shared<windows::SplitterWindow>(*this, automation_);
+  windows::ComPtr<IRawElementProviderSimple> provider_;
+  std::vector<std::string> events_;
+  bool endsAtRelease_ = false;
+};
+
+using Log = std::vector<std::string>;
+
+TEST_F(SplitterProviderTest, IsANamedSeparator) {
+  EXPECT_EQ(PropertyOf(provider_.get(), UIA_NamePropertyId), "分隔条");
+  EXPECT_EQ(PropertyOf(provider_.get(), UIA_ControlTypePropertyId),
+            std::to_string(UIA_SeparatorControlTypeId));
+  EXPECT_EQ(PropertyOf(provider_.get(), UIA_AutomationIdPropertyId),
+            std::to_string(windows::control_ids::kSplitter));
+}
+
+TEST_F(SplitterProviderTest, HasItsPositionAndItsLimitsAsARange) {
+  EXPECT_EQ(Number(&IRangeValueProvider::get_Value), 200);
+  EXPECT_EQ(Number(&IRangeValueProvider::get_Minimum), Pixels(kLeastPaneWidth));
+  const int width = host_.Inside().right;
+  EXPECT_NEAR(Number(&IRangeValueProvider::get_Maximum), width - Pixels(kLeastPaneWidth),
+              Pixels(kSplitterWidth) + 1);
+  EXPECT_EQ(Number(&IRangeValueProvider::get_SmallChange), Pixels(kSplitterStep));
+  MoveTo(3);
+  EXPECT_EQ(Number(&IRangeValueProvider::get_Value), Pixels(kLeastPaneWidth))
+      << "a value is inside its range";
+}
+
+TEST_F(SplitterProviderTest, AValueIsADragToThatPosition) {
+  EXPECT_EQ(Range()->SetValue(260), S_OK);
+  EXPECT_EQ(events_, (Log{"press", "drag 60", "release"}));
+}
+
+TEST_F(SplitterProviderTest, RefusesValuesOutsideItsRange) {
+  EXPECT_EQ(Range()->SetValue(Pixels(kLeastPaneWidth) - 1), E_INVALIDARG);
+  EXPECT_EQ(Range()->SetValue(5000), E_INVALIDARG);
+  EXPECT_EQ(events_, Log{});
+}
+
+TEST_F(SplitterProviderTest, RefusesValuesWhileTheMouseDragsOrAModalWindowIsOpen) {
+  SendMessageW(Handle(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(2, 50));
+  events_.clear();
+  EXPECT_EQ(Range()->SetValue(260), UIA_E_INVALIDOPERATION);
+  SendMessageW(Handle(), WM_LBUTTONUP, 0, MAKELPARAM(2, 50));
+  EnableWindow(host_.Handle(), FALSE);
+  events_.clear();
+  EXPECT_EQ(Range()->SetValue(260), UIA_E_ELEMENTNOTENABLED);
+  EnableWindow(host_.Handle(), TRUE);
+  EXPECT_EQ(events_, Log{});
+}
+
+TEST_F(SplitterProviderTest, AMoveRaisesItsValueOnceForThoseWhoListen) {
+  MoveTo(240);
+  SetWindowPos(Handle(), nullptr, 240, 0, 5, 200, SWP_NOZORDER);
+  EXPECT_EQ(automation_.log, Log{"range value 109 = 240"});
+  automation_.listening = false;
+  automation_.log.clear();
+  MoveTo(300);
+  EXPECT_EQ(automation_.log, Log{});
+}
+
+TEST_F(SplitterProviderTest, TheControlMayEndWhileItMoves) {
+  const auto range = Range();
+  endsAtRelease_ = true;
+  EXPECT_EQ(range->SetValue(260), S_OK);
+  double value = 0;
+  EXPECT_EQ(range->get_Value(&value), UIA_E_ELEMENTNOTAVAILABLE);
+}
+
+TEST_F(SplitterProviderTest, KeptAfterTheWindowsEndIsNotAvailableAndThenFreed) {
+  const auto range = Range();
+  DestroyWindow(Handle());
+  EXPECT_EQ(automation_.log, (Log{"return nothing", "disconnect"}));
+  double value = 0;
+  EXPECT_EQ(range->get_Value(&value), UIA_E_ELEMENTNOTAVAILABLE);
+  EXPECT_EQ(range->SetValue(260), UIA_E_ELEMENTNOTAVAILABLE);
+}
+
+}  // namespace
+}  // namespace pricedown::testing

@@ -1,0 +1,156 @@
+// What the grid raises for those who listen, and what is left of its provider at the end.
+#include <algorithm>
+
+#include "tests/windows/grid/provider_fixture.h"
+#include "windows/com/bstr.h"
+
+namespace pricedown::testing {
+namespace {
+
+using Log = std::vector<std::string>;
+
+TEST_F(GridProviderTest, AMoveRaisesFocusAndSelectionOnce) {
+  input_.Press(VK_DOWN);
+  EXPECT_EQ(Events(), (Log{"focus row2.column1", "selected row2.column1"}));
+  input_.Press(VK_RIGHT);
+  EXPECT_EQ(Events(), (Log{"focus row2.column2", "selected row2.column2"}));
+  input_.Click(Handle(), CellPoint(3, 4));
+  EXPECT_EQ(Events(), (Log{"focus row4.column3", "selected row4.column3"}));
+}
+
+TEST_F(GridProviderTest, AKeyThatMovesNothingRaisesNothing) {
+  input_.Press(VK_UP);
+  input_.Press(VK_LEFT);
+  InvalidateRect(Handle(), nullptr, FALSE);
+  RunMessages();
+  EXPECT_EQ(Events(), Log{});
+}
+
+TEST_F(GridProviderTest, AMoveThatScrollsRaisesEachEventOnce) {
+  input_.PressWith(VK_CONTROL, VK_DOWN);
+  EXPECT_EQ(Events(),
+            (Log{"focus row100.column1", "selected row100.column1", "vertical 112 = 100"}));
+}
+
+TEST_F(GridProviderTest, ABlockRaisesTheSelectionOfTheGrid) {
+  input_.PressWith(VK_SHIFT, VK_DOWN);
+  EXPECT_EQ(Events(), (Log{"focus row2.column1", "selection 112"}));
+  input_.PressWith(VK_CONTROL, 'A');
+  EXPECT_EQ(Events(), (Log{"focus row1.column1", "selection 112"}));
+}
+
+TEST_F(GridProviderTest, TheFocusOfTheWindowRaisesTheCellOnceAndWithoutFocusNothing) {
+  SetFocus(host_.Handle());
+  EXPECT_EQ(Events(), Log{});
+  PatternOf<ISelectionItemProvider>(Cell(1, 2), UIA_SelectionItemPatternId)->Select();
+  EXPECT_EQ(Events(), Log{"selected row2.column1"});
+  SetFocus(Handle());
+  RunMessages();
+  EXPECT_EQ(Events(), Log{"focus row2.column1"});
+}
+
+TEST_F(GridProviderTest, FocusOnACellFromOutsideRaisesItOnce) {
+  ASSERT_EQ(Cell(1, 5).As<IRawElementProviderFragment>()->SetFocus(), S_OK);
+  EXPECT_EQ(Events(), (Log{"focus row5.column1", "selected row5.column1"}));
+}
+
+TEST_F(GridProviderTest, ALoadRaisesTheChildrenAndTheNewCurrentCell) {
+  Fill(50);
+  EXPECT_EQ(Events(),
+            (Log{"children 112", "children 112", "focus row1.column1", "selected row1.column1"}));
+}
+
+TEST_F(GridProviderTest, APriceRaisesItsValue) {
+  input_.Click(Handle(), CellPoint(4, 2));
+  Events();
+  input_.Type(u"12.5");
+  EXPECT_EQ(Events(), Log{}) << "the field has the focus";
+  input_.Press(VK_RETURN);
+  const Log events = Events();
+  EXPECT_EQ(std::count(events.begin(), events.end(), "value row2.column4 = 12.50"), 1);
+  EXPECT_EQ(std::count(events.begin(), events.end(), "focus row3.column4"), 1);
+  EXPECT_EQ(events.back(), "selected row3.column4");
+}
+
+TEST_F(GridProviderTest, APriceFromOutsideRaisesItsValue) {
+  PatternOf<IValueProvider>(Cell(4, 9), UIA_ValuePatternId)->SetValue(L"3");
+  EXPECT_EQ(Events(), Log{"value row9.column4 = 3.00"});
+}
+
+TEST_F(GridProviderTest, RaisesNothingWhileNobodyListens) {
+  automation_.listening = false;
+  const long before = windows::Counts().objects;
+  input_.Press(VK_DOWN);
+  Fill(20);
+  EXPECT_EQ(Events(), Log{});
+  EXPECT_EQ(windows::Counts().objects, before);
+  automation_.listening = true;
+  input_.Press(VK_DOWN);
+  EXPECT_EQ(Events(), (Log{"focus row2.column1", "selected row2.column1"}));
+}
+
+TEST_F(GridWindow, MakesNoProviderAndRaisesNothingBeforeAClientAsks) {
+  const long before = windows::Counts().objects;
+  input_.Press(VK_DOWN);
+  Fill(20);
+  EXPECT_TRUE(automation_.log.empty());
+  EXPECT_EQ(windows::Counts().objects, before);
+  DestroyWindow(Handle());
+  EXPECT_TRUE(automation_.log.empty());
+}
+
+TEST_F(GridProviderTest, KeptAfterTheWindowsEndIsNotAvailableAndThenFreed) {
+  const long before = windows::Counts().objects;
+  Element cell = Cell(2, 3);
+  const auto value = PatternOf<IValueProvider>(cell, UIA_ValuePatternId);
+  const auto fragment = root_.As<IRawElementProviderFragment>();
+  DestroyWindow(Handle());
+  EXPECT_EQ(Events(), (Log{"return nothing", "disconnect"})) << "and no call for any row";
+  VARIANT name{};
+  EXPECT_EQ(root_->GetPropertyValue(UIA_NamePropertyId, &name), UIA_E_ELEMENTNOTAVAILABLE);
+  EXPECT_EQ(cell->GetPropertyValue(UIA_NamePropertyId, &name), UIA_E_ELEMENTNOTAVAILABLE);
+  EXPECT_EQ(value->SetValue(L"1"), UIA_E_ELEMENTNOTAVAILABLE);
+  EXPECT_EQ(fragment->SetFocus(), UIA_E_ELEMENTNOTAVAILABLE);
+  ComPtr<IRawElementProviderFragment> child;
+  EXPECT_EQ(fragment->Navigate(NavigateDirection_FirstChild, child.put()),
+            UIA_E_ELEMENTNOTAVAILABLE);
+  EXPECT_EQ(windows::Counts().objects, before + 1) << "the cell; the grid is counted before";
+  cell.attach(nullptr);
+}
+
+TEST_F(GridProviderTest, LeavesNothingWhenTheClientLetsGoAfterTheWindow) {
+  DestroyWindow(Handle());
+  root_.attach(nullptr);
+  EXPECT_EQ(windows::Counts().objects, 0);
+}
+
+TEST_F(GridProviderTest, LeavesNothingWhenTheClientLetsGoBeforeTheWindow) {
+  root_.attach(nullptr);
+  EXPECT_EQ(windows::Counts().objects, 1) << "the window's own";
+  DestroyWindow(Handle());
+  EXPECT_EQ(windows::Counts().objects, 0);
+}
+
+TEST_F(GridProviderTest, EndsWithTheObjectOfItsWindow) {
+  auto second = std::make_unique<windows::GridWindow>(*this, automation_);
+  second->Create(host_.Handle(), GetModuleHandleW(nullptr), u"另一");
+  const Element kept = automation_.ProviderOf(second->Handle());
+  second.reset();
+  EXPECT_EQ(Events(), (Log{"return nothing", "disconnect"}));
+  VARIANT name{};
+  EXPECT_EQ(kept->GetPropertyValue(UIA_NamePropertyId, &name), UIA_E_ELEMENTNOTAVAILABLE);
+}
+
+TEST_F(GridProviderTest, HasNoCellsWhileTheWindowShowsNoGrid) {
+  const Element cell = Cell(1, 1);
+  window_.Show(nullptr);
+  int rows = 1;
+  EXPECT_EQ(RootPattern<IGridProvider>(UIA_GridPatternId)->get_RowCount(&rows), S_OK);
+  EXPECT_EQ(rows, 0);
+  windows::Bstr value;
+  EXPECT_EQ(cell.As<IValueProvider>()->get_Value(value.put()), UIA_E_ELEMENTNOTAVAILABLE);
+  EXPECT_EQ(IdOfNeighbour(root_, NavigateDirection_FirstChild), "none");
+}
+
+}  // namespace
+}  // namespace pricedown::testing
