@@ -98,6 +98,7 @@ class Host final : public IDispatch {
   std::size_t PositionOf(const wchar_t* name) const;
   void Notify(const wchar_t* message);
   bool TranslateKey(MSG& message);
+  void FocusControl();
 
   HWND window_ = nullptr;
   HWND container_ = nullptr;
@@ -219,6 +220,17 @@ bool Host::TranslateKey(MSG& message) {
   return used;
 }
 
+// To the control's own window: a container need not pass the focus on.
+void Host::FocusControl() {
+  if (control_.AsObject() == nullptr) return;
+  IOleWindow* object = nullptr;
+  control_.AsObject()->QueryInterface(IID_IOleWindow, reinterpret_cast<void**>(&object));
+  if (object == nullptr) return;
+  HWND window = nullptr;
+  if (object->GetWindow(&window) == S_OK) SetFocus(window);
+  object->Release();
+}
+
 LRESULT Host::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_SIZE:
@@ -227,7 +239,7 @@ LRESULT Host::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       }
       return 0;
     case WM_SETFOCUS:
-      if (container_ != nullptr) SetFocus(container_);
+      FocusControl();
       return 0;
     case WM_ACTIVATE:
       if (LOWORD(wParam) != WA_INACTIVE) Notify(L"Activate");

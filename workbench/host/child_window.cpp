@@ -96,6 +96,7 @@ void ChildWindow::ShowControl() {
   if (IsWindow(window) == FALSE) return;
   shown_ = true;
   Notify(u"FirstShow");
+  FocusControl();
 }
 
 std::wstring ChildWindow::Caption() const {
@@ -110,6 +111,10 @@ HWND ChildWindow::ControlHandle() const {
   HWND window = nullptr;
   if (ole) ole->GetWindow(&window);
   return window;
+}
+
+void ChildWindow::FocusControl() const {
+  if (const HWND control = ControlHandle()) SetFocus(control);
 }
 
 void ChildWindow::MergeToolBar(const ObjectPtr& bar) {
@@ -184,14 +189,14 @@ LRESULT ChildWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       }
       break;
     case WM_SETFOCUS:
-      if (container_ != nullptr) SetFocus(container_);
+      FocusControl();
       break;
     case WM_MDIACTIVATE: {
       const bool active = reinterpret_cast<HWND>(lParam) == window_;
       frame_.ChildActivated(active ? this : nullptr);
       if (active && shown_) {
         Notify(u"Activate");
-        if (container_ != nullptr) SetFocus(container_);
+        FocusControl();
       }
       break;
     }

@@ -44,6 +44,8 @@ class ChildWindow final : public MergeTarget {
   std::wstring Caption() const override;
   // The control's own window; null while there is none.
   HWND ControlHandle() const;
+  // To the control itself: its container need not pass it on.
+  void FocusControl() const;
 
   // The control's command bar, as handed over by the last merge.
   const pricedown::ObjectPtr& Bar() const { return bar_; }

@@ -121,9 +121,12 @@ ChildWindow* FrameWindow::OpenChild(const wchar_t* caption) {
       return child;
     }
   }
+  const HWND active = reinterpret_cast<HWND>(SendMessageW(client_, WM_MDIGETACTIVE, 0, 0));
+  // As the first one, and then as the one before.
+  const bool maximized = active == nullptr || IsZoomed(active) != FALSE;
   try {
     ChildWindow* child = ChildWindow::Open(*this, module_, client_, caption);
-    if (child != nullptr && GetWindow(child->Handle(), GW_HWNDNEXT) == nullptr) {
+    if (child != nullptr && maximized) {
       SendMessageW(client_, WM_MDIMAXIMIZE, reinterpret_cast<WPARAM>(child->Handle()), 0);
     }
     return child;

@@ -5,6 +5,7 @@
 
 #include "env/messages.h"
 #include "env/translation.h"
+#include "windows/base/focus_return.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::windows {
@@ -28,6 +29,7 @@ int MessageBoxQuestions::Show(std::u16string_view text, std::u16string_view titl
                               UINT type) const {
   const HWND owner = window_.DialogOwner();
   if (owner == nullptr) type |= MB_TASKMODAL;
+  const FocusReturn focus;
   return MessageBoxW(owner, ToWide(text).c_str(), ToWide(title).c_str(), type);
 }
 
@@ -43,6 +45,7 @@ bool MessageBoxQuestions::Confirm(std::u16string_view text, std::u16string_view 
 
 void ReportFailure(HWND owner, const Failure& failure) noexcept {
   try {
+    const FocusReturn focus;
     MessageBoxW(owner, ToWide(FailureText(failure)).c_str(),
                 ToWide(Translate(kMessageTitle)).c_str(),
                 MB_OK | MB_ICONINFORMATION | (owner == nullptr ? MB_TASKMODAL : 0));

@@ -27,7 +27,7 @@ BOOL CALLBACK CollectEnabled(HWND window, LPARAM parameter) noexcept {
 
 }  // namespace
 
-ModalShowing::ModalShowing(HWND window) : window_(window), focus_(GetFocus()) {
+ModalShowing::ModalShowing(HWND window) : window_(window) {
   const Search search{window, &disabled_};
   EnumThreadWindows(GetCurrentThreadId(), &CollectEnabled, reinterpret_cast<LPARAM>(&search));
   for (const HWND other : disabled_) EnableWindow(other, FALSE);
@@ -38,14 +38,13 @@ ModalShowing::~ModalShowing() { End(); }
 void ModalShowing::End() noexcept {
   // A sent message may destroy the window, and the loop would wait for a posted one.
   PostMessageW(nullptr, WM_NULL, 0, 0);
-  const bool ended = disabled_.empty() && focus_ == nullptr;
-  if (ended) return;
+  if (ended_) return;
+  ended_ = true;
   for (const HWND other : disabled_) {
     if (IsWindow(other) != FALSE) EnableWindow(other, TRUE);
   }
   disabled_.clear();
-  if (focus_ != nullptr && IsWindow(focus_) != FALSE) SetFocus(focus_);
-  focus_ = nullptr;
+  if (const HWND focus = focus_.Find()) SetFocus(focus);
 }
 
 void ModalShowing::Run(const std::function<bool(MSG& message)>& translate) {

@@ -6,6 +6,8 @@
 #include <functional>
 #include <vector>
 
+#include "windows/base/focus_return.h"
+
 namespace pricedown::windows {
 
 class ModalShowing {
@@ -20,13 +22,14 @@ class ModalShowing {
   // Runs messages until the window is destroyed or WM_QUIT comes, which is posted again.
   // `translate` handles a message before it is dispatched; true when it was used up.
   void Run(const std::function<bool(MSG& message)>& translate);
-  // Enables them. Requires: the window still exists, or the system would activate another
-  // program's.
+  // Enables them and returns the focus. Requires: the window still exists, or the system would
+  // activate another program's.
   void End() noexcept;
 
  private:
   HWND window_;
-  HWND focus_;
+  FocusPlace focus_;
+  bool ended_ = false;
   std::vector<HWND> disabled_;
 };
 

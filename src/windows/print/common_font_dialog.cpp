@@ -12,6 +12,7 @@
 #include "env/translation.h"
 #include "platform/error.h"
 #include "windows/base/dpi.h"
+#include "windows/base/focus_return.h"
 #include "windows/base/fonts.h"
 #include "windows/base/gdi.h"
 #include "windows/base/message_box_questions.h"
@@ -138,6 +139,7 @@ Font CommonFontDialog::Show(const Font& font, std::uint32_t flags) {
   dialog.hDC = printer.get();
   dialog.lCustData = reinterpret_cast<LPARAM>(&showing);
   dialog.lpfnHook = &Hook;
+  const FocusReturn focus;
   if (ChooseFontW(&dialog) == FALSE) ThrowFailure(CommDlgExtendedError());
   return FontOf(chosen, dialog.iPointSize / kPointParts, showing);
 }

@@ -1,6 +1,8 @@
 // The system's own calls, forwarded one by one.
 #include "windows/print/print_system.h"
 
+#include "windows/base/focus_return.h"
+
 namespace pricedown::windows {
 
 HDC Spooler::OpenContext(PrinterUse use, const wchar_t* driver, const wchar_t* device,
@@ -30,12 +32,14 @@ int Spooler::FinishDocument(HDC context) { return EndDoc(context); }
 void Spooler::AbortDocument(HDC context) { AbortDoc(context); }
 
 BOOL PrintDialogs::Print(PRINTDLGW& dialog, DWORD& error) {
+  const FocusReturn focus;
   const BOOL answer = PrintDlgW(&dialog);
   error = answer == FALSE ? CommDlgExtendedError() : 0;
   return answer;
 }
 
 BOOL PrintDialogs::PageSetup(PAGESETUPDLGW& dialog, DWORD& error) {
+  const FocusReturn focus;
   const BOOL answer = PageSetupDlgW(&dialog);
   error = answer == FALSE ? CommDlgExtendedError() : 0;
   return answer;

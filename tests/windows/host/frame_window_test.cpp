@@ -236,5 +236,27 @@ TEST_F(FrameWindowTest, HasNoChildThatIsClosedWhileItIsShown) {
   EXPECT_EQ(Buttons(), kAll);
 }
 
+TEST_F(FrameWindowTest, GivesTheFocusToTheControlOfTheActiveChild) {
+  const ChildWindow* first = frame_.OpenChild(kItemClassesCaption);
+  ASSERT_NE(first, nullptr);
+  EXPECT_TRUE(IsChild(first->ControlHandle(), GetFocus())) << "opened";
+  const ChildWindow* second = frame_.OpenChild(kPriceDownCaption);
+  ASSERT_NE(second, nullptr);
+  EXPECT_TRUE(IsChild(second->ControlHandle(), GetFocus())) << "another one opened";
+  frame_.OpenChild(kItemClassesCaption);
+  EXPECT_TRUE(IsChild(first->ControlHandle(), GetFocus())) << "activated again";
+  SetFocus(frame_.Handle());
+  EXPECT_TRUE(IsChild(first->ControlHandle(), GetFocus())) << "from the frame";
+}
+
+TEST_F(FrameWindowTest, OpensAChildMaximizedBesideAMaximizedOne) {
+  const ChildWindow* first = frame_.OpenChild(kItemClassesCaption);
+  ASSERT_NE(first, nullptr);
+  ASSERT_TRUE(IsZoomed(first->Handle()));
+  const ChildWindow* second = frame_.OpenChild(kPriceDownCaption);
+  ASSERT_NE(second, nullptr);
+  EXPECT_TRUE(IsZoomed(second->Handle()));
+}
+
 }  // namespace
 }  // namespace workbench

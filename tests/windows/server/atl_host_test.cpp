@@ -1,6 +1,7 @@
 // Tests of the control in the system's own container, AtlAxWin of atl.dll.
 #include <gtest/gtest.h>
 
+#include "tests/windows/base/message_boxes.h"
 #include "tests/windows/raw_call.h"
 #include "tests/windows/server/control_host.h"
 #include "tests/windows/system_call.h"
@@ -92,6 +93,22 @@ TEST(InAtlAxWin, TheControlIsThereEvenIfItsCreationFailed) {
   ASSERT_TRUE(host.control);
   EXPECT_EQ(host.Show(), "S_OK True");
   EXPECT_NE(host.Window(), nullptr);
+}
+
+// AtlAxWin keeps a focus that it gets to itself, and so does this frame.
+TEST(InAtlAxWin, TheFocusIsBackInTheControlAfterAMessage) {
+  AtlHost host;
+  ASSERT_EQ(host.Show(), "S_OK True");
+  ShowWindow(host.frame.Handle(), SW_SHOW);
+  SetForegroundWindow(host.frame.Handle());
+  SetFocus(host.Window());
+  const HWND tree = GetFocus();
+  ASSERT_TRUE(IsChild(host.Window(), tree));
+  MessageBoxes boxes;
+  boxes.WillPress({IDNO});
+  Statement(host.control.get(), L"delRecord");
+  ASSERT_EQ(boxes.All().size(), 1U);
+  EXPECT_EQ(GetFocus(), tree);
 }
 
 TEST(InAtlAxWin, TheControlIsMadeAgainAndAgain) {

@@ -1,0 +1,23 @@
+#include "windows/base/focus_return.h"
+
+namespace pricedown::windows {
+
+FocusPlace::FocusPlace()
+    : window_(GetFocus()),
+      parent_(window_ == nullptr ? nullptr : GetAncestor(window_, GA_PARENT)) {}
+
+HWND FocusPlace::Find() const {
+  for (const HWND place : {window_, parent_}) {
+    if (place != nullptr && IsWindowVisible(place) != FALSE && IsWindowEnabled(place) != FALSE) {
+      return place;
+    }
+  }
+  return nullptr;
+}
+
+FocusReturn::~FocusReturn() {
+  const HWND place = place_.Find();
+  if (place != nullptr && GetAncestor(place, GA_ROOT) == GetActiveWindow()) SetFocus(place);
+}
+
+}  // namespace pricedown::windows

@@ -1,0 +1,34 @@
+// Where the focus was before a dialog, and its way back there. A host need not pass the focus on
+// to the control after a message box.
+#pragma once
+
+#include <windows.h>
+
+namespace pricedown::windows {
+
+// The window with the focus. A field may close when it loses the focus; its parent stands for it
+// then.
+class FocusPlace {
+ public:
+  FocusPlace();
+  // Null when there was none, or when it is gone or cannot take the focus now.
+  HWND Find() const;
+
+ private:
+  HWND window_;
+  HWND parent_;
+};
+
+// Returns the focus at its end, unless another top-level window has become the active one.
+class FocusReturn {
+ public:
+  FocusReturn() = default;
+  ~FocusReturn();
+  FocusReturn(const FocusReturn&) = delete;
+  FocusReturn& operator=(const FocusReturn&) = delete;
+
+ private:
+  FocusPlace place_;
+};
+
+}  // namespace pricedown::windows
