@@ -69,7 +69,7 @@ class BuiltSuite : public ::testing::Test {
 };
 
 TEST_F(BuiltSuite, ItemLookupShowsThePickerAndAnswersTheChosenItems) {
-  user_.Await(ids::kFound, u"共 2 种物料").PressWithControl('A').Press(VK_RETURN);
+  user_.Await(ids::kFound, u"共 2 种物料").Press(VK_TAB).PressWithControl('A').Press(VK_RETURN);
   const ObjectPtr result = LookUpItems(u"x2.FItemID>900000");
   EXPECT_EQ("True", Readable(result->Get(u"ReturnOK")));
   EXPECT_EQ("\"\"", Readable(result->Get(u"ReturnValue")));

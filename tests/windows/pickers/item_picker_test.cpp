@@ -93,9 +93,21 @@ TEST_F(ItemPickerWindow, BlankInTheEmptyFieldTicks) {
   EXPECT_EQ("-", Pick());
 }
 
-TEST_F(ItemPickerWindow, ControlAChoosesAllFoundAndClearsThemAgain) {
+TEST_F(ItemPickerWindow, ControlAInTheSearchFieldSelectsItsText) {
   user_.Type(u"垫")
       .Await(ids::kFound, u"找到 2 种物料")
+      .PressWithControl('A')
+      .Then([this] { EXPECT_EQ("已选 0 项", user_.Text(ids::kChosen)); })
+      .Type(u"衬")
+      .Then([this] { EXPECT_EQ("衬", user_.Text(ids::kSearch)); })
+      .Press(VK_ESCAPE);
+  EXPECT_EQ("-", Pick());
+}
+
+TEST_F(ItemPickerWindow, ControlAInTheListChoosesAllFoundAndClearsThemAgain) {
+  user_.Type(u"垫")
+      .Await(ids::kFound, u"找到 2 种物料")
+      .Press(VK_TAB)
       .PressWithControl('A')
       .Await(ids::kChosen, u"已选 2 项")
       .PressWithControl('A')
@@ -108,6 +120,7 @@ TEST_F(ItemPickerWindow, ControlAChoosesAllFoundAndClearsThemAgain) {
 
 TEST_F(ItemPickerWindow, ControlAAfterTypingWaitsForTheSearch) {
   user_.Then([] { PostMessageW(GetFocus(), WM_CHAR, u'衬', 1); })
+      .Press(VK_TAB)
       .PressWithControl('A')
       .Await(ids::kChosen, u"已选 2 项")
       .Press(VK_RETURN);
@@ -226,6 +239,7 @@ TEST(ItemPickerOnManyItems, RefusesToChooseMoreThanTheLimitAndReportsIt) {
   DialogPickers pickers(GetModuleHandleW(nullptr));
   PickerUser user;
   user.Await(ids::kFound, u"共 10,001 种物料")
+      .Press(VK_TAB)
       .PressWithControl('A')
       .Await(ids::kFound, u"一次最多选择 10,000 项")
       .Then([&user] { EXPECT_EQ("已选 0 项", user.Text(ids::kChosen)); })

@@ -159,13 +159,13 @@ bool PickerDialog::MovesInList(WPARAM key) {
 bool PickerDialog::OnSearchKey(UINT message, WPARAM wParam) {
   if (message == WM_LBUTTONDOWN) keysInList_ = false;
   if (message == WM_KEYDOWN && MovesInList(wParam)) return keysInList_ = true;
-  if (!picking_.Several()) return false;
   if (message == WM_KEYDOWN && wParam == 'A' && IsDown(VK_CONTROL)) {
-    ToggleAll();
+    SendMessageW(Control(ids::kSearch), EM_SETSEL, 0, -1);
     return true;
   }
   if (message != WM_CHAR) return false;
   if (wParam == kControlA) return true;
+  if (!picking_.Several()) return false;
   const bool ticks = keysInList_ || GetWindowTextLengthW(Control(ids::kSearch)) == 0;
   if (wParam != L' ' || !ticks) return false;
   ToggleCurrent();
