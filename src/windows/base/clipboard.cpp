@@ -2,6 +2,8 @@
 // The clipboard is shared: another program may have it open for a moment.
 #include "windows/base/clipboard.h"
 
+#include <cstring>
+
 #include "platform/text.h"
 #include "windows/com/wide_text.h"
 
@@ -31,27 +33,57 @@ class OpenedClipboard {
   bool open_ = false;
 };
 
+// Memory filled for the clipboard; freed unless that took it over.
+class ClipboardMemory {
+ public:
+  template <typename Fill>
+  ClipboardMemory(std::size_t bytes, Fill fill) : memory_(GlobalAlloc(GMEM_MOVEABLE, bytes)) {
+    void* const target = memory_ == nullptr ? nullptr : GlobalLock(memory_);
+    if (target == nullptr) return;
+    fill(target);
+    GlobalUnlock(memory_);
+    filled_ = true;
+  }
+  ~ClipboardMemory() {
+    if (memory_ != nullptr) GlobalFree(memory_);
+  }
+  ClipboardMemory(const ClipboardMemory&) = delete;
+  ClipboardMemory& operator=(const ClipboardMemory&) = delete;
+  explicit operator bool() const { return filled_; }
+
+  // Requires: filled, and the clipboard is open.
+  bool Give(UINT format) {
+    if (SetClipboardData(format, memory_) == nullptr) return false;
+    memory_ = nullptr;
+    return true;
+  }
+
+ private:
+  HGLOBAL memory_;
+  bool filled_ = false;
+};
+
 }  // namespace
 
 bool CopyToClipboard(HWND owner, std::u16string_view text) {
-  const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
-  const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes);
-  if (memory == nullptr) return false;
-  auto* target = static_cast<wchar_t*>(GlobalLock(memory));
-  if (target != nullptr) {
-    CopyWide(text, target);
-    target[text.size()] = L'\0';
-    GlobalUnlock(memory);
-    const OpenedClipboard clipboard(owner);
-    // The clipboard now owns the memory.
-    if (clipboard && EmptyClipboard() != FALSE &&
-        SetClipboardData(CF_UNICODETEXT, memory) != nullptr) {
-      return true;
-    }
-  }
-  // cppcheck-suppress doubleFree ; a failed SetClipboardData leaves it ours
-  GlobalFree(memory);
-  return false;
+  return CopyToClipboard(owner, CopiedCells{std::u16string(text), {}});
+}
+
+bool CopyToClipboard(HWND owner, const CopiedCells& cells) {
+  ClipboardMemory text((cells.text.size() + 1) * sizeof(wchar_t), [&](void* target) {
+    auto* characters = static_cast<wchar_t*>(target);
+    CopyWide(cells.text, characters);
+    characters[cells.text.size()] = L'\0';
+  });
+  if (!text) return false;
+  ClipboardMemory html(cells.html.size() + 1, [&](void* target) {
+    std::memcpy(target, cells.html.c_str(), cells.html.size() + 1);
+  });
+  const OpenedClipboard clipboard(owner);
+  if (!clipboard || EmptyClipboard() == FALSE || !text.Give(CF_UNICODETEXT)) return false;
+  // Without it there still is the text.
+  if (html && !cells.html.empty()) html.Give(RegisterClipboardFormatW(L"HTML Format"));
+  return true;
 }
 
 std::u16string ClipboardText(HWND owner) {
