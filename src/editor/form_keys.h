@@ -1,6 +1,7 @@
-// Key tables of the item class form.
+// Key tables of the item class form, and the menu of its list.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <optional>
 
@@ -35,17 +36,51 @@ constexpr std::optional<FormField> FieldAfter(FormField field) {
   return std::nullopt;
 }
 
-// Keys of the member list. Delete is none of them: removing deletes provisions for good without
-// a question.
-enum class MemberListCommand { SelectAll, Copy, AddItem };
+// Commands of the member list: its context menu, and keys.
+enum class MemberListCommand { AddItem, RemoveItems, Copy, CopyTitled, SelectAll };
+
+struct MemberListRow : Command {
+  MemberListCommand command;
+  bool beginsGroup = false;
+};
+
+// Removing has no key: it deletes provisions for good without a question.
+inline constexpr std::array<MemberListRow, 5> kMemberListMenu{{
+    {{.key = u"AddItem", .caption = u"增加物料", .keys = {{{Key::Insert}}}},
+     MemberListCommand::AddItem},
+    {{.key = u"DelItem", .caption = u"删除物料"}, MemberListCommand::RemoveItems},
+    {{.key = u"Copy",
+      .caption = u"复制",
+      .keys = {{{Key::C, false, true}, {Key::Insert, false, true}}}},
+     MemberListCommand::Copy,
+     true},
+    {{.key = u"CopyTitled", .caption = u"连同标题复制", .keys = {{{Key::C, true, true}}}},
+     MemberListCommand::CopyTitled},
+    {{.key = u"SelectAll", .caption = u"全选", .keys = {{{Key::A, false, true}}}},
+     MemberListCommand::SelectAll,
+     true},
+}};
 
 constexpr std::optional<MemberListCommand> MemberListCommandOf(const KeyPress& press) {
-  if (press.control && press.key == Key::A) return MemberListCommand::SelectAll;
-  if (press.control && (press.key == Key::C || press.key == Key::Insert)) {
-    return MemberListCommand::Copy;
+  for (const MemberListRow& row : kMemberListMenu) {
+    for (const KeyPress& key : row.keys) {
+      if (press.key != Key::None && key == press) return row.command;
+    }
   }
-  if (!press.control && press.key == Key::Insert) return MemberListCommand::AddItem;
   return std::nullopt;
+}
+
+// The tool that does the same; none for what concerns the list alone.
+constexpr std::optional<FormTool> ToolOf(MemberListCommand command) {
+  if (command == MemberListCommand::AddItem) return FormTool::AddItem;
+  if (command == MemberListCommand::RemoveItems) return FormTool::DelItem;
+  return std::nullopt;
+}
+
+// Whether the list, with so many items and so many of them selected, has something for it to do.
+constexpr bool HasItemsFor(MemberListCommand command, std::size_t items, std::size_t selected) {
+  if (command == MemberListCommand::AddItem) return true;
+  return command == MemberListCommand::SelectAll ? items > 0 : selected > 0;
 }
 
 }  // namespace pricedown

@@ -51,16 +51,17 @@ std::optional<std::int32_t> MemberRows::Find(std::u16string_view text, std::int3
   return std::nullopt;
 }
 
-std::u16string MemberRows::Copied(std::span<const std::int32_t> rows) const {
-  std::u16string copied;
-  for (const std::int32_t row : rows) {
+CopiedCells MemberRows::Copied(std::span<const std::int32_t> rows, bool titled) const {
+  CellCopier copier;
+  const auto addRow = [&](std::int32_t row) {
     for (std::int32_t column = 1; column <= member_columns::kCount; ++column) {
-      if (column > 1) copied += u'\t';
-      copied += Text(column, row);
+      copier.Add(Text(column, row), CellKind::Text);
     }
-    copied += u"\r\n";
-  }
-  return copied;
+    copier.EndRow();
+  };
+  if (titled) addRow(kTitleRow);
+  for (const std::int32_t row : rows) addRow(row);
+  return copier.Finish();
 }
 
 }  // namespace pricedown

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/copied_cells.h"
 #include "platform/recordset.h"
 
 namespace pricedown {
@@ -25,6 +26,7 @@ inline constexpr std::int32_t kCount = 3;
 // Rows from 1: row 1 holds the titles, the items begin at row 2.
 class MemberRows {
  public:
+  static constexpr std::int32_t kTitleRow = 1;
   static constexpr std::int32_t kFirstItem = 2;
 
   // The rows that are shown, the title row included; their texts follow with the next Read.
@@ -45,8 +47,8 @@ class MemberRows {
   // The next row from `first` on whose code begins with `text` in any case; the search goes on at
   // the first item. Requires: `first` is an item's row.
   std::optional<std::int32_t> Find(std::u16string_view text, std::int32_t first) const;
-  // For the clipboard: tabs between the columns, a line break behind each row.
-  std::u16string Copied(std::span<const std::int32_t> rows) const;
+  // For the clipboard, `titled` with the titles of the columns above.
+  CopiedCells Copied(std::span<const std::int32_t> rows, bool titled) const;
 
  private:
   using Row = std::array<std::u16string, member_columns::kCount>;

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 namespace pricedown {
 namespace {
 
@@ -48,8 +50,22 @@ TEST(FormKeys, TheListSelectsCopiesAndAddsButNeverRemoves) {
   EXPECT_EQ(MemberListCommandOf(Control(Key::C)), MemberListCommand::Copy);
   EXPECT_EQ(MemberListCommandOf(Control(Key::Insert)), MemberListCommand::Copy);
   EXPECT_EQ(MemberListCommandOf({Key::Insert}), MemberListCommand::AddItem);
+  EXPECT_EQ(MemberListCommandOf({Key::C, true, true}), MemberListCommand::CopyTitled);
   EXPECT_EQ(MemberListCommandOf({Key::Delete}), std::nullopt);
   EXPECT_EQ(MemberListCommandOf({Key::A}), std::nullopt);
+}
+
+TEST(FormKeys, TheListsMenuOffersWhatHasSomethingToDo) {
+  const auto enabled = [](std::size_t items, std::size_t selected) {
+    std::string commands;
+    for (const MemberListRow& row : kMemberListMenu) {
+      commands += HasItemsFor(row.command, items, selected) ? 'x' : '-';
+    }
+    return commands;
+  };
+  EXPECT_EQ(enabled(0, 0), "x----");
+  EXPECT_EQ(enabled(3, 0), "x---x");
+  EXPECT_EQ(enabled(3, 1), "xxxxx");
 }
 
 TEST(FormFields, NumberAndNameRefuseBlanksAndApostrophes) {

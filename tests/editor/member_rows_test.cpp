@@ -119,8 +119,10 @@ TEST_F(MemberRowsTest, FindTheNextCodeThatBeginsWithTheText) {
 TEST_F(MemberRowsTest, AreCopiedWithTabsBetweenColumnsAndALineBreakBehindEachRow) {
   const MemberRows rows = Read(BoltAndNut());
   const std::vector<std::int32_t> both{2, 3};
-  EXPECT_EQ(Utf8(rows.Copied(both)), "01.001\t螺钉\tM4\r\n01.002\t螺母\t\r\n");
-  EXPECT_EQ(Utf8(rows.Copied({})), "");
+  EXPECT_EQ(Utf8(rows.Copied(both, false).text), "01.001\t螺钉\tM4\r\n01.002\t螺母\t\r\n");
+  EXPECT_EQ(Utf8(rows.Copied({}, false).text), "");
+  EXPECT_EQ(Utf8(rows.Copied({{3}}, true).text),
+            "物料代码\t物料名称\t规格型号\r\n01.002\t螺母\t\r\n");
 }
 
 }  // namespace

@@ -2,8 +2,6 @@
 #include "windows/base/image_list.h"
 
 #include <cstdint>
-#include <memory>
-#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -19,31 +17,7 @@ namespace {
 
 constexpr int kDesignIconSize = 16;
 
-struct DestroyIconHandle {
-  void operator()(HICON icon) const { DestroyIcon(icon); }
-};
-using OwnedIcon = std::unique_ptr<std::remove_pointer_t<HICON>, DestroyIconHandle>;
-
 HINSTANCE ThisModule() { return reinterpret_cast<HINSTANCE>(&__ImageBase); }
-
-// The picture of that size, or the next larger one scaled down. Version 5 of the common controls,
-// which a host may have loaded first, cannot do that; LoadImage scales the nearest one.
-OwnedIcon LoadIconResource(int id, int size) {
-  const HINSTANCE module = ThisModule();
-  // A resource's number takes the place of its name.
-  // cppcheck-suppress AssignmentIntegerToAddress
-  const wchar_t* const name = MAKEINTRESOURCEW(id);
-  if (const auto load = SystemFunction<decltype(&LoadIconWithScaleDown)>(L"comctl32.dll",
-                                                                         "LoadIconWithScaleDown")) {
-    HICON icon = nullptr;
-    ThrowIfFailed(load(module, name, size, size, &icon));
-    return OwnedIcon(icon);
-  }
-  OwnedIcon icon(
-      static_cast<HICON>(LoadImageW(module, name, IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
-  if (icon == nullptr) ThrowLastError();
-  return icon;
-}
 
 // Grey and pale; 0xAARRGGBB, not multiplied by alpha.
 std::uint32_t Disabled(std::uint32_t pixel) {
@@ -55,7 +29,7 @@ std::uint32_t Disabled(std::uint32_t pixel) {
   return alpha << 24 | grey << 16 | grey << 8 | grey;
 }
 
-OwnedIcon Disabled(HICON icon, int size) {
+IconHandle Disabled(HICON icon, int size) {
   ICONINFO info{};
   if (!GetIconInfo(icon, &info)) ThrowLastError();
   const GdiObject<HBITMAP> colours(info.hbmColor);
@@ -77,7 +51,7 @@ OwnedIcon Disabled(HICON icon, int size) {
   }
   for (std::uint32_t& pixel : pixels) pixel = Disabled(pixel);
   SetDIBits(screen.Get(), colours.Get(), 0, rows, pixels.data(), &format, DIB_RGB_COLORS);
-  return OwnedIcon(CreateIconIndirect(&info));
+  return IconHandle(CreateIconIndirect(&info));
 }
 
 }  // namespace
@@ -93,6 +67,25 @@ ImageList::~ImageList() {
   if (list_ != nullptr) ImageList_Destroy(list_);
 }
 
+// The picture of that size, or the next larger one scaled down. Version 5 of the common controls,
+// which a host may have loaded first, cannot do that; LoadImage scales the nearest one.
+IconHandle LoadIconResource(int id, int size) {
+  const HINSTANCE module = ThisModule();
+  // A resource's number takes the place of its name.
+  // cppcheck-suppress AssignmentIntegerToAddress
+  const wchar_t* const name = MAKEINTRESOURCEW(id);
+  if (const auto load = SystemFunction<decltype(&LoadIconWithScaleDown)>(L"comctl32.dll",
+                                                                         "LoadIconWithScaleDown")) {
+    HICON icon = nullptr;
+    ThrowIfFailed(load(module, name, size, size, &icon));
+    return IconHandle(icon);
+  }
+  IconHandle icon(
+      static_cast<HICON>(LoadImageW(module, name, IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
+  if (icon == nullptr) ThrowLastError();
+  return icon;
+}
+
 int IconSize(Dpi dpi) { return dpi.Scale(kDesignIconSize); }
 
 ImageList MakeImageList(std::span<const int> icons, IconLook look, Dpi dpi) {
@@ -101,7 +94,7 @@ ImageList MakeImageList(std::span<const int> icons, IconLook look, Dpi dpi) {
       ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, static_cast<int>(icons.size()), 0));
   if (list.Get() == nullptr) ThrowIfFailed(E_OUTOFMEMORY);
   for (const int id : icons) {
-    OwnedIcon icon = LoadIconResource(id, size);
+    IconHandle icon = LoadIconResource(id, size);
     if (look == IconLook::Disabled) icon = Disabled(icon.get(), size);
     if (ImageList_ReplaceIcon(list.Get(), -1, icon.get()) < 0) ThrowIfFailed(E_OUTOFMEMORY);
   }

@@ -5,7 +5,9 @@
 
 #include <commctrl.h>
 
+#include <memory>
 #include <span>
+#include <type_traits>
 
 #include "windows/base/dpi.h"
 
@@ -25,6 +27,15 @@ class ImageList {
  private:
   HIMAGELIST list_ = nullptr;
 };
+
+struct DestroyIconHandle {
+  void operator()(HICON icon) const { DestroyIcon(icon); }
+};
+using IconHandle = std::unique_ptr<std::remove_pointer_t<HICON>, DestroyIconHandle>;
+
+// The icon with that resource id (platform/icon_ids.h), `size` pixels wide and high. Throws
+// AutomationError if the module has no such icon.
+IconHandle LoadIconResource(int id, int size);
 
 enum class IconLook { Normal, Disabled };
 

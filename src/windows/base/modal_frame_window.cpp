@@ -35,6 +35,7 @@ void ModalFrameWindow::CreateFrame(const wchar_t* className, HWND owner,
   try {
     CreateChildren();
     MakeFont();
+    MakeIcons();
   } catch (...) {
     Destroy();
     throw;
@@ -45,6 +46,16 @@ void ModalFrameWindow::MakeFont() {
   FontHandle font = MakeMessageFont(Dpi::Of(Handle()));
   GiveFonts(font.Get());
   font_ = std::move(font);
+}
+
+// In the caption and where the system switches between windows.
+void ModalFrameWindow::MakeIcons() {
+  constexpr int kLargeIcon = 32;  // pixels at 96 dpi
+  const Dpi dpi = Dpi::Of(Handle());
+  smallIcon_ = LoadIconResource(icon_, IconSize(dpi));
+  largeIcon_ = LoadIconResource(icon_, dpi.Scale(kLargeIcon));
+  SendMessageW(Handle(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(smallIcon_.get()));
+  SendMessageW(Handle(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(largeIcon_.get()));
 }
 
 SIZE ModalFrameWindow::OuterSize(SIZE client) const {
@@ -127,6 +138,7 @@ void ModalFrameWindow::OnActivate(bool active) {
 void ModalFrameWindow::OnDpiChanged(const RECT& suggested) {
   TakeResolution(Dpi::Of(Handle()));
   MakeFont();
+  MakeIcons();
   GivePlace(Handle(), suggested);
   LayOut();
 }

@@ -11,6 +11,7 @@
 #include "windows/base/command_window.h"
 #include "windows/base/dpi.h"
 #include "windows/base/fonts.h"
+#include "windows/base/image_list.h"
 
 namespace pricedown::windows {
 
@@ -23,7 +24,8 @@ class ModalFrameWindow : public CommandWindow, protected BoundWindow {
   void SetWaiting(bool waiting) override;
 
  protected:
-  explicit ModalFrameWindow(HINSTANCE module) : module_(module) {}
+  // `icon` is a resource id, platform/icon_ids.h.
+  ModalFrameWindow(HINSTANCE module, int icon) : module_(module), icon_(icon) {}
   // Requires: the derived class has destroyed the window in its own destructor.
   ~ModalFrameWindow() override = default;
 
@@ -72,6 +74,7 @@ class ModalFrameWindow : public CommandWindow, protected BoundWindow {
   virtual void OnDestroy() = 0;
 
   void MakeFont();
+  void MakeIcons();
   void OnCommand(WPARAM wParam, LPARAM lParam);
   void OnActivate(bool active);
   void OnDpiChanged(const RECT& suggested);
@@ -79,6 +82,9 @@ class ModalFrameWindow : public CommandWindow, protected BoundWindow {
   void OnErase(HDC context);
 
   HINSTANCE module_;
+  int icon_;
+  IconHandle smallIcon_;
+  IconHandle largeIcon_;
   // Outlives the children of derived classes, which show it.
   FontHandle font_;
   HWND owner_ = nullptr;

@@ -12,6 +12,7 @@
 #include "windows/base/captioned_form.h"
 #include "windows/base/frame_windows.h"
 #include "windows/base/group_box.h"
+#include "windows/base/image_list.h"
 #include "windows/base/plain_control.h"
 #include "windows/base/tool_strip_window.h"
 #include "windows/base/visual_styles.h"
@@ -74,6 +75,7 @@ struct FormChildren {
   // By the number of the field.
   std::array<FieldRow, kFormFields.size()> rows;
   PlainControl lookupTips;
+  IconHandle lookupPicture;
   GroupBox headerFrame;
   GroupBox itemFrame;
   MemberListWindow members;

@@ -5,10 +5,13 @@
 
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "editor/form_keys.h"
 #include "editor/item_class_form.h"
+#include "env/translation.h"
 #include "platform/skip.h"
+#include "windows/base/context_menu.h"
 #include "windows/base/control_ids.h"
 #include "windows/base/keyboard.h"
 #include "windows/base/message_box_questions.h"
@@ -60,6 +63,21 @@ void ItemClassWindow::OnChildCommand(HWND child, int id, int code) {
              row != nullptr && code == BN_CLICKED) {
     LookupPressed(row->field);
   }
+}
+
+void ItemClassWindow::MenuRequested(POINT place) {
+  FormChildren& c = *children_;
+  std::vector<MenuLine> lines;
+  for (const MemberListRow& row : kMemberListMenu) {
+    const auto tool = ToolOf(row.command);
+    // The suite may have changed a tool's caption.
+    lines.push_back({tool ? c.strip.Caption(RowOf(*tool)) : Translate(row.caption),
+                     ShortcutText(row.keys[0]),
+                     c.members.IsEnabled(row.command) && (!tool || c.strip.IsEnabled(RowOf(*tool))),
+                     row.beginsGroup});
+  }
+  const auto chosen = ChooseFromMenu(Handle(), place, lines);
+  if (chosen && Handle() != nullptr) c.members.Run(kMemberListMenu[*chosen].command);
 }
 
 LRESULT ItemClassWindow::OnNotify(NMHDR& header) {

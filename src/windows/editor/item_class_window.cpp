@@ -23,13 +23,14 @@ namespace {
 
 constexpr std::u16string_view kToolBarName = u"工具栏";
 constexpr std::u16string_view kMembersName = u"对应明细物料";
-constexpr std::u16string_view kLookupText = u"…";
+constexpr std::u16string_view kLossLookupName = u"查找存货跌价损失科目";
+constexpr std::u16string_view kReserveLookupName = u"查找存货跌价准备科目";
 constexpr std::u16string_view kLookupTip = u"查找科目 (F7)";
 
 }  // namespace
 
 ItemClassWindow::ItemClassWindow(HINSTANCE module)
-    : ModalFrameWindow(module),
+    : ModalFrameWindow(module, PRICEDOWN_ICON_FOLDER),
       children_(std::make_unique<FormChildren>(module, static_cast<ToolStripEvents&>(*this),
                                                static_cast<FieldEvents&>(*this),
                                                static_cast<MemberListEvents&>(*this))) {
@@ -60,6 +61,7 @@ void ItemClassWindow::CreateChildren() {
   for (const FormField field : kFormRows) CreateRow(c.Row(field));
   c.members.Create(Handle(), Module(), dpi, Translate(kMembersName));
   AddLookupTips();
+  ShowLookupPictures(dpi);
   c.headerFrame.Create(Handle(), Module(), form_ids::kHeaderFrame);
   c.itemFrame.Create(Handle(), Module(), form_ids::kItemFrame);
 }
@@ -69,8 +71,10 @@ void ItemClassWindow::CreateRow(FieldRow& row) {
                    WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_CENTERIMAGE | SS_ENDELLIPSIS);
   row.text.Create(Handle(), Module(), row.fieldId);
   if (row.lookupId != 0) {
-    row.lookup.Create(Handle(), Module(), L"BUTTON", row.lookupId,
-                      WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON, kLookupText);
+    row.lookup.Create(
+        Handle(), Module(), L"BUTTON", row.lookupId,
+        WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON | BS_ICON,
+        Translate(row.field == FormField::LossAccount ? kLossLookupName : kReserveLookupName));
   }
 }
 
@@ -87,6 +91,17 @@ void ItemClassWindow::AddLookupTips() {
     tool.lpszText = text.data();
     SendMessageW(c.lookupTips.Handle(), TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
   }
+}
+
+// A picture leaves the button's text to those who cannot see it.
+void ItemClassWindow::ShowLookupPictures(Dpi dpi) {
+  FormChildren& c = *children_;
+  IconHandle picture = LoadIconResource(PRICEDOWN_ICON_LOOKUP, IconSize(dpi));
+  for (const FormField field : {FormField::LossAccount, FormField::ReserveAccount}) {
+    SendMessageW(c.Row(field).lookup.Handle(), BM_SETIMAGE, IMAGE_ICON,
+                 reinterpret_cast<LPARAM>(picture.get()));
+  }
+  c.lookupPicture = std::move(picture);
 }
 
 void ItemClassWindow::ListCaptions() {
@@ -139,6 +154,7 @@ FormMeasures ItemClassWindow::Measures() const {
 void ItemClassWindow::TakeResolution(Dpi dpi) {
   children_->strip.TakeAppearance(dpi);
   children_->members.TakeAppearance(dpi);
+  ShowLookupPictures(dpi);
 }
 
 SIZE ItemClassWindow::LeastSize(Dpi dpi) const {

@@ -82,7 +82,8 @@ class ItemClassWindow final : public ItemClassFormView,
   // FieldEvents
   void LookupPressed(FormField field) override;
   // MemberListEvents
-  void AddItemPressed() override { PressTool(FormTool::AddItem); }
+  void ToolChosen(FormTool tool) override { PressTool(tool); }
+  void MenuRequested(POINT place) override;
 
   template <typename Command>
   void Run(Command&& command);
@@ -90,6 +91,7 @@ class ItemClassWindow final : public ItemClassFormView,
 
   void CreateRow(FieldRow& row);
   void AddLookupTips();
+  void ShowLookupPictures(Dpi dpi);
   void ListCaptions();
   FormMeasures Measures() const;
   BoundWindow* Captioned(FormCaption target);

@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
-#include "editor/form_keys.h"
 #include "env/translation.h"
 #include "windows/base/clipboard.h"
+#include "windows/base/context_menu.h"
 #include "windows/base/fonts.h"
 #include "windows/base/gdi.h"
 #include "windows/base/keyboard.h"
@@ -17,7 +17,6 @@ namespace pricedown::windows {
 namespace {
 
 constexpr int kRowMargin = 5;  // above and below a row's text together; pixels at 96 dpi
-constexpr std::int32_t kTitleRow = 1;
 constexpr std::u16string_view kEmptyHint = u"尚无物料，请点击“增加物料”添加";
 
 // The list view counts items from 0.
@@ -98,7 +97,7 @@ void MemberListWindow::ShowRows(const MemberRows& rows) {
 
 void MemberListWindow::ShowTitles() {
   for (std::int32_t column = 1; column <= member_columns::kCount; ++column) {
-    std::wstring title = ToWide(Text(column, kTitleRow));
+    std::wstring title = ToWide(Text(column, MemberRows::kTitleRow));
     LVCOLUMNW description{};
     description.mask = LVCF_TEXT;
     description.pszText = title.data();
@@ -146,27 +145,44 @@ LRESULT MemberListWindow::OnNotify(NMHDR& header) {
   return 0;
 }
 
-void MemberListWindow::CopySelected() {
+void MemberListWindow::CopySelected(bool titled) {
   const std::vector<std::int32_t> rows = SelectedRows();
-  if (!rows.empty() && rows_ != nullptr) CopyToClipboard(Handle(), rows_->Copied(rows));
+  if (rows.empty() || rows_ == nullptr) return;
+  if (!CopyToClipboard(Handle(), rows_->Copied(rows, titled))) MessageBeep(MB_OK);
+}
+
+bool MemberListWindow::IsEnabled(MemberListCommand command) const {
+  if (Handle() == nullptr) return false;
+  return HasItemsFor(command, static_cast<std::size_t>(ListView_GetItemCount(Handle())),
+                     ListView_GetSelectedCount(Handle()));
+}
+
+void MemberListWindow::Run(MemberListCommand command) {
+  if (const auto tool = ToolOf(command)) return events_.ToolChosen(*tool);
+  if (command == MemberListCommand::SelectAll) {
+    ListView_SetItemState(Handle(), -1, LVIS_SELECTED, LVIS_SELECTED);
+  } else {
+    CopySelected(command == MemberListCommand::CopyTitled);
+  }
 }
 
 // Whether the key is used up.
 bool MemberListWindow::OnKeyDown(WPARAM key) {
   const auto command = MemberListCommandOf(PressOf(key));
-  if (!command) return false;
-  switch (*command) {
-    case MemberListCommand::SelectAll:
-      ListView_SetItemState(Handle(), -1, LVIS_SELECTED, LVIS_SELECTED);
-      break;
-    case MemberListCommand::Copy:
-      CopySelected();
-      break;
-    case MemberListCommand::AddItem:
-      events_.AddItemPressed();
-      break;
+  if (command) Run(*command);
+  return command.has_value();
+}
+
+// False for a click beside the client area.
+bool MemberListWindow::OnContextMenu(LPARAM place) {
+  RECT current{};
+  const int focused = ListView_GetNextItem(Handle(), -1, LVNI_FOCUSED);
+  if (focused < 0 || ListView_GetItemRect(Handle(), focused, &current, LVIR_LABEL) == FALSE) {
+    current = {};
   }
-  return true;
+  const auto point = MenuPlace(Handle(), place, current);
+  if (point) events_.MenuRequested(*point);
+  return point.has_value();
 }
 
 void MemberListWindow::PaintHint() {
@@ -187,6 +203,11 @@ void MemberListWindow::PaintHint() {
 
 LRESULT MemberListWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_KEYDOWN && OnKeyDown(wParam)) return 0;
+  if (AsksForMenu(message, wParam)) {
+    OnContextMenu(kByKeyboard);
+    return 0;
+  }
+  if (message == WM_CONTEXTMENU && OnContextMenu(lParam)) return 0;
   const LRESULT result = Default(message, wParam, lParam);
   if (message == WM_SIZE && IsEmpty()) InvalidateRect(Handle(), nullptr, TRUE);
   if (message == WM_PAINT && Handle() != nullptr) PaintHint();

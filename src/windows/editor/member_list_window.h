@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "editor/form_keys.h"
 #include "editor/form_view.h"
 #include "windows/base/bound_window.h"
 #include "windows/base/dpi.h"
@@ -17,9 +18,11 @@ namespace pricedown::windows {
 
 class MemberListEvents {
  public:
-  // A key that adds items. The last step of the message; the list's window may be gone when it
-  // returns.
-  virtual void AddItemPressed() = 0;
+  // Reported as the last step of a message; the list's window may be gone when they return.
+  // A command that is a tool of the form.
+  virtual void ToolChosen(FormTool tool) = 0;
+  // The user asks for the context menu at `place` on the screen.
+  virtual void MenuRequested(POINT place) = 0;
 
  protected:
   ~MemberListEvents() = default;
@@ -35,6 +38,8 @@ class MemberListWindow final : public BoundWindow, public MemberListView {
   void SetFont(HFONT font);
   void TakeAppearance(Dpi dpi);
   LRESULT OnNotify(NMHDR& header);
+  bool IsEnabled(MemberListCommand command) const;
+  void Run(MemberListCommand command);
 
   // MemberListView
   void SetColumnWidth(std::int32_t column, std::int32_t twips) override;
@@ -44,12 +49,13 @@ class MemberListWindow final : public BoundWindow, public MemberListView {
  private:
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   bool OnKeyDown(WPARAM key);
+  bool OnContextMenu(LPARAM place);
   bool IsEmpty() const { return rows_ == nullptr || rows_->Items() == 0; }
   std::u16string_view Text(std::int32_t column, std::int32_t row) const;
   void ShowTitles();
   void SetItemText(LVITEMW& item) const;
   int FindItem(const NMLVFINDITEMW& search) const;
-  void CopySelected();
+  void CopySelected(bool titled);
   void PaintHint();
 
   MemberListEvents& events_;

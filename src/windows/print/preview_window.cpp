@@ -33,7 +33,7 @@ constexpr int kFieldEdges = 10;
 }  // namespace
 
 PreviewWindow::PreviewWindow(HINSTANCE module, PreviewPages& pages)
-    : ModalFrameWindow(module), pages_(pages) {}
+    : ModalFrameWindow(module, PRICEDOWN_ICON_PREVIEW), pages_(pages) {}
 
 PreviewWindow::~PreviewWindow() {
   // Destroys the children's windows too, while the objects that handle their messages live.

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "platform/error.h"
+#include "tests/windows/control/context_menus.h"
 #include "tests/windows/editor/form_world.h"
 
 namespace pricedown::testing {
@@ -356,6 +357,41 @@ TEST_F(ItemClassFormWindow, KeepsItsMinimumSizeAndItsLastSize) {
               [&] { CloseByFrame(); }});
   EXPECT_EQ(shown.cx, wanted.cx);
   EXPECT_EQ(shown.cy, wanted.cy);
+}
+
+TEST_F(ItemClassFormWindow, TheLookupButtonsHaveNamesAndShowAPicture) {
+  ShowForAdd({[&] {
+    EXPECT_EQ(TextIn(form_ids::kLossLookup), "查找存货跌价损失科目");
+    EXPECT_EQ(TextIn(form_ids::kReserveLookup), "查找存货跌价准备科目");
+    for (const int id : {form_ids::kLossLookup, form_ids::kReserveLookup}) {
+      EXPECT_NE(SendMessageW(Child(id), BM_GETIMAGE, IMAGE_ICON, 0), 0);
+    }
+    CloseByFrame();
+  }});
+}
+
+TEST_F(ItemClassFormWindow, ItsFrameHasAnIcon) {
+  ShowForAdd({[&] {
+    EXPECT_NE(SendMessageW(Form(), WM_GETICON, ICON_SMALL, 0), 0);
+    EXPECT_NE(SendMessageW(Form(), WM_GETICON, ICON_BIG, 0), 0);
+    CloseByFrame();
+  }});
+}
+
+TEST_F(ItemClassFormWindow, TheListHasAContextMenuThatRunsItsCommands) {
+  ContextMenus menu(5, "form list menu");
+  ShowForEdit(u"A1", {[&] {
+                        SetFocus(List());
+                        SendMessageW(List(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(List()), -1);
+                      },
+                      [&] {
+                        EXPECT_EQ(ListView_GetSelectedCount(List()),
+                                  static_cast<UINT>(ListCount()));
+                        CloseByFrame();
+                      }});
+  EXPECT_EQ(menu.Lines(),
+            (std::vector<std::string>{"增加物料\tIns", "[删除物料]", "-", "[复制\tCtrl+C]",
+                                      "[连同标题复制\tCtrl+Shift+C]", "-", "全选\tCtrl+A"}));
 }
 
 }  // namespace
