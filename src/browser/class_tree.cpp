@@ -1,6 +1,7 @@
 // Every step runs even if the one before it failed.
 #include "browser/class_tree.h"
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <utility>
@@ -37,7 +38,16 @@ void ClassTree::LoadClassTree() {
     SkipFailing([&] { state_.classRecordset.Close(); });
     state_.classRecordset.Release();
   }
+  SkipFailing([&] { MarkCurrentNode(); });
   SkipFailing([&] { view_.SetRedraw(true); });
+}
+
+void ClassTree::MarkCurrentNode() {
+  NodeIndex node = state_.currentNode ? nodes_.Find(*state_.currentNode) : kNoNode;
+  // Another number or deleted since.
+  if (node == kNoNode) node = std::min(marked_, static_cast<NodeIndex>(nodes_.Count()));
+  marked_ = node;
+  view_.MarkNode(node);
 }
 
 void ClassTree::LoadClasses() {
@@ -88,6 +98,8 @@ void ClassTree::NodeClick(NodeIndex node) {
   // A copy, because the grid load may let messages run that reload the tree.
   const NodeId id = nodes_.At(node).id;
   state_.currentNode = id;
+  marked_ = node;
+  SkipFailing([&] { view_.MarkNode(node); });
   SkipFailing([&] { environment_.screen.SetMousePointer(MousePointer::Hourglass); });
   SkipFailing([&] { grid_.LoadItemGrid(id.classNumber); });
   SkipFailing([&] { environment_.screen.SetMousePointer(MousePointer::Default); });

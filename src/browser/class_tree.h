@@ -38,10 +38,14 @@ class ClassTree {
   std::u16string SelectedKey() const;
 
   const NodeCollection& Nodes() const { return nodes_; }
+  // The node marked in the view; kNoNode when there is none.
+  NodeIndex MarkedNode() const { return marked_; }
 
  private:
   void LoadClasses();
   void AddClassNodes();
+  // Marks the current node; when the tree has lost it, the one in its place.
+  void MarkCurrentNode();
   // kNoNode when the node is there already. Throws when the view fails; then nothing is added.
   NodeIndex AddNode(NodeId id, std::u16string_view text);
 
@@ -50,6 +54,7 @@ class ClassTree {
   ClassTreeView& view_;
   ItemGrid& grid_;
   NodeCollection nodes_;
+  NodeIndex marked_ = kNoNode;
 };
 
 }  // namespace pricedown

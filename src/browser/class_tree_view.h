@@ -10,6 +10,7 @@ namespace pricedown {
 class ClassTreeView {
  public:
   virtual ~ClassTreeView() = default;
+  // The nodes that come next are shown from the same one on.
   virtual void ClearNodes() = 0;
   // Appends a node behind its siblings, in the order of the indexes, with the first image of the
   // tree's list and the second while selected. `parent` is kNoNode for the root.
@@ -18,6 +19,9 @@ class ClassTreeView {
   virtual void SelectNode(NodeIndex index) = 0;
   // kNoNode when none is selected.
   virtual NodeIndex SelectedNode() const = 0;
+  // The node that the user last worked with, so that it is seen and keys start from it while none
+  // is selected; selects nothing. kNoNode for none.
+  virtual void MarkNode(NodeIndex index) = 0;
   // Off while many nodes are inserted.
   virtual void SetRedraw(bool redraw) = 0;
 };

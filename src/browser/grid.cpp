@@ -79,6 +79,18 @@ bool Grid::IsLocked(std::int32_t column, std::int32_t row) const {
   return Inside(column, row) && column <= lockedColumns_;
 }
 
+void Grid::ClearNumbers(const CellRange& range) {
+  bool cleared = false;
+  for (std::int32_t row = std::max(range.row, 1); row <= std::min(range.row2, maxRows_); ++row) {
+    for (std::int32_t column = range.column; column <= range.column2; ++column) {
+      if (!IsEditable(column, row) || Text(column, row).empty()) continue;
+      cells_[CellIndex(column, row)] = {};
+      cleared = true;
+    }
+  }
+  if (cleared) NotifyChanged();
+}
+
 double Grid::ColumnWidth(std::int32_t column) const {
   if (column < 1 || column > maxColumns_) return 0;
   return widths_[static_cast<std::size_t>(column - 1)];

@@ -77,6 +77,9 @@ class Grid {
     return UpperBound(column, row).has_value() && !IsLocked(column, row);
   }
 
+  // Empties the cells of the range into which numbers may be typed.
+  void ClearNumbers(const CellRange& range);
+
   bool Redraw() const { return redraw_; }
   void SetRedraw(bool redraw);
   // Reports a change to the view although none was made.

@@ -29,8 +29,6 @@ constexpr std::array kGridKeys{
     KeyRow{Key::End, true, GridKey::Last},
     KeyRow{Key::Space, false, GridKey::SelectRows},
     KeyRow{Key::A, true, GridKey::SelectAll},
-    KeyRow{Key::C, true, GridKey::Copy},
-    KeyRow{Key::Insert, true, GridKey::Copy},
 };
 
 std::int32_t LastColumn(const Grid& grid) { return std::max(grid.MaxColumns(), 1); }

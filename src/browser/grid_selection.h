@@ -25,7 +25,6 @@ enum class GridKey {
   Last,
   SelectRows,
   SelectAll,
-  Copy,
 };
 GridKey GridKeyOf(const KeyPress& press);
 

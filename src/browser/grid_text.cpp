@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "platform/text.h"
-
 namespace pricedown {
 namespace {
 
@@ -18,19 +16,20 @@ std::size_t TextWeight(std::u16string_view text) {
 
 }  // namespace
 
-std::optional<std::u16string> CopiedText(const Grid& grid, const GridSelection& selection) {
+std::optional<CopiedCells> Copied(const Grid& grid, const GridSelection& selection, bool titled) {
   if (grid.MaxRows() == 0) return std::nullopt;
-  if (!selection.IsBlock()) return std::u16string(grid.Text(selection.column, selection.row));
   const CellRange range = selection.Range();
-  std::u16string text;
-  for (std::int32_t row = range.row; row <= range.row2 && row <= grid.MaxRows(); ++row) {
+  CellCopier copier;
+  const auto addRow = [&](std::int32_t row) {
     for (std::int32_t column = range.column; column <= range.column2; ++column) {
-      if (column > range.column) text += u'\t';
-      text += grid.Text(column, row);
+      const bool isNumber = grid.UpperBound(column, row).has_value();
+      copier.Add(grid.Text(column, row), isNumber ? CellKind::Number : CellKind::Text);
     }
-    text += kLineBreak;
-  }
-  return text;
+    copier.EndRow();
+  };
+  if (titled) addRow(kTitleRow);
+  for (std::int32_t row = range.row; row <= range.row2 && row <= grid.MaxRows(); ++row) addRow(row);
+  return copier.Finish(!titled && !selection.IsBlock());
 }
 
 std::vector<std::int32_t> RowsOfLongestTexts(const Grid& grid, std::int32_t column) {

@@ -2,16 +2,16 @@
 #pragma once
 
 #include <optional>
-#include <string>
 #include <vector>
 
 #include "browser/grid_selection.h"
+#include "platform/copied_cells.h"
 
 namespace pricedown {
 
-// The text that copying the selection puts on the clipboard: of one cell its text, of a block one
-// line per row with tabs between the columns. Nothing without rows.
-std::optional<std::u16string> CopiedText(const Grid& grid, const GridSelection& selection);
+// What copying the selection puts on the clipboard, `titled` with the titles of its columns above.
+// Nothing without rows.
+std::optional<CopiedCells> Copied(const Grid& grid, const GridSelection& selection, bool titled);
 
 // The rows, titles included, whose texts in that column may be the widest; at least the title.
 // Measuring every text of a long grid would take seconds.

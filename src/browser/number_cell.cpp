@@ -75,6 +75,17 @@ bool MayInsert(std::u16string text, std::size_t from, std::size_t to, std::u16st
   return MayBecomeCellNumber(text, upperBound);
 }
 
+char16_t CellCharacter(char16_t typed) {
+  if (typed >= u'０' && typed <= u'９') return static_cast<char16_t>(typed - u'０' + u'0');
+  return typed == u'．' || typed == u'。' ? u'.' : typed;
+}
+
+std::u16string CellCharacters(std::u16string_view text) {
+  std::u16string characters(text);
+  std::transform(text.begin(), text.end(), characters.begin(), CellCharacter);
+  return characters;
+}
+
 bool StartsCellNumber(char16_t character) {
   return (character >= u'0' && character <= u'9') || character == u'.' || character == u'-';
 }
@@ -84,6 +95,11 @@ std::optional<std::u16string> CellNumber(std::u16string_view text, double upperB
   const CellReading reading = ReadCell(text);
   if (!IsAllowed(reading, upperBound) || reading.digits == 0) return std::nullopt;
   return Format(reading);
+}
+
+CellStart CellStartOf(const KeyPress& press) {
+  if (press == KeyPress{Key::F2} || press == KeyPress{Key::Enter}) return CellStart::Edit;
+  return press == KeyPress{Key::Delete} ? CellStart::Clear : CellStart::None;
 }
 
 CellKey CellKeyOf(Key key) {

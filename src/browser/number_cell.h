@@ -16,12 +16,24 @@ bool MayBecomeCellNumber(std::u16string_view text, double upperBound);
 // The same for a text with `inserted` in place of the selected units `from` to `to`.
 bool MayInsert(std::u16string text, std::size_t from, std::size_t to, std::u16string_view inserted,
                double upperBound);
+// A full-width digit or point, as Chinese input gives them, as the plain one that a number has; the
+// Chinese full stop is the same key. Any other character as it is.
+char16_t CellCharacter(char16_t typed);
+std::u16string CellCharacters(std::u16string_view text);
 // Whether typing that character on the cell starts a number.
 bool StartsCellNumber(char16_t character);
 
 // The number with its two decimals, empty for the empty text; nothing when it is no number or above
 // the bound.
 std::optional<std::u16string> CellNumber(std::u16string_view text, double upperBound);
+
+// What a key does on a cell that takes a number, before anything is typed.
+enum class CellStart {
+  None,
+  Edit,   // begins editing the number that is there
+  Clear,  // empties the selected numbers
+};
+CellStart CellStartOf(const KeyPress& press);
 
 // What a key does while a number is typed.
 enum class CellKey {

@@ -2,6 +2,7 @@
 #include "browser/class_tree.h"
 
 #include "platform/convert.h"
+#include "store/statements.h"
 #include "tests/browser/browser_fixture.h"
 
 namespace pricedown::testing {
@@ -222,6 +223,33 @@ TEST_F(ClassTreeLoad, ContinuesWithTheNextRowWhenTheWindowRefusesANode) {
   tree_.LoadClassTree();
   EXPECT_EQ(Nodes(), (Texts{"gc0 物料", "gi01 01(乙)", "gi02 02(丙)"}));
   ExpectWindowInStep();
+}
+
+TEST_F(ClassTreeLoad, MarksTheClickedClassAgainAndSelectsNothing) {
+  AnswerStatement(factory_, kTreeStatement, ClassRows({{u"01", u"甲"}, {u"03", u"丙"}}));
+  AnswerStatement(factory_, statements::ItemsOfClass(u"03"), ItemRows({}));
+  tree_.LoadClassTree();
+  EXPECT_EQ(treeView_.marked, kNoNode);
+  tree_.NodeClick(3);
+  EXPECT_EQ(treeView_.marked, 3);
+  AnswerStatement(factory_, kTreeStatement,
+                  ClassRows({{u"01", u"甲"}, {u"02", u"乙"}, {u"03", u"丙"}}));
+  tree_.LoadClassTree();
+  EXPECT_EQ(treeView_.marked, 4) << "the class, not the place";
+  EXPECT_EQ(treeView_.selected, kNoNode);
+}
+
+TEST_F(ClassTreeLoad, MarksThePlaceOfAClassThatIsGone) {
+  AnswerStatement(factory_, kTreeStatement, ClassRows({{u"01", u"甲"}, {u"02", u"乙"}}));
+  AnswerStatement(factory_, statements::ItemsOfClass(u"02"), ItemRows({}));
+  tree_.LoadClassTree();
+  tree_.NodeClick(3);
+  AnswerStatement(factory_, kTreeStatement, ClassRows({{u"01", u"甲"}, {u"02A", u"乙"}}));
+  tree_.LoadClassTree();
+  EXPECT_EQ(treeView_.marked, 3);
+  AnswerStatement(factory_, kTreeStatement, ClassRows({{u"01", u"甲"}}));
+  tree_.LoadClassTree();
+  EXPECT_EQ(treeView_.marked, 2) << "the last one";
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // The selection of cells, its keys, and the texts that are copied from it.
 #include "browser/grid_selection.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -130,17 +131,13 @@ TEST_F(GridSelectionTest, FitsAGridWithFewerRows) {
 TEST_F(GridSelectionTest, MovesNothingByOtherKeys) {
   selection_.MoveTo(2, 2, false, grid_);
   const GridSelection before = selection_;
-  for (const GridKey key :
-       {GridKey::None, GridKey::Copy, GridKey::SelectAll, GridKey::SelectRows}) {
+  for (const GridKey key : {GridKey::None, GridKey::SelectAll, GridKey::SelectRows}) {
     EXPECT_FALSE(selection_.Move(key, false, 10, grid_));
   }
   EXPECT_EQ(selection_, before);
 }
 
 TEST(GridKeys, NeedTheirModifiers) {
-  EXPECT_EQ(GridKeyOf({.key = Key::C}), GridKey::None);
-  EXPECT_EQ(GridKeyOf({.key = Key::C, .control = true}), GridKey::Copy);
-  EXPECT_EQ(GridKeyOf({.key = Key::Insert, .control = true}), GridKey::Copy);
   EXPECT_EQ(GridKeyOf({.key = Key::Insert}), GridKey::None);
   EXPECT_EQ(GridKeyOf({.key = Key::A, .control = true}), GridKey::SelectAll);
   EXPECT_EQ(GridKeyOf({.key = Key::Space}), GridKey::None);
@@ -153,20 +150,39 @@ TEST_F(GridSelectionTest, CopiesABlockAsOneLinePerRow) {
   grid_.SetText(1, 1, u"甲");
   grid_.SetText(2, 2, u"2.00");
   selection_ = {1, 1, 2, 2};
-  EXPECT_EQ(Utf8(CopiedText(grid_, selection_).value()), "甲\t\r\n\t2.00\r\n");
+  EXPECT_EQ(Utf8(Copied(grid_, selection_, false)->text), "甲\t\r\n\t2.00\r\n");
+}
+
+TEST_F(GridSelectionTest, CopiesABlockBelowItsTitles) {
+  grid_.SetText(2, kTitleRow, u"名称");
+  grid_.SetText(3, kTitleRow, u"型号");
+  grid_.SetText(2, 1, u"螺栓");
+  selection_ = {2, 1, 3, 1};
+  EXPECT_EQ(Utf8(Copied(grid_, selection_, true)->text), "名称\t型号\r\n螺栓\t\r\n");
+  selection_.MoveTo(2, 1, false, grid_);
+  EXPECT_EQ(Utf8(Copied(grid_, selection_, true)->text), "名称\r\n螺栓\r\n");
+}
+
+TEST_F(GridSelectionTest, CopiesAPriceAsANumberAndACodeAsText) {
+  grid_.SetText(3, 1, u"001000");
+  grid_.SetUpperBound(4, 50, 100);
+  grid_.SetText(4, 1, u"2.00");
+  selection_ = {3, 1, 4, 1};
+  EXPECT_THAT(Copied(grid_, selection_, false)->html,
+              ::testing::HasSubstr("<tr><td class=t>001000</td><td>2.00</td></tr>"));
 }
 
 TEST_F(GridSelectionTest, CopiesOneCellAsItsTextAlone) {
   grid_.SetText(2, 3, u"螺栓");
   selection_.MoveTo(2, 3, false, grid_);
-  EXPECT_EQ(Utf8(CopiedText(grid_, selection_).value()), "螺栓");
+  EXPECT_EQ(Utf8(Copied(grid_, selection_, false)->text), "螺栓");
   selection_.MoveTo(2, 4, false, grid_);
-  EXPECT_EQ(Utf8(CopiedText(grid_, selection_).value()), "");
+  EXPECT_EQ(Utf8(Copied(grid_, selection_, false)->text), "");
 }
 
 TEST_F(GridSelectionTest, CopiesNothingWithoutRows) {
   grid_.SetMaxRows(0);
-  EXPECT_FALSE(CopiedText(grid_, selection_));
+  EXPECT_FALSE(Copied(grid_, selection_, true));
 }
 
 TEST_F(GridSelectionTest, MeasuresTheTitleAndTheLongestTextsOfAColumn) {

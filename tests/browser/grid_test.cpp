@@ -228,5 +228,21 @@ TEST_F(GridTest, KeepsWidthsAndHeights) {
   EXPECT_EQ(grid_.RowHeight(), 0);
 }
 
+TEST_F(GridTest, ClearsNumbersOnlyWhereTheyMayBeTyped) {
+  grid_.SetMaxRows(3);
+  for (std::int32_t row = 1; row <= 3; ++row) {
+    grid_.SetText(1, row, u"甲");
+    grid_.SetText(4, row, u"1.00");
+  }
+  grid_.SetUpperBound(1, 3, 9);
+  grid_.SetUpperBound(4, 3, 9);
+  grid_.LockColumns(1);
+  grid_.ClearNumbers({1, 2, 99, 99});
+  EXPECT_EQ(TextAt(1, 2), "甲");
+  EXPECT_EQ(TextAt(4, 1), "1.00");
+  EXPECT_EQ(TextAt(4, 2), "");
+  EXPECT_EQ(TextAt(4, 3), "");
+}
+
 }  // namespace
 }  // namespace pricedown::testing

@@ -82,5 +82,22 @@ TEST(NumberCell, EndsTypingByMoveKeysButNotByThoseThatMoveInTheText) {
   }
 }
 
+TEST(NumberCell, TakesFullWidthDigitsAndPoints) {
+  EXPECT_EQ(Utf8(CellCharacters(u"１２．５０")), "12.50");
+  EXPECT_EQ(CellCharacter(u'。'), u'.');
+  for (const char16_t other : {u'7', u'.', u'，', u'Ａ', u'－', u'中'}) {
+    EXPECT_EQ(CellCharacter(other), other);
+  }
+}
+
+TEST(NumberCell, BeginsEditingOrEmptiesByKeysWithoutModifiers) {
+  EXPECT_EQ(CellStartOf({Key::F2}), CellStart::Edit);
+  EXPECT_EQ(CellStartOf({Key::Enter}), CellStart::Edit);
+  EXPECT_EQ(CellStartOf({Key::Delete}), CellStart::Clear);
+  EXPECT_EQ(CellStartOf({Key::Insert}), CellStart::None);
+  EXPECT_EQ(CellStartOf({.key = Key::Delete, .shift = true}), CellStart::None);
+  EXPECT_EQ(CellStartOf({.key = Key::Enter, .control = true}), CellStart::None);
+}
+
 }  // namespace
 }  // namespace pricedown::testing

@@ -48,6 +48,7 @@ class RecordingTreeView : public ClassTreeView {
     recorder_->QuietCall("tree selected", u"tree");
     return selected;
   }
+  void MarkNode(NodeIndex index) override { marked = index; }
   void SetRedraw(bool on) override {
     recorder_->Call(on ? "tree redraw on" : "tree redraw off", u"tree");
     redraw = on;
@@ -55,6 +56,7 @@ class RecordingTreeView : public ClassTreeView {
 
   std::map<NodeIndex, std::string> texts;
   NodeIndex selected = kNoNode;
+  NodeIndex marked = kNoNode;
   bool redraw = true;
   std::u16string refusedText;
 

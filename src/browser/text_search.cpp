@@ -1,0 +1,57 @@
+#include "browser/text_search.h"
+
+#include <algorithm>
+
+#include "platform/convert.h"
+#include "platform/text.h"
+
+namespace pricedown {
+
+void TextSearch::Start(const SearchedRows& rows, std::u16string_view text) {
+  rows_ = &rows;
+  pattern_ = TextPattern(text);
+  counted_ = 0;
+  hits_.clear();
+}
+
+std::optional<SearchHit> TextSearch::Next(std::int32_t row, bool backwards) const {
+  if (IsEmpty() || (IsCounted() && hits_.empty())) return std::nullopt;
+  const std::int32_t count = rows_->Rows();
+  const std::int32_t step = backwards ? -1 : 1;
+  std::int32_t next = std::clamp(row, 0, count + 1);
+  if (IsCounted()) {
+    // The rows in between have none.
+    const auto place = backwards ? std::lower_bound(hits_.begin(), hits_.end(), next)
+                                 : std::upper_bound(hits_.begin(), hits_.end(), next);
+    if (backwards) return HitIn(place == hits_.begin() ? hits_.back() : *(place - 1));
+    return HitIn(place == hits_.end() ? hits_.front() : *place);
+  }
+  for (std::int32_t i = 0; i < count; ++i) {
+    next += step;
+    if (next > count) next = 1;
+    if (next < 1) next = count;
+    if (const SearchHit hit = HitIn(next); hit.column != 0) return hit;
+  }
+  return std::nullopt;
+}
+
+void TextSearch::CountOn(std::int32_t rows) {
+  if (IsEmpty()) return;
+  const std::int32_t end =
+      counted_ + std::min(std::max(rows, 0), std::max(rows_->Rows() - counted_, 0));
+  while (counted_ < end) {
+    if (HitIn(++counted_).column != 0) hits_.push_back(counted_);
+  }
+}
+
+std::u16string TextSearch::CountText(std::int32_t row) const {
+  if (IsEmpty()) return {};
+  const auto total = static_cast<std::int32_t>(hits_.size());
+  const auto place = std::lower_bound(hits_.begin(), hits_.end(), row);
+  const bool isHit = place != hits_.end() && *place == row;
+  const auto position = static_cast<std::int32_t>(place - hits_.begin()) + (isHit ? 1 : 0);
+  return Concatenate({isHit ? NumberText(position) : std::u16string(total == 0 ? u"0" : u"–"),
+                      u" / ", NumberText(total), IsCounted() ? u"" : u"+"});
+}
+
+}  // namespace pricedown
