@@ -28,7 +28,14 @@ class SilentViews final : public pricedown::PriceDownView,
   void SetTitleFont(const Font&) override {}
   void SetPeriod(std::u16string_view) override {}
   void DisableButton(const Command&) override {}
-  void CopyCells() override {}
+  void OpenFind(pricedown::FindPane, std::u16string_view) override {}
+  void CloseFind(pricedown::FindPane) override {}
+  void ShowFindCount(std::u16string_view, bool) override {}
+  void ShowFoundCell(std::int32_t, std::int32_t) override {}
+  void ShowFoundNode(std::int32_t) override {}
+  std::int32_t CurrentRow() const override { return 1; }
+  pricedown::FindPane FocusedPane() const override { return pricedown::FindPane::Grid; }
+  void CopyCells(bool) override {}
   pricedown::Size ControlSize() const override { return {15000, 9000}; }
   void Place(const pricedown::Layout&) override {}
   void ShowDragBar(const pricedown::Rectangle&) override {}
@@ -40,6 +47,7 @@ class SilentViews final : public pricedown::PriceDownView,
   }
   void SelectNode(pricedown::NodeIndex) override {}
   pricedown::NodeIndex SelectedNode() const override { return pricedown::kNoNode; }
+  void MarkNode(pricedown::NodeIndex) override {}
   void SetRedraw(bool) override {}
 
   void SetTreeFont(const pricedown::Font&) override {}

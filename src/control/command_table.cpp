@@ -11,7 +11,11 @@ namespace pricedown {
 // NOLINTNEXTLINE(readability-function-size) A table; in a function because its rows are friends.
 std::span<const ControlCommand> ControlCommands() {
   using namespace surface;
-  static constexpr std::array<ControlCommand, 12> kCommands{{
+  constexpr auto HasItems = [](const PriceDown& control) {
+    return control.grid_.Cells().MaxRows() > 0;
+  };
+  constexpr auto HasFindText = [](const PriceDown& control) { return control.find_.HasText(); };
+  static constexpr std::array<ControlCommand, 16> kCommands{{
       {{.key = u"sp2", .separator = true}, {.surfaces = kToolStrip}},
       {{.key = u"Add",
         .caption = u"新增",
@@ -68,11 +72,34 @@ std::span<const ControlCommand> ControlCommands() {
         .tool = u"iPrintPreView",
         .right = 0x8000,
         .run = [](PriceDown& control) { control.PreviewPara(); }}},
-      {{.key = u"Copy", .caption = u"复制", .keys = {KeyPress{.key = Key::C, .control = true}}},
+      {{.key = u"Copy",
+        .caption = u"复制",
+        .keys = {KeyPress{.key = Key::C, .control = true},
+                 KeyPress{.key = Key::Insert, .control = true}}},
        {.surfaces = kGridMenu,
         .beginsGroup = true,
-        .run = [](PriceDown& control) { control.ports_.view.CopyCells(); },
-        .enabled = [](const PriceDown& control) { return control.grid_.Cells().MaxRows() > 0; }}},
+        .run = [](PriceDown& control) { control.ports_.view.CopyCells(false); },
+        .enabled = HasItems}},
+      {{.key = u"CopyTitled",
+        .caption = u"连同标题复制",
+        .keys = {KeyPress{.key = Key::C, .shift = true, .control = true}}},
+       {.surfaces = kGridMenu,
+        .run = [](PriceDown& control) { control.ports_.view.CopyCells(true); },
+        .enabled = HasItems}},
+      {{.key = u"Find", .caption = u"查找", .keys = {KeyPress{.key = Key::F, .control = true}}},
+       {.surfaces = kMenus,
+        .beginsGroup = true,
+        .run = [](PriceDown& control) { control.find_.Open(control.ports_.view.FocusedPane()); }}},
+      {{.key = u"FindNext", .caption = u"查找下一个", .keys = {KeyPress{Key::F3}}},
+       {.surfaces = kMenus,
+        .run = [](PriceDown& control) { control.find_.Next(false); },
+        .enabled = HasFindText}},
+      {{.key = u"FindPrevious",
+        .caption = u"查找上一个",
+        .keys = {KeyPress{.key = Key::F3, .shift = true}}},
+       {.surfaces = kMenus,
+        .run = [](PriceDown& control) { control.find_.Next(true); },
+        .enabled = HasFindText}},
       {{.key = u"sp3", .separator = true}, {.surfaces = kToolStrip}},
       {{.key = u"Exit", .caption = u"退出", .tooltip = u"退出系统", .icon = PRICEDOWN_ICON_EXIT},
        {.surfaces = kToolStrip,

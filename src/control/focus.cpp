@@ -40,11 +40,14 @@ bool KeepsKey(FocusPlace place, const KeyPress& press) {
     case FocusPlace::ToolStrip:
       return key == Key::Enter || key == Key::Space;
     case FocusPlace::Grid:
-      return press.control && (key == Key::A || key == Key::C || key == Key::Insert);
+      return press.control && key == Key::A;
     case FocusPlace::CellEditor:
       // Editing keys apply to the number that is typed, whatever they mean to the host.
       return press == KeyPress{Key::F5} || key == Key::Delete || key == Key::Insert ||
              key == Key::Enter || key == Key::Escape || (press.control && IsEditingLetter(key));
+    case FocusPlace::FindField:
+      return key == Key::F3 || key == Key::Delete || key == Key::Insert || key == Key::Enter ||
+             key == Key::Escape || (press.control && IsEditingLetter(key));
     case FocusPlace::Splitter:
       return key == Key::Enter || key == Key::Escape;
     case FocusPlace::Tree:

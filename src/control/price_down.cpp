@@ -29,6 +29,7 @@ PriceDown::PriceDown(PriceDownPorts ports)
       grid_(environment_, browser_),
       tree_(environment_, browser_, ports_.treeView, grid_),
       commands_(environment_, browser_, tree_, ports_.editor),
+      find_(ports_.view, grid_.Cells(), tree_),
       font_(environment_, document_, grid_.Cells(), ports_.fontView),
       printing_(environment_, grid_.Cells(), document_, ports_.printOutput, font_),
       bar_(std::make_shared<CommandBar>(ports_.lifetime)) {

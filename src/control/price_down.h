@@ -13,6 +13,7 @@
 #include "browser/print_commands.h"
 #include "control/command_bar.h"
 #include "control/commands.h"
+#include "control/find.h"
 #include "control/splitter.h"
 #include "control/status.h"
 #include "control/views.h"
@@ -86,6 +87,9 @@ class PriceDown {
   void CommandChosen(const ControlCommand& command);
   bool IsEnabled(const ControlCommand& command) const;
 
+  // Of the find bar; null once the control has ended.
+  Find* Finding() { return HasEnded() ? nullptr : &find_; }
+
   // What the windows show and what hosts reach.
   Grid& ItemCells() { return grid_.Cells(); }
   const std::shared_ptr<CommandBar>& Bar() const { return bar_; }
@@ -130,6 +134,7 @@ class PriceDown {
   ItemGrid grid_;
   ClassTree tree_;
   ClassCommands commands_;
+  Find find_;
   PrintDocument document_;
   DisplayFont font_;
   PrintCommands printing_;

@@ -39,6 +39,8 @@ std::u16string NameOf(Key key) {
       return u"Down";
     case Key::F2:
       return u"F2";
+    case Key::F3:
+      return u"F3";
     case Key::F4:
       return u"F4";
     case Key::F5:

@@ -48,9 +48,11 @@ TEST(Commands, GiveEveryButtonAnIconOfItsOwn) {
 
 TEST(Commands, FillTheMenusInGroups) {
   std::vector<std::string> keys{"Add", "Edit", "Del", "- Refresh", "Print", "PrintView"};
+  std::vector<std::string> items = keys;
+  keys.insert(keys.end(), {"- Find", "FindNext", "FindPrevious"});
   EXPECT_EQ(Keys(surface::kTreeMenu), keys);
-  keys.push_back("- Copy");
-  EXPECT_EQ(Keys(surface::kGridMenu), keys);
+  items.insert(items.end(), {"- Copy", "CopyTitled", "- Find", "FindNext", "FindPrevious"});
+  EXPECT_EQ(Keys(surface::kGridMenu), items);
 }
 
 struct PressCase {
@@ -60,15 +62,21 @@ struct PressCase {
 };
 
 TEST(Commands, HaveKeysWhereAMenuShowsThem) {
-  for (const PressCase& given : {PressCase{{Key::Insert}, "Add", "Add"},
-                                 {{Key::F2}, "Edit", "Edit"},
-                                 {{Key::Enter}, "Edit", "Edit"},
-                                 {{Key::Delete}, "Del", "Del"},
-                                 {{Key::F5}, "Refresh", "Refresh"},
-                                 {{.key = Key::P, .control = true}, "Print", "Print"},
-                                 {{.key = Key::C, .control = true}, "none", "Copy"},
-                                 {{Key::P}, "none", "none"},
-                                 {{Key::None}, "none", "none"}}) {
+  for (const PressCase& given :
+       {PressCase{{Key::Insert}, "Add", "Add"},
+        {{Key::F2}, "Edit", "Edit"},
+        {{Key::Enter}, "Edit", "Edit"},
+        {{Key::Delete}, "Del", "Del"},
+        {{Key::F5}, "Refresh", "Refresh"},
+        {{.key = Key::P, .control = true}, "Print", "Print"},
+        {{.key = Key::C, .control = true}, "none", "Copy"},
+        {{.key = Key::Insert, .control = true}, "none", "Copy"},
+        {{.key = Key::C, .shift = true, .control = true}, "none", "CopyTitled"},
+        {{.key = Key::F, .control = true}, "Find", "Find"},
+        {{Key::F3}, "FindNext", "FindNext"},
+        {{.key = Key::F3, .shift = true}, "FindPrevious", "FindPrevious"},
+        {{Key::P}, "none", "none"},
+        {{Key::None}, "none", "none"}}) {
     EXPECT_EQ(KeyOf(CommandOfPress(given.press, surface::kTreeMenu)), given.inTree);
     EXPECT_EQ(KeyOf(CommandOfPress(given.press, surface::kGridMenu)), given.inGrid);
   }
@@ -79,7 +87,7 @@ TEST(Commands, HaveNoKeysWithOtherModifiers) {
     for (const KeyPress& press : {KeyPress{.key = key, .shift = true},
                                   {.key = key, .control = true},
                                   {.key = key, .alt = true}}) {
-      EXPECT_EQ(KeyOf(CommandOfPress(press, surface::kMenus)), "none") << static_cast<int>(key);
+      EXPECT_EQ(KeyOf(CommandOfPress(press, surface::kTreeMenu)), "none") << static_cast<int>(key);
     }
   }
   EXPECT_EQ(CommandOfPress({.key = Key::P, .shift = true, .control = true}, surface::kMenus),

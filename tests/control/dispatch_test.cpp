@@ -152,6 +152,9 @@ TEST_F(Dispatch, CopiesWhatTheGridHas) {
       *CommandOfPress({.key = Key::C, .control = true}, surface::kGridMenu);
   Control().CommandChosen(copy);
   EXPECT_EQ(world_.log.Text(), "view copy\n");
+  Control().CommandChosen(
+      *CommandOfPress({.key = Key::C, .shift = true, .control = true}, surface::kGridMenu));
+  EXPECT_EQ(world_.log.Text(), "view copy\nview copy titled\n");
   Control().NodeClicked(1);
   world_.log.Clear();
   EXPECT_FALSE(Control().IsEnabled(copy));

@@ -57,7 +57,7 @@ TEST(KeptKeys, AreThoseThatThePartNeeds) {
         {{Key::F5}, false, false, true, false, false},
         {{.key = Key::F5, .shift = true}, false, false, false, false, false},
         {{Key::Delete}, false, false, true, false, false},
-        {{.key = Key::Insert, .control = true}, false, true, true, false, false},
+        {{.key = Key::Insert, .control = true}, false, false, true, false, false},
         {{.key = Key::A, .control = true}, false, true, true, false, false},
         {{.key = Key::V, .control = true}, false, false, true, false, false},
         {{Key::A}, false, false, false, false, false},
@@ -69,6 +69,24 @@ TEST(KeptKeys, AreThoseThatThePartNeeds) {
     EXPECT_EQ(KeepsKey(FocusPlace::ToolStrip, kept.press), kept.strip);
     EXPECT_EQ(KeepsKey(FocusPlace::Splitter, kept.press), kept.splitter);
     EXPECT_EQ(KeepsKey(FocusPlace::Other, kept.press), kept.tree);
+  }
+}
+
+TEST(KeptKeys, OfTheFindBarAreThoseOfAFieldAndItsOwn) {
+  for (const KeyPress& press : {KeyPress{Key::Enter},
+                                {.key = Key::Enter, .shift = true},
+                                {Key::Escape},
+                                {Key::F3},
+                                {Key::Delete},
+                                {Key::Insert},
+                                {Key::Home},
+                                {.key = Key::A, .control = true},
+                                {.key = Key::V, .control = true}}) {
+    EXPECT_TRUE(KeepsKey(FocusPlace::FindField, press)) << static_cast<int>(press.key);
+  }
+  for (const KeyPress& press :
+       {KeyPress{Key::F5}, {.key = Key::P, .control = true}, {Key::A}, {Key::F2}}) {
+    EXPECT_FALSE(KeepsKey(FocusPlace::FindField, press)) << static_cast<int>(press.key);
   }
 }
 

@@ -18,6 +18,8 @@ inline std::string InLog(const Rectangle& rectangle) {
          std::to_string(rectangle.width) + "x" + std::to_string(rectangle.height);
 }
 
+inline const char* PaneName(FindPane pane) { return pane == FindPane::Tree ? "tree" : "grid"; }
+
 // Log lines: view title "物料类别维护", view place 9000x6000, view bar 3600,1140 75x4530...
 class RecordingPriceDownView : public PriceDownView {
  public:
@@ -32,7 +34,22 @@ class RecordingPriceDownView : public PriceDownView {
   void DisableButton(const Command& command) override {
     Log("view disable button " + Utf8(command.key));
   }
-  void CopyCells() override { Log("view copy"); }
+  void OpenFind(FindPane pane, std::u16string_view text) override {
+    Log(std::string("find open ") + PaneName(pane) + " " + Quoted(text));
+  }
+  void CloseFind(FindPane pane) override { Log(std::string("find close ") + PaneName(pane)); }
+  void ShowFindCount(std::u16string_view text, bool counting) override {
+    findCount = Utf8(text);
+    findCounting = counting;
+  }
+  void ShowFoundCell(std::int32_t column, std::int32_t row) override {
+    currentRow = row;
+    Log("find cell " + std::to_string(column) + "," + std::to_string(row));
+  }
+  void ShowFoundNode(std::int32_t node) override { Log("find node " + std::to_string(node)); }
+  std::int32_t CurrentRow() const override { return currentRow; }
+  FindPane FocusedPane() const override { return focusedPane; }
+  void CopyCells(bool titled) override { Log(titled ? "view copy titled" : "view copy"); }
   Size ControlSize() const override {
     recorder_->QuietCall("view size", u"view");
     return size;
@@ -50,6 +67,10 @@ class RecordingPriceDownView : public PriceDownView {
 
   Size size{12000, 8000};
   Layout placed;
+  std::int32_t currentRow = 1;
+  FindPane focusedPane = FindPane::Grid;
+  std::string findCount;
+  bool findCounting = false;
 
  private:
   void Log(const std::string& line) { recorder_->Call(line, u"view"); }

@@ -22,6 +22,10 @@ inline constexpr int kFontLabel = 115;     // lblFont
 inline constexpr int kCellEditor = 116;    // the grid's field for typing
 inline constexpr int kFirstLabel = 117;    // Label1
 inline constexpr int kSecondLabel = 118;   // Label2
+inline constexpr int kFindBar = 119;
+inline constexpr int kFindLabel = 120;
+inline constexpr int kFindField = 121;
+inline constexpr int kFindCount = 122;
 
 // The tool strip's buttons have the command ids kFirstButton + position, positions from 1.
 inline constexpr int kFirstButton = 200;

@@ -13,7 +13,7 @@ static_assert(Is(Key::Right, VK_RIGHT) && Is(Key::Down, VK_DOWN));
 static_assert(Is(Key::Insert, VK_INSERT) && Is(Key::Delete, VK_DELETE) && Is(Key::Menu, VK_APPS));
 static_assert(Is(Key::Add, VK_ADD) && Is(Key::Subtract, VK_SUBTRACT));
 static_assert(Is(Key::Plus, VK_OEM_PLUS) && Is(Key::Minus, VK_OEM_MINUS));
-static_assert(Is(Key::F2, VK_F2) && Is(Key::F4, VK_F4) && Is(Key::F5, VK_F5));
+static_assert(Is(Key::F2, VK_F2) && Is(Key::F3, VK_F3) && Is(Key::F4, VK_F4) && Is(Key::F5, VK_F5));
 static_assert(Is(Key::F6, VK_F6) && Is(Key::F7, VK_F7) && Is(Key::F10, VK_F10));
 
 }  // namespace

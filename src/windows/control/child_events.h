@@ -3,7 +3,10 @@
 
 #include <cstdint>
 
+#include <string_view>
+
 #include "browser/node_collection.h"
+#include "control/find.h"
 #include "windows/grid/grid_events.h"
 
 namespace pricedown::windows {
@@ -16,8 +19,23 @@ enum class SplitterAction {
   StepRight,
 };
 
+// What the find bar reports, as the last step of a message.
+class FindBarEvents {
+ public:
+  // `composing` while an input method's composition is open.
+  virtual void FindTextChanged(std::u16string_view text, bool composing) = 0;
+  virtual void FindKeyPressed(FindKey key) = 0;
+  // Nothing else is to do.
+  virtual void FindIdle() = 0;
+  // Tab.
+  virtual void FindLeft() = 0;
+
+ protected:
+  ~FindBarEvents() = default;
+};
+
 // Reported as the last step of a message, because the report may end the control.
-class ChildEvents : public GridEvents {
+class ChildEvents : public GridEvents, public FindBarEvents {
  public:
   // The user clicked a node, or selected it by keyboard.
   virtual void NodeClicked(NodeIndex node) = 0;

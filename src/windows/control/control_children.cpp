@@ -45,6 +45,7 @@ void ControlChildren::Create(HWND parent) {
   progressBar.Create(parent, module, PROGRESS_CLASSW, control_ids::kProgressBar, PBS_MARQUEE);
   statusBar.Create(parent, module, Translate(kStatusName));
   fontLabel.Create(parent, module, L"STATIC", control_ids::kFontLabel, SS_NOPREFIX, kFontSample);
+  findBar.Create(parent, module);
   ListCaptions();
 }
 
@@ -80,6 +81,7 @@ void ControlChildren::MakeFonts(Dpi dpi) {
     GiveFont(window->Handle(), forTexts.Get());
   }
   strip.SetFont(forTexts.Get());
+  findBar.SetFont(forTexts.Get());
   tree.SetFont(MakeFont(treeFont, dpi));
   titleFont = std::move(forTitle);
   textFont = std::move(forTexts);

@@ -17,6 +17,7 @@
 #include "windows/base/plain_control.h"
 #include "windows/base/tool_strip_window.h"
 #include "windows/base/visual_styles.h"
+#include "windows/control/find_bar_window.h"
 #include "windows/control/heading_window.h"
 #include "windows/control/splitter_window.h"
 #include "windows/control/status_window.h"
@@ -39,7 +40,8 @@ struct ControlChildren {
         tree(events),
         strip(events, Buttons()),
         splitter(events),
-        grid(events) {}
+        grid(events),
+        findBar(events) {}
 
   // Makes all windows in `parent`, and `form` over them. Throws AutomationError.
   void Create(HWND parent);
@@ -51,6 +53,11 @@ struct ControlChildren {
   // False when there is no further child in that direction and it does not wrap around.
   bool MoveFocus(bool backwards, bool wrap) const;
   FocusPlace PlaceOf(HWND focus) const;
+  // The find bar lies over the heading of its pane.
+  HWND WindowOf(FindPane which) const {
+    return which == FindPane::Tree ? tree.Handle() : grid.Handle();
+  }
+  void PlaceFindBar();
 
   HINSTANCE module;
   VisualStyles styles;
@@ -79,6 +86,7 @@ struct ControlChildren {
   DragBarWindow dragBar;
   PaneWindow pane;
   GridWindow grid;
+  FindBarWindow findBar;
   StatusWindow statusBar;
 
   std::shared_ptr<CaptionedForm> form;

@@ -116,7 +116,40 @@ void ControlWindow::FocusEntered(HWND from) {
 void ControlWindow::ItemsChanged() {
   ItemsFilling();
   ShowStatus();
+  if (Find* find = control_ == nullptr ? nullptr : control_->Finding()) {
+    find->RowsChanged(FindPane::Grid);
+  }
 }
+
+void ControlWindow::FindTextChanged(std::u16string_view text, bool composing) {
+  Fire([&](PriceDown& control) {
+    if (Find* find = control.Finding()) find->TextChanged(text, composing);
+  });
+}
+
+void ControlWindow::FindKeyPressed(FindKey key) {
+  Fire([key](PriceDown& control) {
+    Find* const find = control.Finding();
+    if (find == nullptr) return;
+    switch (key) {
+      case FindKey::Accept:
+        return find->Accept();
+      case FindKey::Next:
+      case FindKey::Previous:
+        return find->Next(key == FindKey::Previous);
+      case FindKey::Close:
+        return find->Close();
+      case FindKey::None:
+        return;
+    }
+  });
+}
+
+void ControlWindow::FindIdle() {
+  if (Find* find = control_ == nullptr ? nullptr : control_->Finding()) find->CountOn();
+}
+
+void ControlWindow::FindLeft() { SetFocus(children_->WindowOf(children_->findBar.Pane())); }
 
 // The rows come after the answer of the database: by then it is known whether this takes long.
 void ControlWindow::ItemsFilling() {

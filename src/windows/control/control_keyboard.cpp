@@ -37,6 +37,7 @@ FocusPlace ControlChildren::PlaceOf(HWND focus) const {
   if (focus == tree.Handle()) return FocusPlace::Tree;
   if (focus == grid.Handle()) return FocusPlace::Grid;
   if (IsChild(grid.Handle(), focus) != FALSE) return FocusPlace::CellEditor;
+  if (IsChild(findBar.Handle(), focus) != FALSE) return FocusPlace::FindField;
   if (focus == strip.Handle()) return FocusPlace::ToolStrip;
   return focus == splitter.Handle() ? FocusPlace::Splitter : FocusPlace::Other;
 }
@@ -52,7 +53,7 @@ void ControlWindow::SetFocusFirst(bool last) {
 // A key whose command is disabled is left to the host.
 bool ControlWindow::UsesCommandKey(HWND focus, const KeyPress& press) const {
   const ControlChildren& c = *children_;
-  if (focus == c.grid.Handle() && c.grid.EditsWith(press)) return true;
+  if (focus == c.grid.Handle() && c.grid.UsesCellKey(press)) return true;
   if (focus != c.tree.Handle() && focus != c.grid.Handle()) return false;
   const ControlCommand* command = CommandOfPress(press, MenuOf(focus));
   return command != nullptr && control_ != nullptr && control_->IsEnabled(*command);

@@ -117,6 +117,7 @@ void ControlWindow::Place(const Layout& layout) {
             {c.pane.Handle(), pane},
             {c.statusBar.Handle(), dpi.ToPixels(layout.statusBar)}});
   PlaceAll({{c.grid.Handle(), grid}});
+  children_->PlaceFindBar();
   children_->statusBar.ArrangePanels(dpi);
   // Shown and hidden with the work, not with the layout.
   const RECT bar = dpi.ToPixels(layout.progressBar);
@@ -128,6 +129,16 @@ void ControlWindow::Place(const Layout& layout) {
       IsWindowVisible(focus) == FALSE) {
     SetFocusFirst(false);
   }
+}
+
+void ControlChildren::PlaceFindBar() {
+  if (!findBar.IsOpen()) return;
+  const HWND heading =
+      findBar.Pane() == FindPane::Tree ? classHeading.Handle() : itemHeading.Handle();
+  RECT area{};
+  GetWindowRect(heading, &area);
+  MapWindowPoints(nullptr, GetParent(heading), reinterpret_cast<POINT*>(&area), 2);
+  findBar.MoveTo(area);
 }
 
 void ControlWindow::Draw(HDC context, const RECT& pixels) {

@@ -97,7 +97,38 @@ void ControlWindow::DisableButton(const Command& command) {
   children_->strip.SetEnabled(command, false);
 }
 
-void ControlWindow::CopyCells() { SendMessageW(children_->grid.Handle(), WM_COPY, 0, 0); }
+void ControlWindow::CopyCells(bool titled) { children_->grid.Copy(titled); }
+
+void ControlWindow::OpenFind(FindPane pane, std::u16string_view text) {
+  if (Handle() == nullptr) return;
+  children_->findBar.Open(pane, text);
+  children_->PlaceFindBar();
+  children_->findBar.Focus();
+}
+
+void ControlWindow::CloseFind(FindPane pane) {
+  if (Handle() == nullptr) return;
+  // First, or the focus would be nobody's for a moment.
+  if (children_->findBar.HasFocus()) SetFocus(children_->WindowOf(pane));
+  children_->findBar.Close();
+}
+
+void ControlWindow::ShowFindCount(std::u16string_view text, bool counting) {
+  children_->findBar.SetCount(text, counting);
+}
+
+void ControlWindow::ShowFoundCell(std::int32_t column, std::int32_t row) {
+  children_->grid.GoTo(column, row);
+}
+
+void ControlWindow::ShowFoundNode(std::int32_t node) { children_->tree.ShowFound(node); }
+
+std::int32_t ControlWindow::CurrentRow() const { return children_->grid.Selection().row; }
+
+FindPane ControlWindow::FocusedPane() const {
+  if (children_->findBar.HasFocus()) return children_->findBar.Pane();
+  return GetFocus() == children_->tree.Handle() ? FindPane::Tree : FindPane::Grid;
+}
 
 Size ControlWindow::ControlSize() const {
   if (Handle() == nullptr) return {};
@@ -127,6 +158,8 @@ void ControlWindow::InsertNode(NodeIndex index, NodeIndex parent, std::u16string
 void ControlWindow::SelectNode(NodeIndex index) { children_->tree.SelectNode(index); }
 
 NodeIndex ControlWindow::SelectedNode() const { return children_->tree.SelectedNode(); }
+
+void ControlWindow::MarkNode(NodeIndex index) { children_->tree.MarkNode(index); }
 
 void ControlWindow::SetRedraw(bool redraw) {
   work_.BeginFill(Clock::now());

@@ -74,7 +74,14 @@ class ControlWindow final : public PriceDownView,
   void SetTitleFont(const Font& font) override;
   void SetPeriod(std::u16string_view text) override;
   void DisableButton(const Command& command) override;
-  void CopyCells() override;
+  void CopyCells(bool titled) override;
+  void OpenFind(FindPane pane, std::u16string_view text) override;
+  void CloseFind(FindPane pane) override;
+  void ShowFindCount(std::u16string_view text, bool counting) override;
+  void ShowFoundCell(std::int32_t column, std::int32_t row) override;
+  void ShowFoundNode(std::int32_t node) override;
+  std::int32_t CurrentRow() const override;
+  FindPane FocusedPane() const override;
   Size ControlSize() const override;
   void Place(const Layout& layout) override;
   void ShowDragBar(const Rectangle& bar) override;
@@ -85,6 +92,7 @@ class ControlWindow final : public PriceDownView,
   void InsertNode(NodeIndex index, NodeIndex parent, std::u16string_view text) override;
   void SelectNode(NodeIndex index) override;
   NodeIndex SelectedNode() const override;
+  void MarkNode(NodeIndex index) override;
   void SetRedraw(bool redraw) override;
 
   // FontView
@@ -100,6 +108,10 @@ class ControlWindow final : public PriceDownView,
   bool KeyPressed(HWND child, const KeyPress& press, bool repeated) override;
   void MenuRequested(HWND child, POINT place) override;
   void SplitterEvent(SplitterAction action, std::int32_t pixels) override;
+  void FindTextChanged(std::u16string_view text, bool composing) override;
+  void FindKeyPressed(FindKey key) override;
+  void FindIdle() override;
+  void FindLeft() override;
   void TabPressed(bool backwards) override;
   void FocusEntered(HWND from) override;
   void ItemsChanged() override;

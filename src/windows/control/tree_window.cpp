@@ -12,6 +12,7 @@
 #include "platform/icon_ids.h"
 #include "windows/base/context_menu.h"
 #include "windows/base/control_ids.h"
+#include "windows/base/gdi.h"
 #include "windows/base/keyboard.h"
 #include "windows/base/plain_control.h"
 #include "windows/com/wide_text.h"
@@ -23,6 +24,11 @@ namespace {
 constexpr int kClosedImage = 0;
 constexpr int kOpenImage = 1;
 constexpr std::array<int, 2> kImages{PRICEDOWN_ICON_FOLDER, PRICEDOWN_ICON_OPEN_FOLDER};
+
+COLORREF MarkColour() {
+  constexpr int kShare = 60;  // of 255
+  return Blend(GetSysColor(COLOR_WINDOW), GetSysColor(COLOR_WINDOWTEXT), kShare);
+}
 
 bool IsNavigationKey(WPARAM key) {
   return key == VK_UP || key == VK_DOWN || key == VK_HOME || key == VK_END || key == VK_PRIOR ||
@@ -75,9 +81,18 @@ HTREEITEM TreeWindow::ItemOf(NodeIndex index) const {
   return items_[static_cast<std::size_t>(index) - 1];
 }
 
+NodeIndex TreeWindow::IndexOf(HTREEITEM handle) const {
+  TVITEMW item{};
+  item.mask = TVIF_PARAM;
+  item.hItem = handle;
+  if (handle == nullptr || TreeView_GetItem(Handle(), &item) == FALSE) return kNoNode;
+  return static_cast<NodeIndex>(item.lParam);
+}
+
 void TreeWindow::ClearNodes() {
-  lastSelected_ = kNoNode;
+  lastSelected_ = marked_ = found_ = kNoNode;
   if (Handle() == nullptr) return;
+  firstVisible_ = IndexOf(TreeView_GetFirstVisible(Handle()));
   selecting_ = true;
   if (const HTREEITEM root = ItemOf(1)) {
     rootCollapsed_ = items_.size() > 1 &&
@@ -116,11 +131,19 @@ void TreeWindow::SelectNode(NodeIndex index) {
 
 NodeIndex TreeWindow::SelectedNode() const {
   if (Handle() == nullptr) return lastSelected_;
-  TVITEMW item{};
-  item.mask = TVIF_PARAM;
-  item.hItem = TreeView_GetSelection(Handle());
-  if (item.hItem == nullptr || TreeView_GetItem(Handle(), &item) == FALSE) return kNoNode;
-  return static_cast<NodeIndex>(item.lParam);
+  return IndexOf(TreeView_GetSelection(Handle()));
+}
+
+void TreeWindow::MarkNode(NodeIndex index) {
+  marked_ = index;
+  if (Handle() != nullptr) InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+void TreeWindow::ShowFound(NodeIndex index) {
+  found_ = index;
+  if (Handle() == nullptr) return;
+  if (const HTREEITEM item = ItemOf(index)) TreeView_EnsureVisible(Handle(), item);
+  InvalidateRect(Handle(), nullptr, FALSE);
 }
 
 void TreeWindow::SetRedraw(bool redraw) {
@@ -131,7 +154,12 @@ void TreeWindow::SetRedraw(bool redraw) {
     if (const HTREEITEM root = ItemOf(1)) TreeView_Expand(Handle(), root, TVE_EXPAND);
   }
   SendMessageW(Handle(), WM_SETREDRAW, redraw ? TRUE : FALSE, 0);
-  if (redraw) InvalidateRect(Handle(), nullptr, TRUE);
+  if (!redraw) return;
+  if (const NodeIndex first = std::exchange(firstVisible_, kNoNode); first > kRootNode) {
+    const auto last = static_cast<NodeIndex>(items_.size());
+    TreeView_SelectSetFirstVisible(Handle(), ItemOf(std::min(first, last)));
+  }
+  InvalidateRect(Handle(), nullptr, TRUE);
 }
 
 bool TreeWindow::MouseIsOnNode() const {
@@ -142,8 +170,31 @@ bool TreeWindow::MouseIsOnNode() const {
   return TreeView_HitTest(Handle(), &hit) != nullptr && (hit.flags & TVHT_ONITEM) != 0;
 }
 
-LRESULT TreeWindow::OnNotify(const NMHDR& header) {
+// The class whose items are shown is seen as such also without the focus, and while a reload has
+// left none selected. The system's own colour is that of the window in high contrast.
+LRESULT TreeWindow::OnDraw(NMTVCUSTOMDRAW& drawing) const {
+  if (drawing.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+  if (drawing.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
+  const NodeIndex selected = SelectedNode();
+  const auto node = static_cast<NodeIndex>(drawing.nmcd.lItemlParam);
+  // kNoNode is no node's index.
+  if (node == found_) {
+    drawing.clrText = GetSysColor(COLOR_HIGHLIGHTTEXT);
+    drawing.clrTextBk = GetSysColor(COLOR_HIGHLIGHT);
+    return CDRF_NEWFONT;
+  }
+  const bool shown =
+      selected == kNoNode ? node == marked_ : node == selected && GetFocus() != Handle();
+  if (!shown) return CDRF_DODEFAULT;
+  drawing.clrText = GetSysColor(COLOR_WINDOWTEXT);
+  drawing.clrTextBk = MarkColour();
+  return CDRF_NEWFONT;
+}
+
+LRESULT TreeWindow::OnNotify(NMHDR& header) {
   switch (header.code) {
+    case NM_CUSTOMDRAW:
+      return OnDraw(reinterpret_cast<NMTVCUSTOMDRAW&>(header));
     case NM_CLICK:
       if (MouseIsOnNode()) pending_->clicked = true;
       return 0;
@@ -175,11 +226,17 @@ bool TreeWindow::OnKeyDown(WPARAM key, bool repeated) {
     return true;
   }
   if (events_.KeyPressed(Handle(), PressOf(key), repeated)) return true;
-  if (IsNavigationKey(key) && TreeView_GetSelection(Handle()) == nullptr && !items_.empty()) {
+  if (!IsNavigationKey(key) || TreeView_GetSelection(Handle()) != nullptr || items_.empty()) {
+    return false;
+  }
+  if (ItemOf(marked_) == nullptr) {
     // The new selection is reported from within, as the last step.
     TreeView_SelectItem(Handle(), TreeView_GetFirstVisible(Handle()));
     return true;
   }
+  SelectNode(marked_);
+  // Also when the key leads nowhere: the node is the selected one now.
+  pending_->clicked = true;
   return false;
 }
 

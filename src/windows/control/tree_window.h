@@ -29,13 +29,16 @@ class TreeWindow final : public BoundWindow {
   void SelectNode(NodeIndex index);
   // After the window has been destroyed: what was selected then.
   NodeIndex SelectedNode() const;
+  void MarkNode(NodeIndex index);
+  // Makes the node visible and draws it as found; kNoNode for none.
+  void ShowFound(NodeIndex index);
   void SetRedraw(bool redraw);
 
   void SetFont(FontHandle font);
   // Sizes of the resolution, colours of the system.
   void TakeAppearance(Dpi dpi);
   // A notification that the tree sent to its parent.
-  LRESULT OnNotify(const NMHDR& header);
+  LRESULT OnNotify(NMHDR& header);
 
  private:
   // What the user did while the tree handles a message. Kept apart from the tree, which may be
@@ -51,7 +54,9 @@ class TreeWindow final : public BoundWindow {
   void OnRightPress(POINT point);
   // False for a click beside the client area.
   bool OnContextMenu(LPARAM place);
+  LRESULT OnDraw(NMTVCUSTOMDRAW& drawing) const;
   HTREEITEM ItemOf(NodeIndex index) const;
+  NodeIndex IndexOf(HTREEITEM item) const;
   bool MouseIsOnNode() const;
   void SizeItems();
 
@@ -65,6 +70,9 @@ class TreeWindow final : public BoundWindow {
   bool selecting_ = false;    // the core selects
   bool takingFocus_ = false;  // the system would select the first node
   bool rootCollapsed_ = false;
+  NodeIndex marked_ = kNoNode;
+  NodeIndex found_ = kNoNode;
+  NodeIndex firstVisible_ = kNoNode;  // before the nodes were cleared
   bool redraw_ = true;
 };
 

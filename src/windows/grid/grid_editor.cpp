@@ -68,7 +68,7 @@ bool GridEditor::Allows(std::u16string_view inserted) const {
 }
 
 void GridEditor::OnPaste() {
-  const std::u16string text = ClipboardText(Handle());
+  const std::u16string text = CellCharacters(ClipboardText(Handle()));
   const std::u16string_view trimmed = Trim(text);
   if (trimmed.empty()) return;
   if (!Allows(trimmed)) {
@@ -121,6 +121,7 @@ LRESULT GridEditor::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if (OnKeyDown(wParam)) return 0;
       break;
     case WM_CHAR:
+      wParam = CellCharacter(static_cast<char16_t>(wParam));
       if (OnChar(wParam)) return 0;
       break;
     case WM_PASTE:

@@ -16,15 +16,21 @@ void GridWindow::MoveTo(std::int32_t column, std::int32_t row, bool extend) {
   RevealSelection();
 }
 
+void GridWindow::GoTo(std::int32_t column, std::int32_t row) {
+  if (Handle() == nullptr) return;
+  editor_.Finish(0);
+  MoveTo(column, row, false);
+}
+
 void GridWindow::RevealSelection() {
   Scrolled(viewport_.Reveal(selection_.column, selection_.row));
   Invalidate();
 }
 
-void GridWindow::Copy() {
-  if (grid_ == nullptr) return;
-  const auto text = CopiedText(*grid_, selection_);
-  if (text && !CopyToClipboard(Handle(), *text)) MessageBeep(MB_OK);
+void GridWindow::Copy(bool titled) {
+  if (grid_ == nullptr || Handle() == nullptr) return;
+  const auto cells = Copied(*grid_, selection_, titled);
+  if (cells && !CopyToClipboard(Handle(), *cells)) MessageBeep(MB_OK);
 }
 
 // True when the key was handled.
@@ -43,9 +49,6 @@ bool GridWindow::OnKeyDown(WPARAM key) {
   switch (meaning) {
     case GridKey::None:
       return false;
-    case GridKey::Copy:
-      Copy();
-      return true;
     case GridKey::SelectAll:
       selection_.SelectAll(*grid_);
       break;
@@ -61,27 +64,45 @@ bool GridWindow::OnKeyDown(WPARAM key) {
   return true;
 }
 
-// In an open cell F2 and Enter mean its number, anywhere else they are the window's.
-bool GridWindow::EditsWith(const KeyPress& press) const {
-  return (press == KeyPress{Key::F2} || press == KeyPress{Key::Enter}) && CanEdit();
+// In an open cell F2, Enter and Delete mean its number, anywhere else they are the window's.
+bool GridWindow::UsesCellKey(const KeyPress& press) const {
+  return CellStartOf(press) != CellStart::None && CanEdit();
+}
+
+void GridWindow::OnCellKey(const KeyPress& press) {
+  if (CellStartOf(press) == CellStart::Edit) {
+    BeginEditing({});
+  } else {
+    grid_->ClearNumbers(selection_.Range());
+  }
+}
+
+void GridWindow::OnCharacter(char16_t character) {
+  if (grid_ == nullptr) return;
+  const char16_t unit = CellCharacter(character);
+  if (CanEdit()) {
+    if (StartsCellNumber(unit)) BeginEditing({&unit, 1});
+    return;
+  }
+  const auto time = static_cast<std::uint32_t>(GetMessageTime());
+  const auto row = typeAhead_.Type(character, time, *grid_, selection_.column, selection_.row);
+  if (row) MoveTo(selection_.column, *row, false);
 }
 
 LRESULT GridWindow::OnKeyboard(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_KEYDOWN:
-      if (EditsWith(PressOf(wParam))) {
-        if (!IsRepeated(lParam)) BeginEditing({});
+      if (UsesCellKey(PressOf(wParam))) {
+        if (!IsRepeated(lParam)) OnCellKey(PressOf(wParam));
         return 0;
       }
       if (events_.KeyPressed(Handle(), PressOf(wParam), IsRepeated(lParam))) return 0;
       return OnKeyDown(wParam) ? 0 : Default(message, wParam, lParam);
-    case WM_CHAR: {
-      const char16_t unit = static_cast<char16_t>(wParam);
-      if (StartsCellNumber(unit) && CanEdit()) BeginEditing({&unit, 1});
+    case WM_CHAR:
+      OnCharacter(static_cast<char16_t>(wParam));
       return 0;
-    }
     default:
-      Copy();
+      Copy(false);
       return 0;
   }
 }

@@ -1,6 +1,8 @@
 // Creation and end, painting, metrics, scrolling, and the dispatch of messages.
 #include "windows/grid/grid_window.h"
 
+#include <imm.h>
+
 #include <algorithm>
 #include <optional>
 
@@ -59,6 +61,8 @@ void GridWindow::Create(HWND parent, HINSTANCE module, std::u16string_view name)
   creation.module = module;
   creation.classStyle = CS_DBLCLKS;
   CreateOwn(creation);
+  // Nothing is composed over cells; the field of an open cell has the input method again.
+  ImmAssociateContext(Handle(), nullptr);
   UpdateAppearance();
 }
 

@@ -9,6 +9,7 @@
 
 #include "browser/grid_selection.h"
 #include "browser/grid_viewport.h"
+#include "browser/type_ahead.h"
 #include "windows/base/bound_window.h"
 #include "windows/base/dpi.h"
 #include "windows/base/fonts.h"
@@ -40,8 +41,13 @@ class GridWindow final : public BoundWindow,
   bool IsEditing() const { return editor_.IsActive(); }
   // Whether a number may be typed into the current cell.
   bool CanEdit() const;
-  // Whether the key begins typing into the current cell.
-  bool EditsWith(const KeyPress& press) const;
+  // Whether the key edits or clears the current cell.
+  bool UsesCellKey(const KeyPress& press) const;
+
+  // Makes the cell the current one and scrolls to it.
+  void GoTo(std::int32_t column, std::int32_t row);
+  // Puts the selected cells on the clipboard, `titled` below the titles of their columns.
+  void Copy(bool titled);
 
   // GridView
   void GridChanged() override;
@@ -79,10 +85,11 @@ class GridWindow final : public BoundWindow,
   void FitColumn(std::int32_t column);
 
   bool OnKeyDown(WPARAM key);
+  void OnCellKey(const KeyPress& press);
+  void OnCharacter(char16_t character);
   bool OnContextMenu(LPARAM place);
   void MoveTo(std::int32_t column, std::int32_t row, bool extend);
   void RevealSelection();
-  void Copy();
 
   // Starts typing over the current cell; a `first` that is not empty replaces its text.
   void BeginEditing(std::u16string_view first);
@@ -109,6 +116,7 @@ class GridWindow final : public BoundWindow,
   bool updatingScrolling_ = false;
   GridSelection selection_;
   GridEditor editor_{*this};
+  TypeAhead typeAhead_;
   Mouse mouse_ = Mouse::Idle;
   std::int32_t sizedColumn_ = 0;
   double widthBefore_ = 0;

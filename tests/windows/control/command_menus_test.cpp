@@ -12,8 +12,17 @@
 namespace pricedown::testing {
 namespace {
 
-const std::vector<std::string> kTreeLines{"新增\tIns", "修改\tF2",     "删除\tDel", "-",
-                                          "刷新\tF5",  "打印\tCtrl+P", "预览"};
+const std::vector<std::string> kTreeLines{"新增\tIns",
+                                          "修改\tF2",
+                                          "删除\tDel",
+                                          "-",
+                                          "刷新\tF5",
+                                          "打印\tCtrl+P",
+                                          "预览",
+                                          "-",
+                                          "查找\tCtrl+F",
+                                          "[查找下一个\tF3]",
+                                          "[查找上一个\tShift+F3]"};
 
 class CommandMenus : public CommandWorld {
  protected:
@@ -48,7 +57,8 @@ TEST_F(CommandMenus, TheGridsMenuCopiesToo) {
   ContextMenus menu(7, "menu of the grid");
   RightClick(world_.Grid(), kFirstCell);
   std::vector<std::string> lines = kTreeLines;
-  lines.insert(lines.end(), {"-", "复制\tCtrl+C"});
+  const std::vector<std::string> copying{"-", "复制\tCtrl+C", "连同标题复制\tCtrl+Shift+C"};
+  lines.insert(lines.begin() + 7, copying.begin(), copying.end());
   EXPECT_EQ(menu.Lines(), lines);
   EXPECT_EQ(Utf8(windows::ClipboardText(world_.Grid())),
             Utf8(world_.control->ItemCells().Text(1, 1)));
@@ -59,8 +69,9 @@ TEST_F(CommandMenus, NothingCanBeCopiedFromAnEmptyGrid) {
   world_.Click(world_.Tree(), world_.NodePoint(4));
   ContextMenus menu;
   AskByKeyboard(world_.Grid());
-  ASSERT_EQ(menu.Lines().size(), 9u);
-  EXPECT_EQ(menu.Lines().back(), "[复制\tCtrl+C]");
+  ASSERT_EQ(menu.Lines().size(), 14u);
+  EXPECT_EQ(menu.Lines()[8], "[复制\tCtrl+C]");
+  EXPECT_EQ(menu.Lines()[9], "[连同标题复制\tCtrl+Shift+C]");
 }
 
 TEST_F(CommandMenus, TheMenuShowsWhatIsDisabled) {
@@ -68,8 +79,10 @@ TEST_F(CommandMenus, TheMenuShowsWhatIsDisabled) {
   world_.control->Bar()->Add({u"iRefresh", u"", u"", u""})->SetEnabled(false);
   ContextMenus menu(0, "menu disabled");
   AskByKeyboard(world_.Tree());
-  EXPECT_EQ(menu.Lines(), (std::vector<std::string>{"[新增\tIns]", "[修改\tF2]", "[删除\tDel]", "-",
-                                                    "[刷新\tF5]", "打印\tCtrl+P", "预览"}));
+  EXPECT_EQ(menu.Lines(),
+            (std::vector<std::string>{"[新增\tIns]", "[修改\tF2]", "[删除\tDel]", "-", "[刷新\tF5]",
+                                      "打印\tCtrl+P", "预览", "-", "查找\tCtrl+F",
+                                      "[查找下一个\tF3]", "[查找上一个\tShift+F3]"}));
 }
 
 TEST_F(CommandMenus, ARightClickOnANodeSelectsItAsAClickDoes) {
@@ -169,7 +182,7 @@ TEST_F(CommandMenus, TheMenuShowsTheSuitesCaptions) {
   controls->Call(u"Item", {u"tbToolBar.Edit"}).Object()->Put(u"Caption", u"Change");
   ContextMenus menu;
   AskByKeyboard(world_.Tree());
-  ASSERT_EQ(menu.Lines().size(), 7u);
+  ASSERT_EQ(menu.Lines().size(), 11u);
   EXPECT_EQ(menu.Lines()[1], "Change\tF2");
 }
 

@@ -112,7 +112,7 @@ TEST(ControlWindow, IsHarmlessAfterItsContainerHasDestroyedIt) {
   world.window->SetTitle(u"x");
   world.window->SetTitleFont({u"宋体", 18, false, false, false, 134});
   world.window->DisableButton(*CommandOfTool(u"iInsert"));
-  world.window->CopyCells();
+  world.window->CopyCells(false);
   world.window->Place(Layout{});
   // The selection is still known, so that the control can store it.
   EXPECT_NE(world.window->SelectedNode(), kNoNode);

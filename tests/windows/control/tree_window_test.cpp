@@ -1,10 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "store/statements.h"
 #include "tests/control/button.h"
+#include "tests/support/utf8.h"
 #include "tests/windows/base/picture.h"
 #include "tests/windows/control/ui_world.h"
 #include "windows/base/control_ids.h"
+#include "windows/com/wide_text.h"
 
 namespace pricedown::testing {
 namespace {
@@ -87,12 +91,78 @@ TEST_F(TreeWindow, TakingTheFocusSelectsNothing) {
   EXPECT_EQ(world_.suite.log.Size(), before);
 }
 
-TEST_F(TreeWindow, BeginsAtTheFirstNodeWhenAKeyFindsNoneSelected) {
+TEST_F(TreeWindow, KeysGoOnFromTheClickedClassAfterAReload) {
+  world_.Click(world_.Tree(), world_.NodePoint(5));
+  world_.control->CommandChosen(Button(u"unknown"));
+  ASSERT_EQ(world_.window->SelectedNode(), kNoNode);
+  SetFocus(world_.Tree());
+  world_.Press(VK_DOWN);
+  EXPECT_EQ(world_.window->SelectedNode(), 6);
+  EXPECT_EQ(Loads(u"05"), 1u);
+}
+
+TEST_F(TreeWindow, AKeyThatLeadsNowhereSelectsTheClickedClassAgain) {
+  world_.Click(world_.Tree(), world_.NodePoint(13));
   world_.control->CommandChosen(Button(u"unknown"));
   SetFocus(world_.Tree());
   world_.Press(VK_DOWN);
+  EXPECT_EQ(world_.window->SelectedNode(), 13);
+  EXPECT_EQ(Loads(u"12"), 2u);
+}
+
+TEST_F(TreeWindow, BeginsAtTheFirstNodeWhenNothingWasClicked) {
+  world_.window->MarkNode(kNoNode);
+  world_.window->SelectNode(1);
+  TreeView_SelectItem(world_.Tree(), nullptr);
+  SetFocus(world_.Tree());
+  world_.Press(VK_DOWN);
   EXPECT_EQ(world_.window->SelectedNode(), 1);
-  EXPECT_EQ(Loads(u"0"), 1u);
+}
+
+TEST_F(TreeWindow, KeepsItsScrollPositionOverAReload) {
+  SetWindowPos(world_.host.Handle(), nullptr, 0, 0, 700, 330, SWP_NOMOVE | SWP_NOZORDER);
+  world_.window->MoveTo(world_.host.Inside());
+  world_.Click(world_.Tree(), world_.NodePoint(2));
+  SendMessageW(world_.Tree(), WM_VSCROLL, SB_BOTTOM, 0);
+  const auto first = [&] {
+    std::array<wchar_t, 64> text{};
+    TVITEMW item{};
+    item.mask = TVIF_TEXT;
+    item.hItem = TreeView_GetFirstVisible(world_.Tree());
+    item.pszText = text.data();
+    item.cchTextMax = 64;
+    TreeView_GetItem(world_.Tree(), &item);
+    return Utf8(windows::FromWide(text.data()));
+  };
+  const std::string before = first();
+  ASSERT_NE(before, "物料");
+  world_.control->CommandChosen(Button(u"unknown"));
+  EXPECT_EQ(first(), before);
+  EXPECT_EQ(world_.window->SelectedNode(), kNoNode);
+}
+
+// The picture is the row of the node, the text's and its surroundings' colours.
+TEST_F(TreeWindow, ShowsTheClickedClassWithoutFocusAndWithoutSelection) {
+  const POINT node = world_.NodePoint(4);
+  const auto background = [&] {
+    RedrawWindow(world_.Tree(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    const HDC context = GetDC(world_.Tree());
+    int coloured = 0;
+    for (int x = node.x - 20; x < node.x + 20; ++x) {
+      coloured += GetPixel(context, x, node.y) != GetSysColor(COLOR_WINDOW) ? 1 : 0;
+    }
+    ReleaseDC(world_.Tree(), context);
+    return coloured;
+  };
+  const int plain = background();
+  world_.Click(world_.Tree(), node);
+  SetFocus(world_.Grid());
+  EXPECT_GT(background(), plain + 10) << "selected";
+  KeepPicture(world_.host.Handle(), "tree without focus");
+  world_.control->CommandChosen(Button(u"unknown"));
+  ASSERT_EQ(world_.window->SelectedNode(), kNoNode);
+  EXPECT_GT(background(), plain + 10) << "marked";
+  KeepPicture(world_.host.Handle(), "tree reloaded");
 }
 
 TEST_F(TreeWindow, ShowsTheClassesOfTheRootUnlessTheUserClosedIt) {

@@ -147,5 +147,39 @@ TEST_F(GridWindow, MayBeDestroyedWhileTyping) {
   grid_.SetText(1, 1, u"later");
 }
 
+TEST_F(GridWindow, DeleteEmptiesAnOpenCellAndAsksForTheClassInALockedOne) {
+  grid_.SetText(4, 2, u"8.25");
+  grid_.SetText(4, 3, u"9.00");
+  input_.Click(Handle(), CellPoint(4, 2));
+  input_.Press(VK_DELETE);
+  EXPECT_EQ(Cell(4, 2), "");
+  EXPECT_EQ(Cell(4, 3), "9.00");
+  EXPECT_TRUE(commands_.empty());
+  input_.Click(Handle(), CellPoint(3, 2));
+  input_.Press(VK_DELETE);
+  EXPECT_EQ(Cell(3, 2), "乙");
+  EXPECT_EQ(commands_, std::vector{Key::Delete});
+}
+
+TEST_F(GridWindow, DeleteEmptiesAllSelectedPrices) {
+  grid_.SetText(4, 2, u"8.25");
+  grid_.SetText(4, 3, u"9.00");
+  input_.Click(Handle(), CellPoint(4, 2));
+  input_.PressWith(VK_SHIFT, VK_DOWN);
+  input_.Press(VK_DELETE);
+  EXPECT_EQ(Cell(4, 2) + Cell(4, 3), "");
+}
+
+TEST_F(GridWindow, TakesFullWidthDigitsAndPointsInAPrice) {
+  input_.Click(Handle(), CellPoint(4, 2));
+  input_.Type(u"１２．５");
+  EXPECT_EQ(Utf8(windows::TextOf(Editor())), "12.5");
+  SendMessageW(Editor(), EM_SETSEL, 0, -1);
+  ASSERT_TRUE(windows::CopyToClipboard(Handle(), u"３４。５６"));
+  SendMessageW(Editor(), WM_PASTE, 0, 0);
+  input_.Press(VK_RETURN);
+  EXPECT_EQ(Cell(4, 2), "34.56");
+}
+
 }  // namespace
 }  // namespace pricedown::testing

@@ -1,0 +1,156 @@
+#include "control/find.h"
+
+#include <algorithm>
+
+#include "browser/item_grid.h"
+
+namespace pricedown {
+namespace {
+
+// A part of the count, a fraction of a millisecond to a few.
+constexpr std::int32_t kRowsAtOnce = 20000;
+
+}  // namespace
+
+FindKey FindKeyOf(const KeyPress& press) {
+  if (press.control || press.alt) return FindKey::None;
+  switch (press.key) {
+    case Key::Enter:
+      return press.shift ? FindKey::Previous : FindKey::Accept;
+    case Key::F3:
+      return press.shift ? FindKey::Previous : FindKey::Next;
+    case Key::Escape:
+      return FindKey::Close;
+    default:
+      return FindKey::None;
+  }
+}
+
+FindPlaces PlaceFindBar(Size bar, const FindMeasures& measures) {
+  const std::int32_t margin = measures.margin;
+  const std::int32_t leastField = measures.count;
+  const std::int32_t height = std::min(measures.line, bar.height);
+  const std::int32_t top = (bar.height - height) / 2;
+  std::int32_t left = margin;
+  std::int32_t right = bar.width - margin;
+  FindPlaces places;
+  if (right - left >= measures.count + margin + leastField) {
+    places.count = {right - measures.count, top, measures.count, height};
+    right = places.count.left - margin;
+  }
+  if (right - left >= measures.label + margin + leastField) {
+    places.label = {left, top, measures.label, height};
+    left += measures.label + margin;
+  }
+  places.field = {left, top, std::max(right - left, 0), height};
+  return places;
+}
+
+std::int32_t Find::Items::Match(std::int32_t row, const TextPattern& pattern) const {
+  for (std::int32_t column = grid_columns::kCode; column <= grid_columns::kModel; ++column) {
+    if (pattern.IsIn(grid_.Text(column, row))) return column;
+  }
+  return 0;
+}
+
+std::int32_t Find::Classes::Match(std::int32_t row, const TextPattern& pattern) const {
+  return row != kRootNode && pattern.IsIn(nodes_.At(row).text) ? 1 : 0;
+}
+
+const SearchedRows& Find::RowsOf(FindPane pane) const {
+  if (pane == FindPane::Grid) return items_;
+  return classes_;
+}
+
+void Find::Restart() {
+  search_.Start(RowsOf(pane_), text_);
+  ShowCount();
+}
+
+std::int32_t Find::CurrentRow() const {
+  if (pane_ == FindPane::Grid) return view_.CurrentRow();
+  return found_ != kNoNode ? found_ : std::max(tree_.MarkedNode(), kRootNode);
+}
+
+void Find::ShowCount() {
+  if (open_) view_.ShowFindCount(search_.CountText(CurrentRow()), !search_.IsCounted());
+}
+
+void Find::Open(FindPane pane) {
+  if (open_ && pane != pane_) Close();
+  pane_ = pane;
+  open_ = true;
+  found_ = kNoNode;
+  origin_ = CurrentRow();
+  view_.OpenFind(pane, text_);
+  Restart();
+}
+
+void Find::Close() {
+  if (!open_) return;
+  open_ = false;
+  if (found_ != kNoNode) view_.ShowFoundNode(kNoNode);
+  found_ = kNoNode;
+  view_.CloseFind(pane_);
+}
+
+void Find::TextChanged(std::u16string_view text, bool composing) {
+  if (composing || !open_ || text == text_) return;
+  text_ = text;
+  search_.Start(RowsOf(pane_), text_);
+  if (const auto hit = search_.Next(origin_ - 1, false)) {
+    GoTo(*hit);
+  } else if (pane_ == FindPane::Tree) {
+    found_ = kNoNode;
+    view_.ShowFoundNode(kNoNode);
+  }
+  ShowCount();
+}
+
+void Find::GoTo(const SearchHit& hit) {
+  if (pane_ == FindPane::Grid) {
+    view_.ShowFoundCell(hit.column, hit.row);
+  } else {
+    found_ = hit.row;
+    view_.ShowFoundNode(found_);
+  }
+}
+
+void Find::Next(bool backwards) {
+  const FindPane pane = view_.FocusedPane();
+  if (pane == FindPane::Tree && !open_) Open(pane);
+  if (pane != pane_) {
+    Close();
+    pane_ = pane;
+    Restart();
+  }
+  if (const auto hit = search_.Next(CurrentRow(), backwards)) {
+    GoTo(*hit);
+    origin_ = hit->row;
+  }
+  ShowCount();
+}
+
+void Find::Accept() {
+  if (pane_ == FindPane::Grid) return Next(false);
+  const NodeIndex node = found_;
+  Close();
+  // Last, because it may end the control.
+  if (tree_.Nodes().Contains(node)) tree_.RestoreSelection(tree_.Nodes().At(node).id.Key());
+}
+
+void Find::RowsChanged(FindPane pane) {
+  if (pane != pane_ || search_.IsEmpty()) return;
+  if (found_ != kNoNode) {
+    found_ = kNoNode;
+    view_.ShowFoundNode(kNoNode);
+  }
+  Restart();
+}
+
+void Find::CountOn() {
+  search_.CountOn(kRowsAtOnce);
+  ShowCount();
+}
+
+}  // namespace pricedown

@@ -1,0 +1,98 @@
+// Finding items in the grid and classes in the tree: what the find bar does.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "browser/class_tree.h"
+#include "browser/text_search.h"
+#include "control/views.h"
+#include "platform/key.h"
+
+namespace pricedown {
+
+// What a key does in the bar's field.
+enum class FindKey { None, Accept, Next, Previous, Close };
+FindKey FindKeyOf(const KeyPress& press);
+
+// The bar's parts, in its coordinates. Pixels, as all measures.
+struct FindMeasures {
+  std::int32_t label = 0;  // width of its text
+  std::int32_t count = 0;  // width of the widest count
+  std::int32_t line = 0;   // height of a line of text
+  std::int32_t margin = 0;
+};
+struct FindPlaces {
+  Rectangle label;
+  Rectangle field;
+  Rectangle count;
+};
+// A narrow bar leaves the label out, then the count.
+FindPlaces PlaceFindBar(Size bar, const FindMeasures& measures);
+
+class Find {
+ public:
+  // All must outlive the object.
+  Find(FindView& view, const Grid& grid, ClassTree& tree)
+      : view_(view), tree_(tree), items_(grid), classes_(tree.Nodes()) {}
+
+  // Opens the bar over that pane, with the text of the last time.
+  void Open(FindPane pane);
+  // Back to the pane; what was found last stays the current cell.
+  void Close();
+  // Goes to the first hit from where the bar was opened. Ignored while `composing`: the text is not
+  // what the user means yet.
+  void TextChanged(std::u16string_view text, bool composing);
+  // In the pane that has the focus; in the tree with the bar open.
+  void Next(bool backwards);
+  // Enter in the bar: in the grid the next hit, in the tree the class found, as a click on it.
+  void Accept();
+  bool HasText() const { return !text_.empty(); }
+
+  // The pane's rows are others now.
+  void RowsChanged(FindPane pane);
+  // Counts a part of the rows and shows how many hits there are.
+  void CountOn();
+
+ private:
+  // Code, name and model of the items.
+  class Items final : public SearchedRows {
+   public:
+    explicit Items(const Grid& grid) : grid_(grid) {}
+    std::int32_t Rows() const override { return grid_.MaxRows(); }
+    std::int32_t Match(std::int32_t row, const TextPattern& pattern) const override;
+
+   private:
+    const Grid& grid_;
+  };
+  // Number and name of the classes; the row is the node's index.
+  class Classes final : public SearchedRows {
+   public:
+    explicit Classes(const NodeCollection& nodes) : nodes_(nodes) {}
+    std::int32_t Rows() const override { return static_cast<std::int32_t>(nodes_.Count()); }
+    std::int32_t Match(std::int32_t row, const TextPattern& pattern) const override;
+
+   private:
+    const NodeCollection& nodes_;
+  };
+
+  const SearchedRows& RowsOf(FindPane pane) const;
+  void Restart();
+  std::int32_t CurrentRow() const;
+  void GoTo(const SearchHit& hit);
+  void ShowCount();
+
+  FindView& view_;
+  ClassTree& tree_;
+  Items items_;
+  Classes classes_;
+  TextSearch search_;
+  FindPane pane_ = FindPane::Grid;
+  bool open_ = false;
+  std::u16string text_;
+  std::int32_t origin_ = 1;    // row from which the typed text is searched
+  NodeIndex found_ = kNoNode;  // in the tree
+};
+
+}  // namespace pricedown
