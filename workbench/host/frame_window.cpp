@@ -33,6 +33,14 @@ std::wstring Shown(const std::wstring& location) {
   return ToWide(pricedown::FromUtf8(ShownLocation(pricedown::ToUtf8(FromWide(location)))));
 }
 
+// Of pixels at 96 dpi.
+int ScreenPixels(int pixels) {
+  const HDC screen = GetDC(nullptr);
+  const int dotsPerInch = GetDeviceCaps(screen, LOGPIXELSX);
+  ReleaseDC(nullptr, screen);
+  return MulDiv(pixels, dotsPerInch, 96);
+}
+
 }  // namespace
 
 FrameWindow::FrameWindow(HINSTANCE module, ObjectPtr settings)
@@ -50,7 +58,8 @@ FrameWindow::FrameWindow(HINSTANCE module, ObjectPtr settings)
   ChildWindow::RegisterClass(module);
   accelerators_ = LoadAcceleratorsW(module, MAKEINTRESOURCEW(IDR_FRAME));
   if (CreateWindowExW(0, kFrameClass, kTitle, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
-                      0, 1100, 720, nullptr, nullptr, module, this) == nullptr) {
+                      0, ScreenPixels(1100), ScreenPixels(720), nullptr, nullptr, module,
+                      this) == nullptr) {
     pricedown::windows::ThrowLastError();
   }
 }

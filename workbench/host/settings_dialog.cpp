@@ -1,5 +1,5 @@
 // The settings page: fills its fields from the suite's settings and stores them on OK. A value that
-// the suite refuses is reported and the page stays open.
+// the suite or its calendar refuses is reported and the page stays open.
 #include "workbench/host/settings_dialog.h"
 
 #include <iterator>
@@ -13,6 +13,7 @@
 #include "windows/com/wide_text.h"
 #include "workbench/host/messages.h"
 #include "workbench/host/resource_ids.h"
+#include "workbench/suite/calendar.h"
 
 namespace workbench {
 
@@ -137,8 +138,20 @@ class SettingsPage {
     }
   }
 
+  // Throws AutomationError when the calendar has no such period; the field keeps the focus then.
+  static void RequirePeriod(HWND dialog) {
+    constexpr std::int32_t kPeriods = 12;
+    SendDlgItemMessageW(dialog, IDC_PERIOD, EM_SETSEL, 0, -1);
+    SetFocus(GetDlgItem(dialog, IDC_PERIOD));
+    const auto number = [&](int field) {
+      return pricedown::RoundToInt32(pricedown::LeadingNumber(Value(Text(dialog, field))));
+    };
+    FirstDayOfPeriod(number(IDC_YEAR), number(IDC_PERIOD), kPeriods);
+  }
+
   // All or nothing: what is stored before a failure is undone.
   void Store(HWND dialog) {
+    RequirePeriod(dialog);
     settings_->Put(u"UserID", SelectedUser(dialog));
     settings_->Call(u"Begin", {});
     try {
