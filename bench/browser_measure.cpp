@@ -1,5 +1,5 @@
-// The raw side steps the query with SQLite for tree and grid, and sends the same statements through
-// the suite's objects for the click and the deletion.
+// The raw side steps the query with SQLite for tree and grid, sends the same statements through the
+// suite's objects for the click and the deletion, and walks over the texts for finding.
 #include "bench/browser_measure.h"
 
 #include <stdexcept>
@@ -9,6 +9,9 @@
 #include "bench/raw_company.h"
 #include "bench/raw_suite.h"
 #include "bench/stage.h"
+#include "browser/item_grid.h"
+#include "browser/searched_rows.h"
+#include "platform/convert.h"
 #include "platform/text.h"
 
 namespace bench {
@@ -90,6 +93,53 @@ void MeasureDeletion(const std::string& path, Figures& figures) {
   figures.Add("delete", rows, timing);
 }
 
+// Code, name and model as a company has them; what is looked for stands in the last row.
+pricedown::Grid FilledGrid(std::int32_t rows) {
+  pricedown::Grid grid(pricedown::grid_columns::kCount);
+  grid.SetRedraw(false);
+  grid.SetMaxRows(rows);
+  for (std::int32_t row = 1; row <= rows; ++row) {
+    const std::u16string number = pricedown::NumberText(row);
+    grid.SetText(pricedown::grid_columns::kCode, row, pricedown::Concatenate({u"01.02.", number}));
+    grid.SetText(pricedown::grid_columns::kName, row,
+                 row == rows ? u"深沟球轴承" : u"六角头螺栓 GB/T 5782");
+    grid.SetText(pricedown::grid_columns::kModel, row, pricedown::Concatenate({u"M8×", number}));
+  }
+  return grid;
+}
+
+// The raw side walks over all texts and looks for the text as it stands.
+void MeasureFind(std::int32_t rows, Figures& figures) {
+  constexpr std::u16string_view kText = u"轴承";
+  const pricedown::Grid grid = FilledGrid(rows);
+  const pricedown::SearchedItems items(grid);
+  pricedown::TextSearch search;
+  std::int32_t found = 0;
+  std::int32_t walked = 0;
+  const auto walk = [&] {
+    for (std::int32_t row = 1; row <= grid.MaxRows(); ++row) {
+      for (std::int32_t column = 1; column <= pricedown::grid_columns::kModel; ++column) {
+        if (grid.Text(column, row).find(kText) != std::u16string_view::npos) walked = row;
+      }
+    }
+  };
+  const Timing first = Compare(
+      [&] {
+        search.Start(items, kText);
+        found = search.Next(0, false).value().row;
+      },
+      walk, kRepetitions);
+  const Timing counting = Compare(
+      [&] {
+        search.Start(items, kText);
+        while (!search.IsCounted()) search.CountOn(20000);
+      },
+      walk, kRepetitions);
+  if (found != rows || walked != rows) throw std::runtime_error("the last row was not found");
+  figures.Add("find", static_cast<std::size_t>(rows), first);
+  figures.Add("count", static_cast<std::size_t>(rows), counting);
+}
+
 }  // namespace
 
 void MeasureBrowser(const std::string& folder, Figures& figures) {
@@ -106,6 +156,7 @@ void MeasureBrowser(const std::string& folder, Figures& figures) {
   for (const int members : {12500, 25000, 50000}) {
     MeasureDeletion(CopyCompany(MakeCompany(folder, members, 1), "delete"), figures);
   }
+  for (const std::int32_t rows : {250000, 500000, 1000000}) MeasureFind(rows, figures);
 }
 
 }  // namespace bench

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "browser/item_grid.h"
-
 namespace pricedown {
 namespace {
 
@@ -44,17 +42,6 @@ FindPlaces PlaceFindBar(Size bar, const FindMeasures& measures) {
   }
   places.field = {left, top, std::max(right - left, 0), height};
   return places;
-}
-
-std::int32_t Find::Items::Match(std::int32_t row, const TextPattern& pattern) const {
-  for (std::int32_t column = grid_columns::kCode; column <= grid_columns::kModel; ++column) {
-    if (pattern.IsIn(grid_.Text(column, row))) return column;
-  }
-  return 0;
-}
-
-std::int32_t Find::Classes::Match(std::int32_t row, const TextPattern& pattern) const {
-  return row != kRootNode && pattern.IsIn(nodes_.At(row).text) ? 1 : 0;
 }
 
 const SearchedRows& Find::RowsOf(FindPane pane) const {

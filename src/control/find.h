@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "browser/class_tree.h"
-#include "browser/text_search.h"
+#include "browser/searched_rows.h"
 #include "control/views.h"
 #include "platform/key.h"
 
@@ -56,27 +56,6 @@ class Find {
   void CountOn();
 
  private:
-  // Code, name and model of the items.
-  class Items final : public SearchedRows {
-   public:
-    explicit Items(const Grid& grid) : grid_(grid) {}
-    std::int32_t Rows() const override { return grid_.MaxRows(); }
-    std::int32_t Match(std::int32_t row, const TextPattern& pattern) const override;
-
-   private:
-    const Grid& grid_;
-  };
-  // Number and name of the classes; the row is the node's index.
-  class Classes final : public SearchedRows {
-   public:
-    explicit Classes(const NodeCollection& nodes) : nodes_(nodes) {}
-    std::int32_t Rows() const override { return static_cast<std::int32_t>(nodes_.Count()); }
-    std::int32_t Match(std::int32_t row, const TextPattern& pattern) const override;
-
-   private:
-    const NodeCollection& nodes_;
-  };
-
   const SearchedRows& RowsOf(FindPane pane) const;
   void Restart();
   std::int32_t CurrentRow() const;
@@ -85,8 +64,8 @@ class Find {
 
   FindView& view_;
   ClassTree& tree_;
-  Items items_;
-  Classes classes_;
+  SearchedItems items_;
+  SearchedClasses classes_;
   TextSearch search_;
   FindPane pane_ = FindPane::Grid;
   bool open_ = false;

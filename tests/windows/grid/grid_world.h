@@ -17,7 +17,7 @@
 
 namespace pricedown::testing {
 
-class GridWindow : public ::testing::Test, public windows::ChildEvents {
+class GridWindow : public ::testing::Test, public windows::GridEvents {
  protected:
   GridWindow() {
     for (std::int32_t column = 1; column <= 4; ++column) {
@@ -70,8 +70,7 @@ class GridWindow : public ::testing::Test, public windows::ChildEvents {
     return Utf8(grid_.Text(column, row));
   }
 
-  // ChildEvents
-  void NodeClicked(NodeIndex) override {}
+  // GridEvents
   void CommandChosen(const Command&) override {}
   // As the control's table has them.
   bool KeyPressed(HWND, const KeyPress& press, bool repeated) override {
@@ -82,7 +81,6 @@ class GridWindow : public ::testing::Test, public windows::ChildEvents {
     return true;
   }
   void MenuRequested(HWND, POINT) override { ++menus_; }
-  void SplitterEvent(windows::SplitterAction, std::int32_t) override {}
   void TabPressed(bool backwards) override { tabs_ += backwards ? "<" : ">"; }
   void FocusEntered(HWND) override {}
   void ItemsChanged() override {}
