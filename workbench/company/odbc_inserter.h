@@ -1,4 +1,4 @@
-// Inserts rows at a server through arrays of parameters, many rows in one round trip.
+// Inserts rows at a server, many in one statement: few drivers send an array of rows at once.
 #pragma once
 
 #include <string>
@@ -19,23 +19,28 @@ class Inserter final : public RowInserter {
   void Finish() override;
 
  private:
-  // A column of the waiting rows. All numbers of a column go as one type.
+  struct WaitingValue {
+    SQLBIGINT integer = 0;
+    SQLDOUBLE real = 0;
+    OdbcText text;
+    SQLLEN indicator = 0;
+  };
+  // All values of a column go as one type, because servers compare the rows' types.
   struct Column {
     bool hasText = false;
     bool hasReal = false;
-    std::vector<SQLBIGINT> integers;
-    std::vector<SQLDOUBLE> reals;
-    std::vector<OdbcText> texts;
-    std::vector<SQLWCHAR> cells;  // the texts, each as wide as the widest
-    std::vector<SQLLEN> indicators;
   };
 
-  void BindColumn(SQLUSMALLINT number, Column& column);
-  void Send();
+  void Prepare(SQLHSTMT statement, std::size_t rows) const;
+  void Send(SQLHSTMT statement);
 
-  Handle statement_;
+  Session& session_;
+  std::string insert_;        // up to VALUES
+  std::string placeholders_;  // of a row
   std::vector<Column> columns_;
-  std::size_t rows_ = 0;
+  std::size_t rowsOfBatch_;
+  Handle batch_;
+  std::vector<WaitingValue> waiting_;  // row by row
 };
 
 }  // namespace workbench::odbc
