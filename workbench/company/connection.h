@@ -93,8 +93,8 @@ struct ConnectOptions {
   // Of servers; 0 waits for ever. What the driver cannot limit is not limited.
   std::chrono::seconds loginTimeout{15};
   std::chrono::seconds statementTimeout{60};
-  // Asked now and then, on a thread of the connection's, while a statement runs; true cancels the
-  // statement where the driver can. May be empty. Must not throw.
+  // Asked now and then, on a thread of the connection's, while a statement runs; when the answer
+  // becomes true, the statement is cancelled where the driver can. May be empty. Must not throw.
   std::function<bool()> cancels = {};
 };
 

@@ -20,7 +20,8 @@ SQLSMALLINT Prepared(const Handle& environment) {
   return SQL_HANDLE_DBC;
 }
 
-// While it lives, asks whether the statement is to be cancelled.
+// While it lives, asks whether the statement is to be cancelled. A key that is still down from
+// the command that sent the statement does not count: the answer has to become true.
 class CancelWatch {
  public:
   CancelWatch(SQLHSTMT statement, const std::function<bool()>& cancels) {
@@ -41,11 +42,15 @@ class CancelWatch {
  private:
   void Watch(SQLHSTMT statement, const std::function<bool()>& cancels) {
     constexpr std::chrono::milliseconds kInterval{100};
+    bool wasAsked = cancels();
     std::unique_lock lock(mutex_);
     while (!wake_.wait_for(lock, kInterval, [this] { return done_; })) {
-      if (!cancels()) continue;
-      SQLCancel(statement);
-      return;
+      const bool isAsked = cancels();
+      if (isAsked && !wasAsked) {
+        SQLCancel(statement);
+        return;
+      }
+      wasAsked = isAsked;
     }
   }
 
