@@ -56,7 +56,7 @@ class OdbcConnection::Session {
  public:
   Session(std::string_view connectionString, ConnectOptions options)
       : connectionString_(connectionString), options_(std::move(options)) {
-    session_ = std::make_unique<odbc::Session>(connectionString_, options_);
+    LogIn(u"无法连接服务器：");
   }
 
   // The login, made anew where it is lost.
@@ -64,12 +64,7 @@ class OdbcConnection::Session {
     if (inTransaction_) return *session_;
     if (session_ != nullptr && session_->Answers()) return *session_;
     session_.reset();
-    try {
-      session_ = std::make_unique<odbc::Session>(connectionString_, options_);
-    } catch (const DatabaseError& error) {
-      throw DatabaseError(u"与服务器的连接已断开，重新连接失败：" + error.Message(),
-                          error.NativeNumber());
-    }
+    LogIn(u"与服务器的连接已断开，重新连接失败：");
     return *session_;
   }
 
@@ -103,6 +98,14 @@ class OdbcConnection::Session {
   }
 
  private:
+  void LogIn(const std::u16string& failure) {
+    try {
+      session_ = std::make_unique<odbc::Session>(connectionString_, options_);
+    } catch (const DatabaseError& error) {
+      throw DatabaseError(failure + error.Message(), error.NativeNumber());
+    }
+  }
+
   static ResultSet ExecuteTogether(odbc::Session& session, std::u16string_view text) {
     session.Begin(odbc::Session::Isolation::Serializable);
     ResultSet result;

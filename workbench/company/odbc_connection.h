@@ -11,7 +11,8 @@
 
 namespace workbench {
 
-// The text of a DatabaseError that the driver reports begins with the SQLSTATE in brackets.
+// The text of a DatabaseError that the driver reports begins with the SQLSTATE in brackets; that of
+// a failed login says so first.
 //
 // Before each text outside a transaction the connection is tried and, where it is dead, made anew
 // once. A text that was sent is never sent again after a lost connection, because it may have been

@@ -16,9 +16,10 @@ std::optional<DatabaseError> ReadRecord(SQLSMALLINT kind, SQLHANDLE handle, SQLS
                                        static_cast<SQLSMALLINT>(message.size()), &length);
   if (!SQL_SUCCEEDED(got)) return std::nullopt;
   const std::size_t known = std::min(static_cast<std::size_t>(length), message.size() - 1);
-  return DatabaseError(
-      u"[" + FromOdbc(state.data(), SQL_SQLSTATE_SIZE) + u"] " + FromOdbc(message.data(), known),
-      static_cast<int>(number));
+  std::u16string text = FromOdbc(message.data(), known);
+  text.erase(text.find_last_not_of(u" \t\r\n") + 1);
+  return DatabaseError(u"[" + FromOdbc(state.data(), SQL_SQLSTATE_SIZE) + u"] " + text,
+                       static_cast<int>(number));
 }
 
 }  // namespace
