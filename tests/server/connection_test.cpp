@@ -133,6 +133,23 @@ TEST_F(ServerConnection, NeverSendsATextTwiceBecauseTheConnectionWasLost) {
   EXPECT_EQ(Number(*connection, "SELECT count(*) FROM t"), 1);
 }
 
+TEST_F(ServerConnection, LosesATextOfSeveralChangesWholeAndSendsItOnce) {
+  const auto connection = Open();
+  Execute(*connection, "CREATE TABLE t(a INTEGER)");
+  Execute(*connection, "CREATE SEQUENCE sent");  // which no lost transaction turns back
+  constexpr int kChanges = 4;
+  for (int lost = 0; lost <= kChanges; ++lost) {
+    std::string text = "SELECT nextval('sent')";
+    for (int change = 0; change <= kChanges; ++change) {
+      text += change == lost ? ";SELECT pg_terminate_backend(pg_backend_pid())"
+                             : ";INSERT INTO t VALUES(" + std::to_string(change) + ")";
+    }
+    EXPECT_THROW(Execute(*connection, text), DatabaseError);
+    EXPECT_EQ(Number(*connection, "SELECT count(*) FROM t"), 0) << lost;
+    EXPECT_EQ(Number(*connection, "SELECT last_value FROM sent"), lost + 1);
+  }
+}
+
 TEST_F(ServerConnection, DoesNotReconnectInsideATransaction) {
   const auto connection = Open();
   Execute(*connection, "CREATE TABLE t(a INTEGER)");
@@ -181,6 +198,12 @@ TEST_F(ServerConnection, CancelsARunningStatementWhenAsked) {
     EXPECT_NE(std::string(error.what()).find("cancel"), std::string::npos) << error.what();
   }
   EXPECT_LT(steady_clock::now() - start, seconds(5));
+}
+
+TEST_F(ServerConnection, IgnoresACancelKeyThatWasDownBeforeTheStatement) {
+  ConnectOptions options;
+  options.cancels = [] { return true; };
+  EXPECT_EQ(Number(*Open(options), "SELECT 4 FROM pg_sleep(0.5)"), 4);
 }
 
 // Two programs that rewrite the rows of one class at the same time, as a save does.
