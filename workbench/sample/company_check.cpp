@@ -36,19 +36,7 @@ struct ItemClass {
   std::set<std::string> accounts;
 };
 
-std::string CellLabel(const Cell& cell) {
-  switch (cell.Kind()) {
-    case CellKind::Integer:
-      return std::to_string(cell.Integer());
-    case CellKind::Number:
-      return std::to_string(cell.Number());
-    case CellKind::Text:
-      return TextOf(cell);
-    case CellKind::Null:
-      break;
-  }
-  return "(空)";
-}
+std::string CellLabel(const Cell& cell) { return cell.IsNull() ? "(空)" : TextOf(cell); }
 
 class Checker {
  public:

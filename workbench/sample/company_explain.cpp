@@ -2,7 +2,6 @@
 #include "workbench/sample/company_explain.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <set>
 
@@ -22,13 +21,7 @@ struct Period {
   std::string Text() const { return std::to_string(year) + "年第" + std::to_string(period) + "期"; }
 };
 
-std::string AmountText(const Cell& cell) {
-  if (cell.IsNull()) return "空";
-  std::array<char, 400> digits{};
-  const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), RealOf(cell),
-                                     std::chars_format::fixed);
-  return {digits.data(), written.ptr};
-}
+std::string AmountText(const Cell& cell) { return cell.IsNull() ? "空" : TextOf(cell); }
 
 // A missing value is 0; nothing for a text that is no number.
 std::optional<std::int64_t> NumberOfProfile(Connection& company, const char* key) {

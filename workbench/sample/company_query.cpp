@@ -1,5 +1,8 @@
 #include "workbench/sample/company_query.h"
 
+#include <array>
+#include <charconv>
+
 #include "workbench/company/utf.h"
 
 namespace workbench {
@@ -18,13 +21,22 @@ std::int64_t IntegerOf(const Cell& cell) {
   return cell.Kind() == CellKind::Number ? static_cast<std::int64_t>(cell.Number()) : 0;
 }
 
-double RealOf(const Cell& cell) {
-  if (cell.Kind() == CellKind::Integer) return static_cast<double>(cell.Integer());
-  return cell.Kind() == CellKind::Number ? cell.Number() : 0.0;
-}
-
 std::string TextOf(const Cell& cell) {
-  return cell.Kind() == CellKind::Text ? Utf8FromUtf16(cell.Text()) : std::string();
+  switch (cell.Kind()) {
+    case CellKind::Null:
+      break;
+    case CellKind::Integer:
+      return std::to_string(cell.Integer());
+    case CellKind::Number: {
+      std::array<char, 400> digits{};
+      const auto written = std::to_chars(digits.data(), digits.data() + digits.size(),
+                                         cell.Number(), std::chars_format::fixed);
+      return {digits.data(), written.ptr};
+    }
+    case CellKind::Text:
+      return Utf8FromUtf16(cell.Text());
+  }
+  return {};
 }
 
 std::string Literal(std::string_view text) {

@@ -17,9 +17,8 @@ std::int64_t QueryInteger(Connection& company, std::string_view statement);
 
 // A number of any kind, 0 for NULL and texts: servers keep whole numbers in several types.
 std::int64_t IntegerOf(const Cell& cell);
-double RealOf(const Cell& cell);
 
-// In UTF-8, empty for NULL and numbers.
+// In UTF-8; empty for NULL. Numbers as plain digits, without an exponent.
 std::string TextOf(const Cell& cell);
 
 // `text` between apostrophes, its own doubled.

@@ -1,34 +1,9 @@
 #include "workbench/sample/csv_export.h"
 
-#include <array>
-#include <charconv>
-
 #include "workbench/sample/company_query.h"
 
 namespace workbench {
 namespace {
-
-// Plain digits only: the import accepts no exponent.
-std::string NumberText(double value) {
-  std::array<char, 400> digits{};
-  const auto written =
-      std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed);
-  return {digits.data(), written.ptr};
-}
-
-std::string CellText(const Cell& cell) {
-  switch (cell.Kind()) {
-    case CellKind::Integer:
-      return std::to_string(cell.Integer());
-    case CellKind::Number:
-      return NumberText(cell.Number());
-    case CellKind::Text:
-      return TextOf(cell);
-    case CellKind::Null:
-      break;
-  }
-  return {};
-}
 
 void AppendField(std::string& line, std::string_view field) {
   if (field.find_first_of("\",\r\n") == std::string_view::npos) {
@@ -54,7 +29,7 @@ std::string ExportItems(Connection& company) {
     std::string line;
     for (std::size_t i = 0; i < rows.ColumnCount(); ++i) {
       if (i > 0) line += ',';
-      AppendField(line, CellText(rows.At(row, i)));
+      AppendField(line, TextOf(rows.At(row, i)));
     }
     text.append(line).append("\r\n");
   }
