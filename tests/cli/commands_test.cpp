@@ -50,7 +50,9 @@ TEST_F(Commands, HelpOfACommandNamesItsOptions) {
        {"--seed", "--items", "--classes", "--force", "--login-timeout", "[选项]"}) {
     EXPECT_NE(out_.str().find(part), std::string::npos) << part << out_.str();
   }
-  EXPECT_EQ(out_.str().find("--accounts"), std::string::npos);
+  for (const char* other : {"--accounts", "Options", "OPTIONS", "--help-all"}) {
+    EXPECT_EQ(out_.str().find(other), std::string::npos) << other << out_.str();
+  }
   EXPECT_EQ(Run({"explain", "-h"}), kDone);
   EXPECT_NE(out_.str().find("代码"), std::string::npos) << out_.str();
 }
@@ -207,7 +209,7 @@ TEST_F(Commands, CheckListsWhatIsWrongAndChangesNothing) {
   EXPECT_EQ(Run({"check", Company()}), kBadData);
   for (const char* finding :
        {"物料属于多个类别: 01.01.0001 ", ": 00001, X\n",
-        "类别各行的名称、科目或百分比不一致: 00001:", "类别的明细没有物料: Y: 编号 99\n",
+        "类别各行的名称、科目或百分比不一致: 00001: [另名, ", "类别的明细没有物料: Y: 编号 99\n",
         "保存时查不到科目: X: 没有\n", "保存时查不到科目: Y: (空)\n", "类别没有可列出的物料: Y\n",
         "设置中的类别已不存在: 用户 7, NodeSel1: Z\n", "设置属于不存在的用户: t_UserProfile: 7\n",
         "当前期间不是数字: CurrentPeriod: 三\n"}) {

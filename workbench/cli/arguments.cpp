@@ -47,6 +47,9 @@ CLI::App* AddCommand(CLI::App& program, Arguments& arguments, CommandKind kind, 
       ->type_name("秒")
       ->check(Between(0, 86400))
       ->capture_default_str();
+  // Made before the program's defaults were known.
+  command->get_help_ptr()->group("选项");
+  command->set_help_all_flag();
   command->callback([&arguments, kind] { arguments.kind = kind; });
   return command;
 }
