@@ -97,7 +97,6 @@ void FrameWindow::OpenCompany(const std::wstring& location) {
     ShowStatusText(L"公司没有打开：" + Shown(location));
     throw;
   }
-  AddRecentCompany(location);
   ShowStatus();
 }
 
@@ -105,16 +104,18 @@ bool FrameWindow::OpenCompanyOrAsk(std::wstring location) {
   for (;;) {
     try {
       OpenCompany(location);
+      AddRecentCompany(location);
       return true;
     } catch (...) {
-      if (!AskAfterFailure(window_, pricedown::CurrentFailure(), L"要打开别的公司吗？")) {
-        return false;
-      }
+      if (!AskAfterFailure(window_, pricedown::CurrentFailure(), L"要打开别的公司吗？")) break;
     }
     const auto chosen = AskForCompany(module_, window_, location);
-    if (!chosen) return false;
+    if (!chosen) break;
     location = *chosen;
   }
+  // The company of before is still there.
+  if (!ToText(settings_->Get(u"Location")).empty()) ShowStatus();
+  return false;
 }
 
 ChildWindow* FrameWindow::ActiveChild() const {

@@ -33,8 +33,8 @@ class FrameWindow final : private ChildWindowEvents {
   // Opens a company file or connection string and closes the previous one's children. Throws
   // AutomationError.
   void OpenCompany(const std::wstring& location);
-  // The same for the user: shows a failure and offers to open another company, until one opens or
-  // the user declines. Returns whether one is open.
+  // The same for the user: reports a failure and asks for another company until one opens or the
+  // user cancels; keeps the opened one among the recent ones. Returns whether it opened one.
   bool OpenCompanyOrAsk(std::wstring location);
   // Opens a child window, or brings it to the front. Null when that fails, after a message, or
   // when the user has closed it meanwhile.
