@@ -27,7 +27,8 @@ class ExplainOnCompany : public ControlOnCompany {
     for (std::int32_t id = 1; id <= 12; ++id) {
       if (Draw(4) == 0) hidden += Concatenate({u",", NumberText(id)});
     }
-    Run(Concatenate({u"DELETE FROM icPriceDownClass DELETE FROM ICPriceDownPrepare "
+    Run(
+        Concatenate({u"DELETE FROM icPriceDownClass DELETE FROM ICPriceDownPrepare "
                      u"DELETE FROM t_voucher UPDATE t_ICItem SET FErpClsID=1 "
                      u"UPDATE t_ICItem SET FErpClsID=6 WHERE FItemID IN(",
                      hidden, u")"}));
