@@ -169,6 +169,24 @@ TEST_F(ServerCommands, CheckAndExplainReadOnly) {
                                     "3.5, 本期计提 0\n"));
 }
 
+TEST_F(ServerCommands, ARoleThatOnlyReadsLooksAndChecksButChangesNothing) {
+  ASSERT_EQ(Create(), kDone);
+  Execute(*Open(), "CREATE ROLE company_reader LOGIN PASSWORD '" +
+                       std::string(PostgresServer::kPassword) + "'");
+  Execute(*Open(), "GRANT SELECT ON ALL TABLES IN SCHEMA public TO company_reader");
+  std::string reader = database_;
+  constexpr std::string_view kOwner = "UID=workbench";
+  reader.replace(reader.find(kOwner), kOwner.size(), "UID=company_reader");
+  EXPECT_EQ(Run({"info", reader}), kDone) << err_.str();
+  EXPECT_EQ(Run({"check", reader}), kDone) << err_.str();
+  EXPECT_EQ(Run({"explain", reader, "00001"}), kDone) << err_.str();
+  EXPECT_EQ(Run({"export", reader, "--items", folder_.PathOf("物料.csv")}), kDone) << err_.str();
+  folder_.Write("新.csv", "物料代码,物料名称\n90.1,端盖\n");
+  EXPECT_EQ(Run({"import", reader, "--items", folder_.PathOf("新.csv")}), kFailed);
+  EXPECT_EQ(Run({"create", reader, "--force"}), kFailed);
+  EXPECT_EQ(Number(*Open(), "SELECT count(*) FROM t_ICItem"), 5);
+}
+
 TEST_F(ServerCommands, WhatIsNoCompanyIsRefusedByName) {
   EXPECT_EQ(Run({"info", database_}), kFailed);
   EXPECT_EQ(err_.str(), "workbench: 不是公司数据库,没有表 icPriceDownClass\n");

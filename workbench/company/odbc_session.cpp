@@ -14,6 +14,11 @@ namespace {
 
 SQLPOINTER Number(SQLULEN value) { return reinterpret_cast<SQLPOINTER>(value); }
 
+void SetTimeLimit(SQLHSTMT statement, std::chrono::seconds limit) noexcept {
+  SQLSetStmtAttrW(statement, SQL_ATTR_QUERY_TIMEOUT, Number(static_cast<SQLULEN>(limit.count())),
+                  SQL_IS_UINTEGER);
+}
+
 SQLSMALLINT Prepared(const Handle& environment) {
   Check(SQLSetEnvAttr(environment.Get(), SQL_ATTR_ODBC_VERSION, Number(SQL_OV_ODBC3), 0),
         SQL_HANDLE_ENV, environment.Get());
@@ -88,15 +93,17 @@ Session::~Session() {
 }
 
 void Session::LimitTime(SQLHSTMT statement) const noexcept {
-  const auto timeout = static_cast<SQLULEN>(options_.statementTimeout.count());
-  SQLSetStmtAttrW(statement, SQL_ATTR_QUERY_TIMEOUT, Number(timeout), SQL_IS_UINTEGER);
+  SetTimeLimit(statement, options_.statementTimeout);
 }
 
-ResultSet Session::Execute(std::u16string_view text) { return Run(text, options_.cancels); }
+ResultSet Session::Execute(std::u16string_view text) {
+  return Run(text, options_.statementTimeout, options_.cancels);
+}
 
-ResultSet Session::Run(std::u16string_view text, const std::function<bool()>& cancels) {
+ResultSet Session::Run(std::u16string_view text, std::chrono::seconds limit,
+                       const std::function<bool()>& cancels) {
   const Handle statement(SQL_HANDLE_STMT, SQL_HANDLE_DBC, Get());
-  LimitTime(statement.Get());
+  SetTimeLimit(statement.Get(), limit);
   const CancelWatch watch(statement.Get(), cancels);
   OdbcText sent = ToOdbc(text);
   SQLRETURN state =
@@ -125,7 +132,7 @@ bool Session::IsKnownDead() const noexcept {
 bool Session::Answers() noexcept {
   if (IsKnownDead()) return false;
   try {
-    Run(u"SELECT 1", {});
+    Run(u"SELECT 1", options_.loginTimeout, {});
     return true;
   } catch (const std::exception&) {
     return false;

@@ -1,6 +1,8 @@
 // One login at a server: connects, runs texts, ends transactions. It never connects a second time.
 #pragma once
 
+#include <chrono>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -35,7 +37,8 @@ class Session {
   void LimitTime(SQLHSTMT statement) const noexcept;
 
  private:
-  ResultSet Run(std::u16string_view text, const std::function<bool()>& cancels);
+  ResultSet Run(std::u16string_view text, std::chrono::seconds limit,
+                const std::function<bool()>& cancels);
   bool IsKnownDead() const noexcept;
   void SetAutocommit(bool on);
   void SetIsolation(Isolation isolation) noexcept;
