@@ -6,8 +6,9 @@
 
 namespace pricedown {
 
-// A character set that follows from the font's name.
-inline constexpr std::int32_t kAnyCharset = 1;
+// No character set is given: it follows from the font's name. Distinct from the system's default
+// set, 1, which the suite may ask for.
+inline constexpr std::int32_t kAnyCharset = -1;
 
 struct Font {
   std::u16string name = u"宋体";

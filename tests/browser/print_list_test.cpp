@@ -104,7 +104,7 @@ TEST_F(PrintListTest, HasItsLinesInSongWithoutATitleFont) {
   // A character set belongs to its font.
   SetPageLines({u"", 9, false, false, false, 136}, document);
   FillPrintTable(Cells(), document.table);
-  EXPECT_EQ(Readable(document), PrintedList("宋体 1", ""));
+  EXPECT_EQ(Readable(document), PrintedList("宋体 -1", ""));
 }
 
 }  // namespace

@@ -16,7 +16,7 @@
 
 namespace pricedown::testing {
 
-// header "title" 宋体 1 20.0 bold underlined
+// header "title" 宋体 134 20.0 bold underlined
 inline std::string Readable(const PageLine& line) {
   const Font& font = line.font;
   return Quoted(line.text) + " " + Utf8(font.name) + " " + std::to_string(font.charset) + " " +

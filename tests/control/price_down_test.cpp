@@ -228,7 +228,7 @@ TEST(Initialize, SetsTheTitleSizeEvenWithoutAFontOfTheSuite) {
   world.factory.Refuses(u"ZEPFrmRes.FrmResLoader");
   world.Create();
   EXPECT_THROW(world.control->Initialize(), AutomationError);
-  EXPECT_EQ(world.log.Count("view title font \"\" 1 18.0"), 1u);
+  EXPECT_EQ(world.log.Count("view title font \"\" -1 18.0"), 1u);
   EXPECT_EQ(world.log.Lines().back(), "screen pointer 0");
 }
 

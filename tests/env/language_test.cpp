@@ -105,7 +105,7 @@ TEST_F(Language, TreatsMissingFontPropertiesAsUndecided) {
   other.Object(u"font").On(u"", Reply(Null{}));
   const Font font = ReadFontProperties(other);
   EXPECT_TRUE(font.name.empty());
-  EXPECT_EQ(font.charset, 1);
+  EXPECT_EQ(font.charset, kAnyCharset);
 }
 
 TEST_F(Language, FailsWithoutAFontObject) {

@@ -92,6 +92,29 @@ TEST(ControlWindow, WorksBeforeAnyContainerShowsIt) {
   EXPECT_GT(world.window->MeasureLabel(Font{}), 100);
 }
 
+TEST(ControlWindow, ShowsItsTitleInTheFontThatTheSuiteGives) {
+  UiWorld world;
+  const auto font = [&] {
+    LOGFONTW description{};
+    const LRESULT handle = SendMessageW(world.Child(ids::kTitle), WM_GETFONT, 0, 0);
+    GetObjectW(reinterpret_cast<HFONT>(handle), sizeof description, &description);
+    return description;
+  };
+  const LONG height = windows::Dpi::Of(world.window->Handle()).FontHeight(18);
+  const LOGFONTW own = font();
+  EXPECT_EQ(own.lfHeight, height) << "before the suite is asked";
+  world.window->SetTitleFont({u"", 20, false, false, false, 136});
+  EXPECT_STREQ(font().lfFaceName, own.lfFaceName) << "without a name the size alone counts";
+  EXPECT_EQ(font().lfHeight, windows::Dpi::Of(world.window->Handle()).FontHeight(20));
+  world.Start();
+  EXPECT_STREQ(font().lfFaceName, L"宋体");
+  EXPECT_EQ(font().lfCharSet, 134);
+  EXPECT_EQ(font().lfHeight, height);
+  world.window->SetTitleFont({u"新細明體", 18, false, false, false, 1});
+  EXPECT_STREQ(font().lfFaceName, L"新細明體");
+  EXPECT_EQ(font().lfCharSet, DEFAULT_CHARSET);
+}
+
 TEST(ControlWindow, KeepsItsContentWhileItIsParked) {
   UiWorld world;
   world.Start();
