@@ -105,7 +105,7 @@ class FaultPoints : public ::testing::TestWithParam<Operation> {
     world.editor.whileShown = {};
     EXPECT_FALSE(world.editor.Shown().State().loaded);
     StillPrints(world);
-    world.control->CommandChosen(pricedown::testing::Button(u""));
+    world.control->CommandChosen(pricedown::testing::Button(u"sp2"));
     world.control->Terminate();
     world.control.reset();
     world.state = {};

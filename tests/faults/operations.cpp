@@ -103,9 +103,7 @@ const std::vector<Operation>& Operations() {
       {"Start", [](FaultWorld& world) { world.OpenControl(); }},
       {"SelectClass", [](FaultWorld& world) { world.Select(u"B1"); }},
       {"Reload",
-       [](FaultWorld& world) {
-         world.control->CommandChosen(pricedown::testing::Button(u"Refresh"));
-       }},
+       [](FaultWorld& world) { world.control->CommandChosen(pricedown::testing::Button(u"sp2")); }},
       {"Activate", [](FaultWorld& world) { world.control->NotifyMessage(u"Activate"); }},
       {"HideToolStrip",
        [](FaultWorld& world) {

@@ -51,7 +51,7 @@ void CommandSequences::Invoke(std::u16string_view button, std::u16string_view to
       break;
     default:
       (*control.*member)();
-      control->CommandChosen(pricedown::testing::Button(u""));  // which reloads the tree
+      control->CommandChosen(pricedown::testing::Button(u"sp2"));  // which reloads the tree
       break;
   }
 }

@@ -241,7 +241,7 @@ TEST_F(FailingCalls, LeaveAClassWithOrWithoutItsProvisionOrGone) {
     ResetCompany();
     Run(u"delete from ICPriceDownPrepare where FItemID='2'");
     control->CommandChosen(
-        pricedown::testing::Button(u""));  // the tree again, with the class in it
+        pricedown::testing::Button(u"sp2"));  // the tree again, with the class in it
     Select(u"A1");
     const int first = recorder->CallCount();
     recorder->FailCall(failingCall);

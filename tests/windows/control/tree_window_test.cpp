@@ -82,7 +82,7 @@ TEST_F(TreeWindow, SelectsByKeyboard) {
 
 TEST_F(TreeWindow, TakingTheFocusSelectsNothing) {
   SetFocus(world_.Grid());
-  world_.control->CommandChosen(Button(u"unknown"));
+  world_.control->CommandChosen(Button(u"sp2"));
   ASSERT_EQ(world_.window->SelectedNode(), kNoNode);
   const std::size_t before = world_.suite.log.Size();
   SetFocus(world_.Tree());
@@ -93,7 +93,7 @@ TEST_F(TreeWindow, TakingTheFocusSelectsNothing) {
 
 TEST_F(TreeWindow, KeysGoOnFromTheClickedClassAfterAReload) {
   world_.Click(world_.Tree(), world_.NodePoint(5));
-  world_.control->CommandChosen(Button(u"unknown"));
+  world_.control->CommandChosen(Button(u"sp2"));
   ASSERT_EQ(world_.window->SelectedNode(), kNoNode);
   SetFocus(world_.Tree());
   world_.Press(VK_DOWN);
@@ -103,7 +103,7 @@ TEST_F(TreeWindow, KeysGoOnFromTheClickedClassAfterAReload) {
 
 TEST_F(TreeWindow, AKeyThatLeadsNowhereSelectsTheClickedClassAgain) {
   world_.Click(world_.Tree(), world_.NodePoint(13));
-  world_.control->CommandChosen(Button(u"unknown"));
+  world_.control->CommandChosen(Button(u"sp2"));
   SetFocus(world_.Tree());
   world_.Press(VK_DOWN);
   EXPECT_EQ(world_.window->SelectedNode(), 13);
@@ -136,7 +136,7 @@ TEST_F(TreeWindow, KeepsItsScrollPositionOverAReload) {
   };
   const std::string before = first();
   ASSERT_NE(before, "物料");
-  world_.control->CommandChosen(Button(u"unknown"));
+  world_.control->CommandChosen(Button(u"sp2"));
   EXPECT_EQ(first(), before);
   EXPECT_EQ(world_.window->SelectedNode(), kNoNode);
 }
@@ -159,7 +159,7 @@ TEST_F(TreeWindow, ShowsTheClickedClassWithoutFocusAndWithoutSelection) {
   SetFocus(world_.Grid());
   EXPECT_GT(background(), plain + 10) << "selected";
   KeepPicture(world_.host.Handle(), "tree without focus");
-  world_.control->CommandChosen(Button(u"unknown"));
+  world_.control->CommandChosen(Button(u"sp2"));
   ASSERT_EQ(world_.window->SelectedNode(), kNoNode);
   EXPECT_GT(background(), plain + 10) << "marked";
   KeepPicture(world_.host.Handle(), "tree reloaded");
@@ -172,10 +172,10 @@ TEST_F(TreeWindow, ShowsTheClassesOfTheRootUnlessTheUserClosedIt) {
   };
   EXPECT_TRUE(expanded());
   TreeView_Expand(world_.Tree(), TreeView_GetRoot(world_.Tree()), TVE_COLLAPSE);
-  world_.control->CommandChosen(Button(u"unknown"));
+  world_.control->CommandChosen(Button(u"sp2"));
   EXPECT_FALSE(expanded());
   TreeView_Expand(world_.Tree(), TreeView_GetRoot(world_.Tree()), TVE_EXPAND);
-  world_.control->CommandChosen(Button(u"unknown"));
+  world_.control->CommandChosen(Button(u"sp2"));
   EXPECT_TRUE(expanded());
 }
 
