@@ -14,6 +14,24 @@ namespace {
 constexpr UINT kPeriod = 10;        // milliseconds
 constexpr int kTextOfBox = 0xFFFF;  // the id of a message box's text
 
+// Systems differ in the id of the picture.
+HICON IconOf(HWND box) {
+  HWND child = nullptr;
+  while ((child = FindWindowExW(box, child, L"STATIC", nullptr)) != nullptr) {
+    if ((GetWindowLongPtrW(child, GWL_STYLE) & SS_TYPEMASK) != SS_ICON) continue;
+    return reinterpret_cast<HICON>(SendMessageW(child, STM_GETICON, 0, 0));
+  }
+  return nullptr;
+}
+
+std::vector<int> ButtonsOf(HWND box) {
+  std::vector<int> buttons;
+  for (const int id : {IDOK, IDCANCEL, IDYES, IDNO}) {
+    if (IsWindowVisible(GetDlgItem(box, id)) != FALSE) buttons.push_back(id);
+  }
+  return buttons;
+}
+
 MessageBoxes* current = nullptr;
 
 }  // namespace
@@ -44,7 +62,7 @@ void MessageBoxes::Answer(HWND box) {
   if (std::find(answered_.begin(), answered_.end(), box) != answered_.end()) return;
   answered_.push_back(box);
   shown_.push_back({Utf8(windows::TextOf(box)), Utf8(windows::TextOf(GetDlgItem(box, kTextOfBox))),
-                    GetWindow(box, GW_OWNER)});
+                    GetWindow(box, GW_OWNER), IconOf(box), ButtonsOf(box)});
   int button = IDOK;
   if (!buttons_.empty()) {
     button = buttons_.front();

@@ -1,4 +1,4 @@
-// Answers message boxes while a test waits in them, and records their texts. Only boxes of this
+// Answers message boxes while a test waits in them, and records how they look. Only boxes of this
 // thread are answered; a box without an answer gets its default button.
 #pragma once
 
@@ -24,6 +24,10 @@ class MessageBoxes {
     std::string title;
     std::string text;
     HWND owner;
+    // Null without an icon; the system's icons are shared.
+    HICON icon;
+    // Those of IDOK, IDCANCEL, IDYES and IDNO that can be pressed.
+    std::vector<int> buttons;
   };
   const std::vector<Shown>& All() const { return shown_; }
 

@@ -11,7 +11,6 @@
 #include "tests/windows/base/picture.h"
 #include "tests/windows/control/ui_world.h"
 #include "windows/base/control_ids.h"
-#include "windows/base/message_box_questions.h"
 
 namespace pricedown::testing {
 namespace {
@@ -169,28 +168,6 @@ void CloseByExit(bool byKeyboard) {
 TEST(ToolStripWindow, SurvivesAHostThatClosesEverythingOnAClick) { CloseByExit(false); }
 
 TEST(ToolStripWindow, SurvivesAHostThatClosesEverythingOnAKey) { CloseByExit(true); }
-
-TEST(MessageBoxQuestions, AreOwnedByTheHostsWindow) {
-  UiWorld world;
-  world.Start();
-  MessageBoxes boxes;
-  boxes.WillPress({IDOK, IDYES, IDNO});
-  windows::MessageBoxQuestions questions(*world.window);
-  questions.Tell(u"没有权限,请与系统管理员联系", u"岚禾提示", MessageIcon::Information);
-  EXPECT_TRUE(questions.Confirm(u"确实要删除吗?", u"岚禾提示", MessageIcon::Question));
-  EXPECT_FALSE(questions.Confirm(u"确实要删除吗?", u"岚禾提示", MessageIcon::None));
-  ASSERT_EQ(boxes.All().size(), 3u);
-  EXPECT_EQ(boxes.All()[0].text, "没有权限,请与系统管理员联系");
-  EXPECT_EQ(boxes.All()[1].title, "岚禾提示");
-  for (const auto& box : boxes.All()) EXPECT_EQ(box.owner, world.host.Handle());
-}
-
-TEST(MessageBoxQuestions, ShowsThatSomethingUnexpectedFailedWithoutDescription) {
-  MessageBoxes boxes;
-  windows::ReportFailure(nullptr, {E_OUTOFMEMORY, {}, {}});
-  ASSERT_EQ(boxes.All().size(), 1u);
-  EXPECT_EQ(boxes.All()[0].text, "意外错误");
-}
 
 }  // namespace
 }  // namespace pricedown::testing
