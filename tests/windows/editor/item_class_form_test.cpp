@@ -40,6 +40,10 @@ TEST_F(ItemClassFormWindow, OpensFilledOnAClass) {
                         EXPECT_EQ(Codes(), "01.1 01.2 01.3 ");
                         EXPECT_EQ(Cell(1, 1), "物料2");
                         EXPECT_EQ(Cell(1, 2), "M2");
+                        const windows::Dpi dpi = windows::Dpi::Of(List());
+                        EXPECT_EQ(ListView_GetColumnWidth(List(), 0), dpi.ToPixels(2000));
+                        EXPECT_EQ(ListView_GetColumnWidth(List(), 1), dpi.ToPixels(2500));
+                        EXPECT_EQ(ListView_GetColumnWidth(List(), 2), dpi.ToPixels(2800));
                         KeepPicture(Form(), "form on a class");
                       },
                       [&] { CloseByFrame(); }});
@@ -95,7 +99,7 @@ TEST_F(ItemClassFormWindow, LooksUpAccountsByKeyAndByButton) {
   pickers->accounts = {u"5711", u"1281.1"};
   ShowForAdd({[&] {
                 SetFocus(Child(form_ids::kLossAccount));
-                Press(VK_F7);
+                PressWith(VK_CONTROL, VK_F7);
                 EXPECT_EQ(TextIn(form_ids::kLossAccount), "5711");
                 EXPECT_EQ(TextIn(form_ids::kReserveAccount), "");
                 ClickChild(form_ids::kReserveLookup);
