@@ -88,7 +88,7 @@ void MeasureDeletion(const std::string& path, Figures& figures) {
   const Timing timing =
       Compare([&] { stage->Control().CommandChosen(*pricedown::CommandOfTool(u"iCut")); },
               [&] { DeleteClass(stage->Factory(), kClass); }, kRepetitions, prepare);
-  stage->User().RequireUntold();
+  stage->User().RequireNoMessages();
   if (count() > 0) throw std::runtime_error("the class was not deleted");
   figures.Add("delete", rows, timing);
 }

@@ -160,7 +160,7 @@ void MeasureEditor(const std::string& folder, Figures& figures) {
     add("save text", MeasureText(stage));
     add("save", MeasureSaving(stage));
     add("remove 100", MeasureRemoving(stage));
-    stage.user.RequireUntold();
+    stage.user.RequireNoMessages();
     stage.form.Unload();
   }
 }

@@ -11,13 +11,15 @@ namespace bench {
 
 class SilentUser final : public pricedown::UserQuestions {
  public:
-  void Tell(std::u16string_view, std::u16string_view, pricedown::MessageIcon) override { ++told_; }
+  void ShowMessage(std::u16string_view, std::u16string_view, pricedown::MessageIcon) override {
+    ++told_;
+  }
   bool Confirm(std::u16string_view, std::u16string_view, pricedown::MessageIcon) override {
     return true;
   }
 
   // Throws std::runtime_error if a message was shown: the figures are then wrong.
-  void RequireUntold() const {
+  void RequireNoMessages() const {
     if (told_ > 0) throw std::runtime_error("a command was refused: the figures are wrong");
   }
 

@@ -10,7 +10,7 @@ std::u16string FailureText(const Failure& failure) {
 }
 
 void Messages::Inform(std::u16string_view text) {
-  questions_.Tell(text, Translate(kMessageTitle), MessageIcon::Information);
+  questions_.ShowMessage(text, Translate(kMessageTitle), MessageIcon::Information);
 }
 
 bool Messages::Ask(std::u16string_view text, MessageIcon icon) {
@@ -18,7 +18,7 @@ bool Messages::Ask(std::u16string_view text, MessageIcon icon) {
 }
 
 void Messages::Report(std::u16string_view text) {
-  questions_.Tell(text, Translate(kMessageTitle), MessageIcon::None);
+  questions_.ShowMessage(text, Translate(kMessageTitle), MessageIcon::None);
 }
 
 }  // namespace pricedown

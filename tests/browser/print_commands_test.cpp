@@ -189,7 +189,7 @@ TEST_F(PrintCommandsTest, ReportAnyException) {
 // Its message box fails after something else was printed meanwhile.
 class PrintingQuestions final : public UserQuestions {
  public:
-  void Tell(std::u16string_view, std::u16string_view, MessageIcon) override {
+  void ShowMessage(std::u16string_view, std::u16string_view, MessageIcon) override {
     if (onTell) onTell();
     throw AutomationError(ErrorNumber::Unspecified, u"no box");
   }

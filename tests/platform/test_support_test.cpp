@@ -89,7 +89,7 @@ TEST(RecordingQuestions, LogsMessagesAndAnswersFromTheScript) {
   CallLog log;
   RecordingQuestions questions(log);
   questions.WillAnswer({true, false});
-  questions.Tell(u"没有权限,请与系统管理员联系", u"岚禾提示", MessageIcon::Information);
+  questions.ShowMessage(u"没有权限,请与系统管理员联系", u"岚禾提示", MessageIcon::Information);
   EXPECT_TRUE(questions.Confirm(u"是否保存当前数据？", u"岚禾提示", MessageIcon::None));
   EXPECT_FALSE(questions.Confirm(u"确定?", u"岚禾提示", MessageIcon::Question));
   EXPECT_EQ(log.Text(), Lines(R"(

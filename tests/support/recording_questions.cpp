@@ -32,8 +32,8 @@ void RecordingQuestions::WillAnswer(std::initializer_list<bool> answers) {
   answers_.insert(answers_.end(), answers);
 }
 
-void RecordingQuestions::Tell(std::u16string_view text, std::u16string_view title,
-                              MessageIcon icon) {
+void RecordingQuestions::ShowMessage(std::u16string_view text, std::u16string_view title,
+                                     MessageIcon icon) {
   log_.Add("tell " + Shown(text, title, icon));
   if (whileTold) whileTold();
 }

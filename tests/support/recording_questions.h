@@ -24,7 +24,7 @@ class RecordingQuestions : public UserQuestions {
   std::function<void()> whileAsked;
   std::function<void()> whileTold;
 
-  void Tell(std::u16string_view text, std::u16string_view title, MessageIcon icon) override;
+  void ShowMessage(std::u16string_view text, std::u16string_view title, MessageIcon icon) override;
   bool Confirm(std::u16string_view text, std::u16string_view title, MessageIcon icon) override;
 
  private:

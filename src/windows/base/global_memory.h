@@ -20,7 +20,7 @@ class GlobalMemory {
   GlobalMemory& operator=(const GlobalMemory&) = delete;
   HGLOBAL Get() const { return memory_; }
   // Takes over what a dialog has replaced it with; frees nothing.
-  void Become(HGLOBAL memory) { memory_ = memory; }
+  void Reset(HGLOBAL memory) { memory_ = memory; }
 
  private:
   HGLOBAL memory_;

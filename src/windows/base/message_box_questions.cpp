@@ -33,8 +33,8 @@ int MessageBoxQuestions::Show(std::u16string_view text, std::u16string_view titl
   return MessageBoxW(owner, ToWide(text).c_str(), ToWide(title).c_str(), type);
 }
 
-void MessageBoxQuestions::Tell(std::u16string_view text, std::u16string_view title,
-                               MessageIcon icon) {
+void MessageBoxQuestions::ShowMessage(std::u16string_view text, std::u16string_view title,
+                                      MessageIcon icon) {
   Show(text, title, MB_OK | IconType(icon));
 }
 

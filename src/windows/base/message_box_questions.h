@@ -14,7 +14,7 @@ class MessageBoxQuestions final : public UserQuestions {
   // The boxes belong to the top-level window around `window`, which must outlive this object.
   explicit MessageBoxQuestions(const CommandWindow& window) : window_(window) {}
 
-  void Tell(std::u16string_view text, std::u16string_view title, MessageIcon icon) override;
+  void ShowMessage(std::u16string_view text, std::u16string_view title, MessageIcon icon) override;
   bool Confirm(std::u16string_view text, std::u16string_view title, MessageIcon icon) override;
 
  private:

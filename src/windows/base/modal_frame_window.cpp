@@ -44,7 +44,7 @@ void ModalFrameWindow::CreateFrame(const wchar_t* className, HWND owner,
 
 void ModalFrameWindow::MakeFont() {
   FontHandle font = MakeMessageFont(Dpi::Of(Handle()));
-  GiveFonts(font.Get());
+  SetFonts(font.Get());
   font_ = std::move(font);
 }
 
@@ -136,10 +136,10 @@ void ModalFrameWindow::OnActivate(bool active) {
 }
 
 void ModalFrameWindow::OnDpiChanged(const RECT& suggested) {
-  TakeResolution(Dpi::Of(Handle()));
+  UpdateResolution(Dpi::Of(Handle()));
   MakeFont();
   MakeIcons();
-  GivePlace(Handle(), suggested);
+  SetPlaceOf(Handle(), suggested);
   LayOut();
 }
 

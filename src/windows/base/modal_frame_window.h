@@ -54,9 +54,9 @@ class ModalFrameWindow : public CommandWindow, protected BoundWindow {
  private:
   // In tab order. Throws AutomationError.
   virtual void CreateChildren() = 0;
-  virtual void GiveFonts(HFONT font) = 0;
+  virtual void SetFonts(HFONT font) = 0;
   // Updates pictures and measures for that resolution; fonts and places follow.
-  virtual void TakeResolution(Dpi dpi) = 0;
+  virtual void UpdateResolution(Dpi dpi) = 0;
   virtual void PlaceChildren(SIZE client, Dpi dpi) = 0;
   // The inner size below which the user cannot make the window.
   virtual SIZE LeastSize(Dpi dpi) const = 0;

@@ -44,17 +44,17 @@ std::u16string TextOf(HWND window) {
   return FromWide(text);
 }
 
-void GiveText(HWND window, std::u16string_view text) {
+void SetTextOf(HWND window, std::u16string_view text) {
   if (window == nullptr || TextOf(window) == text) return;
   SetWindowTextW(window, ToWide(text).c_str());
 }
 
-void GiveFont(HWND window, HFONT font) {
+void SetFontOf(HWND window, HFONT font) {
   if (window == nullptr) return;
   SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
 }
 
-void GivePlace(HWND window, const RECT& place) {
+void SetPlaceOf(HWND window, const RECT& place) {
   if (window == nullptr) return;
   SetWindowPos(window, nullptr, place.left, place.top, WidthOf(place), HeightOf(place),
                SWP_NOZORDER | SWP_NOACTIVATE);

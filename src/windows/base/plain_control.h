@@ -26,8 +26,8 @@ class PlainControl final : public BoundWindow {
 
 // Text, font and place of any window; a no-op for null.
 std::u16string TextOf(HWND window);
-void GiveText(HWND window, std::u16string_view text);
-void GiveFont(HWND window, HFONT font);
-void GivePlace(HWND window, const RECT& place);
+void SetTextOf(HWND window, std::u16string_view text);
+void SetFontOf(HWND window, HFONT font);
+void SetPlaceOf(HWND window, const RECT& place);
 
 }  // namespace pricedown::windows

@@ -67,7 +67,7 @@ void ToolStripWindow::Create(HWND parent, HINSTANCE module, int id, Dpi dpi,
   SendMessageW(Handle(), TB_SETEXTENDEDSTYLE, 0,
                TBSTYLE_EX_DOUBLEBUFFER | (mixed ? TBSTYLE_EX_MIXEDBUTTONS : 0));
   tooltips_.clear();
-  TakeAppearance(dpi);
+  UpdateAppearance(dpi);
   AddButtons();
 }
 
@@ -128,7 +128,7 @@ void ToolStripWindow::SizeButtons() {
   }
 }
 
-void ToolStripWindow::TakeAppearance(Dpi dpi) {
+void ToolStripWindow::UpdateAppearance(Dpi dpi) {
   if (Handle() == nullptr) return;
   dpi_ = dpi;
   const std::vector<int> icons = Icons();
@@ -146,7 +146,7 @@ void ToolStripWindow::TakeAppearance(Dpi dpi) {
 
 void ToolStripWindow::SetFont(HFONT font) {
   font_ = font;
-  GiveFont(Handle(), font);
+  SetFontOf(Handle(), font);
   SizeButtons();
 }
 

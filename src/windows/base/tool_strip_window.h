@@ -42,7 +42,7 @@ class ToolStripWindow final : public BoundWindow {
   int ButtonHeight() const;
   // From the window's left edge to the right one of the last button. Pixels.
   int ButtonsWidth() const;
-  void TakeAppearance(Dpi dpi);
+  void UpdateAppearance(Dpi dpi);
 
   // Notifications that the tool bar sent to its parent.
   void OnCommand(int id);

@@ -107,7 +107,7 @@ using ComClass = ComClassOf<Implements<Interfaces...>>;
 // A new object with one reference, the owner's.
 template <typename T, typename... Arguments>
 ComPtr<T> MakeCom(Arguments&&... arguments) {
-  return ComPtr<T>::Take(new T(std::forward<Arguments>(arguments)...));
+  return ComPtr<T>::Adopt(new T(std::forward<Arguments>(arguments)...));
 }
 
 }  // namespace pricedown::windows

@@ -144,7 +144,7 @@ Value ComObject::Invoke(MemberId member, Access access, std::span<Value> argumen
       Send(member, FlagsOf(access), parameters, put ? nullptr : result.put(), *failure.put());
   if (FAILED(code)) failure.Throw(code, object.get());
   outgoing.WriteBack();
-  return TakeVariant(std::move(result));
+  return ConsumeVariant(std::move(result));
 }
 
 }  // namespace pricedown::windows

@@ -22,10 +22,10 @@ class ComPtr {
   // Adds a reference; `pointer` may be null.
   static ComPtr Share(T* pointer) {
     if (pointer != nullptr) pointer->AddRef();
-    return Take(pointer);
+    return Adopt(pointer);
   }
   // Takes over the caller's reference.
-  static ComPtr Take(T* pointer) {
+  static ComPtr Adopt(T* pointer) {
     ComPtr owner;
     owner.pointer_ = pointer;
     return owner;

@@ -88,7 +88,7 @@ ComPtr<IDispatch> ToDispatch(const ObjectPtr& object) {
   if (const auto* theirs = dynamic_cast<const ComObject*>(object.get())) {
     return theirs->Dispatch();
   }
-  return ComPtr<IDispatch>::Take(MakeCom<DispatchObject>(object).release());
+  return ComPtr<IDispatch>::Adopt(MakeCom<DispatchObject>(object).release());
 }
 
 }  // namespace pricedown::windows

@@ -25,7 +25,7 @@ OutgoingArguments::OutgoingArguments(std::span<Value> values)
 void OutgoingArguments::WriteBack() {
   for (std::size_t i = 0; i < values_.size(); ++i) {
     if (values_[i].Is(Value::Kind::Reference)) {
-      values_[i].Target() = TakeVariant(std::move(contents_[i]));
+      values_[i].Target() = ConsumeVariant(std::move(contents_[i]));
     }
   }
 }

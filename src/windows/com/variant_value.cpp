@@ -192,7 +192,7 @@ Value FromVariant(const VARIANT& variant) {
   }
 }
 
-Value TakeVariant(Variant variant) {
+Value ConsumeVariant(Variant variant) {
   const VARIANT& content = variant.get();
   const bool block = (content.vt & VT_ARRAY) != 0 && (content.vt & VT_BYREF) == 0 &&
                      content.parray != nullptr && SafeArrayGetDim(content.parray) == 2;

@@ -15,7 +15,7 @@ namespace pricedown::windows {
 Value FromVariant(const VARIANT& variant);
 
 // The same without copying a two-dimensional array.
-Value TakeVariant(Variant variant);
+Value ConsumeVariant(Variant variant);
 
 // A reference is followed. Throws AutomationError or std::bad_alloc.
 Variant ToVariant(const Value& value);

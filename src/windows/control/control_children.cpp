@@ -52,7 +52,7 @@ void ControlChildren::Create(HWND parent) {
 void ControlChildren::ListCaptions() {
   const auto ofWindow = [](std::u16string name, BoundWindow& window) {
     return CaptionAccess{std::move(name), [&window] { return TextOf(window.Handle()); },
-                         [&window](std::u16string_view text) { GiveText(window.Handle(), text); }};
+                         [&window](std::u16string_view text) { SetTextOf(window.Handle(), text); }};
   };
   std::vector<CaptionAccess> captions{ofWindow(u"lbl_Title", title),
                                       ofWindow(u"lblPeriod", period),
@@ -75,10 +75,10 @@ void ControlChildren::MakeFonts(Dpi dpi) {
   FontHandle forTitle =
       wanted.name.empty() ? MakeMessageFont(wanted.size, dpi) : MakeFont(wanted, dpi);
   FontHandle forTexts = MakeMessageFont(dpi);
-  GiveFont(title.Handle(), forTitle.Get());
+  SetFontOf(title.Handle(), forTitle.Get());
   for (const BoundWindow* window : std::initializer_list<const BoundWindow*>{
            &period, &firstLabel, &secondLabel, &classHeading, &itemHeading, &statusBar}) {
-    GiveFont(window->Handle(), forTexts.Get());
+    SetFontOf(window->Handle(), forTexts.Get());
   }
   strip.SetFont(forTexts.Get());
   findBar.SetFont(forTexts.Get());
@@ -87,10 +87,10 @@ void ControlChildren::MakeFonts(Dpi dpi) {
   textFont = std::move(forTexts);
 }
 
-void ControlChildren::TakeResolution(Dpi dpi) {
+void ControlChildren::UpdateResolution(Dpi dpi) {
   MakeFonts(dpi);
-  tree.TakeAppearance(dpi);
-  strip.TakeAppearance(dpi);
+  tree.UpdateAppearance(dpi);
+  strip.UpdateAppearance(dpi);
   grid.UpdateAppearance();
 }
 

@@ -47,7 +47,7 @@ struct ControlChildren {
   void Create(HWND parent);
   void MakeFonts(Dpi dpi);
   // Fonts and pictures anew, also for other settings of the system.
-  void TakeResolution(Dpi dpi);
+  void UpdateResolution(Dpi dpi);
   void ShowProgress(bool show);
   LRESULT OnNotify(NMHDR& header);
   // False when there is no further child in that direction and it does not wrap around.

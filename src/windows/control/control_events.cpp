@@ -31,7 +31,7 @@ void EraseBackground(HDC context) {
 
 // Runs a command of the core. The control may be gone when this returns.
 template <typename Command>
-void ControlWindow::Fire(Command&& command) {
+void ControlWindow::RunCommand(Command&& command) {
   if (control_ == nullptr) return;
   const std::shared_ptr<void> hold = Hold();
   const HWND owner = DialogOwner();
@@ -44,12 +44,12 @@ void ControlWindow::Fire(Command&& command) {
 }
 
 void ControlWindow::NodeClicked(NodeIndex node) {
-  Fire([node](PriceDown& control) { control.NodeClicked(node); });
+  RunCommand([node](PriceDown& control) { control.NodeClicked(node); });
 }
 
 // Buttons and menus show rows of the control's own table.
 void ControlWindow::CommandChosen(const Command& command) {
-  Fire([&command](PriceDown& control) {
+  RunCommand([&command](PriceDown& control) {
     control.CommandChosen(static_cast<const ControlCommand&>(command));
   });
 }
@@ -83,7 +83,7 @@ void ControlWindow::MenuRequested(HWND child, POINT place) {
 
 void ControlWindow::SplitterEvent(SplitterAction action, std::int32_t pixels) {
   const std::int32_t twips = Dpi::Of(Handle()).ToTwips(pixels);
-  Fire([action, twips](PriceDown& control) {
+  RunCommand([action, twips](PriceDown& control) {
     switch (action) {
       case SplitterAction::Press:
         control.SplitterDown();
@@ -187,8 +187,8 @@ void ControlWindow::SystemChanged(UINT message) {
       if (child->Handle() != nullptr) SendMessageW(child->Handle(), message, 0, 0);
     }
   } else {
-    c.TakeResolution(Dpi::Of(Handle()));
-    Fire([](PriceDown& control) { control.Resized(); });
+    c.UpdateResolution(Dpi::Of(Handle()));
+    RunCommand([](PriceDown& control) { control.Resized(); });
   }
   RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
@@ -204,7 +204,7 @@ LRESULT ControlWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       PaintBackground(Handle());
       return 0;
     case WM_SIZE:
-      Fire([](PriceDown& control) { control.Resized(); });
+      RunCommand([](PriceDown& control) { control.Resized(); });
       return 0;
     case WM_SETFOCUS:
       if (IsChild(Handle(), children_->lastFocus) != FALSE &&

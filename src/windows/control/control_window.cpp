@@ -68,7 +68,7 @@ void ControlWindow::MoveInto(HWND parent, const RECT& pixels) {
   ShowWindow(Handle(), SW_SHOW);
 }
 
-void ControlWindow::MoveTo(const RECT& pixels) { GivePlace(Handle(), pixels); }
+void ControlWindow::MoveTo(const RECT& pixels) { SetPlaceOf(Handle(), pixels); }
 
 void ControlWindow::Park() {
   if (Handle() == nullptr) return;
@@ -79,7 +79,7 @@ void ControlWindow::Park() {
 ObjectPtr ControlWindow::Form() const { return children_->form; }
 
 void ControlWindow::SetTitle(std::u16string_view text) {
-  GiveText(children_->title.Handle(), text);
+  SetTextOf(children_->title.Handle(), text);
 }
 
 void ControlWindow::SetTitleFont(const Font& font) {
@@ -90,7 +90,7 @@ void ControlWindow::SetTitleFont(const Font& font) {
 }
 
 void ControlWindow::SetPeriod(std::u16string_view text) {
-  GiveText(children_->period.Handle(), text);
+  SetTextOf(children_->period.Handle(), text);
 }
 
 void ControlWindow::DisableButton(const Command& command) {
@@ -178,7 +178,7 @@ std::int32_t ControlWindow::MeasureLabel(const Font& font) {
   const Dpi dpi = Dpi::Of(Handle());
   FontHandle handle = MakeFont(font, dpi);
   const HWND label = children_->fontLabel.Handle();
-  GiveFont(label, handle.Get());
+  SetFontOf(label, handle.Get());
   children_->labelFont = std::move(handle);
   return dpi.ToTwips(LineHeight(label, children_->labelFont.Get()));
 }

@@ -122,7 +122,7 @@ class ControlWindow final : public PriceDownView,
   unsigned MenuOf(HWND child) const;
   bool UsesCommandKey(HWND focus, const KeyPress& press) const;
   template <typename Command>
-  void Fire(Command&& command);
+  void RunCommand(Command&& command);
   void SystemChanged(UINT message);
   void ShowStatus();
 

@@ -92,7 +92,7 @@ void FindBarWindow::SetFont(HFONT font) {
   font_ = font;
   for (const BoundWindow* child :
        std::initializer_list<const BoundWindow*>{&label_, &field_, &count_}) {
-    GiveFont(child->Handle(), font);
+    SetFontOf(child->Handle(), font);
   }
   LayOut();
 }
@@ -103,7 +103,7 @@ void FindBarWindow::Open(FindPane pane, std::u16string_view text) {
   open_ = true;
   // The text is the one that the core knows.
   opening_ = true;
-  GiveText(field_.Handle(), text);
+  SetTextOf(field_.Handle(), text);
   opening_ = false;
   SetWindowPos(Handle(), HWND_TOP, 0, 0, 0, 0,
                SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
@@ -115,7 +115,7 @@ void FindBarWindow::Close() {
 }
 
 void FindBarWindow::MoveTo(const RECT& area) {
-  GivePlace(Handle(), area);
+  SetPlaceOf(Handle(), area);
   LayOut();
 }
 
@@ -130,9 +130,9 @@ void FindBarWindow::LayOut() {
                               LineHeight(context.Get(), font_) + dpi.Scale(kFieldRoom),
                               dpi.Scale(kMargin)};
   const FindPlaces places = pricedown::PlaceFindBar({client.right, client.bottom}, measures);
-  GivePlace(label_.Handle(), ToRect(places.label));
-  GivePlace(field_.Handle(), ToRect(places.field));
-  GivePlace(count_.Handle(), ToRect(places.count));
+  SetPlaceOf(label_.Handle(), ToRect(places.label));
+  SetPlaceOf(field_.Handle(), ToRect(places.field));
+  SetPlaceOf(count_.Handle(), ToRect(places.count));
 }
 
 void FindBarWindow::Focus() {
@@ -148,7 +148,7 @@ bool FindBarWindow::HasFocus() const {
 void FindBarWindow::SetCount(std::u16string_view text, bool counting) {
   counting_ = counting;
   if (Handle() == nullptr) return;
-  GiveText(count_.Handle(), text);
+  SetTextOf(count_.Handle(), text);
   if (counting) InvalidateRect(Handle(), nullptr, FALSE);
 }
 

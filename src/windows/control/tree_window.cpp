@@ -50,10 +50,10 @@ void TreeWindow::Create(HWND parent, HINSTANCE module, Dpi dpi, std::u16string_v
   creation.module = module;
   CreateControl(creation);
   SendMessageW(Handle(), TVM_SETEXTENDEDSTYLE, TVS_EX_DOUBLEBUFFER, TVS_EX_DOUBLEBUFFER);
-  TakeAppearance(dpi);
+  UpdateAppearance(dpi);
 }
 
-void TreeWindow::TakeAppearance(Dpi dpi) {
+void TreeWindow::UpdateAppearance(Dpi dpi) {
   if (Handle() == nullptr) return;
   ImageList images = MakeImageList(kImages, IconLook::Normal, dpi);
   TreeView_SetImageList(Handle(), images.Get(), TVSIL_NORMAL);
@@ -71,7 +71,7 @@ void TreeWindow::SizeItems() {
 }
 
 void TreeWindow::SetFont(FontHandle font) {
-  GiveFont(Handle(), font.Get());
+  SetFontOf(Handle(), font.Get());
   font_ = std::move(font);
   SizeItems();
 }

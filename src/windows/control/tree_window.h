@@ -36,7 +36,7 @@ class TreeWindow final : public BoundWindow {
 
   void SetFont(FontHandle font);
   // Sizes of the resolution, colours of the system.
-  void TakeAppearance(Dpi dpi);
+  void UpdateAppearance(Dpi dpi);
   // A notification that the tree sent to its parent.
   LRESULT OnNotify(NMHDR& header);
 

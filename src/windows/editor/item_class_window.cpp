@@ -110,7 +110,7 @@ void ItemClassWindow::ListCaptions() {
   for (const FormCaptionRow& row : kFormCaptions) {
     const BoundWindow& window = *Captioned(row.target);
     captions.push_back({std::u16string(row.name), [&window] { return TextOf(window.Handle()); },
-                        [&window](std::u16string_view text) { GiveText(window.Handle(), text); }});
+                        [&window](std::u16string_view text) { SetTextOf(window.Handle(), text); }});
   }
   for (const FormToolRow& tool : kFormTools) {
     if (tool.separator) continue;
@@ -122,16 +122,16 @@ void ItemClassWindow::ListCaptions() {
   c.form = std::make_shared<CaptionedForm>(u"frmItemClass", std::move(captions));
 }
 
-void ItemClassWindow::GiveFonts(HFONT font) {
+void ItemClassWindow::SetFonts(HFONT font) {
   FormChildren& c = *children_;
   for (FieldRow& row : c.rows) {
     for (const BoundWindow* window :
          std::initializer_list<const BoundWindow*>{&row.label, &row.text, &row.lookup}) {
-      GiveFont(window->Handle(), font);
+      SetFontOf(window->Handle(), font);
     }
   }
-  GiveFont(c.headerFrame.Handle(), font);
-  GiveFont(c.itemFrame.Handle(), font);
+  SetFontOf(c.headerFrame.Handle(), font);
+  SetFontOf(c.itemFrame.Handle(), font);
   c.members.SetFont(font);
   c.strip.SetFont(font);
 }
@@ -151,9 +151,9 @@ FormMeasures ItemClassWindow::Measures() const {
   return measures;
 }
 
-void ItemClassWindow::TakeResolution(Dpi dpi) {
-  children_->strip.TakeAppearance(dpi);
-  children_->members.TakeAppearance(dpi);
+void ItemClassWindow::UpdateResolution(Dpi dpi) {
+  children_->strip.UpdateAppearance(dpi);
+  children_->members.UpdateAppearance(dpi);
   ShowLookupPictures(dpi);
 }
 
@@ -168,17 +168,17 @@ std::array<HWND, 2> ItemClassWindow::ThemedChildren() const {
 void ItemClassWindow::PlaceChildren(SIZE client, Dpi dpi) {
   FormChildren& c = *children_;
   const FormPlaces places = PlaceForm({client.cx, client.cy}, Measures(), dpi.Value());
-  GivePlace(c.strip.Handle(), ToRect(places.strip));
-  GivePlace(c.line.Handle(), ToRect(places.line));
-  GivePlace(c.headerFrame.Handle(), ToRect(places.headerFrame));
-  GivePlace(c.itemFrame.Handle(), ToRect(places.itemFrame));
+  SetPlaceOf(c.strip.Handle(), ToRect(places.strip));
+  SetPlaceOf(c.line.Handle(), ToRect(places.line));
+  SetPlaceOf(c.headerFrame.Handle(), ToRect(places.headerFrame));
+  SetPlaceOf(c.itemFrame.Handle(), ToRect(places.itemFrame));
   for (std::size_t i = 0; i < kFormRows.size(); ++i) {
-    GivePlace(c.Row(kFormRows[i]).label.Handle(), ToRect(places.labels[i]));
-    GivePlace(c.Row(kFormRows[i]).text.Handle(), ToRect(places.fields[i]));
+    SetPlaceOf(c.Row(kFormRows[i]).label.Handle(), ToRect(places.labels[i]));
+    SetPlaceOf(c.Row(kFormRows[i]).text.Handle(), ToRect(places.fields[i]));
   }
-  GivePlace(c.Row(FormField::LossAccount).lookup.Handle(), ToRect(places.lossLookup));
-  GivePlace(c.Row(FormField::ReserveAccount).lookup.Handle(), ToRect(places.reserveLookup));
-  GivePlace(c.members.Handle(), ToRect(places.members));
+  SetPlaceOf(c.Row(FormField::LossAccount).lookup.Handle(), ToRect(places.lossLookup));
+  SetPlaceOf(c.Row(FormField::ReserveAccount).lookup.Handle(), ToRect(places.reserveLookup));
+  SetPlaceOf(c.members.Handle(), ToRect(places.members));
 }
 
 void ItemClassWindow::Show(std::function<void()> unloading) {
@@ -197,7 +197,7 @@ std::u16string ItemClassWindow::Text(FormField field) const {
 }
 
 void ItemClassWindow::SetText(FormField field, std::u16string_view text) {
-  GiveText(children_->Row(field).text.Handle(), text);
+  SetTextOf(children_->Row(field).text.Handle(), text);
 }
 
 void ItemClassWindow::Focus(FormField field) { children_->Row(field).text.Focus(); }
@@ -220,7 +220,7 @@ BoundWindow* ItemClassWindow::Captioned(FormCaption target) {
 }
 
 void ItemClassWindow::SetCaption(FormCaption target, std::u16string_view text) {
-  if (const BoundWindow* window = Captioned(target)) GiveText(window->Handle(), text);
+  if (const BoundWindow* window = Captioned(target)) SetTextOf(window->Handle(), text);
 }
 
 void ItemClassWindow::SetToolTexts(FormTool tool, std::u16string_view caption,

@@ -62,8 +62,8 @@ class ItemClassWindow final : public ItemClassFormView,
  private:
   // ModalFrameWindow
   void CreateChildren() override;
-  void GiveFonts(HFONT font) override;
-  void TakeResolution(Dpi dpi) override;
+  void SetFonts(HFONT font) override;
+  void UpdateResolution(Dpi dpi) override;
   void PlaceChildren(SIZE client, Dpi dpi) override;
   SIZE LeastSize(Dpi dpi) const override;
   std::array<HWND, 2> ThemedChildren() const override;

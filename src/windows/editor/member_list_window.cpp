@@ -56,7 +56,7 @@ void MemberListWindow::Create(HWND parent, HINSTANCE module, Dpi dpi, std::u16st
 // list view destroys its image list when it is destroyed.
 void MemberListWindow::SetFont(HFONT font) {
   if (Handle() == nullptr) return;
-  GiveFont(Handle(), font);
+  SetFontOf(Handle(), font);
   const int height = LineHeight(Handle(), font) + dpi_.Scale(kRowMargin);
   const HIMAGELIST spacer = ImageList_Create(1, height, ILC_COLOR, 1, 0);
   if (const HIMAGELIST before = ListView_SetImageList(Handle(), spacer, LVSIL_SMALL)) {
@@ -64,7 +64,7 @@ void MemberListWindow::SetFont(HFONT font) {
   }
 }
 
-void MemberListWindow::TakeAppearance(Dpi dpi) {
+void MemberListWindow::UpdateAppearance(Dpi dpi) {
   if (Handle() == nullptr) return;
   for (int column = 0; column < member_columns::kCount; ++column) {
     const int width = ListView_GetColumnWidth(Handle(), column);

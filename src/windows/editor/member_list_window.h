@@ -36,7 +36,7 @@ class MemberListWindow final : public BoundWindow, public MemberListView {
 
   // The font must outlive the window or the next call.
   void SetFont(HFONT font);
-  void TakeAppearance(Dpi dpi);
+  void UpdateAppearance(Dpi dpi);
   LRESULT OnNotify(NMHDR& header);
   bool IsEnabled(MemberListCommand command) const;
   void Run(MemberListCommand command);

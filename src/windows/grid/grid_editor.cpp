@@ -24,7 +24,7 @@ void GridEditor::Begin(HWND parent, HINSTANCE module, const Start& start) {
   creation.id = control_ids::kCellEditor;
   creation.module = module;
   CreateControl(creation);
-  GiveFont(Handle(), start.font);
+  SetFontOf(Handle(), start.font);
   SendMessageW(Handle(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
   // The text stays where the cell shows it.
   const int height = std::min(start.lineHeight, HeightOf(start.area));

@@ -194,7 +194,7 @@ STDMETHODIMP GridElementProvider::GetColumnHeaderItems(SAFEARRAY** result) noexc
   return Ask(result, [&](GridAccess&) {
     std::vector<ComPtr<IRawElementProviderSimple>> titles;
     titles.push_back(
-        ComPtr<IRawElementProviderSimple>::Take(Other({element_.column, kTitleRow}).release()));
+        ComPtr<IRawElementProviderSimple>::Adopt(Other({element_.column, kTitleRow}).release()));
     return ElementArray(titles);
   });
 }

@@ -257,7 +257,7 @@ STDMETHODIMP GridProvider::GetColumnHeaders(SAFEARRAY** result) noexcept {
   return Ask(result, [&](GridAccess& access) {
     std::vector<ComPtr<IRawElementProviderSimple>> titles;
     for (std::int32_t column = 1; column <= access.Elements().Columns(); ++column) {
-      titles.push_back(ComPtr<IRawElementProviderSimple>::Take(Item({column, kTitleRow})));
+      titles.push_back(ComPtr<IRawElementProviderSimple>::Adopt(Item({column, kTitleRow})));
     }
     return ElementArray(titles);
   });
@@ -271,7 +271,7 @@ STDMETHODIMP GridProvider::GetSelection(SAFEARRAY** result) noexcept {
   return Ask(result, [&](GridAccess& access) {
     std::vector<ComPtr<IRawElementProviderSimple>> cells;
     for (const GridElement& cell : access.Elements().SelectedCells()) {
-      cells.push_back(ComPtr<IRawElementProviderSimple>::Take(Item(cell)));
+      cells.push_back(ComPtr<IRawElementProviderSimple>::Adopt(Item(cell)));
     }
     return ElementArray(cells);
   });

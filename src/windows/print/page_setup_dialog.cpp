@@ -39,8 +39,8 @@ bool AskOnce(HWND owner, Printer& printer, DWORD& error) {
   dialog.hDevMode = mode.Get();
   dialog.hDevNames = names.Get();
   const BOOL answer = printer.GetDialogs().PageSetup(dialog, error);
-  mode.Become(dialog.hDevMode);
-  names.Become(dialog.hDevNames);
+  mode.Reset(dialog.hDevMode);
+  names.Reset(dialog.hDevNames);
   if (answer == FALSE) return false;
   printer.Choose(mode.Get(), names.Get());
   Paper paper = printer.CurrentPaper();

@@ -16,7 +16,7 @@ constexpr COLORREF kPageEdge = RGB(0, 0, 0);
 constexpr int kEdgeShare = 150;  // of ink in the paper's edge, in 255
 constexpr int kShadowShare = 80;
 
-void GiveScrollBar(HWND window, int bar, int content, int area, int position) {
+void UpdateScrollBar(HWND window, int bar, int content, int area, int position) {
   SCROLLINFO info{};
   info.cbSize = sizeof info;
   info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS | SIF_DISABLENOSCROLL;
@@ -40,7 +40,7 @@ void PreviewPane::Create(HWND parent, HINSTANCE module, int id, const wchar_t* n
   CreateOwn(creation);
 }
 
-void PreviewPane::TakeAppearance() {
+void PreviewPane::UpdateAppearance() {
   dpi_ = Dpi::Of(Handle());
   OnSize();
 }
@@ -49,8 +49,8 @@ void PreviewPane::ShowState() {
   if (Handle() == nullptr) return;
   RECT area{};
   GetClientRect(Handle(), &area);
-  GiveScrollBar(Handle(), SB_HORZ, state_.ContentWidth(), area.right, state_.ScrollX());
-  GiveScrollBar(Handle(), SB_VERT, state_.ContentHeight(), area.bottom, state_.ScrollY());
+  UpdateScrollBar(Handle(), SB_HORZ, state_.ContentWidth(), area.right, state_.ScrollX());
+  UpdateScrollBar(Handle(), SB_VERT, state_.ContentHeight(), area.bottom, state_.ScrollY());
   InvalidateRect(Handle(), nullptr, FALSE);
 }
 

@@ -35,7 +35,7 @@ class PreviewPane final : public BoundWindow {
   // The state or the page is another one.
   void ShowState();
   // The resolution may be another one.
-  void TakeAppearance();
+  void UpdateAppearance();
 
  private:
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;

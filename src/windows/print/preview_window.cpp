@@ -84,20 +84,20 @@ void PreviewWindow::CreateChildren() {
   c.pane.Create(Handle(), Module(), preview_ids::kPane, ToWide(Translate(kPaneName)).c_str());
 }
 
-void PreviewWindow::GiveFonts(HFONT font) {
+void PreviewWindow::SetFonts(HFONT font) {
   PreviewChildren& c = *children_;
   for (const BoundWindow* window : std::initializer_list<const BoundWindow*>{
            &c.pageLabel, &c.pageField, &c.pageCount, &c.zoomLabel, &c.zoom}) {
-    GiveFont(window->Handle(), font);
+    SetFontOf(window->Handle(), font);
   }
   c.documentBar.strip.SetFont(font);
   c.viewBar.strip.SetFont(font);
 }
 
-void PreviewWindow::TakeResolution(Dpi dpi) {
-  children_->documentBar.strip.TakeAppearance(dpi);
-  children_->viewBar.strip.TakeAppearance(dpi);
-  children_->pane.TakeAppearance();
+void PreviewWindow::UpdateResolution(Dpi dpi) {
+  children_->documentBar.strip.UpdateAppearance(dpi);
+  children_->viewBar.strip.UpdateAppearance(dpi);
+  children_->pane.UpdateAppearance();
 }
 
 PreviewMeasures PreviewWindow::Measures() const {
@@ -139,7 +139,7 @@ void PreviewWindow::PlaceChildren(SIZE client, Dpi dpi) {
   PreviewChildren& c = *children_;
   const PreviewPlaces places = PlacePreview({client.cx, client.cy}, Measures(), dpi.Value());
   const auto place = [](const BoundWindow& window, const Rectangle& area) {
-    GivePlace(window.Handle(), ToRect(area));
+    SetPlaceOf(window.Handle(), ToRect(area));
   };
   place(c.documentBar.strip, places.documentBar);
   place(c.pageLabel, places.pageLabel);
@@ -188,15 +188,15 @@ void PreviewWindow::ShowState() {
   c.documentBar.ShowEnabled(state_);
   c.viewBar.ShowEnabled(state_);
   ShowPageNumber();
-  GiveText(c.pageCount.Handle(), PageCountText(state_.PageCount()));
+  SetTextOf(c.pageCount.Handle(), PageCountText(state_.PageCount()));
   ShowZoom();
   c.pane.ShowState();
 }
 
 void PreviewWindow::ShowPageNumber() {
-  GiveText(children_->pageField.Handle(), NumberText(state_.Page()));
+  SetTextOf(children_->pageField.Handle(), NumberText(state_.Page()));
 }
 
-void PreviewWindow::ShowZoom() { GiveText(children_->zoom.Handle(), ZoomText(state_.Percent())); }
+void PreviewWindow::ShowZoom() { SetTextOf(children_->zoom.Handle(), ZoomText(state_.Percent())); }
 
 }  // namespace pricedown::windows

@@ -45,8 +45,8 @@ std::optional<PrintChoice> AskPrint(HWND owner, Printer& printer, std::int32_t p
     dialog.hDevNames = names.Get();
     DWORD error = 0;
     const BOOL answer = printer.GetDialogs().Print(dialog, error);
-    mode.Become(dialog.hDevMode);
-    names.Become(dialog.hDevNames);
+    mode.Reset(dialog.hDevMode);
+    names.Reset(dialog.hDevNames);
     if (answer != FALSE) {
       printer.Choose(mode.Get(), names.Get());
       return ChoiceOf(dialog);

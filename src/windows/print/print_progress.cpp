@@ -37,7 +37,7 @@ bool PrintProgress::Continue(std::int64_t sheet, std::int64_t count) {
     Show();
   }
   if (Handle() != nullptr) {
-    GiveText(text_.Handle(), PrintProgressText(sheet, count));
+    SetTextOf(text_.Handle(), PrintProgressText(sheet, count));
     SendMessageW(bar_.Handle(), PBM_SETPOS, static_cast<WPARAM>((sheet - 1) * kBarUnits / count),
                  0);
     UpdateWindow(Handle());
@@ -73,7 +73,7 @@ void PrintProgress::LayOut() {
   const Dpi dpi = Dpi::Of(owner_);
   const ProgressPlaces places = PlaceProgress(dpi.Value());
   font_ = MakeMessageFont(dpi);
-  for (const HWND child : {text_.Handle(), button_.Handle()}) GiveFont(child, font_.Get());
+  for (const HWND child : {text_.Handle(), button_.Handle()}) SetFontOf(child, font_.Get());
   RECT frame{0, 0, places.client.width, places.client.height};
   AdjustFrame(frame, kStyle, kExtendedStyle, dpi);
   RECT over{};
@@ -83,9 +83,9 @@ void PrintProgress::LayOut() {
   SetWindowPos(Handle(), nullptr, (over.left + over.right - WidthOf(frame)) / 2,
                (over.top + over.bottom - HeightOf(frame)) / 2, WidthOf(frame), HeightOf(frame),
                SWP_NOZORDER | SWP_NOACTIVATE);
-  GivePlace(text_.Handle(), ToRect(places.text));
-  GivePlace(bar_.Handle(), ToRect(places.bar));
-  GivePlace(button_.Handle(), ToRect(places.button));
+  SetPlaceOf(text_.Handle(), ToRect(places.text));
+  SetPlaceOf(bar_.Handle(), ToRect(places.bar));
+  SetPlaceOf(button_.Handle(), ToRect(places.button));
 }
 
 void PrintProgress::HandleMessages() {

@@ -85,7 +85,7 @@ void HostedControl::Start() {
     NewSession();
   }
   // In design mode mouse and keyboard belong to the designer.
-  EnableWindow(Window().Handle(), TakesInput() ? TRUE : FALSE);
+  EnableWindow(Window().Handle(), AcceptsInput() ? TRUE : FALSE);
   if (userMode_) session_->Initialize();
 }
 

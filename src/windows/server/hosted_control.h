@@ -64,7 +64,7 @@ class HostedControl {
   void Deactivate();
   const InPlaceActivation& Activation() const { return activation_; }
   // False in design mode.
-  bool TakesInput() const { return userMode_; }
+  bool AcceptsInput() const { return userMode_; }
   void SetRects(const RECT& position, const RECT& clip);
 
   // Ends the session; a container may use the object again.

@@ -12,7 +12,7 @@ namespace {
 
 constexpr wchar_t kActiveName[] = L"PriceDown";
 
-void TellFocus(IOleClientSite* site, BOOL focused) {
+void NotifyFocus(IOleClientSite* site, BOOL focused) {
   const auto control = ComPtr<IOleClientSite>::Share(site).As<IOleControlSite>();
   if (control) control->OnFocus(focused);
 }
@@ -73,7 +73,7 @@ void InPlaceActivation::ActivateUi(IOleInPlaceActiveObject& self, ControlWindow&
       frame->SetBorderSpace(nullptr);
     }
     if (document) document->SetActiveObject(&self, kActiveName);
-    TellFocus(site.As<IOleClientSite>().get(), TRUE);
+    NotifyFocus(site.As<IOleClientSite>().get(), TRUE);
   }
   const HWND focus = GetFocus();
   if (takeFocus != TakeFocus::No && uiActive_ && focus != window.Handle() &&
@@ -87,7 +87,7 @@ void InPlaceActivation::DeactivateUi(IOleClientSite* client) {
   const auto site = site_.Copy();
   const auto frame = frame_.Copy();
   const auto document = document_.Copy();
-  TellFocus(client, FALSE);
+  NotifyFocus(client, FALSE);
   if (frame) frame->SetActiveObject(nullptr, nullptr);
   if (document) document->SetActiveObject(nullptr, nullptr);
   if (site) site->OnUIDeactivate(FALSE);

@@ -39,7 +39,7 @@ STDMETHODIMP InPlaceObjectImpl::TranslateAccelerator(LPMSG message) noexcept {
   if (message == nullptr) return E_POINTER;
   if (message->message < WM_KEYFIRST || message->message > WM_KEYLAST) return S_FALSE;
   return Hosted().Run([&]() -> HRESULT {
-    if (Hosted().TakesInput() && Hosted().Window().TranslateKey(*message)) return S_OK;
+    if (Hosted().AcceptsInput() && Hosted().Window().TranslateKey(*message)) return S_OK;
     const auto site = Hosted().Site().As<IOleControlSite>();
     return site ? site->TranslateAccelerator(message, PressedModifiers()) : S_FALSE;
   });

@@ -25,7 +25,7 @@ struct SavedControl {
 std::int32_t ReadProperty(IPropertyBag& bag, const wchar_t* name, LONG fallback) {
   Variant value;
   if (FAILED(bag.Read(name, value.put(), nullptr))) return fallback;
-  return ToInt32(TakeVariant(std::move(value)));
+  return ToInt32(ConsumeVariant(std::move(value)));
 }
 
 void WriteProperty(IPropertyBag& bag, const wchar_t* name, LONG number) {

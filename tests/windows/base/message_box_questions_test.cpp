@@ -20,8 +20,8 @@ TEST(MessageBoxQuestions, HaveTheirIconAndButtonsAndTheHostsWindowAsOwner) {
   MessageBoxes boxes;
   boxes.WillPress({IDOK, IDOK, IDYES, IDNO});
   windows::MessageBoxQuestions questions(*world.window);
-  questions.Tell(u"没有权限,请与系统管理员联系", u"岚禾提示", MessageIcon::Information);
-  questions.Tell(u"\r\n超时", u"岚禾提示", MessageIcon::None);
+  questions.ShowMessage(u"没有权限,请与系统管理员联系", u"岚禾提示", MessageIcon::Information);
+  questions.ShowMessage(u"\r\n超时", u"岚禾提示", MessageIcon::None);
   EXPECT_TRUE(questions.Confirm(u"确实要删除吗?", u"岚禾提示", MessageIcon::Question));
   EXPECT_FALSE(questions.Confirm(u"确实要保存吗?", u"岚禾提示", MessageIcon::None));
   const std::vector<MessageBoxes::Shown>& shown = boxes.All();

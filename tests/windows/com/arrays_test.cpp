@@ -53,7 +53,7 @@ TEST(TwoDimensionalArray, IsABlockWithTheFirstDimensionAsColumn) {
   Store(array, 1, 5, &number);
   Store(array, 2, 5, &name);
   Store(array, 2, 7, &null);
-  const Value value = windows::TakeVariant(Owning(std::move(array), VT_VARIANT));
+  const Value value = windows::ConsumeVariant(Owning(std::move(array), VT_VARIANT));
   const CellBlock& block = *value.Block();
   EXPECT_EQ(block.ColumnCount(), 2U);
   EXPECT_EQ(block.RowCount(), 3U);
@@ -76,7 +76,7 @@ TEST(TwoDimensionalArray, IsReadInPlace) {
   ASSERT_EQ(SafeArrayAccessData(array.get(), reinterpret_cast<void**>(&first)), S_OK);
   const void* characters = first->bstrVal;
   SafeArrayUnaccessData(array.get());
-  const Value value = windows::TakeVariant(Owning(std::move(array), VT_VARIANT));
+  const Value value = windows::ConsumeVariant(Owning(std::move(array), VT_VARIANT));
   EXPECT_EQ(value.Block()->Cell(0, 0).text.data(), characters);
 }
 
@@ -159,7 +159,7 @@ TEST(BlockOverAnArray, IsPassedAsACopyOfTheArray) {
   SafeArray array = Table(VT_I4);
   LONG number = 4;
   Store(array, 2, 6, &number);
-  const Value value = windows::TakeVariant(Owning(std::move(array), VT_I4));
+  const Value value = windows::ConsumeVariant(Owning(std::move(array), VT_I4));
   const Variant variant = windows::ToVariant(value);
   EXPECT_EQ(variant.get().vt, VT_ARRAY | VT_I4);
   LONG indexes[] = {2, 6};

@@ -72,7 +72,7 @@ TEST(StoringByReference, ReplacesObjectsAndReleasesTheOldOnes) {
   const auto next = std::make_shared<SimpleObject>();
   IDispatch* held = windows::ToDispatch(old).release();
   StoreByReference(Reference(VT_DISPATCH, &held), Value(ObjectPtr(next)));
-  const auto owner = ComPtr<IDispatch>::Take(held);
+  const auto owner = ComPtr<IDispatch>::Adopt(held);
   EXPECT_EQ(old.use_count(), 1);
   EXPECT_EQ(windows::FromDispatch(held), next);
 }

@@ -159,7 +159,7 @@ TEST_F(CallingUs, TypedVariablesAreWrittenBackInTheirType) {
   IDispatch* nothing = nullptr;
   EXPECT_EQ(Expression(dispatch.get(), L"Swap", {Reference(VT_DISPATCH, &nothing)}),
             "S_OK Nothing");
-  const auto owner = ComPtr<IDispatch>::Take(nothing);
+  const auto owner = ComPtr<IDispatch>::Adopt(nothing);
   EXPECT_EQ(windows::FromDispatch(nothing), object);
   object->value = 0;
 }
