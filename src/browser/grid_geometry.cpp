@@ -4,10 +4,11 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "platform/geometry.h"
+
 namespace pricedown {
 namespace {
 
-constexpr double kTwipsPerInch = 1440;
 // Above and below the text together, the grid line included.
 constexpr int kRowMargin = 2;
 constexpr int kTitleMargin = 4;
@@ -25,7 +26,8 @@ int ColumnPixels(double widthUnits, int dpi) {
 }
 
 double ColumnWidthUnits(int pixels, int dpi) {
-  return std::max(pixels, 0) * kTwipsPerInch / (dpi * static_cast<double>(kTwipsPerWidthUnit));
+  return 1.0 * std::max(pixels, 0) * kTwipsPerInch /
+         (dpi * static_cast<double>(kTwipsPerWidthUnit));
 }
 
 void GridGeometry::Update(const Grid& grid, int dpi, int lineHeight) {

@@ -23,6 +23,7 @@ struct Size {
   bool operator==(const Size&) const = default;
 };
 
+inline constexpr std::int32_t kTwipsPerInch = 1440;
 inline constexpr std::int32_t kDesignDotsPerInch = 96;
 
 // Pixels of a design at 96 dpi in pixels at `dotsPerInch`, rounded to the nearest. Requires:

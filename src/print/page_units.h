@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "platform/geometry.h"
+
 namespace pricedown {
 
 using Tenths = std::int32_t;
@@ -12,7 +14,6 @@ inline constexpr std::int32_t kTenthsPerInch = 254;
 
 // To the nearest tenth; nothing is shorter than 0.
 constexpr Tenths TenthsOfTwips(std::int32_t twips) {
-  constexpr std::int64_t kTwipsPerInch = 1440;
   return static_cast<Tenths>(
       (std::max<std::int64_t>(twips, 0) * kTenthsPerInch + kTwipsPerInch / 2) / kTwipsPerInch);
 }

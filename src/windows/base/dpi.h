@@ -10,7 +10,6 @@
 
 namespace pricedown::windows {
 
-inline constexpr int kTwipsPerInch = 1440;
 inline constexpr int kPointsPerInch = 72;
 
 // Messages newer than the headers' lowest supported system.
