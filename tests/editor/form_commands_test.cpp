@@ -114,6 +114,16 @@ TEST_F(FormCommands, AddLeavesTheCountOfRows) {
   EXPECT_EQ(list.Rows().Count(), 3);
 }
 
+TEST_F(FormCommands, CheckRecordSaveCallsNothingAndChangesNothing) {
+  OpenForEdit();
+  const std::string shown = log.Text();
+  const int calls = factory.CallCount();
+  form.CheckRecordSave();
+  EXPECT_EQ(log.Text(), shown);
+  EXPECT_EQ(factory.CallCount(), calls);
+  EXPECT_FALSE(form.State().saved);
+}
+
 TEST_F(FormCommands, SavingDisablesItsToolWhateverTheOutcome) {
   AllowSave(false);
   OpenForEdit();
