@@ -53,10 +53,13 @@ class Selected {
   HGDIOBJ previous_;
 };
 
-// The context of a window, or of the screen for null, for measuring.
+// The context of a window's client area or of the whole window with its frame; that of the screen
+// for null.
 class WindowContext {
  public:
-  explicit WindowContext(HWND window) : window_(window), context_(GetDC(window)) {}
+  enum class Extent { Client, Frame };
+  explicit WindowContext(HWND window, Extent extent = Extent::Client)
+      : window_(window), context_(extent == Extent::Frame ? GetWindowDC(window) : GetDC(window)) {}
   ~WindowContext() { ReleaseDC(window_, context_); }
   WindowContext(const WindowContext&) = delete;
   WindowContext& operator=(const WindowContext&) = delete;

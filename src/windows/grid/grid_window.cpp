@@ -189,12 +189,11 @@ void GridWindow::OnPaint() {
 // the tree a plain one.
 LRESULT GridWindow::OnFramePaint(WPARAM wParam, LPARAM lParam) {
   const LRESULT result = Default(WM_NCPAINT, wParam, lParam);
-  const HDC context = GetWindowDC(Handle());
+  const WindowContext context(Handle(), WindowContext::Extent::Frame);
   RECT frame{};
   GetWindowRect(Handle(), &frame);
   OffsetRect(&frame, -frame.left, -frame.top);
-  PaintFrame(context, Handle(), frame);
-  ReleaseDC(Handle(), context);
+  PaintFrame(context.Get(), Handle(), frame);
   return result;
 }
 
