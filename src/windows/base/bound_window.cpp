@@ -2,6 +2,8 @@
 // system's controls.
 #include "windows/base/bound_window.h"
 
+#include <utility>
+
 #include "windows/com/failure.h"
 
 namespace pricedown::windows {
@@ -25,10 +27,9 @@ BoundWindow::~BoundWindow() {
 
 void BoundWindow::Destroy() noexcept {
   if (handle_ == nullptr) return;
-  const HWND window = handle_;
-  handle_ = nullptr;
+  const HWND window = std::exchange(handle_, nullptr);
   SetWindowLongPtrW(window, GWLP_USERDATA, 0);
-  DestroyWindow(window);
+  if (lifetime_.End()) DestroyWindow(window);
 }
 
 void BoundWindow::CreateOwn(const Creation& creation) {
@@ -67,6 +68,7 @@ void BoundWindow::CreateControl(const Creation& creation) {
   controlProcedure_ = reinterpret_cast<WNDPROC>(
       SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ControlProcedure)));
   handle_ = window;
+  lifetime_ = Lifetime();
 }
 
 LRESULT BoundWindow::Default(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -82,9 +84,11 @@ LRESULT CALLBACK BoundWindow::OwnProcedure(HWND window, UINT message, WPARAM wPa
     object =
         static_cast<BoundWindow*>(reinterpret_cast<const CREATESTRUCTW*>(lParam)->lpCreateParams);
     object->handle_ = window;
+    object->lifetime_ = Lifetime();
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(object));
   }
   if (object == nullptr) return DefWindowProcW(window, message, wParam, lParam);
+  if (message == WM_DESTROY) object->lifetime_.End();
   if (message == WM_NCDESTROY) {
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
     object->handle_ = nullptr;
@@ -106,6 +110,7 @@ LRESULT CALLBACK BoundWindow::ControlProcedure(HWND window, UINT message, WPARAM
   if (object == nullptr) {
     return CallWindowProcW(ClassProcedure(window), window, message, wParam, lParam);
   }
+  if (message == WM_DESTROY) object->lifetime_.End();
   if (message == WM_NCDESTROY) {
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
     object->handle_ = nullptr;

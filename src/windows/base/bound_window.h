@@ -5,6 +5,8 @@
 
 #include <string>
 
+#include "platform/lifetime.h"
+
 namespace pricedown::windows {
 
 // Exceptions of OnMessage stop here. The handle is null once the window is destroyed; destroying
@@ -39,8 +41,11 @@ class BoundWindow {
   void CreateOwn(const Creation& creation);
   // Creates a control of the system and subclasses it. Throws AutomationError.
   void CreateControl(const Creation& creation);
-  // Destroys the window now. A derived class that handles messages of its own destruction calls it
-  // in its destructor.
+  // Ends when the destruction of the current window begins. Copy it before a call that may destroy
+  // this object, and ask the copy afterwards.
+  const Lifetime& WindowLifetime() const { return lifetime_; }
+  // Destroys the window now; if the system is already destroying it, only detaches this object. A
+  // derived class that handles messages of its own destruction calls it in its destructor.
   void Destroy() noexcept;
 
   // Every message between creation and WM_NCDESTROY. The object may have been destroyed when it
@@ -56,6 +61,7 @@ class BoundWindow {
                                            LPARAM lParam) noexcept;
 
   HWND handle_ = nullptr;
+  Lifetime lifetime_;
   bool own_ = false;
   WNDPROC controlProcedure_ = nullptr;  // that of the subclassed control
   std::wstring className_;

@@ -228,7 +228,7 @@ void ToolStripWindow::SetHot(int index) {
   if (index != kNoButton) SendMessageW(Handle(), TB_SETHOTITEM, static_cast<WPARAM>(index), 0);
 }
 
-// Returns whether the key was used up.
+// Returns whether the key was handled.
 bool ToolStripWindow::OnKeyDown(WPARAM key, bool repeated) {
   switch (key) {
     case VK_TAB:
@@ -262,7 +262,7 @@ bool ToolStripWindow::OnKeyDown(WPARAM key, bool repeated) {
   }
 }
 
-// The system's part of a message, and after it the press that it notified.
+// The default handling of a message, then the press that it reported.
 LRESULT ToolStripWindow::OnSystemPart(UINT message, WPARAM wParam, LPARAM lParam) {
   const std::shared_ptr<Pending> pending = pending_;
   ++pending->depth;

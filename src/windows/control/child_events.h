@@ -7,6 +7,7 @@
 
 #include "browser/node_collection.h"
 #include "control/find.h"
+#include "windows/base/tool_strip_events.h"
 #include "windows/grid/grid_events.h"
 
 namespace pricedown::windows {
@@ -35,7 +36,7 @@ class FindBarEvents {
 };
 
 // Reported as the last step of a message, because the report may end the control.
-class ChildEvents : public GridEvents, public FindBarEvents {
+class ChildEvents : public GridEvents, public ToolStripEvents, public FindBarEvents {
  public:
   // The user clicked a node, or selected it by keyboard.
   virtual void NodeClicked(NodeIndex node) = 0;

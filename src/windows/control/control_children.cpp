@@ -1,4 +1,4 @@
-// Makes the control's children, their fonts and the captions that the suite may change.
+// Creates the control's children and fonts, and the captions that the suite may change.
 #include "windows/control/control_children.h"
 
 #include <commctrl.h>

@@ -1,4 +1,4 @@
-// Everything that the control's window owns: its children, fonts, and what was placed last.
+// What the control's window owns: its children, their fonts and the last layout.
 #pragma once
 
 #include <windows.h>
@@ -43,10 +43,10 @@ struct ControlChildren {
         grid(events),
         findBar(events) {}
 
-  // Makes all windows in `parent`, and `form` over them. Throws AutomationError.
+  // Creates all windows in `parent`, and `form` over them. Throws AutomationError.
   void Create(HWND parent);
   void MakeFonts(Dpi dpi);
-  // Fonts and pictures anew, also for other settings of the system.
+  // Updates fonts and images, also after a change of the system's settings.
   void UpdateResolution(Dpi dpi);
   void ShowProgress(bool show);
   LRESULT OnNotify(NMHDR& header);
@@ -61,7 +61,7 @@ struct ControlChildren {
 
   HINSTANCE module;
   VisualStyles styles;
-  // Before the windows that show them, so that they outlive those.
+  // Declared before the windows that show them, to outlive those.
   Font titleDescription{u"", 18};  // without a name the system's
   FontHandle titleFont;
   FontHandle textFont;
@@ -71,7 +71,7 @@ struct ControlChildren {
   ParkingWindow parking;
   PlainControl title;
   PlainControl period;
-  // Without texts of their own; the form's resources may give them some.
+  // Without texts; the form's resources may set some.
   PlainControl firstLabel;
   PlainControl secondLabel;
   LineWindow upperLine;

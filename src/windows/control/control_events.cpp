@@ -104,9 +104,9 @@ void ControlWindow::SplitterEvent(SplitterAction action, std::int32_t pixels) {
 
 void ControlWindow::FocusEntered(HWND from) {
   children_->lastFocus = GetFocus();
-  // A form that was open may have taken the class.
+  // An open form may have taken the class.
   ShowStatus();
-  // The control's own window only passes the focus on, so from there it comes from outside.
+  // Not IsChild: the control's own window only passes on a focus from outside.
   if (from != nullptr && IsChild(Handle(), from) != FALSE) return;
   // A copy, because the call may end the control.
   const std::function<void()> handler = uiActivate_;
@@ -122,13 +122,13 @@ void ControlWindow::ItemsChanged() {
 }
 
 void ControlWindow::FindTextChanged(std::u16string_view text, bool composing) {
-  Fire([&](PriceDown& control) {
+  RunCommand([&](PriceDown& control) {
     if (Find* find = control.Finding()) find->TextChanged(text, composing);
   });
 }
 
 void ControlWindow::FindKeyPressed(FindKey key) {
-  Fire([key](PriceDown& control) {
+  RunCommand([key](PriceDown& control) {
     Find* const find = control.Finding();
     if (find == nullptr) return;
     switch (key) {
@@ -197,7 +197,7 @@ LRESULT ControlWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_ERASEBKGND:
     case WM_PRINTCLIENT:
-      // Also for transparent children, which ask for what is behind them.
+      // Also for transparent children, which request the background.
       EraseBackground(reinterpret_cast<HDC>(wParam));
       return 1;
     case WM_PAINT:

@@ -1,4 +1,4 @@
-// The keyboard between the children: tab order, and the keys that a host must not take.
+// Keyboard navigation between the children: tab order, and the keys that a host must not handle.
 #include <algorithm>
 #include <array>
 #include <optional>

@@ -1,5 +1,4 @@
-// Puts the children where the core's layout says, and draws the control for containers that want
-// a picture of it.
+// Places the children by the core's layout, and draws the control for containers.
 #include <windows.h>
 
 #include <commctrl.h>
@@ -20,7 +19,7 @@ namespace {
 
 using Placement = std::pair<HWND, RECT>;
 
-// All at once, so that nothing is seen half moved. What has no area is hidden.
+// Moves all windows at once, to avoid flicker. Windows without an area are hidden.
 void PlaceAll(const std::vector<Placement>& placements) {
   HDWP batch = BeginDeferWindowPos(static_cast<int>(placements.size()));
   for (const auto& [window, area] : placements) {
@@ -57,7 +56,7 @@ void DrawLabel(HDC context, HWND label, RECT area) {
             side | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
 }
 
-// Draws a window and what it contains, its upper left corner at the context's origin.
+// Draws a window with its children, its upper left corner at the context's origin.
 void DrawWindow(HDC context, HWND window) {
   RECT area{};
   GetWindowRect(window, &area);
@@ -119,11 +118,11 @@ void ControlWindow::Place(const Layout& layout) {
   PlaceAll({{c.grid.Handle(), grid}});
   children_->PlaceFindBar();
   children_->statusBar.ArrangePanels(dpi);
-  // Shown and hidden with the work, not with the layout.
+  // Its visibility follows the work, not the layout.
   const RECT bar = dpi.ToPixels(layout.progressBar);
   SetWindowPos(c.progressBar.Handle(), HWND_TOP, bar.left, bar.top, WidthOf(bar), HeightOf(bar),
                SWP_NOACTIVATE);
-  // Keys would go to a hidden window.
+  // A hidden window must not keep the focus.
   const HWND focus = GetFocus();
   if (IsWindowVisible(Handle()) != FALSE && IsChild(Handle(), focus) != FALSE &&
       IsWindowVisible(focus) == FALSE) {

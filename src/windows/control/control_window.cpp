@@ -1,4 +1,4 @@
-// The control's window: its life, its place in containers, and the views of the core.
+// The control's window: lifetime, placement in containers, and the core's views.
 #include "windows/control/control_window.h"
 
 #include <utility>
@@ -10,7 +10,7 @@
 namespace pricedown::windows {
 namespace {
 
-// Before a container gives the control its size; twips.
+// Until a container sets the size; twips.
 constexpr Rectangle kFirstSize{0, 0, 9600, 6000};
 
 }  // namespace
@@ -37,7 +37,7 @@ ControlWindow::~ControlWindow() {
   Attach(nullptr);
   children_->form->Detach();
   children_->parking.OnSystemChange(nullptr);
-  // The children's windows go with this one; none of their messages may find a dead control.
+  // Destroys the children's windows as well, before their objects.
   Destroy();
 }
 
@@ -148,7 +148,7 @@ void ControlWindow::ClearNodes() { children_->tree.ClearNodes(); }
 
 void ControlWindow::InsertNode(NodeIndex index, NodeIndex parent, std::u16string_view text) {
   children_->tree.InsertNode(index, parent, text);
-  // The clock is not asked for every node.
+  // Nodes between two looks at the clock.
   constexpr NodeIndex kNodesBetween = 512;
   if (index % kNodesBetween == 0 && work_.FillIsLong(Clock::now())) {
     children_->ShowProgress(true);

@@ -1,4 +1,4 @@
-// The window of the control: frame, children, and the views that the core shows itself through.
+// The control's window; implements the core's views.
 #pragma once
 
 #include <windows.h>
@@ -21,8 +21,7 @@ namespace pricedown::windows {
 
 struct ControlChildren;
 
-// Every method is harmless after the window has been destroyed by its parent: views show nothing
-// then, and numbers are 0.
+// After the parent has destroyed the window, every method is a no-op and numbers are 0.
 class ControlWindow final : public PriceDownView,
                             public ClassTreeView,
                             public FontView,
@@ -30,19 +29,19 @@ class ControlWindow final : public PriceDownView,
                             private BoundWindow,
                             private ChildEvents {
  public:
-  // Makes the window at once, hidden, in a hidden parking window of its own. Throws
-  // AutomationError when a window cannot be made.
+  // Creates the window, hidden, in a hidden parking window of its own. Throws AutomationError when
+  // a window cannot be created.
   explicit ControlWindow(HINSTANCE module);
   ~ControlWindow() override;
 
-  // Window events go to `control` and its grid is shown; null detaches, which cannot fail.
-  // Requires: detached before `control` dies.
+  // Sends window events to `control` and shows its grid; null detaches, which cannot fail.
+  // Requires: detached before `control` is destroyed.
   void Attach(PriceDown* control);
-  // Called before an event goes to the core; the answer is held until the event is over. An
-  // event may end with the host closing everything, so the answer must keep the control, this
-  // window included, alive.
+  // Called before an event goes to the core; the returned object is held until the event ends. It
+  // must keep the control with this window alive, because the host may close everything during the
+  // event.
   void HoldDuringEvents(std::function<std::shared_ptr<void>()> hold);
-  // Called when the focus comes to one of the children from outside.
+  // Called when a child receives the focus from outside.
   void OnUiActivate(std::function<void()> handler);
 
   HWND Handle() const { return BoundWindow::Handle(); }
@@ -57,9 +56,9 @@ class ControlWindow final : public PriceDownView,
   ObjectPtr Form() const;
 
   // Handles a key message before the host does: Tab within the control, and the keys that tree,
-  // grid and strip need. True when it was used up.
+  // grid and tool strip need. Returns whether it was handled.
   bool TranslateKey(MSG& message);
-  // Gives the focus to the first child in tab order, or to the last one.
+  // Sets the focus to the first child in tab order, or to the last one.
   void SetFocusFirst(bool last);
   // Draws the control as it is into `pixels`.
   void Draw(HDC context, const RECT& pixels);
@@ -117,8 +116,8 @@ class ControlWindow final : public PriceDownView,
   void ItemsChanged() override;
   void ItemsFilling() override;
   bool Waiting() const override { return work_.Waiting(); }
-  std::shared_ptr<void> Hold() override { return hold_ ? hold_() : nullptr; }
 
+  std::shared_ptr<void> Hold() const { return hold_ ? hold_() : nullptr; }
   unsigned MenuOf(HWND child) const;
   bool UsesCommandKey(HWND focus, const KeyPress& press) const;
   template <typename Command>

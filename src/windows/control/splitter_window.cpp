@@ -1,5 +1,5 @@
-// The splitter has the mouse capture and the focus while it is dragged, so that Escape reaches it.
-// A cancelled drag ends where it began.
+// While dragged, the splitter has the mouse capture and, for Escape, the focus. A cancelled drag
+// ends where it began.
 #include "windows/control/splitter_window.h"
 
 #include <windowsx.h>
@@ -39,24 +39,24 @@ void SplitterWindow::OnPaint() {
 }
 
 void SplitterWindow::OnPress(int x) {
-  const std::shared_ptr<void> hold = events_.Hold();
+  const Lifetime window = WindowLifetime();
   previousFocus_ = GetFocus();
   dragging_ = true;
   SetCapture(Handle());
   SetFocus(Handle());
-  if (Handle() == nullptr) return;
+  if (window.HasEnded()) return;
   events_.SplitterEvent(SplitterAction::Press, x);
 }
 
 void SplitterWindow::EndDrag(bool keep) {
   if (!std::exchange(dragging_, false)) return;
-  const std::shared_ptr<void> hold = events_.Hold();
+  const Lifetime window = WindowLifetime();
   if (GetCapture() == Handle()) ReleaseCapture();
   if (previousFocus_ != nullptr && previousFocus_ != Handle() && IsWindow(previousFocus_)) {
     SetFocus(previousFocus_);
   }
-  if (!keep) events_.SplitterEvent(SplitterAction::Drag, 0);
-  events_.SplitterEvent(SplitterAction::Release, 0);
+  if (!keep && !window.HasEnded()) events_.SplitterEvent(SplitterAction::Drag, 0);
+  if (!window.HasEnded()) events_.SplitterEvent(SplitterAction::Release, 0);
 }
 
 void SplitterWindow::OnKeyDown(WPARAM key) {

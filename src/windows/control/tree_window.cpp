@@ -1,5 +1,5 @@
-// The tree view: nodes in, clicks out.
-// A click is reported after the system's part of the message, because it may end the control.
+// The tree view. A click is reported after the default handling of the message, because it may end
+// the control.
 #include "windows/control/tree_window.h"
 
 #include <windowsx.h>
@@ -98,7 +98,7 @@ void TreeWindow::ClearNodes() {
     rootCollapsed_ = items_.size() > 1 &&
                      (TreeView_GetItemState(Handle(), root, TVIS_EXPANDED) & TVIS_EXPANDED) == 0;
   }
-  // Without this the selection would wander through all nodes while they are deleted.
+  // Otherwise the selection would move from node to node during the deletion.
   TreeView_SelectItem(Handle(), nullptr);
   TreeView_DeleteAllItems(Handle());
   items_.clear();
@@ -211,7 +211,7 @@ LRESULT TreeWindow::OnNotify(NMHDR& header) {
 }
 
 LRESULT TreeWindow::OnFocus(WPARAM wParam, LPARAM lParam) {
-  // After a reload no node is selected, and taking the focus must not change that.
+  // After a reload no node is selected; the focus must not select one.
   takingFocus_ = true;
   const LRESULT result = Default(WM_SETFOCUS, wParam, lParam);
   takingFocus_ = false;
@@ -219,7 +219,7 @@ LRESULT TreeWindow::OnFocus(WPARAM wParam, LPARAM lParam) {
   return result;
 }
 
-// Returns whether the key was used up.
+// Returns whether the key was handled.
 bool TreeWindow::OnKeyDown(WPARAM key, bool repeated) {
   if (key == VK_TAB) {
     events_.TabPressed(GetKeyState(VK_SHIFT) < 0);
@@ -240,12 +240,12 @@ bool TreeWindow::OnKeyDown(WPARAM key, bool repeated) {
   return false;
 }
 
-// Selects the node as a click does, so that the menu is the menu of that node. The system's own
-// part would wait for the button to go up.
+// Selects the node as a click does, so that the menu applies to it. The default handling would wait
+// for the button to go up.
 void TreeWindow::OnRightPress(POINT point) {
-  const std::shared_ptr<void> hold = events_.Hold();
+  const Lifetime window = WindowLifetime();
   SetFocus(Handle());
-  if (Handle() == nullptr) return;
+  if (window.HasEnded()) return;
   TVHITTESTINFO hit{};
   hit.pt = point;
   if (TreeView_HitTest(Handle(), &hit) == nullptr || (hit.flags & TVHT_ONITEM) == 0) return;

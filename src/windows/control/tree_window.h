@@ -41,8 +41,8 @@ class TreeWindow final : public BoundWindow {
   LRESULT OnNotify(NMHDR& header);
 
  private:
-  // What the user did while the tree handles a message. Kept apart from the tree, which may be
-  // gone when the system's part of a message returns.
+  // What the user did while the tree handles a message. Shared, because the tree may be destroyed
+  // during the default handling.
   struct Pending {
     int depth = 0;
     bool clicked = false;
@@ -67,8 +67,8 @@ class TreeWindow final : public BoundWindow {
   FontHandle font_;
   std::shared_ptr<Pending> pending_ = std::make_shared<Pending>();
   NodeIndex lastSelected_ = kNoNode;
-  bool selecting_ = false;    // the core selects
-  bool takingFocus_ = false;  // the system would select the first node
+  bool selecting_ = false;    // by the core
+  bool takingFocus_ = false;  // keeps the system from selecting the first node
   bool rootCollapsed_ = false;
   NodeIndex marked_ = kNoNode;
   NodeIndex found_ = kNoNode;

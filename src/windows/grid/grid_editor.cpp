@@ -37,16 +37,10 @@ void GridEditor::Begin(HWND parent, HINSTANCE module, const Start& start) {
   SetFocus(Handle());
 }
 
-void GridEditor::Close() {
-  closing_ = true;
-  Destroy();
-  closing_ = false;
-}
-
 void GridEditor::Finish(WPARAM key) {
-  if (!IsActive() || closing_) return;
+  if (!IsActive()) return;
   const std::optional<std::u16string> number = CellNumber(TextOf(Handle()), upperBound_);
-  Close();
+  Destroy();
   if (number) {
     events_.EditingAccepted(*number, key);
   } else {
@@ -55,8 +49,8 @@ void GridEditor::Finish(WPARAM key) {
 }
 
 void GridEditor::Cancel() {
-  if (!IsActive() || closing_) return;
-  Close();
+  if (!IsActive()) return;
+  Destroy();
   events_.EditingCancelled();
 }
 

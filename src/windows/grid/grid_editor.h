@@ -52,11 +52,9 @@ class GridEditor final : public BoundWindow {
   bool OnChar(WPARAM character);
   void OnPaste();
   bool Allows(std::u16string_view inserted) const;
-  void Close();
 
   EditorEvents& events_;
   double upperBound_ = 0;
-  bool closing_ = false;
 };
 
 }  // namespace pricedown::windows

@@ -3,15 +3,13 @@
 
 #include <windows.h>
 
-#include <memory>
-
 #include "platform/key.h"
-#include "windows/base/tool_strip_events.h"
+#include "windows/base/focus_events.h"
 
 namespace pricedown::windows {
 
 // Reported as the last step of a message, because the report may end the control.
-class GridEvents : public ToolStripEvents {
+class GridEvents : public virtual FocusEvents {
  public:
   // `child` does not handle the key itself; returns whether the key belongs to a command and is
   // handled.
@@ -23,9 +21,6 @@ class GridEvents : public ToolStripEvents {
   // Progress callback during a long fill.
   virtual void ItemsFilling() = 0;
   virtual bool Waiting() const = 0;
-  // Keeps the child alive. For a child that goes on after it has set the focus, which may call the
-  // host, which may end the control.
-  virtual std::shared_ptr<void> Hold() = 0;
 
  protected:
   ~GridEvents() = default;

@@ -136,9 +136,9 @@ void GridWindow::EditingAccepted(std::u16string_view text, WPARAM key) {
   }
   Invalidate();
   if (key == 0) return;
-  const std::shared_ptr<void> hold = events_.Hold();
+  const Lifetime window = WindowLifetime();
   SetFocus(Handle());
-  if (Handle() == nullptr) return;
+  if (window.HasEnded()) return;
   if (key == VK_RETURN) {
     MoveTo(selection_.column, selection_.row + 1, false);
   } else {
@@ -150,11 +150,11 @@ void GridWindow::EditingAccepted(std::u16string_view text, WPARAM key) {
 void GridWindow::CommandKeyPressed(WPARAM key) {
   const KeyPress press = PressOf(key);
   if (press != KeyPress{press.key}) return;
-  const std::shared_ptr<void> hold = events_.Hold();
+  const Lifetime window = WindowLifetime();
   editor_.Finish(0);
-  if (Handle() == nullptr) return;
+  if (window.HasEnded()) return;
   SetFocus(Handle());
-  if (Handle() == nullptr) return;
+  if (window.HasEnded()) return;
   events_.KeyPressed(Handle(), press, false);
 }
 

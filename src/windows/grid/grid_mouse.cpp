@@ -26,10 +26,10 @@ GridHit GridWindow::HitAt(POINT point) const {
 }
 
 void GridWindow::OnPress(POINT point, bool extend) {
-  const std::shared_ptr<void> hold = events_.Hold();
+  const Lifetime window = WindowLifetime();
   editor_.Finish(0);
   SetFocus(Handle());
-  if (grid_ == nullptr || Handle() == nullptr) return;
+  if (window.HasEnded() || grid_ == nullptr) return;
   const GridHit hit = HitAt(point);
   if (hit.edge != 0) {
     mouse_ = Mouse::Sizing;
@@ -48,9 +48,9 @@ void GridWindow::OnPress(POINT point, bool extend) {
 
 // Selects the cell unless it is in a selected block, so that the menu is that of the selection.
 void GridWindow::OnRightPress(POINT point) {
-  const std::shared_ptr<void> hold = events_.Hold();
+  const Lifetime window = WindowLifetime();
   SetFocus(Handle());
-  if (grid_ == nullptr || Handle() == nullptr) return;
+  if (window.HasEnded() || grid_ == nullptr) return;
   const GridHit hit = HitAt(point);
   if (hit.column != 0 && !hit.title && hit.row <= grid_->MaxRows() &&
       !selection_.Range().Contains(hit.column, hit.row)) {

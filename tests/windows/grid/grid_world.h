@@ -86,7 +86,6 @@ class GridWindow : public ::testing::Test, public windows::GridEvents {
   void ItemsChanged() override {}
   void ItemsFilling() override {}
   bool Waiting() const override { return false; }
-  std::shared_ptr<void> Hold() override { return nullptr; }
 
   HostWindow host_{700, 500};
   Input input_;

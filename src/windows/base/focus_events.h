@@ -1,0 +1,20 @@
+// What every child that takes the focus reports to the window that it is in.
+#pragma once
+
+#include <windows.h>
+
+namespace pricedown::windows {
+
+// A child reports as the last step of its message, because the report may end the control.
+class FocusEvents {
+ public:
+  // Tab, which the host did not use.
+  virtual void TabPressed(bool backwards) = 0;
+  // A child has the focus now; `from` lost it and may be null.
+  virtual void FocusEntered(HWND from) = 0;
+
+ protected:
+  ~FocusEvents() = default;
+};
+
+}  // namespace pricedown::windows
