@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "windows/base/gdi.h"
+#include "windows/base/message_box_questions.h"
 #include "windows/base/plain_control.h"
 #include "windows/com/wide_text.h"
 
@@ -22,7 +23,7 @@ void ModalFrameWindow::CreateFrame(const wchar_t* className, HWND owner,
                                    std::u16string_view title) {
   owner_ = owner;
   lastFocus_ = nullptr;
-  waiting_ = false;
+  waiting_ = busy_ = closeRequested_ = false;
   const std::wstring text = ToWide(title);
   Creation creation;
   creation.className = className;
@@ -115,6 +116,37 @@ void ModalFrameWindow::SetWaiting(bool waiting) {
   SetCursor(LoadCursorW(nullptr, waiting ? IDC_WAIT : IDC_ARROW));
 }
 
+void ModalFrameWindow::RunCommand(bool showsWait, const std::function<void()>& command) {
+  if (busy_) return;
+  busy_ = true;
+  if (showsWait) SetWaiting(true);
+  std::optional<Failure> failure;
+  try {
+    command();
+  } catch (...) {
+    failure = CurrentFailure();
+  }
+  if (showsWait) SetWaiting(false);
+  try {
+    CommandEnded();
+  } catch (...) {
+    if (!failure) failure = CurrentFailure();
+  }
+  // A command that failed because the window closed under it needs no report.
+  if (failure && Handle() != nullptr) ReportFailure(DialogOwner(), *failure);
+  busy_ = false;
+  if (std::exchange(closeRequested_, false)) RequestClose();
+}
+
+void ModalFrameWindow::RequestClose() {
+  if (Handle() == nullptr) return;
+  if (busy_) {
+    closeRequested_ = true;
+  } else {
+    Close();
+  }
+}
+
 // Enter and Escape come without a child.
 void ModalFrameWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
   const int id = LOWORD(wParam);
@@ -191,7 +223,7 @@ LRESULT ModalFrameWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) 
       FocusFirst();
       return 0;
     case WM_CLOSE:
-      OnClose();
+      RequestClose();
       return 0;
     case WM_DESTROY:
       OnDestroy();

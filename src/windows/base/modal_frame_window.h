@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <array>
+#include <functional>
 #include <optional>
 #include <string_view>
 
@@ -49,6 +50,14 @@ class ModalFrameWindow : public CommandWindow, protected BoundWindow {
   bool IsOurs(const MSG& message) const;
   void FocusNext(bool backwards);
 
+  bool IsBusy() const { return busy_; }
+  // Runs a command of the user and reports its failure in a message; ignored while another command
+  // runs. `showsWait` for a command that may take long. The window may be destroyed when this
+  // returns.
+  void RunCommand(bool showsWait, const std::function<void()>& command);
+  // Closes the window, once a running command has ended. A no-op without a window.
+  void RequestClose();
+
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
@@ -68,8 +77,10 @@ class ModalFrameWindow : public CommandWindow, protected BoundWindow {
   virtual void OnEnter() = 0;
   virtual void OnChildCommand(HWND child, int id, int code) = 0;
   virtual LRESULT OnNotify(NMHDR& header) = 0;
-  // The user closes the frame.
-  virtual void OnClose() = 0;
+  // Ends the showing without a question. Requires: no command runs.
+  virtual void Close() = 0;
+  // A command has ended, failed or not.
+  virtual void CommandEnded() {}
   // The window is destroyed together with its owner.
   virtual void OnDestroy() = 0;
 
@@ -90,6 +101,8 @@ class ModalFrameWindow : public CommandWindow, protected BoundWindow {
   HWND owner_ = nullptr;
   HWND lastFocus_ = nullptr;
   bool waiting_ = false;
+  bool busy_ = false;  // a command runs
+  bool closeRequested_ = false;
 };
 
 }  // namespace pricedown::windows

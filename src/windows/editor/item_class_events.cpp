@@ -3,8 +3,6 @@
 
 #include <commctrl.h>
 
-#include <optional>
-#include <utility>
 #include <vector>
 
 #include "editor/form_keys.h"
@@ -14,30 +12,14 @@
 #include "windows/base/context_menu.h"
 #include "windows/base/control_ids.h"
 #include "windows/base/keyboard.h"
-#include "windows/base/message_box_questions.h"
 #include "windows/editor/form_children.h"
 #include "windows/editor/item_class_window.h"
 
 namespace pricedown::windows {
 
-// Runs a command of the form and shows the user why it failed. The window may be gone when this
-// returns; the showing keeps the object.
 template <typename Command>
 void ItemClassWindow::Run(Command&& command) {
-  if (form_ == nullptr || busy_) return;
-  busy_ = true;
-  SetWaiting(true);
-  std::optional<Failure> failure;
-  try {
-    command(*form_);
-  } catch (...) {
-    failure = CurrentFailure();
-  }
-  SetWaiting(false);
-  busy_ = false;
-  // A command that failed because the form closed under it needs no report.
-  if (failure && Handle() != nullptr) ReportFailure(DialogOwner(), *failure);
-  if (std::exchange(closing_, false)) OnClose();
+  if (form_ != nullptr) RunCommand(true, [&] { command(*form_); });
 }
 
 void ItemClassWindow::PressTool(FormTool tool) {
@@ -102,17 +84,11 @@ void ItemClassWindow::OnEnter() {
   }
 }
 
-// Without a question, once a running command has ended.
-void ItemClassWindow::OnClose() {
-  if (busy_) {
-    closing_ = true;
-  } else if (form_ != nullptr) {
-    form_->Unload();
-  }
+void ItemClassWindow::Close() {
+  if (form_ != nullptr) form_->Unload();
 }
 
 void ItemClassWindow::OnDestroy() {
-  destroying_ = true;
   if (form_ != nullptr) SkipFailing([this] { form_->Unload(); });
 }
 

@@ -48,7 +48,6 @@ MemberListView& ItemClassWindow::Members() { return children_->members; }
 
 void ItemClassWindow::Create(HWND owner) {
   const VisualStyles::Scope styles(children_->styles);
-  busy_ = closing_ = destroying_ = false;
   CreateFrame(L"PriceDown.ItemClass", owner);
 }
 
@@ -245,7 +244,7 @@ void ItemClassWindow::Unload() {
     lastDpi_ = Dpi::Of(Handle()).Value();
   }
   if (const auto unloading = std::exchange(unloading_, nullptr)) unloading();
-  if (!destroying_) Destroy();
+  Destroy();
 }
 
 }  // namespace pricedown::windows

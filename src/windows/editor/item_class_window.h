@@ -72,7 +72,7 @@ class ItemClassWindow final : public ItemClassFormView,
   void OnEnter() override;
   void OnChildCommand(HWND child, int id, int code) override;
   LRESULT OnNotify(NMHDR& header) override;
-  void OnClose() override;
+  void Close() override;
   void OnDestroy() override;
 
   // ToolStripEvents
@@ -102,10 +102,6 @@ class ItemClassWindow final : public ItemClassFormView,
   // Of the last showing, for the next one; 0 before the first.
   SIZE lastSize_{};
   int lastDpi_ = 0;
-  // While a command runs, others are ignored and closing waits for its end.
-  bool busy_ = false;
-  bool closing_ = false;
-  bool destroying_ = false;
 };
 
 }  // namespace pricedown::windows

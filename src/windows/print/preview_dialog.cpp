@@ -12,7 +12,7 @@ namespace pricedown::windows {
 PreviewDialog::PreviewDialog(HINSTANCE module, PrintDocument& document, PreviewPrinting& printing)
     : pages_(document, printing), window_(module, pages_) {}
 
-PreviewDialog::~PreviewDialog() { window_.Close(); }
+PreviewDialog::~PreviewDialog() { window_.RequestClose(); }
 
 void PreviewDialog::ShowModal(HWND owner) {
   CommonFontDialog fonts(window_, [this](const Font& font) { window_.ApplyFont(font); });
@@ -24,7 +24,7 @@ void PreviewDialog::ShowModal(HWND owner, FontDialog& fonts) {
   std::optional<ModalShowing> modal;
   struct Shown {
     PreviewWindow& window;
-    ~Shown() { window.Close(); }
+    ~Shown() { window.RequestClose(); }
   };
   const Shown shown{window_};
   pages_.Remake();

@@ -29,7 +29,7 @@ class PreviewDialog {
   void ShowModal(HWND owner, FontDialog& fonts);
   // Ends the showing, as when the control ends; ShowModal then returns. Harmless when nothing is
   // shown.
-  void Close() noexcept { window_.Close(); }
+  void Close() noexcept { window_.RequestClose(); }
 
  private:
   PreviewPages pages_;

@@ -3,11 +3,9 @@
 
 #include <commctrl.h>
 
-#include <optional>
 #include <utility>
 
 #include "platform/error.h"
-#include "windows/base/message_box_questions.h"
 #include "windows/print/preview_children.h"
 #include "windows/print/preview_ids.h"
 #include "windows/print/preview_window.h"
@@ -20,39 +18,14 @@ constexpr UINT kZoomChosen = WM_APP + 1;
 
 }  // namespace
 
-// Runs a command and shows its failure in a message. The window may be destroyed when this returns;
-// the object lives until the showing ends.
-template <typename Command>
-void PreviewWindow::Fire(bool takesTime, Command&& command) {
-  if (busy_) return;
-  busy_ = true;
-  if (takesTime) SetWaiting(true);
-  std::optional<Failure> failure;
-  try {
-    command();
-  } catch (...) {
-    failure = CurrentFailure();
-  }
-  if (takesTime) SetWaiting(false);
-  try {
-    ShowState();
-    if (failure && Handle() != nullptr) ReportFailure(DialogOwner(), *failure);
-  } catch (...) {
-    // No memory for the texts of the state.
-    MessageBeep(MB_ICONERROR);
-  }
-  busy_ = false;
-  if (std::exchange(closeAfter_, false)) Close();
-}
-
 // Sizing and scrolling work while a command runs, as when its dialog is moved over the window.
 void PreviewWindow::PaneChanges(const std::function<void()>& change) {
-  if (busy_ || !complete_) {
+  if (IsBusy() || !complete_) {
     change();
     if (complete_) children_->pane.ShowState();
     return;
   }
-  Fire(false, [&] {
+  RunCommand(false, [&] {
     change();
     pages_.Turn(state_.Page());
   });
@@ -63,12 +36,12 @@ void PreviewWindow::Run(PreviewCommand command) {
     PaneChanges([&] { state_.Run(command); });
   } else if (command == PreviewCommand::EnterPage) {
     EnterPage();
-  } else if (busy_ || Handle() == nullptr || !state_.IsEnabled(command)) {
+  } else if (IsBusy() || Handle() == nullptr || !state_.IsEnabled(command)) {
     return;
   } else if (command == PreviewCommand::Close) {
-    Close();
+    RequestClose();
   } else {
-    Fire(true, [&] { Execute(command); });
+    RunCommand(true, [&] { Execute(command); });
   }
 }
 

@@ -52,7 +52,7 @@ void PreviewWindow::Create(HWND owner, FontDialog& fonts) {
   MakeChildren();
   const VisualStyles::Scope styles(children_->styles);
   fonts_ = &fonts;
-  complete_ = busy_ = closeAfter_ = false;
+  complete_ = false;
   state_ = {};
   state_.SetPages(pages_.Count(), pages_.PrintedPaper());
   CreateFrame(L"PriceDown.Preview", owner, Translate(kTitle));
@@ -172,12 +172,7 @@ void PreviewWindow::Show(std::function<void()> closing) {
   FocusFirst();
 }
 
-void PreviewWindow::Close() noexcept {
-  if (Handle() == nullptr) return;
-  if (busy_) {
-    closeAfter_ = true;
-    return;
-  }
+void PreviewWindow::Close() {
   if (const auto closing = std::exchange(closing_, nullptr)) closing();
   Destroy();
 }

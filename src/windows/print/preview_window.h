@@ -32,8 +32,7 @@ class PreviewWindow final : public ModalFrameWindow, private PaneEvents {
   void Create(HWND owner, FontDialog& fonts);
   // `closing` is called while the window is still there.
   void Show(std::function<void()> closing);
-  // Closes at once, or when the running command has ended. Harmless without a window.
-  void Close() noexcept;
+  using ModalFrameWindow::RequestClose;
   // Sets the document's font and makes the pages anew. Throws AutomationError, and then font and
   // pages stay as they were.
   void ApplyFont(const Font& font);
@@ -53,7 +52,8 @@ class PreviewWindow final : public ModalFrameWindow, private PaneEvents {
   void OnEnter() override;
   void OnChildCommand(HWND child, int id, int code) override;
   LRESULT OnNotify(NMHDR& header) override;
-  void OnClose() override { Close(); }
+  void Close() override;
+  void CommandEnded() override { ShowState(); }
   void OnDestroy() override;
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
@@ -62,8 +62,6 @@ class PreviewWindow final : public ModalFrameWindow, private PaneEvents {
   void PaneCommand(PreviewCommand command) override { Run(command); }
 
   bool OnKeyDown(const MSG& message);
-  template <typename Command>
-  void Fire(bool takesTime, Command&& command);
   void Run(PreviewCommand command);
   void Execute(PreviewCommand command);
   void ChooseFont();
@@ -89,9 +87,6 @@ class PreviewWindow final : public ModalFrameWindow, private PaneEvents {
   std::function<void()> closing_;
   // All children are there and in their places.
   bool complete_ = false;
-  // A command runs: others are ignored, and closing waits for its end.
-  bool busy_ = false;
-  bool closeAfter_ = false;
 };
 
 }  // namespace pricedown::windows
