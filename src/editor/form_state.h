@@ -72,7 +72,7 @@ struct FormParts {
   FormState state;
 };
 
-// Counts the member list's rows anew, from the first one on; their texts follow with the next read.
+// Counts the member list's rows again, from the first one on; the next read gets their texts.
 // Throws AutomationError.
 void CountRows(FormState& state);
 

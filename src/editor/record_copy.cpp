@@ -38,7 +38,7 @@ std::vector<FieldPair> PairFields(const Recordset& source, const Recordset& copy
   return pairs;
 }
 
-// A source that fails to answer counts as at its end, so that the loop ends.
+// A source that fails counts as at its end, so that the loop ends.
 bool HasRow(const Recordset& source) {
   bool atEnd = true;
   SkipFailing([&] { atEnd = source.AtEnd(); });

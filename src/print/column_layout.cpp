@@ -24,7 +24,7 @@ Tenths CommonLimit(std::vector<Tenths> widths, Tenths available) {
   return available;
 }
 
-// A column that has shown a text is not looked at again.
+// A column that has shown a text is not checked again.
 void FindNumbers(const PrintTable& table, std::vector<PlacedColumn>& columns) {
   std::vector<std::size_t> undecided(columns.size());
   std::iota(undecided.begin(), undecided.end(), std::size_t{0});

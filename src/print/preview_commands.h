@@ -34,7 +34,7 @@ enum class PreviewCommand : std::uint8_t {
   Close,
 };
 
-// Scrolling goes on while another command waits in a window of its own.
+// Scrolling works while another command has a modal window open.
 constexpr bool Scrolls(PreviewCommand command) {
   return command >= PreviewCommand::LineUp && command <= PreviewCommand::Bottom;
 }

@@ -22,9 +22,9 @@ class RowInserter {
  public:
   virtual ~RowInserter() = default;
 
-  // One value per column. The row may wait in a batch until Finish. Throws DatabaseError.
+  // One value per column. The row may be batched until Finish. Throws DatabaseError.
   virtual void Insert(std::span<const InsertValue> row) = 0;
-  // Sends what waits. Throws DatabaseError.
+  // Sends the pending rows. Throws DatabaseError.
   virtual void Finish() = 0;
 };
 
@@ -90,7 +90,7 @@ enum class OpenMode {
 
 struct ConnectOptions {
   OpenMode mode = OpenMode::Shared;
-  // Of servers; 0 waits for ever. What the driver cannot limit is not limited.
+  // For servers, as far as the driver supports limits; 0 waits forever.
   std::chrono::seconds loginTimeout{15};
   std::chrono::seconds statementTimeout{60};
   // Asked now and then, on a thread of the connection's, while a statement runs; when the answer

@@ -40,8 +40,8 @@ std::string_view Trim(std::string_view text) {
   return text;
 }
 
-// Where the value that begins at `start` ends: at ";", or at the end of the text. A brace that
-// is not closed takes all the rest.
+// The end of the value that begins at `start`: at ";" or at the end of the text. An unclosed brace
+// extends to the end.
 std::size_t EndOfValue(std::string_view text, std::size_t start) {
   while (start < text.size() && IsBlank(text[start])) ++start;
   std::size_t end = start;

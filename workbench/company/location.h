@@ -16,12 +16,12 @@ bool IsConnectionString(std::string_view location);
 // Requires: IsConnectionString.
 std::string NormalizedConnectionString(std::string_view location);
 
-// What may be shown and logged: a path as it is, of a connection string driver, data source,
-// server, port and database only.
+// What may be shown and logged: a path unchanged; of a connection string only driver, data source,
+// server, port and database.
 std::string ShownLocation(std::string_view location);
 
-// What may be kept to be chosen again: ShownLocation with the user's name and how to log in,
-// never a password.
+// What may be stored for later: ShownLocation with the user name and the kind of login, never a
+// password.
 std::string RememberedLocation(std::string_view location);
 
 // `message` with each password of the connection string replaced by "***".

@@ -1,4 +1,4 @@
-// When a text is sent, and in which transaction; the login itself is odbc_session.cpp.
+// When a text is sent, and in which transaction. The login is in odbc_session.cpp.
 #include "workbench/company/odbc_connection.h"
 
 #include <random>
@@ -31,7 +31,7 @@ bool HoldsSeveralChanges(std::u16string_view text) {
   return false;
 }
 
-// The server has undone the whole transaction, because another one was in its way.
+// Whether the server rolled back the whole transaction because of a conflict with another one.
 bool IsConflict(const DatabaseError& error) {
   const std::u16string_view state = odbc::StateOf(error);
   return state == u"40001" || state == u"40P01";
@@ -44,7 +44,7 @@ bool IsMissingTable(const DatabaseError& error) {
   return state == u"HY000" && error.Message().find(u"no such table") != std::u16string::npos;
 }
 
-// Longer with every attempt, and not the same for two programs that meet.
+// Waits longer with every attempt, by a random share so that two programs do not meet again.
 void WaitForTheOther(int attempt) {
   static thread_local std::minstd_rand random(std::random_device{}());
   std::this_thread::sleep_for(std::chrono::milliseconds(1 + random() % (20U << attempt)));
@@ -59,7 +59,7 @@ class OdbcConnection::Session {
     LogIn(u"无法连接服务器：");
   }
 
-  // The login, made anew where it is lost.
+  // The login, reopened if it is lost.
   odbc::Session& Alive() {
     if (inTransaction_) return *session_;
     if (session_ != nullptr && session_->Answers()) return *session_;
@@ -116,7 +116,7 @@ class OdbcConnection::Session {
         session.Rollback();
         throw;
       }
-      // What the server has kept of the statements before stays done; the failure is the news.
+      // Commits what the server has kept of the earlier statements; the failure is reported.
       try {
         session.Commit();
       } catch (const DatabaseError&) {

@@ -1,5 +1,4 @@
 // A company on a real server, reached through ODBC: the texts go to it untouched.
-// What the texts mean is the server's business; nothing is translated here.
 #pragma once
 
 #include <memory>

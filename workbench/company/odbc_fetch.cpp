@@ -84,7 +84,7 @@ class Fetcher {
                           &nameLength, &type, &size, &scale, nullptr),
           SQL_HANDLE_STMT, statement_);
     FetchedColumn result = DescribeColumn(type, size, scale);
-    // Some drivers count the name in bytes of another encoding: its end is the better sign.
+    // Some drivers return the length in bytes of another encoding, so look for the terminator.
     const auto end = std::find(name.begin(), name.end() - 1, SQLWCHAR{0});
     result.described.name.assign(name.begin(), end);
     return result;

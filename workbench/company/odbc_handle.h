@@ -22,7 +22,7 @@ inline std::u16string FromOdbc(const SQLWCHAR* text, std::size_t length) {
   return std::u16string(text, text + length);
 }
 
-// Throws the telling diagnostic record of the handle: the first that is no warning, else the
+// Throws the most relevant diagnostic record of the handle: the first that is no warning, else the
 // first.
 [[noreturn]] void ThrowDiagnostic(SQLSMALLINT kind, SQLHANDLE handle);
 
@@ -30,7 +30,7 @@ inline void Check(SQLRETURN result, SQLSMALLINT kind, SQLHANDLE handle) {
   if (!SQL_SUCCEEDED(result)) ThrowDiagnostic(kind, handle);
 }
 
-// The SQLSTATE of an error that ThrowDiagnostic made; empty for another one.
+// The SQLSTATE of an error thrown by ThrowDiagnostic; empty for any other.
 std::u16string_view StateOf(const DatabaseError& error);
 
 // Owns one ODBC handle.

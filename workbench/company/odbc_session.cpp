@@ -109,8 +109,8 @@ ResultSet Session::Run(std::u16string_view text, std::chrono::seconds limit,
   SQLRETURN state =
       SQLExecDirectW(statement.Get(), sent.data(), static_cast<SQLINTEGER>(sent.size()));
   ResultSet result;
-  // A change that meets no row answers SQL_NO_DATA. All results are asked for: what comes
-  // behind the first may carry the error of a later statement.
+  // A change that affects no row returns SQL_NO_DATA. Fetch all results: those after the first may
+  // carry the error of a later statement.
   bool isFirst = true;
   for (;;) {
     if (state == SQL_NO_DATA && !isFirst) return result;
@@ -145,7 +145,7 @@ void Session::SetAutocommit(bool on) {
         SQL_HANDLE_DBC, Get());
 }
 
-// A driver that knows one isolation only keeps it.
+// A driver with a single isolation level keeps it.
 void Session::SetIsolation(Isolation isolation) noexcept {
   SQLSetConnectAttrW(
       Get(), SQL_ATTR_TXN_ISOLATION,
@@ -159,7 +159,7 @@ void Session::Begin(Isolation isolation) {
 }
 
 void Session::Commit() {
-  // A driver may call the end of a transaction that the server has lost a success.
+  // A driver may report success for a transaction that the server has lost.
   if (IsKnownDead()) throw DatabaseError(u"与服务器的连接已断开，事务没有提交。", 0);
   const SQLRETURN ended = SQLEndTran(SQL_HANDLE_DBC, Get(), SQL_COMMIT);
   if (!SQL_SUCCEEDED(ended)) {
@@ -176,7 +176,7 @@ void Session::Commit() {
 
 void Session::Rollback() noexcept {
   SQLEndTran(SQL_HANDLE_DBC, Get(), SQL_ROLLBACK);
-  // Fails on a lost connection, which is made anew before the next text.
+  // Fails on a lost connection, which is reopened before the next text.
   SQLSetConnectAttrW(Get(), SQL_ATTR_AUTOCOMMIT, Number(SQL_AUTOCOMMIT_ON), SQL_IS_UINTEGER);
   SetIsolation(Isolation::Usual);
 }

@@ -1,4 +1,4 @@
-// One login at a server: connects, runs texts, ends transactions. It never connects a second time.
+// One login to a server: connects once, runs texts, ends transactions.
 #pragma once
 
 #include <chrono>
@@ -21,7 +21,7 @@ class Session {
 
   // Sends the text as it is and returns the first result with columns.
   ResultSet Execute(std::u16string_view text);
-  // Asks the server; false when the connection is lost.
+  // Queries the server; false when the connection is lost.
   bool Answers() noexcept;
 
   enum class Isolation { Usual, Serializable };
@@ -33,7 +33,7 @@ class Session {
   // As the driver names it: "Microsoft SQL Server".
   std::u16string ServerProduct();
   SQLHDBC Get() const noexcept { return connection_.Get(); }
-  // Limits a statement as the options say, as far as the driver can.
+  // Sets the time limit of the options, if the driver supports it.
   void LimitTime(SQLHSTMT statement) const noexcept;
 
  private:

@@ -1,4 +1,4 @@
-// Chooses the kind of connection by the location.
+// Chooses the engine by the location.
 #include "workbench/company/connection.h"
 
 #include "workbench/company/location.h"

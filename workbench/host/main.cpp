@@ -24,7 +24,7 @@ struct Options {
   std::wstring tour;
 };
 
-// Nothing when the command line is not understood.
+// Nothing for a bad command line.
 std::optional<Options> ReadCommandLine() {
   Options options;
   int count = 0;

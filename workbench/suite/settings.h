@@ -10,10 +10,10 @@ namespace workbench {
 // in seconds (0: none; for companies opened afterwards), Begin, Commit and Rollback of several
 // changes that are stored together, UserID (one that the company has), Language, Profile(category,
 // key) get and put, ItemClassType, UseShortNumber, CurrentYear, CurrentPeriod (short for profiles),
-// Rights(objectType, objectNumber) get and put, VoucherPresent get and put (of the current
-// period), QueueAccount(number), QueueItems(ids separated by ",") answer the next look-up in place
-// of the user, empty texts as if cancelled, Query(text) answers the first cell, Users answers
-// "id=name" entries separated by ";".
+// Rights(objectType, objectNumber) get and put, VoucherPresent get and put (of the current period),
+// QueueAccount(number), QueueItems(ids separated by ",") answer the next lookup instead of the
+// user, empty texts as if cancelled, Query(text) returns the first cell, Users returns "id=name"
+// entries separated by ";".
 class Settings : public pricedown::LocalObject<Settings> {
  public:
   explicit Settings(SuiteStatePtr suite) : suite_(std::move(suite)) {}

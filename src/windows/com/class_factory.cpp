@@ -1,4 +1,4 @@
-// The class object: it makes objects and keeps the module loaded.
+// The class object: creates objects and keeps the module loaded.
 #include "windows/com/class_factory.h"
 
 #include <algorithm>

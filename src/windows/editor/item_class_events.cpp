@@ -70,8 +70,8 @@ LRESULT ItemClassWindow::OnNotify(NMHDR& header) {
   return 0;
 }
 
-// In a field Enter goes on to the next one, or from the last one to the member list; on a lookup
-// button it presses the button.
+// In a field Enter moves the focus to the next one, from the last one to the member list; on a
+// lookup button it presses the button.
 void ItemClassWindow::OnEnter() {
   const HWND focus = GetFocus();
   for (const FieldRow& row : children_->rows) {

@@ -166,7 +166,7 @@ void MemberListWindow::Run(MemberListCommand command) {
   }
 }
 
-// Whether the key is used up.
+// Returns whether the key was handled.
 bool MemberListWindow::OnKeyDown(WPARAM key) {
   const auto command = MemberListCommandOf(PressOf(key));
   if (command) Run(*command);

@@ -10,8 +10,8 @@
 
 namespace pricedown::windows {
 
-// All members throw AutomationError, which the preview shows before it goes on. Dialogs belong to
-// `owner`, the preview's window, which may be destroyed when they return.
+// All members throw AutomationError, which the preview shows. Dialogs belong to `owner`, the
+// preview's window, which may be destroyed when they return.
 class PreviewPrinting {
  public:
   // The paper that pages are made for, and the value of "&[日期]".

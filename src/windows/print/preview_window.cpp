@@ -25,7 +25,7 @@ constexpr std::u16string_view kViewBarName = u"显示工具栏";
 constexpr std::u16string_view kPaneName = u"页面";
 constexpr std::u16string_view kPageLabel = u"页码(&G)";
 constexpr std::u16string_view kZoomLabel = u"比例(&Z)";
-// The widest texts that the fields are made for.
+// The widest texts that the fields must fit.
 constexpr std::u16string_view kWidestPage = u"0000000";
 constexpr std::int32_t kWidestCount = 1'000'000;
 constexpr int kFieldEdges = 10;
