@@ -118,4 +118,12 @@ void GridSelection::Fit(const Grid& grid) {
   }
 }
 
+CellLook LookOf(const Grid& grid, const GridSelection& selection, std::int32_t column,
+                std::int32_t row, bool focused) {
+  if (selection.Highlights(column, row)) {
+    return focused ? CellLook::Selected : CellLook::SelectedUnfocused;
+  }
+  return grid.IsLocked(column, row) ? CellLook::Locked : CellLook::Open;
+}
+
 }  // namespace pricedown

@@ -55,4 +55,9 @@ struct GridSelection {
   bool operator==(const GridSelection&) const = default;
 };
 
+enum class CellLook { Open, Locked, Selected, SelectedUnfocused };
+// How the cell is shown; a selection covers a lock. `focused`: the grid has the focus.
+CellLook LookOf(const Grid& grid, const GridSelection& selection, std::int32_t column,
+                std::int32_t row, bool focused);
+
 }  // namespace pricedown

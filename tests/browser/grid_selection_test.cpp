@@ -115,6 +115,17 @@ TEST_F(GridSelectionTest, SelectsColumnsRowsAndEverything) {
   EXPECT_EQ(Range(), (CellRange{1, 1, 4, 50}));
 }
 
+TEST_F(GridSelectionTest, CoversALockAndFadesWithoutTheFocus) {
+  grid_.LockColumns(3);
+  selection_.MoveTo(2, 1, false, grid_);
+  selection_.MoveTo(4, 1, true, grid_);  // the current cell of the block 2 to 4
+  EXPECT_EQ(LookOf(grid_, selection_, 1, 1, true), CellLook::Locked);
+  EXPECT_EQ(LookOf(grid_, selection_, 2, 1, true), CellLook::Selected);
+  EXPECT_EQ(LookOf(grid_, selection_, 2, 1, false), CellLook::SelectedUnfocused);
+  EXPECT_EQ(LookOf(grid_, selection_, 4, 1, true), CellLook::Open);
+  EXPECT_EQ(LookOf(grid_, selection_, 4, 2, false), CellLook::Open);
+}
+
 TEST_F(GridSelectionTest, FitsAGridWithFewerRows) {
   selection_.MoveTo(3, 40, false, grid_);
   grid_.SetMaxRows(45);

@@ -95,12 +95,24 @@ class Painter {
   }
 
   void FindColours(std::int32_t column, std::int32_t row, COLORREF& background, COLORREF& text) {
-    if (scene_.selection.Highlights(column, row)) {
-      background = GetSysColor(scene_.focused ? COLOR_HIGHLIGHT : COLOR_BTNFACE);
-      text = GetSysColor(scene_.focused ? COLOR_HIGHLIGHTTEXT : COLOR_BTNTEXT);
-      return;
+    switch (LookOf(*scene_.grid, scene_.selection, column, row, scene_.focused)) {
+      case CellLook::Open:
+        break;
+      case CellLook::Selected:
+        background = GetSysColor(COLOR_HIGHLIGHT);
+        text = GetSysColor(COLOR_HIGHLIGHTTEXT);
+        break;
+      case CellLook::SelectedUnfocused:
+        background = GetSysColor(COLOR_BTNFACE);
+        text = GetSysColor(COLOR_BTNTEXT);
+        break;
+      case CellLook::Locked:
+        FindLockedColours(background, text);
+        break;
     }
-    if (!scene_.grid->IsLocked(column, row)) return;
+  }
+
+  void FindLockedColours(COLORREF& background, COLORREF& text) {
     background = GetSysColor(COLOR_INFOBK);
     const COLORREF open = GetSysColor(COLOR_WINDOW);
     if (LookAlike(background, open)) {
