@@ -73,10 +73,10 @@ void SplitterWindow::OnKeyDown(WPARAM key) {
 
 bool SplitterWindow::MoveBy(int pixels) {
   if (dragging_) return false;
-  const std::shared_ptr<void> hold = events_.Hold();
+  const Lifetime window = WindowLifetime();
   events_.SplitterEvent(SplitterAction::Press, 0);
-  events_.SplitterEvent(SplitterAction::Drag, pixels);
-  events_.SplitterEvent(SplitterAction::Release, 0);
+  if (!window.HasEnded()) events_.SplitterEvent(SplitterAction::Drag, pixels);
+  if (!window.HasEnded()) events_.SplitterEvent(SplitterAction::Release, 0);
   return true;
 }
 

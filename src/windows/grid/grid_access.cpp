@@ -14,34 +14,31 @@ GridElements GridWindow::Elements() const {
 
 // Ending the typing moves the focus, by which the host may end the control.
 void GridWindow::SetSelection(const GridSelection& selection) {
-  const std::shared_ptr<void> hold = events_.Hold();
+  const Lifetime window = WindowLifetime();
   editor_.Finish(0);
-  if (grid_ == nullptr) return;
+  if (window.HasEnded() || grid_ == nullptr) return;
   selection_ = selection;
   RevealSelection();
 }
 
 void GridWindow::ScrollTo(std::int32_t topRow, int left) {
-  const std::shared_ptr<void> hold = events_.Hold();
+  const Lifetime window = WindowLifetime();
   editor_.Finish(0);
-  if (Handle() != nullptr) Scrolled(viewport_.ScrollTo(topRow, left));
+  if (!window.HasEnded()) Scrolled(viewport_.ScrollTo(topRow, left));
 }
 
 bool GridWindow::SetNumber(GridElement cell, std::u16string_view text) {
   const auto number = CellNumber(text, *grid_->UpperBound(cell.column, cell.row));
   if (!number) return false;
-  const std::shared_ptr<void> hold = events_.Hold();
+  const Lifetime window = WindowLifetime();
   // What is being typed would replace the number later.
   if (cell == Elements().Current()) editor_.Cancel();
-  if (grid_ != nullptr && grid_->Text(cell.column, cell.row) != *number) {
+  if (!window.HasEnded() && grid_ != nullptr && grid_->Text(cell.column, cell.row) != *number) {
     grid_->SetText(cell.column, cell.row, *number);
   }
   return true;
 }
 
-void GridWindow::TakeFocus() {
-  const std::shared_ptr<void> hold = events_.Hold();
-  SetFocus(Handle());
-}
+void GridWindow::TakeFocus() { SetFocus(Handle()); }
 
 }  // namespace pricedown::windows

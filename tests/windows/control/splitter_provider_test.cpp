@@ -60,7 +60,6 @@ class SplitterProviderTest : public ::testing::Test, public windows::ChildEvents
   void ItemsChanged() override {}
   void ItemsFilling() override {}
   bool Waiting() const override { return false; }
-  std::shared_ptr<void> Hold() override { return splitter_; }
 
   HostWindow host_{900, 400};
   RecordingAutomation automation_;
