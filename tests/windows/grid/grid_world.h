@@ -71,7 +71,6 @@ class GridWindow : public ::testing::Test, public windows::GridEvents {
   }
 
   // GridEvents
-  void CommandChosen(const Command&) override {}
   // As the control's table has them.
   bool KeyPressed(HWND, const KeyPress& press, bool repeated) override {
     const bool known = press.key == Key::Enter || press.key == Key::Insert ||
