@@ -4,10 +4,13 @@
 #include <string>
 
 #include "windows/base/system_functions.h"
+#include "windows/com/bstr.h"
 
 namespace pricedown::windows {
 namespace {
 
+// By this a reader tells a newer notification of ours from others.
+constexpr std::u16string_view kActivity = u"PriceDown.Status";
 constexpr const wchar_t* kLibrary = L"uiautomationcore.dll";
 
 void LoadSystemLibrary(const wchar_t* name) {
@@ -26,6 +29,7 @@ struct AutomationFunctions {
     Find(raiseEvent, "UiaRaiseAutomationEvent");
     Find(raisePropertyChanged, "UiaRaiseAutomationPropertyChangedEvent");
     Find(raiseStructureChanged, "UiaRaiseStructureChangedEvent");
+    Find(raiseNotification, "UiaRaiseNotificationEvent");
     Find(disconnect, "UiaDisconnectProvider");
   }
 
@@ -41,6 +45,8 @@ struct AutomationFunctions {
   HRESULT(WINAPI* raisePropertyChanged)(IRawElementProviderSimple*, PROPERTYID, VARIANT, VARIANT);
   HRESULT(WINAPI* raiseStructureChanged)
   (IRawElementProviderSimple*, StructureChangeType, int*, int);
+  HRESULT(WINAPI* raiseNotification)
+  (IRawElementProviderSimple*, NotificationKind, NotificationProcessing, BSTR, BSTR);
   HRESULT(WINAPI* disconnect)(IRawElementProviderSimple*);
 };
 
@@ -85,6 +91,13 @@ class SystemAutomationLibrary final : public Automation {
     if (const auto function = Functions().raiseStructureChanged) {
       function(provider, StructureChangeType_ChildrenInvalidated, nullptr, 0);
     }
+  }
+
+  void RaiseNotification(IRawElementProviderSimple* provider, std::u16string_view text) override {
+    const auto function = Functions().raiseNotification;
+    if (function == nullptr) return;
+    function(provider, NotificationKind_Other, NotificationProcessing_MostRecent, Bstr(text).get(),
+             Bstr(kActivity).get());
   }
 
   void Disconnect(IRawElementProviderSimple* provider) override {

@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include <string_view>
+
 #include "windows/base/uia_provider.h"
 #include "windows/com/com_ptr.h"
 
@@ -24,6 +26,8 @@ class Automation {
                                     const VARIANT& value) = 0;
   // All children may be others.
   virtual void RaiseChildrenInvalidated(IRawElementProviderSimple* provider) = 0;
+  // A text for the user that has no element, such as a status.
+  virtual void RaiseNotification(IRawElementProviderSimple* provider, std::u16string_view text) = 0;
   // The system lets go of the provider; its clients may still hold it.
   virtual void Disconnect(IRawElementProviderSimple* provider) = 0;
 

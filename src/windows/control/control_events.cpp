@@ -162,7 +162,9 @@ void ControlWindow::ShowStatus() {
     children_->statusBar.SetPanel(StatusPanel::Status, {});
     return;
   }
-  children_->statusBar.SetPanel(StatusPanel::Status, control_->StatusText());
+  const std::u16string text = control_->StatusText();
+  children_->statusBar.SetPanel(StatusPanel::Status, text);
+  children_->grid.Announce(text);
 }
 
 void ControlWindow::SetWaiting(bool waiting) {

@@ -40,42 +40,26 @@ int SplitterPosition(HWND splitter) {
   return area.left;
 }
 
-template <typename Body>
-HRESULT SplitterProvider::Ask(Body&& body) const noexcept {
-  return AtBoundary(
-      [&]() -> HRESULT { return access_ == nullptr ? UIA_E_ELEMENTNOTAVAILABLE : body(*access_); });
-}
-
-template <typename Result, typename Body>
-HRESULT SplitterProvider::Ask(Result* result, Body&& body) const noexcept {
-  if (result == nullptr) return E_POINTER;
-  *result = Result{};
-  return Ask([&](SplitterAccess& access) -> HRESULT {
-    *result = body(access.Window());
-    return S_OK;
-  });
-}
-
 STDMETHODIMP SplitterProvider::get_ProviderOptions(enum ProviderOptions* result) noexcept {
-  return Ask(result, [](HWND) { return kProviderOptions; });
+  return link_.Answer(result, [](SplitterAccess&) { return kProviderOptions; });
 }
 
 STDMETHODIMP SplitterProvider::GetPatternProvider(PATTERNID pattern, IUnknown** result) noexcept {
-  return Ask(result, [&](HWND) {
+  return link_.Answer(result, [&](SplitterAccess&) {
     IRangeValueProvider* range = pattern == UIA_RangeValuePatternId ? this : nullptr;
     return ComPtr<IUnknown>::Share(range).release();
   });
 }
 
 STDMETHODIMP SplitterProvider::GetPropertyValue(PROPERTYID property, VARIANT* result) noexcept {
-  return Ask(result, [&](HWND window) -> VARIANT {
+  return link_.Answer(result, [&](SplitterAccess& access) -> VARIANT {
     switch (property) {
       case UIA_ControlTypePropertyId:
         return PropertyNumber(UIA_SeparatorControlTypeId);
       case UIA_NamePropertyId:
-        return PropertyText(TextOf(window));
+        return PropertyText(TextOf(access.Window()));
       case UIA_AutomationIdPropertyId:
-        return PropertyText(NumberText(GetDlgCtrlID(window)));
+        return PropertyText(NumberText(GetDlgCtrlID(access.Window())));
       case UIA_OrientationPropertyId:
         return PropertyNumber(OrientationType_Vertical);
       default:
@@ -86,11 +70,13 @@ STDMETHODIMP SplitterProvider::GetPropertyValue(PROPERTYID property, VARIANT* re
 
 STDMETHODIMP SplitterProvider::get_HostRawElementProvider(
     IRawElementProviderSimple** result) noexcept {
-  return Ask(result, [&](HWND window) { return automation_.HostProvider(window).release(); });
+  return link_.Answer(result, [&](SplitterAccess& access) {
+    return link_.automation.HostProvider(access.Window()).release();
+  });
 }
 
 STDMETHODIMP SplitterProvider::SetValue(double value) noexcept {
-  return Ask([&](SplitterAccess& access) -> HRESULT {
+  return link_.Run([&](SplitterAccess& access) -> HRESULT {
     const HWND window = access.Window();
     if (!TakesUserInput(window)) return UIA_E_ELEMENTNOTENABLED;
     const SplitterRange range = RangeOf(window);
@@ -101,19 +87,22 @@ STDMETHODIMP SplitterProvider::SetValue(double value) noexcept {
 }
 
 STDMETHODIMP SplitterProvider::get_Value(double* result) noexcept {
-  return Ask(result, [](HWND window) { return RangeOf(window).value; });
+  return link_.Answer(result,
+                      [](SplitterAccess& access) { return RangeOf(access.Window()).value; });
 }
 
 STDMETHODIMP SplitterProvider::get_IsReadOnly(BOOL* result) noexcept {
-  return Ask(result, [](HWND) { return FALSE; });
+  return link_.Answer(result, [](SplitterAccess&) { return FALSE; });
 }
 
 STDMETHODIMP SplitterProvider::get_Maximum(double* result) noexcept {
-  return Ask(result, [](HWND window) { return RangeOf(window).greatest; });
+  return link_.Answer(result,
+                      [](SplitterAccess& access) { return RangeOf(access.Window()).greatest; });
 }
 
 STDMETHODIMP SplitterProvider::get_Minimum(double* result) noexcept {
-  return Ask(result, [](HWND window) { return RangeOf(window).least; });
+  return link_.Answer(result,
+                      [](SplitterAccess& access) { return RangeOf(access.Window()).least; });
 }
 
 // One key.
@@ -122,7 +111,9 @@ STDMETHODIMP SplitterProvider::get_LargeChange(double* result) noexcept {
 }
 
 STDMETHODIMP SplitterProvider::get_SmallChange(double* result) noexcept {
-  return Ask(result, [](HWND window) { return Dpi::Of(window).ToPixels(kSplitterStep); });
+  return link_.Answer(result, [](SplitterAccess& access) {
+    return Dpi::Of(access.Window()).ToPixels(kSplitterStep);
+  });
 }
 
 }  // namespace pricedown::windows

@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include "windows/base/provider_link.h"
 #include "windows/base/window_provider.h"
 
 namespace pricedown::windows {
@@ -23,9 +24,8 @@ class SplitterAccess {
 class SplitterProvider final : public ComClass<IRawElementProviderSimple, IRangeValueProvider> {
  public:
   // Both must outlive the window.
-  SplitterProvider(SplitterAccess& access, Automation& automation)
-      : access_(&access), automation_(automation) {}
-  void End() noexcept { access_ = nullptr; }
+  SplitterProvider(SplitterAccess& access, Automation& automation) : link_{&access, automation} {}
+  void End() noexcept { link_.access = nullptr; }
 
   // IRawElementProviderSimple
   STDMETHODIMP get_ProviderOptions(ProviderOptions* result) noexcept override;
@@ -43,13 +43,7 @@ class SplitterProvider final : public ComClass<IRawElementProviderSimple, IRange
   STDMETHODIMP get_SmallChange(double* result) noexcept override;
 
  private:
-  template <typename Body>
-  HRESULT Ask(Body&& body) const noexcept;
-  template <typename Result, typename Body>
-  HRESULT Ask(Result* result, Body&& body) const noexcept;
-
-  SplitterAccess* access_;
-  Automation& automation_;
+  ProviderLink<SplitterAccess> link_;
 };
 
 // Where a splitter's window stands, in pixels of its parent.

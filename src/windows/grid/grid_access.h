@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "browser/grid_elements.h"
-#include "windows/base/automation.h"
+#include "windows/base/provider_link.h"
 
 namespace pricedown::windows {
 
@@ -30,10 +30,6 @@ class GridAccess {
   ~GridAccess() = default;
 };
 
-// The connection of all providers of one grid, which clients may keep longer than the window lives.
-struct GridLink {
-  GridAccess* access;  // null after the window's end
-  Automation& automation;
-};
+using GridLink = ProviderLink<GridAccess>;
 
 }  // namespace pricedown::windows

@@ -38,6 +38,17 @@ void GridAccessibility::Update() noexcept {
   });
 }
 
+void GridAccessibility::Announce(std::u16string_view text) noexcept {
+  const ComPtr<GridProvider> provider = provider_.Get();
+  if (!provider || text == announced_) return;
+  AtBoundary([&] {
+    announced_ = text;
+    if (!text.empty() && provider_.IsListenedTo()) {
+      provider_.System().RaiseNotification(provider.get(), text);
+    }
+  });
+}
+
 void GridAccessibility::Report(GridProvider& provider, Automation& automation, const State& before,
                                const State& now) {
   const bool otherRows = now.rows != before.rows;

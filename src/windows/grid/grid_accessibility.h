@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "windows/base/window_provider.h"
 #include "windows/grid/grid_provider.h"
@@ -24,6 +25,9 @@ class GridAccessibility {
   // Raises the events of the difference to the last update, each once; nothing before a client has
   // asked for the provider. Cheap when nobody listens.
   void Update() noexcept;
+  // A text that a reader is to speak, once until another one follows; nothing before a client has
+  // asked for the provider, and when nobody listens.
+  void Announce(std::u16string_view text) noexcept;
   // The window ends: the provider answers "not available" from here on.
   void End() noexcept { provider_.End(access_.Window()); }
 
@@ -45,6 +49,7 @@ class GridAccessibility {
   GridAccess& access_;
   WindowProvider<GridProvider> provider_;
   State reported_;
+  std::u16string announced_;
 };
 
 }  // namespace pricedown::windows

@@ -11,12 +11,8 @@ namespace pricedown::windows {
 
 template <typename Body>
 HRESULT GridElementProvider::Ask(Body&& body) const noexcept {
-  return AtBoundary([&]() -> HRESULT {
-    GridAccess* access = link_->access;
-    if (access == nullptr || !access->Elements().Exists(element_)) {
-      return UIA_E_ELEMENTNOTAVAILABLE;
-    }
-    return body(*access);
+  return link_->Run([&](GridAccess& access) -> HRESULT {
+    return access.Elements().Exists(element_) ? body(access) : UIA_E_ELEMENTNOTAVAILABLE;
   });
 }
 

@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "windows/base/provider_values.h"
-#include "windows/com/boundary.h"
 #include "windows/com/com_class.h"
 #include "windows/grid/grid_access.h"
 

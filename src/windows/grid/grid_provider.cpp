@@ -81,23 +81,6 @@ std::optional<std::int32_t> RowOf(IRawElementProviderSimple* element) {
 
 }  // namespace
 
-template <typename Body>
-HRESULT GridProvider::Ask(Body&& body) const noexcept {
-  return AtBoundary([&]() -> HRESULT {
-    return link_->access == nullptr ? UIA_E_ELEMENTNOTAVAILABLE : body(*link_->access);
-  });
-}
-
-template <typename Result, typename Body>
-HRESULT GridProvider::Ask(Result* result, Body&& body) const noexcept {
-  if (result == nullptr) return E_POINTER;
-  *result = Result{};
-  return Ask([&](GridAccess& access) -> HRESULT {
-    *result = body(access);
-    return S_OK;
-  });
-}
-
 ComPtr<GridElementProvider> GridProvider::Element(GridElement element) {
   return MakeCom<GridElementProvider>(link_, ComPtr<IRawElementProviderSimple>::Share(this),
                                       element);
@@ -112,7 +95,7 @@ IRawElementProviderSimple* GridProvider::Item(GridElement element) {
 }
 
 STDMETHODIMP GridProvider::get_ProviderOptions(enum ProviderOptions* result) noexcept {
-  return Ask(result, [](GridAccess&) { return kProviderOptions; });
+  return link_->Answer(result, [](GridAccess&) { return kProviderOptions; });
 }
 
 IUnknown* GridProvider::FindPattern(PATTERNID pattern) {
@@ -133,8 +116,8 @@ IUnknown* GridProvider::FindPattern(PATTERNID pattern) {
 }
 
 STDMETHODIMP GridProvider::GetPatternProvider(PATTERNID pattern, IUnknown** result) noexcept {
-  return Ask(result,
-             [&](GridAccess&) { return ComPtr<IUnknown>::Share(FindPattern(pattern)).release(); });
+  return link_->Answer(
+      result, [&](GridAccess&) { return ComPtr<IUnknown>::Share(FindPattern(pattern)).release(); });
 }
 
 // The system adds what it knows of the window, such as its state and place.
@@ -156,11 +139,11 @@ VARIANT GridProvider::Property(PROPERTYID property, const GridAccess& access) co
 }
 
 STDMETHODIMP GridProvider::GetPropertyValue(PROPERTYID property, VARIANT* result) noexcept {
-  return Ask(result, [&](GridAccess& access) { return Property(property, access); });
+  return link_->Answer(result, [&](GridAccess& access) { return Property(property, access); });
 }
 
 STDMETHODIMP GridProvider::get_HostRawElementProvider(IRawElementProviderSimple** result) noexcept {
-  return Ask(result, [&](GridAccess& access) {
+  return link_->Answer(result, [&](GridAccess& access) {
     return link_->automation.HostProvider(access.Window()).release();
   });
 }
@@ -168,7 +151,7 @@ STDMETHODIMP GridProvider::get_HostRawElementProvider(IRawElementProviderSimple*
 // Parent and neighbours are the window's.
 STDMETHODIMP GridProvider::Navigate(NavigateDirection direction,
                                     IRawElementProviderFragment** result) noexcept {
-  return Ask(result, [&](GridAccess& access) -> IRawElementProviderFragment* {
+  return link_->Answer(result, [&](GridAccess& access) -> IRawElementProviderFragment* {
     if (direction == NavigateDirection_FirstChild) {
       return Fragment(access.Elements().FirstChild(std::nullopt));
     }
@@ -181,11 +164,11 @@ STDMETHODIMP GridProvider::Navigate(NavigateDirection direction,
 
 // The window's own.
 STDMETHODIMP GridProvider::GetRuntimeId(SAFEARRAY** result) noexcept {
-  return Ask(result, [](GridAccess&) { return nullptr; });
+  return link_->Answer(result, [](GridAccess&) { return nullptr; });
 }
 
 STDMETHODIMP GridProvider::get_BoundingRectangle(UiaRect* result) noexcept {
-  return Ask(result, [](GridAccess& access) {
+  return link_->Answer(result, [](GridAccess& access) {
     RECT area{};
     GetClientRect(access.Window(), &area);
     return ScreenArea(access.Window(), area);
@@ -193,11 +176,11 @@ STDMETHODIMP GridProvider::get_BoundingRectangle(UiaRect* result) noexcept {
 }
 
 STDMETHODIMP GridProvider::GetEmbeddedFragmentRoots(SAFEARRAY** result) noexcept {
-  return Ask(result, [](GridAccess&) { return nullptr; });
+  return link_->Answer(result, [](GridAccess&) { return nullptr; });
 }
 
 STDMETHODIMP GridProvider::SetFocus() noexcept {
-  return Ask([](GridAccess& access) -> HRESULT {
+  return link_->Run([](GridAccess& access) -> HRESULT {
     if (!TakesUserInput(access.Window())) return UIA_E_ELEMENTNOTENABLED;
     access.TakeFocus();
     return S_OK;
@@ -205,14 +188,14 @@ STDMETHODIMP GridProvider::SetFocus() noexcept {
 }
 
 STDMETHODIMP GridProvider::get_FragmentRoot(IRawElementProviderFragmentRoot** result) noexcept {
-  return Ask(result, [&](GridAccess&) {
+  return link_->Answer(result, [&](GridAccess&) {
     return ComPtr<IRawElementProviderFragmentRoot>::Share(this).release();
   });
 }
 
 STDMETHODIMP GridProvider::ElementProviderFromPoint(double x, double y,
                                                     IRawElementProviderFragment** result) noexcept {
-  return Ask(result, [&](GridAccess& access) -> IRawElementProviderFragment* {
+  return link_->Answer(result, [&](GridAccess& access) -> IRawElementProviderFragment* {
     POINT point{static_cast<LONG>(std::floor(x)), static_cast<LONG>(std::floor(y))};
     ScreenToClient(access.Window(), &point);
     if (const auto element = access.Elements().At(point.x, point.y)) return Fragment(element);
@@ -221,7 +204,7 @@ STDMETHODIMP GridProvider::ElementProviderFromPoint(double x, double y,
 }
 
 STDMETHODIMP GridProvider::GetFocus(IRawElementProviderFragment** result) noexcept {
-  return Ask(result, [&](GridAccess& access) -> IRawElementProviderFragment* {
+  return link_->Answer(result, [&](GridAccess& access) -> IRawElementProviderFragment* {
     if (::GetFocus() != access.Window()) return nullptr;
     return Fragment(access.Elements().Current());
   });
@@ -231,7 +214,7 @@ STDMETHODIMP GridProvider::GetItem(int row, int column,
                                    IRawElementProviderSimple** result) noexcept {
   if (result == nullptr) return E_POINTER;
   *result = nullptr;
-  return Ask([&](GridAccess& access) -> HRESULT {
+  return link_->Run([&](GridAccess& access) -> HRESULT {
     const GridElements elements = access.Elements();
     if (row < 0 || row >= elements.Rows() || column < 0 || column >= elements.Columns()) {
       return E_INVALIDARG;
@@ -242,19 +225,19 @@ STDMETHODIMP GridProvider::GetItem(int row, int column,
 }
 
 STDMETHODIMP GridProvider::get_RowCount(int* result) noexcept {
-  return Ask(result, [](GridAccess& access) { return access.Elements().Rows(); });
+  return link_->Answer(result, [](GridAccess& access) { return access.Elements().Rows(); });
 }
 
 STDMETHODIMP GridProvider::get_ColumnCount(int* result) noexcept {
-  return Ask(result, [](GridAccess& access) { return access.Elements().Columns(); });
+  return link_->Answer(result, [](GridAccess& access) { return access.Elements().Columns(); });
 }
 
 STDMETHODIMP GridProvider::GetRowHeaders(SAFEARRAY** result) noexcept {
-  return Ask(result, [](GridAccess&) { return ElementArray({}); });
+  return link_->Answer(result, [](GridAccess&) { return ElementArray({}); });
 }
 
 STDMETHODIMP GridProvider::GetColumnHeaders(SAFEARRAY** result) noexcept {
-  return Ask(result, [&](GridAccess& access) {
+  return link_->Answer(result, [&](GridAccess& access) {
     std::vector<ComPtr<IRawElementProviderSimple>> titles;
     for (std::int32_t column = 1; column <= access.Elements().Columns(); ++column) {
       titles.push_back(ComPtr<IRawElementProviderSimple>::Adopt(Item({column, kTitleRow})));
@@ -264,11 +247,11 @@ STDMETHODIMP GridProvider::GetColumnHeaders(SAFEARRAY** result) noexcept {
 }
 
 STDMETHODIMP GridProvider::get_RowOrColumnMajor(enum RowOrColumnMajor* result) noexcept {
-  return Ask(result, [](GridAccess&) { return RowOrColumnMajor_RowMajor; });
+  return link_->Answer(result, [](GridAccess&) { return RowOrColumnMajor_RowMajor; });
 }
 
 STDMETHODIMP GridProvider::GetSelection(SAFEARRAY** result) noexcept {
-  return Ask(result, [&](GridAccess& access) {
+  return link_->Answer(result, [&](GridAccess& access) {
     std::vector<ComPtr<IRawElementProviderSimple>> cells;
     for (const GridElement& cell : access.Elements().SelectedCells()) {
       cells.push_back(ComPtr<IRawElementProviderSimple>::Adopt(Item(cell)));
@@ -278,15 +261,15 @@ STDMETHODIMP GridProvider::GetSelection(SAFEARRAY** result) noexcept {
 }
 
 STDMETHODIMP GridProvider::get_CanSelectMultiple(BOOL* result) noexcept {
-  return Ask(result, [](GridAccess&) { return TRUE; });
+  return link_->Answer(result, [](GridAccess&) { return TRUE; });
 }
 
 STDMETHODIMP GridProvider::get_IsSelectionRequired(BOOL* result) noexcept {
-  return Ask(result, [](GridAccess&) { return TRUE; });
+  return link_->Answer(result, [](GridAccess&) { return TRUE; });
 }
 
 STDMETHODIMP GridProvider::Scroll(ScrollAmount horizontal, ScrollAmount vertical) noexcept {
-  return Ask([&](GridAccess& access) -> HRESULT {
+  return link_->Run([&](GridAccess& access) -> HRESULT {
     GridViewport target = access.Viewport();
     if ((StepOf(horizontal) && !HorizontalExtent(target).scrollable) ||
         (StepOf(vertical) && !VerticalExtent(target).scrollable)) {
@@ -300,7 +283,7 @@ STDMETHODIMP GridProvider::Scroll(ScrollAmount horizontal, ScrollAmount vertical
 }
 
 STDMETHODIMP GridProvider::SetScrollPercent(double horizontal, double vertical) noexcept {
-  return Ask([&](GridAccess& access) -> HRESULT {
+  return link_->Run([&](GridAccess& access) -> HRESULT {
     const GridViewport& now = access.Viewport();
     if (!IsPosition(horizontal, HorizontalExtent(now)) ||
         !IsPosition(vertical, VerticalExtent(now))) {
@@ -313,33 +296,34 @@ STDMETHODIMP GridProvider::SetScrollPercent(double horizontal, double vertical) 
 }
 
 STDMETHODIMP GridProvider::get_HorizontalScrollPercent(double* result) noexcept {
-  return Ask(result,
-             [](GridAccess& access) { return PercentOf(HorizontalExtent(access.Viewport())); });
+  return link_->Answer(
+      result, [](GridAccess& access) { return PercentOf(HorizontalExtent(access.Viewport())); });
 }
 
 STDMETHODIMP GridProvider::get_VerticalScrollPercent(double* result) noexcept {
-  return Ask(result,
-             [](GridAccess& access) { return PercentOf(VerticalExtent(access.Viewport())); });
+  return link_->Answer(
+      result, [](GridAccess& access) { return PercentOf(VerticalExtent(access.Viewport())); });
 }
 
 STDMETHODIMP GridProvider::get_HorizontalViewSize(double* result) noexcept {
-  return Ask(result,
-             [](GridAccess& access) { return HorizontalExtent(access.Viewport()).visiblePercent; });
+  return link_->Answer(result, [](GridAccess& access) {
+    return HorizontalExtent(access.Viewport()).visiblePercent;
+  });
 }
 
 STDMETHODIMP GridProvider::get_VerticalViewSize(double* result) noexcept {
-  return Ask(result,
-             [](GridAccess& access) { return VerticalExtent(access.Viewport()).visiblePercent; });
+  return link_->Answer(
+      result, [](GridAccess& access) { return VerticalExtent(access.Viewport()).visiblePercent; });
 }
 
 STDMETHODIMP GridProvider::get_HorizontallyScrollable(BOOL* result) noexcept {
-  return Ask(result,
-             [](GridAccess& access) { return HorizontalExtent(access.Viewport()).scrollable; });
+  return link_->Answer(
+      result, [](GridAccess& access) { return HorizontalExtent(access.Viewport()).scrollable; });
 }
 
 STDMETHODIMP GridProvider::get_VerticallyScrollable(BOOL* result) noexcept {
-  return Ask(result,
-             [](GridAccess& access) { return VerticalExtent(access.Viewport()).scrollable; });
+  return link_->Answer(
+      result, [](GridAccess& access) { return VerticalExtent(access.Viewport()).scrollable; });
 }
 
 STDMETHODIMP GridProvider::FindItemByProperty(IRawElementProviderSimple* startAfter,
@@ -347,7 +331,7 @@ STDMETHODIMP GridProvider::FindItemByProperty(IRawElementProviderSimple* startAf
                                               IRawElementProviderSimple** result) noexcept {
   if (result == nullptr) return E_POINTER;
   *result = nullptr;
-  return Ask([&](GridAccess& access) -> HRESULT {
+  return link_->Run([&](GridAccess& access) -> HRESULT {
     const auto query = RowQueryOf(property, value);
     const auto after = startAfter == nullptr ? std::optional(kTitleRow) : RowOf(startAfter);
     if (!query || !after) return E_INVALIDARG;

@@ -75,12 +75,6 @@ class GridProvider final
                                   IRawElementProviderSimple** result) noexcept override;
 
  private:
-  // Runs `body` with the grid's window.
-  template <typename Body>
-  HRESULT Ask(Body&& body) const noexcept;
-  template <typename Result, typename Body>
-  HRESULT Ask(Result* result, Body&& body) const noexcept;
-
   IUnknown* FindPattern(PATTERNID pattern);
   VARIANT Property(PROPERTYID property, const GridAccess& access) const;
   IRawElementProviderFragment* Fragment(std::optional<GridElement> element);

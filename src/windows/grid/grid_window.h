@@ -36,6 +36,9 @@ class GridWindow final : public BoundWindow,
   // Applies the resolution and the fonts anew.
   void UpdateAppearance();
 
+  // For screen readers: speaks a status that belongs to the grid.
+  void Announce(std::u16string_view text) { accessibility_.Announce(text); }
+
   const GridSelection& Selection() const { return selection_; }
   const GridViewport& Viewport() const override { return viewport_; }
   bool IsEditing() const { return editor_.IsActive(); }

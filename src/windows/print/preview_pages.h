@@ -31,6 +31,8 @@ class PreviewPages {
   // Makes that page the shown one. Throws AutomationError, and then a blank page is shown.
   void Turn(std::int32_t number);
 
+  // Empty before there is one; valid until the next turn.
+  const Page& Shown() const { return page_; }
   // The shown page; nothing before there is one. Throws AutomationError.
   void Paint(HDC context, const PageScale& scale);
 

@@ -3,9 +3,12 @@
 #include "windows/print/preview_pane.h"
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 #include "windows/base/gdi.h"
+#include "windows/base/provider_values.h"
+#include "windows/com/variant.h"
 
 namespace pricedown::windows {
 namespace {
@@ -27,6 +30,8 @@ void UpdateScrollBar(HWND window, int bar, int content, int area, int position) 
 }
 
 }  // namespace
+
+PreviewPane::~PreviewPane() { provider_.End(Handle()); }
 
 void PreviewPane::Create(HWND parent, HINSTANCE module, int id, const wchar_t* name) {
   Creation creation;
@@ -52,6 +57,42 @@ void PreviewPane::ShowState() {
   UpdateScrollBar(Handle(), SB_HORZ, state_.ContentWidth(), area.right, state_.ScrollX());
   UpdateScrollBar(Handle(), SB_VERT, state_.ContentHeight(), area.bottom, state_.ScrollY());
   InvalidateRect(Handle(), nullptr, FALSE);
+  ReportText();
+}
+
+LRESULT PreviewPane::OnGetObject(WPARAM wParam, LPARAM lParam) {
+  return provider_.Return(Handle(), wParam, lParam, [&] {
+    reportedText_ = ReadingText(Lines());
+    return MakeCom<PageProvider>(std::make_shared<ProviderLink<PageAccess>>(
+        ProviderLink<PageAccess>{this, provider_.System()}));
+  });
+}
+
+void PreviewPane::ReportText() {
+  if (!provider_.IsListenedTo()) return;
+  std::u16string text = ReadingText(Lines());
+  if (text == reportedText_) return;
+  reportedText_ = text;
+  const ComPtr<PageProvider> provider = provider_.Get();
+  Automation& automation = provider_.System();
+  automation.RaiseChildrenInvalidated(provider.get());
+  Variant value;
+  value.attach(PropertyText(text));
+  automation.RaisePropertyChanged(provider.get(), UIA_ValueValuePropertyId, value.get());
+}
+
+std::vector<ReadingLine> PreviewPane::Lines() const { return ReadingLines(pages_.Shown()); }
+
+RECT PreviewPane::ShownArea(const Rectangle& paper) const {
+  const Rectangle box = state_.PaperBox();
+  const auto pixels = [&](Tenths length) { return static_cast<int>(state_.Pixels(length)); };
+  const RECT area{box.left + pixels(paper.left), box.top + pixels(paper.top),
+                  box.left + pixels(paper.Right()), box.top + pixels(paper.Bottom())};
+  RECT client{};
+  RECT shown{};
+  GetClientRect(Handle(), &client);
+  IntersectRect(&shown, &area, &client);
+  return shown;
 }
 
 void PreviewPane::OnSize() {
@@ -134,6 +175,12 @@ void PreviewPane::OnScroll(int bar, int code) {
 
 LRESULT PreviewPane::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
+    case WM_GETOBJECT:
+      return AsksForProvider(lParam) ? OnGetObject(wParam, lParam)
+                                     : Default(message, wParam, lParam);
+    case WM_DESTROY:
+      provider_.End(Handle());
+      return 0;
     case WM_SIZE:
       OnSize();
       return 0;

@@ -5,10 +5,13 @@
 #include <windows.h>
 
 #include <functional>
+#include <string>
+#include <vector>
 
 #include "print/preview_state.h"
 #include "windows/base/bound_window.h"
 #include "windows/base/dpi.h"
+#include "windows/print/page_provider.h"
 #include "windows/print/preview_pages.h"
 
 namespace pricedown::windows {
@@ -23,11 +26,13 @@ class PaneEvents {
   ~PaneEvents() = default;
 };
 
-class PreviewPane final : public BoundWindow {
+class PreviewPane final : public BoundWindow, private PageAccess {
  public:
   // All must outlive the pane.
-  PreviewPane(PaneEvents& events, PreviewState& state, PreviewPages& pages)
-      : events_(events), state_(state), pages_(pages) {}
+  PreviewPane(PaneEvents& events, PreviewState& state, PreviewPages& pages,
+              Automation& automation = SystemAutomation())
+      : events_(events), state_(state), pages_(pages), provider_(automation) {}
+  ~PreviewPane() override;
 
   // Throws AutomationError.
   void Create(HWND parent, HINSTANCE module, int id, const wchar_t* name);
@@ -44,10 +49,20 @@ class PreviewPane final : public BoundWindow {
   void Paint(HDC context, const RECT& area);
   void OnWheel(int delta, bool zooms);
   void OnScroll(int bar, int code);
+  LRESULT OnGetObject(WPARAM wParam, LPARAM lParam);
+  // For clients that listen, when the page is another one.
+  void ReportText();
+
+  // PageAccess
+  HWND Window() const override { return Handle(); }
+  std::vector<ReadingLine> Lines() const override;
+  RECT ShownArea(const Rectangle& paper) const override;
 
   PaneEvents& events_;
   PreviewState& state_;
   PreviewPages& pages_;
+  WindowProvider<PageProvider> provider_;
+  std::u16string reportedText_;
   Dpi dpi_;
 };
 

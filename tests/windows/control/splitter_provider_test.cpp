@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "control/layout.h"
+#include "tests/windows/base/recording_automation.h"
 #include "tests/windows/control/ui_world.h"
-#include "tests/windows/grid/recording_automation.h"
 #include "windows/base/control_ids.h"
 #include "windows/base/dpi.h"
 #include "windows/com/module_counts.h"

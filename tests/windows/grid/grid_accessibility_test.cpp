@@ -89,6 +89,19 @@ TEST_F(GridProviderTest, RaisesNothingWhileNobodyListens) {
   EXPECT_EQ(Events(), (Log{"focus row2.column1", "selected row2.column1"}));
 }
 
+TEST_F(GridProviderTest, AStatusIsSpokenOnceUntilAnotherFollows) {
+  window_.Announce(u"原材料，8 种物料");
+  window_.Announce(u"原材料，8 种物料");
+  EXPECT_EQ(Events(), Log{"speak 112 = 原材料，8 种物料"});
+  window_.Announce({});
+  EXPECT_EQ(Events(), Log{});
+  window_.Announce(u"原材料，8 种物料");
+  EXPECT_EQ(Events().size(), 1u);
+  automation_.listening = false;
+  window_.Announce(u"辅助材料");
+  EXPECT_EQ(Events(), Log{});
+}
+
 TEST_F(GridWindow, MakesNoProviderAndRaisesNothingBeforeAClientAsks) {
   const long before = windows::Counts().objects;
   input_.Press(VK_DOWN);

@@ -24,6 +24,7 @@ class RecordingAutomation final : public windows::Automation {
   void RaisePropertyChanged(IRawElementProviderSimple* provider, PROPERTYID property,
                             const VARIANT& value) override;
   void RaiseChildrenInvalidated(IRawElementProviderSimple* provider) override;
+  void RaiseNotification(IRawElementProviderSimple* provider, std::u16string_view text) override;
   void Disconnect(IRawElementProviderSimple* provider) override;
 
   bool listening = true;

@@ -1,4 +1,4 @@
-#include "tests/windows/grid/recording_automation.h"
+#include "tests/windows/base/recording_automation.h"
 
 #include <utility>
 
@@ -83,6 +83,11 @@ void RecordingAutomation::RaisePropertyChanged(IRawElementProviderSimple* provid
 
 void RecordingAutomation::RaiseChildrenInvalidated(IRawElementProviderSimple* provider) {
   log.push_back(WithId("children", provider));
+}
+
+void RecordingAutomation::RaiseNotification(IRawElementProviderSimple* provider,
+                                            std::u16string_view text) {
+  log.push_back(WithId("speak", provider) + " = " + Utf8(text));
 }
 
 void RecordingAutomation::Disconnect(IRawElementProviderSimple*) { log.emplace_back("disconnect"); }
