@@ -45,6 +45,10 @@ class SplitterProviderTest : public ::testing::Test, public windows::ChildEvents
 
   // ChildEvents
   void NodeClicked(NodeIndex) override {}
+  void FindTextChanged(std::u16string_view, bool) override {}
+  void FindKeyPressed(FindKey) override {}
+  void FindIdle() override {}
+  void FindLeft() override {}
   void CommandChosen(const Command&) override {}
   bool KeyPressed(HWND, const KeyPress&, bool) override { return false; }
   void MenuRequested(HWND, POINT) override {}
