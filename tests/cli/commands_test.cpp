@@ -204,17 +204,27 @@ TEST_F(Commands, CheckListsWhatIsWrongAndChangesNothing) {
         u"INSERT INTO t_UserProfile(FUserID,FApplication,FSection,FKey,FValue)"
         u"VALUES(7,'H','PriceDown','NodeSel1','giZ')");
     company->Execute(u"UPDATE t_systemprofile SET FValue='三' WHERE FKey='CurrentPeriod'");
+    // A save looks up 1471.2 and 6701.01, whatever follows.
+    company->Execute(
+        u"INSERT INTO t_account(FAccountID,FNumber,FName,FLevel,FParentID,FDetail,FDC)VALUES"
+        u"(900,'1471.20','a',2,0,1,1) INSERT INTO t_account(FAccountID,FNumber,FName,FLevel,"
+        u"FParentID,FDetail,FDC)VALUES(901,'6701.01.07','b',3,0,1,1)");
+    company->Execute(
+        u"UPDATE icPriceDownClass SET FARNumber='1471.20',FAPNumber='6701.01.07' "
+        u"WHERE FItemClassNumber='00002'");
   }
   const std::string before = folder_.Read("公司.db");
   EXPECT_EQ(Run({"check", Company()}), kBadData);
   for (const char* finding :
        {"物料属于多个类别: 01.01.0001 ", ": 00001, X\n",
         "类别各行的名称、科目或百分比不一致: 00001: [另名, ", "类别的明细没有物料: Y: 编号 99\n",
-        "保存时查不到科目: X: 没有\n", "保存时查不到科目: Y: (空)\n", "类别没有可列出的物料: Y\n",
+        "保存时查不到科目: X: 没有\n", "保存时查不到科目: 00002: 1471.20\n",
+        "保存时查不到科目: Y: (空)\n", "类别没有可列出的物料: Y\n",
         "设置中的类别已不存在: 用户 7, NodeSel1: Z\n", "设置属于不存在的用户: t_UserProfile: 7\n",
         "当前期间不是数字: CurrentPeriod: 三\n"}) {
     EXPECT_NE(out_.str().find(finding), std::string::npos) << finding << "\n" << out_.str();
   }
+  EXPECT_EQ(out_.str().find("6701.01.07"), std::string::npos) << out_.str();
   EXPECT_NE(out_.str().find("个问题\n"), std::string::npos);
   EXPECT_TRUE(folder_.Read("公司.db") == before);
 }

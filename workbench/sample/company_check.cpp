@@ -2,6 +2,7 @@
 #include "workbench/sample/company_check.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <map>
 #include <set>
@@ -37,6 +38,17 @@ struct ItemClass {
 };
 
 std::string CellLabel(const Cell& cell) { return cell.IsNull() ? "(空)" : TextOf(cell); }
+
+// What a save looks an account up by: the number at the start of the text, in its shortest form.
+std::string LeadingNumberText(std::string_view text) {
+  double number = 0;
+  const bool startsWithDigit = !text.empty() && text.front() >= '0' && text.front() <= '9';
+  if (startsWithDigit) std::from_chars(text.data(), text.data() + text.size(), number);
+  std::array<char, 400> digits{};
+  const auto written =
+      std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed);
+  return {digits.data(), written.ptr};
+}
 
 class Checker {
  public:
@@ -127,16 +139,20 @@ class Checker {
     }
   }
 
-  bool CanLookUp(const std::string& account) {
-    // A save does not escape apostrophes in the number.
-    if (account.find('\'') != std::string::npos) return false;
-    const auto [known, isNew] = lookups_.try_emplace(account, false);
+  bool HasAccount(const std::string& number) {
+    const auto [known, isNew] = accounts_.try_emplace(number, false);
     if (isNew) {
       known->second =
-          Ask(company_, "SELECT FAccountID FROM t_account WHERE FNumber=" + Literal(account))
+          Ask(company_, "SELECT FAccountID FROM t_account WHERE FNumber=" + Literal(number))
               .RowCount() > 0;
     }
     return known->second;
+  }
+
+  bool CanLookUp(const std::string& account) {
+    // A save does not escape apostrophes in the number.
+    if (account.find('\'') != std::string::npos) return false;
+    return HasAccount(account) && HasAccount(LeadingNumberText(account));
   }
 
   void FindUnknownAccounts() {
@@ -203,7 +219,7 @@ class Checker {
   Connection& company_;
   std::unordered_map<std::int64_t, Item> items_;
   std::map<std::string, ItemClass, ByServerText> classes_;
-  std::map<std::string, bool> lookups_;
+  std::map<std::string, bool> accounts_;
   std::vector<std::string> findings_;
 };
 
