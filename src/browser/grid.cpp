@@ -19,7 +19,7 @@ void Grid::SetMaxRows(std::int32_t rows) {
   }
   cells_.resize(static_cast<std::size_t>(rows) * columns);
   if (rows == 0) {
-    texts_.clear();
+    texts_.Clear();
     lockedColumns_ = 0;
   }
   for (NumberCells& numbers : numbers_) numbers.rows = std::min(numbers.rows, rows);
@@ -40,21 +40,24 @@ std::u16string_view Grid::Text(std::int32_t column, std::int32_t row) const {
   if (row == kTitleRow && column >= 1 && column <= maxColumns_) {
     return titles_[static_cast<std::size_t>(column - 1)];
   }
-  if (!Inside(column, row)) return {};
-  const TextSpan& span = cells_[CellIndex(column, row)];
-  return std::u16string_view(texts_).substr(span.offset, span.length);
+  return Inside(column, row) ? cells_[CellIndex(column, row)] : std::u16string_view();
 }
 
 void Grid::SetText(std::int32_t column, std::int32_t row, std::u16string_view text) {
   if (row == kTitleRow && column >= 1 && column <= maxColumns_) {
     titles_[static_cast<std::size_t>(column - 1)] = text;
   } else if (Inside(column, row)) {
-    const std::size_t offset = texts_.size();
-    texts_.append(text);
-    cells_[CellIndex(column, row)] = {offset, texts_.size() - offset};
+    cells_[CellIndex(column, row)] = texts_.Keep(text);
   } else {
     return;
   }
+  NotifyChanged();
+}
+
+void Grid::SetRowTexts(std::int32_t row, std::span<const std::u16string_view> texts) {
+  if (!Inside(maxColumns_, row) || std::cmp_greater(texts.size(), maxColumns_)) return;
+  std::u16string_view* cell = &cells_[CellIndex(1, row)];
+  for (const std::u16string_view text : texts) *cell++ = texts_.Keep(text);
   NotifyChanged();
 }
 

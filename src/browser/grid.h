@@ -4,11 +4,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "env/font.h"
+#include "platform/text_arena.h"
 
 namespace pricedown {
 
@@ -63,6 +65,9 @@ class Grid {
   // A view of a text is valid until the next change of the grid.
   std::u16string_view Text(std::int32_t column, std::int32_t row) const;
   void SetText(std::int32_t column, std::int32_t row, std::u16string_view text);
+  // Sets the texts of a row from its first column on. Ignored outside rows 1 to MaxRows() and for
+  // more texts than columns.
+  void SetRowTexts(std::int32_t row, std::span<const std::u16string_view> texts);
 
   // The largest number that may be typed into a cell, if it takes numbers.
   std::optional<double> UpperBound(std::int32_t column, std::int32_t row) const;
@@ -97,10 +102,6 @@ class Grid {
   void SetFont(const Font& font);
 
  private:
-  struct TextSpan {
-    std::size_t offset = 0;
-    std::size_t length = 0;
-  };
   struct NumberCells {
     std::int32_t rows = 0;  // from the first one
     double bound = 0;
@@ -118,9 +119,9 @@ class Grid {
   std::int32_t maxRows_ = 0;
   std::vector<std::u16string> titles_;
   std::vector<double> widths_;
-  std::u16string texts_;  // all cell texts, one behind the other
-  std::vector<TextSpan> cells_;
-  std::vector<NumberCells> numbers_;  // by column
+  TextArena texts_;                         // of all cells, replaced ones too
+  std::vector<std::u16string_view> cells_;  // row by row
+  std::vector<NumberCells> numbers_;        // by column
   std::int32_t lockedColumns_ = 0;
   bool redraw_ = true;
   bool changed_ = false;

@@ -65,15 +65,15 @@ void ItemGrid::FillRows(const Recordset& items) {
                  {state_.fullNumber ? columns::kNumber : columns::kShortNumber, columns::kName,
                   columns::kModel},
                  NullCells::AsEmptyText);
-  std::u16string scratch;
+  std::array<std::u16string, grid_columns::kModel> scratch;
+  std::array<std::u16string_view, grid_columns::kModel> texts;
   for (std::int32_t row = 1; row <= grid_.MaxRows(); ++row) {
     if (!rows.Next()) {
       throw AutomationError(ErrorNumber::NoCurrentRecord, u"物料记录少于记录集报告的行数",
                             u"vaList");
     }
-    grid_.SetText(grid_columns::kCode, row, CellText(rows.Field(0), scratch));
-    grid_.SetText(grid_columns::kName, row, CellText(rows.Field(1), scratch));
-    grid_.SetText(grid_columns::kModel, row, CellText(rows.Field(2), scratch));
+    for (std::size_t i = 0; i < texts.size(); ++i) texts[i] = CellText(rows.Field(i), scratch[i]);
+    grid_.SetRowTexts(row, texts);
     grid_.SetUpperBound(grid_columns::kPrice, row, kPriceUpperBound);
     if (row % kRowsBetweenReports == 0) grid_.NotifyFilling();
   }

@@ -1,7 +1,6 @@
 // The member list as the form shows it: the column titles and one row of texts per item.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -10,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/cell_texts.h"
 #include "platform/copied_cells.h"
 #include "platform/recordset.h"
 
@@ -35,8 +35,12 @@ class MemberRows {
   // The items have changed; their texts follow with the next Read.
   void Reload() { isDue_ = true; }
   bool IsDue() const { return isDue_; }
+  // The item of that row has left the recordset; the next Read takes it away.
+  // No-op for a row without texts.
+  void Remove(std::int32_t row);
 
-  // Reads the titles, and the items from the recordset's current row on, up to the count. Throws
+  // Reads the titles, and the items from the recordset's current row on, up to the count. Where
+  // the removed items make up the difference to the count, the others are not read again. Throws
   // AutomationError; the items before the failure are kept.
   void Read(const Recordset& items);
 
@@ -51,11 +55,16 @@ class MemberRows {
   CopiedCells Copied(std::span<const std::int32_t> rows, bool titled) const;
 
  private:
-  using Row = std::array<std::u16string, member_columns::kCount>;
+  // Whether the texts are the recordset's once the removed rows are gone.
+  bool IsReadButForRemoved() const;
+  void DropRemoved();
+  void ReadAll(const Recordset& items);
 
   std::int32_t count_ = 0;
   bool isDue_ = false;
-  std::vector<Row> rows_;  // the title row first
+  CellTexts texts_;                    // of every row that was read, the title row first
+  std::vector<std::uint32_t> order_;   // the rows that are left of them
+  std::vector<std::int32_t> removed_;  // since the last Read
 };
 
 }  // namespace pricedown

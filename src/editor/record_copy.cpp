@@ -1,11 +1,15 @@
-// A step that fails loses what it would have copied; the copying goes on.
+// Rows are read in blocks and each is added with one call; what fails that way is copied step by
+// step. A step that fails loses what it would have copied; the copying goes on.
 #include "editor/record_copy.h"
 
+#include <array>
+#include <functional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
-#include "editor/member_list.h"
 #include "platform/skip.h"
+#include "platform/text_blocks.h"
 
 namespace pricedown {
 namespace {
@@ -13,29 +17,24 @@ namespace {
 // Browser: all rows, committed row by row. Form: the rows that pass the filter, committed once.
 enum class Manner { Browser, Form };
 
-// No object when a copy cannot be made or opened.
-Recordset MakeLike(ObjectFactory& factory, const std::vector<FieldDefinition>& fields) {
+using FieldNames = std::vector<std::u16string_view>;
+
+// Makes an open recordset with those fields; `appended` gets the names of those that it has, in
+// their order. No object when it cannot be made or opened.
+Recordset MakeLike(ObjectFactory& factory, const std::vector<FieldDefinition>& fields,
+                   FieldNames& appended) {
   Recordset copy;
   SkipFailing([&] { copy = Recordset::Create(factory); });
   for (const FieldDefinition& field : fields) {
-    SkipFailing([&] { copy.AppendField(field); });
+    if (SkipFailing([&] { copy.AppendField(field); })) appended.push_back(field.name);
   }
   return SkipFailing([&] { copy.Open(); }) ? copy : Recordset();
 }
 
-// One field in both recordsets; a field that either of them lacks is not copied.
-struct FieldPair {
-  BoundFields from;
-  BoundFields to;
-};
-
-std::vector<FieldPair> PairFields(const Recordset& source, const Recordset& copy,
-                                  const std::vector<FieldDefinition>& fields) {
-  std::vector<FieldPair> pairs;
-  for (const FieldDefinition& field : fields) {
-    SkipFailing([&] { pairs.push_back({{source, {field.name}}, {copy, {field.name}}}); });
-  }
-  return pairs;
+std::vector<Value> Positions(std::size_t count) {
+  std::vector<Value> positions;
+  for (std::size_t i = 0; i < count; ++i) positions.emplace_back(static_cast<std::int32_t>(i));
+  return positions;
 }
 
 // A source that fails counts as at its end, so that the loop ends.
@@ -45,33 +44,86 @@ bool HasRow(const Recordset& source) {
   return !atEnd;
 }
 
-void CopyRow(const Recordset& copy, const std::vector<FieldPair>& fields) {
-  // Without a new row the values would go into the one before.
-  if (!SkipFailing([&] { copy.AddNew(); })) return;
-  for (const FieldPair& field : fields) {
-    SkipFailing([&] { field.to.Set(0, field.from.Get(0)); });
-  }
-}
+class RowCopier {
+ public:
+  // `fields` are the names of the copy's fields in their order.
+  RowCopier(const Recordset& source, const Recordset& copy, FieldNames fields, Manner manner)
+      : source_(source),
+        copy_(copy),
+        fields_(std::move(fields)),
+        addArguments_{Positions(fields_.size()), Value()},
+        manner_(manner) {}
 
-void CopyRows(const Recordset& source, const Recordset& copy, const std::vector<FieldPair>& fields,
-              Manner manner) {
-  while (HasRow(source)) {
-    CopyRow(copy, fields);
-    if (manner == Manner::Browser) SkipFailing([&] { copy.UpdateBatch(); });
-    // A source that does not move on would be copied forever.
-    if (!SkipFailing([&] { source.MoveNext(); })) break;
+  // Copies from the source's current row on.
+  void CopyAll() {
+    SkipFailing([&] { addNew_ = copy_.Object()->Find(u"AddNew"); });
+    SkipFailing([&] { updateBatch_ = copy_.Object()->Find(u"UpdateBatch"); });
+    while (HasRow(source_)) {
+      CellBlockPtr block;
+      if (!SkipFailing([&] { block = source_.GetRows(kRowsPerBlock, fields_); }) ||
+          block->RowCount() == 0) {
+        CopyOneByOne();
+        break;
+      }
+      for (std::size_t row = 0; row < block->RowCount(); ++row) CopyRow({block, row});
+    }
+    if (manner_ == Manner::Form) SkipFailing([&] { copy_.UpdateBatch(); });
   }
-  if (manner == Manner::Form) SkipFailing([&] { copy.UpdateBatch(); });
-}
+
+ private:
+  using CellOf = std::function<Value(std::size_t field)>;
+
+  void CopyRow(const BlockRow& row) {
+    addArguments_[1] = row;
+    if (!SkipFailing([&] { copy_.Object()->Invoke(addNew_, Access::Call, addArguments_); })) {
+      // The failed call may have begun a row.
+      SkipFailing([&] { copy_.CancelUpdate(); });
+      CopyFields([&](std::size_t field) { return row.block->CellValue(field, row.row); });
+    }
+    CommitRow();
+  }
+
+  void CopyOneByOne() {
+    while (HasRow(source_)) {
+      CopyFields([&](std::size_t field) { return source_.Field(fields_[field]); });
+      CommitRow();
+      // A source that does not move on would be copied forever.
+      if (!SkipFailing([&] { source_.MoveNext(); })) break;
+    }
+  }
+
+  void CopyFields(const CellOf& cellOf) {
+    // Without a new row the values would go into the one before.
+    if (!SkipFailing([&] { copy_.AddNew(); })) return;
+    for (std::size_t field = 0; field < fields_.size(); ++field) {
+      SkipFailing([&] { copy_.SetField(fields_[field], cellOf(field)); });
+    }
+  }
+
+  void CommitRow() {
+    if (manner_ == Manner::Form) return;
+    SkipFailing([&] { copy_.Object()->Invoke(updateBatch_, Access::Call, {}); });
+  }
+
+  Recordset source_;
+  Recordset copy_;
+  FieldNames fields_;
+  std::array<Value, 2> addArguments_;  // positions of the fields, a row of a block
+  // Looked up once, because they are called for every row.
+  MemberId addNew_ = 0;
+  MemberId updateBatch_ = 0;
+  Manner manner_;
+};
 
 Recordset Copy(ObjectFactory& factory, const Recordset& source, Manner manner) {
   std::vector<FieldDefinition> fields;
   SkipFailing([&] { fields = source.Fields(); });
-  Recordset copy = MakeLike(factory, fields);
+  FieldNames names;
+  Recordset copy = MakeLike(factory, fields, names);
   if (!copy) return copy;
   if (manner == Manner::Browser) SkipFailing([&] { source.SetFilter({}); });
   SkipFailing([&] { source.MoveFirst(); });
-  CopyRows(source, copy, PairFields(source, copy, fields), manner);
+  RowCopier(source, copy, std::move(names), manner).CopyAll();
   SkipFailing([&] { copy.MoveFirst(); });
   return copy;
 }

@@ -19,7 +19,8 @@ class RemovalGuard {
  public:
   RemovalGuard(FormParts& form, const YearAndPeriod& current) : form_(form), current_(current) {}
 
-  void Remove(const std::u16string& code) {
+  // Whether the item has left the list.
+  bool Remove(const std::u16string& code) {
     const Recordset& members = form_.state.memberList;
     members.SetFilter(Concatenate({u"fNumber='", code, u"'"}));
     Connection connection(form_.environment.factory);
@@ -27,7 +28,7 @@ class RemovalGuard {
         connection.Execute(statements::ItemHistory(current_.year, current_.period, code));
     if (HasRows(history)) {
       Refuse(code, u")在以前期间已有业务发生，不得删除！");
-      return;
+      return false;
     }
     const Recordset voucher =
         connection.Execute(statements::ProvisionVoucher(current_.year, current_.period));
@@ -39,10 +40,11 @@ class RemovalGuard {
           voucher ? statements::DeleteForm::TwoBlanks : statements::DeleteForm::NoAlias));
     } else if (HasRows(amounts)) {
       Refuse(code, u")本期跌价准备数据已经生成凭证，不得删除！");
-      return;
+      return false;
     }
     members.Delete();
     members.Update();
+    return true;
   }
 
  private:
@@ -71,9 +73,11 @@ void RemoveSelectedItems(FormParts& form) {
   RemovalGuard guard(form, current);
   try {
     for (const std::int32_t row : form.members.SelectedRows()) {
-      guard.Remove(std::u16string(form.state.rows.Text(member_columns::kCode, row)));
+      const bool removed =
+          guard.Remove(std::u16string(form.state.rows.Text(member_columns::kCode, row)));
       // The form may have closed while a message was open.
       if (!form.state.loaded) return;
+      if (removed) form.state.rows.Remove(row);
     }
     ShowRemaining(form.state);
   } catch (...) {

@@ -5,6 +5,7 @@
 
 #include "platform/convert.h"
 #include "platform/error.h"
+#include "platform/skip.h"
 
 namespace pricedown {
 namespace {
@@ -16,6 +17,23 @@ ObjectPtr FieldsOf(AutomationObject& recordset) {
 ObjectPtr FieldOf(AutomationObject& recordset, std::u16string_view name) {
   // The empty name is the collection's default member, its item.
   return RequireObject(FieldsOf(recordset)->Call(u"", {name}), name);
+}
+
+// Throws AutomationError when the name fails.
+FieldDefinition DefinitionOf(AutomationObject& field) {
+  FieldDefinition definition;
+  definition.name = ToText(field.Get(u"Name"));
+  const auto read = [&field](std::u16string_view property, std::int32_t& value) {
+    SkipFailing([&] { value = ToInt32(field.Get(property)); });
+  };
+  read(u"Type", definition.type);
+  read(u"DefinedSize", definition.definedSize);
+  read(u"Attributes", definition.attributes);
+  if (definition.type == ado::kNumeric) {
+    read(u"Precision", definition.precision);
+    read(u"NumericScale", definition.scale);
+  }
+  return definition;
 }
 
 }  // namespace
@@ -51,17 +69,9 @@ std::vector<FieldDefinition> Recordset::Fields() const {
   const std::int32_t count = ToInt32(fields->Get(u"Count"));
   std::vector<FieldDefinition> definitions;
   for (std::int32_t index = 0; index < count; ++index) {
-    const ObjectPtr field = RequireObject(fields->Call(u"", {index}), u"Fields");
-    FieldDefinition definition;
-    definition.name = ToText(field->Get(u"Name"));
-    definition.type = ToInt32(field->Get(u"Type"));
-    definition.definedSize = ToInt32(field->Get(u"DefinedSize"));
-    definition.attributes = ToInt32(field->Get(u"Attributes"));
-    if (definition.type == ado::kNumeric) {
-      definition.precision = ToInt32(field->Get(u"Precision"));
-      definition.scale = ToInt32(field->Get(u"NumericScale"));
-    }
-    definitions.push_back(std::move(definition));
+    SkipFailing([&] {
+      definitions.push_back(DefinitionOf(*RequireObject(fields->Call(u"", {index}), u"Fields")));
+    });
   }
   return definitions;
 }
@@ -70,9 +80,26 @@ void Recordset::AppendField(const FieldDefinition& field) const {
   const ObjectPtr fields = FieldsOf(Required());
   fields->Call(u"Append", {field.name, field.type, field.definedSize, field.attributes});
   if (field.type != ado::kNumeric) return;
-  const ObjectPtr appended = RequireObject(fields->Call(u"", {field.name}), field.name);
-  appended->Put(u"Precision", field.precision);
-  appended->Put(u"NumericScale", field.scale);
+  SkipFailing([&] {
+    const ObjectPtr appended = RequireObject(fields->Call(u"", {field.name}), field.name);
+    SkipFailing([&] { appended->Put(u"Precision", field.precision); });
+    appended->Put(u"NumericScale", field.scale);
+  });
+}
+
+CellBlockPtr Recordset::GetRows(std::int32_t count,
+                                const std::vector<std::u16string_view>& fields) const {
+  std::vector<Value> names(fields.begin(), fields.end());
+  const Value answer = Required().Call(u"GetRows", {count, Missing{}, Value(std::move(names))});
+  CellBlockPtr block = answer.Block();
+  if (block == nullptr || block->ColumnCount() < fields.size()) {
+    throw AutomationError(ErrorNumber::TypeMismatch, u"GetRows 没有返回所要求的列");
+  }
+  return block;
+}
+
+void Recordset::AddNew(const Value& fields, const Value& values) const {
+  Required().Call(u"AddNew", {fields, values});
 }
 
 void Recordset::Open() const { Required().Call(u"Open"); }

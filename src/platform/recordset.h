@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/automation.h"
+#include "platform/cell_block.h"
 
 namespace pricedown {
 
@@ -51,12 +52,21 @@ class Recordset {
   Value Field(std::u16string_view name) const;
   void SetField(std::u16string_view name, const Value& value) const;
 
+  // A property that fails keeps its default; a field without a readable name is left out.
   std::vector<FieldDefinition> Fields() const;
+  // A numeric field whose precision or scale is refused is appended without it.
   void AppendField(const FieldDefinition& field) const;
   void Open() const;
   void Close() const;
 
+  // Up to `count` rows of those fields, in their order, from the current row on; moves behind them.
+  // Fails behind the last row, and when the answer lacks a field.
+  CellBlockPtr GetRows(std::int32_t count, const std::vector<std::u16string_view>& fields) const;
+
   void AddNew() const;
+  // Adds a row with those values in those fields, given by name or position, and updates it. Both
+  // are one-dimensional arrays of one length.
+  void AddNew(const Value& fields, const Value& values) const;
   void Update() const;
   // Drops a row that was added and not yet updated.
   void CancelUpdate() const;

@@ -63,14 +63,7 @@ CellBlockPtr RowReader::ReadTextBlock() {
 
 CellBlockPtr RowReader::ReadBlock() {
   if (CellBlockPtr texts = ReadTextBlock()) return texts;
-  std::vector<Value> names(fields_.begin(), fields_.end());
-  const Value answer =
-      recordset_.Object()->Call(u"GetRows", {kRowsPerBlock, Missing{}, Value(std::move(names))});
-  CellBlockPtr block = answer.Block();
-  if (block == nullptr || block->ColumnCount() < fields_.size()) {
-    throw AutomationError(ErrorNumber::TypeMismatch, u"GetRows 没有返回所要求的列");
-  }
-  return block;
+  return recordset_.GetRows(kRowsPerBlock, fields_);
 }
 
 void RowReader::FindColumns() {

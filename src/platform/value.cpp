@@ -26,6 +26,7 @@ const std::u16string& Value::Text() const { return As<StoredText>().text; }
 const ObjectPtr& Value::Object() const { return As<ObjectPtr>(); }
 const CellBlockPtr& Value::Block() const { return As<CellBlockPtr>(); }
 const std::vector<Value>& Value::List() const { return *As<ValueListPtr>(); }
+const BlockRow& Value::Row() const { return As<BlockRow>(); }
 Value& Value::Target() const { return *As<Value*>(); }
 
 const Value& Value::Resolved() const {

@@ -35,6 +35,13 @@ struct Date {
   bool operator==(const Date&) const = default;
 };
 
+// A row of a block as a one-dimensional array of its cells, which are not copied.
+struct BlockRow {
+  CellBlockPtr block;  // never null
+  std::size_t row = 0;
+  bool operator==(const BlockRow&) const = default;
+};
+
 // Copyable; objects, blocks and lists are shared, everything else is copied.
 class Value {
  public:
@@ -52,6 +59,7 @@ class Value {
     Object,
     Block,
     List,
+    Row,
     Reference
   };
 
@@ -72,6 +80,7 @@ class Value {
   Value(CellBlockPtr block) : storage_(std::move(block)) {}
   Value(std::vector<Value> list)
       : storage_(ValueListPtr(std::make_shared<const std::vector<Value>>(std::move(list)))) {}
+  Value(BlockRow row) : storage_(std::move(row)) {}
   // Without this an unrelated pointer would silently become a boolean.
   Value(const void*) = delete;
 
@@ -94,6 +103,7 @@ class Value {
   const ObjectPtr& Object() const;
   const CellBlockPtr& Block() const;
   const std::vector<Value>& List() const;
+  const BlockRow& Row() const;
   Value& Target() const;
 
   // The value behind a reference, or this value.
@@ -112,7 +122,7 @@ class Value {
   };
   using Storage =
       std::variant<std::monostate, Null, Missing, bool, std::int16_t, std::int32_t, double, Date,
-                   StoredText, ObjectPtr, CellBlockPtr, ValueListPtr, Value*>;
+                   StoredText, ObjectPtr, CellBlockPtr, ValueListPtr, BlockRow, Value*>;
 
   template <typename T>
   const T& As() const;

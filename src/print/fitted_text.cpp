@@ -13,8 +13,9 @@ constexpr std::size_t kFirstGuess = 32;  // most cells are shorter: one measurem
 
 bool IsHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
 
-// A line break or tab in an item's name would show as a box.
-bool IsControl(char16_t unit) { return unit < u' ' || unit == 0x7F; }
+// A line break or tab in an item's name would show as a box. A constant object, so that searching
+// for it is compiled into one loop.
+constexpr auto kIsControl = [](char16_t unit) { return unit < u' ' || unit == 0x7F; };
 
 std::u16string_view Keep(std::u16string text, MadeTexts& made) {
   return *made.emplace_back(std::make_unique<const std::u16string>(std::move(text)));
@@ -27,9 +28,9 @@ class Beginning {
 
   std::u16string_view Of(std::size_t length) {
     const std::u16string_view beginning = text_.substr(0, length);
-    if (std::none_of(beginning.begin(), beginning.end(), IsControl)) return beginning;
+    if (std::none_of(beginning.begin(), beginning.end(), kIsControl)) return beginning;
     shown_ = beginning;
-    std::replace_if(shown_.begin(), shown_.end(), IsControl, u' ');
+    std::replace_if(shown_.begin(), shown_.end(), kIsControl, u' ');
     return shown_;
   }
   bool IsCopied() const { return !shown_.empty(); }

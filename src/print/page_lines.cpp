@@ -2,7 +2,6 @@
 #include "print/page_lines.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "platform/convert.h"
@@ -69,25 +68,28 @@ std::vector<Part> Parts(const std::vector<std::u16string>& sections, TextMeasure
 }  // namespace
 
 std::u16string FillFields(std::u16string_view text, const PageFields& fields) {
-  const std::array<std::pair<std::u16string_view, std::u16string>, 3> values{{
-      {u"&[日期]", fields.date},
-      {u"&[页]", NumberText(fields.page)},
-      {u"&[总页]", NumberText(fields.pageCount)},
-  }};
+  constexpr std::u16string_view kBegin = u"&[";
   std::u16string filled;
-  while (!text.empty()) {
-    const auto field = std::find_if(values.begin(), values.end(), [&](const auto& value) {
-      return text.starts_with(value.first);
-    });
-    if (field != values.end()) {
-      filled.append(field->second);
-      text.remove_prefix(field->first.size());
-    } else {
-      filled.push_back(text.front());
-      text.remove_prefix(1);
+  // Appends the value when the text begins with that field.
+  const auto fill = [&](std::u16string_view field, const auto& valueOf) {
+    if (!text.starts_with(field)) return false;
+    filled.append(valueOf());
+    text.remove_prefix(field.size());
+    return true;
+  };
+  for (;;) {
+    const std::size_t begin = std::min(text.find(kBegin), text.size());
+    filled.append(text.substr(0, begin));
+    text.remove_prefix(begin);
+    if (text.empty()) return filled;
+    if (fill(u"&[日期]", [&] { return std::u16string_view(fields.date); }) ||
+        fill(u"&[页]", [&] { return NumberText(fields.page); }) ||
+        fill(u"&[总页]", [&] { return NumberText(fields.pageCount); })) {
+      continue;
     }
+    filled.append(kBegin);
+    text.remove_prefix(kBegin.size());
   }
-  return filled;
 }
 
 void PlaceLine(std::u16string_view text, const PageFields& fields, TextMeasurer& measurer,

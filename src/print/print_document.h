@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "env/font.h"
+#include "platform/cell_texts.h"
 
 namespace pricedown {
 
@@ -26,18 +27,19 @@ class PrintTable {
   // A width below 0 is 0. Requires: the table has no cell yet.
   void AddColumn(std::u16string_view title, std::int32_t twips);
   // Appends a cell: row after row, each from left to right. Requires: the table has columns.
-  void AddCell(std::u16string_view text);
+  void AddCell(std::u16string_view text) { cells_.Add(text); }
 
   const std::vector<PrintColumn>& Columns() const { return columns_; }
   // Complete rows; the titles are no row.
   std::int32_t RowCount() const;
   // Valid until the table changes. Requires: the table has that cell.
-  std::u16string_view Cell(std::int32_t row, std::size_t column) const;
+  std::u16string_view Cell(std::int32_t row, std::size_t column) const {
+    return cells_.At(static_cast<std::size_t>(row) * columns_.size() + column);
+  }
 
  private:
   std::vector<PrintColumn> columns_;
-  std::u16string texts_;           // of all cells in their order
-  std::vector<std::size_t> ends_;  // of each cell in `texts_`
+  CellTexts cells_;
 };
 
 // "|" separates the sections of a line; page_lines.h says where they stand.

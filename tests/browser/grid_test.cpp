@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <span>
+
 #include "tests/browser/recording_views.h"
 #include "tests/support/call_log.h"
 
@@ -48,6 +51,23 @@ TEST_F(GridTest, CopiesATextOntoAnotherCell) {
   grid_.SetText(1, 1, std::u16string(100, u'x'));
   for (int i = 0; i < 20; ++i) grid_.SetText(1 + i % 4, 2, grid_.Text(1, 1));
   EXPECT_EQ(TextAt(4, 2), std::string(100, 'x'));
+}
+
+TEST_F(GridTest, TakesTheTextsOfARowAtOnce) {
+  grid_.SetMaxRows(2);
+  const std::array<std::u16string_view, 3> texts{u"甲", u"", u"丙"};
+  grid_.SetText(4, 2, u"丁");
+  grid_.SetRowTexts(2, texts);
+  EXPECT_EQ(TextAt(1, 2) + TextAt(2, 2) + TextAt(3, 2) + TextAt(4, 2), "甲丙丁");
+  EXPECT_EQ(TextAt(1, 1), "");
+}
+
+TEST_F(GridTest, TakesNoRowThatDoesNotFit) {
+  grid_.SetMaxRows(2);
+  const std::array<std::u16string_view, 5> tooMany{u"a", u"b", u"c", u"d", u"e"};
+  grid_.SetRowTexts(1, tooMany);
+  for (const std::int32_t row : {-1, 0, 3}) grid_.SetRowTexts(row, std::span(tooMany).first(4));
+  EXPECT_EQ(TextAt(1, 1) + TextAt(1, 2) + TextAt(1, 0), "");
 }
 
 TEST_F(GridTest, IgnoresCellsOutside) {

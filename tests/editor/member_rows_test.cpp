@@ -83,6 +83,34 @@ TEST_F(MemberRowsTest, AreDueUntilTheyAreRead) {
   EXPECT_EQ(rows.Items(), 2) << "the old ones stay until then";
 }
 
+TEST_F(MemberRowsTest, AreNotReadAgainAfterARemoval) {
+  MemberRows rows = Read({{1, u"A", u"", u""}, {2, u"B", u"", u""}, {3, u"C", u"", u""}});
+  rows.Remove(2);
+  rows.Remove(4);
+  rows.Remove(5);  // no such row
+  EXPECT_EQ(rows.Items(), 3) << "until the next read";
+  rows.SetCount(2);
+  rows.Read(Recordset());
+  EXPECT_EQ(rows.Items(), 1);
+  EXPECT_EQ(Text(rows, member_columns::kCode, 1), "物料代码");
+  EXPECT_EQ(Text(rows, member_columns::kCode, 2), "B");
+  rows.Remove(2);
+  rows.SetCount(1);
+  rows.Read(Recordset());
+  EXPECT_EQ(rows.Items(), 0) << "by their places at the time";
+}
+
+TEST_F(MemberRowsTest, AreReadAgainWhenARemovalDoesNotExplainTheCount) {
+  MemberRows rows = Read(BoltAndNut());
+  const Recordset members = Members(RawMaterials(), {{7, u"C7", u"", u""}, {8, u"C8", u"", u""}});
+  members.MoveFirst();
+  rows.Remove(2);
+  rows.SetCount(3);
+  rows.Read(members);
+  EXPECT_EQ(Text(rows, member_columns::kCode, 2), "C7");
+  EXPECT_EQ(Text(rows, member_columns::kCode, 3), "C8");
+}
+
 TEST_F(MemberRowsTest, AreReadFieldByFieldWithoutBlocks) {
   MemberRows rows;
   rows.SetCount(3);

@@ -100,6 +100,32 @@ TEST_F(RecordCopy, CommitsEveryRowForTheBrowserAndOneBatchForTheForm) {
   EXPECT_EQ(log.Count("put source.Filter = \"\""), 0u);
 }
 
+TEST_F(RecordCopy, ReadsRowsInBlocksAndAddsEachWithOneCall) {
+  factory.LogRecordsetCalls();
+  CopyList(factory, source);
+  EXPECT_EQ(log.Count("source.GetRows(4096, Missing, "
+                      "[\"Fitemid\", \"FName\", \"FPencentPrepare\", \"FRate\"])"),
+            1u);
+  EXPECT_EQ(log.Count("ADODB.Recordset.AddNew([0, 1, 2, 3], [101, \"螺钉\", 12.3456, 0.1])"), 1u);
+  EXPECT_EQ(log.Count("ADODB.Recordset.AddNew([0, 1, 2, 3], [102, Null, 0.0, Null])"), 1u);
+}
+
+TEST_F(RecordCopy, LosesOnlyTheValueThatDoesNotFit) {
+  ScriptedRows rows = TwoItems();
+  rows.columns[1].definedSize = 2;
+  rows.rows.insert(rows.rows.begin() + 1, {103, u"六角螺栓", 1.0, 0.2});
+  const Recordset copy =
+      CopyRecords(factory, Recordset(NewScriptedRecordset(factory.GetRecorder(), std::move(rows))));
+  EXPECT_THAT(RowTexts(copy),
+              ElementsAre("101 \"螺钉\" 12.3456 0.1 ", "103 Null 1.0 0.2 ", "102 Null 0.0 Null "));
+}
+
+TEST_F(RecordCopy, RepeatsASourceWithoutBlocks) {
+  const Recordset plain(NewScriptedRecordset(factory.GetRecorder(), TwoItems().WithoutGetRows()));
+  EXPECT_THAT(RowTexts(CopyRecords(factory, plain)),
+              ElementsAre("101 \"螺钉\" 12.3456 0.1 ", "102 Null 0.0 Null "));
+}
+
 TEST_F(RecordCopy, OfNothingIsNothing) {
   EXPECT_FALSE(CopyRecords(factory, Recordset()));
   EXPECT_FALSE(CopyList(factory, Recordset()));
@@ -124,6 +150,8 @@ TEST(RecordCopyFailures, LoseOnlyWhatTheStepWouldHaveCopied) {
       EXPECT_EQ(copy.RecordCount(), 2);
     } else if (copy) {
       EXPECT_LE(copy.RecordCount(), 2);
+      // One field or the whole of the definitions cannot be read; without them there is no copy.
+      EXPECT_GE(copy.Fields().size(), 3u);
     }
     return calls;
   });

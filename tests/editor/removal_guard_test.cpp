@@ -136,8 +136,6 @@ TEST_F(RemovalGuard, UsesTheUpdatedFilterAndRemovesOnlyTheFilteredRow) {
       ADODB.Recordset.RecordCount()
       ADODB.Recordset.MoveFirst()
       enable Save
-      ADODB.Recordset.EOF()
-      ADODB.Recordset.GetRows(4096, Missing, ["FNumber", "FName", "FModel"])
       rows 2
       )"));
   EXPECT_THAT(MemberIds(), ElementsAre(101));

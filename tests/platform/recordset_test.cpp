@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/failure.h"
+#include "tests/support/memory_block.h"
 #include "tests/support/scripted_recordset.h"
 
 namespace pricedown::testing {
@@ -165,6 +166,60 @@ TEST_F(RecordsetTest, CopiesDefinitionsToANewRecordset) {
   EXPECT_EQ(Utf8(fields[1].name), "FModel");
   EXPECT_EQ(fields[1].definedSize, 255);
   EXPECT_EQ(fields[2].scale, 4);
+}
+
+TEST_F(RecordsetTest, LosesOnlyThePropertiesAndFieldsThatFail) {
+  factory.Object(u"RS").On(u"Fields", factory.Answering(u"Fields"));
+  factory.Object(u"Fields")
+      .On(u"Count", 3)
+      .On(u"", "0", factory.Answering(u"Nameless"))
+      .On(u"", "1", factory.Answering(u"Sizeless"))
+      .On(u"", "2", factory.Answering(u"Scaleless"));
+  factory.Object(u"Nameless").On(u"Name", Reply::Failing(kInjectedFailure, u""));
+  factory.Object(u"Sizeless")
+      .On(u"Name", u"FNumber")
+      .On(u"Type", ado::kVarWChar)
+      .On(u"DefinedSize", Reply::Failing(kInjectedFailure, u""))
+      .On(u"Attributes", ado::kFieldIsNullable);
+  factory.Object(u"Scaleless")
+      .On(u"Name", u"FQty")
+      .On(u"Type", ado::kNumeric)
+      .On(u"DefinedSize", 19)
+      .On(u"Attributes", 0)
+      .On(u"Precision", 18)
+      .On(u"NumericScale", Reply::Failing(kInjectedFailure, u""));
+  const std::vector<FieldDefinition> fields = NewRecordset().Fields();
+  ASSERT_EQ(fields.size(), 2u);
+  EXPECT_EQ(Utf8(fields[0].name), "FNumber");
+  EXPECT_EQ(fields[0].definedSize, 0);
+  EXPECT_EQ(fields[0].attributes, ado::kFieldIsNullable);
+  EXPECT_EQ(fields[1].precision, 18);
+  EXPECT_EQ(fields[1].scale, 0);
+}
+
+TEST_F(RecordsetTest, AppendsAFieldWhosePrecisionIsRefused) {
+  factory.Object(u"RS").On(u"Fields", factory.Answering(u"Fields"));
+  factory.Object(u"Fields").On(u"Append", Value()).On(u"", factory.Answering(u"Field"));
+  // The precision may not be put.
+  factory.Object(u"Field")
+      .On(u"Precision", Reply::Failing(kInjectedFailure, u""))
+      .AllowPut(u"NumericScale");
+  NewRecordset().AppendField({u"FQty", ado::kNumeric, 19, 0, 18, 4});
+  EXPECT_EQ(log.Count("put Field.NumericScale = 4"), 1u);
+}
+
+TEST_F(RecordsetTest, AddsAWholeRow) {
+  factory.Object(u"RS").On(u"AddNew", Value());
+  NewRecordset().AddNew(std::vector<Value>{u"FItemID", u"FName"}, std::vector<Value>{1, u"螺钉"});
+  EXPECT_EQ(log.Count(R"(RS.AddNew(["FItemID", "FName"], [1, "螺钉"]))"), 1u);
+}
+
+TEST_F(RecordsetTest, RefusesBlocksThatLackAField) {
+  factory.Object(u"RS").On(u"GetRows", Value(CellBlockPtr(std::make_shared<MemoryBlock>(
+                                           1, std::vector<std::vector<Value>>{{u"01"}}))));
+  const Recordset recordset = NewRecordset();
+  EXPECT_EQ(recordset.GetRows(5, {u"FNumber"})->RowCount(), 1u);
+  EXPECT_NE(FailureOf([&] { recordset.GetRows(5, {u"FNumber", u"FName"}); }), "");
 }
 
 TEST_F(RecordsetTest, FailsWithoutAnObject) {

@@ -36,6 +36,7 @@ TEST(Value, KeepsTheKindItWasMadeFrom) {
   EXPECT_TRUE(Value(nullptr).Is(Value::Kind::Object));
   EXPECT_TRUE(Value(CellBlockPtr()).Is(Value::Kind::Block));
   EXPECT_TRUE(Value(std::vector<Value>{1, 2}).Is(Value::Kind::List));
+  EXPECT_TRUE(Value(BlockRow{}).Is(Value::Kind::Row));
   Value target;
   EXPECT_TRUE(Value::ByReference(target).Is(Value::Kind::Reference));
 }
@@ -58,6 +59,7 @@ TEST(Value, ReturnsItsContent) {
   EXPECT_EQ(Value(object).Object(), object);
   const CellBlockPtr block = std::make_shared<MemoryBlock>(1, std::vector<std::vector<Value>>{});
   EXPECT_EQ(Value(block).Block(), block);
+  EXPECT_EQ(Value(BlockRow{block, 3}).Row().row, 3u);
   const Value list(std::vector<Value>{1, u"a"});
   ASSERT_EQ(list.List().size(), 2u);
   EXPECT_EQ(list.List()[1], Value(u"a"));

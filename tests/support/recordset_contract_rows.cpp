@@ -175,6 +175,43 @@ TEST_P(RecordsetContract, KeepsChangesOfTheCurrentRowWhenItMovesOn) {
   EXPECT_THAT(ItemIds(recordset), ElementsAre(1, 2, 3));
 }
 
+TEST_P(RecordsetContract, AddsAWholeRowOfGivenValues) {
+  const Recordset recordset = WithRows(1);
+  recordset.AddNew(std::vector<Value>{u"fnumber", u"FItemID"}, std::vector<Value>{u"A02", u"2"});
+  EXPECT_EQ(TextOf(recordset, u"FNumber"), "A02") << "is current";
+  EXPECT_EQ(recordset.Field(u"FItemID"), Value(2));
+  EXPECT_TRUE(recordset.Field(u"FPencentPrepare").IsNothing());
+  recordset.AddNew(std::vector<Value>{2, 0}, std::vector<Value>{Null{}, 3});
+  recordset.CancelUpdate();
+  EXPECT_THAT(ItemIds(recordset), ElementsAre(1, 2, 3)) << "it is updated";
+}
+
+TEST_P(RecordsetContract, AddsARowOfABlock) {
+  const Recordset source = WithRows(2);
+  source.MoveFirst();
+  const CellBlockPtr block = source.GetRows(10, {u"FPencentPrepare", u"FNumber", u"FItemID"});
+  const Recordset recordset = WithRows(0);
+  for (std::size_t row = 0; row < 2; ++row) {
+    recordset.AddNew(std::vector<Value>{2, 1, 0}, BlockRow{block, row});
+  }
+  EXPECT_EQ(recordset.Field(u"FPencentPrepare"), Value(2.5));
+  EXPECT_EQ(TextOf(recordset, u"FNumber"), "A02");
+  EXPECT_THAT(ItemIds(recordset), ElementsAre(1, 2));
+}
+
+TEST_P(RecordsetContract, AddsNoRowWhenOneOfItsValuesDoesNotFit) {
+  const Recordset recordset = WithRows(2);
+  recordset.MoveFirst();
+  const auto add = [&](std::vector<Value> fields, std::vector<Value> values) {
+    return FailureNumberOf([&] { recordset.AddNew(std::move(fields), std::move(values)); });
+  };
+  EXPECT_NE(add({0, 1}, {3, std::u16string(81, u'x')}), 0);
+  EXPECT_NE(add({u"FModel"}, {u"M4"}), 0);
+  EXPECT_NE(add({0, 1}, {3}), 0);
+  EXPECT_EQ(TextOf(recordset, u"FNumber"), "A01");
+  EXPECT_THAT(ItemIds(recordset), ElementsAre(1, 2));
+}
+
 TEST_P(RecordsetContract, DropsAnAddedRowThatIsCancelled) {
   const Recordset recordset = WithRows(3);
   recordset.MoveFirst();

@@ -132,6 +132,36 @@ bool IsGiven(std::span<Value> arguments, std::size_t index) {
   return index < arguments.size() && !arguments[index].Resolved().Is(Value::Kind::Missing);
 }
 
+// A list or the cells of a block's row.
+std::vector<Value> ListOf(const Value& value) {
+  if (value.Is(Value::Kind::List)) return value.List();
+  const BlockRow& row = value.Row();
+  std::vector<Value> list;
+  for (std::size_t column = 0; column < row.block->ColumnCount(); ++column) {
+    list.push_back(row.block->CellValue(column, row.row));
+  }
+  return list;
+}
+
+// Without arguments a row to be filled; with fields and values a whole one, or none if one value
+// does not fit.
+Value AddNew(RecordTable& table, std::span<Value> arguments) {
+  table.AddRow();
+  if (arguments.empty()) return {};
+  try {
+    const std::vector<Value> fields = ListOf(arguments[0]);
+    const std::vector<Value> values = ListOf(arguments[1]);
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+      table.SetValue(ColumnOf(table, fields[i]), values.at(i));
+    }
+    table.CommitRow();
+  } catch (...) {
+    table.CancelRow();
+    throw;
+  }
+  return {};
+}
+
 Value GetRows(RecordTable& table, std::span<Value> arguments) {
   std::vector<std::size_t> columns;
   if (!IsGiven(arguments, 2)) {
@@ -269,7 +299,8 @@ std::span<const Member<ScriptedRecordset>> ScriptedRecordset::Members() {
         }},
       M{u"Open", MemberKind::Method, Do<&RecordTable::Open>, 0, 5},
       M{u"Close", MemberKind::Method, Do<&RecordTable::Close>},
-      M{u"AddNew", MemberKind::Method, Do<&RecordTable::AddRow>},
+      M{u"AddNew", MemberKind::Method,
+        [](R& r, Access, std::span<Value> a) { return AddNew(r.Table(), a); }, 0, 2},
       M{u"Update", MemberKind::Method, Do<&RecordTable::CommitRow>},
       M{u"CancelUpdate", MemberKind::Method, Do<&RecordTable::CancelRow>},
       M{u"UpdateBatch", MemberKind::Method, Do<&RecordTable::CommitRow>, 0, 1},

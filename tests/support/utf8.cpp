@@ -36,6 +36,15 @@ std::string BlockText(const CellBlock* block) {
   return "block " + std::to_string(block->ColumnCount()) + "x" + std::to_string(block->RowCount());
 }
 
+std::string RowText(const BlockRow& row) {
+  std::string text = "[";
+  for (std::size_t column = 0; column < row.block->ColumnCount(); ++column) {
+    if (column > 0) text += ", ";
+    text += Readable(row.block->CellValue(column, row.row));
+  }
+  return text + "]";
+}
+
 }  // namespace
 
 std::string Utf8(std::u16string_view text) { return ToUtf8(text); }
@@ -89,6 +98,8 @@ std::string Readable(const Value& value) {
       return BlockText(value.Block().get());
     case Value::Kind::List:
       return "[" + Arguments(std::span<const Value>(value.List())) + "]";
+    case Value::Kind::Row:
+      return RowText(value.Row());
     case Value::Kind::Reference:
       return "ref " + Readable(value.Target());
   }

@@ -227,6 +227,32 @@ void Recordset::AddNew() {
   indexColumn_.reset();
 }
 
+void Recordset::AddNew(const std::vector<std::size_t>& columns, const Value& values) {
+  const pricedown::BlockRow* const cells = values.Is(Value::Kind::Row) ? &values.Row() : nullptr;
+  if (columns.size() != (cells != nullptr ? cells->block->ColumnCount() : values.List().size())) {
+    ThrowInvalidArgument();
+  }
+  AddNew();
+  try {
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      if (cells == nullptr) {
+        rows_->Set(row_, columns[i], values.List()[i]);
+        continue;
+      }
+      const CellView cell = cells->block->Cell(i, cells->row);
+      if (cell.kind == CellView::Kind::Text) {
+        rows_->SetText(row_, columns[i], cell.text);
+      } else {
+        rows_->Set(row_, columns[i], cells->block->CellValue(i, cells->row));
+      }
+    }
+    Update();
+  } catch (...) {
+    CancelUpdate();
+    throw;
+  }
+}
+
 void Recordset::Update() {
   RequireOpen();
   added_.reset();

@@ -174,6 +174,7 @@ std::vector<std::size_t> PickColumns(const Recordset& recordset, const Value& fi
   if (fields.IsNothing()) {
     for (std::size_t i = 0; i < recordset.Rows().Fields().size(); ++i) columns.push_back(i);
   } else if (fields.Is(Value::Kind::List)) {
+    columns.reserve(fields.List().size());
     for (const Value& field : fields.List()) columns.push_back(recordset.ColumnOf(field));
   } else {
     columns.push_back(recordset.ColumnOf(fields));
@@ -181,13 +182,31 @@ std::vector<std::size_t> PickColumns(const Recordset& recordset, const Value& fi
   return columns;
 }
 
-Value ArgumentAt(std::span<Value> arguments, std::size_t index) {
-  return index < arguments.size() ? arguments[index].Resolved() : Value(pricedown::Missing{});
+const Value& ArgumentAt(std::span<Value> arguments, std::size_t index) {
+  static const Value kMissing(pricedown::Missing{});
+  return index < arguments.size() ? arguments[index].Resolved() : kMissing;
+}
+
+// With a field, or fields, and their values a whole row.
+Value AddRow(Recordset& recordset, Access, std::span<Value> arguments) {
+  if (arguments.empty() || arguments[0].Resolved().IsNothing()) {
+    recordset.AddNew();
+    return {};
+  }
+  const std::vector<std::size_t> columns = PickColumns(recordset, arguments[0].Resolved());
+  const Value& values = ArgumentAt(arguments, 1);
+  const bool isWhole = values.Is(Value::Kind::List) || values.Is(Value::Kind::Row);
+  if (isWhole) {
+    recordset.AddNew(columns, values);
+  } else {
+    recordset.AddNew(columns, std::vector<Value>{values});
+  }
+  return {};
 }
 
 // All rows unless a number is given.
 std::int32_t CountAt(std::span<Value> arguments, std::size_t index) {
-  const Value count = ArgumentAt(arguments, index);
+  const Value& count = ArgumentAt(arguments, index);
   return count.IsNothing() ? -1 : pricedown::ToInt32(count);
 }
 
@@ -197,14 +216,14 @@ Value ReadRows(Recordset& recordset, Access, std::span<Value> arguments) {
 
 Value ReadText(Recordset& recordset, Access, std::span<Value> arguments) {
   constexpr std::int32_t kClipString = 2;
-  const Value form = ArgumentAt(arguments, 0);
+  const Value& form = ArgumentAt(arguments, 0);
   if (!form.IsNothing() && pricedown::ToInt32(form) != kClipString) {
     throw pricedown::AutomationError(pricedown::ErrorNumber::InvalidArgument,
                                      u"不支持此 StringFormat。", u"ADODB.Recordset");
   }
   Recordset::ClipFormat format;
   const auto take = [&](std::size_t index, std::u16string& text) {
-    const Value given = ArgumentAt(arguments, index);
+    const Value& given = ArgumentAt(arguments, index);
     if (!given.IsNothing()) text = pricedown::ToText(given);
   };
   take(2, format.columnDelimiter);
@@ -240,7 +259,7 @@ std::span<const Member<Recordset>> Recordset::Members() {
       // Without connection and source: the fields have been appended.
       {u"Open", MemberKind::Method, Run<&Recordset::Open>},
       {u"Close", MemberKind::Method, Run<&Recordset::Close>},
-      {u"AddNew", MemberKind::Method, Run<&Recordset::AddNew>},
+      {u"AddNew", MemberKind::Method, AddRow, 0, 2},
       {u"Update", MemberKind::Method, Run<&Recordset::Update>},
       {u"UpdateBatch", MemberKind::Method, Run<&Recordset::Update>},
       {u"CancelUpdate", MemberKind::Method, Run<&Recordset::CancelUpdate>},

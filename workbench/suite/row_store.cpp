@@ -1,6 +1,8 @@
 // Rows that a client creates, with ADO's conversions to the column types.
 #include "workbench/suite/row_store.h"
 
+#include <string>
+
 #include "platform/convert.h"
 #include "platform/error.h"
 #include "platform/text.h"
@@ -19,9 +21,8 @@ namespace {
 constexpr auto kMultiStepFailed = static_cast<std::int32_t>(0x80040E21);
 constexpr auto kNotUpdatable = static_cast<std::int32_t>(0x800A0CB3);
 
-Value ConvertTo(const FieldDefinition& field, const Value& given) {
-  const Value& value = given.Resolved();
-  if (value.IsNothing()) return value;
+// The number or date for a column that holds no text.
+Value ConvertTo(const FieldDefinition& field, const Value& value) {
   try {
     switch (field.type) {
       case ado::kInteger:
@@ -29,15 +30,17 @@ Value ConvertTo(const FieldDefinition& field, const Value& given) {
       case ado::kDouble:
       case ado::kNumeric:
         return pricedown::ToDouble(value);
-      case ado::kVarWChar: {
-        std::u16string text = pricedown::ToText(value);
-        const auto limit = static_cast<std::size_t>(field.definedSize);
-        if (field.definedSize > 0 && text.size() > limit) ThrowValueDoesNotFit(field.name);
-        return text;
-      }
       default:
         return value;
     }
+  } catch (const AutomationError&) {
+    ThrowValueDoesNotFit(field.name);
+  }
+}
+
+std::u16string TextFor(const FieldDefinition& field, const Value& value) {
+  try {
+    return pricedown::ToText(value);
   } catch (const AutomationError&) {
     ThrowValueDoesNotFit(field.name);
   }
@@ -57,38 +60,47 @@ void ThrowReadOnly() {
 }
 
 CellView EditableRows::View(std::size_t row, std::size_t column) const {
-  const Value& value = rows_[row].cells[column];
-  CellView view;
-  switch (value.GetKind()) {
+  const Cell& cell = At(row, column);
+  switch (cell.kind) {
     case Value::Kind::Empty:
     case Value::Kind::Null:
     case Value::Kind::Missing:
-      return view;
+      return {};
     case Value::Kind::Text:
-      view.kind = CellView::Kind::Text;
-      view.text = value.Text();
-      return view;
+      return {CellView::Kind::Text, 0, cell.Text()};
     case Value::Kind::Int32:
-      view.kind = CellView::Kind::Number;
-      view.number = value.Int32();
-      return view;
+      return {CellView::Kind::Number, static_cast<double>(cell.integer)};
     case Value::Kind::Double:
-      view.kind = CellView::Kind::Number;
-      view.number = value.Double();
-      return view;
+      return {CellView::Kind::Number, cell.number};
     default:
-      view.kind = CellView::Kind::Other;
-      return view;
+      return {CellView::Kind::Other};
   }
 }
 
 Value EditableRows::Get(std::size_t row, std::size_t column) const {
-  return rows_[row].cells[column];
+  const Cell& cell = At(row, column);
+  switch (cell.kind) {
+    case Value::Kind::Empty:
+      return {};
+    case Value::Kind::Null:
+      return pricedown::Null{};
+    case Value::Kind::Missing:
+      return pricedown::Missing{};
+    case Value::Kind::Text:
+      return cell.Text();
+    case Value::Kind::Int32:
+      return cell.integer;
+    case Value::Kind::Double:
+      return cell.number;
+    default:
+      return others_[cell.other];
+  }
 }
 
 void EditableRows::AppendField(const FieldDefinition& field) {
+  if (!live_.empty()) ThrowReadOnly();
   fields_.push_back(field);
-  for (Row& row : rows_) row.cells.emplace_back();
+  lastTexts_.emplace_back();
 }
 
 void EditableRows::DescribeNumeric(std::size_t column, std::int32_t precision, std::int32_t scale) {
@@ -97,21 +109,64 @@ void EditableRows::DescribeNumeric(std::size_t column, std::int32_t precision, s
 }
 
 std::size_t EditableRows::AddRow() {
-  rows_.push_back(Row{std::vector<Value>(fields_.size()), true});
-  ++live_;
-  return rows_.size() - 1;
+  const std::size_t row = live_.size();
+  if (row % kBlockRows == 0) {
+    blocks_.push_back(std::make_unique<Cell[]>(kBlockRows * fields_.size()));
+  }
+  live_.push_back(true);
+  ++liveCount_;
+  return row;
 }
 
-void EditableRows::Set(std::size_t row, std::size_t column, const Value& value) {
-  rows_[row].cells[column] = ConvertTo(fields_[column], value);
+void EditableRows::Set(std::size_t row, std::size_t column, const Value& given) {
+  const Value& value = given.Resolved();
+  const FieldDefinition& field = fields_[column];
+  if (field.type == ado::kVarWChar && !value.IsNothing()) {
+    if (value.Is(Value::Kind::Text)) return SetText(row, column, value.Text());
+    return SetText(row, column, TextFor(field, value));
+  }
+  const Value converted = value.IsNothing() ? value : ConvertTo(field, value);
+  Cell cell;
+  cell.kind = converted.GetKind();
+  switch (cell.kind) {
+    case Value::Kind::Empty:
+    case Value::Kind::Null:
+    case Value::Kind::Missing:
+      break;
+    case Value::Kind::Int32:
+      cell.integer = converted.Int32();
+      break;
+    case Value::Kind::Double:
+      cell.number = converted.Double();
+      break;
+    case Value::Kind::Text:
+      cell.length = static_cast<std::uint32_t>(converted.Text().size());
+      cell.text = texts_.Keep(converted.Text()).data();
+      break;
+    default:
+      cell.other = others_.size();
+      others_.push_back(converted);
+  }
+  At(row, column) = cell;
+}
+
+void EditableRows::SetText(std::size_t row, std::size_t column, std::u16string_view text) {
+  const FieldDefinition& field = fields_[column];
+  if (field.type != ado::kVarWChar) return Set(row, column, Value(text));
+  const auto limit = static_cast<std::size_t>(field.definedSize);
+  if (field.definedSize > 0 && text.size() > limit) ThrowValueDoesNotFit(field.name);
+  std::u16string_view& last = lastTexts_[column];
+  if (last.data() == nullptr || text != last) last = texts_.Keep(text);
+  Cell& cell = At(row, column);
+  cell.kind = Value::Kind::Text;
+  cell.length = static_cast<std::uint32_t>(last.size());
+  cell.text = last.data();
 }
 
 void EditableRows::Delete(std::size_t row) {
-  if (!rows_[row].live) return;
-  rows_[row].live = false;
-  rows_[row].cells.clear();
-  rows_[row].cells.shrink_to_fit();
-  --live_;
+  if (!live_[row]) return;
+  live_[row] = false;
+  --liveCount_;
 }
 
 }  // namespace workbench

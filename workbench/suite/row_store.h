@@ -2,10 +2,14 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string_view>
 #include <vector>
 
 #include "platform/cell_block.h"
 #include "platform/recordset.h"
+#include "platform/text_arena.h"
 
 namespace workbench {
 
@@ -28,33 +32,62 @@ class RowStore {
   virtual std::size_t AddRow() = 0;
   // Converts to the column's type; throws AutomationError when the value does not fit it.
   virtual void Set(std::size_t row, std::size_t column, const pricedown::Value& value) = 0;
+  // The same for a text that is kept elsewhere.
+  virtual void SetText(std::size_t row, std::size_t column, std::u16string_view text) = 0;
   virtual void Delete(std::size_t row) = 0;
 };
 
-// Rows that a client creates: fields first, then rows.
+// Rows that a client creates: fields first, then rows. Texts are kept in blocks and only once where a
+// column repeats them row after row; a text that is replaced stays until the store goes.
 class EditableRows : public RowStore {
  public:
+  EditableRows() = default;
+  EditableRows(const EditableRows&) = delete;
+  EditableRows& operator=(const EditableRows&) = delete;
+
   const std::vector<pricedown::FieldDefinition>& Fields() const override { return fields_; }
-  std::size_t RowCount() const override { return rows_.size(); }
-  std::size_t LiveCount() const override { return live_; }
-  bool IsLive(std::size_t row) const override { return rows_[row].live; }
+  std::size_t RowCount() const override { return live_.size(); }
+  std::size_t LiveCount() const override { return liveCount_; }
+  bool IsLive(std::size_t row) const override { return live_[row]; }
   pricedown::CellView View(std::size_t row, std::size_t column) const override;
   pricedown::Value Get(std::size_t row, std::size_t column) const override;
+  // Throws AutomationError when there are rows.
   void AppendField(const pricedown::FieldDefinition& field) override;
   void DescribeNumeric(std::size_t column, std::int32_t precision, std::int32_t scale) override;
   std::size_t AddRow() override;
   void Set(std::size_t row, std::size_t column, const pricedown::Value& value) override;
+  void SetText(std::size_t row, std::size_t column, std::u16string_view text) override;
   void Delete(std::size_t row) override;
 
  private:
-  struct Row {
-    std::vector<pricedown::Value> cells;
-    bool live = true;
+  struct Cell {
+    pricedown::Value::Kind kind = pricedown::Value::Kind::Empty;
+    std::uint32_t length = 0;  // of a text
+    union {
+      std::int32_t integer;
+      double number = 0;
+      const char16_t* text;
+      std::size_t other;  // into others_
+    };
+    std::u16string_view Text() const { return {text, length}; }
   };
+  static constexpr std::size_t kBlockRows = 1024;
+
+  const Cell& At(std::size_t row, std::size_t column) const {
+    return blocks_[row / kBlockRows][(row % kBlockRows) * fields_.size() + column];
+  }
+  Cell& At(std::size_t row, std::size_t column) {
+    return blocks_[row / kBlockRows][(row % kBlockRows) * fields_.size() + column];
+  }
 
   std::vector<pricedown::FieldDefinition> fields_;
-  std::vector<Row> rows_;
-  std::size_t live_ = 0;
+  // Blocks instead of one vector: growing never copies what is already there.
+  std::vector<std::unique_ptr<Cell[]>> blocks_;
+  std::vector<bool> live_;
+  std::size_t liveCount_ = 0;
+  pricedown::TextArena texts_;
+  std::vector<std::u16string_view> lastTexts_;  // of each column
+  std::vector<pricedown::Value> others_;        // values of any other kind
 };
 
 // Throws ADO's error for a value that does not fit its field.

@@ -36,7 +36,29 @@ SafeArrayBlock::SafeArrayBlock(SafeArray array, ToValue toValue)
   data_ = static_cast<std::byte*>(data);
 }
 
-SafeArrayBlock::~SafeArrayBlock() { SafeArrayUnaccessData(array_.get()); }
+SafeArrayBlock::~SafeArrayBlock() {
+  if (rowDescriptor_ != nullptr) {
+    rowDescriptor_->pvData = nullptr;
+    rowDescriptor_->cLocks = 0;
+    SafeArrayDestroyDescriptor(rowDescriptor_);
+  }
+  SafeArrayUnaccessData(array_.get());
+}
+
+// Cells of a row lie side by side.
+SAFEARRAY* SafeArrayBlock::RowArray(std::size_t row) const {
+  if (type_ != VT_VARIANT) return nullptr;
+  if (rowDescriptor_ == nullptr) {
+    ThrowIfFailed(SafeArrayAllocDescriptorEx(VT_VARIANT, 1, &rowDescriptor_));
+    // Nobody frees or resizes data that belongs to the block.
+    rowDescriptor_->fFeatures |= FADF_STATIC | FADF_FIXEDSIZE;
+    rowDescriptor_->cLocks = 1;
+    rowDescriptor_->cbElements = static_cast<ULONG>(elementSize_);
+    rowDescriptor_->rgsabound[0] = {static_cast<ULONG>(columns_), 0};
+  }
+  rowDescriptor_->pvData = data_ + row * columns_ * elementSize_;
+  return rowDescriptor_;
+}
 
 VARIANT SafeArrayBlock::Element(std::size_t column, std::size_t row) const {
   VARIANT element;

@@ -23,6 +23,9 @@ class SafeArrayBlock final : public CellBlock {
 
   // Borrowed.
   SAFEARRAY* Array() const { return array_.get(); }
+  // The cells of a row as a one-dimensional array, for a callee that only reads. Borrowed until the
+  // next call; null when the cells are no variants.
+  SAFEARRAY* RowArray(std::size_t row) const;
 
  private:
   // The element as a variant that owns nothing.
@@ -35,6 +38,8 @@ class SafeArrayBlock final : public CellBlock {
   std::size_t columns_ = 0;
   std::size_t rows_ = 0;
   std::byte* data_ = nullptr;
+  // Of an array whose data is a row of `data_`; made when the first row is asked for.
+  mutable SAFEARRAY* rowDescriptor_ = nullptr;
 };
 
 }  // namespace pricedown::windows

@@ -1,6 +1,7 @@
 // The conversions between values and variants.
 #include "windows/com/variant_value.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <utility>
@@ -43,6 +44,26 @@ Value FromUnknown(IUnknown* object) {
   return FromDispatch(dispatch.get());
 }
 
+// The elements of an array, locked as long as this object lives.
+class ArrayData {
+ public:
+  explicit ArrayData(SAFEARRAY* array) : array_(array) {
+    ThrowIfFailed(SafeArrayAccessData(array, &data_));
+  }
+  ArrayData(const ArrayData&) = delete;
+  ArrayData& operator=(const ArrayData&) = delete;
+  ~ArrayData() { SafeArrayUnaccessData(array_); }
+
+  template <typename T>
+  T* As() const {
+    return static_cast<T*>(data_);
+  }
+
+ private:
+  SAFEARRAY* array_;
+  void* data_ = nullptr;
+};
+
 Value FromVector(SAFEARRAY* array) {
   LONG lower = 0;
   LONG upper = -1;
@@ -50,11 +71,14 @@ Value FromVector(SAFEARRAY* array) {
   ThrowIfFailed(SafeArrayGetLBound(array, 1, &lower));
   ThrowIfFailed(SafeArrayGetUBound(array, 1, &upper));
   ThrowIfFailed(SafeArrayGetVartype(array, &type));
+  const std::size_t size = SafeArrayGetElemsize(array);
+  const ArrayData data(array);
+  auto* at = data.As<std::byte>();
   std::vector<Value> list;
-  for (LONG index = lower; index <= upper; ++index) {
+  for (LONG index = lower; index <= upper; ++index, at += size) {
     VARIANT element;
     VariantInit(&element);
-    ThrowIfFailed(SafeArrayPtrOfIndex(array, &index, &element.byref));
+    element.byref = at;
     element.vt = static_cast<VARTYPE>(type | VT_BYREF);
     list.push_back(FromVariant(element));
   }
@@ -78,14 +102,18 @@ SafeArray ToVector(const std::vector<Value>& list) {
   SafeArray array;
   array.attach(SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(list.size())));
   if (!array) throw std::bad_alloc();
-  LONG index = 0;
-  for (const Value& value : list) {
-    VARIANT* element = nullptr;
-    ThrowIfFailed(SafeArrayPtrOfIndex(array.get(), &index, reinterpret_cast<void**>(&element)));
-    *element = ToVariant(value).release();
-    ++index;
-  }
+  const ArrayData data(array.get());
+  auto* element = data.As<VARIANT>();
+  for (const Value& value : list) *element++ = ToVariant(value).release();
   return array;
+}
+
+std::vector<Value> CellsOf(const BlockRow& row) {
+  std::vector<Value> cells;
+  for (std::size_t column = 0; column < row.block->ColumnCount(); ++column) {
+    cells.push_back(row.block->CellValue(column, row.row));
+  }
+  return cells;
 }
 
 // Copies the cell's text once.
@@ -108,14 +136,9 @@ SafeArray ToSafeArray(const CellBlock& block) {
   SafeArray array;
   array.attach(SafeArrayCreate(VT_VARIANT, 2, bounds));
   if (!array) throw std::bad_alloc();
-  void* data = nullptr;
-  ThrowIfFailed(SafeArrayAccessData(array.get(), &data));
-  // Unlocked again whatever happens; what was filled is freed with the array.
-  struct Unlock {
-    SAFEARRAY* locked;
-    ~Unlock() { SafeArrayUnaccessData(locked); }
-  } unlock{array.get()};
-  auto* cell = static_cast<VARIANT*>(data);
+  // What was filled is freed with the array.
+  const ArrayData data(array.get());
+  auto* cell = data.As<VARIANT>();
   for (std::size_t row = 0; row < block.RowCount(); ++row) {
     for (std::size_t column = 0; column < block.ColumnCount(); ++column) {
       *cell++ = CellToVariant(block, column, row).release();
@@ -249,6 +272,10 @@ Variant ToVariant(const Value& value) {
       break;
     case Value::Kind::List:
       variant.parray = ToVector(value.List()).release();
+      variant.vt = VT_ARRAY | VT_VARIANT;
+      break;
+    case Value::Kind::Row:
+      variant.parray = ToVector(CellsOf(value.Row())).release();
       variant.vt = VT_ARRAY | VT_VARIANT;
       break;
     case Value::Kind::Reference:

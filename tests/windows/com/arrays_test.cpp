@@ -6,6 +6,7 @@
 #include "tests/support/memory_block.h"
 #include "tests/windows/raw_call.h"
 #include "windows/com/bstr.h"
+#include "windows/com/outgoing_arguments.h"
 #include "windows/com/safe_array.h"
 #include "windows/com/safe_array_block.h"
 #include "windows/com/variant_value.h"
@@ -153,6 +154,53 @@ TEST(BlockOfTheCore, BecomesAnArrayOfVariants) {
       EXPECT_EQ(back.Block()->CellValue(column, row), block->CellValue(column, row));
     }
   }
+}
+
+TEST(RowOfTheCoresBlock, BecomesAOneDimensionalArray) {
+  const auto block =
+      std::make_shared<MemoryBlock>(2, std::vector<std::vector<Value>>{{u"甲", 1}, {Null{}, 2.5}});
+  const Variant variant = windows::ToVariant(BlockRow{block, 1});
+  EXPECT_EQ(variant.get().vt, VT_ARRAY | VT_VARIANT);
+  EXPECT_EQ(Readable(windows::FromVariant(variant.get())), "[Null, 2.5]");
+}
+
+TEST(RowOfABlockOverAnArray, IsPassedInPlace) {
+  SafeArray array = Table(VT_VARIANT);
+  const Bstr text(u"物料");
+  VARIANT name = Text(text.get());
+  VARIANT number = Number(12);
+  Store(array, 2, 6, &name);
+  Store(array, 1, 7, &number);
+  const CellBlockPtr block = windows::TakeVariant(Owning(std::move(array), VT_VARIANT)).Block();
+  Value rows[] = {BlockRow{block, 1}};
+  {
+    windows::OutgoingArguments arguments(rows);
+    const VARIANT& passed = arguments.Reversed()[0];
+    EXPECT_EQ(Readable(windows::FromVariant(passed)), R"([Empty, "物料"])");
+    LONG second = 1;
+    VARIANT* element = nullptr;
+    ASSERT_EQ(SafeArrayPtrOfIndex(passed.parray, &second, reinterpret_cast<void**>(&element)),
+              S_OK);
+    EXPECT_EQ(static_cast<const void*>(element->bstrVal), block->Cell(1, 1).text.data());
+    VARTYPE type = VT_EMPTY;
+    EXPECT_EQ(SafeArrayGetVartype(passed.parray, &type), S_OK);
+    EXPECT_EQ(type, VT_VARIANT);
+    EXPECT_NE(SafeArrayDestroy(passed.parray), S_OK) << "a callee cannot free it";
+  }
+  rows[0] = BlockRow{block, 2};
+  windows::OutgoingArguments arguments(rows);
+  EXPECT_EQ(Readable(windows::FromVariant(arguments.Reversed()[0])), "[12, Empty]");
+  EXPECT_EQ(Utf8(block->Cell(1, 1).text), "物料") << "the block is as it was";
+}
+
+TEST(RowOfABlockOverAnArray, OfOtherElementsIsConverted) {
+  SafeArray array = Table(VT_I4);
+  LONG number = 4;
+  Store(array, 2, 6, &number);
+  const CellBlockPtr block = windows::TakeVariant(Owning(std::move(array), VT_I4)).Block();
+  Value rows[] = {BlockRow{block, 1}};
+  windows::OutgoingArguments arguments(rows);
+  EXPECT_EQ(Readable(windows::FromVariant(arguments.Reversed()[0])), "[0, 4]");
 }
 
 TEST(BlockOverAnArray, IsPassedAsACopyOfTheArray) {
