@@ -150,10 +150,10 @@ void MeasureBrowser(const std::string& folder, Figures& figures) {
   for (const int items : {51000, 102000, 204000}) {
     MeasureGrid(MakeCompany(folder, items, items / 50), figures);
   }
-  for (const int members : {12500, 25000, 50000}) {
+  for (const int members : {500, 12500, 25000, 50000}) {
     MeasureClick(MakeCompany(folder, members, 1), figures);
   }
-  for (const int members : {12500, 25000, 50000}) {
+  for (const int members : {500, 12500, 25000, 50000}) {
     MeasureDeletion(CopyCompany(MakeCompany(folder, members, 1), "delete"), figures);
   }
   for (const std::int32_t rows : {250000, 500000, 1000000}) MeasureFind(rows, figures);

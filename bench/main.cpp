@@ -1,7 +1,7 @@
 // Measures the library against raw baselines and prints one table.
-//   pricedown_bench FOLDER [control | browser | editor | print]
-// Companies are created in FOLDER once and kept there. With a part named, only that part is
-// measured.
+//   pricedown_bench FOLDER [control | browser | editor | print | memory]
+// The memory is measured only when it is named. Companies are created in FOLDER once and kept
+// there. With a part named, only that part is measured.
 #include <array>
 #include <cstdio>
 #include <exception>
@@ -12,6 +12,7 @@
 #include "bench/control_measure.h"
 #include "bench/editor_measure.h"
 #include "bench/measure.h"
+#include "bench/memory_measure.h"
 #include "bench/print_measure.h"
 
 namespace bench {
@@ -28,6 +29,10 @@ constexpr std::array<Part, 4> kParts{{{"control", MeasureControl},
                                       {"print", MeasurePrinting}}};
 
 int Run(const std::string& folder, std::string_view only) {
+  if (only == "memory") {
+    MeasureMemory(folder);
+    return 0;
+  }
   Figures figures;
   bool measured = false;
   for (const Part& part : kParts) {
@@ -43,7 +48,7 @@ int Run(const std::string& folder, std::string_view only) {
 
 int main(int count, char** words) {
   if (count != 2 && count != 3) {
-    std::fprintf(stderr, "pricedown_bench FOLDER [control | browser | editor | print]\n");
+    std::fprintf(stderr, "pricedown_bench FOLDER [control | browser | editor | print | memory]\n");
     return 2;
   }
   try {

@@ -17,6 +17,10 @@ bool IsHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
 // for it is compiled into one loop.
 constexpr auto kIsControl = [](char16_t unit) { return unit < u' ' || unit == 0x7F; };
 
+bool IsPlain(std::u16string_view text) {
+  return std::none_of(text.begin(), text.end(), kIsControl);
+}
+
 std::u16string_view Keep(std::u16string text, MadeTexts& made) {
   return *made.emplace_back(std::make_unique<const std::u16string>(std::move(text)));
 }
@@ -28,7 +32,7 @@ class Beginning {
 
   std::u16string_view Of(std::size_t length) {
     const std::u16string_view beginning = text_.substr(0, length);
-    if (std::none_of(beginning.begin(), beginning.end(), kIsControl)) return beginning;
+    if (IsPlain(beginning)) return beginning;
     shown_ = beginning;
     std::replace_if(shown_.begin(), shown_.end(), kIsControl, u' ');
     return shown_;
@@ -40,11 +44,9 @@ class Beginning {
   std::u16string shown_;
 };
 
-}  // namespace
-
-std::u16string_view FitText(TextMeasurer& measurer, const Font& font, std::u16string_view text,
+// Requires: there is room.
+std::u16string_view Shorten(TextMeasurer& measurer, const Font& font, std::u16string_view text,
                             Tenths available, MadeTexts& made) {
-  if (available <= 0) return {};
   Beginning beginning(text);
   const auto fits = [&](std::size_t length, Tenths room) {
     return measurer.Width(font, beginning.Of(length)) <= room;
@@ -66,6 +68,18 @@ std::u16string_view FitText(TextMeasurer& measurer, const Font& font, std::u16st
   // A surrogate pair is never cut in two.
   if (length > 0 && IsHighSurrogate(text[length - 1])) --length;
   return Keep(std::u16string(beginning.Of(length)).append(kEllipsis), made);
+}
+
+}  // namespace
+
+std::u16string_view FitText(TextMeasurer& measurer, const Font& font, std::u16string_view text,
+                            Tenths available, MadeTexts& made) {
+  if (available <= 0) return {};
+  // Nearly every cell.
+  if (text.size() <= kFirstGuess && IsPlain(text) && measurer.Width(font, text) <= available) {
+    return text;
+  }
+  return Shorten(measurer, font, text, available, made);
 }
 
 }  // namespace pricedown

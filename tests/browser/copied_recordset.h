@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <string>
 
 namespace pricedown::testing {
@@ -75,18 +76,18 @@ inline std::string Copied(const std::string& source) {
   }
   lines += Made(kGridColumns, 0) + copy + ".Open()\n" + "put " + source + ".Filter = \"\"\n" +
            source + ".MoveFirst()\n";
-  for (const LogColumn& column : kGridColumns) {
-    for (const std::string& rows : {source, copy}) {
-      lines += rows + ".Fields()\n" + rows + ".Fields.Item(\"" + column.name + "\")\n";
-    }
+  std::string names;
+  std::string positions;
+  std::string values;
+  for (std::size_t i = 0; i < kGridColumns.size(); ++i) {
+    const std::string comma = i == 0 ? "" : ", ";
+    names += comma + "\"" + kGridColumns[i].name + "\"";
+    positions += comma + std::to_string(i);
+    values += comma + kGridColumns[i].value;
   }
-  lines += source + ".EOF()\n" + copy + ".AddNew()\n";
-  for (const LogColumn& column : kGridColumns) {
-    const std::string value = std::string(".Fields(\"") + column.name + "\").Value";
-    lines += source + value + "()\nput " + copy + value + " = " + column.value + "\n";
-  }
-  return lines + copy + ".UpdateBatch()\n" + source + ".MoveNext()\n" + source + ".EOF()\n" + copy +
-         ".MoveFirst()\n";
+  lines += source + ".EOF()\n" + source + ".GetRows(4096, Missing, [" + names + "])\n";
+  lines += copy + ".AddNew([" + positions + "], [" + values + "])\n";
+  return lines + copy + ".UpdateBatch()\n" + source + ".EOF()\n" + copy + ".MoveFirst()\n";
 }
 
 }  // namespace pricedown::testing
