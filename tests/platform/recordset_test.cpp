@@ -200,11 +200,10 @@ TEST_F(RecordsetTest, LosesOnlyThePropertiesAndFieldsThatFail) {
 TEST_F(RecordsetTest, AppendsAFieldWhosePrecisionIsRefused) {
   factory.Object(u"RS").On(u"Fields", factory.Answering(u"Fields"));
   factory.Object(u"Fields").On(u"Append", Value()).On(u"", factory.Answering(u"Field"));
-  // The precision may not be put.
-  factory.Object(u"Field")
-      .On(u"Precision", Reply::Failing(kInjectedFailure, u""))
-      .AllowPut(u"NumericScale");
+  factory.Object(u"Field").AllowPut(u"Precision").AllowPut(u"NumericScale");
+  factory.FailCall(4);
   NewRecordset().AppendField({u"FQty", ado::kNumeric, 19, 0, 18, 4});
+  EXPECT_EQ(log.Count("put Field.Precision = 18 fails"), 1u);
   EXPECT_EQ(log.Count("put Field.NumericScale = 4"), 1u);
 }
 

@@ -151,8 +151,11 @@ Value AddNew(RecordTable& table, std::span<Value> arguments) {
   try {
     const std::vector<Value> fields = ListOf(arguments[0]);
     const std::vector<Value> values = ListOf(arguments[1]);
+    if (fields.size() != values.size()) {
+      throw AutomationError(ErrorNumber::InvalidArgument, u"参数类型不正确");
+    }
     for (std::size_t i = 0; i < fields.size(); ++i) {
-      table.SetValue(ColumnOf(table, fields[i]), values.at(i));
+      table.SetValue(ColumnOf(table, fields[i]), values[i]);
     }
     table.CommitRow();
   } catch (...) {
