@@ -171,7 +171,7 @@ TEST(RowOfABlockOverAnArray, IsPassedInPlace) {
   VARIANT number = Number(12);
   Store(array, 2, 6, &name);
   Store(array, 1, 7, &number);
-  const CellBlockPtr block = windows::TakeVariant(Owning(std::move(array), VT_VARIANT)).Block();
+  const CellBlockPtr block = windows::ConsumeVariant(Owning(std::move(array), VT_VARIANT)).Block();
   Value rows[] = {BlockRow{block, 1}};
   {
     windows::OutgoingArguments arguments(rows);
@@ -197,7 +197,7 @@ TEST(RowOfABlockOverAnArray, OfOtherElementsIsConverted) {
   SafeArray array = Table(VT_I4);
   LONG number = 4;
   Store(array, 2, 6, &number);
-  const CellBlockPtr block = windows::TakeVariant(Owning(std::move(array), VT_I4)).Block();
+  const CellBlockPtr block = windows::ConsumeVariant(Owning(std::move(array), VT_I4)).Block();
   Value rows[] = {BlockRow{block, 1}};
   windows::OutgoingArguments arguments(rows);
   EXPECT_EQ(Readable(windows::FromVariant(arguments.Reversed()[0])), "[0, 4]");
