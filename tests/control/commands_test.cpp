@@ -12,7 +12,7 @@
 namespace pricedown::testing {
 namespace {
 
-std::vector<std::string> Keys(unsigned surface) {
+std::vector<std::string> KeysOn(unsigned surface) {
   std::vector<std::string> keys;
   for (const ControlCommand* command : CommandsOn(surface)) {
     keys.push_back((command->beginsGroup ? "- " : "") + Utf8(command->key));
@@ -50,9 +50,9 @@ TEST(Commands, FillTheMenusInGroups) {
   std::vector<std::string> keys{"Add", "Edit", "Del", "- Refresh", "Print", "PrintView"};
   std::vector<std::string> items = keys;
   keys.insert(keys.end(), {"- Find", "FindNext", "FindPrevious"});
-  EXPECT_EQ(Keys(surface::kTreeMenu), keys);
+  EXPECT_EQ(KeysOn(surface::kTreeMenu), keys);
   items.insert(items.end(), {"- Copy", "CopyTitled", "- Find", "FindNext", "FindPrevious"});
-  EXPECT_EQ(Keys(surface::kGridMenu), items);
+  EXPECT_EQ(KeysOn(surface::kGridMenu), items);
 }
 
 struct PressCase {
