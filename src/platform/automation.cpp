@@ -30,9 +30,17 @@ void AutomationObject::PutReference(std::u16string_view name, ObjectPtr object) 
   Invoke(Find(name), Access::PutReference, arguments);
 }
 
-ObjectPtr RequireObject(const Value& value, std::u16string_view what) {
+void AutomationObject::Perform(MemberId member, std::span<Value> arguments) {
+  Invoke(member, Access::Call, arguments);
+}
+
+ObjectPtr ObjectIn(const Value& value) {
   const Value& resolved = value.Resolved();
-  if (resolved.Is(Value::Kind::Object) && resolved.Object() != nullptr) return resolved.Object();
+  return resolved.Is(Value::Kind::Object) ? resolved.Object() : nullptr;
+}
+
+ObjectPtr RequireObject(const Value& value, std::u16string_view what) {
+  if (ObjectPtr object = ObjectIn(value)) return object;
   throw AutomationError(ErrorNumber::ObjectNotSet, Concatenate({u"未设置对象: ", what}));
 }
 

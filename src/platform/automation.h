@@ -2,8 +2,10 @@
 #pragma once
 
 #include <initializer_list>
+#include <optional>
 #include <span>
 #include <string_view>
+#include <vector>
 
 #include "platform/value.h"
 
@@ -29,6 +31,12 @@ class AutomationObject {
   // Value::ByReference are written back. Throws AutomationError when the object fails.
   virtual Value Invoke(MemberId member, Access access, std::span<Value> arguments) = 0;
 
+  // Runs a method and drops its result, of whatever kind it is. Throws as Invoke does.
+  virtual void Perform(MemberId member, std::span<Value> arguments);
+
+  // The elements of a collection in their order; empty for an object that is none.
+  virtual std::optional<std::vector<Value>> Elements() { return std::nullopt; }
+
   // Name look-up and call in one step.
   Value Call(std::u16string_view name, std::initializer_list<Value> arguments = {});
   Value Get(std::u16string_view name) { return Call(name); }
@@ -47,6 +55,8 @@ class ObjectFactory {
   virtual ObjectPtr Create(std::u16string_view progId) = 0;
 };
 
+// The object in `value`; null when there is none.
+ObjectPtr ObjectIn(const Value& value);
 // The object in `value`. Throws AutomationError (ObjectNotSet) naming `what` when there is none.
 ObjectPtr RequireObject(const Value& value, std::u16string_view what);
 

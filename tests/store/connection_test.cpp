@@ -54,6 +54,17 @@ TEST_F(ConnectionTest, ReturnsNoRecordsetWhenTheStatementHasNone) {
   EXPECT_FALSE(connection.Execute(u"delete"));
 }
 
+TEST_F(ConnectionTest, DropsTheAnswerOfAWrite) {
+  factory.Object(u"ZEPConnection.AppConnection").On(u"Execute", factory.Answering(u"answer"));
+  Connection(factory).Run(u"delete");
+  EXPECT_EQ(log.Text(), Lines(R"(
+      create ZEPConnection.AppConnection
+      ZEPConnection.AppConnection.Execute("delete")
+      release answer
+      release ZEPConnection.AppConnection
+      )"));
+}
+
 TEST_F(ConnectionTest, PassesTheDatabasesOwnErrorOn) {
   FailStatement(factory, u"delete from nowhere", -2147217865, u"对象名 'nowhere' 无效。");
   Connection connection(factory);

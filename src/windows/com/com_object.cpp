@@ -1,7 +1,7 @@
 // Name look-up and calls through IDispatch.
 #include "windows/com/com_object.h"
 
-#include <limits>
+#include <algorithm>
 #include <utility>
 
 #include "platform/error.h"
@@ -28,8 +28,9 @@ class CallFailure {
 
   EXCEPINFO* put() { return &info_; }
 
-  [[noreturn]] void Throw(HRESULT code, IDispatch* object) {
-    if (code != DISP_E_EXCEPTION) ThrowErrorInfo(code, object);
+  // `source` is named where the callee names none.
+  [[noreturn]] void Throw(HRESULT code, IDispatch* object, std::u16string source) {
+    if (code != DISP_E_EXCEPTION) ThrowErrorInfo(code, object, std::move(source));
     // The failure goes on as an exception; no error info is left behind if it is skipped.
     SetErrorInfo(0, nullptr);
     if (info_.pfnDeferredFillIn != nullptr) info_.pfnDeferredFillIn(&info_);
@@ -39,7 +40,8 @@ class CallFailure {
     } else if (FAILED(info_.scode)) {
       code = info_.scode;
     }
-    ThrowTexts(code, FromBstr(info_.bstrDescription), FromBstr(info_.bstrSource));
+    if (SysStringLen(info_.bstrSource) > 0) source = FromBstr(info_.bstrSource);
+    ThrowTexts(code, FromBstr(info_.bstrDescription), std::move(source));
   }
 
  private:
@@ -50,7 +52,7 @@ class CallFailure {
   }
 
   // Some servers return a plain code and leave the description in the thread's error info.
-  [[noreturn]] static void ThrowErrorInfo(HRESULT code, IDispatch* object) {
+  [[noreturn]] static void ThrowErrorInfo(HRESULT code, IDispatch* object, std::u16string caller) {
     Bstr description;
     Bstr source;
     const auto support = ComPtr<IDispatch>::Share(object).As<ISupportErrorInfo>();
@@ -61,7 +63,8 @@ class CallFailure {
       info->GetSource(source.put());
     }
     SetErrorInfo(0, nullptr);
-    ThrowTexts(code, description.Text(), source.Text());
+    if (const std::u16string named = source.Text(); !named.empty()) caller = named;
+    ThrowTexts(code, description.Text(), std::move(caller));
   }
 
   EXCEPINFO info_{};
@@ -81,19 +84,29 @@ WORD FlagsOf(Access access) {
 
 }  // namespace
 
+std::u16string ComObject::Names::SourceOf(MemberId member) const {
+  const auto found = std::find_if(members.begin(), members.end(),
+                                  [member](const auto& known) { return known.second == member; });
+  if (found == members.end()) return object;
+  return object.empty() ? found->first : Concatenate({object, u".", found->first});
+}
+
 MemberId ComObject::Find(std::u16string_view name) {
   if (name.empty()) return kDefaultMember;
   std::u16string key(name);
-  if (const auto found = members_.find(key); found != members_.end()) return found->second;
+  const auto names = names_;
+  if (const auto found = names->members.find(key); found != names->members.end()) {
+    return found->second;
+  }
   DISPID id = DISPID_UNKNOWN;
   const HRESULT code = FindId(name, id);
   if (FAILED(code)) SetErrorInfo(0, nullptr);
   if (code == DISP_E_UNKNOWNNAME) {
     throw AutomationError(ErrorNumber::UnknownName,
-                          Concatenate({u"对象不支持此属性或方法: ", name}));
+                          Concatenate({u"对象不支持此属性或方法: ", name}), names->object);
   }
   ThrowIfFailed(code);
-  members_.emplace(std::move(key), id);
+  names->members.emplace(std::move(key), id);
   return id;
 }
 
@@ -125,6 +138,14 @@ HRESULT ComObject::Send(DISPID member, WORD flags, DISPPARAMS& parameters, VARIA
 }
 
 Value ComObject::Invoke(MemberId member, Access access, std::span<Value> arguments) {
+  return ConsumeVariant(InvokeVariant(member, access, arguments));
+}
+
+void ComObject::Perform(MemberId member, std::span<Value> arguments) {
+  InvokeVariant(member, Access::Call, arguments);
+}
+
+Variant ComObject::InvokeVariant(MemberId member, Access access, std::span<Value> arguments) {
   OutgoingArguments outgoing(arguments);
   const std::span<VARIANT> reversed = outgoing.Reversed();
   const bool put = access != Access::Call;
@@ -140,11 +161,12 @@ Value ComObject::Invoke(MemberId member, Access access, std::span<Value> argumen
   CallFailure failure;
   // The call may release this object.
   const auto object = object_.Copy();
+  const auto names = names_;
   const HRESULT code =
       Send(member, FlagsOf(access), parameters, put ? nullptr : result.put(), *failure.put());
-  if (FAILED(code)) failure.Throw(code, object.get());
+  if (FAILED(code)) failure.Throw(code, object.get(), names->SourceOf(member));
   outgoing.WriteBack();
-  return ConsumeVariant(std::move(result));
+  return result;
 }
 
 }  // namespace pricedown::windows

@@ -5,9 +5,10 @@
 
 #include "platform/error.h"
 #include "platform/text.h"
+#include "windows/com/com_object.h"
 #include "windows/com/com_ptr.h"
+#include "windows/com/dispatch_object.h"
 #include "windows/com/failure.h"
-#include "windows/com/variant_value.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::windows {
@@ -26,7 +27,8 @@ ObjectPtr ComObjectFactory::Create(std::u16string_view progId) {
                           Concatenate({u"不能创建对象: ", progId, u" (", SystemText(code), u")"}),
                           std::u16string(progId));
   }
-  return FromDispatch(object.get());
+  if (ObjectPtr ours = DispatchObject::TargetOf(object.get())) return ours;
+  return std::make_shared<ComObject>(std::move(object), progId);
 }
 
 }  // namespace pricedown::windows

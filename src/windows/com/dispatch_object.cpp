@@ -2,9 +2,12 @@
 #include "windows/com/dispatch_object.h"
 
 #include "platform/error.h"
+#include "platform/local_object.h"
+#include "platform/text.h"
 #include "windows/com/call_result.h"
 #include "windows/com/com_object.h"
 #include "windows/com/dispatch_value.h"
+#include "windows/com/enumerator.h"
 #include "windows/com/incoming_arguments.h"
 #include "windows/com/variant_value.h"
 #include "windows/com/wide_text.h"
@@ -12,10 +15,34 @@
 namespace pricedown::windows {
 namespace {
 
+constexpr std::u16string_view kNewEnum = u"_NewEnum";
+
 Access AccessOf(WORD flags) {
   if ((flags & DISPATCH_PROPERTYPUTREF) != 0) return Access::PutReference;
   if ((flags & DISPATCH_PROPERTYPUT) != 0) return Access::Put;
   return Access::Call;
+}
+
+struct VariantElements {
+  using Item = Value;
+  using Element = VARIANT;
+  static VARIANT Copy(const Value& value) { return ToVariant(value).release(); }
+  static void Free(VARIANT& element) { VariantClear(&element); }
+};
+
+// What `For Each` asks a collection for.
+Variant Enumeration(AutomationObject& collection) {
+  auto elements = collection.Elements();
+  if (!elements) ThrowMemberNotFound(kNewEnum);
+  VARIANT variant;
+  VariantInit(&variant);
+  variant.punkVal = MakeCom<Enumerator<IEnumVARIANT, VariantElements>>(
+                        std::make_shared<const std::vector<Value>>(std::move(*elements)))
+                        .release();
+  variant.vt = VT_UNKNOWN;
+  Variant owner;
+  owner.attach(variant);
+  return owner;
 }
 
 }  // namespace
@@ -44,8 +71,13 @@ STDMETHODIMP DispatchObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, 
   if (names == nullptr || ids == nullptr || count == 0) return E_INVALIDARG;
   for (UINT i = 0; i < count; ++i) ids[i] = DISPID_UNKNOWN;
   const ObjectPtr target = target_;
-  const HRESULT code =
-      AtBoundary([&] { ids[0] = target->Find(FromWide(names[0])); }, IID_IDispatch);
+  const HRESULT code = AtBoundary(
+      [&] {
+        const std::u16string name = FromWide(names[0]);
+        const bool enumerates = EqualsIgnoringCase(name, kNewEnum) && target->Elements();
+        ids[0] = enumerates ? DISPID_NEWENUM : target->Find(name);
+      },
+      IID_IDispatch);
   // Parameters have no names here.
   return SUCCEEDED(code) && count > 1 ? DISP_E_UNKNOWNNAME : code;
 }
@@ -62,7 +94,9 @@ STDMETHODIMP DispatchObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPAR
     IncomingArguments arguments(
         *parameters, access != Access::Call, badArgument,
         [](std::size_t, const VARIANT& argument) { return FromVariant(argument); });
-    Variant answer = ToVariant(target->Invoke(id, access, arguments.Values()));
+    Variant answer = id == DISPID_NEWENUM && access == Access::Call
+                         ? Enumeration(*target)
+                         : ToVariant(target->Invoke(id, access, arguments.Values()));
     arguments.WriteBack();
     if (result != nullptr) *result = answer.release();
     return S_OK;

@@ -3,7 +3,6 @@
 
 #include "platform/convert.h"
 #include "platform/error.h"
-#include "platform/skip.h"
 #include "platform/text.h"
 #include "windows/com/call_result.h"
 #include "windows/com/incoming_arguments.h"
@@ -13,7 +12,7 @@
 namespace pricedown::windows {
 namespace {
 
-constexpr WORD kPut = DISPATCH_PROPERTYPUT;
+constexpr WORD kPuts = DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF;
 
 Value Coerce(const Value& value, Coercion coercion) {
   switch (coercion) {
@@ -47,18 +46,12 @@ Value Convert(const DispatchMember& member, std::size_t position, const VARIANT&
   const Coercion coercion =
       position < member.parameters.size() ? member.parameters[position].coercion : Coercion::Any;
   if (coercion == Coercion::Ignored) return {};
-  Value value;
-  if (coercion != Coercion::Lenient) {
-    value = FromVariant(argument);
-  } else {
-    SkipFailing([&] { value = FromVariant(argument); });
-  }
-  return value;
+  return coercion == Coercion::Lenient ? FromVariantOrNull(argument) : FromVariant(argument);
 }
 
 std::vector<Value> Arguments(const DispatchMember& member, const DISPPARAMS& parameters,
                              UINT* badArgument) {
-  IncomingArguments incoming(parameters, member.kind == kPut, badArgument,
+  IncomingArguments incoming(parameters, (member.kind & kPuts) != 0, badArgument,
                              [&](std::size_t position, const VARIANT& argument) {
                                return Convert(member, position, argument);
                              });

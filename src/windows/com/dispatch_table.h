@@ -16,7 +16,7 @@
 namespace pricedown::windows {
 
 // The type to which an argument is converted before the member runs. Any leaves it as it is.
-// Lenient leaves it too, and an argument that the core has no kind for is Empty. Ignored is never
+// Lenient leaves it too, and an argument that the core has no kind for is Null. Ignored is never
 // converted: always Empty.
 enum class Coercion { Any, Text, Object, Boolean, Int16, Lenient, Ignored };
 
@@ -30,7 +30,7 @@ struct DispatchParameter {
 struct DispatchMember {
   std::u16string_view name;
   DISPID id = DISPID_UNKNOWN;
-  WORD kind = 0;  // DISPATCH_METHOD, DISPATCH_PROPERTYGET or DISPATCH_PROPERTYPUT
+  WORD kind = 0;  // one of the DISPATCH_ flags
   std::span<const DispatchParameter> parameters;
 };
 

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/error.h"
+#include "platform/skip.h"
 #include "windows/com/bstr.h"
 #include "windows/com/by_reference.h"
 #include "windows/com/failure.h"
@@ -213,6 +214,12 @@ Value FromVariant(const VARIANT& variant) {
     default:
       ThrowTypeMismatch();
   }
+}
+
+Value FromVariantOrNull(const VARIANT& variant) {
+  Value value = Null{};
+  SkipFailing([&] { value = FromVariant(variant); });
+  return value;
 }
 
 Value ConsumeVariant(Variant variant) {

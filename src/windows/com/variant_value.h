@@ -14,7 +14,10 @@ namespace pricedown::windows {
 // automation, other arrays.
 Value FromVariant(const VARIANT& variant);
 
-// The same without copying a two-dimensional array.
+// The same, but Null for what the core has no kind for.
+Value FromVariantOrNull(const VARIANT& variant);
+
+// The same as FromVariant without copying a two-dimensional array.
 Value ConsumeVariant(Variant variant);
 
 // A reference is followed. Throws AutomationError or std::bad_alloc.

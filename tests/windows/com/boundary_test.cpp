@@ -52,8 +52,8 @@ TEST(Boundary, LeavesNoStaleDescriptionWithAnotherCode) {
   EXPECT_EQ(TakeErrorInfo(), "");
 }
 
-TEST(SystemText, IsANumberWhereTheSystemHasNoText) {
-  EXPECT_EQ(Utf8(windows::SystemText(static_cast<HRESULT>(0xA1234567))), "0xA1234567");
+TEST(SystemText, NamesTheNumberWhereTheSystemHasNoText) {
+  EXPECT_EQ(Utf8(windows::SystemText(static_cast<HRESULT>(0xA1234567))), "未知错误 (0xA1234567)");
 }
 
 TEST(WideText, IsTheSameCodeUnits) {

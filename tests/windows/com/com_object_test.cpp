@@ -152,6 +152,49 @@ TEST(CallingAnObject, UsesTheSystemsTextWhereTheServerHasNone) {
   EXPECT_GT(failure.size(), 10U);
 }
 
+TEST(CallingAnObject, DropsTheResultOfAMethodWhateverItIs) {
+  Called called([](DISPPARAMS&, VARIANT* result, EXCEPINFO*) {
+    *result = Nothing(VT_ERROR);
+    result->scode = E_FAIL;
+    return S_OK;
+  });
+  std::vector<Value> arguments{u"delete"};
+  called.object.Perform(called.object.Find(u"Member"), arguments);
+  EXPECT_EQ(called.stub->log.back(), R"(7 flags 3 ("delete") result)");
+  EXPECT_EQ(FailureOf([&] { called.object.Call(u"Member"); }).substr(0, 8), "80020005");
+}
+
+std::string SourceOf(const std::function<void()>& call) {
+  try {
+    call();
+  } catch (const AutomationError& error) {
+    return Utf8(error.Source());
+  }
+  return "no error";
+}
+
+TEST(CallingAnObject, NamesObjectAndMemberAsTheSourceThatTheCalleeDoesNotName) {
+  const auto stub =
+      MakeCom<StubDispatch>([](DISPPARAMS&, VARIANT*, EXCEPINFO*) { return E_ACCESSDENIED; });
+  ComObject named(ComPtr<IDispatch>::Share(stub.get()), u"ZEPConnection.AppConnection");
+  EXPECT_EQ(SourceOf([&] { named.Call(u"Member"); }), "ZEPConnection.AppConnection.Member");
+  EXPECT_EQ(SourceOf([&] { named.Call(u"Other"); }), "ZEPConnection.AppConnection");
+  Called unnamed([](DISPPARAMS&, VARIANT*, EXCEPINFO* record) {
+    record->scode = E_FAIL;
+    return DISP_E_EXCEPTION;
+  });
+  EXPECT_EQ(SourceOf([&] { unnamed.object.Call(u"Member"); }), "Member");
+}
+
+TEST(CallingAnObject, HasWordsForTheRefusalsOfAutomation) {
+  for (const HRESULT code : {DISP_E_MEMBERNOTFOUND, DISP_E_TYPEMISMATCH, DISP_E_OVERFLOW}) {
+    Called called([&](DISPPARAMS&, VARIANT*, EXCEPINFO*) { return code; });
+    const std::string failure = FailureOf([&] { called.object.Call(u"Member"); });
+    EXPECT_EQ(failure.substr(0, 9), Hexadecimal(code) + " ");
+    EXPECT_NE(failure.substr(9, 2), "0x") << failure;
+  }
+}
+
 TEST(CallingAnObject, LeavesReferencesAloneWhenTheCallFails) {
   Called called([](DISPPARAMS& parameters, VARIANT*, EXCEPINFO*) {
     *parameters.rgvarg[0].pvarVal = Number(99);

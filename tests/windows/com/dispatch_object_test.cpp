@@ -217,5 +217,49 @@ TEST_F(CallingUs, ThereIsNoTypeInformation) {
   EXPECT_EQ(dispatch->GetTypeInfo(0, 0, &info), E_NOTIMPL);
 }
 
+// Three numbers.
+class NumberList : public LocalObject<NumberList> {
+ public:
+  static std::span<const Member<NumberList>> Members() { return {}; }
+  std::optional<std::vector<Value>> Elements() override { return std::vector<Value>{1, 2, 3}; }
+};
+
+TEST(EnumeratingACollection, WalksOverItsElements) {
+  const auto list = windows::ToDispatch(std::make_shared<NumberList>());
+  EXPECT_EQ(IdOf(list.get(), L"_newenum"), std::to_string(DISPID_NEWENUM));
+  DISPPARAMS none{};
+  windows::Variant result;
+  ASSERT_EQ(list->Invoke(DISPID_NEWENUM, IID{}, 0, DISPATCH_METHOD | DISPATCH_PROPERTYGET, &none,
+                         result.put(), nullptr, nullptr),
+            S_OK);
+  ASSERT_EQ(result.get().vt, VT_UNKNOWN);
+  const auto numbers = windows::ComPtr<IUnknown>::Share(result.get().punkVal).As<IEnumVARIANT>();
+  ASSERT_TRUE(numbers);
+  VARIANT elements[4];
+  ULONG fetched = 9;
+  EXPECT_EQ(numbers->Next(1, elements, nullptr), S_OK);
+  EXPECT_EQ(elements[0].lVal, 1);
+  windows::ComPtr<IEnumVARIANT> copy;
+  EXPECT_EQ(numbers->Clone(copy.put()), S_OK);
+  EXPECT_EQ(numbers->Next(4, elements, &fetched), S_FALSE);
+  EXPECT_EQ(fetched, 2U);
+  EXPECT_EQ(elements[1].lVal, 3);
+  EXPECT_EQ(numbers->Next(1, elements, &fetched), S_FALSE);
+  EXPECT_EQ(fetched, 0U);
+  EXPECT_EQ(numbers->Reset(), S_OK);
+  EXPECT_EQ(numbers->Skip(3), S_OK);
+  EXPECT_EQ(numbers->Skip(1), S_FALSE);
+  EXPECT_EQ(copy->Next(1, elements, &fetched), S_OK);
+  EXPECT_EQ(elements[0].lVal, 2);
+  EXPECT_EQ(copy->Next(2, elements, nullptr), E_POINTER);
+  EXPECT_EQ(copy->Next(1, nullptr, &fetched), E_POINTER);
+}
+
+TEST(EnumeratingACollection, IsRefusedByOtherObjects) {
+  const auto object = windows::ToDispatch(std::make_shared<SimpleObject>());
+  EXPECT_EQ(IdOf(object.get(), L"_NewEnum"), "80020006");
+  EXPECT_EQ(Send(object.get(), DISPID_NEWENUM, {}).substr(0, 8), "80020003");
+}
+
 }  // namespace
 }  // namespace pricedown::testing
