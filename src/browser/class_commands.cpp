@@ -38,6 +38,7 @@ void Prepare(ItemClassForm& form, Preparation&& preparation) {
 void ClassCommands::Add() {
   ItemClassForm& form = editor_.Form();
   Prepare(form, [&] { PrepareAdd(form); });
+  TellSaves(form);
   editor_.ShowModal();
 }
 
@@ -57,7 +58,18 @@ void ClassCommands::Edit() {
   if (!RequireClass(u"请选择要修改的物料类别")) return;
   ItemClassForm& form = editor_.Form();
   Prepare(form, [&] { PrepareEdit(form); });
+  TellSaves(form);
   editor_.ShowModal();
+}
+
+// The form may outlive the control.
+void ClassCommands::TellSaves(ItemClassForm& form) {
+  if (environment_.events == nullptr) return;
+  form.OnSaved([events = environment_.events, lifetime = environment_.lifetime](
+                   bool added, std::u16string_view number) {
+    if (lifetime.HasEnded()) return;
+    events->ClassChanged(added ? ClassChange::Added : ClassChange::Changed, number);
+  });
 }
 
 void ClassCommands::PrepareEdit(ItemClassForm& form) {
@@ -104,6 +116,10 @@ void ClassCommands::Delete() {
   const Lifetime lifetime = environment_.lifetime;
   if (!IsConfirmed(number, name) || lifetime.HasEnded()) return;
   if (!DeleteGuarded(number) || lifetime.HasEnded()) return;
+  if (environment_.events != nullptr) {
+    environment_.events->ClassChanged(ClassChange::Deleted, number);
+    if (lifetime.HasEnded()) return;
+  }
   tree_.LoadClassTree();
   tree_.SelectRoot();
 }
@@ -123,8 +139,8 @@ bool ClassCommands::DeleteGuarded(std::u16string_view number) {
     environment_.messages.Inform(Translate(u"该物料类别在以前期间已有业务发生，不得删除！"));
     return false;
   }
-  connection.Execute(statements::DeleteClassProvision(year, period, number));
-  connection.Execute(statements::DeleteClass(number));
+  connection.Run(statements::DeleteClassProvision(year, period, number));
+  connection.Run(statements::DeleteClass(number));
   return true;
 }
 

@@ -97,6 +97,7 @@ void ClassTree::NodeClick(NodeIndex node) {
   if (!nodes_.Contains(node)) return;
   // A copy, because the grid load may let messages run that reload the tree.
   const NodeId id = nodes_.At(node).id;
+  const bool changes = state_.currentNode != id;
   state_.currentNode = id;
   marked_ = node;
   SkipFailing([&] { view_.MarkNode(node); });
@@ -104,6 +105,9 @@ void ClassTree::NodeClick(NodeIndex node) {
   SkipFailing([&] { grid_.LoadItemGrid(id.classNumber); });
   SkipFailing([&] { environment_.screen.SetMousePointer(MousePointer::Default); });
   SkipFailing([&] { environment_.screen.RunPendingMessages(); });
+  if (changes && environment_.events != nullptr && !environment_.lifetime.HasEnded()) {
+    environment_.events->SelectionChanged(id.isRoot ? std::u16string_view() : id.classNumber);
+  }
 }
 
 void ClassTree::SelectRoot() {

@@ -24,11 +24,8 @@ void FillPrintTable(const Grid& grid, PrintTable& table) {
 
 void SetPageLines(const Font& titleFont, PrintDocument& document) {
   Font font;
-  // A character set belongs to the font that it came with.
-  if (!titleFont.name.empty()) {
-    font.name = titleFont.name;
-    font.charset = titleFont.charset;
-  }
+  if (!titleFont.name.empty()) font.name = titleFont.name;
+  font.charset = titleFont.charset;
   Font headline = font;
   headline.size = 20;
   headline.bold = headline.underlined = true;

@@ -14,7 +14,8 @@ void PickAccount(FormParts& form, FormField field) {
   const ObjectPtr result = RequireObject(
       LedgerView(form.environment)->Call(u"AccountLookup", {Trim(text)}), u"AccountLookup");
   const Value account = result->Get(u"ReturnObject");
-  if (account.IsNothing()) return;
+  // Nothing chosen: empty, or the object Nothing.
+  if (account.IsNothing() || account == Value(nullptr)) return;
   form.view.SetText(field, ToText(RequireObject(account, u"ReturnObject")->Get(u"Number")));
   form.environment.screen.RunPendingMessages();
 }

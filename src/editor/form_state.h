@@ -3,8 +3,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "editor/form_view.h"
 #include "editor/member_rows.h"
@@ -46,6 +48,8 @@ struct FormState {
   Recordset memberList;
   // Nothing reads it; the browser's making it and this release are calls that the suite sees.
   Recordset secondRecordSet;
+  // Called when a class has been written; may be empty.
+  std::function<void(bool added, std::u16string_view number)> whenSaved;
 
   // Items of all other classes, read again by every AddItem.
   Recordset otherClasses;

@@ -160,9 +160,14 @@ void ItemClassForm::Run(FormTool tool) {
 bool ItemClassForm::Save() {
   // The form may have closed while it asked.
   if (!parts_.state.loaded) return false;
-  const bool written = SaveClass(parts_);
-  if (written && parts_.state.IsAdding()) Add();
-  return written;
+  if (!SaveClass(parts_)) return false;
+  const bool added = parts_.state.IsAdding();
+  // Copies, because the host may close the form when it is told.
+  const auto whenSaved = parts_.state.whenSaved;
+  const std::u16string number = parts_.state.savedValues.number;
+  if (whenSaved) whenSaved(added, number);
+  if (added && parts_.state.loaded) Add();
+  return true;
 }
 
 void ItemClassForm::Add() {

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "editor/form_state.h"
@@ -22,6 +24,9 @@ class ItemClassForm {
   void SetOpeningNumber(std::u16string number) { parts_.state.openingNumber = std::move(number); }
   void SetMemberList(Recordset members) { parts_.state.memberList = std::move(members); }
   void SetSecondRecordSet(Recordset rows) { parts_.state.secondRecordSet = std::move(rows); }
+  void OnSaved(std::function<void(bool added, std::u16string_view number)> handler) {
+    parts_.state.whenSaved = std::move(handler);
+  }
   const Recordset& MemberList() const { return parts_.state.memberList; }
 
   // Fills the form. Throws AutomationError, and is then unloaded. Requires: a member list, open.

@@ -113,7 +113,10 @@ void AppendItem(const Recordset& members, const RowHeader& header, AutomationObj
 void AppendChosen(FormParts& form, const RowHeader& header, AutomationObject& result) {
   const Recordset members = form.state.memberList;
   const bool several = ToText(result.Get(u"ReturnValue")).empty();
-  const ObjectPtr chosen = RequireObject(result.Get(u"ReturnObject"), u"ReturnObject");
+  const Value answer = result.Get(u"ReturnObject");
+  // Confirmed with nothing chosen.
+  if (answer.IsNothing() || answer == Value(nullptr)) return;
+  const ObjectPtr chosen = RequireObject(answer, u"ReturnObject");
   if (!several) {
     AppendItem(members, header, *chosen);
     return;

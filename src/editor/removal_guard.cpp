@@ -35,7 +35,7 @@ class RemovalGuard {
     const Recordset amounts =
         connection.Execute(statements::ItemCurrentAmounts(current_.year, current_.period, code));
     if (!HasRows(voucher)) {
-      connection.Execute(statements::DeleteItemProvision(
+      connection.Run(statements::DeleteItemProvision(
           current_.year, current_.period, code,
           voucher ? statements::DeleteForm::TwoBlanks : statements::DeleteForm::NoAlias));
     } else if (HasRows(amounts)) {

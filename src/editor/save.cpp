@@ -150,7 +150,7 @@ bool SaveClass(FormParts& form) {
       AccountId(factory, u"查找存货跌价准备科目失败，科目代码：", header.reserveAccount);
   state.savedValues = static_cast<const ClassHeader&>(header);
   RunSaveStep(u"写入物料类别失败，物料类别代码：", header.number,
-              [&] { Connection(factory).Execute(SaveText(state)); });
+              [&] { Connection(factory).Run(SaveText(state)); });
   return true;
 }
 

@@ -1,9 +1,11 @@
 // Suite, user, screen and lifetime of one control or form, passed to all its components.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <utility>
 
+#include "env/host_events.h"
 #include "env/messages.h"
 #include "env/process_state.h"
 #include "env/rights.h"
@@ -33,7 +35,8 @@ class Environment {
   ProcessState& state;
   Screen& screen;
   const std::u16string application;
-  Lifetime lifetime;  // of the control or form that this environment serves
+  Lifetime lifetime;                   // of the control or form that this environment serves
+  std::shared_ptr<HostEvents> events;  // null where nobody listens
   Messages messages;
   Rights rights;
 };

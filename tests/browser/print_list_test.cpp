@@ -99,12 +99,11 @@ TEST_F(PrintListTest, HasThreeHeaderAndTwoFooterLinesInTheTitleFont) {
   EXPECT_EQ(Readable(document), PrintedList("新細明體 136", ""));
 }
 
-TEST_F(PrintListTest, HasItsLinesInSongWithoutATitleFont) {
+TEST_F(PrintListTest, HasItsLinesInSongAndTheGivenCharacterSetWithoutATitleFont) {
   PrintDocument document;
-  // A character set belongs to its font.
   SetPageLines({u"", 9, false, false, false, 136}, document);
   FillPrintTable(Cells(), document.table);
-  EXPECT_EQ(Readable(document), PrintedList("宋体 -1", ""));
+  EXPECT_EQ(Readable(document), PrintedList("宋体 136", ""));
 }
 
 }  // namespace

@@ -92,11 +92,11 @@ TEST_F(PrintedPages, SetsHeaderAndFooterInSongWhenTheSuiteHasNoFont) {
   EXPECT_EQ(output_.fonts[2], (Font{u"宋体", 9, false, false, false}));
 }
 
-TEST_F(PrintedPages, SetsNoCharacterSetWithoutItsFont) {
+TEST_F(PrintedPages, KeepsTheCharacterSetOfATitleWithoutAFontName) {
   titleName_ = u"";
   titleCharset_ = 136;
   commands_.Print();
-  EXPECT_EQ(output_.fonts[1], (Font{u"宋体", 20, true, false, true, kAnyCharset}));
+  EXPECT_EQ(output_.fonts[1], (Font{u"宋体", 20, true, false, true, 136}));
 }
 
 TEST_F(PrintedPages, ReportsATextThatCannotBeMeasured) {

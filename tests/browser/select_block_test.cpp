@@ -62,6 +62,14 @@ TEST_F(SelectBlockTest, PassesOnWhatItIsGivenAndLooksBehindReferences) {
       )"));
 }
 
+TEST_F(SelectBlockTest, LeavesAnEndThatIsNullAsItIs) {
+  SelectBlock(grid_, 2, Null{}, 4, Null{});
+  EXPECT_EQ(log_.Text(), Lines(R"(
+      put grid.Col = 2
+      put grid.Row = 4
+      )"));
+}
+
 TEST_F(SelectBlockTest, IgnoresAFailingStep) {
   FailEachCallInTurn([&](int failingCall) {
     const int before = factory_.CallCount();

@@ -67,7 +67,7 @@ TEST_F(AccountLookup, KeepsTheLedgerViewForTheNextTime) {
 }
 
 TEST_F(AccountLookup, LeavesTheTextWhenThePickerIsCancelled) {
-  for (const Value& nothing : {Value(), Value(Null{})}) {
+  for (const Value& nothing : {Value(), Value(Null{}), Value(nullptr)}) {
     EditorWorld world;
     PickerAnswers(world.factory, Reply(nothing));
     world.OpenForEdit();
@@ -109,7 +109,7 @@ TEST_F(AccountLookup, ReportsThatThereIsNoPicker) {
 
 TEST_F(AccountLookup, ShowsErrorsOfAnyKind) {
   EditorWorld world;
-  PickerAnswers(world.factory, Reply(nullptr));
+  PickerAnswers(world.factory, Reply(5));
   world.OpenForEdit();
   world.form.LookupRequested(FormField::LossAccount);
   EXPECT_EQ(world.log.Count(R"(tell no icon "岚禾提示": "\r\n未设置对象: ReturnObject")"), 1u);

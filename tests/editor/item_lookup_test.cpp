@@ -278,6 +278,20 @@ TEST_F(ItemLookup, LeavesTheListButShowsItAgainWhenCancelled) {
   EXPECT_THAT(MemberIds(), ElementsAre(101, 102));
 }
 
+TEST_F(ItemLookup, AppendsNothingWhenThePickerConfirmsNothing) {
+  for (const std::u16string_view value : {u"", u"02.001"}) {
+    EditorWorld world;
+    ScriptPicker(world.factory, {});
+    world.factory.Object(u"result")
+        .On(u"ReturnOK", Reply(true))
+        .On(u"ReturnValue", Reply(value))
+        .On(u"ReturnObject", Reply(nullptr));
+    world.OpenForEdit();
+    world.form.ToolClicked(FormTool::AddItem);
+    EXPECT_EQ(world.log.Lines().back(), "rows 3");
+  }
+}
+
 TEST_F(ItemLookup, PassesTheShortNumberFlagOn) {
   Cancel(factory);
   state.shortNumber = true;

@@ -47,6 +47,29 @@ class Save : public EditorTest {
   }
 };
 
+TEST_F(Save, IsToldOnceTheClassIsWritten) {
+  std::string told;
+  const auto listen = [&](bool added, std::u16string_view number) {
+    told += (added ? "added " : "changed ") + Utf8(number) + ";";
+  };
+  Open();
+  form.OnSaved(listen);
+  view.Type(FormField::ClassNumber, u"");
+  form.ToolClicked(FormTool::Save);
+  EXPECT_EQ(told, "") << "a refused save";
+  view.Type(FormField::ClassNumber, u"01");
+  form.ToolClicked(FormTool::Save);
+  EXPECT_EQ(told, "changed 01;");
+}
+
+TEST_F(Save, MayBeFollowedByTheEndOfTheForm) {
+  Open();
+  form.OnSaved([this](bool, std::u16string_view) { form.Unload(); });
+  form.ToolClicked(FormTool::Save);
+  EXPECT_EQ(log.Count("unload"), 1u);
+  EXPECT_FALSE(form.State().loaded);
+}
+
 TEST_F(Save, WritesTheWholeClassInOneText) {
   AnswerNothing(factory, kSaveOf01);
   AnswerChecks(false);

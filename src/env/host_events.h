@@ -1,0 +1,28 @@
+// Port through which a control tells its host what has happened.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "platform/failure.h"
+
+namespace pricedown {
+
+// The numbers are public.
+enum class ClassChange : std::int32_t { Added = 1, Changed = 2, Deleted = 3 };
+
+// No method throws. The host may end the control inside each of them.
+class HostEvents {
+ public:
+  virtual ~HostEvents() = default;
+  // The items of another class are shown; empty for the root.
+  virtual void SelectionChanged(std::u16string_view classNumber) = 0;
+  // The class has been written to the company, or deleted from it.
+  virtual void ClassChanged(ClassChange change, std::u16string_view classNumber) = 0;
+  // The control has ended; what it holds of suite and host is released next.
+  virtual void Closing() = 0;
+  // A command that the user started has failed.
+  virtual void Failed(const Failure& failure) = 0;
+};
+
+}  // namespace pricedown
