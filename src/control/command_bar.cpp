@@ -10,37 +10,58 @@
 #include "platform/text.h"
 
 namespace pricedown {
+namespace {
+
+constexpr std::array kCheckTools{kToolStripTool, kStatusBarTool};
+
+}  // namespace
 
 CommandBar::CommandBar(Lifetime lifetime) : lifetime_(std::move(lifetime)) {
-  Add({std::u16string(kEditMenu), Translate(u"编辑"), {}, u"Menus"});
+  std::transform(kCheckTools.begin(), kCheckTools.end(), checkTools_.begin(), [](auto name) {
+    const auto tool = std::make_shared<CommandBarTool>(
+        CommandBarTool::Definition{std::u16string(name), {}, {}, {}});
+    tool->SetChecked(true);
+    return tool;
+  });
+  Add({std::u16string(kEditMenu), Translate(u"编辑"), {}, u"Menus"}, Place::Band);
   for (const ControlCommand* command : CommandsOn(surface::kCommandBar)) {
     Add({std::u16string(command->tool),
          Translate(command->caption),
          Translate(command->description),
-         {}});
+         {}},
+        Place::Band);
   }
-  designedCount_ = tools_.size();
 }
 
 std::shared_ptr<CommandBarTool> CommandBar::Tool(std::u16string_view name) const {
-  const auto found = std::find_if(tools_.begin(), tools_.end(),
-                                  [&](const auto& tool) { return tool->Fixed().name == name; });
+  const auto found = std::find_if(tools_.begin(), tools_.end(), [&](const auto& tool) {
+    return EqualsIgnoringCase(tool->Fixed().name, name);
+  });
   return found == tools_.end() ? nullptr : *found;
 }
 
-std::shared_ptr<CommandBarTool> CommandBar::Add(CommandBarTool::Definition definition) {
-  if (auto present = Tool(definition.name)) {
-    // The host may have clicked the tool before its texts were set.
-    present->FillTexts(definition);
-    return present;
+const std::shared_ptr<CommandBarTool>& CommandBar::CheckTool(std::u16string_view name) const {
+  return checkTools_[name == kCheckTools[0] ? 0 : 1];
+}
+
+std::shared_ptr<CommandBarTool> CommandBar::Add(CommandBarTool::Definition definition,
+                                                Place place) {
+  std::shared_ptr<CommandBarTool> tool = Tool(definition.name);
+  if (tool == nullptr) {
+    const bool checks =
+        std::find(kCheckTools.begin(), kCheckTools.end(), definition.name) != kCheckTools.end();
+    tool = checks ? CheckTool(definition.name) : std::make_shared<CommandBarTool>();
+    tool->Join(std::move(definition), listeners_);
+    tools_.push_back(tool);
   }
-  tools_.push_back(std::make_shared<CommandBarTool>(std::move(definition), listeners_));
-  std::shared_ptr<CommandBarTool> tool = tools_.back();
-  // The tool strip and the status bar start out visible.
-  if (tool->Fixed().name == kToolStripTool || tool->Fixed().name == kStatusBarTool) {
-    tool->SetChecked(true);
-  }
+  const bool inBand = std::find(bandTools_.begin(), bandTools_.end(), tool) != bandTools_.end();
+  if (place == Place::Band && !inBand) bandTools_.push_back(tool);
   return tool;
+}
+
+void CommandBar::NotifyForwarded(std::u16string_view name, const ObjectPtr& tool) {
+  const ObjectPtr own = Tool(name);
+  listeners_->Notify(u"ToolClicked", own != nullptr ? own : tool);
 }
 
 void CommandBar::OnClick(std::function<void(const ObjectPtr& tool)> command) {

@@ -1,11 +1,12 @@
 // The command bar `BarList` as an automation object that a host merges into its own toolbar.
 //
 // Members for hosts: Bands (Count, Item(index or name): Name, Tools), Tools (Count, Item(index or
-// name), Add(name, caption, category)), Click(name), Listener. A tool has Name, Caption,
-// Description, Category, Enabled, Checked, Visible and Click; the first four are read-only.
-// Indexes count from 1.
+// name), Add(name, caption, category)), Click(name), Listener. Bands and Tools can be enumerated. A
+// tool has Name, Caption, Description, Category, Enabled, Checked, Visible and Click; the first
+// four are read-only. Indexes count from 1; names are found without regard to case.
 #pragma once
 
+#include <array>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -26,13 +27,21 @@ class CommandBar : public LocalObject<CommandBar> {
   // and "iCut".
   explicit CommandBar(Lifetime lifetime = {});
 
-  // Null when the bar has no tool of that name (compared exactly).
+  using ToolList = std::vector<std::shared_ptr<CommandBarTool>>;
+  // Null when the bar has no tool of that name.
   std::shared_ptr<CommandBarTool> Tool(std::u16string_view name) const;
-  const std::vector<std::shared_ptr<CommandBarTool>>& Tools() const { return tools_; }
-  // The number of leading tools that are in the designed band.
-  std::size_t DesignedCount() const { return designedCount_; }
-  // Adds a tool, or returns the existing one of that name unchanged.
-  std::shared_ptr<CommandBarTool> Add(CommandBarTool::Definition definition);
+  const ToolList& Tools() const { return tools_; }
+  // Those of them that stand in the band.
+  const ToolList& BandTools() const { return bandTools_; }
+  // The tool whose state decides what is shown, kToolStripTool or kStatusBarTool. It starts checked
+  // and keeps its state also while it is not among the bar's tools. Never null.
+  const std::shared_ptr<CommandBarTool>& CheckTool(std::u16string_view name) const;
+
+  enum class Place { Bar, Band };
+  // The bar's tool of that name: a new one, or the one that is there already, unchanged. It stands
+  // in the band, too, for Place::Band.
+  std::shared_ptr<CommandBarTool> Add(CommandBarTool::Definition definition,
+                                      Place place = Place::Bar);
 
   // Called when a client clicks any tool; may be empty.
   void OnClick(std::function<void(const ObjectPtr& tool)> command);
@@ -42,6 +51,10 @@ class CommandBar : public LocalObject<CommandBar> {
   // Releases handler and listener. Requires: the control has ended.
   void Detach();
 
+  // Tells the listener that the command of a forwarded click on `tool` is over. It is passed the
+  // bar's tool of that name if there is one.
+  void NotifyForwarded(std::u16string_view name, const ObjectPtr& tool);
+
   // Clicks the tool of that name. Throws AutomationError when there is none, or when its command
   // does.
   void Click(std::u16string_view name);
@@ -49,8 +62,9 @@ class CommandBar : public LocalObject<CommandBar> {
   static std::span<const Member<CommandBar>> Members();
 
  private:
-  std::vector<std::shared_ptr<CommandBarTool>> tools_;
-  std::size_t designedCount_ = 0;
+  ToolList tools_;
+  ToolList bandTools_;
+  std::array<std::shared_ptr<CommandBarTool>, 2> checkTools_;
   std::shared_ptr<CommandBarListeners> listeners_ = std::make_shared<CommandBarListeners>();
   Lifetime lifetime_;  // of the control
 };

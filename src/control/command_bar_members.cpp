@@ -1,8 +1,10 @@
 // The command bar's members for automation clients, with its bands and tools as collections.
 #include <array>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "control/command_bar.h"
 #include "platform/convert.h"
@@ -13,19 +15,25 @@
 namespace pricedown {
 namespace {
 
-// Count, Item(index or name) as the default member, and Add for the bar's own tools.
+// Count, Item(index or name) as the default member, and Add.
 class ToolCollection : public LocalObject<ToolCollection> {
  public:
-  enum class Of { Bar, Band };
-  ToolCollection(std::shared_ptr<CommandBar> bar, Of of) : bar_(std::move(bar)), of_(of) {}
+  using Place = CommandBar::Place;
+  ToolCollection(std::shared_ptr<CommandBar> bar, Place place)
+      : bar_(std::move(bar)), place_(place) {}
 
-  std::span<const std::shared_ptr<CommandBarTool>> Tools() const;
-  CommandBar& Bar() { return *bar_; }
+  const CommandBar::ToolList& Tools() const {
+    return place_ == Place::Band ? bar_->BandTools() : bar_->Tools();
+  }
+  ObjectPtr Add(CommandBarTool::Definition definition) {
+    return bar_->Add(std::move(definition), place_);
+  }
+  std::optional<std::vector<Value>> Elements() override;
   static std::span<const Member<ToolCollection>> Members();
 
  private:
   std::shared_ptr<CommandBar> bar_;
-  Of of_;
+  Place place_;
 };
 
 // The one band: Name and Tools.
@@ -43,7 +51,10 @@ class Band : public LocalObject<Band> {
 class BandCollection : public LocalObject<BandCollection> {
  public:
   explicit BandCollection(std::shared_ptr<CommandBar> bar) : bar_(std::move(bar)) {}
-  const std::shared_ptr<CommandBar>& Bar() const { return bar_; }
+  ObjectPtr Only() const { return std::make_shared<Band>(bar_); }
+  std::optional<std::vector<Value>> Elements() override {
+    return std::vector<Value>{Value(Only())};
+  }
   static std::span<const Member<BandCollection>> Members();
 
  private:
@@ -82,10 +93,10 @@ Value ToolCount(ToolCollection& collection, Access, std::span<Value>) {
 }
 
 Value ToolItem(ToolCollection& collection, Access, std::span<Value> arguments) {
-  const auto tools = collection.Tools();
+  const auto& tools = collection.Tools();
   const auto find = [&](const std::u16string& name) {
     std::size_t position = 0;
-    while (position < tools.size() && tools[position]->Fixed().name != name) ++position;
+    while (position < tools.size() && !NamesEqual(tools[position]->Fixed().name, name)) ++position;
     return position;
   };
   return ObjectPtr(tools[PositionOf(arguments.front(), tools.size(), find)]);
@@ -97,14 +108,13 @@ std::u16string TextAt(std::span<Value> arguments, std::size_t index) {
 }
 
 Value AddTool(ToolCollection& collection, Access, std::span<Value> arguments) {
-  return ObjectPtr(
-      collection.Bar().Add({TextAt(arguments, 0), TextAt(arguments, 1), {}, TextAt(arguments, 2)}));
+  return collection.Add({TextAt(arguments, 0), TextAt(arguments, 1), {}, TextAt(arguments, 2)});
 }
 
 Value BandName(Band&, Access, std::span<Value>) { return kMenuBand; }
 
 Value BandTools(Band& band, Access, std::span<Value> arguments) {
-  return ItemOrCollection(std::make_shared<ToolCollection>(band.Bar(), ToolCollection::Of::Band),
+  return ItemOrCollection(std::make_shared<ToolCollection>(band.Bar(), ToolCollection::Place::Band),
                           arguments);
 }
 
@@ -112,13 +122,14 @@ Value BandCount(BandCollection&, Access, std::span<Value>) { return std::int32_t
 
 Value BandItem(BandCollection& collection, Access, std::span<Value> arguments) {
   PositionOf(arguments.front(), 1,
-             [](const std::u16string& name) { return name == kMenuBand ? 0u : 1u; });
-  return ObjectPtr(std::make_shared<Band>(collection.Bar()));
+             [](const std::u16string& name) { return NamesEqual(name, kMenuBand) ? 0u : 1u; });
+  return collection.Only();
 }
 
-std::span<const std::shared_ptr<CommandBarTool>> ToolCollection::Tools() const {
-  const std::span<const std::shared_ptr<CommandBarTool>> all(bar_->Tools());
-  return of_ == Of::Bar ? all : all.first(bar_->DesignedCount());
+std::optional<std::vector<Value>> ToolCollection::Elements() {
+  std::vector<Value> tools;
+  for (const auto& tool : Tools()) tools.emplace_back(ObjectPtr(tool));
+  return tools;
 }
 
 std::span<const Member<ToolCollection>> ToolCollection::Members() {
@@ -152,7 +163,8 @@ Value Bands(CommandBar& bar, Access, std::span<Value> arguments) {
 
 Value Tools(CommandBar& bar, Access, std::span<Value> arguments) {
   return ItemOrCollection(
-      std::make_shared<ToolCollection>(bar.shared_from_this(), ToolCollection::Of::Bar), arguments);
+      std::make_shared<ToolCollection>(bar.shared_from_this(), ToolCollection::Place::Bar),
+      arguments);
 }
 
 Value Click(CommandBar& bar, Access, std::span<Value> arguments) {
@@ -163,8 +175,7 @@ Value Click(CommandBar& bar, Access, std::span<Value> arguments) {
 Value Listener(CommandBar& bar, Access access, std::span<Value> arguments) {
   if (access == Access::Call) return bar.Listener();
   const Value& host = arguments.back().Resolved();
-  const bool none = host.Is(Value::Kind::Object) && host.Object() == nullptr;
-  bar.SetListener(none ? nullptr : RequireObject(host, u"Listener"));
+  bar.SetListener(host == Value(nullptr) ? nullptr : RequireObject(host, u"Listener"));
   return {};
 }
 

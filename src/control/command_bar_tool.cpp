@@ -29,11 +29,10 @@ Value ClickTool(CommandBarTool& tool, Access, std::span<Value>) {
 
 }  // namespace
 
-void CommandBarTool::FillTexts(const Definition& definition) {
-  for (const auto part : {&Definition::caption, &Definition::description, &Definition::category}) {
-    if (!(definition_.*part).empty()) return;
-  }
-  definition_ = {definition_.name, definition.caption, definition.description, definition.category};
+void CommandBarListeners::Notify(std::u16string_view method, const ObjectPtr& tool) const {
+  // A copy, because the host may end the control or set another listener.
+  const ObjectPtr listener = host;
+  if (listener != nullptr) SkipFailing([&] { listener->Call(method, {Value(tool)}); });
 }
 
 void CommandBarTool::Change(bool& state, bool value) {
@@ -52,11 +51,7 @@ void CommandBarTool::Click() {
 }
 
 void CommandBarTool::Notify(std::u16string_view method) {
-  const ObjectPtr host = listeners_ == nullptr ? nullptr : listeners_->host;
-  // The host need not have the method.
-  if (host != nullptr) {
-    SkipFailing([&] { host->Call(method, {Value(ObjectPtr(shared_from_this()))}); });
-  }
+  if (listeners_ != nullptr) listeners_->Notify(method, shared_from_this());
 }
 
 std::span<const Member<CommandBarTool>> CommandBarTool::Members() {

@@ -15,6 +15,9 @@ struct CommandBarListeners {
   std::function<void(const ObjectPtr& tool)> command;
   // The host's object with any of the methods ToolClicked(tool) and ToolChanged(tool); may be null.
   ObjectPtr host;
+
+  // Calls the host's method, which it need not have; its failure is ignored.
+  void Notify(std::u16string_view method, const ObjectPtr& tool) const;
 };
 
 class CommandBarTool : public LocalObject<CommandBarTool> {
@@ -25,14 +28,15 @@ class CommandBarTool : public LocalObject<CommandBarTool> {
     std::u16string description;
     std::u16string category;
   };
-  // Without listeners a click does nothing.
-  explicit CommandBarTool(Definition definition,
-                          std::shared_ptr<CommandBarListeners> listeners = nullptr)
-      : definition_(std::move(definition)), listeners_(std::move(listeners)) {}
+  // A tool of no bar: a click does nothing, and nobody is notified.
+  explicit CommandBarTool(Definition definition = {}) : definition_(std::move(definition)) {}
+  // Makes it a tool of the bar with those listeners.
+  void Join(Definition definition, std::shared_ptr<CommandBarListeners> listeners) {
+    definition_ = std::move(definition);
+    listeners_ = std::move(listeners);
+  }
 
   const Definition& Fixed() const { return definition_; }
-  // Sets the texts unless the tool has any.
-  void FillTexts(const Definition& definition);
   bool Enabled() const { return enabled_; }
   bool Checked() const { return checked_; }
   bool Visible() const { return visible_; }

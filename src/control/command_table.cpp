@@ -111,9 +111,8 @@ std::span<const ControlCommand> ControlCommands() {
                      const ObjectPtr& tool) { control.ToggleToolStrip(tool); }}},
       {{},
        {.tool = kStatusBarTool,
-        // The host has already changed the state of the tool.
         .toggle = [](PriceDown& control,
-                     const ObjectPtr& tool) { control.FollowTool(tool, kStatusBarTool); }}},
+                     const ObjectPtr& tool) { control.FollowStatusBarTool(tool); }}},
   }};
   return kCommands;
 }

@@ -2,6 +2,7 @@
 #include "control/price_down.h"
 #include "platform/convert.h"
 #include "platform/error.h"
+#include "platform/skip.h"
 
 namespace pricedown {
 namespace {
@@ -12,22 +13,29 @@ constexpr std::int32_t kRightsObjectNumber = 35;
 
 }  // namespace
 
-void PriceDown::ParentWindow_ToolBarClick(const ObjectPtr& tool) { CommandBarToolClicked(tool); }
+void PriceDown::ParentWindow_ToolBarClick(const ObjectPtr& tool) {
+  const std::shared_ptr<CommandBar> bar = bar_;
+  const ControlCommand* command = CommandBarToolClicked(tool);
+  if (command != nullptr) bar->NotifyForwarded(command->tool, tool);
+}
 
-void PriceDown::CommandBarToolClicked(const ObjectPtr& tool) {
-  if (HasEnded()) return;
+const ControlCommand* PriceDown::CommandBarToolClicked(const ObjectPtr& tool) {
+  if (HasEnded()) return nullptr;
   const ObjectPtr clicked = RequireObject(Value(tool), u"Tool");
   const ControlCommand* command = CommandOfTool(ToText(clicked->Get(u"Name")));
-  // The host may have closed the control when it was asked.
-  if (HasEnded() || command == nullptr) return;
+  // The host was asked, and may have closed the control.
+  if (HasEnded() || command == nullptr) return nullptr;
+  // A host may forward a click on a tool that it shows enabled although the bar's is not.
+  const bool fromToolStrip = (command->surfaces & surface::kCommandBar) != 0;
+  if (fromToolStrip && !IsToolEnabled(command->tool)) return nullptr;
   if (command->toggle != nullptr) {
     command->toggle(*this, clicked);
-  } else if ((command->surfaces & surface::kCommandBar) == 0) {
-    command->run(*this);
-  } else if (IsToolEnabled(command->tool)) {
-    // A host may forward a click on a tool that is disabled in the bar.
+  } else if (fromToolStrip) {
     RunFromToolStrip(*command);
+  } else {
+    command->run(*this);
   }
+  return command;
 }
 
 void PriceDown::CommandChosen(const ControlCommand& command) {
@@ -40,6 +48,11 @@ void PriceDown::CommandChosen(const ControlCommand& command) {
   } else {
     command.run(*this);
   }
+}
+
+void PriceDown::CommandFailed(const Failure& failure) {
+  const std::shared_ptr<HostEvents> events = environment_.events;
+  if (events != nullptr && !HasEnded()) events->Failed(failure);
 }
 
 bool PriceDown::IsEnabled(const ControlCommand& command) const {
@@ -64,16 +77,22 @@ void PriceDown::RunFromToolStrip(const ControlCommand& command) {
   grid_.Cells().Repaint();
 }
 
+// The bar's state counts, whatever a host's own tool of that name showed before.
 void PriceDown::ToggleToolStrip(const ObjectPtr& tool) {
-  tool->Put(u"Checked", !ToBoolean(tool->Get(u"Checked")));
-  FollowTool(tool, kToolStripTool);
+  const bool checked = !bar_->CheckTool(kToolStripTool)->Checked();
+  bar_->CheckTool(kToolStripTool)->SetChecked(checked);
+  // The host is notified, and may close the control. Its tool need not have a state.
+  if (!HasEnded()) SkipFailing([&] { tool->Put(u"Checked", checked); });
+  if (!HasEnded()) LayOut();
 }
 
-// The clicked tool may be the host's; the layout reads the bar's tool of that name.
-void PriceDown::FollowTool(const ObjectPtr& tool, std::u16string_view name) {
-  const bool checked = ToBoolean(tool->Get(u"Checked"));
-  bar_->Add({std::u16string(name), {}, {}, {}})->SetChecked(checked);
-  // The notified host may have closed the control.
+// The host has changed the state of its tool; a tool without one toggles.
+void PriceDown::FollowStatusBarTool(const ObjectPtr& tool) {
+  const std::shared_ptr<CommandBarTool> own = bar_->CheckTool(kStatusBarTool);
+  bool checked = !own->Checked();
+  SkipFailing([&] { checked = ToBoolean(tool->Get(u"Checked")); });
+  if (HasEnded()) return;
+  own->SetChecked(checked);
   if (!HasEnded()) LayOut();
 }
 

@@ -6,14 +6,10 @@ namespace pricedown {
 // Reads the check tools every time, so resizing, a new splitter position and a changed check tool
 // share one path.
 void PriceDown::LayOut() {
-  layout_ = ComputeLayout({ports_.view.ControlSize(), splitter_.Position(), IsShown(kToolStripTool),
-                           IsShown(kStatusBarTool)});
+  layout_ = ComputeLayout({ports_.view.ControlSize(), splitter_.Position(),
+                           bar_->CheckTool(kToolStripTool)->Checked(),
+                           bar_->CheckTool(kStatusBarTool)->Checked()});
   ports_.view.Place(layout_);
-}
-
-bool PriceDown::IsShown(std::u16string_view checkTool) const {
-  const auto tool = bar_->Tool(checkTool);
-  return tool == nullptr || tool->Checked();
 }
 
 void PriceDown::Resized() {

@@ -33,6 +33,7 @@ PriceDown::PriceDown(PriceDownPorts ports)
       font_(environment_, document_, grid_.Cells(), ports_.fontView),
       printing_(environment_, grid_.Cells(), document_, ports_.printOutput, font_),
       bar_(std::make_shared<CommandBar>(ports_.lifetime)) {
+  environment_.events = ports_.events;
   bar_->OnClick([this](const ObjectPtr& tool) {
     const std::shared_ptr<void> held = ports_.hold ? ports_.hold() : nullptr;
     CommandBarToolClicked(tool);
@@ -109,6 +110,8 @@ Value PriceDown::ModelCurrent() {
 
 void PriceDown::Terminate() {
   if (!environment_.lifetime.End()) return;
+  // Nothing reaches the host after this.
+  if (const auto events = std::exchange(environment_.events, nullptr)) events->Closing();
   SkipFailing([&] { SaveSelection(); });
   // Moved out first: releasing the last reference may call back into the control.
   std::exchange(parentWindow_, nullptr).reset();

@@ -42,6 +42,8 @@ struct PriceDownPorts {
   std::function<std::shared_ptr<void>()> hold = {};
   // Ended by Terminate.
   Lifetime lifetime = {};
+  // May be null.
+  std::shared_ptr<HostEvents> events = nullptr;
 };
 
 class PriceDown {
@@ -86,6 +88,8 @@ class PriceDown {
   // By button, key or menu; a no-op while the command is disabled.
   void CommandChosen(const ControlCommand& command);
   bool IsEnabled(const ControlCommand& command) const;
+  // A command of the user has failed.
+  void CommandFailed(const Failure& failure);
 
   // Of the find bar; null once the control has ended.
   Find* Finding() { return HasEnded() ? nullptr : &find_; }
@@ -118,14 +122,14 @@ class PriceDown {
   // Under the hourglass.
   void LoadTree();
   void LayOut();
-  bool IsShown(std::u16string_view checkTool) const;
   Rectangle DragBar() const;
-  void CommandBarToolClicked(const ObjectPtr& tool);
+  // Returns the command that has run; null when none has.
+  const ControlCommand* CommandBarToolClicked(const ObjectPtr& tool);
   // True also while the bar has no tool of that name.
   bool IsToolEnabled(std::u16string_view name) const;
   void RunFromToolStrip(const ControlCommand& command);
   void ToggleToolStrip(const ObjectPtr& tool);
-  void FollowTool(const ObjectPtr& tool, std::u16string_view name);
+  void FollowStatusBarTool(const ObjectPtr& tool);
   friend std::span<const ControlCommand> ControlCommands();
 
   PriceDownPorts ports_;

@@ -36,7 +36,7 @@ class FindView {
 class PriceDownView : public FindView {
  public:
   virtual void SetTitle(std::u16string_view text) = 0;
-  // An empty name leaves the font's name and character set as they are.
+  // An empty name leaves the font's name as it is.
   virtual void SetTitleFont(const Font& font) = 0;
   virtual void SetPeriod(std::u16string_view text) = 0;
   virtual void DisableButton(const Command& command) = 0;

@@ -43,9 +43,21 @@ class ControlWorld {
   }
 
   void Create() {
-    control = std::make_unique<PriceDown>(
-        PriceDownPorts{factory, state, questions, screen, container, view, treeView, fontView,
-                       u"Host", factory.NewObject(u"form"), editor, output, hold});
+    control = std::make_unique<PriceDown>(PriceDownPorts{factory,
+                                                         state,
+                                                         questions,
+                                                         screen,
+                                                         container,
+                                                         view,
+                                                         treeView,
+                                                         fontView,
+                                                         u"Host",
+                                                         factory.NewObject(u"form"),
+                                                         editor,
+                                                         output,
+                                                         hold,
+                                                         {},
+                                                         events});
   }
   void CreateAndInitialize() {
     Create();
@@ -86,6 +98,7 @@ class ControlWorld {
   Environment formEnvironment{factory, state, questions, screen, u"Host"};
   RecordingEditor editor{formEnvironment, factory.GetRecorder(), log};
   std::function<std::shared_ptr<void>()> hold;
+  std::shared_ptr<HostEvents> events;
   RecordingOutput output{factory.GetRecorder()};
   std::unique_ptr<PriceDown> control;
 

@@ -1,0 +1,118 @@
+// What a control tells its host: selections, written and deleted classes, failures, its end.
+#include "env/host_events.h"
+
+#include <functional>
+#include <string>
+#include <utility>
+
+#include "tests/browser/class_deletion.h"
+#include "tests/control/dispatch_fixture.h"
+
+namespace pricedown::testing {
+namespace {
+
+// Log lines: event selection "01", event class 3 "01", event closing, event failed 5 "text".
+class RecordingEvents : public HostEvents {
+ public:
+  explicit RecordingEvents(CallLog log) : log_(std::move(log)) {}
+
+  void SelectionChanged(std::u16string_view classNumber) override {
+    Log("event selection " + Quoted(classNumber));
+  }
+  void ClassChanged(ClassChange change, std::u16string_view classNumber) override {
+    Log("event class " + std::to_string(static_cast<int>(change)) + " " + Quoted(classNumber));
+  }
+  void Closing() override { Log("event closing"); }
+  void Failed(const Failure& failure) override {
+    Log("event failed " + std::to_string(failure.code) + " " + Quoted(failure.description));
+  }
+
+  std::function<void()> whenTold;
+
+ private:
+  void Log(const std::string& line) {
+    log_.Add(line);
+    if (whenTold) std::exchange(whenTold, nullptr)();
+  }
+
+  CallLog log_;
+};
+
+class ControlEvents : public Dispatch {
+ protected:
+  ControlEvents() { world_.events = events_; }
+
+  // The lines of the events alone.
+  std::string Told() const {
+    std::string text;
+    for (const std::string& line : world_.log.Lines()) {
+      if (line.starts_with("event ")) text += line + "\n";
+    }
+    return text;
+  }
+  void ScriptDeletion() {
+    AnswerStatement(world_.factory, kVoucher, Rows({u"FVoucherID"}, {}));
+    AnswerStatement(world_.factory, kHistory, Rows({u"FItemID"}, {}));
+    AnswerNothing(world_.factory, kDeleteProvision);
+    AnswerNothing(world_.factory, kDeleteClass);
+    world_.questions.WillAnswer({true});
+  }
+
+  std::shared_ptr<RecordingEvents> events_ = std::make_shared<RecordingEvents>(world_.log);
+};
+
+TEST_F(ControlEvents, TellTheClassThatIsShownFirst) {
+  world_.CreateAndInitialize();
+  world_.control->Show(nullptr);
+  EXPECT_EQ(Told(), "event selection \"01\"\n");
+}
+
+TEST_F(ControlEvents, TellAnotherSelectionAndNotTheSameAgain) {
+  Start();
+  Control().NodeClicked(1);
+  Control().NodeClicked(1);
+  Control().NodeClicked(2);
+  EXPECT_EQ(Told(), "event selection \"\"\nevent selection \"01\"\n");
+}
+
+TEST_F(ControlEvents, TellADeletedClassBeforeTheRootIsSelected) {
+  Start();
+  ScriptDeletion();
+  Control().delRecord();
+  EXPECT_EQ(Told(), "event class 3 \"01\"\nevent selection \"\"\n");
+}
+
+TEST_F(ControlEvents, TellNothingOfADeletionThatTheUserRefuses) {
+  Start();
+  world_.questions.WillAnswer({false});
+  Control().delRecord();
+  EXPECT_EQ(Told(), "");
+}
+
+TEST_F(ControlEvents, LeaveTheTreeAloneWhenADeletionEndsTheControl) {
+  Start();
+  Control().ItemCells().Attach(nullptr);
+  ScriptDeletion();
+  events_->whenTold = [this] { Control().Terminate(); };
+  Control().delRecord();
+  EXPECT_EQ(Told(), "event class 3 \"01\"\nevent closing\n");
+  EXPECT_EQ(world_.log.Count("tree clear"), 0u);
+}
+
+TEST_F(ControlEvents, TellTheEndOnceAndNothingAfterIt) {
+  Start();
+  Control().ItemCells().Attach(nullptr);
+  Control().Terminate();
+  Control().Terminate();
+  Control().CommandFailed({-5, u"late", u""});
+  EXPECT_EQ(Told(), "event closing\n");
+}
+
+TEST_F(ControlEvents, TellAFailedCommand) {
+  Start();
+  Control().CommandFailed({-5, u"没有连接", u"suite"});
+  EXPECT_EQ(Told(), "event failed -5 \"没有连接\"\n");
+}
+
+}  // namespace
+}  // namespace pricedown::testing
