@@ -2,15 +2,16 @@
 // called.
 #include "windows/print/print_job.h"
 
+#include <string>
+
+#include "env/translation.h"
 #include "platform/text.h"
+#include "windows/com/wide_text.h"
 #include "windows/print/page_painter.h"
 #include "windows/print/print_failure.h"
 
 namespace pricedown::windows {
 namespace {
-
-// Not translated: spoolers make file names of it, some of them in ASCII only.
-constexpr const wchar_t* kDocumentName = L"PriceDown item list";
 
 // Runs a call that returns more than 0 on success; throws otherwise.
 template <typename Call>
@@ -35,7 +36,8 @@ class Document {
   bool Begin() {
     DOCINFOW document{};
     document.cbSize = sizeof document;
-    document.lpszDocName = kDocumentName;
+    const std::wstring name = DocumentName(GetACP());
+    document.lpszDocName = name.c_str();
     SetLastError(ERROR_SUCCESS);
     const int answer = spooler_.BeginDocument(context_, document);
     const DWORD error = GetLastError();
@@ -66,6 +68,16 @@ PageScale ScaleOf(const PrinterDots& dots) {
 }
 
 }  // namespace
+
+std::wstring DocumentName(UINT codePage) {
+  std::wstring name = ToWide(Translate(u"物料类别维护-明细物料"));
+  BOOL lacks = FALSE;
+  if (codePage != CP_UTF8) {
+    WideCharToMultiByte(codePage, WC_NO_BEST_FIT_CHARS, name.data(), static_cast<int>(name.size()),
+                        nullptr, 0, nullptr, &lacks);
+  }
+  return lacks == FALSE ? name : L"PriceDown item list";
+}
 
 bool RunPrintJob(const Printer& printer, const PrintPages& pages, DeviceMeasurer& measurer,
                  const PrintOrder& order, PrintWatcher& watcher) {

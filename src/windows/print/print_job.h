@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <cstdint>
+#include <string>
 
 #include "print/print_order.h"
 #include "print/print_pages.h"
@@ -26,5 +27,8 @@ class PrintWatcher {
 // `pages` were made with `measurer` for its paper.
 bool RunPrintJob(const Printer& printer, const PrintPages& pages, DeviceMeasurer& measurer,
                  const PrintOrder& order, PrintWatcher& watcher);
+
+// What spoolers show a job as: in ASCII where the code page, which they use, lacks the characters.
+std::wstring DocumentName(UINT codePage);
 
 }  // namespace pricedown::windows

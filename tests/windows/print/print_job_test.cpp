@@ -22,6 +22,10 @@ class Watcher final : public windows::PrintWatcher {
 };
 
 // Two pages; the font is one that every system has.
+std::string JobName(UINT codePage = GetACP()) {
+  return Utf8(windows::DocumentName(codePage).c_str());
+}
+
 class PrintJobTest : public ::testing::Test {
  protected:
   PrintJobTest() {
@@ -57,12 +61,20 @@ TEST_F(PrintJobTest, SendsThePagesToThePrinterOneByOne) {
   EXPECT_TRUE(Print());
   EXPECT_EQ(spooler_.log,
             "open PDF portrait\n"
-            "begin \"PriceDown item list\"\n"
-            "page\npage end\n"
-            "page\npage end\n"
-            "end\n"
-            "close\n");
+            "begin \"" +
+                JobName() +
+                "\"\n"
+                "page\npage end\n"
+                "page\npage end\n"
+                "end\n"
+                "close\n");
   EXPECT_EQ(watcher_.seen, "1/2 2/2 ");
+}
+
+TEST(PrintJobName, IsChineseWhereTheCodePageHasTheCharacters) {
+  EXPECT_EQ(JobName(936), "物料类别维护-明细物料");
+  EXPECT_EQ(JobName(CP_UTF8), "物料类别维护-明细物料");
+  EXPECT_EQ(JobName(1252), "PriceDown item list");
 }
 
 TEST_F(PrintJobTest, UsesLandscapePaperForLandscapePages) {
@@ -85,7 +97,7 @@ TEST_F(PrintJobTest, EndsAtEachCallThatFails) {
   };
   const std::vector<Failing> calls{
       {"open PDF portrait fails\n", "80070070 无法打开打印机 PDF："},
-      {"begin \"PriceDown item list\" fails\n" + closing, "80070070 打印作业无法开始："},
+      {"begin \"" + JobName() + "\" fails\n" + closing, "80070070 打印作业无法开始："},
       {"page fails\nabort\n" + closing, "80070070 打印页无法开始："},
       {"page end fails\nabort\n" + closing, "80070070 打印页无法完成："},
       {"page fails\nabort\n" + closing, "80070070 打印页无法开始："},
@@ -128,8 +140,7 @@ TEST_F(PrintJobTest, DoesNotBeginOnAPrinterWithoutAResolution) {
 TEST_F(PrintJobTest, IsAbortedWhenTheUserCancelsItHalfway) {
   watcher_.lastSheet = 2;
   EXPECT_FALSE(Print());
-  EXPECT_TRUE(
-      spooler_.log.ends_with("begin \"PriceDown item list\"\npage\npage end\nabort\nclose\n"))
+  EXPECT_TRUE(spooler_.log.ends_with("begin \"" + JobName() + "\"\npage\npage end\nabort\nclose\n"))
       << spooler_.log;
 }
 
