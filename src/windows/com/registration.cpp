@@ -9,6 +9,7 @@ namespace pricedown::windows {
 namespace {
 
 constexpr const wchar_t* kAutomationProxy = L"{00020424-0000-0000-C000-000000000046}";
+constexpr const wchar_t* kDispatchProxy = L"{00020420-0000-0000-C000-000000000046}";
 constexpr const wchar_t* kControlCategory = L"{40FC6ED4-2438-11CF-A3DB-080036F12502}";
 constexpr const wchar_t* kPlatform = sizeof(void*) == 8 ? L"win64" : L"win32";
 
@@ -86,7 +87,8 @@ void WriteLibrary(HKEY root, const TypeLibraryEntry& library, const std::wstring
   for (const InterfaceEntry& one : library.interfaces) {
     const std::wstring interfaceKey = InterfaceKey(one);
     WriteText(root, interfaceKey, L"", one.name);
-    WriteText(root, interfaceKey + L"\\ProxyStubClsid32", L"", kAutomationProxy);
+    WriteText(root, interfaceKey + L"\\ProxyStubClsid32", L"",
+              one.dispatchOnly ? kDispatchProxy : kAutomationProxy);
     WriteText(root, interfaceKey + L"\\TypeLib", L"", GuidText(library.id));
     WriteText(root, interfaceKey + L"\\TypeLib", L"Version", library.version);
   }
@@ -106,8 +108,13 @@ void RemoveLibrary(HKEY root, const TypeLibraryEntry& library, FirstRemovalFailu
 void RemoveClass(HKEY root, const ClassEntry& entry, FirstRemovalFailure& failure) {
   failure.Note(RemoveTree(root, ClassKey(entry)));
   if (ExistsForOtherWordSize(root, ClassKey(entry))) return;
-  failure.Note(RemoveTree(root, ProgIdKey(entry)));
-  failure.Note(RemoveTree(root, UnderClasses(VersionedProgId(entry))));
+  for (const std::wstring& progId : {ProgIdKey(entry), UnderClasses(VersionedProgId(entry))}) {
+    // Another program may have registered its class under that name since.
+    const std::wstring id = ReadText(root, progId + L"\\CLSID");
+    if (id.empty() || lstrcmpiW(id.c_str(), GuidText(entry.id).c_str()) == 0) {
+      failure.Note(RemoveTree(root, progId));
+    }
+  }
 }
 
 FirstRemovalFailure RemoveAll(const ServerEntries& entries, RegistrationScope scope) {

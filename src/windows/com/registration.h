@@ -13,6 +13,7 @@ namespace pricedown::windows {
 struct InterfaceEntry {
   IID id;
   std::wstring name;
+  bool dispatchOnly = false;  // no members beside those of IDispatch
 };
 
 struct TypeLibraryEntry {
@@ -42,8 +43,9 @@ enum class RegistrationScope { Machine, User };
 // what it has written.
 void Register(const ServerEntries& entries, RegistrationScope scope, const std::wstring& module);
 
-// Removes all entries; missing ones are no failure. Keys shared with a build of the other word
-// size are left while that one is registered. Throws AutomationError when an entry stays.
+// Removes all entries; missing ones are no failure, and a ProgID that has come to name another
+// class stays. Keys shared with a build of the other word size are left while that one is
+// registered. Throws AutomationError when an entry stays.
 void Unregister(const ServerEntries& entries, RegistrationScope scope);
 
 }  // namespace pricedown::windows

@@ -1,6 +1,7 @@
 // The system's registry functions with errors as exceptions.
 #include "windows/com/registry_key.h"
 
+#include <algorithm>
 #include <optional>
 
 #include "windows/com/failure.h"
@@ -61,6 +62,19 @@ void WriteText(HKEY root, const std::wstring& key, const std::wstring& name,
   ThrowIfError(RegSetValueExW(open.get(), name.empty() ? nullptr : name.c_str(), 0, REG_SZ,
                               reinterpret_cast<const BYTE*>(text.c_str()),
                               static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t))));
+}
+
+std::wstring ReadText(HKEY root, const std::wstring& key) {
+  DWORD bytes = 0;
+  const auto read = [&](wchar_t* text) {
+    return RegGetValueW(root, key.c_str(), nullptr, RRF_RT_REG_SZ, nullptr, text, &bytes) ==
+           ERROR_SUCCESS;
+  };
+  if (!read(nullptr)) return {};
+  std::wstring text(bytes / sizeof(wchar_t), L'\0');
+  if (!read(text.data())) return {};
+  text.resize(std::min(text.size(), text.find(L'\0')));
+  return text;
 }
 
 LSTATUS RemoveTree(HKEY root, const std::wstring& key) {

@@ -12,6 +12,9 @@ namespace pricedown::windows {
 void WriteText(HKEY root, const std::wstring& key, const std::wstring& name,
                const std::wstring& text);
 
+// The key's own value; empty when there is none.
+std::wstring ReadText(HKEY root, const std::wstring& key);
+
 // Removes a key with everything below it; a missing key is no error.
 LSTATUS RemoveTree(HKEY root, const std::wstring& key);
 

@@ -5,6 +5,7 @@
 #include "tests/windows/raw_call.h"
 #include "tests/windows/server/library.h"
 #include "tests/windows/server/registry_picture.h"
+#include "windows/com/registry_key.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::testing {
@@ -47,6 +48,13 @@ void ExpectEntries(const std::set<std::string>& added) {
   EXPECT_TRUE(has("ZEPPriceDownPrepare.PriceDown\\CurVer:  = ZEPPriceDownPrepare.PriceDown.1"));
   EXPECT_TRUE(has(std::string("ZEPPriceDownPrepare.updatePrice.1\\CLSID:  = ") + kPriceId));
   EXPECT_TRUE(has("Interface\\{E02CFE1B-1B92-436F-8212-FDCCC4432A17}:  = _PriceDown"));
+  // The system's proxies: one for dual interfaces, one for those that are dispatched alone.
+  EXPECT_TRUE(
+      has("Interface\\{6C59F88D-372A-493A-B6D0-3660F2266A03}\\ProxyStubClsid32:  = "
+          "{00020424-0000-0000-C000-000000000046}"));
+  EXPECT_TRUE(
+      has("Interface\\{48F75CB7-8FB6-4E6B-8803-47D37E6ADD77}\\ProxyStubClsid32:  = "
+          "{00020420-0000-0000-C000-000000000046}"));
   EXPECT_TRUE(HasTypeLibrary(added, path));
 }
 
@@ -62,8 +70,8 @@ class Registration : public ::testing::Test {
 
  private:
   static std::set<std::string> Below(HKEY root) {
-    return RegisteredClasses(
-        root, {L"ZEPPriceDown", L"5CBA2460", L"6DA8E470", L"EA4EA8E5", L"E02CFE1B", L"00F03FE3"});
+    return RegisteredClasses(root, {L"ZEPPriceDown", L"5CBA2460", L"6DA8E470", L"EA4EA8E5",
+                                    L"E02CFE1B", L"00F03FE3", L"6C59F88D", L"48F75CB7"});
   }
 
  protected:
@@ -124,6 +132,17 @@ TEST_F(Registration, KnowsNoOtherArgument) {
   const auto machine = Machine();
   EXPECT_EQ(library.Install(true, L"everybody"), E_INVALIDARG);
   EXPECT_EQ(Machine(), machine);
+}
+
+TEST_F(Registration, LeavesAProgIdThatAnotherClassHasTaken) {
+  const std::wstring name = L"ZEPPriceDownPrepare.updatePrice";
+  ASSERT_EQ(library.RegisterServer(), S_OK);
+  windows::WriteText(HKEY_LOCAL_MACHINE, L"Software\\Classes\\" + name + L"\\CLSID", L"",
+                     L"{00000000-0000-0000-0000-000000000001}");
+  ASSERT_EQ(library.UnregisterServer(), S_OK);
+  EXPECT_TRUE(Machine().contains(Utf8(windows::FromWide(name))));
+  EXPECT_FALSE(Machine().contains("ZEPPriceDownPrepare.updatePrice.1"));
+  RegDeleteTreeW(HKEY_LOCAL_MACHINE, (L"Software\\Classes\\" + name).c_str());
 }
 
 // The other word size shares the type library's key and the ProgIDs.

@@ -1,5 +1,4 @@
-// WorkbenchSuite.dll: the suite's objects behind class ids, for hosts and scripts on Windows. A
-// manifest or a test's registry entries name the classes.
+// WorkbenchSuite.dll: the suite's objects behind class ids, for hosts and scripts on Windows.
 #include <windows.h>
 
 #include <iterator>
@@ -11,6 +10,7 @@
 #include "windows/com/wide_text.h"
 #include "workbench/pickers/dialog/dialog_pickers.h"
 #include "workbench/suite/com/class_ids.h"
+#include "workbench/suite/com/suite_registration.h"
 #include "workbench/suite/suite_factory.h"
 
 namespace workbench {
@@ -84,6 +84,20 @@ class SuiteClassFactory final : public ComClass<IClassFactory> {
 }  // namespace
 }  // namespace workbench
 
+namespace {
+
+HRESULT SetSuiteRegistered(bool registered, pricedown::windows::RegistrationScope scope) noexcept {
+  return pricedown::windows::AtBoundary([&] {
+    if (registered) {
+      workbench::RegisterSuite(scope, workbench::TheServer().module);
+    } else {
+      workbench::UnregisterSuite(scope);
+    }
+  });
+}
+
+}  // namespace
+
 BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, void*) {
   if (reason == DLL_PROCESS_ATTACH) {
     workbench::TheServer().module = module;
@@ -109,3 +123,24 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** result) {
 // The suite's state outlives its objects (each command creates its own connection), so the DLL
 // stays loaded until the process ends.
 STDAPI DllCanUnloadNow() { return S_FALSE; }
+
+STDAPI DllRegisterServer() {
+  return SetSuiteRegistered(true, pricedown::windows::RegistrationScope::Machine);
+}
+
+// Removes both kinds of registration.
+STDAPI DllUnregisterServer() {
+  using pricedown::windows::RegistrationScope;
+  const HRESULT user = SetSuiteRegistered(false, RegistrationScope::User);
+  const HRESULT machine = SetSuiteRegistered(false, RegistrationScope::Machine);
+  return FAILED(machine) ? machine : user;
+}
+
+// `commandLine` is "user" for the current user alone and empty for the machine.
+STDAPI DllInstall(BOOL install, LPCWSTR commandLine) {
+  using pricedown::windows::RegistrationScope;
+  const bool machine = commandLine == nullptr || *commandLine == L'\0';
+  if (!machine && lstrcmpiW(commandLine, L"user") != 0) return E_INVALIDARG;
+  return SetSuiteRegistered(install != FALSE,
+                            machine ? RegistrationScope::Machine : RegistrationScope::User);
+}

@@ -1,0 +1,68 @@
+// Which classes are registered, and the check for an installed suite.
+#include "workbench/suite/com/suite_registration.h"
+
+#include <ole2.h>
+
+#include <iterator>
+#include <string>
+
+#include "platform/error.h"
+#include "platform/text.h"
+#include "windows/com/failure.h"
+#include "windows/com/wide_text.h"
+#include "workbench/suite/com/class_ids.h"
+#include "workbench/suite/suite_factory.h"
+
+namespace workbench {
+namespace {
+
+using pricedown::windows::RegistrationScope;
+using pricedown::windows::ServerEntries;
+
+constexpr std::u16string_view kSystemClass = u"ADODB.Recordset";
+
+ServerEntries SuiteEntries() {
+  ServerEntries entries;
+  const auto classes = SuiteClasses();
+  for (std::size_t i = 0; i < std::size(kSuiteClassIds) && i < classes.size(); ++i) {
+    if (classes[i].progId == kSystemClass) continue;
+    const std::wstring name = pricedown::windows::ToWide(classes[i].progId);
+    entries.classes.push_back({.id = kSuiteClassIds[i], .name = name, .progId = name});
+  }
+  return entries;
+}
+
+void RefuseInstalledSuite(const ServerEntries& entries) {
+  for (const auto& entry : entries.classes) {
+    CLSID id{};
+    if (FAILED(CLSIDFromProgID(entry.progId.c_str(), &id)) || id == entry.id) continue;
+    throw pricedown::AutomationError(
+        HRESULT_FROM_WIN32(ERROR_ALREADY_EXISTS),
+        pricedown::Concatenate(
+            {u"已由另一个程序登记: ", pricedown::windows::FromWide(entry.progId)}));
+  }
+}
+
+std::wstring PathOf(HINSTANCE module) {
+  std::wstring path(MAX_PATH, L'\0');
+  for (;;) {
+    const DWORD length = GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()));
+    if (length == 0) pricedown::windows::ThrowLastError();
+    if (length < path.size()) return path.substr(0, length);
+    path.resize(path.size() * 2);
+  }
+}
+
+}  // namespace
+
+void RegisterSuite(RegistrationScope scope, HINSTANCE module) {
+  const ServerEntries entries = SuiteEntries();
+  RefuseInstalledSuite(entries);
+  pricedown::windows::Register(entries, scope, PathOf(module));
+}
+
+void UnregisterSuite(RegistrationScope scope) {
+  pricedown::windows::Unregister(SuiteEntries(), scope);
+}
+
+}  // namespace workbench

@@ -1,0 +1,16 @@
+// The registry entries of the stand-in suite.
+#pragma once
+
+#include <windows.h>
+
+#include "windows/com/registration.h"
+
+namespace workbench {
+
+// All classes but ADODB.Recordset, which is the system's. Throws AutomationError, and registers
+// nothing, where a ProgID names a class of another program: a suite that is installed stays.
+void RegisterSuite(pricedown::windows::RegistrationScope scope, HINSTANCE module);
+// Throws AutomationError when an entry stays.
+void UnregisterSuite(pricedown::windows::RegistrationScope scope);
+
+}  // namespace workbench
