@@ -62,9 +62,10 @@ FontHandle MakeFont(const Font& font, double dotsPerInch) {
 
 FontHandle MakeMessageFont(Dpi dpi) { return Make(MessageFont(dpi)); }
 
-FontHandle MakeMessageFont(double points, Dpi dpi) {
+FontHandle MakeMessageFont(const Font& font, Dpi dpi) {
   LOGFONTW description = MessageFont(dpi);
-  description.lfHeight = dpi.FontHeight(points);
+  description.lfHeight = dpi.FontHeight(font.size);
+  if (font.charset != kAnyCharset) description.lfCharSet = CharsetOf(font);
   return Make(description);
 }
 

@@ -27,8 +27,8 @@ BYTE CharsetOf(const Font& font);
 
 // The font that the user's system shows messages in.
 FontHandle MakeMessageFont(Dpi dpi);
-// The same in another size.
-FontHandle MakeMessageFont(double points, Dpi dpi);
+// The same in the size of `font`, and in its character set unless that is kAnyCharset.
+FontHandle MakeMessageFont(const Font& font, Dpi dpi);
 
 // Height of a line in pixels, on the given context.
 int LineHeight(HDC context, HFONT font);

@@ -288,9 +288,12 @@ LRESULT ToolStripWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       events_.FocusEntered(reinterpret_cast<HWND>(wParam));
       return result;
     }
-    case WM_KILLFOCUS:
+    case WM_KILLFOCUS: {
       SendMessageW(Handle(), TB_SETHOTITEM, static_cast<WPARAM>(kNoButton), 0);
-      break;
+      const LRESULT result = Default(message, wParam, lParam);
+      events_.FocusLeft(reinterpret_cast<HWND>(wParam));
+      return result;
+    }
     default:
       break;
   }

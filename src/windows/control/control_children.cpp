@@ -27,12 +27,12 @@ constexpr UINT kMarqueePause = 30;  // milliseconds
 void ControlChildren::Create(HWND parent) {
   const Dpi dpi = Dpi::Of(parent);
   constexpr DWORD label = WS_VISIBLE | SS_NOPREFIX | SS_CENTERIMAGE | SS_ENDELLIPSIS;
+  // The dialog manager goes by this order: tree, grid, tool strip.
   title.Create(parent, module, L"STATIC", control_ids::kTitle, label | SS_LEFT);
   period.Create(parent, module, L"STATIC", control_ids::kPeriod, label | SS_RIGHT);
   firstLabel.Create(parent, module, L"STATIC", control_ids::kFirstLabel, label | SS_LEFT);
   secondLabel.Create(parent, module, L"STATIC", control_ids::kSecondLabel, label | SS_RIGHT);
   upperLine.Create(parent, module, control_ids::kUpperLine);
-  strip.Create(parent, module, control_ids::kToolStrip, dpi, Translate(kStripName));
   lowerLine.Create(parent, module, control_ids::kLowerLine);
   classHeading.Create(parent, module, control_ids::kClassHeading, Translate(kTreeName));
   tree.Create(parent, module, dpi, Translate(kTreeName));
@@ -41,6 +41,7 @@ void ControlChildren::Create(HWND parent) {
   itemHeading.Create(parent, module, control_ids::kItemHeading, Translate(kGridName));
   pane.Create(parent, module);
   grid.Create(pane.Handle(), module, Translate(kGridName));
+  strip.Create(parent, module, control_ids::kToolStrip, dpi, Translate(kStripName));
   // In front of the status bar, over its last panel.
   progressBar.Create(parent, module, PROGRESS_CLASSW, control_ids::kProgressBar, PBS_MARQUEE);
   statusBar.Create(parent, module, Translate(kStatusName));
@@ -72,8 +73,7 @@ void ControlChildren::ListCaptions() {
 
 void ControlChildren::MakeFonts(Dpi dpi) {
   const Font& wanted = titleDescription;
-  FontHandle forTitle =
-      wanted.name.empty() ? MakeMessageFont(wanted.size, dpi) : MakeFont(wanted, dpi);
+  FontHandle forTitle = wanted.name.empty() ? MakeMessageFont(wanted, dpi) : MakeFont(wanted, dpi);
   FontHandle forTexts = MakeMessageFont(dpi);
   SetFontOf(title.Handle(), forTitle.Get());
   for (const BoundWindow* window : std::initializer_list<const BoundWindow*>{

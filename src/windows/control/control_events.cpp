@@ -38,8 +38,10 @@ void ControlWindow::RunCommand(Command&& command) {
   try {
     command(*control_);
   } catch (...) {
-    // The failed command may have destroyed the owner.
-    ReportFailure(IsWindow(owner) != FALSE ? owner : nullptr, CurrentFailure());
+    const Failure failure = CurrentFailure();
+    if (control_ != nullptr) control_->CommandFailed(failure);
+    // The failed command, or the host that was told, may have destroyed the owner.
+    ReportFailure(IsWindow(owner) != FALSE ? owner : nullptr, failure);
   }
 }
 
@@ -102,15 +104,19 @@ void ControlWindow::SplitterEvent(SplitterAction action, std::int32_t pixels) {
   });
 }
 
-void ControlWindow::FocusEntered(HWND from) {
+void ControlWindow::FocusEntered(HWND) {
   children_->lastFocus = GetFocus();
   // An open form may have taken the class.
   ShowStatus();
-  // Not IsChild: the control's own window only passes on a focus from outside.
-  if (from != nullptr && IsChild(Handle(), from) != FALSE) return;
   // A copy, because the call may end the control.
-  const std::function<void()> handler = uiActivate_;
-  if (handler) handler();
+  const std::function<void(bool)> handler = focusChange_;
+  if (handler) handler(true);
+}
+
+void ControlWindow::FocusLeft(HWND to) {
+  if (Holds(to)) return;
+  const std::function<void(bool)> handler = focusChange_;
+  if (handler) handler(false);
 }
 
 void ControlWindow::ItemsChanged() {

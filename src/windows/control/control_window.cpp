@@ -35,6 +35,7 @@ ControlWindow::ControlWindow(HINSTANCE module)
 
 ControlWindow::~ControlWindow() {
   Attach(nullptr);
+  focusChange_ = nullptr;
   children_->form->Detach();
   children_->parking.OnSystemChange(nullptr);
   // Destroys the children's windows as well, before their objects.
@@ -51,8 +52,8 @@ void ControlWindow::HoldDuringEvents(std::function<std::shared_ptr<void>()> hold
   hold_ = std::move(hold);
 }
 
-void ControlWindow::OnUiActivate(std::function<void()> handler) {
-  uiActivate_ = std::move(handler);
+void ControlWindow::OnFocusChange(std::function<void(bool gained)> handler) {
+  focusChange_ = std::move(handler);
 }
 
 HWND ControlWindow::DialogOwner() const {
@@ -70,10 +71,21 @@ void ControlWindow::MoveInto(HWND parent, const RECT& pixels) {
 
 void ControlWindow::MoveTo(const RECT& pixels) { SetPlaceOf(Handle(), pixels); }
 
+bool ControlWindow::Holds(HWND window) const {
+  if (Handle() == nullptr || window == nullptr) return false;
+  return window == Handle() || IsChild(Handle(), window) != FALSE;
+}
+
+void ControlWindow::Hide() {
+  if (Holds(GetFocus())) SetFocus(GetAncestor(Handle(), GA_PARENT));
+  if (Handle() != nullptr) ShowWindow(Handle(), SW_HIDE);
+  // The container may have refused the focus, or passed it back.
+  if (Holds(GetFocus())) SetFocus(nullptr);
+}
+
 void ControlWindow::Park() {
-  if (Handle() == nullptr) return;
-  ShowWindow(Handle(), SW_HIDE);
-  SetParent(Handle(), children_->parking.Handle());
+  Hide();
+  if (Handle() != nullptr) SetParent(Handle(), children_->parking.Handle());
 }
 
 ObjectPtr ControlWindow::Form() const { return children_->form; }
@@ -85,6 +97,7 @@ void ControlWindow::SetTitle(std::u16string_view text) {
 void ControlWindow::SetTitleFont(const Font& font) {
   Font& title = children_->titleDescription;
   title.size = font.size;
+  title.charset = font.charset;
   if (!font.name.empty()) title = font;
   children_->MakeFonts(Dpi::Of(Handle()));
 }

@@ -41,13 +41,16 @@ class ControlWindow final : public PriceDownView,
   // must keep the control with this window alive, because the host may close everything during the
   // event.
   void HoldDuringEvents(std::function<std::shared_ptr<void>()> hold);
-  // Called when a child receives the focus from outside.
-  void OnUiActivate(std::function<void()> handler);
+  // Called with true when one of the children has the focus, and with false when it has gone
+  // outside.
+  void OnFocusChange(std::function<void(bool gained)> handler);
 
   HWND Handle() const { return BoundWindow::Handle(); }
   // Shows the window at `pixels` of `parent`.
   void MoveInto(HWND parent, const RECT& pixels);
   void MoveTo(const RECT& pixels);
+  // Hides the window. A focus inside goes to the window around it before that.
+  void Hide();
   // Hides the window and moves it back into the parking window.
   void Park();
 
@@ -113,11 +116,13 @@ class ControlWindow final : public PriceDownView,
   void FindLeft() override;
   void TabPressed(bool backwards) override;
   void FocusEntered(HWND from) override;
+  void FocusLeft(HWND to) override;
   void ItemsChanged() override;
   void ItemsFilling() override;
   bool Waiting() const override { return work_.Waiting(); }
 
   std::shared_ptr<void> Hold() const { return hold_ ? hold_() : nullptr; }
+  bool Holds(HWND window) const;
   unsigned MenuOf(HWND child) const;
   bool UsesCommandKey(HWND focus, const KeyPress& press) const;
   template <typename Command>
@@ -128,7 +133,7 @@ class ControlWindow final : public PriceDownView,
   std::unique_ptr<ControlChildren> children_;
   PriceDown* control_ = nullptr;
   std::function<std::shared_ptr<void>()> hold_;
-  std::function<void()> uiActivate_;
+  std::function<void(bool)> focusChange_;
   LongWork work_;
 };
 

@@ -133,10 +133,13 @@ LRESULT SplitterWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       InvalidateRect(Handle(), nullptr, FALSE);
       events_.FocusEntered(reinterpret_cast<HWND>(wParam));
       return 0;
-    case WM_KILLFOCUS:
+    case WM_KILLFOCUS: {
+      const Lifetime window = WindowLifetime();
       InvalidateRect(Handle(), nullptr, FALSE);
       EndDrag(false);
+      if (!window.HasEnded()) events_.FocusLeft(reinterpret_cast<HWND>(wParam));
       return 0;
+    }
     default:
       return Default(message, wParam, lParam);
   }

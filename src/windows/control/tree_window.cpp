@@ -269,6 +269,11 @@ bool TreeWindow::OnContextMenu(LPARAM place) {
 LRESULT TreeWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_DESTROY) lastSelected_ = SelectedNode();
   if (message == WM_SETFOCUS) return OnFocus(wParam, lParam);
+  if (message == WM_KILLFOCUS) {
+    const LRESULT result = Default(message, wParam, lParam);
+    events_.FocusLeft(reinterpret_cast<HWND>(wParam));
+    return result;
+  }
   if (message == WM_KEYDOWN && OnKeyDown(wParam, IsRepeated(lParam))) return 0;
   // Tab, Enter, Ctrl+P: the system would look for a node of that name.
   if (message == WM_CHAR && wParam < L' ') return 0;

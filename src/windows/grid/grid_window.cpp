@@ -199,12 +199,14 @@ LRESULT GridWindow::OnFramePaint(WPARAM wParam, LPARAM lParam) {
 
 LRESULT GridWindow::OnFocus(UINT message, WPARAM wParam) {
   Invalidate();
-  const HWND from = reinterpret_cast<HWND>(wParam);
+  const HWND other = reinterpret_cast<HWND>(wParam);
   if (message == WM_SETFOCUS) {
-    events_.FocusEntered(from);
-  } else if (mouse_ != Mouse::Idle && from != Handle()) {
-    EndMouse(true);
+    events_.FocusEntered(other);
+    return 0;
   }
+  const Lifetime window = WindowLifetime();
+  if (mouse_ != Mouse::Idle && other != Handle()) EndMouse(true);
+  if (!window.HasEnded()) events_.FocusLeft(other);
   return 0;
 }
 

@@ -98,6 +98,7 @@ class GridWindow final : public BoundWindow,
   void BeginEditing(std::u16string_view first);
   void EditingAccepted(std::u16string_view text, WPARAM key) override;
   void EditingCancelled() override;
+  void EditorLeft(HWND to) override { events_.FocusLeft(to); }
   void CommandKeyPressed(WPARAM key) override;
 
   // GridAccess

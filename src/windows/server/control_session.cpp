@@ -6,7 +6,8 @@
 namespace pricedown::windows {
 
 ControlSession::ControlSession(Module& module, ContainerWindow& container,
-                               std::function<std::shared_ptr<void>()> hold)
+                               std::function<std::shared_ptr<void>()> hold,
+                               std::shared_ptr<HostEvents> events)
     : window_(module.instance),
       questions_(window_),
       screen_(window_),
@@ -14,7 +15,7 @@ ControlSession::ControlSession(Module& module, ContainerWindow& container,
       printOutput_(module.instance, window_, lifetime_) {
   core_.emplace(PriceDownPorts{module.factory, module.state, questions_, screen_, container,
                                window_, window_, window_, ProgramName(), window_.Form(), editor_,
-                               printOutput_, std::move(hold), lifetime_});
+                               printOutput_, std::move(hold), lifetime_, std::move(events)});
   window_.Attach(&*core_);
 }
 
@@ -26,7 +27,12 @@ ControlSession::~ControlSession() {
 void ControlSession::Initialize() {
   if (initialized_ || lifetime_.HasEnded()) return;
   initialized_ = true;
-  core_->Initialize();
+  try {
+    core_->Initialize();
+  } catch (...) {
+    failure_ = CurrentFailure();
+    throw;
+  }
 }
 
 void ControlSession::Terminate() noexcept {

@@ -21,7 +21,7 @@ class ControlSession {
   // `container` must outlive the session; the result of `hold` keeps both alive.
   // Throws AutomationError when there is no window.
   ControlSession(Module& module, ContainerWindow& container,
-                 std::function<std::shared_ptr<void>()> hold);
+                 std::function<std::shared_ptr<void>()> hold, std::shared_ptr<HostEvents> events);
   ~ControlSession();
   ControlSession(const ControlSession&) = delete;
   ControlSession& operator=(const ControlSession&) = delete;
@@ -33,6 +33,10 @@ class ControlSession {
   // same.
   void Initialize();
   bool IsInitialized() const { return initialized_; }
+  // Whether the creation has run without a failure and the session has not ended.
+  bool IsReady() const { return initialized_ && !failure_ && !lifetime_.HasEnded(); }
+  // Why the creation failed; nothing when it did not, or has not run.
+  const std::optional<Failure>& CreationFailure() const { return failure_; }
 
   // Runs the core's termination once.
   void Terminate() noexcept;
@@ -48,6 +52,7 @@ class ControlSession {
   WindowsPrintOutput printOutput_;
   std::optional<PriceDown> core_;
   bool initialized_ = false;
+  std::optional<Failure> failure_;
 };
 
 }  // namespace pricedown::windows

@@ -40,15 +40,16 @@ void HostedControl::NewSession() {
     };
     return std::make_shared<Held>(Held{ComPtr<IUnknown>::Share(&self_), session_});
   };
-  session_ = std::make_shared<ControlSession>(TheModule(), container_, hold);
+  session_ = std::make_shared<ControlSession>(TheModule(), container_, hold, events_);
   ControlWindow& window = session_->Window();
   window.HoldDuringEvents(hold);
-  window.OnUiActivate([this, hold] {
+  window.OnFocusChange([this, hold](bool gained) {
     const std::shared_ptr<void> held = hold();
     const auto session = session_;
-    if (activation_.IsActive()) {
+    if (gained && activation_.IsActive()) {
       activation_.ActivateUi(activeObject_, session->Window(), TakeFocus::No);
     }
+    if (activation_.IsActive()) activation_.NotifyFocus(gained);
   });
   FitParkedWindow();
 }
@@ -92,6 +93,7 @@ void HostedControl::Start() {
 void HostedControl::End() noexcept {
   const auto session = session_;
   session->Terminate();
+  events_->SetListener(nullptr);
 }
 
 void HostedControl::Activate(bool ui, bool atLast) {
@@ -117,7 +119,12 @@ void HostedControl::Activate(bool ui, bool atLast) {
 
 void HostedControl::Deactivate() {
   const auto session = session_;
-  activation_.Deactivate(site_.Copy().get(), session->Window());
+  activation_.Deactivate(session->Window());
+}
+
+void HostedControl::Hide() {
+  const auto session = session_;
+  activation_.Hide(session->Window());
 }
 
 void HostedControl::SetRects(const RECT& position, const RECT& clip) {

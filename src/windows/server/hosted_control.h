@@ -10,6 +10,7 @@
 #include "platform/first_failure.h"
 #include "windows/com/boundary.h"
 #include "windows/server/control_session.h"
+#include "windows/server/event_source.h"
 #include "windows/server/in_place_activation.h"
 #include "windows/server/site_container.h"
 
@@ -60,7 +61,9 @@ class HostedControl {
   // Starts a new session after an end, and activates. UI activation moves the focus to the first
   // child in tab order, or to the last one. Throws AutomationError.
   void Activate(bool ui, bool atLast = false);
-  void DeactivateUi() { activation_.DeactivateUi(site_.Copy().get()); }
+  void DeactivateUi() { activation_.DeactivateUi(); }
+  // Hides the window of the active control; showing it again activates nothing anew.
+  void Hide();
   void Deactivate();
   const InPlaceActivation& Activation() const { return activation_; }
   // False in design mode.
@@ -75,6 +78,8 @@ class HostedControl {
   void SetExtent(const SIZEL& himetric);
 
   ControlWindow& Window() { return session_->Window(); }
+  ControlSession& Session() { return *session_; }
+  EventSource& Events() { return *events_; }
 
  private:
   // Throws AutomationError in design mode.
@@ -87,6 +92,7 @@ class HostedControl {
   const DWORD thread_ = GetCurrentThreadId();
   IUnknown& self_;
   IOleInPlaceActiveObject& activeObject_;
+  const std::shared_ptr<EventSource> events_ = std::make_shared<EventSource>();
   SiteContainer container_;
   std::shared_ptr<ControlSession> session_;
   InPlaceActivation activation_;

@@ -12,11 +12,6 @@ namespace {
 
 constexpr wchar_t kActiveName[] = L"PriceDown";
 
-void NotifyFocus(IOleClientSite* site, BOOL focused) {
-  const auto control = ComPtr<IOleClientSite>::Share(site).As<IOleControlSite>();
-  if (control) control->OnFocus(focused);
-}
-
 }  // namespace
 
 void InPlaceActivation::Activate(IOleClientSite& client, ControlWindow& window) {
@@ -49,7 +44,7 @@ void InPlaceActivation::Activate(IOleClientSite& client, ControlWindow& window) 
     return;
   }
   if (FAILED(context)) {
-    Deactivate(&client, window);
+    Deactivate(window);
     ThrowIfFailed(context);
   }
   window.MoveInto(parent, position);
@@ -58,6 +53,8 @@ void InPlaceActivation::Activate(IOleClientSite& client, ControlWindow& window) 
 
 void InPlaceActivation::ActivateUi(IOleInPlaceActiveObject& self, ControlWindow& window,
                                    TakeFocus takeFocus) {
+  // A container may pass the focus that leaves back to the control.
+  if (deactivates_) return;
   if (!uiActive_) {
     uiActive_ = true;
     const auto site = site_.Copy();
@@ -73,7 +70,6 @@ void InPlaceActivation::ActivateUi(IOleInPlaceActiveObject& self, ControlWindow&
       frame->SetBorderSpace(nullptr);
     }
     if (document) document->SetActiveObject(&self, kActiveName);
-    NotifyFocus(site.As<IOleClientSite>().get(), TRUE);
   }
   const HWND focus = GetFocus();
   if (takeFocus != TakeFocus::No && uiActive_ && focus != window.Handle() &&
@@ -82,24 +78,40 @@ void InPlaceActivation::ActivateUi(IOleInPlaceActiveObject& self, ControlWindow&
   }
 }
 
-void InPlaceActivation::DeactivateUi(IOleClientSite* client) {
+void InPlaceActivation::NotifyFocus(bool focused) {
+  // A focus that comes back to a window on its way out leaves again.
+  if (focused && deactivates_) return;
+  if (std::exchange(focused_, focused) == focused) return;
+  if (const auto site = site_.As<IOleControlSite>()) site->OnFocus(focused ? TRUE : FALSE);
+}
+
+void InPlaceActivation::DeactivateUi() {
   if (!std::exchange(uiActive_, false)) return;
   const auto site = site_.Copy();
   const auto frame = frame_.Copy();
   const auto document = document_.Copy();
-  NotifyFocus(client, FALSE);
   if (frame) frame->SetActiveObject(nullptr, nullptr);
   if (document) document->SetActiveObject(nullptr, nullptr);
   if (site) site->OnUIDeactivate(FALSE);
 }
 
-void InPlaceActivation::Deactivate(IOleClientSite* client, ControlWindow& window) {
+void InPlaceActivation::Hide(ControlWindow& window) {
+  deactivates_ = true;
+  DeactivateUi();
+  window.Hide();
+  deactivates_ = false;
+}
+
+void InPlaceActivation::Deactivate(ControlWindow& window) {
   if (!IsActive()) return;
-  DeactivateUi(client);
+  deactivates_ = true;
+  DeactivateUi();
+  window.Park();
+  deactivates_ = false;
   const auto site = std::exchange(site_, {});
   frame_.put();
   document_.put();
-  window.Park();
+  uiActive_ = focused_ = false;
   if (site) site->OnInPlaceDeactivate();
 }
 

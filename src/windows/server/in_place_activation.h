@@ -23,8 +23,12 @@ class InPlaceActivation {
   // Makes the control the container's active one. Requires: active.
   void ActivateUi(IOleInPlaceActiveObject& self, ControlWindow& window, TakeFocus takeFocus);
   // Every step runs even when the container refuses one.
-  void DeactivateUi(IOleClientSite* client);
-  void Deactivate(IOleClientSite* client, ControlWindow& window);
+  void DeactivateUi();
+  // In both a focus inside the window goes to the container.
+  void Hide(ControlWindow& window);
+  void Deactivate(ControlWindow& window);
+  // Tells the container that the focus has come or gone, once for each change.
+  void NotifyFocus(bool focused);
 
   // Moves the window; what lies outside `clip` is cut off.
   void SetRects(ControlWindow& window, const RECT& position, const RECT& clip);
@@ -34,6 +38,8 @@ class InPlaceActivation {
   ComPtr<IOleInPlaceFrame> frame_;
   ComPtr<IOleInPlaceUIWindow> document_;
   bool uiActive_ = false;
+  bool focused_ = false;  // as the container knows it
+  bool deactivates_ = false;
 };
 
 }  // namespace pricedown::windows

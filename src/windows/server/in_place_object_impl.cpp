@@ -14,8 +14,11 @@ DWORD PressedModifiers() {
 
 STDMETHODIMP InPlaceObjectImpl::GetWindow(HWND* window) noexcept {
   if (window == nullptr) return E_POINTER;
-  *window = Hosted().Activation().IsActive() ? Hosted().Window().Handle() : nullptr;
-  return *window != nullptr ? S_OK : E_FAIL;
+  *window = nullptr;
+  return Hosted().Run([&] {
+    if (Hosted().Activation().IsActive()) *window = Hosted().Window().Handle();
+    return *window != nullptr ? S_OK : E_FAIL;
+  });
 }
 
 STDMETHODIMP InPlaceObjectImpl::ContextSensitiveHelp(BOOL) noexcept { return E_NOTIMPL; }

@@ -32,8 +32,8 @@ STDMETHODIMP OleObjectImpl::SetClientSite(IOleClientSite* site) noexcept {
 
 STDMETHODIMP OleObjectImpl::GetClientSite(IOleClientSite** site) noexcept {
   if (site == nullptr) return E_POINTER;
-  *site = Hosted().Site().release();
-  return S_OK;
+  *site = nullptr;
+  return Hosted().Run([&] { *site = Hosted().Site().release(); });
 }
 
 STDMETHODIMP OleObjectImpl::SetHostNames(LPCOLESTR, LPCOLESTR) noexcept { return S_OK; }
@@ -73,8 +73,7 @@ STDMETHODIMP OleObjectImpl::DoVerb(LONG verb, LPMSG message, IOleClientSite*, LO
         Hosted().Activate(true, ComesBackwards(message));
         return S_OK;
       case OLEIVERB_HIDE:
-        Hosted().DeactivateUi();
-        ShowWindow(Hosted().Window().Handle(), SW_HIDE);
+        Hosted().Hide();
         return S_OK;
       case OLEIVERB_DISCARDUNDOSTATE:
         return S_OK;
@@ -118,8 +117,7 @@ STDMETHODIMP OleObjectImpl::SetExtent(DWORD aspect, SIZEL* size) noexcept {
 STDMETHODIMP OleObjectImpl::GetExtent(DWORD aspect, SIZEL* size) noexcept {
   if (size == nullptr) return E_POINTER;
   if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
-  *size = Hosted().Extent();
-  return S_OK;
+  return Hosted().Run([&] { *size = Hosted().Extent(); });
 }
 
 STDMETHODIMP OleObjectImpl::Advise(IAdviseSink* sink, DWORD* connection) noexcept {
@@ -130,13 +128,14 @@ STDMETHODIMP OleObjectImpl::Advise(IAdviseSink* sink, DWORD* connection) noexcep
 }
 
 STDMETHODIMP OleObjectImpl::Unadvise(DWORD connection) noexcept {
-  return connections_ ? connections_->Unadvise(connection) : OLE_E_NOCONNECTION;
+  return Hosted().Run(
+      [&] { return connections_ ? connections_->Unadvise(connection) : OLE_E_NOCONNECTION; });
 }
 
 STDMETHODIMP OleObjectImpl::EnumAdvise(IEnumSTATDATA** connections) noexcept {
   if (connections == nullptr) return E_POINTER;
   *connections = nullptr;
-  return connections_ ? connections_->EnumAdvise(connections) : S_OK;
+  return Hosted().Run([&] { return connections_ ? connections_->EnumAdvise(connections) : S_OK; });
 }
 
 STDMETHODIMP OleObjectImpl::GetMiscStatus(DWORD aspect, DWORD* status) noexcept {
@@ -162,7 +161,8 @@ STDMETHODIMP OleObjectImpl::OnAmbientPropertyChange(DISPID property) noexcept {
   return Hosted().Run([&] { Hosted().AmbientChanged(property); });
 }
 
-// The control fires no events.
-STDMETHODIMP OleObjectImpl::FreezeEvents(BOOL) noexcept { return S_OK; }
+STDMETHODIMP OleObjectImpl::FreezeEvents(BOOL freeze) noexcept {
+  return Hosted().Run([&] { Hosted().Events().Freeze(freeze != FALSE); });
+}
 
 }  // namespace pricedown::windows

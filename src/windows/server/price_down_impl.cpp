@@ -38,7 +38,7 @@ STDMETHODIMP PriceDownImpl::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, L
 STDMETHODIMP PriceDownImpl::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters,
                                    VARIANT* result, EXCEPINFO* record, UINT* badArgument) noexcept {
   if (!Hosted().IsOnItsThread()) return RPC_E_WRONG_THREAD;
-  const auto hold = ComPtr<IUnknown>::Share(this);
+  const auto hold = ComPtr<IUnknown>::Share(Identity());
   return InvokeTable(PriceDownMembers(), Hosted(), id, flags, parameters, result, record,
                      badArgument);
 }
@@ -84,8 +84,8 @@ STDMETHODIMP PriceDownImpl::SelBlock(IDispatch* grd, VARIANT lCol, VARIANT lCol2
                                      VARIANT lRow2) noexcept {
   return Hosted().Run(
       [&] {
-        Call(6, {FromDispatch(grd), FromVariant(lCol), FromVariant(lCol2), FromVariant(lRow),
-                 FromVariant(lRow2)});
+        Call(6, {FromDispatch(grd), FromVariantOrNull(lCol), FromVariantOrNull(lCol2),
+                 FromVariantOrNull(lRow), FromVariantOrNull(lRow2)});
       },
       IID__PriceDown);
 }
@@ -101,5 +101,34 @@ STDMETHODIMP PriceDownImpl::addRecord(VARIANT* result) noexcept { return Answer(
 STDMETHODIMP PriceDownImpl::editRecord(VARIANT* result) noexcept { return Answer(11, result); }
 
 STDMETHODIMP PriceDownImpl::delRecord(VARIANT* result) noexcept { return Answer(12, result); }
+
+STDMETHODIMP PriceDownImpl::get_Ready(VARIANT_BOOL* result) noexcept {
+  if (result == nullptr) return E_POINTER;
+  *result = VARIANT_FALSE;
+  return Hosted().Run([&] { *result = Call(101).Boolean() ? VARIANT_TRUE : VARIANT_FALSE; },
+                      IID__PriceDownState);
+}
+
+STDMETHODIMP PriceDownImpl::get_CreationError(BSTR* result) noexcept {
+  if (result == nullptr) return E_POINTER;
+  *result = nullptr;
+  return Hosted().Run([&] { *result = Bstr(Call(102).Text()).release(); }, IID__PriceDownState);
+}
+
+STDMETHODIMP PriceDownImpl::get_Listener(IDispatch** result) noexcept {
+  if (result == nullptr) return E_POINTER;
+  *result = nullptr;
+  return Hosted().Run([&] { *result = ToDispatch(Call(103).Object()).release(); },
+                      IID__PriceDownState);
+}
+
+STDMETHODIMP PriceDownImpl::put_Listener(IDispatch* object) noexcept {
+  return Hosted().Run([&] { Hosted().Events().SetListener(FromDispatch(object)); },
+                      IID__PriceDownState);
+}
+
+STDMETHODIMP PriceDownImpl::putref_Listener(IDispatch* object) noexcept {
+  return put_Listener(object);
+}
 
 }  // namespace pricedown::windows

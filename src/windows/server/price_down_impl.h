@@ -1,5 +1,5 @@
-// `_PriceDown`: the control's public members. Early-bound and late-bound calls run the rows of
-// price_down_members.h.
+// `_PriceDown`: the control's public members, and `_PriceDownState` beside them. Early-bound and
+// late-bound calls run the rows of price_down_members.h.
 #pragma once
 
 #include <initializer_list>
@@ -13,7 +13,7 @@ namespace pricedown::windows {
 template <>
 struct BasesOf<_PriceDown> : InterfaceList<IDispatch> {};
 
-class PriceDownImpl : public Implements<_PriceDown> {
+class PriceDownImpl : public Implements<_PriceDown, _PriceDownState> {
  public:
   STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override;
   STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** result) noexcept override;
@@ -36,12 +36,18 @@ class PriceDownImpl : public Implements<_PriceDown> {
   STDMETHODIMP editRecord(VARIANT* result) noexcept override;
   STDMETHODIMP delRecord(VARIANT* result) noexcept override;
 
+  STDMETHODIMP get_Ready(VARIANT_BOOL* result) noexcept override;
+  STDMETHODIMP get_CreationError(BSTR* result) noexcept override;
+  STDMETHODIMP get_Listener(IDispatch** result) noexcept override;
+  STDMETHODIMP put_Listener(IDispatch* object) noexcept override;
+  STDMETHODIMP putref_Listener(IDispatch* object) noexcept override;
+
  protected:
   virtual HostedControl& Hosted() noexcept = 0;
   ~PriceDownImpl() = default;
 
  private:
-  // Runs the member with that number. Throws what it throws.
+  // Runs the first member with that number. Throws what it throws.
   Value Call(DISPID id, std::initializer_list<Value> arguments = {});
   // A member without arguments that returns a variant.
   HRESULT Answer(DISPID id, VARIANT* result) noexcept;

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "platform/skip.h"
+#include "platform/text.h"
 
 namespace pricedown::windows {
 namespace {
@@ -18,10 +19,12 @@ constexpr std::array kShowMode{DispatchParameter{u"mode", Coercion::Int16}};
 constexpr std::array kToolBarClick{DispatchParameter{u"Tool", Coercion::Object},
                                    DispatchParameter{u"bUse", Coercion::Boolean}};
 constexpr std::array kSelBlock{DispatchParameter{u"grd", Coercion::Object},
-                               DispatchParameter{u"lCol", Coercion::Any, true},
-                               DispatchParameter{u"lCol2", Coercion::Any, true},
-                               DispatchParameter{u"lRow", Coercion::Any, true},
-                               DispatchParameter{u"lRow2", Coercion::Any, true}};
+                               DispatchParameter{u"lCol", Coercion::Lenient, true},
+                               DispatchParameter{u"lCol2", Coercion::Lenient, true},
+                               DispatchParameter{u"lRow", Coercion::Lenient, true},
+                               DispatchParameter{u"lRow2", Coercion::Lenient, true}};
+
+constexpr std::array kListener{DispatchParameter{u"object", Coercion::Object}};
 
 Value NotifyMessage(HostedControl& control, Arguments arguments) {
   return control.RunMember([&](PriceDown& core) -> Value {
@@ -66,12 +69,28 @@ Value SelBlock(HostedControl& control, Arguments arguments) {
   });
 }
 
+Value Ready(HostedControl& control, Arguments) { return control.Session().IsReady(); }
+
+Value CreationError(HostedControl& control, Arguments) {
+  const std::optional<Failure>& failure = control.Session().CreationFailure();
+  if (!failure) return u"";
+  if (failure->source.empty()) return failure->description;
+  return Concatenate({failure->source, u": ", failure->description});
+}
+
+Value GetListener(HostedControl& control, Arguments) { return control.Events().Listener(); }
+
+Value SetListener(HostedControl& control, Arguments arguments) {
+  control.Events().SetListener(arguments[0].Object());
+  return {};
+}
+
 template <Value (PriceDown::*command)()>
 Value Run(HostedControl& control, Arguments) {
   return control.RunMember([](PriceDown& core) { return (core.*command)(); });
 }
 
-// In the order of the interface.
+// In the order of the interfaces.
 constexpr std::array kPriceDownMembers{
     PriceDownRow{{u"NotifyMessage", 1, DISPATCH_METHOD, kNotifyMessage}, NotifyMessage},
     PriceDownRow{{u"RefreshToolbar", 2, DISPATCH_METHOD, {}}, RefreshToolbar},
@@ -85,6 +104,11 @@ constexpr std::array kPriceDownMembers{
     PriceDownRow{{u"addRecord", 10, DISPATCH_METHOD, {}}, Run<&PriceDown::addRecord>},
     PriceDownRow{{u"editRecord", 11, DISPATCH_METHOD, {}}, Run<&PriceDown::editRecord>},
     PriceDownRow{{u"delRecord", 12, DISPATCH_METHOD, {}}, Run<&PriceDown::delRecord>},
+    PriceDownRow{{u"Ready", 101, DISPATCH_PROPERTYGET, {}}, Ready},
+    PriceDownRow{{u"CreationError", 102, DISPATCH_PROPERTYGET, {}}, CreationError},
+    PriceDownRow{{u"Listener", 103, DISPATCH_PROPERTYGET, {}}, GetListener},
+    PriceDownRow{{u"Listener", 103, DISPATCH_PROPERTYPUT, kListener}, SetListener},
+    PriceDownRow{{u"Listener", 103, DISPATCH_PROPERTYPUTREF, kListener}, SetListener},
 };
 
 }  // namespace

@@ -6,12 +6,14 @@
 #include "windows/server/persist_impl.h"
 #include "windows/server/price_down_impl.h"
 #include "windows/server/provide_class_info_impl.h"
+#include "windows/server/quick_activate_impl.h"
 #include "windows/server/view_object_impl.h"
 
 namespace pricedown::windows {
 
-class PriceDownObject final : public ComClassOf<PriceDownImpl, OleObjectImpl, InPlaceObjectImpl,
-                                                ViewObjectImpl, PersistImpl, ProvideClassInfoImpl> {
+class PriceDownObject final
+    : public ComClassOf<PriceDownImpl, OleObjectImpl, InPlaceObjectImpl, ViewObjectImpl,
+                        PersistImpl, ProvideClassInfoImpl, QuickActivateImpl> {
  public:
   // Throws AutomationError when the control's window cannot be made.
   PriceDownObject() : control_(*Identity(), *this) {}

@@ -1,29 +1,20 @@
-// Answers from the type library, and an empty list of events.
+// Answers from the type library, and the connection point of the events.
 #include "windows/server/provide_class_info_impl.h"
 
 #include <olectl.h>
 
-#include "windows/com/boundary.h"
+#include "windows/com/enumerator.h"
 #include "windows/server/idl/ZEPPriceDownPrepare.h"
 #include "windows/server/type_information.h"
 
 namespace pricedown::windows {
 namespace {
 
-class NoConnectionPoints final : public ComClass<IEnumConnectionPoints> {
- public:
-  STDMETHODIMP Next(ULONG wanted, IConnectionPoint** points, ULONG* fetched) noexcept override {
-    if (points == nullptr || (fetched == nullptr && wanted != 1)) return E_POINTER;
-    if (fetched != nullptr) *fetched = 0;
-    return wanted == 0 ? S_OK : S_FALSE;
-  }
-  STDMETHODIMP Skip(ULONG count) noexcept override { return count == 0 ? S_OK : S_FALSE; }
-  STDMETHODIMP Reset() noexcept override { return S_OK; }
-  STDMETHODIMP Clone(IEnumConnectionPoints** copy) noexcept override {
-    if (copy == nullptr) return E_POINTER;
-    *copy = nullptr;
-    return AtBoundary([&] { *copy = MakeCom<NoConnectionPoints>().release(); });
-  }
+struct ConnectionPoints {
+  using Item = ComPtr<IConnectionPoint>;
+  using Element = IConnectionPoint*;
+  static IConnectionPoint* Copy(const Item& point) { return point.Copy().release(); }
+  static void Free(IConnectionPoint* element) { element->Release(); }
 };
 
 }  // namespace
@@ -34,25 +25,41 @@ STDMETHODIMP ProvideClassInfoImpl::GetClassInfo(ITypeInfo** info) noexcept {
 
 STDMETHODIMP ProvideClassInfoImpl::GetGUID(DWORD kind, GUID* id) noexcept {
   if (id == nullptr) return E_POINTER;
-  // The only kind there is asks for the interface of events, of which there is none.
   *id = GUID{};
-  return kind == GUIDKIND_DEFAULT_SOURCE_DISP_IID ? E_FAIL : E_INVALIDARG;
+  if (kind != GUIDKIND_DEFAULT_SOURCE_DISP_IID) return E_INVALIDARG;
+  *id = DIID__PriceDownEvents;
+  return S_OK;
+}
+
+EventConnectionPoint& ProvideClassInfoImpl::Point() {
+  if (!point_) point_.emplace(*this, Hosted());
+  return *point_;
 }
 
 STDMETHODIMP ProvideClassInfoImpl::InterfaceSupportsErrorInfo(REFIID id) noexcept {
-  return id == IID__PriceDown || id == IID_IDispatch || id == IID_IOleObject ? S_OK : S_FALSE;
+  return id == IID__PriceDown || id == IID__PriceDownState || id == IID_IDispatch ||
+                 id == IID_IOleObject
+             ? S_OK
+             : S_FALSE;
 }
 
 STDMETHODIMP ProvideClassInfoImpl::EnumConnectionPoints(IEnumConnectionPoints** points) noexcept {
   if (points == nullptr) return E_POINTER;
   *points = nullptr;
-  return AtBoundary([&] { *points = MakeCom<NoConnectionPoints>().release(); });
+  return Hosted().Run([&] {
+    auto list = std::make_shared<std::vector<ComPtr<IConnectionPoint>>>();
+    list->push_back(ComPtr<IConnectionPoint>::Share(&Point()));
+    *points =
+        MakeCom<Enumerator<IEnumConnectionPoints, ConnectionPoints>>(std::move(list)).release();
+  });
 }
 
-STDMETHODIMP ProvideClassInfoImpl::FindConnectionPoint(REFIID, IConnectionPoint** point) noexcept {
+STDMETHODIMP ProvideClassInfoImpl::FindConnectionPoint(REFIID id,
+                                                       IConnectionPoint** point) noexcept {
   if (point == nullptr) return E_POINTER;
   *point = nullptr;
-  return CONNECT_E_NOCONNECTION;
+  if (id != DIID__PriceDownEvents) return CONNECT_E_NOCONNECTION;
+  return Hosted().Run([&] { *point = ComPtr<IConnectionPoint>::Share(&Point()).release(); });
 }
 
 }  // namespace pricedown::windows

@@ -4,7 +4,10 @@
 #include <ocidl.h>
 #include <ole2.h>
 
+#include <optional>
+
 #include "windows/com/com_class.h"
+#include "windows/server/connection_point.h"
 
 namespace pricedown::windows {
 
@@ -19,12 +22,18 @@ class ProvideClassInfoImpl
 
   STDMETHODIMP InterfaceSupportsErrorInfo(REFIID id) noexcept override;
 
-  // The control fires no events.
   STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints** points) noexcept override;
   STDMETHODIMP FindConnectionPoint(REFIID id, IConnectionPoint** point) noexcept override;
 
  protected:
+  virtual HostedControl& Hosted() noexcept = 0;
   ~ProvideClassInfoImpl() = default;
+
+ private:
+  // The only one.
+  EventConnectionPoint& Point();
+
+  std::optional<EventConnectionPoint> point_;
 };
 
 }  // namespace pricedown::windows

@@ -36,11 +36,13 @@ ServerEntries RegistryEntries() {
                      {.id = CLSID_updatePrice,
                       .name = L"ZEPPriceDownPrepare.updatePrice",
                       .progId = L"ZEPPriceDownPrepare.updatePrice"}};
-  entries.library =
-      TypeLibraryEntry{LIBID_ZEPPriceDownPrepare,
-                       L"ZEPPriceDownPrepare",
-                       L"1.0",
-                       {{IID__PriceDown, L"_PriceDown"}, {IID__updatePrice, L"_updatePrice"}}};
+  entries.library = TypeLibraryEntry{LIBID_ZEPPriceDownPrepare,
+                                     L"ZEPPriceDownPrepare",
+                                     L"1.0",
+                                     {{IID__PriceDown, L"_PriceDown"},
+                                      {IID__PriceDownState, L"_PriceDownState"},
+                                      {DIID__PriceDownEvents, L"_PriceDownEvents", true},
+                                      {IID__updatePrice, L"_updatePrice"}}};
   return entries;
 }
 

@@ -1,6 +1,10 @@
 // The look-up of the container's caption and window.
 #include "windows/server/site_container.h"
 
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+
 #include "platform/convert.h"
 #include "platform/error.h"
 #include "platform/skip.h"
@@ -17,16 +21,25 @@ ObjectPtr ParentOf(IDispatch* extender) {
   return parent;
 }
 
+// The text of these names the control, not the document.
+bool IsSystemContainer(HWND window) {
+  constexpr std::wstring_view kClass = L"AtlAxWin";
+  wchar_t name[64];
+  const int length = GetClassNameW(window, name, static_cast<int>(std::size(name)));
+  return std::wstring_view(name, static_cast<std::size_t>(std::max(length, 0))).starts_with(kClass);
+}
+
 [[noreturn]] void ThrowNoContainer() {
   throw AutomationError(ErrorNumber::ObjectNotSet, u"控件不在容器窗口中");
 }
 
 }  // namespace
 
-HWND CaptionedWindow(HWND window) {
+HWND DocumentWindow(HWND window) {
   for (;;) {
     const LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);
     if ((style & WS_CAPTION) == WS_CAPTION || (style & WS_CHILD) == 0) return window;
+    if (GetWindowTextLengthW(window) > 0 && !IsSystemContainer(window)) return window;
     const HWND parent = GetAncestor(window, GA_PARENT);
     if (parent == nullptr || parent == GetDesktopWindow()) return window;
     window = parent;
@@ -47,7 +60,7 @@ HWND SiteContainer::ParentWindow() const {
   const auto inPlace = site_.As<IOleInPlaceSite>();
   HWND window = nullptr;
   if (!inPlace || FAILED(inPlace->GetWindow(&window)) || !IsWindow(window)) return nullptr;
-  return CaptionedWindow(window);
+  return DocumentWindow(window);
 }
 
 std::u16string SiteContainer::Caption() const {

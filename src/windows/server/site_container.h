@@ -28,7 +28,8 @@ class SiteContainer final : public ContainerWindow {
   ComPtr<IOleClientSite> site_;
 };
 
-// The first window from `window` up that has a caption bar, or the top-level one.
-HWND CaptionedWindow(HWND window);
+// The first window from `window` up that has a caption bar or a text, or the top-level one. A
+// window of the system's container, whose text names the control, is passed over.
+HWND DocumentWindow(HWND window);
 
 }  // namespace pricedown::windows

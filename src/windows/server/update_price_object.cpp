@@ -1,5 +1,5 @@
-// Early-bound and late-bound calls of `updatePrice`. One name is both a method and a property;
-// IsMeant in dispatch_table.h chooses.
+// Early-bound and late-bound calls of `updatePrice`. For late-bound clients one name is both a
+// method and a property; IsMeant in dispatch_table.h chooses.
 #include "windows/server/update_price_object.h"
 
 #include <array>
@@ -22,6 +22,7 @@ Value Setting(UpdatePrice& price, DispatchArguments) { return price.ItemClassTyp
 constexpr std::array kUpdatePriceMembers{
     UpdatePriceRow{{u"ItemClassType", 1, DISPATCH_METHOD, {}}, ReadSetting},
     UpdatePriceRow{{u"ItemClassType", 1, DISPATCH_PROPERTYGET, {}}, Setting},
+    UpdatePriceRow{{u"ItemClassTypeValue", 2, DISPATCH_PROPERTYGET, {}}, Setting},
 };
 
 }  // namespace
@@ -48,18 +49,21 @@ STDMETHODIMP UpdatePriceObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT coun
 STDMETHODIMP UpdatePriceObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters,
                                        VARIANT* result, EXCEPINFO* record,
                                        UINT* badArgument) noexcept {
+  if (GetCurrentThreadId() != thread_) return RPC_E_WRONG_THREAD;
   const auto hold = ComPtr<IUnknown>::Share(Identity());
   return InvokeTable(UpdatePriceMembers(), price_, id, flags, parameters, result, record,
                      badArgument);
 }
 
 STDMETHODIMP UpdatePriceObject::ItemClassType() noexcept {
+  if (GetCurrentThreadId() != thread_) return RPC_E_WRONG_THREAD;
   const auto hold = ComPtr<IUnknown>::Share(Identity());
   return AtBoundary([&] { price_.ReadItemClassType(); }, IID__updatePrice);
 }
 
-STDMETHODIMP UpdatePriceObject::get_ItemClassType(short* result) noexcept {
+STDMETHODIMP UpdatePriceObject::get_ItemClassTypeValue(short* result) noexcept {
   if (result == nullptr) return E_POINTER;
+  if (GetCurrentThreadId() != thread_) return RPC_E_WRONG_THREAD;
   *result = price_.ItemClassType();
   return S_OK;
 }

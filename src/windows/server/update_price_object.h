@@ -24,11 +24,12 @@ class UpdatePriceObject final : public ComClass<_updatePrice, ISupportErrorInfo>
                       VARIANT* result, EXCEPINFO* record, UINT* badArgument) noexcept override;
 
   STDMETHODIMP ItemClassType() noexcept override;
-  STDMETHODIMP get_ItemClassType(short* result) noexcept override;
+  STDMETHODIMP get_ItemClassTypeValue(short* result) noexcept override;
 
   STDMETHODIMP InterfaceSupportsErrorInfo(REFIID id) noexcept override;
 
  private:
+  const DWORD thread_ = GetCurrentThreadId();
   UpdatePrice price_{TheModule().factory};
 };
 

@@ -75,24 +75,24 @@ STDMETHODIMP ViewObjectImpl::SetAdvise(DWORD aspects, DWORD flags, IAdviseSink* 
 }
 
 STDMETHODIMP ViewObjectImpl::GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) noexcept {
-  if (aspects != nullptr) *aspects = sinkAspects_;
-  if (flags != nullptr) *flags = sinkFlags_;
-  if (sink != nullptr) *sink = sink_.Copy().release();
-  return S_OK;
+  if (sink != nullptr) *sink = nullptr;
+  return Hosted().Run([&] {
+    if (aspects != nullptr) *aspects = sinkAspects_;
+    if (flags != nullptr) *flags = sinkFlags_;
+    if (sink != nullptr) *sink = sink_.Copy().release();
+  });
 }
 
 STDMETHODIMP ViewObjectImpl::GetExtent(DWORD aspect, LONG, DVTARGETDEVICE*, LPSIZEL size) noexcept {
   if (size == nullptr) return E_POINTER;
   if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
-  *size = Hosted().Extent();
-  return S_OK;
+  return Hosted().Run([&] { *size = Hosted().Extent(); });
 }
 
 STDMETHODIMP ViewObjectImpl::GetRect(DWORD aspect, LPRECTL rectangle) noexcept {
   if (rectangle == nullptr) return E_POINTER;
   if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
-  *rectangle = {0, 0, Hosted().Extent().cx, Hosted().Extent().cy};
-  return S_OK;
+  return Hosted().Run([&] { *rectangle = {0, 0, Hosted().Extent().cx, Hosted().Extent().cy}; });
 }
 
 STDMETHODIMP ViewObjectImpl::GetViewStatus(DWORD* status) noexcept {

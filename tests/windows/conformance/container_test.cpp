@@ -49,9 +49,9 @@ TEST(RoundTrips, OfActivationAreAllAlike) {
         site OnUIActivate
         site SetActiveObject
         site OnFocus
-        site OnFocus lost
         site SetActiveObject none
         site OnUIDeactivate
+        site OnFocus lost
         site OnInPlaceDeactivate
         )"));
     ASSERT_EQ(ReferencesTo(host.site), references);
@@ -106,7 +106,6 @@ TEST(AnotherContainer, MayTakeTheShownControlAwayFromTheFirst) {
   EXPECT_EQ(object->SetClientSite(site.get()), S_OK);
   // It continues with its existing state: no second creation.
   EXPECT_EQ(host.world.log.Text(), Lines(R"(
-      site OnFocus lost
       site SetActiveObject none
       site OnUIDeactivate
       site OnInPlaceDeactivate
@@ -236,6 +235,7 @@ TEST_F(NeighbouringControls, PassTheActivationWithTheFocus) {
   const HWND tree = GetDlgItem(WindowOf(second), windows::control_ids::kTree);
   SetFocus(tree);
   EXPECT_EQ(first.world.log.Text(), Lines(R"(
+      site OnFocus lost
       site OnUIActivate
       site SetActiveObject
       site OnFocus
@@ -243,7 +243,6 @@ TEST_F(NeighbouringControls, PassTheActivationWithTheFocus) {
   first.world.log.Clear();
   EXPECT_EQ(first.As<IOleInPlaceObject>()->UIDeactivate(), S_OK);
   EXPECT_EQ(first.world.log.Text(), Lines(R"(
-      site OnFocus lost
       site SetActiveObject none
       site OnUIDeactivate
       )"));

@@ -85,6 +85,67 @@ TEST_F(KeysOfTheContainer, ShiftTabEntersAtTheEndAndLeavesAtTheStart) {
   EXPECT_EQ(host.world.log.Text(), "site TranslateAccelerator 9 modifiers 1\n");
 }
 
+// A host's fields before and behind the control, and the usual loops of a host.
+class TabThroughAForm : public KeysOfTheContainer {
+ protected:
+  TabThroughAForm() {
+    const HWND form = host.frame.Handle();
+    const auto field = [form](const wchar_t* text) {
+      return CreateWindowExW(0, L"EDIT", text, WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, 0, 50, 20,
+                             form, nullptr, nullptr, nullptr);
+    };
+    before_ = field(L"before");
+    after_ = field(L"after");
+    // In the order of a dialog's controls.
+    SetWindowPos(before_, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  }
+
+  // The stops of `count` presses, first letters: before, tree, grid, strip, after.
+  std::string Stops(int count, bool offersToControl) {
+    std::string stops;
+    for (int press = 0; press < count; ++press) {
+      MSG message = Key(WM_KEYDOWN, VK_TAB);
+      const bool inside = IsChild(host.Window(), message.hwnd) != FALSE;
+      if (!(offersToControl && inside && Translate(message) == S_OK) &&
+          IsDialogMessageW(host.frame.Handle(), &message) == FALSE) {
+        DispatchMessageW(&message);
+      }
+      stops += NameOfFocus();
+    }
+    return stops;
+  }
+
+  HWND before_ = nullptr;
+  HWND after_ = nullptr;
+
+ private:
+  char NameOfFocus() const {
+    const HWND focus = GetFocus();
+    if (focus == before_) return 'b';
+    if (focus == after_) return 'a';
+    if (focus == Child(ids::kTree)) return 't';
+    if (focus == Child(ids::kToolStrip)) return 's';
+    return focus == GetDlgItem(Child(ids::kGridPane), ids::kGrid) ? 'g' : '?';
+  }
+};
+
+TEST_F(TabThroughAForm, GoesRoundWithTheDialogManagerAlone) {
+  SetFocus(before_);
+  EXPECT_EQ(Stops(6, false), "tgsabt");
+  const HeldKeys shift({VK_SHIFT});
+  SetFocus(after_);
+  EXPECT_EQ(Stops(6, false), "sgtbas");
+}
+
+TEST_F(TabThroughAForm, GoesRoundWhenTheLoopOffersKeysToTheControlFirst) {
+  host.DoVerb(OLEIVERB_UIACTIVATE);
+  SetFocus(before_);
+  EXPECT_EQ(Stops(6, true), "tgsabt");
+  const HeldKeys shift({VK_SHIFT});
+  SetFocus(after_);
+  EXPECT_EQ(Stops(6, true), "sgtbas");
+}
+
 TEST_F(KeysOfTheContainer, TabIsUsedUpWhenTheContainerMovesOn) {
   host.DoVerb(OLEIVERB_UIACTIVATE);
   SetFocus(Child(ids::kToolStrip));

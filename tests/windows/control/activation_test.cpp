@@ -35,7 +35,8 @@ TEST_P(Activation, MayEndAll) {
   const HWND window = owned->window->Handle();
   owned->window->HoldDuringEvents([watch] { return watch.lock(); });
   int told = 0;
-  owned->window->OnUiActivate([&] {
+  owned->window->OnFocusChange([&](bool gained) {
+    if (!gained) return;
     ++told;
     // The window keeps the control alive during the call; the host releases its reference.
     const std::shared_ptr<UiWorld> inside = std::move(owned);

@@ -165,20 +165,24 @@ TEST_F(Splitter, KeysOfTreeAndGridAreNotTheHosts) {
   EXPECT_FALSE(Translate(world_.host.Handle(), VK_DOWN));
 }
 
-TEST_F(Splitter, TheHostIsNotifiedWhenTheFocusEnters) {
-  int activations = 0;
+TEST_F(Splitter, TheHostIsNotifiedWhenTheFocusComesAndGoes) {
+  std::string told;
   const HWND outside = CreateWindowW(L"BUTTON", L"", WS_CHILD | WS_VISIBLE, 0, 0, 10, 10,
                                      world_.host.Handle(), nullptr, nullptr, nullptr);
   SetFocus(outside);
-  world_.window->OnUiActivate([&] { ++activations; });
-  SetFocus(world_.Grid());
-  EXPECT_EQ(activations, 1);
-  SetFocus(world_.Tree());
-  EXPECT_EQ(activations, 1);
-  SetFocus(outside);
+  world_.window->OnFocusChange([&](bool gained) { told += gained ? "gained " : "lost "; });
+  const std::vector<HWND> stops{world_.Grid(), world_.Tree(), world_.Strip(), Handle()};
+  for (const HWND stop : stops) SetFocus(stop);
+  EXPECT_EQ(told, "gained gained gained gained ");
+  for (const HWND stop : stops) {
+    SetFocus(stop);
+    told.clear();
+    SetFocus(outside);
+    EXPECT_EQ(told, "lost ");
+  }
   SetFocus(world_.window->Handle());
-  EXPECT_EQ(GetFocus(), world_.Tree());
-  EXPECT_EQ(activations, 2);
+  EXPECT_EQ(GetFocus(), Handle());
+  EXPECT_EQ(told, "lost gained ");
 }
 
 }  // namespace

@@ -58,8 +58,8 @@ Check "the listener is kept", bar.Listener Is listener
 
 ' Changes and clicks.
 bar.Tools.Add "iToolBar", "工具条", "查看"
-CheckEqual "an added check tool is told as it becomes checked", listener.Heard, "changed iToolBar -1 -1 -1|"
-listener.Heard = ""
+CheckEqual "an added check tool begins checked", CInt(bar.Tools("iToolBar").Checked), CInt(-1)
+CheckEqual "which is no change", listener.Heard, ""
 bar.Click "iToolBar"
 CheckEqual "a click tells what it changed, and then itself", listener.Heard, "changed iToolBar -1 0 -1|clicked iToolBar|"
 listener.Heard = ""
@@ -84,6 +84,38 @@ bar.Listener = 5
 Check "a listener is an object", Err.Number <> 0
 Err.Clear
 On Error GoTo 0
+
+' The collections, walked over and asked in any case.
+Function NamesOf(collection)
+  Dim one, names
+  For Each one In collection
+    names = names & one.Name & " "
+  Next
+  NamesOf = names
+End Function
+
+CheckEqual "For Each walks over the bands", NamesOf(bar.Bands), "MnuBand1 "
+CheckEqual "and over the tools", NamesOf(bar.Tools), "mnuEdit iInsert iEdit iCut iToolBar iRefresh "
+bar.Bands(1).Tools.Add "iPrint", "打印", "文件"
+CheckEqual "what the band is given stands in it", NamesOf(bar.Bands("mnuband1").Tools), "mnuEdit iInsert iEdit iCut iPrint "
+CheckEqual "and in the bar, under any spelling", bar.Tools("IPRINT").Caption, "打印"
+
+' The control's own events, by name.
+Class ControlListener
+  Public Heard
+  Public Sub SelectionChanged(classNumber)
+    Heard = Heard & "selected " & classNumber & "|"
+  End Sub
+  Public Sub Closing
+    Heard = Heard & "closing|"
+  End Sub
+End Class
+
+Dim events
+Set events = New ControlListener
+Set control.Listener = events
+Check "the control is ready", control.Ready
+CheckEqual "and says nothing of a failure", control.CreationError, ""
 
 ' A tool of the host's own toolbar, forwarded.
 Class ToolOfTheHost
@@ -135,4 +167,11 @@ CheckEqual "so that iEdit has a class once more", Forward("iEdit"), "1"
 CheckEqual "an unknown tool does nothing", Forward("iUnknown"), "0"
 Check "bUse is not changed", Not used
 
+Set other = New OnlyClicks
+Set bar.Listener = other
+Forward "iRefresh"
+CheckEqual "a forwarded click is told, too", other.Heard, "iRefresh|"
+CheckEqual "the control's listener has heard nothing yet", events.Heard, ""
+
 CloseWindows
+CheckEqual "it hears of the end", events.Heard, "closing|"

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <vector>
 
 #include "platform/local_object.h"
 #include "tests/windows/raw_call.h"
@@ -59,16 +60,98 @@ TEST(ContainerCaption, OfAnyOtherTextIsTheOtherMode) {
 }
 
 // A frame with document windows: the document's caption counts, not the frame's.
-TEST(ContainerCaption, IsThatOfTheFirstWindowWithACaptionBar) {
+TEST(ContainerCaption, IsThatOfTheDocumentWindow) {
   ControlHost host(u"主窗口");
   const HWND document =
       CreateWindowExW(0, L"STATIC", L"物料类别维护", WS_CHILD | WS_CAPTION | WS_VISIBLE, 0, 0, 600,
                       400, host.frame.Handle(), nullptr, nullptr, nullptr);
-  const HWND pane = CreateWindowExW(0, L"STATIC", L"x", WS_CHILD | WS_VISIBLE, 0, 0, 500, 300,
+  const HWND pane = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE, 0, 0, 500, 300,
                                     document, nullptr, nullptr, nullptr);
   host.site = windows::MakeCom<RecordingSite>(host.world.log, pane, RECT{0, 0, 400, 200});
   host.Open();
   EXPECT_EQ(host.world.log.Count(kMaintenanceCheck), 1U);
+}
+
+// Documents under tabs: children of the frame without a caption bar.
+class TabbedDocuments : public ::testing::Test {
+ protected:
+  // A page with that text on a tab control; logs its WM_CLOSE and stays.
+  HWND NewPage(const wchar_t* text) {
+    if (tabs_ == nullptr) {
+      tabs_ = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE, 0, 0, 700, 500,
+                              host_.frame.Handle(), nullptr, nullptr, nullptr);
+    }
+    const HWND page = CreateWindowExW(0, L"STATIC", text, WS_CHILD | WS_VISIBLE, 0, 0, 600, 400,
+                                      tabs_, nullptr, nullptr, nullptr);
+    SetWindowLongPtrW(page, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    SetWindowLongPtrW(page, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(PageProcedure));
+    return page;
+  }
+  void OpenOn(HWND window) {
+    host_.site = windows::MakeCom<RecordingSite>(host_.world.log, window, RECT{0, 0, 400, 200});
+    host_.Open();
+  }
+  void Exit() {
+    const auto tool = windows::ToDispatch(host_.world.NewTool(u"iExit"));
+    EXPECT_EQ(Statement(host_.control.get(), L"ParentWindow_ToolBarClick",
+                        {ObjectOf(tool.get()), Truth(false)}),
+              "S_OK");
+  }
+
+  ControlHost host_{u"主窗口"};
+  std::vector<HWND> closed_;
+
+ private:
+  static LRESULT CALLBACK PageProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    auto* test = reinterpret_cast<TabbedDocuments*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (message != WM_CLOSE) return DefWindowProcW(window, message, wParam, lParam);
+    test->closed_.push_back(window);
+    return 0;
+  }
+
+  HWND tabs_ = nullptr;
+};
+
+TEST_F(TabbedDocuments, GiveTheirOwnTextAndAreClosedThemselves) {
+  NewPage(L"另一个文档");
+  const HWND page = NewPage(L"物料类别维护");
+  OpenOn(page);
+  EXPECT_EQ(host_.world.log.Count(kMaintenanceCheck), 1U);
+  Exit();
+  EXPECT_EQ(closed_, std::vector<HWND>{page});
+  EXPECT_EQ(host_.world.log.Count("host WM_CLOSE 0 0"), 0U);
+}
+
+TEST_F(TabbedDocuments, AreFoundAroundAPaneWithoutAText) {
+  const HWND page = NewPage(L"物料类别维护");
+  OpenOn(CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE, 0, 0, 500, 300, page, nullptr,
+                         nullptr, nullptr));
+  EXPECT_EQ(host_.world.log.Count(kMaintenanceCheck), 1U);
+  Exit();
+  EXPECT_EQ(closed_, std::vector<HWND>{page});
+}
+
+// The text of such a window is the control's ProgID.
+TEST_F(TabbedDocuments, AreFoundAroundTheSystemsContainer) {
+  const HWND page = NewPage(L"物料类别维护");
+  WNDCLASSW container{};
+  container.lpfnWndProc = DefWindowProcW;
+  container.hInstance = GetModuleHandleW(nullptr);
+  container.lpszClassName = L"AtlAxWin140";
+  RegisterClassW(&container);
+  OpenOn(CreateWindowExW(0, container.lpszClassName, L"ZEPPriceDownPrepare.PriceDown",
+                         WS_CHILD | WS_VISIBLE, 0, 0, 500, 300, page, nullptr, nullptr, nullptr));
+  EXPECT_EQ(host_.world.log.Count(kMaintenanceCheck), 1U);
+  Exit();
+  EXPECT_EQ(closed_, std::vector<HWND>{page});
+}
+
+TEST_F(TabbedDocuments, WithoutATextGiveWayToTheFrame) {
+  OpenOn(NewPage(L""));
+  EXPECT_EQ(host_.world.log.Count(kOtherCheck), 1U);
+  Exit();
+  EXPECT_EQ(closed_, std::vector<HWND>{});
+  EXPECT_EQ(host_.world.log.Count("host WM_CLOSE 0 0"), 1U);
 }
 
 TEST(ContainerCaption, IsTakenFromTheHostsDescriptionFirst) {

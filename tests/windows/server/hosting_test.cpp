@@ -125,17 +125,66 @@ TEST(Activation, IsUndoneStepByStep) {
   host.world.log.Clear();
   const auto object = host.As<IOleInPlaceObject>();
   EXPECT_EQ(object->UIDeactivate(), S_OK);
-  EXPECT_EQ(SiteLines(host.world.log),
-            "site OnFocus lost\nsite SetActiveObject none\nsite OnUIDeactivate\n");
+  EXPECT_EQ(SiteLines(host.world.log), "site SetActiveObject none\nsite OnUIDeactivate\n");
   EXPECT_EQ(object->UIDeactivate(), S_OK);
   EXPECT_EQ(object->InPlaceDeactivate(), S_OK);
   EXPECT_EQ(object->InPlaceDeactivate(), S_OK);
   EXPECT_EQ(SiteLines(host.world.log),
-            "site OnFocus lost\nsite SetActiveObject none\nsite OnUIDeactivate\n"
+            "site SetActiveObject none\nsite OnUIDeactivate\nsite OnFocus lost\n"
             "site OnInPlaceDeactivate\n");
   EXPECT_EQ(host.Window(), nullptr);
   EXPECT_EQ(host.DoVerb(OLEIVERB_INPLACEACTIVATE), S_OK);
   EXPECT_NE(host.Window(), nullptr);
+}
+
+TEST(Activation, TellsTheContainerEachGainAndLossOfTheFocus) {
+  ControlHost host;
+  host.Open();
+  host.world.log.Clear();
+  const HWND tree = GetDlgItem(host.Window(), windows::control_ids::kTree);
+  for (int round = 0; round < 2; ++round) {
+    SetFocus(tree);
+    SetFocus(GetDlgItem(host.Window(), windows::control_ids::kToolStrip));
+    SetFocus(host.frame.Handle());
+  }
+  EXPECT_EQ(SiteLines(host.world.log),
+            "site OnUIActivate\nsite SetActiveObject\nsite OnFocus\nsite OnFocus lost\n"
+            "site OnFocus\nsite OnFocus lost\n");
+}
+
+// The container has the focus before the window goes, so that no key reaches a hidden window.
+TEST(Activation, GivesTheFocusToTheContainerWhenItEnds) {
+  ControlHost host;
+  host.Open();
+  host.DoVerb(OLEIVERB_UIACTIVATE);
+  ASSERT_NE(IsChild(host.Window(), GetFocus()), FALSE);
+  EXPECT_EQ(host.As<IOleInPlaceObject>()->InPlaceDeactivate(), S_OK);
+  EXPECT_EQ(GetFocus(), host.frame.Handle());
+}
+
+TEST(Activation, GivesTheFocusToTheContainerWhenItIsHidden) {
+  ControlHost host;
+  host.Open();
+  host.DoVerb(OLEIVERB_UIACTIVATE);
+  host.world.log.Clear();
+  EXPECT_EQ(host.DoVerb(OLEIVERB_HIDE), S_OK);
+  EXPECT_EQ(GetFocus(), host.frame.Handle());
+  EXPECT_EQ(SiteLines(host.world.log),
+            "site SetActiveObject none\nsite OnUIDeactivate\nsite OnFocus lost\n");
+  EXPECT_EQ(host.DoVerb(OLEIVERB_UIACTIVATE), S_OK);
+  EXPECT_NE(IsChild(host.Window(), GetFocus()), FALSE);
+}
+
+TEST(Activation, KeepsTheFocusOutOfItsHiddenWindowsWhateverTheContainerDoes) {
+  ControlHost host;
+  host.Open();
+  host.DoVerb(OLEIVERB_UIACTIVATE);
+  const HWND window = host.Window();
+  const HWND tree = GetFocus();
+  host.site->onFocusLost = [&] { SetFocus(tree); };
+  EXPECT_EQ(host.As<IOleInPlaceObject>()->InPlaceDeactivate(), S_OK);
+  host.site->onFocusLost = nullptr;
+  EXPECT_EQ(IsChild(window, GetFocus()), FALSE);
 }
 
 TEST(Activation, IsRefusedWithoutASiteOrByIt) {

@@ -117,7 +117,14 @@ TEST_F(Members, RefuseAnotherThread) {
   HRESULT late = S_OK;
   HRESULT early = S_OK;
   HRESULT site = S_OK;
+  HRESULT extent = S_OK;
+  HRESULT point = S_OK;
+  const auto container = host.As<IConnectionPointContainer>();
   std::thread([&] {
+    SIZEL size{};
+    extent = host.As<IOleObject>()->GetExtent(DVASPECT_CONTENT, &size);
+    IConnectionPoint* events = nullptr;
+    point = container->FindConnectionPoint(DIID__PriceDownEvents, &events);
     DISPPARAMS none{};
     late = Control()->Invoke(2, IID{}, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr);
     early = Early()->RefreshToolbar();
@@ -126,6 +133,8 @@ TEST_F(Members, RefuseAnotherThread) {
   EXPECT_EQ(late, RPC_E_WRONG_THREAD);
   EXPECT_EQ(early, RPC_E_WRONG_THREAD);
   EXPECT_EQ(site, RPC_E_WRONG_THREAD);
+  EXPECT_EQ(extent, RPC_E_WRONG_THREAD);
+  EXPECT_EQ(point, RPC_E_WRONG_THREAD);
   EXPECT_EQ(Early()->RefreshToolbar(), S_OK);
 }
 
@@ -220,6 +229,30 @@ TEST_F(Members, SelBlockSetsTheGridsBlock) {
   EXPECT_EQ(Statement(Control(), L"SelBlock", {Number(1)}).substr(0, 8), "80020005");
 }
 
+TEST_F(Members, SelBlockLeavesOutWhatItCannotConvert) {
+  host.world.factory.Object(u"grid")
+      .On(u"MaxRows", 9)
+      .AllowPut(u"Col")
+      .AllowPut(u"Col2")
+      .AllowPut(u"Row")
+      .AllowPut(u"Row2");
+  const auto grid = windows::ToDispatch(host.world.factory.NewObject(u"grid"));
+  VARIANT error = Nothing(VT_ERROR);
+  error.scode = E_FAIL;
+  const std::string expected = Lines(R"(
+      put grid.Col = 2
+      put grid.Row = 3
+      grid.MaxRows()
+      put grid.Row2 = 9
+      )");
+  EXPECT_EQ(Statement(Control(), L"SelBlock", {ObjectOf(grid.get()), Number(2), error, Number(3)}),
+            "S_OK");
+  EXPECT_EQ(host.world.log.Text(), expected);
+  host.world.log.Clear();
+  EXPECT_EQ(Early()->SelBlock(grid.get(), Number(2), error, Number(3), Omitted()), S_OK);
+  EXPECT_EQ(host.world.log.Text(), expected);
+}
+
 TEST_F(Members, SelBlockAcceptsNamedArguments) {
   host.world.factory.Object(u"grid")
       .On(u"MaxCols", 4)
@@ -309,6 +342,39 @@ TEST(TheCommandBar, KeepsTheLibraryLoadedAsLongAsAHostHasIt) {
   parent->bar->Call(u"Click", {u"iInsert"});
   parent->bar.reset();
   EXPECT_TRUE(host.library.CanUnload());
+}
+
+TEST(TheState, SaysWhetherTheCreationHasSucceeded) {
+  ControlHost host;
+  const auto state = host.As<_PriceDownState>();
+  VARIANT_BOOL ready = VARIANT_TRUE;
+  EXPECT_EQ(state->get_Ready(&ready), S_OK);
+  EXPECT_EQ(ready, VARIANT_FALSE);
+  host.SetSite();
+  EXPECT_EQ(state->get_Ready(&ready), S_OK);
+  EXPECT_EQ(ready, VARIANT_TRUE);
+  EXPECT_EQ(Expression(host.control.get(), L"ready"), "S_OK True");
+  EXPECT_EQ(Expression(host.control.get(), L"CreationError"), "S_OK \"\"");
+  host.Close();
+  EXPECT_EQ(Expression(host.control.get(), L"Ready"), "S_OK False");
+}
+
+TEST(TheState, SaysWhyTheCreationFailed) {
+  ControlHost host;
+  host.world.factory.Refuses(u"ZEPCBSSystemData.AisInfo");
+  EXPECT_NE(host.SetSite(), S_OK);
+  EXPECT_EQ(Expression(host.control.get(), L"Ready"), "S_OK False");
+  const std::string why = Expression(host.control.get(), L"CreationError");
+  EXPECT_NE(why.find("ZEPCBSSystemData.AisInfo"), std::string::npos) << why;
+  windows::Bstr text;
+  EXPECT_EQ(host.As<_PriceDownState>()->get_CreationError(text.put()), S_OK);
+  EXPECT_EQ("S_OK \"" + Utf8(text.Text()) + "\"", why);
+}
+
+TEST(TheState, IsAskedOfTheSuiteNowhere) {
+  const ControlHost host;
+  EXPECT_EQ(Expression(host.control.get(), L"Ready"), "S_OK False");
+  EXPECT_FALSE(host.SuiteWasCalled());
 }
 
 TEST(MembersInDesignMode, AreRefusedButShowIsNot) {

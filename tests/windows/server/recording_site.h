@@ -41,6 +41,8 @@ class RecordingSite final : public windows::ComClass<IOleClientSite, IOleInPlace
   std::string refusedCall;
   // Runs while the host is notified of the activation.
   std::function<void()> onActivate;
+  // Runs while the host is notified that the focus has gone.
+  std::function<void()> onFocusLost;
 
   // IOleClientSite
   STDMETHODIMP SaveObject() noexcept override { return Unexpected("SaveObject"); }
@@ -87,7 +89,9 @@ class RecordingSite final : public windows::ComClass<IOleClientSite, IOleInPlace
   }
   STDMETHODIMP TranslateAccelerator(MSG* message, DWORD modifiers) noexcept override;
   STDMETHODIMP OnFocus(BOOL focused) noexcept override {
-    return Logged(focused != FALSE ? "OnFocus" : "OnFocus lost");
+    const HRESULT code = Logged(focused != FALSE ? "OnFocus" : "OnFocus lost");
+    if (focused == FALSE && onFocusLost) onFocusLost();
+    return code;
   }
   STDMETHODIMP ShowPropertyFrame() noexcept override { return Unexpected("ShowPropertyFrame"); }
 

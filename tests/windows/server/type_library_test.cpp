@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -116,20 +117,79 @@ TEST(TypeLibrary, ListsTheControlsMembersInTheirOrder) {
                 "1 12 delRecord()"}));
 }
 
-TEST(TypeLibrary, ListsOneNameOfUpdatePriceAsOperationAndProperty) {
+TEST(TypeLibrary, ListsTheStateBesideTheMembers) {
+  EXPECT_EQ(FunctionsOf(IID__PriceDownState),
+            (std::vector<std::string>{"2 101 Ready()", "2 102 CreationError()", "2 103 Listener()",
+                                      "4 103 Listener(needed)", "8 103 Listener(needed)"}));
+}
+
+TEST(TypeLibrary, ListsTheEvents) {
+  EXPECT_EQ(
+      FunctionsOf(DIID__PriceDownEvents),
+      (std::vector<std::string>{"1 1 SelectionChanged(needed)", "1 2 ClassChanged(needed, needed)",
+                                "1 3 Closing()", "1 4 Failed(needed, needed, needed)"}));
+}
+
+TEST(TypeLibrary, ListsOperationAndPropertyOfUpdatePriceUnderNamesOfTheirOwn) {
   EXPECT_EQ(FunctionsOf(IID__updatePrice),
-            (std::vector<std::string>{"1 1 ItemClassType()", "2 1 ItemClassType()"}));
+            (std::vector<std::string>{"1 1 ItemClassType()", "2 2 ItemClassTypeValue()"}));
+}
+
+// How a compiler of a Basic-like language resolves a member of a declared object.
+std::string Bound(REFIID id, const wchar_t* name, WORD kinds) {
+  ComPtr<ITypeInfo> info;
+  Embedded()->GetTypeInfoOfGuid(id, info.put());
+  ComPtr<ITypeComp> compiler;
+  if (FAILED(info->GetTypeComp(compiler.put()))) return "no compiler";
+  std::wstring text = name;
+  ComPtr<ITypeInfo> found;
+  DESCKIND kind = DESCKIND_NONE;
+  BINDPTR bound{};
+  const ULONG hash = LHashValOfNameSys(SYS_WIN32, LOCALE_USER_DEFAULT, text.c_str());
+  const HRESULT code = compiler->Bind(text.data(), hash, kinds, found.put(), &kind, &bound);
+  if (FAILED(code)) return "refused";
+  if (kind != DESCKIND_FUNCDESC) return "nothing";
+  const std::string function =
+      std::to_string(bound.lpfuncdesc->invkind) + " " + std::to_string(bound.lpfuncdesc->memid);
+  found->ReleaseFuncDesc(bound.lpfuncdesc);
+  return function;
+}
+
+TEST(TypeLibrary, LetsACompilerResolveOperationAndProperty) {
+  EXPECT_EQ(Bound(IID__updatePrice, L"itemclasstype", INVOKE_FUNC), "1 1");
+  EXPECT_EQ(Bound(IID__updatePrice, L"ItemClassTypeValue", INVOKE_PROPERTYGET), "2 2");
+  EXPECT_EQ(Bound(IID__updatePrice, L"ItemClassTypeValue", INVOKE_FUNC | INVOKE_PROPERTYGET),
+            "2 2");
+}
+
+// A generator of early-bound clients declares each name once for each kind.
+TEST(TypeLibrary, UsesNoNameForTwoKindsOfMembers) {
+  for (const IID& id : {IID__PriceDown, IID__PriceDownState, IID__updatePrice}) {
+    std::map<std::string, bool> isProperty;
+    for (const std::string& function : FunctionsOf(id)) {
+      const std::string name = function.substr(function.rfind(' ', function.find('(')) + 1);
+      const bool property = function[0] != '1';
+      const auto [known, added] = isProperty.emplace(name.substr(0, name.find('(')), property);
+      EXPECT_TRUE(added || (known->second && property)) << function;
+    }
+  }
 }
 
 TEST(MemberTables, MatchTheTypeLibrary) {
-  EXPECT_EQ(Table(windows::PriceDownMembers()), FunctionsOf(IID__PriceDown));
-  EXPECT_EQ(Table(windows::UpdatePriceMembers()), FunctionsOf(IID__updatePrice));
+  std::vector<std::string> members = FunctionsOf(IID__PriceDown);
+  for (const std::string& function : FunctionsOf(IID__PriceDownState)) members.push_back(function);
+  EXPECT_EQ(Table(windows::PriceDownMembers()), members);
+  std::vector<std::string> price = FunctionsOf(IID__updatePrice);
+  // Late-bound clients read the property under the operation's name, too.
+  price.insert(price.begin() + 1, "2 1 ItemClassType()");
+  EXPECT_EQ(Table(windows::UpdatePriceMembers()), price);
 }
 
 TEST(MemberTables, NameTheirParametersAsTheTypeLibraryDoes) {
   for (const auto& row : windows::PriceDownMembers()) {
     // The value of a put is nameless in a type library.
-    if (row.member.kind == DISPATCH_PROPERTYPUT) continue;
+    if ((row.member.kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0) continue;
+    if (row.member.parameters.empty()) continue;
     std::string names;
     for (const auto& parameter : row.member.parameters) names += Utf8(parameter.name) + " ";
     EXPECT_EQ(names, ParameterNames(IID__PriceDown, row.member.id)) << Utf8(row.member.name);
@@ -152,7 +212,7 @@ TEST(TypeInformation, ComesFromTheObjectsThemselves) {
   EXPECT_EQ(library.NewUpdatePrice()->GetTypeInfo(0, LOCALE_USER_DEFAULT, info.put()), S_OK);
 }
 
-TEST(TypeInformation, DescribesTheClassWithoutEvents) {
+TEST(TypeInformation, DescribesTheClassWithItsEvents) {
   const Library library;
   const auto provider = library.Create(CLSID_PriceDown).As<IProvideClassInfo2>();
   ASSERT_TRUE(provider);
@@ -162,10 +222,15 @@ TEST(TypeInformation, DescribesTheClassWithoutEvents) {
   TYPEATTR* attributes = nullptr;
   ASSERT_EQ(info->GetTypeAttr(&attributes), S_OK);
   EXPECT_TRUE(IsEqualGUID(attributes->guid, CLSID_PriceDown));
-  EXPECT_EQ(attributes->cImplTypes, 1);
+  EXPECT_EQ(attributes->cImplTypes, 3);
   info->ReleaseTypeAttr(attributes);
-  GUID events = CLSID_PriceDown;
-  EXPECT_TRUE(FAILED(provider->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &events)));
+  INT flags = 0;
+  EXPECT_EQ(info->GetImplTypeFlags(2, &flags), S_OK);
+  EXPECT_EQ(flags, IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE);
+  GUID events{};
+  EXPECT_EQ(provider->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &events), S_OK);
+  EXPECT_TRUE(IsEqualGUID(events, DIID__PriceDownEvents));
+  EXPECT_EQ(provider->GetGUID(0, &events), E_INVALIDARG);
   EXPECT_TRUE(IsEqualGUID(events, GUID{}));
 }
 

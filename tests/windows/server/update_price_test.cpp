@@ -1,6 +1,9 @@
 // Tests of the public class updatePrice, whose one name is an operation and a property.
 #include <gtest/gtest.h>
 
+#include <thread>
+#include <vector>
+
 #include "tests/control/control_fixture.h"
 #include "tests/support/failure.h"
 #include "tests/windows/raw_call.h"
@@ -36,12 +39,32 @@ TEST_F(ThePublicUpdatePrice, IsReadByAStatementAndAnsweredByAnExpression) {
 TEST_F(ThePublicUpdatePrice, HasASlotForEachInTheInterface) {
   const auto price = library.Create(CLSID_updatePrice).As<_updatePrice>();
   short type = 9;
-  ASSERT_EQ(price->get_ItemClassType(&type), S_OK);
+  ASSERT_EQ(price->get_ItemClassTypeValue(&type), S_OK);
   EXPECT_EQ(type, 0);
   ASSERT_EQ(price->ItemClassType(), S_OK);
-  ASSERT_EQ(price->get_ItemClassType(&type), S_OK);
+  ASSERT_EQ(price->get_ItemClassTypeValue(&type), S_OK);
   EXPECT_EQ(type, 1);
-  EXPECT_EQ(price->get_ItemClassType(nullptr), E_POINTER);
+  EXPECT_EQ(price->get_ItemClassTypeValue(nullptr), E_POINTER);
+}
+
+TEST_F(ThePublicUpdatePrice, AnswersLateBoundClientsUnderBothNames) {
+  const auto price = library.NewUpdatePrice();
+  Statement(price.get(), L"ItemClassType");
+  EXPECT_EQ(Expression(price.get(), L"ItemClassTypeValue"), "S_OK int16 1");
+}
+
+TEST_F(ThePublicUpdatePrice, RefusesAnotherThreadOnBothInterfaces) {
+  const auto early = library.Create(CLSID_updatePrice).As<_updatePrice>();
+  std::vector<HRESULT> codes;
+  std::thread([&] {
+    DISPPARAMS none{};
+    short type = 0;
+    codes.push_back(early->Invoke(1, IID{}, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr));
+    codes.push_back(early->ItemClassType());
+    codes.push_back(early->get_ItemClassTypeValue(&type));
+  }).join();
+  EXPECT_EQ(codes, std::vector<HRESULT>(3, RPC_E_WRONG_THREAD));
+  EXPECT_EQ(world.factory.CallCount(), 0);
 }
 
 TEST_F(ThePublicUpdatePrice, IsNotPut) {

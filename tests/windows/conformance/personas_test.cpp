@@ -1,0 +1,242 @@
+// Whole lives of the control as the well-known families of containers drive it: their order of
+// calls, with a container that answers as it should and with one that refuses a call.
+#include <gtest/gtest.h>
+#include <olectl.h>
+
+#include <string>
+#include <string_view>
+
+#include "tests/windows/raw_call.h"
+#include "tests/windows/server/control_host.h"
+#include "tests/windows/server/memory_picture.h"
+#include "windows/com/com_class.h"
+
+namespace pricedown::testing {
+namespace {
+
+using windows::ComPtr;
+
+ComPtr<IStorage> NewStorage() {
+  ComPtr<ILockBytes> bytes;
+  CreateILockBytesOnHGlobal(nullptr, TRUE, bytes.put());
+  ComPtr<IStorage> storage;
+  StgCreateDocfileOnILockBytes(bytes.get(), STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE, 0,
+                               storage.put());
+  return storage;
+}
+
+// What a family does between the control's making and its use, and what it does at the end. The
+// results of calls that a real container ignores are ignored here, too.
+struct Persona {
+  const char* name;
+  void (*begin)(ControlHost& host);
+  void (*end)(ControlHost& host);
+};
+
+void Size(ControlHost& host, LONG width, LONG height) {
+  SIZEL himetric{width * 26, height * 26};
+  host.As<IOleObject>()->SetExtent(DVASPECT_CONTENT, &himetric);
+  if (const auto place = host.As<IOleInPlaceObject>()) {
+    const RECT pixels{0, 0, width, height};
+    place->SetObjectRects(&pixels, &pixels);
+  }
+}
+
+// A managed toolkit: status first, persistence by whatever interface comes first, a property sink
+// that the control does not have.
+void BeginManaged(ControlHost& host) {
+  DWORD status = 0;
+  const auto object = host.As<IOleObject>();
+  EXPECT_EQ(object->GetMiscStatus(DVASPECT_CONTENT, &status), S_OK);
+  EXPECT_NE(status & OLEMISC_SETCLIENTSITEFIRST, 0U);
+  host.SetSite();
+  EXPECT_EQ(host.As<IPersistStreamInit>()->InitNew(), S_OK);
+  Size(host, 600, 400);
+  CONTROLINFO info{};
+  info.cb = sizeof info;
+  EXPECT_EQ(host.As<IOleControl>()->GetControlInfo(&info), S_OK);
+  ComPtr<IConnectionPoint> properties;
+  EXPECT_EQ(host.As<IConnectionPointContainer>()->FindConnectionPoint(IID_IPropertyNotifySink,
+                                                                      properties.put()),
+            CONNECT_E_NOCONNECTION);
+  host.DoVerb(OLEIVERB_INPLACEACTIVATE);
+  Size(host, 620, 420);
+  host.DoVerb(OLEIVERB_UIACTIVATE);
+}
+void EndManaged(ControlHost& host) {
+  host.As<IOleInPlaceObject>()->UIDeactivate();
+  host.As<IOleInPlaceObject>()->InPlaceDeactivate();
+  host.Close();
+  host.LeaveSite();
+}
+
+// A C++ class library: sinks of all kinds, ambient changes, frozen events while it loads.
+void BeginFramework(ControlHost& host) {
+  const auto object = host.As<IOleObject>();
+  const auto control = host.As<IOleControl>();
+  control->FreezeEvents(TRUE);
+  host.SetSite();
+  EXPECT_EQ(host.As<IPersistStreamInit>()->InitNew(), S_OK);
+  EXPECT_EQ(object->SetHostNames(L"host", nullptr), S_OK);
+  Size(host, 500, 300);
+  EXPECT_EQ(host.As<IViewObject2>()->SetAdvise(DVASPECT_CONTENT, 0, nullptr), S_OK);
+  EXPECT_EQ(control->OnAmbientPropertyChange(DISPID_UNKNOWN), S_OK);
+  control->FreezeEvents(FALSE);
+  host.DoVerb(OLEIVERB_INPLACEACTIVATE);
+  host.DoVerb(OLEIVERB_SHOW);
+}
+void EndFramework(ControlHost& host) {
+  host.As<IOleInPlaceObject>()->UIDeactivate();
+  host.DoVerb(OLEIVERB_HIDE);
+  host.As<IOleObject>()->Close(OLECLOSE_NOSAVE);
+  host.LeaveSite();
+}
+
+// A form of a Basic: everything in one call, then the properties.
+void BeginBasicForm(ControlHost& host) {
+  QACONTAINER container{};
+  container.cbSize = sizeof container;
+  container.pClientSite = host.site.get();
+  container.dwAmbientFlags = QACONTAINER_USERMODE | QACONTAINER_MESSAGEREFLECT;
+  QACONTROL control{};
+  control.cbSize = sizeof control;
+  EXPECT_EQ(host.As<IQuickActivate>()->QuickActivate(&container, &control), S_OK);
+  EXPECT_NE(control.dwMiscStatus & OLEMISC_ACTIVATEWHENVISIBLE, 0U);
+  EXPECT_NE(control.dwViewStatus & VIEWSTATUS_OPAQUE, 0U);
+  EXPECT_EQ(host.As<IPersistStreamInit>()->InitNew(), S_OK);
+  SIZEL size{9000, 6000};
+  EXPECT_EQ(host.As<IQuickActivate>()->SetContentExtent(&size), S_OK);
+  SIZEL found{};
+  EXPECT_EQ(host.As<IQuickActivate>()->GetContentExtent(&found), S_OK);
+  EXPECT_EQ(found.cx, 9000);
+  host.DoVerb(OLEIVERB_SHOW);
+}
+void EndBasicForm(ControlHost& host) {
+  host.As<IOleInPlaceObject>()->InPlaceDeactivate();
+  host.LeaveSite();
+  host.Close();
+}
+
+// A document: loaded from its storage before it has a site, drawn before it is active, saved and
+// kept when it is not active any more.
+void BeginDocument(ControlHost& host) {
+  const auto storage = NewStorage();
+  EXPECT_EQ(host.As<IPersistStorage>()->InitNew(storage.get()), S_OK);
+  EXPECT_EQ(host.As<IPersistStorage>()->Save(storage.get(), TRUE), S_OK);
+  EXPECT_EQ(host.As<IPersistStorage>()->SaveCompleted(nullptr), S_OK);
+  EXPECT_EQ(host.As<IPersistStorage>()->Load(storage.get()), S_OK);
+  host.SetSite();
+  SIZEL size{};
+  EXPECT_EQ(host.As<IOleObject>()->GetExtent(DVASPECT_CONTENT, &size), S_OK);
+  const MemoryPicture picture;
+  const RECTL bounds{0, 0, MemoryPicture::kWidth, MemoryPicture::kHeight};
+  EXPECT_EQ(host.As<IViewObject>()->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr,
+                                         picture.Context(), &bounds, nullptr, nullptr, 0),
+            S_OK);
+  host.DoVerb(OLEIVERB_PRIMARY);
+}
+void EndDocument(ControlHost& host) {
+  const auto storage = NewStorage();
+  host.As<IOleInPlaceObject>()->InPlaceDeactivate();
+  EXPECT_EQ(host.As<IPersistStorage>()->Save(storage.get(), FALSE), S_OK);
+  EXPECT_EQ(host.As<IPersistStorage>()->HandsOffStorage(), S_OK);
+  host.As<IOleObject>()->Close(OLECLOSE_SAVEIFDIRTY);
+  host.LeaveSite();
+}
+
+// A Pascal toolkit: the site, the verb with the parent's window, and no Close at the end.
+void BeginPascal(ControlHost& host) {
+  host.SetSite();
+  EXPECT_EQ(host.As<IPersistStreamInit>()->InitNew(), S_OK);
+  EXPECT_EQ(host.As<IOleObject>()->SetHostNames(L"host", L""), S_OK);
+  EXPECT_EQ(host.As<IOleControl>()->OnAmbientPropertyChange(DISPID_AMBIENT_FONT), S_OK);
+  host.DoVerb(OLEIVERB_SHOW);
+  Size(host, 400, 300);
+}
+void EndPascal(ControlHost& host) { host.LeaveSite(); }
+
+// A portable toolkit: it moves the control's window by itself, hides it first, and closes an object
+// that it has hidden.
+void BeginPortable(ControlHost& host) {
+  host.SetSite();
+  host.As<IOleObject>()->SetHostNames(L"host", nullptr);
+  EXPECT_EQ(host.As<IPersistStreamInit>()->InitNew(), S_OK);
+  host.DoVerb(OLEIVERB_INPLACEACTIVATE);
+  host.DoVerb(OLEIVERB_HIDE);
+  HWND window = nullptr;
+  if (SUCCEEDED(host.As<IOleInPlaceObject>()->GetWindow(&window))) {
+    SetWindowPos(window, nullptr, 0, 0, 300, 200, SWP_NOZORDER);
+  }
+  Size(host, 300, 200);
+  host.DoVerb(OLEIVERB_SHOW);
+}
+void EndPortable(ControlHost& host) {
+  host.DoVerb(OLEIVERB_HIDE);
+  host.Close();
+  host.LeaveSite();
+}
+
+constexpr Persona kPersonas[] = {
+    {"Managed", BeginManaged, EndManaged},       {"Framework", BeginFramework, EndFramework},
+    {"BasicForm", BeginBasicForm, EndBasicForm}, {"Document", BeginDocument, EndDocument},
+    {"Pascal", BeginPascal, EndPascal},          {"Portable", BeginPortable, EndPortable}};
+
+// Calls that containers of these families leave unfinished.
+constexpr const char* kRefusedCalls[] = {"",          "ShowObject",      "OnUIActivate",
+                                         "OnFocus",   "SetActiveObject", "OnInPlaceActivate",
+                                         "GetWindow", "OnUIDeactivate",  "OnInPlaceDeactivate"};
+
+void PrintTo(const Persona& persona, std::ostream* stream) { *stream << persona.name; }
+
+class Containers : public ::testing::TestWithParam<Persona> {};
+
+TEST_P(Containers, LoadUseAndEndTheControl) {
+  for (const char* refused : kRefusedCalls) {
+    SCOPED_TRACE(refused);
+    ControlHost host;
+    host.site->refusedCall = refused;
+    GetParam().begin(host);
+    EXPECT_EQ(Expression(host.control.get(), L"Ready"), "S_OK True");
+    EXPECT_EQ(Expression(host.control.get(), L"Show", {ObjectOf(nullptr)}), "S_OK True");
+    EXPECT_EQ(Statement(host.control.get(), L"RefreshToolbar"), "S_OK");
+    if (*refused == '\0') {
+      EXPECT_NE(IsWindowVisible(host.Window()), FALSE);
+    }
+    host.world.log.Clear();
+    GetParam().end(host);
+    // A control without a window around it has no caption, which is the other mode.
+    const bool captioned = std::string_view(refused) != "GetWindow";
+    EXPECT_EQ(host.world.log.Count(captioned ? R"(put dictionary("NodeSel1") = "gi01")"
+                                             : R"(put dictionary("NodeSel2") = "gi01")"),
+              1U);
+    EXPECT_EQ(host.Window(), nullptr);
+    IOleClientSite* site = host.site.get();
+    site->AddRef();
+    EXPECT_EQ(site->Release(), 1U);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Families, Containers, ::testing::ValuesIn(kPersonas),
+                         [](const auto& one) { return std::string(one.param.name); });
+
+TEST(QuickActivation, ConnectsTheEventSinkAndAsksForWholeStructs) {
+  ControlHost host;
+  const auto quick = host.As<IQuickActivate>();
+  QACONTAINER container{};
+  QACONTROL control{};
+  EXPECT_EQ(quick->QuickActivate(nullptr, &control), E_POINTER);
+  EXPECT_EQ(quick->QuickActivate(&container, &control), E_INVALIDARG);
+  container.cbSize = sizeof container;
+  control.cbSize = sizeof control;
+  container.pClientSite = host.site.get();
+  // Any automation object can be a sink.
+  container.pUnkEventSink = static_cast<IDispatch*>(host.site.get());
+  EXPECT_EQ(quick->QuickActivate(&container, &control), S_OK);
+  EXPECT_NE(control.dwEventCookie, 0U);
+  ComPtr<IConnectionPoint> events;
+  host.As<IConnectionPointContainer>()->FindConnectionPoint(DIID__PriceDownEvents, events.put());
+  EXPECT_EQ(events->Unadvise(control.dwEventCookie), S_OK);
+}
+
+}  // namespace
+}  // namespace pricedown::testing

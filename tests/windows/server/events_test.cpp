@@ -1,0 +1,210 @@
+// Tests of the control's events: sinks of the connection point, the listener, and what tells them.
+#include <gtest/gtest.h>
+#include <olectl.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/local_object.h"
+#include "tests/windows/dialog_closer.h"
+#include "tests/windows/raw_call.h"
+#include "tests/windows/server/control_host.h"
+#include "windows/base/control_ids.h"
+#include "windows/com/variant_value.h"
+
+namespace pricedown::testing {
+namespace {
+
+using windows::ComPtr;
+
+// Logs each event with its arguments.
+class EventSink final : public windows::ComClass<IDispatch> {
+ public:
+  std::vector<std::string> heard;
+  std::function<void()> whenTold;
+  HRESULT answer = S_OK;
+
+  STDMETHODIMP GetTypeInfoCount(UINT*) noexcept override { return E_NOTIMPL; }
+  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return E_NOTIMPL; }
+  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept override {
+    return DISP_E_UNKNOWNNAME;
+  }
+  STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT*,
+                      EXCEPINFO*, UINT*) noexcept override {
+    EXPECT_EQ(flags, DISPATCH_METHOD);
+    std::string line = std::to_string(id);
+    for (UINT i = parameters->cArgs; i > 0; --i) {
+      line += " " + Readable(windows::FromVariant(parameters->rgvarg[i - 1]));
+    }
+    heard.push_back(line);
+    if (whenTold) whenTold();
+    return answer;
+  }
+};
+
+// A late-bound client's object with some of the methods.
+class EventListener : public LocalObject<EventListener> {
+ public:
+  static std::span<const Member<EventListener>> Members() {
+    static const std::array members{
+        Member<EventListener>{u"SelectionChanged", MemberKind::Method,
+                              [](EventListener& listener, Access, std::span<Value> arguments) {
+                                listener.heard.push_back(Readable(arguments[0]));
+                                throw AutomationError(ErrorNumber::Unspecified, u"listener");
+                                return Value();
+                              },
+                              1, 1},
+        Member<EventListener>{u"Closing", MemberKind::Method,
+                              [](EventListener& listener, Access, std::span<Value>) {
+                                listener.heard.push_back("closing");
+                                return Value();
+                              }}};
+    return members;
+  }
+  std::vector<std::string> heard;
+};
+
+class Events : public ::testing::Test {
+ protected:
+  ComPtr<IConnectionPoint> Point() const {
+    ComPtr<IConnectionPoint> point;
+    EXPECT_EQ(host->As<IConnectionPointContainer>()->FindConnectionPoint(DIID__PriceDownEvents,
+                                                                         point.put()),
+              S_OK);
+    return point;
+  }
+  DWORD Connect(EventSink& one) {
+    DWORD cookie = 0;
+    EXPECT_EQ(Point()->Advise(&one, &cookie), S_OK);
+    EXPECT_NE(cookie, 0U);
+    return cookie;
+  }
+  std::string Heard() const {
+    std::string text;
+    for (const std::string& line : sink->heard) text += line + "\n";
+    return text;
+  }
+
+  std::unique_ptr<ControlHost> host = std::make_unique<ControlHost>();
+  const ComPtr<EventSink> sink = windows::MakeCom<EventSink>();
+};
+
+TEST_F(Events, TellTheSelectedClassAndTheEnd) {
+  Connect(*sink.get());
+  host->Open();
+  EXPECT_EQ(Heard(), "1 \"01\"\n");
+  host->Close();
+  EXPECT_EQ(Heard(), "1 \"01\"\n3\n");
+  host->LeaveSite();
+  EXPECT_EQ(Heard(), "1 \"01\"\n3\n");
+}
+
+TEST_F(Events, TellAFailureOfACommandOfTheUser) {
+  host->Open();
+  Connect(*sink.get());
+  const DialogCloser ok;
+  host->world.factory.Object(u"ZEPEBCGLView.GLData")
+      .On(u"AccessCheck", Reply::Failing(static_cast<std::int32_t>(0x80040123), u"没有连接"));
+  SendMessageW(GetDlgItem(host->Window(), windows::control_ids::kTree), WM_KEYDOWN, VK_DELETE, 1);
+  EXPECT_EQ(Heard(), "4 -2147221213 \"没有连接\" \"ZEPEBCGLView.GLData.AccessCheck\"\n");
+}
+
+TEST_F(Events, ReachEverySinkWhateverOneAnswers) {
+  sink->answer = E_FAIL;
+  const auto second = windows::MakeCom<EventSink>();
+  Connect(*sink.get());
+  Connect(*second.get());
+  host->Open();
+  EXPECT_EQ(sink->heard, second->heard);
+  EXPECT_EQ(second->heard.size(), 1U);
+}
+
+TEST_F(Events, ReachNoSinkThatHasLeft) {
+  const DWORD cookie = Connect(*sink.get());
+  EXPECT_EQ(Point()->Unadvise(cookie), S_OK);
+  EXPECT_EQ(Point()->Unadvise(cookie), CONNECT_E_NOCONNECTION);
+  host->Open();
+  EXPECT_EQ(Heard(), "");
+}
+
+TEST_F(Events, AreNotToldWhileTheContainerFreezesThem) {
+  Connect(*sink.get());
+  const auto control = host->As<IOleControl>();
+  EXPECT_EQ(control->FreezeEvents(TRUE), S_OK);
+  host->Open();
+  EXPECT_EQ(Heard(), "");
+  EXPECT_EQ(control->FreezeEvents(FALSE), S_OK);
+  host->Close();
+  EXPECT_EQ(Heard(), "3\n");
+}
+
+TEST_F(Events, MayEndTheControlInsideAnEvent) {
+  Connect(*sink.get());
+  sink->whenTold = [&] {
+    sink->whenTold = nullptr;
+    host->Close();
+    host->LeaveSite();
+    host->Release();
+  };
+  EXPECT_EQ(host->SetSite(), S_OK);
+  EXPECT_EQ(host->DoVerb(OLEIVERB_SHOW), S_OK);
+  const ComPtr<_PriceDown> early = host->As<_PriceDown>();
+  VARIANT_BOOL shown = VARIANT_FALSE;
+  EXPECT_EQ(early->Show(nullptr, &shown), S_OK);
+  EXPECT_EQ(shown, VARIANT_TRUE);
+  EXPECT_EQ(Heard(), "1 \"01\"\n3\n");
+}
+
+TEST_F(Events, ReachALateBoundListenerByName) {
+  const auto listener = std::make_shared<EventListener>();
+  const auto object = windows::ToDispatch(listener);
+  EXPECT_EQ(Assignment(host->control.get(), L"Listener", ObjectOf(object.get())), "S_OK");
+  EXPECT_EQ(Expression(host->control.get(), L"Listener").substr(0, 4), "S_OK");
+  host->Open();
+  host->Close();
+  EXPECT_EQ(listener->heard, (std::vector<std::string>{"\"01\"", "closing"}));
+  ComPtr<IDispatch> kept;
+  EXPECT_EQ(host->As<_PriceDownState>()->get_Listener(kept.put()), S_OK);
+  EXPECT_FALSE(kept);
+}
+
+TEST_F(Events, HaveOneConnectionPointThatListsItsSinks) {
+  const DWORD cookie = Connect(*sink.get());
+  const auto container = host->As<IConnectionPointContainer>();
+  ComPtr<IEnumConnectionPoints> points;
+  ASSERT_EQ(container->EnumConnectionPoints(points.put()), S_OK);
+  ComPtr<IConnectionPoint> point;
+  ULONG fetched = 0;
+  EXPECT_EQ(points->Next(1, point.put(), &fetched), S_OK);
+  ComPtr<IConnectionPoint> none;
+  EXPECT_EQ(points->Next(1, none.put(), &fetched), S_FALSE);
+  IID id{};
+  EXPECT_EQ(point->GetConnectionInterface(&id), S_OK);
+  EXPECT_TRUE(IsEqualGUID(id, DIID__PriceDownEvents));
+  ComPtr<IConnectionPointContainer> back;
+  EXPECT_EQ(point->GetConnectionPointContainer(back.put()), S_OK);
+  EXPECT_EQ(back.get(), container.get());
+  EXPECT_FALSE(point.As<IOleObject>());
+  ComPtr<IEnumConnections> connections;
+  ASSERT_EQ(point->EnumConnections(connections.put()), S_OK);
+  CONNECTDATA data{};
+  EXPECT_EQ(connections->Next(1, &data, nullptr), S_OK);
+  EXPECT_EQ(data.dwCookie, cookie);
+  data.pUnk->Release();
+}
+
+TEST_F(Events, RefuseWhatIsNoSink) {
+  DWORD cookie = 5;
+  EXPECT_EQ(Point()->Advise(nullptr, &cookie), E_POINTER);
+  EXPECT_EQ(cookie, 0U);
+  EXPECT_EQ(Point()->Advise(sink.get(), nullptr), E_POINTER);
+  const auto factory = host->library.ClassObject(CLSID_updatePrice);
+  EXPECT_EQ(Point()->Advise(factory.get(), &cookie), CONNECT_E_CANNOTCONNECT);
+  ComPtr<IConnectionPoint> point;
+  EXPECT_EQ(host->As<IConnectionPointContainer>()->FindConnectionPoint(IID_IDispatch, point.put()),
+            CONNECT_E_NOCONNECTION);
+}
+
+}  // namespace
+}  // namespace pricedown::testing
