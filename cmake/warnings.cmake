@@ -13,7 +13,7 @@ target_compile_options(project_options INTERFACE
   -Woverloaded-virtual
   -Wformat=2
   -Wimplicit-fallthrough
-  -Wduplicated-cond -Wlogical-op
+  $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond$<SEMICOLON>-Wlogical-op>
   -Wextra-semi
   -Wredundant-decls
   -fstack-protector-strong

@@ -1,0 +1,23 @@
+# What both targets of the second compiler share: clang and lld on the headers and the C++ library of
+# mingw-w64. Included by the two toolchain files; never used by itself.
+include(${CMAKE_CURRENT_LIST_DIR}/toolchain-windows.cmake)
+
+set(CMAKE_C_COMPILER clang)
+set(CMAKE_CXX_COMPILER clang++)
+set(CMAKE_C_COMPILER_TARGET ${MINGW_TRIPLET})
+set(CMAKE_CXX_COMPILER_TARGET ${MINGW_TRIPLET})
+
+# clang does not know the distribution's names of these folders.
+file(GLOB library_folders /usr/lib/gcc/${MINGW_TRIPLET}/*-posix)
+list(POP_BACK library_folders library_folder)
+if(NOT library_folder)
+  message(FATAL_ERROR "no C++ library of mingw-w64 for ${MINGW_TRIPLET}")
+endif()
+string(JOIN " " CMAKE_CXX_FLAGS_INIT
+  -stdlib++-isystem ${library_folder}/include/c++
+  -stdlib++-isystem ${library_folder}/include/c++/${MINGW_TRIPLET})
+foreach(kind EXE SHARED)
+  set(CMAKE_${kind}_LINKER_FLAGS_INIT "-fuse-ld=lld -L${library_folder}")
+endforeach()
+# g++ names it by itself.
+set(CMAKE_CXX_STANDARD_LIBRARIES_INIT -lpthread)
