@@ -122,11 +122,9 @@ LRESULT GridEditor::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       OnPaste();
       return 0;
     case WM_KILLFOCUS: {
-      const bool closing = closing_;
       const LRESULT result = Default(message, wParam, lParam);
       Finish(0);
-      // The grid takes the focus from an editor that closes.
-      if (!closing) events_.EditorLeft(reinterpret_cast<HWND>(wParam));
+      events_.EditorLeft(reinterpret_cast<HWND>(wParam));
       return result;
     }
     default:
