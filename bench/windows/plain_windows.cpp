@@ -54,7 +54,9 @@ PlainWindows::PlainWindows(HWND parent) {
   if (frame_ == nullptr) ThrowLastError();
   const Dpi dpi = Dpi::Of(frame_);
   font_ = MakeMessageFont(dpi);
-  titleFont_ = MakeMessageFont(kTitlePoints, dpi);
+  pricedown::Font title;
+  title.size = kTitlePoints;
+  titleFont_ = MakeMessageFont(title, dpi);
   SendMessageW(Child(L"STATIC", SS_LEFT, kTitle), WM_SETFONT,
                reinterpret_cast<WPARAM>(titleFont_.Get()), FALSE);
   for (const Part& part : kParts) Child(part.className, part.style, part.area);

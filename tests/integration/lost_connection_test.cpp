@@ -62,7 +62,7 @@ class LostConnection : public ControlOnCompany {
     AddProvision(2, 2008, 3, 5);
     pickers->items.clear();
     questions.ForgetAnswers();
-    Command(u"");
+    Command(u"sp2");
   }
 
   // The command with each of its statements lost in turn, both ways, until none is.
@@ -176,10 +176,10 @@ TEST_F(LostConnection, DeletesAClassAtTheSecondTry) {
 TEST_F(LostConnection, BrowsesAgainWhenTheServerIsBack) {
   LoseEachStatement([&] {
     Try([&] {
-      Command(u"");
+      Command(u"sp2");
       Select(u"B1");
     });
-    Command(u"");
+    Command(u"sp2");
     Select(u"B1");
     EXPECT_EQ(Tree(), "物料 A1(原材料) B1(成品) ");
     EXPECT_EQ(GridCodes(), "01.4 01.5 ");

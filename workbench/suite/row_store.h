@@ -37,8 +37,8 @@ class RowStore {
   virtual void Delete(std::size_t row) = 0;
 };
 
-// Rows that a client creates: fields first, then rows. Texts are kept in blocks and only once where a
-// column repeats them row after row; a text that is replaced stays until the store goes.
+// Rows that a client creates: fields first, then rows. Texts are kept in blocks and only once where
+// a column repeats them row after row; a text that is replaced stays until the store goes.
 class EditableRows : public RowStore {
  public:
   EditableRows() = default;
