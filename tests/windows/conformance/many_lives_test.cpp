@@ -93,7 +93,7 @@ class ManyLives : public ::testing::Test {
 };
 
 TEST_F(ManyLives, WithoutEverBeingShownLeaveNothing) {
-  ExpectNoGrowth(Lives(120, 1), 4, [this] {
+  ExpectNoGrowth(Lives(120, 1), 6, [this] {
     const auto control = NewInSite();
     EXPECT_EQ(control.As<IOleObject>()->Close(OLECLOSE_NOSAVE), S_OK);
     EXPECT_EQ(control.As<IOleObject>()->SetClientSite(nullptr), S_OK);
@@ -102,7 +102,7 @@ TEST_F(ManyLives, WithoutEverBeingShownLeaveNothing) {
 }
 
 TEST_F(ManyLives, ThatTheContainerForgotToCloseLeaveNothing) {
-  ExpectNoGrowth(Lives(30, 10), 4, [this] {
+  ExpectNoGrowth(Lives(30, 10), 6, [this] {
     NewInSite();
     world.log.Clear();
   });
@@ -110,7 +110,7 @@ TEST_F(ManyLives, ThatTheContainerForgotToCloseLeaveNothing) {
 
 TEST_F(ManyLives, ThatWereShownAndUsedLeaveNothing) {
   const auto parent = windows::ToDispatch(world.NewParent());
-  ExpectNoGrowth(Lives(20, 20), 5, [&] {
+  ExpectNoGrowth(Lives(20, 20), 7, [&] {
     const auto control = NewInSite();
     Verb(control, OLEIVERB_UIACTIVATE);
     EXPECT_EQ(Expression(control.get(), L"Show", {ObjectOf(parent.get())}), "S_OK True");
@@ -125,7 +125,7 @@ TEST_F(ManyLives, ThatWereShownAndUsedLeaveNothing) {
 
 TEST_F(ManyLives, OfOneObjectLeaveNothing) {
   const auto control = library.NewPriceDown();
-  ExpectNoGrowth(Lives(20, 20), 5, [&] {
+  ExpectNoGrowth(Lives(20, 20), 7, [&] {
     EXPECT_EQ(control.As<IOleObject>()->SetClientSite(site.get()), S_OK);
     Verb(control, OLEIVERB_SHOW);
     EXPECT_EQ(Expression(control.get(), L"Show", {ObjectOf(nullptr)}), "S_OK True");
@@ -143,7 +143,7 @@ TEST_F(ManyLives, OfTheOtherClassLeaveNothing) {
 
 // Pictures and documents of an inactive control, and its type information.
 TEST_F(ManyLives, OfAnObjectThatIsOnlyQueriedLeaveNothing) {
-  ExpectNoGrowth(Lives(20, 20), 4, [this] {
+  ExpectNoGrowth(Lives(20, 20), 6, [this] {
     const auto control = library.NewPriceDown();
     const HDC context = CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
     const RECTL bounds{0, 0, 300, 200};
