@@ -47,6 +47,7 @@ void BoundWindow::CreateOwn(const Creation& creation) {
   // the two calls.
   for (int attempt = 0; attempt < 2; ++attempt) {
     if (RegisterClassExW(&description) == 0 && GetLastError() != ERROR_CLASS_ALREADY_EXISTS) break;
+    lifetime_ = Lifetime();
     if (CreateWindowExW(creation.extendedStyle, creation.className, creation.text, creation.style,
                         0, 0, 0, 0, creation.parent, MenuOfId(creation.id), creation.module,
                         this) != nullptr) {
@@ -58,6 +59,7 @@ void BoundWindow::CreateOwn(const Creation& creation) {
 }
 
 void BoundWindow::CreateControl(const Creation& creation) {
+  lifetime_ = Lifetime();
   const HWND window =
       CreateWindowExW(creation.extendedStyle, creation.className, creation.text, creation.style, 0,
                       0, 0, 0, creation.parent, MenuOfId(creation.id), creation.module, nullptr);
@@ -68,7 +70,6 @@ void BoundWindow::CreateControl(const Creation& creation) {
   controlProcedure_ = reinterpret_cast<WNDPROC>(
       SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ControlProcedure)));
   handle_ = window;
-  lifetime_ = Lifetime();
 }
 
 LRESULT BoundWindow::Default(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -84,7 +85,6 @@ LRESULT CALLBACK BoundWindow::OwnProcedure(HWND window, UINT message, WPARAM wPa
     object =
         static_cast<BoundWindow*>(reinterpret_cast<const CREATESTRUCTW*>(lParam)->lpCreateParams);
     object->handle_ = window;
-    object->lifetime_ = Lifetime();
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(object));
   }
   if (object == nullptr) return DefWindowProcW(window, message, wParam, lParam);
