@@ -54,17 +54,15 @@ class DialogUser {
  private:
   static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD) {
     if (current_ == nullptr) return;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND window, LPARAM user) {
-          wchar_t name[32] = {};
-          GetClassNameW(window, name, 32);
-          if (lstrcmpW(name, L"#32770") == 0 && IsWindowVisible(window)) {
-            reinterpret_cast<DialogUser*>(user)->Answer(window);
-          }
-          return TRUE;
-        },
-        reinterpret_cast<LPARAM>(current_));
+    EnumThreadWindows(GetCurrentThreadId(), &OnWindow, reinterpret_cast<LPARAM>(current_));
+  }
+  static BOOL CALLBACK OnWindow(HWND window, LPARAM user) {
+    wchar_t name[32] = {};
+    GetClassNameW(window, name, 32);
+    if (lstrcmpW(name, L"#32770") == 0 && IsWindowVisible(window)) {
+      reinterpret_cast<DialogUser*>(user)->Answer(window);
+    }
+    return TRUE;
   }
   void Answer(HWND dialog) {
     if (std::find(answered_.begin(), answered_.end(), dialog) != answered_.end()) return;
