@@ -18,7 +18,7 @@ constexpr std::array kCheckTools{kToolStripTool, kStatusBarTool};
 
 CommandBar::CommandBar(Lifetime lifetime) : lifetime_(std::move(lifetime)) {
   std::transform(kCheckTools.begin(), kCheckTools.end(), checkTools_.begin(), [](auto name) {
-    const auto tool = std::make_shared<CommandBarTool>(
+    auto tool = std::make_shared<CommandBarTool>(
         CommandBarTool::Definition{std::u16string(name), {}, {}, {}});
     tool->SetChecked(true);
     return tool;

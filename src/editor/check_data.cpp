@@ -92,9 +92,8 @@ std::optional<CheckFailure> CheckData(const FormState& state, const TypedHeader&
   }
   std::optional<Connection> connection;
   const std::u16string accounts = Concatenate({header.lossAccount, u"、", header.reserveAccount});
-  const Result failure = RunSaveStep(u"检查科目失败，科目代码：", accounts, [&] {
-    return CheckAccounts(header, connection.emplace(factory));
-  });
+  Result failure = RunSaveStep(u"检查科目失败，科目代码：", accounts,
+                               [&] { return CheckAccounts(header, connection.emplace(factory)); });
   if (failure) return failure;
   return RunSaveStep(u"检查物料类别代码失败，物料类别代码：", header.number,
                      [&] { return CheckUnique(state, header, *connection); });

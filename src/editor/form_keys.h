@@ -40,7 +40,7 @@ constexpr std::optional<FormField> FieldAfter(FormField field) {
 enum class MemberListCommand { AddItem, RemoveItems, Copy, CopyTitled, SelectAll };
 
 struct MemberListRow : Command {
-  MemberListCommand command;
+  MemberListCommand command = MemberListCommand::AddItem;
   bool beginsGroup = false;
 };
 

@@ -105,19 +105,16 @@ void AddCommands(CLI::App& program, Arguments& arguments) {
 // The library words its errors in English.
 [[noreturn]] void ThrowUsage(const CLI::ParseError& error, const std::string& firstWord) {
   const std::string message = error.what();
-  const auto is = [&error]<class Kind>(const Kind*) {
-    return dynamic_cast<const Kind*>(&error) != nullptr;
-  };
-  if (is(static_cast<CLI::RequiredError*>(nullptr))) {
+  if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr) {
     if (message.starts_with(kCompany)) throw UsageError("缺少公司文件名或连接串");
     if (message.starts_with(kCode)) throw UsageError("缺少类别代码或物料代码");
     if (message.starts_with(kCopy)) throw UsageError("缺少副本的文件名");
     throw UsageError("没有这个命令: " + firstWord);
   }
-  if (is(static_cast<CLI::ExtrasError*>(nullptr))) {
+  if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) {
     throw UsageError("无法识别的参数: " + message.substr(message.rfind(": ") + 2));
   }
-  if (is(static_cast<CLI::ArgumentMismatch*>(nullptr))) {
+  if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) {
     const std::string option = message.substr(0, message.find_first_of(": "));
     throw UsageError(option + " 缺少参数值或给得太多");
   }

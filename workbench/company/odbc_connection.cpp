@@ -61,10 +61,10 @@ class OdbcConnection::Session {
 
   // The login, reopened if it is lost.
   odbc::Session& Alive() {
-    if (inTransaction_) return *session_;
-    if (session_ != nullptr && session_->Answers()) return *session_;
+    if (session_ != nullptr && (inTransaction_ || session_->Answers())) return *session_;
     session_.reset();
     LogIn(u"与服务器的连接已断开，重新连接失败：");
+    // cppcheck-suppress nullPointer
     return *session_;
   }
 

@@ -16,6 +16,8 @@ constexpr const wchar_t* kLibrary = L"uiautomationcore.dll";
 void LoadSystemLibrary(const wchar_t* name) {
   std::array<wchar_t, MAX_PATH> folder{};
   if (GetSystemDirectoryW(folder.data(), static_cast<UINT>(folder.size())) == 0) return;
+  // Stays loaded, because a client may hold a provider.
+  // cppcheck-suppress leakReturnValNotUsed
   LoadLibraryW((std::wstring(folder.data()) + L"\\" + name).c_str());
 }
 
@@ -38,16 +40,17 @@ struct AutomationFunctions {
     function = SystemFunction<Function>(kLibrary, name);
   }
 
-  LRESULT(WINAPI* returnProvider)(HWND, WPARAM, LPARAM, IRawElementProviderSimple*);
-  HRESULT(WINAPI* hostProvider)(HWND, IRawElementProviderSimple**);
-  BOOL(WINAPI* clientsAreListening)();
-  HRESULT(WINAPI* raiseEvent)(IRawElementProviderSimple*, EVENTID);
-  HRESULT(WINAPI* raisePropertyChanged)(IRawElementProviderSimple*, PROPERTYID, VARIANT, VARIANT);
+  LRESULT(WINAPI* returnProvider)(HWND, WPARAM, LPARAM, IRawElementProviderSimple*) = nullptr;
+  HRESULT(WINAPI* hostProvider)(HWND, IRawElementProviderSimple**) = nullptr;
+  BOOL(WINAPI* clientsAreListening)() = nullptr;
+  HRESULT(WINAPI* raiseEvent)(IRawElementProviderSimple*, EVENTID) = nullptr;
+  HRESULT(WINAPI* raisePropertyChanged)
+  (IRawElementProviderSimple*, PROPERTYID, VARIANT, VARIANT) = nullptr;
   HRESULT(WINAPI* raiseStructureChanged)
-  (IRawElementProviderSimple*, StructureChangeType, int*, int);
+  (IRawElementProviderSimple*, StructureChangeType, int*, int) = nullptr;
   HRESULT(WINAPI* raiseNotification)
-  (IRawElementProviderSimple*, NotificationKind, NotificationProcessing, BSTR, BSTR);
-  HRESULT(WINAPI* disconnect)(IRawElementProviderSimple*);
+  (IRawElementProviderSimple*, NotificationKind, NotificationProcessing, BSTR, BSTR) = nullptr;
+  HRESULT(WINAPI* disconnect)(IRawElementProviderSimple*) = nullptr;
 };
 
 // Loads the library at the first call.

@@ -56,7 +56,7 @@ class TreeWindow final : public BoundWindow {
   bool OnContextMenu(LPARAM place);
   LRESULT OnDraw(NMTVCUSTOMDRAW& drawing) const;
   HTREEITEM ItemOf(NodeIndex index) const;
-  NodeIndex IndexOf(HTREEITEM item) const;
+  NodeIndex IndexOf(HTREEITEM handle) const;
   bool MouseIsOnNode() const;
   void SizeItems();
 

@@ -154,6 +154,7 @@ void GridWindow::CommandKeyPressed(WPARAM key) {
   editor_.Finish(0);
   if (window.HasEnded()) return;
   SetFocus(Handle());
+  // cppcheck-suppress identicalConditionAfterEarlyExit
   if (window.HasEnded()) return;
   events_.KeyPressed(Handle(), press, false);
 }

@@ -28,6 +28,7 @@ void GridWindow::ScrollTo(std::int32_t topRow, int left) {
 }
 
 bool GridWindow::SetNumber(GridElement cell, std::u16string_view text) {
+  if (grid_ == nullptr) return false;
   const auto number = CellNumber(text, *grid_->UpperBound(cell.column, cell.row));
   if (!number) return false;
   const Lifetime window = WindowLifetime();
