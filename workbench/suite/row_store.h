@@ -55,11 +55,12 @@ class EditableRows : public RowStore {
   void AppendField(const pricedown::FieldDefinition& field) override;
   void DescribeNumeric(std::size_t column, std::int32_t precision, std::int32_t scale) override;
   std::size_t AddRow() override;
-  void Set(std::size_t row, std::size_t column, const pricedown::Value& value) override;
+  void Set(std::size_t row, std::size_t column, const pricedown::Value& given) override;
   void SetText(std::size_t row, std::size_t column, std::u16string_view text) override;
   void Delete(std::size_t row) override;
 
  private:
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init) One member of the union has a value.
   struct Cell {
     pricedown::Value::Kind kind = pricedown::Value::Kind::Empty;
     std::uint32_t length = 0;  // of a text
