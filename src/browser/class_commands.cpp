@@ -38,7 +38,7 @@ void Prepare(ItemClassForm& form, Preparation&& preparation) {
 void ClassCommands::Add() {
   ItemClassForm& form = editor_.Form();
   Prepare(form, [&] { PrepareAdd(form); });
-  TellSaves(form);
+  ReportSaves(form);
   editor_.ShowModal();
 }
 
@@ -58,12 +58,12 @@ void ClassCommands::Edit() {
   if (!RequireClass(u"请选择要修改的物料类别")) return;
   ItemClassForm& form = editor_.Form();
   Prepare(form, [&] { PrepareEdit(form); });
-  TellSaves(form);
+  ReportSaves(form);
   editor_.ShowModal();
 }
 
 // The form may outlive the control.
-void ClassCommands::TellSaves(ItemClassForm& form) {
+void ClassCommands::ReportSaves(ItemClassForm& form) {
   if (environment_.events == nullptr) return;
   form.OnSaved([events = environment_.events, lifetime = environment_.lifetime](
                    bool added, std::u16string_view number) {

@@ -30,7 +30,7 @@ struct SearchHit {
 
 class TextSearch {
  public:
-  // Begins anew. The rows must outlive the search, and a change of theirs needs a new one.
+  // Begins again. The rows must outlive the search; start a new one when they change.
   void Start(const SearchedRows& rows, std::u16string_view text);
   // No text, or nothing was ever started.
   bool IsEmpty() const { return rows_ == nullptr || pattern_.IsEmpty(); }

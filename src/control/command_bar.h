@@ -51,8 +51,8 @@ class CommandBar : public LocalObject<CommandBar> {
   // Releases handler and listener. Requires: the control has ended.
   void Detach();
 
-  // Tells the listener that the command of a forwarded click on `tool` is over. It is passed the
-  // bar's tool of that name if there is one.
+  // Notifies the listener after the command of a forwarded click on `tool`, passing the bar's tool
+  // of that name if there is one.
   void NotifyForwarded(std::u16string_view name, const ObjectPtr& tool);
 
   // Clicks the tool of that name. Throws AutomationError when there is none, or when its command

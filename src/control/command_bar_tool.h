@@ -28,7 +28,7 @@ class CommandBarTool : public LocalObject<CommandBarTool> {
     std::u16string description;
     std::u16string category;
   };
-  // A tool of no bar: a click does nothing, and nobody is notified.
+  // A tool outside a bar; a click on it has no effect.
   explicit CommandBarTool(Definition definition = {}) : definition_(std::move(definition)) {}
   // Makes it a tool of the bar with those listeners.
   void Join(Definition definition, std::shared_ptr<CommandBarListeners> listeners) {

@@ -50,7 +50,7 @@ class Find {
   void Accept();
   bool HasText() const { return !text_.empty(); }
 
-  // The pane's rows are others now.
+  // The rows of the pane have been replaced.
   void RowsChanged(FindPane pane);
   // Counts a part of the rows and shows how many hits there are.
   void CountOn();

@@ -162,7 +162,7 @@ bool ItemClassForm::Save() {
   if (!parts_.state.loaded) return false;
   if (!SaveClass(parts_)) return false;
   const bool added = parts_.state.IsAdding();
-  // Copies, because the host may close the form when it is told.
+  // Copies, because the host may close the form in the event.
   const auto whenSaved = parts_.state.whenSaved;
   const std::u16string number = parts_.state.savedValues.number;
   if (whenSaved) whenSaved(added, number);

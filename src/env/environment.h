@@ -36,7 +36,7 @@ class Environment {
   Screen& screen;
   const std::u16string application;
   Lifetime lifetime;                   // of the control or form that this environment serves
-  std::shared_ptr<HostEvents> events;  // null where nobody listens
+  std::shared_ptr<HostEvents> events;  // null without a host
   Messages messages;
   Rights rights;
 };

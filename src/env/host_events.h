@@ -1,4 +1,4 @@
-// Port through which a control tells its host what has happened.
+// Port for the events that a control sends to its host.
 #pragma once
 
 #include <cstdint>

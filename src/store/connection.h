@@ -16,7 +16,7 @@ class Connection {
   // Sends the text whole. The answer of a statement without rows may be no recordset at all.
   // Throws AutomationError with the database's own words.
   Recordset Execute(std::u16string_view statement);
-  // The same for a statement that writes; what the suite answers is dropped.
+  // The same for a statement that writes; the suite's result is dropped.
   void Run(std::u16string_view statement);
 
  private:

@@ -1,4 +1,4 @@
-// The commands and what they tell the user.
+// The commands and their output.
 #include "workbench/cli/commands.h"
 
 #include <chrono>

@@ -9,7 +9,7 @@
 namespace pricedown::windows {
 namespace {
 
-// By this a reader tells a newer notification of ours from others.
+// Notifications of one activity replace each other.
 constexpr std::u16string_view kActivity = u"PriceDown.Status";
 constexpr const wchar_t* kLibrary = L"uiautomationcore.dll";
 

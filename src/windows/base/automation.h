@@ -1,5 +1,4 @@
-// UI Automation of the system: hands the providers of windows to its clients and their events to
-// those who listen.
+// UI Automation of the system: passes providers of windows and their events to its clients.
 #pragma once
 
 #include <windows.h>
@@ -28,7 +27,7 @@ class Automation {
   virtual void RaiseChildrenInvalidated(IRawElementProviderSimple* provider) = 0;
   // A text for the user that has no element, such as a status.
   virtual void RaiseNotification(IRawElementProviderSimple* provider, std::u16string_view text) = 0;
-  // The system lets go of the provider; its clients may still hold it.
+  // The system releases the provider; its clients may still hold it.
   virtual void Disconnect(IRawElementProviderSimple* provider) = 0;
 
  protected:

@@ -33,7 +33,7 @@ class WindowProvider {
 
   // Null while no client has asked.
   ComPtr<Provider> Get() const { return provider_.Copy(); }
-  // Whether anybody may want an event.
+  // Whether a client may listen for events.
   bool IsListenedTo() const { return provider_ && automation_.ClientsAreListening(); }
   Automation& System() const { return automation_; }
 

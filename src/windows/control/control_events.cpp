@@ -40,7 +40,7 @@ void ControlWindow::RunCommand(Command&& command) {
   } catch (...) {
     const Failure failure = CurrentFailure();
     if (control_ != nullptr) control_->CommandFailed(failure);
-    // The failed command, or the host that was told, may have destroyed the owner.
+    // The failed command, or the host's event handler, may have destroyed the owner.
     ReportFailure(IsWindow(owner) != FALSE ? owner : nullptr, failure);
   }
 }

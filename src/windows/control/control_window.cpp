@@ -121,7 +121,7 @@ void ControlWindow::OpenFind(FindPane pane, std::u16string_view text) {
 
 void ControlWindow::CloseFind(FindPane pane) {
   if (Handle() == nullptr) return;
-  // First, or the focus would be nobody's for a moment.
+  // Before the bar closes, so that the focus goes straight to the pane.
   if (children_->findBar.HasFocus()) SetFocus(children_->WindowOf(pane));
   children_->findBar.Close();
 }

@@ -101,7 +101,7 @@ void FindBarWindow::Open(FindPane pane, std::u16string_view text) {
   if (Handle() == nullptr) return;
   pane_ = pane;
   open_ = true;
-  // The text is the one that the core knows.
+  // The core has this text already.
   opening_ = true;
   SetTextOf(field_.Handle(), text);
   opening_ = false;

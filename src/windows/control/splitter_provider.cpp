@@ -4,10 +4,7 @@
 #include <cmath>
 
 #include "control/layout.h"
-#include "platform/convert.h"
 #include "windows/base/dpi.h"
-#include "windows/base/plain_control.h"
-#include "windows/base/provider_values.h"
 
 namespace pricedown::windows {
 namespace {
@@ -40,43 +37,23 @@ int SplitterPosition(HWND splitter) {
   return area.left;
 }
 
-STDMETHODIMP SplitterProvider::get_ProviderOptions(enum ProviderOptions* result) noexcept {
-  return link_.Answer(result, [](SplitterAccess&) { return kProviderOptions; });
+IUnknown* SplitterProvider::FindPattern(PATTERNID pattern) {
+  return pattern == UIA_RangeValuePatternId ? static_cast<IRangeValueProvider*>(this) : nullptr;
 }
 
-STDMETHODIMP SplitterProvider::GetPatternProvider(PATTERNID pattern, IUnknown** result) noexcept {
-  return link_.Answer(result, [&](SplitterAccess&) {
-    IRangeValueProvider* range = pattern == UIA_RangeValuePatternId ? this : nullptr;
-    return ComPtr<IUnknown>::Share(range).release();
-  });
-}
-
-STDMETHODIMP SplitterProvider::GetPropertyValue(PROPERTYID property, VARIANT* result) noexcept {
-  return link_.Answer(result, [&](SplitterAccess& access) -> VARIANT {
-    switch (property) {
-      case UIA_ControlTypePropertyId:
-        return PropertyNumber(UIA_SeparatorControlTypeId);
-      case UIA_NamePropertyId:
-        return PropertyText(TextOf(access.Window()));
-      case UIA_AutomationIdPropertyId:
-        return PropertyText(NumberText(GetDlgCtrlID(access.Window())));
-      case UIA_OrientationPropertyId:
-        return PropertyNumber(OrientationType_Vertical);
-      default:
-        return {};
-    }
-  });
-}
-
-STDMETHODIMP SplitterProvider::get_HostRawElementProvider(
-    IRawElementProviderSimple** result) noexcept {
-  return link_.Answer(result, [&](SplitterAccess& access) {
-    return link_.automation.HostProvider(access.Window()).release();
-  });
+VARIANT SplitterProvider::Property(PROPERTYID property, const SplitterAccess&) const {
+  switch (property) {
+    case UIA_ControlTypePropertyId:
+      return PropertyNumber(UIA_SeparatorControlTypeId);
+    case UIA_OrientationPropertyId:
+      return PropertyNumber(OrientationType_Vertical);
+    default:
+      return {};
+  }
 }
 
 STDMETHODIMP SplitterProvider::SetValue(double value) noexcept {
-  return link_.Run([&](SplitterAccess& access) -> HRESULT {
+  return link_->Run([&](SplitterAccess& access) -> HRESULT {
     const HWND window = access.Window();
     if (!TakesUserInput(window)) return UIA_E_ELEMENTNOTENABLED;
     const SplitterRange range = RangeOf(window);
@@ -87,22 +64,22 @@ STDMETHODIMP SplitterProvider::SetValue(double value) noexcept {
 }
 
 STDMETHODIMP SplitterProvider::get_Value(double* result) noexcept {
-  return link_.Answer(result,
-                      [](SplitterAccess& access) { return RangeOf(access.Window()).value; });
+  return link_->Answer(result,
+                       [](SplitterAccess& access) { return RangeOf(access.Window()).value; });
 }
 
 STDMETHODIMP SplitterProvider::get_IsReadOnly(BOOL* result) noexcept {
-  return link_.Answer(result, [](SplitterAccess&) { return FALSE; });
+  return link_->Answer(result, [](SplitterAccess&) { return FALSE; });
 }
 
 STDMETHODIMP SplitterProvider::get_Maximum(double* result) noexcept {
-  return link_.Answer(result,
-                      [](SplitterAccess& access) { return RangeOf(access.Window()).greatest; });
+  return link_->Answer(result,
+                       [](SplitterAccess& access) { return RangeOf(access.Window()).greatest; });
 }
 
 STDMETHODIMP SplitterProvider::get_Minimum(double* result) noexcept {
-  return link_.Answer(result,
-                      [](SplitterAccess& access) { return RangeOf(access.Window()).least; });
+  return link_->Answer(result,
+                       [](SplitterAccess& access) { return RangeOf(access.Window()).least; });
 }
 
 // One key.
@@ -111,7 +88,7 @@ STDMETHODIMP SplitterProvider::get_LargeChange(double* result) noexcept {
 }
 
 STDMETHODIMP SplitterProvider::get_SmallChange(double* result) noexcept {
-  return link_.Answer(result, [](SplitterAccess& access) {
+  return link_->Answer(result, [](SplitterAccess& access) {
     return Dpi::Of(access.Window()).ToPixels(kSplitterStep);
   });
 }

@@ -4,8 +4,7 @@
 
 #include <windows.h>
 
-#include "windows/base/provider_link.h"
-#include "windows/base/window_provider.h"
+#include "windows/base/window_element.h"
 
 namespace pricedown::windows {
 
@@ -20,18 +19,11 @@ class SplitterAccess {
   ~SplitterAccess() = default;
 };
 
-// Members return UIA_E_ELEMENTNOTAVAILABLE after the window's end.
-class SplitterProvider final : public ComClass<IRawElementProviderSimple, IRangeValueProvider> {
+class SplitterProvider final : public WindowElement<SplitterAccess, IRangeValueProvider> {
  public:
   // Both must outlive the window.
-  SplitterProvider(SplitterAccess& access, Automation& automation) : link_{&access, automation} {}
-  void End() noexcept { link_.access = nullptr; }
-
-  // IRawElementProviderSimple
-  STDMETHODIMP get_ProviderOptions(ProviderOptions* result) noexcept override;
-  STDMETHODIMP GetPatternProvider(PATTERNID pattern, IUnknown** result) noexcept override;
-  STDMETHODIMP GetPropertyValue(PROPERTYID property, VARIANT* result) noexcept override;
-  STDMETHODIMP get_HostRawElementProvider(IRawElementProviderSimple** result) noexcept override;
+  SplitterProvider(SplitterAccess& access, Automation& automation)
+      : WindowElement(access, automation) {}
 
   // IRangeValueProvider
   STDMETHODIMP SetValue(double value) noexcept override;
@@ -43,7 +35,8 @@ class SplitterProvider final : public ComClass<IRawElementProviderSimple, IRange
   STDMETHODIMP get_SmallChange(double* result) noexcept override;
 
  private:
-  ProviderLink<SplitterAccess> link_;
+  IUnknown* FindPattern(PATTERNID pattern) override;
+  VARIANT Property(PROPERTYID property, const SplitterAccess& access) const override;
 };
 
 // Where a splitter's window stands, in pixels of its parent.

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "windows/base/bound_window.h"
+#include "windows/base/window_provider.h"
 #include "windows/control/child_events.h"
 #include "windows/control/splitter_provider.h"
 

@@ -23,8 +23,6 @@ class GridAccess {
   virtual void ScrollTo(std::int32_t topRow, int left) = 0;
   // As if typed: returns false for a text that the cell does not take. Requires: an editable cell.
   virtual bool SetNumber(GridElement cell, std::u16string_view text) = 0;
-  // May destroy the window.
-  virtual void TakeFocus() = 0;
 
  protected:
   ~GridAccess() = default;

@@ -9,8 +9,7 @@ namespace pricedown::windows {
 LRESULT GridAccessibility::ReturnProvider(WPARAM wParam, LPARAM lParam) {
   return provider_.Return(access_.Window(), wParam, lParam, [&] {
     reported_ = Now();
-    return MakeCom<GridProvider>(
-        std::make_shared<GridLink>(GridLink{&access_, provider_.System()}));
+    return MakeCom<GridProvider>(access_, provider_.System());
   });
 }
 
@@ -28,7 +27,7 @@ GridAccessibility::State GridAccessibility::Now() const {
 }
 
 void GridAccessibility::Update() noexcept {
-  // A client in this process may end the window while it is told.
+  // A client in this process may end the window inside the event.
   const ComPtr<GridProvider> provider = provider_.Get();
   if (!provider) return;
   AtBoundary([&] {

@@ -1,5 +1,4 @@
-// What the grid's window tells UI Automation: its provider when a client asks for it, and events
-// for what has changed.
+// The grid's window in UI Automation: its provider, and events for what has changed.
 #pragma once
 
 #include <windows.h>
@@ -23,12 +22,12 @@ class GridAccessibility {
   // The answer to WM_GETOBJECT when AsksForProvider.
   LRESULT ReturnProvider(WPARAM wParam, LPARAM lParam);
   // Raises the events of the difference to the last update, each once; nothing before a client has
-  // asked for the provider. Cheap when nobody listens.
+  // asked for the provider. Cheap while no client listens.
   void Update() noexcept;
   // A text that a reader is to speak, once until another one follows; nothing before a client has
-  // asked for the provider, and when nobody listens.
+  // asked for the provider, and while none listens.
   void Announce(std::u16string_view text) noexcept;
-  // The window ends: the provider answers "not available" from here on.
+  // The window ends: the provider returns "not available" from here on.
   void End() noexcept { provider_.End(access_.Window()); }
 
  private:

@@ -149,9 +149,9 @@ STDMETHODIMP GridElementProvider::GetEmbeddedFragmentRoots(SAFEARRAY** result) n
 STDMETHODIMP GridElementProvider::SetFocus() noexcept {
   return Ask([&](GridAccess& access) -> HRESULT {
     if (!TakesUserInput(access.Window())) return UIA_E_ELEMENTNOTENABLED;
-    access.TakeFocus();
+    ::SetFocus(access.Window());
     if (!element_.IsCell()) return S_OK;
-    // The host may have ended the control, or loaded the grid anew.
+    // The host may have ended the control, or loaded the grid again.
     return Ask([&](GridAccess& after) { return SelectIn(after, false); });
   });
 }

@@ -1,10 +1,5 @@
 #include "windows/grid/grid_provider.h"
 
-#include <cmath>
-
-#include "platform/convert.h"
-#include "windows/base/gdi.h"
-#include "windows/base/plain_control.h"
 #include "windows/com/bstr.h"
 #include "windows/com/safe_array.h"
 
@@ -94,10 +89,6 @@ IRawElementProviderSimple* GridProvider::Item(GridElement element) {
   return Element(element).release();
 }
 
-STDMETHODIMP GridProvider::get_ProviderOptions(enum ProviderOptions* result) noexcept {
-  return link_->Answer(result, [](GridAccess&) { return kProviderOptions; });
-}
-
 IUnknown* GridProvider::FindPattern(PATTERNID pattern) {
   switch (pattern) {
     case UIA_GridPatternId:
@@ -115,20 +106,10 @@ IUnknown* GridProvider::FindPattern(PATTERNID pattern) {
   }
 }
 
-STDMETHODIMP GridProvider::GetPatternProvider(PATTERNID pattern, IUnknown** result) noexcept {
-  return link_->Answer(
-      result, [&](GridAccess&) { return ComPtr<IUnknown>::Share(FindPattern(pattern)).release(); });
-}
-
-// The system adds what it knows of the window, such as its state and place.
 VARIANT GridProvider::Property(PROPERTYID property, const GridAccess& access) const {
   switch (property) {
     case UIA_ControlTypePropertyId:
       return PropertyNumber(UIA_DataGridControlTypeId);
-    case UIA_NamePropertyId:
-      return PropertyText(TextOf(access.Window()));
-    case UIA_AutomationIdPropertyId:
-      return PropertyText(NumberText(GetDlgCtrlID(access.Window())));
     case UIA_IsKeyboardFocusablePropertyId:
       return PropertyFlag(true);
     case UIA_HasKeyboardFocusPropertyId:
@@ -138,17 +119,6 @@ VARIANT GridProvider::Property(PROPERTYID property, const GridAccess& access) co
   }
 }
 
-STDMETHODIMP GridProvider::GetPropertyValue(PROPERTYID property, VARIANT* result) noexcept {
-  return link_->Answer(result, [&](GridAccess& access) { return Property(property, access); });
-}
-
-STDMETHODIMP GridProvider::get_HostRawElementProvider(IRawElementProviderSimple** result) noexcept {
-  return link_->Answer(result, [&](GridAccess& access) {
-    return link_->automation.HostProvider(access.Window()).release();
-  });
-}
-
-// Parent and neighbours are the window's.
 STDMETHODIMP GridProvider::Navigate(NavigateDirection direction,
                                     IRawElementProviderFragment** result) noexcept {
   return link_->Answer(result, [&](GridAccess& access) -> IRawElementProviderFragment* {
@@ -162,45 +132,8 @@ STDMETHODIMP GridProvider::Navigate(NavigateDirection direction,
   });
 }
 
-// The window's own.
-STDMETHODIMP GridProvider::GetRuntimeId(SAFEARRAY** result) noexcept {
-  return link_->Answer(result, [](GridAccess&) { return nullptr; });
-}
-
-STDMETHODIMP GridProvider::get_BoundingRectangle(UiaRect* result) noexcept {
-  return link_->Answer(result, [](GridAccess& access) {
-    RECT area{};
-    GetClientRect(access.Window(), &area);
-    return ScreenArea(access.Window(), area);
-  });
-}
-
-STDMETHODIMP GridProvider::GetEmbeddedFragmentRoots(SAFEARRAY** result) noexcept {
-  return link_->Answer(result, [](GridAccess&) { return nullptr; });
-}
-
-STDMETHODIMP GridProvider::SetFocus() noexcept {
-  return link_->Run([](GridAccess& access) -> HRESULT {
-    if (!TakesUserInput(access.Window())) return UIA_E_ELEMENTNOTENABLED;
-    access.TakeFocus();
-    return S_OK;
-  });
-}
-
-STDMETHODIMP GridProvider::get_FragmentRoot(IRawElementProviderFragmentRoot** result) noexcept {
-  return link_->Answer(result, [&](GridAccess&) {
-    return ComPtr<IRawElementProviderFragmentRoot>::Share(this).release();
-  });
-}
-
-STDMETHODIMP GridProvider::ElementProviderFromPoint(double x, double y,
-                                                    IRawElementProviderFragment** result) noexcept {
-  return link_->Answer(result, [&](GridAccess& access) -> IRawElementProviderFragment* {
-    POINT point{static_cast<LONG>(std::floor(x)), static_cast<LONG>(std::floor(y))};
-    ScreenToClient(access.Window(), &point);
-    if (const auto element = access.Elements().At(point.x, point.y)) return Fragment(element);
-    return ComPtr<IRawElementProviderFragment>::Share(this).release();
-  });
+IRawElementProviderFragment* GridProvider::ElementAt(POINT point, const GridAccess& access) {
+  return Fragment(access.Elements().At(point.x, point.y));
 }
 
 STDMETHODIMP GridProvider::GetFocus(IRawElementProviderFragment** result) noexcept {

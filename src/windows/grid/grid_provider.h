@@ -3,44 +3,28 @@
 
 #include <windows.h>
 
-#include <memory>
 #include <optional>
-#include <utility>
 
+#include "windows/base/window_element.h"
 #include "windows/grid/grid_element_provider.h"
 
 namespace pricedown::windows {
 
-// All members return UIA_E_ELEMENTNOTAVAILABLE after the window's end.
 class GridProvider final
-    : public ComClass<IRawElementProviderSimple, IRawElementProviderFragment,
-                      IRawElementProviderFragmentRoot, IGridProvider, ITableProvider,
-                      ISelectionProvider, IScrollProvider, IItemContainerProvider> {
+    : public RootElement<GridAccess, IGridProvider, ITableProvider, ISelectionProvider,
+                         IScrollProvider, IItemContainerProvider> {
  public:
-  explicit GridProvider(std::shared_ptr<GridLink> link) : link_(std::move(link)) {}
+  // Both must outlive the window.
+  GridProvider(GridAccess& access, Automation& automation) : RootElement(access, automation) {}
 
-  void End() noexcept { link_->access = nullptr; }
   // A new provider of the element; throws std::bad_alloc.
   ComPtr<GridElementProvider> Element(GridElement element);
-
-  // IRawElementProviderSimple
-  STDMETHODIMP get_ProviderOptions(ProviderOptions* result) noexcept override;
-  STDMETHODIMP GetPatternProvider(PATTERNID pattern, IUnknown** result) noexcept override;
-  STDMETHODIMP GetPropertyValue(PROPERTYID property, VARIANT* result) noexcept override;
-  STDMETHODIMP get_HostRawElementProvider(IRawElementProviderSimple** result) noexcept override;
 
   // IRawElementProviderFragment
   STDMETHODIMP Navigate(NavigateDirection direction,
                         IRawElementProviderFragment** result) noexcept override;
-  STDMETHODIMP GetRuntimeId(SAFEARRAY** result) noexcept override;
-  STDMETHODIMP get_BoundingRectangle(UiaRect* result) noexcept override;
-  STDMETHODIMP GetEmbeddedFragmentRoots(SAFEARRAY** result) noexcept override;
-  STDMETHODIMP SetFocus() noexcept override;
-  STDMETHODIMP get_FragmentRoot(IRawElementProviderFragmentRoot** result) noexcept override;
 
   // IRawElementProviderFragmentRoot
-  STDMETHODIMP ElementProviderFromPoint(double x, double y,
-                                        IRawElementProviderFragment** result) noexcept override;
   STDMETHODIMP GetFocus(IRawElementProviderFragment** result) noexcept override;
 
   // IGridProvider: rows and columns from 0, titles not counted
@@ -75,12 +59,11 @@ class GridProvider final
                                   IRawElementProviderSimple** result) noexcept override;
 
  private:
-  IUnknown* FindPattern(PATTERNID pattern);
-  VARIANT Property(PROPERTYID property, const GridAccess& access) const;
+  IUnknown* FindPattern(PATTERNID pattern) override;
+  VARIANT Property(PROPERTYID property, const GridAccess& access) const override;
+  IRawElementProviderFragment* ElementAt(POINT point, const GridAccess& access) override;
   IRawElementProviderFragment* Fragment(std::optional<GridElement> element);
   IRawElementProviderSimple* Item(GridElement element);
-
-  std::shared_ptr<GridLink> link_;
 };
 
 }  // namespace pricedown::windows

@@ -107,7 +107,6 @@ class GridWindow final : public BoundWindow,
   void SetSelection(const GridSelection& selection) override;
   void ScrollTo(std::int32_t topRow, int left) override;
   bool SetNumber(GridElement cell, std::u16string_view text) override;
-  void TakeFocus() override;
 
   GridEvents& events_;
   GridAccessibility accessibility_;

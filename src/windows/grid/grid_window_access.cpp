@@ -40,6 +40,4 @@ bool GridWindow::SetNumber(GridElement cell, std::u16string_view text) {
   return true;
 }
 
-void GridWindow::TakeFocus() { SetFocus(Handle()); }
-
 }  // namespace pricedown::windows

@@ -1,11 +1,7 @@
 #include "windows/print/page_provider.h"
 
-#include <cmath>
-
 #include "platform/convert.h"
 #include "platform/text.h"
-#include "windows/base/plain_control.h"
-#include "windows/base/provider_values.h"
 #include "windows/com/bstr.h"
 
 namespace pricedown::windows {
@@ -16,43 +12,23 @@ IRawElementProviderFragment* PageProvider::Line(std::size_t index) {
       .release();
 }
 
-STDMETHODIMP PageProvider::get_ProviderOptions(enum ProviderOptions* result) noexcept {
-  return link_->Answer(result, [](PageAccess&) { return kProviderOptions; });
+IUnknown* PageProvider::FindPattern(PATTERNID pattern) {
+  return pattern == UIA_ValuePatternId ? static_cast<IValueProvider*>(this) : nullptr;
 }
 
-STDMETHODIMP PageProvider::GetPatternProvider(PATTERNID pattern, IUnknown** result) noexcept {
-  return link_->Answer(result, [&](PageAccess&) {
-    IValueProvider* value = pattern == UIA_ValuePatternId ? this : nullptr;
-    return ComPtr<IUnknown>::Share(value).release();
-  });
+VARIANT PageProvider::Property(PROPERTYID property, const PageAccess& access) const {
+  switch (property) {
+    case UIA_ControlTypePropertyId:
+      return PropertyNumber(UIA_DocumentControlTypeId);
+    case UIA_IsKeyboardFocusablePropertyId:
+      return PropertyFlag(true);
+    case UIA_HasKeyboardFocusPropertyId:
+      return PropertyFlag(::GetFocus() == access.Window());
+    default:
+      return {};
+  }
 }
 
-STDMETHODIMP PageProvider::GetPropertyValue(PROPERTYID property, VARIANT* result) noexcept {
-  return link_->Answer(result, [&](PageAccess& access) -> VARIANT {
-    switch (property) {
-      case UIA_ControlTypePropertyId:
-        return PropertyNumber(UIA_DocumentControlTypeId);
-      case UIA_NamePropertyId:
-        return PropertyText(TextOf(access.Window()));
-      case UIA_AutomationIdPropertyId:
-        return PropertyText(NumberText(GetDlgCtrlID(access.Window())));
-      case UIA_IsKeyboardFocusablePropertyId:
-        return PropertyFlag(true);
-      case UIA_HasKeyboardFocusPropertyId:
-        return PropertyFlag(::GetFocus() == access.Window());
-      default:
-        return {};
-    }
-  });
-}
-
-STDMETHODIMP PageProvider::get_HostRawElementProvider(IRawElementProviderSimple** result) noexcept {
-  return link_->Answer(result, [&](PageAccess& access) {
-    return link_->automation.HostProvider(access.Window()).release();
-  });
-}
-
-// Parent and neighbours are the window's.
 STDMETHODIMP PageProvider::Navigate(NavigateDirection direction,
                                     IRawElementProviderFragment** result) noexcept {
   return link_->Answer(result, [&](PageAccess& access) -> IRawElementProviderFragment* {
@@ -63,49 +39,13 @@ STDMETHODIMP PageProvider::Navigate(NavigateDirection direction,
   });
 }
 
-// The window's own.
-STDMETHODIMP PageProvider::GetRuntimeId(SAFEARRAY** result) noexcept {
-  return link_->Answer(result, [](PageAccess&) { return nullptr; });
-}
-
-STDMETHODIMP PageProvider::get_BoundingRectangle(UiaRect* result) noexcept {
-  return link_->Answer(result, [](PageAccess& access) {
-    RECT area{};
-    GetClientRect(access.Window(), &area);
-    return ScreenArea(access.Window(), area);
-  });
-}
-
-STDMETHODIMP PageProvider::GetEmbeddedFragmentRoots(SAFEARRAY** result) noexcept {
-  return link_->Answer(result, [](PageAccess&) { return nullptr; });
-}
-
-STDMETHODIMP PageProvider::SetFocus() noexcept {
-  return link_->Run([](PageAccess& access) -> HRESULT {
-    if (!TakesUserInput(access.Window())) return UIA_E_ELEMENTNOTENABLED;
-    ::SetFocus(access.Window());
-    return S_OK;
-  });
-}
-
-STDMETHODIMP PageProvider::get_FragmentRoot(IRawElementProviderFragmentRoot** result) noexcept {
-  return link_->Answer(result, [&](PageAccess&) {
-    return ComPtr<IRawElementProviderFragmentRoot>::Share(this).release();
-  });
-}
-
-STDMETHODIMP PageProvider::ElementProviderFromPoint(double x, double y,
-                                                    IRawElementProviderFragment** result) noexcept {
-  return link_->Answer(result, [&](PageAccess& access) -> IRawElementProviderFragment* {
-    POINT point{static_cast<LONG>(std::floor(x)), static_cast<LONG>(std::floor(y))};
-    ScreenToClient(access.Window(), &point);
-    const std::vector<ReadingLine> lines = access.Lines();
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-      const RECT area = access.ShownArea(lines[i].area);
-      if (PtInRect(&area, point) != FALSE) return Line(i);
-    }
-    return ComPtr<IRawElementProviderFragment>::Share(this).release();
-  });
+IRawElementProviderFragment* PageProvider::ElementAt(POINT point, const PageAccess& access) {
+  const std::vector<ReadingLine> lines = access.Lines();
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    const RECT area = access.ShownArea(lines[i].area);
+    if (PtInRect(&area, point) != FALSE) return Line(i);
+  }
+  return nullptr;
 }
 
 // No line has the focus.

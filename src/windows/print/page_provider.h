@@ -9,8 +9,7 @@
 #include <vector>
 
 #include "print/page_reading.h"
-#include "windows/base/provider_link.h"
-#include "windows/base/window_provider.h"
+#include "windows/base/window_element.h"
 
 namespace pricedown::windows {
 
@@ -28,31 +27,16 @@ class PageAccess {
 };
 using PageLink = std::shared_ptr<ProviderLink<PageAccess>>;
 
-// Members return UIA_E_ELEMENTNOTAVAILABLE after the window's end.
-class PageProvider final : public ComClass<IRawElementProviderSimple, IRawElementProviderFragment,
-                                           IRawElementProviderFragmentRoot, IValueProvider> {
+class PageProvider final : public RootElement<PageAccess, IValueProvider> {
  public:
-  explicit PageProvider(PageLink link) : link_(std::move(link)) {}
-  void End() noexcept { link_->access = nullptr; }
-
-  // IRawElementProviderSimple
-  STDMETHODIMP get_ProviderOptions(ProviderOptions* result) noexcept override;
-  STDMETHODIMP GetPatternProvider(PATTERNID pattern, IUnknown** result) noexcept override;
-  STDMETHODIMP GetPropertyValue(PROPERTYID property, VARIANT* result) noexcept override;
-  STDMETHODIMP get_HostRawElementProvider(IRawElementProviderSimple** result) noexcept override;
+  // Both must outlive the window.
+  PageProvider(PageAccess& access, Automation& automation) : RootElement(access, automation) {}
 
   // IRawElementProviderFragment
   STDMETHODIMP Navigate(NavigateDirection direction,
                         IRawElementProviderFragment** result) noexcept override;
-  STDMETHODIMP GetRuntimeId(SAFEARRAY** result) noexcept override;
-  STDMETHODIMP get_BoundingRectangle(UiaRect* result) noexcept override;
-  STDMETHODIMP GetEmbeddedFragmentRoots(SAFEARRAY** result) noexcept override;
-  STDMETHODIMP SetFocus() noexcept override;
-  STDMETHODIMP get_FragmentRoot(IRawElementProviderFragmentRoot** result) noexcept override;
 
   // IRawElementProviderFragmentRoot
-  STDMETHODIMP ElementProviderFromPoint(double x, double y,
-                                        IRawElementProviderFragment** result) noexcept override;
   STDMETHODIMP GetFocus(IRawElementProviderFragment** result) noexcept override;
 
   // IValueProvider: the text of the page
@@ -61,9 +45,10 @@ class PageProvider final : public ComClass<IRawElementProviderSimple, IRawElemen
   STDMETHODIMP get_IsReadOnly(BOOL* result) noexcept override;
 
  private:
+  IUnknown* FindPattern(PATTERNID pattern) override;
+  VARIANT Property(PROPERTYID property, const PageAccess& access) const override;
+  IRawElementProviderFragment* ElementAt(POINT point, const PageAccess& access) override;
   IRawElementProviderFragment* Line(std::size_t index);
-
-  PageLink link_;
 };
 
 // One line, by its position; UIA_E_ELEMENTNOTAVAILABLE also while the page has no such line.

@@ -63,8 +63,7 @@ void PreviewPane::ShowState() {
 LRESULT PreviewPane::OnGetObject(WPARAM wParam, LPARAM lParam) {
   return provider_.Return(Handle(), wParam, lParam, [&] {
     reportedText_ = ReadingText(Lines());
-    return MakeCom<PageProvider>(std::make_shared<ProviderLink<PageAccess>>(
-        ProviderLink<PageAccess>{this, provider_.System()}));
+    return MakeCom<PageProvider>(static_cast<PageAccess&>(*this), provider_.System());
   });
 }
 

@@ -11,6 +11,7 @@
 #include "print/preview_state.h"
 #include "windows/base/bound_window.h"
 #include "windows/base/dpi.h"
+#include "windows/base/window_provider.h"
 #include "windows/print/page_provider.h"
 #include "windows/print/preview_pages.h"
 

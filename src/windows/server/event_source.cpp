@@ -34,20 +34,20 @@ bool EventSource::Remove(DWORD cookie) {
 }
 
 void EventSource::SelectionChanged(std::u16string_view classNumber) {
-  Tell(kSelectionChanged, u"SelectionChanged", {classNumber});
+  Send(kSelectionChanged, u"SelectionChanged", {classNumber});
 }
 
 void EventSource::ClassChanged(ClassChange change, std::u16string_view classNumber) {
-  Tell(kClassChanged, u"ClassChanged", {static_cast<std::int32_t>(change), classNumber});
+  Send(kClassChanged, u"ClassChanged", {static_cast<std::int32_t>(change), classNumber});
 }
 
-void EventSource::Closing() { Tell(kClosing, u"Closing", {}); }
+void EventSource::Closing() { Send(kClosing, u"Closing", {}); }
 
 void EventSource::Failed(const Failure& failure) {
-  Tell(kFailed, u"Failed", {failure.code, failure.description, failure.source});
+  Send(kFailed, u"Failed", {failure.code, failure.description, failure.source});
 }
 
-void EventSource::Tell(DISPID id, std::u16string_view name,
+void EventSource::Send(DISPID id, std::u16string_view name,
                        std::initializer_list<Value> arguments) noexcept {
   if (frozen_ > 0) return;
   SkipFailing([&] {

@@ -30,7 +30,7 @@ class EventSource final : public HostEvents {
   const ObjectPtr& Listener() const { return listener_; }
   void SetListener(ObjectPtr listener) { std::swap(listener_, listener); }
 
-  // What happens between Freeze(true) and its Freeze(false) is not told.
+  // Events between Freeze(true) and its Freeze(false) are dropped.
   void Freeze(bool freeze) { frozen_ += freeze ? 1 : frozen_ > 0 ? -1 : 0; }
 
   // HostEvents
@@ -40,8 +40,8 @@ class EventSource final : public HostEvents {
   void Failed(const Failure& failure) override;
 
  private:
-  // Tells all that are there at the beginning; their failures are ignored.
-  void Tell(DISPID id, std::u16string_view name, std::initializer_list<Value> arguments) noexcept;
+  // Calls all sinks that are there at the beginning; their failures are ignored.
+  void Send(DISPID id, std::u16string_view name, std::initializer_list<Value> arguments) noexcept;
 
   std::vector<Sink> sinks_;
   DWORD lastCookie_ = 0;

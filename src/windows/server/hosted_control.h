@@ -62,7 +62,7 @@ class HostedControl {
   // child in tab order, or to the last one. Throws AutomationError.
   void Activate(bool ui, bool atLast = false);
   void DeactivateUi() { activation_.DeactivateUi(); }
-  // Hides the window of the active control; showing it again activates nothing anew.
+  // Hides the window of the active control; showing it again activates nothing.
   void Hide();
   void Deactivate();
   const InPlaceActivation& Activation() const { return activation_; }

@@ -38,7 +38,7 @@ class InPlaceActivation {
   ComPtr<IOleInPlaceFrame> frame_;
   ComPtr<IOleInPlaceUIWindow> document_;
   bool uiActive_ = false;
-  bool focused_ = false;  // as the container knows it
+  bool focused_ = false;  // as last reported to the container
   bool deactivates_ = false;
 };
 
