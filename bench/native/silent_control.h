@@ -25,9 +25,9 @@ class SilentViews final : public pricedown::PriceDownView,
   std::vector<std::u16string> nodes;
 
   void SetTitle(std::u16string_view) override {}
-  void SetTitleFont(const Font&) override {}
+  void SetTitleFont(const pricedown::Font&) override {}
   void SetPeriod(std::u16string_view) override {}
-  void DisableButton(const Command&) override {}
+  void DisableButton(const pricedown::Command&) override {}
   void OpenFind(pricedown::FindPane, std::u16string_view) override {}
   void CloseFind(pricedown::FindPane) override {}
   void ShowFindCount(std::u16string_view, bool) override {}
