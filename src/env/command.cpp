@@ -1,6 +1,8 @@
 // How keys are written for the user.
 #include "env/command.h"
 
+#include <algorithm>
+
 #include "env/translation.h"
 #include "platform/text.h"
 
@@ -52,6 +54,13 @@ std::u16string NameOf(Key key) {
 }
 
 }  // namespace
+
+std::size_t ButtonsThatFit(std::span<const std::int32_t> rightEdges, std::int32_t width,
+                           std::int32_t arrowWidth) {
+  if (rightEdges.empty() || rightEdges.back() <= width) return rightEdges.size();
+  const auto end = std::upper_bound(rightEdges.begin(), rightEdges.end(), width - arrowWidth);
+  return static_cast<std::size_t>(end - rightEdges.begin());
+}
 
 std::u16string ShortcutText(const KeyPress& press) {
   if (press.key == Key::None) return {};

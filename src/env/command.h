@@ -3,6 +3,9 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,6 +34,11 @@ std::vector<const Command*> RowsOf(const Rows& rows) {
   for (const Command& row : rows) commands.push_back(&row);
   return commands;
 }
+
+// How many of the buttons, from the first on, a strip of that width shows: all, or as many as leave
+// room for an arrow to the others. `rightEdges` are theirs when all are in sight.
+std::size_t ButtonsThatFit(std::span<const std::int32_t> rightEdges, std::int32_t width,
+                           std::int32_t arrowWidth);
 
 // How a key is written for the user: "Ctrl+P"; empty for Key::None.
 std::u16string ShortcutText(const KeyPress& press);

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "tests/support/utf8.h"
 
 namespace pricedown::testing {
@@ -22,6 +24,7 @@ TEST(Shortcut, IsWrittenAsOnKeyboards) {
         {{Key::Escape}, "Esc"},
         {{Key::Enter}, "Enter"},
         {{Key::F2}, "F2"},
+        {{Key::F3}, "F3"},
         {{Key::F4}, "F4"},
         {{Key::F5}, "F5"},
         {{Key::Add}, "+"},
@@ -44,6 +47,17 @@ TEST(Tooltip, EndsWithTheFirstShortcut) {
 
 TEST(Tooltip, IsMissingWhereTheCommandHasNone) {
   EXPECT_EQ(Utf8(TooltipOf({.key = u"Add", .keys = {KeyPress{Key::Insert}}})), "");
+}
+
+TEST(ButtonsThatFit, AreAllOrLeaveRoomForTheArrow) {
+  const std::vector<std::int32_t> edges{60, 120, 130, 190};
+  EXPECT_EQ(ButtonsThatFit(edges, 190, 20), 4u);
+  EXPECT_EQ(ButtonsThatFit(edges, 189, 20), 3u);
+  EXPECT_EQ(ButtonsThatFit(edges, 150, 20), 3u);
+  EXPECT_EQ(ButtonsThatFit(edges, 149, 20), 2u);
+  EXPECT_EQ(ButtonsThatFit(edges, 79, 20), 0u);
+  EXPECT_EQ(ButtonsThatFit(edges, 0, 20), 0u);
+  EXPECT_EQ(ButtonsThatFit({}, 0, 20), 0u);
 }
 
 }  // namespace

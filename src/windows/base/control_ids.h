@@ -29,5 +29,7 @@ inline constexpr int kFindCount = 122;
 
 // The tool strip's buttons have the command ids kFirstButton + position, positions from 1.
 inline constexpr int kFirstButton = 200;
+// The arrow to the buttons that a narrow strip leaves out.
+inline constexpr int kMoreButtons = 299;
 
 }  // namespace pricedown::windows::control_ids

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "env/translation.h"
+#include "windows/base/context_menu.h"
 #include "windows/base/control_ids.h"
 #include "windows/base/fonts.h"
 #include "windows/base/keyboard.h"
@@ -23,6 +24,8 @@ constexpr int kPictureGap = 6;    // between the two
 // What tool bars leave above and below a picture together, at every resolution.
 constexpr int kHeightMargin = 6;
 constexpr int kNoButton = -1;
+constexpr wchar_t kMoreText[] = L"»";
+constexpr std::u16string_view kMoreTip = u"更多";
 
 int IdAt(std::size_t position) { return control_ids::kFirstButton + static_cast<int>(position); }
 
@@ -92,17 +95,58 @@ void ToolStripWindow::AddButtons() {
   }
 }
 
+// There is an arrow only while it leads to something.
+void ToolStripWindow::ShowMore(bool show) {
+  const LRESULT last = SendMessageW(Handle(), TB_BUTTONCOUNT, 0, 0) - 1;
+  const bool isShown = last == static_cast<LRESULT>(buttons_.size());
+  if (isShown) SendMessageW(Handle(), TB_DELETEBUTTON, static_cast<WPARAM>(last), 0);
+  if (!show) return;
+  TBBUTTON more{};
+  more.idCommand = control_ids::kMoreButtons;
+  more.iBitmap = I_IMAGENONE;
+  more.fsState = TBSTATE_ENABLED;
+  more.fsStyle = BTNS_BUTTON | BTNS_SHOWTEXT;
+  more.iString = reinterpret_cast<INT_PTR>(kMoreText);
+  SendMessageW(Handle(), TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&more));
+  TBBUTTONINFOW info{};
+  info.cbSize = sizeof info;
+  info.dwMask = TBIF_SIZE;
+  info.cx = static_cast<WORD>(MoreWidth());
+  SendMessageW(Handle(), TB_SETBUTTONINFOW, control_ids::kMoreButtons,
+               reinterpret_cast<LPARAM>(&info));
+}
+
 int ToolStripWindow::ButtonHeight() const {
   if (Handle() == nullptr || font_ == nullptr) return 0;
   return std::max(IconSize(dpi_), LineHeight(Handle(), font_)) + kHeightMargin;
 }
 
 int ToolStripWindow::ButtonsWidth() const {
-  RECT last{};
-  if (Handle() != nullptr && !buttons_.empty()) {
-    SendMessageW(Handle(), TB_GETITEMRECT, buttons_.size() - 1, reinterpret_cast<LPARAM>(&last));
+  return Handle() == nullptr || rightEdges_.empty() ? 0 : rightEdges_.back();
+}
+
+RECT ToolStripWindow::ItemArea(std::size_t position) const {
+  RECT area{};
+  SendMessageW(Handle(), TB_GETITEMRECT, position, reinterpret_cast<LPARAM>(&area));
+  return area;
+}
+
+std::int32_t ToolStripWindow::MoreWidth() const {
+  return 2 * dpi_.Scale(kButtonMargin) + TextWidth(WindowContext(Handle()).Get(), font_, kMoreText);
+}
+
+void ToolStripWindow::FitButtons() {
+  if (Handle() == nullptr || font_ == nullptr) return;
+  RECT client{};
+  GetClientRect(Handle(), &client);
+  const std::size_t shown = ButtonsThatFit(rightEdges_, client.right, MoreWidth());
+  if (shown == shown_) return;
+  shown_ = shown;
+  for (std::size_t position = 1; position <= buttons_.size(); ++position) {
+    SendMessageW(Handle(), TB_HIDEBUTTON, static_cast<WPARAM>(IdAt(position)),
+                 MAKELPARAM(position > shown_ ? TRUE : FALSE, 0));
   }
-  return last.right;
+  ShowMore(HasRest());
 }
 
 // As wide as picture and caption need. The system's own sizes differ between its releases and leave
@@ -126,6 +170,15 @@ void ToolStripWindow::SizeButtons() {
     SendMessageW(Handle(), TB_SETBUTTONINFOW, static_cast<WPARAM>(IdOf(*button)),
                  reinterpret_cast<LPARAM>(&info));
   }
+  // Hidden ones have no place to measure.
+  rightEdges_.clear();
+  for (std::size_t position = 0; position < buttons_.size(); ++position) {
+    SendMessageW(Handle(), TB_HIDEBUTTON, static_cast<WPARAM>(IdAt(position + 1)), FALSE);
+    rightEdges_.push_back(ItemArea(position).right);
+  }
+  ShowMore(false);
+  shown_ = buttons_.size();
+  FitButtons();
 }
 
 void ToolStripWindow::UpdateAppearance(Dpi dpi) {
@@ -195,24 +248,68 @@ void ToolStripWindow::SetTooltip(const Command& button, std::u16string_view tool
 }
 
 void ToolStripWindow::OnCommand(int id) {
+  if (id == control_ids::kMoreButtons) pending_->more = true;
   if (const Command* button = ButtonOf(static_cast<std::size_t>(id))) pending_->pressed = button;
 }
 
 void ToolStripWindow::OnTooltip(NMTTDISPINFOW& info) const {
   const std::size_t index = info.hdr.idFrom - static_cast<std::size_t>(IdAt(1));
-  if (index >= tooltips_.size()) return;
-  const std::wstring tip = ToWide(tooltips_[index]);
+  const bool isMore = info.hdr.idFrom == static_cast<UINT_PTR>(control_ids::kMoreButtons);
+  if (!isMore && index >= tooltips_.size()) return;
+  const std::wstring tip = ToWide(isMore ? Translate(kMoreTip) : tooltips_[index]);
   lstrcpynW(info.szText, tip.c_str(), static_cast<int>(std::size(info.szText)));
   info.lpszText = info.szText;
 }
 
+bool ToolStripWindow::CanPress(int index) const {
+  const auto position = static_cast<std::size_t>(index);
+  // The arrow stands behind the buttons.
+  if (position == buttons_.size()) return HasRest();
+  return position < shown_ && !buttons_[position]->separator && IsEnabled(*buttons_[position]);
+}
+
 int ToolStripWindow::NextButton(int from, int step) const {
-  const int count = static_cast<int>(buttons_.size());
-  for (int index = from + step; index >= 0 && index < count; index += step) {
-    const Command& button = *buttons_[static_cast<std::size_t>(index)];
-    if (!button.separator && IsEnabled(button)) return index;
+  const int last = static_cast<int>(buttons_.size());
+  for (int index = from + step; index >= 0 && index <= last; index += step) {
+    if (CanPress(index)) return index;
   }
   return kNoButton;
+}
+
+// The last step of a message.
+void ToolStripWindow::Press(int index) {
+  if (index < 0 || !CanPress(index)) return;
+  const auto position = static_cast<std::size_t>(index);
+  if (position == buttons_.size()) {
+    ChooseFromRest();
+  } else {
+    events_.CommandChosen(*buttons_[position]);
+  }
+}
+
+void ToolStripWindow::ChooseFromRest() {
+  const HWND window = Handle();
+  // That of the key that pressed the arrow: the menu would take it for a choice.
+  MSG character{};
+  PeekMessageW(&character, window, WM_CHAR, WM_CHAR, PM_REMOVE);
+  std::vector<const Command*> rest;
+  std::vector<MenuLine> lines;
+  bool beginsGroup = false;
+  for (std::size_t position = shown_; position < buttons_.size(); ++position) {
+    const Command& button = *buttons_[position];
+    if (!button.separator) {
+      rest.push_back(&button);
+      lines.push_back({Caption(button), ShortcutText(button.keys[0]), IsEnabled(button),
+                       beginsGroup && !lines.empty()});
+    }
+    beginsGroup = button.separator;
+  }
+  const RECT arrow = ItemArea(buttons_.size());
+  POINT place{arrow.left, arrow.bottom};
+  ClientToScreen(Handle(), &place);
+  const auto chosen = ChooseFromMenu(Handle(), place, lines);
+  // Messages ran meanwhile, and one of them may have ended the strip.
+  if (chosen && IsWindow(window) != FALSE) events_.CommandChosen(*rest[*chosen]);
 }
 
 bool ToolStripWindow::CanTakeFocus() const {
@@ -246,17 +343,13 @@ bool ToolStripWindow::OnKeyDown(WPARAM key, bool repeated) {
       SetHot(NextButton(kNoButton, 1));
       return true;
     case VK_END:
-      SetHot(NextButton(static_cast<int>(buttons_.size()), -1));
+      SetHot(NextButton(static_cast<int>(buttons_.size()) + 1, -1));
       return true;
     case VK_RETURN:
-    case VK_SPACE: {
-      const auto hot = static_cast<std::size_t>(HotButton());
+    case VK_SPACE:
       // A key that is held down presses once.
-      if (!repeated && hot < buttons_.size() && IsEnabled(*buttons_[hot])) {
-        events_.CommandChosen(*buttons_[hot]);
-      }
+      if (!repeated) Press(HotButton());
       return true;
-    }
     default:
       return false;
   }
@@ -267,9 +360,12 @@ LRESULT ToolStripWindow::OnSystemPart(UINT message, WPARAM wParam, LPARAM lParam
   const std::shared_ptr<Pending> pending = pending_;
   ++pending->depth;
   const LRESULT result = Default(message, wParam, lParam);
-  if (--pending->depth > 0 || pending->pressed == nullptr || pending.use_count() == 1)
-    return result;
-  events_.CommandChosen(*std::exchange(pending->pressed, nullptr));
+  if (--pending->depth > 0 || pending.use_count() == 1) return result;
+  if (std::exchange(pending->more, false)) {
+    ChooseFromRest();
+  } else if (pending->pressed != nullptr) {
+    events_.CommandChosen(*std::exchange(pending->pressed, nullptr));
+  }
   return result;
 }
 
@@ -282,6 +378,11 @@ LRESULT ToolStripWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       break;
     case WM_CHAR:
       return 0;
+    case WM_SIZE: {
+      const LRESULT result = OnSystemPart(message, wParam, lParam);
+      FitButtons();
+      return result;
+    }
     case WM_SETFOCUS: {
       const LRESULT result = Default(message, wParam, lParam);
       if (HotButton() == kNoButton) SetHot(NextButton(kNoButton, 1));

@@ -56,6 +56,7 @@ class ToolStripWindow final : public BoundWindow {
   struct Pending {
     int depth = 0;
     const Command* pressed = nullptr;
+    bool more = false;  // the arrow was
   };
 
   // The row's command id; 0 without a window or button.
@@ -67,17 +68,29 @@ class ToolStripWindow final : public BoundWindow {
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   LRESULT OnSystemPart(UINT message, WPARAM wParam, LPARAM lParam);
   bool OnKeyDown(WPARAM key, bool repeated);
+  bool CanPress(int index) const;
   int NextButton(int from, int step) const;
+  // What a press of the button at that position does.
+  void Press(int index);
+  void ChooseFromRest();
   int HotButton() const;
   void SetHot(int index);
   void AddButtons();
   void SizeButtons();
+  // Leaves out what the window is too narrow for, behind an arrow.
+  void FitButtons();
+  void ShowMore(bool show);
+  bool HasRest() const { return shown_ < buttons_.size(); }
+  RECT ItemArea(std::size_t position) const;
+  std::int32_t MoreWidth() const;
 
   ToolStripEvents& events_;
   std::vector<const Command*> buttons_;
   std::vector<std::u16string> tooltips_;  // by position from 0
   Dpi dpi_;
-  HFONT font_ = nullptr;  // the control's
+  HFONT font_ = nullptr;                  // the control's
+  std::vector<std::int32_t> rightEdges_;  // with all buttons in sight
+  std::size_t shown_ = 0;                 // buttons, from the first on
   ImageList images_;
   ImageList disabledImages_;
   std::shared_ptr<Pending> pending_ = std::make_shared<Pending>();

@@ -4,11 +4,13 @@
 #include <array>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "control/commands.h"
 #include "platform/error.h"
 #include "tests/windows/base/message_boxes.h"
 #include "tests/windows/base/picture.h"
+#include "tests/windows/control/context_menus.h"
 #include "tests/windows/control/ui_world.h"
 #include "windows/base/control_ids.h"
 
@@ -168,6 +170,33 @@ void CloseByExit(bool byKeyboard) {
 TEST(ToolStripWindow, SurvivesAHostThatClosesEverythingOnAClick) { CloseByExit(false); }
 
 TEST(ToolStripWindow, SurvivesAHostThatClosesEverythingOnAKey) { CloseByExit(true); }
+
+TEST(ToolStripWindow, ShowsAnArrowToWhatANarrowControlLeavesOut) {
+  UiWorld world;
+  world.suite.company.grantedMasks = "none";
+  world.Start();
+  RECT print{};
+  SendMessageW(world.Strip(), TB_GETITEMRECT, kPrint - 1, reinterpret_cast<LPARAM>(&print));
+  // With the arrow there is no room for 打印.
+  world.window->MoveTo({0, 0, print.right, 400});
+  RunMessages();
+  EXPECT_EQ(SendMessageW(world.Strip(), TB_BUTTONCOUNT, 0, 0), 9);
+  EXPECT_EQ(SendMessageW(world.Strip(), TB_ISBUTTONHIDDEN, ids::kFirstButton + kAdd, 0), 0);
+  EXPECT_NE(SendMessageW(world.Strip(), TB_ISBUTTONHIDDEN, ids::kFirstButton + kPrint, 0), 0);
+  KeepPicture(world.host.Handle(), "strip too narrow");
+  {
+    ContextMenus menu(1, "strip too narrow menu");
+    SetFocus(world.Strip());
+    world.Press(VK_END);
+    world.Press(VK_RETURN);
+    EXPECT_EQ(menu.Lines(), (std::vector<std::string>{"打印\tCtrl+P", "预览", "-", "退出"}));
+  }
+  EXPECT_EQ(Checks(world, "32768"), 1u);
+  world.window->MoveTo(world.host.Inside());
+  RunMessages();
+  EXPECT_EQ(SendMessageW(world.Strip(), TB_BUTTONCOUNT, 0, 0), 8);
+  EXPECT_EQ(SendMessageW(world.Strip(), TB_ISBUTTONHIDDEN, ids::kFirstButton + kExit, 0), 0);
+}
 
 }  // namespace
 }  // namespace pricedown::testing
