@@ -15,14 +15,15 @@ namespace {
 constexpr std::u16string_view kBarName = u"查找";
 constexpr const wchar_t* kWidestCount = L"9999999 / 9999999";
 constexpr int kMargin = 5;     // pixels at 96 dpi
-constexpr int kFieldRoom = 2;  // above and below the field's text together
+constexpr int kFieldRoom = 4;  // above and below the field's text together, with its border
 
 }  // namespace
 
 void FindField::Create(HWND parent, HINSTANCE module) {
   Creation creation;
   creation.className = L"EDIT";
-  creation.style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | ES_AUTOHSCROLL;
+  creation.style =
+      WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | WS_BORDER | ES_AUTOHSCROLL;
   creation.parent = parent;
   creation.id = control_ids::kFindField;
   creation.module = module;
