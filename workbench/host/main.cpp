@@ -1,5 +1,5 @@
 // The host program: reads its command line, opens the company, shows the frame, runs messages.
-//   WorkbenchHost.exe --company LOCATION [--tour FOLDER]
+//   WorkbenchHost.exe --company LOCATION [--tour FOLDER | --keys FOLDER]
 #include <windows.h>
 
 #include <commctrl.h>
@@ -22,6 +22,7 @@ namespace {
 struct Options {
   std::wstring company;
   std::wstring tour;
+  std::wstring keys;  // the tour with the keyboard alone
 };
 
 // Nothing for a bad command line.
@@ -34,6 +35,7 @@ std::optional<Options> ReadCommandLine() {
     const std::wstring option = words[i];
     std::wstring* target = option == L"--company" ? &options.company
                            : option == L"--tour"  ? &options.tour
+                           : option == L"--keys"  ? &options.keys
                                                   : nullptr;
     understood = target != nullptr && i + 1 < count;
     if (understood) *target = words[i + 1];
@@ -55,9 +57,11 @@ int RunHost(HINSTANCE module, int show, const Options& options) {
   FrameWindow frame(module, factory.Create(u"ZEPWorkbench.Settings"));
   frame.Show(show);
   if (options.company.empty()) return frame.Run();
-  if (!options.tour.empty()) {
+  const bool isWhole = !options.tour.empty();
+  if (isWhole || !options.keys.empty()) {
     frame.OpenCompany(options.company);
-    Tour tour(frame, options.tour);
+    Tour tour(frame, isWhole ? options.tour : options.keys,
+              isWhole ? Tour::Kind::Whole : Tour::Kind::KeysOnly);
     const int code = frame.Run();
     return tour.Finished() ? code : 3;
   }
@@ -72,8 +76,9 @@ int RunHost(HINSTANCE module, int show, const Options& options) {
 int WINAPI wWinMain(HINSTANCE module, HINSTANCE, PWSTR, int show) {
   const auto options = workbench::ReadCommandLine();
   if (!options) {
-    MessageBoxW(nullptr, L"WorkbenchHost.exe --company 公司文件或连接串 [--tour 文件夹]", L"工作台",
-                MB_OK | MB_ICONINFORMATION);
+    MessageBoxW(nullptr,
+                L"WorkbenchHost.exe --company 公司文件或连接串 [--tour 文件夹 | --keys 文件夹]",
+                L"工作台", MB_OK | MB_ICONINFORMATION);
     return 2;
   }
   const workbench::Ole ole;

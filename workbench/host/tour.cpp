@@ -32,8 +32,19 @@ Tour* runningTour = nullptr;
 
 }  // namespace
 
-Tour::Tour(FrameWindow& frame, std::wstring folder) : frame_(frame), folder_(std::move(folder)) {
+Tour::Tour(FrameWindow& frame, std::wstring folder, Kind kind)
+    : frame_(frame), folder_(std::move(folder)) {
   RequireSampleCompany();
+  if (kind == Kind::KeysOnly) {
+    AddKeys();
+  } else {
+    AddAll();
+  }
+  runningTour = this;
+  timer_ = SetTimer(nullptr, 0, kTickMilliseconds, OnTimer);
+}
+
+void Tour::AddAll() {
   AddBrowsing();
   AddSplitter();
   AddOtherMode();
@@ -43,8 +54,7 @@ Tour::Tour(FrameWindow& frame, std::wstring folder) : frame_(frame), folder_(std
   AddToolbar();
   AddRefusals();
   AddPrinting();
-  runningTour = this;
-  timer_ = SetTimer(nullptr, 0, kTickMilliseconds, OnTimer);
+  AddFinding();
 }
 
 Tour::~Tour() {

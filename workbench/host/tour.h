@@ -14,9 +14,10 @@ namespace workbench {
 
 class Tour {
  public:
+  enum class Kind { Whole, KeysOnly };
   // Needs the sample company of seed 1. Starts with the message loop and closes the frame at its
   // end. Pictures go to `folder`.
-  Tour(FrameWindow& frame, std::wstring folder);
+  Tour(FrameWindow& frame, std::wstring folder, Kind kind);
   ~Tour();
   Tour(const Tour&) = delete;
   Tour& operator=(const Tour&) = delete;
@@ -43,6 +44,7 @@ class Tour {
   // would keep running.
   [[noreturn]] void GiveUp(const char* reason) noexcept;
   void RequireSampleCompany();
+  void AddAll();
   void AddBrowsing();
   void AddSplitter();
   void AddOtherMode();
@@ -52,11 +54,21 @@ class Tour {
   void AddToolbar();
   void AddRefusals();
   void AddPrinting();
+  void AddFinding();
+  // With the keyboard alone.
+  void AddKeys();
+  void AddClassByKeys();
+  void FindClassByKeys(const wchar_t* text);
+  // The find bar has found something, and shows its first hit.
+  void ExpectHits();
   void ExpectRows(std::u16string_view condition, std::int32_t count);
   // Waits for a message box whose text begins with `text` and presses its button.
   void ExpectBox(const wchar_t* picture, const std::wstring& text, int button);
 
   HWND Child(int controlId) const;
+  HWND Grid() const;
+  // Throws unless that part of the control has the focus.
+  void RequireFocus(int controlId) const;
   // Position from 1; kLastClass for the one at the end. The point is the tree's.
   POINT ClassPoint(int position) const;
   void SelectClass(int position);

@@ -26,10 +26,6 @@ constexpr int kFormAddItem = 4;
 constexpr int kFormDeleteItem = 5;
 constexpr int kFormExit = 7;
 
-// How a picker reports what it has found, with and without a search text.
-constexpr const wchar_t* kFound = L"找到 ";
-constexpr const wchar_t* kAll = L"共 ";
-
 HWND FormChild(int id) { return RequireWindow(GetDlgItem(RequireForm(), id)); }
 
 void PressFormTool(int position) { PressButton(FormChild(form_ids::kToolBar), position - 1); }
@@ -69,17 +65,17 @@ void Tour::AddEditing() {
                       PostText(FormChild(form_ids::kLossAccount), L"资产减值");
                     }});
   steps_.push_back({nullptr, [] { PostKey(FormChild(form_ids::kLossAccount), VK_F7); }});
-  steps_.push_back({L"14-account-picker", [] { RequirePicker(kFound); }});
+  steps_.push_back({L"14-account-picker", [] { RequirePicker(kPickerFound); }});
   steps_.push_back({nullptr, [] { PostKey(GetFocus(), VK_RETURN); }});
   steps_.push_back({nullptr, [] { PressFormTool(kFormAddItem); }});
   steps_.push_back({nullptr, [] {
-                      RequirePicker(kAll);
+                      RequirePicker(kPickerAll);
                       PostText(GetFocus(), L"螺");
                     }});
   for (int i = 0; i < 3; ++i) {
     // In this order: a blank becomes a character only after the messages posted before it.
     steps_.push_back({nullptr, [] {
-                        RequirePicker(kFound);
+                        RequirePicker(kPickerFound);
                         PostKey(GetFocus(), VK_DOWN);
                       }});
     steps_.push_back({i < 2 ? nullptr : L"15-item-picker", [] { PostKey(GetFocus(), VK_SPACE); }});

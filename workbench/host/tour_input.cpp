@@ -1,11 +1,14 @@
 // Posts input messages, as the system would for keys and mouse.
-// Modifier keys cannot be posted; the tour does without them.
+// Modifier keys cannot be posted; they are pressed at the keyboard itself.
 #include "workbench/host/tour_input.h"
 
 #include <commctrl.h>
 
 #include <array>
+#include <initializer_list>
+#include <iterator>
 #include <string>
+#include <vector>
 
 #include "platform/error.h"
 #include "windows/com/wide_text.h"
@@ -34,6 +37,47 @@ HWND RequireForm() { return RequireReady(FindWindowW(L"PriceDown.ItemClass", nul
 void PostKey(HWND window, WPARAM key) {
   PostMessageW(RequireWindow(window), WM_KEYDOWN, key, 1);
   PostMessageW(window, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
+}
+
+namespace {
+
+void PressKeys(std::initializer_list<WORD> keys) {
+  std::vector<INPUT> inputs;
+  const auto add = [&](WORD key, DWORD flags) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = key;
+    input.ki.dwFlags = flags;
+    inputs.push_back(input);
+  };
+  for (const WORD key : keys) add(key, 0);
+  for (auto key = std::rbegin(keys); key != std::rend(keys); ++key) add(*key, KEYEVENTF_KEYUP);
+  SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+}
+
+}  // namespace
+
+void Press(WORD key) { PressKeys({key}); }
+
+void PressWithControl(WORD key, bool shift) {
+  if (shift) {
+    PressKeys({VK_CONTROL, VK_SHIFT, key});
+  } else {
+    PressKeys({VK_CONTROL, key});
+  }
+}
+
+void PressText(const wchar_t* text) {
+  for (; *text != L'\0'; ++text) {
+    std::array<INPUT, 2> inputs{};
+    for (INPUT& input : inputs) {
+      input.type = INPUT_KEYBOARD;
+      input.ki.wScan = *text;
+      input.ki.dwFlags = KEYEVENTF_UNICODE;
+    }
+    inputs[1].ki.dwFlags |= KEYEVENTF_KEYUP;
+    SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+  }
 }
 
 void PostText(HWND window, const wchar_t* text) {

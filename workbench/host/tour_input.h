@@ -18,6 +18,10 @@ HWND RequireWindow(HWND window);
 HWND RequireReady(HWND window);
 
 void PostKey(HWND window, WPARAM key);
+// Keys and characters at the keyboard itself: they go to the window with the focus.
+void PressWithControl(WORD key, bool shift);
+void Press(WORD key);
+void PressText(const wchar_t* text);
 void PostText(HWND window, const wchar_t* text);
 // A mouse click in the middle of a tool bar's button, index from 0.
 void PressButton(HWND toolBar, int index);
@@ -29,6 +33,9 @@ inline constexpr const wchar_t* kDeleteQuestion = L"确定要删除当前记录?
 void RequireBox(std::wstring_view text);
 // The button of the message box that is active now.
 void PressBoxButton(int button);
+// A picker's words for what it has found, with and without a text to look for.
+inline constexpr const wchar_t* kPickerFound = L"找到 ";
+inline constexpr const wchar_t* kPickerAll = L"共 ";
 // Throws unless a picker of the suite is active and reports `found`.
 void RequirePicker(std::wstring_view found);
 // The right mouse button at a point of the window, by the mouse itself.
