@@ -11,6 +11,7 @@
 #include "platform/skip.h"
 #include "windows/base/context_menu.h"
 #include "windows/base/control_ids.h"
+#include "windows/base/focus_return.h"
 #include "windows/base/keyboard.h"
 #include "windows/editor/form_children.h"
 #include "windows/editor/item_class_window.h"
@@ -19,7 +20,15 @@ namespace pricedown::windows {
 
 template <typename Command>
 void ItemClassWindow::Run(Command&& command) {
-  if (form_ != nullptr) RunCommand(true, [&] { command(*form_); });
+  if (form_ == nullptr) return;
+  const FocusPlace focus;
+  RunCommand(true, [&] { command(*form_); });
+  // A window of the suite may have left it nowhere; a command may also have moved it.
+  if (Handle() == nullptr || GetActiveWindow() != Handle() ||
+      IsChild(Handle(), GetFocus()) != FALSE) {
+    return;
+  }
+  if (const HWND place = focus.Find()) SetFocus(place);
 }
 
 void ItemClassWindow::PressTool(FormTool tool) {
