@@ -33,6 +33,25 @@ std::u16string WholeNumberText(std::int64_t number) {
   return Widened(buffer.data(), end);
 }
 
+// The text of a number with at most four decimals, which most amounts are; empty for any other.
+std::u16string DecimalText(double number) {
+  constexpr double kScale = 10000;
+  const double scaled = std::round(number * kScale);
+  // Within 15 digits a decimal is the only one at its number.
+  if (!(std::fabs(scaled) < kFirstWithExponent) || scaled / kScale != number) return {};
+  const auto digits = static_cast<std::int64_t>(std::fabs(scaled));
+  constexpr auto kDivisor = static_cast<std::int64_t>(kScale);
+  std::array<char, 24> buffer{};
+  char* at = buffer.data();
+  if (number < 0) *at++ = '-';
+  at = std::to_chars(at, buffer.data() + buffer.size(), digits / kDivisor).ptr;
+  *at++ = '.';
+  for (std::int64_t rest = digits % kDivisor; rest != 0; rest = rest * 10 % kDivisor) {
+    *at++ = static_cast<char>('0' + rest * 10 / kDivisor);
+  }
+  return Widened(buffer.data(), at);
+}
+
 std::u16string Padded(int number, std::size_t width) {
   std::u16string text = NumberText(static_cast<std::int32_t>(number));
   if (text.size() < width) text.insert(0, width - text.size(), u'0');
@@ -94,8 +113,7 @@ template <typename Integer>
 Integer RoundTo(double number) {
   double rounded = std::floor(number);
   const double rest = number - rounded;
-  const bool odd = std::fmod(rounded, 2) != 0;
-  if (rest > 0.5 || (rest == 0.5 && odd)) rounded += 1;
+  if (rest > 0.5 || (rest == 0.5 && std::fmod(rounded, 2) != 0)) rounded += 1;
   // Not-a-number fails both comparisons.
   if (!(rounded >= std::numeric_limits<Integer>::min() &&
         rounded <= std::numeric_limits<Integer>::max())) {
@@ -113,6 +131,7 @@ std::u16string NumberText(double number) {
   if (std::fabs(number) < kFirstWithExponent && number == std::trunc(number)) {
     return WholeNumberText(static_cast<std::int64_t>(number));
   }
+  if (std::u16string text = DecimalText(number); !text.empty()) return text;
   // Not std::to_chars, whose tables for every number of digits are a sixth of the DLL.
   std::array<char, 32> buffer{};
   const int length =
@@ -196,7 +215,12 @@ double ToDouble(const Value& value) {
 }
 
 std::int16_t ToInt16(const Value& value) { return RoundToInt16(ToDouble(value)); }
-std::int32_t ToInt32(const Value& value) { return RoundToInt32(ToDouble(value)); }
+
+std::int32_t ToInt32(const Value& value) {
+  const Value& resolved = value.Resolved();
+  return resolved.Is(Value::Kind::Int32) ? resolved.Int32() : RoundToInt32(ToDouble(resolved));
+}
+
 std::int16_t RoundToInt16(double number) { return RoundTo<std::int16_t>(number); }
 std::int32_t RoundToInt32(double number) { return RoundTo<std::int32_t>(number); }
 

@@ -95,6 +95,22 @@ TEST(NumberText, AgreesWithTheCLibraryOnWholeNumbers) {
   }
 }
 
+TEST(NumberText, AgreesWithTheCLibraryOnDecimalsAndTheirNeighbours) {
+  std::mt19937_64 random(14);
+  constexpr double kScales[] = {10, 100, 1000, 10000, 100000};
+  for (int round = 0; round < 20000; ++round) {
+    const double decimal =
+        static_cast<double>(static_cast<std::int64_t>(random() >> (12 + random() % 52))) *
+        (round % 2 == 0 ? 1 : -1) / kScales[random() % std::size(kScales)];
+    for (const double number :
+         {std::nextafter(decimal, -HUGE_VAL), decimal, std::nextafter(decimal, HUGE_VAL)}) {
+      char expected[40];
+      std::snprintf(expected, sizeof expected, "%.15G", number == 0 ? 0 : number);
+      ASSERT_EQ(Utf8(NumberText(number)), expected);
+    }
+  }
+}
+
 TEST(NumberText, IsReadBackAsTheSameDecimalNumber) {
   std::mt19937_64 random(7);
   constexpr double kPowers[] = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10};
