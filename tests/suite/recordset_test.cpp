@@ -126,6 +126,60 @@ TEST_F(MemberRows, CancelledNewRowLeavesNoRow) {
   EXPECT_EQ(1, rows.RecordCount());
 }
 
+TEST_F(MemberRows, RowOfABlockReadsAsEmptyOnceItIsDeleted) {
+  const auto rows = Members(2);
+  const pricedown::CellBlockPtr block = rows.GetRows(2, {u"FItemID", u"FNumber"});
+  rows.MoveFirst();
+  rows.Delete();
+  EXPECT_EQ(pricedown::CellView::Kind::Null, block->Cell(1, 0).kind);
+  EXPECT_EQ("Empty", Readable(block->CellValue(0, 0)));
+  EXPECT_EQ("\"A2\"", Readable(block->CellValue(1, 1)));
+}
+
+// A block of one row with those numbers in fields of doubles.
+pricedown::BlockRow Numbers(pricedown::ObjectFactory& factory, double first, double second) {
+  auto rows = pricedown::Recordset::Create(factory);
+  rows.AppendField({u"FFirst", pricedown::ado::kDouble});
+  rows.AppendField({u"FSecond", pricedown::ado::kDouble});
+  rows.Open();
+  rows.AddNew();
+  rows.SetField(u"FFirst", first);
+  rows.SetField(u"FSecond", second);
+  rows.Update();
+  rows.MoveFirst();
+  return {rows.GetRows(1, {u"FFirst", u"FSecond"}), 0};
+}
+
+TEST_F(MemberRows, AddedRowOfABlockIsConvertedToItsFields) {
+  const auto rows = Members(0);
+  rows.AddNew(std::vector<Value>{u"FItemID", u"FNumber"}, Numbers(factory_, 2.5, 7.25));
+  rows.MoveFirst();
+  EXPECT_EQ("2", Readable(rows.Field(u"FItemID")));
+  EXPECT_EQ("\"7.25\"", Readable(rows.Field(u"FNumber")));
+}
+
+TEST_F(MemberRows, AddedRowOfABlockThatDoesNotFitLeavesNoRow) {
+  const auto rows = Members(1);
+  EXPECT_EQ(static_cast<std::int32_t>(0x80040E21), ErrorOf([&] {
+              rows.AddNew(std::vector<Value>{u"FItemID", u"FNumber"}, Numbers(factory_, 3e9, 1));
+            }));
+  EXPECT_EQ(1, rows.RecordCount());
+}
+
+TEST_F(MemberRows, AddedRowsGoIntoTheFieldsOfTheirOwnList) {
+  const auto rows = Members(0);
+  const Value straight(std::vector<Value>{u"FItemID", u"FNumber"});
+  const Value crossed(std::vector<Value>{u"FNumber", u"FItemID"});
+  for (const Value& fields : {straight, straight, crossed}) {
+    rows.AddNew(fields, std::vector<Value>{std::int32_t{3}, std::int32_t{4}});
+  }
+  std::string ids;
+  for (rows.MoveFirst(); !rows.AtEnd(); rows.MoveNext()) {
+    ids += Readable(rows.Field(u"FItemID")) + " ";
+  }
+  EXPECT_EQ("3 3 4 ", ids);
+}
+
 TEST_F(MemberRows, MovesBackwardsAndToTheLastRow) {
   const auto rows = Members(3);
   rows.Object()->Call(u"MoveLast");

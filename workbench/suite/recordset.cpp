@@ -3,6 +3,7 @@
 #include "workbench/suite/recordset.h"
 
 #include <algorithm>
+#include <numeric>
 
 #include "platform/convert.h"
 #include "platform/error.h"
@@ -47,16 +48,13 @@ class PickedRows : public CellBlock {
   std::size_t ColumnCount() const override { return columns_.size(); }
   std::size_t RowCount() const override { return rows_.size(); }
   CellView Cell(std::size_t column, std::size_t row) const override {
-    return Live(row) ? owner_->Rows().View(rows_[row], columns_[column]) : CellView{};
+    return owner_->Rows().View(rows_[row], columns_[column]);
   }
   Value CellValue(std::size_t column, std::size_t row) const override {
-    return Live(row) ? owner_->Rows().Get(rows_[row], columns_[column]) : Value();
+    return owner_->Rows().Get(rows_[row], columns_[column]);
   }
 
  private:
-  // A row deleted since reads as empty.
-  bool Live(std::size_t row) const { return owner_->Rows().IsLive(rows_[row]); }
-
   std::shared_ptr<Recordset> owner_;
   std::vector<std::size_t> columns_;
   std::vector<std::size_t> rows_;
@@ -239,10 +237,7 @@ void Recordset::AddNew(const std::vector<std::size_t>& columns, const Value& val
         rows_->Set(row_, columns[i], values.List()[i]);
         continue;
       }
-      const CellView cell = cells->block->Cell(i, cells->row);
-      if (cell.kind == CellView::Kind::Text) {
-        rows_->SetText(row_, columns[i], cell.text);
-      } else {
+      if (!rows_->SetView(row_, columns[i], cells->block->Cell(i, cells->row))) {
         rows_->Set(row_, columns[i], cells->block->CellValue(i, cells->row));
       }
     }
@@ -339,6 +334,8 @@ std::u16string Recordset::GetString(std::int32_t count, const ClipFormat& format
           text += cell.text;
           break;
         case CellView::Kind::Number:
+          text += pricedown::NumberText(cell.number);
+          break;
         case CellView::Kind::Other:
           text += pricedown::ToText(rows_->Get(row, column));
           break;
@@ -392,6 +389,23 @@ std::size_t Recordset::ColumnOf(const Value& nameOrNumber) const {
   }
   throw AutomationError(ErrorNumber::ItemNotFound, u"在对应所需名称或序数的集合中，未找到项目。",
                         std::u16string(kRecordsetSource));
+}
+
+const std::vector<std::size_t>& Recordset::ColumnsOf(const Value& fields) {
+  const bool isList = fields.Is(Value::Kind::List);
+  if (isList && fields == pickedFields_) return pickedColumns_;
+  pickedFields_ = {};
+  pickedColumns_.clear();
+  if (fields.IsNothing()) {
+    pickedColumns_.resize(rows_->Fields().size());
+    std::iota(pickedColumns_.begin(), pickedColumns_.end(), std::size_t{0});
+  } else if (isList) {
+    for (const Value& field : fields.List()) pickedColumns_.push_back(ColumnOf(field));
+    pickedFields_ = fields;
+  } else {
+    pickedColumns_.push_back(ColumnOf(fields));
+  }
+  return pickedColumns_;
 }
 
 std::size_t Recordset::CurrentRow() const {

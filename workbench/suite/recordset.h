@@ -74,6 +74,9 @@ class Recordset : public pricedown::LocalObject<Recordset> {
   bool HasColumn(std::u16string_view name) const;
   // Throws AutomationError when there is none of that name or number.
   std::size_t ColumnOf(const pricedown::Value& nameOrNumber) const;
+  // The columns of a list of names or numbers, of a single one, or all for nothing; valid until the
+  // next call. Throws AutomationError when there is none of that name or number.
+  const std::vector<std::size_t>& ColumnsOf(const pricedown::Value& fields);
   // The row that fields read and write. Throws AutomationError when there is none.
   std::size_t CurrentRow() const;
   // Called after a cell of the current row was written.
@@ -106,6 +109,9 @@ class Recordset : public pricedown::LocalObject<Recordset> {
   std::size_t row_ = 0;
   std::optional<std::size_t> added_;  // AddNew's row until it is committed
   Place beforeAdded_;                 // the current place to restore on cancel
+  // The last list and its columns: clients add many rows with one list.
+  pricedown::Value pickedFields_;
+  std::vector<std::size_t> pickedColumns_;
   std::u16string filterText_;
   std::optional<std::size_t> filterColumn_;
   std::u16string filterValue_;  // in upper case

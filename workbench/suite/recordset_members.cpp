@@ -169,19 +169,6 @@ Value GetOrSetFilter(Recordset& recordset, Access access, std::span<Value> argum
   return {};
 }
 
-std::vector<std::size_t> PickColumns(const Recordset& recordset, const Value& fields) {
-  std::vector<std::size_t> columns;
-  if (fields.IsNothing()) {
-    for (std::size_t i = 0; i < recordset.Rows().Fields().size(); ++i) columns.push_back(i);
-  } else if (fields.Is(Value::Kind::List)) {
-    columns.reserve(fields.List().size());
-    for (const Value& field : fields.List()) columns.push_back(recordset.ColumnOf(field));
-  } else {
-    columns.push_back(recordset.ColumnOf(fields));
-  }
-  return columns;
-}
-
 const Value& ArgumentAt(std::span<Value> arguments, std::size_t index) {
   static const Value kMissing(pricedown::Missing{});
   return index < arguments.size() ? arguments[index].Resolved() : kMissing;
@@ -193,7 +180,7 @@ Value AddRow(Recordset& recordset, Access, std::span<Value> arguments) {
     recordset.AddNew();
     return {};
   }
-  const std::vector<std::size_t> columns = PickColumns(recordset, arguments[0].Resolved());
+  const std::vector<std::size_t>& columns = recordset.ColumnsOf(arguments[0].Resolved());
   const Value& values = ArgumentAt(arguments, 1);
   const bool isWhole = values.Is(Value::Kind::List) || values.Is(Value::Kind::Row);
   if (isWhole) {
@@ -211,7 +198,7 @@ std::int32_t CountAt(std::span<Value> arguments, std::size_t index) {
 }
 
 Value ReadRows(Recordset& recordset, Access, std::span<Value> arguments) {
-  return recordset.GetRows(CountAt(arguments, 0), PickColumns(recordset, ArgumentAt(arguments, 2)));
+  return recordset.GetRows(CountAt(arguments, 0), recordset.ColumnsOf(ArgumentAt(arguments, 2)));
 }
 
 Value ReadText(Recordset& recordset, Access, std::span<Value> arguments) {

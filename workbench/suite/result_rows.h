@@ -20,7 +20,7 @@ class ResultRows : public RowStore {
   void DescribeNumeric(std::size_t, std::int32_t, std::int32_t) override { ThrowReadOnly(); }
   std::size_t AddRow() override { ThrowReadOnly(); }
   void Set(std::size_t, std::size_t, const pricedown::Value&) override { ThrowReadOnly(); }
-  void SetText(std::size_t, std::size_t, std::u16string_view) override { ThrowReadOnly(); }
+  bool SetView(std::size_t, std::size_t, const pricedown::CellView&) override { ThrowReadOnly(); }
   void Delete(std::size_t) override { ThrowReadOnly(); }
 
  private:

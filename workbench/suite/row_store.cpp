@@ -38,6 +38,14 @@ Value ConvertTo(const FieldDefinition& field, const Value& value) {
   }
 }
 
+std::int32_t IntegerFor(const FieldDefinition& field, double number) {
+  try {
+    return pricedown::RoundToInt32(number);
+  } catch (const AutomationError&) {
+    ThrowValueDoesNotFit(field.name);
+  }
+}
+
 std::u16string TextFor(const FieldDefinition& field, const Value& value) {
   try {
     return pricedown::ToText(value);
@@ -163,9 +171,34 @@ void EditableRows::SetText(std::size_t row, std::size_t column, std::u16string_v
   cell.text = last.data();
 }
 
+bool EditableRows::SetView(std::size_t row, std::size_t column, const CellView& given) {
+  if (given.kind == CellView::Kind::Text) {
+    SetText(row, column, given.text);
+    return true;
+  }
+  if (given.kind != CellView::Kind::Number) return false;
+  Cell cell;
+  switch (fields_[column].type) {
+    case ado::kInteger:
+      cell.kind = Value::Kind::Int32;
+      cell.integer = IntegerFor(fields_[column], given.number);
+      break;
+    case ado::kDouble:
+    case ado::kNumeric:
+      cell.kind = Value::Kind::Double;
+      cell.number = given.number;
+      break;
+    default:
+      return false;
+  }
+  At(row, column) = cell;
+  return true;
+}
+
 void EditableRows::Delete(std::size_t row) {
   if (!live_[row]) return;
   live_[row] = false;
+  for (std::size_t column = 0; column < fields_.size(); ++column) At(row, column) = {};
   --liveCount_;
 }
 

@@ -22,7 +22,8 @@ class RowStore {
   // Rows that are not deleted.
   virtual std::size_t LiveCount() const = 0;
   virtual bool IsLive(std::size_t row) const = 0;
-  // Requires: row and column exist. A text view is valid until the store changes.
+  // Requires: row and column exist; a deleted row's cells are empty. A text view is valid until the
+  // store changes.
   virtual pricedown::CellView View(std::size_t row, std::size_t column) const = 0;
   virtual pricedown::Value Get(std::size_t row, std::size_t column) const = 0;
 
@@ -32,8 +33,9 @@ class RowStore {
   virtual std::size_t AddRow() = 0;
   // Converts to the column's type; throws AutomationError when the value does not fit it.
   virtual void Set(std::size_t row, std::size_t column, const pricedown::Value& value) = 0;
-  // The same for a text that is kept elsewhere.
-  virtual void SetText(std::size_t row, std::size_t column, std::u16string_view text) = 0;
+  // The same for a cell that is kept elsewhere; false, with nothing set, when its view does not
+  // tell the value.
+  virtual bool SetView(std::size_t row, std::size_t column, const pricedown::CellView& given) = 0;
   virtual void Delete(std::size_t row) = 0;
 };
 
@@ -56,7 +58,7 @@ class EditableRows : public RowStore {
   void DescribeNumeric(std::size_t column, std::int32_t precision, std::int32_t scale) override;
   std::size_t AddRow() override;
   void Set(std::size_t row, std::size_t column, const pricedown::Value& given) override;
-  void SetText(std::size_t row, std::size_t column, std::u16string_view text) override;
+  bool SetView(std::size_t row, std::size_t column, const pricedown::CellView& given) override;
   void Delete(std::size_t row) override;
 
  private:
@@ -73,6 +75,8 @@ class EditableRows : public RowStore {
     std::u16string_view Text() const { return {text, length}; }
   };
   static constexpr std::size_t kBlockRows = 1024;
+
+  void SetText(std::size_t row, std::size_t column, std::u16string_view text);
 
   const Cell& At(std::size_t row, std::size_t column) const {
     return blocks_[row / kBlockRows][(row % kBlockRows) * fields_.size() + column];
