@@ -28,6 +28,14 @@ class EvenMeasurer final : public TextMeasurer {
     for (const char16_t unit : text) width += unit < 0x80 ? 16 : 32;
     return width;
   }
+  std::size_t FittingLength(const Font&, std::u16string_view text, Tenths available) override {
+    std::size_t length = 0;
+    for (Tenths width = 0; length < text.size(); ++length) {
+      width += text[length] < 0x80 ? 16 : 32;
+      if (width > available) break;
+    }
+    return length;
+  }
   Tenths LineHeight(const Font&) override { return 36; }
 };
 

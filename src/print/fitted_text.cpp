@@ -1,9 +1,8 @@
-// Finds the longest beginning that fits by doubling and then by halving.
+// Finds a beginning that is too long by doubling, then asks how much of it fits.
 #include "print/fitted_text.h"
 
 #include <algorithm>
 #include <string>
-#include <utility>
 
 namespace pricedown {
 namespace {
@@ -19,10 +18,6 @@ constexpr auto kIsControl = [](char16_t unit) { return unit < u' ' || unit == 0x
 
 bool IsPlain(std::u16string_view text) {
   return std::none_of(text.begin(), text.end(), kIsControl);
-}
-
-std::u16string_view Keep(std::u16string text, MadeTexts& made) {
-  return *made.emplace_back(std::make_unique<const std::u16string>(std::move(text)));
 }
 
 // The beginning of a text as it is shown, copied only where it has control characters.
@@ -46,34 +41,27 @@ class Beginning {
 
 // Requires: there is room.
 std::u16string_view Shorten(TextMeasurer& measurer, const Font& font, std::u16string_view text,
-                            Tenths available, MadeTexts& made) {
+                            Tenths available, TextArena& made) {
   Beginning beginning(text);
-  const auto fits = [&](std::size_t length, Tenths room) {
-    return measurer.Width(font, beginning.Of(length)) <= room;
-  };
   std::size_t tooLong = std::min(kFirstGuess, text.size());
-  while (fits(tooLong, available)) {
+  while (measurer.Width(font, beginning.Of(tooLong)) <= available) {
     if (tooLong == text.size()) {
-      return beginning.IsCopied() ? Keep(std::u16string(beginning.Of(tooLong)), made) : text;
+      return beginning.IsCopied() ? made.Keep(beginning.Of(tooLong)) : text;
     }
     tooLong = std::min(tooLong * 2, text.size());
   }
   const Tenths room = available - measurer.Width(font, kEllipsis);
   if (room < 0) return {};
-  std::size_t length = 0;
-  while (tooLong - length > 1) {
-    const std::size_t middle = length + (tooLong - length) / 2;
-    (fits(middle, room) ? length : tooLong) = middle;
-  }
+  std::size_t length = measurer.FittingLength(font, beginning.Of(tooLong), room);
   // A surrogate pair is never cut in two.
   if (length > 0 && IsHighSurrogate(text[length - 1])) --length;
-  return Keep(std::u16string(beginning.Of(length)).append(kEllipsis), made);
+  return made.Keep(std::u16string(beginning.Of(length)).append(kEllipsis));
 }
 
 }  // namespace
 
 std::u16string_view FitText(TextMeasurer& measurer, const Font& font, std::u16string_view text,
-                            Tenths available, MadeTexts& made) {
+                            Tenths available, TextArena& made) {
   if (available <= 0) return {};
   // Nearly every cell.
   if (text.size() <= kFirstGuess && IsPlain(text) && measurer.Width(font, text) <= available) {

@@ -8,10 +8,10 @@
 
 namespace pricedown {
 
-// The text itself where it fits and can be shown as it is, else a text added to `made`: control
+// The text itself where it fits and can be shown as it is, else a text kept in `made`: control
 // characters become blanks, and what does not fit ends in "…"; empty when not even that fits.
 // Costs what fits, however long the text is.
 std::u16string_view FitText(TextMeasurer& measurer, const Font& font, std::u16string_view text,
-                            Tenths available, MadeTexts& made);
+                            Tenths available, TextArena& made);
 
 }  // namespace pricedown

@@ -3,12 +3,11 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
-#include <string>
 #include <string_view>
 #include <vector>
 
 #include "platform/geometry.h"
+#include "platform/text_arena.h"
 #include "print/page_units.h"
 
 namespace pricedown {
@@ -36,14 +35,11 @@ struct PageText {
   bool operator==(const PageText&) const = default;
 };
 
-// Texts made for a page; they stay where they are when the page moves.
-using MadeTexts = std::vector<std::unique_ptr<const std::u16string>>;
-
 // Valid as long as the document's table does not change.
 struct Page {
   std::vector<PageRule> rules;
   std::vector<PageText> texts;
-  MadeTexts made = {};
+  TextArena made = {};  // texts made for this page
 };
 
 }  // namespace pricedown

@@ -95,14 +95,14 @@ std::u16string FillFields(std::u16string_view text, const PageFields& fields) {
 void PlaceLine(std::u16string_view text, const PageFields& fields, TextMeasurer& measurer,
                const Font& font, std::size_t fontIndex, const Rectangle& box, Page& page) {
   if (box.IsEmpty()) return;
-  std::vector<std::u16string> sections = Sections(text, fields);
+  const std::vector<std::u16string> sections = Sections(text, fields);
   const std::vector<Part> parts = Parts(sections, measurer, font, box);
   for (std::size_t number = 0; number < sections.size(); ++number) {
     if (Trim(sections[number]).empty()) continue;
     const Part& part = parts[number];
-    page.made.push_back(std::make_unique<const std::u16string>(std::move(sections[number])));
     PageText placed;
-    placed.text = FitText(measurer, font, *page.made.back(), part.right - part.left, page.made);
+    placed.text = FitText(measurer, font, page.made.Keep(sections[number]), part.right - part.left,
+                          page.made);
     if (placed.text.empty()) continue;
     placed.font = fontIndex;
     placed.top = box.top;

@@ -25,6 +25,16 @@ class FakeMeasurer : public TextMeasurer {
     for (const char16_t unit : text) width += (unit < 0x80 ? 2 : 4) * font.size;
     return static_cast<Tenths>(width);
   }
+  std::size_t FittingLength(const Font& font, std::u16string_view text, Tenths available) override {
+    std::size_t length = 0;
+    for (double width = 0; length < text.size(); ++length) {
+      width += (text[length] < 0x80 ? 2 : 4) * font.size;
+      if (width > available) break;
+    }
+    Count();
+    longest = std::max(longest, text.size());
+    return length;
+  }
   Tenths LineHeight(const Font& font) override {
     Count();
     return static_cast<Tenths>(4 * font.size);

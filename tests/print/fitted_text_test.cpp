@@ -20,7 +20,7 @@ void PrintTo(const FitCase& fit, std::ostream* stream) { *stream << fit.name; }
 class FittedText : public ::testing::TestWithParam<FitCase> {
  protected:
   FakeMeasurer measurer_;
-  MadeTexts made_;
+  TextArena made_;
   const Font font_{u"宋体", 10, false, false, false};  // 20 and 40 wide
 };
 
@@ -52,7 +52,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(FittedText, MeasuresLittleOfAVeryLongText) {
   const std::u16string text(1000000, u'x');
   EXPECT_EQ(Utf8(FitText(measurer_, font_, text, 1000, made_)), std::string(48, 'x') + "…");
-  EXPECT_LE(measurer_.calls, 12);
+  EXPECT_LE(measurer_.calls, 4);
   EXPECT_LE(measurer_.longest, 64u);
 }
 
@@ -64,7 +64,6 @@ TEST_F(FittedText, KeepsAVeryLongTextThatFits) {
 TEST_F(FittedText, CopiesNothingOfATextThatFitsAsItIs) {
   const std::u16string text = u"六角螺栓";
   EXPECT_EQ(FitText(measurer_, font_, text, 200, made_).data(), text.data());
-  EXPECT_TRUE(made_.empty());
   EXPECT_EQ(measurer_.calls, 1);
 }
 

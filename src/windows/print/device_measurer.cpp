@@ -55,6 +55,13 @@ Tenths DeviceMeasurer::Width(const Font& font, std::u16string_view text) {
   return ends.empty() ? 0 : RoundedUp(ends.back());
 }
 
+std::size_t DeviceMeasurer::FittingLength(const Font& font, std::u16string_view text,
+                                          Tenths available) {
+  const std::span<const int> ends = Ends(font, text);
+  const auto tooLong = std::upper_bound(ends.begin(), ends.end(), available * kPerTenth);
+  return static_cast<std::size_t>(tooLong - ends.begin());
+}
+
 Tenths DeviceMeasurer::LineHeight(const Font& font) {
   return RoundedUp(Find(font).metrics.tmHeight);
 }

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <cstddef>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -19,6 +20,7 @@ class DeviceMeasurer final : public TextMeasurer {
  public:
   // TextMeasurer
   Tenths Width(const Font& font, std::u16string_view text) override;
+  std::size_t FittingLength(const Font& font, std::u16string_view text, Tenths available) override;
   Tenths LineHeight(const Font& font) override;
 
   // Where each character ends, from the text's beginning, in hundredths of a millimetre. Valid

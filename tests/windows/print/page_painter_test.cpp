@@ -225,6 +225,20 @@ TEST(PagePainter, ReportsADeviceThatCannotDraw) {
                AutomationError);
 }
 
+TEST(DeviceMeasurer, FittingLengthIsTheLongestBeginningWithinTheWidth) {
+  DeviceMeasurer measurer;
+  const Font font{u"宋体", 10.5, false, false, false};
+  const std::u16string text = u"六角头螺栓 M8×40";
+  for (Tenths available = 0; available <= measurer.Width(font, text); ++available) {
+    const std::size_t length = measurer.FittingLength(font, text, available);
+    EXPECT_LE(measurer.Width(font, text.substr(0, length)), available);
+    if (length < text.size()) {
+      EXPECT_GT(measurer.Width(font, text.substr(0, length + 1)), available);
+    }
+  }
+  EXPECT_EQ(measurer.FittingLength(font, text, measurer.Width(font, text)), text.size());
+}
+
 TEST(DeviceMeasurer, ALongerTextIsNeverNarrowerThanItsBeginning) {
   DeviceMeasurer measurer;
   for (const bool italic : {false, true}) {
