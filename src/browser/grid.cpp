@@ -19,6 +19,7 @@ void Grid::SetMaxRows(std::int32_t rows) {
   }
   cells_.resize(static_cast<std::size_t>(rows) * columns);
   if (rows == 0) {
+    cells_ = {};  // with its memory
     texts_.Clear();
     lockedColumns_ = 0;
   }
