@@ -4,10 +4,12 @@
 
 #include <array>
 #include <functional>
+#include <optional>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "editor/member_list.h"
 #include "platform/skip.h"
 #include "platform/text_blocks.h"
 
@@ -44,6 +46,25 @@ bool HasRow(const Recordset& source) {
   return !atEnd;
 }
 
+// A field that is looked up when it is first used: one that is lacking fails alone.
+class LazyField {
+ public:
+  LazyField(const Recordset& recordset, std::u16string_view name)
+      : recordset_(recordset), name_(name) {}
+  Value Get() { return Bound().Get(0); }
+  void Set(Value value) { Bound().Set(0, std::move(value)); }
+
+ private:
+  const BoundFields& Bound() {
+    if (!bound_) bound_.emplace(recordset_, std::vector{name_});
+    return *bound_;
+  }
+
+  Recordset recordset_;
+  std::u16string_view name_;
+  std::optional<BoundFields> bound_;
+};
+
 class RowCopier {
  public:
   // `fields` are the names of the copy's fields in their order.
@@ -52,9 +73,14 @@ class RowCopier {
         copy_(copy),
         fields_(std::move(fields)),
         addArguments_{Positions(fields_.size()), Value()},
-        manner_(manner) {}
+        manner_(manner) {
+    for (const std::u16string_view name : fields_) {
+      sourceFields_.emplace_back(source_, name);
+      copyFields_.emplace_back(copy_, name);
+    }
+  }
 
-  // Copies from the source's current row on.
+  // Requires: the source is on its first row.
   void CopyAll() {
     SkipFailing([&] { addNew_ = copy_.Object()->Find(u"AddNew"); });
     SkipFailing([&] { updateBatch_ = copy_.Object()->Find(u"UpdateBatch"); });
@@ -62,10 +88,12 @@ class RowCopier {
       CellBlockPtr block;
       if (!SkipFailing([&] { block = source_.GetRows(kRowsPerBlock, fields_); }) ||
           block->RowCount() == 0) {
+        ReturnToFirstUncopied();
         CopyOneByOne();
         break;
       }
       for (std::size_t row = 0; row < block->RowCount(); ++row) CopyRow({block, row});
+      copied_ += block->RowCount();
     }
     if (manner_ == Manner::Form) SkipFailing([&] { copy_.UpdateBatch(); });
   }
@@ -83,9 +111,15 @@ class RowCopier {
     CommitRow();
   }
 
+  // A block that failed may have moved the source. One that cannot go back stays where it is.
+  void ReturnToFirstUncopied() {
+    if (!SkipFailing([&] { source_.MoveFirst(); })) return;
+    for (std::size_t row = 0; row < copied_; ++row) SkipFailing([&] { source_.MoveNext(); });
+  }
+
   void CopyOneByOne() {
     while (HasRow(source_)) {
-      CopyFields([&](std::size_t field) { return source_.Field(fields_[field]); });
+      CopyFields([&](std::size_t field) { return sourceFields_[field].Get(); });
       CommitRow();
       // A source that does not move on would be copied forever.
       if (!SkipFailing([&] { source_.MoveNext(); })) break;
@@ -96,8 +130,10 @@ class RowCopier {
     // Without a new row the values would go into the one before.
     if (!SkipFailing([&] { copy_.AddNew(); })) return;
     for (std::size_t field = 0; field < fields_.size(); ++field) {
-      SkipFailing([&] { copy_.SetField(fields_[field], cellOf(field)); });
+      SkipFailing([&] { copyFields_[field].Set(cellOf(field)); });
     }
+    // Or the CancelUpdate of the next row might drop this one.
+    SkipFailing([&] { copy_.Update(); });
   }
 
   void CommitRow() {
@@ -108,6 +144,9 @@ class RowCopier {
   Recordset source_;
   Recordset copy_;
   FieldNames fields_;
+  std::vector<LazyField> sourceFields_;
+  std::vector<LazyField> copyFields_;
+  std::size_t copied_ = 0;             // rows of blocks
   std::array<Value, 2> addArguments_;  // positions of the fields, a row of a block
   // Looked up once, because they are called for every row.
   MemberId addNew_ = 0;

@@ -5,6 +5,10 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
+#include <memory>
+#include <span>
+#include <utility>
 
 #include "tests/editor/editor_test.h"
 #include "tests/support/case_name.h"
@@ -140,6 +144,111 @@ TEST_F(RecordCopy, CannotBeMadeWithoutRecordsets) {
   bare.Refuses(u"ADODB.Recordset");
   EXPECT_FALSE(CopyList(bare, source));
 }
+
+// A recordset of which one member behaves otherwise.
+class Interposed : public AutomationObject {
+ public:
+  // `call` makes the member's own call.
+  using Behaviour =
+      std::function<Value(std::span<Value> arguments, const std::function<Value()>& call)>;
+  Interposed(ObjectPtr inner, std::u16string_view member, Behaviour behaviour)
+      : inner_(std::move(inner)), member_(inner_->Find(member)), behaviour_(std::move(behaviour)) {}
+
+  MemberId Find(std::u16string_view name) override { return inner_->Find(name); }
+  Value Invoke(MemberId member, Access access, std::span<Value> arguments) override {
+    const auto call = [&] { return inner_->Invoke(member, access, arguments); };
+    return member == member_ ? behaviour_(arguments, call) : call();
+  }
+
+ private:
+  ObjectPtr inner_;
+  MemberId member_;
+  Behaviour behaviour_;
+};
+
+[[noreturn]] void Fail() { throw AutomationError(ErrorNumber::Unspecified, u"failing member"); }
+
+using CopyOf = Recordset (*)(ObjectFactory& factory, const Recordset& source);
+
+class RecordCopyOfOddities : public EditorTest, public ::testing::WithParamInterface<CopyOf> {
+ protected:
+  // Three items whose member behaves otherwise.
+  Recordset Source(std::u16string_view member, Interposed::Behaviour behaviour) {
+    ScriptedRows rows = TwoItems();
+    rows.rows.push_back({103, u"垫圈", 1.5, 0.2});
+    return Recordset(
+        std::make_shared<Interposed>(NewScriptedRecordset(factory.GetRecorder(), std::move(rows)),
+                                     member, std::move(behaviour)));
+  }
+  // The next recordsets are made with an AddNew that refuses rows that `refuses` says, without
+  // touching what was added before.
+  void RefuseWholeRows(const std::function<bool(int row)>& refuses) {
+    factory.Makes(u"ADODB.Recordset", [refuses](const RecorderPtr& recorder) -> ObjectPtr {
+      const Recordset made(NewScriptedRecordset(recorder, {}));
+      made.Close();
+      return std::make_shared<Interposed>(
+          made.Object(), u"AddNew",
+          [refuses, row = 0](std::span<Value> arguments, const auto& call) mutable {
+            if (!arguments.empty() && refuses(++row)) Fail();
+            return call();
+          });
+    });
+  }
+  static std::vector<std::string> Copied(const Recordset& copy) {
+    return copy ? RowTexts(copy) : std::vector<std::string>{"no copy"};
+  }
+
+  const std::vector<std::string> kAll{"101 \"螺钉\" 12.3456 0.1 ", "102 Null 0.0 Null ",
+                                      "103 \"垫圈\" 1.5 0.2 "};
+};
+
+TEST_P(RecordCopyOfOddities, LosesNoRowOfABlockThatFailsWhenItsRowsAreRead) {
+  int blocks = 0;
+  const Recordset source = Source(u"GetRows", [&](std::span<Value> arguments, const auto& call) {
+    arguments[0] = Value(1);
+    Value answer = call();
+    if (++blocks == 2) Fail();
+    return answer;
+  });
+  EXPECT_EQ(Copied(GetParam()(factory, source)), kAll);
+  EXPECT_EQ(blocks, 2) << "no third block";
+}
+
+TEST_P(RecordCopyOfOddities, LosesNoRowOfABlockThatLacksAField) {
+  const Recordset source = Source(u"GetRows", [](std::span<Value> arguments, const auto& call) {
+    arguments[2] = Value(u"FName");
+    return call();
+  });
+  EXPECT_EQ(Copied(GetParam()(factory, source)), kAll);
+}
+
+TEST_P(RecordCopyOfOddities, GoesOnWhereASourceIsThatCannotGoBack) {
+  const Recordset source = Source(u"MoveFirst", [](auto, const auto&) -> Value { Fail(); });
+  const Recordset blocks(std::make_shared<Interposed>(
+      source.Object(), u"GetRows", [](std::span<Value> arguments, const auto& call) -> Value {
+        arguments[0] = Value(1);
+        call();
+        Fail();
+      }));
+  EXPECT_THAT(Copied(GetParam()(factory, blocks)), ElementsAre(kAll[1], kAll[2]));
+}
+
+TEST_P(RecordCopyOfOddities, KeepsRowsThatCannotBeAddedWhole) {
+  RefuseWholeRows([](int) { return true; });
+  const Recordset source = Source(u"EOF", [](auto, const auto& call) { return call(); });
+  EXPECT_EQ(Copied(GetParam()(factory, source)), kAll);
+}
+
+TEST_P(RecordCopyOfOddities, KeepsARowThatCannotBeAddedWholeBeforeAnotherOne) {
+  RefuseWholeRows([](int row) { return row <= 2; });
+  const Recordset source = Source(u"EOF", [](auto, const auto& call) { return call(); });
+  EXPECT_EQ(Copied(GetParam()(factory, source)), kAll);
+}
+
+INSTANTIATE_TEST_SUITE_P(Manners, RecordCopyOfOddities, ::testing::Values(CopyRecords, CopyList),
+                         [](const auto& tested) {
+                           return tested.param == CopyRecords ? "Browser" : "Form";
+                         });
 
 // What the copy of the two items lacks after one failing call.
 struct Loss {
