@@ -19,7 +19,8 @@ class RemovalGuard {
  public:
   RemovalGuard(FormParts& form, const YearAndPeriod& current) : form_(form), current_(current) {}
 
-  // Whether the item has left the list.
+  // Whether the selected row has left the list. A refused item's stays; of several rows with the
+  // code the first one leaves, which may be another.
   bool Remove(const std::u16string& code) {
     const Recordset& members = form_.state.memberList;
     members.SetFilter(Concatenate({u"fNumber='", code, u"'"}));
@@ -42,9 +43,10 @@ class RemovalGuard {
       Refuse(code, u")本期跌价准备数据已经生成凭证，不得删除！");
       return false;
     }
+    const bool isOnlyOne = members.RecordCount() == 1;
     members.Delete();
     members.Update();
-    return true;
+    return isOnlyOne;
   }
 
  private:
@@ -73,11 +75,11 @@ void RemoveSelectedItems(FormParts& form) {
   RemovalGuard guard(form, current);
   try {
     for (const std::int32_t row : form.members.SelectedRows()) {
-      const bool removed =
+      const bool rowLeft =
           guard.Remove(std::u16string(form.state.rows.Text(member_columns::kCode, row)));
       // The form may have closed while a message was open.
       if (!form.state.loaded) return;
-      if (removed) form.state.rows.Remove(row);
+      if (rowLeft) form.state.rows.Remove(row);
     }
     ShowRemaining(form.state);
   } catch (...) {

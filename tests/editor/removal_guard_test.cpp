@@ -303,6 +303,20 @@ TEST_F(RemovalGuard, IdentifiesItemsByCodeAndNotById) {
   list.selected = {4};
   form.ToolClicked(FormTool::DelItem);
   EXPECT_THAT(MemberIds(), ElementsAre(101, 103));
+  EXPECT_EQ(list.RowTexts(), "物料代码|物料名称|规格型号|\n01.001|a||\n01.002|c||\n");
+}
+
+TEST_F(RemovalGuard, ShowsTheItemsThatAreLeftOfCodesThatDifferByCase) {
+  Voucher(false);
+  Answer(factory, u"A1", {});
+  Answer(factory, u"02", {});
+  // The suite's recordset compares without regard to case: the first one is removed.
+  OpenForEdit(RawMaterials(),
+              {{101, u"a1", u"a", u""}, {102, u"A1", u"b", u""}, {103, u"02", u"c", u""}});
+  list.selected = {3, 4};
+  form.ToolClicked(FormTool::DelItem);
+  EXPECT_THAT(MemberIds(), ElementsAre(102));
+  EXPECT_EQ(list.RowTexts(), "物料代码|物料名称|规格型号|\nA1|b||\n");
 }
 
 TEST_F(RemovalGuard, FailsOnACodeWithAQuoteAndKeepsTheList) {
