@@ -269,6 +269,22 @@ TEST_F(Save, NamesTheAccountsThatCouldNotBeChecked) {
             "80040E31 检查科目失败，科目代码：5711、1281.1\r\n超时已过期");
 }
 
+// What a host's error handling goes by stays the database's.
+TEST_F(Save, KeepsNumberAndSourceOfAFailedCheck) {
+  factory.Object(kConnectionId)
+      .On(u"Execute", Arguments({u"select FNumber from t_account"}), Reply::From([](auto) -> Value {
+            throw AutomationError(-2147217871, u"超时已过期", u"数据库");
+          }));
+  OpenForEdit();
+  try {
+    form.ToolClicked(FormTool::Save);
+    ADD_FAILURE() << "no failure";
+  } catch (const AutomationError& error) {
+    EXPECT_EQ(error.Number(), -2147217871);
+    EXPECT_EQ(Utf8(error.Source()), "数据库");
+  }
+}
+
 TEST_F(Save, NamesTheClassNumberThatCouldNotBeChecked) {
   AnswerStatement(factory, u"select FNumber from t_account",
                   Rows({u"FNumber"}, {{u"5711"}, {u"1281.1"}}));
