@@ -40,6 +40,9 @@ void ClassTree::LoadClassTree() {
   }
   SkipFailing([&] { MarkCurrentNode(); });
   SkipFailing([&] { view_.SetRedraw(true); });
+  SkipFailing([&] {
+    if (loaded_) loaded_();
+  });
 }
 
 void ClassTree::MarkCurrentNode() {
@@ -97,7 +100,6 @@ void ClassTree::NodeClick(NodeIndex node) {
   if (!nodes_.Contains(node)) return;
   // A copy, because the grid load may let messages run that reload the tree.
   const NodeId id = nodes_.At(node).id;
-  const bool changes = state_.currentNode != id;
   state_.currentNode = id;
   marked_ = node;
   SkipFailing([&] { view_.MarkNode(node); });
@@ -105,9 +107,11 @@ void ClassTree::NodeClick(NodeIndex node) {
   SkipFailing([&] { grid_.LoadItemGrid(id.classNumber); });
   SkipFailing([&] { environment_.screen.SetMousePointer(MousePointer::Default); });
   SkipFailing([&] { environment_.screen.RunPendingMessages(); });
-  if (changes && environment_.events != nullptr && !environment_.lifetime.HasEnded()) {
-    environment_.events->SelectionChanged(id.isRoot ? std::u16string_view() : id.classNumber);
-  }
+  // The messages may have ended the control, or handled a click on another node.
+  if (environment_.lifetime.HasEnded() || state_.currentNode != id || notified_ == id) return;
+  notified_ = id;
+  if (environment_.events == nullptr) return;
+  environment_.events->SelectionChanged(id.isRoot ? std::u16string_view() : id.classNumber);
 }
 
 void ClassTree::SelectRoot() {

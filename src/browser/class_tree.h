@@ -1,7 +1,10 @@
 // The class tree `tvwBase`: loading it and what a click on a node does.
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string_view>
+#include <utility>
 
 #include "browser/browser_state.h"
 #include "browser/class_tree_view.h"
@@ -17,6 +20,8 @@ class ClassTree {
 
   // Clears and refills the tree; failing steps are skipped, a failed query leaves the root alone.
   void LoadClassTree();
+  // Called at the end of each load; its failure is skipped.
+  void OnLoaded(std::function<void()> handler) { loaded_ = std::move(handler); }
 
   // Handles a click on a node: makes it the current one and fills the grid. Failing steps are
   // skipped; no-op for kNoNode.
@@ -55,6 +60,8 @@ class ClassTree {
   ItemGrid& grid_;
   NodeCollection nodes_;
   NodeIndex marked_ = kNoNode;
+  std::optional<NodeId> notified_;  // the selection that the host knows
+  std::function<void()> loaded_;
 };
 
 }  // namespace pricedown

@@ -75,6 +75,29 @@ TEST_F(ControlEvents, TellAnotherSelectionAndNotTheSameAgain) {
   EXPECT_EQ(Told(), "event selection \"\"\nevent selection \"01\"\n");
 }
 
+// Messages run at the end of a click: a click on another node may be among them.
+TEST_F(ControlEvents, TellOnlyTheSelectionThatIsLeftByClicksInsideOneAnother) {
+  Start();
+  Control().NodeClicked(1);
+  bool clicked = false;
+  world_.screen.onMessages = [&] {
+    if (!std::exchange(clicked, true)) Control().NodeClicked(1);
+  };
+  Control().NodeClicked(2);
+  EXPECT_EQ(Told(), "event selection \"\"\n") << "the root, which the host knows";
+  world_.screen.onMessages = nullptr;
+  Control().NodeClicked(2);
+  EXPECT_EQ(Told(), "event selection \"\"\nevent selection \"01\"\n");
+}
+
+TEST_F(ControlEvents, TellNoSelectionWhoseMessagesEndTheControl) {
+  Start();
+  Control().ItemCells().Attach(nullptr);
+  world_.screen.onMessages = [&] { Control().Terminate(); };
+  Control().NodeClicked(1);
+  EXPECT_EQ(Told(), "event closing\n");
+}
+
 TEST_F(ControlEvents, TellADeletedClassBeforeTheRootIsSelected) {
   Start();
   ScriptDeletion();
