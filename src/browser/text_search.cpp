@@ -30,9 +30,14 @@ std::optional<SearchHit> TextSearch::Next(std::int32_t row, bool backwards) cons
     next += step;
     if (next > count) next = 1;
     if (next < 1) next = count;
-    if (const SearchHit hit = HitIn(next); hit.column != 0) return hit;
+    if (const auto hit = HitIn(next)) return hit;
   }
   return std::nullopt;
+}
+
+std::optional<SearchHit> TextSearch::HitIn(std::int32_t row) const {
+  const std::int32_t column = rows_->Match(row, pattern_);
+  return column != 0 ? std::optional(SearchHit{row, column}) : std::nullopt;
 }
 
 void TextSearch::CountOn(std::int32_t rows) {
@@ -40,7 +45,7 @@ void TextSearch::CountOn(std::int32_t rows) {
   const std::int32_t end =
       counted_ + std::min(std::max(rows, 0), std::max(rows_->Rows() - counted_, 0));
   while (counted_ < end) {
-    if (HitIn(++counted_).column != 0) hits_.push_back(counted_);
+    if (HitIn(++counted_)) hits_.push_back(counted_);
   }
 }
 

@@ -15,7 +15,8 @@ namespace pricedown {
 class SearchedRows {
  public:
   virtual std::int32_t Rows() const = 0;
-  // The first column of the row that has the pattern in its text; 0 for none.
+  // The first column of the row that has the pattern in its text; 0 for none, and for a row that
+  // is gone.
   virtual std::int32_t Match(std::int32_t row, const TextPattern& pattern) const = 0;
 
  protected:
@@ -46,7 +47,7 @@ class TextSearch {
   std::u16string CountText(std::int32_t row) const;
 
  private:
-  SearchHit HitIn(std::int32_t row) const { return {row, rows_->Match(row, pattern_)}; }
+  std::optional<SearchHit> HitIn(std::int32_t row) const;
 
   const SearchedRows* rows_ = nullptr;
   TextPattern pattern_;

@@ -44,6 +44,11 @@ FindPlaces PlaceFindBar(Size bar, const FindMeasures& measures) {
   return places;
 }
 
+Find::Find(FindView& view, const Grid& grid, ClassTree& tree)
+    : view_(view), tree_(tree), items_(grid), classes_(tree.Nodes()) {
+  tree.OnLoaded([this] { RowsChanged(FindPane::Tree); });
+}
+
 const SearchedRows& Find::RowsOf(FindPane pane) const {
   if (pane == FindPane::Grid) return items_;
   return classes_;

@@ -34,8 +34,9 @@ FindPlaces PlaceFindBar(Size bar, const FindMeasures& measures);
 class Find {
  public:
   // All must outlive the object.
-  Find(FindView& view, const Grid& grid, ClassTree& tree)
-      : view_(view), tree_(tree), items_(grid), classes_(tree.Nodes()) {}
+  Find(FindView& view, const Grid& grid, ClassTree& tree);
+  Find(const Find&) = delete;
+  Find& operator=(const Find&) = delete;
 
   // Opens the bar over that pane, with the text of the last time.
   void Open(FindPane pane);

@@ -63,7 +63,6 @@ void PriceDown::LoadTree() {
   std::optional<WaitCursor> wait;
   SkipFailing([&] { wait.emplace(ports_.screen); });
   tree_.LoadClassTree();
-  find_.RowsChanged(FindPane::Tree);
 }
 
 void PriceDown::RestoreSelection() {

@@ -5,6 +5,7 @@
 
 #include <vector>
 
+#include "browser/searched_rows.h"
 #include "tests/support/utf8.h"
 
 namespace pricedown::testing {
@@ -127,6 +128,29 @@ TEST(TextSearch, CountsAPartAtATime) {
   const int asked = rows.asked;
   search.CountOn(100);
   EXPECT_EQ(rows.asked, asked);
+}
+
+TEST(TextSearch, FindsNoHitThatIsGoneSinceItWasCounted) {
+  ListedRows rows;
+  rows.texts = {u"a", u"b", u"a"};
+  TextSearch search;
+  search.Start(rows, u"a");
+  search.CountOn(100);
+  rows.texts = {u"b", u"b", u"b"};
+  EXPECT_EQ(search.Next(1, false), std::nullopt);
+  EXPECT_EQ(search.Next(2, true), std::nullopt);
+}
+
+TEST(SearchedClasses, HaveNothingInRowsThatAreGone) {
+  NodeCollection nodes;
+  nodes.Add({}, u"物料");
+  nodes.Add(NodeId::OfClass(u"01"), u"01(原料)");
+  const SearchedClasses classes(nodes);
+  EXPECT_EQ(classes.Match(2, TextPattern(u"原")), 1);
+  nodes.RemoveLast();
+  EXPECT_EQ(classes.Match(2, TextPattern(u"原")), 0);
+  nodes.Clear();
+  EXPECT_EQ(classes.Match(3, TextPattern(u"原")), 0);
 }
 
 TEST(TextSearch, ShowsNoCountWithoutATextAndZeroWithoutAHit) {

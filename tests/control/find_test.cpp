@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/browser/class_deletion.h"
 #include "tests/control/dispatch_fixture.h"
 
 namespace pricedown::testing {
@@ -164,6 +165,27 @@ TEST_F(FindInControl, ForgetsTheFoundClassWhenTheTreeIsReloaded) {
   world_.log.Clear();
   find().Accept();
   EXPECT_EQ(Log(), "find close tree\n");
+}
+
+TEST_F(FindInControl, SearchesTheTreeAnewWhenADeletionReloadsIt) {
+  AnswerStatement(world_.factory, kTreeStatement, ClassRows({{u"02", u"成品"}}));
+  AnswerStatement(world_.factory, kVoucher, Rows({u"FVoucherID"}, {}));
+  AnswerStatement(world_.factory, kHistory, Rows({u"FItemID"}, {}));
+  AnswerNothing(world_.factory, kDeleteProvision);
+  AnswerNothing(world_.factory, kDeleteClass);
+  world_.questions.WillAnswer({true});
+  world_.view.focusedPane = FindPane::Tree;
+  Open(FindPane::Tree);
+  find().TextChanged(u"成", false);
+  find().CountOn();
+  ASSERT_EQ(Count(), "1 / 1");
+  Control().delRecord();
+  EXPECT_TRUE(world_.view.findCounting);
+  find().CountOn();
+  EXPECT_EQ(Count(), "– / 1");
+  world_.log.Clear();
+  find().Next(false);
+  EXPECT_EQ(Log(), "find node 2\n") << "the class is the second node now";
 }
 
 TEST_F(FindInControl, F3InTheTreeOpensTheBar) {
