@@ -8,7 +8,6 @@ namespace {
 // Requires: `name` outlives the call.
 void PutOrDefault(AutomationObject& grid, std::u16string_view name, const Value& value,
                   std::u16string_view maximum) {
-  if (value.Resolved().Is(Value::Kind::Null)) return;
   SkipFailing([&] {
     if (!value.Resolved().Is(Value::Kind::Missing)) {
       grid.Put(name, value.Resolved());

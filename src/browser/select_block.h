@@ -6,7 +6,7 @@
 namespace pricedown {
 
 // Sets the grid's members Col, Col2, Row and Row2, in this order. Missing ends are 1 and the
-// grid's MaxCols and MaxRows; an end that is Null is not set. Failing steps are skipped.
+// grid's MaxCols and MaxRows. Failing steps are skipped.
 void SelectBlock(const ObjectPtr& grid, const Value& column, const Value& column2, const Value& row,
                  const Value& row2);
 

@@ -62,11 +62,13 @@ TEST_F(SelectBlockTest, PassesOnWhatItIsGivenAndLooksBehindReferences) {
       )"));
 }
 
-TEST_F(SelectBlockTest, LeavesAnEndThatIsNullAsItIs) {
+TEST_F(SelectBlockTest, PassesNullOn) {
   SelectBlock(grid_, 2, Null{}, 4, Null{});
   EXPECT_EQ(log_.Text(), Lines(R"(
       put grid.Col = 2
+      put grid.Col2 = Null
       put grid.Row = 4
+      put grid.Row2 = Null
       )"));
 }
 

@@ -46,7 +46,7 @@ Value Convert(const DispatchMember& member, std::size_t position, const VARIANT&
   const Coercion coercion =
       position < member.parameters.size() ? member.parameters[position].coercion : Coercion::Any;
   if (coercion == Coercion::Ignored) return {};
-  return coercion == Coercion::Lenient ? FromVariantOrNull(argument) : FromVariant(argument);
+  return coercion == Coercion::Lenient ? FromVariantOrNullBlock(argument) : FromVariant(argument);
 }
 
 std::vector<Value> Arguments(const DispatchMember& member, const DISPPARAMS& parameters,

@@ -16,8 +16,8 @@
 namespace pricedown::windows {
 
 // The type to which an argument is converted before the member runs. Any leaves it as it is.
-// Lenient leaves it too, and an argument that the core has no kind for is Null. Ignored is never
-// converted: always Empty.
+// Lenient leaves it too, and an argument that the core has no kind for is a null block. Ignored is
+// never converted: always Empty.
 enum class Coercion { Any, Text, Object, Boolean, Int16, Lenient, Ignored };
 
 struct DispatchParameter {

@@ -216,8 +216,8 @@ Value FromVariant(const VARIANT& variant) {
   }
 }
 
-Value FromVariantOrNull(const VARIANT& variant) {
-  Value value = Null{};
+Value FromVariantOrNullBlock(const VARIANT& variant) {
+  Value value = CellBlockPtr();
   SkipFailing([&] { value = FromVariant(variant); });
   return value;
 }
@@ -274,6 +274,7 @@ Variant ToVariant(const Value& value) {
       variant.vt = VT_DISPATCH;
       break;
     case Value::Kind::Block:
+      if (value.Block() == nullptr) ThrowTypeMismatch();
       variant.parray = CopyOf(*value.Block()).release();
       variant.vt = ArrayType(variant.parray);
       break;

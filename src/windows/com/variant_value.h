@@ -14,13 +14,15 @@ namespace pricedown::windows {
 // automation, other arrays.
 Value FromVariant(const VARIANT& variant);
 
-// The same, but Null for what the core has no kind for.
-Value FromVariantOrNull(const VARIANT& variant);
+// The same, but a null block for what the core has no kind for. ToVariant refuses it, so it cannot
+// be passed on.
+Value FromVariantOrNullBlock(const VARIANT& variant);
 
 // The same as FromVariant without copying a two-dimensional array.
 Value ConsumeVariant(Variant variant);
 
-// A reference is followed. Throws AutomationError or std::bad_alloc.
+// A reference is followed. Throws AutomationError (TypeMismatch for a null block) or
+// std::bad_alloc.
 Variant ToVariant(const Value& value);
 
 }  // namespace pricedown::windows

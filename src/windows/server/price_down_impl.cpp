@@ -84,8 +84,8 @@ STDMETHODIMP PriceDownImpl::SelBlock(IDispatch* grd, VARIANT lCol, VARIANT lCol2
                                      VARIANT lRow2) noexcept {
   return Hosted().Run(
       [&] {
-        Call(6, {FromDispatch(grd), FromVariantOrNull(lCol), FromVariantOrNull(lCol2),
-                 FromVariantOrNull(lRow), FromVariantOrNull(lRow2)});
+        Call(6, {FromDispatch(grd), FromVariantOrNullBlock(lCol), FromVariantOrNullBlock(lCol2),
+                 FromVariantOrNullBlock(lRow), FromVariantOrNullBlock(lRow2)});
       },
       IID__PriceDown);
 }

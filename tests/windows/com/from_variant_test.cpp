@@ -110,6 +110,12 @@ TEST_P(RefusedVariant, IsATypeMismatch) {
   EXPECT_EQ(FailureOf([&] { FromVariant(GetParam().given); }).substr(0, 8), "80020005");
 }
 
+TEST_P(RefusedVariant, CannotBePassedOn) {
+  const Value value = windows::FromVariantOrNullBlock(GetParam().given);
+  EXPECT_EQ(value, Value(CellBlockPtr()));
+  EXPECT_EQ(FailureOf([&] { windows::ToVariant(value); }).substr(0, 8), "80020005");
+}
+
 VARIANT gNestedTwice = Nothing(VT_EMPTY);
 VARIANT gNested = Reference(VT_VARIANT, &gNestedTwice);
 

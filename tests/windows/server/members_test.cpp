@@ -253,6 +253,21 @@ TEST_F(Members, SelBlockLeavesOutWhatItCannotConvert) {
   EXPECT_EQ(host.world.log.Text(), expected);
 }
 
+TEST_F(Members, SelBlockPassesNullOn) {
+  host.world.factory.Object(u"grid")
+      .On(u"MaxRows", 9)
+      .AllowPut(u"Col")
+      .AllowPut(u"Col2")
+      .AllowPut(u"Row")
+      .AllowPut(u"Row2");
+  const auto grid = windows::ToDispatch(host.world.factory.NewObject(u"grid"));
+  const VARIANT null = Nothing(VT_NULL);
+  EXPECT_EQ(Statement(Control(), L"SelBlock", {ObjectOf(grid.get()), Number(2), null, Number(3)}),
+            "S_OK");
+  EXPECT_EQ(Early()->SelBlock(grid.get(), Number(2), null, Number(3), Omitted()), S_OK);
+  EXPECT_EQ(host.world.log.Count("put grid.Col2 = Null"), 2U);
+}
+
 TEST_F(Members, SelBlockAcceptsNamedArguments) {
   host.world.factory.Object(u"grid")
       .On(u"MaxCols", 4)
