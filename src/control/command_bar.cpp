@@ -41,15 +41,16 @@ std::shared_ptr<CommandBarTool> CommandBar::Tool(std::u16string_view name) const
 }
 
 const std::shared_ptr<CommandBarTool>& CommandBar::CheckTool(std::u16string_view name) const {
-  return checkTools_[name == kCheckTools[0] ? 0 : 1];
+  return checkTools_[EqualsIgnoringCase(name, kCheckTools[0]) ? 0 : 1];
 }
 
 std::shared_ptr<CommandBarTool> CommandBar::Add(CommandBarTool::Definition definition,
                                                 Place place) {
   std::shared_ptr<CommandBarTool> tool = Tool(definition.name);
   if (tool == nullptr) {
-    const bool checks =
-        std::find(kCheckTools.begin(), kCheckTools.end(), definition.name) != kCheckTools.end();
+    const bool checks = std::any_of(kCheckTools.begin(), kCheckTools.end(), [&](auto name) {
+      return EqualsIgnoringCase(name, definition.name);
+    });
     tool = checks ? CheckTool(definition.name) : std::make_shared<CommandBarTool>();
     tool->Join(std::move(definition), listeners_);
     tools_.push_back(tool);

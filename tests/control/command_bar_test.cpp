@@ -343,6 +343,12 @@ TEST_F(CommandBarTest, LivesAsLongAsItsCollections) {
   EXPECT_FALSE(bar.expired());
 }
 
+TEST_F(CommandBarTest, AddsACheckToolInWhateverCaseItsNameIs) {
+  EXPECT_EQ(Of(Tools(), u"Add", {u"itoolbar"}), bar_->CheckTool(u"iToolBar"));
+  EXPECT_EQ(Of(Tools(), u"Add", {u"MNUVIEWSTATUSBAR"}), bar_->CheckTool(u"mnuViewStatusBar"));
+  EXPECT_EQ(TextOf(Of(Tools(), u"Item", {u"iToolBar"}), u"Checked"), "True");
+}
+
 TEST_F(CommandBarTest, ChecksTheHostsCheckToolsWhenTheyAreAdded) {
   for (const std::u16string_view name : {u"iToolBar", u"mnuViewStatusBar"}) {
     EXPECT_EQ(TextOf(Of(Tools(), u"Add", {name}), u"Checked"), "True");
