@@ -7,6 +7,7 @@
 
 #include "browser/node_collection.h"
 #include "control/find.h"
+#include "windows/base/focus_events.h"
 #include "windows/base/tool_strip_events.h"
 #include "windows/grid/grid_events.h"
 
@@ -21,7 +22,7 @@ enum class SplitterAction {
 };
 
 // What the find bar reports, as the last step of a message.
-class FindBarEvents {
+class FindBarEvents : public virtual FocusEvents {
  public:
   // `composing` while an input method's composition is open.
   virtual void FindTextChanged(std::u16string_view text, bool composing) = 0;

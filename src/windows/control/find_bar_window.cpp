@@ -62,6 +62,26 @@ LRESULT FindField::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       ReportChange();
       return result;
     }
+    case WM_LBUTTONDOWN:
+    case WM_CONTEXTMENU: {
+      // The default handling sets the focus, too, and is not prepared for a host that then ends
+      // the control.
+      const Lifetime window = WindowLifetime();
+      SetFocus(Handle());
+      if (window.HasEnded()) return 0;
+      break;
+    }
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS: {
+      const LRESULT result = Default(message, wParam, lParam);
+      const HWND other = reinterpret_cast<HWND>(wParam);
+      if (message == WM_SETFOCUS) {
+        events_.FocusEntered(other);
+      } else {
+        events_.FocusLeft(other);
+      }
+      return result;
+    }
     case WM_GETDLGCODE:
       return DLGC_WANTALLKEYS | DLGC_HASSETSEL;
     default:

@@ -21,6 +21,10 @@ void Send(HWND window, UINT message, WPARAM keys, POINT point) {
   SendMessageW(window, message, keys, MAKELPARAM(point.x, point.y));
 }
 
+HWND FindBarField(const UiWorld& world) {
+  return GetDlgItem(world.Child(ids::kFindBar), ids::kFindField);
+}
+
 constexpr POINT kCell{40, 60};
 
 class Activation : public ::testing::TestWithParam<Press> {};
@@ -30,6 +34,7 @@ TEST_P(Activation, MayEndAll) {
   const std::weak_ptr<UiWorld> watch = owned;
   owned->Start();
   owned->Click(owned->Tree(), owned->NodePoint(6));
+  owned->control->Finding()->Open(FindPane::Grid);
   // From here on the focus comes from outside.
   SetFocus(owned->host.Handle());
   const HWND window = owned->window->Handle();
@@ -68,6 +73,14 @@ const std::vector<Press> kPresses{
     {"PressOfTheSplitter",
      [](UiWorld& world) {
        Send(world.Child(ids::kSplitter), WM_LBUTTONDOWN, MK_LBUTTON, {2, 40});
+     }},
+    {"LeftPressInTheFindField",
+     [](UiWorld& world) {
+       Send(FindBarField(world), WM_LBUTTONDOWN, MK_LBUTTON, {8, 8});
+     }},
+    {"MenuOfTheFindField",
+     [](UiWorld& world) {
+       Send(FindBarField(world), WM_CONTEXTMENU, 0, {8, 8});
      }},
     {"FocusForTheStrip", [](UiWorld& world) { SetFocus(world.Strip()); }},
 };

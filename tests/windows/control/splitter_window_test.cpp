@@ -169,11 +169,13 @@ TEST_F(Splitter, TheHostIsNotifiedWhenTheFocusComesAndGoes) {
   std::string told;
   const HWND outside = CreateWindowW(L"BUTTON", L"", WS_CHILD | WS_VISIBLE, 0, 0, 10, 10,
                                      world_.host.Handle(), nullptr, nullptr, nullptr);
+  world_.control->Finding()->Open(FindPane::Grid);
   SetFocus(outside);
   world_.window->OnFocusChange([&](bool gained) { told += gained ? "gained " : "lost "; });
-  const std::vector<HWND> stops{world_.Grid(), world_.Tree(), world_.Strip(), Handle()};
+  const HWND field = GetDlgItem(world_.Child(ids::kFindBar), ids::kFindField);
+  const std::vector<HWND> stops{world_.Grid(), world_.Tree(), world_.Strip(), field, Handle()};
   for (const HWND stop : stops) SetFocus(stop);
-  EXPECT_EQ(told, "gained gained gained gained ");
+  EXPECT_EQ(told, "gained gained gained gained gained ");
   for (const HWND stop : stops) {
     SetFocus(stop);
     told.clear();
