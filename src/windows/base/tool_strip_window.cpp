@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "env/translation.h"
+#include "platform/icon_ids.h"
 #include "windows/base/context_menu.h"
 #include "windows/base/control_ids.h"
 #include "windows/base/fonts.h"
@@ -24,8 +25,7 @@ constexpr int kPictureGap = 6;    // between the two
 // What tool bars leave above and below a picture together, at every resolution.
 constexpr int kHeightMargin = 6;
 constexpr int kNoButton = -1;
-constexpr wchar_t kMoreText[] = L"»";
-constexpr std::u16string_view kMoreTip = u"更多";
+constexpr std::u16string_view kMoreText = u"更多";
 
 int IdAt(std::size_t position) { return control_ids::kFirstButton + static_cast<int>(position); }
 
@@ -42,12 +42,13 @@ const Command* ToolStripWindow::ButtonOf(std::size_t id) const {
   return index < buttons_.size() ? buttons_[index] : nullptr;
 }
 
-// In the order of the buttons, separators left out.
+// In the order of the buttons, separators left out; the arrow's is the last.
 std::vector<int> ToolStripWindow::Icons() const {
   std::vector<int> icons;
   for (const Command* button : buttons_) {
     if (button->icon != 0) icons.push_back(button->icon);
   }
+  icons.push_back(PRICEDOWN_ICON_MORE);
   return icons;
 }
 
@@ -65,10 +66,8 @@ void ToolStripWindow::Create(HWND parent, HINSTANCE module, int id, Dpi dpi,
   creation.module = module;
   CreateControl(creation);
   SendMessageW(Handle(), TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
-  const bool mixed = std::any_of(buttons_.begin(), buttons_.end(),
-                                 [](const Command* button) { return button->pictureOnly; });
-  SendMessageW(Handle(), TB_SETEXTENDEDSTYLE, 0,
-               TBSTYLE_EX_DOUBLEBUFFER | (mixed ? TBSTYLE_EX_MIXEDBUTTONS : 0));
+  // A text that is not shown is the button's name.
+  SendMessageW(Handle(), TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_DOUBLEBUFFER | TBSTYLE_EX_MIXEDBUTTONS);
   tooltips_.clear();
   UpdateAppearance(dpi);
   AddButtons();
@@ -101,12 +100,13 @@ void ToolStripWindow::ShowMore(bool show) {
   const bool isShown = last == static_cast<LRESULT>(buttons_.size());
   if (isShown) SendMessageW(Handle(), TB_DELETEBUTTON, static_cast<WPARAM>(last), 0);
   if (!show) return;
+  const std::wstring name = ToWide(Translate(kMoreText));
   TBBUTTON more{};
   more.idCommand = control_ids::kMoreButtons;
-  more.iBitmap = I_IMAGENONE;
+  more.iBitmap = static_cast<int>(Icons().size()) - 1;
   more.fsState = TBSTATE_ENABLED;
-  more.fsStyle = BTNS_BUTTON | BTNS_SHOWTEXT;
-  more.iString = reinterpret_cast<INT_PTR>(kMoreText);
+  more.fsStyle = BTNS_BUTTON;
+  more.iString = reinterpret_cast<INT_PTR>(name.c_str());
   SendMessageW(Handle(), TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&more));
   TBBUTTONINFOW info{};
   info.cbSize = sizeof info;
@@ -132,7 +132,7 @@ RECT ToolStripWindow::ItemArea(std::size_t position) const {
 }
 
 std::int32_t ToolStripWindow::MoreWidth() const {
-  return 2 * dpi_.Scale(kButtonMargin) + TextWidth(WindowContext(Handle()).Get(), font_, kMoreText);
+  return 2 * dpi_.Scale(kButtonMargin) + IconSize(dpi_);
 }
 
 void ToolStripWindow::FitButtons() {
@@ -256,7 +256,7 @@ void ToolStripWindow::OnTooltip(NMTTDISPINFOW& info) const {
   const std::size_t index = info.hdr.idFrom - static_cast<std::size_t>(IdAt(1));
   const bool isMore = info.hdr.idFrom == static_cast<UINT_PTR>(control_ids::kMoreButtons);
   if (!isMore && index >= tooltips_.size()) return;
-  const std::wstring tip = ToWide(isMore ? Translate(kMoreTip) : tooltips_[index]);
+  const std::wstring tip = ToWide(isMore ? Translate(kMoreText) : tooltips_[index]);
   lstrcpynW(info.szText, tip.c_str(), static_cast<int>(std::size(info.szText)));
   info.lpszText = info.szText;
 }

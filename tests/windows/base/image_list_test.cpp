@@ -108,7 +108,7 @@ TEST(ImageList, ShowsADisabledIconGreyAndPale) {
 }
 
 TEST(ImageList, RefusesAnIconThatTheModuleDoesNotHave) {
-  const std::vector<int> icons{PRICEDOWN_ICON_LOOKUP + 1};
+  const std::vector<int> icons{PRICEDOWN_ICON_MORE + 1};
   EXPECT_THROW(MakeImageList(icons, IconLook::Normal, Dpi(96)), AutomationError);
 }
 

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -171,6 +172,16 @@ TEST(ToolStripWindow, SurvivesAHostThatClosesEverythingOnAClick) { CloseByExit(f
 
 TEST(ToolStripWindow, SurvivesAHostThatClosesEverythingOnAKey) { CloseByExit(true); }
 
+std::size_t Colours(const Picture& picture, const RECT& area) {
+  std::set<std::uint32_t> colours;
+  for (LONG y = area.top; y < area.bottom; ++y) {
+    for (LONG x = area.left; x < area.right; ++x) {
+      colours.insert(picture.At(static_cast<int>(x), static_cast<int>(y)));
+    }
+  }
+  return colours.size();
+}
+
 TEST(ToolStripWindow, ShowsAnArrowToWhatANarrowControlLeavesOut) {
   UiWorld world;
   world.suite.company.grantedMasks = "none";
@@ -184,6 +195,10 @@ TEST(ToolStripWindow, ShowsAnArrowToWhatANarrowControlLeavesOut) {
   EXPECT_EQ(SendMessageW(world.Strip(), TB_ISBUTTONHIDDEN, ids::kFirstButton + kAdd, 0), 0);
   EXPECT_NE(SendMessageW(world.Strip(), TB_ISBUTTONHIDDEN, ids::kFirstButton + kPrint, 0), 0);
   KeepPicture(world.host.Handle(), "strip too narrow");
+  RECT arrow{};
+  SendMessageW(world.Strip(), TB_GETITEMRECT, 8, reinterpret_cast<LPARAM>(&arrow));
+  EXPECT_LE(arrow.right, print.right);
+  EXPECT_GT(Colours(TakePicture(world.Strip()), arrow), 1u) << "it is drawn";
   {
     ContextMenus menu(1, "strip too narrow menu");
     SetFocus(world.Strip());
