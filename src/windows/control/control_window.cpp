@@ -114,6 +114,7 @@ void ControlWindow::CopyCells(bool titled) { children_->grid.Copy(titled); }
 
 void ControlWindow::OpenFind(FindPane pane, std::u16string_view text) {
   if (Handle() == nullptr) return;
+  children_->grid.MarkCurrentCell(pane == FindPane::Grid);
   children_->findBar.Open(pane, text);
   children_->PlaceFindBar();
   children_->findBar.Focus();
@@ -124,6 +125,7 @@ void ControlWindow::CloseFind(FindPane pane) {
   // Before the bar closes, so that the focus goes straight to the pane.
   if (children_->findBar.HasFocus()) SetFocus(children_->WindowOf(pane));
   children_->findBar.Close();
+  children_->grid.MarkCurrentCell(false);
 }
 
 void ControlWindow::ShowFindCount(std::u16string_view text, bool counting) {

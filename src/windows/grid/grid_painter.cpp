@@ -14,6 +14,8 @@ constexpr int kGridLineShare = 45;  // of 255, from the background to the text
 constexpr int kCursorWidth = 2;
 constexpr int kTintShare = 20;  // of 255, where the tooltip's colour is that of open cells
 constexpr int kTooLike = 8;     // of 255, in each part of a colour
+// Of 255: told apart from locked cells, in every choice of colours.
+constexpr int kUnfocusedShare = 55;
 
 bool LookAlike(COLORREF a, COLORREF b) {
   return std::abs(GetRValue(a) - GetRValue(b)) < kTooLike &&
@@ -103,8 +105,7 @@ class Painter {
         text = GetSysColor(COLOR_HIGHLIGHTTEXT);
         break;
       case CellLook::SelectedUnfocused:
-        background = GetSysColor(COLOR_BTNFACE);
-        text = GetSysColor(COLOR_BTNTEXT);
+        background = Blend(background, text, kUnfocusedShare);
         break;
       case CellLook::Locked:
         FindLockedColours(background, text);
@@ -163,8 +164,9 @@ class Painter {
     if (scene_.selection.row > Rows() || scene_.selection.row < scene_.viewport.TopRow()) return;
     const RECT cell = CellArea(scene_.selection.column, scene_.selection.row);
     if (cell.left == cell.right || !IsVisible(cell)) return;
-    const int width = scene_.focused ? scene_.dpi.Scale(kCursorWidth) : line_;
-    const COLORREF colour = GetSysColor(scene_.focused ? COLOR_HIGHLIGHT : COLOR_BTNSHADOW);
+    const bool bold = scene_.focused || scene_.marked;
+    const int width = bold ? scene_.dpi.Scale(kCursorWidth) : line_;
+    const COLORREF colour = GetSysColor(bold ? COLOR_HIGHLIGHT : COLOR_BTNSHADOW);
     FillArea(context_, {cell.left, cell.top, cell.right, cell.top + width}, colour);
     FillArea(context_, {cell.left, cell.bottom - width, cell.right, cell.bottom}, colour);
     FillArea(context_, {cell.left, cell.top, cell.left + width, cell.bottom}, colour);

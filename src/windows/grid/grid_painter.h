@@ -20,6 +20,7 @@ struct GridScene {
   HFONT font = nullptr;
   Dpi dpi;
   bool focused = false;
+  bool marked = false;  // the current cell stands out without the focus, too
 };
 
 // Rows without items show their grid lines, so that an empty grid still looks like one.

@@ -170,12 +170,18 @@ void GridWindow::GridMetricsChanged() { UpdateMetrics(); }
 
 void GridWindow::GridFilling() { events_.ItemsFilling(); }
 
+void GridWindow::MarkCurrentCell(bool marked) {
+  marked_ = marked;
+  Invalidate();
+}
+
 GridScene GridWindow::Scene() const {
   RECT client{};
   GetClientRect(Handle(), &client);
   const HWND focus = GetFocus();
   const bool focused = focus != nullptr && (focus == Handle() || focus == editor_.Handle());
-  return {grid_, viewport_, selection_, {client.right, client.bottom}, font_.Get(), dpi_, focused};
+  return {grid_,       viewport_, selection_, {client.right, client.bottom},
+          font_.Get(), dpi_,      focused,    marked_};
 }
 
 void GridWindow::OnPaint() {

@@ -49,6 +49,8 @@ class GridWindow final : public BoundWindow,
 
   // Makes the cell the current one and scrolls to it.
   void GoTo(std::int32_t column, std::int32_t row);
+  // Whether the current cell stands out without the focus, too: what was found is there.
+  void MarkCurrentCell(bool marked);
   // Puts the selected cells on the clipboard, `titled` below the titles of their columns.
   void Copy(bool titled);
 
@@ -118,6 +120,7 @@ class GridWindow final : public BoundWindow,
   GridViewport viewport_;
   bool updatingScrolling_ = false;
   GridSelection selection_;
+  bool marked_ = false;
   GridEditor editor_{*this};
   TypeAhead typeAhead_;
   Mouse mouse_ = Mouse::Idle;

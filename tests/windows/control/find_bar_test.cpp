@@ -3,6 +3,9 @@
 
 #include <imm.h>
 
+#include <algorithm>
+#include <cstdint>
+
 #include "store/statements.h"
 #include "tests/support/utf8.h"
 #include "tests/windows/base/picture.h"
@@ -71,6 +74,21 @@ TEST_F(FindBar, FindsAsTheUserTypesAndGoesOnByKeys) {
   world_.Press(VK_ESCAPE);
   world_.Press(VK_F3);
   EXPECT_EQ(Current(), "12.01.018") << "also without the bar";
+}
+
+TEST_F(FindBar, MarksTheFoundCellWhileTheFocusIsInTheBar) {
+  const auto isMarked = [this] {
+    const COLORREF mark = GetSysColor(COLOR_HIGHLIGHT);
+    const std::uint32_t colour =
+        static_cast<std::uint32_t>(GetRValue(mark) << 16 | GetGValue(mark) << 8 | GetBValue(mark));
+    const Picture picture = TakePicture(world_.Grid());
+    return std::find(picture.pixels.begin(), picture.pixels.end(), colour) != picture.pixels.end();
+  };
+  EXPECT_FALSE(isMarked());
+  Open(world_.Grid());
+  EXPECT_TRUE(isMarked());
+  Open(world_.Tree());
+  EXPECT_FALSE(isMarked());
 }
 
 TEST_F(FindBar, SearchesNothingWhileACompositionIsOpen) {

@@ -20,23 +20,25 @@ TEST_F(GridWindow, AnEmptyGridShowsTitlesAndGridLines) {
   KeepPicture(host_.Handle(), "grid empty");
 }
 
-// The system's tooltip background for a test.
-class TooltipColour {
+// One of the system's colours for a test.
+class SystemColour {
  public:
-  explicit TooltipColour(COLORREF colour) : before_(GetSysColor(index_)) { Set(colour); }
-  ~TooltipColour() { Set(before_); }
-  TooltipColour(const TooltipColour&) = delete;
-  TooltipColour& operator=(const TooltipColour&) = delete;
+  SystemColour(int index, COLORREF colour) : index_(index), before_(GetSysColor(index)) {
+    Set(colour);
+  }
+  ~SystemColour() { Set(before_); }
+  SystemColour(const SystemColour&) = delete;
+  SystemColour& operator=(const SystemColour&) = delete;
 
  private:
-  static void Set(COLORREF colour) { SetSysColors(1, &index_, &colour); }
+  void Set(COLORREF colour) const { SetSysColors(1, &index_, &colour); }
 
-  static constexpr int index_ = COLOR_INFOBK;
+  int index_;
   COLORREF before_;
 };
 
 TEST_F(GridWindow, ShowsLockedCellsInTheTooltipColour) {
-  const TooltipColour yellow(RGB(0xFF, 0xFF, 0xE1));
+  const SystemColour yellow(COLOR_INFOBK, RGB(0xFF, 0xFF, 0xE1));
   const POINT locked = CellPoint(3, 3);
   const POINT open = CellPoint(4, 3);
   const Picture picture = TakePicture(Handle());
@@ -45,12 +47,37 @@ TEST_F(GridWindow, ShowsLockedCellsInTheTooltipColour) {
 }
 
 TEST_F(GridWindow, TintsLockedCellsWhereTooltipsAreAsWhiteAsWindows) {
-  const TooltipColour white(GetSysColor(COLOR_WINDOW));
+  const SystemColour white(COLOR_INFOBK, GetSysColor(COLOR_WINDOW));
   const POINT locked = CellPoint(2, 3);
   const POINT open = CellPoint(4, 3);
   const Picture picture = TakePicture(Handle());
   EXPECT_NE(picture.At(locked.x, locked.y), picture.At(open.x, open.y));
   KeepPicture(host_.Handle(), "grid with white tooltips");
+}
+
+TEST_F(GridWindow, TellsOpenLockedAndSelectedCellsApartInEveryChoiceOfColours) {
+  const auto look = [this] {
+    const Picture picture = TakePicture(Handle());
+    std::set<std::uint32_t> colours;
+    // One selected, one locked, one open.
+    for (const POINT& cell : {CellPoint(2, 3), CellPoint(2, 6), CellPoint(4, 6)}) {
+      colours.insert(picture.At(cell.x, cell.y));
+    }
+    return colours.size();
+  };
+  window_.GoTo(1, 2);
+  input_.PressWith(VK_SHIFT, VK_RIGHT);
+  input_.PressWith(VK_SHIFT, VK_RIGHT);
+  input_.PressWith(VK_SHIFT, VK_DOWN);
+  EXPECT_EQ(look(), 3u);
+  SetFocus(host_.Handle());
+  EXPECT_EQ(look(), 3u) << "without the focus";
+  const SystemColour window(COLOR_WINDOW, RGB(0, 0, 0));
+  const SystemColour text(COLOR_WINDOWTEXT, RGB(255, 255, 255));
+  const SystemColour face(COLOR_BTNFACE, RGB(0, 0, 0));
+  const SystemColour tip(COLOR_INFOBK, RGB(0, 0, 0));
+  EXPECT_EQ(look(), 3u) << "in high contrast";
+  KeepPicture(host_.Handle(), "grid in high contrast");
 }
 
 TEST_F(GridWindow, RowsAndTitlesFollowTheGrid) {
