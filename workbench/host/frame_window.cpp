@@ -243,10 +243,10 @@ void FrameWindow::OnCreate() {
 
 void FrameWindow::LayOut() {
   if (client_ == nullptr) return;
-  SendMessageW(toolbar_->Handle(), TB_AUTOSIZE, 0, 0);
   SendMessageW(status_, WM_SIZE, 0, 0);
   RECT area, bar, line;
   GetClientRect(window_, &area);
+  toolbar_->FitInto(area.right);
   GetWindowRect(toolbar_->Handle(), &bar);
   GetWindowRect(status_, &line);
   const LONG top = bar.bottom - bar.top;

@@ -76,10 +76,10 @@ void AddStandardTools(const ObjectPtr& bar) {
 }
 
 MergedToolbar::MergedToolbar(HINSTANCE module, HWND frame) {
-  window_ = CreateWindowExW(
-      0, TOOLBARCLASSNAMEW, L"",
-      WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | TBSTYLE_FLAT | TBSTYLE_LIST | TBSTYLE_TOOLTIPS, 0,
-      0, 0, 0, frame, nullptr, module, nullptr);
+  window_ = CreateWindowExW(0, TOOLBARCLASSNAMEW, L"",
+                            WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | TBSTYLE_FLAT | TBSTYLE_LIST |
+                                TBSTYLE_TOOLTIPS | TBSTYLE_WRAPABLE,
+                            0, 0, 0, 0, frame, nullptr, module, nullptr);
   if (window_ == nullptr) pricedown::windows::ThrowLastError();
   SendMessageW(window_, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
   SendMessageW(window_, TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_MIXEDBUTTONS);
@@ -139,6 +139,12 @@ void MergedToolbar::AddButtons() {
     button.iString = reinterpret_cast<INT_PTR>(tools_[i].caption.c_str());
     SendMessageW(window_, TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&button));
   }
+}
+
+void MergedToolbar::FitInto(int width) {
+  // Toolbars break their rows at the width that they have, and make room for them only then.
+  SetWindowPos(window_, nullptr, 0, 0, width, 0, SWP_NOZORDER | SWP_NOACTIVATE);
+  SendMessageW(window_, TB_AUTOSIZE, 0, 0);
 }
 
 void MergedToolbar::RefreshStates() {

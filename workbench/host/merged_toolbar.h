@@ -26,6 +26,8 @@ class MergedToolbar {
 
   // Shows the tools of `bar` instead of the previous ones; none for null.
   void Merge(const pricedown::ObjectPtr& bar);
+  // Takes the frame's width, in pixels, and as many rows as the buttons need in it.
+  void FitInto(int width);
   // Updates the buttons to the tools' enabled, checked and visible states.
   void RefreshStates();
   // The tool of a command id, or null.

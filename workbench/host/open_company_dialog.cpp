@@ -47,6 +47,8 @@ class Page {
     try {
       if (message == WM_INITDIALOG) {
         SetWindowLongPtrW(dialog, DWLP_USER, lParam);
+        SendMessageW(dialog, WM_SETICON, ICON_SMALL,
+                     reinterpret_cast<LPARAM>(LoadIconW(nullptr, IDI_APPLICATION)));
         reinterpret_cast<Page*>(lParam)->Fill(dialog);
         return TRUE;
       }

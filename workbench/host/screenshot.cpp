@@ -44,6 +44,9 @@ class ScreenBitmap {
 void SaveScreenshot(HWND window, const std::wstring& path) {
   RECT area;
   GetWindowRect(window, &area);
+  // A picture of places beside the screen may be black as a whole.
+  const RECT screen{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+  IntersectRect(&area, &area, &screen);
   const ScreenBitmap picture(area);
   ComPtr<IWICImagingFactory> factory;
   ThrowIfFailed(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,

@@ -65,6 +65,8 @@ class SettingsPage {
     try {
       if (message == WM_INITDIALOG) {
         SetWindowLongPtrW(dialog, DWLP_USER, lParam);
+        SendMessageW(dialog, WM_SETICON, ICON_SMALL,
+                     reinterpret_cast<LPARAM>(LoadIconW(nullptr, IDI_APPLICATION)));
         reinterpret_cast<SettingsPage*>(lParam)->Fill(dialog);
         return TRUE;
       }

@@ -69,6 +69,15 @@ class MergedToolbarTest : public ::testing::Test {
     return lines;
   }
 
+  int HeightAt(int width) {
+    SetWindowPos(frame_, nullptr, 0, 0, width, 200, SWP_NOMOVE | SWP_NOZORDER);
+    toolbar_.FitInto(width);
+    RECT area{};
+    GetWindowRect(toolbar_.Handle(), &area);
+    return area.bottom - area.top;
+  }
+  int Rows() const { return static_cast<int>(SendMessageW(toolbar_.Handle(), TB_GETROWS, 0, 0)); }
+
   static constexpr int kCut = 2;
   static constexpr int kStrip = 6;
 
@@ -154,6 +163,16 @@ TEST_F(MergedToolbarTest, TipsAreDescriptionsOrCaptions) {
   EXPECT_EQ(Utf8(FromWide(toolbar_.TipOf(IDM_FIRST_TOOL + kCut))), "删除物料类别");
   EXPECT_EQ(Utf8(FromWide(toolbar_.TipOf(IDM_FIRST_TOOL))), "新增");
   EXPECT_EQ(Utf8(FromWide(toolbar_.TipOf(IDM_FIRST_TOOL + 9))), "");
+}
+
+TEST_F(MergedToolbarTest, TakesMoreRowsInANarrowFrame) {
+  const int one = HeightAt(900);
+  EXPECT_EQ(Rows(), 1);
+  const int more = HeightAt(300);
+  EXPECT_GT(Rows(), 1);
+  EXPECT_GE(more,
+            one + (Rows() - 1) * HIWORD(SendMessageW(toolbar_.Handle(), TB_GETBUTTONSIZE, 0, 0)));
+  EXPECT_EQ(HeightAt(900), one);
 }
 
 TEST_F(MergedToolbarTest, ShowsNothingWithoutABar) {

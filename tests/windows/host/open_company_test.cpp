@@ -2,15 +2,13 @@
 // be chosen, and passwords are neither shown nor kept.
 #include <gmock/gmock.h>
 
-#include <algorithm>
-#include <deque>
-#include <functional>
 #include <memory>
 
 #include "platform/convert.h"
 #include "platform/text.h"
 #include "tests/sample/temporary_folder.h"
 #include "tests/support/utf8.h"
+#include "tests/windows/host/dialog_user.h"
 #include "windows/base/plain_control.h"
 #include "windows/com/com_object_factory.h"
 #include "windows/com/wide_text.h"
@@ -30,58 +28,6 @@ using ::testing::Not;
 using ::testing::StartsWith;
 
 constexpr int kTextOfBox = 0xFFFF;  // the id of a message box's text
-
-// The user in dialogs of this thread: one step for each dialog as it appears.
-class DialogUser {
- public:
-  using Step = std::function<void(HWND dialog)>;
-
-  DialogUser() : timer_(SetTimer(nullptr, 0, 10, &OnTimer)) { current_ = this; }
-  ~DialogUser() {
-    KillTimer(nullptr, timer_);
-    current_ = nullptr;
-    EXPECT_TRUE(steps_.empty()) << steps_.size() << " dialogs did not appear";
-  }
-  DialogUser(const DialogUser&) = delete;
-  DialogUser& operator=(const DialogUser&) = delete;
-
-  void Will(Step step) { steps_.push_back(std::move(step)); }
-  static void Press(HWND dialog, int button) {
-    PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
-                 reinterpret_cast<LPARAM>(GetDlgItem(dialog, button)));
-  }
-
- private:
-  static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD) {
-    if (current_ == nullptr) return;
-    EnumThreadWindows(GetCurrentThreadId(), &OnWindow, reinterpret_cast<LPARAM>(current_));
-  }
-  static BOOL CALLBACK OnWindow(HWND window, LPARAM user) {
-    wchar_t name[32] = {};
-    GetClassNameW(window, name, 32);
-    if (lstrcmpW(name, L"#32770") == 0 && IsWindowVisible(window)) {
-      reinterpret_cast<DialogUser*>(user)->Answer(window);
-    }
-    return TRUE;
-  }
-  void Answer(HWND dialog) {
-    if (std::find(answered_.begin(), answered_.end(), dialog) != answered_.end()) return;
-    answered_.push_back(dialog);
-    if (steps_.empty()) {
-      ADD_FAILURE() << "unexpected dialog " << Utf8(TextOf(dialog));
-      Press(dialog, IDCANCEL);
-      return;
-    }
-    const Step step = std::move(steps_.front());
-    steps_.pop_front();
-    step(dialog);
-  }
-
-  static inline DialogUser* current_ = nullptr;
-  UINT_PTR timer_;
-  std::deque<Step> steps_;
-  std::vector<HWND> answered_;
-};
 
 // The user's part of the registry is empty while it lives.
 class EmptyRegistry {

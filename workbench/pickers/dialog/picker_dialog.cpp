@@ -145,7 +145,9 @@ void PickerDialog::Create() {
   SetWindowTextW(dialog_, ToWide(picking_.Description().title).c_str());
   Measure();
   CreateControls();
-  Place(GetWindow(dialog_, GW_OWNER));
+  const HWND owner = GetWindow(dialog_, GW_OWNER);
+  SendMessageW(dialog_, WM_SETICON, ICON_SMALL, SendMessageW(owner, WM_GETICON, ICON_SMALL, 0));
+  Place(owner);
   LayOut();
   const HWND search = Control(ids::kSearch);
   SetWindowTextW(search, ToWide(text_).c_str());

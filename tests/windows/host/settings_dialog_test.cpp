@@ -1,0 +1,96 @@
+// The settings page as its user sees it.
+#include "workbench/host/settings_dialog.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <memory>
+#include <string>
+
+#include "platform/convert.h"
+#include "platform/text.h"
+#include "tests/sample/temporary_folder.h"
+#include "tests/support/utf8.h"
+#include "tests/windows/host/dialog_user.h"
+#include "windows/base/plain_control.h"
+#include "windows/com/com_object_factory.h"
+#include "windows/com/wide_text.h"
+#include "workbench/host/resource_ids.h"
+#include "workbench/sample/company_file.h"
+
+namespace workbench {
+namespace {
+
+using pricedown::testing::Utf8;
+using pricedown::windows::TextOf;
+
+class SettingsDialog : public ::testing::Test {
+ protected:
+  SettingsDialog() {
+    // The frame of a test before has ended the thread's messages.
+    MSG quit{};
+    PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
+    OleInitialize(nullptr);
+    folder_ = std::make_unique<testing::TemporaryFolder>();
+    CreateCompanyFile(folder_->PathOf("company.db"), {});
+    settings_ = pricedown::windows::ComObjectFactory().Create(u"ZEPWorkbench.Settings");
+    settings_->Call(u"Open", {pricedown::FromUtf8(folder_->PathOf("company.db"))});
+  }
+  ~SettingsDialog() override {
+    settings_->Call(u"Close");
+    settings_ = nullptr;
+    OleUninitialize();
+  }
+  bool Show() { return ShowSettings(GetModuleHandleW(nullptr), nullptr, settings_); }
+  std::string Setting(std::u16string_view name) const {
+    return Utf8(pricedown::ToText(settings_->Get(name)));
+  }
+
+  std::unique_ptr<testing::TemporaryFolder> folder_;
+  pricedown::ObjectPtr settings_;
+  DialogUser user_;
+};
+
+TEST_F(SettingsDialog, StaysOpenOnAPeriodThatTheCalendarDoesNotHave) {
+  HWND page = nullptr;
+  user_.Will([&](HWND dialog) {
+    page = dialog;
+    SetDlgItemTextW(dialog, IDC_PERIOD, L"13");
+    DialogUser::Press(dialog, IDOK);
+  });
+  user_.Will([&](HWND box) {
+    EXPECT_TRUE(IsWindow(page));
+    EXPECT_EQ(GetWindow(box, GW_OWNER), page);
+    SendMessageW(box, WM_COMMAND, IDOK, 0);
+    DialogUser::Press(page, IDCANCEL);
+  });
+  EXPECT_FALSE(Show());
+  EXPECT_EQ(Setting(u"CurrentPeriod"), "3");
+}
+
+TEST_F(SettingsDialog, StoresAPeriodThatTheCalendarHas) {
+  user_.Will([&](HWND dialog) {
+    EXPECT_EQ(Utf8(TextOf(GetDlgItem(dialog, IDC_PERIOD))), "3");
+    SetDlgItemTextW(dialog, IDC_PERIOD, L"12");
+    DialogUser::Press(dialog, IDOK);
+  });
+  EXPECT_TRUE(Show());
+  EXPECT_EQ(Setting(u"CurrentPeriod"), "12");
+}
+
+TEST_F(SettingsDialog, OpensCentredWithAnIcon) {
+  user_.Will([&](HWND dialog) {
+    RECT area{};
+    RECT work{};
+    GetWindowRect(dialog, &area);
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+    EXPECT_LE(std::abs(area.left + area.right - work.left - work.right), 2);
+    EXPECT_LE(std::abs(area.top + area.bottom - work.top - work.bottom), 2);
+    EXPECT_NE(SendMessageW(dialog, WM_GETICON, ICON_SMALL, 0), 0);
+    DialogUser::Press(dialog, IDCANCEL);
+  });
+  EXPECT_FALSE(Show());
+}
+
+}  // namespace
+}  // namespace workbench
