@@ -1,10 +1,14 @@
 // The tour's steps through finding and copying: an item by its name, a class by its name, a price
-// typed and emptied, a block copied with titles and shown as a spreadsheet would get it.
+// typed, a block copied with titles and shown as a spreadsheet would get it, a narrow window.
 #include <windows.h>
 
+#include <commctrl.h>
+
 #include <array>
+#include <regex>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/text.h"
 #include "windows/base/control_ids.h"
@@ -34,24 +38,59 @@ std::wstring CopiedTable(HWND owner) {
   return pricedown::windows::ToWide(pricedown::FromUtf8(html.substr(start)));
 }
 
+std::vector<std::wstring> Inside(const std::wstring& html, const std::wregex& element) {
+  std::vector<std::wstring> contents;
+  for (std::wsregex_iterator found(html.begin(), html.end(), element), end; found != end; ++found) {
+    contents.push_back((*found)[1].str());
+  }
+  return contents;
+}
+
 HWND pasteTarget = nullptr;
 
-// A window that shows the table as it was copied.
+void SetCell(int row, int column, std::wstring text) {
+  LVITEMW item{};
+  item.mask = LVIF_TEXT;
+  item.iItem = row;
+  item.iSubItem = column;
+  item.pszText = text.data();
+  SendMessageW(pasteTarget, column == 0 ? LVM_INSERTITEMW : LVM_SETITEMW, 0,
+               reinterpret_cast<LPARAM>(&item));
+}
+
+// A window that shows the cells as a spreadsheet would get them.
 void OpenPasteTarget(HWND frame) {
   const std::wstring table = CopiedTable(frame);
   Require(table.find(L"<td class=t>物料代码</td>") != std::wstring::npos, u"复制时没有带上标题。");
+  Require(table.find(L"<td>12.50</td>") != std::wstring::npos, u"没有输入单价。");
   RECT area{};
   GetWindowRect(frame, &area);
   const LONG width = (area.right - area.left) * 3 / 4;
   const LONG height = (area.bottom - area.top) / 2;
-  pasteTarget =
-      CreateWindowExW(0, L"EDIT", L"粘贴",
-                      WS_POPUP | WS_CAPTION | WS_VISIBLE | WS_VSCROLL | ES_MULTILINE | ES_READONLY,
-                      area.left + width / 6, area.top + height / 2, width, height, frame, nullptr,
-                      nullptr, nullptr);
-  SendMessageW(RequireWindow(pasteTarget), WM_SETFONT,
-               reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)), TRUE);
-  SetWindowTextW(pasteTarget, table.c_str());
+  pasteTarget = CreateWindowExW(
+      0, WC_LISTVIEWW, L"粘贴",
+      WS_POPUP | WS_CAPTION | WS_VISIBLE | WS_CLIPCHILDREN | LVS_REPORT | LVS_NOCOLUMNHEADER,
+      area.left + width / 6, area.top + height / 2, width, height, frame, nullptr, nullptr,
+      nullptr);
+  SendMessageW(RequireWindow(pasteTarget), LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_GRIDLINES,
+               LVS_EX_GRIDLINES);
+  const std::wregex rowElement(L"<tr>(.*?)</tr>");
+  const std::wregex cellElement(L"<td[^>]*>(.*?)</td>");
+  int row = 0;
+  for (const std::wstring& cells : Inside(table, rowElement)) {
+    int column = 0;
+    for (const std::wstring& text : Inside(cells, cellElement)) {
+      if (row == 0) {
+        LVCOLUMNW shown{};
+        shown.mask = LVCF_WIDTH;
+        shown.cx = width / 5;
+        SendMessageW(pasteTarget, LVM_INSERTCOLUMNW, static_cast<WPARAM>(column),
+                     reinterpret_cast<LPARAM>(&shown));
+      }
+      SetCell(row, column++, text);
+    }
+    ++row;
+  }
 }
 
 }  // namespace
@@ -89,8 +128,8 @@ void Tour::AddFinding() {
   steps_.push_back({nullptr, [] { PostKey(GetFocus(), VK_RETURN); }});
   steps_.push_back({nullptr, [this] {
                       SetFocus(Grid());
-                      PostKey(GetFocus(), VK_END);
-                      PostText(GetFocus(), L"１２．５");
+                      Press(VK_END);
+                      PressText(L"１２．５");
                     }});
   steps_.push_back({L"41-price-typed", [this] {
                       PostKey(RequireWindow(GetDlgItem(Grid(), ids::kCellEditor)), VK_RETURN);
@@ -103,8 +142,13 @@ void Tour::AddFinding() {
   steps_.push_back({L"42-copied-with-titles", [this] { OpenPasteTarget(frame_.Handle()); }});
   steps_.push_back({nullptr, [this] {
                       DestroyWindow(pasteTarget);
-                      frame_.CloseChildren();
+                      RECT area{};
+                      GetWindowRect(frame_.Handle(), &area);
+                      SetWindowPos(frame_.Handle(), nullptr, 0, 0, (area.right - area.left) / 3,
+                                   area.bottom - area.top, SWP_NOMOVE | SWP_NOZORDER);
                     }});
+  steps_.push_back({L"43-narrow", [this] { RequireWindow(Child(ids::kToolStrip)); }});
+  steps_.push_back({nullptr, [this] { frame_.CloseChildren(); }});
 }
 
 }  // namespace workbench
