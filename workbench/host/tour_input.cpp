@@ -32,7 +32,14 @@ HWND RequireReady(HWND window) {
   return window;
 }
 
-HWND RequireForm() { return RequireReady(FindWindowW(L"PriceDown.ItemClass", nullptr)); }
+HWND RequireForm() {
+  const HWND form = RequireReady(FindWindowW(L"PriceDown.ItemClass", nullptr));
+  // As the mouse asks: a form whose command has not returned ignores others.
+  SendMessageW(form, WM_SETCURSOR, reinterpret_cast<WPARAM>(form),
+               MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+  Require(GetCursor() != LoadCursorW(nullptr, IDC_WAIT), u"窗口正忙。");
+  return form;
+}
 
 void PostKey(HWND window, WPARAM key) {
   PostMessageW(RequireWindow(window), WM_KEYDOWN, key, 1);

@@ -25,7 +25,8 @@ void PressText(const wchar_t* text);
 void PostText(HWND window, const wchar_t* text);
 // A mouse click in the middle of a tool bar's button, index from 0.
 void PressButton(HWND toolBar, int index);
-// The item class form; throws unless it is open and nothing is open in front of it.
+// The item class form; throws unless it is open, nothing is open in front of it, and no command
+// runs.
 HWND RequireForm();
 // The delete command's question without the class number.
 inline constexpr const wchar_t* kDeleteQuestion = L"确定要删除当前记录? 当前的物料类别代码为:";
