@@ -62,7 +62,7 @@ endfunction()
 
 # add_com_library(TARGET [FOLDERS folder...] [LINK target...]): an in-process COM server TARGET.dll
 # of the folders' sources, resources and .def file, stripped, its symbols beside it in
-# TARGET.dll.debug.
+# TARGET.dll.debug (DWARF), or from clang in TARGET.pdb.
 function(add_com_library target)
   cmake_parse_arguments(PARSE_ARGV 1 dll "" "" "FOLDERS;LINK")
   if(NOT dll_FOLDERS)
@@ -79,6 +79,17 @@ function(add_com_library target)
   if(CMAKE_SIZEOF_VOID_P EQUAL 4)
     # COM asks for the undecorated names.
     target_link_options(${target} PRIVATE -Wl,--kill-at -Wl,--enable-stdcall-fixup)
+  endif()
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    # Named without its folder: the same bytes wherever it is built.
+    target_link_options(${target} PRIVATE
+      -Wl,--pdb=$<TARGET_FILE_DIR:${target}>/${target}.pdb -Wl,-Xlink=-pdbaltpath:${target}.pdb)
+    # The runtime's libraries bring debug information of another form.
+    add_custom_command(TARGET ${target} POST_BUILD
+      COMMAND ${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=0
+        ${CMAKE_STRIP} --strip-all $<TARGET_FILE:${target}>
+      VERBATIM)
+    return()
   endif()
   # The tools would write the current time; the same sources must give the same bytes.
   set(fixed_time ${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=0)

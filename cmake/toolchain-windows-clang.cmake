@@ -13,11 +13,16 @@ list(POP_BACK library_folders library_folder)
 if(NOT library_folder)
   message(FATAL_ERROR "no C++ library of mingw-w64 for ${MINGW_TRIPLET}")
 endif()
+# Debug information in the form that a PDB holds.
+set(CMAKE_C_FLAGS_INIT -gcodeview)
+# The definitions are built into g++: how the C++ library was built.
 string(JOIN " " CMAKE_CXX_FLAGS_INIT
+  -gcodeview
+  -D__GXX_TYPEINFO_EQUALITY_INLINE=0 -D__GXX_MERGED_TYPEINFO_NAMES=0
   -stdlib++-isystem ${library_folder}/include/c++
   -stdlib++-isystem ${library_folder}/include/c++/${MINGW_TRIPLET})
+# g++ names the thread library by itself. The flags of the compiler are passed to the linker, too.
 foreach(kind EXE SHARED)
-  set(CMAKE_${kind}_LINKER_FLAGS_INIT "-fuse-ld=lld -L${library_folder}")
+  set(CMAKE_${kind}_LINKER_FLAGS_INIT
+    "-fuse-ld=lld -L${library_folder} -lpthread -Wno-unused-command-line-argument")
 endforeach()
-# g++ names it by itself.
-set(CMAKE_CXX_STANDARD_LIBRARIES_INIT -lpthread)
