@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "tests/support/recordset_contract.h"
+#include "tests/recordset_contract/recordset_contract.h"
 #include "tests/support/scripted_recordset.h"
 
 namespace pricedown::testing {

@@ -7,8 +7,8 @@
 #include "platform/error.h"
 #include "platform/recordset.h"
 #include "platform/row_reader.h"
+#include "tests/recordset_contract/recordset_contract.h"
 #include "tests/suite/suite_fixture.h"
-#include "tests/support/recordset_contract.h"
 #include "tests/support/utf8.h"
 
 namespace pricedown::testing {

@@ -2,14 +2,12 @@
 #include <gmock/gmock.h>
 
 #include "platform/convert.h"
-#include "tests/support/recordset_contract.h"
+#include "tests/recordset_contract/recordset_contract.h"
 #include "tests/support/utf8.h"
 
 namespace pricedown::testing {
 
 using ::testing::ElementsAre;
-
-void LinkContractOfRows() {}
 
 TEST_P(RecordsetContract, DeclaresItsFieldsInTheOrderOfAppending) {
   Recordset recordset = Recordset::Create(*factory_);

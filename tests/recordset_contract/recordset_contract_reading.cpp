@@ -4,14 +4,12 @@
 #include "platform/cell_block.h"
 #include "platform/convert.h"
 #include "platform/row_reader.h"
-#include "tests/support/recordset_contract.h"
+#include "tests/recordset_contract/recordset_contract.h"
 #include "tests/support/utf8.h"
 
 namespace pricedown::testing {
 
 using ::testing::ElementsAre;
-
-void LinkContractOfReading() {}
 
 TEST_P(RecordsetContract, ShowsOnlyTheRowsThatPassTheFilter) {
   const Recordset recordset = WithRows(3);

@@ -16,7 +16,6 @@
 namespace pricedown::testing {
 
 // An implementation under test: how to make a factory that creates its ADODB.Recordset.
-// The constructor is the link to the suite; without it the linker leaves the tests out.
 //   INSTANTIATE_TEST_SUITE_P(Scripted, RecordsetContract,
 //                            ::testing::Values(RecordsetSource("Scripted", [] { ... })));
 class RecordsetSource {

@@ -1,5 +1,5 @@
 // What the contract's tests share: the source, the fixture and its rows.
-#include "tests/support/recordset_contract.h"
+#include "tests/recordset_contract/recordset_contract.h"
 
 #include <ostream>
 #include <utility>
@@ -9,15 +9,8 @@
 
 namespace pricedown::testing {
 
-// Named here so that the linker pulls the files of tests out of the library.
-void LinkContractOfRows();
-void LinkContractOfReading();
-
 RecordsetSource::RecordsetSource(std::string name, FactoryMaker makeFactory)
-    : name_(std::move(name)), makeFactory_(std::move(makeFactory)) {
-  LinkContractOfRows();
-  LinkContractOfReading();
-}
+    : name_(std::move(name)), makeFactory_(std::move(makeFactory)) {}
 
 void PrintTo(const RecordsetSource& source, std::ostream* stream) { *stream << source.Name(); }
 
