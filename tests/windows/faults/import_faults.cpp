@@ -15,17 +15,17 @@
 namespace pricedown::testing {
 namespace {
 
-struct State {
+struct Injection {
   FaultKind kind = FaultKind::Windows;
   bool counting = false;
   int calls = 0;
   int failing = 0;
 };
-State state;
+Injection injection;
 
 bool Fails(FaultKind kind) {
-  if (!state.counting || state.kind != kind) return false;
-  return ++state.calls == state.failing;
+  if (!injection.counting || injection.kind != kind) return false;
+  return ++injection.calls == injection.failing;
 }
 
 // `kFailure` is what the function returns if it fails.
@@ -130,15 +130,15 @@ ImportFaults::ImportFaults(HMODULE library) {
 }
 
 ImportFaults::~ImportFaults() {
-  state = {};
+  injection = {};
   for (const Import& import : imports) Put(import.place, import.original);
 }
 
-void ImportFaults::Fail(FaultKind kind, int n) { state = {kind, true, 0, n}; }
+void ImportFaults::Fail(FaultKind kind, int n) { injection = {kind, true, 0, n}; }
 
 int ImportFaults::Stop() {
-  state.counting = false;
-  return state.calls;
+  injection.counting = false;
+  return injection.calls;
 }
 
 }  // namespace pricedown::testing
