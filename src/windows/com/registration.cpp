@@ -19,6 +19,13 @@ std::wstring GuidText(const GUID& guid) {
   return std::wstring(text, static_cast<std::size_t>(length > 0 ? length - 1 : 0));
 }
 
+// std::to_wstring would link the runtime's whole formatted output of wide characters.
+template <typename Integer>
+std::wstring DecimalText(Integer number) {
+  const std::string digits = std::to_string(number);
+  return std::wstring(digits.begin(), digits.end());
+}
+
 std::wstring UnderClasses(const std::wstring& key) { return L"Software\\Classes\\" + key; }
 
 HKEY RootOf(RegistrationScope scope) {
@@ -54,10 +61,10 @@ void WriteControl(HKEY root, const std::wstring& key, const ClassEntry& entry,
   WriteText(root, key + L"\\Implemented Categories\\" + kControlCategory, L"", L"");
   WriteText(root, key + L"\\MiscStatus", L"", L"0");
   // 1 is the content, the one aspect that a control draws.
-  WriteText(root, key + L"\\MiscStatus\\1", L"", std::to_wstring(entry.miscStatus));
+  WriteText(root, key + L"\\MiscStatus\\1", L"", DecimalText(entry.miscStatus));
   if (entry.toolboxBitmap != 0) {
     WriteText(root, key + L"\\ToolboxBitmap32", L"",
-              module + L", " + std::to_wstring(entry.toolboxBitmap));
+              module + L", " + DecimalText(entry.toolboxBitmap));
   }
 }
 
