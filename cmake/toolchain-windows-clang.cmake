@@ -21,8 +21,9 @@ string(JOIN " " CMAKE_CXX_FLAGS_INIT
   -D__GXX_TYPEINFO_EQUALITY_INLINE=0 -D__GXX_MERGED_TYPEINFO_NAMES=0
   -stdlib++-isystem ${library_folder}/include/c++
   -stdlib++-isystem ${library_folder}/include/c++/${MINGW_TRIPLET})
-# g++ names the thread library by itself. The flags of the compiler are passed to the linker, too.
+# -B finds g++'s crtbegin.o, without which a 32-bit program knows no handler of its exceptions. g++
+# names the thread library by itself. The flags of the compiler are passed to the linker, too.
 foreach(kind EXE SHARED)
   set(CMAKE_${kind}_LINKER_FLAGS_INIT
-    "-fuse-ld=lld -L${library_folder} -lpthread -Wno-unused-command-line-argument")
+    "-fuse-ld=lld -B${library_folder} -L${library_folder} -lpthread -Wno-unused-command-line-argument")
 endforeach()
