@@ -61,9 +61,10 @@ struct Use {
   Held held;
 };
 
-// An operation in two steps: its work, which says what it holds, and its end.
+// An operation's work, what it then holds, and its end.
 struct Operation {
-  std::function<Held()> work;
+  std::function<void()> work;
+  std::function<Held()> held;
   std::function<void()> leave;
 };
 
@@ -72,8 +73,9 @@ Use MeasureHere(const Operation& operation) {
   std::ofstream("/proc/self/clear_refs") << "5";  // the peak begins anew
   const double before = StatusBytes("VmRSS");
   Use use;
-  use.held = operation.work();
+  operation.work();
   use.peak = StatusBytes("VmHWM") - before;
+  use.held = operation.held();
   operation.leave();
   malloc_trim(0);
   use.kept = StatusBytes("VmRSS") - before;
@@ -121,22 +123,8 @@ Operation KeepAnswer(const std::string& path, const std::u16string& statement) {
   suite->OpenCompany(FromUtf8(path));
   const auto factory = std::make_shared<workbench::SuiteFactory>(suite);
   const auto answer = std::make_shared<Recordset>();
-  return {[=] {
-            *answer = Connection(*factory).Execute(statement);
-            return Held();
-          },
+  return {[=] { *answer = Connection(*factory).Execute(statement); }, [] { return Held(); },
           [=] { answer->Release(); }};
-}
-
-Operation LoadTree(const std::string& path) {
-  const std::shared_ptr<Stage> stage = MakeStage(path);
-  return {[=] {
-            stage->Control().CommandChosen(ControlCommands().front());
-            Held held;
-            for (const std::u16string& text : TreeTexts(stage->Factory())) held.Add(text);
-            return held;
-          },
-          [] {}};
 }
 
 void SetItemClassType(Stage& stage, std::u16string_view type) {
@@ -144,12 +132,32 @@ void SetItemClassType(Stage& stage, std::u16string_view type) {
   stage.Control().ModelCurrent();
 }
 
+// Leaves the tree its root alone, and the grid nothing.
+void EmptyTree(Stage& stage) {
+  SetItemClassType(stage, u"2");
+  stage.Control().CommandChosen(ControlCommands().front());
+  SetItemClassType(stage, u"1");
+  stage.Control().NodeClicked(kRootNode);
+}
+
+Operation LoadTree(const std::string& path) {
+  const std::shared_ptr<Stage> stage = MakeStage(path);
+  EmptyTree(*stage);
+  return {[=] { stage->Control().CommandChosen(ControlCommands().front()); },
+          [=] {
+            Held held;
+            for (const std::u16string& text : TreeTexts(stage->Factory())) held.Add(text);
+            return held;
+          },
+          [=] { EmptyTree(*stage); }};
+}
+
 Operation LoadGrid(const std::string& path) {
   const std::shared_ptr<Stage> stage = MakeStage(path);
+  EmptyTree(*stage);
   SetItemClassType(*stage, u"2");
-  stage->Control().CommandChosen(ControlCommands().front());
-  return {[=] {
-            stage->Control().NodeClicked(kRootNode);
+  return {[=] { stage->Control().NodeClicked(kRootNode); },
+          [=] {
             const Grid& grid = stage->Control().ItemCells();
             Held held;
             for (std::int32_t row = 1; row <= grid.MaxRows(); ++row) {
@@ -191,10 +199,7 @@ Held HeldByForm(const ItemClassForm& form) {
 
 Operation OpenForm(const std::string& path) {
   const auto stage = std::make_shared<FormStage>(path);
-  return {[=] {
-            stage->Open();
-            return HeldByForm(stage->form);
-          },
+  return {[=] { stage->Open(); }, [=] { return HeldByForm(stage->form); },
           [=] { stage->form.Unload(); }};
 }
 

@@ -13,6 +13,7 @@
 #include "control/price_down.h"
 #include "control/views.h"
 #include "env/screen.h"
+#include "platform/text_arena.h"
 
 namespace bench {
 
@@ -22,7 +23,7 @@ class SilentViews final : public pricedown::PriceDownView,
                           public pricedown::ContainerWindow,
                           public pricedown::Screen {
  public:
-  std::vector<std::u16string> nodes;
+  std::vector<std::u16string_view> nodes;
 
   void SetTitle(std::u16string_view) override {}
   void SetTitleFont(const pricedown::Font&) override {}
@@ -41,9 +42,12 @@ class SilentViews final : public pricedown::PriceDownView,
   void ShowDragBar(const pricedown::Rectangle&) override {}
   void HideDragBar() override {}
 
-  void ClearNodes() override { nodes.clear(); }
+  void ClearNodes() override {
+    nodes = std::vector<std::u16string_view>();
+    texts_.Clear();
+  }
   void InsertNode(pricedown::NodeIndex, pricedown::NodeIndex, std::u16string_view text) override {
-    nodes.emplace_back(text);
+    nodes.push_back(texts_.Keep(text));
   }
   void SelectNode(pricedown::NodeIndex) override {}
   pricedown::NodeIndex SelectedNode() const override { return pricedown::kNoNode; }
@@ -59,6 +63,9 @@ class SilentViews final : public pricedown::PriceDownView,
   void SetMousePointer(pricedown::MousePointer) noexcept override {}
   void RunPendingMessages() override {}
   double TwipsPerPixelY() const override { return 15; }
+
+ private:
+  pricedown::TextArena texts_;
 };
 
 struct SilentControl {

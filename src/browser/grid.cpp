@@ -19,7 +19,7 @@ void Grid::SetMaxRows(std::int32_t rows) {
   }
   cells_.resize(static_cast<std::size_t>(rows) * columns);
   if (rows == 0) {
-    cells_ = {};  // with its memory
+    cells_.shrink_to_fit();
     texts_.Clear();
     lockedColumns_ = 0;
   }

@@ -46,8 +46,7 @@ void NodeCollection::RemoveLast() {
 }
 
 void NodeCollection::Clear() {
-  nodes_.clear();
-  classes_.clear();
+  *this = NodeCollection();  // frees the memory, which clearing keeps
 }
 
 NodeIndex NodeCollection::Find(const NodeId& id) const {
