@@ -11,6 +11,8 @@ BEGIN {
   Say("save", "first", "A class of %s items is saved")
   Say("remove 100", "first", "100 items leave a class of %s after that")
   Say("delete", "first", "A class of %s items is deleted")
+  Say("find", "last", "A text is found in the last of %s rows")
+  Say("count", "last", "All hits in %s rows are counted")
   Say("print fill", "last", "A list of %s items is handed to the preview")
   Say("all pages", "last", "All pages of a list of %s items are made")
   print "| What the user does | Native ms | Wine ms |"
