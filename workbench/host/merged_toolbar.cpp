@@ -119,12 +119,12 @@ void MergedToolbar::TakePictures() {
     tool.picture = static_cast<int>(icons.size());
     icons.push_back(found->icon);
   }
-  ImageList normal = MakeImageList(icons, IconLook::Normal, dpi);
-  ImageList disabled = MakeImageList(icons, IconLook::Disabled, dpi);
+  ImageList normal = ImageListOf(icons, IconLook::Normal, dpi);
+  ImageList disabled = ImageListOf(icons, IconLook::Disabled, dpi);
   const int size = pricedown::windows::IconSize(dpi);
   SendMessageW(window_, TB_SETBITMAPSIZE, 0, MAKELPARAM(size, size));
-  SendMessageW(window_, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(normal.Get()));
-  SendMessageW(window_, TB_SETDISABLEDIMAGELIST, 0, reinterpret_cast<LPARAM>(disabled.Get()));
+  SendMessageW(window_, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(normal.get()));
+  SendMessageW(window_, TB_SETDISABLEDIMAGELIST, 0, reinterpret_cast<LPARAM>(disabled.get()));
   pictures_ = std::move(normal);
   disabledPictures_ = std::move(disabled);
 }

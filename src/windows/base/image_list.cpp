@@ -1,11 +1,13 @@
-// Loads icon resources, greys disabled ones, and puts them into image lists.
+// Loads icon resources, greys disabled ones, and puts them into image lists that windows share.
 #include "windows/base/image_list.h"
 
 #include <cstdint>
+#include <tuple>
 #include <utility>
 #include <vector>
 
 #include "windows/base/gdi.h"
+#include "windows/base/shared_values.h"
 #include "windows/base/system_functions.h"
 #include "windows/com/failure.h"
 
@@ -54,18 +56,20 @@ IconHandle Disabled(HICON icon, int size) {
   return IconHandle(CreateIconIndirect(&info));
 }
 
+ImageList MakeImageList(const std::vector<int>& icons, IconLook look, int size) {
+  ImageList list(
+      ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, static_cast<int>(icons.size()), 0),
+      [](HIMAGELIST made) { ImageList_Destroy(made); });
+  if (list == nullptr) ThrowIfFailed(E_OUTOFMEMORY);
+  for (const int id : icons) {
+    IconHandle icon = LoadIconResource(id, size);
+    if (look == IconLook::Disabled) icon = Disabled(icon.get(), size);
+    if (ImageList_ReplaceIcon(list.get(), -1, icon.get()) < 0) ThrowIfFailed(E_OUTOFMEMORY);
+  }
+  return list;
+}
+
 }  // namespace
-
-ImageList::ImageList(ImageList&& other) noexcept : list_(std::exchange(other.list_, nullptr)) {}
-
-ImageList& ImageList::operator=(ImageList&& other) noexcept {
-  std::swap(list_, other.list_);
-  return *this;
-}
-
-ImageList::~ImageList() {
-  if (list_ != nullptr) ImageList_Destroy(list_);
-}
 
 // The picture of that size, or the next larger one scaled down. Version 5 of the common controls,
 // which a host may have loaded first, cannot do that; LoadImage scales the nearest one.
@@ -88,17 +92,12 @@ IconHandle LoadIconResource(int id, int size) {
 
 int IconSize(Dpi dpi) { return dpi.Scale(kDesignIconSize); }
 
-ImageList MakeImageList(std::span<const int> icons, IconLook look, Dpi dpi) {
-  const int size = IconSize(dpi);
-  ImageList list(
-      ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, static_cast<int>(icons.size()), 0));
-  if (list.Get() == nullptr) ThrowIfFailed(E_OUTOFMEMORY);
-  for (const int id : icons) {
-    IconHandle icon = LoadIconResource(id, size);
-    if (look == IconLook::Disabled) icon = Disabled(icon.get(), size);
-    if (ImageList_ReplaceIcon(list.Get(), -1, icon.get()) < 0) ThrowIfFailed(E_OUTOFMEMORY);
-  }
-  return list;
+ImageList ImageListOf(std::vector<int> icons, IconLook look, Dpi dpi) {
+  // An image list serves one thread at a time.
+  using Key = std::tuple<DWORD, std::vector<int>, IconLook, int>;
+  static SharedValues<Key, ImageList::element_type> lists;
+  const Key key(GetCurrentThreadId(), std::move(icons), look, IconSize(dpi));
+  return lists.Get(key, [&] { return MakeImageList(std::get<1>(key), look, IconSize(dpi)); });
 }
 
 }  // namespace pricedown::windows

@@ -6,27 +6,14 @@
 #include <commctrl.h>
 
 #include <memory>
-#include <span>
 #include <type_traits>
+#include <vector>
 
 #include "windows/base/dpi.h"
 
 namespace pricedown::windows {
 
-// Move-only owner; the list may be null.
-class ImageList {
- public:
-  ImageList() = default;
-  explicit ImageList(HIMAGELIST list) : list_(list) {}
-  ImageList(ImageList&& other) noexcept;
-  ImageList& operator=(ImageList&& other) noexcept;
-  ~ImageList();
-
-  HIMAGELIST Get() const { return list_; }
-
- private:
-  HIMAGELIST list_ = nullptr;
-};
+using ImageList = std::shared_ptr<std::remove_pointer_t<HIMAGELIST>>;
 
 struct DestroyIconHandle {
   void operator()(HICON icon) const { DestroyIcon(icon); }
@@ -42,8 +29,9 @@ enum class IconLook { Normal, Disabled };
 // Edge of an icon in pixels.
 int IconSize(Dpi dpi);
 
-// The icons with these resource ids (platform/icon_ids.h), in that order. Throws AutomationError
-// if the module has no such icon or the system makes no list.
-ImageList MakeImageList(std::span<const int> icons, IconLook look, Dpi dpi);
+// The icons with these resource ids (platform/icon_ids.h), in that order; never null, and the same
+// list for all who have it on this thread. Throws AutomationError if the module has no such icon or
+// the system makes no list.
+ImageList ImageListOf(std::vector<int> icons, IconLook look, Dpi dpi);
 
 }  // namespace pricedown::windows

@@ -75,11 +75,13 @@ void ToolStripWindow::Create(HWND parent, HINSTANCE module, int id, Dpi dpi,
 
 void ToolStripWindow::AddButtons() {
   int image = 0;
+  std::vector<std::wstring> captions;
+  for (const Command* button : buttons_) captions.push_back(ToWide(Translate(button->caption)));
+  std::vector<TBBUTTON> descriptions;
   for (std::size_t position = 1; position <= buttons_.size(); ++position) {
     const Command& button = *buttons_[position - 1];
     tooltips_.push_back(TooltipOf(button));
-    std::wstring caption = ToWide(Translate(button.caption));
-    TBBUTTON description{};
+    TBBUTTON& description = descriptions.emplace_back();
     description.idCommand = IdAt(position);
     if (button.separator) {
       description.fsStyle = BTNS_SEP;
@@ -88,10 +90,13 @@ void ToolStripWindow::AddButtons() {
       description.iBitmap = button.icon != 0 ? image++ : I_IMAGENONE;
       description.fsState = TBSTATE_ENABLED;
       description.fsStyle = button.pictureOnly ? BTNS_BUTTON : BTNS_BUTTON | BTNS_SHOWTEXT;
-      description.iString = reinterpret_cast<INT_PTR>(caption.c_str());
+      description.iString = reinterpret_cast<INT_PTR>(captions[position - 1].c_str());
     }
-    SendMessageW(Handle(), TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&description));
   }
+  // At once: a tool bar measures all its buttons whenever it gets one.
+  SendMessageW(Handle(), TB_ADDBUTTONSW, descriptions.size(),
+               reinterpret_cast<LPARAM>(descriptions.data()));
+  shown_ = buttons_.size();
 }
 
 // There is an arrow only while it leads to something.
@@ -166,14 +171,16 @@ void ToolStripWindow::SizeButtons() {
     TBBUTTONINFOW info{};
     info.cbSize = sizeof info;
     info.dwMask = TBIF_SIZE;
-    info.cx = static_cast<WORD>(2 * dpi_.Scale(kButtonMargin) + IconSize(dpi_) + text);
+    info.cx = static_cast<WORD>(2 * dpi_.Scale(kButtonMargin) + size + text);
     SendMessageW(Handle(), TB_SETBUTTONINFOW, static_cast<WPARAM>(IdOf(*button)),
                  reinterpret_cast<LPARAM>(&info));
   }
   // Hidden ones have no place to measure.
   rightEdges_.clear();
   for (std::size_t position = 0; position < buttons_.size(); ++position) {
-    SendMessageW(Handle(), TB_HIDEBUTTON, static_cast<WPARAM>(IdAt(position + 1)), FALSE);
+    if (position >= shown_) {
+      SendMessageW(Handle(), TB_HIDEBUTTON, static_cast<WPARAM>(IdAt(position + 1)), FALSE);
+    }
     rightEdges_.push_back(ItemArea(position).right);
   }
   ShowMore(false);
@@ -185,13 +192,13 @@ void ToolStripWindow::UpdateAppearance(Dpi dpi) {
   if (Handle() == nullptr) return;
   dpi_ = dpi;
   const std::vector<int> icons = Icons();
-  ImageList images = MakeImageList(icons, IconLook::Normal, dpi);
-  ImageList disabled = MakeImageList(icons, IconLook::Disabled, dpi);
+  ImageList images = ImageListOf(icons, IconLook::Normal, dpi);
+  ImageList disabled = ImageListOf(icons, IconLook::Disabled, dpi);
   const int size = IconSize(dpi);
   SendMessageW(Handle(), TB_SETBITMAPSIZE, 0, MAKELPARAM(size, size));
-  SendMessageW(Handle(), TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images.Get()));
-  SendMessageW(Handle(), TB_SETHOTIMAGELIST, 0, reinterpret_cast<LPARAM>(images.Get()));
-  SendMessageW(Handle(), TB_SETDISABLEDIMAGELIST, 0, reinterpret_cast<LPARAM>(disabled.Get()));
+  SendMessageW(Handle(), TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images.get()));
+  SendMessageW(Handle(), TB_SETHOTIMAGELIST, 0, reinterpret_cast<LPARAM>(images.get()));
+  SendMessageW(Handle(), TB_SETDISABLEDIMAGELIST, 0, reinterpret_cast<LPARAM>(disabled.get()));
   images_ = std::move(images);
   disabledImages_ = std::move(disabled);
   SizeButtons();
@@ -232,7 +239,8 @@ std::u16string ToolStripWindow::Caption(const Command& button) const {
 
 void ToolStripWindow::SetCaption(const Command& button, std::u16string_view caption) {
   const int id = IdOf(button);
-  if (id == 0) return;
+  // The same caption, as the suite usually gives it, needs no new sizes.
+  if (id == 0 || Caption(button) == caption) return;
   std::wstring text = ToWide(caption);
   TBBUTTONINFOW info{};
   info.cbSize = sizeof info;

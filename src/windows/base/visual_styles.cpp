@@ -1,22 +1,38 @@
-// Creates the activation context and registers the control classes that the windows use.
+// Shares the activation context and registers the control classes that the windows use.
 #include "windows/base/visual_styles.h"
 
 #include <commctrl.h>
 
-namespace pricedown::windows {
+#include "windows/base/shared_values.h"
 
-VisualStyles::VisualStyles(HINSTANCE module) : context_(INVALID_HANDLE_VALUE) {
+namespace pricedown::windows {
+namespace {
+
+// Null when the module has no such manifest.
+std::shared_ptr<void> MakeContext(HINSTANCE module) {
   wchar_t path[MAX_PATH] = {};
-  if (const DWORD length = GetModuleFileNameW(module, path, MAX_PATH);
-      length > 0 && length < MAX_PATH) {
-    ACTCTXW description{};
-    description.cbSize = sizeof description;
-    description.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID | ACTCTX_FLAG_HMODULE_VALID;
-    description.lpSource = path;
-    description.lpResourceName = MAKEINTRESOURCEW(2);
-    description.hModule = module;
-    context_ = CreateActCtxW(&description);
-  }
+  const DWORD length = GetModuleFileNameW(module, path, MAX_PATH);
+  if (length == 0 || length == MAX_PATH) return nullptr;
+  ACTCTXW description{};
+  description.cbSize = sizeof description;
+  description.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID | ACTCTX_FLAG_HMODULE_VALID;
+  description.lpSource = path;
+  description.lpResourceName = MAKEINTRESOURCEW(2);
+  description.hModule = module;
+  const HANDLE context = CreateActCtxW(&description);
+  if (context == INVALID_HANDLE_VALUE) return nullptr;
+  return {context, [](HANDLE made) { ReleaseActCtx(made); }};
+}
+
+// Making one reads files.
+std::shared_ptr<void> ContextOf(HINSTANCE module) {
+  static SharedValues<HINSTANCE, void> contexts;
+  return contexts.Get(module, [module] { return MakeContext(module); });
+}
+
+}  // namespace
+
+VisualStyles::VisualStyles(HINSTANCE module) : context_(ContextOf(module)) {
   const Scope scope(*this);
   INITCOMMONCONTROLSEX classes{};
   classes.dwSize = sizeof classes;
@@ -25,13 +41,9 @@ VisualStyles::VisualStyles(HINSTANCE module) : context_(INVALID_HANDLE_VALUE) {
   InitCommonControlsEx(&classes);
 }
 
-VisualStyles::~VisualStyles() {
-  if (context_ != INVALID_HANDLE_VALUE) ReleaseActCtx(context_);
-}
-
 VisualStyles::Scope::Scope(const VisualStyles& styles) {
-  if (styles.context_ != INVALID_HANDLE_VALUE) {
-    active_ = ActivateActCtx(styles.context_, &cookie_) != FALSE;
+  if (styles.context_ != nullptr) {
+    active_ = ActivateActCtx(styles.context_.get(), &cookie_) != FALSE;
   }
 }
 

@@ -4,15 +4,14 @@
 
 #include <windows.h>
 
+#include <memory>
+
 namespace pricedown::windows {
 
 class VisualStyles {
  public:
   // Uses manifest resource 2 of `module`; without one the host's context stays.
   explicit VisualStyles(HINSTANCE module);
-  ~VisualStyles();
-  VisualStyles(const VisualStyles&) = delete;
-  VisualStyles& operator=(const VisualStyles&) = delete;
 
   class Scope {
    public:
@@ -27,7 +26,7 @@ class VisualStyles {
   };
 
  private:
-  HANDLE context_;
+  std::shared_ptr<void> context_;  // the context's handle
 };
 
 }  // namespace pricedown::windows

@@ -71,11 +71,16 @@ void ControlChildren::ListCaptions() {
   form = std::make_shared<CaptionedForm>(u"PriceDown", std::move(captions));
 }
 
-void ControlChildren::MakeFonts(Dpi dpi) {
+void ControlChildren::MakeTitleFont(Dpi dpi) {
   const Font& wanted = titleDescription;
-  FontHandle forTitle = wanted.name.empty() ? MakeMessageFont(wanted, dpi) : MakeFont(wanted, dpi);
+  FontHandle font = wanted.name.empty() ? MakeMessageFont(wanted, dpi) : MakeFont(wanted, dpi);
+  SetFontOf(title.Handle(), font.Get());
+  titleFont = std::move(font);
+}
+
+void ControlChildren::MakeFonts(Dpi dpi) {
+  MakeTitleFont(dpi);
   FontHandle forTexts = MakeMessageFont(dpi);
-  SetFontOf(title.Handle(), forTitle.Get());
   for (const BoundWindow* window : std::initializer_list<const BoundWindow*>{
            &period, &firstLabel, &secondLabel, &classHeading, &itemHeading, &statusBar}) {
     SetFontOf(window->Handle(), forTexts.Get());
@@ -83,7 +88,6 @@ void ControlChildren::MakeFonts(Dpi dpi) {
   strip.SetFont(forTexts.Get());
   findBar.SetFont(forTexts.Get());
   tree.SetFont(MakeFont(treeFont, dpi));
-  titleFont = std::move(forTitle);
   textFont = std::move(forTexts);
 }
 

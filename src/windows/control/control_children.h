@@ -45,6 +45,7 @@ struct ControlChildren {
 
   // Creates all windows in `parent`, and `form` over them. Throws AutomationError.
   void Create(HWND parent);
+  void MakeTitleFont(Dpi dpi);
   void MakeFonts(Dpi dpi);
   // Updates fonts and images, also after a change of the system's settings.
   void UpdateResolution(Dpi dpi);

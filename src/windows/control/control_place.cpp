@@ -19,11 +19,21 @@ namespace {
 
 using Placement = std::pair<HWND, RECT>;
 
+bool IsPlaced(HWND window, const RECT& area) {
+  const bool isShown = (GetWindowLongPtrW(window, GWL_STYLE) & WS_VISIBLE) != 0;
+  if (isShown == (IsRectEmpty(&area) != FALSE)) return false;
+  RECT place{};
+  GetWindowRect(window, &place);
+  MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&place), 2);
+  return EqualRect(&place, &area) != FALSE;
+}
+
 // Moves all windows at once, to avoid flicker. Windows without an area are hidden.
 void PlaceAll(const std::vector<Placement>& placements) {
   HDWP batch = BeginDeferWindowPos(static_cast<int>(placements.size()));
   for (const auto& [window, area] : placements) {
-    if (window == nullptr || batch == nullptr) continue;
+    // Most layouts move few windows.
+    if (window == nullptr || batch == nullptr || IsPlaced(window, area)) continue;
     const UINT shown = IsRectEmpty(&area) != FALSE ? SWP_HIDEWINDOW : SWP_SHOWWINDOW;
     batch = DeferWindowPos(batch, window, nullptr, area.left, area.top, WidthOf(area),
                            HeightOf(area), SWP_NOZORDER | SWP_NOACTIVATE | shown);

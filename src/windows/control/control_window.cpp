@@ -99,7 +99,7 @@ void ControlWindow::SetTitleFont(const Font& font) {
   title.size = font.size;
   title.charset = font.charset;
   if (!font.name.empty()) title = font;
-  children_->MakeFonts(Dpi::Of(Handle()));
+  children_->MakeTitleFont(Dpi::Of(Handle()));
 }
 
 void ControlWindow::SetPeriod(std::u16string_view text) {

@@ -5,7 +5,6 @@
 #include <windowsx.h>
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 #include <utility>
 
@@ -23,7 +22,6 @@ namespace {
 // Positions in the image list, from 0.
 constexpr int kClosedImage = 0;
 constexpr int kOpenImage = 1;
-constexpr std::array<int, 2> kImages{PRICEDOWN_ICON_FOLDER, PRICEDOWN_ICON_OPEN_FOLDER};
 
 COLORREF MarkColour() {
   constexpr int kShare = 60;  // of 255
@@ -55,8 +53,9 @@ void TreeWindow::Create(HWND parent, HINSTANCE module, Dpi dpi, std::u16string_v
 
 void TreeWindow::UpdateAppearance(Dpi dpi) {
   if (Handle() == nullptr) return;
-  ImageList images = MakeImageList(kImages, IconLook::Normal, dpi);
-  TreeView_SetImageList(Handle(), images.Get(), TVSIL_NORMAL);
+  ImageList images =
+      ImageListOf({PRICEDOWN_ICON_FOLDER, PRICEDOWN_ICON_OPEN_FOLDER}, IconLook::Normal, dpi);
+  TreeView_SetImageList(Handle(), images.get(), TVSIL_NORMAL);
   images_ = std::move(images);
   TreeView_SetIndent(Handle(), IconSize(dpi) + dpi.Scale(3));
   dpi_ = dpi;

@@ -19,7 +19,7 @@ namespace {
 using windows::Dpi;
 using windows::GdiObject;
 using windows::IconLook;
-using windows::MakeImageList;
+using windows::ImageListOf;
 
 // The scales that Windows offers, 100% to 400%.
 const std::vector<int> kResolutions{96, 120, 144, 168, 192, 216, 240, 288, 336, 384};
@@ -34,7 +34,7 @@ std::vector<int> AllIcons() {
 
 // 0xAARRGGBB.
 std::vector<std::uint32_t> Pixels(const windows::ImageList& list, int index, int size) {
-  const HICON icon = ImageList_GetIcon(list.Get(), index, ILD_NORMAL);
+  const HICON icon = ImageList_GetIcon(list.get(), index, ILD_NORMAL);
   ICONINFO info{};
   EXPECT_TRUE(GetIconInfo(icon, &info));
   const GdiObject<HBITMAP> colours(info.hbmColor);
@@ -62,20 +62,20 @@ double SharpShare(const std::vector<std::uint32_t>& pixels) {
 TEST(ImageList, HoldsEveryIconInTheSizeOfTheResolution) {
   const std::vector<int> icons = AllIcons();
   for (const int resolution : kResolutions) {
-    const windows::ImageList list = MakeImageList(icons, IconLook::Normal, Dpi(resolution));
+    const windows::ImageList list = ImageListOf(icons, IconLook::Normal, Dpi(resolution));
     int width = 0;
     int height = 0;
-    ASSERT_TRUE(ImageList_GetIconSize(list.Get(), &width, &height));
+    ASSERT_TRUE(ImageList_GetIconSize(list.get(), &width, &height));
     EXPECT_EQ(width, resolution / 6);
     EXPECT_EQ(height, resolution / 6);
-    EXPECT_EQ(ImageList_GetImageCount(list.Get()), static_cast<int>(icons.size()));
+    EXPECT_EQ(ImageList_GetImageCount(list.get()), static_cast<int>(icons.size()));
   }
 }
 
 TEST(ImageList, ShowsEveryIconSharpAndDifferentAtEveryDrawnResolution) {
   const std::vector<int> icons = AllIcons();
   for (const int resolution : kDrawnResolutions) {
-    const windows::ImageList list = MakeImageList(icons, IconLook::Normal, Dpi(resolution));
+    const windows::ImageList list = ImageListOf(icons, IconLook::Normal, Dpi(resolution));
     std::set<std::vector<std::uint32_t>> different;
     for (std::size_t i = 0; i < icons.size(); ++i) {
       const auto pixels = Pixels(list, static_cast<int>(i), resolution / 6);
@@ -93,8 +93,8 @@ TEST(ImageList, ShowsEveryIconSharpAndDifferentAtEveryDrawnResolution) {
 TEST(ImageList, ShowsADisabledIconGreyAndPale) {
   const std::vector<int> icons{PRICEDOWN_ICON_DELETE};
   const Dpi dpi(192);
-  const auto normal = Pixels(MakeImageList(icons, IconLook::Normal, dpi), 0, 32);
-  const auto disabled = Pixels(MakeImageList(icons, IconLook::Disabled, dpi), 0, 32);
+  const auto normal = Pixels(ImageListOf(icons, IconLook::Normal, dpi), 0, 32);
+  const auto disabled = Pixels(ImageListOf(icons, IconLook::Disabled, dpi), 0, 32);
   int visible = 0;
   for (std::size_t i = 0; i < disabled.size(); ++i) {
     const std::uint32_t pixel = disabled[i];
@@ -107,9 +107,18 @@ TEST(ImageList, ShowsADisabledIconGreyAndPale) {
   EXPECT_GT(visible, 200);
 }
 
+TEST(ImageList, IsSharedByAllWhoShowTheSameIconsAtAResolution) {
+  const std::vector<int> icons{PRICEDOWN_ICON_DELETE};
+  const windows::ImageList list = ImageListOf(icons, IconLook::Normal, Dpi(96));
+  EXPECT_EQ(ImageListOf(icons, IconLook::Normal, Dpi(96)), list);
+  EXPECT_NE(ImageListOf(icons, IconLook::Disabled, Dpi(96)), list);
+  EXPECT_NE(ImageListOf(icons, IconLook::Normal, Dpi(192)), list);
+  EXPECT_NE(ImageListOf({PRICEDOWN_ICON_FOLDER}, IconLook::Normal, Dpi(96)), list);
+}
+
 TEST(ImageList, RefusesAnIconThatTheModuleDoesNotHave) {
   const std::vector<int> icons{PRICEDOWN_ICON_MORE + 1};
-  EXPECT_THROW(MakeImageList(icons, IconLook::Normal, Dpi(96)), AutomationError);
+  EXPECT_THROW(ImageListOf(icons, IconLook::Normal, Dpi(96)), AutomationError);
 }
 
 }  // namespace
