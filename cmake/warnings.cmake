@@ -14,6 +14,7 @@ target_compile_options(project_options INTERFACE
   -Wformat=2
   -Wimplicit-fallthrough
   $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond$<SEMICOLON>-Wlogical-op>
+  $<$<AND:$<CXX_COMPILER_ID:Clang>,$<NOT:$<BOOL:${WIN32}>>>:-Wreserved-identifier>
   -Wextra-semi
   -Wredundant-decls
   -fstack-protector-strong
