@@ -196,7 +196,7 @@ TEST_F(PrintJobTest, CountsFromThePapersCornerAndNotFromWhereThePrinterCanPrint)
   printer.UseDefault();
   const PrintPages pages(document_, {}, u"", measurer_);
   EXPECT_TRUE(windows::RunPrintJob(printer, pages, measurer_, {{1, 1, 1, true}, 1}, watcher_));
-  const PageRule& top = pages.PageAt(1).rules.front();
+  const PageRule top = pages.PageAt(1).rules.front();
   // One dot per tenth across, two down; searches where the rule is the first dark thing.
   EXPECT_NEAR(spooler.FirstInk(false, top.left + 5 - 70), 2 * top.top - 90, 2);
   EXPECT_NEAR(spooler.FirstInk(true, 2 * top.top + 12 - 90), top.left - 70, 2);
