@@ -60,7 +60,7 @@ class ClassTree {
   ItemGrid& grid_;
   NodeCollection nodes_;
   NodeIndex marked_ = kNoNode;
-  std::optional<NodeId> notified_;  // the selection that the host knows
+  std::optional<NodeId> notified_;  // the selection last reported to the host
   std::function<void()> loaded_;
 };
 

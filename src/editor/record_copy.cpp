@@ -88,8 +88,7 @@ class RowCopier {
       CellBlockPtr block;
       if (!SkipFailing([&] { block = source_.GetRows(kRowsPerBlock, fields_); }) ||
           block->RowCount() == 0) {
-        ReturnToFirstUncopied();
-        CopyOneByOne();
+        if (ReturnToFirstUncopied()) CopyOneByOne();
         break;
       }
       for (std::size_t row = 0; row < block->RowCount(); ++row) CopyRow({block, row});
@@ -111,10 +110,14 @@ class RowCopier {
     CommitRow();
   }
 
-  // A block that failed may have moved the source. One that cannot go back stays where it is.
-  void ReturnToFirstUncopied() {
-    if (!SkipFailing([&] { source_.MoveFirst(); })) return;
-    for (std::size_t row = 0; row < copied_; ++row) SkipFailing([&] { source_.MoveNext(); });
+  // A block that failed may have moved the source. One that cannot go back stays where it is. False
+  // when it stops halfway, where rows would be copied twice.
+  bool ReturnToFirstUncopied() {
+    if (!SkipFailing([&] { source_.MoveFirst(); })) return true;
+    for (std::size_t row = 0; row < copied_; ++row) {
+      if (!SkipFailing([&] { source_.MoveNext(); })) return false;
+    }
+    return true;
   }
 
   void CopyOneByOne() {
@@ -132,7 +135,7 @@ class RowCopier {
     for (std::size_t field = 0; field < fields_.size(); ++field) {
       SkipFailing([&] { copyFields_[field].Set(cellOf(field)); });
     }
-    // Or the CancelUpdate of the next row might drop this one.
+    // Commits the row, so that CancelUpdate for the next one cannot discard it.
     SkipFailing([&] { copy_.Update(); });
   }
 

@@ -19,11 +19,12 @@ class RemovalGuard {
  public:
   RemovalGuard(FormParts& form, const YearAndPeriod& current) : form_(form), current_(current) {}
 
-  // Whether the selected row has left the list. A refused item's stays; of several rows with the
-  // code the first one leaves, which may be another.
+  // Whether the selected row has left the list: false when refused, and when several rows have the
+  // code, because the first of them is deleted.
   bool Remove(const std::u16string& code) {
     const Recordset& members = form_.state.memberList;
     members.SetFilter(Concatenate({u"fNumber='", code, u"'"}));
+    const bool isOnlyOne = members.RecordCount() == 1;
     Connection connection(form_.environment.factory);
     const Recordset history =
         connection.Execute(statements::ItemHistory(current_.year, current_.period, code));
@@ -43,7 +44,6 @@ class RemovalGuard {
       Refuse(code, u")本期跌价准备数据已经生成凭证，不得删除！");
       return false;
     }
-    const bool isOnlyOne = members.RecordCount() == 1;
     members.Delete();
     members.Update();
     return isOnlyOne;

@@ -36,7 +36,7 @@ std::vector<const Command*> RowsOf(const Rows& rows) {
 }
 
 // How many of the buttons, from the first on, a strip of that width shows: all, or as many as leave
-// room for an arrow to the others. `rightEdges` are theirs when all are in sight.
+// room for an arrow to the others. `rightEdges` are the buttons' own when all are visible.
 std::size_t ButtonsThatFit(std::span<const std::int32_t> rightEdges, std::int32_t width,
                            std::int32_t arrowWidth);
 

@@ -37,8 +37,10 @@ std::u16string WholeNumberText(std::int64_t number) {
 std::u16string DecimalText(double number) {
   constexpr double kScale = 10000;
   const double scaled = std::round(number * kScale);
+  // Rounded to a double, as the registers of 32-bit code are not.
+  const volatile double decimal = scaled / kScale;
   // Within 15 digits a decimal is the only one at its number.
-  if (!(std::fabs(scaled) < kFirstWithExponent) || scaled / kScale != number) return {};
+  if (!(std::fabs(scaled) < kFirstWithExponent) || decimal != number) return {};
   const auto digits = static_cast<std::int64_t>(std::fabs(scaled));
   constexpr auto kDivisor = static_cast<std::int64_t>(kScale);
   std::array<char, 24> buffer{};

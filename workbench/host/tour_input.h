@@ -34,7 +34,7 @@ inline constexpr const wchar_t* kDeleteQuestion = L"确定要删除当前记录?
 void RequireBox(std::wstring_view text);
 // The button of the message box that is active now.
 void PressBoxButton(int button);
-// A picker's words for what it has found, with and without a text to look for.
+// Start of a picker's result text, with and without a text to look for.
 inline constexpr const wchar_t* kPickerFound = L"找到 ";
 inline constexpr const wchar_t* kPickerAll = L"共 ";
 // Throws unless a picker of the suite is active and reports `found`.

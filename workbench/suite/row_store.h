@@ -33,8 +33,8 @@ class RowStore {
   virtual std::size_t AddRow() = 0;
   // Converts to the column's type; throws AutomationError when the value does not fit it.
   virtual void Set(std::size_t row, std::size_t column, const pricedown::Value& value) = 0;
-  // The same for a cell that is kept elsewhere; false, with nothing set, when its view does not
-  // tell the value.
+  // The same for a cell that is kept elsewhere; false, with nothing set, when the view does not
+  // hold the value.
   virtual bool SetView(std::size_t row, std::size_t column, const pricedown::CellView& given) = 0;
   virtual void Delete(std::size_t row) = 0;
 };

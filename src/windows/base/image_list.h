@@ -29,8 +29,8 @@ enum class IconLook { Normal, Disabled };
 // Edge of an icon in pixels.
 int IconSize(Dpi dpi);
 
-// The icons with these resource ids (platform/icon_ids.h), in that order; never null, and the same
-// list for all who have it on this thread. Throws AutomationError if the module has no such icon or
+// The icons with these resource ids (platform/icon_ids.h), in that order; never null, and
+// shared by all its users on this thread. Throws AutomationError if the module has no such icon or
 // the system makes no list.
 ImageList ImageListOf(std::vector<int> icons, IconLook look, Dpi dpi);
 

@@ -1,4 +1,4 @@
-// Values that are costly to make and alike for all who use them at a time.
+// Cache of values that their current users share.
 #pragma once
 
 #include <windows.h>
@@ -13,16 +13,17 @@ namespace pricedown::windows {
 template <typename Key, typename T>
 class SharedValues {
  public:
-  // The value of `key`, from `make` when nobody has it. Throws what `make` throws.
+  // The value of `key`, made by `make` when there is none. May be called from several threads.
+  // Requires: `make` does not call this. Throws what `make` throws.
   template <typename Make>
   std::shared_ptr<T> Get(const Key& key, Make&& make) {
     AcquireSRWLockExclusive(&lock_);
     const std::unique_ptr<SRWLOCK, Unlock> locked(&lock_);
     std::erase_if(values_, [](const auto& value) { return value.second.expired(); });
     for (const auto& [known, value] : values_) {
-      if (std::shared_ptr<T> shared = value.lock(); shared != nullptr && known == key) {
-        return shared;
-      }
+      // Another key's value may belong to another thread, which alone may release it.
+      if (known != key) continue;
+      if (std::shared_ptr<T> shared = value.lock()) return shared;
     }
     std::shared_ptr<T> made = std::forward<Make>(make)();
     values_.emplace_back(key, made);

@@ -99,7 +99,7 @@ void ToolStripWindow::AddButtons() {
   shown_ = buttons_.size();
 }
 
-// There is an arrow only while it leads to something.
+// The arrow exists only while buttons are hidden.
 void ToolStripWindow::ShowMore(bool show) {
   const LRESULT last = SendMessageW(Handle(), TB_BUTTONCOUNT, 0, 0) - 1;
   const bool isShown = last == static_cast<LRESULT>(buttons_.size());
@@ -297,9 +297,12 @@ void ToolStripWindow::Press(int index) {
 
 void ToolStripWindow::ChooseFromRest() {
   const HWND window = Handle();
-  // That of the key that pressed the arrow: the menu would take it for a choice.
+  const Lifetime strip = WindowLifetime();
+  // Removes the WM_CHAR of the key that pressed the arrow, which the menu would read as a choice.
   MSG character{};
   PeekMessageW(&character, window, WM_CHAR, WM_CHAR, PM_REMOVE);
+  // Messages that were sent from other threads ran meanwhile.
+  if (strip.HasEnded()) return;
   std::vector<const Command*> rest;
   std::vector<MenuLine> lines;
   bool beginsGroup = false;
@@ -317,7 +320,7 @@ void ToolStripWindow::ChooseFromRest() {
   ClientToScreen(Handle(), &place);
   const auto chosen = ChooseFromMenu(Handle(), place, lines);
   // Messages ran meanwhile, and one of them may have ended the strip.
-  if (chosen && IsWindow(window) != FALSE) events_.CommandChosen(*rest[*chosen]);
+  if (chosen && !strip.HasEnded()) events_.CommandChosen(*rest[*chosen]);
 }
 
 bool ToolStripWindow::CanTakeFocus() const {
@@ -387,8 +390,10 @@ LRESULT ToolStripWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CHAR:
       return 0;
     case WM_SIZE: {
+      const Lifetime strip = WindowLifetime();
       const LRESULT result = OnSystemPart(message, wParam, lParam);
-      FitButtons();
+      // A press that was noted before runs with it, and may end all.
+      if (!strip.HasEnded()) FitButtons();
       return result;
     }
     case WM_SETFOCUS: {

@@ -56,7 +56,7 @@ class ToolStripWindow final : public BoundWindow {
   struct Pending {
     int depth = 0;
     const Command* pressed = nullptr;
-    bool more = false;  // the arrow was
+    bool more = false;  // the arrow was pressed
   };
 
   // The row's command id; 0 without a window or button.
@@ -70,7 +70,7 @@ class ToolStripWindow final : public BoundWindow {
   bool OnKeyDown(WPARAM key, bool repeated);
   bool CanPress(int index) const;
   int NextButton(int from, int step) const;
-  // What a press of the button at that position does.
+  // Presses the button at that position.
   void Press(int index);
   void ChooseFromRest();
   int HotButton() const;

@@ -28,7 +28,9 @@ void ItemClassWindow::Run(Command&& command) {
       IsChild(Handle(), GetFocus()) != FALSE) {
     return;
   }
-  if (const HWND place = focus.Find()) SetFocus(place);
+  // Only within the form: a place in another window would come before it.
+  const HWND place = focus.Find();
+  if (place != nullptr && IsChild(Handle(), place) != FALSE) SetFocus(place);
 }
 
 void ItemClassWindow::PressTool(FormTool tool) {
