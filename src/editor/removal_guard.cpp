@@ -24,8 +24,8 @@ class RemovalGuard {
   bool Remove(const std::u16string& code) {
     const Recordset& members = form_.state.memberList;
     members.SetFilter(Concatenate({u"fNumber='", code, u"'"}));
-    const bool isOnlyOne = members.RecordCount() == 1;
     Connection connection(form_.environment.factory);
+    const bool isOnlyOne = members.RecordCount() == 1;
     const Recordset history =
         connection.Execute(statements::ItemHistory(current_.year, current_.period, code));
     if (HasRows(history)) {

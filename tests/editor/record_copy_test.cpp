@@ -233,6 +233,19 @@ TEST_P(RecordCopyOfOddities, GoesOnWhereASourceIsThatCannotGoBack) {
   EXPECT_THAT(Copied(GetParam()(factory, blocks)), ElementsAre(kAll[1], kAll[2]));
 }
 
+TEST_P(RecordCopyOfOddities, CopiesNoRowTwiceWhereASourceStopsOnItsWayBack) {
+  int blocks = 0;
+  const Recordset source = Source(u"MoveNext", [](auto, const auto&) -> Value { Fail(); });
+  const Recordset failing(std::make_shared<Interposed>(
+      source.Object(), u"GetRows", [&](std::span<Value> arguments, const auto& call) {
+        arguments[0] = Value(1);
+        Value answer = call();
+        if (++blocks == 2) Fail();
+        return answer;
+      }));
+  EXPECT_THAT(Copied(GetParam()(factory, failing)), ElementsAre(kAll[0]));
+}
+
 TEST_P(RecordCopyOfOddities, KeepsRowsThatCannotBeAddedWhole) {
   RefuseWholeRows([](int) { return true; });
   const Recordset source = Source(u"EOF", [](auto, const auto& call) { return call(); });

@@ -140,7 +140,9 @@ TEST(ToolStripWindow, AFailingCommandIsReportedToTheUser) {
   EXPECT_TRUE(IsWindow(world.Strip()));
 }
 
-void CloseByExit(bool byKeyboard) {
+using PressExit = void (*)(HWND strip, POINT button);
+
+void CloseByExit(PressExit press) {
   auto owned = std::make_shared<UiWorld>();
   const std::weak_ptr<UiWorld> watch = owned;
   UiWorld& world = *owned;
@@ -154,23 +156,36 @@ void CloseByExit(bool byKeyboard) {
     // The last reference except the event's own.
     owned.reset();
   };
-  if (byKeyboard) {
-    SetFocus(strip);
-    PostMessageW(strip, WM_KEYDOWN, VK_END, 1);
-    PostMessageW(strip, WM_KEYDOWN, VK_RETURN, 1);
-  } else {
-    PostMessageW(strip, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(button.x, button.y));
-    PostMessageW(strip, WM_LBUTTONUP, 0, MAKELPARAM(button.x, button.y));
-  }
+  press(strip, button);
   RunMessages();
   EXPECT_EQ(owned, nullptr);
   EXPECT_TRUE(watch.expired());
   EXPECT_FALSE(IsWindow(strip));
 }
 
-TEST(ToolStripWindow, SurvivesAHostThatClosesEverythingOnAClick) { CloseByExit(false); }
+TEST(ToolStripWindow, SurvivesAHostThatClosesEverythingOnAClick) {
+  CloseByExit([](HWND strip, POINT button) {
+    PostMessageW(strip, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(button.x, button.y));
+    PostMessageW(strip, WM_LBUTTONUP, 0, MAKELPARAM(button.x, button.y));
+  });
+}
 
-TEST(ToolStripWindow, SurvivesAHostThatClosesEverythingOnAKey) { CloseByExit(true); }
+TEST(ToolStripWindow, SurvivesAHostThatClosesEverythingOnAKey) {
+  CloseByExit([](HWND strip, POINT) {
+    SetFocus(strip);
+    PostMessageW(strip, WM_KEYDOWN, VK_END, 1);
+    PostMessageW(strip, WM_KEYDOWN, VK_RETURN, 1);
+  });
+}
+
+// A test tool sends the command alone; it runs with the strip's next message.
+TEST(ToolStripWindow, SurvivesAHostThatClosesEverythingWhileTheStripIsSized) {
+  CloseByExit([](HWND strip, POINT) {
+    SendMessageW(GetParent(strip), WM_COMMAND, ids::kFirstButton + kExit,
+                 reinterpret_cast<LPARAM>(strip));
+    SendMessageW(strip, WM_SIZE, SIZE_RESTORED, MAKELPARAM(300, 30));
+  });
+}
 
 std::size_t Colours(const Picture& picture, const RECT& area) {
   std::set<std::uint32_t> colours;
