@@ -49,7 +49,7 @@ class Grid {
  public:
   explicit Grid(std::int32_t columns);
 
-  // The view may be null and must be detached before it dies.
+  // The view may be null and must be detached before it is destroyed.
   void Attach(GridView* view) { view_ = view; }
   void NotifyFilling() {
     if (view_ != nullptr) view_->GridFilling();

@@ -30,7 +30,7 @@ void LookUpAccount(FormParts& form, FormField field) {
   } catch (...) {
     failure = CurrentFailure();
   }
-  // The form may have closed while the picker was open; nobody to notify.
+  // The form may have closed while the picker was open.
   if (!form.state.loaded) return;
   form.environment.messages.Report(Concatenate({kLineBreak, FailureText(failure)}));
 }

@@ -1,4 +1,4 @@
-// Suite, user, screen and lifetime of one control or form, passed to all its components.
+// Suite, user, screen and lifetime of one control, passed to all its components.
 #pragma once
 
 #include <memory>
@@ -35,7 +35,7 @@ class Environment {
   ProcessState& state;
   Screen& screen;
   const std::u16string application;
-  Lifetime lifetime;                   // of the control or form that this environment serves
+  Lifetime lifetime;                   // of the control that this environment serves
   std::shared_ptr<HostEvents> events;  // null without a host
   Messages messages;
   Rights rights;

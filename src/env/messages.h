@@ -11,7 +11,7 @@ namespace pricedown {
 
 inline constexpr std::u16string_view kMessageTitle = u"岚禾提示";
 
-// A failure in words for the user: its description, or that something unexpected has happened.
+// The text of a failure for the user: its description, or that something unexpected has happened.
 std::u16string FailureText(const Failure& failure);
 
 class Messages {

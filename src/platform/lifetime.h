@@ -1,4 +1,4 @@
-// Whether a control or a form has ended, for everything that may outlive it or runs while it ends.
+// Whether a control or a window has ended, for all that may outlive it or runs while it ends.
 #pragma once
 
 #include <memory>

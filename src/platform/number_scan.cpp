@@ -47,8 +47,8 @@ Prefix NumberOf(const std::string& plain, std::size_t length) {
   const std::errc error = std::from_chars(plain.data(), end, prefix.number).ec;
   if (error == std::errc() && std::isfinite(prefix.number)) return prefix;
 
-  // Out of range is said of the very small as well, which are 0. Where the first digit stands
-  // tells the two apart, the exponent being far beyond any length of digits that matters.
+  // Very small numbers, which are 0, are out of range as well. The place of the first digit
+  // distinguishes the two: the exponent is far beyond any length of digits that matters.
   prefix.number = 0;
   const std::size_t exponent = plain.find('e');
   const std::size_t digit = plain.find_first_of("123456789");

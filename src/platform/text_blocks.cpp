@@ -110,7 +110,7 @@ std::optional<TextBlocks> TextBlocks::Of(const Recordset& recordset,
     if (!blocks.FindColumns(fields)) return std::nullopt;
     return blocks;
   } catch (const AutomationError&) {
-    // The other way of reading tells of a failure that matters.
+    // The other way of reading reports a failure that matters.
     return std::nullopt;
   }
 }

@@ -14,7 +14,7 @@ class Connection {
   explicit Connection(ObjectFactory& factory);
 
   // Sends the text whole. The answer of a statement without rows may be no recordset at all.
-  // Throws AutomationError with the database's own words.
+  // Throws AutomationError with the database's own text.
   Recordset Execute(std::u16string_view statement);
   // The same for a statement that writes; the suite's result is dropped.
   void Run(std::u16string_view statement);

@@ -83,7 +83,7 @@ class Transaction {
 };
 
 enum class OpenMode {
-  ReadOnly,   // a file is not written; a server is told so
+  ReadOnly,   // a file is not written; a server gets a read-only connection
   ReadWrite,  // for one program that loads data
   Shared,     // for several programs at a time: a file's readers and writer do not wait
 };

@@ -68,7 +68,7 @@ void CALLBACK Tour::OnTimer(HWND, UINT, UINT_PTR, DWORD) noexcept {
   try {
     tour->Advance();
   } catch (const std::exception& error) {
-    // Nobody can close a message box, also one with an unexpected text.
+    // A message box would stay: there is no user to close it.
     tour->GiveUp(error.what());
   }
 }

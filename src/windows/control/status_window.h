@@ -18,7 +18,7 @@ class StatusWindow final : public BoundWindow {
   // Throws AutomationError.
   void Create(HWND parent, HINSTANCE module, std::u16string_view name);
   void SetPanel(StatusPanel panel, std::u16string_view text);
-  // Places the panels anew after a change of width or resolution.
+  // Places the panels again after a change of width or resolution.
   void ArrangePanels(Dpi dpi);
 
  private:

@@ -36,7 +36,7 @@ class ItemClassWindow final : public ItemClassFormView,
   explicit ItemClassWindow(HINSTANCE module);
   ~ItemClassWindow() override;
 
-  // Window events go to `form`; null detaches. Requires: detached before `form` dies.
+  // Window events go to `form`; null detaches. Requires: detached before `form` is destroyed.
   void Attach(ItemClassForm* form) { form_ = form; }
   MemberListView& Members();
 

@@ -33,7 +33,7 @@ class GridWindow final : public BoundWindow,
 
   // Shows the grid; null shows an empty grid. Requires: Show(nullptr) before the grid is destroyed.
   void Show(Grid* grid);
-  // Applies the resolution and the fonts anew.
+  // Applies the resolution and the fonts again.
   void UpdateAppearance();
 
   // For screen readers: speaks a status that belongs to the grid.

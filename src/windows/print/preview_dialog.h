@@ -20,8 +20,8 @@ class PreviewDialog {
   PreviewDialog(const PreviewDialog&) = delete;
   PreviewDialog& operator=(const PreviewDialog&) = delete;
 
-  // Shows the pages over `owner` (may be null) until the window is closed or the thread's loop is
-  // told to quit. Throws AutomationError when the pages or the window cannot be made; the user sees
+  // Shows the pages over `owner` (may be null) until the window is closed or the thread's loop
+  // quits. Throws AutomationError when the pages or the window cannot be made; the user sees
   // all later failures in messages. Requires: not shown; the dialog lives until the call returns,
   // and the document's table and lines do not change meanwhile.
   void ShowModal(HWND owner);

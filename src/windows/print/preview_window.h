@@ -33,7 +33,7 @@ class PreviewWindow final : public ModalFrameWindow, private PaneEvents {
   // `closing` is called while the window is still there.
   void Show(std::function<void()> closing);
   using ModalFrameWindow::RequestClose;
-  // Sets the document's font and makes the pages anew. Throws AutomationError, and then font and
+  // Sets the document's font and makes the pages again. Throws AutomationError, and then font and
   // pages stay as they were.
   void ApplyFont(const Font& font);
   // Handles a message of the modal loop; returns whether it was handled.

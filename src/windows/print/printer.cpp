@@ -42,7 +42,7 @@ void Printer::UseDefault() {
   const BOOL answer = dialogs_.Print(dialog, error);
   const GlobalMemory mode(dialog.hDevMode);
   const GlobalMemory names(dialog.hDevNames);
-  // Whatever the reason, without a default printer there is none.
+  // Without a default printer there is none, for any reason.
   SetUp setUp = answer == FALSE || names.Get() == nullptr ? SetUp{} : Read(mode.Get(), names.Get());
   PaperChoice paper = paper_;
   try {

@@ -10,7 +10,7 @@
 namespace pricedown::windows {
 
 // How containers treat the control: it lives inside its container's window, wants its site before
-// anything else, and is laid out anew for each size.
+// anything else, and is laid out again for each size.
 inline constexpr DWORD kControlStatus = OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE |
                                         OLEMISC_INSIDEOUT | OLEMISC_ACTIVATEWHENVISIBLE |
                                         OLEMISC_SETCLIENTSITEFIRST;

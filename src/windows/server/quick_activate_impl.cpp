@@ -22,7 +22,7 @@ STDMETHODIMP QuickActivateImpl::QuickActivate(QACONTAINER* container, QACONTROL*
     control->dwMiscStatus = kControlStatus;
     ThrowIfFailed(view->GetViewStatus(&control->dwViewStatus));
     FirstFailure steps;
-    // Its creation may fail; the control can be used all the same.
+    // Its creation may fail; the control can be used anyway.
     steps.Run([&] { Hosted().SetSite(container->pClientSite); });
     if (container->pAdviseSink != nullptr) {
       ThrowIfFailed(view->SetAdvise(DVASPECT_CONTENT, 0, container->pAdviseSink));
