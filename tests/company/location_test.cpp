@@ -49,5 +49,44 @@ TEST(Location, TakesPasswordsOutOfMessages) {
   EXPECT_EQ(WithoutSecrets("geheim", "PWD={geheim}"), "***");
 }
 
+struct Careless {
+  const char* name;
+  const char* location;  // with the password Geheim
+  const char* shown;
+  const char* remembered;
+};
+constexpr Careless kCareless[] = {
+    {"BraceOfTheDriver", "Driver={PostgreSQL Unicode;Server=x;PWD=Geheim", "", ""},
+    {"BraceOfTheUser", "Server=x;UID={sa;PWD=Geheim", "Server=x", "Server=x"},
+    {"BraceOfThePassword", "Server=x;PWD={Geheim;UID=sa", "Server=x", "Server=x"},
+    {"BothBraces", "Server=x;UID={sa;PWD={Geheim", "Server=x", "Server=x"},
+    {"DoubledBrace", "Server=x;Driver={D}};Pwd=Geheim", "Server=x", "Server=x"},
+    {"SemicolonBeforeIt", "Driver=D;Server=db PWD=Geheim", "Driver=D", "Driver=D"},
+    {"BlanksAroundTheSign", "Driver=D;Server=db pwd = Geheim", "Driver=D", "Driver=D"},
+    {"SemicolonAfterTheUser", "Server=db;UID=sa Password=Geheim", "Server=db", "Server=db"},
+    {"SemicolonAfterABrace", "Driver={D}PassWord={Geheim};Server=db", "Server=db", "Server=db"},
+};
+
+TEST(Location, NeverShowsThePasswordOfACarelessText) {
+  for (const Careless& given : kCareless) {
+    EXPECT_EQ(ShownLocation(given.location), given.shown) << given.name;
+    EXPECT_EQ(RememberedLocation(given.location), given.remembered) << given.name;
+    EXPECT_EQ(WithoutSecrets("'Geheim' is wrong", given.location).find("Geheim"), std::string::npos)
+        << given.name;
+  }
+}
+
+TEST(Location, TakesAnUnclosedValueOutOfMessages) {
+  EXPECT_EQ(WithoutSecrets("no {Post;Server=x, no Post;Server=x", "Driver={Post;Server=x"),
+            "no ***, no ***");
+}
+
+TEST(Location, ReplacesEveryPassword) {
+  EXPECT_EQ(WithPassword("Server=db;PWD=alt;UID=sa;password={a;lt}", "n;e}u"),
+            "Server=db;UID=sa;PWD={n;e}}u}");
+  EXPECT_EQ(WithPassword("PWD=alt", "neu"), "PWD={neu}");
+  EXPECT_EQ(WithPassword("Server=db;PWD=alt", ""), "Server=db;PWD=alt");
+}
+
 }  // namespace
 }  // namespace workbench

@@ -28,6 +28,7 @@ struct Entry {
   std::string key;         // in lower case
   std::string_view name;   // as written
   std::string_view value;  // as written, with its braces
+  bool isClosed = true;    // its braces, if any
 };
 
 bool IsBlank(char character) {
@@ -40,19 +41,26 @@ std::string_view Trim(std::string_view text) {
   return text;
 }
 
+// Where the brace that begins the value closes; npos if it does not.
+std::size_t ClosingBrace(std::string_view value) {
+  for (std::size_t at = value.find('}'); at < value.size(); at = value.find('}', at + 2)) {
+    const bool isDoubled = at + 1 < value.size() && value[at + 1] == '}';
+    if (!isDoubled) return at;
+  }
+  return std::string_view::npos;
+}
+
 // The end of the value that begins at `start`: at ";" or at the end of the text. An unclosed brace
 // extends to the end.
 std::size_t EndOfValue(std::string_view text, std::size_t start) {
   while (start < text.size() && IsBlank(text[start])) ++start;
   std::size_t end = start;
   if (start < text.size() && text[start] == '{') {
-    for (++end; end < text.size(); ++end) {
-      if (text[end] != '}') continue;
-      if (end + 1 >= text.size() || text[end + 1] != '}') break;
-      ++end;  // doubled inside braces
-    }
+    const std::size_t length = ClosingBrace(text.substr(start));
+    if (length == std::string_view::npos) return text.size();
+    end += length;
   }
-  return std::min(text.find(';', std::min(end, text.size())), text.size());
+  return std::min(text.find(';', end), text.size());
 }
 
 std::vector<Entry> EntriesOf(std::string_view text) {
@@ -69,6 +77,8 @@ std::vector<Entry> EntriesOf(std::string_view text) {
     entry.name = Trim(text.substr(at, separator - at));
     entry.value = Trim(text.substr(separator + 1, end - separator - 1));
     std::transform(entry.name.begin(), entry.name.end(), std::back_inserter(entry.key), FoldAscii);
+    entry.isClosed =
+        !entry.value.starts_with('{') || ClosingBrace(entry.value) != std::string_view::npos;
     entries.push_back(std::move(entry));
     at = end + 1;
   }
@@ -79,11 +89,33 @@ bool IsOneOf(std::span<const std::string_view> keys, std::string_view key) {
   return std::find(keys.begin(), keys.end(), key) != keys.end();
 }
 
+// The passwords within a value: a forgotten ";" or "}" makes their entries a part of it.
+std::vector<std::string_view> PasswordsWithin(std::string_view value) {
+  std::string folded;
+  std::transform(value.begin(), value.end(), std::back_inserter(folded), FoldAscii);
+  std::vector<std::string_view> passwords;
+  for (std::size_t sign = value.find('='); sign != std::string_view::npos;
+       sign = value.find('=', sign + 1)) {
+    const std::string_view before = Trim(std::string_view(folded).substr(0, sign));
+    if (std::none_of(std::begin(kPasswordKeys), std::end(kPasswordKeys),
+                     [before](std::string_view key) { return before.ends_with(key); })) {
+      continue;
+    }
+    const std::size_t end = EndOfValue(value, sign + 1);
+    passwords.push_back(Trim(value.substr(sign + 1, end - sign - 1)));
+  }
+  return passwords;
+}
+
+bool MayBeShown(const Entry& entry) {
+  return entry.isClosed && PasswordsWithin(entry.value).empty();
+}
+
 template <class Chosen>
 std::string Joined(std::string_view location, Chosen&& isChosen) {
   std::string text;
   for (const Entry& entry : EntriesOf(location)) {
-    if (!isChosen(entry.key)) continue;
+    if (!isChosen(entry)) continue;
     if (!text.empty()) text += ';';
     text.append(entry.name).append("=").append(entry.value);
   }
@@ -97,6 +129,21 @@ void ReplaceAll(std::string& text, std::string_view part, std::string_view by) {
   }
 }
 
+void Hide(std::string& message, std::string_view secret) {
+  if (!secret.empty()) ReplaceAll(message, secret, "***");
+  if (!secret.starts_with('{')) return;
+  secret.remove_prefix(1);
+  if (secret.ends_with('}')) secret.remove_suffix(1);
+  if (!secret.empty()) ReplaceAll(message, secret, "***");
+}
+
+void HidePassword(std::string& message, std::string_view password) {
+  Hide(message, password);
+  const bool isUnclosed =
+      password.starts_with('{') && ClosingBrace(password) == std::string_view::npos;
+  if (isUnclosed) Hide(message, password.substr(1, password.find(';') - 1));
+}
+
 }  // namespace
 
 bool IsConnectionString(std::string_view location) {
@@ -108,28 +155,43 @@ bool IsConnectionString(std::string_view location) {
 }
 
 std::string NormalizedConnectionString(std::string_view location) {
-  return Joined(location, [](std::string_view) { return true; });
+  return Joined(location, [](const Entry&) { return true; });
 }
 
 std::string ShownLocation(std::string_view location) {
   if (!IsConnectionString(location)) return std::string(location);
-  return Joined(location, [](std::string_view key) { return IsOneOf(kShownKeys, key); });
+  return Joined(location, [](const Entry& entry) {
+    return IsOneOf(kShownKeys, entry.key) && MayBeShown(entry);
+  });
 }
 
 std::string RememberedLocation(std::string_view location) {
   if (!IsConnectionString(location)) return std::string(location);
-  return Joined(location, [](std::string_view key) {
-    return IsOneOf(kShownKeys, key) || IsOneOf(kLoginKeys, key);
+  return Joined(location, [](const Entry& entry) {
+    return (IsOneOf(kShownKeys, entry.key) || IsOneOf(kLoginKeys, entry.key)) && MayBeShown(entry);
   });
+}
+
+std::string WithPassword(std::string_view location, std::string_view password) {
+  if (password.empty()) return std::string(location);
+  std::string text =
+      Joined(location, [](const Entry& entry) { return !IsOneOf(kPasswordKeys, entry.key); });
+  if (!text.empty()) text += ';';
+  text += "PWD={";
+  for (const char character : password) {
+    text += character;
+    if (character == '}') text += character;
+  }
+  return text += '}';
 }
 
 std::string WithoutSecrets(std::string message, std::string_view location) {
   for (const Entry& entry : EntriesOf(location)) {
-    if (!IsOneOf(kPasswordKeys, entry.key)) continue;
-    std::string_view secret = entry.value;
-    if (!secret.empty()) ReplaceAll(message, secret, "***");
-    const bool inBraces = secret.size() > 2 && secret.front() == '{' && secret.back() == '}';
-    if (inBraces) ReplaceAll(message, secret.substr(1, secret.size() - 2), "***");
+    if (!entry.isClosed) Hide(message, entry.value);
+    if (IsOneOf(kPasswordKeys, entry.key)) HidePassword(message, entry.value);
+    for (const std::string_view password : PasswordsWithin(entry.value)) {
+      HidePassword(message, password);
+    }
   }
   return message;
 }

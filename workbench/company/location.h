@@ -17,14 +17,20 @@ bool IsConnectionString(std::string_view location);
 std::string NormalizedConnectionString(std::string_view location);
 
 // What may be shown and logged: a path unchanged; of a connection string only driver, data source,
-// server, port and database.
+// server, port and database. A value whose brace does not close, or that holds a password because
+// a ";" is missing, is left out.
 std::string ShownLocation(std::string_view location);
 
 // What may be stored for later: ShownLocation with the user name and the kind of login, never a
 // password.
 std::string RememberedLocation(std::string_view location);
 
-// `message` with each password of the connection string replaced by "***".
+// The connection string with this password in place of its own; unchanged if `password` is empty.
+// Requires: IsConnectionString.
+std::string WithPassword(std::string_view location, std::string_view password);
+
+// `message` with each password of the connection string replaced by "***", and each value whose
+// brace does not close.
 std::string WithoutSecrets(std::string message, std::string_view location);
 
 }  // namespace workbench

@@ -19,23 +19,13 @@ using pricedown::windows::FromWide;
 using pricedown::windows::ToWide;
 
 std::string Utf8(const std::wstring& text) { return pricedown::ToUtf8(FromWide(text)); }
+std::wstring Wide(const std::string& text) { return ToWide(pricedown::FromUtf8(text)); }
 
 std::wstring TextOf(HWND dialog, int control) {
   const HWND window = GetDlgItem(dialog, control);
   std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)), L'\0');
   GetWindowTextW(window, text.data(), static_cast<int>(text.size()) + 1);
   return text;
-}
-
-// A value in braces may hold anything, with closing braces doubled.
-std::wstring WithPassword(std::wstring location, const std::wstring& password) {
-  if (password.empty()) return location;
-  location += L";PWD={";
-  for (const wchar_t unit : password) {
-    location += unit;
-    if (unit == L'}') location += unit;
-  }
-  return location += L'}';
 }
 
 class Page {
@@ -69,7 +59,7 @@ class Page {
     for (const std::wstring& company : RecentCompanies()) {
       SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(company.c_str()));
     }
-    const std::wstring shown = ToWide(pricedown::FromUtf8(RememberedLocation(Utf8(proposed_))));
+    const std::wstring shown = Wide(RememberedLocation(Utf8(proposed_)));
     if (shown.empty()) {
       SendMessageW(list, CB_SETCURSEL, 0, 0);
     } else {
@@ -83,7 +73,7 @@ class Page {
         const std::wstring location = TextOf(dialog, IDC_COMPANY);
         if (location.empty()) return TRUE;
         chosen = IsConnectionString(Utf8(location))
-                     ? WithPassword(location, TextOf(dialog, IDC_PASSWORD))
+                     ? Wide(WithPassword(Utf8(location), Utf8(TextOf(dialog, IDC_PASSWORD))))
                      : location;
         EndDialog(dialog, IDOK);
         return TRUE;
