@@ -17,6 +17,7 @@
 #include <string_view>
 
 #include "tests/company/company_file.h"
+#include "workbench/company/odbc_handle.h"
 #include "workbench/company/utf.h"
 
 namespace workbench {
@@ -134,6 +135,25 @@ TEST_F(OdbcDatabase, SendsTextsUntouched) {
     EXPECT_EQ(error.NativeNumber(), 1);
   }
   EXPECT_EQ(RowsOf(Execute("select 1 as a")), "1\n");
+}
+
+TEST(OdbcConnection, IdentifiesConflictsAndInterruptionsByTheirState) {
+  struct Case {
+    const char16_t* message;
+    bool isConflict;
+    bool isInterruption;
+  };
+  constexpr Case kCases[] = {
+      {u"[HY008] cancelled", false, true},  {u"[HYT00] timeout", false, true},
+      {u"[HYT01] timeout", false, true},    {u"[57014] canceling statement", false, true},
+      {u"[40001] deadlock", true, false},   {u"[40P01] deadlock", true, false},
+      {u"[23000] duplicate", false, false}, {u"HY008", false, false},
+  };
+  for (const Case& given : kCases) {
+    const DatabaseError error(given.message, 0);
+    EXPECT_EQ(odbc::IsConflict(error), given.isConflict) << error.what();
+    EXPECT_EQ(odbc::IsInterruption(error), given.isInterruption) << error.what();
+  }
 }
 
 TEST(OdbcConnection, ReportsAMissingDriverWithItsState) {

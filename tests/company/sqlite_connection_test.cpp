@@ -97,6 +97,37 @@ TEST_F(SqliteCompany, StaysUsableAfterAFailure) {
   EXPECT_NE(sqlite3_get_autocommit(company_.Connection().Database()), 0);
 }
 
+TEST(SqliteConnection, RollsBackWhatItCannotCommit) {
+  testing::CompanyFile file;  // without a write-ahead log: a commit waits for readers
+  SqliteConnection reader(file.Path(), OpenMode::ReadWrite);
+  SqliteConnection writer(file.Path(), OpenMode::ReadWrite);
+  sqlite3_busy_timeout(writer.Database(), 10);
+  ASSERT_EQ(
+      sqlite3_exec(reader.Database(), "BEGIN; SELECT * FROM t_user", nullptr, nullptr, nullptr),
+      SQLITE_OK);
+  const auto failureOf = [&writer](std::u16string_view text) {
+    try {
+      writer.Execute(text);
+      return 0;
+    } catch (const DatabaseError& error) {
+      return error.NativeNumber();
+    }
+  };
+  constexpr std::u16string_view kTwoChanges =
+      u"insert into t_user(FUserID,FName) values(1,'a') "
+      u"insert into t_user(FUserID,FName) values(2,'b') ";
+  EXPECT_EQ(failureOf(kTwoChanges), 1222);
+  EXPECT_NE(sqlite3_get_autocommit(writer.Database()), 0);
+  EXPECT_EQ(
+      failureOf(std::u16string(kTwoChanges) + u"insert into t_user(FUserID,FName) values(2,'c')"),
+      1222);
+  EXPECT_NE(sqlite3_get_autocommit(writer.Database()), 0);
+  ASSERT_EQ(sqlite3_exec(reader.Database(), "COMMIT", nullptr, nullptr, nullptr), SQLITE_OK);
+  EXPECT_EQ(testing::RowsOf(writer.Execute(u"select count(*) from t_user")), "0\n");
+  EXPECT_EQ(failureOf(kTwoChanges), 0);
+  EXPECT_EQ(testing::RowsOf(reader.Execute(u"select count(*) from t_user")), "2\n");
+}
+
 TEST_F(SqliteCompany, NumbersFailuresAsTheServer) {
   company_.Execute("insert into t_user(FUserID,FName) values(1,'a')");
   EXPECT_EQ(company_.RefusalNumber("insert into t_user(FUserID,FName) values(1,'b')"), 2627);

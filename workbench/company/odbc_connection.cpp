@@ -31,12 +31,6 @@ bool HoldsSeveralChanges(std::u16string_view text) {
   return false;
 }
 
-// Whether the server rolled back the whole transaction because of a conflict with another one.
-bool IsConflict(const DatabaseError& error) {
-  const std::u16string_view state = odbc::StateOf(error);
-  return state == u"40001" || state == u"40P01";
-}
-
 bool IsMissingTable(const DatabaseError& error) {
   const std::u16string_view state = odbc::StateOf(error);
   if (state == u"42S02" || state == u"42P01" || state == u"S0002") return true;
@@ -76,7 +70,7 @@ class OdbcConnection::Session {
       try {
         return ExecuteTogether(session, text);
       } catch (const DatabaseError& error) {
-        if (!IsConflict(error) || attempt == kAttempts) throw;
+        if (!odbc::IsConflict(error) || attempt == kAttempts) throw;
       }
       WaitForTheOther(attempt);
     }
@@ -112,7 +106,7 @@ class OdbcConnection::Session {
     try {
       result = session.Execute(text);
     } catch (const DatabaseError& error) {
-      if (IsConflict(error)) {
+      if (odbc::IsConflict(error) || odbc::IsInterruption(error)) {
         session.Rollback();
         throw;
       }

@@ -43,6 +43,16 @@ std::u16string_view StateOf(const DatabaseError& error) {
   return hasState ? message.substr(1, SQL_SQLSTATE_SIZE) : std::u16string_view();
 }
 
+bool IsConflict(const DatabaseError& error) {
+  const std::u16string_view state = StateOf(error);
+  return state == u"40001" || state == u"40P01";
+}
+
+bool IsInterruption(const DatabaseError& error) {
+  const std::u16string_view state = StateOf(error);
+  return state == u"HY008" || state == u"HYT00" || state == u"HYT01" || state == u"57014";
+}
+
 Handle::Handle(SQLSMALLINT kind, SQLSMALLINT parentKind, SQLHANDLE parent) : kind_(kind) {
   const SQLRETURN result = SQLAllocHandle(kind, parent, &handle_);
   if (SQL_SUCCEEDED(result)) return;

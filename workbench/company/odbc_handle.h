@@ -33,6 +33,13 @@ inline void Check(SQLRETURN result, SQLSMALLINT kind, SQLHANDLE handle) {
 // The SQLSTATE of an error thrown by ThrowDiagnostic; empty for any other.
 std::u16string_view StateOf(const DatabaseError& error);
 
+// Whether the error is a conflict with another transaction, because of which the server rolled back
+// the whole transaction.
+bool IsConflict(const DatabaseError& error);
+
+// Whether the statement was cancelled or hit its time limit. A server may keep the transaction.
+bool IsInterruption(const DatabaseError& error);
+
 // Owns one ODBC handle.
 class Handle {
  public:

@@ -113,16 +113,25 @@ ResultSet SqliteConnection::Execute(std::u16string_view text) {
   try {
     result = RunAll(translated, statements);
   } catch (...) {
-    if (sqlite3_get_autocommit(database_.get()) == 0) Command("COMMIT");
+    if (sqlite3_get_autocommit(database_.get()) == 0) CommitOrRollBack();
     throw;
   }
-  Command("COMMIT");
+  CommitOrRollBack();
   return result;
 }
 
 void SqliteConnection::Begin() { Command("BEGIN IMMEDIATE"); }
 
 void SqliteConnection::Commit() { Command("COMMIT"); }
+
+void SqliteConnection::CommitOrRollBack() {
+  try {
+    Commit();
+  } catch (...) {
+    Rollback();
+    throw;
+  }
+}
 
 void SqliteConnection::Rollback() noexcept {
   // SQLite ends a transaction by itself after some failures; there is then nothing to undo.

@@ -57,6 +57,7 @@ class SqliteConnection final : public Connection {
   void Bind(sqlite3_stmt* statement, const TranslatedText& text, const StatementRun& run) const;
   void RunChange(sqlite3_stmt* statement) const;
   ResultSet Fetch(sqlite3_stmt* statement, const StatementShape& shape) const;
+  void CommitOrRollBack();
   void Command(const char* sql) const;
   [[noreturn]] void ThrowFailure() const { ThrowFailure(database_.get()); }
   [[noreturn]] static void ThrowFailure(sqlite3* database);
