@@ -2,6 +2,7 @@
 #include "workbench/suite/services.h"
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include "platform/convert.h"
 #include "platform/error.h"
@@ -173,6 +174,24 @@ TEST_F(Services, SettingsRefuseAUserThatTheCompanyDoesNotHave) {
     EXPECT_EQ("公司中没有编号为 99 的用户。", Utf8(error.Description()));
   }
   EXPECT_EQ("2", Readable(settings->Get(u"UserID")));
+}
+
+TEST_F(Services, RestoresAUserWithoutAskingTheCompany) {
+  const ObjectPtr settings = Create(u"ZEPWorkbench.Settings");
+  suite_->Execute(
+      u"INSERT INTO t_user(FUserID,FName)VALUES(2,'王芳')"
+      u" INSERT INTO t_user(FUserID,FName)VALUES(3,'李强')");
+  settings->Put(u"UserID", std::int32_t{2});
+  settings->Put(u"UserID", std::int32_t{3});
+  sqlite3* other = nullptr;
+  ASSERT_EQ(SQLITE_OK, sqlite3_open(path_.string().c_str(), &other));
+  EXPECT_EQ(SQLITE_OK, sqlite3_exec(other, "DROP TABLE t_user", nullptr, nullptr, nullptr));
+  sqlite3_close(other);
+  for (const std::int32_t user : {3, 1, 2, 3}) {
+    settings->Put(u"UserID", user);
+    EXPECT_EQ(std::to_string(user), Readable(settings->Get(u"UserID")));
+  }
+  EXPECT_THROW(settings->Put(u"UserID", std::int32_t{4}), AutomationError);
 }
 
 TEST_F(Services, SettingsOfATransactionAreStoredTogetherOrNotAtAll) {

@@ -1,6 +1,8 @@
 // The switches of the stand-in suite. All but user, language and queues are stored in the company.
 #include "workbench/suite/settings.h"
 
+#include <utility>
+
 #include "platform/convert.h"
 #include "platform/error.h"
 #include "platform/text.h"
@@ -85,8 +87,10 @@ void Settings::SetVoucherPresent(bool present) {
 }
 
 void Settings::SetUser(std::int32_t id) {
+  // A user of before is restored even when the server does not answer.
+  if (id == suite_->userId) return;
   const bool isKnown =
-      suite_->company == nullptr ||
+      suite_->company == nullptr || suite_->earlierUsers.contains(id) ||
       suite_->Execute(Concatenate({u"SELECT FName FROM t_user WHERE FUserID=", NumberText(id)}))
               .RowCount() > 0;
   if (!isKnown) {
@@ -95,7 +99,7 @@ void Settings::SetUser(std::int32_t id) {
         Concatenate({u"公司中没有编号为 ", NumberText(id), u" 的用户。"}),
         u"ZEPWorkbench.Settings");
   }
-  suite_->userId = id;
+  suite_->earlierUsers.insert(std::exchange(suite_->userId, id));
 }
 
 QueuedPickers& Settings::Queue() {

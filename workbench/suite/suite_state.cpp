@@ -49,6 +49,7 @@ void SuiteState::OpenCompany(std::u16string_view location) {
     std::unique_ptr<Connection> opened = OpenConnection(pricedown::ToUtf8(location), options);
     opened->RequireCompany();
     company = std::move(opened);
+    earlierUsers.clear();
   } catch (const DatabaseError& error) {
     throw AutomationError(pricedown::ErrorNumber::Unspecified, error.Message(),
                           std::u16string(kConnectionSource));

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,8 @@ struct SuiteState {
   std::unique_ptr<Connection> company;
   ConnectOptions options;
   std::int32_t userId = 1;
+  // Who was signed in earlier since the company was opened.
+  std::set<std::int32_t> earlierUsers;
   std::u16string language = u"chs";
   // Never null.
   std::unique_ptr<Pickers> pickers = std::make_unique<QueuedPickers>();
