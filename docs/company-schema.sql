@@ -17,7 +17,11 @@
 --
 -- Of the workbench's commands only these change rows of a live company: create --force (and only
 -- of a company that create made), import, the settings page and everything that is saved, removed
--- or deleted in the windows. export, info, check, explain and backup read.
+-- or deleted in the windows. Closing a window stores the selected class in t_UserProfile, a font
+-- choice the font. export, info, check, explain and backup read.
+--
+-- These statements, IDENTITY and the collation included, and the FreeTDS connection string have
+-- never run on a SQL Server: the tests use PostgreSQL and SQLite.
 
 CREATE TABLE icPriceDownClass(FItemID INT NOT NULL,FItemClassNumber NVARCHAR(80) COLLATE Chinese_PRC_CI_AS NOT NULL,FItemClassName NVARCHAR(80) COLLATE Chinese_PRC_CI_AS,FAPAccID INT,FAPNumber NVARCHAR(80) COLLATE Chinese_PRC_CI_AS,FARAccID INT,FARNumber NVARCHAR(80) COLLATE Chinese_PRC_CI_AS,FPencentPrepare FLOAT);
 CREATE TABLE ICPriceDownPrepare(FItemID INT NOT NULL,FYear INT NOT NULL,FPeriod INT NOT NULL,FHaveAdd FLOAT,FCurrentAdd FLOAT);
