@@ -169,8 +169,8 @@ TEST_F(OpenCompany, StoresAllSettingsOrNone) {
   frame_.OpenCompany(Company());
   user_.Will([&](HWND dialog) {
     CheckDlgButton(dialog, IDC_SHORT_NUMBERS, BST_CHECKED);
-    SetDlgItemTextW(dialog, IDC_YEAR, L"二〇〇八");
-    CheckDlgButton(dialog, IDC_VOUCHER, BST_CHECKED);  // which needs a year in digits
+    SetDlgItemTextW(dialog, IDC_YEAR, L"2008年");      // which begins with a year: it is stored
+    CheckDlgButton(dialog, IDC_VOUCHER, BST_CHECKED);  // which needs digits only: it fails after it
     DialogUser::Press(dialog, IDOK);
   });
   const std::string before = Setting(u"UseShortNumber");
