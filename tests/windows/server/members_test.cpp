@@ -36,6 +36,17 @@ class Members : public ::testing::Test {
 
   IDispatch* Control() const { return host.control.get(); }
   ComPtr<_PriceDown> Early() const { return host.As<_PriceDown>(); }
+  // A client's grid of four columns and nine rows.
+  ComPtr<IDispatch> Grid() {
+    host.world.factory.Object(u"grid")
+        .On(u"MaxCols", 4)
+        .On(u"MaxRows", 9)
+        .AllowPut(u"Col")
+        .AllowPut(u"Col2")
+        .AllowPut(u"Row")
+        .AllowPut(u"Row2");
+    return windows::ToDispatch(host.world.factory.NewObject(u"grid"));
+  }
 
   ControlHost host;
   const Bstr activate{u"Activate"};
@@ -203,14 +214,7 @@ TEST_F(Members, ToolClicksReachTheHostsWindow) {
 }
 
 TEST_F(Members, SelBlockSetsTheGridsBlock) {
-  host.world.factory.Object(u"grid")
-      .On(u"MaxCols", 4)
-      .On(u"MaxRows", 9)
-      .AllowPut(u"Col")
-      .AllowPut(u"Col2")
-      .AllowPut(u"Row")
-      .AllowPut(u"Row2");
-  const auto grid = windows::ToDispatch(host.world.factory.NewObject(u"grid"));
+  const ComPtr<IDispatch> grid = Grid();
   EXPECT_EQ(
       Statement(Control(), L"SelBlock", {ObjectOf(grid.get()), Number(2), Omitted(), Number(3)}),
       "S_OK");
@@ -230,13 +234,7 @@ TEST_F(Members, SelBlockSetsTheGridsBlock) {
 }
 
 TEST_F(Members, SelBlockLeavesOutWhatItCannotConvert) {
-  host.world.factory.Object(u"grid")
-      .On(u"MaxRows", 9)
-      .AllowPut(u"Col")
-      .AllowPut(u"Col2")
-      .AllowPut(u"Row")
-      .AllowPut(u"Row2");
-  const auto grid = windows::ToDispatch(host.world.factory.NewObject(u"grid"));
+  const ComPtr<IDispatch> grid = Grid();
   VARIANT error = Nothing(VT_ERROR);
   error.scode = E_FAIL;
   const std::string expected = Lines(R"(
@@ -254,13 +252,7 @@ TEST_F(Members, SelBlockLeavesOutWhatItCannotConvert) {
 }
 
 TEST_F(Members, SelBlockPassesNullOn) {
-  host.world.factory.Object(u"grid")
-      .On(u"MaxRows", 9)
-      .AllowPut(u"Col")
-      .AllowPut(u"Col2")
-      .AllowPut(u"Row")
-      .AllowPut(u"Row2");
-  const auto grid = windows::ToDispatch(host.world.factory.NewObject(u"grid"));
+  const ComPtr<IDispatch> grid = Grid();
   const VARIANT null = Nothing(VT_NULL);
   EXPECT_EQ(Statement(Control(), L"SelBlock", {ObjectOf(grid.get()), Number(2), null, Number(3)}),
             "S_OK");
@@ -269,13 +261,7 @@ TEST_F(Members, SelBlockPassesNullOn) {
 }
 
 TEST_F(Members, SelBlockAcceptsNamedArguments) {
-  host.world.factory.Object(u"grid")
-      .On(u"MaxCols", 4)
-      .AllowPut(u"Col")
-      .AllowPut(u"Col2")
-      .AllowPut(u"Row")
-      .AllowPut(u"Row2");
-  const auto grid = windows::ToDispatch(host.world.factory.NewObject(u"grid"));
+  const ComPtr<IDispatch> grid = Grid();
   std::wstring member = L"SelBlock";
   std::wstring last = L"lRow2";
   std::wstring row = L"lrow";
