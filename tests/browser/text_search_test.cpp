@@ -17,6 +17,8 @@ TEST(TextPattern, MatchesLatinLettersInEitherCaseAndFullWidthForms) {
   EXPECT_TRUE(TextPattern(u"m8").IsIn(u"螺栓Ｍ８"));
   EXPECT_TRUE(TextPattern(u"ｍ８").IsIn(u"螺栓M8"));
   EXPECT_TRUE(TextPattern(u"螺栓").IsIn(u"六角头螺栓"));
+  EXPECT_TRUE(TextPattern(u"a!").IsIn(u"Ａ！")) << "the first full-width sign";
+  EXPECT_TRUE(TextPattern(u"a~").IsIn(u"Ａ～")) << "the last one";
   EXPECT_FALSE(TextPattern(u"螺母").IsIn(u"六角头螺栓"));
   EXPECT_FALSE(TextPattern(u"m80").IsIn(u"M8"));
   EXPECT_FALSE(TextPattern(u"@").IsIn(u"`")) << "no letters";
