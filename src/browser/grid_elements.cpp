@@ -57,6 +57,10 @@ std::u16string GridElements::Name(GridElement element) const {
   return std::u16string(isNumber || text.empty() ? Text({element.column, kTitleRow}) : text);
 }
 
+std::u16string GridElements::FieldName(GridElement cell) const {
+  return Concatenate({Text({cell.column, kTitleRow}), u"，第 ", NumberText(cell.row), u" 行"});
+}
+
 std::u16string GridElements::Id(GridElement element) const {
   const std::u16string column = NumberText(element.column);
   if (element.row == kTitleRow) {

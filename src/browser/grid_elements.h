@@ -40,6 +40,8 @@ class GridElements {
   // What a screen reader says. A cell has its text; one that is empty or takes numbers has its
   // title.
   std::u16string Name(GridElement element) const;
+  // What it says of the field in which the cell's number is typed: title and row.
+  std::u16string FieldName(GridElement cell) const;
   // Stable, for automation: "titles", "title2", "row5", "row5.column2".
   std::u16string Id(GridElement element) const;
   std::u16string_view Text(GridElement cell) const;

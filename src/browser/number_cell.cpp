@@ -18,7 +18,9 @@ struct CellReading {
   std::int64_t hundredths = 0;
 };
 
-CellReading ReadCell(std::u16string_view text) {
+CellReading ReadCell(std::u16string_view typed) {
+  const std::u16string characters = CellCharacters(typed);
+  std::u16string_view text = characters;
   CellReading reading;
   if (!text.empty() && text.front() == u'-') {
     reading.negative = true;

@@ -1,5 +1,5 @@
-// The rules of a cell that takes numbers: at most two decimals, up to the cell's bound, and the
-// keys that end the typing.
+// The rules of a cell that takes numbers: at most two decimals, up to the cell's bound, full-width
+// digits and points like the plain ones, and the keys that end the typing.
 #pragma once
 
 #include <cstddef>

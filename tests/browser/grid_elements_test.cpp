@@ -217,6 +217,10 @@ TEST_F(GridElementsTest, AreSelectedAloneOrExtendTheBlock) {
   EXPECT_EQ(selection_.Range(), (CellRange{1, 4, 3, 6}));
 }
 
+TEST_F(GridElementsTest, NameTheFieldOfACellByItsTitleAndRow) {
+  EXPECT_EQ(Utf8(Elements().FieldName({3, 5})), "标准单价，第 5 行");
+}
+
 TEST_F(GridElementsTest, FindRowsByNameAndIdBehindARow) {
   EXPECT_EQ(Found(0, RowKey::Any), 1);
   EXPECT_EQ(Found(199, RowKey::Any), 200);

@@ -40,7 +40,9 @@ INSTANTIATE_TEST_SUITE_P(
                       NumberCase{"ThreeDecimals", u"1.234", false, std::nullopt},
                       NumberCase{"TwoPoints", u"1.2.3", false, std::nullopt},
                       NumberCase{"Letters", u"1e5", false, std::nullopt},
-                      NumberCase{"FullWidthDigits", u"１２", false, std::nullopt},
+                      NumberCase{"FullWidthDigits", u"１２．５", true, "12.50"},
+                      NumberCase{"ChineseFullStop", u"３。２５", true, "3.25"},
+                      NumberCase{"FullWidthSign", u"－１", false, std::nullopt},
                       NumberCase{"Blank", u"1 2", false, std::nullopt},
                       NumberCase{"VeryLong", u"000000000000000000000001", false, std::nullopt}),
     [](const auto& tested) { return std::string(tested.param.name); });

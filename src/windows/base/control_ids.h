@@ -26,6 +26,7 @@ inline constexpr int kFindBar = 119;
 inline constexpr int kFindLabel = 120;
 inline constexpr int kFindField = 121;
 inline constexpr int kFindCount = 122;
+inline constexpr int kCellLabel = 123;  // names the grid's field for screen readers
 
 // The tool strip's buttons have the command ids kFirstButton + position, positions from 1.
 inline constexpr int kFirstButton = 200;

@@ -8,7 +8,6 @@
 #include "windows/base/clipboard.h"
 #include "windows/base/control_ids.h"
 #include "windows/base/gdi.h"
-#include "windows/base/plain_control.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::windows {
@@ -16,6 +15,8 @@ namespace pricedown::windows {
 void GridEditor::Begin(HWND parent, HINSTANCE module, const Start& start) {
   upperBound_ = start.upperBound;
   const std::wstring text = ToWide(start.text);
+  label_.emplace().Create(parent, module, L"STATIC", control_ids::kCellLabel, WS_VISIBLE,
+                          start.name);
   Creation creation;
   creation.className = L"EDIT";
   creation.text = text.c_str();
@@ -28,19 +29,24 @@ void GridEditor::Begin(HWND parent, HINSTANCE module, const Start& start) {
   SendMessageW(Handle(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
   // The text stays where the cell shows it.
   const int height = std::min(start.lineHeight, HeightOf(start.area));
-  SetWindowPos(Handle(), HWND_TOP, start.area.left + start.margin,
+  SetWindowPos(Handle(), nullptr, start.area.left + start.margin,
                start.area.top + (HeightOf(start.area) - height) / 2,
                std::max(WidthOf(start.area) - 2 * start.margin, 1), height,
-               SWP_NOACTIVATE | SWP_SHOWWINDOW);
+               SWP_NOZORDER | SWP_NOACTIVATE | SWP_SHOWWINDOW);
   const auto end = static_cast<LPARAM>(text.size());
   SendMessageW(Handle(), EM_SETSEL, start.selectAll ? 0 : static_cast<WPARAM>(end), end);
   SetFocus(Handle());
 }
 
+void GridEditor::End() {
+  label_.reset();
+  Destroy();
+}
+
 void GridEditor::Finish(WPARAM key) {
   if (!IsActive()) return;
   const std::optional<std::u16string> number = CellNumber(TextOf(Handle()), upperBound_);
-  Destroy();
+  End();
   if (number) {
     events_.EditingAccepted(*number, key);
   } else {
@@ -50,7 +56,7 @@ void GridEditor::Finish(WPARAM key) {
 
 void GridEditor::Cancel() {
   if (!IsActive()) return;
-  Destroy();
+  End();
   events_.EditingCancelled();
 }
 

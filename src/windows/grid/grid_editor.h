@@ -4,10 +4,12 @@
 
 #include <windows.h>
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "windows/base/bound_window.h"
+#include "windows/base/plain_control.h"
 
 namespace pricedown::windows {
 
@@ -36,6 +38,7 @@ class GridEditor final : public BoundWindow {
     HFONT font;
     int lineHeight;  // of the font
     int margin;
+    std::u16string_view name;  // for screen readers
     std::u16string_view text;
     bool selectAll;
     double upperBound;
@@ -53,9 +56,13 @@ class GridEditor final : public BoundWindow {
   bool OnKeyDown(WPARAM key);
   bool OnChar(WPARAM character);
   void OnPaste();
+  // Destroys the windows.
+  void End();
   bool Allows(std::u16string_view inserted) const;
 
   EditorEvents& events_;
+  // Without a size. The system names a field by the label before it.
+  std::optional<PlainControl> label_;
   double upperBound_ = 0;
 };
 

@@ -122,6 +122,8 @@ void GridWindow::BeginEditing(std::u16string_view first) {
   start.font = font_.Get();
   start.lineHeight = lineHeight_;
   start.margin = dpi_.Scale(kCellTextMargin);
+  const std::u16string name = Elements().FieldName({selection_.column, selection_.row});
+  start.name = name;
   const std::u16string text(first.empty() ? grid_->Text(selection_.column, selection_.row) : first);
   start.text = text;
   start.selectAll = first.empty();

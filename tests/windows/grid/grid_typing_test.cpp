@@ -1,11 +1,47 @@
 // Typing numbers into open cells of the grid.
+#include <imm.h>
+#include <oleacc.h>
+
 #include "tests/windows/base/picture.h"
 #include "tests/windows/grid/grid_world.h"
 #include "windows/base/clipboard.h"
 #include "windows/base/plain_control.h"
+#include "windows/base/system_functions.h"
+#include "windows/com/bstr.h"
+#include "windows/com/com_ptr.h"
 
 namespace pricedown::testing {
 namespace {
+
+// As an input method does that completes a composition.
+void Compose(HWND field, std::wstring_view text) {
+  const HIMC context = ImmGetContext(field);
+  ASSERT_NE(context, nullptr);
+  std::wstring composed(text);
+  ASSERT_TRUE(ImmSetCompositionStringW(context, SCS_SETSTR, composed.data(),
+                                       static_cast<DWORD>(composed.size() * sizeof(wchar_t)),
+                                       nullptr, 0));
+  ASSERT_TRUE(ImmNotifyIME(context, NI_COMPOSITIONSTR, CPS_COMPLETE, 0));
+  ImmReleaseContext(field, context);
+  RunMessages();
+}
+
+// What a client of IAccessible reads as the window's name.
+std::string AccessibleName(HWND window) {
+  using FromWindow = HRESULT(WINAPI*)(HWND, DWORD, REFIID, void**);
+  LoadLibraryW(L"oleacc.dll");
+  const auto fromWindow =
+      windows::SystemFunction<FromWindow>(L"oleacc.dll", "AccessibleObjectFromWindow");
+  windows::ComPtr<IAccessible> object;
+  if (fromWindow == nullptr || FAILED(fromWindow(window, static_cast<DWORD>(OBJID_CLIENT),
+                                                 __uuidof(IAccessible), object.putVoid()))) {
+    return "no object";
+  }
+  VARIANT self{};
+  self.vt = VT_I4;
+  windows::Bstr name;
+  return SUCCEEDED(object->get_accName(self, name.put())) ? Utf8(name.Text()) : "no name";
+}
 
 TEST_F(GridWindow, AcceptsNumbersInAnUnlockedCell) {
   input_.Click(Handle(), CellPoint(4, 2));
@@ -179,6 +215,44 @@ TEST_F(GridWindow, TakesFullWidthDigitsAndPointsInAPrice) {
   SendMessageW(Editor(), WM_PASTE, 0, 0);
   input_.Press(VK_RETURN);
   EXPECT_EQ(Cell(4, 2), "34.56");
+}
+
+TEST_F(GridWindow, TakesWhatAnInputMethodComposesInAPrice) {
+  input_.Click(Handle(), CellPoint(4, 2));
+  input_.Press(VK_F2);
+  for (const wchar_t unit : std::wstring_view(L"１２．５")) {
+    PostMessageW(Editor(), WM_IME_CHAR, unit, 1);
+  }
+  RunMessages();
+  EXPECT_EQ(Utf8(windows::TextOf(Editor())), "12.5");
+  SendMessageW(Editor(), EM_SETSEL, 0, -1);
+  Compose(Editor(), L"３４。５");
+  EXPECT_EQ(Utf8(windows::TextOf(Editor())), "34.5");
+  Compose(Editor(), L"元");
+  EXPECT_EQ(Utf8(windows::TextOf(Editor())), "34.5");
+  input_.Press(VK_RETURN);
+  EXPECT_EQ(Cell(4, 2), "34.50");
+}
+
+TEST_F(GridWindow, AcceptsAPriceOfFullWidthCharactersHoweverItGotThere) {
+  input_.Click(Handle(), CellPoint(4, 2));
+  input_.Press(VK_F2);
+  SetWindowTextW(Editor(), L"７．５");
+  input_.Press(VK_RETURN);
+  EXPECT_EQ(Cell(4, 2), "7.50");
+}
+
+TEST_F(GridWindow, ScreenReadersReadTitleAndRowOfAnOpenPrice) {
+  CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+  input_.Click(Handle(), CellPoint(4, 2));
+  input_.Press(VK_F2);
+  EXPECT_EQ(AccessibleName(Editor()), "列4，第 2 行");
+  input_.Press(VK_ESCAPE);
+  EXPECT_EQ(GetWindow(Handle(), GW_CHILD), nullptr) << "nothing stays of the field";
+  input_.Click(Handle(), CellPoint(4, 3));
+  input_.Type(u"1");
+  EXPECT_EQ(AccessibleName(Editor()), "列4，第 3 行");
+  CoUninitialize();
 }
 
 }  // namespace
