@@ -10,8 +10,8 @@ namespace {
 // Each offset has as many digits as kOffset, so that the header's length is known before them.
 constexpr std::string_view kOffset = "0000000000";
 constexpr std::string_view kHtmlStart =
-    "<html><head><meta charset=\"utf-8\"><style>td.t{mso-number-format:\"\\@\"}</style></head>"
-    "<body>\r\n";
+    "<html><head><meta charset=\"utf-8\"><style>td{white-space:pre}"
+    "td.t{mso-number-format:\"\\@\"}</style></head><body>\r\n";
 constexpr std::string_view kFragmentStart = "<!--StartFragment-->";
 constexpr std::string_view kFragmentEnd = "<!--EndFragment-->";
 constexpr std::string_view kHtmlEnd = "\r\n</body></html>";

@@ -59,6 +59,15 @@ TEST(CopiedCells, AreTextForASpreadsheetUnlessTheyAreNumbers) {
   EXPECT_THAT(html, HasSubstr("<td class=t>1281.10</td>"));
 }
 
+TEST(CopiedCells, KeepTheirBlanksInATable) {
+  CellCopier copier;
+  copier.Add(u"  A  1 ", CellKind::Text);
+  copier.EndRow();
+  const std::string html = copier.Finish().html;
+  EXPECT_THAT(html, HasSubstr("td{white-space:pre}"));
+  EXPECT_THAT(html, HasSubstr("<td class=t>  A  1 </td>"));
+}
+
 TEST(CopiedCells, KeepTheCharactersThatHtmlReserves) {
   CellCopier copier;
   copier.Add(u"φ<5 & >3", CellKind::Text);
