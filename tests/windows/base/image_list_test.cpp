@@ -28,8 +28,22 @@ const std::vector<int> kDrawnResolutions{96, 120, 144, 192, 288, 384};
 
 std::vector<int> AllIcons() {
   std::vector<int> icons;
-  for (int id = PRICEDOWN_ICON_FOLDER; id <= PRICEDOWN_ICON_FIT_WIDTH; ++id) icons.push_back(id);
+  for (int id = PRICEDOWN_ICON_FOLDER; id <= PRICEDOWN_ICON_MORE; ++id) icons.push_back(id);
   return icons;
+}
+
+BOOL CALLBACK AddIcon(HMODULE, const wchar_t*, wchar_t* name, LONG_PTR icons) {
+  reinterpret_cast<std::set<int>*>(icons)->insert(
+      static_cast<int>(reinterpret_cast<std::uintptr_t>(name)));
+  return TRUE;
+}
+
+TEST(ImageList, IsTestedWithEveryIconOfTheLibrary) {
+  std::set<int> resources;
+  EnumResourceNamesW(GetModuleHandleW(nullptr), RT_GROUP_ICON, &AddIcon,
+                     reinterpret_cast<LONG_PTR>(&resources));
+  const std::vector<int> tested = AllIcons();
+  EXPECT_EQ(resources, std::set<int>(tested.begin(), tested.end()));
 }
 
 // 0xAARRGGBB.
