@@ -16,12 +16,12 @@
 namespace pricedown::testing {
 namespace {
 
-// A splitter alone in a host window, at 200 pixels.
+// A splitter alone in a host window.
 class SplitterProviderTest : public ::testing::Test, public windows::ChildEvents {
  protected:
   SplitterProviderTest() {
     splitter_->Create(host_.Handle(), GetModuleHandleW(nullptr), u"分隔条");
-    MoveTo(200);
+    MoveTo(start_);
     provider_ = automation_.ProviderOf(Handle());
     automation_.log.clear();
   }
@@ -66,6 +66,7 @@ class SplitterProviderTest : public ::testing::Test, public windows::ChildEvents
   bool Waiting() const override { return false; }
 
   HostWindow host_{900, 400};
+  const int start_ = windows::Dpi::Of(host_.Handle()).Scale(200);
   RecordingAutomation automation_;
   std::shared_ptr<windows::SplitterWindow> splitter_ =
       std::make_shared<windows::SplitterWindow>(*this, automation_);
@@ -85,7 +86,7 @@ TEST_F(SplitterProviderTest, IsANamedSeparator) {
 }
 
 TEST_F(SplitterProviderTest, HasItsPositionAndItsLimitsAsARange) {
-  EXPECT_EQ(Number(&IRangeValueProvider::get_Value), 200);
+  EXPECT_EQ(Number(&IRangeValueProvider::get_Value), start_);
   EXPECT_EQ(Number(&IRangeValueProvider::get_Minimum), Pixels(kLeastPaneWidth));
   const int width = host_.Inside().right;
   EXPECT_NEAR(Number(&IRangeValueProvider::get_Maximum), width - Pixels(kLeastPaneWidth),
@@ -97,7 +98,7 @@ TEST_F(SplitterProviderTest, HasItsPositionAndItsLimitsAsARange) {
 }
 
 TEST_F(SplitterProviderTest, AValueIsADragToThatPosition) {
-  EXPECT_EQ(Range()->SetValue(260), S_OK);
+  EXPECT_EQ(Range()->SetValue(start_ + 60), S_OK);
   EXPECT_EQ(events_, (Log{"press", "drag 60", "release"}));
 }
 
@@ -110,11 +111,11 @@ TEST_F(SplitterProviderTest, RefusesValuesOutsideItsRange) {
 TEST_F(SplitterProviderTest, RefusesValuesWhileTheMouseDragsOrAModalWindowIsOpen) {
   SendMessageW(Handle(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(2, 50));
   events_.clear();
-  EXPECT_EQ(Range()->SetValue(260), UIA_E_INVALIDOPERATION);
+  EXPECT_EQ(Range()->SetValue(start_ + 60), UIA_E_INVALIDOPERATION);
   SendMessageW(Handle(), WM_LBUTTONUP, 0, MAKELPARAM(2, 50));
   EnableWindow(host_.Handle(), FALSE);
   events_.clear();
-  EXPECT_EQ(Range()->SetValue(260), UIA_E_ELEMENTNOTENABLED);
+  EXPECT_EQ(Range()->SetValue(start_ + 60), UIA_E_ELEMENTNOTENABLED);
   EnableWindow(host_.Handle(), TRUE);
   EXPECT_EQ(events_, Log{});
 }
@@ -132,7 +133,7 @@ TEST_F(SplitterProviderTest, AMoveRaisesItsValueOnceForThoseWhoListen) {
 TEST_F(SplitterProviderTest, TheControlMayEndWhileItMoves) {
   const auto range = Range();
   endsAtRelease_ = true;
-  EXPECT_EQ(range->SetValue(260), S_OK);
+  EXPECT_EQ(range->SetValue(start_ + 60), S_OK);
   double value = 0;
   EXPECT_EQ(range->get_Value(&value), UIA_E_ELEMENTNOTAVAILABLE);
 }
@@ -143,7 +144,7 @@ TEST_F(SplitterProviderTest, KeptAfterTheWindowsEndIsNotAvailableAndThenFreed) {
   EXPECT_EQ(automation_.log, (Log{"return nothing", "disconnect"}));
   double value = 0;
   EXPECT_EQ(range->get_Value(&value), UIA_E_ELEMENTNOTAVAILABLE);
-  EXPECT_EQ(range->SetValue(260), UIA_E_ELEMENTNOTAVAILABLE);
+  EXPECT_EQ(range->SetValue(start_ + 60), UIA_E_ELEMENTNOTAVAILABLE);
 }
 
 }  // namespace

@@ -198,6 +198,7 @@ POINT UiWorld::NodePoint(NodeIndex node) const {
   HTREEITEM item = TreeView_GetRoot(Tree());
   if (node > 1) item = TreeView_GetChild(Tree(), item);
   for (NodeIndex i = 2; i < node; ++i) item = TreeView_GetNextSibling(Tree(), item);
+  TreeView_EnsureVisible(Tree(), item);
   RECT area{};
   // The message reads the node from its result buffer.
   std::memcpy(&area, &item, sizeof item);

@@ -69,7 +69,7 @@ class UiWorld : public Input {
   HWND Grid() const;
   HWND Strip() const;
 
-  // The middle of a tree node's text. Requires: the node is visible.
+  // The middle of a tree node's text; scrolls the node into view.
   POINT NodePoint(NodeIndex node) const;
   // The middle of a strip button, position from 1.
   POINT ButtonPoint(std::size_t position) const;

@@ -221,7 +221,9 @@ TEST_F(ItemClassFormWindow, UsesTheSuitesLanguage) {
 
 TEST_F(ItemClassFormWindow, AppliesTheSizeThatANewResolutionSuggests) {
   ShowForAdd({[&] {
-                const RECT suggested{30, 40, 830, 640};
+                RECT suggested{};
+                GetWindowRect(Form(), &suggested);
+                InflateRect(&suggested, 10, 10);
                 SendMessageW(Form(), 0x02E0, MAKEWPARAM(192, 192),
                              reinterpret_cast<LPARAM>(&suggested));
                 RECT area{};
