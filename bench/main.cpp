@@ -1,7 +1,7 @@
 // Measures the library against raw baselines and prints one table.
 //   pricedown_bench FOLDER [control | browser | editor | print | memory]
 // The memory is measured only when it is named. Companies are created in FOLDER once and kept
-// there. With a part named, only that part is measured.
+// there. With a name, only that measurement runs.
 #include <array>
 #include <cstdio>
 #include <exception>
@@ -18,15 +18,15 @@
 namespace bench {
 namespace {
 
-struct Part {
+struct Measurement {
   std::string_view name;
   void (*measure)(const std::string& folder, Figures& figures);
 };
 
-constexpr std::array<Part, 4> kParts{{{"control", MeasureControl},
-                                      {"browser", MeasureBrowser},
-                                      {"editor", MeasureEditor},
-                                      {"print", MeasurePrinting}}};
+constexpr std::array<Measurement, 4> kMeasurements{{{"control", MeasureControl},
+                                                    {"browser", MeasureBrowser},
+                                                    {"editor", MeasureEditor},
+                                                    {"print", MeasurePrinting}}};
 
 int Run(const std::string& folder, std::string_view only) {
   if (only == "memory") {
@@ -35,9 +35,9 @@ int Run(const std::string& folder, std::string_view only) {
   }
   Figures figures;
   bool measured = false;
-  for (const Part& part : kParts) {
-    if (!only.empty() && only != part.name) continue;
-    part.measure(folder, figures);
+  for (const Measurement& measurement : kMeasurements) {
+    if (!only.empty() && only != measurement.name) continue;
+    measurement.measure(folder, figures);
     measured = true;
   }
   return measured ? 0 : 2;

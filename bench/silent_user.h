@@ -12,7 +12,7 @@ namespace bench {
 class SilentUser final : public pricedown::UserQuestions {
  public:
   void ShowMessage(std::u16string_view, std::u16string_view, pricedown::MessageIcon) override {
-    ++told_;
+    ++messages_;
   }
   bool Confirm(std::u16string_view, std::u16string_view, pricedown::MessageIcon) override {
     return true;
@@ -20,11 +20,11 @@ class SilentUser final : public pricedown::UserQuestions {
 
   // Throws std::runtime_error if a message was shown: the figures are then wrong.
   void RequireNoMessages() const {
-    if (told_ > 0) throw std::runtime_error("a command was refused: the figures are wrong");
+    if (messages_ > 0) throw std::runtime_error("a command was refused: the figures are wrong");
   }
 
  private:
-  int told_ = 0;
+  int messages_ = 0;
 };
 
 }  // namespace bench

@@ -17,14 +17,14 @@ using namespace pricedown::windows;
 
 namespace {
 
-struct Part {
+struct ChildWindow {
   const wchar_t* className;
   DWORD style;
   RECT area;
 };
 
 // Two lines, two headings, the splitter, its drag bar and the grid's pane are labels here.
-constexpr Part kParts[] = {
+constexpr ChildWindow kChildren[] = {
     {L"STATIC", SS_RIGHT, {632, 22, 792, 39}},
     {L"STATIC", SS_LEFT, {632, 5, 712, 22}},
     {L"STATIC", SS_RIGHT, {712, 5, 792, 22}},
@@ -59,7 +59,7 @@ PlainWindows::PlainWindows(HWND parent) {
   titleFont_ = MakeMessageFont(title, dpi);
   SendMessageW(Child(L"STATIC", SS_LEFT, kTitle), WM_SETFONT,
                reinterpret_cast<WPARAM>(titleFont_.Get()), FALSE);
-  for (const Part& part : kParts) Child(part.className, part.style, part.area);
+  for (const ChildWindow& child : kChildren) Child(child.className, child.style, child.area);
   FillToolBar(Child(TOOLBARCLASSNAMEW, TBSTYLE_FLAT | TBSTYLE_LIST | CCS_NORESIZE, kToolBar));
   tree_ = Child(WC_TREEVIEWW, TVS_HASLINES | TVS_LINESATROOT | TVS_HASBUTTONS, kTree);
 }

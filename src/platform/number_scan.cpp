@@ -68,17 +68,17 @@ Prefix ScanDecimal(std::u16string_view text) {
   std::string plain;
   std::size_t next = 0;
   const auto at = [text](std::size_t index) { return index < text.size() ? text[index] : u'\0'; };
-  const auto takeDigits = [&] {
+  const auto consumeDigits = [&] {
     const std::size_t first = next;
     while (IsDigit(at(next))) plain.push_back(static_cast<char>(at(next++)));
     return next > first;
   };
 
-  bool hasDigits = takeDigits();
+  bool hasDigits = consumeDigits();
   if (at(next) == u'.') {
     plain.push_back('.');
     ++next;
-    hasDigits = takeDigits() || hasDigits;
+    hasDigits = consumeDigits() || hasDigits;
   }
   if (!hasDigits) return {};
 
@@ -87,7 +87,7 @@ Prefix ScanDecimal(std::u16string_view text) {
     if (IsDigit(at(digits))) {
       plain += at(next + 1) == u'-' ? "e-" : "e";
       next = digits;
-      takeDigits();
+      consumeDigits();
     }
   }
   return NumberOf(plain, next);

@@ -24,14 +24,14 @@ std::vector<std::u16string> Sections(std::u16string_view text, const PageFields&
   }
 }
 
-struct Part {
+struct SectionRange {
   Tenths left = 0;
   Tenths right = 0;
 };
 
 // Each extends to where the other begins. Where they would meet, the wider one is narrowed, to half
 // of the line at least.
-std::pair<Part, Part> ShareLine(Tenths first, Tenths second, const Rectangle& box) {
+std::pair<SectionRange, SectionRange> ShareLine(Tenths first, Tenths second, const Rectangle& box) {
   const Tenths room = std::max(box.width - kSectionGap, 0);
   const Tenths half = room / 2;
   if (std::int64_t{first} + second > room) {
@@ -47,22 +47,23 @@ std::pair<Part, Part> ShareLine(Tenths first, Tenths second, const Rectangle& bo
           {box.left + first + kSectionGap, box.Right()}};
 }
 
-std::vector<Part> Parts(const std::vector<std::u16string>& sections, TextMeasurer& measurer,
-                        const Font& font, const Rectangle& box) {
+std::vector<SectionRange> SectionRanges(const std::vector<std::u16string>& sections,
+                                        TextMeasurer& measurer, const Font& font,
+                                        const Rectangle& box) {
   if (sections.size() == 2) {
     const auto [left, right] =
         ShareLine(measurer.Width(font, sections[0]), measurer.Width(font, sections[1]), box);
     return {left, right};
   }
-  std::vector<Part> parts;
+  std::vector<SectionRange> ranges;
   const auto count = static_cast<std::int64_t>(sections.size());
   const auto edge = [&](std::int64_t number) {
     return box.left + static_cast<Tenths>(box.width * number / count);
   };
   for (std::int64_t number = 0; number < count; ++number) {
-    parts.push_back({edge(number), edge(number + 1)});
+    ranges.push_back({edge(number), edge(number + 1)});
   }
-  return parts;
+  return ranges;
 }
 
 }  // namespace
@@ -96,25 +97,25 @@ void PlaceLine(std::u16string_view text, const PageFields& fields, TextMeasurer&
                const Font& font, std::size_t fontIndex, const Rectangle& box, Page& page) {
   if (box.IsEmpty()) return;
   const std::vector<std::u16string> sections = Sections(text, fields);
-  const std::vector<Part> parts = Parts(sections, measurer, font, box);
+  const std::vector<SectionRange> ranges = SectionRanges(sections, measurer, font, box);
   for (std::size_t number = 0; number < sections.size(); ++number) {
     if (Trim(sections[number]).empty()) continue;
-    const Part& part = parts[number];
+    const SectionRange& range = ranges[number];
     PageText placed;
-    placed.text = FitText(measurer, font, page.made.Keep(sections[number]), part.right - part.left,
-                          page.made);
+    placed.text = FitText(measurer, font, page.made.Keep(sections[number]),
+                          range.right - range.left, page.made);
     if (placed.text.empty()) continue;
     placed.font = fontIndex;
     placed.top = box.top;
-    placed.clip = {part.left, box.top, part.right - part.left, box.height};
+    placed.clip = {range.left, box.top, range.right - range.left, box.height};
     const bool first = number == 0;
     const bool last = number + 1 == sections.size();
     if (first == last) {
       placed.alignment = TextAlignment::Centre;
-      placed.anchor = part.left + (part.right - part.left) / 2;
+      placed.anchor = range.left + (range.right - range.left) / 2;
     } else {
       placed.alignment = first ? TextAlignment::Left : TextAlignment::Right;
-      placed.anchor = first ? part.left : part.right;
+      placed.anchor = first ? range.left : range.right;
     }
     page.texts.push_back(placed);
   }

@@ -78,9 +78,9 @@ TEST_F(DeleteClass, AsksToSelectAClassWhenTheGridHasNoRows) {
   state_.itemRecordset.Release();
   commands_.Delete();
   EXPECT_EQ(log_.Text(), Lines(R"(
-      tell information "岚禾提示": "请选择要删除的物料类别"
+      message information "岚禾提示": "请选择要删除的物料类别"
       release result
-      tell information "岚禾提示": "请选择要删除的物料类别"
+      message information "岚禾提示": "请选择要删除的物料类别"
       )"));
 }
 
@@ -126,7 +126,7 @@ TEST_F(DeleteClass, RefusesWhenThePeriodHasItsVoucher) {
                                ReadingThePeriod("ConnectString={x}") + ExecuteLine(kVoucher) +
                                "\nrelease result\n"
                                "screen pointer 0\n"
-                               "tell information \"岚禾提示\": "
+                               "message information \"岚禾提示\": "
                                "\"本期跌价准备数据已经生成凭证，不得删除物料类别！\"\n"
                                "release ZEPConnection.AppConnection\n"));
 }
@@ -141,7 +141,7 @@ TEST_F(DeleteClass, RefusesWhenTheClassHasHistory) {
             ExecuteLine(kVoucher) + "\nrelease result\n" + ExecuteLine(kHistory) +
             "\nrelease result\n"
             "screen pointer 0\n"
-            "tell information \"岚禾提示\": \"该物料类别在以前期间已有业务发生，不得删除！\"\n"
+            "message information \"岚禾提示\": \"该物料类别在以前期间已有业务发生，不得删除！\"\n"
             "release ZEPConnection.AppConnection\n"));
 }
 
@@ -216,7 +216,7 @@ TEST_F(DeleteClass, StopsAtAFailingStepAndSkipsTheRest) {
       EXPECT_EQ(thrown, kInjectedFailure) << log;
       // After the failure, objects are released and nothing is called.
       const std::string behind = log.substr(log.find(" fails\n") + 7);
-      for (const char* call : {"create", "Execute", "GetProfile", "items.", "tell", "ask"}) {
+      for (const char* call : {"create", "Execute", "GetProfile", "items.", "message ", "ask "}) {
         EXPECT_EQ(behind.find(call), std::string::npos) << log;
       }
     } else if (log_.Count("tree select 1 fails") == 1) {

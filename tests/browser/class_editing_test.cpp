@@ -7,7 +7,7 @@
 namespace pricedown::testing {
 namespace {
 
-constexpr const char* kNoClass = "tell information \"岚禾提示\": \"请选择要修改的物料类别\"\n";
+constexpr const char* kNoClass = "message information \"岚禾提示\": \"请选择要修改的物料类别\"\n";
 
 class ClassEditing : public BrowserFixture {
  protected:
@@ -119,7 +119,7 @@ TEST_F(ClassEditing, PassesTheEditorTwoCopiesOfTheGridsRowsAndReleasesThem) {
   EXPECT_TRUE(editor_.IsClean());
 }
 
-TEST_F(ClassEditing, CopiesEveryRowWhateverTheGridsCurrentRow) {
+TEST_F(ClassEditing, CopiesEveryRowFromAnyCurrentRowOfTheGrid) {
   AnswerStatement(factory_, kItemsOf01, ItemRows(kTwoItems));
   SelectClass();
   state_.itemRecordset.MoveFirst();
@@ -162,8 +162,9 @@ TEST_F(ClassEditing, AsksForAClassAfterAnEditUntilANodeIsClicked) {
   log_.Clear();
   commands_.Edit();
   commands_.Delete();
-  EXPECT_EQ(log_.Text(),
-            kNoClass + std::string("tell information \"岚禾提示\": \"请选择要删除的物料类别\"\n"));
+  EXPECT_EQ(
+      log_.Text(),
+      kNoClass + std::string("message information \"岚禾提示\": \"请选择要删除的物料类别\"\n"));
   SelectClass();
   commands_.Edit();
   EXPECT_EQ(log_.Count("editor closed"), 1u);

@@ -173,7 +173,7 @@ TEST_F(ClassTreeLoad, LeavesTheRootAloneWhenAColumnIsMissing) {
 }
 
 // Whatever fails, the load ends, redraw is on again and the window shows what the collection holds.
-TEST_F(ClassTreeLoad, MatchesTheWindowWhateverFails) {
+TEST_F(ClassTreeLoad, MatchesTheWindowAfterAnyFailure) {
   for (const bool blocks : {true, false}) {
     FailEachCallInTurn([&](int failingCall) {
       CallLog log;

@@ -205,7 +205,7 @@ TEST_F(DisplayFontTest, SavesTheFontInTheFormatThatItRestores) {
   EXPECT_EQ(document_.font, saved);
 }
 
-TEST_F(DisplayFontTest, EndsSilentlyWhateverFails) {
+TEST_F(DisplayFontTest, EndsSilentlyAfterAnyFailure) {
   Settings(u"", u"12");
   FailEachCallInTurn([&](int failingCall) {
     DisplayFont font(environment_, document_, sheet_, view_);
@@ -218,7 +218,7 @@ TEST_F(DisplayFontTest, EndsSilentlyWhateverFails) {
     EXPECT_EQ(factory_.LiveObjects(), 0);
     return factory_.CallCount() - before;
   });
-  EXPECT_EQ(log_.Text().find("tell "), std::string::npos) << log_.Text();
+  EXPECT_EQ(log_.Text().find("message "), std::string::npos) << log_.Text();
 }
 
 TEST_F(DisplayFontTest, StopsApplyingAtTheStepThatFails) {

@@ -53,7 +53,7 @@ TEST_F(GridTest, CopiesATextOntoAnotherCell) {
   EXPECT_EQ(TextAt(4, 2), std::string(100, 'x'));
 }
 
-TEST_F(GridTest, TakesTheTextsOfARowAtOnce) {
+TEST_F(GridTest, SetsTheTextsOfARowAtOnce) {
   grid_.SetMaxRows(2);
   const std::array<std::u16string_view, 3> texts{u"甲", u"", u"丙"};
   grid_.SetText(4, 2, u"丁");
@@ -62,7 +62,7 @@ TEST_F(GridTest, TakesTheTextsOfARowAtOnce) {
   EXPECT_EQ(TextAt(1, 1), "");
 }
 
-TEST_F(GridTest, TakesNoRowThatDoesNotFit) {
+TEST_F(GridTest, IgnoresARowThatDoesNotFit) {
   grid_.SetMaxRows(2);
   const std::array<std::u16string_view, 5> tooMany{u"a", u"b", u"c", u"d", u"e"};
   grid_.SetRowTexts(1, tooMany);
@@ -83,7 +83,7 @@ TEST_F(GridTest, IgnoresCellsOutside) {
   EXPECT_EQ(grid_.MaxColumns(), 4);
 }
 
-TEST_F(GridTest, KeepsTitlesInRowZeroWhateverTheRowCount) {
+TEST_F(GridTest, KeepsTitlesInRowZeroForAnyRowCount) {
   grid_.SetText(2, kTitleRow, u"物料名称");
   grid_.SetMaxRows(3);
   grid_.SetMaxRows(0);

@@ -96,7 +96,7 @@ TEST_F(ItemGridTest, ShowsNullsAsEmptyCells) {
   AnswerStatement(factory_, kItemsOf01, ItemRows({{Null{}, Null{}, Null{}, Null{}}}));
   grid_.LoadItemGrid(u"01");
   EXPECT_EQ(Texts(), (Strings{"||||"}));
-  EXPECT_EQ(log_.Count("tell information"), 0u);
+  EXPECT_EQ(log_.Count("message information"), 0u);
 }
 
 TEST_F(ItemGridTest, ReadsFieldByFieldWhereTheRecordsetHasNoBlocks) {
@@ -200,7 +200,7 @@ TEST_F(ItemGridTest, ShowsTheErrorOfAFailedQueryAndKeepsTheRowsShown) {
                                "create ZEPConnection.AppConnection\n" +
                                ExecuteLine(kItemsOf01) +
                                "\nrelease ZEPConnection.AppConnection\n"
-                               "tell information \"岚禾提示\": \"表 't_ICItem' 被锁定\"\n"));
+                               "message information \"岚禾提示\": \"表 't_ICItem' 被锁定\"\n"));
   EXPECT_FALSE(state_.itemRecordset);
   EXPECT_EQ(grid_.Cells().MaxRows(), 2);
   EXPECT_TRUE(grid_.Cells().Redraw());
@@ -227,7 +227,7 @@ TEST_F(ItemGridTest, KeepsTheRowsFilledBeforeAReadFailed) {
   factory_.FailCall(call);
   grid_.LoadItemGrid(u"01");
   EXPECT_EQ(log_.Count("result.MoveNext() fails"), 1u);
-  EXPECT_TRUE(log_.Lines().back().starts_with("tell information \"岚禾提示\": ")) << log_.Text();
+  EXPECT_TRUE(log_.Lines().back().starts_with("message information \"岚禾提示\": ")) << log_.Text();
   EXPECT_EQ(Texts(), (Strings{"01.001|螺栓|M8||", "||||"}));
   EXPECT_EQ(Locks(), "---- ---- ");  // locking is skipped
   EXPECT_FALSE(grid_.Cells().Redraw());
@@ -241,13 +241,14 @@ TEST_F(ItemGridTest, ShowsAMessageWhenFewerRowsArriveThanWereCounted) {
   factory_.Object(u"ZEPConnection.AppConnection")
       .On(u"Execute", Arguments({kItemsOf01}), factory_.Answering(u"short"));
   grid_.LoadItemGrid(u"01");
-  EXPECT_EQ(log_.Lines().back(), "tell information \"岚禾提示\": \"物料记录少于记录集报告的行数\"");
+  EXPECT_EQ(log_.Lines().back(),
+            "message information \"岚禾提示\": \"物料记录少于记录集报告的行数\"");
 }
 
 TEST_F(ItemGridTest, ShowsAMessageWhenNoRecordsetIsReturned) {
   AnswerNothing(factory_, kItemsOf01);
   grid_.LoadItemGrid(u"01");
-  EXPECT_EQ(log_.Lines().back(), "tell information \"岚禾提示\": \"未设置对象: 记录集\"");
+  EXPECT_EQ(log_.Lines().back(), "message information \"岚禾提示\": \"未设置对象: 记录集\"");
 }
 
 // Exactly one message per failure, no exception, and a later load repairs everything.
@@ -266,7 +267,8 @@ TEST_F(ItemGridTest, ShowsOneMessagePerFailureAndRecovers) {
       factory_.FailCall(0);
       const int calls = factory_.CallCount() - before;
       std::size_t messages = 0;
-      for (const std::string& line : log_.Lines()) messages += line.starts_with("tell information");
+      for (const std::string& line : log_.Lines())
+        messages += line.starts_with("message information");
       EXPECT_EQ(messages, failingCall == 0 ? 0u : 1u) << log_.Text();
       grid_.LoadItemGrid(u"01");
       EXPECT_EQ(Texts(), (Strings{"01.001|螺栓|M8||", "01.002|螺母|M10||"}));

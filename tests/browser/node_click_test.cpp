@@ -58,12 +58,12 @@ TEST_F(NodeClick, RestoresThePointerAfterAFailedLoad) {
                                "create ZEPConnection.AppConnection\n" +
                                ExecuteLine(kItemsOf01) +
                                "\nrelease ZEPConnection.AppConnection\n"
-                               "tell information \"岚禾提示\": \"表被锁定\"\n"
+                               "message information \"岚禾提示\": \"表被锁定\"\n"
                                "screen pointer 0\n"
                                "screen messages\n"));
 }
 
-TEST_F(NodeClick, RunsItsLaterStepsWhateverFails) {
+TEST_F(NodeClick, RunsItsLaterStepsAfterAnyFailure) {
   FailEachCallInTurn([&](int failingCall) {
     const int before = factory_.CallCount();
     log_.Clear();

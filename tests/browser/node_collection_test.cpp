@@ -34,7 +34,7 @@ TEST(NodeCollection, ContainsItsIndexesOnly) {
   for (const NodeIndex index : {kNoNode, -1, 3}) EXPECT_FALSE(nodes.Contains(index)) << index;
 }
 
-TEST(NodeCollection, RefusesANumberThatIsTakenAndKeepsTheFirstNode) {
+TEST(NodeCollection, RefusesANumberInUseAndKeepsTheFirstNode) {
   NodeCollection nodes;
   nodes.Add({}, u"物料");
   nodes.Add(NodeId::OfClass(u"01"), u"01(甲)");

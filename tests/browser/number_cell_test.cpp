@@ -84,7 +84,7 @@ TEST(NumberCell, EndsTypingByMoveKeysButNotByThoseThatMoveInTheText) {
   }
 }
 
-TEST(NumberCell, TakesFullWidthDigitsAndPoints) {
+TEST(NumberCell, AcceptsFullWidthDigitsAndPoints) {
   EXPECT_EQ(Utf8(CellCharacters(u"１２．５０")), "12.50");
   EXPECT_EQ(CellCharacter(u'。'), u'.');
   for (const char16_t other : {u'7', u'.', u'，', u'Ａ', u'－', u'中'}) {

@@ -36,7 +36,7 @@ class PrintCommandsTest : public BrowserFixture {
   }
 
   // What follows a change of the font to size 12, bold, of that name.
-  static std::string TakingKaiTi() {
+  static std::string ApplyingKaiTi() {
     return Lines(R"(
                font tree 楷体 12.0 bold
                font label 楷体 12.0 bold
@@ -52,10 +52,10 @@ class PrintCommandsTest : public BrowserFixture {
                )");
   }
   static Font KaiTi() { return {u"楷体", 12, true, false}; }
-  std::size_t Told() const {
-    std::size_t told = 0;
-    for (const std::string& line : log_.Lines()) told += line.starts_with("tell ");
-    return told;
+  std::size_t MessageCount() const {
+    std::size_t count = 0;
+    for (const std::string& line : log_.Lines()) count += line.starts_with("message ");
+    return count;
   }
 
   PrintDocument document_;
@@ -81,7 +81,7 @@ TEST_F(PrintCommandsTest, PrintWhatTheGridShows) {
 TEST_F(PrintCommandsTest, ApplyAndStoreAFontChangedInThePreview) {
   output_.onPreview = [&](PrintDocument&) { document_.font = KaiTi(); };
   commands_.Preview();
-  EXPECT_EQ(log_.Text(), ReadingTitleFont() + "output preview\n" + TakingKaiTi());
+  EXPECT_EQ(log_.Text(), ReadingTitleFont() + "output preview\n" + ApplyingKaiTi());
   EXPECT_EQ(grid_.Cells().CellFont(), KaiTi());
   log_.Clear();
   output_.onPreview = nullptr;
@@ -136,7 +136,7 @@ void StopsAtEachFailure(CallLog& log, RecordingFactory& factory,
     if (line->find("ZEPPropsMgr.ShareProps") != std::string::npos) return calls;
     EXPECT_EQ(calls, failingCall) << log.Text();
     while (++line < lines.end() - 1) EXPECT_TRUE(line->starts_with("release ")) << log.Text();
-    EXPECT_EQ(log.Lines().back(), "tell information \"岚禾提示\": \"第 " +
+    EXPECT_EQ(log.Lines().back(), "message information \"岚禾提示\": \"第 " +
                                       std::to_string(before + failingCall) + " 次调用失败\"");
     return calls;
   });
@@ -163,7 +163,7 @@ TEST_F(PrintCommandsTest, ReportNothingWhenAFontCannotBeAppliedOrStored) {
     factory_.FailCall(failingCall == 0 ? 0 : previewCalls + failingCall);
     commands_.Preview();
     factory_.FailCall(0);
-    EXPECT_EQ(Told(), 0u) << log_.Text();
+    EXPECT_EQ(MessageCount(), 0u) << log_.Text();
     EXPECT_EQ(log_.Count("output preview"), 1u);
     EXPECT_EQ(document_.font, KaiTi());
     EXPECT_EQ(factory_.LiveObjects(), 0);
@@ -178,11 +178,12 @@ TEST_F(PrintCommandsTest, ReportAnyException) {
       {[] { throw AutomationError(ErrorNumber::Unspecified, u"卡纸"); }, "卡纸"},
       {[] { throw AutomationError(ErrorNumber::Unspecified, u""); }, "意外错误"},
       {[] { throw 1; }, "意外错误"}};
-  for (const auto& [failure, told] : failures) {
+  for (const auto& [failure, message] : failures) {
     log_.Clear();
     output_.onPrint = failure;
     EXPECT_NO_THROW(commands_.Print());
-    EXPECT_EQ(log_.Lines().back(), std::string("tell information \"岚禾提示\": \"") + told + "\"");
+    EXPECT_EQ(log_.Lines().back(),
+              std::string("message information \"岚禾提示\": \"") + message + "\"");
   }
 }
 
@@ -190,11 +191,11 @@ TEST_F(PrintCommandsTest, ReportAnyException) {
 class PrintingQuestions final : public UserQuestions {
  public:
   void ShowMessage(std::u16string_view, std::u16string_view, MessageIcon) override {
-    if (onTell) onTell();
+    if (onMessage) onMessage();
     throw AutomationError(ErrorNumber::Unspecified, u"no box");
   }
   bool Confirm(std::u16string_view, std::u16string_view, MessageIcon) override { return false; }
-  std::function<void()> onTell;
+  std::function<void()> onMessage;
 };
 
 TEST_F(PrintCommandsTest, RunAgainWhileAndAfterAMessageThatFails) {
@@ -202,7 +203,7 @@ TEST_F(PrintCommandsTest, RunAgainWhileAndAfterAMessageThatFails) {
   Environment environment{factory_, processState_, questions, screen_, u"Host"};
   PrintCommands commands{environment, grid_.Cells(), document_, output_, font_};
   output_.onPrint = [] { throw std::bad_alloc(); };
-  questions.onTell = [&] {
+  questions.onMessage = [&] {
     output_.onPrint = nullptr;
     commands.Print();
     EXPECT_EQ(log_.Count("output print"), 2u);
@@ -260,7 +261,7 @@ TEST_F(PrintCommandsTest, ShowNoFailureOnceTheControlHasEnded) {
 TEST_F(PrintCommandsTest, ApplyAndStoreAChosenFont) {
   dialog_.chosen = KaiTi();
   commands_.ChooseDisplayFont(dialog_);
-  EXPECT_EQ(log_.Text(), "dialog 宋体 9.0 flags 515\n" + TakingKaiTi());
+  EXPECT_EQ(log_.Text(), "dialog 宋体 9.0 flags 515\n" + ApplyingKaiTi());
   EXPECT_EQ(document_.font, KaiTi());
 }
 
@@ -286,7 +287,7 @@ TEST_F(PrintCommandsTest, ReportADialogThatFails) {
   commands_.ChooseDisplayFont(dialog_);
   EXPECT_EQ(log_.Text(), Lines(R"(
       dialog 宋体 9.0 flags 515
-      tell information "岚禾提示": "对话框出错"
+      message information "岚禾提示": "对话框出错"
       )"));
 }
 

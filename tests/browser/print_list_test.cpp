@@ -87,7 +87,7 @@ TEST_F(PrintListTest, KeepsABarInsideATextInItsCell) {
   EXPECT_EQ(Filled(), kColumns + "row \"A|B\" \"|\" \"M8\" \"1\"\n");
 }
 
-TEST_F(PrintListTest, KeepsItsOwnTitlesWhateverTheGridsAre) {
+TEST_F(PrintListTest, UsesItsOwnTitlesInsteadOfTheGrids) {
   Cells().SetText(1, kTitleRow, u"编号");
   EXPECT_EQ(Filled(), kColumns);
 }
@@ -99,7 +99,7 @@ TEST_F(PrintListTest, HasThreeHeaderAndTwoFooterLinesInTheTitleFont) {
   EXPECT_EQ(Readable(document), PrintedList("新細明體 136", ""));
 }
 
-TEST_F(PrintListTest, HasItsLinesInSongAndTheGivenCharacterSetWithoutATitleFont) {
+TEST_F(PrintListTest, HasItsLinesInSongAndTheRequestedCharacterSetWithoutATitleFont) {
   PrintDocument document;
   SetPageLines({u"", 9, false, false, false, 136}, document);
   FillPrintTable(Cells(), document.table);

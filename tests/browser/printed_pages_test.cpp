@@ -103,7 +103,7 @@ TEST_F(PrintedPages, ReportsATextThatCannotBeMeasured) {
   output_.measurer.failingCall = 3;
   commands_.Preview();
   EXPECT_EQ(log_.Text(),
-            ReadingTitleFont() + "tell information \"岚禾提示\": \"measuring failed\"\n");
+            ReadingTitleFont() + "message information \"岚禾提示\": \"measuring failed\"\n");
 }
 
 struct PaperSizeCase {

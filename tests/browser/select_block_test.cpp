@@ -37,7 +37,7 @@ TEST_F(SelectBlockTest, SetsTheFourEndsInOrder) {
       )"));
 }
 
-TEST_F(SelectBlockTest, TakesTheWholeGridForMissingEnds) {
+TEST_F(SelectBlockTest, SelectsTheWholeGridForMissingEnds) {
   SelectBlock(grid_, Missing{}, Missing{}, Missing{}, Missing{});
   EXPECT_EQ(log_.Text(), Lines(R"(
       put grid.Col = 1
@@ -49,7 +49,7 @@ TEST_F(SelectBlockTest, TakesTheWholeGridForMissingEnds) {
       )"));
 }
 
-TEST_F(SelectBlockTest, PassesOnWhatItIsGivenAndLooksBehindReferences) {
+TEST_F(SelectBlockTest, PassesItsArgumentsOnAndFollowsReferences) {
   Value column(2.5);
   Value missing{Missing{}};
   SelectBlock(grid_, Value::ByReference(column), Value::ByReference(missing), u"7", Value());

@@ -45,7 +45,7 @@ TEST_F(TypeAheadTest, GoesOnWithTheSameCharacterInEitherCase) {
   EXPECT_EQ(Type(u'b'), 3);
 }
 
-TEST_F(TypeAheadTest, TakesARepeatedCharacterAsTypedWhereATextBeginsSo) {
+TEST_F(TypeAheadTest, MatchesARepeatedCharacterLiterallyWhereATextBeginsSo) {
   EXPECT_EQ(Type(u'0'), 2);
   EXPECT_EQ(Type(u'0'), 6);
   EXPECT_EQ(Type(u'1'), 6);

@@ -143,7 +143,7 @@ TEST_F(Commands, ImportNamesANulByte) {
   }
 }
 
-TEST_F(Commands, ExportGivesWhatImportTakesBack) {
+TEST_F(Commands, ExportWritesWhatImportReads) {
   ASSERT_EQ(Run({"create", Company()}), kDone);
   const std::string items = folder_.PathOf("物料.csv");
   const std::string accounts = folder_.PathOf("科目.csv");
@@ -229,7 +229,7 @@ TEST_F(Commands, CheckListsWhatIsWrongAndChangesNothing) {
   EXPECT_TRUE(folder_.Read("公司.db") == before);
 }
 
-TEST_F(Commands, ExplainGivesEveryReasonWithPeriodsAmountsAndVouchers) {
+TEST_F(Commands, ExplainListsEveryReasonWithPeriodsAmountsAndVouchers) {
   ASSERT_EQ(Run({"create", Company()}), kDone);
   EXPECT_EQ(Run({"explain", Company(), "没有"}), kFailed);
   EXPECT_EQ(err_.str(), "workbench: 公司中没有这个类别或物料: 没有\n");

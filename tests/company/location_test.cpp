@@ -42,7 +42,7 @@ TEST(Location, KeepsEveryEntryForTheDriverWithoutBlanksAround) {
             "A=1;Driver={x ; y};PWD=z");
 }
 
-TEST(Location, TakesPasswordsOutOfMessages) {
+TEST(Location, RemovesPasswordsFromMessages) {
   EXPECT_EQ(WithoutSecrets("login 'sa' with 'zwei' or {p;Driver=w}}d} or drei at db", kWhole),
             "login 'sa' with '***' or *** or *** at db");
   EXPECT_EQ(WithoutSecrets("nothing", "Driver=x;PWD="), "nothing");
@@ -76,7 +76,7 @@ TEST(Location, NeverShowsThePasswordOfACarelessText) {
   }
 }
 
-TEST(Location, TakesAnUnclosedValueOutOfMessages) {
+TEST(Location, RemovesAnUnclosedValueFromMessages) {
   EXPECT_EQ(WithoutSecrets("no {Post;Server=x, no Post;Server=x", "Driver={Post;Server=x"),
             "no ***, no ***");
 }

@@ -25,7 +25,7 @@ class HostListener : public LocalObject<HostListener> {
   }
 
   std::vector<std::string> heard;
-  std::function<void()> whenTold;
+  std::function<void()> whenNotified;
   bool fails = false;
 
  private:
@@ -39,7 +39,7 @@ class HostListener : public LocalObject<HostListener> {
     listener.heard.push_back(
         what + Utf8(ToText(tool->Get(u"Name"))) + (is(u"Enabled") ? " on" : " off") +
         (is(u"Checked") ? " checked" : "") + (is(u"Visible") ? "" : " hidden"));
-    if (listener.whenTold) listener.whenTold();
+    if (listener.whenNotified) listener.whenNotified();
     if (listener.fails) throw AutomationError(ErrorNumber::Unspecified, u"listener");
     return {};
   }
@@ -147,7 +147,7 @@ TEST_F(CommandBarTest, KeepsTheTextsOfAToolThatIsAddedAgain) {
   EXPECT_EQ(Described(Of(Tools(), u"Item", {u"iInsert"})), R"("iInsert" "新增" "" "" )");
 }
 
-TEST_F(CommandBarTest, AddsAToolToTheBandWhoseToolsTakeIt) {
+TEST_F(CommandBarTest, AddsAToolToTheBandOfTheCollection) {
   const ObjectPtr tools = Of(Of(bar_, u"Bands", {1}), u"Tools");
   const ObjectPtr added = Of(tools, u"Add", {u"iRefresh", u"刷新"});
   EXPECT_EQ(TextOf(tools, u"Count"), "5");
@@ -285,7 +285,7 @@ TEST_F(CommandBarTest, ReleasesItsListenerWhenItIsDetached) {
 
 TEST_F(CommandBarTest, MayGetAnotherListenerInsideACall) {
   const auto next = std::make_shared<HostListener>();
-  listener_->whenTold = [&] { bar_->PutReference(u"Listener", next); };
+  listener_->whenNotified = [&] { bar_->PutReference(u"Listener", next); };
   bar_->PutReference(u"Listener", listener_);
   const std::weak_ptr<HostListener> first = listener_;
   listener_.reset();
@@ -343,7 +343,7 @@ TEST_F(CommandBarTest, LivesAsLongAsItsCollections) {
   EXPECT_FALSE(bar.expired());
 }
 
-TEST_F(CommandBarTest, AddsACheckToolInWhateverCaseItsNameIs) {
+TEST_F(CommandBarTest, AddsACheckToolWithItsNameInAnyCase) {
   EXPECT_EQ(Of(Tools(), u"Add", {u"itoolbar"}), bar_->CheckTool(u"iToolBar"));
   EXPECT_EQ(Of(Tools(), u"Add", {u"MNUVIEWSTATUSBAR"}), bar_->CheckTool(u"mnuViewStatusBar"));
   EXPECT_EQ(TextOf(Of(Tools(), u"Item", {u"iToolBar"}), u"Checked"), "True");

@@ -36,7 +36,7 @@ TEST(Commands, PutEightButtonsOnTheToolStripInTheirPublicOrder) {
                                                "sp3|||separator", "Exit|退出|退出系统"}));
 }
 
-TEST(Commands, GiveEveryButtonAnIconOfItsOwn) {
+TEST(Commands, HaveADifferentIconForEveryButton) {
   std::set<int> icons;
   for (const ControlCommand* button : CommandsOn(surface::kToolStrip)) {
     EXPECT_EQ(button->icon == 0, button->separator) << Utf8(button->key);

@@ -79,7 +79,7 @@ class ControlWorld {
   }
   std::size_t Messages() const {
     std::size_t count = 0;
-    for (const std::string& line : log.Lines()) count += line.starts_with("tell ");
+    for (const std::string& line : log.Lines()) count += line.starts_with("message ");
     return count;
   }
 

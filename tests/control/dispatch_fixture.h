@@ -68,7 +68,7 @@ class Dispatch : public ::testing::Test {
            "grid changed 2 rows\n";
   }
   static constexpr const char* kRefusal =
-      "tell information \"岚禾提示\": \"没有权限,请与系统管理员联系\"\n";
+      "message information \"岚禾提示\": \"没有权限,请与系统管理员联系\"\n";
 
   ControlWorld world_;
   std::unique_ptr<RecordingGridView> gridView_;

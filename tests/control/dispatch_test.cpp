@@ -132,10 +132,10 @@ TEST_F(Dispatch, AsksForAClassInTheHostsOwnCallsAndReloadsNothing) {
   Start();
   world_.control->ItemCells().Attach(nullptr);
   EXPECT_EQ(Control().editRecord(), Value());
-  EXPECT_EQ(world_.log.Text(), "tell information \"岚禾提示\": \"请选择要修改的物料类别\"\n");
+  EXPECT_EQ(world_.log.Text(), "message information \"岚禾提示\": \"请选择要修改的物料类别\"\n");
   world_.log.Clear();
   EXPECT_EQ(Control().delRecord(), Value());
-  EXPECT_EQ(world_.log.Text(), "tell information \"岚禾提示\": \"请选择要删除的物料类别\"\n");
+  EXPECT_EQ(world_.log.Text(), "message information \"岚禾提示\": \"请选择要删除的物料类别\"\n");
 }
 
 TEST_F(Dispatch, RunsNoDisabledCommand) {

@@ -45,13 +45,13 @@ TEST_F(Dispatch, AsksForAClassInASecondEditAndReloadsAnyway) {
   Control().CommandChosen(Button(u"Edit"));
   EXPECT_EQ(world_.log.Text(),
             "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 4194304)\n"
-            "tell information \"岚禾提示\": \"请选择要修改的物料类别\"\n" +
+            "message information \"岚禾提示\": \"请选择要修改的物料类别\"\n" +
                 Reload());
   world_.log.Clear();
   Control().CommandChosen(Button(u"Del"));
   EXPECT_EQ(world_.log.Text(),
             "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 65536)\n"
-            "tell information \"岚禾提示\": \"请选择要删除的物料类别\"\n" +
+            "message information \"岚禾提示\": \"请选择要删除的物料类别\"\n" +
                 Reload());
   Control().NodeClicked(2);
   Control().CommandChosen(Button(u"Edit"));

@@ -167,7 +167,7 @@ TEST_F(FindInControl, ForgetsTheFoundClassWhenTheTreeIsReloaded) {
   EXPECT_EQ(Log(), "find close tree\n");
 }
 
-TEST_F(FindInControl, SearchesTheTreeAnewWhenADeletionReloadsIt) {
+TEST_F(FindInControl, SearchesTheTreeAgainWhenADeletionReloadsIt) {
   AnswerStatement(world_.factory, kTreeStatement, ClassRows({{u"02", u"成品"}}));
   AnswerStatement(world_.factory, kVoucher, Rows({u"FVoucherID"}, {}));
   AnswerStatement(world_.factory, kHistory, Rows({u"FItemID"}, {}));

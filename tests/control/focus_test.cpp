@@ -20,7 +20,7 @@ TEST(FocusOrder, GoesFromStopToStopAndOut) {
   EXPECT_EQ(NextStop(kAllOpen, 0, true, false), std::nullopt);
 }
 
-TEST(FocusOrder, WrapsAroundWhereTheHostTakesNoKeys) {
+TEST(FocusOrder, WrapsAroundWhereTheHostAcceptsNoKeys) {
   EXPECT_EQ(NextStop(kAllOpen, 2, false, true), 0u);
   EXPECT_EQ(NextStop(kAllOpen, 0, true, true), 2u);
 }

@@ -27,12 +27,12 @@ class RecordingEvents : public HostEvents {
     Log("event failed " + std::to_string(failure.code) + " " + Quoted(failure.description));
   }
 
-  std::function<void()> whenTold;
+  std::function<void()> whenNotified;
 
  private:
   void Log(const std::string& line) {
     log_.Add(line);
-    if (whenTold) std::exchange(whenTold, nullptr)();
+    if (whenNotified) std::exchange(whenNotified, nullptr)();
   }
 
   CallLog log_;
@@ -43,7 +43,7 @@ class ControlEvents : public Dispatch {
   ControlEvents() { world_.events = events_; }
 
   // The lines of the events alone.
-  std::string Told() const {
+  std::string EventLines() const {
     std::string text;
     for (const std::string& line : world_.log.Lines()) {
       if (line.starts_with("event ")) text += line + "\n";
@@ -61,22 +61,22 @@ class ControlEvents : public Dispatch {
   std::shared_ptr<RecordingEvents> events_ = std::make_shared<RecordingEvents>(world_.log);
 };
 
-TEST_F(ControlEvents, TellTheClassThatIsShownFirst) {
+TEST_F(ControlEvents, ReportTheClassThatIsShownFirst) {
   world_.CreateAndInitialize();
   world_.control->Show(nullptr);
-  EXPECT_EQ(Told(), "event selection \"01\"\n");
+  EXPECT_EQ(EventLines(), "event selection \"01\"\n");
 }
 
-TEST_F(ControlEvents, TellAnotherSelectionAndNotTheSameAgain) {
+TEST_F(ControlEvents, ReportAnotherSelectionAndNotTheSameAgain) {
   Start();
   Control().NodeClicked(1);
   Control().NodeClicked(1);
   Control().NodeClicked(2);
-  EXPECT_EQ(Told(), "event selection \"\"\nevent selection \"01\"\n");
+  EXPECT_EQ(EventLines(), "event selection \"\"\nevent selection \"01\"\n");
 }
 
 // Messages run at the end of a click: a click on another node may be among them.
-TEST_F(ControlEvents, TellOnlyTheSelectionThatIsLeftByClicksInsideOneAnother) {
+TEST_F(ControlEvents, ReportOnlyTheFinalSelectionOfNestedClicks) {
   Start();
   Control().NodeClicked(1);
   bool clicked = false;
@@ -84,57 +84,57 @@ TEST_F(ControlEvents, TellOnlyTheSelectionThatIsLeftByClicksInsideOneAnother) {
     if (!std::exchange(clicked, true)) Control().NodeClicked(1);
   };
   Control().NodeClicked(2);
-  EXPECT_EQ(Told(), "event selection \"\"\n") << "the root, which the host knows";
+  EXPECT_EQ(EventLines(), "event selection \"\"\n") << "the root, which the host knows";
   world_.screen.onMessages = nullptr;
   Control().NodeClicked(2);
-  EXPECT_EQ(Told(), "event selection \"\"\nevent selection \"01\"\n");
+  EXPECT_EQ(EventLines(), "event selection \"\"\nevent selection \"01\"\n");
 }
 
-TEST_F(ControlEvents, TellNoSelectionWhoseMessagesEndTheControl) {
+TEST_F(ControlEvents, ReportNoSelectionWhoseMessagesEndTheControl) {
   Start();
   Control().ItemCells().Attach(nullptr);
   world_.screen.onMessages = [&] { Control().Terminate(); };
   Control().NodeClicked(1);
-  EXPECT_EQ(Told(), "event closing\n");
+  EXPECT_EQ(EventLines(), "event closing\n");
 }
 
-TEST_F(ControlEvents, TellADeletedClassBeforeTheRootIsSelected) {
+TEST_F(ControlEvents, ReportADeletedClassBeforeTheRootIsSelected) {
   Start();
   ScriptDeletion();
   Control().delRecord();
-  EXPECT_EQ(Told(), "event class 3 \"01\"\nevent selection \"\"\n");
+  EXPECT_EQ(EventLines(), "event class 3 \"01\"\nevent selection \"\"\n");
 }
 
-TEST_F(ControlEvents, TellNothingOfADeletionThatTheUserRefuses) {
+TEST_F(ControlEvents, ReportNoDeletionThatTheUserRefuses) {
   Start();
   world_.questions.WillAnswer({false});
   Control().delRecord();
-  EXPECT_EQ(Told(), "");
+  EXPECT_EQ(EventLines(), "");
 }
 
 TEST_F(ControlEvents, LeaveTheTreeAloneWhenADeletionEndsTheControl) {
   Start();
   Control().ItemCells().Attach(nullptr);
   ScriptDeletion();
-  events_->whenTold = [this] { Control().Terminate(); };
+  events_->whenNotified = [this] { Control().Terminate(); };
   Control().delRecord();
-  EXPECT_EQ(Told(), "event class 3 \"01\"\nevent closing\n");
+  EXPECT_EQ(EventLines(), "event class 3 \"01\"\nevent closing\n");
   EXPECT_EQ(world_.log.Count("tree clear"), 0u);
 }
 
-TEST_F(ControlEvents, TellTheEndOnceAndNothingAfterIt) {
+TEST_F(ControlEvents, ReportTheEndOnceAndNothingAfterIt) {
   Start();
   Control().ItemCells().Attach(nullptr);
   Control().Terminate();
   Control().Terminate();
   Control().CommandFailed({-5, u"late", u""});
-  EXPECT_EQ(Told(), "event closing\n");
+  EXPECT_EQ(EventLines(), "event closing\n");
 }
 
-TEST_F(ControlEvents, TellAFailedCommand) {
+TEST_F(ControlEvents, ReportAFailedCommand) {
   Start();
   Control().CommandFailed({-5, u"没有连接", u"suite"});
-  EXPECT_EQ(Told(), "event failed -5 \"没有连接\"\n");
+  EXPECT_EQ(EventLines(), "event failed -5 \"没有连接\"\n");
 }
 
 }  // namespace

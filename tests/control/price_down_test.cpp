@@ -184,18 +184,18 @@ TEST(Initialize, LeavesThePeriodEmptyWhenItCannotBeRead) {
 }
 
 TEST(Initialize, ShowsAYearOrPeriodThatIsZero) {
-  struct Given {
+  struct Case {
     Value year;
     Value period;
     const char* label;
   };
-  for (const Given& given : {Given{u"0", u"0", "0年第0期"}, Given{Value(), Value(), "0年第0期"},
-                             Given{u"2008", u"0", "2008年第0期"}}) {
+  for (const Case& example : {Case{u"0", u"0", "0年第0期"}, Case{Value(), Value(), "0年第0期"},
+                              Case{u"2008", u"0", "2008年第0期"}}) {
     ControlWorld world;
-    world.company.year = given.year;
-    world.company.period = given.period;
+    world.company.year = example.year;
+    world.company.period = example.period;
     world.CreateAndInitialize();
-    EXPECT_EQ(world.log.Count(std::string("view period \"") + given.label + "\""), 1u)
+    EXPECT_EQ(world.log.Count(std::string("view period \"") + example.label + "\""), 1u)
         << world.log.Text();
   }
 }
@@ -257,7 +257,7 @@ bool IsReported(const std::vector<std::string>& lines, std::size_t failing) {
 }
 
 // Each failure is reported once, and all later steps still run.
-TEST(Initialize, CreatesACompleteControlWhateverFails) {
+TEST(Initialize, CreatesACompleteControlAfterAnyFailure) {
   for (const Value& mode : std::vector<Value>{u"1", u"2"}) {
     FailEachCallInTurn([&](int failingCall) {
       ControlWorld world;

@@ -87,7 +87,7 @@ TEST_F(Printing, ReportsAFailureToTheUserOnly) {
   Start();
   world_.output.onPrint = [] { throw AutomationError(kInjectedFailure, u"卡纸"); };
   EXPECT_EQ(FailureOf([&] { Control().PrintPara(); }), "");
-  EXPECT_EQ(world_.log.Lines().back(), "tell information \"岚禾提示\": \"卡纸\"");
+  EXPECT_EQ(world_.log.Lines().back(), "message information \"岚禾提示\": \"卡纸\"");
 }
 
 TEST_F(Printing, PrintsInAKeptFont) {

@@ -19,7 +19,7 @@ TEST_F(Dispatch, StatusNamesTheCurrentClassAndCountsItsItems) {
   EXPECT_EQ(Utf8(Control().StatusText()), "物料    共 0 项物料");
 }
 
-TEST_F(Dispatch, StatusAsksForAClassOnceTheFormHasTakenTheRows) {
+TEST_F(Dispatch, StatusAsksForAClassOnceTheFormHoldsTheRows) {
   Start();
   Control().editRecord();
   EXPECT_EQ(Utf8(Control().StatusText()), "请重新选择物料类别    共 2 项物料");
@@ -60,7 +60,7 @@ TEST_F(LongWorkTest, AWaitIsExpectedToBeAsLongAsTheOneBefore) {
   EXPECT_FALSE(work_.BeginWait(At(2000)));
 }
 
-TEST_F(LongWorkTest, AFillIsMeasuredApart) {
+TEST_F(LongWorkTest, AFillIsMeasuredSeparately) {
   work_.BeginFill(At(5000));
   EXPECT_FALSE(work_.FillIsLong(At(5300)));
   EXPECT_TRUE(work_.FillIsLong(At(5301)));

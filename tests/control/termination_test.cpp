@@ -77,7 +77,7 @@ TEST_F(Termination, RunsInTheControlsDestructor) {
   EXPECT_EQ(world_.factory.LiveObjects(), 0);
 }
 
-TEST_F(Termination, ReleasesEverythingWhateverFails) {
+TEST_F(Termination, ReleasesEverythingAfterAnyFailure) {
   FailEachCallInTurn([&](int failingCall) {
     ControlWorld world;
     world.CreateAndInitialize();

@@ -91,7 +91,7 @@ TEST_F(AccountLookup, ShowsAnErrorAfterALineBreakAndLeavesTheText) {
   EXPECT_EQ(world.log.Text(), Lines(R"(
       create ZEPEBCGLView.GLView
       ZEPEBCGLView.GLView.AccountLookup("5711")
-      tell no icon "岚禾提示": "\r\n登录超时"
+      message no icon "岚禾提示": "\r\n登录超时"
       )"));
   EXPECT_EQ(Utf8(world.view.Text(FormField::LossAccount)), "5711");
 }
@@ -103,7 +103,7 @@ TEST_F(AccountLookup, ReportsThatThereIsNoPicker) {
   world.form.LookupRequested(FormField::LossAccount);
   EXPECT_EQ(world.log.Text(), Lines(R"(
       create ZEPEBCGLView.GLView
-      tell no icon "岚禾提示": "\r\n不能创建对象: ZEPEBCGLView.GLView"
+      message no icon "岚禾提示": "\r\n不能创建对象: ZEPEBCGLView.GLView"
       )"));
 }
 
@@ -112,12 +112,12 @@ TEST_F(AccountLookup, ShowsErrorsOfAnyKind) {
   PickerAnswers(world.factory, Reply(5));
   world.OpenForEdit();
   world.form.LookupRequested(FormField::LossAccount);
-  EXPECT_EQ(world.log.Count(R"(tell no icon "岚禾提示": "\r\n未设置对象: ReturnObject")"), 1u);
+  EXPECT_EQ(world.log.Count(R"(message no icon "岚禾提示": "\r\n未设置对象: ReturnObject")"), 1u);
   world.screen.onMessages = [] { throw std::runtime_error("out of handles"); };
   world.factory.Object(u"result").On(u"ReturnObject", world.factory.Answering(u"account"));
   world.log.Clear();
   world.form.LookupRequested(FormField::LossAccount);
-  EXPECT_EQ(world.log.Count(R"(tell no icon "岚禾提示": "\r\n意外错误")"), 1u);
+  EXPECT_EQ(world.log.Count(R"(message no icon "岚禾提示": "\r\n意外错误")"), 1u);
 }
 
 TEST_F(AccountLookup, SurvivesAFormThatIsClosedInTheMeantime) {
@@ -153,7 +153,7 @@ TEST(AccountLookupFailures, AreShownAndEndTheLookup) {
     const bool written = whole || world.log.Count("screen messages fails") > 0;
     EXPECT_EQ(Utf8(world.view.Text(FormField::LossAccount)), written ? "1281.10" : "5711");
     std::size_t messages = 0;
-    for (const std::string& line : world.log.Lines()) messages += line.rfind("tell", 0) == 0;
+    for (const std::string& line : world.log.Lines()) messages += line.rfind("message", 0) == 0;
     EXPECT_EQ(messages, whole ? 0u : 1u);
     world.form.Unload();
     world.state.ledgerView.reset();

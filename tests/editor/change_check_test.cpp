@@ -72,7 +72,7 @@ TEST_F(ChangeCheck, FindsNoHeaderInAnEmptyListOrInNulls) {
   EXPECT_FALSE(Carried(world));
 }
 
-TEST_F(ChangeCheck, LooksAtTheFirstRowWhateverTheCurrentOne) {
+TEST_F(ChangeCheck, ReadsTheFirstRowAndNotTheCurrentOne) {
   OpenForEdit();
   form.MemberList().MoveFirst();
   form.MemberList().MoveNext();

@@ -70,7 +70,7 @@ TEST_F(CheckDataTest, RefusesAnEmptyNumberAndLeavesTheSavedFlag) {
   EXPECT_FALSE(Passes());
   EXPECT_TRUE(form.State().saved);
   EXPECT_EQ(log.Text(), Lines(R"(
-      tell information "岚禾提示": "请输入数字,物料类别代码不能为空！"
+      message information "岚禾提示": "请输入数字,物料类别代码不能为空！"
       focus itemClassNumber
       disable Save
       )"));
@@ -92,7 +92,7 @@ TEST_F(CheckDataTest, RefusesAnEmptyName) {
   EXPECT_FALSE(Passes());
   EXPECT_FALSE(form.State().saved);
   EXPECT_EQ(log.Text(), Lines(R"(
-      tell information "岚禾提示": "请输入物料类别名称，物料类别名称不能为为空值"
+      message information "岚禾提示": "请输入物料类别名称，物料类别名称不能为为空值"
       focus ItemClassName
       disable Save
       )"));
@@ -124,7 +124,7 @@ TEST_P(Percentages, AreChecked) {
   if (passes) {
     EXPECT_EQ(world.log.Count("focus txtPencent"), 0u);
   } else {
-    EXPECT_EQ(world.log.Text(), std::string("tell information \"岚禾提示\": \"") +
+    EXPECT_EQ(world.log.Text(), std::string("message information \"岚禾提示\": \"") +
                                     GetParam().message + "\"\nfocus txtPencent\n" +
                                     std::string(kDisabled));
   }
@@ -166,8 +166,9 @@ TEST_F(CheckDataTest, RefusesAnEmptyListWithoutMovingTheFocusOrAskingTheDatabase
   log.Clear();
   EXPECT_FALSE(Passes());
   EXPECT_FALSE(form.State().saved);
-  EXPECT_EQ(log.Text(), "tell information \"岚禾提示\": \"无物料的物料类别没有意义,请添加物料\"\n" +
-                            std::string(kDisabled));
+  EXPECT_EQ(log.Text(),
+            "message information \"岚禾提示\": \"无物料的物料类别没有意义,请添加物料\"\n" +
+                std::string(kDisabled));
 }
 
 TEST_F(CheckDataTest, RefusesAnUnknownLossAccountFirst) {
@@ -183,7 +184,7 @@ TEST_F(CheckDataTest, RefusesAnUnknownLossAccountFirst) {
       ZEPConnection.AppConnection.Execute("select FNumber from t_account")
       release result
       release ZEPConnection.AppConnection
-      tell information "岚禾提示": "请输入正确的存货跌价损失科目代码！"
+      message information "岚禾提示": "请输入正确的存货跌价损失科目代码！"
       focus txtitem(0)
       disable Save
       )"));
@@ -197,7 +198,7 @@ TEST_F(CheckDataTest, RefusesAnUnknownReserveAccount) {
   EXPECT_FALSE(Passes());
   EXPECT_FALSE(form.State().saved);
   EXPECT_THAT(log.Text(), HasSubstr(Lines(R"(
-      tell information "岚禾提示": "请输入正确的存货跌价准备科目代码！"
+      message information "岚禾提示": "请输入正确的存货跌价准备科目代码！"
       focus txtitem(1)
       )")));
 }
@@ -263,7 +264,7 @@ TEST_F(CheckDataTest, RefusesANumberOfAnotherClassInAnyCaseAndNamesTheStoredOne)
   EXPECT_FALSE(Passes());
   EXPECT_FALSE(form.State().saved);
   EXPECT_THAT(log.Text(), HasSubstr(Lines(R"(
-      tell information "岚禾提示": "已经存在代码为:AB01的物料类别,请重新输入物料类别代码！"
+      message information "岚禾提示": "已经存在代码为:AB01的物料类别,请重新输入物料类别代码！"
       focus itemClassNumber
       )")));
 }
@@ -303,7 +304,7 @@ TEST_F(CheckDataTest, ReportsOnlyTheFirstOfManyFailures) {
   view.Type(FormField::Percentage, u"1");
   log.Clear();
   EXPECT_FALSE(Passes());
-  EXPECT_THAT(log.Text(), ::testing::StartsWith("tell information")) << "the list is empty";
+  EXPECT_THAT(log.Text(), ::testing::StartsWith("message information")) << "the list is empty";
 }
 
 TEST(CheckDataFailures, ReachTheCallerWithoutAMessage) {
@@ -319,7 +320,7 @@ TEST(CheckDataFailures, ReachTheCallerWithoutAMessage) {
     const auto error = ErrorOf(check);
     const int calls = world.factory.CallCount() - before;
     EXPECT_EQ(error, failingCall == 0 ? std::nullopt : std::optional(kInjectedFailure));
-    EXPECT_THAT(world.log.Text(), ::testing::Not(HasSubstr("tell")));
+    EXPECT_THAT(world.log.Text(), ::testing::Not(HasSubstr("message ")));
     EXPECT_EQ(check(), std::nullopt);
     world.form.Unload();
     EXPECT_EQ(world.factory.LiveObjects(), 0);

@@ -124,7 +124,7 @@ TEST_F(FormCommands, CheckRecordSaveCallsNothingAndChangesNothing) {
   EXPECT_FALSE(form.State().saved);
 }
 
-TEST_F(FormCommands, SavingDisablesItsToolWhateverTheOutcome) {
+TEST_F(FormCommands, SavingDisablesItsToolOnSuccessAndRefusal) {
   AllowSave(false);
   OpenForEdit();
   form.ToolClicked(FormTool::Save);
@@ -170,7 +170,7 @@ TEST_F(FormCommands, AHugePercentageIsRefusedByTheCheckAndStopsNoOtherCommand) {
   log.Clear();
   form.ToolClicked(FormTool::Save);
   EXPECT_EQ(log.Text(), Lines(R"(
-      tell information "岚禾提示": "跌价比例有误,数值应位于0-100之间"
+      message information "岚禾提示": "跌价比例有误,数值应位于0-100之间"
       focus txtPencent
       disable Save
       )"));
@@ -253,7 +253,7 @@ TEST_F(FormCommands, ExitClosesWithoutSavingAnEmptiedNumberOnceSaved) {
   questions.WillAnswer({true});
   form.ToolClicked(FormTool::Exit);
   EXPECT_EQ(log.Text(), std::string(kAskChanged) + " -> yes\n" + Lines(R"(
-      tell information "岚禾提示": "请输入数字,物料类别代码不能为空！"
+      message information "岚禾提示": "请输入数字,物料类别代码不能为空！"
       focus itemClassNumber
       release ADODB.Recordset
       release ADODB.Recordset

@@ -26,7 +26,7 @@ TEST_F(ReadHeaderTest, KeepsTheTextsAsTheyAre) {
 }
 
 // Also where the number of the whole text is another one.
-TEST_F(ReadHeaderTest, TakesThePercentageByItsLeadingNumber) {
+TEST_F(ReadHeaderTest, ReadsThePercentageByItsLeadingNumber) {
   for (const std::u16string_view text :
        {u"12.5", u" 7 ", u"+5", u"5+", u"5-", u"- 3", u"-0", u"1e1", u"1d1", u".25", u"12.5x",
         u"1 2", u"1,5", u"101", u"&H20", u"&HFFFF", u"&O17", u"abc", u""}) {

@@ -147,13 +147,13 @@ TEST_F(ItemClassFormTest, FillsFieldsUpToTheirMaximumLength) {
   EXPECT_EQ(view.Text(FormField::LossAccount).size(), 60u);
 }
 
-TEST_F(ItemClassFormTest, TakesTheSnapshotOfTheShownFields) {
+TEST_F(ItemClassFormTest, StoresASnapshotOfTheShownFields) {
   OpenForEdit();
   EXPECT_EQ(form.State().savedValues, RawMaterials());
   EXPECT_FALSE(form.State().saved);
 }
 
-TEST_F(ItemClassFormTest, TakesAnEmptySnapshotForANewClass) {
+TEST_F(ItemClassFormTest, StoresAnEmptySnapshotForANewClass) {
   OpenForAdd();
   EXPECT_EQ(form.State().savedValues, ClassHeader());
 }

@@ -172,7 +172,7 @@ TEST_F(ItemLookup, CopiesTheFirstRowsHeaderIntoNewRowsAndNotTheFields) {
   EXPECT_THAT(Column(u"FPencentPrepare"), ElementsAre("12.5", "12.5", "12.5"));
 }
 
-TEST_F(ItemLookup, CopiesTheHeaderOfTheFirstRowWhateverTheCurrentOne) {
+TEST_F(ItemLookup, CopiesTheHeaderOfTheFirstRowAndNotOfTheCurrentOne) {
   ChooseOne(factory, u"washer");
   OpenForEdit();
   form.MemberList().MoveFirst();

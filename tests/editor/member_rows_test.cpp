@@ -40,7 +40,7 @@ TEST_F(MemberRowsTest, HoldTheTitlesAloneForAnEmptyList) {
   EXPECT_EQ(Text(rows, member_columns::kCode, 1), "物料代码");
 }
 
-TEST_F(MemberRowsTest, KeepACellWholeWhateverItHolds) {
+TEST_F(MemberRowsTest, KeepACellWholeWithAnyContent) {
   const MemberRows rows = Read({{7, u"01|7", u"a|b|", u"|"}});
   EXPECT_EQ(Text(rows, member_columns::kCode, 2), "01|7");
   EXPECT_EQ(Text(rows, member_columns::kName, 2), "a|b|");

@@ -60,7 +60,7 @@ TEST_F(RecordCopy, RepeatsNamesTypesSizesAndAttributesInOrder) {
   }
 }
 
-TEST_F(RecordCopy, RepeatsAllRowsWhateverTheSourcesPosition) {
+TEST_F(RecordCopy, RepeatsAllRowsFromAnyPositionOfTheSource) {
   source.MoveFirst();
   source.MoveNext();
   const Recordset copy = CopyList(factory, source);

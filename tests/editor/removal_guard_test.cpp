@@ -141,14 +141,14 @@ TEST_F(RemovalGuard, UsesTheUpdatedFilterAndRemovesOnlyTheFilteredRow) {
   EXPECT_THAT(MemberIds(), ElementsAre(101));
 }
 
-TEST_F(RemovalGuard, RefusesAnItemWithHistoryWhateverTheVoucher) {
+TEST_F(RemovalGuard, RefusesAnItemWithHistoryWithOrWithoutAVoucher) {
   Voucher(false);
   Answer(factory, u"01.001", {.history = OneRow()});
   OpenAndSelect({2});
   form.ToolClicked(FormTool::DelItem);
   EXPECT_EQ(TextBehindThePeriod(), "create ZEPConnection.AppConnection\n" +
                                        Executed(HistoryOf(u"01.001")) + "\n" + Lines(R"(
-      tell information "岚禾提示": "该物料(01.001)在以前期间已有业务发生，不得删除！"
+      message information "岚禾提示": "该物料(01.001)在以前期间已有业务发生，不得删除！"
       release result
       release ZEPConnection.AppConnection
       enable Save
@@ -162,7 +162,7 @@ TEST_F(RemovalGuard, RefusesAnItemWithAmountsOnceTheVoucherExists) {
   Answer(factory, u"01.001", {.amounts = OneRow()});
   OpenAndSelect({2});
   form.ToolClicked(FormTool::DelItem);
-  EXPECT_EQ(log.Count("tell information \"岚禾提示\": "
+  EXPECT_EQ(log.Count("message information \"岚禾提示\": "
                       "\"该物料(01.001)本期跌价准备数据已经生成凭证，不得删除！\""),
             1u);
   EXPECT_THAT(log.Text(), Not(HasSubstr("delete")));
@@ -175,7 +175,7 @@ TEST_F(RemovalGuard, RemovesAnItemWithoutAmountsUnderAVoucherAndDeletesNothing) 
   OpenAndSelect({2});
   form.ToolClicked(FormTool::DelItem);
   EXPECT_THAT(log.Text(), Not(HasSubstr("delete")));
-  EXPECT_THAT(log.Text(), Not(HasSubstr("tell")));
+  EXPECT_THAT(log.Text(), Not(HasSubstr("message ")));
   EXPECT_THAT(MemberIds(), ElementsAre(102));
 }
 
@@ -243,7 +243,7 @@ TEST_F(RemovalGuard, RefusesOneOfThreeAndRemovesTheOthers) {
   list.selected = {2, 3, 4};
   form.ToolClicked(FormTool::DelItem);
   EXPECT_THAT(MemberIds(), ElementsAre(102));
-  EXPECT_EQ(log.Count("tell information \"岚禾提示\": "
+  EXPECT_EQ(log.Count("message information \"岚禾提示\": "
                       "\"该物料(01.002)在以前期间已有业务发生，不得删除！\""),
             1u);
   EXPECT_EQ(log.Count("create ZEPConnection.AppConnection"), 3u) << "one for each row";
@@ -266,7 +266,7 @@ TEST_F(RemovalGuard, StopsWhenTheFormIsClosedDuringARefusal) {
   Voucher(false);
   Answer(factory, u"01.001", {.history = OneRow()});
   OpenAndSelect({2, 3});
-  questions.whileTold = [this] { form.Unload(); };
+  questions.whileShown = [this] { form.Unload(); };
   form.ToolClicked(FormTool::DelItem);
   const std::string text = log.Text();
   EXPECT_EQ(text.substr(text.find("unload")), Lines(R"(

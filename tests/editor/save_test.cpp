@@ -47,7 +47,7 @@ class Save : public EditorTest {
   }
 };
 
-TEST_F(Save, IsToldOnceTheClassIsWritten) {
+TEST_F(Save, IsReportedOnceTheClassIsWritten) {
   std::string told;
   const auto listen = [&](bool added, std::u16string_view number) {
     told += (added ? "added " : "changed ") + Utf8(number) + ";";

@@ -33,7 +33,7 @@ TEST_F(RightsTest, AreRefusedWithOneMessage) {
   EXPECT_EQ(log.Text(), Lines(R"(
       create ZEPEBCGLView.GLData
       ZEPEBCGLView.GLData.AccessCheck(1002, 35, 16)
-      tell information "岚禾提示": "没有权限,请与系统管理员联系"
+      message information "岚禾提示": "没有权限,请与系统管理员联系"
       )"));
 }
 

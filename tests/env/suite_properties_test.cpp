@@ -36,7 +36,7 @@ TEST_F(SuiteProperties, KeepAnObjectAnObject) {
   EXPECT_EQ(SharedProperty(factory, u"Connection"), Value(connection));
 }
 
-TEST_F(SuiteProperties, StringIsTextWhateverTheKindOfTheResult) {
+TEST_F(SuiteProperties, StringIsTextForAnyKindOfResult) {
   factory.Object(kShareProps)
       .On(u"GetProperty", Reply(Value()).Writing(1, u"LANGUAGE=chs"))
       .On(u"GetProperty", Reply(Value()).Writing(1, 12))

@@ -118,8 +118,8 @@ TEST(MessagesTest, CarryTheTitleAndTheirIcons) {
   EXPECT_TRUE(messages.Ask(u"删除?", MessageIcon::Question));
   EXPECT_FALSE(messages.Ask(u"保存?", MessageIcon::None));
   EXPECT_EQ(log.Text(), Lines(R"(
-      tell information "岚禾提示": "请选择要删除的物料类别"
-      tell no icon "岚禾提示": "\r\n超时"
+      message information "岚禾提示": "请选择要删除的物料类别"
+      message no icon "岚禾提示": "\r\n超时"
       ask question "岚禾提示": "删除?" -> yes
       ask no icon "岚禾提示": "保存?" -> no
       )"));

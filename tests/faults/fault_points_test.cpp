@@ -152,7 +152,7 @@ TEST(PrintFailure, ThatCannotBeCopiedLeavesPrintingAlive) {
   };
   EXPECT_NO_THROW(world.control->PreviewPara());
   FailAllocation(0);
-  EXPECT_EQ(world.log.Lines().back(), "tell information \"岚禾提示\": \"内存不足\"");
+  EXPECT_EQ(world.log.Lines().back(), "message information \"岚禾提示\": \"内存不足\"");
   world.paper->pageCount = 0;
   world.control->PrintPara();
   EXPECT_EQ(world.paper->pageCount, 1);

@@ -27,7 +27,7 @@ inline workbench::Database& Company() {
 }
 
 // Whether the dialect accepts the text; SQLite must accept what the dialect accepts.
-inline bool IsTaken(std::u16string_view text) {
+inline bool IsAccepted(std::u16string_view text) {
   workbench::SqliteSchema schema(Company().get());
   workbench::TranslatedText translated;
   try {

@@ -9,6 +9,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string bytes = input.ConsumeRemainingBytesAsString();
   std::u16string text;
   for (const char byte : bytes) text += static_cast<unsigned char>(byte);
-  IsTaken(text);
+  IsAccepted(text);
   return 0;
 }

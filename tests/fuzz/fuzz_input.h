@@ -20,7 +20,7 @@ inline std::u16string TextOf(const std::string& bytes) {
   return text;
 }
 
-inline std::u16string TakeText(FuzzedDataProvider& input) {
+inline std::u16string ConsumeText(FuzzedDataProvider& input) {
   return TextOf(input.ConsumeRandomLengthString(4096));
 }
 

@@ -9,7 +9,7 @@ namespace {
 
 std::u16string Wide(const std::string& digits) { return {digits.begin(), digits.end()}; }
 
-std::u16string TakeExclusion(FuzzedDataProvider& input) {
+std::u16string ConsumeExclusion(FuzzedDataProvider& input) {
   std::u16string list;
   const int count = input.ConsumeIntegralInRange(1, 200);
   for (int i = 0; i < count; ++i) {
@@ -23,12 +23,12 @@ std::u16string TakeExclusion(FuzzedDataProvider& input) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   FuzzedDataProvider input(data, size);
-  const std::u16string exclusion = TakeExclusion(input);
-  Require(IsTaken(workbench::IdsStatement(workbench::ItemTable(), exclusion)),
+  const std::u16string exclusion = ConsumeExclusion(input);
+  Require(IsAccepted(workbench::IdsStatement(workbench::ItemTable(), exclusion)),
           "the library's condition is taken");
   const std::u16string other = RestAsText(input);
   for (const auto* table : {&workbench::AccountTable(), &workbench::ItemTable()}) {
-    IsTaken(workbench::IdsStatement(*table, other));
+    IsAccepted(workbench::IdsStatement(*table, other));
   }
   return 0;
 }

@@ -16,10 +16,10 @@ bool Holds(const std::u16string& text, const std::u16string& part) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   FuzzedDataProvider input(data, size);
-  const std::u16string separator = TakeText(input);
-  const std::u16string name = TakeText(input);
-  const std::u16string value = TakeText(input);
-  const std::u16string other = TakeText(input);
+  const std::u16string separator = ConsumeText(input);
+  const std::u16string name = ConsumeText(input);
+  const std::u16string value = ConsumeText(input);
+  const std::u16string other = ConsumeText(input);
   const std::u16string text = RestAsText(input);
 
   SettingsEntry(text, name, separator);

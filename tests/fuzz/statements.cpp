@@ -12,7 +12,7 @@ namespace {
 
 void RequireHolds(const std::u16string& statement, const std::u16string& value) {
   Require(statement.find(value) != std::u16string::npos, "values stand in the text as they are");
-  IsTaken(statement);
+  IsAccepted(statement);
 }
 
 }  // namespace
@@ -22,7 +22,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const auto year = input.ConsumeIntegral<std::int32_t>();
   const auto period = input.ConsumeIntegral<std::int32_t>();
   const auto form = static_cast<statements::DeleteForm>(input.ConsumeIntegralInRange(0, 1));
-  const std::u16string first = TakeText(input);
+  const std::u16string first = ConsumeText(input);
   const std::u16string second = RestAsText(input);
 
   RequireHolds(statements::ItemsOfClass(first), first);
@@ -43,8 +43,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   // The embedded company refuses literals that hold a NUL.
   if (second.find(u'\0') == std::u16string::npos) {
-    Require(IsTaken(statements::UserSetting(year < 0 ? 0 : year, QuoteText(second, false, true))),
-            "a quoted text is one literal");
+    Require(
+        IsAccepted(statements::UserSetting(year < 0 ? 0 : year, QuoteText(second, false, true))),
+        "a quoted text is one literal");
   }
   return 0;
 }

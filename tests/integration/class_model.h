@@ -62,7 +62,7 @@ struct ClassModel {
     });
   }
   // Another class than `opening` has the number, whatever the case of its letters.
-  const std::string* Taken(const std::string& number, const std::string& opening) const {
+  const std::string* NumberInUse(const std::string& number, const std::string& opening) const {
     for (const auto& entry : classes) {
       if (entry.first != opening && UpperLatin(entry.first) == UpperLatin(number)) {
         return &entry.first;

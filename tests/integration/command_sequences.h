@@ -125,7 +125,7 @@ class CommandSequences : public ControlOnCompany {
     ASSERT_EQ(Provisions(), model_.ProvisionRows()) << "after " << after << trail_;
   }
   // The messages since the last call.
-  std::string Told() {
+  std::string NewMessages() {
     std::string messages = Messages();
     log.Clear();
     return messages;
@@ -142,7 +142,7 @@ class CommandSequences : public ControlOnCompany {
   void PickItems();
   void RemoveItems();
   void SaveForm();
-  void StartAnew();
+  void StartNewClass();
   void WorkInForm();
   // Checks that fields and list match the model.
   void ExpectForm();

@@ -80,9 +80,9 @@ void CommandSequences::RemoveItems() {
   // An empty list ends the command before the grid is shown again.
   if (!listed_.empty()) saved_ = false;
   listed_ = left;
-  Told();
+  NewMessages();
   Remove(rows);
-  EXPECT_EQ(Told(), expected) << trail_;
+  EXPECT_EQ(NewMessages(), expected) << trail_;
 }
 
 std::string CommandSequences::ExpectedRefusal() const {
@@ -99,8 +99,8 @@ std::string CommandSequences::ExpectedRefusal() const {
   };
   if (wrong(fields_.lossAccount)) return "请输入正确的存货跌价损失科目代码！";
   if (wrong(fields_.reserveAccount)) return "请输入正确的存货跌价准备科目代码！";
-  if (const std::string* taken = model_.Taken(fields_.number, opening_)) {
-    return "已经存在代码为:" + *taken + "的物料类别,请重新输入物料类别代码！";
+  if (const std::string* used = model_.NumberInUse(fields_.number, opening_)) {
+    return "已经存在代码为:" + *used + "的物料类别,请重新输入物料类别代码！";
   }
   return {};
 }
@@ -141,7 +141,7 @@ void CommandSequences::SaveForm() {
     opening_ = fields_.number;
   }
 }
-void CommandSequences::StartAnew() {
+void CommandSequences::StartNewClass() {
   if (!adding_) return;  // the tool is disabled
   std::string expected;
   bool throws = false;
@@ -164,7 +164,7 @@ void CommandSequences::StartAnew() {
     fields_ = {};
     saved_ = false;
   }
-  Told();
+  NewMessages();
   bool thrown = false;
   try {
     editor.Click(FormTool::Add);
@@ -173,7 +173,7 @@ void CommandSequences::StartAnew() {
   }
   questions.ForgetAnswers();
   EXPECT_EQ(thrown, throws) << trail_;
-  EXPECT_EQ(Told(), expected) << trail_;
+  EXPECT_EQ(NewMessages(), expected) << trail_;
 }
 
 void CommandSequences::WorkInForm() {
@@ -195,14 +195,14 @@ void CommandSequences::WorkInForm() {
         break;
       case 5:
         trail_ += " new";
-        StartAnew();
+        StartNewClass();
         break;
       default: {
         trail_ += " save";
         const std::string refusal = ExpectedRefusal();
         const bool throws = refusal.empty() && Throws();
         SaveForm();
-        Told();
+        NewMessages();
         bool thrown = false;
         try {
           editor.Click(FormTool::Save);
@@ -210,7 +210,7 @@ void CommandSequences::WorkInForm() {
           thrown = true;
         }
         EXPECT_EQ(thrown, throws) << trail_;
-        EXPECT_EQ(Told(), refusal.empty() ? "" : "\"" + refusal + "\"\n") << trail_;
+        EXPECT_EQ(NewMessages(), refusal.empty() ? "" : "\"" + refusal + "\"\n") << trail_;
         break;
       }
     }

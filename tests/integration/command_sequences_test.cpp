@@ -96,11 +96,11 @@ void CommandSequences::EditClass() {
     WorkInForm();
   };
   Invoke(u"Edit", u"iEdit", &pricedown::PriceDown::editRecord);
-  Told();
+  NewMessages();
   if (Roll(4) != 0) return;
   control->editRecord();
   control->delRecord();
-  EXPECT_EQ(Told(), "\"请选择要修改的物料类别\"\n\"请选择要删除的物料类别\"\n");
+  EXPECT_EQ(NewMessages(), "\"请选择要修改的物料类别\"\n\"请选择要删除的物料类别\"\n");
 }
 
 void CommandSequences::DeleteClass() {
@@ -124,9 +124,9 @@ void CommandSequences::DeleteClass() {
     ++deletions_;
   }
   questions.WillAnswer({yes});
-  Told();
+  NewMessages();
   Invoke(u"Del", u"iCut", &pricedown::PriceDown::delRecord);
-  EXPECT_EQ(Told(), expected) << trail_;
+  EXPECT_EQ(NewMessages(), expected) << trail_;
 }
 
 TEST_F(CommandSequences, LeaveTheCompanyAsTheModelSays) {

@@ -74,7 +74,7 @@ class ControlOnCompany : public ClassCompany {
   std::string Messages() const {
     std::string text;
     for (const std::string& line : log.Lines()) {
-      if (line.starts_with("tell ") || line.starts_with("ask ")) {
+      if (line.starts_with("message ") || line.starts_with("ask ")) {
         text += line.substr(line.find(": ") + 2) + "\n";
       }
     }

@@ -47,7 +47,7 @@ TEST_F(EditorOnCompany, AddsAClassAndASecondOne) {
       C1|包装物|8|1051|5711|1023|1281.1|3.25
       C2|备件|9|1051|5711|1023|1281.1|100
       )"));
-  EXPECT_THAT(log.Text(), Not(HasSubstr("tell")));
+  EXPECT_THAT(log.Text(), Not(HasSubstr("message ")));
 }
 
 TEST_F(EditorOnCompany, WritesNewItemsWithTheHeaderOfTheRows) {
@@ -70,7 +70,7 @@ TEST_F(EditorOnCompany, RenamesAClassOnceAndRefusesTheSecondSave) {
   EXPECT_EQ(Classes(), renamed);
   view.Type(FormField::ClassName, u"另名");
   Click(FormTool::Save);
-  EXPECT_EQ(log.Count("tell information \"岚禾提示\": "
+  EXPECT_EQ(log.Count("message information \"岚禾提示\": "
                       "\"已经存在代码为:D1的物料类别,请重新输入物料类别代码！\""),
             1u);
   EXPECT_EQ(Classes(), renamed);
@@ -80,7 +80,7 @@ TEST_F(EditorOnCompany, RefusesANumberThatDiffersInCaseOnly) {
   OpenForEdit(u"A1");
   view.Type(FormField::ClassNumber, u"b1");
   Click(FormTool::Save);
-  EXPECT_EQ(log.Count("tell information \"岚禾提示\": "
+  EXPECT_EQ(log.Count("message information \"岚禾提示\": "
                       "\"已经存在代码为:B1的物料类别,请重新输入物料类别代码！\""),
             1u);
   EXPECT_EQ(Classes(), kBefore);
@@ -152,10 +152,10 @@ TEST_F(EditorOnCompany, RefusesItemsWithHistoryAndRemovesTheOthers) {
   list.selected = {2, 3, 4};
   Click(FormTool::DelItem);
   EXPECT_EQ(list.RowTexts(), "物料代码|物料名称|规格型号|\n01.1|物料1|M1|\n01.2|物料2|M2|\n");
-  EXPECT_EQ(log.Count("tell information \"岚禾提示\": "
+  EXPECT_EQ(log.Count("message information \"岚禾提示\": "
                       "\"该物料(01.1)在以前期间已有业务发生，不得删除！\""),
             1u);
-  EXPECT_EQ(log.Count("tell information \"岚禾提示\": "
+  EXPECT_EQ(log.Count("message information \"岚禾提示\": "
                       "\"该物料(01.2)在以前期间已有业务发生，不得删除！\""),
             1u);
   EXPECT_EQ(Provisions(), "1|2008|2|5\n2|2007|12|5\n3|2007|12|0\n");
@@ -168,7 +168,7 @@ TEST_F(EditorOnCompany, GuardsCurrentAmountsOnceTheVoucherExists) {
   OpenForEdit(u"A1");
   list.selected = {2, 3};
   Click(FormTool::DelItem);
-  EXPECT_EQ(log.Count("tell information \"岚禾提示\": "
+  EXPECT_EQ(log.Count("message information \"岚禾提示\": "
                       "\"该物料(01.1)本期跌价准备数据已经生成凭证，不得删除！\""),
             1u);
   EXPECT_EQ(list.RowTexts(), "物料代码|物料名称|规格型号|\n01.1|物料1|M1|\n01.3|物料3|M3|\n");
@@ -271,7 +271,7 @@ TEST_F(EditorOnCompany, KeepsTheTablesRulesThroughAnySequenceOfCommands) {
     Click(FormTool::Save);
     if (listed.empty() || taken) {
       ++refusals;
-      EXPECT_THAT(log.Text(), HasSubstr("tell information"));
+      EXPECT_THAT(log.Text(), HasSubstr("message information"));
     } else {
       ++saves;
       model.erase(opening);

@@ -88,15 +88,15 @@ class LostConnection : public ControlOnCompany {
     server_->sent = 0;
     server_->hasLost = false;
     server_->lostStatement = nextLoss_;
-    bool isTold = false;
+    bool isReported = false;
     try {
       step();
     } catch (const AutomationError& error) {
-      isTold = true;
+      isReported = true;
       EXPECT_THAT(pricedown::ToUtf8(error.Description()), HasSubstr("[08S01] 连接已断开"));
     }
     server_->lostStatement = 0;
-    return isTold;
+    return isReported;
   }
 
   LossyConnection* server_ = nullptr;
@@ -159,9 +159,9 @@ TEST_F(LostConnection, RemovesAnItemAtTheSecondTry) {
 TEST_F(LostConnection, DeletesAClassAtTheSecondTry) {
   LoseEachStatement([&] {
     questions.WillAnswer({true});
-    const bool isTold = Try([&] { Command(u"Del"); });
+    const bool isReported = Try([&] { Command(u"Del"); });
     questions.ForgetAnswers();
-    if (isTold && Classes() != kB1) {
+    if (isReported && Classes() != kB1) {
       EXPECT_EQ(Classes(), std::string(kA1) + kB1);
       Select(u"A1");
       questions.WillAnswer({true});

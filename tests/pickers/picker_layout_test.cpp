@@ -49,7 +49,7 @@ TEST_P(PickerLayoutAtDpi, SmallestWindowShowsFiveRows) {
   EXPECT_GE(layout.list.height, 5 * (measures.lineHeight + 2 * GetParam() / 96));
 }
 
-TEST_P(PickerLayoutAtDpi, TheListTakesExtraSpace) {
+TEST_P(PickerLayoutAtDpi, TheListGetsTheExtraSpace) {
   const PickerLayout small = LayOutPicker(900, 700, Measures());
   const PickerLayout large = LayOutPicker(1000, 850, Measures());
   EXPECT_EQ(small.list.width + 100, large.list.width);

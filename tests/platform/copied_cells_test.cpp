@@ -10,8 +10,8 @@ namespace {
 
 using ::testing::HasSubstr;
 
-// The part of the data between two offsets that its header names.
-std::string Part(const std::string& html, const std::string& start, const std::string& end) {
+// The section of the data between two offsets that its header names.
+std::string SectionOf(const std::string& html, const std::string& start, const std::string& end) {
   const auto offset = [&](const std::string& name) {
     return std::stoul(html.substr(html.find(name) + name.size()));
   };
@@ -43,9 +43,9 @@ TEST(CopiedCells, AreATableWhosePlaceTheHeaderNamesInBytes) {
   copier.EndRow();
   const std::string html = copier.Finish().html;
   EXPECT_EQ(html.substr(0, 13), "Version:0.9\r\n");
-  EXPECT_EQ(Part(html, "StartFragment:", "EndFragment:"),
+  EXPECT_EQ(SectionOf(html, "StartFragment:", "EndFragment:"),
             "<table><tr><td class=t>螺栓</td><td>2.00</td></tr>\r\n</table>");
-  const std::string document = Part(html, "StartHTML:", "EndHTML:");
+  const std::string document = SectionOf(html, "StartHTML:", "EndHTML:");
   EXPECT_EQ(document.substr(0, 6), "<html>");
   EXPECT_EQ(document.substr(document.size() - 7), "</html>");
 }

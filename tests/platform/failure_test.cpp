@@ -57,7 +57,7 @@ TEST(CurrentFailure, KeepsAStandardExceptionsTextOutOfTheDescription) {
   EXPECT_EQ(Utf8(failure.source), "out of handles");
 }
 
-TEST(CurrentFailure, KnowsExceptionsThatAreNoneOfTheLibrarys) {
+TEST(CurrentFailure, KnowsForeignExceptions) {
   const Failure failure = Handled([] { throw 5; });
   EXPECT_EQ(failure.code, Code(ErrorNumber::Unexpected));
   EXPECT_EQ(Utf8(failure.description), "意外错误");

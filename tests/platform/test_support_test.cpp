@@ -93,7 +93,7 @@ TEST(RecordingQuestions, LogsMessagesAndAnswersFromTheScript) {
   EXPECT_TRUE(questions.Confirm(u"是否保存当前数据？", u"岚禾提示", MessageIcon::None));
   EXPECT_FALSE(questions.Confirm(u"确定?", u"岚禾提示", MessageIcon::Question));
   EXPECT_EQ(log.Text(), Lines(R"(
-      tell information "岚禾提示": "没有权限,请与系统管理员联系"
+      message information "岚禾提示": "没有权限,请与系统管理员联系"
       ask no icon "岚禾提示": "是否保存当前数据？" -> yes
       ask question "岚禾提示": "确定?" -> no
       )"));

@@ -29,7 +29,7 @@ TEST(PrintOrder, LeavesOutPagesThatDoNotExist) {
   EXPECT_EQ(Sheets({1, 1, 0, true}, 3), "1 ");
 }
 
-TEST(PrintOrder, TakesAllPagesByDefault) { EXPECT_EQ(Sheets({}, 3), "1 2 3 "); }
+TEST(PrintOrder, IncludesAllPagesByDefault) { EXPECT_EQ(Sheets({}, 3), "1 2 3 "); }
 
 }  // namespace
 }  // namespace pricedown::testing

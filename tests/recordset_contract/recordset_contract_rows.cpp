@@ -173,7 +173,7 @@ TEST_P(RecordsetContract, KeepsChangesOfTheCurrentRowWhenItMovesOn) {
   EXPECT_THAT(ItemIds(recordset), ElementsAre(1, 2, 3));
 }
 
-TEST_P(RecordsetContract, AddsAWholeRowOfGivenValues) {
+TEST_P(RecordsetContract, AddsAWholeRowOfValues) {
   const Recordset recordset = WithRows(1);
   recordset.AddNew(std::vector<Value>{u"fnumber", u"FItemID"}, std::vector<Value>{u"A02", u"2"});
   EXPECT_EQ(TextOf(recordset, u"FNumber"), "A02") << "is current";

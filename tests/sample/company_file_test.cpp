@@ -68,7 +68,7 @@ TEST_F(CompanyFile, HoldsACompanyOfTheRequestedSize) {
   EXPECT_EQ(ContentDigest(company.get()), ContentDigest(LargeCompany({1, 1234, 56}).get()));
 }
 
-TEST_F(CompanyFile, SameSeedGivesTheSameBytes) {
+TEST_F(CompanyFile, SameSeedMakesTheSameBytes) {
   CreateCompanyFile(folder_.PathOf("a"), Plan(1));
   CreateCompanyFile(folder_.PathOf("b"), Plan(1));
   CreateCompanyFile(folder_.PathOf("c"), Plan(2));

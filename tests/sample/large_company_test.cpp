@@ -40,7 +40,7 @@ TEST_P(LargeCompanyOfSize, PutsEveryItemInOneClassOfEvenSize) {
   EXPECT_EQ(Count(company, "SELECT max(n) FROM(" + members + ")"), size.largest);
 }
 
-TEST(LargeCompany, SamePlanGivesTheSameContent) {
+TEST(LargeCompany, SamePlanMakesTheSameContent) {
   const LargeCompanyPlan plan{3, 3000, 70};
   EXPECT_EQ(ContentDigest(LargeCompany(plan).get()), ContentDigest(LargeCompany(plan).get()));
   LargeCompanyPlan other = plan;

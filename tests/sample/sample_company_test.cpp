@@ -10,11 +10,11 @@
 namespace workbench::testing {
 namespace {
 
-TEST(SampleCompany, SameSeedGivesTheSameContent) {
+TEST(SampleCompany, SameSeedMakesTheSameContent) {
   EXPECT_EQ(ContentDigest(SampleCompany(7).get()), ContentDigest(SampleCompany(7).get()));
 }
 
-TEST(SampleCompany, AnotherSeedGivesOtherContent) {
+TEST(SampleCompany, AnotherSeedMakesOtherContent) {
   EXPECT_NE(ContentDigest(SampleCompany(7).get()), ContentDigest(SampleCompany(8).get()));
 }
 

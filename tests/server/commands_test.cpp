@@ -43,7 +43,7 @@ TEST_F(ServerCommands, CreateMakesTheSampleCompanyThatInfoShows) {
   }
 }
 
-TEST_F(ServerCommands, CreateGivesTheRowsOfTheFile) {
+TEST_F(ServerCommands, CreateWritesTheSameRowsAsIntoAFile) {
   const std::string file = folder_.PathOf("公司.db");
   ASSERT_EQ(Run({"create", file, "--items", "300", "--classes", "7"}), kDone);
   ASSERT_EQ(Create({"--items", "300", "--classes", "7"}), kDone) << err_.str();
@@ -144,7 +144,7 @@ TEST_F(ServerCommands, ImportAddsAllOrNothing) {
   EXPECT_EQ(Number(*Open(), "SELECT count(*) FROM t_ICItem"), 7);
 }
 
-TEST_F(ServerCommands, ExportGivesWhatImportTakesBack) {
+TEST_F(ServerCommands, ExportWritesWhatImportReads) {
   ASSERT_EQ(Create(), kDone);
   ASSERT_EQ(Run({"export", database_, "--items", folder_.PathOf("a.csv")}), kDone) << err_.str();
   Execute(*Open(), "DELETE FROM t_ICItem");

@@ -85,7 +85,7 @@ TEST_F(ServerConnection, ReportsALoginFailureWithoutThePassword) {
   EXPECT_NE(down.find("refused"), std::string::npos) << down;
 }
 
-TEST_F(ServerConnection, TakesConnectionStringsInAnyOrderCaseAndSpacing) {
+TEST_F(ServerConnection, AcceptsConnectionStringsInAnyOrderCaseAndSpacing) {
   const std::string port = std::to_string(server_->Port());
   const std::string name = database_.substr(database_.find("company"), 8);
   const std::string database = name.substr(0, name.find(';'));
@@ -163,7 +163,7 @@ TEST_F(ServerConnection, DoesNotReconnectInsideATransaction) {
   EXPECT_EQ(Number(*connection, "SELECT count(*) FROM t"), 0);
 }
 
-TEST_F(ServerConnection, GivesUpALoginWithoutAReply) {
+TEST_F(ServerConnection, TimesOutALoginWithoutAReply) {
   server_->Freeze();
   ConnectOptions options;
   options.loginTimeout = seconds(2);

@@ -87,7 +87,7 @@ TEST_F(MemberRows, FilterAcceptsADoubledQuoteAndRefusesASingleOne) {
   EXPECT_EQ(Number(ErrorNumber::ItemNotFound), ErrorOf([&] { rows.SetFilter(u"FOther='1'"); }));
 }
 
-TEST_F(MemberRows, DeletingUnderAFilterTakesOnlyThatRow) {
+TEST_F(MemberRows, DeletingUnderAFilterRemovesOnlyThatRow) {
   const auto rows = Members(4);
   for (const char16_t* number : {u"A3", u"A1"}) {
     rows.SetFilter(pricedown::Concatenate({u"fNumber='", number, u"'"}));

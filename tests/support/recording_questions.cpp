@@ -34,8 +34,8 @@ void RecordingQuestions::WillAnswer(std::initializer_list<bool> answers) {
 
 void RecordingQuestions::ShowMessage(std::u16string_view text, std::u16string_view title,
                                      MessageIcon icon) {
-  log_.Add("tell " + Shown(text, title, icon));
-  if (whileTold) whileTold();
+  log_.Add("message " + Shown(text, title, icon));
+  if (whileShown) whileShown();
 }
 
 bool RecordingQuestions::Confirm(std::u16string_view text, std::u16string_view title,

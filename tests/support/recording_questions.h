@@ -11,7 +11,7 @@
 
 namespace pricedown::testing {
 
-// Log lines: tell information "title": "text", and ask question "title": "text" -> yes.
+// Log lines: message information "title": "text", and ask question "title": "text" -> yes.
 class RecordingQuestions : public UserQuestions {
  public:
   explicit RecordingQuestions(CallLog log) : log_(std::move(log)) {}
@@ -22,7 +22,7 @@ class RecordingQuestions : public UserQuestions {
   void ForgetAnswers() { answers_.clear(); }
   // Runs while a question or message is open; may be empty.
   std::function<void()> whileAsked;
-  std::function<void()> whileTold;
+  std::function<void()> whileShown;
 
   void ShowMessage(std::u16string_view text, std::u16string_view title, MessageIcon icon) override;
   bool Confirm(std::u16string_view text, std::u16string_view title, MessageIcon icon) override;

@@ -128,7 +128,7 @@ Value ScriptedFields::Item(const Value& key) const {
   return Value(std::make_shared<ScriptedField>(recordset_, ColumnOf(Table(), key)));
 }
 
-bool IsGiven(std::span<Value> arguments, std::size_t index) {
+bool IsPresent(std::span<Value> arguments, std::size_t index) {
   return index < arguments.size() && !arguments[index].Resolved().Is(Value::Kind::Missing);
 }
 
@@ -167,14 +167,14 @@ Value AddNew(RecordTable& table, std::span<Value> arguments) {
 
 Value GetRows(RecordTable& table, std::span<Value> arguments) {
   std::vector<std::size_t> columns;
-  if (!IsGiven(arguments, 2)) {
+  if (!IsPresent(arguments, 2)) {
     for (std::size_t index = 0; index < table.Columns().size(); ++index) columns.push_back(index);
   } else if (const Value& asked = arguments[2].Resolved(); asked.Is(Value::Kind::List)) {
     for (const Value& key : asked.List()) columns.push_back(ColumnOf(table, key));
   } else {
     columns.push_back(ColumnOf(table, asked));
   }
-  const std::int32_t most = IsGiven(arguments, 0) ? ToInt32(arguments[0]) : -1;
+  const std::int32_t most = IsPresent(arguments, 0) ? ToInt32(arguments[0]) : -1;
 
   std::vector<std::vector<Value>> rows;
   do {
@@ -187,9 +187,9 @@ Value GetRows(RecordTable& table, std::span<Value> arguments) {
 
 // All columns of the rows from the current one on.
 Value GetString(RecordTable& table, std::span<Value> arguments) {
-  const std::int32_t most = IsGiven(arguments, 1) ? ToInt32(arguments[1]) : -1;
+  const std::int32_t most = IsPresent(arguments, 1) ? ToInt32(arguments[1]) : -1;
   const auto part = [&](std::size_t index, std::u16string_view usual) {
-    return IsGiven(arguments, index) ? ToText(arguments[index]) : std::u16string(usual);
+    return IsPresent(arguments, index) ? ToText(arguments[index]) : std::u16string(usual);
   };
   const std::u16string columnEnd = part(2, u"\t");
   const std::u16string rowEnd = part(3, u"\r");
@@ -253,8 +253,8 @@ std::span<const Member<ScriptedFields>> ScriptedFields::Members() {
       M{u"Append", MemberKind::Method,
         [](F& f, Access, std::span<Value> a) {
           FieldDefinition column{ToText(a[0]), ToInt32(a[1])};
-          if (IsGiven(a, 2)) column.definedSize = ToInt32(a[2]);
-          if (IsGiven(a, 3)) column.attributes = ToInt32(a[3]);
+          if (IsPresent(a, 2)) column.definedSize = ToInt32(a[2]);
+          if (IsPresent(a, 3)) column.attributes = ToInt32(a[3]);
           f.Table().AppendColumn(std::move(column));
           return Value();
         },

@@ -51,7 +51,7 @@ std::string Send(IDispatch* object, DISPID id, const RawCall& call) {
     text = "S_OK";
     if (call.wantsResult) text += " " + Readable(windows::FromVariant(result.get()));
   }
-  if (const std::string info = TakeErrorInfo(); !info.empty()) text += ", info: " + info;
+  if (const std::string info = ConsumeErrorInfo(); !info.empty()) text += ", info: " + info;
   return text;
 }
 
@@ -102,7 +102,7 @@ std::string Hexadecimal(HRESULT code) {
   return text;
 }
 
-std::string TakeErrorInfo() {
+std::string ConsumeErrorInfo() {
   windows::ComPtr<IErrorInfo> info;
   if (GetErrorInfo(0, info.put()) != S_OK) return {};
   windows::Bstr description;

@@ -36,7 +36,7 @@ std::string IdOf(IDispatch* object, const wchar_t* name);
 
 std::string Hexadecimal(HRESULT code);
 // Takes the thread's error info and returns it as "source: description"; "" if there is none.
-std::string TakeErrorInfo();
+std::string ConsumeErrorInfo();
 
 // Variants that own nothing.
 VARIANT Number(LONG number);

@@ -143,8 +143,8 @@ ExitCode Check(const Arguments& arguments, std::ostream& out) {
   return kBadData;
 }
 
-void Tell(const char* kind, const char* free, const std::optional<Explanation>& explanation,
-          std::ostream& out) {
+void PrintExplanation(const char* kind, const char* free,
+                      const std::optional<Explanation>& explanation, std::ostream& out) {
   if (!explanation) return;
   out << kind << " " << explanation->subject << ": "
       << (explanation->reasons.empty() ? free : "不能删除") << '\n';
@@ -158,8 +158,8 @@ void Explain(const Arguments& arguments, std::ostream& out) {
   if (!itemClass && !item) {
     throw CompanyFileError("公司中没有这个类别或物料: " + arguments.target);
   }
-  Tell("类别", "可以删除", itemClass, out);
-  Tell("物料", "可以从类别中删除", item, out);
+  PrintExplanation("类别", "可以删除", itemClass, out);
+  PrintExplanation("物料", "可以从类别中删除", item, out);
 }
 
 void Backup(const Arguments& arguments, std::ostream& out) {

@@ -9,10 +9,10 @@ namespace workbench {
 TokenCursor::TokenCursor(std::u16string_view source)
     : tokenizer_(source), current_(tokenizer_.Next()) {}
 
-Token TokenCursor::Take() {
-  const Token taken = current_;
+Token TokenCursor::Next() {
+  const Token token = current_;
   current_ = tokenizer_.Next();
-  return taken;
+  return token;
 }
 
 Token TokenCursor::Following() const {
@@ -30,29 +30,29 @@ bool TokenCursor::AtStatement() const noexcept {
          AtKeyword(u"select");
 }
 
-bool TokenCursor::TakeKeyword(std::u16string_view keyword) {
+bool TokenCursor::ConsumeKeyword(std::u16string_view keyword) {
   if (!AtKeyword(keyword)) return false;
-  Take();
+  Next();
   return true;
 }
 
-bool TokenCursor::TakeSymbol(std::u16string_view symbol) {
+bool TokenCursor::ConsumeSymbol(std::u16string_view symbol) {
   if (!AtSymbol(symbol)) return false;
-  Take();
+  Next();
   return true;
 }
 
 void TokenCursor::ExpectKeyword(std::u16string_view keyword) {
-  if (!TakeKeyword(keyword)) Refuse();
+  if (!ConsumeKeyword(keyword)) Refuse();
 }
 
 void TokenCursor::ExpectSymbol(std::u16string_view symbol) {
-  if (!TakeSymbol(symbol)) Refuse();
+  if (!ConsumeSymbol(symbol)) Refuse();
 }
 
 Token TokenCursor::ExpectName() {
   if (!AtName()) Refuse();
-  return Take();
+  return Next();
 }
 
 void TokenCursor::MoveTo(std::size_t offset) {

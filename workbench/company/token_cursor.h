@@ -14,7 +14,7 @@ class TokenCursor {
 
   std::u16string_view Source() const noexcept { return tokenizer_.Source(); }
   const Token& Current() const noexcept { return current_; }
-  Token Take();
+  Token Next();
   // The token after the current one.
   Token Following() const;
 
@@ -27,8 +27,8 @@ class TokenCursor {
   // SELECT, INSERT, DELETE or UPDATE: begins a statement once the previous one is complete.
   bool AtStatement() const noexcept;
 
-  bool TakeKeyword(std::u16string_view keyword);
-  bool TakeSymbol(std::u16string_view symbol);
+  bool ConsumeKeyword(std::u16string_view keyword);
+  bool ConsumeSymbol(std::u16string_view symbol);
   void ExpectKeyword(std::u16string_view keyword);
   void ExpectSymbol(std::u16string_view symbol);
   Token ExpectName();

@@ -30,11 +30,11 @@ TranslatedText TranslateText(std::u16string_view text, SchemaView& schema) {
 }
 
 TranslatedText Translator::TranslateAll() {
-  while (cursor_.TakeSymbol(u";")) {
+  while (cursor_.ConsumeSymbol(u";")) {
   }
   while (!cursor_.AtEnd()) {
     ParseStatement();
-    while (cursor_.TakeSymbol(u";")) {
+    while (cursor_.ConsumeSymbol(u";")) {
     }
   }
   return std::move(result_);
@@ -85,7 +85,7 @@ void Translator::ParseInsert() {
 
 void Translator::ParseInsertTarget() {
   insertTarget_ = {};
-  cursor_.TakeKeyword(u"into");
+  cursor_.ConsumeKeyword(u"into");
   const std::string table = ParseTargetTable();
   cursor_.ExpectSymbol(u"(");
   std::vector<ResultItem>& columns = insertTarget_.columns;
@@ -103,7 +103,7 @@ void Translator::ParseInsertTarget() {
     if (!names.empty()) names += ",";
     names += QuotedName(item.name);
     columns.push_back(std::move(item));
-  } while (cursor_.TakeSymbol(u","));
+  } while (cursor_.ConsumeSymbol(u","));
   cursor_.ExpectSymbol(u")");
   insertTarget_.sql = "INSERT INTO " + QuotedName(table) + "(" + names + ") ";
 }
@@ -133,7 +133,7 @@ void Translator::ParseInsertedValues() {
     } else {
       sql += value.sql;
     }
-  } while (cursor_.TakeSymbol(u","));
+  } while (cursor_.ConsumeSymbol(u","));
   if (count < columns.size()) {
     ThrowAt(cursor_.Source(), offset, u"INSERT 语句中列的数目大于 VALUES 子句中值的数目。",
             server_error::kMoreColumnsThanValues);
@@ -166,10 +166,10 @@ void Translator::ParseInsertedQuery() {
 
 void Translator::ParseDelete() {
   cursor_.ExpectKeyword(u"delete");
-  if (!cursor_.TakeKeyword(u"from")) {
+  if (!cursor_.ConsumeKeyword(u"from")) {
     if (!cursor_.AtName()) cursor_.Refuse();
     if (cursor_.Following().IsKeyword(u"from")) {
-      ParseJoinedDelete(cursor_.Take());
+      ParseJoinedDelete(cursor_.Next());
       return;
     }
   }
@@ -209,7 +209,7 @@ void Translator::ParseUpdate() {
     if (!ConvertForAssignment(value, column.kind)) RefuseTypes(value.offset);
     if (!std::exchange(isFirst, false)) sql += ",";
     sql += QuotedName(column.name) + "=" + value.sql;
-  } while (cursor_.TakeSymbol(u","));
+  } while (cursor_.ConsumeSymbol(u","));
   AddStatement({sql + ParseWhere(), false, {}});
   scopes_.Close();
 }

@@ -57,7 +57,7 @@ Operand Translator::ParseExpression() {
   Operand left = ParseConjunction();
   while (cursor_.AtKeyword(u"or")) {
     RequireCondition(left);
-    cursor_.Take();
+    cursor_.Next();
     const Operand right = ParseConjunction();
     RequireCondition(right);
     left.sql += " OR ";
@@ -71,7 +71,7 @@ Operand Translator::ParseConjunction() {
   Operand left = ParseNegation();
   while (cursor_.AtKeyword(u"and")) {
     RequireCondition(left);
-    cursor_.Take();
+    cursor_.Next();
     const Operand right = ParseNegation();
     RequireCondition(right);
     left.sql += " AND ";
@@ -84,7 +84,7 @@ Operand Translator::ParseConjunction() {
 Operand Translator::ParseNegation() {
   if (!cursor_.AtKeyword(u"not")) return ParsePredicate();
   const DepthGuard guard(*this);
-  const std::size_t offset = cursor_.Take().offset;
+  const std::size_t offset = cursor_.Next().offset;
   Operand operand = ParseNegation();
   RequireCondition(operand);
   operand.sql.insert(0, "NOT ");
@@ -100,7 +100,7 @@ Operand Translator::ParsePredicate() {
     for (const std::u16string_view comparison : kComparisons) {
       if (token.source != comparison) continue;
       RequireValue(left);
-      cursor_.Take();
+      cursor_.Next();
       return Compare(std::move(left), Utf8FromUtf16(comparison), ParseValue());
     }
     return left;
@@ -111,8 +111,8 @@ Operand Translator::ParsePredicate() {
                       test.IsKeyword(u"between") || (!negated && test.IsKeyword(u"is"));
   if (!isTest) return left;
   RequireValue(left);
-  if (negated) cursor_.Take();
-  cursor_.Take();
+  if (negated) cursor_.Next();
+  cursor_.Next();
   if (test.IsKeyword(u"like")) return ParseLike(std::move(left), negated);
   if (test.IsKeyword(u"in")) return ParseIn(std::move(left), negated);
   if (test.IsKeyword(u"between")) return ParseBetween(std::move(left), negated);
@@ -179,7 +179,7 @@ Operand Translator::ParseIn(Operand left, bool negated) {
       if (!list.empty()) list += ',';
       list += item.sql;
       AbsorbUse(left, item);
-    } while (cursor_.TakeSymbol(u","));
+    } while (cursor_.ConsumeSymbol(u","));
   }
   cursor_.ExpectSymbol(u")");
   if (left.kind == OperandKind::Text) AddCollation(left);
@@ -189,7 +189,7 @@ Operand Translator::ParseIn(Operand left, bool negated) {
 }
 
 Operand Translator::ParseIsNullTest(Operand left) {
-  const bool negated = cursor_.TakeKeyword(u"not");
+  const bool negated = cursor_.ConsumeKeyword(u"not");
   cursor_.ExpectKeyword(u"null");
   std::string sql = left.sql + (negated ? " IS NOT NULL" : " IS NULL");
   return ConditionOf(std::move(left), std::move(sql));
@@ -200,7 +200,7 @@ Operand Translator::ParseSum() {
   while (cursor_.AtSymbol(u"+") || cursor_.AtSymbol(u"-") || cursor_.AtSymbol(u"*")) {
     // Only for texts is + certain to behave as on the server.
     if (!cursor_.AtSymbol(u"+") || left.kind != OperandKind::Text) cursor_.RefuseUnsupported();
-    const Token plus = cursor_.Take();
+    const Token plus = cursor_.Next();
     const Operand right = ParsePrimary();
     if (right.kind != OperandKind::Text) {
       ThrowNotSupported(cursor_.Source(), plus.offset, plus.source);
@@ -219,7 +219,7 @@ Operand Translator::ParseSum() {
 Operand Translator::ParsePrimary() {
   const Token& token = cursor_.Current();
   if (token.kind == TokenKind::Text) {
-    const Token text = cursor_.Take();
+    const Token text = cursor_.Next();
     return TextLiteral(TextOf(text), text.offset);
   }
   if (token.kind == TokenKind::Number || token.IsSymbol(u"-") || token.IsSymbol(u"+")) {
@@ -229,7 +229,7 @@ Operand Translator::ParsePrimary() {
   if (token.IsKeyword(u"exists")) return ParseExists();
   if (token.IsKeyword(u"null")) {
     Operand null;
-    null.offset = cursor_.Take().offset;
+    null.offset = cursor_.Next().offset;
     null.kind = OperandKind::Null;
     null.sql = "NULL";
     null.isLiteral = true;
@@ -242,10 +242,10 @@ Operand Translator::ParseSignedNumber() {
   const std::size_t offset = cursor_.Current().offset;
   std::string digits;
   if (cursor_.AtSymbol(u"-") || cursor_.AtSymbol(u"+")) {
-    if (cursor_.Take().IsSymbol(u"-")) digits = "-";
+    if (cursor_.Next().IsSymbol(u"-")) digits = "-";
   }
   if (cursor_.Current().kind != TokenKind::Number) cursor_.Refuse();
-  const Token number = cursor_.Take();
+  const Token number = cursor_.Next();
   digits += Utf8FromUtf16(number.source);
   if (!NumberFromText(digits, NumberType::Float)) {
     ThrowAt(cursor_.Source(), number.offset,
@@ -256,7 +256,7 @@ Operand Translator::ParseSignedNumber() {
 }
 
 Operand Translator::ParseParenthesized() {
-  const std::size_t offset = cursor_.Take().offset;
+  const std::size_t offset = cursor_.Next().offset;
   if (cursor_.AtKeyword(u"select")) cursor_.RefuseUnsupported();
   Operand inner = ParseExpression();
   cursor_.ExpectSymbol(u")");
@@ -270,7 +270,7 @@ Operand Translator::ParseParenthesized() {
 Operand Translator::ParseExists() {
   const DepthGuard guard(*this);
   Operand condition;
-  condition.offset = cursor_.Take().offset;
+  condition.offset = cursor_.Next().offset;
   condition.kind = OperandKind::Condition;
   cursor_.ExpectSymbol(u"(");
   if (!cursor_.AtKeyword(u"select")) cursor_.Refuse();
@@ -284,7 +284,7 @@ Operand Translator::ParseColumnOrFunction() {
   if (first.kind == TokenKind::Word && cursor_.AtSymbol(u"(")) return ParseFunction(first);
   std::optional<Token> qualifier;
   Token name = first;
-  if (cursor_.TakeSymbol(u".")) {
+  if (cursor_.ConsumeSymbol(u".")) {
     qualifier = first;
     name = cursor_.ExpectName();
     if (cursor_.AtSymbol(u".")) cursor_.Refuse();

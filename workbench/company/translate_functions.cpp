@@ -44,7 +44,7 @@ Operand Translator::ParseAggregate(const Token& name) {
   cursor_.ExpectSymbol(u"(");
   const bool isCount = name.IsKeyword(u"count");
   Operand result;
-  if (isCount && cursor_.TakeSymbol(u"*")) {
+  if (isCount && cursor_.ConsumeSymbol(u"*")) {
     result.sql = "count(*)";
   } else {
     insideAggregate_ = true;

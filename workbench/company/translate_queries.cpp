@@ -27,18 +27,18 @@ Query Translator::ParseSelect() {
   cursor_.ExpectKeyword(u"select");
   Query query;
   query.sql = "SELECT ";
-  if (cursor_.TakeKeyword(u"distinct")) {
+  if (cursor_.ConsumeKeyword(u"distinct")) {
     query.sql += "DISTINCT ";
   } else {
-    cursor_.TakeKeyword(u"all");
+    cursor_.ConsumeKeyword(u"all");
   }
-  if (cursor_.TakeKeyword(u"top")) {
-    const bool parenthesized = cursor_.TakeSymbol(u"(");
+  if (cursor_.ConsumeKeyword(u"top")) {
+    const bool parenthesized = cursor_.ConsumeSymbol(u"(");
     const Token& number = cursor_.Current();
     const bool whole = number.kind == TokenKind::Number &&
                        number.source.find_first_not_of(u"0123456789") == std::u16string_view::npos;
     if (!whole) cursor_.Refuse();
-    query.topNumber = cursor_.Take();
+    query.topNumber = cursor_.Next();
     if (parenthesized) cursor_.ExpectSymbol(u")");
     if (cursor_.AtKeyword(u"percent") || cursor_.AtKeyword(u"with")) cursor_.RefuseUnsupported();
   }
@@ -75,7 +75,7 @@ void Translator::SkipToFrom() {
                                     [this](auto keyword) { return cursor_.AtKeyword(keyword); });
       if (ends || cursor_.AtStatement() || cursor_.AtSymbol(u";")) return;
     }
-    cursor_.Take();
+    cursor_.Next();
   }
 }
 
@@ -87,7 +87,7 @@ void Translator::ParseSelectList(Query& query) {
   do {
     if (!std::exchange(isFirst, false)) query.sql += ", ";
     ParseSelectItem(query, hasAggregate, plainColumn);
-  } while (cursor_.TakeSymbol(u","));
+  } while (cursor_.ConsumeSymbol(u","));
   aggregatesAllowed_ = false;
   if (query.hasStar) query.items.clear();
   if (hasAggregate && plainColumn) {
@@ -99,7 +99,7 @@ void Translator::ParseSelectList(Query& query) {
 void Translator::ParseSelectItem(Query& query, bool& hasAggregate,
                                  std::optional<Token>& plainColumn) {
   const Token first = cursor_.Current();
-  if (cursor_.TakeSymbol(u"*")) {
+  if (cursor_.ConsumeSymbol(u"*")) {
     if (!scopes_.HasTables()) {
       ThrowAt(cursor_.Source(), first.offset, u"必须指定要从中选择的表。", server_error::kNoTables);
     }
@@ -109,9 +109,9 @@ void Translator::ParseSelectItem(Query& query, bool& hasAggregate,
     return;
   }
   if (cursor_.AtName() && cursor_.Following().IsSymbol(u".")) {
-    cursor_.Take();
-    cursor_.Take();
-    if (cursor_.TakeSymbol(u"*")) {
+    cursor_.Next();
+    cursor_.Next();
+    if (cursor_.ConsumeSymbol(u"*")) {
       const std::string alias = Utf8FromUtf16(NameOf(first));
       if (scopes_.FindTable(alias) == nullptr) {
         ThrowAt(cursor_.Source(), first.offset,
@@ -132,13 +132,13 @@ void Translator::ParseSelectItem(Query& query, bool& hasAggregate,
   // DISTINCT, UNION and ORDER BY compare by the company's collation even without a column.
   if (value.kind == OperandKind::Text) AddCollation(value);
   std::string name;
-  if (cursor_.TakeKeyword(u"as") || cursor_.AtName()) {
+  if (cursor_.ConsumeKeyword(u"as") || cursor_.AtName()) {
     name = Utf8FromUtf16(NameOf(cursor_.ExpectName()));
   } else if (value.isColumn && first.kind != TokenKind::Symbol) {
     const std::size_t end = cursor_.Current().offset;
     cursor_.MoveTo(first.offset);
-    Token last = cursor_.Take();
-    while (cursor_.Current().offset < end) last = cursor_.Take();
+    Token last = cursor_.Next();
+    while (cursor_.Current().offset < end) last = cursor_.Next();
     name = Utf8FromUtf16(NameOf(last));
   }
   query.sql += value.sql + " AS " + QuotedName(name);
@@ -152,17 +152,17 @@ std::string Translator::ParseFrom() {
     from += from.empty() ? " FROM " : ", ";
     from += ParseTable();
     from += ParseJoins();
-  } while (cursor_.TakeSymbol(u","));
+  } while (cursor_.ConsumeSymbol(u","));
   return from;
 }
 
 std::string Translator::ParseTable() {
   const Token table = cursor_.ExpectName();
   std::optional<Token> alias;
-  if (cursor_.TakeKeyword(u"as")) {
+  if (cursor_.ConsumeKeyword(u"as")) {
     alias = cursor_.ExpectName();
   } else if (cursor_.AtName()) {
-    alias = cursor_.Take();
+    alias = cursor_.Next();
   }
   scopes_.AddTable(table, alias);
   std::string sql = QuotedName(Utf8FromUtf16(NameOf(table)));
@@ -173,13 +173,13 @@ std::string Translator::ParseTable() {
 std::string Translator::ParseJoins() {
   std::string joins;
   for (;;) {
-    const bool isCross = cursor_.TakeKeyword(u"cross");
+    const bool isCross = cursor_.ConsumeKeyword(u"cross");
     if (isCross) {
       joins += " CROSS JOIN ";
-    } else if (cursor_.TakeKeyword(u"left")) {
-      cursor_.TakeKeyword(u"outer");
+    } else if (cursor_.ConsumeKeyword(u"left")) {
+      cursor_.ConsumeKeyword(u"outer");
       joins += " LEFT JOIN ";
-    } else if (cursor_.TakeKeyword(u"inner") || cursor_.AtKeyword(u"join")) {
+    } else if (cursor_.ConsumeKeyword(u"inner") || cursor_.AtKeyword(u"join")) {
       joins += " INNER JOIN ";
     } else if (cursor_.AtKeyword(u"right") || cursor_.AtKeyword(u"full")) {
       cursor_.RefuseUnsupported();
@@ -195,7 +195,7 @@ std::string Translator::ParseJoins() {
 }
 
 std::string Translator::ParseWhere() {
-  if (!cursor_.TakeKeyword(u"where")) return {};
+  if (!cursor_.ConsumeKeyword(u"where")) return {};
   return " WHERE " + ParseCondition().sql;
 }
 
@@ -208,13 +208,13 @@ std::string Translator::ParseSetOperations(Query& query) {
     const bool isUnion = operation.IsKeyword(u"union");
     const bool isIntersect = operation.IsKeyword(u"intersect");
     if (!isUnion && !isIntersect && !operation.IsKeyword(u"except")) return sql;
-    cursor_.Take();
+    cursor_.Next();
     // The server binds INTERSECT tighter than the others, SQLite does not.
     if (count++ > 0 && isIntersect != hasIntersect) {
       ThrowNotSupported(cursor_.Source(), operation.offset, operation.source);
     }
     hasIntersect = isIntersect;
-    const bool all = isUnion && cursor_.TakeKeyword(u"all");
+    const bool all = isUnion && cursor_.ConsumeKeyword(u"all");
     const Query next = ParseSelect();
     scopes_.Close();
     for (const auto& top : {query.topNumber, next.topNumber}) {
@@ -233,25 +233,25 @@ std::string Translator::ParseSetOperations(Query& query) {
 }
 
 std::string Translator::ParseOrderBy(const Query& query, bool isCompound) {
-  if (!cursor_.TakeKeyword(u"order")) return {};
+  if (!cursor_.ConsumeKeyword(u"order")) return {};
   cursor_.ExpectKeyword(u"by");
   std::string sql;
   do {
     sql += sql.empty() ? " ORDER BY " : ",";
     sql += ParseOrderTerm(query, isCompound);
-    if (cursor_.TakeKeyword(u"desc")) {
+    if (cursor_.ConsumeKeyword(u"desc")) {
       sql += " DESC";
     } else {
-      cursor_.TakeKeyword(u"asc");
+      cursor_.ConsumeKeyword(u"asc");
     }
-  } while (cursor_.TakeSymbol(u","));
+  } while (cursor_.ConsumeSymbol(u","));
   return sql;
 }
 
 std::string Translator::ParseOrderTerm(const Query& query, bool isCompound) {
   const Token first = cursor_.Current();
   if (first.kind == TokenKind::Number) {
-    std::string digits = Utf8FromUtf16(cursor_.Take().source);
+    std::string digits = Utf8FromUtf16(cursor_.Next().source);
     std::size_t position = 0;
     const auto [end, error] =
         std::from_chars(digits.data(), digits.data() + digits.size(), position);
@@ -270,7 +270,7 @@ std::string Translator::ParseOrderTerm(const Query& query, bool isCompound) {
       std::any_of(query.items.begin(), query.items.end(),
                   [&name](const ResultItem& item) { return SameName(item.name, name); });
   if (isAlias) {
-    cursor_.Take();
+    cursor_.Next();
     return QuotedName(name);
   }
   if (isCompound) {

@@ -102,14 +102,14 @@ void MergedToolbar::Merge(const ObjectPtr& bar) {
       tools_.push_back(std::move(tool));
     }
   }
-  TakePictures();
+  UpdatePictures();
   AddButtons();
   RefreshStates();
   SendMessageW(window_, TB_AUTOSIZE, 0, 0);
 }
 
 // For the window's current resolution.
-void MergedToolbar::TakePictures() {
+void MergedToolbar::UpdatePictures() {
   const Dpi dpi = Dpi::Of(window_);
   std::vector<int> icons;
   for (Tool& tool : tools_) {

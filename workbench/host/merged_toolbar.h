@@ -48,7 +48,7 @@ class MergedToolbar {
     int picture = I_IMAGENONE;
   };
 
-  void TakePictures();
+  void UpdatePictures();
   void AddButtons();
 
   HWND window_ = nullptr;

@@ -69,11 +69,11 @@ void CALLBACK Tour::OnTimer(HWND, UINT, UINT_PTR, DWORD) noexcept {
     tour->Advance();
   } catch (const std::exception& error) {
     // A message box would stay: there is no user to close it.
-    tour->GiveUp(error.what());
+    tour->Abort(error.what());
   }
 }
 
-void Tour::GiveUp(const char* reason) noexcept {
+void Tour::Abort(const char* reason) noexcept {
   pricedown::SkipFailing([this, reason] {
     const std::filesystem::path folder(folder_);
     std::ofstream(folder / L"failed.txt") << "step " << next_ << ": " << reason << '\n';
@@ -91,7 +91,7 @@ void Tour::RequireSampleCompany() {
       isNumber(u"select count(*) from ICPriceDownPrepare", kSampleProvisionRows)) {
     return;
   }
-  GiveUp("巡览需要种子为 1 的示例公司: workbench create FILE --seed 1");
+  Abort("巡览需要种子为 1 的示例公司: workbench create FILE --seed 1");
 }
 
 void Tour::Advance() {
@@ -108,7 +108,7 @@ void Tour::Advance() {
   }
   const bool isLast = ++ticksOfStep_ == kMostTicksOfStep;
   if (inStep_) {
-    if (isLast) GiveUp("it does not return");
+    if (isLast) Abort("it does not return");
     return;
   }
   inStep_ = true;

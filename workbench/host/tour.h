@@ -42,7 +42,7 @@ class Tour {
   void Advance();
   // Saves the reason (UTF-8) and a picture of the screen and ends the program, which a modal window
   // would keep running.
-  [[noreturn]] void GiveUp(const char* reason) noexcept;
+  [[noreturn]] void Abort(const char* reason) noexcept;
   void RequireSampleCompany();
   void AddAll();
   void AddBrowsing();

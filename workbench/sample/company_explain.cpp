@@ -99,7 +99,7 @@ class Explainer {
     for (const std::string& line : lines) Add(title + " " + line);
   }
 
-  Explanation Take() { return std::move(explanation_); }
+  Explanation Release() { return std::move(explanation_); }
 
  private:
   std::string CodeOf(std::int64_t itemId) {
@@ -126,7 +126,7 @@ std::optional<Explanation> ExplainClass(Connection& company, std::string_view nu
   Explainer explainer(company, TextOf(members.At(0, 0)) + " " + TextOf(members.At(0, 1)));
   if (number.find('\'') != std::string_view::npos) {
     explainer.Add(kQuoted);
-    return explainer.Take();
+    return explainer.Release();
   }
   const std::int64_t listed = QueryInteger(
       company,
@@ -137,7 +137,7 @@ std::optional<Explanation> ExplainClass(Connection& company, std::string_view nu
   explainer.AddAll("本期已生成跌价准备凭证,", explainer.Vouchers());
   explainer.AddAll("以前期间已有业务,", explainer.Amounts(Explainer::Which::Earlier,
                                                           "icPriceDownClass", "b." + condition));
-  return explainer.Take();
+  return explainer.Release();
 }
 
 std::optional<Explanation> ExplainItem(Connection& company, std::string_view code) {
@@ -149,7 +149,7 @@ std::optional<Explanation> ExplainItem(Connection& company, std::string_view cod
   Explainer explainer(company, TextOf(items.At(0, 1)) + " " + TextOf(items.At(0, 2)));
   if (code.find('\'') != std::string_view::npos) {
     explainer.Add(kQuoted);
-    return explainer.Take();
+    return explainer.Release();
   }
   const std::int64_t kind = IntegerOf(items.At(0, 3));
   if (kind == 6 || kind == 8) {
@@ -168,7 +168,7 @@ std::optional<Explanation> ExplainItem(Connection& company, std::string_view cod
     explainer.AddAll("本期已生成跌价准备凭证,", vouchers);
     explainer.AddAll("本期已有跌价准备,", amounts);
   }
-  return explainer.Take();
+  return explainer.Release();
 }
 
 }  // namespace workbench

@@ -56,7 +56,7 @@ constexpr SampleClass kClasses[] = {
      "6701.01.02", "1471.99.0001.ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789", "09.04 08.03", All, None},
 };
 
-bool TakesItem(MemberRule rule, const ItemRow& item, Random& random) {
+bool IncludesItem(MemberRule rule, const ItemRow& item, Random& random) {
   const int ordinal = (item.id - 1) % kItemsPerFamily;
   switch (rule) {
     case Most:
@@ -99,7 +99,7 @@ void AddMembers(const SampleClass& sample, const ClassRow& header,
                 const std::vector<ItemRow>& items, Random& random, std::vector<ClassRow>* rows) {
   for (const ItemRow& item : items) {
     if (sample.families.find(FamilyOf(item)) == std::string_view::npos) continue;
-    if (!TakesItem(sample.members, item, random)) continue;
+    if (!IncludesItem(sample.members, item, random)) continue;
     ClassRow row = header;
     row.itemId = item.id;
     if (sample.number == kTwoNamedClass && item.id % 3 == 0) row.name = kSecondName;

@@ -298,7 +298,7 @@ void Recordset::BuildFilterIndex(std::size_t column) {
   indexColumn_ = column;
 }
 
-std::vector<std::size_t> Recordset::TakeRows(std::int32_t count) {
+std::vector<std::size_t> Recordset::NextRows(std::int32_t count) {
   RequireOpen();
   if (position_ != Position::Row) ThrowNoCurrentRecord();
   if (added_) Update();
@@ -314,15 +314,15 @@ std::vector<std::size_t> Recordset::TakeRows(std::int32_t count) {
 }
 
 CellBlockPtr Recordset::GetRows(std::int32_t count, const std::vector<std::size_t>& columns) {
-  return std::make_shared<PickedRows>(shared_from_this(), columns, TakeRows(count));
+  return std::make_shared<PickedRows>(shared_from_this(), columns, NextRows(count));
 }
 
 std::u16string Recordset::GetString(std::int32_t count, const ClipFormat& format) {
   const std::size_t columns = rows_->Fields().size();
-  const std::vector<std::size_t> taken = TakeRows(count);
+  const std::vector<std::size_t> rows = NextRows(count);
   std::u16string text;
-  text.reserve(taken.size() * columns * kUsualCellLength);
-  for (const std::size_t row : taken) {
+  text.reserve(rows.size() * columns * kUsualCellLength);
+  for (const std::size_t row : rows) {
     for (std::size_t column = 0; column < columns; ++column) {
       if (column > 0) text += format.columnDelimiter;
       const CellView cell = rows_->View(row, column);

@@ -96,7 +96,7 @@ class Recordset : public pricedown::LocalObject<Recordset> {
 
   void RequireOpen() const;
   // Up to `count` rows from the current one on; moves past them.
-  std::vector<std::size_t> TakeRows(std::int32_t count);
+  std::vector<std::size_t> NextRows(std::int32_t count);
   bool Passes(std::size_t row) const;
   std::optional<std::size_t> NextFrom(std::size_t row) const;
   std::optional<std::size_t> PreviousFrom(std::size_t end) const;

@@ -52,7 +52,7 @@ class ClipboardMemory {
   explicit operator bool() const { return filled_; }
 
   // Requires: filled, and the clipboard is open.
-  bool Give(UINT format) {
+  bool SetAs(UINT format) {
     if (SetClipboardData(format, memory_) == nullptr) return false;
     memory_ = nullptr;
     return true;
@@ -80,9 +80,9 @@ bool CopyToClipboard(HWND owner, const CopiedCells& cells) {
     std::memcpy(target, cells.html.c_str(), cells.html.size() + 1);
   });
   const OpenedClipboard clipboard(owner);
-  if (!clipboard || EmptyClipboard() == FALSE || !text.Give(CF_UNICODETEXT)) return false;
+  if (!clipboard || EmptyClipboard() == FALSE || !text.SetAs(CF_UNICODETEXT)) return false;
   // Without it there still is the text.
-  if (html && !cells.html.empty()) html.Give(RegisterClipboardFormatW(L"HTML Format"));
+  if (html && !cells.html.empty()) html.SetAs(RegisterClipboardFormatW(L"HTML Format"));
   return true;
 }
 

@@ -74,7 +74,7 @@ UiaRect ScreenArea(HWND window, const RECT& area) {
           static_cast<double>(WidthOf(place)), static_cast<double>(HeightOf(place))};
 }
 
-bool TakesUserInput(HWND window) {
+bool AcceptsInput(HWND window) {
   const HWND desktop = GetDesktopWindow();
   for (HWND outer = window; outer != nullptr && outer != desktop;
        outer = GetAncestor(outer, GA_PARENT)) {

@@ -31,6 +31,6 @@ SAFEARRAY* RuntimeIdArray(std::initializer_list<int> id);
 UiaRect ScreenArea(HWND window, const RECT& area);
 
 // Whether the user can use the window: neither it nor a window around it is disabled.
-bool TakesUserInput(HWND window);
+bool AcceptsInput(HWND window);
 
 }  // namespace pricedown::windows

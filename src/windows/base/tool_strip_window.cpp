@@ -323,7 +323,7 @@ void ToolStripWindow::ChooseFromRest() {
   if (chosen && !strip.HasEnded()) events_.CommandChosen(*rest[*chosen]);
 }
 
-bool ToolStripWindow::CanTakeFocus() const {
+bool ToolStripWindow::AcceptsFocus() const {
   return Handle() != nullptr && IsWindowVisible(Handle()) != FALSE &&
          NextButton(kNoButton, 1) != kNoButton;
 }

@@ -49,7 +49,7 @@ class ToolStripWindow final : public BoundWindow {
   void OnTooltip(NMTTDISPINFOW& info) const;
 
   // The first button that can be pressed is marked for the keyboard.
-  bool CanTakeFocus() const;
+  bool AcceptsFocus() const;
 
  private:
   // As in tree_window.h.

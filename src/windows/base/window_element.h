@@ -84,7 +84,7 @@ class RootElement : public WindowElement<Access, IRawElementProviderFragment,
   }
   STDMETHODIMP SetFocus() noexcept final {
     return this->link_->Run([](Access& access) -> HRESULT {
-      if (!TakesUserInput(access.Window())) return UIA_E_ELEMENTNOTENABLED;
+      if (!AcceptsInput(access.Window())) return UIA_E_ELEMENTNOTENABLED;
       ::SetFocus(access.Window());
       return S_OK;
     });

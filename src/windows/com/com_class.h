@@ -22,7 +22,7 @@ struct InterfaceList {
 template <typename Interface>
 struct BasesOf : InterfaceList<> {};
 
-// Implements QueryInterface for one or more interfaces; a base for the parts of an object.
+// Implements QueryInterface for one or more interfaces; the base classes of a ComClassOf.
 template <typename... Interfaces>
 class Implements : public Interfaces... {
  public:
@@ -50,8 +50,8 @@ class Implements : public Interfaces... {
   }
 };
 
-// A whole object of such parts; the first part is its identity. A class derives from
-// ComClass<Parts...>, is made by MakeCom and deletes itself with its last reference.
+// An object made of such bases; the first one is its identity. A class derives from it or from
+// ComClass, is created by MakeCom and deletes itself with its last reference.
 template <typename First, typename... Others>
 class ComClassOf : public First, public Others... {
  public:
@@ -91,16 +91,16 @@ class ComClassOf : public First, public Others... {
  private:
   static constexpr long kDying = 0x40000000;
 
-  template <typename Part>
+  template <typename Base>
   bool Ask(REFIID id, void** result) noexcept {
-    *result = Part::FindInterface(id);
+    *result = Base::FindInterface(id);
     return *result != nullptr;
   }
 
   std::atomic<long> references_ = 1;
 };
 
-// The usual object: interfaces in one part.
+// The usual object: all interfaces in one base.
 template <typename... Interfaces>
 using ComClass = ComClassOf<Implements<Interfaces...>>;
 

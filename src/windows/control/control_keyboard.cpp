@@ -24,7 +24,7 @@ std::optional<std::size_t> StopOf(const Stops& stops, HWND focus) {
 }  // namespace
 
 bool ControlChildren::MoveFocus(bool backwards, bool wrap) const {
-  const Stops stops{tree.Handle(), grid.Handle(), strip.CanTakeFocus() ? strip.Handle() : nullptr};
+  const Stops stops{tree.Handle(), grid.Handle(), strip.AcceptsFocus() ? strip.Handle() : nullptr};
   std::array<bool, std::tuple_size_v<Stops>> open{};
   std::transform(stops.begin(), stops.end(), open.begin(),
                  [](HWND stop) { return stop != nullptr && IsWindowVisible(stop) != FALSE; });
@@ -47,7 +47,7 @@ void ControlWindow::TabPressed(bool backwards) { children_->MoveFocus(backwards,
 void ControlWindow::SetFocusFirst(bool last) {
   if (Handle() == nullptr) return;
   const ControlChildren& c = *children_;
-  SetFocus(!last ? c.tree.Handle() : c.strip.CanTakeFocus() ? c.strip.Handle() : c.grid.Handle());
+  SetFocus(!last ? c.tree.Handle() : c.strip.AcceptsFocus() ? c.strip.Handle() : c.grid.Handle());
 }
 
 // A key whose command is disabled is left to the host.

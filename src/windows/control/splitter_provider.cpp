@@ -55,7 +55,7 @@ VARIANT SplitterProvider::Property(PROPERTYID property, const SplitterAccess&) c
 STDMETHODIMP SplitterProvider::SetValue(double value) noexcept {
   return link_->Run([&](SplitterAccess& access) -> HRESULT {
     const HWND window = access.Window();
-    if (!TakesUserInput(window)) return UIA_E_ELEMENTNOTENABLED;
+    if (!AcceptsInput(window)) return UIA_E_ELEMENTNOTENABLED;
     const SplitterRange range = RangeOf(window);
     if (!(value >= range.least && value <= range.greatest)) return E_INVALIDARG;
     const int target = static_cast<int>(std::lround(value));

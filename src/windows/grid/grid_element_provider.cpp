@@ -82,7 +82,7 @@ VARIANT GridElementProvider::Property(PROPERTYID property, const GridAccess& acc
     case UIA_AutomationIdPropertyId:
       return PropertyText(elements.Id(element_));
     case UIA_IsEnabledPropertyId:
-      return PropertyFlag(TakesUserInput(access.Window()));
+      return PropertyFlag(AcceptsInput(access.Window()));
     case UIA_IsKeyboardFocusablePropertyId:
       return PropertyFlag(element_.IsCell());
     case UIA_HasKeyboardFocusPropertyId:
@@ -148,7 +148,7 @@ STDMETHODIMP GridElementProvider::GetEmbeddedFragmentRoots(SAFEARRAY** result) n
 
 STDMETHODIMP GridElementProvider::SetFocus() noexcept {
   return Ask([&](GridAccess& access) -> HRESULT {
-    if (!TakesUserInput(access.Window())) return UIA_E_ELEMENTNOTENABLED;
+    if (!AcceptsInput(access.Window())) return UIA_E_ELEMENTNOTENABLED;
     ::SetFocus(access.Window());
     if (!element_.IsCell()) return S_OK;
     // The host may have ended the control, or loaded the grid again.
@@ -197,7 +197,7 @@ STDMETHODIMP GridElementProvider::GetColumnHeaderItems(SAFEARRAY** result) noexc
 
 HRESULT GridElementProvider::SelectIn(GridAccess& access, bool extend) const {
   if (element_.row == kTitleRow) return UIA_E_INVALIDOPERATION;
-  if (!TakesUserInput(access.Window())) return UIA_E_ELEMENTNOTENABLED;
+  if (!AcceptsInput(access.Window())) return UIA_E_ELEMENTNOTENABLED;
   access.SetSelection(access.Elements().Select(element_, extend));
   return S_OK;
 }
@@ -230,7 +230,7 @@ STDMETHODIMP GridElementProvider::get_SelectionContainer(
 STDMETHODIMP GridElementProvider::SetValue(LPCWSTR value) noexcept {
   if (value == nullptr) return E_INVALIDARG;
   return Ask([&](GridAccess& access) -> HRESULT {
-    if (!TakesUserInput(access.Window())) return UIA_E_ELEMENTNOTENABLED;
+    if (!AcceptsInput(access.Window())) return UIA_E_ELEMENTNOTENABLED;
     if (!access.Elements().IsEditable(element_)) return UIA_E_INVALIDOPERATION;
     const bool isCurrent = element_ == access.Elements().Current();
     if (!access.SetNumber(element_, FromWide(value))) return E_INVALIDARG;

@@ -47,7 +47,7 @@ void HostedControl::NewSession() {
     const std::shared_ptr<void> held = hold();
     const auto session = session_;
     if (gained && activation_.IsActive()) {
-      activation_.ActivateUi(activeObject_, session->Window(), TakeFocus::No);
+      activation_.ActivateUi(activeObject_, session->Window(), FocusMove::None);
     }
     if (activation_.IsActive()) activation_.NotifyFocus(gained);
   });
@@ -111,7 +111,7 @@ void HostedControl::Activate(bool ui, bool atLast) {
     site->ShowObject();
     if (ui && activation_.IsActive()) {
       activation_.ActivateUi(activeObject_, session->Window(),
-                             atLast ? TakeFocus::AtLast : TakeFocus::AtFirst);
+                             atLast ? FocusMove::ToLast : FocusMove::ToFirst);
     }
   });
   steps.Rethrow();

@@ -52,7 +52,7 @@ void InPlaceActivation::Activate(IOleClientSite& client, ControlWindow& window) 
 }
 
 void InPlaceActivation::ActivateUi(IOleInPlaceActiveObject& self, ControlWindow& window,
-                                   TakeFocus takeFocus) {
+                                   FocusMove focusMove) {
   // A container may pass the focus that leaves back to the control.
   if (deactivates_) return;
   if (!uiActive_) {
@@ -72,9 +72,9 @@ void InPlaceActivation::ActivateUi(IOleInPlaceActiveObject& self, ControlWindow&
     if (document) document->SetActiveObject(&self, kActiveName);
   }
   const HWND focus = GetFocus();
-  if (takeFocus != TakeFocus::No && uiActive_ && focus != window.Handle() &&
+  if (focusMove != FocusMove::None && uiActive_ && focus != window.Handle() &&
       !IsChild(window.Handle(), focus)) {
-    window.SetFocusFirst(takeFocus == TakeFocus::AtLast);
+    window.SetFocusFirst(focusMove == FocusMove::ToLast);
   }
 }
 

@@ -10,7 +10,7 @@
 namespace pricedown::windows {
 
 // Which child receives the focus, unless one has it.
-enum class TakeFocus { No, AtFirst, AtLast };
+enum class FocusMove { None, ToFirst, ToLast };
 
 class InPlaceActivation {
  public:
@@ -21,7 +21,7 @@ class InPlaceActivation {
   // AutomationError when the container refuses; nothing is active then.
   void Activate(IOleClientSite& client, ControlWindow& window);
   // Makes the control the container's active one. Requires: active.
-  void ActivateUi(IOleInPlaceActiveObject& self, ControlWindow& window, TakeFocus takeFocus);
+  void ActivateUi(IOleInPlaceActiveObject& self, ControlWindow& window, FocusMove focusMove);
   // Every step runs even when the container refuses one.
   void DeactivateUi();
   // In both a focus inside the window goes to the container.

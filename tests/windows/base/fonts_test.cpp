@@ -18,7 +18,7 @@ void PrintTo(const CharsetCase& given, std::ostream* out) { *out << given.name; 
 
 class CharacterSet : public ::testing::TestWithParam<CharsetCase> {};
 
-TEST_P(CharacterSet, FollowsFromTheNameOnlyWhenNoneIsGiven) {
+TEST_P(CharacterSet, FollowsFromTheNameOnlyWhenUnset) {
   Font font;
   font.name = GetParam().font;
   font.charset = GetParam().charset;

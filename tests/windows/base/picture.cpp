@@ -22,7 +22,7 @@ BITMAPINFOHEADER Header(int width, int height) {
 
 }  // namespace
 
-Picture TakePicture(HDC context, const RECT& area) {
+Picture CapturePicture(HDC context, const RECT& area) {
   Picture picture;
   picture.width = area.right - area.left;
   picture.height = area.bottom - area.top;
@@ -43,19 +43,19 @@ Picture TakePicture(HDC context, const RECT& area) {
   return picture;
 }
 
-Picture TakePicture(HWND window) {
+Picture CapturePicture(HWND window) {
   RunMessages();
   RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
   RECT area{};
   GetClientRect(window, &area);
   const HDC context = GetDC(window);
-  Picture picture = TakePicture(context, area);
+  Picture picture = CapturePicture(context, area);
   ReleaseDC(window, context);
   return picture;
 }
 
 void KeepPicture(HWND window, const std::string& name) {
-  if (std::getenv("PRICEDOWN_PICTURES") != nullptr) KeepPicture(TakePicture(window), name);
+  if (std::getenv("PRICEDOWN_PICTURES") != nullptr) KeepPicture(CapturePicture(window), name);
 }
 
 void KeepPicture(const Picture& picture, const std::string& name) {

@@ -21,9 +21,9 @@ struct Picture {
 };
 
 // The window with its children, its client area only.
-Picture TakePicture(HWND window);
+Picture CapturePicture(HWND window);
 // Also of a part of a device context.
-Picture TakePicture(HDC context, const RECT& area);
+Picture CapturePicture(HDC context, const RECT& area);
 
 // Writes `name`.bmp into the folder that PRICEDOWN_PICTURES names; does nothing without it.
 void KeepPicture(HWND window, const std::string& name);

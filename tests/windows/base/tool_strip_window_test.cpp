@@ -213,7 +213,7 @@ TEST(ToolStripWindow, ShowsAnArrowToWhatANarrowControlLeavesOut) {
   RECT arrow{};
   SendMessageW(world.Strip(), TB_GETITEMRECT, 8, reinterpret_cast<LPARAM>(&arrow));
   EXPECT_LE(arrow.right, print.right);
-  EXPECT_GT(Colours(TakePicture(world.Strip()), arrow), 1u) << "it is drawn";
+  EXPECT_GT(Colours(CapturePicture(world.Strip()), arrow), 1u) << "it is drawn";
   {
     ContextMenus menu(1, "strip too narrow menu");
     SetFocus(world.Strip());

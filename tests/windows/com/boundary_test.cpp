@@ -26,7 +26,7 @@ TEST(Boundary, ConvertsTheCoresErrorIntoNumberAndDescription) {
   EXPECT_EQ(Hexadecimal(
                 AtBoundary([] { throw AutomationError(ErrorNumber::Overflow, u"溢出", u"来源"); })),
             "8002000A");
-  EXPECT_EQ(TakeErrorInfo(), "来源: 溢出");
+  EXPECT_EQ(ConsumeErrorInfo(), "来源: 溢出");
 }
 
 TEST(Boundary, NeverReturnsSuccessForAnException) {
@@ -36,20 +36,20 @@ TEST(Boundary, NeverReturnsSuccessForAnException) {
 
 TEST(Boundary, KnowsTheStandardExceptions) {
   EXPECT_EQ(AtBoundary([] { throw std::bad_alloc(); }), E_OUTOFMEMORY);
-  EXPECT_EQ(TakeErrorInfo(), ": 内存不足");
+  EXPECT_EQ(ConsumeErrorInfo(), ": 内存不足");
   EXPECT_EQ(AtBoundary([] { throw std::runtime_error("甲"); }), E_FAIL);
-  EXPECT_EQ(TakeErrorInfo(), "甲: 意外错误");
+  EXPECT_EQ(ConsumeErrorInfo(), "甲: 意外错误");
 }
 
 TEST(Boundary, CatchesEverythingElse) {
   EXPECT_EQ(AtBoundary([] { throw 5; }), E_UNEXPECTED);
-  EXPECT_EQ(TakeErrorInfo(), ": 意外错误");
+  EXPECT_EQ(ConsumeErrorInfo(), ": 意外错误");
 }
 
 TEST(Boundary, LeavesNoStaleDescriptionWithAnotherCode) {
   windows::PublishFailure({E_FAIL, u"earlier", u""}, IID{});
   EXPECT_EQ(AtBoundary([] { return E_NOTIMPL; }), E_NOTIMPL);
-  EXPECT_EQ(TakeErrorInfo(), "");
+  EXPECT_EQ(ConsumeErrorInfo(), "");
 }
 
 TEST(SystemText, NamesTheNumberWhereTheSystemHasNoText) {

@@ -53,7 +53,7 @@ TEST(StoringByReference, ReplacesTexts) {
   EXPECT_EQ(Utf8(text.Text()), "新");
 }
 
-TEST(StoringByReference, ReplacesVariantsWhateverTheyHeld) {
+TEST(StoringByReference, ReplacesVariantsOfAnyType) {
   Variant variant = windows::ToVariant(u"old");
   StoreByReference(Reference(VT_VARIANT, variant.share()), 5);
   EXPECT_EQ(Readable(windows::FromVariant(variant.get())), "5");

@@ -152,7 +152,7 @@ TEST(CallingAnObject, UsesTheSystemsTextWhereTheServerHasNone) {
   EXPECT_GT(failure.size(), 10U);
 }
 
-TEST(CallingAnObject, DropsTheResultOfAMethodWhateverItIs) {
+TEST(CallingAnObject, DropsAnyResultOfAMethod) {
   Called called([](DISPPARAMS&, VARIANT* result, EXCEPINFO*) {
     *result = Nothing(VT_ERROR);
     result->scode = E_FAIL;

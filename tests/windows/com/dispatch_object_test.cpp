@@ -54,7 +54,7 @@ TEST_F(CallingUs, AStatementNeedsNoResult) {
   EXPECT_EQ(Statement(dispatch.get(), L"Join", {Number(1)}), "S_OK");
 }
 
-TEST_F(CallingUs, PutsTakeTheirNamedArgument) {
+TEST_F(CallingUs, PutsReadTheirNamedArgument) {
   EXPECT_EQ(Assignment(dispatch.get(), L"Value", Number(8)), "S_OK");
   EXPECT_EQ(object->value, Value(8));
   EXPECT_EQ(object->lastAccess, Access::Put);
@@ -121,7 +121,7 @@ TEST_F(CallingUs, ExceptionsWithoutARecordAreCodes) {
   EXPECT_EQ(
       Hexadecimal(dispatch->Invoke(5, IID{}, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr)),
       "80040123");
-  EXPECT_EQ(TakeErrorInfo(), "simple: 坏了");
+  EXPECT_EQ(ConsumeErrorInfo(), "simple: 坏了");
 }
 
 TEST_F(CallingUs, ErrorInfoIsOfferedForIDispatch) {

@@ -108,7 +108,7 @@ TEST_F(CallingATable, ReferencesAreFollowed) {
       R"(run "甲", int16 3, Missing, Missing, Missingrun "5", Missing, Missing, Missing, Missing)");
 }
 
-TEST_F(CallingATable, NamedArgumentsTakeTheirPositions) {
+TEST_F(CallingATable, NamedArgumentsMapToTheirPositions) {
   std::wstring member = L"RUN";
   std::wstring last = L"Any";
   std::wstring first = L"Name";

@@ -159,7 +159,7 @@ TEST_F(InDesignMode, EveryMemberIsRefusedButShow) {
        {&_PriceDown::PreviewPara, &_PriceDown::PrintPara, &_PriceDown::ModelCurrent,
         &_PriceDown::addRecord, &_PriceDown::editRecord, &_PriceDown::delRecord}) {
     EXPECT_EQ((early.get()->*member)(answer.put()), E_UNEXPECTED);
-    EXPECT_NE(TakeErrorInfo(), "");
+    EXPECT_NE(ConsumeErrorInfo(), "");
   }
   EXPECT_EQ(early->put_ShowMode(1), E_UNEXPECTED);
   EXPECT_EQ(early->RefreshToolbar(), E_UNEXPECTED);

@@ -204,7 +204,7 @@ TEST_F(FailuresOfMembers, AreEqualOnBothInterfaces) {
   IDispatch* held = object.get();
   VARIANT_BOOL use = VARIANT_TRUE;
   EXPECT_EQ(Hexadecimal(Early()->ParentWindow_ToolBarClick(&held, &use)), "80040123");
-  EXPECT_EQ(TakeErrorInfo(), "broken: 没有名称");
+  EXPECT_EQ(ConsumeErrorInfo(), "broken: 没有名称");
 
   const auto parent = windows::ToDispatch(host.world.NewParent());
   EXPECT_EQ(Expression(host.control.get(), L"Show", {ObjectOf(parent.get())}), "S_OK True");
@@ -212,7 +212,7 @@ TEST_F(FailuresOfMembers, AreEqualOnBothInterfaces) {
   EXPECT_EQ(Statement(host.control.get(), L"RefreshToolbar"),
             "exception 80040124 broken: 不能合并, info: broken: 不能合并");
   EXPECT_EQ(Hexadecimal(Early()->RefreshToolbar()), "80040124");
-  EXPECT_EQ(TakeErrorInfo(), "broken: 不能合并");
+  EXPECT_EQ(ConsumeErrorInfo(), "broken: 不能合并");
 }
 
 TEST_F(FailuresOfMembers, OfACallerWithoutARecordAreTheCode) {
@@ -222,7 +222,7 @@ TEST_F(FailuresOfMembers, OfACallerWithoutARecordAreTheCode) {
   EXPECT_EQ(Hexadecimal(host.control->Invoke(id, IID{}, LOCALE_USER_DEFAULT, DISPATCH_METHOD,
                                              &parameters, nullptr, nullptr, nullptr)),
             "80040123");
-  EXPECT_EQ(TakeErrorInfo(), "broken: 没有名称");
+  EXPECT_EQ(ConsumeErrorInfo(), "broken: 没有名称");
 }
 
 TEST_F(FailuresOfMembers, NameTheInterfaceOfTheCall) {

@@ -95,7 +95,7 @@ TEST(AnotherContainer, CanHostTheControlOnceTheFirstHasReleasedIt) {
   EXPECT_EQ(ReferencesTo(site), 1U);
 }
 
-TEST(AnotherContainer, MayTakeTheShownControlAwayFromTheFirst) {
+TEST(AnotherContainer, MayReceiveTheControlThatTheFirstStillShows) {
   ControlHost host;
   host.Open();
   host.DoVerb(OLEIVERB_UIACTIVATE);

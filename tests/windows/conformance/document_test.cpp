@@ -54,7 +54,7 @@ TEST(PictureInADocument, OfAnEnhancedMetafileFillsItsPlace) {
 
 // As containers keep pictures of inactive controls: they set the metafile's units when they draw,
 // and the place on paper or screen only when they play it.
-TEST(PictureInADocument, OfAMetafileFillsWhateverPlaceItIsPlayedIn) {
+TEST(PictureInADocument, OfAMetafileFillsAnyPlaceItIsPlayedIn) {
   ControlHost host;
   host.Open();
   host.As<IOleInPlaceObject>()->InPlaceDeactivate();

@@ -92,7 +92,7 @@ TEST(ControlWindow, WorksBeforeAnyContainerShowsIt) {
   EXPECT_GT(world.window->MeasureLabel(Font{}), 100);
 }
 
-TEST(ControlWindow, ShowsItsTitleInTheFontThatTheSuiteGives) {
+TEST(ControlWindow, ShowsItsTitleInTheFontOfTheSuite) {
   UiWorld world;
   const auto font = [&] {
     LOGFONTW description{};
@@ -230,11 +230,11 @@ TEST(ControlWindow, RepaintsItsLabelsWhenItsWidthChanges) {
   for (const int width : {260, 900, 420, 700, 300, 900}) {
     world.window->MoveTo({0, 0, width, 560});
     RunMessages();
-    const Picture resized = TakePicture(world.window->Handle());
+    const Picture resized = CapturePicture(world.window->Handle());
     RedrawWindow(world.window->Handle(), nullptr, nullptr,
                  RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
     RunMessages();
-    const Picture repainted = TakePicture(world.window->Handle());
+    const Picture repainted = CapturePicture(world.window->Handle());
     EXPECT_EQ(resized.pixels, repainted.pixels) << width;
     if (width == 260) KeepPicture(world.host.Handle(), "narrow title");
   }
@@ -267,13 +267,13 @@ TEST(ControlWindow, DrawsItselfForAContainer) {
   const HBITMAP bitmap = CreateCompatibleBitmap(screen, area.right, area.bottom);
   const HGDIOBJ previous = SelectObject(memory, bitmap);
   world.window->Draw(memory, area);
-  const Picture drawn = TakePicture(memory, area);
+  const Picture drawn = CapturePicture(memory, area);
   SelectObject(memory, previous);
   DeleteObject(bitmap);
   DeleteDC(memory);
   ReleaseDC(nullptr, screen);
   KeepPicture(drawn, "drawn for a container");
-  const Picture shown = TakePicture(world.window->Handle());
+  const Picture shown = CapturePicture(world.window->Handle());
   int different = 0;
   for (std::size_t i = 0; i < shown.pixels.size(); ++i) {
     different += drawn.pixels[i] != shown.pixels[i];
@@ -308,11 +308,11 @@ TEST(ControlWindow, LeavesTheHostsFocusAloneWhenTheStripIsHidden) {
 TEST(ControlWindow, ShowsTheWholeLayoutInSystemColoursAfterTheyChange) {
   UiWorld world;
   world.Start();
-  const Picture before = TakePicture(world.window->Handle());
+  const Picture before = CapturePicture(world.window->Handle());
   SendMessageW(world.window->Handle(), WM_SYSCOLORCHANGE, 0, 0);
   SendMessageW(world.window->Handle(), WM_THEMECHANGED, 0, 0);
   SendMessageW(world.window->Handle(), WM_SETTINGCHANGE, 0, 0);
-  const Picture after = TakePicture(world.window->Handle());
+  const Picture after = CapturePicture(world.window->Handle());
   EXPECT_EQ(before.pixels, after.pixels);
 }
 

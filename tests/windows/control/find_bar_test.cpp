@@ -81,7 +81,7 @@ TEST_F(FindBar, MarksTheFoundCellWhileTheFocusIsInTheBar) {
     const COLORREF mark = GetSysColor(COLOR_HIGHLIGHT);
     const std::uint32_t colour =
         static_cast<std::uint32_t>(GetRValue(mark) << 16 | GetGValue(mark) << 8 | GetBValue(mark));
-    const Picture picture = TakePicture(world_.Grid());
+    const Picture picture = CapturePicture(world_.Grid());
     return std::find(picture.pixels.begin(), picture.pixels.end(), colour) != picture.pixels.end();
   };
   EXPECT_FALSE(isMarked());
@@ -147,7 +147,7 @@ TEST_F(FindBar, CountsOnlyWhenThereIsNoInput) {
   EXPECT_EQ(Count(), "1 / 200000");
 }
 
-TEST_F(FindBar, TakesTheKeysThatAHostMightKeep) {
+TEST_F(FindBar, HandlesTheKeysThatAHostMightKeep) {
   Open(world_.Grid());
   for (const WPARAM key : std::initializer_list<WPARAM>{VK_RETURN, VK_ESCAPE, VK_DELETE}) {
     MSG message{};

@@ -139,7 +139,7 @@ TEST_F(Splitter, TabGoesFromTreeToGridToStripAndOut) {
   EXPECT_EQ(GetFocus(), world_.Strip());
 }
 
-TEST_F(Splitter, TabWrapsAroundWhereTheHostTakesNoKeys) {
+TEST_F(Splitter, TabWrapsAroundWhereTheHostAcceptsNoKeys) {
   world_.window->SetFocusFirst(false);
   world_.Press(VK_TAB);
   world_.Press(VK_TAB);

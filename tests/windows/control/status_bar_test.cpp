@@ -43,7 +43,7 @@ TEST(ControlWindow, ShowsTheNumberOfItemsAndTheClass) {
   KeepPicture(world.host.Handle(), "empty class");
 }
 
-TEST(ControlWindow, NamesNoClassAfterTheFormTookTheRows) {
+TEST(ControlWindow, NamesNoClassOnceTheFormHoldsTheRows) {
   UiWorld world;
   world.Start();
   // From the second load on, with all columns that the form needs.
@@ -137,7 +137,7 @@ TEST(ControlWindow, DrawsTheNextItemsAfterALoadThatFailed) {
   world.Start();
   world.Click(world.Tree(), world.NodePoint(3));
   world.Click(world.Tree(), world.NodePoint(6));
-  const Picture before = TakePicture(world.Grid());
+  const Picture before = CapturePicture(world.Grid());
   // From the second time on: a recordset whose rows cannot be read, so that the load ends while
   // the grid's redrawing is off.
   AnswerStatement(world.suite.factory, statements::ItemsOfClass(u"02"),
@@ -149,7 +149,7 @@ TEST(ControlWindow, DrawsTheNextItemsAfterALoadThatFailed) {
   world.Click(world.Tree(), world.NodePoint(6));
   EXPECT_TRUE(world.control->ItemCells().Redraw());
   EXPECT_EQ(Panel(world, 0), "05(外购半成品)    共 50 项物料");
-  EXPECT_EQ(TakePicture(world.Grid()).pixels, before.pixels);
+  EXPECT_EQ(CapturePicture(world.Grid()).pixels, before.pixels);
 }
 
 }  // namespace

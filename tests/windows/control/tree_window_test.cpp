@@ -80,7 +80,7 @@ TEST_F(TreeWindow, SelectsByKeyboard) {
   EXPECT_EQ(Loads(u"0"), 1u);
 }
 
-TEST_F(TreeWindow, TakingTheFocusSelectsNothing) {
+TEST_F(TreeWindow, GettingTheFocusSelectsNothing) {
   SetFocus(world_.Grid());
   world_.control->CommandChosen(Button(u"sp2"));
   ASSERT_EQ(world_.window->SelectedNode(), kNoNode);

@@ -77,7 +77,7 @@ TEST_F(GridProviderTest, APriceFromOutsideRaisesItsValue) {
   EXPECT_EQ(Events(), Log{"value row9.column4 = 3.00"});
 }
 
-TEST_F(GridProviderTest, RaisesNothingWhileNobodyListens) {
+TEST_F(GridProviderTest, RaisesNothingWithoutListeners) {
   automation_.listening = false;
   const long before = windows::Counts().objects;
   input_.Press(VK_DOWN);

@@ -9,7 +9,7 @@ namespace {
 
 TEST_F(GridWindow, AnEmptyGridShowsTitlesAndGridLines) {
   grid_.SetMaxRows(0);
-  const Picture picture = TakePicture(Handle());
+  const Picture picture = CapturePicture(Handle());
   std::set<int> lines;
   const int middle = CellPoint(2, 1).x;
   const std::uint32_t background = picture.At(middle, picture.height - 2 * Scale(10));
@@ -41,7 +41,7 @@ TEST_F(GridWindow, ShowsLockedCellsInTheTooltipColour) {
   const SystemColour yellow(COLOR_INFOBK, RGB(0xFF, 0xFF, 0xE1));
   const POINT locked = CellPoint(3, 3);
   const POINT open = CellPoint(4, 3);
-  const Picture picture = TakePicture(Handle());
+  const Picture picture = CapturePicture(Handle());
   EXPECT_EQ(picture.At(locked.x, locked.y), 0xFFFFE1u);
   EXPECT_NE(picture.At(open.x, open.y), 0xFFFFE1u);
 }
@@ -50,14 +50,14 @@ TEST_F(GridWindow, TintsLockedCellsWhereTooltipsAreAsWhiteAsWindows) {
   const SystemColour white(COLOR_INFOBK, GetSysColor(COLOR_WINDOW));
   const POINT locked = CellPoint(2, 3);
   const POINT open = CellPoint(4, 3);
-  const Picture picture = TakePicture(Handle());
+  const Picture picture = CapturePicture(Handle());
   EXPECT_NE(picture.At(locked.x, locked.y), picture.At(open.x, open.y));
   KeepPicture(host_.Handle(), "grid with white tooltips");
 }
 
-TEST_F(GridWindow, TellsOpenLockedAndSelectedCellsApartInEveryChoiceOfColours) {
+TEST_F(GridWindow, ShowsOpenLockedAndSelectedCellsDifferentlyInEveryColourScheme) {
   const auto look = [this] {
-    const Picture picture = TakePicture(Handle());
+    const Picture picture = CapturePicture(Handle());
     std::set<std::uint32_t> colours;
     // One selected, one locked, one open.
     for (const POINT& cell : {CellPoint(2, 3), CellPoint(2, 6), CellPoint(4, 6)}) {
@@ -91,7 +91,7 @@ TEST_F(GridWindow, RowsAndTitlesFollowTheGrid) {
 
 TEST_F(GridWindow, OutlivesADetachedGrid) {
   window_.Show(nullptr);
-  TakePicture(Handle());
+  CapturePicture(Handle());
   input_.Press(VK_DOWN);
   input_.Type(u"5");
   input_.Click(Handle(), {30, 60});

@@ -93,7 +93,7 @@ TEST_F(GridProviderTest, SelectingACellMakesItTheCurrentOneInTheWindow) {
   EXPECT_TRUE(selected);
 }
 
-TEST_F(GridProviderTest, SelectionGrowsByRowsAndCellsAndShrinksNot) {
+TEST_F(GridProviderTest, SelectionGrowsByRowsAndCellsAndNeverShrinks) {
   ASSERT_EQ(PatternOf<ISelectionItemProvider>(Row(3), UIA_SelectionItemPatternId)->Select(), S_OK);
   EXPECT_EQ(Range(), (CellRange{1, 3, 4, 3}));
   const auto row = PatternOf<ISelectionItemProvider>(Row(5), UIA_SelectionItemPatternId);

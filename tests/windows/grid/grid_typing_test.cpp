@@ -206,7 +206,7 @@ TEST_F(GridWindow, DeleteEmptiesAllSelectedPrices) {
   EXPECT_EQ(Cell(4, 2) + Cell(4, 3), "");
 }
 
-TEST_F(GridWindow, TakesFullWidthDigitsAndPointsInAPrice) {
+TEST_F(GridWindow, AcceptsFullWidthDigitsAndPointsInAPrice) {
   input_.Click(Handle(), CellPoint(4, 2));
   input_.Type(u"１２．５");
   EXPECT_EQ(Utf8(windows::TextOf(Editor())), "12.5");

@@ -236,7 +236,7 @@ TEST_F(FrameWindowTest, HasNoChildThatIsClosedWhileItIsShown) {
   EXPECT_EQ(Buttons(), kAll);
 }
 
-TEST_F(FrameWindowTest, GivesTheFocusToTheControlOfTheActiveChild) {
+TEST_F(FrameWindowTest, MovesTheFocusToTheControlOfTheActiveChild) {
   const ChildWindow* first = frame_.OpenChild(kItemClassesCaption);
   ASSERT_NE(first, nullptr);
   EXPECT_TRUE(IsChild(first->ControlHandle(), GetFocus())) << "opened";

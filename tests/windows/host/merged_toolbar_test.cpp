@@ -165,7 +165,7 @@ TEST_F(MergedToolbarTest, TipsAreDescriptionsOrCaptions) {
   EXPECT_EQ(Utf8(FromWide(toolbar_.TipOf(IDM_FIRST_TOOL + 9))), "");
 }
 
-TEST_F(MergedToolbarTest, TakesMoreRowsInANarrowFrame) {
+TEST_F(MergedToolbarTest, UsesMoreRowsInANarrowFrame) {
   const int one = HeightAt(900);
   EXPECT_EQ(Rows(), 1);
   const int more = HeightAt(300);

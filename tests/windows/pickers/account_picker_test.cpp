@@ -43,7 +43,7 @@ class AccountPickerWindow : public ::testing::Test {
   PickerUser user_;
 };
 
-TEST_F(AccountPickerWindow, OpensOnTheGivenTextWithItsFirstAccountCurrent) {
+TEST_F(AccountPickerWindow, OpensOnTheInitialTextWithItsFirstAccountCurrent) {
   user_
       .Then([this] {
         EXPECT_EQ("1471", user_.Text(ids::kSearch));
@@ -57,7 +57,7 @@ TEST_F(AccountPickerWindow, OpensOnTheGivenTextWithItsFirstAccountCurrent) {
   EXPECT_EQ("1471", Pick(u"1471"));
 }
 
-TEST_F(AccountPickerWindow, TypingReplacesTheGivenTextAndFindsInsideNames) {
+TEST_F(AccountPickerWindow, TypingReplacesTheInitialTextAndFindsInsideNames) {
   user_.Type(u"银行").Await(ids::kFound, u"找到 2 个科目").Press(VK_RETURN);
   EXPECT_EQ("1002", Pick(u"1471"));
 }
@@ -118,7 +118,7 @@ TEST_F(AccountPickerWindow, ReportsThatNothingIsFoundAndStaysOpenAtEnter) {
         EXPECT_TRUE(IsWindowVisible(user_.Control(ids::kNothing)));
         EXPECT_EQ("没有符合条件的科目", user_.Text(ids::kNothing));
       })
-      .TakePicture("account-picker-nothing")
+      .CapturePicture("account-picker-nothing")
       .Press(VK_RETURN)
       .Then([this] { EXPECT_EQ(user_.Control(ids::kSearch), GetFocus()); })
       .Press(VK_ESCAPE);

@@ -70,14 +70,14 @@ class PickerLook : public ::testing::TestWithParam<int> {
 TEST_P(PickerLook, AccountsFitTheirWindow) {
   user_.Then([this] { CheckPlaces(2); })
       .Press(VK_DOWN)
-      .TakePicture(Name("account-picker"))
+      .CapturePicture(Name("account-picker"))
       .Press(VK_ESCAPE);
   Show(AccountPicker(), false, u"1");
 }
 
 TEST_P(PickerLook, ItemsFitTheirWindow) {
   user_.Then([this] { CheckPlaces(3); })
-      .TakePicture(Name("item-picker-all"))
+      .CapturePicture(Name("item-picker-all"))
       .Type(u"钢")
       .Press(VK_DOWN)
       .Press(VK_SPACE)
@@ -85,7 +85,7 @@ TEST_P(PickerLook, ItemsFitTheirWindow) {
       .Press(VK_DOWN)
       .Press(VK_SPACE)
       .Await(ids::kChosen, u"已选 2 项")
-      .TakePicture(Name("item-picker"))
+      .CapturePicture(Name("item-picker"))
       .Press(VK_ESCAPE);
   Show(ItemPicker(), true);
 }
@@ -96,7 +96,7 @@ TEST_P(PickerLook, GrowsAndKeepsASensibleSmallestSize) {
         CheckPlaces(3);
         EXPECT_GE(ListView_GetCountPerPage(user_.Control(ids::kList)), 3);
       })
-      .TakePicture(Name("item-picker-smallest"))
+      .CapturePicture(Name("item-picker-smallest"))
       .Then([this] { SetWindowPos(user_.Dialog(), nullptr, 0, 0, 1200, 760, SWP_NOZORDER); })
       .Then([this] { CheckPlaces(3); })
       .Press(VK_ESCAPE);

@@ -149,7 +149,7 @@ PickerUser& PickerUser::Await(int id, std::u16string_view text) {
   return Add([this, id, expected = Utf8FromUtf16(text)] { return Text(id) == expected; });
 }
 
-PickerUser& PickerUser::TakePicture(const std::string& name) {
+PickerUser& PickerUser::CapturePicture(const std::string& name) {
   if (std::getenv("PRICEDOWN_PICTURES") == nullptr) return *this;
   // Painting comes between two steps.
   Then([] {});

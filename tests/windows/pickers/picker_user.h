@@ -31,7 +31,7 @@ class PickerUser {
   PickerUser& Await(int id, std::u16string_view text);
   PickerUser& Then(std::function<void()> look);
   // Writes NAME.png of the whole window into the folder PRICEDOWN_PICTURES.
-  PickerUser& TakePicture(const std::string& name);
+  PickerUser& CapturePicture(const std::string& name);
 
   // For steps: the open window and what is in it.
   HWND Dialog() const;

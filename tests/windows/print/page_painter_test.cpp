@@ -51,7 +51,7 @@ class Canvas {
   Canvas& operator=(const Canvas&) = delete;
 
   HDC Context() const { return context_; }
-  Picture Look() const { return TakePicture(context_, {0, 0, width_, height_}); }
+  Picture Look() const { return CapturePicture(context_, {0, 0, width_, height_}); }
 
  private:
   int width_;

@@ -127,7 +127,7 @@ TEST_F(PageProviderTest, ATurnedPageRaisesItsTextOnceAndScrollingNothing) {
   EXPECT_EQ(automation_.log, Log{});
 }
 
-TEST_F(PageProviderTest, RaisesNothingWhileNobodyListens) {
+TEST_F(PageProviderTest, RaisesNothingWithoutListeners) {
   automation_.listening = false;
   GoTo(2);
   EXPECT_EQ(automation_.log, Log{});

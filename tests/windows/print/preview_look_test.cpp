@@ -35,7 +35,7 @@ class PreviewLook : public PreviewWorld {
   // Ink is found where the first page has its rules, and none in its margins.
   void ExpectPage(const PrintPages& pages, std::optional<double> percent) const {
     const PreviewState state = Expected(pages, percent);
-    const Picture picture = TakePicture(Pane());
+    const Picture picture = CapturePicture(Pane());
     const Rectangle paper = state.PaperBox();
     const auto x = [&](double tenths) { return paper.left + std::lround(state.Pixels(tenths)); };
     const auto y = [&](double tenths) { return paper.top + std::lround(state.Pixels(tenths)); };

@@ -262,7 +262,7 @@ TEST_F(PreviewWindowTest, ReportsAFailureAndContinues) {
 }
 
 TEST_F(PreviewWindowTest, KeepsItsPagesWhenNewOnesCannotBeMade) {
-  printing.onSetUpPage = [&] { printing.failsToTellPaper = true; };
+  printing.onSetUpPage = [&] { printing.failsToReportPaper = true; };
   ShowFivePages({[&] { ClickButton(u"PageSetup"); }, [&] { ClickButton(u"Last"); },
                  [&] { EXPECT_EQ(Page(), "5 共 5 页"); }, [&] { CloseByFrame(); }});
   ASSERT_EQ(boxes.All().size(), 1u);
@@ -271,18 +271,18 @@ TEST_F(PreviewWindowTest, KeepsItsPagesWhenNewOnesCannotBeMade) {
 
 TEST_F(PreviewWindowTest, KeepsTheFontWhenNoPagesCanBeMadeInTheNewOne) {
   fonts.answers = {{u"黑体", 12, true, false}};
-  fonts.onShow = [&] { printing.failsToTellPaper = true; };
+  fonts.onShow = [&] { printing.failsToReportPaper = true; };
   ShowFivePages({[&] { ClickButton(u"Font"); }, [&] { CloseByFrame(); }});
   EXPECT_EQ(document.font, Font());
   EXPECT_EQ(boxes.All().size(), 1u);
 }
 
 TEST_F(PreviewWindowTest, DoesNotOpenWithoutPages) {
-  printing.failsToTellPaper = true;
+  printing.failsToReportPaper = true;
   EXPECT_THROW(dialog.ShowModal(host.Handle(), fonts), AutomationError);
   EXPECT_EQ(Window(), nullptr);
   EXPECT_TRUE(IsWindowEnabled(host.Handle()) != FALSE);
-  printing.failsToTellPaper = false;
+  printing.failsToReportPaper = false;
   Show(10, {[&] { CloseByFrame(); }});
 }
 

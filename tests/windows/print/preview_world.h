@@ -36,7 +36,7 @@ namespace preview_ids = windows::preview_ids;
 class ScriptedPrinting : public windows::PreviewPrinting {
  public:
   Paper CurrentPaper() override {
-    if (failsToTellPaper) throw AutomationError(ErrorNumber::Unspecified, u"打印机没有回答");
+    if (failsToReportPaper) throw AutomationError(ErrorNumber::Unspecified, u"打印机没有回答");
     return paper;
   }
   std::u16string Date() override { return u"2008-03-31"; }
@@ -44,7 +44,7 @@ class ScriptedPrinting : public windows::PreviewPrinting {
   void SetUpPage(HWND owner) override { Note("page set-up", owner, onSetUpPage); }
 
   Paper paper;
-  bool failsToTellPaper = false;
+  bool failsToReportPaper = false;
   std::function<void()> onPrint;
   std::function<void()> onSetUpPage;
   std::vector<std::string> calls;

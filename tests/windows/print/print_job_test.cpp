@@ -168,7 +168,7 @@ class PictureSpooler final : public FakeSpooler {
     return context;
   }
   int FinishDocument(HDC context) override {
-    picture = TakePicture(context, area_);
+    picture = CapturePicture(context, area_);
     return FakeSpooler::FinishDocument(context);
   }
   // The middle of the first dark dots in that row or column; -1 when there are none.

@@ -112,7 +112,7 @@ class TabbedDocuments : public ::testing::Test {
   HWND tabs_ = nullptr;
 };
 
-TEST_F(TabbedDocuments, GiveTheirOwnTextAndAreClosedThemselves) {
+TEST_F(TabbedDocuments, ReturnTheirOwnTextAndAreClosedThemselves) {
   NewPage(L"另一个文档");
   const HWND page = NewPage(L"物料类别维护");
   OpenOn(page);
@@ -146,7 +146,7 @@ TEST_F(TabbedDocuments, AreFoundAroundTheSystemsContainer) {
   EXPECT_EQ(closed_, std::vector<HWND>{page});
 }
 
-TEST_F(TabbedDocuments, WithoutATextGiveWayToTheFrame) {
+TEST_F(TabbedDocuments, WithoutATextYieldToTheFrame) {
   OpenOn(NewPage(L""));
   EXPECT_EQ(host_.world.log.Count(kOtherCheck), 1U);
   Exit();
@@ -154,7 +154,7 @@ TEST_F(TabbedDocuments, WithoutATextGiveWayToTheFrame) {
   EXPECT_EQ(host_.world.log.Count("host WM_CLOSE 0 0"), 1U);
 }
 
-TEST(ContainerCaption, IsTakenFromTheHostsDescriptionFirst) {
+TEST(ContainerCaption, IsReadFromTheHostsDescriptionFirst) {
   ControlHost host(u"另一个窗口");
   const auto described = std::make_shared<DescribedWindow>();
   described->caption = u"物料类别维护";

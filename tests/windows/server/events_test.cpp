@@ -22,7 +22,7 @@ using windows::ComPtr;
 class EventSink final : public windows::ComClass<IDispatch> {
  public:
   std::vector<std::string> heard;
-  std::function<void()> whenTold;
+  std::function<void()> whenNotified;
   HRESULT answer = S_OK;
 
   STDMETHODIMP GetTypeInfoCount(UINT*) noexcept override { return E_NOTIMPL; }
@@ -38,7 +38,7 @@ class EventSink final : public windows::ComClass<IDispatch> {
       line += " " + Readable(windows::FromVariant(parameters->rgvarg[i - 1]));
     }
     heard.push_back(line);
-    if (whenTold) whenTold();
+    if (whenNotified) whenNotified();
     return answer;
   }
 };
@@ -90,7 +90,7 @@ class Events : public ::testing::Test {
   const ComPtr<EventSink> sink = windows::MakeCom<EventSink>();
 };
 
-TEST_F(Events, TellTheSelectedClassAndTheEnd) {
+TEST_F(Events, ReportTheSelectedClassAndTheEnd) {
   Connect(*sink.get());
   host->Open();
   EXPECT_EQ(Heard(), "1 \"01\"\n");
@@ -100,7 +100,7 @@ TEST_F(Events, TellTheSelectedClassAndTheEnd) {
   EXPECT_EQ(Heard(), "1 \"01\"\n3\n");
 }
 
-TEST_F(Events, TellAFailureOfACommandOfTheUser) {
+TEST_F(Events, ReportAFailureOfACommandOfTheUser) {
   host->Open();
   Connect(*sink.get());
   const DialogCloser ok;
@@ -110,7 +110,7 @@ TEST_F(Events, TellAFailureOfACommandOfTheUser) {
   EXPECT_EQ(Heard(), "4 -2147221213 \"没有连接\" \"ZEPEBCGLView.GLData.AccessCheck\"\n");
 }
 
-TEST_F(Events, ReachEverySinkWhateverOneAnswers) {
+TEST_F(Events, ReachEverySinkAfterAnyAnswerOfOne) {
   sink->answer = E_FAIL;
   const auto second = windows::MakeCom<EventSink>();
   Connect(*sink.get());
@@ -128,7 +128,7 @@ TEST_F(Events, ReachNoSinkThatHasLeft) {
   EXPECT_EQ(Heard(), "");
 }
 
-TEST_F(Events, AreNotToldWhileTheContainerFreezesThem) {
+TEST_F(Events, AreNotSentWhileTheContainerFreezesThem) {
   Connect(*sink.get());
   const auto control = host->As<IOleControl>();
   EXPECT_EQ(control->FreezeEvents(TRUE), S_OK);
@@ -141,8 +141,8 @@ TEST_F(Events, AreNotToldWhileTheContainerFreezesThem) {
 
 TEST_F(Events, MayEndTheControlInsideAnEvent) {
   Connect(*sink.get());
-  sink->whenTold = [&] {
-    sink->whenTold = nullptr;
+  sink->whenNotified = [&] {
+    sink->whenNotified = nullptr;
     host->Close();
     host->LeaveSite();
     host->Release();

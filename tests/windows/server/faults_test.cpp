@@ -51,7 +51,7 @@ TEST(FailingCreation, IsReturnedBySettingTheSite) {
   ControlHost host;
   host.world.factory.Refuses(u"ZEPEBSBase.SystemProfile");
   EXPECT_EQ(Hexadecimal(host.SetSite()), "800A01AD");
-  EXPECT_NE(TakeErrorInfo().find("ZEPEBSBase.SystemProfile"), std::string::npos);
+  EXPECT_NE(ConsumeErrorInfo().find("ZEPEBSBase.SystemProfile"), std::string::npos);
   windows::ComPtr<IOleClientSite> site;
   EXPECT_EQ(host.As<IOleObject>()->GetClientSite(site.put()), S_OK);
   EXPECT_EQ(site.get(), static_cast<IOleClientSite*>(host.site.get()));

@@ -137,7 +137,7 @@ TEST(Activation, IsUndoneStepByStep) {
   EXPECT_NE(host.Window(), nullptr);
 }
 
-TEST(Activation, TellsTheContainerEachGainAndLossOfTheFocus) {
+TEST(Activation, NotifiesTheContainerOfEachGainAndLossOfTheFocus) {
   ControlHost host;
   host.Open();
   host.world.log.Clear();
@@ -153,7 +153,7 @@ TEST(Activation, TellsTheContainerEachGainAndLossOfTheFocus) {
 }
 
 // The container has the focus before the window goes, so that no key reaches a hidden window.
-TEST(Activation, GivesTheFocusToTheContainerWhenItEnds) {
+TEST(Activation, ReturnsTheFocusToTheContainerWhenItEnds) {
   ControlHost host;
   host.Open();
   host.DoVerb(OLEIVERB_UIACTIVATE);
@@ -162,7 +162,7 @@ TEST(Activation, GivesTheFocusToTheContainerWhenItEnds) {
   EXPECT_EQ(GetFocus(), host.frame.Handle());
 }
 
-TEST(Activation, GivesTheFocusToTheContainerWhenItIsHidden) {
+TEST(Activation, ReturnsTheFocusToTheContainerWhenItIsHidden) {
   ControlHost host;
   host.Open();
   host.DoVerb(OLEIVERB_UIACTIVATE);
@@ -175,7 +175,7 @@ TEST(Activation, GivesTheFocusToTheContainerWhenItIsHidden) {
   EXPECT_NE(IsChild(host.Window(), GetFocus()), FALSE);
 }
 
-TEST(Activation, KeepsTheFocusOutOfItsHiddenWindowsWhateverTheContainerDoes) {
+TEST(Activation, KeepsTheFocusOutOfItsHiddenWindowsInAnyContainer) {
   ControlHost host;
   host.Open();
   host.DoVerb(OLEIVERB_UIACTIVATE);

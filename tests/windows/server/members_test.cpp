@@ -286,7 +286,7 @@ TEST_F(Members, ModelCurrentReadsTheSettingAgain) {
   EXPECT_EQ(Early()->ModelCurrent(nullptr), E_POINTER);
 }
 
-TEST_F(Members, WithoutArgumentsTakeNone) {
+TEST_F(Members, WithoutParametersRefuseArguments) {
   for (const wchar_t* name : {L"RefreshToolbar", L"PreviewPara", L"PrintPara", L"ModelCurrent",
                               L"addRecord", L"editRecord", L"delRecord"}) {
     EXPECT_EQ(Statement(Control(), name, {Number(1)}).substr(0, 8), "8002000E");
@@ -304,7 +304,7 @@ TEST_F(Members, FailuresArriveOnBothInterfaces) {
   IDispatch* held = tool.get();
   VARIANT_BOOL use = VARIANT_TRUE;
   EXPECT_EQ(Hexadecimal(Early()->ParentWindow_ToolBarClick(&held, &use)), "8004FA11");
-  EXPECT_NE(TakeErrorInfo(), "");
+  EXPECT_NE(ConsumeErrorInfo(), "");
   const auto support = host.As<ISupportErrorInfo>();
   EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID__PriceDown), S_OK);
   EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID_IDispatch), S_OK);

@@ -134,7 +134,7 @@ TEST_F(Registration, KnowsNoOtherArgument) {
   EXPECT_EQ(Machine(), machine);
 }
 
-TEST_F(Registration, LeavesAProgIdThatAnotherClassHasTaken) {
+TEST_F(Registration, LeavesAProgIdThatAnotherClassOwns) {
   const std::wstring name = L"ZEPPriceDownPrepare.updatePrice";
   ASSERT_EQ(library.RegisterServer(), S_OK);
   windows::WriteText(HKEY_LOCAL_MACHINE, L"Software\\Classes\\" + name + L"\\CLSID", L"",
