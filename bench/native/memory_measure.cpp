@@ -70,7 +70,7 @@ struct Operation {
 
 Use MeasureHere(const Operation& operation) {
   malloc_trim(0);
-  std::ofstream("/proc/self/clear_refs") << "5";  // the peak begins anew
+  std::ofstream("/proc/self/clear_refs") << "5";  // resets the peak
   const double before = StatusBytes("VmRSS");
   Use use;
   operation.work();
@@ -132,7 +132,7 @@ void SetItemClassType(Stage& stage, std::u16string_view type) {
   stage.Control().ModelCurrent();
 }
 
-// Leaves the tree its root alone, and the grid nothing.
+// Leaves only the root in the tree and nothing in the grid.
 void EmptyTree(Stage& stage) {
   SetItemClassType(stage, u"2");
   stage.Control().CommandChosen(ControlCommands().front());

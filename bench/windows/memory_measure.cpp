@@ -1,4 +1,4 @@
-// Not measured here.
+// Memory is measured natively only.
 #include "bench/memory_measure.h"
 
 namespace bench {

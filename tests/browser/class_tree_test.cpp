@@ -172,7 +172,8 @@ TEST_F(ClassTreeLoad, LeavesTheRootAloneWhenAColumnIsMissing) {
   EXPECT_EQ(Nodes(), (Texts{"gc0 物料"}));
 }
 
-// Whatever fails, the load ends, redraw is on again and the window shows what the collection holds.
+// After any failure the load ends, redraw is on again and the window shows what the collection
+// holds.
 TEST_F(ClassTreeLoad, MatchesTheWindowAfterAnyFailure) {
   for (const bool blocks : {true, false}) {
     FailEachCallInTurn([&](int failingCall) {

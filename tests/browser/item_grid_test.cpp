@@ -206,7 +206,7 @@ TEST_F(ItemGridTest, ShowsTheErrorOfAFailedQueryAndKeepsTheRowsShown) {
   EXPECT_TRUE(grid_.Cells().Redraw());
 }
 
-// The record count promises more rows than come.
+// The record count is higher than the number of rows.
 TEST_F(ItemGridTest, KeepsTheRowsFilledBeforeAReadFailed) {
   processState_.dataScope = 0;
   factory_.Makes(u"ADODB.Recordset", [](const RecorderPtr& recorder) {

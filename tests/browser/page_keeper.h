@@ -1,4 +1,4 @@
-// An output that keeps the first page of what it is given; its texts are measured by rule.
+// An output that keeps the first page of its document; texts are measured by rule.
 #pragma once
 
 #include <functional>

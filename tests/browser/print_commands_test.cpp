@@ -152,7 +152,7 @@ TEST_F(PrintCommandsTest, StopAPrintAtEachCallThatFails) {
 
 TEST_F(PrintCommandsTest, ReportNothingWhenAFontCannotBeAppliedOrStored) {
   const Font before = document_.font;
-  // The calls of the font come behind those of a preview that changes none.
+  // The calls of the font follow those of a preview that changes none.
   commands_.Preview();
   const int previewCalls = factory_.CallCount();
   output_.onPreview = [&](PrintDocument&) { document_.font = KaiTi(); };

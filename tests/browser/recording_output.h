@@ -1,5 +1,5 @@
-// The print output, recorded: what it was given, as text. It draws nothing; what the user does in
-// its windows is a test's own.
+// A recording print output: its documents as text. It draws nothing; tests define what the user
+// does in its windows.
 #pragma once
 
 #include <functional>

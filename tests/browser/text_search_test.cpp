@@ -54,7 +54,7 @@ class ListedRows final : public SearchedRows {
 
 class TextSearchTest : public ::testing::TestWithParam<bool> {
  protected:
-  // The rows of the next hits, one from the other.
+  // The rows of the next hits, each found from the one before.
   std::vector<std::int32_t> Next(std::int32_t row, bool backwards, int count) {
     std::vector<std::int32_t> rows;
     for (int i = 0; i < count; ++i) {

@@ -204,7 +204,7 @@ TEST_F(Commands, CheckListsWhatIsWrongAndChangesNothing) {
         u"INSERT INTO t_UserProfile(FUserID,FApplication,FSection,FKey,FValue)"
         u"VALUES(7,'H','PriceDown','NodeSel1','giZ')");
     company->Execute(u"UPDATE t_systemprofile SET FValue='三' WHERE FKey='CurrentPeriod'");
-    // A save looks up 1471.2 and 6701.01, whatever follows.
+    // A save looks up 1471.2 and 6701.01, without what follows.
     company->Execute(
         u"INSERT INTO t_account(FAccountID,FNumber,FName,FLevel,FParentID,FDetail,FDC)VALUES"
         u"(900,'1471.20','a',2,0,1,1) INSERT INTO t_account(FAccountID,FNumber,FName,FLevel,"

@@ -1,4 +1,4 @@
-// Recognising connection strings, and what of them may be shown, stored and reported.
+// Recognising connection strings, and which parts may be shown, stored and reported.
 #include "workbench/company/location.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// The tables as a server gets them; the company in the guide is the one that is made.
+// The tables as a server gets them; the guide shows the statements that are sent.
 #include "workbench/company/server_schema.h"
 
 #include <gtest/gtest.h>

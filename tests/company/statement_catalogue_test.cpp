@@ -1,4 +1,4 @@
-// Every statement that the library sends, executed on a company, and what comes back.
+// Every statement that the library sends, executed on a company, and its result.
 #include <gtest/gtest.h>
 
 #include <string>

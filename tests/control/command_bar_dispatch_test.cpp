@@ -133,7 +133,7 @@ TEST_F(Dispatch, InvertsTheHostsOwnToolBeforeTheLayout) {
       )"));
 }
 
-// Whatever state the host's own tool started with.
+// For any initial state of the host's own tool.
 TEST_F(Dispatch, RestoresTheLayoutWithTheSecondPressOfAnyTool) {
   Start();
   const Layout before = world_.view.placed;

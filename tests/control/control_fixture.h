@@ -32,7 +32,7 @@ struct Company {
   std::string grantedMasks = "all";  // " 65536 131072 " and so on, blanks around each
 };
 
-// A suite, windows and a control; made anew for each scenario.
+// A suite, windows and a control, created for each scenario.
 class ControlWorld {
  public:
   explicit ControlWorld(Company theCompany = {}) : company(std::move(theCompany)) {

@@ -98,7 +98,7 @@ TEST(GuideKeys, ListEveryCommandOfTheForm) {
   EXPECT_EQ(listed, expected);
 }
 
-// All presses that the code can tell apart, by how they are written.
+// All key presses that the code distinguishes, by their spelling.
 std::map<std::string, KeyPress> Presses() {
   std::map<std::string, KeyPress> presses;
   for (int code = 1; code < 0x100; ++code) {

@@ -1,4 +1,4 @@
-// What a control tells its host: selections, written and deleted classes, failures, its end.
+// The events of a control: selections, written and deleted classes, failures, its end.
 #include "env/host_events.h"
 
 #include <functional>

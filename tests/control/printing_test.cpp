@@ -141,7 +141,7 @@ TEST_F(Printing, SurvivesAHostThatReleasesItDuringThePreview) {
     host.reset();
     document.font.size = 20;
   };
-  // The last reference goes when the click returns.
+  // The last reference is released when the click returns.
   ClickOnBar(*control, u"iPrintPreView");
   EXPECT_EQ(world_.state.controls, 0);
   EXPECT_EQ(world_.log.Count("font tree 宋体 20.0"), 1u);

@@ -197,7 +197,7 @@ TEST_F(Show, ListsAllItemsUnderTheRootWhenProvisionsAreKeptByItem) {
   EXPECT_EQ(world_.control->ItemCells().MaxRows(), 2);
 }
 
-// Whatever fails, all later steps run, and the only message is the grid's.
+// After any failure all later steps run, and the only message is the grid's.
 TEST_F(Show, NeverFailsAndRunsItsLaterSteps) {
   for (const std::u16string_view gridFont : {u"", u"FontSize=12"}) {
     FailEachCallInTurn([&](int failingCall) {

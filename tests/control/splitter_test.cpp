@@ -1,4 +1,4 @@
-// The splitter's drag.
+// Dragging the splitter.
 #include "control/splitter.h"
 
 #include <gtest/gtest.h>

@@ -145,7 +145,7 @@ TEST_F(RecordCopy, CannotBeMadeWithoutRecordsets) {
   EXPECT_FALSE(CopyList(bare, source));
 }
 
-// A recordset of which one member behaves otherwise.
+// A recordset with one member replaced.
 class Interposed : public AutomationObject {
  public:
   // `call` makes the member's own call.
@@ -172,7 +172,7 @@ using CopyOf = Recordset (*)(ObjectFactory& factory, const Recordset& source);
 
 class RecordCopyOfOddities : public EditorTest, public ::testing::WithParamInterface<CopyOf> {
  protected:
-  // Three items whose member behaves otherwise.
+  // Three items in a recordset with that member replaced.
   Recordset Source(std::u16string_view member, Interposed::Behaviour behaviour) {
     ScriptedRows rows = TwoItems();
     rows.rows.push_back({103, u"垫圈", 1.5, 0.2});
@@ -180,8 +180,8 @@ class RecordCopyOfOddities : public EditorTest, public ::testing::WithParamInter
         std::make_shared<Interposed>(NewScriptedRecordset(factory.GetRecorder(), std::move(rows)),
                                      member, std::move(behaviour)));
   }
-  // The next recordsets are made with an AddNew that refuses rows that `refuses` says, without
-  // touching what was added before.
+  // The next recordsets have an AddNew that refuses the rows for which `refuses` returns true and
+  // keeps the others.
   void RefuseWholeRows(const std::function<bool(int row)>& refuses) {
     factory.Makes(u"ADODB.Recordset", [refuses](const RecorderPtr& recorder) -> ObjectPtr {
       const Recordset made(NewScriptedRecordset(recorder, {}));

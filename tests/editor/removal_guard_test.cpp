@@ -1,5 +1,5 @@
 // `DelItem`: three statements per item, four decisions, the list afterwards.
-// Which amounts count is the database's part and is in the integration tests.
+// The integration tests check which amounts count.
 #include "editor/removal_guard.h"
 
 #include <gmock/gmock.h>

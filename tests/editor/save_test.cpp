@@ -269,7 +269,7 @@ TEST_F(Save, NamesTheAccountsThatCouldNotBeChecked) {
             "80040E31 检查科目失败，科目代码：5711、1281.1\r\n超时已过期");
 }
 
-// What a host's error handling goes by stays the database's.
+// Number and source stay the database's, for the host's error handling.
 TEST_F(Save, KeepsNumberAndSourceOfAFailedCheck) {
   factory.Object(kConnectionId)
       .On(u"Execute", Arguments({u"select FNumber from t_account"}), Reply::From([](auto) -> Value {

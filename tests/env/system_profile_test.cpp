@@ -15,7 +15,7 @@ using namespace pricedown::testing;
 constexpr std::u16string_view kProfile = u"ZEPEBSBase.SystemProfile";
 constexpr std::u16string_view kCalendar = u"ZEPCBSSystemData.AisInfo";
 
-// A company in the given period, with twelve periods per year by default.
+// A company in that period, with twelve periods per year by default.
 void InPeriod(RecordingFactory& factory, Value year, Value period, std::int32_t periodCount = 12) {
   SetProperties(factory, u"P=1");
   factory.Object(kProfile)

@@ -1,4 +1,4 @@
-// Failures in words, quoting, settings texts, the translation hook and the messages' title.
+// Failure texts, quoting, settings texts, the translation hook and the messages' title.
 #include "env/messages.h"
 #include "env/quoting.h"
 #include "env/settings_text.h"

@@ -24,7 +24,7 @@ struct Kind {
   const char* name;
   void (*fail)(FaultWorld& world, int n);  // 0: none; also begins to count
   int (*count)(FaultWorld& world);
-  // A spread of so many points instead of each one, because every run costs a whole operation.
+  // Samples that many points, because every run costs a whole operation.
   int most;
 };
 

@@ -115,10 +115,10 @@ const std::vector<Operation>& Operations() {
       {"AddClass", AddClass},
       {"RenameClass", Rename, {}, {}, true},
       {"SaveWhileClosing", SaveWhileClosing, {}, {}, true},
-      // Provisions of removed items go at once, item by item; the class waits for the save.
+      // Provisions of removed items are deleted at once, item by item; the save writes the class.
       {"RemoveItems", RemoveItems, {kClassA + kClassB + "4|2008|3|7\n"}, {}, true},
       {"LookUpAccount", LookUpAccount},
-      // Provisions go first.
+      // Provisions are deleted first.
       {"DeleteClass",
        [](FaultWorld& world) { Delete(world, true); },
        {kClassA + kClassB + "4|2008|3|7\n"}},

@@ -10,7 +10,7 @@
 
 namespace pricedown::fuzz {
 
-// UTF-16 units as they come: lone surrogates and NUL included.
+// Arbitrary UTF-16 units, lone surrogates and NUL included.
 inline std::u16string TextOf(const std::string& bytes) {
   std::u16string text;
   for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {

@@ -1,4 +1,4 @@
-// Settings texts: any text is read without harm, and a built one gives its values back.
+// Settings texts: any text is read without harm, and a built one restores its values.
 #include "env/settings_text.h"
 
 #include "tests/fuzz/fuzz_input.h"

@@ -1,4 +1,4 @@
-// The statement builders with any texts as values: the text holds them as they are, and the
+// The statement builders with any texts as values: the text holds them unchanged, and the
 // server accepts or refuses it without harm. A quoted text always stays one literal.
 #include "store/statements.h"
 

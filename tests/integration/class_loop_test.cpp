@@ -144,7 +144,7 @@ TEST_P(Guards, DecideOnTheRemovalOfTheItem) {
     EXPECT_EQ(editor.list.RowTexts(), std::string("物料代码|物料名称|规格型号|\n01.1|物料1|M1|\n") +
                                           (given.removes ? "" : "01.2|物料2|M2|\n") +
                                           "01.3|物料3|M3|\n");
-    // The provision goes at once or not at all; the class waits for the save.
+    // The provision is deleted at once or not at all; the class is written by the save.
     const bool deleted = given.removes && !given.keepsAmount && !given.voucher;
     EXPECT_EQ(Provisions().empty(), deleted);
     EXPECT_EQ(Classes(), std::string(kA1) + kB1);

@@ -154,7 +154,7 @@ TEST_F(CommandSequences, LeaveTheCompanyAsTheModelSays) {
     }
     ASSERT_FALSE(HasFailure()) << "in command " << command << ":" << trail_;
   }
-  // Every outcome was reached often.
+  // Every outcome occurred often.
   EXPECT_GT(saves_, 150);
   EXPECT_GT(refusals_, 200);
   EXPECT_GT(failures_, 10);

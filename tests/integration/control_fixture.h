@@ -45,7 +45,7 @@ class ControlOnCompany : public ClassCompany {
     treeView.selected = control->Nodes().FindKey(key);
     control->NodeClicked(treeView.selected);
   }
-  // A click on a tool of the strip, and the user's work in the form if it opens.
+  // A click on a button of the tool strip, and the user's work in the form if it opens.
   void Command(std::u16string_view button, std::function<void()> work = {}) {
     editor.whileShown = std::move(work);
     control->CommandChosen(pricedown::testing::Button(button));

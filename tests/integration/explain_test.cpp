@@ -1,4 +1,4 @@
-// What `explain` says against what the library's own guards do, on made-up companies.
+// `explain` compared with the library's own guards, on generated companies.
 #include <gtest/gtest.h>
 
 #include <random>

@@ -150,7 +150,7 @@ TEST_F(FailingCalls, LeaveTheItemsThatWereRemovedBefore) {
           Remove({2, 3, 4});
         },
         [&] {
-          // The provision of an item goes before the item does.
+          // The provision of an item is deleted before the item.
           EXPECT_TRUE(IsListed(1) || Provisions().find("1|2008|3|5") == std::string::npos);
           EXPECT_TRUE(IsListed(2));
           std::vector<std::int32_t> rows;
@@ -159,7 +159,7 @@ TEST_F(FailingCalls, LeaveTheItemsThatWereRemovedBefore) {
           }
           Remove(rows);
         });
-    // The class itself waits for a save.
+    // The class itself is written by a save.
     EXPECT_EQ(Classes(), before_);
     EXPECT_EQ(Provisions(), "2|2008|2|5\n4|2008|3|7\n");
     EXPECT_EQ(editor.list.RowTexts(), "物料代码|物料名称|规格型号|\n01.2|物料2|M2|\n");
@@ -233,7 +233,7 @@ TEST_F(FailingCalls, ChangeNothingWhileTheFormIsPrepared) {
   EXPECT_EQ(recorder->LiveObjects(), 0);
 }
 
-// Delete: provision rows go first, and stay gone when the class could not be deleted.
+// Delete: provision rows are deleted first, and stay deleted when the class could not be.
 TEST_F(FailingCalls, LeaveAClassWithOrWithoutItsProvisionOrGone) {
   const std::string provisions = "1|2008|3|5\n4|2008|3|7\n";
   int halfDone = 0;

@@ -83,7 +83,7 @@ class LostConnection : public ControlOnCompany {
       losses_ += losses - 1;
     }
   }
-  // The step in which a statement is lost; whether the user was told.
+  // The step in which a statement is lost; returns whether the failure was reported.
   bool Try(const std::function<void()>& step) {
     server_->sent = 0;
     server_->hasLost = false;

@@ -1,5 +1,5 @@
-// Two programs on one company file, each with a random user: a save is one step, and what users
-// lose to each other is what the host guide says.
+// Two programs on one company file, each with a random user: a save is one step, and users
+// lose only what the host guide lists.
 #include <gmock/gmock.h>
 
 #include <sqlite3.h>
@@ -28,7 +28,7 @@ using ::testing::AnyOf;
 using ::testing::Each;
 using ::testing::HasSubstr;
 
-// A row of the class table, or that it went.
+// A row of the class table, stored or deleted.
 struct Change {
   bool isInsert = false;
   std::string number;
@@ -154,7 +154,7 @@ class MeetingPrograms : public ControlOnCompany {
     if (Roll(2) == 0) editor.Click(FormTool::AddItem);
     const std::int32_t listed = editor.list.Rows().Items();
     if (listed > 0 && Roll(2) == 0) Remove({2 + Roll(listed)});
-    // The other program's turn, now and then.
+    // Lets the other program run at random.
     if (Roll(3) == 0) std::this_thread::sleep_for(std::chrono::milliseconds(Roll(4)));
     SaveAndExit({opening, {}, nameBefore, {}});
   }
@@ -203,7 +203,7 @@ TEST_F(MeetingPrograms, LoseToEachOtherWhatTheHostGuideSays) {
   int shared = 0;
   const std::vector<Change> journal = Journal();
   std::string deletedNumber;
-  std::set<std::string> deleted;  // names of the rows of that number that went last
+  std::set<std::string> deleted;  // names of the rows of that number that were deleted last
   for (std::size_t i = 0; i < journal.size();) {
     const Change& change = journal[i];
     const auto lineOf = [](const Change& each) {

@@ -1,5 +1,5 @@
 // Another user changes the company while a command of the control is under way: what is lost, and
-// that `check` finds what is left of it.
+// that `check` finds the resulting inconsistencies.
 #include <gmock/gmock.h>
 
 #include "tests/integration/control_fixture.h"

@@ -40,7 +40,7 @@ class PickerCompany final : public Connection {
   void CreateIndexes() override { company_->CreateIndexes(); }
   void RequireCompany() override { company_->RequireCompany(); }
 
-  // An item with that id, code, name and specification, as they stand in a literal.
+  // An item with that id, code, name and specification, as written in a literal.
   void AddItem(int id, std::u16string_view code, std::u16string_view name,
                std::u16string_view model) {
     const std::string number = std::to_string(id);

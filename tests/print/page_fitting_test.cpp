@@ -1,4 +1,4 @@
-// How columns, rows, paper and margins of pages fit each other.
+// Columns, rows, paper and margins of pages.
 #include "tests/print/pages_fixture.h"
 #include "tests/support/call_log.h"
 #include "tests/support/case_name.h"

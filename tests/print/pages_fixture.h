@@ -1,5 +1,5 @@
-// The item list's document, whose pages are read as text. Its paper, columns and rows are the
-// tests'.
+// The item list's document, whose pages are read as text. Tests set its paper, columns and
+// rows.
 #pragma once
 
 #include <gtest/gtest.h>

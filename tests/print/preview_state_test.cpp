@@ -195,7 +195,7 @@ TEST_F(Preview, TurnsAFittingPageByWholeNotchesOfTheWheel) {
   EXPECT_EQ(state_.Page(), 2);
   state_.Wheel(-40, 120);
   EXPECT_EQ(state_.Page(), 3);
-  // Parts of a notch in the other direction start anew.
+  // The first part of a notch in the other direction resets the sum.
   state_.Wheel(-80, 120);
   state_.Wheel(40, 120);
   state_.Wheel(80, 120);

@@ -1,4 +1,4 @@
-// What the table keeps.
+// The contents of the print table.
 #include "print/print_document.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Each row that the sample company includes on purpose as an edge case, found by what makes it one.
+// Each edge case of the sample company, found by its defining property.
 #include <gtest/gtest.h>
 
 #include "tests/sample/test_company.h"

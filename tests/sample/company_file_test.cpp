@@ -1,4 +1,4 @@
-// A company file appears whole or not at all, and replaces no file unasked.
+// A company file appears whole or not at all, and replaces no file unless requested.
 #include "workbench/sample/company_file.h"
 
 #include <gtest/gtest.h>

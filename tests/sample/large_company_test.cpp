@@ -48,7 +48,7 @@ TEST(LargeCompany, SamePlanMakesTheSameContent) {
   EXPECT_NE(ContentDigest(LargeCompany(plan).get()), ContentDigest(LargeCompany(other).get()));
 }
 
-// Taken on x86_64 Linux, like the sample company's.
+// Computed on x86_64 Linux, like the sample company's.
 TEST(LargeCompany, ContentIsTheSameOnEveryPlatform) {
   EXPECT_EQ(ContentDigest(LargeCompany({1, 3000, 70}).get()), 5804531317145998317U);
 }

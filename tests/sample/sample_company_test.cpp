@@ -18,7 +18,7 @@ TEST(SampleCompany, AnotherSeedMakesOtherContent) {
   EXPECT_NE(ContentDigest(SampleCompany(7).get()), ContentDigest(SampleCompany(8).get()));
 }
 
-// The number was taken on x86_64 Linux; this test also runs on Windows builds. It changes
+// The digest was computed on x86_64 Linux; this test also runs on Windows builds. It changes
 // whenever the generator is changed on purpose.
 TEST(SampleCompany, ContentIsTheSameOnEveryPlatform) {
   EXPECT_EQ(ContentDigest(SampleCompany(1).get()), 2130999072787170003U);

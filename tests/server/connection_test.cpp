@@ -136,7 +136,7 @@ TEST_F(ServerConnection, NeverSendsATextTwiceBecauseTheConnectionWasLost) {
 TEST_F(ServerConnection, LosesATextOfSeveralChangesWholeAndSendsItOnce) {
   const auto connection = Open();
   Execute(*connection, "CREATE TABLE t(a INTEGER)");
-  Execute(*connection, "CREATE SEQUENCE sent");  // which no lost transaction turns back
+  Execute(*connection, "CREATE SEQUENCE sent");  // which no rollback reverts
   constexpr int kChanges = 4;
   for (int lost = 0; lost <= kChanges; ++lost) {
     std::string text = "SELECT nextval('sent')";

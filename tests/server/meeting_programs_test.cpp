@@ -1,4 +1,4 @@
-// Two programs at one server that save and delete classes as the form does: whoever looks sees each
+// Two programs at one server that save and delete classes as the form does: a reader sees each
 // save whole or not at all, and a class that is only edited as one save left it.
 #include <gtest/gtest.h>
 
@@ -67,7 +67,7 @@ TEST_F(MeetingProgramsAtServer, ShowEachSaveWholeOrNotAtAll) {
   int shared = 0;
   bool isLast = false;
   while (!isLast) {
-    // The last look comes when both have ended.
+    // The last check runs when both have ended.
     isLast = true;
     for (pid_t& program : programs) {
       int status = 0;

@@ -29,7 +29,7 @@ class PostgresServer {
 
   void Start();
   void Stop();
-  // Stops answering without closing anything, and goes on.
+  // Suspends the server without closing connections, and resumes it.
   void Freeze() const;
   void Thaw() const;
   // Ends every session but the caller's.

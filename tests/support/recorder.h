@@ -1,4 +1,4 @@
-// What all recording fakes of one test share: log, count of calls, failure switch, live objects.
+// State shared by all recording fakes of a test: log, count of calls, failure switch, live objects.
 #pragma once
 
 #include <cstdint>

@@ -26,7 +26,7 @@ class Reply {
   template <typename T>
   requires std::constructible_from<Value, T> Reply(T&& value)
       : Reply(Value(std::forward<T>(value))) {}
-  // A value made anew for each call, so that the script keeps no reference to an object.
+  // A value created for each call, so that the script keeps no reference to an object.
   static Reply From(Maker maker);
   static Reply Failing(std::int32_t number, std::u16string description);
   // Also writes to the argument by reference at `index` (from 0).
@@ -46,7 +46,7 @@ class Reply {
 };
 
 // The members of one kind of object. Member names do not depend on case; the empty name is the
-// default member. Replies to the same call are given in turn, the last one from then on.
+// default member. Replies to the same call are returned in turn, then the last one again.
 class ObjectScript {
  public:
   // For a call with any arguments.

@@ -1,4 +1,4 @@
-// A recording user: logs messages and gives scripted answers.
+// A recording user: logs messages and returns scripted answers.
 // A question without a scripted answer fails the test and counts as No.
 #pragma once
 
@@ -18,7 +18,7 @@ class RecordingQuestions : public UserQuestions {
 
   // The answers to the next questions, in turn; true is Yes.
   void WillAnswer(std::initializer_list<bool> answers);
-  // Drops the answers that no question has taken.
+  // Drops the unused answers.
   void ForgetAnswers() { answers_.clear(); }
   // Runs while a question or message is open; may be empty.
   std::function<void()> whileAsked;

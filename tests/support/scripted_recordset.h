@@ -1,4 +1,4 @@
-// A recordset with rows given by the test, as the suite's connection returns them, and the
+// A recordset with rows of the test's choice, as the suite's connection returns them, and the
 // client-side one that is created by ProgID.
 // Filters compare one column; changes apply at once.
 #pragma once
@@ -34,7 +34,7 @@ ObjectPtr NewScriptedRecordset(const RecorderPtr& recorder, ScriptedRows rows,
 void AllowRecordsets(RecordingFactory& factory);
 
 // What ZEPConnection.AppConnection's Execute does for a whole statement text. Called again for
-// the same text, the answers are given in turn, the last one from then on.
+// the same text, the results are returned in turn, then the last one again.
 void AnswerStatement(RecordingFactory& factory, std::u16string_view statement, ScriptedRows rows);
 void AnswerNothing(RecordingFactory& factory, std::u16string_view statement);
 void FailStatement(RecordingFactory& factory, std::u16string_view statement, std::int32_t number,

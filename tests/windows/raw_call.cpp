@@ -1,4 +1,4 @@
-// Sends raw calls and reads what comes back.
+// Sends raw calls and formats their results.
 #include "tests/windows/raw_call.h"
 
 #include <algorithm>

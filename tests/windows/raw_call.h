@@ -1,5 +1,5 @@
-// A plain late-bound client: the test gives the exact arguments, and everything that comes back is
-// shown in one line.
+// A plain late-bound client: the test passes the exact arguments, and the whole result is shown in
+// one line.
 #pragma once
 
 #include <oaidl.h>
@@ -35,7 +35,7 @@ std::string Assignment(IDispatch* object, const wchar_t* name, VARIANT value);
 std::string IdOf(IDispatch* object, const wchar_t* name);
 
 std::string Hexadecimal(HRESULT code);
-// Takes the thread's error info and returns it as "source: description"; "" if there is none.
+// Clears the thread's error info and returns it as "source: description"; "" if there is none.
 std::string ConsumeErrorInfo();
 
 // Variants that own nothing.

@@ -1,5 +1,5 @@
 // The smallest local object with members of every kind, for tests of calls in both directions.
-// It returns the values it was given.
+// It returns the values that were set.
 #pragma once
 
 #include <array>

@@ -1,4 +1,4 @@
-// The commands and their options, and Chinese words for what is wrong with a command line.
+// The commands and their options, and the Chinese error messages.
 #include "workbench/cli/arguments.h"
 
 #include <CLI.hpp>
@@ -47,7 +47,7 @@ CLI::App* AddCommand(CLI::App& program, Arguments& arguments, CommandKind kind, 
       ->type_name("秒")
       ->check(Between(0, 86400))
       ->capture_default_str();
-  // Made before the program's defaults were known.
+  // CLI11 creates the help option before the command inherits the defaults.
   command->get_help_ptr()->group("选项");
   command->set_help_all_flag();
   command->callback([&arguments, kind] { arguments.kind = kind; });
@@ -102,7 +102,7 @@ void AddCommands(CLI::App& program, Arguments& arguments) {
       ->required();
 }
 
-// The library words its errors in English.
+// The library's error texts are in English.
 [[noreturn]] void ThrowUsage(const CLI::ParseError& error, const std::string& firstWord) {
   const std::string message = error.what();
   if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr) {

@@ -9,7 +9,7 @@
 
 namespace workbench {
 
-// A command line that says nothing sensible; the text is Chinese, for the user.
+// An invalid command line; the text is Chinese, for the user.
 class UsageError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;

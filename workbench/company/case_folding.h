@@ -7,7 +7,7 @@ constexpr char FoldAscii(char character) {
   return character >= 'A' && character <= 'Z' ? static_cast<char>(character + 32) : character;
 }
 
-// The character itself where Unicode gives it no simple folding.
+// The character itself where Unicode has no simple folding for it.
 char32_t FoldCase(char32_t point) noexcept;
 
 }  // namespace workbench

@@ -31,7 +31,7 @@ ColumnKind KindOfUpperCased(std::string_view type) {
   return ColumnKind::Decimal;
 }
 
-// The number behind the first occurrence of `opening`, or `absent`.
+// The number after the first occurrence of `opening`, or `absent`.
 int NumberAfter(std::string_view type, char opening, int absent) {
   std::size_t position = type.find(opening);
   if (position == std::string_view::npos) return absent;

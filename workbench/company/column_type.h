@@ -14,7 +14,7 @@ enum class ColumnKind { Integer, Decimal, Float, Text, Other };
 ColumnKind KindOfDeclaredType(std::string_view declaredType);
 
 // Type, defined size, precision and scale for a declared type; the name stays empty. A text type
-// without a length is LongVarWChar, a type that says nothing is taken as text.
+// without a length is LongVarWChar, an unknown type counts as text.
 ResultColumn DescribeDeclaredType(std::string_view declaredType);
 
 }  // namespace workbench

@@ -93,8 +93,8 @@ struct ConnectOptions {
   // For servers, as far as the driver supports limits; 0 waits forever.
   std::chrono::seconds loginTimeout{15};
   std::chrono::seconds statementTimeout{60};
-  // Asked now and then, on a thread of the connection's, while a statement runs; when the answer
-  // becomes true, the statement is cancelled where the driver can. May be empty. Must not throw.
+  // Polled on a thread of the connection's while a statement runs; once it returns true, the
+  // statement is cancelled if the driver supports that. May be empty. Must not throw.
   std::function<bool()> cancels = {};
 };
 

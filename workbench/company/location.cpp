@@ -89,7 +89,7 @@ bool IsOneOf(std::span<const std::string_view> keys, std::string_view key) {
   return std::find(keys.begin(), keys.end(), key) != keys.end();
 }
 
-// The passwords within a value: a forgotten ";" or "}" makes their entries a part of it.
+// The passwords within a value: without its ";" or "}" an entry becomes part of the one before.
 std::vector<std::string_view> PasswordsWithin(std::string_view value) {
   std::string folded;
   std::transform(value.begin(), value.end(), std::back_inserter(folded), FoldAscii);

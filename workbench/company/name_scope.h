@@ -18,7 +18,7 @@ struct ScopedTable {
 
 class NameScopes {
  public:
-  // Both outlive the scopes. Errors give the token's position in `source`.
+  // Both outlive the scopes. Errors report the token's position in `source`.
   NameScopes(std::u16string_view source, SchemaView& schema) : source_(source), schema_(schema) {}
 
   void Open() { scopes_.emplace_back(); }

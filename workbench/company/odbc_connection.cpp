@@ -38,7 +38,7 @@ bool IsMissingTable(const DatabaseError& error) {
   return state == u"HY000" && error.Message().find(u"no such table") != std::u16string::npos;
 }
 
-// Waits longer with every attempt, by a random share so that two programs do not meet again.
+// Waits longer with every attempt, by a random share so that two programs do not collide again.
 void WaitForTheOther(int attempt) {
   static thread_local std::minstd_rand random(std::random_device{}());
   std::this_thread::sleep_for(std::chrono::milliseconds(1 + random() % (20U << attempt)));

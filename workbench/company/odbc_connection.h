@@ -13,12 +13,12 @@ namespace workbench {
 // The text of a DatabaseError that the driver reports begins with the SQLSTATE in brackets; that of
 // a failed login says so first.
 //
-// Before each text outside a transaction the connection is tried and, where it is dead, made anew
+// Before each text outside a transaction the connection is tested and, if it is lost, reopened
 // once. A text that was sent is never sent again after a lost connection, because it may have been
 // carried out. A text with several changes runs in one serializable transaction, which is
 // committed also when a later statement fails: what the server has not undone stays. A statement
 // that is cancelled or hits its time limit undoes the whole text. Where the server undid all of it
-// for the sake of another transaction, it is sent again, a few times.
+// because of another transaction, it is sent again, a few times.
 class OdbcConnection final : public Connection {
  public:
   // `connectionString` in UTF-8. Throws DatabaseError.

@@ -7,7 +7,7 @@
 namespace workbench::odbc {
 namespace {
 
-// Parameters of one statement: every server takes so many.
+// Parameters of one statement: every server accepts that many.
 constexpr std::size_t kMostParameters = 900;
 
 std::size_t ColumnCount(std::string_view columns) {

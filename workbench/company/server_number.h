@@ -23,7 +23,7 @@ std::optional<ServerNumber> NumberFromText(std::string_view text, NumberType typ
 // The server's name for the type: int, numeric, float.
 const char* ServerTypeName(NumberType type);
 
-// What the server says when the conversion fails, and the number it gives that error.
+// The server's message and error number for a failed conversion.
 std::string ConversionFailure(std::string_view text, NumberType type);
 int ConversionFailureNumber(NumberType type);
 

@@ -1,5 +1,5 @@
 // Written once with two placeholders: TEXT(n) for a text of the server's collation, NUMBERED for a
-// key that numbers itself. docs/company-schema.sql is what this gives for SQL Server.
+// key that numbers itself. docs/company-schema.sql is the result for SQL Server.
 #include "workbench/company/server_schema.h"
 
 #include <algorithm>

@@ -16,7 +16,7 @@ bool IsInternalTable(std::string_view table) {
   return SameName(table.substr(0, kPrefix.size()), kPrefix);
 }
 
-// Names that SQLite gives to a row's number, which the server does not have.
+// SQLite's names for a row's number, which the server does not have.
 bool IsRowNumber(std::string_view column) {
   constexpr std::string_view kNames[] = {"rowid", "oid", "_rowid_"};
   return std::any_of(std::begin(kNames), std::end(kNames),

@@ -20,7 +20,7 @@ std::u16string Utf16FromUtf8(std::string_view text);
 // byte that begins no character becomes U+FFFD. Requires: room for text.size() code units.
 std::size_t DecodeUtf8(std::string_view text, char16_t* target) noexcept;
 
-// The code point that begins at text[position], which is moved behind it; a byte that begins no
+// The code point that begins at text[position], which is moved past it; a byte that begins no
 // character counts as U+FFFD. Requires: position < text.size().
 char32_t NextCodePoint(std::string_view text, std::size_t& position) noexcept;
 

@@ -113,7 +113,7 @@ bool FrameWindow::OpenCompanyOrAsk(std::wstring location) {
     if (!chosen) break;
     location = *chosen;
   }
-  // The company of before is still there.
+  // The previous company is still open.
   if (!ToText(settings_->Get(u"Location")).empty()) ShowStatus();
   return false;
 }
@@ -132,7 +132,7 @@ ChildWindow* FrameWindow::OpenChild(const wchar_t* caption) {
     }
   }
   const HWND active = reinterpret_cast<HWND>(SendMessageW(client_, WM_MDIGETACTIVE, 0, 0));
-  // As the first one, and then as the one before.
+  // The first child is maximized, later ones are like the active one.
   const bool maximized = active == nullptr || IsZoomed(active) != FALSE;
   try {
     ChildWindow* child = ChildWindow::Open(*this, module_, client_, caption);

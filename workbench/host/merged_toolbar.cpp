@@ -142,7 +142,7 @@ void MergedToolbar::AddButtons() {
 }
 
 void MergedToolbar::FitInto(int width) {
-  // Toolbars break their rows at the width that they have, and make room for them only then.
+  // A toolbar breaks its rows at its current width; TB_AUTOSIZE then sets the height.
   SetWindowPos(window_, nullptr, 0, 0, width, 0, SWP_NOZORDER | SWP_NOACTIVATE);
   SendMessageW(window_, TB_AUTOSIZE, 0, 0);
 }

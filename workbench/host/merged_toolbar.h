@@ -26,7 +26,7 @@ class MergedToolbar {
 
   // Shows the tools of `bar` instead of the previous ones; none for null.
   void Merge(const pricedown::ObjectPtr& bar);
-  // Takes the frame's width, in pixels, and as many rows as the buttons need in it.
+  // Sets the width, in pixels, and breaks the buttons into as many rows as they need.
   void FitInto(int width);
   // Updates the buttons to the tools' enabled, checked and visible states.
   void RefreshStates();

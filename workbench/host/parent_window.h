@@ -30,7 +30,7 @@ class ParentWindow : public pricedown::LocalObject<ParentWindow> {
  public:
   explicit ParentWindow(MergeTarget& child) : child_(&child) {}
   void Detach() { child_ = nullptr; }
-  // Throws AutomationError when the window is gone.
+  // Throws AutomationError when the window is destroyed.
   MergeTarget& Child();
 
   static std::span<const pricedown::Member<ParentWindow>> Members();

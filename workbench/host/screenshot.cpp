@@ -44,7 +44,7 @@ class ScreenBitmap {
 void SaveScreenshot(HWND window, const std::wstring& path) {
   RECT area;
   GetWindowRect(window, &area);
-  // A picture of places beside the screen may be black as a whole.
+  // A picture that extends beyond the screen may be all black.
   const RECT screen{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
   IntersectRect(&area, &area, &screen);
   const ScreenBitmap picture(area);

@@ -146,7 +146,7 @@ POINT Tour::ClassPoint(int position) const {
     item = next;
   }
   SendMessageW(tree, TVM_ENSUREVISIBLE, 0, item);
-  // The message takes the item in the rectangle's first bytes.
+  // The message reads the item from the rectangle's first bytes.
   RECT area{};
   std::memcpy(&area, &item, sizeof(item));
   Require(

@@ -79,7 +79,7 @@ class Tour {
   void PressStrip(std::size_t position);
   // Presses a button of the merged toolbar, position from 1.
   void PressMerged(int position);
-  // Gives the current user exactly these rights to the commands.
+  // Grants the current user exactly these rights to the commands.
   void GrantRights(std::int32_t mask);
 
   FrameWindow& frame_;

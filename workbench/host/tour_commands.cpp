@@ -78,7 +78,7 @@ void Tour::AddMenus() {
   steps_.push_back({L"28-menu-of-the-grid", [] { RequireMenu(); }});
   steps_.push_back({nullptr, [] { PressMenuLine(kEditLine); }});
   steps_.push_back({nullptr, [] { CloseForm(); }});
-  // The form has taken the rows, so select the class again first.
+  // The form holds the grid's rows, so select the class again first.
   steps_.push_back({nullptr, [this] { PressMerged(kCut); }});
   ExpectBox(L"29-class-to-select-again", L"请选择要删除的物料类别", IDOK);
 }

@@ -22,7 +22,7 @@ namespace ids = pricedown::windows::control_ids;
 
 namespace {
 
-// What the clipboard has as a table, behind its header.
+// The table on the clipboard, without its header.
 std::wstring CopiedTable(HWND owner) {
   Require(OpenClipboard(owner) != FALSE, u"剪贴板没有打开。");
   std::string html;

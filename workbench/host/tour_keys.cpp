@@ -1,5 +1,5 @@
 // A tour with the keyboard alone: a class is added with both pickers, found, changed; another one
-// is deleted; the items are previewed; and the company has it all at the end.
+// is deleted; the items are previewed; and the class table is checked at the end.
 #include <windows.h>
 
 #include <commctrl.h>

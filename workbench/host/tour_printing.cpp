@@ -34,7 +34,7 @@ void PressDocument(int position) {
 
 void PressView(int position) { PressButton(PreviewChild(preview_ids::kViewBar), position - 1); }
 
-// The preview's page number says so; otherwise the tour has failed.
+// Throws unless the preview shows that page number.
 void ExpectPage(const wchar_t* number) {
   wchar_t shown[16] = {};
   GetWindowTextW(PreviewChild(preview_ids::kPage), shown, 16);

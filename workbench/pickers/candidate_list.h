@@ -43,7 +43,7 @@ class CandidateList {
   // Requires: position < Count().
   std::int32_t Id(std::size_t position) const { return Shown()[position]; }
   std::span<const std::int32_t> Shown() const { return HasWords() ? found_ : ids_; }
-  // Valid until the next call. Texts are empty where the row is gone.
+  // Valid until the next call. Texts are empty where the row was deleted.
   const CandidateRow& Row(std::size_t position);
 
  private:

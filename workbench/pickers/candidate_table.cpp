@@ -50,7 +50,7 @@ std::u16string ListOf(std::span<const std::int32_t> ids) {
   return list;
 }
 
-// A word as part of a literal that LIKE takes character for character.
+// A word as part of a literal that LIKE matches literally.
 std::u16string Pattern(std::u16string_view word) {
   std::u16string pattern;
   for (const char16_t unit : word) {

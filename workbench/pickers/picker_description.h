@@ -10,7 +10,7 @@ namespace workbench {
 
 struct PickerColumn {
   std::u16string_view title;
-  int width;  // pixels at 96 dpi; the last column takes what is left
+  int width;  // pixels at 96 dpi; the last column fills the rest
 };
 
 struct PickerDescription {
@@ -18,7 +18,7 @@ struct PickerDescription {
   std::u16string_view title;
   std::span<const PickerColumn> columns;
   std::u16string_view cue;      // in the empty search field
-  std::u16string_view unit;     // behind a number of rows
+  std::u16string_view unit;     // after a number of rows
   std::u16string_view nothing;  // when no row is found
   int width;                    // of the window at first, pixels at 96 dpi
   int height;

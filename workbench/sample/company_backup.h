@@ -7,7 +7,7 @@ namespace workbench {
 
 // Copies the company file at `from` to `to` (UTF-8), with all that is committed, then opens the
 // copy and checks every page of it. A file at `to` is refused. Throws CompanyFileError,
-// SchemaError, SqliteError; `to` is then not there.
+// SchemaError, SqliteError; `to` then does not exist.
 void BackUpCompanyFile(const std::string& from, const std::string& to);
 
 }  // namespace workbench

@@ -19,7 +19,7 @@ struct CompanyInfo {
   std::string companyName;
   std::int64_t items = 0;
   std::int64_t accounts = 0;
-  std::int64_t classes = 0;     // class numbers, told apart also by letter case
+  std::int64_t classes = 0;     // class numbers, letter case included
   std::int64_t classRows = 0;   // member items of all classes
   std::int64_t provisions = 0;  // provision rows of all periods
   std::int64_t vouchers = 0;

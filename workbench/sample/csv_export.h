@@ -8,7 +8,7 @@
 namespace workbench {
 
 // The whole files, in UTF-8 with CR LF, in code order. Imported into a company without them, they
-// give the same items and accounts. Ids are new there. Throw DatabaseError.
+// restore the same items and accounts. Ids are new there. Throw DatabaseError.
 std::string ExportItems(Connection& company);
 std::string ExportAccounts(Connection& company);
 

@@ -10,7 +10,7 @@
 
 namespace workbench {
 
-// Longest texts that the product's record layouts take.
+// Longest texts that the product's record layouts allow.
 inline constexpr std::size_t kMostCodeLength = 80;
 inline constexpr std::size_t kMostNameLength = 80;
 inline constexpr std::size_t kMostModelLength = 255;

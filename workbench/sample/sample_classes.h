@@ -23,7 +23,7 @@ enum class ProvisionPattern {
   LaterOnly,          // amounts only after the current period
 };
 
-// Which items of its families a class takes.
+// Which items of its families a class contains.
 enum class MemberRule {
   Most,  // about three of four items
   All,
@@ -53,7 +53,7 @@ std::vector<ClassRow> MakeClassRows(const std::vector<ItemRow>& items,
 // The class whose rows carry two names, and the second of them.
 inline constexpr std::string_view kTwoNamedClass = "16";
 inline constexpr std::string_view kSecondName = "停产专用料(待处理)";
-// The class that also takes members of other classes, and those classes.
+// The class that also has members of other classes, and those classes.
 inline constexpr std::string_view kSharingClass = "18";
 inline constexpr std::string_view kSharedFrom[] = {"03", "09"};
 

@@ -8,7 +8,7 @@ namespace workbench {
 
 // Makes the tables in the database of the connection and fills them. A database that holds any
 // of the tables is refused; where the plan replaces, a company that this function made is
-// dropped first, in the same transaction, and any other one is refused still. Throws
+// dropped first, in the same transaction, and any other one is still refused. Throws
 // CompanyFileError, DatabaseError.
 void CreateServerCompany(OdbcConnection& server, const CompanyFilePlan& plan,
                          CompanyWriter::Progress progress);

@@ -19,7 +19,7 @@ std::string_view TrimBlanks(std::string_view text);
 // True when there is a control character that `allowed` does not list.
 bool HasControlCharacter(std::string_view text, std::string_view allowed);
 
-// The content of the file whose path is given in UTF-8.
+// The content of the file at a UTF-8 path.
 // Throws std::runtime_error with a Chinese text when it cannot be read.
 std::string ReadFileBytes(const std::string& path);
 

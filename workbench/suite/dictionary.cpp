@@ -1,4 +1,4 @@
-// The suite's dictionary object. Values are kept as they are given.
+// The suite's dictionary object. Values are stored unchanged.
 #include "workbench/suite/dictionary.h"
 
 #include "platform/convert.h"

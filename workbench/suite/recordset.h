@@ -42,7 +42,7 @@ class Recordset : public pricedown::LocalObject<Recordset> {
   void MoveNext();
   void MovePrevious();
   void AddNew();
-  // Adds a row with those values in those columns and updates it; adds none when one does not fit.
+  // Adds a row with those values in those columns and commits it; adds none when one does not fit.
   // The values are a list or a block's row, as many as there are columns.
   void AddNew(const std::vector<std::size_t>& columns, const pricedown::Value& values);
   void Update();

@@ -191,7 +191,7 @@ Value AddRow(Recordset& recordset, Access, std::span<Value> arguments) {
   return {};
 }
 
-// All rows unless a number is given.
+// All rows unless a number is passed.
 std::int32_t CountAt(std::span<Value> arguments, std::size_t index) {
   const Value& count = ArgumentAt(arguments, index);
   return count.IsNothing() ? -1 : pricedown::ToInt32(count);

@@ -40,7 +40,7 @@ class RowStore {
 };
 
 // Rows that a client creates: fields first, then rows. Texts are kept in blocks and only once where
-// a column repeats them row after row; a text that is replaced stays until the store goes.
+// a column repeats them row after row; a replaced text stays until the store is destroyed.
 class EditableRows : public RowStore {
  public:
   EditableRows() = default;

@@ -87,7 +87,7 @@ void Settings::SetVoucherPresent(bool present) {
 }
 
 void Settings::SetUser(std::int32_t id) {
-  // A user of before is restored even when the server does not answer.
+  // A previous user is restored even when the server does not respond.
   if (id == suite_->userId) return;
   const bool isKnown =
       suite_->company == nullptr || suite_->earlierUsers.contains(id) ||

@@ -1,4 +1,4 @@
-// What the system is asked for a font.
+// The fonts that are requested from the system.
 #include "windows/base/fonts.h"
 
 #include <gtest/gtest.h>

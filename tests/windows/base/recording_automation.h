@@ -13,7 +13,7 @@ namespace pricedown::testing {
 
 class RecordingAutomation final : public windows::Automation {
  public:
-  // Asks the window as a client does; null when it has no provider.
+  // Queries the window as a client does; null when it has no provider.
   windows::ComPtr<IRawElementProviderSimple> ProviderOf(HWND window);
 
   LRESULT ReturnProvider(HWND window, WPARAM wParam, LPARAM lParam,

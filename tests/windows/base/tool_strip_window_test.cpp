@@ -178,7 +178,7 @@ TEST(ToolStripWindow, SurvivesAHostThatClosesEverythingOnAKey) {
   });
 }
 
-// A test tool sends the command alone; it runs with the strip's next message.
+// A test tool sends the command alone; it runs with the tool strip's next message.
 TEST(ToolStripWindow, SurvivesAHostThatClosesEverythingWhileTheStripIsSized) {
   CloseByExit([](HWND strip, POINT) {
     SendMessageW(GetParent(strip), WM_COMMAND, ids::kFirstButton + kExit,

@@ -1,4 +1,4 @@
-// A foreign IDispatch for tests of outgoing calls: logs each call and does what the test says. Its
+// A foreign IDispatch for tests of outgoing calls: logs each call and runs the test's function. Its
 // only name is "Member", with number 7.
 #pragma once
 

@@ -1,4 +1,4 @@
-// Tests of what a document does with an inactive control: sizes, pictures in metafiles that are
+// Tests of an inactive control in a document: sizes, pictures in metafiles that are
 // played back, damaged files.
 #include <gtest/gtest.h>
 

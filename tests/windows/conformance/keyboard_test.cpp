@@ -85,7 +85,7 @@ TEST_F(KeysOfTheContainer, ShiftTabEntersAtTheEndAndLeavesAtTheStart) {
   EXPECT_EQ(host.world.log.Text(), "site TranslateAccelerator 9 modifiers 1\n");
 }
 
-// A host's fields before and behind the control, and the usual loops of a host.
+// A host's fields before and after the control, and the usual loops of a host.
 class TabThroughAForm : public KeysOfTheContainer {
  protected:
   TabThroughAForm() {
@@ -100,7 +100,7 @@ class TabThroughAForm : public KeysOfTheContainer {
     SetWindowPos(before_, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
   }
 
-  // The stops of `count` presses, first letters: before, tree, grid, strip, after.
+  // The stops of `count` presses, first letters: before, tree, grid, tool strip, after.
   std::string Stops(int count, bool offersToControl) {
     std::string stops;
     for (int press = 0; press < count; ++press) {

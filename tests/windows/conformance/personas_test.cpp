@@ -1,5 +1,5 @@
 // Whole lives of the control as the well-known families of containers drive it: their order of
-// calls, with a container that answers as it should and with one that refuses a call.
+// calls, with a container that supports every call and with one that refuses one.
 #include <gtest/gtest.h>
 #include <olectl.h>
 

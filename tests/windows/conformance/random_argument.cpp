@@ -1,4 +1,4 @@
-// Makes arguments: half of them plain, the others by reference or nonsense. Everything that a
+// Makes arguments: half of them plain, the others by reference or invalid. Everything that a
 // caller may legally send, and invalid arguments that do not endanger the callee's memory.
 #include "tests/windows/conformance/random_argument.h"
 

@@ -52,7 +52,7 @@ TEST(ControlWindow, NamesNoClassOnceTheFormHoldsTheRows) {
   world.Click(world.Tree(), world.NodePoint(6));
   world.Click(world.Tree(), world.NodePoint(6));
   EXPECT_EQ(Panel(world, 0), "05(外购半成品)    共 2 项物料");
-  // The strip's command repaints the grid afterwards.
+  // The tool strip's command repaints the grid afterwards.
   world.control->CommandChosen(Button(u"Edit"));
   EXPECT_EQ(Panel(world, 0), "请重新选择物料类别    共 2 项物料");
   KeepPicture(world.host.Handle(), "class to select again");

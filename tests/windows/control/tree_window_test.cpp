@@ -141,7 +141,7 @@ TEST_F(TreeWindow, KeepsItsScrollPositionOverAReload) {
   EXPECT_EQ(world_.window->SelectedNode(), kNoNode);
 }
 
-// The picture is the row of the node, the text's and its surroundings' colours.
+// The picture is the node's row: the colours of the text and around it.
 TEST_F(TreeWindow, ShowsTheClickedClassWithoutFocusAndWithoutSelection) {
   const POINT node = world_.NodePoint(4);
   const auto background = [&] {

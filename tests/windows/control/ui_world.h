@@ -1,5 +1,5 @@
 // A host window with the control's windows and the real core on a scripted suite.
-// Everything is visible and takes input as in a real host.
+// Everything is visible and accepts input as in a real host.
 #pragma once
 
 #include <windows.h>
@@ -21,7 +21,7 @@ namespace pricedown::testing {
 // Processes all pending messages.
 void RunMessages();
 
-// A plain overlapped window; destroyed with the object unless it is gone already.
+// A plain overlapped window; destroyed with the object unless it already has been.
 class HostWindow {
  public:
   HostWindow(int width, int height);
@@ -71,7 +71,7 @@ class UiWorld : public Input {
 
   // The middle of a tree node's text; scrolls the node into view.
   POINT NodePoint(NodeIndex node) const;
-  // The middle of a strip button, position from 1.
+  // The middle of a tool strip button, position from 1.
   POINT ButtonPoint(std::size_t position) const;
 
   ControlWorld suite;

@@ -118,7 +118,7 @@ int PointsAskedFor(int usual) {
   return asked == nullptr ? usual : std::max(usual, std::atoi(asked));
 }
 
-// Runs with each of `calls` failing in turn, or with a spread of at most `most`, because every run
+// Runs with each of `calls` failing in turn, or with at most `most` samples, because every run
 // costs a whole operation. Returns the number of runs.
 int FailSpread(ImportFaults& faults, FaultKind kind, int count, int most,
                const Operation& operation) {

@@ -1,4 +1,4 @@
-// What the grid raises for those who listen, and what is left of its provider at the end.
+// The events that the grid raises for listening clients, and the end of its provider.
 #include <algorithm>
 
 #include "tests/windows/grid/provider_fixture.h"

@@ -1,4 +1,4 @@
-// Answers the dialogs of a thread as their user would.
+// Answers the dialogs of a thread.
 #pragma once
 
 #include <gtest/gtest.h>

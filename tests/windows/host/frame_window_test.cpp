@@ -1,4 +1,4 @@
-// The frame with real child windows: which bar is merged when, its changing states, and the
+// The frame with real child windows: when a command bar is merged, its changing states, and the
 // business menu.
 #include "workbench/host/frame_window.h"
 

@@ -66,7 +66,7 @@ class OpenCompany : public ::testing::Test {
     OleUninitialize();
   }
   OpenCompany() {
-    // The frame of the test before has ended the thread's messages.
+    // The frame of the previous test has ended the thread's messages.
     MSG quit{};
     PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
     frame_.Show(SW_SHOW);

@@ -27,7 +27,7 @@ using pricedown::windows::TextOf;
 class SettingsDialog : public ::testing::Test {
  protected:
   SettingsDialog() {
-    // The frame of a test before has ended the thread's messages.
+    // The frame of a previous test has ended the thread's messages.
     MSG quit{};
     PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
     OleInitialize(nullptr);

@@ -1,4 +1,4 @@
-// A spooler whose printer is a list of calls, and dialogs that a test answers.
+// A spooler whose printer is a list of calls, and dialogs with scripted answers.
 #pragma once
 
 #include <windows.h>

@@ -1,4 +1,4 @@
-// Where the ink of a page lands on a device, and what texts measure.
+// Where a page is drawn on a device, and the measures of its texts.
 // Pages are drawn on bitmaps of several resolutions and compared with their draw commands.
 #include "windows/print/page_painter.h"
 
@@ -181,7 +181,7 @@ TEST_P(PainterAt, EveryTextOfAPageIsWhereItsCommandSays) {
       }
     }
     ASSERT_FALSE(ink.IsNone()) << Utf8(text.text);
-    // A letter begins and ends a little inside of its width.
+    // The ink of a letter is slightly narrower than its width.
     const double inside = Pixels(font.size * 35.28 / 10 / 4) + 1.5;
     EXPECT_GE(ink.left, Pixels(start) - 1) << Utf8(text.text);
     EXPECT_LE(ink.left, Pixels(start) + inside) << Utf8(text.text);

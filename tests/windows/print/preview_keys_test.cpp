@@ -293,7 +293,7 @@ TEST_F(PreviewEnd, EndsWithItsOwnerBehindTheFontDialog) {
   fonts.onShow = [&] { DestroyWindow(host.Handle()); };
   fonts.answers = {{u"黑体", 12, true, false}};
   ShowFivePages({[&] { ClickButton(u"Font"); }});
-  // Nobody is there any more who would show it.
+  // No window is left to show it.
   EXPECT_EQ(document.font, Font());
 }
 

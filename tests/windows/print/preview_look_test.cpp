@@ -21,7 +21,7 @@ class PreviewLook : public PreviewWorld {
   }
   HWND Pane() const { return Child(preview_ids::kPane); }
 
-  // What the pane should show: the state worked out anew for its size.
+  // What the pane should show: the state computed for its size.
   PreviewState Expected(const PrintPages& pages, std::optional<double> percent) const {
     RECT area{};
     GetClientRect(Pane(), &area);

@@ -51,7 +51,7 @@ TEST_F(PreviewWindowTest, TurnsPagesByItsButtons) {
                  [&] {
                    EXPECT_EQ(Page(), "1 共 5 页");
                    EXPECT_EQ(Turning(), "Next Last ");
-                   // Nothing to go back to.
+                   // No previous value to restore.
                    ClickButton(u"Previous");
                  },
                  [&] {

@@ -32,7 +32,7 @@ namespace pricedown::testing {
 
 namespace preview_ids = windows::preview_ids;
 
-// A printer that is only asked; what it does is a test's own.
+// A printer that only reports its paper; tests define the rest.
 class ScriptedPrinting : public windows::PreviewPrinting {
  public:
   Paper CurrentPaper() override {

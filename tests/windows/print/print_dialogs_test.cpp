@@ -1,4 +1,4 @@
-// The system's print and page set-up dialogs, answered by the test.
+// The system's print and page set-up dialogs, with scripted answers.
 #include <gtest/gtest.h>
 
 #include <cderr.h>

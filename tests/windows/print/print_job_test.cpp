@@ -41,14 +41,14 @@ class PrintJobTest : public ::testing::Test {
     document_.table.AddColumn(u"text", width);
     for (int row = 0; row < 69; ++row) document_.table.AddCell(u"text");
   }
-  // Counted from here on.
+  // Calls are counted from here on.
   void FailCall(int call) { spooler_.failingCall = kCallsBefore + call; }
   bool Print(const PrintChoice& choice = {1, 9, 1, true}) {
     const PrintPages pages(document_, {}, u"", measurer_);
     return windows::RunPrintJob(printer_, pages, measurer_, {choice, pages.PageCount()}, watcher_);
   }
 
-  static constexpr int kCallsBefore = 2;  // the printer was asked for its paper
+  static constexpr int kCallsBefore = 2;  // the query of the printer's paper
   PrintDocument document_;
   windows::DeviceMeasurer measurer_;
   FakeSpooler spooler_;

@@ -24,8 +24,8 @@ class ScriptUser {
 
   // In the active window: its class and title, the text of a control by id (0: the title), typing
   // a text into it, pressing a key in a control, a tool by its position from 1 or a button by
-  // id, and closing by the frame. Texts are empty and nothing happens where there is no such
-  // control.
+  // id, and closing by the frame. Without such a control texts are empty and input is a
+  // no-op.
   std::u16string WindowClass() const;
   std::u16string Text(int id) const;
   void Type(int id, std::u16string_view text);

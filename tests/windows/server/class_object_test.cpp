@@ -93,7 +93,7 @@ TEST(Unloading, MayBeFollowedByLoadingAgain) {
 }
 
 TEST(Unloading, LeavesNoMemoryBehind) {
-  // What the first load leaves is the system's: its own libraries stay loaded.
+  // The system's own libraries stay loaded after the first time.
   { const Library library; }
   const long before = ResourcesNow().memory;
   for (int round = 0; round < 50; ++round) {

@@ -23,7 +23,7 @@ class HostFrame {
   HostFrame& operator=(const HostFrame&) = delete;
 
   HWND Handle() const { return handle_; }
-  // Destroys the window now; no-op if it is gone.
+  // Destroys the window now; no-op if it has been destroyed.
   void Destroy();
   // Runs at each WM_CLOSE, once it is logged.
   std::function<void()> onClose;

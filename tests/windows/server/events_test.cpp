@@ -1,4 +1,4 @@
-// Tests of the control's events: sinks of the connection point, the listener, and what tells them.
+// Tests of the control's events: sinks of the connection point, the listener, and what raises them.
 #include <gtest/gtest.h>
 #include <olectl.h>
 

@@ -152,7 +152,7 @@ TEST(Activation, NotifiesTheContainerOfEachGainAndLossOfTheFocus) {
             "site OnFocus\nsite OnFocus lost\n");
 }
 
-// The container has the focus before the window goes, so that no key reaches a hidden window.
+// The container has the focus before the window is hidden, so that no key reaches a hidden window.
 TEST(Activation, ReturnsTheFocusToTheContainerWhenItEnds) {
   ControlHost host;
   host.Open();

@@ -41,7 +41,7 @@ class RecordingSite final : public windows::ComClass<IOleClientSite, IOleInPlace
   std::string refusedCall;
   // Runs while the host is notified of the activation.
   std::function<void()> onActivate;
-  // Runs while the host is notified that the focus has gone.
+  // Runs while the host is notified that the focus was lost.
   std::function<void()> onFocusLost;
 
   // IOleClientSite

@@ -135,7 +135,7 @@ TEST(TypeLibrary, ListsOperationAndPropertyOfUpdatePriceUnderNamesOfTheirOwn) {
             (std::vector<std::string>{"1 1 ItemClassType()", "2 2 ItemClassTypeValue()"}));
 }
 
-// How a compiler of a Basic-like language resolves a member of a declared object.
+// As a compiler of a Basic-like language resolves a member of a declared object.
 std::string Bound(REFIID id, const wchar_t* name, WORD kinds) {
   ComPtr<ITypeInfo> info;
   Embedded()->GetTypeInfoOfGuid(id, info.put());

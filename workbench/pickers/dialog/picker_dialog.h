@@ -60,7 +60,7 @@ class PickerDialog {
   LRESULT OnDrawRow(NMLVCUSTOMDRAW& drawing) const;
   void OnLimits(MINMAXINFO& limits) const;
 
-  // True when the message was used up.
+  // True when the message was handled.
   bool OnSearchKey(UINT message, WPARAM wParam);
   bool OnListKey(UINT message, WPARAM wParam);
   bool MovesInList(WPARAM key);

@@ -48,7 +48,7 @@ HIMAGELIST MakeTickImages(HWND window, pricedown::windows::Dpi dpi, int rowHeigh
   const pricedown::windows::WindowContext screen(window);
   const HDC memory = CreateCompatibleDC(screen.Get());
   // Without the window, or its theme would also apply to the list's frame.
-  // VSCLASS_BUTTON of mingw-w64 is a C literal that not every compiler takes.
+  // VSCLASS_BUTTON of mingw-w64 is a C literal that not every compiler accepts.
   const HTHEME theme = OpenThemeData(nullptr, L"BUTTON");
   for (const bool ticked : {false, true}) {
     const GdiObject<HBITMAP> picture(CreateCompatibleBitmap(screen.Get(), width, rowHeight));

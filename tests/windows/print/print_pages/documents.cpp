@@ -1,4 +1,4 @@
-// The rows of the documents. How many fill a page is found by trying, so that no measure is
+// The rows of the documents. The number that fills a page is found by trial, so that no measure is
 // repeated here.
 #include "tests/windows/print/print_pages/documents.h"
 

@@ -13,7 +13,7 @@ inline constexpr const char16_t* kKnownDate = u"2008-03-31";
 
 // Header and footer of the item list, and rows of numbered items. empty: titles alone; one: one
 // row; full: as many rows as page 1 holds; more: one row more; many: 200 rows; wide: three rows of
-// columns that want the paper turned. False for other names.
+// columns that need landscape paper. False for other names.
 bool FillKnownDocument(std::string_view name, const Paper& paper, TextMeasurer& measurer,
                        PrintDocument& document);
 

@@ -1,5 +1,5 @@
 // print_pages DOCUMENT [PICTURE DPI]: prints a document of known contents on the user's default
-// printer and says where all of it must stand; with PICTURE, also draws page 1 as a preview does.
+// printer and prints where each element must be; with PICTURE, also draws page 1 as a preview does.
 // print_pages DOCUMENT off: cancels the job before its second page.
 //
 // Lines, in points from the paper's top left corner, separated by tabs:
