@@ -112,7 +112,7 @@ void ClassCommands::Delete() {
     number = ToText(items.Field(columns::kItemClassNumber));
     name = ToText(items.Field(columns::kItemClassName));
   }
-  // A copy: the control may be gone when the question is answered.
+  // A copy: the control may have ended when the question is answered.
   const Lifetime lifetime = environment_.lifetime;
   if (!IsConfirmed(number, name) || lifetime.HasEnded()) return;
   if (!DeleteGuarded(number) || lifetime.HasEnded()) return;

@@ -54,7 +54,7 @@ void ClassTree::MarkCurrentNode() {
 }
 
 void ClassTree::LoadClasses() {
-  // A failed query must not leave the earlier answer behind, whose rows would be added again.
+  // A failed query must drop the earlier result, whose rows would be added again.
   Recordset answer;
   SkipFailing([&] { answer = Connection(environment_.factory).Execute(statements::ClassTree()); });
   state_.classRecordset = answer;

@@ -12,7 +12,7 @@ class ClassTreeView {
   virtual ~ClassTreeView() = default;
   // The nodes that come next are shown from the same one on.
   virtual void ClearNodes() = 0;
-  // Appends a node behind its siblings, in the order of the indexes, with the first image of the
+  // Appends a node after its siblings, in the order of the indexes, with the first image of the
   // tree's list and the second while selected. `parent` is kNoNode for the root.
   virtual void InsertNode(NodeIndex index, NodeIndex parent, std::u16string_view text) = 0;
   // Selects the node and makes it visible; reports no click.

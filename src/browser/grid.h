@@ -57,7 +57,7 @@ class Grid {
 
   std::int32_t MaxRows() const { return maxRows_; }
   std::int32_t MaxColumns() const { return maxColumns_; }
-  // Rows taken away lose their contents; 0 and less empties and unlocks the grid. Throws
+  // Removed rows lose their contents; 0 and less empties and unlocks the grid. Throws
   // std::length_error or std::bad_alloc when there is no memory for so many; nothing changes then.
   void SetMaxRows(std::int32_t rows);
 
@@ -69,9 +69,9 @@ class Grid {
   // more texts than columns.
   void SetRowTexts(std::int32_t row, std::span<const std::u16string_view> texts);
 
-  // The largest number that may be typed into a cell, if it takes numbers.
+  // The largest number that may be typed into a cell, if it accepts numbers.
   std::optional<double> UpperBound(std::int32_t column, std::int32_t row) const;
-  // Rows 1 to `lastRow` of the column take numbers up to `bound`, its other rows none.
+  // Rows 1 to `lastRow` of the column accept numbers up to `bound`, its other rows none.
   void SetUpperBound(std::int32_t column, std::int32_t lastRow, double bound);
 
   // Locks columns 1 to `lastColumn` until the grid is emptied. No-op without rows.

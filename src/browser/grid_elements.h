@@ -37,7 +37,7 @@ class GridElements {
   std::int32_t Rows() const { return grid_ == nullptr ? 0 : grid_->MaxRows(); }
   std::int32_t Columns() const { return grid_ == nullptr ? 0 : grid_->MaxColumns(); }
   bool Exists(GridElement element) const;
-  // What a screen reader says. A cell has its text; one that is empty or takes numbers has its
+  // What a screen reader says. A cell has its text; one that is empty or accepts numbers has its
   // title.
   std::u16string Name(GridElement element) const;
   // What it says of the field in which the cell's number is typed: title and row.
@@ -70,7 +70,7 @@ class GridElements {
   // The selection with which the element is selected, alone or as the other end of the block.
   GridSelection Select(GridElement element, bool extend) const;
 
-  // The next row behind `row` with that name or id, with a cell of that text, or any.
+  // The next row after `row` with that name or id, with a cell of that text, or any.
   std::optional<GridElement> FindRow(std::int32_t row, RowKey key,
                                      std::u16string_view text = {}) const;
 

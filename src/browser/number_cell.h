@@ -1,5 +1,5 @@
-// The rules of a cell that takes numbers: at most two decimals, up to the cell's bound, full-width
-// digits and points like the plain ones, and the keys that end the typing.
+// The rules of a cell that accepts numbers: at most two decimals, up to the cell's bound,
+// full-width digits and points like the plain ones, and the keys that end the typing.
 #pragma once
 
 #include <cstddef>
@@ -16,7 +16,7 @@ bool MayBecomeCellNumber(std::u16string_view text, double upperBound);
 // The same for a text with `inserted` in place of the selected units `from` to `to`.
 bool MayInsert(std::u16string text, std::size_t from, std::size_t to, std::u16string_view inserted,
                double upperBound);
-// A full-width digit or point, as Chinese input gives them, as the plain one that a number has; the
+// A full-width digit or point, as Chinese input methods type it, as the plain one of a number; the
 // Chinese full stop is the same key. Any other character as it is.
 char16_t CellCharacter(char16_t typed);
 std::u16string CellCharacters(std::u16string_view text);
@@ -27,7 +27,7 @@ bool StartsCellNumber(char16_t character);
 // the bound.
 std::optional<std::u16string> CellNumber(std::u16string_view text, double upperBound);
 
-// What a key does on a cell that takes a number, before anything is typed.
+// What a key does on a cell that accepts a number, before anything is typed.
 enum class CellStart {
   None,
   Edit,   // begins editing the number that is there

@@ -36,7 +36,7 @@ class TextSearch {
   // No text, or nothing was ever started.
   bool IsEmpty() const { return rows_ == nullptr || pattern_.IsEmpty(); }
 
-  // The next hit behind `row`, or before it when `backwards`; goes on at the other end, and comes
+  // The next hit after `row`, or before it when `backwards`; goes on at the other end, and comes
   // to `row` itself last.
   std::optional<SearchHit> Next(std::int32_t row, bool backwards) const;
 

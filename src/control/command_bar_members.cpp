@@ -61,7 +61,7 @@ class BandCollection : public LocalObject<BandCollection> {
   std::shared_ptr<CommandBar> bar_;
 };
 
-// The collection, or its item when an index or name was given.
+// The collection, or its item for an index or name.
 Value ItemOrCollection(const ObjectPtr& collection, std::span<Value> arguments) {
   if (arguments.empty() || arguments.front().Resolved().Is(Value::Kind::Missing)) {
     return collection;

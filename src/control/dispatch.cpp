@@ -77,7 +77,7 @@ void PriceDown::RunFromToolStrip(const ControlCommand& command) {
   grid_.Cells().Repaint();
 }
 
-// The bar's state counts, whatever a host's own tool of that name showed before.
+// The bar's state counts, not that of a host's own tool of the same name.
 void PriceDown::ToggleToolStrip(const ObjectPtr& tool) {
   const bool checked = !bar_->CheckTool(kToolStripTool)->Checked();
   bar_->CheckTool(kToolStripTool)->SetChecked(checked);

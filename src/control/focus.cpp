@@ -42,7 +42,7 @@ bool KeepsKey(FocusPlace place, const KeyPress& press) {
     case FocusPlace::Grid:
       return press.control && key == Key::A;
     case FocusPlace::CellEditor:
-      // Editing keys apply to the number that is typed, whatever they mean to the host.
+      // Editing keys apply to the number that is typed, even if the host uses them.
       return press == KeyPress{Key::F5} || key == Key::Delete || key == Key::Insert ||
              key == Key::Enter || key == Key::Escape || (press.control && IsEditingLetter(key));
     case FocusPlace::FindField:

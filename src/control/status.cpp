@@ -13,7 +13,7 @@ std::u16string StatusText(const BrowserState& browser, const NodeCollection& nod
                           std::int32_t items) {
   std::u16string text;
   if (browser.currentNode && !browser.itemRecordset) {
-    // The form has taken the rows, so commands no longer have a class.
+    // The form holds the rows, so commands have no class.
     text = Translate(u"请重新选择物料类别    ");
   } else if (browser.currentNode) {
     const NodeIndex node = nodes.Find(*browser.currentNode);

@@ -8,7 +8,7 @@
 
 namespace pricedown {
 
-// The current class and the number of items; asks for a class where the form has taken the rows.
+// The current class and the number of items; asks for a class while the form holds the rows.
 std::u16string StatusText(const BrowserState& browser, const NodeCollection& nodes,
                           std::int32_t items);
 

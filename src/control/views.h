@@ -45,7 +45,7 @@ class PriceDownView : public FindView {
   // The inner size of the control in twips.
   virtual Size ControlSize() const = 0;
   virtual void Place(const Layout& layout) = 0;
-  // The drag bar at a splitter position, inside the given rectangle; hidden by HideDragBar.
+  // The drag bar at a splitter position, inside the rectangle; hidden by HideDragBar.
   virtual void ShowDragBar(const Rectangle& bar) = 0;
   virtual void HideDragBar() = 0;
 };

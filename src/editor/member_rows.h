@@ -35,7 +35,7 @@ class MemberRows {
   // The items have changed; their texts follow with the next Read.
   void Reload() { isDue_ = true; }
   bool IsDue() const { return isDue_; }
-  // The item of that row has left the recordset; the next Read takes it away.
+  // The item of that row has left the recordset; the next Read removes it.
   // No-op for a row without texts.
   void Remove(std::int32_t row);
 
@@ -55,7 +55,7 @@ class MemberRows {
   CopiedCells Copied(std::span<const std::int32_t> rows, bool titled) const;
 
  private:
-  // Whether the texts are the recordset's once the removed rows are gone.
+  // Whether the texts equal the recordset's without the removed rows.
   bool IsReadButForRemoved() const;
   void DropRemoved();
   void ReadAll(const Recordset& items);

@@ -1,4 +1,4 @@
-// Copies of a recordset: client-side, same fields, same rows. The source is then behind its last
+// Copies of a recordset: client-side, same fields, same rows. The source is then after its last
 // row.
 #pragma once
 

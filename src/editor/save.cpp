@@ -59,7 +59,7 @@ bool SameBytes(std::u16string_view left, std::u16string_view right) {
          std::memcmp(left.data(), right.data(), left.size() * sizeof(char16_t)) == 0;
 }
 
-// The text behind the item's id in a row. The members of a class nearly always have the same
+// The text after the item's id in a row. The members of a class nearly always have the same
 // columns, so the text of the row before is used again.
 class SharedEnd {
  public:

@@ -35,15 +35,15 @@ std::vector<const Command*> RowsOf(const Rows& rows) {
   return commands;
 }
 
-// How many of the buttons, from the first on, a strip of that width shows: all, or as many as leave
-// room for an arrow to the others. `rightEdges` are the buttons' own when all are visible.
+// How many of the buttons, from the first on, a tool strip of that width shows: all, or as many as
+// leave room for an arrow to the others. `rightEdges` are the buttons' own when all are visible.
 std::size_t ButtonsThatFit(std::span<const std::int32_t> rightEdges, std::int32_t width,
                            std::int32_t arrowWidth);
 
 // How a key is written for the user: "Ctrl+P"; empty for Key::None.
 std::u16string ShortcutText(const KeyPress& press);
 
-// The translated tooltip with the shortcut behind it, "打印 (Ctrl+P)"; empty without a tooltip.
+// The translated tooltip followed by the shortcut, "打印 (Ctrl+P)"; empty without a tooltip.
 std::u16string TooltipOf(const Command& command);
 
 }  // namespace pricedown

@@ -6,7 +6,7 @@
 
 namespace pricedown {
 
-// No character set is given: it follows from the font's name. Distinct from the system's default
+// No character set: it follows from the font's name. Distinct from the system's default
 // set, 1, which the suite may ask for.
 inline constexpr std::int32_t kAnyCharset = -1;
 

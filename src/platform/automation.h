@@ -31,7 +31,7 @@ class AutomationObject {
   // Value::ByReference are written back. Throws AutomationError when the object fails.
   virtual Value Invoke(MemberId member, Access access, std::span<Value> arguments) = 0;
 
-  // Runs a method and drops its result, of whatever kind it is. Throws as Invoke does.
+  // Runs a method and drops its result of any kind. Throws as Invoke does.
   virtual void Perform(MemberId member, std::span<Value> arguments);
 
   // The elements of a collection in their order; empty for an object that is none.

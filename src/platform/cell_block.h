@@ -24,7 +24,7 @@ class CellBlock {
   virtual std::size_t RowCount() const = 0;
   // Requires: column and row are below the counts.
   virtual CellView Cell(std::size_t column, std::size_t row) const = 0;
-  // The cell as a value of its own, whatever its kind.
+  // The cell as a value, of any kind.
   virtual Value CellValue(std::size_t column, std::size_t row) const = 0;
 };
 

@@ -1,4 +1,4 @@
-// The texts of many cells, one behind the other in one text: adding copies each once.
+// The texts of many cells, concatenated in one text: adding copies each once.
 #pragma once
 
 #include <cstddef>

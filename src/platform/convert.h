@@ -14,7 +14,7 @@ namespace pricedown {
 // The default text of a number: the shortest decimal text that keeps 15 significant digits,
 // "." as decimal point, no leading zero dropped (0.5), exponents as 1E+15 from 1E+15 up and
 // below 1E-4, where the plain form would be longer. Zero has no sign. Infinities and
-// not-a-number give "1.#INF", "-1.#INF" and "1.#QNAN", which no statement accepts.
+// not-a-number are "1.#INF", "-1.#INF" and "1.#QNAN", which no statement accepts.
 std::u16string NumberText(double number);
 std::u16string NumberText(std::int32_t number);
 
@@ -27,11 +27,11 @@ std::u16string ToText(const Value& value);
 // The leading number of a text: blanks (also tabs and line breaks) are skipped everywhere,
 // an optional sign, digits, ".", an exponent with E or D, or a prefix &H or &O; reading stops at
 // the first character that does not belong. 0 when the text does not begin with a number.
-// &H and &O numbers up to 16 and up to 32 bits are signed (&HFFFF is -1), a mark "&" behind them
+// &H and &O numbers up to 16 and up to 32 bits are signed (&HFFFF is -1), a mark "&" after them
 // makes the narrow ones 32 bits wide. Throws AutomationError (Overflow) beyond a double.
 double LeadingNumber(std::u16string_view text);
 
-// The leading number of a value's default text; numbers as they are; Empty and Null give 0.
+// The leading number of a value's default text; numbers unchanged; Empty and Null are 0.
 double LeadingNumber(const Value& value);
 
 // For texts that are convertible both to a view and to a value.
@@ -41,14 +41,14 @@ double LeadingNumber(const Text& text) {
 }
 
 // Whether a whole text is a number. Accepted: blanks, tabs and line breaks around it and between
-// sign and digits; one sign "+" or "-", before or behind; digits; one "." with a digit on at least
+// sign and digits; one sign "+" or "-", before or after; digits; one "." with a digit on at least
 // one side; an exponent E or D with an optional sign and digits; or, unsigned, &H or &O and
 // digits of that base. Refused: empty text, anything else, and what no double can hold.
 // Commas are refused wherever they stand: a leading number ends at them, and what is checked with
 // the one is stored with the other. So are parentheses and currency signs.
 bool IsNumeric(std::u16string_view text);
 
-// The number of a value. Texts must be numeric as a whole (IsNumeric); Empty gives 0, booleans
+// The number of a value. Texts must be numeric as a whole (IsNumeric); Empty is 0, booleans
 // -1 and 0, dates their days. Throws AutomationError: Overflow for a text that is a number beyond
 // a double, TypeMismatch for anything else, Null and Missing included.
 double ToDouble(const Value& value);
@@ -60,7 +60,7 @@ std::int16_t RoundToInt16(double number);
 std::int32_t RoundToInt32(double number);
 
 // Booleans as they are, the texts "True" and "False" in any case; of everything else whether its
-// number (ToDouble) is unequal 0, so Empty gives false. Throws as ToDouble does.
+// number (ToDouble) is unequal 0, so Empty is false. Throws as ToDouble does.
 bool ToBoolean(const Value& value);
 
 // A number compared with a text: as numbers when the text is numeric, else unequal.

@@ -8,7 +8,7 @@
 namespace pricedown {
 
 struct CopiedCells {
-  // Tabs between the columns, a line break behind each row; a cell alone is its text.
+  // Tabs between the columns, a line break after each row; a cell alone is its text.
   std::u16string text;
   // The same as the data of the clipboard's format "HTML Format", in UTF-8.
   std::string html;
@@ -21,7 +21,7 @@ class CellCopier {
  public:
   void Add(std::u16string_view cell, CellKind kind);
   void EndRow();
-  // Without the line break behind a single cell.
+  // Without the line break after a single cell.
   CopiedCells Finish(bool isSingleCell = false);
 
  private:

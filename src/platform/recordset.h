@@ -17,7 +17,7 @@ struct FieldDefinition {
   std::int32_t definedSize = 0;  // characters for texts, 0 where the type has its own size
   std::int32_t attributes = 0;   // ADO FieldAttributeEnum
   std::int32_t precision = 0;    // digits, for numeric only
-  std::int32_t scale = 0;        // digits behind the point, for numeric only
+  std::int32_t scale = 0;        // digits after the point, for numeric only
 };
 
 // ADO DataTypeEnum and FieldAttributeEnum values that the library uses.
@@ -59,12 +59,12 @@ class Recordset {
   void Open() const;
   void Close() const;
 
-  // Up to `count` rows of those fields, in their order, from the current row on; moves behind them.
-  // Fails behind the last row, and when the answer lacks a field.
+  // Up to `count` rows of those fields, in their order, from the current row on; moves past them.
+  // Fails after the last row, and when the result lacks a field.
   CellBlockPtr GetRows(std::int32_t count, const std::vector<std::u16string_view>& fields) const;
 
   void AddNew() const;
-  // Adds a row with those values in those fields, given by name or position, and updates it. Both
+  // Adds a row with those values in those fields, by name or position, and updates it. Both
   // are one-dimensional arrays of one length.
   void AddNew(const Value& fields, const Value& values) const;
   void Update() const;

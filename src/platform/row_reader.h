@@ -25,11 +25,11 @@ class RowReader {
             NullCells nullCells = NullCells::Kept);
 
   // Moves to the next row; false at the end. Throws AutomationError when the recordset fails;
-  // a further call after a failure answers false, so that a caller who skips errors ends.
+  // a further call after a failure returns false, so that a caller who skips errors ends.
   bool Next();
 
   // A field of the current row, borrowed until the next call of Next. A value that is neither
-  // text, number nor null is given as its default text. Requires: Next answered true.
+  // text, number nor null has its default text. Requires: Next returned true.
   CellView Field(std::size_t index) const {
     const CellView view = hasBlocks_ ? block_->Cell(index, row_) : ViewOf(values_[index]);
     return view.kind != CellView::Kind::Other ? view : Converted(index);

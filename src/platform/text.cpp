@@ -63,7 +63,7 @@ struct Decoded {
 };
 
 // The character at the beginning of `bytes`. A byte that begins no complete, shortest-form
-// sequence of a valid character is taken alone.
+// sequence of a valid character counts alone.
 Decoded DecodeUtf8(std::string_view bytes) {
   const auto byte = [bytes](std::size_t index) { return static_cast<unsigned char>(bytes[index]); };
   const char32_t first = byte(0);

@@ -1,4 +1,4 @@
-// Blocks double up to a limit, so that few texts take little room and many waste little.
+// Blocks double up to a limit, so that few texts need little room and many waste little.
 #include "platform/text_arena.h"
 
 #include <algorithm>

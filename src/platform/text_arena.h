@@ -20,7 +20,7 @@ class TextArena {
 
   std::vector<std::unique_ptr<char16_t[]>> blocks_;
   char16_t* end_ = nullptr;  // of what is used of the last block
-  std::size_t room_ = 0;     // UTF-16 units behind it
+  std::size_t room_ = 0;     // UTF-16 units after it
   std::size_t size_ = 0;     // of the last block
 };
 

@@ -25,7 +25,7 @@ class TextBlocks {
   static std::optional<TextBlocks> Of(const Recordset& recordset,
                                       const std::vector<std::u16string_view>& fields);
 
-  // The next rows, as many as one GetRows would answer, and the recordset behind them. Null cells
+  // The next rows, as many as one GetRows would return; moves the recordset past them. Null cells
   // are empty texts. Null when all rows are read, when the recordset fails, and when a cell holds
   // a delimiter; the recordset then stands before the rows that are not read yet.
   // Throws AutomationError when it cannot be brought there.

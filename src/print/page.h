@@ -1,4 +1,4 @@
-// A page as draw commands, to be replayed on screen or printer in the order given.
+// A page as draw commands, to be replayed on screen or printer in order.
 #pragma once
 
 #include <cstddef>

@@ -12,7 +12,7 @@ struct PrintChoice {
   std::int32_t first = 1;
   std::int32_t last = std::numeric_limits<std::int32_t>::max();
   std::int32_t copies = 1;
-  bool collated = true;  // whole copies one behind the other
+  bool collated = true;  // whole copies one after the other
 };
 
 class PrintOrder {

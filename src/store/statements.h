@@ -78,7 +78,7 @@ struct ClassColumns {
   std::u16string_view reserveAccountNumber;
   std::u16string_view percentage;
 };
-// How a row of a save ends behind the item's id: the same for all rows with these values.
+// The end of a row of a save after the item's id: the same for all rows with these values.
 std::u16string SaveInsertEnd(const ClassColumns& columns);
 // Appends one row of a save.
 void AppendSaveInsert(std::u16string& text, std::u16string_view itemId, std::u16string_view end);

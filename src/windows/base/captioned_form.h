@@ -1,5 +1,5 @@
 // A control or a form as the suite's form resources see it: captions that they may replace, by
-// name. It reaches the windows through functions that their owner gives and takes away.
+// name. It reaches the windows through functions that their owner sets and clears.
 #pragma once
 
 #include <functional>

@@ -30,7 +30,7 @@ inline constexpr int kCellLabel = 123;  // names the grid's field for screen rea
 
 // The tool strip's buttons have the command ids kFirstButton + position, positions from 1.
 inline constexpr int kFirstButton = 200;
-// The arrow to the buttons that a narrow strip leaves out.
+// The arrow to the buttons that a narrow tool strip leaves out.
 inline constexpr int kMoreButtons = 299;
 
 }  // namespace pricedown::windows::control_ids

@@ -1,4 +1,4 @@
-// What every child that takes the focus reports to the window that it is in.
+// What every child that accepts the focus reports to its parent.
 #pragma once
 
 #include <windows.h>

@@ -11,7 +11,7 @@ namespace pricedown::windows {
 class FocusPlace {
  public:
   FocusPlace();
-  // Null when there was none, or when it is gone or cannot take the focus now.
+  // Null when there was none, or when it was destroyed or cannot get the focus now.
   HWND Find() const;
 
  private:

@@ -30,7 +30,7 @@ FontHandle MakeMessageFont(Dpi dpi);
 // The same in the size of `font`, and in its character set unless that is kAnyCharset.
 FontHandle MakeMessageFont(const Font& font, Dpi dpi);
 
-// Height of a line in pixels, on the given context.
+// Height of a line in pixels, on the context.
 int LineHeight(HDC context, HFONT font);
 int LineHeight(HWND window, HFONT font);
 // Width of one line of text in pixels.

@@ -9,7 +9,7 @@ namespace pricedown::windows {
 
 class GroupBox final : public BoundWindow {
  public:
-  // Creates it behind the controls that exist already. Throws AutomationError.
+  // Creates it below the existing controls in Z order. Throws AutomationError.
   void Create(HWND parent, HINSTANCE module, int id);
 
  private:

@@ -75,7 +75,7 @@ ImageList MakeImageList(const std::vector<int>& icons, IconLook look, int size) 
 // which a host may have loaded first, cannot do that; LoadImage scales the nearest one.
 IconHandle LoadIconResource(int id, int size) {
   const HINSTANCE module = ThisModule();
-  // A resource's number takes the place of its name.
+  // A resource's number is used instead of its name.
   // cppcheck-suppress AssignmentIntegerToAddress
   const wchar_t* const name = MAKEINTRESOURCEW(id);
   if (const auto load = SystemFunction<decltype(&LoadIconWithScaleDown)>(L"comctl32.dll",

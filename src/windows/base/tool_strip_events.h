@@ -1,4 +1,4 @@
-// What a tool strip reports to the window that it is in.
+// What a tool strip reports to its parent.
 #pragma once
 
 #include "env/command.h"
@@ -8,7 +8,7 @@ namespace pricedown::windows {
 
 class ToolStripEvents : public virtual FocusEvents {
  public:
-  // The button of that row was pressed; the last step of the strip's message.
+  // The button of that row was pressed; the last step of the tool strip's message.
   virtual void CommandChosen(const Command& command) = 0;
 
  protected:

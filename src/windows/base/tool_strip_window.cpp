@@ -239,7 +239,7 @@ std::u16string ToolStripWindow::Caption(const Command& button) const {
 
 void ToolStripWindow::SetCaption(const Command& button, std::u16string_view caption) {
   const int id = IdOf(button);
-  // The same caption, as the suite usually gives it, needs no new sizes.
+  // An unchanged caption, the usual case, needs no new sizes.
   if (id == 0 || Caption(button) == caption) return;
   std::wstring text = ToWide(caption);
   TBBUTTONINFOW info{};
@@ -271,7 +271,7 @@ void ToolStripWindow::OnTooltip(NMTTDISPINFOW& info) const {
 
 bool ToolStripWindow::CanPress(int index) const {
   const auto position = static_cast<std::size_t>(index);
-  // The arrow stands behind the buttons.
+  // The arrow follows the buttons.
   if (position == buttons_.size()) return HasRest();
   return position < shown_ && !buttons_[position]->separator && IsEnabled(*buttons_[position]);
 }
@@ -319,7 +319,7 @@ void ToolStripWindow::ChooseFromRest() {
   POINT place{arrow.left, arrow.bottom};
   ClientToScreen(Handle(), &place);
   const auto chosen = ChooseFromMenu(Handle(), place, lines);
-  // Messages ran meanwhile, and one of them may have ended the strip.
+  // Messages ran meanwhile, and one of them may have ended the tool strip.
   if (chosen && !strip.HasEnded()) events_.CommandChosen(*rest[*chosen]);
 }
 

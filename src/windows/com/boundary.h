@@ -16,8 +16,8 @@ namespace pricedown::windows {
 // memory the error info is cleared.
 HRESULT PublishFailure(const Failure& failure, const IID& interfaceId) noexcept;
 
-// Runs `body`, which returns an HRESULT or nothing. An exception becomes its code and the thread's
-// error info; a failure code that `body` returns clears the error info.
+// Runs `body`, which returns an HRESULT or nothing. An exception is converted to its code and the
+// thread's error info; a failure code that `body` returns clears the error info.
 template <typename Body>
 HRESULT AtBoundary(Body&& body, const IID& interfaceId = IID{}) noexcept {
   try {

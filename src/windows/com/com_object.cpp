@@ -31,7 +31,7 @@ class CallFailure {
   // `source` is named where the callee names none.
   [[noreturn]] void Throw(HRESULT code, IDispatch* object, std::u16string source) {
     if (code != DISP_E_EXCEPTION) ThrowErrorInfo(code, object, std::move(source));
-    // The failure goes on as an exception; no error info is left behind if it is skipped.
+    // The failure goes on as an exception; no error info is left if it is skipped.
     SetErrorInfo(0, nullptr);
     if (info_.pfnDeferredFillIn != nullptr) info_.pfnDeferredFillIn(&info_);
     if (info_.wCode != 0) {

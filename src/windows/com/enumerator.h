@@ -13,7 +13,7 @@
 namespace pricedown::windows {
 
 // Walks over `Traits::Item`s as they were when it was made. Traits::Copy(item) makes the
-// Traits::Element that the caller owns and may throw; Traits::Free(element) takes it back.
+// Traits::Element that the caller owns and may throw; Traits::Free(element) releases it.
 template <typename Interface, typename Traits>
 class Enumerator final : public ComClass<Interface> {
  public:

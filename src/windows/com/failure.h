@@ -1,4 +1,4 @@
-// Failures of the system: the text of a code, and the exception that a code becomes.
+// Failures of the system: the text of a code, and the exception for a code.
 #pragma once
 
 #include <windows.h>

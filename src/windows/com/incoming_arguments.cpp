@@ -24,7 +24,7 @@ IncomingArguments::IncomingArguments(const DISPPARAMS& parameters, bool put, UIN
   references_.reserve(count);
   UINT index = count;
   try {
-    // Positional arguments stand behind the named ones, the first one last.
+    // Positional arguments follow the named ones, the first one last.
     const bool namedValue =
         put && named > 0 && parameters.rgdispidNamedArgs[0] == DISPID_PROPERTYPUT;
     while (index > named) {

@@ -27,7 +27,7 @@ constexpr UINT kMarqueePause = 30;  // milliseconds
 void ControlChildren::Create(HWND parent) {
   const Dpi dpi = Dpi::Of(parent);
   constexpr DWORD label = WS_VISIBLE | SS_NOPREFIX | SS_CENTERIMAGE | SS_ENDELLIPSIS;
-  // The dialog manager goes by this order: tree, grid, tool strip.
+  // The dialog manager uses this order: tree, grid, tool strip.
   title.Create(parent, module, L"STATIC", control_ids::kTitle, label | SS_LEFT);
   period.Create(parent, module, L"STATIC", control_ids::kPeriod, label | SS_RIGHT);
   firstLabel.Create(parent, module, L"STATIC", control_ids::kFirstLabel, label | SS_LEFT);

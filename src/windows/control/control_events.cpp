@@ -29,7 +29,7 @@ void EraseBackground(HDC context) {
 
 }  // namespace
 
-// Runs a command of the core. The control may be gone when this returns.
+// Runs a command of the core. The control may be destroyed when this returns.
 template <typename Command>
 void ControlWindow::RunCommand(Command&& command) {
   if (control_ == nullptr) return;
@@ -106,7 +106,7 @@ void ControlWindow::SplitterEvent(SplitterAction action, std::int32_t pixels) {
 
 void ControlWindow::FocusEntered(HWND) {
   children_->lastFocus = GetFocus();
-  // An open form may have taken the class.
+  // An open form may hold the class.
   ShowStatus();
   // A copy, because the call may end the control.
   const std::function<void(bool)> handler = focusChange_;
@@ -157,7 +157,7 @@ void ControlWindow::FindIdle() {
 
 void ControlWindow::FindLeft() { SetFocus(children_->WindowOf(children_->findBar.Pane())); }
 
-// The rows come after the answer of the database: by then it is known whether this takes long.
+// The rows arrive after the query has returned: by then it is known whether the load is long.
 void ControlWindow::ItemsFilling() {
   if (work_.WaitIsLong(Clock::now())) children_->ShowProgress(true);
 }

@@ -11,7 +11,7 @@
 namespace pricedown::windows {
 namespace {
 
-// In tab order tree, grid and strip; for F6 tree, splitter and grid.
+// In tab order tree, grid and tool strip; for F6 tree, splitter and grid.
 using Stops = std::array<HWND, 3>;
 
 std::optional<std::size_t> StopOf(const Stops& stops, HWND focus) {

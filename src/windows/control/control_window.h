@@ -41,7 +41,7 @@ class ControlWindow final : public PriceDownView,
   // must keep the control with this window alive, because the host may close everything during the
   // event.
   void HoldDuringEvents(std::function<std::shared_ptr<void>()> hold);
-  // Called with true when one of the children has the focus, and with false when it has gone
+  // Called with true when one of the children has the focus, and with false when it has moved
   // outside.
   void OnFocusChange(std::function<void(bool gained)> handler);
 

@@ -36,7 +36,7 @@ class FindBarWindow final : public BoundWindow {
   void Create(HWND parent, HINSTANCE module);
   void SetFont(HFONT font);
 
-  // Shows the bar with that text; MoveTo gives it its place.
+  // Shows the bar with that text; MoveTo sets its place.
   void Open(FindPane pane, std::u16string_view text);
   void Close();
   bool IsOpen() const { return open_ && Handle() != nullptr; }

@@ -1,4 +1,4 @@
-// The status bar's panels: the first takes what the others leave.
+// The status bar's panels: the first fills the rest.
 #include "windows/control/status_window.h"
 
 #include <commctrl.h>

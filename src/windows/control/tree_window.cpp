@@ -65,7 +65,7 @@ void TreeWindow::UpdateAppearance(Dpi dpi) {
 void TreeWindow::SizeItems() {
   if (Handle() == nullptr || !font_) return;
   const int height = std::max(IconSize(dpi_), LineHeight(Handle(), font_.Get())) + dpi_.Scale(2);
-  // Trees round odd heights down.
+  // Tree views round odd heights down.
   TreeView_SetItemHeight(Handle(), (height + 1) / 2 * 2);
 }
 

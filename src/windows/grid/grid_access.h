@@ -21,7 +21,8 @@ class GridAccess {
   // Selects and scrolls there. Requires: a selection inside the grid.
   virtual void SetSelection(const GridSelection& selection) = 0;
   virtual void ScrollTo(std::int32_t topRow, int left) = 0;
-  // As if typed: returns false for a text that the cell does not take. Requires: an editable cell.
+  // As if typed: returns false for a text that the cell does not accept. Requires: an editable
+  // cell.
   virtual bool SetNumber(GridElement cell, std::u16string_view text) = 0;
 
  protected:

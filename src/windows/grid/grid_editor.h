@@ -20,7 +20,7 @@ class EditorEvents {
   // for anything else.
   virtual void EditingAccepted(std::u16string_view text, WPARAM key) = 0;
   virtual void EditingCancelled() = 0;
-  // Another window has taken the focus from the editor, which has ended.
+  // Another window got the focus; the editor has ended.
   virtual void EditorLeft(HWND to) = 0;
   // A key whose command runs after the number has been accepted.
   virtual void CommandKeyPressed(WPARAM key) = 0;

@@ -45,7 +45,7 @@ void UseInstalledName(LOGFONTW& description) {
 }
 
 LOGFONTW Describe(const Font& font) {
-  // The dialog uses the screen's resolution, whatever the window's is.
+  // The dialog uses the screen's resolution, even if the window's differs.
   LOGFONTW description = DescribeFont(font, Dpi::Of(nullptr).Value());
   UseInstalledName(description);
   return description;

@@ -27,8 +27,8 @@ class PagePainter {
   explicit PagePainter(DeviceMeasurer& measurer) : measurer_(measurer) {}
 
   // In black, over what is there; the context keeps its state. `fonts` are those of the
-  // PrintPages. Texts keep the widths that they were measured with, whatever the device would make
-  // of them. Throws AutomationError, with part of the page drawn.
+  // PrintPages. Texts keep the widths that they were measured with, even if the device's own
+  // differ. Throws AutomationError, with part of the page drawn.
   void Paint(HDC context, const Page& page, std::span<const Font> fonts, const PageScale& scale);
 
  private:

@@ -146,7 +146,7 @@ STDMETHODIMP PageLineProvider::GetEmbeddedFragmentRoots(SAFEARRAY** result) noex
   return Ask(result, [](PageAccess&, const Lines&) { return nullptr; });
 }
 
-// Lines take no focus.
+// Lines accept no focus.
 STDMETHODIMP PageLineProvider::SetFocus() noexcept {
   return link_->Run([](PageAccess&) { return UIA_E_INVALIDOPERATION; });
 }

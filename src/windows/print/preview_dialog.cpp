@@ -1,5 +1,5 @@
-// The life of one showing: pages, window, messages until the window is gone. Whatever ends it, the
-// other windows are enabled again.
+// The life of one showing: pages, window, messages until the window is destroyed. However it ends,
+// the other windows are enabled again.
 #include "windows/print/preview_dialog.h"
 
 #include <optional>

@@ -1,4 +1,4 @@
-// What a print preview needs of the printer behind it.
+// What a print preview needs from the printer.
 #pragma once
 
 #include <windows.h>

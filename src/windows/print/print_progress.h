@@ -21,7 +21,7 @@ inline constexpr int kPrintProgressBar = 402;
 // each sheet.
 class PrintProgress final : public PrintWatcher, private BoundWindow {
  public:
-  // Over `owner`, which may be null, once a job has taken `patience` milliseconds.
+  // Over `owner`, which may be null, once a job has run for `patience` milliseconds.
   PrintProgress(HINSTANCE module, HWND owner, DWORD patience = 700);
   ~PrintProgress() override;
 

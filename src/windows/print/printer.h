@@ -51,7 +51,7 @@ class Printer {
     std::wstring device;
     std::wstring driver;
     std::wstring output;
-    std::vector<std::byte> mode;  // DEVMODEW with the driver's data behind it; may be empty
+    std::vector<std::byte> mode;  // DEVMODEW followed by the driver's data; may be empty
   };
 
   static SetUp Read(HGLOBAL mode, HGLOBAL names);

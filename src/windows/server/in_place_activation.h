@@ -27,7 +27,7 @@ class InPlaceActivation {
   // In both a focus inside the window goes to the container.
   void Hide(ControlWindow& window);
   void Deactivate(ControlWindow& window);
-  // Notifies the container that the focus has come or gone, once for each change.
+  // Notifies the container that the focus was gained or lost, once for each change.
   void NotifyFocus(bool focused);
 
   // Moves the window; what lies outside `clip` is cut off.

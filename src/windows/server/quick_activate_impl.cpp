@@ -1,4 +1,4 @@
-// The steps that a container would otherwise take one by one.
+// The steps that a container would otherwise do one by one.
 #include "windows/server/quick_activate_impl.h"
 
 #include "platform/first_failure.h"
