@@ -14,10 +14,10 @@ struct BrowserState {
   std::int16_t itemClassType = 0;
   // Full item codes are shown, short ones otherwise.
   bool fullNumber = true;
-  // The answers of the last tree query and the last grid query, kept open until the next.
+  // The results of the last tree query and the last grid query, kept open until the next.
   Recordset classRecordset;
   Recordset itemRecordset;
-  // The node that was clicked last; the tree may have lost it since.
+  // The node that was clicked last; it may no longer be in the tree.
   std::optional<NodeId> currentNode;
 
   bool ByItemClass() const { return itemClassType == 1; }

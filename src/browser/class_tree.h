@@ -49,9 +49,9 @@ class ClassTree {
  private:
   void LoadClasses();
   void AddClassNodes();
-  // Marks the current node; when the tree has lost it, the one in its place.
+  // Marks the current node; when it is no longer in the tree, the one in its place.
   void MarkCurrentNode();
-  // kNoNode when the node is there already. Throws when the view fails; then nothing is added.
+  // kNoNode when the node exists already. Throws when the view fails; then nothing is added.
   NodeIndex AddNode(NodeId id, std::u16string_view text);
 
   Environment& environment_;

@@ -19,7 +19,7 @@ constexpr double kGreatestReportSize = 18;
 constexpr std::int32_t kPrintRowMargin = 30;    // twips above and below the label together
 constexpr std::int32_t kGridRowMargin = 20;     // twips
 constexpr double kTitleRowFactor = 1.6;         // title row to label
-constexpr double kGreatestPossibleSize = 1638;  // points; what a font can be made of
+constexpr double kGreatestPossibleSize = 1638;  // points; the sizes that a font can have
 
 }  // namespace
 

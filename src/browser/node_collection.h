@@ -39,7 +39,7 @@ struct TreeNode {
 
 class NodeCollection {
  public:
-  // The new node's index, or kNoNode when that node is there already (class numbers are compared
+  // The new node's index, or kNoNode when that node exists already (class numbers are compared
   // exactly). Requires: the root comes first.
   NodeIndex Add(NodeId id, std::u16string_view text);
   // Removes the node that was added last. Requires: Count() > 0.

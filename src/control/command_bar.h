@@ -38,7 +38,7 @@ class CommandBar : public LocalObject<CommandBar> {
   const std::shared_ptr<CommandBarTool>& CheckTool(std::u16string_view name) const;
 
   enum class Place { Bar, Band };
-  // The bar's tool of that name: a new one, or the one that is there already, unchanged. It stands
+  // The bar's tool of that name: a new one, or the existing one, unchanged. It stands
   // in the band, too, for Place::Band.
   std::shared_ptr<CommandBarTool> Add(CommandBarTool::Definition definition,
                                       Place place = Place::Bar);

@@ -38,9 +38,9 @@ class Find {
   Find(const Find&) = delete;
   Find& operator=(const Find&) = delete;
 
-  // Opens the bar over that pane, with the text of the last time.
+  // Opens the bar over that pane, with the last text.
   void Open(FindPane pane);
-  // Back to the pane; what was found last stays the current cell.
+  // Returns to the pane; the last hit stays the current cell.
   void Close();
   // Goes to the first hit from where the bar was opened. Ignored while `composing`: the text is not
   // what the user means yet.

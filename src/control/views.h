@@ -21,7 +21,7 @@ class FindView {
   virtual void OpenFind(FindPane pane, std::u16string_view text) = 0;
   // Hides the bar; the keyboard goes to the pane.
   virtual void CloseFind(FindPane pane) = 0;
-  // The count of the hits. While `counting` the bar asks for more whenever nothing else is to do.
+  // The count of the hits. While `counting` the bar requests more when the thread is idle.
   virtual void ShowFindCount(std::u16string_view text, bool counting) = 0;
   // Makes the cell the current one.
   virtual void ShowFoundCell(std::int32_t column, std::int32_t row) = 0;

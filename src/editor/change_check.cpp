@@ -28,7 +28,7 @@ bool SameItems(const Recordset& left, const Recordset& right) {
   return true;
 }
 
-// Only a save keeps a copy of the members; before it the count of rows stands for them.
+// Only a save keeps a copy of the members; before it the count of rows is compared.
 bool MembersUnchanged(const FormState& state) {
   const std::int32_t kept = RowCountOf(state.keptCopy);
   if (kept == 0) return state.rows.Count() == kNoItems;

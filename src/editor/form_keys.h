@@ -70,14 +70,14 @@ constexpr std::optional<MemberListCommand> MemberListCommandOf(const KeyPress& p
   return std::nullopt;
 }
 
-// The tool that does the same; none for what concerns the list alone.
+// The tool that does the same; none for commands of the list alone.
 constexpr std::optional<FormTool> ToolOf(MemberListCommand command) {
   if (command == MemberListCommand::AddItem) return FormTool::AddItem;
   if (command == MemberListCommand::RemoveItems) return FormTool::DelItem;
   return std::nullopt;
 }
 
-// Whether the list, with so many items and so many of them selected, has something for it to do.
+// Whether the command applies to a list with so many items and so many of them selected.
 constexpr bool HasItemsFor(MemberListCommand command, std::size_t items, std::size_t selected) {
   if (command == MemberListCommand::AddItem) return true;
   return command == MemberListCommand::SelectAll ? items > 0 : selected > 0;

@@ -46,7 +46,7 @@ struct FormState {
   std::int16_t mode = 0;
   std::u16string openingNumber;  // empty when adding; a save does not change it
   Recordset memberList;
-  // Nothing reads it; the browser's making it and this release are calls that the suite sees.
+  // Nothing reads it, but the suite sees its creation and its release.
   Recordset secondRecordSet;
   // Called when a class has been written; may be empty.
   std::function<void(bool added, std::u16string_view number)> whenSaved;

@@ -63,7 +63,7 @@ class ItemClassFormView {
  public:
   virtual ~ItemClassFormView() = default;
   virtual std::u16string Text(FormField field) const = 0;
-  // A text that changes, here or by the user's hand, is reported to FieldChanged.
+  // A text that changes, here or by the user, is reported to FieldChanged.
   virtual void SetText(FormField field, std::u16string_view text) = 0;
   // Sets the focus to the field and selects its text.
   virtual void Focus(FormField field) = 0;
@@ -75,7 +75,7 @@ class ItemClassFormView {
   virtual void SetToolEnabled(FormTool tool, bool enabled) = 0;
   // The form as the suite's form resources see it: its captions by name.
   virtual ObjectPtr FormObject() = 0;
-  // Ends the showing of the form. The window may die later, but reports no more events.
+  // Ends the showing of the form. The window may be destroyed later, but reports no more events.
   virtual void Unload() = 0;
 };
 

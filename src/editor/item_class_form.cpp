@@ -77,7 +77,7 @@ void ItemClassForm::Load() {
 
 void ItemClassForm::Unload() {
   const bool shown = parts_.state.loaded;
-  // First, so that the window's own end does not come back here.
+  // First, so that the window's own end does not re-enter this function.
   parts_.state = FormState();
   if (shown) parts_.view.Unload();
 }

@@ -19,7 +19,7 @@ class HostEvents {
   virtual void SelectionChanged(std::u16string_view classNumber) = 0;
   // The class has been written to the company, or deleted from it.
   virtual void ClassChanged(ClassChange change, std::u16string_view classNumber) = 0;
-  // The control has ended; what it holds of suite and host is released next.
+  // The control has ended; its objects of suite and host are released next.
   virtual void Closing() = 0;
   // A command that the user started has failed.
   virtual void Failed(const Failure& failure) = 0;

@@ -33,7 +33,7 @@ void ReadPeriodDates(ObjectFactory& factory, ProcessState& state) {
     return ToText(calendar->Call(u"GetPeriodDate", {year, period}));
   };
   state.periodStart = dateOf(state.currentYear, state.currentPeriod);
-  // Added as doubles, so that a profile full of nonsense ends in an overflow error.
+  // Added as doubles, so that an invalid profile ends in an overflow error.
   if (state.currentPeriod >= periods) {
     state.followingPeriodStart = dateOf(RoundToInt32(state.currentYear + 1.0), 1);
   } else {

@@ -39,7 +39,7 @@ std::u16string DecimalText(double number) {
   const double scaled = std::round(number * kScale);
   // Rounded to a double, as the registers of 32-bit code are not.
   const volatile double decimal = scaled / kScale;
-  // Within 15 digits a decimal is the only one at its number.
+  // Up to 15 digits no two decimals have the same double.
   if (!(std::fabs(scaled) < kFirstWithExponent) || decimal != number) return {};
   const auto digits = static_cast<std::int64_t>(std::fabs(scaled));
   constexpr auto kDivisor = static_cast<std::int64_t>(kScale);

@@ -1,5 +1,5 @@
 // The core's exception: a failed late-bound call, with the callee's own description.
-// What the user did wrong is a message instead.
+// User errors are messages instead.
 #pragma once
 
 #include <cstdint>

@@ -51,7 +51,7 @@ bool RowReader::NextOfBlock() {
 }
 
 CellBlockPtr RowReader::ReadTextBlock() {
-  // Answers of one block, which most are, are not worth the questions about their columns.
+  // Most results are one block, for which querying the columns' types does not pay.
   if (std::exchange(isFirstBlock_, false)) return nullptr;
   if (mayReadTexts_) texts_ = TextBlocks::Of(recordset_, fields_);
   mayReadTexts_ = false;

@@ -19,8 +19,8 @@ enum class NullCells { Kept, AsEmptyText };
 
 class RowReader {
  public:
-  // Columns are answered in the order of `fields`, whose texts must outlive the reader. With
-  // NullCells::AsEmptyText a null may be answered as null or as the empty text.
+  // Columns are returned in the order of `fields`, whose texts must outlive the reader. With
+  // NullCells::AsEmptyText a null may be returned as null or as the empty text.
   RowReader(const Recordset& recordset, std::vector<std::u16string_view> fields,
             NullCells nullCells = NullCells::Kept);
 

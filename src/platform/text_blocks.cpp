@@ -51,7 +51,7 @@ const char16_t* Delimiter(const char16_t* at) {
   }
 }
 
-// The cells of the asked columns as parts of one text.
+// The cells of the requested columns as parts of one text.
 class CutText final : public CellBlock {
  public:
   explicit CutText(std::size_t columns) : columns_(columns) {}
@@ -92,7 +92,7 @@ class CutText final : public CellBlock {
  private:
   std::size_t columns_;
   std::size_t rows_ = 0;
-  Value text_;  // as it came: copying it would cost as much as cutting it
+  Value text_;  // unchanged: copying it would cost as much as splitting it
   std::vector<std::u16string_view> cells_;  // row by row
 };
 

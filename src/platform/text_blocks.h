@@ -13,7 +13,7 @@
 
 namespace pricedown {
 
-// Rows per call, for both ways of reading: large enough that calls do not count, small enough for
+// Rows per call, for both ways of reading: large enough to make calls cheap, small enough for
 // the caches.
 inline constexpr std::int32_t kRowsPerBlock = 4096;
 
@@ -41,7 +41,7 @@ class TextBlocks {
   std::int32_t position_;             // of the first row that is not read, from 1
   std::int32_t rows_;                 // of the recordset
   std::size_t columnCount_ = 0;       // of the recordset
-  std::vector<std::size_t> columns_;  // the asked ones among them
+  std::vector<std::size_t> columns_;  // the requested ones among them
 };
 
 }  // namespace pricedown

@@ -19,7 +19,7 @@ using ObjectPtr = std::shared_ptr<AutomationObject>;
 using CellBlockPtr = std::shared_ptr<const CellBlock>;
 using ValueListPtr = std::shared_ptr<const std::vector<Value>>;
 
-// A database null: there is a field, it holds nothing.
+// A database null: the field exists and has no value.
 struct Null {
   bool operator==(const Null&) const = default;
 };

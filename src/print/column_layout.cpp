@@ -1,4 +1,4 @@
-// Widths as asked or narrowed, and one look at every row for columns of numbers.
+// Requested or narrowed widths, and one pass over the rows to find columns of numbers.
 #include "print/column_layout.h"
 
 #include <algorithm>

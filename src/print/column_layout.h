@@ -17,10 +17,10 @@ struct PlacedColumn {
   Tenths Width() const { return right - left; }
 };
 
-// The width that the columns ask for.
+// The width that the columns request.
 std::int64_t WantedWidth(const PrintTable& table);
 
-// The columns from `left` on, one beside the other. Where they ask for more than `available`, the
+// The columns from `left` on, one beside the other. Where they need more than `available`, the
 // widest are narrowed to one width so that all fit; narrower ones keep theirs.
 std::vector<PlacedColumn> PlaceColumns(const PrintTable& table, Tenths left, Tenths available);
 

@@ -1,4 +1,4 @@
-// Finds a beginning that is too long by doubling, then asks how much of it fits.
+// Finds a beginning that is too long by doubling, then measures how much of it fits.
 #include "print/fitted_text.h"
 
 #include <algorithm>

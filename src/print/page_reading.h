@@ -1,4 +1,4 @@
-// The texts of a page in reading order, for those who do not see it.
+// The texts of a page in reading order, for screen readers.
 #pragma once
 
 #include <string>

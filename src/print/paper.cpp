@@ -5,7 +5,7 @@ namespace pricedown {
 namespace {
 
 constexpr Tenths kUsualMargin = 200;
-// Ten metres: more is a driver's mistake, and would overflow.
+// Ten metres: more is a driver's error, and would overflow.
 constexpr std::int64_t kMostTenths = 100'000;
 // Of the shorter side at most, so that a label is more than its margins.
 constexpr Tenths kMarginShare = 6;

@@ -59,7 +59,7 @@ void PreviewState::ZoomIn() {
 void PreviewState::ZoomOut() {
   const auto notSmaller =
       std::lower_bound(kPreviewSizes.begin(), kPreviewSizes.end(), percent_ - kSameSize);
-  // Below the least of them there is nothing to go to.
+  // There is no size below the least one.
   if (notSmaller != kPreviewSizes.begin()) SetPercent(*(notSmaller - 1));
 }
 
@@ -203,7 +203,7 @@ double PreviewState::Pixels(double tenths) const {
 
 std::int32_t PreviewState::LineStep() const { return ScalePixels(kLineStep, area_.dotsPerInch); }
 
-// A little of what was seen stays in sight.
+// A little of the previous view stays visible.
 std::int32_t PreviewState::ScreenStep() const {
   return std::max(area_.height - LineStep(), LineStep());
 }

@@ -30,7 +30,7 @@ class PrintTable {
   void AddCell(std::u16string_view text) { cells_.Add(text); }
 
   const std::vector<PrintColumn>& Columns() const { return columns_; }
-  // Complete rows; the titles are no row.
+  // Complete rows, without the titles.
   std::int32_t RowCount() const;
   // Valid until the table changes. Requires: the table has that cell.
   std::u16string_view Cell(std::int32_t row, std::size_t column) const {

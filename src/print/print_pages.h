@@ -16,7 +16,7 @@ namespace pricedown {
 
 class PrintPages {
  public:
-  // Looks once at every row and measures only the fonts. The paper is turned when the columns do
+  // Scans every row once and measures only the fonts. The paper is turned when the columns do
   // not fit between its margins and would have more room on it turned. `date` is the value of the
   // field "&[日期]". Throws what the measurer throws. Requires: document and measurer outlive the
   // pages, and the document's table and lines do not change.

@@ -13,7 +13,7 @@ class Connection {
   // Throws AutomationError when the suite cannot make the object.
   explicit Connection(ObjectFactory& factory);
 
-  // Sends the text whole. The answer of a statement without rows may be no recordset at all.
+  // Sends the text whole. A statement without rows may return no recordset.
   // Throws AutomationError with the database's own text.
   Recordset Execute(std::u16string_view statement);
   // The same for a statement that writes; the suite's result is dropped.

@@ -1,5 +1,5 @@
 // Names of the company tables' columns that the library reads and writes, and of their fields in
-// answers. The statements that use them are in statements.h; storage types are the suite's.
+// results. The statements that use them are in statements.h; storage types are the suite's.
 #pragma once
 
 #include <string_view>

@@ -13,7 +13,7 @@ namespace pricedown::windows {
 // Events and disconnecting are requests to the system: a failure has no effect on the window.
 class Automation {
  public:
-  // The answer to WM_GETOBJECT. A null provider ends what the window has provided.
+  // The result of WM_GETOBJECT. A null provider disconnects the earlier one.
   virtual LRESULT ReturnProvider(HWND window, WPARAM wParam, LPARAM lParam,
                                  IRawElementProviderSimple* provider) = 0;
   // What the system provides of a window by itself; null on failure.

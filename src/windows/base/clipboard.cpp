@@ -81,7 +81,7 @@ bool CopyToClipboard(HWND owner, const CopiedCells& cells) {
   });
   const OpenedClipboard clipboard(owner);
   if (!clipboard || EmptyClipboard() == FALSE || !text.SetAs(CF_UNICODETEXT)) return false;
-  // Without it there still is the text.
+  // Without it the text is still there.
   if (html && !cells.html.empty()) html.SetAs(RegisterClipboardFormatW(L"HTML Format"));
   return true;
 }

@@ -6,7 +6,7 @@
 
 namespace pricedown::windows {
 
-// The window with the focus. A field may close when it loses the focus; its parent stands for it
+// The window with the focus. A field may close when it loses the focus; its parent is used
 // then.
 class FocusPlace {
  public:

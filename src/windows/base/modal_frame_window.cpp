@@ -132,7 +132,7 @@ void ModalFrameWindow::RunCommand(bool showsWait, const std::function<void()>& c
   } catch (...) {
     if (!failure) failure = CurrentFailure();
   }
-  // A command that failed because the window closed under it needs no report.
+  // A command that failed because the window closed meanwhile needs no report.
   if (failure && Handle() != nullptr) ReportFailure(DialogOwner(), *failure);
   busy_ = false;
   if (std::exchange(closeRequested_, false)) RequestClose();

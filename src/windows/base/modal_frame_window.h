@@ -67,7 +67,7 @@ class ModalFrameWindow : public CommandWindow, protected BoundWindow {
   // Updates pictures and measures for that resolution; fonts and places follow.
   virtual void UpdateResolution(Dpi dpi) = 0;
   virtual void PlaceChildren(SIZE client, Dpi dpi) = 0;
-  // The inner size below which the user cannot make the window.
+  // The least inner size of the window.
   virtual SIZE LeastSize(Dpi dpi) const = 0;
   // Those that draw in the system's colours and theme; null where there is none.
   virtual std::array<HWND, 2> ThemedChildren() const = 0;

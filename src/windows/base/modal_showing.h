@@ -19,8 +19,8 @@ class ModalShowing {
   ModalShowing(const ModalShowing&) = delete;
   ModalShowing& operator=(const ModalShowing&) = delete;
 
-  // Runs messages until the window is destroyed or WM_QUIT comes, which is posted again.
-  // `translate` handles a message before it is dispatched; true when it was used up.
+  // Runs messages until the window is destroyed or WM_QUIT arrives, which is posted again.
+  // `translate` handles a message before it is dispatched; true when it was handled.
   void Run(const std::function<bool(MSG& message)>& translate);
   // Enables them and returns the focus. Requires: the window still exists, or the system would
   // activate another program's.

@@ -9,7 +9,7 @@
 
 namespace pricedown::windows {
 
-// `Access` is what the providers ask of the window.
+// `Access` is what the providers need from the window.
 template <typename Access>
 struct ProviderLink {
   Access* access;  // null after the window's end

@@ -392,7 +392,7 @@ LRESULT ToolStripWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_SIZE: {
       const Lifetime strip = WindowLifetime();
       const LRESULT result = OnSystemPart(message, wParam, lParam);
-      // A press that was noted before runs with it, and may end all.
+      // An earlier press runs with it and may end everything.
       if (!strip.HasEnded()) FitButtons();
       return result;
     }

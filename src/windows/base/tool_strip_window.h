@@ -38,7 +38,7 @@ class ToolStripWindow final : public BoundWindow {
   void SetTooltip(const Command& button, std::u16string_view tooltip);
 
   void SetFont(HFONT font);
-  // What the window should be high; tool bars draw pictures in the middle only then. Pixels.
+  // The height, in pixels, at which tool bars draw pictures in the middle.
   int ButtonHeight() const;
   // From the window's left edge to the right one of the last button. Pixels.
   int ButtonsWidth() const;

@@ -15,7 +15,7 @@
 
 namespace pricedown::windows {
 
-// `Access` is what the provider asks of the window; it has HWND Window() const. Members return
+// `Access` is what the provider needs from the window; it has HWND Window() const. Members return
 // UIA_E_ELEMENTNOTAVAILABLE after the window's end.
 template <typename Access, typename... Interfaces>
 class WindowElement : public ComClass<IRawElementProviderSimple, Interfaces...> {

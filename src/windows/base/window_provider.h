@@ -12,7 +12,7 @@
 
 namespace pricedown::windows {
 
-// `Provider` is a COM class with a member End() noexcept, from which on it uses its window no more.
+// `Provider` is a COM class with a member End() noexcept, after which it no longer uses its window.
 template <typename Provider>
 class WindowProvider {
  public:

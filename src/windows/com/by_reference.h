@@ -1,4 +1,4 @@
-// By-reference variants: reading what they point to, and storing a callee's answer there.
+// By-reference variants: reading what they point to, and storing a callee's result there.
 #pragma once
 
 #include "windows/com/variant.h"

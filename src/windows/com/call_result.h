@@ -1,4 +1,4 @@
-// Reports the failure of a call in as IDispatch does: exception record or code.
+// Reports the failure of an incoming call as IDispatch does: exception record or code.
 #pragma once
 
 #include <oaidl.h>

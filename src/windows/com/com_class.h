@@ -71,7 +71,7 @@ class ComClassOf : public First, public Others... {
   STDMETHODIMP_(ULONG) Release() noexcept override {
     const long left = --references_;
     if (left > 0) return static_cast<ULONG>(left);
-    // What the object calls on its way out may add and release references to it again.
+    // Calls during destruction may add and release references to the object again.
     references_ = kDying;
     FinalRelease();
     delete this;

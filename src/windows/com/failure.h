@@ -7,7 +7,7 @@
 
 namespace pricedown::windows {
 
-// The system's text for a code; words of our own and the number where it has none.
+// The system's text for a code; our own text and the number where it has none.
 std::u16string SystemText(HRESULT code);
 
 // Throws AutomationError with the system's text when `code` is a failure.

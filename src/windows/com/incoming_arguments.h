@@ -1,4 +1,4 @@
-// The arguments of a call in: from DISPPARAMS to values in the order of the parameters.
+// The arguments of an incoming call: from DISPPARAMS to values in the order of the parameters.
 #pragma once
 
 #include <oaidl.h>

@@ -1,4 +1,4 @@
-// The arguments of a call out: reversed, converted, with room for by-reference results.
+// The arguments of an outgoing call: reversed, converted, with room for by-reference results.
 #pragma once
 
 #include <span>

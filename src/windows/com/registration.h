@@ -43,9 +43,9 @@ enum class RegistrationScope { Machine, User };
 // what it has written.
 void Register(const ServerEntries& entries, RegistrationScope scope, const std::wstring& module);
 
-// Removes all entries; missing ones are no failure, and a ProgID that has come to name another
+// Removes all entries; missing ones are no failure, and a ProgID that now names another
 // class stays. Keys shared with a build of the other word size are left while that one is
-// registered. Throws AutomationError when an entry stays.
+// registered. Throws AutomationError when an entry cannot be removed.
 void Unregister(const ServerEntries& entries, RegistrationScope scope);
 
 }  // namespace pricedown::windows

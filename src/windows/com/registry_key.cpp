@@ -34,7 +34,7 @@ struct Contents {
   DWORD values = 0;
 };
 
-// Nothing when the key is not there or cannot be read.
+// Nothing when the key does not exist or cannot be read.
 std::optional<Contents> ContentsOf(HKEY root, const std::wstring& key) {
   OpenKey open;
   Contents contents;

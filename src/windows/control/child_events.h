@@ -27,7 +27,7 @@ class FindBarEvents : public virtual FocusEvents {
   // `composing` while an input method's composition is open.
   virtual void FindTextChanged(std::u16string_view text, bool composing) = 0;
   virtual void FindKeyPressed(FindKey key) = 0;
-  // Nothing else is to do.
+  // The thread is idle.
   virtual void FindIdle() = 0;
   // Tab.
   virtual void FindLeft() = 0;

@@ -32,7 +32,7 @@ void FindField::Create(HWND parent, HINSTANCE module) {
 
 void FindField::ReportChange() { events_.FindTextChanged(TextOf(Handle()), composing_); }
 
-// Returns whether the key was used up.
+// Returns whether the key was handled.
 bool FindField::OnKeyDown(WPARAM key) {
   const KeyPress press = PressOf(key);
   if (press.key == Key::Tab) {

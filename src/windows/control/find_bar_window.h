@@ -45,7 +45,7 @@ class FindBarWindow final : public BoundWindow {
   // To the field, with its text selected.
   void Focus();
   bool HasFocus() const;
-  // While `counting` the bar reports whenever nothing else is to do.
+  // While `counting` the bar reports whenever the thread is idle.
   void SetCount(std::u16string_view text, bool counting);
 
  private:

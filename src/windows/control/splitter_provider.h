@@ -8,7 +8,7 @@
 
 namespace pricedown::windows {
 
-// What the provider asks of the splitter's window.
+// What the provider needs from the splitter's window.
 class SplitterAccess {
  public:
   virtual HWND Window() const = 0;

@@ -169,7 +169,7 @@ bool TreeWindow::MouseIsOnNode() const {
   return TreeView_HitTest(Handle(), &hit) != nullptr && (hit.flags & TVHT_ONITEM) != 0;
 }
 
-// The class whose items are shown is seen as such also without the focus, and while a reload has
+// The class whose items are shown is marked also without the focus, and while a reload has
 // left none selected. The system's own colour is that of the window in high contrast.
 LRESULT TreeWindow::OnDraw(NMTVCUSTOMDRAW& drawing) const {
   if (drawing.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;

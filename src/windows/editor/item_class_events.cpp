@@ -23,7 +23,7 @@ void ItemClassWindow::Run(Command&& command) {
   if (form_ == nullptr) return;
   const FocusPlace focus;
   RunCommand(true, [&] { command(*form_); });
-  // A window of the suite may have left it nowhere; a command may also have moved it.
+  // A window of the suite may have left no window focused; a command may also have moved it.
   if (Handle() == nullptr || GetActiveWindow() != Handle() ||
       IsChild(Handle(), GetFocus()) != FALSE) {
     return;

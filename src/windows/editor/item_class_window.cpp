@@ -92,7 +92,7 @@ void ItemClassWindow::AddLookupTips() {
   }
 }
 
-// A picture leaves the button's text to those who cannot see it.
+// The button shows a picture; its text is for screen readers.
 void ItemClassWindow::ShowLookupPictures(Dpi dpi) {
   FormChildren& c = *children_;
   IconHandle picture = LoadIconResource(PRICEDOWN_ICON_LOOKUP, IconSize(dpi));

@@ -45,7 +45,7 @@ class ItemClassWindow final : public ItemClassFormView,
   // Shows the window over its owner. `unloading` is called when the form is unloaded, while the
   // window still exists.
   void Show(std::function<void()> unloading);
-  // A message of the modal loop; whether it is used up.
+  // Handles a message of the modal loop; returns whether it was handled.
   bool TranslateKey(MSG& message);
 
   // ItemClassFormView

@@ -1,4 +1,4 @@
-// What the providers of the grid ask of its window.
+// What the providers of the grid need from its window.
 #pragma once
 
 #include <windows.h>

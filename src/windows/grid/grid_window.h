@@ -49,7 +49,7 @@ class GridWindow final : public BoundWindow,
 
   // Makes the cell the current one and scrolls to it.
   void GoTo(std::int32_t column, std::int32_t row);
-  // Whether the current cell stands out without the focus, too: what was found is there.
+  // Whether the current cell, a hit of the find bar, stands out without the focus, too.
   void MarkCurrentCell(bool marked);
   // Puts the selected cells on the clipboard, `titled` below the titles of their columns.
   void Copy(bool titled);

@@ -1,4 +1,4 @@
-// GridWindow: what its providers ask.
+// GridWindow: the interface for its providers.
 #include "windows/grid/grid_access.h"
 
 #include "browser/number_cell.h"

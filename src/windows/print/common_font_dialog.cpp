@@ -51,7 +51,7 @@ LOGFONTW Describe(const Font& font) {
   return description;
 }
 
-// What the dialog's procedure needs of one showing.
+// What the dialog's procedure needs for one showing.
 struct Showing {
   const Font& before;
   LOGFONTW first;  // what the dialog began with
@@ -60,8 +60,8 @@ struct Showing {
 
 bool IsBold(const LOGFONTW& font) { return font.lfWeight > FW_MEDIUM; }
 
-// The font before with what the user has changed; the rest stays as it was, to the letter of the
-// name and the fraction of the size. `points` is 0 where only the height is known.
+// The previous font with the user's changes; the rest stays exactly as it was, fractional size
+// included. `points` is 0 where only the height is known.
 Font FontOf(const LOGFONTW& chosen, double points, const Showing& showing) {
   Font font = showing.before;
   const LOGFONTW& first = showing.first;

@@ -13,7 +13,7 @@
 
 namespace pricedown::windows {
 
-// What the providers ask of the pane's window.
+// What the providers need from the pane's window.
 class PageAccess {
  public:
   virtual HWND Window() const = 0;

@@ -27,7 +27,7 @@ class PreviewDialog {
   void ShowModal(HWND owner);
   // The same with another font dialog.
   void ShowModal(HWND owner, FontDialog& fonts);
-  // Ends the showing, as when the control ends; ShowModal then returns. Harmless when nothing is
+  // Ends the showing, as when the control ends; ShowModal then returns. A no-op when nothing is
   // shown.
   void Close() noexcept { window_.RequestClose(); }
 

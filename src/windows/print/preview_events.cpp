@@ -102,7 +102,7 @@ void PreviewWindow::OnChildCommand(HWND child, int id, int code) {
   } else if (child == c.viewBar.strip.Handle()) {
     c.viewBar.strip.OnCommand(id);
   } else if (id == preview_ids::kPage && code == EN_KILLFOCUS) {
-    // What was typed and not entered is discarded.
+    // Text that was typed without Enter is discarded.
     ShowPageNumber();
   } else if (id == preview_ids::kZoom && code == CBN_SELENDOK) {
     PostMessageW(Handle(), kZoomChosen, 0, 0);

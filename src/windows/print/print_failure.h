@@ -21,7 +21,7 @@ inline constexpr std::u16string_view kNoPrinter = u"没有安装打印机，请�
 // removed or exchanged since.
 bool IsStale(DWORD error);
 
-// Throws AutomationError for what CommDlgExtendedError answered. Requires: it is not 0.
+// Throws AutomationError for what CommDlgExtendedError returned. Requires: it is not 0.
 [[noreturn]] void ThrowDialogFailure(std::u16string_view what, DWORD error);
 
 }  // namespace pricedown::windows

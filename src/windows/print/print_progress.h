@@ -25,7 +25,7 @@ class PrintProgress final : public PrintWatcher, private BoundWindow {
   PrintProgress(HINSTANCE module, HWND owner, DWORD patience = 700);
   ~PrintProgress() override;
 
-  // PrintWatcher. Throws AutomationError when there is no window to be had.
+  // PrintWatcher. Throws AutomationError when the window cannot be created.
   bool Continue(std::int64_t sheet, std::int64_t count) override;
 
  private:

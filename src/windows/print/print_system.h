@@ -1,5 +1,5 @@
 // The calls to the system's spooler and dialogs that printing consists of, each behind a member
-// that tests let fail.
+// that tests make fail.
 #pragma once
 
 #include <windows.h>

@@ -1,5 +1,5 @@
 // The printer's set-up is kept as the dialogs hand it over: a DEVMODE with the driver's own data,
-// which is not looked into, and the three names of a DEVNAMES.
+// which is opaque, and the three names of a DEVNAMES.
 #include "windows/print/printer.h"
 
 #include <algorithm>

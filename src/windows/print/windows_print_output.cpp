@@ -1,4 +1,4 @@
-// Each command begins with the printer that is the user's now.
+// Each command starts with the user's current printer.
 #include "windows/print/windows_print_output.h"
 
 #include "windows/print/dialog_printing.h"

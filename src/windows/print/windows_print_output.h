@@ -29,7 +29,7 @@ class WindowsPrintOutput final : public PrintOutput, private PreviewPrinting {
   void Preview(PrintDocument& document) override;
   void Print(const PrintDocument& document) override { Print(window_.DialogOwner(), document); }
 
-  // Closes the preview, as when the control ends while it is shown. Harmless when nothing is shown.
+  // Closes the preview, as when the control ends while it is shown. A no-op when nothing is shown.
   void Close() noexcept;
 
  private:

@@ -33,7 +33,7 @@ void HostedControl::NewSession() {
   // An event or a click on the bar may release the last reference; control and session stay alive
   // until it has run.
   const auto hold = [this]() -> std::shared_ptr<void> {
-    // In this order the control goes last.
+    // This order releases the control last.
     struct Held {
       ComPtr<IUnknown> self;
       std::shared_ptr<ControlSession> session;

@@ -53,7 +53,7 @@ void InPlaceActivation::Activate(IOleClientSite& client, ControlWindow& window) 
 
 void InPlaceActivation::ActivateUi(IOleInPlaceActiveObject& self, ControlWindow& window,
                                    FocusMove focusMove) {
-  // A container may pass the focus that leaves back to the control.
+  // A container may return the leaving focus to the control.
   if (deactivates_) return;
   if (!uiActive_) {
     uiActive_ = true;
@@ -79,7 +79,7 @@ void InPlaceActivation::ActivateUi(IOleInPlaceActiveObject& self, ControlWindow&
 }
 
 void InPlaceActivation::NotifyFocus(bool focused) {
-  // A focus that comes back to a window on its way out leaves again.
+  // The focus leaves again when it returns to a window that is being hidden.
   if (focused && deactivates_) return;
   if (std::exchange(focused_, focused) == focused) return;
   if (const auto site = site_.As<IOleControlSite>()) site->OnFocus(focused ? TRUE : FALSE);

@@ -1,4 +1,4 @@
-// IOleObject and IOleControl: what a container asks of any embedded control.
+// IOleObject and IOleControl: what a container requires of any embedded control.
 #pragma once
 
 #include <ocidl.h>

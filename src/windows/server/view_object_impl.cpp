@@ -121,7 +121,7 @@ STDMETHODIMP ViewObjectImpl::QueryHitRect(DWORD aspect, LPCRECT bounds, LPCRECT 
 STDMETHODIMP ViewObjectImpl::GetNaturalExtent(DWORD aspect, LONG, DVTARGETDEVICE*, HDC,
                                               DVEXTENTINFO*, LPSIZEL size) noexcept {
   if (size == nullptr) return E_POINTER;
-  // Any size will do; none is natural.
+  // The control has no natural size.
   *size = {};
   return aspect == DVASPECT_CONTENT ? E_NOTIMPL : DV_E_DVASPECT;
 }
