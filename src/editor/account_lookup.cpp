@@ -31,7 +31,7 @@ void LookUpAccount(FormParts& form, FormField field) {
     failure = CurrentFailure();
   }
   // The form may have closed while the picker was open.
-  if (!form.state.loaded) return;
+  if (form.HasEnded()) return;
   form.environment.messages.Report(Concatenate({kLineBreak, FailureText(failure)}));
 }
 

@@ -37,7 +37,9 @@ TypedHeader ReadHeader(const ItemClassFormView& view) {
   return header;
 }
 
-void CountRows(FormState& state) {
+void CountRows(FormParts& form) {
+  if (form.HasEnded()) return;
+  FormState& state = form.state;
   const std::int32_t count = state.memberList.RecordCount();
   if (count > 0) state.memberList.MoveFirst();
   state.rows.SetCount(count + 1);

@@ -11,6 +11,7 @@
 #include "editor/form_view.h"
 #include "editor/member_rows.h"
 #include "env/environment.h"
+#include "platform/lifetime.h"
 #include "platform/recordset.h"
 
 namespace pricedown {
@@ -60,7 +61,6 @@ struct FormState {
   ClassHeader savedValues;
   std::int32_t lossAccountId = 0;
   std::int32_t reserveAccountId = 0;
-  bool loaded = false;  // between Load and Unload of one showing
   bool saved = false;
   // A save failed while it put the header into the rows: only some of them carry it.
   bool headersMixed = false;
@@ -74,10 +74,14 @@ struct FormParts {
   ItemClassFormView& view;
   MemberListView& members;
   FormState state;
+  // Of one showing, from Load to Unload. A command asks it after each call that may run messages.
+  Lifetime showing;
+
+  bool HasEnded() const { return showing.HasEnded(); }
 };
 
-// Counts the member list's rows again, from the first one on; the next read gets their texts.
-// Throws AutomationError.
-void CountRows(FormState& state);
+// Counts the member list's rows again, from the first one on; the next read gets their texts. A
+// no-op when the showing has ended. Throws AutomationError.
+void CountRows(FormParts& form);
 
 }  // namespace pricedown

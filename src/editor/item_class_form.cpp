@@ -52,7 +52,7 @@ std::u16string_view ColumnOf(FormField field) {
 
 void ItemClassForm::Load() {
   FormState& state = parts_.state;
-  state.loaded = true;
+  parts_.showing = Lifetime();
   state.saved = false;
   try {
     SetCaptions();
@@ -76,8 +76,8 @@ void ItemClassForm::Load() {
 }
 
 void ItemClassForm::Unload() {
-  const bool shown = parts_.state.loaded;
   // First, so that the window's own end does not re-enter this function.
+  const bool shown = parts_.showing.End();
   parts_.state = FormState();
   if (shown) parts_.view.Unload();
 }
@@ -113,7 +113,7 @@ void ItemClassForm::EmptyFields() {
 // Reads the rows that are due. Reading them counts as a change of the form.
 void ItemClassForm::ShowRows() {
   FormState& state = parts_.state;
-  if (!state.loaded || !state.rows.IsDue()) return;
+  if (parts_.HasEnded() || !state.rows.IsDue()) return;
   state.saved = false;
   parts_.view.SetToolEnabled(FormTool::Save, true);
   FirstFailure failure;
@@ -123,17 +123,17 @@ void ItemClassForm::ShowRows() {
 }
 
 void ItemClassForm::FieldChanged() {
-  if (parts_.state.loaded) parts_.view.SetToolEnabled(FormTool::Save, true);
+  if (!parts_.HasEnded()) parts_.view.SetToolEnabled(FormTool::Save, true);
 }
 
 void ItemClassForm::LookupRequested(FormField field) {
-  if (parts_.state.loaded && IsAccountField(field)) LookUpAccount(parts_, field);
+  if (!parts_.HasEnded() && IsAccountField(field)) LookUpAccount(parts_, field);
 }
 
 // Shows the rows even if the command fails, and before it disables the tool, because rows enable
 // it.
 void ItemClassForm::ToolClicked(FormTool tool) {
-  if (!parts_.state.loaded) return;
+  if (parts_.HasEnded()) return;
   FirstFailure failure;
   failure.Run([&] { Run(tool); });
   failure.Run([&] { ShowRows(); });
@@ -159,14 +159,14 @@ void ItemClassForm::Run(FormTool tool) {
 
 bool ItemClassForm::Save() {
   // The form may have closed while it asked.
-  if (!parts_.state.loaded) return false;
+  if (parts_.HasEnded()) return false;
   if (!SaveClass(parts_)) return false;
   const bool added = parts_.state.IsAdding();
   // Copies, because the host may close the form in the event.
   const auto whenSaved = parts_.state.whenSaved;
   const std::u16string number = parts_.state.savedValues.number;
   if (whenSaved) whenSaved(added, number);
-  if (added && parts_.state.loaded) Add();
+  if (added && !parts_.HasEnded()) Add();
   return true;
 }
 
@@ -178,7 +178,7 @@ void ItemClassForm::Add() {
     return;
   }
   // The form may have closed while it asked.
-  if (!parts_.state.loaded) return;
+  if (parts_.HasEnded()) return;
   // The fields of an empty list stay as they are.
   if (parts_.state.memberList.RecordCount() > 0) {
     EmptyMembers();

@@ -15,7 +15,9 @@ class ItemClassForm {
  public:
   // All references must outlive the form.
   ItemClassForm(Environment& environment, ItemClassFormView& view, MemberListView& members)
-      : parts_{environment, view, members, {}} {}
+      : parts_{environment, view, members, {}, {}} {
+    parts_.showing.End();
+  }
   ItemClassForm(const ItemClassForm&) = delete;
   ItemClassForm& operator=(const ItemClassForm&) = delete;
 
@@ -43,6 +45,7 @@ class ItemClassForm {
   // A member by name only: it checks nothing and saves nothing.
   void CheckRecordSave() const {}
 
+  bool IsLoaded() const { return !parts_.HasEnded(); }
   const FormState& State() const { return parts_.state; }
 
  private:

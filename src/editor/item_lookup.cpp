@@ -141,12 +141,11 @@ void AddItems(FormParts& form) {
       if (ToBoolean(result->Get(u"ReturnOK"))) AppendChosen(form, header, *result);
     } catch (...) {
       // The rows appended before stay: a save would write them, so the user sees them.
-      if (form.state.loaded) SkipFailing([&form] { CountRows(form.state); });
+      SkipFailing([&form] { CountRows(form); });
       throw;
     }
   }
-  // The user may have closed the form while messages were pending.
-  if (form.state.loaded) CountRows(form.state);
+  CountRows(form);
 }
 
 }  // namespace pricedown

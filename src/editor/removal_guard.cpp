@@ -60,9 +60,9 @@ class RemovalGuard {
 };
 
 // Without the filter, or a save would write the filtered item alone.
-void ShowRemaining(FormState& state) {
-  state.memberList.SetFilter({});
-  CountRows(state);
+void ShowRemaining(FormParts& form) {
+  form.state.memberList.SetFilter({});
+  CountRows(form);
 }
 
 }  // namespace
@@ -78,12 +78,12 @@ void RemoveSelectedItems(FormParts& form) {
       const bool rowLeft =
           guard.Remove(std::u16string(form.state.rows.Text(member_columns::kCode, row)));
       // The form may have closed while a message was open.
-      if (!form.state.loaded) return;
+      if (form.HasEnded()) return;
       if (rowLeft) form.state.rows.Remove(row);
     }
-    ShowRemaining(form.state);
+    ShowRemaining(form);
   } catch (...) {
-    SkipFailing([&form] { ShowRemaining(form.state); });
+    SkipFailing([&form] { ShowRemaining(form); });
     throw;
   }
 }

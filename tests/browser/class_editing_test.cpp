@@ -185,7 +185,7 @@ TEST_F(ClassEditing, DoesNotTouchAFormThatIsShown) {
     adding = ErrorOf([&] { commands_.Add(); });
     tree_.RestoreSelection(u"gi01");
     editing = ErrorOf([&] { commands_.Edit(); });
-    EXPECT_TRUE(editor_.Shown().State().loaded);
+    EXPECT_TRUE(editor_.Shown().IsLoaded());
     EXPECT_EQ(editor_.Shown().MemberList().Object(), members.Object());
     EXPECT_EQ(Utf8(editor_.Shown().State().openingNumber), "01");
     // The grid keeps the class, so that it can be edited later.

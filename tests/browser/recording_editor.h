@@ -24,7 +24,7 @@ class RecordingEditor : public ItemClassEditor {
 
   ItemClassForm& Form() override {
     recorder_->Call("editor form", u"editor");
-    if (form_.State().loaded) {
+    if (form_.IsLoaded()) {
       throw AutomationError(ErrorNumber::Unspecified, u"物料类别维护窗口已经打开", u"frmItemClass");
     }
     return form_;
@@ -37,7 +37,7 @@ class RecordingEditor : public ItemClassEditor {
       recorder_->QuietCall("editor window", u"editor");
       form_.Load();
       if (whileShown) whileShown();
-      if (form_.State().loaded) form_.Unload();
+      if (form_.IsLoaded()) form_.Unload();
     } catch (...) {
       form_.Unload();
       throw;
@@ -51,7 +51,7 @@ class RecordingEditor : public ItemClassEditor {
   // Whether nothing of an earlier preparation is left in the form.
   bool IsClean() const {
     const FormState& state = form_.State();
-    return !state.loaded && !state.memberList && !state.secondRecordSet && state.mode == 0 &&
+    return !form_.IsLoaded() && !state.memberList && !state.secondRecordSet && state.mode == 0 &&
            state.openingNumber.empty();
   }
 

@@ -229,7 +229,7 @@ TEST(ChangeCheckFailures, ReachTheCallerAndLeaveTheFormOpen) {
     const auto error = ErrorOf([&] { world.form.ToolClicked(FormTool::Exit); });
     const int calls = world.factory.CallCount() - before;
     EXPECT_EQ(error, failingCall == 0 ? std::nullopt : std::optional(kInjectedFailure));
-    EXPECT_EQ(world.form.State().loaded, failingCall != 0);
+    EXPECT_EQ(world.form.IsLoaded(), failingCall != 0);
     // A second request closes it.
     world.form.ToolClicked(FormTool::Exit);
     EXPECT_EQ(world.log.Count("unload"), 1u);

@@ -239,7 +239,7 @@ TEST_F(FormCommands, ExitStaysAfterARefusedSave) {
   questions.WillAnswer({true});
   form.ToolClicked(FormTool::Exit);
   EXPECT_EQ(log.Count("unload"), 0u);
-  EXPECT_TRUE(form.State().loaded);
+  EXPECT_TRUE(form.IsLoaded());
   EXPECT_EQ(log.Count("focus ItemClassName"), 1u);
 }
 
@@ -269,7 +269,7 @@ TEST_F(FormCommands, ExitStaysWhenTheSaveFails) {
   world.OpenForEdit();
   world.questions.WillAnswer({true});
   EXPECT_EQ(ErrorOf([&] { world.form.ToolClicked(FormTool::Exit); }), -2147217900);
-  EXPECT_TRUE(world.form.State().loaded);
+  EXPECT_TRUE(world.form.IsLoaded());
 }
 
 TEST_F(FormCommands, ExitAfterASaveAsksNothing) {

@@ -292,7 +292,7 @@ TEST_F(ItemClassFormTest, FailsToLoadAnEmptyListForEditing) {
 TEST_F(ItemClassFormTest, FailsToLoadWithoutAList) {
   form.SetMode(kAddMode);
   EXPECT_EQ(ErrorOf([&] { form.Load(); }), NumberOf(ErrorNumber::ObjectNotSet));
-  EXPECT_FALSE(form.State().loaded);
+  EXPECT_FALSE(form.IsLoaded());
 }
 
 TEST(ItemClassFormFailures, UnloadAFormThatCannotBeLoaded) {
@@ -307,11 +307,11 @@ TEST(ItemClassFormFailures, UnloadAFormThatCannotBeLoaded) {
     // Without a properties string the language is the built-in one; that is not an error.
     if (failingCall == 0 || failingCall <= 2) {
       EXPECT_EQ(error, std::nullopt);
-      EXPECT_TRUE(world.form.State().loaded);
+      EXPECT_TRUE(world.form.IsLoaded());
       world.form.Unload();
     } else {
       EXPECT_EQ(error, kInjectedFailure);
-      EXPECT_FALSE(world.form.State().loaded);
+      EXPECT_FALSE(world.form.IsLoaded());
     }
     EXPECT_EQ(world.log.Count("unload"), 1u);
     EXPECT_EQ(world.factory.LiveObjects(), 0);

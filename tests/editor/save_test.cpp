@@ -67,7 +67,7 @@ TEST_F(Save, MayBeFollowedByTheEndOfTheForm) {
   form.OnSaved([this](bool, std::u16string_view) { form.Unload(); });
   form.ToolClicked(FormTool::Save);
   EXPECT_EQ(log.Count("unload"), 1u);
-  EXPECT_FALSE(form.State().loaded);
+  EXPECT_FALSE(form.IsLoaded());
 }
 
 TEST_F(Save, WritesTheWholeClassInOneText) {

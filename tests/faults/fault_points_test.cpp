@@ -103,7 +103,7 @@ class FaultPoints : public ::testing::TestWithParam<Operation> {
   static void StillWorks(FaultWorld& world) {
     world.questions.ForgetAnswers();
     world.editor.whileShown = {};
-    EXPECT_FALSE(world.editor.Shown().State().loaded);
+    EXPECT_FALSE(world.editor.Shown().IsLoaded());
     StillPrints(world);
     world.control->CommandChosen(pricedown::testing::Button(u"sp2"));
     world.control->Terminate();

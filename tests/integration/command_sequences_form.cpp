@@ -177,7 +177,7 @@ void CommandSequences::StartNewClass() {
 }
 
 void CommandSequences::WorkInForm() {
-  for (int step = Roll(12); step > 0 && editor.Shown().State().loaded; --step) {
+  for (int step = Roll(12); step > 0 && editor.Shown().IsLoaded(); --step) {
     switch (Roll(8)) {
       case 0:
       case 1:
@@ -223,7 +223,7 @@ void CommandSequences::WorkInForm() {
   questions.WillAnswer({false});
   editor.Click(FormTool::Exit);
   questions.ForgetAnswers();
-  EXPECT_FALSE(editor.Shown().State().loaded);
+  EXPECT_FALSE(editor.Shown().IsLoaded());
 }
 
 void CommandSequences::ExpectForm() {

@@ -48,7 +48,7 @@ class FailingCalls : public ControlOnCompany {
     recorder->FailCall(0);
     if (!failed_) return;
     ++failures_;
-    ASSERT_TRUE(editor.Shown().State().loaded);
+    ASSERT_TRUE(editor.Shown().IsLoaded());
     afterFailure_ = Classes();
     again();
   }
@@ -195,7 +195,7 @@ TEST_F(FailingCalls, KeepTheFormOpenWhenTheSaveBeforeClosingFails) {
           editor.Click(FormTool::Save);
           editor.Click(FormTool::Exit);
         });
-    EXPECT_FALSE(editor.Shown().State().loaded);
+    EXPECT_FALSE(editor.Shown().IsLoaded());
     EXPECT_EQ(Classes().find("原材料"), std::string::npos);
   });
   EXPECT_GT(failures_, 40);

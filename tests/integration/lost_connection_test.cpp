@@ -109,7 +109,7 @@ TEST_F(LostConnection, KeepsWhatWasTypedAndSavesItWhenTheServerIsBack) {
     Command(u"Edit", [&] {
       Type(FormField::ClassName, u"材料");
       if (Try([&] { editor.Click(FormTool::Save); })) {
-        ASSERT_TRUE(editor.Shown().State().loaded);
+        ASSERT_TRUE(editor.Shown().IsLoaded());
         EXPECT_EQ(pricedown::ToUtf8(editor.view.Text(FormField::ClassName)), "材料");
         EXPECT_TRUE(Classes() == std::string(kA1) + kB1 || Classes() == std::string(kEdited) + kB1);
         editor.Click(FormTool::Save);

@@ -165,7 +165,7 @@ class MeetingPrograms : public ControlOnCompany {
     for (const std::string& code : editor.list.Codes()) report_ << code.substr(3) << ' ';
     report_ << '\n';
     editor.Click(FormTool::Save);
-    if (editor.Shown().State().loaded) editor.Click(FormTool::Exit);
+    if (editor.Shown().IsLoaded()) editor.Click(FormTool::Exit);
   }
 
   std::mt19937 random_;

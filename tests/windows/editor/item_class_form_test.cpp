@@ -269,7 +269,7 @@ TEST_F(ItemClassFormWindow, DisablesTheOwnerAndReturnsItsFocus) {
 TEST_F(ItemClassFormWindow, EndsWithItsOwner) {
   ShowForAdd({[&] { DestroyWindow(host.Handle()); }});
   EXPECT_FALSE(dialog.IsShown());
-  EXPECT_FALSE(dialog.Form().State().loaded);
+  EXPECT_FALSE(dialog.Form().IsLoaded());
 }
 
 TEST_F(ItemClassFormWindow, EndsWithItsOwnerWhileAQuestionIsAsked) {
@@ -277,7 +277,7 @@ TEST_F(ItemClassFormWindow, EndsWithItsOwnerWhileAQuestionIsAsked) {
   ShowForEdit(u"A1", {[&] { TypeInto(form_ids::kClassName, u"改了"); },
                       [&] { PostMessageW(Form(), WM_COMMAND, IDCANCEL, 0); },
                       [&] { DestroyWindow(host.Handle()); }});
-  EXPECT_FALSE(dialog.Form().State().loaded);
+  EXPECT_FALSE(dialog.Form().IsLoaded());
   EXPECT_EQ(boxes.All().size(), 1u);
   EXPECT_NE(Classes().find("原材料"), std::string::npos);
 }
