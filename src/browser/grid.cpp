@@ -1,7 +1,8 @@
+// The cells' texts in one arena, and their numbers and locks by column.
 #include "browser/grid.h"
 
 #include <algorithm>
-#include <stdexcept>
+#include <new>
 #include <utility>
 
 namespace pricedown {
@@ -15,7 +16,7 @@ void Grid::SetMaxRows(std::int32_t rows) {
   rows = std::max(rows, 0);
   const auto columns = static_cast<std::size_t>(maxColumns_);
   if (static_cast<std::size_t>(rows) > cells_.max_size() / columns) {
-    throw std::length_error("too many rows");
+    throw std::bad_alloc();
   }
   cells_.resize(static_cast<std::size_t>(rows) * columns);
   if (rows == 0) {

@@ -58,7 +58,7 @@ class Grid {
   std::int32_t MaxRows() const { return maxRows_; }
   std::int32_t MaxColumns() const { return maxColumns_; }
   // Removed rows lose their contents; 0 and less empties and unlocks the grid. Throws
-  // std::length_error or std::bad_alloc when there is no memory for so many; nothing changes then.
+  // std::bad_alloc when there is no memory for so many; nothing changes then.
   void SetMaxRows(std::int32_t rows);
 
   // Cells outside the grid have no text, and setting them is ignored. Row 0 holds the titles.

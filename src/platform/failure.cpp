@@ -3,7 +3,6 @@
 
 #include <exception>
 #include <new>
-#include <stdexcept>
 
 #include "platform/error.h"
 #include "platform/text.h"
@@ -28,8 +27,6 @@ void Describe(Failure& failure) {
     failure.description = error.Description();
     failure.source = error.Source();
   } catch (const std::bad_alloc&) {
-    Set(failure, ErrorNumber::OutOfMemory, kNoMemory);
-  } catch (const std::length_error&) {
     Set(failure, ErrorNumber::OutOfMemory, kNoMemory);
   } catch (const std::exception& error) {
     Set(failure, ErrorNumber::Unspecified, kUnexpected);

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <iterator>
 #include <string>
 #include <system_error>
@@ -40,57 +41,43 @@ struct Prefix {
   bool overflow = false;
 };
 
-// `plain` is [digits][.digits][e[sign]digits] with at least one digit before any exponent.
-Prefix NumberOf(const std::string& plain, std::size_t length) {
-  Prefix prefix{length};
-  const char* const end = plain.data() + plain.size();
-  const std::errc error = std::from_chars(plain.data(), end, prefix.number).ec;
-  if (error == std::errc() && std::isfinite(prefix.number)) return prefix;
-
-  // Very small numbers, which are 0, are out of range as well. The place of the first digit
-  // distinguishes the two: the exponent is far beyond any length of digits that matters.
-  prefix.number = 0;
-  const std::size_t exponent = plain.find('e');
-  const std::size_t digit = plain.find_first_of("123456789");
-  const std::size_t point = std::min(plain.find('.'), std::min(exponent, plain.size()));
-  const double places = static_cast<double>(point) - static_cast<double>(digit);
-  double shift = 0;
-  for (std::size_t index = exponent; index < plain.size(); ++index) {
-    if (IsDigit(static_cast<char16_t>(plain[index]))) shift = shift * 10 + (plain[index] - '0');
-  }
-  if (exponent < plain.size() && plain[exponent + 1] == '-') shift = -shift;
-  prefix.overflow = places + shift > 0;
-  return prefix;
-}
-
-// An unsigned decimal number.
+// An unsigned decimal number: [digits][.digits][e[sign]digits] with a digit before any exponent.
 Prefix ScanDecimal(std::u16string_view text) {
   std::string plain;
   std::size_t next = 0;
   const auto at = [text](std::size_t index) { return index < text.size() ? text[index] : u'\0'; };
-  const auto consumeDigits = [&] {
+  const auto appendDigits = [&] {
     const std::size_t first = next;
     while (IsDigit(at(next))) plain.push_back(static_cast<char>(at(next++)));
-    return next > first;
+    return next - first;
   };
 
-  bool hasDigits = consumeDigits();
+  appendDigits();
+  std::size_t decimals = 0;
   if (at(next) == u'.') {
-    plain.push_back('.');
     ++next;
-    hasDigits = consumeDigits() || hasDigits;
+    decimals = appendDigits();
   }
-  if (!hasDigits) return {};
+  if (plain.empty()) return {};
 
+  double exponent = 0;
   if (IsOneOf(at(next), u"eEdD")) {
     const std::size_t digits = next + (IsSign(at(next + 1)) ? 2 : 1);
     if (IsDigit(at(digits))) {
-      plain += at(next + 1) == u'-' ? "e-" : "e";
-      next = digits;
-      consumeDigits();
+      const bool negative = at(next + 1) == u'-';
+      for (next = digits; IsDigit(at(next)); ++next) exponent = exponent * 10 + (at(next) - u'0');
+      if (negative) exponent = -exponent;
     }
   }
-  return NumberOf(plain, next);
+  // Without a point, which the host may have replaced for the process. Not std::from_chars, whose
+  // code is a thirtieth of the DLL.
+  constexpr double kFarBeyond = 1e9;
+  plain += 'e';
+  exponent = std::clamp(exponent - static_cast<double>(decimals), -kFarBeyond, kFarBeyond);
+  plain += std::to_string(static_cast<std::int32_t>(exponent));
+  const double number = std::strtod(plain.c_str(), nullptr);
+  if (std::isinf(number)) return {next, 0, true};
+  return {next, number};
 }
 
 struct Based {
