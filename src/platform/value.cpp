@@ -1,4 +1,4 @@
-// The access to the alternatives of a value.
+// The making of values, and the access to their alternatives.
 #include "platform/value.h"
 
 #include "platform/error.h"
@@ -10,6 +10,19 @@ const T& Value::As() const {
   if (const T* content = std::get_if<T>(&storage_)) return *content;
   throw AutomationError(ErrorNumber::TypeMismatch, u"类型不匹配");
 }
+
+Value::Value(std::u16string text) : storage_(StoredText{std::move(text)}) {}
+Value::Value(std::u16string_view text) : storage_(StoredText{std::u16string(text)}) {}
+Value::Value(const char16_t* text) : storage_(StoredText{std::u16string(text)}) {}
+Value::Value(std::vector<Value> list)
+    : storage_(ValueListPtr(std::make_shared<const std::vector<Value>>(std::move(list)))) {}
+
+Value::Value(const Value& other) = default;
+Value::Value(Value&& other) noexcept = default;
+Value& Value::operator=(const Value& other) = default;
+Value& Value::operator=(Value&& other) noexcept = default;
+Value::~Value() = default;
+bool Value::operator==(const Value& other) const = default;
 
 Value Value::ByReference(Value& target) {
   Value reference;

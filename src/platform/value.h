@@ -71,18 +71,24 @@ class Value {
   Value(std::int32_t number) : storage_(number) {}
   Value(double number) : storage_(number) {}
   Value(Date date) : storage_(date) {}
-  Value(std::u16string text) : storage_(StoredText{std::move(text)}) {}
-  Value(std::u16string_view text) : storage_(StoredText{std::u16string(text)}) {}
-  Value(const char16_t* text) : storage_(StoredText{std::u16string(text)}) {}
+  Value(std::u16string text);
+  Value(std::u16string_view text);
+  Value(const char16_t* text);
   // A null pointer is the object "nothing".
   Value(ObjectPtr object) : storage_(std::move(object)) {}
   Value(std::nullptr_t) : storage_(ObjectPtr()) {}
   Value(CellBlockPtr block) : storage_(std::move(block)) {}
-  Value(std::vector<Value> list)
-      : storage_(ValueListPtr(std::make_shared<const std::vector<Value>>(std::move(list)))) {}
+  Value(std::vector<Value> list);
   Value(BlockRow row) : storage_(std::move(row)) {}
   // Without this an unrelated pointer would silently become a boolean.
   Value(const void*) = delete;
+
+  // Each of them distinguishes all alternatives: compiled once, and not where a value is used.
+  Value(const Value& other);
+  Value(Value&& other) noexcept;
+  Value& operator=(const Value& other);
+  Value& operator=(Value&& other) noexcept;
+  ~Value();
 
   // An argument by reference: what the callee sets is written to `target`, which must outlive the
   // call.
@@ -110,7 +116,7 @@ class Value {
   const Value& Resolved() const;
 
   // Same kind and same content; objects, blocks, lists and references by identity.
-  bool operator==(const Value&) const = default;
+  bool operator==(const Value& other) const;
 
  private:
   // std::variant of g++ 12 assumes that copying strings and shared pointers cannot fail halfway,
