@@ -23,6 +23,15 @@ function(find_resources result)
   set(${result} ${scripts} PARENT_SCOPE)
 endfunction()
 
+# optimize_for_size(): the targets of the calling CMakeLists.txt and of those below it are for Windows
+# optimized for size. For code that waits for the user or the suite.
+macro(optimize_for_size)
+  if(WIN32)
+    add_compile_options(-Os)
+    set(precompiled_kind core_for_size)
+  endif()
+endmacro()
+
 # add_component(TARGET [FOLDERS folder...] INCLUDE_ROOT dir [LINK target...])
 function(add_component target)
   cmake_parse_arguments(PARSE_ARGV 1 component "" "INCLUDE_ROOT" "FOLDERS;LINK")

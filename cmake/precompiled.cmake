@@ -1,10 +1,11 @@
 # precompile(TARGET): the system's headers are parsed once for all targets of a kind, which halves
 # the time of a Windows build. A directory chooses by setting `precompiled_kind`: core (without it),
-# windows or tests. Off in the preset `linux`, which shows when a file lacks an include.
+# core_for_size, windows or tests. Off in the preset `linux`, which shows when a file lacks an include.
 
 set(precompiled_core
   <algorithm> <array> <cstdint> <functional> <memory> <optional> <span> <string> <string_view>
   <utility> <variant> <vector>)
+set(precompiled_core_for_size ${precompiled_core})
 set(precompiled_windows
   <windows.h> <ole2.h> <oleauto.h> <ocidl.h> <olectl.h> <commctrl.h> ${precompiled_core})
 set(precompiled_tests <gtest/gtest.h> <gmock/gmock.h> ${precompiled_core})
