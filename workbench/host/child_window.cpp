@@ -6,6 +6,7 @@
 #include "platform/convert.h"
 #include "platform/error.h"
 #include "platform/skip.h"
+#include "windows/base/plain_control.h"
 #include "windows/com/com_object.h"
 #include "windows/com/wide_text.h"
 #include "workbench/host/atl_container.h"
@@ -100,10 +101,7 @@ void ChildWindow::ShowControl() {
 }
 
 std::wstring ChildWindow::Caption() const {
-  std::wstring caption(static_cast<std::size_t>(GetWindowTextLengthW(window_)) + 1, L'\0');
-  caption.resize(static_cast<std::size_t>(
-      GetWindowTextW(window_, caption.data(), static_cast<int>(caption.size()))));
-  return caption;
+  return pricedown::windows::ToWide(pricedown::windows::TextOf(window_));
 }
 
 HWND ChildWindow::ControlHandle() const {

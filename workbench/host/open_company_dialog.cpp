@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "platform/text.h"
+#include "windows/base/plain_control.h"
 #include "windows/com/failure.h"
 #include "windows/com/wide_text.h"
 #include "workbench/company/location.h"
@@ -22,10 +23,7 @@ std::string Utf8(const std::wstring& text) { return pricedown::ToUtf8(FromWide(t
 std::wstring Wide(const std::string& text) { return ToWide(pricedown::FromUtf8(text)); }
 
 std::wstring TextOf(HWND dialog, int control) {
-  const HWND window = GetDlgItem(dialog, control);
-  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)), L'\0');
-  GetWindowTextW(window, text.data(), static_cast<int>(text.size()) + 1);
-  return text;
+  return ToWide(pricedown::windows::TextOf(GetDlgItem(dialog, control)));
 }
 
 class Page {

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "windows/base/plain_control.h"
 #include "windows/print/preview_ids.h"
 #include "workbench/host/tour.h"
 #include "workbench/host/tour_input.h"
@@ -35,10 +36,9 @@ void PressDocument(int position) {
 void PressView(int position) { PressButton(PreviewChild(preview_ids::kViewBar), position - 1); }
 
 // Throws unless the preview shows that page number.
-void ExpectPage(const wchar_t* number) {
-  wchar_t shown[16] = {};
-  GetWindowTextW(PreviewChild(preview_ids::kPage), shown, 16);
-  Require(std::wstring_view(shown) == number, u"预览显示的是另一页。");
+void ExpectPage(std::u16string_view number) {
+  Require(pricedown::windows::TextOf(PreviewChild(preview_ids::kPage)) == number,
+          u"预览显示的是另一页。");
 }
 
 }  // namespace
@@ -47,11 +47,11 @@ void Tour::AddPrinting() {
   steps_.push_back({nullptr, [this] { frame_.OpenChild(kItemClassesCaption); }});
   steps_.push_back({nullptr, [this] { SelectClass(5); }});
   steps_.push_back({nullptr, [this] { PressStrip(kPreview); }});
-  steps_.push_back({L"34-preview", [] { ExpectPage(L"1"); }});
+  steps_.push_back({L"34-preview", [] { ExpectPage(u"1"); }});
   steps_.push_back({L"35-preview-page-width", [] { PressView(kFitWidth); }});
   steps_.push_back({nullptr, [] { PressDocument(kNextPage); }});
   steps_.push_back({L"36-preview-larger", [] {
-                      ExpectPage(L"2");
+                      ExpectPage(u"2");
                       PressView(kZoomIn);
                     }});
   steps_.push_back({nullptr, [] { PressView(kFitPage); }});
@@ -64,7 +64,7 @@ void Tour::AddPrinting() {
                       PostKey(field, VK_RETURN);
                     }});
   steps_.push_back({nullptr, [] {
-                      ExpectPage(L"1");
+                      ExpectPage(u"1");
                       PressView(kClose);
                     }});
   steps_.push_back({L"38-preview-closed", [this] {

@@ -1,5 +1,4 @@
-// Position, filter and editing of the in-memory recordset, with ADO's semantics. Its automation
-// members are in recordset_members.cpp.
+// Position and editing of the in-memory recordset, with ADO's semantics.
 #include "workbench/suite/recordset.h"
 
 #include <algorithm>
@@ -8,88 +7,26 @@
 #include "platform/convert.h"
 #include "platform/error.h"
 #include "platform/text.h"
+#include "workbench/suite/recordset_errors.h"
 
 namespace workbench {
 
 using pricedown::AutomationError;
-using pricedown::CellBlock;
-using pricedown::CellBlockPtr;
-using pricedown::CellView;
 using pricedown::ErrorNumber;
 using pricedown::Value;
 
-namespace {
-
-constexpr std::u16string_view kRecordsetSource = u"ADODB.Recordset";
-// Including the delimiter; to estimate a text's length.
-constexpr std::size_t kUsualCellLength = 16;
-
-[[noreturn]] void ThrowNoCurrentRecord() {
+void ThrowNoCurrentRecord() {
   throw AutomationError(ErrorNumber::NoCurrentRecord,
                         u"BOF 或 EOF 中有一个为“真”，或者当前的记录已被删除，"
                         u"所需的操作要求有一个当前的记录。",
                         std::u16string(kRecordsetSource));
 }
 
-[[noreturn]] void ThrowInvalidArgument() {
+void ThrowInvalidArgument() {
   throw AutomationError(static_cast<std::int32_t>(0x800A0BB9),
                         u"参数类型不正确，或不在可以接受的范围之内，或与其他参数冲突。",
                         std::u16string(kRecordsetSource));
 }
-
-// Rows of a store selected by GetRows, without copying texts. Keeps the recordset alive; clients of
-// GetRows read it before the recordset changes.
-class PickedRows : public CellBlock {
- public:
-  PickedRows(std::shared_ptr<Recordset> owner, std::vector<std::size_t> columns,
-             std::vector<std::size_t> rows)
-      : owner_(std::move(owner)), columns_(std::move(columns)), rows_(std::move(rows)) {}
-
-  std::size_t ColumnCount() const override { return columns_.size(); }
-  std::size_t RowCount() const override { return rows_.size(); }
-  CellView Cell(std::size_t column, std::size_t row) const override {
-    return owner_->Rows().View(rows_[row], columns_[column]);
-  }
-  Value CellValue(std::size_t column, std::size_t row) const override {
-    return owner_->Rows().Get(rows_[row], columns_[column]);
-  }
-
- private:
-  std::shared_ptr<Recordset> owner_;
-  std::vector<std::size_t> columns_;
-  std::vector<std::size_t> rows_;
-};
-
-std::u16string FilterKey(const Value& value) {
-  return value.IsNothing() ? std::u16string() : pricedown::UpperCase(pricedown::ToText(value));
-}
-
-struct Comparison {
-  std::u16string_view name;
-  std::u16string value;
-};
-
-// name = 'value' with '' for a quote inside the value.
-std::optional<Comparison> ParseComparison(std::u16string_view text) {
-  const auto equals = text.find(u'=');
-  if (equals == std::u16string_view::npos) return std::nullopt;
-  Comparison comparison;
-  comparison.name = pricedown::Trim(text.substr(0, equals));
-  std::u16string_view rest = pricedown::Trim(text.substr(equals + 1));
-  if (comparison.name.empty() || rest.size() < 2 || rest.front() != u'\'') return std::nullopt;
-  std::size_t at = 1;
-  while (at < rest.size()) {
-    if (rest[at] == u'\'') {
-      if (at + 1 == rest.size()) return comparison;
-      if (rest[at + 1] != u'\'') return std::nullopt;
-      ++at;
-    }
-    comparison.value += rest[at++];
-  }
-  return std::nullopt;
-}
-
-}  // namespace
 
 Recordset::Recordset() : rows_(std::make_unique<EditableRows>()) {}
 
@@ -123,41 +60,6 @@ void Recordset::Close() {
   open_ = false;
   filterText_.clear();
   filterColumn_.reset();
-}
-
-const std::vector<std::size_t>* Recordset::Matching() const {
-  const auto found = index_.find(filterValue_);
-  return found == index_.end() ? nullptr : &found->second;
-}
-
-bool Recordset::Passes(std::size_t row) const { return rows_->IsLive(row); }
-
-std::optional<std::size_t> Recordset::NextFrom(std::size_t row) const {
-  if (filterColumn_) {
-    const auto* matching = Matching();
-    if (matching == nullptr) return std::nullopt;
-    auto at = std::lower_bound(matching->begin(), matching->end(), row);
-    while (at != matching->end() && !Passes(*at)) ++at;
-    return at == matching->end() ? std::nullopt : std::optional(*at);
-  }
-  while (row < rows_->RowCount() && !Passes(row)) ++row;
-  return row < rows_->RowCount() ? std::optional(row) : std::nullopt;
-}
-
-std::optional<std::size_t> Recordset::PreviousFrom(std::size_t end) const {
-  if (filterColumn_) {
-    const auto* matching = Matching();
-    if (matching == nullptr) return std::nullopt;
-    auto at = std::lower_bound(matching->begin(), matching->end(), end);
-    while (at != matching->begin()) {
-      if (Passes(*--at)) return *at;
-    }
-    return std::nullopt;
-  }
-  while (end > 0) {
-    if (Passes(--end)) return end;
-  }
-  return std::nullopt;
 }
 
 std::int32_t Recordset::RecordCount() {
@@ -270,82 +172,6 @@ void Recordset::Delete() {
   added_.reset();
 }
 
-void Recordset::SetFilter(std::u16string_view filter) {
-  RequireOpen();
-  if (added_) Update();
-  filterColumn_.reset();
-  if (!pricedown::Trim(filter).empty()) {
-    const auto comparison = ParseComparison(filter);
-    if (!comparison) {
-      ThrowInvalidArgument();
-    }
-    const std::size_t column = ColumnOf(Value(std::u16string(comparison->name)));
-    if (indexColumn_ != column) BuildFilterIndex(column);
-    filterColumn_ = column;
-    filterValue_ = pricedown::UpperCase(comparison->value);
-  }
-  filterText_ = filter;
-  const auto first = NextFrom(0);
-  position_ = first ? Position::Row : Position::End;
-  if (first) row_ = *first;
-}
-
-void Recordset::BuildFilterIndex(std::size_t column) {
-  index_.clear();
-  for (std::size_t row = 0; row < rows_->RowCount(); ++row) {
-    if (rows_->IsLive(row)) index_[FilterKey(rows_->Get(row, column))].push_back(row);
-  }
-  indexColumn_ = column;
-}
-
-std::vector<std::size_t> Recordset::NextRows(std::int32_t count) {
-  RequireOpen();
-  if (position_ != Position::Row) ThrowNoCurrentRecord();
-  if (added_) Update();
-  std::vector<std::size_t> picked;
-  std::optional<std::size_t> row = NextFrom(row_);
-  while (row && (count < 0 || picked.size() < static_cast<std::size_t>(count))) {
-    picked.push_back(*row);
-    row = NextFrom(*row + 1);
-  }
-  position_ = row ? Position::Row : Position::End;
-  if (row) row_ = *row;
-  return picked;
-}
-
-CellBlockPtr Recordset::GetRows(std::int32_t count, const std::vector<std::size_t>& columns) {
-  return std::make_shared<PickedRows>(shared_from_this(), columns, NextRows(count));
-}
-
-std::u16string Recordset::GetString(std::int32_t count, const ClipFormat& format) {
-  const std::size_t columns = rows_->Fields().size();
-  const std::vector<std::size_t> rows = NextRows(count);
-  std::u16string text;
-  text.reserve(rows.size() * columns * kUsualCellLength);
-  for (const std::size_t row : rows) {
-    for (std::size_t column = 0; column < columns; ++column) {
-      if (column > 0) text += format.columnDelimiter;
-      const CellView cell = rows_->View(row, column);
-      switch (cell.kind) {
-        case CellView::Kind::Null:
-          text += format.nullText;
-          break;
-        case CellView::Kind::Text:
-          text += cell.text;
-          break;
-        case CellView::Kind::Number:
-          text += pricedown::NumberText(cell.number);
-          break;
-        case CellView::Kind::Other:
-          text += pricedown::ToText(rows_->Get(row, column));
-          break;
-      }
-    }
-    text += format.rowDelimiter;
-  }
-  return text;
-}
-
 std::int32_t Recordset::AbsolutePosition() {
   if (RecordCount() == 0) return -1;
   if (position_ != Position::Row) return position_ == Position::Beginning ? -2 : -3;
@@ -412,12 +238,6 @@ std::size_t Recordset::CurrentRow() const {
   RequireOpen();
   if (position_ != Position::Row || !rows_->IsLive(row_)) ThrowNoCurrentRecord();
   return row_;
-}
-
-void Recordset::NoteWritten(std::size_t column) {
-  if (indexColumn_ != column) return;
-  indexColumn_.reset();
-  if (filterColumn_ == column && !added_) BuildFilterIndex(column);
 }
 
 }  // namespace workbench

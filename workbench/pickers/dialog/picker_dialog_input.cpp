@@ -4,6 +4,7 @@
 #include <chrono>
 #include <string>
 
+#include "windows/base/plain_control.h"
 #include "windows/com/wide_text.h"
 #include "workbench/pickers/dialog/picker_dialog.h"
 #include "workbench/pickers/picker_ids.h"
@@ -193,11 +194,7 @@ bool PickerDialog::OnListKey(UINT message, WPARAM wParam) {
 }
 
 void PickerDialog::ReadSearchText() {
-  const HWND search = Control(ids::kSearch);
-  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(search)) + 1, L'\0');
-  const int length = GetWindowTextW(search, text.data(), static_cast<int>(text.size()));
-  text.resize(static_cast<std::size_t>(length));
-  picking_.List().Search(pricedown::windows::FromWide(text));
+  picking_.List().Search(pricedown::windows::TextOf(Control(ids::kSearch)));
   textChanged_ = false;
 }
 
