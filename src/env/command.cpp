@@ -62,6 +62,17 @@ std::size_t ButtonsThatFit(std::span<const std::int32_t> rightEdges, std::int32_
   return static_cast<std::size_t>(end - rightEdges.begin());
 }
 
+std::vector<HiddenButton> HiddenButtons(std::span<const Command* const> buttons,
+                                        std::size_t shown) {
+  std::vector<HiddenButton> hidden;
+  bool beginsGroup = false;
+  for (const Command* button : buttons.subspan(shown)) {
+    if (!button->separator) hidden.push_back({button, beginsGroup && !hidden.empty()});
+    beginsGroup = button->separator;
+  }
+  return hidden;
+}
+
 std::u16string ShortcutText(const KeyPress& press) {
   if (press.key == Key::None) return {};
   return Concatenate({press.control ? u"Ctrl+" : u"", press.alt ? u"Alt+" : u"",

@@ -40,6 +40,15 @@ std::vector<const Command*> RowsOf(const Rows& rows) {
 std::size_t ButtonsThatFit(std::span<const std::int32_t> rightEdges, std::int32_t width,
                            std::int32_t arrowWidth);
 
+// A button as a line of the menu behind the arrow.
+struct HiddenButton {
+  const Command* command;
+  bool beginsGroup;  // below a separator
+};
+
+// The buttons from position `shown` on, counted from 0. The first one begins no group.
+std::vector<HiddenButton> HiddenButtons(std::span<const Command* const> buttons, std::size_t shown);
+
 // How a key is written for the user: "Ctrl+P"; empty for Key::None.
 std::u16string ShortcutText(const KeyPress& press);
 

@@ -17,6 +17,12 @@ struct Rectangle {
   bool operator==(const Rectangle&) const = default;
 };
 
+// The middle of `area`, at most `height` high.
+constexpr Rectangle MiddleOf(const Rectangle& area, std::int32_t height) {
+  const std::int32_t rest = area.height > height ? area.height - height : 0;
+  return {area.left, area.top + rest / 2, area.width, area.height - rest};
+}
+
 struct Size {
   std::int32_t width = 0;
   std::int32_t height = 0;

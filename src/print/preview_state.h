@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "platform/geometry.h"
 #include "print/paper.h"
 #include "print/preview_commands.h"
 
@@ -20,7 +21,7 @@ inline constexpr std::array<double, 10> kPreviewSizes{25,  50,  75,  100, 125,
 struct PreviewArea {
   std::int32_t width = 0;
   std::int32_t height = 0;
-  std::int32_t dotsPerInch = 96;
+  std::int32_t dotsPerInch = kDesignDotsPerInch;
 };
 
 class PreviewState {

@@ -6,8 +6,8 @@
 namespace pricedown {
 
 PrintOrder::PrintOrder(const PrintChoice& choice, std::int32_t pageCount)
-    : first_(std::max(choice.first, 1)),
-      pages_(std::max(std::min(choice.last, pageCount) - first_ + 1, 0)),
+    : first_(std::max(std::min(choice.first, choice.last), 1)),
+      pages_(std::max(std::min(std::max(choice.first, choice.last), pageCount) - first_ + 1, 0)),
       copies_(std::max(choice.copies, 1)),
       collated_(choice.collated) {}
 

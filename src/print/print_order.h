@@ -8,11 +8,11 @@ namespace pricedown {
 
 // What the user chose in the print dialog; all pages by default.
 struct PrintChoice {
-  // Pages from 1, both included.
+  // Pages from 1, both included, in either order.
   std::int32_t first = 1;
   std::int32_t last = std::numeric_limits<std::int32_t>::max();
-  std::int32_t copies = 1;
-  bool collated = true;  // whole copies one after the other
+  std::int32_t copies = 1;  // 0 and less is one
+  bool collated = true;     // whole copies one after the other
 };
 
 class PrintOrder {

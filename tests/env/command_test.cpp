@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
 #include <vector>
 
 #include "tests/support/utf8.h"
@@ -47,6 +48,26 @@ TEST(Tooltip, EndsWithTheFirstShortcut) {
 
 TEST(Tooltip, IsMissingWhereTheCommandHasNone) {
   EXPECT_EQ(Utf8(TooltipOf({.key = u"Add", .keys = {KeyPress{Key::Insert}}})), "");
+}
+
+TEST(HiddenButtons, AreLinesOfAMenuWhoseGroupsFollowTheSeparators) {
+  const Command add{.key = u"Add"};
+  const Command gap{.separator = true};
+  const Command print{.key = u"Print"};
+  const Command exit{.key = u"Exit"};
+  const std::vector<const Command*> buttons{&add, &gap, &print, &exit, &gap, &add};
+  const auto keys = [&buttons](std::size_t shown) {
+    std::string text;
+    for (const auto& [command, beginsGroup] : HiddenButtons(buttons, shown)) {
+      text += (beginsGroup ? "| " : "") + Utf8(command->key) + " ";
+    }
+    return text;
+  };
+  EXPECT_EQ(keys(0), "Add | Print Exit | Add ");
+  // No line stands above the first separator.
+  EXPECT_EQ(keys(1), "Print Exit | Add ");
+  EXPECT_EQ(keys(3), "Exit | Add ");
+  EXPECT_EQ(keys(6), "");
 }
 
 TEST(ButtonsThatFit, AreAllOrLeaveRoomForTheArrow) {

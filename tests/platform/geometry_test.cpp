@@ -22,5 +22,12 @@ TEST(Geometry, KnowsEdgesAndEmptiness) {
   EXPECT_TRUE((Rectangle{0, 0, 5, -1}.IsEmpty()));
 }
 
+TEST(Geometry, CentresARowInItsArea) {
+  constexpr Rectangle area{10, 20, 30, 41};
+  EXPECT_EQ(MiddleOf(area, 30), (Rectangle{10, 25, 30, 30}));
+  EXPECT_EQ(MiddleOf(area, 41), area);
+  EXPECT_EQ(MiddleOf(area, 99), area);
+}
+
 }  // namespace
 }  // namespace pricedown::testing

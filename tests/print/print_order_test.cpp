@@ -26,8 +26,14 @@ TEST(PrintOrder, CollatesCopiesOrRepeatsEachPage) {
 TEST(PrintOrder, LeavesOutPagesThatDoNotExist) {
   EXPECT_EQ(Sheets({0, 2, 1, true}, 3), "1 2 ");
   EXPECT_EQ(Sheets({4, 9, 2, true}, 3), "");
-  EXPECT_EQ(Sheets({1, 1, 0, true}, 3), "1 ");
 }
+
+TEST(PrintOrder, AcceptsTheEndsOfTheRangeInEitherOrder) {
+  EXPECT_EQ(Sheets({3, 2, 1, true}, 9), "2 3 ");
+  EXPECT_EQ(Sheets({9, 2, 1, true}, 3), "2 3 ");
+}
+
+TEST(PrintOrder, MakesOneCopyAtLeast) { EXPECT_EQ(Sheets({1, 1, 0, true}, 3), "1 "); }
 
 TEST(PrintOrder, IncludesAllPagesByDefault) { EXPECT_EQ(Sheets({}, 3), "1 2 3 "); }
 

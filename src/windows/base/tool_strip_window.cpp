@@ -1,4 +1,4 @@
-// The tool bar. Its keyboard is handled here, because tool bars of older systems have none.
+// Creation, buttons, sizes and messages of the tool bar.
 #include "windows/base/tool_strip_window.h"
 
 #include <algorithm>
@@ -8,7 +8,6 @@
 
 #include "env/translation.h"
 #include "platform/icon_ids.h"
-#include "windows/base/context_menu.h"
 #include "windows/base/control_ids.h"
 #include "windows/base/fonts.h"
 #include "windows/base/keyboard.h"
@@ -24,10 +23,6 @@ constexpr int kButtonMargin = 6;  // left and right of picture and caption
 constexpr int kPictureGap = 6;    // between the two
 // What tool bars leave above and below a picture together, at every resolution.
 constexpr int kHeightMargin = 6;
-constexpr int kNoButton = -1;
-constexpr std::u16string_view kMoreText = u"更多";
-
-int IdAt(std::size_t position) { return control_ids::kFirstButton + static_cast<int>(position); }
 
 }  // namespace
 
@@ -99,28 +94,6 @@ void ToolStripWindow::AddButtons() {
   shown_ = buttons_.size();
 }
 
-// The arrow exists only while buttons are hidden.
-void ToolStripWindow::ShowMore(bool show) {
-  const LRESULT last = SendMessageW(Handle(), TB_BUTTONCOUNT, 0, 0) - 1;
-  const bool isShown = last == static_cast<LRESULT>(buttons_.size());
-  if (isShown) SendMessageW(Handle(), TB_DELETEBUTTON, static_cast<WPARAM>(last), 0);
-  if (!show) return;
-  const std::wstring name = ToWide(Translate(kMoreText));
-  TBBUTTON more{};
-  more.idCommand = control_ids::kMoreButtons;
-  more.iBitmap = static_cast<int>(Icons().size()) - 1;
-  more.fsState = TBSTATE_ENABLED;
-  more.fsStyle = BTNS_BUTTON;
-  more.iString = reinterpret_cast<INT_PTR>(name.c_str());
-  SendMessageW(Handle(), TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&more));
-  TBBUTTONINFOW info{};
-  info.cbSize = sizeof info;
-  info.dwMask = TBIF_SIZE;
-  info.cx = static_cast<WORD>(MoreWidth());
-  SendMessageW(Handle(), TB_SETBUTTONINFOW, control_ids::kMoreButtons,
-               reinterpret_cast<LPARAM>(&info));
-}
-
 int ToolStripWindow::ButtonHeight() const {
   if (Handle() == nullptr || font_ == nullptr) return 0;
   return std::max(IconSize(dpi_), LineHeight(Handle(), font_)) + kHeightMargin;
@@ -138,20 +111,6 @@ RECT ToolStripWindow::ItemArea(std::size_t position) const {
 
 std::int32_t ToolStripWindow::MoreWidth() const {
   return 2 * dpi_.Scale(kButtonMargin) + IconSize(dpi_);
-}
-
-void ToolStripWindow::FitButtons() {
-  if (Handle() == nullptr || font_ == nullptr) return;
-  RECT client{};
-  GetClientRect(Handle(), &client);
-  const std::size_t shown = ButtonsThatFit(rightEdges_, client.right, MoreWidth());
-  if (shown == shown_) return;
-  shown_ = shown;
-  for (std::size_t position = 1; position <= buttons_.size(); ++position) {
-    SendMessageW(Handle(), TB_HIDEBUTTON, static_cast<WPARAM>(IdAt(position)),
-                 MAKELPARAM(position > shown_ ? TRUE : FALSE, 0));
-  }
-  ShowMore(HasRest());
 }
 
 // As wide as picture and caption need. The system's own sizes differ between its releases and leave
@@ -264,24 +223,9 @@ void ToolStripWindow::OnTooltip(NMTTDISPINFOW& info) const {
   const std::size_t index = info.hdr.idFrom - static_cast<std::size_t>(IdAt(1));
   const bool isMore = info.hdr.idFrom == static_cast<UINT_PTR>(control_ids::kMoreButtons);
   if (!isMore && index >= tooltips_.size()) return;
-  const std::wstring tip = ToWide(isMore ? Translate(kMoreText) : tooltips_[index]);
+  const std::wstring tip = ToWide(isMore ? MoreName() : tooltips_[index]);
   lstrcpynW(info.szText, tip.c_str(), static_cast<int>(std::size(info.szText)));
   info.lpszText = info.szText;
-}
-
-bool ToolStripWindow::CanPress(int index) const {
-  const auto position = static_cast<std::size_t>(index);
-  // The arrow follows the buttons.
-  if (position == buttons_.size()) return HasRest();
-  return position < shown_ && !buttons_[position]->separator && IsEnabled(*buttons_[position]);
-}
-
-int ToolStripWindow::NextButton(int from, int step) const {
-  const int last = static_cast<int>(buttons_.size());
-  for (int index = from + step; index >= 0 && index <= last; index += step) {
-    if (CanPress(index)) return index;
-  }
-  return kNoButton;
 }
 
 // The last step of a message.
@@ -292,77 +236,6 @@ void ToolStripWindow::Press(int index) {
     ChooseFromRest();
   } else {
     events_.CommandChosen(*buttons_[position]);
-  }
-}
-
-void ToolStripWindow::ChooseFromRest() {
-  const HWND window = Handle();
-  const Lifetime strip = WindowLifetime();
-  // Removes the WM_CHAR of the key that pressed the arrow, which the menu would read as a choice.
-  MSG character{};
-  PeekMessageW(&character, window, WM_CHAR, WM_CHAR, PM_REMOVE);
-  // Messages that were sent from other threads ran meanwhile.
-  if (strip.HasEnded()) return;
-  std::vector<const Command*> rest;
-  std::vector<MenuLine> lines;
-  bool beginsGroup = false;
-  for (std::size_t position = shown_; position < buttons_.size(); ++position) {
-    const Command& button = *buttons_[position];
-    if (!button.separator) {
-      rest.push_back(&button);
-      lines.push_back({Caption(button), ShortcutText(button.keys[0]), IsEnabled(button),
-                       beginsGroup && !lines.empty()});
-    }
-    beginsGroup = button.separator;
-  }
-  const RECT arrow = ItemArea(buttons_.size());
-  POINT place{arrow.left, arrow.bottom};
-  ClientToScreen(Handle(), &place);
-  const auto chosen = ChooseFromMenu(Handle(), place, lines);
-  // Messages ran meanwhile, and one of them may have ended the tool strip.
-  if (chosen && !strip.HasEnded()) events_.CommandChosen(*rest[*chosen]);
-}
-
-bool ToolStripWindow::AcceptsFocus() const {
-  return Handle() != nullptr && IsWindowVisible(Handle()) != FALSE &&
-         NextButton(kNoButton, 1) != kNoButton;
-}
-
-int ToolStripWindow::HotButton() const {
-  return static_cast<int>(SendMessageW(Handle(), TB_GETHOTITEM, 0, 0));
-}
-
-void ToolStripWindow::SetHot(int index) {
-  if (index != kNoButton) SendMessageW(Handle(), TB_SETHOTITEM, static_cast<WPARAM>(index), 0);
-}
-
-// Returns whether the key was handled.
-bool ToolStripWindow::OnKeyDown(WPARAM key, bool repeated) {
-  switch (key) {
-    case VK_TAB:
-      events_.TabPressed(GetKeyState(VK_SHIFT) < 0);
-      return true;
-    case VK_LEFT:
-    case VK_UP:
-      SetHot(NextButton(HotButton(), -1));
-      return true;
-    case VK_RIGHT:
-    case VK_DOWN:
-      SetHot(NextButton(HotButton(), 1));
-      return true;
-    case VK_HOME:
-      SetHot(NextButton(kNoButton, 1));
-      return true;
-    case VK_END:
-      SetHot(NextButton(static_cast<int>(buttons_.size()) + 1, -1));
-      return true;
-    case VK_RETURN:
-    case VK_SPACE:
-      // A key that is held down presses once.
-      if (!repeated) Press(HotButton());
-      return true;
-    default:
-      return false;
   }
 }
 

@@ -15,6 +15,7 @@
 
 #include "env/command.h"
 #include "windows/base/bound_window.h"
+#include "windows/base/control_ids.h"
 #include "windows/base/dpi.h"
 #include "windows/base/image_list.h"
 #include "windows/base/tool_strip_events.h"
@@ -58,6 +59,15 @@ class ToolStripWindow final : public BoundWindow {
     const Command* pressed = nullptr;
     bool more = false;  // the arrow was pressed
   };
+
+  static constexpr int kNoButton = -1;
+
+  // The command id of the button at that position, from 1.
+  static int IdAt(std::size_t position) {
+    return control_ids::kFirstButton + static_cast<int>(position);
+  }
+  // Of the arrow, translated.
+  static std::u16string MoreName();
 
   // The row's command id; 0 without a window or button.
   int IdOf(const Command& button) const;

@@ -16,11 +16,11 @@ constexpr std::u16string_view kPrintDialogFails = u"打印对话框无法打开"
 
 PrintChoice ChoiceOf(const PRINTDLGW& dialog) {
   PrintChoice choice;
-  choice.copies = std::max<std::int32_t>(dialog.nCopies, 1);
+  choice.copies = dialog.nCopies;
   choice.collated = (dialog.Flags & PD_COLLATE) != 0;
   if ((dialog.Flags & PD_PAGENUMS) != 0) {
-    choice.first = std::min(dialog.nFromPage, dialog.nToPage);
-    choice.last = std::max(dialog.nFromPage, dialog.nToPage);
+    choice.first = dialog.nFromPage;
+    choice.last = dialog.nToPage;
   }
   return choice;
 }
