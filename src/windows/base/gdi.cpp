@@ -1,5 +1,6 @@
 // Off-screen painting, fills and frames.
 #include "windows/base/gdi.h"
+#include "windows/base/rectangles.h"
 
 #include <uxtheme.h>
 

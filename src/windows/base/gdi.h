@@ -7,8 +7,6 @@
 #include <type_traits>
 #include <utility>
 
-#include "platform/geometry.h"
-
 namespace pricedown::windows {
 
 // Move-only; the handle may be null.
@@ -140,12 +138,5 @@ void FillArea(HDC context, const RECT& area, COLORREF colour);
 void PaintFrame(HDC context, HWND window, const RECT& frame);
 // `share` of 255 of the way from one colour to another.
 COLORREF Blend(COLORREF from, COLORREF to, int share);
-
-inline SIZE ToSize(const Size& size) { return {size.width, size.height}; }
-inline RECT ToRect(const Rectangle& area) {
-  return {area.left, area.top, area.Right(), area.Bottom()};
-}
-inline int WidthOf(const RECT& area) { return area.right - area.left; }
-inline int HeightOf(const RECT& area) { return area.bottom - area.top; }
 
 }  // namespace pricedown::windows

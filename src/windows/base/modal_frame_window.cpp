@@ -8,6 +8,7 @@
 #include "windows/base/gdi.h"
 #include "windows/base/message_box_questions.h"
 #include "windows/base/plain_control.h"
+#include "windows/base/rectangles.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::windows {

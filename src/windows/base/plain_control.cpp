@@ -2,7 +2,7 @@
 // is not set again, to avoid flicker.
 #include "windows/base/plain_control.h"
 
-#include "windows/base/gdi.h"
+#include "windows/base/rectangles.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::windows {

@@ -1,8 +1,9 @@
+// Makes values and arrays of automation, and throws when there is no memory for them.
 #include "windows/base/provider_values.h"
 
 #include <new>
 
-#include "windows/base/gdi.h"
+#include "windows/base/rectangles.h"
 #include "windows/com/bstr.h"
 #include "windows/com/safe_array.h"
 

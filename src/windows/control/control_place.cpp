@@ -3,13 +3,13 @@
 
 #include <commctrl.h>
 
-#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "windows/base/dpi.h"
 #include "windows/base/gdi.h"
+#include "windows/base/rectangles.h"
 #include "windows/com/wide_text.h"
 #include "windows/control/control_children.h"
 #include "windows/control/control_window.h"
@@ -39,14 +39,6 @@ void PlaceAll(const std::vector<Placement>& placements) {
                            HeightOf(area), SWP_NOZORDER | SWP_NOACTIVATE | shown);
   }
   if (batch != nullptr) EndDeferWindowPos(batch);
-}
-
-// The middle of `area`, at most `height` high.
-RECT Centred(RECT area, int height) {
-  const int rest = std::max(HeightOf(area) - height, 0);
-  area.top += rest / 2;
-  area.bottom -= rest - rest / 2;
-  return area;
 }
 
 bool IsClass(HWND window, const wchar_t* name) {
@@ -110,6 +102,8 @@ void ControlWindow::Place(const Layout& layout) {
   const ControlChildren& c = *children_;
   const Dpi dpi = Dpi::Of(Handle());
   const RECT pane = dpi.ToPixels(layout.gridPane);
+  const Rectangle strip =
+      MiddleOf(FromRect(dpi.ToPixels(layout.toolStrip)), c.strip.ButtonHeight());
   RECT grid = dpi.ToPixels(layout.grid);
   OffsetRect(&grid, -pane.left, -pane.top);
   PlaceAll({{c.title.Handle(), dpi.ToPixels(layout.title)},
@@ -117,7 +111,7 @@ void ControlWindow::Place(const Layout& layout) {
             {c.firstLabel.Handle(), dpi.ToPixels(layout.firstLabel)},
             {c.secondLabel.Handle(), dpi.ToPixels(layout.secondLabel)},
             {c.upperLine.Handle(), dpi.ToPixels(layout.upperLine)},
-            {c.strip.Handle(), Centred(dpi.ToPixels(layout.toolStrip), c.strip.ButtonHeight())},
+            {c.strip.Handle(), ToRect(strip)},
             {c.lowerLine.Handle(), dpi.ToPixels(layout.lowerLine)},
             {c.classHeading.Handle(), dpi.ToPixels(layout.classHeading)},
             {c.tree.Handle(), dpi.ToPixels(layout.tree)},

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "windows/base/dpi.h"
-#include "windows/base/gdi.h"
+#include "windows/base/rectangles.h"
 #include "windows/control/control_children.h"
 
 namespace pricedown::windows {

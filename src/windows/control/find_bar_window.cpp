@@ -7,6 +7,7 @@
 #include "windows/base/fonts.h"
 #include "windows/base/gdi.h"
 #include "windows/base/keyboard.h"
+#include "windows/base/rectangles.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::windows {

@@ -8,7 +8,7 @@
 
 #include "control/layout.h"
 #include "windows/base/control_ids.h"
-#include "windows/base/gdi.h"
+#include "windows/base/rectangles.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::windows {

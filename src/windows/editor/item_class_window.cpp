@@ -14,6 +14,7 @@
 #include "platform/text.h"
 #include "windows/base/control_ids.h"
 #include "windows/base/gdi.h"
+#include "windows/base/rectangles.h"
 #include "windows/com/wide_text.h"
 #include "windows/editor/form_children.h"
 #include "windows/editor/form_ids.h"

@@ -10,6 +10,7 @@
 #include "windows/base/gdi.h"
 #include "windows/base/keyboard.h"
 #include "windows/base/plain_control.h"
+#include "windows/base/rectangles.h"
 #include "windows/com/wide_text.h"
 #include "windows/editor/form_ids.h"
 

@@ -1,3 +1,4 @@
+// Opens over a cell, checks what is typed or pasted, and reports the number when it closes.
 #include "windows/grid/grid_editor.h"
 
 #include <algorithm>
@@ -7,7 +8,8 @@
 #include "platform/text.h"
 #include "windows/base/clipboard.h"
 #include "windows/base/control_ids.h"
-#include "windows/base/gdi.h"
+#include "windows/base/plain_control.h"
+#include "windows/base/rectangles.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::windows {
@@ -28,10 +30,9 @@ void GridEditor::Begin(HWND parent, HINSTANCE module, const Start& start) {
   SetFontOf(Handle(), start.font);
   SendMessageW(Handle(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
   // The text stays where the cell shows it.
-  const int height = std::min(start.lineHeight, HeightOf(start.area));
-  SetWindowPos(Handle(), nullptr, start.area.left + start.margin,
-               start.area.top + (HeightOf(start.area) - height) / 2,
-               std::max(WidthOf(start.area) - 2 * start.margin, 1), height,
+  const Rectangle line = MiddleOf(FromRect(start.area), start.lineHeight);
+  SetWindowPos(Handle(), nullptr, line.left + start.margin, line.top,
+               std::max(line.width - 2 * start.margin, 1), line.height,
                SWP_NOZORDER | SWP_NOACTIVATE | SWP_SHOWWINDOW);
   const auto end = static_cast<LPARAM>(text.size());
   SendMessageW(Handle(), EM_SETSEL, start.selectAll ? 0 : static_cast<WPARAM>(end), end);

@@ -1,8 +1,9 @@
+// Patterns, properties and neighbours of an element, answered by the core's grid elements.
 #include "windows/grid/grid_element_provider.h"
 
 #include <optional>
 
-#include "windows/base/gdi.h"
+#include "windows/base/rectangles.h"
 #include "windows/com/bstr.h"
 #include "windows/com/variant.h"
 #include "windows/com/wide_text.h"

@@ -4,8 +4,8 @@
 #include "browser/grid_text.h"
 #include "browser/number_cell.h"
 #include "windows/base/clipboard.h"
-#include "windows/base/gdi.h"
 #include "windows/base/keyboard.h"
+#include "windows/base/rectangles.h"
 #include "windows/grid/grid_window.h"
 
 namespace pricedown::windows {

@@ -9,6 +9,7 @@
 #include "browser/grid_text.h"
 #include "windows/base/context_menu.h"
 #include "windows/base/gdi.h"
+#include "windows/base/rectangles.h"
 #include "windows/com/wide_text.h"
 #include "windows/grid/grid_window.h"
 

@@ -1,3 +1,4 @@
+// One painter per painting, with the system's colours of that moment.
 #include "windows/grid/grid_painter.h"
 
 #include <algorithm>
@@ -5,6 +6,7 @@
 #include <string>
 
 #include "windows/base/gdi.h"
+#include "windows/base/rectangles.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::windows {

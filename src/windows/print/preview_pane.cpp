@@ -8,6 +8,7 @@
 
 #include "windows/base/gdi.h"
 #include "windows/base/provider_values.h"
+#include "windows/base/rectangles.h"
 #include "windows/com/variant.h"
 
 namespace pricedown::windows {

@@ -12,6 +12,7 @@
 #include "platform/convert.h"
 #include "print/preview_fields.h"
 #include "windows/base/gdi.h"
+#include "windows/base/rectangles.h"
 #include "windows/com/wide_text.h"
 #include "windows/print/preview_children.h"
 #include "windows/print/preview_ids.h"

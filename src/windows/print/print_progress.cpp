@@ -9,7 +9,7 @@
 #include "print/preview_fields.h"
 #include "print/preview_layout.h"
 #include "windows/base/dpi.h"
-#include "windows/base/gdi.h"
+#include "windows/base/rectangles.h"
 #include "windows/com/failure.h"
 #include "windows/com/wide_text.h"
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "windows/base/gdi.h"
+#include "windows/base/rectangles.h"
 #include "windows/com/failure.h"
 
 namespace pricedown::windows {
