@@ -1,3 +1,4 @@
+// Each command with its questions, its statements and the form that it opens.
 #include "browser/class_commands.h"
 
 #include <optional>

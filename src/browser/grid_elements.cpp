@@ -1,3 +1,4 @@
+// Names, places and neighbours of the elements, worked out when asked for.
 #include "browser/grid_elements.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Edges of the columns and height of the rows, in pixels of one resolution.
 #include "browser/grid_geometry.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// The table of the grid's keys, and the moves of the current cell.
 #include "browser/grid_selection.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Which cells are copied, and which rows may hold a column's longest text.
 #include "browser/grid_text.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Scrolling, and the way from a cell to its place and back.
 #include "browser/grid_viewport.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Reads the items of a class into the grid row by row.
 #include "browser/item_grid.h"
 
 #include <array>

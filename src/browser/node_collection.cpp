@@ -1,3 +1,4 @@
+// The rows of the tree, with an index of their keys.
 #include "browser/node_collection.h"
 
 #include <utility>

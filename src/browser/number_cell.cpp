@@ -1,3 +1,4 @@
+// The reading of a typed number, the check of each character, and the keys of the field.
 #include "browser/number_cell.h"
 
 #include <algorithm>

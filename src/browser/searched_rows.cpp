@@ -1,3 +1,4 @@
+// Which rows match: an item by code, name or model, a class by its text in the tree.
 #include "browser/searched_rows.h"
 
 #include "browser/item_grid.h"

@@ -1,3 +1,4 @@
+// Each end of the block by a property of its own; one that fails leaves the others.
 #include "browser/select_block.h"
 
 #include "platform/skip.h"

@@ -1,3 +1,4 @@
+// The comparison: small and capital letters, full-width or not, are the same.
 #include "browser/text_pattern.h"
 
 #include <algorithm>

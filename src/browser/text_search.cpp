@@ -1,3 +1,4 @@
+// The search from row to row, and the count that goes on in parts.
 #include "browser/text_search.h"
 
 #include <algorithm>

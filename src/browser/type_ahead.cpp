@@ -1,3 +1,4 @@
+// Typing in quick succession makes one text; the same character again leads on to the next row.
 #include "browser/type_ahead.h"
 
 #include "browser/text_pattern.h"

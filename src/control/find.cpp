@@ -1,3 +1,4 @@
+// The find bar's keys and places, and its way through hits and counts.
 #include "control/find.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// The rows of the clipboard in both formats, and the offsets that its HTML header gives.
 #include "platform/copied_cells.h"
 
 #include <utility>

@@ -1,3 +1,4 @@
+// Calls the functions of the system's library, looked up once; those it lacks do nothing.
 #include "windows/base/automation.h"
 
 #include <array>

@@ -1,3 +1,4 @@
+// Looks for the window that had the focus, or its parent, and sets the focus there.
 #include "windows/base/focus_return.h"
 
 namespace pricedown::windows {

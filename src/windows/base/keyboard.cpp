@@ -1,3 +1,4 @@
+// The system's key codes are the core's; checked when this is compiled.
 #include "windows/base/keyboard.h"
 
 namespace pricedown::windows {

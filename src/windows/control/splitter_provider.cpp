@@ -1,3 +1,4 @@
+// The range value and the properties of the splitter.
 #include "windows/control/splitter_provider.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Creation, and the messages of keyboard and focus.
 #include "windows/editor/form_field.h"
 
 #include "editor/form_keys.h"

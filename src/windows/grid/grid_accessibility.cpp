@@ -1,3 +1,4 @@
+// Compares the grid with its last state, and raises the events of what differs.
 #include "windows/grid/grid_accessibility.h"
 
 #include <utility>

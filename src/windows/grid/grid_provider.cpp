@@ -1,3 +1,4 @@
+// Patterns of the whole grid: table, selection, scrolling, search for a row.
 #include "windows/grid/grid_provider.h"
 
 #include "windows/com/bstr.h"

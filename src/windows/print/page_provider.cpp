@@ -1,3 +1,4 @@
+// The page's and its lines' patterns and properties.
 #include "windows/print/page_provider.h"
 
 #include "platform/convert.h"
