@@ -1,4 +1,4 @@
-# Script: fails unless the type library TLB holds the id that IDL gives its library block.
+# Script: fails unless the type library TLB holds the id of the library block in IDL.
 # widl silently writes a wrong last byte when a dispinterface comes first in it.
 file(READ ${IDL} text)
 string(REGEX MATCH "uuid\\(([0-9A-Fa-f-]+)\\)[^]]*\\][ \t\r\n]*library[ \t\r\n]" found "${text}")

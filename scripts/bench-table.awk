@@ -1,5 +1,5 @@
 # Merges two tables of pricedown_bench, native and under Wine, into one Markdown table, followed by the
-# operations that take more than three times their raw side.
+# operations slower than three times their raw side.
 BEGIN { FS = "  +" }
 FNR == 1 { next }
 NR == FNR {

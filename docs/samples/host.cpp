@@ -48,7 +48,7 @@ Function FunctionOf(HMODULE library, const char* name) {
   return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(library, name)));
 }
 
-// The window with the container; to the control it is the object that `Show` is given.
+// The window with the container; to the control it is the object that is passed to `Show`.
 class Host final : public IDispatch {
  public:
   bool Open();
@@ -62,7 +62,7 @@ class Host final : public IDispatch {
     *result = known ? static_cast<IDispatch*>(this) : nullptr;
     return known ? S_OK : E_NOINTERFACE;
   }
-  // It lives until the program ends, so nobody counts.
+  // It lives until the program ends, so references are not counted.
   STDMETHODIMP_(ULONG) AddRef() override { return 2; }
   STDMETHODIMP_(ULONG) Release() override { return 1; }
   STDMETHODIMP GetTypeInfoCount(UINT* count) override {

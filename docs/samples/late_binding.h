@@ -34,7 +34,7 @@ class Variant {
   Variant() { VariantInit(&value_); }
   Variant(const Variant& other) {
     VariantInit(&value_);
-    // Older headers take what is copied without const.
+    // Older headers declare the source without const.
     VariantCopy(&value_, const_cast<VARIANT*>(&other.value_));
   }
   Variant& operator=(Variant other) {
@@ -118,7 +118,7 @@ inline Variant Invoke(IDispatch* object, const wchar_t* member, WORD kind,
   EXCEPINFO record{};
   HRESULT code = object->GetIDsOfNames(IID{}, names, 1, LOCALE_USER_DEFAULT, &id);
   if (SUCCEEDED(code)) {
-    // Automation takes arguments from the last to the first.
+    // Automation passes arguments from the last to the first.
     std::vector<VARIANT> backwards;
     for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument) {
       backwards.push_back(argument->Get());

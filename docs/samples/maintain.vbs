@@ -18,7 +18,7 @@ Const kSaveTool = 2
 Const kAddItemTool = 4
 Const kExitTool = 7
 
-' What the control needs of its window: one operation, which takes the command bar.
+' What the control needs of its window: one operation, which receives the command bar.
 Class HostWindow
   Public Bar
   Public Sub MergeToolBar(commandBar)

@@ -16,7 +16,7 @@ class SearchedRows {
  public:
   virtual std::int32_t Rows() const = 0;
   // The first column of the row that has the pattern in its text; 0 for none, and for a row that
-  // is gone.
+  // was deleted.
   virtual std::int32_t Match(std::int32_t row, const TextPattern& pattern) const = 0;
 
  protected:

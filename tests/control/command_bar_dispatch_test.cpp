@@ -167,23 +167,24 @@ TEST_F(Dispatch, TogglesForAToolWithoutAState) {
 
 TEST_F(Dispatch, NotifiesTheListenerOfAForwardedClickAfterItsCommand) {
   Start();
-  std::string told;
+  std::string clicked;
   world_.factory.Object(u"listener").On(u"ToolChanged", Value());
   world_.factory.Object(u"listener").On(u"ToolClicked", Reply::From([&](auto arguments) {
-                                          told += Readable(arguments[0].Object()->Get(u"Name"));
-                                          told += Readable(arguments[0].Object()->Get(u"Caption"));
+                                          clicked += Readable(arguments[0].Object()->Get(u"Name"));
+                                          clicked +=
+                                              Readable(arguments[0].Object()->Get(u"Caption"));
                                           return Value();
                                         }));
   Control().Bar()->Add({u"iRefresh", u"刷新", {}, {}});
   Control().Bar()->SetListener(world_.factory.NewObject(u"listener"));
   Click(u"iRefresh");
   // The bar's own tool, not the host's.
-  EXPECT_EQ(told, "\"iRefresh\"\"刷新\"");
+  EXPECT_EQ(clicked, "\"iRefresh\"\"刷新\"");
   EXPECT_LT(world_.log.Text().find("Execute"), world_.log.Text().find("ToolClicked"));
   Click(u"iUnknown");
   Control().Bar()->Tool(u"iCut")->SetEnabled(false);
   Click(u"iCut");
-  EXPECT_EQ(told, "\"iRefresh\"\"刷新\"");
+  EXPECT_EQ(clicked, "\"iRefresh\"\"刷新\"");
 }
 
 TEST_F(Dispatch, OnlyFollowsTheHostsToolOfTheStatusBar) {
@@ -263,15 +264,15 @@ TEST_F(Dispatch, SkipsTheLayoutOnceTheListenerHasClosedTheControl) {
 
 TEST_F(Dispatch, NotifiesTheListenerOfARefreshByKeyAsOfAClick) {
   Start();
-  std::string told;
+  std::string clicked;
   world_.factory.Object(u"listener").On(u"ToolClicked", Reply::From([&](auto arguments) {
-                                          told += Readable(arguments[0].Object()->Get(u"Name"));
+                                          clicked += Readable(arguments[0].Object()->Get(u"Name"));
                                           return Value();
                                         }));
   Control().Bar()->Add({u"iRefresh", {}, {}, {}});
   Control().Bar()->SetListener(world_.factory.NewObject(u"listener"));
   Control().CommandChosen(Refresh());
-  EXPECT_EQ(told, "\"iRefresh\"");
+  EXPECT_EQ(clicked, "\"iRefresh\"");
 }
 
 }  // namespace

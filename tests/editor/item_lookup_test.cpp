@@ -322,7 +322,7 @@ TEST_F(ItemLookup, KeepsTheRowsBeforeAnItemThatFails) {
   EXPECT_NE(ErrorOf([this] { form.ToolClicked(FormTool::AddItem); }), std::nullopt);
   // The added rows are shown.
   EXPECT_EQ(log.Count("rows 6"), 1u);
-  // The row started for the long name is gone.
+  // The row started for the long name was dropped.
   EXPECT_THAT(MemberIds(), ElementsAre(101, 102, 201, 202, 201));
 }
 

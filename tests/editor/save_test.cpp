@@ -48,18 +48,18 @@ class Save : public EditorTest {
 };
 
 TEST_F(Save, IsReportedOnceTheClassIsWritten) {
-  std::string told;
+  std::string reported;
   const auto listen = [&](bool added, std::u16string_view number) {
-    told += (added ? "added " : "changed ") + Utf8(number) + ";";
+    reported += (added ? "added " : "changed ") + Utf8(number) + ";";
   };
   Open();
   form.OnSaved(listen);
   view.Type(FormField::ClassNumber, u"");
   form.ToolClicked(FormTool::Save);
-  EXPECT_EQ(told, "") << "a refused save";
+  EXPECT_EQ(reported, "") << "a refused save";
   view.Type(FormField::ClassNumber, u"01");
   form.ToolClicked(FormTool::Save);
-  EXPECT_EQ(told, "changed 01;");
+  EXPECT_EQ(reported, "changed 01;");
 }
 
 TEST_F(Save, MayBeFollowedByTheEndOfTheForm) {
@@ -385,7 +385,7 @@ TEST(SaveFailures, EndTheSaveAndLeaveTheFormUsable) {
     world.factory.FailCall(failingCall);
     const auto error = ErrorOf([&] { world.form.ToolClicked(FormTool::Save); });
     const int calls = world.factory.CallCount() - before;
-    EXPECT_FALSE(world.view.tools.at(FormTool::Save)) << "disabled whatever the outcome";
+    EXPECT_FALSE(world.view.tools.at(FormTool::Save)) << "disabled in every case";
     if (failingCall == 0) {
       EXPECT_EQ(error, std::nullopt);
       EXPECT_TRUE(world.form.State().saved);

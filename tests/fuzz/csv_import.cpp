@@ -27,7 +27,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (!result.problems.empty()) {
     Require(newItems == 0 && newAccounts == 0, "a file with a problem adds nothing");
   } else {
-    Require(newItems == result.items && newAccounts == result.accounts, "what is told was added");
+    Require(newItems == result.items && newAccounts == result.accounts,
+            "what is reported was added");
   }
   return 0;
 }

@@ -61,7 +61,8 @@ struct ClassModel {
       return row.item == item && row.year == year && row.period == period;
     });
   }
-  // Another class than `opening` has the number, whatever the case of its letters.
+  // The number of another class than `opening` that equals `number`, letter case aside; null if
+  // none.
   const std::string* NumberInUse(const std::string& number, const std::string& opening) const {
     for (const auto& entry : classes) {
       if (entry.first != opening && UpperLatin(entry.first) == UpperLatin(number)) {

@@ -18,7 +18,7 @@ void CommandSequences::TypeIn(FormField field) {
   const bool bad = Roll(9) == 0;
   switch (field) {
     case FormField::ClassNumber: {
-      // By design a second rename in one showing leaves the first one's rows behind.
+      // By design a second rename in one showing keeps the first one's rows.
       if (renamed_) break;
       const std::string letter = Roll(2) == 0 ? "K" : "k";
       const std::string number = letter + std::to_string(Roll(6));

@@ -1,5 +1,6 @@
 // Tests of reading rows as one text a block, through the reader that uses it.
-// Whatever the recordset holds or refuses, the rows are the same as by the other ways of reading.
+// For all contents and failures of the recordset, the rows are the same as by the other ways of
+// reading.
 #include "platform/text_blocks.h"
 
 #include <gtest/gtest.h>

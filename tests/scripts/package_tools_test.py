@@ -20,7 +20,7 @@ class BillOfMaterials(unittest.TestCase):
     def bill(self):
         return run(SCRIPTS / "bill-of-materials", "1.2.3").stdout
 
-    def test_gives_the_same_bytes_each_time(self):
+    def test_returns_the_same_bytes_each_time(self):
         self.assertEqual(self.bill(), self.bill())
 
     def test_names_each_component_with_version_and_licence(self):

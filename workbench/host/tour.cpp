@@ -1,5 +1,5 @@
 // The steps of the tour. Each acts through the control's windows and the host's commands, then
-// the next tick takes the picture, so that everything has been painted.
+// the next tick saves the picture, so that everything has been painted.
 #include "workbench/host/tour.h"
 
 #include <commctrl.h>

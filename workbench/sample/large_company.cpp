@@ -76,7 +76,7 @@ class LargeCompany {
     writer_->Add(item_);
   }
 
-  // Classes take runs of items, so that a class's members are adjacent, as in real companies.
+  // Classes contain runs of items, so that a class's members are adjacent, as in real companies.
   void AddMember(int index) {
     const auto of = static_cast<int>(std::int64_t{index} * plan_.classes / plan_.items);
     if (index == 0 || of != class_) StartClass(of);

@@ -50,7 +50,7 @@ SAFEARRAY* SafeArrayBlock::RowArray(std::size_t row) const {
   if (type_ != VT_VARIANT) return nullptr;
   if (rowDescriptor_ == nullptr) {
     ThrowIfFailed(SafeArrayAllocDescriptorEx(VT_VARIANT, 1, &rowDescriptor_));
-    // Nobody frees or resizes data that belongs to the block.
+    // Data that belongs to the block is never freed or resized.
     rowDescriptor_->fFeatures |= FADF_STATIC | FADF_FIXEDSIZE;
     rowDescriptor_->cLocks = 1;
     rowDescriptor_->cbElements = static_cast<ULONG>(elementSize_);

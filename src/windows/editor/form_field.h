@@ -11,7 +11,7 @@ namespace pricedown::windows {
 class FieldEvents {
  public:
   // A key that opens the field's lookup. The last step of the message; the field's window may be
-  // gone when it returns.
+  // destroyed when it returns.
   virtual void LookupPressed(FormField field) = 0;
 
  protected:

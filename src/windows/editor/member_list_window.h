@@ -18,7 +18,7 @@ namespace pricedown::windows {
 
 class MemberListEvents {
  public:
-  // Reported as the last step of a message; the list's window may be gone when they return.
+  // Reported as the last step of a message; the list's window may be destroyed when they return.
   // A command that is a tool of the form.
   virtual void ToolChosen(FormTool tool) = 0;
   // The user asks for the context menu at `place` on the screen.

@@ -31,9 +31,9 @@ void InPlaceActivation::Activate(IOleClientSite& client, ControlWindow& window) 
   OLEINPLACEFRAMEINFO info{};
   info.cb = sizeof info;
   site_ = site.Copy();
-  if (const HRESULT told = site->OnInPlaceActivate(); FAILED(told)) {
+  if (const HRESULT result = site->OnInPlaceActivate(); FAILED(result)) {
     site_.attach(nullptr);
-    ThrowIfFailed(told);
+    ThrowIfFailed(result);
   }
   if (!IsActive()) return;
   const HRESULT context =

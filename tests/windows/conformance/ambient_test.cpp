@@ -124,7 +124,7 @@ class InDesignMode : public ::testing::Test {
   }
 
   HWND Child(int id) const { return GetDlgItem(host.Window(), id); }
-  // The window that the system gives a click in the middle of the control.
+  // The window that receives a click in the middle of the control.
   HWND Hit() const {
     RECT area{};
     GetWindowRect(host.Window(), &area);

@@ -47,7 +47,7 @@ long BytesLostByALabel() {
   return (ResourcesNow().memory - before) / kLabels;
 }
 
-// `labels`: how many labels each life gives a font.
+// `labels`: how many labels get a font in each life.
 void ExpectNoGrowth(int lives, int labels, const std::function<void()>& life) {
   for (int round = 0; round < 10; ++round) life();
   const long lost = labels * BytesLostByALabel();

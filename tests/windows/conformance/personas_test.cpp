@@ -42,7 +42,7 @@ void Size(ControlHost& host, LONG width, LONG height) {
   }
 }
 
-// A managed toolkit: status first, persistence by whatever interface comes first, a property sink
+// A managed toolkit: status first, persistence by the first interface found, a property sink
 // that the control does not have.
 void BeginManaged(ControlHost& host) {
   DWORD status = 0;

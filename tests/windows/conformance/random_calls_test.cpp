@@ -146,7 +146,7 @@ class RandomCalls : public ::testing::Test {
     SetErrorInfo(0, nullptr);
   }
 
-  // The members of the interface that take variants, objects and arrays.
+  // The members of the interface with parameters of variants, objects and arrays.
   void CallEarly(int calls) {
     const auto early = host.As<_PriceDown>();
     for (int call = 0; call < calls; ++call) {

@@ -39,10 +39,10 @@ TEST_P(Activation, MayEndAll) {
   SetFocus(owned->host.Handle());
   const HWND window = owned->window->Handle();
   owned->window->HoldDuringEvents([watch] { return watch.lock(); });
-  int told = 0;
+  int notifications = 0;
   owned->window->OnFocusChange([&](bool gained) {
     if (!gained) return;
-    ++told;
+    ++notifications;
     // The window keeps the control alive during the call; the host releases its reference.
     const std::shared_ptr<UiWorld> inside = std::move(owned);
     if (inside != nullptr) DestroyWindow(inside->host.Handle());
@@ -50,7 +50,7 @@ TEST_P(Activation, MayEndAll) {
   UiWorld& world = *owned;
   GetParam().run(world);
   RunMessages();
-  EXPECT_EQ(told, 1);
+  EXPECT_EQ(notifications, 1);
   EXPECT_TRUE(watch.expired());
   EXPECT_FALSE(IsWindow(window));
 }

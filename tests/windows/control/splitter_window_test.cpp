@@ -166,25 +166,25 @@ TEST_F(Splitter, KeysOfTreeAndGridAreNotTheHosts) {
 }
 
 TEST_F(Splitter, TheHostIsNotifiedWhenTheFocusComesAndGoes) {
-  std::string told;
+  std::string changes;
   const HWND outside = CreateWindowW(L"BUTTON", L"", WS_CHILD | WS_VISIBLE, 0, 0, 10, 10,
                                      world_.host.Handle(), nullptr, nullptr, nullptr);
   world_.control->Finding()->Open(FindPane::Grid);
   SetFocus(outside);
-  world_.window->OnFocusChange([&](bool gained) { told += gained ? "gained " : "lost "; });
+  world_.window->OnFocusChange([&](bool gained) { changes += gained ? "gained " : "lost "; });
   const HWND field = GetDlgItem(world_.Child(ids::kFindBar), ids::kFindField);
   const std::vector<HWND> stops{world_.Grid(), world_.Tree(), world_.Strip(), field, Handle()};
   for (const HWND stop : stops) SetFocus(stop);
-  EXPECT_EQ(told, "gained gained gained gained gained ");
+  EXPECT_EQ(changes, "gained gained gained gained gained ");
   for (const HWND stop : stops) {
     SetFocus(stop);
-    told.clear();
+    changes.clear();
     SetFocus(outside);
-    EXPECT_EQ(told, "lost ");
+    EXPECT_EQ(changes, "lost ");
   }
   SetFocus(world_.window->Handle());
   EXPECT_EQ(GetFocus(), Handle());
-  EXPECT_EQ(told, "lost gained ");
+  EXPECT_EQ(changes, "lost gained ");
 }
 
 }  // namespace

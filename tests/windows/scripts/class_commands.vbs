@@ -220,7 +220,7 @@ CheckEqual "the class is deleted", Rows("FItemClassNumber='SY2'"), CLng(0)
 CheckEqual "provisions of earlier periods stay", Provisions, CLng(1)
 
 AddThroughTheForm "SY2", "改名"
-CheckEqual "the deleted class can be typed anew", Rows("FItemClassNumber='SY2' and FItemClassName='改名'"), CLng(3)
+CheckEqual "the deleted class can be typed again", Rows("FItemClassNumber='SY2' and FItemClassName='改名'"), CLng(3)
 suite.Query "delete from ICPriceDownPrepare where FItemID=" & free
 suite.Query "INSERT INTO ICPriceDownPrepare(FItemID,FYear,FPeriod,FHaveAdd,FCurrentAdd)VALUES(" & free & "," & suite.CurrentYear & "," & suite.CurrentPeriod & ",0,7)"
 CheckEqual "amounts of the current period do not refuse", Delete(kYes), kQuestion

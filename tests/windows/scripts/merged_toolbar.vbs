@@ -51,7 +51,7 @@ Set control = HostControl("ZEPPriceDownPrepare.PriceDown", "物料类别维护")
 Set parent = New ParentOfTheHost
 control.Show parent
 Set bar = parent.Bar
-Check "nobody listens at first", bar.Listener Is Nothing
+Check "there is no listener at first", bar.Listener Is Nothing
 Set listener = New BarListener
 Set bar.Listener = listener
 Check "the listener is kept", bar.Listener Is listener
@@ -61,24 +61,24 @@ bar.Tools.Add "iToolBar", "工具条", "查看"
 CheckEqual "an added check tool begins checked", CInt(bar.Tools("iToolBar").Checked), CInt(-1)
 CheckEqual "which is no change", listener.Heard, ""
 bar.Click "iToolBar"
-CheckEqual "a click tells what it changed, and then itself", listener.Heard, "changed iToolBar -1 0 -1|clicked iToolBar|"
+CheckEqual "a click reports what it changed, and then itself", listener.Heard, "changed iToolBar -1 0 -1|clicked iToolBar|"
 listener.Heard = ""
 bar.Tools("iEdit").Enabled = False
 bar.Tools("iEdit").Enabled = False
 bar.Tools("iEdit").Click
-CheckEqual "a change is told once, a click on what is disabled not at all", listener.Heard, "changed iEdit 0 0 -1|"
+CheckEqual "a change is reported once, a click on a disabled tool not at all", listener.Heard, "changed iEdit 0 0 -1|"
 bar.Tools("iEdit").Enabled = True
 listener.Heard = ""
 bar.Tools.Add "iRefresh", "刷新", "查看"
 bar.Click "iRefresh"
-CheckEqual "a refresh is told", listener.Heard, "clicked iRefresh|"
+CheckEqual "a refresh is reported", listener.Heard, "clicked iRefresh|"
 Set other = New OnlyClicks
 Set bar.Listener = other
 bar.Click "iToolBar"
 CheckEqual "a listener may leave out what it does not want to know", other.Heard, "iToolBar|"
-CheckEqual "the one before is told nothing more", listener.Heard, "clicked iRefresh|"
+CheckEqual "the previous listener gets no more calls", listener.Heard, "clicked iRefresh|"
 Set bar.Listener = Nothing
-Check "nobody listens any more", bar.Listener Is Nothing
+Check "there is no listener any more", bar.Listener Is Nothing
 On Error Resume Next
 bar.Listener = 5
 Check "a listener is an object", Err.Number <> 0
@@ -170,7 +170,7 @@ Check "bUse is not changed", Not used
 Set other = New OnlyClicks
 Set bar.Listener = other
 Forward "iRefresh"
-CheckEqual "a forwarded click is told, too", other.Heard, "iRefresh|"
+CheckEqual "a forwarded click is reported, too", other.Heard, "iRefresh|"
 CheckEqual "the control's listener has heard nothing yet", events.Heard, ""
 
 CloseWindows

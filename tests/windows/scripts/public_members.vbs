@@ -92,7 +92,7 @@ control.PreviewPara
 CheckEqual "PreviewPara shows the preview until it is closed", seen, "PriceDown.Preview 打印预览 "
 seen = ""
 control.PrintPara
-CheckEqual "PrintPara tells the user that there is no printer", seen, "#32770 岚禾提示 没有安装打印机，请先在系统中添加打印机。"
+CheckEqual "PrintPara reports that there is no printer", seen, "#32770 岚禾提示 没有安装打印机，请先在系统中添加打印机。"
 Play Nothing
 
 On Error Resume Next
