@@ -118,7 +118,7 @@ TEST_F(DeleteCommand, ReloadsOnceAfterARefusal) {
               "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 65536)\n" + std::string(kQuestion) +
                   "yes\n" + ReadingThePeriod("P") + ExecuteLine(kVoucher) + "\nrelease result\n" +
                   (refusal.voucher ? "" : ExecuteLine(kHistory) + "\nrelease result\n") +
-                  "screen pointer 0\ntell information \"岚禾提示\": \"" + refusal.message +
+                  "screen pointer 0\nmessage information \"岚禾提示\": \"" + refusal.message +
                   "\"\nrelease ZEPConnection.AppConnection\nscreen pointer 11\n" + TreeLoad() +
                   "screen pointer 0\ngrid changed 2 rows\n");
   }
