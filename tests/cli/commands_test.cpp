@@ -186,6 +186,18 @@ TEST_F(Commands, AnExportThatFailsLeavesNoFile) {
   EXPECT_EQ(folder_.Names(), std::set<std::string>{"公司.db"});
 }
 
+TEST_F(Commands, AnExportWhoseSecondFileFailsLeavesNeither) {
+  CreateCompany();
+  const std::string items = folder_.PathOf("物料.csv");
+  // One name for both: the second file fails when the first has its name.
+  for (const std::string& accounts : {folder_.PathOf("无/科目.csv"), items}) {
+    EXPECT_EQ(Run({"export", Company(), "--items", items, "--accounts", accounts}), kFailed);
+    EXPECT_NE(err_.str().find(accounts), std::string::npos) << err_.str();
+    EXPECT_EQ(out_.str(), "");
+    EXPECT_EQ(folder_.Names(), std::set<std::string>{"公司.db"});
+  }
+}
+
 TEST_F(Commands, CheckListsWhatIsWrongAndChangesNothing) {
   ASSERT_EQ(Run({"create", Company(), "--items", "6", "--classes", "2"}), kDone);
   EXPECT_EQ(Run({"check", Company()}), kDone);

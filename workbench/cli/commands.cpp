@@ -3,7 +3,6 @@
 
 #include <chrono>
 #include <exception>
-#include <fstream>
 #include <ostream>
 
 #include "workbench/cli/arguments.h"
@@ -16,6 +15,7 @@
 #include "workbench/sample/csv_export.h"
 #include "workbench/sample/csv_import.h"
 #include "workbench/sample/file_path.h"
+#include "workbench/sample/new_files.h"
 #include "workbench/sample/server_company.h"
 #include "workbench/sample/sqlite_handle.h"
 #include "workbench/sample/utf8_text.h"
@@ -86,30 +86,17 @@ ExitCode Import(const Arguments& arguments, std::ostream& out, std::ostream& err
   return kDone;
 }
 
-void WriteNewFile(const std::string& path, const std::string& text) {
-  const UnfinishedFile unfinished(path);
-  std::ofstream file(PathFromUtf8(unfinished.path()), std::ios::binary);
-  file << text;
-  file.close();
-  std::error_code error;
-  if (file) std::filesystem::rename(PathFromUtf8(unfinished.path()), PathFromUtf8(path), error);
-  if (!file || error) throw CompanyFileError("无法写入文件 " + path);
-}
-
 void Export(const Arguments& arguments, std::ostream& out) {
   for (const auto& path : {arguments.itemsFile, arguments.accountsFile}) {
     if (path && Exists(*path)) throw CompanyFileError("文件已存在: " + *path);
   }
   const auto company = OpenCompany(arguments, OpenMode::ReadOnly);
   company->RequireCompany();
-  // Both are read before either is written.
-  const std::string items = arguments.itemsFile ? ExportItems(*company) : std::string();
-  const std::string accounts = arguments.accountsFile ? ExportAccounts(*company) : std::string();
-  if (arguments.itemsFile) WriteNewFile(*arguments.itemsFile, items);
-  if (arguments.accountsFile) WriteNewFile(*arguments.accountsFile, accounts);
-  for (const auto& path : {arguments.itemsFile, arguments.accountsFile}) {
-    if (path) out << "已写入 " << *path << '\n';
-  }
+  std::vector<NewFile> files;
+  if (arguments.itemsFile) files.push_back({*arguments.itemsFile, ExportItems(*company)});
+  if (arguments.accountsFile) files.push_back({*arguments.accountsFile, ExportAccounts(*company)});
+  WriteNewFiles(files);
+  for (const NewFile& file : files) out << "已写入 " << file.path << '\n';
 }
 
 void Info(const Arguments& arguments, std::ostream& out) {
