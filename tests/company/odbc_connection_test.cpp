@@ -165,6 +165,17 @@ TEST(OdbcConnection, ReportsAMissingDriverWithItsState) {
   }
 }
 
+TEST(OdbcConnection, ReportsTheFirstRecordThatIsNoWarning) {
+  const DatabaseError ended(u"[01000] Unexpected EOF", 20017);
+  const DatabaseError refused(u"[28000] Login failed", 18456);
+  const DatabaseError failed(u"[08001] connection failed", 20002);
+  EXPECT_STREQ(odbc::MostRelevant({ended, refused, failed}).what(), "[28000] Login failed");
+  EXPECT_EQ(odbc::MostRelevant({ended, refused, failed}).NativeNumber(), 18456);
+  EXPECT_STREQ(odbc::MostRelevant({ended, ended, failed}).what(), "[08001] connection failed");
+  EXPECT_STREQ(odbc::MostRelevant({ended}).what(), "[01000] Unexpected EOF");
+  EXPECT_STREQ(odbc::MostRelevant({}).what(), "ODBC 调用失败，没有更多信息。");
+}
+
 TEST(OdbcConnection, ReportsAMissingDataSourceInAnyCaseOfThePrefix) {
   for (const char* location : {"dsn=NoSuchSource", "DSN=NoSuchSource"}) {
     try {

@@ -200,6 +200,25 @@ TEST_F(ServerConnection, CancelsARunningStatementWhenAsked) {
   EXPECT_LT(steady_clock::now() - start, seconds(5));
 }
 
+TEST_F(ServerConnection, KeepsNothingOfATextThatIsCancelled) {
+  bool isAsked = false;
+  ConnectOptions options;
+  options.cancels = [&isAsked, answers = 0]() mutable { return isAsked && ++answers > 3; };
+  const auto connection = Open(options);
+  Execute(*connection, "CREATE TABLE t(a INTEGER)");
+  isAsked = true;
+  EXPECT_THROW(
+      Execute(*connection, "INSERT INTO t VALUES(1);INSERT INTO t VALUES(2);SELECT pg_sleep(20)"),
+      DatabaseError);
+  isAsked = false;
+  const auto other = Open();
+  EXPECT_EQ(Number(*other, "SELECT count(*) FROM t"), 0);
+  EXPECT_EQ(Number(*other,
+                   "SELECT count(*) FROM pg_stat_activity WHERE datname=current_database() "
+                   "AND state LIKE 'idle in transaction%'"),
+            0);
+}
+
 TEST_F(ServerConnection, IgnoresACancelKeyThatWasDownBeforeTheStatement) {
   ConnectOptions options;
   options.cancels = [] { return true; };

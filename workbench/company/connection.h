@@ -90,11 +90,12 @@ enum class OpenMode {
 
 struct ConnectOptions {
   OpenMode mode = OpenMode::Shared;
-  // For servers, as far as the driver supports limits; 0 waits forever.
+  // For servers; 0 waits forever. A driver that does not end a call itself gets two seconds more:
+  // then the connection is given up.
   std::chrono::seconds loginTimeout{15};
   std::chrono::seconds statementTimeout{60};
-  // Polled on a thread of the connection's while a statement runs; once it returns true, the
-  // statement is cancelled if the driver supports that. May be empty. Must not throw.
+  // Polled on the caller's thread while a statement runs; once it returns true, the statement is
+  // cancelled if the driver supports that. May be empty. Must not throw.
   std::function<bool()> cancels = {};
 };
 

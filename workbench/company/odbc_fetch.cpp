@@ -53,7 +53,8 @@ FetchedColumn DescribeColumn(SQLSMALLINT type, SQLULEN size, SQLSMALLINT scale) 
 // Copies the rows of an open result into a ResultSet.
 class Fetcher {
  public:
-  explicit Fetcher(SQLHSTMT statement) : statement_(statement), buffer_(1024) {}
+  Fetcher(SQLHSTMT statement, std::atomic<unsigned>& progress)
+      : statement_(statement), progress_(progress), buffer_(1024) {}
 
   ResultSet FetchAll(SQLSMALLINT columnCount) {
     std::vector<Transfer> transfers;
@@ -68,6 +69,7 @@ class Fetcher {
       const SQLRETURN state = SQLFetch(statement_);
       if (state == SQL_NO_DATA) return result;
       Check(state, SQL_HANDLE_STMT, statement_);
+      ++progress_;
       result.AddRow();
       for (std::size_t i = 0; i < transfers.size(); ++i) FetchCell(result, i, transfers[i]);
     }
@@ -137,13 +139,14 @@ class Fetcher {
   }
 
   SQLHSTMT statement_;
+  std::atomic<unsigned>& progress_;
   std::vector<SQLWCHAR> buffer_;
 };
 
 }  // namespace
 
-ResultSet FetchAll(SQLHSTMT statement, SQLSMALLINT columnCount) {
-  return Fetcher(statement).FetchAll(columnCount);
+ResultSet FetchAll(SQLHSTMT statement, SQLSMALLINT columnCount, std::atomic<unsigned>& progress) {
+  return Fetcher(statement, progress).FetchAll(columnCount);
 }
 
 }  // namespace workbench::odbc

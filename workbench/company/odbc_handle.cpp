@@ -24,16 +24,20 @@ std::optional<DatabaseError> ReadRecord(SQLSMALLINT kind, SQLHANDLE handle, SQLS
 
 }  // namespace
 
+DatabaseError MostRelevant(const std::vector<DatabaseError>& records) {
+  if (records.empty()) return DatabaseError(u"ODBC 调用失败，没有更多信息。", 0);
+  const auto failure = std::find_if(records.begin(), records.end(), [](const DatabaseError& error) {
+    return !StateOf(error).starts_with(u"01");
+  });
+  return failure == records.end() ? records.front() : *failure;
+}
+
 void ThrowDiagnostic(SQLSMALLINT kind, SQLHANDLE handle) {
-  std::optional<DatabaseError> first;
-  for (SQLSMALLINT record = 1;; ++record) {
-    const auto read = ReadRecord(kind, handle, record);
-    if (!read) break;
-    if (!StateOf(*read).starts_with(u"01")) throw DatabaseError(*read);
-    if (!first) first = read;
+  std::vector<DatabaseError> records;
+  while (const auto read = ReadRecord(kind, handle, static_cast<SQLSMALLINT>(records.size() + 1))) {
+    records.push_back(*read);
   }
-  if (first) throw DatabaseError(*first);
-  throw DatabaseError(u"ODBC 调用失败，没有更多信息。", 0);
+  throw MostRelevant(records);
 }
 
 std::u16string_view StateOf(const DatabaseError& error) {

@@ -10,6 +10,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "workbench/company/database_error.h"
 
@@ -22,8 +23,10 @@ inline std::u16string FromOdbc(const SQLWCHAR* text, std::size_t length) {
   return std::u16string(text, text + length);
 }
 
-// Throws the most relevant diagnostic record of the handle: the first that is no warning, else the
-// first.
+// The first of the diagnostic records that is no warning, else the first.
+DatabaseError MostRelevant(const std::vector<DatabaseError>& records);
+
+// Throws the most relevant diagnostic record of the handle.
 [[noreturn]] void ThrowDiagnostic(SQLSMALLINT kind, SQLHANDLE handle);
 
 inline void Check(SQLRETURN result, SQLSMALLINT kind, SQLHANDLE handle) {

@@ -1,6 +1,7 @@
 #include "workbench/company/odbc_inserter.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "workbench/company/utf.h"
 
@@ -28,17 +29,25 @@ Inserter::Inserter(Session& session, std::string_view table, std::string_view co
       placeholders_(Placeholders(ColumnCount(columns))),
       columns_(ColumnCount(columns)),
       rowsOfBatch_(kMostParameters / columns_.size()),
-      batch_(SQL_HANDLE_STMT, SQL_HANDLE_DBC, session.Get()) {
-  Prepare(batch_.Get(), rowsOfBatch_);
+      batch_(Prepare(rowsOfBatch_)) {}
+
+Inserter::~Inserter() {
+  try {
+    // A driver may tell the server.
+    session_.Run([batch = std::move(batch_)]() mutable { batch.reset(); });
+  } catch (const std::exception&) {
+  }
 }
 
-void Inserter::Prepare(SQLHSTMT statement, std::size_t rows) const {
-  session_.LimitTime(statement);
+std::shared_ptr<Statement> Inserter::Prepare(std::size_t rows) const {
   std::string sql = insert_ + placeholders_;
   for (std::size_t i = 1; i < rows; ++i) sql.append(",").append(placeholders_);
-  OdbcText text = ToOdbc(Utf16FromUtf8(sql));
-  Check(SQLPrepareW(statement, text.data(), static_cast<SQLINTEGER>(text.size())), SQL_HANDLE_STMT,
-        statement);
+  const auto statement = session_.NewStatement();
+  session_.Run([statement, text = ToOdbc(Utf16FromUtf8(sql))]() mutable {
+    Check(SQLPrepareW(statement->Get(), text.data(), static_cast<SQLINTEGER>(text.size())),
+          SQL_HANDLE_STMT, statement->Get());
+  });
+  return statement;
 }
 
 void Inserter::Insert(std::span<const InsertValue> row) {
@@ -58,20 +67,25 @@ void Inserter::Insert(std::span<const InsertValue> row) {
       waiting.indicator = SQL_NULL_DATA;
     }
   }
-  if (waiting_.size() == rowsOfBatch_ * columns_.size()) Send(batch_.Get());
+  if (waiting_.size() == rowsOfBatch_ * columns_.size()) Send(batch_);
 }
 
 void Inserter::Finish() {
   if (waiting_.empty()) return;
-  const Handle rest(SQL_HANDLE_STMT, SQL_HANDLE_DBC, session_.Get());
-  Prepare(rest.Get(), waiting_.size() / columns_.size());
-  Send(rest.Get());
+  Send(Prepare(waiting_.size() / columns_.size()));
 }
 
-void Inserter::Send(SQLHSTMT statement) {
+void Inserter::Send(std::shared_ptr<Statement> statement) {
+  session_.Run([statement = std::move(statement), values = std::exchange(waiting_, {}),
+                columns = columns_]() mutable { Send(statement->Get(), values, columns); });
+  std::fill(columns_.begin(), columns_.end(), Column());
+}
+
+void Inserter::Send(SQLHSTMT statement, std::vector<WaitingValue>& values,
+                    const std::vector<Column>& columns) {
   SQLUSMALLINT parameter = 0;
-  for (WaitingValue& value : waiting_) {
-    const Column& column = columns_[parameter % columns_.size()];
+  for (WaitingValue& value : values) {
+    const Column& column = columns[parameter % columns.size()];
     SQLSMALLINT source = SQL_C_SBIGINT;
     SQLSMALLINT target = SQL_BIGINT;
     SQLPOINTER data = &value.integer;
@@ -91,8 +105,6 @@ void Inserter::Send(SQLHSTMT statement) {
   }
   Check(SQLExecute(statement), SQL_HANDLE_STMT, statement);
   SQLFreeStmt(statement, SQL_CLOSE);
-  waiting_.clear();
-  std::fill(columns_.begin(), columns_.end(), Column());
 }
 
 }  // namespace workbench::odbc

@@ -14,6 +14,9 @@ class Inserter final : public RowInserter {
  public:
   // The session outlives the inserter. Throws DatabaseError.
   Inserter(Session& session, std::string_view table, std::string_view columns);
+  ~Inserter() override;
+  Inserter(const Inserter&) = delete;
+  Inserter& operator=(const Inserter&) = delete;
 
   void Insert(std::span<const InsertValue> row) override;
   void Finish() override;
@@ -31,15 +34,17 @@ class Inserter final : public RowInserter {
     bool hasReal = false;
   };
 
-  void Prepare(SQLHSTMT statement, std::size_t rows) const;
-  void Send(SQLHSTMT statement);
+  std::shared_ptr<Statement> Prepare(std::size_t rows) const;
+  void Send(std::shared_ptr<Statement> statement);
+  static void Send(SQLHSTMT statement, std::vector<WaitingValue>& values,
+                   const std::vector<Column>& columns);
 
   Session& session_;
   std::string insert_;        // up to VALUES
   std::string placeholders_;  // of a row
   std::vector<Column> columns_;
   std::size_t rowsOfBatch_;
-  Handle batch_;
+  std::shared_ptr<Statement> batch_;
   std::vector<WaitingValue> waiting_;  // row by row
 };
 

@@ -1,10 +1,9 @@
 #include "workbench/company/odbc_session.h"
 
 #include <array>
-#include <condition_variable>
-#include <mutex>
-#include <thread>
+#include <utility>
 
+#include "workbench/company/background_call.h"
 #include "workbench/company/location.h"
 #include "workbench/company/odbc_fetch.h"
 #include "workbench/company/utf.h"
@@ -12,12 +11,14 @@
 namespace workbench::odbc {
 namespace {
 
-SQLPOINTER Number(SQLULEN value) { return reinterpret_cast<SQLPOINTER>(value); }
+using std::chrono::milliseconds;
+using std::chrono::seconds;
+using std::chrono::steady_clock;
 
-void SetTimeLimit(SQLHSTMT statement, std::chrono::seconds limit) noexcept {
-  SQLSetStmtAttrW(statement, SQL_ATTR_QUERY_TIMEOUT, Number(static_cast<SQLULEN>(limit.count())),
-                  SQL_IS_UINTEGER);
-}
+// Added to a time limit for the drivers that enforce it themselves.
+constexpr seconds kGrace{2};
+
+SQLPOINTER Number(SQLULEN value) { return reinterpret_cast<SQLPOINTER>(value); }
 
 SQLSMALLINT Prepared(const Handle& environment) {
   Check(SQLSetEnvAttr(environment.Get(), SQL_ATTR_ODBC_VERSION, Number(SQL_OV_ODBC3), 0),
@@ -25,167 +26,216 @@ SQLSMALLINT Prepared(const Handle& environment) {
   return SQL_HANDLE_DBC;
 }
 
-// While it lives, asks whether the statement is to be cancelled. A key that is still down from
-// the command that sent the statement does not count: the answer has to become true.
-class CancelWatch {
- public:
-  CancelWatch(SQLHSTMT statement, const std::function<bool()>& cancels) {
-    if (cancels) thread_ = std::thread([this, statement, &cancels] { Watch(statement, cancels); });
-  }
-  ~CancelWatch() {
-    if (!thread_.joinable()) return;
-    {
-      const std::lock_guard lock(mutex_);
-      done_ = true;
-    }
-    wake_.notify_one();
-    thread_.join();
-  }
-  CancelWatch(const CancelWatch&) = delete;
-  CancelWatch& operator=(const CancelWatch&) = delete;
+bool IsKnownDead(SQLHDBC connection) noexcept {
+  SQLUINTEGER dead = SQL_CD_FALSE;
+  SQLGetConnectAttrW(connection, SQL_ATTR_CONNECTION_DEAD, &dead, SQL_IS_UINTEGER, nullptr);
+  return dead == SQL_CD_TRUE;
+}
 
- private:
-  void Watch(SQLHSTMT statement, const std::function<bool()>& cancels) {
-    constexpr std::chrono::milliseconds kInterval{100};
-    bool wasAsked = cancels();
-    std::unique_lock lock(mutex_);
-    while (!wake_.wait_for(lock, kInterval, [this] { return done_; })) {
-      const bool isAsked = cancels();
-      if (isAsked && !wasAsked) {
-        SQLCancel(statement);
-        return;
-      }
-      wasAsked = isAsked;
+SQLRETURN SetAutocommit(SQLHDBC connection, bool on) noexcept {
+  return SQLSetConnectAttrW(connection, SQL_ATTR_AUTOCOMMIT,
+                            Number(on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF), SQL_IS_UINTEGER);
+}
+
+// A driver with a single isolation level keeps it.
+void SetIsolation(SQLHDBC connection, Session::Isolation isolation) noexcept {
+  const bool isSerializable = isolation == Session::Isolation::Serializable;
+  SQLSetConnectAttrW(connection, SQL_ATTR_TXN_ISOLATION,
+                     Number(isSerializable ? SQL_TXN_SERIALIZABLE : SQL_TXN_READ_COMMITTED),
+                     SQL_IS_UINTEGER);
+}
+
+void RollBack(SQLHDBC connection) noexcept {
+  SQLEndTran(SQL_HANDLE_DBC, connection, SQL_ROLLBACK);
+  // Fails on a lost connection, which is reopened before the next text.
+  SetAutocommit(connection, true);
+  SetIsolation(connection, Session::Isolation::Usual);
+}
+
+void Commit(SQLHDBC connection) {
+  // A driver may report success for a transaction that the server has lost.
+  if (IsKnownDead(connection)) throw DatabaseError(u"与服务器的连接已断开，事务没有提交。", 0);
+  if (!SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, connection, SQL_COMMIT))) {
+    try {
+      ThrowDiagnostic(SQL_HANDLE_DBC, connection);
+    } catch (...) {
+      RollBack(connection);
+      throw;
     }
   }
+  Check(SetAutocommit(connection, true), SQL_HANDLE_DBC, connection);
+  SetIsolation(connection, Session::Isolation::Usual);
+}
 
-  std::mutex mutex_;
-  std::condition_variable wake_;
-  bool done_ = false;
-  std::thread thread_;
-};
+void Connect(Link& link, OdbcText text) {
+  Check(SQLDriverConnectW(link.connection.Get(), nullptr, text.data(),
+                          static_cast<SQLSMALLINT>(text.size()), nullptr, 0, nullptr,
+                          SQL_DRIVER_NOPROMPT),
+        SQL_HANDLE_DBC, link.connection.Get());
+  link.isConnected = true;
+}
+
+// The first result with columns. All are fetched: those after it may carry the error of a later
+// statement.
+ResultSet Send(SQLHSTMT statement, OdbcText text, std::atomic<unsigned>& progress) {
+  SQLRETURN state = SQLExecDirectW(statement, text.data(), static_cast<SQLINTEGER>(text.size()));
+  ResultSet result;
+  // A change that affects no row returns SQL_NO_DATA.
+  bool isFirst = true;
+  for (;;) {
+    if (state == SQL_NO_DATA && !isFirst) return result;
+    if (state != SQL_NO_DATA) Check(state, SQL_HANDLE_STMT, statement);
+    isFirst = false;
+    SQLSMALLINT columns = 0;
+    Check(SQLNumResultCols(statement, &columns), SQL_HANDLE_STMT, statement);
+    if (columns > 0 && result.ColumnCount() == 0) result = FetchAll(statement, columns, progress);
+    state = SQLMoreResults(statement);
+  }
+}
 
 }  // namespace
 
+Link::Link()
+    : environment(SQL_HANDLE_ENV, 0, SQL_NULL_HANDLE),
+      connection(Prepared(environment), SQL_HANDLE_ENV, environment.Get()) {}
+
+void Link::Disconnect() noexcept {
+  if (!std::exchange(isConnected, false)) return;
+  // A driver manager may refuse to close a connection that has a transaction.
+  if (isHanging) RollBack(connection.Get());
+  SQLDisconnect(connection.Get());
+}
+
+Statement::Statement(std::shared_ptr<Link> link) : link_(std::move(link)) {
+  const SQLHDBC connection = link_->connection.Get();
+  Check(SQLAllocHandle(SQL_HANDLE_STMT, connection, &handle_), SQL_HANDLE_DBC, connection);
+}
+
+Statement::~Statement() {
+  if (!link_->isHanging) SQLFreeHandle(SQL_HANDLE_STMT, handle_);
+}
+
 Session::Session(std::string_view connectionString, const ConnectOptions& options)
-    : options_(options),
-      environment_(SQL_HANDLE_ENV, 0, SQL_NULL_HANDLE),
-      connection_(Prepared(environment_), SQL_HANDLE_ENV, environment_.Get()) {
+    : options_(options), link_(std::make_shared<Link>()) {
+  const SQLHDBC connection = link_->connection.Get();
   const auto timeout = static_cast<SQLULEN>(options.loginTimeout.count());
-  SQLSetConnectAttrW(Get(), SQL_ATTR_LOGIN_TIMEOUT, Number(timeout), SQL_IS_UINTEGER);
+  SQLSetConnectAttrW(connection, SQL_ATTR_LOGIN_TIMEOUT, Number(timeout), SQL_IS_UINTEGER);
   if (options.mode == OpenMode::ReadOnly) {
-    SQLSetConnectAttrW(Get(), SQL_ATTR_ACCESS_MODE, Number(SQL_MODE_READ_ONLY), SQL_IS_UINTEGER);
+    SQLSetConnectAttrW(connection, SQL_ATTR_ACCESS_MODE, Number(SQL_MODE_READ_ONLY),
+                       SQL_IS_UINTEGER);
   }
   OdbcText text = ToOdbc(Utf16FromUtf8(NormalizedConnectionString(connectionString)));
   try {
-    Check(SQLDriverConnectW(Get(), nullptr, text.data(), static_cast<SQLSMALLINT>(text.size()),
-                            nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT),
-          SQL_HANDLE_DBC, Get());
+    Run([link = link_, text] { Connect(*link, text); }, options.loginTimeout);
   } catch (const DatabaseError& error) {
     throw DatabaseError(Utf16FromUtf8(WithoutSecrets(error.what(), connectionString)),
                         error.NativeNumber());
   }
-  connected_ = true;
 }
 
 Session::~Session() {
-  if (connected_) SQLDisconnect(Get());
-}
-
-void Session::LimitTime(SQLHSTMT statement) const noexcept {
-  SetTimeLimit(statement, options_.statementTimeout);
-}
-
-ResultSet Session::Execute(std::u16string_view text) {
-  return Run(text, options_.statementTimeout, options_.cancels);
-}
-
-ResultSet Session::Run(std::u16string_view text, std::chrono::seconds limit,
-                       const std::function<bool()>& cancels) {
-  const Handle statement(SQL_HANDLE_STMT, SQL_HANDLE_DBC, Get());
-  SetTimeLimit(statement.Get(), limit);
-  const CancelWatch watch(statement.Get(), cancels);
-  OdbcText sent = ToOdbc(text);
-  SQLRETURN state =
-      SQLExecDirectW(statement.Get(), sent.data(), static_cast<SQLINTEGER>(sent.size()));
-  ResultSet result;
-  // A change that affects no row returns SQL_NO_DATA. Fetch all results: those after the first may
-  // carry the error of a later statement.
-  bool isFirst = true;
-  for (;;) {
-    if (state == SQL_NO_DATA && !isFirst) return result;
-    if (state != SQL_NO_DATA) Check(state, SQL_HANDLE_STMT, statement.Get());
-    isFirst = false;
-    SQLSMALLINT columns = 0;
-    Check(SQLNumResultCols(statement.Get(), &columns), SQL_HANDLE_STMT, statement.Get());
-    if (columns > 0 && result.ColumnCount() == 0) result = FetchAll(statement.Get(), columns);
-    state = SQLMoreResults(statement.Get());
+  try {
+    if (!link_->isHanging) Run([link = link_] { link->Disconnect(); }, options_.loginTimeout);
+    // The last owner of a link that hung may have to wait for the server.
+    if (link_->isHanging) BackgroundCall([link = std::move(link_)] {});
+  } catch (const std::exception&) {
   }
 }
 
-bool Session::IsKnownDead() const noexcept {
-  SQLUINTEGER dead = SQL_CD_FALSE;
-  SQLGetConnectAttrW(Get(), SQL_ATTR_CONNECTION_DEAD, &dead, SQL_IS_UINTEGER, nullptr);
-  return dead == SQL_CD_TRUE;
+void Session::RequireLink() const {
+  if (link_->isHanging) throw DatabaseError(u"[08S01] 与服务器的连接已断开。", 0);
+}
+
+void Session::Run(std::function<void()> call) { Run(std::move(call), options_.statementTimeout); }
+
+// A key that is still down from the command that sent the statement does not cancel it: the answer
+// has to become true.
+void Session::Run(std::function<void()> call, seconds limit, const std::function<bool()>& cancels,
+                  std::function<void()> cancel) {
+  constexpr milliseconds kInterval{100};
+  RequireLink();
+  bool wasAsked = cancels && cancels();
+  unsigned progress = link_->progress;
+  auto start = steady_clock::now();
+  const BackgroundCall running(std::move(call));
+  std::unique_ptr<BackgroundCall> cancelling;
+  while (!running.EndsWithin(kInterval) ||
+         (cancelling != nullptr && !cancelling->EndsWithin(kInterval))) {
+    const bool isAsked = cancels && cancels();
+    if (isAsked && !wasAsked && cancelling == nullptr) {
+      cancelling = std::make_unique<BackgroundCall>(std::move(cancel));
+    }
+    wasAsked = isAsked;
+    const auto now = steady_clock::now();
+    if (std::exchange(progress, link_->progress) != progress) start = now;
+    if (limit.count() > 0 && now > start + limit + kGrace) {
+      link_->isHanging = true;
+      throw DatabaseError(u"[HYT01] 服务器 " + Utf16FromUtf8(std::to_string(limit.count())) +
+                              u" 秒没有应答，连接已断开。",
+                          0);
+    }
+  }
+  running.Get();
+}
+
+std::shared_ptr<Statement> Session::NewStatement() const {
+  RequireLink();
+  auto statement = std::make_shared<Statement>(link_);
+  const auto limit = static_cast<SQLULEN>(options_.statementTimeout.count());
+  SQLSetStmtAttrW(statement->Get(), SQL_ATTR_QUERY_TIMEOUT, Number(limit), SQL_IS_UINTEGER);
+  return statement;
+}
+
+ResultSet Session::Execute(std::u16string_view text) {
+  return Execute(text, options_.statementTimeout, options_.cancels);
+}
+
+ResultSet Session::Execute(std::u16string_view text, seconds limit,
+                           const std::function<bool()>& cancels) {
+  const auto statement = NewStatement();
+  const auto result = std::make_shared<ResultSet>();
+  Run([link = link_, statement, result,
+       sent = ToOdbc(text)] { *result = Send(statement->Get(), sent, link->progress); },
+      limit, cancels, [statement] { SQLCancel(statement->Get()); });
+  return std::move(*result);
 }
 
 bool Session::Answers() noexcept {
-  if (IsKnownDead()) return false;
+  if (link_->isHanging || IsKnownDead(link_->connection.Get())) return false;
   try {
-    Run(u"SELECT 1", options_.loginTimeout, {});
+    Execute(u"SELECT 1", options_.loginTimeout, {});
     return true;
   } catch (const std::exception&) {
     return false;
   }
 }
 
-void Session::SetAutocommit(bool on) {
-  Check(SQLSetConnectAttrW(Get(), SQL_ATTR_AUTOCOMMIT,
-                           Number(on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF), SQL_IS_UINTEGER),
-        SQL_HANDLE_DBC, Get());
-}
-
-// A driver with a single isolation level keeps it.
-void Session::SetIsolation(Isolation isolation) noexcept {
-  SQLSetConnectAttrW(
-      Get(), SQL_ATTR_TXN_ISOLATION,
-      Number(isolation == Isolation::Serializable ? SQL_TXN_SERIALIZABLE : SQL_TXN_READ_COMMITTED),
-      SQL_IS_UINTEGER);
-}
-
 void Session::Begin(Isolation isolation) {
-  if (isolation == Isolation::Serializable) SetIsolation(isolation);
-  SetAutocommit(false);
+  Run([link = link_, isolation] {
+    const SQLHDBC connection = link->connection.Get();
+    if (isolation == Isolation::Serializable) SetIsolation(connection, isolation);
+    Check(SetAutocommit(connection, false), SQL_HANDLE_DBC, connection);
+  });
 }
 
 void Session::Commit() {
-  // A driver may report success for a transaction that the server has lost.
-  if (IsKnownDead()) throw DatabaseError(u"与服务器的连接已断开，事务没有提交。", 0);
-  const SQLRETURN ended = SQLEndTran(SQL_HANDLE_DBC, Get(), SQL_COMMIT);
-  if (!SQL_SUCCEEDED(ended)) {
-    try {
-      ThrowDiagnostic(SQL_HANDLE_DBC, Get());
-    } catch (...) {
-      Rollback();
-      throw;
-    }
-  }
-  SetAutocommit(true);
-  SetIsolation(Isolation::Usual);
+  Run([link = link_] { odbc::Commit(link->connection.Get()); });
 }
 
 void Session::Rollback() noexcept {
-  SQLEndTran(SQL_HANDLE_DBC, Get(), SQL_ROLLBACK);
-  // Fails on a lost connection, which is reopened before the next text.
-  SQLSetConnectAttrW(Get(), SQL_ATTR_AUTOCOMMIT, Number(SQL_AUTOCOMMIT_ON), SQL_IS_UINTEGER);
-  SetIsolation(Isolation::Usual);
+  try {
+    Run([link = link_] { RollBack(link->connection.Get()); });
+  } catch (const std::exception&) {
+    // Only of a server that does not answer, which loses the transaction with the connection.
+  }
 }
 
 std::u16string Session::ServerProduct() {
+  const SQLHDBC connection = link_->connection.Get();
   std::array<SQLWCHAR, 128> name{};
   SQLSMALLINT bytes = 0;
-  Check(SQLGetInfoW(Get(), SQL_DBMS_NAME, name.data(), sizeof(name), &bytes), SQL_HANDLE_DBC,
-        Get());
+  Check(SQLGetInfoW(connection, SQL_DBMS_NAME, name.data(), sizeof(name), &bytes), SQL_HANDLE_DBC,
+        connection);
   std::u16string product(name.begin(), name.end());
   return product.substr(0, product.find(u'\0'));
 }
