@@ -1,17 +1,17 @@
 // The host program: reads its command line, opens the company, shows the frame, runs messages.
-//   WorkbenchHost.exe --company LOCATION [--tour FOLDER | --keys FOLDER]
 #include <windows.h>
 
 #include <commctrl.h>
 #include <objbase.h>
 #include <shellapi.h>
 
-#include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/error.h"
 #include "windows/com/com_object_factory.h"
 #include "windows/com/failure.h"
+#include "workbench/host/command_line.h"
 #include "workbench/host/frame_window.h"
 #include "workbench/host/messages.h"
 #include "workbench/host/tour.h"
@@ -19,30 +19,13 @@
 namespace workbench {
 namespace {
 
-struct Options {
-  std::wstring company;
-  std::wstring tour;
-  std::wstring keys;  // the tour with the keyboard alone
-};
-
-// Nothing for a bad command line.
-std::optional<Options> ReadCommandLine() {
-  Options options;
+std::vector<std::wstring> Words() {
   int count = 0;
   wchar_t** words = CommandLineToArgvW(GetCommandLineW(), &count);
-  bool understood = words != nullptr;
-  for (int i = 1; understood && i < count; i += 2) {
-    const std::wstring option = words[i];
-    std::wstring* target = option == L"--company" ? &options.company
-                           : option == L"--tour"  ? &options.tour
-                           : option == L"--keys"  ? &options.keys
-                                                  : nullptr;
-    understood = target != nullptr && i + 1 < count;
-    if (understood) *target = words[i + 1];
-  }
+  if (words == nullptr) return {};
+  std::vector<std::wstring> copied(words + 1, words + count);
   LocalFree(words);
-  if (!understood) return std::nullopt;
-  return options;
+  return copied;
 }
 
 struct Ole {
@@ -52,9 +35,10 @@ struct Ole {
   }
 };
 
-int RunHost(HINSTANCE module, int show, const Options& options) {
+int RunHost(HINSTANCE module, int show, const CommandLine& options) {
   pricedown::windows::ComObjectFactory factory;
   FrameWindow frame(module, factory.Create(u"ZEPWorkbench.Settings"));
+  SetTimeouts(*frame.Settings(), options);
   frame.Show(show);
   if (options.company.empty()) return frame.Run();
   const bool isWhole = !options.tour.empty();
@@ -74,11 +58,9 @@ int RunHost(HINSTANCE module, int show, const Options& options) {
 
 // NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name)
 int WINAPI wWinMain(HINSTANCE module, HINSTANCE, PWSTR, int show) {
-  const auto options = workbench::ReadCommandLine();
+  const auto options = workbench::ParseCommandLine(workbench::Words());
   if (!options) {
-    MessageBoxW(nullptr,
-                L"WorkbenchHost.exe --company 公司文件或连接串 [--tour 文件夹 | --keys 文件夹]",
-                L"工作台", MB_OK | MB_ICONINFORMATION);
+    MessageBoxW(nullptr, workbench::kUsage, L"工作台", MB_OK | MB_ICONINFORMATION);
     return 2;
   }
   const workbench::Ole ole;
