@@ -21,9 +21,7 @@ std::wstring WithoutPasswords(const std::wstring& location) {
   return pricedown::windows::ToWide(pricedown::FromUtf8(kept));
 }
 
-}  // namespace
-
-std::vector<std::wstring> RecentCompanies() {
+std::vector<std::wstring> Stored() {
   DWORD bytes = 0;
   if (RegGetValueW(HKEY_CURRENT_USER, kKey, kValue, RRF_RT_REG_MULTI_SZ, nullptr, nullptr,
                    &bytes) != ERROR_SUCCESS) {
@@ -42,17 +40,36 @@ std::vector<std::wstring> RecentCompanies() {
   return companies;
 }
 
-void AddRecentCompany(const std::wstring& location) {
-  const std::wstring kept = WithoutPasswords(location);
-  std::vector<std::wstring> companies = RecentCompanies();
-  std::erase(companies, kept);
-  companies.insert(companies.begin(), kept);
-  companies.resize(std::min(companies.size(), kMost));
+void Store(const std::vector<std::wstring>& companies) {
   std::wstring texts;
   for (const std::wstring& company : companies) texts.append(company).push_back(L'\0');
   texts.push_back(L'\0');
   RegSetKeyValueW(HKEY_CURRENT_USER, kKey, kValue, REG_MULTI_SZ, texts.data(),
                   static_cast<DWORD>(texts.size() * sizeof(wchar_t)));
+}
+
+}  // namespace
+
+std::vector<std::wstring> RecentCompanies() {
+  const std::vector<std::wstring> stored = Stored();
+  std::vector<std::wstring> companies;
+  for (const std::wstring& location : stored) {
+    std::wstring kept = WithoutPasswords(location);
+    const bool isNew = std::find(companies.begin(), companies.end(), kept) == companies.end();
+    if (isNew && !kept.empty()) companies.push_back(std::move(kept));
+  }
+  if (companies != stored) Store(companies);
+  return companies;
+}
+
+void AddRecentCompany(const std::wstring& location) {
+  const std::wstring kept = WithoutPasswords(location);
+  if (kept.empty()) return;
+  std::vector<std::wstring> companies = RecentCompanies();
+  std::erase(companies, kept);
+  companies.insert(companies.begin(), kept);
+  companies.resize(std::min(companies.size(), kMost));
+  Store(companies);
 }
 
 }  // namespace workbench

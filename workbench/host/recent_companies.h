@@ -6,7 +6,8 @@
 
 namespace workbench {
 
-// The newest first; at most eight. Paths and connection strings without passwords.
+// The newest first; at most eight. Paths and connection strings without passwords: those that an
+// earlier version stored are removed from the registry.
 std::vector<std::wstring> RecentCompanies();
 
 // Moves a location to the front. Failures to store it are ignored.

@@ -165,6 +165,26 @@ TEST_F(OpenCompany, OffersTheRecentOnesWithoutPasswords) {
   SendMessageW(frame_.Handle(), WM_COMMAND, IDM_FILE_OPEN, 0);
 }
 
+TEST_F(OpenCompany, RemovesPasswordsThatAreStored) {
+  constexpr const wchar_t* kKey = L"Software\\PriceDownWorkbench";
+  constexpr const wchar_t* kValue = L"RecentCompanies";
+  constexpr wchar_t kStored[] =
+      L"DSN=books;Uid=me;Pwd=Geheim-1\0company.db\0DSN=books;Uid=me;PWD={Geheim;2}\0"
+      L"PWD=Geheim-3\0";
+  ASSERT_EQ(
+      RegSetKeyValueW(HKEY_CURRENT_USER, kKey, kValue, REG_MULTI_SZ, kStored, sizeof(kStored)),
+      ERROR_SUCCESS);
+  EXPECT_THAT(RecentCompanies(), ElementsAre(L"DSN=books;Uid=me", L"company.db"));
+  std::wstring stored(1000, L'?');
+  auto bytes = static_cast<DWORD>(stored.size() * sizeof(wchar_t));
+  ASSERT_EQ(RegGetValueW(HKEY_CURRENT_USER, kKey, kValue, RRF_RT_REG_MULTI_SZ, nullptr,
+                         stored.data(), &bytes),
+            ERROR_SUCCESS);
+  constexpr std::wstring_view kKept(L"DSN=books;Uid=me\0company.db\0", 28);
+  EXPECT_EQ(stored.substr(0, kKept.size()), kKept);
+  EXPECT_EQ(stored.find(L"Geheim"), std::wstring::npos);
+}
+
 TEST_F(OpenCompany, StoresAllSettingsOrNone) {
   frame_.OpenCompany(Company());
   user_.Will([&](HWND dialog) {
