@@ -10,6 +10,7 @@
 #include "windows/com/wide_text.h"
 #include "workbench/pickers/dialog/dialog_pickers.h"
 #include "workbench/suite/com/class_ids.h"
+#include "workbench/suite/com/escape_key.h"
 #include "workbench/suite/com/suite_registration.h"
 #include "workbench/suite/suite_factory.h"
 
@@ -22,14 +23,6 @@ using pricedown::windows::ComPtr;
 using pricedown::windows::Counts;
 using pricedown::windows::DispatchObject;
 using pricedown::windows::MakeCom;
-
-// Whether Escape is down in a window of this program. Called during a server's statement, when no
-// messages are processed.
-bool EscapeIsPressed() {
-  DWORD process = 0;
-  GetWindowThreadProcessId(GetForegroundWindow(), &process);
-  return process == GetCurrentProcessId() && GetAsyncKeyState(VK_ESCAPE) < 0;
-}
 
 // The suite that all objects of the DLL share.
 struct Server {
