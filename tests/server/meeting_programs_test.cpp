@@ -19,6 +19,15 @@ constexpr int kCommands = 600;
 
 class MeetingProgramsAtServer : public ServerTest {
  protected:
+  // As the control: the guards, the amounts of the period, the class.
+  static void Delete(Connection& company, const std::string& number) {
+    const std::string isOfClass = " n='" + number + "' ";
+    if (Number(company, "SELECT count(*) FROM vouchers") > 0) return;
+    if (Number(company, "SELECT count(*) FROM amounts WHERE period<3 AND" + isOfClass) > 0) return;
+    Execute(company, "DELETE FROM amounts WHERE period=3 AND" + isOfClass);
+    Execute(company, "delete from c where" + isOfClass);
+  }
+
   // The body of a program; its exit code. A save names its rows "PROGRAM-COMMAND-ROWS".
   int Work(int program) const {
     std::mt19937 random(static_cast<unsigned>(program) + 1);
@@ -30,8 +39,13 @@ class MeetingProgramsAtServer : public ServerTest {
         const std::string number = (isEdit ? "E" : "K") + std::to_string(roll(4));
         const bool isThere =
             Number(*company, "SELECT count(*) FROM c WHERE n='" + number + "'") > 0;
+        if (roll(2) == 0) {
+          const std::string period = number == "K3" ? "2" : "3";
+          Execute(*company, "INSERT INTO amounts VALUES('" + number + "'," + period + ")");
+        }
+        Execute(*company, roll(6) == 0 ? "INSERT INTO vouchers VALUES(3)" : "DELETE FROM vouchers");
         if (!isEdit && isThere && roll(6) == 0) {
-          Execute(*company, "delete from c where n='" + number + "'");
+          Delete(*company, number);
           continue;
         }
         const std::string to = !isEdit && roll(4) == 0 ? "K" + std::to_string(roll(4)) : number;
@@ -56,6 +70,16 @@ class MeetingProgramsAtServer : public ServerTest {
 TEST_F(MeetingProgramsAtServer, ShowEachSaveWholeOrNotAtAll) {
   Execute(*Open(), "CREATE TABLE c(n VARCHAR(80),name VARCHAR(80),i INTEGER)");
   Execute(*Open(), "INSERT INTO c VALUES('E0','-1',0),('E1','-1',0),('E2','-1',0),('E3','-1',0)");
+  Execute(
+      *Open(),
+      "CREATE TABLE amounts(n VARCHAR(80),period INTEGER);CREATE TABLE vouchers(period INTEGER);"
+      "CREATE TABLE deleted(period INTEGER,vouchers INTEGER)");
+  Execute(*Open(),
+          "CREATE FUNCTION note() RETURNS trigger LANGUAGE plpgsql AS $$BEGIN "
+          "EXECUTE 'INSERT INTO deleted SELECT $1,count(*)FROM vouchers' USING OLD.period;"
+          "RETURN OLD;END$$");
+  Execute(*Open(),
+          "CREATE TRIGGER t BEFORE DELETE ON amounts FOR EACH ROW EXECUTE FUNCTION note()");
   std::vector<pid_t> programs;
   for (int program = 0; program < kPrograms; ++program) {
     programs.push_back(fork());
@@ -96,6 +120,11 @@ TEST_F(MeetingProgramsAtServer, ShowEachSaveWholeOrNotAtAll) {
     EXPECT_TRUE(numbers.count("E0") == 1);
     ++looks;
   }
+  EXPECT_EQ(Number(*company, "SELECT count(*) FROM deleted WHERE period<>3"), 0);
+  EXPECT_GT(Number(*company, "SELECT count(*) FROM deleted"), 0);
+  std::cout << Number(*company, "SELECT count(*) FROM deleted") << " amounts deleted, "
+            << Number(*company, "SELECT count(*) FROM deleted WHERE vouchers>0")
+            << " of them after a voucher had come\n";
   std::cout << looks << " looks, " << seen.size() << " saves seen, " << shared
             << " times two under one number\n";
   EXPECT_GT(looks, 100);

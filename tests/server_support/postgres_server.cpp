@@ -9,6 +9,7 @@
 #include <signal.h>
 #include <sys/prctl.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -59,6 +60,9 @@ int FreePort() {
   return ntohs(address.sin_port);
 }
 
+// Null where programs run as the user that runs the tests.
+const passwd* ServerUser() { return geteuid() == 0 ? getpwnam(kUnprivilegedUser) : nullptr; }
+
 // In the child: nothing that allocates. Ends with the parent.
 [[noreturn]] void Become(const passwd* user, const char* log, char* const* words) {
   const bool changed = user == nullptr || (setgid(user->pw_gid) == 0 && setuid(user->pw_uid) == 0);
@@ -73,7 +77,7 @@ int FreePort() {
 }
 
 pid_t StartProgram(std::vector<std::string> words, const fs::path& log) {
-  const passwd* user = geteuid() == 0 ? getpwnam(kUnprivilegedUser) : nullptr;
+  const passwd* user = ServerUser();
   std::vector<char*> pointers;
   for (std::string& word : words) pointers.push_back(word.data());
   pointers.push_back(nullptr);
@@ -90,6 +94,27 @@ void RunProgram(std::vector<std::string> words, const fs::path& log) {
   int status = 0;
   waitpid(process, &status, 0);
   if (status != 0) throw std::runtime_error(name + " failed, see " + log.string());
+}
+
+// Whether the user may pass through the folder and all above it.
+bool CanReach(const passwd& user, fs::path folder) {
+  for (;; folder = folder.parent_path()) {
+    struct stat found {};
+    if (stat(folder.c_str(), &found) != 0) return false;
+    const mode_t needed = found.st_uid == user.pw_uid   ? S_IXUSR
+                          : found.st_gid == user.pw_gid ? S_IXGRP
+                                                        : S_IXOTH;
+    if ((found.st_mode & needed) == 0) return false;
+    if (folder == folder.root_path()) return true;
+  }
+}
+
+// The build folder. Below a folder that is closed to the server's user, as a home folder may be,
+// nothing can be opened to it: then the system's folder for temporary files.
+fs::path FolderForServers() {
+  const fs::path build = fs::read_symlink("/proc/self/exe").parent_path().parent_path();
+  const passwd* user = ServerUser();
+  return user == nullptr || CanReach(*user, build) ? build : fs::temp_directory_path();
 }
 
 }  // namespace
@@ -111,11 +136,11 @@ PostgresServer* PostgresServer::Get(std::string& whyNot) {
 }
 
 PostgresServer::PostgresServer(fs::path programs) : programs_(std::move(programs)) {
-  std::string name = (fs::temp_directory_path() / "pricedown-server-XXXXXX").string();
+  std::string name = (FolderForServers() / "server-XXXXXX").string();
   if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no folder for the server");
   folder_ = name;
   std::ofstream(folder_ / "password") << kPassword << '\n';
-  const passwd* user = geteuid() == 0 ? getpwnam(kUnprivilegedUser) : nullptr;
+  const passwd* user = ServerUser();
   if (user != nullptr) {
     for (const fs::path& path : {folder_, folder_ / "password"}) {
       if (chown(path.c_str(), user->pw_uid, user->pw_gid) != 0) {
