@@ -22,10 +22,6 @@ class PreviewKeys : public PreviewWorld {
   }
 };
 
-void Append(Steps& steps, Steps more) {
-  for (auto& step : more) steps.push_back(std::move(step));
-}
-
 TEST_F(PreviewKeys, PageKeysTurnAWholePage) {
   ShowFivePages({[&] { PostKey(VK_NEXT); },
                  [&] {

@@ -23,6 +23,10 @@ BOOL CALLBACK CloseOwned(HWND window, LPARAM closed) {
 
 }  // namespace
 
+void Append(Steps& steps, Steps more) {
+  for (auto& step : more) steps.push_back(std::move(step));
+}
+
 ModalSteps::ModalSteps(Steps steps)
     : steps_(std::move(steps)), timer_(SetTimer(nullptr, 0, kPeriod, &OnTimer)) {
   current = this;

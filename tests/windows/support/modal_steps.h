@@ -10,6 +10,7 @@
 namespace pricedown::testing {
 
 using Steps = std::vector<std::function<void()>>;
+void Append(Steps& steps, Steps more);
 
 class ModalSteps {
  public:
