@@ -58,9 +58,19 @@ class Tour {
   // With the keyboard alone.
   void AddKeys();
   void AddClassByKeys();
+  void ChangeClassByKeys();
+  void DeleteClassByKeys();
+  void PreviewByBarAndKeys();
   void FindClassByKeys(const wchar_t* text);
-  // The find bar has found something, and shows its first hit.
-  void ExpectHits();
+  void GoToGridByKeys();
+  void LeaveGridByKeys();
+  void TypePriceByKeys();
+  void CopyByKeys(std::u16string_view classNumber, const char16_t* price);
+  void FindItemsByKeys();
+  void PrintByKeys();
+  void UseOtherModeByKeys();
+  // The find bar's count begins so: "1 / " at its first hit.
+  void ExpectHit(std::wstring_view start);
   void ExpectRows(std::u16string_view condition, std::int32_t count);
   // Waits for a message box whose text begins with `text` and presses its button.
   void ExpectBox(const wchar_t* picture, const std::wstring& text, int button);
@@ -69,6 +79,7 @@ class Tour {
   HWND Grid() const;
   // Throws unless that part of the control has the focus.
   void RequireFocus(int controlId) const;
+  void RequireGridFocus() const;
   // Position from 1; kLastClass for the one at the end. The point is the tree's.
   POINT ClassPoint(int position) const;
   void SelectClass(int position);

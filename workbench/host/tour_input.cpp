@@ -74,6 +74,8 @@ void PressWithControl(WORD key, bool shift) {
   }
 }
 
+void PressWithShift(WORD key) { PressKeys({VK_SHIFT, key}); }
+
 void PressText(const wchar_t* text) {
   for (; *text != L'\0'; ++text) {
     std::array<INPUT, 2> inputs{};

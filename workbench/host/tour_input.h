@@ -20,6 +20,7 @@ HWND RequireReady(HWND window);
 void PostKey(HWND window, WPARAM key);
 // Keys and characters at the keyboard itself: they go to the window with the focus.
 void PressWithControl(WORD key, bool shift);
+void PressWithShift(WORD key);
 void Press(WORD key);
 void PressText(const wchar_t* text);
 void PostText(HWND window, const wchar_t* text);

@@ -1,5 +1,5 @@
-// A tour with the keyboard alone: a class is added with both pickers, found, changed; another one
-// is deleted; the items are previewed; and the class table is checked at the end.
+// The tour with the keyboard alone: a class is added with both pickers, found, changed; another one
+// is deleted; and the class table is checked at the end.
 #include <windows.h>
 
 #include <commctrl.h>
@@ -44,7 +44,7 @@ void Tour::FindClassByKeys(const wchar_t* text) {
                       PressText(text);
                     }});
   steps_.push_back({nullptr, [this] {
-                      ExpectHits();
+                      ExpectHit(L"1 / ");
                       Press(VK_RETURN);
                     }});
 }
@@ -111,13 +111,8 @@ void Tour::AddClassByKeys() {
                     }});
 }
 
-void Tour::AddKeys() {
-  steps_.push_back({nullptr, [this] {
-                      Require(GetForegroundWindow() == frame_.Handle(), u"窗口还没有激活。");
-                      PressWithControl('1', false);
-                    }});
-  steps_.push_back({L"k1-opened-by-keys", [this] { RequireFocus(ids::kTree); }});
-  AddClassByKeys();
+// The name is changed, and one of the two items removed by the list's menu.
+void Tour::ChangeClassByKeys() {
   FindClassByKeys(L"KEYS");
   steps_.push_back({nullptr, [this] {
                       RequireFocus(ids::kTree);
@@ -130,18 +125,46 @@ void Tour::AddKeys() {
   steps_.push_back({nullptr, [] {
                       RequireField(form_ids::kClassName);
                       PressText(L"键盘类别二");
+                      for (int i = 0; i < 4; ++i) Press(VK_RETURN);
+                    }});
+  steps_.push_back({nullptr, [] {
+                      RequireField(form_ids::kMembers);
+                      Press(VK_HOME);
+                      Press(VK_SPACE);
+                      Press(VK_APPS);
+                    }});
+  // The line after 增加物料.
+  steps_.push_back({nullptr, [] {
+                      RequireMenu();
+                      Press(VK_DOWN);
+                      Press(VK_DOWN);
+                    }});
+  steps_.push_back({L"k4-removal-by-keys", [] { RequireMenu(); }});
+  steps_.push_back({nullptr, [] { Press(VK_RETURN); }});
+  steps_.push_back({nullptr, [] {
+                      const HWND list = GetDlgItem(RequireForm(), form_ids::kMembers);
+                      Require(ListView_GetItemCount(list) == 1, u"物料没有去掉。");
                       PressWithControl('S', false);
                     }});
-  steps_.push_back({nullptr, [] { Press(VK_ESCAPE); }});
+  ExpectRows(u"FItemClassNumber='KEYS' and FItemClassName='键盘类别二'", 1);
+  steps_.push_back({nullptr, [] {
+                      RequireForm();
+                      Press(VK_ESCAPE);
+                    }});
+}
+
+void Tour::DeleteClassByKeys() {
   FindClassByKeys(L"10(");
   steps_.push_back({nullptr, [this] {
                       RequireFocus(ids::kTree);
                       Press(VK_DELETE);
                     }});
-  steps_.push_back({L"k4-deletion-by-keys", [] { RequireBox(kDeleteQuestion); }});
+  steps_.push_back({L"k5-deletion-by-keys", [] { RequireBox(kDeleteQuestion); }});
   steps_.push_back({nullptr, [] { Press(VK_RETURN); }});
-  FindClassByKeys(L"KEYS");
-  // From the tree backwards: the tool strip, and in it 预览.
+}
+
+// From the tree backwards: the tool strip, and in it 预览.
+void Tour::PreviewByBarAndKeys() {
   steps_.push_back({nullptr, [this] {
                       RequireFocus(ids::kTree);
                       Press(VK_TAB);
@@ -152,11 +175,34 @@ void Tour::AddKeys() {
                       for (int i = 0; i < 4; ++i) Press(VK_RIGHT);
                       Press(VK_RETURN);
                     }});
-  steps_.push_back({L"k5-preview-by-keys", [] { RequirePreview(); }});
+  steps_.push_back({nullptr, [] { RequirePreview(); }});
   steps_.push_back({nullptr, [] { Press(VK_ESCAPE); }});
-  steps_.push_back({L"k6-back-by-keys", [this] { RequireFocus(ids::kToolStrip); }});
-  ExpectRows(u"FItemClassNumber='KEYS' and FItemClassName='键盘类别二'", 2);
-  ExpectRows(u"FItemClassNumber='10'", 0);
+  steps_.push_back({L"k12-back-by-keys", [this] { RequireFocus(ids::kToolStrip); }});
+}
+
+void Tour::AddKeys() {
+  steps_.push_back({nullptr, [this] {
+                      Require(GetForegroundWindow() == frame_.Handle(), u"窗口还没有激活。");
+                      PressWithControl('1', false);
+                    }});
+  steps_.push_back({L"k1-opened-by-keys", [this] { RequireFocus(ids::kTree); }});
+  AddClassByKeys();
+  ChangeClassByKeys();
+  DeleteClassByKeys();
+  FindClassByKeys(L"KEYS");
+  TypePriceByKeys();
+  LeaveGridByKeys();
+  FindClassByKeys(L"05(");
+  GoToGridByKeys();
+  FindItemsByKeys();
+  PrintByKeys();
+  UseOtherModeByKeys();
+  // The focus is where it was in that window.
+  LeaveGridByKeys();
+  FindClassByKeys(L"KEYS");
+  PreviewByBarAndKeys();
+  ExpectRows(u"FItemClassNumber='KEYS' and FItemClassName='键盘类别二'", 1);
+  ExpectRows(u"FItemClassNumber in ('09','10')", 0);
 }
 
 }  // namespace workbench
