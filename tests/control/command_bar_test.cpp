@@ -18,13 +18,13 @@ class HostListener : public LocalObject<HostListener> {
  public:
   static std::span<const Member<HostListener>> Members() {
     static constexpr std::array<Member<HostListener>, 2> kMembers{{
-        {u"ToolChanged", MemberKind::Method, Hear<kChanged>, 1, 1},
-        {u"ToolClicked", MemberKind::Method, Hear<kClicked>, 1, 1},
+        {u"ToolChanged", MemberKind::Method, Receive<kChanged>, 1, 1},
+        {u"ToolClicked", MemberKind::Method, Receive<kClicked>, 1, 1},
     }};
     return kMembers;
   }
 
-  std::vector<std::string> heard;
+  std::vector<std::string> received;
   std::function<void()> whenNotified;
   bool fails = false;
 
@@ -33,10 +33,10 @@ class HostListener : public LocalObject<HostListener> {
   static constexpr char kClicked[] = "clicked ";
 
   template <const char* what>
-  static Value Hear(HostListener& listener, Access, std::span<Value> arguments) {
+  static Value Receive(HostListener& listener, Access, std::span<Value> arguments) {
     const ObjectPtr tool = RequireObject(arguments[0], u"tool");
     const auto is = [&](std::u16string_view state) { return ToBoolean(tool->Get(state)); };
-    listener.heard.push_back(
+    listener.received.push_back(
         what + Utf8(ToText(tool->Get(u"Name"))) + (is(u"Enabled") ? " on" : " off") +
         (is(u"Checked") ? " checked" : "") + (is(u"Visible") ? "" : " hidden"));
     if (listener.whenNotified) listener.whenNotified();
@@ -210,18 +210,18 @@ TEST_F(CommandBarTest, NotifiesTheListenerOfEachChangeOfAnyToolEvenAddedLater) {
   Of(Tools(), u"Add", {u"iRefresh"})->Put(u"Checked", true);
   cut->Put(u"Visible", false);
   Of(Tools(), u"Add", {u"iToolBar"})->Put(u"Checked", false);
-  EXPECT_EQ(listener_->heard,
+  EXPECT_EQ(listener_->received,
             (std::vector<std::string>{"changed iCut off", "changed iRefresh on checked",
                                       "changed iCut off hidden", "changed iToolBar on"}));
 }
 
 TEST_F(CommandBarTest, NotifiesTheListenerOfAClickAfterItsCommand) {
-  bar_->OnClick([&](const ObjectPtr&) { listener_->heard.push_back("command"); });
+  bar_->OnClick([&](const ObjectPtr&) { listener_->received.push_back("command"); });
   bar_->PutReference(u"Listener", listener_);
   bar_->Call(u"Click", {u"iEdit"});
   Of(bar_, u"Tools", {u"iCut"})->Call(u"Click");
-  EXPECT_EQ(listener_->heard, (std::vector<std::string>{"command", "clicked iEdit on", "command",
-                                                        "clicked iCut on"}));
+  EXPECT_EQ(listener_->received, (std::vector<std::string>{"command", "clicked iEdit on", "command",
+                                                           "clicked iCut on"}));
 }
 
 TEST_F(CommandBarTest, NotifiesNoListenerOfAClickThatDoesNothingOrFails) {
@@ -231,7 +231,7 @@ TEST_F(CommandBarTest, NotifiesNoListenerOfAClickThatDoesNothingOrFails) {
   EXPECT_THROW(bar_->Call(u"Click", {u"iEdit"}), AutomationError);
   bar_->Tool(u"iEdit")->DisableForGood();
   bar_->Call(u"Click", {u"iEdit"});
-  EXPECT_EQ(listener_->heard, std::vector<std::string>{"changed iEdit off"});
+  EXPECT_EQ(listener_->received, std::vector<std::string>{"changed iEdit off"});
 }
 
 TEST_F(CommandBarTest, ChangesAndClicksEvenIfTheListenerFailsOrLacksTheMethod) {
@@ -246,7 +246,7 @@ TEST_F(CommandBarTest, ChangesAndClicksEvenIfTheListenerFailsOrLacksTheMethod) {
   tool->Call(u"Click");
   EXPECT_EQ(TextOf(tool, u"Checked") + TextOf(tool, u"Visible"), "TrueFalse");
   EXPECT_EQ(commands, 1);
-  EXPECT_EQ(listener_->heard.size(), 2u);
+  EXPECT_EQ(listener_->received.size(), 2u);
 }
 
 TEST_F(CommandBarTest, HasOneListenerUntilItGetsAnotherOrNone) {
@@ -258,8 +258,8 @@ TEST_F(CommandBarTest, HasOneListenerUntilItGetsAnotherOrNone) {
   bar_->Tool(u"iCut")->SetChecked(true);
   bar_->PutReference(u"Listener", nullptr);
   bar_->Tool(u"iCut")->SetChecked(false);
-  EXPECT_EQ(other->heard, std::vector<std::string>{"changed iCut on checked"});
-  EXPECT_EQ(listener_->heard, std::vector<std::string>{});
+  EXPECT_EQ(other->received, std::vector<std::string>{"changed iCut on checked"});
+  EXPECT_EQ(listener_->received, std::vector<std::string>{});
   for (const Value& wrong : std::vector<Value>{1, u"x", Missing{}, Value()}) {
     EXPECT_THROW(bar_->Put(u"Listener", wrong), AutomationError) << Readable(wrong);
   }
@@ -280,7 +280,7 @@ TEST_F(CommandBarTest, ReleasesItsListenerWhenItIsDetached) {
   bar_->PutReference(u"Listener", listener_);
   bar_->Tool(u"iCut")->SetChecked(true);
   EXPECT_EQ(listener_.use_count(), 1);
-  EXPECT_EQ(listener_->heard, std::vector<std::string>{});
+  EXPECT_EQ(listener_->received, std::vector<std::string>{});
 }
 
 TEST_F(CommandBarTest, MayGetAnotherListenerInsideACall) {
@@ -292,7 +292,7 @@ TEST_F(CommandBarTest, MayGetAnotherListenerInsideACall) {
   bar_->Tool(u"iCut")->SetChecked(true);
   EXPECT_TRUE(first.expired());
   bar_->Tool(u"iCut")->SetChecked(false);
-  EXPECT_EQ(next->heard, std::vector<std::string>{"changed iCut on"});
+  EXPECT_EQ(next->received, std::vector<std::string>{"changed iCut on"});
 }
 
 TEST_F(CommandBarTest, PassesAClickedToolToItsHandler) {

@@ -21,7 +21,7 @@ using windows::ComPtr;
 // Logs each event with its arguments.
 class EventSink final : public windows::ComClass<IDispatch> {
  public:
-  std::vector<std::string> heard;
+  std::vector<std::string> received;
   std::function<void()> whenNotified;
   HRESULT answer = S_OK;
 
@@ -37,7 +37,7 @@ class EventSink final : public windows::ComClass<IDispatch> {
     for (UINT i = parameters->cArgs; i > 0; --i) {
       line += " " + Readable(windows::FromVariant(parameters->rgvarg[i - 1]));
     }
-    heard.push_back(line);
+    received.push_back(line);
     if (whenNotified) whenNotified();
     return answer;
   }
@@ -50,19 +50,19 @@ class EventListener : public LocalObject<EventListener> {
     static const std::array members{
         Member<EventListener>{u"SelectionChanged", MemberKind::Method,
                               [](EventListener& listener, Access, std::span<Value> arguments) {
-                                listener.heard.push_back(Readable(arguments[0]));
+                                listener.received.push_back(Readable(arguments[0]));
                                 throw AutomationError(ErrorNumber::Unspecified, u"listener");
                                 return Value();
                               },
                               1, 1},
         Member<EventListener>{u"Closing", MemberKind::Method,
                               [](EventListener& listener, Access, std::span<Value>) {
-                                listener.heard.push_back("closing");
+                                listener.received.push_back("closing");
                                 return Value();
                               }}};
     return members;
   }
-  std::vector<std::string> heard;
+  std::vector<std::string> received;
 };
 
 class Events : public ::testing::Test {
@@ -82,7 +82,7 @@ class Events : public ::testing::Test {
   }
   std::string Heard() const {
     std::string text;
-    for (const std::string& line : sink->heard) text += line + "\n";
+    for (const std::string& line : sink->received) text += line + "\n";
     return text;
   }
 
@@ -116,8 +116,8 @@ TEST_F(Events, ReachEverySinkAfterAnyAnswerOfOne) {
   Connect(*sink.get());
   Connect(*second.get());
   host->Open();
-  EXPECT_EQ(sink->heard, second->heard);
-  EXPECT_EQ(second->heard.size(), 1U);
+  EXPECT_EQ(sink->received, second->received);
+  EXPECT_EQ(second->received.size(), 1U);
 }
 
 TEST_F(Events, ReachNoSinkThatHasLeft) {
@@ -163,7 +163,7 @@ TEST_F(Events, ReachALateBoundListenerByName) {
   EXPECT_EQ(Expression(host->control.get(), L"Listener").substr(0, 4), "S_OK");
   host->Open();
   host->Close();
-  EXPECT_EQ(listener->heard, (std::vector<std::string>{"\"01\"", "closing"}));
+  EXPECT_EQ(listener->received, (std::vector<std::string>{"\"01\"", "closing"}));
   ComPtr<IDispatch> kept;
   EXPECT_EQ(host->As<_PriceDownState>()->get_Listener(kept.put()), S_OK);
   EXPECT_FALSE(kept);
