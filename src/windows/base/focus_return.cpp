@@ -3,11 +3,11 @@
 
 namespace pricedown::windows {
 
-FocusPlace::FocusPlace()
+FocusedWindow::FocusedWindow()
     : window_(GetFocus()),
       parent_(window_ == nullptr ? nullptr : GetAncestor(window_, GA_PARENT)) {}
 
-HWND FocusPlace::Find() const {
+HWND FocusedWindow::Find() const {
   for (const HWND place : {window_, parent_}) {
     if (place != nullptr && IsWindowVisible(place) != FALSE && IsWindowEnabled(place) != FALSE) {
       return place;

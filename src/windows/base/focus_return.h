@@ -8,9 +8,9 @@ namespace pricedown::windows {
 
 // The window with the focus. A field may close when it loses the focus; its parent is used
 // then.
-class FocusPlace {
+class FocusedWindow {
  public:
-  FocusPlace();
+  FocusedWindow();
   // Null when there was none, or when it was destroyed or cannot get the focus now.
   HWND Find() const;
 
@@ -28,7 +28,7 @@ class FocusReturn {
   FocusReturn& operator=(const FocusReturn&) = delete;
 
  private:
-  FocusPlace place_;
+  FocusedWindow place_;
 };
 
 }  // namespace pricedown::windows

@@ -28,7 +28,7 @@ class ModalShowing {
 
  private:
   HWND window_;
-  FocusPlace focus_;
+  FocusedWindow focus_;
   bool ended_ = false;
   std::vector<HWND> disabled_;
 };

@@ -21,7 +21,7 @@ namespace pricedown::windows {
 template <typename Command>
 void ItemClassWindow::Run(Command&& command) {
   if (form_ == nullptr) return;
-  const FocusPlace focus;
+  const FocusedWindow focus;
   RunCommand(true, [&] { command(*form_); });
   // A window of the suite may have left no window focused; a command may also have moved it.
   if (Handle() == nullptr || GetActiveWindow() != Handle() ||
