@@ -1,7 +1,7 @@
 # Included by a directory of programs that are not shipped: beside g++ for 64-bit Windows, clang
 # compiles them in half the time, and lld links them in a second where GNU ld takes up to a minute
-# and a half. What they test is compiled as it ships. For 32 bits GNU ld is quick, and programs made of
-# objects of both compilers crash before main.
+# and a half. What they test is compiled as it ships. For 32 bits GNU ld is quick, and objects of both
+# compilers do not fit together (toolchain-windows-clang-x86.cmake says why).
 if(MINGW AND CMAKE_CROSSCOMPILING AND CMAKE_CXX_COMPILER_ID STREQUAL GNU
     AND CMAKE_SIZEOF_VOID_P EQUAL 8)
   find_program(CLANGXX clang++ REQUIRED)
