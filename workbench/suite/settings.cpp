@@ -7,6 +7,7 @@
 #include "platform/error.h"
 #include "platform/text.h"
 #include "workbench/company/location.h"
+#include "workbench/recording/replay.h"
 #include "workbench/suite/result_rows.h"
 
 namespace workbench {
@@ -109,6 +110,14 @@ QueuedPickers& Settings::Queue() {
                                      u"选择由用户在窗口中进行。", u"ZEPWorkbench.Settings");
   }
   return *queue;
+}
+
+const Replay& Settings::CurrentReplay() {
+  if (suite_->replay == nullptr) {
+    throw pricedown::AutomationError(pricedown::ErrorNumber::ObjectNotSet, u"没有回放记录。",
+                                     u"ZEPWorkbench.Settings");
+  }
+  return *suite_->replay;
 }
 
 std::u16string Settings::Users() {
@@ -225,6 +234,20 @@ std::span<const Member<Settings>> Settings::Members() {
          return settings.Query(ToText(arguments[0]));
        },
        1, 1},
+      {u"Replay", MemberKind::Method,
+       [](Settings& settings, Access, std::span<Value> arguments) {
+         settings.Suite().replay = Replay::Open(ToText(arguments[0]));
+         return Value();
+       },
+       1, 1},
+      {u"ReplayDifference", MemberKind::Get,
+       [](Settings& settings, Access, std::span<Value>) {
+         return Value(settings.CurrentReplay().Difference());
+       }},
+      {u"ReplayCallsLeft", MemberKind::Get,
+       [](Settings& settings, Access, std::span<Value>) {
+         return Value(static_cast<std::int32_t>(settings.CurrentReplay().CallsLeft()));
+       }},
       {u"Users", MemberKind::Get,
        [](Settings& settings, Access, std::span<Value>) { return Value(settings.Users()); }},
   };

@@ -12,7 +12,9 @@ namespace workbench {
 // key) get and put, ItemClassType, UseShortNumber, CurrentYear, CurrentPeriod (short for profiles),
 // Rights(objectType, objectNumber) get and put, VoucherPresent get and put (of the current period),
 // QueueAccount(number), QueueItems(ids separated by ",") answer the next lookup instead of the
-// user, empty texts as if cancelled, Query(text) returns the first cell, Users returns "id=name"
+// user, empty texts as if cancelled, Query(text) returns the first cell,
+// Replay(file) answers from a recording from now on, in place of the company, ReplayDifference is the
+// text of the first call that differs from it, ReplayCallsLeft how many calls of it were not made, Users returns "id=name"
 // entries separated by ";".
 class Settings : public pricedown::LocalObject<Settings> {
  public:
@@ -25,6 +27,8 @@ class Settings : public pricedown::LocalObject<Settings> {
   void SetUser(std::int32_t id);
   // Throws AutomationError when the pickers have no queue.
   QueuedPickers& Queue();
+  // Throws AutomationError when nothing is replayed.
+  const Replay& CurrentReplay();
   std::u16string Users();
   pricedown::Value Query(std::u16string_view statement);
 

@@ -13,6 +13,8 @@
 
 namespace workbench {
 
+class Replay;
+
 struct SuiteState {
   std::unique_ptr<Connection> company;
   ConnectOptions options;
@@ -20,6 +22,8 @@ struct SuiteState {
   // Who was signed in earlier since the company was opened.
   std::set<std::int32_t> earlierUsers;
   std::u16string language = u"chs";
+  // Answers in place of the suite's objects; null without a replay.
+  std::shared_ptr<Replay> replay;
   // Never null.
   std::unique_ptr<Pickers> pickers = std::make_unique<QueuedPickers>();
 

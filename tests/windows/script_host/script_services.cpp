@@ -9,6 +9,7 @@
 #include "platform/convert.h"
 #include "platform/error.h"
 #include "platform/text.h"
+#include "tests/windows/script_host/window_picture.h"
 #include "windows/com/com_ptr.h"
 #include "windows/com/failure.h"
 #include "windows/com/variant_value.h"
@@ -66,6 +67,12 @@ Value ScriptServices::HostControl(std::u16string_view progId, std::u16string_vie
   return windows::FromDispatch(control.As<IDispatch>().get());
 }
 
+std::u16string ScriptServices::Picture() const {
+  std::u16string pictures;
+  for (const HWND window : windows_) pictures += Concatenate({PictureOf(window), u" "});
+  return pictures;
+}
+
 void ScriptServices::CloseWindows() {
   for (const HWND window : windows_) DestroyWindow(window);
   windows_.clear();
@@ -104,6 +111,10 @@ std::span<const Member<ScriptServices>> ScriptServices::Members() {
                          return services.HostControl(ToText(arguments[0]), ToText(arguments[1]));
                        },
                        2, 2},
+      Member<Services>{u"Picture", MemberKind::Get,
+                       [](Services& services, Access, Arguments) -> Value {
+                         return services.Picture();
+                       }},
       Member<Services>{u"CloseWindows", MemberKind::Method,
                        [](Services& services, Access, Arguments) {
                          services.CloseWindows();

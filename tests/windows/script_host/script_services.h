@@ -1,5 +1,5 @@
-// What scripts may call without a prefix: Print, Check, CheckEqual, HostControl, CloseWindows, and
-// the user's part of script_user.h: Play, WindowClass, TextIn, TypeInto, PressKey, PressTool,
+// What scripts may call without a prefix: Print, Check, CheckEqual, HostControl, Picture, CloseWindows,
+// and the user's part of script_user.h: Play, WindowClass, TextIn, TypeInto, PressKey, PressTool,
 // PressButton, CloseForm.
 #pragma once
 
@@ -25,6 +25,8 @@ class ScriptServices : public LocalObject<ScriptServices> {
   void Check(std::u16string_view name, bool holds);
   // A control in the system's container, in a visible window with that caption.
   Value HostControl(std::u16string_view progId, std::u16string_view caption);
+  // PictureOf each of these windows.
+  std::u16string Picture() const;
   void CloseWindows();
   ScriptUser& User() { return user_; }
 

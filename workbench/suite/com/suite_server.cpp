@@ -9,6 +9,7 @@
 #include "windows/com/dispatch_object.h"
 #include "windows/com/wide_text.h"
 #include "workbench/pickers/dialog/dialog_pickers.h"
+#include "workbench/recording/replay.h"
 #include "workbench/suite/com/class_ids.h"
 #include "workbench/suite/com/escape_key.h"
 #include "workbench/suite/com/suite_registration.h"
@@ -24,23 +25,30 @@ using pricedown::windows::Counts;
 using pricedown::windows::DispatchObject;
 using pricedown::windows::MakeCom;
 
+// Empty when the variable is not set.
+std::u16string EnvironmentText(const wchar_t* name) {
+  std::wstring text(GetEnvironmentVariableW(name, nullptr, 0), L'\0');
+  if (!text.empty()) {
+    text.resize(GetEnvironmentVariableW(name, text.data(), static_cast<DWORD>(text.size())));
+  }
+  return pricedown::windows::FromWide(text);
+}
+
 // The suite that all objects of the DLL share.
 struct Server {
   HINSTANCE module = nullptr;
   SuiteStatePtr suite;
 
-  // Programs without a host name the company in the environment.
+  // Programs without a host name the company or the recording in the environment.
   const SuiteStatePtr& Suite() {
     if (suite == nullptr) {
       suite = std::make_shared<SuiteState>();
       suite->pickers = std::make_unique<QueuedPickers>(std::make_unique<DialogPickers>(module));
       suite->options.cancels = EscapeIsPressed;
-      const DWORD size = GetEnvironmentVariableW(L"WORKBENCH_COMPANY", nullptr, 0);
-      if (size > 1) {
-        std::wstring location(size - 1, L'\0');
-        GetEnvironmentVariableW(L"WORKBENCH_COMPANY", location.data(), size);
-        suite->OpenCompany(pricedown::windows::FromWide(location));
-      }
+      const std::u16string company = EnvironmentText(L"WORKBENCH_COMPANY");
+      if (!company.empty()) suite->OpenCompany(company);
+      const std::u16string recording = EnvironmentText(L"WORKBENCH_REPLAY");
+      if (!recording.empty()) suite->replay = Replay::Open(recording);
     }
     return suite;
   }
@@ -60,7 +68,7 @@ class SuiteClassFactory final : public ComClass<IClassFactory> {
     *result = nullptr;
     if (outer != nullptr) return CLASS_E_NOAGGREGATION;
     return AtBoundary([&] {
-      const auto object = MakeCom<DispatchObject>(class_.create(TheServer().Suite()));
+      const auto object = MakeCom<DispatchObject>(CreateObject(class_, TheServer().Suite()));
       return object->QueryInterface(id, result);
     });
   }
