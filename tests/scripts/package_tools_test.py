@@ -29,7 +29,7 @@ class BillOfMaterials(unittest.TestCase):
         self.assertEqual(bill["metadata"]["component"]["version"], "1.2.3")
         names = {component["name"] for component in bill["components"]}
         self.assertEqual(names, {"GCC runtime libraries", "mingw-w64 runtime", "utfcpp", "CLI11",
-                                 "SQLite amalgamation"})
+                                 "JSON for Modern C++", "SQLite amalgamation"})
         for component in bill["components"]:
             self.assertTrue(component["version"], component["name"])
             self.assertTrue(component["licenses"], component["name"])

@@ -20,6 +20,8 @@ std::optional<int> Seconds(const std::wstring& text) {
 bool Set(CommandLine& commandLine, const std::wstring& option, const std::wstring& value) {
   if (option == L"--company") {
     commandLine.company = value;
+  } else if (option == L"--replay") {
+    commandLine.replay = value;
   } else if (option == L"--tour") {
     commandLine.tour = value;
   } else if (option == L"--keys") {

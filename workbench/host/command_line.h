@@ -11,6 +11,7 @@ namespace workbench {
 
 struct CommandLine {
   std::wstring company;  // path or connection string
+  std::wstring replay;   // a recording, in place of a company
   std::wstring tour;
   std::wstring keys;  // the tour with the keyboard alone
   // In seconds.
@@ -20,7 +21,8 @@ struct CommandLine {
 
 inline constexpr const wchar_t* kUsage =
     L"WorkbenchHost.exe [--company 公司文件或连接串] [--tour 文件夹 | --keys 文件夹]\n"
-    L"[--login-timeout 秒] [--statement-timeout 秒]";
+    L"[--login-timeout 秒] [--statement-timeout 秒]\n"
+    L"WorkbenchHost.exe --replay 记录文件";
 
 // `words` without the program's name. Nothing for a bad command line.
 std::optional<CommandLine> ParseCommandLine(const std::vector<std::wstring>& words);

@@ -118,6 +118,12 @@ bool FrameWindow::OpenCompanyOrAsk(std::wstring location) {
   return false;
 }
 
+void FrameWindow::ReplayRecording(const std::wstring& file) {
+  settings_->Call(u"Replay", {FromWide(file)});
+  ShowStatusText(L"回放记录：" + file);
+  OpenChild(kItemClassesCaption);
+}
+
 ChildWindow* FrameWindow::ActiveChild() const {
   return ChildWindow::Of(reinterpret_cast<HWND>(SendMessageW(client_, WM_MDIGETACTIVE, 0, 0)));
 }

@@ -36,6 +36,9 @@ class FrameWindow final : private ChildWindowEvents {
   // The same for the user: reports a failure and asks for another company until one opens or the
   // user cancels; keeps the opened one among the recent ones. Returns whether it opened one.
   bool OpenCompanyOrAsk(std::wstring location);
+  // Answers the control from a recording from now on, without a company, and opens its window.
+  // Throws AutomationError for another file.
+  void ReplayRecording(const std::wstring& file);
   // Opens a child window, or brings it to the front. Null when that fails, after a message, or
   // when the user has closed it meanwhile.
   ChildWindow* OpenChild(const wchar_t* caption);

@@ -40,6 +40,10 @@ int RunHost(HINSTANCE module, int show, const CommandLine& options) {
   FrameWindow frame(module, factory.Create(u"ZEPWorkbench.Settings"));
   SetTimeouts(*frame.Settings(), options);
   frame.Show(show);
+  if (!options.replay.empty()) {
+    frame.ReplayRecording(options.replay);
+    return frame.Run();
+  }
   if (options.company.empty()) return frame.Run();
   const bool isWhole = !options.tour.empty();
   if (isWhole || !options.keys.empty()) {

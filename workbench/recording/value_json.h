@@ -17,7 +17,8 @@ inline constexpr ObjectNumber kForeignObject = -1;
 
 // Texts, truths, nulls, 32-bit integers and doubles are those of JSON; all else is an object with
 // one member that names the kind. References are followed. A null block, which stands for what no
-// kind exists for, is {"other": true}. Passwords are hidden, see passwords.h. `numberOf` is never asked for a null object.
+// kind exists for, is {"other": true}. Passwords are hidden, see passwords.h. `numberOf` is never
+// asked for a null object.
 Json ToJson(const pricedown::Value& value,
             const std::function<ObjectNumber(const pricedown::ObjectPtr&)>& numberOf);
 

@@ -236,7 +236,8 @@ std::span<const Member<Settings>> Settings::Members() {
        1, 1},
       {u"Replay", MemberKind::Method,
        [](Settings& settings, Access, std::span<Value> arguments) {
-         settings.Suite().replay = Replay::Open(ToText(arguments[0]));
+         const std::u16string file = ToText(arguments[0]);
+         settings.Suite().replay = file.empty() ? nullptr : Replay::Open(file);
          return Value();
        },
        1, 1},

@@ -13,9 +13,9 @@ namespace workbench {
 // Rights(objectType, objectNumber) get and put, VoucherPresent get and put (of the current period),
 // QueueAccount(number), QueueItems(ids separated by ",") answer the next lookup instead of the
 // user, empty texts as if cancelled, Query(text) returns the first cell,
-// Replay(file) answers from a recording from now on, in place of the company, ReplayDifference is the
-// text of the first call that differs from it, ReplayCallsLeft how many calls of it were not made, Users returns "id=name"
-// entries separated by ";".
+// Replay(file) answers from a recording from now on, in place of the company ("": no longer),
+// ReplayDifference is the text of the first call that differs from it, ReplayCallsLeft how many
+// calls of it were not made, Users returns "id=name" entries separated by ";".
 class Settings : public pricedown::LocalObject<Settings> {
  public:
   explicit Settings(SuiteStatePtr suite) : suite_(std::move(suite)) {}

@@ -18,8 +18,8 @@ struct SuiteClass {
 // In a fixed order: the COM server's class ids are assigned by position.
 std::span<const SuiteClass> SuiteClasses();
 
-// A new object of the class, of the recording while one is replayed: all but `ZEPWorkbench.Settings`
-// and recordsets of a recording that has none. Throws AutomationError.
+// A new object of the class, of the recording while one is replayed: all but
+// `ZEPWorkbench.Settings` and recordsets of a recording that has none. Throws AutomationError.
 pricedown::ObjectPtr CreateObject(const SuiteClass& suiteClass, const SuiteStatePtr& suite);
 
 class SuiteFactory : public pricedown::ObjectFactory {

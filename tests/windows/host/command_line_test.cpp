@@ -10,7 +10,7 @@
 namespace workbench {
 namespace {
 
-TEST(CommandLine, HoldsCompanyTourAndTimeLimits) {
+TEST(CommandLine, HoldsCompanyTourRecordingAndTimeLimits) {
   const auto read = ParseCommandLine({L"--login-timeout", L"3", L"--company", L"Server=s;PWD=p",
                                       L"--statement-timeout", L"0", L"--keys", L"folder"});
   ASSERT_TRUE(read);
@@ -19,6 +19,7 @@ TEST(CommandLine, HoldsCompanyTourAndTimeLimits) {
   EXPECT_EQ(read->keys, L"folder");
   EXPECT_EQ(read->loginTimeout, 3);
   EXPECT_EQ(read->statementTimeout, 0);
+  EXPECT_EQ(ParseCommandLine({L"--replay", L"file"})->replay, L"file");
   EXPECT_FALSE(ParseCommandLine({})->loginTimeout);
   EXPECT_FALSE(ParseCommandLine({})->statementTimeout);
 }

@@ -111,10 +111,9 @@ std::span<const Member<ScriptServices>> ScriptServices::Members() {
                          return services.HostControl(ToText(arguments[0]), ToText(arguments[1]));
                        },
                        2, 2},
-      Member<Services>{u"Picture", MemberKind::Get,
-                       [](Services& services, Access, Arguments) -> Value {
-                         return services.Picture();
-                       }},
+      Member<Services>{
+          u"Picture", MemberKind::Get,
+          [](Services& services, Access, Arguments) -> Value { return services.Picture(); }},
       Member<Services>{u"CloseWindows", MemberKind::Method,
                        [](Services& services, Access, Arguments) {
                          services.CloseWindows();

@@ -1,6 +1,6 @@
-// What scripts may call without a prefix: Print, Check, CheckEqual, HostControl, Picture, CloseWindows,
-// and the user's part of script_user.h: Play, WindowClass, TextIn, TypeInto, PressKey, PressTool,
-// PressButton, CloseForm.
+// What scripts may call without a prefix: Print, Check, CheckEqual, HostControl, Picture,
+// CloseWindows, and the user's part of script_user.h: Play, WindowClass, TextIn, TypeInto,
+// PressKey, PressTool, PressButton, CloseForm.
 #pragma once
 
 #include <windows.h>
