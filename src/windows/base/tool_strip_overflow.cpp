@@ -55,6 +55,7 @@ void ToolStripWindow::ChooseFromRest() {
   if (strip.HasEnded()) return;
   const std::vector<HiddenButton> rest = HiddenButtons(buttons_, shown_);
   std::vector<MenuLine> lines;
+  lines.reserve(rest.size());
   for (const auto& [command, beginsGroup] : rest) {
     lines.push_back(
         {Caption(*command), ShortcutText(command->keys[0]), IsEnabled(*command), beginsGroup});
