@@ -6,6 +6,7 @@
 #include <string>
 
 #include "env/translation.h"
+#include "platform/icon_ids.h"
 #include "print/preview_fields.h"
 #include "print/preview_layout.h"
 #include "windows/base/dpi.h"
@@ -58,6 +59,8 @@ void PrintProgress::Show() {
   creation.parent = owner_;
   creation.module = module_;
   CreateOwn(creation);
+  icon_ = LoadIconResource(PRICEDOWN_ICON_PRINT, IconSize(Dpi::Of(owner_)));
+  SendMessageW(Handle(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon_.get()));
   text_.Create(Handle(), module_, L"STATIC", kPrintProgressText, WS_VISIBLE | SS_NOPREFIX);
   bar_.Create(Handle(), module_, PROGRESS_CLASSW, kPrintProgressBar, WS_VISIBLE);
   button_.Create(Handle(), module_, L"BUTTON", IDCANCEL, WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON,

@@ -7,6 +7,7 @@
 
 #include "windows/base/bound_window.h"
 #include "windows/base/fonts.h"
+#include "windows/base/image_list.h"
 #include "windows/base/modal_showing.h"
 #include "windows/base/plain_control.h"
 #include "windows/base/visual_styles.h"
@@ -42,6 +43,7 @@ class PrintProgress final : public PrintWatcher, private BoundWindow {
   bool cancelled_ = false;
   VisualStyles styles_;
   FontHandle font_;
+  IconHandle icon_;
   PlainControl text_;
   PlainControl bar_;
   PlainControl button_;

@@ -154,6 +154,7 @@ TEST_F(PrintProgressTest, ShowsTheJobsProgressAndDisablesItsOwner) {
     EXPECT_TRUE(IsWindowVisible(Window()));
     EXPECT_EQ(GetWindow(Window(), GW_OWNER), host_.Handle());
     EXPECT_FALSE(IsWindowEnabled(host_.Handle()));
+    EXPECT_NE(SendMessageW(Window(), WM_GETICON, ICON_SMALL, 0), 0);
     KeepPicture(Window(), "print-progress");
   }
   EXPECT_EQ(Window(), nullptr);
