@@ -29,6 +29,8 @@ constexpr const wchar_t* kControlProgId = L"ZEPPriceDownPrepare.PriceDown";
 void ChildWindow::RegisterClass(HINSTANCE module) {
   WNDCLASSEXW description{};
   description.cbSize = sizeof(description);
+  // Maximizing would keep pixels of the window that was in front.
+  description.style = CS_HREDRAW | CS_VREDRAW;
   description.lpfnWndProc = Procedure;
   description.hInstance = module;
   description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
