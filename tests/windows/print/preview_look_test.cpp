@@ -7,6 +7,7 @@
 
 #include "print/preview_state.h"
 #include "tests/print/fake_measurer.h"
+#include "tests/windows/base/high_contrast.h"
 #include "tests/windows/print/preview_world.h"
 #include "windows/base/dpi.h"
 #include "windows/print/device_measurer.h"
@@ -70,6 +71,11 @@ class PreviewLook : public PreviewWorld {
       }
     }
   }
+  // Of a tool bar, what stands out as a picture must.
+  double ShareOfBar(int id) const {
+    const Picture bar = CapturePicture(Child(id));
+    return ShareThatStandsOut(bar, {1, 1, bar.width - 1, bar.height - 1}, 3);
+  }
   static bool IsInk(const Picture& picture, long column, long row) {
     return (picture.At(static_cast<int>(column), static_cast<int>(row)) & 0xFF) < 0xC8;
   }
@@ -91,6 +97,31 @@ TEST_F(PreviewLook, ShowsTheWholePageThenItsWidthThenItsDetails) {
              [&] { ClickButton(u"ZoomIn"); }, [&] { KeepPicture(Window(), Name("detail")); },
              [&] { SetWindowPos(Window(), nullptr, 0, 0, 300, 300, SWP_NOMOVE | SWP_NOZORDER); },
              [&] { KeepPicture(Window(), Name("narrow")); }, [&] { CloseByFrame(); }});
+}
+
+TEST_F(PreviewLook, TellsPageInkAndSurroundingsApartInHighContrast) {
+  for (const bool dark : {true, false}) {
+    SCOPED_TRACE(dark ? "dark" : "light");
+    const HighContrast colours(dark);
+    Show(200, {[&] { HighContrast::Apply(Window()); },
+               [&] {
+                 KeepPicture(Window(), Name(dark ? "in dark" : "in light"));
+                 const Picture picture = CapturePicture(Pane());
+                 // From the left border to the middle of the page: the page begins somewhere, and
+                 // has ink.
+                 const int middle = picture.height / 2;
+                 const std::uint32_t desk = picture.At(2, middle);
+                 int edge = 3;
+                 while (edge < picture.width && Contrast(picture.At(edge, middle), desk) < 1.5)
+                   ++edge;
+                 EXPECT_LT(edge, picture.width / 2) << "no edge of the page";
+                 const RECT page{edge + 4, middle / 2, picture.width / 2, middle};
+                 EXPECT_GT(ShareThatStandsOut(picture, page, 4.5), 0.0002);
+                 EXPECT_GT(ShareOfBar(preview_ids::kDocumentBar), 0.02);
+                 EXPECT_GT(ShareOfBar(preview_ids::kViewBar), 0.02);
+               },
+               [&] { CloseByFrame(); }});
+  }
 }
 
 }  // namespace
