@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 #include "platform/error.h"
 #include "store/statements.h"
@@ -27,6 +28,34 @@ RECT PlaceOf(const UiWorld& world, HWND child) {
   GetWindowRect(child, &area);
   MapWindowPoints(nullptr, world.window->Handle(), reinterpret_cast<POINT*>(&area), 2);
   return area;
+}
+
+// The control's parts take their sizes again from the resolution and the fonts.
+TEST(ControlWindow, PlacesItsPartsAgainWhenTheResolutionHasChanged) {
+  UiWorld world;
+  world.Start();
+  const auto heights = [&] {
+    std::vector<LONG> all;
+    for (const HWND child :
+         {world.Child(ids::kTitle), world.Strip(), world.Child(ids::kClassHeading), world.Tree(),
+          world.Child(ids::kGridPane), world.Child(ids::kStatusBar)}) {
+      const RECT place = PlaceOf(world, child);
+      all.push_back(place.top);
+      all.push_back(place.bottom);
+    }
+    all.push_back(static_cast<LONG>(SendMessageW(world.Tree(), TVM_GETITEMHEIGHT, 0, 0)));
+    all.push_back(static_cast<LONG>(SendMessageW(world.Strip(), TB_GETBUTTONSIZE, 0, 0)));
+    return all;
+  };
+  const auto before = heights();
+  SendMessageW(world.Tree(), TVM_SETITEMHEIGHT, 40, 0);
+  SendMessageW(world.Strip(), TB_SETBUTTONSIZE, 0, MAKELPARAM(50, 50));
+  for (const HWND child : {world.Strip(), world.Child(ids::kClassHeading), world.Tree()}) {
+    SetWindowPos(child, nullptr, 0, 0, 30, 7, SWP_NOMOVE | SWP_NOZORDER);
+  }
+  EXPECT_NE(heights(), before);
+  SendMessageW(world.window->Handle(), windows::kDpiChangedAfterParent, 0, 0);
+  EXPECT_EQ(heights(), before);
 }
 
 TEST(ControlWindow, ShowsTheCaptionThePeriodAndTheHeadings) {
