@@ -4,6 +4,7 @@
 #include "tests/windows/base/message_boxes.h"
 #include "tests/windows/raw_call.h"
 #include "tests/windows/server/control_host.h"
+#include "tests/windows/support/modal_steps.h"
 #include "tests/windows/system_call.h"
 #include "windows/com/variant_value.h"
 
@@ -95,20 +96,49 @@ TEST(InAtlAxWin, TheControlIsThereEvenIfItsCreationFailed) {
   EXPECT_NE(host.Window(), nullptr);
 }
 
-// AtlAxWin keeps a focus that it gets to itself, and so does this frame.
-TEST(InAtlAxWin, TheFocusIsBackInTheControlAfterAMessage) {
-  AtlHost host;
-  ASSERT_EQ(host.Show(), "S_OK True");
-  ShowWindow(host.frame.Handle(), SW_SHOW);
-  SetForegroundWindow(host.frame.Handle());
-  SetFocus(host.Window());
-  const HWND tree = GetFocus();
-  ASSERT_TRUE(IsChild(host.Window(), tree));
+// AtlAxWin keeps a focus that it gets to itself, and so does this frame: only the control can give
+// the focus back to its tree.
+class FocusInAtlAxWin : public ::testing::Test {
+ protected:
+  FocusInAtlAxWin() {
+    EXPECT_EQ(host_.Show(), "S_OK True");
+    ShowWindow(host_.frame.Handle(), SW_SHOW);
+    SetForegroundWindow(host_.frame.Handle());
+    SetFocus(host_.Window());
+    tree_ = GetFocus();
+    EXPECT_TRUE(IsChild(host_.Window(), tree_));
+  }
+  // Closes the modal window of that class, which has the focus while it is open.
+  void RunAndClose(const wchar_t* command, const wchar_t* windowClass) {
+    ModalSteps user({[&] {
+                       const HWND window = FindWindowW(windowClass, nullptr);
+                       EXPECT_TRUE(GetFocus() == window || IsChild(window, GetFocus()));
+                     },
+                     [&] { PostMessageW(FindWindowW(windowClass, nullptr), WM_CLOSE, 0, 0); }});
+    EXPECT_EQ(Statement(host_.control.get(), command), "S_OK");
+    EXPECT_TRUE(user.Ended());
+  }
+
+  AtlHost host_;
+  HWND tree_ = nullptr;
+};
+
+TEST_F(FocusInAtlAxWin, IsBackInTheControlAfterAMessage) {
   MessageBoxes boxes;
   boxes.WillPress({IDNO});
-  Statement(host.control.get(), L"delRecord");
+  Statement(host_.control.get(), L"delRecord");
   ASSERT_EQ(boxes.All().size(), 1U);
-  EXPECT_EQ(GetFocus(), tree);
+  EXPECT_EQ(GetFocus(), tree_);
+}
+
+TEST_F(FocusInAtlAxWin, IsBackInTheControlAfterTheForm) {
+  RunAndClose(L"addRecord", L"PriceDown.ItemClass");
+  EXPECT_EQ(GetFocus(), tree_);
+}
+
+TEST_F(FocusInAtlAxWin, IsBackInTheControlAfterThePreview) {
+  RunAndClose(L"PreviewPara", L"PriceDown.Preview");
+  EXPECT_EQ(GetFocus(), tree_);
 }
 
 TEST(InAtlAxWin, TheControlIsMadeAgainAndAgain) {
