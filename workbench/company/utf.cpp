@@ -1,7 +1,10 @@
 #include "workbench/company/utf.h"
 
+#include <utf8.h>
+
 #include <cstdint>
 #include <cstring>
+#include <iterator>
 
 namespace workbench {
 namespace {
@@ -10,22 +13,6 @@ constexpr char32_t kReplacement = 0xFFFD;
 
 constexpr bool IsHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
 constexpr bool IsLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
-
-void AppendCodePoint(std::string& target, char32_t point) {
-  const auto continuation = [point](int shift) {
-    return static_cast<char>(0x80 | ((point >> shift) & 0x3F));
-  };
-  if (point < 0x80) {
-    target += static_cast<char>(point);
-  } else if (point < 0x800) {
-    target += {static_cast<char>(0xC0 | (point >> 6)), continuation(0)};
-  } else if (point < 0x10000) {
-    target += {static_cast<char>(0xE0 | (point >> 12)), continuation(6), continuation(0)};
-  } else {
-    target += {static_cast<char>(0xF0 | (point >> 18)), continuation(12), continuation(6),
-               continuation(0)};
-  }
-}
 
 // Copies the ASCII run at the start of `text`, eight bytes at a time, and returns its length.
 std::size_t CopyAsciiRun(const unsigned char* text, std::size_t size, char16_t* target) noexcept {
@@ -52,7 +39,8 @@ void AppendUtf8(std::string& target, std::u16string_view text) {
     if (IsHighSurrogate(point) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
       point = 0x10000 + ((point - 0xD800) << 10) + (text[++i] - 0xDC00U);
     }
-    AppendCodePoint(target, point);
+    // Unlike the checked one it writes lone surrogates.
+    utf8::unchecked::append(point, std::back_inserter(target));
   }
 }
 
