@@ -1,10 +1,9 @@
 // The library's guards as queries that return every row instead of the first one.
 #include "workbench/sample/company_explain.h"
 
-#include <algorithm>
-#include <charconv>
-#include <set>
-
+#include "platform/convert.h"
+#include "platform/error.h"
+#include "workbench/company/utf.h"
 #include "workbench/sample/company_query.h"
 
 namespace workbench {
@@ -23,16 +22,16 @@ struct Period {
 
 std::string AmountText(const Cell& cell) { return cell.IsNull() ? "空" : TextOf(cell); }
 
-// A missing value is 0; nothing for a text that is no number.
+// As the library reads it. A missing value is 0; nothing for a text that is no number.
 std::optional<std::int64_t> NumberOfProfile(Connection& company, const char* key) {
   const ResultSet rows = Ask(
       company, "SELECT FValue FROM t_systemprofile WHERE FCategory='IC' AND FKey=" + Literal(key));
   if (rows.RowCount() == 0 || rows.At(0, 0).IsNull()) return 0;
-  const std::string text = TextOf(rows.At(0, 0));
-  std::int64_t number = 0;
-  const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (read.ec != std::errc() || read.ptr != text.data() + text.size()) return std::nullopt;
-  return number;
+  try {
+    return pricedown::ToInt32(pricedown::Value(Utf16FromUtf8(TextOf(rows.At(0, 0)))));
+  } catch (const pricedown::AutomationError&) {
+    return std::nullopt;
+  }
 }
 
 class Explainer {
@@ -151,14 +150,22 @@ std::optional<Explanation> ExplainItem(Connection& company, std::string_view cod
     explainer.Add(kQuoted);
     return explainer.Release();
   }
-  const std::int64_t kind = IntegerOf(items.At(0, 3));
-  if (kind == 6 || kind == 8) {
-    explainer.Add("物料属性为 " + std::to_string(kind) + ",不在类别的明细中列出");
+  // Several items may have the code; the commands tell them apart no more than this.
+  const std::int64_t listed = QueryInteger(
+      company,
+      "SELECT count(*) FROM t_ICItem a INNER JOIN icPriceDownClass b ON a.FItemID=b.FItemID "
+      "WHERE a.FErpClsID NOT IN(6,8) AND a." +
+          condition);
+  for (std::size_t row = 0; listed == 0 && row < items.RowCount(); ++row) {
+    const std::int64_t kind = IntegerOf(items.At(row, 3));
+    if (kind == 6 || kind == 8) {
+      explainer.Add("物料属性为 " + std::to_string(kind) + ",不在类别的明细中列出");
+    }
+    const std::int64_t classes =
+        QueryInteger(company, "SELECT count(*) FROM icPriceDownClass WHERE FItemID=" +
+                                  std::to_string(IntegerOf(items.At(row, 0))));
+    if (classes == 0) explainer.Add("不属于任何类别");
   }
-  const ResultSet classes =
-      Ask(company, "SELECT FItemClassNumber FROM icPriceDownClass WHERE FItemID=" +
-                       std::to_string(IntegerOf(items.At(0, 0))));
-  if (classes.RowCount() == 0) explainer.Add("不属于任何类别");
   explainer.AddAll("以前期间已有业务,",
                    explainer.Amounts(Explainer::Which::Earlier, "t_ICItem", "b." + condition));
   const std::vector<std::string> vouchers = explainer.Vouchers();
