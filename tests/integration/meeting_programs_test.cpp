@@ -14,6 +14,7 @@
 
 #include "platform/error.h"
 #include "tests/integration/command_sequences.h"
+#include "tests/integration/forwarding_connection.h"
 #include "workbench/company/utf.h"
 #include "workbench/sample/company_check.h"
 
@@ -44,10 +45,23 @@ struct Save {
   std::set<std::int64_t> items;
 };
 
+// Between a guard and what it guards passes the time of a network.
+class DistantConnection final : public ForwardingConnection {
+ public:
+  using ForwardingConnection::ForwardingConnection;
+
+  ResultSet Execute(std::u16string_view text) override {
+    const bool isGuarded = text.starts_with(u"delete") &&
+                           text.find(u"ICPriceDownPrepare") != std::u16string_view::npos;
+    if (isGuarded) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    return ForwardingConnection::Execute(text);
+  }
+};
+
 class MeetingPrograms : public ControlOnCompany {
  protected:
   static constexpr int kPrograms = 2;
-  static constexpr int kCommands = 1000;
+  static constexpr int kCommands = 2000;
 
   ~MeetingPrograms() override {
     for (int program = 0; program < kPrograms; ++program) {
@@ -69,7 +83,11 @@ class MeetingPrograms : public ControlOnCompany {
         "CREATE TRIGGER inserted AFTER INSERT ON icPriceDownClass BEGIN INSERT INTO journal("
         "i,number,name,item)VALUES(1,NEW.FItemClassNumber,NEW.FItemClassName,NEW.FItemID);END;"
         "CREATE TRIGGER deleted AFTER DELETE ON icPriceDownClass BEGIN INSERT INTO journal("
-        "i,number,name,item)VALUES(0,OLD.FItemClassNumber,OLD.FItemClassName,OLD.FItemID);END";
+        "i,number,name,item)VALUES(0,OLD.FItemClassNumber,OLD.FItemClassName,OLD.FItemID);END;"
+        // What commands delete of the amounts, and whether the voucher that forbids it was there.
+        "CREATE TABLE deleted(item INTEGER,year INTEGER,period INTEGER,vouchers INTEGER);"
+        "CREATE TRIGGER amountDeleted AFTER DELETE ON ICPriceDownPrepare BEGIN "
+        "INSERT INTO deleted SELECT OLD.FItemID,OLD.FYear,OLD.FPeriod,count(*)FROM t_voucher;END";
     EXPECT_EQ(sqlite3_exec(company, kJournal, nullptr, nullptr, nullptr), SQLITE_OK)
         << sqlite3_errmsg(company);
     sqlite3_close(company);
@@ -93,12 +111,14 @@ class MeetingPrograms : public ControlOnCompany {
     suite_->OpenCompany(FromUtf8(path_.string()));
     auto offering = std::make_unique<OfferingPickers>(random_);
     suite_->pickers = std::move(offering);
+    suite_->company = std::make_unique<DistantConnection>(std::move(suite_->company));
     Open();
     for (int command = 0; command < kCommands && !HasFailure(); ++command) {
       tag_ = "program" + std::to_string(program) + "-" + std::to_string(command);
       const std::string number = "K" + std::to_string(Roll(4));
       const bool isThere = control->Nodes().FindKey(FromUtf8("gi" + number)) >= 0;
       if (isThere) Select(FromUtf8(number));
+      StoreAmounts();
       questions.WillAnswer({Roll(2) == 0});
       if (!isThere || Roll(8) == 0) {
         Command(u"Add", [&] {
@@ -113,6 +133,7 @@ class MeetingPrograms : public ControlOnCompany {
       }
       questions.ForgetAnswers();
     }
+    report_ << "amounts " << amounts_ << ' ' << earlierAmounts_ << '\n';
     report_.close();
     return HasFailure() || !report_ ? 1 : 0;
   }
@@ -123,6 +144,14 @@ class MeetingPrograms : public ControlOnCompany {
       for (std::string line; std::getline(report, line);) {
         std::istringstream words(line);
         std::string name;
+        if (line.starts_with("amounts ")) {
+          std::int64_t amounts = 0;
+          std::int64_t earlier = 0;
+          words >> name >> amounts >> earlier;
+          amounts_ += amounts;
+          earlierAmounts_ += earlier;
+          continue;
+        }
         Save save;
         for (std::string* each : {&name, &save.opening, &save.number, &save.nameBefore}) {
           std::getline(words, *each, '|');
@@ -159,6 +188,26 @@ class MeetingPrograms : public ControlOnCompany {
     SaveAndExit({opening, {}, nameBefore, {}});
   }
 
+  // As the run of the provision does, with rows of an earlier period that are zero and forbid
+  // nothing. Vouchers do not stay long.
+  void StoreAmounts() {
+    if (Roll(2) == 0) {
+      const std::int32_t item = 1 + Roll(12);
+      AddProvision(item, 2008, 3, 5);
+      ++amounts_;
+      if (Roll(4) == 0) {
+        AddProvision(item, 2007, 12, 0);
+        ++earlierAmounts_;
+      }
+    }
+    if (Roll(12) == 0) {
+      Run(u"INSERT INTO t_voucher(FYear,FPeriod,FTranType,FInternalInd)VALUES"
+          u"(2008,3,820,'Industry')");
+    } else {
+      Run(u"delete from t_voucher where FPeriod=3");
+    }
+  }
+
   void SaveAndExit(const Save& before) {
     report_ << tag_ << '|' << before.opening << '|'
             << ToUtf8(editor.view.Text(FormField::ClassNumber)) << '|' << before.nameBefore << '|';
@@ -173,7 +222,14 @@ class MeetingPrograms : public ControlOnCompany {
   std::string tag_;
 
  protected:
+  std::int64_t Number(std::u16string_view statement) const {
+    return suite_->Execute(statement).At(0, 0).Integer();
+  }
+
   std::map<std::string, Save> saves_;  // by name
+  // Stored, of the period and of an earlier one.
+  std::int64_t amounts_ = 0;
+  std::int64_t earlierAmounts_ = 0;
 };
 
 TEST_F(MeetingPrograms, LoseToEachOtherWhatTheHostGuideSays) {
@@ -255,6 +311,16 @@ TEST_F(MeetingPrograms, LoseToEachOtherWhatTheHostGuideSays) {
   EXPECT_EQ(left, rows);
   EXPECT_THAT(CheckCompany(*suite_->company),
               Each(AnyOf(HasSubstr("物料属于多个类别"), HasSubstr("名称、科目或百分比不一致"))));
+
+  EXPECT_EQ(Number(u"select count(*) from deleted where year<>2008 or period<>3"), 0);
+  EXPECT_EQ(Number(u"select count(*) from ICPriceDownPrepare where FYear=2007"), earlierAmounts_);
+  const std::int64_t deletedAmounts = Number(u"select count(*) from deleted");
+  const std::int64_t lateVouchers = Number(u"select count(*) from deleted where vouchers>0");
+  EXPECT_EQ(Number(u"select count(*) from ICPriceDownPrepare where FYear=2008"),
+            amounts_ - deletedAmounts);
+  std::cout << amounts_ << " amounts of the period, " << deletedAmounts << " deleted with classes "
+            << "and items, " << lateVouchers << " of them after a voucher had come\n";
+  EXPECT_GT(lateVouchers, 0);
   std::cout << stored << " saves stored, " << replaced << " over one not seen, " << revived
             << " of a deleted class, " << doubled << " under a number in use, " << shared
             << " items that another class had\n";
