@@ -223,7 +223,7 @@ TEST_F(ItemClassFormWindow, AppliesTheSizeThatANewResolutionSuggests) {
   ShowForAdd({[&] {
                 RECT suggested{};
                 GetWindowRect(Form(), &suggested);
-                InflateRect(&suggested, 10, 10);
+                InflateRect(&suggested, 10, 0);
                 SendMessageW(Form(), 0x02E0, MAKEWPARAM(192, 192),
                              reinterpret_cast<LPARAM>(&suggested));
                 RECT area{};
