@@ -15,6 +15,7 @@
 #include "platform/text.h"
 #include "tests/sample/temporary_folder.h"
 #include "tests/support/utf8.h"
+#include "windows/base/dpi.h"
 #include "windows/com/com_object_factory.h"
 #include "windows/com/wide_text.h"
 #include "workbench/host/resource_ids.h"
@@ -124,6 +125,20 @@ class FrameWindowTest : public ::testing::Test {
 };
 
 const std::vector<std::string> kOwnLines{"物料类别维护(&M)\tCtrl+1", "存货跌价准备(&P)\tCtrl+2"};
+
+// Or it fills a screen that is not so high.
+TEST_F(FrameWindowTest, HasTheSameHeightInInchesAtEveryResolution) {
+  RECT frame{};
+  GetWindowRect(frame_.Handle(), &frame);
+  const double inches = static_cast<double>(frame.bottom - frame.top) /
+                        pricedown::windows::Dpi::Of(frame_.Handle()).Value();
+  const int most = GetSystemMetrics(SM_CYMAXTRACK);
+  if (frame.bottom - frame.top < most) {
+    EXPECT_NEAR(inches, 7.5, 0.05);
+  } else {
+    EXPECT_LT(most, 7.5 * pricedown::windows::Dpi::Of(frame_.Handle()).Value());
+  }
+}
 
 TEST_F(FrameWindowTest, HasNoToolsWithoutAChild) {
   EXPECT_EQ(Buttons(), 0);
