@@ -42,7 +42,7 @@ Inserter::~Inserter() {
 std::shared_ptr<Statement> Inserter::Prepare(std::size_t rows) const {
   std::string sql = insert_ + placeholders_;
   for (std::size_t i = 1; i < rows; ++i) sql.append(",").append(placeholders_);
-  const auto statement = session_.NewStatement();
+  auto statement = session_.NewStatement();
   session_.Run([statement, text = ToOdbc(Utf16FromUtf8(sql))]() mutable {
     Check(SQLPrepareW(statement->Get(), text.data(), static_cast<SQLINTEGER>(text.size())),
           SQL_HANDLE_STMT, statement->Get());

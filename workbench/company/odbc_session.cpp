@@ -151,7 +151,7 @@ void Session::Run(std::function<void()> call) { Run(std::move(call), options_.st
 // A key that is still down from the command that sent the statement does not cancel it: the answer
 // has to become true.
 void Session::Run(std::function<void()> call, seconds limit, const std::function<bool()>& cancels,
-                  std::function<void()> cancel) {
+                  const std::function<void()>& cancel) {
   constexpr milliseconds kInterval{100};
   RequireLink();
   bool wasAsked = cancels && cancels();
@@ -163,7 +163,7 @@ void Session::Run(std::function<void()> call, seconds limit, const std::function
          (cancelling != nullptr && !cancelling->EndsWithin(kInterval))) {
     const bool isAsked = cancels && cancels();
     if (isAsked && !wasAsked && cancelling == nullptr) {
-      cancelling = std::make_unique<BackgroundCall>(std::move(cancel));
+      cancelling = std::make_unique<BackgroundCall>(cancel);
     }
     wasAsked = isAsked;
     const auto now = steady_clock::now();

@@ -79,7 +79,7 @@ class Session {
   ResultSet Execute(std::u16string_view text, std::chrono::seconds limit,
                     const std::function<bool()>& cancels);
   void Run(std::function<void()> call, std::chrono::seconds limit,
-           const std::function<bool()>& cancels = {}, std::function<void()> cancel = {});
+           const std::function<bool()>& cancels = {}, const std::function<void()>& cancel = {});
   // Throws DatabaseError when the session is lost.
   void RequireLink() const;
 
