@@ -14,20 +14,19 @@ namespace pricedown::testing {
 namespace {
 
 // The status line below tells how long loading took.
+BOOL CALLBACK EndAtStatusLine(HWND child, LPARAM area) noexcept {
+  if (GetDlgCtrlID(child) != windows::control_ids::kStatusBar) return TRUE;
+  RECT line{};
+  GetWindowRect(child, &line);
+  MapWindowPoints(nullptr, GetAncestor(child, GA_ROOT), reinterpret_cast<POINT*>(&line), 2);
+  reinterpret_cast<RECT*>(area)->bottom = line.top;
+  return FALSE;
+}
+
 RECT PicturedArea(HWND window) {
   RECT area{};
   GetClientRect(window, &area);
-  EnumChildWindows(
-      window,
-      [](HWND child, LPARAM parameter) -> BOOL {
-        if (GetDlgCtrlID(child) != windows::control_ids::kStatusBar) return TRUE;
-        RECT line{};
-        GetWindowRect(child, &line);
-        MapWindowPoints(nullptr, GetAncestor(child, GA_ROOT), reinterpret_cast<POINT*>(&line), 2);
-        reinterpret_cast<RECT*>(parameter)->bottom = line.top;
-        return FALSE;
-      },
-      reinterpret_cast<LPARAM>(&area));
+  EnumChildWindows(window, EndAtStatusLine, reinterpret_cast<LPARAM>(&area));
   return area;
 }
 
