@@ -5,19 +5,16 @@
 #include <fstream>
 #include <string>
 
-#include "platform/convert.h"
 #include "platform/error.h"
 #include "platform/text.h"
 #include "tests/sample/temporary_folder.h"
 #include "tests/support/utf8.h"
-#include "tests/windows/host/dialog_user.h"
 #include "windows/com/com_object_factory.h"
 #include "workbench/host/frame_window.h"
 
 namespace workbench {
 namespace {
 
-using pricedown::ToText;
 using pricedown::testing::Utf8;
 
 class HostReplay : public ::testing::Test {
@@ -41,21 +38,6 @@ class HostReplay : public ::testing::Test {
   pricedown::windows::ComObjectFactory factory_;
   FrameWindow frame_{GetModuleHandleW(nullptr), factory_.Create(u"ZEPWorkbench.Settings")};
 };
-
-TEST_F(HostReplay, TheControlIsAnsweredFromTheRecording) {
-  const std::wstring file = FileOf("{\"recording\":1,\"values\":true}\n");
-  std::string told;
-  DialogUser user;
-  user.Will([&](HWND dialog) {
-    constexpr int textOfBox = 0xFFFF;
-    told = Utf8(pricedown::windows::TextOf(GetDlgItem(dialog, textOfBox)));
-    DialogUser::Press(dialog, IDOK);
-    DialogUser::Press(dialog, IDCANCEL);
-  });
-  frame_.ReplayRecording(file);
-  EXPECT_NE(std::string::npos, told.find("记录已经结束，实际调用: {\"kind\":\"create\"")) << told;
-  EXPECT_NE("", Utf8(ToText(frame_.Settings()->Get(u"ReplayDifference"))));
-}
 
 TEST_F(HostReplay, AnotherFileIsRefused) {
   const std::wstring file = FileOf("hello\n");

@@ -58,13 +58,13 @@ STDMETHODIMP RecordedObject::Invoke(DISPID id, REFIID reserved, LCID locale, WOR
                                     DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* record,
                                     UINT* badArgument) noexcept {
   const auto self = ComPtr<RecordedObject>::Share(this);
-  Json line;
+  std::optional<Json> arguments;
   std::string member;
   std::string name;
   WithoutFailing([&] {
     member = MemberName(id);
     name = name_.size() < kLongestName ? name_ + "." + member : member;
-    if (parameters != nullptr) line["arguments"] = ArgumentsOf(*parameters);
+    if (parameters != nullptr) arguments = ArgumentsOf(*parameters);
   });
   std::optional<ForwardedArguments> forwarded;
   WithoutFailing([&] { forwarded.emplace(parameters); });
@@ -79,14 +79,13 @@ STDMETHODIMP RecordedObject::Invoke(DISPID id, REFIID reserved, LCID locale, WOR
   if (forwarded) forwarded->Restore(name);
   if (result != nullptr && SUCCEEDED(code)) RecordObjects(*result, name);
   WithoutFailing([&] {
-    Json arguments = std::move(line["arguments"]);
-    line = clock.Line(KindOf(flags));
+    Json line = clock.Line(KindOf(flags));
     Describe(line);
     line["member"] = member;
     line["dispid"] = id;
-    if (parameters != nullptr) {
-      AddAnswers(arguments, *parameters);
-      line["arguments"] = std::move(arguments);
+    if (arguments) {
+      AddAnswers(*arguments, *parameters);
+      line["arguments"] = std::move(*arguments);
     }
     if (FAILED(code)) {
       line["failure"] = FailureOf(code, record, kept.Info());
