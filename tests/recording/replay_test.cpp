@@ -176,8 +176,10 @@ INSTANTIATE_TEST_SUITE_P(
                    R"({"kind":"put","object":1,"member":"Run","arguments":["a"]})"},
         Difference{"Default", [](Replay&, const ObjectPtr& thing) { thing->Call(u"", {u"a"}); },
                    R"({"kind":"call","object":1,"member":"","arguments":["a"]})"},
-        Difference{"Creation", [](Replay& replay, const ObjectPtr&) { replay.Create(u"Suite.B"); },
-                   R"({"kind":"create","member":"Suite.B","arguments":[]})"}),
+        Difference{
+            "Creation",
+            [](Replay& replay, const ObjectPtr&) { replay.Create(u"Suite.B")->Call(u"Run"); },
+            R"({"kind":"create","member":"Suite.B","arguments":[]})"}),
     [](const auto& one) { return std::string(one.param.name); });
 
 TEST(Replay, AfterADifferenceEveryCallFailsWithItsText) {
@@ -185,7 +187,7 @@ TEST(Replay, AfterADifferenceEveryCallFailsWithItsText) {
   const ObjectPtr thing = replay->Create(u"Suite.Thing");
   const std::string first = FailureOf([&] { thing->Call(u"Go"); });
   EXPECT_EQ(first, FailureOf([&] { thing->Call(u"Run"); }));
-  EXPECT_EQ(first, FailureOf([&] { replay->Create(u"Suite.Thing"); }));
+  EXPECT_EQ(first, FailureOf([&] { replay->Create(u"Suite.Thing")->Call(u"Run"); }));
   EXPECT_EQ(1U, replay->CallsLeft());
 }
 

@@ -54,7 +54,7 @@ TEST_F(ReplayedSuite, RecordsetsThatWereNotRecordedAreTheWorkbenchsOwn) {
 
 TEST_F(ReplayedSuite, EndsWithAnEmptyFileName) {
   Replayed("");
-  EXPECT_THROW(Create(u"ZEPPropsMgr.ShareProps"), pricedown::AutomationError);
+  EXPECT_THROW(Create(u"ZEPPropsMgr.ShareProps")->Call(u"Run"), pricedown::AutomationError);
   Create(u"ZEPWorkbench.Settings")->Call(u"Replay", {u""});
   EXPECT_NE(nullptr, Create(u"ZEPPropsMgr.ShareProps"));
 }

@@ -206,7 +206,13 @@ const Json& Replay::Expect(const Actual& actual) {
 }
 
 ObjectPtr Replay::Create(std::u16string_view progId) {
-  const Json& call = Expect({.kind = "create", .member = std::u16string(progId)});
+  try {
+    Expect({.kind = "create", .member = std::u16string(progId)});
+  } catch (const AutomationError&) {
+    // COM passes no description of a failed creation: the first call of the object fails with it.
+    return std::make_shared<Object>(shared_from_this(), kForeignObject);
+  }
+  const Json& call = calls_[next_ - 1].json;
   ThrowRecordedFailure(call);
   return FromJson(call.at("result").at("value"),
                   [this](ObjectNumber number) { return ObjectOf(number); })

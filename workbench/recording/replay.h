@@ -24,7 +24,8 @@ class Replay final : public pricedown::ObjectFactory, public std::enable_shared_
   static std::shared_ptr<Replay> Read(std::istream& lines);
   static std::shared_ptr<Replay> Open(const std::filesystem::path& file);
 
-  // The object whose creation is the next line. Throws AutomationError.
+  // The object whose creation is the next line; where that differs, one whose calls fail. Throws
+  // AutomationError where the creation failed.
   pricedown::ObjectPtr Create(std::u16string_view progId) override;
 
   // Whether the recording creates an object of that ProgID.
