@@ -21,7 +21,8 @@ IncomingArguments::IncomingArguments(const DISPPARAMS& parameters, bool put, UIN
   if (named > count) {
     throw AutomationError(ErrorNumber::BadParameterCount, u"命名参数多于参数");
   }
-  references_.reserve(count);
+  values_.reserve(count);
+  indexes_.reserve(count);
   UINT index = count;
   try {
     // Positional arguments follow the named ones, the first one last.
@@ -61,6 +62,7 @@ void IncomingArguments::Place(std::size_t position, UINT index, const Converter&
     values_[position] = std::move(value);
     return;
   }
+  if (references_.empty()) references_.reserve(parameters_.cArgs);
   references_.push_back({&argument, value, std::move(value)});
   values_[position] = Value::ByReference(references_.back().now);
 }

@@ -55,9 +55,10 @@ class ArrayData {
   ArrayData& operator=(const ArrayData&) = delete;
   ~ArrayData() { SafeArrayUnaccessData(array_); }
 
+  // The element at `index`, 0 for the first.
   template <typename T>
-  T* As() const {
-    return static_cast<T*>(data_);
+  T* As(std::size_t index = 0) const {
+    return static_cast<T*>(data_) + index;
   }
 
  private:
@@ -76,7 +77,12 @@ Value FromVector(SAFEARRAY* array) {
   const ArrayData data(array);
   auto* at = data.As<std::byte>();
   std::vector<Value> list;
+  if (lower <= upper) list.reserve(static_cast<std::size_t>(upper - lower) + 1);
   for (LONG index = lower; index <= upper; ++index, at += size) {
+    if (type == VT_VARIANT) {
+      list.push_back(FromVariant(*data.As<VARIANT>(list.size())));
+      continue;
+    }
     VARIANT element;
     VariantInit(&element);
     element.byref = at;
@@ -111,6 +117,7 @@ SafeArray ToVector(const std::vector<Value>& list) {
 
 std::vector<Value> CellsOf(const BlockRow& row) {
   std::vector<Value> cells;
+  cells.reserve(row.block->ColumnCount());
   for (std::size_t column = 0; column < row.block->ColumnCount(); ++column) {
     cells.push_back(row.block->CellValue(column, row.row));
   }
