@@ -31,7 +31,10 @@ void StatusWindow::Create(HWND parent, HINSTANCE module, std::u16string_view nam
 }
 
 void StatusWindow::SetPanel(StatusPanel panel, std::u16string_view text) {
-  if (Handle() == nullptr) return;
+  std::u16string& shown = texts_[static_cast<std::size_t>(panel)];
+  // The bar paints a new text at once.
+  if (Handle() == nullptr || shown == text) return;
+  shown = text;
   const std::wstring wide = ToWide(text);
   SendMessageW(Handle(), SB_SETTEXTW, static_cast<WPARAM>(panel),
                reinterpret_cast<LPARAM>(wide.c_str()));
@@ -43,7 +46,7 @@ void StatusWindow::ArrangePanels(Dpi dpi) {
   GetClientRect(Handle(), &client);
   const int wait = std::max(WidthOf(client) - dpi.ToPixels(kWaitPanelWidth), 0);
   const int passtime = std::max(wait - dpi.ToPixels(kPasstimePanelWidth), 0);
-  const std::array<int, 3> edges{passtime, wait, kToTheEdge};
+  const std::array<int, kPanels> edges{passtime, wait, kToTheEdge};
   SendMessageW(Handle(), SB_SETPARTS, edges.size(), reinterpret_cast<LPARAM>(edges.data()));
 }
 

@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <array>
+#include <string>
 #include <string_view>
 
 #include "windows/base/bound_window.h"
@@ -22,9 +24,13 @@ class StatusWindow final : public BoundWindow {
   void ArrangePanels(Dpi dpi);
 
  private:
+  static constexpr std::size_t kPanels = 3;
+
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
     return Default(message, wParam, lParam);
   }
+
+  std::array<std::u16string, kPanels> texts_;
 };
 
 }  // namespace pricedown::windows

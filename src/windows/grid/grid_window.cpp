@@ -99,11 +99,12 @@ void GridWindow::UpdateScrolling() {
   // Setting a bar can show or hide it and so resize the window, which must not start over.
   if (updatingScrolling_) return;
   updatingScrolling_ = true;
+  scrollBarsDue_ = false;
   // A bar that appears leaves less room for the other one.
   RECT area{};
   for (int pass = 0; pass < 3; ++pass) {
     GetClientRect(Handle(), &area);
-    viewport_.Resize({area.right, area.bottom}, grid_ == nullptr ? 0 : grid_->MaxRows());
+    FitViewport(area);
     SetScrollBars();
     RECT after{};
     GetClientRect(Handle(), &after);
@@ -113,18 +114,29 @@ void GridWindow::UpdateScrolling() {
   Invalidate();
 }
 
+void GridWindow::FitViewport(const RECT& area) {
+  viewport_.Resize({area.right, area.bottom}, grid_ == nullptr ? 0 : grid_->MaxRows());
+}
+
 void GridWindow::SetScrollBars() {
+  SetScrollBar(SB_VERT,
+               {std::max(viewport_.Rows() - 1, 0), viewport_.PageRows(), viewport_.TopRow() - 1});
+  SetScrollBar(SB_HORZ, {std::max(viewport_.Geometry().Width() - 1, 0), viewport_.PageWidth(),
+                         viewport_.Left()});
+}
+
+// The system repaints a bar even if nothing about it changes.
+void GridWindow::SetScrollBar(int bar, const ScrollBar& wanted) {
+  ScrollBar& current = scrollBars_[static_cast<std::size_t>(bar)];
+  if (current == wanted) return;
+  current = wanted;
   SCROLLINFO info{};
   info.cbSize = sizeof info;
   info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
-  info.nMax = std::max(viewport_.Rows() - 1, 0);
-  info.nPage = static_cast<UINT>(viewport_.PageRows());
-  info.nPos = viewport_.TopRow() - 1;
-  SetScrollInfo(Handle(), SB_VERT, &info, TRUE);
-  info.nMax = std::max(viewport_.Geometry().Width() - 1, 0);
-  info.nPage = static_cast<UINT>(viewport_.PageWidth());
-  info.nPos = viewport_.Left();
-  SetScrollInfo(Handle(), SB_HORZ, &info, TRUE);
+  info.nMax = wanted.last;
+  info.nPage = static_cast<UINT>(wanted.page);
+  info.nPos = wanted.position;
+  SetScrollInfo(Handle(), bar, &info, TRUE);
 }
 
 void GridWindow::Scrolled(bool moved) {
@@ -160,9 +172,19 @@ void GridWindow::Invalidate() {
 
 void GridWindow::GridChanged() {
   if (Handle() == nullptr || grid_ == nullptr) return;
-  if (grid_->MaxRows() == 0) editor_.Cancel();
   selection_.Fit(*grid_);
-  UpdateScrolling();
+  if (grid_->MaxRows() == 0) {
+    editor_.Cancel();
+    RECT area{};
+    GetClientRect(Handle(), &area);
+    FitViewport(area);
+    // Every load empties the grid first; hiding the bars and showing them again would cost more
+    // than the load of a small class.
+    scrollBarsDue_ = true;
+    Invalidate();
+  } else {
+    UpdateScrolling();
+  }
   events_.ItemsChanged();
 }
 
@@ -185,6 +207,7 @@ GridScene GridWindow::Scene() const {
 }
 
 void GridWindow::OnPaint() {
+  if (scrollBarsDue_) UpdateScrolling();
   const PaintDc paint(Handle());
   if (IsRectEmpty(&paint.Area()) != FALSE) return;
   const BufferedPaint buffer(paint.Get(), paint.Area());

@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <array>
 #include <cstdint>
 #include <string_view>
 
@@ -61,6 +62,12 @@ class GridWindow final : public BoundWindow,
 
  private:
   enum class Mouse { Idle, Selecting, Sizing };
+  struct ScrollBar {
+    int last = -1;
+    int page = 0;
+    int position = 0;
+    bool operator==(const ScrollBar&) const = default;
+  };
 
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   LRESULT OnMouse(UINT message, WPARAM wParam, LPARAM lParam);
@@ -72,7 +79,9 @@ class GridWindow final : public BoundWindow,
   GridScene Scene() const;
   void UpdateMetrics();
   void UpdateScrolling();
+  void FitViewport(const RECT& area);
   void SetScrollBars();
+  void SetScrollBar(int bar, const ScrollBar& wanted);
   // Repaints after the visible part moved.
   void Scrolled(bool moved);
   void OnScrollBar(int bar, int code);
@@ -118,7 +127,9 @@ class GridWindow final : public BoundWindow,
   FontHandle font_;
   int lineHeight_ = 1;
   GridViewport viewport_;
+  std::array<ScrollBar, 2> scrollBars_;  // as set, by SB_HORZ and SB_VERT
   bool updatingScrolling_ = false;
+  bool scrollBarsDue_ = false;  // when the grid is painted next
   GridSelection selection_;
   bool marked_ = false;
   GridEditor editor_{*this};

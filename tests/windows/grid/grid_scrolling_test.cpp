@@ -71,6 +71,32 @@ TEST_F(GridWindow, ScrollsSidewaysWhenColumnsDoNotFit) {
   EXPECT_GT(window_.Viewport().Left(), 0);
 }
 
+bool HasVerticalBar(HWND window) {
+  return (GetWindowLongPtrW(window, GWL_STYLE) & WS_VSCROLL) != 0;
+}
+
+TEST_F(GridWindow, KeepsItsScrollBarWhenALoadEmptiesAndFillsIt) {
+  ASSERT_TRUE(HasVerticalBar(Handle()));
+  grid_.SetMaxRows(0);
+  EXPECT_TRUE(HasVerticalBar(Handle()));
+  EXPECT_EQ(window_.Viewport().Rows(), 0);
+  Fill(200);
+  EXPECT_TRUE(HasVerticalBar(Handle()));
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_RANGE;
+  GetScrollInfo(Handle(), SB_VERT, &info);
+  EXPECT_EQ(info.nMax, 199);
+}
+
+TEST_F(GridWindow, HidesItsScrollBarOnceItIsPaintedEmpty) {
+  grid_.SetMaxRows(0);
+  UpdateWindow(Handle());
+  EXPECT_FALSE(HasVerticalBar(Handle()));
+  Fill(100);
+  EXPECT_TRUE(HasVerticalBar(Handle()));
+}
+
 TEST_F(GridWindow, HoldsAMillionRows) {
   grid_.SetMaxRows(0);
   grid_.SetMaxRows(1000000);
