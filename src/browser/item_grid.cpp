@@ -25,12 +25,17 @@ constexpr std::int32_t kRowsBetweenReports = 512;
 }  // namespace
 
 void ItemGrid::Prepare() {
+  std::array<std::u16string, grid_columns::kCount> titles;
+  for (std::size_t i = 0; i < titles.size(); ++i) titles[i] = Translate(kItemColumnTitles[i]);
+  // One change for the view: each one measures fonts and sets scroll bars.
+  grid_.SetRedraw(false);
   grid_.SetMaxRows(0);
   for (std::int32_t column = 1; column <= grid_columns::kCount; ++column) {
     const auto index = static_cast<std::size_t>(column - 1);
-    grid_.SetText(column, kTitleRow, Translate(kItemColumnTitles[index]));
+    grid_.SetText(column, kTitleRow, titles[index]);
     grid_.SetColumnWidth(column, kColumnWidths[index]);
   }
+  grid_.SetRedraw(true);
 }
 
 void ItemGrid::LoadItemGrid(std::u16string_view classNumber) {

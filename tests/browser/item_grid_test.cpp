@@ -32,6 +32,13 @@ class ItemGridTest : public BrowserFixture {
   using Strings = std::vector<std::string>;
 };
 
+TEST_F(ItemGridTest, NotifiesItsViewOnceOfTitlesAndWidths) {
+  AttachGridView();
+  grid_.Prepare();
+  EXPECT_EQ(log_.Text(), Lines("grid changed 0 rows\ngrid metrics\n"));
+  EXPECT_TRUE(grid_.Cells().Redraw());
+}
+
 TEST_F(ItemGridTest, ListsTheItemsOfTheSelectedClass) {
   factory_.LogRecordsetCalls();
   AttachGridView();
