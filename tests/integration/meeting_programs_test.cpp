@@ -24,6 +24,7 @@ namespace {
 using pricedown::FormField;
 using pricedown::FormTool;
 using pricedown::FromUtf8;
+using pricedown::kNoNode;
 using pricedown::ToUtf8;
 using ::testing::AnyOf;
 using ::testing::Each;
@@ -116,7 +117,7 @@ class MeetingPrograms : public ControlOnCompany {
     for (int command = 0; command < kCommands && !HasFailure(); ++command) {
       tag_ = "program" + std::to_string(program) + "-" + std::to_string(command);
       const std::string number = "K" + std::to_string(Roll(4));
-      const bool isThere = control->Nodes().FindKey(FromUtf8("gi" + number)) >= 0;
+      const bool isThere = control->Nodes().FindKey(FromUtf8("gi" + number)) != kNoNode;
       if (isThere) Select(FromUtf8(number));
       StoreAmounts();
       questions.WillAnswer({Roll(2) == 0});

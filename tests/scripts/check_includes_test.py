@@ -115,6 +115,16 @@ class CheckIncludes(unittest.TestCase):
         self.assert_refused("workbench/suite/new.h", "<Windows.h>",
                             "workbench/suite is built natively too")
 
+    def test_accepts_of_the_forms_windows_only_their_ids_in_the_host(self):
+        for ids, other in [("windows/editor/form_ids.h", "windows/editor/form_window.h"),
+                           ("windows/print/preview_ids.h", "windows/print/printer.h")]:
+            with self.subTest(ids=ids):
+                self.assertEqual(check({"workbench/host/tour.cpp": f'#include "{ids}"\n'}), (0, ""))
+                self.assert_refused("workbench/host/tour.cpp", f'"{other}"',
+                                    f"workbench/host may not include {Path(other).parent}")
+                self.assert_refused("workbench/suite/new.h", f'"{ids}"',
+                                    f"workbench/suite may not include {Path(ids).parent}")
+
     def test_refuses_unknown_headers_folders_and_forms(self):
         self.assert_refused("src/env/new.h", '"rights.h"',
                             "not the header of a component; write COMPONENT/FILE.h")

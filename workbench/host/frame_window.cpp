@@ -6,6 +6,7 @@
 #include "platform/convert.h"
 #include "platform/skip.h"
 #include "platform/text.h"
+#include "windows/base/dpi.h"
 #include "windows/com/failure.h"
 #include "windows/com/wide_text.h"
 #include "workbench/company/location.h"
@@ -33,14 +34,6 @@ std::wstring Shown(const std::wstring& location) {
   return ToWide(pricedown::FromUtf8(ShownLocation(pricedown::ToUtf8(FromWide(location)))));
 }
 
-// Of pixels at 96 dpi.
-int ScreenPixels(int pixels) {
-  const HDC screen = GetDC(nullptr);
-  const int dotsPerInch = GetDeviceCaps(screen, LOGPIXELSX);
-  ReleaseDC(nullptr, screen);
-  return MulDiv(pixels, dotsPerInch, 96);
-}
-
 }  // namespace
 
 FrameWindow::FrameWindow(HINSTANCE module, ObjectPtr settings)
@@ -57,8 +50,9 @@ FrameWindow::FrameWindow(HINSTANCE module, ObjectPtr settings)
   RegisterClassExW(&description);
   ChildWindow::RegisterClass(module);
   accelerators_ = LoadAcceleratorsW(module, MAKEINTRESOURCEW(IDR_FRAME));
+  const auto dpi = pricedown::windows::Dpi::Of(nullptr);
   if (CreateWindowExW(0, kFrameClass, kTitle, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
-                      0, ScreenPixels(1100), ScreenPixels(720), nullptr, nullptr, module,
+                      0, dpi.Scale(1100), dpi.Scale(720), nullptr, nullptr, module,
                       this) == nullptr) {
     pricedown::windows::ThrowLastError();
   }

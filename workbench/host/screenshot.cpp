@@ -3,6 +3,7 @@
 
 #include <wincodec.h>
 
+#include "windows/base/gdi.h"
 #include "windows/com/com_ptr.h"
 #include "windows/com/failure.h"
 
@@ -13,31 +14,23 @@ using pricedown::windows::ThrowIfFailed;
 
 namespace {
 
-class ScreenBitmap {
- public:
-  explicit ScreenBitmap(const RECT& area)
-      : width(area.right - area.left), height(area.bottom - area.top) {
-    const HDC screen = GetDC(nullptr);
-    const HDC memory = CreateCompatibleDC(screen);
-    bitmap_ = CreateCompatibleBitmap(screen, width, height);
-    const HGDIOBJ before = SelectObject(memory, bitmap_);
-    BitBlt(memory, 0, 0, width, height, screen, area.left, area.top, SRCCOPY);
-    SelectObject(memory, before);
-    DeleteDC(memory);
-    ReleaseDC(nullptr, screen);
-    if (bitmap_ == nullptr) pricedown::windows::ThrowLastError();
+using pricedown::windows::GdiObject;
+
+// Throws when the screen cannot be copied.
+GdiObject<HBITMAP> CopyScreen(const RECT& area) {
+  const int width = area.right - area.left;
+  const int height = area.bottom - area.top;
+  const pricedown::windows::WindowContext screen(nullptr);
+  const pricedown::windows::CreatedContext memory(CreateCompatibleDC(screen.Get()));
+  GdiObject<HBITMAP> bitmap(CreateCompatibleBitmap(screen.Get(), width, height));
+  if (!memory || !bitmap) pricedown::windows::ThrowLastError();
+  const pricedown::windows::Selected selected(memory.get(), bitmap.Get());
+  if (BitBlt(memory.get(), 0, 0, width, height, screen.Get(), area.left, area.top, SRCCOPY) ==
+      FALSE) {
+    pricedown::windows::ThrowLastError();
   }
-  ~ScreenBitmap() { DeleteObject(bitmap_); }
-  ScreenBitmap(const ScreenBitmap&) = delete;
-  ScreenBitmap& operator=(const ScreenBitmap&) = delete;
-
-  HBITMAP Handle() const { return bitmap_; }
-  const int width;
-  const int height;
-
- private:
-  HBITMAP bitmap_ = nullptr;
-};
+  return bitmap;
+}
 
 }  // namespace
 
@@ -47,13 +40,13 @@ void SaveScreenshot(HWND window, const std::wstring& path) {
   // A picture that extends beyond the screen may be all black.
   const RECT screen{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
   IntersectRect(&area, &area, &screen);
-  const ScreenBitmap picture(area);
+  const GdiObject<HBITMAP> picture = CopyScreen(area);
   ComPtr<IWICImagingFactory> factory;
   ThrowIfFailed(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
                                  IID_IWICImagingFactory, factory.putVoid()));
   ComPtr<IWICBitmap> bitmap;
-  ThrowIfFailed(factory->CreateBitmapFromHBITMAP(picture.Handle(), nullptr, WICBitmapIgnoreAlpha,
-                                                 bitmap.put()));
+  ThrowIfFailed(
+      factory->CreateBitmapFromHBITMAP(picture.Get(), nullptr, WICBitmapIgnoreAlpha, bitmap.put()));
   ComPtr<IWICStream> stream;
   ThrowIfFailed(factory->CreateStream(stream.put()));
   ThrowIfFailed(stream->InitializeFromFilename(path.c_str(), GENERIC_WRITE));
@@ -63,8 +56,8 @@ void SaveScreenshot(HWND window, const std::wstring& path) {
   ComPtr<IWICBitmapFrameEncode> frame;
   ThrowIfFailed(encoder->CreateNewFrame(frame.put(), nullptr));
   ThrowIfFailed(frame->Initialize(nullptr));
-  ThrowIfFailed(
-      frame->SetSize(static_cast<UINT>(picture.width), static_cast<UINT>(picture.height)));
+  ThrowIfFailed(frame->SetSize(static_cast<UINT>(area.right - area.left),
+                               static_cast<UINT>(area.bottom - area.top)));
   WICPixelFormatGUID format = GUID_WICPixelFormat24bppBGR;
   ThrowIfFailed(frame->SetPixelFormat(&format));
   ThrowIfFailed(frame->WriteSource(bitmap.get(), nullptr));

@@ -46,23 +46,23 @@ HIMAGELIST MakeTickImages(HWND window, pricedown::windows::Dpi dpi, int rowHeigh
   if (images == nullptr) return nullptr;
 
   const pricedown::windows::WindowContext screen(window);
-  const HDC memory = CreateCompatibleDC(screen.Get());
+  const pricedown::windows::CreatedContext memory(CreateCompatibleDC(screen.Get()));
   // Without the window, or its theme would also apply to the list's frame.
   // VSCLASS_BUTTON of mingw-w64 is a C literal that not every compiler accepts.
   const HTHEME theme = OpenThemeData(nullptr, L"BUTTON");
   for (const bool ticked : {false, true}) {
     const GdiObject<HBITMAP> picture(CreateCompatibleBitmap(screen.Get(), width, rowHeight));
-    const HGDIOBJ before = SelectObject(memory, picture.Get());
-    const RECT all{0, 0, width, rowHeight};
-    FillRect(memory, &all, GetSysColorBrush(COLOR_WINDOW));
-    const int left = (width - size) / 2;
-    const int top = (rowHeight - size) / 2;
-    DrawBox(theme, memory, {left, top, left + size, top + size}, ticked);
-    SelectObject(memory, before);
+    {
+      const pricedown::windows::Selected selected(memory.get(), picture.Get());
+      const RECT all{0, 0, width, rowHeight};
+      FillRect(memory.get(), &all, GetSysColorBrush(COLOR_WINDOW));
+      const int left = (width - size) / 2;
+      const int top = (rowHeight - size) / 2;
+      DrawBox(theme, memory.get(), {left, top, left + size, top + size}, ticked);
+    }
     ImageList_Add(images, picture.Get(), nullptr);
   }
   if (theme != nullptr) CloseThemeData(theme);
-  DeleteDC(memory);
   return images;
 }
 
