@@ -93,7 +93,7 @@ void MeasureDeletion(const std::string& path, Figures& figures) {
   figures.Add("delete", rows, timing);
 }
 
-// Code, name and model as a company has them; what is looked for stands in the last row.
+// Code, name and model as a company has them; what is looked for is in the last row.
 pricedown::Grid FilledGrid(std::int32_t rows) {
   pricedown::Grid grid(pricedown::grid_columns::kCount);
   grid.SetRedraw(false);
@@ -108,7 +108,7 @@ pricedown::Grid FilledGrid(std::int32_t rows) {
   return grid;
 }
 
-// The raw side walks over all texts and looks for the text as it stands.
+// The raw side walks over all texts and looks for the text unchanged.
 void MeasureFind(std::int32_t rows, Figures& figures) {
   constexpr std::u16string_view kText = u"轴承";
   const pricedown::Grid grid = FilledGrid(rows);

@@ -1,4 +1,4 @@
-// Every step runs even if the one before it failed.
+// The loading of the class tree and its clicks. Every step runs even if the one before it failed.
 #include "browser/class_tree.h"
 
 #include <algorithm>

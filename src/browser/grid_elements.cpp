@@ -1,4 +1,4 @@
-// Names, places and neighbours of the elements, worked out when asked for.
+// The names, places and neighbours of the elements, computed on request.
 #include "browser/grid_elements.h"
 
 #include <algorithm>

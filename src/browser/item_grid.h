@@ -48,7 +48,7 @@ class ItemGrid {
 
  private:
   void Fill(std::u16string_view classNumber);
-  // Requires: the recordset stands on its first row, or has none.
+  // Requires: the recordset is at its first row, or has none.
   void FillRows(const Recordset& items);
 
   Environment& environment_;

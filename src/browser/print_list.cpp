@@ -1,4 +1,4 @@
-// Built-in texts pass the translation hook piece by piece.
+// The document of the item list. Its built-in texts pass the translation hook piece by piece.
 #include "browser/print_list.h"
 
 #include <string>

@@ -1,4 +1,4 @@
-// The comparison: small and capital letters, full-width or not, are the same.
+// The comparison of a text with others: small and capital letters, full-width or not, are the same.
 #include "browser/text_pattern.h"
 
 #include <algorithm>

@@ -1,4 +1,5 @@
-// Typing in quick succession makes one text; the same character again leads on to the next row.
+// The text typed so far and the row that it leads to. Typing in quick succession makes one text;
+// the same character again leads on to the next row.
 #include "browser/type_ahead.h"
 
 #include "browser/text_pattern.h"
@@ -30,7 +31,7 @@ std::optional<std::int32_t> TypeAhead::Type(char16_t character, std::uint32_t ti
   if (typed_.empty() && character == u' ') return std::nullopt;
   lastTime_ = time;
   typed_ += character;
-  // The first character leads on from the current row, the next ones may stay there.
+  // The first character is searched for below the current row, the next ones from that row on.
   const bool isFirst = typed_.size() == 1;
   if (const auto found = RowBeginningWith(typed_, grid, column, isFirst ? row + 1 : row)) {
     return found;

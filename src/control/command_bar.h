@@ -31,7 +31,7 @@ class CommandBar : public LocalObject<CommandBar> {
   // Null when the bar has no tool of that name.
   std::shared_ptr<CommandBarTool> Tool(std::u16string_view name) const;
   const ToolList& Tools() const { return tools_; }
-  // Those of them that stand in the band.
+  // Those of them that are in the band.
   const ToolList& BandTools() const { return bandTools_; }
   // The tool whose state decides what is shown, kToolStripTool or kStatusBarTool. It starts checked
   // and keeps its state also while it is not among the bar's tools. Never null.

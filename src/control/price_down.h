@@ -1,4 +1,4 @@
-// The control `PriceDown` without its windows: creation, showing, host events, layout, commands.
+// The core of the control `PriceDown`: creation, showing, host events, layout, commands.
 #pragma once
 
 #include <functional>

@@ -13,7 +13,7 @@ class Splitter {
   std::int32_t Position() const { return position_; }
   void SetPosition(std::int32_t position) { position_ = position; }
   bool Dragging() const { return dragging_; }
-  // Where the drag bar stands while dragging.
+  // Where the drag bar is while dragging.
   std::int32_t BarPosition() const { return barPosition_; }
 
   void Begin();

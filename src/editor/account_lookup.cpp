@@ -1,4 +1,4 @@
-// Picks an account. Errors end here; those of all other commands reach the window.
+// Picks an account. Errors end here.
 #include "editor/account_lookup.h"
 
 #include "editor/ledger_view.h"

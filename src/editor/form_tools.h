@@ -10,7 +10,7 @@
 namespace pricedown {
 
 struct FormToolRow : Command {
-  FormTool tool = {};  // not of a separator
+  FormTool tool = {};  // unused for separators
 };
 
 // By position.

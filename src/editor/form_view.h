@@ -26,7 +26,7 @@ inline constexpr std::array kFormFields{FormField::ClassNumber, FormField::Class
                                         FormField::LossAccount, FormField::ReserveAccount,
                                         FormField::Percentage};
 
-// The fields from top to bottom; the reserve account stands above the loss account.
+// The fields from top to bottom; the reserve account is above the loss account.
 inline constexpr std::array kFormRows{FormField::ClassNumber, FormField::ClassName,
                                       FormField::ReserveAccount, FormField::LossAccount,
                                       FormField::Percentage};

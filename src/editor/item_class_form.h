@@ -1,4 +1,4 @@
-// `frmItemClass`: the modal form in which one item class is created or changed, without its window.
+// The core of `frmItemClass`, the modal form in which one item class is created or changed.
 #pragma once
 
 #include <cstdint>

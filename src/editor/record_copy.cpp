@@ -1,5 +1,5 @@
-// Rows are read in blocks and each is added with one call; what fails that way is copied step by
-// step. A step that fails loses what it would have copied; the copying goes on.
+// The copying of rows: read in blocks, each added with one call; what fails that way is copied step
+// by step. A step that fails loses what it would have copied; the copying goes on.
 #include "editor/record_copy.h"
 
 #include <array>

@@ -27,7 +27,7 @@ class TextBlocks {
 
   // The next rows, as many as one GetRows would return; moves the recordset past them. Null cells
   // are empty texts. Null when all rows are read, when the recordset fails, and when a cell holds
-  // a delimiter; the recordset then stands before the rows that are not read yet.
+  // a delimiter; the recordset is then positioned before the rows that are not read yet.
   // Throws AutomationError when it cannot be brought there.
   CellBlockPtr Read();
 

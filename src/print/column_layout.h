@@ -1,4 +1,4 @@
-// Where the table's columns stand between the margins, and which of them hold numbers.
+// Where the table's columns are between the margins, and which of them hold numbers.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,5 @@
-// Fields are filled in after the line was split, so that no value can add a section.
+// The sections of a line and their fields, which are filled in after the line was split, so that no
+// value can add a section.
 #include "print/page_lines.h"
 
 #include <algorithm>

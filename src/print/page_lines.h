@@ -22,8 +22,8 @@ struct PageFields {
 // The text with its fields filled in; other texts in brackets stay as they are.
 std::u16string FillFields(std::u16string_view text, const PageFields& fields);
 
-// Adds the sections of a line, which "|" separates, to the page: one section stands in the middle,
-// two stand left and right; of more the first stands left, the last right and the others in the
+// Adds the sections of a line, which "|" separates, to the page: one section is in the middle,
+// two are left and right; of more the first is left, the last right and the others in the
 // middle of equal parts. Sections that would meet are shortened. A section of blanks draws nothing.
 // Requires: `font` is the font at `fontIndex`.
 void PlaceLine(std::u16string_view text, const PageFields& fields, TextMeasurer& measurer,

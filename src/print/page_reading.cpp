@@ -1,4 +1,4 @@
-// Joins the texts of a page that stand on one line, from top to bottom.
+// Joins the texts of a page that are on one line, from top to bottom.
 #include "print/page_reading.h"
 
 #include <algorithm>

@@ -8,7 +8,7 @@
 
 namespace pricedown {
 
-// Texts that stand side by side: a row of the table, or a line above or below it.
+// Texts that are side by side: a row of the table, or a line above or below it.
 struct ReadingLine {
   std::u16string text;  // blanks between the texts
   Rectangle area;       // on paper

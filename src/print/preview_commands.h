@@ -40,7 +40,7 @@ constexpr bool Scrolls(PreviewCommand command) {
 }
 
 struct PreviewButton : Command {
-  PreviewCommand command = PreviewCommand::Close;  // no matter for a separator
+  PreviewCommand command = PreviewCommand::Close;  // unused for separators
 };
 
 inline constexpr std::array<PreviewButton, 8> kDocumentButtons{{

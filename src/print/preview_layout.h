@@ -1,4 +1,4 @@
-// Where the children of the print preview and of the progress window stand, in pixels.
+// Where the children of the print preview and of the progress window are, in pixels.
 #pragma once
 
 #include <cstdint>

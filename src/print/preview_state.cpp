@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::int32_t kLineStep = 24;   // pixels at 96 dpi
 constexpr std::int32_t kWheelLines = 3;  // of a notch
-// A size that was fitted is hardly ever one of the usual ones to the last digit.
+// A fitted size equals a usual one only up to rounding.
 constexpr double kSameSize = 0.01;
 
 std::int32_t Rounded(double pixels) { return static_cast<std::int32_t>(std::lround(pixels)); }

@@ -42,7 +42,7 @@ class PrintTable {
   CellTexts cells_;
 };
 
-// "|" separates the sections of a line; page_lines.h says where they stand.
+// "|" separates the sections of a line; page_lines.h says where they are placed.
 struct PageLine {
   std::u16string text;
   Font font;

@@ -62,7 +62,7 @@ class PrintPages {
   std::vector<Font> fonts_;
   std::vector<PlacedLine> lines_;
   std::vector<PlacedColumn> columns_;
-  Rectangle table_;  // where rows may stand
+  Rectangle table_;  // where rows may be
   Tenths lineHeight_ = 0;
   Tenths rowHeight_ = 0;
   std::int32_t rowsOnPage_ = 1;  // without the titles

@@ -8,7 +8,7 @@
 
 namespace pricedown::testing {
 
-// A column as it stands in the log.
+// A column as the log writes it.
 struct LogColumn {
   const char* name;
   int type;

@@ -64,7 +64,7 @@ TEST(HiddenButtons, AreLinesOfAMenuWhoseGroupsFollowTheSeparators) {
     return text;
   };
   EXPECT_EQ(keys(0), "Add | Print Exit | Add ");
-  // No line stands above the first separator.
+  // No line is above the first separator.
   EXPECT_EQ(keys(1), "Print Exit | Add ");
   EXPECT_EQ(keys(3), "Exit | Add ");
   EXPECT_EQ(keys(6), "");

@@ -1,4 +1,4 @@
-// Where the preview's children stand.
+// Where the preview's children are.
 #include "print/preview_layout.h"
 
 #include <gtest/gtest.h>
@@ -39,7 +39,7 @@ void ExpectApartAndInside(const PreviewPlaces& places, std::int32_t width) {
 TEST(PreviewLayout, StandsInOneRowWhereItFits) {
   const PreviewPlaces places = PlacePreview({kOneRow, 700}, kMeasures, 96);
   EXPECT_EQ(places.documentBar, (Rectangle{4, 4, 400, 28}));
-  // Lower things stand in the middle of the row.
+  // Lower things are in the middle of the row.
   EXPECT_EQ(places.pageLabel, (Rectangle{418, 10, 50, 15}));
   EXPECT_EQ(places.pageField, (Rectangle{472, 8, 60, 20}));
   EXPECT_EQ(places.viewBar, (Rectangle{kOneRow - 4 - 220, 4, 220, 28}));

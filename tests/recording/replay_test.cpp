@@ -1,4 +1,4 @@
-// Replaying recordings that stand here as text: the same calls, differences, bad files.
+// Replaying recordings that are written here as text: the same calls, differences, bad files.
 #include "workbench/recording/replay.h"
 
 #include <gtest/gtest.h>

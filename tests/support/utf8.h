@@ -23,7 +23,7 @@ std::string Quoted(std::u16string_view text);
 // block 2x3 (columns x rows), ref 12 for an argument by reference.
 std::string Readable(const Value& value);
 
-// Several of them, as they stand between the parentheses of a logged call.
+// Several of them, as they are written between the parentheses of a logged call.
 std::string Arguments(std::span<const Value> values);
 std::string Arguments(std::initializer_list<Value> values);
 

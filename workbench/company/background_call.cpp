@@ -1,3 +1,4 @@
+// The thread of the call, and waiting for its end.
 #include "workbench/company/background_call.h"
 
 #include <exception>

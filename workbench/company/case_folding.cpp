@@ -13,7 +13,7 @@ struct FoldedRange {
   std::uint32_t first;
   std::uint32_t last;
   std::int32_t distance;  // from the character to its folding
-  std::uint32_t step;     // 2 where the two cases of a letter stand side by side
+  std::uint32_t step;     // 2 where the two cases of a letter are side by side
 };
 
 // In ascending order and without overlaps, from U+0080 on.

@@ -1,3 +1,4 @@
+// The comparison: a common start is skipped, then characters decide.
 #include "workbench/company/collation.h"
 
 #include <cstdint>

@@ -1,3 +1,4 @@
+// Reading a declared type: its kind, length, precision.
 #include "workbench/company/column_type.h"
 
 #include <algorithm>

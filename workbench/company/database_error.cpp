@@ -1,3 +1,4 @@
+// The exception keeps the message as the server wrote it and as UTF-8.
 #include "workbench/company/database_error.h"
 
 #include "workbench/company/utf.h"

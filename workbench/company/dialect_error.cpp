@@ -1,3 +1,4 @@
+// The texts of refusals, with the place in the statement.
 #include "workbench/company/dialect_error.h"
 
 #include <string>

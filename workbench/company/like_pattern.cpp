@@ -1,3 +1,4 @@
+// Preparing a pattern, and matching it by backtracking to the last run.
 #include "workbench/company/like_pattern.h"
 
 #include <algorithm>

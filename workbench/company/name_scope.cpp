@@ -1,3 +1,4 @@
+// The lookup of tables and of the columns that names mean.
 #include "workbench/company/name_scope.h"
 
 #include <algorithm>

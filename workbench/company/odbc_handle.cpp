@@ -1,3 +1,4 @@
+// Diagnostic records as one DatabaseError, and the kinds of failure.
 #include "workbench/company/odbc_handle.h"
 
 #include <algorithm>

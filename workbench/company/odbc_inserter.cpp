@@ -1,3 +1,4 @@
+// Rows are collected and sent as parameters of one statement.
 #include "workbench/company/odbc_inserter.h"
 
 #include <algorithm>

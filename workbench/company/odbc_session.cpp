@@ -1,3 +1,4 @@
+// Login, texts and transactions on the thread of the call.
 #include "workbench/company/odbc_session.h"
 
 #include <array>

@@ -1,3 +1,4 @@
+// Making operands, and their conversions to numbers and for assignments.
 #include "workbench/company/operand.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// The rows and the chunks of memory that hold their texts.
 #include "workbench/company/result_set.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// The shapes of numbers in text, their limits, and the server's messages.
 #include "workbench/company/server_number.h"
 
 #include <charconv>

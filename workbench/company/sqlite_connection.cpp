@@ -1,3 +1,4 @@
+// Opening the file, running translated statements, their transaction.
 #include "workbench/company/sqlite_connection.h"
 
 #include <sqlite3.h>

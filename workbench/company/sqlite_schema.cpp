@@ -1,3 +1,4 @@
+// Tables and declared types, asked of SQLite.
 #include "workbench/company/sqlite_schema.h"
 
 #include <sqlite3.h>

@@ -1,3 +1,4 @@
+// The steps of a parser, and the refusals at the current token.
 #include "workbench/company/token_cursor.h"
 
 #include <string>

@@ -1,3 +1,4 @@
+// Splitting a text into tokens, and what words mean.
 #include "workbench/company/tokenizer.h"
 
 #include <algorithm>

@@ -102,7 +102,7 @@ class Translator {
     Translator& translator_;
   };
 
-  // What stands between INSERT and VALUES.
+  // What is between INSERT and VALUES.
   struct InsertTarget {
     std::u16string_view source;  // as written
     std::string sql;             // as translated, with INSERT

@@ -1,3 +1,4 @@
+// The conversions; runs of ASCII are copied eight bytes at a time.
 #include "workbench/company/utf.h"
 
 #include <utf8.h>

@@ -1,3 +1,4 @@
+// Options and their values, and the time limits that they set.
 #include "workbench/host/command_line.h"
 
 namespace workbench {

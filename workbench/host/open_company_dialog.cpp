@@ -1,3 +1,4 @@
+// The dialog 打开公司: its fields, the choice of a file, the answer.
 #include "workbench/host/open_company_dialog.h"
 
 #include <commdlg.h>

@@ -1,3 +1,4 @@
+// The list in the registry: newest first, each location once.
 #include "workbench/host/recent_companies.h"
 
 #include <windows.h>

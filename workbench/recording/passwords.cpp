@@ -1,4 +1,4 @@
-// A scan for key=value entries, wherever they stand in a text.
+// A scan for key=value entries, wherever they are in a text.
 #include "workbench/recording/passwords.h"
 
 #include <algorithm>

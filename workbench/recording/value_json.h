@@ -1,4 +1,4 @@
-// Values as JSON: how arguments and results stand in a recording.
+// Values as JSON: how arguments and results are written in a recording.
 #pragma once
 
 #include <functional>

@@ -1,3 +1,4 @@
+// Queries with one answer, and literals.
 #include "workbench/sample/company_query.h"
 
 #include <array>

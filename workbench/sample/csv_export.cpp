@@ -1,3 +1,4 @@
+// The lines of both CSV files; a field is quoted where it must be.
 #include "workbench/sample/csv_export.h"
 
 #include "workbench/sample/company_query.h"

@@ -7,7 +7,7 @@
 namespace workbench {
 namespace {
 
-// In the order of the families, so that a family's kinds stand together.
+// In the order of the families, so that a family's kinds are together.
 constexpr ItemKind kKinds[] = {
     {"01.01", "[热轧|冷拉|锻制]圆钢", "[Q235|45#|40Cr|20CrMnTi] Φ{10-200/5}", "千克", 380, 920},
     {"01.01", "[等边|不等边]角钢", "Q235 ∠{30-100/10}×{3-10/1}", "千克", 360, 520},

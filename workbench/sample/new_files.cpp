@@ -1,3 +1,4 @@
+// Writing to temporary names first, then renaming.
 #include "workbench/sample/new_files.h"
 
 #include <filesystem>

@@ -21,7 +21,7 @@ std::vector<ProvisionRow> MakeProvisionRows(const std::vector<ItemRow>& items,
                                             std::uint64_t seed);
 
 // Vouchers from 2007/1 to the current period. The provision voucher (type 820, "Industry")
-// stands in the periods from 2007/10 up to the one before the current; in the current one
+// is in the periods from 2007/10 up to the one before the current; in the current one
 // only vouchers that resemble it. Same seed, same rows.
 std::vector<VoucherRow> MakeVouchers(std::uint64_t seed);
 

@@ -1,3 +1,4 @@
+// Tables, rows and the mark that lets a company be replaced.
 #include "workbench/sample/server_company.h"
 
 #include <algorithm>

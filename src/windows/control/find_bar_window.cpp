@@ -1,4 +1,5 @@
-// The count goes on while the bar is painted: the system paints once there is no input left.
+// The window of the find bar. The count goes on while it is painted: the system paints once there
+// is no input left.
 #include "windows/control/find_bar_window.h"
 
 #include "env/translation.h"

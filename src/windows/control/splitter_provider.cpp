@@ -24,7 +24,7 @@ SplitterRange RangeOf(HWND splitter) {
   SplitterRange range;
   range.least = dpi.ToPixels(ClampSplitter(0, width));
   range.greatest = std::max(dpi.ToPixels(ClampSplitter(width, width)), range.least);
-  // In a narrow control the splitter stands left of its limits.
+  // In a narrow control the splitter is left of its limits.
   range.value = std::clamp(SplitterPosition(splitter), range.least, range.greatest);
   return range;
 }

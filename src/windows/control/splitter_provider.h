@@ -39,7 +39,7 @@ class SplitterProvider final : public WindowElement<SplitterAccess, IRangeValueP
   VARIANT Property(PROPERTYID property, const SplitterAccess& access) const override;
 };
 
-// Where a splitter's window stands, in pixels of its parent.
+// Where a splitter's window is, in pixels of its parent.
 int SplitterPosition(HWND splitter);
 
 }  // namespace pricedown::windows

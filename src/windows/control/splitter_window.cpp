@@ -1,5 +1,5 @@
-// While dragged, the splitter has the mouse capture and, for Escape, the focus. A cancelled drag
-// ends where it began.
+// The dragging of the splitter: it has the mouse capture and, for Escape, the focus. A cancelled
+// drag ends where it began.
 #include "windows/control/splitter_window.h"
 
 #include <windowsx.h>

@@ -1,5 +1,4 @@
-// Lifetime, children and layout of the form's window, and its side as the core's view. Input is
-// handled in item_class_events.cpp.
+// Lifetime, children and layout of the form's window, and its side as the core's view.
 #include "windows/editor/item_class_window.h"
 
 #include <commctrl.h>

@@ -1,5 +1,5 @@
-// One pixel of the measuring context is a hundredth of a millimetre: at that size the hinting of
-// letters, which differs by device, no longer matters.
+// The widths of texts on a measuring context. One pixel of it is a hundredth of a millimetre: at
+// that size the hinting of letters, which differs by device, no longer matters.
 #include "windows/print/device_measurer.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// Print as the user knows it: the dialog, the pages for the paper chosen in it, the job.
+// Printing with the system dialog: the dialog, the pages for the paper chosen in it, the job.
 #pragma once
 
 #include <windows.h>

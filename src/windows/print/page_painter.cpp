@@ -1,5 +1,5 @@
-// Each edge and each character is rounded to a pixel by itself, so that no error adds up.
-// Characters stand where they were measured, on a measured baseline.
+// The painting of a page. Each edge and each character is rounded to a pixel by itself, so that no
+// error adds up. Characters are drawn where they were measured, on a measured baseline.
 #include "windows/print/page_painter.h"
 
 #include <algorithm>

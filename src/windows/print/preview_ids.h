@@ -1,9 +1,14 @@
-// The ids of the print preview's child windows, by which UI automation finds them. They are public
-// and never change; a new child gets a new number.
+// The ids of the child windows of preview and progress window, by which UI automation finds them.
+// They are public and never change; a new child gets a new number.
 #pragma once
 
 namespace pricedown::windows::preview_ids {
 
+// Of the progress window; 取消 is IDCANCEL.
+inline constexpr int kProgressText = 401;
+inline constexpr int kProgressBar = 402;
+
+// Of the preview.
 inline constexpr int kDocumentBar = 501;  // printing, page set-up, font, turning pages
 inline constexpr int kPageLabel = 502;
 inline constexpr int kPage = 503;  // the number of the page shown; Enter goes to the one typed

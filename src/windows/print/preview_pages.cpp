@@ -1,4 +1,4 @@
-// One page is kept; turning to it again costs nothing.
+// The pages of a preview. One is kept; turning to it again costs nothing.
 #include "windows/print/preview_pages.h"
 
 namespace pricedown::windows {

@@ -1,5 +1,5 @@
-// The scroll bars are shown also when there is nothing to scroll: a page that is fitted to the
-// width would otherwise change its own width.
+// The pane of the preview. Its scroll bars are shown also when there is nothing to scroll: a page
+// that is fitted to the width would otherwise change its own width.
 #include "windows/print/preview_pane.h"
 
 #include <algorithm>

@@ -1,5 +1,4 @@
-// The preview's window: its life, its children, and how they show the state. What the user does is
-// in preview_events.cpp and preview_keys.cpp.
+// The preview's window: its life, its children, and how they show the state.
 #include "windows/print/preview_window.h"
 
 #include <commctrl.h>

@@ -1,4 +1,5 @@
-// The window may be destroyed with its owner at any message, which cancels the job.
+// The window of a long print. It may be destroyed with its owner at any message, which cancels the
+// job.
 #include "windows/print/print_progress.h"
 
 #include <commctrl.h>
@@ -13,6 +14,7 @@
 #include "windows/base/rectangles.h"
 #include "windows/com/failure.h"
 #include "windows/com/wide_text.h"
+#include "windows/print/preview_ids.h"
 
 namespace pricedown::windows {
 namespace {
@@ -61,8 +63,8 @@ void PrintProgress::Show() {
   CreateOwn(creation);
   icon_ = LoadIconResource(PRICEDOWN_ICON_PRINT, IconSize(Dpi::Of(owner_)));
   SendMessageW(Handle(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon_.get()));
-  text_.Create(Handle(), module_, L"STATIC", kPrintProgressText, WS_VISIBLE | SS_NOPREFIX);
-  bar_.Create(Handle(), module_, PROGRESS_CLASSW, kPrintProgressBar, WS_VISIBLE);
+  text_.Create(Handle(), module_, L"STATIC", preview_ids::kProgressText, WS_VISIBLE | SS_NOPREFIX);
+  bar_.Create(Handle(), module_, PROGRESS_CLASSW, preview_ids::kProgressBar, WS_VISIBLE);
   button_.Create(Handle(), module_, L"BUTTON", IDCANCEL, WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON,
                  Translate(u"取消"));
   SendMessageW(bar_.Handle(), PBM_SETRANGE32, 0, kBarUnits);

@@ -15,9 +15,6 @@
 
 namespace pricedown::windows {
 
-inline constexpr int kPrintProgressText = 401;
-inline constexpr int kPrintProgressBar = 402;
-
 // While it is shown the thread's other windows are disabled, and their messages are handled before
 // each sheet.
 class PrintProgress final : public PrintWatcher, private BoundWindow {

@@ -11,6 +11,7 @@
 #include "tests/windows/print/fake_printer.h"
 #include "windows/base/plain_control.h"
 #include "windows/print/dialog_printing.h"
+#include "windows/print/preview_ids.h"
 #include "windows/print/print_progress.h"
 
 namespace pricedown::testing {
@@ -120,7 +121,7 @@ class PrintProgressTest : public ::testing::Test {
  protected:
   static HWND Window() { return FindWindowW(L"PriceDown.PrintProgress", nullptr); }
   static std::string Text() {
-    return Utf8(windows::TextOf(GetDlgItem(Window(), windows::kPrintProgressText)));
+    return Utf8(windows::TextOf(GetDlgItem(Window(), windows::preview_ids::kProgressText)));
   }
   static constexpr DWORD kAtOnce = 0;
 
@@ -150,7 +151,8 @@ TEST_F(PrintProgressTest, ShowsTheJobsProgressAndDisablesItsOwner) {
     EXPECT_EQ(Text(), "正在打印第 1 页，共 40 页…");
     EXPECT_TRUE(progress.Continue(21, 40));
     EXPECT_EQ(Text(), "正在打印第 21 页，共 40 页…");
-    EXPECT_EQ(SendDlgItemMessageW(Window(), windows::kPrintProgressBar, PBM_GETPOS, 0, 0), 500);
+    EXPECT_EQ(SendDlgItemMessageW(Window(), windows::preview_ids::kProgressBar, PBM_GETPOS, 0, 0),
+              500);
     EXPECT_TRUE(IsWindowVisible(Window()));
     EXPECT_EQ(GetWindow(Window(), GW_OWNER), host_.Handle());
     EXPECT_FALSE(IsWindowEnabled(host_.Handle()));

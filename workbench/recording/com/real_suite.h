@@ -1,4 +1,4 @@
-// The suite that stands behind the recorder.
+// The suite behind the recorder.
 #pragma once
 
 #include <windows.h>

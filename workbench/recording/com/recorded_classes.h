@@ -1,5 +1,5 @@
-// The ProgIDs under which the recorder stands, and its own class ids behind them. The manifest
-// lists them too.
+// The ProgIDs under which the recorder is registered, and its own class ids behind them. The
+// manifest lists them too.
 #pragma once
 
 #include <windows.h>

@@ -1,3 +1,4 @@
+// The state of the Esc key, asked of the system.
 #include "workbench/suite/com/escape_key.h"
 
 #include <windows.h>

@@ -1,5 +1,6 @@
-// Replaces parts of libstdc++ that link much code for what hardly ever runs. All functions of
-// <bits/functexcept.h> that the runtime keeps in one object, so that it is not linked beside them.
+// Smaller replacements for functions of libstdc++ that link much code for what hardly ever runs:
+// all of <bits/functexcept.h> that the runtime keeps in one object, so that it is not linked beside
+// them.
 #include <bits/functexcept.h>
 
 #include <cstdlib>

@@ -36,7 +36,7 @@ Sub SelectClass(number)
 End Sub
 
 ' The items of the class as the grid lists them.
-Sub TellItems(number)
+Sub ReportItems(number)
   Dim code, rows
   rows = " from t_ICItem t, icPriceDownClass c where t.FItemID=c.FItemID and c.FItemClassNumber='" & number & "'"
   code = suite.Query("select min(t.FNumber)" & rows)
@@ -92,7 +92,7 @@ Sub FillIn
 End Sub
 
 SelectClass "05"
-TellItems "05"
+ReportItems "05"
 Print "date " & FormatDateTime(Date, vbShortDate)
 Play New UserOfTheDialog
 first = 0
