@@ -66,8 +66,7 @@ void MeasureClick(const std::string& path, Figures& figures) {
   const auto stage = MakeStage(path);
   const Timing timing = Compare([&] { stage->Control().NodeClicked(kClassNode); },
                                 [&] { WalkItems(stage->Factory(), kClass); }, kRepetitions);
-  figures.Add("node click", static_cast<std::size_t>(stage->Control().ItemCells().MaxRows()),
-              timing);
+  figures.Add("node click", static_cast<std::size_t>(stage->Control().GetGrid().MaxRows()), timing);
 }
 
 // The class is restored before each run; in an early period no history counts.
@@ -132,7 +131,7 @@ void MeasureFind(std::int32_t rows, Figures& figures) {
   const Timing counting = Compare(
       [&] {
         search.Start(items, kText);
-        while (!search.IsCounted()) search.CountOn(20000);
+        while (!search.IsCounted()) search.ContinueCounting(20000);
       },
       walk, kRepetitions);
   if (found != rows || walked != rows) throw std::runtime_error("the last row was not found");

@@ -39,37 +39,37 @@ class EvenMeasurer final : public TextMeasurer {
   Tenths LineHeight(const Font&) override { return 36; }
 };
 
-void FillGrid(Grid& sheet, std::int32_t rows) {
-  sheet.SetMaxRows(rows);
+void FillGrid(Grid& grid, std::int32_t rows) {
+  grid.SetMaxRows(rows);
   for (std::int32_t row = 1; row <= rows; ++row) {
     const std::u16string number = NumberText(row);
-    sheet.SetText(grid_columns::kCode, row, Concatenate({u"01.01.", number}));
-    sheet.SetText(grid_columns::kName, row, Concatenate({u"六角头螺栓（镀锌）", number}));
-    sheet.SetText(grid_columns::kModel, row, u"GB5782 M8x30");
-    sheet.SetText(grid_columns::kPrice, row, NumberText(row / 4.0));
+    grid.SetText(grid_columns::kCode, row, Concatenate({u"01.01.", number}));
+    grid.SetText(grid_columns::kName, row, Concatenate({u"六角头螺栓（镀锌）", number}));
+    grid.SetText(grid_columns::kModel, row, u"GB5782 M8x30");
+    grid.SetText(grid_columns::kPrice, row, NumberText(row / 4.0));
   }
 }
 
 // Into a text with enough capacity, as the document's has from the second time on.
-std::size_t CopyTexts(const Grid& sheet, std::u16string& texts) {
+std::size_t CopyTexts(const Grid& grid, std::u16string& texts) {
   texts.clear();
-  for (std::int32_t row = 1; row <= sheet.MaxRows(); ++row) {
-    for (std::int32_t column = 1; column <= sheet.MaxColumns(); ++column) {
-      texts.append(sheet.Text(column, row));
+  for (std::int32_t row = 1; row <= grid.MaxRows(); ++row) {
+    for (std::int32_t column = 1; column <= grid.MaxColumns(); ++column) {
+      texts.append(grid.Text(column, row));
     }
   }
   return texts.size();
 }
 
 // Into one text per cell, a page's worth at a time.
-std::size_t CopyCells(const Grid& sheet) {
+std::size_t CopyCells(const Grid& grid) {
   constexpr std::int32_t kRowsPerPage = 50;
   std::vector<std::u16string> page;
   std::size_t texts = 0;
-  for (std::int32_t row = 1; row <= sheet.MaxRows(); ++row) {
+  for (std::int32_t row = 1; row <= grid.MaxRows(); ++row) {
     if (row % kRowsPerPage == 0) page.clear();
-    for (std::int32_t column = 1; column <= sheet.MaxColumns(); ++column) {
-      page.emplace_back(sheet.Text(column, row));
+    for (std::int32_t column = 1; column <= grid.MaxColumns(); ++column) {
+      page.emplace_back(grid.Text(column, row));
       ++texts;
     }
   }
@@ -91,21 +91,21 @@ struct Measured {
 };
 
 Measured Measure(std::int32_t rows) {
-  Grid sheet(grid_columns::kCount);
-  FillGrid(sheet, rows);
+  Grid grid(grid_columns::kCount);
+  FillGrid(grid, rows);
   std::size_t kept = 0;
   std::u16string copy;
-  const auto raw = [&] { kept += CopyTexts(sheet, copy); };
+  const auto raw = [&] { kept += CopyTexts(grid, copy); };
   PrintDocument document;
   SetPageLines({}, document);
   EvenMeasurer measurer;
   const auto pages = [&] { return PrintPages(document, {}, u"2008-03-31", measurer); };
   Measured measured;
-  measured.fill = Compare([&] { FillPrintTable(sheet, document.table); }, raw, kRepetitions);
+  measured.fill = Compare([&] { FillPrintTable(grid, document.table); }, raw, kRepetitions);
   measured.paginate =
       Compare([&] { kept += static_cast<std::size_t>(pages().PageCount()); }, raw, kRepetitions);
   measured.draw =
-      Compare([&] { kept += DrawAll(pages()); }, [&] { kept += CopyCells(sheet); }, kRepetitions);
+      Compare([&] { kept += DrawAll(pages()); }, [&] { kept += CopyCells(grid); }, kRepetitions);
   if (kept == 0) std::printf("nothing was printed\n");
   return measured;
 }

@@ -158,7 +158,7 @@ Operation LoadGrid(const std::string& path) {
   SetItemClassType(*stage, u"2");
   return {[=] { stage->Control().NodeClicked(kRootNode); },
           [=] {
-            const Grid& grid = stage->Control().ItemCells();
+            const Grid& grid = stage->Control().GetGrid();
             Held held;
             for (std::int32_t row = 1; row <= grid.MaxRows(); ++row) {
               for (std::int32_t column = 1; column <= grid.MaxColumns(); ++column) {

@@ -1,5 +1,5 @@
 // The windows of a control without the control: the same number of system windows at the same
-// places, with the same tool bar texts and fonts.
+// places, with the same tool strip texts and fonts.
 #pragma once
 
 #include <windows.h>

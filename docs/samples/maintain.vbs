@@ -4,7 +4,7 @@
 Option Explicit
 
 ' Ids of the form's controls and of the buttons of message boxes.
-Const kToolBar = 301
+Const kToolStrip = 301
 Const kNumber = 321
 Const kName = 322
 Const kLoss = 323
@@ -13,7 +13,7 @@ Const kPercentage = 325
 Const kBoxText = 65535
 Const kYes = 6
 Const kNo = 7
-' Positions on the form's tool bar.
+' Positions on the form's tool strip.
 Const kSaveTool = 2
 Const kAddItemTool = 4
 Const kExitTool = 7
@@ -61,11 +61,11 @@ Class AddingUser
         TypeInto kLoss, "6701.01"
         TypeInto kReserve, "1471.01"
         TypeInto kPercentage, "12.5"
-        PressTool kToolBar, kAddItemTool
+        PressTool kToolStrip, kAddItemTool
       Case 2
-        PressTool kToolBar, kSaveTool
+        PressTool kToolStrip, kSaveTool
       Case 4
-        PressTool kToolBar, kExitTool
+        PressTool kToolStrip, kExitTool
       Case 6
         ' The form is empty again after a save, and asks because of that.
         If WindowClass = "PriceDown.ItemClass" Then Exit Sub
@@ -96,9 +96,9 @@ Class ChangingUser
     Select Case stage
       Case 0
         TypeInto kPercentage, "15"
-        PressTool kToolBar, kSaveTool
+        PressTool kToolStrip, kSaveTool
       Case 2
-        PressTool kToolBar, kExitTool
+        PressTool kToolStrip, kExitTool
     End Select
     stage = stage + 1
   End Sub

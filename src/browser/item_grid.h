@@ -43,8 +43,8 @@ class ItemGrid {
   // Drops the rows and the kept recordset.
   void Release();
 
-  Grid& Cells() { return grid_; }
-  const Grid& Cells() const { return grid_; }
+  Grid& GetGrid() { return grid_; }
+  const Grid& GetGrid() const { return grid_; }
 
  private:
   void Fill(std::u16string_view classNumber);

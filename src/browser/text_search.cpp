@@ -41,7 +41,7 @@ std::optional<SearchHit> TextSearch::HitIn(std::int32_t row) const {
   return column != 0 ? std::optional(SearchHit{row, column}) : std::nullopt;
 }
 
-void TextSearch::CountOn(std::int32_t rows) {
+void TextSearch::ContinueCounting(std::int32_t rows) {
   if (IsEmpty()) return;
   const std::int32_t end =
       counted_ + std::min(std::max(rows, 0), std::max(rows_->Rows() - counted_, 0));

@@ -41,7 +41,7 @@ class TextSearch {
   std::optional<SearchHit> Next(std::int32_t row, bool backwards) const;
 
   // Counts the hits in the next `rows` rows.
-  void CountOn(std::int32_t rows);
+  void ContinueCounting(std::int32_t rows);
   bool IsCounted() const { return IsEmpty() || counted_ >= rows_->Rows(); }
   // "3 / 27" where `row` is the third hit; "27+" while there may be more. Empty without a text.
   std::u16string CountText(std::int32_t row) const;

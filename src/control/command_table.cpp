@@ -12,7 +12,7 @@ namespace pricedown {
 std::span<const ControlCommand> ControlCommands() {
   using namespace surface;
   constexpr auto HasItems = [](const PriceDown& control) {
-    return control.grid_.Cells().MaxRows() > 0;
+    return control.grid_.GetGrid().MaxRows() > 0;
   };
   constexpr auto HasFindText = [](const PriceDown& control) { return control.find_.HasText(); };
   static constexpr std::array<ControlCommand, 16> kCommands{{

@@ -14,7 +14,7 @@ constexpr std::int32_t kRightsObjectNumber = 35;
 }  // namespace
 
 void PriceDown::ParentWindow_ToolBarClick(const ObjectPtr& tool) {
-  const std::shared_ptr<CommandBar> bar = bar_;
+  const std::shared_ptr<CommandBar> bar = commandBar_;
   const ControlCommand* command = CommandBarToolClicked(tool);
   if (command != nullptr) bar->NotifyForwarded(command->tool, tool);
 }
@@ -42,7 +42,8 @@ void PriceDown::CommandChosen(const ControlCommand& command) {
   if (HasEnded() || !IsEnabled(command)) return;
   if ((command.surfaces & surface::kToolStrip) != 0) {
     RunFromToolStrip(command);
-  } else if (const auto tool = bar_->Tool(command.tool); tool != nullptr && !command.tool.empty()) {
+  } else if (const auto tool = commandBar_->Tool(command.tool);
+             tool != nullptr && !command.tool.empty()) {
     // The tool notifies the host.
     tool->Click();
   } else {
@@ -61,7 +62,7 @@ bool PriceDown::IsEnabled(const ControlCommand& command) const {
 }
 
 bool PriceDown::IsToolEnabled(std::u16string_view name) const {
-  const std::shared_ptr<CommandBarTool> tool = bar_->Tool(name);
+  const std::shared_ptr<CommandBarTool> tool = commandBar_->Tool(name);
   return tool == nullptr || tool->Enabled();
 }
 
@@ -74,13 +75,13 @@ void PriceDown::RunFromToolStrip(const ControlCommand& command) {
   if (HasEnded()) return;
   // Intentionally also after a refused right and for a separator.
   LoadTree();
-  grid_.Cells().Repaint();
+  grid_.GetGrid().Repaint();
 }
 
 // The bar's state counts, not that of a host's own tool of the same name.
 void PriceDown::ToggleToolStrip(const ObjectPtr& tool) {
-  const bool checked = !bar_->CheckTool(kToolStripTool)->Checked();
-  bar_->CheckTool(kToolStripTool)->SetChecked(checked);
+  const bool checked = !commandBar_->CheckTool(kToolStripTool)->Checked();
+  commandBar_->CheckTool(kToolStripTool)->SetChecked(checked);
   // The host is notified, and may close the control. Its tool need not have a state.
   if (!HasEnded()) SkipFailing([&] { tool->Put(u"Checked", checked); });
   if (!HasEnded()) LayOut();
@@ -88,7 +89,7 @@ void PriceDown::ToggleToolStrip(const ObjectPtr& tool) {
 
 // The host has changed the state of its tool; a tool without one toggles.
 void PriceDown::FollowStatusBarTool(const ObjectPtr& tool) {
-  const std::shared_ptr<CommandBarTool> own = bar_->CheckTool(kStatusBarTool);
+  const std::shared_ptr<CommandBarTool> own = commandBar_->CheckTool(kStatusBarTool);
   bool checked = !own->Checked();
   SkipFailing([&] { checked = ToBoolean(tool->Get(u"Checked")); });
   if (HasEnded()) return;

@@ -141,8 +141,8 @@ void Find::RowsChanged(FindPane pane) {
   Restart();
 }
 
-void Find::CountOn() {
-  search_.CountOn(kRowsAtOnce);
+void Find::ContinueCounting() {
+  search_.ContinueCounting(kRowsAtOnce);
   ShowCount();
 }
 

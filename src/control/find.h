@@ -54,7 +54,7 @@ class Find {
   // The rows of the pane have been replaced.
   void RowsChanged(FindPane pane);
   // Counts a part of the rows and shows how many hits there are.
-  void CountOn();
+  void ContinueCounting();
 
  private:
   const SearchedRows& RowsOf(FindPane pane) const;

@@ -7,8 +7,8 @@ namespace pricedown {
 // share one path.
 void PriceDown::LayOut() {
   layout_ = ComputeLayout({ports_.view.ControlSize(), splitter_.Position(),
-                           bar_->CheckTool(kToolStripTool)->Checked(),
-                           bar_->CheckTool(kStatusBarTool)->Checked()});
+                           commandBar_->CheckTool(kToolStripTool)->Checked(),
+                           commandBar_->CheckTool(kStatusBarTool)->Checked()});
   ports_.view.Place(layout_);
 }
 

@@ -29,12 +29,12 @@ PriceDown::PriceDown(PriceDownPorts ports)
       grid_(environment_, browser_),
       tree_(environment_, browser_, ports_.treeView, grid_),
       commands_(environment_, browser_, tree_, ports_.editor),
-      find_(ports_.view, grid_.Cells(), tree_),
-      font_(environment_, document_, grid_.Cells(), ports_.fontView),
-      printing_(environment_, grid_.Cells(), document_, ports_.printOutput, font_),
-      bar_(std::make_shared<CommandBar>(ports_.lifetime)) {
+      find_(ports_.view, grid_.GetGrid(), tree_),
+      font_(environment_, document_, grid_.GetGrid(), ports_.fontView),
+      printing_(environment_, grid_.GetGrid(), document_, ports_.printOutput, font_),
+      commandBar_(std::make_shared<CommandBar>(ports_.lifetime)) {
   environment_.events = ports_.events;
-  bar_->OnClick([this](const ObjectPtr& tool) {
+  commandBar_->OnClick([this](const ObjectPtr& tool) {
     const std::shared_ptr<void> held = ports_.hold ? ports_.hold() : nullptr;
     CommandBarToolClicked(tool);
   });
@@ -75,7 +75,7 @@ void PriceDown::DisableClassCommands() {
   for (const ControlCommand& command : ControlCommands()) {
     if (!command.changesClasses) continue;
     steps.Run([&] { ports_.view.DisableButton(command); });
-    steps.Run([&] { bar_->Tool(command.tool)->DisableForGood(); });
+    steps.Run([&] { commandBar_->Tool(command.tool)->DisableForGood(); });
   }
   steps.Rethrow();
 }
@@ -118,7 +118,7 @@ void PriceDown::Terminate() {
   std::exchange(ports_.form, nullptr).reset();
   browser_.classRecordset.Release();
   ReleaseLedger();
-  bar_->Detach();
+  commandBar_->Detach();
   SkipFailing([&] { grid_.Release(); });
 }
 

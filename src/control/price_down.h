@@ -95,12 +95,12 @@ class PriceDown {
   Find* Finding() { return HasEnded() ? nullptr : &find_; }
 
   // What the windows show and what hosts reach.
-  Grid& ItemCells() { return grid_.Cells(); }
-  const std::shared_ptr<CommandBar>& Bar() const { return bar_; }
+  Grid& GetGrid() { return grid_.GetGrid(); }
+  const std::shared_ptr<CommandBar>& BarList() const { return commandBar_; }
   const NodeCollection& Nodes() const { return tree_.Nodes(); }
   const BrowserState& Browser() const { return browser_; }
   std::u16string StatusText() const {
-    return pricedown::StatusText(browser_, tree_.Nodes(), grid_.Cells().MaxRows());
+    return pricedown::StatusText(browser_, tree_.Nodes(), grid_.GetGrid().MaxRows());
   }
   bool HasEnded() const { return environment_.lifetime.HasEnded(); }
 
@@ -142,7 +142,7 @@ class PriceDown {
   PrintDocument document_;
   DisplayFont font_;
   PrintCommands printing_;
-  std::shared_ptr<CommandBar> bar_;
+  std::shared_ptr<CommandBar> commandBar_;
   Splitter splitter_;
   Layout layout_;  // the last one placed
   ObjectPtr parentWindow_;

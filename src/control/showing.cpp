@@ -17,13 +17,13 @@ namespace {
 constexpr std::u16string_view kMaintenanceTitle = u"物料类别维护";
 constexpr std::u16string_view kMergeOperation = u"MergeToolBar";
 
-struct ShowMode {
+struct DisplayMode {
   std::int32_t objectType;
   std::u16string_view treeSelectionKey;
 };
 
-constexpr ShowMode kMaintenance{10, u"NodeSel1"};
-constexpr ShowMode kOther{11, u"NodeSel2"};
+constexpr DisplayMode kMaintenance{10, u"NodeSel1"};
+constexpr DisplayMode kOther{11, u"NodeSel2"};
 
 }  // namespace
 
@@ -45,7 +45,7 @@ bool PriceDown::Show(const Value& parentWindow) {
 
 void PriceDown::ReadCaption() {
   SkipFailing([&] { title_ = Translate(Trim(ports_.container.Caption())); });
-  const ShowMode& mode = title_ == Translate(kMaintenanceTitle) ? kMaintenance : kOther;
+  const DisplayMode& mode = title_ == Translate(kMaintenanceTitle) ? kMaintenance : kOther;
   ports_.state.objectType = mode.objectType;
   treeSelectionKey_ = mode.treeSelectionKey;
   ports_.view.SetTitle(title_);
@@ -89,7 +89,7 @@ void PriceDown::NotifyMessage(std::u16string_view message) {
 void PriceDown::RefreshToolbar() {
   // A separate reference, because merging may end the control.
   const ObjectPtr parent = parentWindow_;
-  if (parent != nullptr) parent->Call(kMergeOperation, {Value(ObjectPtr(bar_))});
+  if (parent != nullptr) parent->Call(kMergeOperation, {Value(ObjectPtr(commandBar_))});
 }
 
 void PriceDown::SelBlock(const ObjectPtr& grid, const Value& column, const Value& column2,

@@ -1,7 +1,7 @@
 // Picks an account. Errors end here.
 #include "editor/account_lookup.h"
 
-#include "editor/ledger_view.h"
+#include "editor/general_ledger.h"
 #include "platform/convert.h"
 #include "platform/failure.h"
 #include "platform/text.h"
@@ -12,7 +12,7 @@ namespace {
 void PickAccount(FormParts& form, FormField field) {
   const std::u16string text = form.view.Text(field);
   const ObjectPtr result = RequireObject(
-      LedgerView(form.environment)->Call(u"AccountLookup", {Trim(text)}), u"AccountLookup");
+      GeneralLedger(form.environment)->Call(u"AccountLookup", {Trim(text)}), u"AccountLookup");
   const Value account = result->Get(u"ReturnObject");
   // Nothing chosen: empty, or the object Nothing.
   if (account.IsNothing() || account == Value(nullptr)) return;

@@ -44,7 +44,7 @@ class Layout {
   }
   // From the upper edge of a frame to what it holds.
   std::int32_t CaptionHeight() const { return measures_.lineHeight + Scale(kBelowCaption); }
-  std::int32_t LineTop() const { return measures_.stripHeight + 2 * Scale(kStripMargin); }
+  std::int32_t LineTop() const { return measures_.toolStripHeight + 2 * Scale(kStripMargin); }
   std::int32_t HeaderTop() const { return LineTop() + kLineHeight + Scale(kMargin) / 2; }
   std::int32_t HeaderHeight() const {
     const auto rows = static_cast<std::int32_t>(kFormRows.size());
@@ -102,7 +102,8 @@ FormPlaces Layout::Place(Size client) const {
   const std::int32_t stripMargin = Scale(kStripMargin);
   const std::int32_t frameWidth = client.width - 2 * margin;
   FormPlaces places;
-  places.strip = {stripMargin, stripMargin, client.width - 2 * stripMargin, measures_.stripHeight};
+  places.toolStrip = {stripMargin, stripMargin, client.width - 2 * stripMargin,
+                      measures_.toolStripHeight};
   places.line = {0, LineTop(), client.width, kLineHeight};
   places.headerFrame = {margin, HeaderTop(), frameWidth, HeaderHeight()};
   PlaceRows(places);
@@ -118,7 +119,7 @@ Size Layout::LeastSize() const {
   const std::int32_t frame = 2 * (Scale(kMargin) + Scale(kFrameInset));
   const std::int32_t fields =
       frame + measures_.labelWidth + Scale(kLabelGap) + Scale(kLeastFieldWidth);
-  return {std::max(fields, measures_.stripWidth + 2 * Scale(kStripMargin)),
+  return {std::max(fields, measures_.toolStripWidth + 2 * Scale(kStripMargin)),
           HeightWith(kLeastItemRows)};
 }
 

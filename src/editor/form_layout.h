@@ -12,14 +12,14 @@ namespace pricedown {
 
 // What depends on fonts and texts; pixels.
 struct FormMeasures {
-  std::int32_t stripHeight = 0;
-  std::int32_t stripWidth = 0;  // with all buttons in sight
+  std::int32_t toolStripHeight = 0;
+  std::int32_t toolStripWidth = 0;  // with all buttons in sight
   std::int32_t lineHeight = 0;
   std::int32_t labelWidth = 0;  // of the longest label
 };
 
 struct FormPlaces {
-  Rectangle strip;
+  Rectangle toolStrip;
   Rectangle line;
   Rectangle headerFrame;
   Rectangle itemFrame;

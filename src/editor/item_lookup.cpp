@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "editor/ledger_view.h"
+#include "editor/general_ledger.h"
 #include "editor/member_list.h"
 #include "platform/cell_text.h"
 #include "platform/row_reader.h"
@@ -81,7 +81,7 @@ std::u16string Condition(const FormState& state) {
 ObjectPtr LookUpItems(FormParts& form, const std::u16string& condition, ObjectPtr parameters) {
   Value dictionary(std::move(parameters));
   return RequireObject(
-      LedgerView(form.environment)
+      GeneralLedger(form.environment)
           ->Call(u"ItemLookUp", {kItemType, Missing{}, condition, Value::ByReference(dictionary)}),
       u"ItemLookUp");
 }

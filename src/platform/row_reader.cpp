@@ -9,7 +9,7 @@
 namespace pricedown {
 namespace {
 
-bool SaysThatMemberIsLacking(const AutomationError& error) {
+bool IsMemberNotFound(const AutomationError& error) {
   return error.Number() == static_cast<std::int32_t>(ErrorNumber::UnknownName) ||
          error.Number() == static_cast<std::int32_t>(ErrorNumber::MemberNotFound) ||
          error.Number() == static_cast<std::int32_t>(ErrorNumber::NotImplemented);
@@ -41,7 +41,7 @@ bool RowReader::NextOfBlock() {
   try {
     block_ = ReadBlock();
   } catch (const AutomationError& error) {
-    if (!SaysThatMemberIsLacking(error)) throw;
+    if (!IsMemberNotFound(error)) throw;
     hasBlocks_ = false;
     FindColumns();
     ReadRow();

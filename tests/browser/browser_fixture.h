@@ -91,9 +91,9 @@ class BrowserFixture : public ::testing::Test {
     processState_.dataScope = 2;
   }
 
-  void AttachGridView() { grid_.Cells().Attach(&gridView_); }
+  void AttachGridView() { grid_.GetGrid().Attach(&gridView_); }
   std::string CellOf(std::int32_t column, std::int32_t row) {
-    return Utf8(grid_.Cells().Text(column, row));
+    return Utf8(grid_.GetGrid().Text(column, row));
   }
 
   CallLog log_;
@@ -107,7 +107,7 @@ class BrowserFixture : public ::testing::Test {
   ItemGrid grid_{environment_, state_};
   ClassTree tree_{environment_, state_, treeView_, grid_};
   RecordingEditor editor_{environment_, factory_.GetRecorder(), log_};
-  RecordingGridView gridView_{factory_.GetRecorder(), grid_.Cells()};
+  RecordingGridView gridView_{factory_.GetRecorder(), grid_.GetGrid()};
 };
 
 }  // namespace pricedown::testing

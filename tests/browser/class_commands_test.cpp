@@ -68,7 +68,7 @@ TEST_F(DeleteClass, AsksGuardsDeletesAndSelectsTheRoot) {
                                "screen pointer 0\n"
                                "screen messages\n"));
   EXPECT_EQ(Utf8(tree_.SelectedKey()), "gc0");
-  EXPECT_EQ(grid_.Cells().MaxRows(), 0);
+  EXPECT_EQ(grid_.GetGrid().MaxRows(), 0);
 }
 
 TEST_F(DeleteClass, AsksToSelectAClassWhenTheGridHasNoRows) {
@@ -170,7 +170,7 @@ TEST_F(DeleteClass, LeavesTheClassWhenItsProvisionRowsAreGoneAndTheSecondDeleteF
   }
   EXPECT_EQ(log_.Count(ExecuteLine(kDeleteProvision)), 1u);
   EXPECT_EQ(log_.Count("tree redraw off"), 0u);
-  EXPECT_EQ(grid_.Cells().MaxRows(), 2);
+  EXPECT_EQ(grid_.GetGrid().MaxRows(), 2);
 }
 
 TEST_F(DeleteClass, ReportsAPeriodThatIsNotANumber) {

@@ -11,7 +11,7 @@ class ItemGridTest : public BrowserFixture {
   // The texts of all rows, columns separated by |.
   std::vector<std::string> Texts() {
     std::vector<std::string> rows;
-    for (std::int32_t row = 1; row <= grid_.Cells().MaxRows(); ++row) {
+    for (std::int32_t row = 1; row <= grid_.GetGrid().MaxRows(); ++row) {
       std::string line;
       for (std::int32_t column = 1; column <= 4; ++column) line += CellOf(column, row) + "|";
       rows.push_back(line);
@@ -21,9 +21,9 @@ class ItemGridTest : public BrowserFixture {
   // Which cells are locked, row by row, as L and -.
   std::string Locks() {
     std::string map;
-    for (std::int32_t row = 1; row <= grid_.Cells().MaxRows(); ++row) {
+    for (std::int32_t row = 1; row <= grid_.GetGrid().MaxRows(); ++row) {
       for (std::int32_t column = 1; column <= 4; ++column) {
-        map += grid_.Cells().IsLocked(column, row) ? 'L' : '-';
+        map += grid_.GetGrid().IsLocked(column, row) ? 'L' : '-';
       }
       map += ' ';
     }
@@ -36,7 +36,7 @@ TEST_F(ItemGridTest, NotifiesItsViewOnceOfTitlesAndWidths) {
   AttachGridView();
   grid_.Prepare();
   EXPECT_EQ(log_.Text(), Lines("grid changed 0 rows\ngrid metrics\n"));
-  EXPECT_TRUE(grid_.Cells().Redraw());
+  EXPECT_TRUE(grid_.GetGrid().Redraw());
 }
 
 TEST_F(ItemGridTest, ListsTheItemsOfTheSelectedClass) {
@@ -65,13 +65,13 @@ TEST_F(ItemGridTest, ReportsProgressToItsViewDuringALongFill) {
     void GridFilling() override { ++fills; }
     int fills = 0;
   } view;
-  grid_.Cells().Attach(&view);
+  grid_.GetGrid().Attach(&view);
   ScriptedRows rows = ItemRows({});
   for (int i = 0; i < 1100; ++i) rows.rows.push_back(ItemRows(kTwoItems).rows.front());
   AnswerStatement(factory_, kItemsOf01, rows);
   grid_.LoadItemGrid(u"01");
-  grid_.Cells().Attach(nullptr);
-  EXPECT_EQ(grid_.Cells().MaxRows(), 1100);
+  grid_.GetGrid().Attach(nullptr);
+  EXPECT_EQ(grid_.GetGrid().MaxRows(), 1100);
   EXPECT_EQ(view.fills, 2);
 }
 
@@ -81,14 +81,14 @@ TEST_F(ItemGridTest, ListsAllItemsWhenProvisionsAreKeptByItem) {
   grid_.LoadItemGrid(u"0");
   grid_.LoadItemGrid(u"01");  // the class is not consulted
   EXPECT_EQ(log_.Count(ExecuteLine(kAllItems)), 2u);
-  EXPECT_EQ(grid_.Cells().MaxRows(), 2);
+  EXPECT_EQ(grid_.GetGrid().MaxRows(), 2);
 }
 
 TEST_F(ItemGridTest, QueriesTheClassNumberedZeroAtTheRoot) {
   AnswerStatement(factory_, kItemsOfRoot, ItemRows({}));
   grid_.LoadItemGrid(u"0");
   EXPECT_EQ(log_.Count(ExecuteLine(kItemsOfRoot)), 1u);
-  EXPECT_EQ(grid_.Cells().MaxRows(), 0);
+  EXPECT_EQ(grid_.GetGrid().MaxRows(), 0);
 }
 
 TEST_F(ItemGridTest, ShowsShortCodesWhenShortNumbersAreInUse) {
@@ -121,7 +121,7 @@ TEST_F(ItemGridTest, EmptiesTheGridForAClassWithoutItems) {
   grid_.LoadItemGrid(u"01");
   EXPECT_EQ(Texts(), Strings{});
   EXPECT_EQ(log_.Count("result.MoveFirst()"), 0u);  // an empty recordset refuses it
-  EXPECT_TRUE(grid_.Cells().Redraw());
+  EXPECT_TRUE(grid_.GetGrid().Redraw());
 }
 
 TEST_F(ItemGridTest, ShowsNoRowsForAnUnknownRecordCount) {
@@ -130,16 +130,16 @@ TEST_F(ItemGridTest, ShowsNoRowsForAnUnknownRecordCount) {
       .On(u"Execute", Arguments({kItemsOf01}), factory_.Answering(u"uncounted"));
   grid_.LoadItemGrid(u"01");
   EXPECT_EQ(Texts(), Strings{});
-  EXPECT_TRUE(grid_.Cells().Redraw());
+  EXPECT_TRUE(grid_.GetGrid().Redraw());
 }
 
 TEST_F(ItemGridTest, BoundsThePriceOfEveryRowOnly) {
   AnswerStatement(factory_, kItemsOf01, ItemRows(kTwoItems));
   grid_.LoadItemGrid(u"01");
   for (const std::int32_t row : {1, 2}) {
-    EXPECT_EQ(grid_.Cells().UpperBound(4, row), 99999999999.99);
+    EXPECT_EQ(grid_.GetGrid().UpperBound(4, row), 99999999999.99);
     for (const std::int32_t column : {1, 2, 3}) {
-      EXPECT_FALSE(grid_.Cells().UpperBound(column, row));
+      EXPECT_FALSE(grid_.GetGrid().UpperBound(column, row));
     }
   }
 }
@@ -147,7 +147,7 @@ TEST_F(ItemGridTest, BoundsThePriceOfEveryRowOnly) {
 TEST_F(ItemGridTest, ForgetsAPriceThatWasTyped) {
   AnswerStatement(factory_, kItemsOf01, ItemRows(kTwoItems));
   grid_.LoadItemGrid(u"01");
-  grid_.Cells().SetText(4, 1, u"12.50");
+  grid_.GetGrid().SetText(4, 1, u"12.50");
   grid_.LoadItemGrid(u"01");
   EXPECT_EQ(CellOf(4, 1), "");
 }
@@ -178,7 +178,7 @@ TEST_F(ItemGridTest, DropsTheFullLockOfAnEarlierLoad) {
 }
 
 TEST_F(ItemGridTest, LocksNothingForAnyOtherScopeAtStart) {
-  grid_.Cells().SetMaxRows(1);
+  grid_.GetGrid().SetMaxRows(1);
   grid_.ApplyScopeLock();
   EXPECT_EQ(Locks(), "---- ");
   processState_.dataScope = 0;
@@ -209,8 +209,8 @@ TEST_F(ItemGridTest, ShowsTheErrorOfAFailedQueryAndKeepsTheRowsShown) {
                                "\nrelease ZEPConnection.AppConnection\n"
                                "message information \"岚禾提示\": \"表 't_ICItem' 被锁定\"\n"));
   EXPECT_FALSE(state_.itemRecordset);
-  EXPECT_EQ(grid_.Cells().MaxRows(), 2);
-  EXPECT_TRUE(grid_.Cells().Redraw());
+  EXPECT_EQ(grid_.GetGrid().MaxRows(), 2);
+  EXPECT_TRUE(grid_.GetGrid().Redraw());
 }
 
 // The record count is higher than the number of rows.
@@ -237,9 +237,9 @@ TEST_F(ItemGridTest, KeepsTheRowsFilledBeforeAReadFailed) {
   EXPECT_TRUE(log_.Lines().back().starts_with("message information \"岚禾提示\": ")) << log_.Text();
   EXPECT_EQ(Texts(), (Strings{"01.001|螺栓|M8||", "||||"}));
   EXPECT_EQ(Locks(), "---- ---- ");  // locking is skipped
-  EXPECT_FALSE(grid_.Cells().Redraw());
+  EXPECT_FALSE(grid_.GetGrid().Redraw());
   grid_.LoadItemGrid(u"01");
-  EXPECT_TRUE(grid_.Cells().Redraw());
+  EXPECT_TRUE(grid_.GetGrid().Redraw());
   EXPECT_EQ(Locks(), "LLLL LLLL ");
 }
 
@@ -279,7 +279,7 @@ TEST_F(ItemGridTest, ShowsOneMessagePerFailureAndRecovers) {
       EXPECT_EQ(messages, failingCall == 0 ? 0u : 1u) << log_.Text();
       grid_.LoadItemGrid(u"01");
       EXPECT_EQ(Texts(), (Strings{"01.001|螺栓|M8||", "01.002|螺母|M10||"}));
-      EXPECT_TRUE(grid_.Cells().Redraw());
+      EXPECT_TRUE(grid_.GetGrid().Redraw());
       EXPECT_EQ(factory_.LiveObjects(), 1);
       return calls;
     });
@@ -293,16 +293,16 @@ TEST_F(ItemGridTest, PreparesTitlesAndWidths) {
   EXPECT_EQ(CellOf(3, kTitleRow), "规格型号");
   EXPECT_EQ(CellOf(4, kTitleRow), "标准单价");
   for (std::int32_t column = 1; column <= 4; ++column) {
-    EXPECT_GE(grid_.Cells().ColumnWidth(column), 10) << column;
+    EXPECT_GE(grid_.GetGrid().ColumnWidth(column), 10) << column;
   }
-  EXPECT_EQ(grid_.Cells().MaxRows(), 0);
+  EXPECT_EQ(grid_.GetGrid().MaxRows(), 0);
 }
 
 TEST_F(ItemGridTest, DropsRowsAndRecordsetWhenReleased) {
   AnswerStatement(factory_, kItemsOf01, ItemRows(kTwoItems));
   grid_.LoadItemGrid(u"01");
   grid_.Release();
-  EXPECT_EQ(grid_.Cells().MaxRows(), 0);
+  EXPECT_EQ(grid_.GetGrid().MaxRows(), 0);
   EXPECT_EQ(factory_.LiveObjects(), 0);
 }
 

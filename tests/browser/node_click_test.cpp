@@ -37,7 +37,7 @@ TEST_F(NodeClick, MakesTheNodeTheCurrentOne) {
   EXPECT_EQ(state_.currentNode, NodeId::OfClass(u"01"));
   tree_.NodeClick(kRoot);
   EXPECT_EQ(state_.currentNode, NodeId{});
-  EXPECT_EQ(grid_.Cells().MaxRows(), 0);
+  EXPECT_EQ(grid_.GetGrid().MaxRows(), 0);
 }
 
 TEST_F(NodeClick, DoesNothingWithoutANode) {
@@ -121,7 +121,7 @@ TEST_F(NodeClick, ReportsASelectionThatTheWindowRefused) {
 TEST_F(NodeClick, RestoresTheSelectionByKey) {
   tree_.RestoreSelection(u"gi01");
   EXPECT_EQ(log_.Lines().front(), "tree select 3");
-  EXPECT_EQ(grid_.Cells().MaxRows(), 2);
+  EXPECT_EQ(grid_.GetGrid().MaxRows(), 2);
   EXPECT_EQ(Utf8(tree_.SelectedKey()), "gi01");
 }
 
@@ -135,7 +135,7 @@ TEST_F(NodeClick, ClicksTheRestoredNodeEvenWhenTheWindowRefusesToSelectIt) {
   factory_.FailCall(1);
   tree_.RestoreSelection(u"gi01");
   EXPECT_EQ(log_.Lines().front(), "tree select 3 fails");
-  EXPECT_EQ(grid_.Cells().MaxRows(), 2);
+  EXPECT_EQ(grid_.GetGrid().MaxRows(), 2);
 }
 
 TEST_F(NodeClick, HasNoSelectedKeyWithoutASelection) {
@@ -168,7 +168,7 @@ TEST_F(NodeClick, RefreshesEvenIfThePointerCannotBeSet) {
   tree_.RefreshCurrentNode();
   EXPECT_EQ(log_.Lines().front(), "screen pointer 11 fails");
   EXPECT_EQ(log_.Count(ExecuteLine(kItemsOf01)), 1u);
-  EXPECT_EQ(grid_.Cells().MaxRows(), 2);
+  EXPECT_EQ(grid_.GetGrid().MaxRows(), 2);
 }
 
 TEST_F(NodeClick, RefreshesTheSameNodeAfterAReload) {

@@ -31,8 +31,8 @@ class PrintCommandsTest : public BrowserFixture {
     factory_.Object(u"dictionary").AllowPut(u"");
     AnswerTitleFont(factory_, u"新細明體", 136);
     grid_.Prepare();
-    grid_.Cells().SetMaxRows(1);
-    grid_.Cells().SetText(1, 1, u"01.001");
+    grid_.GetGrid().SetMaxRows(1);
+    grid_.GetGrid().SetText(1, 1, u"01.001");
   }
 
   // What follows a change of the font to size 12, bold, of that name.
@@ -62,8 +62,8 @@ class PrintCommandsTest : public BrowserFixture {
   RecordingOutput output_{factory_.GetRecorder()};
   RecordingFontView fontView_{factory_.GetRecorder()};
   RecordingFontDialog dialog_{factory_.GetRecorder()};
-  DisplayFont font_{environment_, document_, grid_.Cells(), fontView_};
-  PrintCommands commands_{environment_, grid_.Cells(), document_, output_, font_};
+  DisplayFont font_{environment_, document_, grid_.GetGrid(), fontView_};
+  PrintCommands commands_{environment_, grid_.GetGrid(), document_, output_, font_};
 };
 
 TEST_F(PrintCommandsTest, PreviewWhatTheGridShows) {
@@ -82,7 +82,7 @@ TEST_F(PrintCommandsTest, ApplyAndStoreAFontChangedInThePreview) {
   output_.onPreview = [&](PrintDocument&) { document_.font = KaiTi(); };
   commands_.Preview();
   EXPECT_EQ(log_.Text(), ReadingTitleFont() + "output preview\n" + ApplyingKaiTi());
-  EXPECT_EQ(grid_.Cells().CellFont(), KaiTi());
+  EXPECT_EQ(grid_.GetGrid().CellFont(), KaiTi());
   log_.Clear();
   output_.onPreview = nullptr;
   commands_.Preview();
@@ -201,7 +201,7 @@ class PrintingQuestions final : public UserQuestions {
 TEST_F(PrintCommandsTest, RunAgainWhileAndAfterAMessageThatFails) {
   PrintingQuestions questions;
   Environment environment{factory_, processState_, questions, screen_, u"Host"};
-  PrintCommands commands{environment, grid_.Cells(), document_, output_, font_};
+  PrintCommands commands{environment, grid_.GetGrid(), document_, output_, font_};
   output_.onPrint = [] { throw std::bad_alloc(); };
   questions.onMessage = [&] {
     output_.onPrint = nullptr;

@@ -21,15 +21,15 @@ class PrintListTest : public BrowserFixture {
  protected:
   PrintListTest() { grid_.Prepare(); }
 
-  Grid& Cells() { return grid_.Cells(); }
+  Grid& GetGrid() { return grid_.GetGrid(); }
   void Row(std::int32_t row, const std::vector<std::u16string_view>& texts) {
-    if (Cells().MaxRows() < row) Cells().SetMaxRows(row);
+    if (GetGrid().MaxRows() < row) GetGrid().SetMaxRows(row);
     for (std::size_t i = 0; i < texts.size(); ++i) {
-      Cells().SetText(static_cast<std::int32_t>(i + 1), row, texts[i]);
+      GetGrid().SetText(static_cast<std::int32_t>(i + 1), row, texts[i]);
     }
   }
   std::string Filled() {
-    FillPrintTable(Cells(), table_);
+    FillPrintTable(GetGrid(), table_);
     return Readable(table_);
   }
 
@@ -50,15 +50,15 @@ TEST_F(PrintListTest, OfAnEmptyGridHasTheTitlesAlone) { EXPECT_EQ(Filled(), kCol
 TEST_F(PrintListTest, HoldsTheRowsOfItsLastFillingOnly) {
   Row(1, {u"01.001"});
   Filled();
-  Cells().SetMaxRows(0);
+  GetGrid().SetMaxRows(0);
   EXPECT_EQ(Filled(), kColumns);
 }
 
 TEST_F(PrintListTest, HasTheWidthsOfTheGridTimesOneHundredAndFifty) {
-  Cells().SetColumnWidth(1, 0);
-  Cells().SetColumnWidth(2, 0.01);
-  Cells().SetColumnWidth(3, 12.35);
-  Cells().SetColumnWidth(4, 255);
+  GetGrid().SetColumnWidth(1, 0);
+  GetGrid().SetColumnWidth(2, 0.01);
+  GetGrid().SetColumnWidth(3, 12.35);
+  GetGrid().SetColumnWidth(4, 255);
   Filled();
   EXPECT_EQ(table_.Columns()[0].width, 0);
   EXPECT_EQ(table_.Columns()[1].width, 2);  // 1.5, to the even neighbour
@@ -67,8 +67,8 @@ TEST_F(PrintListTest, HasTheWidthsOfTheGridTimesOneHundredAndFifty) {
 }
 
 TEST_F(PrintListTest, FailsForAWidthThatIsTooLargeForTwips) {
-  Cells().SetColumnWidth(2, 1E8);
-  EXPECT_THROW(FillPrintTable(Cells(), table_), AutomationError);
+  GetGrid().SetColumnWidth(2, 1E8);
+  EXPECT_THROW(FillPrintTable(GetGrid(), table_), AutomationError);
 }
 
 TEST_F(PrintListTest, ShowsTheCodesThatTheGridShows) {
@@ -88,21 +88,21 @@ TEST_F(PrintListTest, KeepsABarInsideATextInItsCell) {
 }
 
 TEST_F(PrintListTest, UsesItsOwnTitlesInsteadOfTheGrids) {
-  Cells().SetText(1, kTitleRow, u"编号");
+  GetGrid().SetText(1, kTitleRow, u"编号");
   EXPECT_EQ(Filled(), kColumns);
 }
 
 TEST_F(PrintListTest, HasThreeHeaderAndTwoFooterLinesInTheTitleFont) {
   PrintDocument document;
   SetPageLines({u"新細明體", 9, false, false, false, 136}, document);
-  FillPrintTable(Cells(), document.table);
+  FillPrintTable(GetGrid(), document.table);
   EXPECT_EQ(Readable(document), PrintedList("新細明體 136", ""));
 }
 
 TEST_F(PrintListTest, HasItsLinesInSongAndTheRequestedCharacterSetWithoutATitleFont) {
   PrintDocument document;
   SetPageLines({u"", 9, false, false, false, 136}, document);
-  FillPrintTable(Cells(), document.table);
+  FillPrintTable(GetGrid(), document.table);
   EXPECT_EQ(Readable(document), PrintedList("宋体 136", ""));
 }
 

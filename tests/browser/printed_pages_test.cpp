@@ -19,7 +19,7 @@ class PrintedPages : public BrowserFixture {
   }
 
   void Rows(std::int32_t count) {
-    Grid& cells = grid_.Cells();
+    Grid& cells = grid_.GetGrid();
     cells.SetMaxRows(count);
     for (std::int32_t row = 1; row <= count; ++row) {
       cells.SetText(1, row, u"01.001");
@@ -33,8 +33,8 @@ class PrintedPages : public BrowserFixture {
   PrintDocument document_;
   PageKeeper output_;
   RecordingFontView fontView_{factory_.GetRecorder()};
-  DisplayFont font_{environment_, document_, grid_.Cells(), fontView_};
-  PrintCommands commands_{environment_, grid_.Cells(), document_, output_, font_};
+  DisplayFont font_{environment_, document_, grid_.GetGrid(), fontView_};
+  PrintCommands commands_{environment_, grid_.GetGrid(), document_, output_, font_};
 };
 
 TEST_F(PrintedPages, ShowsTheGridOnPaper) {

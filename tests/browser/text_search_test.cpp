@@ -68,7 +68,7 @@ class TextSearchTest : public ::testing::TestWithParam<bool> {
   void StartSearch(std::u16string_view text) {
     rows_.texts = {u"甲", u"乙1", u"丙", u"丁", u"戊1", u"己"};
     search_.Start(rows_, text);
-    if (GetParam()) search_.CountOn(100);
+    if (GetParam()) search_.ContinueCounting(100);
   }
 
   ListedRows rows_;
@@ -119,16 +119,16 @@ TEST(TextSearch, CountsAPartAtATime) {
   TextSearch search;
   search.Start(rows, u"a");
   EXPECT_EQ(Utf8(search.CountText(3)), "0 / 0+");
-  search.CountOn(2);
+  search.ContinueCounting(2);
   EXPECT_FALSE(search.IsCounted());
   EXPECT_EQ(Utf8(search.CountText(1)), "1 / 1+");
   EXPECT_EQ(Utf8(search.CountText(3)), "– / 1+") << "not counted as far as that";
-  search.CountOn(100);
+  search.ContinueCounting(100);
   EXPECT_TRUE(search.IsCounted());
   EXPECT_EQ(Utf8(search.CountText(3)), "2 / 3");
   EXPECT_EQ(Utf8(search.CountText(5)), "– / 3") << "the user is elsewhere";
   const int asked = rows.asked;
-  search.CountOn(100);
+  search.ContinueCounting(100);
   EXPECT_EQ(rows.asked, asked);
 }
 
@@ -137,7 +137,7 @@ TEST(TextSearch, FindsNoHitThatIsGoneSinceItWasCounted) {
   rows.texts = {u"a", u"b", u"a"};
   TextSearch search;
   search.Start(rows, u"a");
-  search.CountOn(100);
+  search.ContinueCounting(100);
   rows.texts = {u"b", u"b", u"b"};
   EXPECT_EQ(search.Next(1, false), std::nullopt);
   EXPECT_EQ(search.Next(2, true), std::nullopt);
@@ -161,7 +161,7 @@ TEST(TextSearch, ShowsNoCountWithoutATextAndZeroWithoutAHit) {
   TextSearch search;
   EXPECT_EQ(Utf8(search.CountText(1)), "");
   search.Start(rows, u"z");
-  search.CountOn(1);
+  search.ContinueCounting(1);
   EXPECT_EQ(Utf8(search.CountText(1)), "0 / 0");
 }
 

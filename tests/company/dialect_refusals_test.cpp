@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "tests/company/table_schema.h"
+#include "tests/company/fixed_table_schema.h"
 #include "workbench/company/database_error.h"
 #include "workbench/company/dialect.h"
 #include "workbench/company/utf.h"
@@ -22,7 +22,7 @@ void PrintTo(const Refusal& refusal, std::ostream* stream) { *stream << refusal.
 class DialectRefusal : public ::testing::TestWithParam<Refusal> {};
 
 TEST_P(DialectRefusal, NamesThePlace) {
-  testing::TableSchema schema;
+  testing::FixedTableSchema schema;
   try {
     TranslateText(Utf16FromUtf8(GetParam().text), schema);
     FAIL() << "not refused: " << GetParam().text;
@@ -261,7 +261,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& tested) { return tested.param.name; });
 
 TEST(DialectNesting, IsRefusedBeforeTheStackEnds) {
-  testing::TableSchema schema;
+  testing::FixedTableSchema schema;
   const auto refusalOf = [&schema](const std::string& text) {
     try {
       TranslateText(Utf16FromUtf8(text), schema);
@@ -284,7 +284,7 @@ TEST(DialectNesting, IsRefusedBeforeTheStackEnds) {
 }
 
 TEST(DialectText, HoldsNoZeroCharacter) {
-  testing::TableSchema schema;
+  testing::FixedTableSchema schema;
   using namespace std::literals;
   for (const std::u16string_view text : {u"select FNumber\0 from t_account"sv, u"select 'a\0b'"sv,
                                          u"select [a\0b] from t_account"sv}) {

@@ -5,14 +5,14 @@
 #include <string>
 #include <vector>
 
-#include "tests/company/table_schema.h"
+#include "tests/company/fixed_table_schema.h"
 #include "workbench/company/utf.h"
 
 namespace workbench {
 namespace {
 
 TranslatedText Translate(std::string_view text) {
-  testing::TableSchema schema;
+  testing::FixedTableSchema schema;
   return TranslateText(Utf16FromUtf8(text), schema);
 }
 

@@ -72,12 +72,12 @@ TEST_F(Dispatch, RefreshesForAKeyAsForTheToolAndAddsNoTool) {
   world_.log.Clear();
   Control().CommandChosen(Refresh());
   EXPECT_EQ(world_.log.Text() + "release tool\n", effects);
-  EXPECT_EQ(Control().Bar()->Tool(u"iRefresh"), nullptr);
+  EXPECT_EQ(Control().BarList()->Tool(u"iRefresh"), nullptr);
 }
 
 TEST_F(Dispatch, RefreshesForNoKeyWhileTheHostHasDisabledTheTool) {
   Start();
-  Control().Bar()->Add({u"iRefresh", u"", u"", u""})->SetEnabled(false);
+  Control().BarList()->Add({u"iRefresh", u"", u"", u""})->SetEnabled(false);
   Control().CommandChosen(Refresh());
   EXPECT_EQ(world_.log.Text(), "");
   EXPECT_FALSE(Control().IsEnabled(Refresh()));
@@ -89,7 +89,7 @@ TEST_F(Dispatch, LivesAsLongAsAClickOnItsBar) {
   std::shared_ptr<PriceDown> owner;
   world_.hold = [&]() -> std::shared_ptr<void> { return owner; };
   Start();
-  Control().ItemCells().Attach(nullptr);
+  Control().GetGrid().Attach(nullptr);
   owner = std::move(world_.control);
   const std::weak_ptr<PriceDown> watch = owner;
   bool alive = false;
@@ -99,7 +99,7 @@ TEST_F(Dispatch, LivesAsLongAsAClickOnItsBar) {
             alive = !watch.expired();
             return NewScriptedRecordset(world_.factory.GetRecorder(), ItemRows({}));
           }));
-  const std::shared_ptr<CommandBar> bar = owner->Bar();
+  const std::shared_ptr<CommandBar> bar = owner->BarList();
   bar->Add({u"iRefresh", u"", u"", u""});
   bar->Click(u"iRefresh");
   EXPECT_TRUE(alive);
@@ -148,7 +148,7 @@ TEST_F(Dispatch, RestoresTheLayoutWithTheSecondPressOfAnyTool) {
     EXPECT_EQ(world_.view.placed, before) << checked;
     EXPECT_TRUE(tool->Checked());
   }
-  EXPECT_EQ(Control().Bar()->Tools().size(), 4u);
+  EXPECT_EQ(Control().BarList()->Tools().size(), 4u);
 }
 
 TEST_F(Dispatch, TogglesForAToolWithoutAState) {
@@ -175,14 +175,14 @@ TEST_F(Dispatch, NotifiesTheListenerOfAForwardedClickAfterItsCommand) {
                                               Readable(arguments[0].Object()->Get(u"Caption"));
                                           return Value();
                                         }));
-  Control().Bar()->Add({u"iRefresh", u"刷新", {}, {}});
-  Control().Bar()->SetListener(world_.factory.NewObject(u"listener"));
+  Control().BarList()->Add({u"iRefresh", u"刷新", {}, {}});
+  Control().BarList()->SetListener(world_.factory.NewObject(u"listener"));
   Click(u"iRefresh");
   // The bar's own tool, not the host's.
   EXPECT_EQ(clicked, "\"iRefresh\"\"刷新\"");
   EXPECT_LT(world_.log.Text().find("Execute"), world_.log.Text().find("ToolClicked"));
   Click(u"iUnknown");
-  Control().Bar()->Tool(u"iCut")->SetEnabled(false);
+  Control().BarList()->Tool(u"iCut")->SetEnabled(false);
   Click(u"iCut");
   EXPECT_EQ(clicked, "\"iRefresh\"\"刷新\"");
 }
@@ -203,11 +203,11 @@ TEST_F(Dispatch, OnlyFollowsTheHostsToolOfTheStatusBar) {
 
 TEST_F(Dispatch, TogglesTheBarsOwnTool) {
   Start();
-  const auto own = Control().Bar()->Add({u"iToolBar", {}, {}, {}});
-  Control().Bar()->Click(u"iToolBar");
+  const auto own = Control().BarList()->Add({u"iToolBar", {}, {}, {}});
+  Control().BarList()->Click(u"iToolBar");
   EXPECT_FALSE(own->Checked());
   EXPECT_EQ(world_.view.placed.toolStrip.height, 0);
-  Control().Bar()->Click(u"iToolBar");
+  Control().BarList()->Click(u"iToolBar");
   EXPECT_TRUE(own->Checked());
   EXPECT_GT(world_.view.placed.toolStrip.height, 0);
 }
@@ -239,7 +239,7 @@ TEST_F(Dispatch, RunsNoClassCommandForAForwardedClickOnADisabledTool) {
 // A host may close the control wherever it is called.
 TEST_F(Dispatch, DoesNothingOnceTheHostHasClosedTheControlWhenAskedForTheToolsName) {
   Start();
-  Control().ItemCells().Attach(nullptr);
+  Control().GetGrid().Attach(nullptr);
   world_.factory.Object(u"tool").On(u"Name", Reply::From([this](auto) {
                                       Control().Terminate();
                                       world_.log.Clear();
@@ -251,14 +251,14 @@ TEST_F(Dispatch, DoesNothingOnceTheHostHasClosedTheControlWhenAskedForTheToolsNa
 
 TEST_F(Dispatch, SkipsTheLayoutOnceTheListenerHasClosedTheControl) {
   Start();
-  Control().ItemCells().Attach(nullptr);
-  Control().Bar()->Add({u"iToolBar", {}, {}, {}});
+  Control().GetGrid().Attach(nullptr);
+  Control().BarList()->Add({u"iToolBar", {}, {}, {}});
   world_.factory.Object(u"listener").On(u"ToolChanged", Reply::From([this](auto) {
                                           Control().Terminate();
                                           return Value();
                                         }));
-  Control().Bar()->SetListener(world_.factory.NewObject(u"listener"));
-  Control().Bar()->Click(u"iToolBar");
+  Control().BarList()->SetListener(world_.factory.NewObject(u"listener"));
+  Control().BarList()->Click(u"iToolBar");
   EXPECT_EQ(world_.log.Count("view place"), 0u) << world_.log.Text();
 }
 
@@ -269,8 +269,8 @@ TEST_F(Dispatch, NotifiesTheListenerOfARefreshByKeyAsOfAClick) {
                                           clicked += Readable(arguments[0].Object()->Get(u"Name"));
                                           return Value();
                                         }));
-  Control().Bar()->Add({u"iRefresh", {}, {}, {}});
-  Control().Bar()->SetListener(world_.factory.NewObject(u"listener"));
+  Control().BarList()->Add({u"iRefresh", {}, {}, {}});
+  Control().BarList()->SetListener(world_.factory.NewObject(u"listener"));
   Control().CommandChosen(Refresh());
   EXPECT_EQ(clicked, "\"iRefresh\"");
 }

@@ -75,7 +75,7 @@ TEST_F(DeleteCommand, RunsCompletelyForTheHostsTool) {
 
 TEST_F(DeleteCommand, RunsCompletelyForTheBarsTool) {
   StartDeletable();
-  Control().Bar()->Call(u"Click", {u"iCut"});
+  Control().BarList()->Call(u"Click", {u"iCut"});
   EXPECT_EQ(world_.log.Text(), Deletion());
 }
 
@@ -108,12 +108,12 @@ TEST_F(DeleteCommand, ReloadsOnceAfterARefusal) {
     ScriptDeletable(world);
     world.CreateAndInitialize();
     world.control->Show(nullptr);
-    RecordingGridView gridView(world.factory.GetRecorder(), world.control->ItemCells());
-    world.control->ItemCells().Attach(&gridView);
+    RecordingGridView gridView(world.factory.GetRecorder(), world.control->GetGrid());
+    world.control->GetGrid().Attach(&gridView);
     world.log.Clear();
     world.questions.WillAnswer({true});
     world.control->CommandChosen(Button(u"Del"));
-    world.control->ItemCells().Attach(nullptr);
+    world.control->GetGrid().Attach(nullptr);
     EXPECT_EQ(world.log.Text(),
               "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 65536)\n" + std::string(kQuestion) +
                   "yes\n" + ReadingThePeriod("P") + ExecuteLine(kVoucher) + "\nrelease result\n" +
@@ -132,8 +132,8 @@ TEST_F(DeleteCommand, EndsAtTheCallThatFails) {
     ScriptDeletable(world);
     world.CreateAndInitialize();
     world.control->Show(nullptr);
-    RecordingGridView gridView(world.factory.GetRecorder(), world.control->ItemCells());
-    world.control->ItemCells().Attach(&gridView);
+    RecordingGridView gridView(world.factory.GetRecorder(), world.control->GetGrid());
+    world.control->GetGrid().Attach(&gridView);
     world.log.Clear();
     world.questions.WillAnswer({true});
     const int before = world.factory.CallCount();
@@ -141,7 +141,7 @@ TEST_F(DeleteCommand, EndsAtTheCallThatFails) {
     const bool failed =
         FailureOf([&] { world.control->CommandChosen(Button(u"Del")); }) != std::string();
     const int calls = world.factory.CallCount() - before;
-    world.control->ItemCells().Attach(nullptr);
+    world.control->GetGrid().Attach(nullptr);
     const std::string log = world.log.Text();
     if (log.find(ExecuteLine(kDeleteClass) + "\n") != std::string::npos) return calls;
     EXPECT_TRUE(failed) << log;

@@ -20,18 +20,18 @@ class Dispatch : public ::testing::Test {
   void Start() {
     world_.CreateAndInitialize();
     world_.control->Show(nullptr);
-    world_.control->ItemCells().Attach(&gridView());
+    world_.control->GetGrid().Attach(&gridView());
     world_.log.Clear();
   }
   RecordingGridView& gridView() {
     if (!gridView_) {
       gridView_ = std::make_unique<RecordingGridView>(world_.factory.GetRecorder(),
-                                                      world_.control->ItemCells());
+                                                      world_.control->GetGrid());
     }
     return *gridView_;
   }
   ~Dispatch() override {
-    if (world_.control) world_.control->ItemCells().Attach(nullptr);
+    if (world_.control) world_.control->GetGrid().Attach(nullptr);
   }
 
   PriceDown& Control() { return *world_.control; }

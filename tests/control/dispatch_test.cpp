@@ -73,7 +73,7 @@ TEST_F(Dispatch, ClosesTheContainerOnExitAndReloadsWhenItStays) {
 
 TEST_F(Dispatch, TouchesNothingWhenClosingEndedTheControl) {
   Start();
-  Control().ItemCells().Attach(nullptr);
+  Control().GetGrid().Attach(nullptr);
   world_.container.onClose = [&] {
     Control().Terminate();
     world_.log.Clear();
@@ -93,7 +93,7 @@ TEST_F(Dispatch, FillsTheGridForAClickedNode) {
   Start();
   Control().NodeClicked(1);
   EXPECT_EQ(world_.log.Count(ExecuteLine(kItemsOfRoot)), 1u);
-  EXPECT_EQ(Control().ItemCells().MaxRows(), 0);
+  EXPECT_EQ(Control().GetGrid().MaxRows(), 0);
 }
 
 TEST_F(Dispatch, AsksBeforeDeletingThroughTheStripAndReloadsAfterNo) {
@@ -119,7 +119,7 @@ TEST_F(Dispatch, DeletesNothingOnceTheControlHasEndedDuringTheQuestion) {
 TEST_F(Dispatch, DeletesNothingOnceTheControlIsGoneDuringTheQuestion) {
   Start();
   world_.questions.whileAsked = [this] {
-    Control().ItemCells().Attach(nullptr);
+    Control().GetGrid().Attach(nullptr);
     world_.control.reset();
   };
   world_.questions.WillAnswer({true});
@@ -130,7 +130,7 @@ TEST_F(Dispatch, DeletesNothingOnceTheControlIsGoneDuringTheQuestion) {
 TEST_F(Dispatch, AsksForAClassInTheHostsOwnCallsAndReloadsNothing) {
   world_.company.nodeSetting = u"gc0";
   Start();
-  world_.control->ItemCells().Attach(nullptr);
+  world_.control->GetGrid().Attach(nullptr);
   EXPECT_EQ(Control().editRecord(), Value());
   EXPECT_EQ(world_.log.Text(), "message information \"岚禾提示\": \"请选择要修改的物料类别\"\n");
   world_.log.Clear();

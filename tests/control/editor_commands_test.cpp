@@ -84,9 +84,9 @@ TEST_F(Dispatch, LivesAsLongAsAClickOnItsBarThatShowsTheEditor) {
   std::shared_ptr<PriceDown> owner;
   world_.hold = [&]() -> std::shared_ptr<void> { return owner; };
   Start();
-  Control().ItemCells().Attach(nullptr);
+  Control().GetGrid().Attach(nullptr);
   owner = std::move(world_.control);
-  const std::shared_ptr<CommandBar> bar = owner->Bar();
+  const std::shared_ptr<CommandBar> bar = owner->BarList();
   const std::weak_ptr<PriceDown> watch = owner;
   world_.editor.whileShown = [&] { owner.reset(); };
   bar->Click(u"iInsert");
@@ -110,7 +110,7 @@ TEST_F(Dispatch, MayBeDestroyedWhileTheHostsOwnCallShowsTheEditor) {
 
 TEST_F(Dispatch, DoesNothingAfterItsEnd) {
   Start();
-  Control().ItemCells().Attach(nullptr);
+  Control().GetGrid().Attach(nullptr);
   Control().Terminate();
   world_.log.Clear();
   Control().addRecord();

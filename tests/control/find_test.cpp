@@ -15,7 +15,7 @@ class FindInControl : public Dispatch {
   FindInControl() {
     Start();
     Control().NodeClicked(2);
-    Grid& grid = Control().ItemCells();
+    Grid& grid = Control().GetGrid();
     grid.SetMaxRows(0);
     grid.SetMaxRows(4);
     const char16_t* const texts[4][3]{{u"01.001", u"螺栓", u"M8"},
@@ -75,7 +75,7 @@ TEST_F(FindInControl, SearchesNothingWhileATextIsComposed) {
 TEST_F(FindInControl, StaysWhereNothingIsFound) {
   Open(FindPane::Grid);
   find().TextChanged(u"没有", false);
-  find().CountOn();
+  find().ContinueCounting();
   EXPECT_EQ(Log(), "");
   EXPECT_EQ(Count(), "0 / 0");
 }
@@ -95,7 +95,7 @@ TEST_F(FindInControl, CountsInPartsAndShowsTheNumberOfTheHit) {
   Open(FindPane::Grid);
   find().TextChanged(u"M8", false);
   EXPECT_TRUE(world_.view.findCounting);
-  find().CountOn();
+  find().ContinueCounting();
   EXPECT_FALSE(world_.view.findCounting);
   EXPECT_EQ(Count(), "1 / 2");
   find().Next(false);
@@ -125,11 +125,11 @@ TEST_F(FindInControl, OpensWithTheTextOfTheLastTime) {
 TEST_F(FindInControl, CountsAgainWhenTheRowsAreOthers) {
   Open(FindPane::Grid);
   find().TextChanged(u"M8", false);
-  find().CountOn();
-  Control().ItemCells().SetText(3, 4, u"M8");
+  find().ContinueCounting();
+  Control().GetGrid().SetText(3, 4, u"M8");
   find().RowsChanged(FindPane::Grid);
   EXPECT_TRUE(world_.view.findCounting);
-  find().CountOn();
+  find().ContinueCounting();
   EXPECT_EQ(Count(), "1 / 3");
 }
 
@@ -177,11 +177,11 @@ TEST_F(FindInControl, SearchesTheTreeAgainWhenADeletionReloadsIt) {
   world_.view.focusedPane = FindPane::Tree;
   Open(FindPane::Tree);
   find().TextChanged(u"成", false);
-  find().CountOn();
+  find().ContinueCounting();
   ASSERT_EQ(Count(), "1 / 1");
   Control().delRecord();
   EXPECT_TRUE(world_.view.findCounting);
-  find().CountOn();
+  find().ContinueCounting();
   EXPECT_EQ(Count(), "– / 1");
   world_.log.Clear();
   find().Next(false);

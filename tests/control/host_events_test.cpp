@@ -92,7 +92,7 @@ TEST_F(ControlEvents, ReportOnlyTheFinalSelectionOfNestedClicks) {
 
 TEST_F(ControlEvents, ReportNoSelectionWhoseMessagesEndTheControl) {
   Start();
-  Control().ItemCells().Attach(nullptr);
+  Control().GetGrid().Attach(nullptr);
   world_.screen.onMessages = [&] { Control().Terminate(); };
   Control().NodeClicked(1);
   EXPECT_EQ(EventLines(), "event closing\n");
@@ -114,7 +114,7 @@ TEST_F(ControlEvents, ReportNoDeletionThatTheUserRefuses) {
 
 TEST_F(ControlEvents, LeaveTheTreeAloneWhenADeletionEndsTheControl) {
   Start();
-  Control().ItemCells().Attach(nullptr);
+  Control().GetGrid().Attach(nullptr);
   ScriptDeletion();
   events_->whenNotified = [this] { Control().Terminate(); };
   Control().delRecord();
@@ -124,7 +124,7 @@ TEST_F(ControlEvents, LeaveTheTreeAloneWhenADeletionEndsTheControl) {
 
 TEST_F(ControlEvents, ReportTheEndOnceAndNothingAfterIt) {
   Start();
-  Control().ItemCells().Attach(nullptr);
+  Control().GetGrid().Attach(nullptr);
   Control().Terminate();
   Control().Terminate();
   Control().CommandFailed({-5, u"late", u""});

@@ -104,7 +104,7 @@ TEST_F(Placing, MovesTheSplitterFromTheKeyboardWithoutABar) {
 }
 
 TEST_F(Placing, ShowsStripAndBarOnlyWhileTheirToolsAreChecked) {
-  const auto& bar = Control().Bar();
+  const auto& bar = Control().BarList();
   bar->Add({u"iToolBar", {}, {}, {}})->SetChecked(true);
   bar->Add({u"mnuViewStatusBar", {}, {}, {}})->SetChecked(false);
   Control().Resized();

@@ -63,7 +63,7 @@ TEST(Initialize, RunsItsStepsInOrderUnderTheHourglass) {
   EXPECT_EQ(world.state.currentPeriod, 3);
   EXPECT_EQ(world.control->Browser().itemClassType, 1);
   EXPECT_TRUE(world.control->Browser().fullNumber);
-  EXPECT_EQ(Utf8(world.control->ItemCells().Text(1, kTitleRow)), "物料代码");
+  EXPECT_EQ(Utf8(world.control->GetGrid().Text(1, kTitleRow)), "物料代码");
   EXPECT_EQ(world.view.placed.splitter.left, kDefaultSplitter);
 }
 
@@ -122,9 +122,9 @@ TEST(Initialize, DisablesTheClassCommandsUnlessProvisionsAreKeptByClass) {
               std::string::npos)
         << log;
     for (const std::u16string_view tool : {u"iInsert", u"iEdit", u"iCut"}) {
-      EXPECT_FALSE(world.control->Bar()->Tool(tool)->Enabled()) << Utf8(tool);
+      EXPECT_FALSE(world.control->BarList()->Tool(tool)->Enabled()) << Utf8(tool);
     }
-    EXPECT_TRUE(world.control->Bar()->Tool(u"mnuEdit")->Enabled());
+    EXPECT_TRUE(world.control->BarList()->Tool(u"mnuEdit")->Enabled());
   }
 }
 
@@ -132,7 +132,7 @@ TEST(Initialize, LeavesTheClassCommandsEnabledWhenProvisionsAreKeptByClass) {
   ControlWorld world;
   world.CreateAndInitialize();
   for (const std::u16string_view tool : {u"iInsert", u"iEdit", u"iCut"}) {
-    EXPECT_TRUE(world.control->Bar()->Tool(tool)->Enabled()) << Utf8(tool);
+    EXPECT_TRUE(world.control->BarList()->Tool(tool)->Enabled()) << Utf8(tool);
   }
   EXPECT_EQ(world.log.Text().find("view disable button"), std::string::npos);
 }
@@ -141,7 +141,7 @@ TEST(Initialize, LetsNoHostEnableTheClassToolsThatItDisabled) {
   ControlWorld world;
   world.company.mode = u"2";
   world.CreateAndInitialize();
-  const ObjectPtr tools = world.control->Bar()->Get(u"Tools").Object();
+  const ObjectPtr tools = world.control->BarList()->Get(u"Tools").Object();
   for (const std::u16string_view name : {u"iInsert", u"iEdit", u"iCut"}) {
     const ObjectPtr tool = tools->Call(u"Item", {name}).Object();
     tool->Put(u"Enabled", true);
@@ -161,7 +161,7 @@ TEST(Initialize, EnablesNothingAgainWhenTheModeChangesLater) {
   world.company.mode = u"1";
   EXPECT_EQ(world.control->ModelCurrent(), Value());
   EXPECT_EQ(world.control->Browser().itemClassType, 1);
-  EXPECT_FALSE(world.control->Bar()->Tool(u"iInsert")->Enabled());
+  EXPECT_FALSE(world.control->BarList()->Tool(u"iInsert")->Enabled());
   EXPECT_EQ(world.log.Text().find("view disable button"), std::string::npos);
 }
 
@@ -286,7 +286,7 @@ TEST(Initialize, CreatesACompleteControlAfterAnyFailure) {
             "view period ", "create ZEPFrmRes.FrmResLoader", "view title font "}) {
         EXPECT_NE(log.find(step), log.npos) << step << " in\n" << log;
       }
-      EXPECT_EQ(Utf8(world.control->ItemCells().Text(4, kTitleRow)), "标准单价");
+      EXPECT_EQ(Utf8(world.control->GetGrid().Text(4, kTitleRow)), "标准单价");
       EXPECT_NE(log.find("view place") != log.npos, log.find("view size fails") != log.npos);
       const bool hourglass = log.find("screen pointer 11 fails") == log.npos;
       EXPECT_EQ(lines.back().starts_with("screen pointer 0"), hourglass);

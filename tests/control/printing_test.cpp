@@ -20,7 +20,7 @@ class Printing : public Dispatch {
         )"));
   }
   static void ClickOnBar(PriceDown& control, std::u16string_view name) {
-    const std::shared_ptr<CommandBar> bar = control.Bar();
+    const std::shared_ptr<CommandBar> bar = control.BarList();
     bar->Add({std::u16string(name), u"", u"", u""});
     bar->Click(name);
   }
@@ -110,7 +110,7 @@ TEST_F(Printing, ShowsAFontChangedInThePreviewAtOnceAndStoresIt) {
   Start();
   world_.output.onPreview = [](PrintDocument& document) { document.font = {u"楷体", 12, true}; };
   Control().PreviewPara();
-  EXPECT_EQ(Control().ItemCells().CellFont(), (Font{u"楷体", 12, true, false}));
+  EXPECT_EQ(Control().GetGrid().CellFont(), (Font{u"楷体", 12, true, false}));
   EXPECT_EQ(world_.log.Count("font tree 楷体 12.0 bold"), 1u);
   EXPECT_EQ(world_.log.Count(R"(put dictionary("GridFont") = )"
                              R"("FontName=楷体|FontSize=12|FontBold=True|FontItalic=False")"),
@@ -122,7 +122,7 @@ TEST_F(Printing, LeavesAControlAloneThatEndedDuringThePreview) {
   Start();
   world_.output.onPreview = [&](PrintDocument& document) {
     document.font.size = 20;
-    Control().ItemCells().Attach(nullptr);
+    Control().GetGrid().Attach(nullptr);
     Control().Terminate();
     world_.log.Clear();
   };
@@ -137,7 +137,7 @@ TEST_F(Printing, SurvivesAHostThatReleasesItDuringThePreview) {
   host = std::move(world_.control);
   PriceDown* const control = host.get();
   world_.output.onPreview = [&](PrintDocument& document) {
-    control->ItemCells().Attach(nullptr);
+    control->GetGrid().Attach(nullptr);
     host.reset();
     document.font.size = 20;
   };
@@ -156,7 +156,7 @@ TEST_F(Printing, SurvivesAHostThatReleasesItWhileItPrints) {
   const std::weak_ptr<PriceDown> watch = host;
   bool alive = false;
   world_.output.onPrint = [&] {
-    control->ItemCells().Attach(nullptr);
+    control->GetGrid().Attach(nullptr);
     host.reset();
     alive = !watch.expired();
   };
@@ -168,7 +168,7 @@ TEST_F(Printing, SurvivesAHostThatReleasesItWhileItPrints) {
 
 TEST_F(Printing, StopsAtItsEnd) {
   Start();
-  Control().ItemCells().Attach(nullptr);
+  Control().GetGrid().Attach(nullptr);
   Control().Terminate();
   world_.log.Clear();
   EXPECT_EQ(Control().PreviewPara(), Value());

@@ -68,7 +68,7 @@ TEST_F(Show, RunsItsStepsInOrder) {
                 "font label 宋体 9.0\n"
                 "font tree 宋体 9.0\n"
                 "font label 宋体 9.0\n");
-  EXPECT_EQ(world_.control->ItemCells().MaxRows(), 2);
+  EXPECT_EQ(world_.control->GetGrid().MaxRows(), 2);
   EXPECT_EQ(world_.state.dataScope, 2);
 }
 
@@ -129,10 +129,10 @@ TEST_F(Show, PassesItsOwnCommandBarToTheParent) {
                                         return Value();
                                       }));
   world_.control->Show(world_.factory.NewObject(u"parent"));
-  EXPECT_EQ(merged, Value(ObjectPtr(world_.control->Bar())));
+  EXPECT_EQ(merged, Value(ObjectPtr(world_.control->BarList())));
   merged = Value();
   world_.control->RefreshToolbar();
-  EXPECT_EQ(merged, Value(ObjectPtr(world_.control->Bar())));
+  EXPECT_EQ(merged, Value(ObjectPtr(world_.control->BarList())));
 }
 
 TEST_F(Show, SelectsNothingForAKeyThatNoLongerExists) {
@@ -165,7 +165,7 @@ TEST_F(Show, AppliesTheStoredFontInsteadOfTheReportSize) {
   world_.control->Show(nullptr);
   EXPECT_EQ(world_.log.Count(R"(dictionary.GetValue("RptFontSize", 9))"), 0u);
   EXPECT_EQ(world_.log.Count("font tree 楷体 12.0 bold"), 1u);
-  EXPECT_EQ(world_.control->ItemCells().CellFont().size, 12);
+  EXPECT_EQ(world_.control->GetGrid().CellFont().size, 12);
 }
 
 TEST_F(Show, LocksTheGridForADataScopeOfZero) {
@@ -175,16 +175,16 @@ TEST_F(Show, LocksTheGridForADataScopeOfZero) {
   Initialize();
   world_.control->Show(nullptr);
   EXPECT_EQ(world_.state.dataScope, 0);
-  EXPECT_TRUE(world_.control->ItemCells().IsLocked(4, 2));
+  EXPECT_TRUE(world_.control->GetGrid().IsLocked(4, 2));
 }
 
 TEST_F(Show, LocksTheRowsThatTheGridHoldsBeforeANodeIsSelected) {
   world_.company.grantedMasks = " 1048576 ";
   world_.company.nodeSetting = u"";
   Initialize();
-  world_.control->ItemCells().SetMaxRows(1);
+  world_.control->GetGrid().SetMaxRows(1);
   world_.control->Show(nullptr);
-  EXPECT_TRUE(world_.control->ItemCells().IsLocked(4, 1));
+  EXPECT_TRUE(world_.control->GetGrid().IsLocked(4, 1));
 }
 
 TEST_F(Show, ListsAllItemsUnderTheRootWhenProvisionsAreKeptByItem) {
@@ -194,7 +194,7 @@ TEST_F(Show, ListsAllItemsUnderTheRootWhenProvisionsAreKeptByItem) {
   world_.control->Show(nullptr);
   EXPECT_EQ(world_.control->Nodes().Count(), 1u);
   EXPECT_EQ(world_.log.Count(ExecuteLine(kAllItems)), 1u);
-  EXPECT_EQ(world_.control->ItemCells().MaxRows(), 2);
+  EXPECT_EQ(world_.control->GetGrid().MaxRows(), 2);
 }
 
 // After any failure all later steps run, and the only message is the grid's.

@@ -34,7 +34,7 @@ TEST_F(Termination, SavesTheSelectedKeyAndReleasesEverything) {
       release result
       )"));
   EXPECT_EQ(world_.factory.LiveObjects(), 0);
-  EXPECT_EQ(world_.control->ItemCells().MaxRows(), 0);
+  EXPECT_EQ(world_.control->GetGrid().MaxRows(), 0);
 }
 
 TEST_F(Termination, SavesUnderTheKeyOfTheOtherMode) {
@@ -87,7 +87,7 @@ TEST_F(Termination, ReleasesEverythingAfterAnyFailure) {
     world.control->Terminate();
     const int calls = world.factory.CallCount() - before;
     EXPECT_EQ(world.factory.LiveObjects(), 0);
-    EXPECT_EQ(world.control->ItemCells().MaxRows(), 0);
+    EXPECT_EQ(world.control->GetGrid().MaxRows(), 0);
     return calls;
   });
 }
@@ -110,7 +110,7 @@ TEST_F(Termination, KeepsTheLedgerObjectsForTheRemainingControls) {
 
 TEST_F(Termination, LeavesHostsWithABarThatDoesNothing) {
   Start();
-  const ObjectPtr bar = world_.control->Bar();
+  const ObjectPtr bar = world_.control->BarList();
   world_.control.reset();
   world_.log.Clear();
   bar->Call(u"Click", {u"iInsert"});

@@ -13,8 +13,8 @@ FormMeasures MeasuresAt(std::int32_t dpi) {
 }
 
 std::vector<Rectangle> Children(const FormPlaces& places) {
-  std::vector<Rectangle> areas{places.strip, places.line, places.reserveLookup, places.lossLookup,
-                               places.members};
+  std::vector<Rectangle> areas{places.toolStrip, places.line, places.reserveLookup,
+                               places.lossLookup, places.members};
   areas.insert(areas.end(), places.labels.begin(), places.labels.end());
   areas.insert(areas.end(), places.fields.begin(), places.fields.end());
   return areas;

@@ -62,9 +62,9 @@ class BrowserOnSample : public ::testing::Test {
     treeView_.selected = Node(key);
     control_->NodeClicked(Node(key));
   }
-  std::int32_t Rows() { return control_->ItemCells().MaxRows(); }
+  std::int32_t Rows() { return control_->GetGrid().MaxRows(); }
   std::string Cell(std::int32_t column, std::int32_t row) {
-    return Utf8(control_->ItemCells().Text(column, row));
+    return Utf8(control_->GetGrid().Text(column, row));
   }
   std::int32_t Count(std::u16string_view statement) {
     return static_cast<std::int32_t>(suite_->Execute(statement).RowCount());
@@ -190,12 +190,12 @@ TEST_F(BrowserOnSample, LocksTheWholeGridForTheLowestDataScope) {
   suite_->SetRightsMask(10, 151, 0x100000);
   Open();
   Click(u"gi05");
-  EXPECT_TRUE(control_->ItemCells().IsLocked(4, 1));
+  EXPECT_TRUE(control_->GetGrid().IsLocked(4, 1));
   suite_->SetRightsMask(10, 151, 0x200000);
   Open();
   Click(u"gi05");
-  EXPECT_FALSE(control_->ItemCells().IsLocked(4, 1));
-  EXPECT_TRUE(control_->ItemCells().IsLocked(3, 1));
+  EXPECT_FALSE(control_->GetGrid().IsLocked(4, 1));
+  EXPECT_TRUE(control_->GetGrid().IsLocked(3, 1));
 }
 
 TEST_F(BrowserOnSample, DeletesAClassAndItsCurrentProvisionAfterYes) {

@@ -71,7 +71,7 @@ TEST_F(ControlOnCompany, AddsEditsRenamesAndDeletesAClass) {
 TEST_F(ControlOnCompany, ReachesTheSameCommandsFromTheHostsTools) {
   Open();
   Select(u"A1");
-  const auto click = [&](std::u16string_view tool) { control->Bar()->Click(tool); };
+  const auto click = [&](std::u16string_view tool) { control->BarList()->Click(tool); };
   editor.whileShown = [&] {
     Type(FormField::ClassName, u"材料");
     editor.Click(FormTool::Save);

@@ -47,7 +47,7 @@ void CommandSequences::Invoke(std::u16string_view button, std::u16string_view to
       control->CommandChosen(pricedown::testing::Button(button));
       break;
     case 1:
-      control->Bar()->Click(tool);
+      control->BarList()->Click(tool);
       break;
     default:
       (*control.*member)();

@@ -83,8 +83,8 @@ class ControlOnCompany : public ClassCompany {
   // The codes in the grid beside the tree.
   std::string GridCodes() {
     std::string codes;
-    for (std::int32_t row = 1; row <= control->ItemCells().MaxRows(); ++row) {
-      codes += pricedown::ToUtf8(control->ItemCells().Text(1, row)) + " ";
+    for (std::int32_t row = 1; row <= control->GetGrid().MaxRows(); ++row) {
+      codes += pricedown::ToUtf8(control->GetGrid().Text(1, row)) + " ";
     }
     return codes;
   }

@@ -132,8 +132,8 @@ TEST_F(ExplainOnCompany, CallsAnItemFreeExactlyWhenItCanBeRemoved) {
     MakeUpACompany();
     Open();
     Select(u"A1");
-    if (control->ItemCells().MaxRows() < 1) continue;
-    const std::string code = pricedown::ToUtf8(control->ItemCells().Text(1, 1));
+    if (control->GetGrid().MaxRows() < 1) continue;
+    const std::string code = pricedown::ToUtf8(control->GetGrid().Text(1, 1));
     if (code.empty()) continue;
     ++listed;
     bool isFree = false;

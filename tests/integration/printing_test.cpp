@@ -39,7 +39,7 @@ TEST_F(PrintingOnCompany, PutsTheItemsOfTheSelectedClassOnPaper) {
 TEST_F(PrintingOnCompany, PrintsAPriceThatWasTypedIntoTheGrid) {
   Open();
   Select(u"B1");
-  control->ItemCells().SetText(4, 2, u"12.5");
+  control->GetGrid().SetText(4, 2, u"12.5");
   control->PrintPara();
   const pricedown::PageText& last = output->firstPage.texts.back();
   EXPECT_EQ(pricedown::ToUtf8(last.text), "12.5");
@@ -61,7 +61,7 @@ TEST_F(PrintingOnCompany, RemembersTheFontOfThePreviewInTheNextControl) {
   control->PreviewPara();
   EXPECT_EQ(output->fonts[0].size, 9);
   Open();
-  EXPECT_EQ(control->ItemCells().CellFont(), chosen);
+  EXPECT_EQ(control->GetGrid().CellFont(), chosen);
   control->PreviewPara();
   EXPECT_EQ(output->fonts[0], chosen);
   // A chosen font takes precedence over the report size.

@@ -21,7 +21,7 @@
 #include <variant>
 #include <vector>
 
-#include "workbench/company/schema_view.h"
+#include "workbench/company/table_schema.h"
 
 namespace workbench {
 
@@ -51,6 +51,6 @@ struct TranslatedText {
 
 // An empty text translates to no statements. Throws DatabaseError at what is not in the dialect
 // and at names that the schema does not have; time and memory are linear in the text.
-TranslatedText TranslateText(std::u16string_view text, SchemaView& schema);
+TranslatedText TranslateText(std::u16string_view text, TableSchema& schema);
 
 }  // namespace workbench

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "workbench/company/schema_view.h"
+#include "workbench/company/table_schema.h"
 #include "workbench/company/token_cursor.h"
 
 namespace workbench {
@@ -19,7 +19,7 @@ struct ScopedTable {
 class NameScopes {
  public:
   // Both outlive the scopes. Errors report the token's position in `source`.
-  NameScopes(std::u16string_view source, SchemaView& schema) : source_(source), schema_(schema) {}
+  NameScopes(std::u16string_view source, TableSchema& schema) : source_(source), schema_(schema) {}
 
   void Open() { scopes_.emplace_back(); }
   void Close() { scopes_.pop_back(); }
@@ -43,7 +43,7 @@ class NameScopes {
 
  private:
   std::u16string_view source_;
-  SchemaView& schema_;
+  TableSchema& schema_;
   std::vector<std::vector<ScopedTable>> scopes_;
 };
 

@@ -2,13 +2,13 @@
 // cached.
 #pragma once
 
-#include "workbench/company/schema_view.h"
+#include "workbench/company/table_schema.h"
 
 struct sqlite3;
 
 namespace workbench {
 
-class SqliteSchema final : public SchemaView {
+class SqliteSchema final : public TableSchema {
  public:
   // The database stays the caller's and outlives the schema.
   explicit SqliteSchema(sqlite3* database) : database_(database) {}

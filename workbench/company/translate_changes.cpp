@@ -22,10 +22,10 @@ SqlValue ValueOf(const Operand& literal) {
 
 }  // namespace
 
-Translator::Translator(std::u16string_view text, SchemaView& schema)
+Translator::Translator(std::u16string_view text, TableSchema& schema)
     : cursor_(text), scopes_(text, schema) {}
 
-TranslatedText TranslateText(std::u16string_view text, SchemaView& schema) {
+TranslatedText TranslateText(std::u16string_view text, TableSchema& schema) {
   return Translator(text, schema).TranslateAll();
 }
 

@@ -31,7 +31,7 @@ struct Query {
 class Translator {
  public:
   // The schema outlives the translator.
-  Translator(std::u16string_view text, SchemaView& schema);
+  Translator(std::u16string_view text, TableSchema& schema);
 
   TranslatedText TranslateAll();
 

@@ -183,9 +183,9 @@ void Tour::AddBrowsing() {
   steps_.push_back({L"02-class-selected", [this] { SelectClass(1); }});
   steps_.push_back({L"03-another-class", [this] { SelectClass(5); }});
   steps_.push_back({L"04-grid-by-keyboard", [this] {
-                      const HWND grid = Child(ids::kGridPane);
-                      const HWND sheet = GetDlgItem(grid, ids::kGrid);
-                      SetFocus(sheet != nullptr ? sheet : grid);
+                      const HWND pane = Child(ids::kGridPane);
+                      const HWND grid = GetDlgItem(pane, ids::kGrid);
+                      SetFocus(grid != nullptr ? grid : pane);
                       for (int i = 0; i < 3; ++i) {
                         PostMessageW(GetFocus(), WM_KEYDOWN, VK_DOWN, 0);
                       }

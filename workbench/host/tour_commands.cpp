@@ -113,9 +113,9 @@ void Tour::AddRefusals() {
                       PostKey(members, VK_DOWN);
                       PostKey(members, VK_SPACE);
                     }});
-  steps_.push_back({nullptr, [] {
-                      PressButton(GetDlgItem(RequireForm(), form_ids::kToolBar), kFormDelItem - 1);
-                    }});
+  steps_.push_back(
+      {nullptr,
+       [] { PressButton(GetDlgItem(RequireForm(), form_ids::kToolStrip), kFormDelItem - 1); }});
   ExpectBox(L"32-item-that-must-stay", L"该物料(01.01.0002)在以前期间已有业务发生，不得删除！",
             IDOK);
   steps_.push_back({nullptr, [] { CloseForm(); }});

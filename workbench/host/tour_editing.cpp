@@ -19,7 +19,7 @@ namespace form_ids = pricedown::windows::form_ids;
 
 namespace {
 
-// Positions, from 1: of the control's tool strip, and of the form's tool bar.
+// Positions, from 1: of the control's and of the form's tool strip.
 constexpr std::size_t kStripEdit = 3;
 constexpr int kFormSave = 2;
 constexpr int kFormAddItem = 4;
@@ -28,7 +28,7 @@ constexpr int kFormExit = 7;
 
 HWND FormChild(int id) { return RequireWindow(GetDlgItem(RequireForm(), id)); }
 
-void PressFormTool(int position) { PressButton(FormChild(form_ids::kToolBar), position - 1); }
+void PressFormTool(int position) { PressButton(FormChild(form_ids::kToolStrip), position - 1); }
 
 void TypeInto(int id, const wchar_t* text) {
   const HWND field = FormChild(id);

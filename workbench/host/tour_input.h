@@ -24,7 +24,7 @@ void PressWithShift(WORD key);
 void Press(WORD key);
 void PressText(const wchar_t* text);
 void PostText(HWND window, const wchar_t* text);
-// A mouse click in the middle of a tool bar's button, index from 0.
+// A mouse click in the middle of a tool strip's button, index from 0.
 void PressButton(HWND toolBar, int index);
 // The item class form; throws unless it is open, nothing is open in front of it, and no command
 // runs.

@@ -38,6 +38,8 @@ class Automation {
 Automation& SystemAutomation();
 
 // Whether a client asks for the provider of the window, by WM_GETOBJECT.
-inline bool AsksForProvider(LPARAM lParam) { return static_cast<LONG>(lParam) == UiaRootObjectId; }
+inline bool IsProviderRequest(LPARAM lParam) {
+  return static_cast<LONG>(lParam) == UiaRootObjectId;
+}
 
 }  // namespace pricedown::windows

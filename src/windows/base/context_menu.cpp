@@ -27,7 +27,7 @@ class Menu {
 
 }  // namespace
 
-bool AsksForMenu(UINT message, WPARAM key) {
+bool IsContextMenuKey(UINT message, WPARAM key) {
   return (message == WM_KEYUP && key == VK_APPS) ||
          (message == WM_SYSKEYDOWN && key == VK_F10 && GetKeyState(VK_SHIFT) < 0);
 }

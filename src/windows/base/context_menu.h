@@ -14,7 +14,7 @@ inline constexpr LPARAM kByKeyboard = -1;
 
 // Whether a key message asks for the context menu: the menu key or Shift+F10. Neither all systems
 // nor all of their controls make WM_CONTEXTMENU of both.
-bool AsksForMenu(UINT message, WPARAM key);
+bool IsContextMenuKey(UINT message, WPARAM key);
 
 // Where on the screen the menu opens that a WM_CONTEXTMENU at `place` asks for: at the mouse, or by
 // keyboard below `current`, an area of the window. Empty for a click beside the client area.

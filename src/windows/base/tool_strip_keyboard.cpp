@@ -1,4 +1,4 @@
-// Part of ToolStripWindow: its keyboard, because tool bars of older systems have none.
+// Part of ToolStripWindow: its keyboard, because toolbars of older systems have none.
 #include "windows/base/tool_strip_window.h"
 
 namespace pricedown::windows {

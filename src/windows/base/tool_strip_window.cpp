@@ -1,4 +1,4 @@
-// Creation, buttons, sizes and messages of the tool bar.
+// Creation, buttons, sizes and messages of the tool strip.
 #include "windows/base/tool_strip_window.h"
 
 #include <algorithm>
@@ -21,7 +21,7 @@ namespace {
 constexpr int kSeparatorWidth = 8;
 constexpr int kButtonMargin = 6;  // left and right of picture and caption
 constexpr int kPictureGap = 6;    // between the two
-// What tool bars leave above and below a picture together, at every resolution.
+// What the system's toolbars leave above and below a picture together, at every resolution.
 constexpr int kHeightMargin = 6;
 
 }  // namespace
@@ -88,7 +88,7 @@ void ToolStripWindow::AddButtons() {
       description.iString = reinterpret_cast<INT_PTR>(captions[position - 1].c_str());
     }
   }
-  // At once: a tool bar measures all its buttons whenever it gets one.
+  // At once: a toolbar measures all its buttons whenever it gets one.
   SendMessageW(Handle(), TB_ADDBUTTONSW, descriptions.size(),
                reinterpret_cast<LPARAM>(descriptions.data()));
   shown_ = buttons_.size();

@@ -1,4 +1,4 @@
-// A row of buttons as a tool bar of the system: the control's tool strip `tbToolBar`, the form's
+// A tool strip, a row of buttons by the system's toolbar: the control's `tbToolBar`, the form's
 // `tlbSPCA` and the preview's bars.
 #pragma once
 
@@ -39,13 +39,13 @@ class ToolStripWindow final : public BoundWindow {
   void SetTooltip(const Command& button, std::u16string_view tooltip);
 
   void SetFont(HFONT font);
-  // The height, in pixels, at which tool bars draw pictures in the middle.
+  // The height, in pixels, at which toolbars draw pictures in the middle.
   int ButtonHeight() const;
   // From the window's left edge to the right one of the last button. Pixels.
   int ButtonsWidth() const;
   void UpdateAppearance(Dpi dpi);
 
-  // Notifications that the tool bar sent to its parent.
+  // Notifications that the toolbar sent to its parent.
   void OnCommand(int id);
   void OnTooltip(NMTTDISPINFOW& info) const;
 

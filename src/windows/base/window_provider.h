@@ -22,8 +22,8 @@ class WindowProvider {
   WindowProvider(const WindowProvider&) = delete;
   WindowProvider& operator=(const WindowProvider&) = delete;
 
-  // The answer to WM_GETOBJECT when AsksForProvider. `make` makes the provider if there is none; it
-  // may throw.
+  // The answer to WM_GETOBJECT when IsProviderRequest. `make` makes the provider if there is none;
+  // it may throw.
   template <typename Make>
   LRESULT Return(HWND window, WPARAM wParam, LPARAM lParam, Make&& make) {
     if (!provider_) provider_ = make();

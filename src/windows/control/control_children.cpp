@@ -17,7 +17,7 @@ namespace {
 constexpr std::u16string_view kTreeName = u"物料类别";
 constexpr std::u16string_view kGridName = u"物料明细";
 constexpr std::u16string_view kSplitterName = u"分隔条";
-constexpr std::u16string_view kStripName = u"工具栏";
+constexpr std::u16string_view kToolStripName = u"工具栏";
 constexpr std::u16string_view kStatusName = u"状态栏";
 constexpr std::u16string_view kFontSample = u"物料类别";
 constexpr UINT kMarqueePause = 30;  // milliseconds
@@ -41,7 +41,7 @@ void ControlChildren::Create(HWND parent) {
   itemHeading.Create(parent, module, control_ids::kItemHeading, Translate(kGridName));
   pane.Create(parent, module);
   grid.Create(pane.Handle(), module, Translate(kGridName));
-  strip.Create(parent, module, control_ids::kToolStrip, dpi, Translate(kStripName));
+  toolStrip.Create(parent, module, control_ids::kToolStrip, dpi, Translate(kToolStripName));
   // In front of the status bar, over its last panel.
   progressBar.Create(parent, module, PROGRESS_CLASSW, control_ids::kProgressBar, PBS_MARQUEE);
   statusBar.Create(parent, module, Translate(kStatusName));
@@ -65,8 +65,8 @@ void ControlChildren::ListCaptions() {
     if (button->separator) continue;
     captions.push_back(
         {Concatenate({u"tbToolBar.", button->key}),
-         [this, button] { return strip.Caption(*button); },
-         [this, button](std::u16string_view text) { strip.SetCaption(*button, text); }});
+         [this, button] { return toolStrip.Caption(*button); },
+         [this, button](std::u16string_view text) { toolStrip.SetCaption(*button, text); }});
   }
   form = std::make_shared<CaptionedForm>(u"PriceDown", std::move(captions));
 }
@@ -85,7 +85,7 @@ void ControlChildren::MakeFonts(Dpi dpi) {
            &period, &firstLabel, &secondLabel, &classHeading, &itemHeading, &statusBar}) {
     SetFontOf(window->Handle(), forTexts.Get());
   }
-  strip.SetFont(forTexts.Get());
+  toolStrip.SetFont(forTexts.Get());
   findBar.SetFont(forTexts.Get());
   tree.SetFont(MakeFont(treeFont, dpi));
   textFont = std::move(forTexts);
@@ -94,7 +94,7 @@ void ControlChildren::MakeFonts(Dpi dpi) {
 void ControlChildren::UpdateResolution(Dpi dpi) {
   MakeFonts(dpi);
   tree.UpdateAppearance(dpi);
-  strip.UpdateAppearance(dpi);
+  toolStrip.UpdateAppearance(dpi);
   grid.UpdateAppearance();
 }
 
@@ -113,7 +113,7 @@ void ControlChildren::ShowProgress(bool show) {
 LRESULT ControlChildren::OnNotify(NMHDR& header) {
   if (header.hwndFrom == tree.Handle()) return tree.OnNotify(header);
   if (header.code == TTN_GETDISPINFOW) {
-    strip.OnTooltip(reinterpret_cast<NMTTDISPINFOW&>(header));
+    toolStrip.OnTooltip(reinterpret_cast<NMTTDISPINFOW&>(header));
   }
   return 0;
 }

@@ -38,7 +38,7 @@ struct ControlChildren {
       : module(theModule),
         styles(theModule),
         tree(events),
-        strip(events, Buttons()),
+        toolStrip(events, Buttons()),
         splitter(events),
         grid(events),
         findBar(events) {}
@@ -82,7 +82,7 @@ struct ControlChildren {
   HeadingWindow classHeading;
   HeadingWindow itemHeading;
   TreeWindow tree;
-  ToolStripWindow strip;
+  ToolStripWindow toolStrip;
   SplitterWindow splitter;
   DragBarWindow dragBar;
   PaneWindow pane;

@@ -73,7 +73,7 @@ void ControlWindow::MenuRequested(HWND child, POINT place) {
   for (const ControlCommand* command : commands) {
     // The suite may have changed a button's caption.
     const bool button = (command->surfaces & surface::kToolStrip) != 0;
-    lines.push_back({button ? children_->strip.Caption(*command) : Translate(command->caption),
+    lines.push_back({button ? children_->toolStrip.Caption(*command) : Translate(command->caption),
                      ShortcutText(command->keys[0]),
                      control_ != nullptr && control_->IsEnabled(*command), command->beginsGroup});
   }
@@ -152,7 +152,7 @@ void ControlWindow::FindKeyPressed(FindKey key) {
 }
 
 void ControlWindow::FindIdle() {
-  if (Find* find = control_ == nullptr ? nullptr : control_->Finding()) find->CountOn();
+  if (Find* find = control_ == nullptr ? nullptr : control_->Finding()) find->ContinueCounting();
 }
 
 void ControlWindow::FindLeft() { SetFocus(children_->WindowOf(children_->findBar.Pane())); }
@@ -191,7 +191,7 @@ void ControlWindow::SystemChanged(UINT message) {
   ControlChildren& c = *children_;
   if (message == WM_SYSCOLORCHANGE) {
     for (const BoundWindow* child : std::initializer_list<const BoundWindow*>{
-             &c.tree, &c.strip, &c.statusBar, &c.progressBar}) {
+             &c.tree, &c.toolStrip, &c.statusBar, &c.progressBar}) {
       if (child->Handle() != nullptr) SendMessageW(child->Handle(), message, 0, 0);
     }
   } else {
@@ -233,8 +233,8 @@ LRESULT ControlWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_NOTIFY:
       return children_->OnNotify(*reinterpret_cast<NMHDR*>(lParam));
     case WM_COMMAND:
-      if (lParam != 0 && reinterpret_cast<HWND>(lParam) == children_->strip.Handle()) {
-        children_->strip.OnCommand(LOWORD(wParam));
+      if (lParam != 0 && reinterpret_cast<HWND>(lParam) == children_->toolStrip.Handle()) {
+        children_->toolStrip.OnCommand(LOWORD(wParam));
       }
       return 0;
     case WM_SYSCOLORCHANGE:

@@ -24,7 +24,8 @@ std::optional<std::size_t> StopOf(const Stops& stops, HWND focus) {
 }  // namespace
 
 bool ControlChildren::MoveFocus(bool backwards, bool wrap) const {
-  const Stops stops{tree.Handle(), grid.Handle(), strip.AcceptsFocus() ? strip.Handle() : nullptr};
+  const Stops stops{tree.Handle(), grid.Handle(),
+                    toolStrip.AcceptsFocus() ? toolStrip.Handle() : nullptr};
   std::array<bool, std::tuple_size_v<Stops>> open{};
   std::transform(stops.begin(), stops.end(), open.begin(),
                  [](HWND stop) { return stop != nullptr && IsWindowVisible(stop) != FALSE; });
@@ -38,7 +39,7 @@ FocusPlace ControlChildren::PlaceOf(HWND focus) const {
   if (focus == grid.Handle()) return FocusPlace::Grid;
   if (IsChild(grid.Handle(), focus) != FALSE) return FocusPlace::CellEditor;
   if (IsChild(findBar.Handle(), focus) != FALSE) return FocusPlace::FindField;
-  if (focus == strip.Handle()) return FocusPlace::ToolStrip;
+  if (focus == toolStrip.Handle()) return FocusPlace::ToolStrip;
   return focus == splitter.Handle() ? FocusPlace::Splitter : FocusPlace::Other;
 }
 
@@ -47,7 +48,9 @@ void ControlWindow::TabPressed(bool backwards) { children_->MoveFocus(backwards,
 void ControlWindow::SetFocusFirst(bool last) {
   if (Handle() == nullptr) return;
   const ControlChildren& c = *children_;
-  SetFocus(!last ? c.tree.Handle() : c.strip.AcceptsFocus() ? c.strip.Handle() : c.grid.Handle());
+  SetFocus(!last                        ? c.tree.Handle()
+           : c.toolStrip.AcceptsFocus() ? c.toolStrip.Handle()
+                                        : c.grid.Handle());
 }
 
 // A key whose command is disabled is left to the host.

@@ -103,7 +103,7 @@ void ControlWindow::Place(const Layout& layout) {
   const Dpi dpi = Dpi::Of(Handle());
   const RECT pane = dpi.ToPixels(layout.gridPane);
   const Rectangle strip =
-      MiddleOf(FromRect(dpi.ToPixels(layout.toolStrip)), c.strip.ButtonHeight());
+      MiddleOf(FromRect(dpi.ToPixels(layout.toolStrip)), c.toolStrip.ButtonHeight());
   RECT grid = dpi.ToPixels(layout.grid);
   OffsetRect(&grid, -pane.left, -pane.top);
   PlaceAll({{c.title.Handle(), dpi.ToPixels(layout.title)},
@@ -111,7 +111,7 @@ void ControlWindow::Place(const Layout& layout) {
             {c.firstLabel.Handle(), dpi.ToPixels(layout.firstLabel)},
             {c.secondLabel.Handle(), dpi.ToPixels(layout.secondLabel)},
             {c.upperLine.Handle(), dpi.ToPixels(layout.upperLine)},
-            {c.strip.Handle(), ToRect(strip)},
+            {c.toolStrip.Handle(), ToRect(strip)},
             {c.lowerLine.Handle(), dpi.ToPixels(layout.lowerLine)},
             {c.classHeading.Handle(), dpi.ToPixels(layout.classHeading)},
             {c.tree.Handle(), dpi.ToPixels(layout.tree)},

@@ -44,7 +44,7 @@ ControlWindow::~ControlWindow() {
 
 void ControlWindow::Attach(PriceDown* control) {
   control_ = control;
-  children_->grid.Show(control == nullptr ? nullptr : &control->ItemCells());
+  children_->grid.Show(control == nullptr ? nullptr : &control->GetGrid());
   ShowStatus();
 }
 
@@ -107,7 +107,7 @@ void ControlWindow::SetPeriod(std::u16string_view text) {
 }
 
 void ControlWindow::DisableButton(const Command& command) {
-  children_->strip.SetEnabled(command, false);
+  children_->toolStrip.SetEnabled(command, false);
 }
 
 void ControlWindow::CopyCells(bool titled) { children_->grid.Copy(titled); }

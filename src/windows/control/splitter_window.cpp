@@ -100,8 +100,8 @@ void SplitterWindow::ReportPosition() {
 LRESULT SplitterWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_GETOBJECT:
-      return AsksForProvider(lParam) ? OnGetObject(wParam, lParam)
-                                     : Default(message, wParam, lParam);
+      return IsProviderRequest(lParam) ? OnGetObject(wParam, lParam)
+                                       : Default(message, wParam, lParam);
     case WM_DESTROY:
       provider_.End(Handle());
       return 0;

@@ -280,7 +280,7 @@ LRESULT TreeWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     OnRightPress({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
     return 0;
   }
-  if (AsksForMenu(message, wParam)) {
+  if (IsContextMenuKey(message, wParam)) {
     OnContextMenu(kByKeyboard);
     return 0;
   }

@@ -44,10 +44,10 @@ struct FieldRow {
 };
 
 struct FormChildren {
-  FormChildren(HINSTANCE module, ToolStripEvents& stripEvents, FieldEvents& fields,
+  FormChildren(HINSTANCE module, ToolStripEvents& toolStripEvents, FieldEvents& fields,
                MemberListEvents& memberEvents)
       : styles(module),
-        strip(stripEvents, RowsOf(kFormTools)),
+        toolStrip(toolStripEvents, RowsOf(kFormTools)),
         rows{{{fields, FormField::ClassNumber, FormCaption::Label1, form_ids::kLabel1,
                form_ids::kClassNumber},
               {fields, FormField::ClassName, FormCaption::Label2, form_ids::kLabel1 + 1,
@@ -70,7 +70,7 @@ struct FormChildren {
   }
 
   VisualStyles styles;
-  ToolStripWindow strip;
+  ToolStripWindow toolStrip;
   LineWindow line;
   // By the number of the field.
   std::array<FieldRow, kFormFields.size()> rows;

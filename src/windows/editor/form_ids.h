@@ -4,7 +4,7 @@
 
 namespace pricedown::windows::form_ids {
 
-inline constexpr int kToolBar = 301;         // tlbSPCA
+inline constexpr int kToolStrip = 301;       // tlbSPCA
 inline constexpr int kHeaderFrame = 302;     // FrameAdd
 inline constexpr int kItemFrame = 303;       // Frame1
 inline constexpr int kLabel1 = 311;          // Label1, and Label2 to Label5 after it

@@ -34,7 +34,7 @@ void ItemClassWindow::Run(Command&& command) {
 }
 
 void ItemClassWindow::PressTool(FormTool tool) {
-  if (!children_->strip.IsEnabled(RowOf(tool))) return;
+  if (!children_->toolStrip.IsEnabled(RowOf(tool))) return;
   Run([tool](ItemClassForm& form) { form.ToolClicked(tool); });
 }
 
@@ -47,8 +47,8 @@ void ItemClassWindow::LookupPressed(FormField field) {
 }
 
 void ItemClassWindow::OnChildCommand(HWND child, int id, int code) {
-  if (child == children_->strip.Handle()) {
-    children_->strip.OnCommand(id);
+  if (child == children_->toolStrip.Handle()) {
+    children_->toolStrip.OnCommand(id);
   } else if (code == EN_CHANGE && children_->Find(&FieldRow::fieldId, id) != nullptr) {
     // Also from inside a command, which may have set the text.
     if (form_ != nullptr) form_->FieldChanged();
@@ -64,10 +64,11 @@ void ItemClassWindow::MenuRequested(POINT place) {
   for (const MemberListRow& row : kMemberListMenu) {
     const auto tool = ToolOf(row.command);
     // The suite may have changed a tool's caption.
-    lines.push_back({tool ? c.strip.Caption(RowOf(*tool)) : Translate(row.caption),
-                     ShortcutText(row.keys[0]),
-                     c.members.IsEnabled(row.command) && (!tool || c.strip.IsEnabled(RowOf(*tool))),
-                     row.beginsGroup});
+    lines.push_back(
+        {tool ? c.toolStrip.Caption(RowOf(*tool)) : Translate(row.caption),
+         ShortcutText(row.keys[0]),
+         c.members.IsEnabled(row.command) && (!tool || c.toolStrip.IsEnabled(RowOf(*tool))),
+         row.beginsGroup});
   }
   const auto chosen = ChooseFromMenu(Handle(), place, lines);
   if (chosen && Handle() != nullptr) c.members.Run(kMemberListMenu[*chosen].command);
@@ -76,7 +77,7 @@ void ItemClassWindow::MenuRequested(POINT place) {
 LRESULT ItemClassWindow::OnNotify(NMHDR& header) {
   if (header.hwndFrom == children_->members.Handle()) return children_->members.OnNotify(header);
   if (header.code == TTN_GETDISPINFOW) {
-    children_->strip.OnTooltip(reinterpret_cast<NMTTDISPINFOW&>(header));
+    children_->toolStrip.OnTooltip(reinterpret_cast<NMTTDISPINFOW&>(header));
   }
   return 0;
 }
@@ -111,7 +112,7 @@ bool ItemClassWindow::TranslateKey(MSG& message) {
       return true;
     }
     // The tool strip presses its button itself.
-    if (message.wParam == VK_RETURN && message.hwnd == children_->strip.Handle()) return false;
+    if (message.wParam == VK_RETURN && message.hwnd == children_->toolStrip.Handle()) return false;
   }
   return IsDialogMessageW(Handle(), &message) != FALSE;
 }

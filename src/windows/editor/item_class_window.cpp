@@ -21,7 +21,7 @@
 namespace pricedown::windows {
 namespace {
 
-constexpr std::u16string_view kToolBarName = u"工具栏";
+constexpr std::u16string_view kToolStripName = u"工具栏";
 constexpr std::u16string_view kMembersName = u"对应明细物料";
 constexpr std::u16string_view kLossLookupName = u"查找存货跌价损失科目";
 constexpr std::u16string_view kReserveLookupName = u"查找存货跌价准备科目";
@@ -55,7 +55,7 @@ void ItemClassWindow::Create(HWND owner) {
 void ItemClassWindow::CreateChildren() {
   FormChildren& c = *children_;
   const Dpi dpi = Dpi::Of(Handle());
-  c.strip.Create(Handle(), Module(), form_ids::kToolBar, dpi, Translate(kToolBarName));
+  c.toolStrip.Create(Handle(), Module(), form_ids::kToolStrip, dpi, Translate(kToolStripName));
   c.line.Create(Handle(), Module(), form_ids::kLine);
   for (const FormField field : kFormRows) CreateRow(c.Row(field));
   c.members.Create(Handle(), Module(), dpi, Translate(kMembersName));
@@ -113,10 +113,11 @@ void ItemClassWindow::ListCaptions() {
   }
   for (const FormToolRow& tool : kFormTools) {
     if (tool.separator) continue;
-    captions.push_back(
-        {Concatenate({u"tlbSPCA.", tool.key}),
-         [&strip = c.strip, &tool] { return strip.Caption(tool); },
-         [&strip = c.strip, &tool](std::u16string_view text) { strip.SetCaption(tool, text); }});
+    captions.push_back({Concatenate({u"tlbSPCA.", tool.key}),
+                        [&toolStrip = c.toolStrip, &tool] { return toolStrip.Caption(tool); },
+                        [&toolStrip = c.toolStrip, &tool](std::u16string_view text) {
+                          toolStrip.SetCaption(tool, text);
+                        }});
   }
   c.form = std::make_shared<CaptionedForm>(u"frmItemClass", std::move(captions));
 }
@@ -132,14 +133,14 @@ void ItemClassWindow::SetFonts(HFONT font) {
   SetFontOf(c.headerFrame.Handle(), font);
   SetFontOf(c.itemFrame.Handle(), font);
   c.members.SetFont(font);
-  c.strip.SetFont(font);
+  c.toolStrip.SetFont(font);
 }
 
 FormMeasures ItemClassWindow::Measures() const {
   FormChildren& c = *children_;
   FormMeasures measures;
-  measures.stripHeight = c.strip.ButtonHeight();
-  measures.stripWidth = c.strip.ButtonsWidth();
+  measures.toolStripHeight = c.toolStrip.ButtonHeight();
+  measures.toolStripWidth = c.toolStrip.ButtonsWidth();
   const WindowContext context(Handle());
   measures.lineHeight = LineHeight(context.Get(), TextFont());
   for (const FieldRow& row : c.rows) {
@@ -151,7 +152,7 @@ FormMeasures ItemClassWindow::Measures() const {
 }
 
 void ItemClassWindow::UpdateResolution(Dpi dpi) {
-  children_->strip.UpdateAppearance(dpi);
+  children_->toolStrip.UpdateAppearance(dpi);
   children_->members.UpdateAppearance(dpi);
   ShowLookupPictures(dpi);
 }
@@ -161,13 +162,13 @@ SIZE ItemClassWindow::LeastSize(Dpi dpi) const {
 }
 
 std::array<HWND, 2> ItemClassWindow::ThemedChildren() const {
-  return {children_->strip.Handle(), children_->members.Handle()};
+  return {children_->toolStrip.Handle(), children_->members.Handle()};
 }
 
 void ItemClassWindow::PlaceChildren(SIZE client, Dpi dpi) {
   FormChildren& c = *children_;
   const FormPlaces places = PlaceForm({client.cx, client.cy}, Measures(), dpi.Value());
-  SetPlaceOf(c.strip.Handle(), ToRect(places.strip));
+  SetPlaceOf(c.toolStrip.Handle(), ToRect(places.toolStrip));
   SetPlaceOf(c.line.Handle(), ToRect(places.line));
   SetPlaceOf(c.headerFrame.Handle(), ToRect(places.headerFrame));
   SetPlaceOf(c.itemFrame.Handle(), ToRect(places.itemFrame));
@@ -224,12 +225,12 @@ void ItemClassWindow::SetCaption(FormCaption target, std::u16string_view text) {
 
 void ItemClassWindow::SetToolTexts(FormTool tool, std::u16string_view caption,
                                    std::u16string_view toolTip) {
-  children_->strip.SetCaption(RowOf(tool), caption);
-  children_->strip.SetTooltip(RowOf(tool), toolTip);
+  children_->toolStrip.SetCaption(RowOf(tool), caption);
+  children_->toolStrip.SetTooltip(RowOf(tool), toolTip);
 }
 
 void ItemClassWindow::SetToolEnabled(FormTool tool, bool enabled) {
-  children_->strip.SetEnabled(RowOf(tool), enabled);
+  children_->toolStrip.SetEnabled(RowOf(tool), enabled);
 }
 
 ObjectPtr ItemClassWindow::FormObject() { return children_->form; }

@@ -204,7 +204,7 @@ void MemberListWindow::PaintHint() {
 
 LRESULT MemberListWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_KEYDOWN && OnKeyDown(wParam)) return 0;
-  if (AsksForMenu(message, wParam)) {
+  if (IsContextMenuKey(message, wParam)) {
     OnContextMenu(kByKeyboard);
     return 0;
   }

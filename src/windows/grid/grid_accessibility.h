@@ -19,7 +19,7 @@ class GridAccessibility {
   GridAccessibility(GridAccess& access, Automation& automation)
       : access_(access), provider_(automation) {}
 
-  // The answer to WM_GETOBJECT when AsksForProvider.
+  // The answer to WM_GETOBJECT when IsProviderRequest.
   LRESULT ReturnProvider(WPARAM wParam, LPARAM lParam);
   // Raises the events of the difference to the last update, each once; nothing before a client has
   // asked for the provider. Cheap while no client listens.

@@ -240,14 +240,14 @@ LRESULT GridWindow::OnFocus(UINT message, WPARAM wParam) {
 }
 
 LRESULT GridWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-  if (AsksForMenu(message, wParam)) {
+  if (IsContextMenuKey(message, wParam)) {
     OnContextMenu(kByKeyboard);
     return 0;
   }
   switch (message) {
     case WM_GETOBJECT:
-      return AsksForProvider(lParam) ? accessibility_.ReturnProvider(wParam, lParam)
-                                     : Default(message, wParam, lParam);
+      return IsProviderRequest(lParam) ? accessibility_.ReturnProvider(wParam, lParam)
+                                       : Default(message, wParam, lParam);
     case WM_DESTROY:
       accessibility_.End();
       return Default(message, wParam, lParam);

@@ -44,7 +44,7 @@ bool AskOnce(HWND owner, Printer& printer, DWORD& error) {
   if (answer == FALSE) return false;
   printer.Choose(mode.Get(), names.Get());
   Paper paper = printer.CurrentPaper();
-  if (!printer.IsThere() && dialog.ptPaperSize.x > 0 && dialog.ptPaperSize.y > 0) {
+  if (!printer.Exists() && dialog.ptPaperSize.x > 0 && dialog.ptPaperSize.y > 0) {
     paper.width = dialog.ptPaperSize.x / kHundredths;
     paper.height = dialog.ptPaperSize.y / kHundredths;
   }

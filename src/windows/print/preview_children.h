@@ -25,11 +25,11 @@ class PreviewBar final : private ToolStripEvents {
       : buttons_(buttons),
         pressed_(std::move(pressed)),
         tabPressed_(std::move(tabPressed)),
-        strip(*this, RowsOf(buttons)) {}
+        toolStrip(*this, RowsOf(buttons)) {}
 
   void ShowEnabled(const PreviewState& state) {
     for (const PreviewButton& button : buttons_) {
-      if (!button.separator) strip.SetEnabled(button, state.IsEnabled(button.command));
+      if (!button.separator) toolStrip.SetEnabled(button, state.IsEnabled(button.command));
     }
   }
 
@@ -45,7 +45,7 @@ class PreviewBar final : private ToolStripEvents {
   std::function<void(bool)> tabPressed_;
 
  public:
-  ToolStripWindow strip;
+  ToolStripWindow toolStrip;
 };
 
 struct PreviewChildren {

@@ -97,10 +97,10 @@ void PreviewWindow::RemakePages() {
 
 void PreviewWindow::OnChildCommand(HWND child, int id, int code) {
   PreviewChildren& c = *children_;
-  if (child == c.documentBar.strip.Handle()) {
-    c.documentBar.strip.OnCommand(id);
-  } else if (child == c.viewBar.strip.Handle()) {
-    c.viewBar.strip.OnCommand(id);
+  if (child == c.documentBar.toolStrip.Handle()) {
+    c.documentBar.toolStrip.OnCommand(id);
+  } else if (child == c.viewBar.toolStrip.Handle()) {
+    c.viewBar.toolStrip.OnCommand(id);
   } else if (id == preview_ids::kPage && code == EN_KILLFOCUS) {
     // Text that was typed without Enter is discarded.
     ShowPageNumber();
@@ -114,9 +114,9 @@ void PreviewWindow::OnChildCommand(HWND child, int id, int code) {
 LRESULT PreviewWindow::OnNotify(NMHDR& header) {
   if (header.code != TTN_GETDISPINFOW) return 0;
   for (const PreviewBar* bar : {&children_->documentBar, &children_->viewBar}) {
-    const LRESULT tips = SendMessageW(bar->strip.Handle(), TB_GETTOOLTIPS, 0, 0);
+    const LRESULT tips = SendMessageW(bar->toolStrip.Handle(), TB_GETTOOLTIPS, 0, 0);
     if (reinterpret_cast<HWND>(tips) == header.hwndFrom) {
-      bar->strip.OnTooltip(reinterpret_cast<NMTTDISPINFOW&>(header));
+      bar->toolStrip.OnTooltip(reinterpret_cast<NMTTDISPINFOW&>(header));
     }
   }
   return 0;

@@ -57,7 +57,7 @@ void PreviewWindow::OnEnter() {
 PreviewFocus PreviewWindow::FocusOf(HWND window) const {
   const PreviewChildren& c = *children_;
   if (window == c.pane.Handle()) return PreviewFocus::Page;
-  if (window == c.documentBar.strip.Handle() || window == c.viewBar.strip.Handle()) {
+  if (window == c.documentBar.toolStrip.Handle() || window == c.viewBar.toolStrip.Handle()) {
     return PreviewFocus::Buttons;
   }
   return PreviewFocus::Field;

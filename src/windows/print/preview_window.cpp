@@ -65,8 +65,8 @@ void PreviewWindow::CreateChildren() {
     control.Create(Handle(), Module(), L"STATIC", id, WS_VISIBLE | SS_LEFT | SS_CENTERIMAGE,
                    Translate(text));
   };
-  c.documentBar.strip.Create(Handle(), Module(), preview_ids::kDocumentBar, dpi,
-                             Translate(kDocumentBarName));
+  c.documentBar.toolStrip.Create(Handle(), Module(), preview_ids::kDocumentBar, dpi,
+                                 Translate(kDocumentBarName));
   label(c.pageLabel, preview_ids::kPageLabel, kPageLabel);
   c.pageField.Create(Handle(), Module(), L"EDIT", preview_ids::kPage,
                      WS_VISIBLE | WS_TABSTOP | WS_BORDER | ES_AUTOHSCROLL | ES_RIGHT);
@@ -79,7 +79,8 @@ void PreviewWindow::CreateChildren() {
     SendMessageW(c.zoom.Handle(), CB_ADDSTRING, 0,
                  reinterpret_cast<LPARAM>(ToWide(choice).c_str()));
   }
-  c.viewBar.strip.Create(Handle(), Module(), preview_ids::kViewBar, dpi, Translate(kViewBarName));
+  c.viewBar.toolStrip.Create(Handle(), Module(), preview_ids::kViewBar, dpi,
+                             Translate(kViewBarName));
   c.line.Create(Handle(), Module(), preview_ids::kLine);
   c.pane.Create(Handle(), Module(), preview_ids::kPane, ToWide(Translate(kPaneName)).c_str());
 }
@@ -90,13 +91,13 @@ void PreviewWindow::SetFonts(HFONT font) {
            &c.pageLabel, &c.pageField, &c.pageCount, &c.zoomLabel, &c.zoom}) {
     SetFontOf(window->Handle(), font);
   }
-  c.documentBar.strip.SetFont(font);
-  c.viewBar.strip.SetFont(font);
+  c.documentBar.toolStrip.SetFont(font);
+  c.viewBar.toolStrip.SetFont(font);
 }
 
 void PreviewWindow::UpdateResolution(Dpi dpi) {
-  children_->documentBar.strip.UpdateAppearance(dpi);
-  children_->viewBar.strip.UpdateAppearance(dpi);
+  children_->documentBar.toolStrip.UpdateAppearance(dpi);
+  children_->viewBar.toolStrip.UpdateAppearance(dpi);
   children_->pane.UpdateAppearance();
 }
 
@@ -112,8 +113,9 @@ PreviewMeasures PreviewWindow::Measures() const {
   RECT zoom{};
   GetWindowRect(c.zoom.Handle(), &zoom);
   PreviewMeasures measures;
-  measures.documentBar = {c.documentBar.strip.ButtonsWidth(), c.documentBar.strip.ButtonHeight()};
-  measures.viewBar = {c.viewBar.strip.ButtonsWidth(), c.viewBar.strip.ButtonHeight()};
+  measures.documentBar = {c.documentBar.toolStrip.ButtonsWidth(),
+                          c.documentBar.toolStrip.ButtonHeight()};
+  measures.viewBar = {c.viewBar.toolStrip.ButtonsWidth(), c.viewBar.toolStrip.ButtonHeight()};
   measures.pageLabel = width(Translate(kPageLabel)) - mnemonic;
   measures.pageField = width(kWidestPage) + dpi.Scale(kFieldEdges);
   measures.pageCount = width(PageCountText(kWidestCount));
@@ -130,7 +132,7 @@ SIZE PreviewWindow::LeastSize(Dpi dpi) const {
 }
 
 std::array<HWND, 2> PreviewWindow::ThemedChildren() const {
-  return {children_->documentBar.strip.Handle(), children_->viewBar.strip.Handle()};
+  return {children_->documentBar.toolStrip.Handle(), children_->viewBar.toolStrip.Handle()};
 }
 
 void PreviewWindow::FocusFirst() { SetFocus(children_->pane.Handle()); }
@@ -141,13 +143,13 @@ void PreviewWindow::PlaceChildren(SIZE client, Dpi dpi) {
   const auto place = [](const BoundWindow& window, const Rectangle& area) {
     SetPlaceOf(window.Handle(), ToRect(area));
   };
-  place(c.documentBar.strip, places.documentBar);
+  place(c.documentBar.toolStrip, places.documentBar);
   place(c.pageLabel, places.pageLabel);
   place(c.pageField, places.pageField);
   place(c.pageCount, places.pageCount);
   place(c.zoomLabel, places.zoomLabel);
   place(c.zoom, places.zoom);
-  place(c.viewBar.strip, places.viewBar);
+  place(c.viewBar.toolStrip, places.viewBar);
   place(c.line, places.line);
   place(c.pane, places.pane);
 }

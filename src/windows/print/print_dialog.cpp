@@ -29,7 +29,7 @@ PrintChoice ChoiceOf(const PRINTDLGW& dialog) {
 
 std::optional<PrintChoice> AskPrint(HWND owner, Printer& printer, std::int32_t pageCount) {
   for (bool again = false;; again = true) {
-    if (!printer.IsThere()) ThrowNoPrinter();
+    if (!printer.Exists()) ThrowNoPrinter();
     PRINTDLGW dialog{};
     dialog.lStructSize = sizeof dialog;
     dialog.hwndOwner = owner;

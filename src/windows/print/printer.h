@@ -24,7 +24,7 @@ class Printer {
   void UseDefault();
   // Forgets the choice of a dialog, as when the chosen printer has been removed.
   void Forget();
-  bool IsThere() const { return !setUp_.device.empty(); }
+  bool Exists() const { return !setUp_.device.empty(); }
   const std::wstring& Name() const { return setUp_.device; }
 
   const Paper& CurrentPaper() const { return paper_.Current(); }

@@ -70,7 +70,7 @@ TEST_F(CommandKeys, F5LoadsTheItemsAgainAndNothingElse) {
     EXPECT_EQ(Loads(u"02"), 1u);
     EXPECT_EQ(TreeLoads(), 0u);
   }
-  world_.control->Bar()->Add({u"iRefresh", u"", u"", u""})->SetEnabled(false);
+  world_.control->BarList()->Add({u"iRefresh", u"", u"", u""})->SetEnabled(false);
   world_.suite.log.Clear();
   world_.Press(VK_F5);
   EXPECT_EQ(world_.suite.log.Text(), "");
@@ -128,7 +128,7 @@ TEST_F(CommandKeys, TheHostLeavesTheKeysOfTreeAndGridToThem) {
 
 TEST_F(CommandKeys, TheHostKeepsTheKeysOfDisabledCommands) {
   Start(u"2");
-  const auto refresh = world_.control->Bar()->Add({u"iRefresh", u"", u"", u""});
+  const auto refresh = world_.control->BarList()->Add({u"iRefresh", u"", u"", u""});
   for (const HWND window : {world_.Tree(), world_.Grid()}) {
     for (const WPARAM key : std::initializer_list<WPARAM>{VK_INSERT, VK_F2, VK_RETURN, VK_DELETE})
       EXPECT_FALSE(Translate(window, key)) << key;
@@ -173,7 +173,7 @@ TEST_F(CommandKeys, TheHostLeavesTheKeysOfTypingToAnOpenCell) {
   world_.Press(VK_HOME);
   EXPECT_EQ(Asked(), "");
   EXPECT_TRUE(Translate(Editor(), VK_RETURN));
-  EXPECT_EQ(Utf8(world_.control->ItemCells().Text(4, 1)), "2.00");
+  EXPECT_EQ(Utf8(world_.control->GetGrid().Text(4, 1)), "2.00");
 }
 
 }  // namespace

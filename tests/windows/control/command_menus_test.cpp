@@ -61,7 +61,7 @@ TEST_F(CommandMenus, TheGridsMenuCopiesToo) {
   lines.insert(lines.begin() + 7, copying.begin(), copying.end());
   EXPECT_EQ(menu.Lines(), lines);
   EXPECT_EQ(Utf8(windows::ClipboardText(world_.Grid())),
-            Utf8(world_.control->ItemCells().Text(1, 1)));
+            Utf8(world_.control->GetGrid().Text(1, 1)));
 }
 
 TEST_F(CommandMenus, NothingCanBeCopiedFromAnEmptyGrid) {
@@ -76,7 +76,7 @@ TEST_F(CommandMenus, NothingCanBeCopiedFromAnEmptyGrid) {
 
 TEST_F(CommandMenus, TheMenuShowsWhatIsDisabled) {
   Start(u"2");
-  world_.control->Bar()->Add({u"iRefresh", u"", u"", u""})->SetEnabled(false);
+  world_.control->BarList()->Add({u"iRefresh", u"", u"", u""})->SetEnabled(false);
   ContextMenus menu(0, "menu disabled");
   AskByKeyboard(world_.Tree());
   EXPECT_EQ(menu.Lines(),

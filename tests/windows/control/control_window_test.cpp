@@ -181,7 +181,7 @@ TEST(ControlWindow, IsHarmlessAfterItsContainerHasDestroyedIt) {
   EXPECT_EQ(world.window->SelectedNode(), kNoNode);
   EXPECT_EQ(world.window->MeasureLabel(Font{}), 0);
   EXPECT_EQ(world.window->ControlSize().width, 0);
-  world.control->ItemCells().SetMaxRows(3);
+  world.control->GetGrid().SetMaxRows(3);
 }
 
 TEST(ControlWindow, DestroysItsChildrenWhenItIsDestroyedFirst) {
@@ -209,7 +209,7 @@ TEST(ControlWindow, KeepsTwoControlsIndependent) {
     EXPECT_EQ(TreeView_GetCount(second.Tree()), 13u);
   }
   first.Click(first.Tree(), first.NodePoint(3));
-  EXPECT_EQ(first.control->ItemCells().MaxRows(), 17);
+  EXPECT_EQ(first.control->GetGrid().MaxRows(), 17);
 }
 
 TEST(ControlWindow, LetsTheSuiteReplaceCaptions) {
@@ -286,7 +286,7 @@ TEST(ControlWindow, DrawsItselfForAContainer) {
   world.Start();
   // Small enough at every resolution to need no scroll bars, which are not drawn.
   for (std::int32_t column = 1; column <= 4; ++column) {
-    world.control->ItemCells().SetColumnWidth(column, 4);
+    world.control->GetGrid().SetColumnWidth(column, 4);
   }
   TreeView_Expand(world.Tree(), TreeView_GetRoot(world.Tree()), TVE_COLLAPSE);
   RunMessages();
@@ -313,7 +313,7 @@ TEST(ControlWindow, DrawsItselfForAContainer) {
 TEST(ControlWindow, MovesTheFocusOfAHiddenStripToTheTree) {
   UiWorld world;
   world.Start();
-  const auto tool = world.control->Bar()->Add({u"iToolBar", u"", u"", u""});
+  const auto tool = world.control->BarList()->Add({u"iToolBar", u"", u"", u""});
   SetFocus(world.Strip());
   ASSERT_EQ(GetFocus(), world.Strip());
   tool->Click();
@@ -324,7 +324,7 @@ TEST(ControlWindow, MovesTheFocusOfAHiddenStripToTheTree) {
 TEST(ControlWindow, LeavesTheHostsFocusAloneWhenTheStripIsHidden) {
   UiWorld world;
   world.Start();
-  const auto tool = world.control->Bar()->Add({u"iToolBar", u"", u"", u""});
+  const auto tool = world.control->BarList()->Add({u"iToolBar", u"", u"", u""});
   SetFocus(world.Strip());
   SetFocus(world.host.Handle());
   tool->Click();

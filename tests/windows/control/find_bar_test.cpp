@@ -34,7 +34,7 @@ class FindBar : public ::testing::Test {
   }
   std::string Current() const {
     const auto row = world_.window->CurrentRow();
-    return Utf8(world_.control->ItemCells().Text(1, row));
+    return Utf8(world_.control->GetGrid().Text(1, row));
   }
 
   UiWorld world_;
@@ -130,7 +130,7 @@ TEST_F(FindBar, IsFollowedByTheLayout) {
 }
 
 TEST_F(FindBar, CountsOnlyWhenThereIsNoInput) {
-  Grid& grid = world_.control->ItemCells();
+  Grid& grid = world_.control->GetGrid();
   constexpr std::int32_t kRows = 200000;
   grid.SetRedraw(false);
   grid.SetMaxRows(kRows);

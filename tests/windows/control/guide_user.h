@@ -13,7 +13,7 @@ namespace pricedown::testing {
 
 // The key with its modifiers, to the window that has the focus.
 Steps StepsOfKey(const KeyPress& press);
-// From where the focus is to the tool bar that has the button, to the button, and Enter.
+// From where the focus is to the tool strip that has the button, to the button, and Enter.
 Steps StepsByBar(const std::string& caption);
 // The menu key, and the line of that caption.
 Steps StepsByMenu(const std::string& caption);

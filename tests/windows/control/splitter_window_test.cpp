@@ -151,7 +151,7 @@ TEST_F(Splitter, TabWrapsAroundWhereTheHostAcceptsNoKeys) {
 }
 
 TEST_F(Splitter, TabPassesAHiddenStrip) {
-  world_.control->Bar()->Add({u"iToolBar", {}, {}, {}})->SetChecked(false);
+  world_.control->BarList()->Add({u"iToolBar", {}, {}, {}})->SetChecked(false);
   world_.control->Resized();
   EXPECT_FALSE(IsWindowVisible(world_.Strip()));
   SetFocus(world_.Grid());

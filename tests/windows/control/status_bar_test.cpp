@@ -100,18 +100,18 @@ TEST(ControlWindow, ShowsTheProgressBarWhileALongTreeIsFilled) {
 TEST(ControlWindow, ShowsTheProgressBarOnceTheItemsOfALongLoadArrive) {
   UiWorld world;
   world.Start();
-  world.control->ItemCells().SetRedraw(true);
+  world.control->GetGrid().SetRedraw(true);
   world.window->SetWaiting(true);
-  world.control->ItemCells().Repaint();
+  world.control->GetGrid().Repaint();
   EXPECT_FALSE(ShowsProgress(world));
   Sleep(kLong);
   EXPECT_FALSE(ShowsProgress(world));
-  world.control->ItemCells().NotifyFilling();
+  world.control->GetGrid().NotifyFilling();
   EXPECT_TRUE(ShowsProgress(world));
   world.window->SetWaiting(false);
   EXPECT_FALSE(ShowsProgress(world));
   // Without a load nothing is shown, however long ago the last one started.
-  world.control->ItemCells().NotifyFilling();
+  world.control->GetGrid().NotifyFilling();
   EXPECT_FALSE(ShowsProgress(world));
 }
 
@@ -144,10 +144,10 @@ TEST(ControlWindow, DrawsTheNextItemsAfterALoadThatFailed) {
                   Rows({u"FNumber"}, {{u"02.01.000"}}));
   world.Click(world.Tree(), world.NodePoint(3));
   ASSERT_EQ(world.suite.Messages(), 1u);
-  ASSERT_FALSE(world.control->ItemCells().Redraw());
+  ASSERT_FALSE(world.control->GetGrid().Redraw());
   KeepPicture(world.host.Handle(), "after a failed load");
   world.Click(world.Tree(), world.NodePoint(6));
-  EXPECT_TRUE(world.control->ItemCells().Redraw());
+  EXPECT_TRUE(world.control->GetGrid().Redraw());
   EXPECT_EQ(Panel(world, 0), "05(外购半成品)    共 50 项物料");
   EXPECT_EQ(CapturePicture(world.Grid()).pixels, before.pixels);
 }

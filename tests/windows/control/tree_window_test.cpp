@@ -31,7 +31,7 @@ TEST_F(TreeWindow, ReportsAClickOnce) {
   world_.Click(world_.Tree(), world_.NodePoint(3));
   EXPECT_EQ(Loads(u"02"), 1u);
   EXPECT_EQ(world_.window->SelectedNode(), 3);
-  EXPECT_EQ(world_.control->ItemCells().MaxRows(), 17);
+  EXPECT_EQ(world_.control->GetGrid().MaxRows(), 17);
   KeepPicture(world_.host.Handle(), "clicked");
 }
 

@@ -30,7 +30,7 @@ TEST_P(FormInHighContrast, LabelsFieldsListAndPicturesStandOut) {
                           EXPECT_GT(Share(form_ids::kClassNumber + i, 4.5), 0.005) << i;
                         }
                         EXPECT_GT(Share(form_ids::kMembers, 4.5), 0.002);
-                        EXPECT_GT(Share(form_ids::kToolBar, 3), 0.02);
+                        EXPECT_GT(Share(form_ids::kToolStrip, 3), 0.02);
                         EXPECT_GT(Share(form_ids::kLossLookup, 3), 0.03);
                         EXPECT_GT(Share(form_ids::kReserveLookup, 3), 0.03);
                       },

@@ -68,7 +68,7 @@ class FormWorld : public workbench::ClassCompany, public Input {
   }
   bool IsEnabled(FormTool tool) const {
     return SendMessageW(
-               Child(form_ids::kToolBar), TB_ISBUTTONENABLED,
+               Child(form_ids::kToolStrip), TB_ISBUTTONENABLED,
                static_cast<WPARAM>(windows::control_ids::kFirstButton) + static_cast<WPARAM>(tool),
                0) != 0;
   }
@@ -81,9 +81,10 @@ class FormWorld : public workbench::ClassCompany, public Input {
   }
   void ClickTool(FormTool tool) {
     RECT area{};
-    SendMessageW(Child(form_ids::kToolBar), TB_GETITEMRECT, static_cast<WPARAM>(tool) - 1,
+    SendMessageW(Child(form_ids::kToolStrip), TB_GETITEMRECT, static_cast<WPARAM>(tool) - 1,
                  reinterpret_cast<LPARAM>(&area));
-    Click(Child(form_ids::kToolBar), {(area.left + area.right) / 2, (area.top + area.bottom) / 2});
+    Click(Child(form_ids::kToolStrip),
+          {(area.left + area.right) / 2, (area.top + area.bottom) / 2});
   }
   void ClickChild(int id) {
     RECT area{};

@@ -118,7 +118,7 @@ TEST_F(ItemClassFormWindow, TabGoesThroughItsPartsInReadingOrder) {
   Steps steps;
   for (const int id : {form_ids::kClassName, form_ids::kReserveAccount, form_ids::kReserveLookup,
                        form_ids::kLossAccount, form_ids::kLossLookup, form_ids::kPercentage,
-                       form_ids::kMembers, form_ids::kToolBar, form_ids::kClassNumber}) {
+                       form_ids::kMembers, form_ids::kToolStrip, form_ids::kClassNumber}) {
     steps.push_back([&] { PostKey(VK_TAB); });
     steps.push_back([&, id] { EXPECT_EQ(GetFocus(), Child(id)) << id; });
   }
@@ -210,7 +210,7 @@ TEST_F(ItemClassFormWindow, UsesTheSuitesLanguage) {
                 EXPECT_EQ(TextIn(form_ids::kLabel1), "Class number:");
                 EXPECT_EQ(TextIn(form_ids::kLabel1 + 3), "Reserve account:");
                 std::array<wchar_t, 64> caption{};
-                SendMessageW(Child(form_ids::kToolBar), TB_GETBUTTONTEXTW,
+                SendMessageW(Child(form_ids::kToolStrip), TB_GETBUTTONTEXTW,
                              static_cast<WPARAM>(windows::control_ids::kFirstButton) + 5,
                              reinterpret_cast<LPARAM>(caption.data()));
                 EXPECT_EQ(Utf8(windows::FromWide(caption.data())), "Remove items");

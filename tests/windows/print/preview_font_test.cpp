@@ -103,7 +103,7 @@ TEST_P(ChangedFont, IsShownAtOnceAndKept) {
   EXPECT_EQ(Utf8(windows::FromWide(tree.lfFaceName)), Utf8(font.name));
   EXPECT_EQ(tree.lfWeight >= FW_BOLD, font.bold);
   EXPECT_EQ(tree.lfItalic != FALSE, font.italic);
-  EXPECT_EQ(world.control->ItemCells().CellFont(), font);
+  EXPECT_EQ(world.control->GetGrid().CellFont(), font);
   EXPECT_NE(Saved().find("FontName=" + Utf8(font.name)), std::string::npos) << Saved();
 }
 
@@ -171,10 +171,10 @@ TEST_F(PreviewFont, IsAppliedBehindTheOpenDialog) {
 
 TEST_F(PreviewFont, AGreaterOneMakesTheGridsRowsHigherAtOnce) {
   Start();
-  const auto before = world.control->ItemCells().RowHeight();
+  const auto before = world.control->GetGrid().RowHeight();
   const LRESULT treeBefore = SendMessageW(world.Tree(), TVM_GETITEMHEIGHT, 0, 0);
   Choose({u"宋体", 18, false, false});
-  EXPECT_GT(world.control->ItemCells().RowHeight(), before);
+  EXPECT_GT(world.control->GetGrid().RowHeight(), before);
   EXPECT_GT(SendMessageW(world.Tree(), TVM_GETITEMHEIGHT, 0, 0), treeBefore);
 }
 
@@ -192,7 +192,7 @@ TEST_F(PreviewFont, IsThatOfTheNextPreviewAndOfTheNextControl) {
   next.suite.company.gridFont = FromUtf8(saved.substr(begin, saved.find('"', begin) - begin));
   PreviewedOutput nextOutput;
   next.Start(&nextOutput);
-  EXPECT_EQ(next.control->ItemCells().CellFont(), (Font{u"黑体", 12, true, true}));
+  EXPECT_EQ(next.control->GetGrid().CellFont(), (Font{u"黑体", 12, true, true}));
 }
 
 }  // namespace

@@ -71,7 +71,7 @@ class PreviewLook : public PreviewWorld {
       }
     }
   }
-  // Of a tool bar, what stands out as a picture must.
+  // Of a tool strip, what stands out as a picture must.
   double ShareOfBar(int id) const {
     const Picture bar = CapturePicture(Child(id));
     return ShareThatStandsOut(bar, {1, 1, bar.width - 1, bar.height - 1}, 3);

@@ -34,7 +34,7 @@ class PrinterTest : public ::testing::Test {
 TEST_F(PrinterTest, DefaultsToA4WithoutADefaultPrinter) {
   dialogs_.defaultDevice.clear();
   printer_.UseDefault();
-  EXPECT_FALSE(printer_.IsThere());
+  EXPECT_FALSE(printer_.Exists());
   EXPECT_EQ(printer_.CurrentPaper(), (Paper{2100, 2970, {200, 200, 200, 200}}));
   EXPECT_EQ(printer_.CopyMode(), nullptr);
   EXPECT_EQ(printer_.CopyNames(), nullptr);
@@ -65,7 +65,7 @@ TEST_F(PrinterTest, FollowsTheUsersDefaultWhereNoDialogHasChosen) {
   EXPECT_EQ(printer_.Name(), L"Other");
   dialogs_.defaultDevice.clear();
   printer_.UseDefault();
-  EXPECT_FALSE(printer_.IsThere());
+  EXPECT_FALSE(printer_.Exists());
 }
 
 TEST_F(PrinterTest, StaysTheChosenOneUntilItIsForgotten) {
@@ -140,7 +140,7 @@ TEST_F(PrinterTest, ReadsNoNameBeyondTheEndOfWhatADialogLeft) {
   head->wDeviceOffset = 0xFFFF;
   GlobalUnlock(names.Get());
   printer_.Choose(nullptr, names.Get());
-  EXPECT_FALSE(printer_.IsThere());
+  EXPECT_FALSE(printer_.Exists());
 }
 
 TEST_F(PrinterTest, StaysUnchangedWhenAnotherOneCannotBeQueried) {

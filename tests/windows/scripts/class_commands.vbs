@@ -2,7 +2,7 @@
 ' in the real form and message boxes.
 Option Explicit
 
-Const kToolBar = 301
+Const kToolStrip = 301
 Const kNumber = 321
 Const kName = 322
 Const kLoss = 323
@@ -72,12 +72,12 @@ Class AddClass
         TypeInto kLoss, "6701"
         TypeInto kReserve, "1471"
         TypeInto kPercentage, "12.5"
-        PressTool kToolBar, kAddItemTool
+        PressTool kToolStrip, kAddItemTool
       Case 2
-        PressTool kToolBar, kSaveTool
+        PressTool kToolStrip, kSaveTool
       Case 4
         seen = TextIn(kNumber)
-        PressTool kToolBar, kExitTool
+        PressTool kToolStrip, kExitTool
       Case 6
         If WindowClass = "PriceDown.ItemClass" Then Exit Sub
         asked = TextIn(kBoxText)
@@ -139,9 +139,9 @@ Class RenameClass
         seen = TextIn(kNumber) & " " & TextIn(kPercentage)
         TypeInto kNumber, "SY2"
         TypeInto kName, "改名"
-        PressTool kToolBar, kSaveTool
+        PressTool kToolStrip, kSaveTool
       Case 2
-        PressTool kToolBar, kExitTool
+        PressTool kToolStrip, kExitTool
     End Select
     stage = stage + 1
   End Sub
@@ -161,11 +161,11 @@ Class RemoveItem
       Case 0
         PressKey kMembers, kDown
       Case 2
-        PressTool kToolBar, kDelItemTool
+        PressTool kToolStrip, kDelItemTool
       Case 4
-        PressTool kToolBar, kSaveTool
+        PressTool kToolStrip, kSaveTool
       Case 6
-        PressTool kToolBar, kExitTool
+        PressTool kToolStrip, kExitTool
     End Select
     stage = stage + 1
   End Sub

@@ -62,7 +62,7 @@ int Run(std::string_view name, bool calledOff, const char* picture, int dotsPerI
   win::PrintDialogs dialogs;
   win::Printer printer(spooler, dialogs);
   printer.UseDefault();
-  if (!printer.IsThere()) {
+  if (!printer.Exists()) {
     std::fprintf(stderr, "print_pages: no printer\n");
     return 1;
   }

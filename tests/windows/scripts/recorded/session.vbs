@@ -2,7 +2,7 @@
 ' call that fails. It prints what the windows show after each step, and asks the company nothing.
 Option Explicit
 
-Const kToolBar = 301
+Const kToolStrip = 301
 Const kNumber = 321
 Const kName = 322
 Const kLoss = 323
@@ -52,9 +52,9 @@ Class AddClass
         TypeInto kLoss, "6701"
         TypeInto kReserve, "1471"
         TypeInto kPercentage, "12.5"
-        PressTool kToolBar, kAddItemTool
+        PressTool kToolStrip, kAddItemTool
       Case 2
-        PressTool kToolBar, kSaveTool
+        PressTool kToolStrip, kSaveTool
       Case 4
         If WindowClass <> "PriceDown.ItemClass" Then
           failed = TextIn(kBoxText)
@@ -64,7 +64,7 @@ Class AddClass
         End If
         ' Empty when the save is over.
         If TextIn(kNumber) <> "" And failed = "" Then Exit Sub
-        PressTool kToolBar, kExitTool
+        PressTool kToolStrip, kExitTool
       Case 6
         If WindowClass = "PriceDown.ItemClass" Then Exit Sub
         seen = TextIn(kBoxText)

@@ -5,11 +5,11 @@
 #include <string>
 #include <string_view>
 
-#include "workbench/company/schema_view.h"
+#include "workbench/company/table_schema.h"
 
 namespace workbench::testing {
 
-class TableSchema final : public SchemaView {
+class FixedTableSchema final : public TableSchema {
  public:
   bool HasTable(std::string_view table) override;
   std::optional<std::string> DeclaredType(std::string_view table, std::string_view column) override;

@@ -1,4 +1,4 @@
-#include "tests/company/table_schema.h"
+#include "tests/company/fixed_table_schema.h"
 
 #include "workbench/company/name_scope.h"
 
@@ -49,15 +49,15 @@ constexpr Column kColumns[] = {
 
 }  // namespace
 
-bool TableSchema::HasTable(std::string_view table) {
+bool FixedTableSchema::HasTable(std::string_view table) {
   for (const Column& column : kColumns) {
     if (SameName(column.table, table)) return true;
   }
   return false;
 }
 
-std::optional<std::string> TableSchema::DeclaredType(std::string_view table,
-                                                     std::string_view column) {
+std::optional<std::string> FixedTableSchema::DeclaredType(std::string_view table,
+                                                          std::string_view column) {
   for (const Column& known : kColumns) {
     if (SameName(known.table, table) && SameName(known.name, column)) return known.type;
   }

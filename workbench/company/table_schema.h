@@ -8,9 +8,9 @@
 namespace workbench {
 
 // Names are compared without regard to case, as the server does.
-class SchemaView {
+class TableSchema {
  public:
-  virtual ~SchemaView() = default;
+  virtual ~TableSchema() = default;
 
   virtual bool HasTable(std::string_view table) = 0;
 

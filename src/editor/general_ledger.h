@@ -7,7 +7,7 @@ namespace pricedown {
 
 // Created on first use and kept for the process. Hold it for the whole call: the last control may
 // end inside a picker. Throws AutomationError.
-inline ObjectPtr LedgerView(Environment& environment) {
+inline ObjectPtr GeneralLedger(Environment& environment) {
   ObjectPtr& view = environment.state.ledgerView;
   if (view == nullptr) view = environment.factory.Create(u"ZEPEBCGLView.GLView");
   return view;
