@@ -28,8 +28,10 @@ std::u16string NameOf(Key key) {
     case Key::Delete:
       return u"Del";
     case Key::Add:
+    case Key::Plus:
       return u"+";
     case Key::Subtract:
+    case Key::Minus:
       return u"-";
     case Key::Left:
       return u"Left";
@@ -47,6 +49,12 @@ std::u16string NameOf(Key key) {
       return u"F4";
     case Key::F5:
       return u"F5";
+    case Key::F6:
+      return u"F6";
+    case Key::F7:
+      return u"F7";
+    case Key::F10:
+      return u"F10";
     default:
       // Letters and digits are their own codes.
       return std::u16string(1, static_cast<char16_t>(key));

@@ -1,13 +1,13 @@
-// The table of keys.
+// The keys of the buttons, and the table of the others.
 #include "print/preview_commands.h"
+
+#include <algorithm>
+#include <span>
 
 namespace pricedown {
 namespace {
 
 enum class Control : std::uint8_t { Without, With, Either };
-// The parts of the preview that answer a key.
-enum class KeyScope : std::uint8_t { Page, PageAndButtons, All };
-
 struct KeyRow {
   Key key;
   Control control;
@@ -15,29 +15,20 @@ struct KeyRow {
   PreviewCommand command;
 };
 
-constexpr KeyRow kKeys[] = {
-    {Key::P, Control::With, KeyScope::All, PreviewCommand::Print},
+constexpr KeyRow kOtherKeys[] = {
     {Key::G, Control::With, KeyScope::All, PreviewCommand::EnterPage},
     {Key::PageUp, Control::Without, KeyScope::All, PreviewCommand::ScreenUp},
-    {Key::PageUp, Control::With, KeyScope::All, PreviewCommand::Previous},
     {Key::PageDown, Control::Without, KeyScope::All, PreviewCommand::ScreenDown},
-    {Key::PageDown, Control::With, KeyScope::All, PreviewCommand::Next},
     {Key::Home, Control::Without, KeyScope::Page, PreviewCommand::Top},
-    {Key::Home, Control::With, KeyScope::PageAndButtons, PreviewCommand::First},
     {Key::End, Control::Without, KeyScope::Page, PreviewCommand::Bottom},
-    {Key::End, Control::With, KeyScope::PageAndButtons, PreviewCommand::Last},
     {Key::Up, Control::Either, KeyScope::Page, PreviewCommand::LineUp},
     {Key::Down, Control::Either, KeyScope::Page, PreviewCommand::LineDown},
     {Key::Left, Control::Either, KeyScope::Page, PreviewCommand::LineLeft},
     {Key::Right, Control::Either, KeyScope::Page, PreviewCommand::LineRight},
     {Key::Add, Control::With, KeyScope::All, PreviewCommand::ZoomIn},
-    {Key::Add, Control::Without, KeyScope::PageAndButtons, PreviewCommand::ZoomIn},
     {Key::Plus, Control::With, KeyScope::All, PreviewCommand::ZoomIn},
-    {Key::Plus, Control::Without, KeyScope::PageAndButtons, PreviewCommand::ZoomIn},
     {Key::Subtract, Control::With, KeyScope::All, PreviewCommand::ZoomOut},
-    {Key::Subtract, Control::Without, KeyScope::PageAndButtons, PreviewCommand::ZoomOut},
     {Key::Minus, Control::With, KeyScope::All, PreviewCommand::ZoomOut},
-    {Key::Minus, Control::Without, KeyScope::PageAndButtons, PreviewCommand::ZoomOut},
 };
 
 bool Includes(KeyScope scope, PreviewFocus focus) {
@@ -45,12 +36,29 @@ bool Includes(KeyScope scope, PreviewFocus focus) {
          (focus == PreviewFocus::Buttons && scope == KeyScope::PageAndButtons);
 }
 
+std::optional<PreviewCommand> CommandOfButtonKey(std::span<const PreviewButton> buttons,
+                                                 const KeyPress& press, PreviewFocus focus) {
+  for (const PreviewButton& button : buttons) {
+    if (std::find(button.keys.begin(), button.keys.end(), press) != button.keys.end() &&
+        Includes(button.scope, focus)) {
+      return button.command;
+    }
+  }
+  return std::nullopt;
+}
+
 }  // namespace
 
 std::optional<PreviewCommand> CommandOfKey(const KeyPress& press, PreviewFocus focus) {
+  // The system sends Escape as a command of its own.
+  if (press.key == Key::None || press.key == Key::Escape) return std::nullopt;
   // Alt with Ctrl types a character.
-  const Control held = press.control && !press.alt ? Control::With : Control::Without;
-  for (const KeyRow& row : kKeys) {
+  const KeyPress plain{press.key, false, press.control && !press.alt};
+  auto command = CommandOfButtonKey(kDocumentButtons, plain, focus);
+  if (!command) command = CommandOfButtonKey(kViewButtons, plain, focus);
+  if (command) return command;
+  const Control held = plain.control ? Control::With : Control::Without;
+  for (const KeyRow& row : kOtherKeys) {
     if (row.key == press.key && (row.control == held || row.control == Control::Either) &&
         Includes(row.scope, focus)) {
       return row.command;

@@ -78,6 +78,8 @@ TEST(GuideKeys, DoInThePreviewWhatTheGuideSays) {
     const std::string name = "preview " + Utf8(button.caption);
     known.insert(name);
     ASSERT_TRUE(guide.contains(name)) << name;
+    const KeyPress& shown = button.keys[0];
+    EXPECT_EQ(guide.at(name), shown == KeyPress{} ? Keys{} : Keys{Utf8(ShortcutText(shown))});
     for (const std::string& key : guide.at(name)) {
       // The system sends Esc as a command of its own.
       const KeyPress press = PressOfText(key);
