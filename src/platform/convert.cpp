@@ -190,10 +190,6 @@ double LeadingNumber(const Value& value) {
   }
 }
 
-bool IsNumeric(std::u16string_view text) {
-  return ScanWholeNumber(text).outcome == ScannedNumber::Outcome::Number;
-}
-
 double ToDouble(const Value& value) {
   const Value& resolved = value.Resolved();
   switch (resolved.GetKind()) {
@@ -234,11 +230,6 @@ bool ToBoolean(const Value& value) {
     if (EqualsIgnoringCase(resolved.Text(), u"False")) return false;
   }
   return ToDouble(resolved) != 0;
-}
-
-bool EqualsNumber(double number, std::u16string_view text) {
-  const ScannedNumber scanned = ScanWholeNumber(text);
-  return scanned.outcome == ScannedNumber::Outcome::Number && scanned.number == number;
 }
 
 }  // namespace pricedown

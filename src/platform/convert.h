@@ -40,15 +40,7 @@ double LeadingNumber(const Text& text) {
   return LeadingNumber(std::u16string_view(text));
 }
 
-// Whether a whole text is a number. Accepted: blanks, tabs and line breaks around it and between
-// sign and digits; one sign "+" or "-", before or after; digits; one "." with a digit on at least
-// one side; an exponent E or D with an optional sign and digits; or, unsigned, &H or &O and
-// digits of that base. Refused: empty text, anything else, and what no double can hold.
-// Commas are refused wherever they stand: a leading number ends at them, and what is checked with
-// the one is stored with the other. So are parentheses and currency signs.
-bool IsNumeric(std::u16string_view text);
-
-// The number of a value. Texts must be numeric as a whole (IsNumeric); Empty is 0, booleans
+// The number of a value. Texts must be numbers as a whole (ScanWholeNumber); Empty is 0, booleans
 // -1 and 0, dates their days. Throws AutomationError: Overflow for a text that is a number beyond
 // a double, TypeMismatch for anything else, Null and Missing included.
 double ToDouble(const Value& value);
@@ -62,8 +54,5 @@ std::int32_t RoundToInt32(double number);
 // Booleans as they are, the texts "True" and "False" in any case; of everything else whether its
 // number (ToDouble) is unequal 0, so Empty is false. Throws as ToDouble does.
 bool ToBoolean(const Value& value);
-
-// A number compared with a text: as numbers when the text is numeric, else unequal.
-bool EqualsNumber(double number, std::u16string_view text);
 
 }  // namespace pricedown

@@ -1,5 +1,4 @@
-// Scans numbers: at the beginning of a text, or a whole text. convert.h documents the accepted
-// forms.
+// Scans numbers: at the beginning of a text, or a whole text.
 #pragma once
 
 #include <string_view>
@@ -12,10 +11,15 @@ struct ScannedNumber {
   double number = 0;  // Outcome::Number
 };
 
-// The number that the text begins with, blanks skipped everywhere.
+// The number that the text begins with; LeadingNumber (convert.h) documents the forms.
 ScannedNumber ScanLeadingNumber(std::u16string_view text);
 
-// The number that the whole text is.
+// The number that the whole text is. Accepted: blanks, tabs and line breaks around it and between
+// sign and digits; one sign "+" or "-", before or after; digits; one "." with a digit on at least
+// one side; an exponent E or D with an optional sign and digits; or, unsigned, &H or &O and
+// digits of that base. Refused: empty text, anything else, and what no double can hold.
+// Commas are refused everywhere: a leading number ends at them, and what is checked with
+// the one is stored with the other. So are parentheses and currency signs.
 ScannedNumber ScanWholeNumber(std::u16string_view text);
 
 }  // namespace pricedown

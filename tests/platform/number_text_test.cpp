@@ -8,6 +8,7 @@
 #include <random>
 
 #include "platform/convert.h"
+#include "platform/number_scan.h"
 #include "tests/support/case_name.h"
 #include "tests/support/utf8.h"
 
@@ -121,7 +122,6 @@ TEST(NumberText, IsReadBackAsTheSameDecimalNumber) {
     ASSERT_EQ(LeadingNumber(text), number) << Utf8(text);
     ASSERT_EQ(ToDouble(text), number) << Utf8(text);
     ASSERT_EQ(LeadingNumber(NumberText(-number)), -number) << Utf8(text);
-    ASSERT_TRUE(EqualsNumber(number, text)) << Utf8(text);
   }
 }
 
@@ -129,7 +129,8 @@ TEST(NumberText, StaysTheSameWhenReadAndWrittenAgain) {
   std::mt19937_64 random(13);
   for (int round = 0; round < 20000; ++round) {
     const std::u16string text = NumberText(AnyFiniteDouble(random));
-    if (!IsNumeric(text)) continue;  // rounded up beyond the largest double
+    // Rounded up beyond the largest double.
+    if (ScanWholeNumber(text).outcome == ScannedNumber::Outcome::Overflow) continue;
     ASSERT_EQ(Utf8(NumberText(LeadingNumber(text))), Utf8(text));
   }
 }

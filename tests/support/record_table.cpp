@@ -7,6 +7,7 @@
 
 #include "platform/convert.h"
 #include "platform/error.h"
+#include "platform/number_scan.h"
 #include "platform/text.h"
 
 namespace pricedown::testing {
@@ -64,7 +65,8 @@ Condition ConditionOf(std::u16string_view filter) {
       sign == std::u16string_view::npos ? u"" : Trim(filter.substr(sign + 1));
   const bool quoted = value.size() >= 2 && value.starts_with(u'\'') && value.ends_with(u'\'');
   const std::u16string_view content = quoted ? value.substr(1, value.size() - 2) : value;
-  if (quoted ? content.find(u'\'') != std::u16string_view::npos : !IsNumeric(content)) {
+  if (quoted ? content.find(u'\'') != std::u16string_view::npos
+             : ScanWholeNumber(content).outcome != ScannedNumber::Outcome::Number) {
     throw AutomationError(ErrorNumber::InvalidArgument,
                           Concatenate({u"不支持的筛选条件: ", filter}));
   }
