@@ -24,7 +24,7 @@ ObjectPtr MakeParameters(const Environment& environment) {
   const auto add = [&parameters](std::u16string_view key, Value value) {
     parameters->Call(u"Add", {key, std::move(value)});
   };
-  add(u"BeShortNumber", environment.state.shortNumber);
+  add(u"BeShortNumber", false);
   add(u"GetDataType", std::int16_t{1});
   add(u"Search", u"");
   add(u"Multislt", std::int16_t{1});

@@ -21,8 +21,6 @@ struct ProcessState {
   std::int32_t dataScope = 0;
   // The object type of the data scope: 10 or 11.
   std::int32_t objectType = 0;
-  // Constant; passed to the item lookup.
-  bool shortNumber = false;
   // `ZEPEBCGLView.GLData` and `ZEPEBCGLView.GLView`, created on first use and kept until the last
   // control ends.
   ObjectPtr ledgerData;

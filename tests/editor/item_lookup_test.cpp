@@ -292,14 +292,6 @@ TEST_F(ItemLookup, AppendsNothingWhenThePickerConfirmsNothing) {
   }
 }
 
-TEST_F(ItemLookup, PassesTheShortNumberFlagOn) {
-  Cancel(factory);
-  state.shortNumber = true;
-  OpenForAdd();
-  form.ToolClicked(FormTool::AddItem);
-  EXPECT_EQ(log.Count("ZEPEBCBASE.Dictionary.Add(\"BeShortNumber\", True)"), 1u);
-}
-
 TEST_F(ItemLookup, SharesTheLedgerViewWithTheAccountLookup) {
   Cancel(factory);
   state.ledgerView = factory.NewObject(kLedgerViewId);
