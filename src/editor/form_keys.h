@@ -20,9 +20,12 @@ constexpr std::optional<FormTool> ToolOfKey(const KeyPress& press) {
   return std::nullopt;
 }
 
+// The key of an account field's lookup that its tooltip shows.
+inline constexpr Key kLookupKey = Key::F7;
+
 // Keys of an account field.
 constexpr bool OpensLookup(const KeyPress& press) {
-  if (press.key == Key::F7) return !press.alt;
+  if (press.key == kLookupKey) return !press.alt;
   if (press.control) return false;
   // Alt+F4 closes the form.
   return press.key == (press.alt ? Key::Down : Key::F4);

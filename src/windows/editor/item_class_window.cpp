@@ -25,7 +25,7 @@ constexpr std::u16string_view kToolStripName = u"工具栏";
 constexpr std::u16string_view kMembersName = u"对应明细物料";
 constexpr std::u16string_view kLossLookupName = u"查找存货跌价损失科目";
 constexpr std::u16string_view kReserveLookupName = u"查找存货跌价准备科目";
-constexpr std::u16string_view kLookupTip = u"查找科目 (F7)";
+constexpr Command kLookup{.tooltip = u"查找科目", .keys = {{{kLookupKey}}}};
 
 }  // namespace
 
@@ -80,7 +80,7 @@ void ItemClassWindow::CreateRow(FieldRow& row) {
 void ItemClassWindow::AddLookupTips() {
   FormChildren& c = *children_;
   c.lookupTips.CreatePopup(Handle(), Module(), TOOLTIPS_CLASSW, TTS_ALWAYSTIP | TTS_NOPREFIX);
-  std::wstring text = ToWide(Translate(kLookupTip));
+  std::wstring text = ToWide(TooltipOf(kLookup));
   for (const FormField field : {FormField::LossAccount, FormField::ReserveAccount}) {
     TTTOOLINFOW tool{};
     tool.cbSize = sizeof tool;
