@@ -31,8 +31,6 @@ class ModalFrameWindow : public CommandWindow, protected BoundWindow {
   ~ModalFrameWindow() override = default;
 
   HINSTANCE Module() const { return module_; }
-  // Of the showing; may be null.
-  HWND Owner() const { return owner_; }
   // Null before the first showing.
   HFONT TextFont() const { return font_.Get(); }
 
@@ -98,7 +96,7 @@ class ModalFrameWindow : public CommandWindow, protected BoundWindow {
   IconHandle largeIcon_;
   // Outlives the children of derived classes, which show it.
   FontHandle font_;
-  HWND owner_ = nullptr;
+  HWND owner_ = nullptr;  // of the showing; may be null
   HWND lastFocus_ = nullptr;
   bool waiting_ = false;
   bool busy_ = false;  // a command runs

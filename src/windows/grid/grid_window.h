@@ -42,7 +42,6 @@ class GridWindow final : public BoundWindow,
 
   const GridSelection& Selection() const { return selection_; }
   const GridViewport& Viewport() const override { return viewport_; }
-  bool IsEditing() const { return editor_.IsActive(); }
   // Whether a number may be typed into the current cell.
   bool CanEdit() const;
   // Whether the key edits or clears the current cell.

@@ -32,7 +32,6 @@ class ControlSession {
   // Runs the core's creation once. Throws what the creation throws; the session is usable all the
   // same.
   void Initialize();
-  bool IsInitialized() const { return initialized_; }
   // Whether the creation has run without a failure and the session has not ended.
   bool IsReady() const { return initialized_ && !failure_ && !lifetime_.HasEnded(); }
   // Why the creation failed; nothing when it did not, or has not run.

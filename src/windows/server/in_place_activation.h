@@ -15,7 +15,6 @@ enum class FocusMove { None, ToFirst, ToLast };
 class InPlaceActivation {
  public:
   bool IsActive() const { return site_.get() != nullptr; }
-  bool IsUiActive() const { return uiActive_; }
 
   // Moves the window into the container. A no-op when it is there already. Throws
   // AutomationError when the container refuses; nothing is active then.
