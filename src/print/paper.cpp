@@ -4,7 +4,6 @@
 namespace pricedown {
 namespace {
 
-constexpr Tenths kUsualMargin = 200;
 // Ten metres: more is a driver's error, and would overflow.
 constexpr std::int64_t kMostTenths = 100'000;
 // Of the shorter side at most, so that a label is more than its margins.
