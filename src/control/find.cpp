@@ -73,7 +73,7 @@ void Find::Open(FindPane pane) {
   if (open_ && pane != pane_) Close();
   pane_ = pane;
   open_ = true;
-  found_ = kNoNode;
+  ForgetFound();
   origin_ = CurrentRow();
   view_.OpenFind(pane, text_);
   Restart();
@@ -82,9 +82,19 @@ void Find::Open(FindPane pane) {
 void Find::Close() {
   if (!open_) return;
   open_ = false;
-  if (found_ != kNoNode) view_.ShowFoundNode(kNoNode);
-  found_ = kNoNode;
+  ForgetFound();
   view_.CloseFind(pane_);
+}
+
+void Find::ForgetFound() {
+  if (found_ == kNoNode) return;
+  found_ = kNoNode;
+  view_.ShowFoundNode(kNoNode);
+}
+
+void Find::NodeClicked() {
+  ForgetFound();
+  ShowCount();
 }
 
 void Find::TextChanged(std::u16string_view text, bool composing) {
@@ -93,9 +103,8 @@ void Find::TextChanged(std::u16string_view text, bool composing) {
   search_.Start(RowsOf(pane_), text_);
   if (const auto hit = search_.Next(origin_ - 1, false)) {
     GoTo(*hit);
-  } else if (pane_ == FindPane::Tree) {
-    found_ = kNoNode;
-    view_.ShowFoundNode(kNoNode);
+  } else {
+    ForgetFound();
   }
   ShowCount();
 }
@@ -126,7 +135,11 @@ void Find::Next(bool backwards) {
 
 void Find::Accept() {
   if (pane_ == FindPane::Grid) return Next(false);
-  const NodeIndex node = found_;
+  NodeIndex node = found_;
+  if (node == kNoNode) {
+    // The text of the last time, which nobody has searched since the bar was opened.
+    if (const auto hit = search_.Next(origin_ - 1, false)) node = hit->row;
+  }
   Close();
   // Last, because it may end the control.
   if (tree_.Nodes().Contains(node)) tree_.RestoreSelection(tree_.Nodes().At(node).id.Key());
@@ -134,10 +147,7 @@ void Find::Accept() {
 
 void Find::RowsChanged(FindPane pane) {
   if (pane != pane_ || search_.IsEmpty()) return;
-  if (found_ != kNoNode) {
-    found_ = kNoNode;
-    view_.ShowFoundNode(kNoNode);
-  }
+  ForgetFound();
   Restart();
 }
 

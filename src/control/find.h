@@ -47,10 +47,13 @@ class Find {
   void TextChanged(std::u16string_view text, bool composing);
   // In the pane that has the focus; in the tree with the bar open.
   void Next(bool backwards);
-  // Enter in the bar: in the grid the next hit, in the tree the class found, as a click on it.
+  // Enter in the bar: in the grid the next hit, in the tree the class found, or else the first hit
+  // from where the bar was opened, as a click on it.
   void Accept();
   bool HasText() const { return !text_.empty(); }
 
+  // The user clicks a class: the one found is no longer marked.
+  void NodeClicked();
   // The rows of the pane have been replaced.
   void RowsChanged(FindPane pane);
   // Counts a part of the rows and shows how many hits there are.
@@ -59,6 +62,7 @@ class Find {
  private:
   const SearchedRows& RowsOf(FindPane pane) const;
   void Restart();
+  void ForgetFound();
   std::int32_t CurrentRow() const;
   void GoTo(const SearchHit& hit);
   void ShowCount();

@@ -98,7 +98,9 @@ void PriceDown::SelBlock(const ObjectPtr& grid, const Value& column, const Value
 }
 
 void PriceDown::NodeClicked(NodeIndex node) {
-  if (!HasEnded()) tree_.NodeClick(node);
+  if (HasEnded()) return;
+  find_.NodeClicked();
+  tree_.NodeClick(node);
 }
 
 }  // namespace pricedown

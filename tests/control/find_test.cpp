@@ -160,11 +160,38 @@ TEST_F(FindInControl, EnterInTheTreeWithoutAHitOnlyCloses) {
 TEST_F(FindInControl, ForgetsTheFoundClassWhenTheTreeIsReloaded) {
   Open(FindPane::Tree);
   find().TextChanged(u"成", false);
-  Control().CommandChosen(*CommandOfTool(u"iPrint"));
-  find().RowsChanged(FindPane::Tree);
   world_.log.Clear();
+  find().RowsChanged(FindPane::Tree);
+  EXPECT_EQ(Log(), "find node 0\n");
+}
+
+TEST_F(FindInControl, ForgetsTheFoundClassWhenTheBarIsOpenedAgain) {
+  Open(FindPane::Tree);
+  find().TextChanged(u"成", false);
+  world_.log.Clear();
+  find().Open(FindPane::Tree);
+  EXPECT_EQ(Log(), "find node 0\nfind open tree \"成\"\n");
+}
+
+TEST_F(FindInControl, ForgetsTheFoundClassWhenAClassIsClicked) {
+  Open(FindPane::Tree);
+  find().TextChanged(u"成", false);
+  find().CountOn();
+  ASSERT_EQ(Count(), "1 / 1");
+  world_.log.Clear();
+  Control().NodeClicked(2);
+  EXPECT_TRUE(Log().starts_with("find node 0\n"));
+  EXPECT_EQ(Count(), "– / 1");
+}
+
+TEST_F(FindInControl, EnterInTheTreeSearchesTheTextOfTheLastTime) {
+  Open(FindPane::Tree);
+  find().TextChanged(u"成", false);
+  find().Close();
+  Open(FindPane::Tree);
   find().Accept();
-  EXPECT_EQ(Log(), "find close tree\n");
+  const std::string log = Log();
+  EXPECT_TRUE(log.starts_with("find close tree\ntree select 3\n")) << log;
 }
 
 TEST_F(FindInControl, SearchesTheTreeAgainWhenADeletionReloadsIt) {
