@@ -60,7 +60,12 @@ void DisplayFont::Restore(std::u16string_view settings) {
   Apply();
 }
 
+void DisplayFont::ResolutionChanged() {
+  if (applied_) Apply();
+}
+
 void DisplayFont::Apply() {
+  applied_ = true;
   SkipFailing([&] {
     view_.SetTreeFont(document_.font);
     const std::int32_t label = view_.MeasureLabel(document_.font);

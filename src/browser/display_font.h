@@ -42,6 +42,9 @@ class DisplayFont {
   // Copies the document's font to tree, label and grid and sets the grid's row heights.
   void Apply();
 
+  // Applies the font again once it has been applied: the grid's heights are in pixels.
+  void ResolutionChanged();
+
   // Saves the document's font under "GridFont".
   void Save();
 
@@ -51,6 +54,7 @@ class DisplayFont {
   Grid& grid_;
   FontView& view_;
   double lastAppliedSize_ = 0;
+  bool applied_ = false;
 };
 
 }  // namespace pricedown

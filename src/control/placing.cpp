@@ -16,6 +16,12 @@ void PriceDown::Resized() {
   if (!HasEnded()) LayOut();
 }
 
+void PriceDown::ResolutionChanged() {
+  if (HasEnded()) return;
+  font_.ResolutionChanged();
+  LayOut();
+}
+
 Rectangle PriceDown::DragBar() const {
   Rectangle bar = layout_.splitter;
   bar.left = splitter_.BarPosition();

@@ -79,6 +79,8 @@ class PriceDown {
 
   // Events of the control's own windows. Errors of commands are thrown as AutomationError.
   void Resized();
+  // Takes sizes that depend on the resolution again. Calls nothing of the suite.
+  void ResolutionChanged();
   void SplitterDown();
   void SplitterMoved(std::int32_t offset);  // twips from the splitter's resting left edge
   void SplitterUp();

@@ -64,6 +64,11 @@ TEST_F(DisplayFontTest, AppliesTheReportSizeWhenNoFontWasChosen) {
   EXPECT_DOUBLE_EQ(sheet_.TitleHeight(), 480.0 / 15);
 }
 
+TEST_F(DisplayFontTest, AnotherResolutionAppliesNoFontThatWasNeverApplied) {
+  font_.ResolutionChanged();
+  EXPECT_EQ(log_.Text(), "");
+}
+
 TEST_F(DisplayFontTest, MeasuresRowsInPixelsOfTheScreen) {
   Settings(u"", u"9");
   screen_.twipsPerPixel = 10;  // 144 dpi

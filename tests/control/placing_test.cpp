@@ -83,6 +83,18 @@ TEST_F(Placing, RestoresTheSplitterWhenANarrowControlGrows) {
   EXPECT_EQ(SplitterLeft(), kDefaultSplitter);
 }
 
+TEST_F(Placing, AnotherResolutionChangesTheGridsHeightsWithoutACallToTheSuite) {
+  const double before = Control().ItemCells().RowHeight();
+  world_.screen.twipsPerPixel /= 2;
+  Control().ResolutionChanged();
+  EXPECT_DOUBLE_EQ(Control().ItemCells().RowHeight(), before * 2);
+  for (const std::string& line : world_.log.Lines()) {
+    EXPECT_TRUE(line.starts_with("font ") || line.starts_with("view ") ||
+                line.starts_with("screen "))
+        << line;
+  }
+}
+
 TEST_F(Placing, BeginsADragWhereANarrowControlShowsTheSplitter) {
   world_.view.size = {4000, 8000};
   Control().Resized();
