@@ -47,7 +47,7 @@ bool KeepsKey(FocusPlace place, const KeyPress& press) {
              key == Key::Enter || key == Key::Escape || (press.control && IsEditingLetter(key));
     case FocusPlace::FindField:
       return key == Key::F3 || key == Key::Delete || key == Key::Insert || key == Key::Enter ||
-             key == Key::Escape || (press.control && IsEditingLetter(key));
+             key == Key::Escape || (press.control && (IsEditingLetter(key) || key == Key::F));
     case FocusPlace::Splitter:
       return key == Key::Enter || key == Key::Escape;
     case FocusPlace::Tree:

@@ -81,6 +81,7 @@ TEST(KeptKeys, OfTheFindBarAreThoseOfAFieldAndItsOwn) {
                                 {Key::Insert},
                                 {Key::Home},
                                 {.key = Key::A, .control = true},
+                                {.key = Key::F, .control = true},
                                 {.key = Key::V, .control = true}}) {
     EXPECT_TRUE(KeepsKey(FocusPlace::FindField, press)) << static_cast<int>(press.key);
   }

@@ -70,11 +70,17 @@ bool ControlWindow::TranslateKey(MSG& message) {
   if (focus != Handle() && IsChild(Handle(), focus) == FALSE) return false;
   if (message.message != WM_KEYDOWN) return false;
   const KeyPress press = PressOf(message.wParam);
-  if (press.key == Key::Tab && !press.control) return children_->MoveFocus(press.shift, false);
   const ControlChildren& c = *children_;
+  const bool inFindField = c.PlaceOf(focus) == FocusPlace::FindField;
+  if (press.key == Key::Tab && !press.control) {
+    if (!inFindField) return c.MoveFocus(press.shift, false);
+    FindLeft();
+    return true;
+  }
   if (press.key == Key::F6 && !press.control) {
     const Stops panes{c.tree.Handle(), c.splitter.Handle(), c.grid.Handle()};
-    SetFocus(panes[NextPane(panes.size(), StopOf(panes, focus), press.shift)]);
+    const HWND from = inFindField ? c.WindowOf(c.findBar.Pane()) : focus;
+    SetFocus(panes[NextPane(panes.size(), StopOf(panes, from), press.shift)]);
     return true;
   }
   if (!KeepsKey(c.PlaceOf(focus), press) && !UsesCommandKey(focus, press)) return false;

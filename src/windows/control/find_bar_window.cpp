@@ -19,6 +19,16 @@ constexpr const wchar_t* kWidestCount = L"9999999 / 9999999";
 constexpr int kMargin = 5;     // pixels at 96 dpi
 constexpr int kFieldRoom = 4;  // above and below the field's text together, with its border
 
+// Ctrl+F, which opened the bar, and Ctrl+A, which fields of older systems ignore.
+bool SelectsAll(const KeyPress& press) {
+  return press == KeyPress{.key = Key::F, .control = true} ||
+         press == KeyPress{.key = Key::A, .control = true};
+}
+
+// The characters that follow those keys.
+constexpr WPARAM kControlA = 'A' - '@';
+constexpr WPARAM kControlF = 'F' - '@';
+
 }  // namespace
 
 void FindField::Create(HWND parent, HINSTANCE module) {
@@ -41,6 +51,10 @@ bool FindField::OnKeyDown(WPARAM key) {
     events_.FindLeft();
     return true;
   }
+  if (SelectsAll(press)) {
+    SendMessageW(Handle(), EM_SETSEL, 0, -1);
+    return true;
+  }
   const FindKey meaning = FindKeyOf(press);
   if (meaning != FindKey::None) events_.FindKeyPressed(meaning);
   return meaning != FindKey::None;
@@ -53,7 +67,10 @@ LRESULT FindField::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       break;
     case WM_CHAR:
       // They were used as keys.
-      if (wParam == VK_RETURN || wParam == VK_ESCAPE || wParam == VK_TAB) return 0;
+      if (wParam == VK_RETURN || wParam == VK_ESCAPE || wParam == VK_TAB || wParam == kControlA ||
+          wParam == kControlF) {
+        return 0;
+      }
       break;
     case WM_IME_STARTCOMPOSITION:
       composing_ = true;

@@ -4,6 +4,7 @@
 #include <imm.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 
 #include "store/statements.h"
@@ -31,6 +32,23 @@ class FindBar : public ::testing::Test {
   void Open(HWND pane) {
     SetFocus(pane);
     world_.PressWith(VK_CONTROL, 'F');
+  }
+  // As a host that offers each key to the control first.
+  bool Offer(WPARAM key, int modifier = 0) {
+    std::array<BYTE, 256> before{};
+    GetKeyboardState(before.data());
+    std::array<BYTE, 256> state = before;
+    if (modifier != 0) state[static_cast<std::size_t>(modifier)] = 0x80;
+    SetKeyboardState(state.data());
+    MSG message{};
+    message.hwnd = GetFocus();
+    message.message = WM_KEYDOWN;
+    message.wParam = key;
+    message.lParam = 1;
+    const bool used = world_.window->TranslateKey(message);
+    RunMessages();
+    SetKeyboardState(before.data());
+    return used;
   }
   std::string Current() const {
     const auto row = world_.window->CurrentRow();
@@ -156,6 +174,41 @@ TEST_F(FindBar, HandlesTheKeysThatAHostMightKeep) {
     message.wParam = key;
     EXPECT_TRUE(world_.window->TranslateKey(message)) << key;
     Open(world_.Grid());
+  }
+}
+
+TEST_F(FindBar, TabReturnsToItsPaneInAHostThatOffersKeys) {
+  for (const HWND pane : {world_.Grid(), world_.Tree()}) {
+    for (const int modifier : {0, VK_SHIFT}) {
+      Open(pane);
+      EXPECT_TRUE(Offer(VK_TAB, modifier));
+      EXPECT_EQ(GetFocus(), pane) << modifier;
+    }
+  }
+}
+
+TEST_F(FindBar, F6GoesOnFromItsPane) {
+  Open(world_.Grid());
+  EXPECT_TRUE(Offer(VK_F6, VK_SHIFT));
+  EXPECT_EQ(GetFocus(), world_.Child(ids::kSplitter));
+  Open(world_.Tree());
+  EXPECT_TRUE(Offer(VK_F6));
+  EXPECT_EQ(GetFocus(), world_.Child(ids::kSplitter));
+}
+
+TEST_F(FindBar, ControlFAndControlASelectTheWholeText) {
+  Open(world_.Grid());
+  world_.Type(u"轴承");
+  for (const WPARAM key : std::initializer_list<WPARAM>{'F', 'A'}) {
+    SendMessageW(Field(), EM_SETSEL, 2, 2);
+    EXPECT_TRUE(Offer(key, VK_CONTROL));
+    DWORD from = 9;
+    DWORD to = 9;
+    SendMessageW(Field(), EM_GETSEL, reinterpret_cast<WPARAM>(&from),
+                 reinterpret_cast<LPARAM>(&to));
+    EXPECT_EQ(from, 0u) << key;
+    EXPECT_EQ(to, 2u) << key;
+    EXPECT_EQ(Utf8(windows::TextOf(Field())), "轴承");
   }
 }
 
