@@ -34,10 +34,10 @@ void StatusWindow::SetPanel(StatusPanel panel, std::u16string_view text) {
   std::u16string& shown = texts_[static_cast<std::size_t>(panel)];
   // The bar paints a new text at once.
   if (Handle() == nullptr || shown == text) return;
-  shown = text;
   const std::wstring wide = ToWide(text);
-  SendMessageW(Handle(), SB_SETTEXTW, static_cast<WPARAM>(panel),
-               reinterpret_cast<LPARAM>(wide.c_str()));
+  const LRESULT set = SendMessageW(Handle(), SB_SETTEXTW, static_cast<WPARAM>(panel),
+                                   reinterpret_cast<LPARAM>(wide.c_str()));
+  if (set != FALSE) shown = text;
 }
 
 void StatusWindow::ArrangePanels(Dpi dpi) {

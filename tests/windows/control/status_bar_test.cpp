@@ -43,6 +43,27 @@ TEST(ControlWindow, ShowsTheNumberOfItemsAndTheClass) {
   KeepPicture(world.host.Handle(), "empty class");
 }
 
+WNDPROC g_statusProcedure = nullptr;
+
+LRESULT CALLBACK RefuseTexts(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == SB_SETTEXTW) return FALSE;
+  return CallWindowProcW(g_statusProcedure, window, message, wParam, lParam);
+}
+
+TEST(StatusBar, SetsATextAgainThatTheSystemRefused) {
+  UiWorld world;
+  world.Start();
+  const HWND bar = world.Child(ids::kStatusBar);
+  g_statusProcedure = reinterpret_cast<WNDPROC>(
+      SetWindowLongPtrW(bar, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&RefuseTexts)));
+  world.Click(world.Tree(), world.NodePoint(6));
+  const std::string refused = Panel(world, 0);
+  SetWindowLongPtrW(bar, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(g_statusProcedure));
+  ASSERT_NE(refused, "05(外购半成品)    共 50 项物料");
+  SetFocus(world.Grid());
+  EXPECT_EQ(Panel(world, 0), "05(外购半成品)    共 50 项物料");
+}
+
 TEST(ControlWindow, NamesNoClassOnceTheFormHoldsTheRows) {
   UiWorld world;
   world.Start();
