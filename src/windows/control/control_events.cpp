@@ -170,7 +170,8 @@ void ControlWindow::ShowStatus() {
   }
   const std::u16string text = control_->StatusText();
   children_->statusBar.SetPanel(StatusPanel::Status, text);
-  children_->grid.Announce(text);
+  // A load empties the grid first; its end shows the status again.
+  if (!work_.Waiting()) children_->grid.Announce(text);
 }
 
 void ControlWindow::SetWaiting(bool waiting) {
@@ -188,6 +189,8 @@ void ControlWindow::SetWaiting(bool waiting) {
 
 void ControlWindow::SystemChanged(UINT message) {
   if (Handle() == nullptr) return;
+  // The price being typed is accepted, which moves the focus; the host may end the control then.
+  const std::shared_ptr<void> hold = Hold();
   ControlChildren& c = *children_;
   if (message == WM_SYSCOLORCHANGE) {
     for (const BoundWindow* child : std::initializer_list<const BoundWindow*>{
@@ -196,8 +199,9 @@ void ControlWindow::SystemChanged(UINT message) {
     }
   } else {
     c.UpdateResolution(Dpi::Of(Handle()));
-    RunCommand([](PriceDown& control) { control.Resized(); });
+    RunCommand([](PriceDown& control) { control.ResolutionChanged(); });
   }
+  if (Handle() == nullptr) return;
   RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 

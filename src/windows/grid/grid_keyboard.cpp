@@ -18,12 +18,14 @@ void GridWindow::MoveTo(std::int32_t column, std::int32_t row, bool extend) {
 
 void GridWindow::GoTo(std::int32_t column, std::int32_t row) {
   if (Handle() == nullptr) return;
+  const Lifetime window = WindowLifetime();
   editor_.Finish(0);
-  MoveTo(column, row, false);
+  if (!window.HasEnded()) MoveTo(column, row, false);
 }
 
 void GridWindow::RevealSelection() {
-  Scrolled(viewport_.Reveal(selection_.column, selection_.row));
+  if (viewport_.Reveal(selection_.column, selection_.row)) SetScrollBars();
+  // Once and last: a client that receives its events may end the window.
   Invalidate();
 }
 
@@ -51,17 +53,17 @@ bool GridWindow::OnKeyDown(WPARAM key) {
       return false;
     case GridKey::SelectAll:
       selection_.SelectAll(*grid_);
-      break;
+      Invalidate();
+      return true;
     case GridKey::SelectRows:
       selection_.SelectRows(*grid_);
-      break;
+      Invalidate();
+      return true;
     default:
       selection_.Move(meaning, press.shift, std::max(viewport_.PageRows() - 1, 1), *grid_);
       RevealSelection();
-      break;
+      return true;
   }
-  Invalidate();
-  return true;
 }
 
 // In an open cell F2, Enter and Delete mean its number, anywhere else they are the window's.
@@ -113,8 +115,10 @@ bool GridWindow::CanEdit() const {
 
 void GridWindow::BeginEditing(std::u16string_view first) {
   if (editor_.IsActive()) return;
+  const Lifetime window = WindowLifetime();
   selection_.MoveTo(selection_.column, selection_.row, false, *grid_);
   RevealSelection();
+  if (window.HasEnded() || !CanEdit()) return;
   GridEditor::Start start{};
   start.area = ToRect(viewport_.CellArea(selection_.column, selection_.row));
   start.area.right -= 1;
@@ -129,16 +133,18 @@ void GridWindow::BeginEditing(std::u16string_view first) {
   start.selectAll = first.empty();
   start.upperBound = *grid_->UpperBound(selection_.column, selection_.row);
   editor_.Begin(Handle(), module_, start);
-  Invalidate();
+  if (!window.HasEnded()) Invalidate();
 }
 
 void GridWindow::EditingAccepted(std::u16string_view text, WPARAM key) {
+  const Lifetime window = WindowLifetime();
   if (grid_ != nullptr && grid_->Text(selection_.column, selection_.row) != text) {
     grid_->SetText(selection_.column, selection_.row, text);
   }
+  if (window.HasEnded()) return;
   Invalidate();
-  if (key == 0) return;
-  const Lifetime window = WindowLifetime();
+  // cppcheck-suppress identicalConditionAfterEarlyExit
+  if (window.HasEnded() || key == 0) return;
   SetFocus(Handle());
   if (window.HasEnded()) return;
   if (key == VK_RETURN) {

@@ -82,6 +82,10 @@ void GridWindow::Show(Grid* grid) {
 
 void GridWindow::UpdateAppearance() {
   if (Handle() == nullptr) return;
+  const Lifetime window = WindowLifetime();
+  // Another font or resolution closes the field, but keeps the number.
+  editor_.Finish(0);
+  if (window.HasEnded()) return;
   dpi_ = Dpi::Of(Handle());
   UpdateMetrics();
 }

@@ -74,6 +74,7 @@ LRESULT RecordingAutomation::ReturnProvider(HWND, WPARAM, LPARAM,
 
 void RecordingAutomation::RaiseEvent(IRawElementProviderSimple* provider, EVENTID event) {
   log.push_back(WithId(EventName(event), provider));
+  if (onEvent) onEvent();
 }
 
 void RecordingAutomation::RaisePropertyChanged(IRawElementProviderSimple* provider,

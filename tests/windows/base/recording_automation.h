@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -28,6 +29,8 @@ class RecordingAutomation final : public windows::Automation {
   void Disconnect(IRawElementProviderSimple* provider) override;
 
   bool listening = true;
+  // What a client does when it receives an event; may be empty.
+  std::function<void()> onEvent;
   // "focus row5.column2", "children", "disconnect": the event and the id of its element.
   std::vector<std::string> log;
 

@@ -151,6 +151,18 @@ TEST_F(CommandKeys, TheGridTypesOnTheKeysOfADisabledEdit) {
   EXPECT_NE(Editor(), nullptr);
 }
 
+TEST_F(CommandKeys, ANumberBeingTypedIsKeptWhenTheSystemsSettingsChange) {
+  world_.Start();
+  world_.Click(world_.Tree(), world_.NodePoint(2));
+  SetFocus(world_.Grid());
+  world_.Press(VK_END);
+  const std::int32_t column = world_.control->ItemCells().MaxColumns();
+  world_.Type(u"7");
+  ASSERT_NE(Editor(), nullptr);
+  SendMessageW(world_.window->Handle(), WM_SETTINGCHANGE, 0, 0);
+  EXPECT_EQ(Utf8(world_.control->ItemCells().Text(column, world_.window->CurrentRow())), "7.00");
+}
+
 TEST_F(CommandKeys, TheHostLeavesTheKeysOfTypingToAnOpenCell) {
   // With all rights, because without a data scope no cell is unlocked.
   world_.Start();

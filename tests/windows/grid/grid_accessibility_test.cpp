@@ -72,6 +72,15 @@ TEST_F(GridProviderTest, APriceRaisesItsValue) {
   EXPECT_EQ(events.back(), "selected row3.column4");
 }
 
+TEST_F(GridProviderTest, AClientMayTakeTheGridAwayInsideAnEvent) {
+  input_.Click(Handle(), CellPoint(4, 2));
+  input_.PressWith(VK_SHIFT, VK_DOWN);
+  automation_.onEvent = [this] { window_.Show(nullptr); };
+  input_.Type(u"1");
+  EXPECT_EQ(Editor(), nullptr);
+  EXPECT_EQ(GetFocus(), Handle());
+}
+
 TEST_F(GridProviderTest, APriceFromOutsideRaisesItsValue) {
   PatternOf<IValueProvider>(Cell(4, 9), UIA_ValuePatternId)->SetValue(L"3");
   EXPECT_EQ(Events(), Log{"value row9.column4 = 3.00"});

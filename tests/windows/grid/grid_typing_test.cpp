@@ -55,6 +55,15 @@ TEST_F(GridWindow, AcceptsNumbersInAnUnlockedCell) {
   EXPECT_EQ(GetFocus(), Handle());
 }
 
+TEST_F(GridWindow, AcceptsTheNumberWhenFontsOrResolutionChange) {
+  input_.Click(Handle(), CellPoint(4, 2));
+  input_.Type(u"7");
+  ASSERT_NE(Editor(), nullptr);
+  window_.UpdateAppearance();
+  EXPECT_EQ(Editor(), nullptr);
+  EXPECT_EQ(Cell(4, 2), "7.00");
+}
+
 TEST_F(GridWindow, RefusesNonNumbersAndNumbersAboveTheBound) {
   input_.Click(Handle(), CellPoint(4, 1));
   input_.Type(u"9x9999 9999999");
