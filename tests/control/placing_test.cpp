@@ -84,6 +84,8 @@ TEST_F(Placing, RestoresTheSplitterWhenANarrowControlGrows) {
 }
 
 TEST_F(Placing, AnotherResolutionChangesTheGridsHeightsWithoutACallToTheSuite) {
+  Control().Show(nullptr);
+  world_.log.Clear();
   const double before = Control().ItemCells().RowHeight();
   world_.screen.twipsPerPixel /= 2;
   Control().ResolutionChanged();
