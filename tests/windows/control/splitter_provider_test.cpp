@@ -139,12 +139,16 @@ TEST_F(SplitterProviderTest, TheControlMayEndWhileItMoves) {
 }
 
 TEST_F(SplitterProviderTest, KeptAfterTheWindowsEndIsNotAvailableAndThenFreed) {
-  const auto range = Range();
+  auto range = Range();
   DestroyWindow(Handle());
   EXPECT_EQ(automation_.log, (Log{"return nothing", "disconnect"}));
   double value = 0;
   EXPECT_EQ(range->get_Value(&value), UIA_E_ELEMENTNOTAVAILABLE);
   EXPECT_EQ(range->SetValue(start_ + 60), UIA_E_ELEMENTNOTAVAILABLE);
+  provider_.attach(nullptr);
+  EXPECT_EQ(windows::Counts().objects, 1) << "the client's own";
+  range.attach(nullptr);
+  EXPECT_EQ(windows::Counts().objects, 0);
 }
 
 }  // namespace

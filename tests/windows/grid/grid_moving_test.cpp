@@ -75,6 +75,34 @@ TEST_F(GridWindow, DraggingBelowTheEdgeScrolls) {
   EXPECT_EQ(Range().row, 2);
 }
 
+// The clipboard's table without its header; empty when there is none.
+std::string ClipboardTable(HWND owner) {
+  std::string table;
+  if (OpenClipboard(owner) == FALSE) return table;
+  const HANDLE data = GetClipboardData(RegisterClipboardFormatW(L"HTML Format"));
+  if (data != nullptr) {
+    const std::string html(static_cast<const char*>(GlobalLock(data)));
+    GlobalUnlock(data);
+    const std::size_t start = html.find("<table>");
+    if (start != std::string::npos) table = html.substr(start, html.find("</table>") - start);
+  }
+  CloseClipboard();
+  return table;
+}
+
+TEST_F(GridWindow, CopiesTheSelectedCellsAsATableToo) {
+  input_.PressWith(VK_SHIFT, VK_RIGHT);
+  window_.Copy(false);
+  const std::string plain = ClipboardTable(Handle());
+  EXPECT_LT(plain.find("甲"), plain.find("乙")) << plain;
+  EXPECT_NE(plain.find("乙"), std::string::npos) << plain;
+  EXPECT_EQ(plain.find("列"), std::string::npos) << plain;
+  window_.Copy(true);
+  const std::string titled = ClipboardTable(Handle());
+  EXPECT_LT(titled.find("列2"), titled.find("甲")) << titled;
+  EXPECT_NE(titled.find("甲"), std::string::npos) << titled;
+}
+
 TEST_F(GridWindow, CopiesTheSelectedCellsAsTabbedText) {
   input_.PressWith(VK_SHIFT, VK_RIGHT);
   input_.PressWith(VK_SHIFT, VK_DOWN);

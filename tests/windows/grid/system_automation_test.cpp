@@ -115,6 +115,7 @@ TEST_F(SystemAutomationTest, AClientReadsACellByItsProvider) {
 TEST_F(SystemAutomationTest, AClientMayKeepTheWindowsNodeLongerThanTheWindow) {
   UiaNode node = nullptr;
   RunClient([&] { node = NodeOfWindow(own_->Handle()); });
+  ASSERT_NE(node, nullptr);
   own_.reset();
   RunClient([&] {
     EXPECT_NE(PropertyOfNode(node, UIA_NamePropertyId), "物料明细");

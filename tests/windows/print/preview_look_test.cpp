@@ -92,8 +92,14 @@ TEST_F(PreviewLook, ShowsThePagesRulesInTheirPlaces) {
 }
 
 TEST_F(PreviewLook, ShowsTheWholePageThenItsWidthThenItsDetails) {
-  Show(200, {[&] { KeepPicture(Window(), Name("whole")); }, [&] { ClickButton(u"FitWidth"); },
-             [&] { KeepPicture(Window(), Name("width")); }, [&] { ClickButton(u"Last"); },
+  const auto paper = [&] {
+    const Picture picture = CapturePicture(Pane());
+    return std::count(picture.pixels.begin(), picture.pixels.end(), 0xFFFFFFu);
+  };
+  std::ptrdiff_t whole = 0;
+  Show(200, {[&] { KeepPicture(Window(), Name("whole")); }, [&] { whole = paper(); },
+             [&] { ClickButton(u"FitWidth"); }, [&] { KeepPicture(Window(), Name("width")); },
+             [&] { EXPECT_GT(paper(), whole * 5 / 4); }, [&] { ClickButton(u"Last"); },
              [&] { ClickButton(u"ZoomIn"); }, [&] { KeepPicture(Window(), Name("detail")); },
              [&] { SetWindowPos(Window(), nullptr, 0, 0, 300, 300, SWP_NOMOVE | SWP_NOZORDER); },
              [&] { KeepPicture(Window(), Name("narrow")); }, [&] { CloseByFrame(); }});
