@@ -121,10 +121,11 @@ void ControlWindow::FocusLeft(HWND to) {
 
 void ControlWindow::ItemsChanged() {
   ItemsFilling();
-  ShowStatus();
   if (Find* find = control_ == nullptr ? nullptr : control_->Finding()) {
     find->RowsChanged(FindPane::Grid);
   }
+  // Last, because a client that hears the status may end the control.
+  ShowStatus();
 }
 
 void ControlWindow::FindTextChanged(std::u16string_view text, bool composing) {

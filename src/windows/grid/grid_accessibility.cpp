@@ -30,11 +30,16 @@ GridAccessibility::State GridAccessibility::Now() const {
 void GridAccessibility::Update() noexcept {
   // A client in this process may end the window inside the event.
   const ComPtr<GridProvider> provider = provider_.Get();
-  if (!provider) return;
+  if (!provider || steps_ > 0) return;
   AtBoundary([&] {
     const State now = Now();
     const State before = std::exchange(reported_, now);
-    if (provider_.IsListenedTo()) Report(*provider.get(), provider_.System(), before, now);
+    if (!provider_.IsListenedTo()) return;
+    std::u16string text;
+    if (before.current && before.rows == now.rows) {
+      text = access_.Elements().Text(*before.current);
+    }
+    Report(*provider.get(), provider_.System(), before, now, text);
   });
 }
 
@@ -50,10 +55,16 @@ void GridAccessibility::Announce(std::u16string_view text) noexcept {
 }
 
 void GridAccessibility::Report(GridProvider& provider, Automation& automation, const State& before,
-                               const State& now) {
+                               const State& now, std::u16string_view text) {
   const bool otherRows = now.rows != before.rows;
   const bool otherCell = otherRows || now.current != before.current;
   if (otherRows) automation.RaiseChildrenInvalidated(&provider);
+  if (before.current && !otherRows && text != before.text) {
+    Variant value;
+    value.attach(PropertyText(text));
+    automation.RaisePropertyChanged(provider.Element(*before.current).get(),
+                                    UIA_ValueValuePropertyId, value.get());
+  }
   if (now.current) {
     const auto cell = provider.Element(*now.current);
     if (now.focused && (otherCell || !before.focused)) {
@@ -66,11 +77,6 @@ void GridAccessibility::Report(GridProvider& provider, Automation& automation, c
       } else {
         automation.RaiseEvent(cell.get(), UIA_SelectionItem_ElementSelectedEventId);
       }
-    }
-    if (!otherCell && now.text != before.text) {
-      Variant text;
-      text.attach(PropertyText(now.text));
-      automation.RaisePropertyChanged(cell.get(), UIA_ValueValuePropertyId, text.get());
     }
   }
   if (now.vertical.percent != before.vertical.percent) {

@@ -40,8 +40,10 @@ void GridEditor::Begin(HWND parent, HINSTANCE module, const Start& start) {
 }
 
 void GridEditor::End() {
+  ending_ = true;
   label_.reset();
   Destroy();
+  ending_ = false;
 }
 
 void GridEditor::Finish(WPARAM key) {

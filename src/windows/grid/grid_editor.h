@@ -46,6 +46,8 @@ class GridEditor final : public BoundWindow {
   // Requires: not active. Throws AutomationError.
   void Begin(HWND parent, HINSTANCE module, const Start& start);
   bool IsActive() const { return Handle() != nullptr; }
+  // While its window is destroyed, which moves the focus.
+  bool IsEnding() const { return ending_; }
   // Ends the editing; a text that is no number is dropped.
   void Finish(WPARAM key);
   void Cancel();
@@ -64,6 +66,7 @@ class GridEditor final : public BoundWindow {
   // Without a size. The system names a field by the label before it.
   std::optional<PlainControl> label_;
   double upperBound_ = 0;
+  bool ending_ = false;
 };
 
 }  // namespace pricedown::windows

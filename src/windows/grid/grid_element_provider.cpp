@@ -150,10 +150,13 @@ STDMETHODIMP GridElementProvider::GetEmbeddedFragmentRoots(SAFEARRAY** result) n
 STDMETHODIMP GridElementProvider::SetFocus() noexcept {
   return Ask([&](GridAccess& access) -> HRESULT {
     if (!AcceptsInput(access.Window())) return UIA_E_ELEMENTNOTENABLED;
-    ::SetFocus(access.Window());
-    if (!element_.IsCell()) return S_OK;
-    // The host may have ended the control, or loaded the grid again.
-    return Ask([&](GridAccess& after) { return SelectIn(after, false); });
+    // First, so that the focus is raised once, on this cell.
+    if (element_.IsCell()) SelectIn(access, false);
+    // A client may have ended the window, or the host the control.
+    return Ask([](GridAccess& after) {
+      ::SetFocus(after.Window());
+      return S_OK;
+    });
   });
 }
 

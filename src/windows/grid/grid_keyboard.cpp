@@ -138,6 +138,7 @@ void GridWindow::BeginEditing(std::u16string_view first) {
 
 void GridWindow::EditingAccepted(std::u16string_view text, WPARAM key) {
   const Lifetime window = WindowLifetime();
+  const GridAccessibility::Step step(accessibility_, window);
   if (grid_ != nullptr && grid_->Text(selection_.column, selection_.row) != text) {
     grid_->SetText(selection_.column, selection_.row, text);
   }

@@ -28,8 +28,11 @@ GridHit GridWindow::HitAt(POINT point) const {
 
 void GridWindow::OnPress(POINT point, bool extend) {
   const Lifetime window = WindowLifetime();
+  const GridAccessibility::Step step(accessibility_, window);
   editor_.Finish(0);
+  if (window.HasEnded()) return;
   SetFocus(Handle());
+  // cppcheck-suppress identicalConditionAfterEarlyExit
   if (window.HasEnded() || grid_ == nullptr) return;
   const GridHit hit = HitAt(point);
   if (hit.edge != 0) {
@@ -50,6 +53,7 @@ void GridWindow::OnPress(POINT point, bool extend) {
 // Selects the cell unless it is in a selected block, so that the menu is that of the selection.
 void GridWindow::OnRightPress(POINT point) {
   const Lifetime window = WindowLifetime();
+  const GridAccessibility::Step step(accessibility_, window);
   SetFocus(Handle());
   if (window.HasEnded() || grid_ == nullptr) return;
   const GridHit hit = HitAt(point);

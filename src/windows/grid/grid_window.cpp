@@ -171,7 +171,14 @@ void GridWindow::OnWheel(int delta, bool horizontal) {
 void GridWindow::Invalidate() {
   if (Handle() == nullptr) return;
   InvalidateRect(Handle(), nullptr, FALSE);
+  // A load, and the end of typing, change the grid in steps that no client should see.
+  if (!events_.Waiting() && !editor_.IsEnding()) accessibility_.Update();
+}
+
+void GridWindow::Announce(std::u16string_view text) {
+  const Lifetime window = WindowLifetime();
   accessibility_.Update();
+  if (!window.HasEnded()) accessibility_.Announce(text);
 }
 
 void GridWindow::GridChanged() {
@@ -185,6 +192,7 @@ void GridWindow::GridChanged() {
     // Every load empties the grid first; hiding the bars and showing them again would cost more
     // than the load of a small class.
     scrollBarsDue_ = true;
+    if (events_.Waiting()) accessibility_.RowsReplaced();
     Invalidate();
   } else {
     UpdateScrolling();

@@ -38,7 +38,8 @@ class GridWindow final : public BoundWindow,
   void UpdateAppearance();
 
   // For screen readers: speaks a status that belongs to the grid.
-  void Announce(std::u16string_view text) { accessibility_.Announce(text); }
+  // Events that a wait has held back are raised before.
+  void Announce(std::u16string_view text);
 
   const GridSelection& Selection() const { return selection_; }
   const GridViewport& Viewport() const override { return viewport_; }

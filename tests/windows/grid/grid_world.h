@@ -84,7 +84,7 @@ class GridWindow : public ::testing::Test, public windows::GridEvents {
   void FocusEntered(HWND) override {}
   void ItemsChanged() override {}
   void ItemsFilling() override {}
-  bool Waiting() const override { return false; }
+  bool Waiting() const override { return waiting_; }
 
   HostWindow host_{700, 500};
   Input input_;
@@ -94,6 +94,7 @@ class GridWindow : public ::testing::Test, public windows::GridEvents {
   std::string tabs_;
   std::vector<Key> commands_;
   int menus_ = 0;
+  bool waiting_ = false;
 };
 
 }  // namespace pricedown::testing
