@@ -176,7 +176,7 @@ TEST_F(FindInControl, ForgetsTheFoundClassWhenTheBarIsOpenedAgain) {
 TEST_F(FindInControl, ForgetsTheFoundClassWhenAClassIsClicked) {
   Open(FindPane::Tree);
   find().TextChanged(u"成", false);
-  find().CountOn();
+  find().ContinueCounting();
   ASSERT_EQ(Count(), "1 / 1");
   world_.log.Clear();
   Control().NodeClicked(2);
