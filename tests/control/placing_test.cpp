@@ -86,10 +86,10 @@ TEST_F(Placing, RestoresTheSplitterWhenANarrowControlGrows) {
 TEST_F(Placing, AnotherResolutionChangesTheGridsHeightsWithoutACallToTheSuite) {
   Control().Show(nullptr);
   world_.log.Clear();
-  const double before = Control().ItemCells().RowHeight();
+  const double before = Control().GetGrid().RowHeight();
   world_.screen.twipsPerPixel /= 2;
   Control().ResolutionChanged();
-  EXPECT_DOUBLE_EQ(Control().ItemCells().RowHeight(), before * 2);
+  EXPECT_DOUBLE_EQ(Control().GetGrid().RowHeight(), before * 2);
   for (const std::string& line : world_.log.Lines()) {
     EXPECT_TRUE(line.starts_with("font ") || line.starts_with("view ") ||
                 line.starts_with("screen "))

@@ -156,11 +156,11 @@ TEST_F(CommandKeys, ANumberBeingTypedIsKeptWhenTheSystemsSettingsChange) {
   world_.Click(world_.Tree(), world_.NodePoint(2));
   SetFocus(world_.Grid());
   world_.Press(VK_END);
-  const std::int32_t column = world_.control->ItemCells().MaxColumns();
+  const std::int32_t column = world_.control->GetGrid().MaxColumns();
   world_.Type(u"7");
   ASSERT_NE(Editor(), nullptr);
   SendMessageW(world_.window->Handle(), WM_SETTINGCHANGE, 0, 0);
-  EXPECT_EQ(Utf8(world_.control->ItemCells().Text(column, world_.window->CurrentRow())), "7.00");
+  EXPECT_EQ(Utf8(world_.control->GetGrid().Text(column, world_.window->CurrentRow())), "7.00");
 }
 
 TEST_F(CommandKeys, TheHostLeavesTheKeysOfTypingToAnOpenCell) {

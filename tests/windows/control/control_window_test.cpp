@@ -45,16 +45,16 @@ TEST(ControlWindow, PlacesItsPartsAgainWhenTheResolutionHasChanged) {
       all.push_back(place.bottom);
     }
     all.push_back(static_cast<LONG>(SendMessageW(world.Tree(), TVM_GETITEMHEIGHT, 0, 0)));
-    all.push_back(std::lround(world.control->ItemCells().RowHeight() * 15));
-    all.push_back(std::lround(world.control->ItemCells().TitleHeight() * 15));
+    all.push_back(std::lround(world.control->GetGrid().RowHeight() * 15));
+    all.push_back(std::lround(world.control->GetGrid().TitleHeight() * 15));
     all.push_back(static_cast<LONG>(SendMessageW(world.Strip(), TB_GETBUTTONSIZE, 0, 0)));
     return all;
   };
   const auto before = heights();
   SendMessageW(world.Tree(), TVM_SETITEMHEIGHT, 40, 0);
   // As left by another resolution.
-  world.control->ItemCells().SetRowHeight(50);
-  world.control->ItemCells().SetTitleHeight(70);
+  world.control->GetGrid().SetRowHeight(50);
+  world.control->GetGrid().SetTitleHeight(70);
   SendMessageW(world.Strip(), TB_SETBUTTONSIZE, 0, MAKELPARAM(50, 50));
   for (const HWND child : {world.Strip(), world.Child(ids::kClassHeading), world.Tree()}) {
     SetWindowPos(child, nullptr, 0, 0, 30, 7, SWP_NOMOVE | SWP_NOZORDER);
