@@ -38,10 +38,11 @@ class OdbcTransaction : public ::testing::Test {
     return recordedCalls_() + state;
   }
 
- private:
   std::unique_ptr<Connection> connection_;
-  void* library_ = nullptr;
   const char* (*recordedCalls_)() = nullptr;
+
+ private:
+  void* library_ = nullptr;
 };
 
 TEST_F(OdbcTransaction, CommitsSeveralChanges) {
@@ -61,6 +62,20 @@ TEST_F(OdbcTransaction, IsRolledBackWhenTheTextIsInterrupted) {
   for (const std::string state : {"HY008", "HYT00", "HYT01", "57014"}) {
     EXPECT_EQ(CallsOf("insert 1 insert 2 fail " + state), "begin rollback end [" + state + "]");
   }
+}
+
+// The end of a transaction by autocommit would commit it.
+TEST_F(OdbcTransaction, IsGivenUpWithTheLoginWhenItsRollbackFails) {
+  EXPECT_EQ(CallsOf("insert 1 insert 2 keep fail HY008"), "begin rollback [HY008]");
+  EXPECT_EQ(CallsOf("insert 1"), "rollback logout login ");
+}
+
+// Driver managers refuse to close a connection that is in one, which leaks it.
+TEST_F(OdbcTransaction, IsRolledBackWhenTheConnectionCloses) {
+  connection_->Begin();
+  CallsOf("insert 1");
+  connection_.reset();
+  EXPECT_STREQ(recordedCalls_(), "rollback end logout ");
 }
 
 }  // namespace

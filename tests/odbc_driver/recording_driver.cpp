@@ -1,5 +1,6 @@
 // An ODBC driver without a database: a text that holds "fail STATE" fails with that state, every
-// other one has no result. Calls of transactions are recorded.
+// other one has no result; after "keep" a rollback fails. Logins, their ends and calls of
+// transactions are recorded.
 #include <sql.h>
 #include <sqlext.h>
 #include <sqlucode.h>
@@ -15,6 +16,7 @@ namespace {
 // All handles are this one.
 int theHandle;
 std::string theState;
+bool theRollbackFails;
 std::string theCalls;
 
 std::string Ascii(const SQLWCHAR* text, SQLINTEGER length) {
@@ -59,10 +61,15 @@ SQLRETURN SQL_API SQLSetConnectAttrW(SQLHDBC, SQLINTEGER attribute, SQLPOINTER v
 
 SQLRETURN SQL_API SQLDriverConnectW(SQLHDBC, SQLHWND, SQLWCHAR*, SQLSMALLINT, SQLWCHAR*,
                                     SQLSMALLINT, SQLSMALLINT*, SQLUSMALLINT) {
+  theCalls += "login ";
+  theRollbackFails = false;
   return SQL_SUCCESS;
 }
 
-SQLRETURN SQL_API SQLDisconnect(SQLHDBC) { return SQL_SUCCESS; }
+SQLRETURN SQL_API SQLDisconnect(SQLHDBC) {
+  theCalls += "logout ";
+  return SQL_SUCCESS;
+}
 
 SQLRETURN SQL_API SQLSetStmtAttrW(SQLHSTMT, SQLINTEGER, SQLPOINTER, SQLINTEGER) {
   return SQL_SUCCESS;
@@ -73,6 +80,7 @@ SQLRETURN SQL_API SQLFreeStmt(SQLHSTMT, SQLUSMALLINT) { return SQL_SUCCESS; }
 SQLRETURN SQL_API SQLExecDirectW(SQLHSTMT, SQLWCHAR* text, SQLINTEGER length) {
   constexpr std::string_view kFail = "fail ";
   const std::string sent = Ascii(text, length);
+  if (sent.find("keep") != std::string::npos) theRollbackFails = true;
   const std::size_t at = sent.find(kFail);
   if (at == std::string::npos) return SQL_SUCCESS;
   theState = sent.substr(at + kFail.size(), SQL_SQLSTATE_SIZE);
@@ -88,7 +96,7 @@ SQLRETURN SQL_API SQLMoreResults(SQLHSTMT) { return SQL_NO_DATA; }
 
 SQLRETURN SQL_API SQLEndTran(SQLSMALLINT, SQLHANDLE, SQLSMALLINT how) {
   theCalls += how == SQL_COMMIT ? "commit " : "rollback ";
-  return SQL_SUCCESS;
+  return how == SQL_ROLLBACK && theRollbackFails ? SQL_ERROR : SQL_SUCCESS;
 }
 
 SQLRETURN SQL_API SQLGetDiagRecW(SQLSMALLINT, SQLHANDLE, SQLSMALLINT number, SQLWCHAR* state,

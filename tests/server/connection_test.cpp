@@ -125,12 +125,11 @@ TEST_F(ServerConnection, RecoversWithTheServer) {
 
 TEST_F(ServerConnection, NeverSendsATextTwiceBecauseTheConnectionWasLost) {
   const auto connection = Open();
-  Execute(*connection, "CREATE TABLE t(a INTEGER)");
-  Execute(*connection, "INSERT INTO t VALUES(1)");
-  // The text ends its own session, once.
-  EXPECT_THROW(Execute(*connection, "SELECT pg_terminate_backend(pg_backend_pid()) FROM t"),
-               DatabaseError);
-  EXPECT_EQ(Number(*connection, "SELECT count(*) FROM t"), 1);
+  Execute(*connection, "CREATE SEQUENCE sent");  // which no rollback reverts
+  EXPECT_THROW(
+      Execute(*connection, "SELECT nextval('sent'),pg_terminate_backend(pg_backend_pid())"),
+      DatabaseError);
+  EXPECT_EQ(Number(*connection, "SELECT last_value FROM sent WHERE is_called"), 1);
 }
 
 TEST_F(ServerConnection, LosesATextOfSeveralChangesWholeAndSendsItOnce) {
@@ -161,6 +160,56 @@ TEST_F(ServerConnection, DoesNotReconnectInsideATransaction) {
     EXPECT_THROW(transaction.Commit(), DatabaseError);
   }
   EXPECT_EQ(Number(*connection, "SELECT count(*) FROM t"), 0);
+}
+
+TEST_F(ServerConnection, RefusesACommitWithoutATransaction) {
+  const auto connection = Open();
+  const auto failureOfCommit = [&] {
+    try {
+      connection->Commit();
+    } catch (const DatabaseError& error) {
+      return std::string(error.what());
+    }
+    return std::string("committed");
+  };
+  EXPECT_EQ(failureOfCommit(), "没有要提交的事务。");
+  server_->Stop();
+  EXPECT_THROW(connection->Begin(), DatabaseError);
+  EXPECT_EQ(failureOfCommit(), "没有要提交的事务。");
+  connection->Rollback();
+  server_->Start();
+  EXPECT_EQ(Number(*connection, "SELECT 6"), 6);
+}
+
+TEST_F(ServerConnection, ReportsACommitThatTheServerDidNotGet) {
+  const auto connection = Open();
+  Execute(*connection, "CREATE TABLE t(a INTEGER)");
+  connection->Begin();
+  Execute(*connection, "INSERT INTO t VALUES(1)");
+  server_->Stop();
+  EXPECT_THROW(connection->Commit(), DatabaseError);
+  connection->Rollback();
+  server_->Start();
+  EXPECT_EQ(Number(*connection, "SELECT count(*) FROM t"), 0);
+}
+
+TEST_F(ServerConnection, ClosesWithAnOpenTransaction) {
+  const auto other = Open();
+  Execute(*other, "CREATE TABLE t(a INTEGER)");
+  {
+    const auto connection = Open();
+    connection->Begin();
+    Execute(*connection, "INSERT INTO t VALUES(1)");
+  }
+  const auto sessions = [&] {
+    return Number(*other,
+                  "SELECT count(*) FROM pg_stat_activity WHERE datname=current_database() "
+                  "AND backend_type='client backend'");
+  };
+  // The server ends the session a moment after the client.
+  for (int i = 0; i < 50 && sessions() > 1; ++i) Execute(*other, "SELECT pg_sleep(0.1)");
+  EXPECT_EQ(sessions(), 1);
+  EXPECT_EQ(Number(*other, "SELECT count(*) FROM t"), 0);
 }
 
 TEST_F(ServerConnection, TimesOutALoginWithoutAReply) {
@@ -198,6 +247,14 @@ TEST_F(ServerConnection, CancelsARunningStatementWhenAsked) {
     EXPECT_NE(std::string(error.what()).find("cancel"), std::string::npos) << error.what();
   }
   EXPECT_LT(steady_clock::now() - start, seconds(5));
+}
+
+TEST_F(ServerConnection, SeesAShortPressOfTheCancelKey) {
+  int answers = 0;
+  ConnectOptions options;
+  options.cancels = [&answers] { return ++answers < 0; };
+  Execute(*Open(options), "SELECT pg_sleep(1)");
+  EXPECT_GT(answers, 20);
 }
 
 TEST_F(ServerConnection, KeepsNothingOfATextThatIsCancelled) {

@@ -166,7 +166,7 @@ TEST_F(SilentServer, LeavesNoTransactionWhenTheServerAnswersLater) {
   EXPECT_EQ(Number(*connection, "SELECT count(*) FROM t"), 0);
 }
 
-TEST_F(SilentServer, ClosesWithoutWaiting) {
+TEST_F(SilentServer, ClosesWithinTheLimitOfALogin) {
   auto connection = Open(options_);
   proxy_->FallSilentAt("");
   const auto start = steady_clock::now();

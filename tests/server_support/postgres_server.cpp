@@ -29,7 +29,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kDriverLibrary = "psqlodbcw.so";
+constexpr const char* kDriverSection = "[PostgreSQL Unicode]";
 constexpr const char* kUnprivilegedUser = "postgres";
 
 fs::path FindPrograms() {
@@ -44,7 +44,7 @@ fs::path FindPrograms() {
 bool HasDriver() {
   std::ifstream file("/etc/odbcinst.ini");
   const std::string text{std::istreambuf_iterator<char>(file), {}};
-  return text.find(kDriverLibrary) != std::string::npos;
+  return text.find(kDriverSection) != std::string::npos;
 }
 
 int FreePort() {

@@ -82,7 +82,7 @@ class OdbcConnection::Session {
   }
 
   void Commit() {
-    inTransaction_ = false;
+    if (!std::exchange(inTransaction_, false)) throw DatabaseError(u"没有要提交的事务。", 0);
     session_->Commit();
   }
 
@@ -127,7 +127,7 @@ class OdbcConnection::Session {
   std::string connectionString_;
   ConnectOptions options_;
   std::unique_ptr<odbc::Session> session_;  // null while a new login has failed
-  bool inTransaction_ = false;
+  bool inTransaction_ = false;              // then there is a session
 };
 
 OdbcConnection::OdbcConnection(std::string_view connectionString, ConnectOptions options)

@@ -46,24 +46,32 @@ void SetIsolation(SQLHDBC connection, Session::Isolation isolation) noexcept {
                      SQL_IS_UINTEGER);
 }
 
-void RollBack(SQLHDBC connection) noexcept {
-  SQLEndTran(SQL_HANDLE_DBC, connection, SQL_ROLLBACK);
-  // Fails on a lost connection, which is reopened before the next text.
+void RollBack(Link& link) noexcept {
+  const SQLHDBC connection = link.connection.Get();
+  const bool isRolledBack = SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, connection, SQL_ROLLBACK));
+  // Autocommit commits a transaction that is still open. On a dead connection there is none.
+  if (!isRolledBack && !IsKnownDead(connection)) {
+    link.isLost = true;
+    return;
+  }
+  link.inTransaction = false;
   SetAutocommit(connection, true);
   SetIsolation(connection, Session::Isolation::Usual);
 }
 
-void Commit(SQLHDBC connection) {
+void Commit(Link& link) {
+  const SQLHDBC connection = link.connection.Get();
   // A driver may report success for a transaction that the server has lost.
   if (IsKnownDead(connection)) throw DatabaseError(u"与服务器的连接已断开，事务没有提交。", 0);
   if (!SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, connection, SQL_COMMIT))) {
     try {
       ThrowDiagnostic(SQL_HANDLE_DBC, connection);
     } catch (...) {
-      RollBack(connection);
+      RollBack(link);
       throw;
     }
   }
+  link.inTransaction = false;
   Check(SetAutocommit(connection, true), SQL_HANDLE_DBC, connection);
   SetIsolation(connection, Session::Isolation::Usual);
 }
@@ -103,7 +111,7 @@ Link::Link()
 void Link::Disconnect() noexcept {
   if (!std::exchange(isConnected, false)) return;
   // A driver manager may refuse to close a connection that has a transaction.
-  if (isHanging) RollBack(connection.Get());
+  if (inTransaction || isHanging) RollBack(*this);
   SQLDisconnect(connection.Get());
 }
 
@@ -144,17 +152,20 @@ Session::~Session() {
 }
 
 void Session::RequireLink() const {
-  if (link_->isHanging) throw DatabaseError(u"[08S01] 与服务器的连接已断开。", 0);
+  if (link_->isHanging || link_->isLost) throw DatabaseError(u"[08S01] 与服务器的连接已断开。", 0);
 }
 
-void Session::Run(std::function<void()> call) { Run(std::move(call), options_.statementTimeout); }
+void Session::Run(std::function<void()> call) {
+  RequireLink();
+  Run(std::move(call), options_.statementTimeout);
+}
 
 // A key that is still down from the command that sent the statement does not cancel it: the answer
 // has to become true.
 void Session::Run(std::function<void()> call, seconds limit, const std::function<bool()>& cancels,
                   const std::function<void()>& cancel) {
-  constexpr milliseconds kInterval{100};
-  RequireLink();
+  // Short enough to see a quick press of a key.
+  constexpr milliseconds kInterval{20};
   bool wasAsked = cancels && cancels();
   unsigned progress = link_->progress;
   auto start = steady_clock::now();
@@ -202,7 +213,7 @@ ResultSet Session::Execute(std::u16string_view text, seconds limit,
 }
 
 bool Session::Answers() noexcept {
-  if (link_->isHanging || IsKnownDead(link_->connection.Get())) return false;
+  if (link_->isHanging || link_->isLost || IsKnownDead(link_->connection.Get())) return false;
   try {
     Execute(u"SELECT 1", options_.loginTimeout, {});
     return true;
@@ -216,16 +227,17 @@ void Session::Begin(Isolation isolation) {
     const SQLHDBC connection = link->connection.Get();
     if (isolation == Isolation::Serializable) SetIsolation(connection, isolation);
     Check(SetAutocommit(connection, false), SQL_HANDLE_DBC, connection);
+    link->inTransaction = true;
   });
 }
 
 void Session::Commit() {
-  Run([link = link_] { odbc::Commit(link->connection.Get()); });
+  Run([link = link_] { odbc::Commit(*link); });
 }
 
 void Session::Rollback() noexcept {
   try {
-    Run([link = link_] { RollBack(link->connection.Get()); });
+    Run([link = link_] { RollBack(*link); });
   } catch (const std::exception&) {
     // Only of a server that does not answer, which loses the transaction with the connection.
   }

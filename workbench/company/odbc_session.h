@@ -27,7 +27,9 @@ struct Link {
   Handle environment;
   Handle connection;
   bool isConnected = false;
+  bool inTransaction = false;
   std::atomic<bool> isHanging = false;
+  std::atomic<bool> isLost = false;    // unusable, but its calls return
   std::atomic<unsigned> progress = 0;  // counts what the server has sent during a call
 };
 
@@ -51,6 +53,7 @@ class Session {
  public:
   // Throws DatabaseError, without passwords. The options outlive the session.
   Session(std::string_view connectionString, const ConnectOptions& options);
+  // Rolls back a transaction that is still open.
   ~Session();
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
@@ -62,7 +65,8 @@ class Session {
 
   enum class Isolation { Usual, Serializable };
   void Begin(Isolation isolation);
-  // Both leave the session without a transaction, also when they fail.
+  // Both leave the session without a transaction, also when they fail. A rollback that fails loses
+  // the session.
   void Commit();
   void Rollback() noexcept;
 
