@@ -35,6 +35,11 @@ TEST(Location, ShowsDriverServerAndDatabaseOnly) {
 TEST(Location, RemembersTheUserButNoPasswordAndNothingUnknown) {
   EXPECT_EQ(RememberedLocation(kWhole),
             "Encrypt=no;driver={ODBC;17};Server=db,1433;UID=sa;Database=账套");
+  constexpr const char* kKinds =
+      "Driver=FreeTDS;Server=db;TDS_Version=7.4;ClientCharset=UTF-8;SSLmode=require;"
+      "ApplicationIntent=ReadOnly";
+  EXPECT_EQ(RememberedLocation(kKinds), kKinds);
+  EXPECT_EQ(ShownLocation(kKinds), "Driver=FreeTDS;Server=db");
 }
 
 TEST(Location, KeepsEveryEntryForTheDriverWithoutBlanksAround) {

@@ -21,6 +21,8 @@ constexpr std::string_view kLoginKeys[] = {"uid",
                                            "integrated security",
                                            "encrypt",
                                            "trustservercertificate"};
+constexpr std::string_view kSettingKeys[] = {"tds_version", "clientcharset", "sslmode",
+                                             "applicationintent"};
 constexpr std::string_view kPasswordKeys[] = {"pwd", "password", "passwd", "pass", "accesstoken"};
 constexpr std::string_view kOtherKeys[] = {"provider", "savefile"};
 
@@ -168,7 +170,9 @@ std::string ShownLocation(std::string_view location) {
 std::string RememberedLocation(std::string_view location) {
   if (!IsConnectionString(location)) return std::string(location);
   return Joined(location, [](const Entry& entry) {
-    return (IsOneOf(kShownKeys, entry.key) || IsOneOf(kLoginKeys, entry.key)) && MayBeShown(entry);
+    const bool isKept = IsOneOf(kShownKeys, entry.key) || IsOneOf(kLoginKeys, entry.key) ||
+                        IsOneOf(kSettingKeys, entry.key);
+    return isKept && MayBeShown(entry);
   });
 }
 
@@ -182,7 +186,8 @@ std::string WithPassword(std::string_view location, std::string_view password) {
     text += character;
     if (character == '}') text += character;
   }
-  return text += '}';
+  text += '}';
+  return text;
 }
 
 std::string WithoutSecrets(std::string message, std::string_view location) {

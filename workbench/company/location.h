@@ -21,8 +21,8 @@ std::string NormalizedConnectionString(std::string_view location);
 // a ";" is missing, is left out.
 std::string ShownLocation(std::string_view location);
 
-// What may be stored for later: ShownLocation with the user name and the kind of login, never a
-// password.
+// What may be stored for later: ShownLocation with the user name, the kind of login and what the
+// driver needs to connect (protocol version, encryption, character set), never a password.
 std::string RememberedLocation(std::string_view location);
 
 // The connection string with this password in place of its own; unchanged if `password` is empty.
