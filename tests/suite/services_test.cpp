@@ -161,6 +161,28 @@ TEST_F(Services, SettingsShowTheLocationOfTheCompanyThatIsOpen) {
   EXPECT_THROW(settings->Call(u"Open", {u"/no/such/company.db"}), AutomationError);
   EXPECT_EQ(path, pricedown::ToText(settings->Get(u"Location")));
   EXPECT_EQ("\"1\"", Readable(Query(u"select '1' as a"))) << "the company before stays open";
+  settings->Call(u"Close", {});
+  EXPECT_EQ(u"", pricedown::ToText(settings->Get(u"Location")));
+}
+
+TEST_F(Services, SettingsRefuseAUserWithoutACompany) {
+  const ObjectPtr settings = Create(u"ZEPWorkbench.Settings");
+  suite_->Execute(u"INSERT INTO t_user(FUserID,FName)VALUES(2,'王芳')");
+  settings->Call(u"Close", {});
+  EXPECT_THROW(settings->Put(u"UserID", std::int32_t{2}), AutomationError);
+  EXPECT_EQ("1", Readable(settings->Get(u"UserID")));
+}
+
+TEST_F(Services, SettingsKeepTheUserOnlyInACompanyThatHasIt) {
+  const ObjectPtr settings = Create(u"ZEPWorkbench.Settings");
+  const std::u16string path = pricedown::FromUtf8(path_.string());
+  suite_->Execute(u"INSERT INTO t_user(FUserID,FName)VALUES(2,'王芳')");
+  settings->Put(u"UserID", std::int32_t{2});
+  settings->Call(u"Open", {path});
+  EXPECT_EQ("2", Readable(settings->Get(u"UserID")));
+  suite_->Execute(u"DELETE FROM t_user");
+  settings->Call(u"Open", {path});
+  EXPECT_EQ("1", Readable(settings->Get(u"UserID")));
 }
 
 TEST_F(Services, SettingsRefuseAUserThatTheCompanyDoesNotHave) {

@@ -91,7 +91,7 @@ void Settings::SetUser(std::int32_t id) {
   // A previous user is restored even when the server does not respond.
   if (id == suite_->userId) return;
   const bool isKnown =
-      suite_->company == nullptr || suite_->earlierUsers.contains(id) ||
+      suite_->earlierUsers.contains(id) ||
       suite_->Execute(Concatenate({u"SELECT FName FROM t_user WHERE FUserID=", NumberText(id)}))
               .RowCount() > 0;
   if (!isKnown) {
@@ -173,6 +173,8 @@ std::span<const Member<Settings>> Settings::Members() {
       {u"Close", MemberKind::Method,
        [](Settings& settings, Access, std::span<Value>) {
          settings.Suite().company.reset();
+         settings.Suite().earlierUsers.clear();
+         settings.location.clear();
          return Value();
        }},
       {u"Location", MemberKind::Get,

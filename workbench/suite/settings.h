@@ -23,7 +23,7 @@ class Settings : public pricedown::LocalObject<Settings> {
 
   bool VoucherPresent();
   void SetVoucherPresent(bool present);
-  // Throws AutomationError when the open company has no such user.
+  // Throws AutomationError without a company and when it has no such user.
   void SetUser(std::int32_t id);
   // Throws AutomationError when the pickers have no queue.
   QueuedPickers& Queue();

@@ -48,6 +48,11 @@ void SuiteState::OpenCompany(std::u16string_view location) {
   try {
     std::unique_ptr<Connection> opened = OpenConnection(pricedown::ToUtf8(location), options);
     opened->RequireCompany();
+    if (opened
+            ->Execute(Concatenate({u"SELECT FName FROM t_user WHERE FUserID=", NumberText(userId)}))
+            .RowCount() == 0) {
+      userId = kFirstUser;
+    }
     company = std::move(opened);
     earlierUsers.clear();
   } catch (const DatabaseError& error) {

@@ -18,7 +18,8 @@ class Replay;
 struct SuiteState {
   std::unique_ptr<Connection> company;
   ConnectOptions options;
-  std::int32_t userId = 1;
+  static constexpr std::int32_t kFirstUser = 1;
+  std::int32_t userId = kFirstUser;
   // Who was signed in earlier since the company was opened.
   std::set<std::int32_t> earlierUsers;
   std::u16string language = u"chs";
@@ -27,7 +28,8 @@ struct SuiteState {
   // Never null.
   std::unique_ptr<Pickers> pickers = std::make_unique<QueuedPickers>();
 
-  // Opens the company at a path or connection string and closes the previous one. On
+  // Opens the company at a path or connection string and closes the previous one. The user stays
+  // if the company has it and is the first one otherwise. On
   // AutomationError, also for a database that is no company, the previous one stays open.
   void OpenCompany(std::u16string_view location);
 
