@@ -241,6 +241,26 @@ TEST_F(Commands, CheckListsWhatIsWrongAndChangesNothing) {
   EXPECT_TRUE(folder_.Read("公司.db") == before);
 }
 
+TEST_F(Commands, CheckLooksAccountsUpAsASaveDoes) {
+  ASSERT_EQ(Run({"create", Company(), "--items", "6", "--classes", "2"}), kDone);
+  const auto set = [this](const std::u16string& number) {
+    OpenConnection(Company())->Execute(
+        u"DELETE FROM t_account WHERE FAccountID=900 "
+        u"INSERT INTO t_account(FAccountID,FNumber,FName,FLevel,FParentID,FDetail,FDC)"
+        u"VALUES(900,'" +
+        number +
+        u"','a',1,0,1,1) "
+        u"UPDATE icPriceDownClass SET FARNumber='" +
+        number + u"' WHERE FItemClassNumber='00001'");
+  };
+  // Blanks do not end the number.
+  set(u"67 01.01 x");
+  EXPECT_EQ(Run({"check", Company()}), kDone) << out_.str();
+  set(u"1E999");
+  EXPECT_EQ(Run({"check", Company()}), kBadData);
+  EXPECT_EQ(out_.str(), "保存时查不到科目: 00001: 1E999\n共 1 个问题\n");
+}
+
 TEST_F(Commands, ExplainListsEveryReasonWithPeriodsAmountsAndVouchers) {
   ASSERT_EQ(Run({"create", Company()}), kDone);
   EXPECT_EQ(Run({"explain", Company(), "没有"}), kFailed);
@@ -275,6 +295,22 @@ TEST_F(Commands, ExplainListsEveryReasonWithPeriodsAmountsAndVouchers) {
   EXPECT_TRUE(folder_.Read("公司.db") == before);
 }
 
+TEST_F(Commands, ExplainGivesAllReasonsOfACodeWithAnApostrophe) {
+  CreateCompany();
+  OpenConnection(Company())->Execute(
+      u"UPDATE t_ICItem SET FNumber='a''b' WHERE FItemID=1 "
+      u"UPDATE icPriceDownClass SET FItemClassNumber='c''d' WHERE FItemClassNumber='00001' "
+      u"INSERT INTO ICPriceDownPrepare(FItemID,FYear,FPeriod,FHaveAdd,FCurrentAdd)"
+      u"VALUES(1,2007,12,3.5,0)");
+  for (const char* code : {"a'b", "c'd"}) {
+    EXPECT_EQ(Run({"explain", Company(), code}), kDone) << err_.str();
+    for (const char* reason : {"  代码含单引号,命令的语句会出错\n",
+                               "  以前期间已有业务, 2007年第12期: 物料 a'b, 累计计提 3.5"}) {
+      EXPECT_NE(out_.str().find(reason), std::string::npos) << reason << "\n" << out_.str();
+    }
+  }
+}
+
 TEST_F(Commands, BackupCopiesACompanyThatIsInUse) {
   CreateCompany();
   const std::string copy = folder_.PathOf("副本.db");
@@ -299,6 +335,16 @@ TEST_F(Commands, AConnectionStringNeverBecomesAFile) {
     EXPECT_EQ(Run({"create", location}), kFailed);
     EXPECT_EQ(err_.str().find("Geheim-1"), std::string::npos) << err_.str();
     EXPECT_FALSE(std::filesystem::exists(location));
+  }
+  CreateCompany();
+  const std::string location = "Driver=X;PWD=Geheim-1";
+  for (const std::vector<std::string>& words :
+       {std::vector<std::string>{"backup", Company(), location},
+        {"export", Company(), "--items", location},
+        {"export", Company(), "--accounts", location}}) {
+    EXPECT_EQ(Run(words), kFailed) << words.front();
+    EXPECT_EQ(err_.str(), "workbench: 这里需要文件名,不能用连接串\n");
+    EXPECT_FALSE(std::filesystem::remove(location)) << words.front();
   }
 }
 
@@ -343,6 +389,10 @@ INSTANTIATE_TEST_SUITE_P(
         BadWords{"NoCode", {"explain", "a"}, "缺少类别代码或物料代码"},
         BadWords{"NoCopy", {"backup", "a"}, "缺少副本的文件名"},
         BadWords{"TwoFiles", {"info", "a", "b"}, "无法识别的参数: b"},
+        BadWords{"ConnectionStringAsCommand",
+                 {"Driver=X;Server=db;PWD=Geheim-1"},
+                 "没有这个命令: Driver=X;Server=db"},
+        BadWords{"TwoConnectionStrings", {"info", "a", "UID=x;PWD={a: b}"}, "无法识别的参数: …"},
         BadWords{"UnknownOption", {"create", "a", "--size"}, "无法识别的参数: --size"},
         BadWords{"OptionOfAnotherCommand", {"info", "a", "--force"}, "无法识别的参数: --force"},
         BadWords{"SeedWithoutValue", {"create", "a", "--seed"}, "--seed 缺少参数值或给得太多"},

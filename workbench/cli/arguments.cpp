@@ -5,6 +5,7 @@
 
 #include <charconv>
 
+#include "workbench/company/location.h"
 #include "workbench/sample/large_company.h"
 
 namespace workbench {
@@ -102,6 +103,12 @@ void AddCommands(CLI::App& program, Arguments& arguments) {
       ->required();
 }
 
+// A word of the command line, without passwords.
+std::string Shown(const std::string& word) {
+  const std::string shown = ShownLocation(word);
+  return shown.empty() ? "…" : shown;
+}
+
 // The library's error texts are in English.
 [[noreturn]] void ThrowUsage(const CLI::ParseError& error, const std::string& firstWord) {
   const std::string message = error.what();
@@ -109,10 +116,10 @@ void AddCommands(CLI::App& program, Arguments& arguments) {
     if (message.starts_with(kCompany)) throw UsageError("缺少公司文件名或连接串");
     if (message.starts_with(kCode)) throw UsageError("缺少类别代码或物料代码");
     if (message.starts_with(kCopy)) throw UsageError("缺少副本的文件名");
-    throw UsageError("没有这个命令: " + firstWord);
+    throw UsageError("没有这个命令: " + Shown(firstWord));
   }
   if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) {
-    throw UsageError("无法识别的参数: " + message.substr(message.rfind(": ") + 2));
+    throw UsageError("无法识别的参数: " + Shown(message.substr(message.find(": ") + 2)));
   }
   if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) {
     const std::string option = message.substr(0, message.find_first_of(": "));
@@ -149,6 +156,7 @@ Arguments ParseArguments(const std::vector<std::string>& words) {
       "workbench 命令 --help 显示命令的选项。\n"
       "退出码: 0 成功, 1 导入文件或公司数据有问题, 2 命令行有误, 3 失败");
   program.require_subcommand(1);
+  program.allow_windows_style_options(false);  // "/data/a.db" is a path
   const auto formatter = std::make_shared<CLI::Formatter>();
   for (const auto& [label, text] : {std::pair{"Usage", "用法"},
                                     {"OPTIONS", "选项"},

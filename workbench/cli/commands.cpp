@@ -36,6 +36,10 @@ bool Exists(const std::string& path) {
   return std::filesystem::exists(PathFromUtf8(path), ignored);
 }
 
+void RequireFileName(const std::string& path) {
+  if (IsConnectionString(path)) throw CompanyFileError("这里需要文件名,不能用连接串");
+}
+
 std::unique_ptr<Connection> OpenCompany(const Arguments& arguments, OpenMode mode) {
   if (!IsConnectionString(arguments.company) && !Exists(arguments.company)) {
     throw CompanyFileError("文件不存在: " + arguments.company);
@@ -88,6 +92,7 @@ ExitCode Import(const Arguments& arguments, std::ostream& out, std::ostream& err
 
 void Export(const Arguments& arguments, std::ostream& out) {
   for (const auto& path : {arguments.itemsFile, arguments.accountsFile}) {
+    if (path) RequireFileName(*path);
     if (path && Exists(*path)) throw CompanyFileError("文件已存在: " + *path);
   }
   const auto company = OpenCompany(arguments, OpenMode::ReadOnly);
@@ -154,6 +159,7 @@ void Backup(const Arguments& arguments, std::ostream& out) {
     throw CompanyFileError("backup 只用于公司文件;服务器用它自己的备份");
   }
   if (!Exists(arguments.company)) throw CompanyFileError("文件不存在: " + arguments.company);
+  RequireFileName(arguments.target);
   BackUpCompanyFile(arguments.company, arguments.target);
   out << "已备份到 " << arguments.target << ",副本检查无误\n";
 }

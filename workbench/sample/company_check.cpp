@@ -2,13 +2,15 @@
 #include "workbench/sample/company_check.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <map>
 #include <set>
 #include <unordered_map>
 
+#include "platform/convert.h"
+#include "platform/error.h"
 #include "workbench/company/collation.h"
+#include "workbench/company/utf.h"
 #include "workbench/sample/company_query.h"
 
 namespace workbench {
@@ -40,14 +42,13 @@ struct ItemClass {
 std::string CellLabel(const Cell& cell) { return cell.IsNull() ? "(空)" : TextOf(cell); }
 
 // What a save looks an account up by: the number at the start of the text, in its shortest form.
+// Empty where it is too large, which ends the save.
 std::string LeadingNumberText(std::string_view text) {
-  double number = 0;
-  const bool startsWithDigit = !text.empty() && text.front() >= '0' && text.front() <= '9';
-  if (startsWithDigit) std::from_chars(text.data(), text.data() + text.size(), number);
-  std::array<char, 400> digits{};
-  const auto written =
-      std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed);
-  return {digits.data(), written.ptr};
+  try {
+    return Utf8FromUtf16(pricedown::NumberText(pricedown::LeadingNumber(Utf16FromUtf8(text))));
+  } catch (const pricedown::AutomationError&) {
+    return {};
+  }
 }
 
 class Checker {

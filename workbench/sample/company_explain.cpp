@@ -123,10 +123,7 @@ std::optional<Explanation> ExplainClass(Connection& company, std::string_view nu
       company, "SELECT FItemClassNumber,FItemClassName FROM icPriceDownClass WHERE " + condition);
   if (members.RowCount() == 0) return std::nullopt;
   Explainer explainer(company, TextOf(members.At(0, 0)) + " " + TextOf(members.At(0, 1)));
-  if (number.find('\'') != std::string_view::npos) {
-    explainer.Add(kQuoted);
-    return explainer.Release();
-  }
+  if (number.find('\'') != std::string_view::npos) explainer.Add(kQuoted);
   const std::int64_t listed = QueryInteger(
       company,
       "SELECT count(*) FROM t_ICItem a INNER JOIN icPriceDownClass b ON a.FItemID=b.FItemID "
@@ -146,10 +143,7 @@ std::optional<Explanation> ExplainItem(Connection& company, std::string_view cod
       Ask(company, "SELECT FItemID,FNumber,FName,FErpClsID FROM t_ICItem WHERE " + condition);
   if (items.RowCount() == 0) return std::nullopt;
   Explainer explainer(company, TextOf(items.At(0, 1)) + " " + TextOf(items.At(0, 2)));
-  if (code.find('\'') != std::string_view::npos) {
-    explainer.Add(kQuoted);
-    return explainer.Release();
-  }
+  if (code.find('\'') != std::string_view::npos) explainer.Add(kQuoted);
   // Several items may have the code; the commands tell them apart no more than this.
   const std::int64_t listed = QueryInteger(
       company,
