@@ -7,6 +7,7 @@
 #include "tests/sample/temporary_folder.h"
 #include "tests/server_support/server_fixture.h"
 #include "workbench/cli/commands.h"
+#include "workbench/company/schema.h"
 
 namespace workbench::testing {
 namespace {
@@ -27,6 +28,20 @@ class ServerCommands : public ServerTest {
     std::vector<std::string> words{"create", database_};
     words.insert(words.end(), options.begin(), options.end());
     return Run(words);
+  }
+
+  // Of the company's tables, as the server writes them.
+  std::string AllRows() const {
+    const auto company = Open();
+    std::string rows;
+    for (const std::string_view table : kCompanyTables) {
+      const std::string name(table);
+      const ResultSet result = Execute(
+          *company,
+          "SELECT coalesce(string_agg(x::text,chr(10) ORDER BY x::text),'') FROM " + name + " x");
+      rows += name + "\n" + Utf8FromUtf16(result.At(0, 0).Text()) + "\n";
+    }
+    return rows;
   }
 
   TemporaryFolder folder_;
@@ -114,6 +129,20 @@ TEST_F(ServerCommands, CreateNeverReplacesACompanyOfAnotherProgram) {
   EXPECT_EQ(Number(*Open(), "SELECT count(*) FROM t_ICItem"), 5);
 }
 
+TEST_F(ServerCommands, CreateNeverReplacesATableWithOtherColumns) {
+  Execute(*Open(), "CREATE TABLE t_systemprofile(a INTEGER)");
+  EXPECT_EQ(Create({"--force"}), kFailed);
+  EXPECT_EQ(err_.str(), "workbench: 数据库中的公司不是工作台建立的,不能覆盖\n");
+}
+
+TEST_F(ServerCommands, CreateReportsThatTheMarkCannotBeRead) {
+  Execute(*Open(),
+          "CREATE VIEW t_systemprofile AS SELECT 'Workbench'::text AS FCategory,"
+          "'SchemaVersion'::text AS FKey,(1/(random()*0)::int)::text AS FValue");
+  EXPECT_EQ(Create({"--force"}), kFailed);
+  EXPECT_THAT(err_.str(), HasSubstr("division by zero"));
+}
+
 TEST_F(ServerCommands, ACreateThatFailsLeavesTheDatabaseAsItWas) {
   // The indexes come last.
   Execute(*Open(), "CREATE TABLE other(a INTEGER)");
@@ -170,6 +199,10 @@ TEST_F(ServerCommands, CheckAndExplainReadOnly) {
   ASSERT_EQ(Create(), kDone);
   EXPECT_EQ(Run({"check", database_}), kDone) << out_.str() << err_.str();
   Execute(*Open(), "DELETE FROM t_ICItem WHERE FItemID=1");
+  const std::string before = AllRows();
+  EXPECT_EQ(Run({"check", database_}), kBadData);
+  EXPECT_EQ(Run({"explain", database_, "00001"}), kDone) << err_.str();
+  EXPECT_EQ(AllRows(), before);
   EXPECT_EQ(Run({"check", database_}), kBadData);
   EXPECT_THAT(out_.str(), HasSubstr("类别的明细没有物料: 00001: 编号 1\n"));
   Execute(*Open(), "DELETE FROM t_voucher");

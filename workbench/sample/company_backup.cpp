@@ -1,4 +1,4 @@
-// SQLite's backup in one step, which keeps writers out, then a rename.
+// SQLite's backup in one step, which reads one state of the file, then a rename.
 #include "workbench/sample/company_backup.h"
 
 #include <filesystem>
@@ -30,13 +30,17 @@ void RequireSound(const std::string& path) {
   }
 }
 
+void RequireAbsent(const std::string& path) {
+  std::error_code ignored;
+  if (fs::exists(fs::symlink_status(PathFromUtf8(path), ignored))) {
+    throw CompanyFileError("文件已存在: " + path);
+  }
+}
+
 }  // namespace
 
 void BackUpCompanyFile(const std::string& from, const std::string& to) {
-  std::error_code error;
-  if (fs::exists(fs::symlink_status(PathFromUtf8(to), error))) {
-    throw CompanyFileError("文件已存在: " + to);
-  }
+  RequireAbsent(to);
   const UnfinishedFile unfinished(to);
   {
     const Database source(from, Database::Mode::ReadOnly);
@@ -50,6 +54,9 @@ void BackUpCompanyFile(const std::string& from, const std::string& to) {
     target.Execute("PRAGMA journal_mode=DELETE");
   }
   RequireSound(unfinished.path());
+  // A rename replaces a file that was made during the copy.
+  RequireAbsent(to);
+  std::error_code error;
   fs::rename(PathFromUtf8(unfinished.path()), PathFromUtf8(to), error);
   if (error) {
     throw CompanyFileError("无法写入文件 " + to + "(错误 " + std::to_string(error.value()) + ")");

@@ -15,11 +15,21 @@ namespace {
 constexpr const char* kMarkCategory = "Workbench";
 constexpr const char* kMarkKey = "SchemaVersion";
 
+// By the states of ODBC and of PostgreSQL.
+bool IsMissingTableOrColumn(const DatabaseError& error) {
+  constexpr std::u16string_view kStates[] = {u"[42S02]", u"[42P01]", u"[S0002]",
+                                             u"[42S22]", u"[42703]", u"[S0022]"};
+  return std::any_of(std::begin(kStates), std::end(kStates), [&error](std::u16string_view state) {
+    return error.Message().starts_with(state);
+  });
+}
+
 bool IsOurs(OdbcConnection& server) {
   try {
     return !ProfileOf(server, kMarkCategory, kMarkKey).empty();
-  } catch (const DatabaseError&) {
-    return false;  // a table of that name with other columns
+  } catch (const DatabaseError& error) {
+    if (!IsMissingTableOrColumn(error)) throw;
+    return false;
   }
 }
 
