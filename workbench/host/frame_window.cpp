@@ -91,7 +91,10 @@ void FrameWindow::OpenCompany(const std::wstring& location) {
     ShowStatusText(L"公司没有打开：" + Shown(location));
     throw;
   }
-  ShowStatus();
+  // The company is open also when its period cannot be read.
+  if (!pricedown::SkipFailing([this] { ShowStatus(); })) {
+    ShowStatusText(L"公司：" + Shown(location));
+  }
 }
 
 bool FrameWindow::OpenCompanyOrAsk(std::wstring location) {
@@ -108,7 +111,9 @@ bool FrameWindow::OpenCompanyOrAsk(std::wstring location) {
     location = *chosen;
   }
   // The previous company is still open.
-  if (!ToText(settings_->Get(u"Location")).empty()) ShowStatus();
+  pricedown::SkipFailing([this] {
+    if (!ToText(settings_->Get(u"Location")).empty()) ShowStatus();
+  });
   return false;
 }
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/error.h"
+#include "platform/text.h"
 #include "windows/com/com_object_factory.h"
 #include "windows/com/failure.h"
 #include "workbench/host/command_line.h"
@@ -35,11 +36,7 @@ struct Ole {
   }
 };
 
-int RunHost(HINSTANCE module, int show, const CommandLine& options) {
-  pricedown::windows::ComObjectFactory factory;
-  FrameWindow frame(module, factory.Create(u"ZEPWorkbench.Settings"));
-  SetTimeouts(*frame.Settings(), options);
-  frame.Show(show);
+int RunFrame(FrameWindow& frame, const CommandLine& options) {
   if (!options.replay.empty()) {
     frame.ReplayRecording(options.replay);
     return frame.Run();
@@ -55,6 +52,28 @@ int RunHost(HINSTANCE module, int show, const CommandLine& options) {
   }
   if (frame.OpenCompanyOrAsk(options.company)) frame.OpenChild(kItemClassesCaption);
   return frame.Run();
+}
+
+int RunHost(HINSTANCE module, int show, const CommandLine& options) {
+  // A ghost of a window that waits for a server would take the key that cancels.
+  DisableProcessWindowsGhosting();
+  pricedown::windows::ComObjectFactory factory;
+  FrameWindow frame(module, factory.Create(u"ZEPWorkbench.Settings"));
+  SetTimeouts(*frame.Settings(), options);
+  frame.Show(show);
+  try {
+    return RunFrame(frame, options);
+  } catch (...) {
+    const pricedown::Failure failure = pricedown::CurrentFailure();
+    const std::wstring& folder = options.tour.empty() ? options.keys : options.tour;
+    if (folder.empty()) {
+      ShowFailure(frame.Handle(), failure);
+    } else {
+      // No user is there to close a message box.
+      Tour::SaveFailure(folder, pricedown::ToUtf8(failure.description));
+    }
+    return 1;
+  }
 }
 
 }  // namespace

@@ -73,11 +73,15 @@ void CALLBACK Tour::OnTimer(HWND, UINT, UINT_PTR, DWORD) noexcept {
   }
 }
 
+void Tour::SaveFailure(const std::wstring& folder, const std::string& reason) noexcept {
+  pricedown::SkipFailing(
+      [&] { std::ofstream(std::filesystem::path(folder) / L"failed.txt") << reason << '\n'; });
+}
+
 void Tour::Abort(const char* reason) noexcept {
   pricedown::SkipFailing([this, reason] {
-    const std::filesystem::path folder(folder_);
-    std::ofstream(folder / L"failed.txt") << "step " << next_ << ": " << reason << '\n';
-    SaveScreenshot(GetDesktopWindow(), folder / L"failed.png");
+    SaveFailure(folder_, "step " + std::to_string(next_) + ": " + reason);
+    SaveScreenshot(GetDesktopWindow(), std::filesystem::path(folder_) / L"failed.png");
   });
   ExitProcess(kFailed);
 }

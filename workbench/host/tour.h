@@ -19,6 +19,9 @@ class Tour {
   // end. Pictures go to `folder`.
   Tour(FrameWindow& frame, std::wstring folder, Kind kind);
   ~Tour();
+  // Writes the reason (UTF-8) into `folder` for a person who looks there for the pictures.
+  static void SaveFailure(const std::wstring& folder, const std::string& reason) noexcept;
+
   Tour(const Tour&) = delete;
   Tour& operator=(const Tour&) = delete;
 
