@@ -156,7 +156,7 @@ bool Replay::Creates(std::u16string_view progId) const {
 }
 
 Json Replay::JsonOf(const Value& value) const {
-  return ToJson(value, [this](const ObjectPtr& object) {
+  return ToJson(value, [](const ObjectPtr& object) {
     const auto* ours = dynamic_cast<const Object*>(object.get());
     return ours == nullptr ? kForeignObject : ours->Number();
   });

@@ -22,6 +22,9 @@
 
 namespace pricedown::windows {
 
+// How accessible clients name the only tool strip of a window.
+inline constexpr std::u16string_view kToolStripName = u"工具栏";
+
 class ToolStripWindow final : public BoundWindow {
  public:
   // One button per row, in order. The rows must outlive the window.

@@ -17,7 +17,6 @@ namespace {
 constexpr std::u16string_view kTreeName = u"物料类别";
 constexpr std::u16string_view kGridName = u"物料明细";
 constexpr std::u16string_view kSplitterName = u"分隔条";
-constexpr std::u16string_view kToolStripName = u"工具栏";
 constexpr std::u16string_view kStatusName = u"状态栏";
 constexpr std::u16string_view kFontSample = u"物料类别";
 constexpr UINT kMarqueePause = 30;  // milliseconds

@@ -21,7 +21,6 @@
 namespace pricedown::windows {
 namespace {
 
-constexpr std::u16string_view kToolStripName = u"工具栏";
 constexpr std::u16string_view kMembersName = u"对应明细物料";
 constexpr std::u16string_view kLossLookupName = u"查找存货跌价损失科目";
 constexpr std::u16string_view kReserveLookupName = u"查找存货跌价准备科目";

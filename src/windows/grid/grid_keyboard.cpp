@@ -147,6 +147,7 @@ void GridWindow::EditingAccepted(std::u16string_view text, WPARAM key) {
   // cppcheck-suppress identicalConditionAfterEarlyExit
   if (window.HasEnded() || key == 0) return;
   SetFocus(Handle());
+  // cppcheck-suppress identicalConditionAfterEarlyExit
   if (window.HasEnded()) return;
   if (key == VK_RETURN) {
     MoveTo(selection_.column, selection_.row + 1, false);
