@@ -39,17 +39,20 @@ void GridEditor::Begin(HWND parent, HINSTANCE module, const Start& start) {
   SetFocus(Handle());
 }
 
-void GridEditor::End() {
+bool GridEditor::End() {
+  const Lifetime object = object_;
   ending_ = true;
   label_.reset();
   Destroy();
+  if (object.HasEnded()) return false;
   ending_ = false;
+  return true;
 }
 
 void GridEditor::Finish(WPARAM key) {
   if (!IsActive()) return;
   const std::optional<std::u16string> number = CellNumber(TextOf(Handle()), upperBound_);
-  End();
+  if (!End()) return;
   if (number) {
     events_.EditingAccepted(*number, key);
   } else {
@@ -58,9 +61,7 @@ void GridEditor::Finish(WPARAM key) {
 }
 
 void GridEditor::Cancel() {
-  if (!IsActive()) return;
-  End();
-  events_.EditingCancelled();
+  if (IsActive() && End()) events_.EditingCancelled();
 }
 
 bool GridEditor::Allows(std::u16string_view inserted) const {
@@ -132,8 +133,9 @@ LRESULT GridEditor::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_KILLFOCUS: {
       const LRESULT result = Default(message, wParam, lParam);
+      const Lifetime object = object_;
       Finish(0);
-      events_.EditorLeft(reinterpret_cast<HWND>(wParam));
+      if (!object.HasEnded()) events_.EditorLeft(reinterpret_cast<HWND>(wParam));
       return result;
     }
     default:

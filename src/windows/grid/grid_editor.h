@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/lifetime.h"
 #include "windows/base/bound_window.h"
 #include "windows/base/plain_control.h"
 
@@ -32,6 +33,7 @@ class EditorEvents {
 class GridEditor final : public BoundWindow {
  public:
   explicit GridEditor(EditorEvents& events) : events_(events) {}
+  ~GridEditor() override { object_.End(); }
 
   struct Start {
     RECT area;  // the cell, in the parent's coordinates
@@ -58,8 +60,9 @@ class GridEditor final : public BoundWindow {
   bool OnKeyDown(WPARAM key);
   bool OnChar(WPARAM character);
   void OnPaste();
-  // Destroys the windows.
-  void End();
+  // Destroys the windows, which moves the focus. False when the host has destroyed this object
+  // then.
+  bool End();
   bool Allows(std::u16string_view inserted) const;
 
   EditorEvents& events_;
@@ -67,6 +70,7 @@ class GridEditor final : public BoundWindow {
   std::optional<PlainControl> label_;
   double upperBound_ = 0;
   bool ending_ = false;
+  Lifetime object_;
 };
 
 }  // namespace pricedown::windows

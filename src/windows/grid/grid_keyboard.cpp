@@ -17,10 +17,7 @@ void GridWindow::MoveTo(std::int32_t column, std::int32_t row, bool extend) {
 }
 
 void GridWindow::GoTo(std::int32_t column, std::int32_t row) {
-  if (Handle() == nullptr) return;
-  const Lifetime window = WindowLifetime();
-  editor_.Finish(0);
-  if (!window.HasEnded()) MoveTo(column, row, false);
+  if (Handle() != nullptr && FinishEditing()) MoveTo(column, row, false);
 }
 
 void GridWindow::RevealSelection() {
@@ -160,11 +157,9 @@ void GridWindow::EditingAccepted(std::u16string_view text, WPARAM key) {
 void GridWindow::CommandKeyPressed(WPARAM key) {
   const KeyPress press = PressOf(key);
   if (press != KeyPress{press.key}) return;
+  if (!FinishEditing()) return;
   const Lifetime window = WindowLifetime();
-  editor_.Finish(0);
-  if (window.HasEnded()) return;
   SetFocus(Handle());
-  // cppcheck-suppress identicalConditionAfterEarlyExit
   if (window.HasEnded()) return;
   events_.KeyPressed(Handle(), press, false);
 }

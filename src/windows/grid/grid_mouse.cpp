@@ -29,10 +29,8 @@ GridHit GridWindow::HitAt(POINT point) const {
 void GridWindow::OnPress(POINT point, bool extend) {
   const Lifetime window = WindowLifetime();
   const GridAccessibility::Step step(accessibility_, window);
-  editor_.Finish(0);
-  if (window.HasEnded()) return;
+  if (!FinishEditing()) return;
   SetFocus(Handle());
-  // cppcheck-suppress identicalConditionAfterEarlyExit
   if (window.HasEnded() || grid_ == nullptr) return;
   const GridHit hit = HitAt(point);
   if (hit.edge != 0) {

@@ -68,7 +68,8 @@ void GridWindow::Create(HWND parent, HINSTANCE module, std::u16string_view name)
 
 void GridWindow::Show(Grid* grid) {
   if (grid_ != nullptr) grid_->Attach(nullptr);
-  editor_.Cancel();
+  grid_ = nullptr;
+  if (editor_.IsActive() && !CancelEditing()) return;
   grid_ = grid;
   selection_ = {};
   if (grid_ != nullptr) {
@@ -80,19 +81,28 @@ void GridWindow::Show(Grid* grid) {
   }
 }
 
+bool GridWindow::FinishEditing() {
+  const Lifetime window = WindowLifetime();
+  editor_.Finish(0);
+  return !window.HasEnded();
+}
+
+bool GridWindow::CancelEditing() {
+  const Lifetime window = WindowLifetime();
+  editor_.Cancel();
+  return !window.HasEnded();
+}
+
 void GridWindow::UpdateAppearance() {
   if (Handle() == nullptr) return;
-  const Lifetime window = WindowLifetime();
   // Another font or resolution closes the field, but keeps the number.
-  editor_.Finish(0);
-  if (window.HasEnded()) return;
+  if (!FinishEditing()) return;
   dpi_ = Dpi::Of(Handle());
   UpdateMetrics();
 }
 
 void GridWindow::UpdateMetrics() {
-  if (Handle() == nullptr) return;
-  editor_.Cancel();
+  if (Handle() == nullptr || !CancelEditing()) return;
   font_ = MakeFont(grid_ == nullptr ? Font{} : grid_->CellFont(), dpi_);
   lineHeight_ = LineHeight(Handle(), font_.Get());
   if (grid_ != nullptr) viewport_.Geometry().Update(*grid_, dpi_.Value(), lineHeight_);
@@ -185,7 +195,7 @@ void GridWindow::GridChanged() {
   if (Handle() == nullptr || grid_ == nullptr) return;
   selection_.Fit(*grid_);
   if (grid_->MaxRows() == 0) {
-    editor_.Cancel();
+    if (!CancelEditing()) return;
     RECT area{};
     GetClientRect(Handle(), &area);
     FitViewport(area);
@@ -280,12 +290,11 @@ LRESULT GridWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_VSCROLL:
     case WM_HSCROLL:
-      editor_.Finish(0);
-      OnScrollBar(message == WM_VSCROLL ? SB_VERT : SB_HORZ, LOWORD(wParam));
+      if (FinishEditing()) OnScrollBar(message == WM_VSCROLL ? SB_VERT : SB_HORZ, LOWORD(wParam));
       return 0;
     case WM_MOUSEWHEEL:
     case WM_MOUSEHWHEEL: {
-      editor_.Finish(0);
+      if (!FinishEditing()) return 0;
       const bool across = message == WM_MOUSEHWHEEL || (LOWORD(wParam) & MK_SHIFT) != 0;
       const int delta = static_cast<SHORT>(HIWORD(wParam));
       OnWheel(message == WM_MOUSEWHEEL && across ? -delta : delta, across);

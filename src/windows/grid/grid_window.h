@@ -84,6 +84,10 @@ class GridWindow final : public BoundWindow,
   void SetScrollBar(int bar, const ScrollBar& wanted);
   // Repaints after the visible part moved.
   void Scrolled(bool moved);
+  // End the typing, which moves the focus. False when the host has ended the window then; it may
+  // have destroyed this object.
+  bool FinishEditing();
+  bool CancelEditing();
   void OnScrollBar(int bar, int code);
   void OnWheel(int delta, bool horizontal);
   void Invalidate();

@@ -2,6 +2,12 @@
 #include <imm.h>
 #include <oleacc.h>
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <memory>
+#include <new>
+
 #include "tests/windows/base/picture.h"
 #include "tests/windows/grid/grid_world.h"
 #include "windows/base/clipboard.h"
@@ -189,6 +195,30 @@ TEST_F(GridWindow, MayBeDestroyedWhileTyping) {
   DestroyWindow(Handle());
   EXPECT_EQ(Handle(), nullptr);
   grid_.SetText(1, 1, u"later");
+}
+
+TEST_F(GridWindow, LeavesItsMemoryAloneOnceTheHostHasDestroyedItAtTheEndOfTyping) {
+  alignas(windows::GridWindow) std::array<std::byte, sizeof(windows::GridWindow)> memory{};
+  auto* other = new (memory.data()) windows::GridWindow(*this, automation_);
+  other->Create(host_.Handle(), GetModuleHandleW(nullptr), u"物料明细");
+  window_.Show(nullptr);
+  other->Show(&grid_);
+  SetWindowPos(other->Handle(), HWND_TOP, 0, 0, Scale(460), Scale(300), 0);
+  SetFocus(other->Handle());
+  other->GoTo(4, 1);
+  const HWND window = other->Handle();
+  input_.Type(u"7");
+  const HWND field = GetDlgItem(window, windows::control_ids::kCellEditor);
+  ASSERT_NE(field, nullptr);
+  whenFocused_ = [&] {
+    std::destroy_at(other);
+    memory.fill(std::byte{0xDD});
+  };
+  SendMessageW(field, WM_KEYDOWN, VK_ESCAPE, 0);
+  ASSERT_EQ(IsWindow(window), FALSE);
+  EXPECT_TRUE(std::all_of(memory.begin(), memory.end(),
+                          [](std::byte one) { return one == std::byte{0xDD}; }));
+  EXPECT_EQ(IsWindow(field), FALSE);
 }
 
 TEST_F(GridWindow, DeleteEmptiesAnOpenCellAndAsksForTheClassInALockedOne) {

@@ -4,8 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/support/utf8.h"
@@ -81,7 +83,9 @@ class GridWindow : public ::testing::Test, public windows::GridEvents {
   }
   void MenuRequested(HWND, POINT) override { ++menus_; }
   void TabPressed(bool backwards) override { tabs_ += backwards ? "<" : ">"; }
-  void FocusEntered(HWND) override {}
+  void FocusEntered(HWND) override {
+    if (whenFocused_) std::exchange(whenFocused_, nullptr)();
+  }
   void ItemsChanged() override {}
   void ItemsFilling() override {}
   bool Waiting() const override { return waiting_; }
@@ -95,6 +99,7 @@ class GridWindow : public ::testing::Test, public windows::GridEvents {
   std::vector<Key> commands_;
   int menus_ = 0;
   bool waiting_ = false;
+  std::function<void()> whenFocused_;  // once
 };
 
 }  // namespace pricedown::testing
