@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <new>
 
-#include "windows/com/failure.h"
+#include "windows/com/module_path.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::windows {
@@ -15,19 +15,6 @@ Module& TheModule() {
   alignas(Module) static std::byte storage[sizeof(Module)];
   static Module* module = new (storage) Module;
   return *module;
-}
-
-std::wstring ModulePath(HINSTANCE instance) {
-  std::wstring path(MAX_PATH, L'\0');
-  for (;;) {
-    const DWORD length = GetModuleFileNameW(instance, path.data(), static_cast<DWORD>(path.size()));
-    if (length == 0) ThrowLastError();
-    if (length < path.size()) {
-      path.resize(length);
-      return path;
-    }
-    path.resize(path.size() * 2);
-  }
 }
 
 std::u16string ProgramName() {

@@ -22,9 +22,6 @@ struct Module {
 // Requires: called on the user-interface thread, except for the handle.
 Module& TheModule();
 
-// The full path of the module's file. Throws AutomationError.
-std::wstring ModulePath(HINSTANCE instance);
-
 // The name of the program's file without folder and extension. Throws AutomationError.
 std::u16string ProgramName();
 

@@ -6,7 +6,7 @@
 #include <array>
 
 #include "platform/error.h"
-#include "windows/com/failure.h"
+#include "windows/com/module_path.h"
 #include "windows/com/registry_key.h"
 
 namespace workbench {
@@ -97,16 +97,6 @@ void Restore(const RecordedClass& recorded, RegistrationScope scope) {
   pricedown::windows::RemoveIfEmpty(root, UnderClasses(recorded.progId));
 }
 
-std::wstring PathOf(HINSTANCE module) {
-  std::wstring path(MAX_PATH, L'\0');
-  for (;;) {
-    const DWORD length = GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()));
-    if (length == 0) pricedown::windows::ThrowLastError();
-    if (length < path.size()) return path.substr(0, length);
-    path.resize(path.size() * 2);
-  }
-}
-
 }  // namespace
 
 std::wstring ClassBehind(const RecordedClass& recorded) {
@@ -125,7 +115,7 @@ void RegisterRecorder(RegistrationScope scope, HINSTANCE module) {
     throw pricedown::AutomationError(HRESULT_FROM_WIN32(ERROR_NOT_FOUND),
                                      u"没有登记套件，无可记录。");
   }
-  pricedown::windows::Register(Entries(), scope, PathOf(module));
+  pricedown::windows::Register(Entries(), scope, pricedown::windows::ModulePath(module));
   try {
     for (std::size_t i = 0; i < behind.size(); ++i) {
       if (!behind[i].empty()) Redirect(kRecordedClasses[i], scope, behind[i]);

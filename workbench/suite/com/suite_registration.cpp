@@ -8,7 +8,7 @@
 
 #include "platform/error.h"
 #include "platform/text.h"
-#include "windows/com/failure.h"
+#include "windows/com/module_path.h"
 #include "windows/com/wide_text.h"
 #include "workbench/suite/com/class_ids.h"
 #include "workbench/suite/suite_factory.h"
@@ -43,22 +43,12 @@ void RefuseInstalledSuite(const ServerEntries& entries) {
   }
 }
 
-std::wstring PathOf(HINSTANCE module) {
-  std::wstring path(MAX_PATH, L'\0');
-  for (;;) {
-    const DWORD length = GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()));
-    if (length == 0) pricedown::windows::ThrowLastError();
-    if (length < path.size()) return path.substr(0, length);
-    path.resize(path.size() * 2);
-  }
-}
-
 }  // namespace
 
 void RegisterSuite(RegistrationScope scope, HINSTANCE module) {
   const ServerEntries entries = SuiteEntries();
   RefuseInstalledSuite(entries);
-  pricedown::windows::Register(entries, scope, PathOf(module));
+  pricedown::windows::Register(entries, scope, pricedown::windows::ModulePath(module));
 }
 
 void UnregisterSuite(RegistrationScope scope) {

@@ -7,6 +7,7 @@
 
 #include "windows/com/boundary.h"
 #include "windows/com/module_counts.h"
+#include "windows/com/module_path.h"
 #include "windows/server/module.h"
 #include "windows/server/public_classes.h"
 
