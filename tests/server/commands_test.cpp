@@ -1,7 +1,6 @@
 // The `workbench` program on a server's company: made, filled, read, checked, and refused.
 #include <gmock/gmock.h>
 
-#include <iostream>
 #include <sstream>
 
 #include "tests/sample/temporary_folder.h"
@@ -99,18 +98,6 @@ TEST_F(ServerCommands, CreateWritesTheSameRowsAsIntoAFile) {
 TEST_F(ServerCommands, CreateShowsItsProgress) {
   ASSERT_EQ(Create({"--items", "30000", "--classes", "100"}), kDone) << err_.str();
   EXPECT_THAT(out_.str(), HasSubstr("已写入 50000 行\n"));
-}
-
-// A measurement for docs/performance.md, which takes a while.
-TEST_F(ServerCommands, DISABLED_CreateMakesACompanyOf200000Items) {
-  const std::vector<std::string> size{"--items", "200000", "--classes", "2000"};
-  ASSERT_EQ(Create(size), kDone) << err_.str();
-  std::cout << out_.str().substr(out_.str().find("已建立"));
-  std::vector<std::string> file{"create", folder_.PathOf("公司.db")};
-  file.insert(file.end(), size.begin(), size.end());
-  ASSERT_EQ(Run(file), kDone) << err_.str();
-  std::cout << out_.str();
-  EXPECT_EQ(Number(*Open(), "SELECT count(*) FROM t_ICItem"), 200000);
 }
 
 TEST_F(ServerCommands, CreateRefusesACompanyUnlessForced) {
