@@ -137,7 +137,7 @@ void Find::Accept() {
   if (pane_ == FindPane::Grid) return Next(false);
   NodeIndex node = found_;
   if (node == kNoNode) {
-    // The text of the last time, which nobody has searched since the bar was opened.
+    // The bar opened with its earlier text, which has not been searched from here yet.
     if (const auto hit = search_.Next(origin_ - 1, false)) node = hit->row;
   }
   Close();

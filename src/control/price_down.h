@@ -79,7 +79,7 @@ class PriceDown {
 
   // Events of the control's own windows. Errors of commands are thrown as AutomationError.
   void Resized();
-  // Takes sizes that depend on the resolution again. Calls nothing of the suite.
+  // Computes the sizes that depend on the resolution again, without a call to the suite.
   void ResolutionChanged();
   void SplitterDown();
   void SplitterMoved(std::int32_t offset);  // twips from the splitter's resting left edge
