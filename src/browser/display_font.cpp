@@ -14,12 +14,12 @@ namespace {
 
 constexpr std::u16string_view kSeparator = u"|";
 constexpr std::int32_t kDefaultReportSize = 9;
-constexpr double kLeastReportSize = 9;
-constexpr double kGreatestReportSize = 18;
-constexpr std::int32_t kPrintRowMargin = 30;    // twips above and below the label together
-constexpr std::int32_t kGridRowMargin = 20;     // twips
-constexpr double kTitleRowFactor = 1.6;         // title row to label
-constexpr double kGreatestPossibleSize = 1638;  // points; the sizes that a font can have
+constexpr double kMinimumReportSize = 9;
+constexpr double kMaximumReportSize = 18;
+constexpr std::int32_t kPrintRowMargin = 30;   // twips above and below the label together
+constexpr std::int32_t kGridRowMargin = 20;    // twips
+constexpr double kTitleRowFactor = 1.6;        // title row to label
+constexpr double kMaximumPossibleSize = 1638;  // points; the sizes that a font can have
 
 }  // namespace
 
@@ -31,12 +31,12 @@ void DisplayFont::Refresh() {
     const double size = ToDouble(ReadUserSetting(environment_.factory, environment_.application,
                                                  kReportFontSizeKey, kDefaultReportSize));
     if (size == lastAppliedSize_) return;
-    if (size < kLeastReportSize || size > kGreatestReportSize) return;
+    if (size < kMinimumReportSize || size > kMaximumReportSize) return;
     lastAppliedSize_ = size;
     Font labelFont = document_.font;
     labelFont.size = size;
     const std::int32_t rowHeight =
-        std::max(view_.MeasureLabel(labelFont) + kPrintRowMargin, kLeastRowHeight);
+        std::max(view_.MeasureLabel(labelFont) + kPrintRowMargin, kMinimumRowHeight);
     document_.font.size = size;
     document_.rowHeight = std::max(document_.rowHeight, rowHeight);
     Apply();
@@ -53,7 +53,7 @@ void DisplayFont::Restore(std::u16string_view settings) {
   });
   SkipFailing([&] {
     const double size = ToDouble(entry(u"FontSize"));
-    if (size > 0 && size <= kGreatestPossibleSize) font.size = size;
+    if (size > 0 && size <= kMaximumPossibleSize) font.size = size;
   });
   SkipFailing([&] { font.bold = ToBoolean(entry(u"FontBold")); });
   SkipFailing([&] { font.italic = ToBoolean(entry(u"FontItalic")); });

@@ -13,17 +13,17 @@ namespace {
 // Above and below the text together, the grid line included.
 constexpr int kRowMargin = 2;
 constexpr int kTitleMargin = 4;
-constexpr double kGreatestPixels = 30000;
+constexpr double kMaximumPixels = 30000;
 
 int Pixels(double size) {
-  return static_cast<int>(std::ceil(std::clamp(size, 0.0, kGreatestPixels)));
+  return static_cast<int>(std::ceil(std::clamp(size, 0.0, kMaximumPixels)));
 }
 
 }  // namespace
 
 int ColumnPixels(double widthUnits, int dpi) {
   const double pixels = widthUnits * kTwipsPerWidthUnit * dpi / kTwipsPerInch;
-  return static_cast<int>(std::lround(std::clamp(pixels, 0.0, kGreatestPixels)));
+  return static_cast<int>(std::lround(std::clamp(pixels, 0.0, kMaximumPixels)));
 }
 
 double ColumnWidthUnits(int pixels, int dpi) {

@@ -6,7 +6,7 @@
 namespace pricedown {
 namespace {
 
-constexpr std::size_t kMostRows = 64;
+constexpr std::size_t kMaximumRows = 64;
 
 // A measure without a device: Chinese characters are about twice as wide as Latin ones.
 std::size_t TextWeight(std::u16string_view text) {
@@ -42,7 +42,7 @@ std::vector<std::int32_t> RowsOfLongestTexts(const Grid& grid, std::int32_t colu
   std::vector<Candidate> longest;
   for (std::int32_t row = 1; row <= grid.MaxRows(); ++row) {
     const Candidate candidate{TextWeight(grid.Text(column, row)), row};
-    if (longest.size() == kMostRows) {
+    if (longest.size() == kMaximumRows) {
       if (candidate.weight <= longest.front().weight) continue;
       std::pop_heap(longest.begin(), longest.end(), longer);
       longest.pop_back();

@@ -8,7 +8,7 @@ namespace pricedown {
 namespace {
 
 constexpr std::size_t kDecimals = 2;
-constexpr std::size_t kMostDigits = 17;  // of hundredths, well inside 64 bits
+constexpr std::size_t kMaximumDigits = 17;  // of hundredths, well inside 64 bits
 
 // In hundredths, so that nothing is rounded.
 struct CellReading {
@@ -33,7 +33,7 @@ CellReading ReadCell(std::u16string_view typed) {
       behindPoint = true;
       continue;
     }
-    if (unit < u'0' || unit > u'9' || reading.digits == kMostDigits ||
+    if (unit < u'0' || unit > u'9' || reading.digits == kMaximumDigits ||
         reading.decimals == kDecimals) {
       reading.wellFormed = false;
       return reading;

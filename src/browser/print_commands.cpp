@@ -5,19 +5,10 @@
 #include "browser/print_list.h"
 #include "env/language.h"
 #include "platform/failure.h"
+#include "platform/scope_exit.h"
 #include "platform/skip.h"
 
 namespace pricedown {
-namespace {
-
-// Marks a command as running, for a scope.
-struct Running {
-  bool& flag;
-  ~Running() { flag = false; }
-};
-
-}  // namespace
-
 void PrintCommands::Preview() {
   Run([&] {
     FillDocument();
@@ -58,7 +49,7 @@ void PrintCommands::Run(const std::function<void()>& steps) {
   Failure failure;
   try {
     running_ = true;
-    const Running running{running_};
+    const ScopeExit ended([this] { running_ = false; });
     steps();
     return;
   } catch (...) {

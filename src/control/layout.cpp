@@ -106,9 +106,9 @@ Layout ComputeLayout(const LayoutInput& input) {
 }
 
 std::int32_t ClampSplitter(std::int32_t proposed, std::int32_t controlWidth) {
-  std::int32_t position = std::max(proposed, kLeastPaneWidth);
-  if (position > std::int64_t{controlWidth} - kLeastPaneWidth) {
-    position = std::max(controlWidth, kLeastPaneWidth) - kLeastPaneWidth;
+  std::int32_t position = std::max(proposed, kMinimumPaneWidth);
+  if (position > std::int64_t{controlWidth} - kMinimumPaneWidth) {
+    position = std::max(controlWidth, kMinimumPaneWidth) - kMinimumPaneWidth;
   }
   return position;
 }

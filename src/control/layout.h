@@ -8,7 +8,7 @@
 namespace pricedown {
 
 // The least width of either pane while the splitter is dragged.
-inline constexpr std::int32_t kLeastPaneWidth = 1680;
+inline constexpr std::int32_t kMinimumPaneWidth = 1680;
 inline constexpr std::int32_t kSplitterWidth = 75;
 // How far one key moves the splitter.
 inline constexpr std::int32_t kSplitterStep = 150;
@@ -51,8 +51,8 @@ struct Layout {
 
 Layout ComputeLayout(const LayoutInput& input);
 
-// Clamps a splitter position to at least kLeastPaneWidth, then to at most the width less
-// kLeastPaneWidth: a control that is too narrow for both shrinks the left pane first. Never
+// Clamps a splitter position to at least kMinimumPaneWidth, then to at most the width less
+// kMinimumPaneWidth: a control that is too narrow for both shrinks the left pane first. Never
 // negative.
 std::int32_t ClampSplitter(std::int32_t proposed, std::int32_t controlWidth);
 

@@ -1,5 +1,6 @@
 // Placing the control's panes: on a resize, for a splitter position, after a check tool changed.
 #include "control/price_down.h"
+#include "platform/scope_exit.h"
 
 namespace pricedown {
 
@@ -45,10 +46,7 @@ void PriceDown::SplitterMoved(std::int32_t offset) {
 void PriceDown::SplitterUp() {
   if (HasEnded() || !splitter_.Dragging()) return;
   // Hides the bar and ends the drag, also on failure.
-  struct Ending {
-    Splitter& splitter;
-    ~Ending() { splitter.End(); }
-  } ending{splitter_};
+  const ScopeExit ending([this] { splitter_.End(); });
   splitter_.SetPosition(splitter_.BarPosition());
   LayOut();
   ports_.view.HideDragBar();

@@ -14,9 +14,9 @@ void Splitter::Begin() {
 void Splitter::MoveTo(std::int32_t offset, std::int32_t controlWidth) {
   if (!dragging_) return;
   const std::int64_t proposed = std::int64_t{position_} + offset;
-  constexpr std::int64_t kLeast = std::numeric_limits<std::int32_t>::min();
-  constexpr std::int64_t kGreatest = std::numeric_limits<std::int32_t>::max();
-  barPosition_ = ClampSplitter(static_cast<std::int32_t>(std::clamp(proposed, kLeast, kGreatest)),
+  constexpr std::int64_t kMinimum = std::numeric_limits<std::int32_t>::min();
+  constexpr std::int64_t kMaximum = std::numeric_limits<std::int32_t>::max();
+  barPosition_ = ClampSplitter(static_cast<std::int32_t>(std::clamp(proposed, kMinimum, kMaximum)),
                                controlWidth);
 }
 

@@ -9,7 +9,7 @@
 namespace pricedown {
 namespace {
 
-void PickAccount(FormParts& form, FormField field) {
+void PickAccount(FormContext& form, FormField field) {
   const std::u16string text = form.view.Text(field);
   const ObjectPtr result = RequireObject(
       GeneralLedger(form.environment)->Call(u"AccountLookup", {Trim(text)}), u"AccountLookup");
@@ -22,7 +22,7 @@ void PickAccount(FormParts& form, FormField field) {
 
 }  // namespace
 
-void LookUpAccount(FormParts& form, FormField field) {
+void LookUpAccount(FormContext& form, FormField field) {
   Failure failure;
   try {
     PickAccount(form, field);

@@ -7,6 +7,6 @@ namespace pricedown {
 
 // Lets the user pick an account for the field; shows the user any error and throws none.
 // Requires: an account field.
-void LookUpAccount(FormParts& form, FormField field);
+void LookUpAccount(FormContext& form, FormField field);
 
 }  // namespace pricedown

@@ -25,7 +25,7 @@ Result CheckPercentage(const TypedHeader& header) {
     return Wrong(u"请输入数字，跌价比例不能为字符或为空值", kField);
   }
   const double percentage = *header.wholePercentage;
-  if (percentage < kLeastPercentage || percentage > kMostPercentage) {
+  if (percentage < kMinimumPercentage || percentage > kMaximumPercentage) {
     return Wrong(u"跌价比例有误,数值应位于0-100之间", kField);
   }
   // A value below 10 that fills the field has five decimals, or is refused as if it had.

@@ -21,9 +21,9 @@ constexpr std::int32_t kNameWidth = 520;  // forty Chinese characters
 constexpr std::int32_t kPercentageWidth = 90;
 constexpr std::int32_t kLookupGap = 3;
 constexpr std::int32_t kLookupWidth = 28;
-constexpr std::int32_t kLeastFieldWidth = 160;
+constexpr std::int32_t kMinimumFieldWidth = 160;
 constexpr std::int32_t kRowMargin = 5;  // of an item row, above and below its text together
-constexpr std::int32_t kLeastItemRows = 4;
+constexpr std::int32_t kMinimumItemRows = 4;
 constexpr std::int32_t kFirstItemRows = 11;
 // The three columns of the list, a scroll bar and edges.
 constexpr std::int32_t kFirstWidth = 560;
@@ -34,7 +34,7 @@ class Layout {
       : measures_(measures), dotsPerInch_(dotsPerInch) {}
 
   FormPlaces Place(Size client) const;
-  Size LeastSize() const;
+  Size MinimumSize() const;
   Size FirstSize() const;
 
  private:
@@ -115,16 +115,16 @@ FormPlaces Layout::Place(Size client) const {
   return places;
 }
 
-Size Layout::LeastSize() const {
+Size Layout::MinimumSize() const {
   const std::int32_t frame = 2 * (Scale(kMargin) + Scale(kFrameInset));
   const std::int32_t fields =
-      frame + measures_.labelWidth + Scale(kLabelGap) + Scale(kLeastFieldWidth);
+      frame + measures_.labelWidth + Scale(kLabelGap) + Scale(kMinimumFieldWidth);
   return {std::max(fields, measures_.toolStripWidth + 2 * Scale(kStripMargin)),
-          HeightWith(kLeastItemRows)};
+          HeightWith(kMinimumItemRows)};
 }
 
 Size Layout::FirstSize() const {
-  return {std::max(LeastSize().width, Scale(kFirstWidth)), HeightWith(kFirstItemRows)};
+  return {std::max(MinimumSize().width, Scale(kFirstWidth)), HeightWith(kFirstItemRows)};
 }
 
 }  // namespace
@@ -133,8 +133,8 @@ FormPlaces PlaceForm(Size client, const FormMeasures& measures, std::int32_t dot
   return Layout(measures, dotsPerInch).Place(client);
 }
 
-Size LeastFormSize(const FormMeasures& measures, std::int32_t dotsPerInch) {
-  return Layout(measures, dotsPerInch).LeastSize();
+Size MinimumFormSize(const FormMeasures& measures, std::int32_t dotsPerInch) {
+  return Layout(measures, dotsPerInch).MinimumSize();
 }
 
 Size FirstFormSize(const FormMeasures& measures, std::int32_t dotsPerInch) {

@@ -36,7 +36,7 @@ FormPlaces PlaceForm(Size client, const FormMeasures& measures, std::int32_t dot
 
 // Inner sizes: the least shows all buttons, labels and some rows; the first shows the item list's
 // columns whole.
-Size LeastFormSize(const FormMeasures& measures, std::int32_t dotsPerInch);
+Size MinimumFormSize(const FormMeasures& measures, std::int32_t dotsPerInch);
 Size FirstFormSize(const FormMeasures& measures, std::int32_t dotsPerInch);
 
 }  // namespace pricedown

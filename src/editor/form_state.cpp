@@ -20,8 +20,8 @@ void ReadPercentage(const std::u16string& text, TypedHeader& header) {
   header.percentageLength = text.size();
   const ScannedNumber whole = ScanWholeNumber(text);
   if (whole.outcome != Outcome::None) header.wholePercentage = NumberOf(whole);
-  const bool isAccepted = header.wholePercentage && *header.wholePercentage >= kLeastPercentage &&
-                          *header.wholePercentage <= kMostPercentage;
+  const bool isAccepted = header.wholePercentage && *header.wholePercentage >= kMinimumPercentage &&
+                          *header.wholePercentage <= kMaximumPercentage;
   header.percentage = isAccepted ? *header.wholePercentage : NumberOf(ScanLeadingNumber(text));
 }
 
@@ -37,7 +37,7 @@ TypedHeader ReadHeader(const ItemClassFormView& view) {
   return header;
 }
 
-void CountRows(FormParts& form) {
+void CountRows(FormContext& form) {
   if (form.HasEnded()) return;
   FormState& state = form.state;
   const std::int32_t count = state.memberList.RecordCount();

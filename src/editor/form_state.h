@@ -19,8 +19,8 @@ namespace pricedown {
 // The mode that adds a new class; any other edits.
 inline constexpr std::int16_t kAddMode = 1;
 
-inline constexpr double kLeastPercentage = 0;
-inline constexpr double kMostPercentage = 100;
+inline constexpr double kMinimumPercentage = 0;
+inline constexpr double kMaximumPercentage = 100;
 
 // The class's own attributes.
 struct ClassHeader {
@@ -69,7 +69,7 @@ struct FormState {
 };
 
 // What every command of the form works on.
-struct FormParts {
+struct FormContext {
   Environment& environment;
   ItemClassFormView& view;
   MemberListView& members;
@@ -82,6 +82,6 @@ struct FormParts {
 
 // Counts the member list's rows again, from the first one on; the next read gets their texts. A
 // no-op when the showing has ended. Throws AutomationError.
-void CountRows(FormParts& form);
+void CountRows(FormContext& form);
 
 }  // namespace pricedown

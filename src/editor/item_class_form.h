@@ -60,7 +60,7 @@ class ItemClassForm {
   void Add();
   void Exit();
 
-  FormParts parts_;
+  FormContext parts_;
 };
 
 }  // namespace pricedown

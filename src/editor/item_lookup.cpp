@@ -39,7 +39,7 @@ constexpr std::array kHeaderColumns{columns::kItemClassNumber, columns::kItemCla
 using RowHeader = std::array<Value, kHeaderColumns.size()>;
 
 // The header of the first row, so that later edits of the fields do not reach new rows.
-RowHeader HeaderOfNewRows(const FormParts& form) {
+RowHeader HeaderOfNewRows(const FormContext& form) {
   const Recordset& members = form.state.memberList;
   if (members.RecordCount() == 0) {
     const TypedHeader header = ReadHeader(form.view);
@@ -52,7 +52,7 @@ RowHeader HeaderOfNewRows(const FormParts& form) {
   return header;
 }
 
-void ReadOtherClasses(FormParts& form) {
+void ReadOtherClasses(FormContext& form) {
   form.state.otherClasses = Connection(form.environment.factory)
                                 .Execute(statements::ItemsOfOtherClasses(form.state.openingNumber));
 }
@@ -78,7 +78,7 @@ std::u16string Condition(const FormState& state) {
   return Concatenate({u"x2.FItemid not in(", list, u")"});
 }
 
-ObjectPtr LookUpItems(FormParts& form, const std::u16string& condition, ObjectPtr parameters) {
+ObjectPtr LookUpItems(FormContext& form, const std::u16string& condition, ObjectPtr parameters) {
   Value dictionary(std::move(parameters));
   return RequireObject(
       GeneralLedger(form.environment)
@@ -110,7 +110,7 @@ void AppendItem(const Recordset& members, const RowHeader& header, AutomationObj
 }
 
 // A result without a single value names several items.
-void AppendChosen(FormParts& form, const RowHeader& header, AutomationObject& result) {
+void AppendChosen(FormContext& form, const RowHeader& header, AutomationObject& result) {
   const Recordset members = form.state.memberList;
   const bool several = ToText(result.Get(u"ReturnValue")).empty();
   const Value answer = result.Get(u"ReturnObject");
@@ -130,7 +130,7 @@ void AppendChosen(FormParts& form, const RowHeader& header, AutomationObject& re
 
 }  // namespace
 
-void AddItems(FormParts& form) {
+void AddItems(FormContext& form) {
   ObjectPtr parameters = MakeParameters(form.environment);
   const RowHeader header = HeaderOfNewRows(form);
   ReadOtherClasses(form);

@@ -7,6 +7,6 @@ namespace pricedown {
 
 // Offers the items of no class, those removed from this list included; the chosen ones become rows
 // of the member list. Throws AutomationError; rows appended before it stay.
-void AddItems(FormParts& form);
+void AddItems(FormContext& form);
 
 }  // namespace pricedown

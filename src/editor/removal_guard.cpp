@@ -17,7 +17,7 @@ bool HasRows(const Recordset& answer) { return answer && answer.RecordCount() > 
 
 class RemovalGuard {
  public:
-  RemovalGuard(FormParts& form, const YearAndPeriod& current) : form_(form), current_(current) {}
+  RemovalGuard(FormContext& form, const YearAndPeriod& current) : form_(form), current_(current) {}
 
   // Whether the selected row has left the list: false when refused, and when several rows have the
   // code, because the first of them is deleted.
@@ -55,19 +55,19 @@ class RemovalGuard {
         Concatenate({Translate(u"该物料("), code, Translate(reason)}));
   }
 
-  FormParts& form_;
+  FormContext& form_;
   YearAndPeriod current_;
 };
 
 // Without the filter, or a save would write the filtered item alone.
-void ShowRemaining(FormParts& form) {
+void ShowRemaining(FormContext& form) {
   form.state.memberList.SetFilter({});
   CountRows(form);
 }
 
 }  // namespace
 
-void RemoveSelectedItems(FormParts& form) {
+void RemoveSelectedItems(FormContext& form) {
   const YearAndPeriod current = ReadYearAndPeriod(form.environment.factory, u"IC");
   const Recordset& members = form.state.memberList;
   if (members.RecordCount() == 0) return;

@@ -9,6 +9,6 @@ namespace pricedown {
 // message. The current period's provision rows of a removed item are deleted at once, the class's
 // own rows by the next save. Throws AutomationError; items removed before it stay removed, and the
 // list shows the rest.
-void RemoveSelectedItems(FormParts& form);
+void RemoveSelectedItems(FormContext& form);
 
 }  // namespace pricedown

@@ -129,7 +129,7 @@ std::u16string SaveText(const FormState& state) {
   return text;
 }
 
-bool SaveClass(FormParts& form) {
+bool SaveClass(FormContext& form) {
   FormState& state = form.state;
   ObjectFactory& factory = form.environment.factory;
   const TypedHeader header = ReadHeader(form.view);

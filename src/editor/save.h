@@ -10,7 +10,7 @@ namespace pricedown {
 // Returns whether the class was written; when a check refuses it, the user has the message and the
 // field at fault the focus. Sets the saved flag once the checks pass. Throws AutomationError; there
 // is no transaction.
-bool SaveClass(FormParts& form);
+bool SaveClass(FormContext& form);
 
 // The text that replaces the class's rows by one per row of the member list, from its current row
 // to its end. Throws AutomationError.

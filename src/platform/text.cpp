@@ -77,8 +77,8 @@ Decoded DecodeUtf8(std::string_view bytes) {
     if ((byte(index) & 0xC0) != 0x80) return kBad;
     character = (character << 6) | (byte(index) & 0x3Fu);
   }
-  constexpr char32_t kLeast[] = {0, 0, 0x80, 0x800, 0x10000};
-  if (character < kLeast[length] || character > 0x10FFFF || IsSurrogate(character)) return kBad;
+  constexpr char32_t kMinimum[] = {0, 0, 0x80, 0x800, 0x10000};
+  if (character < kMinimum[length] || character > 0x10FFFF || IsSurrogate(character)) return kBad;
   return {character, length};
 }
 

@@ -11,6 +11,11 @@ namespace pricedown {
 using Tenths = std::int32_t;
 
 inline constexpr std::int32_t kTenthsPerInch = 254;
+inline constexpr std::int32_t kHundredthsPerTenth = 10;
+
+constexpr double TenthsOfHundredths(std::int32_t hundredths) {
+  return static_cast<double>(hundredths) / kHundredthsPerTenth;
+}
 
 // To the nearest tenth; nothing is shorter than 0.
 constexpr Tenths TenthsOfTwips(std::int32_t twips) {

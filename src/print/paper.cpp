@@ -5,19 +5,19 @@ namespace pricedown {
 namespace {
 
 // Ten metres: more is a driver's error, and would overflow.
-constexpr std::int64_t kMostTenths = 100'000;
+constexpr std::int64_t kMaximumTenths = 100'000;
 // Of the shorter side at most, so that a label is more than its margins.
 constexpr Tenths kMarginShare = 6;
 
 Tenths Nearest(std::int32_t dots, std::int32_t perInch) {
   const std::int64_t tenths = (std::int64_t{dots} * kTenthsPerInch + perInch / 2) / perInch;
-  return static_cast<Tenths>(std::min(tenths, kMostTenths));
+  return static_cast<Tenths>(std::min(tenths, kMaximumTenths));
 }
 
 Tenths RoundedUp(std::int64_t dots, std::int32_t perInch) {
   if (dots <= 0) return 0;
   const std::int64_t tenths = (dots * kTenthsPerInch + perInch - 1) / perInch;
-  return static_cast<Tenths>(std::min(tenths, kMostTenths));
+  return static_cast<Tenths>(std::min(tenths, kMaximumTenths));
 }
 
 }  // namespace
@@ -51,7 +51,7 @@ Paper PaperOf(const PrinterDots& dots) {
 
 void PaperChoice::SetPrinter(const Paper& upright, const Paper& turned) {
   const Tenths usual =
-      std::min(kUsualMargin, std::min(upright.width, upright.height) / kMarginShare);
+      std::min(kDefaultMargin, std::min(upright.width, upright.height) / kMarginShare);
   const Margins margins = marginsChosen_ ? paper_.margins : Margins{usual, usual, usual, usual};
   unprintable_ = Larger(upright.margins, turned.margins);
   paper_ = {upright.width, upright.height, Larger(margins, unprintable_)};

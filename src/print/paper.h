@@ -18,13 +18,13 @@ struct Margins {
 // The larger one on each side.
 Margins Larger(const Margins& one, const Margins& other);
 
-inline constexpr Tenths kUsualMargin = 200;
+inline constexpr Tenths kDefaultMargin = 200;
 
 // A4 with the usual margins by default.
 struct Paper {
   Tenths width = 2100;
   Tenths height = 2970;
-  Margins margins{kUsualMargin, kUsualMargin, kUsualMargin, kUsualMargin};
+  Margins margins{kDefaultMargin, kDefaultMargin, kDefaultMargin, kDefaultMargin};
 
   // Landscape for portrait and the reverse; each margin stays on its side of what is read.
   Paper Turned() const { return {height, width, margins}; }

@@ -12,7 +12,7 @@
 namespace pricedown {
 namespace {
 
-constexpr std::int32_t kGreatestTyped = 10'000'000;
+constexpr std::int32_t kMaximumTyped = 10'000'000;
 
 }  // namespace
 
@@ -45,7 +45,7 @@ std::optional<std::int32_t> TypedPage(std::u16string_view text) {
     if (unit >= u'0' && unit <= u'9') digit = unit - u'0';
     if (unit >= u'０' && unit <= u'９') digit = unit - u'０';
     if (digit < 0) return std::nullopt;
-    number = std::min(number * 10 + digit, kGreatestTyped);
+    number = std::min(number * 10 + digit, kMaximumTyped);
   }
   return number;
 }

@@ -13,7 +13,7 @@ constexpr std::int32_t kGroupGap = 14;    // between groups
 constexpr std::int32_t kFieldEdges = 4;   // of a field, in pixels at every resolution
 constexpr std::int32_t kFieldMargin = 1;  // below its text, which is at its top
 constexpr std::int32_t kLineHeight = 2;   // in pixels at every resolution
-constexpr std::int32_t kLeastPaneHeight = 160;
+constexpr std::int32_t kMinimumPaneHeight = 160;
 constexpr std::int32_t kDropDownHeight = 320;
 constexpr Size kFirstSize{900, 800};
 constexpr std::int32_t kEnoughHeight = 600;
@@ -99,10 +99,10 @@ PreviewPlaces PlacePreview(const Size& client, const PreviewMeasures& measures,
   return places;
 }
 
-Size LeastPreviewSize(const PreviewMeasures& measures, std::int32_t dotsPerInch) {
+Size MinimumPreviewSize(const PreviewMeasures& measures, std::int32_t dotsPerInch) {
   const Measured m(measures, dotsPerInch);
   return {2 * m.margin + std::max(m.firstGroup, m.secondGroup),
-          3 * m.margin + 2 * m.rowHeight + kLineHeight + m.Scale(kLeastPaneHeight)};
+          3 * m.margin + 2 * m.rowHeight + kLineHeight + m.Scale(kMinimumPaneHeight)};
 }
 
 Size FirstPreviewSize(const PreviewMeasures& measures, std::int32_t dotsPerInch) {

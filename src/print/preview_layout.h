@@ -35,7 +35,7 @@ struct PreviewPlaces {
 PreviewPlaces PlacePreview(const Size& client, const PreviewMeasures& measures,
                            std::int32_t dotsPerInch);
 // Inner sizes: the smallest that shows every button, and that of the first showing.
-Size LeastPreviewSize(const PreviewMeasures& measures, std::int32_t dotsPerInch);
+Size MinimumPreviewSize(const PreviewMeasures& measures, std::int32_t dotsPerInch);
 Size FirstPreviewSize(const PreviewMeasures& measures, std::int32_t dotsPerInch);
 // The outer size of the first showing: as wide as the owner, and as high unless that is too low.
 Size PreviewSizeOver(const Size& first, const Size& owner, std::int32_t dotsPerInch);

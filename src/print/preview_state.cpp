@@ -120,7 +120,7 @@ bool PreviewState::IsEnabled(PreviewCommand command) const {
     case PreviewCommand::Last:
       return page_ < pageCount_;
     case PreviewCommand::ZoomIn:
-      return percent_ < kGreatestPreviewPercent;
+      return percent_ < kMaximumPreviewPercent;
     case PreviewCommand::ZoomOut: {
       PreviewState tried = *this;
       tried.ZoomOut();
@@ -220,7 +220,7 @@ void PreviewState::Place() {
   const double height = FittingPercent(area_.height, paper_.height);
   if (zoom_ == Zoom::Width) percent_ = width;
   if (zoom_ == Zoom::Page) percent_ = std::min(width, height);
-  percent_ = std::clamp(percent_, kLeastPreviewPercent, kGreatestPreviewPercent);
+  percent_ = std::clamp(percent_, kMinimumPreviewPercent, kMaximumPreviewPercent);
   // Down, so that what fits needs no scroll bar; but not for an error in the last digit.
   const auto whole = [&](Tenths paper) {
     return static_cast<std::int32_t>(std::floor(Pixels(paper) + 1E-6));

@@ -11,8 +11,8 @@
 
 namespace pricedown {
 
-inline constexpr double kLeastPreviewPercent = 10;
-inline constexpr double kGreatestPreviewPercent = 500;
+inline constexpr double kMinimumPreviewPercent = 10;
+inline constexpr double kMaximumPreviewPercent = 500;
 // The usual sizes, in percent.
 inline constexpr std::array<double, 10> kPreviewSizes{25,  50,  75,  100, 125,
                                                       150, 200, 300, 400, 500};

@@ -12,7 +12,7 @@
 
 namespace pricedown {
 
-inline constexpr std::int32_t kLeastRowHeight = 285;  // twips
+inline constexpr std::int32_t kMinimumRowHeight = 285;  // twips
 
 struct PrintColumn {
   std::u16string title;
@@ -52,8 +52,8 @@ struct PrintDocument {
   PrintTable table;
   std::vector<PageLine> header;
   std::vector<PageLine> footer;
-  Font font;                                 // of the table
-  std::int32_t rowHeight = kLeastRowHeight;  // twips; rows are never lower than their font
+  Font font;                                   // of the table
+  std::int32_t rowHeight = kMinimumRowHeight;  // twips; rows are never lower than their font
 };
 
 }  // namespace pricedown

@@ -144,7 +144,7 @@ TEST_F(GridViewportTest, AddsUpSmallTurnsOfTheWheel) {
   EXPECT_EQ(viewport_.Left(), 24);
 }
 
-TEST_F(GridViewportTest, RevealsACellWithTheLeastScrolling) {
+TEST_F(GridViewportTest, RevealsACellWithMinimalScrolling) {
   Show(10, 60);
   EXPECT_FALSE(viewport_.Reveal(1, 10));
   EXPECT_TRUE(viewport_.Reveal(3, 11));

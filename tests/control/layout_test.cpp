@@ -18,7 +18,7 @@ static void PrintTo(const Rectangle& rectangle, std::ostream* stream) {
 namespace testing {
 namespace {
 
-constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
+constexpr std::int32_t kMaximum = std::numeric_limits<std::int32_t>::max();
 
 TEST(Layout, PlacesTheWholeViewOfAnOrdinaryWindow) {
   const Layout layout = ComputeLayout({{12000, 8000}, 3600, true, true});
@@ -77,9 +77,9 @@ struct SizeCase {
 };
 
 std::vector<SizeCase> Sizes() {
-  const std::vector<std::int32_t> lengths{-kMost, -1,   0,    1,    10,   49,    50,     75,   100,
-                                          119,    240,  585,  660,  700,  1140,  1500,   1680, 1755,
-                                          2400,   3360, 3435, 5000, 9000, 12000, 100000, kMost};
+  const std::vector<std::int32_t> lengths{
+      -kMaximum, -1,   0,    1,    10,   49,   50,   75,   100,  119,  240,   585,    660,
+      700,       1140, 1500, 1680, 1755, 2400, 3360, 3435, 5000, 9000, 12000, 100000, kMaximum};
   std::vector<SizeCase> sizes;
   for (const std::int32_t width : lengths) {
     for (const std::int32_t height : lengths) sizes.push_back({width, height});
@@ -104,7 +104,7 @@ bool Holds(const Rectangle& outer, const Rectangle& inner) {
 
 TEST(Layout, KeepsRectanglesInsideAndSeparateAtEverySize) {
   for (const SizeCase& size : Sizes()) {
-    for (const std::int32_t splitter : {-5, 0, 1680, 3600, 50000, kMost}) {
+    for (const std::int32_t splitter : {-5, 0, 1680, 3600, 50000, kMaximum}) {
       for (const int visible : {0, 1, 2, 3}) {
         const Layout layout = ComputeLayout(
             {{size.width, size.height}, splitter, (visible & 1) != 0, (visible & 2) != 0});
@@ -161,8 +161,8 @@ TEST(ClampSplitter, KeepsBothPanesAtTheirMinimumWidth) {
            {10320, 12000, 10320},
            {10321, 12000, 10320},
            {99999, 12000, 10320},
-           {-kMost, 12000, 1680},
-           {kMost, kMost, kMost - 1680},
+           {-kMaximum, 12000, 1680},
+           {kMaximum, kMaximum, kMaximum - 1680},
            // The widths are equal.
            {0, 3360, 1680},
            {9999, 3360, 1680},
@@ -172,7 +172,7 @@ TEST(ClampSplitter, KeepsBothPanesAtTheirMinimumWidth) {
            {2000, 1680, 0},
            {2000, 1000, 0},
            {2000, 0, 0},
-           {2000, -kMost, 0},
+           {2000, -kMaximum, 0},
        }) {
     EXPECT_EQ(ClampSplitter(clamp.proposed, clamp.width), clamp.expected)
         << clamp.proposed << " in " << clamp.width;

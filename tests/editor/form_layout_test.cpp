@@ -32,7 +32,7 @@ bool Contains(const Rectangle& outer, const Rectangle& inner) {
 TEST(FormLayout, NothingOverlapsAndNothingLeavesTheForm) {
   for (const std::int32_t dpi : {96, 120, 144, 192}) {
     const FormMeasures measures = MeasuresAt(dpi);
-    for (const Size size : {LeastFormSize(measures, dpi), FirstFormSize(measures, dpi)}) {
+    for (const Size size : {MinimumFormSize(measures, dpi), FirstFormSize(measures, dpi)}) {
       const std::vector<Rectangle> areas = Children(PlaceForm(size, measures, dpi));
       for (std::size_t i = 0; i < areas.size(); ++i) {
         EXPECT_FALSE(areas[i].IsEmpty()) << i;

@@ -81,13 +81,13 @@ TEST_F(PickingItems, TextsDescribeTheList) {
 
 TEST(PickingManyItems, RefusesMoreThanTheLimitAndChangesNothing) {
   CompanyFilePlan plan;
-  plan.large = LargeCompanyPlan{1, static_cast<int>(kMostChosen) + 1, 20};
+  plan.large = LargeCompanyPlan{1, static_cast<int>(kMaximumChosen) + 1, 20};
   PickerCompany company(plan);
   Picking picking(company, ItemPicker(), {}, true);
   EXPECT_FALSE(picking.ToggleAllFound());
   EXPECT_EQ(0U, picking.ChosenCount());
-  for (std::size_t row = 0; row < kMostChosen; ++row) ASSERT_TRUE(picking.Toggle(row));
-  EXPECT_FALSE(picking.Toggle(kMostChosen));
+  for (std::size_t row = 0; row < kMaximumChosen; ++row) ASSERT_TRUE(picking.Toggle(row));
+  EXPECT_FALSE(picking.Toggle(kMaximumChosen));
   EXPECT_EQ("已选 10,000 项", Utf8FromUtf16(picking.ChosenText()));
   EXPECT_EQ("共 10,001 种物料", Utf8FromUtf16(picking.FoundText()));
 }

@@ -29,5 +29,18 @@ TEST(Geometry, CentresARowInItsArea) {
   EXPECT_EQ(MiddleOf(area, 99), area);
 }
 
+TEST(Geometry, CentresAWindowOverItsOwner) {
+  constexpr Rectangle screen{0, 0, 1000, 800};
+  EXPECT_EQ(CentredOver({100, 50}, {300, 200, 400, 300}, screen), (Rectangle{450, 325, 100, 50}));
+  EXPECT_EQ(CentredOver({100, 50}, screen, screen), (Rectangle{450, 375, 100, 50}));
+}
+
+TEST(Geometry, KeepsACentredWindowOnItsScreen) {
+  constexpr Rectangle screen{1000, 40, 1000, 760};  // the second monitor, below a taskbar
+  EXPECT_EQ(CentredOver({100, 50}, {900, 0, 120, 20}, screen), (Rectangle{1000, 40, 100, 50}));
+  EXPECT_EQ(CentredOver({100, 50}, {1980, 790, 120, 20}, screen), (Rectangle{1900, 750, 100, 50}));
+  EXPECT_EQ(CentredOver({5000, 4000}, {1200, 100, 50, 50}, screen), screen);
+}
+
 }  // namespace
 }  // namespace pricedown::testing

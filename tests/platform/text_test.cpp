@@ -158,7 +158,7 @@ TEST(Utf8Conversion, RestoresMixedTexts) {
   }
 }
 
-TEST(Utf8Conversion, KnowsTheUsualForms) {
+TEST(Utf8Conversion, KnowsTheStandardForms) {
   EXPECT_EQ(ToUtf8(u"A\u00e9\u7269\U00020000"), "A\xC3\xA9\xE7\x89\xA9\xF0\xA0\x80\x80");
 }
 

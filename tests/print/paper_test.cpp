@@ -68,7 +68,7 @@ TEST(PaperChoice, IsA4WithTwoCentimetresUntilSomethingElseIsKnown) {
   EXPECT_EQ(PaperChoice().Current(), (Paper{2100, 2970, kUsual}));
 }
 
-TEST(PaperChoice, HasUsualMarginsOnAPrintersPaper) {
+TEST(PaperChoice, HasDefaultMarginsOnAPrintersPaper) {
   PaperChoice choice;
   choice.SetPrinter({1480, 2100, {}}, {2100, 1480, {}});
   EXPECT_EQ(choice.Current(), (Paper{1480, 2100, kUsual}));

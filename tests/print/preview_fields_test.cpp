@@ -16,7 +16,7 @@ TEST(PreviewFields, ShowPageCountAndZoom) {
   EXPECT_EQ(Utf8(ZoomText(500)), "500%");
 }
 
-TEST(PreviewFields, OfferFittingAndTheUsualSizes) {
+TEST(PreviewFields, OfferFittingAndTheListedSizes) {
   std::string choices;
   for (const std::u16string& choice : ZoomChoices()) choices += Utf8(choice) + " ";
   EXPECT_EQ(choices, "整页 页宽 25% 50% 75% 100% 125% 150% 200% 300% 400% 500% ");

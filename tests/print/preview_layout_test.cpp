@@ -56,9 +56,9 @@ TEST(PreviewLayout, HasASecondRowWhereItIsTooNarrow) {
   ExpectApartAndInside(places, kOneRow - 1);
 }
 
-TEST(PreviewLayout, ShowsEveryButtonAtItsLeastSize) {
+TEST(PreviewLayout, ShowsEveryButtonAtItsMinimumSize) {
   for (const std::int32_t dpi : {96, 120, 144, 192}) {
-    const Size least = LeastPreviewSize(kMeasures, dpi);
+    const Size least = MinimumPreviewSize(kMeasures, dpi);
     const PreviewPlaces places = PlacePreview(least, kMeasures, dpi);
     ExpectApartAndInside(places, least.width);
     EXPECT_EQ(places.pane.height, ScalePixels(160, dpi)) << dpi;

@@ -64,7 +64,7 @@ TEST_F(Preview, IsAsLargeAsPaperAtOneHundredPercent) {
   EXPECT_EQ(Box(), "520,540 960x1920");
 }
 
-TEST_F(Preview, ZoomsThroughTheUsualSizes) {
+TEST_F(Preview, ZoomsThroughTheListedSizes) {
   std::string sizes;
   state_.SetPercent(30);
   for (int i = 0; i < 11; ++i) {

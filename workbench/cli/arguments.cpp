@@ -72,10 +72,10 @@ void AddCommands(CLI::App& program, Arguments& arguments) {
       ->capture_default_str();
   create->add_option("--items", arguments.items, "物料数,最多 1000000")
       ->type_name("N")
-      ->check(Between(1, kMostItems));
+      ->check(Between(1, kMaximumItems));
   create->add_option("--classes", arguments.classes, "类别数,最多 20000")
       ->type_name("M")
-      ->check(Between(1, kMostClasses));
+      ->check(Between(1, kMaximumClasses));
   create->add_flag("--force", arguments.force, "覆盖已有的公司");
 
   AddFiles(AddCommand(program, arguments, CommandKind::Import, "import",

@@ -77,7 +77,7 @@ class OdbcConnection::Session {
   }
 
   void Begin() {
-    Alive().Begin(odbc::Session::Isolation::Usual);
+    Alive().Begin(odbc::Session::Isolation::Default);
     inTransaction_ = true;
   }
 

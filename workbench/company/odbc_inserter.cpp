@@ -10,7 +10,7 @@ namespace workbench::odbc {
 namespace {
 
 // Parameters of one statement: every server accepts that many.
-constexpr std::size_t kMostParameters = 900;
+constexpr std::size_t kMaximumParameters = 900;
 
 std::size_t ColumnCount(std::string_view columns) {
   return static_cast<std::size_t>(std::count(columns.begin(), columns.end(), ',')) + 1;
@@ -29,7 +29,7 @@ Inserter::Inserter(Session& session, std::string_view table, std::string_view co
       insert_("INSERT INTO " + std::string(table) + "(" + std::string(columns) + ")VALUES"),
       placeholders_(Placeholders(ColumnCount(columns))),
       columns_(ColumnCount(columns)),
-      rowsOfBatch_(kMostParameters / columns_.size()),
+      rowsOfBatch_(kMaximumParameters / columns_.size()),
       batch_(Prepare(rowsOfBatch_)) {}
 
 Inserter::~Inserter() {

@@ -56,7 +56,7 @@ void RollBack(Link& link) noexcept {
   }
   link.inTransaction = false;
   SetAutocommit(connection, true);
-  SetIsolation(connection, Session::Isolation::Usual);
+  SetIsolation(connection, Session::Isolation::Default);
 }
 
 void Commit(Link& link) {
@@ -73,7 +73,7 @@ void Commit(Link& link) {
   }
   link.inTransaction = false;
   Check(SetAutocommit(connection, true), SQL_HANDLE_DBC, connection);
-  SetIsolation(connection, Session::Isolation::Usual);
+  SetIsolation(connection, Session::Isolation::Default);
 }
 
 void Connect(Link& link, OdbcText text) {

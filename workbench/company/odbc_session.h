@@ -63,7 +63,7 @@ class Session {
   // Queries the server; false when the connection is lost.
   bool Answers() noexcept;
 
-  enum class Isolation { Usual, Serializable };
+  enum class Isolation { Default, Serializable };
   void Begin(Isolation isolation);
   // Both leave the session without a transaction, also when they fail. A rollback that fails loses
   // the session.

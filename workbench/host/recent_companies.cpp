@@ -14,7 +14,7 @@ namespace {
 
 constexpr const wchar_t* kKey = L"Software\\PriceDownWorkbench";
 constexpr const wchar_t* kValue = L"RecentCompanies";
-constexpr std::size_t kMost = 8;
+constexpr std::size_t kMaximum = 8;
 
 std::wstring WithoutPasswords(const std::wstring& location) {
   const std::string kept =
@@ -69,7 +69,7 @@ void AddRecentCompany(const std::wstring& location) {
   std::vector<std::wstring> companies = RecentCompanies();
   std::erase(companies, kept);
   companies.insert(companies.begin(), kept);
-  companies.resize(std::min(companies.size(), kMost));
+  companies.resize(std::min(companies.size(), kMaximum));
   Store(companies);
 }
 

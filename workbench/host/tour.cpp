@@ -26,7 +26,7 @@ namespace {
 
 constexpr UINT kTickMilliseconds = 250;
 // For a step that is not yet possible, and for one that has not returned.
-constexpr int kMostTicksOfStep = 120;
+constexpr int kMaximumTicksOfStep = 120;
 constexpr UINT kFailed = 3;
 Tour* runningTour = nullptr;
 
@@ -110,7 +110,7 @@ void Tour::Advance() {
     PostMessageW(frame_.Handle(), WM_CLOSE, 0, 0);
     return;
   }
-  const bool isLast = ++ticksOfStep_ == kMostTicksOfStep;
+  const bool isLast = ++ticksOfStep_ == kMaximumTicksOfStep;
   if (inStep_) {
     if (isLast) Abort("it does not return");
     return;

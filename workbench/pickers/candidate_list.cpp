@@ -15,7 +15,7 @@ namespace {
 constexpr std::size_t kFirstStretch = 512;
 constexpr std::size_t kStretch = 4096;
 constexpr std::size_t kPage = 64;
-constexpr std::size_t kMostRows = 8192;
+constexpr std::size_t kMaximumRows = 8192;
 
 std::int32_t IdOf(const Cell& cell) {
   if (cell.Kind() == CellKind::Integer) return static_cast<std::int32_t>(cell.Integer());
@@ -97,7 +97,7 @@ const CandidateRow& CandidateList::Row(std::size_t position) {
 }
 
 void CandidateList::LoadAround(std::size_t position) {
-  if (rows_.size() >= kMostRows) rows_.clear();
+  if (rows_.size() >= kMaximumRows) rows_.clear();
   const auto shown = Shown();
   const std::size_t first = position - position % kPage;
   const auto page = shown.subspan(first, std::min(kPage, shown.size() - first));

@@ -29,13 +29,13 @@ bool Picking::Toggle(std::size_t position) {
     choices_.Remove(id);
     return true;
   }
-  if (choices_.Count() >= kMostChosen) return false;
+  if (choices_.Count() >= kMaximumChosen) return false;
   choices_.Add(id);
   return true;
 }
 
 bool Picking::ToggleAllFound() {
-  while (list_.IsSearching() && list_.Count() <= kMostChosen) list_.Advance();
+  while (list_.IsSearching() && list_.Count() <= kMaximumChosen) list_.Advance();
   const auto found = list_.Shown();
   const auto missing = static_cast<std::size_t>(
       std::count_if(found.begin(), found.end(), [this](auto id) { return !choices_.Has(id); }));
@@ -43,7 +43,7 @@ bool Picking::ToggleAllFound() {
     for (const std::int32_t id : found) choices_.Remove(id);
     return true;
   }
-  if (choices_.Count() + missing > kMostChosen) return false;
+  if (choices_.Count() + missing > kMaximumChosen) return false;
   for (const std::int32_t id : found) choices_.Add(id);
   return true;
 }
@@ -71,7 +71,7 @@ std::u16string Picking::ChosenText() const {
 }
 
 std::u16string Picking::LimitText() {
-  return Concatenate({u"一次最多选择 ", Grouped(kMostChosen), u" 项"});
+  return Concatenate({u"一次最多选择 ", Grouped(kMaximumChosen), u" 项"});
 }
 
 }  // namespace workbench

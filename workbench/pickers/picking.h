@@ -15,7 +15,7 @@
 namespace workbench {
 
 // The most rows that can be chosen at once.
-inline constexpr std::size_t kMostChosen = 10000;
+inline constexpr std::size_t kMaximumChosen = 10000;
 
 class Picking {
  public:
@@ -33,7 +33,7 @@ class Picking {
   bool IsChosen(std::size_t position) const { return choices_.Has(list_.Id(position)); }
   std::size_t ChosenCount() const { return choices_.Count(); }
 
-  // Both return false and change nothing if more than kMostChosen rows would be chosen.
+  // Both return false and change nothing if more than kMaximumChosen rows would be chosen.
   // Requires: Several(), position < Count().
   bool Toggle(std::size_t position);
   // Finishes the search and chooses every row found; if all are already chosen, unchooses them.

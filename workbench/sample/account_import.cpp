@@ -17,8 +17,8 @@ constexpr CsvColumn kAccountColumns[] = {
     {"余额方向|方向|fdc|direction", false},
 };
 
-constexpr NamedField kAccountNumberField = {kAccountNumber, "科目代码", kMostCodeLength};
-constexpr NamedField kAccountNameField = {kAccountName, "科目名称", kMostNameLength};
+constexpr NamedField kAccountNumberField = {kAccountNumber, "科目代码", kMaximumCodeLength};
+constexpr NamedField kAccountNameField = {kAccountName, "科目名称", kMaximumNameLength};
 
 struct NewAccount {
   AccountRow row;

@@ -11,11 +11,11 @@ namespace workbench {
 namespace {
 
 constexpr double kHighestPrice = 99999999999.99;
-constexpr std::size_t kMostQuoted = 60;
+constexpr std::size_t kMaximumQuoted = 60;
 
 // The value for a message: shortened, but never inside a character.
 std::string Quoted(std::string_view value) {
-  std::size_t end = std::min(value.size(), kMostQuoted);
+  std::size_t end = std::min(value.size(), kMaximumQuoted);
   while (end < value.size() && (static_cast<unsigned char>(value[end]) & 0xC0) == 0x80) --end;
   return "\"" + std::string(value.substr(0, end)) + (end < value.size() ? "…" : "") + "\"";
 }

@@ -11,9 +11,9 @@
 namespace workbench {
 
 // Longest texts that the product's record layouts allow.
-inline constexpr std::size_t kMostCodeLength = 80;
-inline constexpr std::size_t kMostNameLength = 80;
-inline constexpr std::size_t kMostModelLength = 255;
+inline constexpr std::size_t kMaximumCodeLength = 80;
+inline constexpr std::size_t kMaximumNameLength = 80;
+inline constexpr std::size_t kMaximumModelLength = 255;
 
 // A field and its name in messages.
 struct NamedField {

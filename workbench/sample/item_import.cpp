@@ -20,12 +20,12 @@ constexpr CsvColumn kItemColumns[] = {
     {"销售单价|fsaleprice|saleprice", false},
 };
 
-constexpr NamedField kCodeField = {kCode, "物料代码", kMostCodeLength};
-constexpr NamedField kNameField = {kName, "物料名称", kMostNameLength};
-constexpr NamedField kModelField = {kModel, "规格型号", kMostModelLength};
-constexpr NamedField kShortCodeField = {kShortCode, "短代码", kMostCodeLength};
+constexpr NamedField kCodeField = {kCode, "物料代码", kMaximumCodeLength};
+constexpr NamedField kNameField = {kName, "物料名称", kMaximumNameLength};
+constexpr NamedField kModelField = {kModel, "规格型号", kMaximumModelLength};
+constexpr NamedField kShortCodeField = {kShortCode, "短代码", kMaximumCodeLength};
 constexpr NamedField kCategoryField = {kCategory, "物料属性", 0};
-constexpr NamedField kUnitField = {kUnit, "计量单位", kMostNameLength};
+constexpr NamedField kUnitField = {kUnit, "计量单位", kMaximumNameLength};
 constexpr NamedField kPlanField = {kPlan, "计划单价", 0};
 constexpr NamedField kSaleField = {kSale, "销售单价", 0};
 

@@ -7,13 +7,13 @@
 
 namespace workbench {
 
-inline constexpr int kMostItems = 1000000;
-inline constexpr int kMostClasses = 20000;
+inline constexpr int kMaximumItems = 1000000;
+inline constexpr int kMaximumClasses = 20000;
 
 struct LargeCompanyPlan {
   std::uint64_t seed = 1;
-  int items = kMostItems;      // 1 to kMostItems
-  int classes = kMostClasses;  // 1 to kMostClasses, and not above items
+  int items = kMaximumItems;      // 1 to kMaximumItems
+  int classes = kMaximumClasses;  // 1 to kMaximumClasses, and not above items
 };
 
 // Makes the company's tables in a database without them and fills them. Every item is a member of

@@ -11,7 +11,7 @@ using pricedown::CellBlockPtr;
 using pricedown::CellView;
 
 // Including the delimiter; to estimate a text's length.
-constexpr std::size_t kUsualCellLength = 16;
+constexpr std::size_t kTypicalCellLength = 16;
 
 // Rows of a store selected by GetRows, without copying texts. Keeps the recordset alive; clients of
 // GetRows read it before the recordset changes.
@@ -61,7 +61,7 @@ std::u16string Recordset::GetString(std::int32_t count, const ClipFormat& format
   const std::size_t columns = rows_->Fields().size();
   const std::vector<std::size_t> rows = NextRows(count);
   std::u16string text;
-  text.reserve(rows.size() * columns * kUsualCellLength);
+  text.reserve(rows.size() * columns * kTypicalCellLength);
   for (const std::size_t row : rows) {
     for (std::size_t column = 0; column < columns; ++column) {
       if (column > 0) text += format.columnDelimiter;

@@ -3,6 +3,7 @@
 
 #include "windows/base/control_ids.h"
 #include "windows/base/gdi.h"
+#include "windows/base/painting.h"
 
 namespace pricedown::windows {
 

@@ -1,8 +1,5 @@
-// Off-screen painting, fills and frames.
+// Bitmaps in memory.
 #include "windows/base/gdi.h"
-#include "windows/base/rectangles.h"
-
-#include <uxtheme.h>
 
 namespace pricedown::windows {
 
@@ -14,49 +11,6 @@ MemoryDc::MemoryDc(HDC like, int width, int height)
 
 MemoryDc::~MemoryDc() {
   if (context_ != nullptr) SelectObject(context_.get(), previous_);
-}
-
-BufferedPaint::BufferedPaint(HDC target, const RECT& area)
-    : target_(target), area_(area), memory_(target, WidthOf(area), HeightOf(area)) {
-  if (memory_.Get() != nullptr) {
-    SetViewportOrgEx(memory_.Get(), -area.left, -area.top, nullptr);
-  }
-}
-
-BufferedPaint::~BufferedPaint() {
-  if (memory_.Get() == nullptr) return;
-  BitBlt(target_, area_.left, area_.top, WidthOf(area_), HeightOf(area_), memory_.Get(), area_.left,
-         area_.top, SRCCOPY);
-}
-
-void FillArea(HDC context, const RECT& area, COLORREF colour) {
-  const COLORREF previous = SetBkColor(context, colour);
-  ExtTextOutW(context, 0, 0, ETO_OPAQUE, &area, nullptr, 0, nullptr);
-  SetBkColor(context, previous);
-}
-
-void PaintFrame(HDC context, HWND window, const RECT& frame) {
-  RECT edge = frame;
-  const HTHEME theme = OpenThemeData(window, L"TREEVIEW");
-  if (theme == nullptr) {
-    DrawEdge(context, &edge, EDGE_SUNKEN, BF_RECT);
-    return;
-  }
-  InflateRect(&edge, -GetSystemMetrics(SM_CXEDGE), -GetSystemMetrics(SM_CYEDGE));
-  {
-    const SavedDc saved(context);
-    ExcludeClipRect(context, edge.left, edge.top, edge.right, edge.bottom);
-    DrawThemeBackground(theme, context, 0, 0, &frame, nullptr);
-  }
-  CloseThemeData(theme);
-}
-
-COLORREF Blend(COLORREF from, COLORREF to, int share) {
-  const auto mix = [share](int a, int b) {
-    return static_cast<BYTE>((a * (255 - share) + b * share) / 255);
-  };
-  return RGB(mix(GetRValue(from), GetRValue(to)), mix(GetGValue(from), GetGValue(to)),
-             mix(GetBValue(from), GetBValue(to)));
 }
 
 }  // namespace pricedown::windows

@@ -1,4 +1,4 @@
-// Owners of GDI objects, guards for device contexts and what is selected into them, solid fills.
+// Owners of GDI objects, guards for device contexts and what is selected into them.
 #pragma once
 
 #include <windows.h>
@@ -114,29 +114,5 @@ class MemoryDc {
   CreatedContext context_;
   HGDIOBJ previous_ = nullptr;
 };
-
-// Painting off screen: everything drawn into Context() appears at once at the end.
-class BufferedPaint {
- public:
-  BufferedPaint(HDC target, const RECT& area);
-  ~BufferedPaint();
-  BufferedPaint(const BufferedPaint&) = delete;
-  BufferedPaint& operator=(const BufferedPaint&) = delete;
-
-  // In the coordinates of the target; the target itself without memory for a bitmap.
-  HDC Context() const { return memory_.Get() != nullptr ? memory_.Get() : target_; }
-
- private:
-  HDC target_;
-  RECT area_;
-  MemoryDc memory_;
-};
-
-// Fills with a solid colour.
-void FillArea(HDC context, const RECT& area, COLORREF colour);
-// The frame of a tree view: that of the visual style, or a sunken one.
-void PaintFrame(HDC context, HWND window, const RECT& frame);
-// `share` of 255 of the way from one colour to another.
-COLORREF Blend(COLORREF from, COLORREF to, int share);
 
 }  // namespace pricedown::windows

@@ -1,7 +1,7 @@
 // The system's group box with its inside painted, which the system leaves to the parent.
 #include "windows/base/group_box.h"
 
-#include "windows/base/gdi.h"
+#include "windows/base/painting.h"
 
 namespace pricedown::windows {
 

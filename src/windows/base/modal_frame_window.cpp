@@ -5,8 +5,8 @@
 #include <string>
 #include <utility>
 
-#include "windows/base/gdi.h"
 #include "windows/base/message_box_questions.h"
+#include "windows/base/painting.h"
 #include "windows/base/plain_control.h"
 #include "windows/base/rectangles.h"
 #include "windows/com/wide_text.h"
@@ -80,13 +80,10 @@ void ModalFrameWindow::Centre(SIZE size) {
   GetMonitorInfoW(
       MonitorFromWindow(owner_ != nullptr ? owner_ : Handle(), MONITOR_DEFAULTTONEAREST), &monitor);
   const RECT& work = monitor.rcWork;
-  const RECT over = OwnerArea().value_or(work);
-  const LONG width = std::min<LONG>(size.cx, WidthOf(work));
-  const LONG height = std::min<LONG>(size.cy, HeightOf(work));
-  const LONG left = std::clamp((over.left + over.right - width) / 2, work.left, work.right - width);
-  const LONG top =
-      std::clamp((over.top + over.bottom - height) / 2, work.top, work.bottom - height);
-  SetWindowPos(Handle(), nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+  const Rectangle place =
+      CentredOver({size.cx, size.cy}, FromRect(OwnerArea().value_or(work)), FromRect(work));
+  SetWindowPos(Handle(), nullptr, place.left, place.top, place.width, place.height,
+               SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void ModalFrameWindow::LayOut() {
@@ -201,8 +198,8 @@ LRESULT ModalFrameWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) 
       return 0;
     case WM_GETMINMAXINFO:
       if (font_) {
-        const SIZE least = OuterSize(LeastSize(Dpi::Of(Handle())));
-        reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {least.cx, least.cy};
+        const SIZE minimum = OuterSize(MinimumSize(Dpi::Of(Handle())));
+        reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {minimum.cx, minimum.cy};
       }
       return 0;
     case WM_ERASEBKGND:
@@ -210,9 +207,7 @@ LRESULT ModalFrameWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) 
       return 1;
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLORBTN:
-      SetTextColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_BTNTEXT));
-      SetBkColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_BTNFACE));
-      return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
+      return OnButtonFace(wParam);
     case WM_SETCURSOR:
       if (!waiting_) return Default(message, wParam, lParam);
       SetCursor(LoadCursorW(nullptr, IDC_WAIT));

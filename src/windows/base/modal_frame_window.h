@@ -66,7 +66,7 @@ class ModalFrameWindow : public CommandWindow, protected BoundWindow {
   virtual void UpdateResolution(Dpi dpi) = 0;
   virtual void PlaceChildren(SIZE client, Dpi dpi) = 0;
   // The least inner size of the window.
-  virtual SIZE LeastSize(Dpi dpi) const = 0;
+  virtual SIZE MinimumSize(Dpi dpi) const = 0;
   // Those that draw in the system's colours and theme; null where there is none.
   virtual std::array<HWND, 2> ThemedChildren() const = 0;
   virtual void FocusFirst() = 0;

@@ -9,7 +9,7 @@ namespace pricedown::windows {
 namespace {
 
 // More positions than any member has parameters.
-constexpr DISPID kMostPositions = 64;
+constexpr DISPID kMaximumPositions = 64;
 
 }  // namespace
 
@@ -34,7 +34,7 @@ IncomingArguments::IncomingArguments(const DISPPARAMS& parameters, bool put, UIN
     }
     for (UINT name = namedValue ? 1 : 0; name < named; ++name) {
       const DISPID position = parameters.rgdispidNamedArgs[name];
-      if (position < 0 || position >= kMostPositions) {
+      if (position < 0 || position >= kMaximumPositions) {
         throw AutomationError(DISP_E_PARAMNOTFOUND, u"没有此名称的参数");
       }
       index = name;

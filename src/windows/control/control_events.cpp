@@ -11,6 +11,7 @@
 #include "windows/base/dpi.h"
 #include "windows/base/gdi.h"
 #include "windows/base/message_box_questions.h"
+#include "windows/base/painting.h"
 #include "windows/control/control_children.h"
 #include "windows/control/control_window.h"
 
@@ -232,9 +233,7 @@ LRESULT ControlWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       SetCursor(LoadCursorW(nullptr, IDC_WAIT));
       return TRUE;
     case WM_CTLCOLORSTATIC:
-      SetTextColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_BTNTEXT));
-      SetBkColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_BTNFACE));
-      return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
+      return OnButtonFace(wParam);
     case WM_NOTIFY:
       return children_->OnNotify(*reinterpret_cast<NMHDR*>(lParam));
     case WM_COMMAND:

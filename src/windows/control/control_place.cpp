@@ -9,6 +9,7 @@
 
 #include "windows/base/dpi.h"
 #include "windows/base/gdi.h"
+#include "windows/base/painting.h"
 #include "windows/base/rectangles.h"
 #include "windows/com/wide_text.h"
 #include "windows/control/control_children.h"

@@ -8,6 +8,7 @@
 #include "windows/base/fonts.h"
 #include "windows/base/gdi.h"
 #include "windows/base/keyboard.h"
+#include "windows/base/painting.h"
 #include "windows/base/rectangles.h"
 #include "windows/com/wide_text.h"
 
@@ -214,9 +215,7 @@ LRESULT FindBarWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if (HIWORD(wParam) == EN_CHANGE && !opening_) field_.ReportChange();
       return 0;
     case WM_CTLCOLORSTATIC:
-      SetTextColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_BTNTEXT));
-      SetBkColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_BTNFACE));
-      return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
+      return OnButtonFace(wParam);
     default:
       return Default(message, wParam, lParam);
   }

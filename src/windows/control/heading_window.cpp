@@ -3,6 +3,7 @@
 
 #include "windows/base/dpi.h"
 #include "windows/base/gdi.h"
+#include "windows/base/painting.h"
 #include "windows/base/plain_control.h"
 #include "windows/com/wide_text.h"
 

@@ -8,6 +8,7 @@
 
 #include "windows/base/control_ids.h"
 #include "windows/base/gdi.h"
+#include "windows/base/painting.h"
 #include "windows/base/provider_values.h"
 #include "windows/base/rectangles.h"
 #include "windows/com/wide_text.h"

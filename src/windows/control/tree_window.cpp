@@ -11,8 +11,8 @@
 #include "platform/icon_ids.h"
 #include "windows/base/context_menu.h"
 #include "windows/base/control_ids.h"
-#include "windows/base/gdi.h"
 #include "windows/base/keyboard.h"
+#include "windows/base/painting.h"
 #include "windows/base/plain_control.h"
 #include "windows/com/wide_text.h"
 

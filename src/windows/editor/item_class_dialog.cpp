@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "platform/scope_exit.h"
 #include "platform/skip.h"
 #include "windows/base/modal_showing.h"
 
@@ -25,23 +26,19 @@ ItemClassDialog::~ItemClassDialog() {
 }
 
 void ItemClassDialog::ShowModal(HWND owner) {
-  struct Shown {
-    ItemClassDialog& dialog;
-    explicit Shown(ItemClassDialog& theDialog) : dialog(theDialog) { dialog.shown_ = true; }
-    ~Shown() {
-      SkipFailing([this] { dialog.form_.Unload(); });
-      dialog.shown_ = false;
-      // The last control may have ended meanwhile without releasing them.
-      ProcessState& state = dialog.environment_.state;
-      if (state.controls == 0) {
-        state.ledgerView.reset();
-        state.ledgerData.reset();
-      }
-    }
-  };
   // Outlives the form's unloading, which ends it.
   std::optional<ModalShowing> modal;
-  const Shown shown(*this);
+  shown_ = true;
+  const ScopeExit unloaded([this] {
+    SkipFailing([this] { form_.Unload(); });
+    shown_ = false;
+    // The last control may have ended meanwhile without releasing them.
+    ProcessState& state = environment_.state;
+    if (state.controls == 0) {
+      state.ledgerView.reset();
+      state.ledgerData.reset();
+    }
+  });
   window_.Create(owner);
   window_.SetWaiting(true);
   form_.Load();

@@ -156,8 +156,8 @@ void ItemClassWindow::UpdateResolution(Dpi dpi) {
   ShowLookupPictures(dpi);
 }
 
-SIZE ItemClassWindow::LeastSize(Dpi dpi) const {
-  return ToSize(LeastFormSize(Measures(), dpi.Value()));
+SIZE ItemClassWindow::MinimumSize(Dpi dpi) const {
+  return ToSize(MinimumFormSize(Measures(), dpi.Value()));
 }
 
 std::array<HWND, 2> ItemClassWindow::ThemedChildren() const {

@@ -65,7 +65,7 @@ class ItemClassWindow final : public ItemClassFormView,
   void SetFonts(HFONT font) override;
   void UpdateResolution(Dpi dpi) override;
   void PlaceChildren(SIZE client, Dpi dpi) override;
-  SIZE LeastSize(Dpi dpi) const override;
+  SIZE MinimumSize(Dpi dpi) const override;
   std::array<HWND, 2> ThemedChildren() const override;
   void FocusFirst() override;
   void OnEscape() override { PressTool(FormTool::Exit); }

@@ -16,9 +16,9 @@
 namespace pricedown::windows {
 namespace {
 
-constexpr int kEdgeReach = 4;     // pixels at 96 dpi
-constexpr int kFitMargin = 12;    // beside the widest text
-constexpr int kLeastColumn = 12;  // a column that is dragged does not vanish
+constexpr int kEdgeReach = 4;       // pixels at 96 dpi
+constexpr int kFitMargin = 12;      // beside the widest text
+constexpr int kMinimumColumn = 12;  // a column that is dragged does not vanish
 
 }  // namespace
 
@@ -81,7 +81,7 @@ void GridWindow::EndMouse(bool keep) {
 }
 
 void GridWindow::SizeColumn(std::int32_t column, int pixels) {
-  const int width = std::max(pixels, dpi_.Scale(kLeastColumn));
+  const int width = std::max(pixels, dpi_.Scale(kMinimumColumn));
   grid_->SetColumnWidth(column, ColumnWidthUnits(width, dpi_.Value()));
 }
 

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "windows/base/gdi.h"
+#include "windows/base/painting.h"
 #include "windows/base/rectangles.h"
 #include "windows/com/wide_text.h"
 

@@ -9,6 +9,7 @@
 #include "windows/base/context_menu.h"
 #include "windows/base/control_ids.h"
 #include "windows/base/gdi.h"
+#include "windows/base/painting.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::windows {

@@ -13,12 +13,12 @@
 namespace pricedown::windows {
 namespace {
 
-constexpr double kMeasuringResolution = 2540;  // per inch
-constexpr int kPerTenth = 10;
 // More than a document has; after many changes of the font the cache is emptied.
-constexpr std::size_t kMostFonts = 32;
+constexpr std::size_t kMaximumFonts = 32;
 
-Tenths RoundedUp(int hundredths) { return (hundredths + kPerTenth - 1) / kPerTenth; }
+Tenths RoundedUp(int hundredths) {
+  return (hundredths + kHundredthsPerTenth - 1) / kHundredthsPerTenth;
+}
 
 }  // namespace
 
@@ -28,10 +28,10 @@ const DeviceMeasurer::MeasuredFont& DeviceMeasurer::Find(const Font& font) {
   }
   if (context_ == nullptr) context_.reset(CreateCompatibleDC(nullptr));
   if (context_ == nullptr) ThrowLastError();
-  MeasuredFont measured{font, MakeFont(font, kMeasuringResolution), {}};
+  MeasuredFont measured{font, MakeFont(font, kHimetricPerInch), {}};
   const Selected selected(context_.get(), measured.handle.Get());
   if (GetTextMetricsW(context_.get(), &measured.metrics) == FALSE) ThrowLastError();
-  if (fonts_.size() == kMostFonts) fonts_.clear();
+  if (fonts_.size() == kMaximumFonts) fonts_.clear();
   return fonts_.emplace_back(std::move(measured));
 }
 

@@ -6,13 +6,13 @@
 #include <cmath>
 
 #include "windows/base/gdi.h"
+#include "windows/base/painting.h"
 #include "windows/com/failure.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::windows {
 namespace {
 
-constexpr double kHundredthsPerTenth = 10;
 constexpr double kRuleThickness = 1.5;  // tenths
 constexpr COLORREF kInk = RGB(0, 0, 0);
 constexpr double kPalestRule = 0.45;  // of the ink
@@ -93,10 +93,9 @@ void PagePainter::PaintText(HDC context, const PageText& text, const Font& font,
                             const PageScale& scale) {
   const std::span<const int> ends = measurer_.Ends(font, text.text);
   if (ends.empty()) return;
-  const double start =
-      text.anchor - ends.back() / kHundredthsPerTenth * ShareBefore(text.alignment);
+  const double start = text.anchor - TenthsOfHundredths(ends.back()) * ShareBefore(text.alignment);
   const auto pixel = [&](int hundredths) {
-    return Rounded(scale.left + (start + hundredths / kHundredthsPerTenth) * scale.across);
+    return Rounded(scale.left + (start + TenthsOfHundredths(hundredths)) * scale.across);
   };
   const int left = pixel(0);
   steps_.clear();
@@ -106,7 +105,7 @@ void PagePainter::PaintText(HDC context, const PageText& text, const Font& font,
     steps_.push_back(next - place);
     place = next;
   }
-  const double baseline = text.top + measurer_.Ascent(font) / kHundredthsPerTenth;
+  const double baseline = text.top + TenthsOfHundredths(measurer_.Ascent(font));
   const RECT clip{Rounded(scale.left + text.clip.left * scale.across),
                   Rounded(scale.top + text.clip.top * scale.down),
                   Rounded(scale.left + text.clip.Right() * scale.across),

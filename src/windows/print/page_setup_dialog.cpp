@@ -11,17 +11,17 @@
 namespace pricedown::windows {
 namespace {
 
-constexpr int kHundredths = 10;  // of a tenth
 constexpr std::u16string_view kPageSetupFails = u"页面设置对话框无法打开";
 
 RECT InHundredths(const Margins& margins) {
-  return {margins.left * kHundredths, margins.top * kHundredths, margins.right * kHundredths,
-          margins.bottom * kHundredths};
+  return {margins.left * kHundredthsPerTenth, margins.top * kHundredthsPerTenth,
+          margins.right * kHundredthsPerTenth, margins.bottom * kHundredthsPerTenth};
 }
 
 Margins InTenths(const RECT& box) {
   const auto tenths = [](LONG hundredths) {
-    return static_cast<Tenths>((std::max<LONG>(hundredths, 0) + kHundredths / 2) / kHundredths);
+    return static_cast<Tenths>((std::max<LONG>(hundredths, 0) + kHundredthsPerTenth / 2) /
+                               kHundredthsPerTenth);
   };
   return {tenths(box.left), tenths(box.top), tenths(box.right), tenths(box.bottom)};
 }
@@ -45,8 +45,8 @@ bool AskOnce(HWND owner, Printer& printer, DWORD& error) {
   printer.Choose(mode.Get(), names.Get());
   Paper paper = printer.CurrentPaper();
   if (!printer.Exists() && dialog.ptPaperSize.x > 0 && dialog.ptPaperSize.y > 0) {
-    paper.width = dialog.ptPaperSize.x / kHundredths;
-    paper.height = dialog.ptPaperSize.y / kHundredths;
+    paper.width = dialog.ptPaperSize.x / kHundredthsPerTenth;
+    paper.height = dialog.ptPaperSize.y / kHundredthsPerTenth;
   }
   paper.margins = InTenths(dialog.rtMargin);
   printer.ChoosePaper(paper);

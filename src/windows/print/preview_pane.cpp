@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "windows/base/gdi.h"
+#include "windows/base/painting.h"
 #include "windows/base/provider_values.h"
 #include "windows/base/rectangles.h"
 #include "windows/com/variant.h"

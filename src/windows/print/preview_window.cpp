@@ -120,15 +120,15 @@ PreviewMeasures PreviewWindow::Measures() const {
   measures.pageField = width(kWidestPage) + dpi.Scale(kFieldEdges);
   measures.pageCount = width(PageCountText(kWidestCount));
   measures.zoomLabel = width(Translate(kZoomLabel)) - mnemonic;
-  measures.zoom = {width(ZoomText(kGreatestPreviewPercent)) + 2 * dpi.Scale(kFieldEdges) +
+  measures.zoom = {width(ZoomText(kMaximumPreviewPercent)) + 2 * dpi.Scale(kFieldEdges) +
                        GetSystemMetrics(SM_CXVSCROLL),
                    HeightOf(zoom)};
   measures.lineHeight = LineHeight(context.Get(), TextFont());
   return measures;
 }
 
-SIZE PreviewWindow::LeastSize(Dpi dpi) const {
-  return ToSize(LeastPreviewSize(Measures(), dpi.Value()));
+SIZE PreviewWindow::MinimumSize(Dpi dpi) const {
+  return ToSize(MinimumPreviewSize(Measures(), dpi.Value()));
 }
 
 std::array<HWND, 2> PreviewWindow::ThemedChildren() const {

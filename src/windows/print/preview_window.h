@@ -45,7 +45,7 @@ class PreviewWindow final : public ModalFrameWindow, private PaneEvents {
   void SetFonts(HFONT font) override;
   void UpdateResolution(Dpi dpi) override;
   void PlaceChildren(SIZE client, Dpi dpi) override;
-  SIZE LeastSize(Dpi dpi) const override;
+  SIZE MinimumSize(Dpi dpi) const override;
   std::array<HWND, 2> ThemedChildren() const override;
   void FocusFirst() override;
   void OnEscape() override { Run(PreviewCommand::Close); }

@@ -11,7 +11,7 @@ namespace pricedown::windows {
 namespace {
 
 // The largest means an empty field.
-constexpr std::int32_t kMostPages = 0xFFFE;
+constexpr std::int32_t kMaximumPages = 0xFFFE;
 constexpr std::u16string_view kPrintDialogFails = u"打印对话框无法打开";
 
 PrintChoice ChoiceOf(const PRINTDLGW& dialog) {
@@ -35,7 +35,7 @@ std::optional<PrintChoice> AskPrint(HWND owner, Printer& printer, std::int32_t p
     dialog.hwndOwner = owner;
     dialog.Flags = PD_ALLPAGES | PD_COLLATE | PD_NOSELECTION | PD_HIDEPRINTTOFILE | PD_NOWARNING;
     dialog.nMinPage = 1;
-    dialog.nMaxPage = static_cast<WORD>(std::min(pageCount, kMostPages));
+    dialog.nMaxPage = static_cast<WORD>(std::min(pageCount, kMaximumPages));
     dialog.nFromPage = dialog.nMinPage;
     dialog.nToPage = dialog.nMaxPage;
     dialog.nCopies = 1;

@@ -11,6 +11,7 @@
 #include "print/preview_fields.h"
 #include "print/preview_layout.h"
 #include "windows/base/dpi.h"
+#include "windows/base/painting.h"
 #include "windows/base/rectangles.h"
 #include "windows/com/failure.h"
 #include "windows/com/wide_text.h"
@@ -122,8 +123,7 @@ LRESULT PrintProgress::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 1;
     }
     case WM_CTLCOLORSTATIC:
-      SetBkColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_BTNFACE));
-      return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
+      return OnButtonFace(wParam);
     default:
       return Default(message, wParam, lParam);
   }

@@ -1,6 +1,7 @@
 // Each command starts with the user's current printer.
 #include "windows/print/windows_print_output.h"
 
+#include "platform/scope_exit.h"
 #include "windows/print/dialog_printing.h"
 #include "windows/print/page_setup_dialog.h"
 
@@ -9,13 +10,7 @@ namespace pricedown::windows {
 void WindowsPrintOutput::Preview(PrintDocument& document) {
   printer_.UseDefault();
   PreviewDialog dialog(module_, document, *this);
-  struct Shown {
-    PreviewDialog*& dialog;
-    ~Shown() { dialog = nullptr; }
-  };
-  const Shown shown{shown_};
-  // `shown` resets it first.
-  // cppcheck-suppress danglingLifetime
+  const ScopeExit hidden([this] { shown_ = nullptr; });
   shown_ = &dialog;
   dialog.ShowModal(window_.DialogOwner());
 }

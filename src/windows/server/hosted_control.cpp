@@ -14,7 +14,6 @@ namespace {
 
 // 210 x 120 mm.
 constexpr SIZEL kFirstExtent{21000, 12000};
-constexpr int kHimetricPerInch = 2540;
 
 }  // namespace
 

@@ -86,11 +86,11 @@ std::string ExtentOf(const ControlHost& host) {
 }
 
 TEST(Extents, OfAnySizeAreAccepted) {
-  constexpr LONG kMost = std::numeric_limits<LONG>::max();
+  constexpr LONG kMaximum = std::numeric_limits<LONG>::max();
   ControlHost host;
   const auto object = host.As<IOleObject>();
-  for (SIZEL size : {SIZEL{0, 0}, SIZEL{1, 1}, SIZEL{0, 5000}, SIZEL{kMost, kMost}, SIZEL{kMost, 0},
-                     SIZEL{9000, 6000}}) {
+  for (SIZEL size : {SIZEL{0, 0}, SIZEL{1, 1}, SIZEL{0, 5000}, SIZEL{kMaximum, kMaximum},
+                     SIZEL{kMaximum, 0}, SIZEL{9000, 6000}}) {
     EXPECT_EQ(object->SetExtent(DVASPECT_CONTENT, &size), S_OK);
     EXPECT_EQ(ExtentOf(host), std::to_string(size.cx) + "x" + std::to_string(size.cy));
   }

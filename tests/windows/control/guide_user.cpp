@@ -18,8 +18,8 @@ namespace pricedown::testing {
 namespace {
 
 // More than any window has of either.
-constexpr int kMostTabs = 8;
-constexpr int kMostButtons = 12;
+constexpr int kMaximumTabs = 8;
+constexpr int kMaximumButtons = 12;
 
 void PostFocusKey(WPARAM key) { PostMessageW(GetFocus(), WM_KEYDOWN, key, 1); }
 
@@ -79,13 +79,13 @@ Steps StepsOfKey(const KeyPress& press) {
 
 Steps StepsByBar(const std::string& caption) {
   Steps steps;
-  for (int i = 0; i < kMostTabs; ++i) {
+  for (int i = 0; i < kMaximumTabs; ++i) {
     steps.emplace_back([caption] {
       if (!HasButton(GetFocus(), caption)) PostFocusKey(VK_TAB);
     });
   }
   steps.emplace_back([] { PostFocusKey(VK_HOME); });
-  for (int i = 0; i < kMostButtons; ++i) {
+  for (int i = 0; i < kMaximumButtons; ++i) {
     steps.emplace_back([caption] {
       if (HotCaption() != caption) PostFocusKey(VK_RIGHT);
     });

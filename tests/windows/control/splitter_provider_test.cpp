@@ -87,13 +87,13 @@ TEST_F(SplitterProviderTest, IsANamedSeparator) {
 
 TEST_F(SplitterProviderTest, HasItsPositionAndItsLimitsAsARange) {
   EXPECT_EQ(Number(&IRangeValueProvider::get_Value), start_);
-  EXPECT_EQ(Number(&IRangeValueProvider::get_Minimum), Pixels(kLeastPaneWidth));
+  EXPECT_EQ(Number(&IRangeValueProvider::get_Minimum), Pixels(kMinimumPaneWidth));
   const int width = host_.Inside().right;
-  EXPECT_NEAR(Number(&IRangeValueProvider::get_Maximum), width - Pixels(kLeastPaneWidth),
+  EXPECT_NEAR(Number(&IRangeValueProvider::get_Maximum), width - Pixels(kMinimumPaneWidth),
               Pixels(kSplitterWidth) + 1);
   EXPECT_EQ(Number(&IRangeValueProvider::get_SmallChange), Pixels(kSplitterStep));
   MoveTo(3);
-  EXPECT_EQ(Number(&IRangeValueProvider::get_Value), Pixels(kLeastPaneWidth))
+  EXPECT_EQ(Number(&IRangeValueProvider::get_Value), Pixels(kMinimumPaneWidth))
       << "a value is inside its range";
 }
 
@@ -103,7 +103,7 @@ TEST_F(SplitterProviderTest, AValueIsADragToThatPosition) {
 }
 
 TEST_F(SplitterProviderTest, RefusesValuesOutsideItsRange) {
-  EXPECT_EQ(Range()->SetValue(Pixels(kLeastPaneWidth) - 1), E_INVALIDARG);
+  EXPECT_EQ(Range()->SetValue(Pixels(kMinimumPaneWidth) - 1), E_INVALIDARG);
   EXPECT_EQ(Range()->SetValue(5000), E_INVALIDARG);
   EXPECT_EQ(events_, Log{});
 }

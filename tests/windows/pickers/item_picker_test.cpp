@@ -234,7 +234,7 @@ TEST_F(ItemPickerWindow, WholeTableIsSearchedAndScrolled) {
 
 TEST(ItemPickerOnManyItems, RefusesToChooseMoreThanTheLimitAndReportsIt) {
   CompanyFilePlan plan;
-  plan.large = LargeCompanyPlan{1, static_cast<int>(kMostChosen) + 1, 20};
+  plan.large = LargeCompanyPlan{1, static_cast<int>(kMaximumChosen) + 1, 20};
   PickerCompany company(plan);
   DialogPickers pickers(GetModuleHandleW(nullptr));
   PickerUser user;

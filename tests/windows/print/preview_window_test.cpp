@@ -186,7 +186,7 @@ TEST_F(PreviewWindowTest, AppliesATypedSizeWithinItsLimits) {
                  [&] { EXPECT_EQ(Zoom(), "10%"); }, [&] { CloseByFrame(); }});
 }
 
-TEST_F(PreviewWindowTest, ListsTheUsualSizes) {
+TEST_F(PreviewWindowTest, ListsTheStandardSizes) {
   std::string whole;
   ShowFivePages({[&] {
                    whole = Zoom();

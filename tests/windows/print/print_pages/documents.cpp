@@ -9,10 +9,10 @@
 namespace pricedown::testing {
 namespace {
 
-constexpr std::int32_t kUsualNameWidth = 3000;
+constexpr std::int32_t kDefaultNameWidth = 3000;
 constexpr std::int32_t kWideNameWidth = 9000;
 
-void FillRows(PrintTable& table, std::int32_t rows, std::int32_t nameWidth = kUsualNameWidth) {
+void FillRows(PrintTable& table, std::int32_t rows, std::int32_t nameWidth = kDefaultNameWidth) {
   table.Clear();
   table.AddColumn(u"物料代码", 1800);
   table.AddColumn(u"物料名称", nameWidth);
