@@ -58,7 +58,7 @@ Tenths DeviceMeasurer::Width(const Font& font, std::u16string_view text) {
 std::size_t DeviceMeasurer::FittingLength(const Font& font, std::u16string_view text,
                                           Tenths available) {
   const std::span<const int> ends = Ends(font, text);
-  const auto tooLong = std::upper_bound(ends.begin(), ends.end(), available * kPerTenth);
+  const auto tooLong = std::upper_bound(ends.begin(), ends.end(), available * kHundredthsPerTenth);
   return static_cast<std::size_t>(tooLong - ends.begin());
 }
 
