@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <charconv>
 #include <fstream>
+#include <nlohmann/json.hpp>
 #include <utility>
 
 #include "platform/error.h"
@@ -87,6 +88,24 @@ Json Shown(const char* kind, ObjectNumber object, std::u16string_view member, Js
 }
 
 }  // namespace
+
+struct Replay::Call {
+  std::size_t line = 0;
+  Json json;
+};
+
+struct Replay::Actual {
+  const char* kind;
+  ObjectNumber object = 0;
+  std::u16string member{};
+  bool isDefault = false;
+  Json arguments = Json::array();
+};
+
+Replay::Replay() = default;
+Replay::~Replay() = default;
+
+std::size_t Replay::CallsLeft() const { return calls_.size() - next_; }
 
 class Replay::Object final : public pricedown::AutomationObject {
  public:

@@ -24,6 +24,8 @@ class Replay final : public pricedown::ObjectFactory, public std::enable_shared_
   static std::shared_ptr<Replay> Read(std::istream& lines);
   static std::shared_ptr<Replay> Open(const std::filesystem::path& file);
 
+  ~Replay() override;
+
   // The object whose creation is the next line; where that differs, one whose calls fail. Throws
   // AutomationError where the creation failed.
   pricedown::ObjectPtr Create(std::u16string_view progId) override;
@@ -31,26 +33,17 @@ class Replay final : public pricedown::ObjectFactory, public std::enable_shared_
   // Whether the recording creates an object of that ProgID.
   bool Creates(std::u16string_view progId) const;
   // Of calls that were not made yet.
-  std::size_t CallsLeft() const { return calls_.size() - next_; }
+  std::size_t CallsLeft() const;
   // Text of the first difference; empty while there was none.
   const std::u16string& Difference() const { return difference_; }
 
  private:
   class Object;
-  struct Call {
-    std::size_t line = 0;
-    Json json;
-  };
+  struct Call;
   // What was called, in the form of a line.
-  struct Actual {
-    const char* kind;
-    ObjectNumber object = 0;
-    std::u16string member{};
-    bool isDefault = false;
-    Json arguments = Json::array();
-  };
+  struct Actual;
 
-  Replay() = default;
+  Replay();
   void ReadLine(std::size_t number, const std::string& line);
   // The next line, if it is that call; throws AutomationError for the difference otherwise.
   const Json& Expect(const Actual& actual);

@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <limits>
+#include <nlohmann/json.hpp>
 #include <utility>
 #include <vector>
 

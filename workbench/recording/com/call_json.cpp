@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdio>
+#include <nlohmann/json.hpp>
 #include <string>
 
 #include "platform/text.h"

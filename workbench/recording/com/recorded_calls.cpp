@@ -1,6 +1,7 @@
 // Calls of a recorded object: forwarded, then written down.
 #include <windows.h>
 
+#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 

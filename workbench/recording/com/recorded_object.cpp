@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <mutex>
+#include <nlohmann/json.hpp>
 #include <string_view>
 #include <unordered_map>
 

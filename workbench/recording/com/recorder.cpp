@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdio>
+#include <nlohmann/json.hpp>
 
 #include "platform/text.h"
 #include "windows/com/wide_text.h"

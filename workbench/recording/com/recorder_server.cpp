@@ -1,6 +1,8 @@
 // SuiteRecorder.dll: recorded objects behind the suite's ProgIDs.
 #include <windows.h>
 
+#include <nlohmann/json.hpp>
+
 #include "windows/com/boundary.h"
 #include "windows/com/com_class.h"
 #include "workbench/recording/com/call_json.h"
