@@ -11,6 +11,7 @@
 #include "tests/control/button.h"
 #include "tests/faults/allocations.h"
 #include "tests/faults/operations.h"
+#include "tests/support/number_from_environment.h"
 
 namespace workbench {
 namespace {
@@ -24,7 +25,8 @@ struct Kind {
   const char* name;
   void (*fail)(FaultWorld& world, int n);  // 0: none; also begins to count
   int (*count)(FaultWorld& world);
-  // Samples that many points, because every run costs a whole operation.
+  // Samples that many points, because every run costs a whole operation; PRICEDOWN_FAULT_POINTS in
+  // the environment sets a larger number.
   int most;
 };
 
@@ -123,7 +125,8 @@ TEST_P(FaultPoints, LeaveNothingBroken) {
   for (const Kind& kind : kKinds) {
     SCOPED_TRACE(kind.name);
     const int count = RunOnce(kind, 0);
-    const int step = std::max(1, (count + kind.most - 1) / kind.most);
+    const int most = pricedown::testing::NumberFromEnvironment("PRICEDOWN_FAULT_POINTS", kind.most);
+    const int step = std::max(1, (count + most - 1) / most);
     int covered = 0;
     for (int point = 1; point <= count; point += step) {
       SCOPED_TRACE("number " + std::to_string(point) + " of " + std::to_string(count));

@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <functional>
 
+#include "tests/support/number_from_environment.h"
 #include "tests/windows/conformance/process_resources.h"
 #include "tests/windows/raw_call.h"
 #include "tests/windows/server/control_host.h"
@@ -21,10 +21,9 @@ using windows::ComPtr;
 // Less than the smallest block of memory in every life.
 constexpr long kBytesPerLife = 4;
 
-// The usual number of lives, or this share of the number that scripts/lives requests.
+// The usual number of lives, or this share of the number that PRICEDOWN_LIVES requests.
 int Lives(int usual, int part) {
-  const char* const asked = std::getenv("PRICEDOWN_LIVES");
-  return asked == nullptr ? usual : std::max(usual, std::atoi(asked) / part);
+  return std::max(usual, NumberFromEnvironment("PRICEDOWN_LIVES", 0) / part);
 }
 
 // What the system itself leaks with each label that had a font: nothing on Windows, one small block

@@ -6,11 +6,11 @@
 #include <algorithm>
 #include <atomic>
 #include <cstdio>
-#include <cstdlib>
 #include <functional>
 #include <iostream>
 #include <string>
 
+#include "tests/support/number_from_environment.h"
 #include "tests/windows/conformance/process_resources.h"
 #include "tests/windows/faults/import_faults.h"
 #include "tests/windows/raw_call.h"
@@ -112,12 +112,6 @@ void RunOnce(ImportFaults& faults, FaultKind kind, int failing, const Operation&
   faults.Stop();
 }
 
-// Of each kind; PRICEDOWN_FAULT_POINTS in the environment sets another number.
-int PointsAskedFor(int usual) {
-  const char* const asked = std::getenv("PRICEDOWN_FAULT_POINTS");
-  return asked == nullptr ? usual : std::max(usual, std::atoi(asked));
-}
-
 // Runs with each of `calls` failing in turn, or with at most `most` samples, because every run
 // costs a whole operation. Returns the number of runs.
 int FailSpread(ImportFaults& faults, FaultKind kind, int count, int most,
@@ -138,9 +132,11 @@ bool HasGrown(const ProcessResources& before, const ProcessResources& after) {
 
 int covered = 0;
 
-// Runs it without failures, then with calls of each kind failing. Growth may be a cache of the
-// system; repeated growth is a leak.
-void FailEach(ImportFaults& faults, int most, const Operation& operation) {
+// Runs it without failures, then with calls of each kind failing, at most `usual` of them or as
+// many as PRICEDOWN_FAULT_POINTS in the environment says. Growth may be a cache of the system;
+// repeated growth is a leak.
+void FailEach(ImportFaults& faults, int usual, const Operation& operation) {
+  const int most = NumberFromEnvironment("PRICEDOWN_FAULT_POINTS", usual);
   for (const Kind& kind : kKinds) {
     SCOPED_TRACE(kind.name);
     // Twice, because the first time fills caches.
@@ -151,7 +147,7 @@ void FailEach(ImportFaults& faults, int most, const Operation& operation) {
     bool grown = true;
     for (int round = 0; round < kRounds && grown; ++round) {
       const ProcessResources before = ResourcesNow();
-      points = FailSpread(faults, kind.kind, count, PointsAskedFor(most), operation);
+      points = FailSpread(faults, kind.kind, count, most, operation);
       grown = HasGrown(before, ResourcesNow());
     }
     EXPECT_FALSE(grown) << "handles, windows, menus or GDI objects are left";
@@ -236,6 +232,19 @@ TEST_F(LibraryFaults, OfAddingAreReported) { FailForm(L"addRecord", kSomePoints)
 TEST_F(LibraryFaults, OfChangingAreReported) { FailForm(L"editRecord", kFewPoints); }
 
 TEST_F(LibraryFaults, OfPreviewingAreReported) { FailForm(L"PreviewPara", kFewPoints); }
+
+TEST_F(LibraryFaults, OfPrintingAreReported) {
+  host.Open();
+  FailEach(faults, kFewPoints, [&](int failing) {
+    user.Forget();
+    const std::string answer = Statement(host.control.get(), L"PrintPara");
+    faults.Stop();
+    EXPECT_TRUE(user.SawBox() || answer != "S_OK") << "nothing is done or said";
+    EXPECT_TRUE(failing != 0 || answer == "S_OK") << answer;
+    ExpectUsable();
+  });
+  host.Close();
+}
 
 TEST_F(LibraryFaults, OfTheQuestionDeleteNothing) {
   host.Open();
