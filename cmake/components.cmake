@@ -32,6 +32,18 @@ macro(optimize_for_size)
   endif()
 endmacro()
 
+# count_runs(): with PRICEDOWN_COVERAGE the targets of the calling CMakeLists.txt and of those below it
+# count which of their lines run; the lowest of them links ${counters}. The rest is compiled as usual.
+macro(count_runs)
+  if(PRICEDOWN_COVERAGE)
+    add_compile_options(-O0 --coverage -U_FORTIFY_SOURCE)
+    set(counters gcov)
+    # Others of the kind do not count.
+    set(precompiled_counted ${precompiled_${precompiled_kind}})
+    set(precompiled_kind counted)
+  endif()
+endmacro()
+
 # add_component(TARGET [FOLDERS folder...] INCLUDE_ROOT dir [LINK target...])
 function(add_component target)
   cmake_parse_arguments(PARSE_ARGV 1 component "" "INCLUDE_ROOT" "FOLDERS;LINK")
