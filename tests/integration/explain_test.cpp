@@ -1,11 +1,11 @@
 // `explain` compared with the library's own guards, on generated companies.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <random>
 
 #include "platform/error.h"
 #include "tests/integration/control_fixture.h"
+#include "tests/support/number_from_environment.h"
 #include "workbench/sample/company_explain.h"
 
 namespace workbench {
@@ -17,10 +17,8 @@ using pricedown::NumberText;
 
 class ExplainOnCompany : public ControlOnCompany {
  protected:
-  // ./test generates a thousand for each test; more by the environment.
   static int Companies() {
-    const char* text = std::getenv("PRICEDOWN_COMPANIES");
-    return text == nullptr ? 1000 : std::atoi(text);
+    return pricedown::testing::NumberFromEnvironment("PRICEDOWN_COMPANIES", 1000);
   }
 
   std::int32_t Draw(std::int32_t below) {
