@@ -17,6 +17,9 @@ void PickAccount(FormContext& form, FormField field) {
   // Nothing chosen: empty, or the object Nothing.
   if (account.IsNothing() || account == Value(nullptr)) return;
   form.view.SetText(field, ToText(RequireObject(account, u"ReturnObject")->Get(u"Number")));
+  // Also when the field held that number already; the form may have closed while the picker was
+  // open.
+  if (!form.HasEnded()) form.view.SetToolEnabled(FormTool::Save, true);
   form.environment.screen.RunPendingMessages();
 }
 

@@ -31,11 +31,32 @@ TEST_F(AccountLookup, WritesTheChosenNumberIntoTheFieldOfTheButton) {
       account.Number()
       text txtitem(1) = "1281.10"
       enable Save
+      enable Save
       screen messages
       release account
       release result
       )"));
   EXPECT_EQ(Utf8(view.Text(FormField::LossAccount)), "5711");
+}
+
+// A field that keeps its text reports no change.
+TEST_F(AccountLookup, EnablesSavingWhenTheFieldHeldTheChosenNumberAlready) {
+  view.Type(FormField::LossAccount, u"1281.10");
+  view.tools[FormTool::Save] = false;
+  form.LookupRequested(FormField::LossAccount);
+  EXPECT_TRUE(view.tools[FormTool::Save]);
+}
+
+TEST_F(AccountLookup, EnablesNothingInAFormThatWasClosedWhileThePickerWasOpen) {
+  factory.Object(u"account").On(u"Number", Reply::From([this](auto) {
+                                  form.Unload();
+                                  return Value(u"1281.10");
+                                }));
+  form.LookupRequested(FormField::ReserveAccount);
+  form.LookupRequested(FormField::ReserveAccount);
+  const std::string text = log.Text();
+  EXPECT_EQ(log.Count("unload"), 1u);
+  EXPECT_EQ(text.find("enable Save", text.find("unload")), text.npos) << text;
 }
 
 TEST_F(AccountLookup, PassesTheTextTrimmed) {

@@ -91,6 +91,34 @@ TEST_F(ItemClassDataWindow, RemovesTheSelectedItemsButTheRefusedOne) {
   EXPECT_NE(Classes().find("A1|原材料|1|"), std::string::npos);
 }
 
+TEST_F(ItemClassDataWindow, PickingTheSameAccountEnablesSaving) {
+  pickers->accounts = {u"5711"};
+  ShowForEdit(u"A1", {[&] {
+                        ClickTool(FormTool::Save);
+                        EXPECT_FALSE(IsEnabled(FormTool::Save));
+                      },
+                      [&] {
+                        ClickChild(form_ids::kLossLookup);
+                        EXPECT_EQ(TextIn(form_ids::kLossAccount), "5711");
+                        EXPECT_TRUE(IsEnabled(FormTool::Save));
+                      },
+                      [&] { CloseByFrame(); }});
+  EXPECT_TRUE(boxes.All().empty());
+}
+
+TEST_F(ItemClassDataWindow, ClicksBetweenTheToolsStartNothing) {
+  const std::string before = Classes();
+  ShowForEdit(u"A1", {[&] {
+                        ClickTool(FormTool{3});
+                        ClickTool(FormTool{6});
+                        EXPECT_NE(Form(), nullptr);
+                        EXPECT_TRUE(IsEnabled(FormTool::Save));
+                      },
+                      [&] { CloseByFrame(); }});
+  EXPECT_TRUE(boxes.All().empty());
+  EXPECT_EQ(Classes(), before);
+}
+
 TEST_F(ItemClassDataWindow, TheDeleteKeyOfTheListRemovesNothing) {
   ShowForEdit(u"A1", {[&] {
                         ClickRow(0);
