@@ -109,10 +109,22 @@ void AppendItem(const Recordset& members, const RowHeader& header, AutomationObj
   }
 }
 
-// A result without a single value names several items.
+// An answer of a kind that is no Boolean, such as Null or an empty text, cancels.
+bool IsConfirmed(AutomationObject& result) {
+  const Value answer = result.Get(u"ReturnOK");
+  bool confirmed = false;
+  SkipFailing([&] { confirmed = ToBoolean(answer); });
+  return confirmed;
+}
+
+// Several items have an empty text in place of the single value; Null and objects are no texts.
+bool NamesSeveral(const Value& value) {
+  return value.Is(Value::Kind::Empty) || (value.Is(Value::Kind::Text) && value.Text().empty());
+}
+
 void AppendChosen(FormContext& form, const RowHeader& header, AutomationObject& result) {
   const Recordset members = form.state.memberList;
-  const bool several = ToText(result.Get(u"ReturnValue")).empty();
+  const bool several = NamesSeveral(result.Get(u"ReturnValue"));
   const Value answer = result.Get(u"ReturnObject");
   // Confirmed with nothing chosen.
   if (answer.IsNothing() || answer == Value(nullptr)) return;
@@ -138,7 +150,7 @@ void AddItems(FormContext& form) {
   {
     const ObjectPtr result = LookUpItems(form, condition, std::move(parameters));
     try {
-      if (ToBoolean(result->Get(u"ReturnOK"))) AppendChosen(form, header, *result);
+      if (IsConfirmed(*result)) AppendChosen(form, header, *result);
     } catch (...) {
       // The rows appended before stay: a save would write them, so the user sees them.
       SkipFailing([&form] { CountRows(form); });

@@ -292,6 +292,53 @@ TEST_F(ItemLookup, AppendsNothingWhenThePickerConfirmsNothing) {
   }
 }
 
+TEST_F(ItemLookup, TakesAnAnswerThatIsNoBooleanAsCancelled) {
+  const Value answers[] = {Null{}, u"", u"也许", Value(), factory.NewObject(u"washer")};
+  for (const Value& answer : answers) {
+    EditorWorld world;
+    ScriptPicker(world.factory, {});
+    ChooseOne(world.factory, u"washer");
+    world.factory.Object(u"result").On(u"ReturnOK", Reply::From([&](auto) { return answer; }));
+    world.OpenForEdit();
+    // The first answer is that of ChooseOne.
+    world.form.ToolClicked(FormTool::AddItem);
+    world.log.Clear();
+    EXPECT_EQ(ErrorOf([&] { world.form.ToolClicked(FormTool::AddItem); }), std::nullopt)
+        << Readable(answer);
+    EXPECT_THAT(world.MemberIds(), ElementsAre(101, 102, 201)) << Readable(answer);
+    EXPECT_EQ(world.log.Lines().back(), "rows 4") << Readable(answer);
+  }
+}
+
+TEST_F(ItemLookup, TakesOnlyAnEmptyTextForSeveralItems) {
+  struct Case {
+    Value value;
+    bool several;
+  };
+  const Case cases[] = {{u"", true},
+                        {Value(), true},
+                        {Null{}, false},
+                        {u" ", false},
+                        {0, false},
+                        {factory.NewObject(u"washer"), false},
+                        {std::vector<Value>{}, false}};
+  for (const Case& given : cases) {
+    EditorWorld world;
+    ScriptPicker(world.factory, {});
+    const std::u16string_view chosen = given.several ? u"chosen" : u"washer";
+    ChooseBoth(world.factory);
+    world.factory.Object(u"one")
+        .On(u"ReturnOK", Reply(true))
+        .On(u"ReturnValue", Reply::From([&](auto) { return given.value; }))
+        .On(u"ReturnObject", world.factory.Answering(chosen));
+    world.factory.Object(kLedgerViewId).On(u"ItemLookUp", world.factory.Answering(u"one"));
+    world.OpenForEdit();
+    world.form.ToolClicked(FormTool::AddItem);
+    world.form.ToolClicked(FormTool::AddItem);
+    EXPECT_EQ(world.log.Count("chosen.Size()"), given.several ? 2u : 1u) << Readable(given.value);
+  }
+}
+
 TEST_F(ItemLookup, SharesTheLedgerViewWithTheAccountLookup) {
   Cancel(factory);
   state.ledgerView = factory.NewObject(kLedgerViewId);
