@@ -15,6 +15,7 @@
 #include "platform/convert.h"
 #include "platform/first_failure.h"
 #include "platform/skip.h"
+#include "platform/text.h"
 #include "store/tables.h"
 
 namespace pricedown {
@@ -99,8 +100,8 @@ void ItemClassForm::FillFields() {
   for (const FormField field : kFormFields) {
     std::u16string text = ToText(members.Field(ColumnOf(field)));
     // A field shows no more than may be typed into it.
-    if (const std::size_t most = MaximumLength(field); most > 0 && text.size() > most) {
-      text.resize(most);
+    if (const std::size_t most = MaximumLength(field); most > 0) {
+      text.resize(CutLength(text, most));
     }
     parts_.view.SetText(field, text);
   }

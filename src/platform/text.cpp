@@ -1,7 +1,6 @@
 // The helpers on UTF-16 text.
 #include "platform/text.h"
 
-#include <cstddef>
 #include <cstdint>
 
 #include "platform/upper_case.h"
@@ -97,6 +96,12 @@ std::u16string_view Trim(std::u16string_view text) {
   const std::size_t first = text.find_first_not_of(u' ');
   if (first == std::u16string_view::npos) return {};
   return text.substr(first, text.find_last_not_of(u' ') - first + 1);
+}
+
+std::size_t CutLength(std::u16string_view text, std::size_t most) {
+  if (text.size() <= most) return text.size();
+  const bool cutsPair = most > 0 && IsHighSurrogate(text[most - 1]) && IsLowSurrogate(text[most]);
+  return cutsPair ? most - 1 : most;
 }
 
 bool EqualsIgnoringCase(std::u16string_view left, std::u16string_view right) {

@@ -1,6 +1,7 @@
 // Small helpers on UTF-16 text as the suite counts it.
 #pragma once
 
+#include <cstddef>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -14,6 +15,10 @@ std::u16string Concatenate(std::initializer_list<std::u16string_view> pieces);
 
 // Without leading and trailing blanks (U+0020 only).
 std::u16string_view Trim(std::u16string_view text);
+
+// The length of the beginning of `text` that has at most `most` units and ends in no half of a
+// surrogate pair.
+std::size_t CutLength(std::u16string_view text, std::size_t most);
 
 // ASCII letters compare equal in either case; for names of members, columns and settings.
 bool EqualsIgnoringCase(std::u16string_view left, std::u16string_view right);

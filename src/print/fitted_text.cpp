@@ -4,13 +4,13 @@
 #include <algorithm>
 #include <string>
 
+#include "platform/text.h"
+
 namespace pricedown {
 namespace {
 
 constexpr std::u16string_view kEllipsis = u"…";
 constexpr std::size_t kFirstGuess = 32;  // most cells are shorter: one measurement
-
-bool IsHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
 
 // A line break or tab in an item's name would show as a box. A constant object, so that searching
 // for it is compiled into one loop.
@@ -52,9 +52,8 @@ std::u16string_view Shorten(TextMeasurer& measurer, const Font& font, std::u16st
   }
   const Tenths room = available - measurer.Width(font, kEllipsis);
   if (room < 0) return {};
-  std::size_t length = measurer.FittingLength(font, beginning.Of(tooLong), room);
-  // A surrogate pair is never cut in two.
-  if (length > 0 && IsHighSurrogate(text[length - 1])) --length;
+  const std::size_t length =
+      CutLength(text, measurer.FittingLength(font, beginning.Of(tooLong), room));
   return made.Keep(std::u16string(beginning.Of(length)).append(kEllipsis));
 }
 

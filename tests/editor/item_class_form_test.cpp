@@ -147,6 +147,16 @@ TEST_F(ItemClassFormTest, FillsFieldsUpToTheirMaximumLength) {
   EXPECT_EQ(view.Text(FormField::LossAccount).size(), 60u);
 }
 
+// 40 units are 20 of these characters; behind a letter the 40th is half of one.
+TEST_F(ItemClassFormTest, CutsNoCharacterOfTwoUnitsInTwo) {
+  std::u16string pairs;
+  for (int i = 0; i < 25; ++i) pairs += u"𠮷";
+  OpenForEdit({pairs, u"x" + pairs, u"5711", u"1281.1", 1}, BoltAndNut());
+  EXPECT_EQ(Field(FormField::ClassNumber), Utf8(pairs.substr(0, 40)));
+  EXPECT_EQ(Field(FormField::ClassName), Utf8(u"x" + pairs.substr(0, 38)));
+  EXPECT_EQ(view.Text(FormField::ClassName).size(), 39u);
+}
+
 TEST_F(ItemClassFormTest, StoresASnapshotOfTheShownFields) {
   OpenForEdit();
   EXPECT_EQ(form.State().savedValues, RawMaterials());

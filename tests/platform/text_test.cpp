@@ -47,6 +47,31 @@ INSTANTIATE_TEST_SUITE_P(
                       TrimCase{"LineBreakStays", u" x\r\n", "x\r\n"}),
     CaseName<TrimCase>);
 
+struct CutCase {
+  const char* name;
+  std::u16string_view given;
+  std::size_t most;
+  std::size_t expected;
+};
+void PrintTo(const CutCase& row, std::ostream* stream) { *stream << row.name; }
+
+class Cut : public ::testing::TestWithParam<CutCase> {};
+
+TEST_P(Cut, LeavesNoHalfOfASurrogatePair) {
+  EXPECT_EQ(CutLength(GetParam().given, GetParam().most), GetParam().expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, Cut,
+    ::testing::Values(CutCase{"Empty", u"", 3, 0}, CutCase{"Shorter", u"ab", 3, 2},
+                      CutCase{"Exact", u"abc", 3, 3}, CutCase{"Longer", u"abcd", 3, 3},
+                      CutCase{"Nothing", u"abc", 0, 0}, CutCase{"BetweenPairs", u"𠮷𠮷", 2, 2},
+                      CutCase{"InsideAPair", u"𠮷𠮷", 3, 2}, CutCase{"FirstPair", u"𠮷", 1, 0},
+                      CutCase{"WholePair", u"a𠮷", 3, 3},
+                      CutCase{"LoneHighSurrogate", u"a\xD842z", 2, 2},
+                      CutCase{"LoneHighSurrogateAtTheEnd", u"a\xD842", 2, 2}),
+    CaseName<CutCase>);
+
 TEST(EqualsIgnoringCase, TreatsAsciiLettersAsEqualInEitherCase) {
   EXPECT_TRUE(EqualsIgnoringCase(u"FitemClassNumber", u"FItemClassNumber"));
   EXPECT_TRUE(EqualsIgnoringCase(u"", u""));
