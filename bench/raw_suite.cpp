@@ -77,7 +77,8 @@ void AskForCreation(ObjectFactory& factory) {
   SystemSetting(factory, u"IC", u"UseShortNumber");
   ReadCurrentPeriod(factory, state);
   UpdatePrice(factory).ReadItemClassType();
-  ReadFontProperties(factory);
+  Font font;
+  ReadFontProperties(factory, font);
 }
 
 void AskForShowing(ObjectFactory& factory) {

@@ -35,7 +35,9 @@ void PrintCommands::ChooseDisplayFont(FontDialog& dialog) {
 }
 
 void PrintCommands::FillDocument() {
-  SetPageLines(ReadFontProperties(environment_.factory), document_);
+  Font titleFont;
+  ReadFontProperties(environment_.factory, titleFont);
+  SetPageLines(titleFont, document_);
   FillPrintTable(grid_, document_.table);
 }
 

@@ -94,7 +94,7 @@ void PriceDown::SetTitleFont() {
   FirstFailure steps;
   Font font;
   font.name.clear();
-  steps.Run([&] { font = ReadFontProperties(ports_.factory); });
+  steps.Run([&] { ReadFontProperties(ports_.factory, font); });
   font.size = kTitlePoints;
   steps.Run([&] { ports_.view.SetTitleFont(font); });
   steps.Rethrow();

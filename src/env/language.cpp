@@ -32,15 +32,13 @@ void LoadFormTexts(ObjectFactory& factory, const ObjectPtr& form, std::u16string
   resources->Call(kLoadTexts, {form, key});
 }
 
-Font ReadFontProperties(ObjectFactory& factory) {
+void ReadFontProperties(ObjectFactory& factory, Font& font) {
   const ObjectPtr resources = factory.Create(kResources);
-  const ObjectPtr font = RequireObject(resources->Call(u"GetQ7FontProps", {SuiteLanguage(factory)}),
-                                       u"GetQ7FontProps");
-  Font properties;
-  properties.name = ToText(font->Call(u"", {u"Font.Name"}));
-  const Value charset = font->Call(u"", {u"Font.Charset"});
-  if (!charset.IsNothing()) properties.charset = ToInt32(charset);
-  return properties;
+  const ObjectPtr properties = RequireObject(
+      resources->Call(u"GetQ7FontProps", {SuiteLanguage(factory)}), u"GetQ7FontProps");
+  font.name = ToText(properties->Call(u"", {u"Font.Name"}));
+  const Value charset = properties->Call(u"", {u"Font.Charset"});
+  if (!charset.IsNothing()) font.charset = ToInt32(charset);
 }
 
 }  // namespace pricedown

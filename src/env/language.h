@@ -16,8 +16,8 @@ void LoadControlTexts(ObjectFactory& factory, const ObjectPtr& form);
 // The same for a form whose texts are kept under `key`, multi-language column headers included.
 void LoadFormTexts(ObjectFactory& factory, const ObjectPtr& form, std::u16string_view key);
 
-// The suite's font for titles in its language: name, empty when the suite has none, and character
-// set. Throws AutomationError.
-Font ReadFontProperties(ObjectFactory& factory);
+// Sets name, empty when the suite has none, and character set of the suite's font for titles in its
+// language. Throws AutomationError; what was read before stays set.
+void ReadFontProperties(ObjectFactory& factory, Font& font);
 
 }  // namespace pricedown

@@ -232,6 +232,15 @@ TEST(Initialize, SetsTheTitleSizeEvenWithoutAFontOfTheSuite) {
   EXPECT_EQ(world.log.Lines().back(), "screen pointer 0");
 }
 
+TEST(Initialize, KeepsTheNameOfATitleFontWhoseCharacterSetCannotBeRead) {
+  ControlWorld world;
+  world.factory.Object(u"q7font").On(u"", R"("Font.Charset")", u"简体");
+  world.factory.NewObject(u"q7font")->Call(u"", {u"Font.Charset"});  // the set of the fixture
+  world.Create();
+  EXPECT_NE(FailureOf([&] { world.control->Initialize(); }), "");
+  EXPECT_EQ(world.log.Count("view title font \"宋体\" -1 18.0"), 1u);
+}
+
 TEST(Initialize, ReportsTheFirstOfTwoFailures) {
   ControlWorld world;
   world.factory.Refuses(u"ZEPCBSSystemData.AisInfo");

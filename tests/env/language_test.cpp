@@ -75,7 +75,8 @@ TEST_F(Language, LeavesTheBuiltInTextsWithoutAPropertiesString) {
 
 TEST_F(Language, ReadsTheTitleFont) {
   SetProperties(factory, u"LANGUAGE=cht");
-  const Font font = ReadFontProperties(factory);
+  Font font;
+  ReadFontProperties(factory, font);
   EXPECT_EQ(Utf8(font.name), "新細明體");
   EXPECT_EQ(font.charset, 136);
   EXPECT_EQ(log.Text(), Lines(R"(
@@ -93,7 +94,8 @@ TEST_F(Language, ReadsTheTitleFont) {
 
 TEST_F(Language, ReadsTheTitleFontEvenForTheBuiltInLanguage) {
   SetProperties(factory, u"");
-  ReadFontProperties(factory);
+  Font font;
+  ReadFontProperties(factory, font);
   EXPECT_EQ(log.Count(R"(ZEPFrmRes.FrmResLoader.GetQ7FontProps("chs"))"), 1u);
 }
 
@@ -103,23 +105,43 @@ TEST_F(Language, TreatsMissingFontPropertiesAsUndecided) {
   SetProperties(other, u"LANGUAGE=en");
   other.Object(kResources).On(u"GetQ7FontProps", other.Answering(u"font"));
   other.Object(u"font").On(u"", Reply(Null{}));
-  const Font font = ReadFontProperties(other);
+  Font font;
+  ReadFontProperties(other, font);
   EXPECT_TRUE(font.name.empty());
   EXPECT_EQ(font.charset, kAnyCharset);
+}
+
+TEST_F(Language, KeepsTheNameOfATitleFontWhoseCharacterSetFails) {
+  for (const Reply& charset : {Reply(u"繁体"), Reply::Failing(-5, u"断开")}) {
+    RecordingFactory other(log);
+    SetProperties(other, u"LANGUAGE=cht");
+    other.Object(kResources).On(u"GetQ7FontProps", other.Answering(u"font"));
+    other.Object(u"font")
+        .On(u"", R"("Font.Name")", Reply(u"新細明體"))
+        .On(u"", R"("Font.Charset")", charset);
+    Font font;
+    EXPECT_NE(ErrorOf([&] { ReadFontProperties(other, font); }), std::nullopt);
+    EXPECT_EQ(Utf8(font.name), "新細明體");
+    EXPECT_EQ(font.charset, kAnyCharset);
+  }
 }
 
 TEST_F(Language, FailsWithoutAFontObject) {
   RecordingFactory other(log);
   SetProperties(other, u"LANGUAGE=en");
   other.Object(kResources).On(u"GetQ7FontProps", Reply(nullptr));
-  EXPECT_EQ(ErrorOf([&] { ReadFontProperties(other); }), NumberOf(ErrorNumber::ObjectNotSet));
+  Font font;
+  EXPECT_EQ(ErrorOf([&] { ReadFontProperties(other, font); }), NumberOf(ErrorNumber::ObjectNotSet));
   EXPECT_EQ(other.LiveObjects(), 0);
 }
 
 TEST(LanguageFailures, FailsWithTheSuitesErrorAndLeaksNothing) {
   const auto control = [](RecordingFactory& factory) { LoadControlTexts(factory, nullptr); };
   const auto form = [](RecordingFactory& factory) { LoadFormTexts(factory, nullptr, u"key"); };
-  const auto font = [](RecordingFactory& factory) { ReadFontProperties(factory); };
+  const auto font = [](RecordingFactory& factory) {
+    Font read;
+    ReadFontProperties(factory, read);
+  };
   const std::initializer_list<std::function<void(RecordingFactory&)>> services{control, form, font};
   for (const auto& service : services) {
     FailEachCallInTurn([&service](int failingCall) {
