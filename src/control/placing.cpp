@@ -1,6 +1,6 @@
 // Placing the control's panes: on a resize, for a splitter position, after a check tool changed.
 #include "control/price_down.h"
-#include "platform/scope_exit.h"
+#include "platform/first_failure.h"
 
 namespace pricedown {
 
@@ -45,11 +45,13 @@ void PriceDown::SplitterMoved(std::int32_t offset) {
 
 void PriceDown::SplitterUp() {
   if (HasEnded() || !splitter_.Dragging()) return;
-  // Hides the bar and ends the drag, also on failure.
-  const ScopeExit ending([this] { splitter_.End(); });
   splitter_.SetPosition(splitter_.BarPosition());
-  LayOut();
-  ports_.view.HideDragBar();
+  // A layout that fails hides the bar and ends the drag, too.
+  FirstFailure steps;
+  steps.Run([&] { LayOut(); });
+  steps.Run([&] { ports_.view.HideDragBar(); });
+  splitter_.End();
+  steps.Rethrow();
 }
 
 void PriceDown::StepSplitter(bool right) {

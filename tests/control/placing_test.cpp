@@ -1,6 +1,7 @@
 // When the control updates its layout, and its splitter.
 #include "control/price_down.h"
 #include "tests/control/control_fixture.h"
+#include "tests/support/failure.h"
 
 namespace pricedown::testing {
 namespace {
@@ -49,6 +50,19 @@ TEST_F(Placing, EndsADragOnlyAfterItsBarIsHidden) {
       view place
       view bar hidden
       view bar 4700,1170 75x6500
+      )"));
+}
+
+TEST_F(Placing, HidesTheBarAndEndsTheDragWhenTheLayoutFails) {
+  Control().SplitterDown();
+  Control().SplitterMoved(500);
+  world_.log.Clear();
+  world_.factory.FailCall(2);  // the place, behind the size
+  EXPECT_EQ(ErrorOf([&] { Control().SplitterUp(); }), kInjectedFailure);
+  Control().SplitterMoved(700);
+  EXPECT_EQ(world_.log.Text(), Lines(R"(
+      view place fails
+      view bar hidden
       )"));
 }
 
