@@ -4,12 +4,11 @@
 
 #include <array>
 #include <functional>
-#include <optional>
 #include <string_view>
 #include <utility>
 #include <vector>
 
-#include "editor/member_list.h"
+#include "platform/bound_fields.h"
 #include "platform/skip.h"
 #include "platform/text_blocks.h"
 
@@ -45,25 +44,6 @@ bool HasRow(const Recordset& source) {
   SkipFailing([&] { atEnd = source.AtEnd(); });
   return !atEnd;
 }
-
-// A field that is looked up when it is first used: one that is lacking fails alone.
-class LazyField {
- public:
-  LazyField(const Recordset& recordset, std::u16string_view name)
-      : recordset_(recordset), name_(name) {}
-  Value Get() { return Bound().Get(0); }
-  void Set(Value value) { Bound().Set(0, std::move(value)); }
-
- private:
-  const BoundFields& Bound() {
-    if (!bound_) bound_.emplace(recordset_, std::vector{name_});
-    return *bound_;
-  }
-
-  Recordset recordset_;
-  std::u16string_view name_;
-  std::optional<BoundFields> bound_;
-};
 
 class RowCopier {
  public:

@@ -11,6 +11,7 @@
 #include "editor/member_list.h"
 #include "editor/record_copy.h"
 #include "editor/save_step.h"
+#include "platform/bound_fields.h"
 #include "platform/cell_text.h"
 #include "platform/row_reader.h"
 #include "store/connection.h"
@@ -68,7 +69,7 @@ class SharedEnd {
       : lossAccountId_(lossAccountId), reserveAccountId_(reserveAccountId) {}
 
   // The end for the reader's row, whose class columns follow the first; valid until the next call.
-  std::u16string_view Of(const RowReader& rows) {
+  std::u16string_view Of(RowReader& rows) {
     bool same = !text_.empty();
     for (std::size_t i = 0; i < kTexts; ++i) {
       const std::u16string_view text = CellText(rows.Field(i + 1), scratch_);

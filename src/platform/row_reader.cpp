@@ -5,6 +5,7 @@
 
 #include "platform/convert.h"
 #include "platform/error.h"
+#include "platform/skip.h"
 
 namespace pricedown {
 namespace {
@@ -27,7 +28,13 @@ RowReader::RowReader(const Recordset& recordset, std::vector<std::u16string_view
 bool RowReader::Next() {
   if (finished_) return false;
   finished_ = true;  // so that a failure below ends the walk
-  const bool found = hasBlocks_ ? NextOfBlock() : NextByField();
+  bool found = true;
+  if (hasBlocks_) {
+    found = NextOfBlock();
+  } else {
+    recordset_.MoveNext();
+    found = !recordset_.AtEnd();
+  }
   finished_ = !found;
   return found;
 }
@@ -35,19 +42,27 @@ bool RowReader::Next() {
 bool RowReader::NextOfBlock() {
   if (block_ != nullptr && ++row_ < block_->RowCount()) return true;
   block_.reset();
-  row_ = 0;
+  read_ += std::exchange(row_, 0);
   // GetRows fails at the end, so ask first.
   if (recordset_.AtEnd()) return false;
   try {
     block_ = ReadBlock();
   } catch (const AutomationError& error) {
-    if (!IsMemberNotFound(error)) throw;
+    // The failed call may have moved the recordset.
+    if (!IsMemberNotFound(error) && !ReturnToFirstUnread()) throw;
     hasBlocks_ = false;
-    FindColumns();
-    ReadRow();
+    for (const std::u16string_view name : fields_) columns_.emplace_back(recordset_, name);
+    values_.resize(columns_.size());
     return true;
   }
   return block_->RowCount() > 0;
+}
+
+bool RowReader::ReturnToFirstUnread() {
+  return SkipFailing([this] {
+    recordset_.MoveFirst();
+    for (std::size_t row = 0; row < read_; ++row) recordset_.MoveNext();
+  });
 }
 
 CellBlockPtr RowReader::ReadTextBlock() {
@@ -66,30 +81,12 @@ CellBlockPtr RowReader::ReadBlock() {
   return recordset_.GetRows(kRowsPerBlock, fields_);
 }
 
-void RowReader::FindColumns() {
-  const ObjectPtr fields = RequireObject(recordset_.Object()->Get(u"Fields"), u"Fields");
-  for (std::u16string_view name : fields_) {
-    ObjectPtr field = RequireObject(fields->Call(u"", {name}), name);
-    const MemberId value = field->Find(u"Value");
-    columns_.push_back({std::move(field), value});
-  }
-  values_.resize(columns_.size());
+CellView RowReader::ReadField(std::size_t index) {
+  values_[index] = columns_[index].Get();
+  return ViewOf(values_[index]);
 }
 
-bool RowReader::NextByField() {
-  recordset_.MoveNext();
-  if (recordset_.AtEnd()) return false;
-  ReadRow();
-  return true;
-}
-
-void RowReader::ReadRow() {
-  for (std::size_t index = 0; index < columns_.size(); ++index) {
-    values_[index] = columns_[index].field->Invoke(columns_[index].value, Access::Call, {});
-  }
-}
-
-CellView RowReader::Converted(std::size_t index) const {
+CellView RowReader::Converted(std::size_t index) {
   converted_[index] = ToText(hasBlocks_ ? block_->CellValue(index, row_) : values_[index]);
   return {CellView::Kind::Text, 0, converted_[index]};
 }

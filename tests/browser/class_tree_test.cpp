@@ -2,6 +2,7 @@
 #include "browser/class_tree.h"
 
 #include "platform/convert.h"
+#include "platform/error.h"
 #include "store/statements.h"
 #include "tests/browser/browser_fixture.h"
 
@@ -170,6 +171,32 @@ TEST_F(ClassTreeLoad, LeavesTheRootAloneWhenAColumnIsMissing) {
   AnswerStatement(factory_, kTreeStatement, Rows({u"FitemClassNumber"}, {{u"01"}}));
   tree_.LoadClassTree();
   EXPECT_EQ(Nodes(), (Texts{"gc0 物料"}));
+}
+
+// Reading the block fails because of one value, which fails again in its row.
+TEST_F(ClassTreeLoad, SkipsARowThatCannotBeReadAndListsTheOtherClasses) {
+  int row = 0;
+  factory_.Object(u"rows")
+      .On(u"EOF", Reply::From([&](auto) { return row >= 3; }))
+      .On(u"GetRows", Reply::Failing(-5, u"损坏的值"))
+      .On(u"MoveFirst", Value())
+      .On(u"MoveNext", Reply::From([&](auto) {
+            ++row;
+            return Value();
+          }))
+      .On(u"Fields", factory_.Answering(u"fields"));
+  factory_.Object(u"fields")
+      .On(u"", R"("FItemClassNumber")", factory_.Answering(u"number"))
+      .On(u"", R"("FItemClassName")", factory_.Answering(u"name"));
+  factory_.Object(u"number").On(u"Value", Reply::From([&](auto) { return row + 1; }));
+  factory_.Object(u"name").On(u"Value", Reply::From([&](auto) -> Value {
+                                if (row == 1) throw AutomationError(-5, u"损坏的值");
+                                return u"类";
+                              }));
+  factory_.Object(u"ZEPConnection.AppConnection").On(u"Execute", factory_.Answering(u"rows"));
+  tree_.LoadClassTree();
+  EXPECT_EQ(Nodes(), (Texts{"gc0 物料", "gi1 1(类)", "gi3 3(类)"}));
+  ExpectWindowInStep();
 }
 
 // After any failure the load ends, redraw is on again and the window shows what the collection

@@ -46,27 +46,5 @@ TEST_F(MemberList, HasNoRowsWhenThereIsNoRecordset) {
   EXPECT_EQ(RowCountOf(Members(RawMaterials(), BoltAndNut())), 2);
 }
 
-TEST_F(MemberList, BindsFieldsThatFollowTheCurrentRow) {
-  const Recordset members = Members(RawMaterials(), BoltAndNut());
-  const BoundFields fields(members, {u"FNumber", u"fitemid"});
-  members.MoveFirst();
-  EXPECT_EQ(fields.Get(0), Value(u"01.001"));
-  members.MoveNext();
-  EXPECT_EQ(fields.Get(0), Value(u"01.002"));
-  EXPECT_EQ(fields.Get(1), Value(102));
-  fields.Set(1, 103);
-  EXPECT_EQ(members.Field(u"FItemID"), Value(103));
-}
-
-TEST_F(MemberList, BindsOnlyFieldsThatExist) {
-  const Recordset members = Members({}, {});
-  EXPECT_EQ(ErrorOf([&] {
-              BoundFields(members, {u"FNumber", u"FColour"});
-            }),
-            NumberOf(ErrorNumber::ItemNotFound));
-  EXPECT_EQ(ErrorOf([&] { BoundFields(Recordset(), {u"FNumber"}); }),
-            NumberOf(ErrorNumber::ObjectNotSet));
-}
-
 }  // namespace
 }  // namespace pricedown
