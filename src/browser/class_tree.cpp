@@ -57,6 +57,8 @@ void ClassTree::LoadClasses() {
   // A failed query must drop the earlier result, whose rows would be added again.
   Recordset answer;
   SkipFailing([&] { answer = Connection(environment_.factory).Execute(statements::ClassTree()); });
+  // The call may have ended the control.
+  if (environment_.lifetime.HasEnded()) return;
   state_.classRecordset = answer;
   NodeIndex root = kNoNode;
   SkipFailing([&] { root = AddNode({}, Translate(kRootText)); });
@@ -71,7 +73,7 @@ void ClassTree::AddClassNodes() {
   std::u16string numberScratch;
   std::u16string nameScratch;
   std::optional<std::u16string> lastNumber;
-  while (rows.Next()) {
+  while (rows.Next() && !environment_.lifetime.HasEnded()) {
     SkipFailing([&] {
       const std::u16string_view number = CellText(rows.Field(0), numberScratch);
       if (lastNumber == number) return;

@@ -46,6 +46,8 @@ void ItemGrid::LoadItemGrid(std::u16string_view classNumber) {
   } catch (...) {
     failure = CurrentFailure();
   }
+  // The control may have ended inside the call that failed.
+  if (environment_.lifetime.HasEnded()) return;
   environment_.messages.Inform(FailureText(failure));
 }
 
@@ -53,11 +55,15 @@ void ItemGrid::Fill(std::u16string_view classNumber) {
   state_.itemRecordset.Release();
   const std::u16string statement =
       state_.ByItemClass() ? statements::ItemsOfClass(classNumber) : statements::AllItems();
-  state_.itemRecordset = Connection(environment_.factory).Execute(statement);
+  const Recordset items = Connection(environment_.factory).Execute(statement);
+  // Each call to the suite may end the control, which releases the grid.
+  if (environment_.lifetime.HasEnded()) return;
+  state_.itemRecordset = items;
   grid_.SetMaxRows(0);
   grid_.SetRedraw(false);
-  const Recordset items = state_.itemRecordset;
-  grid_.SetMaxRows(items.RecordCount());
+  const std::int32_t count = items.RecordCount();
+  if (environment_.lifetime.HasEnded()) return;
+  grid_.SetMaxRows(count);
   // An empty recordset refuses to move.
   if (grid_.MaxRows() > 0) items.MoveFirst();
   FillRows(items);
@@ -78,6 +84,7 @@ void ItemGrid::FillRows(const Recordset& items) {
       throw AutomationError(ErrorNumber::NoCurrentRecord, u"物料记录少于记录集报告的行数",
                             u"vaList");
     }
+    if (environment_.lifetime.HasEnded()) return;
     for (std::size_t i = 0; i < texts.size(); ++i) texts[i] = CellText(rows.Field(i), scratch[i]);
     grid_.SetRowTexts(row, texts);
     grid_.SetUpperBound(grid_columns::kPrice, row, kPriceUpperBound);

@@ -27,7 +27,7 @@ class Environment {
         application(std::move(applicationName)),
         lifetime(std::move(controlLifetime)),
         messages(userQuestions),
-        rights(objects, processState, messages) {}
+        rights(objects, processState, messages, lifetime) {}
   Environment(const Environment&) = delete;
   Environment& operator=(const Environment&) = delete;
 

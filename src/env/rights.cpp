@@ -22,22 +22,30 @@ constexpr std::array<ScopeMask, 3> kScopeMasks{{{0x400000, 2}, {0x200000, 1}, {0
 
 bool Rights::Check(std::int32_t objectType, std::int32_t objectNumber, std::int32_t accessMask) {
   if (IsGranted(objectType, objectNumber, accessMask)) return true;
+  if (lifetime_.HasEnded()) return false;
   messages_.Inform(Translate(u"没有权限,请与系统管理员联系"));
   return false;
 }
 
 void Rights::ReadDataScope() {
   for (const ScopeMask& candidate : kScopeMasks) {
-    if (!IsGranted(state_.objectType, kDataScopeNumber, candidate.mask)) continue;
-    state_.dataScope = candidate.scope;
-    return;
+    const bool granted = IsGranted(state_.objectType, kDataScopeNumber, candidate.mask);
+    if (granted) state_.dataScope = candidate.scope;
+    if (granted || lifetime_.HasEnded()) return;
   }
 }
 
 bool Rights::IsGranted(std::int32_t objectType, std::int32_t objectNumber,
                        std::int32_t accessMask) {
-  if (state_.ledgerData == nullptr) state_.ledgerData = factory_.Create(u"ZEPEBCGLView.GLData");
-  return ToBoolean(state_.ledgerData->Call(u"AccessCheck", {objectType, objectNumber, accessMask}));
+  // Held for the call, in which the last control may end.
+  ObjectPtr data = state_.ledgerData;
+  if (data == nullptr) {
+    data = factory_.Create(u"ZEPEBCGLView.GLData");
+    if (lifetime_.HasEnded()) return false;
+    state_.ledgerData = data;
+  }
+  const Value answer = data->Call(u"AccessCheck", {objectType, objectNumber, accessMask});
+  return !lifetime_.HasEnded() && ToBoolean(answer);
 }
 
 }  // namespace pricedown

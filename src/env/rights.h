@@ -3,19 +3,22 @@
 #pragma once
 
 #include <cstdint>
+#include <utility>
 
 #include "env/messages.h"
 #include "env/process_state.h"
+#include "platform/lifetime.h"
 
 namespace pricedown {
 
 class Rights {
  public:
-  Rights(ObjectFactory& factory, ProcessState& state, Messages& messages)
-      : factory_(factory), state_(state), messages_(messages) {}
+  // `lifetime` is that of the control, which may end inside the suite's calls.
+  Rights(ObjectFactory& factory, ProcessState& state, Messages& messages, Lifetime lifetime = {})
+      : factory_(factory), state_(state), messages_(messages), lifetime_(std::move(lifetime)) {}
 
-  // Whether the user has the right; shows a message when not. Throws AutomationError when the suite
-  // cannot answer.
+  // Whether the user has the right; shows a message when not. False without a message once the
+  // control has ended. Throws AutomationError when the suite cannot answer.
   bool Check(std::int32_t objectType, std::int32_t objectNumber, std::int32_t accessMask);
 
   // Sets the data scope of the state for its object type; it keeps its value when none is granted.
@@ -23,11 +26,13 @@ class Rights {
   void ReadDataScope();
 
  private:
+  // False once the control has ended.
   bool IsGranted(std::int32_t objectType, std::int32_t objectNumber, std::int32_t accessMask);
 
   ObjectFactory& factory_;
   ProcessState& state_;
   Messages& messages_;
+  Lifetime lifetime_;
 };
 
 }  // namespace pricedown

@@ -5,6 +5,7 @@
 #include "platform/error.h"
 #include "store/statements.h"
 #include "tests/browser/browser_fixture.h"
+#include "tests/support/memory_block.h"
 
 namespace pricedown::testing {
 namespace {
@@ -241,6 +242,33 @@ TEST_F(ClassTreeLoad, MatchesTheWindowAfterAnyFailure) {
       return calls;
     });
   }
+}
+
+TEST_F(ClassTreeLoad, KeepsAndAddsNothingOnceTheControlHasEndedInTheQuery) {
+  factory_.Object(u"ZEPConnection.AppConnection")
+      .On(u"Execute", Reply::From([&](auto) {
+            environment_.lifetime.End();
+            log_.Add("end");
+            return NewScriptedRecordset(factory_.GetRecorder(), ClassRows({{u"01", u"甲"}}));
+          }));
+  tree_.LoadClassTree();
+  EXPECT_FALSE(state_.classRecordset);
+  const std::string text = log_.Text();
+  EXPECT_EQ(text.find("tree insert", text.find("end\n")), text.npos) << text;
+  EXPECT_EQ(tree_.Nodes().Count(), 0u);
+  EXPECT_EQ(factory_.LiveObjects(), 0);
+}
+
+TEST_F(ClassTreeLoad, AddsNoClassOnceTheControlHasEndedWhileRowsAreRead) {
+  factory_.Object(u"rows").On(u"EOF", false).On(u"GetRows", Reply::From([&](auto) {
+                                                  environment_.lifetime.End();
+                                                  return CellBlockPtr(std::make_shared<MemoryBlock>(
+                                                      2, std::vector<std::vector<Value>>{
+                                                             {u"01", u"甲"}, {u"02", u"乙"}}));
+                                                }));
+  factory_.Object(u"ZEPConnection.AppConnection").On(u"Execute", factory_.Answering(u"rows"));
+  tree_.LoadClassTree();
+  EXPECT_EQ(Nodes(), (Texts{"gc0 物料"}));
 }
 
 // A node that the window refused is inserted again with the class's next row.

@@ -314,6 +314,52 @@ TEST_F(ItemGridTest, ShowsOneMessagePerFailureAndRecovers) {
   }
 }
 
+// The control may end inside any call of the load; each is made to end it in turn, and then to
+// fail.
+TEST_F(ItemGridTest, KeepsAndShowsNothingOnceTheControlHasEnded) {
+  for (const bool fails : {false, true}) {
+    for (const char* ending : {"Execute", "RecordCount", "MoveFirst", "EOF", "GetRows"}) {
+      CallLog log;
+      RecordingFactory factory(log);
+      RecordingQuestions questions(log);
+      RecordingScreen screen(factory.GetRecorder());
+      ProcessState processState;
+      Environment environment(factory, processState, questions, screen, u"Host");
+      BrowserState state;
+      state.itemClassType = 1;
+      ItemGrid grid(environment, state);
+      const auto answer = [&](const char* member, Reply::Maker make) {
+        return Reply::From([&, member, make, fails, ending](auto arguments) -> Value {
+          Value value = make(arguments);
+          if (std::string_view(member) != ending) return value;
+          environment.lifetime.End();
+          grid.Release();
+          log.Add("end");
+          if (fails) throw AutomationError(kInjectedFailure, u"断开");
+          return value;
+        });
+      };
+      factory.Object(u"items")
+          .On(u"RecordCount", answer("RecordCount", [](auto) { return 1; }))
+          .On(u"MoveFirst", answer("MoveFirst", [](auto) { return Value(); }))
+          .On(u"EOF", answer("EOF", [](auto) { return false; }))
+          .On(u"GetRows", answer("GetRows", [](auto) {
+                return CellBlockPtr(std::make_shared<MemoryBlock>(
+                    3, std::vector<std::vector<Value>>{{u"01.001", u"螺栓", u"M8"}}));
+              }));
+      factory.Object(u"ZEPConnection.AppConnection").On(u"Execute", answer("Execute", [&](auto) {
+                                                          return factory.NewObject(u"items");
+                                                        }));
+      grid.LoadItemGrid(u"01");
+      EXPECT_EQ(log.Count("end"), 1u) << ending << "\n" << log.Text();
+      EXPECT_EQ(log.Text().find("message "), std::string::npos) << ending << "\n" << log.Text();
+      EXPECT_FALSE(state.itemRecordset) << ending;
+      EXPECT_EQ(grid.GetGrid().MaxRows(), 0) << ending;
+      EXPECT_EQ(factory.LiveObjects(), 0) << ending << "\n" << log.Text();
+    }
+  }
+}
+
 TEST_F(ItemGridTest, PreparesTitlesAndWidths) {
   grid_.Prepare();
   EXPECT_EQ(CellOf(1, kTitleRow), "物料代码");

@@ -15,7 +15,17 @@ class RightsTest : public EnvTest {
   RecordingQuestions questions{log};
   ProcessState state;
   Messages messages{questions};
-  Rights rights{factory, state, messages};
+  Lifetime lifetime;
+  Rights rights{factory, state, messages, lifetime};
+
+  // The last control ends inside a call, as in a container that closes.
+  Reply EndingWith(const Value& answer) {
+    return Reply::From([this, answer](auto) {
+      lifetime.End();
+      state.ledgerData.reset();
+      return answer;
+    });
+  }
 };
 
 TEST_F(RightsTest, AreGrantedWithoutAMessage) {
@@ -84,6 +94,49 @@ TEST_F(RightsTest, CheckTheDataScopeFromTheWidestDown) {
       ZEPEBCGLView.GLData.AccessCheck(10, 151, 4194304)
       ZEPEBCGLView.GLData.AccessCheck(10, 151, 2097152)
       ZEPEBCGLView.GLData.AccessCheck(10, 151, 1048576)
+      )"));
+}
+
+TEST_F(RightsTest, AreRefusedWithoutAMessageOnceTheControlHasEnded) {
+  factory.Object(kLedgerData)
+      .On(u"AccessCheck", EndingWith(false))
+      .On(u"AccessCheck", EndingWith(true))
+      .On(u"AccessCheck", EndingWith(u"maybe"));
+  for (int answer = 0; answer < 3; ++answer) {
+    lifetime = Lifetime();
+    Rights ending(factory, state, messages, lifetime);
+    log.Clear();
+    EXPECT_FALSE(ending.Check(1002, 35, 0x10));
+    EXPECT_EQ(log.Text(), Lines(R"(
+        create ZEPEBCGLView.GLData
+        ZEPEBCGLView.GLData.AccessCheck(1002, 35, 16)
+        release ZEPEBCGLView.GLData
+        )"));
+  }
+}
+
+TEST_F(RightsTest, AskForNoFurtherScopeOnceTheControlHasEnded) {
+  state.dataScope = 1;
+  factory.Object(kLedgerData).On(u"AccessCheck", EndingWith(true));
+  rights.ReadDataScope();
+  EXPECT_EQ(state.dataScope, 1);
+  EXPECT_EQ(log.Count("create ZEPEBCGLView.GLData"), 1u);
+  EXPECT_EQ(log.Size(), 3u) << log.Text();
+  EXPECT_EQ(factory.LiveObjects(), 0);
+}
+
+TEST_F(RightsTest, KeepNoLedgerDataObjectInWhoseCreationTheControlEnded) {
+  const auto script = std::make_shared<RecordingFactory>(log);
+  script->Object(kLedgerData);
+  factory.Makes(kLedgerData, [&](const RecorderPtr&) {
+    lifetime.End();
+    return script->NewObject(kLedgerData);
+  });
+  EXPECT_FALSE(rights.Check(1002, 35, 0x10));
+  EXPECT_EQ(state.ledgerData, nullptr);
+  EXPECT_EQ(log.Text(), Lines(R"(
+      create ZEPEBCGLView.GLData
+      release ZEPEBCGLView.GLData
       )"));
 }
 
