@@ -71,8 +71,9 @@ void PriceDown::RunFromToolStrip(const ControlCommand& command) {
       command.right == 0 ||
       environment_.rights.Check(kRightsObjectType, kRightsObjectNumber, command.right);
   if (allowed && command.run != nullptr) command.run(*this);
-  // The command may have ended the control.
-  if (HasEnded()) return;
+  // The command may have ended the control. Without a window a reload would only lose the selected
+  // class, which the end of the control stores.
+  if (HasEnded() || !ports_.view.HasWindow()) return;
   // Intentionally also after a refused right and for a separator.
   LoadTree();
   grid_.GetGrid().Repaint();

@@ -42,6 +42,8 @@ class PriceDownView : public FindView {
   virtual void DisableButton(const Command& command) = 0;
   // Copies the grid's selected cells to the clipboard, `titled` below the titles of their columns.
   virtual void CopyCells(bool titled) = 0;
+  // False once the parent has destroyed the window.
+  virtual bool HasWindow() const = 0;
   // The inner size of the control in twips.
   virtual Size ControlSize() const = 0;
   virtual void Place(const Layout& layout) = 0;

@@ -82,6 +82,17 @@ TEST_F(Dispatch, TouchesNothingWhenClosingEndedTheControl) {
   EXPECT_EQ(world_.log.Text(), "");
 }
 
+// As a host that destroys its window and releases the control without another word.
+TEST_F(Dispatch, StoresTheSelectedClassWhenClosingDestroyedTheWindow) {
+  Start();
+  Control().GetGrid().Attach(nullptr);
+  world_.container.onClose = [&] { world_.view.hasWindow = false; };
+  Control().CommandChosen(Button(u"Exit"));
+  EXPECT_EQ(world_.log.Text(), "container close\n");
+  Control().Terminate();
+  EXPECT_EQ(world_.log.Count("put dictionary(\"NodeSel1\") = \"gi01\""), 1u);
+}
+
 TEST_F(Dispatch, ReportsAContainerThatCannotBeClosed) {
   Start();
   world_.factory.FailCall(1);

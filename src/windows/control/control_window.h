@@ -84,6 +84,7 @@ class ControlWindow final : public PriceDownView,
   void ShowFoundNode(std::int32_t node) override;
   std::int32_t CurrentRow() const override;
   FindPane FocusedPane() const override;
+  bool HasWindow() const override { return Handle() != nullptr; }
   Size ControlSize() const override;
   void Place(const Layout& layout) override;
   void ShowDragBar(const Rectangle& bar) override;

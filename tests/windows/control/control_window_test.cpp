@@ -109,6 +109,7 @@ TEST(ControlWindow, FollowsItsContainerThroughManySizes) {
     world.window->MoveTo({0, 0, size.cx, size.cy});
     RunMessages();
     const int dpi = windows::Dpi::Of(world.window->Handle()).Value();
+    EXPECT_TRUE(world.window->HasWindow());
     EXPECT_EQ(world.window->ControlSize().width, size.cx * 1440 / dpi);
     EXPECT_EQ(world.window->ControlSize().height, size.cy * 1440 / dpi);
     EXPECT_LE(PlaceOf(world, world.Child(ids::kStatusBar)).bottom, size.cy);
@@ -187,6 +188,7 @@ TEST(ControlWindow, IsHarmlessAfterItsContainerHasDestroyedIt) {
   EXPECT_EQ(world.window->SelectedNode(), kNoNode);
   EXPECT_EQ(world.window->MeasureLabel(Font{}), 0);
   EXPECT_EQ(world.window->ControlSize().width, 0);
+  EXPECT_FALSE(world.window->HasWindow());
   world.control->GetGrid().SetMaxRows(3);
 }
 

@@ -109,6 +109,19 @@ TEST_F(ClosingHost, MayEndAllOnAClickOfTheStrip) {
   ExpectTheEnd();
 }
 
+TEST_F(ClosingHost, MayDestroyTheWindowFirstAndTheSelectedClassIsStored) {
+  host_.frame.onClose = [this] {
+    host_.frame.Destroy();
+    host_.Release();
+    bar_.reset();
+  };
+  Press(kExitButton);
+  RunPostedMessages();
+  ExpectTheEnd();
+  EXPECT_EQ(host_.world.log.Count(ExecuteLine(kTreeStatement)), 1U);
+  EXPECT_EQ(host_.world.log.Count("put dictionary(\"NodeSel1\") = \"gi01\""), 1U);
+}
+
 TEST_F(ClosingHost, MayEndAllOnAKeyInTheStrip) {
   const HWND strip = Strip();
   SetFocus(strip);
