@@ -84,6 +84,22 @@ TEST_F(DeleteClass, AsksToSelectAClassWhenTheGridHasNoRows) {
       )"));
 }
 
+TEST_F(DeleteClass, AsksForRowsWhoseNumberIsUnknown) {
+  factory_.Object(u"uncounted")
+      .On(u"RecordCount", -1)
+      .On(u"MoveFirst", Value())
+      .On(u"Fields", factory_.Answering(u"fields"));
+  factory_.Object(u"fields")
+      .On(u"", R"("FItemClassNumber")", factory_.Answering(u"number"))
+      .On(u"", R"("FItemClassName")", factory_.Answering(u"name"));
+  factory_.Object(u"number").On(u"Value", u"01");
+  factory_.Object(u"name").On(u"Value", u"原料");
+  state_.itemRecordset = Recordset(factory_.NewObject(u"uncounted"));
+  questions_.WillAnswer({false});
+  commands_.Delete();
+  EXPECT_EQ(log_.Count(kQuestion + std::string("no")), 1u) << log_.Text();
+}
+
 TEST_F(DeleteClass, ChangesNothingWhenTheAnswerIsNo) {
   questions_.WillAnswer({false});
   commands_.Delete();

@@ -93,6 +93,21 @@ TEST_F(ClassEditing, PassesTheEditorTwoEmptyWorkingRecordsForANewClass) {
   EXPECT_TRUE(editor_.IsClean());
 }
 
+TEST_F(ClassEditing, OpensTheClassOfRowsWhoseNumberIsUnknown) {
+  factory_.Object(u"uncounted")
+      .On(u"RecordCount", -1)
+      .AllowPut(u"Filter")
+      .On(u"MoveFirst", Value())
+      .On(u"EOF", true)
+      .On(u"Fields", factory_.Answering(u"fields"));
+  factory_.Object(u"fields").On(u"Count", 0).On(u"", factory_.Answering(u"field"));
+  factory_.Object(u"field").On(u"Value", u"01");
+  state_.itemRecordset = Recordset(factory_.NewObject(u"uncounted"));
+  // The form itself refuses the copy, which is empty.
+  EXPECT_NE(ErrorOf([&] { commands_.Edit(); }), 0);
+  EXPECT_EQ(log_.Count("editor show mode 0 \"01\""), 1u) << log_.Text();
+}
+
 TEST_F(ClassEditing, KeepsTheGridsClassWhileAnotherIsAdded) {
   commands_.Add();
   EXPECT_EQ(state_.itemRecordset.RecordCount(), 1);

@@ -124,6 +124,19 @@ TEST_F(DisplayFontTest, AppliesASizeOnlyOnce) {
   EXPECT_EQ(log_.Count("font tree 宋体 14.0"), 1u);
 }
 
+TEST_F(DisplayFontTest, DoesNotTryASizeAgainAfterAStepThatFailed) {
+  Settings(u"", u"12");
+  font_.Refresh();
+  factory_.Object(u"dictionary").On(u"GetValue", R"("RptFontSize", 9)", u"14");
+  // Four calls for each of the two settings; then the label is measured.
+  factory_.FailCall(9);
+  font_.Refresh();
+  ASSERT_EQ(log_.Count("font label 宋体 14.0 fails"), 1u) << log_.Text();
+  log_.Clear();
+  font_.Refresh();
+  EXPECT_EQ(log_.Text().find("font "), std::string::npos) << log_.Text();
+}
+
 TEST_F(DisplayFontTest, DefaultsToNineWhenTheSettingsCannotBeRead) {
   factory_.Refuses(u"ZEPEBCBASE.UserProfile");
   font_.Refresh();

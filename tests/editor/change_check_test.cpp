@@ -127,6 +127,19 @@ TEST_F(ChangeCheck, AfterASaveComparesOnlyTheTexts) {
   EXPECT_FALSE(Unchanged());
 }
 
+TEST_F(ChangeCheck, WithoutAKeptCopyCountsTheRowsOnceTheyHaveBeenReadAgain) {
+  factory.Object(kConnectionId).On(u"Execute", Reply(nullptr));
+  AnswerChecks(false);
+  AnswerAccountIds();
+  OpenForEdit();
+  factory.Refuses(u"ADODB.Recordset");
+  form.ToolClicked(FormTool::Save);
+  ASSERT_FALSE(form.State().keptCopy);
+  EXPECT_TRUE(Unchanged()) << "the saved flag decides";
+  ReadRows();
+  EXPECT_FALSE(Unchanged()) << "a form with items is changed";
+}
+
 TEST_F(ChangeCheck, ComparesItemsOnceTheRowsHaveBeenReadAgain) {
   OpenSaved();
   ReadRows();

@@ -243,6 +243,31 @@ TEST_F(FormCommands, ExitStaysAfterARefusedSave) {
   EXPECT_EQ(log.Count("focus ItemClassName"), 1u);
 }
 
+// The tool is disabled by its own click alone.
+TEST_F(FormCommands, ASaveOfAQuestionThatIsRefusedOrFailsLeavesTheSaveEnabled) {
+  for (const FormTool tool : {FormTool::Add, FormTool::Exit}) {
+    for (const bool refused : {true, false}) {
+      EditorWorld world;
+      world.AnswerChecks(false);
+      world.AnswerAccountIds();
+      world.factory.Object(kConnectionId).On(u"Execute", Reply::Failing(-2147217900, u"超时"));
+      world.OpenForEdit();
+      if (refused) world.view.Type(FormField::ClassName, u"");
+      world.questions.WillAnswer({true});
+      EXPECT_EQ(ErrorOf([&] { world.form.ToolClicked(tool); }),
+                refused ? std::nullopt : std::optional(-2147217900));
+      EXPECT_TRUE(world.form.IsLoaded());
+      EXPECT_TRUE(world.view.tools[FormTool::Save]);
+    }
+  }
+}
+
+TEST_F(FormCommands, TheSpacesBetweenItsToolsStartNothing) {
+  OpenForEdit();
+  for (const std::size_t position : {3U, 6U}) form.ToolClicked(FormTool{position});
+  EXPECT_EQ(log.Text(), "");
+}
+
 // Only an empty number leaves the flag of an earlier save set.
 TEST_F(FormCommands, ExitClosesWithoutSavingAnEmptiedNumberOnceSaved) {
   AllowSave(false);

@@ -237,6 +237,15 @@ TEST_F(Save, StopsAtAnAccountThatIsNotFoundUnderItsNumber) {
   EXPECT_EQ(form.State().savedValues, RawMaterials()) << "not reached";
 }
 
+TEST_F(Save, StaysMarkedSavedWhenARowCannotTakeTheFields) {
+  Open();
+  view.Type(FormField::ClassName, std::u16string(81, u'长'));  // longer than the column
+  EXPECT_NE(ErrorOf([this] { form.ToolClicked(FormTool::Save); }), std::nullopt);
+  EXPECT_TRUE(form.State().saved);
+  EXPECT_FALSE(form.State().keptCopy) << "not reached";
+  EXPECT_EQ(SavedText(), "");
+}
+
 TEST_F(Save, WritesValuesUnchanged) {
   Open();
   view.Type(FormField::ClassName, u"it's");
