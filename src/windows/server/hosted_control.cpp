@@ -144,6 +144,10 @@ void HostedControl::SetExtent(const SIZEL& himetric) {
   FitParkedWindow();
 }
 
+HRESULT HostedControl::CopyExtent(SIZEL& extent) noexcept {
+  return Run([&] { extent = extent_; });
+}
+
 // An inactive control has its size from the extent; an active one is placed by its container.
 void HostedControl::FitParkedWindow() {
   if (activation_.IsActive()) return;

@@ -74,6 +74,8 @@ class HostedControl {
   void Close();
 
   const SIZEL& Extent() const { return extent_; }
+  // The extent as a COM method returns it.
+  HRESULT CopyExtent(SIZEL& extent) noexcept;
   // Throws AutomationError when a length is negative.
   void SetExtent(const SIZEL& himetric);
 

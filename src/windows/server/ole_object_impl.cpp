@@ -117,7 +117,7 @@ STDMETHODIMP OleObjectImpl::SetExtent(DWORD aspect, SIZEL* size) noexcept {
 STDMETHODIMP OleObjectImpl::GetExtent(DWORD aspect, SIZEL* size) noexcept {
   if (size == nullptr) return E_POINTER;
   if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
-  return Hosted().Run([&] { *size = Hosted().Extent(); });
+  return Hosted().CopyExtent(*size);
 }
 
 STDMETHODIMP OleObjectImpl::Advise(IAdviseSink* sink, DWORD* connection) noexcept {

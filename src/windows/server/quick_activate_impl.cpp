@@ -44,7 +44,7 @@ STDMETHODIMP QuickActivateImpl::SetContentExtent(LPSIZEL size) noexcept {
 
 STDMETHODIMP QuickActivateImpl::GetContentExtent(LPSIZEL size) noexcept {
   if (size == nullptr) return E_POINTER;
-  return Hosted().Run([&] { *size = Hosted().Extent(); });
+  return Hosted().CopyExtent(*size);
 }
 
 }  // namespace pricedown::windows

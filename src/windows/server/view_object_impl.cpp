@@ -1,4 +1,4 @@
-// Drawing into a container's device context, and queries about the picture.
+// Drawing into a container's device context or a metafile, and queries about the picture.
 #include "windows/server/view_object_impl.h"
 
 #include <algorithm>
@@ -87,13 +87,16 @@ STDMETHODIMP ViewObjectImpl::GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink
 STDMETHODIMP ViewObjectImpl::GetExtent(DWORD aspect, LONG, DVTARGETDEVICE*, LPSIZEL size) noexcept {
   if (size == nullptr) return E_POINTER;
   if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
-  return Hosted().Run([&] { *size = Hosted().Extent(); });
+  return Hosted().CopyExtent(*size);
 }
 
 STDMETHODIMP ViewObjectImpl::GetRect(DWORD aspect, LPRECTL rectangle) noexcept {
   if (rectangle == nullptr) return E_POINTER;
   if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
-  return Hosted().Run([&] { *rectangle = {0, 0, Hosted().Extent().cx, Hosted().Extent().cy}; });
+  SIZEL extent{};
+  const HRESULT code = Hosted().CopyExtent(extent);
+  *rectangle = {0, 0, extent.cx, extent.cy};
+  return code;
 }
 
 STDMETHODIMP ViewObjectImpl::GetViewStatus(DWORD* status) noexcept {
@@ -125,6 +128,70 @@ STDMETHODIMP ViewObjectImpl::GetNaturalExtent(DWORD aspect, LONG, DVTARGETDEVICE
   // The control has no natural size.
   *size = {};
   return aspect == DVASPECT_CONTENT ? E_NOTIMPL : DV_E_DVASPECT;
+}
+
+STDMETHODIMP ViewObjectImpl::GetData(FORMATETC* format, STGMEDIUM* medium) noexcept {
+  if (medium == nullptr) return E_POINTER;
+  *medium = {};
+  const HRESULT known = QueryGetData(format);
+  if (FAILED(known)) return known;
+  if (!Hosted().IsOnItsThread()) return RPC_E_WRONG_THREAD;
+  // The metafile's numbers have 16 bits: pixels fit, units of 0.01 mm do not.
+  RECT client{};
+  GetClientRect(Hosted().Window().Handle(), &client);
+  const HDC context = CreateMetaFileW(nullptr);
+  SetWindowOrgEx(context, 0, 0, nullptr);
+  SetWindowExtEx(context, client.right, client.bottom, nullptr);
+  const RECTL bounds{0, 0, client.right, client.bottom};
+  const HRESULT drawn =
+      Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, context, &bounds, nullptr, nullptr, 0);
+  const HMETAFILE metafile = CloseMetaFile(context);
+  void* const memory =
+      SUCCEEDED(drawn) ? GlobalAlloc(GMEM_MOVEABLE, sizeof(METAFILEPICT)) : nullptr;
+  if (memory == nullptr) {
+    DeleteMetaFile(metafile);
+    return FAILED(drawn) ? drawn : E_OUTOFMEMORY;
+  }
+  const SIZEL& extent = Hosted().Extent();
+  *static_cast<METAFILEPICT*>(GlobalLock(memory)) = {MM_ANISOTROPIC, extent.cx, extent.cy,
+                                                     metafile};
+  GlobalUnlock(memory);
+  medium->tymed = TYMED_MFPICT;
+  medium->hMetaFilePict = memory;
+  return S_OK;
+}
+
+STDMETHODIMP ViewObjectImpl::GetDataHere(FORMATETC*, STGMEDIUM*) noexcept { return E_NOTIMPL; }
+
+STDMETHODIMP ViewObjectImpl::QueryGetData(FORMATETC* format) noexcept {
+  if (format == nullptr) return E_POINTER;
+  if (format->cfFormat != CF_METAFILEPICT) return DV_E_FORMATETC;
+  if (format->dwAspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+  return (format->tymed & TYMED_MFPICT) != 0 ? S_OK : DV_E_TYMED;
+}
+
+STDMETHODIMP ViewObjectImpl::GetCanonicalFormatEtc(FORMATETC*, FORMATETC* canonical) noexcept {
+  if (canonical != nullptr) canonical->ptd = nullptr;
+  return E_NOTIMPL;
+}
+
+STDMETHODIMP ViewObjectImpl::SetData(FORMATETC*, STGMEDIUM*, BOOL) noexcept { return E_NOTIMPL; }
+
+STDMETHODIMP ViewObjectImpl::EnumFormatEtc(DWORD, IEnumFORMATETC** formats) noexcept {
+  if (formats != nullptr) *formats = nullptr;
+  return E_NOTIMPL;
+}
+
+STDMETHODIMP ViewObjectImpl::DAdvise(FORMATETC*, DWORD, IAdviseSink*, DWORD* connection) noexcept {
+  if (connection != nullptr) *connection = 0;
+  return OLE_E_ADVISENOTSUPPORTED;
+}
+
+STDMETHODIMP ViewObjectImpl::DUnadvise(DWORD) noexcept { return OLE_E_ADVISENOTSUPPORTED; }
+
+STDMETHODIMP ViewObjectImpl::EnumDAdvise(IEnumSTATDATA** connections) noexcept {
+  if (connections != nullptr) *connections = nullptr;
+  return OLE_E_ADVISENOTSUPPORTED;
 }
 
 }  // namespace pricedown::windows

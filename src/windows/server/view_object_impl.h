@@ -1,4 +1,5 @@
-// IViewObjectEx: the control drawn on any device while it has no window of its own on screen.
+// IViewObjectEx and IDataObject: the control drawn on any device while it has no window of its own
+// on screen, and its picture in a metafile, as document containers keep it.
 #pragma once
 
 #include <ocidl.h>
@@ -12,7 +13,8 @@ namespace pricedown::windows {
 template <>
 struct BasesOf<IViewObjectEx> : InterfaceList<IViewObject2, IViewObject> {};
 
-class ViewObjectImpl : public Implements<IViewObjectEx> {
+// Data: CF_METAFILEPICT in TYMED_MFPICT only; neither accepted nor announced.
+class ViewObjectImpl : public Implements<IViewObjectEx, IDataObject> {
  public:
   STDMETHODIMP Draw(DWORD aspect, LONG index, void* info, DVTARGETDEVICE* device, HDC targetContext,
                     HDC context, LPCRECTL bounds, LPCRECTL metafileBounds,
@@ -34,6 +36,17 @@ class ViewObjectImpl : public Implements<IViewObjectEx> {
                             DWORD* result) noexcept override;
   STDMETHODIMP GetNaturalExtent(DWORD aspect, LONG index, DVTARGETDEVICE* device, HDC targetContext,
                                 DVEXTENTINFO* info, LPSIZEL size) noexcept override;
+
+  STDMETHODIMP GetData(FORMATETC* format, STGMEDIUM* medium) noexcept override;
+  STDMETHODIMP GetDataHere(FORMATETC* format, STGMEDIUM* medium) noexcept override;
+  STDMETHODIMP QueryGetData(FORMATETC* format) noexcept override;
+  STDMETHODIMP GetCanonicalFormatEtc(FORMATETC* format, FORMATETC* canonical) noexcept override;
+  STDMETHODIMP SetData(FORMATETC* format, STGMEDIUM* medium, BOOL release) noexcept override;
+  STDMETHODIMP EnumFormatEtc(DWORD direction, IEnumFORMATETC** formats) noexcept override;
+  STDMETHODIMP DAdvise(FORMATETC* format, DWORD flags, IAdviseSink* sink,
+                       DWORD* connection) noexcept override;
+  STDMETHODIMP DUnadvise(DWORD connection) noexcept override;
+  STDMETHODIMP EnumDAdvise(IEnumSTATDATA** connections) noexcept override;
 
  protected:
   virtual HostedControl& Hosted() noexcept = 0;

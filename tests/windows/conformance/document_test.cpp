@@ -4,6 +4,7 @@
 
 #include <limits>
 #include <string>
+#include <utility>
 
 #include "tests/windows/server/control_host.h"
 #include "tests/windows/server/memory_picture.h"
@@ -73,6 +74,70 @@ TEST(PictureInADocument, OfAMetafileFillsAnyPlaceItIsPlayedIn) {
   EXPECT_NE(PlayMetaFile(picture.Context(), metafile), FALSE);
   DeleteMetaFile(metafile);
   ExpectItFills(picture);
+}
+
+FORMATETC MetafileFormat() {
+  return {CF_METAFILEPICT, nullptr, DVASPECT_CONTENT, -1, TYMED_MFPICT};
+}
+
+// As caches of document containers ask, also for a control that was never active.
+TEST(PictureInADocument, AskedAsDataFillsAnyPlaceItIsPlayedIn) {
+  ControlHost host;
+  SIZEL size{40000, 20000};
+  EXPECT_EQ(host.As<IOleObject>()->SetExtent(DVASPECT_CONTENT, &size), S_OK);
+  for (const bool active : {false, true}) {
+    if (active) host.Open();
+    FORMATETC format = MetafileFormat();
+    STGMEDIUM medium{};
+    ASSERT_EQ(host.As<IDataObject>()->GetData(&format, &medium), S_OK);
+    ASSERT_EQ(medium.tymed, static_cast<DWORD>(TYMED_MFPICT));
+    EXPECT_EQ(medium.pUnkForRelease, nullptr);
+    const auto& data = *static_cast<METAFILEPICT*>(GlobalLock(medium.hMetaFilePict));
+    EXPECT_EQ(data.mm, MM_ANISOTROPIC);
+    EXPECT_EQ(data.xExt, 40000);
+    EXPECT_EQ(data.yExt, 20000);
+    const MemoryPicture picture;
+    SetMapMode(picture.Context(), data.mm);
+    SetViewportOrgEx(picture.Context(), kPlace.left, kPlace.top, nullptr);
+    SetViewportExtEx(picture.Context(), kPlace.right - kPlace.left, kPlace.bottom - kPlace.top,
+                     nullptr);
+    EXPECT_NE(PlayMetaFile(picture.Context(), data.hMF), FALSE);
+    ExpectItFills(picture);
+    GlobalUnlock(medium.hMetaFilePict);
+    ReleaseStgMedium(&medium);
+  }
+}
+
+TEST(DataOfTheControl, IsAMetafileOnly) {
+  const ControlHost host;
+  const auto data = host.As<IDataObject>();
+  FORMATETC known = MetafileFormat();
+  EXPECT_EQ(data->QueryGetData(&known), S_OK);
+  FORMATETC text = known;
+  text.cfFormat = CF_UNICODETEXT;
+  FORMATETC icon = known;
+  icon.dwAspect = DVASPECT_ICON;
+  FORMATETC file = known;
+  file.tymed = TYMED_FILE;
+  for (const auto& [format, code] :
+       {std::pair{&text, DV_E_FORMATETC}, {&icon, DV_E_DVASPECT}, {&file, DV_E_TYMED}}) {
+    STGMEDIUM medium{};
+    medium.tymed = TYMED_GDI;
+    EXPECT_EQ(data->QueryGetData(format), code);
+    EXPECT_EQ(data->GetData(format, &medium), code);
+    EXPECT_EQ(medium.tymed, static_cast<DWORD>(TYMED_NULL));
+  }
+  STGMEDIUM medium{};
+  EXPECT_EQ(data->GetData(nullptr, &medium), E_POINTER);
+  EXPECT_EQ(data->GetData(&known, nullptr), E_POINTER);
+  EXPECT_EQ(data->GetDataHere(&known, &medium), E_NOTIMPL);
+  EXPECT_EQ(data->SetData(&known, &medium, FALSE), E_NOTIMPL);
+  ComPtr<IEnumFORMATETC> formats;
+  EXPECT_EQ(data->EnumFormatEtc(DATADIR_GET, formats.put()), E_NOTIMPL);
+  DWORD connection = 7;
+  EXPECT_EQ(data->DAdvise(&known, 0, nullptr, &connection), OLE_E_ADVISENOTSUPPORTED);
+  EXPECT_EQ(connection, 0U);
+  EXPECT_EQ(data->DUnadvise(1), OLE_E_ADVISENOTSUPPORTED);
 }
 
 std::string ExtentOf(const ControlHost& host) {

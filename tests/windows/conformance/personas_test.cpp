@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <olectl.h>
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -29,9 +30,31 @@ ComPtr<IStorage> NewStorage() {
 // results of calls that a real container ignores are ignored here, too.
 struct Persona {
   const char* name;
+  // What it answers to the only ambient property that the control asks; none: no such property.
+  std::optional<bool> userMode;
   void (*begin)(ControlHost& host);
   void (*end)(ControlHost& host);
 };
+
+// The container's settings that it announces while the control is open: font, colours, language,
+// ...
+void AnnounceAmbient(ControlHost& host) {
+  for (const DISPID property :
+       {DISPID_AMBIENT_FONT, DISPID_AMBIENT_BACKCOLOR, DISPID_AMBIENT_FORECOLOR,
+        DISPID_AMBIENT_LOCALEID, DISPID_AMBIENT_USERMODE, DISPID_AMBIENT_UIDEAD,
+        DISPID_AMBIENT_SHOWHATCHING, DISPID_AMBIENT_DISPLAYNAME, DISPID_UNKNOWN}) {
+    EXPECT_EQ(host.As<IOleControl>()->OnAmbientPropertyChange(property), S_OK) << property;
+  }
+}
+
+// A container that shows a dialog of its own over the control.
+void ShowDialog(ControlHost& host) {
+  const auto active = host.As<IOleInPlaceActiveObject>();
+  EXPECT_EQ(active->OnFrameWindowActivate(FALSE), S_OK);
+  EXPECT_EQ(active->EnableModeless(FALSE), S_OK);
+  EXPECT_EQ(active->EnableModeless(TRUE), S_OK);
+  EXPECT_EQ(active->OnFrameWindowActivate(TRUE), S_OK);
+}
 
 void Size(ControlHost& host, LONG width, LONG height) {
   SIZEL himetric{width * 26, height * 26};
@@ -84,6 +107,11 @@ void BeginFramework(ControlHost& host) {
   control->FreezeEvents(FALSE);
   host.DoVerb(OLEIVERB_INPLACEACTIVATE);
   host.DoVerb(OLEIVERB_SHOW);
+  const auto active = host.As<IOleInPlaceActiveObject>();
+  EXPECT_EQ(active->OnDocWindowActivate(TRUE), S_OK);
+  const RECT border{0, 0, 500, 300};
+  EXPECT_EQ(active->ResizeBorder(&border, host.site.get(), TRUE), S_OK);
+  ShowDialog(host);
 }
 void EndFramework(ControlHost& host) {
   host.As<IOleInPlaceObject>()->UIDeactivate();
@@ -110,11 +138,34 @@ void BeginBasicForm(ControlHost& host) {
   EXPECT_EQ(host.As<IQuickActivate>()->GetContentExtent(&found), S_OK);
   EXPECT_EQ(found.cx, 9000);
   host.DoVerb(OLEIVERB_SHOW);
+  ShowDialog(host);
 }
 void EndBasicForm(ControlHost& host) {
   host.As<IOleInPlaceObject>()->InPlaceDeactivate();
   host.LeaveSite();
   host.Close();
+}
+
+// A document's cache: it would rather be told of changes, freezes the view and keeps a metafile.
+void CachePicture(ControlHost& host) {
+  const auto data = host.As<IDataObject>();
+  FORMATETC format{CF_METAFILEPICT, nullptr, DVASPECT_CONTENT, -1, TYMED_MFPICT};
+  DWORD key = 0;
+  EXPECT_EQ(data->DAdvise(&format, ADVF_PRIMEFIRST, nullptr, &key), OLE_E_ADVISENOTSUPPORTED);
+  const auto view = host.As<IViewObject>();
+  LOGPALETTE* palette = nullptr;
+  EXPECT_EQ(view->GetColorSet(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, &palette), S_FALSE);
+  EXPECT_EQ(view->Freeze(DVASPECT_CONTENT, -1, nullptr, &key), E_NOTIMPL);
+  EXPECT_EQ(data->QueryGetData(&format), S_OK);
+  STGMEDIUM medium{};
+  EXPECT_EQ(data->GetData(&format, &medium), S_OK);
+  EXPECT_NE(medium.hMetaFilePict, nullptr);
+  ReleaseStgMedium(&medium);
+  const auto object = host.As<IOleObject>();
+  EXPECT_EQ(object->SetMoniker(OLEWHICHMK_CONTAINER, nullptr), E_NOTIMPL);
+  ComPtr<IDataObject> copied;
+  EXPECT_EQ(object->GetClipboardData(0, copied.put()), E_NOTIMPL);
+  EXPECT_EQ(object->Update(), S_OK);
 }
 
 // A document: loaded from its storage before it has a site, drawn before it is active, saved and
@@ -133,6 +184,7 @@ void BeginDocument(ControlHost& host) {
   EXPECT_EQ(host.As<IViewObject>()->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr,
                                          picture.Context(), &bounds, nullptr, nullptr, 0),
             S_OK);
+  CachePicture(host);
   host.DoVerb(OLEIVERB_PRIMARY);
 }
 void EndDocument(ControlHost& host) {
@@ -152,6 +204,10 @@ void BeginPascal(ControlHost& host) {
   EXPECT_EQ(host.As<IOleControl>()->OnAmbientPropertyChange(DISPID_AMBIENT_FONT), S_OK);
   host.DoVerb(OLEIVERB_SHOW);
   Size(host, 400, 300);
+  EXPECT_EQ(host.As<IOleInPlaceObject>()->ReactivateAndUndo(), INPLACE_E_NOTUNDOABLE);
+  MSG mnemonic{};
+  mnemonic.message = WM_SYSCHAR;
+  EXPECT_EQ(host.As<IOleControl>()->OnMnemonic(&mnemonic), S_OK);
 }
 void EndPascal(ControlHost& host) { host.LeaveSite(); }
 
@@ -176,10 +232,12 @@ void EndPortable(ControlHost& host) {
   host.LeaveSite();
 }
 
-constexpr Persona kPersonas[] = {
-    {"Managed", BeginManaged, EndManaged},       {"Framework", BeginFramework, EndFramework},
-    {"BasicForm", BeginBasicForm, EndBasicForm}, {"Document", BeginDocument, EndDocument},
-    {"Pascal", BeginPascal, EndPascal},          {"Portable", BeginPortable, EndPortable}};
+constexpr Persona kPersonas[] = {{"Managed", std::nullopt, BeginManaged, EndManaged},
+                                 {"Framework", true, BeginFramework, EndFramework},
+                                 {"BasicForm", true, BeginBasicForm, EndBasicForm},
+                                 {"Document", std::nullopt, BeginDocument, EndDocument},
+                                 {"Pascal", true, BeginPascal, EndPascal},
+                                 {"Portable", true, BeginPortable, EndPortable}};
 
 // Calls that containers of these families leave unfinished.
 constexpr const char* kRefusedCalls[] = {"",          "ShowObject",      "OnUIActivate",
@@ -195,9 +253,11 @@ TEST_P(Containers, LoadUseAndEndTheControl) {
     SCOPED_TRACE(refused);
     ControlHost host;
     host.site->refusedCall = refused;
+    if (GetParam().userMode) host.site->userMode = *GetParam().userMode;
     GetParam().begin(host);
     EXPECT_EQ(Expression(host.control.get(), L"Ready"), "S_OK True");
     EXPECT_EQ(Expression(host.control.get(), L"Show", {ObjectOf(nullptr)}), "S_OK True");
+    AnnounceAmbient(host);
     EXPECT_EQ(Statement(host.control.get(), L"RefreshToolbar"), "S_OK");
     if (*refused == '\0') {
       EXPECT_NE(IsWindowVisible(host.Window()), FALSE);
