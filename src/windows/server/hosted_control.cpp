@@ -61,7 +61,11 @@ std::shared_ptr<ControlSession> HostedControl::RunningSession() {
 void HostedControl::SetSite(IOleClientSite* site) {
   Deactivate();
   if (site == nullptr) {
-    if (site_) End();
+    if (site_) {
+      End();
+      // Some containers have subclassed it and never restore its procedure.
+      DestroyWindow(Window().Handle());
+    }
     container_.SetSite(nullptr);
     site_.attach(nullptr);
     userMode_ = true;

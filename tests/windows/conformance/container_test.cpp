@@ -132,6 +132,17 @@ TEST(NoContainer, MayBeSetAtAnyTime) {
   EXPECT_NE(host.Window(), nullptr);
 }
 
+// A toolkit may have subclassed the window and forget it with its own object.
+TEST(NoContainer, LeavesNoWindowThoughReferencesRemain) {
+  ControlHost host;
+  host.Open();
+  const HWND window = host.Window();
+  ASSERT_NE(IsWindow(window), FALSE);
+  EXPECT_EQ(host.LeaveSite(), S_OK);
+  EXPECT_EQ(IsWindow(window), FALSE);
+  EXPECT_EQ(Statement(host.control.get(), L"RefreshToolbar"), "S_OK");
+}
+
 TEST(NoContainer, IsTheEndOfEachLifeAndTheNextBegins) {
   ControlHost host;
   for (int life = 1; life <= 5; ++life) {
