@@ -133,7 +133,8 @@ int MemberListWindow::FindItem(const NMLVFINDITEMW& search) const {
       rows_ == nullptr) {
     return -1;
   }
-  const auto row = rows_->Find(FromWide(search.lvfi.psz), RowOfItem(search.iStart));
+  // -1 means the beginning.
+  const auto row = rows_->Find(FromWide(search.lvfi.psz), RowOfItem(std::max(search.iStart, 0)));
   return row ? ItemOf(*row) : -1;
 }
 

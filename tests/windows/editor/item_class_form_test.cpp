@@ -49,6 +49,24 @@ TEST_F(ItemClassFormWindow, OpensFilledOnAClass) {
                       [&] { CloseByFrame(); }});
 }
 
+// As the list asks when the user types into it.
+TEST_F(ItemClassFormWindow, FindsAnItemByTheBeginningOfItsCode) {
+  const auto found = [this](const wchar_t* code, int from) {
+    LVFINDINFOW search{};
+    search.flags = LVFI_STRING | LVFI_PARTIAL | LVFI_WRAP;
+    search.psz = code;
+    return static_cast<int>(SendMessageW(List(), LVM_FINDITEMW, static_cast<WPARAM>(from),
+                                         reinterpret_cast<LPARAM>(&search)));
+  };
+  ShowForEdit(u"A1", {[&] {
+                        EXPECT_EQ(found(L"01", -1), 0);
+                        EXPECT_EQ(found(L"01.3", -1), 2);
+                        EXPECT_EQ(found(L"01.2", 0), 1);
+                        EXPECT_EQ(found(L"02", -1), -1);
+                      },
+                      [&] { CloseByFrame(); }});
+}
+
 TEST_F(ItemClassFormWindow, ShowsItsCaptions) {
   ShowForAdd({[&] {
                 EXPECT_EQ(TextIn(form_ids::kHeaderFrame), "物料类别：");
