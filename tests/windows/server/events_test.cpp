@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "platform/local_object.h"
+#include "tests/browser/class_deletion.h"
+#include "tests/windows/base/message_boxes.h"
 #include "tests/windows/dialog_closer.h"
 #include "tests/windows/raw_call.h"
 #include "tests/windows/server/control_host.h"
@@ -110,6 +112,27 @@ TEST_F(Events, ReportAFailureOfACommandOfTheUser) {
   EXPECT_EQ(Heard(), "4 -2147221213 \"没有连接\" \"ZEPEBCGLView.GLData.AccessCheck\"\n");
 }
 
+TEST_F(Events, ReportADeletedClassBeforeTheTreeIsLoadedAgain) {
+  host->Open();
+  for (const auto statement : {kVoucher, kHistory}) {
+    AnswerStatement(host->world.factory, statement, Rows({u"FItemID"}, {}));
+  }
+  for (const auto statement : {kDeleteProvision, kDeleteClass}) {
+    AnswerNothing(host->world.factory, statement);
+  }
+  Connect(*sink.get());
+  std::string callsBefore;
+  sink->whenNotified = [&] {
+    if (callsBefore.empty()) callsBefore = host->world.log.Lines().back();
+  };
+  MessageBoxes boxes;
+  boxes.WillPress({IDYES});
+  EXPECT_EQ(Statement(host->control.get(), L"delRecord"), "S_OK");
+  EXPECT_EQ(boxes.All().size(), 1U);
+  EXPECT_EQ(Heard(), "2 3 \"01\"\n1 \"\"\n");
+  EXPECT_EQ(callsBefore, "release ZEPConnection.AppConnection");
+}
+
 TEST_F(Events, ReachEverySinkAfterAnyAnswerOfOne) {
   sink->answer = E_FAIL;
   const auto second = windows::MakeCom<EventSink>();
@@ -167,6 +190,18 @@ TEST_F(Events, ReachALateBoundListenerByName) {
   ComPtr<IDispatch> kept;
   EXPECT_EQ(host->As<_PriceDownState>()->get_Listener(kept.put()), S_OK);
   EXPECT_FALSE(kept);
+}
+
+TEST_F(Events, ReachTheListenerThatAnEarlyBoundClientHasSet) {
+  const auto listener = std::make_shared<EventListener>();
+  const auto object = windows::ToDispatch(listener);
+  const auto state = host->As<_PriceDownState>();
+  EXPECT_EQ(state->putref_Listener(object.get()), S_OK);
+  host->Open();
+  EXPECT_EQ(listener->received, (std::vector<std::string>{"\"01\""}));
+  EXPECT_EQ(state->put_Listener(nullptr), S_OK);
+  host->Close();
+  EXPECT_EQ(listener->received.size(), 1U);
 }
 
 TEST_F(Events, HaveOneConnectionPointThatListsItsSinks) {
