@@ -3,7 +3,7 @@
 // longer.
 #include <gtest/gtest.h>
 
-#include <commctrl.h>
+#include <windows.h>
 
 #include <algorithm>
 #include <array>
