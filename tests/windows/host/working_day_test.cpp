@@ -271,6 +271,10 @@ TEST_F(WorkingDay, LeavesASoundCompanyAndAFreeProcess) {
               << evening.userObjects - noon.userObjects << ", bytes "
               << evening.memory - noon.memory << "\n";
     EXPECT_GT(user.Acts(), 10 * seconds);
+    EXPECT_LE(evening.userObjects, noon.userObjects);
+    // What the system makes when it is first used.
+    EXPECT_LE(evening.handles, noon.handles + 20);
+    EXPECT_LE(evening.gdiObjects, noon.gdiObjects + 20);
     frame.Settings()->Call(u"Close");
   }
   const std::vector<std::string> after = Findings();
