@@ -107,6 +107,18 @@ TEST_F(ServerConnection, ReconnectsALostConnectionBeforeTheNextText) {
   EXPECT_EQ(Number(*connection, "SELECT count(*) FROM t"), 1);
 }
 
+TEST_F(ServerConnection, RefusesPreparedRowsAfterTheirConnectionWasLost) {
+  const auto connection = Open();
+  Execute(*connection, "CREATE TABLE t(a INTEGER)");
+  const auto inserter = connection->PrepareInsert("t", "a");
+  const InsertValue row[] = {std::int64_t{1}};
+  inserter->Insert(row);
+  server_->CutConnections();
+  EXPECT_EQ(Number(*connection, "SELECT count(*) FROM t"), 0) << "on a new connection";
+  EXPECT_THROW(inserter->Finish(), DatabaseError);
+  EXPECT_EQ(Number(*connection, "SELECT count(*) FROM t"), 0);
+}
+
 TEST_F(ServerConnection, RecoversWithTheServer) {
   const auto connection = Open();
   server_->Stop();
@@ -249,6 +261,24 @@ TEST_F(ServerConnection, CancelsARunningStatementWhenAsked) {
   EXPECT_LT(steady_clock::now() - start, seconds(5));
 }
 
+TEST_F(ServerConnection, ReportsTheEndOfEachStatementThatWasToBeCancelled) {
+  bool isAsked = false;
+  int ends = 0;
+  ConnectOptions options;
+  // Asked after the statement has begun.
+  options.cancels = [&isAsked, answers = 0]() mutable { return isAsked && ++answers % 20 == 0; };
+  options.afterCancel = [&ends] { ++ends; };
+  const auto connection = Open(options);
+  Execute(*connection, "SELECT pg_sleep(0.1)");
+  EXPECT_EQ(ends, 0);
+  isAsked = true;
+  EXPECT_THROW(Execute(*connection, "SELECT pg_sleep(20)"), DatabaseError);
+  EXPECT_EQ(ends, 1);
+  // The server may be done before it hears of it.
+  Execute(*connection, "SELECT 1");
+  EXPECT_EQ(ends, 1);
+}
+
 TEST_F(ServerConnection, SeesAShortPressOfTheCancelKey) {
   int answers = 0;
   ConnectOptions options;
@@ -299,6 +329,40 @@ TEST_F(ServerConnection, SeveralChangesOfOneTextComeOneAfterTheOther) {
   other.join();
   EXPECT_EQ(Number(*first, "SELECT count(*) FROM c"), 300);
   EXPECT_EQ(Number(*first, "SELECT count(DISTINCT name) FROM c"), 1);
+}
+
+TEST_F(ServerConnection, KeepsItsIsolationAfterATextOfSeveralChanges) {
+  Execute(*Open(),
+          "DO $$BEGIN EXECUTE format('ALTER DATABASE %I SET default_transaction_isolation=%L',"
+          "current_database(),'repeatable read');END$$");
+  bool isAsked = false;
+  ConnectOptions options;
+  options.cancels = [&isAsked, answers = 0]() mutable { return isAsked && ++answers > 3; };
+  const auto connection = Open(options);
+  const auto isolation = [&] {
+    return Utf8FromUtf16(Execute(*connection, "SHOW transaction_isolation").At(0, 0).Text());
+  };
+  Execute(*connection, "CREATE TABLE t(a INTEGER PRIMARY KEY)");
+  EXPECT_EQ(isolation(), "repeatable read");
+  Execute(*connection,
+          "CREATE TABLE seen AS SELECT ''::text AS isolation;INSERT INTO t VALUES(1);"
+          "INSERT INTO seen SELECT current_setting('transaction_isolation')");
+  EXPECT_EQ(Number(*connection, "SELECT count(*) FROM seen WHERE isolation='serializable'"), 1);
+  EXPECT_EQ(isolation(), "repeatable read") << "committed";
+  EXPECT_THROW(Execute(*connection, "INSERT INTO t VALUES(2);INSERT INTO t VALUES(2)"),
+               DatabaseError);
+  EXPECT_EQ(isolation(), "repeatable read") << "failed";
+  isAsked = true;
+  EXPECT_THROW(
+      Execute(*connection, "INSERT INTO t VALUES(3);INSERT INTO t VALUES(4);SELECT pg_sleep(20)"),
+      DatabaseError);
+  isAsked = false;
+  EXPECT_EQ(isolation(), "repeatable read") << "rolled back";
+  {
+    Transaction transaction(*connection);
+    EXPECT_EQ(isolation(), "repeatable read") << "a transaction of the caller's own";
+  }
+  EXPECT_EQ(isolation(), "repeatable read");
 }
 
 TEST_F(ServerConnection, AFailureOfALaterChangeReachesTheCaller) {

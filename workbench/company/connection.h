@@ -46,7 +46,8 @@ class Connection {
   virtual void Commit() = 0;
   virtual void Rollback() noexcept = 0;
 
-  // Column names separated by ",". The connection outlives the inserter. Throws DatabaseError.
+  // Column names separated by ",". Rows of an inserter whose connection was lost are refused, also
+  // when texts run on a new one. The connection outlives the inserter. Throws DatabaseError.
   virtual std::unique_ptr<RowInserter> PrepareInsert(std::string_view table,
                                                      std::string_view columns) = 0;
 
@@ -97,6 +98,9 @@ struct ConnectOptions {
   // Polled on the caller's thread while a statement runs; once it returns true, the statement is
   // cancelled if the driver supports that. May be empty. Must not throw.
   std::function<bool()> cancels = {};
+  // Called on the caller's thread when a statement that was to be cancelled has ended, in whatever
+  // way. May be empty. Must not throw.
+  std::function<void()> afterCancel = {};
 };
 
 // `location`, in UTF-8: an ODBC connection string (location.h) or else the path of an existing

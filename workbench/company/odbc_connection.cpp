@@ -54,16 +54,15 @@ class OdbcConnection::Session {
   }
 
   // The login, reopened if it is lost.
-  odbc::Session& Alive() {
-    if (session_ != nullptr && (inTransaction_ || session_->Answers())) return *session_;
+  const std::shared_ptr<odbc::Session>& Alive() {
+    if (session_ != nullptr && (inTransaction_ || session_->Answers())) return session_;
     session_.reset();
     LogIn(u"与服务器的连接已断开，重新连接失败：");
-    // cppcheck-suppress nullPointer
-    return *session_;
+    return session_;
   }
 
   ResultSet Execute(std::u16string_view text) {
-    odbc::Session& session = Alive();
+    odbc::Session& session = *Alive();
     if (inTransaction_ || !HoldsSeveralChanges(text)) return session.Execute(text);
     constexpr int kAttempts = 8;
     for (int attempt = 1;; ++attempt) {
@@ -77,7 +76,7 @@ class OdbcConnection::Session {
   }
 
   void Begin() {
-    Alive().Begin(odbc::Session::Isolation::Default);
+    Alive()->Begin(odbc::Session::Isolation::Default);
     inTransaction_ = true;
   }
 
@@ -94,7 +93,7 @@ class OdbcConnection::Session {
  private:
   void LogIn(const std::u16string& failure) {
     try {
-      session_ = std::make_unique<odbc::Session>(connectionString_, options_);
+      session_ = std::make_shared<odbc::Session>(connectionString_, options_);
     } catch (const DatabaseError& error) {
       throw DatabaseError(failure + error.Message(), error.NativeNumber());
     }
@@ -126,7 +125,7 @@ class OdbcConnection::Session {
 
   std::string connectionString_;
   ConnectOptions options_;
-  std::unique_ptr<odbc::Session> session_;  // null while a new login has failed
+  std::shared_ptr<odbc::Session> session_;  // null while a new login has failed
   bool inTransaction_ = false;              // then there is a session
 };
 
@@ -149,7 +148,7 @@ std::unique_ptr<RowInserter> OdbcConnection::PrepareInsert(std::string_view tabl
 }
 
 void OdbcConnection::CreateTables() {
-  const std::string product = Utf8FromUtf16(session_->Alive().ServerProduct());
+  const std::string product = Utf8FromUtf16(session_->Alive()->ServerProduct());
   for (const std::string& table : ServerTables(product)) Execute(Utf16FromUtf8(table));
 }
 

@@ -24,8 +24,9 @@ std::string Placeholders(std::size_t columns) {
 
 }  // namespace
 
-Inserter::Inserter(Session& session, std::string_view table, std::string_view columns)
-    : session_(session),
+Inserter::Inserter(std::shared_ptr<Session> session, std::string_view table,
+                   std::string_view columns)
+    : session_(std::move(session)),
       insert_("INSERT INTO " + std::string(table) + "(" + std::string(columns) + ")VALUES"),
       placeholders_(Placeholders(ColumnCount(columns))),
       columns_(ColumnCount(columns)),
@@ -35,7 +36,7 @@ Inserter::Inserter(Session& session, std::string_view table, std::string_view co
 Inserter::~Inserter() {
   try {
     // A driver may tell the server.
-    session_.Run([batch = std::move(batch_)]() mutable { batch.reset(); });
+    session_->Run([batch = std::move(batch_)]() mutable { batch.reset(); });
   } catch (const std::exception&) {
   }
 }
@@ -43,8 +44,8 @@ Inserter::~Inserter() {
 std::shared_ptr<Statement> Inserter::Prepare(std::size_t rows) const {
   std::string sql = insert_ + placeholders_;
   for (std::size_t i = 1; i < rows; ++i) sql.append(",").append(placeholders_);
-  auto statement = session_.NewStatement();
-  session_.Run([statement, text = ToOdbc(Utf16FromUtf8(sql))]() mutable {
+  auto statement = session_->NewStatement();
+  session_->Run([statement, text = ToOdbc(Utf16FromUtf8(sql))]() mutable {
     Check(SQLPrepareW(statement->Get(), text.data(), static_cast<SQLINTEGER>(text.size())),
           SQL_HANDLE_STMT, statement->Get());
   });
@@ -77,8 +78,8 @@ void Inserter::Finish() {
 }
 
 void Inserter::Send(std::shared_ptr<Statement> statement) {
-  session_.Run([statement = std::move(statement), values = std::exchange(waiting_, {}),
-                columns = columns_]() mutable { Send(statement->Get(), values, columns); });
+  session_->Run([statement = std::move(statement), values = std::exchange(waiting_, {}),
+                 columns = columns_]() mutable { Send(statement->Get(), values, columns); });
   std::fill(columns_.begin(), columns_.end(), Column());
 }
 

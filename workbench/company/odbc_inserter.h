@@ -1,6 +1,7 @@
 // Inserts rows at a server, many in one statement: few drivers send an array of rows at once.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <variant>
 #include <vector>
@@ -12,8 +13,8 @@ namespace workbench::odbc {
 
 class Inserter final : public RowInserter {
  public:
-  // The session outlives the inserter. Throws DatabaseError.
-  Inserter(Session& session, std::string_view table, std::string_view columns);
+  // Throws DatabaseError.
+  Inserter(std::shared_ptr<Session> session, std::string_view table, std::string_view columns);
   ~Inserter() override;
   Inserter(const Inserter&) = delete;
   Inserter& operator=(const Inserter&) = delete;
@@ -39,7 +40,7 @@ class Inserter final : public RowInserter {
   static void Send(SQLHSTMT statement, std::vector<WaitingValue>& values,
                    const std::vector<Column>& columns);
 
-  Session& session_;
+  std::shared_ptr<Session> session_;
   std::string insert_;        // up to VALUES
   std::string placeholders_;  // of a row
   std::vector<Column> columns_;

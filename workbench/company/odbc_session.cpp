@@ -38,12 +38,25 @@ SQLRETURN SetAutocommit(SQLHDBC connection, bool on) noexcept {
                             Number(on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF), SQL_IS_UINTEGER);
 }
 
+void SetIsolation(SQLHDBC connection, SQLUINTEGER level) noexcept {
+  SQLSetConnectAttrW(connection, SQL_ATTR_TXN_ISOLATION, Number(level), SQL_IS_UINTEGER);
+}
+
 // A driver with a single isolation level keeps it.
-void SetIsolation(SQLHDBC connection, Session::Isolation isolation) noexcept {
-  const bool isSerializable = isolation == Session::Isolation::Serializable;
-  SQLSetConnectAttrW(connection, SQL_ATTR_TXN_ISOLATION,
-                     Number(isSerializable ? SQL_TXN_SERIALIZABLE : SQL_TXN_READ_COMMITTED),
-                     SQL_IS_UINTEGER);
+void MakeSerializable(Link& link) noexcept {
+  const SQLHDBC connection = link.connection.Get();
+  SQLUINTEGER usual = 0;
+  if (SQL_SUCCEEDED(SQLGetConnectAttrW(connection, SQL_ATTR_TXN_ISOLATION, &usual, SQL_IS_UINTEGER,
+                                       nullptr))) {
+    link.usualIsolation = usual;
+  }
+  SetIsolation(connection, SQL_TXN_SERIALIZABLE);
+}
+
+void RestoreIsolation(Link& link) noexcept {
+  if (const SQLUINTEGER usual = std::exchange(link.usualIsolation, 0); usual != 0) {
+    SetIsolation(link.connection.Get(), usual);
+  }
 }
 
 void RollBack(Link& link) noexcept {
@@ -56,7 +69,7 @@ void RollBack(Link& link) noexcept {
   }
   link.inTransaction = false;
   SetAutocommit(connection, true);
-  SetIsolation(connection, Session::Isolation::Default);
+  RestoreIsolation(link);
 }
 
 void Commit(Link& link) {
@@ -72,8 +85,9 @@ void Commit(Link& link) {
     }
   }
   link.inTransaction = false;
-  Check(SetAutocommit(connection, true), SQL_HANDLE_DBC, connection);
-  SetIsolation(connection, Session::Isolation::Default);
+  const SQLRETURN ended = SetAutocommit(connection, true);
+  RestoreIsolation(link);
+  Check(ended, SQL_HANDLE_DBC, connection);
 }
 
 void Connect(Link& link, OdbcText text) {
@@ -171,6 +185,9 @@ void Session::Run(std::function<void()> call, seconds limit, const std::function
   auto start = steady_clock::now();
   const BackgroundCall running(std::move(call));
   std::unique_ptr<BackgroundCall> cancelling;
+  const auto end = [&] {
+    if (cancelling != nullptr && options_.afterCancel) options_.afterCancel();
+  };
   while (!running.EndsWithin(kInterval) ||
          (cancelling != nullptr && !cancelling->EndsWithin(kInterval))) {
     const bool isAsked = cancels && cancels();
@@ -182,11 +199,13 @@ void Session::Run(std::function<void()> call, seconds limit, const std::function
     if (std::exchange(progress, link_->progress) != progress) start = now;
     if (limit.count() > 0 && now > start + limit + kGrace) {
       link_->isHanging = true;
+      end();
       throw DatabaseError(u"[HYT01] 服务器 " + Utf16FromUtf8(std::to_string(limit.count())) +
                               u" 秒没有应答，连接已断开。",
                           0);
     }
   }
+  end();
   running.Get();
 }
 
@@ -225,8 +244,11 @@ bool Session::Answers() noexcept {
 void Session::Begin(Isolation isolation) {
   Run([link = link_, isolation] {
     const SQLHDBC connection = link->connection.Get();
-    if (isolation == Isolation::Serializable) SetIsolation(connection, isolation);
-    Check(SetAutocommit(connection, false), SQL_HANDLE_DBC, connection);
+    if (isolation == Isolation::Serializable) MakeSerializable(*link);
+    if (!SQL_SUCCEEDED(SetAutocommit(connection, false))) {
+      RestoreIsolation(*link);
+      ThrowDiagnostic(SQL_HANDLE_DBC, connection);
+    }
     link->inTransaction = true;
   });
 }

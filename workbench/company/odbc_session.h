@@ -28,6 +28,7 @@ struct Link {
   Handle connection;
   bool isConnected = false;
   bool inTransaction = false;
+  SQLUINTEGER usualIsolation = 0;  // to be restored after the transaction; 0: nothing
   std::atomic<bool> isHanging = false;
   std::atomic<bool> isLost = false;    // unusable, but its calls return
   std::atomic<unsigned> progress = 0;  // counts what the server has sent during a call
