@@ -163,11 +163,12 @@ PostgresServer::~PostgresServer() {
 }
 
 void PostgresServer::Start() {
-  process_ = StartProgram(
-      {programs_ / "postgres", "-D", folder_ / "data", "-p", std::to_string(port_), "-c",
-       "listen_addresses=127.0.0.1", "-c", "unix_socket_directories=", "-c", "fsync=off", "-c",
-       "full_page_writes=off", "-c", "max_connections=30", "-c", "autovacuum=off"},
-      folder_ / "log");
+  process_ =
+      StartProgram({programs_ / "postgres", "-D", folder_ / "data", "-p", std::to_string(port_),
+                    "-c", "listen_addresses=127.0.0.1", "-c", "unix_socket_directories=", "-c",
+                    "fsync=off", "-c", "full_page_writes=off", "-c", "max_connections=30", "-c",
+                    "autovacuum=off", "-c", "track_commit_timestamp=on"},
+                   folder_ / "log");
   const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(30);
   for (;;) {
     try {
