@@ -5,11 +5,16 @@
 
 #include <sqlite3.h>
 
+#include <atomic>
+#include <chrono>
 #include <filesystem>
+#include <set>
 #include <sstream>
+#include <thread>
 
 #include "tests/sample/temporary_folder.h"
 #include "workbench/company/connection.h"
+#include "workbench/company/utf.h"
 
 namespace workbench::testing {
 namespace {
@@ -174,7 +179,9 @@ TEST_F(Commands, ExportKeepsTheColumnsOfAnItemWithoutACode) {
       u"UPDATE t_ICItem SET FNumber=NULL,FName='端,盖',FModel=NULL,FShortNumber='s',"
       u"FErpClsID=1,FUnitName=NULL,FPlanPrice=2.5,FSalePrice=NULL");
   const std::string csv = folder_.PathOf("物料.csv");
-  ASSERT_EQ(Run({"export", Company(), "--items", csv}), kDone) << err_.str();
+  EXPECT_EQ(Run({"export", Company(), "--items", csv}), kBadData);
+  EXPECT_EQ(out_.str(), "已写入 " + csv + "\n");
+  EXPECT_EQ(err_.str(), csv + ":2: 物料代码不能为空\n共 1 处不能原样导入\n");
   EXPECT_NE(folder_.Read("物料.csv").find("\r\n,\"端,盖\",,s,1,,2.5,\r\n"), std::string::npos)
       << folder_.Read("物料.csv");
 }
@@ -328,6 +335,48 @@ TEST_F(Commands, BackupCopiesACompanyThatIsInUse) {
   folder_.Write("坏.db", std::string(5000, 'x'));
   EXPECT_EQ(Run({"backup", folder_.PathOf("坏.db"), copy + "2"}), kFailed);
   EXPECT_EQ(folder_.Names().count("副本.db2"), 0U);
+}
+
+// In both modes of a file: that of programs that share it, and that of a program that loads data.
+TEST_F(Commands, BackupCopiesOneStateWhileAnotherConnectionWrites) {
+  ASSERT_EQ(Run({"create", Company()}), kDone);
+  int copies = 0;
+  for (const OpenMode mode : {OpenMode::ReadWrite, OpenMode::Shared}) {
+    std::atomic<int> written = 0;
+    std::atomic<bool> isDone = false;
+    std::string failure;
+    std::thread writer([&] {
+      try {
+        ConnectOptions options;
+        options.mode = mode;
+        const auto company = OpenConnection(Company(), options);
+        while (!isDone) {
+          const std::u16string name = u"'" + Utf16FromUtf8(std::to_string(++written)) + u"'";
+          company->Execute(u"UPDATE t_ICItem SET FName=" + name + u" WHERE FItemID<=1600 " +
+                           u"UPDATE t_ICItem SET FName=" + name + u" WHERE FItemID>1600");
+          std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+      } catch (const DatabaseError& error) {
+        failure = error.what();
+      }
+    });
+    for (int i = 0; i < 10; ++i) {
+      const int before = written;
+      while (written < before + 3 && failure.empty()) std::this_thread::yield();
+      const std::string copy = folder_.PathOf("副本" + std::to_string(++copies) + ".db");
+      EXPECT_EQ(Run({"backup", Company(), copy}), kDone) << err_.str();
+      const ResultSet names = OpenConnection(copy)->Execute(u"SELECT FName FROM t_ICItem");
+      std::set<std::u16string_view> different;
+      for (std::size_t row = 0; row < names.RowCount(); ++row) {
+        different.insert(names.At(row, 0).Text());
+      }
+      EXPECT_EQ(names.RowCount(), 3200U);
+      EXPECT_EQ(different.size(), 1U);
+    }
+    isDone = true;
+    writer.join();
+    EXPECT_EQ(failure, "");
+  }
 }
 
 TEST_F(Commands, AConnectionStringNeverBecomesAFile) {

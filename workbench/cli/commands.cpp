@@ -90,7 +90,7 @@ ExitCode Import(const Arguments& arguments, std::ostream& out, std::ostream& err
   return kDone;
 }
 
-void Export(const Arguments& arguments, std::ostream& out) {
+ExitCode Export(const Arguments& arguments, std::ostream& out, std::ostream& err) {
   for (const auto& path : {arguments.itemsFile, arguments.accountsFile}) {
     if (path) RequireFileName(*path);
     if (path && Exists(*path)) throw CompanyFileError("文件已存在: " + *path);
@@ -98,10 +98,19 @@ void Export(const Arguments& arguments, std::ostream& out) {
   const auto company = OpenCompany(arguments, OpenMode::ReadOnly);
   company->RequireCompany();
   std::vector<NewFile> files;
-  if (arguments.itemsFile) files.push_back({*arguments.itemsFile, ExportItems(*company)});
-  if (arguments.accountsFile) files.push_back({*arguments.accountsFile, ExportAccounts(*company)});
+  std::vector<ImportProblem> problems;
+  const auto add = [&](CsvExport exported) {
+    files.push_back({std::move(exported.file.name), std::move(exported.file.bytes)});
+    problems.insert(problems.end(), exported.problems.begin(), exported.problems.end());
+  };
+  if (arguments.itemsFile) add(ExportItems(*company, *arguments.itemsFile));
+  if (arguments.accountsFile) add(ExportAccounts(*company, *arguments.accountsFile));
   WriteNewFiles(files);
   for (const NewFile& file : files) out << "已写入 " << file.path << '\n';
+  if (problems.empty()) return kDone;
+  for (const ImportProblem& problem : problems) err << ToText(problem) << '\n';
+  err << "共 " << problems.size() << " 处不能原样导入\n";
+  return kBadData;
 }
 
 void Info(const Arguments& arguments, std::ostream& out) {
@@ -172,8 +181,7 @@ ExitCode Run(const Arguments& arguments, std::ostream& out, std::ostream& err) {
     case CommandKind::Import:
       return Import(arguments, out, err);
     case CommandKind::Export:
-      Export(arguments, out);
-      break;
+      return Export(arguments, out, err);
     case CommandKind::Info:
       Info(arguments, out);
       break;

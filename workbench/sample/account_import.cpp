@@ -5,6 +5,7 @@
 #include "workbench/sample/company_rows.h"
 #include "workbench/sample/csv_import.h"
 #include "workbench/sample/field_rules.h"
+#include "workbench/sample/import_rows.h"
 
 namespace workbench {
 namespace {
@@ -20,23 +21,24 @@ constexpr CsvColumn kAccountColumns[] = {
 constexpr NamedField kAccountNumberField = {kAccountNumber, "科目代码", kMaximumCodeLength};
 constexpr NamedField kAccountNameField = {kAccountName, "科目名称", kMaximumNameLength};
 
-struct NewAccount {
-  AccountRow row;
-  int line = 0;
-  bool hasDirection = false;
-};
-
-std::string ParentNumber(const std::string& number) {
-  const std::size_t dot = number.rfind('.');
-  return dot == std::string::npos ? std::string() : number.substr(0, dot);
-}
-
 bool HasEmptySegment(const std::string& number) {
   return number.front() == '.' || number.back() == '.' || number.find("..") != std::string::npos;
 }
 
-NewAccount ReadAccount(CsvTable& table) {
-  NewAccount account;
+}  // namespace
+
+std::string ParentNumber(const std::string& number) {
+  const std::size_t dot = number.rfind('.');
+  if (dot == std::string::npos || HasEmptySegment(number)) return {};
+  return number.substr(0, dot);
+}
+
+CsvTable OpenAccountLines(const CsvFile& file, std::vector<ImportProblem>* problems) {
+  return {file, kAccountColumns, problems};
+}
+
+AccountLine ReadAccount(CsvTable& table) {
+  AccountLine account;
   account.line = table.line();
   account.row.number = ReadCode(table, kAccountNumberField);
   if (!account.row.number.empty() && HasEmptySegment(account.row.number)) {
@@ -53,6 +55,8 @@ NewAccount ReadAccount(CsvTable& table) {
   return account;
 }
 
+namespace {
+
 // Two passes: the first assigns ids, the second finds parents anywhere in the file.
 class AccountImport {
  public:
@@ -64,7 +68,7 @@ class AccountImport {
   void AddLines() {
     CompanyWriter writer(company_);
     while (table_.Next()) {
-      NewAccount account = ReadAccount(table_);
+      AccountLine account = ReadAccount(table_);
       if (account.row.number.empty()) continue;
       account.row.id = lines_.NextId();
       writer.Add(account.row);
@@ -77,17 +81,17 @@ class AccountImport {
 
   // Short numbers first, so that a parent has its level and direction before its sub accounts.
   void PlaceLines() {
-    std::multimap<std::size_t, const NewAccount*> byLength;
-    for (const NewAccount& each : added_) byLength.emplace(each.row.number.size(), &each);
+    std::multimap<std::size_t, const AccountLine*> byLength;
+    for (const AccountLine& each : added_) byLength.emplace(each.row.number.size(), &each);
     for (const auto& [length, account] : byLength) Place(*account);
   }
 
   int Count() const { return lines_.Count(); }
 
  private:
-  void Place(const NewAccount& account) {
+  void Place(const AccountLine& account) {
     const std::string parent = ParentNumber(account.row.number);
-    if (parent.empty() || HasEmptySegment(account.row.number)) return;
+    if (parent.empty()) return;
     const ResultSet found = Ask(
         company_, "SELECT FAccountID,FLevel,FDC FROM t_account WHERE FNumber=" + Literal(parent));
     if (found.RowCount() == 0) {
@@ -105,13 +109,13 @@ class AccountImport {
   Connection& company_;
   CsvTable& table_;
   AddedLines lines_;
-  std::vector<NewAccount> added_;
+  std::vector<AccountLine> added_;
 };
 
 }  // namespace
 
 int ImportAccounts(Connection& company, const CsvFile& file, std::vector<ImportProblem>* problems) {
-  CsvTable table(file, kAccountColumns, problems);
+  CsvTable table = OpenAccountLines(file, problems);
   AccountImport import(company, table);
   import.AddLines();
   import.PlaceLines();

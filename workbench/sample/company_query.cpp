@@ -22,18 +22,21 @@ std::int64_t IntegerOf(const Cell& cell) {
   return cell.Kind() == CellKind::Number ? static_cast<std::int64_t>(cell.Number()) : 0;
 }
 
+std::string PlainDigits(double number) {
+  std::array<char, 400> digits{};
+  const auto written =
+      std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed);
+  return {digits.data(), written.ptr};
+}
+
 std::string TextOf(const Cell& cell) {
   switch (cell.Kind()) {
     case CellKind::Null:
       break;
     case CellKind::Integer:
       return std::to_string(cell.Integer());
-    case CellKind::Number: {
-      std::array<char, 400> digits{};
-      const auto written = std::to_chars(digits.data(), digits.data() + digits.size(),
-                                         cell.Number(), std::chars_format::fixed);
-      return {digits.data(), written.ptr};
-    }
+    case CellKind::Number:
+      return PlainDigits(cell.Number());
     case CellKind::Text:
       return Utf8FromUtf16(cell.Text());
   }

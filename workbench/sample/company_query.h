@@ -21,6 +21,9 @@ std::int64_t IntegerOf(const Cell& cell);
 // In UTF-8; empty for NULL. Numbers as plain digits, without an exponent.
 std::string TextOf(const Cell& cell);
 
+// Plain digits, as few as restore the number.
+std::string PlainDigits(double number);
+
 // `text` between apostrophes, its own doubled.
 std::string Literal(std::string_view text);
 

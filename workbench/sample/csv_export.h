@@ -2,14 +2,23 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "workbench/company/connection.h"
+#include "workbench/sample/csv_table.h"
 
 namespace workbench {
 
-// The whole files, in UTF-8 with CR LF, in code order. Imported into a company without them, they
-// restore the same items and accounts. Ids are new there. Throw DatabaseError.
-std::string ExportItems(Connection& company);
-std::string ExportAccounts(Connection& company);
+// A whole file, in UTF-8 with CR LF, in code order, and its lines that an import would refuse or
+// change. Imported into a company without them, the others restore the same items and accounts. Ids
+// are new there.
+struct CsvExport {
+  CsvFile file;
+  std::vector<ImportProblem> problems;
+};
+
+// `name` is the file's. Throw DatabaseError.
+CsvExport ExportItems(Connection& company, const std::string& name);
+CsvExport ExportAccounts(Connection& company, const std::string& name);
 
 }  // namespace workbench

@@ -59,10 +59,11 @@ std::optional<std::string> ReadOptionalCode(CsvTable& table, const NamedField& f
 
 std::optional<std::string> ReadText(CsvTable& table, const NamedField& field, bool isRequired) {
   const std::string_view text = table.Raw(field.column);
-  if (TrimBlanks(text).empty()) {
-    if (isRequired) table.Report(std::string(field.title) + "不能为空");
+  if (isRequired && TrimBlanks(text).empty()) {
+    table.Report(std::string(field.title) + "不能为空");
     return std::nullopt;
   }
+  if (text.empty()) return std::nullopt;
   if (HasControlCharacter(text, "\t\r\n")) {
     table.Report(std::string(field.title) + "含有控制字符");
     return std::nullopt;

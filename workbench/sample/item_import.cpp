@@ -3,6 +3,7 @@
 #include "workbench/sample/company_rows.h"
 #include "workbench/sample/csv_import.h"
 #include "workbench/sample/field_rules.h"
+#include "workbench/sample/import_rows.h"
 
 namespace workbench {
 namespace {
@@ -29,6 +30,12 @@ constexpr NamedField kUnitField = {kUnit, "计量单位", kMaximumNameLength};
 constexpr NamedField kPlanField = {kPlan, "计划单价", 0};
 constexpr NamedField kSaleField = {kSale, "销售单价", 0};
 
+}  // namespace
+
+CsvTable OpenItemLines(const CsvFile& file, std::vector<ImportProblem>* problems) {
+  return {file, kItemColumns, problems};
+}
+
 ItemRow ReadItem(CsvTable& table) {
   ItemRow item;
   item.number = ReadCode(table, kCodeField);
@@ -42,10 +49,8 @@ ItemRow ReadItem(CsvTable& table) {
   return item;
 }
 
-}  // namespace
-
 int ImportItems(Connection& company, const CsvFile& file, std::vector<ImportProblem>* problems) {
-  CsvTable table(file, kItemColumns, problems);
+  CsvTable table = OpenItemLines(file, problems);
   AddedLines lines(company, {"t_ICItem", "FItemID", "物料代码"});
   CompanyWriter writer(company);
   while (table.Next()) {
