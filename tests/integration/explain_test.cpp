@@ -36,18 +36,21 @@ class ExplainOnCompany : public ControlOnCompany {
   // nearly those that count: a prefix, another case, a trailing blank.
   void MakeUpACompany() {
     Run(u"DELETE FROM icPriceDownClass DELETE FROM ICPriceDownPrepare DELETE FROM t_voucher");
-    constexpr std::u16string_view kCodes[] = {u"X", u"X1", u"x1", u"X1 ", u"X11"};
+    constexpr std::u16string_view kCodes[] = {u"X", u"X1", u"x1", u"X1 ", u"X11", u"X'1", u"'"};
     for (std::int32_t id = 1; id <= 12; ++id) {
       const std::u16string own = Concatenate({u"01.", NumberText(id)});
       Run(Concatenate({u"UPDATE t_ICItem SET FErpClsID=", Draw(4) == 0 ? u"6" : u"1", u",FNumber=",
                        Literal(Draw(4) == 0 ? OneOf(kCodes) : own), u" WHERE FItemID=",
                        NumberText(id)}));
     }
-    constexpr std::u16string_view kNumbers[] = {u"A1", u"a1", u"A1 ", u"A", u"A11", u"B1"};
-    for (const std::u16string_view number : {std::u16string_view(u"A1"), OneOf(kNumbers)}) {
+    constexpr std::u16string_view kNumbers[] = {u"A1", u"a1", u"A1 ", u"A", u"A11", u"B1", u"A1'"};
+    number_ = Draw(8) == 0 ? u"A'1" : u"A1";
+    for (const std::u16string_view number : {number_, OneOf(kNumbers)}) {
       std::vector<std::int32_t> members;
       for (std::int32_t i = 1 + Draw(3); i > 0; --i) members.push_back(1 + Draw(13));
-      InsertClass(number, u"类", members);
+      InsertClass(u"new", u"类", members);
+      Run(Concatenate({u"UPDATE icPriceDownClass SET FItemClassNumber=", Literal(number),
+                       u" WHERE FItemClassNumber='new'"}));
     }
     constexpr std::u16string_view kAmounts[] = {u"0", u"0", u"NULL", u"NULL", u"0.01", u"-2"};
     for (std::int32_t i = Draw(5); i > 0; --i) {
@@ -98,7 +101,7 @@ class ExplainOnCompany : public ControlOnCompany {
   }
   std::string CompanyText(int number) {
     std::string reasons;
-    for (const auto& explanation : {ExplainClass(*suite_->company, "A1")}) {
+    for (const auto& explanation : {ExplainClass(*suite_->company, Number())}) {
       if (!explanation) continue;
       for (const std::string& reason : explanation->reasons) reasons += reason + "\n";
     }
@@ -106,39 +109,49 @@ class ExplainOnCompany : public ControlOnCompany {
            reasons;
   }
 
+  // Of the class that is selected.
+  std::string Number() const { return pricedown::ToUtf8(number_); }
+
+  std::u16string_view number_;
   std::mt19937 random_{20080301};
 };
 
 TEST_F(ExplainOnCompany, CallsAClassFreeExactlyWhenItCanBeDeleted) {
   int deleted = 0;
+  int quoted = 0;
   for (int i = 0; i < Companies(); ++i) {
     MakeUpACompany();
     Open();
-    Select(u"A1");
+    Select(number_);
     MayBreakThePeriod();
-    const bool isFree = IsFree(ExplainClass(*suite_->company, i % 2 == 0 ? "A1" : "a1 "));
+    const std::string otherCase = Number() == "A1" ? "a1 " : "a'1 ";
+    const bool isFree = IsFree(ExplainClass(*suite_->company, i % 2 == 0 ? Number() : otherCase));
     questions.WillAnswer({true, true});
     Try(u"Del");
     questions.ForgetAnswers();
-    const bool isGone = !ExplainClass(*suite_->company, "A1").has_value();
+    const bool isGone = !ExplainClass(*suite_->company, Number()).has_value();
+    quoted += number_ == u"A1" ? 0 : 1;
     ASSERT_EQ(isFree, isGone) << CompanyText(i);
     deleted += isGone ? 1 : 0;
   }
   EXPECT_GT(deleted, Companies() / 10);
   EXPECT_LT(deleted, Companies() * 9 / 10);
+  EXPECT_GT(quoted, Companies() / 20);
 }
 
 TEST_F(ExplainOnCompany, CallsAnItemFreeExactlyWhenItCanBeRemoved) {
   int removed = 0;
   int listed = 0;
+  int quoted = 0;
   for (int i = 0; i < Companies(); ++i) {
     MakeUpACompany();
     Open();
-    Select(u"A1");
+    Select(number_);
     if (control->GetGrid().MaxRows() < 1) continue;
     const std::string code = pricedown::ToUtf8(control->GetGrid().Text(1, 1));
     if (code.empty()) continue;
     ++listed;
+    quoted += code.find('\'') == std::string::npos ? 0 : 1;
     bool isFree = false;
     bool isGone = false;
     Try(u"Edit", [&] {
@@ -160,6 +173,7 @@ TEST_F(ExplainOnCompany, CallsAnItemFreeExactlyWhenItCanBeRemoved) {
   EXPECT_GT(listed, Companies() / 3);
   EXPECT_GT(removed, listed / 10);
   EXPECT_LT(removed, listed);
+  EXPECT_GT(quoted, listed / 50);
 }
 
 }  // namespace

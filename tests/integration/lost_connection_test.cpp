@@ -5,6 +5,7 @@
 #include "platform/error.h"
 #include "tests/integration/control_fixture.h"
 #include "tests/integration/forwarding_connection.h"
+#include "workbench/pickers/picking.h"
 
 namespace workbench {
 namespace {
@@ -39,10 +40,39 @@ class LossyConnection final : public ForwardingConnection {
   }
 };
 
+// Reads what the pickers' windows read: ids, a search, the texts of the page that is shown. Chooses
+// the first account that is found, and the first two items.
+class ReadingPickers final : public Pickers {
+ public:
+  std::optional<std::u16string> PickAccount(Connection& company,
+                                            std::u16string_view text) override {
+    Picking picking(company, AccountPicker(), {}, false);
+    picking.List().Search(text);
+    picking.FindFirst();
+    if (picking.List().Count() == 0) return std::nullopt;
+    return picking.List().Row(0).front();
+  }
+  std::optional<std::vector<std::int32_t>> PickItems(Connection& company,
+                                                     std::u16string_view condition,
+                                                     bool several) override {
+    Picking picking(company, ItemPicker(), condition, several);
+    picking.List().Search(u"物料");
+    picking.FindFirst();
+    for (const std::size_t position : {0U, 1U}) {
+      EXPECT_NE(picking.List().Row(position).front(), u"");
+      picking.Toggle(position);
+    }
+    return picking.Answer(0);
+  }
+};
+
 constexpr const char* kEdited =
     "A1|材料|1|1051|5711|1023|1281.1|12.5\n"
     "A1|材料|2|1051|5711|1023|1281.1|12.5\n"
     "A1|材料|3|1051|5711|1023|1281.1|12.5\n";
+constexpr const char* kPicked =
+    "A1|材料|10|1051|5711|1023|1281.1|12.5\n"
+    "A1|材料|11|1051|5711|1023|1281.1|12.5\n";
 constexpr const char* kAdded = "C1|包装物|7|1051|5711|1023|1281.1|3.25\n";
 
 class LostConnection : public ControlOnCompany {
@@ -51,6 +81,9 @@ class LostConnection : public ControlOnCompany {
     auto lossy = std::make_unique<LossyConnection>(std::move(suite_->company));
     server_ = lossy.get();
     suite_->company = std::move(lossy);
+    auto queue = std::make_unique<QueuedPickers>(std::make_unique<ReadingPickers>());
+    pickers = queue.get();
+    suite_->pickers = std::move(queue);
     Open();
   }
 
@@ -97,6 +130,22 @@ class LostConnection : public ControlOnCompany {
     }
     server_->lostStatement = 0;
     return isReported;
+  }
+
+  // The form, also when a statement is lost while it opens.
+  void OpenForm(std::u16string_view button, const std::function<void()>& work) {
+    bool isOpened = false;
+    const auto seen = [&] {
+      isOpened = true;
+      work();
+    };
+    Try([&] { Command(button, seen); });
+    if (isOpened) return;
+    EXPECT_TRUE(server_->hasLost);
+    Command(u"sp2");
+    Select(u"A1");
+    Command(button, seen);
+    EXPECT_TRUE(isOpened);
   }
 
   LossyConnection* server_ = nullptr;
@@ -184,6 +233,101 @@ TEST_F(LostConnection, BrowsesAgainWhenTheServerIsBack) {
     EXPECT_EQ(Tree(), "物料 A1(原材料) B1(成品) ");
     EXPECT_EQ(GridCodes(), "01.4 01.5 ");
     EXPECT_EQ(Classes(), std::string(kA1) + kB1);
+  });
+  EXPECT_GE(losses_, 4);
+}
+
+TEST_F(LostConnection, OpensTheControlAtTheSecondTry) {
+  LoseEachStatement([&] {
+    Try([&] {
+      control.reset();
+      Open();
+    });
+    control.reset();
+    Open();
+    EXPECT_EQ(Tree(), "物料 A1(原材料) B1(成品) ");
+    Select(u"A1");
+    EXPECT_EQ(GridCodes(), "01.1 01.2 01.3 ");
+    EXPECT_EQ(Classes(), std::string(kA1) + kB1);
+  });
+  EXPECT_GE(losses_, 20);
+}
+
+TEST_F(LostConnection, OpensTheFormAtTheSecondTry) {
+  LoseEachStatement([&] {
+    OpenForm(u"Edit", [&] {
+      EXPECT_EQ(pricedown::ToUtf8(editor.view.Text(FormField::ClassName)), "原材料");
+      EXPECT_EQ(editor.list.Rows().Items(), 3);
+    });
+    Command(u"sp2");
+    EXPECT_EQ(Tree(), "物料 A1(原材料) B1(成品) ");
+    EXPECT_EQ(Classes(), std::string(kA1) + kB1);
+  });
+  EXPECT_GE(losses_, 4);
+}
+
+TEST_F(LostConnection, OpensAnEmptyFormAtTheSecondTry) {
+  LoseEachStatement([&] {
+    OpenForm(u"Add", [&] { EXPECT_EQ(editor.list.Rows().Items(), 0); });
+    Command(u"sp2");
+    EXPECT_EQ(Tree(), "物料 A1(原材料) B1(成品) ");
+  });
+  EXPECT_GE(losses_, 4);
+}
+
+TEST_F(LostConnection, PicksItemsAtTheSecondTryAndKeepsWhatWasTyped) {
+  LoseEachStatement([&] {
+    Command(u"Edit", [&] {
+      Type(FormField::ClassName, u"材料");
+      if (Try([&] { editor.Click(FormTool::AddItem); })) {
+        EXPECT_EQ(pricedown::ToUtf8(editor.view.Text(FormField::ClassName)), "材料");
+        EXPECT_EQ(editor.list.Rows().Items(), 3);
+        editor.Click(FormTool::AddItem);
+      }
+      EXPECT_EQ(editor.list.Rows().Items(), 5);
+      editor.Click(FormTool::Save);
+      questions.WillAnswer({false});
+      editor.Click(FormTool::Exit);
+    });
+    EXPECT_EQ(Classes(), std::string(kPicked) + kEdited + kB1);
+  });
+  EXPECT_GE(losses_, 10);
+}
+
+TEST_F(LostConnection, ShowsThatAnAccountCannotBeLookedUpAndFindsItAtTheSecondTry) {
+  LoseEachStatement([&] {
+    Command(u"Edit", [&] {
+      const auto text = [&] { return pricedown::ToUtf8(editor.view.Text(FormField::LossAccount)); };
+      const auto lookUp = [&] { editor.Shown().LookupRequested(FormField::LossAccount); };
+      Type(FormField::ClassName, u"材料");
+      Type(FormField::LossAccount, u"57");
+      log.Clear();
+      EXPECT_FALSE(Try(lookUp));
+      if (server_->hasLost) {
+        EXPECT_THAT(Messages(), HasSubstr("[08S01] 连接已断开"));
+        EXPECT_EQ(text(), "57");
+        lookUp();
+      }
+      EXPECT_EQ(text(), "5711");
+      editor.Click(FormTool::Save);
+      questions.WillAnswer({false});
+      editor.Click(FormTool::Exit);
+    });
+    EXPECT_EQ(Classes(), std::string(kEdited) + kB1);
+  });
+  EXPECT_GE(losses_, 8);
+}
+
+TEST_F(LostConnection, ShowsThePreviewAtTheSecondTry) {
+  suite_->SetRightsMask(1002, 35, 0x438000);
+  LoseEachStatement([&] {
+    output->pageCount = 0;
+    Try([&] { Command(u"PrintView"); });
+    Command(u"sp2");
+    Select(u"A1");
+    Command(u"PrintView");
+    EXPECT_EQ(output->pageCount, 1);
+    EXPECT_THAT(output->Texts(), HasSubstr("01.3\n"));
   });
   EXPECT_GE(losses_, 4);
 }
