@@ -7,4 +7,8 @@ namespace workbench {
 // itself, because no messages are processed during a statement.
 bool EscapeIsPressed();
 
+// Drops the messages of a pressed Escape from this thread's queue, repeated ones up to its release:
+// the key has cancelled a statement and must not close a window as well.
+void DropEscape() noexcept;
+
 }  // namespace workbench

@@ -45,6 +45,7 @@ struct Server {
       suite = std::make_shared<SuiteState>();
       suite->pickers = std::make_unique<QueuedPickers>(std::make_unique<DialogPickers>(module));
       suite->options.cancels = EscapeIsPressed;
+      suite->options.afterCancel = DropEscape;
       const std::u16string company = EnvironmentText(L"WORKBENCH_COMPANY");
       if (!company.empty()) suite->OpenCompany(company);
       const std::u16string recording = EnvironmentText(L"WORKBENCH_REPLAY");
