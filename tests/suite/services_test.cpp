@@ -165,6 +165,33 @@ TEST_F(Services, SettingsShowTheLocationOfTheCompanyThatIsOpen) {
   EXPECT_EQ(u"", pricedown::ToText(settings->Get(u"Location")));
 }
 
+TEST_F(Services, SettingsOpenACompanyInTwoSteps) {
+  const ObjectPtr settings = Create(u"ZEPWorkbench.Settings");
+  const std::u16string path = pricedown::FromUtf8(path_.string());
+  EXPECT_THROW(settings->Call(u"OpenConnected"), AutomationError);
+  settings->Call(u"Open", {path});
+  suite_->Execute(u"INSERT INTO t_user(FUserID,FName)VALUES(2,'王芳')");
+  settings->Put(u"UserID", std::int32_t{2});
+  const std::u16string second = path + u"2";
+  std::filesystem::copy_file(path_, path_.string() + "2",
+                             std::filesystem::copy_options::overwrite_existing);
+  settings->Call(u"Connect", {second});
+  EXPECT_EQ(path, pricedown::ToText(settings->Get(u"Location")));
+  EXPECT_EQ("2", Readable(settings->Get(u"UserID")));
+  EXPECT_EQ("1", Readable(Query(u"select count(*) from t_user")));
+  settings->Call(u"OpenConnected");
+  EXPECT_EQ(second, pricedown::ToText(settings->Get(u"Location")));
+  EXPECT_THROW(settings->Call(u"OpenConnected"), AutomationError) << "opened already";
+  EXPECT_THROW(settings->Call(u"Connect", {u"/no/such/company.db"}), AutomationError);
+  EXPECT_EQ(second, pricedown::ToText(settings->Get(u"Location")));
+  settings->Call(u"Connect", {path});
+  settings->Call(u"Close");
+  EXPECT_THROW(settings->Call(u"OpenConnected"), AutomationError) << "closed";
+  for (const char* suffix : {"2", "2-wal", "2-shm"}) {
+    std::filesystem::remove(path_.string() + suffix);
+  }
+}
+
 TEST_F(Services, SettingsRefuseAUserWithoutACompany) {
   const ObjectPtr settings = Create(u"ZEPWorkbench.Settings");
   suite_->Execute(u"INSERT INTO t_user(FUserID,FName)VALUES(2,'王芳')");

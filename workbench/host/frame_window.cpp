@@ -82,11 +82,13 @@ int FrameWindow::Run() {
 }
 
 void FrameWindow::OpenCompany(const std::wstring& location) {
-  CloseChildren();
   ShowStatusText(L"正在打开公司：" + Shown(location));
   try {
     SetCursor(LoadCursorW(nullptr, IDC_WAIT));
-    settings_->Call(u"Open", {FromWide(location)});
+    settings_->Call(u"Connect", {FromWide(location)});
+    // A window that closes stores its selection in the company that it shows.
+    CloseChildren();
+    settings_->Call(u"OpenConnected");
   } catch (...) {
     ShowStatusText(L"公司没有打开：" + Shown(location));
     throw;
@@ -110,7 +112,7 @@ bool FrameWindow::OpenCompanyOrAsk(std::wstring location) {
     if (!chosen) break;
     location = *chosen;
   }
-  // The previous company is still open.
+  // The previous company and its windows are still open.
   pricedown::SkipFailing([this] {
     if (!ToText(settings_->Get(u"Location")).empty()) ShowStatus();
   });

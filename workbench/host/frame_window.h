@@ -31,7 +31,7 @@ class FrameWindow final : private ChildWindowEvents {
   const pricedown::ObjectPtr& Settings() const { return settings_; }
 
   // Opens a company file or connection string and closes the previous one's children. Throws
-  // AutomationError.
+  // AutomationError when it cannot be opened; the previous one and its children stay then.
   void OpenCompany(const std::wstring& location);
   // The same for the user: reports a failure and asks for another company until one opens or the
   // user cancels; keeps the opened one among the recent ones. Returns whether it opened one.

@@ -87,6 +87,16 @@ void Settings::SetVoucherPresent(bool present) {
        ToText(suite_->Profile(u"IC", u"CurrentPeriod")), u",820,'Industry','计提存货跌价准备')"}));
 }
 
+void Settings::Connect(std::u16string_view company) {
+  suite_->Connect(company);
+  connectedLocation_ = pricedown::FromUtf8(ShownLocation(pricedown::ToUtf8(company)));
+}
+
+void Settings::OpenConnected() {
+  suite_->OpenConnected();
+  location = std::move(connectedLocation_);
+}
+
 void Settings::SetUser(std::int32_t id) {
   // A previous user is restored even when the server does not respond.
   if (id == suite_->userId) return;
@@ -141,12 +151,22 @@ std::span<const Member<Settings>> Settings::Members() {
   static constexpr Member<Settings> kMembers[] = {
       {u"Open", MemberKind::Method,
        [](Settings& settings, Access, std::span<Value> arguments) {
-         const std::u16string opened = ToText(arguments[0]);
-         settings.Suite().OpenCompany(opened);
-         settings.location = pricedown::FromUtf8(ShownLocation(pricedown::ToUtf8(opened)));
+         settings.Connect(ToText(arguments[0]));
+         settings.OpenConnected();
          return Value(true);
        },
        1, 1},
+      {u"Connect", MemberKind::Method,
+       [](Settings& settings, Access, std::span<Value> arguments) {
+         settings.Connect(ToText(arguments[0]));
+         return Value();
+       },
+       1, 1},
+      {u"OpenConnected", MemberKind::Method,
+       [](Settings& settings, Access, std::span<Value>) {
+         settings.OpenConnected();
+         return Value();
+       }},
       {u"Begin", MemberKind::Method,
        [](Settings& settings, Access, std::span<Value>) {
          settings.Suite().Begin();
@@ -173,6 +193,7 @@ std::span<const Member<Settings>> Settings::Members() {
       {u"Close", MemberKind::Method,
        [](Settings& settings, Access, std::span<Value>) {
          settings.Suite().company.reset();
+         settings.Suite().connected.reset();
          settings.Suite().earlierUsers.clear();
          settings.location.clear();
          return Value();

@@ -6,7 +6,8 @@
 
 namespace workbench {
 
-// Members: Open(location), Close, Location (without passwords), LoginTimeout and StatementTimeout
+// Members: Open(location), or in two steps Connect(location), which leaves the previous company
+// open, and OpenConnected; Close, Location (without passwords), LoginTimeout and StatementTimeout
 // in seconds (0: none; for companies opened afterwards), Begin, Commit and Rollback of several
 // changes that are stored together, UserID (one that the company has), Language, Profile(category,
 // key) get and put, ItemClassType, UseShortNumber, CurrentYear, CurrentPeriod (short for profiles),
@@ -21,6 +22,9 @@ class Settings : public pricedown::LocalObject<Settings> {
   explicit Settings(SuiteStatePtr suite) : suite_(std::move(suite)) {}
   SuiteState& Suite() { return *suite_; }
 
+  // Both throw AutomationError.
+  void Connect(std::u16string_view company);
+  void OpenConnected();
   bool VoucherPresent();
   void SetVoucherPresent(bool present);
   // Throws AutomationError without a company and when it has no such user.
@@ -37,6 +41,7 @@ class Settings : public pricedown::LocalObject<Settings> {
 
  private:
   SuiteStatePtr suite_;
+  std::u16string connectedLocation_;
 };
 
 }  // namespace workbench

@@ -28,33 +28,16 @@ std::optional<std::int64_t> FirstInteger(const ResultSet& result) {
   return std::nullopt;
 }
 
-}  // namespace
-
-template <class Use>
-auto SuiteState::OnCompany(Use&& use) {
-  if (company == nullptr) {
-    throw AutomationError(pricedown::ErrorNumber::Unspecified, u"没有打开公司数据库。",
-                          std::u16string(kConnectionSource));
-  }
-  try {
-    return use(*company);
-  } catch (const DatabaseError& error) {
-    throw AutomationError(pricedown::ErrorNumber::Unspecified, error.Message(),
-                          std::u16string(kConnectionSource));
-  }
+[[noreturn]] void ThrowNoCompany() {
+  throw AutomationError(pricedown::ErrorNumber::Unspecified, u"没有打开公司数据库。",
+                        std::u16string(kConnectionSource));
 }
 
-void SuiteState::OpenCompany(std::u16string_view location) {
+// A failure of the database reaches the suite's callers as an AutomationError.
+template <class Use>
+auto Translated(Use&& use) {
   try {
-    std::unique_ptr<Connection> opened = OpenConnection(pricedown::ToUtf8(location), options);
-    opened->RequireCompany();
-    if (opened
-            ->Execute(Concatenate({u"SELECT FName FROM t_user WHERE FUserID=", NumberText(userId)}))
-            .RowCount() == 0) {
-      userId = kFirstUser;
-    }
-    company = std::move(opened);
-    earlierUsers.clear();
+    return use();
   } catch (const DatabaseError& error) {
     throw AutomationError(pricedown::ErrorNumber::Unspecified, error.Message(),
                           std::u16string(kConnectionSource));
@@ -62,6 +45,34 @@ void SuiteState::OpenCompany(std::u16string_view location) {
     throw AutomationError(pricedown::ErrorNumber::Unspecified, pricedown::FromUtf8(error.what()),
                           std::u16string(kConnectionSource));
   }
+}
+
+}  // namespace
+
+template <class Use>
+auto SuiteState::OnCompany(Use&& use) {
+  if (company == nullptr) ThrowNoCompany();
+  return Translated([&] { return use(*company); });
+}
+
+void SuiteState::Connect(std::u16string_view location) {
+  connected.reset();
+  connected = Translated([&] {
+    std::unique_ptr<Connection> opened = OpenConnection(pricedown::ToUtf8(location), options);
+    opened->RequireCompany();
+    const std::u16string user = NumberText(userId);
+    const ResultSet found =
+        opened->Execute(Concatenate({u"SELECT FName FROM t_user WHERE FUserID=", user}));
+    connectedHasUser = found.RowCount() > 0;
+    return opened;
+  });
+}
+
+void SuiteState::OpenConnected() {
+  if (connected == nullptr) ThrowNoCompany();
+  if (!connectedHasUser) userId = kFirstUser;
+  company = std::move(connected);
+  earlierUsers.clear();
 }
 
 ResultSet SuiteState::Execute(std::u16string_view statement) {

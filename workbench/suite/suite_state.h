@@ -17,6 +17,9 @@ class Replay;
 
 struct SuiteState {
   std::unique_ptr<Connection> company;
+  // Of Connect, and whether it has the user.
+  std::unique_ptr<Connection> connected;
+  bool connectedHasUser = false;
   ConnectOptions options;
   static constexpr std::int32_t kFirstUser = 1;
   std::int32_t userId = kFirstUser;
@@ -28,10 +31,16 @@ struct SuiteState {
   // Never null.
   std::unique_ptr<Pickers> pickers = std::make_unique<QueuedPickers>();
 
-  // Opens the company at a path or connection string and closes the previous one. The user stays
-  // if the company has it and is the first one otherwise. On
-  // AutomationError, also for a database that is no company, the previous one stays open.
-  void OpenCompany(std::u16string_view location);
+  // Connects to the company at a path or connection string for OpenConnected. Throws
+  // AutomationError, also for a database that is no company. The previous company stays open.
+  void Connect(std::u16string_view location);
+  // Opens the company of the last Connect and closes the previous one. The user stays if the
+  // company has it and is the first one otherwise. Throws AutomationError without a Connect.
+  void OpenConnected();
+  void OpenCompany(std::u16string_view location) {
+    Connect(location);
+    OpenConnected();
+  }
 
   // Runs a statement on the company. Throws AutomationError without a company and when the
   // statement fails.

@@ -71,7 +71,10 @@ class OpenCompany : public ::testing::Test {
     PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
     frame_.Show(SW_SHOW);
   }
-  ~OpenCompany() override { frame_.Settings()->Call(u"Close"); }
+  ~OpenCompany() override {
+    frame_.CloseChildren();
+    frame_.Settings()->Call(u"Close");
+  }
 
   static std::wstring Company() { return Wide(folder_->PathOf("company.db")); }
   std::string Status() const {
@@ -137,6 +140,9 @@ TEST_F(OpenCompany, NeverShowsThePasswordOfAServer) {
 
 TEST_F(OpenCompany, KeepsTheCompanyOfBeforeWhenTheUserCancels) {
   frame_.OpenCompany(Company());
+  const ChildWindow* child = frame_.OpenChild(kItemClassesCaption);
+  ASSERT_NE(child, nullptr);
+  const HWND window = child->Handle();
   const std::string status = Status();
   user_.Will([&](HWND dialog) {
     SetDlgItemTextW(dialog, IDC_COMPANY, L"没有.db");
@@ -147,6 +153,26 @@ TEST_F(OpenCompany, KeepsTheCompanyOfBeforeWhenTheUserCancels) {
   SendMessageW(frame_.Handle(), WM_COMMAND, IDM_FILE_OPEN, 0);
   EXPECT_EQ(Status(), status);
   EXPECT_EQ(Setting(u"CurrentYear"), "2008");
+  EXPECT_TRUE(IsWindow(window)) << "the windows of the company before stay open";
+  EXPECT_EQ(frame_.ActiveChild(), child);
+}
+
+TEST_F(OpenCompany, ClosesTheWindowsOfTheCompanyBeforeWhileItIsOpen) {
+  const std::string second = folder_->PathOf("second.db");
+  CreateCompanyFile(second, {});
+  const auto storedNodes = [this] {
+    return Utf8(pricedown::ToText(frame_.Settings()->Call(
+        u"Query", {u"select count(*) from t_UserProfile where FKey='NodeSel1'"})));
+  };
+  frame_.OpenCompany(Wide(second));
+  const std::string before = storedNodes();
+  frame_.OpenCompany(Company());
+  ASSERT_NE(frame_.OpenChild(kItemClassesCaption), nullptr);
+  frame_.OpenCompany(Wide(second));
+  EXPECT_EQ(frame_.ActiveChild(), nullptr);
+  EXPECT_EQ(storedNodes(), before) << "the selection is stored in its own company";
+  frame_.OpenCompany(Company());
+  EXPECT_EQ(storedNodes(), "1");
 }
 
 TEST_F(OpenCompany, OffersTheRecentOnesWithoutPasswords) {

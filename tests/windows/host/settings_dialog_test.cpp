@@ -8,7 +8,9 @@
 #include <string>
 
 #include "platform/convert.h"
+#include "platform/error.h"
 #include "platform/text.h"
+#include "tests/integration/counting_factory.h"
 #include "tests/sample/temporary_folder.h"
 #include "tests/support/utf8.h"
 #include "tests/windows/host/dialog_user.h"
@@ -76,6 +78,40 @@ TEST_F(SettingsDialog, StoresAPeriodThatTheCalendarHas) {
   });
   EXPECT_TRUE(Show());
   EXPECT_EQ(Setting(u"CurrentPeriod"), "12");
+}
+
+// Each call to the suite fails in turn while the page opens, as when the connection is lost.
+TEST_F(SettingsDialog, OpensAtTheSecondTryWhicheverCallFails) {
+  const pricedown::testing::CallLog log;
+  const auto calls = std::make_shared<pricedown::testing::Recorder>(log);
+  const pricedown::ObjectPtr settings =
+      std::make_shared<CountedObject>(settings_, calls, "Settings");
+  const auto cancel = [](HWND dialog) { DialogUser::Press(dialog, IDCANCEL); };
+  user_.Will(cancel);
+  const int before = calls->CallCount();
+  EXPECT_FALSE(ShowSettings(GetModuleHandleW(nullptr), nullptr, settings));
+  // The last call restores the user.
+  const int needed = calls->CallCount() - before - 1;
+  EXPECT_GT(needed, 15);
+  // The first one is made before there is a page.
+  calls->FailCall(1);
+  EXPECT_THROW(ShowSettings(GetModuleHandleW(nullptr), nullptr, settings),
+               pricedown::AutomationError);
+  for (int failing = 2; failing <= needed; ++failing) {
+    SCOPED_TRACE(failing);
+    std::string text;
+    user_.Will([&](HWND box) {
+      text = Utf8(TextOf(GetDlgItem(box, 0xFFFF)));
+      SendMessageW(box, WM_COMMAND, IDOK, 0);
+    });
+    calls->FailCall(failing);
+    EXPECT_FALSE(ShowSettings(GetModuleHandleW(nullptr), nullptr, settings));
+    EXPECT_NE(text.find("次调用失败"), std::string::npos) << text;
+    calls->FailCall(0);
+    user_.Will(cancel);
+    EXPECT_FALSE(ShowSettings(GetModuleHandleW(nullptr), nullptr, settings));
+  }
+  EXPECT_EQ(Setting(u"UserID"), "1");
 }
 
 TEST_F(SettingsDialog, OpensCentredWithAnIcon) {
