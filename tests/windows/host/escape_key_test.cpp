@@ -56,7 +56,7 @@ std::vector<WPARAM> PressedKeys() {
   std::vector<WPARAM> keys;
   MSG message;
   for (int i = 0; i < 10; ++i) {
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+    while (PeekMessageW(&message, nullptr, WM_KEYFIRST, WM_KEYLAST, PM_REMOVE)) {
       if (message.message == WM_KEYDOWN) keys.push_back(message.wParam);
     }
     Sleep(20);
