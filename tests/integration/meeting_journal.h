@@ -4,9 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <istream>
 #include <map>
 #include <ostream>
@@ -16,12 +14,13 @@
 #include <utility>
 #include <vector>
 
+#include "tests/support/number_from_environment.h"
+
 namespace workbench {
 
-// The commands of each program, `usual` unless the environment asks for another number.
+// The commands of each program.
 inline int MeetingCommands(int usual) {
-  const char* asked = std::getenv("PRICEDOWN_MEETING_COMMANDS");
-  return asked == nullptr ? usual : std::max(1, std::atoi(asked));
+  return pricedown::testing::NumberFromEnvironment("PRICEDOWN_MEETING_COMMANDS", usual);
 }
 
 // A row of the class table, stored or deleted.

@@ -250,8 +250,6 @@ TEST_F(MeetingPrograms, LoseToEachOtherWhatTheHostGuideSays) {
   EXPECT_GT(journal.stored, commands_ / 2);
   EXPECT_GT(report_.removals, 0);
   EXPECT_GT(report_.deletions, 0);
-  // Short runs may lack what is rare.
-  if (commands_ < kUsualCommands) return;
   EXPECT_GT(lateVouchers, 0);
   EXPECT_GT(journal.replaced, 0);
   EXPECT_GT(journal.revived, 0);
