@@ -64,11 +64,21 @@ std::vector<WPARAM> PressedKeys() {
   return keys;
 }
 
+// Handles what a new window gets. A screen may report all keys as released with the focus.
+void Settle() {
+  MSG message;
+  for (int i = 0; i < 10; ++i) {
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+    Sleep(20);
+  }
+}
+
 class EscapeIsPressedTest : public ::testing::Test {
  protected:
   EscapeIsPressedTest() {
     SetForegroundWindow(window_);
     SetFocus(window_);
+    Settle();
   }
   ~EscapeIsPressedTest() override { DestroyWindow(window_); }
 
