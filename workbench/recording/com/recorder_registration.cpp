@@ -46,15 +46,23 @@ bool IsOurs(const RecordedClass& recorded, const std::wstring& id) {
   return lstrcmpiW(id.c_str(), IdText(recorded.id).c_str()) == 0;
 }
 
-// What the ProgID names without the recorder.
+// What the ProgID names without the recorder; empty when that has no server for this library's
+// programs.
 std::wstring NamedClass(const RecordedClass& recorded, RegistrationScope scope) {
   const bool machine = scope == RegistrationScope::Machine;
   const HKEY root = machine ? HKEY_LOCAL_MACHINE : HKEY_CLASSES_ROOT;
   const auto key = [machine](const std::wstring& name) {
     return machine ? UnderClasses(name) : name;
   };
-  const std::wstring named = ReadText(root, key(ProgIdClassKey(recorded)));
-  return IsOurs(recorded, named) ? ReadText(root, key(BehindKey(recorded))) : named;
+  std::wstring named = ReadText(root, key(ProgIdClassKey(recorded)));
+  if (IsOurs(recorded, named)) named = ReadText(root, key(BehindKey(recorded)));
+  // ProgIDs are shared by 32 and 64 bits, classes are not: the suite may be of the other kind.
+  const std::wstring server = L"CLSID\\" + named + L"\\";
+  if (ReadText(root, key(server + L"InprocServer32")).empty() &&
+      ReadText(root, key(server + L"LocalServer32")).empty()) {
+    return {};
+  }
+  return named;
 }
 
 // The classes under ProgIDs of their own; those of the suite are redirected apart.
@@ -86,6 +94,8 @@ void Restore(const RecordedClass& recorded, RegistrationScope scope) {
   const HKEY root = RootOf(scope);
   const std::wstring key = UnderClasses(ProgIdClassKey(recorded));
   if (!IsOurs(recorded, ReadText(root, key))) return;
+  // Redirected by the recorder of the other bitness, which alone knows what was there.
+  if (ReadText(root, UnderClasses(BehindKey(recorded))).empty()) return;
   const std::wstring before = ReadText(root, UnderClasses(BeforeKey(recorded)));
   if (!before.empty()) {
     WriteText(root, key, L"", before);

@@ -11,10 +11,11 @@
 namespace workbench {
 
 // Lets the suite's ProgIDs name the recorder's classes and keeps what they named. Classes that no
-// suite has registered are left out, and so are those of the system. Throws AutomationError, and
-// then has changed nothing, when there is no suite.
+// suite of this bitness has registered are left out, and so are those of the system. Throws
+// AutomationError, and then has changed nothing, when there is no suite.
 void RegisterRecorder(pricedown::windows::RegistrationScope scope, HINSTANCE module);
-// Restores what the ProgIDs named; one that names a third class by now is left alone. Throws
+// Restores what the ProgIDs named; one that names a third class by now, or that the recorder of the
+// other bitness has redirected, is left alone. Throws
 // AutomationError when an entry stays.
 void UnregisterRecorder(pricedown::windows::RegistrationScope scope);
 
