@@ -42,14 +42,16 @@ struct Server {
   // Programs without a host name the company or the recording in the environment.
   const SuiteStatePtr& Suite() {
     if (suite == nullptr) {
-      suite = std::make_shared<SuiteState>();
-      suite->pickers = std::make_unique<QueuedPickers>(std::make_unique<DialogPickers>(module));
-      suite->options.cancels = EscapeIsPressed;
-      suite->options.afterCancel = DropEscape;
+      const auto opened = std::make_shared<SuiteState>();
+      opened->pickers = std::make_unique<QueuedPickers>(std::make_unique<DialogPickers>(module));
+      opened->options.cancels = EscapeIsPressed;
+      opened->options.afterCancel = DropEscape;
       const std::u16string company = EnvironmentText(L"WORKBENCH_COMPANY");
-      if (!company.empty()) suite->OpenCompany(company);
+      if (!company.empty()) opened->OpenCompany(company);
       const std::u16string recording = EnvironmentText(L"WORKBENCH_REPLAY");
-      if (!recording.empty()) suite->replay = Replay::Open(recording);
+      if (!recording.empty()) opened->replay = Replay::Open(recording);
+      // Last: a recording that cannot be opened must not leave the company to be worked on.
+      suite = opened;
     }
     return suite;
   }
