@@ -2,6 +2,8 @@
 // back on any error.
 #include "env/user_settings.h"
 
+#include <array>
+
 #include "env/quoting.h"
 #include "platform/convert.h"
 #include "platform/skip.h"
@@ -43,7 +45,8 @@ void SaveUserSetting(ObjectFactory& factory, std::u16string_view application,
                      std::u16string_view key, const Value& value) {
   const ObjectPtr profile = LoadProfile(factory, application);
   DictionaryOf(*profile)->PutIndexed(u"", key, value);
-  profile->Call(u"Save", {application, kSettingsSection});
+  std::array<Value, 2> place{application, kSettingsSection};
+  profile->Perform(profile->Find(u"Save"), place);
 }
 
 double ReadUserNumber(ObjectFactory& factory, std::int32_t userNumber, std::u16string_view key) {

@@ -19,6 +19,13 @@ ObjectPtr FieldOf(AutomationObject& recordset, std::u16string_view name) {
   return RequireObject(FieldsOf(recordset)->Call(u"", {name}), name);
 }
 
+// Calls a method whose result nothing reads: one of any kind is no failure.
+void Run(AutomationObject& object, std::u16string_view method,
+         std::initializer_list<Value> arguments = {}) {
+  std::vector<Value> copies(arguments);
+  object.Perform(object.Find(method), copies);
+}
+
 // Throws AutomationError when the name fails.
 FieldDefinition DefinitionOf(AutomationObject& field) {
   FieldDefinition definition;
@@ -53,8 +60,8 @@ AutomationObject& Recordset::Required() const {
 
 std::int32_t Recordset::RecordCount() const { return ToInt32(Required().Get(u"RecordCount")); }
 bool Recordset::AtEnd() const { return ToBoolean(Required().Get(u"EOF")); }
-void Recordset::MoveFirst() const { Required().Call(u"MoveFirst"); }
-void Recordset::MoveNext() const { Required().Call(u"MoveNext"); }
+void Recordset::MoveFirst() const { Run(Required(), u"MoveFirst"); }
+void Recordset::MoveNext() const { Run(Required(), u"MoveNext"); }
 
 Value Recordset::Field(std::u16string_view name) const {
   return FieldOf(Required(), name)->Get(u"Value");
@@ -78,7 +85,7 @@ std::vector<FieldDefinition> Recordset::Fields() const {
 
 void Recordset::AppendField(const FieldDefinition& field) const {
   const ObjectPtr fields = FieldsOf(Required());
-  fields->Call(u"Append", {field.name, field.type, field.definedSize, field.attributes});
+  Run(*fields, u"Append", {field.name, field.type, field.definedSize, field.attributes});
   if (field.type != ado::kNumeric) return;
   SkipFailing([&] {
     const ObjectPtr appended = RequireObject(fields->Call(u"", {field.name}), field.name);
@@ -99,16 +106,16 @@ CellBlockPtr Recordset::GetRows(std::int32_t count,
 }
 
 void Recordset::AddNew(const Value& fields, const Value& values) const {
-  Required().Call(u"AddNew", {fields, values});
+  Run(Required(), u"AddNew", {fields, values});
 }
 
-void Recordset::Open() const { Required().Call(u"Open"); }
-void Recordset::Close() const { Required().Call(u"Close"); }
-void Recordset::AddNew() const { Required().Call(u"AddNew"); }
-void Recordset::Update() const { Required().Call(u"Update"); }
-void Recordset::CancelUpdate() const { Required().Call(u"CancelUpdate"); }
-void Recordset::UpdateBatch() const { Required().Call(u"UpdateBatch"); }
-void Recordset::Delete() const { Required().Call(u"Delete"); }
+void Recordset::Open() const { Run(Required(), u"Open"); }
+void Recordset::Close() const { Run(Required(), u"Close"); }
+void Recordset::AddNew() const { Run(Required(), u"AddNew"); }
+void Recordset::Update() const { Run(Required(), u"Update"); }
+void Recordset::CancelUpdate() const { Run(Required(), u"CancelUpdate"); }
+void Recordset::UpdateBatch() const { Run(Required(), u"UpdateBatch"); }
+void Recordset::Delete() const { Run(Required(), u"Delete"); }
 void Recordset::SetFilter(std::u16string_view filter) const { Required().Put(u"Filter", filter); }
 
 }  // namespace pricedown

@@ -74,6 +74,43 @@ TEST_F(RecordsetTest, CallsTheMembersOfTheSameNames) {
       )"));
 }
 
+// Its methods return what no value can hold.
+class Inconvertible : public AutomationObject {
+ public:
+  MemberId Find(std::u16string_view name) override {
+    found.emplace_back(name);
+    return static_cast<MemberId>(found.size());
+  }
+  Value Invoke(MemberId, Access, std::span<Value>) override {
+    throw AutomationError(ErrorNumber::TypeMismatch, u"answer");
+  }
+  void Perform(MemberId member, std::span<Value> arguments) override {
+    performed +=
+        Utf8(found[static_cast<std::size_t>(member) - 1]) + std::to_string(arguments.size()) + " ";
+  }
+
+  std::vector<std::u16string> found;
+  std::string performed;
+};
+
+TEST_F(RecordsetTest, IgnoresWhatItsMethodsReturn) {
+  const auto object = std::make_shared<Inconvertible>();
+  const Recordset recordset{object};
+  recordset.Open();
+  recordset.MoveFirst();
+  recordset.AddNew();
+  recordset.AddNew(Value(), Value());
+  recordset.Update();
+  recordset.MoveNext();
+  recordset.CancelUpdate();
+  recordset.Delete();
+  recordset.UpdateBatch();
+  recordset.Close();
+  EXPECT_EQ(object->performed,
+            "Open0 MoveFirst0 AddNew0 AddNew2 Update0 MoveNext0 CancelUpdate0 Delete0 "
+            "UpdateBatch0 Close0 ");
+}
+
 TEST_F(RecordsetTest, ReachesAFieldsValueThroughTheFieldsCollection) {
   factory.Object(u"RS").On(u"Fields", factory.Answering(u"Fields"));
   factory.Object(u"Fields").On(u"", R"("FName")", factory.Answering(u"Field"));
