@@ -39,7 +39,7 @@ void Prepare(ItemClassForm& form, Preparation&& preparation) {
 void ClassCommands::Add() {
   ItemClassForm& form = editor_.Form();
   Prepare(form, [&] { PrepareAdd(form); });
-  ReportSaves(form);
+  ReportEvents(form);
   editor_.ShowModal();
 }
 
@@ -59,18 +59,22 @@ void ClassCommands::Edit() {
   if (!RequireClass(u"请选择要修改的物料类别")) return;
   ItemClassForm& form = editor_.Form();
   Prepare(form, [&] { PrepareEdit(form); });
-  ReportSaves(form);
+  ReportEvents(form);
   editor_.ShowModal();
 }
 
 // The form may outlive the control.
-void ClassCommands::ReportSaves(ItemClassForm& form) {
+void ClassCommands::ReportEvents(ItemClassForm& form) {
   if (environment_.events == nullptr) return;
   form.OnSaved([events = environment_.events, lifetime = environment_.lifetime](
                    bool added, std::u16string_view number) {
     if (lifetime.HasEnded()) return;
     events->ClassChanged(added ? ClassChange::Added : ClassChange::Changed, number);
   });
+  form.OnFailed(
+      [events = environment_.events, lifetime = environment_.lifetime](const Failure& failure) {
+        if (!lifetime.HasEnded()) events->Failed(failure);
+      });
 }
 
 void ClassCommands::PrepareEdit(ItemClassForm& form) {

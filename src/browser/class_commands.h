@@ -34,7 +34,7 @@ class ClassCommands {
   bool RequireClass(std::u16string_view message);
   void PrepareAdd(ItemClassForm& form);
   void PrepareEdit(ItemClassForm& form);
-  void ReportSaves(ItemClassForm& form);
+  void ReportEvents(ItemClassForm& form);
   bool IsConfirmed(std::u16string_view number, std::u16string_view name);
   // False when a guard refused; nothing is deleted then.
   bool DeleteGuarded(std::u16string_view number);

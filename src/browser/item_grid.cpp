@@ -46,7 +46,8 @@ void ItemGrid::LoadItemGrid(std::u16string_view classNumber) {
   } catch (...) {
     failure = CurrentFailure();
   }
-  // The control may have ended inside the call that failed.
+  environment_.NotifyFailed(failure);
+  // The control may have ended inside the call that failed, or in the event.
   if (environment_.lifetime.HasEnded()) return;
   environment_.messages.Inform(FailureText(failure));
 }

@@ -58,6 +58,8 @@ void PrintCommands::Run(const std::function<void()>& steps) {
     failure = CurrentFailure();
   }
   if (failure.code == kDialogCancelled || environment_.lifetime.HasEnded()) return;
+  environment_.NotifyFailed(failure);
+  if (environment_.lifetime.HasEnded()) return;
   SkipFailing([&] { environment_.messages.Inform(FailureText(failure)); });
 }
 

@@ -15,19 +15,27 @@ constexpr std::int32_t kRightsObjectNumber = 35;
 
 void PriceDown::ParentWindow_ToolBarClick(const ObjectPtr& tool) {
   const std::shared_ptr<CommandBar> bar = commandBar_;
-  const ControlCommand* command = CommandBarToolClicked(tool);
-  if (command != nullptr) bar->NotifyForwarded(command->tool, tool);
+  const std::u16string clicked = CommandBarToolClicked(tool);
+  if (!clicked.empty()) bar->NotifyForwarded(clicked, tool);
 }
 
-const ControlCommand* PriceDown::CommandBarToolClicked(const ObjectPtr& tool) {
-  if (HasEnded()) return nullptr;
+std::u16string PriceDown::CommandBarToolClicked(const ObjectPtr& tool) {
+  if (HasEnded()) return {};
   const ObjectPtr clicked = RequireObject(Value(tool), u"Tool");
-  const ControlCommand* command = CommandOfTool(ToText(clicked->Get(u"Name")));
+  const std::u16string name = ToText(clicked->Get(u"Name"));
   // The host was asked, and may have closed the control.
-  if (HasEnded() || command == nullptr) return nullptr;
+  if (HasEnded()) return {};
+  const ControlCommand* command = CommandOfTool(name);
+  // A tool of the host's own among the bar's.
+  if (command == nullptr) {
+    const auto own = commandBar_->Tool(name);
+    const bool addedByHost =
+        own != nullptr && own->Enabled() && CommandOfTool(own->Fixed().name) == nullptr;
+    return addedByHost ? name : std::u16string();
+  }
   // A host may forward a click on a tool that it shows enabled although the bar's is not.
   const bool fromToolStrip = (command->surfaces & surface::kCommandBar) != 0;
-  if (fromToolStrip && !IsToolEnabled(command->tool)) return nullptr;
+  if (fromToolStrip && !IsToolEnabled(command->tool)) return {};
   if (command->toggle != nullptr) {
     command->toggle(*this, clicked);
   } else if (fromToolStrip) {
@@ -35,7 +43,7 @@ const ControlCommand* PriceDown::CommandBarToolClicked(const ObjectPtr& tool) {
   } else {
     command->run(*this);
   }
-  return command;
+  return name;
 }
 
 void PriceDown::CommandChosen(const ControlCommand& command) {
@@ -51,10 +59,7 @@ void PriceDown::CommandChosen(const ControlCommand& command) {
   }
 }
 
-void PriceDown::CommandFailed(const Failure& failure) {
-  const std::shared_ptr<HostEvents> events = environment_.events;
-  if (events != nullptr && !HasEnded()) events->Failed(failure);
-}
+void PriceDown::CommandFailed(const Failure& failure) { environment_.NotifyFailed(failure); }
 
 bool PriceDown::IsEnabled(const ControlCommand& command) const {
   if (command.changesClasses && classesLocked_) return false;

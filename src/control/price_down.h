@@ -125,8 +125,8 @@ class PriceDown {
   void LoadTree();
   void LayOut();
   Rectangle DragBar() const;
-  // Returns the command that has run; null when none has.
-  const ControlCommand* CommandBarToolClicked(const ObjectPtr& tool);
+  // Returns the name of the bar's tool that was clicked; empty when the click does nothing.
+  std::u16string CommandBarToolClicked(const ObjectPtr& tool);
   // True also while the bar has no tool of that name.
   bool IsToolEnabled(std::u16string_view name) const;
   void RunFromToolStrip(const ControlCommand& command);

@@ -35,6 +35,8 @@ void LookUpAccount(FormContext& form, FormField field) {
   }
   // The form may have closed while the picker was open.
   if (form.HasEnded()) return;
+  form.NotifyFailed(failure);
+  if (form.HasEnded()) return;
   form.environment.messages.Report(Concatenate({kLineBreak, FailureText(failure)}));
 }
 

@@ -51,6 +51,8 @@ struct FormState {
   Recordset secondRecordSet;
   // Called when a class has been written; may be empty.
   std::function<void(bool added, std::u16string_view number)> whenSaved;
+  // Called before a failure is shown to the user; may be empty.
+  std::function<void(const Failure& failure)> whenFailed;
 
   // Items of all other classes, read again by every AddItem.
   Recordset otherClasses;
@@ -78,6 +80,11 @@ struct FormContext {
   Lifetime showing;
 
   bool HasEnded() const { return showing.HasEnded(); }
+  // The handler may end the showing.
+  void NotifyFailed(const Failure& failure) const {
+    const auto handler = state.whenFailed;
+    if (handler) handler(failure);
+  }
 };
 
 // Counts the member list's rows again, from the first one on; the next read gets their texts. A

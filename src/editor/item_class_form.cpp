@@ -13,6 +13,7 @@
 #include "env/language.h"
 #include "env/translation.h"
 #include "platform/convert.h"
+#include "platform/failure.h"
 #include "platform/first_failure.h"
 #include "platform/skip.h"
 #include "platform/text.h"
@@ -139,7 +140,12 @@ void ItemClassForm::ToolClicked(FormTool tool) {
   failure.Run([&] { Run(tool); });
   failure.Run([&] { ShowRows(); });
   if (tool == FormTool::Save) parts_.view.SetToolEnabled(FormTool::Save, false);
-  failure.Rethrow();
+  try {
+    failure.Rethrow();
+  } catch (...) {
+    parts_.NotifyFailed(CurrentFailure());
+    throw;
+  }
 }
 
 void ItemClassForm::Run(FormTool tool) {

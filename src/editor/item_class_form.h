@@ -29,6 +29,9 @@ class ItemClassForm {
   void OnSaved(std::function<void(bool added, std::u16string_view number)> handler) {
     parts_.state.whenSaved = std::move(handler);
   }
+  void OnFailed(std::function<void(const Failure& failure)> handler) {
+    parts_.state.whenFailed = std::move(handler);
+  }
   const Recordset& MemberList() const { return parts_.state.memberList; }
 
   // Fills the form. Throws AutomationError, and is then unloaded. Requires: a member list, open.

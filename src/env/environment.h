@@ -31,6 +31,12 @@ class Environment {
   Environment(const Environment&) = delete;
   Environment& operator=(const Environment&) = delete;
 
+  // Sends the event Failed unless the control has ended. The host may end it inside the event.
+  void NotifyFailed(const Failure& failure) const {
+    const std::shared_ptr<HostEvents> sinks = events;
+    if (sinks != nullptr && !lifetime.HasEnded()) sinks->Failed(failure);
+  }
+
   ObjectFactory& factory;
   ProcessState& state;
   Screen& screen;

@@ -182,9 +182,28 @@ TEST_F(Dispatch, NotifiesTheListenerOfAForwardedClickAfterItsCommand) {
   EXPECT_EQ(clicked, "\"iRefresh\"\"刷新\"");
   EXPECT_LT(world_.log.Text().find("Execute"), world_.log.Text().find("ToolClicked"));
   Click(u"iUnknown");
+  Click(u"IREFRESH");
   Control().BarList()->Tool(u"iCut")->SetEnabled(false);
   Click(u"iCut");
   EXPECT_EQ(clicked, "\"iRefresh\"\"刷新\"");
+}
+
+TEST_F(Dispatch, NotifiesTheListenerOfAForwardedClickOnAToolWithoutACommand) {
+  Start();
+  std::string clicked;
+  world_.factory.Object(u"listener").On(u"ToolChanged", Value());
+  world_.factory.Object(u"listener").On(u"ToolClicked", Reply::From([&](auto arguments) {
+                                          clicked +=
+                                              Readable(arguments[0].Object()->Get(u"Caption"));
+                                          return Value();
+                                        }));
+  const auto tool = Control().BarList()->Add({u"hostReport", u"报表", {}, {}});
+  Control().BarList()->SetListener(world_.factory.NewObject(u"listener"));
+  Click(u"HOSTREPORT");
+  EXPECT_EQ(clicked, "\"报表\"");
+  tool->SetEnabled(false);
+  Click(u"hostReport");
+  EXPECT_EQ(clicked, "\"报表\"");
 }
 
 TEST_F(Dispatch, OnlyFollowsTheHostsToolOfTheStatusBar) {

@@ -137,5 +137,63 @@ TEST_F(ControlEvents, ReportAFailedCommand) {
   EXPECT_EQ(EventLines(), "event failed -5 \"没有连接\"\n");
 }
 
+TEST_F(ControlEvents, ReportAFailedPrintBeforeItsMessage) {
+  Start();
+  world_.output.onPrint = [] { throw AutomationError(-5, u"卡纸"); };
+  Control().PrintPara();
+  EXPECT_EQ(EventLines(), "event failed -5 \"卡纸\"\n");
+  EXPECT_EQ(world_.log.Lines().back(), "message information \"岚禾提示\": \"卡纸\"");
+}
+
+TEST_F(ControlEvents, ReportItemsThatCannotBeReadBeforeTheirMessage) {
+  Start();
+  FailStatement(world_.factory, kItemsOfRoot, -5, u"表被锁定");
+  Control().NodeClicked(1);
+  const std::string log = world_.log.Text();
+  EXPECT_NE(log.find("event failed -5 \"表被锁定\"\n"
+                     "message information \"岚禾提示\": \"表被锁定\"\n"),
+            std::string::npos)
+      << log;
+}
+
+TEST_F(ControlEvents, ShowNoMessageOfAFailureWhoseEventEndsTheControl) {
+  Start();
+  Control().GetGrid().Attach(nullptr);
+  world_.output.onPrint = [] { throw AutomationError(-5, u"卡纸"); };
+  events_->whenNotified = [this] { Control().Terminate(); };
+  Control().PrintPara();
+  EXPECT_EQ(EventLines(), "event failed -5 \"卡纸\"\nevent closing\n");
+  EXPECT_EQ(world_.Messages(), 0u);
+}
+
+TEST_F(ControlEvents, ReportAFailedLookupOfTheFormBeforeItsMessage) {
+  Start();
+  world_.factory.Object(u"ZEPEBCGLView.GLView")
+      .On(u"AccountLookup", Reply::Failing(-5, u"登录超时"));
+  world_.editor.whileShown = [this] {
+    world_.log.Clear();
+    world_.editor.Shown().LookupRequested(FormField::LossAccount);
+    EXPECT_EQ(EventLines(), "event failed -5 \"登录超时\"\n");
+    EXPECT_EQ(world_.log.Lines().back(), R"(message no icon "岚禾提示": "\r\n登录超时")");
+  };
+  Control().editRecord();
+  EXPECT_EQ(world_.log.Lines().back(), "editor closed");
+}
+
+// The form may outlive the control.
+TEST_F(ControlEvents, ReportNoFailureOfTheFormAfterTheEndOfTheControl) {
+  Start();
+  Control().GetGrid().Attach(nullptr);
+  world_.factory.Object(u"ZEPEBCGLView.GLView")
+      .On(u"AccountLookup", Reply::Failing(-5, u"登录超时"));
+  world_.editor.whileShown = [this] {
+    Control().Terminate();
+    world_.editor.Shown().LookupRequested(FormField::LossAccount);
+  };
+  Control().editRecord();
+  EXPECT_EQ(EventLines(), "event closing\n");
+  EXPECT_EQ(world_.Messages(), 1u);
+}
+
 }  // namespace
 }  // namespace pricedown::testing

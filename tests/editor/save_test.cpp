@@ -62,6 +62,17 @@ TEST_F(Save, IsReportedOnceTheClassIsWritten) {
   EXPECT_EQ(reported, "changed 01;");
 }
 
+TEST_F(Save, ReportsItsFailureAndPassesItOn) {
+  std::string reported;
+  AnswerChecks(false);
+  AnswerAccountIds();
+  FailStatement(factory, kSaveOf01, -5, u"断开");
+  OpenForEdit();
+  form.OnFailed([&](const Failure& failure) { reported += Utf8(failure.description) + ";"; });
+  EXPECT_EQ(ErrorOf([this] { form.ToolClicked(FormTool::Save); }), -5);
+  EXPECT_EQ(reported, "写入物料类别失败，物料类别代码：01\r\n断开;");
+}
+
 TEST_F(Save, MayBeFollowedByTheEndOfTheForm) {
   Open();
   form.OnSaved([this](bool, std::u16string_view) { form.Unload(); });
