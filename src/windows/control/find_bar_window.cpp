@@ -35,8 +35,9 @@ constexpr WPARAM kControlF = 'F' - '@';
 void FindField::Create(HWND parent, HINSTANCE module) {
   Creation creation;
   creation.className = L"EDIT";
-  creation.style =
-      WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | WS_BORDER | ES_AUTOHSCROLL;
+  // No stop of the dialog manager: Tab in the field returns to its pane, so that Shift+Tab would
+  // never leave the two.
+  creation.style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_BORDER | ES_AUTOHSCROLL;
   creation.parent = parent;
   creation.id = control_ids::kFindField;
   creation.module = module;

@@ -146,6 +146,27 @@ TEST_F(TabThroughAForm, GoesRoundWhenTheLoopOffersKeysToTheControlFirst) {
   EXPECT_EQ(Stops(6, true), "sgtbas");
 }
 
+// Tab in the bar's field returns to the pane, so that the field is no stop of its own.
+TEST_F(TabThroughAForm, PassesTheOpenFindBar) {
+  host.DoVerb(OLEIVERB_UIACTIVATE);
+  {
+    const HeldKeys control({VK_CONTROL});
+    SendMessageW(Child(ids::kTree), WM_KEYDOWN, 'F', 1);
+  }
+  const HWND field = GetDlgItem(Child(ids::kFindBar), ids::kFindField);
+  ASSERT_EQ(GetFocus(), field);
+  for (const bool offersToControl : {false, true}) {
+    SetFocus(field);
+    EXPECT_EQ(Stops(1, offersToControl), "t");
+    SetFocus(before_);
+    EXPECT_EQ(Stops(6, offersToControl), "tgsabt");
+    const HeldKeys shift({VK_SHIFT});
+    SetFocus(after_);
+    EXPECT_EQ(Stops(6, offersToControl), "sgtbas");
+  }
+  EXPECT_NE(IsWindowVisible(field), FALSE);
+}
+
 TEST_F(KeysOfTheContainer, TabIsUsedUpWhenTheContainerMovesOn) {
   host.DoVerb(OLEIVERB_UIACTIVATE);
   SetFocus(Child(ids::kToolStrip));
