@@ -217,6 +217,17 @@ LRESULT ControlWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_PAINT:
       PaintBackground(Handle());
       return 0;
+    case WM_SHOWWINDOW:
+      UpdateInput(wParam != FALSE);
+      return Default(message, wParam, lParam);
+    case WM_WINDOWPOSCHANGED: {
+      // A container may also show or hide the window without the message above.
+      const UINT flags = reinterpret_cast<const WINDOWPOS*>(lParam)->flags;
+      if ((flags & (SWP_SHOWWINDOW | SWP_HIDEWINDOW)) != 0) {
+        UpdateInput((flags & SWP_SHOWWINDOW) != 0);
+      }
+      return Default(message, wParam, lParam);
+    }
     case WM_SIZE:
       RunCommand([](PriceDown& control) { control.Resized(); });
       return 0;

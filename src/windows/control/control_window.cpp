@@ -71,6 +71,20 @@ void ControlWindow::MoveInto(HWND parent, const RECT& pixels) {
 
 void ControlWindow::MoveTo(const RECT& pixels) { SetPlaceOf(Handle(), pixels); }
 
+void ControlWindow::SetAcceptsInput(bool accepts) {
+  acceptsInput_ = accepts;
+  UpdateInput(IsShown());
+}
+
+// A hidden window must not get the focus, which its container may still set to it.
+void ControlWindow::UpdateInput(bool shown) {
+  if (Handle() != nullptr) EnableWindow(Handle(), shown && acceptsInput_ ? TRUE : FALSE);
+}
+
+bool ControlWindow::IsShown() const {
+  return Handle() != nullptr && (GetWindowLongPtrW(Handle(), GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
 bool ControlWindow::Holds(HWND window) const {
   if (Handle() == nullptr || window == nullptr) return false;
   return window == Handle() || IsChild(Handle(), window) != FALSE;

@@ -46,6 +46,10 @@ class ControlWindow final : public PriceDownView,
   void OnFocusChange(std::function<void(bool gained)> handler);
 
   HWND Handle() const { return BoundWindow::Handle(); }
+  // Whether the window accepts mouse and keyboard while it is shown; a hidden one never does.
+  void SetAcceptsInput(bool accepts);
+  // Whether the window is shown, even if its container is not.
+  bool IsShown() const;
   // Shows the window at `pixels` of `parent`.
   void MoveInto(HWND parent, const RECT& pixels);
   void MoveTo(const RECT& pixels);
@@ -123,6 +127,7 @@ class ControlWindow final : public PriceDownView,
   bool Waiting() const override { return work_.Waiting(); }
 
   std::shared_ptr<void> Hold() const { return hold_ ? hold_() : nullptr; }
+  void UpdateInput(bool shown);
   bool Holds(HWND window) const;
   unsigned MenuOf(HWND child) const;
   bool UsesCommandKey(HWND focus, const KeyPress& press) const;
@@ -136,6 +141,7 @@ class ControlWindow final : public PriceDownView,
   std::function<std::shared_ptr<void>()> hold_;
   std::function<void(bool)> focusChange_;
   LongWork work_;
+  bool acceptsInput_ = true;
 };
 
 }  // namespace pricedown::windows

@@ -53,7 +53,7 @@ STDMETHODIMP InPlaceObjectImpl::OnFrameWindowActivate(BOOL) noexcept { return S_
 STDMETHODIMP InPlaceObjectImpl::OnDocWindowActivate(BOOL activate) noexcept {
   if (activate == FALSE) return S_OK;
   return Hosted().Run([&] {
-    if (Hosted().Activation().IsActive()) Hosted().Activate(true);
+    if (Hosted().Activation().IsActive() && Hosted().Window().IsShown()) Hosted().Activate(true);
   });
 }
 
