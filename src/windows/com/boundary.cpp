@@ -14,7 +14,7 @@ ComPtr<IErrorInfo> ErrorInfo(const Failure& failure, const IID& interfaceId) {
   if (FAILED(CreateErrorInfo(creator.put()))) return {};
   creator->SetGUID(interfaceId);
   creator->SetDescription(Bstr(failure.description).get());
-  creator->SetSource(Bstr(failure.source).get());
+  creator->SetSource(Bstr(SourceOf(failure)).get());
   return creator.As<IErrorInfo>();
 }
 
@@ -27,6 +27,20 @@ HRESULT PublishFailure(const Failure& failure, const IID& interfaceId) noexcept 
     SetErrorInfo(0, nullptr);
   }
   return failure.code;
+}
+
+HRESULT RefuseThread() noexcept {
+  SetErrorInfo(0, nullptr);
+  return RPC_E_WRONG_THREAD;
+}
+
+std::u16string_view& ModuleSource() noexcept {
+  static std::u16string_view source;
+  return source;
+}
+
+std::u16string_view SourceOf(const Failure& failure) noexcept {
+  return failure.source.empty() ? ModuleSource() : failure.source;
 }
 
 }  // namespace pricedown::windows

@@ -1,6 +1,7 @@
 // The exception record of a failed call.
 #include "windows/com/call_result.h"
 
+#include "windows/com/boundary.h"
 #include "windows/com/bstr.h"
 
 namespace pricedown::windows {
@@ -11,7 +12,7 @@ HRESULT ReportException(const Failure& failure, EXCEPINFO* record) noexcept {
   *record = {};
   record->scode = failure.code;
   try {
-    Bstr source(failure.source);
+    Bstr source(SourceOf(failure));
     record->bstrDescription = Bstr(failure.description).release();
     record->bstrSource = source.release();
   } catch (...) {

@@ -87,7 +87,7 @@ WORD FlagsOf(Access access) {
 std::u16string ComObject::Names::SourceOf(MemberId member) const {
   const auto found = std::find_if(members.begin(), members.end(),
                                   [member](const auto& known) { return known.second == member; });
-  if (found == members.end()) return object;
+  if (found == members.end()) return object.empty() ? u"_Default" : object;
   return object.empty() ? found->first : Concatenate({object, u".", found->first});
 }
 

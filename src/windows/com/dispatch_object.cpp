@@ -69,6 +69,7 @@ STDMETHODIMP DispatchObject::GetTypeInfo(UINT, LCID, ITypeInfo** result) noexcep
 STDMETHODIMP DispatchObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
                                            DISPID* ids) noexcept {
   if (names == nullptr || ids == nullptr || count == 0) return E_INVALIDARG;
+  if (GetCurrentThreadId() != thread_) return RefuseThread();
   for (UINT i = 0; i < count; ++i) ids[i] = DISPID_UNKNOWN;
   const ObjectPtr target = target_;
   const HRESULT code = AtBoundary(
@@ -86,6 +87,7 @@ STDMETHODIMP DispatchObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPAR
                                     VARIANT* result, EXCEPINFO* record,
                                     UINT* badArgument) noexcept {
   if (parameters == nullptr) return E_INVALIDARG;
+  if (GetCurrentThreadId() != thread_) return RefuseThread();
   if (result != nullptr) VariantInit(result);
   // The call may release this object.
   const ObjectPtr target = target_;

@@ -23,6 +23,7 @@ __CRT_UUID_DECL(pricedown::windows::OwnObject, 0xC0D44559, 0xD7C8, 0x4F0B, 0xA8,
 
 namespace pricedown::windows {
 
+// Calls are answered on the thread that made it; on another one they return RPC_E_WRONG_THREAD.
 class DispatchObject final : public ComClass<IDispatch, ISupportErrorInfo, OwnObject> {
  public:
   // Requires: `target` is not null.
@@ -44,6 +45,7 @@ class DispatchObject final : public ComClass<IDispatch, ISupportErrorInfo, OwnOb
   const ObjectPtr* STDMETHODCALLTYPE Target() noexcept override { return &target_; }
 
  private:
+  const DWORD thread_ = GetCurrentThreadId();
   ObjectPtr target_;
 };
 

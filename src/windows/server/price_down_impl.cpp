@@ -37,7 +37,7 @@ STDMETHODIMP PriceDownImpl::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, L
 
 STDMETHODIMP PriceDownImpl::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters,
                                    VARIANT* result, EXCEPINFO* record, UINT* badArgument) noexcept {
-  if (!Hosted().IsOnItsThread()) return RPC_E_WRONG_THREAD;
+  if (!Hosted().IsOnItsThread()) return RefuseThread();
   const auto hold = ComPtr<IUnknown>::Share(Identity());
   return InvokeTable(PriceDownMembers(), Hosted(), id, flags, parameters, result, record,
                      badArgument);

@@ -49,21 +49,21 @@ STDMETHODIMP UpdatePriceObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT coun
 STDMETHODIMP UpdatePriceObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters,
                                        VARIANT* result, EXCEPINFO* record,
                                        UINT* badArgument) noexcept {
-  if (GetCurrentThreadId() != thread_) return RPC_E_WRONG_THREAD;
+  if (GetCurrentThreadId() != thread_) return RefuseThread();
   const auto hold = ComPtr<IUnknown>::Share(Identity());
   return InvokeTable(UpdatePriceMembers(), price_, id, flags, parameters, result, record,
                      badArgument);
 }
 
 STDMETHODIMP UpdatePriceObject::ItemClassType() noexcept {
-  if (GetCurrentThreadId() != thread_) return RPC_E_WRONG_THREAD;
+  if (GetCurrentThreadId() != thread_) return RefuseThread();
   const auto hold = ComPtr<IUnknown>::Share(Identity());
   return AtBoundary([&] { price_.ReadItemClassType(); }, IID__updatePrice);
 }
 
 STDMETHODIMP UpdatePriceObject::get_ItemClassTypeValue(short* result) noexcept {
   if (result == nullptr) return E_POINTER;
-  if (GetCurrentThreadId() != thread_) return RPC_E_WRONG_THREAD;
+  if (GetCurrentThreadId() != thread_) return RefuseThread();
   *result = price_.ItemClassType();
   return S_OK;
 }

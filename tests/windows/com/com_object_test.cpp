@@ -184,6 +184,7 @@ TEST(CallingAnObject, NamesObjectAndMemberAsTheSourceThatTheCalleeDoesNotName) {
     return DISP_E_EXCEPTION;
   });
   EXPECT_EQ(SourceOf([&] { unnamed.object.Call(u"Member"); }), "Member");
+  EXPECT_EQ(SourceOf([&] { unnamed.object.Call(u""); }), "_Default");
 }
 
 TEST(CallingAnObject, HasWordsForTheRefusalsOfAutomation) {

@@ -5,11 +5,13 @@
 #include <thread>
 
 #include "platform/convert.h"
+#include "platform/error.h"
 #include "platform/local_object.h"
 #include "tests/browser/recording_views.h"
 #include "tests/windows/raw_call.h"
 #include "tests/windows/server/control_host.h"
 #include "tests/windows/simple_object.h"
+#include "windows/com/boundary.h"
 #include "windows/com/bstr.h"
 #include "windows/com/safe_array.h"
 #include "windows/com/variant_value.h"
@@ -147,6 +149,43 @@ TEST_F(Members, RefuseAnotherThread) {
   EXPECT_EQ(extent, RPC_E_WRONG_THREAD);
   EXPECT_EQ(point, RPC_E_WRONG_THREAD);
   EXPECT_EQ(Early()->RefreshToolbar(), S_OK);
+}
+
+// The answer leaves no error info of an earlier call behind.
+TEST_F(Members, OfTheBarRefuseAnotherThread) {
+  ComPtr<IDispatch> bar;
+  host.world.factory.Object(u"parent").On(u"MergeToolBar", Reply::From([&](auto arguments) {
+                                            bar = windows::ToDispatch(arguments[0].Object());
+                                            return Value();
+                                          }));
+  const auto window = windows::ToDispatch(host.world.factory.NewObject(u"parent"));
+  EXPECT_EQ(Expression(Control(), L"Show", {ObjectOf(window.get())}), "S_OK True");
+  ASSERT_TRUE(bar);
+  std::vector<std::string> answers;
+  std::thread([&] {
+    for (IDispatch* object : {bar.get(), Control()}) {
+      windows::PublishFailure({E_FAIL, u"stale", u"stale"}, IID_IDispatch);
+      DISPPARAMS none{};
+      const HRESULT code = object->Invoke(1, IID{}, 0, DISPATCH_METHOD | DISPATCH_PROPERTYGET,
+                                          &none, nullptr, nullptr, nullptr);
+      answers.push_back(Hexadecimal(code) + " " + ConsumeErrorInfo());
+    }
+  }).join();
+  EXPECT_EQ(answers, std::vector<std::string>(2, Hexadecimal(RPC_E_WRONG_THREAD) + " "));
+}
+
+TEST_F(Members, NameTheLibraryInFailuresWithoutASource) {
+  const std::string failure =
+      Statement(Control(), L"ParentWindow_ToolBarClick", {ObjectOf(nullptr), Truth(true)});
+  EXPECT_EQ(failure,
+            "exception 800A005B ZEPPriceDownPrepare: 未设置对象: Tool, info: "
+            "ZEPPriceDownPrepare: 未设置对象: Tool");
+  IDispatch* none = nullptr;
+  VARIANT_BOOL use = VARIANT_TRUE;
+  SetErrorInfo(0, nullptr);
+  EXPECT_EQ(Early()->ParentWindow_ToolBarClick(&none, &use),
+            static_cast<HRESULT>(ErrorNumber::ObjectNotSet));
+  EXPECT_EQ(ConsumeErrorInfo(), "ZEPPriceDownPrepare: 未设置对象: Tool");
 }
 
 TEST_F(Members, NotifyMessageIgnoresOtherMessages) {

@@ -38,6 +38,7 @@ HRESULT SetRegistered(bool registered, RegistrationScope scope) noexcept {
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID processEnds) {
   if (reason == DLL_PROCESS_ATTACH) {
     TheModule().instance = instance;
+    pricedown::windows::ModuleSource() = u"ZEPPriceDownPrepare";
     DisableThreadLibraryCalls(instance);
   } else if (reason == DLL_PROCESS_DETACH && processEnds == nullptr) {
     std::destroy_at(&TheModule());
