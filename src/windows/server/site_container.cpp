@@ -1,7 +1,6 @@
 // The look-up of the container's caption and window.
 #include "windows/server/site_container.h"
 
-#include <algorithm>
 #include <iterator>
 #include <string_view>
 
@@ -21,12 +20,29 @@ ObjectPtr ParentOf(IDispatch* extender) {
   return parent;
 }
 
-// The text of these names the control, not the document.
-bool IsSystemContainer(HWND window) {
-  constexpr std::wstring_view kClass = L"AtlAxWin";
-  wchar_t name[64];
-  const int length = GetClassNameW(window, name, static_cast<int>(std::size(name)));
-  return std::wstring_view(name, static_cast<std::size_t>(std::max(length, 0))).starts_with(kClass);
+// Windows whose text does not name the document: the system's container has the control's name,
+// group boxes and labels a heading.
+bool HasOtherText(HWND window) {
+  wchar_t name[64] = {};
+  GetClassNameW(window, name, static_cast<int>(std::size(name)));
+  return std::wstring_view(name).starts_with(L"AtlAxWin") || lstrcmpiW(name, L"Button") == 0 ||
+         lstrcmpiW(name, L"Static") == 0;
+}
+
+// The document's window within the container's frame; null where the container names none.
+HWND NamedDocument(IOleInPlaceSite& site) {
+  ComPtr<IOleInPlaceFrame> frame;
+  ComPtr<IOleInPlaceUIWindow> document;
+  RECT position{};
+  RECT clip{};
+  OLEINPLACEFRAMEINFO info{};
+  info.cb = sizeof info;
+  HWND window = nullptr;
+  if (FAILED(site.GetWindowContext(frame.put(), document.put(), &position, &clip, &info)) ||
+      !document || FAILED(document->GetWindow(&window)) || window == info.hwndFrame) {
+    return nullptr;
+  }
+  return IsWindow(window) != FALSE && !HasOtherText(window) ? window : nullptr;
 }
 
 [[noreturn]] void ThrowNoContainer() {
@@ -39,7 +55,7 @@ HWND DocumentWindow(HWND window) {
   for (;;) {
     const LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);
     if ((style & WS_CAPTION) == WS_CAPTION || (style & WS_CHILD) == 0) return window;
-    if (GetWindowTextLengthW(window) > 0 && !IsSystemContainer(window)) return window;
+    if (GetWindowTextLengthW(window) > 0 && !HasOtherText(window)) return window;
     const HWND parent = GetAncestor(window, GA_PARENT);
     if (parent == nullptr || parent == GetDesktopWindow()) return window;
     window = parent;
@@ -58,8 +74,10 @@ ObjectPtr SiteContainer::Parent() const {
 
 HWND SiteContainer::ParentWindow() const {
   const auto inPlace = site_.As<IOleInPlaceSite>();
+  if (!inPlace) return nullptr;
+  if (const HWND document = NamedDocument(*inPlace.get())) return document;
   HWND window = nullptr;
-  if (!inPlace || FAILED(inPlace->GetWindow(&window)) || !IsWindow(window)) return nullptr;
+  if (FAILED(inPlace->GetWindow(&window)) || !IsWindow(window)) return nullptr;
   return DocumentWindow(window);
 }
 

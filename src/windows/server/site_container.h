@@ -1,5 +1,5 @@
 // The window that contains the control, found through the control's site: by the names that the
-// host offers, else by the window handles.
+// host offers, else by the document window of the container's frame, else by the window handles.
 #pragma once
 
 #include <ocidl.h>
@@ -28,8 +28,8 @@ class SiteContainer final : public ContainerWindow {
   ComPtr<IOleClientSite> site_;
 };
 
-// The first window from `window` up that has a caption bar or a text, or the top-level one. A
-// window of the system's container, whose text names the control, is passed over.
+// The first window from `window` up that has a caption bar or a text, or the top-level one. The
+// texts of the system's container, of group boxes and of labels do not count.
 HWND DocumentWindow(HWND window);
 
 }  // namespace pricedown::windows

@@ -81,14 +81,23 @@ class TabbedDocuments : public ::testing::Test {
       tabs_ = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE, 0, 0, 700, 500,
                               host_.frame.Handle(), nullptr, nullptr, nullptr);
     }
-    const HWND page = CreateWindowExW(0, L"STATIC", text, WS_CHILD | WS_VISIBLE, 0, 0, 600, 400,
-                                      tabs_, nullptr, nullptr, nullptr);
+    WNDCLASSW pages{};
+    pages.lpfnWndProc = PageProcedure;
+    pages.hInstance = GetModuleHandleW(nullptr);
+    pages.lpszClassName = L"TabbedPage";
+    RegisterClassW(&pages);
+    const HWND page = CreateWindowExW(0, pages.lpszClassName, text, WS_CHILD | WS_VISIBLE, 0, 0,
+                                      600, 400, tabs_, nullptr, nullptr, nullptr);
     SetWindowLongPtrW(page, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    SetWindowLongPtrW(page, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(PageProcedure));
     return page;
   }
-  void OpenOn(HWND window) {
+  // `document` is what the container names as the control's document; null for none.
+  void OpenOn(HWND window, HWND document = nullptr) {
     host_.site = windows::MakeCom<RecordingSite>(host_.world.log, window, RECT{0, 0, 400, 200});
+    if (document != nullptr) {
+      host_.site->documentWindow = RecordingSite::AsDocument(
+          windows::MakeCom<RecordingSite>(host_.world.log, document, RECT{}));
+    }
     host_.Open();
   }
   void Exit() {
@@ -104,7 +113,8 @@ class TabbedDocuments : public ::testing::Test {
  private:
   static LRESULT CALLBACK PageProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* test = reinterpret_cast<TabbedDocuments*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    if (message != WM_CLOSE) return DefWindowProcW(window, message, wParam, lParam);
+    if (message != WM_CLOSE || test == nullptr)
+      return DefWindowProcW(window, message, wParam, lParam);
     test->closed_.push_back(window);
     return 0;
   }
@@ -144,6 +154,47 @@ TEST_F(TabbedDocuments, AreFoundAroundTheSystemsContainer) {
   EXPECT_EQ(host_.world.log.Count(kMaintenanceCheck), 1U);
   Exit();
   EXPECT_EQ(closed_, std::vector<HWND>{page});
+}
+
+TEST_F(TabbedDocuments, AreFoundAroundGroupBoxesAndLabels) {
+  for (const wchar_t* passedOver : {L"BUTTON", L"STATIC"}) {
+    const HWND page = NewPage(L"物料类别维护");
+    OpenOn(CreateWindowExW(0, passedOver, L"类别", WS_CHILD | WS_VISIBLE | BS_GROUPBOX, 0, 0, 500,
+                           300, page, nullptr, nullptr, nullptr));
+    Exit();
+    EXPECT_EQ(closed_, std::vector<HWND>{page});
+    closed_.clear();
+    host_.Close();
+    host_.LeaveSite();
+  }
+  EXPECT_EQ(host_.world.log.Count(kMaintenanceCheck), 2U);
+}
+
+TEST_F(TabbedDocuments, ThatTheContainerNamesNeedNoText) {
+  SetWindowTextW(host_.frame.Handle(), L"物料类别维护");
+  const HWND page = NewPage(L"");
+  OpenOn(page, page);
+  EXPECT_EQ(host_.world.log.Count(kOtherCheck), 1U);
+  Exit();
+  EXPECT_EQ(closed_, std::vector<HWND>{page});
+  EXPECT_EQ(host_.world.log.Count("host WM_CLOSE 0 0"), 0U);
+}
+
+// Containers also name the system's container, or a window that is gone.
+TEST_F(TabbedDocuments, ThatTheContainerNamesWrongAreFoundByTheirText) {
+  const HWND page = NewPage(L"物料类别维护");
+  const HWND gone = NewPage(L"另一个文档");
+  DestroyWindow(gone);
+  const HWND box = CreateWindowExW(0, L"BUTTON", L"类别", WS_CHILD | WS_VISIBLE | BS_GROUPBOX, 0, 0,
+                                   500, 300, page, nullptr, nullptr, nullptr);
+  for (const HWND wrong : {gone, box}) {
+    OpenOn(box, wrong);
+    Exit();
+    EXPECT_EQ(closed_, std::vector<HWND>{page});
+    closed_.clear();
+    host_.Close();
+    host_.LeaveSite();
+  }
 }
 
 TEST_F(TabbedDocuments, WithoutATextYieldToTheFrame) {

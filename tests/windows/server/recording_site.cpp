@@ -25,7 +25,7 @@ STDMETHODIMP RecordingSite::GetWindowContext(IOleInPlaceFrame** frame,
   if (refusedCall == "GetWindowContext") return E_FAIL;
   AddRef();
   *frame = this;
-  *document = nullptr;
+  *document = documentWindow.Copy().release();
   *position = position_;
   *clip = position_;
   return S_OK;

@@ -35,6 +35,8 @@ class RecordingSite final : public windows::ComClass<IOleClientSite, IOleInPlace
   // The host's replies.
   std::optional<Value> userMode;  // none: no such ambient property
   ObjectPtr extender;             // none: no extended control
+  // The control's document within the frame; none where the frame is the document.
+  windows::ComPtr<IOleInPlaceUIWindow> documentWindow;
   HRESULT canActivate = S_OK;
   HRESULT translates = S_FALSE;
   // The call that fails: as it is logged, or GetWindow or GetWindowContext.
@@ -43,6 +45,13 @@ class RecordingSite final : public windows::ComClass<IOleClientSite, IOleInPlace
   std::function<void()> onActivate;
   // Runs while the host is notified that the focus was lost.
   std::function<void()> onFocusLost;
+
+  // Any site's window as a document of another one.
+  static windows::ComPtr<IOleInPlaceUIWindow> AsDocument(
+      const windows::ComPtr<RecordingSite>& window) {
+    return windows::ComPtr<IOleInPlaceUIWindow>::Share(
+        static_cast<IOleInPlaceFrame*>(window.get()));
+  }
 
   // IOleClientSite
   STDMETHODIMP SaveObject() noexcept override { return Unexpected("SaveObject"); }
