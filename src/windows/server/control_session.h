@@ -39,6 +39,7 @@ class ControlSession {
 
   // Runs the core's termination once.
   void Terminate() noexcept;
+  bool HasEnded() const { return lifetime_.HasEnded(); }
   // Whether the session can still be shown.
   bool IsUsable() const { return !lifetime_.HasEnded() && window_.Handle() != nullptr; }
 

@@ -23,9 +23,13 @@ DWORD EventSource::Add(ComPtr<IDispatch> sink) {
   return lastCookie_;
 }
 
+std::vector<EventSource::Sink>::iterator EventSource::Find(DWORD cookie) {
+  return std::find_if(sinks_.begin(), sinks_.end(),
+                      [cookie](const Sink& sink) { return sink.cookie == cookie; });
+}
+
 bool EventSource::Remove(DWORD cookie) {
-  const auto found = std::find_if(sinks_.begin(), sinks_.end(),
-                                  [cookie](const Sink& sink) { return sink.cookie == cookie; });
+  const auto found = Find(cookie);
   if (found == sinks_.end()) return false;
   // Released last, because that may call back.
   const ComPtr<IDispatch> removed = std::move(found->object);
@@ -51,19 +55,23 @@ void EventSource::Send(DISPID id, std::u16string_view name,
                        std::initializer_list<Value> arguments) noexcept {
   if (frozen_ > 0) return;
   SkipFailing([&] {
-    std::vector<ComPtr<IDispatch>> sinks;
-    for (const Sink& sink : sinks_) sinks.push_back(sink.object.Copy());
-    const ObjectPtr listener = listener_;
+    std::vector<DWORD> cookies;
+    for (const Sink& sink : sinks_) cookies.push_back(sink.cookie);
     std::vector<Value> copies(arguments);
     OutgoingArguments outgoing(copies);
     const std::span<VARIANT> reversed = outgoing.Reversed();
     DISPPARAMS parameters{};
     parameters.rgvarg = reversed.data();
     parameters.cArgs = static_cast<UINT>(reversed.size());
-    for (const ComPtr<IDispatch>& sink : sinks) {
+    for (const DWORD cookie : cookies) {
+      const auto found = Find(cookie);
+      // Another sink may have disconnected it, and it may exist no more.
+      if (found == sinks_.end()) continue;
+      const ComPtr<IDispatch> sink = found->object.Copy();
       sink->Invoke(id, IID{}, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr, nullptr,
                    nullptr);
     }
+    const ObjectPtr listener = listener_;
     if (listener != nullptr) SkipFailing([&] { listener->Call(name, arguments); });
   });
 }

@@ -32,6 +32,8 @@ class EventSource final : public HostEvents {
 
   // Events between Freeze(true) and its Freeze(false) are dropped.
   void Freeze(bool freeze) { frozen_ += freeze ? 1 : frozen_ > 0 ? -1 : 0; }
+  // Ends all freezes.
+  void Unfreeze() { frozen_ = 0; }
 
   // HostEvents
   void SelectionChanged(std::u16string_view classNumber) override;
@@ -40,7 +42,9 @@ class EventSource final : public HostEvents {
   void Failed(const Failure& failure) override;
 
  private:
-  // Calls all sinks that are there at the beginning; their failures are ignored.
+  std::vector<Sink>::iterator Find(DWORD cookie);
+  // Calls the sinks that are connected at the beginning and still are at their turn; their failures
+  // are ignored.
   void Send(DISPID id, std::u16string_view name, std::initializer_list<Value> arguments) noexcept;
 
   std::vector<Sink> sinks_;

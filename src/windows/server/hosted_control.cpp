@@ -58,7 +58,7 @@ std::shared_ptr<ControlSession> HostedControl::RunningSession() {
   return session_;
 }
 
-void HostedControl::SetSite(IOleClientSite* site) {
+void HostedControl::SetSite(IOleClientSite* site, bool userMode) {
   Deactivate();
   if (site == nullptr) {
     if (site_) {
@@ -66,6 +66,7 @@ void HostedControl::SetSite(IOleClientSite* site) {
       // Some containers have subclassed it and never restore its procedure.
       DestroyWindow(Window().Handle());
     }
+    events_->Unfreeze();
     container_.SetSite(nullptr);
     site_.attach(nullptr);
     userMode_ = true;
@@ -73,23 +74,24 @@ void HostedControl::SetSite(IOleClientSite* site) {
   }
   site_ = ComPtr<IOleClientSite>::Share(site);
   container_.SetSite(site);
-  userMode_ = AmbientFlag(site, DISPID_AMBIENT_USERMODE, true);
+  userMode_ = AmbientFlag(site, DISPID_AMBIENT_USERMODE, userMode);
   Start();
 }
 
 void HostedControl::AmbientChanged(DISPID property) {
   if (!site_ || (property != DISPID_UNKNOWN && property != DISPID_AMBIENT_USERMODE)) return;
-  userMode_ = AmbientFlag(site_.Copy().get(), DISPID_AMBIENT_USERMODE, true);
+  userMode_ = AmbientFlag(site_.Copy().get(), DISPID_AMBIENT_USERMODE, userMode_);
   Start();
 }
 
 void HostedControl::Start() {
   if (!session_->IsUsable()) {
-    End();
+    // A listener that was set after the end stays for the new session.
+    if (!session_->HasEnded()) End();
     NewSession();
   }
   // In design mode mouse and keyboard belong to the designer.
-  EnableWindow(Window().Handle(), AcceptsInput() ? TRUE : FALSE);
+  Window().SetAcceptsInput(AcceptsInput());
   if (userMode_) session_->Initialize();
 }
 

@@ -32,7 +32,7 @@ class HostedControl {
   // Wraps a COM method: keeps the object alive and turns exceptions into codes.
   template <typename Body>
   HRESULT Run(Body&& body, const IID& interfaceId = IID{}) noexcept {
-    if (!IsOnItsThread()) return RPC_E_WRONG_THREAD;
+    if (!IsOnItsThread()) return RefuseThread();
     const auto hold = ComPtr<IUnknown>::Share(&self_);
     return AtBoundary(std::forward<Body>(body), interfaceId);
   }
@@ -52,8 +52,9 @@ class HostedControl {
   }
 
   // Null leaves the container and ends the session. In run mode the core's creation runs; here and
-  // below its failure is thrown once everything else is done.
-  void SetSite(IOleClientSite* site);
+  // below its failure is thrown once everything else is done. `userMode` is for a site that does
+  // not say.
+  void SetSite(IOleClientSite* site, bool userMode = true);
   ComPtr<IOleClientSite> Site() const { return site_.Copy(); }
   // The container's user mode may have changed.
   void AmbientChanged(DISPID property);

@@ -1,7 +1,6 @@
 // The steps that a container would otherwise do one by one.
 #include "windows/server/quick_activate_impl.h"
 
-#include "platform/first_failure.h"
 #include "windows/com/failure.h"
 #include "windows/server/idl/ZEPPriceDownPrepare.h"
 #include "windows/server/ole_object_impl.h"
@@ -21,19 +20,18 @@ STDMETHODIMP QuickActivateImpl::QuickActivate(QACONTAINER* container, QACONTROL*
     const auto view = self.As<IViewObjectEx>();
     control->dwMiscStatus = kControlStatus;
     ThrowIfFailed(view->GetViewStatus(&control->dwViewStatus));
-    FirstFailure steps;
-    // Its creation may fail; the control can be used anyway.
-    steps.Run([&] { Hosted().SetSite(container->pClientSite); });
-    if (container->pAdviseSink != nullptr) {
-      ThrowIfFailed(view->SetAdvise(DVASPECT_CONTENT, 0, container->pAdviseSink));
-    }
+    // A container connects no sink to a control that it could not activate, and disconnects none.
+    Hosted().SetSite(container->pClientSite,
+                     (container->dwAmbientFlags & QACONTAINER_USERMODE) != 0);
     if (container->pUnkEventSink != nullptr) {
       ComPtr<IConnectionPoint> events;
       ThrowIfFailed(self.As<IConnectionPointContainer>()->FindConnectionPoint(DIID__PriceDownEvents,
                                                                               events.put()));
       ThrowIfFailed(events->Advise(container->pUnkEventSink, &control->dwEventCookie));
     }
-    steps.Rethrow();
+    if (container->pAdviseSink != nullptr) {
+      ThrowIfFailed(view->SetAdvise(DVASPECT_CONTENT, 0, container->pAdviseSink));
+    }
   });
 }
 

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/error.h"
 #include "tests/windows/raw_call.h"
 #include "tests/windows/server/control_host.h"
 #include "tests/windows/server/memory_picture.h"
@@ -296,6 +297,55 @@ TEST(QuickActivation, ConnectsTheEventSinkAndAsksForWholeStructs) {
   ComPtr<IConnectionPoint> events;
   host.As<IConnectionPointContainer>()->FindConnectionPoint(DIID__PriceDownEvents, events.put());
   EXPECT_EQ(events->Unadvise(control.dwEventCookie), S_OK);
+}
+
+// What a container passes in one call, without sinks and flags.
+struct QuickCall {
+  explicit QuickCall(ControlHost& host) {
+    container.cbSize = sizeof container;
+    container.pClientSite = host.site.get();
+    control.cbSize = sizeof control;
+  }
+  HRESULT SendTo(ControlHost& host) {
+    return host.As<IQuickActivate>()->QuickActivate(&container, &control);
+  }
+
+  QACONTAINER container{};
+  QACONTROL control{};
+};
+
+TEST(QuickActivation, UsesTheContainersFlagsWhereTheSiteNamesNoUserMode) {
+  {
+    ControlHost host;
+    QuickCall design(host);
+    EXPECT_EQ(design.SendTo(host), S_OK);
+    EXPECT_EQ(host.As<IOleControl>()->OnAmbientPropertyChange(DISPID_UNKNOWN), S_OK);
+    EXPECT_FALSE(host.SuiteWasCalled());
+    host.LeaveSite();
+  }
+  ControlHost host;
+  host.site->userMode = true;
+  QuickCall run(host);
+  EXPECT_EQ(run.SendTo(host), S_OK);
+  EXPECT_TRUE(host.SuiteWasCalled());
+}
+
+// Such a container connects its sinks again by itself.
+TEST(QuickActivation, ConnectsNoSinkWhenTheCreationFails) {
+  ControlHost host;
+  host.world.factory.Refuses(u"ZEPEBSBase.SystemProfile");
+  QuickCall call(host);
+  call.container.dwAmbientFlags = QACONTAINER_USERMODE;
+  call.container.pUnkEventSink = static_cast<IDispatch*>(host.site.get());
+  EXPECT_EQ(call.SendTo(host), static_cast<HRESULT>(ErrorNumber::CannotCreateObject));
+  EXPECT_EQ(call.control.dwEventCookie, 0U);
+  ComPtr<IConnectionPoint> events;
+  host.As<IConnectionPointContainer>()->FindConnectionPoint(DIID__PriceDownEvents, events.put());
+  ComPtr<IEnumConnections> connections;
+  ASSERT_EQ(events->EnumConnections(connections.put()), S_OK);
+  CONNECTDATA data{};
+  EXPECT_EQ(connections->Next(1, &data, nullptr), S_FALSE);
+  EXPECT_EQ(Expression(host.control.get(), L"Show", {ObjectOf(nullptr)}), "S_OK True");
 }
 
 }  // namespace

@@ -151,6 +151,20 @@ TEST_F(Events, ReachNoSinkThatHasLeft) {
   EXPECT_EQ(Heard(), "");
 }
 
+// A sink need not count its references: it may exist no more once it is disconnected.
+TEST_F(Events, ReachNoSinkThatAnotherDisconnectsInsideTheEvent) {
+  const auto second = windows::MakeCom<EventSink>();
+  Connect(*sink.get());
+  const DWORD cookie = Connect(*second.get());
+  sink->whenNotified = [&] {
+    sink->whenNotified = nullptr;
+    EXPECT_EQ(Point()->Unadvise(cookie), S_OK);
+  };
+  host->Open();
+  EXPECT_EQ(sink->received.size(), 1U);
+  EXPECT_EQ(second->received.size(), 0U);
+}
+
 TEST_F(Events, AreNotSentWhileTheContainerFreezesThem) {
   Connect(*sink.get());
   const auto control = host->As<IOleControl>();
@@ -160,6 +174,16 @@ TEST_F(Events, AreNotSentWhileTheContainerFreezesThem) {
   EXPECT_EQ(control->FreezeEvents(FALSE), S_OK);
   host->Close();
   EXPECT_EQ(Heard(), "3\n");
+}
+
+TEST_F(Events, AreSentToTheNextContainerOfOneThatLeftThemFrozen) {
+  Connect(*sink.get());
+  EXPECT_EQ(host->As<IOleControl>()->FreezeEvents(TRUE), S_OK);
+  EXPECT_EQ(host->SetSite(), S_OK);
+  EXPECT_EQ(host->LeaveSite(), S_OK);
+  EXPECT_EQ(Heard(), "");
+  host->Open();
+  EXPECT_EQ(Heard(), "1 \"01\"\n");
 }
 
 TEST_F(Events, MayEndTheControlInsideAnEvent) {
@@ -202,6 +226,17 @@ TEST_F(Events, ReachTheListenerThatAnEarlyBoundClientHasSet) {
   EXPECT_EQ(state->put_Listener(nullptr), S_OK);
   host->Close();
   EXPECT_EQ(listener->received.size(), 1U);
+}
+
+TEST_F(Events, ReachAListenerThatWasSetBetweenTwoLives) {
+  const auto listener = std::make_shared<EventListener>();
+  const auto object = windows::ToDispatch(listener);
+  host->Open();
+  host->Close();
+  EXPECT_EQ(Assignment(host->control.get(), L"Listener", ObjectOf(object.get())), "S_OK");
+  EXPECT_EQ(host->DoVerb(OLEIVERB_SHOW), S_OK);
+  EXPECT_EQ(Expression(host->control.get(), L"Show", {ObjectOf(nullptr)}), "S_OK True");
+  EXPECT_EQ(listener->received, (std::vector<std::string>{"\"01\""}));
 }
 
 TEST_F(Events, HaveOneConnectionPointThatListsItsSinks) {
