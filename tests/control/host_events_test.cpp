@@ -147,8 +147,8 @@ TEST_F(ControlEvents, ReportAFailedPrintBeforeItsMessage) {
 
 TEST_F(ControlEvents, ReportItemsThatCannotBeReadBeforeTheirMessage) {
   Start();
-  FailStatement(world_.factory, kItemsOfRoot, -5, u"表被锁定");
-  Control().NodeClicked(1);
+  FailStatement(world_.factory, kItemsOf01, -5, u"表被锁定");
+  Control().NodeClicked(2);
   const std::string log = world_.log.Text();
   EXPECT_NE(log.find("event failed -5 \"表被锁定\"\n"
                      "message information \"岚禾提示\": \"表被锁定\"\n"),
