@@ -22,9 +22,9 @@ enum class NullCells { Kept, AsEmptyText };
 class RowReader {
  public:
   // Columns are returned in the order of `fields`, whose texts must outlive the reader. With
-  // NullCells::AsEmptyText a null may be returned as null or as the empty text. To read a failed
-  // block again, the recordset is moved to its first row and on from there: a walk that may have to
-  // must begin at the first row.
+  // NullCells::AsEmptyText a null may be returned as null or as the empty text. A block that fails
+  // is found again by counting from the recordset's first row, where the walk must have begun for
+  // that.
   RowReader(const Recordset& recordset, std::vector<std::u16string_view> fields,
             NullCells nullCells = NullCells::Kept);
 

@@ -260,12 +260,14 @@ TEST_F(ClassTreeLoad, KeepsAndAddsNothingOnceTheControlHasEndedInTheQuery) {
 }
 
 TEST_F(ClassTreeLoad, AddsNoClassOnceTheControlHasEndedWhileRowsAreRead) {
-  factory_.Object(u"rows").On(u"EOF", false).On(u"GetRows", Reply::From([&](auto) {
-                                                  environment_.lifetime.End();
-                                                  return CellBlockPtr(std::make_shared<MemoryBlock>(
-                                                      2, std::vector<std::vector<Value>>{
-                                                             {u"01", u"甲"}, {u"02", u"乙"}}));
-                                                }));
+  factory_.Object(u"rows")
+      .On(u"EOF", false)
+      .On(u"EOF", true)
+      .On(u"GetRows", Reply::From([&](auto) {
+            environment_.lifetime.End();
+            return CellBlockPtr(std::make_shared<MemoryBlock>(
+                2, std::vector<std::vector<Value>>{{u"01", u"甲"}, {u"02", u"乙"}}));
+          }));
   factory_.Object(u"ZEPConnection.AppConnection").On(u"Execute", factory_.Answering(u"rows"));
   tree_.LoadClassTree();
   EXPECT_EQ(Nodes(), (Texts{"gc0 物料"}));
