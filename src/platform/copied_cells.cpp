@@ -72,7 +72,9 @@ std::string ClipboardHtml(std::string_view rows) {
 void CellCopier::Add(std::u16string_view cell, CellKind kind) {
   copied_.html += rowIsOpen_ ? "" : "<tr>";
   if (std::exchange(rowIsOpen_, true)) copied_.text += u'\t';
-  copied_.text += cell;
+  // As text a tab or a line break would begin another cell.
+  for (const char16_t unit : cell)
+    copied_.text += unit == u'\t' || unit == u'\r' || unit == u'\n' ? u' ' : unit;
   copied_.html += kind == CellKind::Text ? "<td class=t>" : "<td>";
   AppendEscaped(ToUtf8(cell), copied_.html);
   copied_.html += "</td>";

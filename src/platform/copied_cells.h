@@ -8,7 +8,8 @@
 namespace pricedown {
 
 struct CopiedCells {
-  // Tabs between the columns, a line break after each row; a cell alone is its text.
+  // Tabs between the columns, a line break after each row; a cell alone is its text. Each tab or
+  // line-break character inside a cell is a blank.
   std::u16string text;
   // The same as the data of the clipboard's format "HTML Format", in UTF-8.
   std::string html;

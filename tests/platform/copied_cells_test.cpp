@@ -50,6 +50,16 @@ TEST(CopiedCells, AreATableWhosePlaceTheHeaderNamesInBytes) {
   EXPECT_EQ(document.substr(document.size() - 7), "</html>");
 }
 
+TEST(CopiedCells, HaveABlankForATabOrALineBreakInsideACellInTheTextOnly) {
+  CellCopier copier;
+  copier.Add(u"螺栓\tM8", CellKind::Text);
+  copier.Add(u"A\r\nB\nC", CellKind::Text);
+  copier.EndRow();
+  const CopiedCells cells = copier.Finish();
+  EXPECT_EQ(Utf8(cells.text), "螺栓 M8\tA  B C\r\n");
+  EXPECT_THAT(cells.html, HasSubstr("<td class=t>螺栓\tM8</td><td class=t>A\r\nB\nC</td>"));
+}
+
 TEST(CopiedCells, AreTextForASpreadsheetUnlessTheyAreNumbers) {
   CellCopier copier;
   copier.Add(u"1281.10", CellKind::Text);
