@@ -34,13 +34,13 @@ inline std::vector<const Command*> Buttons() {
 }
 
 struct ControlChildren {
-  ControlChildren(HINSTANCE theModule, ChildEvents& events)
+  ControlChildren(HINSTANCE theModule, ChildEvents& events, Automation& automation)
       : module(theModule),
         styles(theModule),
         tree(events),
         toolStrip(events, Buttons()),
-        splitter(events),
-        grid(events),
+        splitter(events, automation),
+        grid(events, automation),
         findBar(events) {}
 
   // Creates all windows in `parent`, and `form` over them. Throws AutomationError.

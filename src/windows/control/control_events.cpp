@@ -121,11 +121,11 @@ void ControlWindow::FocusLeft(HWND to) {
 }
 
 void ControlWindow::ItemsChanged() {
+  const std::shared_ptr<void> hold = Hold();
   ItemsFilling();
   if (Find* find = control_ == nullptr ? nullptr : control_->Finding()) {
     find->RowsChanged(FindPane::Grid);
   }
-  // Last, because a client that hears the status may end the control.
   ShowStatus();
 }
 
@@ -154,6 +154,8 @@ void ControlWindow::FindKeyPressed(FindKey key) {
 }
 
 void ControlWindow::FindIdle() {
+  // A client that hears the count may end the control.
+  const std::shared_ptr<void> hold = Hold();
   if (Find* find = control_ == nullptr ? nullptr : control_->Finding()) find->ContinueCounting();
 }
 

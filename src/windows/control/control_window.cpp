@@ -15,8 +15,9 @@ constexpr Rectangle kFirstSize{0, 0, 9600, 6000};
 
 }  // namespace
 
-ControlWindow::ControlWindow(HINSTANCE module)
-    : children_(std::make_unique<ControlChildren>(module, static_cast<ChildEvents&>(*this))) {
+ControlWindow::ControlWindow(HINSTANCE module, Automation& automation)
+    : children_(
+          std::make_unique<ControlChildren>(module, static_cast<ChildEvents&>(*this), automation)) {
   const VisualStyles::Scope styles(children_->styles);
   children_->parking.Create(module);
   Creation creation;
@@ -144,6 +145,8 @@ void ControlWindow::CloseFind(FindPane pane) {
 
 void ControlWindow::ShowFindCount(std::u16string_view text, bool counting) {
   children_->findBar.SetCount(text, counting);
+  // The keyboard is in the field, so that no reader speaks the hit by itself.
+  if (!counting && children_->findBar.HasFocus() && !work_.Waiting()) children_->grid.Speak(text);
 }
 
 void ControlWindow::ShowFoundCell(std::int32_t column, std::int32_t row) {

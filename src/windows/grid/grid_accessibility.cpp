@@ -43,14 +43,17 @@ void GridAccessibility::Update() noexcept {
   });
 }
 
-void GridAccessibility::Announce(std::u16string_view text) noexcept {
+void GridAccessibility::Speak(std::u16string_view text) noexcept {
   const ComPtr<GridProvider> provider = provider_.Get();
-  if (!provider || text == announced_) return;
+  if (text.empty() || !provider_.IsListenedTo()) return;
+  AtBoundary([&] { provider_.System().RaiseNotification(provider.get(), text); });
+}
+
+void GridAccessibility::Announce(std::u16string_view text) noexcept {
+  if (!provider_.Get() || text == announced_) return;
   AtBoundary([&] {
     announced_ = text;
-    if (!text.empty() && provider_.IsListenedTo()) {
-      provider_.System().RaiseNotification(provider.get(), text);
-    }
+    Speak(text);
   });
 }
 

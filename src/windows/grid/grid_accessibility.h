@@ -49,8 +49,10 @@ class GridAccessibility {
   void Update() noexcept;
   // The rows are being replaced: the next update raises a structure change, also for as many rows.
   void RowsReplaced() { reported_.rows = kReplaced; }
-  // A text that a reader is to speak, once until another one follows; nothing before a client has
-  // asked for the provider, and while none listens.
+  // A text that a reader is to speak; nothing before a client has asked for the provider, and
+  // while none listens.
+  void Speak(std::u16string_view text) noexcept;
+  // The same for a status, which is spoken once until another one follows.
   void Announce(std::u16string_view text) noexcept;
   // The window ends: the provider returns "not available" from here on.
   void End() noexcept { provider_.End(access_.Window()); }

@@ -40,6 +40,8 @@ class GridWindow final : public BoundWindow,
   // For screen readers: speaks a status that belongs to the grid.
   // Events that a wait has held back are raised before.
   void Announce(std::u16string_view text);
+  // Speaks a text once, whatever was spoken before.
+  void Speak(std::u16string_view text) { accessibility_.Speak(text); }
 
   const GridSelection& Selection() const { return selection_; }
   const GridViewport& Viewport() const override { return viewport_; }

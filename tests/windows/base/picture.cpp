@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <fstream>
 
-#include "tests/windows/control/ui_world.h"
+#include "tests/windows/support/run_messages.h"
 
 namespace pricedown::testing {
 namespace {

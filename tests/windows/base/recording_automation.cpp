@@ -89,6 +89,15 @@ void RecordingAutomation::RaiseChildrenInvalidated(IRawElementProviderSimple* pr
 void RecordingAutomation::RaiseNotification(IRawElementProviderSimple* provider,
                                             std::u16string_view text) {
   log.push_back(WithId("speak", provider) + " = " + Utf8(text));
+  if (onEvent) onEvent();
+}
+
+std::vector<std::string> RecordingAutomation::Spoken() const {
+  std::vector<std::string> texts;
+  for (const std::string& line : log) {
+    if (line.starts_with("speak ")) texts.push_back(line.substr(line.find(" = ") + 3));
+  }
+  return texts;
 }
 
 void RecordingAutomation::Disconnect(IRawElementProviderSimple*) { log.emplace_back("disconnect"); }

@@ -33,6 +33,8 @@ class RecordingAutomation final : public windows::Automation {
   std::function<void()> onEvent;
   // "focus row5.column2", "children", "disconnect": the event and the id of its element.
   std::vector<std::string> log;
+  // The texts of the notifications in it.
+  std::vector<std::string> Spoken() const;
 
  private:
   windows::ComPtr<IRawElementProviderSimple> returned_;

@@ -6,7 +6,12 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
 
+#include "control/commands.h"
 #include "store/statements.h"
 #include "tests/support/utf8.h"
 #include "tests/windows/base/picture.h"
@@ -18,6 +23,8 @@ namespace pricedown::testing {
 namespace {
 
 namespace ids = windows::control_ids;
+
+using Texts = std::vector<std::string>;
 
 class FindBar : public ::testing::Test {
  protected:
@@ -49,6 +56,28 @@ class FindBar : public ::testing::Test {
     RunMessages();
     SetKeyboardState(before.data());
     return used;
+  }
+  // `cause` makes the bar speak a count; a client then destroys the window.
+  bool IsHeldWhenItIsEndedAtACount(const std::function<void()>& cause) {
+    const auto provider = world_.automation.ProviderOf(world_.Grid());
+    Open(world_.Grid());
+    world_.automation.log.clear();
+    std::weak_ptr<void> held;
+    world_.window->HoldDuringEvents([&] {
+      const auto hold = std::make_shared<int>();
+      held = hold;
+      return hold;
+    });
+    bool isHeld = false;
+    world_.automation.onEvent = [&] {
+      if (world_.automation.Spoken().empty() || world_.window->Handle() == nullptr) return;
+      isHeld = !held.expired();
+      DestroyWindow(world_.window->Handle());
+    };
+    cause();
+    EXPECT_EQ(world_.window->Handle(), nullptr);
+    world_.window->HoldDuringEvents({});
+    return isHeld;
   }
   std::string Current() const {
     const auto row = world_.window->CurrentRow();
@@ -107,6 +136,44 @@ TEST_F(FindBar, MarksTheFoundCellWhileTheFocusIsInTheBar) {
   EXPECT_TRUE(isMarked());
   Open(world_.Tree());
   EXPECT_FALSE(isMarked());
+}
+
+TEST_F(FindBar, SpeaksEachCountThatIsFinalWhileTheFocusIsInTheBar) {
+  const auto provider = world_.automation.ProviderOf(world_.Grid());
+  Open(world_.Grid());
+  world_.automation.log.clear();
+  world_.Type(u"轴");
+  EXPECT_EQ(world_.automation.Spoken(), Texts{"1 / 16"});
+  world_.Press(VK_F3);
+  EXPECT_EQ(world_.automation.Spoken(), (Texts{"1 / 16", "2 / 16"}));
+  world_.automation.log.clear();
+  world_.Press(VK_ESCAPE);
+  world_.Press(VK_F3);
+  EXPECT_EQ(world_.automation.Spoken(), Texts{}) << "a status that was spoken before, and no count";
+}
+
+TEST_F(FindBar, SpeaksTheCountOfRowsThatWereLoadedAgainOnceTheyAreThere) {
+  const auto provider = world_.automation.ProviderOf(world_.Grid());
+  Open(world_.Grid());
+  world_.Type(u"轴");
+  world_.automation.log.clear();
+  world_.control->CommandChosen(*CommandOfTool(u"iRefresh"));
+  RunMessages();
+  EXPECT_EQ(world_.automation.Spoken(), Texts{"– / 16"});
+}
+
+TEST_F(FindBar, HoldsTheControlThatAClientEndsWhenItHearsTheCount) {
+  EXPECT_TRUE(IsHeldWhenItIsEndedAtACount([this] {
+    PostMessageW(Field(), WM_CHAR, u'轴', 1);
+    RunMessages();
+  }));
+}
+
+TEST_F(FindBar, HoldsTheControlThatAClientEndsWhenItHearsThatNoRowsAreLeft) {
+  world_.Click(world_.Tree(), world_.NodePoint(13));
+  Open(world_.Grid());
+  world_.Type(u"轴");
+  EXPECT_TRUE(IsHeldWhenItIsEndedAtACount([this] { world_.control->GetGrid().SetMaxRows(0); }));
 }
 
 TEST_F(FindBar, SearchesNothingWhileACompositionIsOpen) {

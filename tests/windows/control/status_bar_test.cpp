@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <string>
+#include <vector>
 
 #include "store/statements.h"
 #include "tests/control/button.h"
@@ -41,6 +43,18 @@ TEST(ControlWindow, ShowsTheNumberOfItemsAndTheClass) {
   world.Click(world.Tree(), world.NodePoint(4));
   EXPECT_EQ(Panel(world, 0), "03(包装物)    共 0 项物料");
   KeepPicture(world.host.Handle(), "empty class");
+}
+
+TEST(StatusBar, IsSpokenOnceForEachClassAtTheEndOfItsLoad) {
+  UiWorld world;
+  world.Start();
+  const auto provider = world.automation.ProviderOf(world.Grid());
+  SetFocus(world.Tree());
+  for (const NodeIndex node : {6, 5}) {
+    world.automation.log.clear();
+    world.Click(world.Tree(), world.NodePoint(node));
+    EXPECT_EQ(world.automation.Spoken(), std::vector<std::string>{Panel(world, 0)});
+  }
 }
 
 WNDPROC g_statusProcedure = nullptr;

@@ -37,14 +37,6 @@ std::u16string TwoDigits(int number) {
 
 }  // namespace
 
-void RunMessages() {
-  MSG message{};
-  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
-    TranslateMessage(&message);
-    DispatchMessageW(&message);
-  }
-}
-
 HostWindow::HostWindow(int width, int height) {
   WNDCLASSW description{};
   description.lpfnWndProc = &Procedure;
@@ -95,7 +87,7 @@ UiWorld::UiWorld(int width, int height) : host(width, height) {
   }
   AnswerStatement(suite.factory, statements::ClassTree(),
                   Rows({u"FitemClassNumber", u"FitemClassName"}, std::move(classes)));
-  window = std::make_unique<windows::ControlWindow>(GetModuleHandleW(nullptr));
+  window = std::make_unique<windows::ControlWindow>(GetModuleHandleW(nullptr), automation);
   screen = std::make_unique<windows::WindowsScreen>(*window);
 }
 

@@ -13,13 +13,12 @@
 
 #include "control/price_down.h"
 #include "tests/control/control_fixture.h"
+#include "tests/windows/base/recording_automation.h"
+#include "tests/windows/support/run_messages.h"
 #include "windows/base/windows_screen.h"
 #include "windows/control/control_window.h"
 
 namespace pricedown::testing {
-
-// Processes all pending messages.
-void RunMessages();
 
 // A plain overlapped window; destroyed with the object unless it already has been.
 class HostWindow {
@@ -76,6 +75,7 @@ class UiWorld : public Input {
 
   ControlWorld suite;
   HostWindow host;
+  RecordingAutomation automation;
   std::unique_ptr<windows::ControlWindow> window;
   std::unique_ptr<windows::WindowsScreen> screen;
   std::unique_ptr<PriceDown> control;
