@@ -84,8 +84,9 @@ void DrawWindow(HDC context, HWND window) {
   IntersectClipRect(context, 0, 0, client.right, client.bottom);
   SendMessageW(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(context),
                PRF_CLIENT | PRF_ERASEBKGND);
-  for (HWND child = GetWindow(window, GW_CHILD); child != nullptr;
-       child = GetWindow(child, GW_HWNDNEXT)) {
+  // From the lowest one up: the find bar lies over a heading.
+  for (HWND child = GetWindow(GetWindow(window, GW_CHILD), GW_HWNDLAST); child != nullptr;
+       child = GetWindow(child, GW_HWNDPREV)) {
     if ((GetWindowLongPtrW(child, GWL_STYLE) & WS_VISIBLE) == 0) continue;
     RECT place{};
     GetWindowRect(child, &place);

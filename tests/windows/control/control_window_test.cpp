@@ -289,6 +289,37 @@ TEST(ControlWindow, PutsAQuitMessageBackAfterPendingMessages) {
   EXPECT_EQ(message.wParam, 7u);
 }
 
+Picture DrawnForAContainer(const UiWorld& world) {
+  const RECT area = world.host.Inside();
+  const HDC screen = GetDC(nullptr);
+  const HDC memory = CreateCompatibleDC(screen);
+  const HBITMAP bitmap = CreateCompatibleBitmap(screen, area.right, area.bottom);
+  const HGDIOBJ previous = SelectObject(memory, bitmap);
+  world.window->Draw(memory, area);
+  Picture drawn = CapturePicture(memory, area);
+  SelectObject(memory, previous);
+  DeleteObject(bitmap);
+  DeleteDC(memory);
+  ReleaseDC(nullptr, screen);
+  return drawn;
+}
+
+TEST(ControlWindow, DrawsTheFindBarOverItsHeadingForAContainer) {
+  UiWorld world;
+  world.Start();
+  SetFocus(world.Grid());
+  world.PressWith(VK_CONTROL, 'F');
+  RECT field{};
+  GetWindowRect(GetDlgItem(world.Child(ids::kFindBar), ids::kFindField), &field);
+  MapWindowPoints(nullptr, world.window->Handle(), reinterpret_cast<POINT*>(&field), 2);
+  const POINT middle{(field.left + field.right) / 2, (field.top + field.bottom) / 2};
+  const COLORREF ground = GetSysColor(COLOR_WINDOW);
+  ASSERT_NE(ground, GetSysColor(COLOR_BTNFACE));
+  EXPECT_EQ(DrawnForAContainer(world).At(middle.x, middle.y),
+            static_cast<std::uint32_t>(GetRValue(ground) << 16 | GetGValue(ground) << 8 |
+                                       GetBValue(ground)));
+}
+
 TEST(ControlWindow, DrawsItselfForAContainer) {
   UiWorld world;
   world.Start();
@@ -298,17 +329,7 @@ TEST(ControlWindow, DrawsItselfForAContainer) {
   }
   TreeView_Expand(world.Tree(), TreeView_GetRoot(world.Tree()), TVE_COLLAPSE);
   RunMessages();
-  const RECT area = world.host.Inside();
-  const HDC screen = GetDC(nullptr);
-  const HDC memory = CreateCompatibleDC(screen);
-  const HBITMAP bitmap = CreateCompatibleBitmap(screen, area.right, area.bottom);
-  const HGDIOBJ previous = SelectObject(memory, bitmap);
-  world.window->Draw(memory, area);
-  const Picture drawn = CapturePicture(memory, area);
-  SelectObject(memory, previous);
-  DeleteObject(bitmap);
-  DeleteDC(memory);
-  ReleaseDC(nullptr, screen);
+  const Picture drawn = DrawnForAContainer(world);
   KeepPicture(drawn, "drawn for a container");
   const Picture shown = CapturePicture(world.window->Handle());
   int different = 0;
