@@ -15,8 +15,9 @@ namespace {
 
 constexpr int kGridLineShare = 45;  // of 255, from the background to the text
 constexpr int kCursorWidth = 2;
-constexpr int kTintShare = 20;  // of 255, where the tooltip's colour is that of open cells
-constexpr int kTooLike = 8;     // of 255, in each part of a colour
+// Of 255, where the tooltip's colour is that of open cells: also seen in white on black.
+constexpr int kTintShare = 28;
+constexpr int kTooLike = 8;  // of 255, in each part of a colour
 // Of 255: distinct from locked cells in every colour scheme.
 constexpr int kUnfocusedShare = 55;
 

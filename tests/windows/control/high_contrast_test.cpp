@@ -71,6 +71,35 @@ TEST_P(ControlInHighContrast, PicturesAndCaptionsOfTheToolStripStandOut) {
   EXPECT_EQ(buttons, 6);
 }
 
+// How far an area's pixels are from its first one, on average.
+double StrengthOf(const Picture& picture, const RECT& area) {
+  double sum = 0;
+  for (LONG y = area.top; y < area.bottom; ++y) {
+    for (LONG x = area.left; x < area.right; ++x) {
+      sum += Contrast(picture.At(x, y), picture.At(area.left, area.top)) - 1;
+    }
+  }
+  return sum / static_cast<double>((area.right - area.left) * (area.bottom - area.top));
+}
+
+TEST_P(ControlInHighContrast, DisabledButtonsAreSeenAndToldFromEnabledOnes) {
+  const auto image = [this](std::size_t index) {
+    RECT area = ButtonArea(index);
+    InflateRect(&area, -Scale(2), -Scale(2));
+    return RECT{area.left, area.top, area.left + Scale(20), area.bottom};
+  };
+  for (const std::size_t index : {1u, 2u, 3u}) {
+    TBBUTTON button{};
+    SendMessageW(world_.Strip(), TB_GETBUTTON, index, reinterpret_cast<LPARAM>(&button));
+    const Picture enabled = CapturePicture(world_.Strip());
+    SendMessageW(world_.Strip(), TB_ENABLEBUTTON, static_cast<WPARAM>(button.idCommand), FALSE);
+    const Picture disabled = CapturePicture(world_.Strip());
+    EXPECT_GT(ShareThatStandsOut(disabled, image(index), 1.5), 0.1) << index;
+    EXPECT_LT(StrengthOf(disabled, image(index)), StrengthOf(enabled, image(index)) * 0.6) << index;
+  }
+  KeepPicture(world_.host.Handle(), GetParam() ? "disabled in dark" : "disabled in light");
+}
+
 TEST_P(ControlInHighContrast, NodesOfTheTreeStandOutAndSoDoesTheSelectedOne) {
   SetFocus(world_.Tree());
   RunMessages();

@@ -1,6 +1,7 @@
 // What the grid's window draws, and that it survives the end of its grid.
 #include <set>
 
+#include "tests/windows/base/high_contrast.h"
 #include "tests/windows/base/picture.h"
 #include "tests/windows/grid/grid_world.h"
 
@@ -78,6 +79,21 @@ TEST_F(GridWindow, ShowsOpenLockedAndSelectedCellsDifferentlyInEveryColourScheme
   const SystemColour tip(COLOR_INFOBK, RGB(0, 0, 0));
   EXPECT_EQ(look(), 3u) << "in high contrast";
   KeepPicture(host_.Handle(), "grid in high contrast");
+}
+
+TEST_F(GridWindow, LockedAndSelectedCellsStandOutFromOpenOnesInHighContrast) {
+  window_.GoTo(1, 2);
+  input_.PressWith(VK_SHIFT, VK_RIGHT);
+  SetFocus(host_.Handle());
+  for (const bool dark : {false, true}) {
+    const HighContrast colours(dark);
+    const Picture picture = CapturePicture(Handle());
+    const auto contrast = [&](POINT a, POINT b) {
+      return Contrast(picture.At(a.x, a.y), picture.At(b.x, b.y));
+    };
+    EXPECT_GT(contrast(CellPoint(2, 6), CellPoint(4, 6)), 1.2) << "locked, " << dark;
+    EXPECT_GT(contrast(CellPoint(1, 2), CellPoint(1, 6)), 1.2) << "selected, " << dark;
+  }
 }
 
 TEST_F(GridWindow, RowsAndTitlesFollowTheGrid) {
