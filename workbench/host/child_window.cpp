@@ -11,6 +11,7 @@
 #include "windows/com/wide_text.h"
 #include "workbench/host/atl_container.h"
 #include "workbench/host/messages.h"
+#include "workbench/host/window_icon.h"
 
 namespace workbench {
 
@@ -34,7 +35,8 @@ void ChildWindow::RegisterClass(HINSTANCE module) {
   description.lpfnWndProc = Procedure;
   description.hInstance = module;
   description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  description.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
+  description.hIcon = WindowIcon(SM_CXICON);
+  description.hIconSm = WindowIcon(SM_CXSMICON);
   description.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
   description.lpszClassName = kChildClass;
   RegisterClassExW(&description);

@@ -15,6 +15,7 @@
 #include "workbench/host/recent_companies.h"
 #include "workbench/host/resource_ids.h"
 #include "workbench/host/settings_dialog.h"
+#include "workbench/host/window_icon.h"
 
 namespace workbench {
 
@@ -43,7 +44,8 @@ FrameWindow::FrameWindow(HINSTANCE module, ObjectPtr settings)
   description.lpfnWndProc = Procedure;
   description.hInstance = module;
   description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  description.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
+  description.hIcon = WindowIcon(SM_CXICON);
+  description.hIconSm = WindowIcon(SM_CXSMICON);
   description.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
   description.lpszMenuName = MAKEINTRESOURCEW(IDR_FRAME);
   description.lpszClassName = kFrameClass;
@@ -216,6 +218,10 @@ LRESULT FrameWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       break;
     case WM_NOTIFY:
       if (reinterpret_cast<NMHDR*>(lParam)->code == TTN_GETDISPINFOW) OnToolTip(lParam);
+      break;
+    case WM_SYSCOLORCHANGE:
+      // The control in a child is told by its own top-level window.
+      for (const HWND bar : {toolbar_->Handle(), status_}) SendMessageW(bar, message, 0, 0);
       break;
     case WM_CLOSE:
       CloseChildren();

@@ -13,6 +13,7 @@
 #include "workbench/host/messages.h"
 #include "workbench/host/recent_companies.h"
 #include "workbench/host/resource_ids.h"
+#include "workbench/host/window_icon.h"
 
 namespace workbench {
 namespace {
@@ -37,7 +38,7 @@ class Page {
       if (message == WM_INITDIALOG) {
         SetWindowLongPtrW(dialog, DWLP_USER, lParam);
         SendMessageW(dialog, WM_SETICON, ICON_SMALL,
-                     reinterpret_cast<LPARAM>(LoadIconW(nullptr, IDI_APPLICATION)));
+                     reinterpret_cast<LPARAM>(WindowIcon(SM_CXSMICON)));
         reinterpret_cast<Page*>(lParam)->Fill(dialog);
         return TRUE;
       }

@@ -8,12 +8,14 @@
 #include <vector>
 
 #include "platform/convert.h"
+#include "platform/error.h"
 #include "platform/text.h"
+#include "windows/com/com_object_factory.h"
 #include "windows/com/failure.h"
 #include "windows/com/wide_text.h"
 #include "workbench/host/messages.h"
 #include "workbench/host/resource_ids.h"
-#include "workbench/suite/calendar.h"
+#include "workbench/host/window_icon.h"
 
 namespace workbench {
 
@@ -66,7 +68,7 @@ class SettingsPage {
       if (message == WM_INITDIALOG) {
         SetWindowLongPtrW(dialog, DWLP_USER, lParam);
         SendMessageW(dialog, WM_SETICON, ICON_SMALL,
-                     reinterpret_cast<LPARAM>(LoadIconW(nullptr, IDI_APPLICATION)));
+                     reinterpret_cast<LPARAM>(WindowIcon(SM_CXSMICON)));
         reinterpret_cast<SettingsPage*>(lParam)->Fill(dialog);
         return TRUE;
       }
@@ -140,15 +142,25 @@ class SettingsPage {
     }
   }
 
-  // Throws AutomationError when the calendar has no such period; the field keeps the focus then.
+  // Throws AutomationError when the company's calendar has no such period; the field that is wrong
+  // is selected then.
   static void RequirePeriod(HWND dialog) {
-    constexpr std::int32_t kPeriods = 12;
-    SendDlgItemMessageW(dialog, IDC_PERIOD, EM_SETSEL, 0, -1);
-    SetFocus(GetDlgItem(dialog, IDC_PERIOD));
+    const ObjectPtr calendar =
+        pricedown::windows::ComObjectFactory().Create(u"ZEPCBSSystemData.AisInfo");
     const auto number = [&](int field) {
       return pricedown::RoundToInt32(pricedown::LeadingNumber(Value(Text(dialog, field))));
     };
-    FirstDayOfPeriod(number(IDC_YEAR), number(IDC_PERIOD), kPeriods);
+    int field = IDC_YEAR;
+    try {
+      const std::int32_t year = number(field);
+      calendar->Call(u"GetPeriodDate", {year, std::int32_t{1}});
+      field = IDC_PERIOD;
+      calendar->Call(u"GetPeriodDate", {year, number(field)});
+    } catch (const pricedown::AutomationError&) {
+      SendDlgItemMessageW(dialog, field, EM_SETSEL, 0, -1);
+      SetFocus(GetDlgItem(dialog, field));
+      throw;
+    }
   }
 
   // All or nothing: what is stored before a failure is undone.

@@ -31,6 +31,8 @@ class DialogUser {
   DialogUser& operator=(const DialogUser&) = delete;
 
   void Will(Step step) { steps_.push_back(std::move(step)); }
+  // The next step is about this dialog, once more.
+  void Revisit(HWND dialog) { std::erase(answered_, dialog); }
   static void Press(HWND dialog, int button) {
     PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
                  reinterpret_cast<LPARAM>(GetDlgItem(dialog, button)));

@@ -6,35 +6,25 @@
 
 #include <commctrl.h>
 
-#include <array>
-#include <memory>
 #include <string>
 #include <vector>
 
-#include "platform/convert.h"
-#include "platform/text.h"
-#include "tests/sample/temporary_folder.h"
-#include "tests/support/utf8.h"
+#include "tests/windows/base/high_contrast.h"
+#include "tests/windows/host/frame_world.h"
+#include "tests/windows/support/run_messages.h"
 #include "windows/base/dpi.h"
-#include "windows/com/com_object_factory.h"
-#include "windows/com/wide_text.h"
-#include "workbench/host/resource_ids.h"
-#include "workbench/sample/company_file.h"
+#include "workbench/host/window_icon.h"
 
 namespace workbench {
 namespace {
 
 using pricedown::ObjectPtr;
-using pricedown::testing::Utf8;
-using pricedown::windows::FromWide;
-
-void RunMessages() {
-  MSG message{};
-  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
-    TranslateMessage(&message);
-    DispatchMessageW(&message);
-  }
-}
+using pricedown::testing::CapturePicture;
+using pricedown::testing::Contrast;
+using pricedown::testing::HighContrast;
+using pricedown::testing::Picture;
+using pricedown::testing::RunMessages;
+using pricedown::testing::ShareThatStandsOut;
 
 // On the toolbar: the user closes the child as soon as its tools are merged.
 LRESULT CALLBACK CloseChildAtMerge(HWND toolbar, UINT message, WPARAM wParam, LPARAM lParam,
@@ -46,83 +36,7 @@ LRESULT CALLBACK CloseChildAtMerge(HWND toolbar, UINT message, WPARAM wParam, LP
   return DefSubclassProc(toolbar, message, wParam, lParam);
 }
 
-class FrameWindowTest : public ::testing::Test {
- protected:
-  static void SetUpTestSuite() {
-    OleInitialize(nullptr);
-    folder_ = std::make_unique<testing::TemporaryFolder>();
-    CreateCompanyFile(folder_->PathOf("company.db"), {});
-  }
-  static void TearDownTestSuite() {
-    folder_.reset();
-    OleUninitialize();
-  }
-
-  FrameWindowTest() {
-    frame_.OpenCompany(
-        pricedown::windows::ToWide(pricedown::FromUtf8(folder_->PathOf("company.db"))));
-    frame_.Show(SW_SHOW);
-  }
-  ~FrameWindowTest() override {
-    frame_.CloseChildren();
-    frame_.Settings()->Call(u"Close");
-  }
-
-  HWND Toolbar() const {
-    return FindWindowExW(frame_.Handle(), nullptr, TOOLBARCLASSNAMEW, nullptr);
-  }
-  int Buttons() const { return static_cast<int>(SendMessageW(Toolbar(), TB_BUTTONCOUNT, 0, 0)); }
-  // With the mouse, index from 0.
-  void Press(int index) const {
-    RECT area{};
-    SendMessageW(Toolbar(), TB_GETITEMRECT, static_cast<WPARAM>(index),
-                 reinterpret_cast<LPARAM>(&area));
-    const LPARAM place = MAKELPARAM((area.left + area.right) / 2, (area.top + area.bottom) / 2);
-    SendMessageW(Toolbar(), WM_LBUTTONDOWN, MK_LBUTTON, place);
-    SendMessageW(Toolbar(), WM_LBUTTONUP, 0, place);
-  }
-  bool Has(int index, int state) const {
-    return (SendMessageW(Toolbar(), TB_GETSTATE, static_cast<WPARAM>(IDM_FIRST_TOOL + index), 0) &
-            state) != 0;
-  }
-  static ObjectPtr ToolOf(const ChildWindow& child, std::u16string_view name) {
-    return child.Bar()->Call(u"Tools", {name}).Object();
-  }
-  // What the user would see when the business menu opens.
-  std::vector<std::string> BusinessMenu() const {
-    // A maximized child puts its own menu in front of the frame's.
-    const HMENU bar = GetMenu(frame_.Handle());
-    for (int i = 0; i < GetMenuItemCount(bar); ++i) {
-      std::array<wchar_t, 64> text{};
-      GetMenuStringW(bar, static_cast<UINT>(i), text.data(), 64, MF_BYPOSITION);
-      if (std::wstring(text.data()) != L"业务(&B)") continue;
-      const HMENU menu = GetSubMenu(bar, i);
-      SendMessageW(frame_.Handle(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu), i);
-      return LinesOf(menu);
-    }
-    return {};
-  }
-  static std::vector<std::string> LinesOf(HMENU menu) {
-    std::vector<std::string> lines;
-    for (int i = 0; i < GetMenuItemCount(menu); ++i) {
-      std::array<wchar_t, 64> text{};
-      GetMenuStringW(menu, static_cast<UINT>(i), text.data(), 64, MF_BYPOSITION);
-      lines.push_back(Utf8(FromWide(text.data())));
-    }
-    return lines;
-  }
-
-  static constexpr int kInsert = 0;
-  static constexpr int kStrip = 6;
-  static constexpr int kStatus = 7;
-  static constexpr int kExit = 8;
-  static constexpr int kAll = 9;
-
-  static inline std::unique_ptr<testing::TemporaryFolder> folder_;
-
-  pricedown::windows::ComObjectFactory factory_;
-  FrameWindow frame_{GetModuleHandleW(nullptr), factory_.Create(u"ZEPWorkbench.Settings")};
-};
+class FrameWindowTest : public FrameWorld {};
 
 const std::vector<std::string> kOwnLines{"物料类别维护(&M)\tCtrl+1", "存货跌价准备(&P)\tCtrl+2"};
 
@@ -262,6 +176,46 @@ TEST_F(FrameWindowTest, MovesTheFocusToTheControlOfTheActiveChild) {
   EXPECT_TRUE(IsChild(first->ControlHandle(), GetFocus())) << "activated again";
   SetFocus(frame_.Handle());
   EXPECT_TRUE(IsChild(first->ControlHandle(), GetFocus())) << "from the frame";
+}
+
+TEST_F(FrameWindowTest, ShowsTheProductsIconInFrameAndChild) {
+  const ChildWindow* child = frame_.OpenChild(kItemClassesCaption);
+  ASSERT_NE(child, nullptr);
+  for (const HWND window : {frame_.Handle(), child->Handle()}) {
+    EXPECT_EQ(GetClassLongPtrW(window, GCLP_HICON),
+              reinterpret_cast<ULONG_PTR>(WindowIcon(SM_CXICON)));
+    EXPECT_EQ(GetClassLongPtrW(window, GCLP_HICONSM),
+              reinterpret_cast<ULONG_PTR>(WindowIcon(SM_CXSMICON)));
+  }
+  EXPECT_NE(WindowIcon(SM_CXICON), nullptr);
+}
+
+TEST_F(FrameWindowTest, PicturesAndCaptionsOfTheToolbarStandOutInHighContrast) {
+  const ChildWindow* child = frame_.OpenChild(kItemClassesCaption);
+  ASSERT_NE(child, nullptr);
+  SendMessageW(Toolbar(), TB_ENABLEBUTTON, IDM_FIRST_TOOL + kInsert, FALSE);
+  // The ground of checked buttons is the visual style's, which has no dark scheme here.
+  for (const int tool : {kStrip, kStatus}) {
+    SendMessageW(Toolbar(), TB_CHECKBUTTON, static_cast<WPARAM>(IDM_FIRST_TOOL + tool), FALSE);
+  }
+  const int icon = pricedown::windows::Dpi::Of(Toolbar()).Scale(20);
+  for (const bool dark : {false, true}) {
+    const HighContrast colours(dark);
+    HighContrast::Apply(frame_.Handle());
+    const Picture picture = CapturePicture(Toolbar());
+    KeepPicture(picture, dark ? "host toolbar in dark" : "host toolbar in light");
+    for (int tool = 0; tool < kAll; ++tool) {
+      RECT area{};
+      SendMessageW(Toolbar(), TB_GETITEMRECT, static_cast<WPARAM>(tool),
+                   reinterpret_cast<LPARAM>(&area));
+      InflateRect(&area, -2, -2);
+      const RECT image{area.left, area.top, area.left + icon, area.bottom};
+      const RECT caption{image.right, area.top, area.right, area.bottom};
+      const bool enabled = tool != kInsert;
+      EXPECT_GT(ShareThatStandsOut(picture, image, enabled ? 3 : 1.5), 0.05) << tool << dark;
+      EXPECT_GT(ShareThatStandsOut(picture, caption, enabled ? 4.5 : 3), 0.02) << tool << dark;
+    }
+  }
 }
 
 TEST_F(FrameWindowTest, OpensAChildMaximizedBesideAMaximizedOne) {

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/convert.h"
 #include "platform/error.h"
@@ -18,6 +19,7 @@
 #include "windows/com/com_object_factory.h"
 #include "windows/com/wide_text.h"
 #include "workbench/host/resource_ids.h"
+#include "workbench/host/window_icon.h"
 #include "workbench/sample/company_file.h"
 
 namespace workbench {
@@ -53,21 +55,55 @@ class SettingsDialog : public ::testing::Test {
   DialogUser user_;
 };
 
-TEST_F(SettingsDialog, StaysOpenOnAPeriodThatTheCalendarDoesNotHave) {
-  HWND page = nullptr;
+// The selected text of a field with the focus; "-" without it.
+std::string SelectedIn(HWND field) {
+  if (GetFocus() != field) return "-";
+  DWORD from = 0;
+  DWORD to = 0;
+  SendMessageW(field, EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
+  return Utf8(TextOf(field)).substr(from, to - from);
+}
+
+TEST_F(SettingsDialog, StaysOpenOnAPeriodThatTheCalendarDoesNotHaveAndSelectsWhatIsWrong) {
+  struct Case {
+    int field;
+    const wchar_t* text;
+    const char* selected;
+  };
+  for (const Case& tested :
+       {Case{IDC_PERIOD, L"13", "13"}, Case{IDC_PERIOD, L"0", "0"}, Case{IDC_PERIOD, L"", ""},
+        Case{IDC_YEAR, L"1899", "1899"}, Case{IDC_YEAR, L"99999999999", "99999999999"}}) {
+    SCOPED_TRACE(tested.selected);
+    HWND page = nullptr;
+    user_.Will([&](HWND dialog) {
+      page = dialog;
+      SetDlgItemTextW(dialog, tested.field, tested.text);
+      DialogUser::Press(dialog, IDOK);
+    });
+    user_.Will([&](HWND box) {
+      EXPECT_TRUE(IsWindow(page));
+      EXPECT_EQ(GetWindow(box, GW_OWNER), page);
+      SendMessageW(box, WM_COMMAND, IDOK, 0);
+      user_.Revisit(page);
+    });
+    user_.Will([&](HWND dialog) {
+      EXPECT_EQ(SelectedIn(GetDlgItem(dialog, tested.field)), tested.selected);
+      DialogUser::Press(dialog, IDCANCEL);
+    });
+    EXPECT_FALSE(Show());
+    EXPECT_EQ(Setting(u"CurrentPeriod"), "3");
+  }
+}
+
+TEST_F(SettingsDialog, KnowsHowManyPeriodsTheCompanyHas) {
+  std::vector<pricedown::Value> arguments{u"General", u"PeriodCount", u"13"};
+  settings_->Invoke(settings_->Find(u"Profile"), pricedown::Access::Put, arguments);
   user_.Will([&](HWND dialog) {
-    page = dialog;
     SetDlgItemTextW(dialog, IDC_PERIOD, L"13");
     DialogUser::Press(dialog, IDOK);
   });
-  user_.Will([&](HWND box) {
-    EXPECT_TRUE(IsWindow(page));
-    EXPECT_EQ(GetWindow(box, GW_OWNER), page);
-    SendMessageW(box, WM_COMMAND, IDOK, 0);
-    DialogUser::Press(page, IDCANCEL);
-  });
-  EXPECT_FALSE(Show());
-  EXPECT_EQ(Setting(u"CurrentPeriod"), "3");
+  EXPECT_TRUE(Show());
+  EXPECT_EQ(Setting(u"CurrentPeriod"), "13");
 }
 
 TEST_F(SettingsDialog, StoresAPeriodThatTheCalendarHas) {
@@ -114,7 +150,7 @@ TEST_F(SettingsDialog, OpensAtTheSecondTryWhicheverCallFails) {
   EXPECT_EQ(Setting(u"UserID"), "1");
 }
 
-TEST_F(SettingsDialog, OpensCentredWithAnIcon) {
+TEST_F(SettingsDialog, OpensCentredWithTheProductsIcon) {
   user_.Will([&](HWND dialog) {
     RECT area{};
     RECT work{};
@@ -122,7 +158,8 @@ TEST_F(SettingsDialog, OpensCentredWithAnIcon) {
     SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
     EXPECT_LE(std::abs(area.left + area.right - work.left - work.right), 2);
     EXPECT_LE(std::abs(area.top + area.bottom - work.top - work.bottom), 2);
-    EXPECT_NE(SendMessageW(dialog, WM_GETICON, ICON_SMALL, 0), 0);
+    EXPECT_EQ(SendMessageW(dialog, WM_GETICON, ICON_SMALL, 0),
+              reinterpret_cast<LRESULT>(WindowIcon(SM_CXSMICON)));
     DialogUser::Press(dialog, IDCANCEL);
   });
   EXPECT_FALSE(Show());
