@@ -164,6 +164,24 @@ TEST_F(AccountPickerWindow, ActiveWindowIsItsDisabledOwnerAndGetsTheFocusBack) {
   EXPECT_EQ(owner_.Field(), GetFocus());
 }
 
+TEST_F(AccountPickerWindow, HasTheIconOfItsOwnerOrOfItsOwnersClass) {
+  const auto shown = [this] {
+    LRESULT icon = 0;
+    user_.Then([&] { icon = SendMessageW(user_.Dialog(), WM_GETICON, ICON_SMALL, 0); })
+        .Press(VK_ESCAPE);
+    Pick();
+    return icon;
+  };
+  const auto own = reinterpret_cast<LPARAM>(LoadIconW(nullptr, IDI_WARNING));
+  const auto ofClass = reinterpret_cast<LPARAM>(LoadIconW(nullptr, IDI_QUESTION));
+  const ULONG_PTR before =
+      SetClassLongPtrW(owner_.Handle(), GCLP_HICONSM, static_cast<LONG_PTR>(ofClass));
+  EXPECT_EQ(shown(), ofClass);
+  SendMessageW(owner_.Handle(), WM_SETICON, ICON_SMALL, own);
+  EXPECT_EQ(shown(), own);
+  SetClassLongPtrW(owner_.Handle(), GCLP_HICONSM, static_cast<LONG_PTR>(before));
+}
+
 TEST_F(AccountPickerWindow, DatabaseErrorWhileItIsOpenReachesTheCaller) {
   user_.Then([this] { company_.fails = true; }).Type(u"银");
   EXPECT_THROW(Pick(), DatabaseError);

@@ -4,6 +4,8 @@
 #include <commctrl.h>
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "tests/pickers/picker_company.h"
 #include "tests/windows/pickers/picker_user.h"
 #include "workbench/pickers/dialog/picker_dialog.h"
@@ -29,10 +31,29 @@ int ColumnWidths(HWND list, int count) {
 
 class PickerLook : public ::testing::TestWithParam<int> {
  protected:
-  void Show(const PickerDescription& description, bool several, std::u16string_view text = {}) {
+  void Show(const PickerDescription& description, bool several, std::u16string_view text = {},
+            int dpi = GetParam()) {
     Picking picking(company_, description, {}, several);
-    PickerDialog dialog(GetModuleHandleW(nullptr), picking, GetParam());
+    PickerDialog dialog(GetModuleHandleW(nullptr), picking, dpi);
     dialog.Show(owner_.Handle(), text);
+  }
+
+  // What depends on the resolution: the window's places, the rows' height, the columns' widths.
+  std::vector<LONG> Sizes() const {
+    std::vector<LONG> sizes;
+    for (const int id : {ids::kSearchLabel, ids::kSearch, ids::kList, ids::kFound, ids::kChooseAll,
+                         ids::kClear, static_cast<int>(IDOK), static_cast<int>(IDCANCEL)}) {
+      const RECT area = AreaIn(user_.Dialog(), user_.Control(id));
+      sizes.insert(sizes.end(), {area.left, area.top, area.right, area.bottom});
+    }
+    const HWND list = user_.Control(ids::kList);
+    RECT row{};
+    ListView_GetItemRect(list, 0, &row, LVIR_BOUNDS);
+    sizes.push_back(row.bottom - row.top);
+    for (int column = 0; column < 3; ++column) {
+      sizes.push_back(ListView_GetColumnWidth(list, column));
+    }
+    return sizes;
   }
 
   // Every control is inside, every button shows its whole text, no column is cut off.
@@ -99,6 +120,30 @@ TEST_P(PickerLook, GrowsAndKeepsASensibleSmallestSize) {
       .CapturePicture(Name("item-picker-smallest"))
       .Then([this] { SetWindowPos(user_.Dialog(), nullptr, 0, 0, 1200, 760, SWP_NOZORDER); })
       .Then([this] { CheckPlaces(3); })
+      .Press(VK_ESCAPE);
+  Show(ItemPicker(), true);
+}
+
+TEST_P(PickerLook, FollowsAChangeOfTheResolution) {
+  const int other = GetParam() == 96 ? 144 : 96;
+  RECT place{};
+  std::vector<LONG> expected;
+  user_
+      .Then([&] {
+        GetWindowRect(user_.Dialog(), &place);
+        expected = Sizes();
+      })
+      .Press(VK_ESCAPE);
+  Show(ItemPicker(), true, {}, other);
+  user_
+      .Then([&] {
+        EXPECT_NE(Sizes(), expected);
+        SendMessageW(user_.Dialog(), pricedown::windows::kDpiChanged,
+                     static_cast<WPARAM>(MAKELONG(other, other)), reinterpret_cast<LPARAM>(&place));
+        EXPECT_EQ(Sizes(), expected);
+        CheckPlaces(3);
+      })
+      .CapturePicture(Name("item-picker-moved"))
       .Press(VK_ESCAPE);
   Show(ItemPicker(), true);
 }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 #include "windows/base/gdi.h"
 #include "windows/com/failure.h"
@@ -37,6 +38,16 @@ struct alignas(DWORD) Template {
 void Move(HWND control, const Box& box) {
   SetWindowPos(control, nullptr, box.left, box.top, box.width, box.height,
                SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// Of the window itself, or of its class.
+LPARAM SmallIconOf(HWND window) {
+  if (window == nullptr) return 0;
+  if (const LRESULT own = SendMessageW(window, WM_GETICON, ICON_SMALL, 0)) return own;
+  if (const ULONG_PTR small = GetClassLongPtrW(window, GCLP_HICONSM)) {
+    return static_cast<LPARAM>(small);
+  }
+  return static_cast<LPARAM>(GetClassLongPtrW(window, GCLP_HICON));
 }
 
 RECT WorkArea(HWND window) {
@@ -131,6 +142,13 @@ INT_PTR PickerDialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_TIMER:
       SearchOn();
       return TRUE;
+    case WM_SYSCOLORCHANGE:
+    case WM_THEMECHANGED:
+      OnSystemChange(message);
+      return TRUE;
+    case pricedown::windows::kDpiChanged:
+      OnDpiChanged(Dpi(LOWORD(wParam)), *reinterpret_cast<const RECT*>(lParam));
+      return TRUE;
     case WM_CTLCOLORSTATIC:
       if (GetDlgCtrlID(reinterpret_cast<HWND>(lParam)) != ids::kNothing) return FALSE;
       SetTextColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_GRAYTEXT));
@@ -141,12 +159,45 @@ INT_PTR PickerDialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   }
 }
 
+// The list keeps the colours it was created with, and the ticks are pictures in them.
+void PickerDialog::OnSystemChange(UINT message) {
+  for (HWND child = GetWindow(dialog_, GW_CHILD); child != nullptr;
+       child = GetWindow(child, GW_HWNDNEXT)) {
+    SendMessageW(child, message, 0, 0);
+  }
+  const HWND list = Control(ids::kList);
+  ListView_SetBkColor(list, GetSysColor(COLOR_WINDOW));
+  ListView_SetTextBkColor(list, GetSysColor(COLOR_WINDOW));
+  ListView_SetTextColor(list, GetSysColor(COLOR_WINDOWTEXT));
+  AddRowImages();
+  RedrawWindow(dialog_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+void PickerDialog::OnDpiChanged(Dpi dpi, const RECT& suggested) {
+  dpi_ = dpi;
+  pricedown::windows::FontHandle font = pricedown::windows::MakeMessageFont(dpi_);
+  for (HWND child = GetWindow(dialog_, GW_CHILD); child != nullptr;
+       child = GetWindow(child, GW_HWNDNEXT)) {
+    SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), TRUE);
+  }
+  font_ = std::move(font);
+  Measure();
+  AddRowImages();
+  int index = 0;
+  for (const PickerColumn& column : picking_.Description().columns) {
+    ListView_SetColumnWidth(Control(ids::kList), index++, dpi_.Scale(column.width));
+  }
+  Move(dialog_, {suggested.left, suggested.top, suggested.right - suggested.left,
+                 suggested.bottom - suggested.top});
+  LayOut();
+}
+
 void PickerDialog::Create() {
   SetWindowTextW(dialog_, ToWide(picking_.Description().title).c_str());
   Measure();
   CreateControls();
   const HWND owner = GetWindow(dialog_, GW_OWNER);
-  SendMessageW(dialog_, WM_SETICON, ICON_SMALL, SendMessageW(owner, WM_GETICON, ICON_SMALL, 0));
+  SendMessageW(dialog_, WM_SETICON, ICON_SMALL, SmallIconOf(owner));
   Place(owner);
   LayOut();
   const HWND search = Control(ids::kSearch);

@@ -59,6 +59,8 @@ class PickerDialog {
   LRESULT OnNotify(const NMHDR& header, LPARAM lParam);
   LRESULT OnDrawRow(NMLVCUSTOMDRAW& drawing) const;
   void OnLimits(MINMAXINFO& limits) const;
+  void OnSystemChange(UINT message);
+  void OnDpiChanged(pricedown::windows::Dpi dpi, const RECT& suggested);
 
   // True when the message was handled.
   bool OnSearchKey(UINT message, WPARAM wParam);
