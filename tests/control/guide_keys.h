@@ -70,13 +70,15 @@ inline KeyPress PressOfText(const std::string& text) {
   static const std::map<std::string, KeyPress> presses = [] {
     std::map<std::string, KeyPress> all;
     for (int code = 1; code < 0x100; ++code) {
-      for (int modifiers = 0; modifiers < 4; ++modifiers) {
-        const KeyPress press{static_cast<Key>(code), (modifiers & 1) != 0, (modifiers & 2) != 0};
+      for (int modifiers = 0; modifiers < 8; ++modifiers) {
+        const KeyPress press{static_cast<Key>(code), (modifiers & 1) != 0, (modifiers & 2) != 0,
+                             (modifiers & 4) != 0};
         all.emplace(Utf8(ShortcutText(press)), press);
       }
     }
     all["+"] = {Key::Add};
     all["-"] = {Key::Subtract};
+    all["Space"] = {Key::Space};
     return all;
   }();
   const auto found = presses.find(text);

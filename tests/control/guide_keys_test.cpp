@@ -63,6 +63,11 @@ TEST(GuideKeys, ListEveryCommandOfTheForm) {
   AddRows("form", RowsOf(kFormTools), expected);
   expected["form 退出"] = {"Esc"};  // the system sends it as a command of its own
   AddRows("form's list", RowsOf(kMemberListMenu), expected);
+  const std::string lookup = "form's account field 查找科目";
+  ASSERT_TRUE(guide.contains(lookup));
+  // By a rule, because modifiers make a difference for each key.
+  for (const std::string& key : guide.at(lookup)) EXPECT_TRUE(OpensLookup(PressOfText(key))) << key;
+  expected[lookup] = {"F7", "F4", "Alt+Down"};
   KeyTable listed;
   for (const auto& entry : guide) {
     if (entry.first.starts_with("form")) listed.insert(entry);
@@ -72,7 +77,13 @@ TEST(GuideKeys, ListEveryCommandOfTheForm) {
 
 TEST(GuideKeys, DoInThePreviewWhatTheGuideSays) {
   const KeyTable guide = Guide();
-  std::set<std::string> known;
+  // The field of the page number has no button.
+  const std::string field = "preview 页码";
+  std::set<std::string> known{field};
+  ASSERT_TRUE(guide.contains(field));
+  for (const std::string& key : guide.at(field)) {
+    EXPECT_EQ(CommandOfKey(PressOfText(key), PreviewFocus::Page), PreviewCommand::EnterPage);
+  }
   const auto check = [&](const PreviewButton& button) {
     if (button.separator) return;
     const std::string name = "preview " + Utf8(button.caption);

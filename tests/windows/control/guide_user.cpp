@@ -23,17 +23,20 @@ constexpr int kMaximumButtons = 12;
 
 void PostFocusKey(WPARAM key) { PostMessageW(GetFocus(), WM_KEYDOWN, key, 1); }
 
+constexpr LPARAM kAltIsHeld = 1 << 29;
+
 // The menu opens when the key is released.
 void PostMenuKey() {
   PostFocusKey(VK_APPS);
   PostMessageW(GetFocus(), WM_KEYUP, VK_APPS, static_cast<LPARAM>(0xC0000001));
 }
 
-void HoldModifiers(bool shift, bool control) {
+void HoldModifiers(bool shift, bool control, bool alt) {
   std::array<BYTE, 256> keys{};
   GetKeyboardState(keys.data());
   keys[VK_SHIFT] = shift ? 0x80 : 0;
   keys[VK_CONTROL] = control ? 0x80 : 0;
+  keys[VK_MENU] = alt ? 0x80 : 0;
   SetKeyboardState(keys.data());
 }
 
@@ -71,10 +74,15 @@ std::string HotCaption() {
 
 Steps StepsOfKey(const KeyPress& press) {
   return {[press] {
-            HoldModifiers(press.shift, press.control);
-            PostFocusKey(static_cast<WPARAM>(press.key));
+            HoldModifiers(press.shift, press.control, press.alt);
+            const auto key = static_cast<WPARAM>(press.key);
+            if (press.alt) {
+              PostMessageW(GetFocus(), WM_SYSKEYDOWN, key, 1 | kAltIsHeld);
+            } else {
+              PostFocusKey(key);
+            }
           },
-          [] { HoldModifiers(false, false); }};
+          [] { HoldModifiers(false, false, false); }};
 }
 
 Steps StepsByBar(const std::string& caption) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tests/control/guide_keys.h"
+#include "tests/windows/base/clipboard_table.h"
 #include "tests/windows/control/command_world.h"
 #include "tests/windows/control/guide_user.h"
 #include "windows/base/clipboard.h"
@@ -64,8 +65,16 @@ class PressedKeys : public CommandWorld {
       {"查找", [this] { return GetFocus() == GetDlgItem(Bar(), ids::kFindField); }},
       {"查找下一个", [this] { return HasFound("3"); }},
       {"查找上一个", [this] { return HasFound("1"); }},
-      {"复制", [this] { return Clipboard().starts_with("01.01."); }},
-      {"连同标题复制", [this] { return Clipboard().starts_with("物料代码\r\n01.01."); }},
+      {"复制",
+       [this] {
+         return Clipboard().starts_with("01.01.") &&
+                ClipboardTable(world_.Grid()).starts_with("<table><tr><td class=t>01.01.");
+       }},
+      {"连同标题复制",
+       [this] {
+         return Clipboard().starts_with("物料代码\r\n01.01.") &&
+                ClipboardTable(world_.Grid()).starts_with("<table><tr><td class=t>物料代码<");
+       }},
       {"退出", [this] { return Logged("container close"); }},
   };
 };

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "tests/control/guide_keys.h"
+#include "tests/windows/base/clipboard_table.h"
 #include "tests/windows/control/guide_user.h"
 #include "tests/windows/editor/form_world.h"
 #include "windows/base/clipboard.h"
@@ -27,8 +28,17 @@ class PressedFormKeys : public FormWorld {
       {"增加物料", [this] { return Codes() == "01.1 01.2 01.3 01.7 "; }},
       {"删除物料", [this] { return Codes() == "01.2 01.3 "; }},
       {"退出", [this] { return Form() == nullptr; }},
-      {"复制", [this] { return Clipboard().starts_with("01.1\t"); }},
-      {"连同标题复制", [this] { return Clipboard().starts_with("物料代码\t"); }},
+      {"复制",
+       [this] {
+         return Clipboard().starts_with("01.1\t") &&
+                ClipboardTable(List()).starts_with("<table><tr><td class=t>01.1</td>");
+       }},
+      {"连同标题复制",
+       [this] {
+         return Clipboard().starts_with("物料代码\t") &&
+                ClipboardTable(List()).starts_with("<table><tr><td class=t>物料代码</td>");
+       }},
+      {"查找科目", [this] { return TextIn(form_ids::kLossAccount) == "1281.1"; }},
       {"全选", [this] { return Selected() == 3; }},
   };
 };
@@ -42,11 +52,14 @@ TEST_F(PressedFormKeys, RunTheCommandsOfTheFormAndItsList) {
     const std::function<bool()>& ran = ran_.at(row.command);
     const bool isNew = row.command == "新增";
     pickers->items.assign(1, {7});
+    pickers->accounts.assign(1, u"1281.1");
     windows::CopyToClipboard(host.Handle(), u"");
     boxes.WillPress({IDNO});
     Steps steps{[&] {
       if (row.command == "保存") TypeInto(form_ids::kClassName, u"新名称");
-      SetFocus(row.place == "form" ? Child(form_ids::kPercentage) : List());
+      SetFocus(row.place == "form"          ? Child(form_ids::kPercentage)
+               : row.place == "form's list" ? List()
+                                            : Child(form_ids::kLossAccount));
       ListView_SetItemState(List(), 0, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
       EXPECT_FALSE(ran()) << name << " before";
     }};
@@ -73,7 +86,7 @@ TEST_F(PressedFormKeys, RunTheCommandsOfTheFormAndItsList) {
     if (row.way == "bar") run(row, row.way, StepsByBar(row.command));
     if (row.way == "menu") run(row, row.way, StepsByMenu(row.command));
   }
-  EXPECT_EQ(pressed, 11u);
+  EXPECT_EQ(pressed, 14u);
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 // Moving, selecting and copying in the grid, by keyboard and mouse.
+#include "tests/windows/base/clipboard_table.h"
 #include "tests/windows/base/picture.h"
 #include "tests/windows/grid/grid_world.h"
 #include "windows/base/clipboard.h"
@@ -73,21 +74,6 @@ TEST_F(GridWindow, DraggingBelowTheEdgeScrolls) {
   input_.Drag(Handle(), CellPoint(1, 2), {CellPoint(1, 2).x, client.bottom + 20});
   EXPECT_GT(window_.Viewport().TopRow(), 1);
   EXPECT_EQ(Range().row, 2);
-}
-
-// The clipboard's table without its header; empty when there is none.
-std::string ClipboardTable(HWND owner) {
-  std::string table;
-  if (OpenClipboard(owner) == FALSE) return table;
-  const HANDLE data = GetClipboardData(RegisterClipboardFormatW(L"HTML Format"));
-  if (data != nullptr) {
-    const std::string html(static_cast<const char*>(GlobalLock(data)));
-    GlobalUnlock(data);
-    const std::size_t start = html.find("<table>");
-    if (start != std::string::npos) table = html.substr(start, html.find("</table>") - start);
-  }
-  CloseClipboard();
-  return table;
 }
 
 TEST_F(GridWindow, CopiesTheSelectedCellsAsATableToo) {

@@ -16,6 +16,13 @@ class PressedPreviewKeys : public PreviewWorld {
   bool Called(const std::string& call) const {
     return std::find(printing.calls.begin(), printing.calls.end(), call) != printing.calls.end();
   }
+  bool IsPageSelected() const {
+    DWORD from = 0;
+    DWORD to = 0;
+    const HWND field = Child(preview_ids::kPage);
+    SendMessageW(field, EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
+    return GetFocus() == field && from == 0 && to == TextIn(preview_ids::kPage).size();
+  }
   bool IsOnPage(const char* page) const { return Page().starts_with(page); }
 
   // On the third page of five, at 100 percent.
@@ -31,6 +38,7 @@ class PressedPreviewKeys : public PreviewWorld {
       {"放大", [this] { return Zoom() == "125%"; }},
       {"整页", [this] { return ScrollRange(SB_VERT) == 0; }},
       {"页宽", [this] { return Zoom() != "100%" && ScrollRange(SB_VERT) > 0; }},
+      {"页码", [this] { return IsPageSelected(); }},
       {"关闭", [this] { return Window() == nullptr; }},
   };
 };
@@ -68,7 +76,7 @@ TEST_F(PressedPreviewKeys, RunTheCommandsOfThePreview) {
     for (const std::string& key : row.keys) run(row, key, StepsOfKey(PressOfText(key)));
     if (row.way == "bar") run(row, row.way, StepsByBar(row.command));
   }
-  EXPECT_EQ(pressed, 12u);
+  EXPECT_EQ(pressed, 13u);
 }
 
 }  // namespace
