@@ -2,6 +2,7 @@
 // suite's objects for the click and the deletion, and walks over the texts for finding.
 #include "bench/browser_measure.h"
 
+#include <memory>
 #include <stdexcept>
 #include <utility>
 
@@ -48,11 +49,16 @@ void MeasureTree(const std::string& path, Figures& figures) {
 }
 
 // By item: the root lists all items.
-void MeasureGrid(const std::string& path, Figures& figures) {
-  const auto stage = MakeStage(path);
+std::unique_ptr<Stage> StageByItem(const std::string& path) {
+  auto stage = MakeStage(path);
   Set(*stage, u"ItemClassType", u"2");
   stage->Control().ModelCurrent();
   stage->Control().CommandChosen(pricedown::ControlCommands().front());
+  return stage;
+}
+
+void MeasureGrid(const std::string& path, Figures& figures) {
+  const auto stage = StageByItem(path);
   RawCompany company(path);
   std::size_t rows = 0;
   const Timing timing =
@@ -60,6 +66,19 @@ void MeasureGrid(const std::string& path, Figures& figures) {
               [&] { rows = company.Step(kAllItemsQuery, [](auto, auto) {}); }, kRepetitions);
   Set(*stage, u"ItemClassType", u"1");
   figures.Add("grid load", rows, timing);
+}
+
+// The raw side is the same grid that no client of UI Automation has asked for its provider.
+void MeasureKeys(const std::string& path, Figures& figures) {
+  constexpr int kMoves = 300;
+  const auto asked = StageByItem(path);
+  const auto plain = StageByItem(path);
+  for (Stage* stage : {asked.get(), plain.get()}) stage->Control().NodeClicked(kRootNode);
+  asked->AskAsClient();
+  const Timing timing =
+      Compare([&] { asked->MoveDown(kMoves); }, [&] { plain->MoveDown(kMoves); }, kRepetitions);
+  Set(*plain, u"ItemClassType", u"1");
+  figures.Add("keys", static_cast<std::size_t>(plain->Control().GetGrid().MaxRows()), timing);
 }
 
 void MeasureClick(const std::string& path, Figures& figures) {
@@ -148,6 +167,9 @@ void MeasureBrowser(const std::string& folder, Figures& figures) {
   }
   for (const int items : {51000, 102000, 204000}) {
     MeasureGrid(MakeCompany(folder, items, items / 50), figures);
+  }
+  for (const int items : {51000, 204000}) {
+    MeasureKeys(MakeCompany(folder, items, items / 50), figures);
   }
   for (const int members : {500, 12500, 25000, 50000}) {
     MeasureClick(MakeCompany(folder, members, 1), figures);

@@ -22,6 +22,11 @@ class Stage {
   virtual void BeginRawTree() = 0;
   virtual void InsertRaw(std::u16string_view text) = 0;
   virtual void EndRawTree() = 0;
+  // A client of UI Automation asks the grid for its provider, and listens to nothing. Natively
+  // there is none.
+  virtual void AskAsClient() = 0;
+  // Presses Down that often in the grid and paints each move. Natively the moves alone.
+  virtual void MoveDown(int rows) = 0;
 };
 
 // Opens the company at `path` (UTF-8) in the suite and makes a control on it.

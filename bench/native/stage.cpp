@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "bench/native/silent_control.h"
+#include "browser/grid_selection.h"
 #include "platform/text.h"
 #include "workbench/suite/suite_factory.h"
 
@@ -26,6 +27,13 @@ class NativeStage final : public Stage {
   void BeginRawTree() override { raw_.clear(); }
   void InsertRaw(std::u16string_view text) override { raw_.emplace_back(text); }
   void EndRawTree() override {}
+  void AskAsClient() override {}
+  void MoveDown(int rows) override {
+    constexpr std::int32_t kPageRows = 20;
+    for (int i = 0; i < rows; ++i) {
+      selection_.Move(GridKey::Down, false, kPageRows, control_->core.GetGrid());
+    }
+  }
 
  private:
   std::shared_ptr<workbench::SuiteState> suite_ = std::make_shared<workbench::SuiteState>();
@@ -33,6 +41,7 @@ class NativeStage final : public Stage {
   ProcessState state_;
   std::optional<SilentControl> control_;
   std::vector<std::u16string> raw_;
+  GridSelection selection_;
 };
 
 }  // namespace

@@ -11,6 +11,8 @@
 #include "bench/windows/ole.h"
 #include "bench/windows/raw_tree.h"
 #include "platform/text.h"
+#include "windows/base/automation.h"
+#include "windows/base/control_ids.h"
 #include "windows/base/windows_screen.h"
 #include "windows/com/com_object_factory.h"
 #include "windows/com/failure.h"
@@ -26,6 +28,19 @@ class NoContainer final : public ContainerWindow {
  public:
   std::u16string Caption() const override { return u"物料类别维护"; }
   void Close() override {}
+};
+
+// Clients that ask for providers and listen to no events.
+class NobodyListens final : public win::Automation {
+ public:
+  LRESULT ReturnProvider(HWND, WPARAM, LPARAM, IRawElementProviderSimple*) override { return 0; }
+  win::ComPtr<IRawElementProviderSimple> HostProvider(HWND) override { return {}; }
+  bool ClientsAreListening() override { return false; }
+  void RaiseEvent(IRawElementProviderSimple*, EVENTID) override {}
+  void RaisePropertyChanged(IRawElementProviderSimple*, PROPERTYID, const VARIANT&) override {}
+  void RaiseChildrenInvalidated(IRawElementProviderSimple*) override {}
+  void RaiseNotification(IRawElementProviderSimple*, std::u16string_view) override {}
+  void Disconnect(IRawElementProviderSimple*) override {}
 };
 
 class WindowsStage final : public Stage {
@@ -60,13 +75,28 @@ class WindowsStage final : public Stage {
   void InsertRaw(std::u16string_view text) override { raw_->Insert(text); }
   void EndRawTree() override { raw_->End(); }
 
+  void AskAsClient() override { SendMessageW(Grid(), WM_GETOBJECT, 0, UiaRootObjectId); }
+  void MoveDown(int rows) override {
+    const HWND grid = Grid();
+    for (int i = 0; i < rows; ++i) {
+      SendMessageW(grid, WM_KEYDOWN, VK_DOWN, 1);
+      UpdateWindow(grid);
+    }
+  }
+
  private:
+  HWND Grid() const {
+    return GetDlgItem(GetDlgItem(window_.Handle(), win::control_ids::kGridPane),
+                      win::control_ids::kGrid);
+  }
+
   Ole ole_;
   win::ComObjectFactory factory_;
   ProcessState state_;
+  NobodyListens automation_;
   SilentUser user_;
   NoContainer container_;
-  win::ControlWindow window_{GetModuleHandleW(nullptr)};
+  win::ControlWindow window_{GetModuleHandleW(nullptr), automation_};
   win::WindowsScreen screen_{window_};
   NoEditor editor_;
   SilentOutput output_;
