@@ -31,6 +31,8 @@ void ItemClassDialog::ShowModal(HWND owner) {
   shown_ = true;
   const ScopeExit unloaded([this] {
     SkipFailing([this] { form_.Unload(); });
+    // A form that could not begin to load does not unload its window.
+    SkipFailing([this] { window_.Unload(); });
     shown_ = false;
     // The last control may have ended meanwhile without releasing them.
     ProcessState& state = environment_.state;
