@@ -114,15 +114,17 @@ class RandomUser {
     HWND front = GetActiveWindow();
     if (front != nullptr && IsUsable(front)) return front;
     front = nullptr;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND window, LPARAM found) -> BOOL {
-          if (!IsUsable(window) || ClassOf(window).starts_with(L"tooltips")) return TRUE;
-          *reinterpret_cast<HWND*>(found) = window;
-          return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&front));
+    EnumThreadWindows(GetCurrentThreadId(), &FindUsable, reinterpret_cast<LPARAM>(&front));
     return front;
+  }
+  static BOOL CALLBACK FindUsable(HWND window, LPARAM found) noexcept {
+    if (!IsUsable(window) || ClassOf(window).starts_with(L"tooltips")) return TRUE;
+    *reinterpret_cast<HWND*>(found) = window;
+    return FALSE;
+  }
+  static BOOL CALLBACK CollectUsable(HWND window, LPARAM found) noexcept {
+    if (IsUsable(window)) reinterpret_cast<std::vector<HWND>*>(found)->push_back(window);
+    return TRUE;
   }
   static bool IsUsable(HWND window) {
     return IsWindowVisible(window) != FALSE && IsWindowEnabled(window) != FALSE;
@@ -132,13 +134,7 @@ class RandomUser {
   HWND Target(HWND front) {
     const HWND root = front == frame_.Handle() ? frame_.ActiveChild()->ControlHandle() : front;
     std::vector<HWND> windows{root};
-    EnumChildWindows(
-        root,
-        [](HWND window, LPARAM found) -> BOOL {
-          if (IsUsable(window)) reinterpret_cast<std::vector<HWND>*>(found)->push_back(window);
-          return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&windows));
+    EnumChildWindows(root, &CollectUsable, reinterpret_cast<LPARAM>(&windows));
     return OneOf(windows);
   }
 
