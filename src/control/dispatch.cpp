@@ -22,7 +22,7 @@ void PriceDown::ParentWindow_ToolBarClick(const ObjectPtr& tool) {
 std::u16string PriceDown::CommandBarToolClicked(const ObjectPtr& tool) {
   if (HasEnded()) return {};
   const ObjectPtr clicked = RequireObject(Value(tool), u"Tool");
-  const std::u16string name = ToText(clicked->Get(u"Name"));
+  std::u16string name = ToText(clicked->Get(u"Name"));
   // The host was asked, and may have closed the control.
   if (HasEnded()) return {};
   const ControlCommand* command = CommandOfTool(name);

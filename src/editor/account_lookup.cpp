@@ -33,9 +33,8 @@ void LookUpAccount(FormContext& form, FormField field) {
   } catch (...) {
     failure = CurrentFailure();
   }
-  // The form may have closed while the picker was open.
-  if (form.HasEnded()) return;
   form.NotifyFailed(failure);
+  // The form may have closed while the picker was open, or in the event.
   if (form.HasEnded()) return;
   form.environment.messages.Report(Concatenate({kLineBreak, FailureText(failure)}));
 }

@@ -11,6 +11,8 @@ void WindowsPrintOutput::Preview(PrintDocument& document) {
   printer_.UseDefault();
   PreviewDialog dialog(module_, document, *this);
   const ScopeExit hidden([this] { shown_ = nullptr; });
+  // `hidden` resets it first.
+  // cppcheck-suppress danglingLifetime
   shown_ = &dialog;
   dialog.ShowModal(window_.DialogOwner());
 }
