@@ -59,9 +59,8 @@ bool GridViewport::ScrollColumns(ScrollStep step, int track) {
 }
 
 bool GridViewport::TurnWheel(int delta, int lines, bool horizontal) {
-  wheelRest_ += delta * (lines == kWheelPage ? pageRows_ : lines);
-  const int turns = wheelRest_ / kWheelNotch;
-  wheelRest_ -= turns * kWheelNotch;
+  WheelTurns& wheel = horizontal ? columnTurns_ : rowTurns_;
+  const int turns = wheel.Steps(delta * (lines == kWheelPage ? pageRows_ : lines), kWheelNotch);
   if (!horizontal) return ScrollTo(std::int64_t{topRow_} - turns, left_);
   const int step = std::max(geometry_.RowHeight(), kColumnStep);
   return ScrollTo(topRow_, left_ + std::int64_t{turns} * step);

@@ -7,6 +7,7 @@
 
 #include "browser/grid_geometry.h"
 #include "platform/geometry.h"
+#include "platform/wheel_turns.h"
 
 namespace pricedown {
 
@@ -47,7 +48,8 @@ class GridViewport {
   // `track` is the thumb's position, from 0, for ScrollStep::Track.
   bool ScrollRows(ScrollStep step, std::int32_t track);
   bool ScrollColumns(ScrollStep step, int track);
-  // A turn of the wheel in 1/120 of a notch, each notch of `lines`; small turns add up.
+  // A turn of the wheel in 1/120 of a notch, each notch of `lines`; small turns in one direction
+  // add up.
   bool TurnWheel(int delta, int lines, bool horizontal);
   // As little as makes the cell visible.
   bool Reveal(std::int32_t column, std::int32_t row);
@@ -65,7 +67,8 @@ class GridViewport {
   std::int32_t rows_ = 0;
   std::int32_t pageRows_ = 1;
   int pageWidth_ = 1;
-  int wheelRest_ = 0;
+  WheelTurns rowTurns_;
+  WheelTurns columnTurns_;
 };
 
 }  // namespace pricedown

@@ -92,21 +92,13 @@ void PreviewState::Advance(std::int32_t pixels) {
   }
 }
 
-std::int32_t PreviewState::WheelSteps(std::int32_t delta, std::int32_t step) {
-  if ((delta > 0) != (wheelRest_ > 0)) wheelRest_ = 0;
-  wheelRest_ += delta;
-  const std::int32_t steps = wheelRest_ / step;
-  wheelRest_ -= steps * step;
-  return steps;
-}
-
 void PreviewState::Wheel(std::int32_t delta, std::int32_t notch) {
   const bool scrolls = contentHeight_ > area_.height;
-  Advance(-WheelSteps(delta, scrolls ? notch / kWheelLines : notch) * LineStep());
+  Advance(-wheel_.Steps(delta, scrolls ? notch / kWheelLines : notch) * LineStep());
 }
 
 std::optional<PreviewCommand> PreviewState::ZoomOfWheel(std::int32_t delta, std::int32_t notch) {
-  const std::int32_t steps = WheelSteps(delta, notch);
+  const std::int32_t steps = wheel_.Steps(delta, notch);
   if (steps == 0) return std::nullopt;
   return steps > 0 ? PreviewCommand::ZoomIn : PreviewCommand::ZoomOut;
 }

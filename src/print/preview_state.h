@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "platform/geometry.h"
+#include "platform/wheel_turns.h"
 #include "print/paper.h"
 #include "print/preview_commands.h"
 
@@ -79,8 +80,6 @@ class PreviewState {
 
   std::int32_t Border() const;
   std::int32_t ScreenStep() const;
-  // Adds to what is left of the wheel's last turn and returns the whole steps.
-  std::int32_t WheelSteps(std::int32_t delta, std::int32_t step);
   double FittingPercent(std::int32_t pixels, Tenths paper) const;
   void Choose(Zoom zoom, double percent);
   // Size of paper and content for the zoom; the middle of what is seen stays in the middle.
@@ -98,7 +97,7 @@ class PreviewState {
   std::int32_t contentHeight_ = 0;
   std::int32_t scrollX_ = 0;
   std::int32_t scrollY_ = 0;
-  std::int32_t wheelRest_ = 0;
+  WheelTurns wheel_;
 };
 
 }  // namespace pricedown

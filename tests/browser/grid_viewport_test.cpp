@@ -144,6 +144,23 @@ TEST_F(GridViewportTest, AddsUpSmallTurnsOfTheWheel) {
   EXPECT_EQ(viewport_.Left(), 24);
 }
 
+TEST_F(GridViewportTest, DropsASmallTurnOfTheWheelWhenTheDirectionChanges) {
+  Show(10, 60);
+  viewport_.ScrollTo(5, 0);
+  viewport_.TurnWheel(90, 1, false);
+  viewport_.TurnWheel(-120, 1, false);
+  EXPECT_EQ(viewport_.TopRow(), 6);
+}
+
+TEST_F(GridViewportTest, AddsUpTurnsOfEachWheelAlone) {
+  Show(10, 60);
+  viewport_.TurnWheel(90, 1, true);
+  viewport_.TurnWheel(90, 1, false);
+  EXPECT_EQ(viewport_.Left(), 0);
+  viewport_.TurnWheel(30, 1, true);
+  EXPECT_EQ(viewport_.Left(), 24);
+}
+
 TEST_F(GridViewportTest, RevealsACellWithMinimalScrolling) {
   Show(10, 60);
   EXPECT_FALSE(viewport_.Reveal(1, 10));

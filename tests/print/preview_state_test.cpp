@@ -56,6 +56,19 @@ TEST_F(Preview, ShowsTheSameAtTwiceTheResolution) {
   EXPECT_NEAR(state_.Pixels(254), 50, 1E-9);
 }
 
+TEST_F(Preview, HasAtLeastOneDotPerInch) {
+  state_.SetPercent(100);
+  state_.SetArea({524, 524, 0});
+  EXPECT_NEAR(state_.Pixels(2540), 10, 1E-9);
+}
+
+TEST_F(Preview, IsNotScrolledOnceThePageFits) {
+  state_.SetPercent(100);
+  state_.ScrollBy(0, 5000);
+  state_.FitPage();
+  EXPECT_EQ(state_.ScrollY(), 0);
+}
+
 TEST_F(Preview, IsAsLargeAsPaperAtOneHundredPercent) {
   state_.SetPercent(100);
   EXPECT_EQ(state_.PaperBox().width, 960);
