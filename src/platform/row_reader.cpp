@@ -48,8 +48,10 @@ bool RowReader::NextOfBlock() {
   try {
     block_ = ReadBlock();
   } catch (const AutomationError& error) {
-    // The failed call may have moved the recordset.
-    if (!IsMemberNotFound(error) && !ReturnToFirstUnread()) throw;
+    // The failed call may have moved the recordset. A member that the first block lacks has not;
+    // later blocks are read by several members.
+    const bool unmoved = read_ == 0 && IsMemberNotFound(error);
+    if (!unmoved && !ReturnToFirstUnread()) throw;
     hasBlocks_ = false;
     for (const std::u16string_view name : fields_) columns_.emplace_back(recordset_, name);
     values_.resize(columns_.size());

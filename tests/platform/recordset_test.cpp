@@ -255,7 +255,10 @@ TEST_F(RecordsetTest, RefusesBlocksThatLackAField) {
                                            1, std::vector<std::vector<Value>>{{u"01"}}))));
   const Recordset recordset = NewRecordset();
   EXPECT_EQ(recordset.GetRows(5, {u"FNumber"})->RowCount(), 1u);
-  EXPECT_NE(FailureOf([&] { recordset.GetRows(5, {u"FNumber", u"FName"}); }), "");
+  EXPECT_EQ(FailureOf([&] {
+              recordset.GetRows(5, {u"FNumber", u"FName"});
+            }),
+            "80020005 GetRows 没有返回所要求的列");
 }
 
 TEST_F(RecordsetTest, FailsWithoutAnObject) {

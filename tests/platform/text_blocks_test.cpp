@@ -209,6 +209,25 @@ TEST_F(TextBlocksTest, ReadsTheCellsOfABlockWhoseTextIsIncomplete) {
   EXPECT_EQ(Calls("GetRows"), 6);
 }
 
+// A recordset whose texts are empty and whose position can only be read.
+class ReadOnlyPosition : public Misanswering {
+ public:
+  explicit ReadOnlyPosition(ObjectPtr recordset)
+      : Misanswering(std::move(recordset), u"GetString", u"") {}
+
+  Value Invoke(MemberId member, Access access, std::span<Value> arguments) override {
+    if (access == Access::Put) throw AutomationError(ErrorNumber::MemberNotFound, u"只读");
+    return Misanswering::Invoke(member, access, arguments);
+  }
+};
+
+TEST_F(TextBlocksTest, ReadsFieldByFieldFromTheSameRowWhereThePositionIsReadOnly) {
+  const auto rows = NumberedRows(kRows);
+  ExpectRows(Recordset(std::make_shared<ReadOnlyPosition>(Answer(rows).Object())), rows);
+  EXPECT_EQ(Calls("GetRows"), 1);
+  EXPECT_EQ(Calls("MoveFirst"), 1);
+}
+
 struct TypeCase {
   const char* name;
   std::vector<std::int32_t> types;  // ADO DataTypeEnum

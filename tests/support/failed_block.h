@@ -1,4 +1,4 @@
-// Tells of a failed call of GetRows, whose rows are then read again field by field.
+// Finds a failed call of GetRows, whose rows are then read again field by field.
 #pragma once
 
 #include <algorithm>

@@ -187,6 +187,9 @@ Value GetRows(RecordTable& table, std::span<Value> arguments) {
 
 // All columns of the rows from the current one on.
 Value GetString(RecordTable& table, std::span<Value> arguments) {
+  if (IsPresent(arguments, 0) && ToInt32(arguments[0]) != 2) {
+    throw AutomationError(ErrorNumber::InvalidArgument, u"StringFormat");
+  }
   const std::int32_t most = IsPresent(arguments, 1) ? ToInt32(arguments[1]) : -1;
   const auto part = [&](std::size_t index, std::u16string_view usual) {
     return IsPresent(arguments, index) ? ToText(arguments[index]) : std::u16string(usual);
