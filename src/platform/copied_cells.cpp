@@ -87,7 +87,7 @@ void CellCopier::EndRow() {
 }
 
 CopiedCells CellCopier::Finish(bool isSingleCell) {
-  if (isSingleCell) copied_.text.resize(copied_.text.size() - kLineBreak.size());
+  if (isSingleCell) copied_.text.erase(copied_.text.size() - kLineBreak.size());
   copied_.html = ClipboardHtml(copied_.html);
   return std::move(copied_);
 }

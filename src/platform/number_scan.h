@@ -18,8 +18,8 @@ ScannedNumber ScanLeadingNumber(std::u16string_view text);
 // sign and digits; one sign "+" or "-", before or after; digits; one "." with a digit on at least
 // one side; an exponent E or D with an optional sign and digits; or, unsigned, &H or &O and
 // digits of that base. Refused: empty text, anything else, and what no double can hold.
-// Commas are refused everywhere: a leading number ends at them, and what is checked with
-// the one is stored with the other. So are parentheses and currency signs.
+// Commas are refused everywhere: texts are checked as whole numbers and stored as leading numbers,
+// which end at a comma. So are parentheses and currency signs.
 ScannedNumber ScanWholeNumber(std::u16string_view text);
 
 }  // namespace pricedown

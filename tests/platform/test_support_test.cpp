@@ -2,8 +2,13 @@
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <stdexcept>
+#include <string>
+
 #include "tests/support/call_log.h"
 #include "tests/support/memory_block.h"
+#include "tests/support/number_from_environment.h"
 #include "tests/support/recording_questions.h"
 #include "tests/support/utf8.h"
 
@@ -55,6 +60,20 @@ TEST(Lines, RemovesTheSharedIndentationOnly) {
   EXPECT_EQ(Lines("a\nb\n"), "a\nb\n");
 }
 
+TEST(NumberFromEnvironment, IsTheUsualOneOnlyWhereNoneIsSet) {
+  constexpr const char* kName = "PRICEDOWN_NUMBER_OF_THIS_TEST";
+  EXPECT_EQ(NumberFromEnvironment(kName, 1000), 1000);
+  for (const char* number : {"1", "7", "1000000"}) {
+    setenv(kName, number, 1);
+    EXPECT_EQ(NumberFromEnvironment(kName, 1000), std::stoi(number));
+  }
+  for (const char* text : {"", "10k", " 5", "0", "-3", "1e3", "99999999999"}) {
+    setenv(kName, text, 1);
+    EXPECT_THROW(NumberFromEnvironment(kName, 1000), std::invalid_argument) << text;
+  }
+  unsetenv(kName);
+}
+
 TEST(Readable, DistinguishesTheKinds) {
   EXPECT_EQ(Readable(Value()), "Empty");
   EXPECT_EQ(Readable(Null{}), "Null");
@@ -97,6 +116,16 @@ TEST(RecordingQuestions, LogsMessagesAndAnswersFromTheScript) {
       ask no icon "岚禾提示": "是否保存当前数据？" -> yes
       ask question "岚禾提示": "确定?" -> no
       )"));
+}
+
+TEST(RecordingQuestions, FailsTheTestForAnAnswerWithoutAQuestion) {
+  EXPECT_NONFATAL_FAILURE(
+      {
+        RecordingQuestions questions{CallLog()};
+        questions.WillAnswer({true, false});
+        questions.Confirm(u"t", u"c", MessageIcon::None);
+      },
+      "1 answers without a question");
 }
 
 TEST(RecordingQuestions, FailsTheTestForAQuestionWithoutAnAnswer) {

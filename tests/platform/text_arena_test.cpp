@@ -24,6 +24,16 @@ TEST(TextArena, KeepsTextsOfAnyLengthWhereTheyAre) {
   for (std::size_t i = 0; i < texts.size(); ++i) EXPECT_TRUE(kept[i] == texts[i]) << i;
 }
 
+TEST(TextArena, SharesNoMemoryWithTheOneThatItsTextsMovedTo) {
+  TextArena arena;
+  arena.Keep(u"01.001");
+  TextArena moved = std::move(arena);
+  const std::u16string_view kept = arena.Keep(u"甲");
+  const std::u16string_view keptThere = moved.Keep(u"乙");
+  EXPECT_EQ(Utf8(kept), "甲");
+  EXPECT_EQ(Utf8(keptThere), "乙");
+}
+
 TEST(TextArena, KeepsTextsAfterItWasCleared) {
   TextArena arena;
   arena.Keep(u"before");
