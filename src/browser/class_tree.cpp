@@ -85,9 +85,9 @@ void ClassTree::AddClassNodes() {
   }
 }
 
-NodeIndex ClassTree::AddNode(NodeId id, std::u16string_view text) {
+NodeIndex ClassTree::AddNode(const NodeId& id, std::u16string_view text) {
   const NodeIndex parent = id.isRoot ? kNoNode : kRootNode;
-  const NodeIndex index = nodes_.Add(std::move(id), text);
+  const NodeIndex index = nodes_.Add(id, text);
   if (index == kNoNode) return kNoNode;
   try {
     view_.InsertNode(index, parent, text);
@@ -101,7 +101,7 @@ NodeIndex ClassTree::AddNode(NodeId id, std::u16string_view text) {
 void ClassTree::NodeClick(NodeIndex node) {
   if (!nodes_.Contains(node)) return;
   // A copy, because the grid load may let messages run that reload the tree.
-  const NodeId id = nodes_.At(node).id;
+  const NodeId id = nodes_.IdOf(node);
   state_.currentNode = id;
   marked_ = node;
   SkipFailing([&] { view_.MarkNode(node); });
@@ -142,7 +142,7 @@ void ClassTree::RefreshCurrentNode() {
 
 std::u16string ClassTree::SelectedKey() const {
   const NodeIndex node = view_.SelectedNode();
-  return nodes_.Contains(node) ? nodes_.At(node).id.Key() : std::u16string();
+  return nodes_.Contains(node) ? nodes_.IdOf(node).Key() : std::u16string();
 }
 
 }  // namespace pricedown

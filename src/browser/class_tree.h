@@ -52,7 +52,7 @@ class ClassTree {
   // Marks the current node; when it is no longer in the tree, the one in its place.
   void MarkCurrentNode();
   // kNoNode when the node exists already. Throws when the view fails; then nothing is added.
-  NodeIndex AddNode(NodeId id, std::u16string_view text);
+  NodeIndex AddNode(const NodeId& id, std::u16string_view text);
 
   Environment& environment_;
   BrowserState& state_;

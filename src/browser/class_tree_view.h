@@ -7,10 +7,12 @@
 
 namespace pricedown {
 
+// Without a window nodes are ignored. Throws std::bad_alloc, and AutomationError for a node that
+// the system cannot insert.
 class ClassTreeView {
  public:
   virtual ~ClassTreeView() = default;
-  // The nodes that come next are shown from the same one on.
+  // The first visible position is kept for the nodes that are inserted next.
   virtual void ClearNodes() = 0;
   // Appends a node after its siblings, in the order of the indexes, with the first image of the
   // tree's list and the second while selected. `parent` is kNoNode for the root.

@@ -1,8 +1,6 @@
 // The rows of the tree, with an index of their keys.
 #include "browser/node_collection.h"
 
-#include <utility>
-
 #include "platform/text.h"
 
 namespace pricedown {
@@ -23,26 +21,35 @@ std::optional<NodeId> NodeId::OfKey(std::u16string_view key) {
   return OfClass(key.substr(kClassKeyPrefix.size()));
 }
 
-NodeIndex NodeCollection::Add(NodeId id, std::u16string_view text) {
+NodeIndex NodeCollection::Add(const NodeId& id, std::u16string_view text) {
   const auto index = static_cast<NodeIndex>(nodes_.size() + 1);
   if (id.isRoot) {
     if (index != kRootNode) return kNoNode;
-    nodes_.push_back({std::move(id), std::u16string(text)});
+    nodes_.push_back({{}, texts_.Keep(text)});
     return index;
   }
-  const auto [place, isNew] = classes_.try_emplace(id.classNumber, index);
-  if (!isNew) return kNoNode;
+  if (classes_.contains(id.classNumber)) return kNoNode;
+  const std::u16string_view kept = texts_.Keep(text);
+  // A class's text begins with its number.
+  const std::u16string_view number = kept.starts_with(id.classNumber)
+                                         ? kept.substr(0, id.classNumber.size())
+                                         : texts_.Keep(id.classNumber);
+  nodes_.push_back({number, kept});
   try {
-    nodes_.push_back({std::move(id), std::u16string(text)});
+    classes_.emplace(number, index);
   } catch (...) {
-    classes_.erase(place);
+    nodes_.pop_back();
     throw;
   }
   return index;
 }
 
+NodeId NodeCollection::IdOf(NodeIndex index) const {
+  return index == kRootNode ? NodeId() : NodeId::OfClass(At(index).classNumber);
+}
+
 void NodeCollection::RemoveLast() {
-  if (const NodeId& id = nodes_.back().id; !id.isRoot) classes_.erase(id.classNumber);
+  if (nodes_.size() > 1) classes_.erase(nodes_.back().classNumber);
   nodes_.pop_back();
 }
 

@@ -3,11 +3,13 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <vector>
+
+#include "platform/text_arena.h"
 
 namespace pricedown {
 
@@ -32,16 +34,11 @@ struct NodeId {
   bool operator==(const NodeId&) const = default;
 };
 
-struct TreeNode {
-  NodeId id;
-  std::u16string text;
-};
-
 class NodeCollection {
  public:
   // The new node's index, or kNoNode when that node exists already (class numbers are compared
   // exactly). Requires: the root comes first.
-  NodeIndex Add(NodeId id, std::u16string_view text);
+  NodeIndex Add(const NodeId& id, std::u16string_view text);
   // Removes the node that was added last. Requires: Count() > 0.
   void RemoveLast();
   void Clear();
@@ -50,15 +47,25 @@ class NodeCollection {
   bool Contains(NodeIndex index) const {
     return index >= kRootNode && static_cast<std::size_t>(index) <= nodes_.size();
   }
-  // Requires: Contains(index).
-  const TreeNode& At(NodeIndex index) const { return nodes_[static_cast<std::size_t>(index) - 1]; }
+  // Require: Contains(index).
+  NodeId IdOf(NodeIndex index) const;
+  std::u16string_view TextOf(NodeIndex index) const { return At(index).text; }
   // kNoNode when there is none.
   NodeIndex Find(const NodeId& id) const;
   NodeIndex FindKey(std::u16string_view key) const;
 
  private:
-  std::vector<TreeNode> nodes_;
-  std::unordered_map<std::u16string, NodeIndex> classes_;  // by class number
+  // Both texts are in the arena.
+  struct Node {
+    std::u16string_view classNumber;  // the root's is empty
+    std::u16string_view text;
+  };
+
+  const Node& At(NodeIndex index) const { return nodes_[static_cast<std::size_t>(index) - 1]; }
+
+  TextArena texts_;
+  std::deque<Node> nodes_;  // which grows without a copy of all nodes
+  std::unordered_map<std::u16string_view, NodeIndex> classes_;  // by class number
 };
 
 }  // namespace pricedown

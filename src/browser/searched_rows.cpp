@@ -13,7 +13,7 @@ std::int32_t SearchedItems::Match(std::int32_t row, const TextPattern& pattern) 
 }
 
 std::int32_t SearchedClasses::Match(std::int32_t row, const TextPattern& pattern) const {
-  return row != kRootNode && nodes_.Contains(row) && pattern.IsIn(nodes_.At(row).text) ? 1 : 0;
+  return row != kRootNode && nodes_.Contains(row) && pattern.IsIn(nodes_.TextOf(row)) ? 1 : 0;
 }
 
 }  // namespace pricedown

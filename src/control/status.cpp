@@ -17,7 +17,7 @@ std::u16string StatusText(const BrowserState& browser, const NodeCollection& nod
     text = Translate(u"请重新选择物料类别    ");
   } else if (browser.currentNode) {
     const NodeIndex node = nodes.Find(*browser.currentNode);
-    if (node != kNoNode) text = Concatenate({nodes.At(node).text, u"    "});
+    if (node != kNoNode) text = Concatenate({nodes.TextOf(node), u"    "});
   }
   return Concatenate({text, Translate(u"共 "), NumberText(items), Translate(u" 项物料")});
 }

@@ -211,6 +211,7 @@ TEST_F(DeleteClass, StopsAtAFailingStepAndSkipsTheRest) {
   FailEachCallInTurn([&](int failingCall) {
     state_.itemRecordset =
         Recordset(NewScriptedRecordset(factory_.GetRecorder(), ItemRows(kTwoItems), u"items"));
+    questions_.ForgetAnswers();  // a failure before the question left it
     questions_.WillAnswer({true});
     log_.Clear();
     const int before = factory_.CallCount();

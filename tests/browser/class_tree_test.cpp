@@ -15,9 +15,9 @@ class ClassTreeLoad : public BrowserFixture {
   // Key and text of each node, in order.
   std::vector<std::string> Nodes() const {
     std::vector<std::string> nodes;
-    for (std::size_t index = 1; index <= tree_.Nodes().Count(); ++index) {
-      const TreeNode& node = tree_.Nodes().At(static_cast<NodeIndex>(index));
-      nodes.push_back(Utf8(node.id.Key()) + " " + Utf8(node.text));
+    const NodeCollection& shown = tree_.Nodes();
+    for (NodeIndex node = 1; shown.Contains(node); ++node) {
+      nodes.push_back(Utf8(shown.IdOf(node).Key()) + " " + Utf8(shown.TextOf(node)));
     }
     return nodes;
   }
@@ -26,7 +26,7 @@ class ClassTreeLoad : public BrowserFixture {
     std::map<NodeIndex, std::string> texts;
     for (std::size_t index = 1; index <= tree_.Nodes().Count(); ++index) {
       const auto node = static_cast<NodeIndex>(index);
-      texts[node] = Utf8(tree_.Nodes().At(node).text);
+      texts[node] = Utf8(tree_.Nodes().TextOf(node));
     }
     EXPECT_EQ(treeView_.texts, texts);
   }
@@ -227,10 +227,10 @@ TEST_F(ClassTreeLoad, MatchesTheWindowAfterAnyFailure) {
       EXPECT_TRUE(last == "tree redraw on" || last == "tree redraw on fails") << last;
       EXPECT_EQ(view.texts.size(), tree.Nodes().Count());
       for (const auto& [index, text] : view.texts) {
-        EXPECT_EQ(text, Utf8(tree.Nodes().At(index).text));
+        EXPECT_EQ(text, Utf8(tree.Nodes().TextOf(index)));
       }
       if (tree.Nodes().Count() > 0) {
-        EXPECT_EQ(Utf8(tree.Nodes().At(1).id.Key()), "gc0");
+        EXPECT_EQ(Utf8(tree.Nodes().IdOf(1).Key()), "gc0");
       }
       const int calls = factory.CallCount();
       // A later load repairs everything.

@@ -108,6 +108,7 @@ TEST_F(NodeClick, FailsToSelectARootThatIsNotThere) {
     ADD_FAILURE();
   } catch (const AutomationError& error) {
     EXPECT_EQ(Utf8(error.Description()), "没有该节点: gc0");
+    EXPECT_EQ(Utf8(error.Source()), "tvwBase");
   }
   EXPECT_EQ(log_.Text(), "");
 }

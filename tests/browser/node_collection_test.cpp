@@ -21,10 +21,21 @@ TEST(NodeCollection, NumbersNodesFromOneInTheOrderOfAdding) {
   EXPECT_EQ(nodes.Add({}, u"物料"), kRootNode);
   EXPECT_EQ(nodes.Add(NodeId::OfClass(u"01"), u"01(原料)"), 2);
   EXPECT_EQ(nodes.Count(), 2u);
-  EXPECT_TRUE(nodes.At(1).id.isRoot);
-  EXPECT_EQ(Utf8(nodes.At(1).text), "物料");
-  EXPECT_EQ(Utf8(nodes.At(2).id.classNumber), "01");
-  EXPECT_EQ(Utf8(nodes.At(2).text), "01(原料)");
+  EXPECT_TRUE(nodes.IdOf(1).isRoot);
+  EXPECT_EQ(Utf8(nodes.TextOf(1)), "物料");
+  EXPECT_EQ(Utf8(nodes.IdOf(2).classNumber), "01");
+  EXPECT_EQ(Utf8(nodes.TextOf(2)), "01(原料)");
+}
+
+TEST(NodeCollection, FindsAClassWhoseTextDoesNotBeginWithItsNumber) {
+  NodeCollection nodes = RootAndClasses({});
+  for (const std::u16string_view text : {u"", u"(原料)", u"1(原料)"}) {
+    EXPECT_EQ(nodes.Add(NodeId::OfClass(u"01"), text), 2);
+    EXPECT_EQ(nodes.Find(NodeId::OfClass(u"01")), 2);
+    EXPECT_EQ(Utf8(nodes.IdOf(2).classNumber), "01");
+    EXPECT_EQ(Utf8(nodes.TextOf(2)), Utf8(text));
+    nodes.RemoveLast();
+  }
 }
 
 TEST(NodeCollection, ContainsItsIndexesOnly) {
@@ -40,7 +51,7 @@ TEST(NodeCollection, RefusesANumberInUseAndKeepsTheFirstNode) {
   nodes.Add(NodeId::OfClass(u"01"), u"01(甲)");
   EXPECT_EQ(nodes.Add(NodeId::OfClass(u"01"), u"01(乙)"), kNoNode);
   EXPECT_EQ(nodes.Count(), 2u);
-  EXPECT_EQ(Utf8(nodes.At(nodes.Find(NodeId::OfClass(u"01"))).text), "01(甲)");
+  EXPECT_EQ(Utf8(nodes.TextOf(nodes.Find(NodeId::OfClass(u"01")))), "01(甲)");
 }
 
 TEST(NodeCollection, RefusesASecondRoot) {

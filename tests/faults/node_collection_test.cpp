@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <new>
+#include <string>
 
 #include "tests/faults/allocations.h"
 
@@ -11,15 +12,16 @@ namespace pricedown::testing {
 namespace {
 
 TEST(NodeCollection, HoldsNeitherNumberNorNodeAfterAnAllocationFailure) {
-  // Too long to be stored without an allocation.
   const NodeId id = NodeId::OfClass(u"01.02.03.04.05");
+  // Too long for the memory that the root's text has opened.
+  const std::u16string text = id.classNumber + std::u16string(100'000, u'料');
   int failures = 0;
   for (bool added = false; !added;) {
     NodeCollection nodes;
     nodes.Add({}, u"物料");
     FailAllocation(failures + 1);
     try {
-      nodes.Add(id, u"01.02.03.04.05(原材料)");
+      nodes.Add(id, text);
       added = true;
     } catch (const std::bad_alloc&) {
       ++failures;
@@ -29,7 +31,7 @@ TEST(NodeCollection, HoldsNeitherNumberNorNodeAfterAnAllocationFailure) {
     EXPECT_EQ(nodes.Count(), added ? 2u : 1u) << failures;
     EXPECT_EQ(nodes.Add(id, u""), added ? kNoNode : 2) << failures;
   }
-  // The number twice, its entry, the text and the nodes.
+  // A block for the text and its place among the blocks, the entry of the number and the index.
   EXPECT_GE(failures, 4);
 }
 
