@@ -29,7 +29,6 @@ void ItemGrid::Prepare() {
   for (std::size_t i = 0; i < titles.size(); ++i) titles[i] = Translate(kItemColumnTitles[i]);
   // One change for the view: each one measures fonts and sets scroll bars.
   grid_.SetRedraw(false);
-  grid_.SetMaxRows(0);
   for (std::int32_t column = 1; column <= grid_columns::kCount; ++column) {
     const auto index = static_cast<std::size_t>(column - 1);
     grid_.SetText(column, kTitleRow, titles[index]);
@@ -39,41 +38,45 @@ void ItemGrid::Prepare() {
 }
 
 void ItemGrid::LoadItemGrid(std::u16string_view classNumber) {
+  const std::uint32_t load = ++lastLoad_;
   Failure failure;
   try {
-    Fill(classNumber);
+    Fill(classNumber, load);
     return;
   } catch (...) {
     failure = CurrentFailure();
   }
+  if (load != lastLoad_) return;
   environment_.NotifyFailed(failure);
   // The control may have ended inside the call that failed, or in the event.
   if (environment_.lifetime.HasEnded()) return;
   environment_.messages.Inform(FailureText(failure));
 }
 
-void ItemGrid::Fill(std::u16string_view classNumber) {
+void ItemGrid::Fill(std::u16string_view classNumber, std::uint32_t load) {
   state_.itemRecordset.Release();
   const std::u16string statement =
       state_.ByItemClass() ? statements::ItemsOfClass(classNumber) : statements::AllItems();
   const Recordset items = Connection(environment_.factory).Execute(statement);
-  // Each call to the suite may end the control, which releases the grid.
-  if (environment_.lifetime.HasEnded()) return;
+  // Each call to the suite may run messages: they may end the control, which releases the grid, or
+  // fill the grid with another class.
+  if (!IsCurrent(load)) return;
   state_.itemRecordset = items;
   grid_.SetMaxRows(0);
   grid_.SetRedraw(false);
   const std::int32_t count = items.RecordCount();
-  if (environment_.lifetime.HasEnded()) return;
+  if (!IsCurrent(load)) return;
   grid_.SetMaxRows(count);
   // An empty recordset refuses to move.
   if (grid_.MaxRows() > 0) items.MoveFirst();
-  FillRows(items);
+  FillRows(items, load);
+  if (!IsCurrent(load)) return;
   grid_.SetRedraw(true);
   grid_.LockColumns(grid_columns::kModel);
   ApplyScopeLock();
 }
 
-void ItemGrid::FillRows(const Recordset& items) {
+void ItemGrid::FillRows(const Recordset& items, std::uint32_t load) {
   RowReader rows(items,
                  {state_.fullNumber ? columns::kNumber : columns::kShortNumber, columns::kName,
                   columns::kModel},
@@ -81,12 +84,14 @@ void ItemGrid::FillRows(const Recordset& items) {
   std::array<std::u16string, grid_columns::kModel> scratch;
   std::array<std::u16string_view, grid_columns::kModel> texts;
   for (std::int32_t row = 1; row <= grid_.MaxRows(); ++row) {
-    if (!rows.Next()) {
+    const bool found = rows.Next();
+    if (!IsCurrent(load)) return;
+    if (!found) {
       throw AutomationError(ErrorNumber::NoCurrentRecord, u"物料记录少于记录集报告的行数",
                             u"vaList");
     }
-    if (environment_.lifetime.HasEnded()) return;
     for (std::size_t i = 0; i < texts.size(); ++i) texts[i] = CellText(rows.Field(i), scratch[i]);
+    if (!IsCurrent(load)) return;
     grid_.SetRowTexts(row, texts);
     grid_.SetUpperBound(grid_columns::kPrice, row, kPriceUpperBound);
     if (row % kRowsBetweenReports == 0) grid_.NotifyFilling();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <string_view>
 
 #include "browser/browser_state.h"
@@ -35,6 +36,7 @@ class ItemGrid {
 
   // Lists the items of the class with that number, or all items when provisions are kept by item.
   // A failure is shown to the user in a message and leaves what was filled so far; never throws.
+  // Another load that begins inside a call of this one replaces it.
   void LoadItemGrid(std::u16string_view classNumber);
 
   // Locks all cells when the user's data scope is 0.
@@ -47,13 +49,18 @@ class ItemGrid {
   const Grid& GetGrid() const { return grid_; }
 
  private:
-  void Fill(std::u16string_view classNumber);
+  // False once the control has ended or another load has begun.
+  bool IsCurrent(std::uint32_t load) const {
+    return load == lastLoad_ && !environment_.lifetime.HasEnded();
+  }
+  void Fill(std::u16string_view classNumber, std::uint32_t load);
   // Requires: the recordset is at its first row, or has none.
-  void FillRows(const Recordset& items);
+  void FillRows(const Recordset& items, std::uint32_t load);
 
   Environment& environment_;
   BrowserState& state_;
   Grid grid_;
+  std::uint32_t lastLoad_ = 0;
 };
 
 }  // namespace pricedown

@@ -103,6 +103,13 @@ TEST_F(GridElementsTest, AreNoneWithoutAGrid) {
   EXPECT_FALSE(none.Current());
   EXPECT_FALSE(none.At(5, 30));
   EXPECT_TRUE(none.SelectedCells().empty());
+  EXPECT_FALSE(none.IsEditable({3, 200}));
+}
+
+TEST_F(GridElementsTest, AreEditableWhereTheGridAcceptsANumber) {
+  EXPECT_TRUE(Elements().IsEditable({3, 200}));
+  EXPECT_FALSE(Elements().IsEditable({3, 201}));
+  EXPECT_FALSE(Elements().IsEditable({1, 200}));
 }
 
 TEST_F(GridElementsTest, HaveThePlaceThatShowsInTheWindow) {
@@ -112,6 +119,13 @@ TEST_F(GridElementsTest, HaveThePlaceThatShowsInTheWindow) {
   EXPECT_EQ(Elements().Area({0, 11}), (Rectangle{0, 24 + 190, 250, 9}));
   EXPECT_EQ(Elements().Area({0, kTitleRow}), (Rectangle{0, 0, 250, 24}));
   EXPECT_EQ(Elements().Area({2, kTitleRow}), (Rectangle{100, 0, 100, 24}));
+}
+
+TEST_F(GridElementsTest, ShowARowFromItsFirstPixelOn) {
+  window_.height = 24 + 10 * 19;
+  EXPECT_FALSE(Elements().IsShown(11));
+  ++window_.height;
+  EXPECT_TRUE(Elements().IsShown(11));
 }
 
 TEST_F(GridElementsTest, HaveNoPlaceWhenScrolledOut) {

@@ -46,6 +46,15 @@ TEST_F(GridTest, HoldsTextsCellByCell) {
   EXPECT_EQ(TextAt(3, 2), "");
 }
 
+TEST(Grid, MayHaveASingleColumn) {
+  Grid grid(1);
+  grid.SetMaxRows(1);
+  grid.SetText(1, 1, u"甲");
+  grid.SetText(2, 1, u"外");
+  EXPECT_EQ(grid.MaxColumns(), 1);
+  EXPECT_EQ(Utf8(grid.Text(1, 1)), "甲");
+}
+
 TEST_F(GridTest, CopiesATextOntoAnotherCell) {
   grid_.SetMaxRows(2);
   grid_.SetText(1, 1, std::u16string(100, u'x'));

@@ -360,6 +360,65 @@ TEST_F(ItemGridTest, KeepsAndShowsNothingOnceTheControlHasEnded) {
   }
 }
 
+// Each call of a load may run messages that load another class, here the root's; and then fail.
+TEST_F(ItemGridTest, KeepsTheClassWhoseLoadBeganInsideAnother) {
+  for (const bool fails : {false, true}) {
+    for (const std::string_view during :
+         {"Execute", "RecordCount", "MoveFirst", "EOF", "GetRows", "Fields", "Value"}) {
+      CallLog log;
+      RecordingFactory factory(log);
+      RecordingQuestions questions(log);
+      RecordingScreen screen(factory.GetRecorder());
+      ProcessState processState;
+      Environment environment(factory, processState, questions, screen, u"Host");
+      BrowserState state;
+      state.itemClassType = 1;
+      ItemGrid grid(environment, state);
+      const auto answer = [&](std::string_view member, Reply::Maker make) {
+        return Reply::From([&, member, make](auto arguments) -> Value {
+          Value value = make(arguments);
+          if (member != during || log.Count("load") > 0) return value;
+          log.Add("load");
+          grid.LoadItemGrid(u"0");
+          if (fails) throw AutomationError(kInjectedFailure, u"断开");
+          return value;
+        });
+      };
+      ObjectScript& items = factory.Object(u"items");
+      items.On(u"RecordCount", answer("RecordCount", [](auto) { return 2; }))
+          .On(u"MoveFirst", answer("MoveFirst", [](auto) { return Value(); }))
+          .On(u"MoveNext", Value())
+          .On(u"EOF", answer("EOF", [](auto) { return false; }))
+          .On(u"Fields", answer("Fields", [&](auto) { return factory.NewObject(u"fields"); }));
+      if (during == "Fields" || during == "Value") {
+        items.Lacks(u"GetRows");
+      } else {
+        items.On(u"GetRows", answer("GetRows", [](auto) {
+                   return CellBlockPtr(std::make_shared<MemoryBlock>(
+                       3, std::vector<std::vector<Value>>{{u"01.001", u"螺栓", u"M8"},
+                                                          {u"01.002", u"螺母", u"M10"}}));
+                 }));
+      }
+      factory.Object(u"fields").On(u"", factory.Answering(u"cell"));
+      factory.Object(u"cell").On(u"Value", answer("Value", [](auto) { return u"01.001"; }));
+      factory.Object(u"ZEPConnection.AppConnection")
+          .On(u"Execute", Arguments({kItemsOf01}),
+              answer("Execute", [&](auto) { return factory.NewObject(u"items"); }));
+      AnswerStatement(factory, kItemsOfRoot, ItemRows({{u"0.001", u"001", u"垫圈", u"M6"}}));
+      grid.LoadItemGrid(u"01");
+      SCOPED_TRACE(std::string(during) + "\n" + log.Text());
+      EXPECT_EQ(log.Count("load"), 1u);
+      EXPECT_EQ(log.Text().find("message "), std::string::npos);
+      ASSERT_EQ(grid.GetGrid().MaxRows(), 1);
+      EXPECT_EQ(Utf8(grid.GetGrid().Text(1, 1)), "0.001");
+      EXPECT_TRUE(grid.GetGrid().Redraw());
+      ASSERT_TRUE(state.itemRecordset);
+      state.itemRecordset.MoveFirst();
+      EXPECT_EQ(state.itemRecordset.Field(u"FNumber"), Value(u"0.001"));
+    }
+  }
+}
+
 TEST_F(ItemGridTest, PreparesTitlesAndWidths) {
   grid_.Prepare();
   EXPECT_EQ(CellOf(1, kTitleRow), "物料代码");

@@ -39,6 +39,12 @@ TEST_F(TypeAheadTest, BeginsAgainAfterAPause) {
   EXPECT_EQ(Type(u'0'), 5);
 }
 
+TEST_F(TypeAheadTest, GoesOnForASecond) {
+  EXPECT_EQ(Type(u'b'), 3);
+  time_ += 750;
+  EXPECT_EQ(Type(u'u'), 4);
+}
+
 TEST_F(TypeAheadTest, GoesOnWithTheSameCharacterInEitherCase) {
   EXPECT_EQ(Type(u'b'), 3);
   EXPECT_EQ(Type(u'b'), 4);
