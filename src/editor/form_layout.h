@@ -13,7 +13,7 @@ namespace pricedown {
 // What depends on fonts and texts; pixels.
 struct FormMeasures {
   std::int32_t toolStripHeight = 0;
-  std::int32_t toolStripWidth = 0;  // with all buttons in sight
+  std::int32_t toolStripWidth = 0;  // with all buttons visible
   std::int32_t lineHeight = 0;
   std::int32_t labelWidth = 0;  // of the longest label
 };

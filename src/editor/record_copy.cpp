@@ -16,7 +16,7 @@ namespace pricedown {
 namespace {
 
 // Browser: all rows, committed row by row. Form: the rows that pass the filter, committed once.
-enum class Manner { Browser, Form };
+enum class CopyMode { Browser, Form };
 
 using FieldNames = std::vector<std::u16string_view>;
 
@@ -48,12 +48,12 @@ bool HasRow(const Recordset& source) {
 class RowCopier {
  public:
   // `fields` are the names of the copy's fields in their order.
-  RowCopier(const Recordset& source, const Recordset& copy, FieldNames fields, Manner manner)
+  RowCopier(const Recordset& source, const Recordset& copy, FieldNames fields, CopyMode mode)
       : source_(source),
         copy_(copy),
         fields_(std::move(fields)),
-        addArguments_{Positions(fields_.size()), Value()},
-        manner_(manner) {
+        addArguments_{copy_.Object()->Prepared(Positions(fields_.size())), Value()},
+        mode_(mode) {
     for (const std::u16string_view name : fields_) {
       sourceFields_.emplace_back(source_, name);
       copyFields_.emplace_back(copy_, name);
@@ -74,7 +74,7 @@ class RowCopier {
       for (std::size_t row = 0; row < block->RowCount(); ++row) CopyRow({block, row});
       copied_ += block->RowCount();
     }
-    if (manner_ == Manner::Form) SkipFailing([&] { copy_.UpdateBatch(); });
+    if (mode_ == CopyMode::Form) SkipFailing([&] { copy_.UpdateBatch(); });
   }
 
  private:
@@ -120,7 +120,7 @@ class RowCopier {
   }
 
   void CommitRow() {
-    if (manner_ == Manner::Form) return;
+    if (mode_ == CopyMode::Form) return;
     SkipFailing([&] { copy_.Object()->Invoke(updateBatch_, Access::Call, {}); });
   }
 
@@ -134,18 +134,18 @@ class RowCopier {
   // Looked up once, because they are called for every row.
   MemberId addNew_ = 0;
   MemberId updateBatch_ = 0;
-  Manner manner_;
+  CopyMode mode_;
 };
 
-Recordset Copy(ObjectFactory& factory, const Recordset& source, Manner manner) {
+Recordset Copy(ObjectFactory& factory, const Recordset& source, CopyMode mode) {
   std::vector<FieldDefinition> fields;
   SkipFailing([&] { fields = source.Fields(); });
   FieldNames names;
   Recordset copy = MakeLike(factory, fields, names);
   if (!copy) return copy;
-  if (manner == Manner::Browser) SkipFailing([&] { source.SetFilter({}); });
+  if (mode == CopyMode::Browser) SkipFailing([&] { source.SetFilter({}); });
   SkipFailing([&] { source.MoveFirst(); });
-  RowCopier(source, copy, std::move(names), manner).CopyAll();
+  RowCopier(source, copy, std::move(names), mode).CopyAll();
   SkipFailing([&] { copy.MoveFirst(); });
   return copy;
 }
@@ -153,11 +153,11 @@ Recordset Copy(ObjectFactory& factory, const Recordset& source, Manner manner) {
 }  // namespace
 
 Recordset CopyRecords(ObjectFactory& factory, const Recordset& source) {
-  return Copy(factory, source, Manner::Browser);
+  return Copy(factory, source, CopyMode::Browser);
 }
 
 Recordset CopyList(ObjectFactory& factory, const Recordset& source) {
-  return Copy(factory, source, Manner::Form);
+  return Copy(factory, source, CopyMode::Form);
 }
 
 }  // namespace pricedown

@@ -134,7 +134,10 @@ bool SaveClass(FormContext& form) {
   FormState& state = form.state;
   ObjectFactory& factory = form.environment.factory;
   const TypedHeader header = ReadHeader(form.view);
-  if (const auto failure = CheckData(state, header, factory)) {
+  const auto failure = CheckData(state, header, factory);
+  // Each call to the suite may run messages in which the form ends and releases its state.
+  if (form.HasEnded()) return false;
+  if (failure) {
     if (!failure->keepsSavedFlag) state.saved = false;
     form.environment.messages.Inform(failure->message);
     if (failure->field) form.view.Focus(*failure->field);
@@ -143,12 +146,18 @@ bool SaveClass(FormContext& form) {
   state.saved = true;
   RunSaveStep(u"更新物料失败，物料类别代码：", header.number,
               [&] { UpdateHeaders(state, header); });
-  state.keptCopy = CopyList(factory, state.memberList);
+  Recordset copy = CopyList(factory, state.memberList);
+  if (form.HasEnded()) return false;
+  state.keptCopy = std::move(copy);
   state.memberList.MoveFirst();
-  state.lossAccountId =
+  const std::int32_t lossAccountId =
       AccountId(factory, u"查找存货跌价损失科目失败，科目代码：", header.lossAccount);
-  state.reserveAccountId =
+  if (form.HasEnded()) return false;
+  state.lossAccountId = lossAccountId;
+  const std::int32_t reserveAccountId =
       AccountId(factory, u"查找存货跌价准备科目失败，科目代码：", header.reserveAccount);
+  if (form.HasEnded()) return false;
+  state.reserveAccountId = reserveAccountId;
   state.savedValues = static_cast<const ClassHeader&>(header);
   RunSaveStep(u"写入物料类别失败，物料类别代码：", header.number,
               [&] { Connection(factory).Run(SaveText(state)); });

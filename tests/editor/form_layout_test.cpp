@@ -62,6 +62,36 @@ TEST(FormLayout, ReserveAccountStandsAboveLossAccountEachWithItsLookup) {
   EXPECT_LT(places.fields[2].Right(), places.reserveLookup.left);
 }
 
+// A tool strip of 24, a line of text of 15, labels of 140.
+TEST(FormLayout, PlacesEachPartAtTheUsualResolution) {
+  const FormPlaces places = PlaceForm({800, 500}, MeasuresAt(96), 96);
+  EXPECT_EQ(places.toolStrip, (Rectangle{3, 3, 794, 24}));
+  EXPECT_EQ(places.line, (Rectangle{0, 30, 800, 2}));
+  EXPECT_EQ(places.headerFrame, (Rectangle{8, 36, 784, 170}));
+  EXPECT_EQ(places.labels[0], (Rectangle{18, 57, 140, 23}));
+  EXPECT_EQ(places.labels[4], (Rectangle{18, 173, 140, 23}));
+  EXPECT_EQ(places.fields[0], (Rectangle{164, 57, 260, 23}));
+  EXPECT_EQ(places.fields[1], (Rectangle{164, 86, 520, 23}));
+  EXPECT_EQ(places.fields[2], (Rectangle{164, 115, 229, 23}));
+  EXPECT_EQ(places.reserveLookup, (Rectangle{396, 115, 28, 23}));
+  EXPECT_EQ(places.fields[4], (Rectangle{164, 173, 90, 23}));
+  EXPECT_EQ(places.itemFrame, (Rectangle{8, 214, 784, 278}));
+  EXPECT_EQ(places.members, (Rectangle{18, 235, 764, 247}));
+}
+
+TEST(FormLayout, KeepsTheEdgesOfLineAndFieldsAtTwiceTheResolution) {
+  const FormPlaces places = PlaceForm({1600, 1000}, MeasuresAt(192), 192);
+  EXPECT_EQ(places.line, (Rectangle{0, 60, 1600, 2}));
+  EXPECT_EQ(places.fields[1], (Rectangle{328, 164, 1040, 40}));
+}
+
+TEST(FormLayout, SizesFollowFromTheLabelsAndTheRows) {
+  const FormMeasures measures{24, 100, 15, 140};
+  EXPECT_EQ(MinimumFormSize(measures, 96), (Size{342, 353}));
+  EXPECT_EQ(FirstFormSize(measures, 96), (Size{560, 493}));
+  EXPECT_EQ(MinimumFormSize(MeasuresAt(96), 96), (Size{376, 353})) << "all buttons are in sight";
+}
+
 TEST(FormLayout, OnlyTheMemberListGrowsWithTheHeight) {
   const FormMeasures measures = MeasuresAt(96);
   const FormPlaces low = PlaceForm({600, 500}, measures, 96);

@@ -345,6 +345,7 @@ TEST_F(ItemLookup, SharesTheLedgerViewWithTheAccountLookup) {
   state.ledgerView = factory.NewObject(kLedgerViewId);
   OpenForAdd();
   form.ToolClicked(FormTool::AddItem);
+  EXPECT_THAT(log.Text(), HasSubstr(".ItemLookUp("));
   EXPECT_EQ(log.Count("create ZEPEBCGLView.GLView"), 0u);
 }
 

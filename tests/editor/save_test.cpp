@@ -81,6 +81,49 @@ TEST_F(Save, MayBeFollowedByTheEndOfTheForm) {
   EXPECT_FALSE(form.IsLoaded());
 }
 
+// A call to the suite may run messages in which the form's owner is destroyed.
+TEST_F(Save, WritesNothingOnceTheFormHasEndedInOneOfItsCalls) {
+  constexpr std::u16string_view kAccounts = u"select FNumber from t_account";
+  constexpr std::u16string_view kLossId = u"SELECT FAccountID FROM t_account WHERE FNumber='5711'";
+  constexpr std::u16string_view kReserveId =
+      u"SELECT FAccountID FROM t_account WHERE FNumber='1281.1'";
+  for (const std::u16string_view during :
+       {kAccounts, std::u16string_view(u"copy"), kLossId, kReserveId}) {
+    EditorWorld world;
+    bool ended = false;
+    const auto endDuring = [&](std::u16string_view step) {
+      if (step != during) return;
+      ended = true;
+      world.form.Unload();
+    };
+    const auto answer = [&](std::u16string_view statement, const ScriptedRows& rows) {
+      world.factory.Object(kConnectionId)
+          .On(u"Execute", Arguments({statement}), Reply::From([&, statement, rows](auto) -> Value {
+                endDuring(statement);
+                return NewScriptedRecordset(world.factory.GetRecorder(), rows);
+              }));
+    };
+    // Without accounts the check would refuse them.
+    answer(kAccounts, Rows({u"FNumber"}, during == kAccounts ? std::vector<std::vector<Value>>()
+                                                             : std::vector<std::vector<Value>>{
+                                                                   {u"1281.1"}, {u"5711"}}));
+    answer(kLossId, Rows({u"FAccountID"}, {{1051}}));
+    answer(kReserveId, Rows({u"FAccountID"}, {{1023}}));
+    world.AnswerChecks(false);
+    world.OpenForEdit();
+    world.factory.Makes(u"ADODB.Recordset", [&](const RecorderPtr& recorder) {
+      endDuring(u"copy");
+      return NewScriptedRecordset(recorder, Rows({u"FItemID"}, {}));
+    });
+    SCOPED_TRACE(Utf8(during));
+    EXPECT_EQ(ErrorOf([&] { world.form.ToolClicked(FormTool::Save); }), std::nullopt);
+    EXPECT_TRUE(ended);
+    EXPECT_THAT(world.log.Text(), ::testing::Not(HasSubstr("delete from")));
+    EXPECT_THAT(world.log.Text(), ::testing::Not(HasSubstr("message ")));
+    EXPECT_EQ(world.factory.LiveObjects(), 0);
+  }
+}
+
 TEST_F(Save, WritesTheWholeClassInOneText) {
   AnswerNothing(factory, kSaveOf01);
   AnswerChecks(false);
@@ -391,6 +434,24 @@ TEST_F(Save, TextOfAnEmptyListIsOnlyTheDelete) {
   OpenForAdd();
   EXPECT_EQ(Utf8(SaveText(form.State())),
             "delete from icPriceDownClass where  FItemClassNumber=''");
+}
+
+TEST(SaveFailures, NameTheClassWhoseRowsCouldNotBeUpdated) {
+  int named = 0;
+  FailEachCallInTurn([&named](int failingCall) {
+    EditorWorld world;
+    AcceptSaves(world.factory);
+    world.AnswerChecks(false);
+    world.AnswerAccountIds();
+    world.OpenForEdit();
+    world.view.Type(FormField::ClassName, u"改名");
+    const int before = world.factory.CallCount();
+    world.factory.FailCall(failingCall);
+    const std::string failure = FailureOf([&] { world.form.ToolClicked(FormTool::Save); });
+    if (failure.find(" 更新物料失败，物料类别代码：01\r\n") != std::string::npos) ++named;
+    return world.factory.CallCount() - before;
+  });
+  EXPECT_GT(named, 0);
 }
 
 TEST(SaveFailures, EndTheSaveAndLeaveTheFormUsable) {
