@@ -34,6 +34,10 @@ class AutomationObject {
   // Runs a method and drops its result of any kind. Throws as Invoke does.
   virtual void Perform(MemberId member, std::span<Value> arguments);
 
+  // The argument in a form that is quickest to pass to this object many times. Throws
+  // AutomationError.
+  virtual Value Prepared(Value argument) { return argument; }
+
   // The elements of a collection in their order; empty for an object that is none.
   virtual std::optional<std::vector<Value>> Elements() { return std::nullopt; }
 

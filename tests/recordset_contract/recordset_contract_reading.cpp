@@ -115,6 +115,13 @@ TEST_P(RecordsetContract, EndsATextAtTheRequestedNumberOfRows) {
   EXPECT_EQ(TextOf(recordset, u"FNumber"), "A02");
 }
 
+TEST_P(RecordsetContract, RefusesATextOfRowsInAnotherFormat) {
+  const Recordset recordset = WithRows(1);
+  recordset.MoveFirst();
+  EXPECT_NE(FailureNumberOf([&] { recordset.Object()->Call(u"GetString", {3}); }), 0);
+  EXPECT_EQ(TextOf(recordset, u"FNumber"), "A01") << "it stays where it was";
+}
+
 TEST_P(RecordsetContract, HasNoTextOfRowsAtItsEnd) {
   const Recordset recordset = WithRows(0);
   EXPECT_EQ(FailureNumberOf([&] { recordset.Object()->Call(u"GetString"); }), kNoCurrentRecord);

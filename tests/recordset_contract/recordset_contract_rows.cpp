@@ -197,6 +197,18 @@ TEST_P(RecordsetContract, AddsARowOfABlock) {
   EXPECT_THAT(ItemIds(recordset), ElementsAre(1, 2));
 }
 
+TEST_P(RecordsetContract, AddsRowsOfPreparedFields) {
+  const Recordset recordset = WithRows(0);
+  for (const std::vector<Value>& fields :
+       {std::vector<Value>{1, 0}, std::vector<Value>{u"fnumber", u"FItemID"}}) {
+    const Value prepared = recordset.Object()->Prepared(fields);
+    recordset.AddNew(prepared, std::vector<Value>{u"A01", u"7"});
+    recordset.AddNew(prepared, std::vector<Value>{u"A02", 8});
+    EXPECT_EQ(TextOf(recordset, u"FNumber"), "A02");
+  }
+  EXPECT_THAT(ItemIds(recordset), ElementsAre(7, 8, 7, 8));
+}
+
 TEST_P(RecordsetContract, AddsNoRowWhenOneOfItsValuesDoesNotFit) {
   const Recordset recordset = WithRows(2);
   recordset.MoveFirst();

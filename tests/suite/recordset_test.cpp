@@ -9,6 +9,7 @@
 #include "platform/row_reader.h"
 #include "tests/recordset_contract/recordset_contract.h"
 #include "tests/suite/suite_fixture.h"
+#include "tests/support/memory_block.h"
 #include "tests/support/utf8.h"
 
 namespace pricedown::testing {
@@ -59,6 +60,19 @@ class MemberRows : public SuiteFixture {
     return rows;
   }
 };
+
+// As fields arrive that a client passes with every row.
+TEST_F(MemberRows, AreAddedWithFieldsInARowOfABlock) {
+  const auto fields = std::make_shared<pricedown::testing::MemoryBlock>(
+      2, std::vector<std::vector<Value>>{{1, 0}, {u"fnumber", u"FItemID"}});
+  const pricedown::Recordset rows = Members(0);
+  for (const std::size_t row : {0U, 1U}) {
+    rows.AddNew(pricedown::BlockRow{fields, row}, std::vector<Value>{u"A7", 7});
+    EXPECT_EQ(Readable(rows.Field(u"FNumber")), "\"A7\"");
+    EXPECT_EQ(rows.Field(u"FItemID"), Value(7));
+  }
+  EXPECT_EQ(rows.RecordCount(), 2);
+}
 
 TEST_F(MemberRows, FilterLeavesTheMatchingRowCurrent) {
   const auto rows = Members(3);

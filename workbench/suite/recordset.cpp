@@ -218,16 +218,17 @@ std::size_t Recordset::ColumnOf(const Value& nameOrNumber) const {
 }
 
 const std::vector<std::size_t>& Recordset::ColumnsOf(const Value& fields) {
-  const bool isList = fields.Is(Value::Kind::List);
-  if (isList && fields == pickedFields_) return pickedColumns_;
-  pickedFields_ = {};
   pickedColumns_.clear();
   if (fields.IsNothing()) {
     pickedColumns_.resize(rows_->Fields().size());
     std::iota(pickedColumns_.begin(), pickedColumns_.end(), std::size_t{0});
-  } else if (isList) {
+  } else if (fields.Is(Value::Kind::List)) {
     for (const Value& field : fields.List()) pickedColumns_.push_back(ColumnOf(field));
-    pickedFields_ = fields;
+  } else if (fields.Is(Value::Kind::Row)) {
+    const auto& [block, row] = fields.Row();
+    for (std::size_t i = 0; i < block->ColumnCount(); ++i) {
+      pickedColumns_.push_back(ColumnOf(block->CellValue(i, row)));
+    }
   } else {
     pickedColumns_.push_back(ColumnOf(fields));
   }

@@ -109,8 +109,7 @@ class Recordset : public pricedown::LocalObject<Recordset> {
   std::size_t row_ = 0;
   std::optional<std::size_t> added_;  // AddNew's row until it is committed
   Place beforeAdded_;                 // the current place to restore on cancel
-  // The last list and its columns: clients add many rows with one list.
-  pricedown::Value pickedFields_;
+  // Kept for its memory: clients add many rows.
   std::vector<std::size_t> pickedColumns_;
   std::u16string filterText_;
   std::optional<std::size_t> filterColumn_;

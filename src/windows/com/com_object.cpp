@@ -145,6 +145,10 @@ void ComObject::Perform(MemberId member, std::span<Value> arguments) {
   InvokeVariant(member, Access::Call, arguments);
 }
 
+Value ComObject::Prepared(Value argument) {
+  return argument.Is(Value::Kind::List) ? ToRow(argument.List()) : argument;
+}
+
 Variant ComObject::InvokeVariant(MemberId member, Access access, std::span<Value> arguments) {
   OutgoingArguments outgoing(arguments);
   const std::span<VARIANT> reversed = outgoing.Reversed();

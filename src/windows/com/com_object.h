@@ -27,6 +27,7 @@ class ComObject final : public AutomationObject {
   MemberId Find(std::u16string_view name) override;
   Value Invoke(MemberId member, Access access, std::span<Value> arguments) override;
   void Perform(MemberId member, std::span<Value> arguments) override;
+  Value Prepared(Value argument) override;
 
   // Adds a reference for the caller.
   ComPtr<IDispatch> Dispatch() const { return object_.Copy(); }

@@ -95,7 +95,7 @@ STDMETHODIMP DispatchObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPAR
     const Access access = AccessOf(flags);
     IncomingArguments arguments(
         *parameters, access != Access::Call, badArgument,
-        [](std::size_t, const VARIANT& argument) { return FromVariant(argument); });
+        [](std::size_t, const VARIANT& argument) { return FromArgument(argument); });
     Variant answer = id == DISPID_NEWENUM && access == Access::Call
                          ? Enumeration(*target)
                          : ToVariant(target->Invoke(id, access, arguments.Values()));

@@ -9,7 +9,7 @@
 namespace pricedown::windows {
 
 // How this module recognises its own objects when they come back; private to it.
-struct OwnObject : public IUnknown {
+MIDL_INTERFACE("C0D44559-D7C8-4F0B-A834-7A0C2B921E6F") OwnObject : public IUnknown {
   // An address that differs from module to module.
   virtual const void* STDMETHODCALLTYPE Module() noexcept = 0;
   // Borrowed. Only for this module: the result is no COM type.
@@ -18,8 +18,10 @@ struct OwnObject : public IUnknown {
 
 }  // namespace pricedown::windows
 
+#ifdef __CRT_UUID_DECL  // mingw-w64's, whose MIDL_INTERFACE drops the id
 __CRT_UUID_DECL(pricedown::windows::OwnObject, 0xC0D44559, 0xD7C8, 0x4F0B, 0xA8, 0x34, 0x7A, 0x0C,
                 0x2B, 0x92, 0x1E, 0x6F)
+#endif
 
 namespace pricedown::windows {
 

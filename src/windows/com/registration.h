@@ -40,7 +40,7 @@ struct ServerEntries {
 enum class RegistrationScope { Machine, User };
 
 // Writes all entries with `module` as the server's path. Throws AutomationError and then removes
-// what it has written.
+// all of them, those of an earlier registration too.
 void Register(const ServerEntries& entries, RegistrationScope scope, const std::wstring& module);
 
 // Removes all entries; missing ones are no failure, and a ProgID that now names another

@@ -23,16 +23,22 @@ std::size_t Extent(SAFEARRAY* array, UINT dimension) {
 }  // namespace
 
 SafeArrayBlock::SafeArrayBlock(SafeArray array, ToValue toValue)
-    : array_(std::move(array)), toValue_(toValue) {
-  if (SafeArrayGetDim(array_.get()) != 2) {
-    throw AutomationError(ErrorNumber::TypeMismatch, u"数组不是二维的");
+    : SafeArrayBlock(array.get(), toValue) {
+  owned_ = std::move(array);
+}
+
+SafeArrayBlock::SafeArrayBlock(SAFEARRAY* array, ToValue toValue)
+    : array_(array), toValue_(toValue) {
+  const UINT dimensions = SafeArrayGetDim(array_);
+  if (dimensions < 1 || dimensions > 2) {
+    throw AutomationError(ErrorNumber::TypeMismatch, u"数组的维数不是一或二");
   }
-  ThrowIfFailed(SafeArrayGetVartype(array_.get(), &type_));
-  elementSize_ = SafeArrayGetElemsize(array_.get());
-  columns_ = Extent(array_.get(), 1);
-  rows_ = Extent(array_.get(), 2);
+  ThrowIfFailed(SafeArrayGetVartype(array_, &type_));
+  elementSize_ = SafeArrayGetElemsize(array_);
+  columns_ = Extent(array_, 1);
+  rows_ = dimensions == 2 ? Extent(array_, 2) : 1;
   void* data = nullptr;
-  ThrowIfFailed(SafeArrayAccessData(array_.get(), &data));
+  ThrowIfFailed(SafeArrayAccessData(array_, &data));
   data_ = static_cast<std::byte*>(data);
 }
 
@@ -42,7 +48,7 @@ SafeArrayBlock::~SafeArrayBlock() {
     rowDescriptor_->cLocks = 0;
     SafeArrayDestroyDescriptor(rowDescriptor_);
   }
-  SafeArrayUnaccessData(array_.get());
+  SafeArrayUnaccessData(array_);
 }
 
 // Cells of a row lie side by side.

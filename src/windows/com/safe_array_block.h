@@ -1,4 +1,4 @@
-// A two-dimensional SAFEARRAY as a block of cells, read in place: what GetRows returns over COM.
+// A SAFEARRAY as a block of cells, read in place: what GetRows returns over COM, or one row.
 #pragma once
 
 #include "platform/cell_block.h"
@@ -11,9 +11,11 @@ class SafeArrayBlock final : public CellBlock {
   // Converts one element.
   using ToValue = Value (*)(const VARIANT& element);
 
-  // The first dimension is the column. Throws AutomationError: TypeMismatch unless the array has
-  // two dimensions.
+  // The first dimension is the column; an array without a second one is a single row. Throws
+  // AutomationError: TypeMismatch for more dimensions.
   SafeArrayBlock(SafeArray array, ToValue toValue);
+  // A borrowed array, which stays locked as long as this object lives.
+  SafeArrayBlock(SAFEARRAY* array, ToValue toValue);
   ~SafeArrayBlock() override;
 
   std::size_t ColumnCount() const override { return columns_; }
@@ -22,7 +24,7 @@ class SafeArrayBlock final : public CellBlock {
   Value CellValue(std::size_t column, std::size_t row) const override;
 
   // Borrowed.
-  SAFEARRAY* Array() const { return array_.get(); }
+  SAFEARRAY* Array() const { return array_; }
   // The cells of a row as a one-dimensional array, for a callee that only reads. Borrowed until the
   // next call; null when the cells are no variants.
   SAFEARRAY* RowArray(std::size_t row) const;
@@ -31,7 +33,8 @@ class SafeArrayBlock final : public CellBlock {
   // The element as a variant that owns nothing.
   VARIANT Element(std::size_t column, std::size_t row) const;
 
-  SafeArray array_;
+  SafeArray owned_;
+  SAFEARRAY* array_;
   ToValue toValue_;
   VARTYPE type_ = VT_EMPTY;
   std::size_t elementSize_ = 0;

@@ -171,6 +171,17 @@ VARTYPE ArrayType(SAFEARRAY* array) {
 
 }  // namespace
 
+Value FromArgument(const VARIANT& argument) {
+  const bool isRow = argument.vt == (VT_ARRAY | VT_VARIANT) && argument.parray != nullptr &&
+                     SafeArrayGetDim(argument.parray) == 1;
+  if (!isRow) return FromVariant(argument);
+  return BlockRow{std::make_shared<const SafeArrayBlock>(argument.parray, FromVariant), 0};
+}
+
+Value ToRow(const std::vector<Value>& list) {
+  return BlockRow{std::make_shared<const SafeArrayBlock>(ToVector(list), FromVariant), 0};
+}
+
 Value FromVariant(const VARIANT& variant) {
   if ((variant.vt & VT_BYREF) != 0) return FromVariant(Dereferenced(variant));
   if ((variant.vt & VT_ARRAY) != 0) return FromArray(variant.parray);

@@ -1,6 +1,8 @@
 // The core's values as VARIANTs and back: the one place with rules about variant types.
 #pragma once
 
+#include <vector>
+
 #include "platform/value.h"
 #include "windows/com/dispatch_value.h"
 #include "windows/com/variant.h"
@@ -20,6 +22,13 @@ Value FromVariantOrNullBlock(const VARIANT& variant);
 
 // The same as FromVariant without copying a two-dimensional array.
 Value ConsumeVariant(Variant variant);
+
+// The same as FromVariant, but an array of variants with one dimension becomes a row that is read
+// in place, for a callee that keeps no array longer than the call.
+Value FromArgument(const VARIANT& argument);
+
+// The list as a row that is converted to a variant without copying it.
+Value ToRow(const std::vector<Value>& list);
 
 // A reference is followed. Throws AutomationError (TypeMismatch for a null block) or
 // std::bad_alloc.

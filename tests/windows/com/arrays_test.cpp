@@ -203,6 +203,49 @@ TEST(RowOfABlockOverAnArray, OfOtherElementsIsConverted) {
   EXPECT_EQ(Readable(windows::FromVariant(arguments.Reversed()[0])), "[0, 4]");
 }
 
+TEST(ArgumentArray, OfVariantsIsARowThatIsReadInPlace) {
+  SafeArray array;
+  array.attach(SafeArrayCreateVector(VT_VARIANT, 3, 2));
+  const Bstr text(u"物料");
+  VARIANT name = Text(text.get());
+  LONG index = 4;
+  ASSERT_EQ(SafeArrayPutElement(array.get(), &index, &name), S_OK);
+  VARIANT* element = nullptr;
+  ASSERT_EQ(SafeArrayPtrOfIndex(array.get(), &index, reinterpret_cast<void**>(&element)), S_OK);
+  {
+    const Value argument = windows::FromArgument(Holding(array, VT_VARIANT));
+    ASSERT_TRUE(argument.Is(Value::Kind::Row));
+    const auto& [block, row] = argument.Row();
+    EXPECT_EQ(block->ColumnCount(), 2U);
+    EXPECT_EQ(block->RowCount(), 1U);
+    EXPECT_EQ(block->Cell(1, row).text.data(), static_cast<const void*>(element->bstrVal));
+    EXPECT_EQ(Readable(block->CellValue(0, row)), "Empty");
+    EXPECT_NE(SafeArrayRedim(array.get(), array.get()->rgsabound), S_OK) << "it is locked";
+  }
+  EXPECT_EQ(SafeArrayDestroy(array.release()), S_OK);
+}
+
+TEST(ArgumentArray, OfOtherElementsIsAList) {
+  SafeArray array;
+  array.attach(SafeArrayCreateVector(VT_I2, 0, 1));
+  EXPECT_EQ(Readable(windows::FromArgument(Holding(array, VT_I2))), "[int16 0]");
+  EXPECT_EQ(Readable(windows::FromArgument(Holding(SafeArray(), VT_VARIANT))), "[]");
+  SafeArray table = Table(VT_VARIANT);
+  EXPECT_TRUE(windows::FromArgument(Holding(table, VT_VARIANT)).Is(Value::Kind::Block));
+}
+
+TEST(PreparedList, IsConvertedOnce) {
+  Value rows[] = {windows::ToRow({1, u"甲"})};
+  // At the same time: a second array of its own would be elsewhere.
+  windows::OutgoingArguments first(rows);
+  windows::OutgoingArguments second(rows);
+  for (windows::OutgoingArguments* call : {&first, &second}) {
+    const VARIANT& passed = call->Reversed()[0];
+    EXPECT_EQ(Readable(windows::FromVariant(passed)), R"([1, "甲"])");
+    EXPECT_EQ(passed.parray->pvData, first.Reversed()[0].parray->pvData);
+  }
+}
+
 TEST(BlockOverAnArray, IsPassedAsACopyOfTheArray) {
   SafeArray array = Table(VT_I4);
   LONG number = 4;

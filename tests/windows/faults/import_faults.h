@@ -10,7 +10,7 @@ enum class FaultKind {
   Windows,   // windows, their classes, menus, message boxes
   Boundary,  // strings, arrays, memory and error objects passed over COM
   Memory,    // the library's own
-  Drawing    // fonts, bitmaps, contexts, regions, icons, global memory
+  Drawing    // fonts, bitmaps, contexts, metafiles, regions, icons, global memory
 };
 
 // Only one at a time, and only on one thread.

@@ -9,6 +9,7 @@
 #include <functional>
 #include <iostream>
 #include <string>
+#include <vector>
 
 #include "tests/support/number_from_environment.h"
 #include "tests/windows/conformance/process_resources.h"
@@ -256,6 +257,58 @@ TEST_F(LibraryFaults, OfTheQuestionDeleteNothing) {
     EXPECT_EQ(host.world.log.Text().find("elete"), std::string::npos) << host.world.log.Text();
     ExpectUsable();
   });
+  host.Close();
+}
+
+BOOL CALLBACK AddPlace(HWND child, LPARAM places) {
+  RECT area{};
+  GetWindowRect(child, &area);
+  reinterpret_cast<std::vector<std::string>*>(places)->push_back(
+      std::to_string(GetDlgCtrlID(child)) + ": " + std::to_string(area.left) + "," +
+      std::to_string(area.top) + " " + std::to_string(area.right) + "," +
+      std::to_string(area.bottom));
+  return TRUE;
+}
+
+// The places of all windows inside `window`, in its order of children.
+std::vector<std::string> PlacesIn(HWND window) {
+  std::vector<std::string> places;
+  EnumChildWindows(window, AddPlace, reinterpret_cast<LPARAM>(&places));
+  return places;
+}
+
+TEST_F(LibraryFaults, OfPlacingAtOncePlaceTheWindowsOneByOne) {
+  host.Open();
+  const auto resize = [&](int width, int height) {
+    SetWindowPos(host.Window(), nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
+  };
+  resize(650, 450);
+  const std::vector<std::string> places = PlacesIn(host.Window());
+  resize(500, 350);
+  faults.Fail(FaultKind::Windows, 0);
+  resize(650, 450);
+  const int calls = faults.Stop();
+  ASSERT_GT(calls, 2);
+  for (int failing = 1; failing <= calls; ++failing) {
+    resize(500, 350);
+    faults.Fail(FaultKind::Windows, failing);
+    resize(650, 450);
+    faults.Stop();
+    EXPECT_EQ(PlacesIn(host.Window()), places) << failing;
+  }
+  host.Close();
+}
+
+TEST_F(LibraryFaults, OfTheMetafileIsTheResultOfThePicture) {
+  host.Open();
+  FORMATETC format{CF_METAFILEPICT, nullptr, DVASPECT_CONTENT, -1, TYMED_MFPICT};
+  STGMEDIUM medium{};
+  faults.Fail(FaultKind::Drawing, 1);
+  EXPECT_EQ(host.As<IDataObject>()->GetData(&format, &medium), E_OUTOFMEMORY);
+  faults.Stop();
+  EXPECT_EQ(medium.hMetaFilePict, nullptr);
+  EXPECT_EQ(host.As<IDataObject>()->GetData(&format, &medium), S_OK);
+  ReleaseStgMedium(&medium);
   host.Close();
 }
 

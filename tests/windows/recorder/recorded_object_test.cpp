@@ -8,15 +8,17 @@
 #include <dispex.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <nlohmann/json.hpp>
+#include <optional>
+#include <sstream>
 #include <string>
 #include <thread>
 #include <vector>
 
+#include "tests/sample/temporary_folder.h"
 #include "tests/windows/recorder/called_object.h"
 #include "windows/com/variant.h"
+#include "workbench/recording/com/real_suite.h"
 
 namespace workbench {
 namespace {
@@ -24,29 +26,28 @@ namespace {
 using pricedown::windows::ComPtr;
 using pricedown::windows::Variant;
 
-// The folder of this program's recording, for as long as it runs.
+// The folder of this program's recording; it ends after the recorder, which holds its file open.
 class RecordingFolder : public ::testing::Environment {
  public:
   void SetUp() override {
     OleInitialize(nullptr);
-    path = std::filesystem::temp_directory_path() /
-           ("recorder-" + std::to_string(GetCurrentProcessId()));
-    std::filesystem::create_directory(path);
-    SetEnvironmentVariableW(L"SUITE_RECORDER_FOLDER", path.wstring().c_str());
+    folder.emplace();
+    SetEnvironmentVariableW(L"SUITE_RECORDER_FOLDER",
+                            PathFromUtf8(folder->PathOf("")).wstring().c_str());
     SetEnvironmentVariableW(L"SUITE_RECORDER_VALUES", L"1");
   }
   void TearDown() override { OleUninitialize(); }
 
   static std::vector<Json> Lines() {
     std::vector<Json> lines;
-    for (const auto& file : std::filesystem::directory_iterator(path)) {
-      std::ifstream stream(file.path());
+    for (const std::string& name : folder->Names()) {
+      std::istringstream stream(folder->Read(name));
       for (std::string line; std::getline(stream, line);) lines.push_back(Json::parse(line));
     }
     return lines;
   }
 
-  static inline std::filesystem::path path;
+  static inline std::optional<testing::TemporaryFolder> folder;
 };
 [[maybe_unused]] const auto* const recordingFolder =
     ::testing::AddGlobalTestEnvironment(new RecordingFolder);
@@ -348,6 +349,18 @@ TEST(RecordedObjectTest, UnknownNamesAreWritten) {
   EXPECT_EQ(DISP_E_UNKNOWNNAME, recorded->GetIDsOfNames(IID_NULL, names, 1, 0, &id));
   EXPECT_EQ("Absent", LastLine("name").at("member"));
   EXPECT_EQ("0x80020006", LastLine("name").at("failure").at("number"));
+}
+
+TEST(RealSuite, AManifestHasOneContextInTheProcess) {
+  const testing::TemporaryFolder folder;
+  const std::wstring file = PathFromUtf8(folder.PathOf("suite.manifest")).wstring();
+  EXPECT_EQ(INVALID_HANDLE_VALUE, ContextOf(file));
+  folder.Write("suite.manifest",
+               R"(<assembly xmlns="urn:schemas-microsoft-com:asm.v1" manifestVersion="1.0">)"
+               R"(<assemblyIdentity type="win32" name="suite" version="1.0.0.0"/></assembly>)");
+  const HANDLE context = ContextOf(file);
+  EXPECT_NE(INVALID_HANDLE_VALUE, context) << GetLastError();
+  EXPECT_EQ(context, ContextOf(file));
 }
 
 TEST(RecordedObjectTest, OtherInterfacesAreThoseOfTheObject) {
