@@ -1,4 +1,4 @@
-// The state shared by all controls of a process; the module owns the one instance.
+// The state shared by the controls of a process that run on one thread; the module owns it.
 #pragma once
 
 #include <cstdint>

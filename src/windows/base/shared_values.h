@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "windows/base/exclusive_lock.h"
+
 namespace pricedown::windows {
 
 // Owns no value: a value made for its first user lives until its last one releases it.
@@ -17,8 +19,7 @@ class SharedValues {
   // Requires: `make` does not call this. Throws what `make` throws.
   template <typename Make>
   std::shared_ptr<T> Get(const Key& key, Make&& make) {
-    AcquireSRWLockExclusive(&lock_);
-    const std::unique_ptr<SRWLOCK, Unlock> locked(&lock_);
+    const ExclusiveLock locked(lock_);
     std::erase_if(values_, [](const auto& value) { return value.second.expired(); });
     for (const auto& [known, value] : values_) {
       // Another key's value may belong to another thread, which alone may release it.
@@ -31,10 +32,6 @@ class SharedValues {
   }
 
  private:
-  struct Unlock {
-    void operator()(SRWLOCK* lock) const { ReleaseSRWLockExclusive(lock); }
-  };
-
   SRWLOCK lock_ = SRWLOCK_INIT;
   std::vector<std::pair<Key, std::weak_ptr<T>>> values_;
 };

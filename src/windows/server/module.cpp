@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <new>
 
+#include "windows/base/exclusive_lock.h"
 #include "windows/com/module_path.h"
 #include "windows/com/wide_text.h"
 
@@ -15,6 +16,17 @@ Module& TheModule() {
   alignas(Module) static std::byte storage[sizeof(Module)];
   static Module* module = new (storage) Module;
   return *module;
+}
+
+SharedState& Module::StateOfThisThread() {
+  const DWORD thread = GetCurrentThreadId();
+  const ExclusiveLock locked(lock_);
+  for (const auto& known : threads_) {
+    if (known->thread == thread) return *known;
+  }
+  threads_.push_back(std::make_unique<SharedState>());
+  threads_.back()->thread = thread;
+  return *threads_.back();
 }
 
 std::u16string ProgramName() {

@@ -1,9 +1,10 @@
-// The one struct that outlives every control: the module's handle and the process-wide values.
+// The one struct that outlives every control: the module's handle and what controls share.
 #pragma once
 
 #include <windows.h>
 
 #include <memory>
+#include <vector>
 
 #include "env/process_state.h"
 #include "windows/com/com_object_factory.h"
@@ -11,15 +12,28 @@
 
 namespace pricedown::windows {
 
-struct Module {
-  HINSTANCE instance = nullptr;
+// What the controls of one thread share: the form and the suite's objects belong to that thread.
+struct SharedState {
+  DWORD thread = 0;
   ProcessState state;
-  ComObjectFactory factory;
   // Owned by the controls that have used it.
   std::weak_ptr<ItemClassDialog> editor;
 };
 
-// Requires: called on the user-interface thread, except for the handle.
+class Module {
+ public:
+  HINSTANCE instance = nullptr;
+  ComObjectFactory factory;
+
+  // The calling thread's; made by the first call on it, and kept until the module ends. Throws
+  // std::bad_alloc.
+  SharedState& StateOfThisThread();
+
+ private:
+  SRWLOCK lock_ = SRWLOCK_INIT;
+  std::vector<std::unique_ptr<SharedState>> threads_;
+};
+
 Module& TheModule();
 
 // The name of the program's file without folder and extension. Throws AutomationError.

@@ -57,68 +57,95 @@ HRESULT PriceDownImpl::Answer(DISPID id, VARIANT* result) noexcept {
 }
 
 STDMETHODIMP PriceDownImpl::NotifyMessage(BSTR strMsg, SAFEARRAY**) noexcept {
-  return Hosted().Run([&] { Call(1, {FromBstr(strMsg), Value()}); }, IID__PriceDown);
+  return Hosted().Run(
+      [&] {
+        Call(member_ids::kNotifyMessage, {FromBstr(strMsg), Value()});
+      },
+      IID__PriceDown);
 }
 
 STDMETHODIMP PriceDownImpl::RefreshToolbar() noexcept {
-  return Hosted().Run([&] { Call(2); }, IID__PriceDown);
+  return Hosted().Run([&] { Call(member_ids::kRefreshToolbar); }, IID__PriceDown);
 }
 
 STDMETHODIMP PriceDownImpl::Show(IDispatch** ParentWnd, VARIANT_BOOL* result) noexcept {
   if (result == nullptr) return E_POINTER;
   *result = VARIANT_FALSE;
   return Hosted().Run(
-      [&] { *result = Call(3, {Borrowed(ParentWnd)}).Boolean() ? VARIANT_TRUE : VARIANT_FALSE; },
+      [&] {
+        *result =
+            Call(member_ids::kShow, {Borrowed(ParentWnd)}).Boolean() ? VARIANT_TRUE : VARIANT_FALSE;
+      },
       IID__PriceDown);
 }
 
 STDMETHODIMP PriceDownImpl::put_ShowMode(short mode) noexcept {
-  return Hosted().Run([&] { Call(4, {static_cast<std::int16_t>(mode)}); }, IID__PriceDown);
+  return Hosted().Run([&] { Call(member_ids::kShowMode, {static_cast<std::int16_t>(mode)}); },
+                      IID__PriceDown);
 }
 
 STDMETHODIMP PriceDownImpl::ParentWindow_ToolBarClick(IDispatch** Tool, VARIANT_BOOL*) noexcept {
-  return Hosted().Run([&] { Call(5, {Borrowed(Tool), false}); }, IID__PriceDown);
+  return Hosted().Run(
+      [&] {
+        Call(member_ids::kToolBarClick, {Borrowed(Tool), false});
+      },
+      IID__PriceDown);
 }
 
 STDMETHODIMP PriceDownImpl::SelBlock(IDispatch* grd, VARIANT lCol, VARIANT lCol2, VARIANT lRow,
                                      VARIANT lRow2) noexcept {
   return Hosted().Run(
       [&] {
-        Call(6, {FromDispatch(grd), FromVariantOrNullBlock(lCol), FromVariantOrNullBlock(lCol2),
-                 FromVariantOrNullBlock(lRow), FromVariantOrNullBlock(lRow2)});
+        Call(member_ids::kSelBlock,
+             {FromDispatch(grd), FromVariantOrNullBlock(lCol), FromVariantOrNullBlock(lCol2),
+              FromVariantOrNullBlock(lRow), FromVariantOrNullBlock(lRow2)});
       },
       IID__PriceDown);
 }
 
-STDMETHODIMP PriceDownImpl::PreviewPara(VARIANT* result) noexcept { return Answer(7, result); }
+STDMETHODIMP PriceDownImpl::PreviewPara(VARIANT* result) noexcept {
+  return Answer(member_ids::kPreviewPara, result);
+}
 
-STDMETHODIMP PriceDownImpl::PrintPara(VARIANT* result) noexcept { return Answer(8, result); }
+STDMETHODIMP PriceDownImpl::PrintPara(VARIANT* result) noexcept {
+  return Answer(member_ids::kPrintPara, result);
+}
 
-STDMETHODIMP PriceDownImpl::ModelCurrent(VARIANT* result) noexcept { return Answer(9, result); }
+STDMETHODIMP PriceDownImpl::ModelCurrent(VARIANT* result) noexcept {
+  return Answer(member_ids::kModelCurrent, result);
+}
 
-STDMETHODIMP PriceDownImpl::addRecord(VARIANT* result) noexcept { return Answer(10, result); }
+STDMETHODIMP PriceDownImpl::addRecord(VARIANT* result) noexcept {
+  return Answer(member_ids::kAddRecord, result);
+}
 
-STDMETHODIMP PriceDownImpl::editRecord(VARIANT* result) noexcept { return Answer(11, result); }
+STDMETHODIMP PriceDownImpl::editRecord(VARIANT* result) noexcept {
+  return Answer(member_ids::kEditRecord, result);
+}
 
-STDMETHODIMP PriceDownImpl::delRecord(VARIANT* result) noexcept { return Answer(12, result); }
+STDMETHODIMP PriceDownImpl::delRecord(VARIANT* result) noexcept {
+  return Answer(member_ids::kDelRecord, result);
+}
 
 STDMETHODIMP PriceDownImpl::get_Ready(VARIANT_BOOL* result) noexcept {
   if (result == nullptr) return E_POINTER;
   *result = VARIANT_FALSE;
-  return Hosted().Run([&] { *result = Call(101).Boolean() ? VARIANT_TRUE : VARIANT_FALSE; },
-                      IID__PriceDownState);
+  return Hosted().Run(
+      [&] { *result = Call(member_ids::kReady).Boolean() ? VARIANT_TRUE : VARIANT_FALSE; },
+      IID__PriceDownState);
 }
 
 STDMETHODIMP PriceDownImpl::get_CreationError(BSTR* result) noexcept {
   if (result == nullptr) return E_POINTER;
   *result = nullptr;
-  return Hosted().Run([&] { *result = Bstr(Call(102).Text()).release(); }, IID__PriceDownState);
+  return Hosted().Run([&] { *result = Bstr(Call(member_ids::kCreationError).Text()).release(); },
+                      IID__PriceDownState);
 }
 
 STDMETHODIMP PriceDownImpl::get_Listener(IDispatch** result) noexcept {
   if (result == nullptr) return E_POINTER;
   *result = nullptr;
-  return Hosted().Run([&] { *result = ToDispatch(Call(103).Object()).release(); },
+  return Hosted().Run([&] { *result = ToDispatch(Call(member_ids::kListener).Object()).release(); },
                       IID__PriceDownState);
 }
 

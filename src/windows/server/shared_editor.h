@@ -1,4 +1,4 @@
-// The process's one item class form, as one control uses it. The form lives as long as any control
+// The thread's one item class form, as one control uses it. The form lives as long as any control
 // that has used it.
 #pragma once
 
@@ -13,7 +13,8 @@ namespace pricedown::windows {
 class SharedEditor final : public ItemClassEditor {
  public:
   // The form is shown over the top-level window around `window`. Both must outlive the object.
-  SharedEditor(Module& module, const ControlWindow& window) : module_(module), window_(window) {}
+  SharedEditor(Module& module, const ControlWindow& window)
+      : module_(module), shared_(module.StateOfThisThread()), window_(window) {}
 
   // ItemClassEditor
   ItemClassForm& Form() override;
@@ -21,6 +22,7 @@ class SharedEditor final : public ItemClassEditor {
 
  private:
   Module& module_;
+  SharedState& shared_;
   const ControlWindow& window_;
   std::shared_ptr<ItemClassDialog> dialog_;
 };

@@ -135,19 +135,21 @@ STDMETHODIMP ViewObjectImpl::GetData(FORMATETC* format, STGMEDIUM* medium) noexc
   *medium = {};
   const HRESULT known = QueryGetData(format);
   if (FAILED(known)) return known;
-  if (!Hosted().IsOnItsThread()) return RPC_E_WRONG_THREAD;
+  if (!Hosted().IsOnItsThread()) return RefuseThread();
   // The metafile's numbers have 16 bits: pixels fit, units of 0.01 mm do not.
   RECT client{};
   GetClientRect(Hosted().Window().Handle(), &client);
   const HDC context = CreateMetaFileW(nullptr);
+  if (context == nullptr) return E_OUTOFMEMORY;
   SetWindowOrgEx(context, 0, 0, nullptr);
   SetWindowExtEx(context, client.right, client.bottom, nullptr);
   const RECTL bounds{0, 0, client.right, client.bottom};
   const HRESULT drawn =
       Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, context, &bounds, nullptr, nullptr, 0);
   const HMETAFILE metafile = CloseMetaFile(context);
-  void* const memory =
-      SUCCEEDED(drawn) ? GlobalAlloc(GMEM_MOVEABLE, sizeof(METAFILEPICT)) : nullptr;
+  void* const memory = SUCCEEDED(drawn) && metafile != nullptr
+                           ? GlobalAlloc(GMEM_MOVEABLE, sizeof(METAFILEPICT))
+                           : nullptr;
   if (memory == nullptr) {
     DeleteMetaFile(metafile);
     return FAILED(drawn) ? drawn : E_OUTOFMEMORY;

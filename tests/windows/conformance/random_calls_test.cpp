@@ -192,7 +192,7 @@ TEST_F(RandomCalls, OfTheControlLeaveNothingBehind) {
 }
 
 TEST_F(RandomCalls, OfTheInterfaceLeaveNothingBehind) {
-  CallEarly(kCalls / 12);
+  CallEarly(kCalls / 4);
   const ProcessResources before = ResourcesNow();
   CallEarly(kCalls / 4);
   const ProcessResources after = ResourcesNow();

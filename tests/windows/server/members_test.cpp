@@ -116,7 +116,7 @@ TEST_F(Members, NotifyMessageHasTwoArguments) {
 }
 
 // An object without automation merges nothing and fails nothing.
-TEST_F(Members, ShowAnswersTrueForAnObjectWithoutAutomation) {
+TEST_F(Members, ShowReturnsTrueForAnObjectWithoutAutomation) {
   VARIANT object;
   VariantInit(&object);
   object.vt = VT_UNKNOWN;

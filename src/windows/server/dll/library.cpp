@@ -15,10 +15,12 @@ using pricedown::windows::AtBoundary;
 using pricedown::windows::RegistrationScope;
 using pricedown::windows::TheModule;
 
+#ifdef __GLIBCXX__
 namespace __gnu_cxx {
 // Frees the C++ runtime's emergency pool for exceptions.
 void __freeres();  // NOLINT(bugprone-reserved-identifier)
 }  // namespace __gnu_cxx
+#endif
 
 namespace {
 
@@ -42,7 +44,9 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID processE
     DisableThreadLibraryCalls(instance);
   } else if (reason == DLL_PROCESS_DETACH && processEnds == nullptr) {
     std::destroy_at(&TheModule());
+#ifdef __GLIBCXX__
     __gnu_cxx::__freeres();
+#endif
   }
   return TRUE;
 }
