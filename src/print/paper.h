@@ -26,7 +26,7 @@ struct Paper {
   Tenths height = 2970;
   Margins margins{kDefaultMargin, kDefaultMargin, kDefaultMargin, kDefaultMargin};
 
-  // Landscape for portrait and the reverse; each margin stays on its side of what is read.
+  // Swaps width and height; the margins keep their sides.
   Paper Turned() const { return {height, width, margins}; }
   // The area inside the margins; empty when they leave none.
   Rectangle Inside() const;

@@ -35,6 +35,7 @@ INSTANTIATE_TEST_SUITE_P(
         FitCase{"Shorter", u"abc", 100, "abc"}, FitCase{"Exact", u"abcde", 100, "abcde"},
         FitCase{"OneTenthTooLong", u"abcde", 99, "ab…"},
         FitCase{"Chinese", u"六角螺栓", 159, "六角…"}, FitCase{"EllipsisAlone", u"abcde", 59, "…"},
+        FitCase{"ExactlyTheEllipsis", u"abcde", 40, "…"},
         FitCase{"NotEvenTheEllipsis", u"abcde", 39, ""}, FitCase{"NoWidth", u"abc", 0, ""},
         FitCase{"NegativeWidth", u"abc", -5, ""}, FitCase{"NoText", u"", 100, ""},
         FitCase{"ControlCharacters", u"a\r\nb\tc", 200, "a  b c"},
@@ -62,8 +63,8 @@ TEST_F(FittedText, KeepsAVeryLongTextThatFits) {
 }
 
 TEST_F(FittedText, CopiesNothingOfATextThatFitsAsItIs) {
-  const std::u16string text = u"六角螺栓";
-  EXPECT_EQ(FitText(measurer_, font_, text, 200, made_).data(), text.data());
+  const std::u16string text = u"六角 螺栓";
+  EXPECT_EQ(FitText(measurer_, font_, text, 300, made_).data(), text.data());
   EXPECT_EQ(measurer_.calls, 1);
 }
 

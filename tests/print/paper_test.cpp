@@ -47,7 +47,12 @@ INSTANTIATE_TEST_SUITE_P(
         PaperCase{"AbsurdlyLarge",
                   {1, 1, kLargest, kLargest, kLargest, 0, -kLargest, kLargest},
                   {100'000, 100'000, {100'000, 0, 100'000, 0}}},
+        PaperCase{"OneDot", {254, 254, 1, 1, 0, 0, 1, 1}, {1, 1, {0, 0, 0, 0}}},
+        // 2.54 tenths of a millimetre.
+        PaperCase{"NearestTenth", {300, 300, 3, 3, 0, 0, 3, 3}, {3, 3, {0, 0, 0, 0}}},
         PaperCase{"NoResolution", {0, 0, 2480, 3508, 9, 9, 1, 1}, {2100, 2970, {0, 0, 0, 0}}},
+        PaperCase{"NoWidth", {254, 254, 0, 2970, 0, 0, 0, 2970}, {2100, 2970, {0, 0, 0, 0}}},
+        PaperCase{"NoHeight", {254, 254, 2000, 0, 0, 0, 2000, 0}, {2100, 2970, {0, 0, 0, 0}}},
         PaperCase{"NoPaper", {96, 96, 0, 0, 0, 0, 1280, 800}, {2100, 2970, {0, 0, 0, 0}}}),
     CaseName<PaperCase>);
 

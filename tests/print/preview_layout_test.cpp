@@ -50,10 +50,18 @@ TEST(PreviewLayout, StandsInOneRowWhereItFits) {
 
 TEST(PreviewLayout, HasASecondRowWhereItIsTooNarrow) {
   const PreviewPlaces places = PlacePreview({kOneRow - 1, 700}, kMeasures, 96);
-  EXPECT_EQ(places.zoomLabel.left, 4);
-  EXPECT_GE(places.zoomLabel.top, places.documentBar.Bottom());
+  EXPECT_EQ(places.pageCount, (Rectangle{536, 10, 70, 15}));
+  EXPECT_EQ(places.zoomLabel, (Rectangle{4, 42, 45, 15}));
+  EXPECT_EQ(places.zoom, (Rectangle{53, 39, 80, 22 + 320}));
+  EXPECT_EQ(places.viewBar, (Rectangle{137, 36, 220, 28}));
   EXPECT_EQ(places.pane.top, 70);
   ExpectApartAndInside(places, kOneRow - 1);
+}
+
+TEST(PreviewLayout, KeepsTheEdgesOfLineAndFieldAtTwiceTheResolution) {
+  const PreviewPlaces places = PlacePreview({2000, 700}, kMeasures, 192);
+  EXPECT_EQ(places.pageField.height, 15 + 4 + 2);
+  EXPECT_EQ(places.line, (Rectangle{0, 44, 2000, 2}));
 }
 
 TEST(PreviewLayout, ShowsEveryButtonAtItsMinimumSize) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "windows/base/centring.h"
 #include "windows/base/message_box_questions.h"
 #include "windows/base/painting.h"
 #include "windows/base/plain_control.h"
@@ -66,25 +67,9 @@ SIZE ModalFrameWindow::OuterSize(SIZE client) const {
   return {WidthOf(area), HeightOf(area)};
 }
 
-std::optional<RECT> ModalFrameWindow::OwnerArea() const {
-  RECT area{};
-  if (owner_ == nullptr || IsIconic(owner_) != FALSE || GetWindowRect(owner_, &area) == FALSE) {
-    return std::nullopt;
-  }
-  return area;
-}
+std::optional<RECT> ModalFrameWindow::OwnerArea() const { return AreaOfOwner(owner_); }
 
-void ModalFrameWindow::Centre(SIZE size) {
-  MONITORINFO monitor{};
-  monitor.cbSize = sizeof monitor;
-  GetMonitorInfoW(
-      MonitorFromWindow(owner_ != nullptr ? owner_ : Handle(), MONITOR_DEFAULTTONEAREST), &monitor);
-  const RECT& work = monitor.rcWork;
-  const Rectangle place =
-      CentredOver({size.cx, size.cy}, FromRect(OwnerArea().value_or(work)), FromRect(work));
-  SetWindowPos(Handle(), nullptr, place.left, place.top, place.width, place.height,
-               SWP_NOZORDER | SWP_NOACTIVATE);
-}
+void ModalFrameWindow::Centre(SIZE size) { CentreOver(Handle(), owner_, size); }
 
 void ModalFrameWindow::LayOut() {
   if (Handle() == nullptr || !font_) return;

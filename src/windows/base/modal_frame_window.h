@@ -39,7 +39,7 @@ class ModalFrameWindow : public CommandWindow, protected BoundWindow {
   void CreateFrame(const wchar_t* className, HWND owner, std::u16string_view title = {});
   // The outer size for that inner one.
   SIZE OuterSize(SIZE client) const;
-  // A no-op without a visible owner.
+  // See AreaOfOwner.
   std::optional<RECT> OwnerArea() const;
   // Places the window with that outer size over its owner, inside the owner's screen.
   void Centre(SIZE size);

@@ -10,12 +10,14 @@
 #include <vector>
 
 #include "env/translation.h"
+#include "platform/convert.h"
 #include "platform/error.h"
 #include "windows/base/dpi.h"
 #include "windows/base/focus_return.h"
 #include "windows/base/fonts.h"
 #include "windows/base/gdi.h"
 #include "windows/base/message_box_questions.h"
+#include "windows/base/plain_control.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::windows {
@@ -81,8 +83,8 @@ Font FontOf(const LOGFONTW& chosen, double points, const Showing& showing) {
 void Apply(HWND dialog, const Showing& showing) {
   LOGFONTW chosen{};
   SendMessageW(dialog, WM_CHOOSEFONT_GETLOGFONT, 0, reinterpret_cast<LPARAM>(&chosen));
-  const UINT points = GetDlgItemInt(dialog, cmb3, nullptr, FALSE);
   try {
+    const double points = LeadingNumber(TextOf(GetDlgItem(dialog, cmb3)));
     showing.apply(FontOf(chosen, points, showing));
   } catch (...) {
     ReportFailure(dialog, CurrentFailure());

@@ -112,14 +112,8 @@ void PreviewWindow::OnChildCommand(HWND child, int id, int code) {
 }
 
 LRESULT PreviewWindow::OnNotify(NMHDR& header) {
-  if (header.code != TTN_GETDISPINFOW) return 0;
-  for (const PreviewBar* bar : {&children_->documentBar, &children_->viewBar}) {
-    const LRESULT tips = SendMessageW(bar->toolStrip.Handle(), TB_GETTOOLTIPS, 0, 0);
-    if (reinterpret_cast<HWND>(tips) == header.hwndFrom) {
-      bar->toolStrip.OnTooltip(reinterpret_cast<NMTTDISPINFOW&>(header));
-    }
-  }
-  return 0;
+  const LRESULT result = children_->documentBar.toolStrip.OnNotify(header);
+  return result != 0 ? result : children_->viewBar.toolStrip.OnNotify(header);
 }
 
 void PreviewWindow::OnDestroy() {

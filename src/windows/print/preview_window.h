@@ -33,8 +33,9 @@ class PreviewWindow final : public ModalFrameWindow, private PaneEvents {
   // `closing` is called while the window is still there.
   void Show(std::function<void()> closing);
   using ModalFrameWindow::RequestClose;
-  // Sets the document's font and makes the pages again. Throws AutomationError, and then font and
-  // pages stay as they were.
+  // Sets the document's font and makes the pages again. Throws AutomationError; font and pages stay
+  // as they were when the pages could not be made, and are the new ones when the current page could
+  // not be shown.
   void ApplyFont(const Font& font);
   // Handles a message of the modal loop; returns whether it was handled.
   bool TranslateKey(MSG& message);

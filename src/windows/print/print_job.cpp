@@ -15,7 +15,7 @@ namespace {
 
 // Runs a call that returns more than 0 on success; throws otherwise.
 template <typename Call>
-void Do(std::u16string_view failing, Call&& call) {
+void RunCall(std::u16string_view failing, Call&& call) {
   SetLastError(ERROR_SUCCESS);
   const int answer = call();
   const DWORD error = GetLastError();
@@ -51,7 +51,7 @@ class Document {
   }
 
   void Finish() {
-    Do(u"打印作业无法完成", [&] { return spooler_.FinishDocument(context_); });
+    RunCall(u"打印作业无法完成", [&] { return spooler_.FinishDocument(context_); });
     begun_ = false;
   }
 
@@ -95,9 +95,9 @@ bool RunPrintJob(const Printer& printer, const PrintPages& pages, DeviceMeasurer
   if (!document.Begin()) return false;
   for (std::int64_t sheet = 0; sheet < order.SheetCount(); ++sheet) {
     if (!watcher.Continue(sheet + 1, order.SheetCount())) return false;
-    Do(u"打印页无法开始", [&] { return spooler.BeginPage(context); });
+    RunCall(u"打印页无法开始", [&] { return spooler.BeginPage(context); });
     painter.Paint(context, pages.PageAt(order.PageOn(sheet)), pages.Fonts(), scale);
-    Do(u"打印页无法完成", [&] { return spooler.FinishPage(context); });
+    RunCall(u"打印页无法完成", [&] { return spooler.FinishPage(context); });
   }
   document.Finish();
   return true;

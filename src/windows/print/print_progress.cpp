@@ -10,6 +10,7 @@
 #include "platform/icon_ids.h"
 #include "print/preview_fields.h"
 #include "print/preview_layout.h"
+#include "windows/base/centring.h"
 #include "windows/base/dpi.h"
 #include "windows/base/painting.h"
 #include "windows/base/rectangles.h"
@@ -82,13 +83,7 @@ void PrintProgress::LayOut() {
   for (const HWND child : {text_.Handle(), button_.Handle()}) SetFontOf(child, font_.Get());
   RECT frame{0, 0, places.client.width, places.client.height};
   AdjustFrame(frame, kStyle, kExtendedStyle, dpi);
-  RECT over{};
-  if (owner_ == nullptr || GetWindowRect(owner_, &over) == FALSE) {
-    SystemParametersInfoW(SPI_GETWORKAREA, 0, &over, 0);
-  }
-  SetWindowPos(Handle(), nullptr, (over.left + over.right - WidthOf(frame)) / 2,
-               (over.top + over.bottom - HeightOf(frame)) / 2, WidthOf(frame), HeightOf(frame),
-               SWP_NOZORDER | SWP_NOACTIVATE);
+  CentreOver(Handle(), owner_, {WidthOf(frame), HeightOf(frame)});
   SetPlaceOf(text_.Handle(), ToRect(places.text));
   SetPlaceOf(bar_.Handle(), ToRect(places.bar));
   SetPlaceOf(button_.Handle(), ToRect(places.button));

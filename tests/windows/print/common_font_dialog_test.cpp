@@ -144,6 +144,22 @@ TEST_F(CommonFontDialogTest, AppliesWithoutClosing) {
   EXPECT_FALSE(chosen);
 }
 
+TEST_F(CommonFontDialogTest, AppliesAFractionalSize) {
+  std::vector<Font> applied;
+  Show({u"Tahoma", 9, false, false},
+       {[&] {
+          Choose(cmb3, L"16");
+          SetDlgItemTextW(Dialog(), cmb3, L"16.5");
+          Press(psh3);
+        },
+        [&] {
+          ASSERT_EQ(applied.size(), 1u);
+          EXPECT_EQ(applied[0].size, 16.5);
+          Press(IDCANCEL);
+        }},
+       [&](const Font& font) { applied.push_back(font); });
+}
+
 TEST_F(CommonFontDialogTest, ReportsAFailureOfApplyAndStaysOpen) {
   MessageBoxes boxes;
   // Message boxes have the font dialog's window class; the dialog itself gets no answer.

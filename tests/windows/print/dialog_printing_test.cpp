@@ -2,7 +2,11 @@
 // window of a job.
 #include <gtest/gtest.h>
 
+#include <oleauto.h>
+
 #include <chrono>
+#include <cmath>
+#include <string>
 #include <thread>
 
 #include "tests/support/failure.h"
@@ -10,6 +14,7 @@
 #include "tests/windows/control/ui_world.h"
 #include "tests/windows/print/fake_printer.h"
 #include "windows/base/plain_control.h"
+#include "windows/com/wide_text.h"
 #include "windows/print/dialog_printing.h"
 #include "windows/print/preview_ids.h"
 #include "windows/print/print_progress.h"
@@ -110,11 +115,19 @@ TEST_F(DialogPrinting, PrintsThePagesAndCopiesChosen) {
 }
 
 TEST_F(DialogPrinting, DatesThePagesInTheUsersFormat) {
-  SYSTEMTIME now{};
-  GetLocalTime(&now);
-  const std::string date = Utf8(windows::TodayText());
-  EXPECT_NE(date.find(std::to_string(now.wYear % 100)), std::string::npos) << date;
-  EXPECT_NE(date.find(std::to_string(now.wDay)), std::string::npos) << date;
+  const auto today = [] {
+    SYSTEMTIME now{};
+    GetLocalTime(&now);
+    DATE date = 0;
+    SystemTimeToVariantTime(&now, &date);
+    return std::floor(date);
+  };
+  const DATE before = today();
+  std::wstring text = windows::ToWide(windows::TodayText());
+  DATE read = 0;
+  ASSERT_EQ(VarDateFromStr(text.data(), LOCALE_USER_DEFAULT, 0, &read), S_OK);
+  // The day may change in between.
+  EXPECT_TRUE(before <= read && read <= today()) << read;
 }
 
 class PrintProgressTest : public ::testing::Test {
@@ -161,6 +174,31 @@ TEST_F(PrintProgressTest, ShowsTheJobsProgressAndDisablesItsOwner) {
   }
   EXPECT_EQ(Window(), nullptr);
   EXPECT_TRUE(IsWindowEnabled(host_.Handle()));
+}
+
+TEST_F(PrintProgressTest, IsWhollyOnTheScreenWhereverItsOwnerIs) {
+  RECT work{};
+  SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+  const auto place = [&] {
+    windows::PrintProgress progress(GetModuleHandleW(nullptr), host_.Handle(), kAtOnce);
+    EXPECT_TRUE(progress.Continue(1, 9));
+    RECT area{};
+    GetWindowRect(Window(), &area);
+    return area;
+  };
+  const auto isInside = [&](const RECT& area) {
+    RECT common{};
+    IntersectRect(&common, &area, &work);
+    return EqualRect(&common, &area) != FALSE;
+  };
+  for (const int left : {work.left - 590L, work.right - 10L}) {
+    SetWindowPos(host_.Handle(), nullptr, left, work.top - 300, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    EXPECT_TRUE(isInside(place())) << left;
+  }
+  ShowWindow(host_.Handle(), SW_MINIMIZE);
+  const RECT area = place();
+  EXPECT_NEAR(area.left + area.right, work.left + work.right, 2) << "in the middle";
+  EXPECT_TRUE(isInside(area));
 }
 
 TEST_F(PrintProgressTest, CancelsTheJobByItsButtonKeyOrFrame) {

@@ -105,7 +105,7 @@ TEST_F(PreviewLook, ShowsTheWholePageThenItsWidthThenItsDetails) {
              [&] { KeepPicture(Window(), Name("narrow")); }, [&] { CloseByFrame(); }});
 }
 
-TEST_F(PreviewLook, TellsPageInkAndSurroundingsApartInHighContrast) {
+TEST_F(PreviewLook, ShowsPageInkAndSurroundingsInDifferentColoursInHighContrast) {
   for (const bool dark : {true, false}) {
     SCOPED_TRACE(dark ? "dark" : "light");
     const HighContrast colours(dark);
