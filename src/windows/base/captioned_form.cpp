@@ -2,7 +2,6 @@
 #include "windows/base/captioned_form.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "platform/convert.h"
@@ -15,7 +14,7 @@ void FormControl::Detach() {
 }
 
 std::span<const Member<FormControl>> FormControl::Members() {
-  static constexpr std::array<Member<FormControl>, 2> kMembers{{
+  static constexpr Member<FormControl> kMembers[]{
       {u"Name", MemberKind::Get,
        [](FormControl& control, Access, std::span<Value>) -> Value { return control.Name(); }},
       {u"Caption", MemberKind::GetPut,
@@ -26,7 +25,7 @@ std::span<const Member<FormControl>> FormControl::Members() {
          if (control.access_.write) control.access_.write(ToText(arguments[0]));
          return {};
        }},
-  }};
+  };
   return kMembers;
 }
 
@@ -57,7 +56,7 @@ ObjectPtr FormControls::Item(const Value& index) const {
 }
 
 std::span<const Member<FormControls>> FormControls::Members() {
-  static constexpr std::array<Member<FormControls>, 2> kMembers{{
+  static constexpr Member<FormControls> kMembers[]{
       {u"Count", MemberKind::Get,
        [](FormControls& controls, Access, std::span<Value>) -> Value {
          return static_cast<std::int32_t>(controls.controls_.size());
@@ -67,12 +66,12 @@ std::span<const Member<FormControls>> FormControls::Members() {
          return controls.Item(arguments[0]);
        },
        1, 1, true},
-  }};
+  };
   return kMembers;
 }
 
 std::span<const Member<CaptionedForm>> CaptionedForm::Members() {
-  static constexpr std::array<Member<CaptionedForm>, 2> kMembers{{
+  static constexpr Member<CaptionedForm> kMembers[]{
       {u"Name", MemberKind::Get,
        [](CaptionedForm& form, Access, std::span<Value>) -> Value { return form.name_; }, 0, 0,
        true},
@@ -82,7 +81,7 @@ std::span<const Member<CaptionedForm>> CaptionedForm::Members() {
          return form.controls_->Item(arguments[0]);
        },
        0, 1},
-  }};
+  };
   return kMembers;
 }
 

@@ -2,9 +2,11 @@
 // The clipboard is shared: another program may have it open for a moment.
 #include "windows/base/clipboard.h"
 
-#include <cstring>
+#include <cstddef>
+#include <span>
 
-#include "platform/text.h"
+#include "platform/skip.h"
+#include "windows/base/global_memory.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::windows {
@@ -33,35 +35,18 @@ class OpenedClipboard {
   bool open_ = false;
 };
 
-// Memory filled for the clipboard; freed unless that took it over.
-class ClipboardMemory {
- public:
-  template <typename Fill>
-  ClipboardMemory(std::size_t bytes, Fill fill) : memory_(GlobalAlloc(GMEM_MOVEABLE, bytes)) {
-    void* const target = memory_ == nullptr ? nullptr : GlobalLock(memory_);
-    if (target == nullptr) return;
-    fill(target);
-    GlobalUnlock(memory_);
-    filled_ = true;
-  }
-  ~ClipboardMemory() {
-    if (memory_ != nullptr) GlobalFree(memory_);
-  }
-  ClipboardMemory(const ClipboardMemory&) = delete;
-  ClipboardMemory& operator=(const ClipboardMemory&) = delete;
-  explicit operator bool() const { return filled_; }
+// With the text's final null.
+template <typename Text>
+std::span<const std::byte> BytesOf(const Text& text) {
+  return std::as_bytes(std::span(text.c_str(), text.size() + 1));
+}
 
-  // Requires: filled, and the clipboard is open.
-  bool SetAs(UINT format) {
-    if (SetClipboardData(format, memory_) == nullptr) return false;
-    memory_ = nullptr;
-    return true;
-  }
-
- private:
-  HGLOBAL memory_;
-  bool filled_ = false;
-};
+// Returns whether the clipboard took the memory over. Requires: it is open.
+bool SetAs(UINT format, GlobalMemory& memory) {
+  if (SetClipboardData(format, memory.Get()) == nullptr) return false;
+  memory.Reset(nullptr);
+  return true;
+}
 
 }  // namespace
 
@@ -70,33 +55,26 @@ bool CopyToClipboard(HWND owner, std::u16string_view text) {
 }
 
 bool CopyToClipboard(HWND owner, const CopiedCells& cells) {
-  ClipboardMemory text((cells.text.size() + 1) * sizeof(wchar_t), [&](void* target) {
-    auto* characters = static_cast<wchar_t*>(target);
-    CopyWide(cells.text, characters);
-    characters[cells.text.size()] = L'\0';
+  bool copied = false;
+  SkipFailing([&] {
+    GlobalMemory text(CopyToGlobal(BytesOf(cells.text)));
+    const OpenedClipboard clipboard(owner);
+    copied = clipboard && EmptyClipboard() != FALSE && SetAs(CF_UNICODETEXT, text);
+    if (!copied || cells.html.empty()) return;
+    // Without it the text is still there.
+    GlobalMemory html(CopyToGlobal(BytesOf(cells.html)));
+    SetAs(RegisterClipboardFormatW(L"HTML Format"), html);
   });
-  if (!text) return false;
-  ClipboardMemory html(cells.html.size() + 1, [&](void* target) {
-    std::memcpy(target, cells.html.c_str(), cells.html.size() + 1);
-  });
-  const OpenedClipboard clipboard(owner);
-  if (!clipboard || EmptyClipboard() == FALSE || !text.SetAs(CF_UNICODETEXT)) return false;
-  // Without it the text is still there.
-  if (html && !cells.html.empty()) html.SetAs(RegisterClipboardFormatW(L"HTML Format"));
-  return true;
+  return copied;
 }
 
 std::u16string ClipboardText(HWND owner) {
   const OpenedClipboard clipboard(owner);
   if (!clipboard) return {};
-  const HANDLE data = GetClipboardData(CF_UNICODETEXT);
-  if (data == nullptr) return {};
-  const auto* text = static_cast<const wchar_t*>(GlobalLock(data));
-  if (text == nullptr) return {};
-  std::wstring_view all(text, GlobalSize(data) / sizeof(wchar_t));
-  std::u16string result = FromWide(all.substr(0, all.find(L'\0')));
-  GlobalUnlock(data);
-  return result;
+  const GlobalBytes bytes(GetClipboardData(CF_UNICODETEXT));
+  const std::wstring_view all(reinterpret_cast<const wchar_t*>(bytes.Get().data()),
+                              bytes.Get().size() / sizeof(wchar_t));
+  return FromWide(all.substr(0, all.find(L'\0')));
 }
 
 }  // namespace pricedown::windows

@@ -17,10 +17,14 @@ void ParkingWindow::Create(HINSTANCE module) {
 }
 
 LRESULT ParkingWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_SETTINGCHANGE || message == WM_SYSCOLORCHANGE || message == WM_THEMECHANGED) {
-    if (handler_) handler_(message);
+  const LRESULT result = Default(message, wParam, lParam);
+  if (message != WM_SETTINGCHANGE && message != WM_SYSCOLORCHANGE && message != WM_THEMECHANGED) {
+    return result;
   }
-  return Default(message, wParam, lParam);
+  // A copy, and last, because the handler may end the control and this window with it.
+  const std::function<void(UINT)> handler = handler_;
+  if (handler) handler(message);
+  return result;
 }
 
 void PaneWindow::Create(HWND parent, HINSTANCE module) {

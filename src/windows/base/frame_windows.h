@@ -16,7 +16,8 @@ class ParkingWindow final : public BoundWindow {
  public:
   // Throws AutomationError.
   void Create(HINSTANCE module);
-  // `handler` is called for WM_SETTINGCHANGE, WM_SYSCOLORCHANGE and WM_THEMECHANGED.
+  // `handler` is called for WM_SETTINGCHANGE, WM_SYSCOLORCHANGE and WM_THEMECHANGED; it
+  // may destroy this object.
   void OnSystemChange(std::function<void(UINT message)> handler) { handler_ = std::move(handler); }
 
  private:

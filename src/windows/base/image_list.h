@@ -31,7 +31,7 @@ int IconSize(Dpi dpi);
 
 // The icons with these resource ids (platform/icon_ids.h), in that order; never null, and
 // shared by all its users on this thread. Throws AutomationError if the module has no such icon or
-// the system makes no list.
+// the list cannot be created.
 ImageList ImageListOf(std::vector<int> icons, IconLook look, Dpi dpi);
 
 }  // namespace pricedown::windows

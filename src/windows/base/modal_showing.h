@@ -12,7 +12,8 @@ namespace pricedown::windows {
 
 class ModalShowing {
  public:
-  // Disables all visible top-level windows of the thread except `window`. Throws std::bad_alloc.
+  // Disables all visible top-level windows of the thread except `window`; without memory some stay
+  // enabled.
   explicit ModalShowing(HWND window);
   // Enables them if End was not called.
   ~ModalShowing();

@@ -3,6 +3,8 @@
 
 #include <uxtheme.h>
 
+#include <cstdlib>
+
 #include "windows/base/rectangles.h"
 
 namespace pricedown::windows {
@@ -48,6 +50,29 @@ COLORREF Blend(COLORREF from, COLORREF to, int share) {
   };
   return RGB(mix(GetRValue(from), GetRValue(to)), mix(GetGValue(from), GetGValue(to)),
              mix(GetBValue(from), GetBValue(to)));
+}
+
+namespace {
+
+int Distance(COLORREF a, COLORREF b) {
+  return std::abs(GetRValue(a) - GetRValue(b)) + std::abs(GetGValue(a) - GetGValue(b)) +
+         std::abs(GetBValue(a) - GetBValue(b));
+}
+
+}  // namespace
+
+LRESULT OnToolbarDraw(NMTBCUSTOMDRAW& drawing) {
+  if (drawing.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+  if (drawing.nmcd.dwDrawStage == CDDS_ITEMPREPAINT) {
+    // The system dots the ground of a checked button and shades the text of a disabled one with the
+    // highlight, which in high contrast is like the text.
+    const COLORREF face = GetSysColor(COLOR_BTNFACE);
+    const COLORREF highlight = GetSysColor(COLOR_BTNHIGHLIGHT);
+    if (Distance(highlight, GetSysColor(COLOR_BTNTEXT)) < Distance(highlight, face)) {
+      drawing.clrBtnHighlight = face;
+    }
+  }
+  return CDRF_DODEFAULT;
 }
 
 LRESULT OnButtonFace(WPARAM context) {

@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
+
 #include "windows/base/gdi.h"
 
 namespace pricedown::windows {
@@ -32,5 +34,8 @@ void PaintFrame(HDC context, HWND window, const RECT& frame);
 COLORREF Blend(COLORREF from, COLORREF to, int share);
 // Answers WM_CTLCOLORSTATIC and WM_CTLCOLORBTN: text on the colour of a button's face.
 LRESULT OnButtonFace(WPARAM context);
+// Answers NM_CUSTOMDRAW of a toolbar: in high contrast the texts of checked and disabled buttons
+// stay readable.
+LRESULT OnToolbarDraw(NMTBCUSTOMDRAW& drawing);
 
 }  // namespace pricedown::windows

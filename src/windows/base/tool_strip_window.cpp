@@ -8,9 +8,11 @@
 
 #include "env/translation.h"
 #include "platform/icon_ids.h"
+#include "platform/skip.h"
 #include "windows/base/control_ids.h"
 #include "windows/base/fonts.h"
 #include "windows/base/keyboard.h"
+#include "windows/base/painting.h"
 #include "windows/base/plain_control.h"
 #include "windows/com/wide_text.h"
 
@@ -150,17 +152,20 @@ void ToolStripWindow::SizeButtons() {
 void ToolStripWindow::UpdateAppearance(Dpi dpi) {
   if (Handle() == nullptr) return;
   dpi_ = dpi;
-  const std::vector<int> icons = Icons();
-  ImageList images = ImageListOf(icons, IconLook::Normal, dpi);
-  ImageList disabled = ImageListOf(icons, IconLook::Disabled, dpi);
+  ImageList images = ImageListOf(Icons(), IconLook::Normal, dpi);
   const int size = IconSize(dpi);
   SendMessageW(Handle(), TB_SETBITMAPSIZE, 0, MAKELPARAM(size, size));
   SendMessageW(Handle(), TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images.get()));
   SendMessageW(Handle(), TB_SETHOTIMAGELIST, 0, reinterpret_cast<LPARAM>(images.get()));
-  SendMessageW(Handle(), TB_SETDISABLEDIMAGELIST, 0, reinterpret_cast<LPARAM>(disabled.get()));
   images_ = std::move(images);
-  disabledImages_ = std::move(disabled);
+  if (disabledImages_ != nullptr) LoadDisabledImages();
   SizeButtons();
+}
+
+void ToolStripWindow::LoadDisabledImages() {
+  ImageList images = ImageListOf(Icons(), IconLook::Disabled, dpi_);
+  SendMessageW(Handle(), TB_SETDISABLEDIMAGELIST, 0, reinterpret_cast<LPARAM>(images.get()));
+  disabledImages_ = std::move(images);
 }
 
 void ToolStripWindow::SetFont(HFONT font) {
@@ -219,6 +224,17 @@ void ToolStripWindow::OnCommand(int id) {
   if (const Command* button = ButtonOf(static_cast<std::size_t>(id))) pending_->pressed = button;
 }
 
+LRESULT ToolStripWindow::OnNotify(NMHDR& header) const {
+  if (header.code == NM_CUSTOMDRAW && header.hwndFrom == Handle()) {
+    return OnToolbarDraw(reinterpret_cast<NMTBCUSTOMDRAW&>(header));
+  }
+  const LRESULT tips = SendMessageW(Handle(), TB_GETTOOLTIPS, 0, 0);
+  if (header.code == TTN_GETDISPINFOW && header.hwndFrom == reinterpret_cast<HWND>(tips)) {
+    OnTooltip(reinterpret_cast<NMTTDISPINFOW&>(header));
+  }
+  return 0;
+}
+
 void ToolStripWindow::OnTooltip(NMTTDISPINFOW& info) const {
   const std::size_t index = info.hdr.idFrom - static_cast<std::size_t>(IdAt(1));
   const bool isMore = info.hdr.idFrom == static_cast<UINT_PTR>(control_ids::kMoreButtons);
@@ -262,6 +278,12 @@ LRESULT ToolStripWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       break;
     case WM_CHAR:
       return 0;
+    case TB_ENABLEBUTTON:
+      // Most strips never show them. The system greys a button without them.
+      if (LOWORD(lParam) == FALSE && disabledImages_ == nullptr) {
+        SkipFailing([&] { LoadDisabledImages(); });
+      }
+      break;
     case WM_SIZE: {
       const Lifetime strip = WindowLifetime();
       const LRESULT result = OnSystemPart(message, wParam, lParam);
@@ -271,14 +293,22 @@ LRESULT ToolStripWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     }
     case WM_SETFOCUS: {
       const LRESULT result = Default(message, wParam, lParam);
-      if (HotButton() == kNoButton) SetHot(NextButton(kNoButton, 1));
+      if (HotButton() == kNoButton) {
+        const bool returns = returnsTo_ != kNoButton && CanPress(returnsTo_);
+        SetHot(returns ? returnsTo_ : NextButton(kNoButton, 1));
+      }
       events_.FocusEntered(reinterpret_cast<HWND>(wParam));
       return result;
     }
     case WM_KILLFOCUS: {
+      // Back from another window, such as one that a button opened, the keyboard is where it was.
+      const HWND next = reinterpret_cast<HWND>(wParam);
+      const bool stays =
+          next != nullptr && GetAncestor(next, GA_ROOT) == GetAncestor(Handle(), GA_ROOT);
+      returnsTo_ = stays ? kNoButton : HotButton();
       SendMessageW(Handle(), TB_SETHOTITEM, static_cast<WPARAM>(kNoButton), 0);
       const LRESULT result = Default(message, wParam, lParam);
-      events_.FocusLeft(reinterpret_cast<HWND>(wParam));
+      events_.FocusLeft(next);
       return result;
     }
     default:

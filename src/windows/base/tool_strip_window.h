@@ -50,7 +50,7 @@ class ToolStripWindow final : public BoundWindow {
 
   // Notifications that the toolbar sent to its parent.
   void OnCommand(int id);
-  void OnTooltip(NMTTDISPINFOW& info) const;
+  LRESULT OnNotify(NMHDR& header) const;
 
   // The first button that can be pressed is marked for the keyboard.
   bool AcceptsFocus() const;
@@ -79,6 +79,7 @@ class ToolStripWindow final : public BoundWindow {
   std::vector<int> Icons() const;
 
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+  void OnTooltip(NMTTDISPINFOW& info) const;
   LRESULT OnSystemPart(UINT message, WPARAM wParam, LPARAM lParam);
   bool OnKeyDown(WPARAM key, bool repeated);
   bool CanPress(int index) const;
@@ -89,6 +90,7 @@ class ToolStripWindow final : public BoundWindow {
   int HotButton() const;
   void SetHot(int index);
   void AddButtons();
+  void LoadDisabledImages();
   void SizeButtons();
   // Leaves out what the window is too narrow for, behind an arrow.
   void FitButtons();
@@ -102,8 +104,9 @@ class ToolStripWindow final : public BoundWindow {
   std::vector<std::u16string> tooltips_;  // by position from 0
   Dpi dpi_;
   HFONT font_ = nullptr;                  // the control's
-  std::vector<std::int32_t> rightEdges_;  // with all buttons in sight
+  std::vector<std::int32_t> rightEdges_;  // with all buttons visible
   std::size_t shown_ = 0;                 // buttons, from the first on
+  int returnsTo_ = kNoButton;             // hot when the focus went to another window
   ImageList images_;
   ImageList disabledImages_;
   std::shared_ptr<Pending> pending_ = std::make_shared<Pending>();

@@ -3,20 +3,21 @@
 
 #include <commctrl.h>
 
+#include <string>
+
 #include "windows/base/shared_values.h"
+#include "windows/com/module_path.h"
 
 namespace pricedown::windows {
 namespace {
 
 // Null when the module has no such manifest.
 std::shared_ptr<void> MakeContext(HINSTANCE module) {
-  wchar_t path[MAX_PATH] = {};
-  const DWORD length = GetModuleFileNameW(module, path, MAX_PATH);
-  if (length == 0 || length == MAX_PATH) return nullptr;
+  const std::wstring path = ModulePath(module);
   ACTCTXW description{};
   description.cbSize = sizeof description;
   description.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID | ACTCTX_FLAG_HMODULE_VALID;
-  description.lpSource = path;
+  description.lpSource = path.c_str();
   description.lpResourceName = MAKEINTRESOURCEW(2);
   description.hModule = module;
   const HANDLE context = CreateActCtxW(&description);

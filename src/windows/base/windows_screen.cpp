@@ -14,7 +14,10 @@ void WindowsScreen::SetMousePointer(MousePointer pointer) {
 
 void WindowsScreen::RunPendingMessages() {
   MSG message{};
-  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE) != FALSE) {
+    // Left to the host's loop with all that follows: there accelerators come before windows.
+    if (message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN) return;
+    if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) == FALSE) return;
     if (message.message == WM_QUIT) {
       PostQuitMessage(static_cast<int>(message.wParam));
       return;

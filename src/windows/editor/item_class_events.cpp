@@ -76,10 +76,7 @@ void ItemClassWindow::MenuRequested(POINT place) {
 
 LRESULT ItemClassWindow::OnNotify(NMHDR& header) {
   if (header.hwndFrom == children_->members.Handle()) return children_->members.OnNotify(header);
-  if (header.code == TTN_GETDISPINFOW) {
-    children_->toolStrip.OnTooltip(reinterpret_cast<NMTTDISPINFOW&>(header));
-  }
-  return 0;
+  return children_->toolStrip.OnNotify(header);
 }
 
 // In a field Enter moves the focus to the next one, from the last one to the member list; on a

@@ -1,4 +1,4 @@
-// The system's colours of high contrast, for a test, and how well two colours are told apart.
+// The system's colours of high contrast, for a test, and how well two colours can be distinguished.
 #pragma once
 
 #include <windows.h>
@@ -35,8 +35,8 @@ class HighContrast {
   HighContrast(const HighContrast&) = delete;
   HighContrast& operator=(const HighContrast&) = delete;
 
-  // Tells the window of the colours and takes the visual styles, which have colours of their own,
-  // from all its children.
+  // Sends the window the change of colours and removes the visual styles, which have colours of
+  // their own, from all its children.
   static void Apply(HWND window) {
     EnumChildWindows(window, &RemoveStyle, 0);
     SendMessageW(window, WM_SYSCOLORCHANGE, 0, 0);

@@ -95,6 +95,41 @@ TEST(ToolStripWindow, IsOperatedByKeyboard) {
   EXPECT_EQ(Checks(world, "131072"), 1u);
 }
 
+// The keyboard is in the strip again, after the focus was in `window`.
+void LeaveForAndReturn(const UiWorld& world, HWND window) {
+  SetFocus(window);
+  EXPECT_EQ(HotButton(world), -1);
+  SetFocus(world.Strip());
+}
+
+TEST(ToolStripWindow, TheKeyboardIsBackOnItsButtonAfterAnotherWindow) {
+  UiWorld world;
+  world.Start();
+  const HWND other = CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 9, 9,
+                                     world.host.Handle(), nullptr, nullptr, nullptr);
+  SetFocus(world.Strip());
+  for (int i = 0; i < 3; ++i) world.Press(VK_RIGHT);
+  LeaveForAndReturn(world, other);
+  EXPECT_EQ(HotButton(world), 4);
+  LeaveForAndReturn(world, world.Tree());
+  EXPECT_EQ(HotButton(world), 1) << "by Tab";
+  DestroyWindow(other);
+}
+
+TEST(ToolStripWindow, TheKeyboardIsOnTheFirstButtonIfItsOwnWasDisabledMeanwhile) {
+  UiWorld world;
+  world.Start();
+  SetFocus(world.Strip());
+  for (int i = 0; i < 3; ++i) world.Press(VK_RIGHT);
+  const HWND other = CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 9, 9,
+                                     world.host.Handle(), nullptr, nullptr, nullptr);
+  SetFocus(other);
+  SendMessageW(world.Strip(), TB_ENABLEBUTTON, ids::kFirstButton + kPrint, FALSE);
+  SetFocus(world.Strip());
+  EXPECT_EQ(HotButton(world), 1);
+  DestroyWindow(other);
+}
+
 TEST(ToolStripWindow, TheKeyboardSkipsDisabledButtonsAndSeparators) {
   UiWorld world;
   world.suite.company.mode = u"2";
@@ -110,6 +145,7 @@ TEST(ToolStripWindow, ReturnsTheTooltipOfAButton) {
   UiWorld world;
   world.Start();
   NMTTDISPINFOW info{};
+  info.hdr.hwndFrom = reinterpret_cast<HWND>(SendMessageW(world.Strip(), TB_GETTOOLTIPS, 0, 0));
   info.hdr.code = TTN_GETDISPINFOW;
   info.hdr.idFrom = ids::kFirstButton + kExit;
   SendMessageW(world.window->Handle(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&info));

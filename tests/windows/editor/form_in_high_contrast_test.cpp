@@ -27,7 +27,7 @@ TEST_P(FormInHighContrast, LabelsFieldsListAndPicturesStandOut) {
                         KeepPicture(Form(), GetParam() ? "form in dark" : "form in light");
                         for (int i = 0; i < 5; ++i) {
                           EXPECT_GT(Share(form_ids::kLabel1 + i, 4.5), 0.02) << i;
-                          EXPECT_GT(Share(form_ids::kClassNumber + i, 4.5), 0.005) << i;
+                          EXPECT_GT(Share(form_ids::kClassNumber + i, 4.5), 0.003) << i;
                         }
                         EXPECT_GT(Share(form_ids::kMembers, 4.5), 0.002);
                         EXPECT_GT(Share(form_ids::kToolStrip, 3), 0.02);
