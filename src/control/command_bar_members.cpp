@@ -1,5 +1,4 @@
 // The command bar's members for automation clients, with its bands and tools as collections.
-#include <array>
 #include <memory>
 #include <optional>
 #include <string>
@@ -133,27 +132,27 @@ std::optional<std::vector<Value>> ToolCollection::Elements() {
 }
 
 std::span<const Member<ToolCollection>> ToolCollection::Members() {
-  static constexpr std::array<Member<ToolCollection>, 3> kMembers{{
+  static constexpr Member<ToolCollection> kMembers[]{
       {u"Count", MemberKind::Get, ToolCount},
       {u"Item", MemberKind::Get, ToolItem, 1, 1, true},
       {u"Add", MemberKind::Method, AddTool, 1, 3},
-  }};
+  };
   return kMembers;
 }
 
 std::span<const Member<Band>> Band::Members() {
-  static constexpr std::array<Member<Band>, 2> kMembers{{
+  static constexpr Member<Band> kMembers[]{
       {u"Name", MemberKind::Get, BandName, 0, 0, true},
       {u"Tools", MemberKind::Get, BandTools, 0, 1},
-  }};
+  };
   return kMembers;
 }
 
 std::span<const Member<BandCollection>> BandCollection::Members() {
-  static constexpr std::array<Member<BandCollection>, 2> kMembers{{
+  static constexpr Member<BandCollection> kMembers[]{
       {u"Count", MemberKind::Get, BandCount},
       {u"Item", MemberKind::Get, BandItem, 1, 1, true},
-  }};
+  };
   return kMembers;
 }
 
@@ -182,12 +181,12 @@ Value Listener(CommandBar& bar, Access access, std::span<Value> arguments) {
 }  // namespace
 
 std::span<const Member<CommandBar>> CommandBar::Members() {
-  static constexpr std::array<Member<CommandBar>, 4> kMembers{{
+  static constexpr Member<CommandBar> kMembers[]{
       {u"Bands", MemberKind::Get, Bands, 0, 1},
       {u"Tools", MemberKind::Get, pricedown::Tools, 0, 1},
       {u"Click", MemberKind::Method, pricedown::Click, 1, 1},
       {u"Listener", MemberKind::GetPut, pricedown::Listener},
-  }};
+  };
   return kMembers;
 }
 

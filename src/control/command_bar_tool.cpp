@@ -2,8 +2,6 @@
 // host does not fail a click or a change.
 #include "control/command_bar_tool.h"
 
-#include <array>
-
 #include "platform/convert.h"
 #include "platform/skip.h"
 
@@ -55,7 +53,7 @@ void CommandBarTool::Notify(std::u16string_view method) {
 }
 
 std::span<const Member<CommandBarTool>> CommandBarTool::Members() {
-  static constexpr std::array<Member<CommandBarTool>, 8> kMembers{{
+  static constexpr Member<CommandBarTool> kMembers[]{
       {u"Name", MemberKind::Get, FixedText<&Definition::name>, 0, 0, true},
       {u"Caption", MemberKind::Get, FixedText<&Definition::caption>},
       {u"Description", MemberKind::Get, FixedText<&Definition::description>},
@@ -67,7 +65,7 @@ std::span<const Member<CommandBarTool>> CommandBarTool::Members() {
       {u"Visible", MemberKind::GetPut,
        State<&CommandBarTool::Visible, &CommandBarTool::SetVisible>},
       {u"Click", MemberKind::Method, ClickTool},
-  }};
+  };
   return kMembers;
 }
 

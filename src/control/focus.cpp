@@ -52,7 +52,7 @@ bool KeepsKey(FocusPlace place, const KeyPress& press) {
       return key == Key::Enter || key == Key::Escape;
     case FocusPlace::Tree:
     case FocusPlace::Other:
-      return false;
+      break;
   }
   return false;
 }

@@ -68,9 +68,7 @@ void PlaceTitle(Layout& layout, Rectangle area) {
 void PlacePanes(Layout& layout, Rectangle area, std::int32_t splitter) {
   // In a control that is too narrow, only the placement changes; the splitter keeps its position
   // for when the control grows again.
-  const std::int32_t treeWidth =
-      std::min(ClampSplitter(splitter, area.width), std::max(area.width - kSplitterWidth, 0));
-  Rectangle classPane = CutLeft(area, treeWidth);
+  Rectangle classPane = CutLeft(area, ClampSplitter(splitter, area.width));
   layout.splitter = CutLeft(area, kSplitterWidth);
   layout.classHeading = CutTop(classPane, kHeadingHeight);
   layout.tree = classPane;

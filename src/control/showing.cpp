@@ -8,6 +8,7 @@
 #include "env/user_settings.h"
 #include "env/wait_cursor.h"
 #include "platform/convert.h"
+#include "platform/scope_exit.h"
 #include "platform/skip.h"
 #include "platform/text.h"
 
@@ -34,6 +35,9 @@ bool PriceDown::Show(const Value& parentWindow) {
   };
   step([&] { ReadCaption(); });
   step([&] { KeepParent(parentWindow); });
+  // Each of the next steps changes what those before would have painted. No host code runs in them.
+  ports_.view.SetPainting(false);
+  const ScopeExit paintOnce([&] { ports_.view.SetPainting(true); });
   step([&] { LoadTree(); });
   step([&] { environment_.rights.ReadDataScope(); });
   step([&] { grid_.ApplyScopeLock(); });

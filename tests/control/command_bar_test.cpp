@@ -8,6 +8,7 @@
 
 #include "platform/convert.h"
 #include "platform/error.h"
+#include "tests/support/failure.h"
 #include "tests/support/utf8.h"
 
 namespace pricedown::testing {
@@ -134,9 +135,32 @@ TEST_F(CommandBarTest, RefusesUnknownBandsAndTools) {
   for (const Value& wrong : std::vector<Value>{0, 2, u"MnuBand2"}) {
     EXPECT_THROW(bar_->Call(u"Bands", {wrong}), AutomationError) << Readable(wrong);
   }
+  EXPECT_EQ(FailureOf([&] { Tools()->Call(u"Item", {u"iPaste"}); }),
+            "80070057 命令栏没有该项: iPaste");
   EXPECT_THROW(Tools()->Call(u"Item"), AutomationError);
   EXPECT_THROW(Tools()->Call(u"Item", {Null{}}), AutomationError);
   EXPECT_THROW(bar_->Get(u"Menus"), AutomationError);
+}
+
+TEST_F(CommandBarTest, RefusesOtherCountsOfArguments) {
+  const ObjectPtr bands = Of(bar_, u"Bands");
+  const ObjectPtr band = Of(bar_, u"Bands", {1});
+  const ObjectPtr tools = Tools();
+  const auto failure = [](const ObjectPtr& object, std::u16string_view member, std::size_t count) {
+    std::vector<Value> arguments(count, Value(1));
+    return FailureOf([&] { object->Perform(object->Find(member), arguments); });
+  };
+  EXPECT_EQ(failure(bar_, u"Bands", 2), "8002000E 参数个数错误: Bands (2)");
+  EXPECT_EQ(failure(bar_, u"Tools", 2), "8002000E 参数个数错误: Tools (2)");
+  EXPECT_EQ(failure(bar_, u"Click", 0), "8002000E 参数个数错误: Click (0)");
+  EXPECT_EQ(failure(bar_, u"Click", 2), "8002000E 参数个数错误: Click (2)");
+  EXPECT_EQ(failure(bands, u"Item", 0), "8002000E 参数个数错误: Item (0)");
+  EXPECT_EQ(failure(bands, u"Item", 2), "8002000E 参数个数错误: Item (2)");
+  EXPECT_EQ(failure(band, u"Name", 1), "8002000E 参数个数错误: Name (1)");
+  EXPECT_EQ(failure(band, u"Tools", 2), "8002000E 参数个数错误: Tools (2)");
+  EXPECT_EQ(failure(tools, u"Item", 2), "8002000E 参数个数错误: Item (2)");
+  EXPECT_EQ(failure(tools, u"Add", 0), "8002000E 参数个数错误: Add (0)");
+  EXPECT_EQ(failure(tools, u"Add", 4), "8002000E 参数个数错误: Add (4)");
 }
 
 TEST_F(CommandBarTest, KeepsTheTextsOfAToolThatIsAddedAgain) {
@@ -300,7 +324,8 @@ TEST_F(CommandBarTest, PassesAClickedToolToItsHandler) {
   bar_->OnClick([&](const ObjectPtr& tool) { clicked.push_back(tool); });
   bar_->Call(u"Click", {u"iEdit"});
   EXPECT_EQ(clicked, std::vector<ObjectPtr>{bar_->Tool(u"iEdit")});
-  EXPECT_THROW(bar_->Call(u"Click", {u"iPaste"}), AutomationError);
+  EXPECT_EQ(FailureOf([&] { bar_->Call(u"Click", {u"iPaste"}); }),
+            "80070057 命令栏没有该工具: iPaste");
   bar_->Tool(u"iEdit")->SetEnabled(false);
   bar_->Call(u"Click", {u"iEdit"});
   EXPECT_EQ(clicked.size(), 1u);

@@ -82,13 +82,15 @@ TEST_F(FindInControl, StaysWhereNothingIsFound) {
 
 TEST_F(FindInControl, GoesToTheNextAndToTheOneBefore) {
   Open(FindPane::Grid);
-  find().TextChanged(u"M8", false);
+  find().TextChanged(u"8", false);
+  find().Next(false);
   find().Next(false);
   find().Next(false);
   find().Next(true);
-  EXPECT_EQ(Log(), "find cell 3,1\nfind cell 3,2\nfind cell 3,1\nfind cell 3,2\n");
+  EXPECT_EQ(Log(), "find cell 3,1\nfind cell 3,2\nfind cell 3,3\nfind cell 3,1\nfind cell 3,3\n");
   find().Accept();
-  EXPECT_EQ(Log(), "find cell 3,1\n") << "Enter goes on";
+  find().Accept();
+  EXPECT_EQ(Log(), "find cell 3,1\nfind cell 3,2\n") << "Enter goes on";
 }
 
 TEST_F(FindInControl, CountsInPartsAndShowsTheNumberOfTheHit) {
@@ -187,6 +189,17 @@ TEST_F(FindInControl, ForgetsTheFoundClassWhenAClassIsClicked) {
 TEST_F(FindInControl, EnterInTheTreeSearchesTheTextOfTheLastTime) {
   Open(FindPane::Tree);
   find().TextChanged(u"01(原", false);
+  find().Close();
+  Open(FindPane::Tree);
+  find().Accept();
+  const std::string log = Log();
+  EXPECT_TRUE(log.starts_with("find close tree\ntree select 2\n")) << log;
+}
+
+TEST_F(FindInControl, EnterInTheTreeSearchesFromTheClassThatWasCurrent) {
+  Control().NodeClicked(1);
+  Open(FindPane::Tree);
+  find().TextChanged(u"0", false);
   find().Close();
   Open(FindPane::Tree);
   find().Accept();

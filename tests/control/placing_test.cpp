@@ -111,6 +111,13 @@ TEST_F(Placing, AnotherResolutionChangesTheGridsHeightsWithoutACallToTheSuite) {
   }
 }
 
+TEST_F(Placing, AnotherResolutionPlacesThePanesInTheNewSize) {
+  // As many pixels are fewer twips.
+  world_.view.size = {6000, 4000};
+  Control().ResolutionChanged();
+  EXPECT_EQ(world_.view.placed, ComputeLayout({{6000, 4000}, kDefaultSplitter, true, true}));
+}
+
 TEST_F(Placing, BeginsADragWhereANarrowControlShowsTheSplitter) {
   world_.view.size = {4000, 8000};
   Control().Resized();

@@ -59,7 +59,7 @@ TEST_F(Printing, PrintsNothingWithoutTheRight) {
   EXPECT_EQ(world_.log.Text().find("output"), std::string::npos) << world_.log.Text();
 }
 
-TEST_F(Printing, AnswersTheBar) {
+TEST_F(Printing, RunsFromTheHostsTools) {
   Start();
   Click(u"iPrint");
   EXPECT_EQ(world_.log.Text(),

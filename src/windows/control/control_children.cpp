@@ -111,10 +111,7 @@ void ControlChildren::ShowProgress(bool show) {
 
 LRESULT ControlChildren::OnNotify(NMHDR& header) {
   if (header.hwndFrom == tree.Handle()) return tree.OnNotify(header);
-  if (header.code == TTN_GETDISPINFOW) {
-    toolStrip.OnTooltip(reinterpret_cast<NMTTDISPINFOW&>(header));
-  }
-  return 0;
+  return toolStrip.OnNotify(header);
 }
 
 }  // namespace pricedown::windows

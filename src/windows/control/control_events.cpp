@@ -107,6 +107,8 @@ void ControlWindow::SplitterEvent(SplitterAction action, std::int32_t pixels) {
 
 void ControlWindow::FocusEntered(HWND) {
   children_->lastFocus = GetFocus();
+  // A client that hears the status may end the control.
+  const std::shared_ptr<void> hold = Hold();
   // An open form may hold the class.
   ShowStatus();
   // A copy, because the call may end the control.
@@ -163,7 +165,7 @@ void ControlWindow::FindLeft() { SetFocus(children_->WindowOf(children_->findBar
 
 // The rows arrive after the query has returned: by then it is known whether the load is long.
 void ControlWindow::ItemsFilling() {
-  if (work_.WaitIsLong(Clock::now())) children_->ShowProgress(true);
+  if (work_.WaitIsLong(Clock::now())) ShowProgress();
 }
 
 void ControlWindow::ShowStatus() {
@@ -181,7 +183,7 @@ void ControlWindow::ShowStatus() {
 void ControlWindow::SetWaiting(bool waiting) {
   if (waiting == work_.Waiting()) return;
   if (waiting) {
-    if (work_.BeginWait(Clock::now())) children_->ShowProgress(true);
+    if (work_.BeginWait(Clock::now())) ShowProgress();
     return;
   }
   const auto elapsed = work_.EndWait(Clock::now());

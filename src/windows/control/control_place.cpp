@@ -29,17 +29,28 @@ bool IsPlaced(HWND window, const RECT& area) {
   return EqualRect(&place, &area) != FALSE;
 }
 
-// Moves all windows at once, to avoid flicker. Windows without an area are hidden.
+UINT PlacingFlags(const RECT& area) {
+  const UINT shown = IsRectEmpty(&area) != FALSE ? SWP_HIDEWINDOW : SWP_SHOWWINDOW;
+  return SWP_NOZORDER | SWP_NOACTIVATE | shown;
+}
+
+// Windows without an area are hidden.
 void PlaceAll(const std::vector<Placement>& placements) {
+  // All at once, to avoid flicker.
   HDWP batch = BeginDeferWindowPos(static_cast<int>(placements.size()));
   for (const auto& [window, area] : placements) {
     // Most layouts move few windows.
     if (window == nullptr || batch == nullptr || IsPlaced(window, area)) continue;
-    const UINT shown = IsRectEmpty(&area) != FALSE ? SWP_HIDEWINDOW : SWP_SHOWWINDOW;
     batch = DeferWindowPos(batch, window, nullptr, area.left, area.top, WidthOf(area),
-                           HeightOf(area), SWP_NOZORDER | SWP_NOACTIVATE | shown);
+                           HeightOf(area), PlacingFlags(area));
   }
-  if (batch != nullptr) EndDeferWindowPos(batch);
+  if (batch != nullptr && EndDeferWindowPos(batch) != FALSE) return;
+  // A batch that fails moves nothing.
+  for (const auto& [window, area] : placements) {
+    if (window == nullptr || IsPlaced(window, area)) continue;
+    SetWindowPos(window, nullptr, area.left, area.top, WidthOf(area), HeightOf(area),
+                 PlacingFlags(area));
+  }
 }
 
 bool IsClass(HWND window, const wchar_t* name) {

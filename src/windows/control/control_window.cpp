@@ -58,6 +58,7 @@ void ControlWindow::OnFocusChange(std::function<void(bool gained)> handler) {
 }
 
 HWND ControlWindow::DialogOwner() const {
+  ResumePainting();
   const HWND root = Handle() == nullptr ? nullptr : GetAncestor(Handle(), GA_ROOT);
   if (root != nullptr && IsWindowVisible(root) != FALSE) return root;
   return GetActiveWindow();
@@ -83,7 +84,8 @@ void ControlWindow::UpdateInput(bool shown) {
 }
 
 bool ControlWindow::IsShown() const {
-  return Handle() != nullptr && (GetWindowLongPtrW(Handle(), GWL_STYLE) & WS_VISIBLE) != 0;
+  return Handle() != nullptr &&
+         (paintingPaused_ || (GetWindowLongPtrW(Handle(), GWL_STYLE) & WS_VISIBLE) != 0);
 }
 
 bool ControlWindow::Holds(HWND window) const {
@@ -92,6 +94,7 @@ bool ControlWindow::Holds(HWND window) const {
 }
 
 void ControlWindow::Hide() {
+  ResumePainting();
   if (Holds(GetFocus())) SetFocus(GetAncestor(Handle(), GA_PARENT));
   if (Handle() != nullptr) ShowWindow(Handle(), SW_HIDE);
   // The container may have refused the focus, or passed it back.
@@ -170,6 +173,28 @@ Size ControlWindow::ControlSize() const {
   return {dpi.ToTwips(WidthOf(client)), dpi.ToTwips(HeightOf(client))};
 }
 
+// The default handling takes the style WS_VISIBLE away, and later sets it again.
+void ControlWindow::SetPainting(bool on) noexcept {
+  if (on) {
+    ResumePainting();
+  } else if (IsShown() && !paintingPaused_) {
+    DefWindowProcW(Handle(), WM_SETREDRAW, FALSE, 0);
+    paintingPaused_ = true;
+  }
+}
+
+void ControlWindow::ResumePainting() const {
+  if (!std::exchange(paintingPaused_, false) || Handle() == nullptr) return;
+  DefWindowProcW(Handle(), WM_SETREDRAW, TRUE, 0);
+  RedrawWindow(Handle(), nullptr, nullptr,
+               RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+}
+
+void ControlWindow::ShowProgress() {
+  ResumePainting();
+  children_->ShowProgress(true);
+}
+
 void ControlWindow::ShowDragBar(const Rectangle& bar) {
   if (Handle() != nullptr) children_->dragBar.Show(Dpi::Of(Handle()).ToPixels(bar));
 }
@@ -182,9 +207,7 @@ void ControlWindow::InsertNode(NodeIndex index, NodeIndex parent, std::u16string
   children_->tree.InsertNode(index, parent, text);
   // Nodes between two looks at the clock.
   constexpr NodeIndex kNodesBetween = 512;
-  if (index % kNodesBetween == 0 && work_.FillIsLong(Clock::now())) {
-    children_->ShowProgress(true);
-  }
+  if (index % kNodesBetween == 0 && work_.FillIsLong(Clock::now())) ShowProgress();
 }
 
 void ControlWindow::SelectNode(NodeIndex index) { children_->tree.SelectNode(index); }

@@ -89,6 +89,7 @@ class ControlWindow final : public PriceDownView,
   void ShowFoundNode(std::int32_t node) override;
   std::int32_t CurrentRow() const override;
   FindPane FocusedPane() const override;
+  void SetPainting(bool on) noexcept override;
   bool HasWindow() const override { return Handle() != nullptr; }
   Size ControlSize() const override;
   void Place(const Layout& layout) override;
@@ -136,6 +137,8 @@ class ControlWindow final : public PriceDownView,
   void RunCommand(Command&& command);
   void SystemChanged(UINT message);
   void ShowStatus();
+  void ResumePainting() const;
+  void ShowProgress();
 
   std::unique_ptr<ControlChildren> children_;
   PriceDown* control_ = nullptr;
@@ -143,6 +146,9 @@ class ControlWindow final : public PriceDownView,
   std::function<void(bool)> focusChange_;
   LongWork work_;
   bool acceptsInput_ = true;
+  // While it is, the system takes the window for hidden. A dialog, for which a const member
+  // returns the owner, ends it.
+  mutable bool paintingPaused_ = false;
 };
 
 }  // namespace pricedown::windows

@@ -35,8 +35,8 @@ constexpr WPARAM kControlF = 'F' - '@';
 void FindField::Create(HWND parent, HINSTANCE module) {
   Creation creation;
   creation.className = L"EDIT";
-  // No stop of the dialog manager: Tab in the field returns to its pane, so that Shift+Tab would
-  // never leave the two.
+  // No stop of the dialog manager: Tab in the field returns to its pane, and Shift+Tab would
+  // alternate between the two.
   creation.style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_BORDER | ES_AUTOHSCROLL;
   creation.parent = parent;
   creation.id = control_ids::kFindField;
@@ -194,15 +194,11 @@ void FindBarWindow::SetCount(std::u16string_view text, bool counting) {
   if (counting) InvalidateRect(Handle(), nullptr, FALSE);
 }
 
-void FindBarWindow::OnPaint() {
-  {
-    const PaintDc paint(Handle());
-    RECT area{};
-    GetClientRect(Handle(), &area);
-    FillArea(paint.Get(), area, GetSysColor(COLOR_BTNFACE));
-    DrawEdge(paint.Get(), &area, BDR_RAISEDINNER, BF_RECT);
-  }
-  if (counting_) events_.FindIdle();
+void FindBarWindow::Paint(HDC context) const {
+  RECT area{};
+  GetClientRect(Handle(), &area);
+  FillArea(context, area, GetSysColor(COLOR_BTNFACE));
+  DrawEdge(context, &area, BDR_RAISEDINNER, BF_RECT);
 }
 
 LRESULT FindBarWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -210,7 +206,11 @@ LRESULT FindBarWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_ERASEBKGND:
       return 1;
     case WM_PAINT:
-      OnPaint();
+      Paint(PaintDc(Handle()).Get());
+      if (counting_) events_.FindIdle();
+      return 0;
+    case WM_PRINTCLIENT:
+      Paint(reinterpret_cast<HDC>(wParam));
       return 0;
     case WM_COMMAND:
       if (HIWORD(wParam) == EN_CHANGE && !opening_) field_.ReportChange();

@@ -50,7 +50,7 @@ class FindBarWindow final : public BoundWindow {
 
  private:
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
-  void OnPaint();
+  void Paint(HDC context) const;
   void LayOut();
 
   FindBarEvents& events_;

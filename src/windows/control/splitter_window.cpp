@@ -46,7 +46,8 @@ void SplitterWindow::OnPress(int x) {
   dragging_ = true;
   SetCapture(Handle());
   SetFocus(Handle());
-  if (window.HasEnded()) return;
+  // A host that refuses the focus has ended the drag.
+  if (window.HasEnded() || !dragging_) return;
   events_.SplitterEvent(SplitterAction::Press, x);
 }
 
@@ -138,6 +139,8 @@ LRESULT SplitterWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_KILLFOCUS: {
       const Lifetime window = WindowLifetime();
       InvalidateRect(Handle(), nullptr, FALSE);
+      // It is moving elsewhere.
+      previousFocus_ = nullptr;
       EndDrag(false);
       if (!window.HasEnded()) events_.FocusLeft(reinterpret_cast<HWND>(wParam));
       return 0;

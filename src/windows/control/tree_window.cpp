@@ -8,12 +8,14 @@
 #include <cstring>
 #include <utility>
 
+#include "browser/node_look.h"
 #include "platform/icon_ids.h"
 #include "windows/base/context_menu.h"
 #include "windows/base/control_ids.h"
 #include "windows/base/keyboard.h"
 #include "windows/base/painting.h"
 #include "windows/base/plain_control.h"
+#include "windows/com/failure.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::windows {
@@ -117,6 +119,18 @@ void TreeWindow::InsertNode(NodeIndex index, NodeIndex parent, std::u16string_vi
   insertion.item.lParam = index;
   items_.resize(static_cast<std::size_t>(index), nullptr);
   items_.back() = TreeView_InsertItem(Handle(), &insertion);
+  if (items_.back() != nullptr) return;
+  items_.pop_back();
+  ThrowIfFailed(E_OUTOFMEMORY);
+}
+
+// Never scrolls to the right: the end of a long text would be shown instead of its beginning.
+void TreeWindow::ScrollTo(HTREEITEM item) {
+  const int left = GetScrollPos(Handle(), SB_HORZ);
+  TreeView_EnsureVisible(Handle(), item);
+  if (GetScrollPos(Handle(), SB_HORZ) <= left) return;
+  SendMessageW(Handle(), WM_HSCROLL, MAKEWPARAM(SB_THUMBTRACK, left), 0);
+  SendMessageW(Handle(), WM_HSCROLL, SB_ENDSCROLL, 0);
 }
 
 void TreeWindow::SelectNode(NodeIndex index) {
@@ -124,7 +138,7 @@ void TreeWindow::SelectNode(NodeIndex index) {
   if (Handle() == nullptr || item == nullptr) return;
   selecting_ = true;
   TreeView_SelectItem(Handle(), item);
-  TreeView_EnsureVisible(Handle(), item);
+  ScrollTo(item);
   selecting_ = false;
 }
 
@@ -141,7 +155,7 @@ void TreeWindow::MarkNode(NodeIndex index) {
 void TreeWindow::ShowFound(NodeIndex index) {
   found_ = index;
   if (Handle() == nullptr) return;
-  if (const HTREEITEM item = ItemOf(index)) TreeView_EnsureVisible(Handle(), item);
+  if (const HTREEITEM item = ItemOf(index)) ScrollTo(item);
   InvalidateRect(Handle(), nullptr, FALSE);
 }
 
@@ -169,24 +183,23 @@ bool TreeWindow::MouseIsOnNode() const {
   return TreeView_HitTest(Handle(), &hit) != nullptr && (hit.flags & TVHT_ONITEM) != 0;
 }
 
-// The class whose items are shown is marked also without the focus, and while a reload has
-// left none selected. The system's own colour is that of the window in high contrast.
+// The system's own colour of a selection without the focus is that of the window in high contrast.
 LRESULT TreeWindow::OnDraw(NMTVCUSTOMDRAW& drawing) const {
   if (drawing.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
   if (drawing.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
-  const NodeIndex selected = SelectedNode();
-  const auto node = static_cast<NodeIndex>(drawing.nmcd.lItemlParam);
-  // kNoNode is no node's index.
-  if (node == found_) {
-    drawing.clrText = GetSysColor(COLOR_HIGHLIGHTTEXT);
-    drawing.clrTextBk = GetSysColor(COLOR_HIGHLIGHT);
-    return CDRF_NEWFONT;
+  const TreeMarks marks{SelectedNode(), marked_, found_, GetFocus() == Handle()};
+  switch (LookOf(static_cast<NodeIndex>(drawing.nmcd.lItemlParam), marks)) {
+    case NodeLook::Plain:
+      return CDRF_DODEFAULT;
+    case NodeLook::Found:
+      drawing.clrText = GetSysColor(COLOR_HIGHLIGHTTEXT);
+      drawing.clrTextBk = GetSysColor(COLOR_HIGHLIGHT);
+      break;
+    case NodeLook::Current:
+      drawing.clrText = GetSysColor(COLOR_WINDOWTEXT);
+      drawing.clrTextBk = MarkColour();
+      break;
   }
-  const bool shown =
-      selected == kNoNode ? node == marked_ : node == selected && GetFocus() != Handle();
-  if (!shown) return CDRF_DODEFAULT;
-  drawing.clrText = GetSysColor(COLOR_WINDOWTEXT);
-  drawing.clrTextBk = MarkColour();
   return CDRF_NEWFONT;
 }
 

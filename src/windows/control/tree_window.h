@@ -59,6 +59,7 @@ class TreeWindow final : public BoundWindow {
   NodeIndex IndexOf(HTREEITEM handle) const;
   bool MouseIsOnNode() const;
   void SizeItems();
+  void ScrollTo(HTREEITEM item);
 
   ChildEvents& events_;
   std::vector<HTREEITEM> items_;  // by node index - 1

@@ -278,6 +278,57 @@ TEST(ControlWindow, RepaintsItsLabelsWhenItsWidthChanges) {
   KeepPicture(world.host.Handle(), "labels filled");
 }
 
+TEST(ControlWindow, PaintsNothingWhilePaintingIsOffAndEverythingAfterwards) {
+  UiWorld world;
+  world.Start();
+  world.window->SetPainting(false);
+  EXPECT_TRUE(world.window->IsShown());
+  for (const HWND child : {world.Tree(), world.Grid(), world.Strip()}) {
+    EXPECT_FALSE(IsWindowVisible(child));
+    ValidateRect(child, nullptr);
+  }
+  world.window->SetPainting(true);
+  for (const HWND child : {world.Tree(), world.Grid(), world.Strip()}) {
+    EXPECT_TRUE(IsWindowVisible(child));
+    EXPECT_TRUE(GetUpdateRect(child, nullptr, FALSE));
+  }
+}
+
+TEST(ControlWindow, StaysHiddenWhenPaintingComesBack) {
+  UiWorld world;
+  world.Start();
+  world.window->SetPainting(false);
+  world.window->Hide();
+  world.window->SetPainting(true);
+  EXPECT_FALSE(world.window->IsShown());
+  world.window->SetPainting(false);
+  world.window->SetPainting(true);
+  EXPECT_FALSE(world.window->IsShown());
+}
+
+TEST(ControlWindow, PaintsBehindADialogThoughPaintingIsOff) {
+  UiWorld world;
+  world.Start();
+  world.window->SetPainting(false);
+  EXPECT_EQ(world.window->DialogOwner(), world.host.Handle());
+  EXPECT_TRUE(IsWindowVisible(world.Tree()));
+}
+
+TEST(ControlWindow, PaintsWhenAFillTakesLongThoughPaintingIsOff) {
+  UiWorld world;
+  world.Start();
+  world.window->SetPainting(false);
+  world.window->SetRedraw(false);
+  world.window->ClearNodes();
+  world.window->InsertNode(1, kNoNode, u"物料");
+  Sleep(400);
+  for (NodeIndex node = 2; node < 512; ++node) world.window->InsertNode(node, 1, u"01");
+  EXPECT_FALSE(IsWindowVisible(world.Tree()));
+  world.window->InsertNode(512, 1, u"01");
+  EXPECT_TRUE(IsWindowVisible(world.Tree()));
+  world.window->SetRedraw(true);
+}
+
 TEST(ControlWindow, PutsAQuitMessageBackAfterPendingMessages) {
   UiWorld world;
   PostThreadMessageW(GetCurrentThreadId(), WM_APP, 0, 0);
@@ -287,6 +338,30 @@ TEST(ControlWindow, PutsAQuitMessageBackAfterPendingMessages) {
   ASSERT_TRUE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
   EXPECT_EQ(message.message, static_cast<UINT>(WM_QUIT));
   EXPECT_EQ(message.wParam, 7u);
+}
+
+TEST(ControlWindow, LeavesKeysThatArePendingToTheHostsLoop) {
+  UiWorld world;
+  world.Start();
+  for (const UINT key : {UINT{WM_KEYDOWN}, UINT{WM_SYSKEYDOWN}}) {
+    PostMessageW(world.Tree(), key, VK_F6, 1);
+    world.screen->RunPendingMessages();
+    MSG message{};
+    ASSERT_TRUE(PeekMessageW(&message, world.Tree(), WM_KEYFIRST, WM_KEYLAST, PM_REMOVE)) << key;
+    EXPECT_EQ(message.message, key);
+  }
+}
+
+TEST(ControlWindow, RunsPendingMessagesUpToAKey) {
+  UiWorld world;
+  world.Start();
+  PostMessageW(world.window->Handle(), WM_SIZE, 0, 0);
+  PostMessageW(world.Tree(), WM_KEYUP, VK_DOWN, 1);
+  PostMessageW(world.Tree(), WM_KEYDOWN, VK_F6, 1);
+  world.screen->RunPendingMessages();
+  MSG message{};
+  ASSERT_TRUE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
+  EXPECT_EQ(message.message, static_cast<UINT>(WM_KEYDOWN));
 }
 
 Picture DrawnForAContainer(const UiWorld& world) {

@@ -176,6 +176,21 @@ TEST_F(FindBar, HoldsTheControlThatAClientEndsWhenItHearsThatNoRowsAreLeft) {
   EXPECT_TRUE(IsHeldWhenItIsEndedAtACount([this] { world_.control->GetGrid().SetMaxRows(0); }));
 }
 
+TEST_F(FindBar, IsDrawnWithItsBackgroundForAContainer) {
+  Open(world_.Grid());
+  const HWND bar = world_.Child(ids::kFindBar);
+  const HDC screen = GetDC(bar);
+  const HDC context = CreateCompatibleDC(screen);
+  const HBITMAP bitmap = CreateCompatibleBitmap(screen, 20, 20);
+  const HGDIOBJ before = SelectObject(context, bitmap);
+  PatBlt(context, 0, 0, 20, 20, BLACKNESS);
+  SendMessageW(bar, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(context), PRF_CLIENT);
+  EXPECT_EQ(GetPixel(context, 3, 3), GetSysColor(COLOR_BTNFACE));
+  DeleteObject(SelectObject(context, before));
+  DeleteDC(context);
+  ReleaseDC(bar, screen);
+}
+
 TEST_F(FindBar, SearchesNothingWhileACompositionIsOpen) {
   Open(world_.Grid());
   const std::string before = Current();

@@ -82,7 +82,7 @@ double StrengthOf(const Picture& picture, const RECT& area) {
   return sum / static_cast<double>((area.right - area.left) * (area.bottom - area.top));
 }
 
-TEST_P(ControlInHighContrast, DisabledButtonsAreSeenAndToldFromEnabledOnes) {
+TEST_P(ControlInHighContrast, DisabledButtonsAreSeenAndDifferFromEnabledOnes) {
   const auto image = [this](std::size_t index) {
     RECT area = ButtonArea(index);
     InflateRect(&area, -Scale(2), -Scale(2));
@@ -98,6 +98,18 @@ TEST_P(ControlInHighContrast, DisabledButtonsAreSeenAndToldFromEnabledOnes) {
     EXPECT_LT(StrengthOf(disabled, image(index)), StrengthOf(enabled, image(index)) * 0.6) << index;
   }
   KeepPicture(world_.host.Handle(), GetParam() ? "disabled in dark" : "disabled in light");
+}
+
+TEST_P(ControlInHighContrast, CaptionsOfDisabledButtonsAreReadableAndWeaker) {
+  TBBUTTON button{};
+  SendMessageW(world_.Strip(), TB_GETBUTTON, 1, reinterpret_cast<LPARAM>(&button));
+  RECT caption = ButtonArea(1);
+  InflateRect(&caption, -Scale(2), -Scale(2));
+  caption.left += Scale(22);
+  SendMessageW(world_.Strip(), TB_ENABLEBUTTON, static_cast<WPARAM>(button.idCommand), FALSE);
+  const Picture disabled = CapturePicture(world_.Strip());
+  EXPECT_GT(ShareThatStandsOut(disabled, caption, 2), 0.02);
+  EXPECT_EQ(ShareThatStandsOut(disabled, caption, 8), 0) << "as strong as an enabled one's";
 }
 
 TEST_P(ControlInHighContrast, NodesOfTheTreeStandOutAndSoDoesTheSelectedOne) {

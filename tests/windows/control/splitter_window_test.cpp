@@ -40,9 +40,11 @@ class Splitter : public ::testing::Test {
 
 TEST_F(Splitter, ADragMovesTheBarFirstAndThePanesAtItsEnd) {
   const int before = TreeWidth();
+  world_.MoveCursor(Handle(), {2, 50});
   PostMessageW(Handle(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(2, 50));
   RunMessages();
   EXPECT_TRUE(BarIsVisible());
+  world_.MoveCursor(Handle(), {80, 50});
   PostMessageW(Handle(), WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(80, 50));
   RunMessages();
   EXPECT_EQ(TreeWidth(), before);
@@ -86,6 +88,32 @@ TEST_F(Splitter, LosingTheMouseCaptureCancelsTheDrag) {
   RunMessages();
   EXPECT_FALSE(BarIsVisible());
   EXPECT_EQ(TreeWidth(), before);
+}
+
+TEST_F(Splitter, NoDragBeginsWhereTheHostRefusesTheFocus) {
+  const HWND outside = CreateWindowW(L"BUTTON", L"", WS_CHILD | WS_VISIBLE, 0, 0, 10, 10,
+                                     world_.host.Handle(), nullptr, nullptr, nullptr);
+  SetFocus(outside);
+  world_.window->OnFocusChange([&](bool gained) {
+    if (gained) SetFocus(outside);
+  });
+  PostMessageW(Handle(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(2, 50));
+  RunMessages();
+  EXPECT_FALSE(BarIsVisible());
+  EXPECT_EQ(GetFocus(), outside);
+  EXPECT_EQ(GetCapture(), nullptr);
+}
+
+TEST_F(Splitter, AFocusThatMovesElsewhereCancelsTheDragAndStaysThere) {
+  SetFocus(world_.Tree());
+  const int before = TreeWidth();
+  PostMessageW(Handle(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(2, 50));
+  PostMessageW(Handle(), WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(90, 50));
+  RunMessages();
+  SetFocus(world_.Grid());
+  EXPECT_FALSE(BarIsVisible());
+  EXPECT_EQ(TreeWidth(), before);
+  EXPECT_EQ(GetFocus(), world_.Grid());
 }
 
 TEST_F(Splitter, ADragDoesNotMoveTheFocus) {

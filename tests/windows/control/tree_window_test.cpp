@@ -141,6 +141,20 @@ TEST_F(TreeWindow, KeepsItsScrollPositionOverAReload) {
   EXPECT_EQ(world_.window->SelectedNode(), kNoNode);
 }
 
+TEST_F(TreeWindow, ShowsTheBeginningOfALongClass) {
+  const HWND tree = world_.Tree();
+  std::wstring text(200, L'W');
+  TVITEMW item{};
+  item.mask = TVIF_TEXT;
+  item.hItem = TreeView_GetChild(tree, TreeView_GetRoot(tree));
+  item.pszText = text.data();
+  TreeView_SetItem(tree, &item);
+  world_.window->ShowFoundNode(2);
+  EXPECT_EQ(GetScrollPos(tree, SB_HORZ), 0);
+  world_.window->SelectNode(2);
+  EXPECT_EQ(GetScrollPos(tree, SB_HORZ), 0);
+}
+
 // The picture is the node's row: the colours of the text and around it.
 TEST_F(TreeWindow, ShowsTheClickedClassWithoutFocusAndWithoutSelection) {
   const POINT node = world_.NodePoint(4);
@@ -177,6 +191,35 @@ TEST_F(TreeWindow, ShowsTheClassesOfTheRootUnlessTheUserClosedIt) {
   TreeView_Expand(world_.Tree(), TreeView_GetRoot(world_.Tree()), TVE_EXPAND);
   world_.control->CommandChosen(Button(u"sp2"));
   EXPECT_TRUE(expanded());
+}
+
+WNDPROC treeProcedure = nullptr;
+
+int refusals = 0;
+
+LRESULT CALLBACK RefuseClass04(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == TVM_INSERTITEMW) {
+    const auto& insertion = *reinterpret_cast<const TVINSERTSTRUCTW*>(lParam);
+    if (windows::FromWide(insertion.item.pszText).substr(0, 2) == u"04") {
+      ++refusals;
+      return 0;
+    }
+  }
+  return CallWindowProcW(treeProcedure, window, message, wParam, lParam);
+}
+
+TEST_F(TreeWindow, LeavesOutAClassThatTheSystemCannotInsert) {
+  const HWND tree = world_.Tree();
+  treeProcedure = reinterpret_cast<WNDPROC>(
+      SetWindowLongPtrW(tree, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&RefuseClass04)));
+  world_.control->CommandChosen(Button(u"sp2"));
+  SetWindowLongPtrW(tree, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(treeProcedure));
+  EXPECT_EQ(refusals, 1);
+  EXPECT_EQ(TreeView_GetCount(tree), 12u);
+  EXPECT_EQ(world_.control->Nodes().Count(), 12u);
+  const std::size_t before = Loads(u"05");
+  world_.Click(tree, world_.NodePoint(5));
+  EXPECT_EQ(Loads(u"05"), before + 1);
 }
 
 TEST_F(TreeWindow, ShowsClosedAndOpenFolders) {

@@ -175,11 +175,18 @@ void Input::DoubleClick(HWND target, POINT point) {
   RunMessages();
 }
 
+void Input::MoveCursor(HWND target, POINT to) {
+  ClientToScreen(target, &to);
+  SetCursorPos(to.x, to.y);
+}
+
 void Input::Drag(HWND target, POINT from, POINT to) {
+  MoveCursor(target, from);
   PostMessageW(target, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(from.x, from.y));
   RunMessages();
   PostMessageW(target, WM_MOUSEMOVE, MK_LBUTTON,
                MAKELPARAM((from.x + to.x) / 2, (from.y + to.y) / 2));
+  MoveCursor(target, to);
   PostMessageW(target, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(to.x, to.y));
   RunMessages();
   PostMessageW(target, WM_LBUTTONUP, 0, MAKELPARAM(to.x, to.y));

@@ -49,6 +49,8 @@ class Input {
   void Click(HWND window, POINT point, WPARAM keys = 0);
   void DoubleClick(HWND window, POINT point);
   void Drag(HWND window, POINT from, POINT to);
+  // Before a move is posted: newer Wine adds a move to where the cursor is.
+  static void MoveCursor(HWND window, POINT to);
 };
 
 class UiWorld : public Input {
