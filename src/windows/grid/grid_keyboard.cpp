@@ -165,8 +165,9 @@ void GridWindow::CommandKeyPressed(WPARAM key) {
 }
 
 void GridWindow::EditingCancelled() {
+  const Lifetime window = WindowLifetime();
   Invalidate();
-  if (Handle() != nullptr && GetFocus() == nullptr) SetFocus(Handle());
+  if (!window.HasEnded() && GetFocus() == nullptr) SetFocus(Handle());
 }
 
 }  // namespace pricedown::windows

@@ -61,40 +61,41 @@ class Painter {
   }
 
   void PaintRows() {
+    const RECT rows{area_.left, std::max<LONG>(area_.top, geometry_.TitleHeight()), area_.right,
+                    area_.bottom};
+    if (rows.top >= rows.bottom) return;
+    FillArea(context_, rows, GetSysColor(COLOR_WINDOW));
     const int rowHeight = geometry_.RowHeight();
-    const int first = std::max<int>(area_.top - geometry_.TitleHeight(), 0) / rowHeight;
-    const int last = std::max<int>(area_.bottom - geometry_.TitleHeight(), 0) / rowHeight;
-    for (int index = first; index <= last; ++index) PaintRow(scene_.viewport.TopRow() + index);
-  }
-
-  void PaintRow(std::int32_t row) {
-    const RECT cell = CellArea(1, row);
-    // Right of the last column.
-    RECT rest{geometry_.Width() - scene_.viewport.Left(), cell.top, scene_.window.cx, cell.bottom};
-    PaintEmpty(rest);
+    const int first = (rows.top - geometry_.TitleHeight()) / rowHeight;
+    const int last = (rows.bottom - geometry_.TitleHeight()) / rowHeight;
+    for (int index = first; index <= last; ++index) {
+      const std::int32_t row = scene_.viewport.TopRow() + index;
+      if (row <= Rows()) PaintCells(row);
+      const LONG bottom = CellArea(1, row).bottom;
+      FillArea(context_, {rows.left, bottom - line_, rows.right, bottom}, lineColour_);
+    }
     for (std::int32_t column = 1; column <= geometry_.Columns(); ++column) {
-      RECT area = CellArea(column, row);
-      if (area.left == area.right || !IsVisible(area)) continue;
-      PaintCell(column, row, area);
+      const LONG right = geometry_.Right(column) - scene_.viewport.Left();
+      if (geometry_.Left(column) == geometry_.Right(column)) continue;
+      FillArea(context_, {right - line_, rows.top, right, rows.bottom}, lineColour_);
     }
   }
 
-  void PaintEmpty(const RECT& area) {
-    if (!IsVisible(area)) return;
-    FillArea(context_, area, GetSysColor(COLOR_WINDOW));
-    FillArea(context_, {area.left, area.bottom - line_, area.right, area.bottom}, lineColour_);
+  void PaintCells(std::int32_t row) {
+    for (std::int32_t column = 1; column <= geometry_.Columns(); ++column) {
+      const RECT area = CellArea(column, row);
+      if (area.left != area.right && IsVisible(area)) PaintCell(column, row, area);
+    }
   }
 
+  // Without the lines, and on a background of open cells.
   void PaintCell(std::int32_t column, std::int32_t row, const RECT& area) {
-    const bool exists = row <= Rows();
-    COLORREF background = GetSysColor(COLOR_WINDOW);
+    const COLORREF open = GetSysColor(COLOR_WINDOW);
+    COLORREF background = open;
     COLORREF text = GetSysColor(COLOR_WINDOWTEXT);
-    if (exists) FindColours(column, row, background, text);
+    FindColours(column, row, background, text);
     const RECT inner{area.left, area.top, area.right - line_, area.bottom - line_};
-    FillArea(context_, inner, background);
-    FillArea(context_, {area.left, inner.bottom, area.right, area.bottom}, lineColour_);
-    FillArea(context_, {inner.right, area.top, area.right, area.bottom}, lineColour_);
-    if (!exists) return;
+    if (background != open) FillArea(context_, inner, background);
     SetTextColor(context_, text);
     const bool isNumber = scene_.grid->UpperBound(column, row).has_value();
     PaintText(scene_.grid->Text(column, row), inner, isNumber ? DT_RIGHT : DT_LEFT);
@@ -149,7 +150,8 @@ class Painter {
                 geometry_.Right(column) - scene_.viewport.Left(), band.bottom};
       if (area.left == area.right) continue;
       PaintRaised(area);
-      PaintText(scene_.grid->Text(column, kTitleRow), area, DT_CENTER);
+      // A grid may be detached before its columns are.
+      if (scene_.grid != nullptr) PaintText(scene_.grid->Text(column, kTitleRow), area, DT_CENTER);
     }
     const int end = std::max(geometry_.Width() - scene_.viewport.Left(), 0);
     if (end < band.right) PaintRaised({end, 0, band.right, band.bottom});

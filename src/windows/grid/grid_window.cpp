@@ -194,6 +194,8 @@ void GridWindow::Announce(std::u16string_view text) {
 
 void GridWindow::GridChanged() {
   if (Handle() == nullptr || grid_ == nullptr) return;
+  // A client that receives the events may end the window.
+  const Lifetime window = WindowLifetime();
   selection_.Fit(*grid_);
   if (grid_->MaxRows() == 0) {
     if (!CancelEditing()) return;
@@ -208,7 +210,7 @@ void GridWindow::GridChanged() {
   } else {
     UpdateScrolling();
   }
-  events_.ItemsChanged();
+  if (!window.HasEnded()) events_.ItemsChanged();
 }
 
 void GridWindow::GridMetricsChanged() { UpdateMetrics(); }
@@ -230,7 +232,9 @@ GridScene GridWindow::Scene() const {
 }
 
 void GridWindow::OnPaint() {
+  const Lifetime window = WindowLifetime();
   if (scrollBarsDue_) UpdateScrolling();
+  if (window.HasEnded()) return;
   const PaintDc paint(Handle());
   if (IsRectEmpty(&paint.Area()) != FALSE) return;
   const BufferedPaint buffer(paint.Get(), paint.Area());

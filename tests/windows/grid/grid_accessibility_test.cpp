@@ -107,6 +107,14 @@ TEST_F(GridProviderTest, AClientMayTakeTheGridAwayInsideAnEvent) {
   EXPECT_EQ(GetFocus(), Handle());
 }
 
+TEST_F(GridProviderTest, AClientMayDestroyTheWindowInsideTheEventOfALoad) {
+  automation_.onEvent = [this] { DestroyWindow(Handle()); };
+  itemsChanged_ = 0;
+  grid_.SetMaxRows(50);
+  EXPECT_EQ(Handle(), nullptr);
+  EXPECT_EQ(itemsChanged_, 0);
+}
+
 TEST_F(GridProviderTest, APriceFromOutsideRaisesItsValue) {
   PatternOf<IValueProvider>(Cell(4, 9), UIA_ValuePatternId)->SetValue(L"3");
   EXPECT_EQ(Events(), Log{"value row9.column4 = 3.00"});

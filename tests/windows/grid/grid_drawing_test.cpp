@@ -105,6 +105,22 @@ TEST_F(GridWindow, RowsAndTitlesFollowTheGrid) {
   EXPECT_GT(window_.Viewport().Geometry().RowHeight(), 41);
 }
 
+// A container may draw the control while an open cell's field closes.
+TEST_F(GridWindow, CanBeDrawnWhileItsGridIsDetached) {
+  input_.Click(Handle(), CellPoint(4, 2));
+  input_.Type(u"1");
+  ASSERT_NE(Editor(), nullptr);
+  const HDC context = CreateCompatibleDC(nullptr);
+  bool drawn = false;
+  whenFocused_ = [&] {
+    SendMessageW(Handle(), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(context), PRF_CLIENT);
+    drawn = true;
+  };
+  window_.Show(nullptr);
+  EXPECT_TRUE(drawn);
+  DeleteDC(context);
+}
+
 TEST_F(GridWindow, OutlivesADetachedGrid) {
   window_.Show(nullptr);
   CapturePicture(Handle());

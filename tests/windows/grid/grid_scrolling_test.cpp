@@ -18,6 +18,7 @@ TEST_F(GridWindow, DragsAColumnWider) {
 
 TEST_F(GridWindow, EscapeRestoresTheWidthOfADraggedColumn) {
   const POINT edge = EdgePoint(1);
+  input_.MoveCursor(Handle(), {edge.x + 40, edge.y});
   PostMessageW(Handle(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(edge.x, edge.y));
   PostMessageW(Handle(), WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(edge.x + 40, edge.y));
   RunMessages();

@@ -86,7 +86,7 @@ class GridWindow : public ::testing::Test, public windows::GridEvents {
   void FocusEntered(HWND) override {
     if (whenFocused_) std::exchange(whenFocused_, nullptr)();
   }
-  void ItemsChanged() override {}
+  void ItemsChanged() override { ++itemsChanged_; }
   void ItemsFilling() override {}
   bool Waiting() const override { return waiting_; }
 
@@ -98,6 +98,7 @@ class GridWindow : public ::testing::Test, public windows::GridEvents {
   std::string tabs_;
   std::vector<Key> commands_;
   int menus_ = 0;
+  int itemsChanged_ = 0;
   bool waiting_ = false;
   std::function<void()> whenFocused_;  // once
 };
