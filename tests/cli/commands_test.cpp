@@ -1,6 +1,4 @@
 // The program's commands, from arguments to exit code.
-#include "workbench/cli/commands.h"
-
 #include <gtest/gtest.h>
 
 #include <sqlite3.h>
@@ -12,31 +10,12 @@
 #include <sstream>
 #include <thread>
 
-#include "tests/sample/temporary_folder.h"
+#include "tests/cli/run_commands.h"
 #include "workbench/company/connection.h"
 #include "workbench/company/utf.h"
 
 namespace workbench::testing {
 namespace {
-
-class Commands : public ::testing::Test {
- protected:
-  int Run(const std::vector<std::string>& words) {
-    out_.str("");
-    err_.str("");
-    return RunCommand(words, out_, err_);
-  }
-
-  std::string Company() { return folder_.PathOf("公司.db"); }
-
-  void CreateCompany() {
-    ASSERT_EQ(Run({"create", Company(), "--items", "5", "--classes", "2"}), 0);
-  }
-
-  TemporaryFolder folder_;
-  std::ostringstream out_;
-  std::ostringstream err_;
-};
 
 TEST_F(Commands, HelpNamesEveryCommandAndExitCode) {
   for (const char* word : {"--help", "-h", "help"}) {
@@ -87,122 +66,6 @@ TEST_F(Commands, CreateRefusesAnExistingFileWithoutForce) {
   EXPECT_TRUE(folder_.Read("公司.db") == before);
   EXPECT_EQ(Run({"create", Company(), "--force"}), kDone);
   EXPECT_FALSE(folder_.Read("公司.db") == before);
-}
-
-TEST_F(Commands, ImportAddsItemsAndAccounts) {
-  CreateCompany();
-  folder_.Write("物料.csv", "物料代码,物料名称\r\n90.1,端盖\r\n");
-  folder_.Write("科目.csv", "科目代码,科目名称\n7001,甲\n7001.01,乙\n");
-  EXPECT_EQ(Run({"import", Company(), "--items", folder_.PathOf("物料.csv"), "--accounts",
-                 folder_.PathOf("科目.csv")}),
-            kDone);
-  EXPECT_EQ(out_.str(), "已导入物料 1 个,科目 2 个\n");
-  EXPECT_EQ(Run({"info", Company()}), kDone);
-  EXPECT_NE(out_.str().find("物料: 6\n科目: 187\n"), std::string::npos) << out_.str();
-}
-
-TEST_F(Commands, ImportReportsEveryBadLineAndAddsNothing) {
-  CreateCompany();
-  const std::string before = folder_.Read("公司.db");
-  const std::string csv = folder_.PathOf("物料.csv");
-  folder_.Write("物料.csv", "物料代码,物料名称\n90.1,端盖\n,箱体\n90.1,轴\n");
-  EXPECT_EQ(Run({"import", Company(), "--items", csv}), kBadData);
-  EXPECT_EQ(out_.str(), "");
-  EXPECT_EQ(err_.str(), csv + ":3: 物料代码不能为空\n" + csv +
-                            ":4: 物料代码与第 2 行重复:90.1\n共 2 处不合格,没有导入任何数据\n");
-  EXPECT_TRUE(folder_.Read("公司.db") == before);
-}
-
-TEST_F(Commands, FilesThatCannotBeUsedFail) {
-  EXPECT_EQ(Run({"info", Company()}), kFailed);
-  EXPECT_EQ(err_.str(), "workbench: 文件不存在: " + Company() + "\n");
-  EXPECT_EQ(folder_.Names(), std::set<std::string>()) << "asking makes no file";
-
-  folder_.Write("公司.db", std::string(5000, 'x'));
-  EXPECT_EQ(Run({"info", Company()}), kFailed);
-  EXPECT_EQ(err_.str(), "workbench: 不是公司文件\n");
-
-  ASSERT_EQ(Run({"create", Company(), "--force"}), kDone);
-  EXPECT_EQ(Run({"import", Company(), "--items", folder_.PathOf("无.csv")}), kFailed);
-  EXPECT_EQ(err_.str(), "workbench: 无法打开文件: " + folder_.PathOf("无.csv") + "\n");
-  EXPECT_EQ(Run({"import", Company(), "--items", folder_.PathOf("")}), kFailed);
-  EXPECT_NE(err_.str().find("是文件夹而不是文件"), std::string::npos) << err_.str();
-}
-
-TEST_F(Commands, ImportSaysThatAFileHoldsAHeaderOnly) {
-  CreateCompany();
-  const std::string csv = folder_.PathOf("物料.csv");
-  folder_.Write("物料.csv", "物料代码,物料名称\n\n,\n");
-  EXPECT_EQ(Run({"import", Company(), "--items", csv}), kDone);
-  EXPECT_EQ(out_.str(), csv + ": 只有标题行,没有数据\n已导入物料 0 个,科目 0 个\n");
-}
-
-TEST_F(Commands, ImportNamesANulByte) {
-  CreateCompany();
-  const std::string csv = folder_.PathOf("物料.csv");
-  for (const std::string& text :
-       {std::string(1, '\0'), std::string("物料代码,物料名称\n90.1,a\0b\n", 35)}) {
-    folder_.Write("物料.csv", text);
-    EXPECT_EQ(Run({"import", Company(), "--items", csv}), kBadData);
-    EXPECT_NE(err_.str().find("文件含有空字符,不是文本文件"), std::string::npos) << err_.str();
-  }
-}
-
-TEST_F(Commands, ExportWritesWhatImportReads) {
-  ASSERT_EQ(Run({"create", Company()}), kDone);
-  const std::string items = folder_.PathOf("物料.csv");
-  const std::string accounts = folder_.PathOf("科目.csv");
-  ASSERT_EQ(Run({"export", Company(), "--items", items, "--accounts", accounts}), kDone)
-      << err_.str();
-  EXPECT_EQ(out_.str(), "已写入 " + items + "\n已写入 " + accounts + "\n");
-  const std::string itemsBefore = folder_.Read("物料.csv");
-  const std::string accountsBefore = folder_.Read("科目.csv");
-  EXPECT_EQ(Run({"export", Company(), "--items", items}), kFailed);
-  EXPECT_EQ(err_.str(), "workbench: 文件已存在: " + items + "\n");
-
-  {
-    const auto company = OpenConnection(Company());
-    company->Execute(u"DELETE FROM t_ICItem DELETE FROM t_account");
-  }
-  ASSERT_EQ(Run({"import", Company(), "--items", items, "--accounts", accounts}), kDone)
-      << err_.str();
-  EXPECT_EQ(out_.str(), "已导入物料 3200 个,科目 185 个\n");
-  ASSERT_EQ(Run({"export", Company(), "--items", items + "2", "--accounts", accounts + "2"}),
-            kDone);
-  EXPECT_TRUE(folder_.Read("物料.csv2") == itemsBefore);
-  EXPECT_TRUE(folder_.Read("科目.csv2") == accountsBefore);
-}
-
-TEST_F(Commands, ExportKeepsTheColumnsOfAnItemWithoutACode) {
-  ASSERT_EQ(Run({"create", Company(), "--items", "1", "--classes", "1"}), kDone);
-  OpenConnection(Company())->Execute(
-      u"UPDATE t_ICItem SET FNumber=NULL,FName='端,盖',FModel=NULL,FShortNumber='s',"
-      u"FErpClsID=1,FUnitName=NULL,FPlanPrice=2.5,FSalePrice=NULL");
-  const std::string csv = folder_.PathOf("物料.csv");
-  EXPECT_EQ(Run({"export", Company(), "--items", csv}), kBadData);
-  EXPECT_EQ(out_.str(), "已写入 " + csv + "\n");
-  EXPECT_EQ(err_.str(), csv + ":2: 物料代码不能为空\n共 1 处不能原样导入\n");
-  EXPECT_NE(folder_.Read("物料.csv").find("\r\n,\"端,盖\",,s,1,,2.5,\r\n"), std::string::npos)
-      << folder_.Read("物料.csv");
-}
-
-TEST_F(Commands, AnExportThatFailsLeavesNoFile) {
-  CreateCompany();
-  EXPECT_EQ(Run({"export", Company(), "--items", folder_.PathOf("无/物料.csv")}), kFailed);
-  EXPECT_EQ(err_.str(), "workbench: 无法写入文件 " + folder_.PathOf("无/物料.csv") + "\n");
-  EXPECT_EQ(folder_.Names(), std::set<std::string>{"公司.db"});
-}
-
-TEST_F(Commands, AnExportWhoseSecondFileFailsLeavesNeither) {
-  CreateCompany();
-  const std::string items = folder_.PathOf("物料.csv");
-  // One name for both: the second file fails when the first has its name.
-  for (const std::string& accounts : {folder_.PathOf("无/科目.csv"), items}) {
-    EXPECT_EQ(Run({"export", Company(), "--items", items, "--accounts", accounts}), kFailed);
-    EXPECT_NE(err_.str().find(accounts), std::string::npos) << err_.str();
-    EXPECT_EQ(out_.str(), "");
-    EXPECT_EQ(folder_.Names(), std::set<std::string>{"公司.db"});
-  }
 }
 
 TEST_F(Commands, CheckListsWhatIsWrongAndChangesNothing) {
@@ -337,20 +200,37 @@ TEST_F(Commands, BackupCopiesACompanyThatIsInUse) {
   EXPECT_EQ(folder_.Names().count("副本.db2"), 0U);
 }
 
+TEST_F(Commands, NewFilesAreRefusedBesideTheLogOfADeletedCompany) {
+  CreateCompany();
+  const std::string copy = folder_.PathOf("副本.db");
+  {
+    const auto user = OpenConnection(Company());
+    user->Execute(u"UPDATE t_systemprofile SET FValue='旧'");
+    std::filesystem::copy(PathFromUtf8(Company() + "-wal"), PathFromUtf8(copy + "-wal"));
+  }
+  EXPECT_EQ(Run({"backup", Company(), copy}), kFailed);
+  EXPECT_EQ(err_.str(), "workbench: 旧日志仍在: " + copy + "-wal\n");
+  EXPECT_EQ(Run({"create", copy}), kFailed);
+  EXPECT_EQ(err_.str(), "workbench: 旧日志仍在(使用 --force 覆盖): " + copy + "-wal\n");
+  EXPECT_EQ(Run({"create", copy, "--force"}), kDone) << err_.str();
+  EXPECT_EQ(Run({"info", copy}), kDone) << err_.str();
+  EXPECT_NE(out_.str().find("当前期间: 2008年第3期\n"), std::string::npos) << out_.str();
+}
+
 // In both modes of a file: that of programs that share it, and that of a program that loads data.
 TEST_F(Commands, BackupCopiesOneStateWhileAnotherConnectionWrites) {
   ASSERT_EQ(Run({"create", Company()}), kDone);
   int copies = 0;
   for (const OpenMode mode : {OpenMode::ReadWrite, OpenMode::Shared}) {
     std::atomic<int> written = 0;
-    std::atomic<bool> isDone = false;
-    std::string failure;
-    std::thread writer([&] {
+    std::string failure;  // the writer's; read once it has ended
+    std::atomic<bool> hasFailed = false;
+    std::jthread writer([&](const std::stop_token& stop) {
       try {
         ConnectOptions options;
         options.mode = mode;
         const auto company = OpenConnection(Company(), options);
-        while (!isDone) {
+        while (!stop.stop_requested()) {
           const std::u16string name = u"'" + Utf16FromUtf8(std::to_string(++written)) + u"'";
           company->Execute(u"UPDATE t_ICItem SET FName=" + name + u" WHERE FItemID<=1600 " +
                            u"UPDATE t_ICItem SET FName=" + name + u" WHERE FItemID>1600");
@@ -358,11 +238,12 @@ TEST_F(Commands, BackupCopiesOneStateWhileAnotherConnectionWrites) {
         }
       } catch (const DatabaseError& error) {
         failure = error.what();
+        hasFailed = true;
       }
     });
     for (int i = 0; i < 10; ++i) {
       const int before = written;
-      while (written < before + 3 && failure.empty()) std::this_thread::yield();
+      while (written < before + 3 && !hasFailed) std::this_thread::yield();
       const std::string copy = folder_.PathOf("副本" + std::to_string(++copies) + ".db");
       EXPECT_EQ(Run({"backup", Company(), copy}), kDone) << err_.str();
       const ResultSet names = OpenConnection(copy)->Execute(u"SELECT FName FROM t_ICItem");
@@ -373,7 +254,7 @@ TEST_F(Commands, BackupCopiesOneStateWhileAnotherConnectionWrites) {
       EXPECT_EQ(names.RowCount(), 3200U);
       EXPECT_EQ(different.size(), 1U);
     }
-    isDone = true;
+    writer.request_stop();
     writer.join();
     EXPECT_EQ(failure, "");
   }

@@ -1,26 +1,11 @@
 #include "tests/company/company_file.h"
 
-#include <sqlite3.h>
-
-#include <atomic>
-#include <chrono>
-#include <memory>
 #include <sstream>
-#include <stdexcept>
 
-#include "workbench/company/collation.h"
-#include "workbench/company/schema.h"
 #include "workbench/company/utf.h"
 
 namespace workbench::testing {
 namespace {
-
-std::filesystem::path UnusedPath() {
-  static std::atomic<int> next{0};
-  const auto started = std::chrono::steady_clock::now().time_since_epoch().count();
-  return std::filesystem::temp_directory_path() /
-         ("company-test-" + std::to_string(started) + "-" + std::to_string(next++) + ".db");
-}
 
 std::string CellText(const Cell& cell) {
   switch (cell.Kind()) {
@@ -40,28 +25,6 @@ std::string CellText(const Cell& cell) {
 }
 
 }  // namespace
-
-CompanyFile::CompanyFile() : path_(UnusedPath()) {
-  sqlite3* opened = nullptr;
-  const int result = sqlite3_open(Path().c_str(), &opened);
-  const std::unique_ptr<sqlite3, int (*)(sqlite3*)> database(opened, sqlite3_close);
-  if (result != SQLITE_OK) throw std::runtime_error("no test company at " + Path());
-  RegisterServerText(opened);
-  // A test's company need not survive a power failure.
-  sqlite3_exec(opened, "PRAGMA synchronous=OFF; BEGIN", nullptr, nullptr, nullptr);
-  CreateCompanyTables(opened);
-  CreateCompanyIndexes(opened);
-  sqlite3_exec(opened, "COMMIT", nullptr, nullptr, nullptr);
-}
-
-CompanyFile::~CompanyFile() {
-  std::error_code ignored;
-  for (const char* ending : {"", "-wal", "-shm", "-journal"}) {
-    std::filesystem::remove(Path() + ending, ignored);
-  }
-}
-
-std::string CompanyFile::Path() const { return path_.string(); }
 
 ResultSet OpenCompany::Execute(std::string_view text) {
   return connection_.Execute(Utf16FromUtf8(text));

@@ -1,26 +1,25 @@
-// A company for one test: a file in the temporary folder with empty tables.
+// A company for one test: a file with empty tables in a folder of its own.
 #pragma once
 
-#include <filesystem>
 #include <string>
 #include <string_view>
 
+#include "tests/company/empty_company.h"
+#include "tests/sample/temporary_folder.h"
 #include "workbench/company/sqlite_connection.h"
 
 namespace workbench::testing {
 
 class CompanyFile {
  public:
-  CompanyFile();
-  ~CompanyFile();
-  CompanyFile(const CompanyFile&) = delete;
-  CompanyFile& operator=(const CompanyFile&) = delete;
+  CompanyFile() { CreateEmptyCompany(path_); }
 
   // UTF-8, as connections expect.
-  std::string Path() const;
+  const std::string& Path() const { return path_; }
 
  private:
-  std::filesystem::path path_;
+  TemporaryFolder folder_;
+  std::string path_ = folder_.PathOf("company.db");
 };
 
 // A company file and a connection to it; texts in UTF-8 so that tests can be read.
@@ -28,7 +27,7 @@ class OpenCompany {
  public:
   OpenCompany() : connection_(file_.Path()) {}
 
-  std::string Path() const { return file_.Path(); }
+  const std::string& Path() const { return file_.Path(); }
   SqliteConnection& Connection() { return connection_; }
 
   ResultSet Execute(std::string_view text);

@@ -86,6 +86,16 @@ TEST(Location, RemovesAnUnclosedValueFromMessages) {
             "no ***, no ***");
 }
 
+TEST(Location, IsEnteredWithBlanksAndTheQuotesOfACopiedPath) {
+  for (const char* entered :
+       {"C:\\公司 1.db", " C:\\公司 1.db\r\n", "\"C:\\公司 1.db\"", " \" C:\\公司 1.db \"\t"}) {
+    EXPECT_EQ(EnteredLocation(entered), "C:\\公司 1.db") << entered;
+  }
+  EXPECT_EQ(EnteredLocation("DSN=books;PWD=\"a b\""), "DSN=books;PWD=\"a b\"");
+  EXPECT_EQ(EnteredLocation("\""), "\"");
+  EXPECT_EQ(EnteredLocation(" \"\" "), "");
+}
+
 TEST(Location, ReplacesEveryPassword) {
   EXPECT_EQ(WithPassword("Server=db;PWD=alt;UID=sa;password={a;lt}", "n;e}u"),
             "Server=db;UID=sa;PWD={n;e}}u}");

@@ -4,9 +4,8 @@
 #include <sqlite3.h>
 
 #include <chrono>
-#include <filesystem>
-#include <fstream>
 #include <memory>
+#include <set>
 #include <string>
 #include <thread>
 
@@ -261,21 +260,21 @@ TEST_F(SqliteCompany, AcceptsAListOfTensOfThousandsOfItems) {
 }
 
 TEST(SqliteCompanyFile, MustExist) {
-  const auto path = std::filesystem::temp_directory_path() / "公司-does-not-exist.db";
+  const testing::TemporaryFolder folder;
+  const std::string path = folder.PathOf("missing.db");
   try {
-    SqliteConnection connection(path.string());
+    SqliteConnection connection(path);
     FAIL() << "opened";
   } catch (const DatabaseError& error) {
-    EXPECT_EQ(std::string(error.what()), "无法打开公司数据库 '" + path.string() + "'。");
+    EXPECT_EQ(std::string(error.what()), "无法打开公司数据库 '" + path + "'。");
   }
-  EXPECT_FALSE(std::filesystem::exists(path));
+  EXPECT_EQ(folder.Names(), std::set<std::string>());
 }
 
 TEST(SqliteCompanyFile, MustBeADatabase) {
-  const auto path = std::filesystem::temp_directory_path() / "company-test-not-a-database.db";
-  std::ofstream(path) << std::string(4096, 'x');
-  EXPECT_THROW(SqliteConnection(path.string()), DatabaseError);
-  std::filesystem::remove(path);
+  const testing::TemporaryFolder folder;
+  folder.Write("x.db", std::string(4096, 'x'));
+  EXPECT_THROW(SqliteConnection(folder.PathOf("x.db")), DatabaseError);
 }
 
 TEST(OpenConnection, OpensAPathAsACompanyFile) {

@@ -2,7 +2,6 @@
 // recordset. Only windows and user are fakes.
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <memory>
 #include <set>
 #include <string>
@@ -14,6 +13,7 @@
 #include "tests/browser/recording_editor.h"
 #include "tests/browser/recording_views.h"
 #include "tests/control/recording_control_views.h"
+#include "tests/sample/temporary_folder.h"
 #include "tests/support/recording_questions.h"
 #include "tests/support/utf8.h"
 #include "workbench/sample/company_file.h"
@@ -27,22 +27,9 @@ using testing::Utf8;
 class BrowserOnSample : public ::testing::Test {
  protected:
   BrowserOnSample() {
-    const auto* test = ::testing::UnitTest::GetInstance()->current_test_info();
-    path_ =
-        std::filesystem::temp_directory_path() / (std::string("browser-") + test->name() + ".db");
-    workbench::CompanyFilePlan plan;
-    plan.replaces = true;
-    workbench::CreateCompanyFile(path_.string(), plan);
-    suite_->OpenCompany(FromUtf8(path_.string()));
-  }
-
-  ~BrowserOnSample() override {
-    control_.reset();
-    suite_->company.reset();
-    std::error_code ignored;
-    for (const char* suffix : {"", "-wal", "-shm"}) {
-      std::filesystem::remove(path_.string() + suffix, ignored);
-    }
+    const std::string path = folder_.PathOf("sample.db");
+    workbench::CreateCompanyFile(path, {});
+    suite_->OpenCompany(FromUtf8(path));
   }
 
   // A new control, as the host makes it.
@@ -70,7 +57,7 @@ class BrowserOnSample : public ::testing::Test {
     return static_cast<std::int32_t>(suite_->Execute(statement).RowCount());
   }
 
-  std::filesystem::path path_;
+  workbench::testing::TemporaryFolder folder_;
   workbench::SuiteStatePtr suite_ = std::make_shared<workbench::SuiteState>();
   workbench::SuiteFactory factory_{suite_};
   ProcessState state_;

@@ -5,6 +5,7 @@
 
 #include "platform/error.h"
 #include "tests/integration/control_fixture.h"
+#include "tests/integration/forwarding_connection.h"
 #include "tests/support/number_from_environment.h"
 #include "workbench/sample/company_explain.h"
 
@@ -174,6 +175,33 @@ TEST_F(ExplainOnCompany, CallsAnItemFreeExactlyWhenItCanBeRemoved) {
   EXPECT_GT(removed, listed / 10);
   EXPECT_LT(removed, listed);
   EXPECT_GT(quoted, listed / 50);
+}
+
+// Counts statements.
+class CountingConnection : public ForwardingConnection {
+ public:
+  using ForwardingConnection::ForwardingConnection;
+  ResultSet Execute(std::u16string_view text) override {
+    ++statements;
+    return ForwardingConnection::Execute(text);
+  }
+  int statements = 0;
+};
+
+TEST_F(ExplainOnCompany, NeedsNoMoreStatementsForAClassOfMuchHistory) {
+  auto counting = std::make_unique<CountingConnection>(std::move(suite_->company));
+  int& statements = counting->statements;
+  suite_->company = std::move(counting);
+  const auto reasons = [&] {
+    statements = 0;
+    return ExplainClass(*suite_->company, "A1")->reasons.size();
+  };
+  AddProvision(1, 2007, 1, 5);
+  EXPECT_EQ(reasons(), 1U);
+  const int before = statements;
+  for (const std::int32_t period : {2, 3, 4, 5}) AddProvision(2, 2007, period, 5);
+  EXPECT_EQ(reasons(), 5U);
+  EXPECT_EQ(statements, before);
 }
 
 }  // namespace

@@ -132,6 +132,13 @@ class LostConnection : public ControlOnCompany {
     return isReported;
   }
 
+  // Leaves the form, and drops what may have changed since the save.
+  void Exit() {
+    questions.WillAnswer({false});
+    editor.Click(FormTool::Exit);
+    questions.ForgetAnswers();
+  }
+
   // The form, also when a statement is lost while it opens.
   void OpenForm(std::u16string_view button, const std::function<void()>& work) {
     bool isOpened = false;
@@ -164,8 +171,7 @@ TEST_F(LostConnection, KeepsWhatWasTypedAndSavesItWhenTheServerIsBack) {
         editor.Click(FormTool::Save);
       }
       EXPECT_EQ(Classes(), std::string(kEdited) + kB1);
-      questions.WillAnswer({false});
-      editor.Click(FormTool::Exit);
+      Exit();
     });
   });
   EXPECT_GE(losses_, 8);
@@ -181,8 +187,7 @@ TEST_F(LostConnection, AddsANewClassOnce) {
         editor.Click(FormTool::Save);
       }
       EXPECT_EQ(Classes(), std::string(kA1) + kB1 + kAdded);
-      questions.WillAnswer({false});
-      editor.Click(FormTool::Exit);
+      Exit();
     });
   });
   EXPECT_GE(losses_, 8);
@@ -198,8 +203,7 @@ TEST_F(LostConnection, RemovesAnItemAtTheSecondTry) {
       EXPECT_EQ(editor.list.Rows().Items(), 2);
       EXPECT_EQ(Provisions(), "");
       EXPECT_EQ(Classes(), std::string(kA1) + kB1) << "before the save";
-      questions.WillAnswer({false});
-      editor.Click(FormTool::Exit);
+      Exit();
     });
   });
   EXPECT_GE(losses_, 8);
@@ -286,8 +290,7 @@ TEST_F(LostConnection, PicksItemsAtTheSecondTryAndKeepsWhatWasTyped) {
       }
       EXPECT_EQ(editor.list.Rows().Items(), 5);
       editor.Click(FormTool::Save);
-      questions.WillAnswer({false});
-      editor.Click(FormTool::Exit);
+      Exit();
     });
     EXPECT_EQ(Classes(), std::string(kPicked) + kEdited + kB1);
   });
@@ -310,8 +313,7 @@ TEST_F(LostConnection, ShowsThatAnAccountCannotBeLookedUpAndFindsItAtTheSecondTr
       }
       EXPECT_EQ(text(), "5711");
       editor.Click(FormTool::Save);
-      questions.WillAnswer({false});
-      editor.Click(FormTool::Exit);
+      Exit();
     });
     EXPECT_EQ(Classes(), std::string(kEdited) + kB1);
   });

@@ -48,19 +48,13 @@ class MeetingPrograms : public ControlOnCompany {
   static constexpr int kPrograms = 2;
   static constexpr int kUsualCommands = 2000;
 
-  ~MeetingPrograms() override {
-    for (int program = 0; program < kPrograms; ++program) {
-      std::filesystem::remove(ReportPath(program));
-    }
-  }
-
   std::string ReportPath(int program) const {
-    return path_.string() + ".report" + std::to_string(program);
+    return folder_.PathOf("report" + std::to_string(program));
   }
 
   void KeepAJournal() const {
     sqlite3* company = nullptr;
-    ASSERT_EQ(sqlite3_open(path_.string().c_str(), &company), SQLITE_OK);
+    ASSERT_EQ(sqlite3_open(path_.c_str(), &company), SQLITE_OK);
     RegisterServerText(company);
     constexpr const char* kJournal =
         "DELETE FROM icPriceDownClass;"
@@ -92,7 +86,7 @@ class MeetingPrograms : public ControlOnCompany {
 
   int RunCommands(int program) {
     random_.seed(static_cast<unsigned>(program) + 1);
-    suite_->OpenCompany(FromUtf8(path_.string()));
+    suite_->OpenCompany(FromUtf8(path_));
     auto offering = std::make_unique<OfferingPickers>(random_);
     suite_->pickers = std::move(offering);
     suite_->company = std::make_unique<DistantConnection>(std::move(suite_->company));
@@ -215,7 +209,7 @@ TEST_F(MeetingPrograms, LoseToEachOtherWhatTheHostGuideSays) {
     waitpid(program, &status, 0);
     EXPECT_EQ(status, 0);
   }
-  suite_->OpenCompany(FromUtf8(path_.string()));
+  suite_->OpenCompany(FromUtf8(path_));
   ReadReports();
 
   MeetingJournal journal(report_.saves);

@@ -124,6 +124,17 @@ TEST_F(CompanyFile, ForceLeavesNoOldLogToBeReplayedIntoTheNewFile) {
   EXPECT_EQ(ContentDigest(company.get()), ContentDigest(SampleCompany(2).get()));
 }
 
+TEST_F(CompanyFile, AnOldLogBesideAMissingFileIsRefusedAndRemovedByForce) {
+  for (const char* log : {"a.db-journal", "a.db-wal", "a.db-shm"}) {
+    folder_.Write(log, "of a company that is gone");
+    EXPECT_EQ(RefusalOf("a.db", Plan(1)), "旧日志仍在(使用 --force 覆盖): " + folder_.PathOf(log));
+    EXPECT_EQ(folder_.Names(), (Names{log}));
+    CreateCompanyFile(folder_.PathOf("a.db"), Plan(1, true));
+    EXPECT_EQ(folder_.Names(), (Names{"a.db"}));
+    std::filesystem::remove(PathFromUtf8(folder_.PathOf("a.db")));
+  }
+}
+
 TEST_F(CompanyFile, AFolderIsNotReplaced) {
   std::filesystem::create_directory(PathFromUtf8(folder_.PathOf("夹")));
   EXPECT_EQ(RefusalOf("夹", Plan(1, true)), "不是普通文件,不能覆盖: " + folder_.PathOf("夹"));

@@ -21,6 +21,9 @@ std::string FailureOf(const std::string& location, ConnectOptions options = {}) 
   return "opened";
 }
 
+// Wide, because the machine may be busy.
+constexpr seconds kFarBelowTheSleep{30};
+
 class ServerConnection : public ServerTest {};
 
 TEST_F(ServerConnection, KeepsTextsAndNumbersThroughTheBatchedInsert) {
@@ -234,7 +237,7 @@ TEST_F(ServerConnection, TimesOutALoginWithoutAReply) {
   server_->Thaw();
   EXPECT_NE(failure, "opened");
   EXPECT_GE(waited, seconds(1));
-  EXPECT_LT(waited, seconds(10));
+  EXPECT_LT(waited, seconds(30));
 }
 
 TEST_F(ServerConnection, EndsAStatementAtItsTimeLimit) {
@@ -242,8 +245,8 @@ TEST_F(ServerConnection, EndsAStatementAtItsTimeLimit) {
   options.statementTimeout = seconds(1);
   const auto connection = Open(options);
   const auto start = steady_clock::now();
-  EXPECT_THROW(Execute(*connection, "SELECT pg_sleep(20)"), DatabaseError);
-  EXPECT_LT(steady_clock::now() - start, seconds(5));
+  EXPECT_THROW(Execute(*connection, "SELECT pg_sleep(60)"), DatabaseError);
+  EXPECT_LT(steady_clock::now() - start, kFarBelowTheSleep);
   EXPECT_EQ(Number(*connection, "SELECT 3"), 3);
 }
 
@@ -253,12 +256,12 @@ TEST_F(ServerConnection, CancelsARunningStatementWhenAsked) {
   options.cancels = [start] { return steady_clock::now() - start > seconds(1); };
   const auto connection = Open(options);
   try {
-    Execute(*connection, "SELECT pg_sleep(20)");
+    Execute(*connection, "SELECT pg_sleep(60)");
     ADD_FAILURE() << "not cancelled";
   } catch (const DatabaseError& error) {
     EXPECT_NE(std::string(error.what()).find("cancel"), std::string::npos) << error.what();
   }
-  EXPECT_LT(steady_clock::now() - start, seconds(5));
+  EXPECT_LT(steady_clock::now() - start, kFarBelowTheSleep);
 }
 
 TEST_F(ServerConnection, ReportsTheEndOfEachStatementThatWasToBeCancelled) {

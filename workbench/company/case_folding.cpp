@@ -1,5 +1,6 @@
-// Unicode's simple case folding as a table of ranges. Full and language-dependent foldings are left
-// out.
+// The case folding of Unicode 14.0.0 where it is one character (status C of CaseFolding.txt), as a
+// table of ranges. It was checked by Python 3.11: c.casefold() of each character where that has
+// one.
 #include "workbench/company/case_folding.h"
 
 #include <algorithm>

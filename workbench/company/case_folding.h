@@ -1,4 +1,4 @@
-// Simple case folding of single characters, the same on every platform and in every locale.
+// Case folding of single characters, the same on every platform and in every locale.
 #pragma once
 
 namespace workbench {
@@ -7,7 +7,7 @@ constexpr char FoldAscii(char character) {
   return character >= 'A' && character <= 'Z' ? static_cast<char>(character + 32) : character;
 }
 
-// The character itself where Unicode has no simple folding for it.
+// The character itself where Unicode has no folding for it, or one of several characters.
 char32_t FoldCase(char32_t point) noexcept;
 
 }  // namespace workbench

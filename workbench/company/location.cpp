@@ -156,6 +156,12 @@ bool IsConnectionString(std::string_view location) {
   });
 }
 
+std::string_view EnteredLocation(std::string_view text) {
+  text = Trim(text);
+  const bool isQuoted = text.size() > 1 && text.starts_with('"') && text.ends_with('"');
+  return isQuoted ? Trim(text.substr(1, text.size() - 2)) : text;
+}
+
 std::string NormalizedConnectionString(std::string_view location) {
   return Joined(location, [](const Entry&) { return true; });
 }

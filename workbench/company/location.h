@@ -12,6 +12,9 @@ namespace workbench {
 // strings have, in any order and case and with any blanks. "./" in front makes a path of any text.
 bool IsConnectionString(std::string_view location);
 
+// What a user has entered: without the blanks around it and the quotes of a copied path.
+std::string_view EnteredLocation(std::string_view text);
+
 // The entries without the blanks around keys and values, for drivers that do not trim them.
 // Requires: IsConnectionString.
 std::string NormalizedConnectionString(std::string_view location);

@@ -30,17 +30,10 @@ void RequireSound(const std::string& path) {
   }
 }
 
-void RequireAbsent(const std::string& path) {
-  std::error_code ignored;
-  if (fs::exists(fs::symlink_status(PathFromUtf8(path), ignored))) {
-    throw CompanyFileError("文件已存在: " + path);
-  }
-}
-
 }  // namespace
 
 void BackUpCompanyFile(const std::string& from, const std::string& to) {
-  RequireAbsent(to);
+  RequireFreeName(to);
   const UnfinishedFile unfinished(to);
   {
     const Database source(from, Database::Mode::ReadOnly);
@@ -55,7 +48,7 @@ void BackUpCompanyFile(const std::string& from, const std::string& to) {
   }
   RequireSound(unfinished.path());
   // A rename replaces a file that was made during the copy.
-  RequireAbsent(to);
+  RequireFreeName(to);
   std::error_code error;
   fs::rename(PathFromUtf8(unfinished.path()), PathFromUtf8(to), error);
   if (error) {

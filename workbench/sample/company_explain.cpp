@@ -57,18 +57,19 @@ class Explainer {
     if (!current_) return lines;
     const ResultSet rows =
         Ask(company_,
-            "SELECT a.FItemID,a.FYear,a.FPeriod,a.FHaveAdd,a.FCurrentAdd "
+            "SELECT a.FItemID,a.FYear,a.FPeriod,a.FHaveAdd,a.FCurrentAdd,i.FNumber "
             "FROM ICPriceDownPrepare a INNER JOIN " +
-                join + " b ON a.FItemID=b.FItemID WHERE (a.FHaveAdd<>0 OR a.FCurrentAdd<>0) AND " +
+                join +
+                " b ON a.FItemID=b.FItemID LEFT JOIN t_ICItem i ON a.FItemID=i.FItemID WHERE "
+                "(a.FHaveAdd<>0 OR a.FCurrentAdd<>0) AND " +
                 condition + " ORDER BY a.FYear,a.FPeriod,a.FItemID");
     for (std::size_t row = 0; row < rows.RowCount(); ++row) {
       const Period period{IntegerOf(rows.At(row, 1)), IntegerOf(rows.At(row, 2))};
       const bool isChosen =
           which == Which::Earlier ? period.IsBefore(*current_) : period == *current_;
       if (!isChosen) continue;
-      std::string line = period.Text() + ": 物料 " + CodeOf(IntegerOf(rows.At(row, 0))) +
-                         ", 累计计提 " + AmountText(rows.At(row, 3)) + ", 本期计提 " +
-                         AmountText(rows.At(row, 4));
+      std::string line = period.Text() + ": 物料 " + CodeOf(rows, row) + ", 累计计提 " +
+                         AmountText(rows.At(row, 3)) + ", 本期计提 " + AmountText(rows.At(row, 4));
       // A class may hold an item twice.
       if (lines.empty() || lines.back() != line) lines.push_back(std::move(line));
     }
@@ -101,10 +102,10 @@ class Explainer {
   Explanation Release() { return std::move(explanation_); }
 
  private:
-  std::string CodeOf(std::int64_t itemId) {
-    const ResultSet rows =
-        Ask(company_, "SELECT FNumber FROM t_ICItem WHERE FItemID=" + std::to_string(itemId));
-    return rows.RowCount() == 0 ? "编号 " + std::to_string(itemId) : TextOf(rows.At(0, 0));
+  // An item's code, or its id where the item is gone.
+  static std::string CodeOf(const ResultSet& amounts, std::size_t row) {
+    const Cell& code = amounts.At(row, 5);
+    return code.IsNull() ? "编号 " + TextOf(amounts.At(row, 0)) : TextOf(code);
   }
 
   Connection& company_;
@@ -144,7 +145,7 @@ std::optional<Explanation> ExplainItem(Connection& company, std::string_view cod
   if (items.RowCount() == 0) return std::nullopt;
   Explainer explainer(company, TextOf(items.At(0, 1)) + " " + TextOf(items.At(0, 2)));
   if (code.find('\'') != std::string_view::npos) explainer.Add(kQuoted);
-  // Several items may have the code; the commands tell them apart no more than this.
+  // Several items may have the code; the commands do not distinguish them either.
   const std::int64_t listed = QueryInteger(
       company,
       "SELECT count(*) FROM t_ICItem a INNER JOIN icPriceDownClass b ON a.FItemID=b.FItemID "

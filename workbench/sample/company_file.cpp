@@ -22,8 +22,8 @@ bool Exists(const std::string& path) {
   return fs::exists(fs::symlink_status(PathFromUtf8(path), ignored));
 }
 
-// SQLite would replay a leftover log into the new file. Leaving the write-ahead mode merges the
-// log, and fails while another program has the database open.
+// Leaving the write-ahead mode merges the log, and fails while another program has the database
+// open.
 void SettleOldFile(const std::string& path) {
   std::error_code ignored;
   if (!fs::is_regular_file(PathFromUtf8(path), ignored)) {
@@ -47,10 +47,23 @@ void SettleOldFile(const std::string& path) {
   }
 }
 
-void RequireFreeName(const std::string& path, bool replaces) {
-  if (!Exists(path)) return;
-  if (!replaces) throw CompanyFileError("文件已存在(使用 --force 覆盖): " + path);
-  SettleOldFile(path);
+void RequireReplaceable(const std::string& path, bool replaces) {
+  if (!replaces) {
+    RequireFreeName(path, "(使用 --force 覆盖)");
+  } else if (Exists(path)) {
+    SettleOldFile(path);
+  }
+}
+
+void RemoveLogs(const std::string& path) {
+  for (const char* companion : kCompanions) {
+    std::error_code error;
+    fs::remove(PathFromUtf8(path + companion), error);
+    if (error) {
+      throw CompanyFileError("无法删除旧日志 " + path + companion + "(错误 " +
+                             std::to_string(error.value()) + ")");
+    }
+  }
 }
 
 void Fill(const std::string& path, const CompanyFilePlan& plan) {
@@ -72,6 +85,15 @@ void Fill(const std::string& path, const CompanyFilePlan& plan) {
 
 }  // namespace
 
+void RequireFreeName(const std::string& path, const std::string& advice) {
+  if (Exists(path)) throw CompanyFileError("文件已存在" + advice + ": " + path);
+  for (const char* companion : kCompanions) {
+    if (Exists(path + companion)) {
+      throw CompanyFileError("旧日志仍在" + advice + ": " + path + companion);
+    }
+  }
+}
+
 UnfinishedFile::UnfinishedFile(const std::string& path) {
   std::random_device device;
   path_ = path + ".part-" + std::to_string(device());
@@ -84,7 +106,7 @@ UnfinishedFile::~UnfinishedFile() {
 }
 
 void CreateCompanyFile(const std::string& path, const CompanyFilePlan& plan) {
-  RequireFreeName(path, plan.replaces);
+  RequireReplaceable(path, plan.replaces);
   const UnfinishedFile unfinished(path);
   try {
     Fill(unfinished.path(), plan);
@@ -94,7 +116,8 @@ void CreateCompanyFile(const std::string& path, const CompanyFilePlan& plan) {
     throw CompanyFileError("无法建立公司文件 " + path + ": " + error.what());
   }
   // Filling takes a while: another program may have created the file since.
-  RequireFreeName(path, plan.replaces);
+  RequireReplaceable(path, plan.replaces);
+  if (plan.replaces) RemoveLogs(path);
   std::error_code error;
   fs::rename(PathFromUtf8(unfinished.path()), PathFromUtf8(path), error);
   if (error) {

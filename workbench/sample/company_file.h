@@ -16,6 +16,10 @@ class CompanyFileError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+// Throws CompanyFileError, with `advice` in its text, if `path` (UTF-8) exists, or a log of SQLite
+// beside it, which would be replayed into a new file of that name.
+void RequireFreeName(const std::string& path, const std::string& advice = {});
+
 // The temporary file beside `path` that is renamed when it is complete; the destructor removes
 // what remains.
 class UnfinishedFile {
@@ -40,9 +44,9 @@ struct CompanyFilePlan {
 };
 
 // Creates the company in a temporary file beside `path` (UTF-8) and renames it when it is complete
-// and on disk. Refuses an existing file unless the plan replaces it, and always one that another
-// program has open. On an exception (CompanyFileError, SchemaError) `path` is unchanged and the
-// temporary file is removed.
+// and on disk. Refuses an existing file, or a log beside a missing one, unless the plan replaces
+// them, and always a file that another program has open. On an exception (CompanyFileError,
+// SchemaError) `path` is unchanged and the temporary file is removed.
 void CreateCompanyFile(const std::string& path, const CompanyFilePlan& plan);
 
 }  // namespace workbench

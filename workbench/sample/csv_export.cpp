@@ -12,9 +12,13 @@
 namespace workbench {
 namespace {
 
+// The byte order mark in front: without it Excel on Chinese Windows reads the file as GBK.
 constexpr std::string_view kItemHeader =
+    "\xEF\xBB\xBF"
     "物料代码,物料名称,规格型号,短代码,物料属性,计量单位,计划单价,销售单价\r\n";
-constexpr std::string_view kAccountHeader = "科目代码,科目名称,余额方向\r\n";
+constexpr std::string_view kAccountHeader =
+    "\xEF\xBB\xBF"
+    "科目代码,科目名称,余额方向\r\n";
 constexpr const char* kChanged = "导入后会与公司中的不同";
 
 void AppendField(std::string& line, std::string_view field) {
