@@ -28,6 +28,10 @@ std::string Shown(std::u16string_view text, std::u16string_view title, MessageIc
 
 }  // namespace
 
+RecordingQuestions::~RecordingQuestions() {
+  if (!answers_.empty()) ADD_FAILURE() << answers_.size() << " answers without a question";
+}
+
 void RecordingQuestions::WillAnswer(std::initializer_list<bool> answers) {
   answers_.insert(answers_.end(), answers);
 }

@@ -1,5 +1,6 @@
 // A recording user: logs messages and returns scripted answers.
-// A question without a scripted answer fails the test and counts as No.
+// A question without a scripted answer fails the test and counts as No. An answer that no
+// question asks for fails it, too.
 #pragma once
 
 #include <deque>
@@ -15,6 +16,9 @@ namespace pricedown::testing {
 class RecordingQuestions : public UserQuestions {
  public:
   explicit RecordingQuestions(CallLog log) : log_(std::move(log)) {}
+  ~RecordingQuestions();
+  RecordingQuestions(const RecordingQuestions&) = delete;
+  RecordingQuestions& operator=(const RecordingQuestions&) = delete;
 
   // The answers to the next questions, in turn; true is Yes.
   void WillAnswer(std::initializer_list<bool> answers);

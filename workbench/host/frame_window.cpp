@@ -7,6 +7,7 @@
 #include "platform/skip.h"
 #include "platform/text.h"
 #include "windows/base/dpi.h"
+#include "windows/base/painting.h"
 #include "windows/com/failure.h"
 #include "windows/com/wide_text.h"
 #include "workbench/company/location.h"
@@ -70,17 +71,16 @@ void FrameWindow::Show(int command) {
 }
 
 int FrameWindow::Run() {
-  MSG message;
-  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+  while (GetMessageW(&handled_, nullptr, 0, 0) > 0) {
     ChildWindow* child = ActiveChild();
-    const bool key = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
-    if (TranslateMDISysAccel(client_, &message)) continue;
-    if (TranslateAcceleratorW(window_, accelerators_, &message) != 0) continue;
-    if (key && child != nullptr && child->TranslateKey(message)) continue;
-    TranslateMessage(&message);
-    DispatchMessageW(&message);
+    const bool key = handled_.message >= WM_KEYFIRST && handled_.message <= WM_KEYLAST;
+    if (TranslateMDISysAccel(client_, &handled_)) continue;
+    if (TranslateAcceleratorW(window_, accelerators_, &handled_) != 0) continue;
+    if (key && child != nullptr && child->TranslateKey(handled_)) continue;
+    TranslateMessage(&handled_);
+    DispatchMessageW(&handled_);
   }
-  return static_cast<int>(message.wParam);
+  return static_cast<int>(handled_.wParam);
 }
 
 void FrameWindow::OpenCompany(const std::wstring& location) {
@@ -217,10 +217,9 @@ LRESULT FrameWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       RebuildEditMenu(reinterpret_cast<HMENU>(wParam));
       break;
     case WM_NOTIFY:
-      if (reinterpret_cast<NMHDR*>(lParam)->code == TTN_GETDISPINFOW) OnToolTip(lParam);
-      break;
+      return OnNotify(*reinterpret_cast<NMHDR*>(lParam));
     case WM_SYSCOLORCHANGE:
-      // The control in a child is told by its own top-level window.
+      // The control in a child gets it from its own top-level window.
       for (const HWND bar : {toolbar_->Handle(), status_}) SendMessageW(bar, message, 0, 0);
       break;
     case WM_CLOSE:
@@ -304,10 +303,17 @@ void FrameWindow::OnCommand(int id, WPARAM wParam, LPARAM lParam) {
   if (ChildWindow* child = ActiveChild()) child->ClickTool(tool);
 }
 
-void FrameWindow::OnToolTip(LPARAM lParam) const {
-  auto* info = reinterpret_cast<NMTTDISPINFOW*>(lParam);
-  const std::wstring tip = toolbar_->TipOf(static_cast<int>(info->hdr.idFrom));
-  lstrcpynW(info->szText, tip.c_str(), static_cast<int>(std::size(info->szText)));
+LRESULT FrameWindow::OnNotify(NMHDR& header) const {
+  if (toolbar_ == nullptr) return 0;
+  if (header.code == NM_CUSTOMDRAW && header.hwndFrom == toolbar_->Handle()) {
+    return pricedown::windows::OnToolbarDraw(reinterpret_cast<NMTBCUSTOMDRAW&>(header));
+  }
+  if (header.code == TTN_GETDISPINFOW) {
+    auto& info = reinterpret_cast<NMTTDISPINFOW&>(header);
+    const std::wstring tip = toolbar_->TipOf(static_cast<int>(header.idFrom));
+    lstrcpynW(info.szText, tip.c_str(), static_cast<int>(std::size(info.szText)));
+  }
+  return 0;
 }
 
 void FrameWindow::RebuildEditMenu(HMENU menu) {

@@ -26,6 +26,9 @@ class FrameWindow final : private ChildWindowEvents {
   void Show(int command);
   // Runs messages until the window is closed; returns the exit code.
   int Run();
+  // The message that Run handles; in a loop of the control or of a modal window still the one that
+  // led there.
+  const MSG& Handled() const { return handled_; }
 
   HWND Handle() const { return window_; }
   const pricedown::ObjectPtr& Settings() const { return settings_; }
@@ -59,7 +62,7 @@ class FrameWindow final : private ChildWindowEvents {
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
   void OnCreate();
   void OnCommand(int id, WPARAM wParam, LPARAM lParam);
-  void OnToolTip(LPARAM lParam) const;
+  LRESULT OnNotify(NMHDR& header) const;
   void LayOut();
   void ChooseCompany();
   void ShowStatusText(const std::wstring& text);
@@ -73,6 +76,7 @@ class FrameWindow final : private ChildWindowEvents {
   HWND client_ = nullptr;
   HWND status_ = nullptr;
   HACCEL accelerators_ = nullptr;
+  MSG handled_{};
   std::unique_ptr<MergedToolbar> toolbar_;
   ChildWindow* merged_ = nullptr;
   HMENU businessMenu_ = nullptr;  // ends with the tools of the active child

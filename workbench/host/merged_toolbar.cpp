@@ -9,6 +9,8 @@
 #include "platform/convert.h"
 #include "platform/icon_ids.h"
 #include "platform/skip.h"
+#include "windows/base/fonts.h"
+#include "windows/base/gdi.h"
 #include "windows/com/failure.h"
 #include "windows/com/wide_text.h"
 #include "workbench/host/resource_ids.h"
@@ -24,6 +26,9 @@ using pricedown::windows::ImageList;
 using pricedown::windows::ToWide;
 
 namespace {
+
+// Left of the picture, between picture and caption, right of the caption; pixels at 96 dpi.
+constexpr int kGap = 6;
 
 struct ToolIcon {
   std::u16string_view tool;
@@ -129,15 +134,29 @@ void MergedToolbar::UpdatePictures() {
   disabledPictures_ = std::move(disabled);
 }
 
+// In sizes of the resolution; the system's own are pixels.
 void MergedToolbar::AddButtons() {
+  const Dpi dpi = Dpi::Of(window_);
+  const auto font = reinterpret_cast<HFONT>(SendMessageW(window_, WM_GETFONT, 0, 0));
+  const pricedown::windows::WindowContext context(window_);
+  const int gap = dpi.Scale(kGap);
+  SendMessageW(window_, TB_SETLISTGAP, static_cast<WPARAM>(gap), 0);
   for (std::size_t i = 0; i < tools_.size(); ++i) {
     TBBUTTON button{};
     button.iBitmap = tools_[i].picture;
     button.idCommand = IDM_FIRST_TOOL + static_cast<int>(i);
     button.fsState = TBSTATE_ENABLED;
-    button.fsStyle = BTNS_AUTOSIZE | BTNS_SHOWTEXT;
+    button.fsStyle = BTNS_SHOWTEXT;
     button.iString = reinterpret_cast<INT_PTR>(tools_[i].caption.c_str());
     SendMessageW(window_, TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&button));
+    TBBUTTONINFOW size{};
+    size.cbSize = sizeof size;
+    size.dwMask = TBIF_SIZE;
+    size.cx =
+        static_cast<WORD>(3 * gap + pricedown::windows::IconSize(dpi) +
+                          pricedown::windows::TextWidth(context.Get(), font, tools_[i].caption));
+    SendMessageW(window_, TB_SETBUTTONINFOW, static_cast<WPARAM>(button.idCommand),
+                 reinterpret_cast<LPARAM>(&size));
   }
 }
 

@@ -3,8 +3,10 @@
 
 #include <commdlg.h>
 
-#include <iterator>
+#include <vector>
 
+#include "platform/convert.h"
+#include "platform/error.h"
 #include "platform/text.h"
 #include "windows/base/plain_control.h"
 #include "windows/com/failure.h"
@@ -27,6 +29,8 @@ std::wstring Wide(const std::string& text) { return ToWide(pricedown::FromUtf8(t
 std::wstring TextOf(HWND dialog, int control) {
   return ToWide(pricedown::windows::TextOf(GetDlgItem(dialog, control)));
 }
+
+constexpr std::size_t kLongestPath = 32'768;  // characters, of the system
 
 class Page {
  public:
@@ -70,11 +74,12 @@ class Page {
   INT_PTR OnCommand(HWND dialog, int id) {
     switch (id) {
       case IDOK: {
-        const std::wstring location = TextOf(dialog, IDC_COMPANY);
+        const std::string entered = Utf8(TextOf(dialog, IDC_COMPANY));
+        const std::string location(EnteredLocation(entered));
         if (location.empty()) return TRUE;
-        chosen = IsConnectionString(Utf8(location))
-                     ? Wide(WithPassword(Utf8(location), Utf8(TextOf(dialog, IDC_PASSWORD))))
-                     : location;
+        chosen = Wide(IsConnectionString(location)
+                          ? WithPassword(location, Utf8(TextOf(dialog, IDC_PASSWORD)))
+                          : location);
         EndDialog(dialog, IDOK);
         return TRUE;
       }
@@ -90,15 +95,23 @@ class Page {
   }
 
   static void Browse(HWND dialog) {
-    wchar_t path[MAX_PATH] = {};
+    std::vector<wchar_t> path(kLongestPath);
     OPENFILENAMEW files{};
     files.lStructSize = sizeof(files);
     files.hwndOwner = dialog;
     files.lpstrFilter = L"公司数据库 (*.db)\0*.db\0所有文件 (*.*)\0*.*\0";
-    files.lpstrFile = path;
-    files.nMaxFile = static_cast<DWORD>(std::size(path));
+    files.lpstrFile = path.data();
+    files.nMaxFile = static_cast<DWORD>(path.size());
     files.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
-    if (GetOpenFileNameW(&files)) SetDlgItemTextW(dialog, IDC_COMPANY, path);
+    if (GetOpenFileNameW(&files)) {
+      SetDlgItemTextW(dialog, IDC_COMPANY, path.data());
+    } else if (const DWORD error = CommDlgExtendedError(); error != 0) {
+      throw pricedown::AutomationError(
+          pricedown::ErrorNumber::Unspecified,
+          pricedown::Concatenate({u"无法选择文件(错误 ",
+                                  pricedown::NumberText(static_cast<std::int32_t>(error)), u")。"}),
+          u"WorkbenchHost");
+    }
   }
 
   std::wstring proposed_;

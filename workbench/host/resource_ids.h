@@ -12,7 +12,6 @@
 #define IDM_SETTINGS 120
 #define IDM_WINDOW_CASCADE 130
 #define IDM_WINDOW_TILE 131
-#define IDM_ABOUT 140
 
 #define IDI_REFRESH 301
 #define IDI_TOOL_STRIP 302
@@ -20,7 +19,6 @@
 
 // Commands of the merged toolbar, by position.
 #define IDM_FIRST_TOOL 1000
-#define IDM_LAST_TOOL 1099
 // Child windows, numbered by the system.
 #define IDM_FIRST_CHILD 2000
 

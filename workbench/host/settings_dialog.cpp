@@ -123,7 +123,7 @@ class SettingsPage {
     const std::u16string users = ToText(settings_->Get(u"Users"));
     std::u16string_view rest = users;
     while (!rest.empty()) {
-      const std::u16string_view entry = rest.substr(0, rest.find(u';'));
+      const std::u16string_view entry = rest.substr(0, rest.find(u'\n'));
       rest = entry.size() == rest.size() ? std::u16string_view() : rest.substr(entry.size() + 1);
       const auto equals = entry.find(u'=');
       users_.push_back(ToInt32(Value(entry.substr(0, equals))));

@@ -135,6 +135,9 @@ void Tour::Advance() {
 
 HWND Tour::Child(int controlId) const {
   RequireReady(frame_.Handle());
+  // The control lets messages run while it works; keys that arrive there are not translated.
+  const MSG& handled = frame_.Handled();
+  Require(handled.hwnd == nullptr && handled.message == WM_TIMER, u"控件正忙。");
   const ChildWindow* child = frame_.ActiveChild();
   const HWND control = child == nullptr ? nullptr : child->ControlHandle();
   return RequireWindow(control == nullptr ? nullptr : GetDlgItem(control, controlId));

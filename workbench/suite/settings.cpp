@@ -1,6 +1,7 @@
 // The switches of the stand-in suite. All but user, language and queues are stored in the company.
 #include "workbench/suite/settings.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/convert.h"
@@ -134,8 +135,10 @@ std::u16string Settings::Users() {
   const ResultRows rows(suite_->Execute(u"SELECT FUserID,FName FROM t_user ORDER BY FUserID"));
   std::u16string users;
   for (std::size_t row = 0; row < rows.RowCount(); ++row) {
-    if (row > 0) users += u';';
-    users += Concatenate({ToText(rows.Get(row, 0)), u"=", ToText(rows.Get(row, 1))});
+    std::u16string name = ToText(rows.Get(row, 1));
+    std::replace(name.begin(), name.end(), u'\n', u' ');
+    if (row > 0) users += u'\n';
+    users += Concatenate({ToText(rows.Get(row, 0)), u"=", name});
   }
   return users;
 }

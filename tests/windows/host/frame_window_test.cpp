@@ -13,6 +13,9 @@
 #include "tests/windows/host/frame_world.h"
 #include "tests/windows/support/run_messages.h"
 #include "windows/base/dpi.h"
+#include "windows/base/fonts.h"
+#include "windows/base/gdi.h"
+#include "windows/base/image_list.h"
 #include "workbench/host/window_icon.h"
 
 namespace workbench {
@@ -213,9 +216,45 @@ TEST_F(FrameWindowTest, PicturesAndCaptionsOfTheToolbarStandOutInHighContrast) {
       const RECT caption{image.right, area.top, area.right, area.bottom};
       const bool enabled = tool != kInsert;
       EXPECT_GT(ShareThatStandsOut(picture, image, enabled ? 3 : 1.5), 0.05) << tool << dark;
-      EXPECT_GT(ShareThatStandsOut(picture, caption, enabled ? 4.5 : 3), 0.02) << tool << dark;
+      EXPECT_GT(ShareThatStandsOut(picture, caption, enabled ? 4.5 : 2), 0.02) << tool << dark;
     }
   }
+}
+
+// Without visual styles, which the tests cannot switch off, the system dots checked buttons with
+// this colour.
+TEST_F(FrameWindowTest, CheckedToolsAreNotDottedInTheColourOfTheirTextsInHighContrast) {
+  const auto highlight = [this] {
+    NMTBCUSTOMDRAW drawing{};
+    drawing.nmcd.hdr = {Toolbar(), 0, static_cast<UINT>(NM_CUSTOMDRAW)};
+    drawing.nmcd.dwDrawStage = CDDS_PREPAINT;
+    const auto notify = [&] {
+      return SendMessageW(frame_.Handle(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&drawing));
+    };
+    EXPECT_EQ(notify(), CDRF_NOTIFYITEMDRAW);
+    drawing.nmcd.dwDrawStage = CDDS_ITEMPREPAINT;
+    drawing.clrBtnHighlight = GetSysColor(COLOR_BTNHIGHLIGHT);
+    EXPECT_EQ(notify(), CDRF_DODEFAULT);
+    return drawing.clrBtnHighlight;
+  };
+  EXPECT_EQ(highlight(), GetSysColor(COLOR_BTNHIGHLIGHT));
+  for (const bool dark : {false, true}) {
+    const HighContrast colours(dark);
+    EXPECT_EQ(highlight(), GetSysColor(COLOR_BTNFACE)) << dark;
+  }
+}
+
+TEST_F(FrameWindowTest, ScalesTheRoomBetweenItsTools) {
+  ASSERT_NE(frame_.OpenChild(kItemClassesCaption), nullptr);
+  RECT button{};
+  SendMessageW(Toolbar(), TB_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&button));
+  const pricedown::windows::WindowContext context(Toolbar());
+  const auto font = reinterpret_cast<HFONT>(SendMessageW(Toolbar(), WM_GETFONT, 0, 0));
+  const int text = pricedown::windows::TextWidth(context.Get(), font, L"新增");
+  // Beside picture, text and the room between the two.
+  const auto dpi = pricedown::windows::Dpi::Of(Toolbar());
+  EXPECT_EQ(button.right - button.left - text,
+            pricedown::windows::IconSize(dpi) + 3 * dpi.Scale(6));
 }
 
 TEST_F(FrameWindowTest, OpensAChildMaximizedBesideAMaximizedOne) {

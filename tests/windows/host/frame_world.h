@@ -7,38 +7,25 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "platform/convert.h"
 #include "platform/text.h"
-#include "tests/sample/temporary_folder.h"
 #include "tests/support/utf8.h"
+#include "tests/windows/host/sample_company_suite.h"
 #include "windows/com/com_object_factory.h"
 #include "windows/com/wide_text.h"
 #include "workbench/host/frame_window.h"
 #include "workbench/host/resource_ids.h"
-#include "workbench/sample/company_file.h"
 
 namespace workbench {
 
-class FrameWorld : public ::testing::Test {
+class FrameWorld : public SampleCompanySuite {
  protected:
-  static void SetUpTestSuite() {
-    OleInitialize(nullptr);
-    folder_ = std::make_unique<testing::TemporaryFolder>();
-    CreateCompanyFile(folder_->PathOf("company.db"), {});
-  }
-  static void TearDownTestSuite() {
-    folder_.reset();
-    OleUninitialize();
-  }
-
   FrameWorld() {
-    frame_.OpenCompany(
-        pricedown::windows::ToWide(pricedown::FromUtf8(folder_->PathOf("company.db"))));
+    frame_.OpenCompany(Company());
     frame_.Show(SW_SHOW);
   }
   ~FrameWorld() override {
@@ -95,8 +82,6 @@ class FrameWorld : public ::testing::Test {
   static constexpr int kStatus = 7;
   static constexpr int kExit = 8;
   static constexpr int kAll = 9;
-
-  static inline std::unique_ptr<testing::TemporaryFolder> folder_;
 
   pricedown::windows::ComObjectFactory factory_;
   FrameWindow frame_{GetModuleHandleW(nullptr), factory_.Create(u"ZEPWorkbench.Settings")};

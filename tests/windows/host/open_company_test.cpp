@@ -2,13 +2,11 @@
 // be chosen, and passwords are neither shown nor kept.
 #include <gmock/gmock.h>
 
-#include <memory>
-
 #include "platform/convert.h"
 #include "platform/text.h"
-#include "tests/sample/temporary_folder.h"
 #include "tests/support/utf8.h"
 #include "tests/windows/host/dialog_user.h"
+#include "tests/windows/host/sample_company_suite.h"
 #include "windows/base/plain_control.h"
 #include "windows/com/com_object_factory.h"
 #include "windows/com/wide_text.h"
@@ -54,17 +52,8 @@ std::wstring Wide(const std::string& text) {
 }
 std::string Narrow(const std::wstring& text) { return Utf8(pricedown::windows::FromWide(text)); }
 
-class OpenCompany : public ::testing::Test {
+class OpenCompany : public SampleCompanySuite {
  protected:
-  static void SetUpTestSuite() {
-    OleInitialize(nullptr);
-    folder_ = std::make_unique<testing::TemporaryFolder>();
-    CreateCompanyFile(folder_->PathOf("company.db"), {});
-  }
-  static void TearDownTestSuite() {
-    folder_.reset();
-    OleUninitialize();
-  }
   OpenCompany() {
     // The frame of the previous test has ended the thread's messages.
     MSG quit{};
@@ -76,7 +65,6 @@ class OpenCompany : public ::testing::Test {
     frame_.Settings()->Call(u"Close");
   }
 
-  static std::wstring Company() { return Wide(folder_->PathOf("company.db")); }
   std::string Status() const {
     return Utf8(TextOf(FindWindowExW(frame_.Handle(), nullptr, L"msctls_statusbar32", nullptr)));
   }
@@ -94,8 +82,6 @@ class OpenCompany : public ::testing::Test {
     };
   }
 
-  static inline std::unique_ptr<testing::TemporaryFolder> folder_;
-
   EmptyRegistry registry_;
   pricedown::windows::ComObjectFactory factory_;
   FrameWindow frame_{GetModuleHandleW(nullptr), factory_.Create(u"ZEPWorkbench.Settings")};
@@ -112,6 +98,16 @@ TEST_F(OpenCompany, ShowsAFailureOverTheFrameAndOpensAnotherOne) {
     DialogUser::Press(dialog, IDOK);
   });
   EXPECT_TRUE(frame_.OpenCompanyOrAsk(missing));
+  EXPECT_EQ(Status(), "公司：" + Narrow(Company()) + "    当前期间：2008年第3期");
+  EXPECT_THAT(RecentCompanies(), ElementsAre(Company()));
+}
+
+TEST_F(OpenCompany, AcceptsAPathInQuotes) {
+  user_.Will([&](HWND dialog) {
+    SetDlgItemTextW(dialog, IDC_COMPANY, (L" \"" + Company() + L"\"").c_str());
+    DialogUser::Press(dialog, IDOK);
+  });
+  SendMessageW(frame_.Handle(), WM_COMMAND, IDM_FILE_OPEN, 0);
   EXPECT_EQ(Status(), "公司：" + Narrow(Company()) + "    当前期间：2008年第3期");
   EXPECT_THAT(RecentCompanies(), ElementsAre(Company()));
 }

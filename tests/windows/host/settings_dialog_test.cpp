@@ -18,6 +18,7 @@
 #include "windows/base/plain_control.h"
 #include "windows/com/com_object_factory.h"
 #include "windows/com/wide_text.h"
+#include "workbench/company/connection.h"
 #include "workbench/host/resource_ids.h"
 #include "workbench/host/window_icon.h"
 #include "workbench/sample/company_file.h"
@@ -62,6 +63,17 @@ std::string SelectedIn(HWND field) {
   DWORD to = 0;
   SendMessageW(field, EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
   return Utf8(TextOf(field)).substr(from, to - from);
+}
+
+TEST_F(SettingsDialog, ListsAUserWithASemicolonInItsName) {
+  OpenConnection(folder_->PathOf("company.db"))
+      ->Execute(u"UPDATE t_user SET FName='王;芳' WHERE FUserID=1");
+  user_.Will([](HWND dialog) {
+    EXPECT_EQ(Utf8(TextOf(GetDlgItem(dialog, IDC_USER))), "王;芳");
+    EXPECT_EQ(SendDlgItemMessageW(dialog, IDC_USER, CB_GETCOUNT, 0, 0), 6);
+    DialogUser::Press(dialog, IDCANCEL);
+  });
+  EXPECT_FALSE(Show());
 }
 
 TEST_F(SettingsDialog, StaysOpenOnAPeriodThatTheCalendarDoesNotHaveAndSelectsWhatIsWrong) {

@@ -266,7 +266,8 @@ TEST_F(WorkingDay, LeavesASoundCompanyAndAFreeProcess) {
               << evening.gdiObjects - noon.gdiObjects << ", windows and menus "
               << evening.userObjects - noon.userObjects << ", bytes "
               << evening.memory - noon.memory << "\n";
-    EXPECT_GT(user.Acts(), 10 * seconds);
+    // A tenth of those of a machine that does nothing else.
+    EXPECT_GT(user.Acts(), 2 * seconds);
     EXPECT_LE(evening.userObjects, noon.userObjects);
     // What the system makes when it is first used.
     EXPECT_LE(evening.handles, noon.handles + 20);

@@ -94,6 +94,8 @@ TEST_P(PickerInHighContrast, ATickIsDrawnInColoursThatChangeWhileThePickerIsOpen
         const HighContrast others(!GetParam());
         HighContrast::Apply(user_.Dialog());
         after = CapturePicture(user_.Control(ids::kList));
+        KeepPicture(before, "picker before the colours");
+        KeepPicture(after, "picker in other colours");
         const RECT tick = TickArea(2);
         // Beside the box, in its picture.
         const int x = tick.left + 3;

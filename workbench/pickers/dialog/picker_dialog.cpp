@@ -159,18 +159,23 @@ INT_PTR PickerDialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   }
 }
 
-// The list keeps the colours it was created with, and the ticks are pictures in them.
 void PickerDialog::OnSystemChange(UINT message) {
   for (HWND child = GetWindow(dialog_, GW_CHILD); child != nullptr;
        child = GetWindow(child, GW_HWNDNEXT)) {
     SendMessageW(child, message, 0, 0);
   }
+  SetListColours();
+  RedrawWindow(dialog_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+// The list keeps the colours it was created with, which the common controls may have read when they
+// were loaded; the ticks are pictures in them.
+void PickerDialog::SetListColours() {
   const HWND list = Control(ids::kList);
   ListView_SetBkColor(list, GetSysColor(COLOR_WINDOW));
   ListView_SetTextBkColor(list, GetSysColor(COLOR_WINDOW));
   ListView_SetTextColor(list, GetSysColor(COLOR_WINDOWTEXT));
   AddRowImages();
-  RedrawWindow(dialog_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 void PickerDialog::OnDpiChanged(Dpi dpi, const RECT& suggested) {
@@ -236,7 +241,7 @@ void PickerDialog::CreateControls() {
   // Tick states are requested by callback, like the texts.
   if (ticks != 0) ListView_SetCallbackMask(list, LVIS_STATEIMAGEMASK);
   AddColumns();
-  AddRowImages();
+  SetListColours();
 
   const HWND nothing = AddControl(WC_STATICW, ToWide(picking_.Description().nothing).c_str(),
                                   SS_CENTER | SS_NOPREFIX, ids::kNothing);

@@ -50,6 +50,7 @@ class PickerDialog {
   HWND AddControl(const wchar_t* className, const wchar_t* text, DWORD style, int id,
                   DWORD extendedStyle = 0);
   void AddColumns();
+  void SetListColours();
   void AddRowImages();
   void Measure();
   void Place(HWND owner);

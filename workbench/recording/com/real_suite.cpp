@@ -3,6 +3,8 @@
 
 #include <ole2.h>
 
+#include <map>
+#include <mutex>
 #include <string>
 
 #include "windows/com/registry_key.h"
@@ -18,24 +20,18 @@ constexpr DWORD kContext = CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER;
 class ActiveManifest {
  public:
   explicit ActiveManifest(const std::wstring& file) {
-    ACTCTXW description{};
-    description.cbSize = sizeof(description);
-    description.lpSource = file.c_str();
-    context_ = CreateActCtxW(&description);
-    if (context_ == INVALID_HANDLE_VALUE) return;
-    active_ = ActivateActCtx(context_, &cookie_) != FALSE;
+    const HANDLE context = ContextOf(file);
+    active_ = context != INVALID_HANDLE_VALUE && ActivateActCtx(context, &cookie_) != FALSE;
   }
   ActiveManifest(const ActiveManifest&) = delete;
   ActiveManifest& operator=(const ActiveManifest&) = delete;
   ~ActiveManifest() {
     if (active_) DeactivateActCtx(0, cookie_);
-    // Kept: the system may still read the entries of objects that were made by it.
   }
 
   explicit operator bool() const { return active_; }
 
  private:
-  HANDLE context_ = INVALID_HANDLE_VALUE;
   ULONG_PTR cookie_ = 0;
   bool active_ = false;
 };
@@ -50,6 +46,20 @@ HRESULT CreateByManifest(const std::wstring& file, const RecordedClass& recorded
 }
 
 }  // namespace
+
+HANDLE ContextOf(const std::wstring& manifest) {
+  static std::mutex mutex;
+  static std::map<std::wstring, HANDLE> contexts;
+  const std::scoped_lock lock(mutex);
+  const auto known = contexts.find(manifest);
+  if (known != contexts.end()) return known->second;
+  ACTCTXW description{};
+  description.cbSize = sizeof(description);
+  description.lpSource = manifest.c_str();
+  const HANDLE context = CreateActCtxW(&description);
+  if (context != INVALID_HANDLE_VALUE) contexts.emplace(manifest, context);
+  return context;
+}
 
 HRESULT CreateReal(const RecordedClass& recorded, REFIID id, void** result) {
   const std::wstring manifest = EnvironmentText(L"SUITE_RECORDER_SUITE");
