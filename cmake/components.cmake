@@ -27,7 +27,7 @@ endfunction()
 # optimized for size. For code that waits for the user or the suite.
 macro(optimize_for_size)
   if(WIN32)
-    add_compile_options(-Os)
+    add_compile_options($<IF:$<BOOL:${MSVC}>,/O1,-Os>)
     set(precompiled_kind core_for_size)
   endif()
 endmacro()
@@ -78,12 +78,12 @@ endfunction()
 function(add_test_component name)
   cmake_parse_arguments(PARSE_ARGV 1 test "" "" "LINK")
   add_program(${name}_tests FOLDERS ${name} LINK test_support ${test_LINK} GTest::gmock_main)
-  add_test(NAME ${name}_tests COMMAND ${name}_tests)
 endfunction()
 
 # add_com_library(TARGET [FOLDERS folder...] [LINK target...]): an in-process COM server TARGET.dll
-# of the folders' sources, resources and .def file, stripped, its symbols beside it in
-# TARGET.dll.debug (DWARF), or from clang in TARGET.pdb.
+# of the folders' sources, resources and .def file, stripped, its symbols beside it: TARGET.pdb for
+# Windows debuggers, which holds all from clang and the functions' names from g++, whose
+# TARGET.dll.debug (DWARF) holds all.
 function(add_com_library target)
   cmake_parse_arguments(PARSE_ARGV 1 dll "" "" "FOLDERS;LINK")
   if(NOT dll_FOLDERS)
@@ -97,6 +97,10 @@ function(add_com_library target)
   target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(${target} PRIVATE ${dll_LINK} project_options)
   precompile(${target})
+  if(MSVC)
+    # The exports file undecorates, and the PDB is the linker's own.
+    return()
+  endif()
   if(CMAKE_SIZEOF_VOID_P EQUAL 4)
     # COM asks for the undecorated names.
     target_link_options(${target} PRIVATE -Wl,--kill-at -Wl,--enable-stdcall-fixup)
@@ -112,9 +116,16 @@ function(add_com_library target)
       VERBATIM)
     return()
   endif()
+  find_program(PERL perl REQUIRED)
+  # Relative to the build folder, where Ninja links: the same bytes wherever that is.
+  cmake_path(RELATIVE_PATH CMAKE_RUNTIME_OUTPUT_DIRECTORY BASE_DIRECTORY ${PROJECT_BINARY_DIR}
+    OUTPUT_VARIABLE programs)
+  target_link_options(${target} PRIVATE -Wl,--pdb=${programs}/${target}.pdb)
   # The tools would write the current time; the same sources must give the same bytes.
   set(fixed_time ${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=0)
   add_custom_command(TARGET ${target} POST_BUILD
+    COMMAND ${PERL} ${PROJECT_SOURCE_DIR}/cmake/fix_pdb_time.pl
+      $<TARGET_FILE_DIR:${target}>/${target}.pdb $<TARGET_FILE:${target}>
     COMMAND ${fixed_time} ${CMAKE_OBJCOPY} --only-keep-debug
       $<TARGET_FILE:${target}> $<TARGET_FILE:${target}>.debug
     COMMAND ${fixed_time} ${CMAKE_STRIP} --strip-all $<TARGET_FILE:${target}>
