@@ -4,6 +4,15 @@ add_library(project_options INTERFACE)
 
 target_compile_features(project_options INTERFACE cxx_std_20)
 
+if(MSVC)
+  # Never tried.
+  target_compile_options(project_options INTERFACE /W4 /WX /permissive- /EHsc /utf-8 /Zc:__cplusplus)
+  target_compile_definitions(project_options INTERFACE
+    UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX
+    _WIN32_WINNT=0x0601 WINVER=0x0601 _WIN32_IE=0x0800)
+  return()
+endif()
+
 target_compile_options(project_options INTERFACE
   -Wall -Wextra -Wpedantic -Werror
   -Wshadow
