@@ -1,11 +1,14 @@
 // Opening, saving and removing, and building the text of a save, each against its raw work: reading
 // the same statement through the suite, sending the finished texts, and copying the text's bytes.
+// Opening, saving and the text also against the calls to the suite that they cannot do without.
 #include "bench/editor_measure.h"
 
+#include <functional>
 #include <utility>
 
 #include "bench/companies.h"
 #include "bench/form_stage.h"
+#include "bench/raw_editor.h"
 #include "bench/raw_suite.h"
 #include "editor/item_class_form.h"
 #include "editor/record_copy.h"
@@ -25,33 +28,36 @@ using namespace pricedown;
 constexpr int kRepetitions = 5;
 constexpr std::int32_t kRemoved = 100;
 
-Timing MeasureOpening(FormStage& stage) {
+Timing MeasureOpening(FormStage& stage, const std::function<void()>& raw) {
   return Compare(
       [&] {
         stage.form.Unload();
         stage.Open();
       },
-      [&] { WalkMembers(stage.Factory(), kClass); }, kRepetitions);
+      raw, kRepetitions);
 }
 
-Timing MeasureText(FormStage& stage) {
+std::u16string TextOfSave(FormStage& stage) {
   stage.form.MemberList().MoveFirst();
-  const std::u16string text = SaveText(stage.form.State());
+  return SaveText(stage.form.State());
+}
+
+Timing MeasureText(FormStage& stage, const std::function<void()>& readRaw) {
+  const std::u16string text = TextOfSave(stage);
   // Both keep their last text, so that both find the allocator in the same state.
   std::u16string built;
   std::u16string copy;
-  return Compare(
-      [&] {
-        stage.form.MemberList().MoveFirst();
-        built = SaveText(stage.form.State());
-      },
-      [&] { copy = std::u16string(text); }, 4 * kRepetitions + 1);
+  return Compare([&] { built = TextOfSave(stage); },
+                 [&] {
+                   readRaw();
+                   copy = std::u16string(text);
+                 },
+                 4 * kRepetitions + 1);
 }
 
-Timing MeasureSaving(FormStage& stage) {
-  stage.form.MemberList().MoveFirst();
-  const std::u16string text = SaveText(stage.form.State());
-  return Compare([&] { stage.Click(FormTool::Save); }, [&] { stage.Send(text); }, kRepetitions);
+Timing MeasureSaving(FormStage& stage, const std::function<void(const std::u16string& text)>& raw) {
+  const std::u16string text = TextOfSave(stage);
+  return Compare([&] { stage.Click(FormTool::Save); }, [&] { raw(text); }, kRepetitions);
 }
 
 // Removes a fixed number of items from lists of growing size; the raw side runs their statements
@@ -84,9 +90,16 @@ void MeasureEditor(const std::string& folder, Figures& figures) {
       figures.Add(operation, static_cast<std::size_t>(stage.form.MemberList().RecordCount()),
                   timing);
     };
-    add("edit open", MeasureOpening(stage));
-    add("save text", MeasureText(stage));
-    add("save", MeasureSaving(stage));
+    ObjectFactory& factory = stage.Factory();
+    add("edit open", MeasureOpening(stage, [&] { WalkMembers(factory, kClass); }));
+    add("edit open, calls", MeasureOpening(stage, [&] { OpenMembers(factory, kClass); }));
+    add("save text", MeasureText(stage, [] {}));
+    add("save text, calls", MeasureText(stage, [&] { ReadSavedColumns(stage.form.MemberList()); }));
+    add("save", MeasureSaving(stage, [&](const auto& text) { stage.Send(text); }));
+    add("save, calls", MeasureSaving(stage, [&](const auto& text) {
+          SaveMembers(factory, stage.form.MemberList(), kClass, stage.Text(FormField::LossAccount),
+                      text);
+        }));
     // Enough for every repetition.
     if (members > 2 * kRepetitions * kRemoved) add("remove 100", MeasureRemoving(stage));
     stage.user.RequireNoMessages();

@@ -71,6 +71,7 @@ class FormStage {
   }
   void Click(pricedown::FormTool tool) { form.ToolClicked(tool); }
   void Send(const std::u16string& text) { pricedown::Connection(Factory()).Execute(text); }
+  std::u16string Text(pricedown::FormField field) const { return fields_.Text(field); }
   pricedown::ObjectFactory& Factory() { return stage_->Factory(); }
 
  private:
