@@ -111,7 +111,7 @@ class Host final : public IDispatch {
 bool Host::Open() {
   if (!MakeWindow() || !MakeControl()) return false;
   ShowWindow(window_, SW_SHOW);
-  // Merges its tools, lists the classes, selects the one of the last time. Always answers True.
+  // Merges its tools, lists the classes, selects the one of the last time. Always returns True.
   shown_ = Read(control_, L"Show", {Variant::Object(this)}).AsTruth();
   return shown_;
 }

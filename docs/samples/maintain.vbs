@@ -1,6 +1,6 @@
 ' Maintains an item class through the control's command bar, as the user of a host does: adds a class,
 ' changes its percentage, deletes it. script_host.exe runs it and stands in for a host program:
-' HostControl puts the control into a container in a window with that caption, Play lends it a user.
+' HostControl puts the control into a container in a window with that caption, Play acts as its user.
 Option Explicit
 
 ' Ids of the form's controls and of the buttons of message boxes.
@@ -32,7 +32,7 @@ End Class
 Dim suite, price, control, window, item, stage, asked
 Set suite = CreateObject("ZEPWorkbench.Settings")
 
-' One name: as a statement it reads the company's setting, in an expression it answers it.
+' One name: as a statement it reads the company's setting, in an expression it returns it.
 Set price = CreateObject("ZEPPriceDownPrepare.updatePrice")
 price.ItemClassType
 CheckEqual "provisions are kept by item class", CLng(price.ItemClassType), CLng(1)
