@@ -30,11 +30,11 @@ TextPattern::TextPattern(std::u16string_view text) : folded_(text) {
   const auto wide = [](char16_t character) {
     return static_cast<char16_t>(IsPlain(character) ? character + kFullWidth : character);
   };
-  first_ = {first, small, wide(first), wide(small)};
+  for (const char16_t form : {first, small, wide(first), wide(small)}) begins_[form & 0xFF] = true;
 }
 
 bool TextPattern::MatchesAt(const char16_t* text) const {
-  for (std::size_t i = 1; i < folded_.size(); ++i) {
+  for (std::size_t i = 0; i < folded_.size(); ++i) {
     if (Fold(text[i]) != folded_[i]) return false;
   }
   return true;
@@ -42,19 +42,15 @@ bool TextPattern::MatchesAt(const char16_t* text) const {
 
 bool TextPattern::IsIn(std::u16string_view text) const {
   if (IsEmpty() || text.size() < folded_.size()) return false;
-  const auto [first, small, wide, wideSmall] = first_;
   const char16_t* const end = text.data() + (text.size() - folded_.size()) + 1;
   for (const char16_t* place = text.data(); place != end; ++place) {
-    const char16_t c = *place;
-    const bool begins = c == first || c == small || c == wide || c == wideSmall;
-    if (begins && MatchesAt(place)) return true;
+    if (begins_[*place & 0xFF] && MatchesAt(place)) return true;
   }
   return false;
 }
 
 bool TextPattern::Begins(std::u16string_view text) const {
-  return !IsEmpty() && text.size() >= folded_.size() && Fold(text.front()) == folded_.front() &&
-         MatchesAt(text.data());
+  return !IsEmpty() && text.size() >= folded_.size() && MatchesAt(text.data());
 }
 
 }  // namespace pricedown

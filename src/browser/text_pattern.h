@@ -22,7 +22,9 @@ class TextPattern {
   bool MatchesAt(const char16_t* text) const;
 
   std::u16string folded_;
-  std::array<char16_t, 4> first_{};  // all forms of its first character
+  // By the low byte of a character: whether one of the forms of the first character has it. Quicker
+  // to ask for each character of long columns than all forms.
+  std::array<bool, 256> begins_{};
 };
 
 }  // namespace pricedown

@@ -29,6 +29,23 @@ TEST(TextPattern, FindsAnOverlappingRepetition) {
   EXPECT_TRUE(TextPattern(u"001").IsIn(u"0001"));
 }
 
+TEST(TextPattern, IsFoundAtEveryPlaceOfATextOfAnyLength) {
+  for (const std::u16string_view found : {u"ｂ", u"bx", u"bxyz012345"}) {
+    const TextPattern pattern(found);
+    for (std::size_t before = 0; before < 20; ++before) {
+      for (std::size_t after = 0; after < 20; ++after) {
+        // Beginnings around it that do not go on.
+        const std::u16string text = std::u16string(before, u'B') + std::u16string(found) +
+                                    std::u16string(after, found.size() > 1 ? u'Ｂ' : u'-');
+        EXPECT_TRUE(pattern.IsIn(text)) << before << " " << after;
+        const std::u16string cut =
+            text.substr(found.size() > 1 ? 0 : before + 1, before + found.size() - 1);
+        EXPECT_FALSE(pattern.IsIn(cut)) << before << " " << after;
+      }
+    }
+  }
+}
+
 TEST(TextPattern, BeginsATextOnlyAtItsStart) {
   EXPECT_TRUE(TextPattern(u"01.").Begins(u"01.02"));
   EXPECT_FALSE(TextPattern(u"02").Begins(u"01.02"));
