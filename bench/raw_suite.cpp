@@ -62,6 +62,11 @@ void WalkItems(ObjectFactory& factory, std::u16string_view classNumber) {
        {columns::kNumber, columns::kName, columns::kModel}, [](auto, auto) {});
 }
 
+void WalkAllItems(ObjectFactory& factory) {
+  Walk(factory, statements::AllItems(), {columns::kNumber, columns::kName, columns::kModel},
+       [](auto, auto) {});
+}
+
 void WalkMembers(ObjectFactory& factory, std::u16string_view classNumber) {
   Walk(factory, statements::ItemsOfClass(classNumber),
        {columns::kNumber, columns::kName, columns::kShortNumber, columns::kModel, columns::kItemId,

@@ -13,8 +13,9 @@ namespace bench {
 // The texts of the tree's nodes below the root: a class's rows follow each other.
 std::vector<std::u16string> TreeTexts(pricedown::ObjectFactory& factory);
 
-// The items of a class: as the grid reads them, and with all columns, as the form does.
+// The items of a class, or all, as the grid reads them; and with all columns, as the form does.
 void WalkItems(pricedown::ObjectFactory& factory, std::u16string_view classNumber);
+void WalkAllItems(pricedown::ObjectFactory& factory);
 void WalkMembers(pricedown::ObjectFactory& factory, std::u16string_view classNumber);
 
 // The calls to the suite when a control is created, and, besides the tree, when it is shown.
