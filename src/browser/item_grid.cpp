@@ -58,11 +58,12 @@ void ItemGrid::Fill(std::u16string_view classNumber, std::uint32_t load) {
   const std::u16string statement =
       state_.ByItemClass() ? statements::ItemsOfClass(classNumber) : statements::AllItems();
   const Recordset items = Connection(environment_.factory).Execute(statement);
-  // Each call to the suite may run messages: they may end the control, which releases the grid, or
-  // fill the grid with another class.
+  // Each call to the suite may run messages, and emptying the grid ends its editor, which the host
+  // hears: either may end the control, which releases the grid, or fill it with another class.
   if (!IsCurrent(load)) return;
   state_.itemRecordset = items;
   grid_.SetMaxRows(0);
+  if (!IsCurrent(load)) return;
   grid_.SetRedraw(false);
   const std::int32_t count = items.RecordCount();
   if (!IsCurrent(load)) return;

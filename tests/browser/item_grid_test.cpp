@@ -1,6 +1,8 @@
 // Filling the item grid and its locks.
 #include "browser/item_grid.h"
 
+#include <utility>
+
 #include "tests/browser/browser_fixture.h"
 #include "tests/support/failed_block.h"
 #include "tests/support/memory_block.h"
@@ -314,32 +316,37 @@ TEST_F(ItemGridTest, ShowsOneMessagePerFailureAndRecovers) {
   }
 }
 
+// A grid of its own for each turn of a test.
+struct GridAlone {
+  CallLog log;
+  RecordingFactory factory{log};
+  RecordingQuestions questions{log};
+  RecordingScreen screen{factory.GetRecorder()};
+  ProcessState processState;
+  Environment environment{factory, processState, questions, screen, u"Host"};
+  BrowserState state;
+  ItemGrid grid{environment, state};
+  GridAlone() { state.itemClassType = 1; }
+};
+
 // The control may end inside any call of the load; each is made to end it in turn, and then to
 // fail.
 TEST_F(ItemGridTest, KeepsAndShowsNothingOnceTheControlHasEnded) {
   for (const bool fails : {false, true}) {
     for (const char* ending : {"Execute", "RecordCount", "MoveFirst", "EOF", "GetRows"}) {
-      CallLog log;
-      RecordingFactory factory(log);
-      RecordingQuestions questions(log);
-      RecordingScreen screen(factory.GetRecorder());
-      ProcessState processState;
-      Environment environment(factory, processState, questions, screen, u"Host");
-      BrowserState state;
-      state.itemClassType = 1;
-      ItemGrid grid(environment, state);
+      GridAlone world;
       const auto answer = [&](const char* member, Reply::Maker make) {
         return Reply::From([&, member, make, fails, ending](auto arguments) -> Value {
           Value value = make(arguments);
           if (std::string_view(member) != ending) return value;
-          environment.lifetime.End();
-          grid.Release();
-          log.Add("end");
+          world.environment.lifetime.End();
+          world.grid.Release();
+          world.log.Add("end");
           if (fails) throw AutomationError(kInjectedFailure, u"断开");
           return value;
         });
       };
-      factory.Object(u"items")
+      world.factory.Object(u"items")
           .On(u"RecordCount", answer("RecordCount", [](auto) { return 1; }))
           .On(u"MoveFirst", answer("MoveFirst", [](auto) { return Value(); }))
           .On(u"EOF", answer("EOF", [](auto) { return false; }))
@@ -347,15 +354,16 @@ TEST_F(ItemGridTest, KeepsAndShowsNothingOnceTheControlHasEnded) {
                 return CellBlockPtr(std::make_shared<MemoryBlock>(
                     3, std::vector<std::vector<Value>>{{u"01.001", u"螺栓", u"M8"}}));
               }));
-      factory.Object(u"ZEPConnection.AppConnection").On(u"Execute", answer("Execute", [&](auto) {
-                                                          return factory.NewObject(u"items");
-                                                        }));
-      grid.LoadItemGrid(u"01");
-      EXPECT_EQ(log.Count("end"), 1u) << ending << "\n" << log.Text();
-      EXPECT_EQ(log.Text().find("message "), std::string::npos) << ending << "\n" << log.Text();
-      EXPECT_FALSE(state.itemRecordset) << ending;
-      EXPECT_EQ(grid.GetGrid().MaxRows(), 0) << ending;
-      EXPECT_EQ(factory.LiveObjects(), 0) << ending << "\n" << log.Text();
+      world.factory.Object(u"ZEPConnection.AppConnection")
+          .On(u"Execute",
+              answer("Execute", [&](auto) { return world.factory.NewObject(u"items"); }));
+      world.grid.LoadItemGrid(u"01");
+      EXPECT_EQ(world.log.Count("end"), 1u) << ending << "\n" << world.log.Text();
+      EXPECT_EQ(world.log.Text().find("message "), std::string::npos) << ending << "\n"
+                                                                      << world.log.Text();
+      EXPECT_FALSE(world.state.itemRecordset) << ending;
+      EXPECT_EQ(world.grid.GetGrid().MaxRows(), 0) << ending;
+      EXPECT_EQ(world.factory.LiveObjects(), 0) << ending << "\n" << world.log.Text();
     }
   }
 }
@@ -365,31 +373,24 @@ TEST_F(ItemGridTest, KeepsTheClassWhoseLoadBeganInsideAnother) {
   for (const bool fails : {false, true}) {
     for (const std::string_view during :
          {"Execute", "RecordCount", "MoveFirst", "EOF", "GetRows", "Fields", "Value"}) {
-      CallLog log;
-      RecordingFactory factory(log);
-      RecordingQuestions questions(log);
-      RecordingScreen screen(factory.GetRecorder());
-      ProcessState processState;
-      Environment environment(factory, processState, questions, screen, u"Host");
-      BrowserState state;
-      state.itemClassType = 1;
-      ItemGrid grid(environment, state);
+      GridAlone world;
       const auto answer = [&](std::string_view member, Reply::Maker make) {
         return Reply::From([&, member, make](auto arguments) -> Value {
           Value value = make(arguments);
-          if (member != during || log.Count("load") > 0) return value;
-          log.Add("load");
-          grid.LoadItemGrid(u"0");
+          if (member != during || world.log.Count("load") > 0) return value;
+          world.log.Add("load");
+          world.grid.LoadItemGrid(u"0");
           if (fails) throw AutomationError(kInjectedFailure, u"断开");
           return value;
         });
       };
-      ObjectScript& items = factory.Object(u"items");
+      ObjectScript& items = world.factory.Object(u"items");
       items.On(u"RecordCount", answer("RecordCount", [](auto) { return 2; }))
           .On(u"MoveFirst", answer("MoveFirst", [](auto) { return Value(); }))
           .On(u"MoveNext", Value())
           .On(u"EOF", answer("EOF", [](auto) { return false; }))
-          .On(u"Fields", answer("Fields", [&](auto) { return factory.NewObject(u"fields"); }));
+          .On(u"Fields",
+              answer("Fields", [&](auto) { return world.factory.NewObject(u"fields"); }));
       if (during == "Fields" || during == "Value") {
         items.Lacks(u"GetRows");
       } else {
@@ -399,24 +400,49 @@ TEST_F(ItemGridTest, KeepsTheClassWhoseLoadBeganInsideAnother) {
                                                           {u"01.002", u"螺母", u"M10"}}));
                  }));
       }
-      factory.Object(u"fields").On(u"", factory.Answering(u"cell"));
-      factory.Object(u"cell").On(u"Value", answer("Value", [](auto) { return u"01.001"; }));
-      factory.Object(u"ZEPConnection.AppConnection")
+      world.factory.Object(u"fields").On(u"", world.factory.Answering(u"cell"));
+      world.factory.Object(u"cell").On(u"Value", answer("Value", [](auto) { return u"01.001"; }));
+      world.factory.Object(u"ZEPConnection.AppConnection")
           .On(u"Execute", Arguments({kItemsOf01}),
-              answer("Execute", [&](auto) { return factory.NewObject(u"items"); }));
-      AnswerStatement(factory, kItemsOfRoot, ItemRows({{u"0.001", u"001", u"垫圈", u"M6"}}));
-      grid.LoadItemGrid(u"01");
-      SCOPED_TRACE(std::string(during) + "\n" + log.Text());
-      EXPECT_EQ(log.Count("load"), 1u);
-      EXPECT_EQ(log.Text().find("message "), std::string::npos);
-      ASSERT_EQ(grid.GetGrid().MaxRows(), 1);
-      EXPECT_EQ(Utf8(grid.GetGrid().Text(1, 1)), "0.001");
-      EXPECT_TRUE(grid.GetGrid().Redraw());
-      ASSERT_TRUE(state.itemRecordset);
-      state.itemRecordset.MoveFirst();
-      EXPECT_EQ(state.itemRecordset.Field(u"FNumber"), Value(u"0.001"));
+              answer("Execute", [&](auto) { return world.factory.NewObject(u"items"); }));
+      AnswerStatement(world.factory, kItemsOfRoot, ItemRows({{u"0.001", u"001", u"垫圈", u"M6"}}));
+      world.grid.LoadItemGrid(u"01");
+      SCOPED_TRACE(std::string(during) + "\n" + world.log.Text());
+      EXPECT_EQ(world.log.Count("load"), 1u);
+      EXPECT_EQ(world.log.Text().find("message "), std::string::npos);
+      ASSERT_EQ(world.grid.GetGrid().MaxRows(), 1);
+      EXPECT_EQ(Utf8(world.grid.GetGrid().Text(1, 1)), "0.001");
+      EXPECT_TRUE(world.grid.GetGrid().Redraw());
+      ASSERT_TRUE(world.state.itemRecordset);
+      world.state.itemRecordset.MoveFirst();
+      EXPECT_EQ(world.state.itemRecordset.Field(u"FNumber"), Value(u"0.001"));
     }
   }
+}
+
+// The view of an emptied grid ends its editor, and the host may answer that with another load.
+struct LoadingView : GridView {
+  void GridChanged() override {
+    if (grid.GetGrid().MaxRows() == 0 && !std::exchange(loaded, true)) grid.LoadItemGrid(u"0");
+  }
+  void GridMetricsChanged() override {}
+  explicit LoadingView(ItemGrid& loading) : grid(loading) {}
+  ItemGrid& grid;
+  bool loaded = false;
+};
+
+TEST_F(ItemGridTest, KeepsTheClassWhoseLoadBeganWhileAnotherEmptiedTheGrid) {
+  GridAlone world;
+  AnswerStatement(world.factory, kItemsOf01, ItemRows(kTwoItems));
+  AnswerStatement(world.factory, kItemsOfRoot, ItemRows({{u"0.001", u"001", u"垫圈", u"M6"}}));
+  world.grid.LoadItemGrid(u"01");
+  LoadingView view(world.grid);
+  world.grid.GetGrid().Attach(&view);
+  world.grid.LoadItemGrid(u"01");
+  EXPECT_EQ(world.grid.GetGrid().MaxRows(), 1);
+  EXPECT_EQ(Utf8(world.grid.GetGrid().Text(1, 1)), "0.001");
+  EXPECT_TRUE(world.grid.GetGrid().Redraw());
+  world.grid.GetGrid().Attach(nullptr);
 }
 
 TEST_F(ItemGridTest, PreparesTitlesAndWidths) {
