@@ -53,8 +53,10 @@ RowHeader HeaderOfNewRows(const FormContext& form) {
 }
 
 void ReadOtherClasses(FormContext& form) {
-  form.state.otherClasses = Connection(form.environment.factory)
-                                .Execute(statements::ItemsOfOtherClasses(form.state.openingNumber));
+  Recordset others = Connection(form.environment.factory)
+                         .Execute(statements::ItemsOfOtherClasses(form.state.openingNumber));
+  // The call may have run messages in which the form ended.
+  if (!form.HasEnded()) form.state.otherClasses = std::move(others);
 }
 
 void AppendItemIds(std::u16string& list, const Recordset& items) {
@@ -146,6 +148,7 @@ void AddItems(FormContext& form) {
   ObjectPtr parameters = MakeParameters(form.environment);
   const RowHeader header = HeaderOfNewRows(form);
   ReadOtherClasses(form);
+  if (form.HasEnded()) return;
   const std::u16string condition = Condition(form.state);
   {
     const ObjectPtr result = LookUpItems(form, condition, std::move(parameters));

@@ -28,7 +28,10 @@ class RemovalGuard {
     const bool isOnlyOne = members.RecordCount() == 1;
     const Recordset history =
         connection.Execute(statements::ItemHistory(current_.year, current_.period, code));
-    if (HasRows(history)) {
+    const bool hasHistory = HasRows(history);
+    // Each call to the suite may run messages in which the form ends and releases its state.
+    if (form_.HasEnded()) return false;
+    if (hasHistory) {
       Refuse(code, u")在以前期间已有业务发生，不得删除！");
       return false;
     }
@@ -36,11 +39,15 @@ class RemovalGuard {
         connection.Execute(statements::ProvisionVoucher(current_.year, current_.period));
     const Recordset amounts =
         connection.Execute(statements::ItemCurrentAmounts(current_.year, current_.period, code));
-    if (!HasRows(voucher)) {
+    const bool hasVoucher = HasRows(voucher);
+    const bool hasAmounts = hasVoucher && HasRows(amounts);
+    if (form_.HasEnded()) return false;
+    if (!hasVoucher) {
       connection.Run(statements::DeleteItemProvision(
           current_.year, current_.period, code,
           voucher ? statements::DeleteForm::TwoBlanks : statements::DeleteForm::NoAlias));
-    } else if (HasRows(amounts)) {
+      if (form_.HasEnded()) return false;
+    } else if (hasAmounts) {
       Refuse(code, u")本期跌价准备数据已经生成凭证，不得删除！");
       return false;
     }

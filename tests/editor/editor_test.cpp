@@ -89,6 +89,8 @@ void EditorWorld::AnswerAccountIds() {
                   Rows({u"FAccountID"}, {{1023}}));
 }
 
+void EditorWorld::AcceptSaves() { factory.Object(kConnectionId).On(u"Execute", Reply(nullptr)); }
+
 void EditorWorld::ReadRows() {
   AnswerPeriod(factory);
   list.selected.clear();

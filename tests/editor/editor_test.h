@@ -70,6 +70,8 @@ struct EditorWorld {
   // The company's answers to the statements of a save of class "01", or of a new class.
   void AnswerChecks(bool adding, std::vector<std::u16string> otherNumbers = {});
   void AnswerAccountIds();
+  // Any save statement returns nothing; the checks' statements have their own scripts.
+  void AcceptSaves();
   // As after any change of the list: the form reads its rows again.
   void ReadRows();
   // The item ids of the member list, in order.

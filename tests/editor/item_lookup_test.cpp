@@ -393,6 +393,21 @@ TEST_F(ItemLookup, StopsWhenTheFormIsClosedWhileMessagesArePending) {
   EXPECT_EQ(factory.LiveObjects(), 0);
 }
 
+TEST_F(ItemLookup, AsksForNoItemOnceTheFormHasEndedInItsStatement) {
+  EditorWorld world;
+  world.factory.Object(u"ZEPEBCBASE.Dictionary").On(u"Add", Reply(Value()));
+  world.factory.Object(kConnectionId)
+      .On(u"Execute", Arguments({kOthersOf01}), Reply::From([&world](auto) -> Value {
+            world.form.Unload();
+            return NewScriptedRecordset(world.factory.GetRecorder(), Rows({u"FItemID"}, {{12}}));
+          }));
+  world.OpenForEdit();
+  world.form.ToolClicked(FormTool::AddItem);
+  EXPECT_EQ(world.log.Count("unload"), 1u);
+  EXPECT_EQ(world.log.Count("create ZEPEBCGLView.GLView"), 0u);
+  EXPECT_EQ(world.factory.LiveObjects(), 0);
+}
+
 TEST_F(ItemLookup, ShowsNothingInAFormThatWasClosedWhenTheChoiceFails) {
   factory.Object(u"result").On(u"ReturnOK", Reply::From([this](auto) -> Value {
                                  form.Unload();

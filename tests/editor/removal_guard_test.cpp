@@ -277,6 +277,38 @@ TEST_F(RemovalGuard, StopsWhenTheFormIsClosedDuringARefusal) {
   EXPECT_EQ(log.Count("create ZEPConnection.AppConnection"), 1u);
 }
 
+TEST_F(RemovalGuard, DeletesNothingOnceTheFormHasEndedInOneOfItsCalls) {
+  for (const bool refuses : {false, true}) {
+    const std::u16string statements[] = {HistoryOf(u"01.001"), std::u16string(kVoucher),
+                                         AmountsOf(u"01.001")};
+    for (const std::u16string& ending : statements) {
+      EditorWorld world;
+      AnswerPeriod(world.factory);
+      AnswerNothing(world.factory, DeleteOf(u"delete  a", u"01.001"));
+      for (const std::u16string& statement : statements) {
+        world.factory.Object(kConnectionId)
+            .On(u"Execute", Arguments({statement}), Reply::From([&](auto) -> Value {
+                  if (statement == ending) world.form.Unload();
+                  // The last two refuse together.
+                  const bool refusesNow =
+                      refuses &&
+                      (statement == ending || (ending == statements[2] && statement == kVoucher));
+                  return NewScriptedRecordset(world.factory.GetRecorder(),
+                                              refusesNow ? OneRow() : NoRows());
+                }));
+      }
+      world.OpenForEdit();
+      world.list.selected = {2};
+      EXPECT_EQ(ErrorOf([&] { world.form.ToolClicked(FormTool::DelItem); }), std::nullopt);
+      SCOPED_TRACE(Utf8(ending) + "\n" + world.log.Text());
+      EXPECT_EQ(world.log.Count("unload"), 1u);
+      EXPECT_THAT(world.log.Text(), Not(HasSubstr("message ")));
+      EXPECT_THAT(world.log.Text(), Not(HasSubstr("delete  a")));
+      EXPECT_EQ(world.factory.LiveObjects(), 0);
+    }
+  }
+}
+
 TEST_F(RemovalGuard, OnlyRedrawsWithoutASelection) {
   OpenAndSelect({});
   form.ToolClicked(FormTool::DelItem);

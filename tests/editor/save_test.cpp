@@ -23,15 +23,10 @@ constexpr std::u16string_view kSaveOf01 =
     u"FARAccID,FARNumber,FPencentPrepare)VALUES\r\n( 102,'01','原材料',\r\n"
     u"1051,'5711',1023,'1281.1',12.5)\r\n";
 
-// Any save statement returns nothing; the checks' statements have their own scripts.
-void AcceptSaves(RecordingFactory& factory) {
-  factory.Object(kConnectionId).On(u"Execute", Reply(nullptr));
-}
-
 class Save : public EditorTest {
  protected:
   void Open() {
-    AcceptSaves(factory);
+    AcceptSaves();
     AnswerChecks(false);
     AnswerAccountIds();
     OpenForEdit();
@@ -231,7 +226,7 @@ TEST_F(Save, LooksAccountsUpByTheNumberAndNotByTheText) {
        {Case{u"1281.10", "SELECT FAccountID FROM t_account WHERE FNumber='1281.1'"},
         Case{u"5711.02", "SELECT FAccountID FROM t_account WHERE FNumber='5711.02'"}}) {
     EditorWorld world;
-    AcceptSaves(world.factory);
+    world.AcceptSaves();
     world.AnswerChecks(false);
     world.AnswerAccountIds();
     AnswerStatement(world.factory, u"SELECT FAccountID FROM t_account WHERE FNumber='5711.02'",
@@ -244,7 +239,7 @@ TEST_F(Save, LooksAccountsUpByTheNumberAndNotByTheText) {
 }
 
 TEST_F(Save, LooksAnAccountOfTwoSeparatorsUpByItsLeadingPart) {
-  AcceptSaves(factory);
+  AcceptSaves();
   AnswerStatement(factory, u"select FNumber from t_account",
                   Rows({u"FNumber"}, {{u"5711"}, {u"1281.01.02"}}));
   AnswerChecks(false);
@@ -311,7 +306,7 @@ TEST_F(Save, WritesValuesUnchanged) {
 TEST_F(Save, NamesTheAccountThatWasNotFound) {
   for (const FormField field : {FormField::LossAccount, FormField::ReserveAccount}) {
     EditorWorld world;
-    AcceptSaves(world.factory);
+    world.AcceptSaves();
     world.AnswerChecks(false);
     world.AnswerAccountIds();
     FailStatement(world.factory, u"SELECT FAccountID FROM t_account WHERE FNumber='5711.02'",
@@ -387,7 +382,7 @@ TEST_F(Save, WritesDoublesWithTheirShortestText) {
   for (const Case& given : {Case{u"0.1", ",0.1)"}, Case{u"100", ",100)"}, Case{u"1e1", ",10)"},
                             Case{u".25", ",0.25)"}, Case{u"12.3456", ",12.3456)"}}) {
     EditorWorld world;
-    AcceptSaves(world.factory);
+    world.AcceptSaves();
     world.AnswerChecks(false);
     world.AnswerAccountIds();
     world.OpenForEdit();
@@ -398,7 +393,7 @@ TEST_F(Save, WritesDoublesWithTheirShortestText) {
 }
 
 TEST_F(Save, EmptiesTheFormForTheNextNewClassWithoutAQuestion) {
-  AcceptSaves(factory);
+  AcceptSaves();
   AnswerChecks(true);
   AnswerAccountIds();
   form.SetMode(kAddMode);
@@ -434,56 +429,6 @@ TEST_F(Save, TextOfAnEmptyListIsOnlyTheDelete) {
   OpenForAdd();
   EXPECT_EQ(Utf8(SaveText(form.State())),
             "delete from icPriceDownClass where  FItemClassNumber=''");
-}
-
-TEST(SaveFailures, NameTheClassWhoseRowsCouldNotBeUpdated) {
-  int named = 0;
-  FailEachCallInTurn([&named](int failingCall) {
-    EditorWorld world;
-    AcceptSaves(world.factory);
-    world.AnswerChecks(false);
-    world.AnswerAccountIds();
-    world.OpenForEdit();
-    world.view.Type(FormField::ClassName, u"改名");
-    const int before = world.factory.CallCount();
-    world.factory.FailCall(failingCall);
-    const std::string failure = FailureOf([&] { world.form.ToolClicked(FormTool::Save); });
-    if (failure.find(" 更新物料失败，物料类别代码：01\r\n") != std::string::npos) ++named;
-    return world.factory.CallCount() - before;
-  });
-  EXPECT_GT(named, 0);
-}
-
-TEST(SaveFailures, EndTheSaveAndLeaveTheFormUsable) {
-  FailEachCallInTurn([](int failingCall) {
-    EditorWorld world;
-    AcceptSaves(world.factory);
-    world.AnswerChecks(false);
-    world.AnswerAccountIds();
-    world.OpenForEdit();
-    world.view.Type(FormField::ClassName, u"改名");
-    const int before = world.factory.CallCount();
-    world.factory.FailCall(failingCall);
-    const auto error = ErrorOf([&] { world.form.ToolClicked(FormTool::Save); });
-    const int calls = world.factory.CallCount() - before;
-    EXPECT_FALSE(world.view.tools.at(FormTool::Save)) << "disabled in every case";
-    if (failingCall == 0) {
-      EXPECT_EQ(error, std::nullopt);
-      EXPECT_TRUE(world.form.State().saved);
-    } else {
-      // A failing step of the stored copy is ignored; any other failure ends the save.
-      EXPECT_TRUE(error == std::nullopt || error == kInjectedFailure);
-    }
-    EXPECT_EQ(world.MemberIds().size(), 2u);
-    // The next save succeeds.
-    world.log.Clear();
-    world.form.ToolClicked(FormTool::Save);
-    EXPECT_TRUE(world.form.State().saved);
-    EXPECT_THAT(world.log.Text(), HasSubstr("( 102,'01','改名',"));
-    world.form.Unload();
-    EXPECT_EQ(world.factory.LiveObjects(), 0);
-    return calls;
-  });
 }
 
 }  // namespace
