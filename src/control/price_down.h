@@ -34,7 +34,7 @@ struct PriceDownPorts {
   std::u16string application;  // the host program's name
   // The control as the suite's form resources see it: its captions by name.
   ObjectPtr form;
-  // The process's one item class form.
+  // The thread's one item class form.
   ItemClassEditor& editor;
   PrintOutput& printOutput;
   // Returns an object that keeps the control alive during a click on the bar, which a host starts

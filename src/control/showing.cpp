@@ -35,7 +35,7 @@ bool PriceDown::Show(const Value& parentWindow) {
   };
   step([&] { ReadCaption(); });
   step([&] { KeepParent(parentWindow); });
-  // Each of the next steps changes what those before would have painted. No host code runs in them.
+  // Each of the next steps changes what those before would have painted.
   ports_.view.SetPainting(false);
   const ScopeExit paintOnce([&] { ports_.view.SetPainting(true); });
   step([&] { LoadTree(); });

@@ -176,21 +176,10 @@ TEST_F(ControlEvents, ReportAFailedLookupOfTheFormBeforeItsMessage) {
     EXPECT_EQ(EventLines(), "event failed -5 \"登录超时\"\n");
     EXPECT_EQ(world_.log.Lines().back(), R"(message no icon "岚禾提示": "\r\n登录超时")");
   };
-  Control().editRecord();
-  EXPECT_EQ(world_.log.Lines().back(), "editor closed");
-}
-
-TEST_F(ControlEvents, ReportAFailedLookupOfTheFormOfANewClass) {
-  Start();
-  world_.factory.Object(u"ZEPEBCGLView.GLView")
-      .On(u"AccountLookup", Reply::Failing(-5, u"登录超时"));
-  world_.editor.whileShown = [this] {
-    world_.log.Clear();
-    world_.editor.Shown().LookupRequested(FormField::LossAccount);
-    EXPECT_EQ(EventLines(), "event failed -5 \"登录超时\"\n");
-  };
-  Control().addRecord();
-  EXPECT_EQ(world_.log.Lines().back(), "editor closed");
+  for (const auto open : {&PriceDown::editRecord, &PriceDown::addRecord}) {
+    (Control().*open)();
+    EXPECT_EQ(world_.log.Lines().back(), "editor closed");
+  }
 }
 
 // The form may outlive the control.

@@ -137,6 +137,7 @@ class ControlWindow final : public PriceDownView,
   void RunCommand(Command&& command);
   void SystemChanged(UINT message);
   void ShowStatus();
+  static constexpr UINT_PTR kPauseTimer = 1;
   void ResumePainting() const;
   void ShowProgress();
 

@@ -59,25 +59,8 @@ class FindBar : public ::testing::Test {
   }
   // `cause` makes the bar speak a count; a client then destroys the window.
   bool IsHeldWhenItIsEndedAtACount(const std::function<void()>& cause) {
-    const auto provider = world_.automation.ProviderOf(world_.Grid());
     Open(world_.Grid());
-    world_.automation.log.clear();
-    std::weak_ptr<void> held;
-    world_.window->HoldDuringEvents([&] {
-      const auto hold = std::make_shared<int>();
-      held = hold;
-      return hold;
-    });
-    bool isHeld = false;
-    world_.automation.onEvent = [&] {
-      if (world_.automation.Spoken().empty() || world_.window->Handle() == nullptr) return;
-      isHeld = !held.expired();
-      DestroyWindow(world_.window->Handle());
-    };
-    cause();
-    EXPECT_EQ(world_.window->Handle(), nullptr);
-    world_.window->HoldDuringEvents({});
-    return isHeld;
+    return IsHeldWhenAClientEndsIt(world_, cause);
   }
   std::string Current() const {
     const auto row = world_.window->CurrentRow();

@@ -91,23 +91,7 @@ TEST(StatusBar, HoldsTheControlThatAClientEndsWhenItIsSpokenOnFocus) {
   world.Start();
   SetFocus(CreateWindowW(L"BUTTON", L"", WS_CHILD | WS_VISIBLE, 0, 0, 10, 10, world.host.Handle(),
                          nullptr, nullptr, nullptr));
-  const auto provider = world.automation.ProviderOf(world.Grid());
-  std::weak_ptr<void> held;
-  world.window->HoldDuringEvents([&] {
-    const auto hold = std::make_shared<int>();
-    held = hold;
-    return hold;
-  });
-  bool isHeld = false;
-  world.automation.onEvent = [&] {
-    if (world.automation.Spoken().empty() || world.window->Handle() == nullptr) return;
-    isHeld = !held.expired();
-    DestroyWindow(world.window->Handle());
-  };
-  SetFocus(world.Tree());
-  EXPECT_EQ(world.window->Handle(), nullptr);
-  EXPECT_TRUE(isHeld);
-  world.window->HoldDuringEvents({});
+  EXPECT_TRUE(IsHeldWhenAClientEndsIt(world, [&] { SetFocus(world.Tree()); }));
 }
 
 TEST(StatusBar, SetsATextAgainThatTheSystemRefused) {

@@ -211,4 +211,25 @@ POINT UiWorld::ButtonPoint(std::size_t position) const {
   return {(area.left + area.right) / 2, (area.top + area.bottom) / 2};
 }
 
+bool IsHeldWhenAClientEndsIt(UiWorld& world, const std::function<void()>& cause) {
+  const auto provider = world.automation.ProviderOf(world.Grid());
+  world.automation.log.clear();
+  std::weak_ptr<void> held;
+  world.window->HoldDuringEvents([&] {
+    const auto hold = std::make_shared<int>();
+    held = hold;
+    return hold;
+  });
+  bool isHeld = false;
+  world.automation.onEvent = [&] {
+    if (world.automation.Spoken().empty() || world.window->Handle() == nullptr) return;
+    isHeld = !held.expired();
+    DestroyWindow(world.window->Handle());
+  };
+  cause();
+  EXPECT_EQ(world.window->Handle(), nullptr);
+  world.window->HoldDuringEvents({});
+  return isHeld;
+}
+
 }  // namespace pricedown::testing

@@ -7,6 +7,7 @@
 #include <commctrl.h>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -82,5 +83,9 @@ class UiWorld : public Input {
   std::unique_ptr<windows::WindowsScreen> screen;
   std::unique_ptr<PriceDown> control;
 };
+
+// Whether the control is held while a client of accessibility destroys its window at the first text
+// that `cause` makes it speak.
+bool IsHeldWhenAClientEndsIt(UiWorld& world, const std::function<void()>& cause);
 
 }  // namespace pricedown::testing
