@@ -256,6 +256,11 @@ void ToolStripWindow::Press(int index) {
 }
 
 // The default handling of a message, then the press that it reported.
+// The frame itself has the focus for a moment when it becomes active again.
+bool ToolStripWindow::SharesFrameWith(HWND window) const {
+  return IsChild(GetAncestor(Handle(), GA_ROOT), window) != FALSE;
+}
+
 LRESULT ToolStripWindow::OnSystemPart(UINT message, WPARAM wParam, LPARAM lParam) {
   const std::shared_ptr<Pending> pending = pending_;
   ++pending->depth;
@@ -293,19 +298,19 @@ LRESULT ToolStripWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     }
     case WM_SETFOCUS: {
       const LRESULT result = Default(message, wParam, lParam);
+      const HWND previous = reinterpret_cast<HWND>(wParam);
       if (HotButton() == kNoButton) {
-        const bool returns = returnsTo_ != kNoButton && CanPress(returnsTo_);
+        const bool returns =
+            returnsTo_ != kNoButton && !SharesFrameWith(previous) && CanPress(returnsTo_);
         SetHot(returns ? returnsTo_ : NextButton(kNoButton, 1));
       }
-      events_.FocusEntered(reinterpret_cast<HWND>(wParam));
+      events_.FocusEntered(previous);
       return result;
     }
     case WM_KILLFOCUS: {
       // Back from another window, such as one that a button opened, the keyboard is where it was.
       const HWND next = reinterpret_cast<HWND>(wParam);
-      const bool stays =
-          next != nullptr && GetAncestor(next, GA_ROOT) == GetAncestor(Handle(), GA_ROOT);
-      returnsTo_ = stays ? kNoButton : HotButton();
+      returnsTo_ = SharesFrameWith(next) ? kNoButton : HotButton();
       SendMessageW(Handle(), TB_SETHOTITEM, static_cast<WPARAM>(kNoButton), 0);
       const LRESULT result = Default(message, wParam, lParam);
       events_.FocusLeft(next);

@@ -81,6 +81,7 @@ class ToolStripWindow final : public BoundWindow {
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   void OnTooltip(NMTTDISPINFOW& info) const;
   LRESULT OnSystemPart(UINT message, WPARAM wParam, LPARAM lParam);
+  bool SharesFrameWith(HWND window) const;
   bool OnKeyDown(WPARAM key, bool repeated);
   bool CanPress(int index) const;
   int NextButton(int from, int step) const;

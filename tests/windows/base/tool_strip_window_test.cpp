@@ -113,6 +113,10 @@ TEST(ToolStripWindow, TheKeyboardIsBackOnItsButtonAfterAnotherWindow) {
   EXPECT_EQ(HotButton(world), 4);
   LeaveForAndReturn(world, world.Tree());
   EXPECT_EQ(HotButton(world), 1) << "by Tab";
+  world.Press(VK_RIGHT);
+  SetFocus(other);
+  LeaveForAndReturn(world, world.Tree());
+  EXPECT_EQ(HotButton(world), 1) << "by Tab, after another window";
   DestroyWindow(other);
 }
 
