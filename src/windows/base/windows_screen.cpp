@@ -17,7 +17,9 @@ void WindowsScreen::RunPendingMessages() {
   while (PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE) != FALSE) {
     // Left to the host's loop with all that follows: there accelerators come before windows.
     if (message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN) return;
-    if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) == FALSE) return;
+    // The same one: a key may have come in meanwhile, and keys precede paints and timers.
+    const UINT kind = message.message;
+    if (PeekMessageW(&message, nullptr, kind, kind, PM_REMOVE) == FALSE) return;
     if (message.message == WM_QUIT) {
       PostQuitMessage(static_cast<int>(message.wParam));
       return;
