@@ -254,13 +254,15 @@ LRESULT GridWindow::OnFramePaint(WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT GridWindow::OnFocus(UINT message, WPARAM wParam) {
+  // A client that receives the events may end the window.
+  const Lifetime window = WindowLifetime();
   Invalidate();
+  if (window.HasEnded()) return 0;
   const HWND other = reinterpret_cast<HWND>(wParam);
   if (message == WM_SETFOCUS) {
     events_.FocusEntered(other);
     return 0;
   }
-  const Lifetime window = WindowLifetime();
   if (mouse_ != Mouse::Idle && other != Handle()) EndMouse(true);
   if (!window.HasEnded()) events_.FocusLeft(other);
   return 0;

@@ -115,6 +115,16 @@ TEST_F(GridProviderTest, AClientMayDestroyTheWindowInsideTheEventOfALoad) {
   EXPECT_EQ(itemsChanged_, 0);
 }
 
+TEST_F(GridProviderTest, AClientMayDestroyTheWindowInsideTheEventOfItsFocus) {
+  SetFocus(host_.Handle());
+  bool entered = false;
+  whenFocused_ = [&entered] { entered = true; };
+  automation_.onEvent = [this] { DestroyWindow(Handle()); };
+  SetFocus(Handle());
+  EXPECT_EQ(Handle(), nullptr);
+  EXPECT_FALSE(entered);
+}
+
 TEST_F(GridProviderTest, APriceFromOutsideRaisesItsValue) {
   PatternOf<IValueProvider>(Cell(4, 9), UIA_ValuePatternId)->SetValue(L"3");
   EXPECT_EQ(Events(), Log{"value row9.column4 = 3.00"});
