@@ -1,12 +1,16 @@
 // The suite's services by ProgID and member name, on a company of the test.
 #include "workbench/suite/services.h"
 
+#include <memory>
+#include <vector>
+
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
 #include "platform/convert.h"
 #include "platform/error.h"
 #include "tests/suite/suite_fixture.h"
+#include "tests/support/memory_block.h"
 #include "tests/support/utf8.h"
 #include "workbench/suite/calendar.h"
 
@@ -80,6 +84,18 @@ TEST_F(Services, AccessIsGrantedOnlyForEveryBitOfTheMask) {
   EXPECT_EQ("False", granted(0x30000));
   suite_->userId = 2;
   EXPECT_EQ("False", granted(0x20000));
+}
+
+TEST_F(Services, DictionaryCopiesARowThatTheCallerOwns) {
+  const auto block = std::make_shared<pricedown::testing::MemoryBlock>(
+      2, std::vector<std::vector<Value>>{{u"01", 5}});
+  const ObjectPtr dictionary = Create(u"ZEPEBCBASE.Dictionary");
+  dictionary->Call(u"Add", {u"added", Value(pricedown::BlockRow{block, 0})});
+  dictionary->PutIndexed({}, u"set", Value(pricedown::BlockRow{block, 0}));
+  EXPECT_EQ(block.use_count(), 1);
+  for (const char16_t* key : {u"added", u"set"}) {
+    EXPECT_EQ(Readable(dictionary->Call(u"GetValue", {key, u""})), R"(["01", 5])");
+  }
 }
 
 TEST_F(Services, UserProfileKeepsValuesPerUserApplicationAndSection) {

@@ -1,6 +1,11 @@
 // The suite's dictionary object. Values are stored unchanged.
 #include "workbench/suite/dictionary.h"
 
+#include <cstddef>
+#include <utility>
+#include <vector>
+
+#include "platform/cell_block.h"
 #include "platform/convert.h"
 #include "platform/error.h"
 #include "platform/text.h"
@@ -12,6 +17,19 @@ using pricedown::Member;
 using pricedown::MemberKind;
 using pricedown::Value;
 
+namespace {
+
+// A row is the caller's, and locked as long as it is kept.
+std::vector<Value> CopyOf(const pricedown::BlockRow& cells) {
+  std::vector<Value> copy;
+  for (std::size_t column = 0; column < cells.block->ColumnCount(); ++column) {
+    copy.push_back(cells.block->CellValue(column, cells.row));
+  }
+  return copy;
+}
+
+}  // namespace
+
 const Value* Dictionary::Lookup(std::u16string_view key) const {
   for (const auto& [name, value] : entries_) {
     if (pricedown::EqualsIgnoringCase(name, key)) return &value;
@@ -20,6 +38,7 @@ const Value* Dictionary::Lookup(std::u16string_view key) const {
 }
 
 void Dictionary::Set(std::u16string_view key, Value value) {
+  if (value.Is(Value::Kind::Row)) value = CopyOf(value.Row());
   for (auto& [name, kept] : entries_) {
     if (pricedown::EqualsIgnoringCase(name, key)) {
       kept = std::move(value);
