@@ -1,5 +1,5 @@
 // Calls by name as any client of the control makes them: an owned VARIANT, reading, setting,
-// calling, and the description of a failure. It knows nothing of the control.
+// calling, and the description of a failure.
 #pragma once
 
 #include <windows.h>
