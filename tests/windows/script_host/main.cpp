@@ -56,7 +56,9 @@ int main() {
     return 2;
   }
   int result = 2;
-  if (SUCCEEDED(OleInitialize(nullptr))) {
+  if (const HRESULT code = OleInitialize(nullptr); FAILED(code)) {
+    std::fprintf(stderr, "script_host: OLE: %08lX\n", static_cast<unsigned long>(code));
+  } else {
     try {
       result = Run(arguments[1]);
     } catch (...) {
