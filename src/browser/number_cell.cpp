@@ -8,7 +8,7 @@ namespace pricedown {
 namespace {
 
 constexpr std::size_t kDecimals = 2;
-constexpr std::size_t kMaximumDigits = 17;  // of hundredths, well inside 64 bits
+constexpr std::size_t kMaximumDigits = 16;  // a hundred times as much is inside 64 bits
 
 // In hundredths, so that nothing is rounded.
 struct CellReading {

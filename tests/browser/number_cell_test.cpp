@@ -44,7 +44,9 @@ INSTANTIATE_TEST_SUITE_P(
                       NumberCase{"ChineseFullStop", u"３。２５", true, "3.25"},
                       NumberCase{"FullWidthSign", u"－１", false, std::nullopt},
                       NumberCase{"Blank", u"1 2", false, std::nullopt},
-                      NumberCase{"VeryLong", u"000000000000000000000001", false, std::nullopt}),
+                      NumberCase{"VeryLong", u"000000000000000000000001", false, std::nullopt},
+                      NumberCase{"SixteenDigits", u"0000000000000001", true, "1.00"},
+                      NumberCase{"BeyondSixtyFourBits", u"99999999999999999", false, std::nullopt}),
     [](const auto& tested) { return std::string(tested.param.name); });
 
 TEST(NumberCell, ChecksTheTextThatAnInsertionWouldLeave) {
