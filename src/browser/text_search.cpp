@@ -43,8 +43,7 @@ std::optional<SearchHit> TextSearch::HitIn(std::int32_t row) const {
 
 void TextSearch::ContinueCounting(std::int32_t rows) {
   if (IsEmpty()) return;
-  const std::int32_t end =
-      counted_ + std::min(std::max(rows, 0), std::max(rows_->Rows() - counted_, 0));
+  const std::int32_t end = counted_ + std::min(rows, rows_->Rows() - counted_);
   while (counted_ < end) {
     if (HitIn(++counted_)) hits_.push_back(counted_);
   }
@@ -55,7 +54,7 @@ std::u16string TextSearch::CountText(std::int32_t row) const {
   const auto total = static_cast<std::int32_t>(hits_.size());
   const auto place = std::lower_bound(hits_.begin(), hits_.end(), row);
   const bool isHit = place != hits_.end() && *place == row;
-  const auto position = static_cast<std::int32_t>(place - hits_.begin()) + (isHit ? 1 : 0);
+  const auto position = static_cast<std::int32_t>(place - hits_.begin()) + 1;
   return Concatenate({isHit ? NumberText(position) : std::u16string(total == 0 ? u"0" : u"–"),
                       u" / ", NumberText(total), IsCounted() ? u"" : u"+"});
 }
