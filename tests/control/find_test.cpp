@@ -284,5 +284,12 @@ TEST(FindBar, LeavesOutWhatANarrowBarHasNoRoomFor) {
   EXPECT_EQ(PlaceFindBar({3, 4}, {24, 80, 16, 5}).field.width, 0);
 }
 
+TEST(FindBar, LeavesOutWhatWouldMakeTheFieldNarrowerThanTheCount) {
+  EXPECT_EQ(PlaceFindBar({174, 20}, {24, 80, 16, 5}).count, Rectangle{});
+  EXPECT_EQ(PlaceFindBar({175, 20}, {24, 80, 16, 5}).field, (Rectangle{5, 2, 80, 16}));
+  EXPECT_EQ(PlaceFindBar({203, 20}, {24, 80, 16, 5}).label, Rectangle{});
+  EXPECT_EQ(PlaceFindBar({204, 20}, {24, 80, 16, 5}).field, (Rectangle{34, 2, 80, 16}));
+}
+
 }  // namespace
 }  // namespace pricedown::testing

@@ -51,6 +51,9 @@ INSTANTIATE_TEST_SUITE_P(
         // 2.54 tenths of a millimetre.
         PaperCase{"NearestTenth", {300, 300, 3, 3, 0, 0, 3, 3}, {3, 3, {0, 0, 0, 0}}},
         PaperCase{"NoResolution", {0, 0, 2480, 3508, 9, 9, 1, 1}, {2100, 2970, {0, 0, 0, 0}}},
+        PaperCase{
+            "NoResolutionAcross", {0, 300, 2000, 3000, 9, 9, 1, 1}, {2100, 2970, {0, 0, 0, 0}}},
+        PaperCase{"NoResolutionDown", {300, 0, 2000, 3000, 9, 9, 1, 1}, {2100, 2970, {0, 0, 0, 0}}},
         PaperCase{"NoWidth", {254, 254, 0, 2970, 0, 0, 0, 2970}, {2100, 2970, {0, 0, 0, 0}}},
         PaperCase{"NoHeight", {254, 254, 2000, 0, 0, 0, 2000, 0}, {2100, 2970, {0, 0, 0, 0}}},
         PaperCase{"NoPaper", {96, 96, 0, 0, 0, 0, 1280, 800}, {2100, 2970, {0, 0, 0, 0}}}),
