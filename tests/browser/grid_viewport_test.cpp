@@ -51,6 +51,14 @@ TEST_F(GridViewportTest, FindsTheColumnWithoutWidthAtItsEdge) {
   EXPECT_EQ(Geometry().EdgeAt(155, 4), 3);
 }
 
+TEST_F(GridViewportTest, FindsEachColumnAtItsEdge) {
+  grid_.SetColumnWidth(2, 5.5);
+  Geometry().Update(grid_, 96, 15);
+  EXPECT_EQ(Geometry().EdgeAt(100, 4), 1);
+  EXPECT_EQ(Geometry().EdgeAt(155, 4), 2);
+  EXPECT_EQ(Geometry().EdgeAt(210, 4), 3);
+}
+
 TEST_F(GridViewportTest, MakesRowsAndTitlesHighEnoughForTheirText) {
   grid_.SetRowHeight(4);
   grid_.SetTitleHeight(4);

@@ -37,7 +37,8 @@ TEST(PreviewFields, CapANumberThatIsTooLarge) {
 }
 
 TEST(PreviewFields, ReadNothingElseAsAPageNumber) {
-  for (const char16_t* typed : {u"", u"  ", u"第三页", u"-2", u"2.5", u"1 2", u"0x3", u"5%"}) {
+  for (const char16_t* typed :
+       {u"", u"  ", u"第三页", u"-2", u"2.5", u"1 2", u"0x3", u"5%", u"5:", u"５："}) {
     EXPECT_EQ(TypedPage(typed), std::nullopt) << Utf8(typed);
   }
 }

@@ -266,6 +266,15 @@ TEST_F(Preview, EnablesZoomingUpToTheLargestAndTheSmallestSize) {
   EXPECT_TRUE(state_.IsEnabled(PreviewCommand::Print));
 }
 
+TEST_F(Preview, ZoomsByCommands) {
+  state_.SetPercent(100);
+  state_.Run(PreviewCommand::ZoomIn);
+  EXPECT_EQ(state_.Percent(), 125);
+  state_.Run(PreviewCommand::ZoomOut);
+  state_.Run(PreviewCommand::ZoomOut);
+  EXPECT_EQ(state_.Percent(), 75);
+}
+
 TEST_F(Preview, FitsTheWidthFromTheTop) {
   state_.SetPercent(100);
   state_.ScrollBy(0, 10000);
