@@ -51,7 +51,7 @@ class GridElementsTest : public ::testing::Test {
   }
   std::int32_t Found(std::int32_t after, RowKey key, std::u16string_view text = {}) const {
     const auto row = Elements().FindRow(after, key, text);
-    return row ? row->row : 0;
+    return row && row->IsRow() ? row->row : 0;
   }
 
   Size window_{250, 24 + 10 * 19 + 9};

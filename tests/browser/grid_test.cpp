@@ -169,6 +169,7 @@ TEST_F(GridTest, NotifiesTheWindowOfEachChange) {
   grid_.SetMaxRows(2);
   grid_.SetText(1, 1, u"甲");
   grid_.SetColumnWidth(1, 12);
+  grid_.SetTitleHeight(30);
   grid_.SetRowHeight(20);
   grid_.SetFont({u"宋体", 12, true, false});
   grid_.LockColumns(2);
@@ -176,6 +177,7 @@ TEST_F(GridTest, NotifiesTheWindowOfEachChange) {
   EXPECT_EQ(log_.Text(), Lines(R"(
       grid changed 2 rows
       grid changed 2 rows
+      grid metrics
       grid metrics
       grid metrics
       grid metrics
