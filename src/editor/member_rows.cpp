@@ -31,7 +31,6 @@ void MemberRows::Read(const Recordset& items) {
   } else {
     ReadAll(items);
   }
-  removed_.clear();
 }
 
 void MemberRows::Remove(std::int32_t row) {
@@ -45,6 +44,7 @@ bool MemberRows::IsReadButForRemoved() const {
 void MemberRows::DropRemoved() {
   for (const std::int32_t row : removed_) order_[static_cast<std::size_t>(row) - 1] = kNoText;
   std::erase(order_, kNoText);
+  removed_.clear();
 }
 
 void MemberRows::ReadAll(const Recordset& items) {

@@ -84,20 +84,22 @@ TEST_F(MemberRowsTest, AreDueUntilTheyAreRead) {
 }
 
 TEST_F(MemberRowsTest, AreNotReadAgainAfterARemoval) {
-  MemberRows rows = Read({{1, u"A", u"", u""}, {2, u"B", u"", u""}, {3, u"C", u"", u""}});
+  MemberRows rows =
+      Read({{1, u"A", u"", u""}, {2, u"B", u"", u""}, {3, u"C", u"", u""}, {4, u"D", u"", u""}});
   rows.Remove(2);
   rows.Remove(4);
-  rows.Remove(5);  // no such row
-  EXPECT_EQ(rows.Items(), 3) << "until the next read";
-  rows.SetCount(2);
+  rows.Remove(6);  // no such row
+  EXPECT_EQ(rows.Items(), 4) << "until the next read";
+  rows.SetCount(3);
   rows.Read(Recordset());
-  EXPECT_EQ(rows.Items(), 1);
+  EXPECT_EQ(rows.Items(), 2);
   EXPECT_EQ(Text(rows, member_columns::kCode, 1), "物料代码");
   EXPECT_EQ(Text(rows, member_columns::kCode, 2), "B");
   rows.Remove(2);
-  rows.SetCount(1);
+  rows.SetCount(2);
   rows.Read(Recordset());
-  EXPECT_EQ(rows.Items(), 0) << "by their places at the time";
+  EXPECT_EQ(rows.Items(), 1);
+  EXPECT_EQ(Text(rows, member_columns::kCode, 2), "D") << "by their places at the time";
 }
 
 TEST_F(MemberRowsTest, AreReadAgainWhenARemovalDoesNotExplainTheCount) {
@@ -109,6 +111,10 @@ TEST_F(MemberRowsTest, AreReadAgainWhenARemovalDoesNotExplainTheCount) {
   rows.Read(members);
   EXPECT_EQ(Text(rows, member_columns::kCode, 2), "C7");
   EXPECT_EQ(Text(rows, member_columns::kCode, 3), "C8");
+  rows.Remove(2);
+  rows.SetCount(2);
+  rows.Read(Recordset());
+  EXPECT_EQ(Text(rows, member_columns::kCode, 2), "C8") << "the next removal is the only one";
 }
 
 TEST_F(MemberRowsTest, AreReadFieldByFieldWithoutBlocks) {
