@@ -83,7 +83,7 @@ class CutText final : public CellBlock {
   std::size_t ColumnCount() const override { return columns_; }
   std::size_t RowCount() const override { return rows_; }
   CellView Cell(std::size_t column, std::size_t row) const override {
-    return {CellView::Kind::Text, 0, cells_[row * columns_ + column]};
+    return {.kind = CellView::Kind::Text, .text = cells_[row * columns_ + column]};
   }
   Value CellValue(std::size_t column, std::size_t row) const override {
     return cells_[row * columns_ + column];
