@@ -17,12 +17,10 @@ constexpr std::array kCheckTools{kToolStripTool, kStatusBarTool};
 }  // namespace
 
 CommandBar::CommandBar(Lifetime lifetime) : lifetime_(std::move(lifetime)) {
-  std::transform(kCheckTools.begin(), kCheckTools.end(), checkTools_.begin(), [](auto name) {
-    auto tool = std::make_shared<CommandBarTool>(
-        CommandBarTool::Definition{std::u16string(name), {}, {}, {}});
+  for (std::shared_ptr<CommandBarTool>& tool : checkTools_) {
+    tool = std::make_shared<CommandBarTool>();
     tool->SetChecked(true);
-    return tool;
-  });
+  }
   Add({std::u16string(kEditMenu), Translate(u"编辑"), {}, u"Menus"}, Place::Band);
   for (const ControlCommand* command : CommandsOn(surface::kCommandBar)) {
     Add({std::u16string(command->tool),
