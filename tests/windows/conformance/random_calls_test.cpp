@@ -7,6 +7,7 @@
 #include <array>
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <random>
 #include <vector>
@@ -30,6 +31,9 @@ constexpr int kCalls = 6000;
 // What the fakes' lists and the system's caches may retain of thousands of calls; one leaked text
 // of two characters in ten calls would exceed it.
 constexpr long kTolerance = 16 * 1024;
+// Newer heaps of Wine (10.0) allocate small blocks in groups, at any time; a leak grows in each
+// round.
+constexpr int kRounds = 5;
 
 // Has every member; returns names of tools that wait for no user, numbers or nothing.
 class AnyObject : public AutomationObject {
@@ -167,6 +171,22 @@ class RandomCalls : public ::testing::Test {
     }
   }
 
+  static void ExpectNoLeak(const std::function<void()>& calls) {
+    const ProcessResources before = ResourcesNow();
+    ProcessResources after = before;
+    long growth = kTolerance + 1;
+    for (int round = 0; round < kRounds && growth > kTolerance; ++round) {
+      const long memory = after.memory;
+      calls();
+      after = ResourcesNow();
+      growth = after.memory - memory;
+    }
+    EXPECT_LE(growth, kTolerance);
+    EXPECT_LE(after.handles, before.handles);
+    EXPECT_LE(after.gdiObjects, before.gdiObjects);
+    EXPECT_LE(after.userObjects, before.userObjects);
+  }
+
   const DialogCloser closer;
   ControlHost host;
   std::shared_ptr<AnyObject> any = std::make_shared<AnyObject>();
@@ -176,13 +196,7 @@ class RandomCalls : public ::testing::Test {
 
 TEST_F(RandomCalls, OfTheControlLeaveNothingBehind) {
   CallDispatch(kCalls / 3, 12, host.control.get());
-  const ProcessResources before = ResourcesNow();
-  EXPECT_GT(CallDispatch(kCalls, 12, host.control.get()), kCalls / 20);
-  const ProcessResources after = ResourcesNow();
-  EXPECT_LE(after.memory - before.memory, kTolerance);
-  EXPECT_LE(after.handles, before.handles);
-  EXPECT_LE(after.gdiObjects, before.gdiObjects);
-  EXPECT_LE(after.userObjects, before.userObjects);
+  ExpectNoLeak([this] { EXPECT_GT(CallDispatch(kCalls, 12, host.control.get()), kCalls / 20); });
   EXPECT_EQ(Expression(host.control.get(), L"Show", {ObjectOf(nullptr)}), "S_OK True");
   host.Close();
   host.Release();
@@ -193,11 +207,7 @@ TEST_F(RandomCalls, OfTheControlLeaveNothingBehind) {
 
 TEST_F(RandomCalls, OfTheInterfaceLeaveNothingBehind) {
   CallEarly(kCalls / 4);
-  const ProcessResources before = ResourcesNow();
-  CallEarly(kCalls / 4);
-  const ProcessResources after = ResourcesNow();
-  EXPECT_LE(after.memory - before.memory, kTolerance);
-  EXPECT_LE(after.handles, before.handles);
+  ExpectNoLeak([this] { CallEarly(kCalls / 4); });
   host.Close();
   host.Release();
   EXPECT_EQ(object->AddRef(), 2U);
@@ -207,10 +217,7 @@ TEST_F(RandomCalls, OfTheInterfaceLeaveNothingBehind) {
 TEST_F(RandomCalls, OfUpdatePriceLeaveNothingBehind) {
   const auto price = host.library.NewUpdatePrice();
   CallDispatch(kCalls / 3, 1, price.get());
-  const ProcessResources before = ResourcesNow();
-  EXPECT_GT(CallDispatch(kCalls, 1, price.get()), kCalls / 20);
-  const ProcessResources after = ResourcesNow();
-  EXPECT_LE(after.memory - before.memory, kTolerance);
+  ExpectNoLeak([&] { EXPECT_GT(CallDispatch(kCalls, 1, price.get()), kCalls / 20); });
   EXPECT_EQ(object->AddRef(), 2U);
   EXPECT_EQ(object->Release(), 1U);
 }
