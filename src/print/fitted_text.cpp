@@ -39,7 +39,17 @@ class Beginning {
   std::u16string shown_;
 };
 
-// Requires: there is room.
+// The text with an ellipsis; its first `tooLong` units are too long. Requires: there is room.
+std::u16string_view Cut(TextMeasurer& measurer, const Font& font, Beginning& beginning,
+                        std::size_t tooLong, Tenths available, TextArena& made) {
+  const Tenths room = available - measurer.Width(font, kEllipsis);
+  if (room < 0) return {};
+  const std::u16string_view all = beginning.Of(tooLong);
+  const std::size_t length = CutLength(all, measurer.FittingLength(font, all, room));
+  return made.Keep(std::u16string(all.substr(0, length)).append(kEllipsis));
+}
+
+// A long text, or one with control characters. Requires: there is room.
 std::u16string_view Shorten(TextMeasurer& measurer, const Font& font, std::u16string_view text,
                             Tenths available, TextArena& made) {
   Beginning beginning(text);
@@ -50,11 +60,7 @@ std::u16string_view Shorten(TextMeasurer& measurer, const Font& font, std::u16st
     }
     tooLong = std::min(tooLong * 2, text.size());
   }
-  const Tenths room = available - measurer.Width(font, kEllipsis);
-  if (room < 0) return {};
-  const std::size_t length =
-      CutLength(text, measurer.FittingLength(font, beginning.Of(tooLong), room));
-  return made.Keep(std::u16string(beginning.Of(length)).append(kEllipsis));
+  return Cut(measurer, font, beginning, tooLong, available, made);
 }
 
 }  // namespace
@@ -62,11 +68,13 @@ std::u16string_view Shorten(TextMeasurer& measurer, const Font& font, std::u16st
 std::u16string_view FitText(TextMeasurer& measurer, const Font& font, std::u16string_view text,
                             Tenths available, TextArena& made) {
   if (available <= 0) return {};
-  // Nearly every cell.
-  if (text.size() <= kFirstGuess && IsPlain(text) && measurer.Width(font, text) <= available) {
-    return text;
+  if (text.size() > kFirstGuess || !IsPlain(text)) {
+    return Shorten(measurer, font, text, available, made);
   }
-  return Shorten(measurer, font, text, available, made);
+  // Nearly every cell.
+  if (measurer.Width(font, text) <= available) return text;
+  Beginning beginning(text);
+  return Cut(measurer, font, beginning, text.size(), available, made);
 }
 
 }  // namespace pricedown

@@ -68,6 +68,11 @@ TEST_F(FittedText, CopiesNothingOfATextThatFitsAsItIs) {
   EXPECT_EQ(measurer_.calls, 1);
 }
 
+TEST_F(FittedText, MeasuresAShortTextThatIsTooLongOnce) {
+  EXPECT_EQ(Utf8(FitText(measurer_, font_, u"abcde", 99, made_)), "ab…");
+  EXPECT_EQ(measurer_.calls, 3) << "the text, the ellipsis, the beginning that fits";
+}
+
 TEST_F(FittedText, PropagatesAFailingMeasurement) {
   measurer_.failingCall = 1;
   EXPECT_THROW(FitText(measurer_, font_, u"abc", 100, made_), AutomationError);
