@@ -5,6 +5,7 @@
 #include <span>
 
 #include "platform/skip.h"
+#include "windows/com/boundary.h"
 #include "windows/com/outgoing_arguments.h"
 
 namespace pricedown::windows {
@@ -48,7 +49,7 @@ void EventSource::ClassChanged(ClassChange change, std::u16string_view classNumb
 void EventSource::Closing() { Send(kClosing, u"Closing", {}); }
 
 void EventSource::Failed(const Failure& failure) {
-  Send(kFailed, u"Failed", {failure.code, failure.description, failure.source});
+  Send(kFailed, u"Failed", {failure.code, failure.description, SourceOf(failure)});
 }
 
 void EventSource::Send(DISPID id, std::u16string_view name,

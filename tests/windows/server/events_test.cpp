@@ -112,6 +112,15 @@ TEST_F(Events, ReportAFailureOfACommandOfTheUser) {
   EXPECT_EQ(Heard(), "4 -2147221213 \"没有连接\" \"ZEPEBCGLView.GLData.AccessCheck\"\n");
 }
 
+TEST_F(Events, NameTheLibraryAsTheSourceOfItsOwnFailures) {
+  host->Open();
+  Connect(*sink.get());
+  const DialogCloser ok;
+  host->world.factory.Object(u"ZEPEBCGLView.GLData").On(u"AccessCheck", Reply(u"也许"));
+  SendMessageW(GetDlgItem(host->Window(), windows::control_ids::kTree), WM_KEYDOWN, VK_DELETE, 1);
+  EXPECT_EQ(Heard(), "4 -2147352571 \"类型不匹配\" \"ZEPPriceDownPrepare\"\n");
+}
+
 TEST_F(Events, ReportADeletedClassBeforeTheTreeIsLoadedAgain) {
   host->Open();
   for (const auto statement : {kVoucher, kHistory}) {

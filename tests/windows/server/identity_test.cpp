@@ -3,6 +3,8 @@
 #include <ocidl.h>
 #include <ole2.h>
 
+#include <objsafe.h>
+
 #include <iterator>
 
 #include "tests/windows/server/library.h"
@@ -59,6 +61,15 @@ TEST(Identity, ReachesEveryInterfaceFromEveryOther) {
       EXPECT_EQ(one->QueryInterface(*to, other.putVoid()), S_OK);
     }
   }
+}
+
+TEST(Identity, HasNoInterfacesThatPromiseSafetyOrALicence) {
+  const Library library;
+  ComPtr<IUnknown> safety;
+  EXPECT_EQ(library.Create(CLSID_PriceDown)
+                ->QueryInterface(IID_IObjectSafety, reinterpret_cast<void**>(safety.put())),
+            E_NOINTERFACE);
+  EXPECT_FALSE(library.ClassObject(CLSID_PriceDown).As<IClassFactory2>());
 }
 
 TEST(Identity, CountsOneReferencePerInterface) {
