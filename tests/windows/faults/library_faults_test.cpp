@@ -126,9 +126,20 @@ int FailSpread(ImportFaults& faults, FaultKind kind, int count, int most,
   return points;
 }
 
-bool HasGrown(const ProcessResources& before, const ProcessResources& after) {
+// What the system itself loses in a run without failures, in bytes.
+long LostInARun(ImportFaults& faults, const Operation& operation) {
+  constexpr int kRuns = 5;
+  const long before = ResourcesNow().memory;
+  for (int run = 0; run < kRuns; ++run) RunOnce(faults, FaultKind::Windows, 0, operation);
+  return (ResourcesNow().memory - before) / kRuns;
+}
+
+// Less than the smallest block of memory in every run.
+constexpr long kBytesPerRun = 4;
+
+bool HasGrown(const ProcessResources& before, const ProcessResources& after, long lost) {
   return after.handles > before.handles || after.gdiObjects > before.gdiObjects ||
-         after.userObjects > before.userObjects;
+         after.userObjects > before.userObjects || after.memory > before.memory + lost;
 }
 
 int covered = 0;
@@ -138,6 +149,9 @@ int covered = 0;
 // repeated growth is a leak.
 void FailEach(ImportFaults& faults, int usual, const Operation& operation) {
   const int most = NumberFromEnvironment("PRICEDOWN_FAULT_POINTS", usual);
+  // The first time fills caches.
+  RunOnce(faults, FaultKind::Windows, 0, operation);
+  const long lost = LostInARun(faults, operation) + kBytesPerRun;
   for (const Kind& kind : kKinds) {
     SCOPED_TRACE(kind.name);
     // Twice, because the first time fills caches.
@@ -149,9 +163,9 @@ void FailEach(ImportFaults& faults, int usual, const Operation& operation) {
     for (int round = 0; round < kRounds && grown; ++round) {
       const ProcessResources before = ResourcesNow();
       points = FailSpread(faults, kind.kind, count, most, operation);
-      grown = HasGrown(before, ResourcesNow());
+      grown = HasGrown(before, ResourcesNow(), points * lost);
     }
-    EXPECT_FALSE(grown) << "handles, windows, menus or GDI objects are left";
+    EXPECT_FALSE(grown) << "handles, windows, menus, GDI objects or memory are left";
     covered += points;
     std::cout << "    " << points << " of " << count << " " << kind.name << "\n";
   }
