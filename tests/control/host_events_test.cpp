@@ -166,6 +166,25 @@ TEST_F(ControlEvents, ShowNoMessageOfAFailureWhoseEventEndsTheControl) {
   EXPECT_EQ(world_.Messages(), 0u);
 }
 
+TEST_F(ControlEvents, ReportWhatTheFormHasWrittenUntilTheControlEnds) {
+  Start();
+  for (const bool added : {true, false}) {
+    world_.editor.whileShown = [this, added] {
+      world_.log.Clear();
+      const auto whenSaved = world_.editor.Shown().State().whenSaved;
+      whenSaved(added, u"02");
+      EXPECT_EQ(EventLines(), added ? "event class 1 \"02\"\n" : "event class 2 \"02\"\n");
+      if (added) return;
+      Control().GetGrid().Attach(nullptr);
+      Control().Terminate();
+      world_.log.Clear();
+      whenSaved(added, u"02");
+      EXPECT_EQ(EventLines(), "");
+    };
+    (Control().*(added ? &PriceDown::addRecord : &PriceDown::editRecord))();
+  }
+}
+
 TEST_F(ControlEvents, ReportAFailedLookupOfTheFormBeforeItsMessage) {
   Start();
   world_.factory.Object(u"ZEPEBCGLView.GLView")

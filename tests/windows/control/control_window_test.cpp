@@ -140,7 +140,8 @@ TEST(ControlWindow, ShowsItsTitleInTheFontOfTheSuite) {
   const LOGFONTW own = font();
   EXPECT_EQ(own.lfHeight, height) << "before the suite is asked";
   world.window->SetTitleFont({u"", 20, false, false, false, 136});
-  EXPECT_STREQ(font().lfFaceName, own.lfFaceName) << "without a name the size alone counts";
+  EXPECT_STREQ(font().lfFaceName, own.lfFaceName) << "without a name";
+  EXPECT_EQ(font().lfCharSet, CHINESEBIG5_CHARSET);
   EXPECT_EQ(font().lfHeight, windows::Dpi::Of(world.window->Handle()).FontHeight(20));
   world.Start();
   EXPECT_STREQ(font().lfFaceName, L"宋体");
