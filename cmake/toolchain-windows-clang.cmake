@@ -15,9 +15,10 @@ if(NOT library_folder)
 endif()
 # Debug information in the form that a PDB holds.
 set(CMAKE_C_FLAGS_INIT -gcodeview)
-# The definitions are built into g++: how the C++ library was built.
+# As the C++ library was built, whose thread-local variables std::future uses; the definitions are built
+# into g++.
 string(JOIN " " CMAKE_CXX_FLAGS_INIT
-  -gcodeview
+  -gcodeview -femulated-tls
   -D__GXX_TYPEINFO_EQUALITY_INLINE=0 -D__GXX_MERGED_TYPEINFO_NAMES=0
   -stdlib++-isystem ${library_folder}/include/c++
   -stdlib++-isystem ${library_folder}/include/c++/${MINGW_TRIPLET})

@@ -155,7 +155,7 @@ void Tour::PrintByKeys() {
                       PressWithControl('P', false);
                     }});
   // The system's dialog, or what says that there is no printer.
-  steps_.push_back({L"k10-print-by-keys", [this] {
+  steps_.push_back({L"k10-print-by-keys", [] {
                       const HWND dialog = FindWindowW(L"#32770", nullptr);
                       Require(RequireWindow(dialog) == GetActiveWindow(), u"打印还没有开始。");
                     }});
