@@ -135,6 +135,8 @@ TEST_F(GridTest, BoundsAColumnDownToARow) {
   EXPECT_EQ(grid_.UpperBound(4, 1), 7);
   EXPECT_EQ(grid_.UpperBound(4, 5), 7);
   EXPECT_FALSE(grid_.UpperBound(4, 6));
+  grid_.SetUpperBound(1, 2, 8);
+  EXPECT_EQ(grid_.UpperBound(1, 2), 8);
 }
 
 TEST_F(GridTest, LocksColumnsOfAllRowsUntilItIsEmptied) {
