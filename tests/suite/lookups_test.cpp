@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "platform/convert.h"
 #include "platform/error.h"
 #include "platform/text.h"
@@ -107,6 +109,7 @@ class AskingPickers : public Pickers {
                                                      std::u16string_view condition,
                                                      bool several) override {
     asked = Concatenate({condition, several ? u" several" : u" one"});
+    if (whileAsked) whileAsked();
     const ResultSet rows =
         company.Execute(Concatenate({u"SELECT x2.FItemID FROM t_ICItem x2 WHERE ", condition}));
     std::vector<std::int32_t> ids;
@@ -117,6 +120,7 @@ class AskingPickers : public Pickers {
   }
 
   std::u16string asked;
+  std::function<void()> whileAsked;
 };
 
 class AskedLookups : public Lookups {
@@ -143,6 +147,12 @@ TEST_F(AskedLookups, PickersAreShownWhenTheQueueIsEmpty) {
   EXPECT_EQ("True",
             Readable(LookUpUnder(u"x2.FItemid not in(12)", Parameters())->Get(u"ReturnOK")));
   EXPECT_EQ("x2.FItemid not in(12) several", pricedown::ToUtf8(asking_->asked));
+}
+
+TEST_F(AskedLookups, PickersGoOnWithACompanyThatIsClosedMeanwhile) {
+  asking_->whileAsked = [this] { settings_->Call(u"Close"); };
+  EXPECT_THROW(LookUpUnder(u"x2.FItemid>0", Parameters()), AutomationError);
+  EXPECT_EQ(u"x2.FItemid>0 several", asking_->asked);
 }
 
 TEST_F(AskedLookups, QueuedAnswersComeBeforeTheOtherPickers) {

@@ -171,9 +171,9 @@ bool AllowsSeveral(const Value& parameters) {
 
 Value GLView::AccountLookup(std::u16string_view text) {
   if (suite_->company == nullptr) suite_->Execute({});
+  const std::shared_ptr<Connection> company = suite_->company;
   auto result = std::make_shared<LookupResult>();
-  const auto number =
-      AskPickers([&] { return suite_->pickers->PickAccount(*suite_->company, text); });
+  const auto number = AskPickers([&] { return suite_->pickers->PickAccount(*company, text); });
   if (number) {
     auto account = std::make_shared<Account>();
     account->number = *number;
@@ -194,10 +194,11 @@ Value GLView::ItemLookUp(std::int32_t type, std::u16string_view condition,
                                      std::u16string(kLookupSource));
   }
   if (suite_->company == nullptr) suite_->Execute({});
+  const std::shared_ptr<Connection> company = suite_->company;
   auto result = std::make_shared<LookupResult>();
   const bool several = AllowsSeveral(parameters);
   const auto ids =
-      AskPickers([&] { return suite_->pickers->PickItems(*suite_->company, condition, several); });
+      AskPickers([&] { return suite_->pickers->PickItems(*company, condition, several); });
   if (ids && !ids->empty()) {
     std::vector<ObjectPtr> items = ReadItems(*suite_, *ids);
     result->confirmed = true;

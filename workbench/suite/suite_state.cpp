@@ -52,7 +52,8 @@ auto Translated(Use&& use) {
 template <class Use>
 auto SuiteState::OnCompany(Use&& use) {
   if (company == nullptr) ThrowNoCompany();
-  return Translated([&] { return use(*company); });
+  const std::shared_ptr<Connection> open = company;
+  return Translated([&] { return use(*open); });
 }
 
 void SuiteState::Connect(std::u16string_view location) {

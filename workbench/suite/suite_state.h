@@ -16,7 +16,8 @@ namespace workbench {
 class Replay;
 
 struct SuiteState {
-  std::unique_ptr<Connection> company;
+  // Shared with the calls that run messages, in which the company may be closed.
+  std::shared_ptr<Connection> company;
   // Of Connect, and whether it has the user.
   std::unique_ptr<Connection> connected;
   bool connectedHasUser = false;
