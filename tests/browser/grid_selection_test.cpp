@@ -199,13 +199,13 @@ TEST_F(GridSelectionTest, CopiesNothingWithoutRows) {
 TEST_F(GridSelectionTest, MeasuresTheTitleAndTheLongestTextsOfAColumn) {
   grid_.SetMaxRows(1000);
   for (std::int32_t row = 1; row <= 1000; ++row) grid_.SetText(2, row, u"ab");
-  grid_.SetText(2, 700, u"abcde");
-  grid_.SetText(2, 3, u"中文");  // as wide as four Latin letters
+  grid_.SetText(2, 1000, u"abcde");
+  grid_.SetText(2, 1, u"中文");  // as wide as four Latin letters
   const std::vector<std::int32_t> rows = RowsOfLongestTexts(grid_, 2);
   EXPECT_EQ(rows.size(), 65u);
   EXPECT_EQ(rows.front(), kTitleRow);
-  EXPECT_EQ(std::count(rows.begin(), rows.end(), 700), 1);
-  EXPECT_EQ(std::count(rows.begin(), rows.end(), 3), 1);
+  EXPECT_EQ(std::count(rows.begin(), rows.end(), 1000), 1);
+  EXPECT_EQ(std::count(rows.begin(), rows.end(), 1), 1);
   grid_.SetMaxRows(0);
   EXPECT_EQ(RowsOfLongestTexts(grid_, 2), std::vector<std::int32_t>{kTitleRow});
 }
