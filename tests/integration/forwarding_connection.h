@@ -10,7 +10,7 @@ namespace workbench {
 
 class ForwardingConnection : public Connection {
  public:
-  explicit ForwardingConnection(std::unique_ptr<Connection> company)
+  explicit ForwardingConnection(std::shared_ptr<Connection> company)
       : company_(std::move(company)) {}
 
   ResultSet Execute(std::u16string_view text) override { return company_->Execute(text); }
@@ -26,7 +26,7 @@ class ForwardingConnection : public Connection {
   void RequireCompany() override { company_->RequireCompany(); }
 
  private:
-  std::unique_ptr<Connection> company_;
+  std::shared_ptr<Connection> company_;
 };
 
 }  // namespace workbench
