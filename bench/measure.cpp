@@ -6,7 +6,7 @@
 #include <chrono>
 #include <cmath>
 #include <cstdio>
-#include <vector>
+#include <limits>
 
 namespace bench {
 
@@ -19,26 +19,21 @@ double Milliseconds(const std::function<void()>& work) {
       .count();
 }
 
-double Median(std::vector<double> times) {
-  std::sort(times.begin(), times.end());
-  return times[times.size() / 2];
-}
-
 }  // namespace
 
 Timing Compare(const std::function<void()>& product, const std::function<void()>& raw,
                int repetitions, const std::function<void()>& prepare) {
-  const auto measure = [&](const std::function<void()>& work, std::vector<double>& times) {
+  const auto measure = [&](const std::function<void()>& work, double& best) {
     if (prepare) prepare();
-    times.push_back(Milliseconds(work));
+    best = std::min(best, Milliseconds(work));
   };
-  std::vector<double> products;
-  std::vector<double> raws;
+  constexpr double kNone = std::numeric_limits<double>::infinity();
+  Timing timing{kNone, kNone};
   for (int i = 0; i < repetitions; ++i) {
-    measure(raw, raws);
-    measure(product, products);
+    measure(raw, timing.raw);
+    measure(product, timing.product);
   }
-  return {Median(products), Median(raws)};
+  return timing;
 }
 
 Figures::Figures() {

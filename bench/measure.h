@@ -1,4 +1,4 @@
-// Measures two ways of doing the same work alternately and prints both medians.
+// Measures two ways of doing the same work alternately and prints both times.
 #pragma once
 
 #include <cstddef>
@@ -9,12 +9,13 @@
 namespace bench {
 
 struct Timing {
-  double product = 0;  // milliseconds, median
+  double product = 0;  // milliseconds
   double raw = 0;
 };
 
-// Runs both alternately, so that a slow moment of the machine affects both alike. `prepare`, if
-// any, runs before each of them, unmeasured.
+// The fastest of so many turns of each, because whatever disturbs a turn makes it longer. Runs both
+// alternately, so that a slow minute of the machine affects both alike. `prepare`, if any, runs
+// before each of them, unmeasured.
 Timing Compare(const std::function<void()>& product, const std::function<void()>& raw,
                int repetitions, const std::function<void()>& prepare = nullptr);
 
