@@ -256,9 +256,11 @@ void ToolStripWindow::Press(int index) {
 }
 
 // The default handling of a message, then the press that it reported.
-// The frame itself has the focus for a moment when it becomes active again.
+// Whether Tab may come from there. The frame has the focus for a moment when it becomes active
+// again, and the windows between it and the strip may pass it on.
 bool ToolStripWindow::SharesFrameWith(HWND window) const {
-  return IsChild(GetAncestor(Handle(), GA_ROOT), window) != FALSE;
+  return IsChild(GetAncestor(Handle(), GA_ROOT), window) != FALSE &&
+         IsChild(window, Handle()) == FALSE;
 }
 
 LRESULT ToolStripWindow::OnSystemPart(UINT message, WPARAM wParam, LPARAM lParam) {

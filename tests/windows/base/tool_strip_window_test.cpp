@@ -120,6 +120,20 @@ TEST(ToolStripWindow, TheKeyboardIsBackOnItsButtonAfterAnotherWindow) {
   DestroyWindow(other);
 }
 
+TEST(ToolStripWindow, TheKeyboardIsBackOnItsButtonWhenTheHostPassesTheFocusToTheControl) {
+  UiWorld world;
+  world.Start();
+  const HWND other = CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 9, 9,
+                                     world.host.Handle(), nullptr, nullptr, nullptr);
+  SetFocus(world.Strip());
+  for (int i = 0; i < 3; ++i) world.Press(VK_RIGHT);
+  SetFocus(other);
+  SetFocus(world.window->Handle());
+  EXPECT_EQ(GetFocus(), world.Strip());
+  EXPECT_EQ(HotButton(world), 4);
+  DestroyWindow(other);
+}
+
 TEST(ToolStripWindow, TheKeyboardIsOnTheFirstButtonIfItsOwnWasDisabledMeanwhile) {
   UiWorld world;
   world.Start();
