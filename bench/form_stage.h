@@ -22,6 +22,7 @@ class SilentFormScreen final : public pricedown::Screen {
  public:
   void SetMousePointer(pricedown::MousePointer) noexcept override {}
   void RunPendingMessages() override {}
+  void SetPainting(bool) noexcept override {}
   double TwipsPerPixelY() const override { return 15; }
 };
 

@@ -37,7 +37,6 @@ class SilentViews final : public pricedown::PriceDownView,
   std::int32_t CurrentRow() const override { return 1; }
   pricedown::FindPane FocusedPane() const override { return pricedown::FindPane::Grid; }
   void CopyCells(bool) override {}
-  void SetPainting(bool) noexcept override {}
   bool HasWindow() const override { return true; }
   pricedown::Size ControlSize() const override { return {15000, 9000}; }
   void Place(const pricedown::Layout&) override {}

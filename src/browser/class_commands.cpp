@@ -121,10 +121,8 @@ void ClassCommands::Delete() {
   const Lifetime lifetime = environment_.lifetime;
   if (!IsConfirmed(number, name) || lifetime.HasEnded()) return;
   if (!DeleteGuarded(number) || lifetime.HasEnded()) return;
-  if (environment_.events != nullptr) {
-    environment_.events->ClassChanged(ClassChange::Deleted, number);
-    if (lifetime.HasEnded()) return;
-  }
+  environment_.Notify(&HostEvents::ClassChanged, ClassChange::Deleted, number);
+  if (lifetime.HasEnded()) return;
   tree_.LoadClassTree();
   tree_.SelectRoot();
 }
@@ -134,14 +132,20 @@ bool ClassCommands::DeleteGuarded(std::u16string_view number) {
   SkipFailing([&] { wait.emplace(environment_.screen); });
   const auto [year, period] = ReadYearAndPeriod(environment_.factory, u"IC");
   Connection connection(environment_.factory);
-  if (connection.Execute(statements::ProvisionVoucher(year, period)).RecordCount() > 0) {
+  const auto guard = [&](const std::u16string& statement, std::u16string_view refusal) {
+    // Each call to the suite may end the control.
+    if (environment_.lifetime.HasEnded()) return false;
+    const bool refuses = connection.Execute(statement).RecordCount() > 0;
+    if (environment_.lifetime.HasEnded()) return false;
+    if (!refuses) return true;
     wait.reset();
-    environment_.messages.Inform(Translate(u"本期跌价准备数据已经生成凭证，不得删除物料类别！"));
+    environment_.messages.Inform(Translate(refusal));
     return false;
-  }
-  if (connection.Execute(statements::ClassHistory(year, period, number)).RecordCount() > 0) {
-    wait.reset();
-    environment_.messages.Inform(Translate(u"该物料类别在以前期间已有业务发生，不得删除！"));
+  };
+  if (!guard(statements::ProvisionVoucher(year, period),
+             u"本期跌价准备数据已经生成凭证，不得删除物料类别！") ||
+      !guard(statements::ClassHistory(year, period, number),
+             u"该物料类别在以前期间已有业务发生，不得删除！")) {
     return false;
   }
   connection.Run(statements::DeleteClassProvision(year, period, number));

@@ -112,8 +112,8 @@ void ClassTree::NodeClick(NodeIndex node) {
   // The messages may have ended the control, or handled a click on another node.
   if (environment_.lifetime.HasEnded() || state_.currentNode != id || notified_ == id) return;
   notified_ = id;
-  if (environment_.events == nullptr) return;
-  environment_.events->SelectionChanged(id.isRoot ? std::u16string_view() : id.classNumber);
+  environment_.Notify(&HostEvents::SelectionChanged,
+                      id.isRoot ? std::u16string_view() : std::u16string_view(id.classNumber));
 }
 
 void ClassTree::SelectRoot() {

@@ -36,8 +36,8 @@ bool PriceDown::Show(const Value& parentWindow) {
   step([&] { ReadCaption(); });
   step([&] { KeepParent(parentWindow); });
   // Each of the next steps changes what those before would have painted.
-  ports_.view.SetPainting(false);
-  const ScopeExit paintOnce([&] { ports_.view.SetPainting(true); });
+  ports_.screen.SetPainting(false);
+  const ScopeExit paintOnce([&] { ports_.screen.SetPainting(true); });
   step([&] { LoadTree(); });
   step([&] { environment_.rights.ReadDataScope(); });
   step([&] { grid_.ApplyScopeLock(); });

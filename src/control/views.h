@@ -42,9 +42,6 @@ class PriceDownView : public FindView {
   virtual void DisableButton(const Command& command) = 0;
   // Copies the grid's selected cells to the clipboard, `titled` below the titles of their columns.
   virtual void CopyCells(bool titled) = 0;
-  // Off: nothing is painted until it is on again, then everything once. The view turns it on by
-  // itself when the user has to wait or to answer, the control's windows or the host's.
-  virtual void SetPainting(bool on) noexcept = 0;
   // False once the parent has destroyed the window.
   virtual bool HasWindow() const = 0;
   // The inner size of the control in twips.

@@ -31,11 +31,16 @@ class Environment {
   Environment(const Environment&) = delete;
   Environment& operator=(const Environment&) = delete;
 
-  // Sends the event Failed unless the control has ended. The host may end it inside the event.
-  void NotifyFailed(const Failure& failure) const {
-    const std::shared_ptr<HostEvents> sinks = events;
-    if (sinks != nullptr && !lifetime.HasEnded()) sinks->Failed(failure);
+  // Sends an event, a method of HostEvents with its arguments, unless the control has ended or
+  // nobody listens. Inside it the host may end the control or wait for the user.
+  template <typename Event, typename... Arguments>
+  void Notify(Event event, const Arguments&... arguments) const {
+    const std::shared_ptr<HostEvents> listeners = events;
+    if (listeners == nullptr || lifetime.HasEnded() || !listeners->HasListeners()) return;
+    screen.SetPainting(true);
+    (*listeners.*event)(arguments...);
   }
+  void NotifyFailed(const Failure& failure) const { Notify(&HostEvents::Failed, failure); }
 
   ObjectFactory& factory;
   ProcessState& state;

@@ -15,6 +15,8 @@ enum class ClassChange : std::int32_t { Added = 1, Changed = 2, Deleted = 3 };
 class HostEvents {
  public:
   virtual ~HostEvents() = default;
+  // Without listeners the events reach nobody.
+  virtual bool HasListeners() const = 0;
   // The items of another class are shown; empty for the root.
   virtual void SelectionChanged(std::u16string_view classNumber) = 0;
   // The class has been written to the company, or deleted from it.

@@ -13,6 +13,10 @@ class Screen {
   virtual void SetMousePointer(MousePointer pointer) = 0;
   // Lets pending window messages run, and returns when there are none.
   virtual void RunPendingMessages() = 0;
+  // Off: the control paints nothing until it is on again, then everything once. It is turned on
+  // before code of the host may run in a message or an event, and when the user has to wait or to
+  // answer.
+  virtual void SetPainting(bool on) noexcept = 0;
   // Twips per pixel, vertically; 15 at 96 dpi.
   virtual double TwipsPerPixelY() const = 0;
 };

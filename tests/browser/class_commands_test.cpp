@@ -106,6 +106,36 @@ TEST_F(DeleteClass, ChangesNothingWhenTheAnswerIsNo) {
   EXPECT_EQ(log_.Text(), Lines(kQuestion + std::string("no\n")));
 }
 
+TEST_F(DeleteClass, DeletesAndTellsNothingWhenTheControlEndsInAGuard) {
+  std::u16string_view ending;
+  bool hasRow = false;
+  for (const std::u16string_view guard : {kVoucher, kHistory}) {
+    factory_.Object(u"ZEPConnection.AppConnection")
+        .On(u"Execute", Arguments({guard}), Reply::From([&, guard](auto) {
+              if (guard != ending) return NewScriptedRecordset(factory_.GetRecorder(), NoRow());
+              environment_.lifetime.End();
+              return NewScriptedRecordset(factory_.GetRecorder(), hasRow ? OneRow() : NoRow());
+            }));
+  }
+  for (const bool row : {false, true}) {
+    for (const std::u16string_view guard : {kVoucher, kHistory}) {
+      hasRow = row;
+      ending = guard;
+      environment_.lifetime = {};
+      log_.Clear();
+      questions_.WillAnswer({true});
+      commands_.Delete();
+      EXPECT_EQ(log_.Text(),
+                Lines(kQuestion + std::string("yes\n") + ReadingThePeriod("ConnectString={x}") +
+                      ExecuteLine(kVoucher) + "\nrelease result\n" +
+                      (guard == kVoucher ? "" : ExecuteLine(kHistory) + "\nrelease result\n") +
+                      "release ZEPConnection.AppConnection\n"
+                      "screen pointer 0\n"))
+          << row;
+    }
+  }
+}
+
 TEST_F(DeleteClass, ReloadsNothingWhenTheControlEndsAfterTheDeletes) {
   ScriptGuards(NoRow(), NoRow());
   AnswerNothing(factory_, kDeleteProvision);

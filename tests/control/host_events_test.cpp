@@ -16,6 +16,7 @@ class RecordingEvents : public HostEvents {
  public:
   explicit RecordingEvents(CallLog log) : log_(std::move(log)) {}
 
+  bool HasListeners() const override { return hasListeners; }
   void SelectionChanged(std::u16string_view classNumber) override {
     Log("event selection " + Quoted(classNumber));
   }
@@ -27,6 +28,7 @@ class RecordingEvents : public HostEvents {
     Log("event failed " + std::to_string(failure.code) + " " + Quoted(failure.description));
   }
 
+  bool hasListeners = true;
   std::function<void()> whenNotified;
 
  private:
@@ -73,6 +75,24 @@ TEST_F(ControlEvents, ReportAnotherSelectionAndNotTheSameAgain) {
   Control().NodeClicked(1);
   Control().NodeClicked(2);
   EXPECT_EQ(EventLines(), "event selection \"\"\nevent selection \"01\"\n");
+}
+
+// The host may let the user answer in the event.
+TEST_F(ControlEvents, ComeWhenTheControlPaints) {
+  world_.CreateAndInitialize();
+  bool paints = false;
+  events_->whenNotified = [&] { paints = world_.screen.paints; };
+  world_.control->Show(nullptr);
+  EXPECT_EQ(EventLines(), "event selection \"01\"\n");
+  EXPECT_TRUE(paints);
+}
+
+TEST_F(ControlEvents, LeavePaintingForTheEndOfShowWhenNobodyListens) {
+  world_.CreateAndInitialize();
+  events_->hasListeners = false;
+  world_.control->Show(nullptr);
+  EXPECT_EQ(EventLines(), "");
+  EXPECT_EQ(world_.screen.paintings, (std::vector<bool>{false, true}));
 }
 
 // Messages run at the end of a click: a click on another node may be among them.

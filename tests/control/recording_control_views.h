@@ -50,7 +50,6 @@ class RecordingPriceDownView : public PriceDownView {
   std::int32_t CurrentRow() const override { return currentRow; }
   FindPane FocusedPane() const override { return focusedPane; }
   void CopyCells(bool titled) override { Log(titled ? "view copy titled" : "view copy"); }
-  void SetPainting(bool on) noexcept override { paints = on; }
   bool HasWindow() const override { return hasWindow; }
   Size ControlSize() const override {
     recorder_->QuietCall("view size", u"view");
@@ -68,7 +67,6 @@ class RecordingPriceDownView : public PriceDownView {
   std::function<void()> whenBarHides;
 
   bool hasWindow = true;
-  bool paints = true;
   Size size{12000, 8000};
   Layout placed;
   std::int32_t currentRow = 1;

@@ -254,17 +254,17 @@ TEST_F(Show, StopsWhenTheControlEndsWhileMessagesRun) {
 TEST_F(Show, PaintsOnlyOnceAfterTheHostHasMergedItsToolbar) {
   Initialize();
   std::vector<bool> painted;
-  world_.screen.onMessages = [&] { painted.push_back(world_.view.paints); };
+  world_.screen.onMessages = [&] { painted.push_back(world_.screen.paints); };
   world_.control->Show(world_.NewParent());
   EXPECT_EQ(painted, std::vector<bool>({true, false, false}));
-  EXPECT_TRUE(world_.view.paints);
+  EXPECT_TRUE(world_.screen.paints);
 }
 
 TEST_F(Show, PaintsAgainWhenTheControlEndsMeanwhile) {
   Initialize();
   world_.screen.onMessages = [&] { world_.control->Terminate(); };
   world_.control->Show(nullptr);
-  EXPECT_TRUE(world_.view.paints);
+  EXPECT_TRUE(world_.screen.paints);
 }
 
 TEST_F(Show, IgnoresOtherMessagesOfTheHost) {

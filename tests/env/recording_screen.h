@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "env/screen.h"
 #include "tests/support/recorder.h"
@@ -23,12 +24,18 @@ class RecordingScreen : public Screen {
     recorder_->Call("screen messages", u"screen");
     if (onMessages) onMessages();
   }
+  void SetPainting(bool on) noexcept override {
+    paints = on;
+    paintings.push_back(on);
+  }
   double TwipsPerPixelY() const override {
     recorder_->QuietCall("screen resolution", u"screen");
     return twipsPerPixel;
   }
 
   MousePointer pointer = MousePointer::Default;
+  bool paints = true;
+  std::vector<bool> paintings;  // each call to SetPainting
   double twipsPerPixel = 15;
   // What the user does while messages are processed.
   std::function<void()> onMessages;

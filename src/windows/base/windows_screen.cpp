@@ -24,6 +24,8 @@ void WindowsScreen::RunPendingMessages() {
       PostQuitMessage(static_cast<int>(message.wParam));
       return;
     }
+    // Another message may run code of the host that waits for the user.
+    if (kind != WM_PAINT) window_.SetPainting(true);
     TranslateMessage(&message);
     DispatchMessageW(&message);
   }

@@ -16,6 +16,7 @@ class WindowsScreen final : public Screen {
   void SetMousePointer(MousePointer pointer) override;
   // WM_QUIT is posted again, so that the host's own loop ends.
   void RunPendingMessages() override;
+  void SetPainting(bool on) noexcept override { window_.SetPainting(on); }
   double TwipsPerPixelY() const override;
 
  private:

@@ -221,10 +221,6 @@ LRESULT ControlWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_PAINT:
       PaintBackground(Handle());
       return 0;
-    case WM_TIMER:
-      if (wParam != kPauseTimer) return Default(message, wParam, lParam);
-      ResumePainting();
-      return 0;
     case WM_SHOWWINDOW:
       UpdateInput(wParam != FALSE);
       return Default(message, wParam, lParam);

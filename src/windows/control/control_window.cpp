@@ -184,15 +184,11 @@ void ControlWindow::SetPainting(bool on) noexcept {
   } else if (IsShown() && !paintingPaused_) {
     DefWindowProcW(Handle(), WM_SETREDRAW, FALSE, 0);
     paintingPaused_ = true;
-    // Runs out in a window of the host that waits for the user.
-    constexpr UINT kLongestPause = 100;  // milliseconds
-    SetTimer(Handle(), kPauseTimer, kLongestPause, nullptr);
   }
 }
 
 void ControlWindow::ResumePainting() const {
   if (!std::exchange(paintingPaused_, false) || Handle() == nullptr) return;
-  KillTimer(Handle(), kPauseTimer);
   DefWindowProcW(Handle(), WM_SETREDRAW, TRUE, 0);
   RedrawWindow(Handle(), nullptr, nullptr,
                RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);

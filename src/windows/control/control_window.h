@@ -75,6 +75,7 @@ class ControlWindow final : public PriceDownView,
   HWND Window() const override { return Handle(); }
   HWND DialogOwner() const override;
   void SetWaiting(bool waiting) override;
+  void SetPainting(bool on) noexcept override;
 
   // PriceDownView
   void SetTitle(std::u16string_view text) override;
@@ -89,7 +90,6 @@ class ControlWindow final : public PriceDownView,
   void ShowFoundNode(std::int32_t node) override;
   std::int32_t CurrentRow() const override;
   FindPane FocusedPane() const override;
-  void SetPainting(bool on) noexcept override;
   bool HasWindow() const override { return Handle() != nullptr; }
   Size ControlSize() const override;
   void Place(const Layout& layout) override;
@@ -137,7 +137,6 @@ class ControlWindow final : public PriceDownView,
   void RunCommand(Command&& command);
   void SystemChanged(UINT message);
   void ShowStatus();
-  static constexpr UINT_PTR kPauseTimer = 1;
   void ResumePainting() const;
   void ShowProgress();
 

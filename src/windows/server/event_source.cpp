@@ -54,7 +54,7 @@ void EventSource::Failed(const Failure& failure) {
 
 void EventSource::Send(DISPID id, std::u16string_view name,
                        std::initializer_list<Value> arguments) noexcept {
-  if (frozen_ > 0) return;
+  if (!HasListeners()) return;
   SkipFailing([&] {
     std::vector<DWORD> cookies;
     for (const Sink& sink : sinks_) cookies.push_back(sink.cookie);

@@ -36,6 +36,9 @@ class EventSource final : public HostEvents {
   void Unfreeze() { frozen_ = 0; }
 
   // HostEvents
+  bool HasListeners() const override {
+    return frozen_ == 0 && (!sinks_.empty() || listener_ != nullptr);
+  }
   void SelectionChanged(std::u16string_view classNumber) override;
   void ClassChanged(ClassChange change, std::u16string_view classNumber) override;
   void Closing() override;
