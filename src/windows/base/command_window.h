@@ -13,8 +13,8 @@ class CommandWindow {
   virtual HWND DialogOwner() const = 0;
   // While waiting, the pointer is the hourglass over the whole window.
   virtual void SetWaiting(bool waiting) = 0;
-  // Off: the window paints nothing until it is on again, then everything once.
-  virtual void SetPainting(bool on) noexcept = 0;
+  // Off: the window paints nothing until it is on again, then everything once. Forms always paint.
+  virtual void SetPainting(bool) noexcept {}
 
  protected:
   ~CommandWindow() = default;

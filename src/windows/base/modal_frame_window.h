@@ -23,8 +23,6 @@ class ModalFrameWindow : public CommandWindow, protected BoundWindow {
   HWND Window() const override { return Handle(); }
   HWND DialogOwner() const override;
   void SetWaiting(bool waiting) override;
-  // Only the control puts painting off.
-  void SetPainting(bool) noexcept override {}
 
  protected:
   // `icon` is a resource id, platform/icon_ids.h.
