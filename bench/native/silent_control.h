@@ -55,6 +55,7 @@ class SilentViews final : public pricedown::PriceDownView,
   void MarkNode(pricedown::NodeIndex) override {}
   void SetRedraw(bool) override {}
 
+  void SetPainting(bool) noexcept override {}
   void SetTreeFont(const pricedown::Font&) override {}
   std::int32_t MeasureLabel(const pricedown::Font&) override { return 255; }
 

@@ -1,6 +1,9 @@
 // The rows of the tree, with an index of their keys.
 #include "browser/node_collection.h"
 
+#include <algorithm>
+#include <functional>
+
 #include "platform/text.h"
 
 namespace pricedown {
@@ -28,20 +31,37 @@ NodeIndex NodeCollection::Add(const NodeId& id, std::u16string_view text) {
     nodes_.push_back({{}, texts_.Keep(text)});
     return index;
   }
-  if (classes_.contains(id.classNumber)) return kNoNode;
+  MakeRoom();
+  NodeIndex& slot = slots_[SlotOf(id.classNumber)];
+  if (slot != kNoNode) return kNoNode;
   const std::u16string_view kept = texts_.Keep(text);
   // A class's text begins with its number.
   const std::u16string_view number = kept.starts_with(id.classNumber)
                                          ? kept.substr(0, id.classNumber.size())
                                          : texts_.Keep(id.classNumber);
   nodes_.push_back({number, kept});
-  try {
-    classes_.emplace(number, index);
-  } catch (...) {
-    nodes_.pop_back();
-    throw;
-  }
+  slot = index;
   return index;
+}
+
+// Where the class is, or would be added. Requires: a free slot.
+std::size_t NodeCollection::SlotOf(std::u16string_view number) const {
+  const std::size_t last = slots_.size() - 1;
+  std::size_t slot = std::hash<std::u16string_view>()(number) & last;
+  while (slots_[slot] != kNoNode && At(slots_[slot]).classNumber != number)
+    slot = (slot + 1) & last;
+  return slot;
+}
+
+// For one more class.
+void NodeCollection::MakeRoom() {
+  constexpr std::size_t kFewest = 64;
+  if (2 * (nodes_.size() + 1) <= slots_.size()) return;
+  std::vector<NodeIndex> former(std::max(kFewest, 2 * slots_.size()), kNoNode);
+  former.swap(slots_);
+  for (const NodeIndex index : former) {
+    if (index != kNoNode) slots_[SlotOf(At(index).classNumber)] = index;
+  }
 }
 
 NodeId NodeCollection::IdOf(NodeIndex index) const {
@@ -49,7 +69,8 @@ NodeId NodeCollection::IdOf(NodeIndex index) const {
 }
 
 void NodeCollection::RemoveLast() {
-  if (nodes_.size() > 1) classes_.erase(nodes_.back().classNumber);
+  // No class was added behind it that its slot leads to.
+  if (nodes_.size() > 1) slots_[SlotOf(nodes_.back().classNumber)] = kNoNode;
   nodes_.pop_back();
 }
 
@@ -59,8 +80,7 @@ void NodeCollection::Clear() {
 
 NodeIndex NodeCollection::Find(const NodeId& id) const {
   if (id.isRoot) return nodes_.empty() ? kNoNode : kRootNode;
-  const auto found = classes_.find(id.classNumber);
-  return found == classes_.end() ? kNoNode : found->second;
+  return slots_.empty() ? kNoNode : slots_[SlotOf(id.classNumber)];
 }
 
 NodeIndex NodeCollection::FindKey(std::u16string_view key) const {

@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
+#include <vector>
 
 #include "platform/text_arena.h"
 
@@ -62,10 +62,14 @@ class NodeCollection {
   };
 
   const Node& At(NodeIndex index) const { return nodes_[static_cast<std::size_t>(index) - 1]; }
+  std::size_t SlotOf(std::u16string_view number) const;
+  void MakeRoom();
 
   TextArena texts_;
   std::deque<Node> nodes_;  // which grows without a copy of all nodes
-  std::unordered_map<std::u16string_view, NodeIndex> classes_;  // by class number
+  // The classes by the hash of their number: four bytes each instead of a block of memory. A power
+  // of two of slots, at most half of them used.
+  std::vector<NodeIndex> slots_;
 };
 
 }  // namespace pricedown

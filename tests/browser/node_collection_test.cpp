@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
+#include "platform/text.h"
 #include "tests/support/utf8.h"
 
 namespace pricedown {
@@ -75,6 +78,21 @@ TEST(NodeCollection, DistinguishesTheRootFromTheClassNumberedZero) {
   EXPECT_EQ(nodes.Add(NodeId::OfClass(u"0"), u"0(零)"), 2);
   EXPECT_EQ(nodes.Find({}), kRootNode);
   EXPECT_EQ(nodes.Find(NodeId::OfClass(u"0")), 2);
+}
+
+TEST(NodeCollection, FindsEachOfManyClassesThoughTheLastOneWasOftenRemoved) {
+  constexpr NodeIndex kClasses = 1000;
+  const auto number = [](NodeIndex node) { return FromUtf8(std::to_string(node)); };
+  NodeCollection nodes = RootAndClasses({});
+  for (NodeIndex node = 2; node < kClasses + 2; ++node) {
+    EXPECT_EQ(nodes.Add(NodeId::OfClass(u"another"), u"another"), node);
+    nodes.RemoveLast();
+    EXPECT_EQ(nodes.Add(NodeId::OfClass(number(node)), u"(原料)"), node);
+  }
+  for (NodeIndex node = 2; node < kClasses + 2; ++node) {
+    EXPECT_EQ(nodes.Find(NodeId::OfClass(number(node))), node);
+  }
+  EXPECT_EQ(nodes.Find(NodeId::OfClass(u"another")), kNoNode);
 }
 
 TEST(NodeCollection, RemovesTheLastNode) {
