@@ -98,6 +98,8 @@ Rectangle GridElements::Area(GridElement element) const {
 }
 
 std::optional<GridElement> GridElements::At(int x, int y) const {
+  // The grid's scroll bars lie beyond, over cells that would be found.
+  if (x < 0 || y < 0 || x >= window_.width || y >= window_.height) return std::nullopt;
   const GridHit hit = viewport_.HitTest(x, y, 0);
   const GridElement element{hit.column, hit.title ? kTitleRow : hit.row};
   if (hit.column == 0 || !Exists(element)) return std::nullopt;

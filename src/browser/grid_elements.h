@@ -48,7 +48,7 @@ class GridElements {
   bool IsEditable(GridElement cell) const;
   // The part that shows in the window; empty when none does.
   Rectangle Area(GridElement element) const;
-  // The element at a point of the window; nothing where the grid itself is.
+  // The element at a point of the window; nothing where the grid itself is, or beyond the window.
   std::optional<GridElement> At(int x, int y) const;
 
   // The tree. A parent or child that is nothing is the grid or does not exist.

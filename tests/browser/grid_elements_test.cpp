@@ -149,6 +149,18 @@ TEST_F(GridElementsTest, AreFoundByPoint) {
   EXPECT_FALSE(Elements().At(240, 10)) << "right of the last column";
 }
 
+TEST_F(GridElementsTest, AreFoundInTheWindowOnly) {
+  viewport_.ScrollTo(50, 30);
+  const int right = window_.width;
+  const int bottom = window_.height;
+  EXPECT_EQ(Elements().At(right - 1, bottom - 1), (GridElement{3, 60}));
+  EXPECT_EQ(Elements().At(0, 0), (GridElement{1, kTitleRow}));
+  EXPECT_FALSE(Elements().At(right, 30)) << "over the vertical scroll bar";
+  EXPECT_FALSE(Elements().At(60, bottom)) << "over the horizontal scroll bar";
+  EXPECT_FALSE(Elements().At(-1, 30));
+  EXPECT_FALSE(Elements().At(60, -1));
+}
+
 TEST_F(GridElementsTest, FormATreeOfTheTitlesAndTheRowsInTheWindow) {
   viewport_.ScrollTo(50, 0);
   std::vector<GridElement> forwards;
