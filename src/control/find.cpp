@@ -146,9 +146,11 @@ void Find::Accept() {
 }
 
 void Find::RowsChanged(FindPane pane) {
-  if (pane != pane_ || search_.IsEmpty()) return;
+  if (pane != pane_) return;
   ForgetFound();
-  Restart();
+  // The row that the text was searched from may be another one, or gone.
+  origin_ = CurrentRow();
+  if (!search_.IsEmpty()) Restart();
 }
 
 void Find::ContinueCounting() {

@@ -135,6 +135,35 @@ TEST_F(FindInControl, CountsAgainWhenTheRowsAreOthers) {
   EXPECT_EQ(Count(), "1 / 3");
 }
 
+TEST_F(FindInControl, SearchesRowsThatWereReplacedFromTheCurrentOne) {
+  world_.view.currentRow = 3;
+  Open(FindPane::Grid);
+  find().TextChanged(u"0", false);
+  EXPECT_EQ(Log(), "find cell 1,3\n");
+  world_.view.currentRow = 1;
+  find().RowsChanged(FindPane::Grid);
+  find().TextChanged(u"01", false);
+  EXPECT_EQ(Log(), "find cell 1,1\n");
+}
+
+TEST_F(FindInControl, SearchesFromTheCurrentRowWhenTheRowsWereReplacedBeforeTyping) {
+  world_.view.currentRow = 3;
+  Open(FindPane::Grid);
+  world_.view.currentRow = 1;
+  find().RowsChanged(FindPane::Grid);
+  find().TextChanged(u"0", false);
+  EXPECT_EQ(Log(), "find cell 1,1\n");
+}
+
+TEST_F(FindInControl, KeepsWhereItSearchesFromWhenTheOtherPaneIsReloaded) {
+  world_.view.currentRow = 3;
+  Open(FindPane::Grid);
+  world_.view.currentRow = 1;
+  find().RowsChanged(FindPane::Tree);
+  find().TextChanged(u"0", false);
+  EXPECT_EQ(Log(), "find cell 1,3\n");
+}
+
 TEST_F(FindInControl, ShowsAClassByNumberOrNameAndSelectsItOnlyOnEnter) {
   Open(FindPane::Tree);
   find().TextChanged(u"成", false);
