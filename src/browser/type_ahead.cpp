@@ -26,17 +26,25 @@ std::optional<std::int32_t> TypeAhead::Type(char16_t character, std::uint32_t ti
                                             const Grid& grid, std::int32_t column,
                                             std::int32_t row) {
   if (character < u' ' || character == 0x7F) return std::nullopt;
-  if (time - lastTime_ > kPause) typed_.clear();
+  if (time - lastTime_ > kPause || column != column_ || row != row_) typed_.clear();
   // A blank alone is the key that selects rows.
   if (typed_.empty() && character == u' ') return std::nullopt;
   lastTime_ = time;
   typed_ += character;
+  const auto found = Find(grid, column, row);
+  column_ = column;
+  row_ = found.value_or(row);
+  return found;
+}
+
+std::optional<std::int32_t> TypeAhead::Find(const Grid& grid, std::int32_t column,
+                                            std::int32_t row) const {
   // The first character is searched for below the current row, the next ones from that row on.
   const bool isFirst = typed_.size() == 1;
   if (const auto found = RowBeginningWith(typed_, grid, column, isFirst ? row + 1 : row)) {
     return found;
   }
-  if (typed_.find_first_not_of(character) != std::u16string::npos) return std::nullopt;
+  if (typed_.find_first_not_of(typed_[0]) != std::u16string::npos) return std::nullopt;
   return RowBeginningWith(typed_.substr(0, 1), grid, column, row + 1);
 }
 

@@ -17,13 +17,14 @@ class TypeAheadTest : public ::testing::Test {
   // One key a quarter of a second after the one before.
   std::int32_t Type(char16_t character) {
     time_ += 250;
-    row_ = typeAhead_.Type(character, time_, grid_, 1, row_).value_or(row_);
+    row_ = typeAhead_.Type(character, time_, grid_, column_, row_).value_or(row_);
     return row_;
   }
 
   Grid grid_{2};
   TypeAhead typeAhead_;
   std::uint32_t time_ = 0xFFFFFF00;  // about to wrap around
+  std::int32_t column_ = 1;
   std::int32_t row_ = 1;
 };
 
@@ -60,6 +61,19 @@ TEST_F(TypeAheadTest, MatchesARepeatedCharacterLiterallyWhereATextBeginsSo) {
 TEST_F(TypeAheadTest, StaysWhereNothingBeginsSo) {
   EXPECT_EQ(Type(u'z'), 1);
   EXPECT_EQ(Type(u'0'), 1) << "z0 is no beginning either";
+}
+
+TEST_F(TypeAheadTest, BeginsAgainInAnotherRow) {
+  EXPECT_EQ(Type(u'b'), 3);
+  row_ = 1;
+  EXPECT_EQ(Type(u'0'), 2) << "no text begins with b0";
+}
+
+TEST_F(TypeAheadTest, BeginsAgainInAnotherColumn) {
+  grid_.SetText(2, 4, u"M8");
+  EXPECT_EQ(Type(u'b'), 3);
+  column_ = 2;
+  EXPECT_EQ(Type(u'm'), 4) << "no text begins with bm";
 }
 
 TEST_F(TypeAheadTest, IgnoresControlCharactersAndALeadingBlank) {
