@@ -148,6 +148,7 @@ INSTANTIATE_TEST_SUITE_P(
         PercentageCase{"PercentSign", u"12%", kNotNumeric},
         PercentageCase{"TwoPoints", u"1.2.3", kNotNumeric},
         PercentageCase{"CommaForAPoint", u"0,5", kNotNumeric},
+        PercentageCase{"FullWidthDigits", u"１２", kNotNumeric},
         PercentageCase{"Thousands", u"1,0", kNotNumeric},
         PercentageCase{"SevenLetters", u"abcdefg", kNotNumeric},
         PercentageCase{"JustBelowZero", u"-0.0001", kOutOfRange},

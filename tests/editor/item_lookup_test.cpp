@@ -3,6 +3,9 @@
 
 #include <gmock/gmock.h>
 
+#include <limits>
+
+#include "platform/convert.h"
 #include "tests/editor/editor_test.h"
 #include "tests/support/failed_block.h"
 
@@ -181,6 +184,18 @@ TEST_F(ItemLookup, CopiesTheHeaderOfTheFirstRowAndNotOfTheCurrentOne) {
   form.MemberList().SetField(u"FItemClassName", u"other");
   form.ToolClicked(FormTool::AddItem);
   EXPECT_EQ(Column(u"FItemClassName").back(), "\"原材料\"");
+}
+
+// More than a double holds.
+TEST_F(ItemLookup, WritesAHugePercentageAsTheLargestNumberIntoTheFirstItemOfANewClass) {
+  ChooseOne(factory, u"washer");
+  OpenForAdd();
+  Type(RawMaterials(), u"1e999");
+  form.ToolClicked(FormTool::AddItem);
+  form.MemberList().MoveFirst();
+  EXPECT_EQ(ToDouble(form.MemberList().Field(u"FPencentPrepare")),
+            std::numeric_limits<double>::max());
+  EXPECT_EQ(log.Count("rows 2"), 1u);
 }
 
 TEST_F(ItemLookup, WritesTheLeadingNumberOfThePercentageIntoTheFirstItemOfANewClass) {
