@@ -126,6 +126,8 @@ void ClassTree::SelectRoot() {
 }
 
 void ClassTree::RestoreSelection(std::u16string_view key) {
+  // The caller may have set the focus, in which a host may end the control.
+  if (environment_.lifetime.HasEnded()) return;
   const NodeIndex node = nodes_.FindKey(key);
   if (node == kNoNode) return;
   SkipFailing([&] { view_.SelectNode(node); });

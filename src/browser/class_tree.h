@@ -32,7 +32,7 @@ class ClassTree {
   void SelectRoot();
 
   // Selects the node with that key and handles it as clicked. Failing steps are skipped; no-op
-  // when there is no such node.
+  // when there is no such node, or after the control's end.
   void RestoreSelection(std::u16string_view key);
 
   // Fills the grid again for the node that was clicked last, if there was one, even when the tree

@@ -236,6 +236,18 @@ TEST_F(FindInControl, EnterInTheTreeSearchesFromTheClassThatWasCurrent) {
   EXPECT_TRUE(log.starts_with("find close tree\ntree select 2\n")) << log;
 }
 
+TEST_F(FindInControl, EnterInTheTreeLoadsNothingWhenClosingTheBarEndsTheControl) {
+  Open(FindPane::Tree);
+  find().TextChanged(u"01(原", false);
+  world_.log.Clear();
+  world_.view.whenFindCloses = [this] { Control().Terminate(); };
+  find().Accept();
+  const std::string log = Log();
+  EXPECT_TRUE(log.starts_with("find node 0\nfind close tree\n")) << log;
+  EXPECT_EQ(log.find("tree select"), std::string::npos) << log;
+  EXPECT_EQ(log.find(ExecuteLine(kItemsOf01)), std::string::npos) << log;
+}
+
 TEST_F(FindInControl, SearchesTheTreeAgainWhenADeletionReloadsIt) {
   AnswerStatement(world_.factory, kTreeStatement, ClassRows({{u"02", u"成品"}}));
   AnswerStatement(world_.factory, kVoucher, Rows({u"FVoucherID"}, {}));

@@ -37,7 +37,11 @@ class RecordingPriceDownView : public PriceDownView {
   void OpenFind(FindPane pane, std::u16string_view text) override {
     Log(std::string("find open ") + PaneName(pane) + " " + Quoted(text));
   }
-  void CloseFind(FindPane pane) override { Log(std::string("find close ") + PaneName(pane)); }
+  void CloseFind(FindPane pane) override {
+    Log(std::string("find close ") + PaneName(pane));
+    if (whenFindCloses) whenFindCloses();
+  }
+  std::function<void()> whenFindCloses;
   void ShowFindCount(std::u16string_view text, bool counting) override {
     findCount = Utf8(text);
     findCounting = counting;
