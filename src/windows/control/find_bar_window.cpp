@@ -44,6 +44,12 @@ void FindField::Create(HWND parent, HINSTANCE module) {
   CreateControl(creation);
 }
 
+void FindField::Fill(std::u16string_view text) {
+  // The bar may have closed over a composition, whose end then never came.
+  composing_ = false;
+  SetTextOf(Handle(), text);
+}
+
 void FindField::ReportChange() { events_.FindTextChanged(TextOf(Handle()), composing_); }
 
 // Returns whether the key was handled.
@@ -145,7 +151,7 @@ void FindBarWindow::Open(FindPane pane, std::u16string_view text) {
   open_ = true;
   // The core has this text already.
   opening_ = true;
-  SetTextOf(field_.Handle(), text);
+  field_.Fill(text);
   opening_ = false;
   SetWindowPos(Handle(), HWND_TOP, 0, 0, 0, 0,
                SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);

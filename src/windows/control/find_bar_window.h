@@ -18,6 +18,8 @@ class FindField final : public BoundWindow {
   explicit FindField(FindBarEvents& events) : events_(events) {}
   // Throws AutomationError.
   void Create(HWND parent, HINSTANCE module);
+  // Begins with that text.
+  void Fill(std::u16string_view text);
   void ReportChange();
 
  private:

@@ -184,6 +184,15 @@ TEST_F(FindBar, SearchesNothingWhileACompositionIsOpen) {
   EXPECT_EQ(Current(), "12.01.002");
 }
 
+TEST_F(FindBar, SearchesAgainAfterACompositionThatTheBarsEndCutOff) {
+  Open(world_.Grid());
+  SendMessageW(Field(), WM_IME_STARTCOMPOSITION, 0, 0);
+  world_.Press(VK_ESCAPE);
+  Open(world_.Grid());
+  world_.Type(u"轴承");
+  EXPECT_EQ(Current(), "12.01.002");
+}
+
 TEST_F(FindBar, ShowsAClassAndLoadsItOnlyOnEnter) {
   const auto loads = [&] {
     return world_.suite.log.Count(ExecuteLine(statements::ItemsOfClass(u"08")));
