@@ -4,6 +4,7 @@
 
 #include <functional>
 
+#include "store/statements.h"
 #include "tests/windows/control/ui_world.h"
 #include "windows/base/control_ids.h"
 
@@ -87,6 +88,24 @@ const std::vector<Press> kPresses{
 
 INSTANTIATE_TEST_SUITE_P(Of, Activation, ::testing::ValuesIn(kPresses),
                          [](const auto& param) { return param.param.name; });
+
+TEST(EnterInTheFindField, LoadsNothingWhenTheFocusOfTheTreeEndsTheControl) {
+  UiWorld world;
+  world.Start();
+  world.control->Finding()->Open(FindPane::Tree);
+  world.Type(u"电子");
+  int notifications = 0;
+  world.window->OnFocusChange([&](bool gained) {
+    if (!gained) return;
+    ++notifications;
+    world.control->Terminate();
+    DestroyWindow(world.host.Handle());
+  });
+  SendMessageW(FindBarField(world), WM_KEYDOWN, VK_RETURN, 1);
+  RunMessages();
+  EXPECT_EQ(notifications, 1);
+  EXPECT_EQ(world.suite.log.Count(ExecuteLine(statements::ItemsOfClass(u"08"))), 0u);
+}
 
 }  // namespace
 }  // namespace pricedown::testing

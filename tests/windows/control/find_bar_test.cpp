@@ -292,6 +292,13 @@ TEST_F(FindBar, TypingInTheGridGoesToTheRowThatBeginsSo) {
   EXPECT_EQ(Current(), "12.01.030");
 }
 
+TEST_F(FindBar, TypingInTheGridSearchesTheColumnOfTheCurrentCell) {
+  world_.Click(world_.Grid(), {40, 40});
+  world_.Press(VK_RIGHT);
+  world_.Type(u"三");
+  EXPECT_EQ(Current(), "12.01.003");
+}
+
 TEST_F(FindBar, NothingIsComposedOverTheCells) {
   EXPECT_EQ(ImmGetContext(world_.Grid()), nullptr);
   Open(world_.Grid());
