@@ -41,6 +41,18 @@ TEST(MessageBoxQuestions, HaveTheirIconAndButtonsAndTheHostsWindowAsOwner) {
   }
 }
 
+TEST(ReportFailure, ReturnsTheFocusInAHostThatPassesNone) {
+  HostWindow host(300, 200);
+  const HWND field = CreateWindowExW(0, L"EDIT", nullptr, WS_CHILD | WS_VISIBLE, 0, 0, 100, 20,
+                                     host.Handle(), nullptr, nullptr, nullptr);
+  SetFocus(field);
+  MessageBoxes boxes;
+  boxes.WillPress({IDOK});
+  windows::ReportFailure(host.Handle(), {E_OUTOFMEMORY, {}, {}});
+  EXPECT_EQ(boxes.All().size(), 1u);
+  EXPECT_EQ(GetFocus(), field);
+}
+
 TEST(ReportFailure, ShowsAnInformationThatSomethingUnexpectedFailedWithoutDescription) {
   MessageBoxes boxes;
   windows::ReportFailure(nullptr, {E_OUTOFMEMORY, {}, {}});

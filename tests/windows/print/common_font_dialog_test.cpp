@@ -109,6 +109,19 @@ TEST_F(CommonFontDialogTest, OkWithoutAChangeReturnsTheSameFont) {
   }
 }
 
+TEST_F(CommonFontDialogTest, ReturnsTheFocusInAHostThatPassesNone) {
+  const HWND field = CreateWindowExW(0, L"EDIT", nullptr, WS_CHILD | WS_VISIBLE, 0, 0, 100, 20,
+                                     host.Handle(), nullptr, nullptr, nullptr);
+  for (const int button : {IDOK, IDCANCEL}) {
+    SetFocus(field);
+    Show({u"Tahoma", 9, false, false}, {[&] {
+           EXPECT_TRUE(IsChild(Dialog(), GetFocus()));
+           Press(button);
+         }});
+    EXPECT_EQ(GetFocus(), field) << button;
+  }
+}
+
 TEST_F(CommonFontDialogTest, ReturnsTheChosenSizeAndStyle) {
   const Font first{u"Tahoma", 9, false, false};
   const auto chosen = Show(first, {[&] {
