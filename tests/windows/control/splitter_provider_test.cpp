@@ -86,6 +86,9 @@ TEST_F(SplitterProviderTest, IsANamedSeparator) {
 }
 
 TEST_F(SplitterProviderTest, HasItsPositionAndItsLimitsAsARange) {
+  BOOL readOnly = TRUE;
+  EXPECT_EQ(Range()->get_IsReadOnly(&readOnly), S_OK);
+  EXPECT_FALSE(readOnly);
   EXPECT_EQ(Number(&IRangeValueProvider::get_Value), start_);
   EXPECT_EQ(Number(&IRangeValueProvider::get_Minimum), Pixels(kMinimumPaneWidth));
   const int width = host_.Inside().right;

@@ -178,6 +178,45 @@ TEST_F(GridProviderTest, ScrollsByStepsAndPercent) {
   EXPECT_EQ(size, window_.Viewport().PageRows());
 }
 
+TEST_F(GridProviderTest, ScrollsAcrossByStepsAndPercent) {
+  SetWindowPos(Handle(), nullptr, 0, 0, Scale(200), Scale(300), SWP_NOMOVE | SWP_NOZORDER);
+  const auto scroll = RootPattern<IScrollProvider>(UIA_ScrollPatternId);
+  BOOL scrollable = FALSE;
+  ASSERT_EQ(scroll->get_HorizontallyScrollable(&scrollable), S_OK);
+  EXPECT_TRUE(scrollable);
+  ASSERT_EQ(scroll->Scroll(ScrollAmount_SmallIncrement, ScrollAmount_NoAmount), S_OK);
+  const int line = window_.Viewport().Left();
+  EXPECT_GT(line, 0);
+  EXPECT_EQ(window_.Viewport().TopRow(), 1);
+  ASSERT_EQ(scroll->Scroll(ScrollAmount_LargeIncrement, ScrollAmount_NoAmount), S_OK);
+  EXPECT_GT(window_.Viewport().Left(), 2 * line);
+  ASSERT_EQ(scroll->SetScrollPercent(100, UIA_ScrollPatternNoScroll), S_OK);
+  EXPECT_EQ(window_.Viewport().Left(), window_.Viewport().LastLeft());
+  EXPECT_EQ(window_.Viewport().TopRow(), 1);
+  double percent = 0;
+  ASSERT_EQ(scroll->get_HorizontalScrollPercent(&percent), S_OK);
+  EXPECT_EQ(percent, 100);
+  EXPECT_EQ(scroll->SetScrollPercent(101, UIA_ScrollPatternNoScroll), E_INVALIDARG);
+  EXPECT_EQ(scroll->SetScrollPercent(-3, UIA_ScrollPatternNoScroll), E_INVALIDARG);
+  double size = 0;
+  ASSERT_EQ(scroll->get_HorizontalViewSize(&size), S_OK);
+  EXPECT_DOUBLE_EQ(size,
+                   window_.Viewport().PageWidth() * 100.0 / window_.Viewport().Geometry().Width());
+}
+
+TEST_F(GridProviderTest, DoesNotScrollAcrossWhereAllColumnsShow) {
+  const auto scroll = RootPattern<IScrollProvider>(UIA_ScrollPatternId);
+  BOOL scrollable = TRUE;
+  ASSERT_EQ(scroll->get_HorizontallyScrollable(&scrollable), S_OK);
+  EXPECT_FALSE(scrollable);
+  double percent = 0;
+  ASSERT_EQ(scroll->get_HorizontalScrollPercent(&percent), S_OK);
+  EXPECT_EQ(percent, UIA_ScrollPatternNoScroll);
+  EXPECT_EQ(scroll->Scroll(ScrollAmount_SmallIncrement, ScrollAmount_NoAmount),
+            UIA_E_INVALIDOPERATION);
+  EXPECT_EQ(scroll->SetScrollPercent(50, UIA_ScrollPatternNoScroll), E_INVALIDARG);
+}
+
 TEST_F(GridProviderTest, DoesNotScrollWhereThereIsNoBar) {
   Fill(2);
   const auto scroll = RootPattern<IScrollProvider>(UIA_ScrollPatternId);

@@ -74,6 +74,9 @@ TEST_F(PageProviderTest, IsADocumentWithTheTextOfThePage) {
   EXPECT_EQ(Property(Root(), UIA_AutomationIdPropertyId), std::to_string(preview_ids::kPane));
   EXPECT_NE(Text().find("01.1 六角头螺栓 1 M8×40 GB/T 5782 1.50\r\n"), std::string::npos);
   EXPECT_EQ(Text().find("01.100 "), std::string::npos) << "it is on another page";
+  BOOL readOnly = FALSE;
+  EXPECT_EQ(provider_.As<IValueProvider>()->get_IsReadOnly(&readOnly), S_OK);
+  EXPECT_TRUE(readOnly);
   EXPECT_EQ(provider_.As<IValueProvider>()->SetValue(L"x"), UIA_E_INVALIDOPERATION);
 }
 
