@@ -70,7 +70,11 @@ LRESULT PreviewPane::OnGetObject(WPARAM wParam, LPARAM lParam) {
 }
 
 void PreviewPane::ReportText() {
-  if (!provider_.IsListenedTo()) return;
+  if (!provider_.IsListenedTo()) {
+    // A client that listens later has not heard of this page.
+    reportedText_.reset();
+    return;
+  }
   std::u16string text = ReadingText(Lines());
   if (text == reportedText_) return;
   reportedText_ = text;

@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -63,7 +64,7 @@ class PreviewPane final : public BoundWindow, private PageAccess {
   PreviewState& state_;
   PreviewPages& pages_;
   WindowProvider<PageProvider> provider_;
-  std::u16string reportedText_;
+  std::optional<std::u16string> reportedText_;  // none while nobody listens
   Dpi dpi_;
 };
 

@@ -136,6 +136,14 @@ TEST_F(PageProviderTest, RaisesNothingWithoutListeners) {
   EXPECT_EQ(automation_.log, Log{});
 }
 
+TEST_F(PageProviderTest, RaisesTheTurnBackForAClientThatListensLater) {
+  automation_.listening = false;
+  GoTo(2);
+  automation_.listening = true;
+  GoTo(1);
+  EXPECT_EQ(automation_.log, (Log{"children 509", "value 509 = " + Text()}));
+}
+
 TEST_F(PageProviderTest, ALineThatThePageLacksIsNotAvailable) {
   auto line = Neighbour(Root(), NavigateDirection_LastChild);
   GoTo(state_.PageCount());
