@@ -2,8 +2,10 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <vector>
 
 #include "platform/error.h"
+#include "tests/windows/base/other_resolution.h"
 #include "tests/windows/control/context_menus.h"
 #include "tests/windows/editor/form_world.h"
 
@@ -400,6 +402,22 @@ TEST_F(ItemClassFormWindow, ItsFrameHasAnIcon) {
     EXPECT_NE(SendMessageW(Form(), WM_GETICON, ICON_BIG, 0), 0);
     CloseByFrame();
   }});
+}
+
+TEST_F(ItemClassFormWindow, HasItsFontsHeightsAndIconsAgainAfterAChangeOfTheResolution) {
+  ShowForEdit(u"A1", {[&] {
+                const std::vector<HWND> children{Child(form_ids::kClassNumber),
+                                                 Child(form_ids::kPercentage), List(),
+                                                 Child(form_ids::kToolStrip)};
+                const auto before = HeightsOf(children);
+                const OtherResolution other(children);
+                SendMessageW(Form(), WM_SETICON, ICON_SMALL, 0);
+                EXPECT_NE(HeightsOf(children), before);
+                OtherResolution::SendChange(Form());
+                EXPECT_EQ(HeightsOf(children), before);
+                EXPECT_NE(SendMessageW(Form(), WM_GETICON, ICON_SMALL, 0), 0);
+                CloseByFrame();
+              }});
 }
 
 TEST_F(ItemClassFormWindow, TheListHasAContextMenuThatRunsItsCommands) {

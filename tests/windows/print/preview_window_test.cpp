@@ -3,7 +3,9 @@
 
 #include <cstdio>
 #include <string>
+#include <vector>
 
+#include "tests/windows/base/other_resolution.h"
 #include "tests/windows/print/preview_world.h"
 
 namespace pricedown::testing {
@@ -303,6 +305,30 @@ TEST_F(PreviewWindowTest, RefitsThePageWhenTheWindowIsResized) {
          EXPECT_EQ(ScrollRange(SB_VERT), 0);
        },
        [&] { CloseByFrame(); }});
+}
+
+TEST_F(PreviewWindowTest, ItsFrameHasAnIcon) {
+  Show(10, {[&] {
+         EXPECT_NE(SendMessageW(Window(), WM_GETICON, ICON_SMALL, 0), 0);
+         EXPECT_NE(SendMessageW(Window(), WM_GETICON, ICON_BIG, 0), 0);
+         CloseByFrame();
+       }});
+}
+
+TEST_F(PreviewWindowTest, HasItsFontsHeightsAndIconsAgainAfterAChangeOfTheResolution) {
+  Show(10, {[&] {
+         const std::vector<HWND> children{
+             Child(preview_ids::kPage), Child(preview_ids::kPageCount), Child(preview_ids::kZoom),
+             Child(preview_ids::kDocumentBar), Child(preview_ids::kViewBar)};
+         const auto before = HeightsOf(children);
+         const OtherResolution other(children);
+         SendMessageW(Window(), WM_SETICON, ICON_SMALL, 0);
+         EXPECT_NE(HeightsOf(children), before);
+         OtherResolution::SendChange(Window());
+         EXPECT_EQ(HeightsOf(children), before);
+         EXPECT_NE(SendMessageW(Window(), WM_GETICON, ICON_SMALL, 0), 0);
+         CloseByFrame();
+       }});
 }
 
 // The system sends it when the window moves to a screen of another resolution; here only the place
