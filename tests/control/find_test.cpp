@@ -279,6 +279,18 @@ TEST_F(FindInControl, F3InTheTreeOpensTheBar) {
   EXPECT_EQ(Log(), "find open tree \"成\"\nfind node 3\n");
 }
 
+TEST_F(FindInControl, F3InTheGridSearchesItsRowsWithTheTextOfTheTree) {
+  Open(FindPane::Tree);
+  find().TextChanged(u"0", false);
+  world_.log.Clear();
+  world_.view.focusedPane = FindPane::Grid;
+  world_.view.currentRow = 2;
+  find().Next(false);
+  EXPECT_EQ(Log(), "find node 0\nfind close tree\nfind cell 1,3\n");
+  find().Next(true);
+  EXPECT_EQ(Log(), "find cell 1,2\n");
+}
+
 TEST_F(FindInControl, OneBarIsOpenAtATime) {
   Open(FindPane::Grid);
   find().Open(FindPane::Tree);

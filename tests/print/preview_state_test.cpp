@@ -275,6 +275,12 @@ TEST_F(Preview, ZoomsByCommands) {
   EXPECT_EQ(state_.Percent(), 75);
 }
 
+TEST_F(Preview, FitsThePageByItsCommand) {
+  state_.SetPercent(100);
+  state_.Run(PreviewCommand::FitPage);
+  EXPECT_EQ(Box(), "137,12 250x500");
+}
+
 TEST_F(Preview, FitsTheWidthFromTheTop) {
   state_.SetPercent(100);
   state_.ScrollBy(0, 10000);
