@@ -255,7 +255,6 @@ void ToolStripWindow::Press(int index) {
   }
 }
 
-// The default handling of a message, then the press that it reported.
 // Whether Tab may come from there. The frame has the focus for a moment when it becomes active
 // again, and the windows between it and the strip may pass it on.
 bool ToolStripWindow::SharesFrameWith(HWND window) const {
@@ -263,6 +262,7 @@ bool ToolStripWindow::SharesFrameWith(HWND window) const {
          IsChild(window, Handle()) == FALSE;
 }
 
+// The default handling of a message, then the press that it reported.
 LRESULT ToolStripWindow::OnSystemPart(UINT message, WPARAM wParam, LPARAM lParam) {
   const std::shared_ptr<Pending> pending = pending_;
   ++pending->depth;

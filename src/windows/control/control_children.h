@@ -54,11 +54,11 @@ struct ControlChildren {
   // False when there is no further child in that direction and it does not wrap around.
   bool MoveFocus(bool backwards, bool wrap) const;
   FocusPlace PlaceOf(HWND focus) const;
-  // The find bar lies over the heading of its pane.
   HWND WindowOf(FindPane which) const {
     return which == FindPane::Tree ? tree.Handle() : grid.Handle();
   }
-  void PlaceFindBar();
+  // The find bar lies over the heading of its pane.
+  void MoveFindBar();
 
   HINSTANCE module;
   VisualStyles styles;

@@ -133,7 +133,7 @@ void ControlWindow::Place(const Layout& layout) {
             {c.pane.Handle(), pane},
             {c.statusBar.Handle(), dpi.ToPixels(layout.statusBar)}});
   PlaceAll({{c.grid.Handle(), grid}});
-  children_->PlaceFindBar();
+  children_->MoveFindBar();
   children_->statusBar.ArrangePanels(dpi);
   // Its visibility follows the work, not the layout.
   const RECT bar = dpi.ToPixels(layout.progressBar);
@@ -147,7 +147,7 @@ void ControlWindow::Place(const Layout& layout) {
   }
 }
 
-void ControlChildren::PlaceFindBar() {
+void ControlChildren::MoveFindBar() {
   if (!findBar.IsOpen()) return;
   const HWND heading =
       findBar.Pane() == FindPane::Tree ? classHeading.Handle() : itemHeading.Handle();

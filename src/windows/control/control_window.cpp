@@ -138,7 +138,7 @@ void ControlWindow::OpenFind(FindPane pane, std::u16string_view text) {
   if (Handle() == nullptr) return;
   children_->grid.MarkCurrentCell(pane == FindPane::Grid);
   children_->findBar.Open(pane, text);
-  children_->PlaceFindBar();
+  children_->MoveFindBar();
   children_->findBar.Focus();
 }
 

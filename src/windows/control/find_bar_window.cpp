@@ -177,7 +177,7 @@ void FindBarWindow::LayOut() {
                               TextWidth(context.Get(), font_, kWidestCount),
                               LineHeight(context.Get(), font_) + dpi.Scale(kFieldRoom),
                               dpi.Scale(kMargin)};
-  const FindPlaces places = pricedown::PlaceFindBar({client.right, client.bottom}, measures);
+  const FindPlaces places = PlaceFindBar({client.right, client.bottom}, measures);
   SetPlaceOf(label_.Handle(), ToRect(places.label));
   SetPlaceOf(field_.Handle(), ToRect(places.field));
   SetPlaceOf(count_.Handle(), ToRect(places.count));
