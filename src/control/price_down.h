@@ -149,7 +149,7 @@ class PriceDown {
   Layout layout_;  // the last one placed
   ObjectPtr parentWindow_;
   std::u16string title_;
-  // This control's own: another one in the process may have been shown in the other mode since.
+  // This control's own: another one of the thread may have been shown in the other mode since.
   std::u16string treeSelectionKey_;
   bool classesLocked_ = false;  // commands that change classes are disabled
 };

@@ -1,4 +1,4 @@
-// Port of the browser's commands to the one item class form of a process and its window.
+// Port of the browser's commands to a thread's one item class form and its window.
 #pragma once
 
 #include "editor/item_class_form.h"

@@ -5,8 +5,8 @@
 
 namespace pricedown {
 
-// Created on first use and kept for the process. Hold it for the whole call: the last control may
-// end inside a picker. Throws AutomationError.
+// Created on first use and kept until the thread's last control ends, which may happen inside a
+// picker: hold it for the whole call. Throws AutomationError.
 inline ObjectPtr GeneralLedger(Environment& environment) {
   ObjectPtr& view = environment.state.ledgerView;
   if (view == nullptr) view = environment.factory.Create(u"ZEPEBCGLView.GLView");

@@ -1,5 +1,5 @@
-// `_PriceDown`: the control's public members, and `_PriceDownState` beside them. Early-bound and
-// late-bound calls run the rows of price_down_members.h.
+// `_PriceDown`: the control's public members, and `_PriceDownState` beside them. Late-bound calls
+// run the rows of price_down_members.h; early-bound ones do, too, except for setting the listener.
 #pragma once
 
 #include <initializer_list>
