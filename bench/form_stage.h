@@ -77,13 +77,13 @@ class FormStage {
 
  private:
   std::unique_ptr<Stage> stage_;
-  pricedown::ProcessState process_;
+  pricedown::ThreadState state_;
   SilentFields fields_;
 
  public:
   SilentUser user;
   SilentFormScreen screen;
-  pricedown::Environment environment{Factory(), process_, user, screen, u"pricedown_bench"};
+  pricedown::Environment environment{Factory(), state_, user, screen, u"pricedown_bench"};
   SilentMemberList list;
   pricedown::ItemClassForm form{environment, fields_, list};
 };

@@ -11,9 +11,9 @@
 #include "control/update_price.h"
 #include "env/language.h"
 #include "env/messages.h"
-#include "env/process_state.h"
 #include "env/rights.h"
 #include "env/system_profile.h"
+#include "env/thread_state.h"
 #include "env/user_settings.h"
 #include "platform/cell_text.h"
 #include "platform/row_reader.h"
@@ -77,7 +77,7 @@ void WalkMembers(ObjectFactory& factory, std::u16string_view classNumber) {
 }
 
 void AskForCreation(ObjectFactory& factory) {
-  ProcessState state;
+  ThreadState state;
   LoadControlTexts(factory, nullptr);
   SystemSetting(factory, u"IC", u"UseShortNumber");
   ReadCurrentPeriod(factory, state);
@@ -87,7 +87,7 @@ void AskForCreation(ObjectFactory& factory) {
 }
 
 void AskForShowing(ObjectFactory& factory) {
-  ProcessState state;
+  ThreadState state;
   SilentUser user;
   Messages messages(user);
   Rights(factory, state, messages).ReadDataScope();

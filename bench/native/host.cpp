@@ -43,7 +43,7 @@ class NativeHost final : public Host {
  private:
   std::shared_ptr<workbench::SuiteState> suite_ = std::make_shared<workbench::SuiteState>();
   workbench::SuiteFactory factory_{suite_};
-  ProcessState state_;
+  ThreadState state_;
   std::unique_ptr<SilentControl> shown_;
   std::vector<std::u16string> plain_;
 };

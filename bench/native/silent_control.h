@@ -72,7 +72,7 @@ class SilentViews final : public pricedown::PriceDownView,
 
 struct SilentControl {
   // Initialised, not shown. Both must outlive it.
-  SilentControl(pricedown::ObjectFactory& factory, pricedown::ProcessState& state)
+  SilentControl(pricedown::ObjectFactory& factory, pricedown::ThreadState& state)
       : core(pricedown::PriceDownPorts{factory, state, user, views, views, views, views, views,
                                        u"pricedown_bench", nullptr, editor, output}) {
     core.Initialize();

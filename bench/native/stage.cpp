@@ -38,7 +38,7 @@ class NativeStage final : public Stage {
  private:
   std::shared_ptr<workbench::SuiteState> suite_ = std::make_shared<workbench::SuiteState>();
   workbench::SuiteFactory factory_{suite_};
-  ProcessState state_;
+  ThreadState state_;
   std::optional<SilentControl> control_;
   std::vector<std::u16string> raw_;
   GridSelection selection_;

@@ -92,7 +92,7 @@ class WindowsStage final : public Stage {
 
   Ole ole_;
   win::ComObjectFactory factory_;
-  ProcessState state_;
+  ThreadState state_;
   NobodyListens automation_;
   SilentUser user_;
   NoContainer container_;

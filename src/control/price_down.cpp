@@ -81,7 +81,7 @@ void PriceDown::DisableClassCommands() {
 }
 
 void PriceDown::SetPeriodLabel() {
-  const ProcessState& state = ports_.state;
+  const ThreadState& state = ports_.state;
   std::u16string text;
   if (state.periodKnown) {
     text = Concatenate({NumberText(state.currentYear), Translate(u"年第"),

@@ -24,7 +24,7 @@ namespace pricedown {
 // Everything that a control needs from outside; all must outlive it.
 struct PriceDownPorts {
   ObjectFactory& factory;
-  ProcessState& state;
+  ThreadState& state;
   UserQuestions& questions;
   Screen& screen;
   ContainerWindow& container;

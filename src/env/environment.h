@@ -7,9 +7,9 @@
 
 #include "env/host_events.h"
 #include "env/messages.h"
-#include "env/process_state.h"
 #include "env/rights.h"
 #include "env/screen.h"
+#include "env/thread_state.h"
 #include "platform/automation.h"
 #include "platform/lifetime.h"
 #include "platform/questions.h"
@@ -19,15 +19,15 @@ namespace pricedown {
 class Environment {
  public:
   // `application` is the host program's name. All references must outlive the environment.
-  Environment(ObjectFactory& objects, ProcessState& processState, UserQuestions& userQuestions,
+  Environment(ObjectFactory& objects, ThreadState& threadState, UserQuestions& userQuestions,
               Screen& theScreen, std::u16string applicationName, Lifetime controlLifetime = {})
       : factory(objects),
-        state(processState),
+        state(threadState),
         screen(theScreen),
         application(std::move(applicationName)),
         lifetime(std::move(controlLifetime)),
         messages(userQuestions),
-        rights(objects, processState, messages, lifetime) {}
+        rights(objects, threadState, messages, lifetime) {}
   Environment(const Environment&) = delete;
   Environment& operator=(const Environment&) = delete;
 
@@ -43,7 +43,7 @@ class Environment {
   void NotifyFailed(const Failure& failure) const { Notify(&HostEvents::Failed, failure); }
 
   ObjectFactory& factory;
-  ProcessState& state;
+  ThreadState& state;
   Screen& screen;
   const std::u16string application;
   Lifetime lifetime;                   // of the control that this environment serves

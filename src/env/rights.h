@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "env/messages.h"
-#include "env/process_state.h"
+#include "env/thread_state.h"
 #include "platform/lifetime.h"
 
 namespace pricedown {
@@ -14,7 +14,7 @@ namespace pricedown {
 class Rights {
  public:
   // `lifetime` is that of the control, which may end inside the suite's calls.
-  Rights(ObjectFactory& factory, ProcessState& state, Messages& messages, Lifetime lifetime = {})
+  Rights(ObjectFactory& factory, ThreadState& state, Messages& messages, Lifetime lifetime = {})
       : factory_(factory), state_(state), messages_(messages), lifetime_(std::move(lifetime)) {}
 
   // Whether the user has the right; shows a message when not. False without a message once the
@@ -30,7 +30,7 @@ class Rights {
   bool IsGranted(std::int32_t objectType, std::int32_t objectNumber, std::int32_t accessMask);
 
   ObjectFactory& factory_;
-  ProcessState& state_;
+  ThreadState& state_;
   Messages& messages_;
   Lifetime lifetime_;
 };

@@ -24,7 +24,7 @@ class SystemProfile {
   ObjectPtr object_;
 };
 
-void ReadPeriodDates(ObjectFactory& factory, ProcessState& state) {
+void ReadPeriodDates(ObjectFactory& factory, ThreadState& state) {
   const ObjectPtr calendar = factory.Create(u"ZEPCBSSystemData.AisInfo");
   calendar->Put(u"PropsString", PropertiesString(factory));
   const std::int32_t periods = ToInt32(calendar->Get(u"CBGetPeriodCount"));
@@ -55,7 +55,7 @@ YearAndPeriod ReadYearAndPeriod(ObjectFactory& factory, std::u16string_view cate
   return current;
 }
 
-void ReadCurrentPeriod(ObjectFactory& factory, ProcessState& state) {
+void ReadCurrentPeriod(ObjectFactory& factory, ThreadState& state) {
   state.periodKnown = false;
   {
     SystemProfile profile(factory);

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "env/process_state.h"
+#include "env/thread_state.h"
 
 namespace pricedown {
 
@@ -23,6 +23,6 @@ YearAndPeriod ReadYearAndPeriod(ObjectFactory& factory, std::u16string_view cate
 // Reads year and period ("ic") and then the period dates into the state. When a step fails the
 // values read before it are kept and AutomationError is thrown; the period counts as known from
 // when both of its numbers were read.
-void ReadCurrentPeriod(ObjectFactory& factory, ProcessState& state);
+void ReadCurrentPeriod(ObjectFactory& factory, ThreadState& state);
 
 }  // namespace pricedown

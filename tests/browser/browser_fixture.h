@@ -88,7 +88,7 @@ class BrowserFixture : public ::testing::Test {
  protected:
   BrowserFixture() {
     state_.itemClassType = 1;
-    processState_.dataScope = 2;
+    threadState_.dataScope = 2;
   }
 
   void AttachGridView() { grid_.GetGrid().Attach(&gridView_); }
@@ -101,8 +101,8 @@ class BrowserFixture : public ::testing::Test {
   RecordingQuestions questions_{log_};
   RecordingScreen screen_{factory_.GetRecorder()};
   RecordingTreeView treeView_{factory_.GetRecorder()};
-  ProcessState processState_;
-  Environment environment_{factory_, processState_, questions_, screen_, u"Host"};
+  ThreadState threadState_;
+  Environment environment_{factory_, threadState_, questions_, screen_, u"Host"};
   BrowserState state_;
   ItemGrid grid_{environment_, state_};
   ClassTree tree_{environment_, state_, treeView_, grid_};

@@ -18,8 +18,8 @@ class ClassEditing : public BrowserFixture {
     AllowRecordsets(factory_);
     factory_.Object(u"ZEPPropsMgr.ShareProps")
         .On(u"GetProperty", Reply(Value()).Writing(1, u"LANGUAGE=chs"));
-    processState_.currentYear = 2008;
-    processState_.currentPeriod = 3;
+    threadState_.currentYear = 2008;
+    threadState_.currentPeriod = 3;
     tree_.LoadClassTree();
     SelectClass();
   }

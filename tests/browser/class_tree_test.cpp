@@ -210,8 +210,8 @@ TEST_F(ClassTreeLoad, MatchesTheWindowAfterAnyFailure) {
       RecordingQuestions questions(log);
       RecordingScreen screen(factory.GetRecorder());
       RecordingTreeView view(factory.GetRecorder());
-      ProcessState processState;
-      Environment environment(factory, processState, questions, screen, u"Host");
+      ThreadState threadState;
+      Environment environment(factory, threadState, questions, screen, u"Host");
       BrowserState state;
       state.itemClassType = 1;
       ItemGrid grid(environment, state);

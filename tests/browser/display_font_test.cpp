@@ -29,8 +29,8 @@ class DisplayFontTest : public ::testing::Test {
   RecordingQuestions questions_{log_};
   RecordingScreen screen_{factory_.GetRecorder()};
   RecordingFontView view_{factory_.GetRecorder()};
-  ProcessState processState_;
-  Environment environment_{factory_, processState_, questions_, screen_, u"Host"};
+  ThreadState threadState_;
+  Environment environment_{factory_, threadState_, questions_, screen_, u"Host"};
   PrintDocument document_;
   Grid sheet_{4};
   DisplayFont font_{environment_, document_, sheet_, view_};

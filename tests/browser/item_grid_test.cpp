@@ -159,14 +159,14 @@ TEST_F(ItemGridTest, ForgetsAPriceThatWasTyped) {
 TEST_F(ItemGridTest, LocksTheFirstThreeColumns) {
   AnswerStatement(factory_, kItemsOf01, ItemRows(kTwoItems));
   for (const std::int32_t scope : {1, 2}) {
-    processState_.dataScope = scope;
+    threadState_.dataScope = scope;
     grid_.LoadItemGrid(u"01");
     EXPECT_EQ(Locks(), "LLL- LLL- ") << scope;
   }
 }
 
 TEST_F(ItemGridTest, LocksEveryCellForADataScopeOfZero) {
-  processState_.dataScope = 0;
+  threadState_.dataScope = 0;
   AnswerStatement(factory_, kItemsOf01, ItemRows(kTwoItems));
   grid_.LoadItemGrid(u"01");
   EXPECT_EQ(Locks(), "LLLL LLLL ");
@@ -174,9 +174,9 @@ TEST_F(ItemGridTest, LocksEveryCellForADataScopeOfZero) {
 
 TEST_F(ItemGridTest, DropsTheFullLockOfAnEarlierLoad) {
   AnswerStatement(factory_, kItemsOf01, ItemRows(kTwoItems));
-  processState_.dataScope = 0;
+  threadState_.dataScope = 0;
   grid_.LoadItemGrid(u"01");
-  processState_.dataScope = 1;
+  threadState_.dataScope = 1;
   grid_.LoadItemGrid(u"01");
   EXPECT_EQ(Locks(), "LLL- LLL- ");
 }
@@ -185,7 +185,7 @@ TEST_F(ItemGridTest, LocksNothingForAnyOtherScopeAtStart) {
   grid_.GetGrid().SetMaxRows(1);
   grid_.ApplyScopeLock();
   EXPECT_EQ(Locks(), "---- ");
-  processState_.dataScope = 0;
+  threadState_.dataScope = 0;
   grid_.ApplyScopeLock();
   EXPECT_EQ(Locks(), "LLLL ");
 }
@@ -219,7 +219,7 @@ TEST_F(ItemGridTest, ShowsTheErrorOfAFailedQueryAndKeepsTheRowsShown) {
 
 // The record count is higher than the number of rows.
 TEST_F(ItemGridTest, KeepsTheRowsFilledBeforeAReadFailed) {
-  processState_.dataScope = 0;
+  threadState_.dataScope = 0;
   factory_.Makes(u"ADODB.Recordset", [](const RecorderPtr& recorder) {
     return NewScriptedRecordset(recorder, ItemRows(kTwoItems).WithoutGetRows());
   });
@@ -322,8 +322,8 @@ struct GridAlone {
   RecordingFactory factory{log};
   RecordingQuestions questions{log};
   RecordingScreen screen{factory.GetRecorder()};
-  ProcessState processState;
-  Environment environment{factory, processState, questions, screen, u"Host"};
+  ThreadState threadState;
+  Environment environment{factory, threadState, questions, screen, u"Host"};
   BrowserState state;
   ItemGrid grid{environment, state};
   GridAlone() { state.itemClassType = 1; }

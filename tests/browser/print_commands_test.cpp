@@ -200,7 +200,7 @@ class PrintingQuestions final : public UserQuestions {
 
 TEST_F(PrintCommandsTest, RunAgainWhileAndAfterAMessageThatFails) {
   PrintingQuestions questions;
-  Environment environment{factory_, processState_, questions, screen_, u"Host"};
+  Environment environment{factory_, threadState_, questions, screen_, u"Host"};
   PrintCommands commands{environment, grid_.GetGrid(), document_, output_, font_};
   output_.onPrint = [] { throw std::bad_alloc(); };
   questions.onMessage = [&] {

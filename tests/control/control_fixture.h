@@ -93,7 +93,7 @@ class ControlWorld {
   RecordingPriceDownView view{factory.GetRecorder()};
   RecordingTreeView treeView{factory.GetRecorder()};
   RecordingFontView fontView{factory.GetRecorder()};
-  ProcessState state;
+  ThreadState state;
   // The process owns the form.
   Environment formEnvironment{factory, state, questions, screen, u"Host"};
   RecordingEditor editor{formEnvironment, factory.GetRecorder(), log};

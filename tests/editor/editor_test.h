@@ -83,7 +83,7 @@ struct EditorWorld {
   RecordingFactory factory{log};
   RecordingQuestions questions{log};
   RecordingScreen screen{factory.GetRecorder()};
-  ProcessState state;
+  ThreadState state;
   Environment environment{factory, state, questions, screen, u"Host"};
   RecordingFormView view{log};
   RecordingMemberListView list{log};

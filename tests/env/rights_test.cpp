@@ -13,7 +13,7 @@ constexpr std::u16string_view kLedgerData = u"ZEPEBCGLView.GLData";
 class RightsTest : public EnvTest {
  protected:
   RecordingQuestions questions{log};
-  ProcessState state;
+  ThreadState state;
   Messages messages{questions};
   Lifetime lifetime;
   Rights rights{factory, state, messages, lifetime};
@@ -159,7 +159,7 @@ TEST_P(DataScope, IsTheFirstThatIsGranted) {
   RecordingFactory factory(log);
   RecordingQuestions questions(log);
   Messages messages(questions);
-  ProcessState state;
+  ThreadState state;
   state.objectType = 11;
   state.dataScope = given.before;
   factory.Object(kLedgerData)
@@ -190,7 +190,7 @@ TEST(RightsFailures, KeepTheDataScopeWhenTheSuiteFails) {
     RecordingFactory factory(log);
     RecordingQuestions questions(log);
     Messages messages(questions);
-    ProcessState state;
+    ThreadState state;
     state.dataScope = 2;
     factory.Object(kLedgerData)
         .On(u"AccessCheck", Reply(false))

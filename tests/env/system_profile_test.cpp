@@ -85,7 +85,7 @@ TEST_F(SystemProfileTest, RefusesAYearOrPeriodThatIsNotANumber) {
 
 class CurrentPeriod : public EnvTest {
  protected:
-  ProcessState state;
+  ThreadState state;
 };
 
 TEST_F(CurrentPeriod, IsReadWithItsDates) {
@@ -162,7 +162,7 @@ TEST(CurrentPeriodFailures, KeepsWhatWasReadBeforeAFailure) {
     CallLog log;
     RecordingFactory factory(log);
     InPeriod(factory, u"2008", u"3");
-    ProcessState state;
+    ThreadState state;
     factory.FailCall(failingCall);
     const auto error = ErrorOf([&] { ReadCurrentPeriod(factory, state); });
     const bool whole = failingCall == 0;

@@ -60,7 +60,7 @@ class BrowserOnSample : public ::testing::Test {
   workbench::testing::TemporaryFolder folder_;
   workbench::SuiteStatePtr suite_ = std::make_shared<workbench::SuiteState>();
   workbench::SuiteFactory factory_{suite_};
-  ProcessState state_;
+  ThreadState state_;
   testing::CallLog log_;
   testing::RecorderPtr recorder_ = std::make_shared<testing::Recorder>(log_);
   testing::RecordingQuestions questions_{log_};

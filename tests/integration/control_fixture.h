@@ -105,7 +105,7 @@ class ControlOnCompany : public ClassCompany {
   pricedown::testing::RecordingPriceDownView window{windows};
   pricedown::testing::RecordingTreeView treeView{windows};
   pricedown::testing::RecordingFontView fontView{windows};
-  pricedown::ProcessState state;
+  pricedown::ThreadState state;
   pricedown::Environment formEnvironment{factory, state, questions, screen, u"Host"};
   pricedown::testing::RecordingEditor editor{formEnvironment, windows, log};
   std::unique_ptr<pricedown::testing::PageKeeper> output;

@@ -52,7 +52,7 @@ class EditorOnCompany : public ClassCompany {
   pricedown::testing::CallLog log;
   pricedown::testing::RecordingQuestions questions{log};
   pricedown::testing::RecordingScreen screen{std::make_shared<pricedown::testing::Recorder>(log)};
-  pricedown::ProcessState state;
+  pricedown::ThreadState state;
   pricedown::Environment environment{factory_, state, questions, screen, u"Host"};
   pricedown::testing::RecordingFormView view{log};
   pricedown::testing::RecordingMemberListView list{log};

@@ -10,7 +10,7 @@
 
 namespace pricedown::windows {
 
-ItemClassDialog::ItemClassDialog(HINSTANCE module, ObjectFactory& factory, ProcessState& state,
+ItemClassDialog::ItemClassDialog(HINSTANCE module, ObjectFactory& factory, ThreadState& state,
                                  std::u16string application)
     : window_(module),
       questions_(window_),
@@ -35,7 +35,7 @@ void ItemClassDialog::ShowModal(HWND owner) {
     SkipFailing([this] { window_.Unload(); });
     shown_ = false;
     // The last control may have ended meanwhile without releasing them.
-    ProcessState& state = environment_.state;
+    ThreadState& state = environment_.state;
     if (state.controls == 0) {
       state.ledgerView.reset();
       state.ledgerData.reset();

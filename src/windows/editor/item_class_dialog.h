@@ -16,7 +16,7 @@ namespace pricedown::windows {
 class ItemClassDialog {
  public:
   // `application` is the host program's name. Both references must outlive the dialog.
-  ItemClassDialog(HINSTANCE module, ObjectFactory& factory, ProcessState& state,
+  ItemClassDialog(HINSTANCE module, ObjectFactory& factory, ThreadState& state,
                   std::u16string application);
   ~ItemClassDialog();
   ItemClassDialog(const ItemClassDialog&) = delete;

@@ -13,9 +13,9 @@ ControlSession::ControlSession(Module& module, ContainerWindow& container,
       screen_(window_),
       editor_(module, window_),
       printOutput_(module.instance, window_, lifetime_) {
-  core_.emplace(PriceDownPorts{module.factory, module.StateOfThisThread().state, questions_,
-                               screen_, container, window_, window_, window_, ProgramName(),
-                               window_.Form(), editor_, printOutput_, std::move(hold), lifetime_,
+  core_.emplace(PriceDownPorts{module.factory, module.ThisThread().state, questions_, screen_,
+                               container, window_, window_, window_, ProgramName(), window_.Form(),
+                               editor_, printOutput_, std::move(hold), lifetime_,
                                std::move(events)});
   window_.Attach(&*core_);
 }

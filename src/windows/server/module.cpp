@@ -18,14 +18,14 @@ Module& TheModule() {
   return *module;
 }
 
-SharedState& Module::StateOfThisThread() {
-  const DWORD thread = GetCurrentThreadId();
+ThreadEntry& Module::ThisThread() {
+  const DWORD id = GetCurrentThreadId();
   const ExclusiveLock locked(lock_);
   for (const auto& known : threads_) {
-    if (known->thread == thread) return *known;
+    if (known->id == id) return *known;
   }
-  threads_.push_back(std::make_unique<SharedState>());
-  threads_.back()->thread = thread;
+  threads_.push_back(std::make_unique<ThreadEntry>());
+  threads_.back()->id = id;
   return *threads_.back();
 }
 

@@ -6,16 +6,16 @@
 #include <memory>
 #include <vector>
 
-#include "env/process_state.h"
+#include "env/thread_state.h"
 #include "windows/com/com_object_factory.h"
 #include "windows/editor/item_class_dialog.h"
 
 namespace pricedown::windows {
 
 // What the controls of one thread share: the form and the suite's objects belong to that thread.
-struct SharedState {
-  DWORD thread = 0;
-  ProcessState state;
+struct ThreadEntry {
+  DWORD id = 0;
+  ThreadState state;
   // Owned by the controls that have used it.
   std::weak_ptr<ItemClassDialog> editor;
 };
@@ -27,11 +27,11 @@ class Module {
 
   // The calling thread's; made by the first call on it, and kept until the module ends. Throws
   // std::bad_alloc.
-  SharedState& StateOfThisThread();
+  ThreadEntry& ThisThread();
 
  private:
   SRWLOCK lock_ = SRWLOCK_INIT;
-  std::vector<std::unique_ptr<SharedState>> threads_;
+  std::vector<std::unique_ptr<ThreadEntry>> threads_;
 };
 
 Module& TheModule();

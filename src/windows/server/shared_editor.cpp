@@ -6,11 +6,11 @@
 namespace pricedown::windows {
 
 ItemClassForm& SharedEditor::Form() {
-  if (dialog_ == nullptr) dialog_ = shared_.editor.lock();
+  if (dialog_ == nullptr) dialog_ = thread_.editor.lock();
   if (dialog_ == nullptr) {
-    dialog_ = std::make_shared<ItemClassDialog>(module_.instance, module_.factory, shared_.state,
+    dialog_ = std::make_shared<ItemClassDialog>(module_.instance, module_.factory, thread_.state,
                                                 ProgramName());
-    shared_.editor = dialog_;
+    thread_.editor = dialog_;
   }
   if (dialog_->IsShown()) {
     throw AutomationError(ErrorNumber::Unspecified, u"物料类别维护窗口已经打开", u"frmItemClass");

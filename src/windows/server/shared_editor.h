@@ -14,7 +14,7 @@ class SharedEditor final : public ItemClassEditor {
  public:
   // The form is shown over the top-level window around `window`. Both must outlive the object.
   SharedEditor(Module& module, const ControlWindow& window)
-      : module_(module), shared_(module.StateOfThisThread()), window_(window) {}
+      : module_(module), thread_(module.ThisThread()), window_(window) {}
 
   // ItemClassEditor
   ItemClassForm& Form() override;
@@ -22,7 +22,7 @@ class SharedEditor final : public ItemClassEditor {
 
  private:
   Module& module_;
-  SharedState& shared_;
+  ThreadEntry& thread_;
   const ControlWindow& window_;
   std::shared_ptr<ItemClassDialog> dialog_;
 };

@@ -136,7 +136,7 @@ class FormWorld : public workbench::ClassCompany, public Input {
 
   HostWindow host{900, 620};
   MessageBoxes boxes;
-  ProcessState state;
+  ThreadState state;
   windows::ItemClassDialog dialog{GetModuleHandleW(nullptr), factory_, state, u"Host"};
 };
 

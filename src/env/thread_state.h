@@ -1,4 +1,4 @@
-// The state shared by the controls of a process that run on one thread; the module owns it.
+// The state shared by the controls of one thread; the module owns it.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@
 
 namespace pricedown {
 
-struct ProcessState {
+struct ThreadState {
   std::int32_t currentYear = 0;
   std::int32_t currentPeriod = 0;
   // Whether both are those of the suite, as the last control's creation read them.
