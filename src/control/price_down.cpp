@@ -117,7 +117,8 @@ void PriceDown::Terminate() {
   std::exchange(parentWindow_, nullptr).reset();
   std::exchange(ports_.form, nullptr).reset();
   browser_.classRecordset.Release();
-  ReleaseLedger();
+  --ports_.state.controls;
+  ports_.state.ReleaseUnusedLedger();
   commandBar_->Detach();
   SkipFailing([&] { grid_.Release(); });
 }
@@ -126,12 +127,6 @@ void PriceDown::SaveSelection() {
   const std::u16string key = tree_.SelectedKey();
   if (key.empty() || treeSelectionKey_.empty()) return;
   SaveUserSetting(ports_.factory, ports_.application, treeSelectionKey_, key);
-}
-
-void PriceDown::ReleaseLedger() {
-  if (--ports_.state.controls > 0) return;
-  ports_.state.ledgerData.reset();
-  ports_.state.ledgerView.reset();
 }
 
 }  // namespace pricedown

@@ -119,7 +119,6 @@ class PriceDown {
   void RestoreFont();
   // Steps of Terminate.
   void SaveSelection();
-  void ReleaseLedger();
 
   // Under the hourglass.
   void LoadTree();

@@ -27,6 +27,13 @@ struct ThreadState {
   ObjectPtr ledgerView;
   // Living controls.
   std::int32_t controls = 0;
+
+  // Releases the ledger objects unless a control still lives.
+  void ReleaseUnusedLedger() {
+    if (controls > 0) return;
+    ledgerData.reset();
+    ledgerView.reset();
+  }
 };
 
 }  // namespace pricedown

@@ -35,11 +35,7 @@ void ItemClassDialog::ShowModal(HWND owner) {
     SkipFailing([this] { window_.Unload(); });
     shown_ = false;
     // The last control may have ended meanwhile without releasing them.
-    ThreadState& state = environment_.state;
-    if (state.controls == 0) {
-      state.ledgerView.reset();
-      state.ledgerData.reset();
-    }
+    environment_.state.ReleaseUnusedLedger();
   });
   window_.Create(owner);
   window_.SetWaiting(true);
