@@ -125,14 +125,14 @@ void ClassTree::SelectRoot() {
   NodeClick(kRootNode);
 }
 
-void ClassTree::RestoreSelection(std::u16string_view key) {
+void ClassTree::Select(NodeIndex node) {
   // The caller may have set the focus, in which a host may end the control.
-  if (environment_.lifetime.HasEnded()) return;
-  const NodeIndex node = nodes_.FindKey(key);
-  if (node == kNoNode) return;
+  if (environment_.lifetime.HasEnded() || !nodes_.Contains(node)) return;
   SkipFailing([&] { view_.SelectNode(node); });
   NodeClick(node);
 }
+
+void ClassTree::RestoreSelection(std::u16string_view key) { Select(nodes_.FindKey(key)); }
 
 void ClassTree::RefreshCurrentNode() {
   if (!state_.currentNode) return;

@@ -31,8 +31,10 @@ class ClassTree {
   // cannot be selected.
   void SelectRoot();
 
-  // Selects the node with that key and handles it as clicked. Failing steps are skipped; no-op
-  // when there is no such node, or after the control's end.
+  // Selects the node and handles it as clicked. Failing steps are skipped; no-op when there is no
+  // such node, or after the control's end.
+  void Select(NodeIndex node);
+  // Select of the node with that key.
   void RestoreSelection(std::u16string_view key);
 
   // Fills the grid again for the node that was clicked last, if there was one, even when the tree

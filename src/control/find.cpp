@@ -142,7 +142,7 @@ void Find::Accept() {
   }
   Close();
   // Last, because it may end the control.
-  if (tree_.Nodes().Contains(node)) tree_.RestoreSelection(tree_.Nodes().IdOf(node).Key());
+  tree_.Select(node);
 }
 
 void Find::RowsChanged(FindPane pane) {
