@@ -29,10 +29,8 @@ const ControlCommand* CommandOfTool(std::u16string_view tool) {
 }
 
 const ControlCommand* CommandOfPress(const KeyPress& press, unsigned menu) {
-  if (press.key == Key::None) return nullptr;
   return FirstCommand([&press, menu](const ControlCommand& command) {
-    return (command.surfaces & menu) != 0 &&
-           std::find(command.keys.begin(), command.keys.end(), press) != command.keys.end();
+    return (command.surfaces & menu) != 0 && command.Has(press);
   });
 }
 

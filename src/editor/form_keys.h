@@ -15,7 +15,7 @@ namespace pricedown {
 constexpr std::optional<FormTool> ToolOfKey(const KeyPress& press) {
   const KeyPress unshifted{press.key, false, press.control, press.alt};
   for (const FormToolRow& row : kFormTools) {
-    if (press.key != Key::None && row.keys.front() == unshifted) return row.tool;
+    if (row.Has(unshifted)) return row.tool;
   }
   return std::nullopt;
 }
@@ -66,9 +66,7 @@ inline constexpr std::array<MemberListRow, 5> kMemberListMenu{{
 
 constexpr std::optional<MemberListCommand> MemberListCommandOf(const KeyPress& press) {
   for (const MemberListRow& row : kMemberListMenu) {
-    for (const KeyPress& key : row.keys) {
-      if (press.key != Key::None && key == press) return row.command;
-    }
+    if (row.Has(press)) return row.command;
   }
   return std::nullopt;
 }

@@ -2,6 +2,7 @@
 // it and adds what runs them.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -24,6 +25,11 @@ struct Command {
   std::array<KeyPress, 2> keys = {};  // menus and tooltips show the first
   bool separator = false;             // a gap between buttons, no command
   bool pictureOnly = false;           // the caption is the button's name, but not shown
+
+  // Whether the key runs the command.
+  constexpr bool Has(const KeyPress& press) const {
+    return press.key != Key::None && std::find(keys.begin(), keys.end(), press) != keys.end();
+  }
 };
 
 // Every row of a table, in order. The table must outlive the result.

@@ -1,7 +1,6 @@
 // The keys of the buttons, and the table of the others.
 #include "print/preview_commands.h"
 
-#include <algorithm>
 #include <span>
 
 namespace pricedown {
@@ -39,10 +38,7 @@ bool Includes(KeyScope scope, PreviewFocus focus) {
 std::optional<PreviewCommand> CommandOfButtonKey(std::span<const PreviewButton> buttons,
                                                  const KeyPress& press, PreviewFocus focus) {
   for (const PreviewButton& button : buttons) {
-    if (std::find(button.keys.begin(), button.keys.end(), press) != button.keys.end() &&
-        Includes(button.scope, focus)) {
-      return button.command;
-    }
+    if (button.Has(press) && Includes(button.scope, focus)) return button.command;
   }
   return std::nullopt;
 }
