@@ -63,7 +63,7 @@ void CommandBar::NotifyForwarded(std::u16string_view name, const ObjectPtr& tool
   listeners_->Notify(u"ToolClicked", own != nullptr ? own : tool);
 }
 
-void CommandBar::OnClick(std::function<void(const ObjectPtr& tool)> command) {
+void CommandBar::OnClick(std::function<void(const std::shared_ptr<CommandBarTool>& tool)> command) {
   listeners_->command = std::move(command);
 }
 

@@ -44,7 +44,7 @@ class CommandBar : public LocalObject<CommandBar> {
                                       Place place = Place::Bar);
 
   // Called when a client clicks any tool; may be empty.
-  void OnClick(std::function<void(const ObjectPtr& tool)> command);
+  void OnClick(std::function<void(const std::shared_ptr<CommandBarTool>& tool)> command);
   // The host's object that is notified of clicks and changes; null for none.
   const ObjectPtr& Listener() const { return listeners_->host; }
   void SetListener(ObjectPtr host);

@@ -9,10 +9,12 @@
 
 namespace pricedown {
 
+class CommandBarTool;
+
 // One for all tools of a bar.
 struct CommandBarListeners {
   // Runs the command of a clicked tool; may be empty.
-  std::function<void(const ObjectPtr& tool)> command;
+  std::function<void(const std::shared_ptr<CommandBarTool>& tool)> command;
   // The host's object with any of the methods ToolClicked(tool) and ToolChanged(tool); may be null.
   ObjectPtr host;
 

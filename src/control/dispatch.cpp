@@ -14,36 +14,34 @@ constexpr std::int32_t kRightsObjectNumber = 35;
 }  // namespace
 
 void PriceDown::ParentWindow_ToolBarClick(const ObjectPtr& tool) {
+  if (HasEnded()) return;
   const std::shared_ptr<CommandBar> bar = commandBar_;
-  const std::u16string clicked = CommandBarToolClicked(tool);
-  if (!clicked.empty()) bar->NotifyForwarded(clicked, tool);
+  const ObjectPtr clicked = RequireObject(Value(tool), u"Tool");
+  const std::u16string name = ToText(clicked->Get(u"Name"));
+  if (RunTool(name, clicked)) bar->NotifyForwarded(name, clicked);
 }
 
-std::u16string PriceDown::CommandBarToolClicked(const ObjectPtr& tool) {
-  if (HasEnded()) return {};
-  const ObjectPtr clicked = RequireObject(Value(tool), u"Tool");
-  std::u16string name = ToText(clicked->Get(u"Name"));
-  // The host was asked, and may have closed the control.
-  if (HasEnded()) return {};
+bool PriceDown::RunTool(std::u16string_view name, const ObjectPtr& tool) {
+  // A host that was asked for the name of its tool may have closed the control.
+  if (HasEnded()) return false;
   const ControlCommand* command = CommandOfTool(name);
   // A tool of the host's own among the bar's.
   if (command == nullptr) {
     const auto own = commandBar_->Tool(name);
-    const bool addedByHost =
-        own != nullptr && own->Enabled() && CommandOfTool(own->Fixed().name) == nullptr;
-    return addedByHost ? name : std::u16string();
+    return own != nullptr && !name.empty() && own->Enabled() &&
+           CommandOfTool(own->Fixed().name) == nullptr;
   }
   // A host may forward a click on a tool that it shows enabled although the bar's is not.
   const bool fromToolStrip = (command->surfaces & surface::kCommandBar) != 0;
-  if (fromToolStrip && !IsToolEnabled(command->tool)) return {};
+  if (fromToolStrip && !IsToolEnabled(command->tool)) return false;
   if (command->toggle != nullptr) {
-    command->toggle(*this, clicked);
+    command->toggle(*this, tool);
   } else if (fromToolStrip) {
     RunFromToolStrip(*command);
   } else {
     command->run(*this);
   }
-  return name;
+  return true;
 }
 
 void PriceDown::CommandChosen(const ControlCommand& command) {

@@ -34,9 +34,9 @@ PriceDown::PriceDown(PriceDownPorts ports)
       printing_(environment_, grid_.GetGrid(), document_, ports_.printOutput, font_),
       commandBar_(std::make_shared<CommandBar>(ports_.lifetime)) {
   environment_.events = ports_.events;
-  commandBar_->OnClick([this](const ObjectPtr& tool) {
+  commandBar_->OnClick([this](const std::shared_ptr<CommandBarTool>& tool) {
     const std::shared_ptr<void> held = ports_.hold ? ports_.hold() : nullptr;
-    CommandBarToolClicked(tool);
+    RunTool(tool->Fixed().name, tool);
   });
   ++ports_.state.controls;
 }

@@ -124,8 +124,9 @@ class PriceDown {
   void LoadTree();
   void LayOut();
   Rectangle DragBar() const;
-  // Returns the name of the bar's tool that was clicked; empty when the click does nothing.
-  std::u16string CommandBarToolClicked(const ObjectPtr& tool);
+  // What a click on `tool`, the bar's tool of that name or one of the host's, does. False when it
+  // does nothing.
+  bool RunTool(std::u16string_view name, const ObjectPtr& tool);
   // True also while the bar has no tool of that name.
   bool IsToolEnabled(std::u16string_view name) const;
   void RunFromToolStrip(const ControlCommand& command);
