@@ -10,8 +10,8 @@ class FocusEvents {
  public:
   // Tab, which the host did not use.
   virtual void TabPressed(bool backwards) = 0;
-  // A child has the focus now; `from` lost it and may be null.
-  virtual void FocusEntered(HWND from) = 0;
+  // A child has the focus now.
+  virtual void FocusEntered() = 0;
   // A child has lost the focus to `to`, which is null for a window of another thread.
   virtual void FocusLeft(HWND /*to*/) {}
 

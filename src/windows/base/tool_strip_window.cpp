@@ -306,7 +306,7 @@ LRESULT ToolStripWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             returnsTo_ != kNoButton && !SharesFrameWith(previous) && CanPress(returnsTo_);
         SetHot(returns ? returnsTo_ : NextButton(kNoButton, 1));
       }
-      events_.FocusEntered(previous);
+      events_.FocusEntered();
       return result;
     }
     case WM_KILLFOCUS: {

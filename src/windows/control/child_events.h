@@ -29,8 +29,7 @@ class FindBarEvents : public virtual FocusEvents {
   virtual void FindKeyPressed(FindKey key) = 0;
   // The thread is idle.
   virtual void FindIdle() = 0;
-  // Tab.
-  virtual void FindLeft() = 0;
+  virtual void FindTabPressed() = 0;
 
  protected:
   ~FindBarEvents() = default;

@@ -105,7 +105,7 @@ void ControlWindow::SplitterEvent(SplitterAction action, std::int32_t pixels) {
   });
 }
 
-void ControlWindow::FocusEntered(HWND) {
+void ControlWindow::FocusEntered() {
   children_->lastFocus = GetFocus();
   // A client that hears the status may end the control.
   const std::shared_ptr<void> hold = Hold();
@@ -161,7 +161,7 @@ void ControlWindow::FindIdle() {
   if (Find* find = control_ == nullptr ? nullptr : control_->Finding()) find->ContinueCounting();
 }
 
-void ControlWindow::FindLeft() { SetFocus(children_->WindowOf(children_->findBar.Pane())); }
+void ControlWindow::FindTabPressed() { SetFocus(children_->WindowOf(children_->findBar.Pane())); }
 
 // The rows arrive after the query has returned: by then it is known whether the load is long.
 void ControlWindow::ItemsFilling() {

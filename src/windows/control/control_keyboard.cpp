@@ -74,7 +74,7 @@ bool ControlWindow::TranslateKey(MSG& message) {
   const bool inFindField = c.PlaceOf(focus) == FocusPlace::FindField;
   if (press.key == Key::Tab && !press.control) {
     if (!inFindField) return c.MoveFocus(press.shift, false);
-    FindLeft();
+    FindTabPressed();
     return true;
   }
   if (press.key == Key::F6 && !press.control) {

@@ -120,9 +120,9 @@ class ControlWindow final : public PriceDownView,
   void FindTextChanged(std::u16string_view text, bool composing) override;
   void FindKeyPressed(FindKey key) override;
   void FindIdle() override;
-  void FindLeft() override;
+  void FindTabPressed() override;
   void TabPressed(bool backwards) override;
-  void FocusEntered(HWND from) override;
+  void FocusEntered() override;
   void FocusLeft(HWND to) override;
   void ItemsChanged() override;
   void ItemsFilling() override;

@@ -56,7 +56,7 @@ void FindField::ReportChange() { events_.FindTextChanged(TextOf(Handle()), compo
 bool FindField::OnKeyDown(WPARAM key) {
   const KeyPress press = PressOf(key);
   if (press.key == Key::Tab) {
-    events_.FindLeft();
+    events_.FindTabPressed();
     return true;
   }
   if (SelectsAll(press)) {
@@ -103,7 +103,7 @@ LRESULT FindField::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       const LRESULT result = Default(message, wParam, lParam);
       const HWND other = reinterpret_cast<HWND>(wParam);
       if (message == WM_SETFOCUS) {
-        events_.FocusEntered(other);
+        events_.FocusEntered();
       } else {
         events_.FocusLeft(other);
       }

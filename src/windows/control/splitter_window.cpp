@@ -134,7 +134,7 @@ LRESULT SplitterWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return DLGC_WANTARROWS | (dragging_ ? DLGC_WANTALLKEYS : 0);
     case WM_SETFOCUS:
       InvalidateRect(Handle(), nullptr, FALSE);
-      events_.FocusEntered(reinterpret_cast<HWND>(wParam));
+      events_.FocusEntered();
       return 0;
     case WM_KILLFOCUS: {
       const Lifetime window = WindowLifetime();

@@ -227,7 +227,7 @@ LRESULT TreeWindow::OnFocus(WPARAM wParam, LPARAM lParam) {
   takingFocus_ = true;
   const LRESULT result = Default(WM_SETFOCUS, wParam, lParam);
   takingFocus_ = false;
-  events_.FocusEntered(reinterpret_cast<HWND>(wParam));
+  events_.FocusEntered();
   return result;
 }
 

@@ -78,7 +78,7 @@ class ItemClassWindow final : public ItemClassFormView,
   // ToolStripEvents
   void CommandChosen(const Command& command) override;
   void TabPressed(bool backwards) override { FocusNext(backwards); }
-  void FocusEntered(HWND) override {}
+  void FocusEntered() override {}
   // FieldEvents
   void LookupPressed(FormField field) override;
   // MemberListEvents

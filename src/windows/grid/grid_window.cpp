@@ -260,7 +260,7 @@ LRESULT GridWindow::OnFocus(UINT message, WPARAM wParam) {
   if (window.HasEnded()) return 0;
   const HWND other = reinterpret_cast<HWND>(wParam);
   if (message == WM_SETFOCUS) {
-    events_.FocusEntered(other);
+    events_.FocusEntered();
     return 0;
   }
   if (mouse_ != Mouse::Idle && other != Handle()) EndMouse(true);

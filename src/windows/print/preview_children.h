@@ -38,7 +38,7 @@ class PreviewBar final : private ToolStripEvents {
     pressed_(static_cast<const PreviewButton&>(command).command);
   }
   void TabPressed(bool backwards) override { tabPressed_(backwards); }
-  void FocusEntered(HWND) override {}
+  void FocusEntered() override {}
 
   std::span<const PreviewButton> buttons_;
   std::function<void(PreviewCommand)> pressed_;

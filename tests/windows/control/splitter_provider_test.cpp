@@ -48,7 +48,7 @@ class SplitterProviderTest : public ::testing::Test, public windows::ChildEvents
   void FindTextChanged(std::u16string_view, bool) override {}
   void FindKeyPressed(FindKey) override {}
   void FindIdle() override {}
-  void FindLeft() override {}
+  void FindTabPressed() override {}
   void CommandChosen(const Command&) override {}
   bool KeyPressed(HWND, const KeyPress&, bool) override { return false; }
   void MenuRequested(HWND, POINT) override {}
@@ -60,7 +60,7 @@ class SplitterProviderTest : public ::testing::Test, public windows::ChildEvents
     if (endsAtRelease_ && action == windows::SplitterAction::Release) splitter_.reset();
   }
   void TabPressed(bool) override {}
-  void FocusEntered(HWND) override {}
+  void FocusEntered() override {}
   void ItemsChanged() override {}
   void ItemsFilling() override {}
   bool Waiting() const override { return false; }

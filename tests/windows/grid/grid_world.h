@@ -83,7 +83,7 @@ class GridWindow : public ::testing::Test, public windows::GridEvents {
   }
   void MenuRequested(HWND, POINT) override { ++menus_; }
   void TabPressed(bool backwards) override { tabs_ += backwards ? "<" : ">"; }
-  void FocusEntered(HWND) override {
+  void FocusEntered() override {
     if (whenFocused_) std::exchange(whenFocused_, nullptr)();
   }
   void ItemsChanged() override { ++itemsChanged_; }
