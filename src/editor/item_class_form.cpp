@@ -53,21 +53,21 @@ std::u16string_view ColumnOf(FormField field) {
 }  // namespace
 
 void ItemClassForm::Load() {
-  FormState& state = parts_.state;
-  parts_.showing = Lifetime();
+  FormState& state = context_.state;
+  context_.showing = Lifetime();
   state.saved = false;
   try {
     SetCaptions();
-    LoadFormTexts(parts_.environment.factory, parts_.view.FormObject(), kResourceKey);
+    LoadFormTexts(context_.environment.factory, context_.view.FormObject(), kResourceKey);
     for (const ColumnWidth& width : kColumnWidths) {
-      parts_.members.SetColumnWidth(width.column, width.twips);
+      context_.members.SetColumnWidth(width.column, width.twips);
     }
     if (state.IsAdding()) {
       EmptyFields();
     } else {
       FillFields();
     }
-    const TypedHeader header = ReadHeader(parts_.view);
+    const TypedHeader header = ReadHeader(context_.view);
     state.savedValues = static_cast<const ClassHeader&>(header);
     state.rows.SetCount(state.memberList.RecordCount() + 1);
     ShowRows();
@@ -79,71 +79,71 @@ void ItemClassForm::Load() {
 
 void ItemClassForm::Unload() {
   // First, so that the window's own end does not re-enter this function.
-  const bool shown = parts_.showing.End();
-  parts_.state = FormState();
-  if (shown) parts_.view.Unload();
+  const bool shown = context_.showing.End();
+  context_.state = FormState();
+  if (shown) context_.view.Unload();
 }
 
 void ItemClassForm::SetCaptions() {
   for (const FormCaptionRow& caption : kFormCaptions) {
-    parts_.view.SetCaption(caption.target, Translate(caption.text));
+    context_.view.SetCaption(caption.target, Translate(caption.text));
   }
   for (const FormToolRow& row : kFormTools) {
     if (row.separator) continue;
-    parts_.view.SetToolTexts(row.tool, Translate(row.caption), Translate(row.tooltip));
+    context_.view.SetToolTexts(row.tool, Translate(row.caption), Translate(row.tooltip));
   }
 }
 
 void ItemClassForm::FillFields() {
-  const Recordset& members = parts_.state.memberList;
+  const Recordset& members = context_.state.memberList;
   members.MoveFirst();
-  parts_.view.SetToolEnabled(FormTool::Add, false);
+  context_.view.SetToolEnabled(FormTool::Add, false);
   for (const FormField field : kFormFields) {
     std::u16string text = ToText(members.Field(ColumnOf(field)));
     // A field shows no more than may be typed into it.
     if (const std::size_t most = MaximumLength(field); most > 0) {
       text.resize(CutLength(text, most));
     }
-    parts_.view.SetText(field, text);
+    context_.view.SetText(field, text);
   }
 }
 
 void ItemClassForm::EmptyFields() {
-  for (const FormField field : kFormFields) parts_.view.SetText(field, u"");
+  for (const FormField field : kFormFields) context_.view.SetText(field, u"");
 }
 
 // Reads the rows that are due. Reading them counts as a change of the form.
 void ItemClassForm::ShowRows() {
-  FormState& state = parts_.state;
-  if (parts_.HasEnded() || !state.rows.IsDue()) return;
+  FormState& state = context_.state;
+  if (context_.HasEnded() || !state.rows.IsDue()) return;
   state.saved = false;
-  parts_.view.SetToolEnabled(FormTool::Save, true);
+  context_.view.SetToolEnabled(FormTool::Save, true);
   FirstFailure failure;
   failure.Run([&] { state.rows.Read(state.memberList); });
-  parts_.members.ShowRows(state.rows);
+  context_.members.ShowRows(state.rows);
   failure.Rethrow();
 }
 
 void ItemClassForm::FieldChanged() {
-  if (!parts_.HasEnded()) parts_.view.SetToolEnabled(FormTool::Save, true);
+  if (!context_.HasEnded()) context_.view.SetToolEnabled(FormTool::Save, true);
 }
 
 void ItemClassForm::LookupRequested(FormField field) {
-  if (!parts_.HasEnded() && IsAccountField(field)) LookUpAccount(parts_, field);
+  if (!context_.HasEnded() && IsAccountField(field)) LookUpAccount(context_, field);
 }
 
 // Shows the rows even if the command fails, and before it disables the tool, because rows enable
 // it.
 void ItemClassForm::ToolClicked(FormTool tool) {
-  if (parts_.HasEnded()) return;
+  if (context_.HasEnded()) return;
   FirstFailure failure;
   failure.Run([&] { Run(tool); });
   failure.Run([&] { ShowRows(); });
-  if (tool == FormTool::Save) parts_.view.SetToolEnabled(FormTool::Save, false);
+  if (tool == FormTool::Save) context_.view.SetToolEnabled(FormTool::Save, false);
   try {
     failure.Rethrow();
   } catch (...) {
-    parts_.NotifyFailed(CurrentFailure());
+    context_.NotifyFailed(CurrentFailure());
     throw;
   }
 }
@@ -156,9 +156,9 @@ void ItemClassForm::Run(FormTool tool) {
       Save();
       return;
     case FormTool::AddItem:
-      return AddItems(parts_);
+      return AddItems(context_);
     case FormTool::DelItem:
-      return RemoveSelectedItems(parts_);
+      return RemoveSelectedItems(context_);
     case FormTool::Exit:
       return Exit();
   }
@@ -166,38 +166,39 @@ void ItemClassForm::Run(FormTool tool) {
 
 bool ItemClassForm::Save() {
   // The form may have closed while it asked.
-  if (parts_.HasEnded()) return false;
-  if (!SaveClass(parts_)) return false;
-  const bool added = parts_.state.IsAdding();
+  if (context_.HasEnded()) return false;
+  if (!SaveClass(context_)) return false;
+  const bool added = context_.state.IsAdding();
   // Copies, because the host may close the form in the event.
-  const auto whenSaved = parts_.state.whenSaved;
-  const std::u16string number = parts_.state.savedValues.number;
+  const auto whenSaved = context_.state.whenSaved;
+  const std::u16string number = context_.state.savedValues.number;
   if (whenSaved) whenSaved(added, number);
-  if (added && !parts_.HasEnded()) Add();
+  if (added && !context_.HasEnded()) Add();
   return true;
 }
 
 void ItemClassForm::Add() {
   // Asked whenever nothing has been saved, changed or not. A refused save keeps what was typed.
-  if (!parts_.state.saved &&
-      parts_.environment.messages.Ask(Translate(u"是否保存当前数据？"), MessageIcon::None) &&
+  if (!context_.state.saved &&
+      context_.environment.messages.Ask(Translate(u"是否保存当前数据？"), MessageIcon::None) &&
       !Save()) {
     return;
   }
   // The form may have closed while it asked.
-  if (parts_.HasEnded()) return;
+  if (context_.HasEnded()) return;
   // The fields of an empty list stay as they are.
-  if (parts_.state.memberList.RecordCount() > 0) {
+  if (context_.state.memberList.RecordCount() > 0) {
     EmptyMembers();
-    parts_.state.rows.Reload();
+    context_.state.rows.Reload();
     EmptyFields();
   }
   // Ready for the next class.
-  if (parts_.view.Text(FormField::ClassNumber).empty()) parts_.view.Focus(FormField::ClassNumber);
+  if (context_.view.Text(FormField::ClassNumber).empty())
+    context_.view.Focus(FormField::ClassNumber);
 }
 
 void ItemClassForm::EmptyMembers() {
-  const Recordset& members = parts_.state.memberList;
+  const Recordset& members = context_.state.memberList;
   members.MoveFirst();
   while (!members.AtEnd()) {
     members.Delete();
@@ -207,11 +208,11 @@ void ItemClassForm::EmptyMembers() {
 
 // `iExit`.
 void ItemClassForm::Exit() {
-  if (!IsUnchanged(parts_.state, ReadHeader(parts_.view)) &&
-      parts_.environment.messages.Ask(Translate(u"当前记录已经改变，是否保存?"),
-                                      MessageIcon::Information)) {
+  if (!IsUnchanged(context_.state, ReadHeader(context_.view)) &&
+      context_.environment.messages.Ask(Translate(u"当前记录已经改变，是否保存?"),
+                                        MessageIcon::Information)) {
     Save();
-    if (!parts_.state.saved) return;
+    if (!context_.state.saved) return;
   }
   Unload();
 }

@@ -15,24 +15,24 @@ class ItemClassForm {
  public:
   // All references must outlive the form.
   ItemClassForm(Environment& environment, ItemClassFormView& view, MemberListView& members)
-      : parts_{environment, view, members, {}, {}} {
-    parts_.showing.End();
+      : context_{environment, view, members, {}, {}} {
+    context_.showing.End();
   }
   ItemClassForm(const ItemClassForm&) = delete;
   ItemClassForm& operator=(const ItemClassForm&) = delete;
 
   // What the browser sets before Load; Unload forgets all of it.
-  void SetMode(std::int16_t mode) { parts_.state.mode = mode; }
-  void SetOpeningNumber(std::u16string number) { parts_.state.openingNumber = std::move(number); }
-  void SetMemberList(Recordset members) { parts_.state.memberList = std::move(members); }
-  void SetSecondRecordSet(Recordset rows) { parts_.state.secondRecordSet = std::move(rows); }
+  void SetMode(std::int16_t mode) { context_.state.mode = mode; }
+  void SetOpeningNumber(std::u16string number) { context_.state.openingNumber = std::move(number); }
+  void SetMemberList(Recordset members) { context_.state.memberList = std::move(members); }
+  void SetSecondRecordSet(Recordset rows) { context_.state.secondRecordSet = std::move(rows); }
   void OnSaved(std::function<void(bool added, std::u16string_view number)> handler) {
-    parts_.state.whenSaved = std::move(handler);
+    context_.state.whenSaved = std::move(handler);
   }
   void OnFailed(std::function<void(const Failure& failure)> handler) {
-    parts_.state.whenFailed = std::move(handler);
+    context_.state.whenFailed = std::move(handler);
   }
-  const Recordset& MemberList() const { return parts_.state.memberList; }
+  const Recordset& MemberList() const { return context_.state.memberList; }
 
   // Fills the form. Throws AutomationError, and is then unloaded. Requires: a member list, open.
   void Load();
@@ -48,8 +48,8 @@ class ItemClassForm {
   // A member by name only: it checks nothing and saves nothing.
   void CheckRecordSave() const {}
 
-  bool IsLoaded() const { return !parts_.HasEnded(); }
-  const FormState& State() const { return parts_.state; }
+  bool IsLoaded() const { return !context_.HasEnded(); }
+  const FormState& State() const { return context_.state; }
 
  private:
   void SetCaptions();
@@ -63,7 +63,7 @@ class ItemClassForm {
   void Add();
   void Exit();
 
-  FormContext parts_;
+  FormContext context_;
 };
 
 }  // namespace pricedown
