@@ -5,14 +5,6 @@
 #include "platform/skip.h"
 
 namespace pricedown {
-namespace {
-
-// All rights are checked on this object.
-constexpr std::int32_t kRightsObjectType = 1002;
-constexpr std::int32_t kRightsObjectNumber = 35;
-
-}  // namespace
-
 void PriceDown::ParentWindow_ToolBarClick(const ObjectPtr& tool) {
   if (HasEnded()) return;
   const std::shared_ptr<CommandBar> bar = commandBar_;
@@ -70,9 +62,7 @@ bool PriceDown::IsToolEnabled(std::u16string_view name) const {
 }
 
 void PriceDown::RunFromToolStrip(const ControlCommand& command) {
-  const bool allowed =
-      command.right == 0 ||
-      environment_.rights.Check(kRightsObjectType, kRightsObjectNumber, command.right);
+  const bool allowed = command.right == 0 || environment_.rights.Check(command.right);
   if (allowed && command.run != nullptr) command.run(*this);
   // The command may have ended the control. Without a window a reload would only lose the selected
   // class, which the end of the control stores.

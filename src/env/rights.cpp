@@ -9,6 +9,9 @@
 namespace pricedown {
 namespace {
 
+// The object on which all rights but the data scope are checked.
+constexpr std::int32_t kCheckedObjectType = 1002;
+constexpr std::int32_t kCheckedObjectNumber = 35;
 constexpr std::int32_t kDataScopeNumber = 151;
 
 struct ScopeMask {
@@ -20,8 +23,8 @@ constexpr std::array<ScopeMask, 3> kScopeMasks{{{0x400000, 2}, {0x200000, 1}, {0
 
 }  // namespace
 
-bool Rights::Check(std::int32_t objectType, std::int32_t objectNumber, std::int32_t accessMask) {
-  if (IsGranted(objectType, objectNumber, accessMask)) return true;
+bool Rights::Check(std::int32_t accessMask) {
+  if (IsGranted(kCheckedObjectType, kCheckedObjectNumber, accessMask)) return true;
   if (lifetime_.HasEnded()) return false;
   messages_.Inform(Translate(u"没有权限,请与系统管理员联系"));
   return false;

@@ -19,7 +19,7 @@ class Rights {
 
   // Whether the user has the right; shows a message when not. False without a message once the
   // control has ended. Throws AutomationError when the suite cannot answer.
-  bool Check(std::int32_t objectType, std::int32_t objectNumber, std::int32_t accessMask);
+  bool Check(std::int32_t accessMask);
 
   // Sets the data scope of the state for its object type; it keeps its value when none is granted.
   // Throws AutomationError when the suite cannot answer.

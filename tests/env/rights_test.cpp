@@ -30,7 +30,7 @@ class RightsTest : public EnvTest {
 
 TEST_F(RightsTest, AreGrantedWithoutAMessage) {
   factory.Object(kLedgerData).On(u"AccessCheck", Reply(true));
-  EXPECT_TRUE(rights.Check(1002, 35, 0x10));
+  EXPECT_TRUE(rights.Check(0x10));
   EXPECT_EQ(log.Text(), Lines(R"(
       create ZEPEBCGLView.GLData
       ZEPEBCGLView.GLData.AccessCheck(1002, 35, 16)
@@ -39,7 +39,7 @@ TEST_F(RightsTest, AreGrantedWithoutAMessage) {
 
 TEST_F(RightsTest, AreRefusedWithOneMessage) {
   factory.Object(kLedgerData).On(u"AccessCheck", Reply(false));
-  EXPECT_FALSE(rights.Check(1002, 35, 0x10));
+  EXPECT_FALSE(rights.Check(0x10));
   EXPECT_EQ(log.Text(), Lines(R"(
       create ZEPEBCGLView.GLData
       ZEPEBCGLView.GLData.AccessCheck(1002, 35, 16)
@@ -53,16 +53,16 @@ TEST_F(RightsTest, ConvertNumbersAndTextsToBooleans) {
       .On(u"AccessCheck", Reply(u"False"))
       .On(u"AccessCheck", Reply(Value()))
       .On(u"AccessCheck", Reply(u"maybe"));
-  EXPECT_TRUE(rights.Check(1, 1, 1));
-  EXPECT_FALSE(rights.Check(1, 1, 1));
-  EXPECT_FALSE(rights.Check(1, 1, 1));
-  EXPECT_EQ(ErrorOf([&] { rights.Check(1, 1, 1); }), NumberOf(ErrorNumber::TypeMismatch));
+  EXPECT_TRUE(rights.Check(1));
+  EXPECT_FALSE(rights.Check(1));
+  EXPECT_FALSE(rights.Check(1));
+  EXPECT_EQ(ErrorOf([&] { rights.Check(1); }), NumberOf(ErrorNumber::TypeMismatch));
 }
 
 TEST_F(RightsTest, KeepTheLedgerDataObject) {
   factory.Object(kLedgerData).On(u"AccessCheck", Reply(true));
-  rights.Check(1002, 35, 1);
-  rights.Check(1002, 35, 2);
+  rights.Check(1);
+  rights.Check(2);
   rights.ReadDataScope();
   EXPECT_EQ(log.Count("create ZEPEBCGLView.GLData"), 1u);
   EXPECT_EQ(factory.LiveObjects(), 1);
@@ -73,13 +73,13 @@ TEST_F(RightsTest, KeepTheLedgerDataObject) {
 TEST_F(RightsTest, CreateTheLedgerDataObjectAgainAfterAFailure) {
   factory.Object(kLedgerData).On(u"AccessCheck", Reply(true));
   factory.FailCall(1);
-  EXPECT_EQ(ErrorOf([&] { rights.Check(1, 1, 1); }), kInjectedFailure);
-  EXPECT_TRUE(rights.Check(1, 1, 1));
+  EXPECT_EQ(ErrorOf([&] { rights.Check(1); }), kInjectedFailure);
+  EXPECT_TRUE(rights.Check(1));
 }
 
 TEST_F(RightsTest, PassTheSuitesErrorOnWithoutAMessage) {
   factory.Object(kLedgerData).On(u"AccessCheck", Reply::Failing(-2147024891, u"拒绝访问"));
-  EXPECT_EQ(ErrorOf([&] { rights.Check(1, 1, 1); }), -2147024891);
+  EXPECT_EQ(ErrorOf([&] { rights.Check(1); }), -2147024891);
   EXPECT_EQ(log.Size(), 2u) << log.Text();
 }
 
@@ -106,7 +106,7 @@ TEST_F(RightsTest, AreRefusedWithoutAMessageOnceTheControlHasEnded) {
     lifetime = Lifetime();
     Rights ending(factory, state, messages, lifetime);
     log.Clear();
-    EXPECT_FALSE(ending.Check(1002, 35, 0x10));
+    EXPECT_FALSE(ending.Check(0x10));
     EXPECT_EQ(log.Text(), Lines(R"(
         create ZEPEBCGLView.GLData
         ZEPEBCGLView.GLData.AccessCheck(1002, 35, 16)
@@ -132,7 +132,7 @@ TEST_F(RightsTest, KeepNoLedgerDataObjectInWhoseCreationTheControlEnded) {
     lifetime.End();
     return script->NewObject(kLedgerData);
   });
-  EXPECT_FALSE(rights.Check(1002, 35, 0x10));
+  EXPECT_FALSE(rights.Check(0x10));
   EXPECT_EQ(state.ledgerData, nullptr);
   EXPECT_EQ(log.Text(), Lines(R"(
       create ZEPEBCGLView.GLData
