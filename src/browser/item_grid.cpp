@@ -20,7 +20,6 @@ namespace {
 
 // In width units.
 constexpr std::array<double, grid_columns::kCount> kColumnWidths{12, 20, 18, 12};
-constexpr std::int32_t kRowsBetweenReports = 512;
 
 }  // namespace
 

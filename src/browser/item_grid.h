@@ -26,6 +26,9 @@ inline constexpr std::array<std::u16string_view, grid_columns::kCount> kItemColu
 
 inline constexpr double kPriceUpperBound = 99999999999.99;
 
+// How often a long fill of grid or tree reports.
+inline constexpr std::int32_t kRowsBetweenReports = 512;
+
 class ItemGrid {
  public:
   ItemGrid(Environment& environment, BrowserState& state)

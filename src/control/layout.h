@@ -7,6 +7,8 @@
 
 namespace pricedown {
 
+// The size of the title's font.
+inline constexpr double kTitlePoints = 18;
 // The least width of either pane while the splitter is dragged.
 inline constexpr std::int32_t kMinimumPaneWidth = 1680;
 inline constexpr std::int32_t kSplitterWidth = 75;

@@ -16,12 +16,6 @@
 #include "platform/text.h"
 
 namespace pricedown {
-namespace {
-
-constexpr double kTitlePoints = 18;
-
-}  // namespace
-
 PriceDown::PriceDown(PriceDownPorts ports)
     : ports_(std::move(ports)),
       environment_(ports_.factory, ports_.state, ports_.questions, ports_.screen,

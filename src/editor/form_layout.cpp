@@ -22,7 +22,6 @@ constexpr std::int32_t kPercentageWidth = 90;
 constexpr std::int32_t kLookupGap = 3;
 constexpr std::int32_t kLookupWidth = 28;
 constexpr std::int32_t kMinimumFieldWidth = 160;
-constexpr std::int32_t kRowMargin = 5;  // of an item row, above and below its text together
 constexpr std::int32_t kMinimumItemRows = 4;
 constexpr std::int32_t kFirstItemRows = 11;
 // The three columns of the list, a scroll bar and edges.
@@ -53,7 +52,7 @@ class Layout {
   }
   // The height of the form with so many rows in the item list, the title row not counted.
   std::int32_t HeightWith(std::int32_t itemRows) const {
-    const std::int32_t rowHeight = measures_.lineHeight + Scale(kRowMargin);
+    const std::int32_t rowHeight = measures_.lineHeight + Scale(kItemRowMargin);
     return HeaderTop() + HeaderHeight() + Scale(kMargin) + CaptionHeight() +
            (itemRows + 1) * rowHeight + Scale(kFrameInset) + Scale(kMargin);
   }

@@ -10,6 +10,9 @@
 
 namespace pricedown {
 
+// Of a row of the item list, above and below its text together; pixels at 96 dpi.
+inline constexpr std::int32_t kItemRowMargin = 5;
+
 // What depends on fonts and texts; pixels.
 struct FormMeasures {
   std::int32_t toolStripHeight = 0;

@@ -6,7 +6,7 @@
 namespace pricedown {
 
 std::u16string FailureText(const Failure& failure) {
-  return Translate(failure.description.empty() ? u"意外错误" : failure.description);
+  return Translate(failure.description.empty() ? kUnexpectedError : failure.description);
 }
 
 void Messages::Inform(std::u16string_view text) {

@@ -12,7 +12,6 @@ namespace {
 
 // Short enough to need no memory of their own.
 constexpr std::u16string_view kNoMemory = u"内存不足";
-constexpr std::u16string_view kUnexpected = u"意外错误";
 
 void Set(Failure& failure, ErrorNumber code, std::u16string_view description) {
   failure.code = static_cast<std::int32_t>(code);
@@ -29,10 +28,10 @@ void Describe(Failure& failure) {
   } catch (const std::bad_alloc&) {
     Set(failure, ErrorNumber::OutOfMemory, kNoMemory);
   } catch (const std::exception& error) {
-    Set(failure, ErrorNumber::Unspecified, kUnexpected);
+    Set(failure, ErrorNumber::Unspecified, kUnexpectedError);
     failure.source = FromUtf8(error.what());
   } catch (...) {
-    Set(failure, ErrorNumber::Unexpected, kUnexpected);
+    Set(failure, ErrorNumber::Unexpected, kUnexpectedError);
   }
 }
 

@@ -4,8 +4,12 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace pricedown {
+
+// Describes a failure that has no description.
+inline constexpr std::u16string_view kUnexpectedError = u"意外错误";
 
 struct Failure {
   std::int32_t code = 0;  // an HRESULT; always a failure once filled

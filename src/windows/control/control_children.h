@@ -63,7 +63,7 @@ struct ControlChildren {
   HINSTANCE module;
   VisualStyles styles;
   // Declared before the windows that show them, to outlive those.
-  Font titleDescription{u"", 18};  // without a name the system's
+  Font titleDescription{u"", kTitlePoints};  // without a name the system's
   FontHandle titleFont;
   FontHandle textFont;
   FontHandle labelFont;

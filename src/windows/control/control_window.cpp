@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "browser/item_grid.h"
 #include "windows/base/dpi.h"
 #include "windows/base/rectangles.h"
 #include "windows/control/control_children.h"
@@ -209,9 +210,7 @@ void ControlWindow::ClearNodes() { children_->tree.ClearNodes(); }
 
 void ControlWindow::InsertNode(NodeIndex index, NodeIndex parent, std::u16string_view text) {
   children_->tree.InsertNode(index, parent, text);
-  // Nodes between two looks at the clock.
-  constexpr NodeIndex kNodesBetween = 512;
-  if (index % kNodesBetween == 0 && work_.FillIsLong(Clock::now())) ShowProgress();
+  if (index % kRowsBetweenReports == 0 && work_.FillIsLong(Clock::now())) ShowProgress();
 }
 
 void ControlWindow::SelectNode(NodeIndex index) { children_->tree.SelectNode(index); }

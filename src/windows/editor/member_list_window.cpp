@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "editor/form_layout.h"
 #include "env/translation.h"
 #include "windows/base/clipboard.h"
 #include "windows/base/context_menu.h"
@@ -17,7 +18,6 @@
 namespace pricedown::windows {
 namespace {
 
-constexpr int kRowMargin = 5;  // above and below a row's text together; pixels at 96 dpi
 constexpr std::u16string_view kEmptyHint = u"尚无物料，请点击“增加物料”添加";
 
 // The list view counts items from 0.
@@ -58,7 +58,7 @@ void MemberListWindow::Create(HWND parent, HINSTANCE module, Dpi dpi, std::u16st
 void MemberListWindow::SetFont(HFONT font) {
   if (Handle() == nullptr) return;
   SetFontOf(Handle(), font);
-  const int height = LineHeight(Handle(), font) + dpi_.Scale(kRowMargin);
+  const int height = LineHeight(Handle(), font) + dpi_.Scale(kItemRowMargin);
   const HIMAGELIST spacer = ImageList_Create(1, height, ILC_COLOR, 1, 0);
   if (const HIMAGELIST before = ListView_SetImageList(Handle(), spacer, LVSIL_SMALL)) {
     ImageList_Destroy(before);
