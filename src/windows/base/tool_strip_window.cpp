@@ -220,8 +220,10 @@ void ToolStripWindow::SetTooltip(const Command& button, std::u16string_view tool
 }
 
 void ToolStripWindow::OnCommand(int id) {
-  if (id == control_ids::kMoreButtons) pending_->more = true;
-  if (const Command* button = ButtonOf(static_cast<std::size_t>(id))) pending_->pressed = button;
+  if (id == control_ids::kMoreButtons) pressed_.Value().more = true;
+  if (const Command* button = ButtonOf(static_cast<std::size_t>(id))) {
+    pressed_.Value().button = button;
+  }
 }
 
 LRESULT ToolStripWindow::OnNotify(NMHDR& header) const {
@@ -264,14 +266,11 @@ bool ToolStripWindow::SharesFrameWith(HWND window) const {
 
 // The default handling of a message, then the press that it reported.
 LRESULT ToolStripWindow::OnSystemPart(UINT message, WPARAM wParam, LPARAM lParam) {
-  const std::shared_ptr<Pending> pending = pending_;
-  ++pending->depth;
-  const LRESULT result = Default(message, wParam, lParam);
-  if (--pending->depth > 0 || pending.use_count() == 1) return result;
-  if (std::exchange(pending->more, false)) {
+  const auto [result, pressed] = pressed_.After([&] { return Default(message, wParam, lParam); });
+  if (pressed.more) {
     ChooseFromRest();
-  } else if (pending->pressed != nullptr) {
-    events_.CommandChosen(*std::exchange(pending->pressed, nullptr));
+  } else if (pressed.button != nullptr) {
+    events_.CommandChosen(*pressed.button);
   }
   return result;
 }

@@ -7,7 +7,6 @@
 #include <commctrl.h>
 
 #include <cstddef>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -18,6 +17,7 @@
 #include "windows/base/control_ids.h"
 #include "windows/base/dpi.h"
 #include "windows/base/image_list.h"
+#include "windows/base/pending_report.h"
 #include "windows/base/tool_strip_events.h"
 
 namespace pricedown::windows {
@@ -56,11 +56,10 @@ class ToolStripWindow final : public BoundWindow {
   bool AcceptsFocus() const;
 
  private:
-  // As in tree_window.h.
-  struct Pending {
-    int depth = 0;
-    const Command* pressed = nullptr;
-    bool more = false;  // the arrow was pressed
+  // What the user pressed while the toolbar handles a message.
+  struct Pressed {
+    const Command* button = nullptr;
+    bool more = false;  // the arrow
   };
 
   static constexpr int kNoButton = -1;
@@ -110,7 +109,7 @@ class ToolStripWindow final : public BoundWindow {
   int returnsTo_ = kNoButton;             // hot when the focus went to another window
   ImageList images_;
   ImageList disabledImages_;
-  std::shared_ptr<Pending> pending_ = std::make_shared<Pending>();
+  PendingReport<Pressed> pressed_;
 };
 
 }  // namespace pricedown::windows

@@ -208,14 +208,14 @@ LRESULT TreeWindow::OnNotify(NMHDR& header) {
     case NM_CUSTOMDRAW:
       return OnDraw(reinterpret_cast<NMTVCUSTOMDRAW&>(header));
     case NM_CLICK:
-      if (MouseIsOnNode()) pending_->clicked = true;
+      if (MouseIsOnNode()) clicked_.Value() = true;
       return 0;
     case TVN_SELCHANGINGW:
     case TVN_SELCHANGINGA:
       return takingFocus_ ? TRUE : FALSE;
     case TVN_SELCHANGEDW:
     case TVN_SELCHANGEDA:
-      if (!selecting_) pending_->clicked = true;
+      if (!selecting_) clicked_.Value() = true;
       return 0;
     default:
       return 0;
@@ -248,7 +248,7 @@ bool TreeWindow::OnKeyDown(WPARAM key, bool repeated) {
   }
   SelectNode(marked_);
   // Also when the key leads nowhere: the node is the selected one now.
-  pending_->clicked = true;
+  clicked_.Value() = true;
   return false;
 }
 
@@ -298,14 +298,8 @@ LRESULT TreeWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     return 0;
   }
   if (message == WM_CONTEXTMENU && OnContextMenu(lParam)) return 0;
-  const std::shared_ptr<Pending> pending = pending_;
-  ++pending->depth;
-  const LRESULT result = Default(message, wParam, lParam);
-  if (--pending->depth > 0 || !pending->clicked) return result;
-  pending->clicked = false;
-  // The notification came from the living tree during this message, but its window may have been
-  // destroyed since.
-  if (pending.use_count() == 1) return result;
+  const auto [result, clicked] = clicked_.After([&] { return Default(message, wParam, lParam); });
+  if (!clicked) return result;
   if (const NodeIndex node = SelectedNode(); node != kNoNode) events_.NodeClicked(node);
   return result;
 }

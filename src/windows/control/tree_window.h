@@ -5,7 +5,6 @@
 
 #include <commctrl.h>
 
-#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -14,6 +13,7 @@
 #include "windows/base/dpi.h"
 #include "windows/base/fonts.h"
 #include "windows/base/image_list.h"
+#include "windows/base/pending_report.h"
 #include "windows/control/child_events.h"
 
 namespace pricedown::windows {
@@ -41,13 +41,6 @@ class TreeWindow final : public BoundWindow {
   LRESULT OnNotify(NMHDR& header);
 
  private:
-  // What the user did while the tree handles a message. Shared, because the tree may be destroyed
-  // during the default handling.
-  struct Pending {
-    int depth = 0;
-    bool clicked = false;
-  };
-
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   LRESULT OnFocus(WPARAM wParam, LPARAM lParam);
   bool OnKeyDown(WPARAM key, bool repeated);
@@ -66,7 +59,7 @@ class TreeWindow final : public BoundWindow {
   Dpi dpi_;
   ImageList images_;
   FontHandle font_;
-  std::shared_ptr<Pending> pending_ = std::make_shared<Pending>();
+  PendingReport<bool> clicked_;  // a node, or selected one by keyboard
   NodeIndex lastSelected_ = kNoNode;
   bool selecting_ = false;    // by the core
   bool takingFocus_ = false;  // keeps the system from selecting the first node
