@@ -42,7 +42,7 @@ LRESULT PaneWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_ERASEBKGND) return 1;
   if (message != WM_PAINT) return Default(message, wParam, lParam);
   const PaintDc paint(Handle());
-  FillArea(paint.Get(), paint.Area(), GetSysColor(COLOR_BTNFACE));
+  FillButtonFace(paint.Get(), paint.Area());
   return 0;
 }
 

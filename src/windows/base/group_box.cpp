@@ -16,12 +16,7 @@ void GroupBox::Create(HWND parent, HINSTANCE module, int id) {
 }
 
 LRESULT GroupBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_ERASEBKGND) {
-    RECT area{};
-    GetClientRect(Handle(), &area);
-    FillArea(reinterpret_cast<HDC>(wParam), area, GetSysColor(COLOR_BTNFACE));
-    return 1;
-  }
+  if (message == WM_ERASEBKGND) return OnEraseButtonFace(Handle(), wParam);
   return Default(message, wParam, lParam);
 }
 

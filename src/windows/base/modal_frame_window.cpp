@@ -165,12 +165,6 @@ void ModalFrameWindow::OnSystemChange(UINT message, WPARAM wParam, LPARAM lParam
   RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
-void ModalFrameWindow::OnErase(HDC context) {
-  RECT area{};
-  GetClientRect(Handle(), &area);
-  FillArea(context, area, GetSysColor(COLOR_BTNFACE));
-}
-
 LRESULT ModalFrameWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_COMMAND:
@@ -188,8 +182,7 @@ LRESULT ModalFrameWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) 
       }
       return 0;
     case WM_ERASEBKGND:
-      OnErase(reinterpret_cast<HDC>(wParam));
-      return 1;
+      return OnEraseButtonFace(Handle(), wParam);
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLORBTN:
       return OnButtonFace(wParam);

@@ -88,7 +88,6 @@ class ModalFrameWindow : public CommandWindow, protected BoundWindow {
   void OnActivate(bool active);
   void OnDpiChanged(const RECT& suggested);
   void OnSystemChange(UINT message, WPARAM wParam, LPARAM lParam);
-  void OnErase(HDC context);
 
   HINSTANCE module_;
   int icon_;

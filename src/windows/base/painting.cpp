@@ -28,6 +28,17 @@ void FillArea(HDC context, const RECT& area, COLORREF colour) {
   SetBkColor(context, previous);
 }
 
+void FillButtonFace(HDC context, const RECT& area) {
+  FillArea(context, area, GetSysColor(COLOR_BTNFACE));
+}
+
+LRESULT OnEraseButtonFace(HWND window, WPARAM context) {
+  RECT area{};
+  GetClientRect(window, &area);
+  FillButtonFace(reinterpret_cast<HDC>(context), area);
+  return TRUE;
+}
+
 void PaintFrame(HDC context, HWND window, const RECT& frame) {
   RECT edge = frame;
   const HTHEME theme = OpenThemeData(window, L"TREEVIEW");

@@ -28,6 +28,10 @@ class BufferedPaint {
 
 // Fills with a solid colour.
 void FillArea(HDC context, const RECT& area, COLORREF colour);
+// The colour of a button's face, the ground of frames and bars.
+void FillButtonFace(HDC context, const RECT& area);
+// Answers WM_ERASEBKGND: fills the client area with that colour.
+LRESULT OnEraseButtonFace(HWND window, WPARAM context);
 // The frame of a tree view: that of the visual style, or a sunken one.
 void PaintFrame(HDC context, HWND window, const RECT& frame);
 // `share` of 255 of the way from one colour to another.

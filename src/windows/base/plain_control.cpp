@@ -60,4 +60,15 @@ void SetPlaceOf(HWND window, const RECT& place) {
                SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+RECT AreaInParent(HWND window) {
+  RECT area{};
+  GetWindowRect(window, &area);
+  MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&area), 2);
+  return area;
+}
+
+bool HasVisibleStyle(HWND window) {
+  return (GetWindowLongPtrW(window, GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
 }  // namespace pricedown::windows

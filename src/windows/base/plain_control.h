@@ -29,5 +29,9 @@ std::u16string TextOf(HWND window);
 void SetTextOf(HWND window, std::u16string_view text);
 void SetFontOf(HWND window, HFONT font);
 void SetPlaceOf(HWND window, const RECT& place);
+// Its area in the coordinates of its parent.
+RECT AreaInParent(HWND window);
+// Whether the window is shown as far as it depends on itself; its parents may be hidden.
+bool HasVisibleStyle(HWND window);
 
 }  // namespace pricedown::windows

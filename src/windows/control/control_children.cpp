@@ -99,7 +99,7 @@ void ControlChildren::UpdateResolution(Dpi dpi) {
 
 void ControlChildren::ShowProgress(bool show) {
   const HWND bar = progressBar.Handle();
-  if (bar == nullptr || show == ((GetWindowLongPtrW(bar, GWL_STYLE) & WS_VISIBLE) != 0)) return;
+  if (bar == nullptr || show == HasVisibleStyle(bar)) return;
   SendMessageW(bar, PBM_SETMARQUEE, show ? TRUE : FALSE, kMarqueePause);
   ShowWindow(bar, show ? SW_SHOWNA : SW_HIDE);
   statusBar.SetPanel(StatusPanel::Wait, show ? Translate(u"请稍候…") : u"");

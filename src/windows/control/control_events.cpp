@@ -20,12 +20,12 @@ namespace {
 
 void PaintBackground(HWND window) {
   const PaintDc paint(window);
-  FillArea(paint.Get(), paint.Area(), GetSysColor(COLOR_BTNFACE));
+  FillButtonFace(paint.Get(), paint.Area());
 }
 
 void EraseBackground(HDC context) {
   RECT area{};
-  if (GetClipBox(context, &area) != ERROR) FillArea(context, area, GetSysColor(COLOR_BTNFACE));
+  if (GetClipBox(context, &area) != ERROR) FillButtonFace(context, area);
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "windows/base/dpi.h"
 #include "windows/base/gdi.h"
 #include "windows/base/painting.h"
+#include "windows/base/plain_control.h"
 #include "windows/base/rectangles.h"
 #include "windows/com/wide_text.h"
 #include "windows/control/control_children.h"
@@ -21,11 +22,8 @@ namespace {
 using Placement = std::pair<HWND, RECT>;
 
 bool IsPlaced(HWND window, const RECT& area) {
-  const bool isShown = (GetWindowLongPtrW(window, GWL_STYLE) & WS_VISIBLE) != 0;
-  if (isShown == (IsRectEmpty(&area) != FALSE)) return false;
-  RECT place{};
-  GetWindowRect(window, &place);
-  MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&place), 2);
+  if (HasVisibleStyle(window) == (IsRectEmpty(&area) != FALSE)) return false;
+  const RECT place = AreaInParent(window);
   return EqualRect(&place, &area) != FALSE;
 }
 
@@ -98,10 +96,8 @@ void DrawWindow(HDC context, HWND window) {
   // From the lowest one up: the find bar lies over a heading.
   for (HWND child = GetWindow(GetWindow(window, GW_CHILD), GW_HWNDLAST); child != nullptr;
        child = GetWindow(child, GW_HWNDPREV)) {
-    if ((GetWindowLongPtrW(child, GWL_STYLE) & WS_VISIBLE) == 0) continue;
-    RECT place{};
-    GetWindowRect(child, &place);
-    MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&place), 2);
+    if (!HasVisibleStyle(child)) continue;
+    const RECT place = AreaInParent(child);
     const SavedDc before(context);
     OffsetWindowOrgEx(context, -place.left, -place.top, nullptr);
     DrawWindow(context, child);
@@ -151,10 +147,7 @@ void ControlChildren::MoveFindBar() {
   if (!findBar.IsOpen()) return;
   const HWND heading =
       findBar.Pane() == FindPane::Tree ? classHeading.Handle() : itemHeading.Handle();
-  RECT area{};
-  GetWindowRect(heading, &area);
-  MapWindowPoints(nullptr, GetParent(heading), reinterpret_cast<POINT*>(&area), 2);
-  findBar.MoveTo(area);
+  findBar.MoveTo(AreaInParent(heading));
 }
 
 void ControlWindow::Draw(HDC context, const RECT& pixels) {
@@ -171,7 +164,7 @@ void ControlWindow::Draw(HDC context, const RECT& pixels) {
   SetViewportOrgEx(context, target.left, target.top, nullptr);
   SetViewportExtEx(context, WidthOf(target), HeightOf(target), nullptr);
   IntersectClipRect(context, 0, 0, client.right, client.bottom);
-  FillArea(context, client, GetSysColor(COLOR_BTNFACE));
+  FillButtonFace(context, client);
   DrawWindow(context, Handle());
 }
 

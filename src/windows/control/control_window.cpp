@@ -5,6 +5,7 @@
 
 #include "browser/item_grid.h"
 #include "windows/base/dpi.h"
+#include "windows/base/plain_control.h"
 #include "windows/base/rectangles.h"
 #include "windows/control/control_children.h"
 
@@ -89,8 +90,7 @@ void ControlWindow::UpdateInput(bool shown) {
 }
 
 bool ControlWindow::IsShown() const {
-  return Handle() != nullptr &&
-         (paintingPaused_ || (GetWindowLongPtrW(Handle(), GWL_STYLE) & WS_VISIBLE) != 0);
+  return Handle() != nullptr && (paintingPaused_ || HasVisibleStyle(Handle()));
 }
 
 bool ControlWindow::Holds(HWND window) const {

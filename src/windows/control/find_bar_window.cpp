@@ -203,7 +203,7 @@ void FindBarWindow::SetCount(std::u16string_view text, bool counting) {
 void FindBarWindow::Paint(HDC context) const {
   RECT area{};
   GetClientRect(Handle(), &area);
-  FillArea(context, area, GetSysColor(COLOR_BTNFACE));
+  FillButtonFace(context, area);
   DrawEdge(context, &area, BDR_RAISEDINNER, BF_RECT);
 }
 

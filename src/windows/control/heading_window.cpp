@@ -29,7 +29,7 @@ void HeadingWindow::Create(HWND parent, HINSTANCE module, int id, std::u16string
 
 void HeadingWindow::Paint(HDC context, const RECT& area) {
   RECT panel = area;
-  FillArea(context, panel, GetSysColor(COLOR_BTNFACE));
+  FillButtonFace(context, panel);
   DrawEdge(context, &panel, BDR_RAISEDINNER, BF_RECT | BF_ADJUST);
   panel.left += Dpi::Of(Handle()).Scale(kTextMargin);
   const std::wstring text = ToWide(TextOf(Handle()));

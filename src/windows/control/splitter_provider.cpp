@@ -6,6 +6,7 @@
 
 #include "control/layout.h"
 #include "windows/base/dpi.h"
+#include "windows/base/plain_control.h"
 
 namespace pricedown::windows {
 namespace {
@@ -31,12 +32,7 @@ SplitterRange RangeOf(HWND splitter) {
 
 }  // namespace
 
-int SplitterPosition(HWND splitter) {
-  RECT area{};
-  GetWindowRect(splitter, &area);
-  MapWindowPoints(nullptr, GetParent(splitter), reinterpret_cast<POINT*>(&area), 2);
-  return area.left;
-}
+int SplitterPosition(HWND splitter) { return AreaInParent(splitter).left; }
 
 IUnknown* SplitterProvider::FindPattern(PATTERNID pattern) {
   return pattern == UIA_RangeValuePatternId ? static_cast<IRangeValueProvider*>(this) : nullptr;

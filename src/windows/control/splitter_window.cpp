@@ -32,7 +32,7 @@ void SplitterWindow::Create(HWND parent, HINSTANCE module, std::u16string_view n
 
 void SplitterWindow::OnPaint() {
   const PaintDc paint(Handle());
-  FillArea(paint.Get(), paint.Area(), GetSysColor(COLOR_BTNFACE));
+  FillButtonFace(paint.Get(), paint.Area());
   if (GetFocus() == Handle() && !dragging_) {
     RECT area{};
     GetClientRect(Handle(), &area);

@@ -143,7 +143,7 @@ class Painter {
   void PaintTitles() {
     const RECT band{0, 0, scene_.window.cx, geometry_.TitleHeight()};
     if (!IsVisible(band)) return;
-    FillArea(context_, band, GetSysColor(COLOR_BTNFACE));
+    FillButtonFace(context_, band);
     SetTextColor(context_, GetSysColor(COLOR_BTNTEXT));
     for (std::int32_t column = 1; column <= geometry_.Columns(); ++column) {
       RECT area{geometry_.Left(column) - scene_.viewport.Left(), 0,

@@ -111,12 +111,8 @@ LRESULT PrintProgress::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CLOSE:
       cancelled_ = true;
       return 0;
-    case WM_ERASEBKGND: {
-      RECT area{};
-      GetClientRect(Handle(), &area);
-      FillRect(reinterpret_cast<HDC>(wParam), &area, GetSysColorBrush(COLOR_BTNFACE));
-      return 1;
-    }
+    case WM_ERASEBKGND:
+      return OnEraseButtonFace(Handle(), wParam);
     case WM_CTLCOLORSTATIC:
       return OnButtonFace(wParam);
     default:
