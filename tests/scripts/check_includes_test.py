@@ -113,6 +113,8 @@ class CheckIncludes(unittest.TestCase):
     def test_refuses_what_a_workbench_folder_may_not_know(self):
         self.assert_refused("workbench/company/new.h", '"platform/text.h"',
                             "workbench/company may not include platform")
+        self.assert_refused("workbench/passwords/new.h", '"workbench/company/schema.h"',
+                            "workbench/passwords may not include workbench/company")
         self.assert_refused("workbench/suite/new.h", "<Windows.h>",
                             "workbench/suite is built natively too")
 

@@ -6,6 +6,7 @@
 #include <span>
 
 #include "workbench/company/case_folding.h"
+#include "workbench/passwords/password_keys.h"
 
 namespace workbench {
 namespace {
@@ -23,7 +24,6 @@ constexpr std::string_view kLoginKeys[] = {"uid",
                                            "trustservercertificate"};
 constexpr std::string_view kSettingKeys[] = {"tds_version", "clientcharset", "sslmode",
                                              "applicationintent"};
-constexpr std::string_view kPasswordKeys[] = {"pwd", "password", "passwd", "pass", "accesstoken"};
 constexpr std::string_view kOtherKeys[] = {"provider", "savefile"};
 
 struct Entry {

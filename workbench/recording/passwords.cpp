@@ -2,11 +2,13 @@
 #include "workbench/recording/passwords.h"
 
 #include <algorithm>
+#include <iterator>
+
+#include "workbench/passwords/password_keys.h"
 
 namespace workbench {
 namespace {
 
-constexpr std::string_view kPasswordKeys[] = {"pwd", "password", "passwd", "pass", "accesstoken"};
 constexpr std::string_view kHidden = "***";
 constexpr std::string_view kBlanks = " \t\r\n";
 
