@@ -14,7 +14,7 @@
 #include "windows/base/system_functions.h"
 #include "windows/com/com_object_factory.h"
 #include "windows/com/com_ptr.h"
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 #include "windows/com/variant_value.h"
 
 namespace bench {

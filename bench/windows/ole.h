@@ -3,7 +3,7 @@
 
 #include <ole2.h>
 
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 
 namespace bench {
 

@@ -8,7 +8,7 @@
 #include "control/commands.h"
 #include "windows/base/dpi.h"
 #include "windows/base/fonts.h"
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 #include "windows/com/wide_text.h"
 
 namespace bench {

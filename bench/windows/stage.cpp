@@ -11,11 +11,11 @@
 #include "bench/windows/ole.h"
 #include "bench/windows/raw_tree.h"
 #include "platform/text.h"
-#include "windows/base/automation.h"
 #include "windows/base/control_ids.h"
+#include "windows/base/ui_automation.h"
 #include "windows/base/windows_screen.h"
 #include "windows/com/com_object_factory.h"
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 #include "windows/control/control_window.h"
 
 namespace bench {
@@ -31,7 +31,7 @@ class NoContainer final : public ContainerWindow {
 };
 
 // Clients that ask for providers and listen to no events.
-class NobodyListens final : public win::Automation {
+class NobodyListens final : public win::UiAutomation {
  public:
   LRESULT ReturnProvider(HWND, WPARAM, LPARAM, IRawElementProviderSimple*) override { return 0; }
   win::ComPtr<IRawElementProviderSimple> HostProvider(HWND) override { return {}; }

@@ -3,7 +3,7 @@
 
 #include "platform/error.h"
 #include "platform/text.h"
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 #include "windows/com/wide_text.h"
 
 namespace workbench {

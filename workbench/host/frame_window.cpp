@@ -8,7 +8,7 @@
 #include "platform/text.h"
 #include "windows/base/dpi.h"
 #include "windows/base/painting.h"
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 #include "windows/com/wide_text.h"
 #include "workbench/company/location.h"
 #include "workbench/host/messages.h"

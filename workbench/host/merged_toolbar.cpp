@@ -11,7 +11,7 @@
 #include "platform/skip.h"
 #include "windows/base/fonts.h"
 #include "windows/base/gdi.h"
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 #include "windows/com/wide_text.h"
 #include "workbench/host/resource_ids.h"
 

@@ -5,7 +5,7 @@
 
 #include "windows/base/gdi.h"
 #include "windows/com/com_ptr.h"
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 
 namespace workbench {
 

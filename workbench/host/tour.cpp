@@ -12,7 +12,7 @@
 #include "platform/error.h"
 #include "platform/skip.h"
 #include "windows/base/control_ids.h"
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 #include "workbench/host/messages.h"
 #include "workbench/host/resource_ids.h"
 #include "workbench/host/screenshot.h"

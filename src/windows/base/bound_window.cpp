@@ -4,7 +4,7 @@
 
 #include <utility>
 
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 
 namespace pricedown::windows {
 namespace {

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::windows {

@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "windows/base/system_functions.h"
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::windows {

@@ -9,7 +9,7 @@
 #include "windows/base/gdi.h"
 #include "windows/base/shared_values.h"
 #include "windows/base/system_functions.h"
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 
 // The linker's symbol for the start of the module that contains this code.
 extern "C" IMAGE_DOS_HEADER __ImageBase;  // NOLINT(bugprone-reserved-identifier)

@@ -4,7 +4,7 @@
 
 #include <windows.h>
 
-#include "windows/base/automation.h"
+#include "windows/base/ui_automation.h"
 #include "windows/com/boundary.h"
 
 namespace pricedown::windows {
@@ -13,7 +13,7 @@ namespace pricedown::windows {
 template <typename Access>
 struct ProviderLink {
   Access* access;  // null after the window's end
-  Automation& automation;
+  UiAutomation& automation;
 
   // Runs `body`, which returns an HRESULT, with the window; UIA_E_ELEMENTNOTAVAILABLE after its
   // end.

@@ -51,7 +51,7 @@ class WindowElement : public ComClass<IRawElementProviderSimple, Interfaces...> 
 
  protected:
   // Both must outlive the window.
-  WindowElement(Access& access, Automation& automation)
+  WindowElement(Access& access, UiAutomation& automation)
       : link_(std::make_shared<ProviderLink<Access>>(ProviderLink<Access>{&access, automation})) {}
 
   // Null for a pattern that the window lacks; adds no reference.

@@ -6,7 +6,7 @@
 
 #include <utility>
 
-#include "windows/base/automation.h"
+#include "windows/base/ui_automation.h"
 #include "windows/com/boundary.h"
 #include "windows/com/com_class.h"
 
@@ -17,7 +17,7 @@ template <typename Provider>
 class WindowProvider {
  public:
   // `automation` must outlive the object.
-  explicit WindowProvider(Automation& automation) : automation_(automation) {}
+  explicit WindowProvider(UiAutomation& automation) : automation_(automation) {}
   ~WindowProvider() { End(nullptr); }
   WindowProvider(const WindowProvider&) = delete;
   WindowProvider& operator=(const WindowProvider&) = delete;
@@ -35,7 +35,7 @@ class WindowProvider {
   ComPtr<Provider> Get() const { return provider_.Copy(); }
   // Whether a client may listen for events.
   bool IsListenedTo() const { return provider_ && automation_.ClientsAreListening(); }
-  Automation& System() const { return automation_; }
+  UiAutomation& System() const { return automation_; }
 
   // The window ends; null when it has ended already.
   void End(HWND window) noexcept {
@@ -49,7 +49,7 @@ class WindowProvider {
   }
 
  private:
-  Automation& automation_;
+  UiAutomation& automation_;
   ComPtr<Provider> provider_;
 };
 

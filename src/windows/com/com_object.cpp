@@ -7,8 +7,8 @@
 #include "platform/error.h"
 #include "platform/text.h"
 #include "windows/com/bstr.h"
-#include "windows/com/failure.h"
 #include "windows/com/outgoing_arguments.h"
+#include "windows/com/system_error.h"
 #include "windows/com/variant_value.h"
 
 namespace pricedown::windows {

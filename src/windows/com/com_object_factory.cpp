@@ -8,7 +8,7 @@
 #include "windows/com/com_object.h"
 #include "windows/com/com_ptr.h"
 #include "windows/com/dispatch_object.h"
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::windows {

@@ -1,7 +1,7 @@
 // Asks with a larger buffer until the path fits.
 #include "windows/com/module_path.h"
 
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 
 namespace pricedown::windows {
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <optional>
 
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 
 namespace pricedown::windows {
 namespace {

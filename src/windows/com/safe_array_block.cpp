@@ -6,7 +6,7 @@
 
 #include "platform/error.h"
 #include "windows/com/by_reference.h"
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::windows {

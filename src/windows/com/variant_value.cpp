@@ -10,8 +10,8 @@
 #include "platform/skip.h"
 #include "windows/com/bstr.h"
 #include "windows/com/by_reference.h"
-#include "windows/com/failure.h"
 #include "windows/com/safe_array_block.h"
+#include "windows/com/system_error.h"
 
 namespace pricedown::windows {
 namespace {

@@ -34,7 +34,7 @@ inline std::vector<const Command*> Buttons() {
 }
 
 struct ControlChildren {
-  ControlChildren(HINSTANCE theModule, ChildEvents& events, Automation& automation)
+  ControlChildren(HINSTANCE theModule, ChildEvents& events, UiAutomation& automation)
       : module(theModule),
         styles(theModule),
         tree(events),

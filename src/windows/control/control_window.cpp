@@ -17,7 +17,7 @@ constexpr Rectangle kFirstSize{0, 0, 9600, 6000};
 
 }  // namespace
 
-ControlWindow::ControlWindow(HINSTANCE module, Automation& automation)
+ControlWindow::ControlWindow(HINSTANCE module, UiAutomation& automation)
     : children_(
           std::make_unique<ControlChildren>(module, static_cast<ChildEvents&>(*this), automation)) {
   const VisualStyles::Scope styles(children_->styles);

@@ -13,9 +13,9 @@
 #include "control/price_down.h"
 #include "control/views.h"
 #include "platform/automation.h"
-#include "windows/base/automation.h"
 #include "windows/base/bound_window.h"
 #include "windows/base/command_window.h"
+#include "windows/base/ui_automation.h"
 #include "windows/control/child_events.h"
 
 namespace pricedown::windows {
@@ -32,7 +32,7 @@ class ControlWindow final : public PriceDownView,
  public:
   // Creates the window, hidden, in a hidden parking window of its own. Throws AutomationError when
   // a window cannot be created.
-  explicit ControlWindow(HINSTANCE module, Automation& automation = SystemAutomation());
+  explicit ControlWindow(HINSTANCE module, UiAutomation& automation = SystemUiAutomation());
   ~ControlWindow() override;
 
   // Sends window events to `control` and shows its grid; null detaches, which cannot fail.

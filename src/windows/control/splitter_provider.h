@@ -22,7 +22,7 @@ class SplitterAccess {
 class SplitterProvider final : public WindowElement<SplitterAccess, IRangeValueProvider> {
  public:
   // Both must outlive the window.
-  SplitterProvider(SplitterAccess& access, Automation& automation)
+  SplitterProvider(SplitterAccess& access, UiAutomation& automation)
       : WindowElement(access, automation) {}
 
   // IRangeValueProvider

@@ -14,7 +14,7 @@ namespace pricedown::windows {
 
 class SplitterWindow final : public BoundWindow, private SplitterAccess {
  public:
-  explicit SplitterWindow(ChildEvents& events, Automation& automation = SystemAutomation())
+  explicit SplitterWindow(ChildEvents& events, UiAutomation& automation = SystemUiAutomation())
       : events_(events), provider_(automation) {}
   ~SplitterWindow() override;
   // Throws AutomationError.

@@ -15,7 +15,7 @@
 #include "windows/base/keyboard.h"
 #include "windows/base/painting.h"
 #include "windows/base/plain_control.h"
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::windows {

@@ -57,8 +57,8 @@ void GridAccessibility::Announce(std::u16string_view text) noexcept {
   });
 }
 
-void GridAccessibility::Report(GridProvider& provider, Automation& automation, const State& before,
-                               const State& now, std::u16string_view text) {
+void GridAccessibility::Report(GridProvider& provider, UiAutomation& automation,
+                               const State& before, const State& now, std::u16string_view text) {
   const bool otherRows = now.rows != before.rows;
   const bool otherCell = otherRows || now.current != before.current;
   if (otherRows) automation.RaiseChildrenInvalidated(&provider);

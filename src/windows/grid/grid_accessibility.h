@@ -18,7 +18,7 @@ namespace pricedown::windows {
 class GridAccessibility {
  public:
   // Both must outlive the object.
-  GridAccessibility(GridAccess& access, Automation& automation)
+  GridAccessibility(GridAccess& access, UiAutomation& automation)
       : access_(access), provider_(automation) {}
 
   // While one lives, no update raises anything; the end of the last one raises what the whole step
@@ -72,7 +72,7 @@ class GridAccessibility {
   };
   State Now() const;
   // `text` is what the cell that was the current one shows now.
-  static void Report(GridProvider& provider, Automation& automation, const State& before,
+  static void Report(GridProvider& provider, UiAutomation& automation, const State& before,
                      const State& now, std::u16string_view text);
 
   GridAccess& access_;

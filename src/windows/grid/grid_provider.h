@@ -15,7 +15,7 @@ class GridProvider final
                          IScrollProvider, IItemContainerProvider> {
  public:
   // Both must outlive the window.
-  GridProvider(GridAccess& access, Automation& automation) : RootElement(access, automation) {}
+  GridProvider(GridAccess& access, UiAutomation& automation) : RootElement(access, automation) {}
 
   // A new provider of the element; throws std::bad_alloc.
   ComPtr<GridElementProvider> Element(GridElement element);

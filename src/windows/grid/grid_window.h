@@ -26,7 +26,7 @@ class GridWindow final : public BoundWindow,
                          private EditorEvents,
                          private GridAccess {
  public:
-  explicit GridWindow(GridEvents& events, Automation& automation = SystemAutomation())
+  explicit GridWindow(GridEvents& events, UiAutomation& automation = SystemUiAutomation())
       : events_(events), accessibility_(*this, automation) {}
   ~GridWindow() override;
   // Throws AutomationError.

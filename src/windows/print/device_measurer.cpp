@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "windows/base/gdi.h"
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::windows {

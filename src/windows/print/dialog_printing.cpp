@@ -5,7 +5,7 @@
 
 #include "print/print_order.h"
 #include "print/print_pages.h"
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 #include "windows/com/wide_text.h"
 #include "windows/print/device_measurer.h"
 #include "windows/print/print_dialog.h"

@@ -30,7 +30,7 @@ using PageLink = std::shared_ptr<ProviderLink<PageAccess>>;
 class PageProvider final : public RootElement<PageAccess, IValueProvider> {
  public:
   // Both must outlive the window.
-  PageProvider(PageAccess& access, Automation& automation) : RootElement(access, automation) {}
+  PageProvider(PageAccess& access, UiAutomation& automation) : RootElement(access, automation) {}
 
   // IRawElementProviderFragment
   STDMETHODIMP Navigate(NavigateDirection direction,

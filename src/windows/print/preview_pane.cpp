@@ -79,7 +79,7 @@ void PreviewPane::ReportText() {
   if (text == reportedText_) return;
   reportedText_ = text;
   const ComPtr<PageProvider> provider = provider_.Get();
-  Automation& automation = provider_.System();
+  UiAutomation& automation = provider_.System();
   automation.RaiseChildrenInvalidated(provider.get());
   Variant value;
   value.attach(PropertyText(text));

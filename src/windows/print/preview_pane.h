@@ -32,7 +32,7 @@ class PreviewPane final : public BoundWindow, private PageAccess {
  public:
   // All must outlive the pane.
   PreviewPane(PaneEvents& events, PreviewState& state, PreviewPages& pages,
-              Automation& automation = SystemAutomation())
+              UiAutomation& automation = SystemUiAutomation())
       : events_(events), state_(state), pages_(pages), provider_(automation) {}
   ~PreviewPane() override;
 

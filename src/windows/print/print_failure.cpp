@@ -6,7 +6,7 @@
 #include "env/translation.h"
 #include "platform/error.h"
 #include "platform/text.h"
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 
 namespace pricedown::windows {
 namespace {

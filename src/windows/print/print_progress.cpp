@@ -14,7 +14,7 @@
 #include "windows/base/dpi.h"
 #include "windows/base/painting.h"
 #include "windows/base/rectangles.h"
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 #include "windows/com/wide_text.h"
 #include "windows/print/preview_ids.h"
 

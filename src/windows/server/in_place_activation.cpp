@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "platform/error.h"
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 
 namespace pricedown::windows {
 namespace {

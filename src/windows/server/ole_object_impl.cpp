@@ -3,7 +3,7 @@
 
 #include <cstring>
 
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 #include "windows/server/idl/ZEPPriceDownPrepare.h"
 
 namespace pricedown::windows {

@@ -4,7 +4,7 @@
 
 #include "platform/convert.h"
 #include "platform/error.h"
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 #include "windows/com/variant_value.h"
 #include "windows/server/idl/ZEPPriceDownPrepare.h"
 

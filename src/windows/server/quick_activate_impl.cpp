@@ -1,7 +1,7 @@
 // The steps that a container would otherwise do one by one.
 #include "windows/server/quick_activate_impl.h"
 
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 #include "windows/server/idl/ZEPPriceDownPrepare.h"
 #include "windows/server/ole_object_impl.h"
 

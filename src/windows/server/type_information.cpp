@@ -3,8 +3,8 @@
 
 #include "windows/com/boundary.h"
 #include "windows/com/com_ptr.h"
-#include "windows/com/failure.h"
 #include "windows/com/module_path.h"
+#include "windows/com/system_error.h"
 #include "windows/server/module.h"
 
 namespace pricedown::windows {

@@ -5,7 +5,7 @@
 
 #include "windows/base/gdi.h"
 #include "windows/base/rectangles.h"
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 
 namespace pricedown::windows {
 namespace {

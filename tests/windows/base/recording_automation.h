@@ -7,12 +7,12 @@
 #include <string>
 #include <vector>
 
-#include "windows/base/automation.h"
+#include "windows/base/ui_automation.h"
 #include "windows/com/com_ptr.h"
 
 namespace pricedown::testing {
 
-class RecordingAutomation final : public windows::Automation {
+class RecordingAutomation final : public windows::UiAutomation {
  public:
   // Queries the window as a client does; null when it has no provider.
   windows::ComPtr<IRawElementProviderSimple> ProviderOf(HWND window);

@@ -9,7 +9,7 @@
 #include "platform/error.h"
 #include "tests/support/utf8.h"
 #include "tests/windows/raw_call.h"
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::testing {

@@ -7,8 +7,8 @@
 #include <string>
 
 #include "windows/com/bstr.h"
-#include "windows/com/failure.h"
 #include "windows/com/safe_array.h"
+#include "windows/com/system_error.h"
 
 namespace pricedown::testing {
 namespace {

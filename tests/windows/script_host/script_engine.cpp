@@ -13,7 +13,7 @@
 #include "windows/com/boundary.h"
 #include "windows/com/bstr.h"
 #include "windows/com/com_class.h"
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 #include "windows/com/variant_value.h"
 
 namespace pricedown::testing {

@@ -11,7 +11,7 @@
 #include "platform/text.h"
 #include "tests/windows/script_host/window_picture.h"
 #include "windows/com/com_ptr.h"
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 #include "windows/com/variant_value.h"
 #include "windows/com/wide_text.h"
 

@@ -9,7 +9,7 @@
 
 #include "platform/failure.h"
 #include "platform/text.h"
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::testing {

@@ -8,7 +8,7 @@
 
 #include "platform/text.h"
 #include "windows/base/control_ids.h"
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 
 namespace pricedown::testing {
 namespace {

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "windows/base/gdi.h"
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 #include "windows/com/wide_text.h"
 #include "workbench/pickers/dialog/row_images.h"
 #include "workbench/pickers/picker_ids.h"

@@ -9,7 +9,7 @@
 #include <type_traits>
 
 #include "windows/base/gdi.h"
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 #include "windows/print/page_painter.h"
 
 namespace pricedown::testing {

@@ -1,5 +1,5 @@
 // Calls the functions of the system's library, looked up once; those it lacks do nothing.
-#include "windows/base/automation.h"
+#include "windows/base/ui_automation.h"
 
 #include <array>
 #include <string>
@@ -23,8 +23,8 @@ void LoadSystemLibrary(const wchar_t* name) {
 }
 
 // Null where the system lacks the function.
-struct AutomationFunctions {
-  AutomationFunctions() {
+struct UiAutomationFunctions {
+  UiAutomationFunctions() {
     LoadSystemLibrary(kLibrary);
     Find(returnProvider, "UiaReturnRawElementProvider");
     Find(hostProvider, "UiaHostProviderFromHwnd");
@@ -55,12 +55,12 @@ struct AutomationFunctions {
 };
 
 // Loads the library at the first call.
-const AutomationFunctions& Functions() {
-  static const AutomationFunctions functions;
+const UiAutomationFunctions& Functions() {
+  static const UiAutomationFunctions functions;
   return functions;
 }
 
-class SystemAutomationLibrary final : public Automation {
+class SystemAutomationLibrary final : public UiAutomation {
  public:
   LRESULT ReturnProvider(HWND window, WPARAM wParam, LPARAM lParam,
                          IRawElementProviderSimple* provider) override {
@@ -111,7 +111,7 @@ class SystemAutomationLibrary final : public Automation {
 
 }  // namespace
 
-Automation& SystemAutomation() {
+UiAutomation& SystemUiAutomation() {
   static SystemAutomationLibrary automation;
   return automation;
 }

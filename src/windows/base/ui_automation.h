@@ -11,7 +11,7 @@
 namespace pricedown::windows {
 
 // Events and disconnecting are requests to the system: a failure has no effect on the window.
-class Automation {
+class UiAutomation {
  public:
   // The result of WM_GETOBJECT. A null provider disconnects the earlier one.
   virtual LRESULT ReturnProvider(HWND window, WPARAM wParam, LPARAM lParam,
@@ -31,11 +31,11 @@ class Automation {
   virtual void Disconnect(IRawElementProviderSimple* provider) = 0;
 
  protected:
-  ~Automation() = default;
+  ~UiAutomation() = default;
 };
 
 // The system's. Its library is loaded when a client first asks a window, and stays.
-Automation& SystemAutomation();
+UiAutomation& SystemUiAutomation();
 
 // Whether a client asks for the provider of the window, by WM_GETOBJECT.
 inline bool IsProviderRequest(LPARAM lParam) {

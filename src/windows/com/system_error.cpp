@@ -1,5 +1,5 @@
 // Texts of the system's codes, and the exceptions made from codes.
-#include "windows/com/failure.h"
+#include "windows/com/system_error.h"
 
 #include <algorithm>
 #include <array>
