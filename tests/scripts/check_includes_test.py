@@ -96,6 +96,13 @@ class CheckIncludes(unittest.TestCase):
                 self.assert_refused(f"src/windows/{source}/new.h", f'"windows/{target}/x.h"',
                                     f"windows/{source} may not include windows/{target}")
 
+    def test_refuses_in_the_skin_what_belongs_to_another_window(self):
+        for source, target in [("editor", "windows/grid"), ("print", "windows/grid"),
+                               ("editor", "browser"), ("print", "control"), ("control", "editor")]:
+            with self.subTest(source=source, target=target):
+                self.assert_refused(f"src/windows/{source}/new.h", f'"{target}/x.h"',
+                                    f"windows/{source} may not include {target}")
+
     def test_refuses_the_skin_and_the_system_in_the_core(self):
         self.assert_refused("src/control/new.h", '"windows/com/bstr.h"',
                             "control may not include windows/com")
