@@ -12,6 +12,7 @@
 #include "env/translation.h"
 #include "platform/convert.h"
 #include "platform/error.h"
+#include "platform/text.h"
 #include "windows/base/dpi.h"
 #include "windows/base/focus_return.h"
 #include "windows/base/fonts.h"
@@ -85,7 +86,14 @@ void Apply(HWND dialog, const Showing& showing) {
   SendMessageW(dialog, WM_CHOOSEFONT_GETLOGFONT, 0, reinterpret_cast<LPARAM>(&chosen));
   try {
     const double points = LeadingNumber(TextOf(GetDlgItem(dialog, cmb3)));
-    showing.apply(FontOf(chosen, points, showing));
+    const Font font = FontOf(chosen, points, showing);
+    if (font.size < kSmallestFontSize || font.size > kLargestFontSize) {
+      throw AutomationError(
+          ErrorNumber::InvalidArgument,
+          Concatenate({Translate(u"字号应在 "), NumberText(kSmallestFontSize), Translate(u" 到 "),
+                       NumberText(kLargestFontSize), Translate(u" 之间")}));
+    }
+    showing.apply(font);
   } catch (...) {
     ReportFailure(dialog, CurrentFailure());
   }
@@ -135,7 +143,9 @@ Font CommonFontDialog::Show(const Font& font, std::uint32_t flags) {
   dialog.lStructSize = sizeof dialog;
   dialog.hwndOwner = window_.DialogOwner();
   dialog.lpLogFont = &chosen;
-  dialog.Flags = flags | CF_INITTOLOGFONTSTRUCT | CF_ENABLEHOOK;
+  dialog.Flags = flags | CF_INITTOLOGFONTSTRUCT | CF_ENABLEHOOK | CF_LIMITSIZE;
+  dialog.nSizeMin = kSmallestFontSize;
+  dialog.nSizeMax = kLargestFontSize;
   // Without a printer there are none, and no context to look for them on.
   if (printer == nullptr) dialog.Flags &= ~static_cast<DWORD>(CF_PRINTERFONTS);
   dialog.hDC = printer.get();

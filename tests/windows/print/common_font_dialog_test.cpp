@@ -173,6 +173,29 @@ TEST_F(CommonFontDialogTest, AppliesAFractionalSize) {
        [&](const Font& font) { applied.push_back(font); });
 }
 
+TEST_F(CommonFontDialogTest, AppliesSizesFromFiveToSeventyTwoPoints) {
+  MessageBoxes boxes;
+  // Message boxes have the font dialog's window class; the dialog itself gets no answer.
+  boxes.WillPress({0, IDOK, IDOK});
+  std::vector<double> applied;
+  Steps steps;
+  for (const wchar_t* size : {L"4.9", L"5", L"72", L"161281"}) {
+    steps.push_back([this, size] {
+      Choose(cmb3, L"16");
+      SetDlgItemTextW(Dialog(), cmb3, size);
+      Press(psh3);
+    });
+    steps.insert(steps.end(), 4, [] {});
+  }
+  steps.push_back([this] { Press(IDCANCEL); });
+  Show({u"Tahoma", 9, false, false}, std::move(steps),
+       [&](const Font& font) { applied.push_back(font.size); });
+  EXPECT_EQ(applied, (std::vector<double>{5, 72}));
+  ASSERT_EQ(boxes.All().size(), 3u);
+  EXPECT_EQ(boxes.All()[1].text, "字号应在 5 到 72 之间");
+  EXPECT_EQ(boxes.All()[2].text, "字号应在 5 到 72 之间");
+}
+
 TEST_F(CommonFontDialogTest, ReportsAFailureOfApplyAndStaysOpen) {
   MessageBoxes boxes;
   // Message boxes have the font dialog's window class; the dialog itself gets no answer.
