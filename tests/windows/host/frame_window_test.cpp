@@ -43,18 +43,21 @@ class FrameWindowTest : public FrameWorld {};
 
 const std::vector<std::string> kOwnLines{"物料类别维护(&M)\tCtrl+1", "存货跌价准备(&P)\tCtrl+2"};
 
-// Or it fills a screen that is not so high.
-TEST_F(FrameWindowTest, HasTheSameHeightInInchesAtEveryResolution) {
+// `most` is where a screen that is smaller ends the frame.
+void ExpectInches(double expected, LONG pixels, int dpi, int most) {
+  if (pixels < most) {
+    EXPECT_NEAR(static_cast<double>(pixels) / dpi, expected, 0.05);
+  } else {
+    EXPECT_LT(most, expected * dpi);
+  }
+}
+
+TEST_F(FrameWindowTest, HasTheSameSizeInInchesAtEveryResolution) {
   RECT frame{};
   GetWindowRect(frame_.Handle(), &frame);
-  const double inches = static_cast<double>(frame.bottom - frame.top) /
-                        pricedown::windows::Dpi::Of(frame_.Handle()).Value();
-  const int most = GetSystemMetrics(SM_CYMAXTRACK);
-  if (frame.bottom - frame.top < most) {
-    EXPECT_NEAR(inches, 7.5, 0.05);
-  } else {
-    EXPECT_LT(most, 7.5 * pricedown::windows::Dpi::Of(frame_.Handle()).Value());
-  }
+  const int dpi = pricedown::windows::Dpi::Of(frame_.Handle()).Value();
+  ExpectInches(1100.0 / 96, frame.right - frame.left, dpi, GetSystemMetrics(SM_CXMAXTRACK));
+  ExpectInches(7.5, frame.bottom - frame.top, dpi, GetSystemMetrics(SM_CYMAXTRACK));
 }
 
 TEST_F(FrameWindowTest, HasNoToolsWithoutAChild) {

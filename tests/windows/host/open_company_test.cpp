@@ -13,6 +13,7 @@
 #include "workbench/host/frame_window.h"
 #include "workbench/host/recent_companies.h"
 #include "workbench/host/resource_ids.h"
+#include "workbench/host/window_icon.h"
 #include "workbench/sample/company_file.h"
 
 namespace workbench {
@@ -182,6 +183,15 @@ TEST_F(OpenCompany, OffersTheRecentOnesWithoutPasswords) {
     const HWND list = GetDlgItem(dialog, IDC_COMPANY);
     EXPECT_EQ(SendMessageW(list, CB_GETCOUNT, 0, 0), 8);
     EXPECT_EQ(Utf8(TextOf(list)), "Driver=D;Server=s;UID=u");
+    DialogUser::Press(dialog, IDCANCEL);
+  });
+  SendMessageW(frame_.Handle(), WM_COMMAND, IDM_FILE_OPEN, 0);
+}
+
+TEST_F(OpenCompany, ShowsTheProductsIcon) {
+  user_.Will([](HWND dialog) {
+    EXPECT_EQ(SendMessageW(dialog, WM_GETICON, ICON_SMALL, 0),
+              reinterpret_cast<LRESULT>(WindowIcon(SM_CXSMICON)));
     DialogUser::Press(dialog, IDCANCEL);
   });
   SendMessageW(frame_.Handle(), WM_COMMAND, IDM_FILE_OPEN, 0);
