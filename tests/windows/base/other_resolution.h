@@ -1,4 +1,5 @@
-// Windows as another resolution would have left them: large fonts, buttons and heights.
+// Windows as another resolution would have left them: large fonts and buttons, no pictures, other
+// heights.
 #pragma once
 
 #include <windows.h>
@@ -11,7 +12,8 @@
 
 namespace pricedown::testing {
 
-// Of each window its height, that of its font and, for a tool strip, that of its buttons.
+// Of each window its height, that of its font and, for a tool strip, those of its buttons and their
+// pictures.
 inline std::vector<LONG> HeightsOf(const std::vector<HWND>& windows) {
   std::vector<LONG> heights;
   for (const HWND window : windows) {
@@ -22,6 +24,11 @@ inline std::vector<LONG> HeightsOf(const std::vector<HWND>& windows) {
     GetObjectW(reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)), sizeof font, &font);
     heights.push_back(font.lfHeight);
     heights.push_back(HIWORD(SendMessageW(window, TB_GETBUTTONSIZE, 0, 0)));
+    int width = 0;
+    int height = 0;
+    const LRESULT pictures = SendMessageW(window, TB_GETIMAGELIST, 0, 0);
+    ImageList_GetIconSize(reinterpret_cast<HIMAGELIST>(pictures), &width, &height);
+    heights.push_back(height);
   }
   return heights;
 }
@@ -33,6 +40,7 @@ class OtherResolution {
     for (const HWND window : windows) {
       SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
       SendMessageW(window, TB_SETBUTTONSIZE, 0, MAKELPARAM(70, 70));
+      SendMessageW(window, TB_SETIMAGELIST, 0, 0);
       SetWindowPos(window, nullptr, 0, 0, 30, 7, SWP_NOMOVE | SWP_NOZORDER);
     }
   }
