@@ -57,10 +57,10 @@ std::size_t NodeCollection::SlotOf(std::u16string_view number) const {
 void NodeCollection::MakeRoom() {
   constexpr std::size_t kFewest = 64;
   if (2 * (nodes_.size() + 1) <= slots_.size()) return;
-  std::vector<NodeIndex> former(std::max(kFewest, 2 * slots_.size()), kNoNode);
-  former.swap(slots_);
-  for (const NodeIndex index : former) {
-    if (index != kNoNode) slots_[SlotOf(At(index).classNumber)] = index;
+  std::vector<NodeIndex>(std::max(kFewest, 2 * slots_.size()), kNoNode).swap(slots_);
+  // In the order of adding, on which RemoveLast relies.
+  for (NodeIndex index = kRootNode + 1; Contains(index); ++index) {
+    slots_[SlotOf(At(index).classNumber)] = index;
   }
 }
 
@@ -69,7 +69,7 @@ NodeId NodeCollection::IdOf(NodeIndex index) const {
 }
 
 void NodeCollection::RemoveLast() {
-  // No class was added behind it that its slot leads to.
+  // No class was added after it, so that none is found by way of its slot.
   if (nodes_.size() > 1) slots_[SlotOf(nodes_.back().classNumber)] = kNoNode;
   nodes_.pop_back();
 }

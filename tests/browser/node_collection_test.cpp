@@ -95,6 +95,22 @@ TEST(NodeCollection, FindsEachOfManyClassesThoughTheLastOneWasOftenRemoved) {
   EXPECT_EQ(nodes.Find(NodeId::OfClass(u"another")), kNoNode);
 }
 
+TEST(NodeCollection, FindsTheOthersAfterManyWereRemoved) {
+  constexpr NodeIndex kClasses = 1000;
+  const auto number = [](NodeIndex node) { return FromUtf8(std::to_string(node)); };
+  NodeCollection nodes = RootAndClasses({});
+  for (NodeIndex node = 2; node < kClasses + 2; ++node)
+    nodes.Add(NodeId::OfClass(number(node)), u"");
+  for (NodeIndex last = kClasses + 1; last > 1; --last) {
+    nodes.RemoveLast();
+    EXPECT_EQ(nodes.Find(NodeId::OfClass(number(last))), kNoNode);
+    if (last > 2) {
+      EXPECT_EQ(nodes.Find(NodeId::OfClass(number(last - 1))), last - 1);
+    }
+    EXPECT_EQ(nodes.Find(NodeId::OfClass(number(2))), last > 2 ? 2 : kNoNode);
+  }
+}
+
 TEST(NodeCollection, RemovesTheLastNode) {
   NodeCollection nodes = RootAndClasses({u"01"});
   nodes.RemoveLast();
