@@ -6,6 +6,8 @@
 #include <dlgs.h>
 #include <winspool.h>
 
+#include <algorithm>
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -87,7 +89,8 @@ void Apply(HWND dialog, const Showing& showing) {
   try {
     const double points = LeadingNumber(TextOf(GetDlgItem(dialog, cmb3)));
     const Font font = FontOf(chosen, points, showing);
-    if (font.size < kSmallestFontSize || font.size > kLargestFontSize) {
+    if (font.size != showing.before.size &&
+        (font.size < kSmallestFontSize || font.size > kLargestFontSize)) {
       throw AutomationError(
           ErrorNumber::InvalidArgument,
           Concatenate({Translate(u"字号应在 "), NumberText(kSmallestFontSize), Translate(u" 到 "),
@@ -144,8 +147,8 @@ Font CommonFontDialog::Show(const Font& font, std::uint32_t flags) {
   dialog.hwndOwner = window_.DialogOwner();
   dialog.lpLogFont = &chosen;
   dialog.Flags = flags | CF_INITTOLOGFONTSTRUCT | CF_ENABLEHOOK | CF_LIMITSIZE;
-  dialog.nSizeMin = kSmallestFontSize;
-  dialog.nSizeMax = kLargestFontSize;
+  dialog.nSizeMin = std::min(kSmallestFontSize, static_cast<int>(before.size));
+  dialog.nSizeMax = std::max(kLargestFontSize, static_cast<int>(std::ceil(before.size)));
   // Without a printer there are none, and no context to look for them on.
   if (printer == nullptr) dialog.Flags &= ~static_cast<DWORD>(CF_PRINTERFONTS);
   dialog.hDC = printer.get();

@@ -196,6 +196,20 @@ TEST_F(CommonFontDialogTest, AppliesSizesFromFiveToSeventyTwoPoints) {
   EXPECT_EQ(boxes.All()[2].text, "字号应在 5 到 72 之间");
 }
 
+TEST_F(CommonFontDialogTest, LeavesALargerSizeThatItBeginsWith) {
+  std::vector<Font> applied;
+  const auto chosen = Show({u"Tahoma", 96.5, false, false},
+                           {[&] {
+                              ChooseLine(cmb2, 2);
+                              Press(psh3);
+                            },
+                            [] {}, [] {}, [&] { Press(IDOK); }},
+                           [&](const Font& font) { applied.push_back(font); });
+  ASSERT_EQ(applied.size(), 1u);
+  EXPECT_EQ(applied[0], (Font{u"Tahoma", 96.5, true, false}));
+  EXPECT_EQ(chosen, applied[0]);
+}
+
 TEST_F(CommonFontDialogTest, ReportsAFailureOfApplyAndStaysOpen) {
   MessageBoxes boxes;
   // Message boxes have the font dialog's window class; the dialog itself gets no answer.
