@@ -8,7 +8,7 @@ function grows(table, operation, amount, raw, growth,    last, doublings) {
   doublings = last == "" ? 0 : log(amount / amountOf[table, operation]) / log(2)
   rawOf[table, operation] = raw
   amountOf[table, operation] = amount
-  return doublings > 0 && growth > 2.1 && growth > 1.05 * exp(log(raw / last) / doublings)
+  return doublings > 0 && last > 0 && raw > 0 && growth > 2.1 && growth > 1.05 * exp(log(raw / last) / doublings)
 }
 {
   if (grows(NR == FNR, $1, $2, $4, $6)) fast[$1] = 1
