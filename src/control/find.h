@@ -42,19 +42,19 @@ class Find {
   void Open(FindPane pane);
   // Returns to the pane; the last hit stays the current cell.
   void Close();
-  // Goes to the first hit from where the bar was opened. Ignored while `composing`: the text is not
-  // what the user means yet.
+  // Goes to the first hit from the row that was current when the bar was opened or its rows last
+  // changed. Ignored while `composing`: the text is not what the user means yet.
   void TextChanged(std::u16string_view text, bool composing);
   // In the pane that has the focus; in the tree with the bar open.
   void Next(bool backwards);
   // Enter in the bar: in the grid the next hit, in the tree the class found, or else the first hit
-  // from where the bar was opened, as a click on it.
+  // from the same row, as a click on it.
   void Accept();
   bool HasText() const { return !text_.empty(); }
 
   // The user clicks a class: the one found is no longer marked.
   void NodeClicked();
-  // The rows of the pane have been replaced.
+  // The rows of the pane have been replaced or shown again.
   void RowsChanged(FindPane pane);
   // Counts a part of the rows and shows how many hits there are.
   void ContinueCounting();

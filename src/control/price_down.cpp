@@ -105,7 +105,10 @@ Value PriceDown::ModelCurrent() {
 void PriceDown::Terminate() {
   if (!environment_.lifetime.End()) return;
   // Nothing reaches the host after this.
-  if (const auto events = std::exchange(environment_.events, nullptr)) events->Closing();
+  if (const auto events = std::exchange(environment_.events, nullptr)) {
+    ports_.screen.SetPainting(true);
+    events->Closing();
+  }
   SkipFailing([&] { SaveSelection(); });
   // Moved out first: releasing the last reference may call back into the control.
   std::exchange(parentWindow_, nullptr).reset();
