@@ -10,7 +10,8 @@ namespace pricedown {
 // Fonts of screen and printer, and a button that applies the choice.
 inline constexpr std::uint32_t kFontDialogFlags = 515;
 // The sizes in points that the dialog takes, besides the one that it begins with. A mistyped 161281
-// would need a page for each row, and a system that keeps pictures of characters gigabytes for them.
+// would need a page for each row, and a system that keeps pictures of characters gigabytes for
+// them.
 inline constexpr int kSmallestFontSize = 5;
 inline constexpr int kLargestFontSize = 72;
 // The number of the error that a cancelled dialog reports.

@@ -87,6 +87,16 @@ TEST_F(ControlEvents, ComeWhenTheControlPaints) {
   EXPECT_TRUE(paints);
 }
 
+TEST_F(ControlEvents, ReportTheEndDuringShowWhenTheControlPaints) {
+  world_.CreateAndInitialize();
+  bool paints = false;
+  events_->whenNotified = [&] { paints = world_.screen.paints; };
+  world_.screen.onMessages = [&] { world_.control->Terminate(); };
+  world_.control->Show(nullptr);
+  EXPECT_EQ(EventLines(), "event closing\n");
+  EXPECT_TRUE(paints);
+}
+
 TEST_F(ControlEvents, LeavePaintingForTheEndOfShowWhenNobodyListens) {
   world_.CreateAndInitialize();
   events_->hasListeners = false;
