@@ -293,7 +293,8 @@ TEST_F(ServerConnection, SeesAShortPressOfTheCancelKey) {
 TEST_F(ServerConnection, KeepsNothingOfATextThatIsCancelled) {
   bool isAsked = false;
   ConnectOptions options;
-  options.cancels = [&isAsked, answers = 0]() mutable { return isAsked && ++answers > 3; };
+  // Pressed again and again: a slow server may have done a statement before it hears of the key.
+  options.cancels = [&isAsked, answers = 0]() mutable { return isAsked && ++answers % 20 == 0; };
   const auto connection = Open(options);
   Execute(*connection, "CREATE TABLE t(a INTEGER)");
   isAsked = true;
