@@ -31,8 +31,8 @@ class Environment {
   Environment(const Environment&) = delete;
   Environment& operator=(const Environment&) = delete;
 
-  // Sends an event, a method of HostEvents with its arguments, unless the control has ended or
-  // nobody listens. Inside it the host may end the control or wait for the user.
+  // Calls a method of HostEvents unless the control has ended or nobody listens. The host may end
+  // the control in its handler, or wait there for the user.
   template <typename Event, typename... Arguments>
   void Notify(Event event, const Arguments&... arguments) const {
     const std::shared_ptr<HostEvents> listeners = events;

@@ -15,7 +15,7 @@ enum class ClassChange : std::int32_t { Added = 1, Changed = 2, Deleted = 3 };
 class HostEvents {
  public:
   virtual ~HostEvents() = default;
-  // Without listeners the events reach nobody.
+  // Whether an event would reach anybody now.
   virtual bool HasListeners() const = 0;
   // The items of another class are shown; empty for the root.
   virtual void SelectionChanged(std::u16string_view classNumber) = 0;
