@@ -17,7 +17,8 @@ class HostEvents {
   virtual ~HostEvents() = default;
   // Whether an event would reach anybody now.
   virtual bool HasListeners() const = 0;
-  // The items of another class are shown; empty for the root.
+  // Another class is selected; empty for the root. If its items could not be loaded, Failed has
+  // been called, and those shown may be of the class before.
   virtual void SelectionChanged(std::u16string_view classNumber) = 0;
   // The class has been written to the company, or deleted from it.
   virtual void ClassChanged(ClassChange change, std::u16string_view classNumber) = 0;
