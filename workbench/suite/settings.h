@@ -16,7 +16,7 @@ namespace workbench {
 // user, empty texts as if cancelled, Query(text) returns the first cell,
 // Replay(file) answers from a recording from now on, in place of the company ("": no longer),
 // ReplayDifference is the text of the first call that differs from it, ReplayCallsLeft how many
-// calls of it were not made, Users returns "id=name" entries separated by ";".
+// calls of it were not made, Users returns "id=name" entries, one to a line.
 class Settings : public pricedown::LocalObject<Settings> {
  public:
   explicit Settings(SuiteStatePtr suite) : suite_(std::move(suite)) {}
