@@ -9,7 +9,8 @@ namespace workbench {
 
 enum ExitCode : int {
   kDone = 0,
-  kBadData = 1,   // an import file has bad lines and nothing was added, or check found something
+  kBadData = 1,   // bad lines in an import file, of which nothing was added; findings of check or
+                  // export, which has written its files
   kBadUsage = 2,  // invalid command line; nothing was done
   kFailed = 3,    // a file or database could not be used; nothing was changed
 };
