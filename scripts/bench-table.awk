@@ -35,8 +35,8 @@ END {
   print "|---|---:|---:|---:|---:|---:|---:|---:|---:|---:|"
   for (i = 1; i <= count; ++i) {
     printf "%s", lines[operations[i]]
-    if (operations[i] in slow) names = names (names == "" ? " " : ", ") operations[i]
-    if (operations[i] in fast) fasts = fasts (fasts == "" ? " " : ", ") operations[i]
+    if (operations[i] in slow) names = names (names == "" ? " " : "; ") operations[i]
+    if (operations[i] in fast) fasts = fasts (fasts == "" ? " " : "; ") operations[i]
   }
   print "\nMore than three times the raw side at some amount:" (names == "" ? " nothing" : names) "."
   print "More than 2.1 times per doubling, and more than the raw side:" (fasts == "" ? " nothing" : fasts) "."
