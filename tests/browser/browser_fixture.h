@@ -95,6 +95,27 @@ class BrowserFixture : public ::testing::Test {
   std::string CellOf(std::int32_t column, std::int32_t row) {
     return Utf8(grid_.GetGrid().Text(column, row));
   }
+  // The texts of all rows, columns separated by |.
+  std::vector<std::string> RowTexts() {
+    std::vector<std::string> rows;
+    for (std::int32_t row = 1; row <= grid_.GetGrid().MaxRows(); ++row) {
+      std::string line;
+      for (std::int32_t column = 1; column <= 4; ++column) line += CellOf(column, row) + "|";
+      rows.push_back(line);
+    }
+    return rows;
+  }
+  // Which cells are locked, row by row, as L and -.
+  std::string Locks() {
+    std::string map;
+    for (std::int32_t row = 1; row <= grid_.GetGrid().MaxRows(); ++row) {
+      for (std::int32_t column = 1; column <= 4; ++column) {
+        map += grid_.GetGrid().IsLocked(column, row) ? 'L' : '-';
+      }
+      map += ' ';
+    }
+    return map;
+  }
 
   CallLog log_;
   RecordingFactory factory_{log_};

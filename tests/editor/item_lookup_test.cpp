@@ -7,7 +7,7 @@
 
 #include "platform/convert.h"
 #include "tests/editor/editor_test.h"
-#include "tests/support/failed_block.h"
+#include "tests/editor/item_picker_script.h"
 
 namespace pricedown {
 namespace {
@@ -15,52 +15,6 @@ namespace {
 using namespace pricedown::testing;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-
-constexpr std::u16string_view kOthersOfNew =
-    u"SELECT  FItemID FROM  icPriceDownClass WHERE FItemClassNumber<>''";
-constexpr std::u16string_view kOthersOf01 =
-    u"SELECT  FItemID FROM  icPriceDownClass WHERE FItemClassNumber<>'01'";
-
-// An item of the picker.
-void ScriptItem(RecordingFactory& factory, std::u16string_view object, std::int32_t id,
-                std::u16string_view code, std::u16string_view name, Value model) {
-  factory.Object(object)
-      .On(u"Properties", R"("FItemID")", Reply(id))
-      .On(u"Properties", R"("FNumber")", Reply(code))
-      .On(u"Properties", R"("FName")", Reply(name))
-      .On(u"Properties", R"("FModel")", Reply(std::move(model)));
-}
-
-// A suite whose picker offers a washer and a rivet; the test sets the choice.
-void ScriptPicker(RecordingFactory& factory, std::vector<std::vector<Value>> otherItems) {
-  factory.Object(u"ZEPEBCBASE.Dictionary").On(u"Add", Reply(Value()));
-  factory.Object(kLedgerViewId).On(u"ItemLookUp", factory.Answering(u"result"));
-  ScriptItem(factory, u"washer", 201, u"02.001", u"垫圈", u"φ4");
-  ScriptItem(factory, u"rivet", 202, u"02.002", u"铆钉", Null{});
-  for (const std::u16string_view statement : {kOthersOfNew, kOthersOf01}) {
-    AnswerStatement(factory, statement, Rows({u"FItemID"}, otherItems));
-  }
-}
-
-void ChooseOne(RecordingFactory& factory, std::u16string_view item) {
-  factory.Object(u"result")
-      .On(u"ReturnOK", Reply(true))
-      .On(u"ReturnValue", Reply(u"02.001"))
-      .On(u"ReturnObject", factory.Answering(item));
-}
-
-void ChooseBoth(RecordingFactory& factory) {
-  factory.Object(u"result")
-      .On(u"ReturnOK", Reply(true))
-      .On(u"ReturnValue", Reply(u""))
-      .On(u"ReturnObject", factory.Answering(u"chosen"));
-  factory.Object(u"chosen")
-      .On(u"Size", Reply(2))
-      .On(u"", "1", factory.Answering(u"washer"))
-      .On(u"", "2", factory.Answering(u"rivet"));
-}
-
-void Cancel(RecordingFactory& factory) { factory.Object(u"result").On(u"ReturnOK", Reply(false)); }
 
 class ItemLookup : public EditorTest {
  protected:
@@ -362,104 +316,6 @@ TEST_F(ItemLookup, SharesTheLedgerViewWithTheAccountLookup) {
   form.ToolClicked(FormTool::AddItem);
   EXPECT_THAT(log.Text(), HasSubstr(".ItemLookUp("));
   EXPECT_EQ(log.Count("create ZEPEBCGLView.GLView"), 0u);
-}
-
-TEST_F(ItemLookup, KeepsTheRowsBeforeAnItemThatFails) {
-  // Its name is longer than the column.
-  ScriptItem(factory, u"long", 203, u"02.003", std::u16string(81, u'长'), u"");
-  ChooseBoth(factory);
-  factory.Object(u"chosen")
-      .On(u"", "1", factory.Answering(u"washer"))
-      .On(u"", "2", factory.Answering(u"long"));
-  OpenForEdit();
-  form.ToolClicked(FormTool::AddItem);
-  EXPECT_THAT(MemberIds(), ElementsAre(101, 102, 201, 202));
-  log.Clear();
-  EXPECT_NE(ErrorOf([this] { form.ToolClicked(FormTool::AddItem); }), std::nullopt);
-  // The added rows are shown.
-  EXPECT_EQ(log.Count("rows 6"), 1u);
-  // The row started for the long name was dropped.
-  EXPECT_THAT(MemberIds(), ElementsAre(101, 102, 201, 202, 201));
-}
-
-TEST_F(ItemLookup, ShowsNothingAndKeepsTheSaveWhenThePickerFails) {
-  factory.Object(kConnectionId).On(u"Execute", Reply(nullptr));
-  AnswerChecks(false);
-  AnswerAccountIds();
-  factory.Object(kLedgerViewId).On(u"ItemLookUp", Reply::Failing(-2147217871, u"超时已过期"));
-  Cancel(factory);
-  OpenForEdit();
-  form.ToolClicked(FormTool::AddItem);
-  form.ToolClicked(FormTool::Save);
-  ASSERT_TRUE(form.State().saved);
-  log.Clear();
-  EXPECT_EQ(ErrorOf([this] { form.ToolClicked(FormTool::AddItem); }), -2147217871);
-  EXPECT_TRUE(form.State().saved);
-  EXPECT_EQ(log.Count("rows 3"), 0u);
-}
-
-TEST_F(ItemLookup, StopsWhenTheFormIsClosedWhileMessagesArePending) {
-  ChooseBoth(factory);
-  OpenForEdit();
-  screen.onMessages = [this] { form.Unload(); };
-  form.ToolClicked(FormTool::AddItem);
-  EXPECT_THAT(log.Text(), ::testing::Not(HasSubstr("rows ")));
-  state.ledgerView.reset();
-  EXPECT_EQ(factory.LiveObjects(), 0);
-}
-
-TEST_F(ItemLookup, AsksForNoItemOnceTheFormHasEndedInItsStatement) {
-  EditorWorld world;
-  world.factory.Object(u"ZEPEBCBASE.Dictionary").On(u"Add", Reply(Value()));
-  world.factory.Object(kConnectionId)
-      .On(u"Execute", Arguments({kOthersOf01}), Reply::From([&world](auto) -> Value {
-            world.form.Unload();
-            return NewScriptedRecordset(world.factory.GetRecorder(), Rows({u"FItemID"}, {{12}}));
-          }));
-  world.OpenForEdit();
-  world.form.ToolClicked(FormTool::AddItem);
-  EXPECT_EQ(world.log.Count("unload"), 1u);
-  EXPECT_EQ(world.log.Count("create ZEPEBCGLView.GLView"), 0u);
-  EXPECT_EQ(world.factory.LiveObjects(), 0);
-}
-
-TEST_F(ItemLookup, ShowsNothingInAFormThatWasClosedWhenTheChoiceFails) {
-  factory.Object(u"result").On(u"ReturnOK", Reply::From([this](auto) -> Value {
-                                 form.Unload();
-                                 throw AutomationError(kInjectedFailure, u"断开");
-                               }));
-  OpenForEdit();
-  EXPECT_EQ(ErrorOf([this] { form.ToolClicked(FormTool::AddItem); }), kInjectedFailure);
-  const std::string text = log.Text();
-  EXPECT_EQ(text.substr(text.find("unload")), "unload\nrelease result\n");
-}
-
-TEST(ItemLookupFailures, ReachTheCallerAndKeepWholeRows) {
-  FailEachCallInTurn([](int failingCall) {
-    EditorWorld world;
-    ScriptPicker(world.factory, {{12}});
-    ChooseBoth(world.factory);
-    world.OpenForEdit();
-    const int before = world.factory.CallCount();
-    world.factory.FailCall(failingCall);
-    const auto error = ErrorOf([&] { world.form.ToolClicked(FormTool::AddItem); });
-    const int calls = world.factory.CallCount() - before;
-    const bool fails = failingCall != 0 && !HasFailedBlock(world.log);
-    EXPECT_EQ(error, fails ? std::optional(kInjectedFailure) : std::nullopt);
-    // Every row is complete.
-    const std::vector<std::int32_t> ids = world.MemberIds();
-    EXPECT_GE(ids.size(), fails ? 2u : 4u);
-    for (const std::string& percentage : world.Column(u"FPencentPrepare")) {
-      EXPECT_EQ(percentage, "12.5");
-    }
-    // The form still works: the next lookup appends both items.
-    world.form.ToolClicked(FormTool::AddItem);
-    EXPECT_EQ(world.MemberIds().size(), ids.size() + 2);
-    world.form.Unload();
-    world.state.ledgerView.reset();
-    EXPECT_EQ(world.factory.LiveObjects(), 0);
-    return calls;
-  });
 }
 
 }  // namespace
