@@ -55,8 +55,9 @@ std::u16string TextSearch::CountText(std::int32_t row) const {
   const auto place = std::lower_bound(hits_.begin(), hits_.end(), row);
   const bool isHit = place != hits_.end() && *place == row;
   const auto position = static_cast<std::int32_t>(place - hits_.begin()) + 1;
-  return Concatenate({isHit ? NumberText(position) : std::u16string(total == 0 ? u"0" : u"–"),
-                      u" / ", NumberText(total), IsCounted() ? u"" : u"+"});
+  const std::u16string_view elsewhere = total == 0 && IsCounted() ? u"0" : u"–";
+  return Concatenate({isHit ? NumberText(position) : std::u16string(elsewhere), u" / ",
+                      NumberText(total), IsCounted() ? u"" : u"+"});
 }
 
 }  // namespace pricedown

@@ -43,7 +43,8 @@ class TextSearch {
   // Counts the hits in the next `rows` rows.
   void ContinueCounting(std::int32_t rows);
   bool IsCounted() const { return IsEmpty() || counted_ >= rows_->Rows(); }
-  // "3 / 27" where `row` is the third hit; "27+" while there may be more. Empty without a text.
+  // "3 / 27" where `row` is the third hit, "– / 27" where it is none or not counted yet, "– / 27+"
+  // while there may be more, "0 / 0" where there is none. Empty without a text.
   std::u16string CountText(std::int32_t row) const;
 
  private:
