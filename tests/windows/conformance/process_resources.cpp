@@ -10,6 +10,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "tests/windows/support/run_messages.h"
 #include "tests/windows/system_call.h"
 
 namespace pricedown::testing {
@@ -126,8 +127,7 @@ ProcessResources ResourcesNow() {
   // Otherwise freed strings would stay cached.
   static const auto keepNoTexts = FunctionOf<void(WINAPI*)()>(L"oleaut32.dll", "SetOaNoCache");
   keepNoTexts();
-  MSG message{};
-  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) DispatchMessageW(&message);
+  RunMessages();
   ProcessResources now;
   DWORD handles = 0;
   GetProcessHandleCount(GetCurrentProcess(), &handles);

@@ -6,6 +6,8 @@
 
 #include <vector>
 
+#include "tests/windows/support/run_messages.h"
+
 namespace workbench {
 namespace {
 
@@ -66,9 +68,8 @@ std::vector<WPARAM> PressedKeys() {
 
 // Handles what a new window gets. A screen may report all keys as released with the focus.
 void Settle() {
-  MSG message;
   for (int i = 0; i < 10; ++i) {
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+    pricedown::testing::RunMessages();
     Sleep(20);
   }
 }

@@ -11,6 +11,7 @@
 #include "platform/text.h"
 #include "tests/sample/temporary_folder.h"
 #include "tests/support/utf8.h"
+#include "tests/windows/support/run_messages.h"
 #include "windows/base/control_ids.h"
 #include "windows/com/com_object_factory.h"
 #include "windows/com/wide_text.h"
@@ -74,8 +75,7 @@ ShownCompany ShownBy(const ChildWindow& child, const testing::TemporaryFolder& f
   for (const int key : {VK_HOME, VK_DOWN, VK_DOWN}) {
     SendMessageW(tree, WM_KEYDOWN, static_cast<WPARAM>(key), 1);
   }
-  MSG message;
-  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+  pricedown::testing::RunMessages();
   ShownCompany shown;
   for (HTREEITEM item = TreeView_GetRoot(tree); item != nullptr;
        item = TreeView_GetNextVisible(tree, item)) {

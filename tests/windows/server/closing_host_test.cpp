@@ -9,6 +9,7 @@
 
 #include "tests/windows/raw_call.h"
 #include "tests/windows/server/control_host.h"
+#include "tests/windows/support/run_messages.h"
 #include "windows/base/control_ids.h"
 #include "windows/com/variant_value.h"
 
@@ -81,11 +82,6 @@ class ClosingHost : public ::testing::Test {
     PostMessageW(strip, WM_LBUTTONUP, 0, place);
   }
 
-  static void RunPostedMessages() {
-    MSG message{};
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) DispatchMessageW(&message);
-  }
-
   static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD) {
     for (const wchar_t* name : {L"#32770", L"#32768"}) {
       const HWND window = FindWindowW(name, nullptr);
@@ -105,7 +101,7 @@ class ClosingHost : public ::testing::Test {
 
 TEST_F(ClosingHost, MayEndAllOnAClickOfTheStrip) {
   Press(kExitButton);
-  RunPostedMessages();
+  RunMessages();
   ExpectTheEnd();
 }
 
@@ -116,7 +112,7 @@ TEST_F(ClosingHost, MayDestroyTheWindowFirstAndTheSelectedClassIsStored) {
     bar_.reset();
   };
   Press(kExitButton);
-  RunPostedMessages();
+  RunMessages();
   ExpectTheEnd();
   EXPECT_EQ(host_.world.log.Count(ExecuteLine(kTreeStatement)), 1U);
   EXPECT_EQ(host_.world.log.Count("put dictionary(\"NodeSel1\") = \"gi01\""), 1U);
@@ -127,7 +123,7 @@ TEST_F(ClosingHost, MayEndAllOnAKeyInTheStrip) {
   SetFocus(strip);
   PostMessageW(strip, WM_KEYDOWN, VK_END, 1);
   PostMessageW(strip, WM_KEYDOWN, VK_RETURN, 1);
-  RunPostedMessages();
+  RunMessages();
   ExpectTheEnd();
 }
 
@@ -162,7 +158,7 @@ const char* const kDeleteRight = "ZEPEBCGLView.GLData.AccessCheck(1002, 35, 6553
 TEST_F(ClosingHost, MayEndAllDuringTheQuestionOfADeletion) {
   EndWhenTheUserIsAsked();
   Press(kDeleteButton);
-  RunPostedMessages();
+  RunMessages();
   ExpectTheEndBehind(kDeleteRight);
 }
 
@@ -171,7 +167,7 @@ TEST_F(ClosingHost, MayEndAllDuringTheQuestionOfAKey) {
   SetFocus(tree);
   EndWhenTheUserIsAsked();
   PostMessageW(tree, WM_KEYDOWN, VK_DELETE, 1);
-  RunPostedMessages();
+  RunMessages();
   ExpectTheEndBehind(kDeleteRight);
 }
 
@@ -185,7 +181,7 @@ TEST_F(ClosingHost, MayEndAllDuringARefusal) {
   host_.world.company.grantedMasks = "none";
   EndWhenTheUserIsAsked();
   Press(kAddButton);
-  RunPostedMessages();
+  RunMessages();
   ExpectTheEndBehind("ZEPEBCGLView.GLData.AccessCheck(1002, 35, 131072)");
 }
 
@@ -194,7 +190,7 @@ TEST_F(ClosingHost, MayEndAllWhileAMenuIsOpen) {
   SetFocus(tree);
   EndWhenTheUserIsAsked();
   PostMessageW(tree, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(tree), -1);
-  RunPostedMessages();
+  RunMessages();
   ExpectTheEndBehind("");
 }
 
