@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "editor/member_list.h"
 #include "editor/record_copy.h"
@@ -78,8 +79,7 @@ void ClassCommands::ReportEvents(ItemClassForm& form) {
 }
 
 void ClassCommands::PrepareEdit(ItemClassForm& form) {
-  std::optional<WaitCursor> wait;
-  SkipFailing([&] { wait.emplace(environment_.screen); });
+  const WaitCursor wait(environment_.screen);
   {
     const Recordset items = state_.itemRecordset;
     // Unused here, but part of the calls that the suite's recordset sees.
@@ -128,8 +128,7 @@ void ClassCommands::Delete() {
 }
 
 bool ClassCommands::DeleteGuarded(std::u16string_view number) {
-  std::optional<WaitCursor> wait;
-  SkipFailing([&] { wait.emplace(environment_.screen); });
+  std::optional<WaitCursor> wait(std::in_place, environment_.screen);
   const auto [year, period] = ReadYearAndPeriod(environment_.factory, u"IC");
   Connection connection(environment_.factory);
   const auto guard = [&](const std::u16string& statement, std::u16string_view refusal) {

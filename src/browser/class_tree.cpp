@@ -105,9 +105,10 @@ void ClassTree::NodeClick(NodeIndex node) {
   state_.currentNode = id;
   marked_ = node;
   SkipFailing([&] { view_.MarkNode(node); });
-  SkipFailing([&] { environment_.screen.SetMousePointer(MousePointer::Hourglass); });
-  SkipFailing([&] { grid_.LoadItemGrid(id.classNumber); });
-  SkipFailing([&] { environment_.screen.SetMousePointer(MousePointer::Default); });
+  {
+    const WaitCursor wait(environment_.screen);
+    SkipFailing([&] { grid_.LoadItemGrid(id.classNumber); });
+  }
   SkipFailing([&] { environment_.screen.RunPendingMessages(); });
   // The messages may have ended the control, or handled a click on another node.
   if (environment_.lifetime.HasEnded() || state_.currentNode != id || notified_ == id) return;
@@ -137,8 +138,7 @@ void ClassTree::RestoreSelection(std::u16string_view key) { Select(nodes_.FindKe
 void ClassTree::RefreshCurrentNode() {
   if (!state_.currentNode) return;
   const std::u16string number = state_.currentNode->classNumber;
-  std::optional<WaitCursor> wait;
-  SkipFailing([&] { wait.emplace(environment_.screen); });
+  const WaitCursor wait(environment_.screen);
   grid_.LoadItemGrid(number);
 }
 

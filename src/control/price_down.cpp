@@ -1,7 +1,6 @@
 // The control's creation and end.
 #include "control/price_down.h"
 
-#include <optional>
 #include <utility>
 
 #include "control/update_price.h"
@@ -42,8 +41,7 @@ void PriceDown::Initialize() {
   steps.Run([&] { LoadControlTexts(ports_.factory, ports_.form); });
   steps.Run([&] { ReadFullNumber(); });
   {
-    std::optional<WaitCursor> wait;
-    steps.Run([&] { wait.emplace(ports_.screen); });
+    const WaitCursor wait(ports_.screen);
     steps.Run([&] { ReadCurrentPeriod(ports_.factory, ports_.state); });
     steps.Run([&] { grid_.Prepare(); });
     steps.Run([&] { ModelCurrent(); });

@@ -1,7 +1,5 @@
 // The control's first display and the host's messages afterwards. The display skips steps that
 // fail.
-#include <optional>
-
 #include "browser/select_block.h"
 #include "control/price_down.h"
 #include "env/translation.h"
@@ -64,8 +62,7 @@ void PriceDown::KeepParent(const Value& parentWindow) {
 }
 
 void PriceDown::LoadTree() {
-  std::optional<WaitCursor> wait;
-  SkipFailing([&] { wait.emplace(ports_.screen); });
+  const WaitCursor wait(ports_.screen);
   tree_.LoadClassTree();
 }
 

@@ -10,7 +10,7 @@ enum class MousePointer : std::int32_t { Default = 0, Hourglass = 11 };
 class Screen {
  public:
   virtual ~Screen() = default;
-  virtual void SetMousePointer(MousePointer pointer) = 0;
+  virtual void SetMousePointer(MousePointer pointer) noexcept = 0;
   // Lets pending window messages run, and returns when there are none.
   virtual void RunPendingMessages() = 0;
   // Off: the control paints nothing until it is on again, then everything once. It is turned on

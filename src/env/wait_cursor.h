@@ -2,7 +2,6 @@
 #pragma once
 
 #include "env/screen.h"
-#include "platform/skip.h"
 
 namespace pricedown {
 
@@ -11,10 +10,7 @@ class WaitCursor {
   explicit WaitCursor(Screen& screen) : screen_(screen) {
     screen_.SetMousePointer(MousePointer::Hourglass);
   }
-  // A destructor must not throw.
-  ~WaitCursor() {
-    SkipFailing([this] { screen_.SetMousePointer(MousePointer::Default); });
-  }
+  ~WaitCursor() { screen_.SetMousePointer(MousePointer::Default); }
   WaitCursor(const WaitCursor&) = delete;
   WaitCursor& operator=(const WaitCursor&) = delete;
 

@@ -16,8 +16,8 @@ class RecordingScreen : public Screen {
  public:
   explicit RecordingScreen(RecorderPtr recorder) : recorder_(std::move(recorder)) {}
 
-  void SetMousePointer(MousePointer shown) override {
-    recorder_->Call("screen pointer " + std::to_string(static_cast<int>(shown)), u"screen");
+  void SetMousePointer(MousePointer shown) noexcept override {
+    recorder_->Add("screen pointer " + std::to_string(static_cast<int>(shown)));
     pointer = shown;
   }
   void RunPendingMessages() override {

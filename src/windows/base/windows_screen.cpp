@@ -1,13 +1,14 @@
 // The hourglass and the message loop of pending messages.
 #include "windows/base/windows_screen.h"
 
+#include "platform/skip.h"
 #include "windows/base/dpi.h"
 
 namespace pricedown::windows {
 
-void WindowsScreen::SetMousePointer(MousePointer pointer) {
+void WindowsScreen::SetMousePointer(MousePointer pointer) noexcept {
   const bool waiting = pointer == MousePointer::Hourglass;
-  window_.SetWaiting(waiting);
+  SkipFailing([&] { window_.SetWaiting(waiting); });
   // Other windows set their pointer with the next movement.
   SetCursor(LoadCursorW(nullptr, waiting ? IDC_WAIT : IDC_ARROW));
 }

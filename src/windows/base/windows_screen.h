@@ -13,7 +13,7 @@ class WindowsScreen final : public Screen {
   // `window` must outlive this object.
   explicit WindowsScreen(CommandWindow& window) : window_(window) {}
 
-  void SetMousePointer(MousePointer pointer) override;
+  void SetMousePointer(MousePointer pointer) noexcept override;
   // WM_QUIT is posted again, so that the host's own loop ends.
   void RunPendingMessages() override;
   void SetPainting(bool on) noexcept override { window_.SetPainting(on); }
