@@ -95,57 +95,51 @@ TEST(ToolStripWindow, IsOperatedByKeyboard) {
   EXPECT_EQ(Checks(world, "131072"), 1u);
 }
 
-// The keyboard is in the strip again, after the focus was in `window`.
-void LeaveForAndReturn(const UiWorld& world, HWND window) {
-  SetFocus(window);
-  EXPECT_EQ(HotButton(world), -1);
-  SetFocus(world.Strip());
+// The keyboard is on the strip's fourth button.
+class ToolStripKeyboard : public ::testing::Test {
+ protected:
+  ToolStripKeyboard() {
+    world_.Start();
+    SetFocus(world_.Strip());
+    for (int i = 0; i < 3; ++i) world_.Press(VK_RIGHT);
+  }
+  ~ToolStripKeyboard() override { DestroyWindow(other_); }
+
+  // It is in the strip again, after the focus was in `window`.
+  void LeaveForAndReturn(HWND window) {
+    SetFocus(window);
+    EXPECT_EQ(HotButton(world_), -1);
+    SetFocus(world_.Strip());
+  }
+
+  UiWorld world_;
+  const HWND other_ = CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 9, 9,
+                                      world_.host.Handle(), nullptr, nullptr, nullptr);
+};
+
+TEST_F(ToolStripKeyboard, IsBackOnItsButtonAfterAnotherWindow) {
+  LeaveForAndReturn(other_);
+  EXPECT_EQ(HotButton(world_), 4);
+  LeaveForAndReturn(world_.Tree());
+  EXPECT_EQ(HotButton(world_), 1) << "by Tab";
+  world_.Press(VK_RIGHT);
+  SetFocus(other_);
+  LeaveForAndReturn(world_.Tree());
+  EXPECT_EQ(HotButton(world_), 1) << "by Tab, after another window";
 }
 
-TEST(ToolStripWindow, TheKeyboardIsBackOnItsButtonAfterAnotherWindow) {
-  UiWorld world;
-  world.Start();
-  const HWND other = CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 9, 9,
-                                     world.host.Handle(), nullptr, nullptr, nullptr);
-  SetFocus(world.Strip());
-  for (int i = 0; i < 3; ++i) world.Press(VK_RIGHT);
-  LeaveForAndReturn(world, other);
-  EXPECT_EQ(HotButton(world), 4);
-  LeaveForAndReturn(world, world.Tree());
-  EXPECT_EQ(HotButton(world), 1) << "by Tab";
-  world.Press(VK_RIGHT);
-  SetFocus(other);
-  LeaveForAndReturn(world, world.Tree());
-  EXPECT_EQ(HotButton(world), 1) << "by Tab, after another window";
-  DestroyWindow(other);
+TEST_F(ToolStripKeyboard, IsBackOnItsButtonWhenTheHostPassesTheFocusToTheControl) {
+  SetFocus(other_);
+  SetFocus(world_.window->Handle());
+  EXPECT_EQ(GetFocus(), world_.Strip());
+  EXPECT_EQ(HotButton(world_), 4);
 }
 
-TEST(ToolStripWindow, TheKeyboardIsBackOnItsButtonWhenTheHostPassesTheFocusToTheControl) {
-  UiWorld world;
-  world.Start();
-  const HWND other = CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 9, 9,
-                                     world.host.Handle(), nullptr, nullptr, nullptr);
-  SetFocus(world.Strip());
-  for (int i = 0; i < 3; ++i) world.Press(VK_RIGHT);
-  SetFocus(other);
-  SetFocus(world.window->Handle());
-  EXPECT_EQ(GetFocus(), world.Strip());
-  EXPECT_EQ(HotButton(world), 4);
-  DestroyWindow(other);
-}
-
-TEST(ToolStripWindow, TheKeyboardIsOnTheFirstButtonIfItsOwnWasDisabledMeanwhile) {
-  UiWorld world;
-  world.Start();
-  SetFocus(world.Strip());
-  for (int i = 0; i < 3; ++i) world.Press(VK_RIGHT);
-  const HWND other = CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 9, 9,
-                                     world.host.Handle(), nullptr, nullptr, nullptr);
-  SetFocus(other);
-  SendMessageW(world.Strip(), TB_ENABLEBUTTON, ids::kFirstButton + kPrint, FALSE);
-  SetFocus(world.Strip());
-  EXPECT_EQ(HotButton(world), 1);
-  DestroyWindow(other);
+TEST_F(ToolStripKeyboard, IsOnTheFirstButtonIfItsOwnWasDisabledMeanwhile) {
+  SetFocus(other_);
+  SendMessageW(world_.Strip(), TB_ENABLEBUTTON, ids::kFirstButton + kPrint, FALSE);
+  SetFocus(world_.Strip());
+  EXPECT_EQ(HotButton(world_), 1);
 }
 
 TEST(ToolStripWindow, TheKeyboardSkipsDisabledButtonsAndSeparators) {
