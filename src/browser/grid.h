@@ -43,6 +43,9 @@ class GridView {
   virtual void GridMetricsChanged() = 0;
   // Progress callback during a long fill, also while redrawing is off.
   virtual void GridFilling() {}
+  // Puts what is being typed into its cell. The host hears that the focus moves, and may end the
+  // control.
+  virtual void AcceptTyping() {}
 };
 
 class Grid {
@@ -53,6 +56,9 @@ class Grid {
   void Attach(GridView* view) { view_ = view; }
   void NotifyFilling() {
     if (view_ != nullptr) view_->GridFilling();
+  }
+  void AcceptTyping() {
+    if (view_ != nullptr) view_->AcceptTyping();
   }
 
   std::int32_t MaxRows() const { return maxRows_; }

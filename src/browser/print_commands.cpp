@@ -11,7 +11,7 @@
 namespace pricedown {
 void PrintCommands::Preview() {
   Run([&] {
-    FillDocument();
+    if (!FillDocument()) return;
     const Font before = document_.font;
     output_.Preview(document_);
     if (!environment_.lifetime.HasEnded() && document_.font != before) ApplyAndSaveFont();
@@ -20,8 +20,7 @@ void PrintCommands::Preview() {
 
 void PrintCommands::Print() {
   Run([&] {
-    FillDocument();
-    output_.Print(document_);
+    if (FillDocument()) output_.Print(document_);
   });
 }
 
@@ -34,11 +33,16 @@ void PrintCommands::ChooseDisplayFont(FontDialog& dialog) {
   });
 }
 
-void PrintCommands::FillDocument() {
+bool PrintCommands::FillDocument() {
+  const Lifetime lifetime = environment_.lifetime;
+  grid_.AcceptTyping();
+  if (lifetime.HasEnded()) return false;
   Font titleFont;
   ReadFontProperties(environment_.factory, titleFont);
+  if (lifetime.HasEnded()) return false;
   SetPageLines(titleFont, document_);
   FillPrintTable(grid_, document_.table);
+  return true;
 }
 
 void PrintCommands::ApplyAndSaveFont() {

@@ -14,8 +14,8 @@ namespace pricedown {
 class PrintCommands {
  public:
   // All must outlive the commands. Requires: `font` works on `document`.
-  PrintCommands(Environment& environment, const Grid& grid, PrintDocument& document,
-                PrintOutput& output, DisplayFont& font)
+  PrintCommands(Environment& environment, Grid& grid, PrintDocument& document, PrintOutput& output,
+                DisplayFont& font)
       : environment_(environment), grid_(grid), document_(document), output_(output), font_(font) {}
 
   // None of them throws: each stops at the first failing step and shows its description to the
@@ -30,11 +30,12 @@ class PrintCommands {
 
  private:
   void Run(const std::function<void()>& steps);
-  void FillDocument();
+  // False when the control has ended meanwhile.
+  bool FillDocument();
   void ApplyAndSaveFont();
 
   Environment& environment_;
-  const Grid& grid_;
+  Grid& grid_;
   PrintDocument& document_;
   PrintOutput& output_;
   DisplayFont& font_;

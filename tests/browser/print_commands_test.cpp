@@ -235,6 +235,35 @@ TEST_F(PrintCommandsTest, RunAgainAfterAFailure) {
   EXPECT_EQ(log_.Text(), ReadingTitleFont() + "output print\n");
 }
 
+TEST_F(PrintCommandsTest, TakeInThePriceThatIsBeingTyped) {
+  AttachGridView();
+  gridView_.onAcceptTyping = [this] { grid_.GetGrid().SetText(4, 1, u"12.50"); };
+  commands_.Print();
+  EXPECT_NE(output_.printed.find("12.50"), std::string::npos) << output_.printed;
+  gridView_.onAcceptTyping = [this] { grid_.GetGrid().SetText(4, 1, u"13.50"); };
+  commands_.Preview();
+  EXPECT_NE(output_.printed.find("13.50"), std::string::npos) << output_.printed;
+}
+
+TEST_F(PrintCommandsTest, ShowNothingWhenTheEndOfTypingEndsTheControl) {
+  AttachGridView();
+  gridView_.onAcceptTyping = [this] { environment_.lifetime.End(); };
+  commands_.Print();
+  EXPECT_EQ(log_.Text(), "");
+}
+
+TEST_F(PrintCommandsTest, ShowNothingWhenTheControlEndsWhileTheTitleFontIsRead) {
+  factory_.Object(u"q7font").On(u"", R"("Font.Name")", Reply::From([this](auto) -> Value {
+                                  environment_.lifetime.End();
+                                  return u"宋体";
+                                }));
+  commands_.Print();
+  ASSERT_EQ(log_.Count("output print"), 1u);
+  commands_.Preview();
+  EXPECT_TRUE(environment_.lifetime.HasEnded());
+  EXPECT_EQ(log_.Count("output preview"), 0u) << log_.Text();
+}
+
 TEST_F(PrintCommandsTest, TouchNothingOnceTheControlHasEnded) {
   output_.onPreview = [&](PrintDocument&) {
     document_.font = KaiTi();

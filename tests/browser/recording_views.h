@@ -2,6 +2,7 @@
 // failure switch with the suite's objects.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 #include <utility>
@@ -74,6 +75,11 @@ class RecordingGridView : public GridView {
     recorder_->Add("grid changed " + std::to_string(grid_.MaxRows()) + " rows");
   }
   void GridMetricsChanged() override { recorder_->Add("grid metrics"); }
+  void AcceptTyping() override {
+    if (onAcceptTyping) onAcceptTyping();
+  }
+
+  std::function<void()> onAcceptTyping;
 
  private:
   RecorderPtr recorder_;

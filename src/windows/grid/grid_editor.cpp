@@ -49,19 +49,19 @@ bool GridEditor::End() {
   return true;
 }
 
-void GridEditor::Finish(WPARAM key) {
+void GridEditor::Finish(WPARAM key, bool left) {
   if (!IsActive()) return;
   const std::optional<std::u16string> number = CellNumber(TextOf(Handle()), upperBound_);
   if (!End()) return;
   if (number) {
     events_.EditingAccepted(*number, key);
   } else {
-    events_.EditingCancelled();
+    events_.EditingCancelled(left);
   }
 }
 
 void GridEditor::Cancel() {
-  if (IsActive() && End()) events_.EditingCancelled();
+  if (IsActive() && End()) events_.EditingCancelled(false);
 }
 
 bool GridEditor::Allows(std::u16string_view inserted) const {
@@ -134,7 +134,7 @@ LRESULT GridEditor::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_KILLFOCUS: {
       const LRESULT result = Default(message, wParam, lParam);
       const Lifetime object = object_;
-      Finish(0);
+      Finish(0, true);
       if (!object.HasEnded()) events_.EditorLeft(reinterpret_cast<HWND>(wParam));
       return result;
     }

@@ -20,7 +20,8 @@ class EditorEvents {
   // The text is a number with two decimals, or empty. `key` is the key that ended the editing, 0
   // for anything else.
   virtual void EditingAccepted(std::u16string_view text, WPARAM key) = 0;
-  virtual void EditingCancelled() = 0;
+  // `left`: because another window gets the focus.
+  virtual void EditingCancelled(bool left) = 0;
   // Another window got the focus; the editor has ended.
   virtual void EditorLeft(HWND to) = 0;
   // A key whose command runs after the number has been accepted.
@@ -51,7 +52,7 @@ class GridEditor final : public BoundWindow {
   // While its window is destroyed, which moves the focus.
   bool IsEnding() const { return ending_; }
   // Ends the editing; a text that is no number is dropped.
-  void Finish(WPARAM key);
+  void Finish(WPARAM key, bool left = false);
   void Cancel();
 
  private:

@@ -164,10 +164,10 @@ void GridWindow::CommandKeyPressed(WPARAM key) {
   events_.KeyPressed(Handle(), press, false);
 }
 
-void GridWindow::EditingCancelled() {
+void GridWindow::EditingCancelled(bool left) {
   const Lifetime window = WindowLifetime();
   Invalidate();
-  if (!window.HasEnded() && GetFocus() == nullptr) SetFocus(Handle());
+  if (!window.HasEnded() && !left && GetFocus() == nullptr) SetFocus(Handle());
 }
 
 }  // namespace pricedown::windows

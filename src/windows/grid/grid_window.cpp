@@ -64,7 +64,7 @@ void GridWindow::Create(HWND parent, HINSTANCE module, std::u16string_view name)
   CreateOwn(creation);
   // Nothing is composed over cells; the field of an open cell has the input method again.
   ImmAssociateContext(Handle(), nullptr);
-  UpdateAppearance();
+  GridMetricsChanged();
 }
 
 void GridWindow::Show(Grid* grid) {
@@ -75,7 +75,7 @@ void GridWindow::Show(Grid* grid) {
   selection_ = {};
   if (grid_ != nullptr) {
     grid_->Attach(this);
-    UpdateAppearance();
+    GridMetricsChanged();
   } else if (Handle() != nullptr) {
     viewport_.Geometry().Clear();
     UpdateScrolling();
@@ -96,14 +96,17 @@ bool GridWindow::CancelEditing() {
 
 void GridWindow::UpdateAppearance() {
   if (Handle() == nullptr) return;
-  // Another font or resolution closes the field, but keeps the number.
-  if (!FinishEditing()) return;
-  dpi_ = Dpi::Of(Handle());
-  UpdateMetrics();
+  if (Dpi::Of(Handle()) == dpi_) {
+    // Typing goes on: only the scroll bars may have another size.
+    UpdateScrolling();
+  } else {
+    GridMetricsChanged();
+  }
 }
 
-void GridWindow::UpdateMetrics() {
-  if (Handle() == nullptr || !CancelEditing()) return;
+void GridWindow::GridMetricsChanged() {
+  if (Handle() == nullptr || !FinishEditing()) return;
+  dpi_ = Dpi::Of(Handle());
   font_ = MakeFont(grid_ == nullptr ? Font{} : grid_->CellFont(), dpi_);
   lineHeight_ = LineHeight(Handle(), font_.Get());
   if (grid_ != nullptr) viewport_.Geometry().Update(*grid_, dpi_.Value(), lineHeight_);
@@ -212,8 +215,6 @@ void GridWindow::GridChanged() {
   }
   if (!window.HasEnded()) events_.ItemsChanged();
 }
-
-void GridWindow::GridMetricsChanged() { UpdateMetrics(); }
 
 void GridWindow::GridFilling() { events_.ItemsFilling(); }
 

@@ -34,7 +34,8 @@ class GridWindow final : public BoundWindow,
 
   // Shows the grid; null shows an empty grid. Requires: Show(nullptr) before the grid is destroyed.
   void Show(Grid* grid);
-  // Applies the resolution and the fonts again.
+  // Applies the system's settings and the resolution. Another resolution closes the field of a cell
+  // and keeps its number.
   void UpdateAppearance();
 
   // For screen readers: speaks a status that belongs to the grid.
@@ -61,6 +62,7 @@ class GridWindow final : public BoundWindow,
   void GridChanged() override;
   void GridMetricsChanged() override;
   void GridFilling() override;
+  void AcceptTyping() override { FinishEditing(); }
 
  private:
   enum class Mouse { Idle, Selecting, Sizing };
@@ -79,7 +81,6 @@ class GridWindow final : public BoundWindow,
   void OnPaint();
   LRESULT OnFramePaint(WPARAM wParam, LPARAM lParam);
   GridScene Scene() const;
-  void UpdateMetrics();
   void UpdateScrolling();
   void FitViewport(const RECT& area);
   void SetScrollBars();
@@ -114,7 +115,7 @@ class GridWindow final : public BoundWindow,
   // Starts typing over the current cell; a `first` that is not empty replaces its text.
   void BeginEditing(std::u16string_view first);
   void EditingAccepted(std::u16string_view text, WPARAM key) override;
-  void EditingCancelled() override;
+  void EditingCancelled(bool left) override;
   void EditorLeft(HWND to) override { events_.FocusLeft(to); }
   void CommandKeyPressed(WPARAM key) override;
 
