@@ -22,24 +22,28 @@ namespace {
 
 constexpr std::int16_t kEditMode = 0;
 
-// The form is shared: a failure must not leave it half prepared for the next command.
-template <typename Preparation>
-void Prepare(ItemClassForm& form, Preparation&& preparation) {
-  try {
-    preparation();
-  } catch (...) {
-    SkipFailing([&] { form.Unload(); });
-    throw;
-  }
-}
-
 }  // namespace
 
-// In both commands the form comes first, because one that is being shown refuses, and nothing of
-// this object is touched once it is shown.
-void ClassCommands::Add() {
+void ClassCommands::Add() { Open(&ClassCommands::PrepareAdd); }
+
+void ClassCommands::Edit() {
+  if (RequireClass(u"请选择要修改的物料类别")) Open(&ClassCommands::PrepareEdit);
+}
+
+// The form comes first, because one that is being shown refuses, and nothing of this object is
+// touched once it is shown.
+void ClassCommands::Open(void (ClassCommands::*prepare)(ItemClassForm&)) {
   ItemClassForm& form = editor_.Form();
-  Prepare(form, [&] { PrepareAdd(form); });
+  // The form is shared: a failure must not leave it half prepared for the next command.
+  const auto drop = [&] { SkipFailing([&] { form.Unload(); }); };
+  try {
+    (this->*prepare)(form);
+  } catch (...) {
+    drop();
+    throw;
+  }
+  // A call to the suite may have ended the control.
+  if (environment_.lifetime.HasEnded()) return drop();
   ReportEvents(form);
   editor_.ShowModal();
 }
@@ -54,14 +58,6 @@ void ClassCommands::PrepareAdd(ItemClassForm& form) {
   members.Open();
   second.Open();
   form.SetMode(kAddMode);
-}
-
-void ClassCommands::Edit() {
-  if (!RequireClass(u"请选择要修改的物料类别")) return;
-  ItemClassForm& form = editor_.Form();
-  Prepare(form, [&] { PrepareEdit(form); });
-  ReportEvents(form);
-  editor_.ShowModal();
 }
 
 // The form may outlive the control.
@@ -94,10 +90,12 @@ void ClassCommands::PrepareEdit(ItemClassForm& form) {
 }
 
 bool ClassCommands::RequireClass(std::u16string_view message) {
-  const Recordset& items = state_.itemRecordset;
-  if (items && items.RecordCount() != 0) return true;
-  environment_.messages.Inform(Translate(message));
-  return false;
+  const Recordset items = state_.itemRecordset;
+  const bool found = items && items.RecordCount() != 0;
+  // The call may have ended the control.
+  if (environment_.lifetime.HasEnded()) return false;
+  if (!found) environment_.messages.Inform(Translate(message));
+  return found;
 }
 
 bool ClassCommands::IsConfirmed(std::u16string_view number, std::u16string_view name) {
@@ -117,14 +115,14 @@ void ClassCommands::Delete() {
     number = ToText(items.Field(columns::kItemClassNumber));
     name = ToText(items.Field(columns::kItemClassName));
   }
-  // A copy: the control may have ended when the question is answered.
+  // A copy: the control may have ended when the rows are read or the question is answered.
   const Lifetime lifetime = environment_.lifetime;
-  if (!IsConfirmed(number, name) || lifetime.HasEnded()) return;
+  if (lifetime.HasEnded() || !IsConfirmed(number, name) || lifetime.HasEnded()) return;
   if (!DeleteGuarded(number) || lifetime.HasEnded()) return;
   environment_.Notify(&HostEvents::ClassChanged, ClassChange::Deleted, number);
   if (lifetime.HasEnded()) return;
   tree_.LoadClassTree();
-  tree_.SelectRoot();
+  if (!lifetime.HasEnded()) tree_.SelectRoot();
 }
 
 bool ClassCommands::DeleteGuarded(std::u16string_view number) {

@@ -30,8 +30,10 @@ class ClassCommands {
   void Delete();
 
  private:
-  // Whether the grid shows rows of a class; if not, shows the user `message`.
+  // Whether the grid shows rows of a class and the control still lives; if there are no rows,
+  // shows the user `message`.
   bool RequireClass(std::u16string_view message);
+  void Open(void (ClassCommands::*prepare)(ItemClassForm&));
   void PrepareAdd(ItemClassForm& form);
   void PrepareEdit(ItemClassForm& form);
   void ReportEvents(ItemClassForm& form);

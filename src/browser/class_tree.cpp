@@ -25,6 +25,7 @@ constexpr std::u16string_view kRootText = u"物料";
 }  // namespace
 
 void ClassTree::LoadClassTree() {
+  const std::uint32_t load = ++lastLoad_;
   SkipFailing([&] { view_.SetRedraw(false); });
   SkipFailing([&] {
     if (nodes_.Count() == 0) return;
@@ -32,7 +33,8 @@ void ClassTree::LoadClassTree() {
     view_.ClearNodes();
   });
   if (state_.ByItemClass()) {
-    LoadClasses();
+    LoadClasses(load);
+    if (!IsCurrent(load)) return;
   } else {
     SkipFailing([&] { AddNode({}, Translate(kRootText)); });
     SkipFailing([&] { state_.classRecordset.Close(); });
@@ -53,27 +55,27 @@ void ClassTree::MarkCurrentNode() {
   view_.MarkNode(node);
 }
 
-void ClassTree::LoadClasses() {
+void ClassTree::LoadClasses(std::uint32_t load) {
   // A failed query must drop the earlier result, whose rows would be added again.
   Recordset answer;
   SkipFailing([&] { answer = Connection(environment_.factory).Execute(statements::ClassTree()); });
-  // The call may have ended the control.
-  if (environment_.lifetime.HasEnded()) return;
+  // Each call to the suite may run messages, which end the control or load the tree again.
+  if (!IsCurrent(load)) return;
   state_.classRecordset = answer;
   NodeIndex root = kNoNode;
   SkipFailing([&] { root = AddNode({}, Translate(kRootText)); });
-  if (answer && root != kNoNode) SkipFailing([&] { AddClassNodes(); });
+  if (answer && root != kNoNode) SkipFailing([&] { AddClassNodes(load); });
 }
 
 // One row per member item arrives, in number order: a row that repeats the number before it is
 // skipped here; the node collection refuses any other repetition.
-void ClassTree::AddClassNodes() {
+void ClassTree::AddClassNodes(std::uint32_t load) {
   RowReader rows(state_.classRecordset, {columns::kItemClassNumber, columns::kItemClassName},
                  NullCells::AsEmptyText);
   std::u16string numberScratch;
   std::u16string nameScratch;
   std::optional<std::u16string> lastNumber;
-  while (rows.Next() && !environment_.lifetime.HasEnded()) {
+  while (rows.Next() && IsCurrent(load)) {
     SkipFailing([&] {
       const std::u16string_view number = CellText(rows.Field(0), numberScratch);
       if (lastNumber == number) return;

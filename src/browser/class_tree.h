@@ -1,6 +1,7 @@
 // The class tree `tvwBase`: loading it and what a click on a node does.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string_view>
@@ -49,8 +50,12 @@ class ClassTree {
   NodeIndex MarkedNode() const { return marked_; }
 
  private:
-  void LoadClasses();
-  void AddClassNodes();
+  // False once the control has ended or another load has begun.
+  bool IsCurrent(std::uint32_t load) const {
+    return load == lastLoad_ && !environment_.lifetime.HasEnded();
+  }
+  void LoadClasses(std::uint32_t load);
+  void AddClassNodes(std::uint32_t load);
   // Marks the current node; when it is no longer in the tree, the one in its place.
   void MarkCurrentNode();
   // kNoNode when the node exists already. Throws when the view fails; then nothing is added.
@@ -62,6 +67,7 @@ class ClassTree {
   ItemGrid& grid_;
   NodeCollection nodes_;
   NodeIndex marked_ = kNoNode;
+  std::uint32_t lastLoad_ = 0;
   std::optional<NodeId> notified_;  // the selection last reported to the host
   std::function<void()> loaded_;
 };

@@ -27,7 +27,8 @@ void DisplayFont::Refresh() {
   SkipFailing([&] {
     const Value chosen =
         ReadUserSetting(environment_.factory, environment_.application, kGridFontKey, u"");
-    if (!ToText(chosen).empty()) return;
+    // The call may have ended the control.
+    if (!ToText(chosen).empty() || environment_.lifetime.HasEnded()) return;
     const double size = ToDouble(ReadUserSetting(environment_.factory, environment_.application,
                                                  kReportFontSizeKey, kDefaultReportSize));
     if (size == lastAppliedSize_) return;

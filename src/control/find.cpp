@@ -140,9 +140,12 @@ void Find::Accept() {
     // The bar opened with its earlier text, which has not been searched from here yet.
     if (const auto hit = search_.Next(origin_ - 1, false)) node = hit->row;
   }
+  if (!tree_.Nodes().Contains(node)) return Close();
+  // The focus moves, and in its event the host may load other classes.
+  const NodeId id = tree_.Nodes().IdOf(node);
   Close();
   // Last, because it may end the control.
-  tree_.Select(node);
+  tree_.Select(tree_.Nodes().Find(id));
 }
 
 void Find::RowsChanged(FindPane pane) {

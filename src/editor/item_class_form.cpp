@@ -59,6 +59,8 @@ void ItemClassForm::Load() {
   try {
     SetCaptions();
     LoadFormTexts(context_.environment.factory, context_.view.FormObject(), kResourceKey);
+    // The call may have closed the form.
+    if (context_.HasEnded()) return;
     for (const ColumnWidth& width : kColumnWidths) {
       context_.members.SetColumnWidth(width.column, width.twips);
     }
@@ -167,12 +169,12 @@ void ItemClassForm::Run(FormTool tool) {
 bool ItemClassForm::Save() {
   // The form may have closed while it asked.
   if (context_.HasEnded()) return false;
-  if (!SaveClass(context_)) return false;
+  // Copies, because the form may close while it is written and in the event.
   const bool added = context_.state.IsAdding();
-  // Copies, because the host may close the form in the event.
   const auto whenSaved = context_.state.whenSaved;
-  const std::u16string number = context_.state.savedValues.number;
-  if (whenSaved) whenSaved(added, number);
+  const std::optional<std::u16string> number = SaveClass(context_);
+  if (!number) return false;
+  if (whenSaved) whenSaved(added, *number);
   if (added && !context_.HasEnded()) Add();
   return true;
 }

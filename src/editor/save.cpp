@@ -57,7 +57,8 @@ std::int32_t AccountId(ObjectFactory& factory, std::u16string_view failed,
 // Equality; faster on long columns than comparing characters.
 bool SameBytes(std::u16string_view left, std::u16string_view right) {
   return left.size() == right.size() &&
-         std::memcmp(left.data(), right.data(), left.size() * sizeof(char16_t)) == 0;
+         (left.empty() ||
+          std::memcmp(left.data(), right.data(), left.size() * sizeof(char16_t)) == 0);
 }
 
 // The text after the item's id in a row. The members of a class nearly always have the same
@@ -130,38 +131,38 @@ std::u16string SaveText(const FormState& state) {
   return text;
 }
 
-bool SaveClass(FormContext& form) {
+std::optional<std::u16string> SaveClass(FormContext& form) {
   FormState& state = form.state;
   ObjectFactory& factory = form.environment.factory;
   const TypedHeader header = ReadHeader(form.view);
   const auto failure = CheckData(state, header, factory);
   // Each call to the suite may run messages in which the form ends and releases its state.
-  if (form.HasEnded()) return false;
+  if (form.HasEnded()) return std::nullopt;
   if (failure) {
     if (!failure->keepsSavedFlag) state.saved = false;
     form.environment.messages.Inform(failure->message);
     if (failure->field) form.view.Focus(*failure->field);
-    return false;
+    return std::nullopt;
   }
   state.saved = true;
   RunSaveStep(u"更新物料失败，物料类别代码：", header.number,
               [&] { UpdateHeaders(state, header); });
   Recordset copy = CopyList(factory, state.memberList);
-  if (form.HasEnded()) return false;
+  if (form.HasEnded()) return std::nullopt;
   state.keptCopy = std::move(copy);
   state.memberList.MoveFirst();
   const std::int32_t lossAccountId =
       AccountId(factory, u"查找存货跌价损失科目失败，科目代码：", header.lossAccount);
-  if (form.HasEnded()) return false;
+  if (form.HasEnded()) return std::nullopt;
   state.lossAccountId = lossAccountId;
   const std::int32_t reserveAccountId =
       AccountId(factory, u"查找存货跌价准备科目失败，科目代码：", header.reserveAccount);
-  if (form.HasEnded()) return false;
+  if (form.HasEnded()) return std::nullopt;
   state.reserveAccountId = reserveAccountId;
   state.savedValues = static_cast<const ClassHeader&>(header);
   RunSaveStep(u"写入物料类别失败，物料类别代码：", header.number,
               [&] { Connection(factory).Run(SaveText(state)); });
-  return true;
+  return header.number;
 }
 
 }  // namespace pricedown

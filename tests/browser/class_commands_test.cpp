@@ -106,6 +106,49 @@ TEST_F(DeleteClass, ChangesNothingWhenTheAnswerIsNo) {
   EXPECT_EQ(log_.Text(), Lines(kQuestion + std::string("no\n")));
 }
 
+TEST_F(DeleteClass, AsksNothingOnceTheControlHasEndedWhileTheClassIsRead) {
+  factory_.Object(u"ending")
+      .On(u"RecordCount", 1)
+      .On(u"MoveFirst", Value())
+      .On(u"Fields", factory_.Answering(u"fields"));
+  factory_.Object(u"fields").On(u"", factory_.Answering(u"field"));
+  factory_.Object(u"field").On(u"Value", Reply::From([this](auto) -> Value {
+                                 environment_.lifetime.End();
+                                 return u"01";
+                               }));
+  state_.itemRecordset = Recordset(factory_.NewObject(u"ending"));
+  log_.Clear();
+  commands_.Delete();
+  EXPECT_TRUE(environment_.lifetime.HasEnded());
+  EXPECT_EQ(log_.Text().find("ask "), std::string::npos) << log_.Text();
+}
+
+TEST_F(DeleteClass, EndsQuietlyWhenTheControlEndsInTheReload) {
+  ScriptGuards(NoRow(), NoRow());
+  ScriptDeletes();
+  // The classes are read once more in the reload.
+  factory_.Object(u"ZEPConnection.AppConnection")
+      .On(u"Execute", Arguments({kTreeStatement}), Reply::From([this](auto) {
+            environment_.lifetime.End();
+            return NewScriptedRecordset(factory_.GetRecorder(), ClassRows({}));
+          }));
+  tree_.LoadClassTree();
+  ASSERT_FALSE(environment_.lifetime.HasEnded());
+  questions_.WillAnswer({true});
+  commands_.Delete();
+  EXPECT_TRUE(environment_.lifetime.HasEnded());
+  EXPECT_EQ(log_.Text().find("tree select"), std::string::npos) << log_.Text();
+}
+
+TEST_F(DeleteClass, DeletesTheClassItAskedAboutAlthoughTheGridShowsAnotherByThen) {
+  ScriptGuards(NoRow(), NoRow());
+  ScriptDeletes();
+  questions_.WillAnswer({true});
+  questions_.whileAsked = [this] { tree_.SelectRoot(); };
+  commands_.Delete();
+  EXPECT_EQ(log_.Count(ExecuteLine(kDeleteClass)), 1u) << log_.Text();
+}
+
 TEST_F(DeleteClass, DeletesAndTellsNothingWhenTheControlEndsInAGuard) {
   std::u16string_view ending;
   bool hasRow = false;

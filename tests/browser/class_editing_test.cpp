@@ -153,6 +153,28 @@ TEST_F(ClassEditing, CopiesEveryRowFromAnyCurrentRowOfTheGrid) {
 }
 
 // Only the guards read the period.
+TEST_F(ClassEditing, AsksForNoClassOnceTheControlHasEndedInTheCount) {
+  factory_.Object(u"ending").On(u"RecordCount", Reply::From([this](auto) -> Value {
+                                  environment_.lifetime.End();
+                                  return 0;
+                                }));
+  state_.itemRecordset = Recordset(factory_.NewObject(u"ending"));
+  log_.Clear();
+  commands_.Edit();
+  EXPECT_EQ(log_.Text(), "ending.RecordCount()\n");
+}
+
+TEST_F(ClassEditing, OpensNoFormOnceTheControlHasEndedInTheCopy) {
+  factory_.Makes(u"ADODB.Recordset", [this](const RecorderPtr& recorder) {
+    environment_.lifetime.End();
+    return NewScriptedRecordset(recorder, Rows({u"FItemID"}, {}));
+  });
+  commands_.Edit();
+  EXPECT_TRUE(environment_.lifetime.HasEnded());
+  EXPECT_EQ(log_.Text().find("editor show"), std::string::npos) << log_.Text();
+  EXPECT_TRUE(editor_.IsClean());
+}
+
 TEST_F(ClassEditing, AsksForNoPeriod) {
   commands_.Add();
   EXPECT_EQ(log_.Count("editor show mode 1 \"\""), 1u);

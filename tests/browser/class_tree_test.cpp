@@ -273,6 +273,36 @@ TEST_F(ClassTreeLoad, AddsNoClassOnceTheControlHasEndedWhileRowsAreRead) {
   EXPECT_EQ(Nodes(), (Texts{"gc0 物料"}));
 }
 
+// A call to the suite may run messages that load the tree again, for which a class was deleted and
+// another added.
+TEST_F(ClassTreeLoad, KeepsTheClassesOfALoadThatBeganInsideAnother) {
+  for (const bool inQuery : {true, false}) {
+    int queries = 0;
+    factory_.Object(inQuery ? u"first" : u"second")
+        .On(u"EOF", false)
+        .On(u"EOF", true)
+        .On(u"GetRows", Reply::From([&](auto) {
+              if (queries == 1) tree_.LoadClassTree();
+              return CellBlockPtr(std::make_shared<MemoryBlock>(
+                  2, std::vector<std::vector<Value>>{{u"01", u"甲"}, {u"02", u"乙"}}));
+            }));
+    factory_.Object(u"ZEPConnection.AppConnection")
+        .On(u"Execute", Reply::From([&](auto) -> Value {
+              if (++queries == 2) {
+                return NewScriptedRecordset(factory_.GetRecorder(),
+                                            ClassRows({{u"02", u"乙"}, {u"03", u"丙"}}));
+              }
+              if (inQuery) tree_.LoadClassTree();
+              return factory_.NewObject(inQuery ? u"first" : u"second");
+            }));
+    tree_.LoadClassTree();
+    EXPECT_EQ(queries, 2);
+    EXPECT_EQ(Nodes(), (Texts{"gc0 物料", "gi02 02(乙)", "gi03 03(丙)"})) << inQuery;
+    ExpectWindowInStep();
+    EXPECT_TRUE(treeView_.redraw);
+  }
+}
+
 // A node that the window refused is inserted again with the class's next row.
 TEST_F(ClassTreeLoad, ContinuesWithTheNextRowWhenTheWindowRefusesANode) {
   AnswerStatement(factory_, kTreeStatement,

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "store/statements.h"
 #include "tests/browser/class_deletion.h"
 #include "tests/control/dispatch_fixture.h"
 
@@ -247,6 +248,21 @@ TEST_F(FindInControl, EnterInTheTreeLoadsNothingWhenClosingTheBarEndsTheControl)
   EXPECT_TRUE(log.starts_with("find node 0\nfind close tree\n")) << log;
   EXPECT_EQ(log.find("tree select"), std::string::npos) << log;
   EXPECT_EQ(log.find(ExecuteLine(kItemsOf01)), std::string::npos) << log;
+}
+
+TEST_F(FindInControl, EnterSelectsTheFoundClassAlthoughItStandsElsewhereByThen) {
+  AnswerStatement(world_.factory, kTreeStatement, ClassRows({{u"02", u"成品"}}));
+  Open(FindPane::Tree);
+  find().TextChanged(u"成", false);
+  world_.view.whenFindCloses = [this] { Control().delRecord(); };
+  AnswerStatement(world_.factory, kVoucher, Rows({u"FVoucherID"}, {}));
+  AnswerStatement(world_.factory, kHistory, Rows({u"FItemID"}, {}));
+  AnswerNothing(world_.factory, kDeleteProvision);
+  AnswerNothing(world_.factory, kDeleteClass);
+  AnswerStatement(world_.factory, statements::ItemsOfClass(u"02"), ItemRows({}));
+  world_.questions.WillAnswer({true});
+  find().Accept();
+  EXPECT_EQ(world_.treeView.selected, 2) << world_.log.Text();
 }
 
 TEST_F(FindInControl, SearchesTheTreeAgainWhenADeletionReloadsIt) {

@@ -194,6 +194,26 @@ TEST_F(ItemClassFormTest, LoadsTheTextsOfOtherLanguagesUnderItsKey) {
   EXPECT_LT(text.find("caption title"), text.find("LoadFrmResStrings"));
 }
 
+TEST_F(ItemClassFormTest, ShowsNothingOnceItHasEndedWhileItsTextsAreLoaded) {
+  for (const std::int16_t mode : {kAddMode, std::int16_t{0}}) {
+    RecordingFactory other(log);
+    AllowRecordsets(other);
+    Environment ending(other, state, questions, screen, u"Host");
+    ItemClassForm endingForm(ending, view, list);
+    other.Object(u"ZEPPropsMgr.ShareProps")
+        .On(u"GetProperty", Reply::From([&endingForm](auto) -> Value {
+              endingForm.Unload();
+              return u"LANGUAGE=chs";
+            }));
+    endingForm.SetMode(mode);
+    endingForm.SetMemberList(Members(RawMaterials(), BoltAndNut()));
+    log.Clear();
+    EXPECT_EQ(ErrorOf([&] { endingForm.Load(); }), std::nullopt) << mode;
+    EXPECT_FALSE(endingForm.IsLoaded());
+    EXPECT_THAT(log.Text(), ::testing::Not(::testing::HasSubstr("column 1"))) << log.Text();
+  }
+}
+
 TEST_F(ItemClassFormTest, ListsTheMembersUnderTheirTitles) {
   OpenForEdit();
   EXPECT_EQ(list.RowTexts(), "物料代码|物料名称|规格型号|\n01.001|螺钉|M4|\n01.002|螺母||\n");

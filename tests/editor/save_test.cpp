@@ -57,6 +57,23 @@ TEST_F(Save, IsReportedOnceTheClassIsWritten) {
   EXPECT_EQ(reported, "changed 01;");
 }
 
+TEST_F(Save, IsReportedAlthoughTheFormHasEndedInTheWrite) {
+  std::string reported;
+  AnswerChecks(false);
+  AnswerAccountIds();
+  factory.Object(kConnectionId)
+      .On(u"Execute", Arguments({kSaveOf01}), Reply::From([this](auto) -> Value {
+            form.Unload();
+            return nullptr;
+          }));
+  OpenForEdit();
+  form.OnSaved([&](bool added, std::u16string_view number) {
+    reported += (added ? "added " : "changed ") + Utf8(number) + ";";
+  });
+  form.ToolClicked(FormTool::Save);
+  EXPECT_EQ(reported, "changed 01;");
+}
+
 TEST_F(Save, ReportsItsFailureAndPassesItOn) {
   std::string reported;
   AnswerChecks(false);

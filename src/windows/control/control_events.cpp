@@ -40,7 +40,9 @@ void ControlWindow::RunCommand(Command&& command) {
     command(*control_);
   } catch (...) {
     const Failure failure = CurrentFailure();
-    if (control_ != nullptr) control_->CommandFailed(failure);
+    // A command that failed because the control ended in it needs no report.
+    if (control_ == nullptr || control_->HasEnded()) return;
+    control_->CommandFailed(failure);
     // The failed command, or the host's event handler, may have destroyed the owner.
     ReportFailure(IsWindow(owner) != FALSE ? owner : nullptr, failure);
   }
