@@ -90,7 +90,7 @@ void PriceDown::NotifyMessage(std::u16string_view message) {
 void PriceDown::RefreshToolbar() {
   // A separate reference, because merging may end the control.
   const ObjectPtr parent = parentWindow_;
-  if (parent != nullptr) parent->Call(kMergeOperation, {Value(ObjectPtr(commandBar_))});
+  if (parent != nullptr) parent->CallForEffect(kMergeOperation, {Value(ObjectPtr(commandBar_))});
 }
 
 void PriceDown::SelBlock(const ObjectPtr& grid, const Value& column, const Value& column2,

@@ -21,15 +21,15 @@ bool HasBuiltInLanguage(ObjectFactory& factory) {
 void LoadControlTexts(ObjectFactory& factory, const ObjectPtr& form) {
   if (HasBuiltInLanguage(factory)) return;
   const ObjectPtr resources = factory.Create(kResources);
-  resources->Get(kColumnHeaders);
-  resources->Call(kLoadTexts, {form});
+  resources->CallForEffect(kColumnHeaders);
+  resources->CallForEffect(kLoadTexts, {form});
 }
 
 void LoadFormTexts(ObjectFactory& factory, const ObjectPtr& form, std::u16string_view key) {
   if (HasBuiltInLanguage(factory)) return;
   const ObjectPtr resources = factory.Create(kResources);
   resources->Put(kColumnHeaders, true);
-  resources->Call(kLoadTexts, {form, key});
+  resources->CallForEffect(kLoadTexts, {form, key});
 }
 
 void ReadFontProperties(ObjectFactory& factory, Font& font) {

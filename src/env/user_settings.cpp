@@ -2,8 +2,6 @@
 // back on any error.
 #include "env/user_settings.h"
 
-#include <array>
-
 #include "env/quoting.h"
 #include "platform/convert.h"
 #include "platform/skip.h"
@@ -16,7 +14,7 @@ namespace {
 
 ObjectPtr LoadProfile(ObjectFactory& factory, std::u16string_view application) {
   ObjectPtr profile = factory.Create(u"ZEPEBCBASE.UserProfile");
-  profile->Call(u"Load", {application, kSettingsSection});
+  profile->CallForEffect(u"Load", {application, kSettingsSection});
   return profile;
 }
 
@@ -45,8 +43,7 @@ void SaveUserSetting(ObjectFactory& factory, std::u16string_view application,
                      std::u16string_view key, const Value& value) {
   const ObjectPtr profile = LoadProfile(factory, application);
   DictionaryOf(*profile)->PutIndexed(u"", key, value);
-  std::array<Value, 2> place{application, kSettingsSection};
-  profile->Perform(profile->Find(u"Save"), place);
+  profile->CallForEffect(u"Save", {application, kSettingsSection});
 }
 
 double ReadUserNumber(ObjectFactory& factory, std::int32_t userNumber, std::u16string_view key) {

@@ -15,6 +15,12 @@ Value AutomationObject::Call(std::u16string_view name, std::initializer_list<Val
   return Invoke(Find(name), Access::Call, copies);
 }
 
+void AutomationObject::CallForEffect(std::u16string_view name,
+                                     std::initializer_list<Value> arguments) {
+  std::vector<Value> copies(arguments);
+  Perform(Find(name), copies);
+}
+
 void AutomationObject::Put(std::u16string_view name, Value value) {
   std::array<Value, 1> arguments{std::move(value)};
   Invoke(Find(name), Access::Put, arguments);

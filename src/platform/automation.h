@@ -44,6 +44,8 @@ class AutomationObject {
   // Name look-up and call in one step.
   Value Call(std::u16string_view name, std::initializer_list<Value> arguments = {});
   Value Get(std::u16string_view name) { return Call(name); }
+  // Calls a method whose result nothing reads: one of any kind is no failure.
+  void CallForEffect(std::u16string_view name, std::initializer_list<Value> arguments = {});
   void Put(std::u16string_view name, Value value);
   // obj.name(index) = value; the empty name is the default member.
   void PutIndexed(std::u16string_view name, Value index, Value value);

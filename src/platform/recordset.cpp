@@ -19,13 +19,6 @@ ObjectPtr FieldOf(AutomationObject& recordset, std::u16string_view name) {
   return RequireObject(FieldsOf(recordset)->Call(u"", {name}), name);
 }
 
-// Calls a method whose result nothing reads: one of any kind is no failure.
-void Run(AutomationObject& object, std::u16string_view method,
-         std::initializer_list<Value> arguments = {}) {
-  std::vector<Value> copies(arguments);
-  object.Perform(object.Find(method), copies);
-}
-
 // Throws AutomationError when the name fails.
 FieldDefinition DefinitionOf(AutomationObject& field) {
   FieldDefinition definition;
@@ -60,8 +53,8 @@ AutomationObject& Recordset::Required() const {
 
 std::int32_t Recordset::RecordCount() const { return ToInt32(Required().Get(u"RecordCount")); }
 bool Recordset::AtEnd() const { return ToBoolean(Required().Get(u"EOF")); }
-void Recordset::MoveFirst() const { Run(Required(), u"MoveFirst"); }
-void Recordset::MoveNext() const { Run(Required(), u"MoveNext"); }
+void Recordset::MoveFirst() const { Required().CallForEffect(u"MoveFirst"); }
+void Recordset::MoveNext() const { Required().CallForEffect(u"MoveNext"); }
 
 Value Recordset::Field(std::u16string_view name) const {
   return FieldOf(Required(), name)->Get(u"Value");
@@ -85,7 +78,7 @@ std::vector<FieldDefinition> Recordset::Fields() const {
 
 void Recordset::AppendField(const FieldDefinition& field) const {
   const ObjectPtr fields = FieldsOf(Required());
-  Run(*fields, u"Append", {field.name, field.type, field.definedSize, field.attributes});
+  fields->CallForEffect(u"Append", {field.name, field.type, field.definedSize, field.attributes});
   if (field.type != ado::kNumeric) return;
   SkipFailing([&] {
     const ObjectPtr appended = RequireObject(fields->Call(u"", {field.name}), field.name);
@@ -106,16 +99,16 @@ CellBlockPtr Recordset::GetRows(std::int32_t count,
 }
 
 void Recordset::AddNew(const Value& fields, const Value& values) const {
-  Run(Required(), u"AddNew", {fields, values});
+  Required().CallForEffect(u"AddNew", {fields, values});
 }
 
-void Recordset::Open() const { Run(Required(), u"Open"); }
-void Recordset::Close() const { Run(Required(), u"Close"); }
-void Recordset::AddNew() const { Run(Required(), u"AddNew"); }
-void Recordset::Update() const { Run(Required(), u"Update"); }
-void Recordset::CancelUpdate() const { Run(Required(), u"CancelUpdate"); }
-void Recordset::UpdateBatch() const { Run(Required(), u"UpdateBatch"); }
-void Recordset::Delete() const { Run(Required(), u"Delete"); }
+void Recordset::Open() const { Required().CallForEffect(u"Open"); }
+void Recordset::Close() const { Required().CallForEffect(u"Close"); }
+void Recordset::AddNew() const { Required().CallForEffect(u"AddNew"); }
+void Recordset::Update() const { Required().CallForEffect(u"Update"); }
+void Recordset::CancelUpdate() const { Required().CallForEffect(u"CancelUpdate"); }
+void Recordset::UpdateBatch() const { Required().CallForEffect(u"UpdateBatch"); }
+void Recordset::Delete() const { Required().CallForEffect(u"Delete"); }
 void Recordset::SetFilter(std::u16string_view filter) const { Required().Put(u"Filter", filter); }
 
 }  // namespace pricedown

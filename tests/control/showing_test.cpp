@@ -105,6 +105,25 @@ TEST_F(Show, MergesNothingWithoutAParentObject) {
   EXPECT_EQ(world_.log.Text(), "");
 }
 
+// Its method returns what no value can hold.
+class Inconvertible : public AutomationObject {
+ public:
+  MemberId Find(std::u16string_view) override { return 1; }
+  Value Invoke(MemberId, Access, std::span<Value>) override {
+    throw AutomationError(ErrorNumber::TypeMismatch, u"answer");
+  }
+  void Perform(MemberId, std::span<Value>) override { ++performed; }
+  int performed = 0;
+};
+
+TEST_F(Show, IgnoresWhatMergingReturns) {
+  Initialize();
+  const auto parent = std::make_shared<Inconvertible>();
+  EXPECT_TRUE(world_.control->Show(ObjectPtr(parent)));
+  world_.control->RefreshToolbar();
+  EXPECT_EQ(parent->performed, 2);
+}
+
 TEST_F(Show, AcceptsAParentByReference) {
   Initialize();
   Value parent(world_.NewParent());
