@@ -28,11 +28,6 @@ std::optional<std::size_t> NextStop(std::span<const bool> open, std::optional<st
   return std::nullopt;
 }
 
-std::size_t NextPane(std::size_t count, std::optional<std::size_t> current, bool backwards) {
-  if (!current) return 0;
-  return (*current + (backwards ? count - 1 : 1)) % count;
-}
-
 bool KeepsKey(FocusPlace place, const KeyPress& press) {
   const Key key = press.key;
   if (IsMoveKey(key)) return true;

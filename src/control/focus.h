@@ -15,9 +15,6 @@ namespace pricedown {
 std::optional<std::size_t> NextStop(std::span<const bool> open, std::optional<std::size_t> current,
                                     bool backwards, bool wrap);
 
-// The next of `count` panes for F6, the first one from outside.
-std::size_t NextPane(std::size_t count, std::optional<std::size_t> current, bool backwards);
-
 enum class FocusPlace { Tree, Grid, CellEditor, FindField, ToolStrip, Splitter, Other };
 
 // Whether the part needs the key itself. Keys of commands are in commands.h.

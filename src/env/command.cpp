@@ -87,11 +87,14 @@ std::u16string ShortcutText(const KeyPress& press) {
                       press.shift ? u"Shift+" : u"", NameOf(press.key)});
 }
 
-std::u16string TooltipOf(const Command& command) {
-  std::u16string tip = Translate(command.tooltip);
+std::u16string WithShortcut(const Command& command, std::u16string_view text) {
   const std::u16string shortcut = ShortcutText(command.keys[0]);
-  if (tip.empty() || shortcut.empty()) return tip;
-  return Concatenate({tip, u" (", shortcut, u")"});
+  if (text.empty() || shortcut.empty()) return std::u16string(text);
+  return Concatenate({text, u" (", shortcut, u")"});
+}
+
+std::u16string TooltipOf(const Command& command) {
+  return WithShortcut(command, Translate(command.tooltip));
 }
 
 }  // namespace pricedown

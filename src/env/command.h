@@ -58,7 +58,9 @@ std::vector<HiddenButton> HiddenButtons(std::span<const Command* const> buttons,
 // How a key is written for the user: "Ctrl+P"; empty for Key::None.
 std::u16string ShortcutText(const KeyPress& press);
 
-// The translated tooltip followed by the shortcut, "打印 (Ctrl+P)"; empty without a tooltip.
+// The text followed by the shortcut, "打印 (Ctrl+P)"; empty without a text.
+std::u16string WithShortcut(const Command& command, std::u16string_view text);
+// The translated tooltip with the shortcut.
 std::u16string TooltipOf(const Command& command);
 
 }  // namespace pricedown

@@ -34,14 +34,6 @@ TEST(FocusOrder, SkipsClosedStops) {
   EXPECT_EQ(NextStop(none, 1, false, true), std::nullopt);
 }
 
-TEST(FocusOrder, GoesRoundThePanesFromTheFirst) {
-  EXPECT_EQ(NextPane(3, std::nullopt, false), 0u);
-  EXPECT_EQ(NextPane(3, std::nullopt, true), 0u);
-  EXPECT_EQ(NextPane(3, 0, false), 1u);
-  EXPECT_EQ(NextPane(3, 2, false), 0u);
-  EXPECT_EQ(NextPane(3, 0, true), 2u);
-}
-
 struct KeptKey {
   KeyPress press;
   bool tree, grid, editor, strip, splitter;

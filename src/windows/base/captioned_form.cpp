@@ -55,6 +55,12 @@ ObjectPtr FormControls::Item(const Value& index) const {
   throw AutomationError(ErrorNumber::InvalidArgument, u"没有该控件", u"Controls");
 }
 
+std::optional<std::vector<Value>> FormControls::Elements() {
+  std::vector<Value> elements;
+  for (const auto& control : controls_) elements.emplace_back(ObjectPtr(control));
+  return elements;
+}
+
 std::span<const Member<FormControls>> FormControls::Members() {
   static constexpr Member<FormControls> kMembers[]{
       {u"Count", MemberKind::Get,

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -36,6 +37,7 @@ class FormControls : public LocalObject<FormControls> {
   void Detach();
   // By position from 0 or by name. Throws AutomationError (InvalidArgument) when there is none.
   ObjectPtr Item(const Value& index) const;
+  std::optional<std::vector<Value>> Elements() override;
 
   static std::span<const Member<FormControls>> Members();
 

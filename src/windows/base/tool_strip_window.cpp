@@ -219,6 +219,12 @@ void ToolStripWindow::SetTooltip(const Command& button, std::u16string_view tool
   if (const int id = IdOf(button)) tooltips_[static_cast<std::size_t>(id - IdAt(1))] = tooltip;
 }
 
+void ToolStripWindow::Rename(const Command& button, std::u16string_view caption) {
+  if (Caption(button) == caption) return;
+  SetCaption(button, caption);
+  SetTooltip(button, WithShortcut(button, caption));
+}
+
 void ToolStripWindow::OnCommand(int id) {
   if (id == control_ids::kMoreButtons) pressed_.Value().more = true;
   if (const Command* button = ButtonOf(static_cast<std::size_t>(id))) {

@@ -40,6 +40,8 @@ class ToolStripWindow final : public BoundWindow {
   std::u16string Caption(const Command& button) const;
   void SetCaption(const Command& button, std::u16string_view caption);
   void SetTooltip(const Command& button, std::u16string_view tooltip);
+  // Another caption, and a tooltip that says the same.
+  void Rename(const Command& button, std::u16string_view caption);
 
   void SetFont(HFONT font);
   // The height, in pixels, at which toolbars draw pictures in the middle.

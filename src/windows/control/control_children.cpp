@@ -65,7 +65,7 @@ void ControlChildren::ListCaptions() {
     captions.push_back(
         {Concatenate({u"tbToolBar.", button->key}),
          [this, button] { return toolStrip.Caption(*button); },
-         [this, button](std::u16string_view text) { toolStrip.SetCaption(*button, text); }});
+         [this, button](std::u16string_view text) { toolStrip.Rename(*button, text); }});
   }
   form = std::make_shared<CaptionedForm>(u"PriceDown", std::move(captions));
 }
@@ -79,6 +79,8 @@ void ControlChildren::MakeTitleFont(Dpi dpi) {
 
 void ControlChildren::MakeFonts(Dpi dpi) {
   MakeTitleFont(dpi);
+  // First, because windows keep what they are given.
+  FontHandle forTree = MakeFont(treeFont, dpi);
   FontHandle forTexts = MakeMessageFont(dpi);
   for (const BoundWindow* window : std::initializer_list<const BoundWindow*>{
            &period, &firstLabel, &secondLabel, &classHeading, &itemHeading, &statusBar}) {
@@ -86,7 +88,7 @@ void ControlChildren::MakeFonts(Dpi dpi) {
   }
   toolStrip.SetFont(forTexts.Get());
   findBar.SetFont(forTexts.Get());
-  tree.SetFont(MakeFont(treeFont, dpi));
+  tree.SetFont(std::move(forTree));
   textFont = std::move(forTexts);
 }
 

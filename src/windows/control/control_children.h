@@ -52,7 +52,7 @@ struct ControlChildren {
   void ShowProgress(bool show);
   LRESULT OnNotify(NMHDR& header);
   // False when there is no further child in that direction and it does not wrap around.
-  bool MoveFocus(bool backwards, bool wrap) const;
+  bool MoveFocus(HWND from, bool backwards, bool wrap) const;
   FocusPlace PlaceOf(HWND focus) const;
   HWND WindowOf(FindPane which) const {
     return which == FindPane::Tree ? tree.Handle() : grid.Handle();

@@ -21,15 +21,26 @@ std::optional<std::size_t> StopOf(const Stops& stops, HWND focus) {
   return std::nullopt;
 }
 
+// Which of them the layout shows. The control itself may be hidden.
+std::array<bool, std::tuple_size_v<Stops>> OpenOf(const Stops& stops, HWND control) {
+  const auto isOpen = [control](HWND window) {
+    for (; window != control; window = GetAncestor(window, GA_PARENT)) {
+      if (window == nullptr || (GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) == 0) return false;
+    }
+    return true;
+  };
+  std::array<bool, std::tuple_size_v<Stops>> open{};
+  std::transform(stops.begin(), stops.end(), open.begin(), isOpen);
+  return open;
+}
+
 }  // namespace
 
-bool ControlChildren::MoveFocus(bool backwards, bool wrap) const {
+bool ControlChildren::MoveFocus(HWND from, bool backwards, bool wrap) const {
   const Stops stops{tree.Handle(), grid.Handle(),
                     toolStrip.AcceptsFocus() ? toolStrip.Handle() : nullptr};
-  std::array<bool, std::tuple_size_v<Stops>> open{};
-  std::transform(stops.begin(), stops.end(), open.begin(),
-                 [](HWND stop) { return stop != nullptr && IsWindowVisible(stop) != FALSE; });
-  const auto next = NextStop(open, StopOf(stops, GetFocus()), backwards, wrap);
+  const HWND control = GetAncestor(tree.Handle(), GA_PARENT);
+  const auto next = NextStop(OpenOf(stops, control), StopOf(stops, from), backwards, wrap);
   if (next) SetFocus(stops[*next]);
   return next.has_value();
 }
@@ -43,14 +54,12 @@ FocusPlace ControlChildren::PlaceOf(HWND focus) const {
   return focus == splitter.Handle() ? FocusPlace::Splitter : FocusPlace::Other;
 }
 
-void ControlWindow::TabPressed(bool backwards) { children_->MoveFocus(backwards, true); }
+void ControlWindow::TabPressed(bool backwards) {
+  children_->MoveFocus(GetFocus(), backwards, true);
+}
 
 void ControlWindow::SetFocusFirst(bool last) {
-  if (Handle() == nullptr) return;
-  const ControlChildren& c = *children_;
-  SetFocus(!last                        ? c.tree.Handle()
-           : c.toolStrip.AcceptsFocus() ? c.toolStrip.Handle()
-                                        : c.grid.Handle());
+  if (Handle() != nullptr) children_->MoveFocus(nullptr, last, false);
 }
 
 // A key whose command is disabled is left to the host.
@@ -73,14 +82,18 @@ bool ControlWindow::TranslateKey(MSG& message) {
   const ControlChildren& c = *children_;
   const bool inFindField = c.PlaceOf(focus) == FocusPlace::FindField;
   if (press.key == Key::Tab && !press.control) {
-    if (!inFindField) return c.MoveFocus(press.shift, false);
+    if (!inFindField) return c.MoveFocus(GetFocus(), press.shift, false);
     FindTabPressed();
     return true;
   }
   if (press.key == Key::F6 && !press.control) {
     const Stops panes{c.tree.Handle(), c.splitter.Handle(), c.grid.Handle()};
     const HWND from = inFindField ? c.WindowOf(c.findBar.Pane()) : focus;
-    SetFocus(panes[NextPane(panes.size(), StopOf(panes, from), press.shift)]);
+    const auto pane = StopOf(panes, from);
+    // From outside to the first one.
+    if (const auto next = NextStop(OpenOf(panes, Handle()), pane, pane && press.shift, true)) {
+      SetFocus(panes[*next]);
+    }
     return true;
   }
   if (!KeepsKey(c.PlaceOf(focus), press) && !UsesCommandKey(focus, press)) return false;

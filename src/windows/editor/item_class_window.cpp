@@ -115,7 +115,7 @@ void ItemClassWindow::ListCaptions() {
     captions.push_back({Concatenate({u"tlbSPCA.", tool.key}),
                         [&toolStrip = c.toolStrip, &tool] { return toolStrip.Caption(tool); },
                         [&toolStrip = c.toolStrip, &tool](std::u16string_view text) {
-                          toolStrip.SetCaption(tool, text);
+                          toolStrip.Rename(tool, text);
                         }});
   }
   c.form = std::make_shared<CaptionedForm>(u"frmItemClass", std::move(captions));
