@@ -16,8 +16,8 @@ HWND FocusedWindow::Find() const {
   return nullptr;
 }
 
-FocusReturn::~FocusReturn() {
-  const HWND place = place_.Find();
+void FocusedWindow::Restore() const {
+  const HWND place = Find();
   if (place != nullptr && GetAncestor(place, GA_ROOT) == GetActiveWindow()) SetFocus(place);
 }
 

@@ -13,6 +13,8 @@ class FocusedWindow {
   FocusedWindow();
   // Null when there was none, or when it was destroyed or cannot get the focus now.
   HWND Find() const;
+  // Gives it the focus again, unless another top-level window has become the active one.
+  void Restore() const;
 
  private:
   HWND window_;
@@ -23,7 +25,7 @@ class FocusedWindow {
 class FocusReturn {
  public:
   FocusReturn() = default;
-  ~FocusReturn();
+  ~FocusReturn() { place_.Restore(); }
   FocusReturn(const FocusReturn&) = delete;
   FocusReturn& operator=(const FocusReturn&) = delete;
 

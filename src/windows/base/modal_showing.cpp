@@ -44,7 +44,7 @@ void ModalShowing::End() noexcept {
     if (IsWindow(other) != FALSE) EnableWindow(other, TRUE);
   }
   disabled_.clear();
-  if (const HWND focus = focus_.Find()) SetFocus(focus);
+  focus_.Restore();
 }
 
 void ModalShowing::Run(const std::function<bool(MSG& message)>& translate) {

@@ -68,7 +68,10 @@ HWND ControlWindow::DialogOwner() const {
 
 void ControlWindow::MoveInto(HWND parent, const RECT& pixels) {
   if (Handle() == nullptr) return;
+  const Dpi before = Dpi::Of(Handle());
   SetParent(Handle(), parent);
+  if (Handle() != nullptr && Dpi::Of(Handle()) != before) SystemChanged(kDpiChangedAfterParent);
+  if (Handle() == nullptr) return;
   MoveTo(pixels);
   ShowWindow(Handle(), SW_SHOW);
 }

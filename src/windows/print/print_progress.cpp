@@ -67,7 +67,7 @@ void PrintProgress::Show() {
   SendMessageW(Handle(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon_.get()));
   text_.Create(Handle(), module_, L"STATIC", preview_ids::kProgressText, WS_VISIBLE | SS_NOPREFIX);
   bar_.Create(Handle(), module_, PROGRESS_CLASSW, preview_ids::kProgressBar, WS_VISIBLE);
-  button_.Create(Handle(), module_, L"BUTTON", IDCANCEL, WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON,
+  button_.Create(Handle(), module_, L"BUTTON", IDCANCEL, WS_VISIBLE | WS_TABSTOP | BS_DEFPUSHBUTTON,
                  Translate(u"取消"));
   SendMessageW(bar_.Handle(), PBM_SETRANGE32, 0, kBarUnits);
   LayOut();
@@ -110,6 +110,10 @@ LRESULT PrintProgress::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_CLOSE:
       cancelled_ = true;
+      return 0;
+    case WM_SETFOCUS:
+      // As when the user returns from another program.
+      SetFocus(button_.Handle());
       return 0;
     case WM_ERASEBKGND:
       return OnEraseButtonFace(Handle(), wParam);

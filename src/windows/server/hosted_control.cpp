@@ -86,6 +86,7 @@ void HostedControl::AmbientChanged(DISPID property) {
 
 void HostedControl::Start() {
   if (!session_->IsUsable()) {
+    Deactivate();
     // A listener that was set after the end stays for the new session.
     if (!session_->HasEnded()) End();
     NewSession();
@@ -105,10 +106,7 @@ void HostedControl::Activate(bool ui, bool atLast) {
   const auto site = site_.Copy();
   if (!site) throw AutomationError(OLE_E_NOT_INPLACEACTIVE, u"控件没有容器");
   FirstFailure steps;
-  if (!session_->IsUsable()) {
-    Deactivate();
-    steps.Run([&] { Start(); });
-  }
+  if (!session_->IsUsable()) steps.Run([&] { Start(); });
   steps.Run([&] {
     const auto session = session_;
     activation_.Activate(*site.get(), session->Window());

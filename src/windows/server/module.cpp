@@ -20,12 +20,20 @@ Module& TheModule() {
 
 ThreadEntry& Module::ThisThread() {
   const DWORD id = GetCurrentThreadId();
+  FILETIME begun{};
+  FILETIME other{};
+  GetThreadTimes(GetCurrentThread(), &begun, &other, &other, &other);
   const ExclusiveLock locked(lock_);
   for (const auto& known : threads_) {
-    if (known->id == id) return *known;
+    if (known->id != id) continue;
+    if (CompareFileTime(&known->begun, &begun) == 0) return *known;
+    // That thread has ended, and the system gave its id to this one. A control that was left behind
+    // keeps the entry.
+    known->id = 0;
   }
   threads_.push_back(std::make_unique<ThreadEntry>());
   threads_.back()->id = id;
+  threads_.back()->begun = begun;
   return *threads_.back();
 }
 

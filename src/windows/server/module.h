@@ -15,6 +15,7 @@ namespace pricedown::windows {
 // What the controls of one thread share: the form and the suite's objects belong to that thread.
 struct ThreadEntry {
   DWORD id = 0;
+  FILETIME begun{};
   ThreadState state;
   // Owned by the controls that have used it.
   std::weak_ptr<ItemClassDialog> editor;

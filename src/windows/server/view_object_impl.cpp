@@ -16,6 +16,7 @@ RECT ToPixels(HDC context, const RECTL& bounds) {
   POINT corners[] = {{bounds.left, bounds.top}, {bounds.right, bounds.bottom}};
   if (GetDeviceCaps(context, TECHNOLOGY) != DT_METAFILE) {
     LPtoDP(context, corners, 2);
+    ModifyWorldTransform(context, nullptr, MWT_IDENTITY);
     SetMapMode(context, MM_TEXT);
     SetWindowOrgEx(context, 0, 0, nullptr);
     SetViewportOrgEx(context, 0, 0, nullptr);
