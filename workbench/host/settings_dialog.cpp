@@ -3,6 +3,7 @@
 #include "workbench/host/settings_dialog.h"
 
 #include <iterator>
+#include <map>
 #include <span>
 #include <string>
 #include <vector>
@@ -169,22 +170,25 @@ class SettingsPage {
     settings_->Put(u"UserID", SelectedUser(dialog));
     settings_->Call(u"Begin", {});
     try {
-      settings_->Put(u"ItemClassType",
-                     SelectedChoice(dialog, IDC_ITEM_CLASS_TYPE, kItemClassTypes));
+      StoreChoice(dialog, IDC_ITEM_CLASS_TYPE, kItemClassTypes, u"ItemClassType");
       settings_->Put(u"CurrentYear", Text(dialog, IDC_YEAR));
       settings_->Put(u"CurrentPeriod", Text(dialog, IDC_PERIOD));
       settings_->Put(u"UseShortNumber", IsChecked(dialog, IDC_SHORT_NUMBERS) ? u"1" : u"0");
-      settings_->Put(u"VoucherPresent", IsChecked(dialog, IDC_VOUCHER));
+      if (IsChanged(dialog, IDC_VOUCHER)) {
+        settings_->Put(u"VoucherPresent", IsChecked(dialog, IDC_VOUCHER));
+      }
       for (const RightSwitch& right : kRights) StoreRight(dialog, right);
       settings_->Call(u"Commit", {});
     } catch (...) {
       settings_->Call(u"Rollback", {});
       throw;
     }
-    settings_->Put(u"Language", SelectedChoice(dialog, IDC_LANGUAGE, kLanguages));
+    StoreChoice(dialog, IDC_LANGUAGE, kLanguages, u"Language");
   }
 
+  // The objects of the two modes share boxes and may have different rights.
   void StoreRight(HWND dialog, const RightSwitch& right) {
+    if (!IsChanged(dialog, right.control)) return;
     std::vector<Value> arguments{right.objectType, right.objectNumber};
     const std::int32_t before =
         ToInt32(settings_->Call(u"Rights", {right.objectType, right.objectNumber}));
@@ -211,16 +215,22 @@ class SettingsPage {
     }
   }
 
-  static Value SelectedChoice(HWND dialog, int control, std::span<const Choice> choices) {
+  // A value that is none of the choices stays until one is chosen.
+  void StoreChoice(HWND dialog, int control, std::span<const Choice> choices,
+                   std::u16string_view setting) {
     const LRESULT selected = SendDlgItemMessageW(dialog, control, CB_GETCURSEL, 0, 0);
-    return choices[selected < 0 ? 0 : static_cast<std::size_t>(selected)].value;
+    if (selected >= 0) settings_->Put(setting, choices[static_cast<std::size_t>(selected)].value);
   }
 
   static void ComboAdd(HWND list, const wchar_t* text) {
     SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
   }
-  static void Check(HWND dialog, int control, bool on) {
+  void Check(HWND dialog, int control, bool on) {
+    shown_[control] = on;
     CheckDlgButton(dialog, control, on ? BST_CHECKED : BST_UNCHECKED);
+  }
+  bool IsChanged(HWND dialog, int control) const {
+    return IsChecked(dialog, control) != shown_.at(control);
   }
   static bool IsChecked(HWND dialog, int control) {
     return IsDlgButtonChecked(dialog, control) == BST_CHECKED;
@@ -236,6 +246,7 @@ class SettingsPage {
 
   ObjectPtr settings_;
   std::vector<std::int32_t> users_;
+  std::map<int, bool> shown_;  // the state of each box as it was filled
 };
 
 }  // namespace

@@ -204,6 +204,10 @@ Value GLView::ItemLookUp(std::int32_t type, std::u16string_view condition,
     result->confirmed = true;
     if (items.size() == 1) {
       result->returnValue = ToText(items.front()->Call(u"Properties", {u"FNumber"}));
+      // An empty one would say that several were chosen.
+      if (result->returnValue.empty()) {
+        result->returnValue = ToText(items.front()->Call(u"Properties", {u"FItemID"}));
+      }
       result->returnObject = items.front();
     } else {
       auto collection = std::make_shared<ItemCollection>();
