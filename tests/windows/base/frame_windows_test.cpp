@@ -3,8 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <memory>
 #include <new>
+#include <vector>
 
 namespace pricedown::testing {
 namespace {
@@ -29,6 +31,19 @@ TEST(ParkingWindow, MayEndInTheHandlerOfASystemChange) {
   EXPECT_EQ(calls, 1);
   EXPECT_FALSE(IsWindow(window));
   VirtualFree(page, 0, MEM_RELEASE);
+}
+
+TEST(ParkingWindow, PassesOnWhatChangesInTheSystemAndNothingElse) {
+  std::vector<UINT> heard;
+  windows::ParkingWindow parking;
+  parking.Create(GetModuleHandleW(nullptr));
+  parking.OnSystemChange([&heard](UINT message) { heard.push_back(message); });
+  const std::vector<UINT> changes{WM_SETTINGCHANGE, WM_SYSCOLORCHANGE, WM_THEMECHANGED};
+  for (const UINT message : changes) SendMessageW(parking.Handle(), message, 0, 0);
+  for (const UINT message : std::initializer_list<UINT>{WM_NULL, WM_CANCELMODE, WM_APP}) {
+    SendMessageW(parking.Handle(), message, 0, 0);
+  }
+  EXPECT_EQ(heard, changes);
 }
 
 }  // namespace

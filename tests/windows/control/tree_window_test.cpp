@@ -24,6 +24,12 @@ class TreeWindow : public ::testing::Test {
     return world_.suite.log.Count(ExecuteLine(statements::ItemsOfClass(classNumber)));
   }
 
+  // Less high than its classes.
+  void MakeLow() {
+    SetWindowPos(world_.host.Handle(), nullptr, 0, 0, 700, 330, SWP_NOMOVE | SWP_NOZORDER);
+    world_.window->MoveTo(world_.host.Inside());
+  }
+
   UiWorld world_;
 };
 
@@ -120,8 +126,7 @@ TEST_F(TreeWindow, BeginsAtTheFirstNodeWhenNothingWasClicked) {
 }
 
 TEST_F(TreeWindow, KeepsItsScrollPositionOverAReload) {
-  SetWindowPos(world_.host.Handle(), nullptr, 0, 0, 700, 330, SWP_NOMOVE | SWP_NOZORDER);
-  world_.window->MoveTo(world_.host.Inside());
+  MakeLow();
   world_.Click(world_.Tree(), world_.NodePoint(2));
   SendMessageW(world_.Tree(), WM_VSCROLL, SB_BOTTOM, 0);
   const auto first = [&] {
@@ -139,6 +144,22 @@ TEST_F(TreeWindow, KeepsItsScrollPositionOverAReload) {
   world_.control->CommandChosen(Button(u"sp2"));
   EXPECT_EQ(first(), before);
   EXPECT_EQ(world_.window->SelectedNode(), kNoNode);
+}
+
+// The list would be drawn narrower and wider again at every load.
+TEST_F(TreeWindow, KeepsItsScrollBarWhileItsClassesAreReplaced) {
+  MakeLow();
+  const auto hasBar = [this] {
+    return (GetWindowLongPtrW(world_.Tree(), GWL_STYLE) & WS_VSCROLL) != 0;
+  };
+  ASSERT_TRUE(hasBar());
+  world_.window->SetRedraw(false);
+  world_.window->ClearNodes();
+  EXPECT_TRUE(hasBar());
+  world_.window->InsertNode(1, kNoNode, u"物料");
+  EXPECT_TRUE(hasBar());
+  world_.window->SetRedraw(true);
+  EXPECT_FALSE(hasBar()) << "of the root alone";
 }
 
 TEST_F(TreeWindow, ShowsTheBeginningOfALongClass) {
