@@ -163,6 +163,22 @@ TEST(ControlWindow, ShowsTheProgressBarWhileALongTreeIsFilled) {
   EXPECT_EQ(Panel(world, 2), "");
 }
 
+// The rest of the work runs no messages.
+TEST(ControlWindow, HasPaintedTheProgressOnceItIsShown) {
+  UiWorld world;
+  world.Start();
+  world.window->SetRedraw(false);
+  world.window->ClearNodes();
+  world.window->InsertNode(1, kNoNode, u"物料");
+  Sleep(kLong);
+  for (NodeIndex index = 2; index <= 1024; ++index) world.window->InsertNode(index, 1, u"类别");
+  ASSERT_TRUE(ShowsProgress(world));
+  for (const int id : {ids::kProgressBar, ids::kStatusBar}) {
+    EXPECT_FALSE(GetUpdateRect(world.Child(id), nullptr, FALSE)) << id;
+  }
+  world.window->SetRedraw(true);
+}
+
 TEST(ControlWindow, ShowsTheProgressBarOnceTheItemsOfALongLoadArrive) {
   UiWorld world;
   world.Start();
