@@ -7,9 +7,7 @@
 #include <stdexcept>
 
 #include "platform/error.h"
-#include "tests/support/utf8.h"
 #include "tests/windows/raw_call.h"
-#include "windows/com/system_error.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::testing {
@@ -50,10 +48,6 @@ TEST(Boundary, LeavesNoStaleDescriptionWithAnotherCode) {
   windows::PublishFailure({E_FAIL, u"earlier", u""}, IID{});
   EXPECT_EQ(AtBoundary([] { return E_NOTIMPL; }), E_NOTIMPL);
   EXPECT_EQ(ConsumeErrorInfo(), "");
-}
-
-TEST(SystemText, NamesTheNumberWhereTheSystemHasNoText) {
-  EXPECT_EQ(Utf8(windows::SystemText(static_cast<HRESULT>(0xA1234567))), "未知错误 (0xA1234567)");
 }
 
 TEST(WideText, IsTheSameCodeUnits) {
