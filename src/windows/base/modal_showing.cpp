@@ -44,7 +44,13 @@ void ModalShowing::End() noexcept {
     if (IsWindow(other) != FALSE) EnableWindow(other, TRUE);
   }
   disabled_.clear();
-  focus_.Restore();
+  // The window itself is still the active one, unless the user went on to another.
+  const HWND place = focus_.Find();
+  if (place != nullptr && GetActiveWindow() == window_) {
+    SetFocus(place);
+  } else {
+    focus_.Restore();
+  }
 }
 
 void ModalShowing::Run(const std::function<bool(MSG& message)>& translate) {

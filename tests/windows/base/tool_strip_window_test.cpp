@@ -14,6 +14,7 @@
 #include "tests/windows/control/context_menus.h"
 #include "tests/windows/control/ui_world.h"
 #include "windows/base/control_ids.h"
+#include "windows/com/wide_text.h"
 
 namespace pricedown::testing {
 namespace {
@@ -153,24 +154,34 @@ TEST(ToolStripWindow, TheKeyboardSkipsDisabledButtonsAndSeparators) {
   EXPECT_EQ(HotButton(world), 7);
 }
 
-TEST(ToolStripWindow, ReturnsTheTooltipOfAButton) {
-  UiWorld world;
-  world.Start();
+// What the button at that position shows while the mouse is over it.
+std::string TooltipOf(const UiWorld& world, std::size_t position) {
   NMTTDISPINFOW info{};
   info.hdr.hwndFrom = reinterpret_cast<HWND>(SendMessageW(world.Strip(), TB_GETTOOLTIPS, 0, 0));
   info.hdr.code = TTN_GETDISPINFOW;
-  info.hdr.idFrom = ids::kFirstButton + kExit;
+  info.hdr.idFrom = ids::kFirstButton + position;
   SendMessageW(world.window->Handle(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&info));
-  ASSERT_NE(info.lpszText, nullptr);
-  EXPECT_STREQ(info.lpszText, L"退出系统");
+  return info.lpszText == nullptr ? "none" : Utf8(windows::FromWide(info.lpszText));
+}
+
+TEST(ToolStripWindow, ReturnsTheTooltipOfAButton) {
+  UiWorld world;
+  world.Start();
+  EXPECT_EQ(TooltipOf(world, kExit), "退出系统");
   // With the shortcut of the same command in tree and grid.
-  const std::array<const wchar_t*, 5> tips{L"新增 (Ins)", L"修改 (F2)", L"删除 (Del)",
-                                           L"打印 (Ctrl+P)", L"预览"};
-  for (std::size_t i = 0; i < tips.size(); ++i) {
-    info.hdr.idFrom = ids::kFirstButton + 2 + i;
-    SendMessageW(world.window->Handle(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&info));
-    EXPECT_STREQ(info.lpszText, tips[i]);
-  }
+  const std::array<const char*, 5> tips{"新增 (Ins)", "修改 (F2)", "删除 (Del)", "打印 (Ctrl+P)",
+                                        "预览"};
+  for (std::size_t i = 0; i < tips.size(); ++i) EXPECT_EQ(TooltipOf(world, 2 + i), tips[i]);
+}
+
+TEST(ToolStripWindow, ItsTooltipsAreInTheLanguageOfItsCaptions) {
+  UiWorld world;
+  world.Start();
+  const ObjectPtr controls = world.window->Form()->Get(u"Controls").Object();
+  const ObjectPtr add = controls->Call(u"Item", {u"tbToolBar.Add"}).Object();
+  add->Put(u"Caption", u"New");
+  EXPECT_EQ(TooltipOf(world, kAdd), "New (Ins)");
+  EXPECT_EQ(TooltipOf(world, kExit), "退出系统");
 }
 
 TEST(ToolStripWindow, AFailingCommandIsReportedToTheUser) {

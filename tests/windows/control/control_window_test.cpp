@@ -230,6 +230,12 @@ TEST(ControlWindow, LetsTheSuiteReplaceCaptions) {
   for (std::int32_t i = 0; i < controls->Get(u"Count").Int32(); ++i) {
     names += Utf8(controls->Call(u"Item", {i}).Object()->Get(u"Name").Text()) + " ";
   }
+  std::string walked;
+  const std::vector<Value> elements = controls->Elements().value();
+  for (const Value& control : elements) {
+    walked += Utf8(control.Object()->Get(u"Name").Text()) + " ";
+  }
+  EXPECT_EQ(walked, names);
   EXPECT_EQ(names,
             "lbl_Title lblPeriod SSPTitleClass SSPTitleItem Label1 Label2 tbToolBar.Add "
             "tbToolBar.Edit tbToolBar.Del tbToolBar.Print tbToolBar.PrintView tbToolBar.Exit ");

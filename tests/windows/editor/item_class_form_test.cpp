@@ -221,6 +221,21 @@ TEST_F(ItemClassFormWindow, ControlNStartsANewClass) {
   EXPECT_EQ(boxes.All()[0].text, "是否保存当前数据？");
 }
 
+// 新增 would empty the opened class, which the next save then replaced.
+TEST_F(ItemClassFormWindow, ControlNDoesNothingOnAnOpenedClass) {
+  ShowForEdit(u"A1", {[&] {
+                        HoldControl(true);
+                        PostKey('N');
+                      },
+                      [&] {
+                        HoldControl(false);
+                        EXPECT_EQ(TextIn(form_ids::kClassNumber), "A1");
+                        EXPECT_EQ(Codes(), "01.1 01.2 01.3 ");
+                        CloseByFrame();
+                      }});
+  EXPECT_TRUE(boxes.All().empty());
+}
+
 TEST_F(ItemClassFormWindow, UsesTheSuitesLanguage) {
   suite_->language = u"en";
   ShowForAdd({[&] {

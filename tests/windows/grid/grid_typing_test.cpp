@@ -61,13 +61,33 @@ TEST_F(GridWindow, AcceptsNumbersInAnUnlockedCell) {
   EXPECT_EQ(GetFocus(), Handle());
 }
 
-TEST_F(GridWindow, AcceptsTheNumberWhenFontsOrResolutionChange) {
+TEST_F(GridWindow, AcceptsTheNumberWhenItsFontChanges) {
   input_.Click(Handle(), CellPoint(4, 2));
   input_.Type(u"7");
   ASSERT_NE(Editor(), nullptr);
-  window_.UpdateAppearance();
+  Font larger = grid_.CellFont();
+  larger.size += 3;
+  grid_.SetFont(larger);
   EXPECT_EQ(Editor(), nullptr);
   EXPECT_EQ(Cell(4, 2), "7.00");
+}
+
+TEST_F(GridWindow, AcceptsTheNumberWhenTheControlHasToKnowIt) {
+  input_.Click(Handle(), CellPoint(4, 2));
+  input_.Type(u"7");
+  grid_.AcceptTyping();
+  EXPECT_EQ(Editor(), nullptr);
+  EXPECT_EQ(Cell(4, 2), "7.00");
+}
+
+// As when any program changes the environment or the wallpaper.
+TEST_F(GridWindow, LetsTheUserTypeOnWhenSettingsChangeThatItDoesNotShow) {
+  input_.Click(Handle(), CellPoint(4, 2));
+  input_.Type(u"1");
+  window_.UpdateAppearance();
+  input_.Type(u"2");
+  input_.Press(VK_RETURN);
+  EXPECT_EQ(Cell(4, 2), "12.00");
 }
 
 TEST_F(GridWindow, RefusesNonNumbersAndNumbersAboveTheBound) {
