@@ -10,7 +10,6 @@
 #include "platform/error.h"
 #include "platform/failure.h"
 #include "platform/row_reader.h"
-#include "platform/text.h"
 #include "store/connection.h"
 #include "store/statements.h"
 #include "store/tables.h"

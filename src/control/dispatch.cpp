@@ -1,7 +1,6 @@
 // Runs commands: checks the right, runs, reloads. Failures reach the caller.
 #include "control/price_down.h"
 #include "platform/convert.h"
-#include "platform/error.h"
 #include "platform/skip.h"
 
 namespace pricedown {

@@ -4,7 +4,6 @@
 #include <array>
 
 #include "editor/general_ledger.h"
-#include "editor/member_list.h"
 #include "platform/cell_text.h"
 #include "platform/row_reader.h"
 #include "platform/skip.h"

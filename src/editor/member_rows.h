@@ -1,7 +1,6 @@
 // The member list as the form shows it: the column titles and one row of texts per item.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>

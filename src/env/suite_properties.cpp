@@ -2,7 +2,6 @@
 #include "env/suite_properties.h"
 
 #include "platform/convert.h"
-#include "platform/error.h"
 #include "platform/skip.h"
 #include "platform/text.h"
 

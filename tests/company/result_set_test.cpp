@@ -25,17 +25,6 @@ TEST(ResultSet, WithoutColumnsIsNoResult) {
   const ResultSet result;
   EXPECT_EQ(result.ColumnCount(), 0U);
   EXPECT_EQ(result.RowCount(), 0U);
-  EXPECT_FALSE(result.FindColumn(u"FNumber").has_value());
-}
-
-TEST(ResultSet, FindsColumnsInAnyCase) {
-  const ResultSet result(
-      {Named(u"FNumber"), Named(u"FItemID"), Named(u"名称É"), Named(u"fnumber")});
-  EXPECT_EQ(result.FindColumn(u"FITEMID"), 1U);
-  EXPECT_EQ(result.FindColumn(u"fNUMBER"), 0U);
-  EXPECT_EQ(result.FindColumn(u"名称é"), 2U);
-  EXPECT_FALSE(result.FindColumn(u"FItemI").has_value());
-  EXPECT_FALSE(result.FindColumn(u"").has_value());
 }
 
 TEST(ResultSet, DistinguishesKinds) {

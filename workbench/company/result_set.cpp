@@ -6,7 +6,6 @@
 #include <stdexcept>
 #include <utility>
 
-#include "workbench/company/case_folding.h"
 #include "workbench/company/utf.h"
 
 namespace workbench {
@@ -15,11 +14,6 @@ namespace {
 // In code units. Small results stay small, big ones soon reach the biggest chunk.
 constexpr std::size_t kSmallestChunk = 512;
 constexpr std::size_t kBiggestChunk = 1 << 19;
-
-bool EqualsIgnoringCase(std::u16string_view left, std::u16string_view right) noexcept {
-  return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                    [](char16_t a, char16_t b) { return a == b || FoldCase(a) == FoldCase(b); });
-}
 
 }  // namespace
 
@@ -44,13 +38,6 @@ ResultSet& ResultSet::operator=(ResultSet&& other) noexcept {
     std::construct_at(this, std::move(other));
   }
   return *this;
-}
-
-std::optional<std::size_t> ResultSet::FindColumn(std::u16string_view name) const noexcept {
-  for (std::size_t i = 0; i < columns_.size(); ++i) {
-    if (EqualsIgnoringCase(columns_[i].described.name, name)) return i;
-  }
-  return std::nullopt;
 }
 
 void ResultSet::AddRow() {

@@ -5,7 +5,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -81,9 +80,6 @@ class ResultSet {
   const ResultColumn& Column(std::size_t column) const noexcept {
     return columns_[column].described;
   }
-
-  // The first column of that name, without regard to the case of letters.
-  std::optional<std::size_t> FindColumn(std::u16string_view name) const noexcept;
 
   // Constant time, no allocation. Requires: row < RowCount() and column < ColumnCount().
   const Cell& At(std::size_t row, std::size_t column) const noexcept {

@@ -3,7 +3,6 @@
 
 #include "platform/error.h"
 #include "platform/text.h"
-#include "windows/com/system_error.h"
 #include "windows/com/wide_text.h"
 
 namespace workbench {

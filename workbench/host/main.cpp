@@ -8,10 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/error.h"
 #include "platform/text.h"
 #include "windows/com/com_object_factory.h"
-#include "windows/com/system_error.h"
 #include "workbench/host/command_line.h"
 #include "workbench/host/frame_window.h"
 #include "workbench/host/messages.h"

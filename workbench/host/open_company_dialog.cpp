@@ -9,7 +9,6 @@
 #include "platform/error.h"
 #include "platform/text.h"
 #include "windows/base/plain_control.h"
-#include "windows/com/system_error.h"
 #include "windows/com/wide_text.h"
 #include "workbench/company/location.h"
 #include "workbench/host/messages.h"

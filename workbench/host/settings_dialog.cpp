@@ -12,7 +12,6 @@
 #include "platform/error.h"
 #include "platform/text.h"
 #include "windows/com/com_object_factory.h"
-#include "windows/com/system_error.h"
 #include "windows/com/wide_text.h"
 #include "workbench/host/messages.h"
 #include "workbench/host/resource_ids.h"

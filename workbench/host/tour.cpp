@@ -12,8 +12,6 @@
 #include "platform/error.h"
 #include "platform/skip.h"
 #include "windows/base/control_ids.h"
-#include "windows/com/system_error.h"
-#include "workbench/host/messages.h"
 #include "workbench/host/resource_ids.h"
 #include "workbench/host/screenshot.h"
 #include "workbench/host/tour_input.h"

@@ -8,9 +8,7 @@
 #include <array>
 #include <string>
 
-#include "platform/error.h"
 #include "windows/base/control_ids.h"
-#include "windows/com/wide_text.h"
 #include "windows/editor/form_ids.h"
 #include "workbench/host/tour.h"
 #include "workbench/host/tour_input.h"

@@ -5,7 +5,6 @@
 #include <commctrl.h>
 
 #include "platform/convert.h"
-#include "platform/error.h"
 #include "platform/text.h"
 #include "windows/base/control_ids.h"
 #include "windows/editor/form_ids.h"

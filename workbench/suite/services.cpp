@@ -2,7 +2,6 @@
 #include "workbench/suite/services.h"
 
 #include "platform/convert.h"
-#include "platform/error.h"
 #include "platform/text.h"
 #include "workbench/suite/calendar.h"
 #include "workbench/suite/recordset.h"

@@ -7,9 +7,6 @@
 #include <cstdio>
 #include <nlohmann/json.hpp>
 
-#include "platform/text.h"
-#include "windows/com/wide_text.h"
-
 namespace workbench {
 namespace {
 
