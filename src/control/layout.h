@@ -21,6 +21,8 @@ inline constexpr std::int32_t kDefaultSplitter = 3600;
 inline constexpr std::int32_t kWaitPanelWidth = 2100;
 // Its panel before that, "Passtime".
 inline constexpr std::int32_t kPasstimePanelWidth = 1800;
+// The least width of its first panel, "Status", at the expense of "Passtime".
+inline constexpr std::int32_t kStatusPanelWidth = 3600;
 
 struct LayoutInput {
   Size control;

@@ -45,7 +45,8 @@ void StatusWindow::ArrangePanels(Dpi dpi) {
   RECT client{};
   GetClientRect(Handle(), &client);
   const int wait = std::max(WidthOf(client) - dpi.ToPixels(kWaitPanelWidth), 0);
-  const int passtime = std::max(wait - dpi.ToPixels(kPasstimePanelWidth), 0);
+  const int passtime = std::max(wait - dpi.ToPixels(kPasstimePanelWidth),
+                                std::min(wait, dpi.ToPixels(kStatusPanelWidth)));
   const std::array<int, kPanels> edges{passtime, wait, kToTheEdge};
   SendMessageW(Handle(), SB_SETPARTS, edges.size(), reinterpret_cast<LPARAM>(edges.data()));
 }

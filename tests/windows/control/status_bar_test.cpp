@@ -15,6 +15,7 @@
 #include "tests/windows/base/picture.h"
 #include "tests/windows/control/ui_world.h"
 #include "windows/base/control_ids.h"
+#include "windows/base/dpi.h"
 #include "windows/com/wide_text.h"
 
 namespace pricedown::testing {
@@ -236,6 +237,25 @@ TEST(ControlWindow, DrawsTheNextItemsAfterALoadThatFailed) {
   EXPECT_TRUE(world.control->GetGrid().Redraw());
   EXPECT_EQ(Panel(world, 0), "05(外购半成品)    共 50 项物料");
   EXPECT_EQ(CapturePicture(world.Grid()).pixels, before.pixels);
+}
+
+TEST(ControlWindow, KeepsRoomForTheStatusInANarrowControl) {
+  UiWorld world;
+  world.Start();
+  const auto edges = [&](int width) {
+    world.window->MoveTo({0, 0, width, 500});
+    std::array<int, 3> parts{};
+    SendMessageW(world.Child(ids::kStatusBar), SB_GETPARTS, parts.size(),
+                 reinterpret_cast<LPARAM>(parts.data()));
+    return parts;
+  };
+  const windows::Dpi dpi = windows::Dpi::Of(world.window->Handle());
+  const int wide = dpi.Scale(900);
+  EXPECT_EQ(edges(wide)[0], wide - dpi.Scale(260)) << "the other panels have their widths";
+  const int narrow = dpi.Scale(360);
+  EXPECT_EQ(edges(narrow)[0], narrow - dpi.Scale(140)) << "the elapsed time leaves its room";
+  EXPECT_EQ(edges(narrow)[1], edges(narrow)[0]);
+  EXPECT_GE(edges(dpi.Scale(60))[0], 0);
 }
 
 }  // namespace
