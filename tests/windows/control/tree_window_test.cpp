@@ -107,6 +107,23 @@ TEST_F(TreeWindow, KeysGoOnFromTheClickedClassAfterAReload) {
   EXPECT_EQ(Loads(u"05"), 1u);
 }
 
+TEST_F(TreeWindow, EveryKeyThatMovesGoesOnFromTheClickedClassAndNoOtherKeySelects) {
+  constexpr std::array<WPARAM, 6> kMoving{VK_UP, VK_DOWN, VK_HOME, VK_END, VK_PRIOR, VK_NEXT};
+  for (const WPARAM key : kMoving) {
+    world_.Click(world_.Tree(), world_.NodePoint(5));
+    world_.control->CommandChosen(Button(u"sp2"));
+    ASSERT_EQ(world_.window->SelectedNode(), kNoNode);
+    SetFocus(world_.Tree());
+    world_.Press(VK_SHIFT);
+    EXPECT_EQ(world_.window->SelectedNode(), kNoNode);
+    world_.Press(key);
+    const NodeIndex selected = world_.window->SelectedNode();
+    EXPECT_NE(selected, kNoNode) << key;
+    EXPECT_NE(selected, 5) << key;
+    EXPECT_EQ(selected < 5, key == VK_UP || key == VK_HOME || key == VK_PRIOR) << key;
+  }
+}
+
 TEST_F(TreeWindow, AKeyThatLeadsNowhereSelectsTheClickedClassAgain) {
   world_.Click(world_.Tree(), world_.NodePoint(13));
   world_.control->CommandChosen(Button(u"sp2"));

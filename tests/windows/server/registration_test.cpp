@@ -56,6 +56,8 @@ void ExpectEntries(const std::set<std::string>& added) {
       has("Interface\\{48F75CB7-8FB6-4E6B-8803-47D37E6ADD77}\\ProxyStubClsid32:  = "
           "{00020420-0000-0000-C000-000000000046}"));
   EXPECT_TRUE(HasTypeLibrary(added, path));
+  EXPECT_TRUE(has("TypeLib\\" + std::string(kLibraryId) +
+                  "\\1.0\\HELPDIR:  = " + path.substr(0, path.rfind('\\'))));
 }
 
 class Registration : public ::testing::Test {
