@@ -11,7 +11,6 @@
 #include "env/translation.h"
 #include "env/wait_cursor.h"
 #include "platform/convert.h"
-#include "platform/skip.h"
 #include "platform/text.h"
 #include "store/connection.h"
 #include "store/statements.h"
@@ -31,33 +30,28 @@ void ClassCommands::Edit() {
 }
 
 // The form comes first, because one that is being shown refuses, and nothing of this object is
-// touched once it is shown.
-void ClassCommands::Open(void (ClassCommands::*prepare)(ItemClassForm&)) {
+// touched once it is shown. It gets everything at once: the calls of the preparation may run
+// messages in which another command uses it, or fail.
+void ClassCommands::Open(Preparation (ClassCommands::*prepare)()) {
   ItemClassForm& form = editor_.Form();
-  // The form is shared: a failure must not leave it half prepared for the next command.
-  const auto drop = [&] { SkipFailing([&] { form.Unload(); }); };
-  try {
-    (this->*prepare)(form);
-  } catch (...) {
-    drop();
-    throw;
-  }
-  // A call to the suite may have ended the control.
-  if (environment_.lifetime.HasEnded()) return drop();
+  Preparation prepared = (this->*prepare)();
+  if (environment_.lifetime.HasEnded()) return;
+  form.SetMode(prepared.mode);
+  form.SetOpeningNumber(std::move(prepared.openingNumber));
+  form.SetMemberList(std::move(prepared.memberList));
+  form.SetSecondRecordSet(std::move(prepared.secondRecordSet));
   ReportEvents(form);
   editor_.ShowModal();
 }
 
-void ClassCommands::PrepareAdd(ItemClassForm& form) {
+ClassCommands::Preparation ClassCommands::PrepareAdd() {
   const Recordset members = Recordset::Create(environment_.factory);
-  form.SetMemberList(members);
   AppendMemberFields(members);
   const Recordset second = Recordset::Create(environment_.factory);
-  form.SetSecondRecordSet(second);
   AppendMemberFields(second);
   members.Open();
   second.Open();
-  form.SetMode(kAddMode);
+  return {kAddMode, {}, members, second};
 }
 
 // The form may outlive the control.
@@ -74,19 +68,21 @@ void ClassCommands::ReportEvents(ItemClassForm& form) {
       });
 }
 
-void ClassCommands::PrepareEdit(ItemClassForm& form) {
+ClassCommands::Preparation ClassCommands::PrepareEdit() {
   const WaitCursor wait(environment_.screen);
+  Preparation prepared;
+  prepared.mode = kEditMode;
   {
     const Recordset items = state_.itemRecordset;
     // Unused here, but part of the calls that the suite's recordset sees.
     items.RecordCount();
-    form.SetMode(kEditMode);
     items.MoveFirst();
-    form.SetOpeningNumber(ToText(items.Field(columns::kItemClassNumber)));
-    form.SetMemberList(CopyRecords(environment_.factory, items));
+    prepared.openingNumber = ToText(items.Field(columns::kItemClassNumber));
+    prepared.memberList = CopyRecords(environment_.factory, items);
     state_.itemRecordset.Release();
   }
-  form.SetSecondRecordSet(CopyRecords(environment_.factory, form.MemberList()));
+  prepared.secondRecordSet = CopyRecords(environment_.factory, prepared.memberList);
+  return prepared;
 }
 
 bool ClassCommands::RequireClass(std::u16string_view message) {
@@ -128,6 +124,7 @@ void ClassCommands::Delete() {
 bool ClassCommands::DeleteGuarded(std::u16string_view number) {
   std::optional<WaitCursor> wait(std::in_place, environment_.screen);
   const auto [year, period] = ReadYearAndPeriod(environment_.factory, u"IC");
+  if (environment_.lifetime.HasEnded()) return false;
   Connection connection(environment_.factory);
   const auto guard = [&](const std::u16string& statement, std::u16string_view refusal) {
     // Each call to the suite may end the control.

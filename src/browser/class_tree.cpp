@@ -34,12 +34,12 @@ void ClassTree::LoadClassTree() {
   });
   if (state_.ByItemClass()) {
     LoadClasses(load);
-    if (!IsCurrent(load)) return;
   } else {
     SkipFailing([&] { AddNode({}, Translate(kRootText)); });
     SkipFailing([&] { state_.classRecordset.Close(); });
     state_.classRecordset.Release();
   }
+  if (!IsCurrent(load)) return;
   SkipFailing([&] { MarkCurrentNode(); });
   SkipFailing([&] { view_.SetRedraw(true); });
   SkipFailing([&] {
@@ -81,6 +81,7 @@ void ClassTree::AddClassNodes(std::uint32_t load) {
       if (lastNumber == number) return;
       lastNumber.reset();
       const std::u16string_view name = Trim(CellText(rows.Field(1), nameScratch));
+      if (!IsCurrent(load)) return;
       AddNode(NodeId::OfClass(number), Concatenate({number, u"(", name, u")"}));
       lastNumber = number;
     });

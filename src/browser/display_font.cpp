@@ -27,11 +27,11 @@ void DisplayFont::Refresh() {
   SkipFailing([&] {
     const Value chosen =
         ReadUserSetting(environment_.factory, environment_.application, kGridFontKey, u"");
-    // The call may have ended the control.
+    // Each call may have ended the control.
     if (!ToText(chosen).empty() || environment_.lifetime.HasEnded()) return;
     const double size = ToDouble(ReadUserSetting(environment_.factory, environment_.application,
                                                  kReportFontSizeKey, kDefaultReportSize));
-    if (size == lastAppliedSize_) return;
+    if (size == lastAppliedSize_ || environment_.lifetime.HasEnded()) return;
     if (size < kMinimumReportSize || size > kMaximumReportSize) return;
     lastAppliedSize_ = size;
     Font labelFont = document_.font;

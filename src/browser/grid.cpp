@@ -108,16 +108,15 @@ void Grid::SetColumnWidth(std::int32_t column, double width) {
 }
 
 void Grid::SetTitleHeight(double pixels) {
-  titleHeight_ = std::max(pixels, 0.0);
-  NotifyMetricsChanged();
+  if (std::exchange(titleHeight_, std::max(pixels, 0.0)) != titleHeight_) NotifyMetricsChanged();
 }
 
 void Grid::SetRowHeight(double pixels) {
-  rowHeight_ = std::max(pixels, 0.0);
-  NotifyMetricsChanged();
+  if (std::exchange(rowHeight_, std::max(pixels, 0.0)) != rowHeight_) NotifyMetricsChanged();
 }
 
 void Grid::SetFont(const Font& font) {
+  if (font_ == font) return;
   font_ = font;
   NotifyMetricsChanged();
 }

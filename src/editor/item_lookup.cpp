@@ -21,7 +21,7 @@ constexpr std::int32_t kItemType = 4;
 ObjectPtr MakeParameters(const Environment& environment) {
   ObjectPtr parameters = environment.factory.Create(u"ZEPEBCBASE.Dictionary");
   const auto add = [&parameters](std::u16string_view key, Value value) {
-    parameters->Call(u"Add", {key, std::move(value)});
+    parameters->CallForEffect(u"Add", {key, std::move(value)});
   };
   add(u"BeShortNumber", false);
   add(u"GetDataType", std::int16_t{1});

@@ -152,7 +152,6 @@ TEST_F(ClassEditing, CopiesEveryRowFromAnyCurrentRowOfTheGrid) {
   EXPECT_EQ(codes, "\"01.001\"101 \"01.002\"102 \"01.001\"101 \"01.002\"102 ");
 }
 
-// Only the guards read the period.
 TEST_F(ClassEditing, AsksForNoClassOnceTheControlHasEndedInTheCount) {
   factory_.Object(u"ending").On(u"RecordCount", Reply::From([this](auto) -> Value {
                                   environment_.lifetime.End();
@@ -175,6 +174,7 @@ TEST_F(ClassEditing, OpensNoFormOnceTheControlHasEndedInTheCopy) {
   EXPECT_TRUE(editor_.IsClean());
 }
 
+// Only the guards read the period.
 TEST_F(ClassEditing, AsksForNoPeriod) {
   commands_.Add();
   EXPECT_EQ(log_.Count("editor show mode 1 \"\""), 1u);

@@ -135,10 +135,12 @@ class SettingsPage {
   }
 
   void FillRights(HWND dialog) {
+    for (const RightSwitch& right : kRights) Check(dialog, right.control, false);
+    // A box that two objects share is checked where either has the right.
     for (const RightSwitch& right : kRights) {
       const std::int32_t mask =
           ToInt32(settings_->Call(u"Rights", {right.objectType, right.objectNumber}));
-      Check(dialog, right.control, (mask & right.mask) != 0);
+      if ((mask & right.mask) != 0) Check(dialog, right.control, true);
     }
   }
 
@@ -172,7 +174,9 @@ class SettingsPage {
       StoreChoice(dialog, IDC_ITEM_CLASS_TYPE, kItemClassTypes, u"ItemClassType");
       settings_->Put(u"CurrentYear", Text(dialog, IDC_YEAR));
       settings_->Put(u"CurrentPeriod", Text(dialog, IDC_PERIOD));
-      settings_->Put(u"UseShortNumber", IsChecked(dialog, IDC_SHORT_NUMBERS) ? u"1" : u"0");
+      if (IsChanged(dialog, IDC_SHORT_NUMBERS)) {
+        settings_->Put(u"UseShortNumber", IsChecked(dialog, IDC_SHORT_NUMBERS) ? u"1" : u"0");
+      }
       if (IsChanged(dialog, IDC_VOUCHER)) {
         settings_->Put(u"VoucherPresent", IsChecked(dialog, IDC_VOUCHER));
       }

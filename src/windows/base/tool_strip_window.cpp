@@ -220,9 +220,11 @@ void ToolStripWindow::SetTooltip(const Command& button, std::u16string_view tool
 }
 
 void ToolStripWindow::Rename(const Command& button, std::u16string_view caption) {
-  if (Caption(button) == caption) return;
+  const int id = IdOf(button);
+  if (id == 0 || Caption(button) == caption) return;
   SetCaption(button, caption);
-  SetTooltip(button, WithShortcut(button, caption));
+  std::u16string& tip = tooltips_[static_cast<std::size_t>(id - IdAt(1))];
+  if (!tip.empty()) tip = WithShortcut(button, caption);
 }
 
 void ToolStripWindow::OnCommand(int id) {

@@ -40,7 +40,7 @@ class ToolStripWindow final : public BoundWindow {
   std::u16string Caption(const Command& button) const;
   void SetCaption(const Command& button, std::u16string_view caption);
   void SetTooltip(const Command& button, std::u16string_view tooltip);
-  // Another caption, and a tooltip that says the same.
+  // Another caption; a tooltip, if there is one, says the same then.
   void Rename(const Command& button, std::u16string_view caption);
 
   void SetFont(HFONT font);

@@ -197,7 +197,8 @@ void ControlWindow::SetWaiting(bool waiting) {
 
 void ControlWindow::SystemChanged(UINT message) {
   if (Handle() == nullptr) return;
-  // The price being typed is accepted, which moves the focus; the host may end the control then.
+  // Another resolution accepts the price being typed, which moves the focus; the host may end the
+  // control then.
   const std::shared_ptr<void> hold = Hold();
   ControlChildren& c = *children_;
   if (message == WM_SYSCOLORCHANGE) {

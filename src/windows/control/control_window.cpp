@@ -66,11 +66,16 @@ HWND ControlWindow::DialogOwner() const {
   return GetActiveWindow();
 }
 
-void ControlWindow::MoveInto(HWND parent, const RECT& pixels) {
+// Fonts and pictures follow the new parent's resolution.
+void ControlWindow::MoveUnder(HWND parent) {
   if (Handle() == nullptr) return;
   const Dpi before = Dpi::Of(Handle());
   SetParent(Handle(), parent);
   if (Handle() != nullptr && Dpi::Of(Handle()) != before) SystemChanged(kDpiChangedAfterParent);
+}
+
+void ControlWindow::MoveInto(HWND parent, const RECT& pixels) {
+  MoveUnder(parent);
   if (Handle() == nullptr) return;
   MoveTo(pixels);
   ShowWindow(Handle(), SW_SHOW);
@@ -111,7 +116,7 @@ void ControlWindow::Hide() {
 
 void ControlWindow::Park() {
   Hide();
-  if (Handle() != nullptr) SetParent(Handle(), children_->parking.Handle());
+  MoveUnder(children_->parking.Handle());
 }
 
 ObjectPtr ControlWindow::Form() const { return children_->form; }

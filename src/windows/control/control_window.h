@@ -136,6 +136,7 @@ class ControlWindow final : public PriceDownView,
   template <typename Command>
   void RunCommand(Command&& command);
   void SystemChanged(UINT message);
+  void MoveUnder(HWND parent);
   void ShowStatus();
   void ResumePainting() const;
   void ShowProgress();

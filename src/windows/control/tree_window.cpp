@@ -93,12 +93,7 @@ NodeIndex TreeWindow::IndexOf(HTREEITEM handle) const {
 void TreeWindow::ClearNodes() {
   lastSelected_ = marked_ = found_ = kNoNode;
   if (Handle() == nullptr) return;
-  firstVisible_ = IndexOf(TreeView_GetFirstVisible(Handle()));
   selecting_ = true;
-  if (const HTREEITEM root = ItemOf(1)) {
-    rootCollapsed_ = items_.size() > 1 &&
-                     (TreeView_GetItemState(Handle(), root, TVIS_EXPANDED) & TVIS_EXPANDED) == 0;
-  }
   // Otherwise the selection would move from node to node during the deletion.
   TreeView_SelectItem(Handle(), nullptr);
   TreeView_DeleteAllItems(Handle());
@@ -159,9 +154,19 @@ void TreeWindow::ShowFound(NodeIndex index) {
   InvalidateRect(Handle(), nullptr, FALSE);
 }
 
+// Once for a load and those that begin inside it.
+void TreeWindow::RememberLook() {
+  firstVisible_ = IndexOf(TreeView_GetFirstVisible(Handle()));
+  if (const HTREEITEM root = ItemOf(1)) {
+    rootCollapsed_ = items_.size() > 1 &&
+                     (TreeView_GetItemState(Handle(), root, TVIS_EXPANDED) & TVIS_EXPANDED) == 0;
+  }
+}
+
 void TreeWindow::SetRedraw(bool redraw) {
   if (Handle() == nullptr || redraw == redraw_) return;
   redraw_ = redraw;
+  if (!redraw) RememberLook();
   // A root that the user closed stays closed.
   if (redraw && !rootCollapsed_) {
     if (const HTREEITEM root = ItemOf(1)) TreeView_Expand(Handle(), root, TVE_EXPAND);

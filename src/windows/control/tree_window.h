@@ -52,6 +52,7 @@ class TreeWindow final : public BoundWindow {
   NodeIndex IndexOf(HTREEITEM handle) const;
   bool MouseIsOnNode() const;
   void SizeItems();
+  void RememberLook();
   void ScrollTo(HTREEITEM item);
 
   ChildEvents& events_;
@@ -66,7 +67,7 @@ class TreeWindow final : public BoundWindow {
   bool rootCollapsed_ = false;
   NodeIndex marked_ = kNoNode;
   NodeIndex found_ = kNoNode;
-  NodeIndex firstVisible_ = kNoNode;  // before the nodes were cleared
+  NodeIndex firstVisible_ = kNoNode;  // when redrawing was switched off
   bool redraw_ = true;
 };
 

@@ -41,6 +41,8 @@ void ItemClassDialog::ShowModal(HWND owner) {
   window_.SetWaiting(true);
   form_.Load();
   window_.SetWaiting(false);
+  // Its owner may have been destroyed meanwhile.
+  if (!form_.IsLoaded()) return;
   modal.emplace(window_.Window());
   window_.Show([&modal] { modal->End(); });
   modal->Run([this](MSG& message) { return window_.TranslateKey(message); });

@@ -74,6 +74,9 @@ void PrintProgress::Show() {
   modal_.emplace(Handle());
   ShowWindow(Handle(), SW_SHOW);
   SetFocus(button_.Handle());
+  // Keys that were meant for the dialog before it press no button of this window.
+  MSG key{};
+  while (PeekMessageW(&key, nullptr, WM_KEYFIRST, WM_KEYLAST, PM_REMOVE) != FALSE) continue;
 }
 
 void PrintProgress::LayOut() {

@@ -85,8 +85,10 @@ void HostedControl::AmbientChanged(DISPID property) {
 }
 
 void HostedControl::Start() {
+  // The container hears of it, and may start another session or take its site back.
+  if (!session_->IsUsable()) Deactivate();
+  if (!site_) return;
   if (!session_->IsUsable()) {
-    Deactivate();
     // A listener that was set after the end stays for the new session.
     if (!session_->HasEnded()) End();
     NewSession();
@@ -108,6 +110,7 @@ void HostedControl::Activate(bool ui, bool atLast) {
   FirstFailure steps;
   if (!session_->IsUsable()) steps.Run([&] { Start(); });
   steps.Run([&] {
+    if (!site_) return;
     const auto session = session_;
     activation_.Activate(*site.get(), session->Window());
     if (!activation_.IsActive()) return;

@@ -151,7 +151,7 @@ TEST_F(CommandKeys, TheGridTypesOnTheKeysOfADisabledEdit) {
   EXPECT_NE(Editor(), nullptr);
 }
 
-TEST_F(CommandKeys, ANumberBeingTypedIsKeptWhenTheSystemsSettingsChange) {
+TEST_F(CommandKeys, TheUserTypesOnWhenTheSystemsSettingsChange) {
   world_.Start();
   world_.Click(world_.Tree(), world_.NodePoint(2));
   SetFocus(world_.Grid());
@@ -160,7 +160,9 @@ TEST_F(CommandKeys, ANumberBeingTypedIsKeptWhenTheSystemsSettingsChange) {
   world_.Type(u"7");
   ASSERT_NE(Editor(), nullptr);
   SendMessageW(world_.window->Handle(), WM_SETTINGCHANGE, 0, 0);
-  EXPECT_EQ(Utf8(world_.control->GetGrid().Text(column, world_.window->CurrentRow())), "7.00");
+  world_.Type(u"5");
+  world_.control->GetGrid().AcceptTyping();
+  EXPECT_EQ(Utf8(world_.control->GetGrid().Text(column, world_.window->CurrentRow())), "75.00");
 }
 
 TEST_F(CommandKeys, TheHostLeavesTheKeysOfTypingToAnOpenCell) {
