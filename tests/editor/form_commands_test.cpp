@@ -163,6 +163,31 @@ TEST_F(FormCommands, SavingANewClassLeavesItsToolDisabledOnTheEmptiedForm) {
   EXPECT_TRUE(view.tools[FormTool::Save]);
 }
 
+// The emptied list is shown anew, which counts as a change.
+TEST_F(FormCommands, AddAsksAgainAfterASavedNewClass) {
+  AllowSave(true);
+  OpenFilledForAdd();
+  form.ToolClicked(FormTool::Save);
+  log.Clear();
+  questions.WillAnswer({false});
+  form.ToolClicked(FormTool::Add);
+  EXPECT_EQ(log.Text(), std::string(kAskSave) + " -> no\nfocus itemClassNumber\n");
+}
+
+TEST_F(FormCommands, ExitStaysWhenTheEmptiedFormAfterASavedNewClassIsToBeSaved) {
+  AllowSave(true);
+  OpenFilledForAdd();
+  form.ToolClicked(FormTool::Save);
+  log.Clear();
+  questions.WillAnswer({true});
+  form.ToolClicked(FormTool::Exit);
+  EXPECT_EQ(log.Text(), std::string(kAskChanged) + " -> yes\n" + Lines(R"(
+      message information "岚禾提示": "请输入数字,物料类别代码不能为空！"
+      focus itemClassNumber
+      )"));
+  EXPECT_TRUE(form.IsLoaded());
+}
+
 // More than a double holds.
 TEST_F(FormCommands, AHugePercentageIsRefusedByTheCheckAndStopsNoOtherCommand) {
   OpenForEdit();
