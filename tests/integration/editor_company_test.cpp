@@ -3,13 +3,18 @@
 
 #include <algorithm>
 #include <map>
+#include <memory>
+#include <optional>
 #include <random>
 #include <set>
+#include <vector>
 
 #include "platform/convert.h"
 #include "platform/error.h"
 #include "store/tables.h"
 #include "tests/integration/editor_fixture.h"
+#include "workbench/company/connection.h"
+#include "workbench/suite/pickers.h"
 
 namespace workbench {
 namespace {
@@ -19,6 +24,8 @@ using pricedown::FormTool;
 using pricedown::testing::Lines;
 using ::testing::HasSubstr;
 using ::testing::Not;
+using ::testing::StartsWith;
+using ::testing::UnorderedElementsAre;
 
 constexpr const char* kBefore =
     "A1|原材料|1|1051|5711|1023|1281.1|12.5\n"
@@ -26,6 +33,29 @@ constexpr const char* kBefore =
     "A1|原材料|3|1051|5711|1023|1281.1|12.5\n"
     "B1|成品|4|1051|5711|1023|1281.1|12.5\n"
     "B1|成品|5|1051|5711|1023|1281.1|12.5\n";
+
+// Notes the items that a picker would list, and cancels.
+class OfferedItems : public Pickers {
+ public:
+  explicit OfferedItems(std::vector<std::int32_t>& offered) : offered_(offered) {}
+
+  std::optional<std::u16string> PickAccount(Connection&, std::u16string_view) override {
+    return std::nullopt;
+  }
+  std::optional<std::vector<std::int32_t>> PickItems(Connection& company,
+                                                     std::u16string_view condition, bool) override {
+    const ResultSet rows = company.Execute(
+        pricedown::Concatenate({u"SELECT x2.FItemID FROM t_ICItem x2 WHERE ", condition}));
+    offered_.clear();
+    for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+      offered_.push_back(static_cast<std::int32_t>(rows.At(row, 0).Integer()));
+    }
+    return std::nullopt;
+  }
+
+ private:
+  std::vector<std::int32_t>& offered_;
+};
 
 TEST_F(EditorOnCompany, ListsTheItemsOfTheClass) {
   OpenForEdit(u"A1");
@@ -124,8 +154,46 @@ TEST_F(EditorOnCompany, WritesNothingWhenAnAccountIsFoundByItsTextOnly) {
     FAIL() << "no error";
   } catch (const pricedown::AutomationError& error) {
     EXPECT_EQ(error.Number(), static_cast<std::int32_t>(pricedown::ErrorNumber::NoCurrentRecord));
+    EXPECT_THAT(pricedown::ToUtf8(error.Description()),
+                StartsWith("查找存货跌价准备科目失败，科目代码：1281.2\r\n"
+                           "BOF 或 EOF 中有一个为“真”，或者当前的记录已被删除，"));
   }
   EXPECT_EQ(Classes(), kBefore);
+}
+
+TEST_F(EditorOnCompany, SavesAnAccountThatHasAccountsBelowIt) {
+  Run(u"INSERT INTO t_account(FAccountID,FNumber,FName,FLevel,FParentID,FDetail,FDC)VALUES"
+      u"(1022,'1281','存货跌价准备',1,0,0,1)");
+  OpenForEdit(u"B1");
+  view.Type(FormField::ReserveAccount, u"1281");
+  Click(FormTool::Save);
+  EXPECT_THAT(Classes(), HasSubstr("B1|成品|4|1051|5711|1022|1281|12.5\n"));
+  EXPECT_THAT(log.Text(), Not(HasSubstr("message ")));
+}
+
+// The class itself, under its new number, counts as another one.
+TEST_F(EditorOnCompany, OffersARemovedItemUntilARenameHasBeenSaved) {
+  std::vector<std::int32_t> offered;
+  suite_->pickers = std::make_unique<OfferedItems>(offered);
+  OpenForEdit(u"A1");
+  list.selected = {2};
+  Click(FormTool::DelItem);
+  Click(FormTool::AddItem);
+  EXPECT_THAT(offered, UnorderedElementsAre(1, 6, 7, 8, 9, 10, 11, 12));
+  view.Type(FormField::ClassNumber, u"D1");
+  Click(FormTool::Save);
+  list.selected = {2};
+  Click(FormTool::DelItem);
+  EXPECT_EQ(list.RowTexts(), "物料代码|物料名称|规格型号|\n01.3|物料3|M3|\n");
+  Click(FormTool::AddItem);
+  EXPECT_THAT(offered, UnorderedElementsAre(1, 6, 7, 8, 9, 10, 11, 12)) << "without item 2";
+}
+
+TEST_F(EditorOnCompany, WritesALongNumberAsItsFieldCutItAlthoughNothingWasTyped) {
+  InsertClass(std::u16string(41, u'7'), u"长代码", {6});
+  OpenForEdit(std::u16string(41, u'7'));
+  Click(FormTool::Save);
+  EXPECT_EQ(Classes(), std::string(40, '7') + "|长代码|6|1051|5711|1023|1281.1|12.5\n" + kBefore);
 }
 
 TEST_F(EditorOnCompany, RemovesAnItemAndItsCurrentProvisionAtOnce) {
