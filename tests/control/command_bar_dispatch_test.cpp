@@ -57,6 +57,23 @@ TEST_F(Dispatch, RefreshesTheCurrentNode) {
                 "release tool\n");
 }
 
+// Editing has moved the grid's rows into the form.
+TEST_F(Dispatch, EditsAndDeletesAnEditedClassAgainAfterARefresh) {
+  Start();
+  Control().CommandChosen(Button(u"Edit"));
+  Click(u"iRefresh");
+  world_.log.Clear();
+  Control().CommandChosen(Button(u"Edit"));
+  EXPECT_EQ(world_.log.Count("editor show mode 0 \"01\""), 1u);
+  Control().CommandChosen(Refresh());
+  world_.log.Clear();
+  world_.questions.WillAnswer({false});
+  Control().CommandChosen(Button(u"Del"));
+  EXPECT_EQ(world_.log.Count("ask question \"岚禾提示\": \"确定要删除当前记录? "
+                             "当前的物料类别代码为:01  物料类别名称为:原料\" -> no"),
+            1u);
+}
+
 TEST_F(Dispatch, RefreshesNothingBeforeANodeWasSelected) {
   world_.company.nodeSetting = u"";
   Start();

@@ -197,6 +197,24 @@ TEST_F(Show, LocksTheGridForADataScopeOfZero) {
   EXPECT_TRUE(world_.control->GetGrid().IsLocked(4, 2));
 }
 
+TEST_F(Show, TakesOverTheDataScopeOfAnotherControlWhenNoneIsGranted) {
+  ControlWorld alone;
+  alone.company.grantedMasks = "none";
+  alone.CreateAndInitialize();
+  alone.control->Show(nullptr);
+  EXPECT_TRUE(alone.control->GetGrid().IsLocked(4, 1));
+  Initialize();
+  world_.control->Show(nullptr);
+  const std::unique_ptr<PriceDown> first = std::move(world_.control);
+  world_.company.grantedMasks = "none";
+  Initialize();
+  world_.control->Show(nullptr);
+  EXPECT_EQ(world_.log.Count("ZEPEBCGLView.GLData.AccessCheck(10, 151, 1048576)"), 1u);
+  EXPECT_EQ(world_.state.dataScope, 2);
+  EXPECT_TRUE(world_.control->GetGrid().IsLocked(3, 1));
+  EXPECT_FALSE(world_.control->GetGrid().IsLocked(4, 1));
+}
+
 TEST_F(Show, LocksTheRowsThatTheGridHoldsBeforeANodeIsSelected) {
   world_.company.grantedMasks = " 1048576 ";
   world_.company.nodeSetting = u"";
