@@ -100,6 +100,16 @@ TEST_F(DeleteClass, AsksForRowsWhoseNumberIsUnknown) {
   EXPECT_EQ(log_.Count(kQuestion + std::string("no")), 1u) << log_.Text();
 }
 
+// A grid in the mode without classes has no such column.
+TEST_F(DeleteClass, FailsOnRowsWithoutAClass) {
+  state_.itemRecordset = Recordset(
+      NewScriptedRecordset(factory_.GetRecorder(), Rows({u"FNumber"}, {{u"01.001"}}), u"items"));
+  log_.Clear();
+  EXPECT_THROW(commands_.Delete(), AutomationError);
+  EXPECT_EQ(log_.Text(), "");
+  EXPECT_EQ(state_.itemRecordset.RecordCount(), 1);
+}
+
 TEST_F(DeleteClass, ChangesNothingWhenTheAnswerIsNo) {
   questions_.WillAnswer({false});
   commands_.Delete();

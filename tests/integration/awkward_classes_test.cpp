@@ -2,6 +2,7 @@
 // equal, items that are never listed, a second rename, short codes, the host's own calls.
 #include <gmock/gmock.h>
 
+#include "platform/error.h"
 #include "tests/integration/control_fixture.h"
 
 namespace workbench {
@@ -99,6 +100,18 @@ TEST_F(HostsOwnCalls, AddAClassEvenWhereProvisionsAreKeptByItem) {
   };
   control->addRecord();
   EXPECT_THAT(Classes(), HasSubstr("C1|包装物|7|1051|5711|1023|1281.1|0\n"));
+}
+
+// The rows of all items name no class.
+TEST_F(HostsOwnCalls, ChangeAndDeleteNothingWhereProvisionsAreKeptByItem) {
+  suite_->SetProfile(u"IC", u"PriceDownPrepare", u"2");
+  Open();
+  control->NodeClicked(1);
+  ASSERT_THAT(GridCodes(), HasSubstr("01.1 "));
+  EXPECT_THROW(control->editRecord(), pricedown::AutomationError);
+  EXPECT_THROW(control->delRecord(), pricedown::AutomationError);
+  EXPECT_EQ(Classes(), std::string(kA1) + kB1);
+  EXPECT_EQ(Messages(), "");
 }
 
 }  // namespace
