@@ -99,6 +99,12 @@ TEST_F(CheckDataTest, RefusesAnEmptyName) {
       )"));
 }
 
+TEST_F(CheckDataTest, AcceptsANameOfBlanksOnly) {
+  OpenValid();
+  view.Type(FormField::ClassName, u"  ");
+  EXPECT_TRUE(Passes());
+}
+
 struct PercentageCase {
   const char* name;
   std::u16string_view text;
