@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <string>
+#include <utility>
 
 #include "platform/convert.h"
 #include "platform/error.h"
@@ -71,6 +73,23 @@ TEST_F(Lookups, OneChosenItemIsTheObjectItself) {
   const ObjectPtr item = result->Get(u"ReturnObject").Object();
   EXPECT_EQ("12", Readable(item->Call(u"Properties", {u"FItemID"})));
   EXPECT_EQ("Null", Readable(item->Call(u"Properties", {u"FModel"})));
+}
+
+// An empty ReturnValue would say that several were chosen.
+TEST_F(Lookups, OneChosenItemWithoutACodeIsReturnedAsOne) {
+  suite_->Execute(
+      u"INSERT INTO t_ICItem(FItemID,FNumber,FShortNumber,FName,FModel,FErpClsID)"
+      u"VALUES(16,'','','散料',NULL,1)"
+      u" INSERT INTO t_ICItem(FItemID,FNumber,FShortNumber,FName,FModel,FErpClsID)"
+      u"VALUES(17,NULL,NULL,'废料',NULL,1)");
+  for (const auto& [id, name] : {std::pair{u"16", "散料"}, std::pair{u"17", "废料"}}) {
+    settings_->Call(u"QueueItems", {id});
+    const ObjectPtr result = LookUpItems(Parameters());
+    EXPECT_EQ("True", Readable(result->Get(u"ReturnOK")));
+    EXPECT_EQ("\"" + pricedown::ToUtf8(id) + "\"", Readable(result->Get(u"ReturnValue")));
+    const ObjectPtr item = result->Get(u"ReturnObject").Object();
+    EXPECT_EQ("\"" + std::string(name) + "\"", Readable(item->Call(u"Properties", {u"FName"})));
+  }
 }
 
 TEST_F(Lookups, SeveralChosenItemsAreACollectionFromOne) {
