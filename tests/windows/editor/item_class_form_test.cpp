@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <memory>
 #include <vector>
 
 #include "platform/error.h"
@@ -197,6 +198,21 @@ TEST_F(ItemClassFormWindow, DisablesTheOwnerAndReturnsItsFocus) {
   EXPECT_TRUE(IsWindowEnabled(host.Handle()) != FALSE);
   EXPECT_EQ(GetFocus(), field);
   EXPECT_EQ(Form(), nullptr);
+}
+
+TEST_F(ItemClassFormWindow, LeavesTheFocusInAnotherWindowThatIsActiveWhenItCloses) {
+  const HWND field = CreateWindowW(L"EDIT", L"", WS_CHILD | WS_VISIBLE, 10, 10, 100, 20,
+                                   host.Handle(), nullptr, GetModuleHandleW(nullptr), nullptr);
+  SetFocus(field);
+  std::unique_ptr<HostWindow> other;
+  ShowForAdd({[&] {
+                other = std::make_unique<HostWindow>(300, 200);
+                SetFocus(other->Handle());
+              },
+              [&] { CloseByFrame(); }});
+  EXPECT_EQ(GetActiveWindow(), other->Handle());
+  EXPECT_EQ(GetFocus(), other->Handle());
+  EXPECT_TRUE(IsWindowEnabled(host.Handle()) != FALSE);
 }
 
 TEST_F(ItemClassFormWindow, EndsWithItsOwner) {

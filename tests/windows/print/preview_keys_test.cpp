@@ -2,6 +2,7 @@
 // the preview's own loop.
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 
 #include "tests/windows/print/preview_world.h"
@@ -256,6 +257,20 @@ TEST_F(PreviewEnd, EscapeClosesTheOpenListFirst) {
 TEST_F(PreviewEnd, ClosesByItsButton) {
   ShowFivePages({[&] { ClickButton(u"Close"); }});
   EXPECT_EQ(GetActiveWindow(), host.Handle());
+}
+
+TEST_F(PreviewEnd, LeavesTheFocusInAnotherWindowThatIsActive) {
+  const HWND field = CreateWindowW(L"EDIT", L"", WS_CHILD | WS_VISIBLE, 10, 10, 100, 20,
+                                   host.Handle(), nullptr, GetModuleHandleW(nullptr), nullptr);
+  SetFocus(field);
+  std::unique_ptr<HostWindow> other;
+  ShowFivePages({[&] {
+                   other = std::make_unique<HostWindow>(300, 200);
+                   SetFocus(other->Handle());
+                 },
+                 [&] { CloseByFrame(); }});
+  EXPECT_EQ(GetActiveWindow(), other->Handle());
+  EXPECT_EQ(GetFocus(), other->Handle());
 }
 
 TEST_F(PreviewEnd, EndsWithItsOwner) {
