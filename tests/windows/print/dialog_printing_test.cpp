@@ -216,6 +216,23 @@ TEST_F(PrintProgressTest, CancelsTheJobByItsButtonKeyOrFrame) {
   EXPECT_FALSE(press(WM_COMMAND, 4711, 0));
 }
 
+TEST_F(PrintProgressTest, CancelsTheJobByEnterOnItsButton) {
+  windows::PrintProgress progress(GetModuleHandleW(nullptr), host_.Handle(), kAtOnce);
+  EXPECT_TRUE(progress.Continue(1, 9));
+  ASSERT_EQ(GetFocus(), GetDlgItem(Window(), IDCANCEL));
+  PostMessageW(GetFocus(), WM_KEYDOWN, VK_RETURN, 1);
+  EXPECT_FALSE(progress.Continue(2, 9));
+}
+
+// As when the user returns from another program.
+TEST_F(PrintProgressTest, GivesTheFocusOfItsFrameToItsButton) {
+  windows::PrintProgress progress(GetModuleHandleW(nullptr), host_.Handle(), kAtOnce);
+  EXPECT_TRUE(progress.Continue(1, 9));
+  SetFocus(nullptr);
+  SetFocus(Window());
+  EXPECT_EQ(GetFocus(), GetDlgItem(Window(), IDCANCEL));
+}
+
 TEST_F(PrintProgressTest, CancelsTheJobWhenItsOwnerIsDestroyed) {
   windows::PrintProgress progress(GetModuleHandleW(nullptr), host_.Handle(), kAtOnce);
   EXPECT_TRUE(progress.Continue(1, 9));
