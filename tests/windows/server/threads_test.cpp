@@ -1,4 +1,4 @@
-// Controls on two threads, each in an apartment of its own.
+// Controls on two threads, each in an apartment of its own, and what the module keeps for a thread.
 #include <gtest/gtest.h>
 #include <ole2.h>
 
@@ -10,6 +10,7 @@
 #include "tests/windows/raw_call.h"
 #include "tests/windows/server/control_host.h"
 #include "tests/windows/support/run_messages.h"
+#include "windows/server/module.h"
 
 namespace pricedown::testing {
 namespace {
@@ -61,6 +62,21 @@ TEST(TwoThreads, ShareNoObjectOfTheSuite) {
   const SuiteScope suite(host.world.factory);
   host.Release();
   EXPECT_EQ(log.Count(kReleased), 2u);
+}
+
+// The system gives the ids of ended threads to new ones.
+TEST(TwoThreads, OfOneIdShareNothing) {
+  windows::Module shared;
+  windows::ThreadEntry& ended = shared.ThisThread();
+  ended.state.dataScope = 2;
+  EXPECT_EQ(&shared.ThisThread(), &ended);
+  // As an earlier thread with the id of this one.
+  ended.begun = {};
+  windows::ThreadEntry& own = shared.ThisThread();
+  EXPECT_NE(&own, &ended);
+  EXPECT_EQ(own.state.dataScope, 0);
+  EXPECT_EQ(&shared.ThisThread(), &own);
+  EXPECT_EQ(ended.state.dataScope, 2) << "for a control that was left behind";
 }
 
 }  // namespace
