@@ -55,6 +55,36 @@ TEST(Drawing, UnderstandsTheContextsOwnUnits) {
   EXPECT_GT(picture.Drawn(kAll), 100 * 80 * 9 / 10);
 }
 
+TEST(Drawing, CountsAWorldTransformOnce) {
+  const ControlHost host;
+  const MemoryPicture picture;
+  ASSERT_NE(SetGraphicsMode(picture.Context(), GM_ADVANCED), 0);
+  XFORM twice{};
+  twice.eM11 = 2;
+  twice.eM22 = 2;
+  ASSERT_NE(SetWorldTransform(picture.Context(), &twice), FALSE);
+  EXPECT_EQ(Draw(host, picture.Context(), {25, 20, 75, 60}), S_OK);
+  EXPECT_EQ(picture.Drawn(kAll), picture.Drawn({50, 40, 150, 120}));
+  EXPECT_GT(picture.Drawn(kAll), 100 * 80 * 9 / 10);
+  XFORM left{};
+  ASSERT_NE(GetWorldTransform(picture.Context(), &left), FALSE);
+  EXPECT_EQ(left.eM11, twice.eM11);
+  EXPECT_EQ(left.eM22, twice.eM22);
+}
+
+// The upper edge has the greater number, as in the system's metric units.
+TEST(Drawing, UnderstandsUnitsThatCountUpwards) {
+  const ControlHost host;
+  const MemoryPicture picture;
+  SetMapMode(picture.Context(), MM_ANISOTROPIC);
+  SetWindowExtEx(picture.Context(), 3000, 2000, nullptr);
+  SetViewportExtEx(picture.Context(), MemoryPicture::kWidth, -MemoryPicture::kHeight, nullptr);
+  SetViewportOrgEx(picture.Context(), 0, MemoryPicture::kHeight, nullptr);
+  EXPECT_EQ(Draw(host, picture.Context(), {500, 1600, 1500, 800}), S_OK);
+  EXPECT_EQ(picture.Drawn(kAll), picture.Drawn({50, 40, 150, 120}));
+  EXPECT_GT(picture.Drawn(kAll), 100 * 80 * 9 / 10);
+}
+
 TEST(Drawing, WorksInAMetafile) {
   const ControlHost host;
   const HDC context = CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
