@@ -112,6 +112,20 @@ TEST_F(Events, ReportAFailureOfACommandOfTheUser) {
   EXPECT_EQ(Heard(), "4 -2147221213 \"没有连接\" \"ZEPEBCGLView.GLData.AccessCheck\"\n");
 }
 
+TEST_F(Events, ReportNoFailureOfACommandInWhichTheControlEnds) {
+  host->Open();
+  Connect(*sink.get());
+  const MessageBoxes boxes;
+  host->world.factory.Object(u"ZEPEBCGLView.GLData")
+      .On(u"AccessCheck", Reply::From([this](auto) -> Value {
+            host->Close();
+            throw AutomationError(ErrorNumber::Unspecified, u"没有连接");
+          }));
+  SendMessageW(GetDlgItem(host->Window(), windows::control_ids::kTree), WM_KEYDOWN, VK_DELETE, 1);
+  EXPECT_EQ(Heard(), "3\n");
+  EXPECT_TRUE(boxes.All().empty());
+}
+
 TEST_F(Events, NameTheLibraryAsTheSourceOfItsOwnFailures) {
   host->Open();
   Connect(*sink.get());
