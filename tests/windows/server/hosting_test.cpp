@@ -342,6 +342,23 @@ TEST(SecondLife, BeginsWithActivationAfterClose) {
   EXPECT_NE(host.Window(), nullptr);
 }
 
+// An ambient change begins it before the container activates it in its next window.
+TEST(SecondLife, IsShownInTheNextWindowOfAHostThatDestroyedItsFirst) {
+  ControlHost host;
+  host.Open();
+  host.frame.Destroy();
+  host.world.log.Clear();
+  EXPECT_EQ(host.As<IOleControl>()->OnAmbientPropertyChange(DISPID_UNKNOWN), S_OK);
+  EXPECT_EQ(SiteLines(host.world.log), "site OnInPlaceDeactivate\n");
+  EXPECT_EQ(host.world.log.Count("create ZEPCBSSystemData.AisInfo"), 1U);
+  const HostFrame next(host.world.log, u"物料类别维护");
+  host.site->MoveInto(next.Handle());
+  EXPECT_EQ(host.DoVerb(OLEIVERB_INPLACEACTIVATE), S_OK);
+  const HWND shown = FindWindowExW(next.Handle(), nullptr, L"PriceDown.Control", nullptr);
+  ASSERT_NE(shown, nullptr);
+  EXPECT_NE(IsWindowVisible(shown), FALSE);
+}
+
 TEST(Keys, ThatTheControlDoesNotUseGoToItsSite) {
   ControlHost host;
   host.Open();

@@ -32,6 +32,9 @@ class RecordingSite final : public windows::ComClass<IOleClientSite, IOleInPlace
   RecordingSite(CallLog log, HWND window, RECT position)
       : log_(std::move(log)), window_(window), position_(position) {}
 
+  // The host goes on in another window.
+  void MoveInto(HWND window) { window_ = window; }
+
   // The host's replies.
   std::optional<Value> userMode;  // none: no such ambient property
   ObjectPtr extender;             // none: no extended control
