@@ -158,6 +158,21 @@ TEST_F(GridWindow, LeavingTheCellKeepsTheNewNumber) {
   EXPECT_EQ(Current(), "1,3");
 }
 
+// Also for another program's, which leaves this one without a focus.
+TEST_F(GridWindow, LeavesTheFocusToTheWindowThatASignAloneIsLeftFor) {
+  grid_.SetText(4, 1, u"1.00");
+  for (const HWND other : {host_.Handle(), HWND{}}) {
+    input_.Click(Handle(), CellPoint(4, 1));
+    input_.Type(u"-");
+    ASSERT_NE(Editor(), nullptr);
+    ASSERT_EQ(Utf8(windows::TextOf(Editor())), "-");
+    SetFocus(other);
+    EXPECT_EQ(Editor(), nullptr);
+    EXPECT_EQ(GetFocus(), other);
+    EXPECT_EQ(Cell(4, 1), "1.00");
+  }
+}
+
 TEST_F(GridWindow, ArrowsEndTypingAndMoveOn) {
   input_.Click(Handle(), CellPoint(4, 1));
   input_.Type(u"3");
