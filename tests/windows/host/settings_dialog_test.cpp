@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <memory>
 #include <string>
@@ -51,6 +52,16 @@ class SettingsDialog : public ::testing::Test {
     return Utf8(pricedown::ToText(settings_->Get(name)));
   }
 
+  // The rights mask of the data scope in the mode of that object type.
+  std::int32_t Scope(std::int32_t objectType) const {
+    return pricedown::ToInt32(settings_->Call(u"Rights", {objectType, kScopeNumber}));
+  }
+  void SetScope(std::int32_t objectType, std::int32_t mask) {
+    std::vector<pricedown::Value> arguments{objectType, kScopeNumber, mask};
+    settings_->Invoke(settings_->Find(u"Rights"), pricedown::Access::Put, arguments);
+  }
+
+  static constexpr std::int32_t kScopeNumber = 151;
   std::unique_ptr<testing::TemporaryFolder> folder_;
   pricedown::ObjectPtr settings_;
   DialogUser user_;
@@ -126,6 +137,44 @@ TEST_F(SettingsDialog, StoresAPeriodThatTheCalendarHas) {
   });
   EXPECT_TRUE(Show());
   EXPECT_EQ(Setting(u"CurrentPeriod"), "12");
+}
+
+TEST_F(SettingsDialog, KeepsWhatItCannotShowWhenNothingWasChanged) {
+  settings_->Put(u"ItemClassType", u"0");
+  SetScope(10, 0x400000);
+  SetScope(11, 0x100000);
+  user_.Will([](HWND dialog) { DialogUser::Press(dialog, IDOK); });
+  EXPECT_TRUE(Show());
+  EXPECT_EQ(Setting(u"ItemClassType"), "0");
+  EXPECT_EQ(Scope(10), 0x400000);
+  EXPECT_EQ(Scope(11), 0x100000);
+}
+
+TEST_F(SettingsDialog, StoresAChangedScopeForBothModes) {
+  SetScope(10, 0x400000);
+  SetScope(11, 0x100000);
+  user_.Will([](HWND dialog) {
+    CheckDlgButton(dialog, IDC_SCOPE_1, BST_CHECKED);
+    DialogUser::Press(dialog, IDOK);
+  });
+  EXPECT_TRUE(Show());
+  EXPECT_EQ(Scope(10), 0x600000);
+  EXPECT_EQ(Scope(11), 0x300000);
+}
+
+TEST_F(SettingsDialog, LeavesTheVoucherOfAnotherPeriodAlone) {
+  settings_->Put(u"CurrentPeriod", u"4");
+  settings_->Put(u"VoucherPresent", true);
+  settings_->Put(u"CurrentPeriod", u"3");
+  settings_->Put(u"VoucherPresent", false);
+  user_.Will([](HWND dialog) {
+    EXPECT_EQ(IsDlgButtonChecked(dialog, IDC_VOUCHER), static_cast<UINT>(BST_UNCHECKED));
+    SetDlgItemTextW(dialog, IDC_PERIOD, L"4");
+    DialogUser::Press(dialog, IDOK);
+  });
+  EXPECT_TRUE(Show());
+  EXPECT_EQ(Setting(u"CurrentPeriod"), "4");
+  EXPECT_TRUE(pricedown::ToBoolean(settings_->Get(u"VoucherPresent")));
 }
 
 // Each call to the suite fails in turn while the page opens, as when the connection is lost.
