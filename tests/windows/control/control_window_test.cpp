@@ -289,5 +289,35 @@ TEST(ControlWindow, LeavesTheHostsFocusAloneWhenTheStripIsHidden) {
   EXPECT_EQ(GetFocus(), world.Tree());
 }
 
+// Scripts find them by these classes.
+TEST(ControlWindow, ItsPartsHaveTheClassesOfTheTestersGuide) {
+  UiWorld world;
+  world.Start();
+  for (const auto& [id, name] :
+       {std::pair{ids::kUpperLine, L"PriceDown.Line"},
+        std::pair{ids::kLowerLine, L"PriceDown.Line"},
+        std::pair{ids::kToolStrip, L"ToolbarWindow32"},
+        std::pair{ids::kClassHeading, L"PriceDown.Heading"},
+        std::pair{ids::kItemHeading, L"PriceDown.Heading"}, std::pair{ids::kTree, L"SysTreeView32"},
+        std::pair{ids::kSplitter, L"PriceDown.Splitter"},
+        std::pair{ids::kGridPane, L"PriceDown.Pane"},
+        std::pair{ids::kStatusBar, L"msctls_statusbar32"},
+        std::pair{ids::kFindBar, L"PriceDown.FindBar"}}) {
+    std::array<wchar_t, 40> found{};
+    GetClassNameW(world.Child(id), found.data(), static_cast<int>(found.size()));
+    EXPECT_STREQ(found.data(), name) << id;
+  }
+}
+
+TEST(ControlWindow, ItsDialogsBelongToItsOwnFrame) {
+  UiWorld world;
+  world.Start();
+  const HWND other = CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 9, 9, nullptr,
+                                     nullptr, nullptr, nullptr);
+  SetActiveWindow(other);
+  EXPECT_EQ(world.window->DialogOwner(), world.host.Handle());
+  DestroyWindow(other);
+}
+
 }  // namespace
 }  // namespace pricedown::testing

@@ -105,6 +105,15 @@ TEST_F(SplitterProviderTest, AValueIsADragToThatPosition) {
   EXPECT_EQ(events_, (Log{"press", "drag 60", "release"}));
 }
 
+TEST_F(SplitterProviderTest, AcceptsBothEndsOfItsRange) {
+  double least = 0;
+  double greatest = 0;
+  ASSERT_EQ(Range()->get_Minimum(&least), S_OK);
+  ASSERT_EQ(Range()->get_Maximum(&greatest), S_OK);
+  EXPECT_EQ(Range()->SetValue(least), S_OK);
+  EXPECT_EQ(Range()->SetValue(greatest), S_OK);
+}
+
 TEST_F(SplitterProviderTest, RefusesValuesOutsideItsRange) {
   EXPECT_EQ(Range()->SetValue(Pixels(kMinimumPaneWidth) - 1), E_INVALIDARG);
   EXPECT_EQ(Range()->SetValue(5000), E_INVALIDARG);

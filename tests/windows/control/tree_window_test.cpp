@@ -288,5 +288,13 @@ TEST_F(TreeWindow, HoldsTwentyThousandClasses) {
   EXPECT_FALSE(IsWindowVisible(world_.Child(ids::kProgressBar)));
 }
 
+TEST_F(TreeWindow, HasNoNodeLeftAfterTheyWereCleared) {
+  world_.Click(world_.Tree(), world_.NodePoint(5));
+  world_.window->ClearNodes();
+  world_.window->SelectNode(5);
+  EXPECT_EQ(world_.window->SelectedNode(), kNoNode);
+  EXPECT_EQ(TreeView_GetCount(world_.Tree()), 0u);
+}
+
 }  // namespace
 }  // namespace pricedown::testing

@@ -34,6 +34,23 @@ TEST_F(PreviewWindowTest, OpensWithTheWholeFirstPage) {
   EXPECT_TRUE(boxes.All().empty());
 }
 
+TEST_F(PreviewWindowTest, BothBarsShowWhatTheirButtonsDo) {
+  const auto tip = [this](int bar) {
+    NMTTDISPINFOW info{};
+    info.hdr.hwndFrom = reinterpret_cast<HWND>(SendMessageW(Child(bar), TB_GETTOOLTIPS, 0, 0));
+    info.hdr.code = TTN_GETDISPINFOW;
+    info.hdr.idFrom = static_cast<UINT_PTR>(windows::control_ids::kFirstButton) + 1;
+    SendMessageW(Window(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&info));
+    return info.lpszText == nullptr ? "none" : Utf8(windows::FromWide(info.lpszText));
+  };
+  ShowFivePages({[&] {
+                   EXPECT_NE(tip(preview_ids::kDocumentBar), "none");
+                   EXPECT_NE(tip(preview_ids::kViewBar), "none");
+                   EXPECT_NE(tip(preview_ids::kViewBar), tip(preview_ids::kDocumentBar));
+                 },
+                 [&] { CloseByFrame(); }});
+}
+
 TEST_F(PreviewWindowTest, TurnsPagesByItsButtons) {
   ShowFivePages({[&] { ClickButton(u"Next"); },
                  [&] {

@@ -100,6 +100,17 @@ TEST_F(Registration, ForTheUserLeavesNothingBehind) {
   EXPECT_EQ(User(), user);
 }
 
+// The key is shared with other programs.
+TEST_F(Registration, KeepsAValueThatAnotherProgramHasInASharedKey) {
+  constexpr const wchar_t* kShared = L"Software\\Classes\\Interface";
+  constexpr const wchar_t* kOther = L"Another program";
+  ASSERT_EQ(library.Install(true, L"user"), S_OK);
+  ASSERT_EQ(RegSetKeyValueW(HKEY_CURRENT_USER, kShared, kOther, REG_SZ, L"1", 4), ERROR_SUCCESS);
+  ASSERT_EQ(library.Install(false, L"user"), S_OK);
+  EXPECT_EQ(RegDeleteKeyValueW(HKEY_CURRENT_USER, kShared, kOther), ERROR_SUCCESS);
+  RegDeleteKeyW(HKEY_CURRENT_USER, kShared);
+}
+
 TEST_F(Registration, OfBothKindsIsUndoneByOneUnregistration) {
   const auto machine = Machine();
   const auto user = User();
