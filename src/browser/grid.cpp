@@ -107,12 +107,15 @@ void Grid::SetColumnWidth(std::int32_t column, double width) {
   NotifyMetricsChanged();
 }
 
-void Grid::SetTitleHeight(double pixels) {
-  if (std::exchange(titleHeight_, std::max(pixels, 0.0)) != titleHeight_) NotifyMetricsChanged();
-}
+void Grid::SetTitleHeight(double pixels) { SetHeight(titleHeight_, pixels); }
 
-void Grid::SetRowHeight(double pixels) {
-  if (std::exchange(rowHeight_, std::max(pixels, 0.0)) != rowHeight_) NotifyMetricsChanged();
+void Grid::SetRowHeight(double pixels) { SetHeight(rowHeight_, pixels); }
+
+void Grid::SetHeight(double& height, double pixels) {
+  const double wanted = std::max(pixels, 0.0);
+  if (height == wanted) return;
+  height = wanted;
+  NotifyMetricsChanged();
 }
 
 void Grid::SetFont(const Font& font) {

@@ -116,6 +116,7 @@ class Grid {
   bool Inside(std::int32_t column, std::int32_t row) const;
   // Requires: the cell is inside.
   std::size_t CellIndex(std::int32_t column, std::int32_t row) const;
+  void SetHeight(double& height, double pixels);
   void NotifyChanged();
   void NotifyMetricsChanged();
   void NotifyPending();

@@ -76,7 +76,10 @@ void PrintProgress::Show() {
   SetFocus(button_.Handle());
   // Keys that were meant for the dialog before it press no button of this window.
   MSG key{};
-  while (PeekMessageW(&key, nullptr, WM_KEYFIRST, WM_KEYLAST, PM_REMOVE) != FALSE) continue;
+  while (PeekMessageW(&key, nullptr, WM_KEYFIRST, WM_KEYLAST, PM_REMOVE) != FALSE) {
+    // Comes whatever is asked for; the messages are handled next.
+    if (key.message == WM_QUIT) return PostQuitMessage(static_cast<int>(key.wParam));
+  }
 }
 
 void PrintProgress::LayOut() {

@@ -105,12 +105,13 @@ void HostedControl::End() noexcept {
 }
 
 void HostedControl::Activate(bool ui, bool atLast) {
-  const auto site = site_.Copy();
-  if (!site) throw AutomationError(OLE_E_NOT_INPLACEACTIVE, u"控件没有容器");
+  if (!site_) throw AutomationError(OLE_E_NOT_INPLACEACTIVE, u"控件没有容器");
   FirstFailure steps;
   if (!session_->IsUsable()) steps.Run([&] { Start(); });
   steps.Run([&] {
-    if (!site_) return;
+    // The start may have taken it back, or brought another.
+    const auto site = site_.Copy();
+    if (!site) throw AutomationError(OLE_E_NOT_INPLACEACTIVE, u"控件没有容器");
     const auto session = session_;
     activation_.Activate(*site.get(), session->Window());
     if (!activation_.IsActive()) return;
