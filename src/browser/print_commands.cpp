@@ -34,12 +34,11 @@ void PrintCommands::ChooseDisplayFont(FontDialog& dialog) {
 }
 
 bool PrintCommands::FillDocument() {
-  const Lifetime lifetime = environment_.lifetime;
   grid_.AcceptTyping();
-  if (lifetime.HasEnded()) return false;
+  if (environment_.lifetime.HasEnded()) return false;
   Font titleFont;
   ReadFontProperties(environment_.factory, titleFont);
-  if (lifetime.HasEnded()) return false;
+  if (environment_.lifetime.HasEnded()) return false;
   SetPageLines(titleFont, document_);
   FillPrintTable(grid_, document_.table);
   return true;
