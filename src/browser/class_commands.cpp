@@ -29,9 +29,9 @@ void ClassCommands::Edit() {
   if (RequireClass(u"请选择要修改的物料类别")) Open(&ClassCommands::PrepareEdit);
 }
 
-// The form comes first, because one that is being shown refuses, and nothing of this object is
-// touched once it is shown. It gets everything at once: the calls of the preparation may run
-// messages in which another command uses it, or fail.
+// Fails at once while the form is shown. The form gets everything in one go, because the calls of
+// the preparation may fail, or run messages in which another command uses it. This object may be
+// destroyed while the form is shown.
 void ClassCommands::Open(Preparation (ClassCommands::*prepare)()) {
   ItemClassForm& form = editor_.Form();
   Preparation prepared = (this->*prepare)();

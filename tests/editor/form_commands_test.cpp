@@ -27,6 +27,11 @@ class FormCommands : public EditorTest {
     form.Load();
     Type(RawMaterials(), u"12.5");
   }
+  void SaveNewClass() {
+    AllowSave(true);
+    OpenFilledForAdd();
+    form.ToolClicked(FormTool::Save);
+  }
 };
 
 TEST_F(FormCommands, AddClearsListAndFieldsWithoutSavingOnNo) {
@@ -138,9 +143,7 @@ TEST_F(FormCommands, SavingDisablesItsToolOnSuccessAndRefusal) {
 }
 
 TEST_F(FormCommands, ASecondNewClassIsSavedAfterTheFirst) {
-  AllowSave(true);
-  OpenFilledForAdd();
-  form.ToolClicked(FormTool::Save);
+  SaveNewClass();
   EXPECT_FALSE(form.State().saved);
   form.MemberList().AddNew();
   form.MemberList().SetField(u"FItemID", 301);
@@ -154,9 +157,7 @@ TEST_F(FormCommands, ASecondNewClassIsSavedAfterTheFirst) {
 }
 
 TEST_F(FormCommands, SavingANewClassLeavesItsToolDisabledOnTheEmptiedForm) {
-  AllowSave(true);
-  OpenFilledForAdd();
-  form.ToolClicked(FormTool::Save);
+  SaveNewClass();
   EXPECT_EQ(Utf8(view.Text(FormField::ClassNumber)), "");
   EXPECT_FALSE(view.tools[FormTool::Save]);
   view.Type(FormField::ClassNumber, u"02");
@@ -165,9 +166,7 @@ TEST_F(FormCommands, SavingANewClassLeavesItsToolDisabledOnTheEmptiedForm) {
 
 // The emptied list is shown anew, which counts as a change.
 TEST_F(FormCommands, AddAsksAgainAfterASavedNewClass) {
-  AllowSave(true);
-  OpenFilledForAdd();
-  form.ToolClicked(FormTool::Save);
+  SaveNewClass();
   log.Clear();
   questions.WillAnswer({false});
   form.ToolClicked(FormTool::Add);
@@ -175,9 +174,7 @@ TEST_F(FormCommands, AddAsksAgainAfterASavedNewClass) {
 }
 
 TEST_F(FormCommands, ExitStaysWhenTheEmptiedFormAfterASavedNewClassIsToBeSaved) {
-  AllowSave(true);
-  OpenFilledForAdd();
-  form.ToolClicked(FormTool::Save);
+  SaveNewClass();
   log.Clear();
   questions.WillAnswer({true});
   form.ToolClicked(FormTool::Exit);

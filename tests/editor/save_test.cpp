@@ -40,15 +40,17 @@ class Save : public EditorTest {
     }
     return text;
   }
+  void Listen() {
+    form.OnSaved([this](bool added, std::u16string_view number) {
+      reported += (added ? "added " : "changed ") + Utf8(number) + ";";
+    });
+  }
+  std::string reported;  // what the form tells of its saves
 };
 
 TEST_F(Save, IsReportedOnceTheClassIsWritten) {
-  std::string reported;
-  const auto listen = [&](bool added, std::u16string_view number) {
-    reported += (added ? "added " : "changed ") + Utf8(number) + ";";
-  };
   Open();
-  form.OnSaved(listen);
+  Listen();
   view.Type(FormField::ClassNumber, u"");
   form.ToolClicked(FormTool::Save);
   EXPECT_EQ(reported, "") << "a refused save";
@@ -58,7 +60,6 @@ TEST_F(Save, IsReportedOnceTheClassIsWritten) {
 }
 
 TEST_F(Save, IsReportedAlthoughTheFormHasEndedInTheWrite) {
-  std::string reported;
   AnswerChecks(false);
   AnswerAccountIds();
   factory.Object(kConnectionId)
@@ -67,15 +68,12 @@ TEST_F(Save, IsReportedAlthoughTheFormHasEndedInTheWrite) {
             return nullptr;
           }));
   OpenForEdit();
-  form.OnSaved([&](bool added, std::u16string_view number) {
-    reported += (added ? "added " : "changed ") + Utf8(number) + ";";
-  });
+  Listen();
   form.ToolClicked(FormTool::Save);
   EXPECT_EQ(reported, "changed 01;");
 }
 
 TEST_F(Save, ReportsItsFailureAndPassesItOn) {
-  std::string reported;
   AnswerChecks(false);
   AnswerAccountIds();
   FailStatement(factory, kSaveOf01, -5, u"断开");
